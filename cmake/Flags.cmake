@@ -1,0 +1,18 @@
+# Compiler flags of every target, in one place.
+add_library(inin_flags INTERFACE)
+target_compile_options(inin_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual)
+if(ININ_WERROR)
+    target_compile_options(inin_flags INTERFACE -Werror)
+endif()
+if(ININ_SANITIZE)
+    target_compile_options(inin_flags INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(inin_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+find_program(ININ_CCACHE ccache)
+if(ININ_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${ININ_CCACHE}")
+endif()

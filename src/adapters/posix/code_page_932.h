@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+// Code page 932 by tables that are built once from iconv. A character goes out only when it comes back the same;
+// besides, "―", "‖", "−", "～" and their Unicode twins U+2014, U+2016, U+2212, U+301C go out as the code page's own.
+
+/// A character that the code page lacks becomes "?"; a sequence that is no UTF-8 too.
+[[nodiscard]] std::string encodeCp932(std::string_view utf8);
+/// A byte that is no character becomes U+FFFD.
+[[nodiscard]] std::string decodeCp932(std::string_view bytes);
+/// True for the first byte of a double-byte character.
+[[nodiscard]] bool isCp932Lead(unsigned char byte);
+
+} // namespace inin

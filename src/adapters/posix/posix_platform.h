@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/platform.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace inin {
+
+// The ports that a POSIX system fulfils by itself.
+
+/// Turns "\" into "/" and finds each part of the path whatever its case; what does not exist is kept as it is.
+[[nodiscard]] std::string posixPath(const std::string &path);
+
+/// `applicationFolder` is what the runtime reports as the folder of the program.
+[[nodiscard]] std::unique_ptr<Files> makePosixFiles(std::string applicationFolder);
+[[nodiscard]] std::unique_ptr<Profile> makePosixProfile();
+[[nodiscard]] std::unique_ptr<Clock> makePosixClock();
+/// Short date form yyyy/MM/dd whatever LANG says, code page 932.
+[[nodiscard]] std::unique_ptr<Locale> makePosixLocale();
+/// `end` must not come back: it is what the end statement does in this program.
+[[nodiscard]] std::unique_ptr<Processes> makePosixProcesses(std::function<void()> end);
+/// An Automation that knows no program id: error 429.
+[[nodiscard]] std::unique_ptr<Automation> makeNoAutomation();
+
+} // namespace inin

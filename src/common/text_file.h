@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/platform.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+/// A text file of the suite open for output: code page 932, each line ended by CR LF.
+class TextOutput {
+public:
+    /// Opens a new file or empties an old one; the file's errors go to the caller.
+    TextOutput(const Platform &platform, const std::string &path);
+    void printLine(std::string_view utf8);
+    void close();
+
+private:
+    Locale &m_locale;
+    std::unique_ptr<OutputFile> m_file;
+};
+
+/// A text file of the suite open for input, read line by line. A line ends at CR LF, CR or LF.
+class TextInput {
+public:
+    TextInput(const Platform &platform, const std::string &path);
+    /// False at the end of the file; else the next line without its end, decoded.
+    [[nodiscard]] bool readLine(std::string &line);
+
+private:
+    bool fill();
+
+    Locale &m_locale;
+    std::unique_ptr<InputFile> m_file;
+    std::string m_buffer;
+    std::size_t m_position = 0;
+    bool m_atEnd = false;
+};
+
+} // namespace inin

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "runtime/runtime_error.h"
+#include "shell/app.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace inin {
+
+/// The bridge to the outside form tools: collects what one report needs, writes the command script "WfdCom.dat" into
+/// the temporary folder and starts a tool with it. Nothing comes back from the tool. One object serves one report.
+class cls_WfdPrintExe {
+public:
+    explicit cls_WfdPrintExe(App &app) : m_app(app) {}
+
+    /// "(" number ")" description of the last failure.
+    std::string sErrMsg;
+
+    /// Sets form path and title and resets the numeric settings and the items; an empty title leaves the old one.
+    [[nodiscard]] std::int16_t iInit(const std::string &csWfdFnm, const std::string &csTitle = {});
+    /// Data source 1 to 5 from a CSV with a title row, by its bare name in the temporary folder.
+    [[nodiscard]] std::int16_t iSetDataText(std::int16_t iDataNo, const std::string &csDataName,
+                                            const std::string &csCsvPath);
+    /// Data source 1 to 5 from a CSV without a title row, by its whole path.
+    [[nodiscard]] std::int16_t iSetDataTextNoTitle(std::int16_t iDataNo, const std::string &csDataName,
+                                                   const std::string &csCsvPath);
+    [[nodiscard]] std::int16_t iSetOffset(std::int32_t nOstX, std::int32_t nOstY);
+    [[nodiscard]] std::int16_t iSetPrintZoom(std::int16_t iZoomType);
+    [[nodiscard]] std::int16_t iSetItemValue(const std::string &csRepNm, const std::string &csSecNm,
+                                             const std::string &csItemNm, const std::string &csValue);
+    [[nodiscard]] std::int16_t iSetRepeatStart(std::int16_t iStartPos);
+
+    // The output operations give back an Empty whatever happens; only sErrMsg tells a failure.
+    Variant iPreview(std::int16_t iPaper = 0);
+    Variant iPreviewData();
+    Variant iPreviewActX();
+    Variant iPrintBk();
+    Variant iPrintDialog(std::int16_t iPaper = 0);
+
+    /// An array of the caller with its own lower bound; an index outside it is error 9.
+    template <class T> struct Array {
+        std::int32_t lowerBound = 1;
+        std::vector<T> elements;
+        [[nodiscard]] const T &operator()(std::int32_t index) const;
+    };
+    /// Merges `wfNum` reports into one form and prints it. Gives back 1 until the first script is closed, 0 after.
+    Variant addPrint(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
+                     const Array<std::string> &csWfdFnm, const std::string &csTitle);
+    /// As addPrint, with a second data source for the reports whose `iAddCSVFlg` is 1.
+    Variant addPrint_addCSV(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
+                            const std::string &csDataName2, const Array<std::string> &csCsvPath2,
+                            const Array<std::string> &csWfdFnm, const Array<std::int16_t> &iAddCSVFlg,
+                            const std::string &csTitle);
+
+private:
+    struct DataEntry {
+        std::string name;
+        std::string path;
+        std::int16_t noTitle = 0;
+    };
+    struct ItemValue {
+        std::string report, section, item, value;
+    };
+
+    [[nodiscard]] std::int16_t iMakeComFile(std::int16_t iExeType, std::int16_t iPaper);
+
+    App &m_app;
+    std::string m_tool;
+    std::string m_tmpDir;
+    std::string m_form;
+    std::string m_title;
+    std::array<DataEntry, 5> m_data;
+    std::int32_t m_offsetX = 0, m_offsetY = 0;
+    std::int16_t m_zoom = 2;
+    std::int16_t m_repeatStart = 0;
+    std::vector<ItemValue> m_items;
+};
+
+template <class T> const T &cls_WfdPrintExe::Array<T>::operator()(std::int32_t index) const
+{
+    const std::int64_t position = std::int64_t{index} - lowerBound;
+    if (position < 0 || position >= static_cast<std::int64_t>(elements.size()))
+        throw RuntimeError(error_number::subscript);
+    return elements[static_cast<std::size_t>(position)];
+}
+
+} // namespace inin

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "runtime/date.h"
+
+namespace inin {
+
+class Clock {
+public:
+    Clock() = default;
+    Clock(const Clock &) = delete;
+    Clock &operator=(const Clock &) = delete;
+    virtual ~Clock() = default;
+
+    /// Local date and time, to the second.
+    [[nodiscard]] virtual Date now() = 0;
+    /// Seconds since midnight with their fraction; starts again at 0 every midnight.
+    [[nodiscard]] virtual double timer() = 0;
+    [[nodiscard]] Date today() { return dayOf(now()); }
+};
+
+} // namespace inin

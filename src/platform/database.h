@@ -1,0 +1,116 @@
+#pragma once
+
+#include "runtime/variant.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace inin {
+
+// The database as ADO shapes it. Failures are RuntimeErrors with ADO's numbers; the provider's own words stand in the
+// connection's error list besides.
+
+inline constexpr std::int32_t adOpenForwardOnly = 0;
+inline constexpr std::int32_t adLockReadOnly = 1;
+inline constexpr std::int32_t adCmdText = 1;
+inline constexpr std::int32_t adExecuteNoRecords = 128;
+inline constexpr std::int32_t adUseServer = 2;
+inline constexpr std::int32_t adUseClient = 3;
+inline constexpr std::int32_t adStateClosed = 0;
+inline constexpr std::int32_t adStateOpen = 1;
+
+/// ADO's numbers of provider failures.
+namespace ado_error {
+inline constexpr std::int32_t faultyStatement = -2147217900;
+inline constexpr std::int32_t noSuchTable = -2147217865;
+inline constexpr std::int32_t logInRefused = -2147217843;
+inline constexpr std::int32_t timedOut = -2147217871;
+inline constexpr std::int32_t constraint = -2147217873;
+inline constexpr std::int32_t unspecified = -2147467259;
+} // namespace ado_error
+
+/// One entry of a connection's error list.
+struct ProviderError {
+    std::int32_t Number = 0;
+    std::string Description;
+    std::string Source;
+    std::string SQLState;
+    std::int32_t NativeError = 0;
+};
+
+/// A session with a database.
+class Connection {
+public:
+    Connection() = default;
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+    virtual ~Connection() = default;
+
+    [[nodiscard]] virtual std::int32_t State() const = 0;
+    /// Error 3705 when it is open.
+    virtual void Open(const std::string &connectionString, const std::string &user, const std::string &password,
+                      std::int32_t options) = 0;
+    /// Error 3704 when it is not open.
+    virtual void Close() = 0;
+    [[nodiscard]] virtual std::string DefaultDatabase() const = 0;
+    [[nodiscard]] virtual std::int32_t CommandTimeout() const = 0;
+    virtual void setCommandTimeout(std::int32_t seconds) = 0;
+    /// Runs a statement and drops its rows; gives back the number of rows affected, -1 where there is none.
+    virtual std::int32_t Execute(const std::string &sql, std::int32_t options) = 0;
+    virtual void BeginTrans() = 0;
+    virtual void CommitTrans() = 0;
+    virtual void RollbackTrans() = 0;
+    /// The list of the last failure; the caller may clear it.
+    [[nodiscard]] virtual std::vector<ProviderError> &Errors() = 0;
+};
+
+/// Rows of one SELECT, read forward.
+class Recordset {
+public:
+    Recordset() = default;
+    Recordset(const Recordset &) = delete;
+    Recordset &operator=(const Recordset &) = delete;
+    virtual ~Recordset() = default;
+
+    /// adUseServer, or adUseClient where RecordCount and MoveFirst are wanted.
+    virtual void setCursorLocation(std::int32_t location) = 0;
+    /// Runs one read-only statement; a batch or a statement that writes fails as a faulty statement.
+    virtual void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
+                      std::int32_t options) = 0;
+    virtual void Close() = 0;
+    [[nodiscard]] virtual std::int32_t State() const = 0;
+    [[nodiscard]] virtual bool isEndOfFile() const = 0;
+    virtual void MoveNext() = 0;
+    virtual void MoveFirst() = 0;
+    virtual void MoveLast() = 0;
+    /// -1 for a forward-only cursor on the server.
+    [[nodiscard]] virtual std::int32_t RecordCount() const = 0;
+
+    [[nodiscard]] virtual std::size_t fieldCount() const = 0;
+    [[nodiscard]] virtual std::string fieldName(std::size_t index) const = 0;
+    /// ADO's type code of a field: 2 smallint, 3 integer, 5 double, 135 date and time, 202 text, 204 binary, ...
+    [[nodiscard]] virtual std::int32_t fieldType(std::size_t index) const = 0;
+    /// The position of the first field of that name, whatever its ASCII case; error 3265 when there is none.
+    [[nodiscard]] virtual std::size_t fieldIndex(std::string_view name) const = 0;
+    /// The value in the current row; error 3021 when there is none.
+    [[nodiscard]] virtual Variant Value(std::size_t index) const = 0;
+    [[nodiscard]] Variant Field(std::string_view name) const { return Value(fieldIndex(name)); }
+};
+
+/// The provider library: makes unopened objects.
+class Database {
+public:
+    Database() = default;
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+    virtual ~Database() = default;
+
+    [[nodiscard]] virtual std::unique_ptr<Connection> newConnection() = 0;
+    [[nodiscard]] virtual std::unique_ptr<Recordset> newRecordset() = 0;
+};
+
+} // namespace inin

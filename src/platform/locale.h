@@ -1,0 +1,25 @@
+#pragma once
+
+#include "runtime/regional.h"
+
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+/// Regional settings and the ANSI code page of the system, code page 932 where the suite runs.
+class Locale {
+public:
+    Locale() = default;
+    Locale(const Locale &) = delete;
+    Locale &operator=(const Locale &) = delete;
+    virtual ~Locale() = default;
+
+    [[nodiscard]] virtual Regional regional() = 0;
+    /// UTF-8 to the code page; a character that it lacks becomes "?".
+    [[nodiscard]] virtual std::string toCodePage(std::string_view utf8) = 0;
+    /// The code page to UTF-8; a byte that is no character becomes U+FFFD.
+    [[nodiscard]] virtual std::string fromCodePage(std::string_view bytes) = 0;
+};
+
+} // namespace inin

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+namespace inin {
+
+/// The application's title, which a box without a title of its own shows.
+inline constexpr const char *kApplicationTitle = "委任状印刷";
+
+enum class Icon { none = 0, critical = 16, exclamation = 48, information = 64 };
+
+/// Message boxes with one OK button.
+class MessageBoxes {
+public:
+    MessageBoxes() = default;
+    MessageBoxes(const MessageBoxes &) = delete;
+    MessageBoxes &operator=(const MessageBoxes &) = delete;
+    virtual ~MessageBoxes() = default;
+
+    /// Shows a box and comes back when it was answered. An empty title is the application's.
+    virtual void show(const std::string &text, Icon icon, const std::string &title = {}) = 0;
+};
+
+} // namespace inin

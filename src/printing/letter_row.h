@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+/// One proxy letter: twenty ready-made texts, in the order of the CSV's columns.
+struct IninRow {
+    std::string 対象開始日;
+    std::string 対象終了日;
+    std::string 保険者名;
+    std::string 利用者氏名;
+    std::string 利用者住所;
+    std::string 会社名称;
+    std::string 会社住所;
+    std::string 代表者名;
+    std::string 会社電話番号;
+    std::string 金融機関名;
+    std::string 口座番号;
+    std::string 口座名義;
+    std::string 最終施術日;
+    std::string 保険者地区名;
+    std::string 保険種別; ///< the insurer's kind as digits
+    std::string 世帯主名;
+    std::string 世帯主電話;
+    std::string 世帯主住所;
+    std::string 金融機関名２;
+    std::string 署名日;
+
+    friend bool operator==(const IninRow &, const IninRow &) = default;
+};
+
+/// The fields of a row in column order.
+using IninField = std::string IninRow::*;
+extern const std::array<IninField, 20> kIninFields;
+
+/// Word of a kind of bank: 1 銀行, 2 金庫, 3 農協, 4 郵便局, else empty.
+[[nodiscard]] std::string_view csKinyuKind(std::int16_t iKind);
+/// Word of a kind of bank office: 1 本店, 2 支店, 3 本所, 4 支所, 5 出張所, else empty.
+[[nodiscard]] std::string_view csSitenKind(std::int16_t iKind);
+/// Bank, its word, two blanks, office, its word.
+[[nodiscard]] std::string bankLine(std::string_view cKinyuName, std::int16_t iKinSyubetsu, std::string_view cKinyuSiten,
+                                   std::int16_t iKinSiten);
+/// Empty when the bank line is blank; else always spelled 銀行 and 支店, whatever the kinds say.
+[[nodiscard]] std::string secondBankLine(std::string_view bankLine, std::string_view cKinyuName,
+                                         std::string_view cKinyuSiten);
+/// (普), (当), (通), (別) or nothing, one blank, the number: never empty.
+[[nodiscard]] std::string accountLine(std::int32_t iKozaType, std::string_view cKozaBangou);
+
+} // namespace inin

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "data/ado_session.h"
+#include "printing/letter_row.h"
+#include "printing/print_controls.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace inin {
+
+struct ExtractionRule;
+
+/// Steps of the screen's load and run that are plugged in from outside the form; one that is not there is left out.
+struct ScreenSteps {
+    std::function<void()> loadInitCorp;
+    std::function<void()> iLoadPrintSetting;
+    std::function<std::int16_t()> setStuff;         ///< 0 or -1 with the words in csErrMsg
+    std::function<std::int16_t()> nGetFutanKingaku; ///< 0 or -1
+    std::function<void()> iSavePrintSetting;
+};
+
+/// The only working window: gathers the conditions of a print run, runs it and keeps its rows.
+class frmPrintInin : public Form, public PrintControls {
+public:
+    explicit frmPrintInin(App &app);
+
+    ScreenSteps steps;
+
+    // Form-level fields, in their given order. All live as long as the form; a run overwrites them.
+    std::unique_ptr<cT_ADODB> session; ///< nothing until the load has connected
+    std::string csErrMsg;              ///< last error text of setStuff and of the two day helpers
+    std::vector<IninRow> aIninRow;     ///< the letter rows of the last extraction
+    std::int16_t iRowCount = 0;        ///< how many of them count
+    std::string csTargetDate;
+    std::int16_t iTgtDateKind = 0;   ///< 1 target month, 2 last treatment day, 3 no period
+    std::int16_t iObjectKind = 0;    ///< 1 planned data, 2 actual data, 3 none
+    std::int16_t iDspPeriodKind = 0; ///< 1 month start to month end, 2 entered period
+    std::int16_t iTrustKind = 0;     ///< 1 head-office data, 2 agent data
+    std::int16_t iHokenIndex = 0;    ///< list position of cmbHoken
+    std::int16_t iPeriodFromDay = 0; ///< read by nothing
+    std::int16_t iPeriodToDay = 0;   ///< read by nothing
+    std::int32_t nStaffNo = 0;       ///< -1 when the box is empty
+    std::int32_t nKanjaNo = 0;       ///< -1 when the box is empty
+    std::int16_t iExpireKind = 0;
+    std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
+    std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered
+
+    // Events of the commands.
+    void mnF01_Click();
+    void mnF02_Click();
+    void mnF12_Click();
+    void btnPrint_Click(std::int16_t Index);
+
+    /// The whole run: 1 prints through the tool's dialog, 0 previews.
+    void vRunPrint(std::int16_t iPrintMode);
+    /// Copies the screen into the condition fields. 0, or -1 after a box with the run-time error.
+    [[nodiscard]] std::int16_t iGetPrintCond();
+    /// Replaces "委任状.csv" by the rows 0 to iRowCount - 1; file errors go to the caller.
+    void saveCSVInin();
+
+    // The five extractions: 0 when the query ran, even without rows, else -1 after a box.
+    [[nodiscard]] std::int16_t iGetKanjaDataMonth();
+    [[nodiscard]] std::int16_t iGetKanjaDataMonth_Jisseki();
+    [[nodiscard]] std::int16_t iGetKanjaDataDay();
+    [[nodiscard]] std::int16_t iGetKanjaDataDay_Jisseki();
+    [[nodiscard]] std::int16_t iGetKanjaDataNoPeriod();
+
+    /// Day of the month of the patient's last planned visit in the month, -1 for none or a failure.
+    [[nodiscard]] std::int32_t getLastScheduleDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth);
+    /// The same for the actual visits.
+    [[nodiscard]] std::int32_t getLastJissekieDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth);
+
+    [[nodiscard]] std::vector<std::pair<std::string, Variant>> fields() const override;
+    [[nodiscard]] std::vector<std::vector<std::string>> rows() const override;
+
+protected:
+    void Form_Load() override;
+    /// Disconnects, hands back to "Main.exe" and ends the process.
+    void Form_Unload(std::int16_t &Cancel) override;
+
+private:
+    [[nodiscard]] std::int16_t extract(const ExtractionRule &rule);
+    void connectScreen();
+
+    App &m_app;
+};
+
+} // namespace inin

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace inin {
+
+/// A point in time as the runtime holds it: days since 1899-12-30, the fraction is the time of day.
+/// Before that day the fraction still counts forward from midnight: -1.25 is 1899-12-29 06:00.
+class Date {
+public:
+    constexpr Date() = default;
+    constexpr explicit Date(double days) : m_days(days) {}
+    [[nodiscard]] constexpr double days() const { return m_days; }
+    friend constexpr auto operator<=>(const Date &, const Date &) = default;
+
+private:
+    double m_days = 0;
+};
+
+/// Calendar and clock parts of a Date, rounded to the nearest second.
+struct DateParts {
+    std::int32_t year = 1899;
+    std::int32_t month = 12;
+    std::int32_t day = 30;
+    std::int32_t hour = 0;
+    std::int32_t minute = 0;
+    std::int32_t second = 0;
+};
+
+[[nodiscard]] DateParts partsOf(Date date);
+/// The Date of the parts; they must form a real day and time. Error 5 beyond the years 100 to 9999.
+[[nodiscard]] Date dateOf(const DateParts &parts);
+
+/// The date of year, month and day with rolling over: month 13 is January of the next year, day 0 the last day of
+/// the month before. Years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Error 5 beyond the years 100 to 9999.
+[[nodiscard]] Date DateSerial(std::int32_t year, std::int32_t month, std::int32_t day);
+
+[[nodiscard]] std::int16_t Year(Date date);
+[[nodiscard]] std::int16_t Month(Date date);
+[[nodiscard]] std::int16_t Day(Date date);
+/// The day without its time.
+[[nodiscard]] Date dayOf(Date date);
+
+/// A Japanese era: its name, its Latin letter and its first day.
+struct Era {
+    std::string_view name;
+    char letter;
+    Date first;
+};
+/// The eras from 明治 on, oldest first.
+[[nodiscard]] std::span<const Era> eras();
+/// The era of a day, nullptr before 1868-01-25.
+[[nodiscard]] const Era *eraOf(Date date);
+
+} // namespace inin

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace inin {
+
+/// A trappable error of the language runtime, the only exception that the logic throws on purpose.
+/// It ends inside the operation that must trap it; one that none traps ends the process (see UnhandledError).
+class RuntimeError : public std::exception {
+public:
+    /// The runtime's own Japanese description belongs to the number; an unknown number has a general one.
+    explicit RuntimeError(std::int32_t number);
+    /// A provider or an automation object words its own failure.
+    RuntimeError(std::int32_t number, std::string description);
+
+    [[nodiscard]] std::int32_t number() const noexcept { return m_number; }
+    [[nodiscard]] const std::string &description() const noexcept { return m_description; }
+    [[nodiscard]] const char *what() const noexcept override { return m_description.c_str(); }
+
+private:
+    std::int32_t m_number;
+    std::string m_description;
+};
+
+/// Numbers of the runtime's errors that the logic and the adapters raise by name.
+namespace error_number {
+inline constexpr std::int32_t invalidCall = 5;
+inline constexpr std::int32_t overflow = 6;
+inline constexpr std::int32_t outOfMemory = 7;
+inline constexpr std::int32_t subscript = 9;
+inline constexpr std::int32_t divisionByZero = 11;
+inline constexpr std::int32_t typeMismatch = 13;
+inline constexpr std::int32_t badFileName = 52;
+inline constexpr std::int32_t fileNotFound = 53;
+inline constexpr std::int32_t fileAlreadyOpen = 55;
+inline constexpr std::int32_t deviceIo = 57;
+inline constexpr std::int32_t diskFull = 61;
+inline constexpr std::int32_t endOfFile = 62;
+inline constexpr std::int32_t tooManyFiles = 67;
+inline constexpr std::int32_t permissionDenied = 70;
+inline constexpr std::int32_t diskNotReady = 71;
+inline constexpr std::int32_t pathAccess = 75;
+inline constexpr std::int32_t pathNotFound = 76;
+inline constexpr std::int32_t objectNotSet = 91;
+inline constexpr std::int32_t invalidUseOfNull = 94;
+inline constexpr std::int32_t invalidPropertyValue = 380;
+inline constexpr std::int32_t automationCannotCreate = 429;
+inline constexpr std::int32_t invalidPicture = 481;
+inline constexpr std::int32_t noCurrentRecord = 3021;
+inline constexpr std::int32_t noSuchField = 3265;
+inline constexpr std::int32_t closedObject = 3704;
+inline constexpr std::int32_t openObject = 3705;
+} // namespace error_number
+
+/// The runtime's Japanese description of a number, as an error box shows it.
+[[nodiscard]] std::string runtimeDescription(std::int32_t number);
+
+/// A RuntimeError that left an event procedure untrapped: the process ends with a visible report and exit code 1.
+/// It is no RuntimeError, so that no operation further up traps it by mistake.
+class UnhandledError {
+public:
+    explicit UnhandledError(RuntimeError error) : m_error(std::move(error)) {}
+    [[nodiscard]] const RuntimeError &error() const noexcept { return m_error; }
+
+private:
+    RuntimeError m_error;
+};
+
+/// The edge of an event procedure: what leaves `procedure` as a RuntimeError goes on as an UnhandledError.
+template <class Procedure> void atEventEdge(Procedure &&procedure)
+try {
+    procedure();
+} catch (const RuntimeError &error) {
+    throw UnhandledError(error);
+}
+
+} // namespace inin

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/platform.h"
+
+#include <cstdint>
+#include <string>
+
+namespace inin {
+
+/// The process-wide values of the program, owned by app/ and handed down through the constructors.
+struct App {
+    explicit App(const Platform &outside) : platform(outside), regional(outside.locale.regional()) {}
+
+    Platform platform;
+    Regional regional;
+
+    /// The application folder as the operating system reports it, set in the load of frmBack.
+    std::string gcsAppPath;
+    /// Branch code and sub-code of this installation, from the setting "BASEID".
+    std::int16_t iKyotenCd = 0;
+    std::int16_t iKyotenEb = 0;
+};
+
+} // namespace inin
