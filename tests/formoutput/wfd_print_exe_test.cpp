@@ -173,10 +173,6 @@ TEST_CASE("paper -1 writes the line before a second time and no paper")
 TEST_CASE("a script with everything set has its lines in the protocol's order")
 {
     WfdFixture fixture;
-    REQUIRE(fixture.wfd.iSetItemValue("Rep", "Sec", "Item", "値") == 0);
-    REQUIRE(fixture.wfd.iSetRepeatStart(2) == 0);
-    REQUIRE(fixture.wfd.iSetPrintZoom(1) == 0);
-    REQUIRE(fixture.wfd.iSetOffset(10, -20) == 0);
     REQUIRE(fixture.wfd.iSetDataTextNoTitle(5, "E", "D:\\e.csv") == 0);
     REQUIRE(fixture.wfd.iSetDataText(1, "A", "a.csv") == 0);
     REQUIRE(fixture.wfd.iInit("x.wfd", "題") == 0);
