@@ -103,7 +103,7 @@ TEST_CASE("a text box takes a text")
 TEST_CASE("a check box is set by 0, 1, true and false")
 {
     struct Row {
-        const char *to;
+        std::string to;
         std::int16_t value;
     };
     for (const Row &row : {Row{"1", 1}, Row{"0", 0}, Row{"true", 1}, Row{"false", 0}}) {
@@ -118,12 +118,9 @@ TEST_CASE("a check box is set by 0, 1, true and false")
 TEST_CASE("an option is set by true, and unmarked by force only")
 {
     StageForm form;
-    CHECK(playedOn(form, R"({"set":"opt(0)","to":true
-})") == Log{"opt 0"});
-    CHECK(complaint(R"({"set":"opt(0)","to":false
-})") == "line 1: an option takes true");
-    static_cast<void>(playOn(form, R"({"set":"opt(0)","to":false,"force":true
-})"));
+    CHECK(playedOn(form, R"x({"set":"opt(0)","to":true})x") == Log{"opt 0"});
+    CHECK(complaint(R"x({"set":"opt(0)","to":false})x") == "line 1: an option takes true");
+    static_cast<void>(playOn(form, R"x({"set":"opt(0)","to":false,"force":true})x"));
     CHECK(form.opt.marked() == -1);
 }
 
@@ -171,8 +168,8 @@ TEST_CASE("a key of the window presses a menu's short-cut")
 
 TEST_CASE("nothing happens to a disabled control, and it is told")
 {
-    for (const char *command : {R"({"click":"btn"})", R"({"set":"btn","to":1})", R"({"choose":"btn","to":1})",
-                                R"({"key":"btn","code":13})"}) {
+    for (const std::string command : {R"({"click":"btn"})", R"({"set":"btn","to":1})", R"({"choose":"btn","to":1})",
+                                      R"({"key":"btn","code":13})"}) {
         CAPTURE(command);
         StageForm form;
         form.btn.Enabled = false;
@@ -190,8 +187,7 @@ TEST_CASE("nothing happens to a hidden control, nor to one in a disabled frame")
 
     StageForm framed;
     framed.fraBox.Enabled = false;
-    CHECK(playOn(framed, R"({"click":"opt(0)"
-})") == Log{refused("opt(0)")});
+    CHECK(playOn(framed, R"x({"click":"opt(0)"})x") == Log{refused("opt(0)")});
     CHECK(framed.opt.marked() == -1);
 }
 
@@ -208,11 +204,11 @@ TEST_CASE("force acts on a control that a person cannot reach")
 TEST_CASE("a command that cannot be played names its line and the reason")
 {
     struct Row {
-        const char *line;
-        const char *reason;
+        std::string line;
+        std::string reason;
     };
-    constexpr Row kRows[] = {
-        {R"({"click":"optPrint(7)"})", "frmStage has no control \"optPrint(7)\""},
+    const Row kRows[] = {
+        {R"x({"click":"optPrint(7)"})x", "frmStage has no control \"optPrint(7)\""},
         {R"({"click":"lbl"})", "\"lbl\" does not take this command"},
         {R"({"click":"num"})", "\"num\" does not take this command"},
         {R"({"set":"lst","to":1})", "\"lst\" does not take this command"},
@@ -227,10 +223,10 @@ TEST_CASE("a command that cannot be played names its line and the reason")
         {R"({"set":"txt","to":5})", "a text box takes a text"},
         {R"({"set":"chk","to":2})", "a check box takes 0, 1, true or false"},
         {R"({"set":"chk","to":"1"})", "a check box takes 0, 1, true or false"},
-        {R"({"set":"opt(0)","to":1})", "an option takes true"},
-};
-for (const Row &row : kRows) {
-    CAPTURE(row.line);
-    CHECK(complaint(row.line) == "line 1: " + std::string(row.reason));
-}
+        {R"x({"set":"opt(0)","to":1})x", "an option takes true"},
+    };
+    for (const Row &row : kRows) {
+        CAPTURE(row.line);
+        CHECK(complaint(row.line) == "line 1: " + row.reason);
+    }
 }

@@ -33,33 +33,33 @@ std::string complaint(const std::string &text)
 
 TEST_CASE("each command is read with its values")
 {
-    const Command click = readOne(R"({"click":"optPrint(1)"})");
+    const Command click = readOne(R"x({"click":"optPrint(1)"})x");
     CHECK(click.kind == CommandKind::click);
-CHECK(click.control == "optPrint(1)");
-CHECK_FALSE(click.force);
+    CHECK(click.control == "optPrint(1)");
+    CHECK_FALSE(click.force);
 
-const Command set = readOne(R"({"set":"imD_Out","to":"2024/05/01","force":true})");
-CHECK(set.kind == CommandKind::set);
-CHECK(set.to == Json("2024/05/01"));
-CHECK(set.force);
+    const Command set = readOne(R"({"set":"imD_Out","to":"2024/05/01","force":true})");
+    CHECK(set.kind == CommandKind::set);
+    CHECK(set.to == Json("2024/05/01"));
+    CHECK(set.force);
 
-const Command choose = readOne(R"({"choose":"cbSejyutsu","to":2})");
-CHECK(choose.kind == CommandKind::choose);
-CHECK(choose.number == 2);
+    const Command choose = readOne(R"({"choose":"cbSejyutsu","to":2})");
+    CHECK(choose.kind == CommandKind::choose);
+    CHECK(choose.number == 2);
 
-const Command key = readOne(R"({"key":"","code":123})");
-CHECK(key.kind == CommandKind::key);
-CHECK(key.control.empty());
-CHECK(key.number == 123);
+    const Command key = readOne(R"({"key":"","code":123})");
+    CHECK(key.kind == CommandKind::key);
+    CHECK(key.control.empty());
+    CHECK(key.number == 123);
 
-const Command row = readOne(R"({"row":3,"double":true})");
-CHECK(row.kind == CommandKind::row);
-CHECK(row.row == 3);
-CHECK(row.doubleClick);
-CHECK_FALSE(readOne(R"({"row":3})").doubleClick);
+    const Command row = readOne(R"({"row":3,"double":true})");
+    CHECK(row.kind == CommandKind::row);
+    CHECK(row.row == 3);
+    CHECK(row.doubleClick);
+    CHECK_FALSE(readOne(R"({"row":3})").doubleClick);
 
-CHECK(readOne(R"({"close":true})").kind == CommandKind::close);
-CHECK(readOne(R"({"state":true})").kind == CommandKind::state);
+    CHECK(readOne(R"({"close":true})").kind == CommandKind::close);
+    CHECK(readOne(R"({"state":true})").kind == CommandKind::state);
 }
 
 TEST_CASE("blank lines, comments, a byte order mark and CR at the line's end are no commands")
@@ -86,10 +86,10 @@ TEST_CASE("a last line without a line end is read")
 TEST_CASE("a line that is no command is refused with its number and the reason")
 {
     struct Row {
-        const char *line;
-        const char *reason;
+        std::string line;
+        std::string reason;
     };
-    constexpr Row kRows[] = {
+    const Row kRows[] = {
         {R"(["click"])", "a command is a JSON object"},
         {R"({})", "no command that is known"},
         {R"({"klick":"a"})", "no command that is known"},
@@ -112,7 +112,7 @@ TEST_CASE("a line that is no command is refused with its number and the reason")
     };
     for (const Row &row : kRows) {
         CAPTURE(row.line);
-        CHECK(complaint("# first\n" + std::string(row.line)) == "line 2: " + std::string(row.reason));
+        CHECK(complaint("# first\n" + row.line) == "line 2: " + row.reason);
     }
 }
 

@@ -1,5 +1,5 @@
-#include "script_stage.h"
 #include "adapters/script/state_writer.h"
+#include "script_stage.h"
 
 #include <doctest/doctest.h>
 
@@ -49,8 +49,7 @@ TEST_CASE("each kind of control tells the attributes of its kind")
     CHECK(control(form, "lbl") == R"({"Caption":"施術者","Enabled":true,"Visible":true})");
     CHECK(control(form, "fraBox") == R"({"Caption":"帳票種類","Enabled":true,"Visible":true})");
     CHECK(control(form, "btn") == R"({"Caption":"印刷","Enabled":true,"Visible":true})");
-    CHECK(control(form, "mnu") == R"({"Caption":"機能(&F)","Enabled":true,"Visible":true
-})");
+    CHECK(control(form, "mnu") == R"x({"Caption":"機能(&F)","Enabled":true,"Visible":true})x");
     CHECK(control(form, "img") == R"({"Picture":"C:\\wall.bmp","Enabled":true,"Visible":true})");
 }
 
