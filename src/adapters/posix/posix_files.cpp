@@ -150,7 +150,10 @@ public:
 
     std::string directorySearch(const std::string &path) override
     {
-        const SplitPath given = split(withSlashes(path));
+        const std::string asGiven = withSlashes(path);
+        const SplitPath given = split(asGiven);
+        // Most searches ask for one file by its right name.
+        if (isFileAt(asGiven)) return given.name;
         if (given.name.find_first_of("*?") == std::string::npos && !given.name.empty()) {
             const std::string found = posixPath(path);
             return isFileAt(found) ? split(found).name : std::string();
