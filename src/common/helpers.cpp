@@ -1,0 +1,78 @@
+#include "common/helpers.h"
+
+#include "runtime/conversion.h"
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+
+#include <algorithm>
+
+namespace inin {
+
+namespace {
+
+/// UTF-16 order of two UTF-8 texts: only the leads of U+E000 to U+FFFF and of the planes above change places.
+std::weak_ordering compareTexts(std::string_view a, std::string_view b)
+{
+    const auto rank = [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte == 0xEE || byte == 0xEF ? byte + 0x10 : int{byte};
+    };
+    return std::lexicographical_compare_three_way(
+        a.begin(), a.end(), b.begin(), b.end(),
+        [rank](char x, char y) -> std::weak_ordering { return rank(x) <=> rank(y); });
+}
+
+/// The runtime's comparison of two variants, neither of them Null: an Empty follows the other side, a number stands
+/// before every text.
+std::partial_ordering compare(const Variant &a, const Variant &b, const Regional &regional)
+{
+    const auto *textA = a.getIf<std::string>();
+    const auto *textB = b.getIf<std::string>();
+    if (textA != nullptr && textB != nullptr) return compareTexts(*textA, *textB);
+    if (textA != nullptr && b.isEmpty()) return compareTexts(*textA, "");
+    if (textB != nullptr && a.isEmpty()) return compareTexts("", *textB);
+    if (textA != nullptr || textB != nullptr)
+        return textA != nullptr ? std::partial_ordering::greater : std::partial_ordering::less;
+    return toDouble(a, regional) <=> toDouble(b, regional);
+}
+
+} // namespace
+
+Variant vMin(const Variant &a, const Variant &b, const Regional &regional)
+{
+    if (a.isNull() || b.isNull()) return a;
+    return compare(b, a, regional) < 0 ? b : a;
+}
+
+Variant vMax(const Variant &a, const Variant &b, const Regional &regional)
+{
+    if (a.isNull() || b.isNull()) return a;
+    return compare(b, a, regional) > 0 ? b : a;
+}
+
+std::string csNullToStr(const Variant &value, const Regional &regional)
+{
+    return value.isNull() ? std::string() : toText(value, regional);
+}
+
+std::string csCutNul(std::string_view text)
+{
+    return std::string(text.substr(0, text.find('\0')));
+}
+
+std::string csNullRTrim(const Variant &value, const Regional &regional)
+try {
+    if (const auto *text = value.getIf<std::string>()) return rtrim(*text);
+    return rtrim(csNullToStr(value, regional));
+} catch (const RuntimeError &) {
+    return {};
+}
+
+std::int32_t nNullToLong(const Variant &value, const Regional &regional)
+try {
+    return value.isNull() ? 0 : toLong(value, regional);
+} catch (const RuntimeError &) {
+    return 0;
+}
+
+} // namespace inin

@@ -31,12 +31,17 @@ struct DateParts {
 };
 
 [[nodiscard]] DateParts partsOf(Date date);
+/// True when year, month and day form a day of the years 100 to 9999.
+[[nodiscard]] bool isRealDay(const DateParts &parts);
 /// The Date of the parts; they must form a real day and time. Error 5 beyond the years 100 to 9999.
 [[nodiscard]] Date dateOf(const DateParts &parts);
 
 /// The date of year, month and day with rolling over: month 13 is January of the next year, day 0 the last day of
 /// the month before. Years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Error 5 beyond the years 100 to 9999.
 [[nodiscard]] Date DateSerial(std::int32_t year, std::int32_t month, std::int32_t day);
+
+/// The year that a number up to 99 means: 0 to 29 is 2000 to 2029, 30 to 99 is 1930 to 1999. Others stand for themselves.
+[[nodiscard]] std::int32_t fullYear(std::int32_t year);
 
 [[nodiscard]] std::int16_t Year(Date date);
 [[nodiscard]] std::int16_t Month(Date date);

@@ -1,0 +1,205 @@
+#include "adapters/posix/code_page_932.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+
+#include <iconv.h>
+
+namespace inin {
+
+namespace {
+
+constexpr char16_t kReplacement = 0xFFFD;
+constexpr char32_t kNoCharacter = 0xFFFFFFFF;
+
+constexpr bool isTrail(unsigned char byte)
+{
+    return byte >= 0x40 && byte <= 0xFC && byte != 0x7F;
+}
+
+/// The same characters stand at up to three places. What is written is the place of JIS X 0208, then row 13, then the
+/// maker's extension behind the user's area; the copies in rows 0xED and 0xEE are only ever read.
+constexpr int preference(unsigned lead)
+{
+    if (lead == 0xED || lead == 0xEE) return 1;
+    if (lead >= 0xFA) return 2;
+    return lead == 0x87 ? 3 : 4;
+}
+
+struct Twin {
+    char16_t twin;
+    char16_t own;
+};
+constexpr Twin kTwins[] = {{0x2014, 0x2015}, {0x2016, 0x2225}, {0x2212, 0xFF0D}, {0x301C, 0xFF5E}};
+
+class Iconv {
+public:
+    Iconv() : m_descriptor(iconv_open("UTF-16LE", "CP932"))
+    {
+        // iconv reports a failure as a pointer of all ones.
+        if (reinterpret_cast<std::intptr_t>(m_descriptor) == -1)
+            throw std::runtime_error("the system's iconv has no code page 932");
+    }
+    Iconv(const Iconv &) = delete;
+    Iconv &operator=(const Iconv &) = delete;
+    ~Iconv() { iconv_close(m_descriptor); }
+
+    /// The one UTF-16 unit of these bytes, 0 when they are no character.
+    char16_t unit(char *bytes, std::size_t size) const
+    {
+        unsigned char out[4] = {};
+        char *outAt = reinterpret_cast<char *>(out);
+        std::size_t outLeft = sizeof out;
+        iconv(m_descriptor, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(m_descriptor, &bytes, &size, &outAt, &outLeft) != 0 || size != 0 || outLeft != 2) return 0;
+        return static_cast<char16_t>(out[0] | out[1] << 8);
+    }
+
+private:
+    iconv_t m_descriptor;
+};
+
+struct Tables {
+    std::array<char16_t, 0x100> single{};      ///< 0: no character of one byte
+    std::array<char16_t, 0x10000> pair{};      ///< by lead and trail
+    std::array<std::uint16_t, 0x10000> code{}; ///< by UTF-16 unit; 0: the code page lacks it
+
+    Tables()
+    {
+        const Iconv iconv;
+        for (unsigned byte = 1; byte < 0x100; ++byte) {
+            char in[] = {static_cast<char>(byte)};
+            // What iconv makes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
+            const bool kana = byte >= 0xA1 && byte <= 0xDF;
+            if (byte < 0x80 || kana) add(iconv.unit(in, 1), byte, single[byte]);
+        }
+        for (unsigned lead = 0x81; lead <= 0xFC; ++lead)
+            if (isCp932Lead(static_cast<unsigned char>(lead)))
+                for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
+                    if (isTrail(static_cast<unsigned char>(trail))) addPair(iconv, lead, trail);
+        for (const Twin &twin : kTwins)
+            if (code[twin.twin] == 0) code[twin.twin] = code[twin.own];
+    }
+
+private:
+    void addPair(const Iconv &iconv, unsigned lead, unsigned trail)
+    {
+        char in[] = {static_cast<char>(lead), static_cast<char>(trail)};
+        const unsigned both = lead << 8 | trail;
+        add(iconv.unit(in, 2), both, pair[both]);
+    }
+    void add(char16_t unit, unsigned bytes, char16_t &place)
+    {
+        place = unit;
+        if (unit == 0) return;
+        std::uint16_t &old = code[unit];
+        if (old == 0 || preference(bytes >> 8) > preference(old >> 8U)) old = static_cast<std::uint16_t>(bytes);
+    }
+};
+
+const Tables &tables()
+{
+    static const auto built = std::make_unique<const Tables>();
+    return *built;
+}
+
+struct Decoded {
+    char32_t character;
+    std::size_t size;
+};
+
+/// The next character of a UTF-8 text. A sequence that is none gives kNoCharacter and the size of its well-formed part,
+/// at least 1, so that one broken character costs one "?" and hides nothing behind it.
+Decoded nextCharacter(std::string_view text)
+{
+    const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    const unsigned first = byteAt(0);
+    if (first < 0x80) return {first, 1};
+    if (first < 0xC2 || first > 0xF4) return {kNoCharacter, 1};
+    const std::size_t size = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    char32_t character = first & (0x7FU >> size);
+    for (std::size_t at = 1; at < size; ++at) {
+        if (at == text.size()) return {kNoCharacter, at};
+        const unsigned byte = byteAt(at);
+        // The second byte tells overlong forms, surrogates and what lies beyond Unicode.
+        const unsigned low = at > 1 ? 0x80 : first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+        const unsigned high = at > 1 ? 0xBF : first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+        if (byte < low || byte > high) return {kNoCharacter, at};
+        character = character << 6 | (byte & 0x3FU);
+    }
+    return {character, size};
+}
+
+void appendUtf8(std::string &out, char16_t unit)
+{
+    const unsigned value = unit;
+    if (value < 0x80) {
+        out += static_cast<char>(value);
+    } else if (value < 0x800) {
+        out += {static_cast<char>(0xC0 | value >> 6), static_cast<char>(0x80 | (value & 0x3F))};
+    } else {
+        out += {static_cast<char>(0xE0 | value >> 12), static_cast<char>(0x80 | (value >> 6 & 0x3F)),
+                static_cast<char>(0x80 | (value & 0x3F))};
+    }
+}
+
+/// Appends the ASCII run at the front of `text` and gives its length: most bytes of a statement or path are such.
+std::size_t takeAscii(std::string &out, std::string_view text)
+{
+    std::size_t size = 0;
+    while (size < text.size() && static_cast<unsigned char>(text[size]) < 0x80) ++size;
+    out.append(text.data(), size);
+    return size;
+}
+
+} // namespace
+
+bool isCp932Lead(unsigned char byte)
+{
+    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
+
+char16_t cp932Unit(unsigned char lead, unsigned char trail)
+{
+    return tables().pair[static_cast<std::size_t>(lead << 8 | trail)];
+}
+
+std::string encodeCp932(std::string_view utf8)
+{
+    const Tables &table = tables();
+    std::string out;
+    out.reserve(utf8.size());
+    for (std::size_t at = takeAscii(out, utf8); at < utf8.size(); at += takeAscii(out, utf8.substr(at))) {
+        const Decoded next = nextCharacter(utf8.substr(at));
+        at += next.size;
+        const unsigned code = next.character < 0x10000 ? table.code[next.character] : 0;
+        if (code == 0) {
+            out += '?';
+        } else {
+            if (code > 0xFF) out += static_cast<char>(code >> 8);
+            out += static_cast<char>(code & 0xFF);
+        }
+    }
+    return out;
+}
+
+std::string decodeCp932(std::string_view bytes)
+{
+    const Tables &table = tables();
+    std::string out;
+    out.reserve(bytes.size() + bytes.size() / 2);
+    for (std::size_t at = takeAscii(out, bytes); at < bytes.size(); at += takeAscii(out, bytes.substr(at))) {
+        const auto byte = static_cast<unsigned char>(bytes[at++]);
+        char16_t unit = table.single[byte];
+        // A lead byte takes a trail byte with it even when the two are no character; anything else stays for itself.
+        if (isCp932Lead(byte) && at < bytes.size() && isTrail(static_cast<unsigned char>(bytes[at])))
+            unit = cp932Unit(byte, static_cast<unsigned char>(bytes[at++]));
+        appendUtf8(out, unit == 0 ? kReplacement : unit);
+    }
+    return out;
+}
+
+} // namespace inin

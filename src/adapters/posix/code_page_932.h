@@ -14,5 +14,7 @@ namespace inin {
 [[nodiscard]] std::string decodeCp932(std::string_view bytes);
 /// True for the first byte of a double-byte character.
 [[nodiscard]] bool isCp932Lead(unsigned char byte);
+/// The character of a double byte as a UTF-16 unit, 0 when there is none: the code page stays within 16 bits.
+[[nodiscard]] char16_t cp932Unit(unsigned char lead, unsigned char trail);
 
 } // namespace inin

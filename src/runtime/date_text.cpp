@@ -1,0 +1,229 @@
+#include "runtime/date_text.h"
+
+#include "runtime/text_scan.h"
+
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace inin {
+
+namespace {
+
+/// A number of the text; its role is y, m or d where 年, 月 or 日 follows it.
+struct DatePart {
+    std::int32_t value = 0;
+    char role = '\0';
+};
+
+enum class Meridiem { none, am, pm };
+
+struct MeridiemWord {
+    std::string_view word;
+    Meridiem meaning;
+};
+constexpr MeridiemWord kMeridiemWords[] = {
+    {"AM", Meridiem::am}, {"PM", Meridiem::pm}, {"午前", Meridiem::am}, {"午後", Meridiem::pm}};
+
+struct RoleWord {
+    std::string_view word;
+    char role;
+};
+constexpr RoleWord kRoleWords[] = {{"年", 'y'}, {"月", 'm'}, {"日", 'd'}};
+
+/// Orders of three parts, tried from left to right, by the order of the short date.
+struct OrderRule {
+    std::string_view shortDate;
+    std::array<std::string_view, 4> tried;
+};
+constexpr OrderRule kOrderRules[] = {
+    {"ymd", {"ymd", "ydm", "mdy", "dmy"}},
+    {"ydm", {"ydm", "ymd", "dmy", "mdy"}},
+    {"mdy", {"mdy", "dmy", "ymd", "ydm"}},
+    {"dmy", {"dmy", "mdy", "ymd", "ydm"}},
+};
+constexpr std::string_view kOrdersOfTwo[] = {"ym", "my"};
+
+/// The order of y, m and d in a short-date picture.
+std::string orderOf(std::string_view picture)
+{
+    std::string order;
+    for (const char c : picture) {
+        const char role = c == 'M' ? 'm' : c;
+        if ((role == 'y' || role == 'm' || role == 'd') && order.find(role) == std::string::npos) order += role;
+    }
+    return order;
+}
+
+std::span<const std::string_view> ordersOfThree(const Regional &regional)
+{
+    const std::string order = orderOf(regional.shortDate);
+    for (const OrderRule &rule : kOrderRules)
+        if (rule.shortDate == order) return rule.tried;
+    return kOrderRules[0].tried;
+}
+
+/// One reading of one text: collects the parts, then finds the order that makes them a day.
+class DateReader {
+public:
+    DateReader(std::string_view text, const Regional &regional) : m_scan(text), m_regional(regional) {}
+
+    std::optional<Date> read()
+    {
+        if (!collect() || m_awaiting || (m_count == 0 && !m_hasTime)) return std::nullopt;
+        if (!applyMeridiem()) return std::nullopt;
+        if (m_count == 0) return assembled(1899, 12, 30);
+        if (m_count == 2) return ordered(kOrdersOfTwo);
+        if (m_count == 3) return ordered(ordersOfThree(m_regional));
+        return std::nullopt;
+    }
+
+private:
+    bool collect()
+    {
+        for (m_scan.skipBlanks(); !m_scan.atEnd(); m_scan.skipBlanks())
+            if (!takeMeridiem() && !takeNumber()) return false;
+        return true;
+    }
+
+    bool takeMeridiem()
+    {
+        if (m_meridiem != Meridiem::none) return false;
+        for (const MeridiemWord &entry : kMeridiemWords)
+            if (m_scan.acceptWord(entry.word)) {
+                m_meridiem = entry.meaning;
+                return true;
+            }
+        return false;
+    }
+
+    bool takeNumber()
+    {
+        const std::optional<std::int32_t> number = takeValue(4);
+        if (!number) return false;
+        if (m_scan.accept(':')) return takeTime(*number);
+        return isHourAlone() ? startTime(*number) : addPart(*number);
+    }
+
+    /// "9 PM" is a time though it has no colon.
+    bool isHourAlone()
+    {
+        if (m_hasTime || m_meridiem != Meridiem::none) return false;
+        m_scan.skipBlanks();
+        return takeMeridiem();
+    }
+
+    bool startTime(std::int32_t hour)
+    {
+        if (m_hasTime || m_awaiting || hour > 23) return false;
+        m_hasTime = true;
+        m_parts.hour = hour;
+        return true;
+    }
+
+    bool takeTime(std::int32_t hour)
+    {
+        const std::optional<std::int32_t> minute = takeValue(2);
+        if (!startTime(hour) || !minute || *minute > 59) return false;
+        m_parts.minute = *minute;
+        if (!m_scan.accept(':')) return true;
+        const std::optional<std::int32_t> second = takeValue(2);
+        if (!second || *second > 59) return false;
+        m_parts.second = *second;
+        return true;
+    }
+
+    bool addPart(std::int32_t value)
+    {
+        if (m_count == m_found.size()) return false;
+        DatePart &part = m_found[m_count++];
+        part.value = value;
+        for (const RoleWord &entry : kRoleWords)
+            if (m_scan.accept(entry.word)) part.role = entry.role;
+        m_scan.skipBlanks();
+        m_awaiting = takeSeparator();
+        return true;
+    }
+
+    /// A slash, a hyphen, the short date's own separator, or the comma of "5月 1, 2024".
+    bool takeSeparator()
+    {
+        const char next = m_scan.peek();
+        const bool own = next != '\0' && std::string_view(".,").find(next) != std::string_view::npos &&
+                         m_regional.shortDate.find(next) != std::string::npos;
+        const bool afterMonth = next == ',' && (m_found[0].role == 'm' || m_found[1].role == 'm');
+        if (next != '/' && next != '-' && !own && !afterMonth) return false;
+        m_scan.take();
+        return true;
+    }
+
+    std::optional<std::int32_t> takeValue(std::size_t mostDigits)
+    {
+        const std::string_view digits = m_scan.takeDigits();
+        if (digits.empty() || digits.size() > mostDigits) return std::nullopt;
+        std::int32_t value = 0;
+        std::from_chars(digits.data(), digits.data() + digits.size(), value);
+        return value;
+    }
+
+    bool applyMeridiem()
+    {
+        if (m_meridiem == Meridiem::none) return true;
+        if (!m_hasTime || (m_meridiem == Meridiem::am && m_parts.hour > 12)) return false;
+        if (m_meridiem == Meridiem::am && m_parts.hour == 12) m_parts.hour = 0;
+        if (m_meridiem == Meridiem::pm && m_parts.hour < 12) m_parts.hour += 12;
+        return true;
+    }
+
+    std::optional<Date> ordered(std::span<const std::string_view> orders)
+    {
+        for (const std::string_view order : orders)
+            if (const std::optional<Date> date = inOrder(order)) return date;
+        return std::nullopt;
+    }
+
+    std::optional<Date> inOrder(std::string_view order)
+    {
+        std::int32_t year = 0;
+        std::int32_t month = 0;
+        std::int32_t day = 1;
+        for (std::size_t i = 0; i < m_count; ++i) {
+            const DatePart &part = m_found[i];
+            if (part.role != '\0' && part.role != order[i]) return std::nullopt;
+            // In two parts a bare small number is no year: "5/1" has none.
+            if (order[i] == 'y' && m_count == 2 && part.role == '\0' && part.value < 100) return std::nullopt;
+            (order[i] == 'y' ? year : order[i] == 'm' ? month : day) = part.value;
+        }
+        return assembled(year, month, day);
+    }
+
+    std::optional<Date> assembled(std::int32_t year, std::int32_t month, std::int32_t day)
+    {
+        m_parts.year = fullYear(year);
+        m_parts.month = month;
+        m_parts.day = day;
+        if (!isRealDay(m_parts)) return std::nullopt;
+        return dateOf(m_parts);
+    }
+
+    TextScan m_scan;
+    const Regional &m_regional;
+    std::array<DatePart, 3> m_found{};
+    std::size_t m_count = 0;
+    bool m_awaiting = false; // a separator stands open behind the last part
+    bool m_hasTime = false;
+    Meridiem m_meridiem = Meridiem::none;
+    DateParts m_parts;
+};
+
+} // namespace
+
+std::optional<Date> readDate(std::string_view text, const Regional &regional)
+{
+    return DateReader(text, regional).read();
+}
+
+} // namespace inin

@@ -1,0 +1,140 @@
+#include "runtime/number_text.h"
+
+#include "runtime/text_scan.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <string>
+
+namespace inin {
+
+namespace {
+
+using Outcome = NumberReading::Outcome;
+constexpr std::size_t kDigits = 15;
+
+/// Signs and parentheses around the digits: each may stand once, so "+-1" and "1-" are numbers too.
+class Marks {
+public:
+    /// Takes the marks out of `allowed`; false when one stands a second time.
+    bool read(TextScan &scan, std::string_view allowed)
+    {
+        for (;;) {
+            scan.skipBlanks();
+            const std::size_t mark = scan.atEnd() ? std::string_view::npos : allowed.find(scan.peek());
+            if (mark == std::string_view::npos) return true;
+            bool &seen = flagOf(scan.take());
+            if (seen) return false;
+            seen = true;
+        }
+    }
+    [[nodiscard]] bool balanced() const { return m_open == m_closed; }
+    [[nodiscard]] bool negative() const { return m_minus || m_open; }
+
+private:
+    bool &flagOf(char mark)
+    {
+        switch (mark) {
+        case '+':
+            return m_plus;
+        case '-':
+            return m_minus;
+        case '(':
+            return m_open;
+        default:
+            return m_closed;
+        }
+    }
+    bool m_plus = false;
+    bool m_minus = false;
+    bool m_open = false;
+    bool m_closed = false;
+};
+
+/// The digits with point and exponent, without thousands commas; nothing when the text has another form.
+std::optional<std::string> takeDecimal(TextScan &scan)
+{
+    std::string decimal;
+    while (scan.atDigit() || (!decimal.empty() && scan.peek() == ','))
+        if (const char next = scan.take(); next != ',') decimal += next;
+    if (scan.accept('.')) decimal.append(".").append(scan.takeDigits());
+    if (decimal.empty() || decimal == ".") return std::nullopt;
+    if (scan.acceptWord("e") || scan.acceptWord("d")) {
+        decimal += 'e';
+        if (scan.accept('-'))
+            decimal += '-';
+        else
+            scan.accept('+');
+        const std::string_view exponent = scan.takeDigits();
+        if (exponent.empty()) return std::nullopt;
+        decimal += exponent;
+    }
+    return decimal;
+}
+
+/// True where the first digit that counts stands left of the point: beyond the range then means too large.
+bool isLarge(std::string_view decimal)
+{
+    const std::size_t end = std::min(decimal.find('e'), decimal.size());
+    const std::size_t point = std::min(decimal.find('.'), end);
+    const std::size_t first = decimal.find_first_of("123456789");
+    long exponent = 0;
+    if (end < decimal.size()) {
+        const std::string_view digits = decimal.substr(end + 1);
+        if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc{})
+            return !digits.starts_with('-');
+    }
+    return exponent + static_cast<long>(point) - static_cast<long>(first) > 0;
+}
+
+/// The double of a decimal text, infinite when it is beyond the range.
+double doubleOf(std::string_view decimal)
+{
+    double value = 0;
+    const auto result = std::from_chars(decimal.data(), decimal.data() + decimal.size(), value);
+    if (result.ec == std::errc{}) return value;
+    return isLarge(decimal) ? HUGE_VAL : 0.0;
+}
+
+/// A text counts with 15 digits, like the default text of a number: 0.49999999999999994 is a half.
+double roundedTo15Digits(double value)
+{
+    std::array<char, 32> buffer{};
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::scientific, static_cast<int>(kDigits) - 1);
+    return doubleOf({buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data())});
+}
+
+NumberReading readBits(TextScan &scan)
+{
+    const int base = scan.acceptWord("h") ? 16 : scan.acceptWord("o") ? 8 : 0;
+    const std::string_view digits = scan.takeRun("0123456789ABCDEFabcdef");
+    scan.skipBlanks();
+    if (base == 0 || digits.empty() || !scan.atEnd()) return {};
+    std::uint32_t bits = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), bits, base);
+    if (result.ptr != digits.data() + digits.size()) return {};
+    if (result.ec == std::errc::result_out_of_range) return {Outcome::overflow};
+    return {Outcome::bits, static_cast<double>(bits), bits};
+}
+
+} // namespace
+
+NumberReading readNumber(std::string_view text)
+{
+    TextScan scan(text);
+    scan.skipBlanks();
+    if (scan.accept('&')) return readBits(scan);
+    Marks marks;
+    if (!marks.read(scan, "+-(")) return {};
+    const std::optional<std::string> decimal = takeDecimal(scan);
+    if (!decimal || !marks.read(scan, "+-)") || !scan.atEnd() || !marks.balanced()) return {};
+    double value = doubleOf(*decimal);
+    if (decimal->size() > kDigits && std::isfinite(value)) value = roundedTo15Digits(value);
+    if (!std::isfinite(value)) return {Outcome::overflow};
+    return {Outcome::number, marks.negative() ? -value : value};
+}
+
+} // namespace inin

@@ -1,0 +1,75 @@
+// Default texts: how a number and a date are written when no pattern is given.
+
+#include "runtime/conversion.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fmt/format.h>
+#include <iterator>
+
+namespace inin {
+
+namespace {
+
+void appendDatePart(std::string &text, char letter, std::size_t count, const DateParts &parts)
+{
+    const auto out = std::back_inserter(text);
+    switch (letter) {
+    case 'd':
+        fmt::format_to(out, "{:0{}}", parts.day, count > 1 ? 2 : 1);
+        break;
+    case 'M':
+        fmt::format_to(out, "{:0{}}", parts.month, count > 1 ? 2 : 1);
+        break;
+    default:
+        // A year before 1000 stays as short as it is: 100/01/01.
+        if (count > 2)
+            fmt::format_to(out, "{}", parts.year);
+        else
+            fmt::format_to(out, "{:0{}}", parts.year % 100, count);
+    }
+}
+
+void appendShortDate(std::string &text, std::string_view picture, const DateParts &parts)
+{
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < picture.size();) {
+        const char c = picture[i];
+        const std::size_t run = std::min(picture.find_first_not_of(c, i), picture.size()) - i;
+        if (c == '\'') {
+            isQuoted = !isQuoted;
+            ++i;
+        } else if (!isQuoted && (c == 'd' || c == 'M' || c == 'y')) {
+            appendDatePart(text, c, run, parts);
+            i += run;
+        } else {
+            text += c;
+            ++i;
+        }
+    }
+}
+
+} // namespace
+
+std::string numberText(double value)
+{
+    if (std::isnan(value)) return "1.#QNAN";
+    if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
+    if (value == 0) return "0"; // a negative zero too
+    return fmt::format("{:.15G}", value);
+}
+
+std::string dateText(Date date, const Regional &regional)
+{
+    const DateParts parts = partsOf(date);
+    // What is stored decides, not what is shown: a time that rounds up to midnight is still written, as 0:00:00.
+    const double day = std::trunc(date.days());
+    std::string text;
+    if (day != 0) appendShortDate(text, regional.shortDate, parts);
+    if (day == 0 || day != date.days())
+        fmt::format_to(std::back_inserter(text), "{}{}:{:02}:{:02}", text.empty() ? "" : " ", parts.hour, parts.minute,
+                       parts.second);
+    return text;
+}
+
+} // namespace inin
