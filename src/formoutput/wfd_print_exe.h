@@ -5,11 +5,30 @@
 
 #include <array>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <vector>
 
 namespace inin {
+
+/// What one report hands to the form tools.
+struct WfdReport {
+    struct DataEntry {
+        std::string name;
+        std::string path;
+        std::int16_t noTitle = 0; ///< -1: the CSV has no title row
+    };
+    struct ItemValue {
+        std::string report, section, item, value;
+    };
+
+    std::string form;
+    std::string title;
+    std::array<DataEntry, 5> data; ///< numbered 1 to 5
+    std::int32_t offsetX = 0, offsetY = 0;
+    std::int16_t zoom = 2;
+    std::int16_t repeatStart = 0;
+    std::vector<ItemValue> items;
+};
 
 /// The bridge to the outside form tools: collects what one report needs, writes the command script "WfdCom.dat" into
 /// the temporary folder and starts a tool with it. Nothing comes back from the tool. One object serves one report.
@@ -57,27 +76,30 @@ public:
                             const std::string &csTitle);
 
 private:
-    struct DataEntry {
-        std::string name;
-        std::string path;
-        std::int16_t noTitle = 0;
-    };
-    struct ItemValue {
-        std::string report, section, item, value;
+    /// A second data source for the reports whose flag is 1.
+    struct SecondSource {
+        const std::string &name;
+        const Array<std::string> &paths;
+        const Array<std::int16_t> &flags;
     };
 
+    [[nodiscard]] WfdReport::DataEntry &dataEntry(std::int16_t iDataNo);
+    /// 0, or -1 after a box with the failure.
     [[nodiscard]] std::int16_t iMakeComFile(std::int16_t iExeType, std::int16_t iPaper);
+    [[nodiscard]] std::string scriptPath() const;
+    [[nodiscard]] std::string viewerCommand() const;
+    Variant writeAndStart(std::int16_t iExeType, std::int16_t iPaper, const std::string &commandLine,
+                          WindowStyle style);
+    Variant mergeAndPrint(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
+                          const Array<std::string> &csWfdFnm, const std::string &csTitle, const SecondSource *second);
+    void writeMergeScript(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
+                          const Array<std::string> &csWfdFnm, const std::string &csTitle, const SecondSource *second);
+    void writeMergedPrintScript(const std::string &csTitle);
 
     App &m_app;
     std::string m_tool;
     std::string m_tmpDir;
-    std::string m_form;
-    std::string m_title;
-    std::array<DataEntry, 5> m_data;
-    std::int32_t m_offsetX = 0, m_offsetY = 0;
-    std::int16_t m_zoom = 2;
-    std::int16_t m_repeatStart = 0;
-    std::vector<ItemValue> m_items;
+    WfdReport m_report;
 };
 
 template <class T> const T &cls_WfdPrintExe::Array<T>::operator()(std::int32_t index) const

@@ -2,6 +2,8 @@
 
 #include "runtime/runtime_error.h"
 
+#include <limits>
+
 namespace inin {
 
 namespace {
@@ -65,8 +67,10 @@ DateBox::DateBox(std::string name) : Control(std::move(name))
 
 ListBox::ListBox(std::string name) : Control(std::move(name))
 {
+    ListIndex.check = [this](std::int16_t index) {
+        if (index < -1 || index >= ListCount()) throw RuntimeError(error_number::invalidPropertyValue);
+    };
     ListIndex.onAssigned = [this] {
-        if (ListIndex < -1 || ListIndex >= ListCount()) throw RuntimeError(error_number::invalidPropertyValue);
         if (onClick) onClick();
     };
 }
@@ -74,14 +78,14 @@ ListBox::ListBox(std::string name) : Control(std::move(name))
 void ListBox::Clear()
 {
     m_items.clear();
-    const auto click = std::exchange(onClick, nullptr);
-    ListIndex = -1;
-    onClick = click;
-    notify();
+    ListIndex.assignQuietly(-1);
 }
 
 void ListBox::AddItem(std::string text, std::int32_t ItemData)
 {
+    // Indices and the count are 16-bit numbers.
+    if (m_items.size() >= std::size_t{std::numeric_limits<std::int16_t>::max()})
+        throw RuntimeError(error_number::overflow);
     m_items.push_back({std::move(text), ItemData});
     notify();
 }

@@ -176,8 +176,10 @@ public:
 
     /// No items, and none chosen; fires nothing.
     void Clear();
+    /// Error 6 beyond 32,767 items.
     void AddItem(std::string text, std::int32_t ItemData);
     [[nodiscard]] std::int16_t ListCount() const { return static_cast<std::int16_t>(m_items.size()); }
+    /// The number of an item; error 380 for an index that the list lacks.
     [[nodiscard]] std::int32_t ItemData(std::int16_t index) const;
     [[nodiscard]] const std::vector<Item> &items() const { return m_items; }
 

@@ -9,6 +9,18 @@ namespace inin {
 namespace {
 constexpr std::int16_t kReturn = 13;
 constexpr std::int16_t kEscape = 27;
+
+/// Holds a form's mark while its unload runs, also when that ends by an error.
+class Unloading {
+public:
+    explicit Unloading(bool &mark) : m_mark(mark) { m_mark = true; }
+    Unloading(const Unloading &) = delete;
+    Unloading &operator=(const Unloading &) = delete;
+    ~Unloading() { m_mark = false; }
+
+private:
+    bool &m_mark;
+};
 } // namespace
 
 void Form::setMousePointer(std::int16_t kind)
@@ -28,17 +40,27 @@ void Form::load()
 {
     if (m_loaded) return;
     m_loaded = true;
-    Form_Load();
+    try {
+        Form_Load();
+    } catch (const RuntimeError &) {
+        // A load that failed leaves nothing to show: the next show loads anew.
+        m_loaded = false;
+        throw;
+    }
 }
 
 bool Form::unload(bool byControlBox)
 {
     if (!m_loaded) return true;
+    if (m_unloading) return false;
     std::int16_t Cancel = 0;
-    atEventEdge([&] {
-        Form_QueryUnload(Cancel, byControlBox);
-        if (Cancel == 0) Form_Unload(Cancel);
-    });
+    {
+        const Unloading mark(m_unloading);
+        atEventEdge([&] {
+            Form_QueryUnload(Cancel, byControlBox);
+            if (Cancel == 0) Form_Unload(Cancel);
+        });
+    }
     if (Cancel != 0) return false;
     m_loaded = false;
     notify();
@@ -52,22 +74,14 @@ void Form::Form_KeyPress(std::int16_t & /*KeyAscii*/) {}
 
 namespace {
 
-/// Finds what a key of the whole window presses: a menu entry by its short-cut, else the cancel or default button.
+/// Looks through the controls for what a key of the whole window presses; the first that fits counts.
 class KeyTarget : public ControlVisitor {
 public:
     explicit KeyTarget(std::int16_t code) : m_code(code) {}
     std::function<void()> click;
-    std::function<void()> buttonClick;
 
-    void visit(MenuEntry &entry) override
-    {
-        if (entry.Shortcut != 0 && entry.Shortcut == m_code && entry.isReachable()) click = entry.onClick;
-    }
-    void visit(Button &button) override
-    {
-        if (!button.isReachable()) return;
-        if ((m_code == kEscape && button.Cancel) || (m_code == kReturn && button.Default)) buttonClick = button.onClick;
-    }
+    void visit(MenuEntry & /*entry*/) override {}
+    void visit(Button & /*button*/) override {}
     void visit(OptionButton &) override {}
     void visit(CheckBox &) override {}
     void visit(NumberBox &) override {}
@@ -78,22 +92,58 @@ public:
     void visit(Frame &) override {}
     void visit(ImageBox &) override {}
 
+protected:
+    void take(const Control &control, bool fits, const std::function<void()> &onClick)
+    {
+        if (!click && fits && control.isReachable()) click = onClick;
+    }
+    [[nodiscard]] std::int16_t code() const { return m_code; }
+
 private:
     std::int16_t m_code;
 };
+
+class ShortcutTarget : public KeyTarget {
+public:
+    using KeyTarget::KeyTarget;
+    using KeyTarget::visit;
+    void visit(MenuEntry &entry) override
+    {
+        take(entry, entry.Shortcut != 0 && entry.Shortcut == code(), entry.onClick);
+    }
+};
+
+class ButtonTarget : public KeyTarget {
+public:
+    using KeyTarget::KeyTarget;
+    using KeyTarget::visit;
+    void visit(Button &button) override
+    {
+        take(button, (code() == kEscape && button.Cancel) || (code() == kReturn && button.Default), button.onClick);
+    }
+};
+
+/// Presses what the key stands for; false when it stands for nothing.
+template <class Target> bool press(const std::vector<Control *> &controls, std::int16_t code)
+{
+    Target target(code);
+    for (Control *control : controls) control->accept(target);
+    if (target.click) target.click();
+    return target.click != nullptr;
+}
 
 } // namespace
 
 void Form::key(Control *control, std::int16_t KeyCode)
 {
-    KeyTarget target(KeyCode);
-    for (Control *candidate : m_controls) candidate->accept(target);
-    if (target.click) return target.click();
+    const bool wasLoaded = m_loaded;
+    const auto isOver = [&] { return KeyCode == 0 || (wasLoaded && !m_loaded); };
+    if (press<ShortcutTarget>(m_controls, KeyCode)) return;
     Form_KeyDown(KeyCode);
-    if (KeyCode == 0) return;
-    if (target.buttonClick) return target.buttonClick();
+    // What the key-down changed, the code too, counts for the buttons; a form that it closed takes no more of the key.
+    if (isOver() || press<ButtonTarget>(m_controls, KeyCode)) return;
     Form_KeyPress(KeyCode);
-    if (KeyCode == 0 || control == nullptr) return;
+    if (isOver() || control == nullptr) return;
     if (control->onKeyPress) control->onKeyPress(KeyCode);
 }
 

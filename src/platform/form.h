@@ -35,11 +35,12 @@ public:
     /// The control of that name, nullptr when there is none.
     [[nodiscard]] Control *find(std::string_view name) const;
 
-    /// Runs Form_Load unless the form is loaded. A RuntimeError of the load goes to the caller.
+    /// Runs Form_Load unless the form is loaded. A RuntimeError of the load goes to the caller and leaves the form
+    /// unloaded; a load that unloads its own form runs to its end.
     void load();
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
     /// Asks Form_QueryUnload, then runs Form_Unload; false when one of them refused. What Form_Unload does not trap is
-    /// an UnhandledError.
+    /// an UnhandledError. An unload inside the form's own unload is refused.
     bool unload(bool byControlBox = false);
     /// A key press as the window system deals it out: short-cuts of menus, Form_KeyDown, cancel and default button,
     /// Form_KeyPress, then the control. `control` may be nullptr.
@@ -71,6 +72,7 @@ private:
     std::vector<Control *> m_controls;
     std::int16_t m_pointer = kPointerDefault;
     bool m_loaded = false;
+    bool m_unloading = false;
 };
 
 } // namespace inin

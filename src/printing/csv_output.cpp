@@ -1,0 +1,76 @@
+#include "printing/csv_output.h"
+
+#include "common/helpers.h"
+#include "common/opl_ini_file.h"
+#include "common/text_file.h"
+#include "data/ado_session.h"
+#include "runtime/conversion.h"
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+#include "shell/settings.h"
+
+namespace inin {
+
+namespace {
+
+constexpr const char *kFormatFile = "帳票Format.ini";
+
+/// The columns' titles as the form documents know them; deliberately not made from the record's field names.
+constexpr std::string_view kTitles[] = {
+    "対象開始日", "対象終了日",   "保険者名",   "利用者氏名", "利用者住所",   "会社名称",   "会社住所",
+    "代表者名",   "会社電話番号", "金融機関名", "口座番号",   "口座名義",     "最終施術日", "保険者地区名",
+    "保険種別",   "世帯主名",     "世帯主電話", "世帯主住所", "金融機関名２", "署名日",
+};
+
+/// Every field stands in quotes; a quote inside a value is not doubled, as the form tool reads it.
+void appendField(std::string &line, std::string_view text)
+{
+    if (!line.empty()) line += ',';
+    line += '"';
+    line += text;
+    line += '"';
+}
+
+std::string titleLine()
+{
+    std::string line;
+    for (const std::string_view title : kTitles) appendField(line, title);
+    return line;
+}
+
+std::string rowLine(const IninRow &row)
+{
+    std::string line;
+    for (const IninField field : kIninFields) appendField(line, row.*field);
+    return line;
+}
+
+} // namespace
+
+void writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount)
+{
+    const std::string folder = toText(vGetSystemValue(app, "SYSTEM_TMP", WarnIfMissing::yes), app.regional);
+    const std::string path = app.gcsAppPath + folder + "\\" + kCsvFile;
+    if (bFileExists(app, path)) app.platform.files.remove(path);
+    TextOutput csv(app.platform, path);
+    csv.printLine(titleLine());
+    for (std::int16_t i = 0; i < iRowCount; ++i) {
+        // A failed extraction can leave fewer rows than the count of the run before it.
+        const auto index = static_cast<std::size_t>(i);
+        if (index >= aIninRow.size()) throw RuntimeError(error_number::subscript);
+        csv.printLine(rowLine(aIninRow[index]));
+    }
+    csv.close();
+}
+
+std::string csGetFormatFile(App &app, const std::string &csSection, const std::string &csKey)
+try {
+    clsOplIniFile formatFile(app.platform);
+    if (formatFile.iInit(csDataDir(app) + kFormatFile) == iBad) return {};
+    return rtrim(csCutNul(formatFile.csGetProfileString(csSection, csKey)));
+} catch (const RuntimeError &error) {
+    app.platform.boxes.show("Error:" + error.description(), Icon::none);
+    return {};
+}
+
+} // namespace inin

@@ -1,0 +1,141 @@
+#include "printing/extraction.h"
+
+namespace inin {
+
+namespace {
+
+/// The report kind that takes a single letter.
+constexpr std::int16_t kSingleLetterKind = 1;
+constexpr std::int16_t kHeadOffice = 1;
+
+constexpr SqlPiece kHeadOfficeColumns[] = {
+    {" CORP.cShamei1 as CorpName, CORP.cAddress1 as CorpAdd, CORP.cDaihyo, "},
+    {" CORP.cTelNo, CORP.cKinyuName, CORP.cKinyuSiten, "},
+};
+constexpr std::string_view kHeadOfficeKinds = " CORP.iKinSyubetsu, CORP.iKinSiten ";
+
+/// A column of the agent's row, or of the group-billing company's where the patient is billed in a group.
+struct AgentColumn {
+    std::string_view column;
+    std::string_view alias;
+    std::string_view tail;
+};
+constexpr AgentColumn kAgentColumns[] = {
+    {"cShamei1", "CorpName", ",  "},       {"cAddress1", "CorpAdd", ", "},
+    {"cDaihyo", "cDaihyo", ", "},          {"cTelNo", "cTelNo", ", "},
+    {"cKinyuName", "cKinyuName", ", "},    {"cKinyuSiten", "cKinyuSiten", ", "},
+    {"iKozaType", "iKozaType", ", "},      {"cKozaBangou", "cKozaBangou", ", "},
+    {"cKozaMeigi1", "cKozaMeigi1", ",  "}, {"iKinSyubetsu", "iKinSyubetsu", ",  "},
+    {"iKinSiten", "iKinSiten", "  "},
+};
+
+constexpr SqlPiece kCommonColumns[] = {
+    {" ,HOKENJA.cSubAddress, HOKENJA.iType AS HOKENSHUBETSU "},
+    {" ,RIYOUSHA.cSetaiName, RIYOUSHA.cSetaiTelNo AS RiyouSetaiTel, RIYOUSHA.cSetaiAdress1"},
+};
+constexpr SqlPiece kCompanyJoin[] = {
+    {" LEFT JOIN CORP ON "},
+    {"      CORP.iKyotenCd = ", Behind::iKyotenCd},
+    {"      AND CORP.iKyotenEb = ", Behind::iKyotenEb},
+};
+constexpr std::string_view kHeadOfficeRow = " AND CORP.iType = 0 ";
+constexpr std::string_view kAgentRow = " AND CORP.nIDNo = RIYOUSHA.nDairiID ";
+/// The joins stand in every statement, also where no column uses them; then the conditions that all share.
+constexpr SqlPiece kGroupJoinsAndBranch[] = {
+    {" LEFT JOIN RIYOUSHA_SUB ON "},
+    {"          RIYOUSHA_SUB.nIDNo = RIYOUSHA.nIDNo "},
+    {"      AND RIYOUSHA_SUB.iKyotenCd = ", Behind::iKyotenCd},
+    {"      AND RIYOUSHA_SUB.iKyotenEb = ", Behind::iKyotenEb},
+    {" LEFT JOIN CORP AS DANTAICORP ON "},
+    {"          DANTAICORP.iKyotenCd = ", Behind::iKyotenCd},
+    {"      AND DANTAICORP.iKyotenEb = ", Behind::iKyotenEb},
+    {"      AND DANTAICORP.iType = 3 "},
+    {" WHERE "},
+    {"     RIYOUSHA.iKyotenCd = ", Behind::iKyotenCd},
+    {" AND RIYOUSHA.iKyotenEb = ", Behind::iKyotenEb},
+    {" AND HOKENJA.cIDno = RIYOUSHA.cHokenNo "},
+};
+
+std::string valueOf(Behind behind, const ExtractionQuery &query)
+{
+    switch (behind) {
+    case Behind::nothing:
+        return {};
+    case Behind::iKyotenCd:
+        return std::to_string(query.iKyotenCd);
+    case Behind::iKyotenEb:
+        return std::to_string(query.iKyotenEb);
+    case Behind::lowerBound:
+        return query.bounds.lower;
+    case Behind::upperBound:
+        return query.bounds.upper;
+    case Behind::nKanjaNo:
+        return std::to_string(query.nKanjaNo);
+    }
+    return {};
+}
+
+void append(std::string &sql, std::span<const SqlPiece> pieces, const ExtractionQuery &query)
+{
+    for (const SqlPiece &piece : pieces) {
+        sql += piece.text;
+        sql += valueOf(piece.behind, query);
+    }
+}
+
+void appendCompanyColumns(std::string &sql, const ExtractionRule &rule, const ExtractionQuery &query)
+{
+    if (query.iTrustKind == kHeadOffice) {
+        append(sql, kHeadOfficeColumns, query);
+        sql += rule.accountPiece;
+        sql += kHeadOfficeKinds;
+        return;
+    }
+    for (const AgentColumn &agent : kAgentColumns) {
+        sql += " (CASE WHEN RIYOUSHA_SUB.iDantaiUmu = 1 THEN DANTAICORP.";
+        sql += agent.column;
+        sql += " ELSE CORP.";
+        sql += agent.column;
+        sql += " END) as ";
+        sql += agent.alias;
+        sql += agent.tail;
+    }
+}
+
+/// A filter counts from 1 on: an empty box is -1, and 0 stands for everybody.
+void appendFilter(std::string &sql, std::string_view condition, std::int32_t number)
+{
+    if (number <= 0) return;
+    sql += condition;
+    sql += std::to_string(number);
+}
+
+} // namespace
+
+std::string extractionSql(const ExtractionRule &rule, const ExtractionQuery &query)
+{
+    const bool isSingle = query.iPrintKind == kSingleLetterKind && !rule.singleHead.empty();
+    std::string sql(isSingle ? rule.singleHead : rule.head);
+    appendCompanyColumns(sql, rule, query);
+    append(sql, kCommonColumns, query);
+    sql += rule.from;
+    append(sql, kCompanyJoin, query);
+    sql += query.iTrustKind == kHeadOffice ? kHeadOfficeRow : kAgentRow;
+    append(sql, kGroupJoinsAndBranch, query);
+    append(sql, rule.visitCondition, query);
+    appendFilter(sql, " AND RIYOUSHA.nIDNo = ", query.nKanjaNo);
+    appendFilter(sql, rule.staffColumn, query.nStaffNo);
+    appendFilter(sql, " AND RIYOUSHA.iHoken = ", query.iHokenIndex);
+    if (query.iExpireKind == 0) sql += rule.openEndedOnly;
+    sql += rule.order;
+    return sql;
+}
+
+std::string lastVisitSql(const LastVisitRule &rule, const ExtractionQuery &query)
+{
+    std::string sql;
+    append(sql, rule.pieces, query);
+    return sql;
+}
+
+} // namespace inin

@@ -2,11 +2,15 @@
 
 #include "platform/controls.h"
 
+#include <initializer_list>
+#include <vector>
+
 namespace inin {
 
 /// The controls of the conditions screen, frame by frame from the top. Their design state (captions, tab order,
 /// formats, what is hidden) is the table in print_controls.cpp.
-struct PrintControls {
+class PrintControls {
+public:
     PrintControls();
 
     Frame Frame3{"Frame3"};
@@ -63,6 +67,21 @@ struct PrintControls {
     MenuEntry mnHelp{"mnHelp"};
     MenuEntry mnVer{"mnVer"};
     MenuEntry mnDispHelp{"mnDispHelp"};
+
+protected:
+    /// All controls from the top of the screen down, each behind its container.
+    [[nodiscard]] const std::vector<Control *> &designed() const { return m_designed; }
+
+private:
+    struct Design;
+    void design(std::initializer_list<Design> lines);
+    void designReportAndObject();
+    void designFilters();
+    void designLetterItems();
+    void designCommands();
+    void designValues();
+
+    std::vector<Control *> m_designed;
 };
 
 } // namespace inin

@@ -1,0 +1,81 @@
+#include "printing/print_form.h"
+
+#include "printing/csv_output.h"
+
+#include <algorithm>
+
+namespace inin {
+
+namespace {
+// Client area in twips.
+constexpr std::int32_t kWidth = 7020;
+constexpr std::int32_t kHeight = 11025;
+} // namespace
+
+frmPrintInin::frmPrintInin(App &app) : Form("frmPrintInin"), m_app(app)
+{
+    Caption = "委任状印刷";
+    Width = kWidth;
+    Height = kHeight;
+    for (Control *control : designed()) add(*control, control->Container);
+    btnPrint.onClick = [this](std::int16_t Index) { btnPrint_Click(Index); };
+    mnF01.onClick = [this] { mnF01_Click(); };
+    mnF02.onClick = [this] { mnF02_Click(); };
+    mnF12.onClick = [this] { mnF12_Click(); };
+}
+
+void frmPrintInin::mnF01_Click()
+{
+    vRunPrint(1);
+}
+
+void frmPrintInin::mnF02_Click()
+{
+    vRunPrint(0);
+}
+
+void frmPrintInin::mnF12_Click()
+{
+    unload();
+}
+
+void frmPrintInin::btnPrint_Click(std::int16_t Index)
+{
+    switch (Index) {
+    case 0:
+        return mnF01_Click();
+    case 1:
+        return mnF02_Click();
+    case 6:
+        return mnF12_Click();
+    default:
+        return;
+    }
+}
+
+void frmPrintInin::saveCSVInin()
+{
+    writeIninCsv(m_app, aIninRow, iRowCount);
+}
+
+std::vector<std::pair<std::string, Variant>> frmPrintInin::fields() const
+{
+    return {
+        {"csErrMsg", csErrMsg},         {"iRowCount", iRowCount},     {"csTargetDate", csTargetDate},
+        {"iTgtDateKind", iTgtDateKind}, {"iObjectKind", iObjectKind}, {"iDspPeriodKind", iDspPeriodKind},
+        {"iTrustKind", iTrustKind},     {"iHokenIndex", iHokenIndex}, {"iPeriodFromDay", iPeriodFromDay},
+        {"iPeriodToDay", iPeriodToDay}, {"nStaffNo", nStaffNo},       {"nKanjaNo", nKanjaNo},
+        {"iExpireKind", iExpireKind},   {"iPrintKind", iPrintKind},   {"iSyomeiKind", iSyomeiKind},
+    };
+}
+
+std::vector<std::vector<std::string>> frmPrintInin::rows() const
+{
+    const auto counted = static_cast<std::size_t>(std::max<std::int16_t>(iRowCount, 0));
+    std::vector<std::vector<std::string>> texts(std::min(counted, aIninRow.size()));
+    for (std::size_t index = 0; index < texts.size(); ++index)
+        for (const IninField field : kIninFields) texts[index].push_back(aIninRow[index].*field);
+    return texts;
+}
+
+} // namespace inin

@@ -12,7 +12,13 @@
 
 namespace inin {
 
+class LetterReader;
+struct ExtractionQuery;
 struct ExtractionRule;
+struct LastVisitRule;
+struct LetterDates;
+struct StartedSession;
+struct TargetDate;
 
 /// Steps of the screen's load and run that are plugged in from outside the form; one that is not there is left out.
 struct ScreenSteps {
@@ -83,8 +89,20 @@ protected:
     void Form_Unload(std::int16_t &Cancel) override;
 
 private:
+    void setDates();
+    [[nodiscard]] bool connectScreen();
+    [[nodiscard]] bool findLetters();
+    void outputLetters(std::int16_t iPrintMode);
+    void readTargetDate();
+    void readPeriodKind();
     [[nodiscard]] std::int16_t extract(const ExtractionRule &rule);
-    void connectScreen();
+    [[nodiscard]] std::int16_t extractOver(StartedSession &own, const ExtractionRule &rule);
+    [[nodiscard]] ExtractionQuery queryFor(const ExtractionRule &rule, const TargetDate &target) const;
+    [[nodiscard]] LetterDates datesOf(const TargetDate &target) const;
+    [[nodiscard]] std::int16_t readLetters(Recordset &rsData, const ExtractionRule &rule, const LetterDates &dates);
+    [[nodiscard]] bool isLastVisit(LetterReader &reader, const LastVisitRule &rule, const TargetDate &target);
+    [[nodiscard]] std::int32_t lastVisitDay(const LastVisitRule &rule, std::int32_t nRiyoushaNo, std::int32_t nYear,
+                                            std::int32_t nMonth);
 
     App &m_app;
 };

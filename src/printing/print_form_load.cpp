@@ -1,0 +1,82 @@
+#include "data/connection_settings.h"
+#include "printing/print_form.h"
+#include "runtime/conversion.h"
+
+#include <utility>
+
+namespace inin {
+
+namespace {
+
+/// The date that a text of plain digits names, as the date boxes read what the load writes into them.
+Date dateFromDigits(std::int16_t year, std::int16_t month, std::int16_t day, const Regional &regional)
+{
+    return toDate(std::to_string(year) + "/" + std::to_string(month) + "/" + std::to_string(day), regional);
+}
+
+Date firstOfMonth(Date today, const Regional &regional)
+{
+    return dateFromDigits(Year(today), Month(today), 1, regional);
+}
+
+void runIfPlugged(const std::function<void()> &step)
+{
+    if (step) step();
+}
+
+[[nodiscard]] std::int16_t statusOf(const std::function<std::int16_t()> &step)
+{
+    return step ? step() : iGood;
+}
+
+} // namespace
+
+void frmPrintInin::Form_Load()
+{
+    setDates();
+    runIfPlugged(steps.loadInitCorp);
+    runIfPlugged(steps.iLoadPrintSetting);
+    if (!connectScreen()) return;
+    if (statusOf(steps.setStuff) != iGood) {
+        m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");
+        unload();
+        return;
+    }
+    if (statusOf(steps.nGetFutanKingaku) != iGood)
+        m_app.platform.boxes.show("保険区分の取得に失敗しました。", Icon::critical, "初期設定");
+}
+
+/// Today is read anew for each box.
+void frmPrintInin::setDates()
+{
+    Clock &clock = m_app.platform.clock;
+    imD_Out.Value = firstOfMonth(clock.now(), m_app.regional);
+    const Date today = clock.now();
+    imD_LastDay.Value = dateFromDigits(Year(today), Month(today), Day(today), m_app.regional);
+    imSetDateFrom.Value = firstOfMonth(clock.now(), m_app.regional);
+    const Date month = clock.now();
+    imSetDateTo.Value = DateSerial(Year(month), Month(month) + 1, 0);
+    imSyomei.Value = imSetDateFrom.Value;
+}
+
+/// Opens the screen's session. One that could not connect stays in the field, as the unload expects it.
+bool frmPrintInin::connectScreen()
+{
+    StartedSession started = startSession(m_app, "Form_Load() でエラー");
+    const bool isConnected = started.isConnected();
+    session = std::move(started.session);
+    return isConnected;
+}
+
+void frmPrintInin::Form_Unload(std::int16_t & /*Cancel*/)
+{
+    if (session) {
+        static_cast<void>(session->iDisConnect()); // the process ends either way
+        session.reset();
+    }
+    // The argument tells the menu program that it is entered again.
+    m_app.platform.processes.start(m_app.gcsAppPath + "\\Main.exe 2", WindowStyle::normalFocus);
+    m_app.platform.processes.end();
+}
+
+} // namespace inin

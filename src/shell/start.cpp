@@ -1,0 +1,26 @@
+#include "shell/start.h"
+
+#include "printing/print_form.h"
+#include "runtime/runtime_error.h"
+#include "shell/back_form.h"
+
+#include <optional>
+
+namespace inin {
+
+void Main(App &app)
+{
+    // Both forms outlive the handler: the windows that show them still stand behind its box.
+    frmBack background(app);
+    std::optional<frmPrintInin> screen;
+    try {
+        app.platform.windows.show(background, Modality::modeless);
+        screen.emplace(app);
+        app.platform.windows.show(*screen, Modality::modal);
+    } catch (const RuntimeError &) {
+        app.platform.boxes.show("起動できません！", Icon::critical);
+        app.platform.processes.end();
+    }
+}
+
+} // namespace inin

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "printing/letter_dates.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+class LetterReader;
+
+/// The value that is appended right behind a piece of a statement, numbers as plain digits.
+enum class Behind { nothing, iKyotenCd, iKyotenEb, lowerBound, upperBound, nKanjaNo };
+
+/// A statement is one text, appended piece by piece; the pieces carry their own blanks.
+struct SqlPiece {
+    std::string_view text;
+    Behind behind = Behind::nothing;
+};
+
+/// What a statement depends on besides its rule.
+struct ExtractionQuery {
+    std::int16_t iKyotenCd = 0;
+    std::int16_t iKyotenEb = 0;
+    std::int16_t iTrustKind = 0;
+    std::int16_t iPrintKind = 0;
+    std::int32_t nKanjaNo = 0;
+    std::int32_t nStaffNo = 0;
+    std::int16_t iHokenIndex = 0;
+    std::int16_t iExpireKind = 0;
+    VisitBounds bounds;
+};
+
+/// How the day of a patient's last visit in a month is found.
+struct LastVisitRule {
+    const char *procedure;
+    std::span<const SqlPiece> pieces;
+    std::string_view column; ///< the visit, read from the first row
+    VisitBounds (*bounds)(std::int32_t nYear, std::int32_t nMonth, const Regional &regional);
+    std::int32_t (*dayOf)(const Variant &visit, const Regional &regional);
+};
+
+/// In what one extraction differs from the others.
+struct ExtractionRule {
+    const char *procedure;
+    const char *openFailureHeading;
+    std::string_view head;
+    std::string_view singleHead; ///< in place of head where the report kind takes a single letter
+    std::string_view accountPiece;
+    std::string_view from;
+    std::span<const SqlPiece> visitCondition;
+    std::string_view staffColumn;
+    std::string_view openEndedOnly; ///< added while ended patients are left out
+    std::string_view order;
+    VisitBounds (*bounds)(const TargetDate &target, const Regional &regional);
+    const LastVisitRule *lastVisit; ///< only a patient whose last visit is on the target day, nullptr for all
+    std::string (*lastTreatmentDay)(LetterReader &reader, const LetterDates &dates);
+};
+
+extern const ExtractionRule kKanjaDataMonth;
+extern const ExtractionRule kKanjaDataMonth_Jisseki;
+extern const ExtractionRule kKanjaDataDay;
+extern const ExtractionRule kKanjaDataDay_Jisseki;
+extern const ExtractionRule kKanjaDataNoPeriod;
+extern const LastVisitRule kLastScheduleDay;
+extern const LastVisitRule kLastJissekieDay;
+
+[[nodiscard]] std::string extractionSql(const ExtractionRule &rule, const ExtractionQuery &query);
+/// The statement of a day helper; it reads branch, patient and bounds of the query.
+[[nodiscard]] std::string lastVisitSql(const LastVisitRule &rule, const ExtractionQuery &query);
+
+} // namespace inin

@@ -1,0 +1,194 @@
+#include "common/helpers.h"
+#include "printing/extraction.h"
+#include "printing/letter_reader.h"
+#include "runtime/conversion.h"
+
+namespace inin {
+
+namespace {
+
+constexpr const char *kFailureHeading = "iGetKanjaData でエラー";
+constexpr std::string_view kHeadWithNumber =
+    "SELECT HOKENJA.cName as HokenName, RIYOUSHA.cName AS RiyouName, RIYOUSHA.cAdress1 as RiyouAdd, RIYOUSHA.nIDNo, ";
+constexpr std::string_view kAccount = " CORP.iKozaType, CORP.cKozaBangou, CORP.cKozaMeigi1, ";
+constexpr std::string_view kMainStaff = " AND RIYOUSHA.nTantou = ";
+constexpr std::string_view kOrderByMainStaff = " ORDER BY RIYOUSHA.nTantou";
+
+constexpr SqlPiece kLatestPlannedOfMonth[] = {
+    {" AND s1.iKyotenCd = ", Behind::iKyotenCd},
+    {" AND s1.iKyotenEb = ", Behind::iKyotenEb},
+    {" AND s1.nIDRiyoushaNo = RIYOUSHA.nIDNo "},
+    {" AND s1.nDate = (select max(nDate) from SCHEDULE s2 where s1.nIDRiyoushaNo = s2.nIDRiyoushaNo "},
+    {" AND s2.iKyotenCd = ", Behind::iKyotenCd},
+    {" AND s2.iKyotenEb = ", Behind::iKyotenEb},
+    {" AND s2.nDate BETWEEN ", Behind::lowerBound},
+    {" AND ", Behind::upperBound},
+    {")"},
+};
+constexpr SqlPiece kLatestActualOfMonth[] = {
+    {" AND j1.iKyotenCd = ", Behind::iKyotenCd},
+    {" AND j1.iKyotenEb = ", Behind::iKyotenEb},
+    {" AND j1.nRiyoushaIDNo = RIYOUSHA.nIDNo "},
+    {" AND j1.tServicyDayStart = (select max(tServicyDayStart) from JISSEKI j2 where j1.nRiyoushaIDNo = "
+     "j2.nRiyoushaIDNo "},
+    {" AND j2.iKyotenCd = ", Behind::iKyotenCd},
+    {" AND j2.iKyotenEb = ", Behind::iKyotenEb},
+    {" AND j2.tServicyDayStart >=  '", Behind::lowerBound},
+    {"' "},
+    {" AND j2.tServicyDayStart <  '", Behind::upperBound},
+    {"') "},
+};
+constexpr SqlPiece kPlannedOnDay[] = {
+    {" AND SCHEDULE.iKyotenCd = ", Behind::iKyotenCd},
+    {" AND SCHEDULE.iKyotenEb = ", Behind::iKyotenEb},
+    {" AND SCHEDULE.nIDRiyoushaNo = RIYOUSHA.nIDNo "},
+    {" AND SCHEDULE.nDate = ", Behind::lowerBound},
+};
+constexpr SqlPiece kActualOnDay[] = {
+    {" AND JISSEKI.iKyotenCd = ", Behind::iKyotenCd},
+    {" AND JISSEKI.iKyotenEb = ", Behind::iKyotenEb},
+    {" AND JISSEKI.nRiyoushaIDNo = RIYOUSHA.nIDNo "},
+    {" AND JISSEKI.tServicyDayStart >= '", Behind::lowerBound},
+    {"' "},
+    {" AND JISSEKI.tServicyDayStart < '", Behind::upperBound},
+    {"' "},
+};
+/// Ended patients stay away whatever the screen's check box says.
+constexpr SqlPiece kNotEnded[] = {{" AND RIYOUSHA.tExpireDay IS NULL  "}};
+
+constexpr SqlPiece kScheduleOfPatient[] = {
+    {"SELECT * FROM SCHEDULE "},
+    {" WHERE "},
+    {"     iKyotenCd = ", Behind::iKyotenCd},
+    {" AND iKyotenEb = ", Behind::iKyotenEb},
+    {" AND nIDRiyoushaNo = ", Behind::nKanjaNo},
+    {" AND nDate BETWEEN ", Behind::lowerBound},
+    {" AND ", Behind::upperBound},
+    {" ORDER BY nDate DESC"},
+};
+constexpr SqlPiece kJissekiOfPatient[] = {
+    {"SELECT * FROM JISSEKI "},
+    {" WHERE "},
+    {"     iKyotenCd = ", Behind::iKyotenCd},
+    {" AND iKyotenEb = ", Behind::iKyotenEb},
+    {" AND nRiyoushaIDNo = ", Behind::nKanjaNo},
+    {" AND tServicyDayStart >= '", Behind::lowerBound},
+    {"' "},
+    {" AND tServicyDayStart < '", Behind::upperBound},
+    {"' "},
+    {" ORDER BY tServicyDayStart DESC"},
+};
+
+std::int32_t dayOfNumber(const Variant &nDate, const Regional &regional)
+{
+    return nNullToLong(nDate, regional) % 100;
+}
+
+std::int32_t dayOfText(const Variant &tServicyDayStart, const Regional &regional)
+{
+    return Day(toDate(csNullToStr(tServicyDayStart, regional), regional));
+}
+
+} // namespace
+
+const LastVisitRule kLastScheduleDay{
+    .procedure = "getLastScheduleDay",
+    .pieces = kScheduleOfPatient,
+    .column = "nDate",
+    .bounds = &scheduleMonthFromZero,
+    .dayOf = &dayOfNumber,
+};
+
+const LastVisitRule kLastJissekieDay{
+    .procedure = "getLastJissekieDay",
+    .pieces = kJissekiOfPatient,
+    .column = "tServicyDayStart",
+    .bounds = &jissekiMonthByDates,
+    .dayOf = &dayOfText,
+};
+
+const ExtractionRule kKanjaDataMonth{
+    .procedure = "iGetKanjaDataMonth",
+    .openFailureHeading = kFailureHeading,
+    .head = "SELECT HOKENJA.cName as HokenName, RIYOUSHA.cName AS RiyouName, RIYOUSHA.cAdress1 as RiyouAdd, "
+            " s1.nDate, ",
+    .singleHead = {},
+    .accountPiece = " CORP.iKozaType, CORP.cKozaBangou, CORP.cKozaMeigi1, s1.nDate, ",
+    .from = " FROM HOKENJA, SCHEDULE s1, RIYOUSHA ",
+    .visitCondition = kLatestPlannedOfMonth,
+    .staffColumn = kMainStaff,
+    .openEndedOnly = " AND RIYOUSHA.tExpireday is NULL",
+    .order = kOrderByMainStaff,
+    .bounds = &scheduleMonth,
+    .lastVisit = nullptr,
+    .lastTreatmentDay = &lastDayOfSchedule,
+};
+
+const ExtractionRule kKanjaDataMonth_Jisseki{
+    .procedure = "iGetKanjaDataMonth_Jisseki",
+    .openFailureHeading = kFailureHeading,
+    .head = "SELECT HOKENJA.cName as HokenName,RIYOUSHA.nIDNo, RIYOUSHA.cName AS RiyouName, RIYOUSHA.cAdress1 as "
+            "RiyouAdd, "
+            " j1.tServicyDayStart, ",
+    .singleHead = {},
+    .accountPiece = " CORP.iKozaType, CORP.cKozaBangou, CORP.cKozaMeigi1, j1.tServicyDayStart, ",
+    .from = " FROM  HOKENJA, JISSEKI j1, RIYOUSHA ",
+    .visitCondition = kLatestActualOfMonth,
+    .staffColumn = kMainStaff,
+    .openEndedOnly = {},
+    .order = kOrderByMainStaff,
+    .bounds = &jissekiMonth,
+    .lastVisit = nullptr,
+    .lastTreatmentDay = &lastDayOfJisseki,
+};
+
+const ExtractionRule kKanjaDataDay{
+    .procedure = "iGetKanjaDataDay",
+    .openFailureHeading = kFailureHeading,
+    .head = kHeadWithNumber,
+    .singleHead = {},
+    .accountPiece = kAccount,
+    .from = " FROM HOKENJA, SCHEDULE, RIYOUSHA ",
+    .visitCondition = kPlannedOnDay,
+    .staffColumn = " AND SCHEDULE.nIDStaffNo = ",
+    .openEndedOnly = {},
+    .order = " ORDER BY SCHEDULE.nIDStaffNo",
+    .bounds = &scheduleDay,
+    .lastVisit = &kLastScheduleDay,
+    .lastTreatmentDay = &targetDay,
+};
+
+const ExtractionRule kKanjaDataDay_Jisseki{
+    .procedure = "iGetKanjaDataDay_Jisseki",
+    .openFailureHeading = "iGetKanjaDataDay_Jisseki でエラー",
+    .head = kHeadWithNumber,
+    .singleHead = {},
+    .accountPiece = kAccount,
+    .from = " FROM HOKENJA, JISSEKI, RIYOUSHA ",
+    .visitCondition = kActualOnDay,
+    .staffColumn = " AND JISSEKI.nStaffIDNo = ",
+    .openEndedOnly = {},
+    .order = " ORDER BY JISSEKI.nStaffIDNo",
+    .bounds = &jissekiDay,
+    .lastVisit = &kLastJissekieDay,
+    .lastTreatmentDay = &targetDay,
+};
+
+const ExtractionRule kKanjaDataNoPeriod{
+    .procedure = "iGetKanjaDataNoPeriod",
+    .openFailureHeading = kFailureHeading,
+    .head = kHeadWithNumber,
+    .singleHead = "SELECT TOP 1 HOKENJA.cName as HokenName, RIYOUSHA.cName AS RiyouName, RIYOUSHA.cAdress1 as "
+                  "RiyouAdd, RIYOUSHA.nIDNo, ",
+    .accountPiece = kAccount,
+    .from = " FROM HOKENJA, RIYOUSHA ",
+    .visitCondition = kNotEnded,
+    .staffColumn = kMainStaff,
+    .openEndedOnly = {},
+    .order = kOrderByMainStaff,
+    .bounds = &noBounds,
+    .lastVisit = nullptr,
+    .lastTreatmentDay = &endOfPeriod,
+};
+
+} // namespace inin

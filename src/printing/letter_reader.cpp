@@ -1,0 +1,102 @@
+#include "printing/letter_reader.h"
+
+#include "common/helpers.h"
+#include "runtime/conversion.h"
+#include "runtime/format.h"
+
+namespace inin {
+
+namespace {
+
+/// By Column.
+constexpr std::string_view kColumnNames[] = {
+    "nIDNo",         "HokenName",   "RiyouName",     "RiyouAdd",      "CorpName",         "CorpAdd",
+    "cDaihyo",       "cTelNo",      "cKinyuName",    "iKinSyubetsu",  "cKinyuSiten",      "iKinSiten",
+    "iKozaType",     "cKozaBangou", "cKozaMeigi1",   "nDate",         "tServicyDayStart", "cSubAddress",
+    "HOKENSHUBETSU", "cSetaiName",  "RiyouSetaiTel", "cSetaiAdress1",
+};
+static_assert(std::size(kColumnNames) == static_cast<std::size_t>(Column::count));
+
+struct PlainText {
+    IninField field;
+    Column column;
+};
+constexpr PlainText kBeforeBank[] = {
+    {&IninRow::保険者名, Column::HokenName},  {&IninRow::利用者氏名, Column::RiyouName},
+    {&IninRow::利用者住所, Column::RiyouAdd}, {&IninRow::会社名称, Column::CorpName},
+    {&IninRow::会社住所, Column::CorpAdd},    {&IninRow::代表者名, Column::cDaihyo},
+    {&IninRow::会社電話番号, Column::cTelNo},
+};
+constexpr PlainText kBehindLastDay[] = {
+    {&IninRow::保険者地区名, Column::cSubAddress}, {&IninRow::保険種別, Column::HOKENSHUBETSU},
+    {&IninRow::世帯主名, Column::cSetaiName},      {&IninRow::世帯主電話, Column::RiyouSetaiTel},
+    {&IninRow::世帯主住所, Column::cSetaiAdress1},
+};
+
+} // namespace
+
+Variant LetterReader::value(Column column)
+{
+    const auto index = static_cast<std::size_t>(column);
+    if (!m_places[index]) m_places[index] = m_rsData.fieldIndex(kColumnNames[index]);
+    return m_rsData.Value(*m_places[index]);
+}
+
+std::string LetterReader::text(Column column)
+{
+    return csNullToStr(value(column), m_regional);
+}
+
+std::int32_t LetterReader::number(Column column)
+{
+    return nNullToLong(value(column), m_regional);
+}
+
+void LetterReader::fill(IninRow &letter, const ExtractionRule &rule, const LetterDates &dates)
+{
+    letter.対象開始日 = dates.periodStart;
+    letter.対象終了日 = dates.periodEnd;
+    for (const PlainText &plain : kBeforeBank) letter.*plain.field = text(plain.column);
+    fillBank(letter);
+    letter.口座番号 = accountLine(number(Column::iKozaType), text(Column::cKozaBangou));
+    letter.口座名義 = text(Column::cKozaMeigi1);
+    letter.最終施術日 = rule.lastTreatmentDay(*this, dates);
+    for (const PlainText &plain : kBehindLastDay) letter.*plain.field = text(plain.column);
+    letter.署名日 = dates.signature;
+}
+
+void LetterReader::fillBank(IninRow &letter)
+{
+    const std::string cKinyuName = text(Column::cKinyuName);
+    const std::int16_t iKinSyubetsu = narrow(number(Column::iKinSyubetsu));
+    const std::string cKinyuSiten = text(Column::cKinyuSiten);
+    const std::int16_t iKinSiten = narrow(number(Column::iKinSiten));
+    letter.金融機関名 = bankLine(cKinyuName, iKinSyubetsu, cKinyuSiten, iKinSiten);
+    letter.金融機関名２ = secondBankLine(letter.金融機関名, cKinyuName, cKinyuSiten);
+}
+
+std::string lastDayOfSchedule(LetterReader &reader, const LetterDates &dates)
+{
+    const std::int32_t day = reader.number(Column::nDate) % 100;
+    return dateText(DateSerial(dates.target.year, dates.target.month, day), reader.regional());
+}
+
+/// A two-digit year, unlike every other date of the letter.
+std::string lastDayOfJisseki(LetterReader &reader, const LetterDates & /*dates*/)
+{
+    const std::string visit = reader.text(Column::tServicyDayStart);
+    return visit.empty() ? visit : formatText(visit, "yy/MM/dd", reader.regional());
+}
+
+std::string targetDay(LetterReader & /*reader*/, const LetterDates &dates)
+{
+    return dates.target.text;
+}
+
+/// This extraction knows no visit.
+std::string endOfPeriod(LetterReader & /*reader*/, const LetterDates &dates)
+{
+    return dates.periodEnd;
+}
+
+} // namespace inin

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/database.h"
+#include "printing/extraction.h"
+#include "printing/letter_row.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace inin {
+
+/// Columns of an extraction that are read, in the order in which a letter needs them.
+enum class Column : std::size_t {
+    nIDNo,
+    HokenName,
+    RiyouName,
+    RiyouAdd,
+    CorpName,
+    CorpAdd,
+    cDaihyo,
+    cTelNo,
+    cKinyuName,
+    iKinSyubetsu,
+    cKinyuSiten,
+    iKinSiten,
+    iKozaType,
+    cKozaBangou,
+    cKozaMeigi1,
+    nDate,
+    tServicyDayStart,
+    cSubAddress,
+    HOKENSHUBETSU,
+    cSetaiName,
+    RiyouSetaiTel,
+    cSetaiAdress1,
+    count
+};
+
+/// Reads the current row of an extraction. A column's place is looked up when it is first read, so an empty result
+/// never misses a column.
+class LetterReader {
+public:
+    LetterReader(const Recordset &rsData, const Regional &regional) : m_rsData(rsData), m_regional(regional) {}
+
+    [[nodiscard]] std::string text(Column column);
+    [[nodiscard]] std::int32_t number(Column column);
+    [[nodiscard]] const Regional &regional() const { return m_regional; }
+
+    /// Fills the letter's fields one after the other; those before a failing one stay filled.
+    void fill(IninRow &letter, const ExtractionRule &rule, const LetterDates &dates);
+
+private:
+    [[nodiscard]] Variant value(Column column);
+    void fillBank(IninRow &letter);
+
+    const Recordset &m_rsData;
+    const Regional &m_regional;
+    std::array<std::optional<std::size_t>, static_cast<std::size_t>(Column::count)> m_places;
+};
+
+// The last treatment day, by extraction.
+[[nodiscard]] std::string lastDayOfSchedule(LetterReader &reader, const LetterDates &dates);
+[[nodiscard]] std::string lastDayOfJisseki(LetterReader &reader, const LetterDates &dates);
+[[nodiscard]] std::string targetDay(LetterReader &reader, const LetterDates &dates);
+[[nodiscard]] std::string endOfPeriod(LetterReader &reader, const LetterDates &dates);
+
+} // namespace inin
