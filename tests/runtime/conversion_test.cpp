@@ -1,0 +1,169 @@
+#include "runtime/conversion.h"
+
+#include "runtime/errors.h"
+
+#include <doctest/doctest.h>
+
+#include <limits>
+#include <ostream>
+#include <string_view>
+
+namespace inin {
+namespace {
+
+const Regional kRegional;
+
+TEST_CASE("halves round to the even neighbour")
+{
+    struct Row {
+        double value;
+        std::int16_t expected;
+    };
+    const Row rows[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},  {3.5, 4},       {-0.5, 0},
+                        {-1.5, -2}, {-2.5, -2}, {2.51, 3}, {2.4999999, 2}, {-2.51, -3}};
+    for (const Row &row : rows) {
+        CAPTURE(row.value);
+        CHECK(toInteger(row.value) == row.expected);
+        CHECK(toLong(row.value) == row.expected);
+    }
+}
+
+TEST_CASE("a whole number beyond 16 or 32 bits overflows after rounding")
+{
+    CHECK(toInteger(32767.4) == 32767);
+    CHECK(errorOf([] { return toInteger(32767.5); }) == 6);
+    CHECK(toInteger(-32768.5) == -32768);
+    CHECK(errorOf([] { return toInteger(-32769.0); }) == 6);
+    CHECK(toLong(2147483647.4) == 2147483647);
+    CHECK(errorOf([] { return toLong(2147483648.0); }) == 6);
+    CHECK(toLong(-2147483648.5) == std::numeric_limits<std::int32_t>::min());
+    CHECK(errorOf([] { return toLong(-2147483649.0); }) == 6);
+}
+
+TEST_CASE("an endless number and no number overflow")
+{
+    CHECK(errorOf([] { return toLong(std::numeric_limits<double>::infinity()); }) == 6);
+    CHECK(errorOf([] { return toLong(std::numeric_limits<double>::quiet_NaN()); }) == 6);
+}
+
+TEST_CASE("narrowing keeps 16 bits and refuses more")
+{
+    CHECK(narrow(32767) == 32767);
+    CHECK(narrow(-32768) == -32768);
+    CHECK(errorOf([] { return narrow(32768); }) == 6);
+    CHECK(errorOf([] { return narrow(-32769); }) == 6);
+}
+
+TEST_CASE("Null where a value is due is error 94")
+{
+    const Variant null(Null{});
+    CHECK(errorOf([&] { return toInteger(null, kRegional); }) == 94);
+    CHECK(errorOf([&] { return toLong(null, kRegional); }) == 94);
+    CHECK(errorOf([&] { return toDouble(null, kRegional); }) == 94);
+    CHECK(errorOf([&] { return toText(null, kRegional); }) == 94);
+    CHECK(errorOf([&] { return toDate(null, kRegional); }) == 94);
+}
+
+TEST_CASE("bytes convert to nothing else")
+{
+    const Variant bytes(Binary{std::byte{1}});
+    CHECK(errorOf([&] { return toInteger(bytes, kRegional); }) == 13);
+    CHECK(errorOf([&] { return toLong(bytes, kRegional); }) == 13);
+    CHECK(errorOf([&] { return toDouble(bytes, kRegional); }) == 13);
+    CHECK(errorOf([&] { return toText(bytes, kRegional); }) == 13);
+    CHECK(errorOf([&] { return toDate(bytes, kRegional); }) == 13);
+}
+
+TEST_CASE("an Empty counts as 0, as the empty text and as the zero day")
+{
+    CHECK(toInteger(Variant(), kRegional) == 0);
+    CHECK(toLong(Variant(), kRegional) == 0);
+    CHECK(toDouble(Variant(), kRegional) == 0);
+    CHECK(toText(Variant(), kRegional).empty());
+    CHECK(toDate(Variant(), kRegional) == Date(0));
+}
+
+TEST_CASE("a date converts to a number by its days")
+{
+    CHECK(toLong(Variant(Date(45413.25)), kRegional) == 45413);
+    CHECK(toDouble(Variant(Date(45413.25)), kRegional) == 45413.25);
+    CHECK(errorOf([] { return toInteger(Variant(Date(45413)), kRegional); }) == 6);
+    CHECK(toInteger(Variant(Date(-1.5)), kRegional) == -2);
+}
+
+TEST_CASE("a number converts to the date of its days, within the years 100 to 9999")
+{
+    CHECK(toDate(Variant(45413), kRegional) == Date(45413));
+    CHECK(toDate(Variant(-657434.5), kRegional) == Date(-657434.5));
+    CHECK(errorOf([] { return toDate(Variant(2958466), kRegional); }) == 6);
+    CHECK(errorOf([] { return toDate(Variant(-657435), kRegional); }) == 6);
+}
+
+TEST_CASE("values have the runtime's default text")
+{
+    struct Row {
+        Variant value;
+        std::string_view text;
+    };
+    const Row rows[] = {
+        {std::int16_t{-32768}, "-32768"},
+        {2147483647, "2147483647"},
+        {0, "0"},
+        {-7, "-7"},
+        {0.1, "0.1"},
+        {-0.0, "0"},
+        {1234567.5, "1234567.5"},
+        {0.0001, "0.0001"},
+        {0.00001, "1E-05"},
+        {999999999999999.0, "999999999999999"},
+        {1e15, "1E+15"},
+        {-1.25e100, "-1.25E+100"},
+        {" 委任状 ", " 委任状 "},
+        {Date(45413), "2024/05/01"},
+        {Date(45413.25), "2024/05/01 6:00:00"},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.text);
+        CHECK(toText(row.value, kRegional) == row.text);
+    }
+}
+
+TEST_CASE("a number without end or value still has a text")
+{
+    CHECK(numberText(std::numeric_limits<double>::infinity()) == "1.#INF");
+    CHECK(numberText(-std::numeric_limits<double>::infinity()) == "-1.#INF");
+    CHECK(numberText(std::numeric_limits<double>::quiet_NaN()) == "1.#QNAN");
+}
+
+TEST_CASE("the default text of a date follows the short-date form")
+{
+    struct Row {
+        std::string_view shortDate;
+        std::string_view text;
+    };
+    const Row rows[] = {
+        {"yyyy/MM/dd", "2024/05/01 9:03:07"},           {"yy/MM/dd", "24/05/01 9:03:07"},
+        {"dd/MM/yyyy", "01/05/2024 9:03:07"},           {"M/d/yyyy", "5/1/2024 9:03:07"},
+        {"yyyy-MM-dd", "2024-05-01 9:03:07"},           {"d.M.yyyy", "1.5.2024 9:03:07"},
+        {"yyyy'年'M'月'd'日'", "2024年5月1日 9:03:07"}, {"yyyy年M月d日", "2024年5月1日 9:03:07"},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.shortDate);
+        CHECK(dateText(dateOf({2024, 5, 1, 9, 3, 7}), Regional{std::string(row.shortDate)}) == row.text);
+    }
+}
+
+TEST_CASE("the zero day is written by its time alone")
+{
+    CHECK(dateText(Date(0), kRegional) == "0:00:00");
+    CHECK(dateText(Date(0.5), kRegional) == "12:00:00");
+    CHECK(dateText(Date(-0.5), kRegional) == "12:00:00");
+}
+
+TEST_CASE("a date that no calendar has is an invalid call as text")
+{
+    CHECK(errorOf([] { return toText(Variant(Date(1e10)), kRegional); }) == 5);
+}
+
+} // namespace
+} // namespace inin

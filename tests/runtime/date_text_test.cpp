@@ -1,0 +1,178 @@
+#include "runtime/conversion.h"
+#include "runtime/errors.h"
+
+#include <doctest/doctest.h>
+
+#include <ostream>
+#include <string_view>
+
+namespace inin {
+namespace {
+
+const Regional kRegional;
+
+Date read(std::string_view text, const Regional &regional = kRegional)
+{
+    return toDate(Variant(text), regional);
+}
+
+TEST_CASE("a date is read with any of the customary separators")
+{
+    for (const std::string_view text :
+         {"2024/5/1", "2024-05-01", "2024 5 1", "2024/5-1", "2024 / 5 / 1", "　2024/05/01　", "2024年5月1日",
+          "2024年05月01日", "2024年 5月 1日", "5月 1, 2024", "2024年5月", "2024/5"}) {
+        CAPTURE(text);
+        CHECK(read(text) == dateOf({2024, 5, 1}));
+    }
+}
+
+TEST_CASE("a text that is no date is a type mismatch")
+{
+    for (const std::string_view text : {"",
+                                        " ",
+                                        "x",
+                                        "1",
+                                        "45413",
+                                        "240501",
+                                        "5/1",
+                                        "2024",
+                                        "2024//5/1",
+                                        "/2024/5/1",
+                                        "2024/5/1/",
+                                        "2024/5/1/2",
+                                        "2024.5.1",
+                                        "2024,5,1",
+                                        "2024/2/30",
+                                        "2023/2/29",
+                                        "2024/0/1",
+                                        "2024/1/0",
+                                        "2024/5/32",
+                                        "10000/1/1",
+                                        "02024/5/1",
+                                        "2024/5/1x",
+                                        "2024/5/1(水)",
+                                        "２０２４/5/1",
+                                        "令和6年5月1日",
+                                        "2024月5年1日",
+                                        "\xFF/1/1"}) {
+        CAPTURE(text);
+        CHECK(errorOf([&] { return read(text); }) == 13);
+    }
+}
+
+TEST_CASE("a time is read alone, behind and before a date, with and without seconds")
+{
+    struct Row {
+        std::string_view text;
+        DateParts expected;
+    };
+    const Row rows[] = {
+        {"9:30", {1899, 12, 30, 9, 30, 0}},
+        {"9:30:15", {1899, 12, 30, 9, 30, 15}},
+        {"0:0:0", {1899, 12, 30, 0, 0, 0}},
+        {"2024/5/1 9:3", {2024, 5, 1, 9, 3, 0}},
+        {"2024/5/1　23:59:59", {2024, 5, 1, 23, 59, 59}},
+        {"9:30 2024/5/1", {2024, 5, 1, 9, 30, 0}},
+        {"2024年5月1日9:30", {2024, 5, 1, 9, 30, 0}},
+        {"1899/12/29 6:00", {1899, 12, 29, 6, 0, 0}},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.text);
+        CHECK(read(row.text) == dateOf(row.expected));
+    }
+}
+
+TEST_CASE("the half of the day is read from English and Japanese words")
+{
+    struct Row {
+        std::string_view text;
+        std::int32_t hour;
+    };
+    const Row rows[] = {{"9:00 AM", 9},    {"9:00PM", 21},  {"9:00 pm", 21},  {"午前 9:00", 9}, {"午後9:00", 21},
+                        {"9:00 午後", 21}, {"12:00 AM", 0}, {"12:00 PM", 12}, {"9 PM", 21},     {"13:00 PM", 13}};
+    for (const Row &row : rows) {
+        CAPTURE(row.text);
+        CHECK(read(row.text) == dateOf({1899, 12, 30, row.hour, 0, 0}));
+    }
+}
+
+TEST_CASE("a text that is no time is a type mismatch")
+{
+    for (const std::string_view text :
+         {"24:00", "9:60", "9:30:60", "9:", ":30", "9:30:", "9:30:15.5", "9:30 9:30", "AM", "午前", "13:00 AM",
+          "9:30 AM PM", "2024/5/1 PM 3", "9:300", "100:00", "2024/5/1 AM", "2024/5/9:30", "2024/5/1/9:30"}) {
+        CAPTURE(text);
+        CHECK(errorOf([&] { return read(text); }) == 13);
+    }
+}
+
+TEST_CASE("the order of the short date is tried first and the others after it")
+{
+    struct Row {
+        std::string_view shortDate;
+        std::string_view text;
+        DateParts expected;
+    };
+    const Row rows[] = {
+        {"yyyy/MM/dd", "1/2/3", {2001, 2, 3}},      {"dd/MM/yyyy", "1/2/3", {2003, 2, 1}},
+        {"M/d/yyyy", "1/2/3", {2003, 1, 2}},        {"yyyy/MM/dd", "2024/13/1", {2024, 1, 13}},
+        {"yyyy/MM/dd", "5/1/2024", {2024, 5, 1}},   {"yyyy/MM/dd", "13/1/2024", {2024, 1, 13}},
+        {"dd/MM/yyyy", "5/1/2024", {2024, 1, 5}},   {"dd/MM/yyyy", "5/13/2024", {2024, 5, 13}},
+        {"dd/MM/yyyy", "2024/5/1", {2024, 5, 1}},   {"M/d/yyyy", "13/5/24", {2024, 5, 13}},
+        {"M/d/yyyy", "2024-05-01", {2024, 5, 1}},   {"yyyy/dd/MM", "2024/1/5", {2024, 5, 1}},
+        {"yyyy/MM/dd", "31/12/99", {1999, 12, 31}}, {"dd.MM.yyyy", "01.05.2024", {2024, 5, 1}},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.shortDate);
+        CAPTURE(row.text);
+        CHECK(read(row.text, Regional{std::string(row.shortDate)}) == dateOf(row.expected));
+    }
+}
+
+TEST_CASE("a NUL ends the text of a date")
+{
+    CHECK(read(std::string_view("2024/5/1\0/9", 11)) == dateOf({2024, 5, 1}));
+}
+
+TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives its text in a form with the whole year")
+{
+    for (const std::string_view shortDate : {"yyyy/MM/dd", "dd/MM/yyyy", "M/d/yyyy"}) {
+        const Regional regional{std::string(shortDate)};
+        for (double day = 0; day <= 73415; ++day)
+            if (read(dateText(Date(day), regional), regional) != Date(day)) FAIL_CHECK(shortDate << " loses " << day);
+    }
+    CHECK(dateText(Date(73415), kRegional) == "2100/12/31");
+}
+
+TEST_CASE("every day from 1930 to 2029 survives its text in a form with two digits of the year")
+{
+    const Regional regional{"yy/MM/dd"};
+    for (double day = 10959; day <= 47483; ++day)
+        if (read(dateText(Date(day), regional), regional) != Date(day)) FAIL_CHECK(day);
+    CHECK(dateText(Date(10959), kRegional) == "1930/01/01");
+    CHECK(dateText(Date(47483), kRegional) == "2029/12/31");
+}
+
+TEST_CASE("a day outside 1930 to 2029 comes back from two digits of the year in that century")
+{
+    const Regional regional{"yy/MM/dd"};
+    for (double day = 1; day < 10959; ++day) {
+        const Date date(day);
+        if (Month(date) == 2 && Day(date) == 29) continue;
+        const std::int32_t year = Year(date) < 1900 ? 1999 : Year(date) + 100;
+        const Date expected = dateOf({year, Month(date), Day(date)});
+        if (read(dateText(date, regional), regional) != expected) FAIL_CHECK(day);
+    }
+}
+
+TEST_CASE("every quarter of an hour survives its text, before the zero day too")
+{
+    for (const double day : {45413.0, 0.0, -1.0, -657434.0})
+        for (int quarter = 0; quarter < 96; ++quarter) {
+            const Date date(day < 0 ? day - quarter / 96.0 : day + quarter / 96.0);
+            if (read(dateText(date, kRegional)) != date) FAIL_CHECK(day << " quarter " << quarter);
+        }
+}
+
+} // namespace
+} // namespace inin

@@ -1,0 +1,130 @@
+#include "runtime/conversion.h"
+#include "runtime/errors.h"
+
+#include <doctest/doctest.h>
+
+#include <limits>
+#include <ostream>
+#include <string_view>
+
+namespace inin {
+namespace {
+
+const Regional kRegional;
+
+TEST_CASE("a text is a number with blanks, sign, commas, point, exponent or parentheses")
+{
+    struct Row {
+        std::string_view text;
+        double value;
+    };
+    const Row rows[] = {
+        {"0", 0},
+        {"12", 12},
+        {"\t 12 \r\n", 12},
+        {"　12　", 12},
+        {"-12", -12},
+        {"+12", 12},
+        {"12-", -12},
+        {"(12)", -12},
+        {" ( 12 ) ", -12},
+        {"1,234,567.5", 1234567.5},
+        {"1.5E3", 1500},
+        {"1.5e-3", 0.0015},
+        {"2d2", 200},
+        {".5", 0.5},
+        {"5.", 5},
+        {"1e-400", 0},
+        {"0.0000000000001", 1e-13},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.text);
+        CHECK(numberFromText(row.text) == row.value);
+    }
+}
+
+TEST_CASE("a text of another form is a type mismatch")
+{
+    for (const std::string_view text :
+         {"",      " ",   "+",   "-",   ".",   ",",   "e3",    "1e",   "1e+",        "a",        "12a", "1 2",
+          "1.2.3", "--1", "1--", "-1-", "(1",  "1)",  "((1))", ")1(",  "１２",       "¥12",      "12%", "0x10",
+          "NaN",   "inf", "&",   "&H",  "&HG", "&O8", "&X1",   "-&H1", "2024/05/01", "\xE3\x80", "\xFF"}) {
+        CAPTURE(text);
+        CHECK(errorOf([&] { return numberFromText(text); }) == 13);
+    }
+}
+
+TEST_CASE("a number beyond a double overflows, whichever way it is written")
+{
+    for (const std::string &text : {std::string("1e309"), std::string("-1e309"), "1" + std::string(400, '0'),
+                                    std::string("1e999999999999999999"), std::string("1.7976931348623159e308")}) {
+        CAPTURE(text);
+        CHECK(errorOf([&] { return numberFromText(text); }) == 6);
+    }
+}
+
+TEST_CASE("a number too small for a double is 0")
+{
+    for (const std::string &text : {std::string("1e-999"), "0." + std::string(400, '0') + "1",
+                                    std::string("1e-999999999999999999"), std::string("0e99999")}) {
+        CAPTURE(text);
+        CHECK(numberFromText(text) == 0);
+    }
+}
+
+TEST_CASE("a text counts with 15 digits")
+{
+    CHECK(numberFromText("0.49999999999999994") == 0.5);
+    CHECK(numberFromText("12345678901234567") == 12345678901234600.0);
+    CHECK(numberFromText("123456789012345") == 123456789012345.0);
+}
+
+TEST_CASE("a NUL ends the text of a number")
+{
+    CHECK(numberFromText(std::string_view("12\0xyz", 6)) == 12);
+    CHECK(errorOf([] {
+              return numberFromText(std::string_view("\0"
+                                                     "12",
+                                                     3));
+          }) == 13);
+}
+
+TEST_CASE("an &H or &O text is the bit pattern of the type that is due")
+{
+    CHECK(toInteger(Variant("&H7FFF"), kRegional) == 32767);
+    CHECK(toInteger(Variant("&hffff"), kRegional) == -1);
+    CHECK(toLong(Variant("&HFFFF"), kRegional) == 65535);
+    CHECK(toLong(Variant("&H80000000"), kRegional) == std::numeric_limits<std::int32_t>::min());
+    CHECK(toLong(Variant("&O17"), kRegional) == 15);
+    CHECK(toDouble(Variant("&H7FFFFFFF"), kRegional) == 2147483647.0);
+}
+
+TEST_CASE("an &H text with more bits than the type overflows")
+{
+    CHECK(errorOf([] { return toInteger(Variant("&H10000"), kRegional); }) == 6);
+    CHECK(errorOf([] { return toLong(Variant("&H100000000"), kRegional); }) == 6);
+    CHECK(errorOf([] { return toDouble(Variant("&H80000000"), kRegional); }) == 6);
+}
+
+TEST_CASE("numbers, Empty and texts that are numbers are numeric")
+{
+    CHECK(isNumeric(Variant()));
+    CHECK(isNumeric(Variant(std::int16_t{1})));
+    CHECK(isNumeric(Variant(1)));
+    CHECK(isNumeric(Variant(1.5)));
+    CHECK(isNumeric(Variant(" 1,000 ")));
+    CHECK(isNumeric(Variant("&HFF")));
+}
+
+TEST_CASE("Null, dates, bytes and other texts are not numeric")
+{
+    CHECK_FALSE(isNumeric(Variant(Null{})));
+    CHECK_FALSE(isNumeric(Variant(Date(1))));
+    CHECK_FALSE(isNumeric(Variant(Binary{})));
+    CHECK_FALSE(isNumeric(Variant("")));
+    CHECK_FALSE(isNumeric(Variant("1e400")));
+    CHECK_FALSE(isNumeric(Variant("2024/05/01")));
+}
+
+} // namespace
+} // namespace inin
