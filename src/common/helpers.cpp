@@ -5,6 +5,7 @@
 #include "runtime/text.h"
 
 #include <algorithm>
+#include <compare>
 
 namespace inin {
 
@@ -41,13 +42,13 @@ std::partial_ordering compare(const Variant &a, const Variant &b, const Regional
 Variant vMin(const Variant &a, const Variant &b, const Regional &regional)
 {
     if (a.isNull() || b.isNull()) return a;
-    return compare(b, a, regional) < 0 ? b : a;
+    return std::is_lt(compare(b, a, regional)) ? b : a;
 }
 
 Variant vMax(const Variant &a, const Variant &b, const Regional &regional)
 {
     if (a.isNull() || b.isNull()) return a;
-    return compare(b, a, regional) > 0 ? b : a;
+    return std::is_gt(compare(b, a, regional)) ? b : a;
 }
 
 std::string csNullToStr(const Variant &value, const Regional &regional)

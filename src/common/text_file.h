@@ -29,6 +29,7 @@ public:
     [[nodiscard]] bool readLine(std::string &line);
 
 private:
+    void skipLineEnd();
     bool fill();
 
     Locale &m_locale;

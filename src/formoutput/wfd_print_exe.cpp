@@ -2,13 +2,12 @@
 
 #include "common/text_file.h"
 #include "runtime/conversion.h"
-#include "runtime/text.h"
 #include "shell/error_box.h"
 #include "shell/settings.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
+#include <utility>
 
 namespace inin {
 
@@ -17,83 +16,12 @@ namespace {
 constexpr std::int16_t kGood = 0;
 constexpr std::int16_t kFailed = -1;
 
-constexpr std::int16_t kShow = 0;
-constexpr std::int16_t kPrint = 1;
-constexpr std::int16_t kPrintByDialog = 2;
-
-constexpr std::int16_t kDefaultPaper = 0;
-constexpr std::int16_t kRepeatLine = -1;
-
 constexpr const char *kViewer = "wfrfv10.exe";
 constexpr const char *kMerger = "wfrimg10.exe";
 constexpr const char *kScript = "WfdCom.dat";
 constexpr const char *kMergedForm = "tmp.wfd";
 /// Fixed text: the preview window finds the script by the current folder, whatever the settings name.
 constexpr const char *kPreviewWindowCommand = "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat";
-
-/// The numeric settings, in their order in the script; a setting at rest writes no line.
-struct NumberLine {
-    const char *command;
-    std::int32_t (*value)(const WfdReport &);
-    bool (*isDue)(std::int32_t value);
-};
-constexpr NumberLine kNumberLines[] = {
-    {"PrintOffsetX", [](const WfdReport &report) { return report.offsetX; }, [](std::int32_t n) { return n != 0; }},
-    {"PrintOffsetY", [](const WfdReport &report) { return report.offsetY; }, [](std::int32_t n) { return n != 0; }},
-    {"PrintZoom", [](const WfdReport &report) { return std::int32_t{report.zoom}; },
-     [](std::int32_t n) { return n != 2; }},
-    {"SectionRepeatStart", [](const WfdReport &report) { return std::int32_t{report.repeatStart}; },
-     [](std::int32_t n) { return n > 0; }},
-};
-
-/// A line chosen by a kind; any kind that the table lacks takes the last row.
-struct KindLine {
-    std::int16_t kind;
-    const char *line;
-};
-constexpr KindLine kPaperLines[] = {{1, "PrintPaper, A5"}, {2, "PrintPaper, B5"}, {0, "PrintPaper, A4"}};
-constexpr KindLine kEndLines[] = {
-    {kPrint, "PrintOut"}, {kPrintByDialog, "PrintOutFromDialog"}, {kShow, "ShowWindow,2"}};
-
-template <std::size_t N> const char *lineOf(const KindLine (&table)[N], std::int16_t kind)
-{
-    const auto *const row = std::ranges::find(table, kind, &KindLine::kind);
-    return row == std::end(table) ? table[N - 1].line : row->line;
-}
-
-std::string dataLine(const WfdReport::DataEntry &entry)
-{
-    return fmt::format("SetDataText,\"{}\",\"{}\"{}", entry.name, entry.path, entry.noTitle != 0 ? ",,,1" : "");
-}
-
-/// The merger's form of the line: separator, quote character and the no-title flag are told.
-std::string mergeDataLine(const std::string &name, const std::string &path)
-{
-    return fmt::format(R"(SetDataText,"{}","{}",",", """", True)", name, path);
-}
-
-std::string itemLine(const WfdReport::ItemValue &item)
-{
-    // The test sees the trimmed section, the line its blanks.
-    const std::string section = trim(item.section).empty() ? std::string() : "." + item.section;
-    return fmt::format("SetItemValue,\"{}{}.{}\",\"{}\"", item.report, section, item.item, item.value);
-}
-
-std::vector<std::string> scriptLines(const WfdReport &report, std::int16_t iExeType, std::int16_t iPaper)
-{
-    std::vector<std::string> lines{fmt::format("FileName,\"{}\"", report.form)};
-    if (!report.title.empty()) lines.push_back(fmt::format("Title,\"{}\"", report.title));
-    for (const WfdReport::DataEntry &entry : report.data)
-        if (!entry.name.empty()) lines.push_back(dataLine(entry));
-    for (const NumberLine &rule : kNumberLines)
-        if (const std::int32_t value = rule.value(report); rule.isDue(value))
-            lines.push_back(fmt::format("{}, {}", rule.command, value));
-    // Paper -1 chooses no text: the line just written goes out a second time. The suite keeps it so.
-    lines.push_back(iPaper == kRepeatLine ? lines.back() : lineOf(kPaperLines, iPaper));
-    for (const WfdReport::ItemValue &item : report.items) lines.push_back(itemLine(item));
-    lines.emplace_back(lineOf(kEndLines, iExeType));
-    return lines;
-}
 
 /// The status of a setter: a failure leaves its words in sErrMsg and shows nothing.
 template <class Body> std::int16_t status(std::string &sErrMsg, Body &&body)
@@ -204,29 +132,29 @@ try {
 
 Variant cls_WfdPrintExe::iPreview(std::int16_t iPaper)
 {
-    return writeAndStart(kShow, iPaper, viewerCommand(), WindowStyle::minimizedFocus);
+    return writeAndStart(kExeShow, iPaper, viewerCommand(), WindowStyle::minimizedFocus);
 }
 
 Variant cls_WfdPrintExe::iPreviewData()
 {
     // The script stays for whoever wants it; its failure was shown and stands in sErrMsg.
-    static_cast<void>(iMakeComFile(kShow, kDefaultPaper));
+    static_cast<void>(iMakeComFile(kExeShow, kDefaultPaper));
     return {};
 }
 
 Variant cls_WfdPrintExe::iPreviewActX()
 {
-    return writeAndStart(kShow, kDefaultPaper, kPreviewWindowCommand, WindowStyle::maximizedFocus);
+    return writeAndStart(kExeShow, kDefaultPaper, kPreviewWindowCommand, WindowStyle::maximizedFocus);
 }
 
 Variant cls_WfdPrintExe::iPrintBk()
 {
-    return writeAndStart(kPrint, kDefaultPaper, viewerCommand(), WindowStyle::minimizedFocus);
+    return writeAndStart(kExePrint, kDefaultPaper, viewerCommand(), WindowStyle::minimizedFocus);
 }
 
 Variant cls_WfdPrintExe::iPrintDialog(std::int16_t iPaper)
 {
-    return writeAndStart(kPrintByDialog, iPaper, viewerCommand(), WindowStyle::minimizedFocus);
+    return writeAndStart(kExePrintByDialog, iPaper, viewerCommand(), WindowStyle::minimizedFocus);
 }
 
 Variant cls_WfdPrintExe::addPrint(std::int16_t wfNum, const std::string &csDataName,
@@ -285,7 +213,7 @@ void cls_WfdPrintExe::writeMergedPrintScript(const std::string &csTitle)
     TextOutput script(m_app.platform, scriptPath());
     script.printLine(fmt::format("Title,\"{}\"", csTitle));
     script.printLine(fmt::format("FileName,\"{}{}\"", m_tmpDir, kMergedForm));
-    script.printLine(lineOf(kEndLines, kPrintByDialog));
+    script.printLine(endLine(kExePrintByDialog));
     script.close();
 }
 

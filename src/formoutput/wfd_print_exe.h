@@ -1,34 +1,14 @@
 #pragma once
 
+#include "formoutput/wfd_script.h"
 #include "runtime/runtime_error.h"
 #include "shell/app.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace inin {
-
-/// What one report hands to the form tools.
-struct WfdReport {
-    struct DataEntry {
-        std::string name;
-        std::string path;
-        std::int16_t noTitle = 0; ///< -1: the CSV has no title row
-    };
-    struct ItemValue {
-        std::string report, section, item, value;
-    };
-
-    std::string form;
-    std::string title;
-    std::array<DataEntry, 5> data; ///< numbered 1 to 5
-    std::int32_t offsetX = 0, offsetY = 0;
-    std::int16_t zoom = 2;
-    std::int16_t repeatStart = 0;
-    std::vector<ItemValue> items;
-};
 
 /// The bridge to the outside form tools: collects what one report needs, writes the command script "WfdCom.dat" into
 /// the temporary folder and starts a tool with it. Nothing comes back from the tool. One object serves one report.

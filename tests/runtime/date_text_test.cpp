@@ -138,7 +138,7 @@ TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives its text in a form w
 {
     for (const std::string_view shortDate : {"yyyy/MM/dd", "dd/MM/yyyy", "M/d/yyyy"}) {
         const Regional regional{std::string(shortDate)};
-        for (double day = 0; day <= 73415; ++day)
+        for (int day = 0; day <= 73415; ++day)
             if (read(dateText(Date(day), regional), regional) != Date(day)) FAIL_CHECK(shortDate << " loses " << day);
     }
     CHECK(dateText(Date(73415), kRegional) == "2100/12/31");
@@ -147,7 +147,7 @@ TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives its text in a form w
 TEST_CASE("every day from 1930 to 2029 survives its text in a form with two digits of the year")
 {
     const Regional regional{"yy/MM/dd"};
-    for (double day = 10959; day <= 47483; ++day)
+    for (int day = 10959; day <= 47483; ++day)
         if (read(dateText(Date(day), regional), regional) != Date(day)) FAIL_CHECK(day);
     CHECK(dateText(Date(10959), kRegional) == "1930/01/01");
     CHECK(dateText(Date(47483), kRegional) == "2029/12/31");
@@ -156,7 +156,7 @@ TEST_CASE("every day from 1930 to 2029 survives its text in a form with two digi
 TEST_CASE("a day outside 1930 to 2029 comes back from two digits of the year in that century")
 {
     const Regional regional{"yy/MM/dd"};
-    for (double day = 1; day < 10959; ++day) {
+    for (int day = 1; day < 10959; ++day) {
         const Date date(day);
         if (Month(date) == 2 && Day(date) == 29) continue;
         const std::int32_t year = Year(date) < 1900 ? 1999 : Year(date) + 100;

@@ -102,8 +102,8 @@ std::string fileDifference(const Play &play, const PlayFile &file, const Tempora
 {
     const auto path = site.at(file.path);
     if (!std::filesystem::is_regular_file(path)) return difference(play, file.line, file.path, "no such file");
-    const std::string wanted = suiteBytes(replaceAll(file.text, "$APP", site.folder().string()));
-    const std::string seen = readBytes(path);
+    const std::string wanted = suiteBytes(file.text);
+    const std::string seen = withoutFolder(readBytes(path), site.folder().string());
     if (wanted == seen) return {};
     std::istringstream wantedLines(decodeCp932(wanted)), seenLines(decodeCp932(seen));
     std::string wantedLine, seenLine;

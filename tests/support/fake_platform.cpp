@@ -9,6 +9,8 @@ namespace inin {
 void FakeWindows::show(Form &form, Modality modality)
 {
     form.load();
+    // A load that unloaded its own form leaves nothing to show.
+    if (!form.isLoaded()) return;
     log.push_back("show " + form.name());
     form.Form_Resize();
     form.Form_Activate();

@@ -1,0 +1,44 @@
+#include "adapters/posix/posix_platform.h"
+
+#include <chrono>
+#include <ctime>
+
+namespace inin {
+
+namespace {
+
+std::tm localParts(std::time_t seconds)
+{
+    std::tm parts{};
+    localtime_r(&seconds, &parts);
+    return parts;
+}
+
+class PosixClock : public Clock {
+public:
+    Date now() override
+    {
+        const std::tm parts = localParts(std::time(nullptr));
+        // A leap second is the last second of its minute: a Date has none.
+        const int second = parts.tm_sec > 59 ? 59 : parts.tm_sec;
+        return dateOf({parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, second});
+    }
+
+    double timer() override
+    {
+        using namespace std::chrono;
+        const auto time = system_clock::now();
+        const auto whole = floor<seconds>(time);
+        const std::tm parts = localParts(system_clock::to_time_t(whole));
+        return parts.tm_hour * 3600 + parts.tm_min * 60 + parts.tm_sec + duration<double>(time - whole).count();
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Clock> makePosixClock()
+{
+    return std::make_unique<PosixClock>();
+}
+
+} // namespace inin

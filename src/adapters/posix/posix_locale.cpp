@@ -1,0 +1,23 @@
+#include "adapters/posix/code_page_932.h"
+#include "adapters/posix/posix_platform.h"
+
+namespace inin {
+
+namespace {
+
+class PosixLocale : public Locale {
+public:
+    /// The Japanese form, whatever LANG says: texts and statements of the suite are built from it.
+    Regional regional() override { return Regional{}; }
+    std::string toCodePage(std::string_view utf8) override { return encodeCp932(utf8); }
+    std::string fromCodePage(std::string_view bytes) override { return decodeCp932(bytes); }
+};
+
+} // namespace
+
+std::unique_ptr<Locale> makePosixLocale()
+{
+    return std::make_unique<PosixLocale>();
+}
+
+} // namespace inin

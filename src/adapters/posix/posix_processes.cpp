@@ -1,0 +1,115 @@
+#include "adapters/posix/command_line.h"
+#include "adapters/posix/posix_io.h"
+#include "adapters/posix/posix_platform.h"
+#include "runtime/runtime_error.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace inin {
+
+namespace {
+
+/// Becomes the program; comes back only by telling errno through `report`. Between fork and exec nothing but system
+/// calls may stand.
+[[noreturn]] void becomeProgram(const char *program, char *const *arguments, int nullDevice, int report)
+{
+    setsid();
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nullDevice, stream);
+    execv(program, arguments);
+    const int error = errno;
+    (void)!write(report, &error, sizeof error);
+    _exit(127);
+}
+
+/// Starts a program as a grandchild: the child in between ends at once and is waited for, so that no zombie stays.
+/// True once the program runs; a failed exec comes through a pipe that a good one closes.
+bool spawn(const std::string &program, std::vector<std::string> arguments)
+{
+    arguments.insert(arguments.begin(), program);
+    std::vector<char *> pointers;
+    for (std::string &argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+
+    std::array<int, 2> ends{};
+    const FileDescriptor nullDevice(open("/dev/null", O_RDWR | O_CLOEXEC));
+    if (!nullDevice.isOpen() || pipe2(ends.data(), O_CLOEXEC) != 0) return false;
+    const FileDescriptor reading(ends[0]);
+    FileDescriptor writing(ends[1]);
+
+    const pid_t child = fork();
+    if (child < 0) return false;
+    if (child == 0) {
+        const pid_t grandchild = fork();
+        if (grandchild == 0) becomeProgram(program.c_str(), pointers.data(), nullDevice.get(), writing.get());
+        const int error = errno;
+        if (grandchild < 0) (void)!write(writing.get(), &error, sizeof error);
+        _exit(0);
+    }
+    writing.close();
+    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
+    std::string report;
+    return readUpTo(reading, sizeof(int), report) && report.empty();
+}
+
+bool isWebAddress(std::string_view address)
+{
+    return address.starts_with("http://") || address.starts_with("https://");
+}
+
+class PosixProcesses : public Processes {
+public:
+    explicit PosixProcesses(std::function<void()> end) : m_end(std::move(end)) {}
+
+    /// The window style has no counterpart here: the window manager places windows.
+    void start(const std::string &commandLine, WindowStyle) override
+    {
+        const auto command = parseCommandLine(commandLine);
+        if (!command || !spawn(command->program, command->arguments)) throw RuntimeError(error_number::fileNotFound);
+    }
+
+    void openAddress(const std::string &address) override
+    {
+        // An address comes from a file of the site: nothing but a web page may be opened by it.
+        if (!isWebAddress(address)) return;
+        if (const auto opener = findProgram("xdg-open")) (void)spawn(*opener, {address}); // the result is not told
+    }
+
+    std::optional<std::string> computerName(std::size_t capacity) override
+    {
+        std::array<char, 256> buffer{};
+        if (gethostname(buffer.data(), buffer.size() - 1) != 0) return std::nullopt;
+        const std::string whole = buffer.data();
+        const std::string name = whole.substr(0, whole.find('.'));
+        if (name.size() + 1 > capacity) return std::nullopt;
+        return name;
+    }
+
+    [[noreturn]] void end() override
+    {
+        if (m_end) m_end();
+        std::_Exit(0);
+    }
+
+private:
+    std::function<void()> m_end;
+};
+
+} // namespace
+
+std::unique_ptr<Processes> makePosixProcesses(std::function<void()> end)
+{
+    return std::make_unique<PosixProcesses>(std::move(end));
+}
+
+} // namespace inin

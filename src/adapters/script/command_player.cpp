@@ -3,8 +3,6 @@
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 
-#include <limits>
-
 namespace inin {
 
 namespace {
@@ -73,10 +71,11 @@ public:
             box.Value = Null{};
             return;
         }
-        const std::int32_t number = wholeNumber();
-        const bool beyond = (box.Min && number < *box.Min) || (box.Max && number > *box.Max);
+        const auto number = wholeNumber<std::int32_t>(to());
+        if (!number) fail("a number box takes a whole number of 32 bits or null");
+        const bool beyond = (box.Min && *number < *box.Min) || (box.Max && *number > *box.Max);
         if (beyond && !command().force) return refuse();
-        box.Value = number;
+        box.Value = *number;
     }
     void visit(TextBox &box) override
     {
@@ -105,14 +104,6 @@ private:
     } catch (const RuntimeError &) {
         fail("\"" + to().get<std::string>() + "\" is no date");
     }
-    [[nodiscard]] std::int32_t wholeNumber() const
-    {
-        using Limits = std::numeric_limits<std::int32_t>;
-        if (!to().is_number_integer() || to() < Limits::min() || to() > Limits::max())
-            fail("a number box takes a whole number of 32 bits or null");
-        return to().get<std::int32_t>();
-    }
-
     const Regional &m_regional;
 };
 

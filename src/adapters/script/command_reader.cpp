@@ -1,9 +1,6 @@
 #include "adapters/script/command_reader.h"
 
-#include <algorithm>
-#include <array>
 #include <istream>
-#include <limits>
 #include <string_view>
 
 namespace inin {
@@ -106,11 +103,9 @@ private:
     }
     template <class T> [[nodiscard]] T number(const char *key) const
     {
-        const Json &value = m_object.at(key);
-        using Limits = std::numeric_limits<T>;
-        if (!value.is_number_integer() || value < Limits::min() || value > Limits::max())
-            fail(quoted(key) + " must be a whole number of " + std::to_string(8 * sizeof(T)) + " bits");
-        return value.get<T>();
+        const std::optional<T> value = wholeNumber<T>(m_object.at(key));
+        if (!value) fail(quoted(key) + " must be a whole number of " + std::to_string(8 * sizeof(T)) + " bits");
+        return *value;
     }
 
     [[nodiscard]] static std::string quoted(const std::string &key) { return "\"" + key + "\""; }

@@ -8,6 +8,7 @@
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace inin {
 
@@ -34,6 +35,16 @@ struct Command {
     bool doubleClick = false; ///< row
     bool force = false;       ///< acts on the record itself, as the program's own code would
 };
+
+/// A JSON value as a whole number of that type; nothing for any other value and for one beyond the type.
+template <class T> [[nodiscard]] std::optional<T> wholeNumber(const Json &value)
+{
+    if (!value.is_number_integer()) return std::nullopt;
+    // The library compares an unsigned value beyond 63 bits as a negative one.
+    const bool fits = value.is_number_unsigned() ? std::in_range<T>(value.get<std::uint64_t>())
+                                                 : std::in_range<T>(value.get<std::int64_t>());
+    return fits ? std::optional<T>(value.get<T>()) : std::nullopt;
+}
 
 /// Reads the commands one by one. Blank lines and lines that begin with "#" are skipped.
 class CommandReader {

@@ -1,0 +1,388 @@
+#include "platform/form.h"
+
+#include "runtime/runtime_error.h"
+#include "support/fake_platform.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+constexpr std::int16_t kF12 = 123;
+constexpr std::int16_t kReturnKey = 13;
+constexpr std::int16_t kEscapeKey = 27;
+
+/// A form that writes down its events; what it does in them is plugged in.
+class ProbeForm : public Form {
+public:
+    ProbeForm() : Form("frmProbe")
+    {
+        add(box);
+        add(box2, &box);
+        add(menu);
+        add(back, &menu);
+        add(search);
+        add(cancel);
+        add(accept);
+        back.onClick = [this] { log.emplace_back("menu"); };
+        cancel.onClick = [this] { log.emplace_back("cancel"); };
+        accept.onClick = [this] { log.emplace_back("accept"); };
+        search.onKeyPress = [this](std::int16_t KeyCode) { log.push_back("control " + std::to_string(KeyCode)); };
+        cancel.Cancel = true;
+    }
+
+    Frame box{"Frame1"};
+    Label box2{"Label1"};
+    MenuEntry menu{"mnFunc"};
+    MenuEntry back{"mnF12", kF12};
+    NumberBox search{"imNum_CD"};
+    Button cancel{"btnPrint(6)"};
+    Button accept{"btnReturn"};
+
+    std::vector<std::string> log;
+    std::function<void()> onLoad, onUnload;
+    std::function<void(std::int16_t &)> onKeyDown, onPress;
+    bool refuseQuery = false, refuseUnload = false;
+
+protected:
+    void Form_Load() override
+    {
+        log.emplace_back("load");
+        if (onLoad) onLoad();
+    }
+    void Form_QueryUnload(std::int16_t &Cancel, bool byControlBox) override
+    {
+        log.emplace_back(byControlBox ? "query by box" : "query");
+        if (refuseQuery) Cancel = 1;
+    }
+    void Form_Unload(std::int16_t &Cancel) override
+    {
+        log.emplace_back("unload");
+        if (onUnload) onUnload();
+        if (refuseUnload) Cancel = 1;
+    }
+    void Form_KeyDown(std::int16_t &KeyCode) override
+    {
+        log.push_back("down " + std::to_string(KeyCode));
+        if (onKeyDown) onKeyDown(KeyCode);
+    }
+    void Form_KeyPress(std::int16_t &KeyAscii) override
+    {
+        log.push_back("press " + std::to_string(KeyAscii));
+        if (onPress) onPress(KeyAscii);
+    }
+};
+
+using Log = std::vector<std::string>;
+
+} // namespace
+
+TEST_CASE("a form loads once, however often it is asked")
+{
+    ProbeForm form;
+    form.load();
+    form.load();
+    CHECK(form.log == Log{"load"});
+    CHECK(form.isLoaded());
+}
+
+TEST_CASE("an unloaded form loads anew")
+{
+    ProbeForm form;
+    form.load();
+    CHECK(form.unload());
+    form.load();
+    CHECK(form.log == Log{"load", "query", "unload", "load"});
+}
+
+TEST_CASE("a form counts as loaded while its load runs")
+{
+    ProbeForm form;
+    bool loaded = false;
+    form.onLoad = [&] {
+        loaded = form.isLoaded();
+        form.load();
+    };
+    form.load();
+    CHECK(loaded);
+    CHECK(form.log == Log{"load"});
+}
+
+TEST_CASE("a run-time error of the load goes to the caller and leaves the form unloaded")
+{
+    ProbeForm form;
+    form.onLoad = [] { throw RuntimeError(error_number::typeMismatch); };
+    CHECK_THROWS_AS(form.load(), RuntimeError);
+    CHECK_FALSE(form.isLoaded());
+
+    form.onLoad = nullptr;
+    form.load();
+    CHECK(form.log == Log{"load", "load"});
+}
+
+TEST_CASE("unloading a form that is not loaded runs nothing")
+{
+    ProbeForm form;
+    CHECK(form.unload());
+    CHECK(form.log.empty());
+}
+
+TEST_CASE("the control box is told to the query of an unload")
+{
+    ProbeForm form;
+    form.load();
+    CHECK(form.unload(true));
+    CHECK(form.log == Log{"load", "query by box", "unload"});
+}
+
+TEST_CASE("a query that refuses keeps the form loaded and its unload unrun")
+{
+    ProbeForm form;
+    form.refuseQuery = true;
+    form.load();
+    CHECK_FALSE(form.unload());
+    CHECK(form.isLoaded());
+    CHECK(form.log == Log{"load", "query"});
+}
+
+TEST_CASE("an unload that refuses keeps the form loaded, and it can be unloaded later")
+{
+    ProbeForm form;
+    form.refuseUnload = true;
+    form.load();
+    CHECK_FALSE(form.unload());
+    CHECK(form.isLoaded());
+
+    form.refuseUnload = false;
+    CHECK(form.unload());
+    CHECK_FALSE(form.isLoaded());
+}
+
+TEST_CASE("whoever watches a form is told when it is unloaded, and not when it refuses")
+{
+    ProbeForm form;
+    int told = 0;
+    form.load();
+    form.watch([&] { ++told; });
+    form.refuseUnload = true;
+    static_cast<void>(form.unload());
+    CHECK(told == 0);
+
+    form.refuseUnload = false;
+    static_cast<void>(form.unload());
+    CHECK(told == 1);
+}
+
+TEST_CASE("a run-time error of the unload goes on as an unhandled error with its number")
+{
+    ProbeForm form;
+    form.onUnload = [] { throw RuntimeError(error_number::fileNotFound); };
+    form.load();
+    std::int32_t number = 0;
+    try {
+        static_cast<void>(form.unload());
+    } catch (const UnhandledError &error) {
+        number = error.error().number();
+    }
+    CHECK(number == 53);
+}
+
+TEST_CASE("an unload inside the form's own unload is refused")
+{
+    ProbeForm form;
+    bool inner = true;
+    form.onUnload = [&] { inner = form.unload(); };
+    form.load();
+    CHECK(form.unload());
+    CHECK_FALSE(inner);
+    CHECK(form.log == Log{"load", "query", "unload"});
+}
+
+TEST_CASE("after an unload that failed the form can be unloaded again")
+{
+    ProbeForm form;
+    form.onUnload = [] { throw RuntimeError(error_number::fileNotFound); };
+    form.load();
+    CHECK_THROWS_AS(form.unload(), UnhandledError);
+
+    form.onUnload = nullptr;
+    CHECK(form.unload());
+}
+
+TEST_CASE("a load that unloads its own form ends with the form unloaded, and it is not shown")
+{
+    FakeWorld world;
+    ProbeForm form;
+    form.onLoad = [&] {
+        static_cast<void>(form.unload());
+        form.log.emplace_back("load goes on");
+    };
+
+    world.windows.show(form, Modality::modal);
+
+    CHECK(form.log == Log{"load", "query", "unload", "load goes on"});
+    CHECK_FALSE(form.isLoaded());
+    CHECK(world.windows.log.empty());
+}
+
+TEST_CASE("an error in the unload that a load asks for is no run-time error of the load")
+{
+    ProbeForm form;
+    form.onLoad = [&] { static_cast<void>(form.unload()); };
+    form.onUnload = [] { throw RuntimeError(error_number::fileNotFound); };
+    CHECK_THROWS_AS(form.load(), UnhandledError);
+}
+
+TEST_CASE("every assignment of the mouse pointer is told")
+{
+    ProbeForm form;
+    std::vector<std::int16_t> kinds;
+    form.onMousePointer = [&](std::int16_t kind) { kinds.push_back(kind); };
+    form.setMousePointer(kPointerHourglass);
+    form.setMousePointer(kPointerHourglass);
+    form.setMousePointer(kPointerDefault);
+    CHECK(kinds == std::vector<std::int16_t>{11, 11, 0});
+    CHECK(form.MousePointer() == 0);
+}
+
+TEST_CASE("a form finds its controls by name and knows their frames")
+{
+    ProbeForm form;
+    CHECK(form.find("Label1") == &form.box2);
+    CHECK(form.find("Label1")->Container == &form.box);
+    CHECK(form.find("label1") == nullptr);
+    CHECK(form.controls().front() == &form.box);
+}
+
+TEST_CASE("a menu short-cut is taken before anything else sees the key")
+{
+    ProbeForm form;
+    form.key(&form.search, kF12);
+    CHECK(form.log == Log{"menu"});
+}
+
+TEST_CASE("the short-cut of an entry that is out of reach goes the way of any key")
+{
+    ProbeForm form;
+    SUBCASE("the entry is disabled")
+    {
+        form.back.Enabled = false;
+    }
+    SUBCASE("its menu is hidden")
+    {
+        form.menu.Visible = false;
+    }
+    form.key(nullptr, kF12);
+    CHECK(form.log == Log{"down 123", "press 123"});
+}
+
+TEST_CASE("an entry without a short-cut answers to no key")
+{
+    ProbeForm form;
+    form.menu.onClick = [&] { form.log.emplace_back("wrong"); };
+    form.key(nullptr, 0);
+    CHECK(form.log == Log{"down 0"});
+}
+
+TEST_CASE("a key goes through key-down and key-press to the control")
+{
+    ProbeForm form;
+    form.key(&form.search, kReturnKey);
+    CHECK(form.log == Log{"down 13", "press 13", "control 13"});
+}
+
+TEST_CASE("a key without a control ends at the form's key-press")
+{
+    ProbeForm form;
+    form.key(nullptr, kReturnKey);
+    CHECK(form.log == Log{"down 13", "press 13"});
+}
+
+TEST_CASE("a control without a key rule lets the key go")
+{
+    ProbeForm form;
+    form.key(&form.accept, 65);
+    CHECK(form.log == Log{"down 65", "press 65"});
+}
+
+TEST_CASE("a key-down that swallows the key ends it, the cancel button's too")
+{
+    ProbeForm form;
+    form.onKeyDown = [](std::int16_t &KeyCode) { KeyCode = 0; };
+    form.key(&form.search, kEscapeKey);
+    form.key(&form.search, kReturnKey);
+    CHECK(form.log == Log{"down 27", "down 13"});
+}
+
+TEST_CASE("a key-press that swallows the key keeps it from the control")
+{
+    ProbeForm form;
+    form.onPress = [](std::int16_t &KeyAscii) { KeyAscii = 0; };
+    form.key(&form.search, kReturnKey);
+    CHECK(form.log == Log{"down 13", "press 13"});
+}
+
+TEST_CASE("the escape key presses the cancel button in place of the key-press")
+{
+    ProbeForm form;
+    form.key(&form.search, kEscapeKey);
+    CHECK(form.log == Log{"down 27", "cancel"});
+}
+
+TEST_CASE("the return key presses the default button, and no button without one")
+{
+    ProbeForm form;
+    form.accept.Default = true;
+    form.key(&form.search, kReturnKey);
+    CHECK(form.log == Log{"down 13", "accept"});
+
+    form.log.clear();
+    form.accept.Default = false;
+    form.key(nullptr, kReturnKey);
+    CHECK(form.log == Log{"down 13", "press 13"});
+}
+
+TEST_CASE("one button may be both default and cancel button")
+{
+    ProbeForm form;
+    form.cancel.Default = true;
+    form.key(nullptr, kReturnKey);
+    form.key(nullptr, kEscapeKey);
+    CHECK(form.log == Log{"down 13", "cancel", "down 27", "cancel"});
+}
+
+TEST_CASE("a cancel button out of reach is not pressed")
+{
+    ProbeForm form;
+    form.cancel.Visible = false;
+    form.key(nullptr, kEscapeKey);
+    CHECK(form.log == Log{"down 27", "press 27"});
+}
+
+TEST_CASE("a key-down that disables the cancel button keeps it from being pressed")
+{
+    ProbeForm form;
+    form.onKeyDown = [&](std::int16_t &) { form.cancel.Enabled = false; };
+    form.key(nullptr, kEscapeKey);
+    CHECK(form.log == Log{"down 27", "press 27"});
+}
+
+TEST_CASE("a form that its key-down closes takes no more of the key")
+{
+    ProbeForm form;
+    form.onKeyDown = [&](std::int16_t &) { static_cast<void>(form.unload()); };
+    form.load();
+    form.log.clear();
+    form.key(&form.search, kEscapeKey);
+    CHECK(form.log == Log{"down 27", "query", "unload"});
+}
+
+TEST_CASE("what leaves an event procedure as a run-time error goes on as an unhandled error")
+{
+    CHECK_THROWS_AS(atEventEdge([] { throw RuntimeError(error_number::overflow); }), UnhandledError);
+    CHECK_NOTHROW(atEventEdge([] {}));
+}

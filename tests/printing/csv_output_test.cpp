@@ -1,0 +1,238 @@
+#include "printing/csv_output.h"
+#include "printing/print_fixture.h"
+#include "runtime/runtime_error.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+namespace inin {
+
+namespace {
+
+constexpr const char *kCsv = "C:\\SUITE\\TMP\\委任状.csv";
+constexpr const char *kFormats = "C:\\SUITE\\DATA\\帳票Format.ini";
+
+const std::string kTitleLine =
+    "\"対象開始日\",\"対象終了日\",\"保険者名\",\"利用者氏名\",\"利用者住所\",\"会社名称\",\"会社住所\",\"代表者名\","
+    "\"会社電話番号\",\"金融機関名\",\"口座番号\",\"口座名義\",\"最終施術日\",\"保険者地区名\",\"保険種別\","
+    "\"世帯主名\",\"世帯主電話\",\"世帯主住所\",\"金融機関名２\",\"署名日\"\r\n";
+
+/// The error number that leaves `operation`, 0 for none.
+template <class Operation> std::int32_t errorOf(Operation &&operation)
+try {
+    operation();
+    return 0;
+} catch (const RuntimeError &error) {
+    return error.number();
+}
+
+/// A screen with letters to write, each with its patient's name.
+struct CsvFixture : PrintFixture {
+    void letters(const std::vector<std::string> &names)
+    {
+        form.aIninRow.clear();
+        for (const std::string &name : names) form.aIninRow.emplace_back().利用者氏名 = name;
+        form.iRowCount = static_cast<std::int16_t>(names.size());
+    }
+    [[nodiscard]] std::string csv() const { return fromCp932(world.files.bytes(kCsv)); }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(CsvFixture, "a letter is one line of twenty quoted fields behind the title line")
+{
+    form.aIninRow = {IninRow{"a1", "a2", "a3", "a4", "a5", "a6", "a7", "a8", "a9", "b1",
+                             "b2", "b3", "b4", "b5", "b6", "b7", "b8", "b9", "c1", "c2"}};
+    form.iRowCount = 1;
+    form.saveCSVInin();
+
+    CHECK(csv() == kTitleLine + "\"a1\",\"a2\",\"a3\",\"a4\",\"a5\",\"a6\",\"a7\",\"a8\",\"a9\",\"b1\",\"b2\",\"b3\","
+                                "\"b4\",\"b5\",\"b6\",\"b7\",\"b8\",\"b9\",\"c1\",\"c2\"\r\n");
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "the title line is these bytes of code page 932")
+{
+    letters({"x"});
+    form.saveCSVInin();
+
+    const std::string bytes = world.files.bytes(kCsv);
+    CHECK(bytes.substr(0, 12) == "\"\x91\xCE\x8F\xDB\x8A\x4A\x8E\x6E\x93\xFA\"");
+    const std::string title = bytes.substr(0, bytes.find("\r\n"));
+    CHECK(title.ends_with("\"\x8B\xE0\x97\x5A\x8B\x40\x8A\xD6\x96\xBC\x82\x51\",\"\x8F\x90\x96\xBC\x93\xFA\""));
+    CHECK(title.size() == 245);
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a letter of empty fields has a full twenty quoted fields")
+{
+    letters({""});
+    form.saveCSVInin();
+
+    CHECK(
+        csv() ==
+        kTitleLine +
+            "\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n");
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a double quote and a comma inside a value are written as they stand")
+{
+    letters({"高\"橋,"});
+    form.saveCSVInin();
+
+    CHECK(csv().find("\"\",\"高\"橋,\",\"\"") != std::string::npos);
+}
+
+TEST_CASE_FIXTURE(CsvFixture,
+                  "names of the extended set reach the file, a character outside it becomes a question mark")
+{
+    letters({"髙﨑𠮷"});
+    form.saveCSVInin();
+
+    CHECK(world.files.bytes(kCsv).find("\"\xFB\xFC\xFA\xB1?\"") != std::string::npos);
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "letters stand in the order of their array, and only those that count")
+{
+    letters({"一", "二", "三"});
+    form.iRowCount = 2;
+    form.saveCSVInin();
+
+    const std::string text = csv();
+    CHECK(text.find("一") < text.find("二"));
+    CHECK(text.find("三") == std::string::npos);
+    CHECK(std::ranges::count(text, '\n') == 3);
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a new run replaces the file of the run before")
+{
+    letters({"一", "二", "三"});
+    form.saveCSVInin();
+    world.files.log.clear();
+    letters({"四"});
+    form.saveCSVInin();
+
+    CHECK(csv().find("一") == std::string::npos);
+    const std::string removal = std::string("remove ") + kCsv;
+    const std::string opening = std::string("open >") + kCsv;
+    const auto removed = std::ranges::find(world.files.log, removal);
+    REQUIRE(removed != world.files.log.end());
+    CHECK(std::ranges::find(removed, world.files.log.end(), opening) != world.files.log.end());
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "without an earlier file nothing is deleted")
+{
+    letters({"一"});
+    form.saveCSVInin();
+
+    CHECK(std::ranges::find(world.files.log, std::string("remove ") + kCsv) == world.files.log.end());
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "the file lies in the folder that the setting names, blanks included")
+{
+    world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_TMP=\\WORK \n");
+    world.files.makeFolder("C:\\SUITE\\WORK ");
+    letters({"一"});
+    form.saveCSVInin();
+
+    CHECK(world.files.has("C:\\SUITE\\WORK \\委任状.csv"));
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a missing folder setting warns, and the file lies in the application folder")
+{
+    world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_SYS=\\SYS\n");
+    letters({"一"});
+    form.saveCSVInin();
+
+    CHECK(onlyBox().text == "システム設定ファイルに、指定の項目が見つかりません。\r[SYSTEM_TMP]");
+    CHECK(world.files.has("C:\\SUITE\\委任状.csv"));
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a file that the form tool holds is not replaced, and the error goes to the caller")
+{
+    letters({"一"});
+    form.saveCSVInin();
+    letters({"二"});
+    world.files.removeErrors["c:\\suite\\tmp\\委任状.csv"] = 70;
+
+    CHECK(errorOf([&] { form.saveCSVInin(); }) == 70);
+    CHECK(csv().find("一") != std::string::npos);
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a refused opening goes to the caller with the old file gone")
+{
+    letters({"一"});
+    form.saveCSVInin();
+    world.files.openOutputErrors["c:\\suite\\tmp\\委任状.csv"] = 75;
+
+    CHECK(errorOf([&] { form.saveCSVInin(); }) == 75);
+    CHECK_FALSE(world.files.has(kCsv));
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a missing temporary folder is error 76")
+{
+    world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_TMP=\\NOWHERE\n");
+    letters({"一"});
+
+    CHECK(errorOf([&] { form.saveCSVInin(); }) == 76);
+}
+
+TEST_CASE("a disk that fills up leaves the file as far as it was written")
+{
+    struct Row {
+        int failingWrite;
+        std::string left;
+    };
+    const std::string first =
+        "\"\",\"\",\"\",\"一\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
+    for (const Row &row : {Row{1, ""}, Row{2, kTitleLine}, Row{3, kTitleLine + first}}) {
+        CsvFixture fixture;
+        fixture.letters({"一", "二", "三"});
+        fixture.world.files.failingWrite = row.failingWrite;
+        CAPTURE(row.failingWrite);
+        CHECK(errorOf([&] { fixture.form.saveCSVInin(); }) == 61);
+        CHECK(fixture.csv() == row.left);
+    }
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a count beyond the rows that are left is error 9 behind the rows that are there")
+{
+    letters({"一"});
+    form.iRowCount = 2;
+
+    CHECK(errorOf([&] { form.saveCSVInin(); }) == 9);
+    CHECK(csv().find("一") != std::string::npos);
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a missing format file names no form and shows nothing")
+{
+    CHECK(csGetFormatFile(world.app, "委任状", "委任状") == "");
+    CHECK(world.boxes.shown.empty());
+}
+
+TEST_CASE("the format file's entry is cut and trimmed on the right")
+{
+    struct Row {
+        const char *text;
+        const char *form;
+    };
+    for (const Row &row :
+         {Row{"[委任状]\n委任状=特別.wfd\n", "特別.wfd"}, Row{"[委任状]\n委任状=特別.wfd   \n", "特別.wfd"},
+          Row{"[委任状]\n委任状=\n", ""}, Row{"[委任状]\n", ""}, Row{"[ほか]\n委任状=x.wfd\n", ""},
+          Row{"[委任状]\nほか=x.wfd\n", ""}, Row{"", ""}}) {
+        PrintFixture fixture;
+        fixture.world.files.putText(kFormats, row.text);
+        CAPTURE(row.text);
+        CHECK(csGetFormatFile(fixture.world.app, "委任状", "委任状") == row.form);
+        CHECK(fixture.world.boxes.shown.empty());
+    }
+}
+
+TEST_CASE_FIXTURE(CsvFixture, "a run-time error on the way to the format file shows a plain box and names no form")
+{
+    world.files.openInputErrors["c:\\suite\\massage.ini"] = 71;
+
+    CHECK(csGetFormatFile(world.app, "委任状", "委任状") == "");
+    CHECK(onlyBox() == ShownBox{"Error:ディスクが準備されていません。", Icon::none, ""});
+}
+
+} // namespace inin

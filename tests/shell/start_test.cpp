@@ -1,0 +1,116 @@
+#include "shell/start.h"
+
+#include "runtime/runtime_error.h"
+#include "support/fake_platform.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+const ShownBox kCannotStart{"起動できません！", Icon::critical, ""};
+
+} // namespace
+
+TEST_CASE("the start shows the background first, then the screen, and the screen's end ends the process")
+{
+    FakeWorld world;
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    const auto &log = world.windows.log;
+    CHECK(std::ranges::find(log, "show frmBack") < std::ranges::find(log, "show frmPrintInin"));
+    CHECK(std::ranges::count(log, "show frmPrintInin") == 1);
+    CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
+}
+
+TEST_CASE("leaving the screen in any way hands back to the menu program and ends")
+{
+    struct Row {
+        const char *claim;
+        std::function<void(Form &)> act;
+    };
+    const Row rows[] = {
+        {"the control box", [](Form &form) { static_cast<void>(form.unload(true)); }},
+        {"F12", [](Form &form) { form.key(nullptr, 123); }},
+        {"the escape key", [](Form &form) { form.key(nullptr, 27); }},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.claim);
+        FakeWorld world;
+        world.windows.acts.push_back(row.act);
+        CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+        CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
+    }
+}
+
+TEST_CASE("a run-time error in the load of the background shows one box and starts no menu program")
+{
+    FakeWorld world;
+    world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\nWALLPAPER=wall.bmp\nBASEID=xx\n");
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    CHECK(world.boxes.shown == std::vector<ShownBox>{kCannotStart});
+    CHECK(world.processes.started.empty());
+    CHECK(world.processes.ended);
+    CHECK(world.windows.log.empty());
+}
+
+TEST_CASE("a wallpaper that is no picture keeps the program from starting")
+{
+    FakeWorld world;
+    world.windows.pictureError = 481;
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    CHECK(world.boxes.shown == std::vector<ShownBox>{kCannotStart});
+}
+
+TEST_CASE("a missing wallpaper setting with files in the icon folder warns, and the start ends")
+{
+    FakeWorld world;
+    world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\nBASEID=0102\n");
+    world.windows.pictureError = 75;
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    CHECK(world.boxes.shown ==
+          std::vector<ShownBox>{
+              {"システム設定ファイルに、指定の項目が見つかりません。\r[WALLPAPER]", Icon::critical, "警告！"},
+              kCannotStart});
+}
+
+TEST_CASE("a missing settings file ends the process with its own box alone")
+{
+    FakeWorld world;
+    world.files.remove("C:\\SUITE\\Massage.ini");
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    CHECK(world.boxes.shown ==
+          std::vector<ShownBox>{{"システム設定ファイルが見つかりません。", Icon::critical, "警告！"}});
+    CHECK(world.processes.started.empty());
+}
+
+TEST_CASE("a run-time error in the load of the screen shows the start's box")
+{
+    FakeWorld world;
+    world.clock.current = Date(1e9);
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    CHECK(world.boxes.shown.back() == kCannotStart);
+    CHECK(world.processes.started.empty());
+}
+
+TEST_CASE("a menu program that cannot be started goes on as an unhandled error, not as a failed start")
+{
+    FakeWorld world;
+    world.processes.startError = 53;
+    CHECK_THROWS_AS(Main(world.app), UnhandledError);
+    CHECK(std::ranges::count(world.boxes.shown, kCannotStart) == 0);
+    CHECK_FALSE(world.processes.ended);
+}
+
+TEST_CASE("the screen opens without a connection, and leaving it still hands back")
+{
+    FakeWorld world;
+    world.database.connectError = -2147467259;
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    CHECK(std::ranges::count(world.windows.log, "show frmPrintInin") == 1);
+    CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
+}
