@@ -1,0 +1,156 @@
+#include "app/inin_site/site_check.h"
+
+#include "adapters/posix/code_page_932.h"
+#include "adapters/posix/posix_platform.h"
+#include "adapters/posix/profile_text.h"
+#include "adapters/sqlite/sqlite_database.h"
+#include "app/inin_site/schema.h"
+#include "runtime/conversion.h"
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace inin::site {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The longest connection string that the suite's buffer of 256 takes.
+constexpr std::size_t kLongestConnection = 255;
+
+/// The connection string of "adodb.ini", or a finding.
+std::optional<std::string> connectionText(const fs::path &folder, Findings &findings)
+{
+    const auto bytes = readSiteFile(folder / "adodb.ini");
+    if (!bytes) {
+        findings.push_back("接続情報ファイル「adodb.ini」がありません。");
+        return std::nullopt;
+    }
+    const std::string name = encodeCp932("接続情報");
+    const std::string value = profileString(*bytes, name, name, "", 2 * kLongestConnection);
+    if (value.size() > kLongestConnection) {
+        findings.push_back(fmt::format("adodb.ini の接続文字列が{}バイトを超えています。", kLongestConnection));
+        return std::nullopt;
+    }
+    const std::string text = rtrim(decodeCp932(value));
+    if (text.empty()) {
+        findings.push_back("adodb.ini に接続文字列（セクションも項目も「接続情報」）がありません。");
+        return std::nullopt;
+    }
+    return text;
+}
+
+/// A data source is found from the site's folder, which the program makes its current one.
+std::string pathFrom(const fs::path &folder, const std::string &path)
+{
+    const std::string real = posixPath(path);
+    return real.starts_with('/') ? real : posixPath((folder / real).string());
+}
+
+/// A connected database and the checks on it.
+class DatabaseCheck {
+public:
+    DatabaseCheck(Database &database, Findings &findings)
+        : m_database(database), m_connection(database.newConnection()), m_findings(findings)
+    {
+    }
+
+    void connect(const std::string &connectionString) { m_connection->Open(connectionString, "", "", 0); }
+
+    void checkTables()
+    {
+        for (const TableColumns &table : schemaTables()) checkTable(table);
+    }
+
+    void checkRows(const Branch &branch)
+    {
+        const std::string where = fmt::format("iKyotenCd = {} AND iKyotenEb = {}", branch.code, branch.subCode);
+        checkCount("本社", fmt::format("SELECT nIDNo FROM CORP WHERE {} AND iType = 0", where));
+        checkCount("団体請求", fmt::format("SELECT nIDNo FROM CORP WHERE {} AND iType = 3", where));
+        checkAgents(branch);
+    }
+
+private:
+    std::unique_ptr<Recordset> open(const std::string &sql)
+    {
+        std::unique_ptr<Recordset> rows = m_database.newRecordset();
+        rows->Open(sql, *m_connection, adOpenForwardOnly, adLockReadOnly, adCmdText);
+        return rows;
+    }
+
+    void checkTable(const TableColumns &table)
+    try {
+        const std::unique_ptr<Recordset> rows = open("SELECT TOP 1 * FROM " + table.name);
+        std::vector<std::string> present;
+        for (std::size_t i = 0; i < rows->fieldCount(); ++i) present.push_back(asciiLower(rows->fieldName(i)));
+        for (const std::string &column : table.columns) {
+            if (std::ranges::find(present, asciiLower(column)) != present.end()) continue;
+            m_findings.push_back(fmt::format("テーブル「{}」に列「{}」がありません。", table.name, column));
+        }
+    } catch (const RuntimeError &) {
+        m_findings.push_back(fmt::format("テーブル「{}」がありません。", table.name));
+    }
+
+    std::int32_t count(const std::string &sql)
+    {
+        const std::unique_ptr<Recordset> rows = open(sql);
+        std::int32_t number = 0;
+        for (; !rows->isEndOfFile(); rows->MoveNext()) ++number;
+        return number;
+    }
+
+    /// None leaves letters without a company; two and more bring every letter several times.
+    void checkCount(std::string_view role, const std::string &sql)
+    try {
+        const std::int32_t number = count(sql);
+        if (number == 1) return;
+        m_findings.push_back(
+            number == 0 ? fmt::format("この拠点に{}の会社（CORP）がありません。", role)
+                        : fmt::format("この拠点に{}の会社（CORP）が{}件あり、委任状が重複します。", role, number));
+    } catch (const RuntimeError &) {
+        // The table or the column is missing, which is a finding already.
+    }
+
+    void checkAgents(const Branch &branch)
+    try {
+        const std::string agents = fmt::format(
+            "SELECT RIYOUSHA.nIDNo FROM RIYOUSHA LEFT JOIN CORP ON CORP.iKyotenCd = {0} AND CORP.iKyotenEb = {1}"
+            " AND CORP.nIDNo = RIYOUSHA.nDairiID WHERE RIYOUSHA.iKyotenCd = {0} AND RIYOUSHA.iKyotenEb = {1}"
+            " AND RIYOUSHA.nDairiID > 0 AND CORP.nIDNo IS NULL",
+            branch.code, branch.subCode);
+        const std::int32_t number = count(agents);
+        if (number > 0)
+            m_findings.push_back(fmt::format("代理人（nDairiID）が会社（CORP）にない利用者が{}人います。", number));
+    } catch (const RuntimeError &) {
+        // As above.
+    }
+
+    Database &m_database;
+    std::unique_ptr<Connection> m_connection;
+    Findings &m_findings;
+};
+
+} // namespace
+
+void checkDatabase(const fs::path &folder, const std::optional<Branch> &branch, Findings &findings)
+{
+    const auto text = connectionText(folder, findings);
+    if (!text) return;
+    const std::unique_ptr<Database> database =
+        makeSqliteDatabase([&folder](const std::string &path) { return pathFrom(folder, path); });
+    DatabaseCheck check(*database, findings);
+    try {
+        check.connect(*text);
+    } catch (const RuntimeError &error) {
+        findings.push_back(fmt::format("データベースに接続できません。（{}）", error.description()));
+        return;
+    }
+    check.checkTables();
+    if (branch) check.checkRows(*branch);
+}
+
+} // namespace inin::site

@@ -1,0 +1,51 @@
+#include "app/inin_site/database_maker.h"
+
+#include "app/inin_site/code_tables.h"
+#include "app/inin_site/companies.h"
+#include "app/inin_site/embedded.h"
+#include "app/inin_site/patients.h"
+#include "app/inin_site/staff.h"
+#include "app/inin_site/visits.h"
+
+namespace inin::site {
+
+namespace {
+
+struct SchemaParts {
+    std::string tables;
+    std::string indexes;
+};
+
+/// An index is built faster over rows that are there, so the schema's indexes wait for the data.
+SchemaParts splitSchema(std::string_view schema)
+{
+    SchemaParts parts;
+    while (!schema.empty()) {
+        const std::size_t end = schema.find(';');
+        const std::string_view statement = schema.substr(0, end == schema.npos ? end : end + 1);
+        const bool isIndex = statement.find("CREATE INDEX") != statement.npos;
+        (isIndex ? parts.indexes : parts.tables).append(statement);
+        schema.remove_prefix(statement.size());
+    }
+    return parts;
+}
+
+} // namespace
+
+void makeDatabase(const std::string &path, const SiteOrder &order)
+{
+    const SchemaParts schema = splitSchema(schemaText());
+    SqliteWriter database(path);
+    // The file is new and takes its final name only when it is whole: a journal would protect nothing.
+    database.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN;");
+    database.run(schema.tables);
+    writeCodeTables(database, order);
+    writeCompanies(database, order);
+    writeStaff(database, order);
+    writeConsultations(database, order);
+    writePatients(database, order);
+    writeVisits(database, order);
+    database.run(schema.indexes + "COMMIT;");
+}
+
+} // namespace inin::site

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace inin::site {
+
+/// The demo data's source of chance: splitmix64 (Steele, Lea, Flood 2014). The standard library's distributions differ
+/// between platforms; this one gives the same rows everywhere.
+class Dice {
+public:
+    /// Each row of each kind throws dice of its own, so that one more throw in a row leaves the other rows alone.
+    Dice(std::uint64_t seed, std::uint64_t kind, std::uint64_t row) : m_state(seed)
+    {
+        m_state = next() ^ (kind * 0x9E3779B97F4A7C15U);
+        m_state = next() ^ row;
+    }
+
+    [[nodiscard]] std::uint64_t next()
+    {
+        m_state += 0x9E3779B97F4A7C15U;
+        std::uint64_t z = m_state;
+        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9U;
+        z = (z ^ (z >> 27)) * 0x94D049BB133111EBU;
+        return z ^ (z >> 31);
+    }
+    /// 0 to count - 1. The bias of the remainder does not matter for counts this small.
+    [[nodiscard]] std::size_t below(std::size_t count) { return static_cast<std::size_t>(next() % count); }
+    [[nodiscard]] int between(int low, int high)
+    {
+        return low + static_cast<int>(below(static_cast<std::size_t>(high - low + 1)));
+    }
+    [[nodiscard]] bool oneIn(std::size_t count) { return below(count) == 0; }
+    template <class T, std::size_t N> [[nodiscard]] const T &pick(std::span<const T, N> pool)
+    {
+        return pool[below(pool.size())];
+    }
+
+private:
+    std::uint64_t m_state;
+};
+
+} // namespace inin::site

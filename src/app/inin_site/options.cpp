@@ -1,0 +1,76 @@
+#include "app/inin_site/options.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <charconv>
+
+namespace inin::site {
+
+namespace {
+
+/// No branch is that large; the bound keeps a slip of the finger from filling the disk.
+constexpr std::int64_t kMostPatients = 1000000;
+
+/// Texts as they were given; each is judged with a sentence of its own.
+struct Given {
+    std::string folder;
+    std::string patients = "300";
+    std::string seed = "1";
+    std::string month;
+    bool force = false;
+};
+
+template <class Number> std::optional<Number> wholeNumber(const std::string &text)
+{
+    Number number{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+Command makeCommand(const Given &given)
+{
+    MakeCommand command{given.folder, {}, given.force ? Overwrite::anyFolder : Overwrite::onlyOwnFolder};
+    const auto patients = wholeNumber<std::int64_t>(given.patients);
+    if (!patients || *patients < 1 || *patients > kMostPatients) {
+        return BadCommand{fmt::format("--patients には1から{}までの人数を指定してください。", kMostPatients)};
+    }
+    const auto seed = wholeNumber<std::uint64_t>(given.seed);
+    if (!seed) return BadCommand{"--seed には0以上の整数を指定してください。"};
+    const auto month = given.month.empty() ? currentMonth() : yearMonthFromText(given.month);
+    if (!month) return BadCommand{"--month には1990-01から2098-12までの年月をYYYY-MMの形で指定してください。"};
+    command.order = {*patients, *seed, *month};
+    return command;
+}
+
+} // namespace
+
+Command readCommandLine(int argc, const char *const *argv)
+{
+    Given given;
+    CLI::App app{"委任状印刷の見本サイトを作り、サイトの設定を検査します。", "inin-site"};
+    app.require_subcommand(1);
+    CLI::App *make = app.add_subcommand("make", "見本サイトを作ります。");
+    make->add_option("DIR", given.folder, "作るフォルダー")->required();
+    make->add_option("--patients", given.patients, "利用者の人数（100人以上で見本の変わり種がそろいます）")
+        ->capture_default_str();
+    make->add_option("--seed", given.seed, "乱数の種。同じ種からは同じ行ができます")->capture_default_str();
+    make->add_option("--month", given.month, "対象月 YYYY-MM。予定と実績はその前月から翌月までです（省略時は今月）");
+    make->add_flag("--force", given.force, "空でないフォルダーにも書き込みます");
+    CLI::App *check = app.add_subcommand("check", "サイトを検査します。問題がなければ終了コード0、あれば1です。");
+    check->add_option("DIR", given.folder, "検査するフォルダー")->required();
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp &) {
+        return HelpCommand{app.help()};
+    } catch (const CLI::ParseError &error) {
+        return BadCommand{fmt::format(
+            "コマンドラインが正しくありません。使い方は inin-site --help で見られます。（{}）", error.what())};
+    }
+    if (given.folder.empty()) return BadCommand{"フォルダーを指定してください。"};
+    if (make->parsed()) return makeCommand(given);
+    return CheckCommand{given.folder};
+}
+
+} // namespace inin::site

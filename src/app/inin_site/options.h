@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/inin_site/site_maker.h"
+
+#include <filesystem>
+#include <string>
+#include <variant>
+
+namespace inin::site {
+
+struct MakeCommand {
+    std::filesystem::path folder;
+    SiteOrder order;
+    Overwrite overwrite = Overwrite::onlyOwnFolder;
+};
+struct CheckCommand {
+    std::filesystem::path folder;
+};
+struct HelpCommand {
+    std::string text;
+};
+/// A command line that makes no sense, with the sentence to show.
+struct BadCommand {
+    std::string sentence;
+};
+using Command = std::variant<MakeCommand, CheckCommand, HelpCommand, BadCommand>;
+
+[[nodiscard]] Command readCommandLine(int argc, const char *const *argv);
+
+} // namespace inin::site

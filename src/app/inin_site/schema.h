@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace inin::site {
+
+struct TableColumns {
+    std::string name;
+    std::vector<std::string> columns;
+};
+/// The tables that the program names with the columns that it names, in the schema's order.
+[[nodiscard]] std::vector<TableColumns> schemaTables();
+
+} // namespace inin::site

@@ -1,0 +1,35 @@
+#include "app/inin_site/site_check.h"
+
+#include "adapters/posix/posix_platform.h"
+
+#include <fmt/format.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace inin::site {
+
+std::optional<std::string> readSiteFile(const std::filesystem::path &path)
+{
+    const std::string real = posixPath(path.string());
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(real, error)) return std::nullopt;
+    std::ifstream file(real, std::ios::binary);
+    if (!file) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+Findings checkSite(const std::filesystem::path &folder)
+{
+    Findings findings;
+    std::error_code error;
+    if (!std::filesystem::is_directory(folder, error)) {
+        findings.push_back(fmt::format("フォルダー「{}」がありません。", folder.string()));
+        return findings;
+    }
+    const std::optional<Branch> branch = checkSettings(folder, findings);
+    checkDatabase(folder, branch, findings);
+    return findings;
+}
+
+} // namespace inin::site

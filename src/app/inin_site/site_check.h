@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace inin::site {
+
+/// What a check found, a sentence each; empty when all is well.
+using Findings = std::vector<std::string>;
+
+/// Checks settings, folders, form documents and the database of a site. Writes nothing.
+[[nodiscard]] Findings checkSite(const std::filesystem::path &folder);
+
+// The two halves of it.
+
+struct Branch {
+    int code = 0;
+    int subCode = 0;
+};
+/// The branch, when "BASEID" names one.
+[[nodiscard]] std::optional<Branch> checkSettings(const std::filesystem::path &folder, Findings &findings);
+/// Without a branch the rows are not looked at, only tables and columns.
+void checkDatabase(const std::filesystem::path &folder, const std::optional<Branch> &branch, Findings &findings);
+
+/// The bytes of a file whose name is found whatever its case; nothing when it cannot be read.
+[[nodiscard]] std::optional<std::string> readSiteFile(const std::filesystem::path &path);
+
+} // namespace inin::site

@@ -1,0 +1,52 @@
+#include "app/inin_site/site_maker.h"
+
+#include "app/inin_site/database_maker.h"
+#include "app/inin_site/site_files.h"
+#include "runtime/runtime_error.h"
+
+#include <fmt/format.h>
+
+namespace inin::site {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void refuseForeignFolder(const fs::path &folder)
+{
+    std::error_code error;
+    if (!fs::exists(folder, error) || fs::exists(folder / kMarkerFile, error)) return;
+    if (fs::is_directory(folder, error) && fs::is_empty(folder, error)) return;
+    throw RuntimeError(
+        error_number::pathAccess,
+        fmt::format("「{}」は空のフォルダーでも inin-site が作ったフォルダーでもないので、何も書き込みませんでした。"
+                    "上書きするときは --force を付けてください。",
+                    folder.string()));
+}
+
+/// The database takes its name when it is whole, so a make that breaks off leaves the old one.
+void replaceDatabase(const fs::path &folder, const SiteOrder &order)
+{
+    const fs::path target = folder / kDatabaseFile;
+    fs::path unfinished = target;
+    unfinished += ".new";
+    std::error_code error;
+    fs::remove(unfinished, error);
+    makeDatabase(unfinished.string(), order);
+    fs::rename(unfinished, target, error);
+    if (error) {
+        throw RuntimeError(error_number::pathAccess,
+                           fmt::format("データベース「{}」を置き換えられません。", target.string()));
+    }
+}
+
+} // namespace
+
+void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite)
+{
+    if (overwrite == Overwrite::onlyOwnFolder) refuseForeignFolder(folder);
+    writeSiteFiles(folder, order);
+    replaceDatabase(folder, order);
+}
+
+} // namespace inin::site

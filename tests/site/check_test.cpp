@@ -1,0 +1,185 @@
+#include "adapters/posix/code_page_932.h"
+#include "app/inin_site/site_check.h"
+#include "site/scratch_site.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
+
+/// A demo site whose oddities are mended and whose form documents are there: a check finds nothing.
+struct SoundSite {
+    ScratchFolder folder;
+    SoundSite()
+    {
+        site::makeSite(path(), {150, 1, std::chrono::year{2024} / 5}, site::Overwrite::anyFolder);
+        execute(database(), "UPDATE RIYOUSHA SET nDairiID = 11 WHERE nDairiID > 9000");
+        for (const char *form : kForms) write(path() / "SYS" / form, "form");
+    }
+    [[nodiscard]] const fs::path &path() const { return folder.path(); }
+    [[nodiscard]] fs::path database() const { return path() / "demo.db"; }
+    /// Replaces a piece of a settings file.
+    void change(const char *file, const std::string &from, const std::string &to) const
+    {
+        std::string text = decodeCp932(bytesOf(path() / file));
+        const std::size_t place = text.find(from);
+        REQUIRE(place != std::string::npos);
+        write(path() / file, encodeCp932(text.replace(place, from.size(), to)));
+    }
+    [[nodiscard]] site::Findings check() const { return site::checkSite(path()); }
+};
+
+struct SettingFault {
+    const char *file;
+    const char *from;
+    const char *to;
+    site::Findings findings;
+};
+
+const SettingFault kSettingFaults[] = {
+    {"Massage.ini", "SYSTEM_DATA=", "system_data=", {"Massage.ini に項目「SYSTEM_DATA」がありません。"}},
+    {"Massage.ini", "\\DATA", "\\DAT", {"Massage.ini の項目「SYSTEM_DATA」のフォルダー「\\DAT」がありません。"}},
+    {"Massage.ini", "\\DATA", "DATA", {"Massage.ini の項目「SYSTEM_DATA」の値「DATA」が「\\」で始まっていません。"}},
+    {"Massage.ini",
+     "SYSTEM_TMP=\\TMP",
+     "SYSTEM_TMP=\\DATA",
+     {"Massage.ini の項目「SYSTEM_TMP」が「\\DATA」なので、プレビューできません（「\\TMP」にしてください）。"}},
+    {"Massage.ini", "wall.bmp", "wand.bmp", {"Massage.ini の項目「WALLPAPER」の画像「wand.bmp」がありません。"}},
+    {"Massage.ini", "WALLPAPER=", "PICTURE=", {"Massage.ini に項目「WALLPAPER」がありません。"}},
+    {"Massage.ini",
+     "BASEID=0101",
+     "BASEID=011",
+     {"Massage.ini の項目「BASEID」の値「011」が4桁の数字ではありません。"}},
+    {"Massage.ini",
+     "BASEID=0101",
+     "BASEID=01A1",
+     {"Massage.ini の項目「BASEID」の値「01A1」が4桁の数字ではありません。"}},
+    {"Massage.ini", "BASEID", "BASE", {"Massage.ini に項目「BASEID」がありません。"}},
+    {"Massage.ini", "期間=3", "期間=三", {"Massage.ini の項目「終了患者施術期間」の値「三」が月数ではありません。"}},
+    {"Massage.ini",
+     "BASEID=0101",
+     "BASEID=0103",
+     {"この拠点に本社の会社（CORP）がありません。", "この拠点に団体請求の会社（CORP）がありません。"}},
+    {"adodb.ini", "[接続情報]", "[接続]", {"adodb.ini に接続文字列（セクションも項目も「接続情報」）がありません。"}},
+    {"adodb.ini",
+     "Provider=SQLite;Data Source=demo.db",
+     "",
+     {"adodb.ini に接続文字列（セクションも項目も「接続情報」）がありません。"}},
+};
+
+struct RowFault {
+    const char *sql;
+    site::Findings findings;
+};
+
+const RowFault kRowFaults[] = {
+    {"DELETE FROM CORP WHERE iType = 0", {"この拠点に本社の会社（CORP）がありません。"}},
+    {"UPDATE CORP SET iType = 0 WHERE nIDNo = 12", {"この拠点に本社の会社（CORP）が2件あり、委任状が重複します。"}},
+    {"DELETE FROM CORP WHERE iType = 3", {"この拠点に団体請求の会社（CORP）がありません。"}},
+    {"UPDATE CORP SET iType = 3 WHERE nIDNo IN (12, 13)",
+     {"この拠点に団体請求の会社（CORP）が3件あり、委任状が重複します。"}},
+    {"UPDATE RIYOUSHA SET nDairiID = 77 WHERE nIDNo IN (5, 6)",
+     {"代理人（nDairiID）が会社（CORP）にない利用者が2人います。"}},
+    {"ALTER TABLE RIYOUSHA DROP COLUMN cFMCode", {"テーブル「RIYOUSHA」に列「cFMCode」がありません。"}},
+    {"DROP TABLE JISSEKI", {"テーブル「JISSEKI」がありません。"}},
+    {"DROP TABLE 往療費区分", {"テーブル「往療費区分」がありません。"}},
+};
+
+} // namespace
+
+TEST_CASE("a sound site has no findings")
+{
+    CHECK(SoundSite{}.check() == site::Findings{});
+}
+
+TEST_CASE("a demo site as it is made lacks its form documents and some agents")
+{
+    CHECK(site::checkSite(sharedSite()) ==
+          site::Findings{"帳票「委任状37_01.wfd」がフォルダー「\\SYS」にありません。",
+                         "帳票「委任状23.wfd」がフォルダー「\\SYS」にありません。",
+                         "帳票「委任状37_高松市.wfd」がフォルダー「\\SYS」にありません。",
+                         "代理人（nDairiID）が会社（CORP）にない利用者が6人います。"});
+}
+
+TEST_CASE("each fault of the settings is found and nothing else")
+{
+    for (const SettingFault &fault : kSettingFaults) {
+        CAPTURE(fault.to);
+        const SoundSite site;
+        site.change(fault.file, fault.from, fault.to);
+        CHECK(site.check() == fault.findings);
+    }
+}
+
+TEST_CASE("each fault of the rows, columns and tables is found and nothing else")
+{
+    for (const RowFault &fault : kRowFaults) {
+        CAPTURE(fault.sql);
+        const SoundSite site;
+        execute(site.database(), fault.sql);
+        CHECK(site.check() == fault.findings);
+    }
+}
+
+TEST_CASE("a patient without an agent is no finding")
+{
+    const SoundSite site;
+    execute(site.database(), "UPDATE RIYOUSHA SET nDairiID = NULL WHERE nIDNo = 5");
+    execute(site.database(), "UPDATE RIYOUSHA SET nDairiID = 0 WHERE nIDNo = 6");
+    CHECK(site.check().empty());
+}
+
+TEST_CASE("a missing settings file and a missing connection file are told")
+{
+    const SoundSite site;
+    fs::remove(site.path() / "Massage.ini");
+    fs::remove(site.path() / "adodb.ini");
+    CHECK(site.check() == site::Findings{"システム設定ファイル「Massage.ini」がありません。",
+                                         "接続情報ファイル「adodb.ini」がありません。"});
+}
+
+TEST_CASE("a folder that is not there is the only finding")
+{
+    CHECK(site::checkSite("/no/such/site") == site::Findings{"フォルダー「/no/such/site」がありません。"});
+}
+
+TEST_CASE("a database that cannot be opened is told with the provider's words")
+{
+    const SoundSite site;
+    fs::remove(site.database());
+    const site::Findings findings = site.check();
+    REQUIRE(findings.size() == 1);
+    CHECK(findings[0].starts_with("データベースに接続できません。（"));
+    CHECK_FALSE(fs::exists(site.database()));
+}
+
+TEST_CASE("a connection string that the suite's buffer would cut is told")
+{
+    const SoundSite site;
+    site.change("adodb.ini", "demo.db", "demo.db;Application Name=" + std::string(240, 'x'));
+    CHECK(site.check() == site::Findings{"adodb.ini の接続文字列が255バイトを超えています。"});
+}
+
+TEST_CASE("an entry of 帳票Format.ini takes the place of the three form documents")
+{
+    const SoundSite site;
+    for (const char *form : kForms) fs::remove(site.path() / "SYS" / form);
+    write(site.path() / "DATA" / "帳票Format.ini", encodeCp932("[委任状]\r\n委任状=別の帳票.wfd\r\n"));
+    CHECK(site.check() == site::Findings{"帳票「別の帳票.wfd」がフォルダー「\\SYS」にありません。"});
+
+    write(site.path() / "SYS" / "別の帳票.wfd", "form");
+    CHECK(site.check().empty());
+}
+
+TEST_CASE("names of files and folders are found whatever their case")
+{
+    const SoundSite site;
+    fs::rename(site.path() / "Massage.ini", site.path() / "MASSAGE.INI");
+    fs::rename(site.path() / "SYS", site.path() / "Sys");
+    CHECK(site.check().empty());
+}

@@ -1,0 +1,104 @@
+#include "app/inin_site/options.h"
+
+#include <doctest/doctest.h>
+
+#include <vector>
+
+using namespace inin::site;
+
+namespace {
+
+Command read(std::vector<const char *> arguments)
+{
+    arguments.insert(arguments.begin(), "inin-site");
+    return readCommandLine(static_cast<int>(arguments.size()), arguments.data());
+}
+
+std::string sentenceOf(const Command &command)
+{
+    const auto *bad = std::get_if<BadCommand>(&command);
+    return bad == nullptr ? "" : bad->sentence;
+}
+
+constexpr const char *kBadPatients = "--patients には1から1000000までの人数を指定してください。";
+constexpr const char *kBadSeed = "--seed には0以上の整数を指定してください。";
+constexpr const char *kBadMonth = "--month には1990-01から2098-12までの年月をYYYY-MMの形で指定してください。";
+
+struct BadOption {
+    const char *option;
+    const char *value;
+    const char *sentence;
+};
+constexpr BadOption kBadOptions[] = {
+    {"--patients", "0", kBadPatients},
+    {"--patients", "1000001", kBadPatients},
+    {"--patients", "many", kBadPatients},
+    {"--patients", "3.5", kBadPatients},
+    {"--seed", "x", kBadSeed},
+    {"--seed", "1 ", kBadSeed},
+    {"--month", "2024-13", kBadMonth},
+    {"--month", "2024-00", kBadMonth},
+    {"--month", "2024-5", kBadMonth},
+    {"--month", "2024/05", kBadMonth},
+    {"--month", "1989-12", kBadMonth},
+    {"--month", "2099-01", kBadMonth},
+    {"--month", "20x4-05", kBadMonth},
+};
+
+} // namespace
+
+TEST_CASE("make takes 300 patients and seed 1 unless told otherwise")
+{
+    const auto command = std::get<MakeCommand>(read({"make", "here"}));
+    CHECK(command.folder == "here");
+    CHECK(command.order.patients == 300);
+    CHECK(command.order.seed == 1);
+    CHECK(command.overwrite == Overwrite::onlyOwnFolder);
+}
+
+TEST_CASE("make takes patients, seed, month and force")
+{
+    const auto command = std::get<MakeCommand>(read(
+        {"make", "here", "--patients", "30000", "--seed", "18446744073709551615", "--month", "2024-12", "--force"}));
+    CHECK(command.order.patients == 30000);
+    CHECK(command.order.seed == 18446744073709551615U);
+    CHECK(yearMonthText(command.order.month) == "2024-12");
+    CHECK(command.overwrite == Overwrite::anyFolder);
+}
+
+TEST_CASE("check takes a folder")
+{
+    CHECK(std::get<CheckCommand>(read({"check", "there"})).folder == "there");
+}
+
+TEST_CASE("a bad value of an option is answered by its own sentence")
+{
+    for (const BadOption &bad : kBadOptions) {
+        CAPTURE(bad.option);
+        CAPTURE(bad.value);
+        CHECK(sentenceOf(read({"make", "here", bad.option, bad.value})) == bad.sentence);
+    }
+}
+
+TEST_CASE("a command line without sense is refused with a sentence")
+{
+    for (const std::vector<const char *> &line : {std::vector<const char *>{},
+                                                  {"make"},
+                                                  {"check"},
+                                                  {"paint", "here"},
+                                                  {"make", "here", "--colour"},
+                                                  {"make", "here", "there"}}) {
+        CHECK(sentenceOf(read(line)).starts_with("コマンドラインが正しくありません。"));
+    }
+}
+
+TEST_CASE("an empty folder name is refused")
+{
+    CHECK(sentenceOf(read({"make", ""})) == "フォルダーを指定してください。");
+}
+
+TEST_CASE("help is no bad command")
+{
+    CHECK(std::holds_alternative<HelpCommand>(read({"--help"})));
+    CHECK(std::holds_alternative<HelpCommand>(read({"make", "--help"})));
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/inin_site/site_maker.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace inin::test {
+
+/// A folder of its own that goes away with the test.
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder &) = delete;
+    ScratchFolder &operator=(const ScratchFolder &) = delete;
+    [[nodiscard]] const std::filesystem::path &path() const { return m_path; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+[[nodiscard]] std::string bytesOf(const std::filesystem::path &file);
+void write(const std::filesystem::path &file, const std::string &bytes);
+
+/// First column of each row, as text; NULL reads "NULL".
+[[nodiscard]] std::vector<std::string> query(const std::filesystem::path &database, const std::string &sql);
+[[nodiscard]] std::int64_t countOf(const std::filesystem::path &database, const std::string &sql);
+void execute(const std::filesystem::path &database, const std::string &sql);
+
+/// May 2024, three hundred patients, seed 1.
+[[nodiscard]] site::SiteOrder ordinaryOrder();
+
+/// A site of that order, made once for all tests that only read it.
+[[nodiscard]] const std::filesystem::path &sharedSite();
+[[nodiscard]] std::filesystem::path sharedDatabase();
+
+} // namespace inin::test

@@ -1,0 +1,88 @@
+#include "site/scratch_site.h"
+
+#include <doctest/doctest.h>
+
+#include <cstdlib>
+
+using namespace inin::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char *kStandIns[] = {"Main.exe", "wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
+constexpr const char *kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
+
+int run(const fs::path &folder, const std::string &command)
+{
+    return std::system(("cd '" + folder.string() + "' && " + command + " 2>/dev/null").c_str());
+}
+
+struct Site {
+    ScratchFolder folder;
+    Site()
+    {
+        inin::site::makeSite(folder.path(), {1, 1, std::chrono::year{2024} / 5}, inin::site::Overwrite::anyFolder);
+    }
+};
+
+} // namespace
+
+TEST_CASE("a stand-in says in its own text that it is one, and can run")
+{
+    for (const char *name : kStandIns) {
+        CAPTURE(name);
+        CHECK(bytesOf(sharedSite() / name).find("STAND-IN of the demo site") != std::string::npos);
+        CHECK((fs::status(sharedSite() / name).permissions() & fs::perms::owner_exec) != fs::perms::none);
+    }
+}
+
+TEST_CASE("the menu's stand-in notes each argument that it is started with")
+{
+    const Site site;
+
+    REQUIRE(run(site.folder.path(), "./Main.exe 2 && ./Main.exe") == 0);
+
+    CHECK(bytesOf(site.folder.path() / "Main.log") == "2\n\n");
+}
+
+TEST_CASE("a form tool's stand-in copies the command script beside itself")
+{
+    for (const char *name : kFormTools) {
+        CAPTURE(name);
+        const Site site;
+        write(site.folder.path() / "TMP" / "WfdCom.dat", "FileName,\"x\"\r\n");
+
+        REQUIRE(run(site.folder.path(), std::string("./") + name + " /c './TMP\\WfdCom.dat'") == 0);
+
+        CHECK(bytesOf(site.folder.path() / (std::string(name) + ".WfdCom.dat")) == "FileName,\"x\"\r\n");
+    }
+}
+
+TEST_CASE("the merger's stand-in takes the script behind the output form")
+{
+    const Site site;
+    write(site.folder.path() / "TMP" / "WfdCom.dat", "AddReport\r\n");
+
+    REQUIRE(run(site.folder.path(), "./wfrimg10.exe 'TMP\\out.wfd' /c 'TMP\\WfdCom.dat'") == 0);
+
+    CHECK(bytesOf(site.folder.path() / "wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
+    CHECK_FALSE(fs::exists(site.folder.path() / "TMP" / "out.wfd"));
+}
+
+TEST_CASE("a form tool's stand-in puts a path together that a blank has cut")
+{
+    const Site site;
+    fs::create_directories(site.folder.path() / "my site");
+    write(site.folder.path() / "my site" / "WfdCom.dat", "x");
+
+    REQUIRE(run(site.folder.path(), "./wfrfv10.exe /c my 'site\\WfdCom.dat'") == 0);
+
+    CHECK(bytesOf(site.folder.path() / "wfrfv10.exe.WfdCom.dat") == "x");
+}
+
+TEST_CASE("a form tool's stand-in fails without a script")
+{
+    const Site site;
+    CHECK(run(site.folder.path(), "./wfrfv10.exe") != 0);
+    CHECK(run(site.folder.path(), "./wfrfv10.exe /c missing.dat") != 0);
+}
