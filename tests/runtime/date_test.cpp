@@ -175,7 +175,7 @@ TEST_CASE("the last second of an era's last day still belongs to it")
 TEST_CASE("from day to day the eras follow one another and never turn back")
 {
     std::size_t index = 0;
-    for (double day = -11661; day <= 73415; ++day) { // 1868-01-25 to 2100-12-31
+    for (int day = -11661; day <= 73415; ++day) { // 1868-01-25 to 2100-12-31
         const Era *era = eraOf(Date(day));
         REQUIRE(era != nullptr);
         const auto position = static_cast<std::size_t>(era - eras().data());

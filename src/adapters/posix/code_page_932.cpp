@@ -133,19 +133,6 @@ Decoded nextCharacter(std::string_view text)
     return {character, size};
 }
 
-void appendUtf8(std::string &out, char16_t unit)
-{
-    const unsigned value = unit;
-    if (value < 0x80) {
-        out += static_cast<char>(value);
-    } else if (value < 0x800) {
-        out += {static_cast<char>(0xC0 | value >> 6), static_cast<char>(0x80 | (value & 0x3F))};
-    } else {
-        out += {static_cast<char>(0xE0 | value >> 12), static_cast<char>(0x80 | (value >> 6 & 0x3F)),
-                static_cast<char>(0x80 | (value & 0x3F))};
-    }
-}
-
 /// Appends the ASCII run at the front of `text` and gives its length: most bytes of a statement or path are such.
 std::size_t takeAscii(std::string &out, std::string_view text)
 {
@@ -165,6 +152,24 @@ bool isCp932Lead(unsigned char byte)
 char16_t cp932Unit(unsigned char lead, unsigned char trail)
 {
     return tables().pair[static_cast<std::size_t>(lead << 8 | trail)];
+}
+
+char16_t cp932Unit(unsigned char byte)
+{
+    return tables().single[byte];
+}
+
+void appendUtf8(std::string &out, char16_t unit)
+{
+    const unsigned value = unit;
+    if (value < 0x80) {
+        out += static_cast<char>(value);
+    } else if (value < 0x800) {
+        out += {static_cast<char>(0xC0 | value >> 6), static_cast<char>(0x80 | (value & 0x3F))};
+    } else {
+        out += {static_cast<char>(0xE0 | value >> 12), static_cast<char>(0x80 | (value >> 6 & 0x3F)),
+                static_cast<char>(0x80 | (value & 0x3F))};
+    }
 }
 
 std::string encodeCp932(std::string_view utf8)

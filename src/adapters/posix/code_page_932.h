@@ -16,5 +16,9 @@ namespace inin {
 [[nodiscard]] bool isCp932Lead(unsigned char byte);
 /// The character of a double byte as a UTF-16 unit, 0 when there is none: the code page stays within 16 bits.
 [[nodiscard]] char16_t cp932Unit(unsigned char lead, unsigned char trail);
+/// Likewise of a single byte.
+[[nodiscard]] char16_t cp932Unit(unsigned char byte);
+/// The unit must be no half of a pair.
+void appendUtf8(std::string &out, char16_t unit);
 
 } // namespace inin

@@ -137,9 +137,10 @@ private:
 
 bool replaceFile(const std::string &systemPath, const std::string &bytes, const struct stat *old)
 {
+    if (!old && isLink(systemPath)) return writeInPlace(systemPath, bytes);
     Replacement replacement(systemPath);
     if (replacement.canReplace(old)) return replacement.commit(bytes);
-    return (old || isLink(systemPath)) && writeInPlace(systemPath, bytes);
+    return old && writeInPlace(systemPath, bytes);
 }
 
 class PosixProfile : public Profile {
