@@ -5,6 +5,7 @@
 #include "runtime/text.h"
 
 #include <algorithm>
+#include <compare>
 
 namespace inin {
 
@@ -41,13 +42,13 @@ std::partial_ordering compare(const Variant &a, const Variant &b, const Regional
 Variant vMin(const Variant &a, const Variant &b, const Regional &regional)
 {
     if (a.isNull() || b.isNull()) return a;
-    return compare(b, a, regional) < 0 ? b : a;
+    return std::is_lt(compare(b, a, regional)) ? b : a;
 }
 
 Variant vMax(const Variant &a, const Variant &b, const Regional &regional)
 {
     if (a.isNull() || b.isNull()) return a;
-    return compare(b, a, regional) > 0 ? b : a;
+    return std::is_gt(compare(b, a, regional)) ? b : a;
 }
 
 std::string csNullToStr(const Variant &value, const Regional &regional)
@@ -70,7 +71,9 @@ try {
 
 std::int32_t nNullToLong(const Variant &value, const Regional &regional)
 try {
-    return value.isNull() ? 0 : toLong(value, regional);
+    // Columns without a number are common: they are told apart without the price of an exception.
+    const bool isOtherText = value.getIf<std::string>() != nullptr && !isNumeric(value);
+    return value.isNull() || isOtherText ? 0 : toLong(value, regional);
 } catch (const RuntimeError &) {
     return 0;
 }

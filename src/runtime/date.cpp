@@ -5,7 +5,6 @@
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <ranges>
 
 namespace inin {
 
@@ -108,7 +107,7 @@ Date DateSerial(std::int32_t year, std::int32_t month, std::int32_t day)
 {
     // Months roll before days. Calendar years are short: whole Gregorian cycles are counted apart, so that any
     // arguments of 32 bits that lead back to a real day do.
-    constexpr std::int64_t kMonthsOfCycle = 400 * 12;
+    constexpr std::int64_t kMonthsOfCycle = 4800; // 400 years
     constexpr std::int64_t kDaysOfCycle = 146097;
     const std::int64_t months = std::int64_t{fullYear(year)} * 12 + month - 1;
     const std::int64_t cycles = floorDivide(months, kMonthsOfCycle);
@@ -145,9 +144,10 @@ std::span<const Era> eras()
 const Era *eraOf(Date date)
 {
     const Date day = dayOf(date);
-    for (const Era &era : kEras | std::views::reverse)
-        if (era.first <= day) return &era;
-    return nullptr;
+    const Era *found = nullptr;
+    for (const Era &era : kEras)
+        if (era.first <= day) found = &era;
+    return found;
 }
 
 } // namespace inin

@@ -14,7 +14,8 @@ public:
     constexpr Date() = default;
     constexpr explicit Date(double days) : m_days(days) {}
     [[nodiscard]] constexpr double days() const { return m_days; }
-    friend constexpr auto operator<=>(const Date &, const Date &) = default;
+    friend constexpr bool operator==(const Date &, const Date &) = default;
+    friend constexpr std::partial_ordering operator<=>(const Date &a, const Date &b) { return a.m_days <=> b.m_days; }
 
 private:
     double m_days = 0;

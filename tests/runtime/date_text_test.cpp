@@ -35,6 +35,9 @@ TEST_CASE("a text that is no date is a type mismatch")
                                         "45413",
                                         "240501",
                                         "5/1",
+                                        "24/5",
+                                        "5/24",
+                                        "99/5",
                                         "2024",
                                         "2024//5/1",
                                         "/2024/5/1",
@@ -54,6 +57,8 @@ TEST_CASE("a text that is no date is a type mismatch")
                                         "２０２４/5/1",
                                         "令和6年5月1日",
                                         "2024月5年1日",
+                                        "2024年5月日",
+                                        "2024年月5日",
                                         "\xFF/1/1"}) {
         CAPTURE(text);
         CHECK(errorOf([&] { return read(text); }) == 13);
@@ -96,11 +101,18 @@ TEST_CASE("the half of the day is read from English and Japanese words")
     }
 }
 
+TEST_CASE("a half of the day between date and time belongs to the time")
+{
+    CHECK(read("2024/5/1 午前 9:30") == dateOf({2024, 5, 1, 9, 30, 0}));
+    CHECK(read("2024 5 1 午後9:30") == dateOf({2024, 5, 1, 21, 30, 0}));
+    CHECK(read("2024/5/1 9 PM") == dateOf({2024, 5, 1, 21, 0, 0}));
+}
+
 TEST_CASE("a text that is no time is a type mismatch")
 {
-    for (const std::string_view text :
-         {"24:00", "9:60", "9:30:60", "9:", ":30", "9:30:", "9:30:15.5", "9:30 9:30", "AM", "午前", "13:00 AM",
-          "9:30 AM PM", "2024/5/1 PM 3", "9:300", "100:00", "2024/5/1 AM", "2024/5/9:30", "2024/5/1/9:30"}) {
+    for (const std::string_view text : {"24:00", "9:60", "9:30:60", "9:", ":30", "9:30:", "9:30:15.5", "9:30 9:30",
+                                        "AM", "午前", "13:00 AM", "9:30 AM PM", "2024/5/1 PM 3", "9:300", "100:00",
+                                        "2024/5/1 AM", "2024/5 9 PM", "2024/5/9:30", "2024/5/1/9:30"}) {
         CAPTURE(text);
         CHECK(errorOf([&] { return read(text); }) == 13);
     }
@@ -138,7 +150,7 @@ TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives its text in a form w
 {
     for (const std::string_view shortDate : {"yyyy/MM/dd", "dd/MM/yyyy", "M/d/yyyy"}) {
         const Regional regional{std::string(shortDate)};
-        for (double day = 0; day <= 73415; ++day)
+        for (int day = 0; day <= 73415; ++day)
             if (read(dateText(Date(day), regional), regional) != Date(day)) FAIL_CHECK(shortDate << " loses " << day);
     }
     CHECK(dateText(Date(73415), kRegional) == "2100/12/31");
@@ -147,7 +159,7 @@ TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives its text in a form w
 TEST_CASE("every day from 1930 to 2029 survives its text in a form with two digits of the year")
 {
     const Regional regional{"yy/MM/dd"};
-    for (double day = 10959; day <= 47483; ++day)
+    for (int day = 10959; day <= 47483; ++day)
         if (read(dateText(Date(day), regional), regional) != Date(day)) FAIL_CHECK(day);
     CHECK(dateText(Date(10959), kRegional) == "1930/01/01");
     CHECK(dateText(Date(47483), kRegional) == "2029/12/31");
@@ -156,7 +168,7 @@ TEST_CASE("every day from 1930 to 2029 survives its text in a form with two digi
 TEST_CASE("a day outside 1930 to 2029 comes back from two digits of the year in that century")
 {
     const Regional regional{"yy/MM/dd"};
-    for (double day = 1; day < 10959; ++day) {
+    for (int day = 1; day < 10959; ++day) {
         const Date date(day);
         if (Month(date) == 2 && Day(date) == 29) continue;
         const std::int32_t year = Year(date) < 1900 ? 1999 : Year(date) + 100;
