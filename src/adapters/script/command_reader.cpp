@@ -29,11 +29,11 @@ class LineReader {
 public:
     LineReader(std::size_t line, const Json &object) : m_line(line), m_object(object) {}
 
-    [[nodiscard]] Command read() const
+    [[nodiscard]] ScriptCommand read() const
     {
         const Verb &verb = findVerb();
         checkKeys(verb);
-        Command command;
+        ScriptCommand command;
         command.kind = verb.kind;
         command.line = m_line;
         if (m_object.contains(kForce)) command.force = mark(kForce);
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    void fill(Command &command, const Verb &verb) const
+    void fill(ScriptCommand &command, const Verb &verb) const
     {
         switch (verb.kind) {
         case CommandKind::click:
@@ -131,7 +131,7 @@ try {
 
 } // namespace
 
-std::optional<Command> CommandReader::next()
+std::optional<ScriptCommand> CommandReader::next()
 {
     std::string text;
     while (std::getline(m_in, text)) {
