@@ -12,15 +12,15 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// A verb is the key that names the command; the other keys that may stand beside it.
 struct Verb {
     const char *key;
-    CommandKind kind;
     const char *companion; ///< nullptr for none
-    bool companionDue;
+    CommandKind kind;
+    bool companionDue = false;
 };
 constexpr Verb kVerbs[] = {
-    {"click", CommandKind::click, nullptr, false}, {"set", CommandKind::set, "to", true},
-    {"choose", CommandKind::choose, "to", true},   {"key", CommandKind::key, "code", true},
-    {"row", CommandKind::row, "double", false},    {"close", CommandKind::close, nullptr, false},
-    {"state", CommandKind::state, nullptr, false},
+    {"click", nullptr, CommandKind::click},      {"set", "to", CommandKind::set, true},
+    {"choose", "to", CommandKind::choose, true}, {"key", "code", CommandKind::key, true},
+    {"row", "double", CommandKind::row},         {"close", nullptr, CommandKind::close},
+    {"state", nullptr, CommandKind::state},
 };
 constexpr const char *kForce = "force";
 
