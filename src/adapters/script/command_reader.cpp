@@ -1,0 +1,147 @@
+#include "adapters/script/command_reader.h"
+
+#include <istream>
+#include <string_view>
+
+namespace inin {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// A verb is the key that names the command; the other keys that may stand beside it.
+struct Verb {
+    const char *key;
+    CommandKind kind;
+    const char *companion; ///< nullptr for none
+    bool companionDue;
+};
+constexpr Verb kVerbs[] = {
+    {"click", CommandKind::click, nullptr, false}, {"set", CommandKind::set, "to", true},
+    {"choose", CommandKind::choose, "to", true},   {"key", CommandKind::key, "code", true},
+    {"row", CommandKind::row, "double", false},    {"close", CommandKind::close, nullptr, false},
+    {"state", CommandKind::state, nullptr, false},
+};
+constexpr const char *kForce = "force";
+
+/// One line being read; knows its number for the words of a failure.
+class LineReader {
+public:
+    LineReader(std::size_t line, const Json &object) : m_line(line), m_object(object) {}
+
+    [[nodiscard]] Command read() const
+    {
+        const Verb &verb = findVerb();
+        checkKeys(verb);
+        Command command;
+        command.kind = verb.kind;
+        command.line = m_line;
+        if (m_object.contains(kForce)) command.force = mark(kForce);
+        fill(command, verb);
+        return command;
+    }
+
+private:
+    void fill(Command &command, const Verb &verb) const
+    {
+        switch (verb.kind) {
+        case CommandKind::click:
+            command.control = text(verb.key);
+            break;
+        case CommandKind::set:
+            command.control = text(verb.key);
+            command.to = m_object.at(verb.companion);
+            break;
+        case CommandKind::choose:
+        case CommandKind::key:
+            command.control = text(verb.key);
+            command.number = number<std::int16_t>(verb.companion);
+            break;
+        case CommandKind::row:
+            command.row = number<std::int32_t>(verb.key);
+            if (m_object.contains(verb.companion)) command.doubleClick = mark(verb.companion);
+            break;
+        case CommandKind::close:
+        case CommandKind::state:
+            if (!mark(verb.key)) fail(quoted(verb.key) + " must be true");
+            break;
+        }
+    }
+
+    [[nodiscard]] const Verb &findVerb() const
+    {
+        const Verb *found = nullptr;
+        for (const Verb &verb : kVerbs) {
+            if (!m_object.contains(verb.key)) continue;
+            if (found != nullptr) fail("two commands in one line: " + quoted(found->key) + ", " + quoted(verb.key));
+            found = &verb;
+        }
+        if (found == nullptr) fail("no command that is known");
+        return *found;
+    }
+
+    void checkKeys(const Verb &verb) const
+    {
+        for (const auto &[key, value] : m_object.items()) {
+            const bool companion = verb.companion != nullptr && key == verb.companion;
+            if (key != verb.key && key != kForce && !companion) fail("unknown key " + quoted(key));
+        }
+        if (verb.companionDue && !m_object.contains(verb.companion)) fail(quoted(verb.companion) + " is missing");
+    }
+
+    [[nodiscard]] std::string text(const char *key) const
+    {
+        const Json &value = m_object.at(key);
+        if (!value.is_string()) fail(quoted(key) + " must be a text");
+        return value.get<std::string>();
+    }
+    [[nodiscard]] bool mark(const char *key) const
+    {
+        const Json &value = m_object.at(key);
+        if (!value.is_boolean()) fail(quoted(key) + " must be true or false");
+        return value.get<bool>();
+    }
+    template <class T> [[nodiscard]] T number(const char *key) const
+    {
+        const std::optional<T> value = wholeNumber<T>(m_object.at(key));
+        if (!value) fail(quoted(key) + " must be a whole number of " + std::to_string(8 * sizeof(T)) + " bits");
+        return *value;
+    }
+
+    [[nodiscard]] static std::string quoted(const std::string &key) { return "\"" + key + "\""; }
+    [[noreturn]] void fail(const std::string &why) const { throw BadCommand(m_line, why); }
+
+    std::size_t m_line;
+    const Json &m_object;
+};
+
+bool isSkipped(std::string_view line)
+{
+    return line.starts_with('#') || line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
+Json parse(std::size_t line, const std::string &text)
+try {
+    Json object = Json::parse(text);
+    if (!object.is_object()) throw BadCommand(line, "a command is a JSON object");
+    return object;
+} catch (const Json::exception &error) {
+    throw BadCommand(line, error.what());
+}
+
+} // namespace
+
+std::optional<Command> CommandReader::next()
+{
+    std::string text;
+    while (std::getline(m_in, text)) {
+        ++m_line;
+        if (m_line == 1 && text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
+        if (isSkipped(text)) continue;
+        const Json object = parse(m_line, text);
+        return LineReader(m_line, object).read();
+    }
+    return std::nullopt;
+}
+
+} // namespace inin

@@ -1,0 +1,71 @@
+#include "adapters/script/script_platform.h"
+
+#include "adapters/posix/posix_platform.h"
+#include "adapters/script/script_clock.h"
+
+#include <stdexcept>
+
+namespace inin {
+
+void ScriptBoxes::show(const std::string &text, Icon icon, const std::string &title)
+{
+    m_transcript.write({{"event", "box"},
+                        {"text", text},
+                        {"icon", static_cast<int>(icon)},
+                        {"title", title.empty() ? std::string(kApplicationTitle) : title}});
+}
+
+void ScriptProcesses::start(const std::string &commandLine, WindowStyle style)
+{
+    m_transcript.write({{"event", "start"}, {"command", commandLine}, {"style", static_cast<int>(style)}});
+    if (m_startProcesses) m_system->start(commandLine, style);
+}
+
+void ScriptProcesses::openAddress(const std::string &address)
+{
+    m_transcript.write({{"event", "open"}, {"address", address}});
+}
+
+std::optional<std::string> ScriptProcesses::computerName(std::size_t capacity)
+{
+    return m_system->computerName(capacity);
+}
+
+void ScriptProcesses::end()
+{
+    m_transcript.write({{"event", "end"}, {"code", kPlayedToTheEnd}});
+    m_transcript.close();
+    throw ScriptEnded{};
+}
+
+namespace {
+
+std::unique_ptr<Clock> makeClock(const ScriptOptions &options)
+{
+    if (options.now) return std::make_unique<StandingClock>(*options.now);
+    return makePosixClock();
+}
+
+/// Only starts and the computer's name are asked of the system's processes; the end belongs to the play.
+[[noreturn]] void endOfAnother()
+{
+    throw std::logic_error("the end statement went past the play");
+}
+
+} // namespace
+
+ScriptPlatform::ScriptPlatform(const ScriptOptions &options, Transcript &transcript, CommandReader &commands,
+                               Database &database)
+    : m_profile(makePosixProfile()), m_files(makePosixFiles(options.applicationFolder)), m_clock(makeClock(options)),
+      m_locale(makePosixLocale()), m_automation(makeNoAutomation()), m_database(database, transcript),
+      m_boxes(transcript), m_processes(transcript, makePosixProcesses(endOfAnother), options.startProcesses),
+      m_windows(transcript, commands, *m_files, m_locale->regional())
+{
+}
+
+Platform ScriptPlatform::platform()
+{
+    return {m_boxes, m_windows, m_database, *m_profile, *m_files, m_processes, *m_clock, *m_locale, *m_automation};
+}
+
+} // namespace inin

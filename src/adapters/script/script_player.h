@@ -6,6 +6,7 @@
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace inin {
 
@@ -16,10 +17,24 @@ struct ScriptOptions {
     bool startProcesses = false; ///< else a start is only told
 };
 
-/// Plays the screen from `commands`, one JSON object a line, and writes what happens to `transcript`, one a line.
-/// `run` is the program: it is given a platform and comes back, or ends by the end statement.
-/// Exit code: 0 ended by its own end statement, 1 a run-time error ended it, 2 a bad command.
-[[nodiscard]] int playScript(const ScriptOptions &options, std::istream &commands, std::ostream &transcript,
-                             Database &database, const std::function<void(const Platform &)> &run);
+/// Where a play comes from and goes to.
+struct ScriptStreams {
+    std::istream &commands;   ///< one JSON object a line
+    std::ostream &transcript; ///< what happens, one JSON object a line
+    std::ostream &errors;     ///< words for the person who wrote the commands
+};
+
+/// Exit codes of a play.
+inline constexpr int kPlayedToTheEnd = 0;
+inline constexpr int kPlayBroke = 1;
+inline constexpr int kBadCommand = 2;
+
+/// Plays the screen. `run` is the program: it is given a platform and comes back, or ends by the end statement.
+/// kPlayedToTheEnd: it ended by itself; kPlayBroke: a run-time error ended it, or a fault of ours; kBadCommand.
+[[nodiscard]] int playScript(const ScriptOptions &options, const ScriptStreams &streams, Database &database,
+                             const std::function<void(const Platform &)> &run);
+
+/// Reads "YYYY-MM-DD HH:MM:SS"; nothing for any other form and for a day or time that does not exist.
+[[nodiscard]] std::optional<Date> readMoment(std::string_view text);
 
 } // namespace inin

@@ -1,0 +1,134 @@
+#include "adapters/script/script_windows.h"
+
+#include "adapters/script/command_player.h"
+#include "adapters/script/state_writer.h"
+#include "common/picture.h"
+#include "runtime/runtime_error.h"
+
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+
+namespace inin {
+
+namespace {
+/// How often a form may refuse its control box after the last command before the play is given up.
+constexpr int kRefusedClosings = 100;
+/// Stands for the grid of a search window in a refusal.
+constexpr const char *kGrid = "grid";
+} // namespace
+
+void ScriptWindows::show(Form &form, Modality modality)
+try {
+    form.onMousePointer = [this](std::int16_t kind) { m_transcript.write({{"event", "pointer"}, {"kind", kind}}); };
+    m_focus[&form] = nullptr; // a new form may lie where an old one lay
+    form.load();
+    if (!form.isLoaded()) return; // its own load has unloaded it: it is never seen
+    watchShown(form);
+    atEventEdge([&] {
+        form.Form_Resize();
+        form.Form_Activate();
+    });
+    if (modality == Modality::modal)
+        while (form.isLoaded()) playNext(form);
+} catch (const UnhandledError &unhandled) {
+    // Told here, before the program's objects are torn down on the way out.
+    m_transcript.fatal(unhandled.error().number(), unhandled.error().description());
+    throw;
+}
+
+/// Tells the form as shown, and as gone at the moment of its unload.
+void ScriptWindows::watchShown(Form &form)
+{
+    const auto tell = [this](const Form &which, bool shown) {
+        m_transcript.write({{"event", "window"}, {"name", which.name()}, {"shown", shown}});
+    };
+    tell(form, true);
+    const auto shown = std::make_shared<bool>(true);
+    form.watch([&form, shown, tell] {
+        if (!*shown || form.isLoaded()) return;
+        *shown = false;
+        tell(form, false);
+    });
+}
+
+void ScriptWindows::playNext(Form &form)
+try {
+    if (const std::optional<Command> command = m_commands.next()) return play(form, *command);
+    closeAtEnd(form);
+} catch (const BadCommand &) {
+    m_transcript.close();
+    throw;
+}
+
+void ScriptWindows::play(Form &form, const Command &command)
+{
+    switch (command.kind) {
+    case CommandKind::state:
+        return m_transcript.write(stateEvent(form, m_regional));
+    case CommandKind::close:
+        form.unload(true);
+        return;
+    case CommandKind::row:
+        return tellRefused(kGrid); // no form here has a grid
+    case CommandKind::key:
+        if (command.control.empty()) return atEventEdge([&] { form.key(nullptr, command.number); });
+        [[fallthrough]];
+    default:
+        playControl(form, command);
+    }
+}
+
+void ScriptWindows::playControl(Form &form, const Command &command)
+{
+    Control *control = form.find(command.control);
+    if (control == nullptr) throw BadCommand(command.line, form.name() + " has no control \"" + command.control + "\"");
+    if (control->isReachable()) m_focus[&form] = control;
+    PlayResult result = PlayResult::done;
+    atEventEdge([&] { result = playOnControl(form, *control, command, m_regional); });
+    if (result == PlayResult::refused) tellRefused(command.control);
+}
+
+void ScriptWindows::closeAtEnd(Form &form)
+{
+    for (int refused = 0; refused < kRefusedClosings; ++refused)
+        if (form.unload(true)) return;
+    throw std::runtime_error(form.name() + " refuses to close after the last command");
+}
+
+void ScriptWindows::tellRefused(const std::string &control)
+{
+    m_transcript.write({{"event", "refused"}, {"control", control}});
+}
+
+void ScriptWindows::checkPicture(const std::string &path)
+{
+    checkPictureFile(m_files, path);
+}
+
+void ScriptWindows::beep()
+{
+    m_transcript.write({{"event", "beep"}});
+}
+
+/// The focus goes to the next control in tab order that can be used, and from the last to the first.
+void ScriptWindows::sendTab(Form &form)
+{
+    std::vector<Control *> stops;
+    for (Control *control : form.controls())
+        if (control->TabIndex >= 0 && control->isReachable()) stops.push_back(control);
+    if (stops.empty()) return;
+    std::ranges::stable_sort(stops, {}, &Control::TabIndex);
+    const Control *active = activeControl(form);
+    const std::int16_t from = active != nullptr ? active->TabIndex : std::int16_t{-1};
+    const auto next = std::ranges::upper_bound(stops, from, {}, &Control::TabIndex);
+    moveFocus(form, next != stops.end() ? **next : *stops.front());
+}
+
+Control *ScriptWindows::activeControl(Form &form)
+{
+    const auto found = m_focus.find(&form);
+    return found != m_focus.end() ? found->second : nullptr;
+}
+
+} // namespace inin

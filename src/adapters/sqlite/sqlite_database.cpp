@@ -1,0 +1,35 @@
+#include "adapters/sqlite/sqlite_database.h"
+
+#include "adapters/sqlite/sqlite_connection.h"
+#include "adapters/sqlite/sqlite_pool.h"
+#include "adapters/sqlite/sqlite_recordset.h"
+
+namespace inin {
+
+namespace {
+
+class SqliteDatabase : public Database {
+public:
+    explicit SqliteDatabase(ResolvePath resolvePath) : m_resolvePath(std::move(resolvePath)) {}
+    ~SqliteDatabase() override { m_pool->close(); }
+
+    std::unique_ptr<Connection> newConnection() override
+    {
+        return std::make_unique<SqliteConnection>(m_pool, m_resolvePath);
+    }
+    std::unique_ptr<Recordset> newRecordset() override { return std::make_unique<SqliteRecordset>(); }
+
+private:
+    ResolvePath m_resolvePath;
+    /// Shared with the sessions, which may outlive the library and then close their files themselves.
+    std::shared_ptr<SqlitePool> m_pool = std::make_shared<SqlitePool>();
+};
+
+} // namespace
+
+std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std::string &)> resolvePath)
+{
+    return std::make_unique<SqliteDatabase>(std::move(resolvePath));
+}
+
+} // namespace inin

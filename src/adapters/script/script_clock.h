@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/clock.h"
+
+#include <chrono>
+
+namespace inin {
+
+/// A clock that stands still at a given moment. Its timer starts there and runs on: a wait must come to its end.
+class StandingClock : public Clock {
+public:
+    explicit StandingClock(Date now) : m_now(now) {}
+    [[nodiscard]] Date now() override { return m_now; }
+    [[nodiscard]] double timer() override;
+
+private:
+    Date m_now;
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
+} // namespace inin

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "adapters/script/recording_database.h"
+#include "adapters/script/script_player.h"
+#include "adapters/script/script_windows.h"
+
+#include <memory>
+
+namespace inin {
+
+/// Thrown by the end statement. No RuntimeError, so that nothing in the program traps it.
+struct ScriptEnded {};
+
+/// Each box is told and answered with OK at once.
+class ScriptBoxes : public MessageBoxes {
+public:
+    explicit ScriptBoxes(Transcript &transcript) : m_transcript(transcript) {}
+    void show(const std::string &text, Icon icon, const std::string &title) override;
+
+private:
+    Transcript &m_transcript;
+};
+
+/// Starts are told, and really made where the command line of the play says so. An address is only ever told: a play
+/// has nobody in front of it who would read the page.
+class ScriptProcesses : public Processes {
+public:
+    ScriptProcesses(Transcript &transcript, std::unique_ptr<Processes> system, bool startProcesses)
+        : m_transcript(transcript), m_system(std::move(system)), m_startProcesses(startProcesses)
+    {
+    }
+    void start(const std::string &commandLine, WindowStyle style) override;
+    void openAddress(const std::string &address) override;
+    [[nodiscard]] std::optional<std::string> computerName(std::size_t capacity) override;
+    [[noreturn]] void end() override;
+
+private:
+    Transcript &m_transcript;
+    std::unique_ptr<Processes> m_system;
+    bool m_startProcesses;
+};
+
+/// All ports of a play, kept alive for as long as the program runs.
+class ScriptPlatform {
+public:
+    ScriptPlatform(const ScriptOptions &options, Transcript &transcript, CommandReader &commands, Database &database);
+    [[nodiscard]] Platform platform();
+
+private:
+    std::unique_ptr<Profile> m_profile;
+    std::unique_ptr<Files> m_files;
+    std::unique_ptr<Clock> m_clock;
+    std::unique_ptr<Locale> m_locale;
+    std::unique_ptr<Automation> m_automation;
+    RecordingDatabase m_database;
+    ScriptBoxes m_boxes;
+    ScriptProcesses m_processes;
+    ScriptWindows m_windows;
+};
+
+} // namespace inin

@@ -1,0 +1,85 @@
+#include "adapters/sqlite/sqlite_error.h"
+
+#include "adapters/sqlite/japanese_text.h"
+#include "runtime/runtime_error.h"
+
+#include <sqlite3.h>
+
+namespace inin {
+
+namespace {
+
+struct CodeRow {
+    int code; ///< SQLite's primary code
+    std::int32_t number;
+    std::string_view sqlState;
+};
+constexpr CodeRow kCodes[] = {
+    {SQLITE_CONSTRAINT, ado_error::constraint, "23000"},    {SQLITE_BUSY, ado_error::timedOut, "HYT00"},
+    {SQLITE_LOCKED, ado_error::timedOut, "HYT00"},          {SQLITE_INTERRUPT, ado_error::timedOut, "HYT00"},
+    {SQLITE_MISMATCH, ado_error::faultyStatement, "22018"}, {SQLITE_TOOBIG, ado_error::faultyStatement, "22001"},
+    {SQLITE_RANGE, ado_error::faultyStatement, "42000"},
+};
+
+/// SQLite has one code for every fault of a statement; its words tell which.
+struct WordsRow {
+    std::string_view start;
+    std::int32_t number;
+    std::string_view sqlState;
+};
+constexpr WordsRow kWords[] = {
+    {"no such table", ado_error::noSuchTable, "42S02"},
+    {"no such column", ado_error::faultyStatement, "42S22"},
+    {"cannot start a transaction", ado_error::transactionRunning, "25000"},
+    {"cannot commit", ado_error::noTransaction, "25000"},
+    {"cannot rollback", ado_error::noTransaction, "25000"},
+};
+
+} // namespace
+
+ProviderError providerError(sqlite3 *db, int code)
+{
+    const int extended = db == nullptr ? code : sqlite3_extended_errcode(db);
+    const std::string words = soundUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
+    ProviderError error =
+        providerError(ado_error::unspecified, "HY000", words, extended == SQLITE_OK ? code : extended);
+    const int primary = code & 0xFF;
+    for (const CodeRow &row : kCodes) {
+        if (row.code != primary) continue;
+        error.Number = row.number;
+        error.SQLState = row.sqlState;
+    }
+    if (primary != SQLITE_ERROR) return error;
+    error.Number = ado_error::faultyStatement;
+    error.SQLState = "42000";
+    for (const WordsRow &row : kWords) {
+        if (words.rfind(row.start, 0) != 0) continue;
+        error.Number = row.number;
+        error.SQLState = row.sqlState;
+    }
+    return error;
+}
+
+ProviderError providerError(std::int32_t number, std::string_view sqlState, std::string description,
+                            std::int32_t nativeError)
+{
+    return {number, std::move(description), "SQLite", std::string(sqlState), nativeError};
+}
+
+void raise(std::vector<ProviderError> &errors, ProviderError error)
+{
+    errors.assign(1, error);
+    throw RuntimeError(error.Number, error.Description);
+}
+
+void raiseClosed()
+{
+    throw RuntimeError(error_number::closedObject);
+}
+
+void raiseOpen()
+{
+    throw RuntimeError(error_number::openObject);
+}
+
+} // namespace inin

@@ -1,0 +1,325 @@
+#include "adapters/sqlite/sqlite_handle.h"
+
+#include "adapters/sqlite/sql_shape.h"
+#include "adapters/sqlite/sql_tokenizer.h"
+#include "adapters/sqlite/sql_translator.h"
+#include "adapters/sqlite/sqlite_error.h"
+#include "adapters/sqlite/sqlite_functions.h"
+#include "runtime/runtime_error.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <limits>
+#include <utility>
+
+namespace inin {
+
+namespace {
+
+constexpr std::size_t kRecentStatements = 48;
+/// Steps of SQLite's machine between two looks at the clock, some tens of microseconds.
+constexpr int kProgressSteps = 4000;
+constexpr int kBusyPauseMs = 5;
+
+bool isDatabaseFile(const std::string &path, bool &isEmpty)
+{
+    constexpr std::string_view kHeader("SQLite format 3\0", 16);
+    std::array<char, 16> start{};
+    std::ifstream file(path, std::ios::binary);
+    file.read(start.data(), start.size());
+    isEmpty = file.gcount() == 0;
+    return std::string_view(start.data(), static_cast<std::size_t>(file.gcount())) == kHeader;
+}
+
+std::unique_ptr<SqliteStatement> prepareOwn(sqlite3 *db, const char *sql)
+{
+    sqlite3_stmt *statement = nullptr;
+    if (sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK) return nullptr;
+    return std::make_unique<SqliteStatement>(statement);
+}
+
+} // namespace
+
+void SqliteHandle::Close::operator()(sqlite3 *db) const
+{
+    // The second form waits for statements that an open record set still holds.
+    sqlite3_close_v2(db);
+}
+
+SqliteHandle::SqliteHandle(std::string path, const std::string &shown, std::int32_t timeoutSeconds, Errors &errors)
+    : m_path(std::move(path)), m_timeout(timeoutSeconds)
+{
+    openFile(shown, errors);
+    configure(errors);
+    startCommand();
+    const int code = refreshSchema();
+    if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    // A print run walks over most of the patients: what it read stays at hand. A failure costs time only.
+    (void)sqlite3_exec(m_db.get(), "PRAGMA cache_size = -16384", nullptr, nullptr, nullptr);
+}
+
+SqliteHandle::~SqliteHandle() = default;
+
+/// SQLite would take a missing or an empty file for a new database and tell the fault at the first statement only.
+void SqliteHandle::openFile(const std::string &shown, Errors &errors)
+{
+    const std::optional<FileIdentity> identity = fileIdentity(m_path);
+    const auto refuse = [&errors](std::string words, int code) {
+        raise(errors, providerError(ado_error::unspecified, "HY000", std::move(words), code));
+    };
+    if (!identity) refuse("unable to open database file: " + shown, SQLITE_CANTOPEN);
+    m_identity = *identity;
+    sqlite3 *db = nullptr;
+    const int code = sqlite3_open_v2(m_path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_db.reset(db);
+    if (code != SQLITE_OK) refuse("unable to open database file: " + shown, code);
+    bool isEmpty = false;
+    const bool isDatabase = isDatabaseFile(m_path, isEmpty);
+    if (isEmpty) refuse("file is empty or cannot be read: " + shown, SQLITE_NOTADB);
+    if (!isDatabase) refuse("file is not a database: " + shown, SQLITE_NOTADB);
+}
+
+void SqliteHandle::configure(Errors &errors)
+{
+    sqlite3 *db = m_db.get();
+    sqlite3_extended_result_codes(db, 1);
+    // A name in double quotes is a name only, as on the server; SQLite would take an unknown one for a text.
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_progress_handler(db, kProgressSteps, onProgress, this);
+    sqlite3_busy_handler(db, onBusy, this);
+    const int code = registerSqlFunctions(db);
+    if (code != SQLITE_OK) raise(errors, providerError(db, code));
+}
+
+/// SQLite counts every change of the tables. A changed count makes the column kinds stale, and the translations.
+int SqliteHandle::refreshSchema()
+{
+    if (!m_schemaVersion) m_schemaVersion = prepareOwn(m_db.get(), "PRAGMA schema_version");
+    if (!m_schemaVersion) return sqlite3_errcode(m_db.get());
+    const int code = sqlite3_step(m_schemaVersion->get());
+    const std::int64_t version = code == SQLITE_ROW ? sqlite3_column_int64(m_schemaVersion->get(), 0) : -1;
+    m_schemaVersion->reset();
+    if (code != SQLITE_ROW) return code;
+    if (version == m_version) return SQLITE_OK;
+    m_recent.clear();
+    const int loaded = loadSchema();
+    if (loaded == SQLITE_OK) m_version = version;
+    return loaded;
+}
+
+int SqliteHandle::loadSchema()
+{
+    m_schema = SqlSchema();
+    int code = SQLITE_OK;
+    // A view that stands on a table no longer there must not shut the whole database out.
+    for (const char *kind : {"table", "view"}) {
+        const std::string sql = "SELECT m.name, c.name, c.type FROM sqlite_schema m, pragma_table_info(m.name) c "
+                                "WHERE m.type = '" +
+                                std::string(kind) + "'";
+        const auto columns = prepareOwn(m_db.get(), sql.c_str());
+        if (!columns) return sqlite3_errcode(m_db.get());
+        int step = SQLITE_ROW;
+        while ((step = sqlite3_step(columns->get())) == SQLITE_ROW) {
+            const auto text = [&columns](std::size_t index) {
+                const Variant value = columns->value(index);
+                const std::string *words = value.getIf<std::string>();
+                return words == nullptr ? std::string() : *words;
+            };
+            m_schema.add(text(0), text(1), text(2));
+        }
+        if (step != SQLITE_DONE && code == SQLITE_OK && std::string_view(kind) == "table") code = step;
+    }
+    return code;
+}
+
+/// Somebody wrote to the file since the last look, perhaps its tables. Known only after a step that read from it.
+bool SqliteHandle::wasFileChanged()
+{
+    unsigned version = 0;
+    sqlite3_file_control(m_db.get(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
+    return std::exchange(m_dataVersion, version) != version;
+}
+
+std::shared_ptr<SqliteStatement> SqliteHandle::openReading(const std::string &sql, bool &hasRow, Errors &errors)
+{
+    const SqlShape shape = shapeOf(tokenizeSql(sql));
+    const auto open = [&] {
+        std::shared_ptr<SqliteStatement> statement = prepareReading(shape, errors);
+        for (std::size_t at = 0; at < shape.numbers.size(); ++at)
+            sqlite3_bind_int64(statement->get(), static_cast<int>(at) + 1, shape.numbers[at]);
+        hasRow = step(*statement, errors);
+        return statement;
+    };
+    std::shared_ptr<SqliteStatement> statement = open();
+    if (!wasFileChanged()) return statement;
+    const std::int64_t version = m_version;
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    if (version == m_version) return statement;
+    statement->reset();
+    return open(); // translated by columns that are no more
+}
+
+std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &shape, Errors &errors)
+{
+    const auto found = std::find_if(m_recent.begin(), m_recent.end(),
+                                    [&shape](const auto &entry) { return entry.first == shape.key; });
+    if (found != m_recent.end()) {
+        std::rotate(m_recent.begin(), found, found + 1);
+        // One that another record set is reading cannot be run twice at once.
+        if (m_recent.front().second.use_count() == 1) return m_recent.front().second;
+        m_recent.erase(m_recent.begin());
+    }
+    const auto refuse = [&errors](std::string words, int code) {
+        raise(errors, providerError(ado_error::faultyStatement, "42000", std::move(words), code));
+    };
+    if (!isSingleSelect(shape.tokens)) {
+        const std::string problem = lexicalProblem(shape.tokens);
+        refuse(problem.empty() ? "a read-only record set runs one SELECT and nothing else" : problem, SQLITE_ERROR);
+    }
+    std::shared_ptr<SqliteStatement> statement = prepare(shape.tokens, errors);
+    if (sqlite3_stmt_readonly(statement->get()) == 0)
+        refuse("a read-only record set cannot change the database", SQLITE_READONLY);
+    if (m_recent.size() == kRecentStatements) m_recent.pop_back();
+    m_recent.emplace(m_recent.begin(), shape.key, statement);
+    return statement;
+}
+
+std::shared_ptr<SqliteStatement> SqliteHandle::prepare(const std::vector<Token> &tokens, Errors &errors)
+{
+    startCommand();
+    const Translation translation = translateSql(tokens, m_schema);
+    if (!translation.problem.empty())
+        raise(errors, providerError(ado_error::faultyStatement, "22007", translation.problem, SQLITE_ERROR));
+    const std::string &text = translation.text;
+    sqlite3_stmt *prepared = nullptr;
+    const char *tail = nullptr;
+    const int code = sqlite3_prepare_v3(m_db.get(), text.data(), static_cast<int>(text.size()), 0, &prepared, &tail);
+    if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    auto statement = std::make_shared<SqliteStatement>(prepared);
+    const std::string_view rest(tail, static_cast<std::size_t>(text.data() + text.size() - tail));
+    if (prepared == nullptr || rest.find_first_not_of(" \t\r\n\v\f;") != std::string_view::npos)
+        raise(errors, providerError(ado_error::faultyStatement, "42000", "one statement at a time", SQLITE_ERROR));
+    return statement;
+}
+
+bool SqliteHandle::step(SqliteStatement &statement, Errors &errors)
+{
+    startCommand();
+    const int code = sqlite3_step(statement.get());
+    if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_DONE) return false;
+    const ProviderError error = providerError(m_db.get(), code);
+    statement.reset();
+    raise(errors, error);
+}
+
+std::int32_t SqliteHandle::execute(const std::string &sql, Errors &errors)
+{
+    const std::vector<Token> tokens = tokenizeSql(sql);
+    if (tokens.empty()) return -1; // the server runs blank text without complaint
+    const std::string problem = lexicalProblem(tokens);
+    if (!problem.empty() || !isSingleStatement(tokens))
+        raise(errors,
+              providerError(ado_error::faultyStatement, "42000",
+                            problem.empty() ? "only one statement that reads or changes data can be run" : problem,
+                            SQLITE_ERROR));
+    startCommand();
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    const std::shared_ptr<SqliteStatement> statement = prepare(tokens, errors);
+    const bool changesRows = sqlite3_stmt_readonly(statement->get()) == 0 && !tokens[0].isWord("create") &&
+                             !tokens[0].isWord("drop") && !tokens[0].isWord("alter");
+    while (step(*statement, errors)) {
+    }
+    if (changesRows) {
+        const sqlite3_int64 rows = sqlite3_changes64(m_db.get());
+        return static_cast<std::int32_t>(std::min<sqlite3_int64>(rows, std::numeric_limits<std::int32_t>::max()));
+    }
+    statement->reset();
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    return -1;
+}
+
+void SqliteHandle::runOwn(const char *sql, Errors &errors)
+{
+    startCommand();
+    const int code = sqlite3_exec(m_db.get(), sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+}
+
+/// IMMEDIATE, because a lock that is asked for later could not be waited for: two readers that both want to write
+/// would wait for each other.
+void SqliteHandle::begin(Errors &errors)
+{
+    runOwn("BEGIN IMMEDIATE", errors);
+}
+
+void SqliteHandle::commit(Errors &errors)
+{
+    runOwn("COMMIT", errors);
+}
+
+void SqliteHandle::rollback(Errors &errors)
+{
+    runOwn("ROLLBACK", errors);
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+}
+
+bool SqliteHandle::tidy()
+{
+    sqlite3 *db = m_db.get();
+    for (sqlite3_stmt *running = sqlite3_next_stmt(db, nullptr); running != nullptr;
+         running = sqlite3_next_stmt(db, running))
+        if (sqlite3_stmt_busy(running) != 0) (void)sqlite3_reset(running); // an old failure, told already
+    startCommand();
+    if (sqlite3_get_autocommit(db) == 0 && sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr) != SQLITE_OK)
+        return false;
+    m_isHopeless = nullptr;
+    m_timeout = kDefaultCommandTimeout;
+    return true;
+}
+
+bool SqliteHandle::isAlive() const
+{
+    return fileIdentity(m_path) == m_identity;
+}
+
+bool SqliteHandle::isReading() const
+{
+    return sqlite3_txn_state(m_db.get(), "main") == SQLITE_TXN_READ;
+}
+
+bool SqliteHandle::isWriting() const
+{
+    return sqlite3_txn_state(m_db.get(), "main") == SQLITE_TXN_WRITE;
+}
+
+void SqliteHandle::startCommand()
+{
+    m_deadline = m_timeout == 0 ? Clock::time_point::max() : Clock::now() + std::chrono::seconds(m_timeout);
+}
+
+bool SqliteHandle::isTimeUp() const
+{
+    return Clock::now() >= m_deadline;
+}
+
+int SqliteHandle::onProgress(void *self)
+{
+    return static_cast<const SqliteHandle *>(self)->isTimeUp() ? 1 : 0;
+}
+
+int SqliteHandle::onBusy(void *self, int)
+{
+    const auto &handle = *static_cast<const SqliteHandle *>(self);
+    if (handle.isTimeUp() || (handle.m_isHopeless && handle.m_isHopeless())) return 0;
+    sqlite3_sleep(kBusyPauseMs);
+    return 1;
+}
+
+} // namespace inin

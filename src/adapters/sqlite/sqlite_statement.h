@@ -1,0 +1,59 @@
+#pragma once
+
+#include "adapters/sqlite/sql_schema.h"
+#include "runtime/variant.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace inin {
+
+/// A prepared SELECT with the names and kinds of its columns.
+class SqliteStatement {
+public:
+    explicit SqliteStatement(sqlite3_stmt *owned);
+
+    [[nodiscard]] sqlite3_stmt *get() const { return m_statement.get(); }
+    /// Ends the present run.
+    void reset();
+    /// Reads names and kinds anew when SQLite prepared the text again because tables changed.
+    void refreshFields();
+
+    [[nodiscard]] std::size_t fieldCount() const { return m_fields.size(); }
+    [[nodiscard]] const std::string &fieldName(std::size_t index) const { return m_fields[index].name; }
+    /// ADO's type code by the declared type, 0 for an expression.
+    [[nodiscard]] std::int32_t declaredType(std::size_t index) const { return m_fields[index].type; }
+    /// fieldCount() when there is none. Asked for each value of each row, so the answers are kept by name.
+    [[nodiscard]] std::size_t fieldIndex(std::string_view name) const;
+    /// The value in the row that SQLite stands on.
+    [[nodiscard]] Variant value(std::size_t index) const;
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt *statement) const;
+    };
+    struct Field {
+        std::string name;
+        ColumnKind kind = ColumnKind::unknown;
+        std::int32_t type = 0;
+    };
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+    };
+    void readFields();
+
+    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+    std::vector<Field> m_fields;
+    mutable std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> m_indexes;
+    int m_preparations = 0;
+};
+
+} // namespace inin

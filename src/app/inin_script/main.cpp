@@ -1,0 +1,62 @@
+#include "adapters/posix/posix_platform.h"
+#include "adapters/script/script_player.h"
+#include "adapters/sqlite/sqlite_database.h"
+#include "shell/start.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <iostream>
+
+namespace inin {
+
+namespace {
+
+constexpr int kBadCommandLine = 2;
+
+/// A data source without a folder of its own lies in the application folder, wherever the play was started.
+std::function<std::string(const std::string &)> dataSourceIn(const std::string &folder)
+{
+    return [folder](const std::string &dataSource) {
+        const bool absolute = dataSource.starts_with('/') || dataSource.starts_with('\\');
+        return posixPath(absolute ? dataSource : folder + "/" + dataSource);
+    };
+}
+
+int play(const ScriptOptions &options)
+{
+    const auto database = makeSqliteDatabase(dataSourceIn(options.applicationFolder));
+    return playScript(options, {std::cin, std::cout, std::cerr}, *database, [](const Platform &platform) {
+        App app(platform);
+        Main(app);
+    });
+}
+
+} // namespace
+
+} // namespace inin
+
+int main(int argc, char **argv)
+try {
+    CLI::App line{"Plays the conditions screen from commands, one JSON object a line, without a window."};
+    std::string folder;
+    std::string now;
+    inin::ScriptOptions options;
+    line.add_option("--app", folder, "application folder")->required()->check(CLI::ExistingDirectory);
+    line.add_option("--now", now, "moment at which the clock stands still, \"YYYY-MM-DD HH:MM:SS\"");
+    line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
+    try {
+        line.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        return line.exit(error) == 0 ? 0 : inin::kBadCommandLine;
+    }
+    if (!now.empty() && !(options.now = inin::readMoment(now))) {
+        std::cerr << "--now: \"" << now << "\" is no moment of the form YYYY-MM-DD HH:MM:SS\n";
+        return inin::kBadCommandLine;
+    }
+    options.applicationFolder = std::filesystem::canonical(folder).string();
+    return inin::play(options);
+} catch (const std::exception &fault) {
+    std::cerr << fault.what() << '\n';
+    return inin::kPlayBroke;
+}

@@ -1,0 +1,209 @@
+#include "script_stage.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+using Log = std::vector<std::string>;
+
+namespace {
+
+constexpr const char *kShown = R"({"event":"window","name":"frmStage","shown":true})";
+constexpr const char *kGone = R"({"event":"window","name":"frmStage","shown":false})";
+
+} // namespace
+
+TEST_CASE("a modal form is told as shown, played to its end and told as gone")
+{
+    ScriptStage stage;
+    StageForm form;
+    stage.windows().show(form, Modality::modal);
+    CHECK(stage.events() == Log{kShown, kGone});
+    CHECK(form.log == Log{"resize", "activate", "close by box"});
+}
+
+TEST_CASE("a modeless form is shown and takes no commands")
+{
+    ScriptStage stage(R"({"click":"btn"})");
+    StageForm form;
+    stage.windows().show(form, Modality::modeless);
+    CHECK(stage.events() == Log{kShown});
+    CHECK(form.isLoaded());
+    CHECK(form.log == Log{"resize", "activate"});
+}
+
+TEST_CASE("the load runs before the form is told as shown")
+{
+    ScriptStage stage;
+    StageForm form;
+    form.onLoad = [&] { form.setMousePointer(11); };
+    stage.windows().show(form, Modality::modal);
+    CHECK(stage.events() == Log{R"({"event":"pointer","kind":11})", kShown, kGone});
+}
+
+TEST_CASE("a form that its own load unloads is never told as shown")
+{
+    ScriptStage stage;
+    StageForm form;
+    form.onLoad = [&] { form.unload(); };
+    stage.windows().show(form, Modality::modal);
+    CHECK(stage.events().empty());
+    CHECK(form.log == Log{"close by code"});
+}
+
+TEST_CASE("a run-time error of the load goes to whoever shows the form")
+{
+    ScriptStage stage;
+    StageForm form;
+    form.onLoad = [] { throw RuntimeError(13); };
+    CHECK_THROWS_AS(stage.windows().show(form, Modality::modal), RuntimeError);
+    CHECK(stage.events().empty());
+}
+
+TEST_CASE("every assignment of the pointer is told, also one that changes nothing")
+{
+    StageForm form;
+    form.btn.onClick = [&] {
+        form.setMousePointer(11);
+        form.setMousePointer(0);
+        form.setMousePointer(0);
+    };
+    CHECK(playOn(form, R"({"click":"btn"})") == Log{R"({"event":"pointer","kind":11})",
+                                                    R"({"event":"pointer","kind":0})",
+                                                    R"({"event":"pointer","kind":0})"});
+}
+
+TEST_CASE("commands go to the form that was shown last, and to the one below when it is gone")
+{
+    ScriptStage stage("{\"click\":\"btn\"}\n{\"click\":\"btn\"}\n{\"close\":true}\n{\"click\":\"chk\"}\n");
+    StageForm below, above("frmAbove");
+    below.btn.onClick = [&] { stage.windows().show(above, Modality::modal); };
+    stage.windows().show(below, Modality::modal);
+    CHECK(above.log == Log{"resize", "activate", "btn", "close by box"});
+    CHECK(below.log == Log{"resize", "activate", "chk", "close by box"});
+    CHECK(stage.events() == Log{kShown, R"({"event":"window","name":"frmAbove","shown":true})",
+                                R"({"event":"window","name":"frmAbove","shown":false})", kGone});
+}
+
+TEST_CASE("a form is told as gone at the moment of its unload")
+{
+    ScriptStage stage(R"({"click":"btn"})");
+    StageForm form;
+    form.btn.onClick = [&] {
+        form.unload();
+        stage.windows().beep();
+    };
+    stage.windows().show(form, Modality::modal);
+    CHECK(stage.events() == Log{kShown, kGone, R"({"event":"beep"})"});
+}
+
+TEST_CASE("a form that is shown again is told again, once each time")
+{
+    ScriptStage stage;
+    StageForm form;
+    stage.windows().show(form, Modality::modal);
+    stage.windows().show(form, Modality::modal);
+    CHECK(stage.events() == Log{kShown, kGone, kShown, kGone});
+}
+
+TEST_CASE("the control box that the form refuses leaves it open for the next command")
+{
+    StageForm form;
+    form.refusals = 1;
+    static_cast<void>(playOn(form, "{\"close\":true}\n{\"click\":\"btn\"}\n"));
+    CHECK(form.log == Log{"resize", "activate", "close by box", "btn", "close by box"});
+}
+
+TEST_CASE("at the end of the commands a form may refuse its closing 99 times")
+{
+    StageForm form;
+    form.refusals = 99;
+    CHECK_NOTHROW(static_cast<void>(playOn(form, "")));
+    CHECK_FALSE(form.isLoaded());
+}
+
+TEST_CASE("a form that refuses its closing 100 times ends the play")
+{
+    StageForm form;
+    form.refusals = 100;
+    CHECK_THROWS_WITH_AS(static_cast<void>(playOn(form, "")), "frmStage refuses to close after the last command",
+                         std::runtime_error);
+}
+
+TEST_CASE("an error that an event procedure does not trap is told as fatal and ends the play")
+{
+    ScriptStage stage("{\"click\":\"btn\"}\n{\"click\":\"chk\"}\n");
+    StageForm form;
+    form.btn.onClick = [] { throw RuntimeError(76, "パスが見つかりません。"); };
+    CHECK_THROWS_AS(stage.windows().show(form, Modality::modal), UnhandledError);
+    stage.windows().beep();
+    CHECK(stage.events() == Log{kShown, R"({"event":"fatal","number":76,"text":"パスが見つかりません。"})"});
+    CHECK(form.chk.Value == 0);
+}
+
+TEST_CASE("a bad command ends the play, and nothing is told after it")
+{
+    ScriptStage stage("{\"click\":\"nobody\"}\n{\"click\":\"btn\"}\n");
+    StageForm form;
+    CHECK_THROWS_AS(stage.windows().show(form, Modality::modal), BadCommand);
+    stage.windows().beep();
+    CHECK(stage.events() == Log{kShown});
+    CHECK(form.log == Log{"resize", "activate"});
+}
+
+TEST_CASE("a row is refused by a form without a grid")
+{
+    StageForm form;
+    CHECK(playOn(form, R"({"row":1,"double":true})") == Log{R"({"event":"refused","control":"grid"})"});
+}
+
+TEST_CASE("a state is written when it is asked for")
+{
+    StageForm form;
+    const Log events = playOn(form, "{\"state\":true}\n{\"state\":true}\n");
+    REQUIRE(events.size() == 2);
+    CHECK(events[0].starts_with(R"({"event":"state","window":"frmStage","controls":{"fraBox":)"));
+    CHECK(events[0] == events[1]);
+}
+
+TEST_CASE("the focus follows the commands")
+{
+    ScriptStage stage("{\"click\":\"btn\"}\n{\"key\":\"num\",\"code\":13}\n");
+    StageForm form;
+    Log focus;
+    form.btn.onClick = [&] { focus.push_back(stage.windows().activeControl(form)->name()); };
+    form.num.onKeyPress = [&](std::int16_t) { focus.push_back(stage.windows().activeControl(form)->name()); };
+    CHECK(stage.windows().activeControl(form) == nullptr);
+    stage.windows().show(form, Modality::modal);
+    CHECK(focus == Log{"btn", "num"});
+}
+
+TEST_CASE("Tab moves the focus in tab order, passes what cannot be used, and begins again behind the last")
+{
+    ScriptStage stage;
+    StageForm form;
+    form.num.TabIndex = 0;
+    form.txt.TabIndex = 1;
+    form.dat.TabIndex = 2;
+    form.txt.Enabled = false;
+    Log focus;
+    for (int press = 0; press < 3; ++press) {
+        stage.windows().sendTab(form);
+        focus.push_back(stage.windows().activeControl(form)->name());
+    }
+    CHECK(focus == Log{"num", "dat", "num"});
+}
+
+TEST_CASE("the focus can be moved by the form's own rules")
+{
+    ScriptStage stage;
+    StageForm form;
+    stage.windows().moveFocus(form, form.txt);
+    CHECK(stage.windows().activeControl(form) == &form.txt);
+}
+
+TEST_CASE("a picture is checked by its file")
+{
+    ScriptStage stage;
+    stage.files.put("C:\\SUITE\\ICON\\note.bmp", "no picture");
+    CHECK_THROWS_AS(stage.windows().checkPicture("C:\\SUITE\\ICON\\note.bmp"), RuntimeError);
+}

@@ -1,0 +1,94 @@
+#include "scenarios/temporary_site.h"
+
+#include <doctest/doctest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include <sys/wait.h>
+
+using namespace inin;
+
+namespace {
+
+struct Ran {
+    int code = -1;
+    std::string out, errors;
+};
+
+/// The basic site, and the program run on it from a shell.
+class CommandLine {
+public:
+    [[nodiscard]] Ran run(const std::string &arguments, const std::string &commands = {}) const
+    {
+        std::ofstream(path("commands")) << commands;
+        const std::string line = std::string(ININ_SCRIPT_PROGRAM) + " " + arguments + " <" + path("commands") + " >" +
+                                 path("out") + " 2>" + path("errors");
+        const int status = std::system(line.c_str()); // NOLINT: the line is made here
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readBytes(path("out")), readBytes(path("errors"))};
+    }
+    [[nodiscard]] std::string app() const { return "--app " + m_site.folder().string(); }
+
+private:
+    [[nodiscard]] std::string path(const char *name) const { return (m_site.folder() / name).string(); }
+    static Play basic()
+    {
+        Play play;
+        play.site = "basic";
+        return play;
+    }
+
+    TemporarySite m_site{basic()};
+};
+
+} // namespace
+
+TEST_CASE("a command line without a folder, with an unknown option or an odd moment is exit code 2 with a message")
+{
+    const CommandLine line;
+    for (const std::string &arguments :
+         {std::string(), std::string("--app"), std::string("--app /no/such/folder"), line.app() + " --fast",
+          line.app() + " --now yesterday", line.app() + " --now \"2024-02-30 00:00:00\"", line.app() + " extra"}) {
+        CAPTURE(arguments);
+        const Ran ran = line.run(arguments);
+        CHECK(ran.code == 2);
+        CHECK_FALSE(ran.errors.empty());
+        CHECK(ran.out.empty());
+    }
+}
+
+TEST_CASE("help is asked for on purpose: exit code 0")
+{
+    const Ran ran = CommandLine().run("--help");
+    CHECK(ran.code == 0);
+    CHECK(ran.out.find("--app") != std::string::npos);
+}
+
+TEST_CASE("the program plays its standard input and tells what happens on its standard output")
+{
+    const CommandLine line;
+    const Ran ran =
+        line.run(line.app() + " --now \"2024-06-15 10:00:00\"", "# look and leave\n{\"click\":\"mnF12\"}\n");
+    CHECK(ran.code == 0);
+    CHECK(ran.errors.empty());
+    CHECK(ran.out.starts_with("{\"event\":\"pointer\",\"kind\":11}\n"));
+    CHECK(ran.out.ends_with("{\"event\":\"end\",\"code\":0}\n"));
+}
+
+TEST_CASE("a relative folder is found, and so is the database in it")
+{
+    const CommandLine line;
+    const std::string folder = line.app().substr(std::string("--app ").size());
+    const std::string relative = std::filesystem::relative(folder).string();
+    const Ran ran = line.run("--app " + relative, "");
+    CHECK(ran.code == 0);
+    CHECK(ran.out.find("{\"event\":\"connect\",\"session\":1}") != std::string::npos);
+}
+
+TEST_CASE("a bad command is exit code 2 with its line")
+{
+    const CommandLine line;
+    const Ran ran = line.run(line.app(), "# first\n{\"click\":\"nobody\"}\n");
+    CHECK(ran.code == 2);
+    CHECK(ran.errors == "line 2: frmPrintInin has no control \"nobody\"\n");
+}

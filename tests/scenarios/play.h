@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace inin {
+
+/// A command of a play with what must happen until the next one. The first step has no command: the start.
+struct PlayStep {
+    struct Expected {
+        enum class How {
+            exactly,    ///< "< {...}": this event and nothing else
+            containing, ///< "<~ {...}": an event that has at least these keys with these values
+            anything    ///< "< ...": any events, or none
+        };
+        How how = How::exactly;
+        std::string event;
+        std::size_t line = 0;
+    };
+    std::string command;
+    std::vector<Expected> expected;
+};
+
+/// A text file of the play: readable UTF-8 here, code page 932 with CR LF on the disk.
+struct PlayFile {
+    std::string path; ///< in the site's folder, with backslashes
+    std::string text; ///< lines ended by "\n"
+    std::size_t line = 0;
+};
+
+/// One scenario: a site, what is changed in it, commands, events, and what must lie on the disk in the end.
+struct Play {
+    std::string file;
+    std::string claim; ///< its first comment line, the name of the test
+    std::string site;
+    std::string now;
+    bool startProcesses = false;
+    std::vector<std::string> removed; ///< "remove: PATH", files or folders of the site
+    std::vector<std::string> folders; ///< "folder: PATH"
+    std::vector<PlayFile> put;        ///< "put PATH:" and indented lines
+    std::vector<PlayStep> steps;
+    std::vector<PlayFile> expectedFiles;  ///< "file PATH:" and indented lines
+    std::vector<std::string> absentFiles; ///< "absent: PATH"
+    int exitCode = 0;
+};
+
+/// Reads a *.play file; std::runtime_error with file and line when it is none.
+[[nodiscard]] Play readPlay(const std::string &path);
+
+} // namespace inin

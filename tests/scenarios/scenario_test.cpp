@@ -1,0 +1,36 @@
+#include "scenarios/play_check.h"
+#include "scenarios/script_driver.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+using namespace inin;
+
+namespace {
+
+std::vector<std::string> playFiles()
+{
+    std::vector<std::string> files;
+    for (const auto &entry : std::filesystem::directory_iterator(ININ_SCENARIOS))
+        if (entry.path().extension() == ".play") files.push_back(entry.path().string());
+    std::ranges::sort(files);
+    return files;
+}
+
+} // namespace
+
+TEST_CASE("the screen without a window plays every scenario")
+{
+    ScriptDriver driver;
+    for (const std::string &file : playFiles()) {
+        const Play play = readPlay(file);
+        SUBCASE(play.claim.c_str())
+        {
+            const TemporarySite site(play);
+            const PlayRecord record = driver.run(play, site);
+            CHECK_MESSAGE(firstDifference(play, record, site).empty(), firstDifference(play, record, site));
+        }
+    }
+}

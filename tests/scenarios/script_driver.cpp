@@ -1,0 +1,100 @@
+#include "scenarios/script_driver.h"
+
+#include "adapters/posix/posix_platform.h"
+#include "adapters/script/script_player.h"
+#include "adapters/sqlite/sqlite_database.h"
+#include "shell/start.h"
+
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+#include <streambuf>
+
+namespace inin {
+
+namespace {
+
+/// Hands out the commands one by one and notes where in the transcript each was asked for: what stands there before
+/// belongs to the steps before.
+class CommandFeed : public std::streambuf {
+public:
+    CommandFeed(const Play &play, const std::ostringstream &transcript) : m_play(play), m_transcript(transcript) {}
+    [[nodiscard]] const std::vector<std::size_t> &marks() const { return m_marks; }
+
+protected:
+    int_type underflow() override
+    {
+        if (m_next == m_play.steps.size()) return traits_type::eof();
+        m_marks.push_back(m_transcript.str().size());
+        m_line = m_play.steps[m_next++].command + "\n";
+        setg(m_line.data(), m_line.data(), m_line.data() + m_line.size());
+        return traits_type::to_int_type(m_line.front());
+    }
+
+private:
+    const Play &m_play;
+    const std::ostringstream &m_transcript;
+    std::size_t m_next = 1; // step 0 is the start
+    std::string m_line;
+    std::vector<std::size_t> m_marks;
+};
+
+/// The program makes its folder current; a test program must not stay there.
+class KeepCurrentFolder {
+public:
+    KeepCurrentFolder() = default;
+    KeepCurrentFolder(const KeepCurrentFolder &) = delete;
+    KeepCurrentFolder &operator=(const KeepCurrentFolder &) = delete;
+    ~KeepCurrentFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::current_path(m_folder, ignored);
+    }
+
+private:
+    std::filesystem::path m_folder = std::filesystem::current_path();
+};
+
+std::vector<std::string> linesOf(const std::string &text)
+{
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
+
+std::vector<std::vector<std::string>> stepsOf(const std::string &transcript, std::vector<std::size_t> marks)
+{
+    std::vector<std::vector<std::string>> steps;
+    std::size_t begin = 0;
+    marks.push_back(transcript.size());
+    for (const std::size_t end : marks) {
+        steps.push_back(linesOf(transcript.substr(begin, end - begin)));
+        begin = end;
+    }
+    return steps;
+}
+
+} // namespace
+
+PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
+{
+    const KeepCurrentFolder keep;
+    ScriptOptions options{site.folder().string(), readMoment(play.now), play.startProcesses};
+    if (!options.now) throw std::runtime_error(play.file + ": now: is no moment");
+    const auto database =
+        makeSqliteDatabase([&site](const std::string &dataSource) { return site.at(dataSource).string(); });
+    std::ostringstream transcript, errors;
+    CommandFeed feed(play, transcript);
+    std::istream commands(&feed);
+    PlayRecord record;
+    record.exitCode = playScript(options, {commands, transcript, errors}, *database, [](const Platform &platform) {
+        App app(platform);
+        Main(app);
+    });
+    record.events = stepsOf(transcript.str(), feed.marks());
+    record.errors = errors.str();
+    return record;
+}
+
+} // namespace inin

@@ -1,0 +1,140 @@
+#include "scenarios/temporary_site.h"
+
+#include "adapters/posix/code_page_932.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+namespace inin {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char *kDatabase = "site.db";
+/// The tables of every site; a site's own scripts hold its rows.
+constexpr const char *kSchema = ININ_SITE "/schema_sqlite.sql";
+
+fs::path makeFolder()
+{
+    std::string pattern = (fs::temp_directory_path() / "inin-play-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
+    // The program sees the folder as the system reports it.
+    return fs::canonical(pattern);
+}
+
+void writeBytes(const fs::path &path, const std::string &bytes)
+{
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+struct CloseDatabase {
+    void operator()(sqlite3 *database) const { sqlite3_close(database); }
+};
+
+class SiteDatabase {
+public:
+    explicit SiteDatabase(const fs::path &path)
+    {
+        sqlite3 *database = nullptr;
+        const int result = sqlite3_open(path.c_str(), &database);
+        m_database.reset(database);
+        if (result != SQLITE_OK) throw std::runtime_error("cannot make " + path.string());
+    }
+    void run(const fs::path &script) const
+    {
+        const std::string sql = readBytes(script);
+        if (sqlite3_exec(m_database.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+            throw std::runtime_error(script.string() + ": " + sqlite3_errmsg(m_database.get()));
+    }
+
+private:
+    std::unique_ptr<sqlite3, CloseDatabase> m_database;
+};
+
+void makeFolders(const fs::path &list, const fs::path &site)
+{
+    std::ifstream in(list);
+    for (std::string name; std::getline(in, name);) fs::create_directories(site / name);
+}
+
+} // namespace
+
+std::string readBytes(const fs::path &path)
+{
+    std::ifstream in(path, std::ios::binary);
+    if (!in) throw std::runtime_error("cannot read " + path.string());
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+std::string suiteBytes(const std::string &utf8)
+{
+    std::string bytes;
+    for (const char byte : encodeCp932(utf8)) {
+        if (byte == '\n') bytes += '\r';
+        bytes += byte;
+    }
+    return bytes;
+}
+
+TemporarySite::TemporarySite(const Play &play) : m_folder(makeFolder())
+try {
+    fill(fs::path(ININ_SCENARIOS) / "sites" / play.site);
+    change(play);
+} catch (...) {
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+    throw;
+}
+
+TemporarySite::~TemporarySite()
+{
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+}
+
+fs::path TemporarySite::at(const std::string &suitePath) const
+{
+    std::string path = suitePath;
+    std::ranges::replace(path, '\\', '/');
+    return m_folder / path;
+}
+
+void TemporarySite::fill(const fs::path &source)
+{
+    std::vector<fs::path> files;
+    for (const auto &entry : fs::recursive_directory_iterator(source))
+        if (entry.is_regular_file()) files.push_back(entry.path());
+    std::ranges::sort(files);
+    const SiteDatabase database(m_folder / kDatabase);
+    database.run(kSchema);
+    for (const fs::path &file : files) {
+        const fs::path target = m_folder / fs::relative(file, source);
+        if (file.filename() == "folders.txt")
+            makeFolders(file, m_folder);
+        else if (file.extension() == ".sql")
+            database.run(file);
+        else if (file.extension() == ".ini")
+            writeBytes(target, suiteBytes(readBytes(file)));
+        else
+            writeBytes(target, readBytes(file));
+    }
+}
+
+void TemporarySite::change(const Play &play) const
+{
+    for (const std::string &path : play.removed)
+        if (fs::remove_all(at(path)) == 0) throw std::runtime_error(play.file + ": the site has no " + path);
+    for (const std::string &path : play.folders) fs::create_directories(at(path));
+    for (const PlayFile &file : play.put) writeBytes(at(file.path), suiteBytes(file.text));
+}
+
+} // namespace inin

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "scenarios/play.h"
+
+#include <filesystem>
+#include <string>
+
+namespace inin {
+
+/// A site on the disk, made anew for one play and removed behind it.
+/// Of the folder sites/NAME: "folders.txt" names empty folders, "*.sql" is run into "site.db", "*.ini" is turned into
+/// code page 932 with CR LF, everything else is copied as it is. The play's own changes come last.
+class TemporarySite {
+public:
+    explicit TemporarySite(const Play &play);
+    TemporarySite(const TemporarySite &) = delete;
+    TemporarySite &operator=(const TemporarySite &) = delete;
+    ~TemporarySite();
+
+    [[nodiscard]] const std::filesystem::path &folder() const { return m_folder; }
+    /// A path of the suite inside the site, as this system writes it.
+    [[nodiscard]] std::filesystem::path at(const std::string &suitePath) const;
+
+private:
+    void fill(const std::filesystem::path &source);
+    void change(const Play &play) const;
+
+    std::filesystem::path m_folder;
+};
+
+/// UTF-8 lines as the suite's text files hold them.
+[[nodiscard]] std::string suiteBytes(const std::string &utf8);
+[[nodiscard]] std::string readBytes(const std::filesystem::path &path);
+
+} // namespace inin
