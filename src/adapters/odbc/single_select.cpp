@@ -136,6 +136,7 @@ private:
         if (token.isSymbol("?")) return "a value for a parameter is missing";
         if (token.isSymbol("{") || token.isSymbol("}")) return "an escape of ODBC is no part of a statement";
         if (token.isSymbol("$") && (at + 1 == m_tokens.size() || !isNumberAt(at + 1))) return "a lone $";
+        if (token.isSymbol(".") && !isNameBefore(at)) return "a point that is behind no name";
         if (token.kind == TokenKind::word) {
             if (!isPlainName(token.text)) return "a character that no name holds";
             // The server takes 1e for a whole number: what follows would be a word of its own.
@@ -144,6 +145,12 @@ private:
         if (token.kind == TokenKind::text && follows(at, TokenKind::word))
             return "a text with an unknown mark before it";
         return {};
+    }
+    [[nodiscard]] bool isNameBefore(std::size_t at) const
+    {
+        if (at == 0) return false;
+        const Token &before = m_tokens[at - 1];
+        return before.kind == TokenKind::word || before.kind == TokenKind::quotedName || before.isSymbol(".");
     }
     [[nodiscard]] bool isNumberAt(std::size_t at) const
     {
