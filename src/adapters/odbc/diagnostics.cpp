@@ -31,21 +31,30 @@ constexpr StateRow kStates[] = {
     {"42", ado_error::faultyStatement}, {"S0", ado_error::faultyStatement}, {"HY019", ado_error::faultyStatement},
 };
 
-/// Some servers and drivers tell a missing table under the state of any faulty statement.
-bool tellsMissingTable(std::string_view words)
-{
-    const bool isRelation = words.find("relation \"") != std::string_view::npos &&
-                            words.find("\" does not exist") != std::string_view::npos;
-    return isRelation || words.find("Invalid object name") != std::string_view::npos ||
-           words.find("no such table") != std::string_view::npos;
-}
+/// Some servers and drivers tell a missing table under the state of any faulty statement, and a refused log-in under
+/// that of an unreachable server: their words tell more.
+struct WordsRow {
+    std::string_view first;
+    std::string_view second; ///< behind the first, may be empty
+    std::int32_t number;
+};
+constexpr WordsRow kWords[] = {
+    {"Invalid object name", "", ado_error::noSuchTable},
+    {"column \"", "\" does not exist", ado_error::faultyStatement}, // of a relation that is there
+    {"relation \"", "\" does not exist", ado_error::noSuchTable},
+    {"no such table", "", ado_error::noSuchTable},
+    {"Login failed for user", "", ado_error::logInRefused},
+    {"password authentication failed", "", ado_error::logInRefused},
+};
 
 std::int32_t numberOf(const DiagnosticRecord &record, std::string_view words)
 {
     for (const NativeRow &row : kNatives)
         if (row.native == record.native) return row.number;
-    const bool isGeneral = record.sqlState.starts_with("42") || record.sqlState.starts_with("HY");
-    if (isGeneral && tellsMissingTable(words)) return ado_error::noSuchTable;
+    for (const WordsRow &row : kWords) {
+        const std::size_t at = words.find(row.first);
+        if (at != std::string_view::npos && words.find(row.second, at) != std::string_view::npos) return row.number;
+    }
     for (const StateRow &row : kStates)
         if (record.sqlState.starts_with(row.start)) return row.number;
     return ado_error::unspecified;
