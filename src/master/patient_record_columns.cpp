@@ -1,5 +1,7 @@
 #include "master/patient_record_columns.h"
 
+#include <algorithm>
+
 namespace inin {
 
 namespace {
@@ -7,6 +9,9 @@ namespace {
 using R = RIYOUSHA_REC;
 using enum NullRule;
 
+/// The twelve second periods, named with a 2 at their end, land in the field of the first one: a second period wins
+/// whenever there is one. iRoomAnbunUmu lands in a date although it looks like a flag: what it holds, 0 too, replaces
+/// the end of the renewed consent. Both are how the suite reads its patients.
 constexpr PatientColumn kPatientColumns[] = {
     {"nIDNo", &R::nIDNo, guarded},
     {"cName", &R::cName, empty},
@@ -190,6 +195,16 @@ constexpr PatientColumn kPatientColumns[] = {
     {"nTantou10", &R::nTantou10, guarded},
     {"cFMCode", &R::cFMCode, guarded},
 };
+
+/// Only texts can be made empty and only numbers zero; any other pair would fail at every NULL, and silently.
+constexpr bool isSound(const PatientColumn &column)
+{
+    const bool isNumber = std::holds_alternative<std::int32_t R::*>(column.field) ||
+                          std::holds_alternative<std::int16_t R::*>(column.field);
+    const bool isDate = std::holds_alternative<Date R::*>(column.field);
+    return column.rule == guarded || (!isDate && isNumber == (column.rule == zero));
+}
+static_assert(std::ranges::all_of(kPatientColumns, isSound));
 
 } // namespace
 
