@@ -11,7 +11,6 @@ namespace inin {
 
 /// One patient as the suite's programs hand it around. A new record is blank: numbers and dates 0, texts empty, fixed
 /// texts full of NULs. Each field bears the name of the column that fills it; the order is the suite's own.
-// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the suite's order, not the smallest one
 struct RIYOUSHA_REC {
     // The patient and the insurance.
     std::int32_t nIDNo = 0;
