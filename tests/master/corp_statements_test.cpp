@@ -9,33 +9,33 @@ namespace {
 using CorpFixture = TableFixture<cT_CORP>;
 
 // The list of the full read as it is sent.
-#define READ_LIST                                                                                                      \
-    "      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cAddressKana as cAddressKana"        \
-    "     ,CORP.cDaihyo as cDaihyo     ,CORP.cDaihyoKana as cDaihyoKana     ,CORP.cFaxNo as cFaxNo"                    \
-    "     ,CORP.cKinyuName as cKinyuName     ,CORP.cKinyuSiten as cKinyuSiten     ,CORP.cKozaBangou as cKozaBangou"    \
-    "     ,CORP.cKozaKana as cKozaKana     ,CORP.cKozaMeigi1 as cKozaMeigi1     ,CORP.cKozaMeigi2 as cKozaMeigi2"      \
-    "     ,CORP.cShamei1 as cShamei1     ,CORP.cShamei2 as cShamei2     ,CORP.cShameiKana1 as cShameiKana1"            \
-    "     ,CORP.cShameiKana2 as cShameiKana2     ,CORP.cTelNo as cTelNo     ,CORP.cYubinNo as cYubinNo"                \
-    "     ,CORP.iKinSiten as iKinSiten     ,CORP.iKinSyubetsu as iKinSyubetsu     ,CORP.iKozaKubun as iKozaKubun"      \
-    "     ,CORP.iKozaType as iKozaType     ,CORP.iType as iType     ,CORP.nIDNo as nIDNo     ,CORP.nLat as nLat"       \
-    "     ,CORP.nLon as nLon     ,CORP.cPcName as cPcName     ,CORP.tUpDateTime as tUpDateTime     ,cKinyuNo"          \
-    "     ,cKinyuSitenNo     ,cJigyousyoNo     ,CORP.cJigyousyoNo2 as cJigyousyoNo2"                                   \
-    "     ,CORP.cJigyouReceiptName as cJigyouReceiptName     ,CORP.cMailDestination as cMailDestination"               \
-    "     ,CORP.cMailDestinationZipNo as cMailDestinationZipNo"                                                        \
-    "     ,CORP.cHokenTourokuKubetsu as cHokenTourokuKubetsu     ,CORP.cPersonalNumberCorp as cPersonalNumberCorp"     \
-    "     ,CORP.iKyotenToshiNo as iKyotenToshiNo     ,CORP.cKokuhoTourokuNo as cKokuhoTourokuNo"                       \
-    "     ,CORP.cEmail as cEmail"
+const std::string kReadList =
+    "      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cAddressKana as cAddressKana"
+    "     ,CORP.cDaihyo as cDaihyo     ,CORP.cDaihyoKana as cDaihyoKana     ,CORP.cFaxNo as cFaxNo"
+    "     ,CORP.cKinyuName as cKinyuName     ,CORP.cKinyuSiten as cKinyuSiten     ,CORP.cKozaBangou as cKozaBangou"
+    "     ,CORP.cKozaKana as cKozaKana     ,CORP.cKozaMeigi1 as cKozaMeigi1     ,CORP.cKozaMeigi2 as cKozaMeigi2"
+    "     ,CORP.cShamei1 as cShamei1     ,CORP.cShamei2 as cShamei2     ,CORP.cShameiKana1 as cShameiKana1"
+    "     ,CORP.cShameiKana2 as cShameiKana2     ,CORP.cTelNo as cTelNo     ,CORP.cYubinNo as cYubinNo"
+    "     ,CORP.iKinSiten as iKinSiten     ,CORP.iKinSyubetsu as iKinSyubetsu     ,CORP.iKozaKubun as iKozaKubun"
+    "     ,CORP.iKozaType as iKozaType     ,CORP.iType as iType     ,CORP.nIDNo as nIDNo     ,CORP.nLat as nLat"
+    "     ,CORP.nLon as nLon     ,CORP.cPcName as cPcName     ,CORP.tUpDateTime as tUpDateTime     ,cKinyuNo"
+    "     ,cKinyuSitenNo     ,cJigyousyoNo     ,CORP.cJigyousyoNo2 as cJigyousyoNo2"
+    "     ,CORP.cJigyouReceiptName as cJigyouReceiptName     ,CORP.cMailDestination as cMailDestination"
+    "     ,CORP.cMailDestinationZipNo as cMailDestinationZipNo"
+    "     ,CORP.cHokenTourokuKubetsu as cHokenTourokuKubetsu     ,CORP.cPersonalNumberCorp as cPersonalNumberCorp"
+    "     ,CORP.iKyotenToshiNo as iKyotenToshiNo     ,CORP.cKokuhoTourokuNo as cKokuhoTourokuNo"
+    "     ,CORP.cEmail as cEmail";
 
 // What both grids begin with.
-#define GRID_LIST_BEGINNING                                                                                            \
-    "      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cDaihyo as cDaihyo"                  \
-    "     ,CORP.cFaxNo as cFaxNo     ,CORP.cShamei1 as cShamei1     ,CORP.cShamei2 as cShamei2"                        \
-    "     ,CORP.cTelNo as cTelNo     ,CORP.cYubinNo as cYubinNo     ,CORP.iType as iType     ,CORP.nIDNo as nIDNo"     \
-    "     ,CORP.cMailDestination as cMailDestination     ,CORP.cMailDestinationZipNo as cMailDestinationZipNo"
+const std::string kGridListBeginning =
+    "      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cDaihyo as cDaihyo"
+    "     ,CORP.cFaxNo as cFaxNo     ,CORP.cShamei1 as cShamei1     ,CORP.cShamei2 as cShamei2"
+    "     ,CORP.cTelNo as cTelNo     ,CORP.cYubinNo as cYubinNo     ,CORP.iType as iType     ,CORP.nIDNo as nIDNo"
+    "     ,CORP.cMailDestination as cMailDestination     ,CORP.cMailDestinationZipNo as cMailDestinationZipNo";
 
-constexpr const char *kRead = "sql 1   select" READ_LIST "  FROM      CORP";
-constexpr const char *kConditionedGrid =
-    "sql 1   select" GRID_LIST_BEGINNING
+const std::string kRead = "sql 1   select" + kReadList + "  FROM      CORP";
+const std::string kConditionedGrid =
+    "sql 1   select" + kGridListBeginning +
     "     ,CORP.cHokenTourokuKubetsu as cHokenTourokuKubetsu     ,CORP.cPersonalNumberCorp as cPersonalNumberCorp"
     "     ,CORP.iKyotenToshiNo as iKyotenToshiNo     ,CORP.cKokuhoTourokuNo as cKokuhoTourokuNo"
     "     ,CORP.cEmail as cEmail  FROM      CORP";
@@ -113,7 +113,7 @@ TEST_CASE("companies are read by branch, and by number and kind as far as they a
         condition.nIDNo = row.nIDNo;
         condition.iType = row.iType;
         CHECK(corp->iDataRead(&condition) == iGood);
-        CHECK(corp.database.log == Log{std::string(kRead) + row.condition + kOrder});
+        CHECK(corp.database.log == Log{kRead + row.condition + kOrder});
     }
 }
 
@@ -137,7 +137,7 @@ TEST_CASE("the check of a company reads the others than its number")
         condition.nIDNo = row.nIDNo;
         condition.iType = row.iType;
         CHECK(corp->iDataReadChk(&condition) == iGood);
-        CHECK(corp.database.log == Log{std::string(kRead) + row.condition + kOrder});
+        CHECK(corp.database.log == Log{kRead + row.condition + kOrder});
     }
 }
 
@@ -146,7 +146,7 @@ TEST_CASE("the company grid reads its columns for the branch")
     CorpFixture corp;
     CHECK(corp->iDataReadGrid() == iGood);
     CHECK(corp.database.log ==
-          Log{"sql 1   select" GRID_LIST_BEGINNING
+          Log{"sql 1   select" + kGridListBeginning +
               "     ,CORP.cHokenTourokuKubetsu     ,CORP.cPersonalNumberCorp     ,CORP.iKyotenToshiNo"
               "     ,CORP.cKokuhoTourokuNo     ,CORP.cEmail  FROM      CORP where iKyotenCd = 1 and iKyotenEb = 2"
               "  order by      nIDNo"});
@@ -180,7 +180,7 @@ TEST_CASE("the conditioned company grid joins each term that is set behind the b
         condition.cShameiKana1 = row.cShameiKana1;
         CHECK(corp->iDataReadGrid_Jouken(&condition) == iGood);
         CHECK(corp.database.log ==
-              Log{std::string(kConditionedGrid) + " where iKyotenCd = 1 and iKyotenEb = 2" + row.condition + kOrder});
+              Log{kConditionedGrid + " where iKyotenCd = 1 and iKyotenEb = 2" + row.condition + kOrder});
     }
 }
 

@@ -1,13 +1,31 @@
 #include "master/corp_table.h"
-#include "master/embedded_database.h"
 #include "master/hoken_table.h"
 #include "master/staff_table.h"
+
+#include "data/connection_settings.h"
+#include "support/embedded_world.h"
+
+#include <doctest/doctest.h>
 
 using namespace inin;
 
 // The tables on the embedded database: what is written is read back.
 
 namespace {
+
+/// A table class on a session with the embedded database, branch 1, sub-branch 2.
+template <class Table> struct EmbeddedFixture : EmbeddedWorld {
+    EmbeddedFixture()
+    {
+        REQUIRE_MESSAGE(started.isConnected(), started.csErrMsg);
+        REQUIRE(table.iInit(session) == iGood);
+    }
+    Table *operator->() { return &table; }
+
+    StartedSession started = startSession(site);
+    cT_ADODB &session = *started.session;
+    Table table{site};
+};
 
 using StaffFixture = EmbeddedFixture<cT_STAFF>;
 using CorpFixture = EmbeddedFixture<cT_CORP>;
@@ -131,7 +149,7 @@ TEST_CASE("where numbers span the branches an update changes every branch's staf
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
-    staff.embeddedApp.iKyotenIdMode = 1;
+    staff.site.iKyotenIdMode = 1;
     const cD_STAFF row = staffMember(3, "山田次郎");
     REQUIRE_MESSAGE(staff->iDataUpdate(&row, 0) == iGood, staff->sErrMsg());
     CHECK(staff.value("SELECT COUNT(*) FROM STAFF WHERE cName = '山田次郎'") == "2");
@@ -208,7 +226,7 @@ TEST_CASE("the highest staff number is that of the branch, and where numbers spa
     REQUIRE(staff->iGetMaxIDNo(nMaxNo) == iGood);
     CHECK(nMaxNo == 3);
 
-    staff.embeddedApp.iKyotenIdMode = 1;
+    staff.site.iKyotenIdMode = 1;
     REQUIRE_MESSAGE(staff->iGetMaxIDNo(nMaxNo) == iGood, staff->sErrMsg());
     CHECK(nMaxNo == 1020000);
     staff.run("INSERT INTO STAFF (iKyotenCd, iKyotenEb, nIDNo) VALUES (1,2,1020007), (1,2,2000000)");

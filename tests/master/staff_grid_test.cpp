@@ -1,5 +1,6 @@
 #include "master/staff_table.h"
 
+#include "master/staff_texts.h"
 #include "master/table_fixture.h"
 #include "runtime/date.h"
 
@@ -7,68 +8,11 @@ using namespace inin;
 
 namespace {
 
-// The list of the grid as it is sent, name by name.
-#define GRID_LIST                                                                                                      \
-    "      STAFF.cAdress1 as cAdress1     ,STAFF.cAdress2 as cAdress2     ,STAFF.cFaxNo as cFaxNo"                     \
-    "     ,STAFF.cKaiNo as cKaiNo     ,STAFF.cMobNo as cMobNo     ,STAFF.cName as cName"                               \
-    "     ,STAFF.cNameKana as cNameKana     ,STAFF.cTelNo as cTelNo     ,STAFF.cYubinNo as cYubinNo"                   \
-    "     ,STAFF.iChusiFlg as iChusiFlg     ,STAFF.nIDNo as nIDNo     ,STAFF.cTourokuNo     ,STAFF.cSmileCd"           \
-    "     ,STAFF.cNameKana     ,STAFF.tBirthday     ,STAFF.iSexKubun     ,STAFF.tNyusyaDay     ,STAFF.tNyusyaDay"      \
-    "     ,STAFF.tKisanDay     ,STAFF.cTourokuNo     ,STAFF.cTourokuNo2     ,STAFF.cEmail     ,STAFF.iTecAbi"          \
-    "     ,STAFF.iSpeechAbi     ,STAFF.cPhysical     ,STAFF.iClaimRate     ,STAFF.cSikaku     ,STAFF.iVehicleType"     \
-    "     ,STAFF.cVehicleNumber     ,STAFF.cVehicleComment     ,STAFF.cEmployeeNumber     ,STAFF.iLookAllRiyousya"     \
-    "     ,STAFF.iWebLicense     ,STAFF.iLookCharge     ,STAFF.cKaiNo2     ,STAFF.cKaiNo3"                             \
-    "     ,STAFF.iStaffHokenTouroku     ,STAFF.cShikaiNo     ,STAFF.cShikaiNo_Josei     ,STAFF.iContractType"          \
-    "     ,STAFF.nLat     ,STAFF.nLon     ,STAFF.cIninTourokuNo     ,STAFF.iIninTourokuChk     ,STAFF.iKanriSekininFlg"
-
-constexpr const char *kBeforeCondition = "sql 1   select" GRID_LIST "  FROM      STAFF";
+const std::string kBeforeCondition = "sql 1   select" + kStaffGridList + "  FROM      STAFF";
 constexpr const char *kOrder = "  order by      nIDNo";
 
-const std::vector<std::string> kColumns = {"cAdress1",
-                                           "cAdress2",
-                                           "cFaxNo",
-                                           "cKaiNo",
-                                           "cMobNo",
-                                           "cName",
-                                           "cNameKana",
-                                           "cTelNo",
-                                           "cYubinNo",
-                                           "iChusiFlg",
-                                           "nIDNo",
-                                           "cTourokuNo",
-                                           "cSmileCd",
-                                           "tBirthday",
-                                           "iSexKubun",
-                                           "tNyusyaDay",
-                                           "tKisanDay",
-                                           "cTourokuNo2",
-                                           "cEmail",
-                                           "iTecAbi",
-                                           "iSpeechAbi",
-                                           "cPhysical",
-                                           "iClaimRate",
-                                           "cSikaku",
-                                           "iVehicleType",
-                                           "cVehicleNumber",
-                                           "cVehicleComment",
-                                           "cEmployeeNumber",
-                                           "iLookAllRiyousya",
-                                           "iWebLicense",
-                                           "iLookCharge",
-                                           "cKaiNo2",
-                                           "cKaiNo3",
-                                           "iStaffHokenTouroku",
-                                           "cShikaiNo",
-                                           "cShikaiNo_Josei",
-                                           "iContractType",
-                                           "nLat",
-                                           "nLon",
-                                           "cIninTourokuNo",
-                                           "iIninTourokuChk",
-                                           "iKanriSekininFlg"};
-
 struct StaffFixture : TableFixture<cT_STAFF> {
-    void answer(const std::vector<GivenRow> &rows) { database.results.push_back(rowsOf(kColumns, rows)); }
+    void answer(const std::vector<GivenRow> &rows) { database.results.push_back(rowsOf(kStaffGridColumns, rows)); }
     std::int16_t readGrid()
     {
         const cD_STAFF fresh;
@@ -87,7 +31,7 @@ TEST_CASE("a fresh condition row lists the active staff of the branch in order o
 {
     StaffFixture staff;
     CHECK(staff.readGrid() == iGood);
-    CHECK(staff.database.log == Log{std::string(kBeforeCondition) +
+    CHECK(staff.database.log == Log{kBeforeCondition +
                                     " where     (iChusiFlg = 0 OR iChusiFlg IS NULL) and iKyotenCd = 1"
                                     " and iKyotenEb = 2" +
                                     kOrder});
@@ -127,7 +71,7 @@ TEST_CASE("each term of the staff grid stands where its field is set")
         condition.cName = row.cName;
         condition.cNameKana = row.cNameKana;
         CHECK(staff->iDataReadGrid(&condition) == iGood);
-        CHECK(staff.database.log == Log{kBeforeCondition + std::string(row.condition) + kOrder});
+        CHECK(staff.database.log == Log{kBeforeCondition + row.condition + kOrder});
     }
 }
 
@@ -141,8 +85,7 @@ TEST_CASE("the staff grid asks for the branch of this installation whatever the 
     condition.iKyotenId = 8;
     condition.iKyotenEb = 9;
     CHECK(staff->iDataReadGrid(&condition) == iGood);
-    CHECK(staff.database.log ==
-          Log{std::string(kBeforeCondition) + " where iKyotenCd = 0 and iKyotenEb = 32767" + kOrder});
+    CHECK(staff.database.log == Log{kBeforeCondition + " where iKyotenCd = 0 and iKyotenEb = 32767" + kOrder});
 }
 
 TEST_CASE("the staff grid fills each of its texts, trimmed on both sides")
@@ -268,7 +211,7 @@ TEST_CASE("a staff member of nothing but NULL has empty texts and zeros where th
 TEST_CASE("the staff grid leaves alone what it does not read")
 {
     StaffFixture staff;
-    std::vector<std::string> columns = kColumns;
+    std::vector<std::string> columns = kStaffGridColumns;
     columns.insert(columns.end(), {"cNameRyaku", "cRken", "iKyotenCd", "cPcName"});
     staff.database.results.push_back(
         rowsOf(columns, {{{"cNameRyaku", "略"}, {"cRken", "県"}, {"iKyotenCd", whole(5)}, {"cPcName", "PC"}}}));
@@ -348,7 +291,8 @@ TEST_CASE("a name with a single quote comes back as the failed opening of its st
 TEST_CASE("a connection lost in the row loop keeps the staff that were complete")
 {
     StaffFixture staff;
-    FakeResult result = rowsOf(kColumns, {{{"nIDNo", whole(1)}}, {{"nIDNo", whole(2)}}, {{"nIDNo", whole(3)}}});
+    FakeResult result =
+        rowsOf(kStaffGridColumns, {{{"nIDNo", whole(1)}}, {{"nIDNo", whole(2)}}, {{"nIDNo", whole(3)}}});
     result.failingMove = 2;
     staff.database.results.push_back(result);
     CHECK(staff.readGrid() == iBad);
@@ -376,67 +320,4 @@ TEST_CASE("a staff grid without a condition row fails and sends nothing")
     CHECK(staff->sErrMsg() == "STAFFが無効です。");
     CHECK(staff->nデータ数() == 1);
     CHECK(staff.database.log.empty());
-}
-
-TEST_CASE("the grid of all branches has its own terms, the branch's name and no branch condition")
-{
-    struct Row {
-        const char *claim;
-        std::int32_t iChusiFlg;
-        std::int32_t nIDNo;
-        const char *cName;
-        const char *cNameKana;
-        const char *condition;
-    };
-    const Row rows[] = {
-        {"no condition at all", 1, 0, "", "", ""},
-        {"active staff", 0, -1, "", "", " where     (STAFF.iChusiFlg = 0 OR STAFF.iChusiFlg IS NULL)"},
-        {"all of them", 0, 12, "山田", "ﾔﾏﾀﾞ",
-         " where     (STAFF.iChusiFlg = 0 OR STAFF.iChusiFlg IS NULL) and     STAFF.nIDNo = 12"
-         " and     STAFF.cName LIKE '%山田%' and     STAFF.cNameKana LIKE '%ﾔﾏﾀﾞ%'"},
-    };
-    for (const Row &row : rows) {
-        CAPTURE(row.claim);
-        StaffFixture staff;
-        cD_STAFF condition;
-        condition.iChusiFlg = row.iChusiFlg;
-        condition.nIDNo = row.nIDNo;
-        condition.cName = row.cName;
-        condition.cNameKana = row.cNameKana;
-        CHECK(staff->iDataReadGrid_AllKyoten(&condition) == iGood);
-        CHECK(staff.database.log ==
-              Log{std::string("sql 1   select" GRID_LIST
-                              "     ,STAFF.iKyotenCd     ,STAFF.iKyotenEb     ,KYOTEN.cKyotenName  FROM      STAFF"
-                              "  LEFT JOIN KYOTEN ON      KYOTEN.iKyotenCd = STAFF.iKyotenCd"
-                              "  AND KYOTEN.iKyotenEb = STAFF.iKyotenEb") +
-                  row.condition + "  order by      STAFF.iKyotenCd, STAFF.iKyotenEb, STAFF.nIDNo"});
-    }
-}
-
-TEST_CASE("the grid of all branches fills the branch and its name, and not the three numbers of the other lists")
-{
-    StaffFixture staff;
-    std::vector<std::string> columns = kColumns;
-    columns.insert(columns.end(), {"iKyotenCd", "iKyotenEb", "cKyotenName"});
-    staff.database.results.push_back(rowsOf(columns, {{{"cName", "山田"},
-                                                       {"cTourokuNo", "登1"},
-                                                       {"cKaiNo", "会1"},
-                                                       {"cKaiNo2", "会2"},
-                                                       {"cKaiNo3", "会3"},
-                                                       {"cTourokuNo2", "登2"},
-                                                       {"iKyotenCd", whole(3)},
-                                                       {"iKyotenEb", whole(4)},
-                                                       {"cKyotenName", " 丸亀 "}}}));
-    const cD_STAFF fresh;
-    REQUIRE(staff->iDataReadGrid_AllKyoten(&fresh) == iGood);
-    const cD_STAFF &row = staff->clsSTAFF(0);
-    CHECK(row.cName == "山田");
-    CHECK(row.cTourokuNo == "登1");
-    CHECK(row.cKaiNo == "会1");
-    CHECK(row.iKyotenId == 3);
-    CHECK(row.iKyotenEb == 4);
-    CHECK(row.cKyotenName == "丸亀");
-    CHECK(row.cKaiNo2.empty());
-    CHECK(row.cKaiNo3.empty());
-    CHECK(row.cTourokuNo2.empty());
 }

@@ -1,5 +1,6 @@
 #include "master/staff_table.h"
 
+#include "master/staff_texts.h"
 #include "master/table_fixture.h"
 
 using namespace inin;
@@ -9,21 +10,10 @@ namespace {
 using StaffFixture = TableFixture<cT_STAFF>;
 
 // The list of a single read as it is sent: the grid's, and thirteen names behind it.
-#define READ_LIST                                                                                                      \
-    "      STAFF.cAdress1 as cAdress1     ,STAFF.cAdress2 as cAdress2     ,STAFF.cFaxNo as cFaxNo"                     \
-    "     ,STAFF.cKaiNo as cKaiNo     ,STAFF.cMobNo as cMobNo     ,STAFF.cName as cName"                               \
-    "     ,STAFF.cNameKana as cNameKana     ,STAFF.cTelNo as cTelNo     ,STAFF.cYubinNo as cYubinNo"                   \
-    "     ,STAFF.iChusiFlg as iChusiFlg     ,STAFF.nIDNo as nIDNo     ,STAFF.cTourokuNo     ,STAFF.cSmileCd"           \
-    "     ,STAFF.cNameKana     ,STAFF.tBirthday     ,STAFF.iSexKubun     ,STAFF.tNyusyaDay     ,STAFF.tNyusyaDay"      \
-    "     ,STAFF.tKisanDay     ,STAFF.cTourokuNo     ,STAFF.cTourokuNo2     ,STAFF.cEmail     ,STAFF.iTecAbi"          \
-    "     ,STAFF.iSpeechAbi     ,STAFF.cPhysical     ,STAFF.iClaimRate     ,STAFF.cSikaku     ,STAFF.iVehicleType"     \
-    "     ,STAFF.cVehicleNumber     ,STAFF.cVehicleComment     ,STAFF.cEmployeeNumber     ,STAFF.iLookAllRiyousya"     \
-    "     ,STAFF.iWebLicense     ,STAFF.iLookCharge     ,STAFF.cKaiNo2     ,STAFF.cKaiNo3"                             \
-    "     ,STAFF.iStaffHokenTouroku     ,STAFF.cShikaiNo     ,STAFF.cShikaiNo_Josei     ,STAFF.iContractType"          \
-    "     ,STAFF.nLat     ,STAFF.nLon     ,STAFF.cIninTourokuNo     ,STAFF.iIninTourokuChk"                            \
-    "     ,STAFF.iKanriSekininFlg     ,STAFF.cKaiNo2     ,STAFF.cKaiNo3     ,STAFF.cNameRyaku     ,STAFF.cRken"        \
-    "     ,STAFF.cRno     ,STAFF.iShikakuKubun     ,STAFF.iSyokushuKubun     ,STAFF.iYaku     ,STAFF.tKousinDay"       \
-    "     ,STAFF.tRday     ,STAFF.tTourokuDay     ,STAFF.cPcName     ,STAFF.tUpDateTime"
+const std::string kReadList =
+    kStaffGridList + "     ,STAFF.cKaiNo2     ,STAFF.cKaiNo3     ,STAFF.cNameRyaku     ,STAFF.cRken     ,STAFF.cRno"
+                     "     ,STAFF.iShikakuKubun     ,STAFF.iSyokushuKubun     ,STAFF.iYaku     ,STAFF.tKousinDay"
+                     "     ,STAFF.tRday     ,STAFF.tTourokuDay     ,STAFF.cPcName     ,STAFF.tUpDateTime";
 
 constexpr const char *kSetClause =
     " set       cAdress1 = '高松市番町1'     ,cAdress2 = ''     ,cFaxNo = '087-1'     ,cKaiNo = '会1'"
@@ -119,7 +109,7 @@ TEST_CASE("one staff member is read by number and branch, and where numbers span
         condition.nIDNo = 12;
         condition.cName = row.cName;
         CHECK(staff->iDataRead(&condition) == iGood);
-        CHECK(staff.database.log == Log{"sql 1   select TOP 1" READ_LIST "  FROM      STAFF" +
+        CHECK(staff.database.log == Log{"sql 1   select TOP 1" + kReadList + "  FROM      STAFF" +
                                         std::string(row.condition) + "  order by      nIDNo"});
     }
 }
@@ -129,7 +119,7 @@ TEST_CASE("one staff member's read asks for any number, a fresh row's -1 too")
     StaffFixture staff;
     const cD_STAFF fresh;
     CHECK(staff->iDataRead(&fresh) == iGood);
-    CHECK(staff.database.log == Log{"sql 1   select TOP 1" READ_LIST
+    CHECK(staff.database.log == Log{"sql 1   select TOP 1" + kReadList +
                                     "  FROM      STAFF where    nIDNo = -1 and iKyotenCd = 1"
                                     " and iKyotenEb = 2  order by      nIDNo"});
 }
@@ -144,7 +134,7 @@ TEST_CASE("the check of a number reads all of that number in this branch, whatev
         condition.nIDNo = 12;
         condition.cName = "山田";
         CHECK(staff->iDataIdentChk(&condition) == iGood);
-        CHECK(staff.database.log == Log{"sql 1   select" READ_LIST
+        CHECK(staff.database.log == Log{"sql 1   select" + kReadList +
                                         "  FROM      STAFF where    nIDNo = 12 and iKyotenCd = 1"
                                         " and iKyotenEb = 2  order by      nIDNo"});
     }

@@ -1,6 +1,7 @@
 #include "master/table_contract.h"
 
 #include "master/table_fixture.h"
+#include "support/spoiled_database.h"
 
 #include <array>
 #include <memory>
@@ -65,61 +66,43 @@ template <class Table> void answer(TableFixture<Table> &fixture, const std::vect
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, rows));
 }
 
-/// Counts the record sets that stand open.
-class CountingDatabase : public Database {
+/// Counts the record sets that were opened and not asked to close.
+class CountingDatabase : public SpoiledDatabase {
 public:
-    explicit CountingDatabase(Database &real) : m_real(real) {}
+    using SpoiledDatabase::SpoiledDatabase;
     int open = 0;
-    bool failsToClose = false;
-    std::unique_ptr<Connection> newConnection() override { return m_real.newConnection(); }
     std::unique_ptr<Recordset> newRecordset() override;
-
-private:
-    Database &m_real;
 };
 
-class CountingRecordset : public Recordset {
+class CountingRecordset : public SpoiledRecordset {
 public:
-    CountingRecordset(std::unique_ptr<Recordset> real, CountingDatabase &database)
-        : m_real(std::move(real)), m_database(database)
+    CountingRecordset(std::unique_ptr<Recordset> inner, CountingDatabase &database)
+        : SpoiledRecordset(std::move(inner), kNoFaults), m_database(database)
     {
     }
-    void setCursorLocation(std::int32_t location) override { m_real->setCursorLocation(location); }
     void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
               std::int32_t options) override
     {
         CHECK(cursorType == 0);
         CHECK(lockType == 1);
         CHECK(options == 1);
-        m_real->Open(sql, connection, cursorType, lockType, options);
+        SpoiledRecordset::Open(sql, connection, cursorType, lockType, options);
         ++m_database.open;
     }
     void Close() override
     {
-        m_real->Close();
         --m_database.open;
-        if (m_database.failsToClose) throw RuntimeError(3704);
+        SpoiledRecordset::Close();
     }
-    std::int32_t State() const override { return m_real->State(); }
-    bool isEndOfFile() const override { return m_real->isEndOfFile(); }
-    void MoveNext() override { m_real->MoveNext(); }
-    void MoveFirst() override { m_real->MoveFirst(); }
-    void MoveLast() override { m_real->MoveLast(); }
-    std::int32_t RecordCount() const override { return m_real->RecordCount(); }
-    std::size_t fieldCount() const override { return m_real->fieldCount(); }
-    std::string fieldName(std::size_t index) const override { return m_real->fieldName(index); }
-    std::int32_t fieldType(std::size_t index) const override { return m_real->fieldType(index); }
-    std::size_t fieldIndex(std::string_view name) const override { return m_real->fieldIndex(name); }
-    Variant Value(std::size_t index) const override { return m_real->Value(index); }
 
 private:
-    std::unique_ptr<Recordset> m_real;
+    static constexpr RecordsetFaults kNoFaults{};
     CountingDatabase &m_database;
 };
 
 std::unique_ptr<Recordset> CountingDatabase::newRecordset()
 {
-    return std::make_unique<CountingRecordset>(m_real.newRecordset(), *this);
+    return std::make_unique<CountingRecordset>(SpoiledDatabase::newRecordset(), *this);
 }
 
 struct CountingFixture : FakeWorld {
@@ -257,7 +240,7 @@ TEST_CASE("a read closes its record set, whatever became of it")
 TEST_CASE("a record set that does not close hides neither the rows nor the first error")
 {
     CountingFixture fixture;
-    fixture.counting.failsToClose = true;
+    fixture.counting.faults.close = 3704;
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}}));
     CHECK(fixture.table.read() == iGood);
     CHECK(fixture.table.count() == 2);

@@ -5,6 +5,8 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -40,13 +42,9 @@ inline FakeResult rowsOf(const std::vector<std::string> &columns, const std::vec
     for (const GivenRow &given : rows) {
         std::vector<Variant> values(columns.size(), Null{});
         for (const auto &[name, value] : given) {
-            bool known = false;
-            for (std::size_t index = 0; index < columns.size(); ++index)
-                if (columns[index] == name) {
-                    values[index] = value;
-                    known = true;
-                }
-            REQUIRE_MESSAGE(known, "no such column: ", name);
+            const auto column = std::find(columns.begin(), columns.end(), name);
+            if (column == columns.end()) throw std::logic_error("no such column: " + std::string(name));
+            values[static_cast<std::size_t>(column - columns.begin())] = value;
         }
         result.rows.push_back(std::move(values));
     }
