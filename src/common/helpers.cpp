@@ -71,7 +71,9 @@ try {
 
 std::int32_t nNullToLong(const Variant &value, const Regional &regional)
 try {
-    return value.isNull() ? 0 : toLong(value, regional);
+    // Columns without a number are common: they are told apart without the price of an exception.
+    const bool isOtherText = value.getIf<std::string>() != nullptr && !isNumeric(value);
+    return value.isNull() || isOtherText ? 0 : toLong(value, regional);
 } catch (const RuntimeError &) {
     return 0;
 }

@@ -11,7 +11,8 @@ namespace inin {
 
 // The null-safe helpers that stand between database values and the rest of the code.
 
-/// b if b is less than a, else a; numbers compare as numbers, texts as texts. A Null in b gives a back, a Null in a too.
+/// b if b is less than a, else a; numbers compare as numbers, texts as texts in the order of UTF-16, and a number
+/// stands before every text. A Null in b gives a back, a Null in a too.
 [[nodiscard]] Variant vMin(const Variant &a, const Variant &b, const Regional &regional);
 /// b if b is greater than a, else a, likewise.
 [[nodiscard]] Variant vMax(const Variant &a, const Variant &b, const Regional &regional);

@@ -62,6 +62,12 @@ public:
     Attribute<std::string> ToolTipText{*this, {}};
     Attribute<std::int32_t> BackColor{*this, -1}; ///< blue-green-red, -1 is the system's
 
+    // Twips inside the container. Only where a rule asks or moves them; elsewhere the view lays its controls out.
+    Attribute<std::int32_t> Left{*this, 0};
+    Attribute<std::int32_t> Top{*this, 0};
+    Attribute<std::int32_t> Width{*this, 0};
+    Attribute<std::int32_t> Height{*this, 0};
+
     /// Key press in the control, with the key code; return is 13.
     std::function<void(std::int16_t KeyCode)> onKeyPress;
 
@@ -209,14 +215,12 @@ public:
     std::int16_t Shortcut;
 };
 
-/// A picture by the path of its file, empty for none. Sizes are twips.
+/// A picture by the path of its file, empty for none.
 class ImageBox : public Control {
 public:
     using Control::Control;
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
     Attribute<std::string> Picture{*this, {}};
-    Attribute<std::int32_t> Width{*this, 0};
-    Attribute<std::int32_t> Height{*this, 0};
 };
 
 } // namespace inin

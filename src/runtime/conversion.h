@@ -17,13 +17,14 @@ namespace inin {
 [[nodiscard]] double toDouble(const Variant &value, const Regional &regional);
 /// The default text; a date by the short date form, then a blank and H:nn:ss when it has a time.
 [[nodiscard]] std::string toText(const Variant &value, const Regional &regional);
+/// A text is read by the order of the short date first, then by the other customary ones; it needs its year.
 [[nodiscard]] Date toDate(const Variant &value, const Regional &regional);
 
 [[nodiscard]] std::int16_t toInteger(double value);
 [[nodiscard]] std::int32_t toLong(double value);
 [[nodiscard]] std::int16_t narrow(std::int32_t value);
 /// A number read from text: blanks around, sign, thousands commas, decimal point, exponent, &H and &O, parentheses for
-/// minus. Error 13 for anything else, 6 beyond a double.
+/// minus. It counts with 15 digits and ends at a NUL. Error 13 for anything else, 6 beyond a double.
 [[nodiscard]] double numberFromText(std::string_view text);
 /// True where toDouble would give a number: texts that are numbers, numbers, Empty; never Null or a date.
 [[nodiscard]] bool isNumeric(const Variant &value);

@@ -108,10 +108,10 @@ private:
         return isHourAlone() ? startTime(*number) : addPart(*number);
     }
 
-    /// "9 PM" is a time though it has no colon.
+    /// "9 PM" is a time though it has no colon; in "2024/5/1 午前 9:30" the 1 is none, since a day is still due.
     bool isHourAlone()
     {
-        if (m_hasTime || m_meridiem != Meridiem::none) return false;
+        if (m_hasTime || m_awaiting || (m_count != 0 && m_count != m_found.size())) return false;
         m_scan.skipBlanks();
         return takeMeridiem();
     }
@@ -142,7 +142,7 @@ private:
         DatePart &part = m_found[m_count++];
         part.value = value;
         for (const RoleWord &entry : kRoleWords)
-            if (m_scan.accept(entry.word)) part.role = entry.role;
+            if (part.role == '\0' && m_scan.accept(entry.word)) part.role = entry.role;
         m_scan.skipBlanks();
         m_awaiting = takeSeparator();
         return true;

@@ -80,7 +80,7 @@ bool isLarge(std::string_view decimal)
     const std::size_t end = std::min(decimal.find('e'), decimal.size());
     const std::size_t point = std::min(decimal.find('.'), end);
     const std::size_t first = decimal.find_first_of("123456789");
-    long exponent = 0;
+    int exponent = 0;
     if (end < decimal.size()) {
         const std::string_view digits = decimal.substr(end + 1);
         if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc{})

@@ -278,6 +278,16 @@ TEST_CASE("iDisConnect closes, and iConnect works again without a new iInit")
     CHECK(world.database.connectionStrings == Log{"Provider=Fake", "Provider=Fake"});
 }
 
+TEST_CASE("a disconnected session makes a new connection object on its next use")
+{
+    ProbeFixture fixture;
+    REQUIRE(fixture.session.iConnect() == 0);
+    REQUIRE(fixture.session.iDisConnect() == 0);
+    CHECK(fixture.database.made == 1);
+    CHECK(fixture.session.iConnect() == 0);
+    CHECK(fixture.database.made == 2);
+}
+
 TEST_CASE("iDisConnect on a session that never connected fails with the runtime's text and no message")
 {
     FakeWorld world;

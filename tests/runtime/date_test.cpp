@@ -125,7 +125,9 @@ TEST_CASE("DateSerial beyond the years 100 to 9999 is an invalid call, however f
 TEST_CASE("DateSerial leads back to a real day from arguments that lie far outside")
 {
     CHECK(isAt(DateSerial(2024 + 400'000, 5 - 400'000 * 12, 1), {2024, 5, 1}));
-    CHECK(isAt(DateSerial(2024 + 400'00, 5, 1 - 146'097 * 100), {2024, 5, 1}));
+    CHECK(isAt(DateSerial(2024 + 40'000, 5, 1 - 146'097 * 100), {2024, 5, 1}));
+    CHECK(isAt(DateSerial(-1, 1, 1 + 146'097 * 5), {1999, 1, 1}));
+    CHECK(isAt(DateSerial(-2001, 6, 1 + 146'097 * 10), {1999, 6, 1}));
 }
 
 TEST_CASE("year, month, day and the day alone ignore the time")

@@ -35,6 +35,9 @@ TEST_CASE("a text that is no date is a type mismatch")
                                         "45413",
                                         "240501",
                                         "5/1",
+                                        "24/5",
+                                        "5/24",
+                                        "99/5",
                                         "2024",
                                         "2024//5/1",
                                         "/2024/5/1",
@@ -54,6 +57,8 @@ TEST_CASE("a text that is no date is a type mismatch")
                                         "２０２４/5/1",
                                         "令和6年5月1日",
                                         "2024月5年1日",
+                                        "2024年5月日",
+                                        "2024年月5日",
                                         "\xFF/1/1"}) {
         CAPTURE(text);
         CHECK(errorOf([&] { return read(text); }) == 13);
@@ -96,11 +101,18 @@ TEST_CASE("the half of the day is read from English and Japanese words")
     }
 }
 
+TEST_CASE("a half of the day between date and time belongs to the time")
+{
+    CHECK(read("2024/5/1 午前 9:30") == dateOf({2024, 5, 1, 9, 30, 0}));
+    CHECK(read("2024 5 1 午後9:30") == dateOf({2024, 5, 1, 21, 30, 0}));
+    CHECK(read("2024/5/1 9 PM") == dateOf({2024, 5, 1, 21, 0, 0}));
+}
+
 TEST_CASE("a text that is no time is a type mismatch")
 {
-    for (const std::string_view text :
-         {"24:00", "9:60", "9:30:60", "9:", ":30", "9:30:", "9:30:15.5", "9:30 9:30", "AM", "午前", "13:00 AM",
-          "9:30 AM PM", "2024/5/1 PM 3", "9:300", "100:00", "2024/5/1 AM", "2024/5/9:30", "2024/5/1/9:30"}) {
+    for (const std::string_view text : {"24:00", "9:60", "9:30:60", "9:", ":30", "9:30:", "9:30:15.5", "9:30 9:30",
+                                        "AM", "午前", "13:00 AM", "9:30 AM PM", "2024/5/1 PM 3", "9:300", "100:00",
+                                        "2024/5/1 AM", "2024/5 9 PM", "2024/5/9:30", "2024/5/1/9:30"}) {
         CAPTURE(text);
         CHECK(errorOf([&] { return read(text); }) == 13);
     }

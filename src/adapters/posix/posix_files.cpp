@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <climits>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,13 +17,13 @@ namespace inin {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = 65536;
 
 struct ErrorRule {
     int systemError;
     std::int32_t number;
 };
-/// What the runtime calls the system's failures; the refusals stand in refusalNumber.
+/// What the runtime calls the failures of the system; errorNumber adds the refusals.
 constexpr ErrorRule kErrorRules[] = {
     {ENOENT, error_number::fileNotFound}, {ENOTDIR, error_number::pathNotFound},
     {ELOOP, error_number::pathNotFound},  {EISDIR, error_number::pathAccess},
@@ -78,29 +79,26 @@ public:
     PosixOutput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
     ~PosixOutput() override
     {
-        if (m_file.isOpen()) (void)writeAll(m_file, m_buffer); // nobody is left to hear of a failure
+        if (m_file.isOpen()) (void)flush(); // nobody is left to hear of a failure
     }
 
     void write(std::string_view bytes) override
     {
         m_buffer += bytes;
-        if (m_buffer.size() >= kBufferSize) flush();
+        if (m_buffer.size() >= kBufferSize && !flush()) fail(errno, m_path);
     }
 
     void close() override
     {
         if (!m_file.isOpen()) return;
-        flush();
-        if (!m_file.close()) fail(errno, m_path);
+        const int writeError = flush() ? 0 : errno;
+        const int closeError = m_file.close() ? 0 : errno;
+        if (writeError != 0 || closeError != 0) fail(writeError != 0 ? writeError : closeError, m_path);
     }
 
 private:
-    void flush()
-    {
-        // What failed once is not tried again: the file stays as far as it was written.
-        const std::string bytes = std::exchange(m_buffer, {});
-        if (!writeAll(m_file, bytes)) fail(errno, m_path);
-    }
+    /// What failed once is not tried again: the file stays as far as it was written.
+    bool flush() { return writeAll(m_file, std::exchange(m_buffer, {})); }
 
     FileDescriptor m_file;
     std::string m_path;
@@ -191,12 +189,12 @@ public:
 
     std::string currentFolder() override
     {
-        std::string folder(PATH_MAX, '\0');
+        std::vector<char> folder(PATH_MAX);
         while (!getcwd(folder.data(), folder.size())) {
             if (errno != ERANGE) throw RuntimeError(error_number::pathNotFound);
             folder.resize(folder.size() * 2);
         }
-        return folder.c_str();
+        return folder.data();
     }
 
 private:

@@ -1,0 +1,124 @@
+#include "adapters/posix/command_line.h"
+
+#include "search_path.h"
+#include "temp_folder.h"
+
+#include <filesystem>
+#include <vector>
+
+#include <doctest/doctest.h>
+#include <sys/stat.h>
+
+using namespace inin;
+
+namespace {
+
+/// Two folders with programs: the current one and one of PATH.
+struct Programs {
+    Programs()
+    {
+        for (const char *name : {"Main.exe", "Form Viewer", "plain", "both.exe", "both"}) make(here, name);
+        for (const char *name : {"wfrfv10.exe", "plain", "xonly"}) make(onPath, name);
+        here.put("data.exe", "no program");
+        std::filesystem::create_directory(here / "folder.exe");
+    }
+
+    static void make(const TempFolder &folder, const std::string &name)
+    {
+        chmod(folder.put(name, "#!/bin/sh\n").c_str(), 0755);
+    }
+
+    TempFolder here, onPath;
+    CurrentFolder current{here.path()};
+    SearchPath searched{onPath.path()};
+};
+
+std::string programOf(const std::string &line)
+{
+    const auto command = parseCommandLine(line);
+    return command ? command->program : "none";
+}
+
+std::vector<std::string> argumentsOf(const std::string &line)
+{
+    const auto command = parseCommandLine(line);
+    return command ? command->arguments : std::vector<std::string>{"none"};
+}
+
+using Arguments = std::vector<std::string>;
+
+} // namespace
+
+TEST_CASE("a program is found in the current folder first, then in PATH")
+{
+    const Programs programs;
+    CHECK(programOf("Main.exe 2") == "./Main.exe");
+    CHECK(programOf("plain") == "./plain");
+    CHECK(programOf("wfrfv10.exe /c x") == programs.onPath / "wfrfv10.exe");
+    CHECK(programOf("nothing.exe") == "none");
+    CHECK(programOf("") == "none");
+    CHECK(programOf("   ") == "none");
+}
+
+TEST_CASE("a program is found in any case, with and without its extension")
+{
+    const Programs programs;
+    CHECK(programOf("MAIN.EXE 2") == "./Main.exe");
+    CHECK(programOf("main") == "./Main.exe");
+    CHECK(programOf("xonly.exe") == programs.onPath / "xonly");
+    CHECK(programOf("both.exe") == "./both.exe");
+    CHECK(programOf("both") == "./both");
+}
+
+TEST_CASE("a program that names its folder is found there only")
+{
+    const Programs programs;
+    CHECK(programOf(programs.here.path() + "\\MAIN.EXE 2") == programs.here / "Main.exe");
+    CHECK(programOf(programs.here.path() + "\\wfrfv10.exe") == "none");
+    CHECK(programOf(".\\main.exe") == "./Main.exe");
+}
+
+TEST_CASE("neither a folder nor a file without the right to run is a program")
+{
+    const Programs programs;
+    CHECK(programOf("data.exe") == "none");
+    CHECK(programOf("folder.exe") == "none");
+}
+
+TEST_CASE("a name with blanks is found with quotes and without")
+{
+    const Programs programs;
+    CHECK(programOf("\"form viewer.exe\" /c x") == "./Form Viewer");
+    CHECK(argumentsOf("\"form viewer.exe\" /c x") == Arguments{"/c", "x"});
+    CHECK(programOf("Form Viewer /c x") == "./Form Viewer");
+    CHECK(argumentsOf("Form Viewer /c x") == Arguments{"/c", "x"});
+    CHECK(programOf("\"Main.exe") == "./Main.exe");
+    CHECK(programOf("\"\" x") == "none");
+}
+
+TEST_CASE("the shortest beginning that is a program is started")
+{
+    const Programs programs;
+    CHECK(programOf("plain Main.exe") == "./plain");
+    CHECK(argumentsOf("plain Main.exe") == Arguments{"Main.exe"});
+}
+
+TEST_CASE("arguments are split at blanks outside of quotes")
+{
+    const Programs programs;
+    CHECK(argumentsOf("plain") == Arguments{});
+    CHECK(argumentsOf("plain   a\t b ") == Arguments{"a", "b"});
+    CHECK(argumentsOf("plain \"a b\" c\" \"d \"\"") == Arguments{"a b", "c d", ""});
+    CHECK(argumentsOf("plain \"open end") == Arguments{"open end"});
+    CHECK(argumentsOf("plain $HOME `id` ;x *") == Arguments{"$HOME", "`id`", ";x", "*"});
+}
+
+TEST_CASE("an argument that names a path gets slashes, any other keeps its backslashes")
+{
+    const Programs programs;
+    CHECK(argumentsOf("plain /c ./TMP\\WfdCom.dat") == Arguments{"/c", "./TMP/WfdCom.dat"});
+    CHECK(argumentsOf("plain /c /opt/suite\\TMP\\WfdCom.dat") == Arguments{"/c", "/opt/suite/TMP/WfdCom.dat"});
+    CHECK(argumentsOf("plain \"/opt/the suite\\x\"") == Arguments{"/opt/the suite/x"});
+    CHECK(argumentsOf("plain ..\\x .\\y") == Arguments{"../x", "./y"});
+    CHECK(argumentsOf("plain a\\b \\c C:\\d") == Arguments{"a\\b", "\\c", "C:\\d"});
+}

@@ -1,0 +1,164 @@
+#include "adapters/posix/posix_platform.h"
+
+#include "runtime/runtime_error.h"
+#include "search_path.h"
+#include "temp_folder.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+#include <doctest/doctest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace inin;
+
+namespace {
+
+std::unique_ptr<Processes> processes()
+{
+    return makePosixProcesses([] {});
+}
+
+/// A folder that is current and first in PATH, for programs of the test.
+struct Stage {
+    void program(const std::string &name, const std::string &script) const
+    {
+        chmod(folder.put(name, "#!/bin/sh\n" + script).c_str(), 0755);
+    }
+    /// The bytes of a file that a started program writes whole under this name, at most ten seconds later.
+    [[nodiscard]] std::string awaited(const std::string &name) const
+    {
+        for (int wait = 0; wait < 1000 && !folder.has(name); ++wait)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return folder.bytes(name);
+    }
+
+    TempFolder folder;
+    CurrentFolder current{folder.path()};
+    SearchPath searched{folder.path()};
+};
+
+std::int32_t startError(const std::string &line)
+try {
+    processes()->start(line, WindowStyle::normalFocus);
+    return 0;
+} catch (const RuntimeError &error) {
+    return error.number();
+}
+
+} // namespace
+
+TEST_CASE("a started program gets its arguments and the folder of the suite")
+{
+    const Stage stage;
+    stage.program("wfrfv10.exe", "{ printf '%s|' \"$@\"; pwd; } > told.part; mv told.part told\n");
+    processes()->start("wfrfv10.exe /c ./TMP\\WfdCom.dat \"a b\" c\\d", WindowStyle::maximizedFocus);
+    CHECK(stage.awaited("told") ==
+          "/c|./TMP/WfdCom.dat|a b|c\\d|" + std::filesystem::canonical(stage.folder.path()).string() + "\n");
+}
+
+TEST_CASE("a start does not wait for the program and leaves no child behind")
+{
+    const Stage stage;
+    stage.program("slow", "sleep 3\n");
+    const auto begin = std::chrono::steady_clock::now();
+    processes()->start("slow", WindowStyle::normalFocus);
+    CHECK(std::chrono::steady_clock::now() - begin < std::chrono::seconds(2));
+    errno = 0;
+    CHECK(waitpid(-1, nullptr, WNOHANG) == -1);
+    CHECK(errno == ECHILD);
+}
+
+TEST_CASE("a started program reads nothing and writes nowhere")
+{
+    const Stage stage;
+    stage.program("p", "ends=$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2)\n"
+                       "printf '%s' \"$ends\" > told.part; mv told.part told\n");
+    processes()->start("p", WindowStyle::normalFocus);
+    CHECK(stage.awaited("told") == "/dev/null\n/dev/null\n/dev/null");
+}
+
+TEST_CASE("a program that is not there or cannot run is error 53")
+{
+    const Stage stage;
+    chmod(stage.folder.put("broken", "#!/no/such/interpreter\n").c_str(), 0755);
+    chmod(stage.folder
+              .put("bytes", "\x7F"
+                            "ELF nothing")
+              .c_str(),
+          0755);
+    stage.folder.put("data", "");
+    CHECK(startError("nothing.exe /c x") == 53);
+    CHECK(startError("broken") == 53);
+    CHECK(startError("bytes") == 53);
+    CHECK(startError("data") == 53);
+    CHECK(startError("") == 53);
+}
+
+TEST_CASE("a web address is opened as it is given, never by a shell")
+{
+    const Stage stage;
+    stage.program("xdg-open", "printf '%s' \"$#|$1\" > told.part; mv told.part told\n");
+    processes()->openAddress("https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
+    CHECK(stage.awaited("told") == "1|https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
+}
+
+TEST_CASE("nothing but a web address is opened")
+{
+    const Stage stage;
+    stage.program("xdg-open", "printf '%s\\n' \"$1\" > \"told$(date +%N)\"\n");
+    for (const char *address : {"", "file:///etc/passwd", "httpx://a", "--version", "/bin/sh", "http:"})
+        processes()->openAddress(address);
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    CHECK(stage.folder.entries() == 1);
+}
+
+TEST_CASE("an address without a program to open it is told to nobody")
+{
+    const SearchPath restored("");
+    setenv("PATH", "/no/such/folder", 1);
+    CHECK_NOTHROW(processes()->openAddress("http://example.jp/"));
+}
+
+TEST_CASE("the computer's name is given when it fits with its NUL")
+{
+    char buffer[256] = {};
+    REQUIRE(gethostname(buffer, sizeof buffer - 1) == 0);
+    std::string name = buffer;
+    name = name.substr(0, name.find('.'));
+    CHECK(processes()->computerName(name.size() + 1) == name);
+    CHECK(processes()->computerName(name.size()) == std::nullopt);
+    CHECK(processes()->computerName(0) == std::nullopt);
+}
+
+TEST_CASE("the end statement does what this program does at its end")
+{
+    struct Ended {};
+    const auto ending = makePosixProcesses([] { throw Ended{}; });
+    CHECK_THROWS_AS(ending->end(), Ended);
+}
+
+TEST_CASE("an end that comes back ends the process all the same, with the code 0")
+{
+    const pid_t child = fork();
+    if (child == 0) makePosixProcesses([] {})->end();
+    int status = -1;
+    waitpid(child, &status, 0);
+    CHECK(WIFEXITED(status));
+    CHECK(WEXITSTATUS(status) == 0);
+}
+
+TEST_CASE("no automation object can be created")
+{
+    try {
+        (void)makeNoAutomation()->create("wfrfv.Document.1");
+        FAIL("created");
+    } catch (const RuntimeError &error) {
+        CHECK(error.number() == 429);
+    }
+}

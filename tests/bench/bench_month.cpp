@@ -1,0 +1,109 @@
+// The road from database to CSV for a month's letters, as a whole process, beside the sqlite3 command writing the same
+// statement's result as CSV.
+
+#include "adapters/sqlite/sql_schema.h"
+#include "adapters/sqlite/sql_translator.h"
+#include "app/inin_site/schema.h"
+#include "bench/bench_process.h"
+#include "bench/bench_site.h"
+#include "printing/extraction.h"
+
+#include <fmt/format.h>
+
+#include <exception>
+#include <fstream>
+#include <stdexcept>
+
+namespace inin::bench {
+
+namespace {
+
+/// So many that a few more than 32,000 of them get a letter.
+constexpr std::int64_t kPatients = 35200;
+constexpr int kRuns = 5;
+
+/// The child's part: one extraction and its CSV. Prints the number of letters.
+int runOnce(const std::string &folder)
+{
+    BenchScreen screen(folder);
+    if (screen.form().iGetKanjaDataMonth() != iGood) throw std::runtime_error("the extraction failed");
+    screen.form().saveCSVInin();
+    fmt::print("{}\n", screen.form().iRowCount);
+    return 0;
+}
+
+/// The sqlite3 command lacks the adapter's own collation; insurers' numbers are digits, so it compares them alike.
+std::string withoutCollation(std::string sql)
+{
+    constexpr std::string_view clause = " COLLATE ININ_JA";
+    for (std::size_t at = sql.find(clause); at != sql.npos; at = sql.find(clause)) sql.erase(at, clause.size());
+    return sql;
+}
+
+std::string statement()
+{
+    const Regional regional;
+    const TargetDate target(fmt::format("{:04}/{:02}/1", kYear, kMonth), regional);
+    ExtractionQuery query;
+    query.iKyotenCd = 1;
+    query.iKyotenEb = 1;
+    query.iTrustKind = 1;
+    query.bounds = kKanjaDataMonth.bounds(target, regional);
+    SqlSchema schema;
+    for (const site::TableColumns &table : site::schemaTables()) {
+        for (const site::SchemaColumn &column : table.columns) schema.add(table.name, column.name, column.type);
+    }
+    return withoutCollation(translateSql(extractionSql(kKanjaDataMonth, query), schema).text);
+}
+
+Spent timed(const std::vector<std::string> &arguments, const std::string &output)
+{
+    std::vector<Spent> runs;
+    for (int i = 0; i < kRuns; ++i) runs.push_back(runProcess(arguments, output));
+    return medianOf(runs);
+}
+
+std::string firstLine(const std::filesystem::path &file)
+{
+    std::ifstream stream(file);
+    std::string line;
+    std::getline(stream, line);
+    return line;
+}
+
+std::int64_t linesOf(const std::filesystem::path &file)
+{
+    std::ifstream stream(file);
+    std::int64_t lines = 0;
+    for (std::string line; std::getline(stream, line);) ++lines;
+    return lines;
+}
+
+int compare(const std::string &self)
+{
+    const BenchSite site(kPatients);
+    const auto output = (site.folder() / "bench.out").string();
+    const auto plainCsv = (site.folder() / "plain.csv").string();
+    const std::string database = (site.folder() / "demo.db").string();
+    const Spent ours = timed({self, "run", site.folder().string()}, output);
+    const Spent plain = timed({"sqlite3", "-csv", "-header", database, statement()}, plainCsv);
+    fmt::print("bench_month: letters {} (sqlite3: {} rows)\n", firstLine(output), linesOf(plainCsv) - 1);
+    fmt::print("bench_month: extraction and CSV {:.3f} s, {:.1f} MB at the peak\n", ours.seconds, ours.megabytes);
+    fmt::print("bench_month: sqlite3 command    {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);
+    fmt::print("bench_month: ratio {:.2f} (aim: at most 1.10, below 80 MB)\n", ours.seconds / plain.seconds);
+    return 0;
+}
+
+} // namespace
+
+} // namespace inin::bench
+
+int main(int argc, char **argv)
+try {
+    const std::vector<std::string> arguments(argv, argv + argc);
+    if (arguments.size() == 3 && arguments[1] == "run") return inin::bench::runOnce(arguments[2]);
+    return inin::bench::compare(arguments[0]);
+} catch (const std::exception &fault) {
+    fmt::print(stderr, "bench_month: {}\n", fault.what());
+    return 1;
+}

@@ -1,0 +1,53 @@
+#include "bench/bench_process.h"
+
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace inin::bench {
+
+namespace {
+
+pid_t spawnInto(const std::vector<std::string> &arguments, const std::string &outputFile)
+{
+    std::vector<char *> argv;
+    for (const std::string &argument : arguments) argv.push_back(const_cast<char *>(argument.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    pid_t child = 0;
+    const int result = posix_spawnp(&child, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (result != 0) throw std::runtime_error("cannot start " + arguments.front());
+    return child;
+}
+
+} // namespace
+
+Spent runProcess(const std::vector<std::string> &arguments, const std::string &outputFile)
+{
+    const auto start = std::chrono::steady_clock::now();
+    const pid_t child = spawnInto(arguments, outputFile);
+    int status = 0;
+    rusage usage{};
+    if (wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+        throw std::runtime_error(arguments.front() + " failed");
+    }
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+    return {seconds.count(), static_cast<double>(usage.ru_maxrss) / 1024}; // ru_maxrss counts kilobytes
+}
+
+Spent medianOf(std::vector<Spent> runs)
+{
+    std::ranges::sort(runs, {}, &Spent::seconds);
+    return runs.at(runs.size() / 2);
+}
+
+} // namespace inin::bench

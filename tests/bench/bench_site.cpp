@@ -1,0 +1,111 @@
+#include "bench/bench_site.h"
+
+#include "adapters/posix/posix_platform.h"
+#include "adapters/sqlite/sqlite_database.h"
+#include "app/inin_site/site_maker.h"
+
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace inin::bench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class NoBoxes : public MessageBoxes {
+public:
+    void show(const std::string &text, Icon, const std::string &) override
+    {
+        throw std::runtime_error("unexpected box: " + text);
+    }
+};
+
+/// Nothing is shown, so nothing of this is asked.
+class NoWindows : public Windows {
+public:
+    void show(Form &, Modality) override {}
+    void checkPicture(const std::string &) override {}
+    void beep() override {}
+    void giveTime() override {}
+    void moveFocus(Form &, Control &) override {}
+    void sendTab(Form &) override {}
+    Control *activeControl(Form &) override { return nullptr; }
+};
+
+[[noreturn]] void unexpectedEnd()
+{
+    throw std::runtime_error("unexpected end of the process");
+}
+
+} // namespace
+
+BenchSite::BenchSite(std::int64_t patients)
+{
+    std::string pattern = (fs::temp_directory_path() / "inin-bench-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
+    m_folder = pattern;
+    site::makeSite(m_folder, {patients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth)},
+                   site::Overwrite::onlyOwnFolder);
+}
+
+BenchSite::~BenchSite()
+{
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+}
+
+struct BenchScreen::Parts {
+    explicit Parts(const fs::path &folder)
+        : database(makeSqliteDatabase([folder](const std::string &path) { return (folder / path).string(); })),
+          profile(makePosixProfile()), files(makePosixFiles(folder.string())),
+          processes(makePosixProcesses(unexpectedEnd)), clock(makePosixClock()), locale(makePosixLocale()),
+          automation(makeNoAutomation()),
+          app(Platform{boxes, windows, *database, *profile, *files, *processes, *clock, *locale, *automation})
+    {
+    }
+
+    NoBoxes boxes;
+    NoWindows windows;
+    std::unique_ptr<Database> database;
+    std::unique_ptr<Profile> profile;
+    std::unique_ptr<Files> files;
+    std::unique_ptr<Processes> processes;
+    std::unique_ptr<Clock> clock;
+    std::unique_ptr<Locale> locale;
+    std::unique_ptr<Automation> automation;
+    App app;
+    std::unique_ptr<frmPrintInin> form;
+};
+
+BenchScreen::BenchScreen(const fs::path &folder) : m_parts(std::make_unique<Parts>(folder))
+{
+    m_parts->app.gcsAppPath = folder.string();
+    m_parts->app.iKyotenCd = 1;
+    m_parts->app.iKyotenEb = 1;
+    m_parts->form = std::make_unique<frmPrintInin>(m_parts->app);
+    frmPrintInin &screen = *m_parts->form;
+    screen.csTargetDate = fmt::format("{:04}/{:02}/1", kYear, kMonth);
+    screen.iTgtDateKind = 1;
+    screen.iObjectKind = 1;
+    screen.iDspPeriodKind = 1;
+    screen.iTrustKind = 1;
+    screen.nStaffNo = -1;
+    screen.nKanjaNo = -1;
+}
+
+BenchScreen::~BenchScreen() = default;
+
+frmPrintInin &BenchScreen::form()
+{
+    return *m_parts->form;
+}
+
+App &BenchScreen::app()
+{
+    return m_parts->app;
+}
+
+} // namespace inin::bench

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "printing/print_form.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace inin::bench {
+
+inline constexpr int kYear = 2024;
+inline constexpr unsigned kMonth = 5;
+
+/// A demo site in a folder of its own, gone at the end.
+class BenchSite {
+public:
+    explicit BenchSite(std::int64_t patients);
+    ~BenchSite();
+    BenchSite(const BenchSite &) = delete;
+    BenchSite &operator=(const BenchSite &) = delete;
+    [[nodiscard]] const std::filesystem::path &folder() const { return m_folder; }
+
+private:
+    std::filesystem::path m_folder;
+};
+
+/// The conditions screen on a site, with the system's own files and the embedded database and without a window. A box
+/// ends the benchmark: it means that the figure would be of a failure. The conditions are the month, planned data,
+/// head office, month start to month end, automatic signature.
+class BenchScreen {
+public:
+    explicit BenchScreen(const std::filesystem::path &folder);
+    ~BenchScreen();
+    BenchScreen(const BenchScreen &) = delete;
+    BenchScreen &operator=(const BenchScreen &) = delete;
+    [[nodiscard]] frmPrintInin &form();
+    [[nodiscard]] App &app();
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace inin::bench

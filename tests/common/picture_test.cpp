@@ -1,0 +1,62 @@
+#include "common/picture.h"
+
+#include "runtime/runtime_error.h"
+#include "support/fake_platform.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace std::string_literals;
+
+namespace {
+
+/// The error of checking a file with these bytes, 0 for none.
+std::int32_t checked(const std::string &bytes)
+try {
+    FakeWorld world;
+    world.files.put("C:\\SUITE\\ICON\\p", bytes);
+    checkPictureFile(world.files, "C:\\SUITE\\ICON\\p");
+    return 0;
+} catch (const RuntimeError &error) {
+    return error.number();
+}
+
+std::int32_t checkedPath(const std::string &path)
+try {
+    FakeWorld world;
+    checkPictureFile(world.files, path);
+    return 0;
+} catch (const RuntimeError &error) {
+    return error.number();
+}
+
+} // namespace
+
+TEST_CASE("a picture is known by its first bytes")
+{
+    CHECK(checked("BM\x36\0\0\0"s) == 0);
+    CHECK(checked("\0\0\1\0\1\0"s) == 0);
+    CHECK(checked("GIF87a"s) == 0);
+    CHECK(checked("GIF89a....") == 0);
+    CHECK(checked("\xFF\xD8\xFF\xE0..JFIF") == 0);
+    CHECK(checked("\x89PNG\r\n\x1A\n....") == 0);
+    CHECK(checked("\xD7\xCD\xC6\x9A\0\0"s) == 0);
+    CHECK(checked("\1\0\0\0"s + std::string(36, '\0') + " EMF") == 0);
+}
+
+TEST_CASE("anything else is no picture")
+{
+    CHECK(checked("") == 481);
+    CHECK(checked("B") == 481);
+    CHECK(checked("text") == 481);
+    CHECK(checked("GIF88a") == 481);
+    CHECK(checked("\x89PNG\n\x1A\n") == 481);
+    CHECK(checked(std::string(100, '\0')) == 481);
+    CHECK(checked("<svg xmlns='http://www.w3.org/2000/svg'/>") == 481);
+}
+
+TEST_CASE("a missing picture is error 53, a folder error 75")
+{
+    CHECK(checkedPath("C:\\SUITE\\ICON\\none.bmp") == 53);
+    CHECK(checkedPath("C:\\SUITE\\ICON") == 75);
+}
