@@ -89,7 +89,9 @@ DatabaseFile::~DatabaseFile()
 
 void DatabaseFile::run(std::string_view statements) const
 {
-    runRaw(openRaw(m_path).get(), statements);
+    const Handle db = openRaw(m_path);
+    runRaw(db.get(), "PRAGMA synchronous = OFF"); // nothing of a test outlives it
+    runRaw(db.get(), statements);
 }
 
 std::string DatabaseFile::value(std::string_view select) const

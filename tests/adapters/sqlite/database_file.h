@@ -3,6 +3,8 @@
 #include "platform/database.h"
 #include "runtime/variant.h"
 
+#include <doctest/doctest.h>
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -78,3 +80,13 @@ struct Raised {
 [[nodiscard]] std::unique_ptr<Database> plainDatabase();
 
 } // namespace inin
+
+/// So that a failed comparison of rows shows them.
+template <> struct doctest::StringMaker<std::vector<std::string>> {
+    static String convert(const std::vector<std::string> &texts)
+    {
+        std::string all;
+        for (const std::string &text : texts) all += "\n    \"" + text + "\"";
+        return all.c_str();
+    }
+};

@@ -347,14 +347,10 @@ std::string with(const std::string &sql, const std::string &condition)
     return text.insert(text.find(" ORDER BY"), condition);
 }
 
-struct PracticeSession {
-    DatabaseFile file{kPracticeDatabase};
-    Session session{file};
-};
-
 } // namespace
 
-TEST_CASE_FIXTURE(PracticeSession, "the month's planned visits give each patient once with the last visit, by staff member")
+TEST_CASE_FIXTURE(PracticeSession,
+                  "the month's planned visits give each patient once with the last visit, by staff member")
 {
     CHECK(session.rows(kMonthHeadOffice, {"RiyouName", "HokenName", "nDate", "CorpName", "cKozaBangou"}) ==
           Texts{"鈴木花子|高松市|20240531|本社|1234567", "やまた四郎|全国協会|20240531|本社|1234567",
@@ -363,11 +359,12 @@ TEST_CASE_FIXTURE(PracticeSession, "the month's planned visits give each patient
 
 TEST_CASE_FIXTURE(PracticeSession, "the agent's company stands on the letter, the group company's for group billing")
 {
-    CHECK(session.rows(kMonthAgent, {"RiyouName", "CorpName", "CorpAdd", "cDaihyo", "cTelNo", "cKinyuName", "cKinyuSiten",
-                                     "iKozaType", "cKozaBangou", "cKozaMeigi1", "iKinSyubetsu", "iKinSiten"}) ==
-          Texts{"鈴木花子|団体|高松市9|団長|087-9|郵便|高松|1|9999999|ダンタイ|4|5",
-                "やまた四郎|代理人|高松市2|代理|087-2|中国|高松|2|7654321|ダイリ|2|2",
-                "山田太郎|代理人|高松市2|代理|087-2|中国|高松|2|7654321|ダイリ|2|2"});
+    CHECK(
+        session.rows(kMonthAgent, {"RiyouName", "CorpName", "CorpAdd", "cDaihyo", "cTelNo", "cKinyuName", "cKinyuSiten",
+                                   "iKozaType", "cKozaBangou", "cKozaMeigi1", "iKinSyubetsu", "iKinSiten"}) ==
+        Texts{"鈴木花子|団体|高松市9|団長|087-9|郵便|高松|1|9999999|ダンタイ|4|5",
+              "やまた四郎|代理人|高松市2|代理|087-2|中国|高松|2|7654321|ダイリ|2|2",
+              "山田太郎|代理人|高松市2|代理|087-2|中国|高松|2|7654321|ダイリ|2|2"});
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the month's filters take patients, staff, insurance and ended treatment")
@@ -393,7 +390,8 @@ TEST_CASE_FIXTURE(PracticeSession, "the day's planned visits come by the visitin
 {
     CHECK(session.rows(kDayHeadOffice, {"nIDNo", "RiyouName", "CorpName"}) ==
           Texts{"6|やまた四郎|本社", "2|鈴木花子|本社"});
-    CHECK(session.rows(kDayAgent, {"nIDNo", "RiyouName", "CorpName"}) == Texts{"6|やまた四郎|代理人", "2|鈴木花子|団体"});
+    CHECK(session.rows(kDayAgent, {"nIDNo", "RiyouName", "CorpName"}) ==
+          Texts{"6|やまた四郎|代理人", "2|鈴木花子|団体"});
     CHECK(session.rows(with(kDayHeadOffice, " AND SCHEDULE.nIDStaffNo = 5"), {"nIDNo"}) == Texts{"2"});
 }
 

@@ -134,7 +134,8 @@ TEST_CASE("bytes that are no UTF-8 compare without harm and differ from each oth
 TEST_CASE("unsound bytes become replacement characters and sound text stays")
 {
     CHECK(soundUtf8("山田 abc") == "山田 abc");
-    CHECK(soundUtf8("a\xFF" "b") == "a\uFFFDb");
+    CHECK(soundUtf8("a\xFF"
+                    "b") == "a\uFFFDb");
     CHECK(soundUtf8("\xE5\xB1") == "\uFFFD\uFFFD");
     CHECK(soundUtf8("\xED\xA0\x80") == "\uFFFD\uFFFD\uFFFD"); // half of a surrogate pair
     CHECK(soundUtf8("\xF0\xA0\xAE\xB7") == "𠮷");

@@ -12,11 +12,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-struct PracticeSession {
-    DatabaseFile file{kPracticeDatabase};
-    Session session{file};
-};
-
 /// The patient search of branch 1/1 with its conditions.
 std::string patients(const std::string &conditions)
 {
@@ -28,16 +23,18 @@ std::string patients(const std::string &conditions)
 /// The staff search with its inner filter and the consultation, if any.
 std::string staff(const std::string &filter, const std::string &consultation = {})
 {
-    std::string sql = " select      * from      (         select              nIDNo             ,iKyotenCd             ,iKyotenEb"
-                      "             ,cName             ,cNameRyaku              ,cNameKana          from              STAFF" +
-                      filter + "      )staff";
+    std::string sql =
+        " select      * from      (         select              nIDNo             ,iKyotenCd             ,iKyotenEb"
+        "             ,cName             ,cNameRyaku              ,cNameKana          from              STAFF" +
+        filter + "      )staff";
     if (!consultation.empty())
-        sql += "      left join      (         select              nIDNo as SoudanID             ,iStaffKyotenCd"
-               "             ,iStaffKyotenEb              ,nStaffIDNo          from              SOUDAN_TANTOU         where"
-               "              iStaffKyotenCd = 1         and  iStaffKyotenEb = 1      )soudan      on"
-               "          staff.nIDNo = soudan.nStaffIDNo      and staff.iKyotenCd = soudan.iStaffKyotenCd"
-               "      and staff.iKyotenEb = soudan.iStaffKyotenEb where      soudan.SoudanID = " +
-               consultation;
+        sql +=
+            "      left join      (         select              nIDNo as SoudanID             ,iStaffKyotenCd"
+            "             ,iStaffKyotenEb              ,nStaffIDNo          from              SOUDAN_TANTOU         where"
+            "              iStaffKyotenCd = 1         and  iStaffKyotenEb = 1      )soudan      on"
+            "          staff.nIDNo = soudan.nStaffIDNo      and staff.iKyotenCd = soudan.iStaffKyotenCd"
+            "      and staff.iKyotenEb = soudan.iStaffKyotenEb where      soudan.SoudanID = " +
+            consultation;
     return sql + " order by     nIDNo    ,cName ";
 }
 
@@ -57,11 +54,13 @@ TEST_CASE_FIXTURE(PracticeSession, "the patient search finds a name in any kana 
         const char *kana;
         Texts numbers;
     };
-    const Row rows[] = {{"ﾔﾏﾀﾞ", {"1"}},   {"やまだ", {"1"}}, {"ヤマダ", {"1"}}, {"ヤマタ", {"6"}}, {"やまた", {"6"}},
-                        {"スズキ", {"2"}}, {"じろう", {"3"}}, {"しろう", {}},    {"さぶろう", {"5"}}, {"ﾀ", {"1", "5", "6"}}};
+    const Row rows[] = {{"ﾔﾏﾀﾞ", {"1"}},     {"やまだ", {"1"}},     {"ヤマダ", {"1"}}, {"ヤマタ", {"6"}},
+                        {"やまた", {"6"}},   {"スズキ", {"2"}},     {"じろう", {"3"}}, {"しろう", {}},
+                        {"さぶろう", {"5"}}, {"ﾀ", {"1", "5", "6"}}};
     for (const Row &row : rows) {
         CAPTURE(row.kana);
-        CHECK(session.rows(patients(" AND cNameKana LIKE '%" + std::string(row.kana) + "%'"), {"nIDNo"}) == row.numbers);
+        CHECK(session.rows(patients(" AND cNameKana LIKE '%" + std::string(row.kana) + "%'"), {"nIDNo"}) ==
+              row.numbers);
     }
 }
 
@@ -94,9 +93,10 @@ TEST_CASE_FIXTURE(PracticeSession, "a single quote in the search's name is a fau
 
 TEST_CASE_FIXTURE(PracticeSession, "the search's staff list comes by number")
 {
-    CHECK(session.rows("SELECT nIDNo, cName, cNameRyaku  FROM STAFF  WHERE nIDNo >= 0  AND iKyotenCd = 1 AND iKyotenEb = 1"
-                       " ORDER BY nIDNo ",
-                       {"nIDNo", "cName", "cNameRyaku"}) == Texts{"3|施術三子|三子", "4|施術四郎|NULL", "5|中止五郎|NULL"});
+    CHECK(session.rows(
+              "SELECT nIDNo, cName, cNameRyaku  FROM STAFF  WHERE nIDNo >= 0  AND iKyotenCd = 1 AND iKyotenEb = 1"
+              " ORDER BY nIDNo ",
+              {"nIDNo", "cName", "cNameRyaku"}) == Texts{"3|施術三子|三子", "4|施術四郎|NULL", "5|中止五郎|NULL"});
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the staff search filters inside its sub-select")
@@ -105,8 +105,8 @@ TEST_CASE_FIXTURE(PracticeSession, "the staff search filters inside its sub-sele
     const std::string base = " iKyotenCd = 1 and iKyotenEb = 1";
     CHECK(session.rows(staff(" where" + base), {"nIDNo"}) == Texts{"3", "4", "5"});
     CHECK(session.rows(staff(" where (iChusiFlg = 0 OR iChusiFlg IS NULL) and" + base), {"nIDNo"}) == Texts{"3", "4"});
-    CHECK(session.rows(staff(" where cName LIKE '%四郎%' and cNameKana LIKE '%セジュツ%' and nIDNo = 4 and" + base), fields) ==
-          Texts{"4|施術四郎|ｾｼﾞｭﾂ ｼﾛｳ"});
+    CHECK(session.rows(staff(" where cName LIKE '%四郎%' and cNameKana LIKE '%セジュツ%' and nIDNo = 4 and" + base),
+                       fields) == Texts{"4|施術四郎|ｾｼﾞｭﾂ ｼﾛｳ"});
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the staff search for a consultation keeps the staff in charge of it")

@@ -74,8 +74,8 @@ TEST_CASE("the value of a date column is a date with or without its time")
 
 TEST_CASE("other texts in a date column stay texts")
 {
-    for (const char *text : {"", "2024/05/01", "20240501", "2024-13-01", "2024-05-01 24:00:00", "2024-5-1", "0099-01-01",
-                             "不明", "2024-05-01 x"}) {
+    for (const char *text : {"", "2024/05/01", "20240501", "2024-13-01", "2024-05-01 24:00:00", "2024-5-1",
+                             "0099-01-01", "不明", "2024-05-01 x"}) {
         CAPTURE(text);
         CHECK_FALSE(dateFromColumn(text));
     }

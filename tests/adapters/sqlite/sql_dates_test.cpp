@@ -66,7 +66,8 @@ TEST_CASE("a date column compares by time whichever of its forms the rows hold")
     };
     for (const Row &row : rows) {
         CAPTURE(row.condition);
-        CHECK(session.firstColumn(std::string("SELECT n FROM V WHERE ") + row.condition + " ORDER BY n") == row.numbers);
+        CHECK(session.firstColumn(std::string("SELECT n FROM V WHERE ") + row.condition + " ORDER BY n") ==
+              row.numbers);
     }
 }
 
@@ -82,8 +83,8 @@ TEST_CASE("a comparison with a quoted date leaves the index of the column in use
     const DatabaseFile file("CREATE TABLE V (n INTEGER, t DATETIME); CREATE INDEX V_T ON V (t)");
     SqlSchema schema;
     schema.add("V", "t", "DATETIME");
-    for (const char *condition : {"t >= '2024/05/01'", "t = '2024/05/01'", "t BETWEEN '2024/05/01' AND '2024/05/31'",
-                                  "t IN ('2024/05/01')"}) {
+    for (const char *condition :
+         {"t >= '2024/05/01'", "t = '2024/05/01'", "t BETWEEN '2024/05/01' AND '2024/05/31'", "t IN ('2024/05/01')"}) {
         CAPTURE(condition);
         const Translation translation = translateSql(std::string("SELECT n FROM V WHERE ") + condition, schema);
         CHECK(file.plan(translation.text).find("USING INDEX V_T") != std::string::npos);
@@ -101,7 +102,8 @@ TEST_CASE("what is written to a date column has one form, however it was typed")
     CHECK(session.execute("UPDATE V SET t =  Null") == 1);
     CHECK(file.value("SELECT t FROM V") == "NULL");
     CHECK(session.execute("UPDATE V SET t = GetDate()") == 1);
-    CHECK(file.value("SELECT t GLOB '20[0-9][0-9]-[01][0-9]-[0-3][0-9] [0-2][0-9]:[0-5][0-9]:[0-5][0-9]' FROM V") == "1");
+    CHECK(file.value("SELECT t GLOB '20[0-9][0-9]-[01][0-9]-[0-3][0-9] [0-2][0-9]:[0-5][0-9]:[0-5][0-9]' FROM V") ==
+          "1");
 }
 
 TEST_CASE("a text that is no date fails with the words and the state of a faulty value")

@@ -12,13 +12,20 @@ namespace {
 std::string kindName(TokenKind kind)
 {
     switch (kind) {
-    case TokenKind::word: return "word";
-    case TokenKind::quotedName: return "name";
-    case TokenKind::number: return "number";
-    case TokenKind::binary: return "binary";
-    case TokenKind::text: return "text";
-    case TokenKind::symbol: return "symbol";
-    case TokenKind::invalid: return "invalid";
+    case TokenKind::word:
+        return "word";
+    case TokenKind::quotedName:
+        return "name";
+    case TokenKind::number:
+        return "number";
+    case TokenKind::binary:
+        return "binary";
+    case TokenKind::text:
+        return "text";
+    case TokenKind::symbol:
+        return "symbol";
+    case TokenKind::invalid:
+        return "invalid";
     }
     return "?";
 }
@@ -57,12 +64,14 @@ TEST_CASE("the tokenizer tells words, names, numbers, binary values, texts and s
         {"N'山'", "text:N'山'"},
         {"n'山'", "text:n'山'"},
         {"N '山'", "word:N text:'山'"},
-        {"12 1.5 .5 1. 1e5 1.5E+3 2E-1", "number:12 number:1.5 number:.5 number:1. number:1e5 number:1.5E+3 number:2E-1"},
+        {"12 1.5 .5 1. 1e5 1.5E+3 2E-1",
+         "number:12 number:1.5 number:.5 number:1. number:1e5 number:1.5E+3 number:2E-1"},
         {"1e", "number:1 word:e"},
         {"0x 0xAF 0X1", "binary:0x binary:0xAF binary:0X1"},
         {"0xFFG", "binary:0xFF word:G"},
         {"5AND", "number:5 word:AND"},
-        {"a<=b>=c<>d!=e!<f!>g", "word:a symbol:<= word:b symbol:>= word:c symbol:<> word:d symbol:!= word:e symbol:!< word:f symbol:!> word:g"},
+        {"a<=b>=c<>d!=e!<f!>g",
+         "word:a symbol:<= word:b symbol:>= word:c symbol:<> word:d symbol:!= word:e symbol:!< word:f symbol:!> word:g"},
         {"a||b", "word:a symbol:|| word:b"},
         {"=(*);", "symbol:= symbol:( symbol:* symbol:) symbol:;"},
         {"@name @@ROWCOUNT #temp a#b$c", "word:@name word:@@ROWCOUNT word:#temp word:a#b$c"},

@@ -49,7 +49,8 @@ TEST_CASE("TOP becomes a LIMIT at the end of its own SELECT")
 {
     static constexpr Row kRows[] = {
         {"SELECT TOP 1 nIDNo FROM RIYOUSHA ORDER BY nIDNo", "SELECT nIDNo FROM RIYOUSHA ORDER BY nIDNo LIMIT 1"},
-        {"  select TOP 1      STAFF.nIDNo as nIDNo  FROM      STAFF", "  select      STAFF.nIDNo as nIDNo  FROM      STAFF LIMIT 1"},
+        {"  select TOP 1      STAFF.nIDNo as nIDNo  FROM      STAFF",
+         "  select      STAFF.nIDNo as nIDNo  FROM      STAFF LIMIT 1"},
         {"SELECT TOP (5) nIDNo FROM RIYOUSHA", "SELECT nIDNo FROM RIYOUSHA LIMIT 5"},
         {"SELECT DISTINCT TOP 3 nIDNo FROM RIYOUSHA;", "SELECT DISTINCT nIDNo FROM RIYOUSHA LIMIT 3;"},
         {"SELECT TOP 1 * FROM RIYOUSHA -- one", "SELECT * FROM RIYOUSHA LIMIT 1"},
@@ -71,14 +72,18 @@ TEST_CASE("TOP becomes a LIMIT at the end of its own SELECT")
 TEST_CASE("CONVERT to text gives a date in the form of its style and leaves a text as it stands")
 {
     static constexpr Row kRows[] = {
-        {"SELECT CONVERT(VARCHAR, tExpireDay, 111) FROM RIYOUSHA", "SELECT inin_date_text(tExpireDay, 111) FROM RIYOUSHA"},
-        {"SELECT convert(varchar,tExpireDay,112) FROM RIYOUSHA", "SELECT inin_date_text(tExpireDay, 112) FROM RIYOUSHA"},
+        {"SELECT CONVERT(VARCHAR, tExpireDay, 111) FROM RIYOUSHA",
+         "SELECT inin_date_text(tExpireDay, 111) FROM RIYOUSHA"},
+        {"SELECT convert(varchar,tExpireDay,112) FROM RIYOUSHA",
+         "SELECT inin_date_text(tExpireDay, 112) FROM RIYOUSHA"},
         {"SELECT CONVERT(VARCHAR, cStartDate, 112) FROM 療養費単価", "SELECT (cStartDate) FROM 療養費単価"},
         {"SELECT CONVERT(VARCHAR, nIDNo) FROM STAFF", "SELECT CAST(nIDNo AS TEXT) FROM STAFF"},
-        {"SELECT CONVERT(VARCHAR(7), tExpireDay, 111) FROM RIYOUSHA", "SELECT inin_left(inin_date_text(tExpireDay, 111), 7) FROM RIYOUSHA"},
+        {"SELECT CONVERT(VARCHAR(7), tExpireDay, 111) FROM RIYOUSHA",
+         "SELECT inin_left(inin_date_text(tExpireDay, 111), 7) FROM RIYOUSHA"},
         {"SELECT CONVERT(VARCHAR, GetDate(), 111)", "SELECT inin_date_text(datetime('now','localtime'), 111)"},
         {"SELECT CONVERT(INT, cName) FROM STAFF", "SELECT CONVERT(INT, cName) FROM STAFF"},
-        {"SELECT CONVERT(VARCHAR, tExpireDay, 101) FROM RIYOUSHA", "SELECT CONVERT(VARCHAR, tExpireDay, 101) FROM RIYOUSHA"},
+        {"SELECT CONVERT(VARCHAR, tExpireDay, 101) FROM RIYOUSHA",
+         "SELECT CONVERT(VARCHAR, tExpireDay, 101) FROM RIYOUSHA"},
         {"SELECT 'CONVERT(VARCHAR, tExpireDay, 111)'", "SELECT 'CONVERT(VARCHAR, tExpireDay, 111)'"},
     };
     checkAll(kRows);
@@ -87,7 +92,8 @@ TEST_CASE("CONVERT to text gives a date in the form of its style and leaves a te
 TEST_CASE("LEFT is a function before its bracket and a join elsewhere")
 {
     static constexpr Row kRows[] = {
-        {"SELECT max(nIDNo) FROM STAFF where LEFT(nIDNo,4) = '0102'", "SELECT max(nIDNo) FROM STAFF where inin_left(nIDNo,4) = '0102' COLLATE ININ_JA"},
+        {"SELECT max(nIDNo) FROM STAFF where LEFT(nIDNo,4) = '0102'",
+         "SELECT max(nIDNo) FROM STAFF where inin_left(nIDNo,4) = '0102' COLLATE ININ_JA"},
         {"SELECT LEFT (cName, 1) FROM STAFF", "SELECT inin_left (cName, 1) FROM STAFF"},
         {"SELECT a.nIDNo FROM STAFF a LEFT JOIN (SELECT nIDNo FROM STAFF)b ON a.nIDNo = b.nIDNo",
          "SELECT a.nIDNo FROM STAFF a LEFT JOIN (SELECT nIDNo FROM STAFF)b ON a.nIDNo = b.nIDNo"},
@@ -105,7 +111,8 @@ TEST_CASE("+ joins texts, adds numbers, and goes by its operands")
         {"SELECT nIDNo + 1 FROM STAFF", "SELECT nIDNo + 1 FROM STAFF"},
         {"SELECT nIDNo + '1' FROM STAFF", "SELECT nIDNo + '1' FROM STAFF"},
         {"SELECT 1 + 2 * 3", "SELECT 1 + 2 * 3"},
-        {"SELECT cName FROM STAFF WHERE nIDNo = +1 AND nIDNo > -1", "SELECT cName FROM STAFF WHERE nIDNo = +1 AND nIDNo > -1"},
+        {"SELECT cName FROM STAFF WHERE nIDNo = +1 AND nIDNo > -1",
+         "SELECT cName FROM STAFF WHERE nIDNo = +1 AND nIDNo > -1"},
         {"SELECT count(*) + 1 FROM STAFF", "SELECT count(*) + 1 FROM STAFF"},
         {"SELECT (cName) + (cName) FROM STAFF", "SELECT (cName) || (cName) FROM STAFF"},
     };
@@ -116,7 +123,8 @@ TEST_CASE("0x values become SQLite's, in whole bytes")
 {
     static constexpr Row kRows[] = {
         {"UPDATE MAP set bAddr1 = 0x00", "UPDATE MAP set bAddr1 = x'00'"},
-        {"INSERT INTO MAP (bAddr1)VALUES (       0xFFd8, 0x00,0x)", "INSERT INTO MAP (bAddr1)VALUES (       x'FFd8', x'00',x'')"},
+        {"INSERT INTO MAP (bAddr1)VALUES (       0xFFd8, 0x00,0x)",
+         "INSERT INTO MAP (bAddr1)VALUES (       x'FFd8', x'00',x'')"},
         {"SELECT 0xABC", "SELECT x'0ABC'"},
         {"SELECT '0x00'", "SELECT '0x00'"},
     };
@@ -127,7 +135,8 @@ TEST_CASE("GetDate is the local time in whatever case it is written")
 {
     static constexpr Row kRows[] = {
         {"UPDATE STAFF set x = GetDate()", "UPDATE STAFF set x = datetime('now','localtime')"},
-        {"INSERT INTO STAFF (x) VALUES (     getdate())", "INSERT INTO STAFF (x) VALUES (     datetime('now','localtime'))"},
+        {"INSERT INTO STAFF (x) VALUES (     getdate())",
+         "INSERT INTO STAFF (x) VALUES (     datetime('now','localtime'))"},
         {"SELECT 'GetDate()'", "SELECT 'GetDate()'"},
     };
     checkAll(kRows);
@@ -136,20 +145,34 @@ TEST_CASE("GetDate is the local time in whatever case it is written")
 TEST_CASE("a quoted date against a date column takes the column's form")
 {
     static constexpr Row kRows[] = {
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024/5/1'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024-05-01'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay < '20240501'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay < '2024-05-01'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay > '2024-05-01'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay > '2024-05-01 00:00:00.000'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay <= '2024/05/01 9:30:15'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay <= '2024-05-01 09:30:15.000'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay = '2024/05/01'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024-05-01' AND '2024-05-01 00:00:00.000'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay <> '2024/05/01'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay NOT BETWEEN '2024-05-01' AND '2024-05-01 00:00:00.000'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE '2024/05/01' <= tExpireDay", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024-05-01'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay !< '2024/05/01'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024-05-01'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024/05/01' AND '2024/05/31'", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024-05-01' AND '2024-05-31 00:00:00.000'"},
-        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay NOT IN ('2024/05/01', NULL)", "SELECT 1 FROM RIYOUSHA WHERE tExpireDay NOT IN ('2024-05-01', '2024-05-01 00:00:00', '2024-05-01 00:00:00.000', NULL)"},
-        {"SELECT 1 FROM JISSEKI j1 WHERE j1.tStart >=  '2024/05/01' ", "SELECT 1 FROM JISSEKI j1 WHERE j1.tStart >=  '2024-05-01'"},
-        {"SELECT 1 FROM JISSEKI AS j WHERE J.TSTART >= N'2024/05/01'", "SELECT 1 FROM JISSEKI AS j WHERE J.TSTART >= '2024-05-01'"},
-        {"SELECT 1 FROM [JISSEKI] j WHERE j.[tStart] >= '2024/05/01'", "SELECT 1 FROM [JISSEKI] j WHERE j.[tStart] >= '2024-05-01'"},
-        {"SELECT max(tStart) FROM JISSEKI HAVING max(tStart) < '2024/05/01'", "SELECT max(tStart) FROM JISSEKI HAVING max(tStart) < '2024-05-01'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024/5/1'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024-05-01'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay < '20240501'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay < '2024-05-01'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay > '2024-05-01'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay > '2024-05-01 00:00:00.000'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay <= '2024/05/01 9:30:15'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay <= '2024-05-01 09:30:15.000'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay = '2024/05/01'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024-05-01' AND '2024-05-01 00:00:00.000'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay <> '2024/05/01'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay NOT BETWEEN '2024-05-01' AND '2024-05-01 00:00:00.000'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE '2024/05/01' <= tExpireDay",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024-05-01'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay !< '2024/05/01'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024-05-01'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024/05/01' AND '2024/05/31'",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024-05-01' AND '2024-05-31 00:00:00.000'"},
+        {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay NOT IN ('2024/05/01', NULL)",
+         "SELECT 1 FROM RIYOUSHA WHERE tExpireDay NOT IN ('2024-05-01', '2024-05-01 00:00:00', '2024-05-01 00:00:00.000', NULL)"},
+        {"SELECT 1 FROM JISSEKI j1 WHERE j1.tStart >=  '2024/05/01' ",
+         "SELECT 1 FROM JISSEKI j1 WHERE j1.tStart >=  '2024-05-01'"},
+        {"SELECT 1 FROM JISSEKI AS j WHERE J.TSTART >= N'2024/05/01'",
+         "SELECT 1 FROM JISSEKI AS j WHERE J.TSTART >= '2024-05-01'"},
+        {"SELECT 1 FROM [JISSEKI] j WHERE j.[tStart] >= '2024/05/01'",
+         "SELECT 1 FROM [JISSEKI] j WHERE j.[tStart] >= '2024-05-01'"},
+        {"SELECT max(tStart) FROM JISSEKI HAVING max(tStart) < '2024/05/01'",
+         "SELECT max(tStart) FROM JISSEKI HAVING max(tStart) < '2024-05-01'"},
         {"SELECT 1 FROM JISSEKI j1 WHERE j1.tStart = (select max(tStart) from JISSEKI j2 where j1.nID = j2.nID)",
          "SELECT 1 FROM JISSEKI j1 WHERE j1.tStart = (select max(tStart) from JISSEKI j2 where j1.nID = j2.nID) COLLATE ININ_DATE"},
     };
@@ -163,7 +186,8 @@ TEST_CASE("a quoted date that goes into a date column takes the column's one for
          "UPDATE RIYOUSHA set tExpireDay =  '2024-05-01 00:00:00', cName = '2024/5/1' where tExpireDay BETWEEN '2024-05-01' AND '2024-05-01 00:00:00.000'"},
         {" insert into RIYOUSHA (nIDNo,tExpireDay,cName)values( 1,'2024/5/1 9:30:15','2024/5/1' ) ",
          " insert into RIYOUSHA (nIDNo,tExpireDay,cName)values( 1,'2024-05-01 09:30:15','2024/5/1' )"},
-        {"INSERT INTO JISSEKI VALUES (1, '2024/5/1'), (2, Null)", "INSERT INTO JISSEKI VALUES (1, '2024-05-01 00:00:00'), (2, Null)"},
+        {"INSERT INTO JISSEKI VALUES (1, '2024/5/1'), (2, Null)",
+         "INSERT INTO JISSEKI VALUES (1, '2024-05-01 00:00:00'), (2, Null)"},
         {"INSERT JISSEKI (tStart) SELECT '2024/5/1'", "INSERT JISSEKI (tStart) SELECT '2024/5/1'"},
     };
     checkAll(kRows);
@@ -172,7 +196,8 @@ TEST_CASE("a quoted date that goes into a date column takes the column's one for
 TEST_CASE("a quoted date against a text column or a part of a text stays as it is")
 {
     static constexpr Row kRows[] = {
-        {"SELECT 1 FROM 療養費単価 WHERE cStartDate <= '2024/05/01'", "SELECT 1 FROM 療養費単価 WHERE cStartDate <= '2024/05/01' COLLATE ININ_JA"},
+        {"SELECT 1 FROM 療養費単価 WHERE cStartDate <= '2024/05/01'",
+         "SELECT 1 FROM 療養費単価 WHERE cStartDate <= '2024/05/01' COLLATE ININ_JA"},
         {"SELECT 1 FROM STAFF WHERE cName LIKE '2024/05/01'", "SELECT 1 FROM STAFF WHERE cName LIKE '2024/05/01'"},
         {"SELECT 1 FROM RIYOUSHA WHERE ('2024/05' <= SUBSTRING(CONVERT(VARCHAR, tExpireDay, 111),1,7))",
          "SELECT 1 FROM RIYOUSHA WHERE ('2024/05' <= SUBSTRING(inin_date_text(tExpireDay, 111),1,7) COLLATE ININ_JA)"},
@@ -185,16 +210,25 @@ TEST_CASE("a quoted date against a text column or a part of a text stays as it i
 TEST_CASE("texts compare and sort under the server's collation, numbers and keys plainly")
 {
     static constexpr Row kRows[] = {
-        {"SELECT 1 FROM STAFF WHERE nIDNo != 5 AND cName = '山田' ", "SELECT 1 FROM STAFF WHERE nIDNo != 5 AND cName = '山田' COLLATE ININ_JA"},
-        {"SELECT 1 FROM RIYOUSHA, HOKENJA WHERE HOKENJA.cIDno = RIYOUSHA.cHokenNo ", "SELECT 1 FROM RIYOUSHA, HOKENJA WHERE HOKENJA.cIDno = RIYOUSHA.cHokenNo COLLATE ININ_JA"},
-        {"SELECT 1 FROM STAFF WHERE cName IN ('a','b')", "SELECT 1 FROM STAFF WHERE cName COLLATE ININ_JA IN ('a','b')"},
-        {"SELECT 1 FROM STAFF WHERE cName BETWEEN 'a' AND 'b'", "SELECT 1 FROM STAFF WHERE cName COLLATE ININ_JA BETWEEN 'a' AND 'b'"},
-        {"SELECT 1 FROM STAFF WHERE cName = 'a' + 'b'", "SELECT 1 FROM STAFF WHERE cName = ('a' || 'b') COLLATE ININ_JA"},
-        {"SELECT 1 FROM STAFF ORDER BY cName DESC, nIDNo", "SELECT 1 FROM STAFF ORDER BY cName COLLATE ININ_JA DESC, nIDNo"},
+        {"SELECT 1 FROM STAFF WHERE nIDNo != 5 AND cName = '山田' ",
+         "SELECT 1 FROM STAFF WHERE nIDNo != 5 AND cName = '山田' COLLATE ININ_JA"},
+        {"SELECT 1 FROM RIYOUSHA, HOKENJA WHERE HOKENJA.cIDno = RIYOUSHA.cHokenNo ",
+         "SELECT 1 FROM RIYOUSHA, HOKENJA WHERE HOKENJA.cIDno = RIYOUSHA.cHokenNo COLLATE ININ_JA"},
+        {"SELECT 1 FROM STAFF WHERE cName IN ('a','b')",
+         "SELECT 1 FROM STAFF WHERE cName COLLATE ININ_JA IN ('a','b')"},
+        {"SELECT 1 FROM STAFF WHERE cName BETWEEN 'a' AND 'b'",
+         "SELECT 1 FROM STAFF WHERE cName COLLATE ININ_JA BETWEEN 'a' AND 'b'"},
+        {"SELECT 1 FROM STAFF WHERE cName = 'a' + 'b'",
+         "SELECT 1 FROM STAFF WHERE cName = ('a' || 'b') COLLATE ININ_JA"},
+        {"SELECT 1 FROM STAFF ORDER BY cName DESC, nIDNo",
+         "SELECT 1 FROM STAFF ORDER BY cName COLLATE ININ_JA DESC, nIDNo"},
         {"SELECT 1 FROM STAFF WHERE nIDNo = 5 AND nIDNo >= 0", "SELECT 1 FROM STAFF WHERE nIDNo = 5 AND nIDNo >= 0"},
-        {"SELECT (CASE WHEN nIDNo = 1 THEN cName ELSE '' END) as x FROM STAFF", "SELECT (CASE WHEN nIDNo = 1 THEN cName ELSE '' END) as x FROM STAFF"},
-        {"UPDATE STAFF set cName = 'a' where cName = 'b'", "UPDATE STAFF set cName = 'a' where cName = 'b' COLLATE ININ_JA"},
-        {"SELECT ISNULL(cName, '') FROM STAFF WHERE ISNULL(cName,'') = ''", "SELECT IFNULL(cName, '') FROM STAFF WHERE IFNULL(cName,'') = '' COLLATE ININ_JA"},
+        {"SELECT (CASE WHEN nIDNo = 1 THEN cName ELSE '' END) as x FROM STAFF",
+         "SELECT (CASE WHEN nIDNo = 1 THEN cName ELSE '' END) as x FROM STAFF"},
+        {"UPDATE STAFF set cName = 'a' where cName = 'b'",
+         "UPDATE STAFF set cName = 'a' where cName = 'b' COLLATE ININ_JA"},
+        {"SELECT ISNULL(cName, '') FROM STAFF WHERE ISNULL(cName,'') = ''",
+         "SELECT IFNULL(cName, '') FROM STAFF WHERE IFNULL(cName,'') = '' COLLATE ININ_JA"},
     };
     checkAll(kRows);
 }
@@ -202,7 +236,8 @@ TEST_CASE("texts compare and sort under the server's collation, numbers and keys
 TEST_CASE("a quoted text passes as it stands, whatever it holds")
 {
     static constexpr Row kRows[] = {
-        {"SELECT 'LEFT(a,1) + 0xFF /* x */ -- y [z] \"w\" ''v''; TOP 1'", "SELECT 'LEFT(a,1) + 0xFF /* x */ -- y [z] \"w\" ''v''; TOP 1'"},
+        {"SELECT 'LEFT(a,1) + 0xFF /* x */ -- y [z] \"w\" ''v''; TOP 1'",
+         "SELECT 'LEFT(a,1) + 0xFF /* x */ -- y [z] \"w\" ''v''; TOP 1'"},
         {"SELECT N'山田'", "SELECT '山田'"},
         {"SELECT [a]]b], [c\"d], [e]]f\"g]", "SELECT \"a]b\", [c\"d], \"e]f\"\"g\""},
         {"SELECT x'41'", "SELECT x '41'"},
@@ -224,9 +259,10 @@ TEST_CASE("a quoted text that is no date cannot meet a date column")
 {
     CHECK(translateSql("SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '令和6年5月1日'", schema()).problem ==
           "'令和6年5月1日' is not a date and time");
-    CHECK(translateSql("SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024/13/01' AND '2024/05/01'", schema()).problem ==
-          "'2024/13/01' is not a date and time");
-    CHECK(translateSql("SELECT 1 FROM RIYOUSHA WHERE tExpireDay IN ('x')", schema()).problem == "'x' is not a date and time");
+    CHECK(translateSql("SELECT 1 FROM RIYOUSHA WHERE tExpireDay BETWEEN '2024/13/01' AND '2024/05/01'", schema())
+              .problem == "'2024/13/01' is not a date and time");
+    CHECK(translateSql("SELECT 1 FROM RIYOUSHA WHERE tExpireDay IN ('x')", schema()).problem ==
+          "'x' is not a date and time");
     CHECK(translateSql("UPDATE RIYOUSHA SET tExpireDay = 'x'", schema()).problem == "'x' is not a date and time");
 }
 
@@ -253,12 +289,31 @@ TEST_CASE("one SELECT is told from everything else")
         CAPTURE(sql);
         CHECK(isSingleSelect(sql));
     }
-    for (const char *sql : {"", "  ", "-- x", ";", "DELETE FROM STAFF", "SELECT 1; DELETE FROM STAFF", "SELECT 1; SELECT 2",
-                            "SELECT 1 SELECT 2", "SELECT 1 DELETE FROM STAFF", "SELECT 1 /* */ UPDATE STAFF SET a = 1",
-                            "WITH a AS (SELECT 1 x) INSERT INTO STAFF SELECT x FROM a", "WITH a AS (DELETE FROM STAFF) SELECT 1",
-                            "SELECT * INTO x FROM STAFF", "PRAGMA user_version", "ATTACH 'x' AS y", "EXPLAIN SELECT 1",
-                            "VALUES (1)", "(SELECT 1)", "SELECT (1", "SELECT 1)", "SELECT 'x", "EXEC x", "SELECT 1 EXEC x",
-                            "BEGIN TRAN", "WITH a AS (SELECT 1 x)"}) {
+    for (const char *sql : {"",
+                            "  ",
+                            "-- x",
+                            ";",
+                            "DELETE FROM STAFF",
+                            "SELECT 1; DELETE FROM STAFF",
+                            "SELECT 1; SELECT 2",
+                            "SELECT 1 SELECT 2",
+                            "SELECT 1 DELETE FROM STAFF",
+                            "SELECT 1 /* */ UPDATE STAFF SET a = 1",
+                            "WITH a AS (SELECT 1 x) INSERT INTO STAFF SELECT x FROM a",
+                            "WITH a AS (DELETE FROM STAFF) SELECT 1",
+                            "SELECT * INTO x FROM STAFF",
+                            "PRAGMA user_version",
+                            "ATTACH 'x' AS y",
+                            "EXPLAIN SELECT 1",
+                            "VALUES (1)",
+                            "(SELECT 1)",
+                            "SELECT (1",
+                            "SELECT 1)",
+                            "SELECT 'x",
+                            "EXEC x",
+                            "SELECT 1 EXEC x",
+                            "BEGIN TRAN",
+                            "WITH a AS (SELECT 1 x)"}) {
         CAPTURE(sql);
         CHECK_FALSE(isSingleSelect(sql));
     }
