@@ -10,10 +10,11 @@ using namespace inin;
 // Without an index that suits the collation SQLite makes one for the time of the statement, from the inner table's rows.
 TEST_CASE("a join finds equal texts of different length, whichever table comes first")
 {
-    const DatabaseFile file("CREATE TABLE INSURER (cNo TEXT PRIMARY KEY, cName TEXT);"
-                            "INSERT INTO INSURER VALUES ('01130012', 'a'), ('AB', 'b'), ('ヤマダ', 'c'), ('06', 'd');"
-                            "CREATE TABLE PATIENT (nID INTEGER PRIMARY KEY, cNo TEXT);"
-                            "INSERT INTO PATIENT VALUES (1, '０１１３００１２ '), (2, 'ａｂ  '), (3, 'ﾔﾏﾀﾞ'), (4, '6')");
+    const DatabaseFile file(
+        "CREATE TABLE INSURER (cNo TEXT PRIMARY KEY, cName TEXT);"
+        "INSERT INTO INSURER VALUES ('01130012', 'a'), ('AB', 'b'), ('ヤマダ', 'c'), ('06', 'd');"
+        "CREATE TABLE PATIENT (nID INTEGER PRIMARY KEY, cNo TEXT);"
+        "INSERT INTO PATIENT VALUES (1, '０１１３００１２ '), (2, 'ａｂ  '), (3, 'ﾔﾏﾀﾞ'), (4, '6')");
     Session session(file);
     const std::vector<std::string> expected{"1|a", "2|b", "3|c"};
     CHECK(session.rows("SELECT nID, cName FROM INSURER, PATIENT WHERE INSURER.cNo = PATIENT.cNo ORDER BY nID",
