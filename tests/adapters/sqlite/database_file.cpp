@@ -165,6 +165,11 @@ try {
     return {error.number(), error.description()};
 }
 
+std::unique_ptr<Database> makeSqliteDatabaseAt(const std::string &file)
+{
+    return makeSqliteDatabase([file](const std::string &) { return file; });
+}
+
 std::unique_ptr<Database> plainDatabase()
 {
     return makeSqliteDatabase([](const std::string &path) { return path; });

@@ -76,6 +76,9 @@ struct Raised {
 };
 [[nodiscard]] Raised raisedBy(const std::function<void()> &operation);
 
+/// The adapter with every path taken for that of one file.
+[[nodiscard]] std::unique_ptr<Database> makeSqliteDatabaseAt(const std::string &file);
+
 /// The adapter with paths taken as they are.
 [[nodiscard]] std::unique_ptr<Database> plainDatabase();
 
