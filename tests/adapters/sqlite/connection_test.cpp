@@ -99,19 +99,18 @@ TEST_CASE("a failure leaves one entry in the session's list, the next one takes 
     const DatabaseFile file(kTable);
     Session session(file);
     struct Row {
-        std::string_view sql;
+        std::string_view sql, description, state;
         std::int32_t number;
-        std::string_view description, state;
-        std::int32_t native;
     };
+    constexpr std::int32_t kNative = 1; // SQLite's one code for every fault of a statement
     static constexpr Row kRows[] = {
-        {"SELECT * FROM MISSING", ado_error::noSuchTable, "no such table: MISSING", "42S02", 1},
-        {"SELECT missing FROM T", ado_error::faultyStatement, "no such column: missing", "42S22", 1},
-        {"SELECT T.missing FROM T", ado_error::faultyStatement, "no such column: T.missing", "42S22", 1},
-        {"SELECT \"missing\" FROM T", ado_error::faultyStatement, "no such column: missing", "42S22", 1},
-        {"SELECT FROM T", ado_error::faultyStatement, "near \"FROM\": syntax error", "42000", 1},
-        {"SELECT inexistent(1)", ado_error::faultyStatement, "no such function: inexistent", "42000", 1},
-        {"SELECT 'a", ado_error::faultyStatement, "the quoted text or name has no end", "42000", 1},
+        {"SELECT * FROM MISSING", "no such table: MISSING", "42S02", ado_error::noSuchTable},
+        {"SELECT missing FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
+        {"SELECT T.missing FROM T", "no such column: T.missing", "42S22", ado_error::faultyStatement},
+        {"SELECT \"missing\" FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
+        {"SELECT FROM T", "near \"FROM\": syntax error", "42000", ado_error::faultyStatement},
+        {"SELECT inexistent(1)", "no such function: inexistent", "42000", ado_error::faultyStatement},
+        {"SELECT 'a", "the quoted text or name has no end", "42000", ado_error::faultyStatement},
     };
     for (const Row &row : kRows) {
         CAPTURE(row.sql);
@@ -124,7 +123,7 @@ TEST_CASE("a failure leaves one entry in the session's list, the next one takes 
         CHECK(error.Description == row.description);
         CHECK(error.Source == "SQLite");
         CHECK(error.SQLState == row.state);
-        CHECK(error.NativeError == row.native);
+        CHECK(error.NativeError == kNative);
     }
 }
 

@@ -1,9 +1,12 @@
 #include "adapters/sqlite/japanese_text.h"
 
+#include "adapters/sqlite/database_file.h"
+
 #include <doctest/doctest.h>
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 using namespace inin;
 
@@ -95,4 +98,34 @@ TEST_CASE("a pattern and a text of broken UTF-8 do no harm")
 {
     CHECK(LikePattern("%\xFF%").matches("a\xFE"));
     CHECK_FALSE(LikePattern("\xE5\xB1").matches("山"));
+}
+
+TEST_CASE("a statement's LIKE finds texts as the pattern does, and never a NULL")
+{
+    const DatabaseFile file(
+        "CREATE TABLE T (nID INTEGER, cName TEXT);"
+        "INSERT INTO T VALUES (1, 'やまだ'), (2, 'ヤマダ'), (3, 'ﾔﾏﾀﾞ'), (4, 'やまた'), (5, NULL), (6, '50%'),"
+        "(7, '５０円'), (8, 'a[b')");
+    Session session(file);
+    struct Found {
+        const char *condition;
+        std::vector<std::string> numbers;
+    };
+    const Found kFound[] = {{"LIKE '%ﾔﾏﾀﾞ%'", {"1", "2", "3"}},
+                            {"LIKE 'やまた'", {"4"}},
+                            {"NOT LIKE 'やま%'", {"6", "7", "8"}},
+                            {"LIKE '50%'", {"6", "7"}},
+                            {"LIKE '50[%]'", {"6"}},
+                            {"LIKE '50!%' ESCAPE '!'", {"6"}},
+                            {"LIKE '[0-9]_円'", {"7"}},
+                            {"LIKE '%[[]%'", {"8"}},
+                            {"LIKE '___'", {"1", "2", "3", "4", "6", "7", "8"}},
+                            {"LIKE NULL", {}}};
+    for (const Found &found : kFound) {
+        CAPTURE(std::string(found.condition));
+        CHECK(session.firstColumn(std::string("SELECT nID FROM T WHERE cName ") + found.condition + " ORDER BY nID") ==
+              found.numbers);
+    }
+    CHECK(raisedBy([&] { (void)session.open("SELECT nID FROM T WHERE cName LIKE 'a' ESCAPE '!!'"); }).number ==
+          ado_error::faultyStatement);
 }

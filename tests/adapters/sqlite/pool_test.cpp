@@ -95,6 +95,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "each connection is lent once, and the la
 TEST_CASE_FIXTURE(PoolOnAStoppedClock, "of a burst of connections four stay")
 {
     std::vector<std::unique_ptr<SqliteHandle>> burst;
+    burst.reserve(6);
     for (int i = 0; i < 6; ++i) burst.push_back(open());
     for (auto &handle : burst) pool.giveBack("a", std::move(handle));
     CHECK(pool.idleCount() == 4);

@@ -233,6 +233,20 @@ TEST_CASE("texts compare and sort under the server's collation, numbers and keys
     checkAll(kRows);
 }
 
+TEST_CASE("LIKE stays LIKE, whose function here knows the collation, and its pattern stays as typed")
+{
+    static constexpr Row kRows[] = {
+        {"SELECT 1 FROM STAFF WHERE cName LIKE '%ﾔﾏﾀﾞ%' AND nIDNo LIKE '1_'",
+         "SELECT 1 FROM STAFF WHERE cName LIKE '%ﾔﾏﾀﾞ%' AND nIDNo LIKE '1_'"},
+        {"SELECT 1 FROM STAFF WHERE cName not like N'[0-9]%'", "SELECT 1 FROM STAFF WHERE cName not like '[0-9]%'"},
+        {"SELECT 1 FROM STAFF WHERE cName LIKE '%!%%' ESCAPE '!'",
+         "SELECT 1 FROM STAFF WHERE cName LIKE '%!%%' ESCAPE '!'"},
+        {"SELECT 1 FROM STAFF WHERE cName LIKE '%' + '山' + '%'",
+         "SELECT 1 FROM STAFF WHERE cName LIKE '%' || '山' || '%'"},
+    };
+    checkAll(kRows);
+}
+
 TEST_CASE("a quoted text passes as it stands, whatever it holds")
 {
     static constexpr Row kRows[] = {
