@@ -19,6 +19,10 @@ struct App {
     /// Branch code and sub-code of this installation, from the setting "BASEID".
     std::int16_t iKyotenCd = 0;
     std::int16_t iKyotenEb = 0;
+    /// Other than 0 where staff numbers are unique over all branches; nothing in this program sets it.
+    std::int32_t iKyotenIdMode = 0;
+    /// "1" where a company's map goes to the database with the company; nothing in this program sets it.
+    std::string cChizuFlg;
 };
 
 } // namespace inin
