@@ -33,6 +33,7 @@ void frmPrintInin::wireEvents()
     imD_Out.onChange = [this] { showPeriodMonth(imD_Out); };
     imD_LastDay.onChange = [this] { showPeriodMonth(imD_LastDay); };
     cbSejyutsu.onClick = [this] { cbSejyutsu_Click(); };
+    chkChushi.onClick = [this] { chkChushi_Click(); };
     btnPrint.onClick = [this](std::int16_t Index) { btnPrint_Click(Index); };
     mnF01.onClick = [this] { mnF01_Click(); };
     mnF02.onClick = [this] { mnF02_Click(); };

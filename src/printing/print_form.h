@@ -20,11 +20,9 @@ struct LetterDates;
 struct StartedSession;
 struct TargetDate;
 
-/// Steps of the screen's load and run that are plugged in from outside the form; one that is not there is left out.
+/// Steps of the screen's load that are plugged in from outside the form; one that is not there is left out.
 struct ScreenSteps {
     std::function<void()> loadInitCorp;
-    std::function<std::int16_t()> setStuff;         ///< 0 or -1 with the words in csErrMsg
-    std::function<std::int16_t()> nGetFutanKingaku; ///< 0 or -1
 };
 
 /// The only working window: gathers the conditions of a print run, runs it and keeps its rows.
@@ -61,6 +59,7 @@ public:
     void optDspPeriod_Click(std::int16_t Index);
     void optSyomei_Click(std::int16_t Index);
     void cbSejyutsu_Click();
+    void chkChushi_Click();
 
     // Events of the commands.
     void mnF01_Click();
@@ -68,6 +67,11 @@ public:
     void mnF12_Click();
     void btnPrint_Click(std::int16_t Index);
 
+    /// Fills the staff list of this branch from the screen's session; with chkChushi ticked, those who have stopped too.
+    /// 0, or -1 with the words in csErrMsg.
+    [[nodiscard]] std::int16_t setStuff();
+    /// Fills the list of insurance kinds on a session of its own. 0 or -1; only a failed connection shows a box.
+    [[nodiscard]] std::int16_t nGetFutanKingaku();
     /// Marks the options as "印刷設定.ini" says and fires their clicks: 1 read, 0 not.
     std::int32_t iLoadPrintSetting();
     /// Writes the kinds and the marks to "印刷設定.ini".
