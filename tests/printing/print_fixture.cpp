@@ -61,8 +61,78 @@ FakeResult visits(const std::string &column, const std::vector<Variant> &values)
     return result;
 }
 
+FakeResult staffMembers(const std::vector<std::pair<Variant, Variant>> &numbersAndNames)
+{
+    FakeResult result;
+    result.columns = {"nIDNo",
+                      "cName",
+                      "cAdress1",
+                      "cAdress2",
+                      "cFaxNo",
+                      "cKaiNo",
+                      "cKaiNo2",
+                      "cKaiNo3",
+                      "cMobNo",
+                      "cNameKana",
+                      "cTelNo",
+                      "cYubinNo",
+                      "iChusiFlg",
+                      "iSexKubun",
+                      "cEmail",
+                      "iTecAbi",
+                      "iSpeechAbi",
+                      "cPhysical",
+                      "iClaimRate",
+                      "cSikaku",
+                      "cTourokuNo",
+                      "cTourokuNo2",
+                      "cSmileCd",
+                      "tBirthday",
+                      "tNyusyaDay",
+                      "tKisanDay",
+                      "iVehicleType",
+                      "cVehicleNumber",
+                      "cVehicleComment",
+                      "cEmployeeNumber",
+                      "iLookAllRiyousya",
+                      "iWebLicense",
+                      "iLookCharge",
+                      "iStaffHokenTouroku",
+                      "cShikaiNo",
+                      "cShikaiNo_Josei",
+                      "iContractType",
+                      "nLat",
+                      "nLon",
+                      "cIninTourokuNo",
+                      "iIninTourokuChk",
+                      "iKanriSekininFlg"};
+    for (const auto &[number, name] : numbersAndNames) {
+        std::vector<Variant> &row = result.rows.emplace_back(result.columns.size(), Null{});
+        row[0] = number;
+        row[1] = name;
+    }
+    return result;
+}
+
+FakeResult insuranceKinds(const std::vector<std::pair<Variant, Variant>> &kindsAndLabels)
+{
+    FakeResult result;
+    result.columns = {"cName", "cRyaku", "cType", "iType"};
+    for (const auto &[kind, label] : kindsAndLabels) result.rows.push_back({Null{}, Null{}, label, kind});
+    return result;
+}
+
+void PrintFixture::answerTo(const char *statement, FakeResult result)
+{
+    auto &answers = world.database.resultsByText;
+    std::erase_if(answers, [&](const auto &answer) { return answer.first == statement; });
+    answers.emplace_back(statement, std::move(result));
+}
+
 PrintFixture::PrintFixture()
 {
+    answerTo(kStaffSql, staffMembers({{std::int32_t{11}, "佐藤 花子"}, {std::int32_t{12}, "鈴木 次郎"}}));
+    answerTo(kInsuranceSql, insuranceKinds({{std::int32_t{1}, "国保"}, {std::int32_t{2}, "後期"}}));
     form.csTargetDate = "2024/05/1";
     form.iTgtDateKind = 1;
     form.iObjectKind = 1;

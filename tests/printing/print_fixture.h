@@ -17,8 +17,18 @@ using Changes = std::vector<std::pair<std::string, Variant>>;
 /// A day helper's answer: the patient's visits, the last one first.
 [[nodiscard]] FakeResult visits(const std::string &column, const std::vector<Variant> &values);
 
+/// The staff list's answer: number and name of each, all other columns NULL.
+[[nodiscard]] FakeResult staffMembers(const std::vector<std::pair<Variant, Variant>> &numbersAndNames);
+/// The insurance list's answer: kind and label of each.
+[[nodiscard]] FakeResult insuranceKinds(const std::vector<std::pair<Variant, Variant>> &kindsAndLabels);
+
+/// Which statement is which, by a part that no other has.
+inline constexpr const char *kStaffSql = "STAFF.cAdress1 as cAdress1";
+inline constexpr const char *kInsuranceSql = "HOKEN.cType as cType";
+
 /// The conditions screen in a fake world. The condition fields say: target month May 2024, head office, whole month,
-/// automatic signature date, no filter.
+/// automatic signature date, no filter. The branch
+/// has two staff members and two insurance kinds, and no head office.
 struct PrintFixture {
     PrintFixture();
     FakeWorld world;
@@ -26,6 +36,8 @@ struct PrintFixture {
 
     /// Marks the screen for planned data of May 2024, so that a run fills the condition fields alike.
     void markScreen();
+    /// Each statement with this part gets this answer.
+    void answerTo(const char *statement, FakeResult result);
     /// The next statement gets this answer.
     void answer(FakeResult result) { world.database.results.push_back(std::move(result)); }
     /// The first statement of the run that was asked, without the log's own words.
