@@ -2,6 +2,7 @@
 
 #include "printing/print_form.h"
 #include "support/fake_platform.h"
+#include "support/list_answers.h"
 
 #include <string>
 #include <utility>
@@ -16,15 +17,6 @@ using Changes = std::vector<std::pair<std::string, Variant>>;
 [[nodiscard]] FakeResult patients(const std::vector<Changes> &changes);
 /// A day helper's answer: the patient's visits, the last one first.
 [[nodiscard]] FakeResult visits(const std::string &column, const std::vector<Variant> &values);
-
-/// The staff list's answer: number and name of each, all other columns NULL.
-[[nodiscard]] FakeResult staffMembers(const std::vector<std::pair<Variant, Variant>> &numbersAndNames);
-/// The insurance list's answer: kind and label of each.
-[[nodiscard]] FakeResult insuranceKinds(const std::vector<std::pair<Variant, Variant>> &kindsAndLabels);
-
-/// Which statement is which, by a part that no other has.
-inline constexpr const char *kStaffSql = "STAFF.cAdress1 as cAdress1";
-inline constexpr const char *kInsuranceSql = "HOKEN.cType as cType";
 
 /// The conditions screen in a fake world. The condition fields say: target month May 2024, head office, whole month,
 /// automatic signature date, no filter. The branch
