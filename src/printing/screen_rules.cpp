@@ -11,7 +11,6 @@ namespace inin {
 namespace {
 
 using Screen = PrintControls;
-using Form = frmPrintInin;
 
 /// As many controls as the longest step has; the rest stays null.
 using Controls = std::array<ControlPick, 7>;
@@ -43,6 +42,9 @@ constexpr Step showMonth(DateBox Screen::*date)
     return {Does::showMonth, {}, nullptr, 0, date};
 }
 
+/// As many steps as the longest rule has, in their order.
+using Steps = std::array<Step, 5>;
+
 constexpr Controls kTrustAndPeriod = {pickOption<&Screen::optTrust, 0>,     pickOption<&Screen::optTrust, 1>,
                                       pickOption<&Screen::optDspPeriod, 0>, pickOption<&Screen::optDspPeriod, 1>,
                                       pick<&Screen::imSetDateFrom>,         pick<&Screen::imSetDateTo>};
@@ -58,13 +60,21 @@ constexpr Controls kTargetData = {pick<&Screen::frmObject>};
 constexpr Controls kPeriod = {pick<&Screen::imSetDateFrom>, pick<&Screen::imSetDateTo>};
 constexpr Controls kSignature = {pick<&Screen::imSyomei>};
 
-/// What a click on an option does: a kind field first, then the steps from left to right.
+constexpr Steps kTakeConditions = {disable(kTrustAndPeriod), mark(&Screen::optObject, 2), disable(kPlannedAndActual),
+                                   disable(kPeople), disable(kTargetAndInsurance)};
+constexpr Steps kGiveConditions = {enable(kTrustAndPeriod), enable(kPlannedAndActual), enable(kPeople),
+                                   enable(kTargetAndInsurance)};
+constexpr Steps kByMonth = {enable(kMonth), disable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_Out)};
+constexpr Steps kByLastDay = {disable(kMonth), enable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_LastDay)};
+constexpr Steps kWithoutPeriod = {disable(kMonth), disable(kLastDay), disable(kTargetData)};
+
+/// What a click on an option does: a kind field first, then the steps.
 struct ClickRule {
     OptionGroup Screen::*group;
     std::int16_t Index;
-    std::int16_t Form::*kind; ///< null: the group keeps no field
-    std::int16_t value;
-    std::array<Step, 5> steps;
+    Steps steps;
+    std::int16_t frmPrintInin::*kind = nullptr; ///< null: the group keeps no field
+    std::int16_t value = 0;
 };
 
 constexpr std::int16_t kAnyOther = -1;
@@ -74,45 +84,19 @@ constexpr std::int16_t kAnyOther = -1;
 /// The report lines are blind on purpose. They ask no other group, so a return from the Aichi format leaves every
 /// control enabled until the next click of its own group.
 constexpr ClickRule kClickRules[] = {
-    {&Screen::optPrint,
-     1,
-     nullptr,
-     0,
-     {disable(kTrustAndPeriod), mark(&Screen::optObject, 2), disable(kPlannedAndActual), disable(kPeople),
-      disable(kTargetAndInsurance)}},
-    {&Screen::optPrint,
-     kAnyOther,
-     nullptr,
-     0,
-     {enable(kTrustAndPeriod), enable(kPlannedAndActual), enable(kPeople), enable(kTargetAndInsurance)}},
-
-    {&Screen::optObject, 0, &Form::iObjectKind, 1, {}},
-    {&Screen::optObject, kAnyOther, &Form::iObjectKind, 2, {}},
-
-    {&Screen::optTgtDate,
-     0,
-     &Form::iTgtDateKind,
-     1,
-     {enable(kMonth), disable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_Out)}},
-    {&Screen::optTgtDate,
-     1,
-     &Form::iTgtDateKind,
-     2,
-     {disable(kMonth), enable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_LastDay)}},
-    {&Screen::optTgtDate,
-     kAnyOther,
-     &Form::iTgtDateKind,
-     3,
-     {disable(kMonth), disable(kLastDay), disable(kTargetData)}},
-
-    {&Screen::optTrust, 0, &Form::iTrustKind, 1, {}},
-    {&Screen::optTrust, kAnyOther, &Form::iTrustKind, 2, {}},
-
-    {&Screen::optDspPeriod, 0, &Form::iDspPeriodKind, 1, {disable(kPeriod)}},
-    {&Screen::optDspPeriod, kAnyOther, &Form::iDspPeriodKind, 2, {enable(kPeriod)}},
-
-    {&Screen::optSyomei, 0, nullptr, 0, {disable(kSignature)}},
-    {&Screen::optSyomei, 1, nullptr, 0, {enable(kSignature)}},
+    {&Screen::optPrint, 1, kTakeConditions},
+    {&Screen::optPrint, kAnyOther, kGiveConditions},
+    {&Screen::optObject, 0, {}, &frmPrintInin::iObjectKind, 1},
+    {&Screen::optObject, kAnyOther, {}, &frmPrintInin::iObjectKind, 2},
+    {&Screen::optTgtDate, 0, kByMonth, &frmPrintInin::iTgtDateKind, 1},
+    {&Screen::optTgtDate, 1, kByLastDay, &frmPrintInin::iTgtDateKind, 2},
+    {&Screen::optTgtDate, kAnyOther, kWithoutPeriod, &frmPrintInin::iTgtDateKind, 3},
+    {&Screen::optTrust, 0, {}, &frmPrintInin::iTrustKind, 1},
+    {&Screen::optTrust, kAnyOther, {}, &frmPrintInin::iTrustKind, 2},
+    {&Screen::optDspPeriod, 0, {disable(kPeriod)}, &frmPrintInin::iDspPeriodKind, 1},
+    {&Screen::optDspPeriod, kAnyOther, {enable(kPeriod)}, &frmPrintInin::iDspPeriodKind, 2},
+    {&Screen::optSyomei, 0, {disable(kSignature)}},
+    {&Screen::optSyomei, 1, {enable(kSignature)}},
 };
 
 const ClickRule *ruleOf(OptionGroup Screen::*group, std::int16_t Index)
