@@ -79,10 +79,10 @@ struct ClickRule {
 
 constexpr std::int16_t kAnyOther = -1;
 
-/// All click rules of the option groups: event, index, value and kind field, steps. The first line that fits an index counts; an index without a line does
-/// nothing. "Actual data" and "none" give the same kind here: a run looks at the options themselves.
-/// The report lines are blind on purpose. They ask no other group, so a return from the Aichi format leaves every
-/// control enabled until the next click of its own group.
+/// All click rules of the option groups: event, index, value and kind field, steps. The first line that fits an index
+/// counts; an index without a line does nothing. "Actual data" and "none" give the same kind here: a run looks at the
+/// options themselves. The report lines are blind on purpose. They ask no other group, so a return from the Aichi
+/// format leaves every control enabled until the next click of its own group.
 constexpr ClickRule kClickRules[] = {
     {&Screen::optPrint, 1, 0, nullptr, kTakeConditions},
     {&Screen::optPrint, kAnyOther, 0, nullptr, kGiveConditions},
