@@ -5,7 +5,7 @@
 namespace inin {
 
 namespace {
-constexpr std::size_t kPieceSize = 64 * 1024;
+constexpr std::size_t kPieceSize = 65536;
 } // namespace
 
 TextOutput::TextOutput(const Platform &platform, const std::string &path)

@@ -1,12 +1,10 @@
 #include "printing/extraction.h"
 
-#include "common/helpers.h"
 #include "data/connection_settings.h"
 #include "printing/letter_reader.h"
 #include "printing/print_form.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
-#include "runtime/text.h"
 #include "shell/error_box.h"
 
 namespace inin {

@@ -1,7 +1,9 @@
 // The road from database to CSV for a month's letters, as a whole process, beside the sqlite3 command writing the same
 // statement's result as CSV.
 
+#include "adapters/sqlite/sql_schema.h"
 #include "adapters/sqlite/sql_translator.h"
+#include "app/inin_site/schema.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
 #include "printing/extraction.h"
@@ -30,6 +32,14 @@ int runOnce(const std::string &folder)
     return 0;
 }
 
+/// The sqlite3 command lacks the adapter's own collation; insurers' numbers are digits, so it compares them alike.
+std::string withoutCollation(std::string sql)
+{
+    constexpr std::string_view clause = " COLLATE ININ_JA";
+    for (std::size_t at = sql.find(clause); at != sql.npos; at = sql.find(clause)) sql.erase(at, clause.size());
+    return sql;
+}
+
 std::string statement()
 {
     const Regional regional;
@@ -39,7 +49,11 @@ std::string statement()
     query.iKyotenEb = 1;
     query.iTrustKind = 1;
     query.bounds = kKanjaDataMonth.bounds(target, regional);
-    return translateSql(extractionSql(kKanjaDataMonth, query));
+    SqlSchema schema;
+    for (const site::TableColumns &table : site::schemaTables()) {
+        for (const site::SchemaColumn &column : table.columns) schema.add(table.name, column.name, column.type);
+    }
+    return withoutCollation(translateSql(extractionSql(kKanjaDataMonth, query), schema).text);
 }
 
 Spent timed(const std::vector<std::string> &arguments, const std::string &output)

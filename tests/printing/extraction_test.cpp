@@ -251,11 +251,11 @@ TEST_CASE_FIXTURE(PrintFixture, "a bound beyond the calendar's last year is a ru
     CHECK(onlyBox() == centralBox("5", "プロシージャの呼び出し、または引数が不正です。", "iGetKanjaDataMonth_Jisseki"));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the row behind number 32,768 overflows the row index with all rows kept")
+TEST_CASE_FIXTURE(PrintFixture, "row number 32,768 is kept and overflows the row index")
 {
     FakeResult many;
     many.columns = patients({{}}).columns;
-    many.rows.assign(32769, patients({{}}).rows.front());
+    many.rows.assign(32768, patients({{}}).rows.front());
     answer(std::move(many));
     form.iRowCount = 3;
 

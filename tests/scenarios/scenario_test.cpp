@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
 
 using namespace inin;
 
@@ -20,6 +23,16 @@ std::vector<std::string> playFiles()
 }
 
 } // namespace
+
+TEST_CASE("each play has a claim of its own, or one of two would not be played")
+{
+    std::map<std::string, std::string> files;
+    for (const std::string &file : playFiles()) {
+        const std::string claim = readPlay(file).claim;
+        CHECK_MESSAGE(files.emplace(claim, file).second, file, " says what ", files[claim], " says: ", claim);
+    }
+    CHECK_FALSE(files.empty());
+}
 
 TEST_CASE("the screen without a window plays every scenario")
 {

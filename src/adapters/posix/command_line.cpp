@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include <sys/stat.h>
 #include <unistd.h>

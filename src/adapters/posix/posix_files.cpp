@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <climits>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,7 +17,7 @@ namespace inin {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = 65536;
 
 struct ErrorRule {
     int systemError;
@@ -188,12 +189,12 @@ public:
 
     std::string currentFolder() override
     {
-        std::string folder(PATH_MAX, '\0');
+        std::vector<char> folder(PATH_MAX);
         while (!getcwd(folder.data(), folder.size())) {
             if (errno != ERANGE) throw RuntimeError(error_number::pathNotFound);
             folder.resize(folder.size() * 2);
         }
-        return folder.c_str();
+        return folder.data();
     }
 
 private:

@@ -44,7 +44,7 @@ std::string foundName(const std::string &folder, const std::string &name)
 
 std::string posixPath(const std::string &path)
 {
-    const std::string asGiven = withSlashes(path);
+    std::string asGiven = withSlashes(path);
     if (asGiven.empty() || exists(asGiven)) return asGiven;
     std::string found;
     for (std::size_t at = 0; at < asGiven.size();) {

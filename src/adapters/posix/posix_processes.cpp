@@ -38,6 +38,7 @@ bool spawn(const std::string &program, std::vector<std::string> arguments)
 {
     arguments.insert(arguments.begin(), program);
     std::vector<char *> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (std::string &argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
 

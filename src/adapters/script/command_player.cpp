@@ -10,7 +10,7 @@ namespace {
 /// Does nothing but refuse every kind of control; an act overrides the kinds that it knows.
 class Act : public ControlVisitor {
 public:
-    explicit Act(const Command &command) : m_command(command) {}
+    explicit Act(const ScriptCommand &command) : m_command(command) {}
     [[nodiscard]] PlayResult on(Control &control)
     {
         control.accept(*this);
@@ -30,7 +30,7 @@ public:
     void visit(ImageBox &control) override { wrongKind(control); }
 
 protected:
-    [[nodiscard]] const Command &command() const { return m_command; }
+    [[nodiscard]] const ScriptCommand &command() const { return m_command; }
     void refuse() { m_result = PlayResult::refused; }
     [[noreturn]] void fail(const std::string &why) const { throw BadCommand(m_command.line, why); }
 
@@ -40,7 +40,7 @@ private:
         fail("\"" + control.name() + "\" does not take this command");
     }
 
-    const Command &m_command;
+    const ScriptCommand &m_command;
     PlayResult m_result = PlayResult::done;
 };
 
@@ -62,7 +62,7 @@ private:
 
 class Set : public Act {
 public:
-    Set(const Command &command, const Regional &regional) : Act(command), m_regional(regional) {}
+    Set(const ScriptCommand &command, const Regional &regional) : Act(command), m_regional(regional) {}
     using Act::visit;
     void visit(DateBox &box) override { box.Value = to().is_null() ? Variant(Null{}) : Variant(date()); }
     void visit(NumberBox &box) override
@@ -121,7 +121,7 @@ public:
 
 } // namespace
 
-PlayResult playOnControl(Form &form, Control &control, const Command &command, const Regional &regional)
+PlayResult playOnControl(Form &form, Control &control, const ScriptCommand &command, const Regional &regional)
 {
     if (!command.force && !control.isReachable()) return PlayResult::refused;
     switch (command.kind) {

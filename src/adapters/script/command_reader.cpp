@@ -12,15 +12,15 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// A verb is the key that names the command; the other keys that may stand beside it.
 struct Verb {
     const char *key;
-    CommandKind kind;
     const char *companion; ///< nullptr for none
-    bool companionDue;
+    CommandKind kind;
+    bool companionDue = false;
 };
 constexpr Verb kVerbs[] = {
-    {"click", CommandKind::click, nullptr, false}, {"set", CommandKind::set, "to", true},
-    {"choose", CommandKind::choose, "to", true},   {"key", CommandKind::key, "code", true},
-    {"row", CommandKind::row, "double", false},    {"close", CommandKind::close, nullptr, false},
-    {"state", CommandKind::state, nullptr, false},
+    {"click", nullptr, CommandKind::click},      {"set", "to", CommandKind::set, true},
+    {"choose", "to", CommandKind::choose, true}, {"key", "code", CommandKind::key, true},
+    {"row", "double", CommandKind::row},         {"close", nullptr, CommandKind::close},
+    {"state", nullptr, CommandKind::state},
 };
 constexpr const char *kForce = "force";
 
@@ -29,11 +29,11 @@ class LineReader {
 public:
     LineReader(std::size_t line, const Json &object) : m_line(line), m_object(object) {}
 
-    [[nodiscard]] Command read() const
+    [[nodiscard]] ScriptCommand read() const
     {
         const Verb &verb = findVerb();
         checkKeys(verb);
-        Command command;
+        ScriptCommand command;
         command.kind = verb.kind;
         command.line = m_line;
         if (m_object.contains(kForce)) command.force = mark(kForce);
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    void fill(Command &command, const Verb &verb) const
+    void fill(ScriptCommand &command, const Verb &verb) const
     {
         switch (verb.kind) {
         case CommandKind::click:
@@ -131,7 +131,7 @@ try {
 
 } // namespace
 
-std::optional<Command> CommandReader::next()
+std::optional<ScriptCommand> CommandReader::next()
 {
     std::string text;
     while (std::getline(m_in, text)) {

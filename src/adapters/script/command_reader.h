@@ -25,7 +25,7 @@ private:
 enum class CommandKind { click, set, choose, key, row, close, state };
 
 /// One line of a script.
-struct Command {
+struct ScriptCommand {
     CommandKind kind = CommandKind::state;
     std::size_t line = 0;     ///< 1 is the first
     std::string control;      ///< click, set, choose, key; empty for the window
@@ -51,7 +51,7 @@ class CommandReader {
 public:
     explicit CommandReader(std::istream &in) : m_in(in) {}
     /// Nothing at the end of the input; BadCommand for a line that is no command.
-    [[nodiscard]] std::optional<Command> next();
+    [[nodiscard]] std::optional<ScriptCommand> next();
 
 private:
     std::istream &m_in;

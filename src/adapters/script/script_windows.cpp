@@ -54,14 +54,14 @@ void ScriptWindows::watchShown(Form &form)
 
 void ScriptWindows::playNext(Form &form)
 try {
-    if (const std::optional<Command> command = m_commands.next()) return play(form, *command);
+    if (const std::optional<ScriptCommand> command = m_commands.next()) return play(form, *command);
     closeAtEnd(form);
 } catch (const BadCommand &) {
     m_transcript.close();
     throw;
 }
 
-void ScriptWindows::play(Form &form, const Command &command)
+void ScriptWindows::play(Form &form, const ScriptCommand &command)
 {
     switch (command.kind) {
     case CommandKind::state:
@@ -79,7 +79,7 @@ void ScriptWindows::play(Form &form, const Command &command)
     }
 }
 
-void ScriptWindows::playControl(Form &form, const Command &command)
+void ScriptWindows::playControl(Form &form, const ScriptCommand &command)
 {
     Control *control = form.find(command.control);
     if (control == nullptr) throw BadCommand(command.line, form.name() + " has no control \"" + command.control + "\"");

@@ -31,8 +31,8 @@ public:
 private:
     void watchShown(Form &form);
     void playNext(Form &form);
-    void play(Form &form, const Command &command);
-    void playControl(Form &form, const Command &command);
+    void play(Form &form, const ScriptCommand &command);
+    void playControl(Form &form, const ScriptCommand &command);
     void closeAtEnd(Form &form);
     void tellRefused(const std::string &control);
 

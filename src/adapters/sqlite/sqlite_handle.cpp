@@ -1,5 +1,6 @@
 #include "adapters/sqlite/sqlite_handle.h"
 
+#include "adapters/sqlite/sql_shape.h"
 #include "adapters/sqlite/sql_tokenizer.h"
 #include "adapters/sqlite/sql_translator.h"
 #include "adapters/sqlite/sqlite_error.h"
@@ -12,6 +13,7 @@
 #include <array>
 #include <fstream>
 #include <limits>
+#include <utility>
 
 namespace inin {
 
@@ -55,6 +57,8 @@ SqliteHandle::SqliteHandle(std::string path, const std::string &shown, std::int3
     startCommand();
     const int code = refreshSchema();
     if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    // A print run walks over most of the patients: what it read stays at hand. A failure costs time only.
+    (void)sqlite3_exec(m_db.get(), "PRAGMA cache_size = -16384", nullptr, nullptr, nullptr);
 }
 
 SqliteHandle::~SqliteHandle() = default;
@@ -134,28 +138,55 @@ int SqliteHandle::loadSchema()
     return code;
 }
 
-std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const std::string &sql, Errors &errors)
+/// Somebody wrote to the file since the last look, perhaps its tables. Known only after a step that read from it.
+bool SqliteHandle::wasFileChanged()
 {
-    const auto found =
-        std::find_if(m_recent.begin(), m_recent.end(), [&sql](const auto &entry) { return entry.first == sql; });
+    unsigned version = 0;
+    sqlite3_file_control(m_db.get(), "main", SQLITE_FCNTL_DATA_VERSION, &version);
+    return std::exchange(m_dataVersion, version) != version;
+}
+
+std::shared_ptr<SqliteStatement> SqliteHandle::openReading(const std::string &sql, bool &hasRow, Errors &errors)
+{
+    const SqlShape shape = shapeOf(tokenizeSql(sql));
+    const auto open = [&] {
+        std::shared_ptr<SqliteStatement> statement = prepareReading(shape, errors);
+        for (std::size_t at = 0; at < shape.numbers.size(); ++at)
+            sqlite3_bind_int64(statement->get(), static_cast<int>(at) + 1, shape.numbers[at]);
+        hasRow = step(*statement, errors);
+        return statement;
+    };
+    std::shared_ptr<SqliteStatement> statement = open();
+    if (!wasFileChanged()) return statement;
+    const std::int64_t version = m_version;
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    if (version == m_version) return statement;
+    statement->reset();
+    return open(); // translated by columns that are no more
+}
+
+std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &shape, Errors &errors)
+{
+    const auto found = std::find_if(m_recent.begin(), m_recent.end(),
+                                    [&shape](const auto &entry) { return entry.first == shape.key; });
     if (found != m_recent.end()) {
         std::rotate(m_recent.begin(), found, found + 1);
         // One that another record set is reading cannot be run twice at once.
         if (m_recent.front().second.use_count() == 1) return m_recent.front().second;
         m_recent.erase(m_recent.begin());
     }
-    const std::vector<Token> tokens = tokenizeSql(sql);
-    if (const std::string problem = lexicalProblem(tokens); !problem.empty())
-        raise(errors, providerError(ado_error::faultyStatement, "42000", problem, SQLITE_ERROR));
-    if (!isSingleSelect(tokens))
-        raise(errors, providerError(ado_error::faultyStatement, "42000",
-                                    "a read-only record set runs one SELECT and nothing else", SQLITE_ERROR));
-    std::shared_ptr<SqliteStatement> statement = prepare(tokens, errors);
+    const auto refuse = [&errors](std::string words, int code) {
+        raise(errors, providerError(ado_error::faultyStatement, "42000", std::move(words), code));
+    };
+    if (!isSingleSelect(shape.tokens)) {
+        const std::string problem = lexicalProblem(shape.tokens);
+        refuse(problem.empty() ? "a read-only record set runs one SELECT and nothing else" : problem, SQLITE_ERROR);
+    }
+    std::shared_ptr<SqliteStatement> statement = prepare(shape.tokens, errors);
     if (sqlite3_stmt_readonly(statement->get()) == 0)
-        raise(errors, providerError(ado_error::faultyStatement, "42000",
-                                    "a read-only record set cannot change the database", SQLITE_READONLY));
+        refuse("a read-only record set cannot change the database", SQLITE_READONLY);
     if (m_recent.size() == kRecentStatements) m_recent.pop_back();
-    m_recent.emplace(m_recent.begin(), sql, statement);
+    m_recent.emplace(m_recent.begin(), shape.key, statement);
     return statement;
 }
 
@@ -174,10 +205,6 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepare(const std::vector<Token> 
     const std::string_view rest(tail, static_cast<std::size_t>(text.data() + text.size() - tail));
     if (prepared == nullptr || rest.find_first_not_of(" \t\r\n\v\f;") != std::string_view::npos)
         raise(errors, providerError(ado_error::faultyStatement, "42000", "one statement at a time", SQLITE_ERROR));
-    // ? and @name would be values that nobody gives, and count as NULL without a word.
-    if (sqlite3_bind_parameter_count(prepared) != 0)
-        raise(errors,
-              providerError(ado_error::faultyStatement, "42000", "a value for a parameter is missing", SQLITE_ERROR));
     return statement;
 }
 
@@ -202,6 +229,8 @@ std::int32_t SqliteHandle::execute(const std::string &sql, Errors &errors)
               providerError(ado_error::faultyStatement, "42000",
                             problem.empty() ? "only one statement that reads or changes data can be run" : problem,
                             SQLITE_ERROR));
+    startCommand();
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
     const std::shared_ptr<SqliteStatement> statement = prepare(tokens, errors);
     const bool changesRows = sqlite3_stmt_readonly(statement->get()) == 0 && !tokens[0].isWord("create") &&
                              !tokens[0].isWord("drop") && !tokens[0].isWord("alter");
@@ -255,15 +284,17 @@ bool SqliteHandle::tidy()
     return true;
 }
 
-bool SqliteHandle::isAlive()
+bool SqliteHandle::isAlive() const
 {
-    const std::optional<FileIdentity> identity = fileIdentity(m_path);
-    if (!identity || *identity != m_identity) return false;
-    startCommand();
-    return refreshSchema() == SQLITE_OK;
+    return fileIdentity(m_path) == m_identity;
 }
 
-bool SqliteHandle::holdsWriteLock() const
+bool SqliteHandle::isReading() const
+{
+    return sqlite3_txn_state(m_db.get(), "main") == SQLITE_TXN_READ;
+}
+
+bool SqliteHandle::isWriting() const
 {
     return sqlite3_txn_state(m_db.get(), "main") == SQLITE_TXN_WRITE;
 }

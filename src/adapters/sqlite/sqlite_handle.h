@@ -18,6 +18,7 @@ struct sqlite3;
 
 namespace inin {
 
+struct SqlShape;
 struct Token;
 
 /// ADO's own default, in seconds.
@@ -38,12 +39,13 @@ public:
 
     /// Asked when the file is locked: true when waiting is of no use, as another session of this thread holds it.
     void setHopelessLock(std::function<bool()> isHopeless) { m_isHopeless = std::move(isHopeless); }
-    [[nodiscard]] bool holdsWriteLock() const;
+    [[nodiscard]] bool isReading() const;
+    [[nodiscard]] bool isWriting() const;
     /// 0 waits for ever.
     void setTimeout(std::int32_t seconds) { m_timeout = seconds; }
 
-    /// A SELECT ready to run; refuses everything else. Recent texts are kept prepared.
-    std::shared_ptr<SqliteStatement> prepareReading(const std::string &sql, Errors &errors);
+    /// Runs a SELECT up to its first row; refuses everything else. Recent statements are kept prepared.
+    std::shared_ptr<SqliteStatement> openReading(const std::string &sql, bool &hasRow, Errors &errors);
     /// On to the next row; false at the end. Each step has the whole timeout.
     bool step(SqliteStatement &statement, Errors &errors);
     /// Runs one statement; the number of rows that it changed, -1 where it is none that changes rows.
@@ -54,8 +56,8 @@ public:
 
     /// Ends what a session left: runs and a transaction. False when the connection is of no use any more.
     bool tidy();
-    /// The file is still the one that was opened and can be read; looks for changed tables on the way.
-    bool isAlive();
+    /// The file is still the one that was opened. That its content is sound, the next statement tells.
+    [[nodiscard]] bool isAlive() const;
 
 private:
     struct Close {
@@ -67,6 +69,8 @@ private:
     void configure(Errors &errors);
     int refreshSchema();
     int loadSchema();
+    [[nodiscard]] bool wasFileChanged();
+    std::shared_ptr<SqliteStatement> prepareReading(const SqlShape &shape, Errors &errors);
     std::shared_ptr<SqliteStatement> prepare(const std::vector<Token> &tokens, Errors &errors);
     void runOwn(const char *sql, Errors &errors);
     void startCommand();
@@ -80,7 +84,8 @@ private:
     std::unique_ptr<SqliteStatement> m_schemaVersion;
     SqlSchema m_schema;
     std::int64_t m_version = -1;
-    std::vector<std::pair<std::string, std::shared_ptr<SqliteStatement>>> m_recent; ///< the latest first
+    unsigned m_dataVersion = 0;
+    std::vector<std::pair<std::string, std::shared_ptr<SqliteStatement>>> m_recent; ///< by shape, the latest first
     std::function<bool()> m_isHopeless;
     std::int32_t m_timeout;
     Clock::time_point m_deadline;

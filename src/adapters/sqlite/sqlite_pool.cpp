@@ -27,10 +27,11 @@ std::unique_ptr<SqliteHandle> SqlitePool::take(const std::string &connectionStri
 void SqlitePool::lend(SqliteHandle &handle)
 {
     m_lent.insert(&handle);
-    // All sessions live on one thread: while this one waits, none of the others can end its transaction.
+    // All sessions live on one thread: while this one waits, none of the others can end what it has begun. Another's
+    // writing shuts out all, another's reading only the commit of one that has written.
     handle.setHopelessLock([this, &handle] {
         return std::any_of(m_lent.begin(), m_lent.end(), [&handle](const SqliteHandle *other) {
-            return other != &handle && other->holdsWriteLock();
+            return other != &handle && (other->isWriting() || (handle.isWriting() && other->isReading()));
         });
     });
 }

@@ -23,9 +23,10 @@ void SqliteRecordset::Open(const std::string &sql, Connection &connection, std::
     auto *session = dynamic_cast<SqliteConnection *>(&connection);
     if (session == nullptr) throw RuntimeError(ado_error::badArgument, "the connection is another provider's");
     m_lease = session->lease();
-    m_statement = m_lease->handle->prepareReading(sql, *m_lease->errors);
+    bool hasRow = false;
+    m_statement = m_lease->handle->openReading(sql, hasRow, *m_lease->errors);
+    m_atEnd = !hasRow;
     try {
-        step();
         m_statement->refreshFields();
         if (m_client) readAll();
     } catch (...) {

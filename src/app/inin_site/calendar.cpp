@@ -12,15 +12,15 @@ constexpr int kFirstYear = 1990;
 constexpr int kLastYear = 2098;
 
 struct Parts {
-    int year;
-    unsigned month;
-    unsigned day;
+    std::int64_t year;
+    std::int64_t month;
+    std::int64_t day;
 };
 
 Parts partsOf(Day day)
 {
     const std::chrono::year_month_day date{day};
-    return {static_cast<int>(date.year()), static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day())};
+    return {int{date.year()}, unsigned{date.month()}, unsigned{date.day()}};
 }
 
 std::optional<int> digits(std::string_view text)
@@ -83,7 +83,7 @@ std::string slashText(Day day)
 std::int64_t dayNumber(Day day)
 {
     const Parts parts = partsOf(day);
-    return parts.year * 10000 + static_cast<std::int64_t>(parts.month * 100 + parts.day);
+    return parts.year * 10000 + parts.month * 100 + parts.day;
 }
 
 } // namespace inin::site

@@ -87,9 +87,9 @@ private:
         const std::unique_ptr<Recordset> rows = open("SELECT TOP 1 * FROM " + table.name);
         std::vector<std::string> present;
         for (std::size_t i = 0; i < rows->fieldCount(); ++i) present.push_back(asciiLower(rows->fieldName(i)));
-        for (const std::string &column : table.columns) {
-            if (std::ranges::find(present, asciiLower(column)) != present.end()) continue;
-            m_findings.push_back(fmt::format("テーブル「{}」に列「{}」がありません。", table.name, column));
+        for (const SchemaColumn &column : table.columns) {
+            if (std::ranges::find(present, asciiLower(column.name)) != present.end()) continue;
+            m_findings.push_back(fmt::format("テーブル「{}」に列「{}」がありません。", table.name, column.name));
         }
     } catch (const RuntimeError &) {
         m_findings.push_back(fmt::format("テーブル「{}」がありません。", table.name));

@@ -29,7 +29,8 @@ public:
     [[nodiscard]] std::size_t below(std::size_t count) { return static_cast<std::size_t>(next() % count); }
     [[nodiscard]] int between(int low, int high)
     {
-        return low + static_cast<int>(below(static_cast<std::size_t>(high - low + 1)));
+        const int sides = high - low + 1;
+        return low + static_cast<int>(below(static_cast<std::size_t>(sides)));
     }
     [[nodiscard]] bool oneIn(std::size_t count) { return below(count) == 0; }
     template <class T, std::size_t N> [[nodiscard]] const T &pick(std::span<const T, N> pool)

@@ -9,15 +9,18 @@ namespace inin::site {
 
 namespace {
 
-std::vector<std::string> firstColumn(SqliteWriter &database, const std::string &sql)
+std::string textOf(const StatementHandle &statement, int column)
 {
-    std::vector<std::string> texts;
-    const StatementHandle statement = database.prepare(sql);
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
-        const unsigned char *text = sqlite3_column_text(statement.get(), 0);
-        texts.emplace_back(text, text + sqlite3_column_bytes(statement.get(), 0));
-    }
-    return texts;
+    const unsigned char *text = sqlite3_column_text(statement.get(), column);
+    return {text, text + sqlite3_column_bytes(statement.get(), column)};
+}
+
+std::vector<SchemaColumn> columnsOf(SqliteWriter &database, const std::string &table)
+{
+    std::vector<SchemaColumn> columns;
+    const StatementHandle statement = database.prepare("SELECT name, type FROM pragma_table_info('" + table + "')");
+    while (sqlite3_step(statement.get()) == SQLITE_ROW) columns.push_back({textOf(statement, 0), textOf(statement, 1)});
+    return columns;
 }
 
 } // namespace
@@ -26,10 +29,12 @@ std::vector<TableColumns> schemaTables()
 {
     SqliteWriter database(":memory:");
     database.run(std::string(schemaText()));
+    const StatementHandle names =
+        database.prepare("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid");
     std::vector<TableColumns> tables;
-    for (const std::string &name :
-         firstColumn(database, "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid")) {
-        tables.push_back({name, firstColumn(database, "SELECT name FROM pragma_table_info('" + name + "')")});
+    while (sqlite3_step(names.get()) == SQLITE_ROW) {
+        const std::string name = textOf(names, 0);
+        tables.push_back({name, columnsOf(database, name)});
     }
     return tables;
 }

@@ -1,8 +1,8 @@
 #include "adapters/posix/command_line.h"
 
+#include "search_path.h"
 #include "temp_folder.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <vector>
 
@@ -17,15 +17,11 @@ namespace {
 struct Programs {
     Programs()
     {
-        setenv("PATH", (onPath.path() + ":/usr/bin:/bin").c_str(), 1);
         for (const char *name : {"Main.exe", "Form Viewer", "plain", "both.exe", "both"}) make(here, name);
         for (const char *name : {"wfrfv10.exe", "plain", "xonly"}) make(onPath, name);
         here.put("data.exe", "no program");
         std::filesystem::create_directory(here / "folder.exe");
     }
-    ~Programs() { setenv("PATH", m_before.c_str(), 1); }
-    Programs(const Programs &) = delete;
-    Programs &operator=(const Programs &) = delete;
 
     static void make(const TempFolder &folder, const std::string &name)
     {
@@ -34,9 +30,7 @@ struct Programs {
 
     TempFolder here, onPath;
     CurrentFolder current{here.path()};
-
-private:
-    std::string m_before = std::getenv("PATH");
+    SearchPath searched{onPath.path()};
 };
 
 std::string programOf(const std::string &line)

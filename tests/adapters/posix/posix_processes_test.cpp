@@ -1,10 +1,13 @@
 #include "adapters/posix/posix_platform.h"
 
 #include "runtime/runtime_error.h"
+#include "search_path.h"
 #include "temp_folder.h"
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <thread>
 
 #include <doctest/doctest.h>
@@ -23,11 +26,6 @@ std::unique_ptr<Processes> processes()
 
 /// A folder that is current and first in PATH, for programs of the test.
 struct Stage {
-    Stage() { setenv("PATH", (folder.path() + ":" + m_before).c_str(), 1); }
-    ~Stage() { setenv("PATH", m_before.c_str(), 1); }
-    Stage(const Stage &) = delete;
-    Stage &operator=(const Stage &) = delete;
-
     void program(const std::string &name, const std::string &script) const
     {
         chmod(folder.put(name, "#!/bin/sh\n" + script).c_str(), 0755);
@@ -42,9 +40,7 @@ struct Stage {
 
     TempFolder folder;
     CurrentFolder current{folder.path()};
-
-private:
-    std::string m_before = std::getenv("PATH");
+    SearchPath searched{folder.path()};
 };
 
 std::int32_t startError(const std::string &line)
@@ -124,10 +120,9 @@ TEST_CASE("nothing but a web address is opened")
 
 TEST_CASE("an address without a program to open it is told to nobody")
 {
-    const std::string before = std::getenv("PATH");
+    const SearchPath restored("");
     setenv("PATH", "/no/such/folder", 1);
     CHECK_NOTHROW(processes()->openAddress("http://example.jp/"));
-    setenv("PATH", before.c_str(), 1);
 }
 
 TEST_CASE("the computer's name is given when it fits with its NUL")

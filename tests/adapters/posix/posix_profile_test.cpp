@@ -12,6 +12,7 @@
 
 #include <doctest/doctest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace inin;
 using namespace std::string_literals;
@@ -79,6 +80,28 @@ TEST_CASE("a write goes through a link to the file that it leads to")
     CHECK(elsewhere.bytes("coming.ini") == "[s]\r\nk=first\r\n");
     CHECK(std::filesystem::is_symlink(folder / "x.ini"));
     CHECK(std::filesystem::is_symlink(folder / "y.ini"));
+}
+
+TEST_CASE("a write keeps the owner of a file that belongs to another user")
+{
+    if (geteuid() != 0) {
+        MESSAGE("only root can make a file of another user: not run");
+        return;
+    }
+    const TempFolder folder;
+    const std::string path = folder.put("x.ini", "[s]\r\nk=a longer old value\r\n");
+    chmod(path.c_str(), 0666);
+    REQUIRE(chown(folder.path().c_str(), kOrdinaryUser, kOrdinaryUser) == 0);
+
+    const std::string told = asOrdinaryUser(
+        [&] { return std::to_string(makePosixProfile()->WritePrivateProfileString("s", "k", "new", path)); });
+
+    CHECK(told == "1");
+    struct stat status {};
+    REQUIRE(stat(path.c_str(), &status) == 0);
+    CHECK(status.st_uid == 0);
+    CHECK(folder.bytes("x.ini") == "[s]\r\nk=new\r\n");
+    CHECK(folder.entries() == 1);
 }
 
 TEST_CASE("a refused write gives 0 and leaves the file and the folder as they were")

@@ -185,7 +185,6 @@ TEST_CASE("an ordinary user reads and writes profile files as their rights allow
 
 TEST_CASE("every recorded path finds its file")
 {
-    const std::string recordedFolder = "tmp\\oracle\\work\\path\\";
     std::size_t played = 0;
     for (const ProfileCase &one : recordedProfileCases()) {
         if (one.group != "path" || kDecidedOtherwise.contains(one.id)) continue;
@@ -194,7 +193,7 @@ TEST_CASE("every recorded path finds its file")
         const CurrentFolder current(folder.path());
         for (const std::string name : {"Sorvin.ver", "bare.ini", "印刷設定.ini"})
             folder.put(name, one.file.value_or("[s]\r\nk=old\r\n"));
-        // "Z:\tmp\oracle\work\path\x" of the recording is x in the folder of this test.
+        // A file of the recorded folder is the file of that name in the folder of this test.
         std::string path = one.path;
         if (const auto last = path.find("path"); last != std::string::npos) path.replace(0, last + 4, folder.path());
         CHECK(differences(one, folder, path, "Sorvin.ver") == "");
@@ -208,8 +207,8 @@ TEST_CASE("every recorded path finds its file")
 TEST_CASE("a case that is decided otherwise is in the recording")
 {
     const auto cases = recordedProfileCases();
-    for (const auto &[id, reason] : kDecidedOtherwise) {
-        INFO(id, reason);
-        CHECK(std::ranges::count(cases, id, &ProfileCase::id) == 1);
+    for (const auto &decided : kDecidedOtherwise) {
+        INFO(decided.first, decided.second);
+        CHECK(std::ranges::count(cases, decided.first, &ProfileCase::id) == 1);
     }
 }

@@ -8,7 +8,7 @@ using namespace inin;
 
 namespace {
 
-Command readOne(const std::string &text)
+ScriptCommand readOne(const std::string &text)
 {
     std::istringstream in(text);
     const auto command = CommandReader(in).next();
@@ -33,26 +33,26 @@ std::string complaint(const std::string &text)
 
 TEST_CASE("each command is read with its values")
 {
-    const Command click = readOne(R"x({"click":"optPrint(1)"})x");
+    const ScriptCommand click = readOne(R"x({"click":"optPrint(1)"})x");
     CHECK(click.kind == CommandKind::click);
     CHECK(click.control == "optPrint(1)");
     CHECK_FALSE(click.force);
 
-    const Command set = readOne(R"({"set":"imD_Out","to":"2024/05/01","force":true})");
+    const ScriptCommand set = readOne(R"({"set":"imD_Out","to":"2024/05/01","force":true})");
     CHECK(set.kind == CommandKind::set);
     CHECK(set.to == Json("2024/05/01"));
     CHECK(set.force);
 
-    const Command choose = readOne(R"({"choose":"cbSejyutsu","to":2})");
+    const ScriptCommand choose = readOne(R"({"choose":"cbSejyutsu","to":2})");
     CHECK(choose.kind == CommandKind::choose);
     CHECK(choose.number == 2);
 
-    const Command key = readOne(R"({"key":"","code":123})");
+    const ScriptCommand key = readOne(R"({"key":"","code":123})");
     CHECK(key.kind == CommandKind::key);
     CHECK(key.control.empty());
     CHECK(key.number == 123);
 
-    const Command row = readOne(R"({"row":3,"double":true})");
+    const ScriptCommand row = readOne(R"({"row":3,"double":true})");
     CHECK(row.kind == CommandKind::row);
     CHECK(row.row == 3);
     CHECK(row.doubleClick);
@@ -64,7 +64,7 @@ TEST_CASE("each command is read with its values")
 
 TEST_CASE("blank lines, comments, a byte order mark and CR at the line's end are no commands")
 {
-    const Command command = readOne("\xEF\xBB\xBF# a comment\r\n\r\n \t\n{\"state\":true}\r\n");
+    const ScriptCommand command = readOne("\xEF\xBB\xBF# a comment\r\n\r\n \t\n{\"state\":true}\r\n");
     CHECK(command.kind == CommandKind::state);
     CHECK(command.line == 4);
 }

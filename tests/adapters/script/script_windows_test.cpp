@@ -207,3 +207,21 @@ TEST_CASE("a picture is checked by its file")
     stage.files.put("C:\\SUITE\\ICON\\note.bmp", "no picture");
     CHECK_THROWS_AS(stage.windows().checkPicture("C:\\SUITE\\ICON\\note.bmp"), RuntimeError);
 }
+
+TEST_CASE("a refused command leaves the focus where it was")
+{
+    ScriptStage stage("{\"click\":\"btn\"}\n{\"click\":\"chk\"}\n");
+    StageForm form;
+    form.chk.Enabled = false;
+    stage.windows().show(form, Modality::modal);
+    CHECK(stage.windows().activeControl(form) == &form.btn);
+}
+
+TEST_CASE("a form that is shown again has no focus from the time before")
+{
+    ScriptStage stage("{\"click\":\"btn\"}\n");
+    StageForm form;
+    stage.windows().show(form, Modality::modal);
+    stage.windows().show(form, Modality::modal);
+    CHECK(stage.windows().activeControl(form) == nullptr);
+}
