@@ -19,6 +19,8 @@ struct App {
     /// Branch code and sub-code of this installation, from the setting "BASEID".
     std::int16_t iKyotenCd = 0;
     std::int16_t iKyotenEb = 0;
+    /// Words of the last failed connect of a patient's read (iGetRiyoushaRec); a later success leaves them.
+    std::string patientConnectError;
 };
 
 } // namespace inin
