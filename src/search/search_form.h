@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -24,6 +25,9 @@ struct SearchColumn {
     std::string_view field;
     std::string_view second = {};
 };
+
+/// A pick list's third result besides good and bad: it was left without a choice.
+inline constexpr std::int16_t kNothingChosen = 1;
 
 /// In what a pick list differs from the other one, as far as it is data. Columns count from 1.
 struct SearchDesign {

@@ -8,6 +8,9 @@
 
 namespace inin {
 
+/// No restriction to a consultation.
+inline constexpr std::int32_t kAnyConsultation = -1;
+
 // The statements of the search room. Texts of a filter are pasted in as they are: a quote in one makes its statement
 // fail, and the window says so.
 

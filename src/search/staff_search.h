@@ -26,6 +26,8 @@ public:
     [[nodiscard]] std::int16_t iChkStaff(std::int32_t nIDNo, std::int16_t iKanriEnd = 0);
 
 private:
+    [[nodiscard]] std::string whyNotUsable(const Recordset &rsData, std::int16_t iKanriEnd) const;
+
     App &m_app;
     std::string m_errStr;
     std::string m_seledName;

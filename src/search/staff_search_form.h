@@ -1,14 +1,12 @@
 #pragma once
 
 #include "search/search_form.h"
+#include "search/search_sql.h"
 
 #include <cstdint>
 #include <string>
 
 namespace inin {
-
-/// No restriction to a consultation.
-inline constexpr std::int32_t kAnyConsultation = -1;
 
 /// The pick list of staff.
 class frm施術者検索 : public SearchForm {
