@@ -57,6 +57,18 @@ public:
     void cbSejyutsu_Click();
     void chkChushi_Click();
 
+    // Events of the search buttons and of the return key in a number box.
+    void btn_StaffSelect_Click();
+    void imNum_StaffNo_KeyPress(std::int16_t KeyCode);
+    void imNum_CD_KeyPress(std::int16_t KeyCode);
+    /// Lets a staff member be picked and writes the number to the box and the list, if given. The number, or -1 when
+    /// nobody was picked.
+    std::int32_t iSelectStaff(NumberBox *box = nullptr, ListBox *list = nullptr);
+    /// Chooses the list's entry of a typed staff number. 0, or -1 after a box.
+    [[nodiscard]] std::int16_t iChkStaffNo(std::int32_t nIDNo, ListBox &list);
+    /// Lets a patient be picked; leaving the window means everybody.
+    void iSelectKanja();
+
     // Events of the commands.
     void mnF01_Click();
     void mnF02_Click();

@@ -72,31 +72,31 @@ constexpr Steps kWithoutPeriod = {disable(kMonth), disable(kLastDay), disable(kT
 struct ClickRule {
     OptionGroup Screen::*group;
     std::int16_t Index;
+    std::int16_t value;
+    std::int16_t frmPrintInin::*kind; ///< becomes the value; null: the group keeps no field
     Steps steps;
-    std::int16_t frmPrintInin::*kind = nullptr; ///< null: the group keeps no field
-    std::int16_t value = 0;
 };
 
 constexpr std::int16_t kAnyOther = -1;
 
-/// All click rules of the option groups. The first line that fits an index counts; an index without a line does
-/// nothing. "Actual data" and "none" give the same kind here: a run looks at the options themselves.
-/// The report lines are blind on purpose. They ask no other group, so a return from the Aichi format leaves every
-/// control enabled until the next click of its own group.
+/// All click rules of the option groups: event, index, value and kind field, steps. The first line that fits an index
+/// counts; an index without a line does nothing. "Actual data" and "none" give the same kind here: a run looks at the
+/// options themselves. The report lines are blind on purpose. They ask no other group, so a return from the Aichi
+/// format leaves every control enabled until the next click of its own group.
 constexpr ClickRule kClickRules[] = {
-    {&Screen::optPrint, 1, kTakeConditions},
-    {&Screen::optPrint, kAnyOther, kGiveConditions},
-    {&Screen::optObject, 0, {}, &frmPrintInin::iObjectKind, 1},
-    {&Screen::optObject, kAnyOther, {}, &frmPrintInin::iObjectKind, 2},
-    {&Screen::optTgtDate, 0, kByMonth, &frmPrintInin::iTgtDateKind, 1},
-    {&Screen::optTgtDate, 1, kByLastDay, &frmPrintInin::iTgtDateKind, 2},
-    {&Screen::optTgtDate, kAnyOther, kWithoutPeriod, &frmPrintInin::iTgtDateKind, 3},
-    {&Screen::optTrust, 0, {}, &frmPrintInin::iTrustKind, 1},
-    {&Screen::optTrust, kAnyOther, {}, &frmPrintInin::iTrustKind, 2},
-    {&Screen::optDspPeriod, 0, {disable(kPeriod)}, &frmPrintInin::iDspPeriodKind, 1},
-    {&Screen::optDspPeriod, kAnyOther, {enable(kPeriod)}, &frmPrintInin::iDspPeriodKind, 2},
-    {&Screen::optSyomei, 0, {disable(kSignature)}},
-    {&Screen::optSyomei, 1, {enable(kSignature)}},
+    {&Screen::optPrint, 1, 0, nullptr, kTakeConditions},
+    {&Screen::optPrint, kAnyOther, 0, nullptr, kGiveConditions},
+    {&Screen::optObject, 0, 1, &frmPrintInin::iObjectKind, {}},
+    {&Screen::optObject, kAnyOther, 2, &frmPrintInin::iObjectKind, {}},
+    {&Screen::optTgtDate, 0, 1, &frmPrintInin::iTgtDateKind, kByMonth},
+    {&Screen::optTgtDate, 1, 2, &frmPrintInin::iTgtDateKind, kByLastDay},
+    {&Screen::optTgtDate, kAnyOther, 3, &frmPrintInin::iTgtDateKind, kWithoutPeriod},
+    {&Screen::optTrust, 0, 1, &frmPrintInin::iTrustKind, {}},
+    {&Screen::optTrust, kAnyOther, 2, &frmPrintInin::iTrustKind, {}},
+    {&Screen::optDspPeriod, 0, 1, &frmPrintInin::iDspPeriodKind, {disable(kPeriod)}},
+    {&Screen::optDspPeriod, kAnyOther, 2, &frmPrintInin::iDspPeriodKind, {enable(kPeriod)}},
+    {&Screen::optSyomei, 0, 0, nullptr, {disable(kSignature)}},
+    {&Screen::optSyomei, 1, 0, nullptr, {enable(kSignature)}},
 };
 
 const ClickRule *ruleOf(OptionGroup Screen::*group, std::int16_t Index)
