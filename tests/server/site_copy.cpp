@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,11 @@ std::vector<std::string> columnsIn(site::SqliteWriter &embedded, const site::Tab
     return columns;
 }
 
+bool hasName(const std::vector<std::string> &names, const std::string &name)
+{
+    return std::ranges::find(names, name) != names.end();
+}
+
 void copyTable(site::SqliteWriter &embedded, const std::string &table, const std::vector<std::string> &columns,
                site::ServerTarget &target)
 {
@@ -68,16 +74,18 @@ void copyDatabase(const std::filesystem::path &embedded, Database &database, Con
     site::makeServerTables(database, server, dialect);
     site::SqliteWriter source(embedded.string());
     site::ServerTarget target(server, dialect.binary);
-    server.BeginTrans();
     for (const site::TableColumns &table : site::schemaTables()) {
         const std::vector<std::string> columns = columnsIn(source, table);
-        if (columns.empty())
+        if (columns.empty()) {
             server.Execute("DROP TABLE " + table.name, adExecuteNoRecords);
-        else
-            copyTable(source, table.name, columns, target);
+            continue;
+        }
+        for (const site::SchemaColumn &column : table.columns)
+            if (!hasName(columns, column.name))
+                server.Execute("ALTER TABLE " + table.name + " DROP COLUMN " + column.name, adExecuteNoRecords);
+        copyTable(source, table.name, columns, target);
     }
     target.finish();
-    server.CommitTrans();
 }
 
 } // namespace inin::test

@@ -109,7 +109,7 @@ std::vector<std::string> statementsOf(std::string_view script)
     std::vector<std::string> statements(1);
     for (const Token &token : tokenizeSql(script)) {
         if (token.isSymbol(";")) {
-            statements.emplace_back();
+            if (!statements.back().empty()) statements.emplace_back();
             continue;
         }
         if (!statements.back().empty()) statements.back() += token.gap;

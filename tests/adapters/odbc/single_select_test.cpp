@@ -223,7 +223,7 @@ TEST_CASE("no random change of single characters lets a write through")
     }
 }
 
-TEST_CASE("every statement that the scenarios read is let through")
+TEST_CASE("every statement that the scenarios read is let through, and the one that they smuggle is not")
 {
     int statements = 0;
     for (const auto &entry : std::filesystem::directory_iterator(ININ_SCENARIOS)) {
@@ -235,8 +235,9 @@ TEST_CASE("every statement that the scenarios read is let through")
             const std::string sql = event.value("text", "");
             if (!sql.starts_with("SELECT") && !sql.starts_with("select")) continue;
             CAPTURE(sql);
-            CHECK(singleSelectProblem(sql) == "");
             ++statements;
+            // One play types a quote and a DELETE into a filter.
+            CHECK(isAccepted(sql) == (sql.find("'; DELETE") == std::string::npos));
         }
     }
     CHECK(statements > 5);
