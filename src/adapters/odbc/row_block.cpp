@@ -28,6 +28,15 @@ std::size_t endMark(const OdbcColumn &column)
     return column.cType == SQL_C_WCHAR ? sizeof(SQLWCHAR) : column.cType == SQL_C_CHAR ? 1 : 0;
 }
 
+/// Bytes of a full piece. A driver that stops a unit before the buffer's end, because a pair would not fit whole, has its
+/// NUL there.
+std::size_t pieceLength(const OdbcColumn &column, const std::byte *piece, std::size_t room)
+{
+    if (column.cType != SQL_C_WCHAR) return room;
+    const bool endsEarly = piece[room - 1] == std::byte{0} && piece[room - 2] == std::byte{0};
+    return endsEarly ? room - sizeof(SQLWCHAR) : room;
+}
+
 } // namespace
 
 RowBlock::RowBlock(const OdbcHandle &statement, const std::vector<OdbcColumn> &columns)
@@ -107,7 +116,7 @@ bool RowBlock::readPiece(std::size_t column, Variant &value)
             return true;
         }
         const bool hasMore = length == SQL_NO_TOTAL || static_cast<std::size_t>(length) > room;
-        const std::size_t count = hasMore ? room : static_cast<std::size_t>(length);
+        const std::size_t count = hasMore ? pieceLength(own, piece.data(), room) : static_cast<std::size_t>(length);
         whole.insert(whole.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(count));
         if (!hasMore) break;
     }
