@@ -21,9 +21,10 @@ struct ShapedGlyph {
 };
 inline constexpr std::uint32_t kClusterBase = 0x110000;
 
-/// One font file, opened once. Advances are thousandths of the size.
+/// One font file, opened once. Lengths are thousandths of the size.
 class Font {
 public:
+    /// A RuntimeError with a sentence for a file that is no font.
     Font(std::string path, int index);
     Font(const Font &) = delete;
     Font &operator=(const Font &) = delete;
@@ -31,20 +32,23 @@ public:
 
     [[nodiscard]] const std::string &path() const { return m_path; }
     [[nodiscard]] std::string postScriptName() const;
-    [[nodiscard]] double ascent() const;
-    [[nodiscard]] double descent() const; ///< below the baseline, negative
-    [[nodiscard]] double capHeight() const;
-    [[nodiscard]] Box bounds() const; ///< of all glyphs, y upwards: top is the lower edge
+    [[nodiscard]] double ascent() const { return m_ascent; }
+    [[nodiscard]] double descent() const { return m_descent; } ///< below the baseline, negative
     [[nodiscard]] std::uint32_t glyphCount() const;
 
     /// Appends the glyphs of a text. A character that the font lacks gets glyph 0 and is appended to `missing`.
+    /// Characters that stand for themselves in every context are taken from a table; a text with any other is shaped as
+    /// a whole, with the same result.
     void shape(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
+    /// The same by the shaper alone.
+    void shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
     /// The characters of a ShapedGlyph::text.
     [[nodiscard]] std::u32string charactersOf(std::uint32_t text) const;
     [[nodiscard]] float advanceOf(std::uint32_t glyph) const;
     /// The outline in a square of 1, y downwards.
     [[nodiscard]] Path outlineOf(std::uint32_t glyph) const;
-    /// The font reduced to these glyphs, and where each of them went.
+
+    /// The font reduced to some glyphs, and where each of them went.
     struct Subset {
         std::string bytes;
         std::vector<std::uint32_t> places; ///< beside `glyphs`
@@ -53,16 +57,19 @@ public:
 
 private:
     struct Faces;
+    enum class Kind : std::uint8_t { unknown, plain, needsShaping };
     struct Known {
-        std::uint16_t glyph;
-        std::uint16_t advance;
-        std::uint8_t state;
+        Kind kind = Kind::unknown;
+        float advance = 0;
+        std::uint32_t glyph = 0;
     };
     [[nodiscard]] const Known &known(char32_t character) const;
-    void shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
+    [[nodiscard]] Known lookUp(char32_t character) const;
+    [[nodiscard]] std::uint32_t textOf(std::u32string_view cluster) const;
 
     std::string m_path;
     std::unique_ptr<Faces> m_faces;
+    double m_ascent = 0, m_descent = 0;
 };
 
 } // namespace inin::viewer
