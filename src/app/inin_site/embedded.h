@@ -9,5 +9,8 @@ namespace inin::site {
 [[nodiscard]] std::string_view serverSchemaText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
+[[nodiscard]] std::string_view standardForm();
+[[nodiscard]] std::string_view aichiForm();
+[[nodiscard]] std::string_view takamatsuForm();
 
 } // namespace inin::site

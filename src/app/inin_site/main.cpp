@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <cstdio>
+#include <filesystem>
 
 namespace inin::site {
 
@@ -28,6 +29,14 @@ void makeServer(const MakeCommand &command)
                                   command.order.patients, yearMonthText(command.order.month), command.order.seed));
 }
 
+/// The form viewer that was built with this program; empty when there is none.
+std::filesystem::path formViewerBeside()
+{
+    std::error_code error;
+    const auto viewer = std::filesystem::read_symlink("/proc/self/exe", error).replace_filename("formviewer");
+    return !error && std::filesystem::exists(viewer, error) ? viewer : std::filesystem::path();
+}
+
 struct Run {
     int operator()(const MakeCommand &command) const
     {
@@ -35,7 +44,7 @@ struct Run {
         const std::string connection = command.into.empty() ? std::string() : connectionFile(command.into);
         if (!command.into.empty()) makeServer(command);
         if (command.folder.empty()) return kDone;
-        makeSite(command.folder, command.order, command.overwrite);
+        makeSite(command.folder, command.order, command.overwrite, formViewerBeside());
         if (!connection.empty()) writeFile(command.folder / "adodb.ini", connection);
         printLine(stdout,
                   fmt::format("見本サイト「{}」を作りました。（利用者{}人、対象月{}、種{}）", command.folder.string(),
