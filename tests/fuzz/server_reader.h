@@ -21,7 +21,7 @@ public:
             if (skipHidden()) continue;
             if (m_text[m_at] == ';' && hasMoreBehind()) return ";";
             const std::size_t before = m_at;
-            const std::string word = takeWord();
+            std::string word = takeWord();
             for (const char *write :
                  {"insert",  "update", "delete",  "merge",  "drop", "create",    "alter",      "truncate", "exec",
                   "execute", "into",   "grant",   "revoke", "deny", "openquery", "openrowset", "dbcc",     "shutdown",

@@ -78,7 +78,7 @@ TEST_CASE("a server gets the same rows as the embedded database, in every table 
     const std::string file = fromEnvironment("ININ_ODBC_FOLDER") + "/demo.db";
     std::filesystem::remove(file);
     site::makeDatabase(file, order());
-    const auto embedded = makeSqliteDatabase([&file](const std::string &) { return file; });
+    const auto embedded = makeSqliteDatabase([&file](const std::string &) { return std::string(file); });
     const auto connection = embedded->newConnection();
     connection->Open("Provider=SQLite;Data Source=demo.db", "", "", -1);
 

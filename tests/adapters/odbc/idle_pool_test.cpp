@@ -6,27 +6,32 @@ using namespace inin;
 
 namespace {
 
-struct Handle {
+struct State {
     bool alive = true;
     bool usable = true;
     int tidied = 0;
-    [[nodiscard]] bool isAlive() const { return alive; }
-    bool tidy()
+};
+
+/// The test keeps the state, so it can look when the pool has closed the handle.
+struct Handle {
+    std::shared_ptr<State> state = std::make_shared<State>();
+    [[nodiscard]] bool isAlive() const { return state->alive; }
+    [[nodiscard]] bool tidy() const
     {
-        ++tidied;
-        return usable;
+        ++state->tidied;
+        return state->usable;
     }
 };
 
 struct Pool {
     std::chrono::steady_clock::time_point now{};
     IdlePool<Handle> pool{[this] { return now; }};
-    Handle *put(const std::string &key)
+    std::shared_ptr<State> put(const std::string &key)
     {
         auto handle = std::make_unique<Handle>();
-        Handle *raw = handle.get();
+        std::shared_ptr<State> state = handle->state;
         pool.giveBack(key, std::move(handle));
-        return raw;
+        return state;
     }
 };
 
@@ -35,10 +40,12 @@ struct Pool {
 TEST_CASE("a connection that came back is handed out again, tidied, for the same string only")
 {
     Pool own;
-    Handle *raw = own.put("a");
-    CHECK(raw->tidied == 1);
+    const std::shared_ptr<State> state = own.put("a");
+    CHECK(state->tidied == 1);
     CHECK(own.pool.take("b") == nullptr);
-    CHECK(own.pool.take("a").get() == raw);
+    const std::unique_ptr<Handle> taken = own.pool.take("a");
+    REQUIRE(taken != nullptr);
+    CHECK(taken->state == state);
     CHECK(own.pool.take("a") == nullptr);
 }
 
@@ -56,9 +63,11 @@ TEST_CASE("a connection is kept for just under a minute")
 TEST_CASE("a dead connection is dropped and the next one is tried")
 {
     Pool own;
-    Handle *first = own.put("a");
+    const std::shared_ptr<State> first = own.put("a");
     own.put("a")->alive = false;
-    CHECK(own.pool.take("a").get() == first);
+    const std::unique_ptr<Handle> taken = own.pool.take("a");
+    REQUIRE(taken != nullptr);
+    CHECK(taken->state == first);
     CHECK(own.pool.idleCount() == 0);
 }
 
@@ -66,7 +75,7 @@ TEST_CASE("a connection that cannot be tidied is not kept")
 {
     Pool own;
     auto handle = std::make_unique<Handle>();
-    handle->usable = false;
+    handle->state->usable = false;
     own.pool.giveBack("a", std::move(handle));
     CHECK(own.pool.idleCount() == 0);
 }
