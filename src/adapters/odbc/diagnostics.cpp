@@ -108,6 +108,11 @@ ProviderError ownError(std::int32_t number, std::string_view sqlState, std::stri
     return {number, std::move(description), "ODBC", std::string(sqlState), 0};
 }
 
+bool tellsFailure(const std::vector<DiagnosticRecord> &records)
+{
+    return !std::ranges::all_of(records, &DiagnosticRecord::isWarning);
+}
+
 bool tellsLostConnection(const std::vector<DiagnosticRecord> &records)
 {
     return std::ranges::any_of(records, [](const DiagnosticRecord &record) {

@@ -15,9 +15,13 @@ struct DiagnosticRecord {
     std::int32_t native = 0;
     std::string message; ///< with "[maker][component]" before the words
 
-    /// Records of class 01 tell something; alone they are no failure.
-    [[nodiscard]] bool isWarning() const { return sqlState.starts_with("01"); }
+    /// Records of class 01 and 00 tell something; alone they are no failure.
+    [[nodiscard]] bool isWarning() const { return sqlState.starts_with("01") || sqlState.starts_with("00"); }
 };
+
+/// True when one of the records is more than a warning. FreeTDS tells a failure behind the first rows of a block by
+/// "success with info", and what follows by the plain end: only the records show that rows are missing.
+[[nodiscard]] bool tellsFailure(const std::vector<DiagnosticRecord> &records);
 
 /// The record as an entry of ADO's error list: words without the makers' brackets, the component as the source, ADO's
 /// number. Secrets are left out of the words.

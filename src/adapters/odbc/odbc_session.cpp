@@ -79,7 +79,7 @@ std::unique_ptr<OdbcHandle> OdbcSession::run(const std::string &sql)
     const std::u16string text = utf16FromUtf8(sql);
     const SQLRETURN result = SQLExecDirectW(statement->get(), wide(text), static_cast<SQLINTEGER>(text.size()));
     // The records come first: any further call would empty them.
-    if (!isDone(result)) fail(statement->records());
+    if (result != SQL_SUCCESS) checkRecords(*statement, isDone(result));
     return statement;
 }
 
@@ -106,7 +106,7 @@ std::int32_t OdbcSession::execute(const std::string &sql)
         const SQLRETURN result = SQLMoreResults(statement->get());
         if (result == SQL_NO_DATA) break;
         // A statement further on in the text has failed.
-        if (!SQL_SUCCEEDED(result)) fail(statement->records());
+        if (result != SQL_SUCCESS) checkRecords(*statement, SQL_SUCCEEDED(result));
     }
     return static_cast<std::int32_t>(std::min<SQLLEN>(affected, std::numeric_limits<std::int32_t>::max()));
 }
@@ -183,6 +183,12 @@ bool OdbcSession::isAlive()
     std::u16string text = u"SELECT 1";
     return SQL_SUCCEEDED(SQLExecDirectW(statement->get(), wide(text), static_cast<SQLINTEGER>(text.size()))) &&
            SQL_SUCCEEDED(SQLFetch(statement->get()));
+}
+
+void OdbcSession::checkRecords(const OdbcHandle &statement, bool hasSucceeded)
+{
+    const std::vector<DiagnosticRecord> records = statement.records();
+    if (!hasSucceeded || tellsFailure(records)) fail(records);
 }
 
 void OdbcSession::fail(const std::vector<DiagnosticRecord> &records)

@@ -51,6 +51,8 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<OdbcHandle> newStatement(std::int32_t timeout) const;
     [[nodiscard]] std::unique_ptr<OdbcHandle> run(const std::string &sql);
+    /// Behind a call that did not plainly succeed.
+    void checkRecords(const OdbcHandle &statement, bool hasSucceeded);
     void setAutoCommit(bool isOn);
     void endTransaction(std::int16_t how);
     /// Nothing of the open result may be left on the server when something else is asked of it.

@@ -75,16 +75,27 @@ RowBlock::Outcome RowBlock::fetch()
     m_fetched = 0;
     std::ranges::fill(m_status, static_cast<std::uint16_t>(SQL_ROW_NOROW));
     const SQLRETURN result = SQLFetch(m_statement.get());
-    if (result == SQL_NO_DATA) return Outcome::end;
+    if (result == SQL_NO_DATA) return endOfRows();
     if (result != SQL_SUCCESS) m_failure = m_statement.records();
     const std::size_t told = SQL_SUCCEEDED(result) ? std::min<std::size_t>(m_fetched, m_capacity) : m_capacity;
     const auto isGood = [](std::uint16_t status) {
         return status == SQL_ROW_SUCCESS || status == SQL_ROW_SUCCESS_WITH_INFO;
     };
     while (m_count < told && isGood(m_status[m_count])) ++m_count;
-    const bool isWhole = SQL_SUCCEEDED(result) && m_count == told;
+    const bool isWhole =
+        SQL_SUCCEEDED(result) && m_count == told && !(result != SQL_SUCCESS && tellsFailure(m_failure));
     if (!isWhole || (m_count > 0 && !readPieces())) return Outcome::failed;
     return Outcome::rows;
+}
+
+/// A failure behind the last row must not pass for the end: the rows would be too few without a word.
+RowBlock::Outcome RowBlock::endOfRows()
+{
+    if (SQLMoreResults(m_statement.get()) != SQL_ERROR) return Outcome::end;
+    m_failure = m_statement.records();
+    const bool isUnknownCall =
+        !m_failure.empty() && (m_failure[0].sqlState == "IM001" || m_failure[0].sqlState == "HYC00");
+    return isUnknownCall ? Outcome::end : Outcome::failed;
 }
 
 bool RowBlock::readPieces()

@@ -33,6 +33,7 @@ private:
         std::vector<std::intptr_t> lengths; ///< bytes of a value, or a negative mark for NULL
     };
     void bind(std::size_t column);
+    Outcome endOfRows();
     bool readPieces();
     bool readPiece(std::size_t column, Variant &value);
 

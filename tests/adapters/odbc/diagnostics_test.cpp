@@ -130,6 +130,13 @@ TEST_CASE("a failure without any record gets an entry of its own")
     CHECK(errors[0].Description == "the driver failed and told no reason");
 }
 
+TEST_CASE("a failure among warnings is one, warnings and notices alone are none")
+{
+    CHECK(tellsFailure({{"01000", 0, ""}, {"22012", 8134, ""}}));
+    CHECK_FALSE(tellsFailure({{"01000", 0, ""}, {"00000", 0, ""}}));
+    CHECK_FALSE(tellsFailure({}));
+}
+
 TEST_CASE("a lost connection is known by its state")
 {
     CHECK(tellsLostConnection({{"HY000", 0, ""}, {"08S01", 0, ""}}));

@@ -161,6 +161,40 @@ TEST_CASE("a connection that breaks fails the next statement, is not kept, and o
     CHECK(peer.logIns().size() == 2);
 }
 
+TEST_CASE("a failure and a break behind the first rows are told, and never pass for the end of the rows")
+{
+    struct Row {
+        const char *sql;
+        std::int32_t number;
+    };
+    for (const Row &row : {Row{"SELECT FAILING", -2147217900}, Row{"SELECT BREAKING", -2147467259}}) {
+        CAPTURE(std::string(row.sql));
+        const TdsPeer peer(TdsManner::willing);
+        const Session session(adoString(peer, "User ID=sa;Password=p"));
+        std::int32_t read = 0;
+        const RuntimeError error = errorOf([&] {
+            for (const auto rows = session.open(row.sql); !rows->isEndOfFile(); rows->MoveNext()) ++read;
+        });
+        CHECK(error.number() == row.number);
+        CHECK(read <= 2);
+        CHECK_FALSE(session.connection->Errors().empty());
+    }
+}
+
+TEST_CASE("a failure behind rows that were kept for a second statement waits for its row")
+{
+    const TdsPeer peer(TdsManner::willing);
+    const Session session(adoString(peer, "User ID=sa;Password=p"));
+    const auto rows = session.database->newRecordset();
+    const RuntimeError atOnce = errorOf(
+        [&] { rows->Open("SELECT FAILING", *session.connection, adOpenForwardOnly, adLockReadOnly, adCmdText); });
+    CHECK(session.value("SELECT 1") == Variant(std::int32_t{1}));
+    const RuntimeError later = errorOf([&] {
+        while (atOnce.number() == 0 && !rows->isEndOfFile()) rows->MoveNext();
+    });
+    CHECK((atOnce.number() == -2147217900) != (later.number() == -2147217900)); // told once, sooner or later
+}
+
 TEST_CASE("a value for a parameter that nobody gives is refused or told, never silent")
 {
     const TdsPeer peer(TdsManner::willing);

@@ -88,10 +88,21 @@ std::string refusal(const TdsLogIn &logIn)
            done(2, 0);
 }
 
-std::string oneRow()
+std::string numberColumn()
 {
-    const std::string columns = "\x81" + little(1, 2) + little(0, 4) + little(0, 2) + "\x26\x04" + counted("a", 1);
-    return columns + "\xD1\x04" + little(1, 4) + done(0x10, 1);
+    return "\x81" + little(1, 2) + little(0, 4) + little(0, 2) + "\x26\x04" + counted("a", 1);
+}
+
+std::string numberRow(std::uint32_t value)
+{
+    return "\xD1\x04" + little(value, 4);
+}
+
+std::string divisionError()
+{
+    return token('\xAA', little(8134, 4) + "\x01\x10" + counted("Divide by zero error encountered.", 2) +
+                             counted("PEER", 1) + counted("", 1) + little(1, 4)) +
+           done(2, 0);
 }
 
 TdsLogIn readLogIn(const std::string &payload)
@@ -216,7 +227,15 @@ bool TdsPeer::answer(int socket, std::uint8_t type, const std::string &payload)
     }
     if (type != kBatch) return send(socket, done(0, 0));
     m_statements.push_back(narrow(payload.substr(number(payload, 0, 4))));
-    return send(socket, m_statements.back().starts_with("SELECT") ? oneRow() : done(0, 0));
+    const std::string &statement = m_statements.back();
+    if (!statement.starts_with("SELECT")) return send(socket, done(0, 0));
+    if (statement.starts_with("SELECT BREAKING")) {
+        (void)send(socket, numberColumn() + numberRow(1) + numberRow(2));
+        return false;
+    }
+    if (statement.starts_with("SELECT FAILING"))
+        return send(socket, numberColumn() + numberRow(1) + numberRow(2) + divisionError());
+    return send(socket, numberColumn() + numberRow(1) + done(0x10, 1));
 }
 
 std::vector<TdsLogIn> TdsPeer::logIns() const
