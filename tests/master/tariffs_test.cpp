@@ -226,6 +226,21 @@ TEST_CASE("a record set that cannot be made ends in the same box after the sessi
     CHECK(logAtBox == Log{"connect 1", "disconnect 1"});
 }
 
+TEST_CASE("a run-time error before there is a session ends in the same box alone")
+{
+    struct NoFolder : FakeFiles {
+        std::string applicationFolder() override { throw RuntimeError(error_number::deviceIo); }
+    } files;
+    FakeWorld world;
+    const Platform platform{world.boxes,     world.windows, world.database, world.profile,   files,
+                            world.processes, world.clock,   world.locale,   world.automation};
+    App app(platform);
+    cls単価 fees(app);
+    CHECK(fees.iGetTanka("201904") == 0);
+    CHECK(world.boxes.shown == Boxes{readError("0", "0")});
+    CHECK(world.database.log.empty());
+}
+
 TEST_CASE("a period holds its first and its last month whole")
 {
     FeeTable world;
