@@ -12,7 +12,6 @@ namespace {
 constexpr const char *kPictureFile = "./zenrinCGI/zenrin.gif";
 /// What a place without a picture holds: a single zero byte.
 constexpr const char *kNoPicture = "0x00";
-constexpr const char *kPictureColumns[] = {"bAddr1", "bAddr2", "bAddr3"};
 constexpr std::size_t kPieceSize = 65536;
 
 /// What stands behind "でエラー" for the step of the opening that failed.
@@ -50,10 +49,13 @@ std::string insertMap(Site site, std::int32_t nIDNo, const std::array<std::strin
 std::string updateMap(Site site, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
 {
     std::string terms;
-    for (std::size_t place = 0; place < pictures.size(); ++place)
-        if (pictures[place] != kNoPicture)
-            terms +=
-                std::string(terms.empty() ? "      " : "      ,") + kPictureColumns[place] + " = " + pictures[place];
+    const auto add = [&terms](const char *column, const std::string &picture) {
+        if (picture != kNoPicture)
+            terms += std::string(terms.empty() ? "      " : "      ,") + column + " = " + picture;
+    };
+    add("bAddr1", pictures[0]);
+    add("bAddr2", pictures[1]);
+    add("bAddr3", pictures[2]);
     return "  UPDATE  RIYOUSHA_MAP  set " + terms +
            "      ,dTimeStamp = getdate()  WHERE nIDNo =" + std::to_string(nIDNo) +
            "  and iKyotenCd =" + std::to_string(site.iKyotenCd) + "  and iKyotenEb =" + std::to_string(site.iKyotenEb);

@@ -117,7 +117,7 @@ TEST_CASE("an update with no picture or an empty one is a faulty statement and l
 TEST_CASE("a picture of 20 MB in the current folder goes into the database whole and off the disk")
 {
     CurrentFolder folder;
-    constexpr std::size_t kSize = 20U * 1024U * 1024U;
+    constexpr std::size_t kSize = std::size_t{20} * 1024 * 1024;
     std::string bytes(kSize, '\0');
     for (std::size_t at = 0; at < kSize; ++at) bytes[at] = static_cast<char>((at * 7U + at / 256U) & 0xFFU);
     std::ofstream(folder.picture(), std::ios::binary) << bytes;

@@ -135,10 +135,9 @@ TEST_CASE("an update replaces the first picture only")
     MapWorld world;
     world.putPicture();
     CHECK(world.update(7) == iGood);
-    CHECK(world.database.log == Log{"connect 1", "begin 1",
-                                    "exec 1   UPDATE  RIYOUSHA_MAP  set       bAddr1 = 0x474946000AFF"
-                                    "      ,dTimeStamp = getdate()  WHERE nIDNo =7  and iKyotenCd =1  and iKyotenEb =2",
-                                    "commit 1", "disconnect 1"});
+    const char *sql = "exec 1   UPDATE  RIYOUSHA_MAP  set       bAddr1 = 0x474946000AFF"
+                      "      ,dTimeStamp = getdate()  WHERE nIDNo =7  and iKyotenCd =1  and iKyotenEb =2";
+    CHECK(world.database.log == Log{"connect 1", "begin 1", sql, "commit 1", "disconnect 1"});
     CHECK_FALSE(world.files.has(kPicture));
 }
 

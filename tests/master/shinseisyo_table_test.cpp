@@ -172,18 +172,20 @@ TEST_CASE("a system-wide claim form is inserted under branch 0, others under thi
 {
     struct Row {
         std::int32_t iPrintType;
-        const char *values;
+        const char *site;
+        const char *printType;
     };
     const std::string middle =
         "     ,5     ,'申請書.wfd'     ,'療養費支給申請書'     ,11     ,12     ,13     ,14     ,15"
         "     ,16     ,37     ,17     ,GetDate()     ,";
     for (const Row &given :
-         {Row{0, "      '0'     ,'0'"}, Row{1, "      '0'     ,'0'"}, Row{2, "      '1'     ,'2'"}}) {
+         {Row{0, "      '0'     ,'0'", "0"}, Row{1, "      '0'     ,'0'", "1"}, Row{2, "      '1'     ,'2'", "2"}}) {
         FormFixture forms;
         const cD_SHINSEISYO row = form(given.iPrintType);
         CHECK(forms->iDataInsert(&row, 0) == iGood);
-        CHECK(forms.database.log == Log{kInsertColumns + given.values + middle + std::to_string(given.iPrintType) +
-                                        "     ,18     ,19     ,20     ,21 ) "});
+        std::string sql = kInsertColumns;
+        sql.append(given.site).append(middle).append(given.printType).append("     ,18     ,19     ,20     ,21 ) ");
+        CHECK(forms.database.log == Log{sql});
     }
 }
 
