@@ -78,6 +78,9 @@ std::optional<Found> findFont(const std::string &family)
     FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
+    // The best match is mostly what is wanted, and costs a part of all fonts in order.
+    const PatternHandle best(FcFontMatch(nullptr, pattern.get(), &result));
+    if (best && hasTrueTypeOutlines(best.get())) return describe(best.get(), family);
     const SetHandle set(FcFontSort(nullptr, pattern.get(), FcFalse, nullptr, &result));
     if (!set) return std::nullopt;
     for (int i = 0; i < set->nfont; ++i)
