@@ -1,7 +1,7 @@
 #include "bench/bench_site.h"
 
-#include "adapters/posix/posix_platform.h"
 #include "adapters/sqlite/sqlite_database.h"
+#include "adapters/system/system_platform.h"
 #include "app/inin_site/site_maker.h"
 
 #include <fmt/format.h>
@@ -64,9 +64,9 @@ BenchSite::~BenchSite()
 
 struct BenchScreen::Parts {
     Parts(const fs::path &folder, std::unique_ptr<Database> own)
-        : database(own ? std::move(own) : embeddedIn(folder)), profile(makePosixProfile()),
-          files(makePosixFiles(folder.string())), processes(makePosixProcesses(unexpectedEnd)), clock(makePosixClock()),
-          locale(makePosixLocale()), automation(makeNoAutomation()),
+        : database(own ? std::move(own) : embeddedIn(folder)), profile(makeSystemProfile()),
+          files(makeSystemFiles(folder.string())), processes(makeSystemProcesses(unexpectedEnd)),
+          clock(makeSystemClock()), locale(makeSystemLocale()), automation(makeNoAutomation()),
           app(Platform{boxes, windows, *database, *profile, *files, *processes, *clock, *locale, *automation})
     {
     }

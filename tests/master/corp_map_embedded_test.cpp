@@ -1,6 +1,6 @@
 #include "master/corp_map.h"
 
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 #include "master/embedded_fixture.h"
 
 #include <algorithm>
@@ -123,8 +123,8 @@ TEST_CASE("a picture of 20 MB in the current folder goes into the database whole
     std::ofstream(folder.picture(), std::ios::binary) << bytes;
 
     MapOfSite world;
-    const std::unique_ptr<Files> files = makePosixFiles(folder.path());
-    const std::unique_ptr<Profile> profile = makePosixProfile();
+    const std::unique_ptr<Files> files = makeSystemFiles(folder.path());
+    const std::unique_ptr<Profile> profile = makeSystemProfile();
     std::ofstream(folder.path() + "/adodb.ini", std::ios::binary) << world.files.bytes("C:\\SUITE\\adodb.ini");
     const Platform platform{world.boxes, world.windows, world.embedded.database, *profile, *files, world.processes,
                             world.clock, world.locale,  world.automation};

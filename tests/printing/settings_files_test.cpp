@@ -1,5 +1,5 @@
-#include "adapters/posix/posix_platform.h"
 #include "adapters/posix/temp_folder.h"
+#include "adapters/system/system_platform.h"
 #include "printing/print_form.h"
 #include "support/fake_platform.h"
 
@@ -16,8 +16,8 @@ struct FilesFixture {
     TempFolder folder;
     CurrentFolder current{folder.path()};
     FakeWorld world;
-    std::unique_ptr<Files> files = makePosixFiles(folder.path());
-    std::unique_ptr<Profile> profile = makePosixProfile();
+    std::unique_ptr<Files> files = makeSystemFiles(folder.path());
+    std::unique_ptr<Profile> profile = makeSystemProfile();
     App app{Platform{world.boxes, world.windows, world.database, *profile, *files, world.processes, world.clock,
                      world.locale, world.automation}};
     frmPrintInin form{app};

@@ -49,7 +49,7 @@ public:
     explicit OtherProgram(const fs::path &database)
     {
         sqlite3 *db = nullptr;
-        REQUIRE(sqlite3_open(database.c_str(), &db) == SQLITE_OK);
+        REQUIRE(sqlite3_open(database.string().c_str(), &db) == SQLITE_OK);
         m_db.reset(db);
         REQUIRE(sqlite3_exec(db, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) == SQLITE_OK);
     }
@@ -96,7 +96,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a table that goes while the screen is open fail
     driver.onCommand = [&](std::size_t command) {
         if (command != printing()) return;
         sqlite3 *db = nullptr;
-        REQUIRE(sqlite3_open(site.at("site.db").c_str(), &db) == SQLITE_OK);
+        REQUIRE(sqlite3_open(site.at("site.db").string().c_str(), &db) == SQLITE_OK);
         CHECK(sqlite3_exec(db, "DROP TABLE RIYOUSHA_SUB", nullptr, nullptr, nullptr) == SQLITE_OK);
         sqlite3_close(db);
     };

@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <fstream>
 
+#ifndef _WIN32
 #include <sys/wait.h>
+#endif
 
 using namespace inin;
 

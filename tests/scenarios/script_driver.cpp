@@ -1,8 +1,8 @@
 #include "scenarios/script_driver.h"
 
-#include "adapters/posix/posix_platform.h"
 #include "adapters/script/script_player.h"
 #include "adapters/sqlite/sqlite_database.h"
+#include "adapters/system/system_platform.h"
 #include "shell/start.h"
 
 #include <filesystem>

@@ -1,6 +1,7 @@
 #include "scenarios/temporary_site.h"
 
 #include "adapters/posix/code_page_932.h"
+#include "runtime/file_path.h"
 
 #include <sqlite3.h>
 
@@ -45,7 +46,7 @@ public:
     explicit SiteDatabase(const fs::path &path)
     {
         sqlite3 *database = nullptr;
-        const int result = sqlite3_open(path.c_str(), &database);
+        const int result = sqlite3_open(path.string().c_str(), &database);
         m_database.reset(database);
         if (result != SQLITE_OK) throw std::runtime_error("cannot make " + path.string());
         // Nothing of a play outlives it: waiting for the disk would make up most of its time.
@@ -109,7 +110,7 @@ fs::path TemporarySite::at(const std::string &suitePath) const
 {
     std::string path = suitePath;
     std::ranges::replace(path, '\\', '/');
-    return m_folder / path;
+    return m_folder / pathOf(path);
 }
 
 void TemporarySite::fill(const fs::path &source)

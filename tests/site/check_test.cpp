@@ -1,5 +1,6 @@
 #include "adapters/posix/code_page_932.h"
 #include "app/inin_site/site_check.h"
+#include "runtime/file_path.h"
 #include "site/scratch_site.h"
 
 #include <doctest/doctest.h>
@@ -174,10 +175,10 @@ TEST_CASE("an entry of 帳票Format.ini takes the place of the three form docume
 {
     const SoundSite site;
     for (const char *form : kForms) fs::remove(site.path() / "SYS" / form);
-    write(site.path() / "DATA" / "帳票Format.ini", encodeCp932("[委任状]\r\n委任状=別の帳票.wfd\r\n"));
+    write(site.path() / "DATA" / inin::pathOf("帳票Format.ini"), encodeCp932("[委任状]\r\n委任状=別の帳票.wfd\r\n"));
     CHECK(site.check() == site::Findings{"帳票「別の帳票.wfd」がフォルダー「\\SYS」にありません。"});
 
-    write(site.path() / "SYS" / "別の帳票.wfd", "form");
+    write(site.path() / "SYS" / inin::pathOf("別の帳票.wfd"), "form");
     CHECK(site.check().empty());
 }
 

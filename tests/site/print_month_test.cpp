@@ -1,5 +1,6 @@
 #include "adapters/posix/code_page_932.h"
 #include "adapters/script/script_player.h"
+#include "runtime/file_path.h"
 #include "site/site_play.h"
 
 #include <doctest/doctest.h>
@@ -53,6 +54,6 @@ TEST_CASE("the scenario of a month's print fills both lists at the start and sto
 {
     const PrintMonth play;
     CHECK(play.linesWith("\"event\":\"sql\"").size() == 4); // company, staff, insurance kinds, letters
-    CHECK(decodeCp932(bytesOf(play.at("DATA") / "印刷設定.ini")) ==
+    CHECK(decodeCp932(bytesOf(play.at("DATA") / pathOf("印刷設定.ini"))) ==
           "[委任状]\r\n対象期間=1\r\n対象データ=1\r\n表示期間=1\r\n受任者=1\r\n帳票種類=0\r\n署名日=0\r\n");
 }

@@ -1,5 +1,6 @@
 #include "adapters/posix/code_page_932.h"
 #include "adapters/script/script_player.h"
+#include "runtime/file_path.h"
 #include "site/site_play.h"
 
 #include <doctest/doctest.h>
@@ -62,6 +63,6 @@ TEST_CASE(
 TEST_CASE("the scenario of a staff member's day stores its options")
 {
     const PrintStaffDay play;
-    CHECK(decodeCp932(bytesOf(play.at("DATA") / "印刷設定.ini")) ==
+    CHECK(decodeCp932(bytesOf(play.at("DATA") / pathOf("印刷設定.ini"))) ==
           "[委任状]\r\n対象期間=2\r\n対象データ=2\r\n表示期間=1\r\n受任者=2\r\n帳票種類=0\r\n署名日=0\r\n");
 }

@@ -21,7 +21,7 @@ struct Close {
 std::unique_ptr<sqlite3, Close> open(const fs::path &file)
 {
     sqlite3 *database = nullptr;
-    if (sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+    if (sqlite3_open_v2(file.string().c_str(), &database, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
         throw std::runtime_error("no database");
     }
     return std::unique_ptr<sqlite3, Close>{database};

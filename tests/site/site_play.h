@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/file_path.h"
 #include "site/scratch_site.h"
 
 #include <filesystem>
@@ -22,7 +23,7 @@ public:
     [[nodiscard]] bool tells(const std::string &text) const;
     /// The transcript's lines with this text, in order.
     [[nodiscard]] std::vector<std::string> linesWith(const std::string &text) const;
-    [[nodiscard]] std::string csv() const { return bytesOf(at("TMP") / "委任状.csv"); }
+    [[nodiscard]] std::string csv() const { return bytesOf(at("TMP") / pathOf("委任状.csv")); }
     [[nodiscard]] std::filesystem::path at(const std::string &name) const { return m_folder.path() / name; }
 
 private:

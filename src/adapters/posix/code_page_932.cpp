@@ -6,7 +6,11 @@
 #include <memory>
 #include <stdexcept>
 
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <iconv.h>
+#endif
 
 namespace inin {
 
@@ -35,17 +39,29 @@ struct Twin {
 };
 constexpr Twin kTwins[] = {{0x2014, 0x2015}, {0x2016, 0x2225}, {0x2212, 0xFF0D}, {0x301C, 0xFF5E}};
 
-class Iconv {
+#ifdef _WIN32
+/// The system's own code page 932, which need not be its ANSI code page.
+class SystemTable {
 public:
-    Iconv() : m_descriptor(iconv_open("UTF-16LE", "CP932"))
+    [[nodiscard]] char16_t unit(const char *bytes, std::size_t size) const
+    {
+        wchar_t out[2] = {};
+        const int count = MultiByteToWideChar(932, MB_ERR_INVALID_CHARS, bytes, static_cast<int>(size), out, 2);
+        return count == 1 ? static_cast<char16_t>(out[0]) : u'\0';
+    }
+};
+#else
+class SystemTable {
+public:
+    SystemTable() : m_descriptor(iconv_open("UTF-16LE", "CP932"))
     {
         // iconv reports a failure as a pointer of all ones.
         if (reinterpret_cast<std::intptr_t>(m_descriptor) == -1)
             throw std::runtime_error("the system's iconv has no code page 932");
     }
-    Iconv(const Iconv &) = delete;
-    Iconv &operator=(const Iconv &) = delete;
-    ~Iconv() { iconv_close(m_descriptor); }
+    SystemTable(const SystemTable &) = delete;
+    SystemTable &operator=(const SystemTable &) = delete;
+    ~SystemTable() { iconv_close(m_descriptor); }
 
     /// The one UTF-16 unit of these bytes, 0 when they are no character.
     char16_t unit(char *bytes, std::size_t size) const
@@ -61,6 +77,7 @@ public:
 private:
     iconv_t m_descriptor;
 };
+#endif
 
 struct Tables {
     std::array<char16_t, 0x100> single{};      ///< 0: no character of one byte
@@ -69,27 +86,27 @@ struct Tables {
 
     Tables()
     {
-        const Iconv iconv;
+        const SystemTable system;
         for (unsigned byte = 1; byte < 0x100; ++byte) {
             char in[] = {static_cast<char>(byte)};
-            // What iconv makes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
+            // What becomes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
             const bool kana = byte >= 0xA1 && byte <= 0xDF;
-            if (byte < 0x80 || kana) add(iconv.unit(in, 1), byte, single[byte]);
+            if (byte < 0x80 || kana) add(system.unit(in, 1), byte, single[byte]);
         }
         for (unsigned lead = 0x81; lead <= 0xFC; ++lead)
             if (isCp932Lead(static_cast<unsigned char>(lead)))
                 for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
-                    if (isTrail(static_cast<unsigned char>(trail))) addPair(iconv, lead, trail);
+                    if (isTrail(static_cast<unsigned char>(trail))) addPair(system, lead, trail);
         for (const Twin &twin : kTwins)
             if (code[twin.twin] == 0) code[twin.twin] = code[twin.own];
     }
 
 private:
-    void addPair(const Iconv &iconv, unsigned lead, unsigned trail)
+    void addPair(const SystemTable &system, unsigned lead, unsigned trail)
     {
         char in[] = {static_cast<char>(lead), static_cast<char>(trail)};
         const unsigned both = lead << 8 | trail;
-        add(iconv.unit(in, 2), both, pair[both]);
+        add(system.unit(in, 2), both, pair[both]);
     }
     void add(char16_t unit, unsigned bytes, char16_t &place)
     {

@@ -5,7 +5,7 @@
 
 namespace inin {
 
-// Code page 932 by tables that are built once from iconv. A character goes out only when it comes back the same;
+// Code page 932 by tables that are built once from the system's own. A character goes out only when it comes back the same;
 // besides, "―", "‖", "−", "～" and their Unicode twins U+2014, U+2016, U+2212, U+301C go out as the code page's own.
 
 /// A character that the code page lacks becomes "?"; a sequence that is no UTF-8 too.

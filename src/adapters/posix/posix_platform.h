@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/common/no_automation.h"
 #include "platform/platform.h"
 
 #include <functional>
@@ -21,7 +22,5 @@ namespace inin {
 [[nodiscard]] std::unique_ptr<Locale> makePosixLocale();
 /// `end` must not come back: it is what the end statement does in this program.
 [[nodiscard]] std::unique_ptr<Processes> makePosixProcesses(std::function<void()> end);
-/// An Automation that knows no program id: error 429.
-[[nodiscard]] std::unique_ptr<Automation> makeNoAutomation();
 
 } // namespace inin

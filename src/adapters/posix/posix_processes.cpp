@@ -1,3 +1,4 @@
+#include "adapters/common/web_address.h"
 #include "adapters/posix/command_line.h"
 #include "adapters/posix/posix_io.h"
 #include "adapters/posix/posix_platform.h"
@@ -63,11 +64,6 @@ bool spawn(const std::string &program, std::vector<std::string> arguments)
     return readUpTo(reading, sizeof(int), report) && report.empty();
 }
 
-bool isWebAddress(std::string_view address)
-{
-    return address.starts_with("http://") || address.starts_with("https://");
-}
-
 class PosixProcesses : public Processes {
 public:
     explicit PosixProcesses(std::function<void()> end) : m_end(std::move(end)) {}
@@ -81,7 +77,6 @@ public:
 
     void openAddress(const std::string &address) override
     {
-        // An address comes from a file of the site: nothing but a web page may be opened by it.
         if (!isWebAddress(address)) return;
         if (const auto opener = findProgram("xdg-open")) (void)spawn(*opener, {address}); // the result is not told
     }

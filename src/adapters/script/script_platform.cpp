@@ -1,7 +1,7 @@
 #include "adapters/script/script_platform.h"
 
-#include "adapters/posix/posix_platform.h"
 #include "adapters/script/script_clock.h"
+#include "adapters/system/system_platform.h"
 
 #include <stdexcept>
 
@@ -43,7 +43,7 @@ namespace {
 std::unique_ptr<Clock> makeClock(const ScriptOptions &options)
 {
     if (options.now) return std::make_unique<StandingClock>(*options.now);
-    return makePosixClock();
+    return makeSystemClock();
 }
 
 /// Only starts and the computer's name are asked of the system's processes; the end belongs to the play.
@@ -56,9 +56,9 @@ std::unique_ptr<Clock> makeClock(const ScriptOptions &options)
 
 ScriptPlatform::ScriptPlatform(const ScriptOptions &options, Transcript &transcript, CommandReader &commands,
                                Database &database)
-    : m_profile(makePosixProfile()), m_files(makePosixFiles(options.applicationFolder)), m_clock(makeClock(options)),
-      m_locale(makePosixLocale()), m_automation(makeNoAutomation()), m_database(database, transcript),
-      m_boxes(transcript), m_processes(transcript, makePosixProcesses(endOfAnother), options.startProcesses),
+    : m_profile(makeSystemProfile()), m_files(makeSystemFiles(options.applicationFolder)), m_clock(makeClock(options)),
+      m_locale(makeSystemLocale()), m_automation(makeNoAutomation()), m_database(database, transcript),
+      m_boxes(transcript), m_processes(transcript, makeSystemProcesses(endOfAnother), options.startProcesses),
       m_windows(transcript, commands, *m_files, m_locale->regional())
 {
 }

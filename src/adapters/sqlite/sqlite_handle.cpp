@@ -5,6 +5,7 @@
 #include "adapters/sqlite/sql_translator.h"
 #include "adapters/sqlite/sqlite_error.h"
 #include "adapters/sqlite/sqlite_functions.h"
+#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 
 #include <sqlite3.h>
@@ -30,7 +31,7 @@ bool isDatabaseFile(const std::string &path, bool &isEmpty)
 {
     constexpr std::string_view kHeader("SQLite format 3\0", 16);
     std::array<char, 16> start{};
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(pathOf(path), std::ios::binary);
     file.read(start.data(), start.size());
     isEmpty = file.gcount() == 0;
     return std::string_view(start.data(), static_cast<std::size_t>(file.gcount())) == kHeader;

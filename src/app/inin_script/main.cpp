@@ -1,10 +1,13 @@
-#include "adapters/posix/posix_platform.h"
+#include "adapters/common/program_edges.h"
 #include "adapters/script/script_player.h"
+#include "adapters/system/system_platform.h"
 #include "app/suite_database/suite_database.h"
+#include "runtime/file_path.h"
 #include "shell/start.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
@@ -18,9 +21,15 @@ constexpr int kBadCommandLine = 2;
 std::function<std::string(const std::string &)> dataSourceIn(const std::string &folder)
 {
     return [folder](const std::string &dataSource) {
-        const bool absolute = dataSource.starts_with('/') || dataSource.starts_with('\\');
-        return posixPath(absolute ? dataSource : folder + "/" + dataSource);
+        return systemPath(isAbsolutePath(dataSource) ? dataSource : folder + "/" + dataSource);
     };
+}
+
+/// What is wrong with the folder of a command line, empty when it is there.
+std::string existingFolder(const std::string &folder)
+{
+    std::error_code error;
+    return std::filesystem::is_directory(pathOf(folder), error) ? std::string() : "Directory does not exist: " + folder;
 }
 
 int play(const ScriptOptions &options)
@@ -38,15 +47,19 @@ int play(const ScriptOptions &options)
 
 int main(int argc, char **argv)
 try {
-    CLI::App line{"Plays the conditions screen from commands, one JSON object a line, without a window."};
+    inin::useUtf8Streams();
+    CLI::App line{"Plays the conditions screen from commands, one JSON object a line, without a window.",
+                  "inin-script"};
     std::string folder;
     std::string now;
     inin::ScriptOptions options;
-    line.add_option("--app", folder, "application folder")->required()->check(CLI::ExistingDirectory);
+    line.add_option("--app", folder, "application folder")->required()->check(inin::existingFolder);
     line.add_option("--now", now, "moment at which the clock stands still, \"YYYY-MM-DD HH:MM:SS\"");
     line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
     try {
-        line.parse(argc, argv);
+        std::vector<std::string> arguments = inin::programArguments(argc, argv);
+        std::ranges::reverse(arguments); // the reader takes them from the back
+        line.parse(std::move(arguments));
     } catch (const CLI::ParseError &error) {
         return line.exit(error) == 0 ? 0 : inin::kBadCommandLine;
     }
@@ -54,7 +67,7 @@ try {
         std::cerr << "--now: \"" << now << "\" is no moment of the form YYYY-MM-DD HH:MM:SS\n";
         return inin::kBadCommandLine;
     }
-    options.applicationFolder = std::filesystem::canonical(folder).string();
+    options.applicationFolder = inin::textOf(std::filesystem::canonical(inin::pathOf(folder)));
     return inin::play(options);
 } catch (const std::exception &fault) {
     std::cerr << fault.what() << '\n';

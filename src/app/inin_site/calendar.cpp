@@ -1,5 +1,7 @@
 #include "app/inin_site/calendar.h"
 
+#include "adapters/system/system_platform.h"
+
 #include <fmt/format.h>
 
 #include <ctime>
@@ -46,10 +48,8 @@ std::optional<YearMonth> yearMonthFromText(std::string_view text)
 
 YearMonth currentMonth()
 {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return std::chrono::year{local.tm_year + 1900} / std::chrono::month{static_cast<unsigned>(local.tm_mon + 1)};
+    const DateParts now = inin::partsOf(makeSystemClock()->now());
+    return std::chrono::year{now.year} / std::chrono::month{static_cast<unsigned>(now.month)};
 }
 
 std::string yearMonthText(YearMonth month)

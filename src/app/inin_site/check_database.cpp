@@ -1,11 +1,12 @@
 #include "app/inin_site/site_check.h"
 
 #include "adapters/posix/code_page_932.h"
-#include "adapters/posix/posix_platform.h"
 #include "adapters/posix/profile_text.h"
+#include "adapters/system/system_platform.h"
 #include "app/inin_site/schema.h"
 #include "app/suite_database/suite_database.h"
 #include "runtime/conversion.h"
+#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
 
@@ -47,8 +48,8 @@ std::optional<std::string> connectionText(const fs::path &folder, Findings &find
 /// A data source is found from the site's folder, which the program makes its current one.
 std::string pathFrom(const fs::path &folder, const std::string &path)
 {
-    const std::string real = posixPath(path);
-    return real.starts_with('/') ? real : posixPath((folder / real).string());
+    const std::string real = systemPath(path);
+    return isAbsolutePath(real) ? real : systemPath(textOf(folder / pathOf(real)));
 }
 
 /// A connected database and the checks on it.

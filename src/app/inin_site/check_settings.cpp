@@ -1,8 +1,9 @@
 #include "app/inin_site/site_check.h"
 
 #include "adapters/posix/code_page_932.h"
-#include "adapters/posix/posix_platform.h"
 #include "adapters/posix/profile_text.h"
+#include "adapters/system/system_platform.h"
+#include "runtime/file_path.h"
 #include "runtime/text.h"
 
 #include <fmt/format.h>
@@ -50,13 +51,13 @@ std::optional<std::string> valueOf(const Settings &settings, const std::string &
 bool isThere(const fs::path &path)
 {
     std::error_code error;
-    return fs::exists(posixPath(path.string()), error);
+    return fs::exists(pathOf(systemPath(textOf(path))), error);
 }
 
 /// The folder as the program joins it, without a separator between the parts.
 fs::path joined(const fs::path &folder, const std::string &value)
 {
-    return posixPath(folder.string() + value);
+    return pathOf(systemPath(textOf(folder) + value));
 }
 
 bool isAllDigits(std::string_view text)
@@ -96,7 +97,7 @@ void checkWallpaper(const fs::path &folder, const Settings &settings, Findings &
     const auto value = valueOf(settings, "WALLPAPER", findings);
     const auto icon = settings.find("SYSTEM_ICON");
     if (!value || icon == settings.end()) return;
-    if (!readSiteFile(joined(folder, icon->second) / *value)) {
+    if (!readSiteFile(joined(folder, icon->second) / pathOf(*value))) {
         findings.push_back(fmt::format("Massage.ini の項目「WALLPAPER」の画像「{}」がありません。", *value));
     }
 }
@@ -129,14 +130,14 @@ void checkForms(const fs::path &folder, const Settings &settings, Findings &find
     if (sys == settings.end()) return;
     std::vector<std::string> forms(std::begin(kForms), std::end(kForms));
     const auto format =
-        data == settings.end() ? std::nullopt : readSiteFile(joined(folder, data->second) / "帳票Format.ini");
+        data == settings.end() ? std::nullopt : readSiteFile(joined(folder, data->second) / pathOf("帳票Format.ini"));
     if (format) {
         const std::string name = encodeCp932("委任状");
         const std::string form = rtrim(decodeCp932(profileString(*format, name, name, "", 256)));
         if (!form.empty()) forms = {form};
     }
     for (const std::string &form : forms) {
-        if (!isThere(joined(folder, sys->second) / form)) {
+        if (!isThere(joined(folder, sys->second) / pathOf(form))) {
             findings.push_back(fmt::format("帳票「{}」がフォルダー「{}」にありません。", form, sys->second));
         }
     }

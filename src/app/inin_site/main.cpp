@@ -1,13 +1,17 @@
+#include "adapters/common/program_edges.h"
 #include "app/inin_site/options.h"
 #include "app/inin_site/server_maker.h"
 #include "app/inin_site/site_check.h"
 #include "app/inin_site/site_files.h"
+#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 
 #include <fmt/format.h>
 
 #include <cstdio>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace inin::site {
 
@@ -33,8 +37,9 @@ void makeServer(const MakeCommand &command)
 std::filesystem::path formViewerBeside()
 {
     std::error_code error;
-    const auto viewer = std::filesystem::read_symlink("/proc/self/exe", error).replace_filename("formviewer");
-    return !error && std::filesystem::exists(viewer, error) ? viewer : std::filesystem::path();
+    const std::filesystem::path self = programFile();
+    const auto viewer = self.parent_path() / "formviewer";
+    return !self.empty() && std::filesystem::exists(viewer, error) ? viewer : std::filesystem::path();
 }
 
 struct Run {
@@ -47,7 +52,7 @@ struct Run {
         makeSite(command.folder, command.order, command.overwrite, formViewerBeside());
         if (!connection.empty()) writeFile(command.folder / "adodb.ini", connection);
         printLine(stdout,
-                  fmt::format("見本サイト「{}」を作りました。（利用者{}人、対象月{}、種{}）", command.folder.string(),
+                  fmt::format("見本サイト「{}」を作りました。（利用者{}人、対象月{}、種{}）", textOf(command.folder),
                               command.order.patients, yearMonthText(command.order.month), command.order.seed));
         return kDone;
     }
@@ -76,7 +81,11 @@ struct Run {
 
 int main(int argc, char **argv)
 try {
-    return std::visit(inin::site::Run{}, inin::site::readCommandLine(argc, argv));
+    inin::useUtf8Streams();
+    const std::vector<std::string> words = inin::programArguments(argc, argv);
+    std::vector<const char *> line = {"inin-site"};
+    for (const std::string &word : words) line.push_back(word.c_str());
+    return std::visit(inin::site::Run{}, inin::site::readCommandLine(static_cast<int>(line.size()), line.data()));
 } catch (const inin::RuntimeError &error) {
     fmt::print(stderr, "{}\n", error.description());
     return 1;

@@ -1,4 +1,5 @@
 #include "app/inin_site/options.h"
+#include "runtime/file_path.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -40,7 +41,8 @@ BadCommand badLine(std::string_view what)
 
 Command makeCommand(const Given &given)
 {
-    MakeCommand command{given.folder, given.into, {}, given.force ? Overwrite::anyFolder : Overwrite::onlyOwnFolder};
+    MakeCommand command{
+        pathOf(given.folder), given.into, {}, given.force ? Overwrite::anyFolder : Overwrite::onlyOwnFolder};
     const auto patients = wholeNumber<std::int64_t>(given.patients);
     if (!patients || *patients < 1 || *patients > kMostPatients) {
         return BadCommand{fmt::format("--patients には1から{}までの人数を指定してください。", kMostPatients)};
@@ -90,7 +92,7 @@ Command readCommandLine(int argc, const char *const *argv)
     if (given.folder.empty() && (needsFolder || folder->count() > 0))
         return BadCommand{"フォルダーを指定してください。"};
     if (make->parsed()) return makeCommand(given);
-    return CheckCommand{given.folder};
+    return CheckCommand{pathOf(given.folder)};
 }
 
 } // namespace inin::site

@@ -1,6 +1,7 @@
 #include "app/inin_site/site_check.h"
 
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
+#include "runtime/file_path.h"
 
 #include <fmt/format.h>
 
@@ -11,7 +12,7 @@ namespace inin::site {
 
 std::optional<std::string> readSiteFile(const std::filesystem::path &path)
 {
-    const std::string real = posixPath(path.string());
+    const std::filesystem::path real = pathOf(systemPath(textOf(path)));
     std::error_code error;
     if (!std::filesystem::is_regular_file(real, error)) return std::nullopt;
     std::ifstream file(real, std::ios::binary);
@@ -24,7 +25,7 @@ Findings checkSite(const std::filesystem::path &folder)
     Findings findings;
     std::error_code error;
     if (!std::filesystem::is_directory(folder, error)) {
-        findings.push_back(fmt::format("フォルダー「{}」がありません。", folder.string()));
+        findings.push_back(fmt::format("フォルダー「{}」がありません。", textOf(folder)));
         return findings;
     }
     const std::optional<Branch> branch = checkSettings(folder, findings);

@@ -2,6 +2,7 @@
 
 #include "adapters/posix/code_page_932.h"
 #include "app/inin_site/embedded.h"
+#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 
 #include <fmt/format.h>
@@ -77,7 +78,7 @@ void writeStandIn(const fs::path &path, std::string_view text)
     fs::permissions(path, kRun, fs::perm_options::add, error);
     if (error) {
         throw RuntimeError(error_number::permissionDenied,
-                           fmt::format("ファイル「{}」を実行できるようにできません。", path.string()));
+                           fmt::format("ファイル「{}」を実行できるようにできません。", textOf(path)));
     }
 }
 
@@ -99,7 +100,7 @@ void makeFolder(const fs::path &path)
     std::error_code error;
     fs::create_directories(path, error);
     if (error) {
-        throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", path.string()));
+        throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", textOf(path)));
     }
 }
 
@@ -111,7 +112,7 @@ void writeFile(const fs::path &path, std::string_view bytes)
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();
     if (!file) {
-        throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", path.string()));
+        throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", textOf(path)));
     }
 }
 
@@ -125,7 +126,7 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / kWallpaperFile, wallpaper());
-    for (const Form &form : kForms) writeFile(folder / "SYS" / form.name, form.text());
+    for (const Form &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
     writeStandIn(folder / kMenu, menuStandIn());
     for (const std::string_view tool : kFormTools) writeFormTool(folder / tool, formViewer);
 }

@@ -2,6 +2,7 @@
 
 #include "app/inin_site/database_maker.h"
 #include "app/inin_site/site_files.h"
+#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 
 #include <fmt/format.h>
@@ -21,7 +22,7 @@ void refuseForeignFolder(const fs::path &folder)
         error_number::pathAccess,
         fmt::format("「{}」は空のフォルダーでも inin-site が作ったフォルダーでもないので、何も書き込みませんでした。"
                     "上書きするときは --force を付けてください。",
-                    folder.string()));
+                    textOf(folder)));
 }
 
 /// The database takes its name when it is whole, so a make that breaks off leaves the old one.
@@ -32,11 +33,11 @@ void replaceDatabase(const fs::path &folder, const SiteOrder &order)
     unfinished += ".new";
     std::error_code error;
     fs::remove(unfinished, error);
-    makeDatabase(unfinished.string(), order);
+    makeDatabase(textOf(unfinished), order);
     fs::rename(unfinished, target, error);
     if (error) {
         throw RuntimeError(error_number::pathAccess,
-                           fmt::format("データベース「{}」を置き換えられません。", target.string()));
+                           fmt::format("データベース「{}」を置き換えられません。", textOf(target)));
     }
 }
 

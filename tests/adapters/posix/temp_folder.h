@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/file_path.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -33,15 +35,15 @@ public:
     /// Writes a file and gives its path.
     std::string put(const std::string &name, const std::string &bytes) const
     {
-        std::ofstream(*this / name, std::ios::binary) << bytes;
+        std::ofstream(pathOf(*this / name), std::ios::binary) << bytes;
         return *this / name;
     }
     [[nodiscard]] std::string bytes(const std::string &name) const
     {
-        std::ifstream file(*this / name, std::ios::binary);
+        std::ifstream file(pathOf(*this / name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    [[nodiscard]] bool has(const std::string &name) const { return std::filesystem::exists(*this / name); }
+    [[nodiscard]] bool has(const std::string &name) const { return std::filesystem::exists(pathOf(*this / name)); }
     [[nodiscard]] std::size_t entries() const
     {
         return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_path), {}));

@@ -1,4 +1,4 @@
-#include "adapters/posix/posix_platform.h"
+#include "adapters/common/no_automation.h"
 #include "runtime/runtime_error.h"
 
 namespace inin {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace inin {
+
+/// What the runtime calls an error number of the system that came of the file at `path`.
+[[nodiscard]] std::int32_t fileErrorNumber(std::uint32_t systemError, const std::wstring &path);
+/// Raises it.
+[[noreturn]] void failFile(std::uint32_t systemError, const std::wstring &path);
+
+[[nodiscard]] bool isWin32Folder(const std::wstring &path);
+/// True for anything there that is no folder.
+[[nodiscard]] bool isWin32File(const std::wstring &path);
+
+} // namespace inin

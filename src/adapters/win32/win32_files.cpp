@@ -1,0 +1,203 @@
+#include "adapters/win32/win32_error.h"
+#include "adapters/win32/win32_handle.h"
+#include "adapters/win32/win32_path.h"
+#include "adapters/win32/win32_platform.h"
+#include "adapters/win32/win32_text.h"
+#include "runtime/runtime_error.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace inin {
+
+namespace {
+
+constexpr std::size_t kBufferSize = 65536;
+/// A reader of ours never keeps the form tool from its files, nor the form tool us.
+constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE;
+
+/// The system's path of a file that is to be opened or deleted. The marks of a search and the other signs that no name
+/// holds are refused before the system would take them; a colon behind a drive names a stream, so it passes there only.
+std::wstring filePath(const std::string &path)
+{
+    const std::string name = path.substr(path.find_last_of("\\/") + 1);
+    if (path.empty() || path.find('\0') != std::string::npos || name.find_first_of("*?\"<>|") != std::string::npos)
+        throw RuntimeError(error_number::badFileName);
+    if (name.empty()) throw RuntimeError(error_number::pathAccess);
+    return widePath(path);
+}
+
+bool isReadOnly(const std::wstring &path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+class Win32Output : public OutputFile {
+public:
+    Win32Output(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
+    ~Win32Output() override
+    {
+        if (m_file.isOpen()) (void)flush(); // nobody is left to hear of a failure
+    }
+
+    void write(std::string_view bytes) override
+    {
+        m_buffer += bytes;
+        if (m_buffer.size() >= kBufferSize && !flush()) failFile(GetLastError(), m_path);
+    }
+
+    void close() override
+    {
+        if (!m_file.isOpen()) return;
+        const DWORD writeError = flush() ? ERROR_SUCCESS : GetLastError();
+        const DWORD closeError = m_file.close() ? ERROR_SUCCESS : GetLastError();
+        if (writeError != ERROR_SUCCESS || closeError != ERROR_SUCCESS)
+            failFile(writeError != ERROR_SUCCESS ? writeError : closeError, m_path);
+    }
+
+private:
+    /// What failed once is not tried again: the file stays as far as it was written.
+    bool flush()
+    {
+        const std::string bytes = std::exchange(m_buffer, {});
+        for (std::size_t at = 0; at < bytes.size();) {
+            const auto size = static_cast<DWORD>(std::min(bytes.size() - at, kBufferSize));
+            DWORD written = 0;
+            if (WriteFile(m_file.get(), bytes.data() + at, size, &written, nullptr) == 0) return false;
+            at += written;
+        }
+        return true;
+    }
+
+    Win32FileHandle m_file;
+    std::wstring m_path;
+    std::string m_buffer;
+};
+
+class Win32Input : public InputFile {
+public:
+    Win32Input(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
+
+    std::string read(std::size_t size) override
+    {
+        std::string bytes(size, '\0');
+        std::size_t filled = 0;
+        for (DWORD got = 1; filled < size && got > 0; filled += got) {
+            const auto wanted = static_cast<DWORD>(std::min(size - filled, kBufferSize));
+            if (ReadFile(m_file.get(), bytes.data() + filled, wanted, &got, nullptr) == 0)
+                failFile(GetLastError(), m_path);
+        }
+        bytes.resize(filled);
+        return bytes;
+    }
+
+private:
+    Win32FileHandle m_file;
+    std::wstring m_path;
+};
+
+struct CloseSearch {
+    void operator()(void *search) const { FindClose(search); }
+};
+
+/// The first name that the system lists for the pattern and that an ordinary file bears.
+std::wstring firstOrdinaryFile(const std::wstring &pattern)
+{
+    constexpr DWORD unordinary = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(pattern.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return {};
+    const std::unique_ptr<void, CloseSearch> owned(search);
+    do {
+        if ((found.dwFileAttributes & unordinary) == 0) return found.cFileName;
+    } while (FindNextFileW(search, &found) != 0);
+    return {};
+}
+
+class Win32Files : public Files {
+public:
+    explicit Win32Files(std::string applicationFolder) : m_applicationFolder(std::move(applicationFolder))
+    {
+        // The root of a drive keeps its separator: "C:" alone would be the drive's current folder.
+        while (m_applicationFolder.size() > 3 &&
+               m_applicationFolder.find_last_of("\\/") + 1 == m_applicationFolder.size())
+            m_applicationFolder.pop_back();
+    }
+
+    std::unique_ptr<OutputFile> openForOutput(const std::string &path) override
+    {
+        const std::wstring file = filePath(path);
+        Win32FileHandle handle(
+            CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!handle.isOpen()) failFile(GetLastError(), file);
+        return std::make_unique<Win32Output>(std::move(handle), file);
+    }
+
+    std::unique_ptr<InputFile> openForInput(const std::string &path) override
+    {
+        const std::wstring file = filePath(path);
+        Win32FileHandle handle(
+            CreateFileW(file.c_str(), GENERIC_READ, kShared, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!handle.isOpen()) failFile(GetLastError(), file);
+        return std::make_unique<Win32Input>(std::move(handle), file);
+    }
+
+    std::string directorySearch(const std::string &path) override
+    {
+        if (path.empty()) return {};
+        const bool folder = path.ends_with('\\') || path.ends_with('/');
+        return utf8FromWide(firstOrdinaryFile(widePath(folder ? path + "*" : path)));
+    }
+
+    bool isFolder(const std::string &path) override { return isWin32Folder(widePath(path)); }
+
+    void remove(const std::string &path) override
+    {
+        const std::wstring file = filePath(path);
+        if (isWin32Folder(file)) throw RuntimeError(error_number::pathAccess);
+        if (DeleteFileW(file.c_str()) != 0) return;
+        const DWORD error = GetLastError();
+        // The file itself would let: it is the folder that refuses.
+        if (error == ERROR_ACCESS_DENIED && !isReadOnly(file)) throw RuntimeError(error_number::pathAccess);
+        failFile(error, file);
+    }
+
+    std::string applicationFolder() override { return m_applicationFolder; }
+
+    /// A path without a drive of its own, a share or a name alone, changes none.
+    void changeDrive(const std::string &path) override
+    {
+        if (path.size() < 2 || path[1] != ':') return;
+        const std::wstring drive = wideFromUtf8(path.substr(0, 2));
+        if (SetCurrentDirectoryW(drive.c_str()) == 0) throw RuntimeError(error_number::diskNotReady);
+    }
+
+    void changeFolder(const std::string &path) override
+    {
+        const std::wstring folder = widePath(path);
+        if (SetCurrentDirectoryW(folder.c_str()) != 0) return;
+        const DWORD error = GetLastError();
+        throw RuntimeError(error == ERROR_FILE_NOT_FOUND ? error_number::pathNotFound : fileErrorNumber(error, folder));
+    }
+
+    std::string currentFolder() override
+    {
+        std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+        folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+        if (folder.empty()) throw RuntimeError(error_number::pathNotFound);
+        return utf8FromWide(folder);
+    }
+
+private:
+    std::string m_applicationFolder;
+};
+
+} // namespace
+
+std::unique_ptr<Files> makeWin32Files(std::string applicationFolder)
+{
+    return std::make_unique<Win32Files>(std::move(applicationFolder));
+}
+
+} // namespace inin

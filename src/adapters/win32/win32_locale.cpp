@@ -1,0 +1,32 @@
+#include "adapters/win32/win32_platform.h"
+#include "adapters/win32/win32_text.h"
+
+#include <windows.h>
+
+namespace inin {
+
+namespace {
+
+class Win32Locale : public Locale {
+public:
+    Regional regional() override
+    {
+        const int size = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SSHORTDATE, nullptr, 0);
+        if (size <= 1) return Regional{};
+        std::wstring picture(static_cast<std::size_t>(size), L'\0');
+        GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SSHORTDATE, picture.data(), size);
+        picture.pop_back(); // the call counts the closing NUL
+        return Regional{utf8FromWide(picture)};
+    }
+    std::string toCodePage(std::string_view utf8) override { return ansiFromUtf8(utf8); }
+    std::string fromCodePage(std::string_view bytes) override { return utf8FromAnsi(bytes); }
+};
+
+} // namespace
+
+std::unique_ptr<Locale> makeWin32Locale()
+{
+    return std::make_unique<Win32Locale>();
+}
+
+} // namespace inin

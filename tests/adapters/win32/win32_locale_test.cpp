@@ -1,0 +1,78 @@
+#include "adapters/win32/win32_platform.h"
+#include "adapters/win32/win32_text.h"
+
+#include <doctest/doctest.h>
+#include <windows.h>
+
+using namespace inin;
+
+namespace {
+
+/// The user's short date form for one test.
+class ShortDate {
+public:
+    explicit ShortDate(const wchar_t *picture)
+    {
+        GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, m_before, 80);
+        REQUIRE(SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, picture) != 0);
+    }
+    ShortDate(const ShortDate &) = delete;
+    ShortDate &operator=(const ShortDate &) = delete;
+    ~ShortDate() { SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, m_before); }
+
+private:
+    wchar_t m_before[80] = {};
+};
+
+} // namespace
+
+TEST_CASE("the short date is the user's own form")
+{
+    CHECK(makeWin32Locale()->regional().shortDate == "yyyy/MM/dd");
+    const ShortDate form(L"d/M/yy");
+    CHECK(makeWin32Locale()->regional().shortDate == "d/M/yy");
+}
+
+TEST_CASE("the suite's text goes out in the ANSI code page and comes back")
+{
+    REQUIRE(GetACP() == 932);
+    const auto locale = makeWin32Locale();
+    CHECK(locale->toCodePage("委任状") == "\x88\xCF\x94\x43\x8F\xF3");
+    CHECK(locale->fromCodePage("\xFB\xFC\x8B\xB4\xB1") == "髙橋ｱ");
+}
+
+TEST_CASE("a character that the code page lacks is one question mark, never one that looks like it")
+{
+    const auto locale = makeWin32Locale();
+    CHECK(locale->toCodePage("é") == "?");
+    CHECK(locale->toCodePage("¥") == "?");
+    CHECK(locale->toCodePage("𠮷野") == "?\x96\xEC");
+    CHECK(locale->toCodePage("a\xFFz") == "a?z");
+}
+
+TEST_CASE("a byte that is no character is U+FFFD")
+{
+    const auto locale = makeWin32Locale();
+    CHECK(locale->fromCodePage("a\x81") == "a\uFFFD");
+    CHECK(locale->fromCodePage("\xFF z") == "\uFFFD z");
+}
+
+TEST_CASE("UTF-16 of the wide calls and UTF-8 are each other's")
+{
+    CHECK(wideFromUtf8("髙𠮷") == L"\u9AD9\U00020BB7");
+    CHECK(utf8FromWide(L"\u9AD9\U00020BB7") == "髙𠮷");
+    CHECK(wideFromUtf8("").empty());
+    CHECK(utf8FromWide(L"").empty());
+}
+
+TEST_CASE("the clock tells the local time of day to its fraction, and the same day in both calls")
+{
+    const auto clock = makeWin32Clock();
+    const double timer = clock->timer();
+    CHECK(timer >= 0);
+    CHECK(timer < 86400);
+    SYSTEMTIME time{};
+    GetLocalTime(&time);
+    CHECK(partsOf(clock->now()).year == time.wYear);
+    CHECK(partsOf(clock->now()).month == time.wMonth);
+}
