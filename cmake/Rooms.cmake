@@ -15,6 +15,9 @@ function(inin_test name)
     target_compile_definitions(${name} PRIVATE
         ININ_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data" ININ_SCENARIOS="${PROJECT_SOURCE_DIR}/tests/scenarios"
         ININ_SITE="${PROJECT_SOURCE_DIR}/site")
+    if(WIN32)
+        target_compile_options(${name} PRIVATE -include "${PROJECT_SOURCE_DIR}/tests/support/win32_mkdtemp.h")
+    endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()

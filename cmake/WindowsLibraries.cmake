@@ -1,0 +1,34 @@
+# The libraries of a cross build. Those that are headers only are the same for every system: each is linked by name into a
+# folder of its own, because this machine's include folder must not be seen by the cross compiler.
+set(ININ_HOST_HEADERS "${CMAKE_BINARY_DIR}/host-headers")
+function(inin_host_headers target folder)
+    if(NOT EXISTS "/usr/include/${folder}")
+        message(FATAL_ERROR "/usr/include/${folder} is missing: scripts/install")
+    endif()
+    file(MAKE_DIRECTORY "${ININ_HOST_HEADERS}")
+    file(CREATE_LINK "/usr/include/${folder}" "${ININ_HOST_HEADERS}/${folder}" SYMBOLIC)
+    add_library(${target} INTERFACE IMPORTED GLOBAL)
+    set_target_properties(${target} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "${ININ_HOST_HEADERS}")
+endfunction()
+inin_host_headers(fmt::fmt-header-only fmt)
+set_target_properties(fmt::fmt-header-only PROPERTIES INTERFACE_COMPILE_DEFINITIONS FMT_HEADER_ONLY=1)
+inin_host_headers(nlohmann_json::nlohmann_json nlohmann)
+inin_host_headers(CLI11::CLI11 CLI)
+inin_host_headers(doctest::doctest doctest)
+
+# SQLite in one file, as packaging/windows/make-sqlite makes it.
+set(ININ_SQLITE_SOURCE "$ENV{HOME}/.cache/inin-windows/sqlite" CACHE PATH "Folder of sqlite3.c and sqlite3.h")
+if(NOT EXISTS "${ININ_SQLITE_SOURCE}/sqlite3.c")
+    message(FATAL_ERROR "${ININ_SQLITE_SOURCE}/sqlite3.c is missing: packaging/windows/make-sqlite")
+endif()
+enable_language(C)
+add_library(inin_sqlite3 STATIC "${ININ_SQLITE_SOURCE}/sqlite3.c")
+target_include_directories(inin_sqlite3 SYSTEM PUBLIC "${ININ_SQLITE_SOURCE}")
+# As Debian builds it, as far as the embedded database asks for it.
+target_compile_definitions(inin_sqlite3 PRIVATE SQLITE_THREADSAFE=1 SQLITE_ENABLE_COLUMN_METADATA)
+target_compile_options(inin_sqlite3 PRIVATE -O2 -w)
+add_library(SQLite::SQLite3 ALIAS inin_sqlite3)
+
+# The driver manager belongs to Windows.
+add_library(ODBC::ODBC INTERFACE IMPORTED GLOBAL)
+set_target_properties(ODBC::ODBC PROPERTIES INTERFACE_LINK_LIBRARIES odbc32)
