@@ -13,6 +13,16 @@ using namespace inin;
 
 namespace {
 
+/// The exit code in what std::system gives back; -1 for a process that ended otherwise.
+int exitCodeOf(int status)
+{
+#ifdef _WIN32
+    return status;
+#else
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+#endif
+}
+
 struct Ran {
     int code = -1;
     std::string out, errors;
@@ -24,10 +34,10 @@ public:
     [[nodiscard]] Ran run(const std::string &arguments, const std::string &commands = {}) const
     {
         std::ofstream(path("commands")) << commands;
-        const std::string line = std::string(ININ_SCRIPT_PROGRAM) + " " + arguments + " <" + path("commands") + " >" +
-                                 path("out") + " 2>" + path("errors");
+        const std::string line =
+            m_program + " " + arguments + " <" + path("commands") + " >" + path("out") + " 2>" + path("errors");
         const int status = std::system(line.c_str()); // NOLINT: the line is made here
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readBytes(path("out")), readBytes(path("errors"))};
+        return {exitCodeOf(status), readBytes(path("out")), readBytes(path("errors"))};
     }
     [[nodiscard]] std::string app() const { return "--app " + m_site.folder().string(); }
 
@@ -41,6 +51,8 @@ private:
     }
 
     TemporarySite m_site{basic()};
+    /// Whole, because a test may go to another folder.
+    std::string m_program = std::filesystem::absolute(ININ_SCRIPT_PROGRAM).make_preferred().string();
 };
 
 } // namespace
@@ -81,8 +93,10 @@ TEST_CASE("a relative folder is found, and so is the database in it")
 {
     const CommandLine line;
     const std::string folder = line.app().substr(std::string("--app ").size());
-    const std::string relative = std::filesystem::relative(folder).string();
-    const Ran ran = line.run("--app " + relative, "");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(std::filesystem::path(folder).parent_path());
+    const Ran ran = line.run("--app " + std::filesystem::path(folder).filename().string(), "");
+    std::filesystem::current_path(before);
     CHECK(ran.code == 0);
     CHECK(ran.out.find("{\"event\":\"connect\",\"session\":1}") != std::string::npos);
 }

@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
@@ -43,6 +44,14 @@ std::string differenceOf(const std::string &steps, std::vector<std::vector<std::
     Checked checked(kHead + steps);
     checked.record.events = std::move(events);
     return checked.difference();
+}
+
+/// As a JSON text has it.
+std::string escaped(const std::string &path)
+{
+    std::string text;
+    for (const char sign : path) text += sign == '\\' ? std::string("\\\\") : std::string(1, sign);
+    return text;
 }
 
 } // namespace
@@ -141,11 +150,9 @@ TEST_CASE("the site's folder is $APP in events, however it is spelled")
     Checked checked(std::string(kHead) + "< {\"event\":\"open\",\"address\":\"$APP\\\\a $APP/b\"}\n");
     const std::string folder = checked.site.folder().string();
     std::string suite = folder;
-    for (char &sign : suite)
-        if (sign == '/') sign = '\\';
-    std::string escaped;
-    for (const char sign : suite) escaped += sign == '\\' ? std::string("\\\\") : std::string(1, sign);
-    checked.record.events = {{R"({"event":"open","address":")" + escaped + "\\\\a " + folder + "/b\"}"}};
+    std::ranges::replace(suite, '/', '\\');
+    checked.record.events = {
+        {R"({"event":"open","address":")" + escaped(suite) + "\\\\a " + escaped(folder) + "/b\"}"}};
     CHECK(checked.difference() == "");
 }
 

@@ -42,7 +42,7 @@ std::vector<std::string> SearchFixture::boxTexts() const
     return texts;
 }
 
-long SearchFixture::count(const std::string &word) const
+std::ptrdiff_t SearchFixture::count(const std::string &word) const
 {
     return std::ranges::count(world.windows.log, word);
 }

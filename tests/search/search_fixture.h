@@ -4,6 +4,7 @@
 #include "search/staff_search_form.h"
 #include "support/fake_platform.h"
 
+#include <cstddef>
 #include <doctest/doctest.h>
 
 #include <string>
@@ -33,7 +34,7 @@ struct SearchFixture {
     [[nodiscard]] std::vector<std::string> statements() const;
     [[nodiscard]] std::vector<std::string> boxTexts() const;
     /// How often a word stands in the log of the windows.
-    [[nodiscard]] long count(const std::string &word) const;
+    [[nodiscard]] std::ptrdiff_t count(const std::string &word) const;
 };
 
 [[nodiscard]] FakeResult staffRows(const std::vector<std::vector<Variant>> &rows);   ///< nIDNo, cName, cNameKana

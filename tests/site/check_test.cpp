@@ -112,6 +112,27 @@ TEST_CASE("each form document that is missing is found")
                                          "帳票「委任状37_高松市.wfd」がフォルダー「\\SYS」にありません。"});
 }
 
+TEST_CASE("a short date that begins with the whole year is no fault of the machine")
+{
+    for (const char *form : {"yyyy/MM/dd", "yyyy/M/d", "yyyy-MM-dd"}) {
+        CAPTURE(form);
+        site::Findings findings;
+        site::checkShortDate(Regional{form}, findings);
+        CHECK(findings.empty());
+    }
+}
+
+TEST_CASE("a short date with an era, with the day in front or with a short year is found")
+{
+    for (const std::string form : {"gg yy/MM/dd", "d/M/yy", "M/d/yyyy", "yy/MM/dd", "yyyy'年'M'月'd'日'", ""}) {
+        CAPTURE(form);
+        site::Findings findings;
+        site::checkShortDate(Regional{form}, findings);
+        CHECK(findings == site::Findings{"このコンピューターの短い日付の形式が「" + form +
+                                         "」なので、データベースが日付を正しく読めません（「yyyy/MM/dd」にしてください）。"});
+    }
+}
+
 TEST_CASE("each fault of the settings is found and nothing else")
 {
     for (const SettingFault &fault : kSettingFaults) {

@@ -128,6 +128,8 @@ public:
     std::unique_ptr<OutputFile> openForOutput(const std::string &path) override
     {
         const std::wstring file = filePath(path);
+        // To an administrator too, wherever the system would let him.
+        if (isWin32File(file) && isReadOnly(file)) failFile(ERROR_ACCESS_DENIED, file);
         Win32FileHandle handle(
             CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!handle.isOpen()) failFile(GetLastError(), file);
@@ -156,10 +158,11 @@ public:
     {
         const std::wstring file = filePath(path);
         if (isWin32Folder(file)) throw RuntimeError(error_number::pathAccess);
+        if (isReadOnly(file)) failFile(ERROR_ACCESS_DENIED, file);
         if (DeleteFileW(file.c_str()) != 0) return;
         const DWORD error = GetLastError();
         // The file itself would let: it is the folder that refuses.
-        if (error == ERROR_ACCESS_DENIED && !isReadOnly(file)) throw RuntimeError(error_number::pathAccess);
+        if (error == ERROR_ACCESS_DENIED) throw RuntimeError(error_number::pathAccess);
         failFile(error, file);
     }
 

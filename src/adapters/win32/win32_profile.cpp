@@ -1,16 +1,11 @@
+#include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
+#include "adapters/win32/windows_names.h"
 
 #include <algorithm>
 #include <limits>
 #include <vector>
-
-#include <windows.h>
-
-// The port's operations bear the names of the calls, which the header turns into their A or W forms.
-#undef GetPrivateProfileInt
-#undef GetPrivateProfileString
-#undef WritePrivateProfileString
 
 namespace inin {
 
@@ -30,10 +25,26 @@ private:
     std::string m_bytes;
 };
 
-/// A name without a folder stays one: it means the folder of Windows itself.
+constexpr std::wstring_view kUnlimited = L"\\\\?\\";
+
+/// The folder by its short names, without the prefix of a long path; as it is where the disk keeps no short names.
+std::wstring shortFolder(const std::wstring &folder)
+{
+    std::wstring found(GetShortPathNameW(folder.c_str(), nullptr, 0), L'\0');
+    found.resize(GetShortPathNameW(folder.c_str(), found.data(), static_cast<DWORD>(found.size())));
+    if (found.empty()) return folder;
+    return found.starts_with(kUnlimited) && found[5] == L':' ? found.substr(kUnlimited.size()) : found;
+}
+
+/// The calls know neither a path beyond the classic limit nor a character that the ANSI code page lacks: there the short
+/// names of the folder help. A name without a folder stays one: it means the folder of Windows itself.
 std::string profilePath(const std::string &file)
 {
-    return ansiFromUtf8(win32Path(file));
+    const std::wstring path = widePath(file);
+    const std::string ansi = ansiFromUtf8(utf8FromWide(path));
+    const std::size_t name = path.find_last_of(L'\\') + 1;
+    if (name == 0 || (!path.starts_with(kUnlimited) && utf8FromAnsi(ansi) == utf8FromWide(path))) return ansi;
+    return ansiFromUtf8(utf8FromWide(shortFolder(path.substr(0, name)) + path.substr(name)));
 }
 
 /// The calls as the suite's other programs make them: the ANSI ones.
@@ -55,7 +66,9 @@ public:
         const DWORD filled = GetPrivateProfileStringA(AnsiArgument(section).get(), AnsiArgument(key).get(),
                                                       ansiFromUtf8(defaultValue).c_str(), buffer.data(),
                                                       static_cast<DWORD>(buffer.size()), profilePath(file).c_str());
-        return utf8FromAnsi(std::string_view(buffer.data(), filled));
+        const std::string_view bytes(buffer.data(), filled);
+        // A double byte that did not fit whole is counted, but stands as a NUL; only in a list a NUL ends a name.
+        return utf8FromAnsi(section && key ? bytes.substr(0, bytes.find('\0')) : bytes);
     }
 
     std::int32_t WritePrivateProfileString(const Text &section, const Text &key, const Text &value,

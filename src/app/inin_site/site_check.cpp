@@ -30,6 +30,7 @@ Findings checkSite(const std::filesystem::path &folder)
     }
     const std::optional<Branch> branch = checkSettings(folder, findings);
     checkDatabase(folder, branch, findings);
+    checkShortDate(makeSystemLocale()->regional(), findings);
     return findings;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/regional.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -13,7 +15,7 @@ using Findings = std::vector<std::string>;
 /// Checks settings, folders, form documents and the database of a site. Writes nothing.
 [[nodiscard]] Findings checkSite(const std::filesystem::path &folder);
 
-// The two halves of it.
+// The parts of it.
 
 struct Branch {
     int code = 0;
@@ -23,6 +25,9 @@ struct Branch {
 [[nodiscard]] std::optional<Branch> checkSettings(const std::filesystem::path &folder, Findings &findings);
 /// Without a branch the rows are not looked at, only tables and columns.
 void checkDatabase(const std::filesystem::path &folder, const std::optional<Branch> &branch, Findings &findings);
+
+/// The machine's own form of a date, which is the same for every site that is checked on it.
+void checkShortDate(const Regional &regional, Findings &findings);
 
 /// The bytes of a file whose name is found whatever its case; nothing when it cannot be read.
 [[nodiscard]] std::optional<std::string> readSiteFile(const std::filesystem::path &path);

@@ -35,6 +35,11 @@ struct PoolOnAStoppedClock {
     std::unique_ptr<SqliteHandle> open() { return open(file); }
 };
 
+#ifdef _WIN32
+// No list of a process's open files is to be had there without a driver's rights.
+#define CHECK_TIMES_OPEN(file, times) (void)(file)
+#else
+#define CHECK_TIMES_OPEN(file, times) CHECK(timesOpen(file) == (times))
 /// How many times this process has the file open, seen past the adapter.
 std::size_t timesOpen(const DatabaseFile &file)
 {
@@ -44,6 +49,7 @@ std::size_t timesOpen(const DatabaseFile &file)
         if (fs::read_symlink(entry.path(), gone) == fs::path(file.path())) ++count;
     return count;
 }
+#endif
 
 std::string firstName(Database &database, const DatabaseFile &file)
 {
@@ -99,7 +105,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "of a burst of connections four stay")
     for (int i = 0; i < 6; ++i) burst.push_back(open());
     for (auto &handle : burst) pool.giveBack("a", std::move(handle));
     CHECK(pool.idleCount() == 4);
-    CHECK(timesOpen(file) == 4);
+    CHECK_TIMES_OPEN(file, 4);
 }
 
 TEST_CASE_FIXTURE(PoolOnAStoppedClock, "old connections of every string are closed when any string is asked for")
@@ -107,7 +113,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "old connections of every string are clos
     pool.giveBack("a", open());
     now += 61s;
     CHECK(pool.take("b") == nullptr);
-    CHECK(timesOpen(file) == 0);
+    CHECK_TIMES_OPEN(file, 0);
 }
 
 TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a closed pool keeps nothing, neither what is idle nor what comes back")
@@ -118,9 +124,10 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a closed pool keeps nothing, neither wha
     CHECK(pool.idleCount() == 0);
     pool.giveBack("a", std::move(lent));
     CHECK(pool.idleCount() == 0);
-    CHECK(timesOpen(file) == 0);
+    CHECK_TIMES_OPEN(file, 0);
 }
 
+#ifndef _WIN32 // there a file that is open can neither be deleted nor replaced
 TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was deleted or replaced is not lent again")
 {
     pool.giveBack("a", open());
@@ -135,18 +142,21 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was deleted or r
     CHECK(pool.idleCount() == 0);
 }
 
+#endif
+
 TEST_CASE("sessions one after another share one open file, sessions side by side do not")
 {
     const DatabaseFile file(kTable);
     const auto database = plainDatabase();
     for (int i = 0; i < 3; ++i) CHECK(firstName(*database, file) == "before");
-    CHECK(timesOpen(file) == 1);
+    CHECK_TIMES_OPEN(file, 1);
     const auto one = database->newConnection(), two = database->newConnection();
     one->Open(file.connectionString(), "", "", -1);
     two->Open(file.connectionString(), "", "", -1);
-    CHECK(timesOpen(file) == 2);
+    CHECK_TIMES_OPEN(file, 2);
 }
 
+#ifndef _WIN32
 TEST_CASE("a file that took another's name is read by the next session")
 {
     const DatabaseFile file(kTable);
@@ -168,6 +178,8 @@ TEST_CASE("a file that was deleted under a kept connection fails the next sessio
     CHECK(raised.description == "unable to open database file: " + file.path());
     CHECK_FALSE(fs::exists(file.path())); // and is not made anew
 }
+
+#endif
 
 TEST_CASE("a file that others wrote to is read anew on a kept connection")
 {
@@ -203,5 +215,5 @@ TEST_CASE("a session that outlives the library closes its file at its end")
     database.reset();
     CHECK(connection->State() == adStateOpen);
     connection.reset();
-    CHECK(timesOpen(file) == 0);
+    CHECK_TIMES_OPEN(file, 0);
 }

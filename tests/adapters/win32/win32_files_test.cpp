@@ -156,7 +156,7 @@ TEST_CASE("a file is removed, and a refusal is told by the runtime's number")
 TEST_CASE("the directory search finds a file by its name in any case, by a pattern or by its folder")
 {
     const TempFolder folder;
-    std::filesystem::create_directory(std::filesystem::path(folder / "aa"));
+    std::filesystem::create_directory(pathOf(folder / "aa"));
     folder.put("委任状37_01.wfd", "");
     const auto files = makeWin32Files("C:\\");
     CHECK(files->directorySearch(folder.path() + "\\委任状37_01.WFD") == "委任状37_01.wfd");
@@ -194,7 +194,7 @@ TEST_CASE("the current drive and folder change, and a folder that is not there i
 {
     const TempFolder folder;
     const CurrentFolder keep(folder.path());
-    std::filesystem::create_directory(std::filesystem::path(folder / "髙橋"));
+    std::filesystem::create_directory(pathOf(folder / "髙橋"));
     const auto files = makeWin32Files("C:\\");
     files->changeDrive("C:\\anything");
     files->changeFolder(folder / "髙橋");

@@ -1,24 +1,41 @@
+#include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_platform.h"
 
 #include "temp_folder.h"
 
+#include <vector>
+
 #include <doctest/doctest.h>
+#include <windows.h>
 
 using namespace inin;
 
 namespace {
 
 /// A folder whose path has far more than 300 characters, half of them Japanese.
-std::string deepFolder(const TempFolder &folder)
-{
-    std::string path = folder.path();
-    for (int level = 0; level < 10; ++level) {
-        path += "\\";
-        for (int sign = 0; sign < 16; ++sign) path += "委a";
-        std::filesystem::create_directory(std::filesystem::path(win32Path(path)));
+class DeepFolder {
+public:
+    DeepFolder()
+    {
+        for (int level = 0; level < 10; ++level) {
+            std::string name = "\\";
+            for (int sign = 0; sign < 16; ++sign) name += "委a";
+            m_levels.push_back((m_levels.empty() ? m_folder.path() : m_levels.back()) + name);
+            REQUIRE(CreateDirectoryW(widePath(m_levels.back()).c_str(), nullptr) != 0);
+        }
     }
-    return path;
-}
+    DeepFolder(const DeepFolder &) = delete;
+    DeepFolder &operator=(const DeepFolder &) = delete;
+    ~DeepFolder()
+    {
+        for (; !m_levels.empty(); m_levels.pop_back()) RemoveDirectoryW(widePath(m_levels.back()).c_str());
+    }
+    [[nodiscard]] std::string operator/(const std::string &name) const { return m_levels.back() + "\\" + name; }
+
+private:
+    TempFolder m_folder;
+    std::vector<std::string> m_levels;
+};
 
 } // namespace
 
@@ -40,8 +57,8 @@ TEST_CASE("a path beyond the classic limit gets the prefix that lifts it, a shar
 
 TEST_CASE("files are written, found, read and removed at a path of more than 300 characters")
 {
-    const TempFolder folder;
-    const std::string file = deepFolder(folder) + "\\委任状.csv";
+    const DeepFolder folder;
+    const std::string file = folder / "委任状.csv";
     const auto files = makeWin32Files("C:\\");
 
     files->openForOutput(file)->write("abc");
@@ -50,14 +67,14 @@ TEST_CASE("files are written, found, read and removed at a path of more than 300
     CHECK(files->openForInput(file)->read(9) == "abc");
     files->remove(file);
     CHECK(files->directorySearch(file) == "");
-    std::filesystem::remove_all(std::filesystem::path(win32Path(folder.path())));
 }
 
 TEST_CASE("a profile file is written and read at a path of more than 300 characters")
 {
-    const TempFolder folder;
-    const std::string file = deepFolder(folder) + "\\印刷設定.ini";
+    const DeepFolder folder;
+    const std::string file = folder / "印刷設定.ini";
     const auto profile = makeWin32Profile();
     CHECK(profile->WritePrivateProfileString("委任状", "印刷種別", "2", file) == 1);
     CHECK(profile->GetPrivateProfileInt("委任状", "印刷種別", 0, file) == 2);
+    makeWin32Files("C:\\")->remove(file);
 }

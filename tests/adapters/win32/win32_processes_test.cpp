@@ -21,9 +21,10 @@ std::unique_ptr<Processes> processes()
 /// What the started program told; empty after ten seconds without a word.
 std::string toldBy(const TempFolder &folder, const std::string &name)
 {
-    for (int wait = 0; wait < 1000 && !folder.has(name); ++wait)
+    std::string told;
+    for (int wait = 0; wait < 1000 && (told = folder.bytes(name)).empty(); ++wait)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    return folder.bytes(name);
+    return told;
 }
 
 /// A folder with the partner program in it under another name.
@@ -31,7 +32,7 @@ struct PartnerFolder {
     TempFolder folder;
     std::string put(const std::string &name) const
     {
-        std::filesystem::copy_file(ININ_PARTNER, std::filesystem::path(folder / name));
+        std::filesystem::copy_file(ININ_PARTNER, pathOf(folder / name));
         return win32Path(folder / name);
     }
 };
@@ -61,7 +62,7 @@ TEST_CASE_FIXTURE(PartnerFolder, "a started program gets its words as the comman
 TEST_CASE_FIXTURE(PartnerFolder,
                   "a path with blanks and Japanese letters is found at its shortest beginning that is a file")
 {
-    std::filesystem::create_directory(std::filesystem::path(folder / "委任 状"));
+    std::filesystem::create_directory(pathOf(folder / "委任 状"));
     const std::string program = put("委任 状/tool.exe");
     const CurrentFolder current(folder.path());
     processes()->start(program + " told", WindowStyle::normalFocus);

@@ -2,6 +2,7 @@
 
 #include "adapters/posix/code_page_932.h"
 #include "adapters/win32/win32_platform.h"
+#include "adapters/win32/windows_names.h"
 #include "temp_folder.h"
 
 #include <algorithm>
@@ -36,6 +37,24 @@ std::string recorded(const ProfileStep &step)
     return list ? step.result.substr(0, static_cast<std::size_t>(step.returned)) : step.result;
 }
 
+/// The case in which another program has the file open and lets others read only.
+constexpr const char *kHeldOpen = "p0376";
+
+class HeldOpen {
+public:
+    explicit HeldOpen(const std::string &path)
+        : m_handle(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr))
+    {
+        REQUIRE(m_handle != INVALID_HANDLE_VALUE);
+    }
+    HeldOpen(const HeldOpen &) = delete;
+    HeldOpen &operator=(const HeldOpen &) = delete;
+    ~HeldOpen() { CloseHandle(m_handle); }
+
+private:
+    HANDLE m_handle;
+};
+
 /// A case with a byte beyond the code page in a name cannot be asked for in UTF-8.
 bool canBeAskedFor(const ProfileCase &one)
 {
@@ -59,6 +78,8 @@ TEST_CASE("every recorded profile call gives what the platform gave")
         INFO(one.id, " ", one.name);
         const TempFolder folder;
         if (one.file) folder.put("x.ini", *one.file);
+        std::optional<HeldOpen> other;
+        if (one.id == kHeldOpen) other.emplace(folder / "x.ini");
         for (const ProfileStep &step : one.steps) {
             CHECK(played(step, *profile, folder / "x.ini") == recorded(step));
             if (step.tellsFile)
