@@ -105,7 +105,7 @@ TEST_CASE("a demo site as it is made lacks nothing but some agents")
 TEST_CASE("each form document that is missing is found")
 {
     const SoundSite site;
-    for (const char *form : kForms) fs::remove(site.path() / "SYS" / form);
+    for (const char *form : kForms) fs::remove(site.path() / "SYS" / pathOf(form));
 
     CHECK(site.check() == site::Findings{"帳票「委任状37_01.wfd」がフォルダー「\\SYS」にありません。",
                                          "帳票「委任状23.wfd」がフォルダー「\\SYS」にありません。",
@@ -195,7 +195,7 @@ TEST_CASE("a connection string that the suite's buffer would cut is told")
 TEST_CASE("an entry of 帳票Format.ini takes the place of the three form documents")
 {
     const SoundSite site;
-    for (const char *form : kForms) fs::remove(site.path() / "SYS" / form);
+    for (const char *form : kForms) fs::remove(site.path() / "SYS" / pathOf(form));
     write(site.path() / "DATA" / inin::pathOf("帳票Format.ini"), encodeCp932("[委任状]\r\n委任状=別の帳票.wfd\r\n"));
     CHECK(site.check() == site::Findings{"帳票「別の帳票.wfd」がフォルダー「\\SYS」にありません。"});
 

@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
+#include <optional>
 
 #include <windows.h>
 
@@ -48,6 +49,12 @@ constexpr FileErrorRule kFileErrorRules[] = {
     {ERROR_NETNAME_DELETED, error_number::deviceIo},
 };
 
+std::optional<DWORD> attributesOf(const std::wstring &path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes == INVALID_FILE_ATTRIBUTES ? std::nullopt : std::optional(attributes);
+}
+
 } // namespace
 
 std::int32_t fileErrorNumber(std::uint32_t systemError, const std::wstring &path)
@@ -66,14 +73,17 @@ void failFile(std::uint32_t systemError, const std::wstring &path)
 
 bool isWin32Folder(const std::wstring &path)
 {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return (attributesOf(path).value_or(0) & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 bool isWin32File(const std::wstring &path)
 {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    return attributesOf(path).has_value() && !isWin32Folder(path);
+}
+
+bool isReadOnlyWin32File(const std::wstring &path)
+{
+    return isWin32File(path) && (attributesOf(path).value_or(0) & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
 } // namespace inin

@@ -13,5 +13,6 @@ namespace inin {
 [[nodiscard]] bool isWin32Folder(const std::wstring &path);
 /// True for anything there that is no folder.
 [[nodiscard]] bool isWin32File(const std::wstring &path);
+[[nodiscard]] bool isReadOnlyWin32File(const std::wstring &path);
 
 } // namespace inin

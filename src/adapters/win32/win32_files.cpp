@@ -27,12 +27,6 @@ std::wstring filePath(const std::string &path)
     return widePath(path);
 }
 
-bool isReadOnly(const std::wstring &path)
-{
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-}
-
 class Win32Output : public OutputFile {
 public:
     Win32Output(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
@@ -129,7 +123,7 @@ public:
     {
         const std::wstring file = filePath(path);
         // To an administrator too, wherever the system would let him.
-        if (isWin32File(file) && isReadOnly(file)) failFile(ERROR_ACCESS_DENIED, file);
+        if (isReadOnlyWin32File(file)) failFile(ERROR_ACCESS_DENIED, file);
         Win32FileHandle handle(
             CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!handle.isOpen()) failFile(GetLastError(), file);
@@ -158,7 +152,7 @@ public:
     {
         const std::wstring file = filePath(path);
         if (isWin32Folder(file)) throw RuntimeError(error_number::pathAccess);
-        if (isReadOnly(file)) failFile(ERROR_ACCESS_DENIED, file);
+        if (isReadOnlyWin32File(file)) failFile(ERROR_ACCESS_DENIED, file);
         if (DeleteFileW(file.c_str()) != 0) return;
         const DWORD error = GetLastError();
         // The file itself would let: it is the folder that refuses.

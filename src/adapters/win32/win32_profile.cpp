@@ -1,3 +1,4 @@
+#include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
@@ -74,6 +75,8 @@ public:
     std::int32_t WritePrivateProfileString(const Text &section, const Text &key, const Text &value,
                                            const std::string &file) override
     {
+        // To an administrator too, wherever the system would let him.
+        if (isReadOnlyWin32File(widePath(file))) return 0;
         return WritePrivateProfileStringA(AnsiArgument(section).get(), AnsiArgument(key).get(),
                                           AnsiArgument(value).get(), profilePath(file).c_str());
     }

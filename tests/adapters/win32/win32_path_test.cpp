@@ -1,12 +1,12 @@
 #include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_platform.h"
+#include "adapters/win32/windows_names.h"
 
 #include "temp_folder.h"
 
 #include <vector>
 
 #include <doctest/doctest.h>
-#include <windows.h>
 
 using namespace inin;
 
