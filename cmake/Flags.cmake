@@ -1,9 +1,15 @@
 # Compiler flags of every target, in one place.
 add_library(inin_flags INTERFACE)
-target_compile_options(inin_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-    -Wnon-virtual-dtor -Woverloaded-virtual)
-if(ININ_WERROR)
+if(MSVC)
+    # Sources are UTF-8, and a name of windows.h must not hide one of the standard library.
+    target_compile_options(inin_flags INTERFACE /utf-8 /W4 /permissive- /Zc:__cplusplus)
+    target_compile_definitions(inin_flags INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
+else()
+    target_compile_options(inin_flags INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+        -Wnon-virtual-dtor -Woverloaded-virtual)
+endif()
+if(ININ_WERROR AND NOT MSVC)
     target_compile_options(inin_flags INTERFACE -Werror)
 endif()
 if(ININ_SANITIZE)
