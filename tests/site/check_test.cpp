@@ -128,8 +128,9 @@ TEST_CASE("a short date with an era, with the day in front or with a short year 
         CAPTURE(form);
         site::Findings findings;
         site::checkShortDate(Regional{form}, findings);
-        CHECK(findings == site::Findings{"このコンピューターの短い日付の形式が「" + form +
-                                         "」なので、データベースが日付を正しく読めません（「yyyy/MM/dd」にしてください）。"});
+        CHECK(findings ==
+              site::Findings{"このコンピューターの短い日付の形式が「" + form +
+                             "」なので、データベースが日付を正しく読めません（「yyyy/MM/dd」にしてください）。"});
     }
 }
 
