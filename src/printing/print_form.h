@@ -23,10 +23,8 @@ struct TargetDate;
 /// Steps of the screen's load and run that are plugged in from outside the form; one that is not there is left out.
 struct ScreenSteps {
     std::function<void()> loadInitCorp;
-    std::function<void()> iLoadPrintSetting;
     std::function<std::int16_t()> setStuff;         ///< 0 or -1 with the words in csErrMsg
     std::function<std::int16_t()> nGetFutanKingaku; ///< 0 or -1
-    std::function<void()> iSavePrintSetting;
 };
 
 /// The only working window: gathers the conditions of a print run, runs it and keeps its rows.
@@ -55,11 +53,25 @@ public:
     std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
     std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered
 
+    // Events of the options and lists; what each does to which control is the table in screen_rules.cpp.
+    void optPrint_Click(std::int16_t Index);
+    void optObject_Click(std::int16_t Index);
+    void optTgtDate_Click(std::int16_t Index);
+    void optTrust_Click(std::int16_t Index);
+    void optDspPeriod_Click(std::int16_t Index);
+    void optSyomei_Click(std::int16_t Index);
+    void cbSejyutsu_Click();
+
     // Events of the commands.
     void mnF01_Click();
     void mnF02_Click();
     void mnF12_Click();
     void btnPrint_Click(std::int16_t Index);
+
+    /// Marks the options as "印刷設定.ini" says and fires their clicks: 1 read, 0 not.
+    std::int32_t iLoadPrintSetting();
+    /// Writes the kinds and the marks to "印刷設定.ini".
+    void iSavePrintSetting();
 
     /// The whole run: 1 prints through the tool's dialog, 0 previews.
     void vRunPrint(std::int16_t iPrintMode);
@@ -89,6 +101,10 @@ protected:
     void Form_Unload(std::int16_t &Cancel) override;
 
 private:
+    void wireEvents();
+    void runClickRule(OptionGroup PrintControls::*group, std::int16_t Index);
+    void runReportedRule(OptionGroup PrintControls::*group, std::int16_t Index, const char *csFuncName);
+    void showPeriodMonth(const DateBox &date);
     void setDates();
     [[nodiscard]] bool connectScreen();
     [[nodiscard]] bool findLetters();

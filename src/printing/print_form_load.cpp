@@ -35,7 +35,7 @@ void frmPrintInin::Form_Load()
 {
     setDates();
     runIfPlugged(steps.loadInitCorp);
-    runIfPlugged(steps.iLoadPrintSetting);
+    iLoadPrintSetting();
     if (!connectScreen()) return;
     if (statusOf(steps.setStuff) != iGood) {
         m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");

@@ -13,7 +13,6 @@ struct LoadFixture : PrintFixture {
     LoadFixture()
     {
         form.steps.loadInitCorp = [this] { calls.push_back("loadInitCorp"); };
-        form.steps.iLoadPrintSetting = [this] { calls.push_back("iLoadPrintSetting"); };
         form.steps.setStuff = [this] {
             calls.push_back("setStuff");
             form.csErrMsg = setStuff == 0 ? "" : "スタッフが存在しません。メイン画面に戻ります";
@@ -84,7 +83,7 @@ TEST_CASE_FIXTURE(LoadFixture, "the load's steps run in their order around the c
     };
     form.load();
 
-    CHECK(calls == std::vector<std::string>{"loadInitCorp", "iLoadPrintSetting", "setStuff after connect 1",
+    CHECK(calls == std::vector<std::string>{"loadInitCorp", "setStuff after connect 1",
                                             "nGetFutanKingaku"});
     CHECK(world.database.connectionStrings == std::vector<std::string>{"Provider=Fake;Data Source=demo"});
     REQUIRE(form.session != nullptr);
@@ -131,7 +130,7 @@ TEST_CASE("a load that cannot connect shows one box, leaves the lists alone and 
         CAPTURE(row.what);
         fixture.form.load();
         CHECK(fixture.onlyBox() == ShownBox{row.text, Icon::critical, ""});
-        CHECK(fixture.calls == std::vector<std::string>{"loadInitCorp", "iLoadPrintSetting"});
+        CHECK(fixture.calls == std::vector<std::string>{"loadInitCorp"});
         CHECK((fixture.form.session != nullptr) == row.hasSession);
         CHECK(fixture.form.isLoaded());
         CHECK_FALSE(fixture.world.processes.ended);
@@ -146,7 +145,7 @@ TEST_CASE_FIXTURE(LoadFixture, "a failed staff list shows its words and hands ba
 
     CHECK_THROWS_AS(form.load(), ProcessEnded);
     CHECK(onlyBox() == ShownBox{"スタッフが存在しません。メイン画面に戻ります", Icon::critical, "委任状印刷"});
-    CHECK(calls == std::vector<std::string>{"loadInitCorp", "iLoadPrintSetting", "setStuff"});
+    CHECK(calls == std::vector<std::string>{"loadInitCorp", "setStuff"});
     CHECK(world.database.log == std::vector<std::string>{"connect 1", "disconnect 1"});
     CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
 }
