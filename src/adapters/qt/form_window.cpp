@@ -91,7 +91,8 @@ void FormWindow::fitToScreen()
     if (wanted.height() > room.height()) wanted.rwidth() += scrollBar;
     const QSize size = wanted.boundedTo(room.size());
     if (m_sizing == Sizing::fixed) {
-        setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+        setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                       Qt::WindowCloseButtonHint);
         setFixedSize(size);
     } else {
         resize(size);

@@ -90,9 +90,7 @@ constexpr FreeColumn kFreeColumns[] = {{"fraJisseki(1)", 3}, {"Frame2", 2}, {"Fr
 
 void dressFilters(FormWindow &window)
 {
-    constexpr int kNumberWidth = 84;
     constexpr int kSearchWidth = 56;
-    for (const char *number : {"imNum_StaffNo", "imNum_CD"}) window.widget(number).setFixedWidth(kNumberWidth);
     for (const char *search : {"btn_StaffSelect", "btn_KanjaSelect"}) window.widget(search).setFixedWidth(kSearchWidth);
     for (const char *day : {"inPeriodFrom", "inPeriodTo"}) window.widget(day).setFixedWidth(kSearchWidth);
     auto &name = window.widgetAs<QLabel>("lbl_SelKanja");

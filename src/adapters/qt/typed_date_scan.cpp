@@ -12,8 +12,8 @@ struct Fold {
     std::string_view plain;
 };
 
-/// What an input method makes of the keys for a point, a slash and a hyphen, and the first year of an era.
-constexpr Fold kFolds[] = {{"。", "."}, {"・", "/"}, {"、", "."}, {"ー", "-"}, {"−", "-"}, {"元", "1"}, {"　", " "}};
+/// What an input method makes of the keys for a point, a slash and a hyphen.
+constexpr Fold kFolds[] = {{"。", "."}, {"・", "/"}, {"、", "."}, {"ー", "-"}, {"−", "-"}, {"　", " "}};
 
 constexpr std::size_t kWideBytes = 3;
 /// The full-width forms of "!" to "~" lie in two blocks of 64: EF BC 81 to EF BC BF, and EF BD 80 to EF BD 9E.
@@ -54,6 +54,17 @@ ScannedDate::Unit takeUnit(TextScan &scan)
     return scan.accept("日") ? Unit::day : Unit::none;
 }
 
+/// Digits; the first year of an era is written 元.
+std::string_view takeNumber(TextScan &scan)
+{
+    return scan.accept("元") ? "1" : scan.takeDigits();
+}
+
+bool takeSeparator(TextScan &scan)
+{
+    return scan.accept('.') || scan.accept('/') || scan.accept('-');
+}
+
 constexpr std::size_t kMostDigits = 8;
 
 } // namespace
@@ -83,15 +94,16 @@ ScannedDate scanTypedDate(std::string_view foldedText, std::span<const Era> eraT
     TextScan scan(foldedText);
     scanned.era = takeEra(scan, eraTable);
     bool hasSeparator = true;
-    while (scan.skipBlanks(), hasSeparator && scan.atDigit()) {
-        const std::string_view digits = scan.takeDigits();
+    while (scan.skipBlanks(), hasSeparator && !scan.atEnd()) {
+        const std::string_view digits = takeNumber(scan);
+        if (digits.empty()) return scanned;
         if (digits.size() > kMostDigits) return scanned;
         ScannedDate::Number &number = scanned.numbers.emplace_back();
         number.value = std::stoi(std::string(digits));
         number.digits = digits.size();
         scan.skipBlanks();
         number.unit = takeUnit(scan);
-        hasSeparator = number.unit != ScannedDate::Unit::none || !scan.takeRun("./-").empty();
+        hasSeparator = number.unit != ScannedDate::Unit::none || takeSeparator(scan);
         // A separator behind the last number is no date that somebody has finished.
         if (number.unit == ScannedDate::Unit::none && hasSeparator && scan.atEnd()) return scanned;
     }

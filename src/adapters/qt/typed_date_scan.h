@@ -24,7 +24,7 @@ struct ScannedDate {
 };
 
 /// Full-width characters, and those that an input method types for a point, a slash and a hyphen, become their plain
-/// ones; 元 becomes 1.
+/// ones.
 [[nodiscard]] std::string foldedDateText(std::string_view text);
 [[nodiscard]] ScannedDate scanTypedDate(std::string_view foldedText, std::span<const Era> eraTable);
 
