@@ -33,6 +33,11 @@ void frmPrintInin::wireEvents()
     imD_Out.onChange = [this] { showPeriodMonth(imD_Out); };
     imD_LastDay.onChange = [this] { showPeriodMonth(imD_LastDay); };
     cbSejyutsu.onClick = [this] { cbSejyutsu_Click(); };
+    chkChushi.onClick = [this] { chkChushi_Click(); };
+    btn_StaffSelect.onClick = [this] { btn_StaffSelect_Click(); };
+    imNum_StaffNo.onKeyPress = [this](std::int16_t KeyCode) { imNum_StaffNo_KeyPress(KeyCode); };
+    btn_KanjaSelect.onClick = [this] { iSelectKanja(); };
+    imNum_CD.onKeyPress = [this](std::int16_t KeyCode) { imNum_CD_KeyPress(KeyCode); };
     btnPrint.onClick = [this](std::int16_t Index) { btnPrint_Click(Index); };
     mnF01.onClick = [this] { mnF01_Click(); };
     mnF02.onClick = [this] { mnF02_Click(); };

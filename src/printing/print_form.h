@@ -20,11 +20,9 @@ struct LetterDates;
 struct StartedSession;
 struct TargetDate;
 
-/// Steps of the screen's load and run that are plugged in from outside the form; one that is not there is left out.
+/// Steps of the screen's load that are plugged in from outside the form; one that is not there is left out.
 struct ScreenSteps {
     std::function<void()> loadInitCorp;
-    std::function<std::int16_t()> setStuff;         ///< 0 or -1 with the words in csErrMsg
-    std::function<std::int16_t()> nGetFutanKingaku; ///< 0 or -1
 };
 
 /// The only working window: gathers the conditions of a print run, runs it and keeps its rows.
@@ -61,6 +59,19 @@ public:
     void optDspPeriod_Click(std::int16_t Index);
     void optSyomei_Click(std::int16_t Index);
     void cbSejyutsu_Click();
+    void chkChushi_Click();
+
+    // Events of the search buttons and of the return key in a number box.
+    void btn_StaffSelect_Click();
+    void imNum_StaffNo_KeyPress(std::int16_t KeyCode);
+    void imNum_CD_KeyPress(std::int16_t KeyCode);
+    /// Lets a staff member be picked and writes the number to the box and the list, if given. The number, or -1 when
+    /// nobody was picked.
+    std::int32_t iSelectStaff(NumberBox *box = nullptr, ListBox *list = nullptr);
+    /// Chooses the list's entry of a typed staff number. 0, or -1 after a box.
+    [[nodiscard]] std::int16_t iChkStaffNo(std::int32_t nIDNo, ListBox &list);
+    /// Lets a patient be picked; leaving the window means everybody.
+    void iSelectKanja();
 
     // Events of the commands.
     void mnF01_Click();
@@ -68,6 +79,11 @@ public:
     void mnF12_Click();
     void btnPrint_Click(std::int16_t Index);
 
+    /// Fills the staff list of this branch from the screen's session; with chkChushi ticked, those who have stopped too.
+    /// 0, or -1 with the words in csErrMsg.
+    [[nodiscard]] std::int16_t setStuff();
+    /// Fills the list of insurance kinds on a session of its own. 0 or -1; only a failed connection shows a box.
+    [[nodiscard]] std::int16_t nGetFutanKingaku();
     /// Marks the options as "印刷設定.ini" says and fires their clicks: 1 read, 0 not.
     std::int32_t iLoadPrintSetting();
     /// Writes the kinds and the marks to "印刷設定.ini".

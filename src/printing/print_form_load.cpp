@@ -24,11 +24,6 @@ void runIfPlugged(const std::function<void()> &step)
     if (step) step();
 }
 
-[[nodiscard]] std::int16_t statusOf(const std::function<std::int16_t()> &step)
-{
-    return step ? step() : iGood;
-}
-
 } // namespace
 
 void frmPrintInin::Form_Load()
@@ -37,12 +32,12 @@ void frmPrintInin::Form_Load()
     runIfPlugged(steps.loadInitCorp);
     iLoadPrintSetting();
     if (!connectScreen()) return;
-    if (statusOf(steps.setStuff) != iGood) {
+    if (setStuff() != iGood) {
         m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");
         unload();
         return;
     }
-    if (statusOf(steps.nGetFutanKingaku) != iGood)
+    if (nGetFutanKingaku() != iGood)
         m_app.platform.boxes.show("保険区分の取得に失敗しました。", Icon::critical, "初期設定");
 }
 

@@ -206,4 +206,9 @@ void frmPrintInin::cbSejyutsu_Click()
     imNum_StaffNo.Value = nIDNo == kNoChoice ? std::int32_t{0} : nIDNo;
 }
 
+void frmPrintInin::chkChushi_Click()
+{
+    static_cast<void>(setStuff()); // the words of a failure stay in csErrMsg, unseen
+}
+
 } // namespace inin

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/controls.h"
 #include "shell/app.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace inin {
@@ -31,6 +33,8 @@ public:
     [[nodiscard]] std::string csSetRiyouName_Text(std::int32_t nCode);
 
 private:
+    /// Nothing when there is no such patient.
+    [[nodiscard]] std::optional<std::string> readName(std::int32_t nCode);
     std::int16_t writeName(std::int32_t nCode, Attribute<std::string> &target);
 
     App &m_app;

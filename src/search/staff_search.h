@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/app.h"
+#include "search/staff_search_form.h"
 
 #include <cstdint>
 #include <string>
@@ -21,11 +21,13 @@ public:
     /// Shows the list modally: 0 somebody was chosen, 1 the window was left without a choice, -1 a failure.
     /// `iKanriEnd` 1: staff whose management has ended count too. `nSelEigyouCd`: only the staff in charge of that
     /// consultation, -1 for no restriction.
-    [[nodiscard]] std::int16_t iDspStart(std::int16_t iKanriEnd = 0, std::int32_t nSelEigyouCd = -1);
+    [[nodiscard]] std::int16_t iDspStart(std::int16_t iKanriEnd = 0, std::int32_t nSelEigyouCd = kAnyConsultation);
     /// Without the list: 0 the number is found and usable, with the name in csSeledName; 1 not usable, or a failure.
     [[nodiscard]] std::int16_t iChkStaff(std::int32_t nIDNo, std::int16_t iKanriEnd = 0);
 
 private:
+    [[nodiscard]] std::string whyNotUsable(const Recordset &rsData, std::int16_t iKanriEnd) const;
+
     App &m_app;
     std::string m_errStr;
     std::string m_seledName;
