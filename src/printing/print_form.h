@@ -1,11 +1,11 @@
 #pragma once
 
 #include "data/ado_session.h"
+#include "data/company_preload.h"
 #include "printing/letter_row.h"
 #include "printing/print_controls.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,17 +20,13 @@ struct LetterDates;
 struct StartedSession;
 struct TargetDate;
 
-/// Steps of the screen's load that are plugged in from outside the form; one that is not there is left out.
-struct ScreenSteps {
-    std::function<void()> loadInitCorp;
-};
-
 /// The only working window: gathers the conditions of a print run, runs it and keeps its rows.
 class frmPrintInin : public Form, public PrintControls {
 public:
     explicit frmPrintInin(App &app);
 
-    ScreenSteps steps;
+    /// The head office, filled by the load. It lives as long as the process, like the form; nothing here reads it.
+    CompanyRecord company;
 
     // Form-level fields, in their given order. All live as long as the form; a run overwrites them.
     std::unique_ptr<cT_ADODB> session; ///< nothing until the load has connected

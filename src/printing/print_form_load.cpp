@@ -19,17 +19,12 @@ Date firstOfMonth(Date today, const Regional &regional)
     return dateFromDigits(Year(today), Month(today), 1, regional);
 }
 
-void runIfPlugged(const std::function<void()> &step)
-{
-    if (step) step();
-}
-
 } // namespace
 
 void frmPrintInin::Form_Load()
 {
     setDates();
-    runIfPlugged(steps.loadInitCorp);
+    loadInitCorp(m_app, company);
     iLoadPrintSetting();
     if (!connectScreen()) return;
     if (setStuff() != iGood) {
