@@ -1,0 +1,33 @@
+#include "adapters/qt/form_window.h"
+#include "adapters/qt/units.h"
+#include "adapters/qt/view_registry.h"
+#include "platform/controls.h"
+
+#include <QStyle>
+
+namespace inin {
+
+namespace {
+
+constexpr int kWidth = 320;
+constexpr int kHeight = 130;
+constexpr int kButtonWidth = 90;
+constexpr int kButtonHeight = 30;
+constexpr int kPicture = 32;
+constexpr int kMargin = 6;
+
+} // namespace
+
+/// A small notice: the picture on the left, the text in the middle of what is left, the button below. The form moves its
+/// label by the sizes that it is told here.
+void layOutWaitMsg(FormWindow &window)
+{
+    window.setOpening(FormWindow::Opening::centred, FormWindow::Sizing::free);
+    window.content().setMinimumSize(kWidth, kHeight);
+    window.widget("cmdOK").setGeometry((kWidth - kButtonWidth) / 2, kHeight - kButtonHeight - kMargin, kButtonWidth,
+                                       kButtonHeight);
+    for (const char *picture : {"imgInf(0)", "imgInf(1)", "imgInf(2)", "imgInf(3)"})
+        window.widget(picture).setGeometry(kMargin, kMargin, kPicture, kPicture);
+}
+
+} // namespace inin
