@@ -183,6 +183,8 @@ public:
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
     std::function<void()> onClick;
     ListStyle Style = ListStyle::dropDown;
+    /// Double click by hand on the chosen item of an open list.
+    std::function<void()> onDblClick;
     /// -1 when none is chosen; an index that the list lacks is error 380.
     Attribute<std::int16_t> ListIndex{*this, -1};
 
