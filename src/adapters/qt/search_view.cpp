@@ -26,8 +26,8 @@ struct ConditionPlace {
 };
 constexpr ConditionPlace kCommonConditions[] = {
     {"in_SiboriID", 0, 0, 10},
-    {"txt_SiboriName", 0, 2, 22},
-    {"txt_SiboriKana", 0, 4, 22},
+    {"txt_SiboriName", 0, 2, 16},
+    {"txt_SiboriKana", 0, 4, 16},
 };
 constexpr ConditionPlace kPatientConditions[] = {{"imNum_StaffNo", 1, 0, 10}};
 constexpr GridPlace kPatientPlaces[] = {

@@ -17,7 +17,9 @@ namespace inin {
 
 namespace {
 constexpr int kRefusedClosings = 100;
-}
+/// Milliseconds. With none, several turns run in one pass of a loop that has been told to quit in between.
+constexpr int kSoon = 1;
+} // namespace
 
 Robot::Robot(const Play &play, Transcript &transcript, std::function<std::size_t()> written, Regional regional)
     : m_play(play), m_transcript(transcript), m_written(std::move(written)), m_regional(std::move(regional))
@@ -32,7 +34,7 @@ void Robot::sitDown(QtWindows &windows)
 
 void Robot::comeBackSoon()
 {
-    QTimer::singleShot(0, &m_context, [this] { takeTurn(); });
+    QTimer::singleShot(kSoon, &m_context, [this] { takeTurn(); });
 }
 
 /// There is always one turn to come, so that a loop inside the current turn is served too.

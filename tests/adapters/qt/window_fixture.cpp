@@ -13,6 +13,11 @@
 
 namespace inin {
 
+namespace {
+/// Milliseconds. With none, several turns run in one pass of a loop that has been told to quit in between.
+constexpr int kSoon = 1;
+} // namespace
+
 WindowFixture::WindowFixture()
 {
     auto &answers = world.database.resultsByText;
@@ -34,13 +39,42 @@ void Turns::plan()
 {
     if (m_isPlanned || m_acts.empty()) return;
     m_isPlanned = true;
-    QTimer::singleShot(0, &m_context, [this] {
+    QTimer::singleShot(kSoon, &m_context, [this] {
         m_isPlanned = false;
+        if (m_held > 0 || (isDue && !isDue())) return plan();
         const auto act = std::move(m_acts.front());
         m_acts.pop_front();
         plan();
-        act();
+        try {
+            act();
+        } catch (const std::exception &fault) {
+            m_failure += std::string(fault.what()) + "\n";
+        }
     });
+}
+
+void Turns::hold(const std::function<void()> &work)
+{
+    ++m_held;
+    try {
+        work();
+    } catch (...) {
+        --m_held;
+        throw;
+    }
+    --m_held;
+}
+
+/// A window that has just been closed is still on its way out, and keys go to the window that is active: a person clicks
+/// it first.
+bool TurnWindows::isReady() const
+{
+    QWidget *box = QApplication::activeModalWidget();
+    QWidget *wanted = qobject_cast<QMessageBox *>(box) != nullptr ? box : topWindow();
+    if (wanted == nullptr) return true;
+    if (!wanted->isVisible()) return false;
+    if (!wanted->isActiveWindow()) wanted->activateWindow();
+    return wanted->isActiveWindow();
 }
 
 std::string answerTopBox()
