@@ -26,7 +26,7 @@ std::string siteTerm(Site site)
 
 std::string spelled(WrittenAs written, const std::string &value, WriteKind kind)
 {
-    const std::string inQuotes = "'" + value + "'";
+    std::string inQuotes = "'" + value + "'";
     switch (written) {
     case WrittenAs::number:
         return value;

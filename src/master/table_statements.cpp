@@ -4,7 +4,7 @@ namespace inin {
 
 std::string selectItem(std::string_view table, std::string_view column, SelectForm form)
 {
-    const std::string name(column);
+    std::string name(column);
     if (form == SelectForm::bare) return name;
     const std::string qualified = std::string(table) + "." + name;
     return form == SelectForm::aliased ? qualified + " as " + name : qualified;

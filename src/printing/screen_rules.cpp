@@ -11,7 +11,6 @@ namespace inin {
 namespace {
 
 using Screen = PrintControls;
-using Form = frmPrintInin;
 
 /// As many controls as the longest step has; the rest stays null.
 using Controls = std::array<ControlPick, 7>;
@@ -43,6 +42,9 @@ constexpr Step showMonth(DateBox Screen::*date)
     return {Does::showMonth, {}, nullptr, 0, date};
 }
 
+/// As many steps as the longest rule has, in their order.
+using Steps = std::array<Step, 5>;
+
 constexpr Controls kTrustAndPeriod = {pickOption<&Screen::optTrust, 0>,     pickOption<&Screen::optTrust, 1>,
                                       pickOption<&Screen::optDspPeriod, 0>, pickOption<&Screen::optDspPeriod, 1>,
                                       pick<&Screen::imSetDateFrom>,         pick<&Screen::imSetDateTo>};
@@ -58,61 +60,43 @@ constexpr Controls kTargetData = {pick<&Screen::frmObject>};
 constexpr Controls kPeriod = {pick<&Screen::imSetDateFrom>, pick<&Screen::imSetDateTo>};
 constexpr Controls kSignature = {pick<&Screen::imSyomei>};
 
-/// What a click on an option does: a kind field first, then the steps from left to right.
+constexpr Steps kTakeConditions = {disable(kTrustAndPeriod), mark(&Screen::optObject, 2), disable(kPlannedAndActual),
+                                   disable(kPeople), disable(kTargetAndInsurance)};
+constexpr Steps kGiveConditions = {enable(kTrustAndPeriod), enable(kPlannedAndActual), enable(kPeople),
+                                   enable(kTargetAndInsurance)};
+constexpr Steps kByMonth = {enable(kMonth), disable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_Out)};
+constexpr Steps kByLastDay = {disable(kMonth), enable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_LastDay)};
+constexpr Steps kWithoutPeriod = {disable(kMonth), disable(kLastDay), disable(kTargetData)};
+
+/// What a click on an option does: a kind field first, then the steps.
 struct ClickRule {
     OptionGroup Screen::*group;
     std::int16_t Index;
-    std::int16_t Form::*kind; ///< null: the group keeps no field
     std::int16_t value;
-    std::array<Step, 5> steps;
+    std::int16_t frmPrintInin::*kind; ///< becomes the value; null: the group keeps no field
+    Steps steps;
 };
 
 constexpr std::int16_t kAnyOther = -1;
 
-/// All click rules of the option groups. The first line that fits an index counts; an index without a line does
-/// nothing. "Actual data" and "none" give the same kind here: a run looks at the options themselves.
-/// The report lines are blind on purpose. They ask no other group, so a return from the Aichi format leaves every
-/// control enabled until the next click of its own group.
+/// All click rules of the option groups: event, index, value and kind field, steps. The first line that fits an index
+/// counts; an index without a line does nothing. "Actual data" and "none" give the same kind here: a run looks at the
+/// options themselves. The report lines are blind on purpose. They ask no other group, so a return from the Aichi
+/// format leaves every control enabled until the next click of its own group.
 constexpr ClickRule kClickRules[] = {
-    {&Screen::optPrint,
-     1,
-     nullptr,
-     0,
-     {disable(kTrustAndPeriod), mark(&Screen::optObject, 2), disable(kPlannedAndActual), disable(kPeople),
-      disable(kTargetAndInsurance)}},
-    {&Screen::optPrint,
-     kAnyOther,
-     nullptr,
-     0,
-     {enable(kTrustAndPeriod), enable(kPlannedAndActual), enable(kPeople), enable(kTargetAndInsurance)}},
-
-    {&Screen::optObject, 0, &Form::iObjectKind, 1, {}},
-    {&Screen::optObject, kAnyOther, &Form::iObjectKind, 2, {}},
-
-    {&Screen::optTgtDate,
-     0,
-     &Form::iTgtDateKind,
-     1,
-     {enable(kMonth), disable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_Out)}},
-    {&Screen::optTgtDate,
-     1,
-     &Form::iTgtDateKind,
-     2,
-     {disable(kMonth), enable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_LastDay)}},
-    {&Screen::optTgtDate,
-     kAnyOther,
-     &Form::iTgtDateKind,
-     3,
-     {disable(kMonth), disable(kLastDay), disable(kTargetData)}},
-
-    {&Screen::optTrust, 0, &Form::iTrustKind, 1, {}},
-    {&Screen::optTrust, kAnyOther, &Form::iTrustKind, 2, {}},
-
-    {&Screen::optDspPeriod, 0, &Form::iDspPeriodKind, 1, {disable(kPeriod)}},
-    {&Screen::optDspPeriod, kAnyOther, &Form::iDspPeriodKind, 2, {enable(kPeriod)}},
-
-    {&Screen::optSyomei, 0, nullptr, 0, {disable(kSignature)}},
-    {&Screen::optSyomei, 1, nullptr, 0, {enable(kSignature)}},
+    {&Screen::optPrint, 1, 0, nullptr, kTakeConditions},
+    {&Screen::optPrint, kAnyOther, 0, nullptr, kGiveConditions},
+    {&Screen::optObject, 0, 1, &frmPrintInin::iObjectKind, {}},
+    {&Screen::optObject, kAnyOther, 2, &frmPrintInin::iObjectKind, {}},
+    {&Screen::optTgtDate, 0, 1, &frmPrintInin::iTgtDateKind, kByMonth},
+    {&Screen::optTgtDate, 1, 2, &frmPrintInin::iTgtDateKind, kByLastDay},
+    {&Screen::optTgtDate, kAnyOther, 3, &frmPrintInin::iTgtDateKind, kWithoutPeriod},
+    {&Screen::optTrust, 0, 1, &frmPrintInin::iTrustKind, {}},
+    {&Screen::optTrust, kAnyOther, 2, &frmPrintInin::iTrustKind, {}},
+    {&Screen::optDspPeriod, 0, 1, &frmPrintInin::iDspPeriodKind, {disable(kPeriod)}},
+    {&Screen::optDspPeriod, kAnyOther, 2, &frmPrintInin::iDspPeriodKind, {enable(kPeriod)}},
+    {&Screen::optSyomei, 0, 0, nullptr, {disable(kSignature)}},
+    {&Screen::optSyomei, 1, 0, nullptr, {enable(kSignature)}},
 };
 
 const ClickRule *ruleOf(OptionGroup Screen::*group, std::int16_t Index)

@@ -119,14 +119,14 @@ try {
     clsOplIniFile file(m_app.platform);
     // Without the file the name is kept all the same, and the first write makes it.
     static_cast<void>(file.iInit(csDataDir(m_app) + kStoreFile));
-    const auto isWritten = [&file](const char *key, std::int16_t value) {
+    const auto isWritten = [&file](const char *key, int value) {
         // A refused write gives 0 and passes.
         return file.iWriteProfileString(kSection, key, std::to_string(value)) != iBad;
     };
     const bool areKindsWritten =
         std::ranges::all_of(kWriteOrder, [&](const StoredKind &line) { return isWritten(line.key, this->*line.kind); });
-    const std::int16_t report = optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1;
-    const std::int16_t signature = optSyomei(0).Value ? 0 : 1;
+    const int report = optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1;
+    const int signature = optSyomei(0).Value ? 0 : 1;
     if (!areKindsWritten || !isWritten(kReportKey, report) || !isWritten(kSignatureKey, signature))
         plainErrorBox(m_app, file.csErrMsg);
 } catch (const RuntimeError &error) {

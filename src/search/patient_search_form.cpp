@@ -42,8 +42,11 @@ constexpr SearchDesign kDesign{
 };
 
 /// Kinds of treatment by the index of their option.
-constexpr std::array<std::int16_t, 3> kKinds = {kBothKinds, kMassage, kAcupuncture};
-constexpr const char *kKindCaptions[] = {"共通", "マッサージ", "鍼灸"};
+struct KindOption {
+    std::int16_t kind;
+    const char *caption;
+};
+constexpr std::array<KindOption, 3> kKinds = {{{kBothKinds, "共通"}, {kMassage, "マッサージ"}, {kAcupuncture, "鍼灸"}}};
 
 /// No month comes after it, so none is in the limit.
 constexpr const char *kNoLimitMonth = "9999/12";
@@ -79,7 +82,7 @@ frm患者検索::frm患者検索(App &app) : SearchForm(app, kDesign)
     addStop(cbo_Sejutusha);
     addLabelled(btn_StaffSelect, "検索");
     for (std::int16_t index = 0; index < opt_SejutsuKubun.count(); ++index)
-        addLabelled(opt_SejutsuKubun(index), kKindCaptions[index]);
+        addLabelled(opt_SejutsuKubun(index), kKinds.at(static_cast<std::size_t>(index)).caption);
     addCommands();
     add(lbl_1ranInf);
     cbo_Sejutusha.onClick = [this] { trapped([this] { cbo_Sejutusha_Click(); }); };
@@ -132,7 +135,7 @@ SearchFilter frm患者検索::readFilter() const
         filter.staffName = cbo_Sejutusha.items()[static_cast<std::size_t>(staff)].text;
     }
     const std::int16_t kind = opt_SejutsuKubun.marked();
-    if (kind >= 0) filter.kind = kKinds.at(static_cast<std::size_t>(kind));
+    if (kind >= 0) filter.kind = kKinds.at(static_cast<std::size_t>(kind)).kind;
     return filter;
 }
 
@@ -144,7 +147,7 @@ void frm患者検索::showFilter(const SearchFilter &filter)
     else
         cbo_Sejutusha.ListIndex = 0;
     for (std::int16_t index = 0; index < opt_SejutsuKubun.count(); ++index)
-        if (kKinds.at(static_cast<std::size_t>(index)) == filter.kind) opt_SejutsuKubun(index).Value = true;
+        if (kKinds.at(static_cast<std::size_t>(index)).kind == filter.kind) opt_SejutsuKubun(index).Value = true;
 }
 
 void frm患者検索::showStaff(const std::vector<StaffEntry> &staff)

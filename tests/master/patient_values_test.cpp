@@ -190,6 +190,7 @@ TEST_CASE("numbers convert as the runtime converts them")
     }
 }
 
+// "&HFFFF" is 65535 where a number passes 32 bits first, as rule zero has it, and -1 where it does not.
 TEST_CASE("a number of rule zero is narrowed to its 16 bits or left at 0")
 {
     struct Row {
@@ -197,7 +198,7 @@ TEST_CASE("a number of rule zero is narrowed to its 16 bits or left at 0")
         std::int16_t expected;
     };
     const Row rows[] = {
-        {Null{}, 0}, {"無", 0}, {"12", 12}, {32767, 32767}, {32768, 0}, {-32768, -32768}, {-32769, 0},
+        {Null{}, 0}, {"無", 0}, {"12", 12}, {32767, 32767}, {32768, 0}, {-32768, -32768}, {-32769, 0}, {"&HFFFF", 0},
     };
     for (const char *column : {"iSejutuBui11", "iOnan1", "iHKHari1Umu"}) {
         for (const Row &row : rows) {
@@ -205,6 +206,21 @@ TEST_CASE("a number of rule zero is narrowed to its 16 bits or left at 0")
             const R rec = recordOf({{column, row.value}});
             CHECK(rec.iSejutuBui11 + rec.iOnan1 + rec.iHKHari1Umu == row.expected);
         }
+    }
+}
+
+TEST_CASE("a number of a guarded column of 16 bits is converted to them at once")
+{
+    struct Row {
+        Variant value;
+        std::int16_t expected;
+    };
+    const Row rows[] = {
+        {Null{}, 0}, {"無", 0}, {" 12", 12}, {2.5, 2}, {32767, 32767}, {32768, 0}, {-32768, -32768}, {"&HFFFF", -1},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.expected);
+        CHECK(recordOf({{"iSex", row.value}}).iSex == row.expected);
     }
 }
 

@@ -36,16 +36,30 @@ struct EmbeddedWorld : FakeWorld {
     }
 
     /// Runs statements in SQLite's own spelling, beside the program.
-    void run(const std::string &sql) const
+    void run(const std::string &sql) const { ask(sql, nullptr, nullptr); }
+    /// The last value of a query in SQLite's own spelling, "(null)" for NULL and "(none)" without a row.
+    [[nodiscard]] std::string value(const std::string &sql) const
+    {
+        std::string found = "(none)";
+        ask(
+            sql,
+            [](void *text, int, char **values, char **) {
+                *static_cast<std::string *>(text) = values[0] == nullptr ? "(null)" : values[0];
+                return 0;
+            },
+            &found);
+        return found;
+    }
+
+private:
+    void ask(const std::string &sql, int (*onRow)(void *, int, char **, char **), void *target) const
     {
         sqlite3 *opened = nullptr;
         const int result = sqlite3_open(path().c_str(), &opened);
         const std::unique_ptr<sqlite3, int (*)(sqlite3 *)> owned(opened, sqlite3_close);
-        if (result != SQLITE_OK || sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        if (result != SQLITE_OK || sqlite3_exec(opened, sql.c_str(), onRow, target, nullptr) != SQLITE_OK)
             throw std::runtime_error(std::string(sqlite3_errmsg(opened)) + ": " + sql.substr(0, 200));
     }
-
-private:
     static std::filesystem::path madeFolder()
     {
         std::string pattern = (std::filesystem::temp_directory_path() / "inin-embedded-XXXXXX").string();

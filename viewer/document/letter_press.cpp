@@ -1,0 +1,99 @@
+#include "viewer/document/letter_press.h"
+
+#include "runtime/runtime_error.h"
+#include "viewer/form/listing_form.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr double kTenth = kPointsPerMillimetre / 10;
+
+/// Millimetres.
+struct PaperSize {
+    Paper paper;
+    double width, height;
+};
+constexpr PaperSize kPapers[] = {{Paper::A4, 210, 297}, {Paper::A5, 148, 210}, {Paper::B5, 182, 257}};
+
+/// A page of a size that is off by less than this (points) is that paper.
+constexpr double kSameSize = 2;
+
+const std::vector<std::string> &unreadableColumns()
+{
+    static const std::vector<std::string> columns = {"行", "理由", "ファイルの内容"};
+    return columns;
+}
+
+} // namespace
+
+LetterPress::LetterPress(const LetterSet &set, Fonts &fonts)
+    : m_set(set),
+      m_unreadableForm(listingForm(unreadableColumns(),
+                                   "この行は確実に読み取れないため、委任状にしませんでした。CSV を確認してください。"))
+{
+    for (const LetterReport &report : set.reports) {
+        try {
+            m_layouts.push_back(std::make_unique<LetterLayout>(report.form, report.columns, fonts));
+        } catch (const RuntimeError &error) {
+            throw RuntimeError(error.number(), fmt::format("「{}」：{}", report.formPath, error.description()));
+        }
+    }
+    m_unreadable = std::make_unique<LetterLayout>(m_unreadableForm, unreadableColumns(), fonts);
+}
+
+LetterPress::~LetterPress() = default;
+
+Point LetterPress::paperSize() const
+{
+    const auto *const paper = std::ranges::find(kPapers, m_set.paper, &PaperSize::paper);
+    return {paper->width * kPointsPerMillimetre, paper->height * kPointsPerMillimetre};
+}
+
+Affine LetterPress::onPaper(std::size_t letter) const
+{
+    const LetterSet::Place place = m_set.placeOf(letter);
+    const LetterReport &report = m_set.reports[place.report];
+    const FormDocument &form = report.letters.fault(place.row) == RowFault::none ? report.form : m_unreadableForm;
+    const Point paper = paperSize();
+    const Affine moved{1, 0, 0, 1, m_set.offsetX * kTenth, m_set.offsetY * kTenth};
+    if (std::abs(form.width - paper.x) < kSameSize && std::abs(form.height - paper.y) < kSameSize) return moved;
+    const double scale = std::min(paper.x / form.width, paper.y / form.height);
+    return moved * Affine{scale, 0, 0, scale, (paper.x - scale * form.width) / 2, (paper.y - scale * form.height) / 2};
+}
+
+LetterLayout &LetterPress::layoutOf(std::size_t letter)
+{
+    const LetterSet::Place place = m_set.placeOf(letter);
+    const bool isReadable = m_set.reports[place.report].letters.fault(place.row) == RowFault::none;
+    return isReadable ? *m_layouts[place.report] : *m_unreadable;
+}
+
+const std::vector<FieldMark> &LetterPress::paintReadable(const LetterSet::Place &place, PagePainter &painter)
+{
+    const LetterReport &report = m_set.reports[place.report];
+    return m_layouts[place.report]->paintLetter([&](std::size_t column) { return report.value(place.row, column); },
+                                                painter);
+}
+
+const std::vector<FieldMark> &LetterPress::paintFields(std::size_t letter, PagePainter &painter)
+{
+    const LetterSet::Place place = m_set.placeOf(letter);
+    const LetterTable &letters = m_set.reports[place.report].letters;
+    const RowFault fault = letters.fault(place.row);
+    if (fault == RowFault::none) {
+        const std::vector<FieldMark> &marks = paintReadable(place, painter);
+        if (onMarks && !marks.empty()) onMarks(letter, marks);
+        return marks;
+    }
+    const std::string number = std::to_string(place.row + 1);
+    const std::string_view texts[] = {number, faultText(fault), letters.rawText(place.row)};
+    return m_unreadable->paintLetter([&](std::size_t column) { return texts[column]; }, painter);
+}
+
+} // namespace inin::viewer

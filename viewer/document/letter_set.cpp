@@ -1,0 +1,199 @@
+#include "viewer/document/letter_set.h"
+
+#include "runtime/runtime_error.h"
+#include "viewer/document/combined_form.h"
+#include "viewer/form/listing_form.h"
+#include "viewer/form/svg_reader.h"
+#include "viewer/io/file_io.h"
+#include "viewer/letters/csv_reader.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr std::size_t kLargestScript = std::size_t{1} << 22;
+constexpr std::size_t kLargestForm = std::size_t{1} << 25;
+constexpr int kMostReports = 100;
+
+/// A merger is started just before the viewer, and nothing makes the viewer wait for it: its result may come late.
+constexpr int kMergerTries = 30;
+constexpr std::chrono::milliseconds kMergerPause{100};
+
+/// What goes wrong inside a file is told with the file's path in front.
+template <class Body> auto naming(const std::string &path, Body &&body)
+try {
+    return body();
+} catch (const RuntimeError &error) {
+    throw RuntimeError(error.number(), fmt::format("「{}」：{}", path, error.description()));
+}
+
+std::string readForm(const std::string &path, bool mayComeLate)
+{
+    for (int i = 0; mayComeLate && i < kMergerTries; ++i) {
+        try {
+            return readWholeFile(path, kLargestForm);
+        } catch (const RuntimeError &error) {
+            if (error.number() != error_number::fileNotFound) throw;
+            std::this_thread::sleep_for(kMergerPause);
+        }
+    }
+    return readWholeFile(path, kLargestForm);
+}
+
+class Opener {
+public:
+    LetterSet open(const CommandScript &script)
+    {
+        m_set.title = script.title;
+        m_set.notices = script.notices;
+        m_set.paper = script.paper;
+        m_set.ending = script.ending;
+        m_set.offsetX = script.offsetX;
+        m_set.offsetY = script.offsetY;
+        for (const ReportOrder &order : script.reports) openReport(order, CombinedForms::allowed);
+        applyItems(script.items);
+        if (m_set.size() == 0)
+            throw RuntimeError(error_number::invalidCall, "印刷する委任状がありません。CSV にデータの行がありません。");
+        return std::move(m_set);
+    }
+
+private:
+    enum class CombinedForms { allowed, refused };
+
+    void openReport(const ReportOrder &order, CombinedForms combined)
+    {
+        if (order.form.empty())
+            throw RuntimeError(error_number::invalidCall, "コマンドファイルに帳票の名前（FileName）がありません。");
+        const std::string bytes = readForm(order.form, order.data.empty());
+        if (!isCombinedForm(bytes)) {
+            addReport(order, bytes);
+            return;
+        }
+        const auto parts = naming(order.form, [&] { return readCombinedForm(bytes); });
+        // A combined form that names itself would never end.
+        if (combined == CombinedForms::refused || parts.size() > kMostReports)
+            throw RuntimeError(error_number::invalidCall,
+                               fmt::format("「{}」：結合した帳票の中に結合した帳票は置けません。", order.form));
+        for (const ReportOrder &part : parts) openReport(part, CombinedForms::refused);
+    }
+
+    void addReport(const ReportOrder &order, const std::string &bytes)
+    {
+        LetterReport report;
+        report.formPath = order.form;
+        if (order.data.empty())
+            throw RuntimeError(
+                error_number::invalidCall,
+                fmt::format("コマンドファイルに帳票「{}」の CSV（SetDataText）がありません。", order.form));
+        for (const DataSource &source : order.data) {
+            LetterTable table = readTable(source);
+            const bool isFirst = report.columns.empty();
+            for (const std::string &column : table.columns())
+                report.columns.push_back(isFirst ? column : source.name + "." + column);
+            if (isFirst)
+                report.letters = std::move(table);
+            else
+                report.others.push_back(std::move(table));
+        }
+        readFormInto(report, bytes);
+        m_set.reports.push_back(std::move(report));
+    }
+
+    static LetterTable readTable(const DataSource &source)
+    {
+        const std::string bytes = readWholeFile(source.path);
+        return naming(source.path,
+                      [&] { return readLetters(bytes, source.hasTitles ? TitleRow::first : TitleRow::none); });
+    }
+
+    void readFormInto(LetterReport &report, const std::string &bytes)
+    {
+        if (!looksLikeXml(bytes)) {
+            report.isListing = true;
+            const std::string heading = fmt::format(
+                "「{}」はこのプログラムの帳票（SVG）ではないため、各行の内容を一覧で表示します。", report.formPath);
+            report.form = listingForm(report.columns, heading);
+            m_set.notices.push_back(heading);
+            return;
+        }
+        report.form = naming(report.formPath, [&] { return readSvg(bytes); });
+        for (const std::string &notice : report.form.notices)
+            m_set.notices.push_back(fmt::format("「{}」：{}", report.formPath, notice));
+    }
+
+    /// An item text stands in the place of the form's text that has the item's name as its id.
+    void applyItems(const std::vector<ItemText> &items)
+    {
+        for (const ItemText &item : items) {
+            bool isUsed = false;
+            const std::string name = item.name.substr(item.name.rfind('.') + 1);
+            for (LetterReport &report : m_set.reports) isUsed = replaceText(report.form, name, item.text) || isUsed;
+            if (!isUsed) m_set.notices.push_back(fmt::format("帳票に項目「{}」がありません。", item.name));
+        }
+    }
+
+    static bool replaceText(FormDocument &form, const std::string &id, const std::string &text)
+    {
+        bool isUsed = false;
+        for (DrawCommand &command : form.commands) {
+            auto *const old = std::get_if<TextCommand>(&command);
+            if (old == nullptr || old->id != id) continue;
+            // What was a field stays one in its place among the commands, but shows this text.
+            old->pieces = {{text, {}, {}, {}}};
+            isUsed = true;
+        }
+        return isUsed;
+    }
+
+    LetterSet m_set;
+};
+
+} // namespace
+
+std::string_view LetterReport::value(std::size_t row, std::size_t column) const
+{
+    if (column < letters.columns().size()) return letters.value(row, column);
+    column -= letters.columns().size();
+    for (const LetterTable &table : others) {
+        if (column < table.columns().size()) {
+            const std::size_t own = table.size() == 1 ? 0 : row;
+            return own < table.size() ? table.value(own, column) : std::string_view();
+        }
+        column -= table.columns().size();
+    }
+    return {};
+}
+
+std::size_t LetterSet::size() const
+{
+    std::size_t count = 0;
+    for (const LetterReport &report : reports) count += report.letters.size();
+    return count;
+}
+
+LetterSet::Place LetterSet::placeOf(std::size_t letter) const
+{
+    std::size_t report = 0;
+    while (report + 1 < reports.size() && letter >= reports[report].letters.size())
+        letter -= reports[report++].letters.size();
+    return {report, letter};
+}
+
+LetterSet openScript(const std::string &path)
+{
+    const CommandScript script = readCommandScript(readWholeFile(path, kLargestScript));
+    return naming(path, [&] { return openLetters(script); });
+}
+
+LetterSet openLetters(const CommandScript &script)
+{
+    return Opener().open(script);
+}
+
+} // namespace inin::viewer

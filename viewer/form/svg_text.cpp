@@ -1,0 +1,204 @@
+#include "viewer/form/svg_text.h"
+
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+#include "viewer/form/svg_values.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr std::string_view kOwnPrefix = "data-";
+constexpr std::string_view kOwnNames[] = {"box", "lines", "leading", "narrowest", "min-size", "valign", "padding"};
+constexpr double kSmallestShare = 0.6; ///< of the size, when the form says nothing
+constexpr int kMostLines = 200;
+
+double numberOf(std::string_view text, double otherwise, double least, double most)
+{
+    return std::clamp(readLength(text).value_or(otherwise), least, most);
+}
+
+/// The first of a list of places: letters that were moved one by one are not.
+std::optional<double> firstOf(const XmlAttributes &attributes, std::string_view name, double em)
+{
+    const auto text = attributes.find(name);
+    if (!text) return std::nullopt;
+    return readLength(text->substr(0, text->find_first_of(" ,")), em);
+}
+
+bool isAsciiBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+/// Blanks as SVG has them by itself: line ends go, runs become one, none at the ends. U+3000 is a letter like any other.
+std::string collapsed(std::string_view text)
+{
+    std::string out;
+    for (const char c : text) {
+        if (c == '\n' || c == '\r') continue;
+        const bool blank = isAsciiBlank(c);
+        if (blank && (out.empty() || out.back() == ' ')) continue;
+        out += blank ? ' ' : c;
+    }
+    while (out.ends_with(' ')) out.pop_back();
+    return out;
+}
+
+bool isBlank(std::string_view text)
+{
+    return std::ranges::all_of(text, isAsciiBlank);
+}
+
+bool looksTheSame(const SvgStyle &a, const SvgStyle &b)
+{
+    return a.family == b.family && a.fontSize == b.fontSize && a.spacing == b.spacing &&
+           a.fillOnPaper() == b.fillOnPaper();
+}
+
+} // namespace
+
+void SvgText::readOwnAttributes(const XmlAttributes &attributes)
+{
+    for (const auto &[name, value] : attributes.all()) {
+        if (!name.starts_with(kOwnPrefix)) continue;
+        const std::string_view own = name.substr(kOwnPrefix.size());
+        if (std::ranges::find(kOwnNames, own) == std::end(kOwnNames))
+            m_tell(fmt::format("属性「{}」は知りません。", name));
+        else
+            m_wishes.insert_or_assign(std::string(own), std::string(value));
+    }
+}
+
+void SvgText::open(const XmlAttributes &attributes, const Affine &place, const SvgStyle &style, Notice tell)
+{
+    m_isOpen = true;
+    m_id = attributes.get("id");
+    m_place = place;
+    m_wishes.clear();
+    m_tell = std::move(tell);
+    readOwnAttributes(attributes);
+    const double x = firstOf(attributes, "x", style.fontSize).value_or(0);
+    const double y = firstOf(attributes, "y", style.fontSize).value_or(0);
+    m_lines = {{x + firstOf(attributes, "dx", style.fontSize).value_or(0),
+                y + firstOf(attributes, "dy", style.fontSize).value_or(0),
+                {}}};
+}
+
+void SvgText::openSpan(const XmlAttributes &attributes, const SvgStyle &style)
+{
+    if (!m_isOpen) return;
+    readOwnAttributes(attributes);
+    const auto x = firstOf(attributes, "x", style.fontSize), y = firstOf(attributes, "y", style.fontSize);
+    const auto dy = firstOf(attributes, "dy", style.fontSize);
+    if (!x && !y && !dy) return;
+    const Line &last = m_lines.back();
+    // Without an x a line begins where the text does: where the line before ended is known only when it is filled.
+    m_lines.push_back({x.value_or(m_lines.front().x), y.value_or(last.y) + dy.value_or(0), {}});
+}
+
+void SvgText::closeSpan() {}
+
+void SvgText::add(std::string_view text, const SvgStyle &style)
+{
+    if (!m_isOpen || style.isHidden) return;
+    // Whatever stands between two spans that set places is the file's own indentation.
+    if (m_lines.back().parts.empty() && isBlank(text)) return;
+    std::vector<Part> &parts = m_lines.back().parts;
+    if (!parts.empty() && looksTheSame(parts.back().style, style))
+        parts.back().text += text;
+    else
+        parts.push_back({std::string(text), style});
+}
+
+std::string SvgText::textOf(const Line &line) const
+{
+    std::string whole;
+    for (const Part &part : line.parts) whole += part.text;
+    if (!line.parts.front().style.keepsBlanks) return collapsed(whole);
+    // Even where blanks are kept, a line end at the very end is the file's.
+    while (!whole.empty() && (whole.back() == '\n' || whole.back() == '\r')) whole.pop_back();
+    std::ranges::replace_if(
+        whole, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+    return whole;
+}
+
+FitRule SvgText::readFit(const SvgStyle &style) const
+{
+    const auto wish = [&](std::string_view name) {
+        const auto found = m_wishes.find(name);
+        return found == m_wishes.end() ? std::string_view() : std::string_view(found->second);
+    };
+    FitRule fit;
+    fit.lines = static_cast<int>(numberOf(wish("lines"), 1, 1, kMostLines));
+    fit.leading = numberOf(wish("leading"), fit.leading, 0.5, 5);
+    fit.narrowest = numberOf(wish("narrowest"), fit.narrowest, 0.3, 1);
+    fit.smallest = m_place.scale() * numberOf(wish("min-size"), style.fontSize * kSmallestShare, 0.1, style.fontSize);
+    if (wish("valign") == "top") fit.vertical = Vertical::top;
+    if (wish("valign") == "bottom") fit.vertical = Vertical::bottom;
+    return fit;
+}
+
+void SvgText::addCommand(FormDocument &form, const Line &line, const std::string &text)
+{
+    const SvgStyle &style = line.parts.front().style;
+    const auto color = style.fillOnPaper();
+    const double scale = m_place.scale();
+    if (!color || text.empty() || !(scale > 0)) return;
+    TextCommand command;
+    command.id = m_id;
+    command.pieces = readPieces(text);
+    command.family = style.family;
+    command.size = style.fontSize * scale;
+    command.color = *color;
+    command.spacing = style.spacing * scale;
+    command.anchor = style.anchor;
+    command.at = m_place * Affine{1 / scale, 0, 0, 1 / scale, line.x, line.y};
+    const auto box = m_wishes.find("box");
+    if (box != m_wishes.end()) {
+        command.fit = readFit(style);
+        const auto padding = m_wishes.find("padding");
+        m_boxWishes.push_back({form.commands.size(), box->second,
+                               scale * numberOf(padding == m_wishes.end() ? "" : padding->second, 0, 0, 1000)});
+    }
+    form.commands.emplace_back(std::move(command));
+}
+
+void SvgText::close(FormDocument &form)
+{
+    m_isOpen = false;
+    std::erase_if(m_lines, [](const Line &line) { return line.parts.empty(); });
+    if (m_lines.empty()) return;
+    for (const Line &line : m_lines)
+        if (line.parts.size() > 1) m_tell("一行の中で書体や大きさや色が変わる文字は、行の始まりの書式で表示します。");
+    if (!m_wishes.contains("box")) {
+        for (const Line &line : m_lines) addCommand(form, line, textOf(line));
+        return;
+    }
+    // In a box the lines are one text whose line ends are kept.
+    std::string whole;
+    for (const Line &line : m_lines) whole += (whole.empty() ? "" : "\n") + textOf(line);
+    addCommand(form, m_lines.front(), whole);
+}
+
+void SvgText::settleBoxes(const std::map<std::string, Box, std::less<>> &boxes, FormDocument &form) const
+{
+    for (const BoxWish &wish : m_boxWishes) {
+        const auto found = boxes.find(wish.box);
+        if (found == boxes.end())
+            throw RuntimeError(error_number::invalidCall, fmt::format("枠「{}」（data-box）がありません。", wish.box));
+        auto &command = std::get<TextCommand>(form.commands[wish.command]);
+        Box box = found->second;
+        const double padding = std::min(wish.padding, std::min(box.width, box.height) / 2);
+        box = {box.left + padding, box.top + padding, box.width - 2 * padding, box.height - 2 * padding};
+        command.fit->box = box;
+    }
+}
+
+} // namespace inin::viewer

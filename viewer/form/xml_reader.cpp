@@ -1,0 +1,147 @@
+#include "viewer/form/xml_reader.h"
+
+#include "runtime/runtime_error.h"
+
+#include <expat.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <exception>
+#include <limits>
+#include <memory>
+#include <string>
+
+namespace inin::viewer {
+
+namespace {
+
+/// Stands between namespace and name; no namespace holds it.
+constexpr char kJoin = '\n';
+constexpr std::string_view kXmlSpace = "http://www.w3.org/XML/1998/namespace";
+
+[[noreturn]] void refuse(std::string sentence)
+{
+    throw RuntimeError(error_number::invalidCall, std::move(sentence));
+}
+
+std::pair<std::string_view, std::string_view> splitName(const char *whole)
+{
+    const std::string_view name = whole;
+    const std::size_t join = name.rfind(kJoin);
+    if (join == std::string_view::npos) return {{}, name};
+    return {name.substr(0, join), name.substr(join + 1)};
+}
+
+class Run {
+public:
+    Run(std::string_view space, XmlHandler &handler, const XmlLimits &limits)
+        : m_space(space), m_handler(handler), m_limits(limits), m_parser(XML_ParserCreateNS(nullptr, kJoin))
+    {
+        if (!m_parser) throw RuntimeError(error_number::outOfMemory);
+        XML_SetUserData(m_parser.get(), this);
+        XML_SetElementHandler(m_parser.get(), &Run::onOpen, &Run::onClose);
+        XML_SetCharacterDataHandler(m_parser.get(), &Run::onText);
+        XML_SetEntityDeclHandler(m_parser.get(), &Run::onEntity);
+    }
+
+    void parse(std::string_view bytes)
+    {
+        if (bytes.size() > std::size_t{std::numeric_limits<int>::max()}) refuse("ファイルが大きすぎます。");
+        const auto size = static_cast<int>(bytes.size());
+        const XML_Status status = XML_Parse(m_parser.get(), bytes.data(), size, XML_TRUE);
+        if (m_failure) std::rethrow_exception(m_failure);
+        if (status == XML_STATUS_OK) return;
+        refuse(fmt::format("XML として読めません（{}行目：{}）。", XML_GetCurrentLineNumber(m_parser.get()),
+                           XML_ErrorString(XML_GetErrorCode(m_parser.get()))));
+    }
+
+private:
+    struct FreeParser {
+        void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+    };
+
+    /// An exception must not travel through the parser: it stops the parser and goes on behind it.
+    template <class Body> static void guarded(void *data, Body &&body)
+    {
+        auto &run = *static_cast<Run *>(data);
+        if (run.m_failure) return;
+        try {
+            body(run);
+        } catch (...) {
+            run.m_failure = std::current_exception();
+            XML_StopParser(run.m_parser.get(), XML_FALSE);
+        }
+    }
+
+    [[nodiscard]] std::string_view ownName(const char *whole) const
+    {
+        const auto [space, name] = splitName(whole);
+        return space.empty() || space == m_space ? name : std::string_view();
+    }
+
+    static void onOpen(void *data, const char *name, const char **attributes)
+    {
+        guarded(data, [&](Run &run) { run.open(name, attributes); });
+    }
+    static void onClose(void *data, const char *name)
+    {
+        guarded(data, [&](Run &run) {
+            --run.m_depth;
+            run.m_handler.close(run.ownName(name));
+        });
+    }
+    static void onText(void *data, const char *text, int length)
+    {
+        guarded(data, [&](Run &run) {
+            run.m_textBytes += static_cast<std::size_t>(length);
+            if (run.m_textBytes > run.m_limits.textBytes) refuse("文字が多すぎます。");
+            run.m_handler.text({text, static_cast<std::size_t>(length)});
+        });
+    }
+    static void onEntity(void *data, const char *name, int, const char *, int, const char *, const char *, const char *,
+                         const char *)
+    {
+        guarded(data, [&](Run &) { refuse(fmt::format("実体宣言「{}」のあるファイルは開きません。", name)); });
+    }
+
+    void open(const char *name, const char **attributes)
+    {
+        if (++m_elements > m_limits.elements) refuse(fmt::format("要素が多すぎます（{}個まで）。", m_limits.elements));
+        if (++m_depth > m_limits.depth) refuse(fmt::format("要素の入れ子が深すぎます（{}段まで）。", m_limits.depth));
+        XmlAttributes own;
+        for (; *attributes != nullptr; attributes += 2) {
+            const auto [space, attribute] = splitName(attributes[0]);
+            if (space.empty()) own.add(attribute, attributes[1]);
+            if (space == kXmlSpace && attribute == "space") own.add("xml:space", attributes[1]);
+        }
+        m_handler.open(ownName(name), own);
+    }
+
+    std::string m_space;
+    XmlHandler &m_handler;
+    XmlLimits m_limits;
+    std::unique_ptr<XML_ParserStruct, FreeParser> m_parser;
+    std::exception_ptr m_failure;
+    std::size_t m_elements = 0, m_depth = 0, m_textBytes = 0;
+};
+
+} // namespace
+
+std::optional<std::string_view> XmlAttributes::find(std::string_view name) const
+{
+    const auto found = std::ranges::find(m_pairs, name, &std::pair<std::string_view, std::string_view>::first);
+    if (found == m_pairs.end()) return std::nullopt;
+    return found->second;
+}
+
+std::string_view XmlAttributes::get(std::string_view name, std::string_view otherwise) const
+{
+    return find(name).value_or(otherwise);
+}
+
+void readXml(std::string_view bytes, std::string_view space, XmlHandler &handler, const XmlLimits &limits)
+{
+    Run(space, handler, limits).parse(bytes);
+}
+
+} // namespace inin::viewer

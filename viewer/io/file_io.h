@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace inin::viewer {
+
+/// The bytes of a file whose path is as the suite writes it: either slash, any ASCII case. A RuntimeError with a
+/// sentence that names the path when it is missing, a folder, unreadable or larger than `limit` bytes.
+[[nodiscard]] std::string readWholeFile(const std::string &path, std::size_t limit = std::size_t{1} << 30);
+/// The path of the system, absolute, for a path as the suite writes it.
+[[nodiscard]] std::string systemPathOf(const std::string &path);
+
+/// A file that takes its name only when it is whole. What is not finished leaves nothing behind, and an older file of
+/// that name stays as it was. Failures are RuntimeErrors with a sentence that names the path.
+class FinishedFile {
+public:
+    explicit FinishedFile(const std::string &path);
+    FinishedFile(const FinishedFile &) = delete;
+    FinishedFile &operator=(const FinishedFile &) = delete;
+    ~FinishedFile();
+
+    void write(std::string_view bytes);
+    /// Puts the file under its name; nothing may be written after that.
+    void finish();
+
+private:
+    void flush();
+    [[noreturn]] void fail() const;
+
+    std::string m_path;
+    std::string m_unfinished;
+    std::string m_buffer;
+    int m_descriptor = -1;
+};
+
+} // namespace inin::viewer

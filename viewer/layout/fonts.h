@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace inin::viewer {
+
+class Font;
+
+/// The fonts of this machine, found by fontconfig and opened once.
+class Fonts {
+public:
+    Fonts();
+    Fonts(const Fonts &) = delete;
+    Fonts &operator=(const Fonts &) = delete;
+    ~Fonts();
+
+    /// The font of a family, or the nearest there is; a substitution is told once in notices(). Only fonts with TrueType
+    /// outlines are taken. A RuntimeError when the machine has none.
+    [[nodiscard]] const Font &font(const std::string &family);
+    [[nodiscard]] const std::vector<std::string> &notices() const { return m_notices; }
+
+private:
+    struct Entry {
+        std::string family;
+        const Font *font;
+    };
+    std::vector<Entry> m_entries;
+    std::vector<std::unique_ptr<Font>> m_fonts;
+    std::vector<std::string> m_notices;
+};
+
+} // namespace inin::viewer

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "viewer/form/form_document.h"
+#include "viewer/layout/font.h"
+
+#include <span>
+
+namespace inin::viewer {
+
+/// One line of glyphs with its place. A glyph stands at at({x * size * stretch / 1000, 0}).
+struct GlyphRun {
+    const Font *font = nullptr;
+    double size = 10;
+    double stretch = 1; ///< the width of a letter as a part of its own
+    double spacing = 0; ///< behind each letter, in points before stretching; the glyphs' x do not hold it
+    Color color;
+    Affine at;
+    std::span<const ShapedGlyph> glyphs;
+};
+
+/// What a page is painted with: a file, a screen, a printer.
+class PagePainter {
+public:
+    PagePainter() = default;
+    PagePainter(const PagePainter &) = delete;
+    PagePainter &operator=(const PagePainter &) = delete;
+    virtual ~PagePainter() = default;
+    virtual void paint(const PathCommand &path) = 0;
+    virtual void paint(const GlyphRun &run) = 0;
+};
+
+} // namespace inin::viewer

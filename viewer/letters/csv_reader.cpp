@@ -1,0 +1,205 @@
+#include "viewer/letters/csv_reader.h"
+
+#include "adapters/posix/code_page_932.h"
+#include "runtime/runtime_error.h"
+
+#include <algorithm>
+#include <array>
+
+namespace inin::viewer {
+
+namespace {
+
+// Quote, comma and line end are no second byte of any character of the code page, so that lines and fields are found in
+// the bytes themselves.
+constexpr std::string_view kSeparator = "\",\"";
+
+/// A line of the file; the last one may lack its end.
+struct Line {
+    std::string_view text;
+    bool hasEnd = false;
+};
+
+Line takeLine(std::string_view &rest)
+{
+    const std::size_t end = rest.find('\n');
+    Line line{rest.substr(0, end), end != std::string_view::npos};
+    rest.remove_prefix(line.hasEnd ? end + 1 : rest.size());
+    if (line.text.ends_with('\r')) line.text.remove_suffix(1);
+    return line;
+}
+
+/// Where separators stand in a row, overlapping ones too: `",","` holds two of which one counts.
+std::vector<std::size_t> separatorPlaces(std::string_view inner)
+{
+    std::vector<std::size_t> places;
+    for (std::size_t at = inner.find(kSeparator); at != std::string_view::npos; at = inner.find(kSeparator, at + 1))
+        places.push_back(at);
+    return places;
+}
+
+/// Separators that overlap stand in chains, two bytes apart. Of an odd chain the most that can count is every other one,
+/// in one way only; an even chain leaves the choice.
+bool leavesChoice(const std::vector<std::size_t> &places)
+{
+    std::size_t chain = 1;
+    for (std::size_t i = 1; i <= places.size(); ++i) {
+        const bool goesOn = i < places.size() && places[i] - places[i - 1] < kSeparator.size();
+        if (!goesOn && chain % 2 == 0) return true;
+        chain = goesOn ? chain + 1 : 1;
+    }
+    return false;
+}
+
+/// The separators that count when as many as possible do.
+std::vector<std::size_t> withoutOverlaps(const std::vector<std::size_t> &places)
+{
+    std::vector<std::size_t> chosen;
+    std::size_t free = 0;
+    for (const std::size_t place : places) {
+        if (place < free) continue;
+        chosen.push_back(place);
+        free = place + kSeparator.size();
+    }
+    return chosen;
+}
+
+/// Whether a row with these separators can be read as `columns` fields in exactly one way, and why not.
+RowFault judge(const std::vector<std::size_t> &all, std::size_t chosen, std::size_t columns)
+{
+    if (chosen + 1 < columns) return RowFault::tooFewColumns;
+    // One separator too many may be a value's own; any of them could be the one.
+    if (chosen + 1 > columns) return RowFault::tooManyColumns;
+    return leavesChoice(all) ? RowFault::ambiguous : RowFault::none;
+}
+
+/// The fields of a row that reads in one way.
+void splitAt(std::string_view inner, const std::vector<std::size_t> &places, std::vector<std::string_view> &fields)
+{
+    fields.clear();
+    std::size_t begin = 0;
+    for (const std::size_t place : places) {
+        fields.push_back(inner.substr(begin, place - begin));
+        begin = place + kSeparator.size();
+    }
+    fields.push_back(inner.substr(begin));
+}
+
+bool isQuoted(std::string_view text)
+{
+    return text.size() >= 2 && text.starts_with('"') && text.ends_with('"');
+}
+
+/// A NUL is no character of a letter; it is shown as a lost one.
+std::string decoded(std::string_view bytes)
+{
+    constexpr std::string_view kLost = "\xEF\xBF\xBD";
+    std::string text = decodeCp932(bytes);
+    for (std::size_t at = text.find('\0'); at != std::string::npos; at = text.find('\0', at + kLost.size()))
+        text.replace(at, 1, kLost);
+    return text;
+}
+
+class Reader {
+public:
+    Reader(std::string_view bytes, LetterTable &table) : m_rest(bytes), m_table(table) {}
+
+    LetterTable &read()
+    {
+        const auto rows = static_cast<std::size_t>(std::ranges::count(m_rest, '\n')) + 1;
+        m_table.reserve(rows, m_rest.size() * 3 / 2);
+        while (!m_rest.empty()) {
+            const Line line = takeLine(m_rest);
+            if (!line.text.empty()) readRow(line);
+        }
+        return m_table;
+    }
+
+private:
+    void readRow(const Line &line)
+    {
+        const RowFault fault = faultOf(line);
+        if (fault != RowFault::none) {
+            m_table.addFaultyRow(fault, decoded(line.text));
+            return;
+        }
+        splitAt(innerOf(line), m_places, m_fields);
+        m_texts.resize(m_fields.size());
+        for (std::size_t i = 0; i < m_fields.size(); ++i) {
+            m_texts[i] = decoded(m_fields[i]);
+            m_fields[i] = m_texts[i];
+        }
+        m_table.addRow(m_fields);
+    }
+    static std::string_view innerOf(const Line &line) { return line.text.substr(1, line.text.size() - 2); }
+
+    RowFault faultOf(const Line &line)
+    {
+        if (!isQuoted(line.text)) return line.hasEnd ? RowFault::notQuoted : RowFault::cutOff;
+        // A last line without its end may have lost the rest of its last value, whatever it looks like.
+        if (!line.hasEnd) return RowFault::cutOff;
+        const std::vector<std::size_t> all = separatorPlaces(innerOf(line));
+        m_places = withoutOverlaps(all);
+        return judge(all, m_places.size(), m_table.columns().size());
+    }
+
+    std::string_view m_rest;
+    LetterTable &m_table;
+    std::vector<std::size_t> m_places;
+    std::vector<std::string_view> m_fields;
+    std::vector<std::string> m_texts;
+};
+
+[[noreturn]] void fail(const char *sentence)
+{
+    throw RuntimeError(error_number::invalidCall, sentence);
+}
+
+std::vector<std::string> columnsOf(const Line &line)
+{
+    if (!isQuoted(line.text)) fail("先頭の行が見出し行ではありません。各列を引用符で囲んだ行が必要です。");
+    const std::string_view inner = line.text.substr(1, line.text.size() - 2);
+    const std::vector<std::size_t> places = separatorPlaces(inner);
+    if (leavesChoice(places)) fail("見出し行の列の区切りを決められません。");
+    std::vector<std::string_view> fields;
+    splitAt(inner, withoutOverlaps(places), fields);
+    std::vector<std::string> columns;
+    for (const std::string_view field : fields) columns.push_back(decoded(field));
+    return columns;
+}
+
+/// The names of a file without titles: by its first row.
+std::vector<std::string> numberedColumns(const Line &first)
+{
+    const std::size_t count =
+        isQuoted(first.text) ? withoutOverlaps(separatorPlaces(first.text.substr(1, first.text.size() - 2))).size() + 1
+                             : 1;
+    if (count == programTitles().size()) return programTitles();
+    std::vector<std::string> columns;
+    for (std::size_t i = 1; i <= count; ++i) columns.push_back(std::to_string(i));
+    return columns;
+}
+
+} // namespace
+
+const std::vector<std::string> &programTitles()
+{
+    static const std::vector<std::string> titles = {
+        "対象開始日", "対象終了日",   "保険者名",   "利用者氏名", "利用者住所",   "会社名称",   "会社住所",
+        "代表者名",   "会社電話番号", "金融機関名", "口座番号",   "口座名義",     "最終施術日", "保険者地区名",
+        "保険種別",   "世帯主名",     "世帯主電話", "世帯主住所", "金融機関名２", "署名日",
+    };
+    return titles;
+}
+
+LetterTable readLetters(std::string_view bytes, TitleRow titles)
+{
+    std::string_view rest = bytes;
+    const Line first = takeLine(rest);
+    if (bytes.empty()) fail("ファイルが空です。");
+    LetterTable table(titles == TitleRow::first ? columnsOf(first) : numberedColumns(first));
+    Reader(titles == TitleRow::first ? rest : bytes, table).read();
+    return table;
+}
+
+} // namespace inin::viewer

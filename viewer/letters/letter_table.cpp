@@ -1,0 +1,88 @@
+#include "viewer/letters/letter_table.h"
+
+#include "runtime/runtime_error.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace inin::viewer {
+
+std::string_view faultText(RowFault fault)
+{
+    switch (fault) {
+    case RowFault::none:
+        return "";
+    case RowFault::notQuoted:
+        return "行の始まりか終わりに引用符がありません。";
+    case RowFault::cutOff:
+        return "行が途中で切れています。";
+    case RowFault::tooFewColumns:
+        return "列の数が見出し行より少ない行です。";
+    case RowFault::tooManyColumns:
+        return "列の数が見出し行より多い行です。";
+    case RowFault::ambiguous:
+        return "値の中の引用符のため、列の区切りを決められません。";
+    }
+    return "";
+}
+
+LetterTable::LetterTable(std::vector<std::string> columns) : m_columns(std::move(columns))
+{
+    std::vector<std::string_view> sorted(m_columns.begin(), m_columns.end());
+    std::ranges::sort(sorted);
+    const auto twice = std::ranges::adjacent_find(sorted);
+    if (twice != sorted.end())
+        throw RuntimeError(error_number::invalidCall, fmt::format("見出し行に列「{}」が二つあります。", *twice));
+}
+
+std::optional<std::size_t> LetterTable::columnOf(std::string_view name) const
+{
+    const auto found = std::ranges::find(m_columns, name);
+    if (found == m_columns.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - m_columns.begin());
+}
+
+std::string_view LetterTable::cell(std::size_t index) const
+{
+    const std::size_t begin = index == 0 ? 0 : m_ends[index - 1];
+    return std::string_view(m_text).substr(begin, m_ends[index] - begin);
+}
+
+std::string_view LetterTable::value(std::size_t row, std::size_t column) const
+{
+    if (m_faults[row] != RowFault::none) return {};
+    return cell(row * m_columns.size() + column);
+}
+
+std::string_view LetterTable::rawText(std::size_t row) const
+{
+    if (m_faults[row] == RowFault::none) return {};
+    return cell(row * m_columns.size());
+}
+
+void LetterTable::reserve(std::size_t rows, std::size_t bytes)
+{
+    m_text.reserve(bytes);
+    m_ends.reserve(rows * m_columns.size());
+    m_faults.reserve(rows);
+}
+
+void LetterTable::addRow(const std::vector<std::string_view> &values)
+{
+    for (const std::string_view value : values) {
+        m_text += value;
+        m_ends.push_back(m_text.size());
+    }
+    m_faults.push_back(RowFault::none);
+}
+
+void LetterTable::addFaultyRow(RowFault fault, std::string_view rawText)
+{
+    m_text += rawText;
+    m_ends.insert(m_ends.end(), m_columns.size(), m_text.size());
+    m_faults.push_back(fault);
+}
+
+} // namespace inin::viewer

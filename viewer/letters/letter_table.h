@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace inin::viewer {
+
+/// Why a row cannot be read for sure; its columns are then empty and its text is kept as it stands in the file.
+enum class RowFault : std::uint8_t {
+    none,
+    notQuoted,      ///< does not begin and end with a quote
+    cutOff,         ///< the file ends in the middle of the line
+    tooFewColumns,  ///< fewer than the title row has
+    tooManyColumns, ///< more, and which of them belong together cannot be told
+    ambiguous,      ///< quotes inside values leave more than one reading
+};
+/// A sentence in Japanese.
+[[nodiscard]] std::string_view faultText(RowFault fault);
+
+/// The letters of one CSV file, read once: nothing in here changes when the file does.
+/// All texts lie in one arena, UTF-8.
+class LetterTable {
+public:
+    LetterTable() = default;
+    /// Column names must differ; a name that stands twice is a RuntimeError.
+    explicit LetterTable(std::vector<std::string> columns);
+
+    [[nodiscard]] const std::vector<std::string> &columns() const { return m_columns; }
+    [[nodiscard]] std::optional<std::size_t> columnOf(std::string_view name) const;
+    [[nodiscard]] std::size_t size() const { return m_faults.size(); }
+    [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const;
+    [[nodiscard]] RowFault fault(std::size_t row) const { return m_faults[row]; }
+    /// The text of a row that cannot be read, as it stands in the file; empty for a good row.
+    [[nodiscard]] std::string_view rawText(std::size_t row) const;
+
+    void reserve(std::size_t rows, std::size_t bytes);
+    /// As many values as columns.
+    void addRow(const std::vector<std::string_view> &values);
+    void addFaultyRow(RowFault fault, std::string_view rawText);
+
+private:
+    [[nodiscard]] std::string_view cell(std::size_t index) const;
+
+    std::vector<std::string> m_columns;
+    std::string m_text;
+    std::vector<std::size_t> m_ends; ///< a cell's end in the arena, row by row; a faulty row's text is its first cell
+    std::vector<RowFault> m_faults;
+};
+
+} // namespace inin::viewer

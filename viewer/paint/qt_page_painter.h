@@ -1,0 +1,42 @@
+#pragma once
+
+#include "viewer/layout/page_painter.h"
+
+#include <QImage>
+#include <QPainterPath>
+#include <unordered_map>
+
+class QPainter;
+
+namespace inin::viewer {
+
+class LetterPress;
+
+/// The outlines of glyphs as Qt has them, kept for all pages of a window.
+class QtGlyphs {
+public:
+    /// In a square of 1, y downwards.
+    [[nodiscard]] const QPainterPath &outline(const Font &font, std::uint32_t glyph);
+
+private:
+    std::unordered_map<const Font *, std::unordered_map<std::uint32_t, QPainterPath>> m_outlines;
+};
+
+/// Paints with QPainter, whose unit must be the point. Letters are outlines: the same at every scale, on screen and paper.
+class QtPagePainter : public PagePainter {
+public:
+    QtPagePainter(QPainter &painter, QtGlyphs &glyphs) : m_painter(painter), m_glyphs(glyphs) {}
+    void paint(const PathCommand &path) override;
+    void paint(const GlyphRun &run) override;
+
+private:
+    QPainter &m_painter;
+    QtGlyphs &m_glyphs;
+};
+
+/// Paints a whole letter on its paper; the painter's unit must be the point.
+void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+/// One letter as a picture on white paper; needs no display.
+[[nodiscard]] QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
+
+} // namespace inin::viewer
