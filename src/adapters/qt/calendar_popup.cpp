@@ -2,6 +2,7 @@
 
 #include "adapters/qt/era_date_text.h"
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/theme.h"
 
 #include <QCalendarWidget>
 #include <QGridLayout>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QScreen>
+#include <QTextCharFormat>
 #include <QToolButton>
 
 namespace inin {
@@ -19,6 +21,19 @@ QDate toQt(Date date)
 {
     const DateParts parts = partsOf(date);
     return {parts.year, parts.month, parts.day};
+}
+
+/// Sundays red and Saturdays blue, as calendars hang on Japanese walls.
+void colourWeekend(QCalendarWidget &calendar)
+{
+    const bool dark = isDark(calendar.palette());
+    const auto colour = [&](Qt::DayOfWeek day, const QColor &onLight, const QColor &onDark) {
+        QTextCharFormat format;
+        format.setForeground(dark ? onDark : onLight);
+        calendar.setWeekdayTextFormat(day, format);
+    };
+    colour(Qt::Sunday, QColor(0xC0, 0x20, 0x20), QColor(0xFF, 0x8A, 0x80));
+    colour(Qt::Saturday, QColor(0x1A, 0x4F, 0xB0), QColor(0x8A, 0xB4, 0xF8));
 }
 
 QToolButton *pageButton(Qt::ArrowType arrow, const char *name, QWidget *parent)
@@ -49,6 +64,7 @@ CalendarPopup::CalendarPopup(Date shown, QWidget *parent)
     m_calendar->setMinimumDate(toQt(eras().front().first));
     m_calendar->setSelectedDate(toQt(shown));
     m_calendar->setAccessibleName(tr("日付"));
+    colourWeekend(*m_calendar);
 
     QToolButton *before = pageButton(Qt::LeftArrow, "前の月", this);
     QToolButton *after = pageButton(Qt::RightArrow, "次の月", this);

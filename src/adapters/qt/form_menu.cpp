@@ -27,12 +27,13 @@ QAction *makeAction(MenuEntry &entry, QMenuBar &bar, std::map<const Control *, Q
                     const ViewServices &services)
 {
     const auto menu = menus.find(entry.Container);
-    if (menu == menus.end()) {
+    // An entry that stands in no menu and does something stands in the bar itself.
+    if (menu == menus.end() && !entry.onClick) {
         QMenu *top = bar.addMenu(QString());
         menus[&entry] = top;
         return top->menuAction();
     }
-    QAction *action = menu->second->addAction(QString());
+    QAction *action = menu == menus.end() ? bar.addAction(QString()) : menu->second->addAction(QString());
     QObject::connect(action, &QAction::triggered, action, [&entry, &services] { services.edge.run(entry.onClick); });
     return action;
 }

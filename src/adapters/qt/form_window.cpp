@@ -85,8 +85,9 @@ void FormWindow::fitToScreen()
 {
     constexpr int kTitleBar = 40;
     const QRect room = screen()->availableGeometry().adjusted(0, 0, 0, -kTitleBar);
-    const QSize menu = layout()->menuBar() != nullptr ? layout()->menuBar()->sizeHint() : QSize();
-    QSize wanted = m_content->minimumSize().expandedTo(m_content->sizeHint()) + QSize(0, menu.height());
+    const QSize menu = layout()->menuBar() != nullptr ? layout()->menuBar()->sizeHint() : QSize(0, 0);
+    const QSize least = m_content->minimumSize().expandedTo(m_content->minimumSizeHint());
+    QSize wanted = least.expandedTo(m_preferredSize) + QSize(0, menu.height());
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     if (wanted.height() > room.height()) wanted.rwidth() += scrollBar;
     const QSize size = wanted.boundedTo(room.size());

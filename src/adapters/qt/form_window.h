@@ -31,6 +31,8 @@ public:
     [[nodiscard]] const ControlMirror &mirror() const { return m_mirror; }
     /// Says how the window comes up; the size is that of its content.
     void setOpening(Opening opening, Sizing sizing);
+    /// The content's size on a screen that has room for it; without it the smallest size that shows everything.
+    void setPreferredSize(QSize size) { m_preferredSize = size; }
 
     void open();
     [[nodiscard]] Control *activeControl() const;
@@ -55,6 +57,7 @@ private:
     const ViewServices &m_services;
     QWidget *m_content; ///< owned by the window
     ControlMirror m_mirror;
+    QSize m_preferredSize;
     Opening m_opening = Opening::centred;
     Sizing m_sizing = Sizing::free;
 };

@@ -19,6 +19,8 @@ public:
     void readAnew();
 
 private:
+    [[nodiscard]] int alignment(int column) const;
+
     const Grid &m_grid;
     int m_rows = 0; ///< as many as the view has been told of
 };

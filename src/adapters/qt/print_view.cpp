@@ -34,6 +34,8 @@ constexpr int kBarTop = 9990;
 constexpr int kBarHeight = 1035;
 constexpr int kCommandWidth = 1455;
 constexpr int kCommandHeight = 735;
+constexpr int kIcon = 24; // pixels, as the following
+constexpr int kCommandMargin = 16;
 
 constexpr GridPlace kPlaces[] = {
     {"optPrint(0)", 0, 0},
@@ -90,9 +92,13 @@ constexpr FreeColumn kFreeColumns[] = {{"fraJisseki(1)", 3}, {"Frame2", 2}, {"Fr
 
 void dressFilters(FormWindow &window)
 {
-    constexpr int kSearchWidth = 56;
-    for (const char *search : {"btn_StaffSelect", "btn_KanjaSelect"}) window.widget(search).setFixedWidth(kSearchWidth);
-    for (const char *day : {"inPeriodFrom", "inPeriodTo"}) window.widget(day).setFixedWidth(kSearchWidth);
+    constexpr int kSearchMargin = 30;
+    constexpr int kDayWidth = 56;
+    for (const char *search : {"btn_StaffSelect", "btn_KanjaSelect"}) {
+        auto &button = window.widgetAs<QPushButton>(search);
+        button.setFixedWidth(button.fontMetrics().horizontalAdvance(button.text()) + kSearchMargin);
+    }
+    for (const char *day : {"inPeriodFrom", "inPeriodTo"}) window.widget(day).setFixedWidth(kDayWidth);
     auto &name = window.widgetAs<QLabel>("lbl_SelKanja");
     name.setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     name.setMinimumHeight(window.widget("imNum_CD").sizeHint().height());
@@ -117,9 +123,11 @@ void dressCommands(FormWindow &window)
         {"btnPrint(0)", printIcon}, {"btnPrint(1)", previewIcon}, {"btnPrint(6)", backIcon}};
     for (const Command &command : kCommands) {
         auto &button = window.widgetAs<QPushButton>(command.button);
-        button.setFixedSize(pixels(kCommandWidth), pixels(kCommandHeight));
         button.setIcon(command.icon(button.palette()));
-        button.setIconSize({24, 24});
+        button.setIconSize({kIcon, kIcon});
+        // A larger font widens the button rather than losing letters.
+        const int text = button.fontMetrics().horizontalAdvance(button.text()) + kIcon + kCommandMargin;
+        button.setFixedSize(std::max(pixels(kCommandWidth), text), pixels(kCommandHeight));
     }
     QGridLayout &bar = gridOfFrame(window, "Picture1");
     bar.setColumnStretch(0, 1);

@@ -1,5 +1,6 @@
 #include "adapters/qt/theme.h"
 
+#include "adapters/qt/clear_style.h"
 #include "adapters/qt/japanese_font.h"
 
 #include <QApplication>
@@ -50,7 +51,7 @@ QPalette darkPalette()
 
 void applyTheme(QApplication &application)
 {
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new ClearStyle(QStyleFactory::create("Fusion"))); // the application owns its style
     const QPalette desktop = application.palette();
     if (!isDark(desktop)) application.setPalette(lightPalette(desktop));
     application.setFont(japaneseFont(application.font()));

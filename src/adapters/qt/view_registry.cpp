@@ -19,6 +19,8 @@ struct RegisteredView {
 constexpr RegisteredView kViews[] = {
     {"frmBack", layOutBack},
     {"frmPrintInin", layOutPrintInin},
+    {"frm患者検索", layOutPatientSearch},
+    {"frm施術者検索", layOutStaffSearch},
     {"frmWaitMsg", layOutWaitMsg},
 };
 

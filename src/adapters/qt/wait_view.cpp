@@ -3,7 +3,8 @@
 #include "adapters/qt/view_registry.h"
 #include "platform/controls.h"
 
-#include <QStyle>
+#include <QLabel>
+#include <QPointer>
 
 namespace inin {
 
@@ -15,6 +16,23 @@ constexpr int kButtonWidth = 90;
 constexpr int kButtonHeight = 30;
 constexpr int kPicture = 32;
 constexpr int kMargin = 6;
+
+/// The form asks for the sizes of its text and its button, and moves the text.
+void tellSizes(FormWindow &window)
+{
+    auto &label = window.widgetAs<QLabel>("laMsg");
+    Control &text = *window.form().find("laMsg");
+    window.form().find("cmdOK")->Top = twips(window.widget("cmdOK").y());
+    const auto follow = [&text, guard = QPointer<QLabel>(&label)] {
+        if (!guard) return;
+        guard->adjustSize();
+        guard->move(pixels(text.Left), pixels(text.Top));
+        text.Width = twips(guard->width());
+        text.Height = twips(guard->height());
+    };
+    follow();
+    text.watch(follow);
+}
 
 } // namespace
 
@@ -28,6 +46,7 @@ void layOutWaitMsg(FormWindow &window)
                                        kButtonHeight);
     for (const char *picture : {"imgInf(0)", "imgInf(1)", "imgInf(2)", "imgInf(3)"})
         window.widget(picture).setGeometry(kMargin, kMargin, kPicture, kPicture);
+    tellSizes(window);
 }
 
 } // namespace inin
