@@ -46,9 +46,8 @@ std::int16_t clsT_Dao::iWorkSpaceClose()
 std::int16_t clsT_Dao::iDbOpen()
 {
     using Sharing = DaoWorkspace::Sharing;
-    return trapped([&] {
-        m_database = workspace().OpenDatabase(m_sDbName, m_i排他 != 0 ? Sharing::exclusive : Sharing::shared);
-    });
+    return trapped(
+        [&] { m_database = workspace().OpenDatabase(m_sDbName, m_i排他 != 0 ? Sharing::exclusive : Sharing::shared); });
 }
 
 std::int16_t clsT_Dao::iDbClose()

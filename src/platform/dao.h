@@ -29,6 +29,7 @@ inline constexpr std::int32_t fileNotFound = 3024;
 inline constexpr std::int32_t readOnly = 3027;
 inline constexpr std::int32_t noTransaction = 3034;
 inline constexpr std::int32_t fileInUse = 3045;
+inline constexpr std::int32_t selectNotExecuted = 3065;
 inline constexpr std::int32_t syntax = 3075;
 inline constexpr std::int32_t noSuchTable = 3078;
 inline constexpr std::int32_t callFailed = 3146;
