@@ -3,6 +3,7 @@
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/grid_view.h"
 #include "adapters/qt/number_edit.h"
+#include "adapters/qt/open_list.h"
 #include "adapters/qt/option_mark.h"
 #include "adapters/qt/picture_box.h"
 #include "adapters/qt/qt_text.h"
@@ -164,11 +165,23 @@ void ControlMirror::visit(TextBox &control)
 
 void ControlMirror::visit(ListBox &control)
 {
+    if (control.Style == ListStyle::open) return keepOpenList(control);
     auto *combo = new QComboBox(parentFor(control));
     QObject::connect(combo, &QComboBox::activated, combo, [this, &control](int index) {
         m_services.edge.run([&] { control.ListIndex = static_cast<std::int16_t>(index); });
     });
     keep(control, combo, [&control, combo] { refreshItems(control, *combo); });
+}
+
+void ControlMirror::keepOpenList(ListBox &control)
+{
+    auto *list = new OpenList(parentFor(control));
+    QObject::connect(list, &QListWidget::currentRowChanged, list, [this, &control](int index) {
+        m_services.edge.run([&] { control.ListIndex = static_cast<std::int16_t>(index); });
+    });
+    QObject::connect(list, &QAbstractItemView::doubleClicked, list,
+                     [this, &control] { m_services.edge.run(control.onDblClick); });
+    keep(control, list, [&control, list] { list->refresh(control); });
 }
 
 void ControlMirror::visit(Label &control)

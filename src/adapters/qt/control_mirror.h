@@ -39,6 +39,7 @@ private:
     void visit(MenuEntry &control) override;
     void visit(ImageBox &control) override;
     void visit(Grid &control) override;
+    void keepOpenList(ListBox &control);
 
     [[nodiscard]] QWidget *parentFor(const Control &control) const;
     /// Keeps the widget and shows the record in it, now and after each change.

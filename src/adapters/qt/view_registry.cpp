@@ -21,6 +21,8 @@ constexpr RegisteredView kViews[] = {
     {"frmPrintInin", layOutPrintInin},
     {"frm患者検索", layOutPatientSearch},
     {"frm施術者検索", layOutStaffSearch},
+    {"frmSelFolder", layOutSelFolder},
+    {"frmVer", layOutVer},
     {"frmWaitMsg", layOutWaitMsg},
 };
 

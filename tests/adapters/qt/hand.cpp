@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QtTest/QTest>
@@ -95,8 +96,9 @@ private:
         QTest::keyClick(m_widget, Qt::Key_Tab);
     }
     void visit(TextBox &) override { enterText(dynamic_cast<QLineEdit &>(*m_widget), m_command.to.get<std::string>()); }
-    void visit(ListBox &) override
+    void visit(ListBox &list) override
     {
+        if (list.Style == ListStyle::open) return clickItem();
         auto &combo = dynamic_cast<QComboBox &>(*m_widget);
         QTest::mouseClick(&combo, Qt::LeftButton, {}, combo.rect().center());
         QTest::keyClick(combo.view(), Qt::Key_Home);
@@ -109,6 +111,13 @@ private:
     void visit(ImageBox &) override {}
     void visit(Grid &) override {}
 
+    void clickItem()
+    {
+        auto &list = dynamic_cast<QListWidget &>(*m_widget);
+        QListWidgetItem *item = list.item(m_command.number);
+        list.scrollToItem(item);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(item).center());
+    }
     void clickMenu(const MenuEntry &entry)
     {
         auto *bar = m_window.findChild<QMenuBar *>();
@@ -235,6 +244,10 @@ private:
     void visit(TextBox &control) override { expect(as<QLineEdit>().text() == toQt(control.Text), "Text"); }
     void visit(ListBox &control) override
     {
+        if (control.Style == ListStyle::open) {
+            expect(as<QListWidget>().count() == control.ListCount(), "ListCount");
+            return expect(as<QListWidget>().currentRow() == control.ListIndex, "ListIndex");
+        }
         expect(as<QComboBox>().count() == control.ListCount(), "ListCount");
         expect(as<QComboBox>().currentIndex() == control.ListIndex, "ListIndex");
     }

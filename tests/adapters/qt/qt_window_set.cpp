@@ -24,12 +24,20 @@ WindowSet::WindowSet()
     patient = shown(patientForm, world.services);
     staff = shown(staffForm, world.services);
     wait = shown(waitForm, world.services);
+    world.world.files.putText("C:\\SUITE\\Sorvin.ver", "VERSION=Ver 3.14\nUUPDATE=2026/11/01\n");
+    versionForm.load();
+    versionForm.laVer.Caption = "委任状印刷";
+    version = shown(versionForm, world.services);
+    world.world.files.changeFolder("C:\\SUITE");
+    folderForm.load();
+    folder = shown(folderForm, world.services);
 }
 
 void forEachWindow(const std::function<void(FormWindow &window)> &look)
 {
     const WindowSet set;
-    for (const auto *window : {&set.print, &set.patient, &set.staff, &set.wait}) look(**window);
+    for (const auto *window : {&set.print, &set.patient, &set.staff, &set.wait, &set.version, &set.folder})
+        look(**window);
 }
 
 } // namespace inin

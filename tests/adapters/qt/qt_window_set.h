@@ -2,9 +2,12 @@
 
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/window_fixture.h"
+#include "common/folder_form.h"
 #include "search/patient_search_form.h"
 #include "search/staff_search_form.h"
+#include "shell/version_form.h"
 #include "shell/wait_form.h"
+#include "support/fake_folders.h"
 
 #include <functional>
 #include <memory>
@@ -19,7 +22,10 @@ struct WindowSet {
     frm患者検索 patientForm{world.app};
     frm施術者検索 staffForm{world.app};
     frmWaitMsg waitForm{world.app};
-    std::unique_ptr<FormWindow> print, patient, staff, wait;
+    frmVer versionForm{world.app};
+    FakeFolders folders;
+    frmSelFolder folderForm{world.app.platform, folders};
+    std::unique_ptr<FormWindow> print, patient, staff, wait, version, folder;
 };
 
 /// Each window of a fresh set.

@@ -9,8 +9,11 @@
 #include "adapters/qt/window_fixture.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "app/data_source.h"
+#include "common/folder_form.h"
 #include "shell/start.h"
+#include "shell/version_form.h"
 #include "shell/wait_form.h"
+#include "support/fake_folders.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -73,6 +76,8 @@ private:
             answerTopBox();
         });
         m_turns.then([this] { takeNotice(); });
+        m_turns.then([this] { takeVersion(); });
+        m_turns.then([this] { takeFolders(); });
         m_turns.then([this] { takeBackground(); });
         m_turns.then([this] { closeTop(); });
     }
@@ -114,6 +119,29 @@ private:
         notice.Width = twips(window.content().width());
         notice.Form_Resize();
         take(window, "notice");
+    }
+    /// The site has no version file of its own.
+    void takeVersion()
+    {
+        frmVer version(m_app);
+        version.load();
+        version.laVer.Caption = "委任状印刷";
+        for (const char *line : {"Ver 3.14: ", "2026/11/01: "}) version.lstVer.AddItem(line, 0);
+        FormWindow window(version, m_services, nullptr);
+        window.open();
+        take(window, "version");
+    }
+    /// Nothing of the program opens it.
+    void takeFolders()
+    {
+        FakeFolders folders;
+        folders.paths.insert(folders.paths.end(), {"C:\\SUITE\\TMP\\写真", "C:\\SUITE\\TMP\\地図"});
+        m_world.files.changeFolder("C:\\SUITE\\TMP");
+        frmSelFolder select(m_world.platform, folders);
+        select.load();
+        FormWindow window(select, m_services, nullptr);
+        window.open();
+        take(window, "folders");
     }
     void takeBackground()
     {
