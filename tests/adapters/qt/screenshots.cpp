@@ -120,13 +120,11 @@ private:
         notice.Form_Resize();
         take(window, "notice");
     }
-    /// The site has no version file of its own.
     void takeVersion()
     {
         frmVer version(m_app);
         version.load();
         version.laVer.Caption = "委任状印刷";
-        for (const char *line : {"Ver 3.14: ", "2026/11/01: "}) version.lstVer.AddItem(line, 0);
         FormWindow window(version, m_services, nullptr);
         window.open();
         take(window, "version");
