@@ -16,9 +16,8 @@ void frmPrintInin::mnVer_Click()
 
 void frmPrintInin::mnDispHelp_Click()
 {
-    constexpr std::int16_t kFirstPage = 1;
     setMousePointer(kPointerHourglass);
-    vDispHelp(m_app, kFirstPage);
+    vDispHelp(m_app, kFirstHelpPage);
     setMousePointer(kPointerDefault);
 }
 

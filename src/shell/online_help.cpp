@@ -15,7 +15,6 @@ namespace {
 constexpr std::int16_t kDone = 0;
 constexpr std::int16_t kRead = 1;
 constexpr std::int16_t kFailed = -1;
-constexpr std::int16_t kFirstPage = 1;
 
 /// The value behind a key at the very start of a field.
 void takeValue(const std::string &field, std::string_view key, std::string &value)
@@ -31,7 +30,7 @@ std::string queryFor(App &app, std::int16_t iPage)
     std::string csPwd;
     if (iGetEmapUser(app, csUser, csPwd) == kFailed) return {};
     return "?zi=" + reversedCharacters(csUser) + "&zp=" + reversedCharacters(csPwd) +
-           "&lk=" + std::to_string(std::max(iPage, kFirstPage));
+           "&lk=" + std::to_string(std::max(iPage, kFirstHelpPage));
 }
 
 } // namespace

@@ -8,6 +8,9 @@
 
 namespace inin {
 
+/// The page that the menus open.
+inline constexpr std::int16_t kFirstHelpPage = 1;
+
 /// Opens the suite's web help at a page in the default browser. Address, user and password are read at each call; the
 /// address with its query goes to the browser alone and is written nowhere.
 void vDispHelp(App &app, std::int16_t iPage);
