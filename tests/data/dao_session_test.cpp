@@ -91,15 +91,17 @@ TEST_CASE("each operation asks the library for one thing, with the settings of t
 
 TEST_CASE("any mark but 0 opens the database for this session alone")
 {
-    for (const auto &[mark, opened] :
-         std::vector<std::pair<std::int16_t, std::string>>{{std::int16_t{0}, "OpenDatabase a.mdb|shared"},
-                                                           {std::int16_t{1}, "OpenDatabase a.mdb|exclusive"},
-                                                           {std::int16_t{-1}, "OpenDatabase a.mdb|exclusive"}}) {
-        CAPTURE(mark);
+    struct Mark {
+        std::int16_t i排他;
+        const char *opened;
+    };
+    for (const Mark &mark : {Mark{0, "OpenDatabase a.mdb|shared"}, Mark{1, "OpenDatabase a.mdb|exclusive"},
+                             Mark{-1, "OpenDatabase a.mdb|exclusive"}}) {
+        CAPTURE(mark.i排他);
         DaoFixture fixture;
-        CHECK(fixture.session->iInit("a.mdb", mark, "", "", "", 2) == 0);
+        CHECK(fixture.session->iInit("a.mdb", mark.i排他, "", "", "", 2) == 0);
         CHECK(fixture.session->iDbOpen() == 0);
-        CHECK(fixture.dao.log.back() == opened);
+        CHECK(fixture.dao.log.back() == mark.opened);
     }
 }
 

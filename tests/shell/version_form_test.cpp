@@ -140,14 +140,15 @@ TEST_CASE("lines of no owner are shown for every program and for none")
 
 TEST_CASE("the charges of 2019 are told as the third line when they are in force")
 {
-    for (const auto &[flag, expected] : std::vector<std::pair<std::int16_t, std::vector<std::string>>>{
-             {std::int16_t{0}, {"a: "}},
-             {std::int16_t{-1}, {"a: "}},
-             {std::int16_t{1}, {"a: ", "※令和元年 単価変更対応済: "}}}) {
-        CAPTURE(flag);
+    struct Flag {
+        std::int16_t iTankaKaitei;
+        std::vector<std::string> lines;
+    };
+    for (const Flag &flag : {Flag{0, {"a: "}}, Flag{-1, {"a: "}}, Flag{1, {"a: ", "※令和元年 単価変更対応済: "}}}) {
+        CAPTURE(flag.iTankaKaitei);
         VersionFixture fixture;
-        fixture.app.iTankaKaitei = flag;
-        CHECK(fixture.linesOf("VERSION=a\n") == expected);
+        fixture.app.iTankaKaitei = flag.iTankaKaitei;
+        CHECK(fixture.linesOf("VERSION=a\n") == flag.lines);
     }
 }
 

@@ -120,7 +120,7 @@ public:
         while (mounts && getmntent_r(mounts.get(), &mount, line.data(), static_cast<int>(line.size())) != nullptr)
             if (isDrive(mount)) places.emplace_back(mount.mnt_dir);
         std::ranges::sort(places);
-        places.erase(std::ranges::unique(places).begin(), places.end());
+        places.erase(std::unique(places.begin(), places.end()), places.end());
         return places;
     }
 

@@ -31,8 +31,8 @@ constexpr int kButtonHeight = 30;
 /// itself, show an open folder.
 void dressFolder(QListWidgetItem &item, const ListBox &folders, int index)
 {
-    constexpr int kIndent = 2;
-    const auto depth = static_cast<int>(folders.ItemData(static_cast<std::int16_t>(index)));
+    constexpr qsizetype kIndent = 2;
+    const qsizetype depth = folders.ItemData(static_cast<std::int16_t>(index));
     const bool isAbove = depth == index;
     const QStyle *style = item.listWidget()->style();
     item.setIcon(style->standardIcon(isAbove ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon));

@@ -151,7 +151,7 @@ TEST_CASE("a file that is not there, a folder and a file of another kind are tol
     const std::string other = at.file.path() + ".txt";
     std::ofstream(other) << "no database at all, but long enough to look like one to somebody who is in a hurry";
     const std::string empty = at.file.path() + ".empty";
-    std::ofstream{empty};
+    std::ofstream(empty) << "";
     struct Missing {
         std::string path;
         const char *words;
