@@ -1,11 +1,14 @@
 // PrintInin: the desktop program. It takes no arguments; its folder is the one in which the executable lies, or the one
-// that the environment variable ININ_APP_DIR names.
+// that the environment variable ININ_APP_DIR names. ININ_TRANSCRIPT names a file that is to be told what happens, for
+// support and tests.
 
 #include "adapters/posix/posix_platform.h"
 #include "adapters/qt/japanese_font.h"
 #include "adapters/qt/qt_message_boxes.h"
 #include "adapters/qt/qt_windows.h"
 #include "adapters/qt/theme.h"
+#include "adapters/script/recording_database.h"
+#include "adapters/script/telling_ports.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "app/data_source.h"
 #include "runtime/runtime_error.h"
@@ -18,12 +21,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <memory>
 
 namespace inin {
 
 namespace {
 
 constexpr const char *kFolderVariable = "ININ_APP_DIR";
+constexpr const char *kTranscriptVariable = "ININ_TRANSCRIPT";
 constexpr int kBroken = 1;
 
 /// The end statement: nothing of the program runs behind it, no destructor either.
@@ -48,21 +54,58 @@ void sayWhyAndEnd(QtMsgType type, const QMessageLogContext &, const QString &mes
     std::_Exit(kBroken);
 }
 
+/// The ports of this system with real windows.
+class Desktop {
+public:
+    explicit Desktop(const std::string &folder)
+        : m_files(makePosixFiles(folder)), m_database(makeSqliteDatabase(dataSourceIn(folder))),
+          m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, posixPath}), m_boxes(m_edge)
+    {
+    }
+    [[nodiscard]] Platform platform()
+    {
+        return {m_boxes,      m_windows, *m_database, *m_profile,   *m_files,
+                *m_processes, *m_clock,  *m_locale,   *m_automation};
+    }
+
+private:
+    EventEdge m_edge;
+    std::unique_ptr<Profile> m_profile = makePosixProfile();
+    std::unique_ptr<Files> m_files;
+    std::unique_ptr<Clock> m_clock = makePosixClock();
+    std::unique_ptr<Locale> m_locale = makePosixLocale();
+    std::unique_ptr<Processes> m_processes = makePosixProcesses(endAtOnce);
+    std::unique_ptr<Automation> m_automation = makeNoAutomation();
+    std::unique_ptr<Database> m_database;
+    QtWindows m_windows;
+    QtMessageBoxes m_boxes;
+};
+
+void runOn(const Platform &platform)
+{
+    App app(platform);
+    Main(app);
+}
+
+/// Runs with everything told, in the words of a played script.
+void runTold(const Platform &inner, const char *file)
+{
+    std::ofstream out(file);
+    Transcript transcript(out);
+    TellingBoxes boxes(transcript, inner.boxes);
+    TellingWindows windows(transcript, inner.windows);
+    RecordingDatabase database(inner.database, transcript);
+    TellingProcesses processes(transcript, inner.processes);
+    runOn(
+        {boxes, windows, database, inner.profile, inner.files, processes, inner.clock, inner.locale, inner.automation});
+}
+
 void runProgram()
 {
-    EventEdge edge;
-    const std::string folder = applicationFolder();
-    const auto profile = makePosixProfile();
-    const auto files = makePosixFiles(folder);
-    const auto clock = makePosixClock();
-    const auto locale = makePosixLocale();
-    const auto processes = makePosixProcesses(endAtOnce);
-    const auto automation = makeNoAutomation();
-    const auto database = makeSqliteDatabase(dataSourceIn(folder));
-    QtMessageBoxes boxes(edge);
-    QtWindows windows(*files, {edge, [&clock] { return clock->today(); }, posixPath});
-    App app(Platform{boxes, windows, *database, *profile, *files, *processes, *clock, *locale, *automation});
-    Main(app);
+    Desktop desktop(applicationFolder());
+    const char *transcript = std::getenv(kTranscriptVariable);
+    if (transcript == nullptr || *transcript == '\0') return runOn(desktop.platform());
+    runTold(desktop.platform(), transcript);
 }
 
 /// Runs with the windows gone: the forms behind them are.
