@@ -2,15 +2,11 @@
 // that the environment variable ININ_APP_DIR names. ININ_TRANSCRIPT names a file that is to be told what happens, for
 // support and tests.
 
-#include "adapters/posix/posix_platform.h"
 #include "adapters/qt/japanese_font.h"
-#include "adapters/qt/qt_message_boxes.h"
-#include "adapters/qt/qt_windows.h"
 #include "adapters/qt/theme.h"
 #include "adapters/script/recording_database.h"
 #include "adapters/script/telling_ports.h"
-#include "adapters/sqlite/sqlite_database.h"
-#include "app/data_source.h"
+#include "app/print_inin/desktop.h"
 #include "runtime/runtime_error.h"
 #include "shell/error_box.h"
 #include "shell/start.h"
@@ -22,7 +18,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 
 namespace inin {
 
@@ -31,12 +26,6 @@ namespace {
 constexpr const char *kFolderVariable = "ININ_APP_DIR";
 constexpr const char *kTranscriptVariable = "ININ_TRANSCRIPT";
 constexpr int kBroken = 1;
-
-/// The end statement: nothing of the program runs behind it, no destructor either.
-[[noreturn]] void endAtOnce()
-{
-    std::_Exit(0);
-}
 
 std::string applicationFolder()
 {
@@ -53,33 +42,6 @@ void sayWhyAndEnd(QtMsgType type, const QMessageLogContext &, const QString &mes
     std::fputs("PrintInin: 画面に接続できません。（DISPLAY を確かめてください。）\n", stderr);
     std::_Exit(kBroken);
 }
-
-/// The ports of this system with real windows.
-class Desktop {
-public:
-    explicit Desktop(const std::string &folder)
-        : m_files(makePosixFiles(folder)), m_database(makeSqliteDatabase(dataSourceIn(folder))),
-          m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, posixPath}), m_boxes(m_edge)
-    {
-    }
-    [[nodiscard]] Platform platform()
-    {
-        return {m_boxes,      m_windows, *m_database, *m_profile,   *m_files,
-                *m_processes, *m_clock,  *m_locale,   *m_automation};
-    }
-
-private:
-    EventEdge m_edge;
-    std::unique_ptr<Profile> m_profile = makePosixProfile();
-    std::unique_ptr<Files> m_files;
-    std::unique_ptr<Clock> m_clock = makePosixClock();
-    std::unique_ptr<Locale> m_locale = makePosixLocale();
-    std::unique_ptr<Processes> m_processes = makePosixProcesses(endAtOnce);
-    std::unique_ptr<Automation> m_automation = makeNoAutomation();
-    std::unique_ptr<Database> m_database;
-    QtWindows m_windows;
-    QtMessageBoxes m_boxes;
-};
 
 void runOn(const Platform &platform)
 {
