@@ -1,8 +1,8 @@
 #include "app/print_inin/desktop.h"
 
 #include "adapters/posix/posix_platform.h"
-#include "adapters/sqlite/sqlite_database.h"
 #include "app/data_source.h"
+#include "app/suite_database/suite_database.h"
 
 #include <cstdlib>
 
@@ -21,7 +21,7 @@ namespace {
 Desktop::Desktop(const std::string &folder)
     : m_profile(makePosixProfile()), m_files(makePosixFiles(folder)), m_clock(makePosixClock()),
       m_locale(makePosixLocale()), m_processes(makePosixProcesses(endAtOnce)), m_automation(makeNoAutomation()),
-      m_database(makeSqliteDatabase(dataSourceIn(folder))),
+      m_database(makeSuiteDatabase(dataSourceIn(folder))),
       m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, posixPath}), m_boxes(m_edge)
 {
 }
