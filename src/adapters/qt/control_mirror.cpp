@@ -6,6 +6,7 @@
 #include "adapters/qt/open_list.h"
 #include "adapters/qt/option_mark.h"
 #include "adapters/qt/picture_box.h"
+#include "adapters/qt/picture_file.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/theme.h"
 #include "adapters/qt/units.h"
@@ -50,7 +51,7 @@ void refreshPicture(const ImageBox &image, PictureBox &box, const std::string &p
     const QString name = toQt(path);
     if (box.windowFilePath() == name) return;
     box.setWindowFilePath(name);
-    box.setPicture(QPixmap(name));
+    box.setPicture(pictureOf(path));
 }
 
 } // namespace

@@ -65,7 +65,7 @@ QPainterPath calendar()
 
 class LineIcon : public QIconEngine {
 public:
-    LineIcon(QPainterPath path, const QPalette &palette) : m_path(std::move(path)), m_palette(palette) {}
+    LineIcon(const QPainterPath &path, const QPalette &palette) : m_path(path), m_palette(palette) {}
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
     {
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;

@@ -1,14 +1,13 @@
 #include "adapters/qt/qt_windows.h"
 
 #include "adapters/qt/form_window.h"
+#include "adapters/qt/picture_file.h"
 #include "adapters/qt/pointer_shape.h"
-#include "adapters/qt/qt_text.h"
 #include "common/picture.h"
 #include "runtime/runtime_error.h"
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QImageReader>
 #include <QPointer>
 
 #include <algorithm>
@@ -105,7 +104,7 @@ void QtWindows::remove(const FormWindow &window)
 void QtWindows::checkPicture(const std::string &path)
 {
     checkPictureFile(m_files, path);
-    if (!QImageReader(toQt(m_services.systemPath(path))).canRead()) throw RuntimeError(error_number::invalidPicture);
+    if (pictureOf(m_services.systemPath(path)).isNull()) throw RuntimeError(error_number::invalidPicture);
 }
 
 void QtWindows::beep()

@@ -1,13 +1,12 @@
 // PrintInin: the desktop program. It takes no arguments; its folder is the one in which the executable lies, or the one
-// that the environment variable ININ_APP_DIR names.
+// that the environment variable ININ_APP_DIR names. ININ_TRANSCRIPT names a file that is to be told what happens, for
+// support and tests.
 
-#include "adapters/posix/posix_platform.h"
 #include "adapters/qt/japanese_font.h"
-#include "adapters/qt/qt_message_boxes.h"
-#include "adapters/qt/qt_windows.h"
 #include "adapters/qt/theme.h"
-#include "adapters/sqlite/sqlite_database.h"
-#include "app/data_source.h"
+#include "adapters/script/recording_database.h"
+#include "adapters/script/telling_ports.h"
+#include "app/print_inin/desktop.h"
 #include "runtime/runtime_error.h"
 #include "shell/error_box.h"
 #include "shell/start.h"
@@ -18,19 +17,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 namespace inin {
 
 namespace {
 
 constexpr const char *kFolderVariable = "ININ_APP_DIR";
+constexpr const char *kTranscriptVariable = "ININ_TRANSCRIPT";
 constexpr int kBroken = 1;
-
-/// The end statement: nothing of the program runs behind it, no destructor either.
-[[noreturn]] void endAtOnce()
-{
-    std::_Exit(0);
-}
 
 std::string applicationFolder()
 {
@@ -48,21 +43,31 @@ void sayWhyAndEnd(QtMsgType type, const QMessageLogContext &, const QString &mes
     std::_Exit(kBroken);
 }
 
+void runOn(const Platform &platform)
+{
+    App app(platform);
+    Main(app);
+}
+
+/// Runs with everything told, in the words of a played script.
+void runTold(const Platform &inner, const char *file)
+{
+    std::ofstream out(file);
+    Transcript transcript(out);
+    TellingBoxes boxes(transcript, inner.boxes);
+    TellingWindows windows(transcript, inner.windows);
+    RecordingDatabase database(inner.database, transcript);
+    TellingProcesses processes(transcript, inner.processes);
+    runOn(
+        {boxes, windows, database, inner.profile, inner.files, processes, inner.clock, inner.locale, inner.automation});
+}
+
 void runProgram()
 {
-    EventEdge edge;
-    const std::string folder = applicationFolder();
-    const auto profile = makePosixProfile();
-    const auto files = makePosixFiles(folder);
-    const auto clock = makePosixClock();
-    const auto locale = makePosixLocale();
-    const auto processes = makePosixProcesses(endAtOnce);
-    const auto automation = makeNoAutomation();
-    const auto database = makeSqliteDatabase(dataSourceIn(folder));
-    QtMessageBoxes boxes(edge);
-    QtWindows windows(*files, {edge, [&clock] { return clock->today(); }, posixPath});
-    App app(Platform{boxes, windows, *database, *profile, *files, *processes, *clock, *locale, *automation});
-    Main(app);
+    Desktop desktop(applicationFolder());
+    const char *transcript = std::getenv(kTranscriptVariable);
+    if (transcript == nullptr || *transcript == '\0') return runOn(desktop.platform());
+    runTold(desktop.platform(), transcript);
 }
 
 /// Runs with the windows gone: the forms behind them are.

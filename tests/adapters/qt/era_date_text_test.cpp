@@ -186,7 +186,9 @@ TEST_CASE("every day from the first era to 2100 goes to text and back")
 {
     const DateContext context = onDay();
     std::int32_t faults = 0;
-    for (double days = day(1868, 1, 25).days(); days <= day(2100, 12, 31).days(); ++days) {
+    const auto first = static_cast<std::int32_t>(day(1868, 1, 25).days());
+    const auto last = static_cast<std::int32_t>(day(2100, 12, 31).days());
+    for (std::int32_t days = first; days <= last; ++days) {
         const Date date(days);
         const TypedDate typed = readTypedDate(typedDateText(date, kDayPattern), context);
         if (!typed.date || !(*typed.date == date)) ++faults;
@@ -231,7 +233,9 @@ TEST_CASE("a next era comes in through the table alone")
              context);
     CHECK(readTypedDate("K1.3.31", context).complaint == "光文は2030年4月1日からです。それより前の日付です。");
     std::int32_t faults = 0;
-    for (double days = day(2025, 1, 1).days(); days <= day(2040, 12, 31).days(); ++days) {
+    const auto first = static_cast<std::int32_t>(day(2025, 1, 1).days());
+    const auto last = static_cast<std::int32_t>(day(2040, 12, 31).days());
+    for (std::int32_t days = first; days <= last; ++days) {
         const TypedDate typed = readTypedDate(typedDateText(Date(days), kDayPattern, table), context);
         if (!typed.date || !(*typed.date == Date(days))) ++faults;
     }

@@ -277,7 +277,7 @@ std::string mirrorFault(const FormWindow &window)
 {
     MirrorLook look;
     for (Control *control : window.form().controls()) {
-        const std::string fault = look.faultOf(*control, window.mirror().widgetOf(*control));
+        std::string fault = look.faultOf(*control, window.mirror().widgetOf(*control));
         if (!fault.empty()) return fault;
     }
     return {};

@@ -9,6 +9,7 @@
 #include "adapters/script/recording_database.h"
 #include "adapters/script/script_clock.h"
 #include "adapters/script/script_platform.h"
+#include "adapters/script/telling_ports.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "runtime/runtime_error.h"
 #include "shell/start.h"
@@ -23,13 +24,11 @@ namespace inin {
 
 namespace {
 
-/// Tells of each window that comes up or goes away, as the toolkit tells of it.
+/// Notes each window that comes up or goes away, as the toolkit tells of it.
 class WindowWatch : public QObject {
 public:
-    explicit WindowWatch(Transcript &transcript) : m_transcript(transcript)
-    {
-        QApplication::instance()->installEventFilter(this);
-    }
+    WindowWatch() { QApplication::instance()->installEventFilter(this); }
+    [[nodiscard]] const std::string &seen() const { return m_seen; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
@@ -37,63 +36,42 @@ protected:
         const bool isShow = event->type() == QEvent::Show;
         if ((isShow || event->type() == QEvent::Hide) && !event->spontaneous() &&
             dynamic_cast<FormWindow *>(watched) != nullptr)
-            m_transcript.write({{"event", "window"}, {"name", fromQt(watched->objectName())}, {"shown", isShow}});
+            m_seen += fromQt(watched->objectName()) + (isShow ? " shown\n" : " gone\n");
         return false;
     }
 
 private:
-    Transcript &m_transcript;
+    std::string m_seen;
 };
 
-/// The boxes are told, shown for real, and answered by the robot.
-class ToldBoxes : public MessageBoxes {
-public:
-    ToldBoxes(Transcript &transcript, EventEdge &edge) : m_told(transcript), m_real(edge) {}
-    void show(const std::string &text, Icon icon, const std::string &title) override
-    {
-        m_told.show(text, icon, title);
-        m_real.show(text, icon, title);
+/// The windows that a transcript tells of, in the watch's words.
+std::string toldWindows(const std::string &transcript)
+{
+    std::string told;
+    std::istringstream lines(transcript);
+    for (std::string line; std::getline(lines, line);) {
+        const Json event = Json::parse(line);
+        if (event["event"] == "window")
+            told += event["name"].get<std::string>() + (event["shown"].get<bool>() ? " shown\n" : " gone\n");
     }
+    return told;
+}
 
-private:
-    ScriptBoxes m_told;
-    QtMessageBoxes m_real;
-};
-
-class ToldWindows : public Windows {
+/// Holds the robot back while the program only lets waiting events run.
+class PatientWindows : public QtWindows {
 public:
-    ToldWindows(QtWindows &real, Transcript &transcript, Robot &robot)
-        : m_real(real), m_transcript(transcript), m_robot(robot)
+    PatientWindows(Files &files, ViewServices services, Robot &robot)
+        : QtWindows(files, std::move(services)), m_robot(robot)
     {
-    }
-    void show(Form &form, Modality modality) override
-    try {
-        form.onMousePointer = [this](std::int16_t kind) { m_transcript.write({{"event", "pointer"}, {"kind", kind}}); };
-        m_real.show(form, modality);
-    } catch (const UnhandledError &unhandled) {
-        // Told before the program's objects are torn down on the way out.
-        m_transcript.fatal(unhandled.error().number(), unhandled.error().description());
-        throw;
-    }
-    void checkPicture(const std::string &path) override { m_real.checkPicture(path); }
-    void beep() override
-    {
-        m_transcript.write({{"event", "beep"}});
-        m_real.beep();
     }
     void giveTime() override
     {
         m_robot.wait();
-        m_real.giveTime();
+        QtWindows::giveTime();
         m_robot.goOn();
     }
-    void moveFocus(Form &form, Control &control) override { m_real.moveFocus(form, control); }
-    void sendTab(Form &form) override { m_real.sendTab(form); }
-    Control *activeControl(Form &form) override { return m_real.activeControl(form); }
 
 private:
-    QtWindows &m_real;
-    Transcript &m_transcript;
     Robot &m_robot;
 };
 
@@ -118,9 +96,10 @@ public:
     try {
         StandingClock clock(readMoment(m_play.now).value());
         EventEdge edge;
-        QtWindows windows(*m_files, {edge, [&clock] { return clock.today(); }, posixPath});
-        ToldBoxes boxes(m_transcript, edge);
-        ToldWindows told(windows, m_transcript, m_robot);
+        PatientWindows windows(*m_files, {edge, [&clock] { return clock.today(); }, posixPath}, m_robot);
+        TellingWindows told(m_transcript, windows);
+        QtMessageBoxes realBoxes(edge);
+        TellingBoxes boxes(m_transcript, realBoxes);
         ScriptProcesses processes(m_transcript, makePosixProcesses(endOfAnother), m_play.startProcesses);
         App app(Platform{boxes, told, m_database, *m_profile, *m_files, processes, clock, *m_locale, *m_automation});
         m_robot.sitDown(windows);
@@ -133,6 +112,7 @@ public:
     }
 
     [[nodiscard]] const Robot &robot() const { return m_robot; }
+    [[nodiscard]] const std::string &seenWindows() const { return m_watch.seen(); }
 
 private:
     const Play &m_play;
@@ -144,7 +124,7 @@ private:
     std::unique_ptr<Database> m_sqlite;
     RecordingDatabase m_database;
     Robot m_robot;
-    WindowWatch m_watch{m_transcript};
+    WindowWatch m_watch;
 };
 
 std::vector<std::vector<std::string>> stepsOf(const std::string &transcript, std::vector<std::size_t> marks)
@@ -173,6 +153,8 @@ PlayRecord WindowDriver::run(const Play &play, const TemporarySite &site)
         record.exitCode = stage.run();
         record.events = stepsOf(text.str(), stage.robot().marks());
         record.errors = stage.robot().errors();
+        if (stage.seenWindows() != toldWindows(text.str()))
+            record.errors += "seen were other windows:\n" + stage.seenWindows();
     }
     std::filesystem::current_path(before);
     return record;

@@ -81,7 +81,7 @@ std::string answerTopBox()
 {
     auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
     if (box == nullptr) throw std::logic_error("no box is shown");
-    const std::string text = fromQt(box->text());
+    std::string text = fromQt(box->text());
     QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
     return text;
 }

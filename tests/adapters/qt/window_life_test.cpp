@@ -21,9 +21,11 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QtTest/QTest>
 
 #include <algorithm>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -60,7 +62,7 @@ struct Program : WindowFixture {
     {
         // Whatever a test has left open is closed, so that a test that fails does not hang.
         for (int closings = 0; closings < 3; ++closings)
-            turns.then([this] {
+            turns.then([] {
                 if (QApplication::activeModalWidget() != nullptr) QApplication::activeModalWidget()->close();
             });
         bool ended = false;
@@ -409,12 +411,17 @@ TEST_CASE("a box shows its text as it is, its lines as lines, and the applicatio
     CHECK(title == "情報");
 }
 
-TEST_CASE("a file that only begins like a picture is no picture")
+TEST_CASE("a file that only begins like a picture is no picture, and a picture is one")
 {
+    const QTemporaryDir folder;
+    const std::string path = fromQt(folder.filePath("wall.bmp"));
     WindowFixture fixture;
-    fixture.world.files.put("C:\\SUITE\\ICON\\broken.bmp", "BM and then nothing that belongs to a bitmap");
-    CHECK_THROWS_WITH_AS(fixture.windows.checkPicture("C:\\SUITE\\ICON\\broken.bmp"), "ピクチャが不正です。",
-                         RuntimeError);
+    fixture.world.files.put(path, "BM");
+    std::ofstream(path) << "BM and then nothing that belongs to a bitmap";
+    CHECK_THROWS_WITH_AS(fixture.windows.checkPicture(path), "ピクチャが不正です。", RuntimeError);
+
+    QPixmap(4, 3).save(toQt(path));
+    CHECK_NOTHROW(fixture.windows.checkPicture(path));
 }
 
 TEST_CASE("a notice goes away by itself")
