@@ -116,14 +116,26 @@ def expect(what, seen, wanted):
 
 
 def make_site(folder):
+    """A demo site whose form tools only note how they were started: a preview of their own would take the keys."""
     site = folder + "/demo"
     subprocess.run([ININ_SITE, "make", site, "--patients", "40", "--seed", "3"], check=True, stdout=subprocess.DEVNULL)
+    for tool in ("wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"):
+        path = f"{site}/{tool}"
+        os.remove(path)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write("#!/bin/sh\nprintf '%s\\n' \"$*\" >\"$0.log\"\n")
+        os.chmod(path, 0o755)
     return site
 
 
+def noted(path):
+    def text():
+        return os.path.exists(path) and open(path, encoding="utf-8").read()
+    return wait_for(path, text)
+
+
 def handed_back(site):
-    path = site + "/Main.log"
-    return wait_for("the menu program", lambda: os.path.exists(path) and open(path, encoding="utf-8").read())
+    return noted(site + "/Main.log")
 
 
 def window(name, shown):
@@ -160,7 +172,7 @@ def preview_of_one_patient(site, display):
         picked = [event for event in program.events() if event["event"] == "sql" and "nIDNo=4" in event["text"]]
         expect("searches for the one patient", len(picked), 1)
         expect("arguments of the menu program", handed_back(site), "2\n")
-        wait_for("the form tool's stand-in", lambda: os.path.exists(site + "/WrVb6Viewer.exe.WfdCom.dat"))
+        expect("arguments of the form tool", noted(site + "/WrVb6Viewer.exe.log"), "/c ./TMP/WfdCom.dat\n")
         with open(site + "/TMP/委任状.csv", encoding="cp932") as file:
             expect("lines of the CSV", len(file.readlines()), 2)
 
