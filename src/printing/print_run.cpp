@@ -110,7 +110,7 @@ void frmPrintInin::outputLetters(std::int16_t iPrintMode)
 std::int16_t frmPrintInin::iGetPrintCond()
 try {
     readTargetDate();
-    iObjectKind = optObject(0).Value ? 1 : optObject(1).Value ? 2 : 3;
+    iObjectKind = static_cast<std::int16_t>(optObject(0).Value ? 1 : optObject(1).Value ? 2 : 3);
     iTrustKind = optTrust(0).Value ? 1 : 2;
     readPeriodKind();
     nKanjaNo = numberOrMinusOne(imNum_CD.Value, m_app.regional);
@@ -118,7 +118,7 @@ try {
     // The position in the list goes into the SQL, not the entry's number.
     iHokenIndex = cmbHoken.ListIndex;
     iExpireKind = chkExpireDay.Value;
-    iPrintKind = optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1;
+    iPrintKind = static_cast<std::int16_t>(optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1);
     iSyomeiKind = optSyomei(0).Value ? 0 : 1;
     return iGood;
 } catch (const RuntimeError &error) {

@@ -19,6 +19,12 @@ struct App {
     /// Branch code and sub-code of this installation, from the setting "BASEID".
     std::int16_t iKyotenCd = 0;
     std::int16_t iKyotenEb = 0;
+    /// Words of the last failed connect of a patient's read (iGetRiyoushaRec); a later success leaves them.
+    std::string patientConnectError;
+    /// Other than 0 where staff numbers are unique over all branches; nothing in this program sets it.
+    std::int32_t iKyotenIdMode = 0;
+    /// "1" where a company's map goes to the database with the company; nothing in this program sets it.
+    std::string cChizuFlg;
 };
 
 } // namespace inin

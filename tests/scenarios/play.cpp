@@ -93,6 +93,8 @@ private:
             m_play.removed.push_back(*removed);
         else if (const auto folder = behind("folder:"))
             m_play.folders.push_back(*folder);
+        else if (const auto sql = behind("sql:"))
+            m_play.sql.push_back(*sql);
         else if (const auto absent = behind("absent:"))
             m_play.absentFiles.push_back(*absent);
         else if (const auto code = behind("exit:"))

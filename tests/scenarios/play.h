@@ -40,6 +40,7 @@ struct Play {
     std::vector<std::string> removed; ///< "remove: PATH", files or folders of the site
     std::vector<std::string> folders; ///< "folder: PATH"
     std::vector<PlayFile> put;        ///< "put PATH:" and indented lines
+    std::vector<std::string> sql;     ///< "sql: STATEMENT", run on the site's database
     std::vector<PlayStep> steps;
     std::vector<PlayFile> expectedFiles;  ///< "file PATH:" and indented lines
     std::vector<std::string> absentFiles; ///< "absent: PATH"

@@ -18,7 +18,10 @@ namespace {
 /// belongs to the steps before.
 class CommandFeed : public std::streambuf {
 public:
-    CommandFeed(const Play &play, const std::ostringstream &transcript) : m_play(play), m_transcript(transcript) {}
+    CommandFeed(const Play &play, const std::ostringstream &transcript, std::function<void(std::size_t)> onCommand)
+        : m_play(play), m_transcript(transcript), m_onCommand(std::move(onCommand))
+    {
+    }
     [[nodiscard]] const std::vector<std::size_t> &marks() const { return m_marks; }
 
 protected:
@@ -26,6 +29,7 @@ protected:
     {
         if (m_next == m_play.steps.size()) return traits_type::eof();
         m_marks.push_back(m_transcript.str().size());
+        if (m_onCommand) m_onCommand(m_next);
         m_line = m_play.steps[m_next++].command + "\n";
         setg(m_line.data(), m_line.data(), m_line.data() + m_line.size());
         return traits_type::to_int_type(m_line.front());
@@ -34,6 +38,7 @@ protected:
 private:
     const Play &m_play;
     const std::ostringstream &m_transcript;
+    std::function<void(std::size_t)> m_onCommand;
     std::size_t m_next = 1; // step 0 is the start
     std::string m_line;
     std::vector<std::size_t> m_marks;
@@ -82,10 +87,11 @@ PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
     const KeepCurrentFolder keep;
     ScriptOptions options{site.folder().string(), readMoment(play.now), play.startProcesses};
     if (!options.now) throw std::runtime_error(play.file + ": now: is no moment");
-    const auto database =
+    std::unique_ptr<Database> database =
         makeSqliteDatabase([&site](const std::string &dataSource) { return site.at(dataSource).string(); });
+    if (wrapDatabase) database = wrapDatabase(std::move(database));
     std::ostringstream transcript, errors;
-    CommandFeed feed(play, transcript);
+    CommandFeed feed(play, transcript, onCommand);
     std::istream commands(&feed);
     PlayRecord record;
     record.exitCode = playScript(options, {commands, transcript, errors}, *database, [](const Platform &platform) {

@@ -52,14 +52,13 @@ public:
         exec("PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF", path);
     }
     void run(const fs::path &script) const { exec(readBytes(script), script); }
-
-private:
     void exec(const std::string &sql, const fs::path &origin) const
     {
         if (sqlite3_exec(m_database.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
             throw std::runtime_error(origin.string() + ": " + sqlite3_errmsg(m_database.get()));
     }
 
+private:
     std::unique_ptr<sqlite3, CloseDatabase> m_database;
 };
 
@@ -138,6 +137,7 @@ void TemporarySite::change(const Play &play) const
 {
     for (const std::string &path : play.removed)
         if (fs::remove_all(at(path)) == 0) throw std::runtime_error(play.file + ": the site has no " + path);
+    for (const std::string &statement : play.sql) SiteDatabase(m_folder / kDatabase).exec(statement, play.file);
     for (const std::string &path : play.folders) fs::create_directories(at(path));
     for (const PlayFile &file : play.put) writeBytes(at(file.path), suiteBytes(file.text));
 }

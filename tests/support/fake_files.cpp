@@ -28,7 +28,7 @@ public:
     explicit FakeInput(std::string bytes) : m_bytes(std::move(bytes)) {}
     std::string read(std::size_t size) override
     {
-        const std::string part = m_bytes.substr(m_position, size);
+        std::string part = m_bytes.substr(m_position, size);
         m_position += part.size();
         return part;
     }

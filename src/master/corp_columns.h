@@ -1,0 +1,26 @@
+#pragma once
+
+#include "master/corp_row.h"
+#include "master/table_statements.h"
+
+#include <span>
+
+namespace inin {
+
+/// The two keys at the head of an insert have their commas behind them.
+inline constexpr TableShape kCorp{"CORP", 2};
+
+/// A column of CORP, and how the select list of each read names it.
+struct CorpColumn : TableColumn<cD_CORP> {
+    SelectForm read;
+    SelectForm grid;
+    SelectForm conditionedGrid;
+};
+
+/// The columns of CORP in the order of a write and of all select lists.
+[[nodiscard]] std::span<const CorpColumn> corpColumns();
+
+/// The select list of a read: &CorpColumn::read and its like.
+[[nodiscard]] SelectList<cD_CORP> corpSelectList(SelectForm CorpColumn::*read);
+
+} // namespace inin

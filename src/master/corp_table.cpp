@@ -1,0 +1,120 @@
+#include "master/corp_table.h"
+
+#include "master/corp_columns.h"
+
+#include <utility>
+
+namespace inin {
+
+namespace {
+
+/// The condition of iDataRead and iDataReadChk, which set the number apart by `comparison` alone.
+std::string readCondition(const cD_CORP &row, const char *comparison, Site site)
+{
+    Condition condition;
+    if (row.nIDNo > -1) condition.add("    nIDNo " + std::string(comparison) + " " + std::to_string(row.nIDNo));
+    condition.add(siteTerm(site));
+    if (row.iType > -1) condition.add("     iType = " + std::to_string(row.iType));
+    return condition.text();
+}
+
+/// Unlike in readCondition, 0 is no number here.
+std::string listCondition(const cD_CORP &row, Site site)
+{
+    Condition condition;
+    condition.add(siteTerm(site));
+    if (row.nIDNo > 0) condition.add("     CORP.nIDNo = " + std::to_string(row.nIDNo));
+    if (!row.cShamei1.empty()) condition.add("     CORP.cShamei1 LIKE '%" + row.cShamei1 + "%'");
+    if (!row.cShameiKana1.empty()) condition.add("     CORP.cShameiKana1 LIKE '%" + row.cShameiKana1 + "%'");
+    return condition.text();
+}
+
+std::string readStatement(const SelectList<cD_CORP> &list, const std::string &condition)
+{
+    return "  select" + list.text() + "  FROM      CORP" + condition + "  order by      nIDNo";
+}
+
+/// The hook's turn, for as long as the suite asks for maps.
+AfterExecution mapTurn(const App &app, const std::function<std::int16_t(std::string &)> &hook)
+{
+    return app.cChizuFlg == "1" && hook ? hook : AfterExecution();
+}
+
+} // namespace
+
+cT_CORP::cT_CORP(App &app, CorpMapHook mapHook) : m_app(app), m_mapHook(std::move(mapHook)), m_table(app, kCorp) {}
+
+std::int16_t cT_CORP::iGetMaxIDNo(std::int32_t &nMaxNo)
+{
+    return m_table.trapped([&] {
+        return m_table.number("  select      max(CORP.nIDNo) as nIDNo  FROM      CORP where" + siteTerm(siteOf(m_app)),
+                              "nIDNo", nMaxNo);
+    });
+}
+
+std::int16_t cT_CORP::iDataReadGrid()
+{
+    return m_table.trapped([&] {
+        const SelectList<cD_CORP> list = corpSelectList(&CorpColumn::grid);
+        return m_table.read(readStatement(list, " where" + siteTerm(siteOf(m_app))), list.filled());
+    });
+}
+
+std::int16_t cT_CORP::iDataRead(const cD_CORP *cData)
+{
+    return m_table.withRow(cData, [&](const cD_CORP &row) {
+        const SelectList<cD_CORP> list = corpSelectList(&CorpColumn::read);
+        return m_table.read(readStatement(list, readCondition(row, "=", siteOf(m_app))), list.filled());
+    });
+}
+
+std::int16_t cT_CORP::iDataReadChk(const cD_CORP *cData)
+{
+    return m_table.withRow(cData, [&](const cD_CORP &row) {
+        const SelectList<cD_CORP> list = corpSelectList(&CorpColumn::read);
+        return m_table.read(readStatement(list, readCondition(row, "<>", siteOf(m_app))), list.filled());
+    });
+}
+
+std::int16_t cT_CORP::iDataReadGrid_Jouken(const cD_CORP *cData)
+{
+    return m_table.trapped([&] {
+        if (cData == nullptr) throw RuntimeError(error_number::objectNotSet);
+        const SelectList<cD_CORP> list = corpSelectList(&CorpColumn::conditionedGrid);
+        return m_table.read(readStatement(list, listCondition(*cData, siteOf(m_app))), list.filled());
+    });
+}
+
+std::int16_t cT_CORP::iDataInsert(const cD_CORP *cData, std::int32_t, Transaction bTransactionFlg)
+{
+    return m_table.toWrite(cData, [&](const cD_CORP &row, const WriteContext &context) {
+        const AfterExecution map = mapTurn(m_app, m_mapHook.afterInsert);
+        return m_table.write(insertStatement(kCorp, corpColumns(), row, context), bTransactionFlg,
+                             [&map](std::string &sErrMsg) {
+                                 if (map) static_cast<void>(map(sErrMsg)); // an insert stands without its map
+                                 return iGood;
+                             });
+    });
+}
+
+std::int16_t cT_CORP::iDataUpdate(const cD_CORP *cData, std::int32_t, Transaction bTransactionFlg)
+{
+    return m_table.toWrite(cData, [&](const cD_CORP &row, const WriteContext &context) {
+        return m_table.write(updateStatement(kCorp, corpColumns(), row, context) +
+                                 " where    nIDNo = " + std::to_string(row.nIDNo) + " and" + siteTerm(context.site),
+                             bTransactionFlg, mapTurn(m_app, m_mapHook.afterUpdate));
+    });
+}
+
+std::int16_t cT_CORP::iData削除(const cD_CORP *cData, std::int32_t, Transaction bTransactionFlg)
+{
+    return m_table.withRow(cData, [&](const cD_CORP &row) {
+        const Site site = siteOf(m_app);
+        return m_table.write(deleteStatement(kCorp) + "    nIDNo = " + std::to_string(row.nIDNo) +
+                                 "    and iKyotenCd = " + std::to_string(site.iKyotenCd) +
+                                 "    and iKyotenEb = " + std::to_string(site.iKyotenEb),
+                             bTransactionFlg);
+    });
+}
+
+} // namespace inin

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "master/fixed_text.h"
+#include "runtime/date.h"
+#include "shell/app.h"
+
+#include <cstdint>
+#include <string>
+
+namespace inin {
+
+/// One patient as the suite's programs hand it around. A new record is blank: numbers and dates 0, texts empty, fixed
+/// texts full of NULs. Each field bears the name of the column that fills it; the order is the suite's own.
+struct RIYOUSHA_REC {
+    // The patient and the insurance.
+    std::int32_t nIDNo = 0;
+    std::string cName, cNameRyaku, cNameKana;
+    std::int16_t iSex = 0, iHoken = 0;
+    std::string cHokenKigouNo2, cHokenNo2, cHokenJname, cHokenJname2, cHokenKigouNo;
+    std::string cCityNo, cJukyuNo, cHokenNo, cFutanNo;
+    Date tBirthday;
+    FixedText<8> cYubinNo;
+    std::string cAdress1, cAdress2, cAddressKana;
+    FixedText<14> cTelNo, cFaxNo, cMobNo;
+
+    // The householder.
+    std::string cSetaiName, cSetaiKana;
+    std::int16_t iSetaiSex = 0;
+    FixedText<8> cSetaiYubinNo;
+    std::string cSetaiAdress1, cSetaiAdress2, cSetaiAddKana;
+    FixedText<14> cSetaiTelNo, cSetaiFaxNo, cSetaiMobNo;
+    std::string cSetaiTsuzuki;
+    Date tSetaiBirthday;
+
+    // The place of the home, the staff in charge, the illness and the shares.
+    std::int16_t iTikuNo = 0;
+    std::int32_t nHokui = 0, nToukei = 0, nLenInp = 0, nLenAdd = 0;
+    std::int32_t nTantou = 0, nTantou2 = 0, nTantou3 = 0, nTantou4 = 0, nTantou5 = 0;
+    std::string cByoumei;
+    std::int16_t iKaigoLevel = 0, iFutanritsu = 0, iV = 0, iSys = 0;
+
+    // Massage: parts of the body, kinds of treatment and their periods.
+    std::int16_t iSejutuBui1 = 0, iSejutuBui2 = 0, iSejutuBui3 = 0, iSejutuBui4 = 0, iSejutuBui5 = 0;
+    std::int16_t iHenke = 0, iOnan = 0, iDenki = 0;
+    std::int16_t iSejutuBui11 = 0, iSejutuBui12 = 0, iSejutuBui13 = 0, iSejutuBui14 = 0, iSejutuBui15 = 0;
+    std::int16_t iOnan1 = 0, iDenki1 = 0;
+    Date tHenkeSday, tHenKeEday, tOnanSday, tOnanEday, tDenkiSday, tDenkiEday;
+
+    // The course of the illness. tHatsubyou and tSyoryoDay are texts, whatever their prefix says.
+    std::int16_t iPtype = 0, iGyoumuUmu = 0;
+    std::string cGeninKeika, tHatsubyou, tSyoryoDay;
+    Date tSyosinDay, tStartDay, tKHkigen;
+
+    // The disability certificate.
+    std::int16_t iSyogai = 0;
+    std::string cSyogaiNo, cSyogaiJu, cSyogaiFname;
+
+    // The medical care fund.
+    std::string cHTno;
+    Date tHTStartDay;
+    std::string cHTRiyuu, cHTIryoName;
+    FixedText<8> cHTIryoYubin;
+    std::string cHTIryoAdd;
+
+    // Two consents: doctor, institution, address, illness, date and period.
+    std::string cDouiIsiName1, cDouiIsiKikan1, cDouiIsiAdd1, cDouiByoumei1;
+    Date tDouiDay1, tDouiKaryoS1, tDouiKaryoE1;
+    std::string cDouiIsiName2, cDouiIsiKikan2, cDouiIsiAdd2, cDouiByoumei2;
+    Date tDouiDay2, tDouiKaryoS2, tDouiKaryoE2;
+
+    // The agent, the certifier, the applicant.
+    std::int32_t nDairiID = 0;
+    std::string cSyoumeiName;
+    FixedText<8> cSyoumeiYubin;
+    std::string cSyoumeiAdd;
+    FixedText<14> cSyoumeiTel;
+    Date tSyoumeiDay;
+    std::string cSinseiName;
+    FixedText<8> cSinseiYubin;
+    std::string cSinseiAdd;
+    FixedText<14> cSinseiTel;
+    Date tSinseiDay;
+    std::string cSinseiAtena;
+
+    // The claim and the bank account.
+    std::int16_t iSeiKyuKubun = 0, iKinSyubetsu = 0;
+    std::string cKinName;
+    std::int16_t iKinSiten = 0;
+    std::string cKinSiten;
+    std::int16_t iKozaSyubetsu = 0;
+    std::string cKozaNo, cKozaName, cKozaKana;
+    std::int16_t iKozaKubun = 0, iTenki = 0;
+    std::string cTekiyou, cBikou, cComment, cYotei;
+    std::int16_t iPcnt = 0, iSejutsuKubun = 0;
+
+    // Acupuncture and moxibustion.
+    std::int32_t nHKSyobyouCd = 0;
+    std::string cHKSyobyouName;
+    std::int16_t iHKSyokaiHiyo = 0, iHKHariUmu = 0, iHKKyuUmu = 0, iHKDekiUmu = 0;
+    Date tHKHariSday, tHKHariEday, tHKKyuSday, tHKKyuEday, tHKDenkiSday, tHKDenkiEday;
+    std::int16_t iHKHari1Umu = 0, iHKKyu1Umu = 0, iHKDeki1Umu = 0;
+
+    // What was added later: the patient's own share, the room, the renewal of the consent, the corrections of the
+    // visit distance (32 bits whatever their prefix says), further staff.
+    std::int16_t iJikofutanKubun = 0;
+    std::int32_t nJikofutanTanka = 0, nRoomNo = 0;
+    Date tDouishoSaishutokuFrom, tDouishoSaishutokuTo;
+    std::string cHokenJSubAddress, cSyogaiFSubAddress;
+    std::int32_t iHoseUmu = 0, nHoseLen = 0, nLenFix = 0, iHoseCol = 0, iHoseCut = 0, iOuryouKyoka = 0;
+    std::int16_t iVisitFlg = 0, iOuryoCalType = 0;
+    std::int32_t nTantou6 = 0, nTantou7 = 0, nTantou8 = 0, nTantou9 = 0, nTantou10 = 0;
+    std::int32_t cFMCode = 0;
+
+    friend bool operator==(const RIYOUSHA_REC &, const RIYOUSHA_REC &) = default;
+};
+
+/// Results of iGetRiyoushaRec. They are no status: here -1 is the good one.
+inline constexpr std::int16_t kPatientRead = -1;
+inline constexpr std::int16_t kPatientNotRead = 0;
+
+/// Reads the patient `nCode` of this branch on a session of its own. -1 when the row was read and stands in `rec`; 0 in
+/// every other case, with `rec` untouched. A column that is missing or does not convert leaves its field and stops
+/// nothing. Shows a box only for a run-time error before the row stands; a failed connect leaves its words in the App.
+[[nodiscard]] std::int16_t iGetRiyoushaRec(App &app, std::int32_t nCode, RIYOUSHA_REC &rec);
+
+} // namespace inin

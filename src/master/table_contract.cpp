@@ -1,0 +1,103 @@
+#include "master/table_contract.h"
+
+#include "common/helpers.h"
+
+#include <memory>
+
+namespace inin {
+
+namespace {
+
+/// The buffer that the system fills with the computer's name and its NUL.
+constexpr std::size_t kComputerNameBuffer = 250;
+
+/// A transaction that is rolled back unless it was committed.
+class OwnTransaction {
+public:
+    explicit OwnTransaction(cT_ADODB &session) : m_session(&session) {}
+    OwnTransaction(const OwnTransaction &) = delete;
+    OwnTransaction &operator=(const OwnTransaction &) = delete;
+    ~OwnTransaction()
+    {
+        // The write has failed already and has its words; those of the rollback would hide them.
+        if (m_session != nullptr) static_cast<void>(m_session->iRollback());
+    }
+    void committed() { m_session = nullptr; }
+
+private:
+    cT_ADODB *m_session;
+};
+
+} // namespace
+
+std::int16_t TableSession::failed(std::string words)
+{
+    m_errMsg = std::move(words);
+    return iBad;
+}
+
+cT_ADODB &TableSession::session() const
+{
+    if (m_session == nullptr) throw RuntimeError(error_number::objectNotSet);
+    return *m_session;
+}
+
+std::int16_t TableSession::computerName(std::string &sName)
+{
+    sName.clear();
+    return trapped([&] {
+        const std::optional<std::string> name = m_app.platform.processes.computerName(kComputerNameBuffer);
+        if (!name) return iBad;
+        sName = csCutNul(*name);
+        return iGood;
+    });
+}
+
+std::int16_t TableSession::walk(const std::string &sql, const std::function<void()> &onOpened,
+                                const std::function<void(const Recordset &)> &onRow)
+{
+    std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
+    if (session().iOpenRecSet(*rsData, sql, adOpenForwardOnly, adLockReadOnly, adCmdText) != iGood)
+        return failedInSession();
+    onOpened();
+    try {
+        for (; !rsData->isEndOfFile(); rsData->MoveNext()) onRow(*rsData);
+    } catch (const RuntimeError &) {
+        // The first error is the one to tell, whether or not the closing succeeds.
+        static_cast<void>(session().iCloseRecSet(rsData));
+        throw;
+    }
+    // All rows are there: a record set that does not close takes nothing away from them.
+    static_cast<void>(session().iCloseRecSet(rsData));
+    return iGood;
+}
+
+std::int16_t TableSession::number(const std::string &sql, const char *column, std::int32_t &result)
+{
+    std::optional<std::int32_t> found;
+    const std::int16_t status = walk(
+        sql, [] {}, [&](const Recordset &rsData) { found = reader().number(rsData.Field(column)); });
+    if (status != iGood) return status;
+    // An aggregate always has its row.
+    if (!found) throw RuntimeError(error_number::noCurrentRecord);
+    result = *found;
+    return iGood;
+}
+
+std::int16_t TableSession::write(const std::string &sql, Transaction bTransactionFlg,
+                                 const AfterExecution &afterExecution)
+{
+    std::optional<OwnTransaction> transaction;
+    if (bTransactionFlg == Transaction::own) {
+        if (session().iBeginTrans() != iGood) return failedInSession();
+        transaction.emplace(session());
+    }
+    if (session().iExecSQL(sql) != iGood) return failedInSession();
+    if (afterExecution && afterExecution(m_errMsg) != iGood) return iBad;
+    if (!transaction) return iGood;
+    if (session().iCommitTrans() != iGood) return failedInSession();
+    transaction->committed();
+    return iGood;
+}
+
+} // namespace inin

@@ -1,0 +1,142 @@
+#include "adapters/sqlite/database_file.h"
+
+#include <doctest/doctest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+using namespace inin;
+
+namespace {
+
+constexpr std::int32_t kClosed = 3704, kOpen = 3705, kBadArgument = 3001;
+
+const char *const kTable = "CREATE TABLE T (nID INTEGER PRIMARY KEY, cName TEXT NOT NULL);"
+                           "INSERT INTO T VALUES (1, 'a'), (2, 'b')";
+
+} // namespace
+
+TEST_CASE("a session is closed, open after its opening, and closed after its closing")
+{
+    const DatabaseFile file(kTable);
+    const auto database = plainDatabase();
+    const auto connection = database->newConnection();
+    CHECK(connection->State() == adStateClosed);
+    connection->Open(file.connectionString(), "", "", -1);
+    CHECK(connection->State() == adStateOpen);
+    connection->Close();
+    CHECK(connection->State() == adStateClosed);
+    connection->Open(file.connectionString(), "", "", -1);
+    CHECK(connection->State() == adStateOpen);
+}
+
+TEST_CASE("an open session is not opened again, a closed one does nothing but open")
+{
+    const DatabaseFile file(kTable);
+    Session session(file);
+    CHECK(raisedBy([&] { session.connection().Open(file.connectionString(), "", "", -1); }).number == kOpen);
+    CHECK(session.connection().State() == adStateOpen);
+    session.connection().Close();
+    CHECK(raisedBy([&] { session.connection().Close(); }).number == kClosed);
+    CHECK(raisedBy([&] { session.execute("DELETE FROM T"); }).number == kClosed);
+    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == kClosed);
+    CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == kClosed);
+    CHECK(raisedBy([&] { session.connection().RollbackTrans(); }).number == kClosed);
+    CHECK(file.value("SELECT count(*) FROM T") == "2");
+}
+
+TEST_CASE("the default database is the file's name, and none while the session is closed")
+{
+    const DatabaseFile file(kTable);
+    const auto database = makeSqliteDatabaseAt(file.path());
+    struct Row {
+        const char *source, *name;
+    };
+    for (const Row &row :
+         {Row{"demo.db", "demo"}, Row{"C:\\data\\demo.db", "demo"}, Row{"/srv/suite/demo.v2.db", "demo.v2"},
+          Row{"demo", "demo"}, Row{".hidden", ".hidden"}, Row{"業務.db", "業務"}}) {
+        CAPTURE(row.source);
+        const auto connection = database->newConnection();
+        CHECK(connection->DefaultDatabase() == "");
+        connection->Open(std::string("Provider=SQLite;Data Source=") + row.source, "", "", -1);
+        CHECK(connection->DefaultDatabase() == row.name);
+        connection->Close();
+        CHECK(connection->DefaultDatabase() == "");
+    }
+}
+
+TEST_CASE("the rows affected are told, -1 where a statement has none")
+{
+    const DatabaseFile file(kTable);
+    Session session(file);
+    CHECK(session.execute("INSERT INTO T VALUES (3, 'c'), (4, 'd')") == 2);
+    CHECK(session.execute("UPDATE T SET cName = 'x'") == 4);
+    CHECK(session.execute("UPDATE T SET cName = 'x' WHERE nID = 99") == 0);
+    CHECK(session.execute("DELETE FROM T WHERE nID > 2") == 2);
+    CHECK(session.execute("SELECT * FROM T") == -1);
+    CHECK(session.execute("CREATE TABLE U (a INTEGER)") == -1);
+    CHECK(session.execute("DROP TABLE U") == -1);
+    CHECK(session.execute("   ") == -1);
+    CHECK(session.execute("-- nothing") == -1);
+    CHECK(session.execute("DELETE FROM T;") == 2);
+}
+
+TEST_CASE("a command timeout is kept over the session's life and is never negative")
+{
+    const DatabaseFile file(kTable);
+    Session session(file);
+    CHECK(session.connection().CommandTimeout() == 30);
+    session.connection().setCommandTimeout(180);
+    CHECK(session.connection().CommandTimeout() == 180);
+    CHECK(raisedBy([&] { session.connection().setCommandTimeout(-1); }).number == kBadArgument);
+    CHECK(session.connection().CommandTimeout() == 180);
+    CHECK(raisedBy([&] { session.connection().setCommandTimeout(0); }).number == 0);
+}
+
+TEST_CASE("a failure leaves one entry in the session's list, the next one takes its place")
+{
+    const DatabaseFile file(kTable);
+    Session session(file);
+    struct Row {
+        std::string_view sql, description, state;
+        std::int32_t number;
+    };
+    constexpr std::int32_t kNative = 1; // SQLite's one code for every fault of a statement
+    static constexpr Row kRows[] = {
+        {"SELECT * FROM MISSING", "no such table: MISSING", "42S02", ado_error::noSuchTable},
+        {"SELECT missing FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
+        {"SELECT T.missing FROM T", "no such column: T.missing", "42S22", ado_error::faultyStatement},
+        {"SELECT \"missing\" FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
+        {"SELECT FROM T", "near \"FROM\": syntax error", "42000", ado_error::faultyStatement},
+        {"SELECT inexistent(1)", "no such function: inexistent", "42000", ado_error::faultyStatement},
+        {"SELECT 'a", "the quoted text or name has no end", "42000", ado_error::faultyStatement},
+    };
+    for (const Row &row : kRows) {
+        CAPTURE(row.sql);
+        const Raised raised = raisedBy([&] { (void)session.open(std::string(row.sql)); });
+        CHECK(raised.number == row.number);
+        CHECK(raised.description == row.description);
+        REQUIRE(session.connection().Errors().size() == 1);
+        const ProviderError &error = session.connection().Errors().front();
+        CHECK(error.Number == row.number);
+        CHECK(error.Description == row.description);
+        CHECK(error.Source == "SQLite");
+        CHECK(error.SQLState == row.state);
+        CHECK(error.NativeError == kNative);
+    }
+}
+
+TEST_CASE("a constraint that a write would break is told as one, and nothing is written")
+{
+    const DatabaseFile file(kTable);
+    Session session(file);
+    constexpr std::int32_t kPrimaryKey = 1555, kNotNull = 1299; // SQLite's extended codes
+    CHECK(raisedBy([&] { session.execute("INSERT INTO T VALUES (9, 'x'), (1, 'x')"); }).number ==
+          ado_error::constraint);
+    CHECK(session.connection().Errors().at(0).NativeError == kPrimaryKey);
+    CHECK(session.connection().Errors().at(0).SQLState == "23000");
+    CHECK(raisedBy([&] { session.execute("UPDATE T SET cName = NULL"); }).number == ado_error::constraint);
+    CHECK(session.connection().Errors().at(0).NativeError == kNotNull);
+    CHECK(file.value("SELECT group_concat(nID || cName) FROM T") == "1a,2b");
+}

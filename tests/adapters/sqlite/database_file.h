@@ -1,0 +1,95 @@
+#pragma once
+
+#include "platform/database.h"
+#include "runtime/variant.h"
+
+#include <doctest/doctest.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct sqlite3;
+
+namespace inin {
+
+/// A database file of one test, made and looked at past the adapter; gone with the object.
+class DatabaseFile {
+public:
+    /// `statements` make its tables and rows.
+    explicit DatabaseFile(std::string_view statements = {});
+    DatabaseFile(const DatabaseFile &) = delete;
+    DatabaseFile &operator=(const DatabaseFile &) = delete;
+    ~DatabaseFile();
+
+    [[nodiscard]] const std::string &path() const { return m_path; }
+    [[nodiscard]] std::string connectionString() const { return "Provider=SQLite;Data Source=" + m_path; }
+    void run(std::string_view statements) const;
+    /// The first column of the first row as text, "NULL" for NULL, "-" for no row.
+    [[nodiscard]] std::string value(std::string_view select) const;
+    /// The first step of SQLite's plan for a statement in its own spelling.
+    [[nodiscard]] std::string plan(const std::string &select) const;
+
+private:
+    std::string m_path;
+};
+
+/// A second connection that holds the whole file locked while it lives.
+class WholeLock {
+public:
+    explicit WholeLock(const DatabaseFile &file);
+
+private:
+    std::unique_ptr<sqlite3, std::function<void(sqlite3 *)>> m_db;
+};
+
+/// A value as the tests write it: NULL, 12, 2.5, text as it stands, <2024-05-01 10:30:00> for a date, 0x… for bytes.
+[[nodiscard]] std::string shown(const Variant &value);
+
+/// An open session with the adapter.
+class Session {
+public:
+    explicit Session(const DatabaseFile &file);
+
+    [[nodiscard]] Connection &connection() { return *m_connection; }
+    [[nodiscard]] Database &database() { return *m_database; }
+    [[nodiscard]] std::unique_ptr<Recordset> open(const std::string &sql);
+    /// The named fields of all rows, "a|b" each.
+    [[nodiscard]] std::vector<std::string> rows(const std::string &sql, const std::vector<std::string> &fields);
+    /// The first field of the first row.
+    [[nodiscard]] std::string value(const std::string &sql);
+    [[nodiscard]] std::vector<std::string> firstColumn(const std::string &sql);
+    std::int32_t execute(const std::string &sql) { return m_connection->Execute(sql, adExecuteNoRecords); }
+
+private:
+    std::unique_ptr<Database> m_database;
+    std::unique_ptr<Connection> m_connection;
+};
+
+/// What an operation raised, 0 and empty when nothing.
+struct Raised {
+    std::int32_t number = 0;
+    std::string description;
+};
+[[nodiscard]] Raised raisedBy(const std::function<void()> &operation);
+
+/// The adapter with every path taken for that of one file.
+[[nodiscard]] std::unique_ptr<Database> makeSqliteDatabaseAt(const std::string &file);
+
+/// The adapter with paths taken as they are.
+[[nodiscard]] std::unique_ptr<Database> plainDatabase();
+
+} // namespace inin
+
+/// So that a failed comparison of rows shows them.
+template <> struct doctest::StringMaker<std::vector<std::string>> {
+    static String convert(const std::vector<std::string> &texts)
+    {
+        std::string all;
+        for (const std::string &text : texts) all += "\n    \"" + text + "\"";
+        return all.c_str();
+    }
+};

@@ -1,0 +1,143 @@
+#include "adapters/sqlite/japanese_text.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+#include <string_view>
+
+using namespace inin;
+
+namespace {
+
+struct Pair {
+    std::string_view a, b;
+    bool same;
+};
+constexpr Pair kPairs[] = {
+    // width
+    {"ABC", "ＡＢＣ", true},
+    {"123", "１２３", true},
+    {"a-1", "ａ－１", true},
+    {"(株)", "（株）", true},
+    {"a b", "a　b", true},
+    {"ｱｲｳ", "アイウ", true},
+    {"ｶﾞｷﾞ", "ガギ", true},
+    {"ﾊﾟﾋﾟ", "パピ", true},
+    {"ｳﾞ", "ヴ", true},
+    {"ﾜﾞ", "ヷ", true},
+    {"ｦﾞ", "ヺ", true},
+    {"ﾔﾏﾀﾞ", "ヤマダ", true},
+    {"ｰ", "ー", true},
+    {"｡｢｣､･", "。「」、・", true},
+    {"￥", "¥", true},
+    {"￠￡￢￣￤￦", "¢£¬¯¦₩", true},
+    {"ﾞ", "゛", true},
+    {"ﾟ", "゜", true},
+    {"！", "!", true},
+    {"～", "~", true},
+    // case
+    {"abc", "ABC", true},
+    {"ａｂｃ", "ＡＢＣ", true},
+    {"ａbＣ", "ABc", true},
+    {"é", "É", true},
+    {"α", "Α", true},
+    {"ω", "Ω", true},
+    {"я", "Я", true},
+    {"ё", "Ё", true},
+    {"ⅳ", "Ⅳ", true},
+    {"ⓐ", "Ⓐ", true},
+    {"÷", "×", false},
+    // kana
+    {"やまだ", "ヤマダ", true},
+    {"やまだ", "ﾔﾏﾀﾞ", true},
+    {"やまだ", "ﾔﾏﾀ", false},
+    {"やまだ", "やまた", false},
+    {"やまだ", "ヤマタ", false},
+    {"ゔ", "ヴ", true},
+    {"ゝ", "ヽ", true},
+    {"ゞ", "ヾ", true},
+    {"ゑゐ", "ヱヰ", true},
+    {"ん", "ﾝ", true},
+    {"を", "ｦ", true},
+    // small kana count as the large ones, as case does
+    {"きょう", "キヨウ", true},
+    {"っ", "ツ", true},
+    {"ｯ", "つ", true},
+    {"ゃゅょ", "ヤユヨ", true},
+    {"ぁぃぅぇぉ", "アイウエオ", true},
+    {"ヵヶ", "カケ", true},
+    {"ゎ", "ワ", true},
+    // 濁点 and 半濁点 are told apart
+    {"か", "が", false},
+    {"は", "ば", false},
+    {"は", "ぱ", false},
+    {"ば", "ぱ", false},
+    {"ハ", "ﾊﾞ", false},
+    {"た", "だ", false},
+    // combining signs join
+    {"か\u3099", "が", true},
+    {"ハ\u309A", "パ", true},
+    {"あ\u3099", "あ", false},
+    // accents are told apart
+    {"e", "é", false},
+    {"n", "ñ", false},
+    // the long sound is no vowel
+    {"カー", "カア", false},
+    // trailing blanks
+    {"山田", "山田  ", true},
+    {"山田", "山田　", true},
+    {"山田 ", "山 田", false},
+    {" 山田", "山田", false},
+    {"", "   ", true},
+    {"a", "a\t", false},
+    // kanji
+    {"高", "髙", false},
+    {"斉", "斎", false},
+    {"山田", "山本", false},
+    {"𠮷", "吉", false},
+    {"", "a", false},
+};
+
+} // namespace
+
+TEST_CASE("texts are equal without regard to case, width and kana, but with 濁点 and accents")
+{
+    for (const Pair &pair : kPairs) {
+        CAPTURE(pair.a);
+        CAPTURE(pair.b);
+        CHECK((compareJapanese(pair.a, pair.b) == 0) == pair.same);
+        CHECK((compareJapanese(pair.b, pair.a) == 0) == pair.same);
+    }
+}
+
+TEST_CASE("the order of texts goes by kana and letters whatever their form")
+{
+    CHECK(compareJapanese("ア", "い") < 0);
+    CHECK(compareJapanese("ｲ", "あ") > 0);
+    CHECK(compareJapanese("か", "ガ") < 0);
+    CHECK(compareJapanese("B", "ａ") > 0);
+    CHECK(compareJapanese("10", "９") < 0);
+    CHECK(compareJapanese("a", "ab") < 0);
+    CHECK(compareJapanese("ab", "a") > 0);
+    CHECK(compareJapanese("山", "あ") > 0);
+    CHECK(compareJapanese("201904", "201905") < 0);
+}
+
+TEST_CASE("bytes that are no UTF-8 compare without harm and differ from each other's texts")
+{
+    CHECK(compareJapanese("\xFF\xFE", "山") != 0);
+    CHECK(compareJapanese("\xE5\xB1", "山") != 0);
+    CHECK(compareJapanese("\xFF", "\xFF") == 0);
+    CHECK(compareJapanese("\xC0\x80", "") != 0);
+}
+
+TEST_CASE("unsound bytes become replacement characters and sound text stays")
+{
+    CHECK(soundUtf8("山田 abc") == "山田 abc");
+    CHECK(soundUtf8("a\xFF"
+                    "b") == "a\uFFFDb");
+    CHECK(soundUtf8("\xE5\xB1") == "\uFFFD\uFFFD");
+    CHECK(soundUtf8("\xED\xA0\x80") == "\uFFFD\uFFFD\uFFFD"); // half of a surrogate pair
+    CHECK(soundUtf8("\xF0\xA0\xAE\xB7") == "𠮷");
+    CHECK(soundUtf8("\xF5\x80\x80\x80") == "\uFFFD\uFFFD\uFFFD\uFFFD");
+}

@@ -1,0 +1,207 @@
+#include "adapters/sqlite/sqlite_pool.h"
+
+#include "adapters/sqlite/database_file.h"
+
+#include <doctest/doctest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+
+const char *const kTable = "CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('before')";
+
+/// A pool whose clock stands until it is moved.
+struct PoolOnAStoppedClock {
+    SqlitePool::TimePoint now{};
+    SqlitePool pool{[this] { return now; }};
+    DatabaseFile file{kTable};
+    std::vector<ProviderError> errors;
+
+    std::unique_ptr<SqliteHandle> open(const DatabaseFile &of)
+    {
+        auto handle = std::make_unique<SqliteHandle>(of.path(), of.path(), kDefaultCommandTimeout, errors);
+        pool.lend(*handle);
+        return handle;
+    }
+    std::unique_ptr<SqliteHandle> open() { return open(file); }
+};
+
+/// How many times this process has the file open, seen past the adapter.
+std::size_t timesOpen(const DatabaseFile &file)
+{
+    std::size_t count = 0;
+    std::error_code gone; // the listing's own entry is no more when it is read
+    for (const auto &entry : fs::directory_iterator("/proc/self/fd"))
+        if (fs::read_symlink(entry.path(), gone) == fs::path(file.path())) ++count;
+    return count;
+}
+
+std::string firstName(Database &database, const DatabaseFile &file)
+{
+    const auto connection = database.newConnection();
+    connection->Open(file.connectionString(), "", "", -1);
+    const auto rows = database.newRecordset();
+    rows->Open("SELECT cName FROM T", *connection, 0, 1, 1);
+    return shown(rows->Value(0));
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "an idle connection is kept for less than a minute")
+{
+    pool.giveBack("a", open());
+    now += 59999ms;
+    CHECK(pool.take("a") != nullptr);
+    CHECK(pool.idleCount() == 0);
+
+    pool.giveBack("a", open());
+    now += 60s;
+    CHECK(pool.take("a") == nullptr);
+    CHECK(pool.idleCount() == 0);
+}
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection is given to sessions of its own connection string only")
+{
+    pool.giveBack("a", open());
+    CHECK(pool.take("A") == nullptr);
+    CHECK(pool.take("a ") == nullptr);
+    CHECK(pool.take("a") != nullptr);
+}
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "each connection is lent once, and the latest comes first")
+{
+    std::unique_ptr<SqliteHandle> one = open(), two = open();
+    const SqliteHandle *const latest = two.get();
+    pool.giveBack("a", std::move(one));
+    pool.giveBack("a", std::move(two));
+    CHECK(pool.idleCount() == 2);
+    const auto first = pool.take("a");
+    CHECK(first.get() == latest);
+    const auto second = pool.take("a");
+    CHECK(second != nullptr);
+    CHECK(second.get() != latest);
+    CHECK(pool.take("a") == nullptr);
+}
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "of a burst of connections four stay")
+{
+    std::vector<std::unique_ptr<SqliteHandle>> burst;
+    burst.reserve(6);
+    for (int i = 0; i < 6; ++i) burst.push_back(open());
+    for (auto &handle : burst) pool.giveBack("a", std::move(handle));
+    CHECK(pool.idleCount() == 4);
+    CHECK(timesOpen(file) == 4);
+}
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "old connections of every string are closed when any string is asked for")
+{
+    pool.giveBack("a", open());
+    now += 61s;
+    CHECK(pool.take("b") == nullptr);
+    CHECK(timesOpen(file) == 0);
+}
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a closed pool keeps nothing, neither what is idle nor what comes back")
+{
+    std::unique_ptr<SqliteHandle> lent = open();
+    pool.giveBack("a", open());
+    pool.close();
+    CHECK(pool.idleCount() == 0);
+    pool.giveBack("a", std::move(lent));
+    CHECK(pool.idleCount() == 0);
+    CHECK(timesOpen(file) == 0);
+}
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was deleted or replaced is not lent again")
+{
+    pool.giveBack("a", open());
+    fs::remove(file.path());
+    CHECK(pool.take("a") == nullptr);
+
+    file.run(kTable);
+    pool.giveBack("a", open());
+    const DatabaseFile other("CREATE TABLE T (cName TEXT)");
+    fs::rename(other.path(), file.path());
+    CHECK(pool.take("a") == nullptr);
+    CHECK(pool.idleCount() == 0);
+}
+
+TEST_CASE("sessions one after another share one open file, sessions side by side do not")
+{
+    const DatabaseFile file(kTable);
+    const auto database = plainDatabase();
+    for (int i = 0; i < 3; ++i) CHECK(firstName(*database, file) == "before");
+    CHECK(timesOpen(file) == 1);
+    const auto one = database->newConnection(), two = database->newConnection();
+    one->Open(file.connectionString(), "", "", -1);
+    two->Open(file.connectionString(), "", "", -1);
+    CHECK(timesOpen(file) == 2);
+}
+
+TEST_CASE("a file that took another's name is read by the next session")
+{
+    const DatabaseFile file(kTable);
+    const auto database = plainDatabase();
+    CHECK(firstName(*database, file) == "before");
+    const DatabaseFile other("CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('after')");
+    fs::rename(other.path(), file.path());
+    CHECK(firstName(*database, file) == "after");
+}
+
+TEST_CASE("a file that was deleted under a kept connection fails the next session's opening")
+{
+    const DatabaseFile file(kTable);
+    const auto database = plainDatabase();
+    CHECK(firstName(*database, file) == "before");
+    fs::remove(file.path());
+    const Raised raised = raisedBy([&] { (void)firstName(*database, file); });
+    CHECK(raised.number == ado_error::unspecified);
+    CHECK(raised.description == "unable to open database file: " + file.path());
+    CHECK_FALSE(fs::exists(file.path())); // and is not made anew
+}
+
+TEST_CASE("a file that others wrote to is read anew on a kept connection")
+{
+    const DatabaseFile file(kTable);
+    const auto database = plainDatabase();
+    CHECK(firstName(*database, file) == "before");
+    file.run("UPDATE T SET cName = 'changed'");
+    CHECK(firstName(*database, file) == "changed");
+}
+
+TEST_CASE("the next session on a kept connection has its own command timeout and error list")
+{
+    const DatabaseFile file(kTable);
+    const auto database = plainDatabase();
+    {
+        const auto connection = database->newConnection();
+        connection->Open(file.connectionString(), "", "", -1);
+        connection->setCommandTimeout(1);
+        CHECK(raisedBy([&] { connection->Execute("SELECT FROM", 0); }).number == ado_error::faultyStatement);
+    }
+    const auto connection = database->newConnection();
+    connection->Open(file.connectionString(), "", "", -1);
+    CHECK(connection->CommandTimeout() == 30);
+    CHECK(connection->Errors().empty());
+}
+
+TEST_CASE("a session that outlives the library closes its file at its end")
+{
+    const DatabaseFile file(kTable);
+    auto database = plainDatabase();
+    auto connection = database->newConnection();
+    connection->Open(file.connectionString(), "", "", -1);
+    database.reset();
+    CHECK(connection->State() == adStateOpen);
+    connection.reset();
+    CHECK(timesOpen(file) == 0);
+}

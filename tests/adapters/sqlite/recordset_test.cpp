@@ -1,0 +1,191 @@
+#include "adapters/sqlite/database_file.h"
+
+#include <doctest/doctest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+constexpr std::int32_t kClosed = 3704, kOpen = 3705, kNoField = 3265, kNoRecord = 3021, kNotHere = 3219;
+
+struct ThreeRows {
+    DatabaseFile file{"CREATE TABLE T (nID INTEGER, cName TEXT); INSERT INTO T VALUES (1, 'a'), (2, 'b'), (3, 'c')"};
+    Session session{file};
+    std::unique_ptr<Recordset> onClient(const std::string &sql)
+    {
+        auto rows = session.database().newRecordset();
+        rows->setCursorLocation(adUseClient);
+        rows->Open(sql, session.connection(), adOpenForwardOnly, adLockReadOnly, adCmdText);
+        return rows;
+    }
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(ThreeRows, "a closed record set refuses everything with error 3704")
+{
+    const auto rows = session.open("SELECT nID FROM T");
+    rows->Close();
+    CHECK(rows->State() == adStateClosed);
+    const std::function<void()> operations[] = {
+        [&] { rows->Close(); },
+        [&] { (void)rows->isEndOfFile(); },
+        [&] { rows->MoveNext(); },
+        [&] { rows->MoveFirst(); },
+        [&] { rows->MoveLast(); },
+        [&] { (void)rows->RecordCount(); },
+        [&] { (void)rows->fieldCount(); },
+        [&] { (void)rows->fieldName(0); },
+        [&] { (void)rows->fieldType(0); },
+        [&] { (void)rows->fieldIndex("nID"); },
+        [&] { (void)rows->Value(0); },
+        [&] { (void)rows->Field("nID"); },
+    };
+    for (const auto &operation : operations) CHECK(raisedBy(operation).number == kClosed);
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "an open record set is not opened again, a closed one is")
+{
+    const auto rows = session.open("SELECT nID FROM T");
+    CHECK(rows->State() == adStateOpen);
+    CHECK(raisedBy([&] { rows->Open("SELECT 1", session.connection(), 0, 1, 1); }).number == kOpen);
+    CHECK(raisedBy([&] { rows->setCursorLocation(adUseClient); }).number == kOpen);
+    CHECK(shown(rows->Value(0)) == "1"); // undisturbed
+    rows->Close();
+    rows->Open("SELECT cName FROM T WHERE nID = 2", session.connection(), 0, 1, 1);
+    CHECK(shown(rows->Value(0)) == "b");
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "a record set on a closed session is not opened")
+{
+    session.connection().Close();
+    const auto rows = session.database().newRecordset();
+    CHECK(raisedBy([&] { rows->Open("SELECT 1", session.connection(), 0, 1, 1); }).number == kClosed);
+    CHECK(rows->State() == adStateClosed);
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "a record set whose session was closed is closed with it")
+{
+    const auto rows = session.open("SELECT nID FROM T");
+    session.connection().Close();
+    CHECK(rows->State() == adStateClosed);
+    CHECK(raisedBy([&] { rows->MoveNext(); }).number == kClosed);
+    CHECK(raisedBy([&] { (void)rows->Value(0); }).number == kClosed);
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "a field that is not there is error 3265, by name and by number")
+{
+    const auto rows = session.open("SELECT nID FROM T");
+    CHECK(raisedBy([&] { (void)rows->Field("cName"); }).number == kNoField);
+    CHECK(raisedBy([&] { (void)rows->Field(""); }).number == kNoField);
+    CHECK(raisedBy([&] { (void)rows->Value(1); }).number == kNoField);
+    CHECK(raisedBy([&] { (void)rows->fieldName(1); }).number == kNoField);
+    CHECK(raisedBy([&] { (void)rows->fieldType(1); }).number == kNoField);
+    CHECK(raisedBy([&] { (void)rows->Field("cName"); }).description ==
+          "要求された名前、または序数に対応する項目がコレクションで見つかりません。");
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "behind the last row there is no record to read or to leave")
+{
+    for (const bool client : {false, true}) {
+        CAPTURE(client);
+        const auto rows =
+            client ? onClient("SELECT nID FROM T WHERE nID = 3") : session.open("SELECT nID FROM T WHERE nID = 3");
+        CHECK_FALSE(rows->isEndOfFile());
+        rows->MoveNext();
+        CHECK(rows->isEndOfFile());
+        CHECK(raisedBy([&] { rows->MoveNext(); }).number == kNoRecord);
+        CHECK(raisedBy([&] { (void)rows->Value(0); }).number == kNoRecord);
+        CHECK(rows->fieldCount() == 1);
+    }
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "a result without rows is at its end at once and still has its fields")
+{
+    for (const bool client : {false, true}) {
+        CAPTURE(client);
+        const auto rows =
+            client ? onClient("SELECT * FROM T WHERE nID = 9") : session.open("SELECT * FROM T WHERE nID = 9");
+        CHECK(rows->isEndOfFile());
+        CHECK(rows->fieldCount() == 2);
+        CHECK(rows->fieldName(1) == "cName");
+        CHECK(rows->RecordCount() == (client ? 0 : -1));
+        CHECK(raisedBy([&] { (void)rows->Field("nID"); }).number == kNoRecord);
+    }
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "names of fields count whatever their case, and the first of two")
+{
+    const auto rows = session.open("SELECT nID, cName AS NID, 7 AS 氏名 FROM T");
+    CHECK(shown(rows->Field("nid")) == "1");
+    CHECK(rows->fieldIndex("NID") == 0);
+    CHECK(shown(rows->Field("氏名")) == "7");
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "the server's side goes forward, knows no count and starts anew")
+{
+    const auto rows = session.open("SELECT nID FROM T ORDER BY nID");
+    CHECK(rows->RecordCount() == -1);
+    CHECK(raisedBy([&] { rows->MoveLast(); }).number == kNotHere);
+    rows->MoveNext();
+    CHECK(shown(rows->Value(0)) == "2");
+    rows->MoveFirst();
+    CHECK(shown(rows->Value(0)) == "1");
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "the client's side counts its rows and goes to the last and back to the first")
+{
+    const auto rows = onClient("SELECT nID FROM T ORDER BY nID");
+    CHECK(rows->RecordCount() == 3);
+    rows->MoveLast();
+    CHECK(shown(rows->Value(0)) == "3");
+    rows->MoveNext();
+    CHECK(rows->isEndOfFile());
+    rows->MoveFirst();
+    CHECK(shown(rows->Value(0)) == "1");
+}
+
+TEST_CASE_FIXTURE(ThreeRows,
+                  "the client's rows are those of the opening, the server's see later changes at the next start")
+{
+    const auto client = onClient("SELECT nID FROM T ORDER BY nID");
+    const auto server = session.open("SELECT nID FROM T ORDER BY nID DESC");
+    session.execute("INSERT INTO T VALUES (9, 'z')");
+    client->MoveLast();
+    CHECK(shown(client->Value(0)) == "3");
+    server->MoveFirst();
+    CHECK(shown(server->Value(0)) == "9");
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "two record sets of one text read side by side")
+{
+    const std::string sql = "SELECT nID FROM T ORDER BY nID";
+    const auto one = session.open(sql);
+    one->MoveNext();
+    const auto other = session.open(sql);
+    CHECK(shown(one->Value(0)) == "2");
+    CHECK(shown(other->Value(0)) == "1");
+    one->MoveNext();
+    CHECK(shown(other->Value(0)) == "1");
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "a text that runs again for another number does not keep the former one")
+{
+    for (const char *number : {"1", "2", "3"})
+        CHECK(session.value(std::string("SELECT nID FROM T WHERE nID = ") + number) == number);
+    CHECK(session.value("SELECT nID FROM T WHERE nID = 4") == "-");
+}
+
+TEST_CASE_FIXTURE(ThreeRows, "a table that changes between two runs of one text gives its new columns")
+{
+    CHECK(session.open("SELECT * FROM T")->fieldCount() == 2);
+    file.run("ALTER TABLE T ADD COLUMN tDay DATETIME; UPDATE T SET tDay = '2024-05-01'");
+    const auto rows = session.open("SELECT * FROM T");
+    CHECK(rows->fieldCount() == 3);
+    CHECK(shown(rows->Field("tDay")) == "<2024-05-01 00:00:00>");
+    CHECK(session.value("SELECT nID FROM T WHERE tDay = '2024/5/1' ORDER BY nID") == "1");
+}

@@ -1,0 +1,155 @@
+#include "adapters/sqlite/sql_tokenizer.h"
+
+#include "adapters/sqlite/sql_translator.h"
+#include "adapters/sqlite/sqlite_functions.h"
+
+#include <sqlite3.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+[[noreturn]] void fail(const char *what, std::string_view text)
+{
+    std::fprintf(stderr, "%s: %.*s\n", what, static_cast<int>(text.size()), text.data());
+    std::abort();
+}
+
+/// Steps over one blank or comment at `at`; false when there is none.
+bool skipOneGap(std::string_view text, std::size_t &at)
+{
+    const std::string_view rest = text.substr(at);
+    if (rest.empty()) return false;
+    if (std::string_view(" \t\n\v\f\r").find(rest.front()) != std::string_view::npos) {
+        ++at;
+        return true;
+    }
+    if (rest.substr(0, 3) == "\u3000") {
+        at += 3;
+        return true;
+    }
+    if (rest.substr(0, 2) == "--") {
+        const std::size_t line = rest.find('\n');
+        at = line == std::string_view::npos ? text.size() : at + line;
+        return true;
+    }
+    if (rest.substr(0, 2) != "/*") return false;
+    std::size_t depth = 0;
+    for (std::size_t i = 0; i + 1 < rest.size();) {
+        const std::string_view pair = rest.substr(i, 2);
+        if (pair == "/*") ++depth;
+        if (pair == "*/") --depth;
+        i += pair == "/*" || pair == "*/" ? 2 : 1;
+        if (depth != 0) continue;
+        at += i;
+        return true;
+    }
+    return false;
+}
+
+/// Tokens and what stands between them are the text, byte for byte; between them stand blanks and comments only.
+void checkCover(std::string_view text, const std::vector<Token> &tokens)
+{
+    std::size_t at = 0;
+    for (const Token &token : tokens) {
+        if (token.text.empty()) fail("an empty token", text);
+        const std::size_t start = static_cast<std::size_t>(token.text.data() - text.data());
+        while (at < start && skipOneGap(text, at)) continue;
+        if (at != start) fail("a token out of its place", text);
+        at += token.text.size();
+    }
+    while (skipOneGap(text, at)) continue;
+    if (at != text.size()) fail("a rest that is no gap", text);
+}
+
+/// Joined with their gaps the tokens are read again as the same tokens.
+void checkJoined(std::string_view text, const std::vector<Token> &tokens)
+{
+    std::string joined;
+    for (const Token &token : tokens) joined.append(token.gap).append(token.text);
+    const std::vector<Token> again = tokenizeSql(joined);
+    if (again.size() != tokens.size()) fail("another count of tokens when joined", text);
+    for (std::size_t at = 0; at < tokens.size(); ++at)
+        if (again[at].kind != tokens[at].kind || again[at].text != tokens[at].text)
+            fail("another token when joined", text);
+}
+
+struct CloseDatabase {
+    void operator()(sqlite3 *db) const { sqlite3_close(db); }
+};
+using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
+
+/// A database in memory without any of the adapter's guards: what is run on it is run.
+Handle makeDatabase()
+{
+    sqlite3 *db = nullptr;
+    if (sqlite3_open(":memory:", &db) != SQLITE_OK) std::abort();
+    Handle handle(db);
+    if (registerSqlFunctions(db) != SQLITE_OK) std::abort();
+    const char *const tables = "CREATE TABLE T (nID INTEGER, cName TEXT, tDay DATETIME, bData BLOB);"
+                               "INSERT INTO T VALUES (1, 'a', '2024-05-01', x'00'), (2, NULL, NULL, NULL)";
+    if (sqlite3_exec(db, tables, nullptr, nullptr, nullptr) != SQLITE_OK) std::abort();
+    constexpr int kLongestText = 100000, kSteps = 20000;
+    sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kLongestText);
+    sqlite3_progress_handler(
+        db, kSteps, [](void *) { return 1; }, nullptr);
+    return handle;
+}
+
+std::string stateOf(sqlite3 *db)
+{
+    std::string state = std::to_string(sqlite3_total_changes64(db)) + "/" + std::to_string(sqlite3_get_autocommit(db));
+    const auto add = [](void *text, int, char **values, char **) {
+        *static_cast<std::string *>(text) += std::string("/") + (values[0] == nullptr ? "" : values[0]);
+        return 0;
+    };
+    for (const char *sql : {"SELECT count(*) FROM T", "PRAGMA main.schema_version", "PRAGMA temp.schema_version",
+                            "PRAGMA main.user_version", "SELECT count(*) FROM pragma_database_list"})
+        if (sqlite3_exec(db, sql, add, &state, nullptr) != SQLITE_OK) fail("the state cannot be read", state);
+    return state;
+}
+
+const SqlSchema &schema()
+{
+    static const SqlSchema kSchema = [] {
+        SqlSchema made;
+        made.add("T", "nID", "INTEGER");
+        made.add("T", "cName", "TEXT");
+        made.add("T", "tDay", "DATETIME");
+        made.add("T", "bData", "BLOB");
+        return made;
+    }();
+    return kSchema;
+}
+
+/// What the classifier takes for one SELECT changes nothing, although nothing else holds it back.
+void checkReadOnly(std::string_view text, const std::vector<Token> &tokens)
+{
+    const Translation translation = translateSql(tokens, schema());
+    if (!translation.problem.empty() || !isSingleSelect(tokens)) return;
+    static const Handle kDatabase = makeDatabase();
+    static const std::string kState = stateOf(kDatabase.get());
+    (void)sqlite3_exec(kDatabase.get(), translation.text.c_str(), nullptr, nullptr, nullptr); // it may well be faulty
+    if (stateOf(kDatabase.get()) != kState) fail("a reading text that writes", text);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const std::string text(data, data + size);
+    const std::vector<Token> tokens = tokenizeSql(text);
+    checkCover(text, tokens);
+    checkJoined(text, tokens);
+    checkReadOnly(text, tokens);
+    return 0;
+}

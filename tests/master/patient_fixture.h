@@ -1,0 +1,48 @@
+#pragma once
+
+#include "master/patient_record.h"
+#include "support/spoiled_database.h"
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace inin {
+
+using PatientCells = std::vector<std::pair<std::string, Variant>>;
+
+/// Branch 3, sub-branch 1, with a database that answers with one patient's row.
+struct PatientFixture : SpoiledWorld {
+    explicit PatientFixture(const PatientCells &cells = {{"cName", "山田　花子"}})
+    {
+        spoiled.iKyotenCd = 3;
+        spoiled.iKyotenEb = 1;
+        answer(cells);
+    }
+    /// What the next read finds.
+    void answer(const PatientCells &cells)
+    {
+        FakeResult result;
+        result.rows.emplace_back();
+        for (const auto &[column, value] : cells) {
+            result.columns.push_back(column);
+            result.rows.front().push_back(value);
+        }
+        database.results.push_back(result);
+    }
+    std::int16_t read(std::int32_t nCode = 101) { return iGetRiyoushaRec(spoiled, nCode, rec); }
+
+    RIYOUSHA_REC rec;
+};
+
+/// The record of a row with these columns; the read must be good and silent.
+[[nodiscard]] inline RIYOUSHA_REC recordOf(const PatientCells &cells)
+{
+    PatientFixture fixture(cells);
+    const bool isSilent = fixture.read() == -1 && fixture.boxes.shown.empty();
+    if (!isSilent) throw std::logic_error("the patient was not read");
+    return fixture.rec;
+}
+
+} // namespace inin

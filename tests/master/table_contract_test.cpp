@@ -1,0 +1,291 @@
+#include "master/table_contract.h"
+
+#include "master/table_fixture.h"
+#include "support/spoiled_database.h"
+
+#include <array>
+#include <memory>
+
+using namespace inin;
+
+// The contract on a table of its own, with the rules that the tables of the suite do not all use.
+
+namespace {
+
+struct SampleRow {
+    std::string cFileName;
+    std::int32_t nIDNo = 0;
+    std::int16_t iRate = 0;
+    std::int32_t iPrintType = 0;
+    std::string tUpDateTime;
+};
+
+using enum WrittenAs;
+using enum ValueFrom;
+
+constexpr TableShape kStrict{"SAMPLE"};
+constexpr TableShape kForgiving{"SAMPLE", 0, Unreadable::countsAsZero};
+
+constexpr TableColumn<SampleRow> kColumns[] = {
+    {"iKyotenCd", {}, quoted, siteCode, OnUpdate::kept},
+    {"nIDNo", &SampleRow::nIDNo, number, row, OnUpdate::kept},
+    {"cFileName", &SampleRow::cFileName, quoted},
+    {"iRate", &SampleRow::iRate, number},
+    {"tUpDateTime", &SampleRow::tUpDateTime, serverTime},
+    {"iPrintType", &SampleRow::iPrintType, number, row, OnUpdate::kept},
+    {"cBranch", {}, never},
+};
+
+/// A table class of four lines.
+class SampleTable {
+public:
+    explicit SampleTable(App &app, const TableShape &shape = kStrict) : m_table(app, shape) {}
+    std::int16_t iInit(cT_ADODB &session) { return m_table.init(session); }
+    std::int16_t read()
+    {
+        return m_table.trapped([&] { return m_table.read("SELECT", {&kColumns[1], &kColumns[2], &kColumns[3]}); });
+    }
+    std::int16_t maximum(std::int32_t &result)
+    {
+        return m_table.trapped([&] { return m_table.number("MAX", "nIDNo", result); });
+    }
+    const std::string &sErrMsg() const { return m_table.sErrMsg(); }
+    std::int32_t count() const { return m_table.count(); }
+    const SampleRow &row(std::int32_t index) const { return m_table.row(index); }
+
+private:
+    TableContract<SampleRow> m_table;
+};
+
+struct ForgivingTable : SampleTable {
+    explicit ForgivingTable(App &app) : SampleTable(app, kForgiving) {}
+};
+
+template <class Table> void answer(TableFixture<Table> &fixture, const std::vector<GivenRow> &rows)
+{
+    fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, rows));
+}
+
+/// Counts the record sets that were opened and not asked to close.
+class CountingDatabase : public SpoiledDatabase {
+public:
+    using SpoiledDatabase::SpoiledDatabase;
+    int open = 0;
+    std::unique_ptr<Recordset> newRecordset() override;
+};
+
+class CountingRecordset : public SpoiledRecordset {
+public:
+    CountingRecordset(std::unique_ptr<Recordset> inner, CountingDatabase &database)
+        : SpoiledRecordset(std::move(inner), kNoFaults), m_database(database)
+    {
+    }
+    void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
+              std::int32_t options) override
+    {
+        CHECK(cursorType == 0);
+        CHECK(lockType == 1);
+        CHECK(options == 1);
+        SpoiledRecordset::Open(sql, connection, cursorType, lockType, options);
+        ++m_database.open;
+    }
+    void Close() override
+    {
+        --m_database.open;
+        SpoiledRecordset::Close();
+    }
+
+private:
+    static constexpr RecordsetFaults kNoFaults{};
+    CountingDatabase &m_database;
+};
+
+std::unique_ptr<Recordset> CountingDatabase::newRecordset()
+{
+    return std::make_unique<CountingRecordset>(SpoiledDatabase::newRecordset(), *this);
+}
+
+struct CountingFixture : FakeWorld {
+    CountingFixture()
+    {
+        REQUIRE(session.iInit("Provider=Fake") == iGood);
+        REQUIRE(session.iConnect() == iGood);
+        REQUIRE(table.iInit(session) == iGood);
+    }
+    CountingDatabase counting{database};
+    Platform counted{boxes, windows, counting, profile, files, processes, clock, locale, automation};
+    App countedApp{counted};
+    cT_ADODB session{countedApp};
+    SampleTable table{countedApp};
+};
+
+} // namespace
+
+TEST_CASE("a row outside the last read is the runtime's subscript error and leaves the words alone")
+{
+    TableFixture<SampleTable> sample;
+    answer(sample, {{}, {}});
+    REQUIRE(sample->read() == iGood);
+    for (const std::int32_t index : {-1, 2, 2147483647}) {
+        CAPTURE(index);
+        std::int32_t raised = 0;
+        try {
+            static_cast<void>(sample->row(index));
+        } catch (const RuntimeError &error) {
+            raised = error.number();
+        }
+        CHECK(raised == 9);
+    }
+    CHECK(sample->sErrMsg().empty());
+}
+
+TEST_CASE("a new session drops the rows")
+{
+    TableFixture<SampleTable> sample;
+    answer(sample, {{}});
+    REQUIRE(sample->read() == iGood);
+    CHECK(sample->iInit(sample.session) == iGood);
+    CHECK(sample->count() == 0);
+}
+
+TEST_CASE("a read before the session is given runs into the runtime's error")
+{
+    FakeWorld world;
+    SampleTable table{world.app};
+    CHECK(table.read() == iBad);
+    CHECK(table.sErrMsg() == "91\r\nオブジェクト変数または With ブロック変数が設定されていません。");
+}
+
+TEST_CASE("an opening that fails leaves the rows of the last read")
+{
+    TableFixture<SampleTable> sample;
+    answer(sample, {{}});
+    REQUIRE(sample->read() == iGood);
+    sample.database.results.push_back(failure(-2147467259, "切れました。"));
+    CHECK(sample->read() == iBad);
+    CHECK(sample->sErrMsg() == "(-2147467259)切れました。\rSQL=SELECT");
+    CHECK(sample->count() == 1);
+}
+
+TEST_CASE("an error at the very first row leaves no rows of the last read")
+{
+    TableFixture<SampleTable> sample;
+    answer(sample, {{}, {}});
+    REQUIRE(sample->read() == iGood);
+    answer(sample, {{{"nIDNo", "語"}}});
+    CHECK(sample->read() == iBad);
+    CHECK(sample->count() == 0);
+}
+
+TEST_CASE("of several columns that do not convert the first in the list is told")
+{
+    TableFixture<SampleTable> sample;
+    answer(sample, {{{"nIDNo", 3000000000.0}, {"iRate", "語"}}});
+    CHECK(sample->read() == iBad);
+    CHECK(sample->sErrMsg() == "6\r\nオーバーフローしました。");
+}
+
+TEST_CASE("numbers round to the even neighbour and pass blanks")
+{
+    TableFixture<SampleTable> sample;
+    answer(sample, {{{"nIDNo", 2.5}, {"iRate", " 3.5 "}}});
+    REQUIRE(sample->read() == iGood);
+    CHECK(sample->row(0).nIDNo == 2);
+    CHECK(sample->row(0).iRate == 4);
+}
+
+TEST_CASE("a column that no result has is missed at the first row, not in an empty result")
+{
+    TableFixture<SampleTable> sample;
+    sample.database.results.push_back(rowsOf({"other"}, {}));
+    CHECK(sample->read() == iGood);
+    sample.database.results.push_back(rowsOf({"other"}, {{}}));
+    CHECK(sample->read() == iBad);
+    CHECK(sample->sErrMsg() == "3265\r\n要求された名前、または序数に対応する項目がコレクションで見つかりません。");
+}
+
+TEST_CASE("a forgiving table reads as 0 what is no number of 32 bits")
+{
+    TableFixture<ForgivingTable> sample;
+    answer(sample, {{{"nIDNo", "語"}}, {{"nIDNo", 3000000000.0}}, {{"nIDNo", " 12 "}}});
+    REQUIRE(sample->read() == iGood);
+    CHECK(sample->row(0).nIDNo == 0);
+    CHECK(sample->row(1).nIDNo == 0);
+    CHECK(sample->row(2).nIDNo == 12);
+}
+
+TEST_CASE("a read closes its record set, whatever became of it")
+{
+    CountingFixture fixture;
+    fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}}));
+    CHECK(fixture.table.read() == iGood);
+    CHECK(fixture.counting.open == 0);
+
+    fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{{"nIDNo", "語"}}}));
+    CHECK(fixture.table.read() == iBad);
+    CHECK(fixture.counting.open == 0);
+
+    FakeResult lost = rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}});
+    lost.failingMove = 1;
+    fixture.database.results.push_back(lost);
+    CHECK(fixture.table.read() == iBad);
+    CHECK(fixture.counting.open == 0);
+
+    fixture.database.results.push_back(rowsOf({"nIDNo"}, {{{"nIDNo", "語"}}}));
+    std::int32_t result = 0;
+    CHECK(fixture.table.maximum(result) == iBad);
+    CHECK(fixture.counting.open == 0);
+}
+
+TEST_CASE("a record set that does not close hides neither the rows nor the first error")
+{
+    CountingFixture fixture;
+    fixture.counting.faults.close = 3704;
+    fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}}));
+    CHECK(fixture.table.read() == iGood);
+    CHECK(fixture.table.count() == 2);
+
+    fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{{"nIDNo", "語"}}}));
+    CHECK(fixture.table.read() == iBad);
+    CHECK(fixture.table.sErrMsg() == "13\r\n型が一致しません。");
+}
+
+TEST_CASE("an aggregate without its row is the runtime's error")
+{
+    TableFixture<SampleTable> sample;
+    std::int32_t result = 7;
+    CHECK(sample->maximum(result) == iBad);
+    CHECK(sample->sErrMsg().starts_with("3021\r\n"));
+    CHECK(result == 7);
+}
+
+TEST_CASE("a branch that a statement is composed for need not be that of the installation")
+{
+    SampleRow row;
+    row.nIDNo = 3;
+    row.cFileName = "a.wfd";
+    row.iRate = 4;
+    row.iPrintType = 1;
+    CHECK(insertStatement(kStrict, kColumns, row, {Site{0, 0}, {}}) ==
+          " insert into    SAMPLE (      iKyotenCd     ,nIDNo     ,cFileName     ,iRate     ,tUpDateTime"
+          "     ,iPrintType )values(       '0'     ,3     ,'a.wfd'     ,4     ,GetDate()     ,1 ) ");
+}
+
+TEST_CASE("an update begins with the first column that it sets, and keys stay as they are")
+{
+    SampleRow row;
+    row.nIDNo = 3;
+    row.cFileName = "a.wfd";
+    CHECK(updateStatement(kStrict, kColumns, row, {}) ==
+          " update      SAMPLE set       cFileName = 'a.wfd'     ,iRate =  0     ,tUpDateTime = GetDate()");
+}
+
+TEST_CASE("a condition opens with where and goes on with and")
+{
+    Condition condition;
+    CHECK(condition.text().empty());
+    condition.add(" a = 1");
+    CHECK(condition.text() == " where a = 1");
+    condition.add("    b = 2");
+    CHECK(condition.text() == " where a = 1 and    b = 2");
+}

@@ -1,0 +1,177 @@
+#include "scenarios/impatient_database.h"
+#include "scenarios/script_driver.h"
+
+#include "adapters/posix/ordinary_user.h"
+#include "adapters/posix/small_disk.h"
+
+#include <doctest/doctest.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+
+using namespace inin;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A print by planned month on a site that something is wrong with.
+struct PrintOnASite {
+    Play play = readPlay(ININ_SCENARIOS "/planned_month.play");
+    TemporarySite site{play};
+    ScriptDriver driver;
+
+    [[nodiscard]] fs::path csv() const { return site.at("TMP\\委任状.csv"); }
+    /// The number of the play's command that prints.
+    [[nodiscard]] std::size_t printing() const
+    {
+        const auto prints = [](const PlayStep &step) { return step.command == R"json({"click":"btnPrint(0)"})json"; };
+        return static_cast<std::size_t>(std::ranges::find_if(play.steps, prints) - play.steps.begin());
+    }
+    /// What happened from the print on, one event a line.
+    std::string run()
+    {
+        const PlayRecord record = driver.run(play, site);
+        std::string events;
+        for (std::size_t step = printing(); step < record.events.size(); ++step)
+            for (const std::string &event : record.events[step]) events += event + "\n";
+        return events + "exit " + std::to_string(record.exitCode);
+    }
+};
+
+/// Another program that has the whole database file to itself.
+class OtherProgram {
+public:
+    explicit OtherProgram(const fs::path &database)
+    {
+        sqlite3 *db = nullptr;
+        REQUIRE(sqlite3_open(database.c_str(), &db) == SQLITE_OK);
+        m_db.reset(db);
+        REQUIRE(sqlite3_exec(db, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) == SQLITE_OK);
+    }
+
+private:
+    struct Close {
+        void operator()(sqlite3 *db) const { sqlite3_close(db); }
+    };
+    std::unique_ptr<sqlite3, Close> m_db;
+};
+
+bool holds(const std::string &events, const std::string &part)
+{
+    return events.find(part) != std::string::npos;
+}
+
+constexpr const char *kFatal61 = R"({"event":"fatal","number":61,"text":"ディスクの空き容量が不足しています。"})";
+constexpr const char *kFatal70 = R"({"event":"fatal","number":70,"text":"書き込みできません。"})";
+constexpr const char *kFatal75 = R"({"event":"fatal","number":75,"text":"パス名が無効です。"})";
+
+} // namespace
+
+TEST_CASE_FIXTURE(PrintOnASite,
+                  "a database that another program locks before the print times out with a box, and the screen stays")
+{
+    driver.wrapDatabase = [](std::unique_ptr<Database> inner) {
+        return std::make_unique<ImpatientDatabase>(std::move(inner));
+    };
+    std::unique_ptr<OtherProgram> other;
+    driver.onCommand = [&](std::size_t command) {
+        if (command == printing()) other = std::make_unique<OtherProgram>(site.at("site.db"));
+        if (command > printing()) other.reset();
+    };
+    const std::string events = run();
+    CAPTURE(events);
+    CHECK(holds(events, R"("text":"iGetKanjaData でエラー\r\n(-2147217871)database is locked)"));
+    CHECK(holds(events, R"("text":"患者データの取得に失敗しました。")"));
+    CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
+    CHECK_FALSE(fs::exists(csv()));
+}
+
+TEST_CASE_FIXTURE(PrintOnASite, "a table that goes while the screen is open fails the print in the provider's words")
+{
+    driver.onCommand = [&](std::size_t command) {
+        if (command != printing()) return;
+        sqlite3 *db = nullptr;
+        REQUIRE(sqlite3_open(site.at("site.db").c_str(), &db) == SQLITE_OK);
+        CHECK(sqlite3_exec(db, "DROP TABLE RIYOUSHA_SUB", nullptr, nullptr, nullptr) == SQLITE_OK);
+        sqlite3_close(db);
+    };
+    const std::string events = run();
+    CAPTURE(events);
+    CHECK(holds(events, R"("text":"iGetKanjaData でエラー\r\n(-2147217865)no such table: RIYOUSHA_SUB)"));
+    CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
+}
+
+TEST_CASE_FIXTURE(PrintOnASite, "a database file that goes while the screen is open fails the print's connect")
+{
+    driver.onCommand = [&](std::size_t command) {
+        if (command == printing()) fs::remove(site.at("site.db"));
+    };
+    const std::string events = run();
+    CAPTURE(events);
+    CHECK(holds(events, R"("text":"iGetKanjaData でエラー\r\n(-2147467259)unable to open database file: site.db")"));
+    CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
+    CHECK_FALSE(fs::exists(site.at("site.db")));
+}
+
+TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that is full ends the program with error 61 behind what fitted")
+{
+    const SmallDisk disk(site.at("TMP").string());
+    if (!disk.isThere()) {
+        MESSAGE("not checked: only root may mount a small disk");
+        return;
+    }
+    disk.fill();
+    const std::string events = run();
+    CAPTURE(events);
+    CHECK(holds(events, kFatal61));
+    CHECK(events.ends_with("exit 1"));
+    CHECK(fs::file_size(csv()) == 0);
+    CHECK_FALSE(fs::exists(site.at("TMP\\WfdCom.dat")));
+}
+
+TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that may not be written to ends the program with error 75")
+{
+    fs::permissions(site.folder(), fs::perms::all);
+    fs::permissions(site.at("site.db"), fs::perms::all);
+    fs::permissions(site.at("TMP"),
+                    fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+    const std::string events = asOrdinaryUser([&] { return run(); });
+    CAPTURE(events);
+    CHECK(holds(events, kFatal75));
+    CHECK(events.ends_with("exit 1"));
+    CHECK_FALSE(fs::exists(csv()));
+}
+
+TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program with error 70 and stays")
+{
+    std::ofstream(csv()) << "before";
+    fs::permissions(csv(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    fs::permissions(site.folder(), fs::perms::all);
+    fs::permissions(site.at("site.db"), fs::perms::all);
+    fs::permissions(site.at("TMP"), fs::perms::all);
+    const std::string events = asOrdinaryUser([&] { return run(); });
+    CAPTURE(events);
+    CHECK(holds(events, kFatal70));
+    CHECK(events.ends_with("exit 1"));
+    CHECK(readBytes(csv()) == "before");
+}
+
+// Where an open file refuses to be deleted, the same comes as error 70; this system lets it go.
+TEST_CASE_FIXTURE(PrintOnASite,
+                  "a CSV that the form tool still reads is replaced under it, and its reader keeps the old one")
+{
+    std::ofstream(csv()) << "before";
+    std::ifstream reader(csv());
+    const std::string events = run();
+    CAPTURE(events);
+    CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
+    CHECK(readBytes(csv()).size() > 1000);
+    std::string old;
+    CHECK(std::getline(reader, old));
+    CHECK(old == "before");
+}
