@@ -34,6 +34,8 @@ private:
     QtGlyphs &m_glyphs;
 };
 
+/// Paints a whole letter on its paper; the painter's unit must be the point.
+void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
 /// One letter as a picture on white paper; needs no display.
 [[nodiscard]] QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 

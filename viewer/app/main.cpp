@@ -1,0 +1,56 @@
+#include "runtime/runtime_error.h"
+#include "viewer/app/options.h"
+#include "viewer/app/write_letters.h"
+
+#include <fmt/format.h>
+
+#include <csignal>
+#include <cstdio>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kBadCommand = 2;
+
+struct Run {
+    int operator()(const ViewCommand &command) const
+    {
+        if (command.needsWindow()) {
+            fmt::print(stderr, "formviewer: 画面がないので、--pdf か --png を指定してください。\n");
+            return kBadCommand;
+        }
+        writeLetters(command);
+        return kDone;
+    }
+    int operator()(const MergeCommand &command) const
+    {
+        writeCombinedForm(command);
+        return kDone;
+    }
+    int operator()(const ShowHelp &help) const
+    {
+        fmt::print("{}\n", help.text);
+        return kDone;
+    }
+    int operator()(const BadCommandLine &bad) const
+    {
+        fmt::print(stderr, "{}\n", bad.sentence);
+        return kBadCommand;
+    }
+};
+
+} // namespace
+
+} // namespace inin::viewer
+
+int main(int argc, char **argv)
+try {
+    // A file that reaches the user's limit is a write that fails, told and cleaned up after like any other.
+    std::signal(SIGXFSZ, SIG_IGN);
+    return std::visit(inin::viewer::Run{}, inin::viewer::readViewerCommand(argc, argv));
+} catch (const inin::RuntimeError &error) {
+    fmt::print(stderr, "formviewer: {}\n", error.description());
+    return 1;
+}

@@ -1,0 +1,76 @@
+#include "viewer/app/options.h"
+
+#include "runtime/text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr std::string_view kMergerName = "wfrimg10";
+constexpr double kLeastDots = 20, kMostDots = 1200;
+
+bool isMergerName(std::string_view program)
+{
+    const std::size_t slash = program.find_last_of("/\\");
+    if (slash != std::string_view::npos) program.remove_prefix(slash + 1);
+    return equalsIgnoringAsciiCase(program.substr(0, program.find('.')), kMergerName);
+}
+
+std::string joined(std::vector<std::string>::const_iterator begin, std::vector<std::string>::const_iterator end)
+{
+    std::string whole;
+    for (auto part = begin; part != end; ++part) whole += (part == begin ? "" : " ") + *part;
+    return whole;
+}
+
+ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptBehindSwitch)
+{
+    CLI::App app("委任状の印刷プレビュー、印刷、PDF 出力", "formviewer");
+    ViewCommand command;
+    app.add_option("script", command.script, "コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。");
+    app.add_option("--pdf", command.pdf, "委任状を PDF ファイルに書き出します。");
+    app.add_option("--png", command.pngFolder, "委任状を一枚ずつ PNG ファイルとしてこのフォルダーに書き出します。");
+    app.add_option("--dpi", command.dotsPerInch, "PNG の解像度（既定は 150）。")
+        ->check(CLI::Range(kLeastDots, kMostDots));
+    app.add_option("--letters", command.letters, "書き出す委任状の番号。例：1-3,7");
+    app.add_flag("--check", command.check, "印刷前の点検の結果を表示します。");
+    app.add_flag("--json", command.json, "点検の結果を JSON で表示します。");
+    try {
+        std::ranges::reverse(arguments); // the parser takes them from the back
+        app.parse(std::move(arguments));
+    } catch (const CLI::CallForHelp &) {
+        return ShowHelp{app.help()};
+    } catch (const CLI::ParseError &error) {
+        return BadCommandLine{std::string("formviewer: ") + error.what()};
+    }
+    if (!scriptBehindSwitch.empty()) command.script = scriptBehindSwitch;
+    if (command.script.empty()) return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};
+    return command;
+}
+
+} // namespace
+
+ViewerCommand readViewerCommand(int argc, const char *const *argv)
+{
+    const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    const auto isSwitch = [](const std::string &argument) { return argument == "/c" || argument == "/C"; };
+    const auto place = std::ranges::find_if(arguments, isSwitch);
+    const std::string script = place == arguments.end() ? std::string() : joined(place + 1, arguments.end());
+    if (argc > 0 && isMergerName(argv[0])) {
+        const std::string output = joined(arguments.begin(), place);
+        if (output.empty() || script.empty())
+            return BadCommandLine{"wfrimg10: 出力する帳票と「/c コマンドファイル」を指定してください。"};
+        return MergeCommand{output, script};
+    }
+    if (place != arguments.end() && script.empty())
+        return BadCommandLine{"formviewer: 「/c」の後にコマンドファイルがありません。"};
+    return readOptions({arguments.begin(), place}, script);
+}
+
+} // namespace inin::viewer

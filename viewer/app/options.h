@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace inin::viewer {
+
+/// Show, print or write the letters of a script.
+struct ViewCommand {
+    std::string script; ///< as the suite writes paths
+    std::string pdf;    ///< empty for none
+    std::string pngFolder;
+    double dotsPerInch = 150;
+    std::string letters; ///< "1-3,7"; empty for all
+    bool check = false;
+    bool json = false;
+    [[nodiscard]] bool needsWindow() const { return pdf.empty() && pngFolder.empty() && !check; }
+};
+/// Write the combined form document of a merger's script.
+struct MergeCommand {
+    std::string output;
+    std::string script;
+};
+struct ShowHelp {
+    std::string text;
+};
+/// A command line that makes no sense, with the sentence to show.
+struct BadCommandLine {
+    std::string sentence;
+};
+using ViewerCommand = std::variant<ViewCommand, MergeCommand, ShowHelp, BadCommandLine>;
+
+/// Reads a command line; the name that the program was started by decides between viewer and merger. Behind "/c" stands
+/// the script's path, whose blanks have cut it into several arguments.
+[[nodiscard]] ViewerCommand readViewerCommand(int argc, const char *const *argv);
+
+} // namespace inin::viewer

@@ -1,0 +1,103 @@
+#include "viewer/app/write_letters.h"
+
+#include "runtime/runtime_error.h"
+#include "viewer/document/combined_form.h"
+#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_press.h"
+#include "viewer/document/mark_text.h"
+#include "viewer/io/file_io.h"
+#include "viewer/paint/qt_page_painter.h"
+#include "viewer/pdf/letters_pdf.h"
+
+#include <QBuffer>
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <filesystem>
+
+namespace inin::viewer {
+
+namespace {
+
+void tell(const std::string &sentence)
+{
+    fmt::print(stderr, "{}\n", sentence);
+}
+
+/// Lays letters out without painting them, for their marks.
+class NoPainter : public PagePainter {
+public:
+    void paint(const PathCommand &) override {}
+    void paint(const GlyphRun &) override {}
+};
+
+void tellMarks(LetterPress &press, const std::vector<std::size_t> &letters)
+{
+    NoPainter painter;
+    for (const std::size_t letter : letters) {
+        const LetterSet::Place place = press.set().placeOf(letter);
+        const RowFault fault = press.set().reports[place.report].letters.fault(place.row);
+        if (fault != RowFault::none) tell(fmt::format("{}番：{}", letter + 1, faultText(fault)));
+        for (const FieldMark &mark : press.paintFields(letter, painter))
+            tell(fmt::format("{}番 {}：{}", letter + 1, columnNames(press.layoutOf(letter), mark), markText(mark)));
+    }
+}
+
+void writePng(const std::string &path, const QImage &image)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG")) throw RuntimeError(error_number::outOfMemory);
+    FinishedFile file(path);
+    file.write({buffer.data().constData(), static_cast<std::size_t>(buffer.data().size())});
+    file.finish();
+}
+
+void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters)
+{
+    const std::string folder = systemPathOf(command.pngFolder);
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", folder));
+    // Names sort as the letters do.
+    const std::size_t digits = std::max<std::size_t>(3, std::to_string(press.set().size()).size());
+    QtGlyphs glyphs;
+    for (const std::size_t letter : letters)
+        writePng(fmt::format("{}/{:0{}}.png", folder, letter + 1, digits),
+                 letterImage(press, letter, command.dotsPerInch, glyphs));
+}
+
+} // namespace
+
+void writeLetters(const ViewCommand &command)
+{
+    const LetterSet set = openScript(command.script);
+    for (const std::string &notice : set.notices) tell(notice);
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    const std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
+    for (const std::string &notice : fonts.notices()) tell(notice);
+    if (!command.pdf.empty()) writeLettersPdf(command.pdf, press, letters);
+    if (!command.pngFolder.empty()) writePngs(command, press, letters);
+    tellMarks(press, letters);
+}
+
+void writeCombinedForm(const MergeCommand &command)
+{
+    CommandScript script = readCommandScript(readWholeFile(command.script));
+    for (const std::string &notice : script.notices) tell(notice);
+    std::erase_if(script.reports, [](const ReportOrder &report) { return report.form.empty(); });
+    if (script.reports.empty())
+        throw RuntimeError(error_number::invalidCall,
+                           fmt::format("「{}」：結合する帳票（setreport）がありません。", command.script));
+    // The document is read from another folder, maybe: its paths are whole.
+    for (ReportOrder &report : script.reports) {
+        report.form = systemPathOf(report.form);
+        for (DataSource &source : report.data) source.path = systemPathOf(source.path);
+    }
+    FinishedFile file(command.output);
+    file.write(combinedFormText(script.reports));
+    file.finish();
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,151 @@
+#include "viewer/pdf/letters_pdf.h"
+
+#include "runtime/runtime_error.h"
+#include "viewer/pdf/pdf_painter.h"
+#include "viewer/pdf/pdf_text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr std::size_t kPagesBetweenReports = 100;
+
+class LettersPdf {
+public:
+    LettersPdf(FinishedFile &out, LetterPress &press)
+        : m_press(press), m_file(out), m_fonts(m_file), m_paper(press.paperSize()), m_catalog(m_file.reserve()),
+          m_pages(m_file.reserve()), m_resources(m_file.reserve())
+    {
+    }
+
+    bool write(std::span<const std::size_t> letters, const Progress &progress)
+    {
+        PdfPainter painter(m_fonts, m_paper.y);
+        for (std::size_t i = 0; i < letters.size(); ++i) {
+            writePage(letters[i], painter);
+            if ((i + 1) % kPagesBetweenReports == 0 && progress && !progress(i + 1)) return false;
+        }
+        writeEnd();
+        return true;
+    }
+
+private:
+    /// What every letter of a layout shares, written once.
+    struct Shared {
+        const LetterLayout *layout;
+        int object;
+    };
+
+    std::size_t sharedOf(const LetterLayout &layout)
+    {
+        const auto found = std::ranges::find(m_shared, &layout, &Shared::layout);
+        if (found != m_shared.end()) return static_cast<std::size_t>(found - m_shared.begin());
+        m_shared.push_back({&layout, m_file.reserve()});
+        const double width = layout.form().width, height = layout.form().height;
+        PdfPainter painter(m_fonts, height);
+        layout.paintShared(painter);
+        std::string entries = "/Type/XObject/Subtype/Form/BBox[0 0 ";
+        appendNumber(entries, width);
+        entries += ' ';
+        appendNumber(entries, height);
+        fmt::format_to(std::back_inserter(entries), "]/Resources {} 0 R", m_resources);
+        m_file.writeStream(m_shared.back().object, entries, painter.finish(), Press::well);
+        return m_shared.size() - 1;
+    }
+
+    /// From the form's page to the paper where these differ; both count y from below here.
+    void placeOnPaper(std::size_t letter, double formHeight, PdfPainter &painter)
+    {
+        const Affine at = m_press.onPaper(letter);
+        const double x = at.e, y = m_paper.y - at.f - at.a * formHeight;
+        if (at.a == 1 && std::abs(x) < kNoMove && std::abs(y) < kNoMove) return;
+        std::string operators;
+        appendNumber(operators, at.a, 5);
+        operators += " 0 0 ";
+        appendNumber(operators, at.a, 5);
+        operators += ' ';
+        appendNumber(operators, x);
+        operators += ' ';
+        appendNumber(operators, y);
+        painter.add(operators + " cm\n");
+    }
+
+    void writePage(std::size_t letter, PdfPainter &painter)
+    {
+        LetterLayout &layout = m_press.layoutOf(letter);
+        const std::size_t shared = sharedOf(layout);
+        const double height = layout.form().height;
+        painter.begin(height);
+        placeOnPaper(letter, height, painter);
+        painter.add("/S" + std::to_string(shared) + " Do\n");
+        m_press.paintFields(letter, painter);
+        const int content = m_file.reserve(), page = m_file.reserve();
+        m_file.writeStream(content, "", painter.finish(), Press::quickly);
+        m_body.clear();
+        fmt::format_to(std::back_inserter(m_body), "<</Type/Page/Parent {} 0 R/Contents {} 0 R>>", m_pages, content);
+        m_file.writeObject(page, m_body);
+        m_pageNumbers.push_back(page);
+    }
+
+    void writeEnd()
+    {
+        std::string resources = "<</Font<<";
+        for (const auto &font : m_fonts.all())
+            fmt::format_to(std::back_inserter(resources), "/F{} {} 0 R", font->number(), font->object());
+        resources += ">>/XObject<<";
+        for (std::size_t i = 0; i < m_shared.size(); ++i)
+            fmt::format_to(std::back_inserter(resources), "/S{} {} 0 R", i, m_shared[i].object);
+        m_file.writeObject(m_resources, resources + ">>>>");
+        for (const auto &font : m_fonts.all()) font->write(m_file);
+        writePageTree();
+        const int info = m_file.reserve();
+        std::string entries = "<</Producer(formviewer)/Title";
+        appendTextString(entries, m_press.set().title);
+        m_file.writeObject(info, entries + ">>");
+        m_file.writeObject(m_catalog, fmt::format("<</Type/Catalog/Pages {} 0 R/ViewerPreferences"
+                                                  "<</PrintScaling/None>>>>",
+                                                  m_pages));
+        m_file.close(m_catalog, info);
+    }
+
+    void writePageTree()
+    {
+        std::string tree = fmt::format("<</Type/Pages/Count {}/MediaBox[0 0 ", m_pageNumbers.size());
+        appendNumber(tree, m_paper.x);
+        tree += ' ';
+        appendNumber(tree, m_paper.y);
+        fmt::format_to(std::back_inserter(tree), "]/Resources {} 0 R/Kids[", m_resources);
+        for (const int page : m_pageNumbers) fmt::format_to(std::back_inserter(tree), "{} 0 R\n", page);
+        m_file.writeObject(m_pages, tree + "]>>");
+    }
+
+    static constexpr double kNoMove = 0.005;
+
+    LetterPress &m_press;
+    PdfFile m_file;
+    PdfFonts m_fonts;
+    Point m_paper;
+    int m_catalog, m_pages, m_resources;
+    std::vector<Shared> m_shared;
+    std::vector<int> m_pageNumbers;
+    std::string m_body;
+};
+
+} // namespace
+
+bool writeLettersPdf(const std::string &path, LetterPress &press, std::span<const std::size_t> letters,
+                     const Progress &progress)
+{
+    if (letters.empty()) throw RuntimeError(error_number::invalidCall, "委任状が一つも選ばれていません。");
+    FinishedFile out(path);
+    if (!LettersPdf(out, press).write(letters, progress)) return false;
+    out.finish();
+    return true;
+}
+
+} // namespace inin::viewer

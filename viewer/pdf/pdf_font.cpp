@@ -1,0 +1,115 @@
+#include "viewer/pdf/pdf_font.h"
+
+#include "runtime/runtime_error.h"
+#include "viewer/pdf/pdf_text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr float kFullWidth = 1000;
+constexpr std::size_t kMapBlock = 100; ///< entries of one block of a character map, at most
+
+/// To the hundredth that is written, so that the pen of the file and that of the layout agree.
+float asWritten(float width)
+{
+    return std::round(width * 100) / 100;
+}
+
+} // namespace
+
+PdfFont::PdfFont(const Font &font, int number, PdfFile &file)
+    : m_font(font), m_number(number), m_object(file.reserve()), m_quick(kQuick), m_used(1)
+{
+}
+
+std::uint16_t PdfFont::newOrRareCode(const ShapedGlyph &glyph)
+{
+    const std::uint64_t key = std::uint64_t{glyph.glyph} << 32 | glyph.text;
+    if (const auto found = m_rare.find(key); found != m_rare.end()) return found->second;
+    if (m_used.size() > std::numeric_limits<std::uint16_t>::max())
+        throw RuntimeError(error_number::overflow, "一つの PDF に使える文字の種類を超えました。");
+    const auto code = static_cast<std::uint16_t>(m_used.size());
+    m_used.push_back({glyph.glyph, glyph.text, asWritten(m_font.advanceOf(glyph.glyph))});
+    if (glyph.text < kQuick && m_quick[glyph.text].code == 0)
+        m_quick[glyph.text] = {glyph.glyph, code};
+    else
+        m_rare.emplace(key, code);
+    return code;
+}
+
+std::string PdfFont::widths() const
+{
+    std::string out = "[";
+    for (std::size_t code = 1; code < m_used.size(); ++code) {
+        if (m_used[code].width == kFullWidth) continue;
+        fmt::format_to(std::back_inserter(out), "{}[", code);
+        appendNumber(out, m_used[code].width);
+        out += ']';
+    }
+    return out + "]";
+}
+
+std::string PdfFont::unicodeMap() const
+{
+    std::vector<std::string> entries;
+    for (std::size_t code = 1; code < m_used.size(); ++code) {
+        const std::u32string characters = m_font.charactersOf(m_used[code].text);
+        if (characters.empty()) continue;
+        std::string entry = fmt::format("<{:04X}><", code);
+        appendUtf16Hex(entry, characters);
+        entries.push_back(entry + ">\n");
+    }
+    std::string out = "/CIDInit/ProcSet findresource begin 12 dict begin begincmap\n"
+                      "/CIDSystemInfo<</Registry(Adobe)/Ordering(UCS)/Supplement 0>>def\n"
+                      "/CMapName/Adobe-Identity-UCS def/CMapType 2 def\n"
+                      "1 begincodespacerange<0000><FFFF>endcodespacerange\n";
+    for (std::size_t begin = 0; begin < entries.size(); begin += kMapBlock) {
+        const std::size_t end = std::min(begin + kMapBlock, entries.size());
+        fmt::format_to(std::back_inserter(out), "{} beginbfchar\n", end - begin);
+        for (std::size_t i = begin; i < end; ++i) out += entries[i];
+        out += "endbfchar\n";
+    }
+    return out + "endcmap CMapName currentdict/CMap defineresource pop end end\n";
+}
+
+void PdfFont::write(PdfFile &file) const
+{
+    std::vector<std::uint32_t> glyphs;
+    for (const Used &used : m_used) glyphs.push_back(used.glyph);
+    const Font::Subset subset = m_font.subsetOf(glyphs);
+    std::string places;
+    for (const std::uint32_t place : subset.places) {
+        places += static_cast<char>(place >> 8);
+        places += static_cast<char>(place & 0xFF);
+    }
+    const int fontFile = file.reserve(), map = file.reserve(), unicode = file.reserve(), descriptor = file.reserve(),
+              descendant = file.reserve();
+    file.writeStream(fontFile, fmt::format("/Length1 {}", subset.bytes.size()), subset.bytes, Press::well);
+    file.writeStream(map, "", places, Press::well);
+    file.writeStream(unicode, "", unicodeMap(), Press::well);
+    // A subset's name begins with six letters of its own and a plus sign.
+    const std::string name = fmt::format("ININF{}+{}", static_cast<char>('A' + m_number % 26), m_font.postScriptName());
+    const long ascent = std::lround(m_font.ascent()), descent = std::lround(m_font.descent());
+    file.writeObject(descriptor,
+                     fmt::format("<</Type/FontDescriptor/FontName/{}/Flags 4/FontBBox[-100 {} 1100 {}]"
+                                 "/ItalicAngle 0/Ascent {}/Descent {}/CapHeight {}/StemV 80/FontFile2 {} 0 R>>",
+                                 name, descent, ascent, ascent, descent, ascent, fontFile));
+    file.writeObject(descendant,
+                     fmt::format("<</Type/Font/Subtype/CIDFontType2/BaseFont/{}/CIDSystemInfo<</Registry(Adobe)"
+                                 "/Ordering(Identity)/Supplement 0>>/FontDescriptor {} 0 R/DW 1000/W {}"
+                                 "/CIDToGIDMap {} 0 R>>",
+                                 name, descriptor, widths(), map));
+    file.writeObject(m_object, fmt::format("<</Type/Font/Subtype/Type0/BaseFont/{}/Encoding/Identity-H"
+                                           "/DescendantFonts[{} 0 R]/ToUnicode {} 0 R>>",
+                                           name, descendant, unicode));
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,76 @@
+#include "viewer/pdf/pdf_text.h"
+
+#include "viewer/layout/utf8.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <iterator>
+
+namespace inin::viewer {
+
+namespace {
+
+/// `scaled` is the number times ten to the power of `decimals`.
+void appendScaled(std::string &out, long scaled, int decimals)
+{
+    if (scaled < 0) out += '-';
+    std::array<char, 24> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), scaled < 0 ? -scaled : scaled).ptr;
+    const auto count = static_cast<int>(end - digits.begin());
+    const int whole = count - decimals;
+    if (whole > 0) out.append(digits.data(), static_cast<std::size_t>(whole));
+    int last = count;
+    while (last > std::max(whole, 0) && digits[static_cast<std::size_t>(last - 1)] == '0') --last;
+    if (last <= std::max(whole, 0)) {
+        if (whole <= 0) out += '0';
+        return;
+    }
+    out += '.';
+    for (int i = whole; i < 0; ++i) out += '0';
+    out.append(digits.data() + std::max(whole, 0), static_cast<std::size_t>(last - std::max(whole, 0)));
+}
+
+void appendUnit(std::string &out, char32_t unit)
+{
+    fmt::format_to(std::back_inserter(out), "{:04X}", static_cast<std::uint32_t>(unit));
+}
+
+} // namespace
+
+void appendNumber(std::string &out, double number, int decimals)
+{
+    double factor = 1;
+    for (int i = 0; i < decimals; ++i) factor *= 10;
+    appendScaled(out, std::lround(number * factor), decimals);
+}
+
+void appendHundredths(std::string &out, long hundredths)
+{
+    appendScaled(out, hundredths, 2);
+}
+
+void appendUtf16Hex(std::string &out, std::u32string_view characters)
+{
+    for (const char32_t character : characters) {
+        if (character < 0x10000) {
+            appendUnit(out, character);
+            continue;
+        }
+        appendUnit(out, 0xD800 + (character - 0x10000) / 0x400);
+        appendUnit(out, 0xDC00 + (character - 0x10000) % 0x400);
+    }
+}
+
+void appendTextString(std::string &out, std::string_view utf8)
+{
+    std::u32string characters;
+    appendCharacters(utf8, characters, utf8.size());
+    out += "<FEFF";
+    appendUtf16Hex(out, characters);
+    out += '>';
+}
+
+} // namespace inin::viewer
