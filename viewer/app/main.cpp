@@ -1,4 +1,5 @@
 #include "runtime/runtime_error.h"
+#include "viewer/app/check_letters.h"
 #include "viewer/app/options.h"
 #include "viewer/app/write_letters.h"
 
@@ -21,7 +22,8 @@ struct Run {
             fmt::print(stderr, "formviewer: 画面がないので、--pdf か --png を指定してください。\n");
             return kBadCommand;
         }
-        writeLetters(command);
+        if (command.check) tellCheck(command);
+        if (!command.pdf.empty() || !command.pngFolder.empty()) writeLetters(command);
         return kDone;
     }
     int operator()(const MergeCommand &command) const
