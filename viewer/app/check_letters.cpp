@@ -19,9 +19,8 @@ void tellCheck(const ViewCommand &command)
     CheckReport report{letters.size(), set.notices, checkLetters(press)};
     report.notices.insert(report.notices.end(), fonts.notices().begin(), fonts.notices().end());
     // All letters are judged even when few are asked for: a twin may be among the others.
-    std::erase_if(report.findings, [&](const Finding &finding) {
-        return !std::ranges::binary_search(letters, finding.letter);
-    });
+    std::erase_if(report.findings,
+                  [&](const Finding &finding) { return !std::ranges::binary_search(letters, finding.letter); });
     const LetterNames names(set);
     fmt::print("{}", command.json ? checkJson(report, names) : checkText(report, names));
 }

@@ -26,8 +26,8 @@ constexpr std::size_t kMostNamed = 10;
 
 std::string twinsText(const Twins &twins, std::size_t firstLetter)
 {
-    std::vector<std::size_t> letters(twins.begin(), twins.begin() + static_cast<std::ptrdiff_t>(
-                                                                        std::min(twins.size(), kMostNamed)));
+    std::vector<std::size_t> letters(twins.begin(),
+                                     twins.begin() + static_cast<std::ptrdiff_t>(std::min(twins.size(), kMostNamed)));
     for (std::size_t &letter : letters) letter += firstLetter;
     return letterListText(letters) + (twins.size() > kMostNamed ? "…番" : "番");
 }
@@ -110,7 +110,8 @@ std::vector<Finding> LetterCheck::take()
 std::vector<Finding> checkLetters(LetterPress &press)
 {
     LetterCheck check(press);
-    while (check.judge(press.set().size())) {}
+    while (check.judge(press.set().size())) {
+    }
     return check.take();
 }
 

@@ -79,9 +79,8 @@ std::vector<Twins> samePersons(const LetterTable &table)
         runsOf(std::move(rows), [&](std::size_t a, std::size_t b) { return persons[a] < persons[b]; });
     const auto before = comesBefore(table);
     std::erase_if(groups, [&](const Twins &twins) {
-        return std::ranges::none_of(twins, [&](std::size_t row) {
-            return before(row, twins.front()) || before(twins.front(), row);
-        });
+        return std::ranges::none_of(
+            twins, [&](std::size_t row) { return before(row, twins.front()) || before(twins.front(), row); });
     });
     return groups;
 }

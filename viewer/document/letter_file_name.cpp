@@ -50,8 +50,9 @@ LetterFileNames::LetterFileNames(const LetterSet &set, std::string_view pattern,
 {
     for (const TextPiece &piece : m_pieces)
         if (piece.isField() && !isKnown(set, piece.column))
-            throw RuntimeError(error_number::noSuchField,
-                               fmt::format("ファイル名の「{{{{{0}}}}}」の列「{0}」が CSV にありません。", piece.column));
+            throw RuntimeError(
+                error_number::noSuchField,
+                fmt::format("ファイル名の「{{{{{0}}}}}」の列「{0}」が CSV にありません。", piece.column));
 }
 
 std::string LetterFileNames::textOf(std::size_t letter) const
