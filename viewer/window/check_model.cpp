@@ -6,12 +6,20 @@
 #include "viewer/window/qt_text.h"
 
 #include <QFont>
+#include <QFontMetrics>
+#include <QSize>
 
 #include <algorithm>
 
 namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRowRoom = 6;
+
+} // namespace
 
 void CheckModel::show(const OpenLetters *letters, const FindingIndex *findings)
 {
@@ -91,6 +99,8 @@ QVariant CheckModel::data(const QModelIndex &index, int role) const
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return isBranch ? branchText(m_branches[row], index.column())
                         : leafText(m_branches[index.internalId() - 1], row, index.column());
+    // Rows stand a little apart, or the marks of Japanese letters touch.
+    if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QFont()).height() + kRowRoom);
     if (role == Qt::FontRole && isBranch && index.column() == 0) {
         QFont font;
         font.setBold(true);

@@ -22,7 +22,7 @@ CheckPanel::CheckPanel(QWidget *parent) : QWidget(parent), m_heading(new QLabel(
     m_tree->setUniformRowHeights(true);
     m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_tree->setAllColumnsShowFocus(true);
-    constexpr int kHeadingWidth = 24;
+    constexpr int kHeadingWidth = 20;
     m_tree->setColumnWidth(0, m_tree->fontMetrics().horizontalAdvance(u'漢') * kHeadingWidth);
     QObject::connect(m_tree, &QTreeView::clicked, this, [this](const QModelIndex &index) { open(index); });
     QObject::connect(m_tree, &QTreeView::activated, this, [this](const QModelIndex &index) { open(index); });

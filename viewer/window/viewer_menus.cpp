@@ -27,6 +27,10 @@ struct ViewerWindow::Menus {
         QAction *const action = menu->addAction(text);
         action->setObjectName(QLatin1String(name));
         action->setShortcuts(keys);
+        // On a tool the letter of the menu's key would only be in the way.
+        action->setIconText(text.section(u"(&"_s, 0, 0));
+        if (!keys.empty())
+            action->setToolTip(u"%1（%2）"_s.arg(action->iconText(), keys.front().toString(QKeySequence::NativeText)));
         QObject::connect(action, &QAction::triggered, menu, [what = std::move(what)] { what(); });
         return action;
     }
@@ -86,12 +90,12 @@ void ViewerWindow::buildMoveMenu(Menus &menus)
         m_number->setFocus(Qt::ShortcutFocusReason);
         m_number->selectAll();
     });
-    Menus::add(menu, "goList", u"一覧へ(&I)"_s, {QKeySequence(u"F6"_s)}, [this] {
+    Menus::add(menu, "goList", u"一覧とページを行き来する(&I)"_s, {QKeySequence(u"F6"_s)}, [this] {
         if (m_list->hasFocus())
             m_page->setFocus(Qt::ShortcutFocusReason);
         else
             m_list->setFocus(Qt::ShortcutFocusReason);
-    })->setText(u"一覧とページを行き来する(&I)"_s);
+    });
 }
 
 void ViewerWindow::buildViewMenu(Menus &menus)

@@ -25,8 +25,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFirstWidth = 1180, kFirstHeight = 820;
-constexpr int kListWidth = 400, kPageWidth = 780;
+constexpr int kFirstWidth = 1200, kFirstHeight = 820;
+constexpr int kListWidth = 430, kPageWidth = 770;
 constexpr int kPageShare = 560, kCheckShare = 200;
 /// Letters that are judged between two looks at what the user does.
 constexpr std::size_t kCheckedAtOnce = 200;
