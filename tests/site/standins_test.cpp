@@ -86,3 +86,42 @@ TEST_CASE("a form tool's stand-in fails without a script")
     CHECK(run(site.folder.path(), "./wfrfv10.exe") != 0);
     CHECK(run(site.folder.path(), "./wfrfv10.exe /c missing.dat") != 0);
 }
+
+TEST_CASE("the three form documents of a site are those of the folder site/forms")
+{
+    for (const char *name : {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"}) {
+        CAPTURE(name);
+        const std::string form = bytesOf(sharedSite() / "SYS" / name);
+        CHECK(form.starts_with("<?xml"));
+        CHECK(form == bytesOf(fs::path(ININ_SITE) / "forms" / name));
+    }
+}
+
+TEST_CASE("the form tools are links to the form viewer where it was built")
+{
+    const ScratchFolder folder;
+    write(folder.path() / "formviewer", "the viewer");
+
+    inin::site::makeSite(folder.path() / "site", {1, 1, std::chrono::year{2024} / 5},
+                         inin::site::Overwrite::onlyOwnFolder, folder.path() / "formviewer");
+
+    for (const char *name : kFormTools) {
+        CAPTURE(name);
+        CHECK(fs::read_symlink(folder.path() / "site" / name) == folder.path() / "formviewer");
+    }
+    CHECK(bytesOf(folder.path() / "site" / "Main.exe").find("STAND-IN") != std::string::npos);
+}
+
+TEST_CASE("a site that is made again without the form viewer leaves the viewer itself alone")
+{
+    const ScratchFolder folder;
+    write(folder.path() / "formviewer", "the viewer");
+    const inin::site::SiteOrder order{1, 1, std::chrono::year{2024} / 5};
+    inin::site::makeSite(folder.path() / "site", order, inin::site::Overwrite::onlyOwnFolder,
+                         folder.path() / "formviewer");
+
+    inin::site::makeSite(folder.path() / "site", order, inin::site::Overwrite::onlyOwnFolder);
+
+    CHECK(bytesOf(folder.path() / "formviewer") == "the viewer");
+    CHECK(bytesOf(folder.path() / "site" / "wfrfv10.exe").find("STAND-IN") != std::string::npos);
+}

@@ -24,22 +24,18 @@ void tell(const std::string &sentence)
     fmt::print(stderr, "{}\n", sentence);
 }
 
-/// Lays letters out without painting them, for their marks.
-class NoPainter : public PagePainter {
-public:
-    void paint(const PathCommand &) override {}
-    void paint(const GlyphRun &) override {}
-};
-
-void tellMarks(LetterPress &press, const std::vector<std::size_t> &letters)
+void tellMarks(LetterPress &press, std::size_t letter, const std::vector<FieldMark> &marks)
 {
-    NoPainter painter;
+    for (const FieldMark &mark : marks)
+        tell(fmt::format("{}番 {}：{}", letter + 1, columnNames(press.layoutOf(letter), mark), markText(mark)));
+}
+
+void tellFaults(const LetterSet &set, const std::vector<std::size_t> &letters)
+{
     for (const std::size_t letter : letters) {
-        const LetterSet::Place place = press.set().placeOf(letter);
-        const RowFault fault = press.set().reports[place.report].letters.fault(place.row);
+        const LetterSet::Place place = set.placeOf(letter);
+        const RowFault fault = set.reports[place.report].letters.fault(place.row);
         if (fault != RowFault::none) tell(fmt::format("{}番：{}", letter + 1, faultText(fault)));
-        for (const FieldMark &mark : press.paintFields(letter, painter))
-            tell(fmt::format("{}番 {}：{}", letter + 1, columnNames(press.layoutOf(letter), mark), markText(mark)));
     }
 }
 
@@ -77,9 +73,13 @@ void writeLetters(const ViewCommand &command)
     LetterPress press(set, fonts);
     const std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
     for (const std::string &notice : fonts.notices()) tell(notice);
-    if (!command.pdf.empty()) writeLettersPdf(command.pdf, press, letters);
+    tellFaults(set, letters);
+    press.onMarks = [&](std::size_t letter, const auto &marks) { tellMarks(press, letter, marks); };
+    if (!command.pdf.empty()) {
+        writeLettersPdf(command.pdf, press, letters);
+        press.onMarks = nullptr; // once is enough
+    }
     if (!command.pngFolder.empty()) writePngs(command, press, letters);
-    tellMarks(press, letters);
 }
 
 void writeCombinedForm(const MergeCommand &command)

@@ -74,16 +74,25 @@ LetterLayout &LetterPress::layoutOf(std::size_t letter)
     return isReadable ? *m_layouts[place.report] : *m_unreadable;
 }
 
+const std::vector<FieldMark> &LetterPress::paintReadable(const LetterSet::Place &place, PagePainter &painter)
+{
+    const LetterReport &report = m_set.reports[place.report];
+    return m_layouts[place.report]->paintLetter([&](std::size_t column) { return report.value(place.row, column); },
+                                                painter);
+}
+
 const std::vector<FieldMark> &LetterPress::paintFields(std::size_t letter, PagePainter &painter)
 {
     const LetterSet::Place place = m_set.placeOf(letter);
-    const LetterReport &report = m_set.reports[place.report];
-    const RowFault fault = report.letters.fault(place.row);
-    if (fault == RowFault::none)
-        return m_layouts[place.report]->paintLetter([&](std::size_t column) { return report.value(place.row, column); },
-                                                    painter);
+    const LetterTable &letters = m_set.reports[place.report].letters;
+    const RowFault fault = letters.fault(place.row);
+    if (fault == RowFault::none) {
+        const std::vector<FieldMark> &marks = paintReadable(place, painter);
+        if (onMarks && !marks.empty()) onMarks(letter, marks);
+        return marks;
+    }
     const std::string number = std::to_string(place.row + 1);
-    const std::string_view texts[] = {number, faultText(fault), report.letters.rawText(place.row)};
+    const std::string_view texts[] = {number, faultText(fault), letters.rawText(place.row)};
     return m_unreadable->paintLetter([&](std::size_t column) { return texts[column]; }, painter);
 }
 

@@ -3,6 +3,7 @@
 #include "viewer/document/letter_set.h"
 #include "viewer/layout/letter_layout.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,10 +27,14 @@ public:
     /// The layout of a letter: that of its report, or a plain page for a row that could not be read. Letters with the
     /// same layout share what paintShared paints.
     [[nodiscard]] LetterLayout &layoutOf(std::size_t letter);
+    /// Told the marks of each letter that has some, as it is painted.
+    std::function<void(std::size_t letter, const std::vector<FieldMark> &marks)> onMarks;
     /// Paints the fields of one letter and gives their marks.
     const std::vector<FieldMark> &paintFields(std::size_t letter, PagePainter &painter);
 
 private:
+    const std::vector<FieldMark> &paintReadable(const LetterSet::Place &place, PagePainter &painter);
+
     const LetterSet &m_set;
     FormDocument m_unreadableForm;
     std::vector<std::unique_ptr<LetterLayout>> m_layouts; ///< beside the reports

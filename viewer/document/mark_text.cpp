@@ -33,7 +33,7 @@ std::string charactersText(const std::vector<char32_t> &characters)
 {
     std::vector<char32_t> different = characters;
     std::ranges::sort(different);
-    different.erase(std::ranges::unique(different).begin(), different.end());
+    different.erase(std::unique(different.begin(), different.end()), different.end());
     std::string text;
     for (std::size_t i = 0; i < different.size() && i < kShown; ++i) {
         std::string one;

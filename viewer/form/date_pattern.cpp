@@ -8,6 +8,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kFirstYear = "元";
+constexpr char kCut = '\x01';
 
 /// The pattern with its runs of e as a literal 元. A run in quotes or behind a backslash is literal text already.
 std::string withFirstYear(std::string_view pattern)
@@ -45,7 +46,11 @@ std::optional<std::string> writtenDate(std::string_view text, std::string_view p
     const std::optional<Date> date = readDate(text, regional);
     // A time alone is read as a time of the calendar's first day.
     if (!date || date->days() < 1) return std::nullopt;
-    return formatText(*date, isFirstYear(dayOf(*date)) ? withFirstYear(pattern) : pattern, regional);
+    if (!isFirstYear(dayOf(*date))) return formatText(*date, pattern, regional);
+    // With its e turned into letters a pattern may have no date left in it, and would be taken for one of numbers: a day
+    // in front, which is cut off again, keeps it one of dates.
+    const std::string kept = formatText(*date, "d" + std::string(1, kCut) + withFirstYear(pattern), regional);
+    return kept.substr(kept.find(kCut) + 1);
 }
 
 } // namespace inin::viewer

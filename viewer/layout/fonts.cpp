@@ -17,6 +17,9 @@ namespace {
 struct FreePattern {
     void operator()(FcPattern *pattern) const { FcPatternDestroy(pattern); }
 };
+struct FreeConfig {
+    void operator()(FcConfig *config) const { FcConfigDestroy(config); }
+};
 struct FreeSet {
     void operator()(FcFontSet *set) const { FcFontSetDestroy(set); }
 };
@@ -70,15 +73,18 @@ Found describe(FcPattern *pattern, const std::string &family)
 }
 
 /// The nearest font of a family that can write Japanese.
-std::optional<Found> findFont(const std::string &family)
+std::optional<Found> findFont(FcConfig *config, const std::string &family)
 {
     const PatternHandle pattern(FcPatternCreate());
     FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.c_str()));
     FcPatternAddString(pattern.get(), FC_LANG, bytes("ja"));
-    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+    FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
-    const SetHandle set(FcFontSort(nullptr, pattern.get(), FcFalse, nullptr, &result));
+    // The best match is mostly what is wanted, and costs a part of all fonts in order.
+    const PatternHandle best(FcFontMatch(config, pattern.get(), &result));
+    if (best && hasTrueTypeOutlines(best.get())) return describe(best.get(), family);
+    const SetHandle set(FcFontSort(config, pattern.get(), FcFalse, nullptr, &result));
     if (!set) return std::nullopt;
     for (int i = 0; i < set->nfont; ++i)
         if (hasTrueTypeOutlines(set->fonts[i])) return describe(set->fonts[i], family);
@@ -87,7 +93,11 @@ std::optional<Found> findFont(const std::string &family)
 
 } // namespace
 
-Fonts::Fonts() = default;
+struct Fonts::Catalogue {
+    std::unique_ptr<FcConfig, FreeConfig> config{FcInitLoadConfigAndFonts()};
+};
+
+Fonts::Fonts() : m_catalogue(std::make_unique<Catalogue>()) {}
 Fonts::~Fonts() = default;
 
 const Font &Fonts::font(const std::string &family)
@@ -96,7 +106,7 @@ const Font &Fonts::font(const std::string &family)
     if (known != m_entries.end()) return *known->font;
     const auto *const generic = std::ranges::find(kGenerics, family, &Generic::name);
     const bool isGeneric = generic != std::end(kGenerics);
-    const auto found = findFont(isGeneric ? generic->first : family);
+    const auto found = findFont(m_catalogue->config.get(), isGeneric ? generic->first : family);
     if (!found) throw RuntimeError(error_number::fileNotFound, "帳票に使える書体がこのコンピューターにありません。");
     if (!found->isAsked && !isGeneric)
         m_notices.push_back(fmt::format("書体「{}」がないので「{}」で表示します。", family, found->name));

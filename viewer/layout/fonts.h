@@ -27,6 +27,10 @@ private:
         std::string family;
         const Font *font;
     };
+    /// What fontconfig knows; a copy of one's own, which goes away with this.
+    struct Catalogue;
+
+    std::unique_ptr<Catalogue> m_catalogue;
     std::vector<Entry> m_entries;
     std::vector<std::unique_ptr<Font>> m_fonts;
     std::vector<std::string> m_notices;

@@ -158,8 +158,11 @@ bool mayBreakBetween(char32_t before, char32_t after)
 FittedText fitInBox(const TextToFit &text, const FitRule &rule)
 {
     if (!text.isTooLong) {
-        for (double size = text.size; size > rule.smallest; size *= kSizeStep)
+        double size = text.size;
+        while (size > rule.smallest) {
             if (auto fitted = fitAtSize(text, rule, size)) return std::move(*fitted);
+            size *= kSizeStep;
+        }
         if (auto fitted = fitAtSize(text, rule, rule.smallest)) return std::move(*fitted);
     }
     LineBreaker breaker(text, rule.smallest, rule.narrowest, rule.box.width);

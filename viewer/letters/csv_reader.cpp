@@ -10,8 +10,6 @@ namespace inin::viewer {
 
 namespace {
 
-// Quote, comma and line end are no second byte of any character of the code page, so that lines and fields are found in
-// the bytes themselves.
 constexpr std::string_view kSeparator = "\",\"";
 
 /// A line of the file; the last one may lack its end.
@@ -30,12 +28,11 @@ Line takeLine(std::string_view &rest)
 }
 
 /// Where separators stand in a row, overlapping ones too: `",","` holds two of which one counts.
-std::vector<std::size_t> separatorPlaces(std::string_view inner)
+void findSeparators(std::string_view inner, std::vector<std::size_t> &places)
 {
-    std::vector<std::size_t> places;
+    places.clear();
     for (std::size_t at = inner.find(kSeparator); at != std::string_view::npos; at = inner.find(kSeparator, at + 1))
         places.push_back(at);
-    return places;
 }
 
 /// Separators that overlap stand in chains, two bytes apart. Of an odd chain the most that can count is every other one,
@@ -52,16 +49,15 @@ bool leavesChoice(const std::vector<std::size_t> &places)
 }
 
 /// The separators that count when as many as possible do.
-std::vector<std::size_t> withoutOverlaps(const std::vector<std::size_t> &places)
+void dropOverlaps(const std::vector<std::size_t> &places, std::vector<std::size_t> &chosen)
 {
-    std::vector<std::size_t> chosen;
+    chosen.clear();
     std::size_t free = 0;
     for (const std::size_t place : places) {
         if (place < free) continue;
         chosen.push_back(place);
         free = place + kSeparator.size();
     }
-    return chosen;
 }
 
 /// Whether a row with these separators can be read as `columns` fields in exactly one way, and why not.
@@ -95,24 +91,34 @@ std::string decoded(std::string_view bytes)
 {
     constexpr std::string_view kLost = "\xEF\xBF\xBD";
     std::string text = decodeCp932(bytes);
-    for (std::size_t at = text.find('\0'); at != std::string::npos; at = text.find('\0', at + kLost.size()))
-        text.replace(at, 1, kLost);
-    return text;
+    if (text.find('\0') == std::string::npos) return text;
+    std::string out;
+    for (const char c : text) {
+        if (c == '\0')
+            out += kLost;
+        else
+            out += c;
+    }
+    return out;
 }
 
-class Reader {
-public:
-    Reader(std::string_view bytes, LetterTable &table) : m_rest(bytes), m_table(table) {}
+std::string_view innerOf(const Line &line)
+{
+    return line.text.substr(1, line.text.size() - 2);
+}
 
-    LetterTable &read()
+/// Reads rows into a table, out of the table's own text.
+class RowReader {
+public:
+    explicit RowReader(LetterTable &table) : m_table(table) {}
+
+    void read(std::string_view rest)
     {
-        const auto rows = static_cast<std::size_t>(std::ranges::count(m_rest, '\n')) + 1;
-        m_table.reserve(rows, m_rest.size() * 3 / 2);
-        while (!m_rest.empty()) {
-            const Line line = takeLine(m_rest);
+        m_table.reserve(static_cast<std::size_t>(std::ranges::count(rest, '\n')) + 1);
+        while (!rest.empty()) {
+            const Line line = takeLine(rest);
             if (!line.text.empty()) readRow(line);
         }
-        return m_table;
     }
 
 private:
@@ -120,34 +126,26 @@ private:
     {
         const RowFault fault = faultOf(line);
         if (fault != RowFault::none) {
-            m_table.addFaultyRow(fault, decoded(line.text));
+            m_table.addFaultyRow(fault, line.text);
             return;
         }
-        splitAt(innerOf(line), m_places, m_fields);
-        m_texts.resize(m_fields.size());
-        for (std::size_t i = 0; i < m_fields.size(); ++i) {
-            m_texts[i] = decoded(m_fields[i]);
-            m_fields[i] = m_texts[i];
-        }
+        splitAt(innerOf(line), m_chosen, m_fields);
         m_table.addRow(m_fields);
     }
-    static std::string_view innerOf(const Line &line) { return line.text.substr(1, line.text.size() - 2); }
 
     RowFault faultOf(const Line &line)
     {
         if (!isQuoted(line.text)) return line.hasEnd ? RowFault::notQuoted : RowFault::cutOff;
         // A last line without its end may have lost the rest of its last value, whatever it looks like.
         if (!line.hasEnd) return RowFault::cutOff;
-        const std::vector<std::size_t> all = separatorPlaces(innerOf(line));
-        m_places = withoutOverlaps(all);
-        return judge(all, m_places.size(), m_table.columns().size());
+        findSeparators(innerOf(line), m_places);
+        dropOverlaps(m_places, m_chosen);
+        return judge(m_places, m_chosen.size(), m_table.columns().size());
     }
 
-    std::string_view m_rest;
     LetterTable &m_table;
-    std::vector<std::size_t> m_places;
+    std::vector<std::size_t> m_places, m_chosen;
     std::vector<std::string_view> m_fields;
-    std::vector<std::string> m_texts;
 };
 
 [[noreturn]] void fail(const char *sentence)
@@ -155,28 +153,27 @@ private:
     throw RuntimeError(error_number::invalidCall, sentence);
 }
 
-std::vector<std::string> columnsOf(const Line &line)
+std::vector<std::string> titledColumns(const Line &first)
 {
-    if (!isQuoted(line.text)) fail("先頭の行が見出し行ではありません。各列を引用符で囲んだ行が必要です。");
-    const std::string_view inner = line.text.substr(1, line.text.size() - 2);
-    const std::vector<std::size_t> places = separatorPlaces(inner);
+    if (!isQuoted(first.text)) fail("先頭の行が見出し行ではありません。各列を引用符で囲んだ行が必要です。");
+    std::vector<std::size_t> places, chosen;
+    findSeparators(innerOf(first), places);
     if (leavesChoice(places)) fail("見出し行の列の区切りを決められません。");
+    dropOverlaps(places, chosen);
     std::vector<std::string_view> fields;
-    splitAt(inner, withoutOverlaps(places), fields);
-    std::vector<std::string> columns;
-    for (const std::string_view field : fields) columns.push_back(decoded(field));
-    return columns;
+    splitAt(innerOf(first), chosen, fields);
+    return {fields.begin(), fields.end()};
 }
 
 /// The names of a file without titles: by its first row.
 std::vector<std::string> numberedColumns(const Line &first)
 {
-    const std::size_t count =
-        isQuoted(first.text) ? withoutOverlaps(separatorPlaces(first.text.substr(1, first.text.size() - 2))).size() + 1
-                             : 1;
-    if (count == programTitles().size()) return programTitles();
+    std::vector<std::size_t> places, chosen;
+    if (isQuoted(first.text)) findSeparators(innerOf(first), places);
+    dropOverlaps(places, chosen);
+    if (chosen.size() + 1 == programTitles().size()) return programTitles();
     std::vector<std::string> columns;
-    for (std::size_t i = 1; i <= count; ++i) columns.push_back(std::to_string(i));
+    for (std::size_t i = 0; i <= chosen.size(); ++i) columns.push_back(std::to_string(i + 1));
     return columns;
 }
 
@@ -194,11 +191,14 @@ const std::vector<std::string> &programTitles()
 
 LetterTable readLetters(std::string_view bytes, TitleRow titles)
 {
-    std::string_view rest = bytes;
-    const Line first = takeLine(rest);
     if (bytes.empty()) fail("ファイルが空です。");
-    LetterTable table(titles == TitleRow::first ? columnsOf(first) : numberedColumns(first));
-    Reader(titles == TitleRow::first ? rest : bytes, table).read();
+    std::string text = decoded(bytes);
+    std::string_view rest = text;
+    const Line first = takeLine(rest);
+    std::vector<std::string> columns = titles == TitleRow::first ? titledColumns(first) : numberedColumns(first);
+    const std::size_t begin = titles == TitleRow::first ? text.size() - rest.size() : 0;
+    LetterTable table(std::move(columns), std::move(text));
+    RowReader(table).read(table.text().substr(begin));
     return table;
 }
 

@@ -2,7 +2,9 @@
 
 #include "viewer/letters/letter_table.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace inin::viewer {
 

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace inin::viewer {
@@ -28,8 +29,10 @@ std::string_view faultText(RowFault fault)
     return "";
 }
 
-LetterTable::LetterTable(std::vector<std::string> columns) : m_columns(std::move(columns))
+LetterTable::LetterTable(std::vector<std::string> columns, std::string text)
+    : m_columns(std::move(columns)), m_text(std::move(text))
 {
+    if (m_text.size() > std::numeric_limits<std::uint32_t>::max()) throw RuntimeError(error_number::outOfMemory);
     std::vector<std::string_view> sorted(m_columns.begin(), m_columns.end());
     std::ranges::sort(sorted);
     const auto twice = std::ranges::adjacent_find(sorted);
@@ -44,10 +47,15 @@ std::optional<std::size_t> LetterTable::columnOf(std::string_view name) const
     return static_cast<std::size_t>(found - m_columns.begin());
 }
 
+LetterTable::Cell LetterTable::cellOf(std::string_view part) const
+{
+    if (part.empty()) return {};
+    return {static_cast<std::uint32_t>(part.data() - m_text.data()), static_cast<std::uint32_t>(part.size())};
+}
+
 std::string_view LetterTable::cell(std::size_t index) const
 {
-    const std::size_t begin = index == 0 ? 0 : m_ends[index - 1];
-    return std::string_view(m_text).substr(begin, m_ends[index] - begin);
+    return std::string_view(m_text).substr(m_cells[index].begin, m_cells[index].size);
 }
 
 std::string_view LetterTable::value(std::size_t row, std::size_t column) const
@@ -62,26 +70,22 @@ std::string_view LetterTable::rawText(std::size_t row) const
     return cell(row * m_columns.size());
 }
 
-void LetterTable::reserve(std::size_t rows, std::size_t bytes)
+void LetterTable::reserve(std::size_t rows)
 {
-    m_text.reserve(bytes);
-    m_ends.reserve(rows * m_columns.size());
+    m_cells.reserve(rows * m_columns.size());
     m_faults.reserve(rows);
 }
 
 void LetterTable::addRow(const std::vector<std::string_view> &values)
 {
-    for (const std::string_view value : values) {
-        m_text += value;
-        m_ends.push_back(m_text.size());
-    }
+    for (const std::string_view value : values) m_cells.push_back(cellOf(value));
     m_faults.push_back(RowFault::none);
 }
 
 void LetterTable::addFaultyRow(RowFault fault, std::string_view rawText)
 {
-    m_text += rawText;
-    m_ends.insert(m_ends.end(), m_columns.size(), m_text.size());
+    m_cells.push_back(cellOf(rawText));
+    m_cells.resize(m_cells.size() + m_columns.size() - 1);
     m_faults.push_back(fault);
 }
 

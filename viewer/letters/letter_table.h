@@ -22,12 +22,12 @@ enum class RowFault : std::uint8_t {
 [[nodiscard]] std::string_view faultText(RowFault fault);
 
 /// The letters of one CSV file, read once: nothing in here changes when the file does.
-/// All texts lie in one arena, UTF-8.
+/// The file's text is kept as one piece, and a value is a part of it.
 class LetterTable {
 public:
     LetterTable() = default;
-    /// Column names must differ; a name that stands twice is a RuntimeError.
-    explicit LetterTable(std::vector<std::string> columns);
+    /// `text` is the file as UTF-8. Column names must differ; a name that stands twice is a RuntimeError.
+    LetterTable(std::vector<std::string> columns, std::string text);
 
     [[nodiscard]] const std::vector<std::string> &columns() const { return m_columns; }
     [[nodiscard]] std::optional<std::size_t> columnOf(std::string_view name) const;
@@ -37,17 +37,24 @@ public:
     /// The text of a row that cannot be read, as it stands in the file; empty for a good row.
     [[nodiscard]] std::string_view rawText(std::size_t row) const;
 
-    void reserve(std::size_t rows, std::size_t bytes);
+    /// The whole text; rows are added as parts of it.
+    [[nodiscard]] std::string_view text() const { return m_text; }
+    void reserve(std::size_t rows);
     /// As many values as columns.
     void addRow(const std::vector<std::string_view> &values);
     void addFaultyRow(RowFault fault, std::string_view rawText);
 
 private:
+    /// A part of the text. No letter file comes near four gigabytes.
+    struct Cell {
+        std::uint32_t begin = 0, size = 0;
+    };
+    [[nodiscard]] Cell cellOf(std::string_view part) const;
     [[nodiscard]] std::string_view cell(std::size_t index) const;
 
     std::vector<std::string> m_columns;
     std::string m_text;
-    std::vector<std::size_t> m_ends; ///< a cell's end in the arena, row by row; a faulty row's text is its first cell
+    std::vector<Cell> m_cells; ///< row by row; the first cell of a faulty row is all of it
     std::vector<RowFault> m_faults;
 };
 

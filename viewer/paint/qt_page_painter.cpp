@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPen>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace inin::viewer {
@@ -30,6 +32,37 @@ QPainterPath qtPath(const Path &path)
             out.closeSubpath();
             break;
         }
+    }
+    return out;
+}
+
+/// A curve as so many lines that none is further off than kOff, by the bound of the second differences.
+void appendStraightened(Point from, const std::array<Point, 3> &curve, Path &out)
+{
+    constexpr double kOff = 0.0008; // of the square: a twentieth of a pixel at kSmall
+    const auto &[first, second, end] = curve;
+    const double bendX = std::max(std::abs(from.x - 2 * first.x + second.x), std::abs(first.x - 2 * second.x + end.x));
+    const double bendY = std::max(std::abs(from.y - 2 * first.y + second.y), std::abs(first.y - 2 * second.y + end.y));
+    const int count = std::max(1, static_cast<int>(std::ceil(std::sqrt(0.75 * std::hypot(bendX, bendY) / kOff))));
+    for (int i = 1; i <= count; ++i) {
+        const double t = static_cast<double>(i) / count, u = 1 - t;
+        const double a = u * u * u, b = 3 * u * u * t, c = 3 * u * t * t, d = t * t * t;
+        out.push_back({PathStep::Kind::line,
+                       {Point{a * from.x + b * first.x + c * second.x + d * end.x,
+                              a * from.y + b * first.y + c * second.y + d * end.y}}});
+    }
+}
+
+Path straightened(const Path &path)
+{
+    Path out;
+    Point at;
+    for (const PathStep &step : path) {
+        if (step.kind == PathStep::Kind::curve)
+            appendStraightened(at, step.points, out);
+        else
+            out.push_back(step);
+        at = step.kind == PathStep::Kind::curve ? step.points[2] : step.points[0];
     }
     return out;
 }
@@ -60,14 +93,17 @@ QPen qtPen(const Stroke &stroke)
 
 } // namespace
 
-const QPainterPath &QtGlyphs::outline(const Font &font, std::uint32_t glyph)
+const QPainterPath &QtGlyphs::outline(const Font &font, std::uint32_t glyph, double pixels)
 {
     auto &outlines = m_outlines[&font];
-    const auto found = outlines.find(glyph);
-    if (found != outlines.end()) return found->second;
-    QPainterPath path = qtPath(font.outlineOf(glyph));
-    path.setFillRule(Qt::WindingFill);
-    return outlines.emplace(glyph, std::move(path)).first->second;
+    auto found = outlines.find(glyph);
+    if (found == outlines.end()) {
+        const Path path = font.outlineOf(glyph);
+        found = outlines.emplace(glyph, Outline{qtPath(path), qtPath(straightened(path))}).first;
+        found->second.curves.setFillRule(Qt::WindingFill);
+        found->second.lines.setFillRule(Qt::WindingFill);
+    }
+    return pixels < kSmall ? found->second.lines : found->second.curves;
 }
 
 void QtPagePainter::paint(const PathCommand &command)
@@ -83,11 +119,12 @@ void QtPagePainter::paint(const GlyphRun &run)
     const QTransform before = m_painter.transform();
     const QTransform line = qtTransform(run.at) * before;
     const double step = run.size * run.stretch / 1000;
+    const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
     double spaced = 0;
     for (const ShapedGlyph &glyph : run.glyphs) {
         const Affine place{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0};
         m_painter.setTransform(qtTransform(place) * line);
-        m_painter.fillPath(m_glyphs.outline(*run.font, glyph.glyph), qtColor(run.color));
+        m_painter.fillPath(m_glyphs.outline(*run.font, glyph.glyph, pixels), qtColor(run.color));
         spaced += run.spacing * run.stretch;
     }
     m_painter.setTransform(before);

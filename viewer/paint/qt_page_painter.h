@@ -15,11 +15,17 @@ class LetterPress;
 /// The outlines of glyphs as Qt has them, kept for all pages of a window.
 class QtGlyphs {
 public:
-    /// In a square of 1, y downwards.
-    [[nodiscard]] const QPainterPath &outline(const Font &font, std::uint32_t glyph);
+    /// In a square of 1, y downwards. A glyph that covers fewer than kSmall device pixels comes as straight lines that
+    /// differ from its curves by less than can be seen: bending curves anew is most of the work of a page.
+    [[nodiscard]] const QPainterPath &outline(const Font &font, std::uint32_t glyph, double pixels);
+
+    static constexpr double kSmall = 64;
 
 private:
-    std::unordered_map<const Font *, std::unordered_map<std::uint32_t, QPainterPath>> m_outlines;
+    struct Outline {
+        QPainterPath curves, lines;
+    };
+    std::unordered_map<const Font *, std::unordered_map<std::uint32_t, Outline>> m_outlines;
 };
 
 /// Paints with QPainter, whose unit must be the point. Letters are outlines: the same at every scale, on screen and paper.

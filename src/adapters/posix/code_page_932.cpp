@@ -196,12 +196,17 @@ std::string decodeCp932(std::string_view bytes)
     const Tables &table = tables();
     std::string out;
     out.reserve(bytes.size() + bytes.size() / 2);
-    for (std::size_t at = takeAscii(out, bytes); at < bytes.size(); at += takeAscii(out, bytes.substr(at))) {
-        const auto byte = static_cast<unsigned char>(bytes[at++]);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        if (byte < 0x80) {
+            at += takeAscii(out, bytes.substr(at));
+            continue;
+        }
+        ++at;
         char16_t unit = table.single[byte];
         // A lead byte takes a trail byte with it even when the two are no character; anything else stays for itself.
         if (isCp932Lead(byte) && at < bytes.size() && isTrail(static_cast<unsigned char>(bytes[at])))
-            unit = cp932Unit(byte, static_cast<unsigned char>(bytes[at++]));
+            unit = table.pair[static_cast<std::size_t>(byte << 8 | static_cast<unsigned char>(bytes[at++]))];
         appendUtf8(out, unit == 0 ? kReplacement : unit);
     }
     return out;

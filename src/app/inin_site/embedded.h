@@ -8,5 +8,8 @@ namespace inin::site {
 [[nodiscard]] std::string_view schemaText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
+[[nodiscard]] std::string_view standardForm();
+[[nodiscard]] std::string_view aichiForm();
+[[nodiscard]] std::string_view takamatsuForm();
 
 } // namespace inin::site

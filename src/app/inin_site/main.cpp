@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <cstdio>
+#include <filesystem>
 
 namespace inin::site {
 
@@ -19,10 +20,18 @@ void printLine(std::FILE *where, const std::string &line)
     fmt::print(where, "{}\n", line);
 }
 
+/// The form viewer that was built with this program; empty when there is none.
+std::filesystem::path formViewerBeside()
+{
+    std::error_code error;
+    const auto viewer = std::filesystem::read_symlink("/proc/self/exe", error).replace_filename("formviewer");
+    return !error && std::filesystem::exists(viewer, error) ? viewer : std::filesystem::path();
+}
+
 struct Run {
     int operator()(const MakeCommand &command) const
     {
-        makeSite(command.folder, command.order, command.overwrite);
+        makeSite(command.folder, command.order, command.overwrite, formViewerBeside());
         printLine(stdout,
                   fmt::format("見本サイト「{}」を作りました。（利用者{}人、対象月{}、種{}）", command.folder.string(),
                               command.order.patients, yearMonthText(command.order.month), command.order.seed));

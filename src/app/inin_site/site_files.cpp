@@ -29,19 +29,21 @@ constexpr std::string_view kConnection = "[接続情報]\n"
                                          "接続情報=Provider=SQLite;Data Source=demo.db\n";
 
 constexpr std::string_view kFormsNote =
-    "このフォルダーには帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）を置きます。\n"
-    "見本サイトには帳票が付いていません。\n";
+    "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
+    "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n";
 
-struct StandIn {
+struct Form {
     std::string_view name;
     std::string_view (*text)();
 };
-constexpr StandIn kStandIns[] = {
-    {"Main.exe", menuStandIn},
-    {"wfrfv10.exe", formToolStandIn},
-    {"WrVb6Viewer.exe", formToolStandIn},
-    {"wfrimg10.exe", formToolStandIn},
+constexpr Form kForms[] = {
+    {"委任状37_01.wfd", standardForm},
+    {"委任状23.wfd", aichiForm},
+    {"委任状37_高松市.wfd", takamatsuForm},
 };
+
+constexpr std::string_view kMenu = "Main.exe";
+constexpr std::string_view kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
 
 /// The suite's text files: code page 932, CR LF.
 void writeSuiteText(const fs::path &path, std::string_view text)
@@ -67,10 +69,9 @@ std::string markerText(const SiteOrder &order)
                        order.patients, order.seed, yearMonthText(order.month));
 }
 
-void writeStandIn(const fs::path &folder, const StandIn &standIn)
+void writeStandIn(const fs::path &path, std::string_view text)
 {
-    const fs::path path = folder / standIn.name;
-    writeFile(path, standIn.text());
+    writeFile(path, text);
     std::error_code error;
     constexpr auto kRun = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
     fs::permissions(path, kRun, fs::perm_options::add, error);
@@ -78,6 +79,19 @@ void writeStandIn(const fs::path &folder, const StandIn &standIn)
         throw RuntimeError(error_number::permissionDenied,
                            fmt::format("ファイル「{}」を実行できるようにできません。", path.string()));
     }
+}
+
+/// The form viewer under a tool's name, or the stand-in where it was not built.
+void writeFormTool(const fs::path &path, const fs::path &formViewer)
+{
+    std::error_code error;
+    // Writing through the link of an earlier make would overwrite the viewer itself.
+    fs::remove(path, error);
+    if (!formViewer.empty()) {
+        fs::create_symlink(formViewer, path, error);
+        if (!error) return;
+    }
+    writeStandIn(path, formToolStandIn());
 }
 
 void makeFolder(const fs::path &path)
@@ -101,7 +115,7 @@ void writeFile(const fs::path &path, std::string_view bytes)
     }
 }
 
-void writeSiteFiles(const fs::path &folder, const SiteOrder &order)
+void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::path &formViewer)
 {
     makeFolder(folder);
     writeFile(folder / kMarkerFile, markerText(order)); // first, so that a make that broke off can be made again
@@ -111,7 +125,9 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order)
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / kWallpaperFile, wallpaper());
-    for (const StandIn &standIn : kStandIns) writeStandIn(folder, standIn);
+    for (const Form &form : kForms) writeFile(folder / "SYS" / form.name, form.text());
+    writeStandIn(folder / kMenu, menuStandIn());
+    for (const std::string_view tool : kFormTools) writeFormTool(folder / tool, formViewer);
 }
 
 } // namespace inin::site

@@ -42,10 +42,10 @@ void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 
 } // namespace
 
-void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite)
+void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite, const fs::path &formViewer)
 {
     if (overwrite == Overwrite::onlyOwnFolder) refuseForeignFolder(folder);
-    writeSiteFiles(folder, order);
+    writeSiteFiles(folder, order, formViewer);
     replaceDatabase(folder, order);
 }
 

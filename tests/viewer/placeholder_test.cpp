@@ -1,0 +1,67 @@
+#include "runtime/runtime_error.h"
+#include "viewer/form/date_pattern.h"
+#include "viewer/form/placeholder.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+
+TEST_CASE("a text is split into what stands and what is filled in")
+{
+    const auto pieces = readPieces("私は{{利用者氏名}}、{{ 署名日 | ggge年m月d日 |　年　月　日}}");
+    REQUIRE(pieces.size() == 4);
+    CHECK(pieces[0].literal == "私は");
+    CHECK(pieces[1].column == "利用者氏名");
+    CHECK(pieces[2].literal == "、");
+    CHECK(pieces[3].column == "署名日");
+    CHECK(pieces[3].pattern == "ggge年m月d日");
+    CHECK(pieces[3].silent == "　年　月　日");
+}
+
+TEST_CASE("a text without braces is one literal piece, and single braces are letters")
+{
+    REQUIRE(readPieces("a{b}c").size() == 1);
+    CHECK(readPieces("a{b}c")[0].literal == "a{b}c");
+    CHECK(readPieces("").empty());
+}
+
+TEST_CASE("braces that stay open or have no name in them are refused")
+{
+    CHECK_THROWS_WITH_AS(static_cast<void>(readPieces("a{{b")), "「a{{b」の「{{」が閉じられていません。", RuntimeError);
+    CHECK_THROWS_WITH_AS(static_cast<void>(readPieces("{{|x}}")), "「{{|x}}」に列の名前がありません。", RuntimeError);
+}
+
+TEST_CASE("a date is written in its era, the first year as 元")
+{
+    struct Case {
+        std::string text, pattern, written;
+    };
+    const Case cases[] = {
+        {"2024/05/01", "ggge年m月d日", "令和6年5月1日"},
+        {"2019/05/01", "ggge年m月d日", "令和元年5月1日"},
+        {"2019/12/31", "gggee年mm月dd日", "令和元年12月31日"},
+        {"2019/04/30", "ggge年m月d日", "平成31年4月30日"},
+        {"1989/01/08", "ggge年m月d日", "平成元年1月8日"},
+        {"1989/01/07", "ggge年m月d日", "昭和64年1月7日"},
+        {"1926/12/25", "gge.m.d", "昭元.12.25"},
+        {"2019/05/01", "yyyy/mm/dd", "2019/05/01"},
+        {"24/05/28", "ggge年m月d日", "令和6年5月28日"},
+        {"2024/05/28", "\"e\"e", "e6"},
+        {"2019/05/28", "\"e\"e\\e", "e元e"},
+        {"2024/5/1", "m/d", "5/1"},
+    };
+    for (const Case &each : cases) {
+        CAPTURE(each.text);
+        CAPTURE(each.pattern);
+        CHECK(writtenDate(each.text, each.pattern) == each.written);
+    }
+}
+
+TEST_CASE("a text that is no date is none")
+{
+    for (const char *text : {"", "二十日", "2024/02/30x", "10:30", "12"}) {
+        CAPTURE(text);
+        CHECK_FALSE(writtenDate(text, "ggge年m月d日"));
+    }
+}

@@ -1,0 +1,331 @@
+#include "adapters/posix/code_page_932.h"
+#include "viewer/app/options.h"
+#include "viewer/document/combined_form.h"
+#include "viewer/io/file_io.h"
+#include "viewer/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+#include <sys/stat.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char *kForm = "委任状37_01.wfd";
+
+template <class Command> Command parsed(std::vector<const char *> arguments)
+{
+    const ViewerCommand command = readViewerCommand(static_cast<int>(arguments.size()), arguments.data());
+    REQUIRE(std::holds_alternative<Command>(command));
+    return std::get<Command>(command);
+}
+
+bool contains(const std::string &text, const std::string &part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+/// Replaces a piece of a file that is there.
+void change(const std::string &path, const std::string &from, const std::string &to)
+{
+    std::string bytes = bytesOf(path);
+    const std::size_t place = bytes.find(from);
+    REQUIRE(place != std::string::npos);
+    writeBytes(path, bytes.replace(place, from.size(), to));
+}
+
+} // namespace
+
+TEST_CASE("everything behind /c is the script's path, which blanks have cut")
+{
+    CHECK(parsed<ViewCommand>({"wfrfv10.exe", "/c", "C:\\my", "site\\TMP\\WfdCom.dat"}).script ==
+          "C:\\my site\\TMP\\WfdCom.dat");
+    CHECK(parsed<ViewCommand>({"x", "/C", "./TMP\\WfdCom.dat"}).script == "./TMP\\WfdCom.dat");
+    CHECK(parsed<ViewCommand>({"x", "--pdf", "o.pdf", "/c", "a"}).pdf == "o.pdf");
+}
+
+TEST_CASE("the options of a run without a window are read")
+{
+    const auto command =
+        parsed<ViewCommand>({"formviewer", "--png", "d", "--letters", "1-3,7", "--dpi", "96", "s.dat"});
+    CHECK(command.pngFolder == "d");
+    CHECK(command.letters == "1-3,7");
+    CHECK(command.dotsPerInch == 96);
+    CHECK(command.script == "s.dat");
+    CHECK_FALSE(command.needsWindow());
+    CHECK(parsed<ViewCommand>({"formviewer", "--check", "--json", "s.dat"}).json);
+    CHECK(parsed<ViewCommand>({"WrVb6Viewer.exe", "/c", "s.dat"}).needsWindow());
+}
+
+TEST_CASE("the merger's name takes an output form and a script")
+{
+    for (const char *name : {"wfrimg10.exe", "/site/WFRIMG10.EXE", "wfrimg10"}) {
+        const auto command = parsed<MergeCommand>({name, "C:\\my", "TMP\\tmp.wfd", "/c", "C:\\my", "TMP\\WfdCom.dat"});
+        CHECK(command.output == "C:\\my TMP\\tmp.wfd");
+        CHECK(command.script == "C:\\my TMP\\WfdCom.dat");
+    }
+    parsed<BadCommandLine>({"wfrimg10.exe", "/c", "s.dat"});
+    parsed<BadCommandLine>({"wfrimg10.exe", "out.wfd"});
+}
+
+TEST_CASE("a command line without a script or with an unknown option is refused")
+{
+    parsed<BadCommandLine>({"formviewer"});
+    parsed<BadCommandLine>({"formviewer", "/c"});
+    parsed<BadCommandLine>({"formviewer", "--colour", "s.dat"});
+    parsed<BadCommandLine>({"formviewer", "--dpi", "0", "s.dat"});
+    parsed<ShowHelp>({"formviewer", "--help"});
+}
+
+TEST_CASE("the letters that are ticked come out as a PDF and as pictures")
+{
+    Folder folder;
+    std::vector<Row> rows(8, ordinaryRow());
+    const std::string script = writePrintJob(folder, kForm, rows);
+
+    const Outcome outcome = runViewer(folder, "--pdf out.pdf --png pictures --dpi 40 --letters 1-3,7 " + script);
+
+    CHECK(outcome.code == 0);
+    CHECK(outcome.errors.empty());
+    CHECK(pagesOf(folder.file("out.pdf")).size() == 4);
+    std::vector<std::string> names;
+    for (const auto &entry : fs::directory_iterator(folder.path() / "pictures"))
+        names.push_back(entry.path().filename().string());
+    std::ranges::sort(names);
+    CHECK(names == std::vector<std::string>{"001.png", "002.png", "003.png", "007.png"});
+    CHECK(bytesOf(folder.file("pictures/001.png")).starts_with("\x89PNG"));
+}
+
+TEST_CASE("the script is found by either slash and in any case")
+{
+    Folder folder;
+    fs::create_directory(folder.path() / "TMP");
+    fs::rename(writePrintJob(folder, kForm, {ordinaryRow()}), folder.path() / "TMP" / "WfdCom.dat");
+    CHECK(runViewer(folder, "--pdf out.pdf /c './tmp\\WFDCOM.DAT'").code == 0);
+    CHECK(fs::exists(folder.file("out.pdf")));
+}
+
+TEST_CASE("a form, a letter file and a script that are missing are told with their paths")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    CHECK(contains(runViewer(folder, "--pdf o.pdf none.dat").errors, "ファイル「none.dat」が見つかりません。"));
+    fs::rename(folder.file("委任状.csv"), folder.file("x.csv"));
+    Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
+    CHECK(outcome.code == 1);
+    CHECK(contains(outcome.errors, "ファイル「" + folder.path().string() + "\\委任状.csv」が見つかりません。"));
+    fs::rename(folder.file("x.csv"), folder.file("委任状.csv"));
+    fs::remove(folder.path() / kForm);
+    outcome = runViewer(folder, "--pdf o.pdf " + script);
+    CHECK(outcome.code == 1);
+    CHECK(contains(outcome.errors, "ファイル「" + folder.path().string() + "\\委任状37_01.wfd」が見つかりません。"));
+    CHECK_FALSE(fs::exists(folder.file("o.pdf")));
+}
+
+TEST_CASE("a script without a letter file, and letters without rows, are told")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {});
+    CHECK(contains(runViewer(folder, "--pdf o.pdf " + script).errors,
+                   "印刷する委任状がありません。CSV にデータの行がありません。"));
+    writeBytes(script, encodeCp932("FileName,\"委任状37_01.wfd\"\r\n"));
+    CHECK(contains(runViewer(folder, "--pdf o.pdf " + script).errors, "の CSV（SetDataText）がありません。"));
+    writeBytes(script, "");
+    CHECK(contains(runViewer(folder, "--pdf o.pdf " + script).errors, "帳票の名前（FileName）がありません。"));
+}
+
+TEST_CASE("a form that is none of ours gives a message and plain lists of the rows")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), longestRow()});
+    writeBytes(folder.file(kForm), std::string("WFD\0\x01\x02 binary", 13));
+
+    const Outcome outcome = runViewer(folder, "--pdf out.pdf " + script);
+
+    CHECK(outcome.code == 0);
+    CHECK(contains(outcome.errors, "はこのプログラムの帳票（SVG）ではないため、各行の内容を一覧で表示します。"));
+    const auto pages = pagesOf(folder.file("out.pdf"));
+    REQUIRE(pages.size() == 2);
+    for (const char *text : {"保険者名", "高松市", "世帯主電話", "087-000-0001", "金融機関名２", "2024/05/01"}) {
+        CAPTURE(std::string(text));
+        CHECK(contains(packed(pages[0]), text));
+    }
+    CHECK(contains(packed(pages[1]), longestRow().at("利用者住所")));
+}
+
+TEST_CASE("letters with a column too few are refused by the column's name, with one too many they are printed")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    const std::string csv = bytesOf(folder.file("委任状.csv"));
+    writeBytes(folder.file("委任状.csv"), encodeCp932("\"保険者名\"\r\n\"高松市\"\r\n"));
+    CHECK(contains(runViewer(folder, "--pdf o.pdf " + script).errors, "」が CSV にありません。"));
+    std::string wider = decodeCp932(csv);
+    wider.replace(wider.find("\r\n"), 2, ",\"備考\"\r\n");
+    wider.replace(wider.rfind("\r\n"), 2, ",\"x\"\r\n");
+    writeBytes(folder.file("委任状.csv"), encodeCp932(wider));
+    CHECK(runViewer(folder, "--pdf o.pdf " + script).code == 0);
+    CHECK(contains(packed(pagesOf(folder.file("o.pdf")).at(0)), "髙橋花子"));
+}
+
+TEST_CASE("a letter file in another order of columns fills the same places")
+{
+    Folder folder;
+    writeBytes(folder.file("f.svg"), svgPage("<text x='9' y='9'>甲{{a}}</text><text x='9' y='29'>乙{{b}}</text>"));
+    const std::string script =
+        "FileName,\"" + folder.file("f.svg") + "\"\r\nSetDataText,\"d\",\"" + folder.file("d.csv") + "\"\r\n";
+    writeBytes(folder.file("s.dat"), encodeCp932(script));
+    for (const char *csv : {"\"a\",\"b\"\r\n\"1\",\"2\"\r\n", "\"b\",\"a\"\r\n\"2\",\"1\"\r\n"}) {
+        writeBytes(folder.file("d.csv"), csv);
+        REQUIRE(runViewer(folder, "--pdf o.pdf s.dat").code == 0);
+        CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "甲1乙2");
+    }
+}
+
+TEST_CASE("a script that names itself as its letters is told and stays as it was")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    change(script, encodeCp932("\\委任状.csv"), "\\WfdCom.dat");
+    const std::string before = bytesOf(script);
+
+    const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
+
+    CHECK(outcome.code == 1);
+    CHECK(contains(outcome.errors, "先頭の行が見出し行ではありません。"));
+    CHECK(bytesOf(script) == before);
+}
+
+TEST_CASE("a PDF that cannot be written leaves nothing behind")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    fs::create_directory(folder.path() / "folder.pdf");
+    CHECK(runViewer(folder, "--pdf folder.pdf " + script).code == 1);
+    CHECK(runViewer(folder, "--pdf missing/o.pdf " + script).code == 1);
+    CHECK(contains(runViewer(folder, "--pdf /dev/full " + script).errors, "ファイル「/dev/full」に書き込めません。"));
+    CHECK(folder.names() == std::vector<std::string>{"WfdCom.dat", "folder.pdf", "委任状.csv", "委任状37_01.wfd"});
+}
+
+TEST_CASE("a disk that fills up leaves the old PDF and nothing half-written")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, std::vector<Row>(300, ordinaryRow()));
+    writeBytes(folder.file("o.pdf"), "old");
+    // The user's limit on a file's size stands in for a full disk: a write fails in the middle.
+    const std::string command = "cd '" + folder.path().string() +
+                                "' && (ulimit -f 100; '" ININ_FORMVIEWER "' --pdf o.pdf '" + script + "') 2>err.txt";
+
+    CHECK(WEXITSTATUS(std::system(command.c_str())) == 1);
+
+    CHECK(contains(bytesOf(folder.file("err.txt")), "o.pdf」に書き込めません。"));
+    CHECK(bytesOf(folder.file("o.pdf")) == "old");
+    CHECK(folder.names() ==
+          std::vector<std::string>{"WfdCom.dat", "err.txt", "o.pdf", "委任状.csv", "委任状37_01.wfd"});
+}
+
+TEST_CASE("a merge writes a combined form that the viewer prints, letters in the order of the reports")
+{
+    Folder folder;
+    const std::string dir = folder.path().string();
+    writeBytes(folder.file("1.svg"), svgPage("<text x='9' y='9'>一{{1}}と{{2}}</text>"));
+    writeBytes(folder.file("2.svg"), svgPage("<text x='9' y='9'>二{{1}}と{{別.1}}</text>"));
+    writeBytes(folder.file("1.csv"), "\"a\",\"b\"\r\n\"c\",\"d\"\r\n");
+    writeBytes(folder.file("2.csv"), "\"e\",\"f\"\r\n");
+    writeBytes(folder.file("3.csv"), "\"g\",\"h\"\r\n");
+    const std::string tail = "\",\",\", \"\"\"\", True\r\n";
+    writeBytes(folder.file("WfdCom.dat"),
+               encodeCp932("setTitle,\"まとめ\"\r\nSetDataText,\"主\",\"" + dir + "\\1.csv" + tail + "setreport,\"" +
+                           dir + "\\1.svg\"\r\nAddReport\r\nSetDataText,\"主\",\"" + dir + "\\2.csv" + tail +
+                           "SetDataText,\"別\",\"" + dir + "\\3.csv" + tail + "setreport,\"" + dir + "\\2.svg\"\r\n"));
+
+    REQUIRE(runViewer(folder, "'" + dir + "\\tmp.wfd' /c '" + dir + "\\WfdCom.dat'", "wfrimg10.exe").code == 0);
+    writeBytes(folder.file("WfdCom.dat"),
+               encodeCp932("Title,\"まとめ\"\r\nFileName,\"" + dir + "\\tmp.wfd\"\r\nPrintOutFromDialog\r\n"));
+    REQUIRE(runViewer(folder, "--pdf o.pdf WfdCom.dat").code == 0);
+
+    const auto pages = pagesOf(folder.file("o.pdf"));
+    REQUIRE(pages.size() == 3);
+    CHECK(packed(pages[0]) == "一aとb");
+    CHECK(packed(pages[1]) == "一cとd");
+    CHECK(packed(pages[2]) == "二eとg");
+}
+
+TEST_CASE("a merger's script without reports writes nothing and is told")
+{
+    Folder folder;
+    writeBytes(folder.file("s.dat"), encodeCp932("Title,\"まとめ\"\r\nFileName,\"\"\r\n"));
+    const Outcome outcome = runViewer(folder, "tmp.wfd /c s.dat", "wfrimg10.exe");
+    CHECK(outcome.code == 1);
+    CHECK(contains(outcome.errors, "結合する帳票（setreport）がありません。"));
+    CHECK(folder.names() == std::vector<std::string>{"s.dat"});
+}
+
+TEST_CASE("a combined form keeps paths with quotes and angles, and refuses to hold itself")
+{
+    const std::vector<ReportOrder> reports = {{"/a<b>&\"c\".wfd", {{"名", "/d&.csv", false}}}, {"/e.wfd", {}}};
+    const std::string text = combinedFormText(reports);
+    CHECK(isCombinedForm(text));
+    const auto back = readCombinedForm(text);
+    REQUIRE(back.size() == 2);
+    CHECK(back[0].form == "/a<b>&\"c\".wfd");
+    CHECK(back[0].data[0].path == "/d&.csv");
+    CHECK_FALSE(back[0].data[0].hasTitles);
+
+    Folder folder;
+    writeBytes(folder.file("tmp.wfd"), combinedFormText({{folder.file("tmp.wfd"), {}}}));
+    writeBytes(folder.file("s.dat"), encodeCp932("FileName,\"" + folder.file("tmp.wfd") + "\"\r\n"));
+    CHECK(contains(runViewer(folder, "--pdf o.pdf s.dat").errors, "結合した帳票の中に結合した帳票は置けません。"));
+}
+
+TEST_CASE("an item value takes the place of the text of that name, and one without a place is told")
+{
+    Folder folder;
+    writeBytes(folder.file("f.svg"), svgPage("<text id='件名' x='9' y='9'>元の文</text>"));
+    writeBytes(folder.file("d.csv"), "\"a\"\r\n\"1\"\r\n");
+    writeBytes(
+        folder.file("s.dat"),
+        encodeCp932("FileName,\"" + folder.file("f.svg") + "\"\r\nSetDataText,\"d\",\"" + folder.file("d.csv") +
+                    "\"\r\nSetItemValue,\"帳票.頭.件名\",\"{{a}}新しい文\"\r\nSetItemValue,\"帳票.無い\",\"x\"\r\n"));
+    const Outcome outcome = runViewer(folder, "--pdf o.pdf s.dat");
+    REQUIRE(outcome.code == 0);
+    CHECK(outcome.errors == "帳票に項目「帳票.無い」がありません。\n");
+    CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "{{a}}新しい文");
+}
+
+TEST_CASE("an unknown line of a script is told, and the letters come all the same")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    writeBytes(script, "Hello,\"x\"\r\n" + bytesOf(script));
+    const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
+    CHECK(outcome.code == 0);
+    CHECK(outcome.errors == "コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Hello,\"x\"\n");
+}
+
+TEST_CASE("a file that is being written is not seen under its name, and has the usual rights afterwards")
+{
+    Folder folder;
+    {
+        FinishedFile file(folder.file("a"));
+        file.write(std::string(200'000, 'x'));
+        CHECK_FALSE(fs::exists(folder.file("a")));
+        file.finish();
+    }
+    CHECK(fs::file_size(folder.file("a")) == 200'000);
+    CHECK((fs::status(folder.file("a")).permissions() & fs::perms::owner_read) != fs::perms::none);
+    const mode_t mask = umask(0);
+    umask(mask);
+    CHECK(static_cast<mode_t>(fs::status(folder.file("a")).permissions()) == (0666 & ~mask));
+    {
+        FinishedFile file(folder.file("b"));
+        file.write("half");
+    }
+    CHECK(folder.names() == std::vector<std::string>{"a"});
+}

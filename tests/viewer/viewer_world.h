@@ -1,0 +1,63 @@
+#pragma once
+
+#include "viewer/document/letter_press.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace inin::viewer::test {
+
+/// A folder of its own that goes away with the test.
+class Folder {
+public:
+    Folder();
+    ~Folder();
+    Folder(const Folder &) = delete;
+    Folder &operator=(const Folder &) = delete;
+    [[nodiscard]] std::string file(const std::string &name) const { return (m_path / name).string(); }
+    [[nodiscard]] const std::filesystem::path &path() const { return m_path; }
+    /// The names in it, sorted.
+    [[nodiscard]] std::vector<std::string> names() const;
+
+private:
+    std::filesystem::path m_path;
+};
+
+void writeBytes(const std::string &path, const std::string &bytes);
+[[nodiscard]] std::string bytesOf(const std::string &path);
+
+using Row = std::map<std::string, std::string>;
+/// A letter with nothing odd in it.
+[[nodiscard]] Row ordinaryRow();
+/// Every text as long as the suite's columns let it be: addresses of 100 full-width characters, names of 25.
+[[nodiscard]] Row longestRow();
+/// Quotes, commas, a placeholder as a value, no date where one belongs, half-width kana, a lost character.
+[[nodiscard]] Row oddRow();
+
+/// A letter file as the program writes it, code page 932.
+[[nodiscard]] std::string csvOf(const std::vector<Row> &rows);
+/// A script of the print run for a form of site/forms and "委任状.csv" in the folder, both written there.
+[[nodiscard]] std::string writePrintJob(const Folder &folder, const std::string &form, const std::vector<Row> &rows);
+
+/// A form of our own making: a page of A4 in millimetres around `elements`.
+[[nodiscard]] std::string svgPage(const std::string &elements);
+
+/// A set of letters on a form, without files.
+[[nodiscard]] LetterSet lettersOn(const std::string &svg, const std::vector<Row> &rows);
+
+/// Pages as `pdftotext -raw` gives them.
+[[nodiscard]] std::vector<std::string> pagesOf(const std::string &pdf);
+/// Without blanks of every width and line ends: a reader of a PDF sees a gap for any of them.
+[[nodiscard]] std::string packed(const std::string &text);
+
+/// The form viewer as a process in `folder`: its exit code, what it wrote.
+struct Outcome {
+    int code = -1;
+    std::string output, errors;
+};
+[[nodiscard]] Outcome runViewer(const Folder &folder, const std::string &arguments,
+                                const std::string &name = "formviewer");
+
+} // namespace inin::viewer::test
