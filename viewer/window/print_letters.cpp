@@ -75,10 +75,12 @@ public:
         m_isGood = m_painter.end() && m_isGood;
         return isGood();
     }
-    void takeBack()
+    /// False when the system cannot take a job back: then the pages that it has go to the printer.
+    bool takeBack()
     {
-        m_printer->abort();
+        const bool isGone = m_printer->abort();
         m_painter.end();
+        return isGone;
     }
 
 private:
@@ -98,26 +100,30 @@ QString jobName(const OpenLetters &letters, std::span<const std::size_t> which)
 
 enum class JobEnd { done, cancelled, refused };
 
-JobEnd printJob(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
-                const MakePrinter &makePrinter, const std::function<bool(std::size_t)> &tell)
+/// How a job ended, and how many of its letters went out.
+struct JobResult {
+    JobEnd end;
+    std::size_t sent;
+};
+
+JobResult printJob(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
+                   const MakePrinter &makePrinter, const std::function<bool(std::size_t)> &tell)
 {
     Job job(makePrinter(order), order, jobName(letters, which), letters.press.paperSize());
-    if (!job.isGood()) return JobEnd::refused;
+    if (!job.isGood()) return {JobEnd::refused, 0};
     for (int round = 0; round < job.rounds(); ++round) {
         for (std::size_t i = 0; i < which.size(); ++i) {
             QPainter &painter = job.page();
             if (!job.isGood()) {
                 job.takeBack();
-                return JobEnd::refused;
+                return {JobEnd::refused, 0};
             }
             paintLetter(letters.press, which[i], painter, letters.glyphs);
-            if (!tell(round + 1 == job.rounds() ? i + 1 : 0)) {
-                job.takeBack();
-                return JobEnd::cancelled;
-            }
+            const std::size_t painted = round == 0 ? i + 1 : which.size();
+            if (!tell(painted)) return {JobEnd::cancelled, job.takeBack() ? 0 : painted};
         }
     }
-    return job.finish() ? JobEnd::done : JobEnd::refused;
+    return job.finish() ? JobResult{JobEnd::done, which.size()} : JobResult{JobEnd::refused, 0};
 }
 
 } // namespace
@@ -140,11 +146,11 @@ PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> whic
     while (result.sent < which.size()) {
         const auto job = which.subspan(result.sent, std::min(perJob, which.size() - result.sent));
         const auto tell = [&](std::size_t done) { return !progress || progress(result.sent + done); };
-        const JobEnd end = printJob(letters, job, order, makePrinter, tell);
-        result.isCancelled = end == JobEnd::cancelled;
-        if (end == JobEnd::refused) result.fault = refusal(order);
-        if (end != JobEnd::done) return result;
-        result.sent += job.size();
+        const JobResult printed = printJob(letters, job, order, makePrinter, tell);
+        result.sent += printed.sent;
+        result.isCancelled = printed.end == JobEnd::cancelled;
+        if (printed.end == JobEnd::refused) result.fault = refusal(order);
+        if (printed.end != JobEnd::done) return result;
     }
     return result;
 }

@@ -28,7 +28,8 @@ using MakePrinter = std::function<std::unique_ptr<QPrinter>(const PrintOrder &)>
 /// One of the system's printers, by its name.
 [[nodiscard]] std::unique_ptr<QPrinter> systemPrinter(const PrintOrder &order);
 
-/// How a print ended. Letters of a job that was not finished count as not sent.
+/// How a print ended. Letters of a job that was refused count as not sent; those of a cancelled one count as sent when
+/// the system could not take them back.
 struct PrintResult {
     std::size_t sent = 0; ///< letters, from the front
     bool isCancelled = false;
