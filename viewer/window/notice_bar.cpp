@@ -20,6 +20,7 @@ NoticeBar::NoticeBar(QWidget *parent) : QFrame(parent), m_text(new QLabel(this))
     m_text->setObjectName(u"noticeText"_s);
     m_text->setWordWrap(true);
     m_action->setObjectName(u"noticeAction"_s);
+    m_action->setAccessibleName(u"お知らせの操作"_s);
     auto *const away = new QPushButton(u"閉じる(&X)"_s, this);
     away->setObjectName(u"noticeClose"_s);
     away->setAccessibleName(u"お知らせを閉じる"_s);
@@ -39,6 +40,7 @@ void NoticeBar::showNotice(const QString &text, const QString &action, std::func
 {
     m_text->setText(text);
     m_action->setText(action);
+    m_action->setAccessibleName(action);
     m_action->setVisible(!action.isEmpty());
     m_onAction = std::move(onAction);
     setAccessibleDescription(text);

@@ -6,6 +6,7 @@
 #include "viewer/window/ruler_page.h"
 
 #include <QPainter>
+#include <QPrinterInfo>
 #include <fmt/format.h>
 
 namespace inin::viewer {
@@ -130,12 +131,10 @@ JobResult printJob(OpenLetters &letters, std::span<const std::size_t> which, con
 
 std::unique_ptr<QPrinter> systemPrinter(const PrintOrder &order)
 {
-    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    // A name that is not there any more would leave the printer writing a file.
-    printer->setPrinterName(order.printer);
-    if (order.printer.isEmpty() || !printer->isValid()) return nullptr;
-    printer->setOutputFormat(QPrinter::NativeFormat);
-    return printer;
+    const QPrinterInfo info = QPrinterInfo::printerInfo(order.printer);
+    // A printer that is not there any more would leave the toolkit writing a file.
+    if (order.printer.isEmpty() || info.isNull()) return nullptr;
+    return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }
 
 PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
