@@ -1,6 +1,7 @@
 #include "master/corp_table.h"
 
 #include "master/corp_columns.h"
+#include "master/corp_map.h"
 
 #include <utility>
 
@@ -41,6 +42,8 @@ AfterExecution mapTurn(const App &app, const std::function<std::int16_t(std::str
 }
 
 } // namespace
+
+cT_CORP::cT_CORP(App &app) : cT_CORP(app, corpMapHook(app)) {}
 
 cT_CORP::cT_CORP(App &app, CorpMapHook mapHook) : m_app(app), m_mapHook(std::move(mapHook)), m_table(app, kCorp) {}
 

@@ -9,8 +9,7 @@
 namespace inin {
 
 /// The turn of the map writer in a company's write: after the statement, before its commit, while the process-wide
-/// cChizuFlg is "1". What is not set is not called: without a map writer no map is written. Words of a failure go into
-/// the company table's sErrMsg.
+/// cChizuFlg is "1". What is not set is not called. Words of a failure go into the company table's sErrMsg.
 struct CorpMapHook {
     /// Its status is not looked at: the company stands without its map.
     std::function<std::int16_t(std::string &sErrMsg)> afterInsert;
@@ -22,7 +21,9 @@ struct CorpMapHook {
 /// Nothing. `eOptions` is accepted and ignored. Texts go into the statements as they are, quote characters too.
 class cT_CORP {
 public:
-    explicit cT_CORP(App &app, CorpMapHook mapHook = {});
+    /// With the site's own map writer (corp_map.h).
+    explicit cT_CORP(App &app);
+    cT_CORP(App &app, CorpMapHook mapHook);
 
     [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
     /// A row of the last read, from 0; error 9 outside. Good until the next read.

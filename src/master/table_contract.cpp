@@ -87,16 +87,14 @@ std::int16_t TableSession::number(const std::string &sql, const char *column, st
 std::int16_t TableSession::write(const std::string &sql, Transaction bTransactionFlg,
                                  const AfterExecution &afterExecution)
 {
-    std::optional<OwnTransaction> transaction;
-    if (bTransactionFlg == Transaction::own) {
-        if (session().iBeginTrans() != iGood) return failedInSession();
-        transaction.emplace(session());
-    }
+    const bool isOwn = bTransactionFlg != Transaction::ofTheCaller;
+    std::optional<OwnTransaction> toRollBack;
+    if (isOwn && session().iBeginTrans() != iGood) return failedInSession();
+    if (bTransactionFlg == Transaction::own) toRollBack.emplace(session());
     if (session().iExecSQL(sql) != iGood) return failedInSession();
     if (afterExecution && afterExecution(m_errMsg) != iGood) return iBad;
-    if (!transaction) return iGood;
-    if (session().iCommitTrans() != iGood) return failedInSession();
-    transaction->committed();
+    if (isOwn && session().iCommitTrans() != iGood) return failedInSession();
+    if (toRollBack) toRollBack->committed();
     return iGood;
 }
 

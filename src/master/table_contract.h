@@ -12,8 +12,12 @@
 
 namespace inin {
 
-/// The flag of a write: whether it runs in a transaction of its own or in one that the caller owns.
-enum class Transaction { ofTheCaller, own };
+/// The flag of a write: whose transaction it runs in, and how a failure ends it.
+enum class Transaction {
+    ofTheCaller,
+    own,                ///< rolled back on a failure
+    ownUntilDisconnect, ///< on a failure left to the end of a session that the writer closes at once
+};
 
 /// Runs after a statement and before its commit. A status other than 0 fails the write; its words, if any, go into the
 /// table's sErrMsg.
@@ -55,6 +59,8 @@ public:
         });
     }
 
+    /// Keeps the words of a failure and gives its status.
+    [[nodiscard]] std::int16_t failed(std::string words);
     /// The computer's name up to its first NUL; -1 and the empty text when it does not fit into 250 bytes.
     [[nodiscard]] std::int16_t computerName(std::string &sName);
     /// Opens the statement and hands on row by row. `onOpened` runs before the first row and only after a good opening.
@@ -63,13 +69,12 @@ public:
                                     const std::function<void(const Recordset &)> &onRow);
     /// The one number of a statement with one row, NULL as 0. The target stays as it is on a failure.
     [[nodiscard]] std::int16_t number(const std::string &sql, const char *column, std::int32_t &result);
-    /// The frame of a write. In a transaction of its own each failure after the beginning rolls back, and the words
-    /// are those of the failure, not of the rollback.
+    /// The frame of a write. In a transaction of its own each failure after the beginning rolls back, unless the flag
+    /// leaves that to the session's end; the words are those of the failure, not of the rollback.
     [[nodiscard]] std::int16_t write(const std::string &sql, Transaction bTransactionFlg,
                                      const AfterExecution &afterExecution = {});
 
 private:
-    [[nodiscard]] std::int16_t failed(std::string words);
     [[nodiscard]] std::int16_t failedInSession() { return failed(session().sErrMsg()); }
     /// Error 91 before iInit.
     [[nodiscard]] cT_ADODB &session() const;

@@ -28,6 +28,7 @@ class Label;
 class Frame;
 class MenuEntry;
 class ImageBox;
+class Grid;
 
 /// One operation for each kind of control: how a view or a script tells them apart.
 class ControlVisitor {
@@ -47,6 +48,7 @@ public:
     virtual void visit(Frame &control) = 0;
     virtual void visit(MenuEntry &control) = 0;
     virtual void visit(ImageBox &control) = 0;
+    virtual void visit(Grid &control) = 0;
 };
 
 /// What every control has. The name is the given one, with its index in brackets for a member of an array.

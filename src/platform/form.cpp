@@ -91,6 +91,7 @@ public:
     void visit(Label &) override {}
     void visit(Frame &) override {}
     void visit(ImageBox &) override {}
+    void visit(Grid &) override {}
 
 protected:
     void take(const Control &control, bool fits, const std::function<void()> &onClick)

@@ -1,5 +1,6 @@
 #include "printing/letter_row.h"
 
+#include "master/corp_row.h"
 #include "runtime/text.h"
 
 #include <initializer_list>
@@ -16,9 +17,7 @@ const std::array<IninField, 20> kIninFields = {
 
 namespace {
 
-// Words by kind, counted from 1.
-constexpr std::string_view kKinyuWords[] = {"銀行", "金庫", "農協", "郵便局"};
-constexpr std::string_view kSitenWords[] = {"本店", "支店", "本所", "支所", "出張所"};
+// Words by kind, counted from 1. The letter has its own short ones for accounts; banks are spelled as everywhere.
 constexpr std::string_view kKozaWords[] = {"(普)", "(当)", "(通)", "(別)"};
 
 std::string_view wordOf(std::span<const std::string_view> words, std::int32_t kind)
@@ -42,12 +41,12 @@ std::string joined(std::initializer_list<std::string_view> parts)
 
 std::string_view csKinyuKind(std::int16_t iKind)
 {
-    return wordOf(kKinyuWords, iKind);
+    return cD_CORP::sKinSyubetsu(iKind);
 }
 
 std::string_view csSitenKind(std::int16_t iKind)
 {
-    return wordOf(kSitenWords, iKind);
+    return cD_CORP::sKinSiten(iKind);
 }
 
 std::string bankLine(std::string_view cKinyuName, std::int16_t iKinSyubetsu, std::string_view cKinyuSiten,

@@ -7,6 +7,9 @@
 
 namespace inin {
 
+/// The number of a list's first entry, the one that limits nothing.
+inline constexpr std::int32_t kNoChoice = -1;
+
 /// The controls of the conditions screen, frame by frame from the top. Their design state (captions, tab order,
 /// formats, what is hidden) is the table in print_controls.cpp.
 class PrintControls {

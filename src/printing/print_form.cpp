@@ -18,6 +18,26 @@ frmPrintInin::frmPrintInin(App &app) : Form("frmPrintInin"), m_app(app)
     Width = kWidth;
     Height = kHeight;
     for (Control *control : designed()) add(*control, control->Container);
+    wireEvents();
+}
+
+/// Each event's way to its procedure. The change of a date box shows its month, whichever target is marked.
+void frmPrintInin::wireEvents()
+{
+    optPrint.onClick = [this](std::int16_t Index) { optPrint_Click(Index); };
+    optObject.onClick = [this](std::int16_t Index) { optObject_Click(Index); };
+    optTgtDate.onClick = [this](std::int16_t Index) { optTgtDate_Click(Index); };
+    optTrust.onClick = [this](std::int16_t Index) { optTrust_Click(Index); };
+    optDspPeriod.onClick = [this](std::int16_t Index) { optDspPeriod_Click(Index); };
+    optSyomei.onClick = [this](std::int16_t Index) { optSyomei_Click(Index); };
+    imD_Out.onChange = [this] { showPeriodMonth(imD_Out); };
+    imD_LastDay.onChange = [this] { showPeriodMonth(imD_LastDay); };
+    cbSejyutsu.onClick = [this] { cbSejyutsu_Click(); };
+    chkChushi.onClick = [this] { chkChushi_Click(); };
+    btn_StaffSelect.onClick = [this] { btn_StaffSelect_Click(); };
+    imNum_StaffNo.onKeyPress = [this](std::int16_t KeyCode) { imNum_StaffNo_KeyPress(KeyCode); };
+    btn_KanjaSelect.onClick = [this] { iSelectKanja(); };
+    imNum_CD.onKeyPress = [this](std::int16_t KeyCode) { imNum_CD_KeyPress(KeyCode); };
     btnPrint.onClick = [this](std::int16_t Index) { btnPrint_Click(Index); };
     mnF01.onClick = [this] { mnF01_Click(); };
     mnF02.onClick = [this] { mnF02_Click(); };

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "data/ado_session.h"
+#include "data/company_preload.h"
 #include "printing/letter_row.h"
 #include "printing/print_controls.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,21 +20,13 @@ struct LetterDates;
 struct StartedSession;
 struct TargetDate;
 
-/// Steps of the screen's load and run that are plugged in from outside the form; one that is not there is left out.
-struct ScreenSteps {
-    std::function<void()> loadInitCorp;
-    std::function<void()> iLoadPrintSetting;
-    std::function<std::int16_t()> setStuff;         ///< 0 or -1 with the words in csErrMsg
-    std::function<std::int16_t()> nGetFutanKingaku; ///< 0 or -1
-    std::function<void()> iSavePrintSetting;
-};
-
 /// The only working window: gathers the conditions of a print run, runs it and keeps its rows.
 class frmPrintInin : public Form, public PrintControls {
 public:
     explicit frmPrintInin(App &app);
 
-    ScreenSteps steps;
+    /// The head office, filled by the load. It lives as long as the process, like the form; nothing here reads it.
+    CompanyRecord company;
 
     // Form-level fields, in their given order. All live as long as the form; a run overwrites them.
     std::unique_ptr<cT_ADODB> session; ///< nothing until the load has connected
@@ -55,11 +47,43 @@ public:
     std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
     std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered
 
+    // Events of the options and lists; what each does to which control is the table in screen_rules.cpp.
+    void optPrint_Click(std::int16_t Index);
+    void optObject_Click(std::int16_t Index);
+    void optTgtDate_Click(std::int16_t Index);
+    void optTrust_Click(std::int16_t Index);
+    void optDspPeriod_Click(std::int16_t Index);
+    void optSyomei_Click(std::int16_t Index);
+    void cbSejyutsu_Click();
+    void chkChushi_Click();
+
+    // Events of the search buttons and of the return key in a number box.
+    void btn_StaffSelect_Click();
+    void imNum_StaffNo_KeyPress(std::int16_t KeyCode);
+    void imNum_CD_KeyPress(std::int16_t KeyCode);
+    /// Lets a staff member be picked and writes the number to the box and the list, if given. The number, or -1 when
+    /// nobody was picked.
+    std::int32_t iSelectStaff(NumberBox *box = nullptr, ListBox *list = nullptr);
+    /// Chooses the list's entry of a typed staff number. 0, or -1 after a box.
+    [[nodiscard]] std::int16_t iChkStaffNo(std::int32_t nIDNo, ListBox &list);
+    /// Lets a patient be picked; leaving the window means everybody.
+    void iSelectKanja();
+
     // Events of the commands.
     void mnF01_Click();
     void mnF02_Click();
     void mnF12_Click();
     void btnPrint_Click(std::int16_t Index);
+
+    /// Fills the staff list of this branch from the screen's session; with chkChushi ticked, those who have stopped too.
+    /// 0, or -1 with the words in csErrMsg.
+    [[nodiscard]] std::int16_t setStuff();
+    /// Fills the list of insurance kinds on a session of its own. 0 or -1; only a failed connection shows a box.
+    [[nodiscard]] std::int16_t nGetFutanKingaku();
+    /// Marks the options as "印刷設定.ini" says and fires their clicks: 1 read, 0 not.
+    std::int32_t iLoadPrintSetting();
+    /// Writes the kinds and the marks to "印刷設定.ini".
+    void iSavePrintSetting();
 
     /// The whole run: 1 prints through the tool's dialog, 0 previews.
     void vRunPrint(std::int16_t iPrintMode);
@@ -89,6 +113,10 @@ protected:
     void Form_Unload(std::int16_t &Cancel) override;
 
 private:
+    void wireEvents();
+    void runClickRule(OptionGroup PrintControls::*group, std::int16_t Index);
+    void runReportedRule(OptionGroup PrintControls::*group, std::int16_t Index, const char *csFuncName);
+    void showPeriodMonth(const DateBox &date);
     void setDates();
     [[nodiscard]] bool connectScreen();
     [[nodiscard]] bool findLetters();

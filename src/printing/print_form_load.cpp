@@ -19,30 +19,20 @@ Date firstOfMonth(Date today, const Regional &regional)
     return dateFromDigits(Year(today), Month(today), 1, regional);
 }
 
-void runIfPlugged(const std::function<void()> &step)
-{
-    if (step) step();
-}
-
-[[nodiscard]] std::int16_t statusOf(const std::function<std::int16_t()> &step)
-{
-    return step ? step() : iGood;
-}
-
 } // namespace
 
 void frmPrintInin::Form_Load()
 {
     setDates();
-    runIfPlugged(steps.loadInitCorp);
-    runIfPlugged(steps.iLoadPrintSetting);
+    loadInitCorp(m_app, company);
+    iLoadPrintSetting();
     if (!connectScreen()) return;
-    if (statusOf(steps.setStuff) != iGood) {
+    if (setStuff() != iGood) {
         m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");
         unload();
         return;
     }
-    if (statusOf(steps.nGetFutanKingaku) != iGood)
+    if (nGetFutanKingaku() != iGood)
         m_app.platform.boxes.show("保険区分の取得に失敗しました。", Icon::critical, "初期設定");
 }
 

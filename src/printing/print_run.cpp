@@ -104,7 +104,7 @@ void frmPrintInin::outputLetters(std::int16_t iPrintMode)
         m_app.platform.boxes.show("帳票の印刷に失敗しました。" + std::string(kCr) + "[" + output.sErrMsg + "]",
                                   Icon::critical);
     }
-    if (steps.iSavePrintSetting) steps.iSavePrintSetting();
+    iSavePrintSetting();
 }
 
 std::int16_t frmPrintInin::iGetPrintCond()

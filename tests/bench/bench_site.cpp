@@ -42,12 +42,12 @@ public:
 
 } // namespace
 
-BenchSite::BenchSite(std::int64_t patients)
+BenchSite::BenchSite(std::int64_t patients, std::int64_t staff)
 {
     std::string pattern = (fs::temp_directory_path() / "inin-bench-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
     m_folder = pattern;
-    site::makeSite(m_folder, {patients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth)},
+    site::makeSite(m_folder, {patients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth), staff},
                    site::Overwrite::onlyOwnFolder);
 }
 

@@ -14,7 +14,8 @@ inline constexpr unsigned kMonth = 5;
 /// A demo site in a folder of its own, gone at the end.
 class BenchSite {
 public:
-    explicit BenchSite(std::int64_t patients);
+    /// 0 staff: as many as so many patients need.
+    explicit BenchSite(std::int64_t patients, std::int64_t staff = 0);
     ~BenchSite();
     BenchSite(const BenchSite &) = delete;
     BenchSite &operator=(const BenchSite &) = delete;

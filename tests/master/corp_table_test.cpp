@@ -321,11 +321,13 @@ TEST_CASE("a run-time error of the map writer fails either write and rolls it ba
     CHECK(corp.steps() == Log{"begin", "exec", "map-insert", "rollback", "begin", "exec", "map-update", "rollback"});
 }
 
-TEST_CASE("without a map writer the flag changes nothing")
+TEST_CASE("a turn that is not set is not taken")
 {
-    CorpFixture corp;
+    MapFixture corp;
     corp.app.cChizuFlg = "1";
-    const cD_CORP fresh;
-    CHECK(corp->iDataInsert(&fresh, 0) == iGood);
-    CHECK(corp->iDataUpdate(&fresh, 0) == iGood);
+    cT_CORP table(corp.app, CorpMapHook{});
+    REQUIRE(table.iInit(corp.session) == iGood);
+    CHECK(table.iDataInsert(&corp.row, 0) == iGood);
+    CHECK(table.iDataUpdate(&corp.row, 0) == iGood);
+    CHECK(corp.steps() == Log{"exec", "exec"});
 }

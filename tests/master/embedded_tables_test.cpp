@@ -2,30 +2,13 @@
 #include "master/hoken_table.h"
 #include "master/staff_table.h"
 
-#include "data/connection_settings.h"
-#include "support/embedded_world.h"
-
-#include <doctest/doctest.h>
+#include "master/embedded_fixture.h"
 
 using namespace inin;
 
 // The tables on the embedded database: what is written is read back.
 
 namespace {
-
-/// A table class on a session with the embedded database, branch 1, sub-branch 2.
-template <class Table> struct EmbeddedFixture : EmbeddedWorld {
-    EmbeddedFixture()
-    {
-        REQUIRE_MESSAGE(started.isConnected(), started.csErrMsg);
-        REQUIRE(table.iInit(session) == iGood);
-    }
-    Table *operator->() { return &table; }
-
-    StartedSession started = startSession(site);
-    cT_ADODB &session = *started.session;
-    Table table{site};
-};
 
 using StaffFixture = EmbeddedFixture<cT_STAFF>;
 using CorpFixture = EmbeddedFixture<cT_CORP>;

@@ -1,5 +1,6 @@
 #include "master/corp_table.h"
 #include "master/hoken_table.h"
+#include "master/shinseisyo_table.h"
 #include "master/staff_table.h"
 
 #include "master/table_fixture.h"
@@ -22,6 +23,7 @@ template <class TableOfKind, class RowOfKind> struct Kind {
 using Hoken = Kind<cT_HOKEN, cD_HOKEN>;
 using Staff = Kind<cT_STAFF, cD_STAFF>;
 using Corp = Kind<cT_CORP, cD_CORP>;
+using Shinseisyo = Kind<cT_SHINSEISYO, cD_SHINSEISYO>;
 
 template <class K> struct WriteFixture : TableFixture<typename K::Table> {
     std::int16_t run(typename K::Write write, Transaction flag) { return (this->table.*write)(&row, 0, flag); }
@@ -48,7 +50,8 @@ constexpr const char *kSyntax = "構文が正しくありません。";
 
 } // namespace
 
-TEST_CASE_TEMPLATE("a write without the flag sends its statement and no transaction call", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a write without the flag sends its statement and no transaction call", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -58,7 +61,7 @@ TEST_CASE_TEMPLATE("a write without the flag sends its statement and no transact
     }
 }
 
-TEST_CASE_TEMPLATE("a write with the flag begins and commits around its statement", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a write with the flag begins and commits around its statement", K, Hoken, Staff, Corp, Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -67,7 +70,8 @@ TEST_CASE_TEMPLATE("a write with the flag begins and commits around its statemen
     }
 }
 
-TEST_CASE_TEMPLATE("a write leaves the transaction to the caller when the flag is left out", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a write leaves the transaction to the caller when the flag is left out", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     WriteFixture<K> fixture;
     CHECK(fixture->iDataInsert(&fixture.row, 0) == iGood);
@@ -76,7 +80,7 @@ TEST_CASE_TEMPLATE("a write leaves the transaction to the caller when the flag i
     CHECK(fixture.steps() == Log{"exec", "exec", "exec"});
 }
 
-TEST_CASE_TEMPLATE("the options of a write change nothing", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("the options of a write change nothing", K, Hoken, Staff, Corp, Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> plain, other;
@@ -86,7 +90,8 @@ TEST_CASE_TEMPLATE("the options of a write change nothing", K, Hoken, Staff, Cor
     }
 }
 
-TEST_CASE_TEMPLATE("a write that cannot begin fails with the session's text and sends nothing", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a write that cannot begin fails with the session's text and sends nothing", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -97,7 +102,8 @@ TEST_CASE_TEMPLATE("a write that cannot begin fails with the session's text and 
     }
 }
 
-TEST_CASE_TEMPLATE("a failed execution gives the session's text with the whole statement", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a failed execution gives the session's text with the whole statement", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -109,7 +115,8 @@ TEST_CASE_TEMPLATE("a failed execution gives the session's text with the whole s
     }
 }
 
-TEST_CASE_TEMPLATE("a failed execution rolls back the transaction that was begun here", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a failed execution rolls back the transaction that was begun here", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -120,7 +127,7 @@ TEST_CASE_TEMPLATE("a failed execution rolls back the transaction that was begun
     }
 }
 
-TEST_CASE_TEMPLATE("a failed commit gives the session's text and rolls back", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a failed commit gives the session's text and rolls back", K, Hoken, Staff, Corp, Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -131,7 +138,8 @@ TEST_CASE_TEMPLATE("a failed commit gives the session's text and rolls back", K,
     }
 }
 
-TEST_CASE_TEMPLATE("the words of a failed write are not those of a rollback that fails as well", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("the words of a failed write are not those of a rollback that fails as well", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -142,7 +150,7 @@ TEST_CASE_TEMPLATE("the words of a failed write are not those of a rollback that
     }
 }
 
-TEST_CASE_TEMPLATE("words of a failure stay through a later good write", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("words of a failure stay through a later good write", K, Hoken, Staff, Corp, Shinseisyo)
 {
     WriteFixture<K> fixture;
     fixture.database.commitError = -2147467259;
@@ -152,7 +160,8 @@ TEST_CASE_TEMPLATE("words of a failure stay through a later good write", K, Hoke
     CHECK(fixture.words() == "ERR:CommitTrans (-2147467259)トランザクションの失敗。");
 }
 
-TEST_CASE_TEMPLATE("a write without a row fails with the table's words and sends nothing", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a write without a row fails with the table's words and sends nothing", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -162,7 +171,8 @@ TEST_CASE_TEMPLATE("a write without a row fails with the table's words and sends
     }
 }
 
-TEST_CASE_TEMPLATE("a write before the session is given runs into the runtime's error", K, Hoken, Staff, Corp)
+TEST_CASE_TEMPLATE("a write before the session is given runs into the runtime's error", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         FakeWorld world;
@@ -175,7 +185,8 @@ TEST_CASE_TEMPLATE("a write before the session is given runs into the runtime's 
     }
 }
 
-TEST_CASE_TEMPLATE("an insert or update on a computer without a name fails and sends nothing", K, Staff, Corp)
+TEST_CASE_TEMPLATE("an insert or update on a computer without a name fails and sends nothing", K, Staff, Corp,
+                   Shinseisyo)
 {
     for (const auto write : {K::kWrites[0], K::kWrites[1]}) {
         WriteFixture<K> fixture;
@@ -186,14 +197,14 @@ TEST_CASE_TEMPLATE("an insert or update on a computer without a name fails and s
     }
 }
 
-TEST_CASE_TEMPLATE("a delete needs no computer name", K, Staff, Corp)
+TEST_CASE_TEMPLATE("a delete needs no computer name", K, Staff, Corp, Shinseisyo)
 {
     WriteFixture<K> fixture;
     fixture.processes.name = std::string(250, 'x');
     CHECK(fixture->iData削除(&fixture.row, 0, Transaction::own) == iGood);
 }
 
-TEST_CASE_TEMPLATE("a row that is missing counts before a computer without a name", K, Staff, Corp)
+TEST_CASE_TEMPLATE("a row that is missing counts before a computer without a name", K, Staff, Corp, Shinseisyo)
 {
     WriteFixture<K> fixture;
     fixture.processes.name = std::string(250, 'x');
@@ -201,7 +212,8 @@ TEST_CASE_TEMPLATE("a row that is missing counts before a computer without a nam
     CHECK(fixture.words().ends_with("が無効です。"));
 }
 
-TEST_CASE_TEMPLATE("the computer's name fits into 250 bytes with its NUL and ends at the first one", K, Staff, Corp)
+TEST_CASE_TEMPLATE("the computer's name fits into 250 bytes with its NUL and ends at the first one", K, Staff, Corp,
+                   Shinseisyo)
 {
     WriteFixture<K> fixture;
     std::string name = "前の値";
@@ -229,6 +241,9 @@ TEST_CASE("each table names itself when a row is missing")
     WriteFixture<Corp> corp;
     CHECK(corp->iData削除(nullptr, 0) == iBad);
     CHECK(corp.words() == "CORPが無効です。");
+    WriteFixture<Shinseisyo> form;
+    CHECK(form->iData削除(nullptr, 0) == iBad);
+    CHECK(form.words() == "SHINSEISYOが無効です。");
 }
 
 TEST_CASE("a quote character in a written text is not doubled")

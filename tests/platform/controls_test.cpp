@@ -1,4 +1,4 @@
-#include "platform/controls.h"
+#include "platform/grid.h"
 
 #include "runtime/runtime_error.h"
 
@@ -385,6 +385,7 @@ TEST_CASE("a control says its kind to a visitor")
         void visit(Frame &) override { seen += "frame "; }
         void visit(MenuEntry &) override { seen += "menu "; }
         void visit(ImageBox &) override { seen += "image "; }
+        void visit(Grid &) override { seen += "grid "; }
     } kinds;
     OptionGroup options("o", 1);
     CheckBox check("c");
@@ -397,10 +398,11 @@ TEST_CASE("a control says its kind to a visitor")
     Frame frame("f");
     MenuEntry menu("m");
     ImageBox image("i");
+    Grid grid("g", {});
 
     for (Control *control : std::initializer_list<Control *>{&options(0), &check, &button, &number, &date, &text, &list,
-                                                             &label, &frame, &menu, &image})
+                                                             &label, &frame, &menu, &image, &grid})
         control->accept(kinds);
 
-    CHECK(kinds.seen == "option check button number date text list label frame menu image ");
+    CHECK(kinds.seen == "option check button number date text list label frame menu image grid ");
 }

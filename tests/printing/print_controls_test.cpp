@@ -83,10 +83,11 @@ TEST_CASE("each control stands in its frame with its caption, place in the tab o
         {"mnVer", "mnHelp", -1, "ﾊﾞｰｼﾞｮﾝ情報", true},
         {"mnDispHelp", "mnHelp", -1, "オンラインヘルプ(&M)", true},
     };
-    const PrintFixture fixture;
+    FakeWorld world;
+    const frmPrintInin form(world.app);
     for (const Row &row : rows) {
         CAPTURE(row.name);
-        const Control *control = fixture.form.find(row.name);
+        const Control *control = form.find(row.name);
         REQUIRE(control != nullptr);
         CHECK((control->Container == nullptr ? "" : control->Container->name()) == row.container);
         CHECK(control->TabIndex == row.TabIndex);
@@ -94,7 +95,7 @@ TEST_CASE("each control stands in its frame with its caption, place in the tab o
         CHECK(control->Visible.get() == row.Visible);
         CHECK(control->Enabled.get());
     }
-    CHECK(fixture.form.controls().size() == std::size(rows));
+    CHECK(form.controls().size() == std::size(rows));
 }
 
 TEST_CASE_FIXTURE(PrintFixture, "a container stands before what it holds")

@@ -61,8 +61,17 @@ FakeResult visits(const std::string &column, const std::vector<Variant> &values)
     return result;
 }
 
+void PrintFixture::answerTo(const char *statement, FakeResult result)
+{
+    auto &answers = world.database.resultsByText;
+    std::erase_if(answers, [&](const auto &answer) { return answer.first == statement; });
+    answers.emplace_back(statement, std::move(result));
+}
+
 PrintFixture::PrintFixture()
 {
+    answerTo(kStaffSql, staffMembers({{std::int32_t{11}, "佐藤 花子"}, {std::int32_t{12}, "鈴木 次郎"}}));
+    answerTo(kInsuranceSql, insuranceKinds({{std::int32_t{1}, "国保"}, {std::int32_t{2}, "後期"}}));
     form.csTargetDate = "2024/05/1";
     form.iTgtDateKind = 1;
     form.iObjectKind = 1;

@@ -2,6 +2,7 @@
 
 #include "printing/print_form.h"
 #include "support/fake_platform.h"
+#include "support/list_answers.h"
 
 #include <string>
 #include <utility>
@@ -18,7 +19,8 @@ using Changes = std::vector<std::pair<std::string, Variant>>;
 [[nodiscard]] FakeResult visits(const std::string &column, const std::vector<Variant> &values);
 
 /// The conditions screen in a fake world. The condition fields say: target month May 2024, head office, whole month,
-/// automatic signature date, no filter.
+/// automatic signature date, no filter. The branch
+/// has two staff members and two insurance kinds, and no head office.
 struct PrintFixture {
     PrintFixture();
     FakeWorld world;
@@ -26,6 +28,8 @@ struct PrintFixture {
 
     /// Marks the screen for planned data of May 2024, so that a run fills the condition fields alike.
     void markScreen();
+    /// Each statement with this part gets this answer.
+    void answerTo(const char *statement, FakeResult result);
     /// The next statement gets this answer.
     void answer(FakeResult result) { world.database.results.push_back(std::move(result)); }
     /// The first statement of the run that was asked, without the log's own words.

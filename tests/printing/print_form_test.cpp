@@ -57,10 +57,11 @@ TEST_CASE_FIXTURE(PrintFixture, "a button index outside the design does nothing"
 {
     form.load();
     markScreen();
+    world.database.log.clear();
     for (const std::int16_t Index : std::initializer_list<std::int16_t>{2, 3, 4, 5, 7, -1}) form.btnPrint_Click(Index);
 
     CHECK(world.boxes.shown.empty());
-    CHECK(world.database.log.size() == 1);
+    CHECK(world.database.log.empty());
     CHECK(world.processes.started.empty());
     CHECK(form.isLoaded());
 }

@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "support/fake_platform.h"
+#include "support/list_answers.h"
 
 #include <doctest/doctest.h>
 
@@ -15,11 +16,16 @@ namespace {
 
 const ShownBox kCannotStart{"起動できません！", Icon::critical, ""};
 
+/// A branch with a staff member, without whom no screen opens.
+struct StaffedWorld : FakeWorld {
+    StaffedWorld() { database.resultsByText.emplace_back(kStaffSql, staffMembers({{std::int32_t{11}, "佐藤 花子"}})); }
+};
+
 } // namespace
 
 TEST_CASE("the start shows the background first, then the screen, and the screen's end ends the process")
 {
-    FakeWorld world;
+    StaffedWorld world;
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     const auto &log = world.windows.log;
     CHECK(std::ranges::find(log, "show frmBack") < std::ranges::find(log, "show frmPrintInin"));
@@ -40,16 +46,27 @@ TEST_CASE("leaving the screen in any way hands back to the menu program and ends
     };
     for (const Row &row : rows) {
         CAPTURE(row.claim);
-        FakeWorld world;
+        StaffedWorld world;
         world.windows.acts.push_back(row.act);
         CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+        CHECK(std::ranges::count(world.windows.log, "show frmPrintInin") == 1);
         CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
     }
 }
 
-TEST_CASE("a run-time error in the load of the background shows one box and starts no menu program")
+TEST_CASE("a branch without staff is told so and goes back to the menu program before the screen is seen")
 {
     FakeWorld world;
+    CHECK_THROWS_AS(Main(world.app), ProcessEnded);
+    CHECK(world.boxes.shown ==
+          std::vector<ShownBox>{{"スタッフが存在しません。メイン画面に戻ります", Icon::critical, "委任状印刷"}});
+    CHECK(std::ranges::count(world.windows.log, "show frmPrintInin") == 0);
+    CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
+}
+
+TEST_CASE("a run-time error in the load of the background shows one box and starts no menu program")
+{
+    StaffedWorld world;
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\nWALLPAPER=wall.bmp\nBASEID=xx\n");
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     CHECK(world.boxes.shown == std::vector<ShownBox>{kCannotStart});
@@ -60,7 +77,7 @@ TEST_CASE("a run-time error in the load of the background shows one box and star
 
 TEST_CASE("a wallpaper that is no picture keeps the program from starting")
 {
-    FakeWorld world;
+    StaffedWorld world;
     world.windows.pictureError = 481;
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     CHECK(world.boxes.shown == std::vector<ShownBox>{kCannotStart});
@@ -68,7 +85,7 @@ TEST_CASE("a wallpaper that is no picture keeps the program from starting")
 
 TEST_CASE("a missing wallpaper setting with files in the icon folder warns, and the start ends")
 {
-    FakeWorld world;
+    StaffedWorld world;
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\nBASEID=0102\n");
     world.windows.pictureError = 75;
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
@@ -80,7 +97,7 @@ TEST_CASE("a missing wallpaper setting with files in the icon folder warns, and 
 
 TEST_CASE("a missing settings file ends the process with its own box alone")
 {
-    FakeWorld world;
+    StaffedWorld world;
     world.files.remove("C:\\SUITE\\Massage.ini");
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     CHECK(world.boxes.shown ==
@@ -90,7 +107,7 @@ TEST_CASE("a missing settings file ends the process with its own box alone")
 
 TEST_CASE("a run-time error in the load of the screen shows the start's box")
 {
-    FakeWorld world;
+    StaffedWorld world;
     world.clock.current = Date(1e9);
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     CHECK(world.boxes.shown.back() == kCannotStart);
@@ -99,7 +116,7 @@ TEST_CASE("a run-time error in the load of the screen shows the start's box")
 
 TEST_CASE("a menu program that cannot be started goes on as an unhandled error, not as a failed start")
 {
-    FakeWorld world;
+    StaffedWorld world;
     world.processes.startError = 53;
     CHECK_THROWS_AS(Main(world.app), UnhandledError);
     CHECK(std::ranges::count(world.boxes.shown, kCannotStart) == 0);
@@ -108,7 +125,7 @@ TEST_CASE("a menu program that cannot be started goes on as an unhandled error, 
 
 TEST_CASE("the screen opens without a connection, and leaving it still hands back")
 {
-    FakeWorld world;
+    StaffedWorld world;
     world.database.connectError = -2147467259;
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     CHECK(std::ranges::count(world.windows.log, "show frmPrintInin") == 1);

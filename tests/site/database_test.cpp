@@ -141,3 +141,18 @@ TEST_CASE("the database is sound")
 {
     CHECK(query(sharedDatabase(), "PRAGMA integrity_check") == std::vector<std::string>{"ok"});
 }
+
+TEST_CASE("a site holds as many staff as were ordered, and the blank row behind them")
+{
+    const ScratchFolder folder;
+    const auto file = folder.path() / "any.db";
+    for (const std::int64_t staff : {1, 500}) {
+        site::SiteOrder order = ordinaryOrder();
+        order.staff = staff;
+        std::filesystem::remove(file);
+        site::makeDatabase(file.string(), order);
+        CAPTURE(staff);
+        CHECK(countOf(file, "SELECT COUNT(*) FROM STAFF WHERE iKyotenEb = 1") == staff + 1);
+        CHECK(countOf(file, fmt::format("SELECT COUNT(*) FROM RIYOUSHA WHERE nTantou > {}", staff)) == 0);
+    }
+}

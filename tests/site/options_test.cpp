@@ -21,6 +21,7 @@ std::string sentenceOf(const Command &command)
 }
 
 constexpr const char *kBadPatients = "--patients には1から1000000までの人数を指定してください。";
+constexpr const char *kBadStaff = "--staff には1から30000までの人数を指定してください。";
 constexpr const char *kBadSeed = "--seed には0以上の整数を指定してください。";
 constexpr const char *kBadMonth = "--month には1990-01から2098-12までの年月をYYYY-MMの形で指定してください。";
 
@@ -34,6 +35,10 @@ constexpr BadOption kBadOptions[] = {
     {"--patients", "1000001", kBadPatients},
     {"--patients", "many", kBadPatients},
     {"--patients", "3.5", kBadPatients},
+    {"--staff", "0", kBadStaff},
+    {"--staff", "-1", kBadStaff},
+    {"--staff", "30001", kBadStaff},
+    {"--staff", "x", kBadStaff},
     {"--seed", "x", kBadSeed},
     {"--seed", "1 ", kBadSeed},
     {"--month", "2024-13", kBadMonth},
@@ -64,6 +69,12 @@ TEST_CASE("make takes patients, seed, month and force")
     CHECK(command.order.seed == 18446744073709551615U);
     CHECK(yearMonthText(command.order.month) == "2024-12");
     CHECK(command.overwrite == Overwrite::anyFolder);
+}
+
+TEST_CASE("make takes a number of staff, and else leaves it to the number of patients")
+{
+    CHECK(std::get<MakeCommand>(read({"make", "here"})).order.staff == 0);
+    CHECK(std::get<MakeCommand>(read({"make", "here", "--staff", "5000"})).order.staff == 5000);
 }
 
 TEST_CASE("check takes a folder")

@@ -113,7 +113,10 @@ public:
     }
     std::size_t fieldCount() const override { return m_result.columns.size(); }
     std::string fieldName(std::size_t index) const override { return m_result.columns.at(index); }
-    std::int32_t fieldType(std::size_t) const override { return 202; }
+    std::int32_t fieldType(std::size_t index) const override
+    {
+        return index < m_result.types.size() ? m_result.types[index] : 202;
+    }
     std::size_t fieldIndex(std::string_view name) const override
     {
         for (std::size_t index = 0; index < m_result.columns.size(); ++index)

@@ -21,6 +21,8 @@ struct FakeResult {
     /// Raised by MoveNext when it leaves row `failingMove` (1 is the first); 0 never.
     int failingMove = 0;
     std::int32_t rowsAffected = 0;
+    /// ADO's type codes of the columns; those that are left out are 202, text.
+    std::vector<std::int32_t> types{};
 };
 
 /// A database that answers from a script and writes down what it was asked:

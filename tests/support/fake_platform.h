@@ -41,11 +41,17 @@ public:
     std::deque<std::function<void(Form &)>> acts;
     std::int32_t pictureError = 0;
     Control *active = nullptr;
+    /// Run when the platform is given time: the events that waited.
+    std::function<void()> onTime;
 
     void show(Form &form, Modality modality) override;
     void checkPicture(const std::string &path) override;
     void beep() override { log.emplace_back("beep"); }
-    void giveTime() override { log.emplace_back("time"); }
+    void giveTime() override
+    {
+        log.emplace_back("time");
+        if (onTime) onTime();
+    }
     void moveFocus(Form &, Control &control) override { log.push_back("focus " + control.name()); }
     void sendTab(Form &) override { log.emplace_back("tab"); }
     Control *activeControl(Form &) override { return active; }

@@ -1,5 +1,6 @@
 #include "adapters/script/command_player.h"
 
+#include "platform/grid.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 
@@ -28,6 +29,7 @@ public:
     void visit(Frame &control) override { wrongKind(control); }
     void visit(MenuEntry &control) override { wrongKind(control); }
     void visit(ImageBox &control) override { wrongKind(control); }
+    void visit(Grid &control) override { wrongKind(control); }
 
 protected:
     [[nodiscard]] const ScriptCommand &command() const { return m_command; }
@@ -119,6 +121,21 @@ public:
     }
 };
 
+/// Makes a row the active one, as a click does, or hits it with a double click; row 0 is the header.
+class HitRow : public Act {
+public:
+    using Act::Act;
+    using Act::visit;
+    void visit(Grid &grid) override
+    {
+        const std::int32_t row = command().row;
+        const bool isThere = row <= grid.RowCount() && (row > 0 || (row == 0 && command().doubleClick));
+        if (!isThere && !command().force) return refuse();
+        if (row != 0) grid.ActiveRow = row;
+        if (command().doubleClick && grid.onDblClick) grid.onDblClick(row);
+    }
+};
+
 } // namespace
 
 PlayResult playOnControl(Form &form, Control &control, const ScriptCommand &command, const Regional &regional)
@@ -135,6 +152,7 @@ PlayResult playOnControl(Form &form, Control &control, const ScriptCommand &comm
         form.key(&control, command.number);
         return PlayResult::done;
     case CommandKind::row:
+        return HitRow(command).on(control);
     case CommandKind::close:
     case CommandKind::state:
         break;

@@ -3,6 +3,7 @@
 #include "adapters/script/command_player.h"
 #include "adapters/script/state_writer.h"
 #include "common/picture.h"
+#include "platform/grid.h"
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
@@ -14,8 +15,8 @@ namespace inin {
 namespace {
 /// How often a form may refuse its control box after the last command before the play is given up.
 constexpr int kRefusedClosings = 100;
-/// Stands for the grid of a search window in a refusal.
-constexpr const char *kGrid = "grid";
+/// Stands in a refusal for the grid that a form lacks.
+constexpr const char *kNoGrid = "grid";
 } // namespace
 
 void ScriptWindows::show(Form &form, Modality modality)
@@ -70,7 +71,7 @@ void ScriptWindows::play(Form &form, const ScriptCommand &command)
         form.unload(true);
         return;
     case CommandKind::row:
-        return tellRefused(kGrid); // no form here has a grid
+        return playRow(form, command);
     case CommandKind::key:
         if (command.control.empty()) return atEventEdge([&] { form.key(nullptr, command.number); });
         [[fallthrough]];
@@ -83,10 +84,22 @@ void ScriptWindows::playControl(Form &form, const ScriptCommand &command)
 {
     Control *control = form.find(command.control);
     if (control == nullptr) throw BadCommand(command.line, form.name() + " has no control \"" + command.control + "\"");
-    if (control->isReachable()) m_focus[&form] = control;
+    playOn(form, *control, command);
+}
+
+/// The command names no control: it is for the form's grid.
+void ScriptWindows::playRow(Form &form, const ScriptCommand &command)
+{
+    if (Grid *grid = gridOf(form)) return playOn(form, *grid, command);
+    tellRefused(kNoGrid);
+}
+
+void ScriptWindows::playOn(Form &form, Control &control, const ScriptCommand &command)
+{
+    if (control.isReachable()) m_focus[&form] = &control;
     PlayResult result = PlayResult::done;
-    atEventEdge([&] { result = playOnControl(form, *control, command, m_regional); });
-    if (result == PlayResult::refused) tellRefused(command.control);
+    atEventEdge([&] { result = playOnControl(form, control, command, m_regional); });
+    if (result == PlayResult::refused) tellRefused(control.name());
 }
 
 void ScriptWindows::closeAtEnd(Form &form)

@@ -33,6 +33,8 @@ private:
     void playNext(Form &form);
     void play(Form &form, const ScriptCommand &command);
     void playControl(Form &form, const ScriptCommand &command);
+    void playRow(Form &form, const ScriptCommand &command);
+    void playOn(Form &form, Control &control, const ScriptCommand &command);
     void closeAtEnd(Form &form);
     void tellRefused(const std::string &control);
 

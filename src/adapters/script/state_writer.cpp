@@ -1,5 +1,6 @@
 #include "adapters/script/state_writer.h"
 
+#include "platform/grid.h"
 #include "runtime/conversion.h"
 
 #include <cstdio>
@@ -48,7 +49,12 @@ public:
     }
 
     void visit(OptionButton &control) override { m_attributes["Value"] = control.Value.get(); }
-    void visit(CheckBox &control) override { m_attributes["Value"] = control.Value.get(); }
+    void visit(CheckBox &control) override
+    {
+        m_attributes["Value"] = control.Value.get();
+        // Only the search windows word a check box at run time; it is told where there are words.
+        if (!control.Caption.get().empty()) caption(control);
+    }
     void visit(NumberBox &control) override { m_attributes["Value"] = numberOrText(control.Value, m_regional); }
     void visit(DateBox &control) override
     {
@@ -64,6 +70,15 @@ public:
         m_attributes["items"] = std::move(items);
     }
     void visit(ImageBox &control) override { m_attributes["Picture"] = control.Picture.get(); }
+    void visit(Grid &control) override
+    {
+        m_attributes["ActiveRow"] = control.ActiveRow.get();
+        m_attributes["RowCount"] = control.RowCount();
+        Json columns = Json::array();
+        for (const Grid::Column &column : control.columns())
+            columns.push_back(Json::array({column.header, column.width}));
+        m_attributes["columns"] = std::move(columns);
+    }
     void visit(Button &control) override { caption(control); }
     void visit(Label &control) override { caption(control); }
     void visit(Frame &control) override { caption(control); }
@@ -76,6 +91,20 @@ private:
     Json m_attributes;
 };
 
+Json cellsOf(const Grid &grid)
+{
+    Json rows = Json::array();
+    for (std::int32_t row = 1; row <= grid.RowCount(); ++row) {
+        Json cells = Json::array();
+        for (std::int16_t column = 1; column <= grid.ColumnCount(); ++column) {
+            const bool isNumber = grid.columns()[static_cast<std::size_t>(column) - 1].kind == Grid::CellKind::number;
+            cells.push_back(isNumber ? Json(grid.number(row, column)) : Json(grid.text(row, column)));
+        }
+        rows.push_back(std::move(cells));
+    }
+    return rows;
+}
+
 } // namespace
 
 Json stateEvent(const Form &form, const Regional &regional)
@@ -85,11 +114,16 @@ Json stateEvent(const Form &form, const Regional &regional)
     for (Control *control : form.controls()) controls[control->name()] = writer.attributesOf(*control);
     Json fields = Json::object();
     for (const auto &[name, value] : form.fields()) fields[name] = numberOrText(value, regional);
-    return {{"event", "state"},
-            {"window", form.name()},
-            {"controls", std::move(controls)},
-            {"fields", std::move(fields)},
-            {"rows", form.rows()}};
+    Json state = {{"event", "state"},
+                  {"window", form.name()},
+                  {"controls", std::move(controls)},
+                  {"fields", std::move(fields)},
+                  {"rows", form.rows()}};
+    if (const Grid *grid = gridOf(form)) {
+        state["Caption"] = form.Caption.get();
+        state["grid"] = cellsOf(*grid);
+    }
+    return state;
 }
 
 } // namespace inin

@@ -11,6 +11,8 @@ namespace {
 
 /// No branch is that large; the bound keeps a slip of the finger from filling the disk.
 constexpr std::int64_t kMostPatients = 1000000;
+/// With the first entry and the ended ones still fewer than a list of the screen can count.
+constexpr std::int64_t kMostStaff = 30000;
 
 /// Texts as they were given; each is judged with a sentence of its own.
 struct Given {
@@ -18,6 +20,7 @@ struct Given {
     std::string patients = "300";
     std::string seed = "1";
     std::string month;
+    std::string staff;
     bool force = false;
 };
 
@@ -40,7 +43,11 @@ Command makeCommand(const Given &given)
     if (!seed) return BadCommand{"--seed には0以上の整数を指定してください。"};
     const auto month = given.month.empty() ? currentMonth() : yearMonthFromText(given.month);
     if (!month) return BadCommand{"--month には1990-01から2098-12までの年月をYYYY-MMの形で指定してください。"};
-    command.order = {*patients, *seed, *month};
+    const auto staff = given.staff.empty() ? std::int64_t{0} : wholeNumber<std::int64_t>(given.staff).value_or(-1);
+    if (staff < (given.staff.empty() ? 0 : 1) || staff > kMostStaff) {
+        return BadCommand{fmt::format("--staff には1から{}までの人数を指定してください。", kMostStaff)};
+    }
+    command.order = {*patients, *seed, *month, staff};
     return command;
 }
 
@@ -57,6 +64,7 @@ Command readCommandLine(int argc, const char *const *argv)
         ->capture_default_str();
     make->add_option("--seed", given.seed, "乱数の種。同じ種からは同じ行ができます")->capture_default_str();
     make->add_option("--month", given.month, "対象月 YYYY-MM。予定と実績はその前月から翌月までです（省略時は今月）");
+    make->add_option("--staff", given.staff, "施術者の人数（省略時は利用者の人数から決めます）");
     make->add_flag("--force", given.force, "空でないフォルダーにも書き込みます");
     CLI::App *check = app.add_subcommand("check", "サイトを検査します。問題がなければ終了コード0、あれば1です。");
     check->add_option("DIR", given.folder, "検査するフォルダー")->required();

@@ -123,7 +123,7 @@ Home makeHome(Dice &dice)
 
 std::int64_t staffCount(const SiteOrder &order)
 {
-    return std::clamp<std::int64_t>(order.patients / 25, 12, 400);
+    return order.staff > 0 ? order.staff : std::clamp<std::int64_t>(order.patients / 25, 12, 400);
 }
 
 Patient makePatient(const SiteOrder &order, std::int64_t number)

@@ -16,6 +16,7 @@ struct SiteOrder {
     std::int64_t patients = 300;
     std::uint64_t seed = 1;
     YearMonth month;
+    std::int64_t staff = 0; ///< of the branch, the blank row not counted; 0: as many as so many patients need
 };
 
 /// The branch of a demo site, as "BASEID" names it.

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "data/ado_session.h"
+
+#include <array>
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace inin {
+
+/// Whether a CSV file begins with a line of column names.
+enum class Midasi { nasi, ari };
+
+/// Writes what one or two statements give into a CSV file of the suite: code page 932, lines ended by CR LF, a field of
+/// a character type in double quotes. Despite its name it reads through cT_ADODB. Statuses are 0 or -1; every failure is
+/// shown in a critical box under the operation's name.
+class cls_JetDB2CSV {
+public:
+    explicit cls_JetDB2CSV(App &app) : m_app(app) {}
+    cls_JetDB2CSV(const cls_JetDB2CSV &) = delete;
+    cls_JetDB2CSV &operator=(const cls_JetDB2CSV &) = delete;
+    /// Ends as iEndJ2C does.
+    ~cls_JetDB2CSV();
+
+    /// Opens the statement on a session of its own and counts its rows. A failure leaves nothing open.
+    [[nodiscard]] std::int16_t iInitJ2C(const std::string &csSql, const std::string &csOutCsvFile,
+                                        std::int32_t &nRecSuu);
+    /// The same for two statements; their rows are counted together.
+    [[nodiscard]] std::int16_t iInitJ2C_WSQL(const std::string &csSql1, const std::string &csSql2,
+                                             const std::string &csOutCsvFile, std::int32_t &nRecSuu);
+    /// Writes the file anew with all rows of the first statement.
+    [[nodiscard]] std::int16_t iExecJ2C(Midasi b1stMidasiAri);
+    /// The same and gives back the number of rows, -1 on a failure. A branch name that is given stands in a last column
+    /// "拠点名", on every row.
+    [[nodiscard]] std::int32_t nExecJ2C(Midasi b1stMidasiAri, const std::optional<std::string> &cKyoten = {});
+    /// The rows of both statements, one behind the other under the column names of the first.
+    [[nodiscard]] std::int32_t nExecJ2C_WSQL(Midasi b1stMidasiAri);
+    /// Closes what is open; without anything open it does nothing and is good.
+    [[nodiscard]] std::int16_t iEndJ2C();
+
+private:
+    [[nodiscard]] std::int16_t init(const std::string &operation, const std::string &csOutCsvFile,
+                                    std::initializer_list<std::string> statements, std::int32_t &nRecSuu);
+    [[nodiscard]] bool open(const std::string &heading, const std::string &sql, std::unique_ptr<Recordset> &rsData);
+    [[nodiscard]] std::int32_t exec(const std::string &operation, std::size_t statements, Midasi b1stMidasiAri,
+                                    const std::optional<std::string> &cKyoten);
+    void drop();
+
+    App &m_app;
+    std::string m_outCsvFile;
+    std::unique_ptr<cT_ADODB> m_session;
+    std::array<std::unique_ptr<Recordset>, 2> m_recordsets;
+};
+
+} // namespace inin

@@ -1,0 +1,177 @@
+#include "master/corp_map.h"
+
+#include "common/binary_literal.h"
+
+#include <memory>
+
+namespace inin {
+
+namespace {
+
+/// Where the map component leaves its picture, seen from the current folder.
+constexpr const char *kPictureFile = "./zenrinCGI/zenrin.gif";
+/// What a place without a picture holds: a single zero byte.
+constexpr const char *kNoPicture = "0x00";
+constexpr std::size_t kPieceSize = 65536;
+
+/// What stands behind "でエラー" for the step of the opening that failed.
+const char *stepSuffix(ConnectStep step)
+{
+    switch (step) {
+    case ConnectStep::settingsFile:
+        return "：cIni初期化";
+    case ConnectStep::sessionInit:
+        return "：m_cADOTo初期化";
+    case ConnectStep::connect:
+        return "：m_cADOTo接続";
+    case ConnectStep::emptyText:
+    case ConnectStep::connected:
+        break;
+    }
+    return "";
+}
+
+std::string headingOf(const std::string &name)
+{
+    return name + "() でエラー";
+}
+
+std::string insertMap(Site site, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
+{
+    std::string text = "  INSERT INTO  RIYOUSHA_MAP (  iKyotenCd,  iKyotenEb,  nIDNo,  bAddr1,  bAddr2,  bAddr3,"
+                       "  dTimeStamp ) VALUES (       " +
+                       std::to_string(site.iKyotenCd) + "     , " + std::to_string(site.iKyotenEb) + "     , " +
+                       std::to_string(nIDNo);
+    for (const std::string &picture : pictures) text += "     , " + picture;
+    return text + "     , getdate())";
+}
+
+std::string updateMap(Site site, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
+{
+    std::string terms;
+    const auto add = [&terms](const char *column, const std::string &picture) {
+        if (picture != kNoPicture)
+            terms += std::string(terms.empty() ? "      " : "      ,") + column + " = " + picture;
+    };
+    add("bAddr1", pictures[0]);
+    add("bAddr2", pictures[1]);
+    add("bAddr3", pictures[2]);
+    return "  UPDATE  RIYOUSHA_MAP  set " + terms +
+           "      ,dTimeStamp = getdate()  WHERE nIDNo =" + std::to_string(nIDNo) +
+           "  and iKyotenCd =" + std::to_string(site.iKyotenCd) + "  and iKyotenEb =" + std::to_string(site.iKyotenEb);
+}
+
+} // namespace
+
+CorpMap::CorpMap(App &app) : m_app(app), m_table(app, TableShape{"RIYOUSHA_MAP"}) {}
+
+bool CorpMap::isPictureThere() const
+{
+    Files &files = m_app.platform.files;
+    return !files.isFolder(kPictureFile) && !files.directorySearch(kPictureFile).empty();
+}
+
+/// A run-time error is shown under the operation's name; its words are kept as those of every table.
+template <class Operation> std::int16_t CorpMap::told(const std::string &name, Operation &&operation)
+{
+    return m_table.trapped([&] {
+        try {
+            return static_cast<std::int16_t>(operation());
+        } catch (const RuntimeError &error) {
+            headingBox(m_app, headingOf(name), numberedText(error));
+            throw;
+        }
+    });
+}
+
+std::int16_t CorpMap::connect(const std::string &name)
+{
+    m_cADOTo = {}; // the session of the operation before ends here
+    m_cADOTo = startSession(m_app);
+    if (!m_cADOTo.isConnected()) {
+        headingBox(m_app, headingOf(name) + stepSuffix(m_cADOTo.step), m_cADOTo.csErrMsg);
+        return m_table.failed(m_cADOTo.csErrMsg);
+    }
+    m_table.init(*m_cADOTo.session);
+    return iGood;
+}
+
+void CorpMap::iChizuLoad(const std::int32_t &nIDNo, std::int16_t &iStatus)
+{
+    iStatus = told("iChizuLoad", [&] {
+        if (connect("iChizuLoad") != iGood) return iBad;
+        const Site site = siteOf(m_app);
+        bool isThere = false;
+        const std::int16_t status = m_table.walk(
+            "  select *  from RIYOUSHA_MAP  where  nIDNo=" + std::to_string(nIDNo) + "  and iKyotenCd=" +
+                std::to_string(site.iKyotenCd) + "  and iKyotenEb=" + std::to_string(site.iKyotenEb),
+            [] {}, [&](const Recordset &) { isThere = true; });
+        return status == iGood && !isThere ? kNoSuchMap : status;
+    });
+}
+
+void CorpMap::iChizuSave(const std::int32_t &nIDNo, std::int16_t &iStatus)
+{
+    iStatus = write("iChizuSave", nIDNo, insertMap);
+}
+
+void CorpMap::iChizuUpdate(const std::int32_t &nIDNo, std::int16_t &iStatus)
+{
+    iStatus = write("iChizuUpdate", nIDNo, updateMap);
+}
+
+std::int16_t CorpMap::write(const std::string &name, std::int32_t nIDNo, Statement statement)
+{
+    return told(name, [&] {
+        // Only the first place is ever filled.
+        const Pictures pictures{takePicture(), kNoPicture, kNoPicture};
+        if (nIDNo == kMapTakeOnly) return iGood;
+        if (connect(name) != iGood) return iBad;
+        // A failure leaves the transaction open: it ends with the connection.
+        const std::int16_t status =
+            m_table.write(statement(siteOf(m_app), nIDNo, pictures), Transaction::ownUntilDisconnect);
+        static_cast<void>(m_cADOTo.session->iDisConnect()); // the map is written or it is not
+        return status;
+    });
+}
+
+/// The bytes of the picture's file as a binary value; an empty file is no picture. The file is gone afterwards.
+std::string CorpMap::takePicture() const
+{
+    if (!isPictureThere()) return kNoPicture;
+    std::string digits;
+    {
+        const std::unique_ptr<InputFile> file = m_app.platform.files.openForInput(kPictureFile);
+        for (std::string piece = file->read(kPieceSize); !piece.empty(); piece = file->read(kPieceSize))
+            appendHex(digits, piece);
+    }
+    m_app.platform.files.remove(kPictureFile);
+    return digits.empty() ? kNoPicture : "0x" + digits;
+}
+
+CorpMapHook corpMapHook(App &app)
+{
+    const auto map = std::make_shared<CorpMap>(app);
+    const auto withWords = [map](std::int16_t status, std::string &sErrMsg) {
+        if (status != iGood) sErrMsg = map->sErrMsg();
+        return status;
+    };
+    // The number is always the company's, not that of its row: a site has one map for it.
+    return {[map, withWords](std::string &sErrMsg) {
+                std::int16_t status = iBad;
+                map->iChizuSave(kMapOfCompany, status);
+                return withWords(status, sErrMsg);
+            },
+            [map, withWords](std::string &sErrMsg) {
+                if (!map->isPictureThere()) return iGood;
+                std::int16_t status = iBad;
+                map->iChizuLoad(kMapOfCompany, status);
+                if (status == kNoSuchMap)
+                    map->iChizuSave(kMapOfCompany, status);
+                else
+                    map->iChizuUpdate(kMapOfCompany, status);
+                return withWords(status, sErrMsg);
+            }};
+}
+
+} // namespace inin

@@ -1,0 +1,157 @@
+#include "master/shinseisyo_table.h"
+
+#include <utility>
+
+namespace inin {
+
+namespace {
+
+/// A number column that holds no number counts as 0.
+constexpr TableShape kShinseisyo{"SHINSEISYO", 0, Unreadable::countsAsZero};
+
+using Row = cD_SHINSEISYO;
+using enum WrittenAs;
+using enum ValueFrom;
+
+constexpr TableColumn<Row> kShinseisyoColumns[] = {
+    // column, property, written as; where its value comes from, whether an update sets it
+    {"iKyotenCd", &Row::iKyotenCd, quoted, siteCode, OnUpdate::kept},
+    {"iKyotenEb", &Row::iKyotenEb, quoted, siteSubCode, OnUpdate::kept},
+    {"nIDNo", &Row::nIDNo, number, row, OnUpdate::kept},
+    {"cFileName", &Row::cFileName, quoted},
+    {"cDispName", &Row::cDispName, quoted},
+    {"iSejutsuKubun", &Row::iSejutsuKubun, number},
+    {"iHokenType", &Row::iHokenType, number},
+    {"iDelFlg", &Row::iDelFlg, number},
+    {"iSinseiTP", &Row::iSinseiTP, number},
+    {"iSoufushoTP", &Row::iSoufushoTP, number},
+    {"iDuplexFlg", &Row::iDuplexFlg, number},
+    {"iStateNo", &Row::iStateNo, number},
+    {"iRiyouHokenKbn", &Row::iRiyouHokenKbn, number},
+    {"tUpDateTime", &Row::tUpDateTime, serverTime},
+    {"iPrintType", &Row::iPrintType, number, row, OnUpdate::kept},
+    {"iKubun", &Row::iKubun, number},
+    {"iKanagawaStaffPrint", &Row::iKanagawaStaffPrint, number},
+    {"iJoseiFutanKiriage", &Row::iJoseiFutanKiriage, number},
+    {"iTekiyouStaff", &Row::iTekiyouStaff, number},
+};
+
+bool isSystemWide(std::int32_t iPrintType)
+{
+    return iPrintType == 0 || iPrintType == 1;
+}
+
+std::string printTypeTerm(std::int32_t iPrintType)
+{
+    return " iPrintType = " + std::to_string(iPrintType);
+}
+
+/// System-wide forms are looked for without asking for a branch.
+void addSite(Condition &condition, std::int32_t iPrintType, Site site)
+{
+    if (!isSystemWide(iPrintType)) condition.add(siteTerm(site));
+}
+
+Condition numberCondition(std::int32_t nIDNo)
+{
+    Condition condition;
+    condition.add("    nIDNo = " + std::to_string(nIDNo));
+    return condition;
+}
+
+Condition gridCondition(const Row &row, Site site)
+{
+    Condition condition;
+    condition.add(printTypeTerm(row.iPrintType));
+    addSite(condition, row.iPrintType, site);
+    if (row.iDelFlg == 0) condition.add("    (iDelFlg = 0 OR iDelFlg IS NULL)");
+    if (row.iStateNo > 0) condition.add("    iStateNo = " + std::to_string(row.iStateNo));
+    return condition;
+}
+
+/// 0 is a number like any other here; -1 is none.
+Condition readCondition(const Row &row, Site site)
+{
+    Condition condition = row.nIDNo > -1 ? numberCondition(row.nIDNo) : Condition();
+    addSite(condition, row.iPrintType, site);
+    condition.add(printTypeTerm(row.iPrintType));
+    return condition;
+}
+
+SelectList<Row> selectList()
+{
+    SelectList<Row> list(kShinseisyo.name);
+    for (const TableColumn<Row> &column : kShinseisyoColumns) list.add(column, SelectForm::aliased);
+    return list;
+}
+
+std::string readStatement(const SelectList<Row> &list, const Condition &condition)
+{
+    return "  select" + list.text() + "  FROM      SHINSEISYO" + condition.text() + "  order by      nIDNo";
+}
+
+} // namespace
+
+cT_SHINSEISYO::cT_SHINSEISYO(App &app) : m_app(app), m_table(app, kShinseisyo) {}
+
+std::int16_t cT_SHINSEISYO::iGetMaxIDNo(std::int32_t &nMaxNo, std::int16_t iPrintType)
+{
+    return m_table.trapped([&] {
+        Condition condition;
+        addSite(condition, iPrintType, siteOf(m_app));
+        condition.add(printTypeTerm(iPrintType));
+        return m_table.number("  select      max(SHINSEISYO.nIDNo) as nIDNo  FROM      SHINSEISYO" + condition.text(),
+                              "nIDNo", nMaxNo);
+    });
+}
+
+std::int16_t cT_SHINSEISYO::iDataReadGrid(const cD_SHINSEISYO *cData)
+{
+    return m_table.trapped([&] {
+        if (cData == nullptr) throw RuntimeError(error_number::objectNotSet);
+        const SelectList<Row> list = selectList();
+        return m_table.read(readStatement(list, gridCondition(*cData, siteOf(m_app))), list.filled());
+    });
+}
+
+std::int16_t cT_SHINSEISYO::iDataRead(const cD_SHINSEISYO *cData)
+{
+    return m_table.withRow(cData, [&](const Row &row) {
+        const SelectList<Row> list = selectList();
+        return m_table.read(readStatement(list, readCondition(row, siteOf(m_app))), list.filled());
+    });
+}
+
+std::int16_t cT_SHINSEISYO::iDataInsert(const cD_SHINSEISYO *cData, std::int32_t, Transaction bTransactionFlg)
+{
+    // The computer's name is not written to this table; a computer without one is refused all the same.
+    return m_table.toWrite(cData, [&](const Row &row, WriteContext context) {
+        if (isSystemWide(row.iPrintType)) context.site = {};
+        return m_table.write(insertStatement(kShinseisyo, kShinseisyoColumns, row, context), bTransactionFlg);
+    });
+}
+
+std::int16_t cT_SHINSEISYO::iDataUpdate(const cD_SHINSEISYO *cData, std::int32_t, Transaction bTransactionFlg)
+{
+    return m_table.toWrite(cData, [&](const Row &row, const WriteContext &context) {
+        Condition condition = numberCondition(row.nIDNo);
+        addSite(condition, row.iPrintType, context.site);
+        condition.add(printTypeTerm(row.iPrintType));
+        return m_table.write(updateStatement(kShinseisyo, kShinseisyoColumns, row, context) + condition.text(),
+                             bTransactionFlg);
+    });
+}
+
+std::int16_t cT_SHINSEISYO::iData削除(const cD_SHINSEISYO *cData, std::int32_t, Transaction bTransactionFlg)
+{
+    return m_table.withRow(cData, [&](const Row &row) {
+        const Site site = siteOf(m_app);
+        std::string sql = deleteStatement(kShinseisyo) + "    nIDNo = " + std::to_string(row.nIDNo);
+        if (!isSystemWide(row.iPrintType))
+            sql += "    and iKyotenCd = " + std::to_string(site.iKyotenCd) +
+                   "    and iKyotenEb = " + std::to_string(site.iKyotenEb);
+        return m_table.write(sql + "    and iPrintType = " + std::to_string(row.iPrintType), bTransactionFlg);
+    });
+}
+
+} // namespace inin

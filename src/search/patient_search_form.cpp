@@ -1,0 +1,222 @@
+#include "search/patient_search_form.h"
+
+#include "common/helpers.h"
+#include "runtime/conversion.h"
+#include "runtime/format.h"
+#include "runtime/text.h"
+#include "search/search_sql.h"
+#include "search/staff_search.h"
+#include "shell/settings.h"
+
+#include <array>
+
+namespace inin {
+
+namespace {
+
+using Kind = Grid::CellKind;
+
+constexpr std::int16_t kAreaColumn = 1;
+constexpr SearchColumn kColumns[] = {
+    {"拠点 No.", Kind::number, 8, "iKyotenCd", "iKyotenEb"},
+    {"ID No.", Kind::number, 8, "nIDNo"},
+    {"利用者氏名", Kind::text, 16, "cName"},
+    {"ﾌﾘｶﾞﾅ", Kind::text, 16, "cNameKana"},
+    {"TEL", Kind::text, 14, "cTelNo"},
+    {"住所１", Kind::text, 30, "cAdress1"},
+    {"住所２", Kind::text, 20, "cAdress2"},
+    {"名称地区", Kind::text, 12, "cNameRyaku"},
+};
+// Also the list without a single staff member speaks of patients here.
+constexpr SearchDesign kDesign{
+    "frm患者検索",
+    "利用者マスター検索",
+    "chkEndKanja",
+    "施術終了した利用者も表示",
+    kColumns,
+    2,
+    3,
+    kAreaColumn,
+    "該当する利用者データがありません。",
+    "該当する利用者データがありません。",
+};
+
+/// Kinds of treatment by the index of their option.
+struct KindOption {
+    std::int16_t kind;
+    const char *caption;
+};
+constexpr std::array<KindOption, 3> kKinds = {{{kBothKinds, "共通"}, {kMassage, "マッサージ"}, {kAcupuncture, "鍼灸"}}};
+
+/// No month comes after it, so none is in the limit.
+constexpr const char *kNoLimitMonth = "9999/12";
+
+/// The month that lies so many months after today's.
+std::string monthText(App &app, std::int32_t months)
+{
+    const Date today = app.platform.clock.today();
+    return formatText(DateSerial(Year(today), Month(today) + months, 1), "yyyy/mm", app.regional);
+}
+
+/// The conditions in words. They speak of a match of the whole text; the search looks for a part of it.
+std::string conditionsText(const SearchFilter &filter)
+{
+    std::string text = "抽出条件：";
+    if (!filter.name.empty()) text += " 名称（全文一致）=" + filter.name;
+    if (!filter.kana.empty()) text += " かな（全文一致）=" + filter.kana;
+    if (!filter.telephone.empty()) text += " TEL（全文一致）=" + filter.telephone;
+    if (filter.includeEnded != 0) text += " 施術終了患者表示 ";
+    if (filter.staffNumber > 0) text += " 担当施術者=" + filter.staffName;
+    if (filter.kind == kMassage) text += " 施術区分=マッサージ";
+    if (filter.kind == kAcupuncture) text += " 施術区分=鍼灸";
+    if (filter.number > 0) text += " 利用者ID=" + std::to_string(filter.number);
+    return text;
+}
+
+} // namespace
+
+frm患者検索::frm患者検索(App &app) : SearchForm(app, kDesign)
+{
+    addCommon();
+    addLabelled(imNum_StaffNo, "施術者");
+    addStop(cbo_Sejutusha);
+    addLabelled(btn_StaffSelect, "検索");
+    for (std::int16_t index = 0; index < opt_SejutsuKubun.count(); ++index)
+        addLabelled(opt_SejutsuKubun(index), kKinds.at(static_cast<std::size_t>(index)).caption);
+    addCommands();
+    add(lbl_1ranInf);
+    cbo_Sejutusha.onClick = [this] { trapped([this] { cbo_Sejutusha_Click(); }); };
+    btn_StaffSelect.onClick = [this] { trapped([this] { btn_StaffSelect_Click(); }); };
+}
+
+std::int16_t frm患者検索::iInit(std::int32_t nSeledCode)
+{
+    prepare(nSeledCode, SearchFilter{});
+    StartedSession own = startSession(app());
+    if (own.isConnected()) {
+        m_session = std::move(own.session);
+        return iGood;
+    }
+    // The heading of a failed connect alone has a blank.
+    const char *heading = own.step == ConnectStep::connect ? "iInit() でエラー" : "iInit()でエラー";
+    setErrStr(std::string(heading).append(kCrLf).append(own.csErrMsg));
+    return iBad;
+}
+
+void frm患者検索::vGetSeledInf(std::int32_t &nSeledCD, std::string &csSeledName, std::int32_t *iArea) const
+{
+    nSeledCD = seledCD();
+    csSeledName = seledName();
+    if (iArea != nullptr) *iArea = area();
+}
+
+void frm患者検索::readSettings()
+{
+    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);
+    m_limitMonth = kNoLimitMonth;
+    if (m_endedMonths != 0) {
+        m_limitMonth = monthText(app(), 1 - m_endedMonths);
+        chkEndKanja.Caption = monthText(app(), -m_endedMonths) + "以前に、施術の終了した利用者も表示する。";
+    }
+    spr_1ran.setColumnWidth(kAreaColumn, 0);
+}
+
+std::string frm患者検索::statement(const SearchFilter &filter) const
+{
+    return patientSearchSql(app(), filter, m_limitMonth);
+}
+
+SearchFilter frm患者検索::readFilter() const
+{
+    SearchFilter filter = SearchForm::readFilter();
+    const std::int16_t staff = cbo_Sejutusha.ListIndex;
+    if (staff > 0) {
+        filter.staffNumber = cbo_Sejutusha.ItemData(staff);
+        filter.staffName = cbo_Sejutusha.items()[static_cast<std::size_t>(staff)].text;
+    }
+    const std::int16_t kind = opt_SejutsuKubun.marked();
+    if (kind >= 0) filter.kind = kKinds.at(static_cast<std::size_t>(kind)).kind;
+    return filter;
+}
+
+void frm患者検索::showFilter(const SearchFilter &filter)
+{
+    SearchForm::showFilter(filter);
+    if (filter.staffNumber > 0)
+        selectStaff(filter.staffNumber, 1);
+    else
+        cbo_Sejutusha.ListIndex = 0;
+    for (std::int16_t index = 0; index < opt_SejutsuKubun.count(); ++index)
+        if (kKinds.at(static_cast<std::size_t>(index)).kind == filter.kind) opt_SejutsuKubun(index).Value = true;
+}
+
+void frm患者検索::showStaff(const std::vector<StaffEntry> &staff)
+{
+    cbo_Sejutusha.Clear();
+    cbo_Sejutusha.AddItem("- 指定なし -", 0);
+    for (const StaffEntry &entry : staff) cbo_Sejutusha.AddItem(entry.name, entry.nIDNo);
+    cbo_Sejutusha.ListIndex = 0;
+}
+
+void frm患者検索::clearInfo()
+{
+    lbl_1ranInf.Caption = "";
+}
+
+void frm患者検索::writeInfo(const SearchFilter &inForce)
+{
+    lbl_1ranInf.Caption =
+        formatText(app().platform.clock.now(), "hh:nn:ss", app().regional) + "  " + conditionsText(inForce);
+}
+
+void frm患者検索::cbo_Sejutusha_Click()
+{
+    if (cbo_Sejutusha.ListIndex >= 0) imNum_StaffNo.Value = cbo_Sejutusha.ItemData(cbo_Sejutusha.ListIndex);
+}
+
+void frm患者検索::btn_StaffSelect_Click()
+{
+    cls施術者検索 staff(app());
+    const std::int16_t status = staff.iDspStart();
+    if (status == kNothingChosen) return;
+    if (status != iGood) return tellStaffFailure(staff.CsErrStr());
+    imNum_StaffNo.Value = staff.nSeledCD;
+    selectStaff(staff.nSeledCD, 1);
+}
+
+bool frm患者検索::confirmEntry(const Control *active)
+{
+    return active != &imNum_StaffNo || lookUpStaff();
+}
+
+bool frm患者検索::lookUpStaff()
+{
+    const std::int32_t number = nNullToLong(imNum_StaffNo.Value, app().regional);
+    if (number == 0) {
+        cbo_Sejutusha.ListIndex = 0;
+        return true;
+    }
+    cls施術者検索 staff(app());
+    if (staff.iChkStaff(number) != iGood) {
+        tellStaffFailure(staff.CsErrStr());
+        return false;
+    }
+    selectStaff(number, 0);
+    return true;
+}
+
+void frm患者検索::tellStaffFailure(const std::string &words)
+{
+    app().platform.boxes.show("施術者の検索に失敗しました" + words, Icon::critical);
+}
+
+void frm患者検索::selectStaff(std::int32_t nIDNo, std::int16_t from)
+{
+    for (std::int16_t index = from; index < cbo_Sejutusha.ListCount(); ++index) {
+        if (cbo_Sejutusha.ItemData(index) != nIDNo) continue;
+        cbo_Sejutusha.ListIndex = index;
+        return;
+    }
+}
+
+} // namespace inin

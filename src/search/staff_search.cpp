@@ -1,0 +1,61 @@
+#include "search/staff_search.h"
+
+#include "common/helpers.h"
+#include "data/connection_settings.h"
+#include "search/search_sql.h"
+#include "shell/error_box.h"
+
+namespace inin {
+
+namespace {
+constexpr const char *kCheckHeading = "iChkStaff でエラー";
+constexpr std::int16_t kNotUsable = 1;
+} // namespace
+
+std::int16_t cls施術者検索::iDspStart(std::int16_t iKanriEnd, std::int32_t nSelEigyouCd)
+try {
+    frm施術者検索 window(m_app);
+    if (window.iInit(nSeledCD, iKanriEnd, nSelEigyouCd) != iGood) {
+        m_errStr = window.CsErrStr();
+        return iBad;
+    }
+    m_app.platform.windows.show(window, Modality::modal);
+    if (!window.isChosen()) return kNothingChosen;
+    window.vGetSeledInf(nSeledCD, m_seledName);
+    return iGood;
+} catch (const RuntimeError &error) {
+    m_errStr = numberedText(error);
+    return iBad;
+}
+
+std::int16_t cls施術者検索::iChkStaff(std::int32_t nIDNo, std::int16_t iKanriEnd)
+try {
+    StartedSession own = startSession(m_app, kCheckHeading);
+    if (!own.isConnected()) return kNotUsable;
+    m_errStr.clear();
+    std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
+    const std::string sql = staffCheckSql(m_app, nIDNo);
+    if (own.session->iOpenRecSet(*rsData, sql, adOpenForwardOnly, adLockReadOnly, adCmdText) != iGood) {
+        headingBox(m_app, kCheckHeading, own.session->sErrMsg());
+        return kNotUsable;
+    }
+    m_errStr = whyNotUsable(*rsData, iKanriEnd);
+    if (m_errStr.empty()) m_seledName = csNullRTrim(rsData->Field("cName"), m_app.regional);
+    // Whether they close or not, the answer stands.
+    static_cast<void>(own.session->iCloseRecSet(rsData));
+    static_cast<void>(own.session->iDisConnect());
+    return m_errStr.empty() ? iGood : kNotUsable;
+} catch (const RuntimeError &error) {
+    m_errStr = numberedText(error);
+    return kNotUsable;
+}
+
+/// Empty when the staff member can be used.
+std::string cls施術者検索::whyNotUsable(const Recordset &rsData, std::int16_t iKanriEnd) const
+{
+    if (rsData.isEndOfFile()) return "対象の施術者が存在しません。";
+    const bool hasEnded = nNullToLong(rsData.Field("iChusiFlg"), m_app.regional) == 1;
+    return hasEnded && iKanriEnd == 0 ? "管理対象から外れています。" : std::string();
+}
+
+} // namespace inin

@@ -1,0 +1,60 @@
+// The load of the conditions screen on a site with many staff members: the company, the store, three sessions, both
+// lists. Between the person's start of the program and the first sight of the screen stands nothing else of the core's.
+
+#include "bench/bench_site.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <chrono>
+#include <exception>
+#include <stdexcept>
+#include <vector>
+
+namespace inin::bench {
+
+namespace {
+
+constexpr std::int64_t kPatients = 300;
+constexpr std::int64_t kStaff = 5000;
+constexpr int kLoads = 21;
+
+/// Milliseconds of one load of a new screen.
+double loadOnce(App &app, std::int16_t &entries)
+{
+    frmPrintInin form(app);
+    const auto start = std::chrono::steady_clock::now();
+    form.load();
+    const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - start;
+    if (form.cmbHoken.ListIndex != 0 || form.optTgtDate.marked() != 0) throw std::runtime_error("the load failed");
+    entries = form.cbSejyutsu.ListCount();
+    return spent.count();
+}
+
+int measure()
+{
+    const BenchSite site(kPatients, kStaff);
+    BenchScreen screen(site.folder());
+    screen.form().iSavePrintSetting();
+    std::vector<double> loads;
+    std::int16_t entries = 0;
+    for (int i = 0; i < kLoads; ++i) loads.push_back(loadOnce(screen.app(), entries));
+    const double first = loads.front();
+    std::ranges::sort(loads);
+    fmt::print("bench_load: staff of the branch {}, entries of the staff list {}\n", kStaff, entries);
+    fmt::print("bench_load: {:.1f} ms a load, the first one {:.1f} ms (aim: below 50)\n", loads.at(loads.size() / 2),
+               first);
+    return 0;
+}
+
+} // namespace
+
+} // namespace inin::bench
+
+int main()
+try {
+    return inin::bench::measure();
+} catch (const std::exception &fault) {
+    fmt::print(stderr, "bench_load: {}\n", fault.what());
+    return 1;
+}

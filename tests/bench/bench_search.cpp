@@ -1,0 +1,77 @@
+// The first search of the patients' pick list, unfiltered: every row goes into the grid, for there is no limit and no
+// paging. The memory is that of a whole process with the list open, less that of one that stands at the conditions.
+
+#include "bench/bench_process.h"
+#include "bench/bench_site.h"
+#include "search/patient_search_form.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <exception>
+#include <fstream>
+#include <stdexcept>
+
+namespace inin::bench {
+
+namespace {
+
+/// Ended patients are left out of the first list, so there are a few more of them on the site.
+constexpr std::int64_t kPatients = 31000;
+constexpr int kRuns = 5;
+
+/// The child's part: prints the rows in the grid and the seconds from the window's first sight until they stand there.
+int openList(const std::string &folder)
+{
+    BenchScreen screen(folder);
+    frm患者検索 window(screen.app());
+    if (window.iInit(0) != iGood) throw std::runtime_error(window.CsErrStr());
+    window.load();
+    const auto start = std::chrono::steady_clock::now();
+    window.Form_Activate();
+    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
+    fmt::print("{} {:.4f}\n", window.spr_1ran.RowCount(), spent.count());
+    return 0;
+}
+
+/// The other child's part: everything that the program has open before the window.
+int standIdle(const std::string &folder)
+{
+    const BenchScreen screen(folder);
+    return 0;
+}
+
+int measure(const std::string &self)
+{
+    const BenchSite site(kPatients);
+    const auto output = (site.folder() / "bench.out").string();
+    const Spent idle = runProcess({self, "idle", site.folder().string()}, output);
+    std::vector<Spent> runs;
+    std::int64_t rows = 0;
+    for (int run = 0; run < kRuns; ++run) {
+        Spent spent = runProcess({self, "open", site.folder().string()}, output);
+        std::ifstream(output) >> rows >> spent.seconds;
+        runs.push_back(spent);
+    }
+    const Spent median = medianOf(runs);
+    fmt::print("bench_search: {} patients in the first list, {:.3f} s (aim: 30000 in under 0.4)\n", rows,
+               median.seconds);
+    fmt::print("bench_search: {:.1f} MB over the idle program's {:.1f} (aim: under 60)\n",
+               median.megabytes - idle.megabytes, idle.megabytes);
+    return 0;
+}
+
+} // namespace
+
+} // namespace inin::bench
+
+int main(int argc, char **argv)
+try {
+    const std::vector<std::string> arguments(argv, argv + argc);
+    if (arguments.size() == 3 && arguments[1] == "open") return inin::bench::openList(arguments[2]);
+    if (arguments.size() == 3 && arguments[1] == "idle") return inin::bench::standIdle(arguments[2]);
+    return inin::bench::measure(arguments[0]);
+} catch (const std::exception &fault) {
+    fmt::print(stderr, "bench_search: {}\n", fault.what());
+    return 1;
+}

@@ -1,0 +1,163 @@
+#include "platform/grid.h"
+
+#include "runtime/runtime_error.h"
+
+#include <doctest/doctest.h>
+
+#include <functional>
+#include <string>
+
+using namespace inin;
+
+namespace {
+
+/// A grid of a number and a text column with two rows.
+struct GridFixture {
+    Grid grid{"spr_1ran", {{"ID No.", Grid::CellKind::number, 8}, {"利用者氏名", Grid::CellKind::text, 16}}};
+    int told = 0;
+
+    GridFixture()
+    {
+        grid.setRowCount(2);
+        grid.watch([this] { ++told; });
+    }
+    void fill()
+    {
+        grid.setNumber(1, 1, 21);
+        grid.setText(1, 2, "青木 一郎");
+        grid.setNumber(2, 1, -2147483647 - 1);
+        grid.setText(2, 2, "髙橋");
+    }
+};
+
+std::int32_t errorOf(const std::function<void()> &call)
+try {
+    call();
+    return 0;
+} catch (const RuntimeError &error) {
+    return error.number();
+}
+
+} // namespace
+
+TEST_CASE("a grid holds numbers and texts by row and column from 1")
+{
+    GridFixture fixture;
+    fixture.fill();
+    CHECK(fixture.grid.RowCount() == 2);
+    CHECK(fixture.grid.ColumnCount() == 2);
+    CHECK(fixture.grid.number(1, 1) == 21);
+    CHECK(fixture.grid.text(1, 1) == "21");
+    CHECK(fixture.grid.text(1, 2) == "青木 一郎");
+    CHECK(fixture.grid.number(2, 1) == -2147483647 - 1);
+    CHECK(fixture.grid.text(2, 1) == "-2147483648");
+    CHECK(fixture.grid.text(2, 2) == "髙橋");
+}
+
+TEST_CASE("new rows are blank, and rows that stay keep their cells")
+{
+    GridFixture fixture;
+    fixture.fill();
+    fixture.grid.setRowCount(1);
+    fixture.grid.setRowCount(3);
+    CHECK(fixture.grid.text(1, 2) == "青木 一郎");
+    CHECK(fixture.grid.number(2, 1) == 0);
+    CHECK(fixture.grid.text(3, 2).empty());
+}
+
+TEST_CASE("a text replaces another one, and a number in a text column is its digits")
+{
+    GridFixture fixture;
+    fixture.fill();
+    fixture.grid.setText(1, 2, "井上");
+    CHECK(fixture.grid.text(1, 2) == "井上");
+    CHECK(fixture.grid.text(2, 2) == "髙橋");
+    fixture.grid.setText(1, 2, "");
+    CHECK(fixture.grid.text(1, 2).empty());
+    fixture.grid.setNumber(1, 2, 5);
+    CHECK(fixture.grid.text(1, 2) == "5");
+    CHECK(fixture.grid.number(1, 2) == 0);
+}
+
+TEST_CASE("a row or column that the grid lacks is error 9, a text in a number column error 13")
+{
+    GridFixture fixture;
+    Grid &grid = fixture.grid;
+    CHECK(errorOf([&] { grid.setNumber(0, 1, 1); }) == 9);
+    CHECK(errorOf([&] { grid.setNumber(3, 1, 1); }) == 9);
+    CHECK(errorOf([&] { grid.setText(1, 3, ""); }) == 9);
+    CHECK(errorOf([&] { grid.setText(1, 0, ""); }) == 9);
+    CHECK(errorOf([&] { static_cast<void>(grid.number(-1, 1)); }) == 9);
+    CHECK(errorOf([&] { static_cast<void>(grid.text(1, 3)); }) == 9);
+    CHECK(errorOf([&] { grid.setRowCount(-1); }) == 9);
+    CHECK(errorOf([&] { grid.setColumnWidth(3, 1); }) == 9);
+    CHECK(errorOf([&] { grid.showRow(0); }) == 9);
+    CHECK(errorOf([&] { grid.showRow(3); }) == 9);
+    CHECK(errorOf([&] { grid.ActiveRow = 3; }) == 9);
+    CHECK(errorOf([&] { grid.ActiveRow = -1; }) == 9);
+    CHECK(errorOf([&] { grid.setText(1, 1, "x"); }) == 13);
+    CHECK(grid.ActiveRow == 0);
+}
+
+TEST_CASE("a row that goes away takes the choice with it, one that stays keeps it")
+{
+    GridFixture fixture;
+    fixture.grid.ActiveRow = 2;
+    fixture.grid.setRowCount(5);
+    CHECK(fixture.grid.ActiveRow == 2);
+    fixture.grid.setRowCount(1);
+    CHECK(fixture.grid.ActiveRow == 0);
+}
+
+TEST_CASE("the row in sight is kept until the rows are cleared")
+{
+    GridFixture fixture;
+    fixture.grid.showRow(2);
+    CHECK(fixture.grid.RowInSight() == 2);
+    CHECK(fixture.told == 1);
+    fixture.grid.setRowCount(0);
+    CHECK(fixture.grid.RowInSight() == 0);
+}
+
+TEST_CASE("each change is told while the grid is drawn, and all of them at once when it is drawn again")
+{
+    GridFixture fixture;
+    fixture.fill();
+    CHECK(fixture.told == 4);
+    fixture.grid.ReDraw = false;
+    const int before = fixture.told;
+    const std::uint64_t revision = fixture.grid.revision();
+    fixture.fill();
+    fixture.grid.setRowCount(3);
+    fixture.grid.showRow(3);
+    CHECK(fixture.told == before);
+    CHECK(fixture.grid.revision() > revision);
+    fixture.grid.ReDraw = true;
+    CHECK(fixture.told == before + 1);
+}
+
+TEST_CASE("a width is a column's own, and 0 hides it")
+{
+    GridFixture fixture;
+    fixture.grid.setColumnWidth(1, 0);
+    CHECK(fixture.grid.columns()[0].width == 0);
+    CHECK(fixture.grid.columns()[1].width == 16);
+    CHECK(fixture.told == 1);
+}
+
+TEST_CASE("a form's grid is found, and a form without one has none")
+{
+    struct GridForm : Form {
+        GridForm() : Form("frm")
+        {
+            add(label);
+            add(grid);
+        }
+        Label label{"lbl"};
+        Grid grid{"spr", {}};
+    };
+    const GridForm form;
+    CHECK(gridOf(form) == &form.grid);
+    const Form bare("frmBare");
+    CHECK(gridOf(bare) == nullptr);
+}

@@ -1,0 +1,324 @@
+// How the conditions screen picks a staff member and a patient.
+
+#include "platform/grid.h"
+#include "printing/print_form.h"
+#include "support/fake_platform.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+
+namespace {
+
+constexpr std::int16_t kReturnKey = 13;
+
+FakeResult answerOf(std::vector<std::string> columns, std::vector<std::vector<Variant>> rows)
+{
+    FakeResult result;
+    result.columns = std::move(columns);
+    result.rows = std::move(rows);
+    return result;
+}
+
+/// A screen with the staff 11 and 12 in its list, in front of a database with the staff 11, 12 and 77 and the patients
+/// 21 and 22.
+struct SelectionFixture {
+    FakeWorld world;
+    frmPrintInin form{world.app};
+
+    SelectionFixture()
+    {
+        form.cbSejyutsu.AddItem("－ 指定なし －", -1);
+        form.cbSejyutsu.AddItem("佐藤 花子", 11);
+        form.cbSejyutsu.AddItem("鈴木 次郎", 12);
+        form.cbSejyutsu.ListIndex = std::int16_t{0};
+        const FakeResult staff = answerOf({"nIDNo", "cName", "cNameKana"}, {{std::int32_t{11}, "佐藤 花子", "ｻﾄｳ"},
+                                                                            {std::int32_t{12}, "鈴木 次郎", "ｽｽﾞｷ"},
+                                                                            {std::int32_t{77}, "新人 五郎", "ｼﾝｼﾞﾝ"}});
+        answer("FROM STAFF  WHERE nIDNo >= 0", staff);
+        answer(")staff", staff);
+        const auto patient = [](std::int32_t nIDNo, const char *name) {
+            return std::vector<Variant>{std::int16_t{1}, std::int16_t{2}, nIDNo, name, "", "", "", "", ""};
+        };
+        answer("FROM RIYOUSHA  WHERE", answerOf({"iKyotenCd", "iKyotenEb", "nIDNo", "cName", "cNameKana", "cNameRyaku",
+                                                 "cTelNo", "cAdress1", "cAdress2"},
+                                                {patient(21, "青木 一郎"), patient(22, "髙橋 﨑子")}));
+    }
+    void answer(const char *part, const FakeResult &result)
+    {
+        world.database.resultsByText.insert(world.database.resultsByText.begin(), {part, result});
+    }
+    void checkAnswers(const std::vector<std::vector<Variant>> &rows)
+    {
+        answer("SELECT cName, iChusiFlg", answerOf({"cName", "iChusiFlg"}, rows));
+    }
+    /// In the window that opens next, the user double clicks this row.
+    void chooseRow(std::int32_t row)
+    {
+        world.windows.acts.push_back([row](Form &window) { gridOf(window)->onDblClick(row); });
+    }
+    void returnIn(NumberBox &box, const Variant &value)
+    {
+        box.Value = value;
+        form.key(&box, kReturnKey);
+    }
+    [[nodiscard]] std::string lastSql() const
+    {
+        for (auto line = world.database.log.rbegin(); line != world.database.log.rend(); ++line)
+            if (line->starts_with("sql ")) return line->substr(line->find(' ', 4) + 1);
+        return {};
+    }
+};
+
+const Variant kNoNumber{Null{}};
+
+Variant number(std::int32_t value)
+{
+    return value;
+}
+
+} // namespace
+
+TEST_CASE("the staff button shows the staff window and puts the choice into box and list")
+{
+    SelectionFixture screen;
+    screen.chooseRow(2);
+    screen.form.btn_StaffSelect.onClick();
+    CHECK(screen.world.windows.log.front() == "show frm施術者検索");
+    CHECK(screen.form.imNum_StaffNo.Value.get() == number(12));
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+}
+
+TEST_CASE("a staff window that is left changes nothing on the screen")
+{
+    SelectionFixture screen;
+    screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
+    screen.form.btn_StaffSelect.onClick();
+    CHECK(screen.form.imNum_StaffNo.Value.get() == number(11));
+    CHECK(screen.form.cbSejyutsu.ListIndex == 1);
+    CHECK(screen.world.boxes.shown.empty());
+}
+
+TEST_CASE("a picked staff member whom the list lacks stands in the box, and the list disagrees")
+{
+    SelectionFixture screen;
+    screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
+    screen.chooseRow(3);
+    screen.form.btn_StaffSelect.onClick();
+    CHECK(screen.form.imNum_StaffNo.Value.get() == number(77));
+    CHECK(screen.form.cbSejyutsu.ListIndex == 1);
+}
+
+TEST_CASE("the staff window shows ended staff when the screen counts them, and never asks for a consultation")
+{
+    SelectionFixture screen;
+    screen.form.btn_StaffSelect.onClick();
+    CHECK(screen.lastSql().find(" where (iChusiFlg = 0 OR iChusiFlg IS NULL) and") != std::string::npos);
+    screen.form.chkChushi.onClick = nullptr;
+    screen.form.chkChushi.Value = 1;
+    screen.form.btn_StaffSelect.onClick();
+    CHECK(screen.lastSql().find("iChusiFlg") == std::string::npos);
+    CHECK(screen.lastSql().find("soudan") == std::string::npos);
+}
+
+TEST_CASE("a staff search without box and list gives back the number, and -1 when it is left")
+{
+    SelectionFixture screen;
+    screen.chooseRow(2);
+    CHECK(screen.form.iSelectStaff() == 12);
+    CHECK(screen.form.cbSejyutsu.ListIndex == 0);
+    CHECK(screen.form.iSelectStaff() == -1);
+    screen.chooseRow(1);
+    CHECK(screen.form.iSelectStaff(&screen.form.imNum_CD) == 11);
+    CHECK(screen.form.imNum_CD.Value.get() == number(11));
+    screen.chooseRow(2);
+    CHECK(screen.form.iSelectStaff(nullptr, &screen.form.cbSejyutsu) == 12);
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+}
+
+namespace {
+/// Every box of a failing window fails itself, so that the failure reaches the front class.
+void failBoxes(FakeWorld &world, int count)
+{
+    world.boxes.onShow = [left = count](const ShownBox &) mutable {
+        if (left-- > 0) throw RuntimeError(error_number::outOfMemory);
+    };
+}
+FakeResult failure()
+{
+    FakeResult result;
+    result.error = ado_error::faultyStatement;
+    return result;
+}
+} // namespace
+
+TEST_CASE("a staff search that fails is told in the words of its class and gives -1")
+{
+    SelectionFixture screen;
+    screen.answer("FROM STAFF  WHERE nIDNo >= 0", failure());
+    failBoxes(screen.world, 3);
+    CHECK(screen.form.iSelectStaff(&screen.form.imNum_StaffNo, &screen.form.cbSejyutsu) == -1);
+    REQUIRE_FALSE(screen.world.boxes.shown.empty());
+    CHECK(screen.world.boxes.shown.back() ==
+          ShownBox{"施術者の検索に失敗しました(7)メモリが不足しています。", Icon::critical, ""});
+}
+
+TEST_CASE("the return key in an empty staff number, or in 0, chooses nobody without a look-up")
+{
+    for (const Variant &value : {kNoNumber, number(0)}) {
+        SelectionFixture screen;
+        screen.form.cbSejyutsu.ListIndex = std::int16_t{2};
+        screen.returnIn(screen.form.imNum_StaffNo, value);
+        CHECK(screen.form.cbSejyutsu.ListIndex == 0);
+        CHECK(screen.world.database.log.empty());
+    }
+}
+
+TEST_CASE("the return key in a staff number chooses the entry of a usable one")
+{
+    SelectionFixture screen;
+    screen.checkAnswers({{"鈴木 次郎", Null{}}});
+    screen.returnIn(screen.form.imNum_StaffNo, number(12));
+    CHECK(screen.lastSql() ==
+          "SELECT cName, iChusiFlg FROM STAFF  WHERE nIDNo = 12 AND iKyotenCd = 1 AND iKyotenEb = 2");
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+    CHECK(screen.world.boxes.shown.empty());
+}
+
+TEST_CASE("a usable staff number that the list lacks leaves the list as it is")
+{
+    SelectionFixture screen;
+    screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
+    screen.checkAnswers({{"新人 五郎", std::int16_t{0}}});
+    CHECK(screen.form.iChkStaffNo(77, screen.form.cbSejyutsu) == 0);
+    CHECK(screen.form.cbSejyutsu.ListIndex == 1);
+}
+
+TEST_CASE("a staff number that does not exist is told, and box and list stay")
+{
+    SelectionFixture screen;
+    screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
+    screen.checkAnswers({});
+    screen.returnIn(screen.form.imNum_StaffNo, number(99));
+    CHECK(screen.world.boxes.shown ==
+          std::vector{ShownBox{"施術者の検索に失敗しました対象の施術者が存在しません。", Icon::critical, ""}});
+    CHECK(screen.form.imNum_StaffNo.Value.get() == number(99));
+    CHECK(screen.form.cbSejyutsu.ListIndex == 1);
+    CHECK(screen.form.iChkStaffNo(99, screen.form.cbSejyutsu) == -1);
+}
+
+TEST_CASE("an ended staff number is usable only when the screen counts ended staff")
+{
+    SelectionFixture screen;
+    screen.checkAnswers({{"鈴木 次郎", std::int16_t{1}}});
+    CHECK(screen.form.iChkStaffNo(12, screen.form.cbSejyutsu) == -1);
+    CHECK(screen.form.cbSejyutsu.ListIndex == 0);
+    CHECK(screen.world.boxes.shown.back().text == "施術者の検索に失敗しました管理対象から外れています。");
+    screen.form.chkChushi.onClick = nullptr;
+    screen.form.chkChushi.Value = 1;
+    CHECK(screen.form.iChkStaffNo(12, screen.form.cbSejyutsu) == 0);
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+}
+
+TEST_CASE("a lost connection in the check is told twice: why, and that the search failed")
+{
+    SelectionFixture screen;
+    screen.world.database.connectError = ado_error::unspecified;
+    screen.returnIn(screen.form.imNum_StaffNo, number(12));
+    CHECK(screen.world.boxes.shown ==
+          std::vector{ShownBox{"iChkStaff でエラー\r\n(-2147467259)接続できません。", Icon::critical, ""},
+                      ShownBox{"施術者の検索に失敗しました", Icon::critical, ""}});
+}
+
+TEST_CASE("a run-time error in the choosing of a number is a box without icon")
+{
+    SelectionFixture screen;
+    screen.form.cbSejyutsu.Clear(); // number 0 chooses the first entry, and there is none
+    screen.returnIn(screen.form.imNum_StaffNo, number(0));
+    CHECK(screen.world.boxes.shown.size() == 1);
+    CHECK(screen.world.boxes.shown[0].text.starts_with("施術者の検索に失敗しました！\r\r(380)"));
+    CHECK(screen.world.boxes.shown[0].icon == Icon::none);
+}
+
+TEST_CASE("a run-time error in the return key of the staff number is told by its text alone")
+{
+    SelectionFixture screen;
+    screen.returnIn(screen.form.imNum_StaffNo, Variant("十二"));
+    CHECK(screen.world.boxes.shown == std::vector{ShownBox{"Error:型が一致しません。", Icon::none, ""}});
+}
+
+TEST_CASE("other keys than return look nothing up")
+{
+    SelectionFixture screen;
+    screen.form.imNum_StaffNo.Value = number(12);
+    screen.form.key(&screen.form.imNum_StaffNo, 50);
+    screen.form.key(&screen.form.imNum_CD, 50); // also in an empty box
+    CHECK(screen.world.database.log.empty());
+    CHECK(screen.form.cbSejyutsu.ListIndex == 0);
+}
+
+TEST_CASE("a picked patient stands on the screen by number and name")
+{
+    SelectionFixture screen;
+    screen.chooseRow(2);
+    screen.form.btn_KanjaSelect.onClick();
+    CHECK(screen.form.imNum_CD.Value.get() == number(22));
+    CHECK(screen.form.lbl_SelKanja.Caption.get() == "髙橋 﨑子");
+}
+
+TEST_CASE("a patient window that is left means everybody: number 0, no empty box")
+{
+    SelectionFixture screen;
+    screen.form.imNum_CD.Value = number(21);
+    screen.form.lbl_SelKanja.Caption = "青木 一郎";
+    screen.form.btn_KanjaSelect.onClick();
+    CHECK(screen.form.imNum_CD.Value.get() == number(0));
+    CHECK(screen.form.lbl_SelKanja.Caption.get() == "(全員)");
+}
+
+TEST_CASE("a patient search that fails is told, and number and name stay")
+{
+    SelectionFixture screen;
+    screen.form.imNum_CD.Value = number(21);
+    screen.form.lbl_SelKanja.Caption = "青木 一郎";
+    screen.world.database.connectError = ado_error::unspecified;
+    screen.form.btn_KanjaSelect.onClick();
+    CHECK(screen.world.boxes.shown ==
+          std::vector{ShownBox{"患者の検索に失敗しましたiInit() でエラー\r\n(-2147467259)接続できません。",
+                               Icon::critical, ""}});
+    CHECK(screen.form.imNum_CD.Value.get() == number(21));
+    CHECK(screen.form.lbl_SelKanja.Caption.get() == "青木 一郎");
+}
+
+TEST_CASE("a run-time error in the patient search is a box without icon, with its number")
+{
+    SelectionFixture screen;
+    screen.chooseRow(1);
+    screen.form.lbl_SelKanja.watch([] { throw RuntimeError(error_number::outOfMemory); });
+    screen.form.btn_KanjaSelect.onClick();
+    CHECK(screen.world.boxes.shown == std::vector{ShownBox{"(7)メモリが不足しています。", Icon::none, ""}});
+}
+
+TEST_CASE("the return key in a patient number shows the name, or nothing for an unknown number")
+{
+    SelectionFixture screen;
+    screen.answer("SELECT * FROM RIYOUSHA WHERE nIDNo = 21 ",
+                  answerOf({"nIDNo", "cName"}, {{std::int32_t{21}, " 青木 一郎 "}}));
+    screen.returnIn(screen.form.imNum_CD, number(21));
+    CHECK(screen.form.lbl_SelKanja.Caption.get() == "青木 一郎");
+    screen.returnIn(screen.form.imNum_CD, number(99));
+    CHECK(screen.form.lbl_SelKanja.Caption.get().empty());
+    CHECK(screen.world.boxes.shown.empty());
+}
+
+TEST_CASE("the return key in an empty patient number is an error that nothing traps")
+{
+    SelectionFixture screen;
+    try {
+        screen.returnIn(screen.form.imNum_CD, kNoNumber);
+        FAIL("no error");
+    } catch (const RuntimeError &error) {
+        CHECK(error.number() == 94);
+    }
+    CHECK(screen.world.boxes.shown.empty());
+}
