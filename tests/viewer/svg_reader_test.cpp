@@ -264,3 +264,32 @@ TEST_CASE("only what begins as XML is taken for a form document")
         CHECK_FALSE(looksLikeXml(no));
     }
 }
+
+TEST_CASE("what is too far out or too large to be drawn is told and left out")
+{
+    const FormDocument form =
+        readPage("<rect width='1e300' height='5'/><g transform='scale(1e200)'><g transform='scale(1e200)'>"
+                 "<path d='M1 1L2 2' stroke='black'/><text>x</text></g></g>"
+                 "<text x='1e12'>y</text><text style='font-size:-4px'>z</text><text style='font-size:0'>0</text>");
+    CHECK(form.commands.empty());
+    CHECK(form.notices == std::vector<std::string>{"ページから遠く離れた図形や大きすぎる図形は表示しません。",
+                                                   "ページから遠く離れた文字や大きすぎる文字は表示しません。"});
+}
+
+TEST_CASE("a path of millions of steps ends where no drawing goes")
+{
+    std::string data = "M0 0";
+    for (int i = 0; i < 1'000'000; ++i) data += "l1 0";
+    CHECK(readPathData(data).size() == 200'000);
+}
+
+TEST_CASE("a least size beyond the size or of nothing is brought into bounds")
+{
+    for (const char *size : {"0", "-3", "99"}) {
+        const FormDocument form =
+            readPage("<rect id='b' width='9' height='9' fill='none'/><text data-box='b' data-min-size='" +
+                     std::string(size) + "' style='font-size:4px'>x</text>");
+        CHECK(textAt(form, 0).fit->smallest > 0);
+        CHECK(textAt(form, 0).fit->smallest <= 4 * kMm + 0.001);
+    }
+}

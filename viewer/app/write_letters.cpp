@@ -73,6 +73,7 @@ void writeLetters(const ViewCommand &command)
     LetterPress press(set, fonts);
     const std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
     for (const std::string &notice : fonts.notices()) tell(notice);
+    for (const std::string &notice : press.formNotices()) tell(notice);
     tellFaults(set, letters);
     press.onMarks = [&](std::size_t letter, const auto &marks) { tellMarks(press, letter, marks); };
     if (!command.pdf.empty()) {

@@ -1,6 +1,7 @@
 #include "viewer/document/letter_press.h"
 
 #include "runtime/runtime_error.h"
+#include "viewer/document/mark_text.h"
 #include "viewer/form/listing_form.h"
 
 #include <fmt/format.h>
@@ -48,6 +49,18 @@ LetterPress::LetterPress(const LetterSet &set, Fonts &fonts)
 }
 
 LetterPress::~LetterPress() = default;
+
+std::vector<std::string> LetterPress::formNotices() const
+{
+    std::vector<std::string> notices;
+    for (std::size_t i = 0; i < m_layouts.size(); ++i) {
+        const std::vector<char32_t> &missing = m_layouts[i]->missingInForm();
+        if (!missing.empty())
+            notices.push_back(fmt::format("「{}」：帳票の文字のうち、書体にないものがあります：{}",
+                                          m_set.reports[i].formPath, charactersText(missing)));
+    }
+    return notices;
+}
 
 Point LetterPress::paperSize() const
 {

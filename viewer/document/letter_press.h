@@ -20,6 +20,8 @@ public:
     ~LetterPress();
 
     [[nodiscard]] const LetterSet &set() const { return m_set; }
+    /// A sentence for each form that has characters of its own which the font lacks.
+    [[nodiscard]] std::vector<std::string> formNotices() const;
     /// Size of the paper in points.
     [[nodiscard]] Point paperSize() const;
     /// From the form's page to the paper: scaled to the paper when that is another size, moved by the offsets.

@@ -18,7 +18,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::size_t kLargestScript = std::size_t{1} << 22;
-constexpr std::size_t kLargestForm = std::size_t{1} << 25;
+constexpr std::size_t kLargestForm = std::size_t{1} << 23;
 constexpr int kMostReports = 100;
 
 /// A merger is started just before the viewer, and nothing makes the viewer wait for it: its result may come late.

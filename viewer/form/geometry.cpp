@@ -91,6 +91,8 @@ Box boundsOf(const Path &path)
     double left = kFar, top = kFar, right = -kFar, bottom = -kFar;
     for (const PathStep &step : path) {
         for (std::size_t i = 0; i < pointsOf(step.kind); ++i) {
+            // A point that is no number would be lost in the comparisons below.
+            if (!std::isfinite(step.points[i].x) || !std::isfinite(step.points[i].y)) return {-kFar, -kFar, kFar, kFar};
             left = std::min(left, step.points[i].x);
             right = std::max(right, step.points[i].x);
             top = std::min(top, step.points[i].y);
@@ -99,6 +101,13 @@ Box boundsOf(const Path &path)
     }
     if (left > right) return {};
     return {left, top, right - left, bottom - top};
+}
+
+bool isDrawable(const Box &box)
+{
+    constexpr double kFarthest = 1e6;
+    const auto isNear = [](double place) { return std::abs(place) < kFarthest; };
+    return isNear(box.left) && isNear(box.top) && isNear(box.right()) && isNear(box.bottom());
 }
 
 } // namespace inin::viewer

@@ -44,5 +44,7 @@ void transformPath(Path &path, const Affine &by);
 [[nodiscard]] Path ellipsePath(Point centre, double radiusX, double radiusY);
 /// The smallest upright box around the path's points.
 [[nodiscard]] Box boundsOf(const Path &path);
+/// True for a box near enough to a page that it can be drawn at all; no page is a hundredth as large.
+[[nodiscard]] bool isDrawable(const Box &box);
 
 } // namespace inin::viewer

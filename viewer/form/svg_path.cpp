@@ -19,6 +19,9 @@ double angleOf(double ux, double uy, double vx, double vy)
     return std::atan2(ux * vy - uy * vx, ux * vx + uy * vy);
 }
 
+/// More than any drawing of a form has; a path goes no further.
+constexpr std::size_t kMostSteps = 200'000;
+
 /// An arc of an ellipse between two points, as curves of at most a quarter each.
 /// The centre follows from the ends as the SVG 1.1 recommendation derives it (appendix F.6).
 struct Arc {
@@ -79,7 +82,7 @@ public:
     Path read()
     {
         char command = 0;
-        while (!m_scan.atEnd()) {
+        while (!m_scan.atEnd() && m_path.size() < kMostSteps) {
             const auto letter = m_scan.letter();
             if (letter) command = *letter;
             if (!letter && (command == 'Z' || command == 'z')) break; // a number behind a close belongs to nothing

@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::string_view kSvgSpace = "http://www.w3.org/2000/svg";
 constexpr double kPointsPerPixel = 0.75;
+constexpr const char *kFarOut = "ページから遠く離れた図形や大きすぎる図形は表示しません。";
 constexpr double kLargestPage = 14400; ///< points, as far as a PDF page goes
 
 /// Elements that draw nothing by themselves, with what is told about them; empty for those that a form may well have.
@@ -193,6 +194,10 @@ private:
     void draw(Path path, const Level &level, std::string_view id)
     {
         transformPath(path, level.place);
+        if (!isDrawable(boundsOf(path))) {
+            tell(kFarOut);
+            return;
+        }
         if (!id.empty()) m_boxes[std::string(id)] = boundsOf(path);
         const double scale = level.place.scale();
         PathCommand command{std::move(path), level.style.fillOnPaper(), level.style.evenOdd, {}};

@@ -139,7 +139,9 @@ FitRule SvgText::readFit(const SvgStyle &style) const
     fit.lines = static_cast<int>(numberOf(wish("lines"), 1, 1, kMostLines));
     fit.leading = numberOf(wish("leading"), fit.leading, 0.5, 5);
     fit.narrowest = numberOf(wish("narrowest"), fit.narrowest, 0.3, 1);
-    fit.smallest = m_place.scale() * numberOf(wish("min-size"), style.fontSize * kSmallestShare, 0.1, style.fontSize);
+    const double smallest = readLength(wish("min-size")).value_or(style.fontSize * kSmallestShare);
+    // A floor of nothing would let the walk to it go on for ever.
+    fit.smallest = m_place.scale() * std::clamp(smallest, style.fontSize / 20, style.fontSize);
     if (wish("valign") == "top") fit.vertical = Vertical::top;
     if (wish("valign") == "bottom") fit.vertical = Vertical::bottom;
     return fit;
@@ -150,12 +152,18 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
     const SvgStyle &style = line.parts.front().style;
     const auto color = style.fillOnPaper();
     const double scale = m_place.scale();
-    if (!color || text.empty() || !(scale > 0)) return;
+    const double size = style.fontSize * scale;
+    if (!color || text.empty() || !(size > 0)) return;
+    const Point start = m_place({line.x, line.y});
+    if (!isDrawable({start.x, start.y, size, size})) {
+        m_tell("ページから遠く離れた文字や大きすぎる文字は表示しません。");
+        return;
+    }
     TextCommand command;
     command.id = m_id;
     command.pieces = readPieces(text);
     command.family = style.family;
-    command.size = style.fontSize * scale;
+    command.size = size;
     command.color = *color;
     command.spacing = style.spacing * scale;
     command.anchor = style.anchor;
