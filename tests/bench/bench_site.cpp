@@ -40,6 +40,11 @@ public:
     throw std::runtime_error("unexpected end of the process");
 }
 
+std::unique_ptr<Database> embeddedIn(const fs::path &folder)
+{
+    return makeSqliteDatabase([folder](const std::string &path) { return (folder / path).string(); });
+}
+
 } // namespace
 
 BenchSite::BenchSite(std::int64_t patients, std::int64_t staff)
@@ -58,11 +63,10 @@ BenchSite::~BenchSite()
 }
 
 struct BenchScreen::Parts {
-    explicit Parts(const fs::path &folder)
-        : database(makeSqliteDatabase([folder](const std::string &path) { return (folder / path).string(); })),
-          profile(makePosixProfile()), files(makePosixFiles(folder.string())),
-          processes(makePosixProcesses(unexpectedEnd)), clock(makePosixClock()), locale(makePosixLocale()),
-          automation(makeNoAutomation()),
+    Parts(const fs::path &folder, std::unique_ptr<Database> own)
+        : database(own ? std::move(own) : embeddedIn(folder)), profile(makePosixProfile()),
+          files(makePosixFiles(folder.string())), processes(makePosixProcesses(unexpectedEnd)), clock(makePosixClock()),
+          locale(makePosixLocale()), automation(makeNoAutomation()),
           app(Platform{boxes, windows, *database, *profile, *files, *processes, *clock, *locale, *automation})
     {
     }
@@ -80,7 +84,8 @@ struct BenchScreen::Parts {
     std::unique_ptr<frmPrintInin> form;
 };
 
-BenchScreen::BenchScreen(const fs::path &folder) : m_parts(std::make_unique<Parts>(folder))
+BenchScreen::BenchScreen(const fs::path &folder, std::unique_ptr<Database> database)
+    : m_parts(std::make_unique<Parts>(folder, std::move(database)))
 {
     m_parts->app.gcsAppPath = folder.string();
     m_parts->app.iKyotenCd = 1;

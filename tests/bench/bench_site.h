@@ -30,7 +30,8 @@ private:
 /// head office, month start to month end, automatic signature.
 class BenchScreen {
 public:
-    explicit BenchScreen(const std::filesystem::path &folder);
+    /// Without a database of its own it uses the embedded one of the folder.
+    explicit BenchScreen(const std::filesystem::path &folder, std::unique_ptr<Database> database = nullptr);
     ~BenchScreen();
     BenchScreen(const BenchScreen &) = delete;
     BenchScreen &operator=(const BenchScreen &) = delete;

@@ -103,6 +103,23 @@ TEST_CASE("a command line without sense is refused with a sentence")
     }
 }
 
+TEST_CASE("make takes a server's database with a folder or without one")
+{
+    const auto both = std::get<MakeCommand>(read({"make", "here", "--into", "DSN=massage;PWD=x"}));
+    CHECK(both.folder == "here");
+    CHECK(both.into == "DSN=massage;PWD=x");
+    const auto rowsOnly = std::get<MakeCommand>(read({"make", "--into", "DSN=massage", "--patients", "20"}));
+    CHECK(rowsOnly.folder.empty());
+    CHECK(rowsOnly.order.patients == 20);
+    CHECK(std::get<MakeCommand>(read({"make", "here"})).into.empty());
+}
+
+TEST_CASE("an empty connection string is refused")
+{
+    CHECK(sentenceOf(read({"make", "--into", ""})) == "--into には接続文字列を指定してください。");
+    CHECK(sentenceOf(read({"make", "", "--into", "DSN=massage"})) == "フォルダーを指定してください。");
+}
+
 TEST_CASE("an empty folder name is refused")
 {
     CHECK(sentenceOf(read({"make", ""})) == "フォルダーを指定してください。");

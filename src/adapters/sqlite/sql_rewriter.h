@@ -1,8 +1,8 @@
 #pragma once
 
+#include "adapters/common/sql_tokenizer.h"
 #include "adapters/sqlite/sql_names.h"
 #include "adapters/sqlite/sql_schema.h"
-#include "adapters/sqlite/sql_tokenizer.h"
 #include "adapters/sqlite/sql_translator.h"
 
 #include <cstddef>

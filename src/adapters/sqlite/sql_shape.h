@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/sqlite/sql_tokenizer.h"
+#include "adapters/common/sql_tokenizer.h"
 
 #include <cstdint>
 #include <string>

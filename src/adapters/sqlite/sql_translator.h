@@ -1,7 +1,7 @@
 #pragma once
 
+#include "adapters/common/sql_tokenizer.h"
 #include "adapters/sqlite/sql_schema.h"
-#include "adapters/sqlite/sql_tokenizer.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,6 @@
 #include "adapters/sqlite/sqlite_error.h"
 
 #include "adapters/sqlite/japanese_text.h"
-#include "runtime/runtime_error.h"
 
 #include <sqlite3.h>
 
@@ -64,22 +63,6 @@ ProviderError providerError(std::int32_t number, std::string_view sqlState, std:
                             std::int32_t nativeError)
 {
     return {number, std::move(description), "SQLite", std::string(sqlState), nativeError};
-}
-
-void raise(std::vector<ProviderError> &errors, ProviderError error)
-{
-    errors.assign(1, error);
-    throw RuntimeError(error.Number, error.Description);
-}
-
-void raiseClosed()
-{
-    throw RuntimeError(error_number::closedObject);
-}
-
-void raiseOpen()
-{
-    throw RuntimeError(error_number::openObject);
 }
 
 } // namespace inin

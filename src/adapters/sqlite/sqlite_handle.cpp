@@ -1,7 +1,7 @@
 #include "adapters/sqlite/sqlite_handle.h"
 
+#include "adapters/common/sql_tokenizer.h"
 #include "adapters/sqlite/sql_shape.h"
-#include "adapters/sqlite/sql_tokenizer.h"
 #include "adapters/sqlite/sql_translator.h"
 #include "adapters/sqlite/sqlite_error.h"
 #include "adapters/sqlite/sqlite_functions.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/common/ado_error.h"
 #include "adapters/sqlite/file_identity.h"
 #include "adapters/sqlite/sql_schema.h"
 #include "adapters/sqlite/sqlite_statement.h"
@@ -20,9 +21,6 @@ namespace inin {
 
 struct SqlShape;
 struct Token;
-
-/// ADO's own default, in seconds.
-inline constexpr std::int32_t kDefaultCommandTimeout = 30;
 
 /// One physical connection: the open file, its table columns and its recent statements. Lives longer than a
 /// session; the pool hands it from one to the next.

@@ -1,6 +1,6 @@
 #include "adapters/posix/posix_platform.h"
 #include "adapters/script/script_player.h"
-#include "adapters/sqlite/sqlite_database.h"
+#include "app/suite_database/suite_database.h"
 #include "shell/start.h"
 
 #include <CLI/CLI.hpp>
@@ -25,7 +25,7 @@ std::function<std::string(const std::string &)> dataSourceIn(const std::string &
 
 int play(const ScriptOptions &options)
 {
-    const auto database = makeSqliteDatabase(dataSourceIn(options.applicationFolder));
+    const auto database = makeSuiteDatabase(dataSourceIn(options.applicationFolder));
     return playScript(options, {std::cin, std::cout, std::cerr}, *database, [](const Platform &platform) {
         App app(platform);
         Main(app);

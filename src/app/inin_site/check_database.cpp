@@ -3,8 +3,8 @@
 #include "adapters/posix/code_page_932.h"
 #include "adapters/posix/posix_platform.h"
 #include "adapters/posix/profile_text.h"
-#include "adapters/sqlite/sqlite_database.h"
 #include "app/inin_site/schema.h"
+#include "app/suite_database/suite_database.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
@@ -141,7 +141,7 @@ void checkDatabase(const fs::path &folder, const std::optional<Branch> &branch, 
     const auto text = connectionText(folder, findings);
     if (!text) return;
     const std::unique_ptr<Database> database =
-        makeSqliteDatabase([&folder](const std::string &path) { return pathFrom(folder, path); });
+        makeSuiteDatabase([&folder](const std::string &path) { return pathFrom(folder, path); });
     DatabaseCheck check(*database, findings);
     try {
         check.connect(*text);

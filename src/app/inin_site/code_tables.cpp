@@ -66,7 +66,7 @@ std::string text(std::string_view value)
     return std::string(value);
 }
 
-void writeInsurers(SqliteWriter &database)
+void writeInsurers(RowTarget &database)
 {
     constexpr std::string_view kColumns[] = {"cIDno", "cName", "cSubAddress", "iType"};
     Insert insert(database, "HOKENJA", kColumns);
@@ -79,7 +79,7 @@ void writeInsurers(SqliteWriter &database)
     insert.row({"99999999", kNull, kNull, kNull}); // begun and never filled in
 }
 
-void writeBranches(SqliteWriter &database)
+void writeBranches(RowTarget &database)
 {
     constexpr std::string_view kColumns[] = {"iKyotenCd", "iKyotenEb", "cKyotenName"};
     Insert insert(database, "KYOTEN", kColumns);
@@ -88,7 +88,7 @@ void writeBranches(SqliteWriter &database)
     insert.row({kBranchCode, std::int64_t{3}, kNull});
 }
 
-void writeKinds(SqliteWriter &database)
+void writeKinds(RowTarget &database)
 {
     constexpr std::string_view kColumns[] = {"iKyotenCd", "iKyotenEb", "cName", "cRyaku", "cType", "iType"};
     Insert insert(database, "HOKEN", kColumns);
@@ -97,7 +97,7 @@ void writeKinds(SqliteWriter &database)
     }
 }
 
-void writeForms(SqliteWriter &database, const SiteOrder &order)
+void writeForms(RowTarget &database, const SiteOrder &order)
 {
     constexpr std::string_view kColumns[] = {"iKyotenCd",           "iKyotenEb",          "nIDNo",        "cFileName",
                                              "cDispName",           "iSejutsuKubun",      "iHokenType",   "iDelFlg",
@@ -113,7 +113,7 @@ void writeForms(SqliteWriter &database, const SiteOrder &order)
     }
 }
 
-void writeFees(SqliteWriter &database)
+void writeFees(RowTarget &database)
 {
     constexpr std::string_view kFeeColumns[] = {"cStartDate", "cEndDate", "iTankaKbn", "nTankaCode", "nTanka"};
     constexpr std::string_view kChargeColumns[] = {"cStartDate", "cEndDate", "nKingakuOuryou", "nMaxLen"};
@@ -131,7 +131,7 @@ void writeFees(SqliteWriter &database)
 }
 
 /// The company's map, as a write without a picture leaves it: one zero byte in each place.
-void writeMap(SqliteWriter &database, const SiteOrder &order)
+void writeMap(RowTarget &database, const SiteOrder &order)
 {
     constexpr std::string_view kColumns[] = {"iKyotenCd", "iKyotenEb", "nIDNo",     "bAddr1",
                                              "bAddr2",    "bAddr3",    "dTimeStamp"};
@@ -143,7 +143,7 @@ void writeMap(SqliteWriter &database, const SiteOrder &order)
 
 } // namespace
 
-void writeCodeTables(SqliteWriter &database, const SiteOrder &order)
+void writeCodeTables(RowTarget &database, const SiteOrder &order)
 {
     writeInsurers(database);
     writeBranches(database);

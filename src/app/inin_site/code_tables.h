@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/inin_site/people.h"
-#include "app/inin_site/sqlite_writer.h"
+#include "app/inin_site/row_target.h"
 
 namespace inin::site {
 
 /// Fills the tables whose rows do not depend on chance: HOKENJA, KYOTEN, HOKEN, SHINSEISYO, the fees, RIYOUSHA_MAP.
-void writeCodeTables(SqliteWriter &database, const SiteOrder &order);
+void writeCodeTables(RowTarget &database, const SiteOrder &order);
 
 } // namespace inin::site

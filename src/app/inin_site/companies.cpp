@@ -1,6 +1,7 @@
 #include "app/inin_site/companies.h"
 
 #include <iterator>
+#include <vector>
 
 namespace inin::site {
 
@@ -148,7 +149,7 @@ std::vector<Cell> rowOf(const Company &company, const SiteOrder &order)
 
 } // namespace
 
-void writeCompanies(SqliteWriter &database, const SiteOrder &order)
+void writeCompanies(RowTarget &database, const SiteOrder &order)
 {
     Insert insert(database, "CORP", kColumns);
     for (const Company &company : kCompanies) insert.row(rowOf(company, order));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/inin_site/people.h"
-#include "app/inin_site/sqlite_writer.h"
+#include "app/inin_site/row_target.h"
 
 namespace inin::site {
 
@@ -16,6 +16,6 @@ inline constexpr std::int64_t kBlankCompany = 99;
 inline constexpr std::int64_t kNoSuchCompany = 9000;
 
 /// Head office, agents, the group-billing company, the blank row, and the head office of another branch.
-void writeCompanies(SqliteWriter &database, const SiteOrder &order);
+void writeCompanies(RowTarget &database, const SiteOrder &order);
 
 } // namespace inin::site

@@ -4,6 +4,7 @@
 #include "app/inin_site/companies.h"
 #include "app/inin_site/embedded.h"
 #include "app/inin_site/patients.h"
+#include "app/inin_site/sqlite_writer.h"
 #include "app/inin_site/staff.h"
 #include "app/inin_site/visits.h"
 
@@ -32,6 +33,16 @@ SchemaParts splitSchema(std::string_view schema)
 
 } // namespace
 
+void writeDemoRows(RowTarget &target, const SiteOrder &order)
+{
+    writeCodeTables(target, order);
+    writeCompanies(target, order);
+    writeStaff(target, order);
+    writeConsultations(target, order);
+    writePatients(target, order);
+    writeVisits(target, order);
+}
+
 void makeDatabase(const std::string &path, const SiteOrder &order)
 {
     const SchemaParts schema = splitSchema(schemaText());
@@ -39,12 +50,7 @@ void makeDatabase(const std::string &path, const SiteOrder &order)
     // The file is new and takes its final name only when it is whole: a journal would protect nothing.
     database.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN;");
     database.run(schema.tables);
-    writeCodeTables(database, order);
-    writeCompanies(database, order);
-    writeStaff(database, order);
-    writeConsultations(database, order);
-    writePatients(database, order);
-    writeVisits(database, order);
+    writeDemoRows(database, order);
     database.run(schema.indexes + "COMMIT;");
 }
 

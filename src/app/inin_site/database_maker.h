@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/inin_site/people.h"
+#include "app/inin_site/row_target.h"
 
 #include <string>
 
@@ -8,5 +9,8 @@ namespace inin::site {
 
 /// Writes the whole database to a new file. Failures are RuntimeErrors.
 void makeDatabase(const std::string &path, const SiteOrder &order);
+
+/// All rows of the demo, table by table; the same order gives the same rows.
+void writeDemoRows(RowTarget &target, const SiteOrder &order);
 
 } // namespace inin::site

@@ -6,6 +6,7 @@ namespace inin::site {
 
 // Files of the folder site/ that the program carries, so that it needs nothing beside it.
 [[nodiscard]] std::string_view schemaText();
+[[nodiscard]] std::string_view serverSchemaText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
 [[nodiscard]] std::string_view standardForm();

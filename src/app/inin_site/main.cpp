@@ -1,5 +1,7 @@
 #include "app/inin_site/options.h"
+#include "app/inin_site/server_maker.h"
 #include "app/inin_site/site_check.h"
+#include "app/inin_site/site_files.h"
 #include "runtime/runtime_error.h"
 
 #include <fmt/format.h>
@@ -20,6 +22,13 @@ void printLine(std::FILE *where, const std::string &line)
     fmt::print(where, "{}\n", line);
 }
 
+void makeServer(const MakeCommand &command)
+{
+    makeServerDatabase(command.into, command.order, command.overwrite);
+    printLine(stdout, fmt::format("見本データをデータベースに書き込みました。（利用者{}人、対象月{}、種{}）",
+                                  command.order.patients, yearMonthText(command.order.month), command.order.seed));
+}
+
 /// The form viewer that was built with this program; empty when there is none.
 std::filesystem::path formViewerBeside()
 {
@@ -31,7 +40,12 @@ std::filesystem::path formViewerBeside()
 struct Run {
     int operator()(const MakeCommand &command) const
     {
+        // Made first: a string that is too long for the suite is told before anything is written.
+        const std::string connection = command.into.empty() ? std::string() : connectionFile(command.into);
+        if (!command.into.empty()) makeServer(command);
+        if (command.folder.empty()) return kDone;
         makeSite(command.folder, command.order, command.overwrite, formViewerBeside());
+        if (!connection.empty()) writeFile(command.folder / "adodb.ini", connection);
         printLine(stdout,
                   fmt::format("見本サイト「{}」を作りました。（利用者{}人、対象月{}、種{}）", command.folder.string(),
                               command.order.patients, yearMonthText(command.order.month), command.order.seed));

@@ -17,6 +17,7 @@ constexpr std::int64_t kMostStaff = 30000;
 /// Texts as they were given; each is judged with a sentence of its own.
 struct Given {
     std::string folder;
+    std::string into;
     std::string patients = "300";
     std::string seed = "1";
     std::string month;
@@ -32,9 +33,14 @@ template <class Number> std::optional<Number> wholeNumber(const std::string &tex
     return number;
 }
 
+BadCommand badLine(std::string_view what)
+{
+    return {fmt::format("コマンドラインが正しくありません。使い方は inin-site --help で見られます。（{}）", what)};
+}
+
 Command makeCommand(const Given &given)
 {
-    MakeCommand command{given.folder, {}, given.force ? Overwrite::anyFolder : Overwrite::onlyOwnFolder};
+    MakeCommand command{given.folder, given.into, {}, given.force ? Overwrite::anyFolder : Overwrite::onlyOwnFolder};
     const auto patients = wholeNumber<std::int64_t>(given.patients);
     if (!patients || *patients < 1 || *patients > kMostPatients) {
         return BadCommand{fmt::format("--patients には1から{}までの人数を指定してください。", kMostPatients)};
@@ -59,7 +65,10 @@ Command readCommandLine(int argc, const char *const *argv)
     CLI::App app{"委任状印刷の見本サイトを作り、サイトの設定を検査します。", "inin-site"};
     app.require_subcommand(1);
     CLI::App *make = app.add_subcommand("make", "見本サイトを作ります。");
-    make->add_option("DIR", given.folder, "作るフォルダー")->required();
+    const CLI::Option *folder = make->add_option("DIR", given.folder, "作るフォルダー（--into があれば省略できます）");
+    const CLI::Option *into =
+        make->add_option("--into", given.into,
+                         "SQL Server の接続文字列。そのデータベースに同じ行を書き込み、DIR の接続先もそこにします");
     make->add_option("--patients", given.patients, "利用者の人数（100人以上で見本の変わり種がそろいます）")
         ->capture_default_str();
     make->add_option("--seed", given.seed, "乱数の種。同じ種からは同じ行ができます")->capture_default_str();
@@ -73,10 +82,13 @@ Command readCommandLine(int argc, const char *const *argv)
     } catch (const CLI::CallForHelp &) {
         return HelpCommand{app.help()};
     } catch (const CLI::ParseError &error) {
-        return BadCommand{fmt::format(
-            "コマンドラインが正しくありません。使い方は inin-site --help で見られます。（{}）", error.what())};
+        return badLine(error.what());
     }
-    if (given.folder.empty()) return BadCommand{"フォルダーを指定してください。"};
+    if (into->count() > 0 && given.into.empty()) return BadCommand{"--into には接続文字列を指定してください。"};
+    const bool needsFolder = !make->parsed() || into->count() == 0;
+    if (needsFolder && make->parsed() && folder->count() == 0) return badLine("DIR is required");
+    if (given.folder.empty() && (needsFolder || folder->count() > 0))
+        return BadCommand{"フォルダーを指定してください。"};
     if (make->parsed()) return makeCommand(given);
     return CheckCommand{given.folder};
 }

@@ -9,7 +9,8 @@
 namespace inin::site {
 
 struct MakeCommand {
-    std::filesystem::path folder;
+    std::filesystem::path folder; ///< empty with `into`: rows only
+    std::string into{};           ///< connection string of a server's database that gets the rows, may be empty
     SiteOrder order;
     Overwrite overwrite = Overwrite::onlyOwnFolder;
 };

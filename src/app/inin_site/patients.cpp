@@ -2,6 +2,8 @@
 
 #include "app/inin_site/oddities.h"
 
+#include <vector>
+
 namespace inin::site {
 
 namespace {
@@ -31,7 +33,7 @@ Cell sideFlag(std::int64_t number)
 
 } // namespace
 
-void writePatients(SqliteWriter &database, const SiteOrder &order)
+void writePatients(RowTarget &database, const SiteOrder &order)
 {
     constexpr std::string_view kSideColumns[] = {"iKyotenCd", "iKyotenEb", "nIDNo", "iDantaiUmu"};
     const std::vector<PatientColumn> columns = allColumns();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/inin_site/people.h"
-#include "app/inin_site/sqlite_writer.h"
+#include "app/inin_site/row_target.h"
 
 #include <span>
 #include <string_view>
@@ -19,7 +19,7 @@ struct PatientColumn {
 [[nodiscard]] std::span<const PatientColumn> careColumns();
 
 /// Fills RIYOUSHA and RIYOUSHA_SUB.
-void writePatients(SqliteWriter &database, const SiteOrder &order);
+void writePatients(RowTarget &database, const SiteOrder &order);
 
 // Makers that several columns share.
 template <int Low, int High> Cell number(const Patient &, Dice &dice)

@@ -37,6 +37,25 @@ struct Binder {
     }
 };
 
+class PreparedSink : public RowSink {
+public:
+    PreparedSink(sqlite3 *database, StatementHandle statement) : m_database(database), m_statement(std::move(statement))
+    {
+    }
+    void row(std::span<const Cell> cells) override
+    {
+        int position = 0;
+        for (const Cell &cell : cells)
+            if (std::visit(Binder{m_statement.get(), ++position}, cell) != SQLITE_OK) fail(m_database);
+        if (sqlite3_step(m_statement.get()) != SQLITE_DONE) fail(m_database);
+        sqlite3_reset(m_statement.get());
+    }
+
+private:
+    sqlite3 *m_database;
+    StatementHandle m_statement;
+};
+
 } // namespace
 
 void CloseDatabase::operator()(sqlite3 *database) const
@@ -69,23 +88,13 @@ StatementHandle SqliteWriter::prepare(const std::string &statement)
     return StatementHandle{prepared};
 }
 
-Insert::Insert(SqliteWriter &database, std::string_view table, std::span<const std::string_view> columns)
-    : m_database(database)
+RowSink &SqliteWriter::into(std::string_view table, std::span<const std::string_view> columns)
 {
     std::string marks;
     for (std::size_t i = 0; i < columns.size(); ++i) marks += i == 0 ? "?" : ",?";
-    m_statement =
-        database.prepare(fmt::format("INSERT INTO {} ({}) VALUES ({})", table, fmt::join(columns, ","), marks));
-}
-
-void Insert::row(std::span<const Cell> cells)
-{
-    int position = 0;
-    for (const Cell &cell : cells) {
-        if (std::visit(Binder{m_statement.get(), ++position}, cell) != SQLITE_OK) fail(m_database.handle());
-    }
-    if (sqlite3_step(m_statement.get()) != SQLITE_DONE) fail(m_database.handle());
-    sqlite3_reset(m_statement.get());
+    m_sinks.push_back(std::make_unique<PreparedSink>(
+        handle(), prepare(fmt::format("INSERT INTO {} ({}) VALUES ({})", table, fmt::join(columns, ","), marks))));
+    return *m_sinks.back();
 }
 
 } // namespace inin::site

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <vector>
+
 #include <iterator>
 
 namespace inin::site {
@@ -178,7 +180,7 @@ void writeBlankEmployee(Insert &insert, std::int64_t number)
 
 } // namespace
 
-void writeStaff(SqliteWriter &database, const SiteOrder &order)
+void writeStaff(RowTarget &database, const SiteOrder &order)
 {
     std::vector<std::string_view> names;
     for (const StaffColumn &column : kColumns) names.push_back(column.name);
@@ -193,7 +195,7 @@ void writeStaff(SqliteWriter &database, const SiteOrder &order)
     writeBlankEmployee(insert, staffCount(order) + 1);
 }
 
-void writeConsultations(SqliteWriter &database, const SiteOrder &order)
+void writeConsultations(RowTarget &database, const SiteOrder &order)
 {
     constexpr std::string_view kNames[] = {"nIDNo", "iStaffKyotenCd", "iStaffKyotenEb", "nStaffIDNo"};
     Insert insert(database, "SOUDAN_TANTOU", kNames);

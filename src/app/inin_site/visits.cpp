@@ -77,7 +77,7 @@ void writeUnfinishedVisits(Visits &visits, YearMonth month)
 
 } // namespace
 
-void writeVisits(SqliteWriter &database, const SiteOrder &order)
+void writeVisits(RowTarget &database, const SiteOrder &order)
 {
     Visits visits{Insert(database, "SCHEDULE", kPlannedColumns), Insert(database, "JISSEKI", kActualColumns)};
     const std::chrono::months oneMonth{1};

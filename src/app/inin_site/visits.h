@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/inin_site/people.h"
-#include "app/inin_site/sqlite_writer.h"
+#include "app/inin_site/row_target.h"
 
 namespace inin::site {
 
 /// Fills SCHEDULE and JISSEKI for the month before, the month and the month after.
-void writeVisits(SqliteWriter &database, const SiteOrder &order);
+void writeVisits(RowTarget &database, const SiteOrder &order);
 
 } // namespace inin::site

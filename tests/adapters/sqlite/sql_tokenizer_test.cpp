@@ -1,4 +1,4 @@
-#include "adapters/sqlite/sql_tokenizer.h"
+#include "adapters/common/sql_tokenizer.h"
 
 #include <doctest/doctest.h>
 

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace inin {
+
+/// Idle physical connections by connection string, each kept for a minute after its last session. There is no
+/// thread behind it: what is too old goes when the pool is asked next.
+/// A `Handle` tells by isAlive() whether it can still be used, and ends by tidy() what a session left; a tidy() that
+/// gives false says that the connection is of no use any more.
+template <class Handle> class IdlePool {
+public:
+    using TimePoint = std::chrono::steady_clock::time_point;
+    static constexpr std::chrono::minutes kIdleTime{1};
+    /// A unit of work opens one session, seldom two; what comes back beyond that was a burst.
+    static constexpr std::size_t kMostIdle = 4;
+
+    explicit IdlePool(std::function<TimePoint()> now = std::chrono::steady_clock::now) : m_now(std::move(now)) {}
+
+    /// An idle connection that is still alive, nullptr when there is none.
+    std::unique_ptr<Handle> take(const std::string &connectionString)
+    {
+        dropOld();
+        const auto found = m_idle.find(connectionString);
+        while (found != m_idle.end() && !found->second.empty()) {
+            std::unique_ptr<Handle> handle = std::move(found->second.back().handle);
+            found->second.pop_back();
+            if (handle->isAlive()) return handle;
+        }
+        return nullptr;
+    }
+
+    /// Takes a connection back from its session; one that cannot be tidied is closed.
+    void giveBack(const std::string &connectionString, std::unique_ptr<Handle> handle)
+    {
+        dropOld();
+        if (m_closed || !handle->tidy()) return;
+        std::vector<Idle> &idle = m_idle[connectionString];
+        if (idle.size() < kMostIdle) idle.push_back({std::move(handle), m_now()});
+    }
+
+    /// Closes all idle connections, and from now on each that comes back.
+    void close()
+    {
+        m_closed = true;
+        m_idle.clear();
+    }
+
+    [[nodiscard]] std::size_t idleCount() const
+    {
+        std::size_t count = 0;
+        for (const auto &[connectionString, idle] : m_idle) count += idle.size();
+        return count;
+    }
+
+private:
+    struct Idle {
+        std::unique_ptr<Handle> handle;
+        TimePoint since;
+    };
+
+    void dropOld()
+    {
+        const TimePoint now = m_now();
+        for (auto &[connectionString, idle] : m_idle)
+            std::erase_if(idle, [now](const Idle &entry) { return now - entry.since >= kIdleTime; });
+    }
+
+    std::function<TimePoint()> m_now;
+    std::map<std::string, std::vector<Idle>> m_idle;
+    bool m_closed = false;
+};
+
+} // namespace inin

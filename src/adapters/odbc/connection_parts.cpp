@@ -1,0 +1,184 @@
+#include "adapters/odbc/connection_parts.h"
+
+#include "runtime/text.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace inin {
+
+namespace {
+
+struct KeyRow {
+    std::string_view key;
+    Part part;
+};
+/// Names of ADO's providers first, then those of ODBC's drivers.
+constexpr KeyRow kKeys[] = {
+    {"provider", Part::provider},
+    {"data source", Part::server},
+    {"initial catalog", Part::database},
+    {"user id", Part::user},
+    {"password", Part::password},
+    {"integrated security", Part::integrated},
+    {"use encryption for data", Part::encrypt},
+    {"trust server certificate", Part::trustCertificate},
+    {"connect timeout", Part::loginTimeout},
+    {"connection timeout", Part::loginTimeout},
+    {"login timeout", Part::loginTimeout},
+    {"logintimeout", Part::loginTimeout},
+    {"timeout", Part::loginTimeout},
+    {"application name", Part::application},
+    {"workstation id", Part::workstation},
+    {"network library", Part::network},
+    {"current language", Part::language},
+    {"packet size", Part::packetSize},
+    {"application intent", Part::intent},
+    {"failover partner", Part::failover},
+    {"host name in certificate", Part::hostInCertificate},
+    {"extended properties", Part::extended},
+    {"driver", Part::driver},
+    {"dsn", Part::dataSourceName},
+    {"filedsn", Part::fileSourceName},
+    {"server", Part::server},
+    {"servername", Part::server},
+    {"address", Part::server},
+    {"addr", Part::server},
+    {"network address", Part::server},
+    {"port", Part::port},
+    {"network", Part::network},
+    {"database", Part::database},
+    {"uid", Part::user},
+    {"user", Part::user},
+    {"username", Part::user},
+    {"user name", Part::user},
+    {"pwd", Part::password},
+    {"trusted_connection", Part::integrated},
+    {"encrypt", Part::encrypt},
+    {"encryption", Part::encrypt},
+    {"trustservercertificate", Part::trustCertificate},
+    {"app", Part::application},
+    {"wsid", Part::workstation},
+    {"language", Part::language},
+    {"packetsize", Part::packetSize},
+    {"applicationintent", Part::intent},
+    {"multisubnetfailover", Part::multiSubnet},
+    {"failover_partner", Part::failover},
+    {"hostnameincertificate", Part::hostInCertificate},
+    {"authentication", Part::authentication},
+    {"tds_version", Part::tdsVersion},
+    {"clientcharset", Part::clientCharset},
+};
+
+struct EncryptionRow {
+    std::string_view word;
+    Encryption encryption;
+};
+constexpr EncryptionRow kEncryptions[] = {
+    {"yes", Encryption::yes},       {"true", Encryption::yes},      {"1", Encryption::yes},
+    {"-1", Encryption::yes},        {"mandatory", Encryption::yes}, {"require", Encryption::yes},
+    {"no", Encryption::no},         {"false", Encryption::no},      {"0", Encryption::no},
+    {"optional", Encryption::no},   {"off", Encryption::no},        {"request", Encryption::request},
+    {"strict", Encryption::strict},
+};
+
+struct LibraryRow {
+    std::string_view library;
+    std::string_view protocol;
+};
+constexpr LibraryRow kLibraries[] = {{"dbmssocn", "tcp"}, {"dbnmpntw", "np"}, {"dbmslpcn", "lpc"}};
+
+constexpr std::string_view kServerProviders[] = {"sqloledb", "msoledbsql", "sqlncli"};
+
+bool isYes(std::string_view word)
+{
+    const std::string lower = asciiLower(word);
+    return lower == "yes" || lower == "true" || lower == "sspi" || lower == "1" || lower == "-1";
+}
+
+void readEncryption(ConnectionParts &parts)
+{
+    if (const std::string word = asciiLower(parts.text(Part::encrypt)); !word.empty()) {
+        const auto found = std::ranges::find(kEncryptions, word, &EncryptionRow::word);
+        if (found == std::end(kEncryptions))
+            parts.problem = "the connection string asks neither for encryption nor for none";
+        else
+            parts.encrypt = found->encryption;
+    }
+    if (parts.has(Part::trustCertificate)) parts.trustCertificate = isYes(parts.text(Part::trustCertificate));
+}
+
+void readLoginTimeout(ConnectionParts &parts)
+{
+    const std::string text = parts.text(Part::loginTimeout);
+    if (text.empty()) return;
+    constexpr std::int32_t kMostSeconds = 86400;
+    std::int32_t seconds = 0;
+    const auto [stopped, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    if (error != std::errc() || stopped != text.data() + text.size() || seconds < 0 || seconds > kMostSeconds)
+        parts.problem = "the connect timeout is no number of seconds";
+    else
+        parts.loginTimeout = seconds;
+}
+
+void readServer(ConnectionParts &parts)
+{
+    if (!parts.has(Part::server)) return;
+    parts.server = readServerAddress(parts.text(Part::server));
+    if (parts.has(Part::port) && !parts.server.port) {
+        const ServerAddress own = readServerAddress("host," + parts.text(Part::port));
+        parts.server.port = own.port;
+        if (!own.port) parts.server.problem = "the port is no number from 1 to 65535";
+    }
+    const std::string library = asciiLower(parts.text(Part::network));
+    for (const LibraryRow &row : kLibraries)
+        if (library == row.library && parts.server.protocol.empty()) parts.server.protocol = row.protocol;
+}
+
+void readProvider(ConnectionParts &parts)
+{
+    const std::string provider = asciiLower(parts.text(Part::provider));
+    if (provider.empty() || provider.starts_with("msdasql")) return;
+    for (const std::string_view known : kServerProviders)
+        if (provider.starts_with(known)) return;
+    parts.problem = "Provider=" + parts.text(Part::provider) + " does not open a SQL Server";
+}
+
+} // namespace
+
+std::string ConnectionParts::text(Part part) const
+{
+    const auto found = texts.find(part);
+    return found == texts.end() ? std::string() : found->second;
+}
+
+std::optional<Part> partOfKey(std::string_view key)
+{
+    const auto found = std::ranges::find(kKeys, key, &KeyRow::key);
+    return found == std::end(kKeys) ? std::nullopt : std::optional(found->part);
+}
+
+ConnectionParts readConnectionParts(const ConnectionText &text)
+{
+    ConnectionParts parts;
+    const bool isOdbc = text.form == ConnectionText::Form::odbc;
+    for (const ConnectionPair &pair : text.pairs) {
+        const std::optional<Part> part = partOfKey(pair.key);
+        if (part && isOdbc)
+            parts.texts.try_emplace(*part, pair.value); // the first of two counts in ODBC, the last in ADO
+        else if (part)
+            parts.texts.insert_or_assign(*part, pair.value);
+        else if (isOdbc)
+            parts.others.emplace_back(pair.shownKey, pair.raw);
+    }
+    parts.problem = text.problem;
+    if (!parts.problem.empty()) return parts;
+    parts.integrated = isYes(parts.text(Part::integrated));
+    readServer(parts);
+    readEncryption(parts);
+    readLoginTimeout(parts);
+    readProvider(parts);
+    return parts;
+}
+
+} // namespace inin

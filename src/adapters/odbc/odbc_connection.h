@@ -1,0 +1,66 @@
+#pragma once
+
+#include "adapters/common/idle_pool.h"
+#include "adapters/odbc/odbc_session.h"
+#include "platform/database.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace inin {
+
+/// What all sessions of one library object share.
+struct OdbcShared {
+    IdlePool<OdbcSession> pool;
+    std::shared_ptr<OdbcEnvironment> environment; ///< made at the first log-in
+    std::vector<std::string> drivers;
+    std::int64_t logIns = 0; ///< physical ones, told to the benchmark
+
+    /// A new physical connection.
+    [[nodiscard]] std::unique_ptr<OdbcSession> logIn(const OdbcString &target, std::vector<ProviderError> &errors);
+    void loadDrivers();
+};
+
+/// What a session has of the database while it is open. A record set shares it, and finds the connection gone when the
+/// session was closed under it.
+struct OdbcLease {
+    std::unique_ptr<OdbcSession> session;
+    std::shared_ptr<std::vector<ProviderError>> errors;
+};
+
+class OdbcConnection : public Connection {
+public:
+    explicit OdbcConnection(std::shared_ptr<OdbcShared> shared) : m_shared(std::move(shared)) {}
+    ~OdbcConnection() override;
+
+    /// Open also after the connection was lost, as with ADO: the next operation fails, and Close and Open help.
+    [[nodiscard]] std::int32_t State() const override { return m_lease ? adStateOpen : adStateClosed; }
+    void Open(const std::string &connectionString, const std::string &user, const std::string &password,
+              std::int32_t options) override;
+    void Close() override;
+    [[nodiscard]] std::string DefaultDatabase() const override;
+    [[nodiscard]] std::int32_t CommandTimeout() const override { return m_timeout; }
+    void setCommandTimeout(std::int32_t seconds) override;
+    std::int32_t Execute(const std::string &sql, std::int32_t) override { return session().execute(sql); }
+    void BeginTrans() override { session().begin(); }
+    void CommitTrans() override { session().commit(); }
+    void RollbackTrans() override { session().rollback(); }
+    [[nodiscard]] std::vector<ProviderError> &Errors() override { return *m_errors; }
+
+    /// Error 3704 when the session is closed.
+    [[nodiscard]] std::shared_ptr<OdbcLease> lease() const;
+
+private:
+    [[nodiscard]] OdbcSession &session() const { return *lease()->session; }
+    void giveBack();
+
+    std::shared_ptr<OdbcShared> m_shared;
+    std::shared_ptr<std::vector<ProviderError>> m_errors = std::make_shared<std::vector<ProviderError>>();
+    std::shared_ptr<OdbcLease> m_lease;
+    std::string m_poolKey;
+    std::int32_t m_timeout = kDefaultCommandTimeout;
+};
+
+} // namespace inin

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "adapters/odbc/column.h"
+#include "adapters/odbc/diagnostics.h"
+#include "adapters/odbc/odbc_handle.h"
+#include "adapters/odbc/row_block.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace inin {
+
+class OdbcSession;
+
+/// The rows of one SELECT, read forward. They stream from the server until the connection is wanted for another
+/// statement: then the rest is read to this side, because a server has one open result on a connection.
+class OdbcCursor {
+public:
+    /// Takes a statement that has been executed, and reads its first rows.
+    OdbcCursor(OdbcSession &session, std::unique_ptr<OdbcHandle> statement);
+
+    [[nodiscard]] bool atEnd() const { return m_atEnd; }
+    /// On to the next row. After a failure there is no current row any more.
+    void next();
+    [[nodiscard]] Variant value(std::size_t column) const;
+
+    [[nodiscard]] const std::vector<OdbcColumn> &columns() const { return m_columns; }
+    /// columns().size() when there is none. Asked for each value of each row, so the answers are kept by name.
+    [[nodiscard]] std::size_t fieldIndex(std::string_view name) const;
+
+    /// Reads all rows that are left to this side and frees the statement. A failure waits for the reader to come to
+    /// its row.
+    void keepRest();
+    /// Frees the statement; nothing can be read any more.
+    void close();
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+    };
+    void describe();
+    void fetch();
+    void arrive();
+    [[nodiscard]] std::vector<Variant> currentRow() const;
+
+    OdbcSession &m_session;
+    std::unique_ptr<OdbcHandle> m_statement;
+    std::vector<OdbcColumn> m_columns;
+    std::unique_ptr<RowBlock> m_block;
+    std::size_t m_row = 0; ///< within the block, or within the kept rows
+    bool m_isKept = false;
+    std::vector<std::vector<Variant>> m_kept;
+    bool m_hasFailed = false;
+    std::vector<DiagnosticRecord> m_failure;
+    bool m_atEnd = false;
+    mutable std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> m_indexes;
+};
+
+} // namespace inin

@@ -1,0 +1,30 @@
+#include "adapters/odbc/odbc_database.h"
+
+#include "adapters/odbc/odbc_connection.h"
+#include "adapters/odbc/odbc_recordset.h"
+
+namespace inin {
+
+namespace {
+
+class SharingDatabase : public OdbcDatabase {
+public:
+    ~SharingDatabase() override { m_shared->pool.close(); }
+
+    std::unique_ptr<Connection> newConnection() override { return std::make_unique<OdbcConnection>(m_shared); }
+    std::unique_ptr<Recordset> newRecordset() override { return std::make_unique<OdbcRecordset>(); }
+    [[nodiscard]] std::int64_t logIns() const override { return m_shared->logIns; }
+
+private:
+    /// Shared with the sessions, which may outlive the library and then log off themselves.
+    std::shared_ptr<OdbcShared> m_shared = std::make_shared<OdbcShared>();
+};
+
+} // namespace
+
+std::unique_ptr<OdbcDatabase> makeOdbcDatabase()
+{
+    return std::make_unique<SharingDatabase>();
+}
+
+} // namespace inin

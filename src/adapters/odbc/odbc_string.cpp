@@ -1,0 +1,289 @@
+#include "adapters/odbc/odbc_string.h"
+
+#include "adapters/odbc/connection_parts.h"
+#include "adapters/odbc/driver_choice.h"
+#include "runtime/text.h"
+
+#include <algorithm>
+
+namespace inin {
+
+namespace {
+
+/// Where the string leaves encryption open, an old site goes on as under its old provider, which neither encrypted nor
+/// validated; a provider or driver that did so by itself is still taken at its word.
+struct EncryptionWish {
+    std::optional<Encryption> encrypt;
+    std::optional<bool> trust;
+};
+
+EncryptionWish encryptionWish(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
+{
+    EncryptionWish wish{parts.encrypt, parts.trustCertificate};
+    if (wish.encrypt || isNamedDriver) return wish;
+    const bool wasEncrypted = asciiLower(parts.text(Part::provider)).starts_with("msoledbsql19") ||
+                              driverNamed(parts.text(Part::driver)).encryptsByDefault();
+    if (wasEncrypted) {
+        wish.encrypt = Encryption::yes;
+    } else if (driver.encryptsByDefault()) {
+        wish.encrypt = Encryption::no;
+        if (!wish.trust) wish.trust = true;
+    }
+    return wish;
+}
+
+/// Writes `key=value;` as Microsoft's drivers and the driver manager read it.
+class MicrosoftWriter {
+public:
+    MicrosoftWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
+        : m_parts(parts), m_driver(driver), m_wish(encryptionWish(parts, driver, isNamedDriver))
+    {
+    }
+
+    std::string write()
+    {
+        m_text = "Driver={" + m_driver.name + "};Server=" + microsoftServer(m_parts.server) + ";";
+        add("Database", Part::database);
+        if (m_parts.integrated) {
+            m_text += "Trusted_Connection=Yes;";
+        } else {
+            add("UID", Part::user);
+            add("PWD", Part::password);
+        }
+        addEncryption();
+        add("APP", Part::application);
+        add("WSID", Part::workstation);
+        add("Language", Part::language);
+        add("ApplicationIntent", Part::intent);
+        add("MultiSubnetFailover", Part::multiSubnet);
+        add("Failover_Partner", Part::failover);
+        add("HostNameInCertificate", Part::hostInCertificate);
+        add("Authentication", Part::authentication);
+        for (const auto &[key, raw] : m_parts.others) m_text.append(key).append("=").append(raw).append(";");
+        return std::move(m_text);
+    }
+
+private:
+    void add(std::string_view key, Part part)
+    {
+        if (m_parts.has(part)) m_text.append(key).append("=").append(odbcQuoted(m_parts.text(part))).append(";");
+    }
+
+    void addEncryption()
+    {
+        if (m_wish.encrypt) {
+            const bool isOn = *m_wish.encrypt == Encryption::yes;
+            const bool isStrict = *m_wish.encrypt == Encryption::strict;
+            m_text.append("Encrypt=").append(isStrict ? "strict" : isOn ? "yes" : "no").append(";");
+        }
+        if (m_wish.trust) m_text.append("TrustServerCertificate=").append(*m_wish.trust ? "yes" : "no").append(";");
+    }
+
+    const ConnectionParts &m_parts;
+    const OdbcDriver &m_driver;
+    EncryptionWish m_wish;
+    std::string m_text;
+};
+
+/// Writes `key=value;` as FreeTDS reads it: the port in a key of its own, a value in braces only where it must be and
+/// always with a semicolon behind it, TLS by a key of its own name.
+class FreeTdsWriter {
+public:
+    FreeTdsWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
+        : m_parts(parts), m_driver(driver), m_wish(encryptionWish(parts, driver, isNamedDriver))
+    {
+    }
+
+    std::string write(std::string &problem)
+    {
+        m_text = "Driver={" + m_driver.name + "};";
+        addServer();
+        m_text += "TDS_Version=" + tdsVersion() + ";ClientCharset=UTF-8;";
+        add("Database", Part::database);
+        if (m_parts.integrated) {
+            m_text += "Trusted_Connection=Yes;";
+        } else {
+            add("UID", Part::user);
+            add("PWD", Part::password);
+        }
+        addEncryption();
+        add("APP", Part::application);
+        add("WSID", Part::workstation);
+        add("Language", Part::language);
+        add("PacketSize", Part::packetSize);
+        add("ApplicationIntent", Part::intent);
+        for (const auto &[key, raw] : m_parts.others) m_text.append(key).append("=").append(raw).append(";");
+        problem = m_problem;
+        return std::move(m_text);
+    }
+
+private:
+    void addServer()
+    {
+        const ServerAddress &server = m_parts.server;
+        if (!server.protocol.empty() && server.protocol != "tcp")
+            m_problem = "the FreeTDS driver reaches a server by TCP only";
+        const std::string host = asciiLower(server.host);
+        const bool isThisMachine = host == "." || host == "(local)";
+        m_text += "Server=" + (isThisMachine ? std::string("localhost") : server.host);
+        constexpr std::uint16_t kUsualPort = 1433;
+        if (server.port || server.instance.empty())
+            m_text += ";Port=" + std::to_string(server.port.value_or(kUsualPort)) + ";";
+        else
+            m_text += "\\" + server.instance + ";"; // the server's browser tells the port
+    }
+
+    /// Before 7.2 (and 8.0 is an old name of 7.1) the driver hangs or mixes results up.
+    [[nodiscard]] std::string tdsVersion() const
+    {
+        const std::string wanted = asciiLower(m_parts.text(Part::tdsVersion));
+        const bool isNew = wanted == "7.2" || wanted == "7.3" || wanted == "7.4" || wanted == "auto";
+        return isNew ? wanted : "7.4";
+    }
+
+    void add(std::string_view key, Part part)
+    {
+        if (!m_parts.has(part)) return;
+        const std::string value = m_parts.text(part);
+        const bool needsBraces = value.find(';') != std::string::npos || value.starts_with('{') || trim(value) != value;
+        if (needsBraces && value.find("};") != std::string::npos)
+            m_problem = "the FreeTDS driver takes no " + std::string(part == Part::password ? "password" : key) +
+                        " that holds \"};\"";
+        m_text.append(key).append("=").append(needsBraces ? "{" + value + "}" : value).append(";");
+    }
+
+    void addEncryption()
+    {
+        if (!m_wish.encrypt) return;
+        if (*m_wish.encrypt == Encryption::strict) m_problem = "the FreeTDS driver knows no strict encryption";
+        const bool isOn = *m_wish.encrypt == Encryption::yes;
+        const bool isWish = *m_wish.encrypt == Encryption::request;
+        m_text.append("Encryption=").append(isOn ? "require" : isWish ? "request" : "off").append(";");
+    }
+
+    const ConnectionParts &m_parts;
+    const OdbcDriver &m_driver;
+    EncryptionWish m_wish;
+    std::string m_text;
+    std::string m_problem;
+};
+
+/// A data source of the system's list, or a driver that is not for SQL Server: keys and values as written, but ADO's
+/// names of user, password and database turned into ODBC's.
+std::string plainOdbcString(const ConnectionText &text, const ConnectionParts &parts, const LogIn &logIn)
+{
+    const bool isBridge = text.form == ConnectionText::Form::ado;
+    std::string result;
+    const auto add = [&result](std::string_view key, std::string_view raw) {
+        result.append(key).append("=").append(raw).append(";");
+    };
+    if (isBridge && !parts.has(Part::dataSourceName) && !parts.has(Part::driver) && parts.has(Part::server))
+        add("DSN", odbcQuoted(parts.text(Part::server)));
+    for (const ConnectionPair &pair : text.pairs) {
+        const std::optional<Part> part = partOfKey(pair.key);
+        const bool hasOdbcName = pair.key.find(' ') == std::string::npos;
+        const bool isLogIn = part == Part::user || part == Part::password;
+        if (part == Part::provider || part == Part::extended || (isLogIn && !logIn.user.empty())) continue;
+        if (isBridge && (pair.key == "data source" || pair.key == "persist security info")) continue;
+        const std::string raw = isBridge ? odbcQuoted(pair.value) : pair.raw;
+        if (pair.key == "user id")
+            add("UID", raw);
+        else if (pair.key == "password" && parts.has(Part::dataSourceName))
+            add("PWD", raw);
+        else if (pair.key == "initial catalog")
+            add("Database", raw);
+        else if (hasOdbcName)
+            add(pair.shownKey, raw);
+    }
+    if (!logIn.user.empty()) {
+        add("UID", odbcQuoted(logIn.user));
+        add("PWD", odbcQuoted(logIn.password));
+    }
+    return result;
+}
+
+/// MSDASQL hands what stands in its Extended Properties to ODBC as it is.
+ConnectionText bridgedText(const ConnectionText &text)
+{
+    const std::optional<std::string> extended = text.value("extended properties");
+    if (!extended) return text;
+    ConnectionText inner = readOdbcText(*extended);
+    for (const ConnectionPair &pair : text.pairs)
+        if (pair.key != "extended properties" && pair.key != "provider") inner.pairs.push_back(pair);
+    return inner;
+}
+
+class StringMaker {
+public:
+    StringMaker(ConnectionText text, const std::vector<std::string> &installed, const LogIn &logIn)
+        : m_text(std::move(text)), m_parts(readConnectionParts(m_text)), m_installed(installed), m_logIn(logIn)
+    {
+        if (m_logIn.user.empty()) return;
+        m_parts.texts[Part::user] = m_logIn.user;
+        m_parts.texts[Part::password] = m_logIn.password;
+        m_parts.integrated = false;
+    }
+
+    OdbcString make()
+    {
+        m_result.loginTimeout = m_parts.loginTimeout;
+        if (const std::string password = m_parts.text(Part::password); !password.empty())
+            m_result.secrets.push_back(password);
+        m_result.problem = m_parts.problem;
+        if (m_result.problem.empty()) write();
+        return std::move(m_result);
+    }
+
+private:
+    void write()
+    {
+        const bool isBridge = asciiLower(m_parts.text(Part::provider)).starts_with("msdasql");
+        const bool isForServer = m_parts.has(Part::provider) && !isBridge;
+        if (!isForServer && (m_parts.has(Part::dataSourceName) || m_parts.has(Part::fileSourceName) ||
+                             (isBridge && !m_parts.has(Part::driver))))
+            return writePlain();
+        const OdbcDriver named = driverNamed(m_parts.text(Part::driver));
+        const std::optional<OdbcDriver> installed =
+            m_parts.has(Part::driver) ? installedDriver(named.name, m_installed) : std::nullopt;
+        if (m_parts.has(Part::driver) && (installed ? installed->family : named.family) == DriverFamily::other)
+            return writePlain();
+        if (!m_parts.has(Part::server)) return refuse("the connection string names no Data Source");
+        if (!m_parts.server.problem.empty()) return refuse(m_parts.server.problem);
+        const std::optional<OdbcDriver> driver = installed ? installed : bestDriver(m_installed);
+        if (!driver) return refuse("no ODBC driver for SQL Server is installed");
+        if (driver->family == DriverFamily::microsoft)
+            m_result.text = MicrosoftWriter(m_parts, *driver, installed.has_value()).write();
+        else
+            m_result.text = FreeTdsWriter(m_parts, *driver, installed.has_value()).write(m_result.problem);
+    }
+
+    void writePlain() { m_result.text = plainOdbcString(m_text, m_parts, m_logIn); }
+    void refuse(std::string why) { m_result.problem = std::move(why); }
+
+    ConnectionText m_text;
+    ConnectionParts m_parts;
+    const std::vector<std::string> &m_installed;
+    const LogIn &m_logIn;
+    OdbcString m_result;
+};
+
+} // namespace
+
+OdbcString odbcStringFor(std::string_view connectionString, const std::vector<std::string> &installedDrivers,
+                         const LogIn &logIn)
+{
+    return StringMaker(bridgedText(readConnectionText(connectionString)), installedDrivers, logIn).make();
+}
+
+std::string withDatabase(std::string_view connectionString, std::string_view database)
+{
+    const ConnectionText text = readConnectionText(connectionString);
+    std::string result;
+    for (const ConnectionPair &pair : text.pairs)
+        if (partOfKey(pair.key) != Part::database)
+            result.append(pair.shownKey).append("=").append(pair.raw).append(";");
+    const bool isOdbc = text.form == ConnectionText::Form::odbc;
+    return result.append(isOdbc ? "Database=" : "Initial Catalog=").append(database);
+}
+
+} // namespace inin

@@ -1,0 +1,199 @@
+#include "adapters/odbc/single_select.h"
+
+#include "adapters/common/sql_tokenizer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace inin {
+
+namespace {
+
+/// Words that no reading statement holds outside its quotes. The server ends a statement wherever the next begins, even
+/// without a semicolon, so each word that begins one is here; they are all reserved, so no column bears one bare. INTO
+/// makes a SELECT write a new table; the last row hands texts to other servers or takes messages from queues.
+constexpr std::string_view kForbidden[] = {
+    "add",         "alter",     "backup",         "begin",      "break",      "bulk",
+    "checkpoint",  "close",     "commit",         "continue",   "create",     "dbcc",
+    "deallocate",  "declare",   "delete",         "deny",       "disable",    "drop",
+    "dump",        "enable",    "exec",           "execute",    "goto",       "grant",
+    "if",          "insert",    "into",           "kill",       "load",       "merge",
+    "open",        "print",     "proc",           "procedure",  "raiserror",  "readtext",
+    "reconfigure", "restore",   "return",         "revert",     "revoke",     "rollback",
+    "save",        "set",       "setuser",        "shutdown",   "tran",       "transaction",
+    "trigger",     "truncate",  "update",         "updatetext", "use",        "waitfor",
+    "while",       "writetext", "opendatasource", "openquery",  "openrowset", "receive",
+    "conversation"};
+
+/// What may stand before a further SELECT of the same statement.
+constexpr std::string_view kBeforeSelect[] = {"union", "all", "except", "intersect"};
+
+bool isAny(const Token &token, const auto &words)
+{
+    return token.kind == TokenKind::word &&
+           std::any_of(std::begin(words), std::end(words), [&](std::string_view word) { return token.isWord(word); });
+}
+
+struct Range {
+    char32_t first;
+    char32_t last;
+};
+/// Characters of names beside ASCII: kana, kanji, the full-width digits and letters. Everything else (a blank of another
+/// width, a mark that changes direction) could be a gap to the server where this reader sees a name.
+constexpr Range kNameCharacters[] = {
+    {0x3005, 0x3007}, {0x3041, 0x3096}, {0x3099, 0x309F}, {0x30A1, 0x30FF}, {0x3400, 0x4DBF}, {0x4E00, 0x9FFF},
+    {0xF900, 0xFAFF}, {0xFF10, 0xFF19}, {0xFF21, 0xFF3A}, {0xFF41, 0xFF5A}, {0xFF66, 0xFF9F}, {0x20000, 0x3FFFF},
+};
+
+/// The next character of a UTF-8 text, which shrinks by it; 0xFFFD for a byte that begins none.
+char32_t takeCharacter(std::string_view &text)
+{
+    const auto byte = [&text](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
+    const std::uint8_t first = byte(0);
+    const std::size_t size = first < 0x80   ? 1
+                             : first < 0xC2 ? 0
+                             : first < 0xE0 ? 2
+                             : first < 0xF0 ? 3
+                             : first < 0xF5 ? 4
+                                            : 0;
+    char32_t character = size == 1 ? first : first & (0x7FU >> size);
+    bool isSound = size != 0 && size <= text.size();
+    for (std::size_t at = 1; isSound && at < size; ++at) {
+        isSound = (byte(at) & 0xC0U) == 0x80;
+        character = (character << 6U) | (byte(at) & 0x3FU);
+    }
+    text.remove_prefix(isSound ? size : 1);
+    return isSound ? character : 0xFFFD;
+}
+
+bool isPlainName(std::string_view word)
+{
+    while (!word.empty()) {
+        const char32_t character = takeCharacter(word);
+        if (character < 0x80) continue;
+        const auto isInside = [character](const Range &range) {
+            return character >= range.first && character <= range.last;
+        };
+        if (std::none_of(std::begin(kNameCharacters), std::end(kNameCharacters), isInside)) return false;
+    }
+    return true;
+}
+
+/// Marks at which a server might end a comment that this reader goes on with: a lone carriage return, vertical tab, form
+/// feed, and Unicode's own line ends.
+constexpr std::string_view kDoubtfulLineEnds[] = {"\v", "\f", "\u0085", "\u2028", "\u2029"};
+
+bool isSoundGap(std::string_view gap)
+{
+    if (gap.find("--") == std::string_view::npos && gap.find("/*") == std::string_view::npos) return true;
+    for (const std::string_view mark : kDoubtfulLineEnds)
+        if (gap.find(mark) != std::string_view::npos) return false;
+    for (std::size_t at = gap.find('\r'); at != std::string_view::npos; at = gap.find('\r', at + 1))
+        if (at + 1 == gap.size() || gap[at + 1] != '\n') return false;
+    return true;
+}
+
+class Reader {
+public:
+    explicit Reader(std::string_view sql) : m_sql(sql), m_tokens(tokenizeSql(sql)) {}
+
+    std::string problem()
+    {
+        while (!m_tokens.empty() && m_tokens.back().isSymbol(";")) m_tokens.pop_back();
+        if (m_tokens.empty()) return "there is no statement";
+        if (m_sql.find('\0') != std::string_view::npos) return "a character that no statement holds";
+        for (std::size_t at = 0; at < m_tokens.size(); ++at) {
+            std::string problem = wordProblem(at);
+            if (!problem.empty()) return problem;
+        }
+        const char *end = m_tokens.back().text.data() + m_tokens.back().text.size();
+        if (!isSoundGap({end, static_cast<std::size_t>(m_sql.data() + m_sql.size() - end)})) return kDoubtfulComment;
+        return isOneSelect() ? "" : "a read-only record set runs one SELECT and nothing else";
+    }
+
+private:
+    static constexpr const char *kDoubtfulComment = "a comment whose end is in doubt";
+
+    [[nodiscard]] std::string_view gapBefore(std::size_t at) const
+    {
+        const char *start = at == 0 ? m_sql.data() : m_tokens[at - 1].text.data() + m_tokens[at - 1].text.size();
+        return {start, static_cast<std::size_t>(m_tokens[at].text.data() - start)};
+    }
+    [[nodiscard]] bool follows(std::size_t at, TokenKind kind) const
+    {
+        return at > 0 && m_tokens[at - 1].kind == kind && gapBefore(at).empty();
+    }
+
+    /// What is wrong with one token by itself.
+    [[nodiscard]] std::string wordProblem(std::size_t at) const
+    {
+        const Token &token = m_tokens[at];
+        if (token.kind == TokenKind::invalid) return "a quoted text, a name or a comment has no end";
+        if (!isSoundGap(gapBefore(at))) return kDoubtfulComment;
+        if (token.isSymbol("?")) return "a value for a parameter is missing";
+        if (token.isSymbol("{") || token.isSymbol("}")) return "an escape of ODBC is no part of a statement";
+        if (token.isSymbol("$") && (at + 1 == m_tokens.size() || !isNumberAt(at + 1))) return "a lone $";
+        if (token.isSymbol(".") && !isNameBefore(at)) return "a point that is behind no name";
+        if (token.kind == TokenKind::word) {
+            if (!isPlainName(token.text)) return "a character that no name holds";
+            // The server takes 1e for a whole number: what follows would be a word of its own.
+            if (follows(at, TokenKind::number) || follows(at, TokenKind::binary)) return "a number with a tail";
+        }
+        if (token.kind == TokenKind::text && follows(at, TokenKind::word))
+            return "a text with an unknown mark before it";
+        return {};
+    }
+    [[nodiscard]] bool isNameBefore(std::size_t at) const
+    {
+        if (at == 0) return false;
+        const Token &before = m_tokens[at - 1];
+        return before.kind == TokenKind::word || before.kind == TokenKind::quotedName || before.isSymbol(".");
+    }
+    [[nodiscard]] bool isNumberAt(std::size_t at) const
+    {
+        return m_tokens[at].kind == TokenKind::number && gapBefore(at).empty();
+    }
+
+    /// A SELECT begins the statement, or goes on with one, or stands in brackets of its own; behind WITH the chief one
+    /// comes after the brackets of the last named part.
+    [[nodiscard]] bool isOneSelect() const
+    {
+        const bool isWith = m_tokens[0].isWord("with");
+        if (!isWith && !m_tokens[0].isWord("select")) return false;
+        bool hasChief = !isWith;
+        int depth = 0;
+        for (std::size_t at = 0; at < m_tokens.size(); ++at) {
+            const Token &token = m_tokens[at];
+            if (token.isSymbol("(")) ++depth;
+            if (token.isSymbol(")") && --depth < 0) return false;
+            if (token.isSymbol(";") || isAny(token, kForbidden) || isNextValue(at)) return false;
+            if (at == 0 || !token.isWord("select")) continue;
+            const Token &before = m_tokens[at - 1];
+            if (isAny(before, kBeforeSelect) || (depth > 0 && before.isSymbol("("))) continue;
+            if (depth > 0 || hasChief || !before.isSymbol(")")) return false;
+            hasChief = true;
+        }
+        return depth == 0 && hasChief;
+    }
+    /// NEXT VALUE FOR moves a sequence on.
+    [[nodiscard]] bool isNextValue(std::size_t at) const
+    {
+        return at + 2 < m_tokens.size() && m_tokens[at].isWord("next") && m_tokens[at + 1].isWord("value") &&
+               m_tokens[at + 2].isWord("for");
+    }
+
+    std::string_view m_sql;
+    std::vector<Token> m_tokens;
+};
+
+} // namespace
+
+std::string singleSelectProblem(std::string_view sql)
+{
+    return Reader(sql).problem();
+}
+
+} // namespace inin

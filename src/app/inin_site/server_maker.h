@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/inin_site/people.h"
+#include "app/inin_site/server_target.h"
+#include "app/inin_site/site_maker.h"
+
+#include <string>
+#include <string_view>
+
+namespace inin::site {
+
+/// What differs between servers; a SQL Server unless said otherwise.
+struct ServerDialect {
+    std::string_view schema; ///< the script of tables and indexes
+    BinaryLiteral binary;
+};
+[[nodiscard]] ServerDialect sqlServerDialect();
+
+/// Makes the demo's tables with their rows in the database that a connection string opens. Where one of the tables is
+/// there already nothing is written, unless `anyFolder` is given: then the old ones go. Failures are RuntimeErrors.
+void makeServerDatabase(const std::string &connectionString, const SiteOrder &order, Overwrite overwrite);
+void makeServerDatabase(Database &database, Connection &connection, const ServerDialect &dialect,
+                        const SiteOrder &order, Overwrite overwrite);
+
+/// The tables alone, without rows and indexes; old ones of the same names go.
+void makeServerTables(Database &database, Connection &connection, const ServerDialect &dialect);
+
+/// "adodb.ini" with a connection string, as bytes. Error 5 for a string of more bytes than the suite reads.
+[[nodiscard]] std::string connectionFile(const std::string &connectionString);
+
+} // namespace inin::site

@@ -1,0 +1,205 @@
+// How FreeTDS reads our connection strings and how it reports, over a peer that speaks the server's protocol.
+
+#include "adapters/odbc/driver_stage.h"
+#include "adapters/odbc/tds_peer.h"
+
+#include <doctest/doctest.h>
+
+#include <chrono>
+
+using namespace inin;
+using namespace inin::test;
+
+namespace {
+
+std::string adoString(const TdsPeer &peer, const std::string &rest)
+{
+    return "Provider=SQLOLEDB.1;Data Source=127.0.0.1," + std::to_string(peer.port()) + ";" + rest;
+}
+
+double secondsOf(const std::function<void()> &call)
+{
+    const auto start = std::chrono::steady_clock::now();
+    call();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+struct PasswordRow {
+    const char *written;
+    const char *meant;
+};
+
+} // namespace
+
+TEST_CASE("an ADO string logs in through FreeTDS with its user, password, database and application")
+{
+    const TdsPeer peer(TdsManner::willing);
+    const Session session(adoString(peer, "User ID=sa;Password=geheim;Initial Catalog=Massage;Application Name=委任状;"
+                                          "Persist Security Info=True"));
+    CHECK(session.value("SELECT 1") == Variant(std::int32_t{1}));
+    REQUIRE(peer.logIns().size() == 1);
+    CHECK(peer.logIns()[0].user == "sa");
+    CHECK(peer.logIns()[0].password == "geheim");
+    CHECK(peer.logIns()[0].database == "Massage");
+    CHECK(peer.logIns()[0].application == "委任状");
+    CHECK(session.connection->DefaultDatabase() == "Massage");
+}
+
+TEST_CASE("FreeTDS gets every password as it is meant")
+{
+    for (const PasswordRow &row : {PasswordRow{"\"a;b\"", "a;b"},
+                                   {"\"a;b}\"", "a;b}"},
+                                   {"a}b", "a}b"},
+                                   {"\"{a\"", "{a"},
+                                   {"{a}", "{a}"},
+                                   {"a=b", "a=b"},
+                                   {"\"a\"\"b\"", "a\"b"},
+                                   {"'it''s'", "it's"},
+                                   {"\" a \"", " a "},
+                                   {"a,b", "a,b"},
+                                   {"日本", "日本"}}) {
+        const TdsPeer peer(TdsManner::willing);
+        const Session session(adoString(peer, std::string("User ID=sa;Password=") + row.written));
+        REQUIRE(peer.logIns().size() == 1);
+        CHECK(peer.logIns()[0].password == row.meant);
+    }
+}
+
+TEST_CASE("an ODBC string with ADO's keys and blanks lands in the database that it names")
+{
+    const TdsPeer peer(TdsManner::willing);
+    const Session session("Driver=FreeTDS;Server=tcp:127.0.0.1," + std::to_string(peer.port()) +
+                          ";User ID=sa;Password=p;Initial Catalog = Massage ");
+    CHECK(peer.logIns().at(0).database == "Massage");
+    CHECK(peer.logIns().at(0).user == "sa");
+}
+
+TEST_CASE("a Japanese statement reaches the server unchanged, whatever the locale")
+{
+    const TdsPeer peer(TdsManner::willing);
+    const Session session(adoString(peer, "User ID=sa;Password=p"));
+    (void)session.open("SELECT 1 AS a FROM t WHERE c = '髙橋 𠮷 {fn x}'");
+    REQUIRE_FALSE(peer.statements().empty());
+    CHECK(peer.statements().back() == "SELECT 1 AS a FROM t WHERE c = '髙橋 𠮷 {fn x}'");
+}
+
+TEST_CASE("a refused log-in has its number and native error, and no password in its words")
+{
+    const TdsPeer peer(TdsManner::refusing);
+    const auto database = makeOdbcDatabase();
+    const auto connection = database->newConnection();
+    const RuntimeError error =
+        errorOf([&] { connection->Open(adoString(peer, "User ID=sa;Password=geheim"), "", "", -1); });
+    CHECK(error.number() == -2147217843);
+    CHECK(error.description() == "Login failed for user 'sa'.");
+    REQUIRE_FALSE(connection->Errors().empty());
+    CHECK(connection->Errors()[0].NativeError == 18456);
+    CHECK(connection->Errors()[0].Source == "SQL Server");
+    for (const ProviderError &entry : connection->Errors())
+        CHECK(entry.Description.find("geheim") == std::string::npos);
+    CHECK(connection->State() == adStateClosed);
+}
+
+TEST_CASE("a server that never answers ends the log-in after the string's own seconds")
+{
+    const TdsPeer peer(TdsManner::mute);
+    const auto database = makeOdbcDatabase();
+    const auto connection = database->newConnection();
+    const double seconds = secondsOf([&] {
+        CHECK(errorOf([&] {
+                  connection->Open(adoString(peer, "User ID=sa;Password=p;Connect Timeout=2"), "", "", -1);
+              }).number() != 0);
+    });
+    CHECK(seconds >= 1);
+    CHECK(seconds < 8);
+    CHECK_FALSE(connection->Errors().empty());
+}
+
+TEST_CASE("PostgreSQL's driver, too, gives up on a server that never answers")
+{
+    const TdsPeer peer(TdsManner::mute);
+    const auto connection = makeOdbcDatabase()->newConnection();
+    const double seconds = secondsOf([&] {
+        CHECK(errorOf([&] {
+                  connection->Open("Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=" + std::to_string(peer.port()) +
+                                       ";Database=x;UID=u;PWD=p;Login Timeout=2",
+                                   "", "", -1);
+              }).number() != 0);
+    });
+    CHECK(seconds < 8);
+}
+
+TEST_CASE("a closed port is told with the records of FreeTDS")
+{
+    std::uint16_t port = 0;
+    {
+        const TdsPeer gone(TdsManner::mute);
+        port = gone.port();
+    }
+    const auto connection = makeOdbcDatabase()->newConnection();
+    const RuntimeError error = errorOf([&] {
+        connection->Open("Provider=SQLOLEDB;Data Source=127.0.0.1," + std::to_string(port) + ";User ID=sa;Password=p",
+                         "", "", -1);
+    });
+    CHECK(error.number() == -2147467259);
+    REQUIRE_FALSE(connection->Errors().empty());
+    CHECK(connection->Errors()[0].SQLState == "08S01");
+    CHECK(connection->Errors()[0].NativeError == 20009);
+}
+
+TEST_CASE("a connection that breaks fails the next statement, is not kept, and opens anew")
+{
+    TdsPeer peer(TdsManner::willing);
+    const std::string text = adoString(peer, "User ID=sa;Password=p");
+    const Session session(text);
+    peer.hangUp();
+    CHECK(errorOf([&] { (void)session.open("SELECT 1"); }).number() != 0);
+    CHECK_FALSE(session.connection->Errors().empty());
+    session.connection->Close();
+    session.connection->Open(text, "", "", -1);
+    CHECK(session.value("SELECT 1") == Variant(std::int32_t{1}));
+    CHECK(peer.logIns().size() == 2);
+}
+
+TEST_CASE("a failure and a break behind the first rows are told, and never pass for the end of the rows")
+{
+    struct Row {
+        const char *sql;
+        std::int32_t number;
+    };
+    for (const Row &row : {Row{"SELECT FAILING", -2147217900}, Row{"SELECT BREAKING", -2147467259}}) {
+        CAPTURE(std::string(row.sql));
+        const TdsPeer peer(TdsManner::willing);
+        const Session session(adoString(peer, "User ID=sa;Password=p"));
+        std::int32_t read = 0;
+        const RuntimeError error = errorOf([&] {
+            for (const auto rows = session.open(row.sql); !rows->isEndOfFile(); rows->MoveNext()) ++read;
+        });
+        CHECK(error.number() == row.number);
+        CHECK(read <= 2);
+        CHECK_FALSE(session.connection->Errors().empty());
+    }
+}
+
+TEST_CASE("a failure behind rows that were kept for a second statement waits for its row")
+{
+    const TdsPeer peer(TdsManner::willing);
+    const Session session(adoString(peer, "User ID=sa;Password=p"));
+    const auto rows = session.database->newRecordset();
+    const RuntimeError atOnce = errorOf(
+        [&] { rows->Open("SELECT FAILING", *session.connection, adOpenForwardOnly, adLockReadOnly, adCmdText); });
+    CHECK(session.value("SELECT 1") == Variant(std::int32_t{1}));
+    const RuntimeError later = errorOf([&] {
+        while (atOnce.number() == 0 && !rows->isEndOfFile()) rows->MoveNext();
+    });
+    CHECK((atOnce.number() == -2147217900) != (later.number() == -2147217900)); // told once, sooner or later
+}
+
+TEST_CASE("a value for a parameter that nobody gives is refused or told, never silent")
+{
+    const TdsPeer peer(TdsManner::willing);
+    const Session session(adoString(peer, "User ID=sa;Password=p"));
+    CHECK(errorOf([&] { (void)session.open("SELECT 1 WHERE 1 = ?"); }).number() == -2147217900);
+    CHECK(errorOf([&] { session.run("DELETE FROM t WHERE n = ?"); }).number() != 0);
+    CHECK_FALSE(session.connection->Errors().empty());
+}

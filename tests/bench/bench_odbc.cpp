@@ -1,0 +1,183 @@
+// A month's letters and a day's letters over ODBC, on the server that with_postgres starts: the month as a whole process
+// beside a plain program that only fetches the same statement's rows in blocks, the day with its log-ins counted.
+
+#include "adapters/odbc/odbc_database.h"
+#include "app/inin_site/code_tables.h"
+#include "app/inin_site/companies.h"
+#include "app/inin_site/embedded.h"
+#include "app/inin_site/patients.h"
+#include "app/inin_site/server_maker.h"
+#include "app/inin_site/site_files.h"
+#include "bench/bench_process.h"
+#include "bench/bench_site.h"
+#include "printing/extraction.h"
+
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <stdexcept>
+
+namespace inin::bench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// So many that a few more than 32,000 of them get a letter.
+constexpr std::int64_t kPatients = 33700;
+constexpr int kRuns = 5;
+
+std::string fromEnvironment(const char *name)
+{
+    const char *value = std::getenv(name);
+    if (value == nullptr) throw std::runtime_error("run this by tests/adapters/odbc/with_postgres");
+    return value;
+}
+
+std::string server()
+{
+    return fromEnvironment("ININ_ODBC_POSTGRES");
+}
+
+std::string replaceAll(std::string text, std::string_view from, std::string_view to)
+{
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+/// SQL Server's own tables in this server's words, so that the columns are as short there as here.
+std::string schema()
+{
+    std::string text(site::serverSchemaText());
+    for (const auto &[from, to] : {std::pair<std::string_view, std::string_view>{" COLLATE Japanese_CI_AS", ""},
+                                   {"NVARCHAR(MAX)", "TEXT"},
+                                   {"VARBINARY(MAX)", "BYTEA"},
+                                   {"NVARCHAR", "VARCHAR"},
+                                   {"DATETIME", "TIMESTAMP"}})
+        text = replaceAll(std::move(text), from, to);
+    return text;
+}
+
+/// Four visits a patient in the month, the fourth on a day of its own for one in sixteen.
+void fillServer()
+{
+    const auto database = makeOdbcDatabase();
+    const auto connection = database->newConnection();
+    connection->Open(server(), "", "", -1);
+    connection->setCommandTimeout(0);
+    const std::string text = schema();
+    const site::ServerDialect dialect{text, {"'\\x", "'"}};
+    site::makeServerTables(*database, *connection, dialect);
+    const site::SiteOrder order{kPatients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth)};
+    site::ServerTarget target(*connection, dialect.binary);
+    connection->BeginTrans();
+    site::writeCodeTables(target, order);
+    site::writeCompanies(target, order);
+    site::writePatients(target, order);
+    target.finish();
+    connection->CommitTrans();
+    connection->Execute("INSERT INTO SCHEDULE (iKyotenCd, iKyotenEb, nIDRiyoushaNo, nIDStaffNo, nDate)"
+                        " SELECT 1, 1, nIDNo, 1, 20240500 + d + CASE WHEN d = 22 THEN nIDNo % 16 / 2 ELSE 0 END"
+                        " FROM RIYOUSHA, generate_series(1, 22, 7) AS d",
+                        0);
+    for (const std::string &statement : site::statementsOf(text))
+        if (statement.starts_with("CREATE INDEX")) connection->Execute(statement, 0);
+    connection->Execute("ANALYZE", 0);
+}
+
+void makeFolder(const fs::path &folder)
+{
+    fs::create_directories(folder / "TMP");
+    site::writeFile(folder / "adodb.ini", site::connectionFile(server()));
+    site::writeFile(folder / "Massage.ini", "SYSTEM_TMP=\\TMP\r\n");
+}
+
+/// The child's part: one extraction and its CSV. Prints the number of letters.
+int runMonth(const std::string &folder)
+{
+    BenchScreen screen(folder, makeOdbcDatabase());
+    if (screen.form().iGetKanjaDataMonth() != iGood) throw std::runtime_error("the extraction failed");
+    screen.form().saveCSVInin();
+    fmt::print("{}\n", screen.form().iRowCount);
+    return 0;
+}
+
+/// A day's letters ask for the last visit of each candidate in a session of its own.
+void measureDay(const std::string &folder)
+{
+    auto owned = makeOdbcDatabase();
+    const OdbcDatabase &database = *owned;
+    BenchScreen screen(folder, std::move(owned));
+    screen.form().iTgtDateKind = 2;
+    screen.form().csTargetDate = fmt::format("{:04}/{:02}/22", kYear, kMonth);
+    const auto start = std::chrono::steady_clock::now();
+    if (screen.form().iGetKanjaDataDay() != iGood) throw std::runtime_error("the extraction failed");
+    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
+    fmt::print("bench_odbc: a day's {} letters in {:.3f} s with {} log-ins (aim: at most 2)\n", screen.form().iRowCount,
+               spent.count(), database.logIns());
+}
+
+std::string statement()
+{
+    const Regional regional;
+    const TargetDate target(fmt::format("{:04}/{:02}/1", kYear, kMonth), regional);
+    ExtractionQuery query;
+    query.iKyotenCd = 1;
+    query.iKyotenEb = 1;
+    query.iTrustKind = 1;
+    query.bounds = kKanjaDataMonth.bounds(target, regional);
+    return extractionSql(kKanjaDataMonth, query);
+}
+
+Spent timed(const std::vector<std::string> &arguments, const std::string &output)
+{
+    std::vector<Spent> runs;
+    for (int i = 0; i < kRuns; ++i) runs.push_back(runProcess(arguments, output));
+    return medianOf(runs);
+}
+
+std::string firstLine(const fs::path &file)
+{
+    std::ifstream stream(file);
+    std::string line;
+    std::getline(stream, line);
+    return line;
+}
+
+int compare(const std::string &self)
+{
+    const fs::path folder = fs::path(fromEnvironment("ININ_ODBC_FOLDER")) / "site";
+    makeFolder(folder);
+    fillServer();
+    const std::string output = (folder / "bench.out").string();
+    const std::string plainOutput = (folder / "plain.out").string();
+    const std::string plainProgram = fs::path(self).replace_filename("bench_odbc_plain").string();
+    const Spent ours = timed({self, "run", folder.string()}, output);
+    const Spent plain = timed({plainProgram, server(), statement()}, plainOutput);
+    fmt::print("bench_odbc: letters {} (plain program: {} rows)\n", firstLine(output), firstLine(plainOutput));
+    fmt::print("bench_odbc: extraction and CSV {:.3f} s, {:.1f} MB at the peak\n", ours.seconds, ours.megabytes);
+    fmt::print("bench_odbc: plain block fetch  {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);
+    fmt::print("bench_odbc: ratio {:.2f} (aim: at most 1.50)\n", ours.seconds / plain.seconds);
+    measureDay(folder.string());
+    return 0;
+}
+
+} // namespace
+
+} // namespace inin::bench
+
+int main(int argc, char **argv)
+try {
+    const std::vector<std::string> arguments(argv, argv + argc);
+    if (arguments.size() == 3 && arguments[1] == "run") return inin::bench::runMonth(arguments[2]);
+    return inin::bench::compare(arguments[0]);
+} catch (const inin::RuntimeError &error) {
+    fmt::print(stderr, "bench_odbc: {}\n", error.description());
+    return 1;
+} catch (const std::exception &fault) {
+    fmt::print(stderr, "bench_odbc: {}\n", fault.what());
+    return 1;
+}
