@@ -31,7 +31,7 @@ std::size_t lettersIn(const std::vector<Finding> &findings)
     std::vector<std::size_t> letters;
     for (const Finding &finding : findings) letters.push_back(finding.letter);
     std::ranges::sort(letters);
-    return static_cast<std::size_t>(std::ranges::unique(letters).begin() - letters.begin());
+    return static_cast<std::size_t>(std::unique(letters.begin(), letters.end()) - letters.begin());
 }
 
 std::string checkText(const CheckReport &report, const LetterNames &names)

@@ -15,7 +15,8 @@ void FileWatch::watch(std::vector<StampedFile> files)
 {
     // Reports of a merge may well share a file.
     std::ranges::sort(files, {}, &StampedFile::path);
-    files.erase(std::ranges::unique(files, {}, &StampedFile::path).begin(), files.end());
+    const auto isSame = [](const StampedFile &a, const StampedFile &b) { return a.path == b.path; };
+    files.erase(std::unique(files.begin(), files.end(), isSame), files.end());
     m_files.clear();
     for (StampedFile &file : files) m_files.push_back({file, file.stamp, file.stamp});
     m_timer.start();

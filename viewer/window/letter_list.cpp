@@ -32,7 +32,6 @@ LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(par
     setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
     setColumnWidth(LetterListModel::patient, wide * kPatientWidth);
     // The marks take what is left; the tips tell what does not fit.
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
 }

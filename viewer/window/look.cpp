@@ -18,6 +18,17 @@ constexpr const char *kFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic
 constexpr double kLeastPoints = 9.75;
 constexpr int kMiddle = 128;
 
+/// The style draws the edges of boxes darker than the window: on a ground that is darker still they would not be seen.
+QPalette readableDark(QPalette palette)
+{
+    constexpr int kLighter = 135, kAlternate = 150;
+    const QColor window = palette.color(QPalette::Window);
+    if (palette.color(QPalette::Base).lightness() >= window.lightness()) return palette;
+    palette.setColor(QPalette::Base, window.lighter(kLighter));
+    palette.setColor(QPalette::AlternateBase, window.lighter(kAlternate));
+    return palette;
+}
+
 QFont windowFont(QFont font)
 {
     font.setPointSizeF(std::max(font.pointSizeF(), kLeastPoints));
@@ -42,6 +53,7 @@ void applyLook(QApplication &application)
         QApplication::installTranslator(texts);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(windowFont(QApplication::font()));
+    if (isDark(QApplication::palette())) QApplication::setPalette(readableDark(QApplication::palette()));
     application.setApplicationDisplayName(QStringLiteral("委任状"));
 }
 

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -131,20 +132,6 @@ void ViewerWindow::buildTools()
     m_zoom->setObjectName(u"zoom"_s);
     m_zoom->setAlignment(Qt::AlignCenter);
     m_zoom->setMinimumWidth(m_zoom->fontMetrics().horizontalAdvance(u"000 %"_s));
-    m_find = new QLineEdit(tools);
-    m_find->setObjectName(u"find"_s);
-    m_find->setAccessibleName(u"検索する名前など"_s);
-    m_find->setPlaceholderText(u"名前などで検索"_s);
-    m_find->setClearButtonEnabled(true);
-    constexpr int kFindWidth = 220;
-    m_find->setMaximumWidth(kFindWidth);
-    m_found = new QLabel(tools);
-    m_found->setObjectName(u"found"_s);
-    QObject::connect(m_find, &QLineEdit::textEdited, this, [this] { findTyped(); });
-    QObject::connect(m_find, &QLineEdit::returnPressed, this, [this] {
-        const bool back = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
-        find(back ? Direction::backward : Direction::forward);
-    });
     add({"print", "pdf"});
     tools->addSeparator();
     add({"first", "previous"});
@@ -154,9 +141,26 @@ void ViewerWindow::buildTools()
     add({"zoomOut"});
     tools->addWidget(m_zoom);
     add({"zoomIn", "fitPage", "fitWidth"});
-    tools->addSeparator();
-    tools->addWidget(m_find);
-    tools->addWidget(m_found);
+}
+
+QLayout *ViewerWindow::buildFind(QWidget *side)
+{
+    m_find = new QLineEdit(side);
+    m_find->setObjectName(u"find"_s);
+    m_find->setAccessibleName(u"検索する名前など"_s);
+    m_find->setPlaceholderText(u"名前などで検索"_s);
+    m_find->setClearButtonEnabled(true);
+    m_found = new QLabel(side);
+    m_found->setObjectName(u"found"_s);
+    QObject::connect(m_find, &QLineEdit::textEdited, this, [this] { findTyped(); });
+    QObject::connect(m_find, &QLineEdit::returnPressed, this, [this] {
+        const bool back = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
+        find(back ? Direction::backward : Direction::forward);
+    });
+    auto *const row = new QHBoxLayout;
+    row->addWidget(m_find, 1);
+    row->addWidget(m_found);
+    return row;
 }
 
 } // namespace inin::viewer

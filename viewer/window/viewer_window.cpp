@@ -70,6 +70,7 @@ QWidget *ViewerWindow::buildList()
     auto *const layout = new QVBoxLayout(side);
     constexpr int kRoom = 6;
     layout->setContentsMargins(kRoom, kRoom, kRoom, kRoom);
+    layout->addLayout(buildFind(side));
     layout->addWidget(m_list);
     layout->addWidget(m_range);
     return side;

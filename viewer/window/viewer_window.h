@@ -18,6 +18,7 @@
 
 class QAction;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QSpinBox;
 class QSplitter;
@@ -69,6 +70,7 @@ private:
     void buildMoveMenu(Menus &menus);
     void buildViewMenu(Menus &menus);
     void buildTools();
+    QLayout *buildFind(QWidget *side);
     QWidget *buildList();
     QWidget *buildPage();
     void adopt(std::unique_ptr<OpenLetters> letters);
