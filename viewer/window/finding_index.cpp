@@ -13,9 +13,10 @@ FindingIndex::FindingIndex(std::vector<Finding> findings) : m_findings(std::move
 
 std::span<const Finding *const> FindingIndex::of(std::size_t letter) const
 {
-    const auto found =
-        std::ranges::equal_range(m_byLetter, letter, {}, [](const Finding *finding) { return finding->letter; });
-    return {found.begin(), found.end()};
+    const auto isBefore = [](const Finding *finding, std::size_t wanted) { return finding->letter < wanted; };
+    const auto begin = std::lower_bound(m_byLetter.begin(), m_byLetter.end(), letter, isBefore);
+    const auto end = std::lower_bound(begin, m_byLetter.end(), letter + 1, isBefore);
+    return {begin, end};
 }
 
 } // namespace inin::viewer
