@@ -107,9 +107,10 @@ private:
 
     static LetterTable readTable(const DataSource &source)
     {
-        const std::string bytes = readWholeFile(source.path);
-        return naming(source.path,
-                      [&] { return readLetters(bytes, source.hasTitles ? TitleRow::first : TitleRow::none); });
+        std::string bytes = readWholeFile(source.path);
+        return naming(source.path, [&] {
+            return readLetters(std::move(bytes), source.hasTitles ? TitleRow::first : TitleRow::none);
+        });
     }
 
     void readFormInto(LetterReport &report, const std::string &bytes)
