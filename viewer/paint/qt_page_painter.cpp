@@ -1,7 +1,9 @@
 #include "viewer/paint/qt_page_painter.h"
 
+#include "runtime/runtime_error.h"
 #include "viewer/document/letter_press.h"
 
+#include <QBuffer>
 #include <QPainter>
 #include <QPen>
 
@@ -156,6 +158,15 @@ QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, Q
     painter.scale(scale, scale);
     paintLetter(press, letter, painter, glyphs);
     return image;
+}
+
+std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!letterImage(press, letter, dotsPerInch, glyphs).save(&buffer, "PNG"))
+        throw RuntimeError(error_number::outOfMemory);
+    return buffer.data().toStdString();
 }
 
 } // namespace inin::viewer
