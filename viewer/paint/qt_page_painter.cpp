@@ -93,6 +93,12 @@ QPen qtPen(const Stroke &stroke)
     return pen;
 }
 
+/// In the glyph's square of 1.
+QPen boldPen(const GlyphRun &run)
+{
+    return {qtColor(run.color), GlyphRun::kBoldLine, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+}
+
 } // namespace
 
 const QPainterPath &QtGlyphs::outline(const Font &font, std::uint32_t glyph, double pixels)
@@ -126,7 +132,9 @@ void QtPagePainter::paint(const GlyphRun &run)
     for (const ShapedGlyph &glyph : run.glyphs) {
         const Affine place{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0};
         m_painter.setTransform(qtTransform(place) * line);
-        m_painter.fillPath(m_glyphs.outline(*run.font, glyph.glyph, pixels), qtColor(run.color));
+        const QPainterPath &outline = m_glyphs.outline(*run.font, glyph.glyph, pixels);
+        m_painter.fillPath(outline, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(outline, boldPen(run));
         spaced += run.spacing * run.stretch;
     }
     m_painter.setTransform(before);
