@@ -1,9 +1,12 @@
 #include "viewer/paint/qt_page_painter.h"
 
+#include "runtime/runtime_error.h"
 #include "viewer/document/letter_press.h"
 
+#include <QBuffer>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPathStroker>
 #include <QPen>
 
 #include <algorithm>
@@ -92,6 +95,12 @@ QPen qtPen(const Stroke &stroke)
     return pen;
 }
 
+/// In the glyph's square of 1.
+QPen boldPen(const GlyphRun &run)
+{
+    return {qtColor(run.color), GlyphRun::kBoldLine, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+}
+
 } // namespace
 
 const QPainterPath &QtGlyphs::outline(const Font &font, std::uint32_t glyph, double pixels)
@@ -144,25 +153,31 @@ void QtPagePainter::paint(const GlyphRun &run)
     const QTransform line = qtTransform(run.at) * before;
     const double step = run.size * run.stretch / 1000;
     const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
+    // Outlines and the lines that make them bold run in different turns, so each is a path of its own.
     const bool gathers = writesFile(m_painter);
-    QPainterPath gathered;
-    gathered.setFillRule(Qt::WindingFill);
+    QPainterPath gathered, boldened;
+    const QPainterPathStroker bolder(boldPen(run));
     double spaced = 0;
     for (const ShapedGlyph &glyph : run.glyphs) {
         const Affine place{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0};
+        const QTransform at = qtTransform(place) * line;
         const QPainterPath &outline = m_glyphs.outline(*run.font, glyph.glyph, pixels);
         spaced += run.spacing * run.stretch;
         if (gathers) {
-            gathered.addPath((qtTransform(place) * line).map(outline));
+            gathered.addPath(at.map(outline));
+            if (run.isBold) boldened.addPath(at.map(bolder.createStroke(outline)));
             continue;
         }
-        m_painter.setTransform(qtTransform(place) * line);
+        m_painter.setTransform(at);
         m_painter.fillPath(outline, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(outline, boldPen(run));
     }
-    if (gathers) {
-        putOnGrid(gathered, m_painter.device()->logicalDpiY());
+    for (QPainterPath *path : {&gathered, &boldened}) {
+        if (path->isEmpty()) continue;
+        putOnGrid(*path, m_painter.device()->logicalDpiY());
+        path->setFillRule(Qt::WindingFill);
         m_painter.resetTransform();
-        m_painter.fillPath(gathered, qtColor(run.color));
+        m_painter.fillPath(*path, qtColor(run.color));
     }
     m_painter.setTransform(before);
 }
@@ -193,6 +208,15 @@ QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, Q
     painter.scale(scale, scale);
     paintLetter(press, letter, painter, glyphs);
     return image;
+}
+
+std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!letterImage(press, letter, dotsPerInch, glyphs).save(&buffer, "PNG"))
+        throw RuntimeError(error_number::outOfMemory);
+    return buffer.data().toStdString();
 }
 
 } // namespace inin::viewer
