@@ -14,6 +14,7 @@ namespace inin {
 // - It tells neither how many rows a fetch gave nor the present database; what it leaves there is chance.
 // - Its scanner takes ASCII names only, others in brackets; its statement has a buffer of fixed size.
 // - A negative whole number of 16 bits it takes for too large, but not where one of 32 bits is asked for.
+// - It opens every file, even one of no bytes.
 // - It compares with NULL wrongly and without a word: IS NULL finds nothing, so such a statement is refused.
 // What stays, and is the driver's:
 // - Values: a text ends behind 16383 bytes; an empty text is NULL; currency is a number without its type; a decimal and a
@@ -25,6 +26,8 @@ namespace inin {
 
 /// True for the name by which that driver calls its database.
 [[nodiscard]] bool isMdbDriver(std::string_view databaseName);
+/// A statement that every Jet file can run.
+inline constexpr const char *kMdbCatalogue = "SELECT Id FROM MSysObjects";
 /// The column as its values can be had from that driver.
 [[nodiscard]] OdbcColumn mdbColumn(OdbcColumn column);
 /// A statement as the driver's scanner takes it, or why it must not be given to the driver.

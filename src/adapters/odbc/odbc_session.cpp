@@ -42,6 +42,7 @@ OdbcSession::OdbcSession(std::shared_ptr<OdbcEnvironment> environment, const Odb
                           static_cast<SQLSMALLINT>(completed.size()), &length, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result)) raiseRecords(errors, m_handle.records(), m_secrets);
     m_isMdb = isMdbDriver(databaseName());
+    if (m_isMdb) checkMdbFile(errors);
     m_firstDatabase = defaultDatabase();
 }
 
@@ -51,6 +52,15 @@ OdbcSession::~OdbcSession()
     if (const auto reading = m_reading.lock()) reading->close();
     if (m_inTransaction) SQLEndTran(SQL_HANDLE_DBC, m_handle.get(), SQL_ROLLBACK);
     SQLDisconnect(m_handle.get());
+}
+
+/// That driver opens any file; only the first statement shows whether there is a database in it.
+void OdbcSession::checkMdbFile(Errors &errors) const
+{
+    const std::unique_ptr<OdbcHandle> statement = newStatement(kDefaultCommandTimeout);
+    const std::u16string text = utf16FromUtf8(kMdbCatalogue);
+    if (!SQL_SUCCEEDED(SQLExecDirectW(statement->get(), wide(text), static_cast<SQLINTEGER>(text.size()))))
+        raise(errors, ownError(ado_error::unspecified, "08001", "the file cannot be read as a Jet database"));
 }
 
 /// The name of the product behind the driver.

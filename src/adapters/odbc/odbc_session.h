@@ -52,6 +52,7 @@ public:
 
 private:
     [[nodiscard]] std::string databaseName() const;
+    void checkMdbFile(Errors &errors) const;
     /// As the driver takes it.
     [[nodiscard]] std::string spelled(const std::string &sql);
     [[nodiscard]] std::unique_ptr<OdbcHandle> newStatement(std::int32_t timeout) const;
