@@ -1,6 +1,7 @@
 #include "adapters/odbc/jet_dao.h"
 
 #include "adapters/common/dao_over_ado.h"
+#include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_database.h"
 
 #include <string_view>
@@ -35,6 +36,15 @@ std::string valueOf(const std::string &path)
 }
 
 } // namespace
+
+std::string jetDriver()
+{
+#ifdef _WIN32
+    return "Microsoft Access Driver (*.mdb, *.accdb)";
+#else
+    return mdbDriverLibrary();
+#endif
+}
 
 std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath, std::string driver)
 {
