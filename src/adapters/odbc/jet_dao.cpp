@@ -26,10 +26,10 @@ bool isJetFile(std::string_view start)
     return name.starts_with("Standard Jet DB") || name.starts_with("Standard ACE DB");
 }
 
-/// In braces only where it must be: not every driver takes them.
+/// In braces only where it must be: the driver outside Windows takes none, and so no path with a semicolon.
 std::string valueOf(const std::string &path)
 {
-    if (path.find_first_of(";{}") == std::string::npos) return path;
+    if (path.find(';') == std::string::npos && !path.starts_with('{')) return path;
     std::string text = "{";
     for (const char c : path) text.append(c == '}' ? 2 : 1, c);
     return text + "}";

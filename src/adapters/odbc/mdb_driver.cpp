@@ -10,8 +10,8 @@ namespace inin {
 
 namespace {
 
-/// Bytes of the driver's buffer for a statement and the NUL behind it.
-constexpr std::size_t kStatementBuffer = 4096;
+/// More than any statement of one table's columns; what room the driver has for one is not told.
+constexpr std::size_t kLongestStatement = 4000;
 
 bool needsBrackets(const Token &token)
 {
@@ -43,11 +43,11 @@ MdbStatement mdbStatement(std::string_view sql)
     std::vector<Token> tokens = tokenizeSql(sql);
     while (!tokens.empty() && tokens.back().isSymbol(";")) tokens.pop_back();
     for (const Token &token : tokens) {
-        if (token.isWord("is")) statement.problem = "the driver for Jet files compares with NULL wrongly";
+        if (token.isWord("where")) statement.problem = "the driver for Jet files finds the wrong rows by a condition";
         const bool isBare = needsBrackets(token);
         statement.text.append(token.gap).append(isBare ? "[" : "").append(token.text).append(isBare ? "]" : "");
     }
-    if (statement.text.size() >= kStatementBuffer)
+    if (statement.text.size() > kLongestStatement)
         statement.problem = "the statement is too long for the driver for Jet files";
     return statement;
 }

@@ -8,20 +8,20 @@
 namespace inin {
 
 // The driver that reads Jet files outside Windows keeps few of ODBC's promises. What it needs done differently:
-// - A bound column is filled with text of any length, whatever the type and the size of its buffer, so none is bound:
-//   each value is fetched by itself, into a buffer that holds the longest text that the driver gives.
-// - It looks at no type of the caller's: texts come as UTF-8, a single comes where a double was asked for.
+// - Of a bound column's length it writes 32 bits only, and a text that does not fit it cuts, so nothing is bound: each
+//   value is fetched by itself, into a buffer that holds the longest text that the driver gives.
+// - It minds the caller's types little: texts come as UTF-8, a single comes where a double was asked for. A negative
+//   whole number of 16 bits it takes for too large, but not where one of 32 bits is asked for.
 // - It tells neither how many rows a fetch gave nor the present database; what it leaves there is chance.
-// - Its scanner takes ASCII names only, others in brackets; its statement has a buffer of fixed size.
-// - A negative whole number of 16 bits it takes for too large, but not where one of 32 bits is asked for.
-// - It opens every file, even one of no bytes.
-// - It compares with NULL wrongly and without a word: IS NULL finds nothing, so such a statement is refused.
+// - It opens every file, even one that holds no database.
+// - Its scanner takes ASCII names only, others in brackets, and no semicolon at the end.
+// - Its conditions find the wrong rows without a word: with NULL, dates, currency, decimals, bytes and negative numbers
+//   of 16 bits. So a statement with conditions is refused: who wants some of the rows reads them all and chooses.
 // What stays, and is the driver's:
 // - Values: a text ends behind 16383 bytes; an empty text is NULL; currency is a number without its type; a decimal and a
 //   GUID come as text, bytes as text up to the first 0; a date before the end of 1899 comes as the text "1900-01-00".
-// - Statements: columns of one table and conditions joined by AND, OR and NOT; no ORDER BY, DISTINCT, IN, alias, join or
-//   doubled quote. A condition on a currency or decimal column, or one that compares with a negative number of 16 bits,
-//   finds the wrong rows.
+// - Statements: columns of one table; no ORDER BY, DISTINCT, alias or join.
+// - Paths: none with a semicolon.
 // - Failures: one text for all, without the SQL state; the reason goes to the error stream of the process.
 
 /// True for the name by which that driver calls its database.

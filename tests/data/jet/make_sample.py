@@ -2,7 +2,8 @@
 """Writes practice.mdb, a small database file of the Jet 4 format, by the format's published description
 (HACKING.md of the mdbtools package). Offsets and names of fields are those of that description.
 
-Usage: make_sample.py practice.mdb
+Usage: make_sample.py practice.mdb          writes the file
+       make_sample.py --check practice.mdb  ends with 1 when the file is not what would be written
 """
 import datetime
 import struct
@@ -261,9 +262,14 @@ def main():
         writer.table(number, columns, rows)
         catalog.append(catalog_row(name, number, TABLES_FOLDER, 1, 0, created))
     writer.table(CATALOG_PAGE, CATALOG, catalog, is_system=True)
+    sample = writer.finish(created)
+    if sys.argv[1] == "--check":
+        with open(sys.argv[2], "rb") as file:
+            return 0 if file.read() == sample else 1
     with open(sys.argv[1], "wb") as file:
-        file.write(writer.finish(created))
+        file.write(sample)
+    return 0
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main())
