@@ -3,6 +3,7 @@
 
 #include "adapters/posix/posix_platform.h"
 #include "adapters/qt/date_edit.h"
+#include "adapters/qt/japanese_font.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/theme.h"
 #include "adapters/qt/units.h"
@@ -177,6 +178,7 @@ int main(int argc, char **argv)
     const bool dark = arguments.contains("--dark");
     if (dark) QApplication::setPalette(darkPalette());
     applyTheme(application);
+    FontReading().finish();
     const std::string scale = fromQt(qEnvironmentVariable("QT_SCALE_FACTOR", "1"));
     const std::string ending = (scale == "1" ? "" : "@" + scale + "x") + (dark ? std::string("-dark") : "");
     Photographer(std::filesystem::canonical(fromQt(arguments[1])),
