@@ -50,9 +50,10 @@ struct Start {
 
 void print(const char *what, const Start &start, const Start &empty, const Start &line, const char *aim)
 {
-    fmt::print("bench_start: {} after {:.1f} ms, {:.2f} times an empty window{}, {:.2f} times one with a line of text\n",
-               what, start.milliseconds(), start.milliseconds() / empty.milliseconds(), aim,
-               start.milliseconds() / line.milliseconds());
+    fmt::print(
+        "bench_start: {} after {:.1f} ms, {:.2f} times an empty window{}, {:.2f} times one with a line of text\n", what,
+        start.milliseconds(), start.milliseconds() / empty.milliseconds(), aim,
+        start.milliseconds() / line.milliseconds());
 }
 
 int measure(const std::string &self)

@@ -24,8 +24,8 @@ bool EndAtPaint::isOurs(QObject *watched) const
 bool EndAtPaint::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Paint && isOurs(watched)) m_hasPainted = true;
-    const bool isDisplays = event->type() == QEvent::Expose || event->type() == QEvent::Paint ||
-                            event->type() == QEvent::UpdateRequest;
+    const bool isDisplays =
+        event->type() == QEvent::Expose || event->type() == QEvent::Paint || event->type() == QEvent::UpdateRequest;
     if (!watched->isWindowType() || !isDisplays) return false;
     watched->event(event);
     if (m_hasPainted) std::_Exit(0);

@@ -24,9 +24,8 @@ constexpr int kPatience = 500;
 /// True when there is something to read on a form: a picture alone needs no letters.
 bool hasText(const Form &form)
 {
-    return std::ranges::any_of(form.controls(), [](const Control *control) {
-        return dynamic_cast<const ImageBox *>(control) == nullptr;
-    });
+    return std::ranges::any_of(
+        form.controls(), [](const Control *control) { return dynamic_cast<const ImageBox *>(control) == nullptr; });
 }
 
 /// Whoever shows a window that does not wait for a person goes on with work of his own: he does so in front of a window that
