@@ -2,6 +2,7 @@
 // figure comes with a look at what was done: blank pages are fast.
 
 #include "adapters/posix/code_page_932.h"
+#include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "viewer/window/look.h"
 #include "viewer/window/viewer_window.h"
@@ -10,7 +11,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
-#include <QTemporaryDir>
+#include <QFileInfo>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -23,8 +24,8 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::size_t kLetters = 10'000;
-/// The letter whose account has no holder.
-constexpr std::size_t kSpoilt = 5'000;
+/// The letter whose account has no holder, behind all others.
+constexpr std::size_t kSpoilt = kLetters;
 constexpr std::size_t kHolder = 11;
 constexpr std::size_t kTurned = 200;
 constexpr std::size_t kPrinted = 100;
@@ -34,29 +35,14 @@ void require(bool holds, const char *what)
     if (!holds) throw std::runtime_error(what);
 }
 
-std::string quotedLine(const std::vector<std::string> &fields)
+/// Adds the letter without a holder to the job's file.
+void addSpoiltLetter(const bench::LetterJob &job)
 {
+    std::vector<std::string> row = bench::letterRow(kSpoilt);
+    row[kHolder].clear();
     std::string line;
-    for (const std::string &field : fields) line += (line.empty() ? "\"" : ",\"") + field + "\"";
-    return line + "\r\n";
-}
-
-std::string writeJob(const QTemporaryDir &folder)
-{
-    std::string csv = quotedLine(bench::letterTitles());
-    for (std::size_t n = 0; n < kLetters; ++n) {
-        std::vector<std::string> row = bench::letterRow(n);
-        if (n == kSpoilt) row[kHolder].clear();
-        csv += quotedLine(row);
-    }
-    const std::string path = folder.filePath("letters.csv").toStdString();
-    const std::string script = folder.filePath("script.dat").toStdString();
-    std::ofstream(path, std::ios::binary) << encodeCp932(csv);
-    std::ofstream(script, std::ios::binary)
-        << encodeCp932(fmt::format("FileName,\"{}/forms/委任状37_01.wfd\"\r\nTitle,\"委任状\"\r\n"
-                                   "SetDataText,\"委任状\",\"{}\"\r\nPrintPaper, A4\r\nShowWindow,2\r\n",
-                                   ININ_SITE, path));
-    return script;
+    for (const std::string &field : row) line += (line.empty() ? "\"" : ",\"") + field + "\"";
+    std::ofstream(job.file("letters.csv"), std::ios::binary | std::ios::app) << encodeCp932(line + "\r\n");
 }
 
 double milliseconds(const QElapsedTimer &since)
@@ -90,14 +76,15 @@ std::unique_ptr<OpenLetters> timeOpening(const std::string &script)
     since.start();
     auto letters = std::make_unique<OpenLetters>(script);
     fmt::print("window: reading {} letters and their form {:.0f} ms\n", letters->set.size(), milliseconds(since));
-    require(letters->set.size() == kLetters, "letters are missing");
+    require(letters->set.size() == kLetters + 1, "letters are missing");
     return letters;
 }
 
-void timeWindow(const std::string &script, const QTemporaryDir &folder)
+void timeWindow(const bench::LetterJob &job)
 {
+    const std::string script = job.script();
     ViewerServices services = realServices();
-    services.settingsFile = folder.filePath("settings.ini");
+    services.settingsFile = QString::fromStdString(job.file("settings.ini"));
     auto letters = timeOpening(script);
     QElapsedTimer since;
     since.start();
@@ -155,9 +142,9 @@ void timeCheck(OpenLetters &letters)
             "the check found other things");
 }
 
-void timePrint(OpenLetters &letters, const QTemporaryDir &folder)
+void timePrint(OpenLetters &letters, const bench::LetterJob &job)
 {
-    const QString path = folder.filePath("print.pdf");
+    const QString path = QString::fromStdString(job.file("print.pdf"));
     const MakePrinter make = [&](const PrintOrder &) {
         auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
         printer->setOutputFormat(QPrinter::PdfFormat);
@@ -183,13 +170,13 @@ try {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     applyLook(application);
-    const QTemporaryDir folder;
-    const std::string script = writeJob(folder);
-    timeWindow(script, folder);
-    OpenLetters letters(script);
+    const inin::bench::LetterJob job(kLetters);
+    addSpoiltLetter(job);
+    timeWindow(job);
+    OpenLetters letters(job.script());
     timeTurning(letters);
     timeCheck(letters);
-    timePrint(letters, folder);
+    timePrint(letters, job);
     return 0;
 } catch (const std::exception &error) {
     fmt::print(stderr, "bench_window: {}\n", error.what());

@@ -1,4 +1,5 @@
 #include "viewer/paint/qt_page_painter.h"
+#include "viewer/pdf/letters_pdf.h"
 #include "viewer/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -36,6 +37,37 @@ double difference(const QImage &a, const QImage &b)
     return static_cast<double>(count) / (a.width() * a.height());
 }
 
+/// A wanted change: run once with ININ_WRITE_GOLDENS set, look at the pictures, check them in.
+void holdAgainstGolden(const QImage &picture, const std::string &name)
+{
+    const QString path = QString::fromStdString(std::string(ININ_TEST_DATA) + "/viewer/" + name);
+    CAPTURE(name);
+    if (std::getenv("ININ_WRITE_GOLDENS") != nullptr)
+        picture.convertToFormat(QImage::Format_Grayscale8).save(path, "PNG", 0);
+    QImage golden;
+    REQUIRE(golden.load(path));
+    CHECK(difference(picture, golden) < kShareTolerance);
+}
+
+/// Two rasterisers differ at every edge; made coarse, what is left is a difference of place or shape.
+QImage coarse(const QImage &image)
+{
+    constexpr int kFactor = 4;
+    return image.scaled(image.width() / kFactor, image.height() / kFactor, Qt::IgnoreAspectRatio,
+                        Qt::SmoothTransformation);
+}
+
+/// The first page of a PDF as another program draws it.
+QImage rasterized(const std::string &pdf, int dotsPerInch)
+{
+    const std::string command =
+        "pdftoppm -r " + std::to_string(dotsPerInch) + " -png -singlefile '" + pdf + "' '" + pdf + "'";
+    REQUIRE(std::system(command.c_str()) == 0);
+    QImage page;
+    REQUIRE(page.load(QString::fromStdString(pdf + ".png")));
+    return page;
+}
+
 struct Pictures {
     Folder folder;
     LetterSet set;
@@ -57,18 +89,26 @@ TEST_CASE("each form looks as it did, with ordinary, longest and odd data")
     for (const Case &each : kCases) {
         Pictures pictures(each.form);
         for (std::size_t letter = 0; letter < 3; ++letter) {
-            const std::string name = std::string(each.golden) + "_" + data[letter] + ".png";
-            const QString path = QString::fromStdString(std::string(ININ_TEST_DATA) + "/viewer/" + name);
-            CAPTURE(name);
-            const QImage picture = pictures.picture(letter);
-            // A wanted change: run once with this set, look at the pictures, check them in.
-            if (std::getenv("ININ_WRITE_GOLDENS") != nullptr)
-                picture.convertToFormat(QImage::Format_Grayscale8).save(path, "PNG", 0);
-            QImage golden;
-            REQUIRE(golden.load(path));
-            CHECK(difference(picture, golden) < kShareTolerance);
+            holdAgainstGolden(pictures.picture(letter), std::string(each.golden) + "_" + data[letter] + ".png");
         }
     }
+}
+
+TEST_CASE("characters of stand-in fonts look as they did, in the picture and in the PDF")
+{
+    Folder folder;
+    const LetterSet set = lettersOn(
+        svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:10px'>西𠮷∑田</text>"), {ordinaryRow()});
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    QtGlyphs glyphs;
+    const QRect top(0, 0, 120, 48);
+    const QImage picture = letterImage(press, 0, kDots, glyphs).copy(top);
+    holdAgainstGolden(picture, "stand_ins.png");
+    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
+    const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+    CHECK(difference(coarse(picture), coarse(page)) < 0.02);
+    CHECK(difference(coarse(picture), coarse(picture.copy(2, 0, top.width(), top.height()))) > 0.05);
 }
 
 TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
@@ -84,16 +124,9 @@ TEST_CASE("the picture of a letter and its PDF show the same")
     Folder folder;
     const std::string script = writePrintJob(folder, "委任状37_01.wfd", {longestRow()});
     REQUIRE(runViewer(folder, "--pdf o.pdf --png p --dpi 100 " + script).code == 0);
-    const std::string command =
-        "pdftoppm -r 100 -png -singlefile '" + folder.file("o.pdf") + "' '" + folder.file("r") + "'";
-    REQUIRE(std::system(command.c_str()) == 0);
-    QImage ours, theirs;
+    QImage ours;
     REQUIRE(ours.load(QString::fromStdString(folder.file("p/001.png"))));
-    REQUIRE(theirs.load(QString::fromStdString(folder.file("r.png"))));
-    // Two rasterisers differ at every edge; made coarse, what is left is a difference of place or shape.
-    const auto coarse = [](const QImage &image) {
-        return image.scaled(210, 297, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    };
+    const QImage theirs = rasterized(folder.file("o.pdf"), 100);
     CHECK(difference(coarse(ours), coarse(theirs)) < 0.01);
     // The same comparison finds a page that is off by a millimetre.
     const QImage moved = ours.copy(4, 0, ours.width(), ours.height());

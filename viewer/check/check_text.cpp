@@ -29,6 +29,7 @@ template <class Tell> void byCause(const std::vector<Finding> &findings, const T
 std::size_t lettersIn(const std::vector<Finding> &findings)
 {
     std::vector<std::size_t> letters;
+    letters.reserve(findings.size());
     for (const Finding &finding : findings) letters.push_back(finding.letter);
     std::ranges::sort(letters);
     return static_cast<std::size_t>(std::unique(letters.begin(), letters.end()) - letters.begin());

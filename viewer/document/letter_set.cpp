@@ -108,9 +108,10 @@ private:
     LetterTable readTable(const DataSource &source)
     {
         m_set.letterFiles.push_back({source.path, stampOf(source.path)});
-        const std::string bytes = readWholeFile(source.path);
-        return naming(source.path,
-                      [&] { return readLetters(bytes, source.hasTitles ? TitleRow::first : TitleRow::none); });
+        std::string bytes = readWholeFile(source.path);
+        return naming(source.path, [&] {
+            return readLetters(std::move(bytes), source.hasTitles ? TitleRow::first : TitleRow::none);
+        });
     }
 
     void readFormInto(LetterReport &report, const std::string &bytes)

@@ -31,7 +31,7 @@ struct LetterReport {
 struct LetterSet {
     std::string title;
     std::vector<LetterReport> reports;
-    std::vector<std::string> notices; ///< of the script, the forms and the letter files
+    std::vector<std::string> notices;     ///< of the script, the forms and the letter files
     std::vector<StampedFile> letterFiles; ///< as they were just before they were read
     Paper paper = Paper::A4;
     Ending ending = Ending::none;

@@ -94,7 +94,7 @@ private:
 
 QString jobName(const OpenLetters &letters, std::span<const std::size_t> which)
 {
-    const QString title = letters.set.title.empty() ? u"委任状"_s : qtText(letters.set.title);
+    QString title = letters.set.title.empty() ? u"委任状"_s : qtText(letters.set.title);
     if (which.size() == letters.set.size()) return title;
     return u"%1（%2-%3番）"_s.arg(title).arg(which.front() + 1).arg(which.back() + 1);
 }

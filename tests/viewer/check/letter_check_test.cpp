@@ -1,3 +1,4 @@
+#include "adapters/posix/code_page_932.h"
 #include "viewer/check/letter_check.h"
 #include "viewer/letters/csv_reader.h"
 #include "viewer/viewer_world.h"
@@ -195,21 +196,14 @@ TEST_CASE("a character lost to a question mark is found with its column and text
     CHECK(causesWith("利用者氏名", "土？太郎") == Causes{});
 }
 
-TEST_CASE("a character that the font lacks is found")
+TEST_CASE("a character that the font lacks, as a site's own one, is found")
 {
     Row row = ordinaryRow();
-    LetterSet set = lettersOn(svgPage(kBoxedName), {row});
-    // The code page holds no such character, but a script's own text may.
-    LetterTable table({"利用者氏名"}, "\U0001F600");
-    table.addRow({table.text()});
-    set.reports.front().letters = std::move(table);
-    set.reports.front().columns = {"利用者氏名"};
-    Fonts fonts;
-    LetterPress press(set, fonts);
-    const auto findings = checkLetters(press);
+    row["利用者氏名"] = "\uE000";
+    const auto findings = findingsOf({row}, kBoxedName);
     REQUIRE(findings.size() == 1);
     CHECK(findings[0].cause == Cause::missingInFont);
-    CHECK(findings[0].detail == "利用者氏名：「\U0001F600」（U+1F600）");
+    CHECK(findings[0].detail == "利用者氏名：「\uE000」（U+E000）");
 }
 
 TEST_CASE("a text that had to shrink is found, and one that was only tightened is not")
@@ -259,9 +253,8 @@ TEST_CASE("findings stand by cause, then by letter")
 TEST_CASE("a file without a rule's columns is not judged by it")
 {
     LetterSet set = lettersOn(svgPage(""), {ordinaryRow()});
-    LetterTable table({"利用者氏名"}, "長尾");
-    table.addRow({table.text()});
-    set.reports.front().letters = std::move(table);
+    const std::string file = encodeCp932("\"利用者氏名\"\r\n\"長尾\"\r\n");
+    set.reports.front().letters = readLetters(file, TitleRow::first);
     set.reports.front().columns = {"利用者氏名"};
     Fonts fonts;
     LetterPress press(set, fonts);

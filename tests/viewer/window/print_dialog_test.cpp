@@ -155,3 +155,57 @@ TEST_CASE("a dialog that is put away leaves the letters on the screen")
     CHECK(world.jobs == 0);
     CHECK(world.window->isVisible());
 }
+
+namespace {
+
+/// The window's script with another last line.
+void endScriptWith(const WindowWorld &world, const std::string &line)
+{
+    const std::string script = bytesOf(world.script);
+    const std::string dialog = "PrintOutFromDialog";
+    writeBytes(world.script, script.substr(0, script.find(dialog)) + line + "\r\n");
+}
+
+} // namespace
+
+TEST_CASE("a script that asks for a print prints without a question, with the remembered settings")
+{
+    WindowWorld world(differentRows(3));
+    endScriptWith(world, "PrintOut");
+    {
+        ViewerSettings settings(QString::fromStdString(world.folder.file("settings.ini")));
+        settings.setOffset(QStringLiteral("紙"), {5, -5});
+        REQUIRE(settings.save());
+    }
+    world.openWindow();
+    world.window->start();
+    CHECK(QTest::qWaitFor([&] { return !world.window->isVisible(); }));
+    REQUIRE(world.orders.size() == 1);
+    CHECK(world.orders[0].offset == PrinterOffset{5, -5});
+    CHECK(pageCount(world.jobPath(0)) == 3);
+}
+
+TEST_CASE("a print without any printer is told and leaves the letters on the screen")
+{
+    WindowWorld world(differentRows(3));
+    endScriptWith(world, "PrintOut");
+    world.printers.clear();
+    world.openWindow();
+    world.window->start();
+    CHECK(QTest::qWaitFor([&] { return !world.told.empty(); }));
+    CHECK(world.told ==
+          std::vector<QString>{QStringLiteral("使えるプリンターがありません。PDF に保存することはできます。")});
+    CHECK(world.window->isVisible());
+}
+
+TEST_CASE("a script that asks for a preview opens nothing but the window")
+{
+    WindowWorld world(differentRows(3));
+    endScriptWith(world, "ShowWindow,2");
+    world.openWindow();
+    world.window->start();
+    QTest::qWait(100);
+    CHECK(world.window->findChild<QDialog *>(QStringLiteral("printDialog")) == nullptr);
+    CHECK(world.jobs == 0);
+    CHECK(world.window->isVisible());
+}
