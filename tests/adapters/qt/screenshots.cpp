@@ -15,6 +15,7 @@
 #include "shell/version_form.h"
 #include "shell/wait_form.h"
 #include "support/fake_folders.h"
+#include "support/save_picture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -87,7 +88,7 @@ private:
     {
         m_turns.hold([] { QTest::qWait(20); }); // what was planned to be painted is painted
         const std::string file = m_folder + "/" + name + m_ending + ".png";
-        if (!widget.grab().save(toQt(file))) std::fprintf(stderr, "cannot write %s\n", file.c_str());
+        if (!savePicture(widget.grab(), toQt(file))) std::fprintf(stderr, "cannot write %s\n", file.c_str());
     }
     [[nodiscard]] FormWindow &top() const { return *m_windows.topWindow(); }
     void takeTop(const std::string &name) { take(top(), name); }
