@@ -1,106 +1,78 @@
-// From the start of the process to the first paint of the conditions screen on a demo site, beside an empty window of the
-// toolkit, and beside one with a single line of Japanese text: the first text of a process makes the toolkit read the
-// system's fonts, which takes about as long as all the rest of an empty window. All are children of this program: a
-// process that is started anew each time, as a person starts it. Without a display they paint on none.
+// From the start of the process to the first painted window of the program, the background, and to the painted conditions
+// screen, on a demo site; each beside an empty window of the toolkit, and beside one with a single line of Japanese text:
+// the first text of a process makes the toolkit read the system's fonts, which takes about as long as all the rest of an
+// empty window. All are processes that are started anew each time, as a person starts them, and take turns, so that what
+// else the machine does falls on all alike. Without a display they paint on none.
 
 #include "adapters/qt/theme.h"
 #include "app/print_inin/desktop.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
+#include "bench/end_at_paint.h"
 #include "shell/start.h"
 
 #include <QApplication>
-#include <QLabel>
-#include <QWidget>
 
 #include <fmt/format.h>
 
-#include <cstdlib>
+#include <array>
+#include <filesystem>
 #include <string_view>
 
 namespace inin::bench {
 
 namespace {
 
-constexpr int kRuns = 15;
+constexpr int kRuns = 25;
 constexpr std::int64_t kPatients = 300;
 
-/// Ends the process when a window of that name has been painted.
-class EndAtPaint : public QObject {
-public:
-    explicit EndAtPaint(const char *window) : m_window(QString::fromLatin1(window)) {}
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() != QEvent::Paint || watched->objectName() != m_window || m_isPainting) return false;
-        // The paint itself belongs to the time.
-        m_isPainting = true;
-        watched->event(event);
-        std::_Exit(0);
-    }
-
-private:
-    QString m_window;
-    bool m_isPainting = false;
-};
-
-void prepare(const char *window)
+/// As the program's own main does it, up to the paint of the window of that name.
+int startUpTo(const char *window, const char *folder, char **argv)
 {
+    if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    int noArguments = 1;
+    QApplication application(noArguments, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    static EndAtPaint end(window); // the process ends by it
-    QApplication::instance()->installEventFilter(&end);
-}
-
-int emptyWindow(const char *text)
-{
-    prepare("empty");
-    QWidget window;
-    if (*text != '\0') (new QLabel(QString::fromUtf8(text), &window))->ensurePolished();
-    window.setObjectName("empty");
-    window.resize(468, 757);
-    window.show();
-    return QApplication::exec();
-}
-
-int conditionsScreen(QApplication &application, const char *folder)
-{
     applyTheme(application);
-    prepare("frmPrintInin");
+    EndAtPaint::of(window);
     Desktop desktop(folder);
     App app(desktop.platform());
     Main(app);
     return 1;
 }
 
-double medianMilliseconds(const std::vector<std::string> &command)
+struct Start {
+    std::vector<std::string> command;
+    std::vector<Spent> runs = {};
+
+    [[nodiscard]] double milliseconds() const { return medianOf(runs).seconds * 1000; }
+};
+
+void print(const char *what, const Start &start, const Start &empty, const Start &line, const char *aim)
 {
-    constexpr double kMilliseconds = 1000;
-    std::vector<Spent> runs;
-    for (int run = 0; run < kRuns; ++run) runs.push_back(runProcess(command, "/dev/null"));
-    return medianOf(runs).seconds * kMilliseconds;
+    fmt::print(
+        "bench_start: {} after {:.1f} ms, {:.2f} times an empty window{}, {:.2f} times one with a line of text\n", what,
+        start.milliseconds(), start.milliseconds() / empty.milliseconds(), aim,
+        start.milliseconds() / line.milliseconds());
 }
 
 int measure(const std::string &self)
 {
     const BenchSite site(kPatients);
-    const double empty = medianMilliseconds({self, "--empty", ""});
-    const double line = medianMilliseconds({self, "--empty", "委任状印刷"});
-    const double screen = medianMilliseconds({self, "--screen", site.folder().string()});
-    fmt::print("bench_start: empty window {:.0f} ms, with one line of text {:.0f} ms, conditions screen {:.0f} ms\n",
-               empty, line, screen);
-    fmt::print("bench_start: {:.2f} times an empty window (aim: at most 1.5), {:.2f} times one with a line of text\n",
-               screen / empty, screen / line);
+    const std::string emptyWindow = std::filesystem::path(self).replace_filename("empty_window").string();
+    Start empty{{emptyWindow}};
+    Start line{{emptyWindow, "委任状印刷"}};
+    Start background{{self, "frmBack", site.folder().string()}};
+    Start screen{{self, "frmPrintInin", site.folder().string()}};
+    const std::array all{&empty, &line, &background, &screen};
+    for (const Start *start : all) (void)runProcess(start->command, "/dev/null"); // files into the system's memory
+    for (int run = 0; run < kRuns; ++run)
+        for (Start *start : all) start->runs.push_back(runProcess(start->command, "/dev/null"));
+    fmt::print("bench_start: empty window after {:.1f} ms, with a line of text {:.1f} ms\n", empty.milliseconds(),
+               line.milliseconds());
+    print("first painted window", background, empty, line, " (aim: at most 1.5)");
+    print("painted conditions screen", screen, empty, line, "");
     return 0;
-}
-
-int run(int argc, char **argv)
-{
-    if (argc < 3) return measure(argv[0]);
-    if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    int noArguments = 1;
-    QApplication application(noArguments, argv);
-    return std::string_view(argv[1]) == "--empty" ? emptyWindow(argv[2]) : conditionsScreen(application, argv[2]);
 }
 
 } // namespace
@@ -109,7 +81,8 @@ int run(int argc, char **argv)
 
 int main(int argc, char **argv)
 try {
-    return inin::bench::run(argc, argv);
+    if (argc < 3) return inin::bench::measure(argv[0]);
+    return inin::bench::startUpTo(argv[1], argv[2], argv);
 } catch (const std::exception &fault) {
     fmt::print(stderr, "bench_start: {}\n", fault.what());
     return 1;

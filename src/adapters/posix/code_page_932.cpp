@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include <iconv.h>
 
@@ -47,15 +49,29 @@ public:
     Iconv &operator=(const Iconv &) = delete;
     ~Iconv() { iconv_close(m_descriptor); }
 
-    /// The one UTF-16 unit of these bytes, 0 when they are no character.
-    char16_t unit(char *bytes, std::size_t size) const
+    /// The UTF-16 unit of each character of `width` bytes, 0 where they are none. Many go through in one call: a call a
+    /// character would be a good part of the program's start.
+    std::vector<char16_t> units(std::string bytes, std::size_t width) const
     {
-        unsigned char out[4] = {};
-        char *outAt = reinterpret_cast<char *>(out);
-        std::size_t outLeft = sizeof out;
-        iconv(m_descriptor, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(m_descriptor, &bytes, &size, &outAt, &outLeft) != 0 || size != 0 || outLeft != 2) return 0;
-        return static_cast<char16_t>(out[0] | out[1] << 8);
+        std::vector<char16_t> found;
+        std::vector<unsigned char> out(bytes.size() * 2);
+        char *at = bytes.data();
+        for (std::size_t left = bytes.size(); left > 0;) {
+            char *outAt = reinterpret_cast<char *>(out.data());
+            std::size_t outLeft = out.size();
+            const std::size_t before = left;
+            iconv(m_descriptor, nullptr, nullptr, nullptr, nullptr);
+            iconv(m_descriptor, &at, &left, &outAt, &outLeft);
+            const std::size_t characters = (before - left) / width;
+            if (out.size() - outLeft != characters * 2) throw std::runtime_error("the code page has no such pairs");
+            for (std::size_t i = 0; i < characters; ++i)
+                found.push_back(static_cast<char16_t>(out[2 * i] | out[2 * i + 1] << 8));
+            if (left == 0) break;
+            found.push_back(0); // it stopped in front of what is no character
+            at += width;
+            left -= width;
+        }
+        return found;
     }
 
 private:
@@ -70,26 +86,35 @@ struct Tables {
     Tables()
     {
         const Iconv iconv;
-        for (unsigned byte = 1; byte < 0x100; ++byte) {
-            char in[] = {static_cast<char>(byte)};
-            // What iconv makes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
-            const bool kana = byte >= 0xA1 && byte <= 0xDF;
-            if (byte < 0x80 || kana) add(iconv.unit(in, 1), byte, single[byte]);
-        }
+        // What iconv makes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
+        addSingles(iconv, 0x01, 0x7F);
+        addSingles(iconv, 0xA1, 0xDF);
         for (unsigned lead = 0x81; lead <= 0xFC; ++lead)
-            if (isCp932Lead(static_cast<unsigned char>(lead)))
-                for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
-                    if (isTrail(static_cast<unsigned char>(trail))) addPair(iconv, lead, trail);
+            if (isCp932Lead(static_cast<unsigned char>(lead))) addPairs(iconv, lead);
         for (const Twin &twin : kTwins)
             if (code[twin.twin] == 0) code[twin.twin] = code[twin.own];
     }
 
 private:
-    void addPair(const Iconv &iconv, unsigned lead, unsigned trail)
+    void addSingles(const Iconv &iconv, unsigned first, unsigned last)
     {
-        char in[] = {static_cast<char>(lead), static_cast<char>(trail)};
-        const unsigned both = lead << 8 | trail;
-        add(iconv.unit(in, 2), both, pair[both]);
+        std::string in;
+        for (unsigned byte = first; byte <= last; ++byte) in += static_cast<char>(byte);
+        for (unsigned byte = first; const char16_t unit : iconv.units(in, 1)) {
+            add(unit, byte, single[byte]);
+            ++byte;
+        }
+    }
+    void addPairs(const Iconv &iconv, unsigned lead)
+    {
+        std::string in;
+        for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
+            if (isTrail(static_cast<unsigned char>(trail))) in += {static_cast<char>(lead), static_cast<char>(trail)};
+        for (std::size_t at = 1; const char16_t unit : iconv.units(in, 2)) {
+            const unsigned both = lead << 8 | static_cast<unsigned char>(in[at]);
+            add(unit, both, pair[both]);
+            at += 2;
+        }
     }
     void add(char16_t unit, unsigned bytes, char16_t &place)
     {

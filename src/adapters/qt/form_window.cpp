@@ -23,6 +23,18 @@
 
 namespace inin {
 
+namespace {
+
+/// Its usual size is that of its content. The toolkit's own counts in lines of text, and would read the system's fonts for
+/// a window that shows none.
+class ContentArea : public QScrollArea {
+public:
+    using QScrollArea::QScrollArea;
+    [[nodiscard]] QSize sizeHint() const override { return widget()->sizeHint().expandedTo(QSize(640, 480)); }
+};
+
+} // namespace
+
 FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     : QWidget(owner, Qt::Window), m_form(form), m_services(services), m_content(new QWidget),
       m_mirror(*m_content, services)
@@ -33,7 +45,7 @@ FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     layout->setSpacing(0);
     if (QMenuBar *menu = makeFormMenu(form, services, this)) layout->setMenuBar(menu);
     // On a screen too small for the form, it is walked with scroll bars instead of being cut.
-    auto *scroll = new QScrollArea(this);
+    auto *scroll = new ContentArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::NoFocus);

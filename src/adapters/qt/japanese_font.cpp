@@ -1,5 +1,6 @@
 #include "adapters/qt/japanese_font.h"
 
+#include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QStringList>
@@ -18,9 +19,26 @@ constexpr double kPointSize = 9.75;
 
 } // namespace
 
-bool hasJapaneseFont()
+NoJapaneseFont::NoJapaneseFont()
+    // In English too, for without the letters nobody can read the Japanese.
+    : std::runtime_error("No Japanese font is installed. Please install the package fonts-ipaexfont.\n"
+                         "日本語フォントがありません。パッケージ fonts-ipaexfont をインストールしてください。")
 {
-    return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
+}
+
+FontReading::FontReading()
+    : m_hasJapanese(std::async(std::launch::async, [] {
+          // The toolkit guards its list of fonts by a lock of its own; the first question reads all of them.
+          return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
+      }))
+{
+}
+
+void FontReading::finish()
+{
+    if (!m_hasJapanese.valid()) return;
+    if (!m_hasJapanese.get()) throw NoJapaneseFont();
+    QApplication::setFont(japaneseFont(QApplication::font()));
 }
 
 QFont japaneseFont(const QFont &desktop)
@@ -37,12 +55,6 @@ QFont japaneseFont(const QFont &desktop)
         }
     if (!japanese.isEmpty()) font.setFamilies({japanese.front()});
     return font;
-}
-
-const char *missingFontAdvice()
-{
-    return "No Japanese font is installed. Please install the package fonts-ipaexfont.\n"
-           "日本語フォントがありません。パッケージ fonts-ipaexfont をインストールしてください。";
 }
 
 } // namespace inin

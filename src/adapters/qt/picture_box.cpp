@@ -5,6 +5,11 @@
 
 namespace inin {
 
+namespace {
+/// Milliseconds. Smoothing a wallpaper takes long, and the next window of a start is not to wait for it.
+constexpr int kSettled = 150;
+} // namespace
+
 void PictureBox::setPicture(const QPixmap &picture)
 {
     m_picture = picture;
@@ -29,7 +34,7 @@ void PictureBox::smoothLater()
 {
     if (m_isPlanned) return;
     m_isPlanned = true;
-    QTimer::singleShot(0, this, [this] {
+    QTimer::singleShot(kSettled, this, [this] {
         m_isPlanned = false;
         m_smooth = m_picture.scaled(devicePixels(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         update();

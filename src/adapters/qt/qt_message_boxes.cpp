@@ -29,6 +29,7 @@ QMessageBox::Icon boxIcon(Icon icon)
 
 void QtMessageBoxes::show(const std::string &text, Icon icon, const std::string &title)
 {
+    if (m_beforeText) m_beforeText();
     const UsualPointer pointer;
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText); // a text may hold what looks like markup

@@ -9,12 +9,35 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QPointer>
+#include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
 
 namespace inin {
 
 namespace {
+
+/// Milliseconds. A window that the system does not let be seen, on another desktop say, holds nothing up for long.
+constexpr int kPatience = 500;
+
+/// True when there is something to read on a form: a picture alone needs no letters.
+bool hasText(const Form &form)
+{
+    return std::ranges::any_of(
+        form.controls(), [](const Control *control) { return dynamic_cast<const ImageBox *>(control) == nullptr; });
+}
+
+/// Whoever shows a window that does not wait for a person goes on with work of his own: he does so in front of a window that
+/// can be seen, not of an empty place. What a person does meanwhile stays in the queue.
+void waitUntilPainted(const FormWindow &window)
+{
+    QTimer patience; // its end is an event that the loop below wakes at
+    patience.setSingleShot(true);
+    patience.start(kPatience);
+    while (window.isVisible() && !window.windowHandle()->isExposed() && patience.isActive())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+}
 
 /// Takes a modal window away when its show ends, by an error too.
 class AtEnd {
@@ -45,7 +68,10 @@ void QtWindows::show(Form &form, Modality modality)
     form.load();
     if (!form.isLoaded()) return; // its own load has unloaded it: it is never seen
     FormWindow &window = open(form, modality);
-    if (modality == Modality::modeless) return m_services.edge.throwKept();
+    if (modality == Modality::modeless) {
+        waitUntilPainted(window);
+        return m_services.edge.throwKept();
+    }
     const AtEnd removal([&] { remove(window); });
     runUntilUnloaded(form);
 }
@@ -61,6 +87,7 @@ void QtWindows::listenToPointer(Form &form)
 
 FormWindow &QtWindows::open(Form &form, Modality modality)
 {
+    if (m_services.beforeText && hasText(form)) m_services.beforeText();
     QWidget *owner = m_windows.empty() ? nullptr : m_windows.back().get();
     FormWindow &window = *m_windows.emplace_back(std::make_unique<FormWindow>(form, m_services, owner));
     if (modality == Modality::modal) window.setWindowModality(Qt::ApplicationModal);

@@ -1,7 +1,6 @@
 #include "adapters/qt/theme.h"
 
 #include "adapters/qt/clear_style.h"
-#include "adapters/qt/japanese_font.h"
 
 #include <QApplication>
 #include <QStyleFactory>
@@ -54,7 +53,6 @@ void applyTheme(QApplication &application)
     application.setStyle(new ClearStyle(QStyleFactory::create("Fusion"))); // the application owns its style
     const QPalette desktop = application.palette();
     if (!isDark(desktop)) application.setPalette(lightPalette(desktop));
-    application.setFont(japaneseFont(application.font()));
 }
 
 std::optional<QColor> themedColour(std::int32_t blueGreenRed, const QPalette &palette)

@@ -11,8 +11,8 @@ class QWidget;
 
 namespace inin {
 
-/// One look for all windows: one style on every desktop, its colours light or dark as the desktop's are, and a font that
-/// has Japanese letters.
+/// One look for all windows: one style on every desktop, its colours light or dark as the desktop's are. The letters come
+/// later, by FontReading.
 void applyTheme(QApplication &application);
 
 [[nodiscard]] bool isDark(const QPalette &palette);

@@ -14,6 +14,8 @@ struct ViewServices {
     std::function<Date()> today;
     /// A path of the suite, with backslashes, as this system writes it.
     std::function<std::string(const std::string &)> systemPath;
+    /// Called before a window or a box with text in it; without it the letters are ready.
+    std::function<void()> beforeText = {};
 };
 
 } // namespace inin

@@ -22,7 +22,8 @@ Desktop::Desktop(const std::string &folder)
     : m_profile(makePosixProfile()), m_files(makePosixFiles(folder)), m_clock(makePosixClock()),
       m_locale(makePosixLocale()), m_processes(makePosixProcesses(endAtOnce)), m_automation(makeNoAutomation()),
       m_database(makeSuiteDatabase(dataSourceIn(folder))),
-      m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, posixPath}), m_boxes(m_edge)
+      m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, posixPath, [this] { m_fonts.finish(); }}),
+      m_boxes(m_edge, [this] { m_fonts.finish(); })
 {
 }
 

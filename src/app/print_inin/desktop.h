@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/qt/japanese_font.h"
 #include "adapters/qt/qt_message_boxes.h"
 #include "adapters/qt/qt_windows.h"
 #include "platform/platform.h"
@@ -9,13 +10,15 @@
 
 namespace inin {
 
-/// The ports of this system with real windows, for a site's folder.
+/// The ports of this system with real windows, for a site's folder. What is shown on them throws NoJapaneseFont when its
+/// text could not be read.
 class Desktop {
 public:
     explicit Desktop(const std::string &folder);
     [[nodiscard]] Platform platform();
 
 private:
+    FontReading m_fonts;
     EventEdge m_edge;
     std::unique_ptr<Profile> m_profile;
     std::unique_ptr<Files> m_files;

@@ -71,27 +71,23 @@ void runProgram()
 }
 
 /// Runs with the windows gone: the forms behind them are.
-int report(const RuntimeError &error)
+int report(const char *title, const std::string &text)
 {
-    const std::string text = numberedText(error);
     std::fprintf(stderr, "PrintInin: %s\n", text.c_str());
-    QMessageBox::critical(nullptr, kApplicationTitle, QString::fromStdString(text));
+    QMessageBox::critical(nullptr, title, QString::fromStdString(text));
     return kBroken;
 }
 
 int run()
 try {
-    if (!hasJapaneseFont()) {
-        std::fprintf(stderr, "PrintInin: %s\n", missingFontAdvice());
-        QMessageBox::critical(nullptr, "PrintInin", QString::fromUtf8(missingFontAdvice()));
-        return kBroken;
-    }
     runProgram();
     return 0;
 } catch (const UnhandledError &unhandled) {
-    return report(unhandled.error());
+    return report(kApplicationTitle, numberedText(unhandled.error()));
 } catch (const RuntimeError &error) {
-    return report(error);
+    return report(kApplicationTitle, numberedText(error));
+} catch (const NoJapaneseFont &missing) {
+    return report("PrintInin", missing.what()); // a title that can be read without the letters
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "adapters/qt/japanese_font.h"
 #include "adapters/qt/theme.h"
 
 #include <QApplication>
@@ -25,6 +26,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     inin::applyTheme(application);
+    inin::FontReading().finish();
     doctest::Context context(argc, argv);
     return context.run();
 }

@@ -3,6 +3,7 @@
 
 #include "adapters/posix/posix_platform.h"
 #include "adapters/qt/date_edit.h"
+#include "adapters/qt/japanese_font.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/theme.h"
 #include "adapters/qt/units.h"
@@ -14,6 +15,7 @@
 #include "shell/version_form.h"
 #include "shell/wait_form.h"
 #include "support/fake_folders.h"
+#include "support/save_picture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -86,7 +88,7 @@ private:
     {
         m_turns.hold([] { QTest::qWait(20); }); // what was planned to be painted is painted
         const std::string file = m_folder + "/" + name + m_ending + ".png";
-        if (!widget.grab().save(toQt(file))) std::fprintf(stderr, "cannot write %s\n", file.c_str());
+        if (!savePicture(widget.grab(), toQt(file))) std::fprintf(stderr, "cannot write %s\n", file.c_str());
     }
     [[nodiscard]] FormWindow &top() const { return *m_windows.topWindow(); }
     void takeTop(const std::string &name) { take(top(), name); }
@@ -177,6 +179,7 @@ int main(int argc, char **argv)
     const bool dark = arguments.contains("--dark");
     if (dark) QApplication::setPalette(darkPalette());
     applyTheme(application);
+    FontReading().finish();
     const std::string scale = fromQt(qEnvironmentVariable("QT_SCALE_FACTOR", "1"));
     const std::string ending = (scale == "1" ? "" : "@" + scale + "x") + (dark ? std::string("-dark") : "");
     Photographer(std::filesystem::canonical(fromQt(arguments[1])),

@@ -72,7 +72,8 @@ bool TurnWindows::isReady() const
     QWidget *box = QApplication::activeModalWidget();
     QWidget *wanted = qobject_cast<QMessageBox *>(box) != nullptr ? box : topWindow();
     if (wanted == nullptr) return true;
-    if (!wanted->isVisible()) return false;
+    // In front of a window that does not wait for a person, the program is still at work.
+    if (!wanted->isVisible() || !wanted->isModal()) return false;
     if (!wanted->isActiveWindow()) wanted->activateWindow();
     return wanted->isActiveWindow();
 }
