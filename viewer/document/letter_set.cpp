@@ -105,8 +105,9 @@ private:
         m_set.reports.push_back(std::move(report));
     }
 
-    static LetterTable readTable(const DataSource &source)
+    LetterTable readTable(const DataSource &source)
     {
+        m_set.letterFiles.push_back({source.path, stampOf(source.path)});
         std::string bytes = readWholeFile(source.path);
         return naming(source.path, [&] {
             return readLetters(std::move(bytes), source.hasTitles ? TitleRow::first : TitleRow::none);

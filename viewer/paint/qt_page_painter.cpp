@@ -4,6 +4,7 @@
 #include "viewer/document/letter_press.h"
 
 #include <QBuffer>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
 
@@ -93,10 +94,10 @@ QPen qtPen(const Stroke &stroke)
     return pen;
 }
 
-/// In the glyph's square of 1.
-QPen boldPen(const GlyphRun &run)
+/// For letters of which one size is `size` units of the painter.
+QPen boldPen(const GlyphRun &run, double size)
 {
-    return {qtColor(run.color), GlyphRun::kBoldLine, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+    return {qtColor(run.color), GlyphRun::kBoldLine * size, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
 }
 
 } // namespace
@@ -122,20 +123,56 @@ void QtPagePainter::paint(const PathCommand &command)
     if (command.stroke) m_painter.strokePath(path, qtPen(*command.stroke));
 }
 
+namespace {
+
+/// A screen's or picture's painter is fastest with letter by letter as it knows them; one that writes a file, as printers
+/// do, writes much more for each letter than for its outline.
+bool writesFile(const QPainter &painter)
+{
+    return painter.paintEngine() != nullptr && painter.paintEngine()->type() != QPaintEngine::Raster;
+}
+
+/// Corners on a grid of 1200 to the inch at least, finer than any printer's dot: numbers without a tail of digits, which
+/// no compression makes small.
+void putOnGrid(QPainterPath &path, int dotsPerInch)
+{
+    constexpr int kFine = 1200;
+    const double grid = dotsPerInch >= kFine ? 1 : dotsPerInch >= kFine / 2 ? 2 : dotsPerInch >= kFine / 4 ? 4 : 16;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element corner = path.elementAt(i);
+        path.setElementPositionAt(i, std::round(corner.x * grid) / grid, std::round(corner.y * grid) / grid);
+    }
+}
+
+} // namespace
+
 void QtPagePainter::paint(const GlyphRun &run)
 {
     const QTransform before = m_painter.transform();
     const QTransform line = qtTransform(run.at) * before;
     const double step = run.size * run.stretch / 1000;
     const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
+    const bool gathers = writesFile(m_painter);
+    QPainterPath gathered;
+    gathered.setFillRule(Qt::WindingFill);
     double spaced = 0;
     for (const ShapedGlyph &glyph : run.glyphs) {
         const Affine place{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0};
-        m_painter.setTransform(qtTransform(place) * line);
         const QPainterPath &outline = m_glyphs.outline(*run.font, glyph.glyph, pixels);
-        m_painter.fillPath(outline, qtColor(run.color));
-        if (run.isBold) m_painter.strokePath(outline, boldPen(run));
         spaced += run.spacing * run.stretch;
+        if (gathers) {
+            gathered.addPath((qtTransform(place) * line).map(outline));
+            continue;
+        }
+        m_painter.setTransform(qtTransform(place) * line);
+        m_painter.fillPath(outline, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(outline, boldPen(run, 1));
+    }
+    if (gathers) {
+        putOnGrid(gathered, m_painter.device()->logicalDpiY());
+        m_painter.resetTransform();
+        m_painter.fillPath(gathered, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
     }
     m_painter.setTransform(before);
 }

@@ -1,5 +1,5 @@
-#include "adapters/posix/posix_platform.h"
 #include "adapters/script/script_player.h"
+#include "app/data_source.h"
 #include "app/suite_database/suite_database.h"
 #include "shell/start.h"
 
@@ -13,15 +13,6 @@ namespace inin {
 namespace {
 
 constexpr int kBadCommandLine = 2;
-
-/// A data source without a folder of its own lies in the application folder, wherever the play was started.
-std::function<std::string(const std::string &)> dataSourceIn(const std::string &folder)
-{
-    return [folder](const std::string &dataSource) {
-        const bool absolute = dataSource.starts_with('/') || dataSource.starts_with('\\');
-        return posixPath(absolute ? dataSource : folder + "/" + dataSource);
-    };
-}
 
 int play(const ScriptOptions &options)
 {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "adapters/posix/posix_platform.h"
+
+#include <functional>
+#include <string>
+
+namespace inin {
+
+/// A data source without a folder of its own lies in the application folder, wherever the program was started.
+inline std::function<std::string(const std::string &)> dataSourceIn(const std::string &folder)
+{
+    return [folder](const std::string &dataSource) {
+        const bool absolute = dataSource.starts_with('/') || dataSource.starts_with('\\');
+        return posixPath(absolute ? dataSource : folder + "/" + dataSource);
+    };
+}
+
+} // namespace inin
