@@ -39,7 +39,7 @@ std::string csvWith(const std::vector<std::string> &titles)
 /// A print job of one ordinary letter on a form of our own.
 std::string writeJobWith(const Folder &folder, const std::string &form)
 {
-    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
     writeBytes(folder.file(kForm), form);
     return script;
 }

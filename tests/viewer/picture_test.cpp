@@ -4,7 +4,9 @@
 
 #include <doctest/doctest.h>
 
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 
 #include <cstdlib>
 
@@ -68,6 +70,19 @@ QImage rasterized(const std::string &pdf, int dotsPerInch)
     return page;
 }
 
+/// The first letter as it goes to a printer.
+void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
+{
+    constexpr int kPrinterDots = 600;
+    QPdfWriter writer(QString::fromStdString(path));
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins({});
+    writer.setResolution(kPrinterDots);
+    QPainter painter(&writer);
+    painter.scale(kPrinterDots / 72.0, kPrinterDots / 72.0);
+    paintLetter(press, 0, painter, glyphs);
+}
+
 struct Pictures {
     Folder folder;
     LetterSet set;
@@ -112,7 +127,7 @@ TEST_CASE("characters of stand-in fonts look as they did, in the picture and in 
     CHECK(difference(coarse(picture), coarse(picture.copy(2, 0, top.width(), top.height()))) > 0.05);
 }
 
-TEST_CASE("a bold text is darker than the same text, takes the same room, and is so in the PDF")
+TEST_CASE("a bold text is darker than the same text and takes the same room, on screen, in the PDF and on a printer")
 {
     const auto inkOf = [](const QImage &image) {
         double ink = 0;
@@ -120,7 +135,7 @@ TEST_CASE("a bold text is darker than the same text, takes the same room, and is
             for (int x = 0; x < image.width(); ++x) ink += 255 - qGray(image.pixel(x, y));
         return ink;
     };
-    double inks[2] = {}, pdfInks[2] = {};
+    double inks[2] = {}, pdfInks[2] = {}, printedInks[2] = {};
     QImage picture;
     for (const int bold : {0, 1}) {
         Folder folder;
@@ -140,9 +155,14 @@ TEST_CASE("a bold text is darker than the same text, takes the same room, and is
         pdfInks[bold] = inkOf(page);
         CHECK(difference(coarse(picture), coarse(page)) < 0.03);
         CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "委任状𠮷本文");
+        printLetter(press, folder.file("printed.pdf"), glyphs);
+        const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
+        printedInks[bold] = inkOf(printed);
+        CHECK(difference(coarse(picture), coarse(printed)) < 0.03);
     }
     CHECK(inks[1] > 1.2 * inks[0]);
     CHECK(pdfInks[1] > 1.2 * pdfInks[0]);
+    CHECK(printedInks[1] > 1.2 * printedInks[0]);
     holdAgainstGolden(picture, "bold.png");
 }
 

@@ -6,7 +6,6 @@
 #include <QBuffer>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPainterPathStroker>
 #include <QPen>
 
 #include <algorithm>
@@ -95,10 +94,10 @@ QPen qtPen(const Stroke &stroke)
     return pen;
 }
 
-/// In the glyph's square of 1.
-QPen boldPen(const GlyphRun &run)
+/// For letters of which one size is `size` units of the painter.
+QPen boldPen(const GlyphRun &run, double size)
 {
-    return {qtColor(run.color), GlyphRun::kBoldLine, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+    return {qtColor(run.color), GlyphRun::kBoldLine * size, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
 }
 
 } // namespace
@@ -153,31 +152,27 @@ void QtPagePainter::paint(const GlyphRun &run)
     const QTransform line = qtTransform(run.at) * before;
     const double step = run.size * run.stretch / 1000;
     const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
-    // Outlines and the lines that make them bold run in different turns, so each is a path of its own.
     const bool gathers = writesFile(m_painter);
-    QPainterPath gathered, boldened;
-    const QPainterPathStroker bolder(boldPen(run));
+    QPainterPath gathered;
+    gathered.setFillRule(Qt::WindingFill);
     double spaced = 0;
     for (const ShapedGlyph &glyph : run.glyphs) {
         const Affine place{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0};
-        const QTransform at = qtTransform(place) * line;
         const QPainterPath &outline = m_glyphs.outline(*run.font, glyph.glyph, pixels);
         spaced += run.spacing * run.stretch;
         if (gathers) {
-            gathered.addPath(at.map(outline));
-            if (run.isBold) boldened.addPath(at.map(bolder.createStroke(outline)));
+            gathered.addPath((qtTransform(place) * line).map(outline));
             continue;
         }
-        m_painter.setTransform(at);
+        m_painter.setTransform(qtTransform(place) * line);
         m_painter.fillPath(outline, qtColor(run.color));
-        if (run.isBold) m_painter.strokePath(outline, boldPen(run));
+        if (run.isBold) m_painter.strokePath(outline, boldPen(run, 1));
     }
-    for (QPainterPath *path : {&gathered, &boldened}) {
-        if (path->isEmpty()) continue;
-        putOnGrid(*path, m_painter.device()->logicalDpiY());
-        path->setFillRule(Qt::WindingFill);
+    if (gathers) {
+        putOnGrid(gathered, m_painter.device()->logicalDpiY());
         m_painter.resetTransform();
-        m_painter.fillPath(*path, qtColor(run.color));
+        m_painter.fillPath(gathered, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
     }
     m_painter.setTransform(before);
 }
