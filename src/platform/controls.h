@@ -169,7 +169,10 @@ public:
     Attribute<std::string> Text{*this, {}};
 };
 
-/// A drop-down list: items with a number each. Assigning ListIndex another value fires onClick.
+/// How a list shows its items: the chosen one with the others on a press, or all of them under one another.
+enum class ListStyle { dropDown, open };
+
+/// A list of items with a number each. Assigning ListIndex another value fires onClick.
 class ListBox : public Control {
 public:
     struct Item {
@@ -179,6 +182,9 @@ public:
     explicit ListBox(std::string name);
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
     std::function<void()> onClick;
+    ListStyle Style = ListStyle::dropDown;
+    /// Double click by hand on the chosen item of an open list.
+    std::function<void()> onDblClick;
     /// -1 when none is chosen; an index that the list lacks is error 380.
     Attribute<std::int16_t> ListIndex{*this, -1};
 

@@ -135,17 +135,19 @@ template <class Target> bool press(const std::vector<Control *> &controls, std::
 
 } // namespace
 
-void Form::key(Control *control, std::int16_t KeyCode)
+bool Form::key(Control *control, std::int16_t KeyCode)
 {
     const bool wasLoaded = m_loaded;
     const auto isOver = [&] { return KeyCode == 0 || (wasLoaded && !m_loaded); };
-    if (press<ShortcutTarget>(m_controls, KeyCode)) return;
+    if (press<ShortcutTarget>(m_controls, KeyCode)) return false;
     Form_KeyDown(KeyCode);
     // What the key-down changed, the code too, counts for the buttons; a form that it closed takes no more of the key.
-    if (isOver() || press<ButtonTarget>(m_controls, KeyCode)) return;
+    if (isOver() || press<ButtonTarget>(m_controls, KeyCode)) return false;
     Form_KeyPress(KeyCode);
-    if (isOver() || control == nullptr) return;
-    if (control->onKeyPress) control->onKeyPress(KeyCode);
+    if (isOver()) return false;
+    if (control == nullptr || !control->onKeyPress) return true;
+    control->onKeyPress(KeyCode);
+    return false;
 }
 
 void Form::add(Control &control, Control *container)

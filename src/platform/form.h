@@ -43,8 +43,9 @@ public:
     /// an UnhandledError. An unload inside the form's own unload is refused.
     bool unload(bool byControlBox = false);
     /// A key press as the window system deals it out: short-cuts of menus, Form_KeyDown, cancel and default button,
-    /// Form_KeyPress, then the control. `control` may be nullptr.
-    void key(Control *control, std::int16_t KeyCode);
+    /// Form_KeyPress, then the control. `control` may be nullptr. True when nothing took the key, so that it still does
+    /// what the window system does with it.
+    bool key(Control *control, std::int16_t KeyCode);
 
     virtual void Form_Activate() {}
     virtual void Form_Deactivate() {}

@@ -42,6 +42,8 @@ void frmPrintInin::wireEvents()
     mnF01.onClick = [this] { mnF01_Click(); };
     mnF02.onClick = [this] { mnF02_Click(); };
     mnF12.onClick = [this] { mnF12_Click(); };
+    mnVer.onClick = [this] { mnVer_Click(); };
+    mnDispHelp.onClick = [this] { mnDispHelp_Click(); };
 }
 
 void frmPrintInin::mnF01_Click()

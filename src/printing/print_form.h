@@ -73,6 +73,8 @@ public:
     void mnF01_Click();
     void mnF02_Click();
     void mnF12_Click();
+    void mnVer_Click();
+    void mnDispHelp_Click();
     void btnPrint_Click(std::int16_t Index);
 
     /// Fills the staff list of this branch from the screen's session; with chkChushi ticked, those who have stopped too.

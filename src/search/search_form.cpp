@@ -3,6 +3,7 @@
 #include "common/helpers.h"
 #include "runtime/text.h"
 #include "shell/error_box.h"
+#include "shell/online_help.h"
 
 namespace inin {
 
@@ -47,6 +48,7 @@ void SearchForm::wireEvents()
     mnF04.onClick = [this] { shortcut("mnF04_Click()でエラー", [this] { but_Read_Click(); }); };
     mnF05.onClick = [this] { shortcut("mnF05_Click()でエラー", [this] { but_Act_Click(kChoose); }); };
     mnF12.onClick = [this] { shortcut("mnF12_Click()でエラー", [this] { but_Act_Click(kLeave); }); };
+    mnDispHelp.onClick = [this] { vDispHelp(m_app, kFirstHelpPage); };
 }
 
 void SearchForm::addStop(Control &control)

@@ -25,6 +25,10 @@ struct App {
     std::int32_t iKyotenIdMode = 0;
     /// "1" where a company's map goes to the database with the company; nothing in this program sets it.
     std::string cChizuFlg;
+    /// Above 0 where the charges of 2019 are in force; nothing in this program sets it.
+    std::int16_t iTankaKaitei = 0;
+    /// Address of the last online help, with its query.
+    std::string csHelpUrl;
 };
 
 } // namespace inin

@@ -22,16 +22,6 @@ void vErrorBox(App &app, const RuntimeError &error, const std::string &csTitle, 
     vErrorBox(app, error.number(), error.description(), csTitle, csFormName, csFuncName);
 }
 
-std::string numberedText(const RuntimeError &error)
-{
-    return "(" + std::to_string(error.number()) + ")" + error.description();
-}
-
-std::string numberLineText(const RuntimeError &error)
-{
-    return std::to_string(error.number()).append(kCrLf).append(error.description());
-}
-
 void headingBox(App &app, const std::string &heading, const std::string &text)
 {
     app.platform.boxes.show(std::string(heading).append(kCrLf).append(text), Icon::critical);

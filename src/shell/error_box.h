@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/error_text.h"
 #include "runtime/runtime_error.h"
 #include "shell/app.h"
 
@@ -17,12 +18,6 @@ void vErrorBox(App &app, std::int32_t nErrNo, const std::string &csErrText, cons
 void vErrorBox(App &app, const RuntimeError &error, const std::string &csTitle, const std::string &csFormName,
                const std::string &csFuncName);
 
-// The fixed patterns in which failures are worded.
-
-/// "(" number ")" description
-[[nodiscard]] std::string numberedText(const RuntimeError &error);
-/// number CR LF description
-[[nodiscard]] std::string numberLineText(const RuntimeError &error);
 /// A critical box without a title: heading, CR LF, text.
 void headingBox(App &app, const std::string &heading, const std::string &text);
 

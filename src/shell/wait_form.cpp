@@ -37,13 +37,14 @@ void frmWaitMsg::Form_Load()
 
 float frmWaitMsg::wait(float seconds)
 {
-    const double start = m_app.platform.clock.timer();
+    double last = m_app.platform.clock.timer();
     double gone = 0;
     while (gone < seconds && isLoaded()) {
         m_app.platform.windows.giveTime();
-        gone = m_app.platform.clock.timer() - start;
-        // The timer starts again at midnight.
-        if (gone < 0) gone += kSecondsOfDay;
+        const double now = m_app.platform.clock.timer();
+        // The timer starts again at midnight. Counted from pass to pass, a wait may go over more than one.
+        gone += now < last ? now + kSecondsOfDay - last : now - last;
+        last = now;
     }
     return static_cast<float>(gone);
 }

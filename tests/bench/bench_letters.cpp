@@ -1,13 +1,11 @@
 // Ten thousand letters to PDF: the form viewer as a whole process, from script and CSV, beside a program that only writes
 // the same text operators. The PDF's texts are taken back and looked for, page by page.
 
-#include "adapters/posix/code_page_932.h"
 #include "bench/bench_process.h"
+#include "bench/letter_job.h"
 #include "bench/letter_rows.h"
+#include "bench/noted_texts.h"
 #include "viewer/document/letter_press.h"
-#include "viewer/layout/utf8.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <exception>
@@ -15,8 +13,6 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
-
-#include <unistd.h>
 
 namespace inin::bench {
 
@@ -27,91 +23,30 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLetters = 10'000;
 constexpr int kRuns = 7;
 
-class Scratch {
-public:
-    Scratch() : m_path(fs::temp_directory_path() / fmt::format("bench_letters.{}", ::getpid()))
-    {
-        fs::create_directories(m_path);
-    }
-    ~Scratch()
-    {
-        std::error_code error;
-        fs::remove_all(m_path, error);
-    }
-    Scratch(const Scratch &) = delete;
-    Scratch &operator=(const Scratch &) = delete;
-    [[nodiscard]] std::string file(const char *name) const { return (m_path / name).string(); }
-
-private:
-    fs::path m_path;
-};
-
 void write(const std::string &path, const std::string &bytes)
 {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::string quotedLine(const std::vector<std::string> &fields)
+void writePlainJob(const LetterJob &job)
 {
-    std::string line;
-    for (const std::string &field : fields) line += (line.empty() ? "\"" : ",\"") + field + "\"";
-    return line + "\r\n";
-}
-
-void writeJob(const Scratch &scratch)
-{
-    std::string csv = quotedLine(letterTitles());
-    for (std::size_t n = 0; n < kLetters; ++n) csv += quotedLine(letterRow(n));
-    write(scratch.file("letters.csv"), encodeCp932(csv));
-    write(scratch.file("script.dat"),
-          encodeCp932(fmt::format("FileName,\"{}/forms/委任状37_01.wfd\"\r\nTitle,\"委任状\"\r\n"
-                                  "SetDataText,\"委任状\",\"{}\"\r\nPrintPaper, A4\r\nPrintOut\r\n",
-                                  ININ_SITE, scratch.file("letters.csv"))));
-}
-
-/// Notes places and texts of runs, as the plain program reads them.
-class Notes : public viewer::PagePainter {
-public:
-    explicit Notes(double height) : m_height(height) {}
-    void paint(const viewer::PathCommand &) override {}
-    void paint(const viewer::GlyphRun &run) override
-    {
-        const auto found = std::ranges::find(fonts, run.font);
-        places.push_back(
-            fmt::format("{} {:.2f} {:.2f} {:.2f}", found - fonts.begin(), run.at.e, m_height - run.at.f, run.size));
-        if (found == fonts.end()) fonts.push_back(run.font);
-        std::string text;
-        for (const viewer::ShapedGlyph &glyph : run.glyphs)
-            for (const char32_t character : run.font->charactersOf(glyph.text)) viewer::appendUtf8(text, character);
-        texts.push_back(std::move(text));
-    }
-    std::vector<const viewer::Font *> fonts;
-    std::vector<std::string> places, texts;
-
-private:
-    double m_height;
-};
-
-void writePlainJob(const Scratch &scratch)
-{
-    const viewer::LetterSet set = viewer::openScript(scratch.file("script.dat"));
+    const viewer::LetterSet set = viewer::openScript(job.script());
     viewer::Fonts fonts;
     viewer::LetterPress press(set, fonts);
-    Notes notes(press.paperSize().y);
+    NotedTexts notes(press.paperSize().y);
     press.layoutOf(0).paintShared(notes);
-    std::string job, shared, letters;
+    std::string fontLines, shared, letters;
     for (std::size_t i = 0; i < notes.texts.size(); ++i)
         shared += fmt::format("S {} {}\n", notes.places[i], notes.texts[i]);
     for (std::size_t n = 0; n < kLetters; ++n) {
-        notes.places.clear();
-        notes.texts.clear();
+        notes.clear();
         press.paintFields(n, notes);
         for (const std::string &place : notes.places)
             if (n == 0) shared += "V " + place + "\n";
         letters += fmt::format("L {}\n", fmt::join(notes.texts, "\t"));
     }
-    for (const viewer::Font *font : notes.fonts) job += "F " + font->path() + "\n";
-    write(scratch.file("plain.job"), job + shared + letters);
+    for (const viewer::Font *font : notes.fonts) fontLines += "F " + font->path() + "\n";
+    write(job.file("plain.job"), fontLines + shared + letters);
 }
 
 struct Pair {
@@ -129,20 +64,11 @@ Pair timed(const std::vector<std::string> &ours, const std::vector<std::string> 
     return {medianOf(oursRuns), medianOf(plainRuns)};
 }
 
-/// A PDF reader shows every blank as one gap, so texts are looked for without their blanks.
-std::string withoutBlanks(std::string text)
-{
-    std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
-    for (std::size_t at = text.find("　"); at != text.npos; at = text.find("　", at)) text.erase(at, 3);
-    return text;
-}
-
 /// How many of the letters' texts are on their own page.
-std::pair<std::size_t, std::size_t> textsFound(const Scratch &scratch)
+std::pair<std::size_t, std::size_t> textsFound(const LetterJob &job)
 {
-    static_cast<void>(
-        runProcess({"pdftotext", "-raw", scratch.file("ours.pdf"), scratch.file("ours.txt")}, scratch.file("out")));
-    std::ifstream stream(scratch.file("ours.txt"), std::ios::binary);
+    static_cast<void>(runProcess({"pdftotext", "-raw", job.file("ours.pdf"), job.file("ours.txt")}, job.file("out")));
+    std::ifstream stream(job.file("ours.txt"), std::ios::binary);
     const std::string all(std::istreambuf_iterator<char>(stream), {});
     // Columns that the form shows as they stand: all but the dates and the second bank line.
     constexpr std::size_t kShown[] = {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 13, 15, 16, 17};
@@ -162,22 +88,20 @@ std::pair<std::size_t, std::size_t> textsFound(const Scratch &scratch)
 
 int compare(const fs::path &folder)
 {
-    const Scratch scratch;
-    writeJob(scratch);
-    writePlainJob(scratch);
+    const LetterJob job(kLetters);
+    writePlainJob(job);
     const auto [ours, plain] =
-        timed({(folder / "formviewer").string(), "--pdf", scratch.file("ours.pdf"), scratch.file("script.dat")},
-              {(folder / "plain_letters").string(), scratch.file("plain.job"), scratch.file("plain.pdf")},
-              scratch.file("out"));
-    const auto [found, expected] = textsFound(scratch);
-    const double size = static_cast<double>(fs::file_size(scratch.file("ours.pdf")));
+        timed({(folder / "formviewer").string(), "--pdf", job.file("ours.pdf"), job.script()},
+              {(folder / "plain_letters").string(), job.file("plain.job"), job.file("plain.pdf")}, job.file("out"));
+    const auto [found, expected] = textsFound(job);
+    const double size = static_cast<double>(fs::file_size(job.file("ours.pdf")));
     fmt::print("bench_letters: letters {}, texts on their own pages {} of {}\n", kLetters, found, expected);
     fmt::print("bench_letters: form viewer   {:.3f} s, {:.1f} MB at the peak (aim: below 60 MB)\n", ours.seconds,
                ours.megabytes);
     fmt::print("bench_letters: plain program {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);
     fmt::print("bench_letters: ratio {:.2f} (aim: at most 1.50)\n", ours.seconds / plain.seconds);
     fmt::print("bench_letters: {:.0f} bytes a letter (aim: below 1024; the plain program: {:.0f})\n", size / kLetters,
-               static_cast<double>(fs::file_size(scratch.file("plain.pdf"))) / kLetters);
+               static_cast<double>(fs::file_size(job.file("plain.pdf"))) / kLetters);
     return found == expected ? 0 : 1;
 }
 

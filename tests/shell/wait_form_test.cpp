@@ -13,16 +13,17 @@ using namespace inin;
 
 namespace {
 
-/// Each time given lets a quarter of a second go by.
+/// Each time given lets a step go by, a quarter of a second if not told otherwise.
 class TickingWindows : public FakeWindows {
 public:
     explicit TickingWindows(FakeClock &clock) : m_clock(clock) {}
     std::function<void()> onTime;
     int passes = 0;
+    double step = 0.25;
     void giveTime() override
     {
         ++passes;
-        m_clock.seconds += 0.25;
+        m_clock.seconds += step;
         if (m_clock.seconds >= 86400) m_clock.seconds -= 86400;
         if (onTime) onTime();
     }
@@ -105,6 +106,26 @@ TEST_CASE("a wait over midnight is as long as any other")
     CHECK(fixture.form.wait(1.0F) == 1.0F);
 }
 
+TEST_CASE("a wait goes on over a second midnight")
+{
+    WaitFixture fixture;
+    fixture.form.load();
+    fixture.windows.step = 43200;
+    CHECK(fixture.form.wait(180000.0F) == 216000.0F);
+    CHECK(fixture.windows.passes == 5);
+}
+
+TEST_CASE("a notice shown shortly before midnight unloads itself after its seconds")
+{
+    WaitFixture fixture;
+    fixture.world.clock.seconds = 86399.5;
+    fixture.form.fSeconds = 1.5F;
+    fixture.windows.show(fixture.form, Modality::modal);
+    CHECK_FALSE(fixture.form.isLoaded());
+    CHECK(fixture.windows.passes == 6);
+    CHECK(fixture.world.clock.seconds == 1.0);
+}
+
 TEST_CASE("the button closes the notice at once and ends its wait")
 {
     WaitFixture fixture;
@@ -133,4 +154,27 @@ TEST_CASE("the text stands in the middle beside the picture and above the button
     fixture.form.Form_Resize();
     CHECK(fixture.form.laMsg.Left == 1600);
     CHECK(fixture.form.laMsg.Top == 600);
+}
+
+TEST_CASE("a label wider than its room stands to the left of it, and one of its width at the picture's edge")
+{
+    struct Place {
+        std::int32_t width, labelWidth, left;
+    };
+    for (const Place &place : {Place{4600, 4000, 600}, Place{4600, 5000, 100}, Place{4603, 2000, 1602}}) {
+        CAPTURE(place.labelWidth);
+        WaitFixture fixture;
+        fixture.form.Width = place.width;
+        fixture.form.laMsg.Width = place.labelWidth;
+        fixture.form.Form_Resize();
+        CHECK(fixture.form.laMsg.Left == place.left);
+    }
+}
+
+TEST_CASE("the button closes the notice without a wait too")
+{
+    WaitFixture fixture;
+    fixture.form.load();
+    fixture.form.cmdOK.onClick();
+    CHECK_FALSE(fixture.form.isLoaded());
 }

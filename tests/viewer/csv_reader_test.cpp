@@ -127,6 +127,14 @@ TEST_CASE("a file without titles names its columns by number, and twenty by the 
     CHECK(table.value(0, *table.columnOf("署名日")) == "v20");
 }
 
+TEST_CASE("a half character at a row's end takes neither its quote nor its line end")
+{
+    const LetterTable table = readLetters("\"a\",\"b\"\r\n\"x\x83\",\"y\x83\"\r\n\"1\",\"2\"\r\n", TitleRow::first);
+    REQUIRE(table.size() == 2);
+    CHECK(rowOf(table, 0) == Values{"x\uFFFD", "y\uFFFD"});
+    CHECK(rowOf(table, 1) == Values{"1", "2"});
+}
+
 TEST_CASE("a NUL and a byte that is no character are shown as lost characters")
 {
     const LetterTable table = readLetters(std::string("\"a\"\r\n\"x\0\x80y\"\r\n", 13), TitleRow::first);
@@ -150,6 +158,37 @@ TEST_CASE("a file of 32,767 rows has that many letters")
     const LetterTable table = read(text);
     REQUIRE(table.size() == 32'767);
     CHECK(table.value(32'766, 0) == "32766");
+}
+
+TEST_CASE("rows are the same in whatever order they are asked for, around blank lines and faulty rows too")
+{
+    std::string text = "\"a\",\"b\"\r\n";
+    for (int i = 0; i < 1'000; ++i) {
+        if (i % 7 == 0) text += "\r\n";
+        text += i % 100 == 55 ? "\"" + std::to_string(i) + "\"\r\n" : "\"" + std::to_string(i) + "\",\"髙\"\r\n";
+    }
+    text += "\"cut";
+    const LetterTable table = read(text);
+    REQUIRE(table.size() == 1'001);
+    CHECK(table.fault(1'000) == RowFault::cutOff);
+    for (std::size_t row = 1'000; row-- > 0;) {
+        const bool isShort = row % 100 == 55;
+        REQUIRE(table.fault(row) == (isShort ? RowFault::tooFewColumns : RowFault::none));
+        REQUIRE(table.value(row, 0) == (isShort ? "" : std::to_string(row)));
+        REQUIRE(table.rawText(row) == (isShort ? "\"" + std::to_string(row) + "\"" : ""));
+    }
+}
+
+TEST_CASE("a value stays where it is when other rows are read and the table moves")
+{
+    std::string text = "\"a\"\r\n";
+    for (int i = 0; i < 5'000; ++i) text += "\"" + std::to_string(i) + "番\"\r\n";
+    LetterTable table = read(text);
+    const std::string_view first = table.value(0, 0);
+    CHECK(table.value(4'999, 0) == "4999番");
+    const LetterTable moved = std::move(table);
+    CHECK(first == "0番");
+    CHECK(moved.value(300, 0) == "300番");
 }
 
 TEST_CASE("a row of random quotes and commas is either read as it was written or marked")

@@ -21,6 +21,7 @@ constexpr double kMm = 72 / 25.4;
 struct Painted {
     std::string text;
     double x, y, width, size, stretch;
+    std::string font;
 };
 
 class Recorder : public PagePainter {
@@ -28,7 +29,7 @@ public:
     void paint(const PathCommand &) override { ++paths; }
     void paint(const GlyphRun &run) override
     {
-        Painted painted{{}, 0, run.at.f, 0, run.size, run.stretch};
+        Painted painted{{}, 0, run.at.f, 0, run.size, run.stretch, run.font->postScriptName()};
         const ShapedGlyph &first = run.glyphs.front(), &last = run.glyphs.back();
         painted.x = run.at({double{first.x} * run.size * run.stretch / 1000, 0}).x;
         painted.width = (double{last.x} + double{last.advance} - double{first.x}) * run.size * run.stretch / 1000;
@@ -228,13 +229,13 @@ TEST_CASE("an unknown column is refused by its name")
                          "帳票の差し込み「{{存在しない列}}」の列「存在しない列」が CSV にありません。", RuntimeError);
 }
 
-TEST_CASE("a character that the font lacks is marked, in letters and in the form")
+TEST_CASE("a character that no font has keeps its place and is marked, in letters and in the form")
 {
     OneField field("", "{{値}}");
-    static_cast<void>(field.show("山\U0001F600"));
+    CHECK(joined(field.show("山\U0010FFFD田")) == "山\U0010FFFD田");
     REQUIRE(field.marks.size() == 1);
-    CHECK(field.marks[0].missing == std::vector<char32_t>{U'\U0001F600'});
-    CHECK(OneField("", "\U0001F600").layout.missingInForm() == std::vector<char32_t>{U'\U0001F600'});
+    CHECK(field.marks[0].missing == std::vector<char32_t>{U'\U0010FFFD'});
+    CHECK(OneField("", "\U0010FFFD").layout.missingInForm() == std::vector<char32_t>{U'\U0010FFFD'});
 }
 
 TEST_CASE("the characters of the suite's names and banks are in the font")
@@ -244,11 +245,65 @@ TEST_CASE("the characters of the suite's names and banks are in the font")
     CHECK(field.marks.empty());
 }
 
-TEST_CASE("𠮷, which the font lacks, is told and keeps its place")
+TEST_CASE("a character that the form's font lacks comes from another, and nothing is told")
 {
     OneField field("", "{{値}}");
-    CHECK(joined(field.show("𠮷田")) == "𠮷田");
-    CHECK(field.marks.at(0).missing == std::vector<char32_t>{U'𠮷'});
+    const auto runs = field.show("西𠮷∑田");
+    CHECK(field.marks.empty());
+    REQUIRE(runs.size() == 4);
+    const char *const texts[] = {"西", "𠮷", "∑", "田"};
+    for (std::size_t i = 0; i < 4; ++i) {
+        CHECK(runs[i].text == texts[i]);
+        if (i > 0) CHECK(runs[i].x == doctest::Approx(runs[i - 1].x + runs[i - 1].width));
+    }
+    CHECK(runs[0].font == "IPAexMincho");
+    CHECK(runs[1].font == "IPAmjMincho");
+    CHECK(runs[1].width == doctest::Approx(4 * kMm));
+    CHECK(runs[3].font == "IPAexMincho");
+}
+
+TEST_CASE("the glyph of a stand-in is no empty box")
+{
+    Fonts fonts;
+    const Font *const font = fonts.fontWith(U'𠮷');
+    REQUIRE(font != nullptr);
+    std::vector<ShapedGlyph> glyphs;
+    std::vector<char32_t> missing;
+    font->shape(U"𠮷", glyphs, missing);
+    REQUIRE(glyphs.size() == 1);
+    CHECK(missing.empty());
+    CHECK(glyphs[0].glyph != 0);
+    CHECK(font->outlineOf(glyphs[0].glyph).size() > 20);
+    CHECK(fonts.fontWith(U'\U0010FFFD') == nullptr);
+}
+
+TEST_CASE("letter spacing and the middle of a box hold for a text of several fonts")
+{
+    OneField plain("data-box='枠' text-anchor='middle' letter-spacing='1'", "{{値}}");
+    const auto runs = plain.show("西𠮷田");
+    REQUIRE(runs.size() == 3);
+    CHECK(runs[1].x - runs[0].x == doctest::Approx(5 * kMm));
+    CHECK(runs[2].x - runs[1].x == doctest::Approx(5 * kMm));
+    CHECK(runs[0].x == doctest::Approx((45 - 7) * kMm));
+}
+
+TEST_CASE("a text of several fonts is broken into lines and cut like any other")
+{
+    OneField field("data-box='枠' data-lines='2'");
+    CHECK(joined(field.show(times("長𠮷", 20))) == times("長𠮷", 20));
+    const auto runs = field.show(times("𠮷", 200));
+    CHECK(joined(runs).ends_with("𠮷…"));
+    CHECK(field.marks.at(0).doesNotFit);
+    for (const Painted &run : runs) CHECK(run.x + run.width <= 70 * kMm + 0.02);
+}
+
+TEST_CASE("a mark stays in the font of the letter that it belongs to")
+{
+    OneField field("", "{{値}}");
+    const auto runs = field.show("𠮷\uFE00カ\u3099");
+    REQUIRE(runs.size() == 2);
+    CHECK(runs[0].text == "𠮷\uFE00");
+    CHECK(runs[1].text == "カ\u3099");
 }
 
 TEST_CASE("a field that runs off the page without a box is told")

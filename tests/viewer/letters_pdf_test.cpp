@@ -56,6 +56,14 @@ struct Printed {
     }
 };
 
+/// A row of one value that holds all of the text, which is UTF-8.
+LetterRows oneValue(std::string_view text, std::size_t columns)
+{
+    LetterRows rows(columns, std::string(text));
+    rows.addRow({rows.text()});
+    return rows;
+}
+
 class RandomRows {
 public:
     explicit RandomRows(unsigned seed) : m_dice(seed) {}
@@ -170,8 +178,7 @@ TEST_CASE("two characters of one glyph are found again as what they were")
     Folder folder;
     LetterSet set = lettersOn(svgPage("<text x='10' y='20' style='font-family:IPAexMincho'>{{a}}</text>"), {});
     // The radical U+2F40 looks like 支 and is another character; 𠮷 needs two UTF-16 units.
-    set.reports[0].letters = LetterTable({"a"}, "支\u2F40西\u2EC4長\u2ED1髙﨑𠮷");
-    set.reports[0].letters.addRow({set.reports[0].letters.text()});
+    set.reports[0].letters = LetterTable({"a"}, {"支\u2F40西\u2EC4長\u2ED1髙﨑𠮷", 1, {0}, oneValue});
     set.reports[0].columns = {"a"};
     Fonts fonts;
     LetterPress press(set, fonts);
@@ -180,6 +187,24 @@ TEST_CASE("two characters of one glyph are found again as what they were")
     REQUIRE(writeLettersPdf(folder.file("out.pdf"), press, letters));
 
     CHECK(packed(pagesOf(folder.file("out.pdf")).at(0)) == "支\u2F40西\u2EC4長\u2ED1髙﨑𠮷");
+}
+
+TEST_CASE("a PDF holds a subset of each font that its texts needed, and their characters are found again")
+{
+    Folder folder;
+    const LetterSet set = lettersOn(
+        svgPage("<text x='10' y='20' style='font-family:IPAexMincho'>甲𠮷∑乙{{保険者名}}𠮷</text>"), {ordinaryRow()});
+    Fonts fonts;
+    LetterPress press(set, fonts);
+
+    REQUIRE(writeLettersPdf(folder.file("out.pdf"), press, std::vector<std::size_t>{0}));
+
+    CHECK(packed(pagesOf(folder.file("out.pdf")).at(0)) == "甲𠮷∑乙高松市𠮷");
+    const std::string pdf = bytesOf(folder.file("out.pdf"));
+    CHECK(pdf.find("+IPAexMincho/") != std::string::npos);
+    CHECK(pdf.find("+IPAmjMincho/") != std::string::npos);
+    CHECK(std::system(("qpdf --check '" + folder.file("out.pdf") + "' >/dev/null 2>&1").c_str()) == 0);
+    CHECK(pdf.size() < 20'000);
 }
 
 TEST_CASE("a row that cannot be read has a page that says so, and no column of it is guessed")

@@ -1,9 +1,12 @@
 #include "viewer/paint/qt_page_painter.h"
+#include "viewer/pdf/letters_pdf.h"
 #include "viewer/viewer_world.h"
 
 #include <doctest/doctest.h>
 
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 
 #include <cstdlib>
 
@@ -36,6 +39,50 @@ double difference(const QImage &a, const QImage &b)
     return static_cast<double>(count) / (a.width() * a.height());
 }
 
+/// A wanted change: run once with ININ_WRITE_GOLDENS set, look at the pictures, check them in.
+void holdAgainstGolden(const QImage &picture, const std::string &name)
+{
+    const QString path = QString::fromStdString(std::string(ININ_TEST_DATA) + "/viewer/" + name);
+    CAPTURE(name);
+    if (std::getenv("ININ_WRITE_GOLDENS") != nullptr)
+        picture.convertToFormat(QImage::Format_Grayscale8).save(path, "PNG", 0);
+    QImage golden;
+    REQUIRE(golden.load(path));
+    CHECK(difference(picture, golden) < kShareTolerance);
+}
+
+/// Two rasterisers differ at every edge; made coarse, what is left is a difference of place or shape.
+QImage coarse(const QImage &image)
+{
+    constexpr int kFactor = 4;
+    return image.scaled(image.width() / kFactor, image.height() / kFactor, Qt::IgnoreAspectRatio,
+                        Qt::SmoothTransformation);
+}
+
+/// The first page of a PDF as another program draws it.
+QImage rasterized(const std::string &pdf, int dotsPerInch)
+{
+    const std::string command =
+        "pdftoppm -r " + std::to_string(dotsPerInch) + " -png -singlefile '" + pdf + "' '" + pdf + "'";
+    REQUIRE(std::system(command.c_str()) == 0);
+    QImage page;
+    REQUIRE(page.load(QString::fromStdString(pdf + ".png")));
+    return page;
+}
+
+/// The first letter as it goes to a printer.
+void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
+{
+    constexpr int kPrinterDots = 600;
+    QPdfWriter writer(QString::fromStdString(path));
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins({});
+    writer.setResolution(kPrinterDots);
+    QPainter painter(&writer);
+    painter.scale(kPrinterDots / 72.0, kPrinterDots / 72.0);
+    paintLetter(press, 0, painter, glyphs);
+}
+
 struct Pictures {
     Folder folder;
     LetterSet set;
@@ -43,7 +90,8 @@ struct Pictures {
     LetterPress press;
     QtGlyphs glyphs;
     explicit Pictures(const char *form)
-        : set(openScript(writePrintJob(folder, form, {ordinaryRow(), longestRow(), oddRow()}))), press(set, fonts)
+        : set(openScript(writePrintJob(folder, form, {ordinaryRow(), longestRow(), oddRow(), Row{}}))),
+          press(set, fonts)
     {
     }
     QImage picture(std::size_t letter) { return letterImage(press, letter, kDots, glyphs); }
@@ -51,24 +99,71 @@ struct Pictures {
 
 } // namespace
 
-TEST_CASE("each form looks as it did, with ordinary, longest and odd data")
+TEST_CASE("each form looks as it did, with ordinary, longest and odd data and with none")
 {
-    constexpr const char *data[] = {"ordinary", "longest", "odd"};
+    constexpr const char *data[] = {"ordinary", "longest", "odd", "blank"};
     for (const Case &each : kCases) {
         Pictures pictures(each.form);
-        for (std::size_t letter = 0; letter < 3; ++letter) {
-            const std::string name = std::string(each.golden) + "_" + data[letter] + ".png";
-            const QString path = QString::fromStdString(std::string(ININ_TEST_DATA) + "/viewer/" + name);
-            CAPTURE(name);
-            const QImage picture = pictures.picture(letter);
-            // A wanted change: run once with this set, look at the pictures, check them in.
-            if (std::getenv("ININ_WRITE_GOLDENS") != nullptr)
-                picture.convertToFormat(QImage::Format_Grayscale8).save(path, "PNG", 0);
-            QImage golden;
-            REQUIRE(golden.load(path));
-            CHECK(difference(picture, golden) < kShareTolerance);
+        for (std::size_t letter = 0; letter < 4; ++letter) {
+            holdAgainstGolden(pictures.picture(letter), std::string(each.golden) + "_" + data[letter] + ".png");
         }
     }
+}
+
+TEST_CASE("characters of stand-in fonts look as they did, in the picture and in the PDF")
+{
+    Folder folder;
+    const LetterSet set = lettersOn(
+        svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:10px'>西𠮷∑田</text>"), {ordinaryRow()});
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    QtGlyphs glyphs;
+    const QRect top(0, 0, 120, 48);
+    const QImage picture = letterImage(press, 0, kDots, glyphs).copy(top);
+    holdAgainstGolden(picture, "stand_ins.png");
+    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
+    const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+    CHECK(difference(coarse(picture), coarse(page)) < 0.02);
+    CHECK(difference(coarse(picture), coarse(picture.copy(2, 0, top.width(), top.height()))) > 0.05);
+}
+
+TEST_CASE("a bold text is darker than the same text and takes the same room, on screen, in the PDF and on a printer")
+{
+    const auto inkOf = [](const QImage &image) {
+        double ink = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) ink += 255 - qGray(image.pixel(x, y));
+        return ink;
+    };
+    double inks[2] = {}, pdfInks[2] = {}, printedInks[2] = {};
+    QImage picture;
+    for (const int bold : {0, 1}) {
+        Folder folder;
+        const LetterSet set =
+            lettersOn(svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:8px;font-weight:" +
+                              std::string(bold != 0 ? "bold" : "normal") +
+                              "'>委任状𠮷</text><text x='4' y='24' style='font-size:8px'>本文</text>"),
+                      {ordinaryRow()});
+        Fonts fonts;
+        LetterPress press(set, fonts);
+        QtGlyphs glyphs;
+        const QRect top(0, 0, 130, 80);
+        picture = letterImage(press, 0, kDots, glyphs).copy(top);
+        inks[bold] = inkOf(picture);
+        REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
+        const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+        pdfInks[bold] = inkOf(page);
+        CHECK(difference(coarse(picture), coarse(page)) < 0.03);
+        CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "委任状𠮷本文");
+        printLetter(press, folder.file("printed.pdf"), glyphs);
+        const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
+        printedInks[bold] = inkOf(printed);
+        CHECK(difference(coarse(picture), coarse(printed)) < 0.03);
+    }
+    CHECK(inks[1] > 1.2 * inks[0]);
+    CHECK(pdfInks[1] > 1.2 * pdfInks[0]);
+    CHECK(printedInks[1] > 1.2 * printedInks[0]);
+    holdAgainstGolden(picture, "bold.png");
 }
 
 TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
@@ -84,16 +179,9 @@ TEST_CASE("the picture of a letter and its PDF show the same")
     Folder folder;
     const std::string script = writePrintJob(folder, "委任状37_01.wfd", {longestRow()});
     REQUIRE(runViewer(folder, "--pdf o.pdf --png p --dpi 100 " + script).code == 0);
-    const std::string command =
-        "pdftoppm -r 100 -png -singlefile '" + folder.file("o.pdf") + "' '" + folder.file("r") + "'";
-    REQUIRE(std::system(command.c_str()) == 0);
-    QImage ours, theirs;
+    QImage ours;
     REQUIRE(ours.load(QString::fromStdString(folder.file("p/001.png"))));
-    REQUIRE(theirs.load(QString::fromStdString(folder.file("r.png"))));
-    // Two rasterisers differ at every edge; made coarse, what is left is a difference of place or shape.
-    const auto coarse = [](const QImage &image) {
-        return image.scaled(210, 297, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    };
+    const QImage theirs = rasterized(folder.file("o.pdf"), 100);
     CHECK(difference(coarse(ours), coarse(theirs)) < 0.01);
     // The same comparison finds a page that is off by a millimetre.
     const QImage moved = ours.copy(4, 0, ours.width(), ours.height());

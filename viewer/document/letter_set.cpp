@@ -105,11 +105,13 @@ private:
         m_set.reports.push_back(std::move(report));
     }
 
-    static LetterTable readTable(const DataSource &source)
+    LetterTable readTable(const DataSource &source)
     {
-        const std::string bytes = readWholeFile(source.path);
-        return naming(source.path,
-                      [&] { return readLetters(bytes, source.hasTitles ? TitleRow::first : TitleRow::none); });
+        m_set.letterFiles.push_back({source.path, stampOf(source.path)});
+        std::string bytes = readWholeFile(source.path);
+        return naming(source.path, [&] {
+            return readLetters(std::move(bytes), source.hasTitles ? TitleRow::first : TitleRow::none);
+        });
     }
 
     void readFormInto(LetterReport &report, const std::string &bytes)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/form/form_document.h"
+#include "viewer/io/file_stamp.h"
 #include "viewer/letters/letter_table.h"
 #include "viewer/script/command_script.h"
 
@@ -30,7 +31,8 @@ struct LetterReport {
 struct LetterSet {
     std::string title;
     std::vector<LetterReport> reports;
-    std::vector<std::string> notices; ///< of the script, the forms and the letter files
+    std::vector<std::string> notices;     ///< of the script, the forms and the letter files
+    std::vector<StampedFile> letterFiles; ///< as they were just before they were read
     Paper paper = Paper::A4;
     Ending ending = Ending::none;
     std::int32_t offsetX = 0, offsetY = 0; ///< tenths of a millimetre

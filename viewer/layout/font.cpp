@@ -109,7 +109,7 @@ struct Font::Faces {
     std::map<std::u32string, std::uint32_t, std::less<>> clusterNumbers;
 };
 
-Font::Font(std::string path, int index) : m_path(std::move(path)), m_faces(std::make_unique<Faces>())
+Font::Font(std::string path, int index) : m_path(std::move(path)), m_index(index), m_faces(std::make_unique<Faces>())
 {
     const BlobHandle blob(hb_blob_create_from_file_or_fail(m_path.c_str()));
     if (blob) m_faces->face.reset(hb_face_create(blob.get(), static_cast<unsigned>(index)));
@@ -152,6 +152,7 @@ Font::Known Font::lookUp(char32_t character) const
     Known result{Kind::needsShaping, 0, 0};
     hb_codepoint_t glyph = 0;
     if (!hb_font_get_nominal_glyph(m_faces->font.get(), character, &glyph)) return result;
+    result.glyph = glyph;
     if (!standsForItself(character) || hb_set_has(m_faces->touched.get(), glyph)) return result;
     return {Kind::plain, advanceOf(glyph), glyph};
 }

@@ -31,10 +31,13 @@ public:
     ~Font();
 
     [[nodiscard]] const std::string &path() const { return m_path; }
+    /// Which font of a collection.
+    [[nodiscard]] int index() const { return m_index; }
     [[nodiscard]] std::string postScriptName() const;
     [[nodiscard]] double ascent() const { return m_ascent; }
     [[nodiscard]] double descent() const { return m_descent; } ///< below the baseline, negative
     [[nodiscard]] std::uint32_t glyphCount() const;
+    [[nodiscard]] bool has(char32_t character) const { return known(character).glyph != 0; }
 
     /// Appends the glyphs of a text. A character that the font lacks gets glyph 0 and is appended to `missing`.
     /// Characters that stand for themselves in every context are taken from a table; a text with any other is shaped as
@@ -68,6 +71,7 @@ private:
     [[nodiscard]] std::uint32_t textOf(std::u32string_view cluster) const;
 
     std::string m_path;
+    int m_index;
     std::unique_ptr<Faces> m_faces;
     double m_ascent = 0, m_descent = 0;
 };

@@ -33,6 +33,9 @@ struct Generic {
 };
 constexpr Generic kGenerics[] = {{"serif", "IPAexMincho"}, {"sans-serif", "IPAexGothic"}, {"monospace", "IPAexGothic"}};
 
+/// Who stands in for a font that lacks a character, in this order: the first has the characters of family registers.
+constexpr const char *kStandIns[] = {"IPAmjMincho", "IPAexMincho", "IPAexGothic", "DejaVu Serif", "DejaVu Sans"};
+
 const FcChar8 *bytes(const char *text)
 {
     return reinterpret_cast<const FcChar8 *>(text);
@@ -57,6 +60,36 @@ bool answersTo(FcPattern *pattern, const std::string &family)
         if (name.empty()) return false;
         if (equalsIgnoringAsciiCase(name, family)) return true;
     }
+}
+
+bool isTrue(FcPattern *pattern, const char *property)
+{
+    FcBool value = FcFalse;
+    return FcPatternGetBool(pattern, property, 0, &value) == FcResultMatch && value == FcTrue;
+}
+
+/// Upright, of ordinary weight, with outlines of one colour.
+bool isOrdinary(FcPattern *pattern)
+{
+    int weight = FC_WEIGHT_REGULAR, slant = FC_SLANT_ROMAN;
+    FcPatternGetInteger(pattern, FC_WEIGHT, 0, &weight);
+    FcPatternGetInteger(pattern, FC_SLANT, 0, &slant);
+    return weight > FC_WEIGHT_LIGHT && weight < FC_WEIGHT_DEMIBOLD && slant == FC_SLANT_ROMAN &&
+           isTrue(pattern, FC_OUTLINE) && !isTrue(pattern, FC_COLOR) && !isTrue(pattern, FC_VARIABLE);
+}
+
+bool hasCharacter(FcPattern *pattern, char32_t character)
+{
+    FcCharSet *characters = nullptr;
+    return FcPatternGetCharSet(pattern, FC_CHARSET, 0, &characters) == FcResultMatch &&
+           FcCharSetHasChar(characters, character) == FcTrue;
+}
+
+std::size_t rankOf(FcPattern *pattern)
+{
+    const auto *const found =
+        std::ranges::find_if(kStandIns, [&](const char *family) { return answersTo(pattern, family); });
+    return static_cast<std::size_t>(found - std::begin(kStandIns));
 }
 
 struct Found {
@@ -95,6 +128,19 @@ std::optional<Found> findFont(FcConfig *config, const std::string &family)
 
 struct Fonts::Catalogue {
     std::unique_ptr<FcConfig, FreeConfig> config{FcInitLoadConfigAndFonts()};
+
+    /// The fonts that may stand in for another, the nearest first; gathered when one is first needed.
+    const std::vector<FcPattern *> &standIns()
+    {
+        FcFontSet *const all = FcConfigGetFonts(config.get(), FcSetSystem);
+        if (!ranked.empty() || all == nullptr) return ranked;
+        ranked.assign(all->fonts, all->fonts + all->nfont);
+        std::erase_if(ranked, [](FcPattern *font) { return !hasTrueTypeOutlines(font) || !isOrdinary(font); });
+        // By path where the rank is the same: the machine's order of folders must not change a letter.
+        std::ranges::sort(ranked, {}, [](FcPattern *font) { return std::pair(rankOf(font), textOf(font, FC_FILE)); });
+        return ranked;
+    }
+    std::vector<FcPattern *> ranked;
 };
 
 Fonts::Fonts() : m_catalogue(std::make_unique<Catalogue>()) {}
@@ -110,10 +156,40 @@ const Font &Fonts::font(const std::string &family)
     if (!found) throw RuntimeError(error_number::fileNotFound, "帳票に使える書体がこのコンピューターにありません。");
     if (!found->isAsked && !isGeneric)
         m_notices.push_back(fmt::format("書体「{}」がないので「{}」で表示します。", family, found->name));
-    auto font = std::ranges::find(m_fonts, found->path, [](const auto &open) { return open->path(); });
-    if (font == m_fonts.end()) font = m_fonts.insert(font, std::make_unique<Font>(found->path, found->index));
-    m_entries.push_back({family, font->get()});
-    return **font;
+    const Font &font = opened(found->path, found->index);
+    m_entries.push_back({family, &font});
+    return font;
+}
+
+const Font &Fonts::opened(const std::string &path, int index)
+{
+    const auto isThis = [&](const auto &open) { return open->path() == path && open->index() == index; };
+    const auto known = std::ranges::find_if(m_fonts, isThis);
+    if (known != m_fonts.end()) return **known;
+    return *m_fonts.emplace_back(std::make_unique<Font>(path, index));
+}
+
+const Font *Fonts::fontWith(char32_t character)
+{
+    const auto [place, isNew] = m_standIns.try_emplace(character, nullptr);
+    if (isNew) place->second = findFontWith(character);
+    return place->second;
+}
+
+const Font *Fonts::findFontWith(char32_t character)
+{
+    for (FcPattern *const pattern : m_catalogue->standIns()) {
+        if (!hasCharacter(pattern, character)) continue;
+        const Found found = describe(pattern, {});
+        try {
+            const Font &font = opened(found.path, found.index);
+            if (font.has(character)) return &font;
+        } catch (const RuntimeError &) {
+            // A file that the catalogue knows and that is broken or gone by now stands in for nothing.
+            continue;
+        }
+    }
+    return nullptr;
 }
 
 } // namespace inin::viewer

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,6 +21,9 @@ public:
     /// The font of a family, or the nearest there is; a substitution is told once in notices(). Only fonts with TrueType
     /// outlines are taken. A RuntimeError when the machine has none.
     [[nodiscard]] const Font &font(const std::string &family);
+    /// The font that stands in for one that lacks a character: Japanese ones first, then whichever has it. Null when none
+    /// on this machine does.
+    [[nodiscard]] const Font *fontWith(char32_t character);
     [[nodiscard]] const std::vector<std::string> &notices() const { return m_notices; }
 
 private:
@@ -30,8 +34,12 @@ private:
     /// What fontconfig knows; a copy of one's own, which goes away with this.
     struct Catalogue;
 
+    [[nodiscard]] const Font &opened(const std::string &path, int index);
+    [[nodiscard]] const Font *findFontWith(char32_t character);
+
     std::unique_ptr<Catalogue> m_catalogue;
     std::vector<Entry> m_entries;
+    std::map<char32_t, const Font *> m_standIns;
     std::vector<std::unique_ptr<Font>> m_fonts;
     std::vector<std::string> m_notices;
 };

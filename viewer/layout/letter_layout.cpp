@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/form/date_pattern.h"
+#include "viewer/layout/mixed_text.h"
 #include "viewer/layout/text_fit.h"
 #include "viewer/layout/utf8.h"
 
@@ -35,14 +36,14 @@ bool isBlankText(std::string_view text)
 /// A text with its place, from characters to runs. Kept so that the letters' texts reuse the room of those before.
 class TextSetter {
 public:
-    TextSetter(const TextCommand &command, const Font &font, Point page)
-        : m_command(command), m_font(font), m_page(page)
+    TextSetter(const TextCommand &command, Fonts &fonts, Point page)
+        : m_command(command), m_font(fonts.font(command.family)), m_page(page), m_text(m_font, fonts)
     {
     }
 
     void set(std::string_view text)
     {
-        m_glyphs.clear();
+        m_text.clear();
         m_missing.clear();
         m_runs.clear();
         m_isShrunk = m_doesNotFit = false;
@@ -68,19 +69,19 @@ private:
         std::u32string_view rest = m_characters;
         while (true) {
             const std::size_t end = rest.find(U'\n');
-            m_font.shape(rest.substr(0, end), m_glyphs, m_missing);
-            m_toFit.paragraphEnds.push_back(m_glyphs.size());
+            m_text.add(rest.substr(0, end), m_missing);
+            m_toFit.paragraphEnds.push_back(m_text.glyphs().size());
             if (end == std::u32string_view::npos) break;
             rest.remove_prefix(end + 1);
         }
-        m_cutBegin = m_glyphs.size();
+        m_cutBegin = m_text.glyphs().size();
         m_toFit.size = m_command.size;
         m_toFit.spacing = m_command.spacing;
         if (m_command.fit) {
-            m_font.shape(kCutMark, m_glyphs, m_unused);
-            m_toFit.cutMark = m_glyphs[m_cutBegin].advance;
+            m_text.add(kCutMark, m_unused);
+            m_toFit.cutMark = m_text.glyphs()[m_cutBegin].advance;
         }
-        m_toFit.glyphs = m_glyphs;
+        m_toFit.glyphs = m_text.glyphs();
     }
 
     void place(const FittedText &fitted)
@@ -91,20 +92,29 @@ private:
             const bool endsCut = fitted.isCut && i + 1 == fitted.lines.size();
             const double width = line.width + (endsCut ? cutWidth : 0);
             const Affine at = placeOf(fitted, i, width);
-            addRun(fitted, line.begin, line.end, at);
+            addRuns(fitted, line.begin, line.end, at);
             if (endsCut && m_command.fit)
-                addRun(fitted, m_cutBegin, m_cutBegin + 1, at * Affine{1, 0, 0, 1, line.width, 0});
+                addRuns(fitted, m_cutBegin, m_cutBegin + 1, at * Affine{1, 0, 0, 1, line.width, 0});
         }
     }
 
-    void addRun(const FittedText &fitted, std::size_t begin, std::size_t end, const Affine &at)
+    /// A run for each font of the glyphs from `begin` to before `end`.
+    void addRuns(const FittedText &fitted, std::size_t begin, std::size_t end, const Affine &at)
     {
         if (begin == end) return;
-        const double start = double{m_glyphs[begin].x} * fitted.size * fitted.stretch / 1000;
+        const std::span<const ShapedGlyph> glyphs = m_text.glyphs();
+        const double start = double{glyphs[begin].x} * fitted.size * fitted.stretch / 1000;
         const double spacing = m_command.spacing * (fitted.size / m_command.size);
-        m_runs.push_back({&m_font, fitted.size, fitted.stretch, spacing, m_command.color,
-                          at * Affine{1, 0, 0, 1, -start, 0},
-                          std::span<const ShapedGlyph>(m_glyphs).subspan(begin, end - begin)});
+        for (std::size_t from = begin; from < end;) {
+            const MixedText::Part part = m_text.partAt(from);
+            const std::size_t to = std::min(part.end, end);
+            // The glyphs' places know nothing of the spacing behind those of the parts before.
+            const double spaced = static_cast<double>(from - begin) * spacing * fitted.stretch;
+            m_runs.push_back({part.font, fitted.size, fitted.stretch, spacing, m_command.color,
+                              at * Affine{1, 0, 0, 1, spaced - start, 0}, glyphs.subspan(from, to - from),
+                              m_command.isBold});
+            from = to;
+        }
     }
 
     [[nodiscard]] double shareBefore() const
@@ -141,7 +151,7 @@ private:
     const Font &m_font;
     Point m_page;
     std::u32string m_characters;
-    std::vector<ShapedGlyph> m_glyphs;
+    MixedText m_text;
     TextToFit m_toFit;
     std::size_t m_cutBegin = 0;
     std::vector<char32_t> m_missing, m_unused;
@@ -159,8 +169,8 @@ std::string literalText(const TextCommand &command)
 /// A field of the form with what it showed last.
 class FieldSetter {
 public:
-    FieldSetter(std::size_t index, const FormField &field, const TextCommand &command, const Font &font, Point page)
-        : m_field(field), m_command(command), m_setter(command, font, page), m_last(field.columns.size())
+    FieldSetter(std::size_t index, const FormField &field, const TextCommand &command, Fonts &fonts, Point page)
+        : m_field(field), m_command(command), m_setter(command, fonts, page), m_last(field.columns.size())
     {
         m_mark.field = index;
     }
@@ -271,7 +281,7 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
             parts.fields.push_back(bind(i, text, columns));
             continue;
         }
-        TextSetter &setter = parts.shared.emplace_back(text, fonts.font(text.family), page);
+        TextSetter &setter = parts.shared.emplace_back(text, fonts, page);
         setter.set(literalText(text));
         parts.missing.insert(parts.missing.end(), setter.missing().begin(), setter.missing().end());
         parts.order.push_back(false);
@@ -279,7 +289,7 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
     // Setters point into the fields, which stay where they are from here on.
     for (std::size_t i = 0; i < parts.fields.size(); ++i) {
         const auto &text = std::get<TextCommand>(form.commands[parts.fields[i].command]);
-        parts.setters.emplace_back(i, parts.fields[i], text, fonts.font(text.family), page);
+        parts.setters.emplace_back(i, parts.fields[i], text, fonts, page);
     }
 }
 

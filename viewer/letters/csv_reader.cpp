@@ -107,15 +107,14 @@ std::string_view innerOf(const Line &line)
     return line.text.substr(1, line.text.size() - 2);
 }
 
-/// Reads rows into a table, out of the table's own text.
+/// Reads the rows of a text whose parts they are.
 class RowReader {
 public:
-    explicit RowReader(LetterTable &table) : m_table(table) {}
+    RowReader(LetterRows &rows, std::size_t columns) : m_rows(rows), m_columns(columns) {}
 
-    void read(std::string_view rest)
+    void read()
     {
-        m_table.reserve(static_cast<std::size_t>(std::ranges::count(rest, '\n')) + 1);
-        while (!rest.empty()) {
+        for (std::string_view rest = m_rows.text(); !rest.empty();) {
             const Line line = takeLine(rest);
             if (!line.text.empty()) readRow(line);
         }
@@ -126,11 +125,11 @@ private:
     {
         const RowFault fault = faultOf(line);
         if (fault != RowFault::none) {
-            m_table.addFaultyRow(fault, line.text);
+            m_rows.addFaultyRow(fault, line.text);
             return;
         }
         splitAt(innerOf(line), m_chosen, m_fields);
-        m_table.addRow(m_fields);
+        m_rows.addRow(m_fields);
     }
 
     RowFault faultOf(const Line &line)
@@ -140,13 +139,32 @@ private:
         if (!line.hasEnd) return RowFault::cutOff;
         findSeparators(innerOf(line), m_places);
         dropOverlaps(m_places, m_chosen);
-        return judge(m_places, m_chosen.size(), m_table.columns().size());
+        return judge(m_places, m_chosen.size(), m_columns);
     }
 
-    LetterTable &m_table;
+    LetterRows &m_rows;
+    std::size_t m_columns;
     std::vector<std::size_t> m_places, m_chosen;
     std::vector<std::string_view> m_fields;
 };
+
+LetterRows readLines(std::string_view bytes, std::size_t columns)
+{
+    LetterRows rows(columns, decoded(bytes));
+    RowReader(rows, columns).read();
+    return rows;
+}
+
+/// Finds the rows among the bytes from `begin` on. A line end never is the second byte of a character.
+void findRows(UnreadRows &rows, std::size_t begin)
+{
+    const std::string_view whole = rows.bytes;
+    for (std::string_view rest = whole.substr(begin); !rest.empty();) {
+        const std::size_t place = whole.size() - rest.size();
+        if (takeLine(rest).text.empty()) continue;
+        if (rows.rows++ % UnreadRows::kBlock == 0) rows.blocks.push_back(place);
+    }
+}
 
 [[noreturn]] void fail(const char *sentence)
 {
@@ -189,17 +207,18 @@ const std::vector<std::string> &programTitles()
     return titles;
 }
 
-LetterTable readLetters(std::string_view bytes, TitleRow titles)
+LetterTable readLetters(std::string bytes, TitleRow titles)
 {
     if (bytes.empty()) fail("ファイルが空です。");
-    std::string text = decoded(bytes);
-    std::string_view rest = text;
-    const Line first = takeLine(rest);
+    std::string_view rest = bytes;
+    const Line line = takeLine(rest);
+    const std::string text = decoded(line.text);
+    const Line first{text, line.hasEnd};
     std::vector<std::string> columns = titles == TitleRow::first ? titledColumns(first) : numberedColumns(first);
-    const std::size_t begin = titles == TitleRow::first ? text.size() - rest.size() : 0;
-    LetterTable table(std::move(columns), std::move(text));
-    RowReader(table).read(table.text().substr(begin));
-    return table;
+    const std::size_t begin = titles == TitleRow::first ? bytes.size() - rest.size() : 0;
+    UnreadRows rows{std::move(bytes), 0, {}, readLines};
+    findRows(rows, begin);
+    return {std::move(columns), std::move(rows)};
 }
 
 } // namespace inin::viewer

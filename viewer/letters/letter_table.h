@@ -1,7 +1,10 @@
 #pragma once
 
+#include "viewer/letters/letter_rows.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,53 +12,52 @@
 
 namespace inin::viewer {
 
-/// Why a row cannot be read for sure; its columns are then empty and its text is kept as it stands in the file.
-enum class RowFault : std::uint8_t {
-    none,
-    notQuoted,      ///< does not begin and end with a quote
-    cutOff,         ///< the file ends in the middle of the line
-    tooFewColumns,  ///< fewer than the title row has
-    tooManyColumns, ///< more, and which of them belong together cannot be told
-    ambiguous,      ///< quotes inside values leave more than one reading
-};
-/// A sentence in Japanese.
-[[nodiscard]] std::string_view faultText(RowFault fault);
+/// The bytes of a letter file with the places of its rows. What a row holds is read when it is first asked for: the first
+/// letter of ten thousand need not wait for the others.
+struct UnreadRows {
+    static constexpr std::size_t kBlock = 256; ///< rows that are read at once
 
-/// The letters of one CSV file, read once: nothing in here changes when the file does.
-/// The file's text is kept as one piece, and a value is a part of it.
+    std::string bytes;
+    std::size_t rows = 0;
+    std::vector<std::size_t> blocks; ///< where each block begins
+    /// Reads the lines of one block.
+    LetterRows (*read)(std::string_view lines, std::size_t columns) = nullptr;
+};
+
+/// The letters of one CSV file, taken in once: nothing in here changes when the file does.
+/// Not for two threads at once: rows are read behind a const face.
 class LetterTable {
 public:
     LetterTable() = default;
-    /// `text` is the file as UTF-8. Column names must differ; a name that stands twice is a RuntimeError.
-    LetterTable(std::vector<std::string> columns, std::string text);
+    /// Column names must differ; a name that stands twice is a RuntimeError.
+    LetterTable(std::vector<std::string> columns, UnreadRows rows);
 
     [[nodiscard]] const std::vector<std::string> &columns() const { return m_columns; }
     [[nodiscard]] std::optional<std::size_t> columnOf(std::string_view name) const;
-    [[nodiscard]] std::size_t size() const { return m_faults.size(); }
-    [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const;
-    [[nodiscard]] RowFault fault(std::size_t row) const { return m_faults[row]; }
+    [[nodiscard]] std::size_t size() const { return m_rows.rows; }
+    /// The views of rows stay good as long as the table does.
+    [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const
+    {
+        return blockOf(row).value(row % UnreadRows::kBlock, column);
+    }
+    [[nodiscard]] RowFault fault(std::size_t row) const { return blockOf(row).fault(row % UnreadRows::kBlock); }
     /// The text of a row that cannot be read, as it stands in the file; empty for a good row.
-    [[nodiscard]] std::string_view rawText(std::size_t row) const;
-
-    /// The whole text; rows are added as parts of it.
-    [[nodiscard]] std::string_view text() const { return m_text; }
-    void reserve(std::size_t rows);
-    /// As many values as columns.
-    void addRow(const std::vector<std::string_view> &values);
-    void addFaultyRow(RowFault fault, std::string_view rawText);
+    [[nodiscard]] std::string_view rawText(std::size_t row) const
+    {
+        return blockOf(row).rawText(row % UnreadRows::kBlock);
+    }
 
 private:
-    /// A part of the text. No letter file comes near four gigabytes.
-    struct Cell {
-        std::uint32_t begin = 0, size = 0;
-    };
-    [[nodiscard]] Cell cellOf(std::string_view part) const;
-    [[nodiscard]] std::string_view cell(std::size_t index) const;
+    [[nodiscard]] const LetterRows &blockOf(std::size_t row) const
+    {
+        const auto &block = m_blocks[row / UnreadRows::kBlock];
+        return block ? *block : readBlock(row / UnreadRows::kBlock);
+    }
+    const LetterRows &readBlock(std::size_t block) const;
 
     std::vector<std::string> m_columns;
-    std::string m_text;
-    std::vector<Cell> m_cells; ///< row by row; the first cell of a faulty row is all of it
-    std::vector<RowFault> m_faults;
+    UnreadRows m_rows;
+    mutable std::vector<std::unique_ptr<LetterRows>> m_blocks;
 };
 
 } // namespace inin::viewer

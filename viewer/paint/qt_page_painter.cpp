@@ -1,7 +1,10 @@
 #include "viewer/paint/qt_page_painter.h"
 
+#include "runtime/runtime_error.h"
 #include "viewer/document/letter_press.h"
 
+#include <QBuffer>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
 
@@ -91,6 +94,12 @@ QPen qtPen(const Stroke &stroke)
     return pen;
 }
 
+/// For letters of which one size is `size` units of the painter.
+QPen boldPen(const GlyphRun &run, double size)
+{
+    return {qtColor(run.color), GlyphRun::kBoldLine * size, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+}
+
 } // namespace
 
 const QPainterPath &QtGlyphs::outline(const Font &font, std::uint32_t glyph, double pixels)
@@ -114,18 +123,56 @@ void QtPagePainter::paint(const PathCommand &command)
     if (command.stroke) m_painter.strokePath(path, qtPen(*command.stroke));
 }
 
+namespace {
+
+/// A screen's or picture's painter is fastest with letter by letter as it knows them; one that writes a file, as printers
+/// do, writes much more for each letter than for its outline.
+bool writesFile(const QPainter &painter)
+{
+    return painter.paintEngine() != nullptr && painter.paintEngine()->type() != QPaintEngine::Raster;
+}
+
+/// Corners on a grid of 1200 to the inch at least, finer than any printer's dot: numbers without a tail of digits, which
+/// no compression makes small.
+void putOnGrid(QPainterPath &path, int dotsPerInch)
+{
+    constexpr int kFine = 1200;
+    const double grid = dotsPerInch >= kFine ? 1 : dotsPerInch >= kFine / 2 ? 2 : dotsPerInch >= kFine / 4 ? 4 : 16;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element corner = path.elementAt(i);
+        path.setElementPositionAt(i, std::round(corner.x * grid) / grid, std::round(corner.y * grid) / grid);
+    }
+}
+
+} // namespace
+
 void QtPagePainter::paint(const GlyphRun &run)
 {
     const QTransform before = m_painter.transform();
     const QTransform line = qtTransform(run.at) * before;
     const double step = run.size * run.stretch / 1000;
     const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
+    const bool gathers = writesFile(m_painter);
+    QPainterPath gathered;
+    gathered.setFillRule(Qt::WindingFill);
     double spaced = 0;
     for (const ShapedGlyph &glyph : run.glyphs) {
         const Affine place{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0};
-        m_painter.setTransform(qtTransform(place) * line);
-        m_painter.fillPath(m_glyphs.outline(*run.font, glyph.glyph, pixels), qtColor(run.color));
+        const QPainterPath &outline = m_glyphs.outline(*run.font, glyph.glyph, pixels);
         spaced += run.spacing * run.stretch;
+        if (gathers) {
+            gathered.addPath((qtTransform(place) * line).map(outline));
+            continue;
+        }
+        m_painter.setTransform(qtTransform(place) * line);
+        m_painter.fillPath(outline, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(outline, boldPen(run, 1));
+    }
+    if (gathers) {
+        putOnGrid(gathered, m_painter.device()->logicalDpiY());
+        m_painter.resetTransform();
+        m_painter.fillPath(gathered, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
     }
     m_painter.setTransform(before);
 }
@@ -156,6 +203,15 @@ QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, Q
     painter.scale(scale, scale);
     paintLetter(press, letter, painter, glyphs);
     return image;
+}
+
+std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!letterImage(press, letter, dotsPerInch, glyphs).save(&buffer, "PNG"))
+        throw RuntimeError(error_number::outOfMemory);
+    return buffer.data().toStdString();
 }
 
 } // namespace inin::viewer

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -43,11 +45,17 @@ constexpr Twin kTwins[] = {{0x2014, 0x2015}, {0x2016, 0x2225}, {0x2212, 0xFF0D},
 /// The system's own code page 932, which need not be its ANSI code page.
 class SystemTable {
 public:
-    [[nodiscard]] char16_t unit(const char *bytes, std::size_t size) const
+    /// The UTF-16 unit of each character of `width` bytes, 0 where they are none.
+    [[nodiscard]] std::vector<char16_t> units(const std::string &bytes, std::size_t width) const
     {
-        wchar_t out[2] = {};
-        const int count = MultiByteToWideChar(932, MB_ERR_INVALID_CHARS, bytes, static_cast<int>(size), out, 2);
-        return count == 1 ? static_cast<char16_t>(out[0]) : u'\0';
+        std::vector<char16_t> found;
+        for (std::size_t at = 0; at < bytes.size(); at += width) {
+            wchar_t out[2] = {};
+            const int size = static_cast<int>(width);
+            const int count = MultiByteToWideChar(932, MB_ERR_INVALID_CHARS, bytes.data() + at, size, out, 2);
+            found.push_back(count == 1 ? static_cast<char16_t>(out[0]) : u'\0');
+        }
+        return found;
     }
 };
 #else
@@ -63,15 +71,29 @@ public:
     SystemTable &operator=(const SystemTable &) = delete;
     ~SystemTable() { iconv_close(m_descriptor); }
 
-    /// The one UTF-16 unit of these bytes, 0 when they are no character.
-    char16_t unit(char *bytes, std::size_t size) const
+    /// The UTF-16 unit of each character of `width` bytes, 0 where they are none. Many go through in one call: a call a
+    /// character would be a good part of the program's start.
+    std::vector<char16_t> units(std::string bytes, std::size_t width) const
     {
-        unsigned char out[4] = {};
-        char *outAt = reinterpret_cast<char *>(out);
-        std::size_t outLeft = sizeof out;
-        iconv(m_descriptor, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(m_descriptor, &bytes, &size, &outAt, &outLeft) != 0 || size != 0 || outLeft != 2) return 0;
-        return static_cast<char16_t>(out[0] | out[1] << 8);
+        std::vector<char16_t> found;
+        std::vector<unsigned char> out(bytes.size() * 2);
+        char *at = bytes.data();
+        for (std::size_t left = bytes.size(); left > 0;) {
+            char *outAt = reinterpret_cast<char *>(out.data());
+            std::size_t outLeft = out.size();
+            const std::size_t before = left;
+            iconv(m_descriptor, nullptr, nullptr, nullptr, nullptr);
+            iconv(m_descriptor, &at, &left, &outAt, &outLeft);
+            const std::size_t characters = (before - left) / width;
+            if (out.size() - outLeft != characters * 2) throw std::runtime_error("the code page has no such pairs");
+            for (std::size_t i = 0; i < characters; ++i)
+                found.push_back(static_cast<char16_t>(out[2 * i] | out[2 * i + 1] << 8));
+            if (left == 0) break;
+            found.push_back(0); // it stopped in front of what is no character
+            at += width;
+            left -= width;
+        }
+        return found;
     }
 
 private:
@@ -87,26 +109,35 @@ struct Tables {
     Tables()
     {
         const SystemTable system;
-        for (unsigned byte = 1; byte < 0x100; ++byte) {
-            char in[] = {static_cast<char>(byte)};
-            // What becomes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
-            const bool kana = byte >= 0xA1 && byte <= 0xDF;
-            if (byte < 0x80 || kana) add(system.unit(in, 1), byte, single[byte]);
-        }
+        // What becomes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
+        addSingles(system, 0x01, 0x7F);
+        addSingles(system, 0xA1, 0xDF);
         for (unsigned lead = 0x81; lead <= 0xFC; ++lead)
-            if (isCp932Lead(static_cast<unsigned char>(lead)))
-                for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
-                    if (isTrail(static_cast<unsigned char>(trail))) addPair(system, lead, trail);
+            if (isCp932Lead(static_cast<unsigned char>(lead))) addPairs(system, lead);
         for (const Twin &twin : kTwins)
             if (code[twin.twin] == 0) code[twin.twin] = code[twin.own];
     }
 
 private:
-    void addPair(const SystemTable &system, unsigned lead, unsigned trail)
+    void addSingles(const SystemTable &system, unsigned first, unsigned last)
     {
-        char in[] = {static_cast<char>(lead), static_cast<char>(trail)};
-        const unsigned both = lead << 8 | trail;
-        add(system.unit(in, 2), both, pair[both]);
+        std::string in;
+        for (unsigned byte = first; byte <= last; ++byte) in += static_cast<char>(byte);
+        for (unsigned byte = first; const char16_t unit : system.units(in, 1)) {
+            add(unit, byte, single[byte]);
+            ++byte;
+        }
+    }
+    void addPairs(const SystemTable &system, unsigned lead)
+    {
+        std::string in;
+        for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
+            if (isTrail(static_cast<unsigned char>(trail))) in += {static_cast<char>(lead), static_cast<char>(trail)};
+        for (std::size_t at = 1; const char16_t unit : system.units(in, 2)) {
+            const unsigned both = lead << 8 | static_cast<unsigned char>(in[at]);
+            add(unit, both, pair[both]);
+            at += 2;
+        }
     }
     void add(char16_t unit, unsigned bytes, char16_t &place)
     {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/common/no_automation.h"
+#include "platform/folders.h"
 #include "platform/platform.h"
 
 #include <functional>
@@ -16,6 +17,8 @@ namespace inin {
 
 /// `applicationFolder` is what the runtime reports as the folder of the program.
 [[nodiscard]] std::unique_ptr<Files> makePosixFiles(std::string applicationFolder);
+/// The drives are the places that the table of mounts names and a person keeps folders in.
+[[nodiscard]] std::unique_ptr<Folders> makePosixFolders(std::string mounts = "/proc/self/mounts");
 [[nodiscard]] std::unique_ptr<Profile> makePosixProfile();
 [[nodiscard]] std::unique_ptr<Clock> makePosixClock();
 /// Short date form yyyy/MM/dd whatever LANG says, code page 932.

@@ -51,7 +51,9 @@ std::unique_ptr<SqliteHandle> SqliteConnection::openFile(const std::string &conn
     const std::string source = parts.value("Data Source");
     if (source.empty())
         raise(*m_errors, providerError(ado_error::unspecified, "IM002", "the connection string names no Data Source"));
-    return std::make_unique<SqliteHandle>(m_resolvePath(source), source, m_timeout, *m_errors);
+    auto handle = std::make_unique<SqliteHandle>(m_resolvePath(source), source, m_timeout, *m_errors);
+    if (equalsIgnoringAsciiCase(parts.value("Mode"), "Share Exclusive")) handle->claim(*m_errors);
+    return handle;
 }
 
 void SqliteConnection::Close()

@@ -258,6 +258,15 @@ void SqliteHandle::runOwn(const char *sql, Errors &errors)
     if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
 }
 
+/// SQLite keeps the lock of the first write beyond its transaction.
+void SqliteHandle::claim(Errors &errors)
+{
+    runOwn("PRAGMA locking_mode = EXCLUSIVE", errors);
+    runOwn("BEGIN EXCLUSIVE", errors);
+    runOwn("COMMIT", errors);
+    m_isClaimed = true;
+}
+
 /// IMMEDIATE, because a lock that is asked for later could not be waited for: two readers that both want to write
 /// would wait for each other.
 void SqliteHandle::begin(Errors &errors)
@@ -278,6 +287,8 @@ void SqliteHandle::rollback(Errors &errors)
 
 bool SqliteHandle::tidy()
 {
+    // An idle connection must not keep others out.
+    if (m_isClaimed) return false;
     sqlite3 *db = m_db.get();
     for (sqlite3_stmt *running = sqlite3_next_stmt(db, nullptr); running != nullptr;
          running = sqlite3_next_stmt(db, running))

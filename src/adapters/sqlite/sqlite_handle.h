@@ -48,6 +48,8 @@ public:
     bool step(SqliteStatement &statement, Errors &errors);
     /// Runs one statement; the number of rows that it changed, -1 where it is none that changes rows.
     std::int32_t execute(const std::string &sql, Errors &errors);
+    /// Keeps every other connection out of the file for as long as this one lives. It then serves one session only.
+    void claim(Errors &errors);
     void begin(Errors &errors);
     void commit(Errors &errors);
     void rollback(Errors &errors);
@@ -87,6 +89,7 @@ private:
     std::function<bool()> m_isHopeless;
     std::int32_t m_timeout;
     Clock::time_point m_deadline;
+    bool m_isClaimed = false;
 };
 
 } // namespace inin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/common/no_automation.h"
+#include "platform/folders.h"
 #include "platform/platform.h"
 
 #include <functional>
@@ -16,6 +17,8 @@ namespace inin {
 
 /// `applicationFolder` is what the runtime reports as the folder of the program.
 [[nodiscard]] std::unique_ptr<Files> makeWin32Files(std::string applicationFolder);
+/// The drives by their letters, and folders on them or on a share.
+[[nodiscard]] std::unique_ptr<Folders> makeWin32Folders();
 [[nodiscard]] std::unique_ptr<Profile> makeWin32Profile();
 [[nodiscard]] std::unique_ptr<Clock> makeWin32Clock();
 /// The user's own short date form and the system's ANSI code page.

@@ -1,6 +1,6 @@
 #include "adapters/common/program_edges.h"
 #include "adapters/script/script_player.h"
-#include "adapters/system/system_platform.h"
+#include "app/data_source.h"
 #include "app/suite_database/suite_database.h"
 #include "runtime/file_path.h"
 #include "shell/start.h"
@@ -16,14 +16,6 @@ namespace inin {
 namespace {
 
 constexpr int kBadCommandLine = 2;
-
-/// A data source without a folder of its own lies in the application folder, wherever the play was started.
-std::function<std::string(const std::string &)> dataSourceIn(const std::string &folder)
-{
-    return [folder](const std::string &dataSource) {
-        return systemPath(isAbsolutePath(dataSource) ? dataSource : folder + "/" + dataSource);
-    };
-}
 
 /// What is wrong with the folder of a command line, empty when it is there.
 std::string existingFolder(const std::string &folder)

@@ -1,0 +1,59 @@
+#include "adapters/odbc/jet_dao.h"
+
+#include "adapters/common/dao_over_ado.h"
+#include "adapters/odbc/mdb_driver.h"
+#include "adapters/odbc/odbc_database.h"
+
+#include <string_view>
+#include <utility>
+
+namespace inin {
+
+namespace {
+
+#ifdef _WIN32
+constexpr DaoAccess kAccess = DaoAccess::readWrite;
+#else
+constexpr DaoAccess kAccess = DaoAccess::readOnly;
+#endif
+
+/// The older files and those of the newer engine say what they are behind their first four bytes.
+bool isJetFile(std::string_view start)
+{
+    constexpr std::size_t kNamePlace = 4;
+    if (start.size() < kNamePlace) return false;
+    const std::string_view name = start.substr(kNamePlace);
+    return name.starts_with("Standard Jet DB") || name.starts_with("Standard ACE DB");
+}
+
+/// In braces only where it must be: the driver outside Windows takes none, and so no path with a semicolon.
+std::string valueOf(const std::string &path)
+{
+    if (path.find(';') == std::string::npos && !path.starts_with('{')) return path;
+    std::string text = "{";
+    for (const char c : path) text.append(c == '}' ? 2 : 1, c);
+    return text + "}";
+}
+
+} // namespace
+
+std::string jetDriver()
+{
+#ifdef _WIN32
+    return "Microsoft Access Driver (*.mdb, *.accdb)";
+#else
+    return mdbDriverLibrary();
+#endif
+}
+
+std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath, std::string driver)
+{
+    const auto connectionString = [driver = std::move(driver)](const std::string &path, DaoWorkspace::Sharing sharing) {
+        const std::string text = "Driver={" + driver + "};DBQ=" + valueOf(path);
+        return sharing == DaoWorkspace::Sharing::exclusive ? text + ";Exclusive=1" : text;
+    };
+    std::shared_ptr<Database> provider = makeOdbcDatabase();
+    return makeDaoOverAdo({std::move(provider), std::move(resolvePath), isJetFile, connectionString, kAccess});
+}
+
+} // namespace inin

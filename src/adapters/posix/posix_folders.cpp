@@ -1,0 +1,149 @@
+#include "adapters/posix/posix_io.h"
+#include "adapters/posix/posix_platform.h"
+#include "runtime/runtime_error.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+#include <utility>
+
+#include <mntent.h>
+
+namespace inin {
+
+namespace {
+
+constexpr const char *kRoot = "/";
+
+struct CloseMounts {
+    void operator()(std::FILE *mounts) const { endmntent(mounts); }
+};
+
+/// Kinds of file systems without a device of their own that hold a person's folders.
+constexpr std::string_view kSharedKinds[] = {"nfs",    "nfs4",     "cifs",       "smb3",        "9p",
+                                             "vboxsf", "virtiofs", "fuse.sshfs", "fuse.rclone", "fuse.davfs"};
+/// Places that belong to the system, whatever is mounted there.
+constexpr std::string_view kSystemPlaces[] = {"/boot", "/snap", "/proc", "/sys", "/dev"};
+
+bool isWithin(std::string_view path, std::string_view folder)
+{
+    return path.starts_with(folder) && (folder == kRoot || path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+/// True for a mounted place that a person would look for folders in.
+bool isDrive(const mntent &mount)
+{
+    const std::string_view place = mount.mnt_dir;
+    if (place == kRoot) return true;
+    const bool isShared = std::ranges::find(kSharedKinds, mount.mnt_type) != std::end(kSharedKinds);
+    if (!isShared && !std::string_view(mount.mnt_fsname).starts_with("/dev/")) return false;
+    if (std::ranges::any_of(kSystemPlaces, [&](std::string_view system) { return isWithin(place, system); }))
+        return false;
+    // A container mounts single files. A place that does not answer stays: the person is told when it is chosen.
+    return !isFileAt(mount.mnt_dir);
+}
+
+[[noreturn]] void failToRead(int systemError)
+{
+    switch (systemError) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+        throw RuntimeError(error_number::pathNotFound);
+    case EACCES:
+    case EPERM:
+        throw RuntimeError(error_number::pathAccess);
+    default:
+        throw RuntimeError(error_number::diskNotReady);
+    }
+}
+
+/// The folder's path from the root, without "." and ".." and without a slash at its end.
+std::string wholePath(const std::string &path)
+{
+    std::error_code error;
+    std::string whole = std::filesystem::absolute(posixPath(path), error).lexically_normal().string();
+    if (error) throw RuntimeError(error_number::pathNotFound);
+    while (whole.size() > 1 && whole.ends_with('/')) whole.pop_back();
+    return whole;
+}
+
+std::string joined(const std::string &folder, const std::string &name)
+{
+    return folder.ends_with('/') ? folder + name : folder + "/" + name;
+}
+
+/// From the drive's own root down to the folder.
+std::vector<FolderPlace> placesAbove(const std::string &drive, const std::string &folder)
+{
+    std::vector<FolderPlace> places{{drive, drive}};
+    for (std::size_t at = drive == kRoot ? 1 : drive.size() + 1; at < folder.size();) {
+        const std::size_t end = std::min(folder.find('/', at), folder.size());
+        places.push_back({folder.substr(at, end - at), folder.substr(0, end)});
+        at = end + 1;
+    }
+    return places;
+}
+
+/// Names that begin with a dot are the programs' own and stay out of a person's sight.
+std::vector<FolderPlace> placesInside(const std::string &folder)
+{
+    const FolderHandle open(opendir(folder.c_str()));
+    if (!open) failToRead(errno);
+    std::vector<FolderPlace> places;
+    errno = 0;
+    for (const dirent *entry = readdir(open.get()); entry != nullptr; errno = 0, entry = readdir(open.get())) {
+        const std::string name = entry->d_name;
+        const std::string path = joined(folder, name);
+        if (!name.starts_with('.') && (entry->d_type == DT_DIR || isFolderAt(path))) places.push_back({name, path});
+    }
+    if (errno != 0) failToRead(errno);
+    std::ranges::sort(places, {},
+                      [](const FolderPlace &place) { return std::pair(foldedName(place.name), place.name); });
+    return places;
+}
+
+class PosixFolders : public Folders {
+public:
+    explicit PosixFolders(std::string mounts) : m_mounts(std::move(mounts)) {}
+
+    std::vector<std::string> drives() override
+    {
+        std::vector<std::string> places{kRoot};
+        const std::unique_ptr<std::FILE, CloseMounts> mounts(setmntent(m_mounts.c_str(), "re"));
+        mntent mount{};
+        std::array<char, 4096> line{};
+        while (mounts && getmntent_r(mounts.get(), &mount, line.data(), static_cast<int>(line.size())) != nullptr)
+            if (isDrive(mount)) places.emplace_back(mount.mnt_dir);
+        std::ranges::sort(places);
+        places.erase(std::unique(places.begin(), places.end()), places.end());
+        return places;
+    }
+
+    FolderContents open(const std::string &path) override
+    {
+        const std::string folder = wholePath(path);
+        std::vector<FolderPlace> inside = placesInside(folder);
+        // The root is in every path, and the list is in order: the last drive that fits is the nearest.
+        std::string drive = kRoot;
+        for (const std::string &place : drives())
+            if (isWithin(folder, place)) drive = place;
+        return {drive, placesAbove(drive, folder), std::move(inside)};
+    }
+
+private:
+    std::string m_mounts;
+};
+
+} // namespace
+
+std::unique_ptr<Folders> makePosixFolders(std::string mounts)
+{
+    return std::make_unique<PosixFolders>(std::move(mounts));
+}
+
+} // namespace inin

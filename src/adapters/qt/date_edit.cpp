@@ -1,0 +1,193 @@
+#include "adapters/qt/date_edit.h"
+
+#include "adapters/qt/calendar_popup.h"
+#include "adapters/qt/icons.h"
+#include "adapters/qt/qt_text.h"
+#include "adapters/qt/theme.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QStyle>
+#include <QToolTip>
+
+namespace inin {
+
+namespace {
+
+/// Longer than any date, and short enough that a text that was dropped by mistake harms nobody.
+constexpr int kMostLetters = 64;
+
+int lettersOf(const std::string &text, std::size_t bytes)
+{
+    return static_cast<int>(toQt(std::string_view(text).substr(0, bytes)).size());
+}
+
+} // namespace
+
+DateEdit::DateEdit(std::string format, std::function<Date()> today, QWidget *parent)
+    : QLineEdit(parent), m_format(std::move(format)), m_today(std::move(today))
+{
+    setMaxLength(kMostLetters);
+    setInputMethodHints(Qt::ImhDate | Qt::ImhNoPredictiveText);
+    m_warning = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
+    m_warning->setVisible(false);
+    QAction *calendar = addAction(calendarIcon(palette()), QLineEdit::TrailingPosition);
+    calendar->setToolTip(tr("カレンダーを開く（Alt+↓）"));
+    connect(calendar, &QAction::triggered, this, [this] { openCalendar(); });
+    connect(this, &QLineEdit::textEdited, this, [this] { m_isTyped = true; });
+}
+
+void DateEdit::setValue(const Variant &value)
+{
+    m_value = value;
+    show(value);
+}
+
+void DateEdit::show(const Variant &value)
+{
+    const Date *date = value.getIf<Date>();
+    setText(date != nullptr ? toQt(typedDateText(*date, m_format)) : QString());
+    m_isTyped = false;
+    complain({});
+}
+
+void DateEdit::commit()
+{
+    if (!m_isTyped) return;
+    const TypedDate typed = readTypedDate(fromQt(text()), context());
+    if (typed.date) return take(*typed.date);
+    if (typed.isEmpty()) return take(Null{});
+    m_isTyped = false;
+    complain(typed.complaint);
+    m_value = Null{};
+    if (onEdited) onEdited(m_value);
+}
+
+void DateEdit::take(const Variant &value)
+{
+    const bool isNew = !(m_value == value);
+    setValue(value);
+    if (isNew && onEdited) onEdited(m_value);
+}
+
+/// Tells of a text that cannot be read by colour, by a sign, in words at the box and to a screen reader.
+void DateEdit::complain(const std::string &sentence)
+{
+    if (sentence == m_complaint) return;
+    m_complaint = sentence;
+    const QString words = toQt(sentence);
+    markUnreadable(*this, !sentence.empty());
+    m_warning->setVisible(!sentence.empty());
+    setToolTip(words);
+    setAccessibleDescription(words);
+    if (!sentence.empty() && isVisible()) QToolTip::showText(mapToGlobal(QPoint(0, height())), words, this);
+}
+
+DateContext DateEdit::context() const
+{
+    const bool hasDay = m_format.find('d') != std::string::npos;
+    return {m_today(), hasDay ? DateGrain::day : DateGrain::month};
+}
+
+DatePartPlace DateEdit::placeAtCursor(Date date) const
+{
+    return partAt(date, m_format, static_cast<std::size_t>(text().left(cursorPosition()).toUtf8().size()));
+}
+
+void DateEdit::keyPressEvent(QKeyEvent *event)
+{
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool isUp = event->key() == Qt::Key_Up || event->key() == Qt::Key_PageUp;
+    switch (event->key()) {
+    case Qt::Key_Down:
+        if (event->modifiers() == Qt::AltModifier) return openCalendar();
+        [[fallthrough]];
+    case Qt::Key_Up:
+        if (!isPlain) break;
+        return stepAtCursor(isUp ? 1 : -1);
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        if (!isPlain) break;
+        // As in a calendar: page up is the month before.
+        return step(DatePart::month, isUp ? -1 : 1);
+    case Qt::Key_Semicolon:
+        if (event->modifiers() != Qt::ControlModifier) break;
+        return goToToday();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return commit();
+    default:
+        break;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void DateEdit::stepAtCursor(int by)
+{
+    commit();
+    const Date *date = m_value.getIf<Date>();
+    step(date != nullptr ? placeAtCursor(*date).part : DatePart::day, by);
+}
+
+/// Steps and marks the part that was stepped. An empty box begins with today; an unreadable one is left to its typist.
+void DateEdit::step(DatePart part, int by)
+{
+    commit();
+    if (!m_complaint.empty()) return;
+    const Date *date = m_value.getIf<Date>();
+    if (date == nullptr) return goToToday();
+    const Date moved = stepped(*date, part, by);
+    take(moved);
+    const std::string shown = fromQt(text());
+    for (std::size_t position = 0; position < shown.size(); ++position) {
+        const DatePartPlace place = partAt(moved, m_format, position);
+        if (place.part != part || shown.substr(place.begin, place.end - place.begin).find_first_of("0123456789") != 0)
+            continue;
+        const int begin = lettersOf(shown, place.begin);
+        return setSelection(begin, lettersOf(shown, place.end) - begin);
+    }
+}
+
+void DateEdit::goToToday()
+{
+    Date today = dayOf(m_today());
+    if (context().grain == DateGrain::month) today = Date(today.days() - Day(today) + 1);
+    take(today);
+}
+
+void DateEdit::openCalendar()
+{
+    if (isReadOnly() || !isEnabled()) return;
+    commit();
+    const Date *date = m_value.getIf<Date>();
+    auto *calendar = new CalendarPopup(date != nullptr ? *date : m_today(), this); // deletes itself when it is closed
+    calendar->onChosen = [this](Date chosen) {
+        take(chosen);
+        selectAll();
+    };
+    calendar->openBelow(*this);
+}
+
+void DateEdit::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) selectAll();
+}
+
+void DateEdit::focusOutEvent(QFocusEvent *event)
+{
+    // Another program's window in front, or this box's own menu, does not end the typing.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) commit();
+    QLineEdit::focusOutEvent(event);
+}
+
+QSize DateEdit::sizeHint() const
+{
+    const QSize usual = QLineEdit::sizeHint();
+    constexpr int kMargins = 12;
+    // The widest date and both signs.
+    const int text = fontMetrics().horizontalAdvance(toQt(typedDateText(dateOf({2026, 12, 28}), m_format)));
+    return {text + 2 * (usual.height() - 4) + kMargins, usual.height()};
+}
+
+} // namespace inin

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "adapters/qt/era_date_text.h"
+#include "runtime/variant.h"
+
+#include <QLineEdit>
+
+#include <functional>
+#include <string>
+
+class QAction;
+
+namespace inin {
+
+/// A box for a date that takes whatever a person types and shows it with its era. Up and down step the part under the
+/// cursor, page up and page down the month, Ctrl+; is today, Alt+Down opens a calendar. Empty is Null. What cannot be read
+/// stays in the box, marked and with a sentence, and counts as Null.
+class DateEdit : public QLineEdit {
+public:
+    DateEdit(std::string format, std::function<Date()> today, QWidget *parent);
+
+    /// Shows a value that came from outside the box.
+    void setValue(const Variant &value);
+    [[nodiscard]] const Variant &value() const { return m_value; }
+    /// Reads what was typed. It runs when the box is left, on the return key, and before a command of the window.
+    void commit();
+    /// The sentence about a text that cannot be read, empty when there is none.
+    [[nodiscard]] const std::string &complaint() const { return m_complaint; }
+    void openCalendar();
+
+    /// Each change by hand.
+    std::function<void(const Variant &value)> onEdited;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    void take(const Variant &value);
+    void show(const Variant &value);
+    void complain(const std::string &sentence);
+    void step(DatePart part, int by);
+    void stepAtCursor(int by);
+    void goToToday();
+    [[nodiscard]] DateContext context() const;
+    [[nodiscard]] DatePartPlace placeAtCursor(Date date) const;
+
+    std::string m_format;
+    std::function<Date()> m_today;
+    Variant m_value = Null{};
+    std::string m_complaint;
+    QAction *m_warning = nullptr; ///< owned by the box
+    bool m_isTyped = false;       ///< something was typed that has not been read yet
+};
+
+} // namespace inin

@@ -1,0 +1,62 @@
+#include "adapters/qt/form_menu.h"
+
+#include "adapters/qt/keys.h"
+#include "adapters/qt/qt_text.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+
+#include <map>
+
+namespace inin {
+
+namespace {
+
+void refresh(const MenuEntry &entry, QAction &action)
+{
+    const QString caption = toQt(entry.Caption);
+    const QString key = keyText(entry.Shortcut);
+    action.setSeparator(caption == QLatin1String("-"));
+    action.setText(key.isEmpty() ? caption : caption + '\t' + key);
+    action.setEnabled(entry.Enabled);
+    action.setVisible(entry.Visible);
+}
+
+QAction *makeAction(MenuEntry &entry, QMenuBar &bar, std::map<const Control *, QMenu *> &menus,
+                    const ViewServices &services)
+{
+    const auto menu = menus.find(entry.Container);
+    // An entry that stands in no menu and does something stands in the bar itself.
+    if (menu == menus.end() && !entry.onClick) {
+        QMenu *top = bar.addMenu(QString());
+        menus[&entry] = top;
+        return top->menuAction();
+    }
+    QAction *action = menu == menus.end() ? bar.addAction(QString()) : menu->second->addAction(QString());
+    QObject::connect(action, &QAction::triggered, action, [&entry, &services] { services.edge.run(entry.onClick); });
+    return action;
+}
+
+} // namespace
+
+QMenuBar *makeFormMenu(Form &form, const ViewServices &services, QWidget *parent)
+{
+    QMenuBar *bar = nullptr;
+    std::map<const Control *, QMenu *> menus;
+    for (Control *control : form.controls()) {
+        auto *entry = dynamic_cast<MenuEntry *>(control);
+        if (entry == nullptr) continue;
+        if (bar == nullptr) bar = new QMenuBar(parent);
+        QAction *action = makeAction(*entry, *bar, menus, services);
+        action->setObjectName(toQt(entry->name()));
+        const auto show = [entry, guard = QPointer<QAction>(action)] {
+            if (guard) refresh(*entry, *guard);
+        };
+        show();
+        entry->watch(show);
+    }
+    return bar;
+}
+
+} // namespace inin

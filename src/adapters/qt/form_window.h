@@ -1,0 +1,65 @@
+#pragma once
+
+#include "adapters/qt/control_mirror.h"
+#include "adapters/qt/view_services.h"
+#include "platform/form.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace inin {
+
+/// A form on the screen. It mirrors the form's attributes and raises its events; how the controls stand is the matter of
+/// the form's view (see view_registry.h). The form must outlive every event, not the window itself.
+class FormWindow : public QWidget {
+public:
+    enum class Opening { centred, maximised };
+    enum class Sizing { fixed, free };
+
+    FormWindow(Form &form, const ViewServices &services, QWidget *owner);
+
+    [[nodiscard]] Form &form() const { return m_form; }
+    /// Where a view lays out the widgets.
+    [[nodiscard]] QWidget &content() { return *m_content; }
+    /// The widget of the control of that name; a view that names a control that the form lacks is a fault of ours.
+    [[nodiscard]] QWidget &widget(const char *controlName) const;
+    template <class T> [[nodiscard]] T &widgetAs(const char *controlName) const
+    {
+        return dynamic_cast<T &>(widget(controlName));
+    }
+    [[nodiscard]] const ControlMirror &mirror() const { return m_mirror; }
+    /// Says how the window comes up; the size is that of its content.
+    void setOpening(Opening opening, Sizing sizing);
+    /// The content's size on a screen that has room for it; without it the smallest size that shows everything.
+    void setPreferredSize(QSize size) { m_preferredSize = size; }
+
+    void open();
+    [[nodiscard]] Control *activeControl() const;
+    void moveFocus(const Control &control);
+    void sendTab();
+    /// The window became the one that a person works in.
+    std::function<void()> onActivated;
+
+protected:
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void orderTabs();
+    void fitToScreen();
+    [[nodiscard]] bool dealKey(QWidget *widget, const QKeyEvent &event);
+
+    Form &m_form;
+    const ViewServices &m_services;
+    QWidget *m_content; ///< owned by the window
+    ControlMirror m_mirror;
+    QSize m_preferredSize;
+    Opening m_opening = Opening::centred;
+    Sizing m_sizing = Sizing::free;
+};
+
+} // namespace inin

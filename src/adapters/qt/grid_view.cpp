@@ -1,0 +1,91 @@
+#include "adapters/qt/grid_view.h"
+
+#include "adapters/qt/grid_model.h"
+#include "platform/grid.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace inin {
+
+namespace {
+constexpr int kCellMargin = 12;
+constexpr int kRowMargin = 8;
+} // namespace
+
+GridView::GridView(Grid &grid, EventEdge &edge, QWidget *parent)
+    : QTableView(parent), m_grid(grid), m_edge(edge), m_model(new GridModel(grid, this))
+{
+    setModel(m_model);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setAlternatingRowColors(true);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    verticalHeader()->hide();
+    // One height for all rows: with 30,000 of them none may be measured.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMargin);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex &index) { raiseDoubleClick(index.row() + 1); });
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this] { raiseDoubleClick(0); });
+}
+
+void GridView::raiseDoubleClick(std::int32_t row)
+{
+    if (m_grid.onDblClick) m_edge.run([&] { m_grid.onDblClick(row); });
+}
+
+void GridView::refresh()
+{
+    if (!m_grid.ReDraw) return;
+    m_isRefreshing = true;
+    if (m_revision != m_grid.revision()) {
+        m_revision = m_grid.revision();
+        m_model->readAnew();
+        showColumns();
+        m_rowInSight = 0;
+    }
+    const int active = m_grid.ActiveRow;
+    if (active == 0)
+        setCurrentIndex({});
+    else if (currentIndex().row() != active - 1)
+        selectRow(active - 1);
+    if (m_grid.RowInSight() != m_rowInSight) {
+        m_rowInSight = m_grid.RowInSight();
+        if (m_rowInSight > 0) scrollTo(m_model->index(m_rowInSight - 1, 1), QAbstractItemView::PositionAtCenter);
+    }
+    m_isRefreshing = false;
+}
+
+void GridView::showColumns()
+{
+    const int letter = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (int column = 0; column < m_grid.ColumnCount(); ++column) {
+        const int width = m_grid.columns()[static_cast<std::size_t>(column)].width;
+        setColumnHidden(column, width == 0);
+        if (width > 0) setColumnWidth(column, width * letter + kCellMargin);
+    }
+}
+
+void GridView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (m_isRefreshing || !current.isValid()) return;
+    m_edge.run([&] { m_grid.ActiveRow = current.row() + 1; });
+}
+
+/// Home and End walk the rows: there is nothing to walk along a row that is chosen whole.
+void GridView::keyPressEvent(QKeyEvent *event)
+{
+    const int last = m_model->rowCount() - 1;
+    if (last >= 0 && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End))
+        return selectRow(event->key() == Qt::Key_Home ? 0 : last);
+    QTableView::keyPressEvent(event);
+}
+
+} // namespace inin

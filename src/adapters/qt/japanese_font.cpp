@@ -1,0 +1,60 @@
+#include "adapters/qt/japanese_font.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace inin {
+
+namespace {
+
+/// Fonts with even strokes, which small sizes need, the clearest on a screen first.
+constexpr const char *kGoodFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI",
+                                      "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
+/// What the screen is drawn for, and the smallest at which the strokes of 﨑 or 療 stay apart.
+constexpr double kPointSize = 9.75;
+
+} // namespace
+
+NoJapaneseFont::NoJapaneseFont()
+    // In English too, for without the letters nobody can read the Japanese.
+    : std::runtime_error("No Japanese font is installed. Please install the package fonts-ipaexfont.\n"
+                         "日本語フォントがありません。パッケージ fonts-ipaexfont をインストールしてください。")
+{
+}
+
+FontReading::FontReading()
+    : m_hasJapanese(std::async(std::launch::async, [] {
+          // The toolkit guards its list of fonts by a lock of its own; the first question reads all of them.
+          return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
+      }))
+{
+}
+
+void FontReading::finish()
+{
+    if (!m_hasJapanese.valid()) return;
+    if (!m_hasJapanese.get()) throw NoJapaneseFont();
+    QApplication::setFont(japaneseFont(QApplication::font()));
+}
+
+QFont japaneseFont(const QFont &desktop)
+{
+    QFont font = desktop;
+    font.setPointSizeF(std::max(desktop.pointSizeF(), kPointSize));
+    const QString family = QFontInfo(desktop).family();
+    if (QFontDatabase::writingSystems(family).contains(QFontDatabase::Japanese)) return font;
+    const QStringList japanese = QFontDatabase::families(QFontDatabase::Japanese);
+    for (const char *good : kGoodFonts)
+        if (japanese.contains(QLatin1String(good))) {
+            font.setFamilies({QLatin1String(good)});
+            return font;
+        }
+    if (!japanese.isEmpty()) font.setFamilies({japanese.front()});
+    return font;
+}
+
+} // namespace inin

@@ -1,0 +1,79 @@
+#include "adapters/qt/number_edit.h"
+
+#include "adapters/qt/qt_text.h"
+#include "runtime/format.h"
+
+#include <QValidator>
+
+#include <limits>
+
+namespace inin {
+
+namespace {
+
+constexpr char16_t kFullWidthZero = u'０';
+constexpr char16_t kFullWidthNine = u'９';
+
+/// Turns full-width digits into digits and refuses everything else, so that the box never holds another character.
+class DigitsOnly : public QValidator {
+public:
+    DigitsOnly(const NumberEdit::Limits &limits, QObject *parent)
+        : QValidator(parent), m_most(limits.most.value_or(std::numeric_limits<std::int32_t>::max())),
+          m_least(limits.least.value_or(0))
+    {
+    }
+
+    State validate(QString &text, int &) const override
+    {
+        for (QChar &letter : text) {
+            const char16_t code = letter.unicode();
+            if (code >= kFullWidthZero && code <= kFullWidthNine) letter = QChar(u'0' + code - kFullWidthZero);
+            if (letter < u'0' || letter > u'9') return Invalid;
+        }
+        if (text.isEmpty()) return Acceptable;
+        bool fits = false;
+        const int number = text.toInt(&fits);
+        if (!fits || number > m_most) return Invalid;
+        // Fewer digits than the least number has may still grow.
+        return number < m_least ? Intermediate : Acceptable;
+    }
+
+private:
+    int m_most;
+    int m_least;
+};
+
+} // namespace
+
+NumberEdit::NumberEdit(const Limits &limits, std::string format, QWidget *parent)
+    : QLineEdit(parent), m_format(std::move(format))
+{
+    setValidator(new DigitsOnly(limits, this)); // owned by the box
+    setInputMethodHints(Qt::ImhDigitsOnly);
+    setAlignment(Qt::AlignRight);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString &text) { takeText(text); });
+}
+
+void NumberEdit::setValue(const Variant &value)
+{
+    m_value = value;
+    const Variant shown = Format(value, m_format, {});
+    const auto *text = shown.getIf<std::string>();
+    setText(text != nullptr ? toQt(*text) : QString());
+}
+
+void NumberEdit::focusOutEvent(QFocusEvent *event)
+{
+    // A number below the least one cannot stay: the last good one comes back.
+    if (!hasAcceptableInput()) setValue(m_value);
+    QLineEdit::focusOutEvent(event);
+}
+
+void NumberEdit::takeText(const QString &text)
+{
+    if (!hasAcceptableInput()) return;
+    m_value = text.isEmpty() ? Variant(Null{}) : Variant(std::int32_t{text.toInt()});
+    if (onEdited) onEdited(m_value);
+}
+
+} // namespace inin

@@ -1,0 +1,37 @@
+#include "adapters/qt/open_list.h"
+
+#include "adapters/qt/qt_text.h"
+
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace inin {
+
+OpenList::OpenList(QWidget *parent) : QListWidget(parent)
+{
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setUniformItemSizes(true); // a folder may hold thousands
+}
+
+void OpenList::refresh(const ListBox &list)
+{
+    const QSignalBlocker quiet(this);
+    // A list only grows, or begins anew.
+    if (count() > list.ListCount()) clear();
+    for (int index = count(); index < list.ListCount(); ++index) {
+        addItem(toQt(list.items()[static_cast<std::size_t>(index)].text));
+        if (m_dress) m_dress(*item(index), list, index);
+    }
+    if (currentRow() == list.ListIndex) return;
+    setCurrentRow(list.ListIndex);
+    if (QListWidgetItem *chosen = currentItem()) scrollToItem(chosen);
+}
+
+void OpenList::setDress(const ListBox &list, std::function<void(QListWidgetItem &, const ListBox &, int)> dress)
+{
+    m_dress = std::move(dress);
+    for (int index = 0; index < count(); ++index) m_dress(*item(index), list, index);
+}
+
+} // namespace inin

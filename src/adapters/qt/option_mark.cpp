@@ -1,0 +1,40 @@
+#include "adapters/qt/option_mark.h"
+
+#include <QKeyEvent>
+
+namespace inin {
+
+OptionMark::OptionMark(QWidget *parent) : QRadioButton(parent)
+{
+    setAutoExclusive(false);
+}
+
+void OptionMark::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+        return walk(-1);
+    case Qt::Key_Down:
+    case Qt::Key_Right:
+        return walk(1);
+    default:
+        return QRadioButton::keyPressEvent(event);
+    }
+}
+
+void OptionMark::walk(int step)
+{
+    QList<OptionMark *> usable;
+    for (QObject *sibling : parentWidget()->children())
+        if (auto *option = dynamic_cast<OptionMark *>(sibling);
+            option != nullptr && option->isVisible() && option->isEnabled())
+            usable.append(option);
+    const auto own = usable.indexOf(this);
+    if (own < 0 || usable.size() < 2) return;
+    OptionMark *next = usable.at((own + step + usable.size()) % usable.size());
+    next->setFocus(Qt::TabFocusReason);
+    next->click();
+}
+
+} // namespace inin

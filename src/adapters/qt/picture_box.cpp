@@ -1,0 +1,44 @@
+#include "adapters/qt/picture_box.h"
+
+#include <QPainter>
+#include <QTimer>
+
+namespace inin {
+
+namespace {
+/// Milliseconds. Smoothing a wallpaper takes long, and the next window of a start is not to wait for it.
+constexpr int kSettled = 150;
+} // namespace
+
+void PictureBox::setPicture(const QPixmap &picture)
+{
+    m_picture = picture;
+    m_smooth = {};
+    update();
+}
+
+QSize PictureBox::devicePixels() const
+{
+    return size() * devicePixelRatio();
+}
+
+void PictureBox::paintEvent(QPaintEvent *)
+{
+    if (m_picture.isNull()) return;
+    const bool isSmooth = m_smooth.size() == devicePixels();
+    QPainter(this).drawPixmap(rect(), isSmooth ? m_smooth : m_picture);
+    if (!isSmooth) smoothLater();
+}
+
+void PictureBox::smoothLater()
+{
+    if (m_isPlanned) return;
+    m_isPlanned = true;
+    QTimer::singleShot(kSettled, this, [this] {
+        m_isPlanned = false;
+        m_smooth = m_picture.scaled(devicePixels(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        update();
+    });
+}
+
+} // namespace inin

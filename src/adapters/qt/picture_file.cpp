@@ -1,0 +1,28 @@
+#include "adapters/qt/picture_file.h"
+
+#include "adapters/qt/qt_text.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QPixmapCache>
+
+namespace inin {
+
+namespace {
+/// Kilobytes: room for one wallpaper of a large screen, which is checked first and shown then.
+constexpr int kRoom = 64 * 1024;
+} // namespace
+
+QPixmap pictureOf(const std::string &systemPath)
+{
+    QPixmapCache::setCacheLimit(kRoom);
+    const QString name = toQt(systemPath);
+    // Another picture of the same name is another picture.
+    const QString key = name + QString::number(QFileInfo(name).lastModified().toMSecsSinceEpoch());
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture)) return picture;
+    if (picture.load(name)) QPixmapCache::insert(key, picture);
+    return picture;
+}
+
+} // namespace inin

@@ -1,0 +1,27 @@
+#include "adapters/qt/pointer_shape.h"
+
+#include "platform/form.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+
+namespace inin {
+
+void setPointerShape(std::int16_t kind)
+{
+    // The toolkit stacks the shapes; the program's pointer is only the one or the other.
+    while (QGuiApplication::overrideCursor() != nullptr) QGuiApplication::restoreOverrideCursor();
+    if (kind == kPointerHourglass) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+UsualPointer::UsualPointer() : m_wasBusy(QGuiApplication::overrideCursor() != nullptr)
+{
+    setPointerShape(kPointerDefault);
+}
+
+UsualPointer::~UsualPointer()
+{
+    if (m_wasBusy) setPointerShape(kPointerHourglass);
+}
+
+} // namespace inin

@@ -1,0 +1,168 @@
+#include "adapters/qt/form_window.h"
+#include "adapters/qt/grid_places.h"
+#include "adapters/qt/icons.h"
+#include "adapters/qt/units.h"
+#include "adapters/qt/view_registry.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace inin {
+
+namespace {
+
+/// The frames stand under one another; twips.
+struct FramePlace {
+    const char *frame;
+    int top;
+    int height;
+};
+constexpr FramePlace kFrames[] = {
+    {"Frame3", 120, 1495}, {"frmObject", 1720, 1515}, {"fraJisseki(1)", 3280, 2985},
+    {"Frame2", 6310, 735}, {"Frame1", 7120, 1695},    {"Frame4", 8940, 855},
+};
+constexpr int kFrameLeft = 120;
+constexpr int kFrameWidth = 6795;
+constexpr int kClientWidth = 7020;
+constexpr int kClientHeight = 11025;
+constexpr int kBarTop = 9990;
+constexpr int kBarHeight = 1035;
+constexpr int kCommandWidth = 1455;
+constexpr int kCommandHeight = 735;
+constexpr int kIcon = 24; // pixels, as the following
+constexpr int kCommandMargin = 16;
+
+constexpr GridPlace kPlaces[] = {
+    {"optPrint(0)", 0, 0},
+    {"optPrint(1)", 1, 0},
+    {"optPrint(2)", 2, 0},
+    {"optObject(0)", 0, 0},
+    {"optObject(1)", 1, 0},
+    {"optObject(2)", 2, 0},
+    {"Label1", 0, 0},
+    {"btn_StaffSelect", 0, 1, 1, "施術者を検索"},
+    {"imNum_StaffNo", 0, 2, 1, "施術者の番号"},
+    {"cbSejyutsu", 0, 3, 1, "施術者"},
+    {"chkChushi", 1, 1, 3},
+    {"Label7", 2, 0},
+    {"btn_KanjaSelect", 2, 1, 1, "出力利用者を検索"},
+    {"imNum_CD", 2, 2, 1, "出力利用者の番号"},
+    {"lbl_SelKanja", 2, 3, 1, "出力利用者の氏名"},
+    {"chkExpireDay", 3, 1, 3},
+    {"optTgtDate(0)", 4, 0},
+    {"imD_Out", 4, 1, 2, "対象月"},
+    {"optTgtDate(1)", 5, 0},
+    {"imD_LastDay", 5, 1, 2, "最終施術日"},
+    {"optTgtDate(2)", 5, 3},
+    {"Label5", 6, 0},
+    {"cmbHoken", 6, 1, 2, "保険種別"},
+    {"optTrust(0)", 0, 0},
+    {"optTrust(1)", 0, 1},
+    {"optDspPeriod(0)", 0, 0, 4},
+    {"optDspPeriod(1)", 1, 0, 4},
+    {"imSetDateFrom", 2, 0, 1, "委任期間の開始日"},
+    {"lbl001(0)", 2, 1},
+    {"imSetDateTo", 2, 2, 1, "委任期間の終了日"},
+    {"lbl001(1)", 2, 3},
+    {"iTPeriodMonth", 3, 0},
+    {"inPeriodFrom", 3, 1, 1, "開始の日"},
+    {"Label4", 3, 2},
+    {"Label2", 3, 3},
+    {"inPeriodTo", 3, 4, 1, "終了の日"},
+    {"Label3", 3, 5},
+    {"optSyomei(0)", 0, 0},
+    {"optSyomei(1)", 0, 1},
+    {"imSyomei", 0, 2, 1, "署名日"},
+    {"btnPrint(0)", 0, 1},
+    {"btnPrint(1)", 0, 2},
+    {"btnPrint(6)", 0, 3},
+};
+
+/// The column of a grid that takes what is left, so that all others stand at the left.
+struct FreeColumn {
+    const char *frame;
+    int column;
+};
+constexpr FreeColumn kFreeColumns[] = {{"fraJisseki(1)", 3}, {"Frame2", 2}, {"Frame1", 4}, {"Frame4", 3}};
+
+void dressFilters(FormWindow &window)
+{
+    constexpr int kSearchMargin = 30;
+    constexpr int kDayWidth = 56;
+    for (const char *search : {"btn_StaffSelect", "btn_KanjaSelect"}) {
+        auto &button = window.widgetAs<QPushButton>(search);
+        button.setFixedWidth(button.fontMetrics().horizontalAdvance(button.text()) + kSearchMargin);
+    }
+    for (const char *day : {"inPeriodFrom", "inPeriodTo"}) window.widget(day).setFixedWidth(kDayWidth);
+    auto &name = window.widgetAs<QLabel>("lbl_SelKanja");
+    name.setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    name.setMinimumHeight(window.widget("imNum_CD").sizeHint().height());
+    window.widgetAs<QLabel>("iTPeriodMonth").setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    // A long name must not widen the window.
+    for (const char *list : {"cbSejyutsu", "cmbHoken"}) {
+        auto &combo = window.widgetAs<QComboBox>(list);
+        combo.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        combo.setMinimumContentsLength(8);
+    }
+    name.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void dressCommands(FormWindow &window)
+{
+    struct Command {
+        const char *button;
+        QIcon (*icon)(const QPalette &);
+    };
+    constexpr Command kCommands[] = {
+        {"btnPrint(0)", printIcon}, {"btnPrint(1)", previewIcon}, {"btnPrint(6)", backIcon}};
+    for (const Command &command : kCommands) {
+        auto &button = window.widgetAs<QPushButton>(command.button);
+        button.setIcon(command.icon(button.palette()));
+        button.setIconSize({kIcon, kIcon});
+        // A larger font widens the button rather than losing letters.
+        const int text = button.fontMetrics().horizontalAdvance(button.text()) + kIcon + kCommandMargin;
+        button.setFixedSize(std::max(pixels(kCommandWidth), text), pixels(kCommandHeight));
+    }
+    QGridLayout &bar = gridOfFrame(window, "Picture1");
+    bar.setColumnStretch(0, 1);
+    bar.setColumnStretch(4, 1);
+    bar.setHorizontalSpacing(16);
+}
+
+/// Places the frames at their tops. A font that is larger than the screen was drawn for makes a frame higher, and moves
+/// what stands below it down: no text is ever cut.
+void stackFrames(FormWindow &window)
+{
+    int moved = 0;
+    int wider = 0;
+    for (const FramePlace &place : kFrames)
+        wider = std::max(wider, window.widget(place.frame).minimumSizeHint().width() - pixels(kFrameWidth));
+    for (const FramePlace &place : kFrames) {
+        QWidget &frame = window.widget(place.frame);
+        const int height = std::max(pixels(place.height), frame.minimumSizeHint().height());
+        frame.setGeometry(pixels(kFrameLeft), pixels(place.top) + moved, pixels(kFrameWidth) + wider, height);
+        moved += height - pixels(place.height);
+    }
+    window.widget("Picture1").setGeometry(0, pixels(kBarTop) + moved, pixels(kClientWidth) + wider, pixels(kBarHeight));
+    window.content().setMinimumSize(pixels(kClientWidth) + wider, pixels(kClientHeight) + moved);
+}
+
+} // namespace
+
+void layOutPrintInin(FormWindow &window)
+{
+    window.setOpening(FormWindow::Opening::centred, FormWindow::Sizing::fixed);
+    placeInGrids(window, kPlaces);
+    for (const FreeColumn &free : kFreeColumns) gridOfFrame(window, free.frame).setColumnStretch(free.column, 1);
+    dressFilters(window);
+    dressCommands(window);
+    stackFrames(window);
+}
+
+} // namespace inin

@@ -1,0 +1,45 @@
+#include "adapters/qt/qt_message_boxes.h"
+
+#include "adapters/qt/pointer_shape.h"
+#include "adapters/qt/qt_text.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace inin {
+
+namespace {
+
+QMessageBox::Icon boxIcon(Icon icon)
+{
+    switch (icon) {
+    case Icon::critical:
+        return QMessageBox::Critical;
+    case Icon::exclamation:
+        return QMessageBox::Warning;
+    case Icon::information:
+        return QMessageBox::Information;
+    case Icon::none:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+void QtMessageBoxes::show(const std::string &text, Icon icon, const std::string &title)
+{
+    if (m_beforeText) m_beforeText();
+    const UsualPointer pointer;
+    QMessageBox box(QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText); // a text may hold what looks like markup
+    box.setText(toQt(text).replace("\r\n", "\n").replace('\r', '\n'));
+    box.setIcon(boxIcon(icon));
+    box.setWindowTitle(toQt(title.empty() ? std::string(kApplicationTitle) : title));
+    box.setStandardButtons(QMessageBox::Ok);
+    box.setWindowModality(Qt::ApplicationModal);
+    box.exec();
+    m_edge.throwKept();
+}
+
+} // namespace inin

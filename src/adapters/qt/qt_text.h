@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+inline QString toQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// For an attribute of a control, and for a literal.
+inline QString toQt(const std::string &text)
+{
+    return QString::fromStdString(text);
+}
+inline QString toQt(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+inline std::string fromQt(const QString &text)
+{
+    return text.toStdString();
+}
+
+} // namespace inin

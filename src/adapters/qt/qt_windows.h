@@ -1,0 +1,46 @@
+#pragma once
+
+#include "adapters/qt/view_services.h"
+#include "platform/files.h"
+#include "platform/windows.h"
+
+#include <memory>
+#include <vector>
+
+namespace inin {
+
+class FormWindow;
+
+/// The window system with real windows. A modal form runs a loop of its own until it is unloaded.
+class QtWindows : public Windows {
+public:
+    QtWindows(Files &files, ViewServices services);
+    ~QtWindows() override;
+
+    void show(Form &form, Modality modality) override;
+    void checkPicture(const std::string &path) override;
+    void beep() override;
+    void giveTime() override;
+    void moveFocus(Form &form, Control &control) override;
+    void sendTab(Form &form) override;
+    [[nodiscard]] Control *activeControl(Form &form) override;
+
+    /// The window of a form that is shown, nullptr for none.
+    [[nodiscard]] FormWindow *windowOf(const Form &form) const;
+    /// The window that is shown on top of the others, nullptr for none.
+    [[nodiscard]] FormWindow *topWindow() const;
+
+private:
+    void listenToPointer(Form &form);
+    FormWindow &open(Form &form, Modality modality);
+    void runUntilUnloaded(Form &form);
+    void activate(FormWindow &window);
+    void remove(const FormWindow &window);
+
+    Files &m_files;
+    ViewServices m_services;
+    std::vector<std::unique_ptr<FormWindow>> m_windows; ///< the last one is on top
+    const FormWindow *m_active = nullptr;
+};
+
+} // namespace inin

@@ -1,0 +1,141 @@
+#include "adapters/qt/form_window.h"
+#include "adapters/qt/grid_places.h"
+#include "adapters/qt/icons.h"
+#include "adapters/qt/qt_text.h"
+#include "adapters/qt/view_registry.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <span>
+
+namespace inin {
+
+namespace {
+
+/// A box of the conditions with its control's caption as a label in front of it.
+struct ConditionPlace {
+    const char *control;
+    int row;
+    int column; ///< of the label; the box stands behind it
+    int width;  ///< in letters
+};
+constexpr ConditionPlace kCommonConditions[] = {
+    {"in_SiboriID", 0, 0, 10},
+    {"txt_SiboriName", 0, 2, 16},
+    {"txt_SiboriKana", 0, 4, 16},
+};
+constexpr ConditionPlace kPatientConditions[] = {{"imNum_StaffNo", 1, 0, 10}};
+constexpr GridPlace kPatientPlaces[] = {
+    {"cbo_Sejutusha", 1, 2, 2, "担当の施術者"},
+    {"btn_StaffSelect", 1, 4, 1, "施術者を検索"},
+    {"chkEndKanja", 2, 1, 5},
+};
+constexpr GridPlace kStaffPlaces[] = {{"chkEndSejutsuha", 1, 1, 5}};
+
+constexpr int kMargin = 10;
+constexpr int kGap = 8;
+constexpr int kCommandWidth = 110;
+constexpr int kCommandHeight = 36;
+constexpr int kConditionColumns = 6;
+
+/// The parts of a search window from the top.
+struct SearchLayout {
+    QGridLayout *conditions;
+    QVBoxLayout *window;
+};
+
+void placeConditions(FormWindow &window, QGridLayout &grid, std::span<const ConditionPlace> places)
+{
+    for (const ConditionPlace &place : places) {
+        QWidget &box = window.widget(place.control);
+        const QString words = toQt(window.form().find(place.control)->Caption);
+        auto *label = new QLabel(words, &window.content());
+        label->setBuddy(&box);
+        box.setAccessibleName(words);
+        box.setMinimumWidth(place.width * box.fontMetrics().horizontalAdvance('0'));
+        grid.addWidget(label, place.row, place.column);
+        grid.addWidget(&box, place.row, place.column + 1);
+    }
+}
+
+void placeWidgets(FormWindow &window, QGridLayout &grid, std::span<const GridPlace> places)
+{
+    for (const GridPlace &place : places) {
+        QWidget &widget = window.widget(place.control);
+        grid.addWidget(&widget, place.row, place.column, 1, place.columns);
+        if (place.spoken != nullptr) widget.setAccessibleName(toQt(place.spoken));
+    }
+}
+
+QHBoxLayout *commandRow(FormWindow &window)
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    row->addWidget(&window.widget("StatusBar1"), 1);
+    for (const char *command : {"but_Act(0)", "but_Act(1)"}) {
+        window.widget(command).setFixedSize(kCommandWidth, kCommandHeight);
+        row->addWidget(&window.widget(command));
+    }
+    window.widgetAs<QPushButton>("but_Act(1)").setIcon(backIcon(window.palette()));
+    return row;
+}
+
+SearchLayout layOutCommon(FormWindow &window)
+{
+    window.setOpening(FormWindow::Opening::centred, FormWindow::Sizing::free);
+    auto *all = new QVBoxLayout(&window.content()); // owned by the content, as all that is put into it
+    all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    all->setSpacing(kGap);
+    auto *conditions = new QGridLayout;
+    conditions->setHorizontalSpacing(kGap);
+    conditions->setVerticalSpacing(kGap);
+    conditions->setColumnStretch(kConditionColumns, 1);
+    all->addLayout(conditions);
+    placeConditions(window, *conditions, kCommonConditions);
+    conditions->addWidget(&window.widget("but_Read"), 0, kConditionColumns + 1);
+    window.widget("but_Read").setMinimumSize(kCommandWidth, kCommandHeight);
+    all->addWidget(&window.widget("spr_1ran"), 1);
+    window.widget("spr_1ran").setAccessibleName(QObject::tr("一覧"));
+    return {conditions, all};
+}
+
+/// The kinds of treatment stand in one row behind the staff.
+void placeKinds(FormWindow &window, QGridLayout &grid)
+{
+    auto *kinds = new QHBoxLayout;
+    kinds->setSpacing(kGap);
+    for (const char *kind : {"opt_SejutsuKubun(0)", "opt_SejutsuKubun(1)", "opt_SejutsuKubun(2)"})
+        kinds->addWidget(&window.widget(kind));
+    kinds->addStretch(1);
+    grid.addLayout(kinds, 1, kConditionColumns - 1, 1, 3);
+}
+
+} // namespace
+
+void layOutPatientSearch(FormWindow &window)
+{
+    const SearchLayout layout = layOutCommon(window);
+    placeConditions(window, *layout.conditions, kPatientConditions);
+    placeWidgets(window, *layout.conditions, kPatientPlaces);
+    placeKinds(window, *layout.conditions);
+    auto &info = window.widgetAs<QLabel>("lbl_1ranInf");
+    info.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    layout.window->addWidget(&info);
+    layout.window->addLayout(commandRow(window));
+    window.setPreferredSize({1120, 640});
+}
+
+void layOutStaffSearch(FormWindow &window)
+{
+    const SearchLayout layout = layOutCommon(window);
+    placeWidgets(window, *layout.conditions, kStaffPlaces);
+    layout.window->addLayout(commandRow(window));
+    window.setPreferredSize({860, 520});
+}
+
+} // namespace inin

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+
+namespace inin {
+
+/// The forms count in twips; a logical pixel of the toolkit, which scales with the desktop, is 15 of them.
+inline constexpr int kTwipsPerPixel = 15;
+
+[[nodiscard]] inline constexpr int pixels(std::int32_t twips)
+{
+    return twips / kTwipsPerPixel;
+}
+[[nodiscard]] inline constexpr std::int32_t twips(int pixels)
+{
+    return pixels * kTwipsPerPixel;
+}
+
+} // namespace inin

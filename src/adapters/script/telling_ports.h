@@ -1,0 +1,55 @@
+#pragma once
+
+#include "adapters/script/transcript.h"
+#include "platform/message_boxes.h"
+#include "platform/processes.h"
+#include "platform/windows.h"
+
+namespace inin {
+
+// Ports that pass everything on to other ones and tell of it in a transcript, in the words of a played script. With them
+// the desktop program leaves the same trail as a play.
+
+class TellingBoxes : public MessageBoxes {
+public:
+    TellingBoxes(Transcript &transcript, MessageBoxes &inner) : m_transcript(transcript), m_inner(inner) {}
+    void show(const std::string &text, Icon icon, const std::string &title) override;
+
+private:
+    Transcript &m_transcript;
+    MessageBoxes &m_inner;
+};
+
+class TellingProcesses : public Processes {
+public:
+    TellingProcesses(Transcript &transcript, Processes &inner) : m_transcript(transcript), m_inner(inner) {}
+    void start(const std::string &commandLine, WindowStyle style) override;
+    void openAddress(const std::string &address) override;
+    [[nodiscard]] std::optional<std::string> computerName(std::size_t capacity) override;
+    [[noreturn]] void end() override;
+
+private:
+    Transcript &m_transcript;
+    Processes &m_inner;
+};
+
+/// A form is told as shown once it is loaded, and as gone at the moment of its unload.
+class TellingWindows : public Windows {
+public:
+    TellingWindows(Transcript &transcript, Windows &inner) : m_transcript(transcript), m_inner(inner) {}
+    void show(Form &form, Modality modality) override;
+    void checkPicture(const std::string &path) override { m_inner.checkPicture(path); }
+    void beep() override;
+    void giveTime() override { m_inner.giveTime(); }
+    void moveFocus(Form &form, Control &control) override { m_inner.moveFocus(form, control); }
+    void sendTab(Form &form) override { m_inner.sendTab(form); }
+    [[nodiscard]] Control *activeControl(Form &form) override { return m_inner.activeControl(form); }
+
+private:
+    void tellShown(const Form &form, bool shown);
+
+    Transcript &m_transcript;
+    Windows &m_inner;
+};
+
+} // namespace inin

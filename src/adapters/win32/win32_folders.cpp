@@ -1,0 +1,118 @@
+#include "adapters/win32/win32_path.h"
+#include "adapters/win32/win32_platform.h"
+#include "adapters/win32/win32_text.h"
+#include "runtime/runtime_error.h"
+
+#include <algorithm>
+
+#include <windows.h>
+
+namespace inin {
+
+namespace {
+
+struct CloseFolderSearch {
+    void operator()(void *search) const { FindClose(search); }
+};
+
+std::int32_t folderErrorNumber(DWORD systemError)
+{
+    switch (systemError) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_DIRECTORY:
+        return error_number::pathNotFound;
+    case ERROR_ACCESS_DENIED:
+        return error_number::pathAccess;
+    default:
+        return error_number::diskNotReady;
+    }
+}
+
+/// The whole path without a separator behind it, but for the root of a drive: "C:" by itself means "C:\".
+std::wstring wholeFolder(const std::string &path)
+{
+    std::wstring given = wideFromUtf8(path);
+    if (given.size() == 2 && given[1] == L':') given += L'\\';
+    std::wstring whole(GetFullPathNameW(given.c_str(), 0, nullptr, nullptr), L'\0');
+    whole.resize(GetFullPathNameW(given.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+    if (whole.empty()) throw RuntimeError(error_number::pathNotFound);
+    while (whole.size() > 3 && whole.back() == L'\\') whole.pop_back();
+    return whole;
+}
+
+/// "C:\" or "\\server\share" with its separator.
+std::wstring driveOf(const std::wstring &folder)
+{
+    if (!folder.starts_with(L"\\\\")) return folder.substr(0, 3);
+    const std::size_t share = folder.find(L'\\', folder.find(L'\\', 2) + 1);
+    return folder.substr(0, share) + L"\\";
+}
+
+std::vector<FolderPlace> placesAbove(const std::wstring &drive, const std::wstring &folder)
+{
+    std::vector<FolderPlace> places{{utf8FromWide(drive), utf8FromWide(drive)}};
+    for (std::size_t at = drive.size(); at < folder.size();) {
+        const std::size_t end = std::min(folder.find(L'\\', at), folder.size());
+        places.push_back({utf8FromWide(folder.substr(at, end - at)), utf8FromWide(folder.substr(0, end))});
+        at = end + 1;
+    }
+    return places;
+}
+
+/// Hidden folders and those of the system stay out of a person's sight.
+std::vector<FolderPlace> placesInside(const std::wstring &folder)
+{
+    const std::wstring start = folder.ends_with(L'\\') ? folder : folder + L"\\";
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(widePath(utf8FromWide(start + L"*")).c_str(), &found);
+    // The root of an empty drive lists nothing, not even itself.
+    if (search == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_NOT_FOUND) return {};
+    if (search == INVALID_HANDLE_VALUE) throw RuntimeError(folderErrorNumber(GetLastError()));
+    const std::unique_ptr<void, CloseFolderSearch> owned(search);
+    std::vector<FolderPlace> places;
+    constexpr DWORD unseen = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    do {
+        const std::wstring name = found.cFileName;
+        const bool folderHere = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (!folderHere || (found.dwFileAttributes & unseen) != 0 || name == L"." || name == L"..") continue;
+        places.push_back({utf8FromWide(name), utf8FromWide(start + name)});
+    } while (FindNextFileW(search, &found) != 0);
+    std::ranges::sort(places, [](const FolderPlace &a, const FolderPlace &b) {
+        return lstrcmpiW(wideFromUtf8(a.name).c_str(), wideFromUtf8(b.name).c_str()) < 0;
+    });
+    return places;
+}
+
+class Win32Folders : public Folders {
+public:
+    std::vector<std::string> drives() override
+    {
+        std::vector<std::string> places;
+        const DWORD present = GetLogicalDrives();
+        for (int letter = 0; letter < 26; ++letter)
+            if ((present >> letter & 1U) != 0)
+                places.push_back(std::string(1, static_cast<char>('A' + letter)) + ":\\");
+        return places;
+    }
+
+    FolderContents open(const std::string &path) override
+    {
+        const std::wstring folder = wholeFolder(path);
+        const std::wstring drive = driveOf(folder);
+        return {utf8FromWide(drive), placesAbove(drive, folder), placesInside(folder)};
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Folders> makeWin32Folders()
+{
+    return std::make_unique<Win32Folders>();
+}
+
+} // namespace inin

@@ -1,0 +1,35 @@
+#include "app/print_inin/desktop.h"
+
+#include "adapters/posix/posix_platform.h"
+#include "app/data_source.h"
+#include "app/suite_database/suite_database.h"
+
+#include <cstdlib>
+
+namespace inin {
+
+namespace {
+
+/// The end statement: nothing of the program runs behind it, no destructor either.
+[[noreturn]] void endAtOnce()
+{
+    std::_Exit(0);
+}
+
+} // namespace
+
+Desktop::Desktop(const std::string &folder)
+    : m_profile(makePosixProfile()), m_files(makePosixFiles(folder)), m_clock(makePosixClock()),
+      m_locale(makePosixLocale()), m_processes(makePosixProcesses(endAtOnce)), m_automation(makeNoAutomation()),
+      m_database(makeSuiteDatabase(dataSourceIn(folder))),
+      m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, posixPath, [this] { m_fonts.finish(); }}),
+      m_boxes(m_edge, [this] { m_fonts.finish(); })
+{
+}
+
+Platform Desktop::platform()
+{
+    return {m_boxes, m_windows, *m_database, *m_profile, *m_files, *m_processes, *m_clock, *m_locale, *m_automation};
+}
+
+} // namespace inin

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "adapters/qt/japanese_font.h"
+#include "adapters/qt/qt_message_boxes.h"
+#include "adapters/qt/qt_windows.h"
+#include "platform/platform.h"
+
+#include <memory>
+#include <string>
+
+namespace inin {
+
+/// The ports of this system with real windows, for a site's folder. What is shown on them throws NoJapaneseFont when its
+/// text could not be read.
+class Desktop {
+public:
+    explicit Desktop(const std::string &folder);
+    [[nodiscard]] Platform platform();
+
+private:
+    FontReading m_fonts;
+    EventEdge m_edge;
+    std::unique_ptr<Profile> m_profile;
+    std::unique_ptr<Files> m_files;
+    std::unique_ptr<Clock> m_clock;
+    std::unique_ptr<Locale> m_locale;
+    std::unique_ptr<Processes> m_processes;
+    std::unique_ptr<Automation> m_automation;
+    std::unique_ptr<Database> m_database;
+    QtWindows m_windows;
+    QtMessageBoxes m_boxes;
+};
+
+} // namespace inin

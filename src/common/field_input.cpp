@@ -1,0 +1,74 @@
+#include "common/field_input.h"
+
+#include "runtime/runtime_error.h"
+
+namespace inin {
+
+namespace {
+constexpr std::size_t kPieceSize = 65536;
+} // namespace
+
+FieldInput::FieldInput(const Platform &platform, const std::string &path)
+    : m_locale(platform.locale), m_file(platform.files.openForInput(path))
+{
+}
+
+std::string FieldInput::next()
+{
+    if (isAtEnd()) throw RuntimeError(error_number::endOfFile);
+    skipBlanks();
+    // The marks are looked for in the bytes: no second half of a double byte is a comma, a quote or a line end.
+    const bool isQuoted = peek() == '"';
+    const std::string bytes = isQuoted ? quotedBytes() : plainBytes();
+    if (isQuoted) skipBlanks();
+    skipSeparator();
+    return m_locale.fromCodePage(bytes);
+}
+
+int FieldInput::peek()
+{
+    if (m_position == m_buffer.size()) {
+        m_buffer = m_file->read(kPieceSize);
+        m_position = 0;
+    }
+    return m_buffer.empty() ? kNoByte : static_cast<unsigned char>(m_buffer[m_position]);
+}
+
+char FieldInput::take()
+{
+    return m_buffer[m_position++];
+}
+
+void FieldInput::skipBlanks()
+{
+    while (peek() == ' ' || peek() == '\t') take();
+}
+
+/// What follows a closing quote without a comma or a line end begins the next field.
+void FieldInput::skipSeparator()
+{
+    const int separator = peek();
+    if (separator != ',' && separator != '\r' && separator != '\n') return;
+    take();
+    if (separator == '\r' && peek() == '\n') take();
+}
+
+std::string FieldInput::plainBytes()
+{
+    std::string bytes;
+    for (int byte = peek(); byte != kNoByte && byte != ',' && byte != '\r' && byte != '\n'; byte = peek())
+        bytes += take();
+    return bytes;
+}
+
+/// A quote that is never closed takes the rest of the file.
+std::string FieldInput::quotedBytes()
+{
+    take();
+    std::string bytes;
+    while (peek() != kNoByte && peek() != '"') bytes += take();
+    if (peek() == '"') take();
+    return bytes;
+}
+
+} // namespace inin

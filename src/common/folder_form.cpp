@@ -1,0 +1,113 @@
+#include "common/folder_form.h"
+
+#include "common/error_text.h"
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+
+#include <initializer_list>
+
+namespace inin {
+
+namespace {
+
+constexpr const char *kWarningTitle = "警告！";
+constexpr std::int16_t kReturn = 13;
+constexpr std::int16_t kF12 = 123;
+constexpr std::int16_t kNoDrive = -1;
+
+} // namespace
+
+frmSelFolder::frmSelFolder(const Platform &platform, Folders &folders)
+    : Form("frmSelFolder"), dilFolder("dilFolder", folders), m_platform(platform), m_folders(folders)
+{
+    Caption = "フォルダの選択";
+    Label1.Caption = "ドライブとフォルダを選択してください。";
+    cmdOK.Caption = "OK";
+    cmdCancel.Caption = "キャンセル";
+    cmdCancel.Cancel = true;
+    drlDrive.onClick = [this] { drlDrive_Change(); };
+    dilFolder.onDblClick = [this] { openFolder(); };
+    dilFolder.onKeyPress = [this](std::int16_t KeyCode) {
+        if (KeyCode == kReturn) openFolder();
+    };
+    cmdOK.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { cmdCancel_Click(); };
+    add(Label1);
+    std::int16_t stop = 0;
+    for (Control *control : std::initializer_list<Control *>{&drlDrive, &dilFolder, &cmdOK, &cmdCancel}) {
+        control->TabIndex = stop++;
+        add(*control);
+    }
+}
+
+/// The lists come up on the current folder, whichever the caller sets then.
+void frmSelFolder::Form_Load()
+{
+    m_isChosen = false;
+    dilFolder.setPath(m_platform.files.currentFolder());
+    fillDrives();
+}
+
+void frmSelFolder::fillDrives()
+{
+    drlDrive.Clear();
+    for (const std::string &drive : m_folders.drives()) drlDrive.AddItem(drive, 0);
+    drlDrive.ListIndex.assignQuietly(indexOfDrive(dilFolder.Drive()));
+}
+
+std::int16_t frmSelFolder::indexOfDrive(const std::string &drive) const
+{
+    for (std::int16_t index = 0; index < drlDrive.ListCount(); ++index)
+        if (equalsIgnoringAsciiCase(drlDrive.items()[static_cast<std::size_t>(index)].text, drive)) return index;
+    return kNoDrive;
+}
+
+void frmSelFolder::setDrive(const std::string &drive)
+{
+    const std::int16_t index = indexOfDrive(drive);
+    if (index == kNoDrive) throw RuntimeError(error_number::diskNotReady);
+    drlDrive.ListIndex = index;
+}
+
+void frmSelFolder::drlDrive_Change()
+try {
+    if (drlDrive.ListIndex < 0) return;
+    dilFolder.setPath(drlDrive.items()[static_cast<std::size_t>(drlDrive.ListIndex.get())].text);
+} catch (const RuntimeError &) {
+    m_platform.boxes.show("ドライブの準備が出来ていません。", Icon::critical, kWarningTitle);
+    // Quietly: going back must not leave the folder that is open there.
+    drlDrive.ListIndex.assignQuietly(indexOfDrive(dilFolder.Drive()));
+}
+
+/// A folder that cannot be opened is told in the system's words, and the list stays.
+void frmSelFolder::openFolder()
+try {
+    dilFolder.openChosen();
+} catch (const RuntimeError &error) {
+    m_platform.boxes.show(error.description(), Icon::critical, kWarningTitle);
+}
+
+void frmSelFolder::cmdOK_Click()
+{
+    m_path = dilFolder.Path();
+    // The root of a drive keeps nothing behind its colon.
+    if (m_path.ends_with('\\')) m_path.pop_back();
+    m_isChosen = true;
+    unload();
+}
+
+void frmSelFolder::cmdCancel_Click()
+{
+    m_isChosen = false;
+    unload();
+}
+
+void frmSelFolder::Form_KeyDown(std::int16_t &KeyCode)
+try {
+    if (KeyCode == kF12) cmdCancel_Click();
+} catch (const RuntimeError &error) {
+    m_platform.boxes.show(std::string("フォームKeyDown()でエラー").append(kCrLf).append(numberLineText(error)),
+                          Icon::critical);
+}
+
+} // namespace inin

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/folder_list.h"
+#include "platform/platform.h"
+
+#include <string>
+
+namespace inin {
+
+/// The modal window of the folder selection: a drive, and a folder on it.
+class frmSelFolder : public Form {
+public:
+    frmSelFolder(const Platform &platform, Folders &folders);
+
+    Label Label1{"Label1"};
+    ListBox drlDrive{"drlDrive"};
+    FolderList dilFolder;
+    Button cmdOK{"cmdOK"};
+    Button cmdCancel{"cmdCancel"};
+
+    /// The folder that the window opened on, told by the caller before the show; empty for the current one.
+    std::string csStartPath;
+
+    /// True when the window was left with a choice.
+    [[nodiscard]] bool isChosen() const { return m_isChosen; }
+    [[nodiscard]] const std::string &chosenPath() const { return m_path; }
+    /// Chooses a drive as a person does; error 71 for one that is not in the list.
+    void setDrive(const std::string &drive);
+
+    /// Opens the drive. One that cannot be read is told, and the list goes back to the drive of the open folder.
+    void drlDrive_Change();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+protected:
+    void Form_Load() override;
+    void Form_KeyDown(std::int16_t &KeyCode) override;
+
+private:
+    void fillDrives();
+    [[nodiscard]] std::int16_t indexOfDrive(const std::string &drive) const;
+    void openFolder();
+
+    Platform m_platform;
+    Folders &m_folders;
+    bool m_isChosen = false;
+    std::string m_path;
+};
+
+} // namespace inin

@@ -1,0 +1,45 @@
+#include "common/select_folder.h"
+
+#include "common/folder_form.h"
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+
+namespace inin {
+
+std::int16_t clsSelectFolder::iSelFolder()
+{
+    return select(Start::folder);
+}
+
+std::int16_t clsSelectFolder::iSelFolder_New()
+{
+    return select(Start::driveAndFolder);
+}
+
+std::int16_t clsSelectFolder::select(Start start)
+try {
+    frmSelFolder window(m_platform, m_folders);
+    // Touching anything of a window loads it first.
+    window.load();
+    if (!m_title.empty()) window.Caption = m_title;
+    startIn(window, start);
+    m_platform.windows.show(window, Modality::modal);
+    if (window.isChosen()) m_folder = window.chosenPath();
+    return 0;
+} catch (const RuntimeError &error) {
+    m_error = ("Error No:" + std::to_string(error.number())).append(kCr).append(error.description());
+    return -1;
+}
+
+/// A start that cannot be shown is no failure: the window then stands where it came up.
+void clsSelectFolder::startIn(frmSelFolder &window, Start start)
+try {
+    if (m_folder.empty() || !m_platform.files.isFolder(m_folder)) return;
+    window.csStartPath = m_folder;
+    if (start == Start::driveAndFolder) window.setDrive(m_folders.open(m_folder).drive);
+    window.dilFolder.setPath(m_folder);
+} catch (const RuntimeError &) {
+    // Nothing to say: the person sees where the window stands.
+}
+
+} // namespace inin

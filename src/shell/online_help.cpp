@@ -1,0 +1,94 @@
+#include "shell/online_help.h"
+
+#include "common/field_input.h"
+#include "common/helpers.h"
+#include "common/opl_ini_file.h"
+#include "runtime/runtime_error.h"
+#include "runtime/text.h"
+
+#include <algorithm>
+
+namespace inin {
+
+namespace {
+
+constexpr std::int16_t kDone = 0;
+constexpr std::int16_t kRead = 1;
+constexpr std::int16_t kFailed = -1;
+
+/// The value behind a key at the very start of a field.
+void takeValue(const std::string &field, std::string_view key, std::string &value)
+{
+    if (field.starts_with(key)) value = field.substr(key.size());
+}
+
+/// The query that lets the help site know its user; empty without the user file. Nothing in it is escaped: the site
+/// reads the two words backwards as they are.
+std::string queryFor(App &app, std::int16_t iPage)
+{
+    std::string csUser;
+    std::string csPwd;
+    if (iGetEmapUser(app, csUser, csPwd) == kFailed) return {};
+    return "?zi=" + reversedCharacters(csUser) + "&zp=" + reversedCharacters(csPwd) +
+           "&lk=" + std::to_string(std::max(iPage, kFirstHelpPage));
+}
+
+} // namespace
+
+void vDispHelp(App &app, std::int16_t iPage)
+{
+    if (iGetHelpAddress(app) == kFailed) {
+        app.platform.boxes.show("環境ファイルの取得に失敗しました。", Icon::critical, "データ参照エラー");
+        return;
+    }
+    const std::string query = queryFor(app, iPage);
+    if (app.csHelpUrl.empty()) {
+        app.platform.boxes.show("オンラインヘルプは現在ご利用いただけません。", Icon::exclamation, "機能制限中");
+        return;
+    }
+    app.csHelpUrl += query;
+    app.platform.processes.openAddress(app.csHelpUrl);
+}
+
+std::int16_t iGetHelpAddress(App &app)
+try {
+    // The version window reads the same file under another spelling of its name.
+    clsOplIniFile file(app.platform);
+    if (file.iInit(app.platform.files.applicationFolder() + "\\Sorvin.Ver") != kDone) return kFailed;
+    const std::string value = file.csGetProfileString("OnlineHelp", "ADDRESS");
+    const bool isWebAddress = !trim(value).empty() && value.starts_with("http");
+    app.csHelpUrl = isWebAddress ? rtrim(csCutNul(value)) : std::string();
+    return kDone;
+} catch (const RuntimeError &error) {
+    app.platform.boxes.show("Error:" + error.description(), Icon::none);
+    return kDone;
+}
+
+std::int16_t iGetEmapUser(App &app, std::string &csUser, std::string &csPwd)
+try {
+    FieldInput file(app.platform, app.gcsAppPath + "\\EmapUser.ini");
+    while (!file.isAtEnd()) {
+        const std::string field = file.next();
+        takeValue(field, "ZENRIN_USER=", csUser);
+        takeValue(field, "ZENRIN_PWD=", csPwd);
+    }
+    return kRead;
+} catch (const RuntimeError &) {
+    return kFailed;
+}
+
+std::string reversedCharacters(std::string_view text)
+{
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+    std::string reversed;
+    reversed.reserve(text.size());
+    while (!text.empty()) {
+        std::size_t start = text.size() - 1;
+        while (start > 0 && continues(text[start])) --start;
+        reversed += text.substr(start);
+        text.remove_suffix(text.size() - start);
+    }
+    return reversed;
+}
+
+} // namespace inin

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "shell/app.h"
+
+#include <cstdint>
+#include <string>
+
+namespace inin {
+
+/// This program's number in the suite's version window.
+inline constexpr std::int16_t kOwnSystemId = 55;
+
+/// The modal version window: the calling program's name and the version lines of "Sorvin.ver".
+class frmVer : public Form {
+public:
+    explicit frmVer(App &app);
+
+    ImageBox PicTitle{"PicTitle"};
+    Label laVer{"laVer"};
+    ListBox lstVer{"lstVer"};
+    Label shp01{"shp01"}; ///< the line that sets the button apart
+    Button btnReturn{"btnReturn"};
+    MenuEntry mnFunc{"mnFunc"};
+    MenuEntry mnF12{"mnF12", 123};
+
+    /// Set by the caller before the window loads; with 0 the lines of every program are shown.
+    std::int16_t iSystemId = 0;
+
+    void btnReturn_Click();
+    void mnF12_Click();
+
+    /// Fills the list with the lines that belong to iSystemId or to every program.
+    void vDspVersion();
+    /// Fills the texts whose keys the version file holds and gives back all its fields, each ended by CR LF. A missing
+    /// file gives the empty text; a run-time error ends the reading without a word and leaves what was read so far.
+    [[nodiscard]] std::string csGetVersionFile(std::string &csVersion, std::string &csUpdate);
+    /// Fills the window from "Version.ini" in the data folder instead, records of three fields: the first names the
+    /// program, the third of each later one is a line, shown when its first is `systemId` or when `systemId` is 0.
+    /// It stems from an older window and nothing calls it. Errors of the file go to the caller.
+    void readVersionIni(std::int16_t systemId);
+
+protected:
+    void Form_Load() override;
+    void Form_KeyDown(std::int16_t &KeyCode) override;
+
+private:
+    App &m_app;
+};
+
+} // namespace inin

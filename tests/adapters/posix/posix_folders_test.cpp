@@ -1,0 +1,150 @@
+#include "adapters/posix/ordinary_user.h"
+#include "adapters/posix/posix_platform.h"
+#include "adapters/posix/temp_folder.h"
+#include "runtime/errors.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+struct FoldersFixture {
+    TempFolder temp;
+    /// A table of mounts; "@" stands for the temporary folder.
+    [[nodiscard]] std::unique_ptr<Folders> foldersOver(std::string mounts) const
+    {
+        for (std::size_t at = 0; (at = mounts.find('@', at)) != std::string::npos;) mounts.replace(at, 1, temp.path());
+        return makePosixFolders(temp.put("mounts", mounts));
+    }
+    void makeFolder(const std::string &name) const { std::filesystem::create_directories(temp / name); }
+};
+
+Texts namesOf(const std::vector<FolderPlace> &places)
+{
+    Texts names;
+    for (const FolderPlace &place : places) names.push_back(place.name);
+    return names;
+}
+
+} // namespace
+
+TEST_CASE("the drives are the root and the places where a person's disks are mounted, in order")
+{
+    const FoldersFixture fixture;
+    fixture.makeFolder("写真 1");
+    fixture.makeFolder("net");
+    fixture.makeFolder("memory");
+    fixture.temp.put("hosts", "");
+    const auto folders = fixture.foldersOver("overlay / overlay rw 0 0\n"
+                                             "proc /proc proc rw 0 0\n"
+                                             "tmpfs @/memory tmpfs rw 0 0\n"
+                                             "/dev/sdb1 @/写真\\0401 vfat rw 0 0\n"
+                                             "/dev/sdb1 @/写真\\0401 vfat rw 0 0\n"
+                                             "server:/home @/net nfs4 rw 0 0\n"
+                                             "/dev/sda1 @/hosts ext4 rw 0 0\n"
+                                             "/dev/sda2 /boot/efi vfat rw 0 0\n"
+                                             "/dev/loop0 /snap/x/1 squashfs ro 0 0\n");
+    CHECK(folders->drives() == Texts{"/", fixture.temp / "net", fixture.temp / "写真 1"});
+}
+
+TEST_CASE("a mounted place that does not answer stays in the list and is error 76 when it is opened")
+{
+    const FoldersFixture fixture;
+    const auto folders = fixture.foldersOver("/dev/sdb1 @/gone vfat rw 0 0\n");
+    CHECK(folders->drives() == Texts{"/", fixture.temp / "gone"});
+    CHECK(errorOf([&] { return folders->open(fixture.temp / "gone"); }) == 76);
+}
+
+TEST_CASE("without a table of mounts the root is the only drive")
+{
+    CHECK(makePosixFolders("/nonexistent/mounts")->drives() == Texts{"/"});
+}
+
+TEST_CASE("this system's own table has the root first")
+{
+    const Texts drives = makePosixFolders()->drives();
+    REQUIRE_FALSE(drives.empty());
+    CHECK(drives[0] == "/");
+}
+
+TEST_CASE("a folder is told with the way down from its drive and the folders in it by name")
+{
+    const FoldersFixture fixture;
+    for (const char *name : {"disk/写真/b", "disk/写真/A", "disk/写真/a", "disk/写真/令和", "disk/写真/.hidden"})
+        fixture.makeFolder(name);
+    fixture.temp.put("disk/写真/file.txt", "");
+    std::filesystem::create_directory_symlink(fixture.temp / "disk", fixture.temp / "disk/写真/link");
+    const auto folders = fixture.foldersOver("/dev/sdb1 @/disk vfat rw 0 0\n");
+
+    const FolderContents contents = folders->open(fixture.temp / "disk/写真");
+
+    CHECK(contents.drive == fixture.temp / "disk");
+    CHECK(namesOf(contents.above) == Texts{fixture.temp / "disk", "写真"});
+    CHECK(contents.above.back().path == fixture.temp / "disk/写真");
+    CHECK(namesOf(contents.inside) == Texts{"A", "a", "b", "link", "令和"});
+    CHECK(contents.inside[2].path == fixture.temp / "disk/写真/b");
+}
+
+TEST_CASE("a path is found with backslashes, in any case and with a separator at its end")
+{
+    const FoldersFixture fixture;
+    fixture.makeFolder("Disk/Inner");
+    const auto folders = fixture.foldersOver("");
+    for (const char *path : {"\\DISK\\INNER", "/disk/inner/", "/Disk/./Inner/../Inner"}) {
+        CAPTURE(path);
+        CHECK(folders->open(fixture.temp.path() + path).above.back().path == fixture.temp / "Disk/Inner");
+    }
+}
+
+TEST_CASE("a path without its root lies in the current folder")
+{
+    const FoldersFixture fixture;
+    fixture.makeFolder("inner");
+    const auto folders = fixture.foldersOver("");
+    const CurrentFolder current(fixture.temp.path());
+    CHECK(folders->open("inner").above.back().path == fixture.temp / "inner");
+}
+
+TEST_CASE("a folder whose name begins like a drive's does not lie on it")
+{
+    const FoldersFixture fixture;
+    fixture.makeFolder("disk2");
+    CHECK(fixture.foldersOver("/dev/sdb1 @/disk vfat rw 0 0\n")->open(fixture.temp / "disk2").drive == "/");
+}
+
+TEST_CASE("the root has itself above and its folders inside")
+{
+    const FolderContents contents = makePosixFolders()->open("/");
+    CHECK(namesOf(contents.above) == Texts{"/"});
+    CHECK(contents.drive == "/");
+    CHECK_FALSE(contents.inside.empty());
+    CHECK(contents.inside[0].path == "/" + contents.inside[0].name);
+}
+
+TEST_CASE("what is no folder is error 76")
+{
+    const FoldersFixture fixture;
+    fixture.temp.put("file", "");
+    const auto folders = fixture.foldersOver("");
+    CHECK(errorOf([&] { return folders->open(fixture.temp / "file"); }) == 76);
+    CHECK(errorOf([&] { return folders->open(fixture.temp / "none"); }) == 76);
+}
+
+TEST_CASE("a folder that may not be read is error 75")
+{
+    const FoldersFixture fixture;
+    fixture.makeFolder("closed");
+    std::filesystem::permissions(fixture.temp / "closed", std::filesystem::perms::none);
+    std::filesystem::permissions(fixture.temp.path(), std::filesystem::perms::all);
+    const auto folders = fixture.foldersOver("");
+    CHECK(asOrdinaryUser(
+              [&] { return std::to_string(errorOf([&] { return folders->open(fixture.temp / "closed"); })); }) == "75");
+    std::filesystem::permissions(fixture.temp / "closed", std::filesystem::perms::all);
+}

@@ -1,0 +1,233 @@
+#include "adapters/qt/date_edit.h"
+
+#include "adapters/qt/calendar_popup.h"
+#include "adapters/qt/qt_text.h"
+
+#include <doctest/doctest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QPointer>
+#include <QtTest/QTest>
+
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+Date day(std::int32_t year, std::int32_t month, std::int32_t dayOfMonth)
+{
+    return dateOf({year, month, dayOfMonth});
+}
+
+/// A box on a shown window; today is 20 November 2026.
+struct Box {
+    explicit Box(const char *format = "ggg ee年mm月dd日")
+        : edit(
+              format, [] { return day(2026, 11, 20); }, &window)
+    {
+        edit.onEdited = [this](const Variant &value) { edits.push_back(value); };
+        edit.setValue(day(2026, 11, 21));
+        window.show();
+        window.activateWindow();
+        REQUIRE(QTest::qWaitForWindowActive(&window));
+        edit.setFocus(Qt::TabFocusReason);
+    }
+    void type(const char *text)
+    {
+        QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&edit, Qt::Key_Delete);
+        QInputMethodEvent composed;
+        composed.setCommitString(toQt(text));
+        QApplication::sendEvent(&edit, &composed);
+    }
+    void enter(const char *text)
+    {
+        type(text);
+        QTest::keyClick(&edit, Qt::Key_Return);
+    }
+    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&edit, code, modifiers); }
+    [[nodiscard]] std::string shown() const { return fromQt(edit.text()); }
+    [[nodiscard]] std::string selected() const { return fromQt(edit.selectedText()); }
+
+    QWidget window;
+    DateEdit edit;
+    std::vector<Variant> edits;
+};
+
+CalendarPopup &openCalendar(Box &box)
+{
+    box.key(Qt::Key_Down, Qt::AltModifier);
+    auto *calendar = box.edit.findChild<QFrame *>("calendar");
+    REQUIRE(calendar != nullptr);
+    return dynamic_cast<CalendarPopup &>(*calendar);
+}
+
+} // namespace
+
+TEST_CASE("a date shows with its era, and what is typed is shown so too")
+{
+    Box box;
+    CHECK(box.shown() == "令和 08年11月21日");
+    box.enter("h31.5.1");
+    CHECK(box.shown() == "令和 01年05月01日");
+    CHECK(box.edits == std::vector<Variant>{day(2019, 5, 1)});
+}
+
+TEST_CASE("a typed date counts when the box is left, and once")
+{
+    Box box;
+    QLineEdit next(&box.window);
+    next.show();
+    box.type("R8.12.24");
+    CHECK(box.edits.empty());
+    next.setFocus(Qt::TabFocusReason);
+    CHECK(box.edits == std::vector<Variant>{day(2026, 12, 24)});
+}
+
+TEST_CASE("an emptied box is Null")
+{
+    Box box;
+    box.enter("");
+    REQUIRE(box.edits.size() == 1);
+    CHECK(box.edits[0].isNull());
+    CHECK(box.edit.complaint() == "");
+}
+
+TEST_CASE("what cannot be read stays, is marked and explained, and counts as Null")
+{
+    Box box;
+    box.enter("R8.13.1");
+    CHECK(box.shown() == "R8.13.1");
+    CHECK(box.edit.complaint() == "2026年13月1日という日はありません。");
+    CHECK(fromQt(box.edit.accessibleDescription()) == "2026年13月1日という日はありません。");
+    CHECK(fromQt(box.edit.toolTip()) == "2026年13月1日という日はありません。");
+    CHECK(box.edit.actions().front()->isVisible());
+    CHECK(box.edit.palette().color(QPalette::Base) != QApplication::palette().color(QPalette::Base));
+    REQUIRE(box.edits.size() == 1);
+    CHECK(box.edits[0].isNull());
+
+    SUBCASE("until it is mended")
+    {
+        box.enter("R8.12.1");
+        CHECK(box.edit.complaint() == "");
+        CHECK(box.edit.toolTip().isEmpty());
+        CHECK_FALSE(box.edit.actions().front()->isVisible());
+        CHECK(box.edits.back() == Variant(day(2026, 12, 1)));
+    }
+    SUBCASE("also when an arrow is pressed")
+    {
+        box.key(Qt::Key_Up);
+        CHECK(box.shown() == "R8.13.1");
+    }
+    SUBCASE("also when the box is left again")
+    {
+        QLineEdit next(&box.window);
+        next.show();
+        next.setFocus();
+        CHECK(box.shown() == "R8.13.1");
+        CHECK(box.edits.size() == 1);
+    }
+    SUBCASE("until the program assigns another date")
+    {
+        box.edit.setValue(day(2026, 1, 1));
+        CHECK(box.shown() == "令和 08年01月01日");
+        CHECK(box.edit.complaint() == "");
+    }
+}
+
+TEST_CASE("up and down step the part under the cursor and mark it")
+{
+    Box box;
+    struct Row {
+        int cursor; ///< in letters of 令和 08年11月21日
+        const char *shown;
+        const char *selected;
+    };
+    for (const Row &row : {Row{0, "令和 09年11月21日", "09"}, Row{4, "令和 09年11月21日", "09"},
+                           Row{7, "令和 08年12月21日", "12"}, Row{10, "令和 08年11月22日", "22"}}) {
+        CAPTURE(row.cursor);
+        box.edit.setValue(day(2026, 11, 21));
+        box.edit.setCursorPosition(row.cursor);
+        box.key(Qt::Key_Up);
+        CHECK(box.shown() == row.shown);
+        CHECK(box.selected() == row.selected);
+        box.key(Qt::Key_Down);
+        CHECK(box.shown() == "令和 08年11月21日");
+    }
+}
+
+TEST_CASE("page up and page down step the month, and a short month takes its last day")
+{
+    Box box;
+    box.edit.setValue(day(2026, 3, 31));
+    box.key(Qt::Key_PageUp);
+    CHECK(box.shown() == "令和 08年02月28日");
+    box.key(Qt::Key_PageDown);
+    CHECK(box.shown() == "令和 08年03月28日");
+}
+
+TEST_CASE("Ctrl+; is today, and where months are shown the first of today's month")
+{
+    Box box;
+    box.key(Qt::Key_Semicolon, Qt::ControlModifier);
+    CHECK(box.edits.back() == Variant(day(2026, 11, 20)));
+    Box month("ggg ee年mm月");
+    month.key(Qt::Key_Semicolon, Qt::ControlModifier);
+    CHECK(month.edits.back() == Variant(day(2026, 11, 1)));
+    CHECK(month.shown() == "令和 08年11月");
+}
+
+TEST_CASE("an arrow in an empty box begins with today")
+{
+    Box box;
+    box.edit.setValue(Null{});
+    box.key(Qt::Key_Up);
+    CHECK(box.shown() == "令和 08年11月20日");
+}
+
+TEST_CASE("the calendar shows era and western year, and the return key chooses from it")
+{
+    Box box;
+    CalendarPopup &calendar = openCalendar(box);
+    auto *title = calendar.findChild<QLabel *>("calendarTitle");
+    auto *days = calendar.findChild<QCalendarWidget *>();
+    CHECK(fromQt(title->text()) == "令和8年（2026年）11月");
+    days->setSelectedDate(QDate(2019, 4, 30));
+    CHECK(fromQt(title->text()) == "平成31年（2019年）4月");
+    QTest::keyClick(days->focusProxy() != nullptr ? days->focusProxy()
+                                                  : days->findChild<QWidget *>("qt_calendar_calendarview"),
+                    Qt::Key_Return);
+    CHECK(box.shown() == "平成 31年04月30日");
+    CHECK(box.edits.back() == Variant(day(2019, 4, 30)));
+}
+
+TEST_CASE("escape closes the calendar and changes nothing")
+{
+    Box box;
+    const QPointer<CalendarPopup> calendar(&openCalendar(box));
+    QTest::keyClick(calendar->findChild<QWidget *>("qt_calendar_calendarview"), Qt::Key_Escape);
+    QTest::qWait(0);
+    CHECK((calendar.isNull() || !calendar->isVisible()));
+    CHECK(box.shown() == "令和 08年11月21日");
+    CHECK(box.edits.empty());
+}
+
+TEST_CASE("a million letters dropped into a date box leave a short text that is marked")
+{
+    Box box;
+    box.enter(std::string(1000000, 'x').c_str());
+    CHECK(box.edit.text().size() == 64);
+    CHECK_FALSE(box.edit.complaint().empty());
+}
+
+TEST_CASE("a date box takes an input method and needs no Latin keyboard")
+{
+    const Box box;
+    CHECK(box.edit.inputMethodQuery(Qt::ImEnabled).toBool());
+}

@@ -1,0 +1,98 @@
+// What a person sees first: the window with the picture, before the work of the start goes on behind it.
+
+#include "adapters/qt/window_fixture.h"
+#include "shell/back_form.h"
+
+#include <doctest/doctest.h>
+
+#include <QApplication>
+#include <QEvent>
+#include <QTimer>
+#include <QWindow>
+
+#include <functional>
+
+using namespace inin;
+
+namespace {
+
+/// Counts the paints of a window's widgets.
+class PaintWatch : public QObject {
+public:
+    PaintWatch() { QApplication::instance()->installEventFilter(this); }
+    [[nodiscard]] int paints() const { return m_paints; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && watched->isWidgetType()) ++m_paints;
+        return false;
+    }
+
+private:
+    int m_paints = 0;
+};
+
+/// A site without a wallpaper: the windows look at real pictures only.
+struct Start : WindowFixture {
+    Start() { world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\nWALLPAPER=none.bmp\nBASEID=0102\n"); }
+};
+
+/// A form with a line of text that closes at once.
+struct NoteForm : Form {
+    NoteForm() : Form("frmNote") { add(note); }
+    std::function<void()> onLoad;
+    Label note{"laNote"};
+
+protected:
+    void Form_Load() override
+    {
+        if (onLoad) onLoad();
+    }
+};
+
+} // namespace
+
+TEST_CASE("the next window's load begins when the background has been painted")
+{
+    Start start;
+    frmBack background(start.app);
+    NoteForm next;
+    const PaintWatch watch;
+    bool wasExposed = false;
+    int paints = 0;
+    next.onLoad = [&] {
+        wasExposed = start.windows.windowOf(background)->windowHandle()->isExposed();
+        paints = watch.paints();
+        next.unload(false);
+    };
+    start.windows.show(background, Modality::modeless);
+    start.windows.show(next, Modality::modal);
+    CHECK(wasExposed);
+    CHECK(paints > 0);
+}
+
+TEST_CASE("letters are asked for before the first text, not for the background's picture")
+{
+    Start start;
+    int asked = 0;
+    start.services.beforeText = [&asked] { ++asked; };
+    QtWindows windows(start.world.files, start.services);
+    frmBack background(start.app);
+    SUBCASE("a window")
+    {
+        windows.show(background, Modality::modeless);
+        CHECK(asked == 0);
+        NoteForm next;
+        QTimer::singleShot(0, &windows.windowOf(background)->content(), [&next] { next.unload(false); });
+        windows.show(next, Modality::modal);
+        CHECK(asked == 1);
+    }
+    SUBCASE("a box")
+    {
+        QtMessageBoxes boxes(start.edge, start.services.beforeText);
+        QTimer::singleShot(0, qApp, [] { answerTopBox(); });
+        boxes.show("起動できません！", Icon::critical, "");
+        CHECK(asked == 1);
+    }
+}

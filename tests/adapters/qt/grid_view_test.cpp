@@ -1,0 +1,145 @@
+#include "adapters/qt/grid_view.h"
+
+#include "adapters/qt/control_mirror.h"
+#include "adapters/qt/qt_text.h"
+#include "platform/grid.h"
+
+#include <doctest/doctest.h>
+
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QtTest/QTest>
+
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+struct GridOnScreen {
+    GridOnScreen()
+    {
+        view.resize(600, 300);
+        view.show();
+        view.activateWindow();
+        REQUIRE(QTest::qWaitForWindowActive(&view));
+        grid.onDblClick = [this](std::int32_t row) { doubleClicks.push_back(row); };
+        // As the mirror does.
+        grid.watch([this] { view.refresh(); });
+    }
+    void fill(std::int32_t rows)
+    {
+        grid.ReDraw = false;
+        grid.setRowCount(rows);
+        for (std::int32_t row = 1; row <= rows; ++row) {
+            grid.setNumber(row, 2, row * 10);
+            grid.setText(row, 3, "利用者" + std::to_string(row));
+        }
+        grid.ReDraw = true;
+    }
+    void click(int row, bool isDouble)
+    {
+        const QPoint place = view.visualRect(view.model()->index(row - 1, 2)).center();
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
+        if (isDouble) QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, place);
+    }
+    [[nodiscard]] std::string cell(int row, int column) const
+    {
+        return fromQt(view.model()->index(row - 1, column - 1).data().toString());
+    }
+
+    EventEdge edge;
+    Grid grid{"spr_1ran",
+              {{"拠点 No.", Grid::CellKind::number, 0},
+               {"ID No.", Grid::CellKind::number, 8},
+               {"氏名", Grid::CellKind::text, 20}}};
+    GridView view{grid, edge, nullptr};
+    std::vector<std::int32_t> doubleClicks;
+};
+
+} // namespace
+
+TEST_CASE("30,000 rows come without delay and without a widget for each")
+{
+    GridOnScreen screen;
+    QElapsedTimer spent;
+    spent.start();
+    screen.fill(30000);
+    QTest::qWait(0);
+    // A widget or a measured height for each row takes many seconds.
+    CHECK(spent.elapsed() < 1500);
+    CHECK(screen.view.model()->rowCount() == 30000);
+    CHECK(screen.cell(30000, 3) == "利用者30000");
+    CHECK(screen.view.findChildren<QWidget *>().size() < 30);
+    spent.restart();
+    QTest::keyClick(&screen.view, Qt::Key_End);
+    QTest::qWait(0);
+    CHECK(spent.elapsed() < 500);
+    CHECK(screen.grid.ActiveRow == 30000);
+}
+
+TEST_CASE("a column of width 0 is not seen, and the header does not sort")
+{
+    GridOnScreen screen;
+    screen.fill(3);
+    CHECK(screen.view.isColumnHidden(0));
+    CHECK_FALSE(screen.view.isColumnHidden(1));
+    CHECK_FALSE(screen.view.isSortingEnabled());
+    CHECK(fromQt(screen.view.model()->headerData(1, Qt::Horizontal).toString()) == "ID No.");
+}
+
+TEST_CASE("a click makes a row the active one, a double click raises the event with its row")
+{
+    GridOnScreen screen;
+    screen.fill(5);
+    screen.click(2, false);
+    CHECK(screen.grid.ActiveRow == 2);
+    CHECK(screen.doubleClicks.empty());
+    screen.click(4, true);
+    CHECK(screen.grid.ActiveRow == 4);
+    CHECK(screen.doubleClicks == std::vector<std::int32_t>{4});
+}
+
+TEST_CASE("a double click on the header raises the event with row 0")
+{
+    GridOnScreen screen;
+    screen.fill(5);
+    QWidget *header = screen.view.horizontalHeader()->viewport();
+    QTest::mouseDClick(header, Qt::LeftButton, {}, QPoint(20, header->height() / 2));
+    CHECK(screen.doubleClicks == std::vector<std::int32_t>{0});
+}
+
+TEST_CASE("arrows, Home and End walk the rows")
+{
+    GridOnScreen screen;
+    screen.fill(5);
+    for (const auto &[key, row] : {std::pair{Qt::Key_Home, 1}, {Qt::Key_Down, 2}, {Qt::Key_End, 5}, {Qt::Key_Up, 4}}) {
+        QTest::keyClick(&screen.view, key);
+        CHECK(screen.grid.ActiveRow == row);
+    }
+}
+
+TEST_CASE("a row that the program makes active is shown as chosen and brought into sight")
+{
+    GridOnScreen screen;
+    screen.fill(1000);
+    screen.grid.ActiveRow = 700;
+    screen.grid.showRow(700);
+    CHECK(screen.view.currentIndex().row() == 699);
+    CHECK(screen.view.viewport()->rect().intersects(screen.view.visualRect(screen.view.model()->index(699, 2))));
+}
+
+TEST_CASE("rows that go away while nothing is drawn are not read any more")
+{
+    GridOnScreen screen;
+    screen.fill(10);
+    screen.grid.ReDraw = false;
+    screen.grid.setRowCount(0);
+    CHECK(screen.view.model()->rowCount() == 10);
+    CHECK(screen.cell(5, 3) == "");
+    screen.view.repaint();
+    screen.grid.ReDraw = true;
+    CHECK(screen.view.model()->rowCount() == 0);
+    CHECK(screen.grid.ActiveRow == 0);
+}

@@ -1,0 +1,220 @@
+// How the windows look, at whatever scale QT_SCALE_FACTOR says: the test program is run at several.
+
+#include "adapters/qt/qt_window_set.h"
+#include "adapters/qt/theme.h"
+#include "adapters/qt/units.h"
+
+#include <doctest/doctest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTableView>
+#include <QToolButton>
+#include <QtTest/QTest>
+
+using namespace inin;
+
+namespace {
+
+bool showsText(const QWidget &widget)
+{
+    // A tool button has no text here: it is the sign in a date box.
+    if (qobject_cast<const QToolButton *>(&widget) != nullptr) return false;
+    return qobject_cast<const QAbstractButton *>(&widget) != nullptr ||
+           qobject_cast<const QLabel *>(&widget) != nullptr || qobject_cast<const QGroupBox *>(&widget) != nullptr ||
+           dynamic_cast<const DateEdit *>(&widget) != nullptr;
+}
+
+/// True for a text whose width no layout can know: it is told whole in another way.
+bool mayBeCut(const QWidget &widget)
+{
+    return widget.objectName() == "lbl_1ranInf" || widget.objectName() == "lbl_SelKanja";
+}
+
+/// What the text needs, with the icon in front of it. A style would rather have its push buttons wider than that.
+QSize needOf(const QWidget &widget)
+{
+    constexpr int kMargin = 8;
+    const auto *button = qobject_cast<const QPushButton *>(&widget);
+    if (button == nullptr)
+        return {widget.sizeHint().width(), std::min(widget.sizeHint().height(), widget.minimumSizeHint().height())};
+    const int icon = button->icon().isNull() ? 0 : button->iconSize().width() + 4;
+    return {widget.fontMetrics().horizontalAdvance(button->text()) + icon + kMargin, widget.fontMetrics().height()};
+}
+
+void checkNothingIsCut(const FormWindow &window)
+{
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        if (!showsText(*widget) || !widget->isVisibleTo(&window) || mayBeCut(*widget)) continue;
+        CAPTURE(window.objectName().toStdString());
+        CAPTURE(widget->objectName().toStdString());
+        CHECK(widget->width() >= needOf(*widget).width());
+        CHECK(widget->height() >= needOf(*widget).height());
+    }
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const auto light = [](const QColor &colour) {
+        const auto linear = [](double part) {
+            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF()) +
+               0.05;
+    };
+    const double first = light(a), second = light(b);
+    return std::max(first, second) / std::min(first, second);
+}
+
+void checkContrast(FormWindow &window)
+{
+    constexpr double kReadable = 4.5;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        if (!showsText(*widget) || !widget->isVisible() || !widget->isEnabled()) continue;
+        const bool isButton = qobject_cast<const QAbstractButton *>(widget) != nullptr;
+        const QPalette &palette = widget->palette();
+        CAPTURE(widget->objectName().toStdString());
+        CHECK(contrast(palette.color(isButton ? QPalette::ButtonText : QPalette::WindowText),
+                       palette.color(isButton ? QPalette::Button : QPalette::Window)) > kReadable);
+    }
+}
+
+} // namespace
+
+TEST_CASE("no text is cut at this scale")
+{
+    forEachWindow([](FormWindow &window) { checkNothingIsCut(window); });
+}
+
+TEST_CASE("no widget covers another one, and none leaves its frame")
+{
+    forEachWindow([](FormWindow &window) {
+        if (window.objectName() == "frmWaitMsg") return; // its pictures lie on one another
+        std::vector<QWidget *> seen;
+        for (Control *control : window.form().controls()) {
+            QWidget *widget = window.mirror().widgetOf(*control);
+            if (widget == nullptr || !widget->isVisibleTo(&window)) continue;
+            CAPTURE(control->name());
+            if (widget->parentWidget() != &window.content())
+                CHECK(widget->parentWidget()->rect().contains(widget->geometry()));
+            for (const QWidget *other : seen)
+                if (other->parentWidget() == widget->parentWidget())
+                    CHECK_FALSE(other->geometry().intersects(widget->geometry()));
+            seen.push_back(widget);
+        }
+    });
+}
+
+TEST_CASE("every control that a person can use has a name that a screen reader says")
+{
+    forEachWindow([](FormWindow &window) {
+        for (Control *control : window.form().controls()) {
+            QWidget *widget = window.mirror().widgetOf(*control);
+            if (widget == nullptr || control->TabIndex < 0) continue;
+            CAPTURE(control->name());
+            QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(widget);
+            REQUIRE(spoken != nullptr);
+            CHECK_FALSE(spoken->text(QAccessible::Name).isEmpty());
+        }
+    });
+}
+
+TEST_CASE("text boxes take an input method")
+{
+    forEachWindow([](FormWindow &window) {
+        for (const QLineEdit *box : window.findChildren<QLineEdit *>()) {
+            CAPTURE(box->objectName().toStdString());
+            CHECK(box->testAttribute(Qt::WA_InputMethodEnabled));
+        }
+    });
+}
+
+TEST_CASE("every text is readable on a light desktop and on a dark one")
+{
+    const QPalette light = QApplication::palette();
+    REQUIRE_FALSE(isDark(light));
+    forEachWindow(checkContrast);
+    QApplication::setPalette(darkPalette());
+    forEachWindow(checkContrast);
+    QApplication::setPalette(light);
+}
+
+TEST_CASE("a control's blue-green-red colour is shown as it is on a light desktop, and keeps its hue on a dark one")
+{
+    const QPalette light = QApplication::palette();
+    CHECK(themedColour(0x00C0E0FF, light)->name() == "#ffe0c0");
+    CHECK(themedColour(0x00D0FBD0, light)->name() == "#d0fbd0");
+    CHECK(themedColour(0x00F6F6F6, light)->name() == "#f6f6f6");
+    const QPalette dark = darkPalette();
+    CHECK(std::abs(themedColour(0x00C0E0FF, dark)->hslHue() - QColor("#ffe0c0").hslHue()) <= 2);
+    CHECK_FALSE(themedColour(0x00F6F6F6, dark));
+    CHECK_FALSE(themedColour(-1, light));
+}
+
+TEST_CASE("the frames of the conditions screen stand at their tops, the commands have their size")
+{
+    struct FrameRow {
+        const char *frame;
+        int top, height; ///< twips
+    };
+    const WindowSet set;
+    FormWindow &window = *set.print;
+    for (const FrameRow &row :
+         {FrameRow{"Frame3", 120, 1495}, FrameRow{"frmObject", 1720, 1515}, FrameRow{"fraJisseki(1)", 3280, 2985},
+          FrameRow{"Frame2", 6310, 735}, FrameRow{"Frame1", 7120, 1695}, FrameRow{"Frame4", 8940, 855},
+          FrameRow{"Picture1", 9990, 1035}}) {
+        CAPTURE(row.frame);
+        const QRect place = window.widget(row.frame).geometry();
+        CHECK(place.top() == row.top / 15);
+        CHECK(place.height() == row.height / 15);
+    }
+    CHECK(window.widget("Frame3").geometry().left() == 8);
+    CHECK(window.widget("Frame3").width() == 453);
+    CHECK(window.content().minimumSize() == QSize(468, 735));
+    int right = 0;
+    for (const char *command : {"btnPrint(0)", "btnPrint(1)", "btnPrint(6)"}) {
+        CHECK(window.widget(command).size() == QSize(97, 49));
+        CHECK(window.widget(command).x() > right);
+        right = window.widget(command).geometry().right();
+    }
+}
+
+TEST_CASE("a larger desktop font makes room instead of cutting")
+{
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(usual.pointSizeF() * 1.5);
+    QApplication::setFont(large);
+    {
+        const WindowSet set;
+        checkNothingIsCut(*set.print);
+        CHECK(set.print->content().minimumHeight() > 735);
+    }
+    QApplication::setFont(usual);
+}
+
+TEST_CASE("the commands say what they do")
+{
+    const WindowSet set;
+    CHECK(set.print->widget("btnPrint(0)").toolTip() == QString::fromUtf8("実績一覧を印刷します。"));
+    CHECK(set.print->widget("btnPrint(1)").toolTip() == QString::fromUtf8("印刷物のプレビューを表示します。"));
+    CHECK(set.print->widget("btnPrint(6)").toolTip() == QString::fromUtf8("処理を終了します。"));
+}
+
+TEST_CASE("the menus show their access keys and short-cuts")
+{
+    const WindowSet set;
+    QStringList texts;
+    for (const char *entry : {"mnFunc", "mnF01", "mnF02", "mnF12", "mnHelp", "mnVer", "mnDispHelp"})
+        texts.append(set.print->findChild<QAction *>(entry)->text());
+    CHECK(texts == QStringList{QString::fromUtf8("機能(&F)"), QString::fromUtf8("印刷\tF1"),
+                               QString::fromUtf8("ﾌﾟﾚﾋﾞｭｰ\tF2"), QString::fromUtf8("戻る\tF12"),
+                               QString::fromUtf8("ヘルプ(&H)"), QString::fromUtf8("ﾊﾞｰｼﾞｮﾝ情報"),
+                               QString::fromUtf8("オンラインヘルプ(&M)")});
+    CHECK(set.print->findChild<QAction *>("mnKugiri")->isSeparator());
+}

@@ -1,0 +1,32 @@
+// A test program with windows: they stand on no screen unless QT_QPA_PLATFORM names one.
+#define DOCTEST_CONFIG_IMPLEMENT
+#include <doctest/doctest.h>
+
+#include "adapters/qt/japanese_font.h"
+#include "adapters/qt/theme.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace {
+
+/// The screenless platform says at each window what it cannot do.
+void passOn(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    if (!message.contains("This plugin does not support")) std::fprintf(stderr, "%s\n", message.toUtf8().constData());
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(passOn);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    inin::applyTheme(application);
+    inin::FontReading().finish();
+    doctest::Context context(argc, argv);
+    return context.run();
+}

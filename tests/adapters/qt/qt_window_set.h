@@ -1,0 +1,34 @@
+#pragma once
+
+#include "adapters/qt/date_edit.h"
+#include "adapters/qt/window_fixture.h"
+#include "common/folder_form.h"
+#include "search/patient_search_form.h"
+#include "search/staff_search_form.h"
+#include "shell/version_form.h"
+#include "shell/wait_form.h"
+#include "support/fake_folders.h"
+
+#include <functional>
+#include <memory>
+
+namespace inin {
+
+/// One window of each form, shown, with nothing of the program running behind it.
+struct WindowSet {
+    WindowSet();
+    WindowFixture world;
+    frmPrintInin printForm{world.app};
+    frm患者検索 patientForm{world.app};
+    frm施術者検索 staffForm{world.app};
+    frmWaitMsg waitForm{world.app};
+    frmVer versionForm{world.app};
+    FakeFolders folders;
+    frmSelFolder folderForm{world.app.platform, folders};
+    std::unique_ptr<FormWindow> print, patient, staff, wait, version, folder;
+};
+
+/// Each window of a fresh set.
+void forEachWindow(const std::function<void(FormWindow &window)> &look);
+
+} // namespace inin

@@ -1,0 +1,434 @@
+// The conditions screen and its search windows, worked by a person in a fake world.
+
+#include "adapters/qt/date_edit.h"
+#include "adapters/qt/pointer_shape.h"
+#include "adapters/qt/qt_text.h"
+#include "adapters/qt/window_fixture.h"
+#include "printing/print_fixture.h"
+#include "runtime/runtime_error.h"
+#include "shell/back_form.h"
+#include "shell/wait_form.h"
+
+#include <doctest/doctest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+/// The program from its start; acts come one by one once the conditions screen waits for a person.
+struct Program : WindowFixture {
+    Program()
+    {
+        // The windows look at real pictures only, and the fake world has none.
+        world.files.putText("C:\\SUITE\\Massage.ini",
+                            "SYSTEM_SYS=\\SYS\nSYSTEM_TMP=\\TMP\nSYSTEM_ICON=\\ICON\n"
+                            "SYSTEM_DATA=\\DATA\nWALLPAPER=none.bmp\nBASEID=0102\n終了患者施術期間=3\n");
+        answer("cNameRyaku  FROM STAFF", {"nIDNo", "cName", "cNameRyaku"}, {{std::int32_t{11}, "佐藤 花子", ""}});
+        answer(")staff", {"nIDNo", "cName", "cNameKana"}, {{std::int32_t{11}, "佐藤 花子", "サトウ"}});
+        const std::int16_t base = 1, branch = 2;
+        answer(
+            "FROM RIYOUSHA  WHERE nIDNo >= 0",
+            {"iKyotenCd", "iKyotenEb", "nIDNo", "cName", "cNameKana", "cNameRyaku", "cTelNo", "cAdress1", "cAdress2"},
+            {{base, branch, std::int32_t{21}, "青木 一郎", "アオキ", "", "", "", ""},
+             {base, branch, std::int32_t{22}, "伊藤 二郎", "イトウ", "", "", "", ""}});
+    }
+    void answer(const char *part, std::vector<std::string> columns, std::vector<std::vector<Variant>> rows)
+    {
+        FakeResult result;
+        result.columns = std::move(columns);
+        result.rows = std::move(rows);
+        world.database.resultsByText.emplace_back(part, std::move(result));
+    }
+    /// True when the program ended by its own end statement.
+    [[nodiscard]] bool runs()
+    {
+        // Whatever a test has left open is closed, so that a test that fails does not hang.
+        for (int closings = 0; closings < 3; ++closings)
+            turns.then([] {
+                if (QApplication::activeModalWidget() != nullptr) QApplication::activeModalWidget()->close();
+            });
+        bool ended = false;
+        try {
+            frmBack background(app);
+            windows.show(background, Modality::modeless);
+            windows.show(form, Modality::modal);
+        } catch (const ProcessEnded &) {
+            ended = true;
+        }
+        CHECK(turns.failure() == "");
+        return ended;
+    }
+    void act(std::function<void()> act) { turns.then(std::move(act)); }
+    [[nodiscard]] FormWindow &top() const { return *windows.topWindow(); }
+    [[nodiscard]] QWidget &widget(const char *control) const { return top().widget(control); }
+    void click(const char *control)
+    {
+        QTest::mouseClick(&widget(control), Qt::LeftButton, {}, QPoint(8, widget(control).height() / 2));
+    }
+    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget *target = top().focusWidget() != nullptr ? top().focusWidget() : &top();
+        QTest::keyClick(target, code, modifiers);
+    }
+    [[nodiscard]] std::string focused() const
+    {
+        return top().focusWidget() != nullptr ? fromQt(top().focusWidget()->objectName()) : std::string();
+    }
+    [[nodiscard]] bool handedBack() const
+    {
+        return world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"};
+    }
+
+    frmPrintInin form{app};
+};
+
+void dropText(QWidget &target, const QString &text)
+{
+    QMimeData data;
+    data.setText(text);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    // Past the toolkit's own drag, which there is none of.
+    static_cast<QObject &>(target).event(&drop);
+}
+
+} // namespace
+
+TEST_CASE("every way out of the screen hands back to the menu program")
+{
+    Program program;
+    SUBCASE("F12")
+    {
+        program.act([&] { program.key(Qt::Key_F12); });
+    }
+    SUBCASE("escape")
+    {
+        program.act([&] { program.key(Qt::Key_Escape); });
+    }
+    SUBCASE("the button")
+    {
+        program.act([&] { program.click("btnPrint(6)"); });
+    }
+    SUBCASE("the control box")
+    {
+        program.act([&] { program.top().close(); });
+    }
+    CHECK(program.runs());
+    CHECK(program.handedBack());
+}
+
+TEST_CASE("the tab key walks the screen from the top, and from its end to its beginning")
+{
+    Program program;
+    std::vector<std::string> walked;
+    program.act([&] {
+        for (int steps = 0; steps < 28; ++steps) {
+            walked.push_back(program.focused());
+            program.key(Qt::Key_Tab);
+        }
+    });
+    CHECK(program.runs());
+    CHECK(walked == std::vector<std::string>{"optPrint(0)",   "optPrint(1)",     "optPrint(2)",     "optObject(0)",
+                                             "optObject(1)",  "optObject(2)",    "btn_StaffSelect", "imNum_StaffNo",
+                                             "cbSejyutsu",    "btn_KanjaSelect", "imNum_CD",        "optTgtDate(0)",
+                                             "imD_Out",       "optTgtDate(1)",   "imD_LastDay",     "cmbHoken",
+                                             "optTrust(0)",   "optTrust(1)",     "optDspPeriod(0)", "optDspPeriod(1)",
+                                             "imSetDateFrom", "imSetDateTo",     "optSyomei(0)",    "optSyomei(1)",
+                                             "imSyomei",      "btnPrint(0)",     "btnPrint(1)",     "btnPrint(6)"});
+    CHECK(program.handedBack());
+}
+
+TEST_CASE("the arrow keys mark the options of a frame, the hidden one never")
+{
+    Program program;
+    program.act([&] {
+        program.widget("optTgtDate(0)").setFocus();
+        program.key(Qt::Key_Down);
+        CHECK(program.form.optTgtDate.marked() == 1);
+        program.key(Qt::Key_Down);
+        CHECK(program.form.optTgtDate.marked() == 0);
+        program.key(Qt::Key_Up);
+        CHECK(program.form.optTgtDate.marked() == 1);
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a click on a marked option leaves it marked")
+{
+    Program program;
+    program.act([&] {
+        program.click("optTrust(1)");
+        program.click("optTrust(1)");
+        CHECK(program.form.optTrust.marked() == 1);
+        CHECK(dynamic_cast<QAbstractButton &>(program.widget("optTrust(1)")).isChecked());
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("the space bar and the return key press the button in focus")
+{
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        Program program;
+        std::string box;
+        program.act([&] {
+            program.widget("btnPrint(0)").setFocus();
+            program.key(key);
+        });
+        program.act([&] { box = answerTopBox(); });
+        CHECK(program.runs());
+        CHECK(box == "出力対象となる日にちを選択してください。");
+    }
+}
+
+TEST_CASE("Alt and the access key open a menu")
+{
+    Program program;
+    program.act([&] {
+        auto *bar = program.top().findChild<QMenuBar *>();
+        auto *menu = program.top().findChild<QAction *>("mnFunc")->menu();
+        program.key(Qt::Key_F, Qt::AltModifier);
+        CHECK(menu->isVisible());
+        menu->close();
+        bar->setActiveAction(nullptr);
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a date that stands typed in its box counts for a print by the function key")
+{
+    Program program;
+    program.act([&] {
+        auto &box = dynamic_cast<DateEdit &>(program.widget("imD_Out"));
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, "H31.4");
+        program.key(Qt::Key_F1);
+    });
+    program.act([&] { answerTopBox(); });
+    CHECK(program.runs());
+    CHECK(program.form.imD_Out.Value.get() == Variant(DateSerial(2019, 4, 1)));
+}
+
+TEST_CASE("a print with an unreadable target month is refused, and the text stands as it was typed")
+{
+    Program program;
+    std::string box;
+    program.act([&] {
+        program.click("optTgtDate(0)");
+        program.click("optObject(0)");
+        auto &date = dynamic_cast<DateEdit &>(program.widget("imD_Out"));
+        date.setFocus();
+        date.selectAll();
+        QTest::keyClicks(&date, "R8.13");
+        program.click("btnPrint(0)");
+    });
+    program.act([&] { box = answerTopBox(); });
+    program.act([&] { answerTopBox(); });
+    program.act([&] { CHECK(fromQt(dynamic_cast<QLineEdit &>(program.widget("imD_Out")).text()) == "R8.13"); });
+    CHECK(program.runs());
+    CHECK(box == "(94)Null の使い方が不正です。");
+}
+
+TEST_CASE("a patient is picked with the keyboard alone")
+{
+    Program program;
+    program.act([&] {
+        program.widget("btn_KanjaSelect").setFocus();
+        program.key(Qt::Key_Space);
+    });
+    program.act([&] {
+        CHECK(program.top().windowTitle() == QString::fromUtf8("利用者マスター検索"));
+        program.widget("spr_1ran").setFocus();
+        program.key(Qt::Key_Down);
+        program.key(Qt::Key_End);
+        program.key(Qt::Key_F5);
+    });
+    program.act([&] {
+        CHECK(program.form.imNum_CD.Value.get() == Variant(std::int32_t{22}));
+        CHECK(dynamic_cast<QLineEdit &>(program.widget("imNum_CD")).text() == "22");
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a search window that is closed by its control box leaves everybody chosen")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] { program.top().close(); });
+    program.act([&] { CHECK(program.form.lbl_SelKanja.Caption.get() == "(全員)"); });
+    CHECK(program.runs());
+    CHECK(program.handedBack());
+}
+
+TEST_CASE("a search window cannot be closed in the middle of its search")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        FormWindow &search = program.top();
+        // It arrives where the search gives time to waiting events.
+        QApplication::postEvent(&search, new QCloseEvent);
+        program.key(Qt::Key_F4);
+        CHECK(search.isVisible());
+        CHECK(program.top().widgetAs<QTableView>("spr_1ran").model()->rowCount() == 2);
+    });
+    program.act([&] { program.key(Qt::Key_F12); });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a box over a search window waits for its answer, and the window stays")
+{
+    Program program;
+    std::string box;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] { program.key(Qt::Key_F5); });
+    program.act([&] { box = answerTopBox(); });
+    program.act([&] {
+        CHECK(program.top().objectName() == QString::fromUtf8("frm患者検索"));
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
+    CHECK(box == "有効な行が選択されていません！");
+}
+
+TEST_CASE("the return key walks the boxes of a search window, and does nothing on its buttons")
+{
+    Program program;
+    std::vector<std::string> walked;
+    program.act([&] { program.click("btn_StaffSelect"); });
+    program.act([&] {
+        for (int steps = 0; steps < 4; ++steps) {
+            walked.push_back(program.focused());
+            program.key(Qt::Key_Return);
+        }
+        walked.push_back(program.focused());
+        program.key(Qt::Key_Return);
+        walked.push_back(program.focused());
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
+    std::string path;
+    for (const std::string &stop : walked) path += stop + " ";
+    CHECK(path == "in_SiboriID txt_SiboriName txt_SiboriKana chkEndSejutsuha but_Read but_Read ");
+}
+
+TEST_CASE("a thousand quick clicks on print and preview are a thousand answers, one after the other")
+{
+    constexpr int kClicks = 1000;
+    Program program;
+    program.world.database.resultsByText.emplace_back("SCHEDULE", patients({{}}));
+    int deepest = 0;
+    int running = 0;
+    program.form.onMousePointer = [&](std::int16_t kind) {
+        // The pointer is set back twice at the end of a run.
+        running = kind == kPointerHourglass ? running + 1 : 0;
+        deepest = std::max(deepest, running);
+    };
+    program.act([&] {
+        for (const char *option :
+             {"optPrint(0)", "optObject(0)", "optTgtDate(0)", "optTrust(0)", "optDspPeriod(0)", "optSyomei(0)"})
+            program.click(option);
+        for (int click = 0; click < kClicks; ++click) {
+            QWidget &button = program.widget(click % 2 == 0 ? "btnPrint(0)" : "btnPrint(1)");
+            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+                QApplication::postEvent(
+                    &button, new QMouseEvent(type, QPointF(9, 9), button.mapToGlobal(QPointF(9, 9)), Qt::LeftButton,
+                                             type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {}));
+        }
+    });
+    program.act([&] { CHECK(program.world.processes.started.size() == kClicks); });
+    CHECK(program.runs());
+    CHECK(deepest == 1);
+}
+
+TEST_CASE("a megabyte of text dropped into a text box is cut to what the box holds, and is what the search is given")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        QWidget &box = program.widget("txt_SiboriName");
+        dropText(box, QString(1 << 20, QChar(u'青')));
+        const auto &record = dynamic_cast<const TextBox &>(*program.top().form().find("txt_SiboriName"));
+        const QString held = dynamic_cast<QLineEdit &>(box).text();
+        CHECK(held.size() == 32767);
+        CHECK(toQt(record.Text) == held);
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("the hourglass stands over all windows, and makes way for a box")
+{
+    WindowFixture fixture;
+    setPointerShape(kPointerHourglass);
+    Qt::CursorShape overBox = Qt::WaitCursor;
+    fixture.turns.then([&] {
+        overBox =
+            QGuiApplication::overrideCursor() == nullptr ? Qt::ArrowCursor : QGuiApplication::overrideCursor()->shape();
+        answerTopBox();
+    });
+    fixture.boxes.show("待ってください", Icon::none, "");
+    CHECK(overBox == Qt::ArrowCursor);
+    REQUIRE(QGuiApplication::overrideCursor() != nullptr);
+    CHECK(QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor);
+    setPointerShape(kPointerDefault);
+    CHECK(QGuiApplication::overrideCursor() == nullptr);
+}
+
+TEST_CASE("a box shows its text as it is, its lines as lines, and the application's title without one of its own")
+{
+    WindowFixture fixture;
+    std::string text, title;
+    fixture.turns.then([&] {
+        title = fromQt(QApplication::activeModalWidget()->windowTitle());
+        text = answerTopBox();
+    });
+    fixture.boxes.show("<b>一</b>\r\n二\r三", Icon::critical, "");
+    CHECK(text == "<b>一</b>\n二\n三");
+    CHECK(title == "委任状印刷");
+    fixture.turns.then([&] {
+        title = fromQt(QApplication::activeModalWidget()->windowTitle());
+        answerTopBox();
+    });
+    fixture.boxes.show("一", Icon::information, "情報");
+    CHECK(title == "情報");
+}
+
+TEST_CASE("a file that only begins like a picture is no picture, and a picture is one")
+{
+    const QTemporaryDir folder;
+    const std::string path = fromQt(folder.filePath("wall.bmp"));
+    WindowFixture fixture;
+    fixture.world.files.put(path, "BM");
+    std::ofstream(path) << "BM and then nothing that belongs to a bitmap";
+    CHECK_THROWS_WITH_AS(fixture.windows.checkPicture(path), "ピクチャが不正です。", RuntimeError);
+
+    QPixmap(4, 3).save(toQt(path));
+    CHECK_NOTHROW(fixture.windows.checkPicture(path));
+}
+
+TEST_CASE("a notice goes away by itself")
+{
+    WindowFixture fixture;
+    frmWaitMsg notice(fixture.app);
+    fixture.windows.show(notice, Modality::modal);
+    CHECK_FALSE(notice.isLoaded());
+    CHECK(fixture.windows.windowOf(notice) == nullptr);
+}

@@ -1,0 +1,90 @@
+#include "adapters/qt/window_driver.h"
+#include "scenarios/play_check.h"
+#include "scenarios/script_driver.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+/// A play of commands that nobody could give by hand is not for the windows.
+bool isForWindows(const Play &play)
+{
+    constexpr int kBadCommand = 2;
+    return play.exitCode != kBadCommand;
+}
+
+std::vector<std::string> playFiles()
+{
+    std::vector<std::string> files;
+    for (const auto &entry : std::filesystem::directory_iterator(ININ_SCENARIOS))
+        if (entry.path().extension() == ".play") files.push_back(entry.path().string());
+    std::ranges::sort(files);
+    return files;
+}
+
+/// Every event with the site's folder taken out: the two plays have one each.
+std::string told(const PlayRecord &record, const TemporarySite &site)
+{
+    std::string all;
+    const std::string folder = site.folder().string();
+    std::string suiteFolder = folder;
+    std::ranges::replace(suiteFolder, '/', '\\');
+    std::string jsonFolder;
+    for (const char c : suiteFolder) jsonFolder += c == '\\' ? std::string("\\\\") : std::string(1, c);
+    for (const auto &step : record.events) {
+        for (std::string line : step) {
+            for (const std::string &spelled : {folder, jsonFolder, suiteFolder})
+                for (std::size_t at = 0; (at = line.find(spelled)) != std::string::npos;)
+                    line.replace(at, spelled.size(), "$APP");
+            all += line + "\n";
+        }
+        all += "--\n";
+    }
+    return all + "exit " + std::to_string(record.exitCode);
+}
+
+} // namespace
+
+TEST_CASE("the real windows tell the same story as the screen without a window")
+{
+    for (const std::string &file : playFiles()) {
+        const Play play = readPlay(file);
+        if (!isForWindows(play)) continue;
+        SUBCASE(play.claim.c_str())
+        {
+            const TemporarySite scriptSite(play);
+            const PlayRecord script = ScriptDriver().run(play, scriptSite);
+            const TemporarySite windowSite(play);
+            const PlayRecord window = WindowDriver().run(play, windowSite);
+
+            CHECK(window.errors == "");
+            CHECK_MESSAGE(firstDifference(play, window, windowSite).empty(), firstDifference(play, window, windowSite));
+            CHECK(told(window, windowSite) == told(script, scriptSite));
+        }
+    }
+}
+
+TEST_CASE("at least ten plays are driven through the windows, the search windows among them")
+{
+    const std::vector<std::string> files = playFiles();
+    const auto opens = [](const std::string &form) {
+        return [form](const std::string &file) {
+            const Play play = readPlay(file);
+            return isForWindows(play) && std::ranges::any_of(play.steps, [&](const PlayStep &step) {
+                       return std::ranges::any_of(step.expected, [&](const PlayStep::Expected &expected) {
+                           return expected.event.find(form) != std::string::npos;
+                       });
+                   });
+        };
+    };
+    CHECK(std::ranges::count_if(files, [](const std::string &file) { return isForWindows(readPlay(file)); }) >= 10);
+    CHECK(std::ranges::any_of(files, opens("frm患者検索")));
+    CHECK(std::ranges::any_of(files, opens("frm施術者検索")));
+}

@@ -1,0 +1,331 @@
+#include "adapters/sqlite/database_file.h"
+#include "adapters/sqlite/sqlite_dao.h"
+#include "data/dao_session.h"
+
+#include <doctest/doctest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace inin;
+
+namespace {
+
+constexpr const char *kTables = "CREATE TABLE STAFF (nIDNo INTEGER PRIMARY KEY, cName TEXT NOT NULL);"
+                                "INSERT INTO STAFF VALUES (1, '山田'), (2, '鈴木');"
+                                "CREATE TABLE [my table] (a INTEGER); INSERT INTO [my table] VALUES (7)";
+constexpr std::int16_t kShared = 0;
+constexpr std::int16_t kExclusive = -1;
+
+std::unique_ptr<DaoEngine> plainEngine()
+{
+    return makeSqliteDao([](const std::string &path) { return path; });
+}
+
+/// A session whose database is open.
+struct OpenDao {
+    OpenDao(DaoEngine &engine, const std::string &path, std::int16_t i排他 = kShared) : session(engine)
+    {
+        REQUIRE(session.iInit(path, i排他, "ws", "", "", dbUseJet) == 0);
+        status = session.iDbOpen();
+    }
+    [[nodiscard]] std::vector<std::string> names(const std::string &source, std::int32_t type = dbOpenSnapshot)
+    {
+        std::unique_ptr<DaoRecordset> rows;
+        std::vector<std::string> found;
+        if (session.iOpenRecordset(rows, source, type, dbReadOnly, 0) != 0) return {session.sErrMsg()};
+        for (; !rows->isEndOfFile(); rows->MoveNext()) found.push_back(shown(rows->Field("cName")));
+        CHECK(session.iCloseRecordset(rows) == 0);
+        return found;
+    }
+    /// The number with which the last failure's words begin.
+    [[nodiscard]] std::string number() const { return session.sErrMsg().substr(0, session.sErrMsg().find('\r')); }
+    clsT_Dao session;
+    std::int16_t status = -1;
+};
+
+struct DaoFile {
+    DatabaseFile file{kTables};
+    std::unique_ptr<DaoEngine> engine = plainEngine();
+};
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_CASE("rows are read by statement and by table name, streaming and at once")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    for (const std::int32_t type : {dbOpenSnapshot, dbOpenForwardOnly}) {
+        CHECK(open.names("SELECT * FROM STAFF ORDER BY nIDNo DESC", type) == Names{"鈴木", "山田"});
+        CHECK(open.names("STAFF", type) == Names{"山田", "鈴木"});
+    }
+    CHECK(open.names("STAFF", dbOpenTable) == Names{"山田", "鈴木"});
+    CHECK(open.names("[STAFF]") == Names{"山田", "鈴木"});
+}
+
+TEST_CASE("a table whose name has a blank is opened as a table")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    std::unique_ptr<DaoRecordset> rows;
+    for (const char *name : {"my table", "[my table]"}) {
+        REQUIRE(open.session.iOpenRecordset(rows, name, dbOpenTable, 0, 0) == 0);
+        CHECK(rows->fieldCount() == 1);
+        CHECK(rows->fieldName(0) == "a");
+        CHECK(shown(rows->Field("A")) == "7");
+        CHECK(open.session.iCloseRecordset(rows) == 0);
+    }
+}
+
+TEST_CASE("what cannot be opened as rows has the library's number")
+{
+    struct Source {
+        const char *source;
+        const char *number;
+    };
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    for (const Source &each :
+         {Source{"NONE", "3078"}, Source{"SELECT * FROM NONE", "3078"}, Source{"SELECT nothing FROM STAFF", "3075"},
+          Source{"DELETE FROM STAFF", "3075"}, Source{"SELECT 1; DELETE FROM STAFF", "3075"}, Source{"[a]b]", "3078"},
+          Source{"", "3078"}}) {
+        CAPTURE(each.source);
+        std::unique_ptr<DaoRecordset> rows;
+        CHECK(open.session.iOpenRecordset(rows, each.source, dbOpenSnapshot, 0, 0) == -1);
+        CHECK(open.number() == each.number);
+        CHECK(rows == nullptr);
+    }
+    CHECK(at.file.value("SELECT count(*) FROM STAFF") == "2");
+}
+
+TEST_CASE("a row has the fields of its table only, and there is none behind the last")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    std::unique_ptr<DaoRecordset> rows;
+    REQUIRE(open.session.iOpenRecordset(rows, "STAFF", dbOpenTable, 0, 0) == 0);
+    CHECK(raisedBy([&] { (void)rows->Field("cNone"); }).number == 3265);
+    rows->MoveNext();
+    rows->MoveNext();
+    CHECK(rows->isEndOfFile());
+    CHECK(raisedBy([&] { (void)rows->Field("cName"); }).number == 3021);
+    CHECK(raisedBy([&] { rows->MoveNext(); }).number == 3021);
+}
+
+TEST_CASE("a statement changes the database, with options and without")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    CHECK(open.session.iExecSQL("UPDATE STAFF SET cName = '佐藤' WHERE nIDNo = 1") == 0);
+    CHECK(open.session.iExecuteSql("DELETE FROM STAFF WHERE nIDNo = 2", dbFailOnError) == 0);
+    CHECK(at.file.value("SELECT cName FROM STAFF") == "佐藤");
+    CHECK(at.file.value("SELECT count(*) FROM STAFF") == "1");
+}
+
+TEST_CASE("a statement that fails has the library's number and the provider's words")
+{
+    struct Faulty {
+        const char *sql;
+        const char *number;
+    };
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    for (const Faulty &each :
+         {Faulty{"DELTE FROM STAFF", "3075"}, Faulty{"DELETE FROM NONE", "3078"}, Faulty{"SELECT * FROM STAFF", "3065"},
+          Faulty{"INSERT INTO STAFF VALUES (1, 'x')", "3022"}}) {
+        CAPTURE(each.sql);
+        CHECK(open.session.iExecSQL(each.sql) == -1);
+        CHECK(open.number() == each.number);
+        CHECK(open.session.sErrMsg().size() > 6);
+    }
+}
+
+TEST_CASE("a file that is not there, a folder and a file of another kind are told apart")
+{
+    DaoFile at;
+    const std::string other = at.file.path() + ".txt";
+    std::ofstream(other) << "no database at all, but long enough to look like one to somebody who is in a hurry";
+    const std::string empty = at.file.path() + ".empty";
+    std::ofstream(empty) << "";
+    struct Missing {
+        std::string path;
+        const char *words;
+    };
+    for (const Missing &each : {Missing{at.file.path() + ".none", "3024\r\nデータベースファイルが見つかりません。"},
+                                Missing{"/", "3024\r\nデータベースファイルが見つかりません。"},
+                                Missing{other, "3343\r\nデータベースの形式を認識できません。"},
+                                Missing{empty, "3343\r\nデータベースの形式を認識できません。"}}) {
+        CAPTURE(each.path);
+        const OpenDao open(*at.engine, each.path);
+        CHECK(open.status == -1);
+        CHECK(open.session.sErrMsg() == each.words);
+    }
+    std::remove(other.c_str());
+    std::remove(empty.c_str());
+}
+
+TEST_CASE("a database that was damaged behind its first bytes is refused at the opening")
+{
+    DaoFile at;
+    std::ofstream(at.file.path(), std::ios::binary) << "SQLite format 3" << '\0' << std::string(2000, 'x');
+    const OpenDao open(*at.engine, at.file.path());
+    CHECK(open.status == -1);
+    CHECK(open.number() == "3151");
+}
+
+TEST_CASE("a committed transaction stays, one that is rolled back leaves nothing")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    REQUIRE(open.session.iBeginTrans() == 0);
+    CHECK(open.session.iExecSQL("DELETE FROM STAFF WHERE nIDNo = 1") == 0);
+    CHECK(open.names("STAFF") == Names{"鈴木"});
+    CHECK(at.file.value("SELECT count(*) FROM STAFF") == "2");
+    CHECK(open.session.iRollbackTrans() == 0);
+    CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+    REQUIRE(open.session.iBeginTrans() == 0);
+    CHECK(open.session.iExecSQL("DELETE FROM STAFF WHERE nIDNo = 1") == 0);
+    CHECK(open.session.iCommitTrans() == 0);
+    CHECK(at.file.value("SELECT count(*) FROM STAFF") == "1");
+}
+
+TEST_CASE("transactions end only when they run, and do not nest")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    CHECK(open.session.iCommitTrans() == -1);
+    CHECK(open.number() == "3034");
+    CHECK(open.session.iRollbackTrans() == -1);
+    CHECK(open.number() == "3034");
+    REQUIRE(open.session.iBeginTrans() == 0);
+    CHECK(open.session.iBeginTrans() == -1);
+    CHECK(open.number() == "3003");
+    CHECK(open.session.iExecSQL("DELETE FROM STAFF") == 0);
+    CHECK(open.session.iCommitTrans() == 0);
+    CHECK(at.file.value("SELECT count(*) FROM STAFF") == "0");
+}
+
+TEST_CASE("a transaction belongs to all databases of its workspace, those opened in it too")
+{
+    const DatabaseFile second(kTables);
+    DaoFile at;
+    const auto workspace = at.engine->CreateWorkspace("ws", "", "", dbUseJet);
+    const auto first = workspace->OpenDatabase(at.file.path(), DaoWorkspace::Sharing::shared);
+    for (const bool commits : {false, true}) {
+        workspace->BeginTrans();
+        const auto late = workspace->OpenDatabase(second.path(), DaoWorkspace::Sharing::shared);
+        first->Execute("DELETE FROM STAFF WHERE nIDNo = 1", {});
+        late->Execute("DELETE FROM STAFF WHERE nIDNo = 1", {});
+        commits ? workspace->CommitTrans() : workspace->Rollback();
+        for (const DatabaseFile *file : std::initializer_list<const DatabaseFile *>{&at.file, &second})
+            CHECK(file->value("SELECT count(*) FROM STAFF") == (commits ? "1" : "2"));
+    }
+}
+
+TEST_CASE("what a closed database wrote is part of the transaction's end")
+{
+    for (const bool commits : {false, true}) {
+        DaoFile at;
+        OpenDao open(*at.engine, at.file.path());
+        REQUIRE(open.session.iBeginTrans() == 0);
+        CHECK(open.session.iExecSQL("DELETE FROM STAFF") == 0);
+        CHECK(open.session.iDbClose() == 0);
+        CHECK((commits ? open.session.iCommitTrans() : open.session.iRollbackTrans()) == 0);
+        CHECK(at.file.value("SELECT count(*) FROM STAFF") == (commits ? "0" : "2"));
+    }
+}
+
+TEST_CASE("a workspace that closes, or ends, rolls its transaction back")
+{
+    for (const bool closes : {false, true}) {
+        DaoFile at;
+        {
+            OpenDao open(*at.engine, at.file.path());
+            REQUIRE(open.session.iBeginTrans() == 0);
+            CHECK(open.session.iExecSQL("DELETE FROM STAFF") == 0);
+            if (closes) CHECK(open.session.iWorkSpaceClose() == 0);
+        }
+        CHECK(at.file.value("SELECT count(*) FROM STAFF") == "2");
+    }
+}
+
+TEST_CASE("closed objects refuse with 3420")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    std::unique_ptr<DaoRecordset> rows;
+    REQUIRE(open.session.iOpenRecordset(rows, "STAFF", dbOpenTable, 0, 0) == 0);
+    CHECK(open.session.iDbClose() == 0);
+    CHECK(raisedBy([&] { (void)rows->isEndOfFile(); }).number == 3420);
+    CHECK(open.session.iCloseRecordset(rows) == -1);
+    CHECK(open.session.iDbClose() == -1);
+    CHECK(open.session.sErrMsg() == "3420\r\nオブジェクトが無効であるか、閉じられています。");
+    CHECK(open.session.iExecSQL("DELETE FROM STAFF") == -1);
+    CHECK(open.number() == "3420");
+    CHECK(open.session.iWorkSpaceClose() == 0);
+    for (const auto operation : {&clsT_Dao::iDbOpen, &clsT_Dao::iBeginTrans, &clsT_Dao::iCommitTrans,
+                                 &clsT_Dao::iRollbackTrans, &clsT_Dao::iWorkSpaceClose}) {
+        CHECK((open.session.*operation)() == -1);
+        CHECK(open.number() == "3420");
+    }
+}
+
+TEST_CASE("a workspace that closes takes its databases along")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    CHECK(open.session.iWorkSpaceClose() == 0);
+    CHECK(open.session.iExecSQL("DELETE FROM STAFF") == -1);
+    CHECK(open.number() == "3420");
+}
+
+TEST_CASE("a closed session opens again")
+{
+    DaoFile at;
+    OpenDao open(*at.engine, at.file.path());
+    CHECK(open.session.iDbClose() == 0);
+    CHECK(open.session.iDbOpen() == 0);
+    CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+}
+
+TEST_CASE("a database opened for one session alone is in use to every other, until it closes")
+{
+    DaoFile at;
+    OpenDao alone(*at.engine, at.file.path(), kExclusive);
+    REQUIRE(alone.status == 0);
+    CHECK(alone.names("STAFF") == Names{"山田", "鈴木"});
+    for (const std::int16_t other : {kShared, kExclusive}) {
+        const OpenDao refused(*at.engine, at.file.path(), other);
+        CHECK(refused.status == -1);
+        CHECK(refused.number() == "3045");
+    }
+    CHECK(alone.session.iDbClose() == 0);
+    CHECK(OpenDao(*at.engine, at.file.path()).status == 0);
+}
+
+TEST_CASE("a database that another session writes to cannot be had alone")
+{
+    DaoFile at;
+    OpenDao writer(*at.engine, at.file.path());
+    REQUIRE(writer.session.iBeginTrans() == 0);
+    CHECK(writer.session.iExecSQL("DELETE FROM STAFF") == 0);
+    const OpenDao refused(*at.engine, at.file.path(), kExclusive);
+    CHECK(refused.status == -1);
+    CHECK(refused.number() == "3045");
+}
+
+TEST_CASE("a path with quotes and semicolons is a path")
+{
+    DaoFile at;
+    const std::string odd = at.file.path() + ";Mode=\"x\" '.db";
+    REQUIRE(std::rename(at.file.path().c_str(), odd.c_str()) == 0);
+    OpenDao open(*at.engine, odd);
+    CHECK(open.status == 0);
+    CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+    std::remove(odd.c_str());
+}

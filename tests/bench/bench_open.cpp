@@ -1,0 +1,94 @@
+// From a script of ten thousand letters to the first page on a picture, each run in a process of its own: what the
+// operator waits for before there is something to look at. The page is looked at, for a blank one is fast.
+
+#include "bench/bench_process.h"
+#include "bench/letter_job.h"
+#include "viewer/document/letter_press.h"
+#include "viewer/paint/qt_page_painter.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+namespace inin::bench {
+
+namespace {
+
+constexpr std::size_t kLetters = 10'000;
+constexpr int kRuns = 15;
+constexpr double kDotsPerInch = 150;
+
+using Clock = std::chrono::steady_clock;
+
+double millisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+int inkOf(const QImage &image)
+{
+    int ink = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) ink += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
+    return ink;
+}
+
+/// One run: prints the three parts in milliseconds.
+int openOnce(const std::string &script)
+{
+    const auto start = Clock::now();
+    const viewer::LetterSet set = viewer::openScript(script);
+    const double opened = millisecondsSince(start);
+    viewer::Fonts fonts;
+    viewer::LetterPress press(set, fonts);
+    const double prepared = millisecondsSince(start);
+    viewer::QtGlyphs glyphs;
+    const QImage page = viewer::letterImage(press, 0, kDotsPerInch, glyphs);
+    const double painted = millisecondsSince(start);
+    if (set.size() != kLetters || inkOf(page) < 10'000) throw std::runtime_error("letters or ink are missing");
+    fmt::print("{:.3f} {:.3f} {:.3f}\n", opened, prepared - opened, painted - prepared);
+    return 0;
+}
+
+struct Parts {
+    double opened = 0, prepared = 0, painted = 0;
+    [[nodiscard]] double all() const { return opened + prepared + painted; }
+};
+
+int measure(const std::string &self)
+{
+    const LetterJob job(kLetters);
+    std::vector<Parts> runs;
+    for (int i = 0; i < kRuns; ++i) {
+        static_cast<void>(runProcess({self, job.script()}, job.file("out")));
+        Parts &parts = runs.emplace_back();
+        std::ifstream(job.file("out")) >> parts.opened >> parts.prepared >> parts.painted;
+    }
+    std::ranges::sort(runs, {}, &Parts::all);
+    const Parts &middle = runs[runs.size() / 2];
+    fmt::print("bench_open: {} letters read in {:.1f} ms, form and fonts made ready in {:.1f} ms, first page at {} dpi "
+               "painted in {:.1f} ms\n",
+               kLetters, middle.opened, middle.prepared, kDotsPerInch, middle.painted);
+    fmt::print("bench_open: together {:.1f} ms, at least {:.1f}, at most {:.1f} (aim: below 50)\n", middle.all(),
+               runs.front().all(), runs.back().all());
+    return 0;
+}
+
+} // namespace
+
+} // namespace inin::bench
+
+/// bench_open, or bench_open SCRIPT for one run.
+int main(int argc, char **argv)
+try {
+    return argc > 1 ? inin::bench::openOnce(argv[1]) : inin::bench::measure(argv[0]);
+} catch (const std::exception &fault) {
+    fmt::print(stderr, "bench_open: {}\n", fault.what());
+    return 1;
+}

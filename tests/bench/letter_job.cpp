@@ -1,0 +1,46 @@
+#include "bench/letter_job.h"
+
+#include "adapters/posix/code_page_932.h"
+#include "bench/letter_rows.h"
+
+#include <fmt/format.h>
+
+#include <fstream>
+
+#include <unistd.h>
+
+namespace inin::bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string quotedLine(const std::vector<std::string> &fields)
+{
+    std::string line;
+    for (const std::string &field : fields) line += (line.empty() ? "\"" : ",\"") + field + "\"";
+    return line + "\r\n";
+}
+
+} // namespace
+
+LetterJob::LetterJob(std::size_t letters)
+    : m_path(fs::temp_directory_path() / fmt::format("bench_letters.{}.{}", ::getpid(), letters))
+{
+    fs::create_directories(m_path);
+    std::string csv = quotedLine(letterTitles());
+    for (std::size_t n = 0; n < letters; ++n) csv += quotedLine(letterRow(n));
+    std::ofstream(file("letters.csv"), std::ios::binary) << encodeCp932(csv);
+    std::ofstream(script(), std::ios::binary)
+        << encodeCp932(fmt::format("FileName,\"{}/forms/委任状37_01.wfd\"\r\nTitle,\"委任状\"\r\n"
+                                   "SetDataText,\"委任状\",\"{}\"\r\nPrintPaper, A4\r\nPrintOut\r\n",
+                                   ININ_SITE, file("letters.csv")));
+}
+
+LetterJob::~LetterJob()
+{
+    std::error_code error;
+    fs::remove_all(m_path, error);
+}
+
+} // namespace inin::bench

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+namespace inin {
+
+/// Writes a picture of a window as a small PNG; false when it cannot be written.
+[[nodiscard]] inline bool savePicture(const QPixmap &picture, const QString &file)
+{
+    constexpr int kSmallest = 0; // the PNG writer's scale of quality is one of size
+    return picture.toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", kSmallest);
+}
+
+} // namespace inin

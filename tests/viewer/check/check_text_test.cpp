@@ -1,0 +1,85 @@
+#include "viewer/check/check_text.h"
+#include "viewer/viewer_world.h"
+
+#include <doctest/doctest.h>
+#include <nlohmann/json.hpp>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+std::vector<Row> twoLettersOneWithoutHolder()
+{
+    std::vector<Row> rows(2, ordinaryRow());
+    rows[0]["保険者名"] = "高松市";
+    rows[0]["利用者氏名"] = "甲山　一";
+    rows[1]["保険者名"] = "丸亀市";
+    rows[1]["利用者氏名"] = "乙川　二";
+    rows[1]["口座名義"] = "";
+    return rows;
+}
+
+} // namespace
+
+TEST_CASE("the check tells the cause, where it is mended and the letters")
+{
+    const LetterSet set = lettersOn(svgPage(""), twoLettersOneWithoutHolder());
+    const LetterNames names(set);
+    CHECK(checkText({2, {}, {{Cause::noHolder, 1, ""}}}, names) == "2通を点検しました。1通に注意があります。\n"
+                                                                   "\n"
+                                                                   "■ 口座名義が入っていません（1通）\n"
+                                                                   "   → 会社情報に口座名義を登録してください。\n"
+                                                                   "   2番　丸亀市　乙川　二\n");
+}
+
+TEST_CASE("the check tells that nothing was found")
+{
+    const LetterSet set = lettersOn(svgPage(""), twoLettersOneWithoutHolder());
+    CHECK(checkText({2, {"お知らせ"}, {}}, LetterNames(set)) ==
+          "お知らせ\n2通を点検しました。注意が必要な委任状はありません。\n");
+}
+
+TEST_CASE("the check as JSON counts letters from 1 and keeps the causes' names")
+{
+    const LetterSet set = lettersOn(svgPage(""), twoLettersOneWithoutHolder());
+    const auto json = nlohmann::json::parse(checkJson(
+        {2, {"お知らせ"}, {{Cause::noHolder, 1, ""}, {Cause::lostCharacter, 1, "利用者氏名：?"}}}, LetterNames(set)));
+    CHECK(json["letters"] == 2);
+    CHECK(json["lettersWithFindings"] == 1);
+    CHECK(json["notices"] == nlohmann::json::array({"お知らせ"}));
+    REQUIRE(json["causes"].size() == 2);
+    CHECK(json["causes"][0]["cause"] == "noHolder");
+    CHECK(json["causes"][0]["heading"] == "口座名義が入っていません");
+    CHECK(json["causes"][0]["remedy"] == "会社情報に口座名義を登録してください。");
+    CHECK(json["causes"][0]["findings"][0]["letter"] == 2);
+    CHECK(json["causes"][0]["findings"][0]["insurer"] == "丸亀市");
+    CHECK(json["causes"][0]["findings"][0]["patient"] == "乙川　二");
+    CHECK(json["causes"][1]["findings"][0]["detail"] == "利用者氏名：?");
+}
+
+TEST_CASE("the program's check prints what is found and ends well")
+{
+    const Folder folder;
+    const std::string script = writePrintJob(folder, "委任状37_01.wfd", twoLettersOneWithoutHolder());
+    const Outcome outcome = runViewer(folder, "--check '" + script + "'");
+    CHECK(outcome.code == 0);
+    CHECK(outcome.output.find("■ 口座名義が入っていません（1通）") != std::string::npos);
+}
+
+TEST_CASE("the program's check as JSON judges all letters and tells those that are asked for")
+{
+    const Folder folder;
+    std::vector<Row> rows = twoLettersOneWithoutHolder();
+    rows.push_back(rows[1]);
+    const std::string script = writePrintJob(folder, "委任状37_01.wfd", rows);
+    const Outcome outcome = runViewer(folder, "--check --json --letters 2 '" + script + "'");
+    REQUIRE(outcome.code == 0);
+    const auto json = nlohmann::json::parse(outcome.output);
+    CHECK(json["letters"] == 1);
+    REQUIRE(json["causes"].size() == 2);
+    CHECK(json["causes"][1]["cause"] == "sameLetter");
+    CHECK(json["causes"][1]["findings"].size() == 1);
+    CHECK(json["causes"][1]["findings"][0]["detail"] == "2-3番");
+}

@@ -1,0 +1,296 @@
+#include "adapters/posix/code_page_932.h"
+#include "viewer/check/letter_check.h"
+#include "viewer/letters/csv_reader.h"
+#include "viewer/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+const char *const kBoxedName =
+    "<rect id='枠' x='20' y='30' width='50' height='10' fill='none'/>"
+    "<text x='20' y='36' style='font-family:IPAexMincho;font-size:5px' data-box='枠' data-narrowest='0.8' "
+    "data-min-size='3'>{{利用者氏名}}</text>";
+const char *const kDatedForm = "<text x='20' y='36' font-size='5'>{{会社電話番号|yyyy年}}</text>";
+
+/// The findings of letters on a form.
+std::vector<Finding> findingsOf(const std::vector<Row> &rows, const std::string &elements = {})
+{
+    const LetterSet set = lettersOn(svgPage(elements), rows);
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    return checkLetters(press);
+}
+
+std::vector<Cause> causesOf(const std::vector<Row> &rows, const std::string &elements = {})
+{
+    std::vector<Cause> causes;
+    for (const Finding &finding : findingsOf(rows, elements)) causes.push_back(finding.cause);
+    return causes;
+}
+
+/// The causes of one row that is ordinary but for one column.
+std::vector<Cause> causesWith(const std::string &column, const std::string &value)
+{
+    Row row = ordinaryRow();
+    row[column] = value;
+    return causesOf({row});
+}
+
+std::string repeated(const std::string &text, int times)
+{
+    std::string out;
+    for (int i = 0; i < times; ++i) out += text;
+    return out;
+}
+
+using Causes = std::vector<Cause>;
+
+/// A value that must be found, and one beside it that must not.
+struct ValueCase {
+    const char *column;
+    const char *value;
+    Causes causes;
+};
+
+void checkValues(const std::vector<ValueCase> &cases)
+{
+    for (const ValueCase &each : cases) {
+        CAPTURE(each.column);
+        CAPTURE(each.value);
+        CHECK(causesWith(each.column, each.value) == each.causes);
+    }
+}
+
+} // namespace
+
+TEST_CASE("an ordinary letter has no finding")
+{
+    CHECK(causesOf({ordinaryRow()}) == Causes{});
+}
+
+TEST_CASE("a letter without a company is found")
+{
+    checkValues(
+        {{"会社名称", "", {Cause::noCompany}}, {"会社名称", "　 ", {Cause::noCompany}}, {"会社名称", "鍼", {}}});
+}
+
+TEST_CASE("a bank line of blanks or of nothing but its kinds is found")
+{
+    checkValues({{"金融機関名", "  ", {Cause::blankBank}},
+                 {"金融機関名", "", {Cause::blankBank}},
+                 {"金融機関名", "銀行  支店", {Cause::blankBank}},
+                 {"金融機関名", "郵便局  ", {Cause::blankBank}},
+                 {"金融機関名", "ゆうちょ銀行  ", {}},
+                 {"金融機関名", "銀行  高松支店", {}}});
+}
+
+TEST_CASE("an account line without a number is found")
+{
+    checkValues({{"口座番号", " ", {Cause::noAccountNumber}},
+                 {"口座番号", "(普) ", {Cause::noAccountNumber}},
+                 {"口座番号", " 7654321", {}},
+                 {"口座番号", "(当) １２３", {}}});
+}
+
+TEST_CASE("a letter without an account holder is found")
+{
+    checkValues({{"口座名義", "", {Cause::noHolder}}, {"口座名義", "ｱ", {}}});
+}
+
+TEST_CASE("a letter without a householder is found")
+{
+    checkValues({{"世帯主名", "", {Cause::noHouseholder}}, {"世帯主名", "西", {}}});
+}
+
+TEST_CASE("a period that is turned round is found, and days are not held against it")
+{
+    Row row = ordinaryRow();
+    row["対象開始日"] = "2024/05/31";
+    row["対象終了日"] = "2024/05/01";
+    CHECK(causesOf({row}) == Causes{Cause::periodReversed});
+    row["対象終了日"] = "2024/05/31";
+    row["最終施術日"] = "2024/05/31";
+    row["署名日"] = "2024/05/31";
+    CHECK(causesOf({row}) == Causes{});
+}
+
+TEST_CASE("a signature date outside the period is found, its first and last day are inside")
+{
+    checkValues({{"署名日", "2024/04/30", {Cause::signatureOutside}},
+                 {"署名日", "2024/05/01", {}},
+                 {"署名日", "2024/05/31", {}},
+                 {"署名日", "2024/06/01", {Cause::signatureOutside}},
+                 {"署名日", "", {}}});
+}
+
+TEST_CASE("a last treatment day outside the period is found, in either form of the date")
+{
+    checkValues({{"最終施術日", "24/04/30", {Cause::lastDayOutside}},
+                 {"最終施術日", "24/05/01", {}},
+                 {"最終施術日", "2024/05/31", {}},
+                 {"最終施術日", "2024/06/01", {Cause::lastDayOutside}},
+                 {"最終施術日", "", {}}});
+}
+
+TEST_CASE("a text that is no date is found with its column")
+{
+    Row row = ordinaryRow();
+    row["署名日"] = "五月吉日";
+    const auto findings = findingsOf({row});
+    REQUIRE(findings.size() == 1);
+    CHECK(findings[0].cause == Cause::noDate);
+    CHECK(findings[0].detail == "署名日 五月吉日");
+}
+
+TEST_CASE("a text that a form shows as a date and that is none is found")
+{
+    CHECK(causesOf({ordinaryRow()}, kDatedForm) == Causes{Cause::noDate});
+}
+
+TEST_CASE("the same letter twice is found with both numbers, and not as the same person too")
+{
+    Row other = ordinaryRow();
+    other["利用者氏名"] = "別人";
+    const auto findings = findingsOf({ordinaryRow(), other, ordinaryRow()});
+    REQUIRE(findings.size() == 2);
+    for (const Finding &finding : findings) {
+        CHECK(finding.cause == Cause::sameLetter);
+        CHECK(finding.detail == "1,3番");
+    }
+    CHECK(findings[0].letter == 0);
+    CHECK(findings[1].letter == 2);
+}
+
+TEST_CASE("the same person twice is found, whatever blanks stand in the name")
+{
+    Row first = ordinaryRow(), second = ordinaryRow();
+    first["利用者氏名"] = "長尾　西";
+    second["利用者氏名"] = "長尾 西";
+    CHECK(causesOf({first, second}) == Causes{Cause::samePerson, Cause::samePerson});
+    second["利用者住所"] = "香川県丸亀市";
+    CHECK(causesOf({first, second}) == Causes{});
+}
+
+TEST_CASE("a crowd of the same letters names ten of them")
+{
+    const auto findings = findingsOf(std::vector<Row>(30, ordinaryRow()));
+    REQUIRE(findings.size() == 30);
+    CHECK(findings[29].detail == "1-10…番");
+}
+
+TEST_CASE("a character lost to a question mark is found with its column and text")
+{
+    Row row = ordinaryRow();
+    row["利用者氏名"] = "土?太郎";
+    const auto findings = findingsOf({row});
+    REQUIRE(findings.size() == 1);
+    CHECK(findings[0].cause == Cause::lostCharacter);
+    CHECK(findings[0].detail == "利用者氏名：土?太郎");
+    CHECK(causesWith("利用者氏名", "土？太郎") == Causes{});
+}
+
+TEST_CASE("a character that the font lacks, as a site's own one, is found")
+{
+    Row row = ordinaryRow();
+    row["利用者氏名"] = "\uE000";
+    const auto findings = findingsOf({row}, kBoxedName);
+    REQUIRE(findings.size() == 1);
+    CHECK(findings[0].cause == Cause::missingInFont);
+    CHECK(findings[0].detail == "利用者氏名：「\uE000」（U+E000）");
+}
+
+TEST_CASE("a text that had to shrink is found, and one that was only tightened is not")
+{
+    Row row = ordinaryRow();
+    row["利用者氏名"] = repeated("国", 12);
+    CHECK(causesOf({row}, kBoxedName) == Causes{});
+    row["利用者氏名"] = repeated("国", 18);
+    CHECK(causesOf({row}, kBoxedName) == Causes{Cause::shrunk});
+}
+
+TEST_CASE("a text that does not fit is found as that alone")
+{
+    Row row = ordinaryRow();
+    row["利用者氏名"] = repeated("国", 60);
+    CHECK(causesOf({row}, kBoxedName) == Causes{Cause::doesNotFit});
+}
+
+TEST_CASE("a row that cannot be read is found as that alone")
+{
+    LetterSet set = lettersOn(svgPage(kBoxedName), {ordinaryRow()});
+    set.reports.front().letters = readLetters(csvOf({ordinaryRow()}) + "\"?\",\"\"\r\n", TitleRow::first);
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    const auto findings = checkLetters(press);
+    REQUIRE(findings.size() == 1);
+    CHECK(findings[0].cause == Cause::unreadableRow);
+    CHECK(findings[0].letter == 1);
+    CHECK(findings[0].detail == "列の数が見出し行より少ない行です。");
+}
+
+TEST_CASE("findings stand by cause, then by letter")
+{
+    Row holder = ordinaryRow(), company = ordinaryRow();
+    holder["口座名義"] = "";
+    holder["利用者氏名"] = "甲";
+    company["会社名称"] = "";
+    company["口座名義"] = "";
+    const auto findings = findingsOf({holder, company});
+    REQUIRE(findings.size() == 3);
+    CHECK(findings[0].cause == Cause::noCompany);
+    CHECK(findings[1].cause == Cause::noHolder);
+    CHECK(findings[1].letter == 0);
+    CHECK(findings[2].letter == 1);
+}
+
+TEST_CASE("a file without a rule's columns is not judged by it")
+{
+    LetterSet set = lettersOn(svgPage(""), {ordinaryRow()});
+    const std::string file = encodeCp932("\"利用者氏名\"\r\n\"長尾\"\r\n");
+    set.reports.front().letters = readLetters(file, TitleRow::first);
+    set.reports.front().columns = {"利用者氏名"};
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    CHECK(checkLetters(press).empty());
+}
+
+TEST_CASE("a check in pieces finds what a check at once finds")
+{
+    std::vector<Row> rows;
+    for (int i = 0; i < 50; ++i) {
+        rows.push_back(ordinaryRow());
+        rows.back()["利用者氏名"] = "甲" + std::to_string(i);
+        if (i % 7 == 0) rows.back()["口座名義"] = "";
+        if (i % 10 == 0) rows.back()["会社名称"] = "";
+    }
+    const LetterSet set = lettersOn(svgPage(kBoxedName), rows);
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    LetterCheck check(press);
+    int pieces = 1;
+    while (check.judge(3)) ++pieces;
+    const auto findings = check.take();
+    CHECK(pieces == 17);
+    CHECK(findings.size() == 13);
+    CHECK(std::ranges::count(findings, Cause::noCompany, &Finding::cause) == 5);
+    CHECK(std::ranges::count(findings, Cause::noHolder, &Finding::cause) == 8);
+}
+
+TEST_CASE("every cause has a heading, a mark and a sentence on where it is mended")
+{
+    for (std::size_t i = 0; i < kCauses; ++i) {
+        const CauseText &text = textOf(static_cast<Cause>(i));
+        CAPTURE(text.name);
+        CHECK(text.cause == static_cast<Cause>(i));
+        CHECK(!text.heading.empty());
+        CHECK(!text.mark.empty());
+        CHECK(text.remedy.ends_with("ください。"));
+    }
+}

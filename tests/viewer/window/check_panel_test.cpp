@@ -1,0 +1,103 @@
+#include "viewer/window/window_world.h"
+
+#include <QAbstractItemModel>
+#include <QLabel>
+#include <QTest>
+#include <QTreeView>
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+struct Checked : WindowWorld {
+    Checked() : WindowWorld(rows()) { openWindow(); }
+    static std::vector<Row> rows()
+    {
+        std::vector<Row> rows = differentRows(5);
+        rows[1]["口座名義"] = "";
+        rows[4]["口座名義"] = "";
+        rows[3]["会社名称"] = "";
+        return rows;
+    }
+    [[nodiscard]] QTreeView *tree() const { return find<QTreeView>("checkTree"); }
+    [[nodiscard]] QString text(int branch, int column) const
+    {
+        return tree()->model()->index(branch, column).data().toString();
+    }
+};
+
+} // namespace
+
+TEST_CASE("the window judges the letters on opening and tells what it found by cause")
+{
+    Checked world;
+    REQUIRE(world.tree()->model()->rowCount() == 2);
+    CHECK(world.text(0, 0) == QStringLiteral("会社名が入っていません（1通）"));
+    CHECK(world.text(1, 0) == QStringLiteral("口座名義が入っていません（2通）"));
+    CHECK(world.text(1, 1) == QStringLiteral("会社情報に口座名義を登録してください。"));
+    CHECK(world.find<QLabel>("checkHeading")->text() ==
+          QStringLiteral("点検：3通に注意があります。そのまま印刷することもできます。"));
+}
+
+TEST_CASE("a click on a letter of the check shows it")
+{
+    Checked world;
+    const QModelIndex branch = world.tree()->model()->index(1, 0);
+    const QModelIndex leaf = world.tree()->model()->index(1, 0, branch);
+    REQUIRE(leaf.data().toString().startsWith(QStringLiteral("5番")));
+    world.tree()->scrollTo(leaf);
+    QTest::mouseClick(world.tree()->viewport(), Qt::LeftButton, {}, world.tree()->visualRect(leaf).center());
+    CHECK(world.find<QWidget>("pageView")->accessibleDescription().startsWith(QStringLiteral("5番　")));
+}
+
+TEST_CASE("Enter on a letter of the check shows it")
+{
+    Checked world;
+    const QModelIndex leaf = world.tree()->model()->index(0, 0, world.tree()->model()->index(0, 0));
+    world.tree()->setCurrentIndex(leaf);
+    QTest::keyClick(world.tree(), Qt::Key_Return);
+    CHECK(world.find<QWidget>("pageView")->accessibleDescription().startsWith(QStringLiteral("4番　")));
+}
+
+TEST_CASE("the list marks the letters that have findings")
+{
+    Checked world;
+    const auto *const list = world.find<QAbstractItemView>("letterList");
+    CHECK(list->model()->index(1, 3).data().toString() == QStringLiteral("口座名義なし"));
+    CHECK(list->model()->index(0, 3).data().toString().isEmpty());
+    CHECK(list->model()->index(3, 3).data(Qt::ToolTipRole).toString() ==
+          QStringLiteral(
+              "会社名が入っていません。\n　利用者の代理人か団体請求の指定と、会社情報の登録を確認してください。"));
+}
+
+TEST_CASE("the check neither ticks nor unticks a letter, and prints are not held back by it")
+{
+    Checked world;
+    CHECK(world.window->letters().ticks.count() == 5);
+    world.window->print(world.order());
+    CHECK(pageCount(world.jobPath(0)) == 5);
+}
+
+TEST_CASE("letters without findings leave only a line")
+{
+    WindowWorld world(differentRows(2));
+    world.openWindow();
+    CHECK(world.find<QLabel>("checkHeading")->text() == QStringLiteral("点検：注意が必要な委任状はありません。"));
+    CHECK(!world.find<QTreeView>("checkTree")->isVisible());
+}
+
+TEST_CASE("a form that is none of ours is told among the notices")
+{
+    WindowWorld world(differentRows(1));
+    writeBytes(world.folder.file("委任状37_01.wfd"), std::string("\x01\x02 binary", 9));
+    world.openWindow();
+    const QAbstractItemModel *const model = world.find<QTreeView>("checkTree")->model();
+    CHECK(model->index(0, 0).data().toString() == QStringLiteral("お知らせ（1件）"));
+    CHECK(model->index(0, 0, model->index(0, 0))
+              .data()
+              .toString()
+              .endsWith(QStringLiteral("はこのプログラムの帳票（SVG）ではないため、各行の内容を一覧で表示します。")));
+}

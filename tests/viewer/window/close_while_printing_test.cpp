@@ -1,0 +1,93 @@
+#include "viewer/window/window_world.h"
+
+#include <QApplication>
+#include <QStatusBar>
+#include <QTimer>
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+/// Enough letters that a print lasts until the window is told to close.
+constexpr int kMany = 120;
+
+struct Closing : WindowWorld {
+    Closing() : WindowWorld(differentRows(kMany)) { openWindow(); }
+
+    void printAndClose(CloseAnswer answer)
+    {
+        closeAnswers = {answer};
+        QTimer::singleShot(0, window.get(), [this] { window->close(); });
+        window->print(order());
+        QApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST_CASE("closing while printing asks and, if so answered, prints all and stays")
+{
+    Closing world;
+    world.printAndClose(CloseAnswer::keepPrinting);
+    REQUIRE(world.closeStates.size() == 1);
+    CHECK(world.closeStates[0].startsWith(QStringLiteral("印刷しています（")));
+    CHECK(world.closeStates[0].endsWith(QStringLiteral("／120通）。")));
+    CHECK(world.window->isVisible());
+    CHECK(pageCount(world.jobPath(0)) == kMany);
+    CHECK(world.window->statusBar()->currentMessage() == QStringLiteral("120通を印刷に送りました。"));
+}
+
+TEST_CASE("closing when the print is done loses no page")
+{
+    Closing world;
+    world.printAndClose(CloseAnswer::closeWhenDone);
+    CHECK(world.closeStates.size() == 1);
+    CHECK(!world.window->isVisible());
+    CHECK(pageCount(world.jobPath(0)) == kMany);
+    CHECK(world.told.empty());
+}
+
+TEST_CASE("a print that is cancelled to close tells which letters went out, then closes")
+{
+    Closing world;
+    world.printAndClose(CloseAnswer::cancelAndClose);
+    CHECK(!world.window->isVisible());
+    const std::size_t pages = pageCount(world.jobPath(0));
+    CHECK(pages < kMany);
+    REQUIRE(world.told.size() == 1);
+    const QString range = pages == 1 ? QStringLiteral("1") : QStringLiteral("1-%1").arg(pages);
+    CHECK(world.told[0] == QStringLiteral("印刷を中止しました。\n\n印刷に送った番号：%1\n送っていない番号：%2-120")
+                               .arg(range)
+                               .arg(pages + 1));
+}
+
+TEST_CASE("a refusal keeps the window open though it was to close")
+{
+    Closing world;
+    world.pagesPerJob = 90;
+    world.printAndClose(CloseAnswer::closeWhenDone);
+    CHECK(world.window->isVisible());
+    REQUIRE(world.told.size() == 1);
+    CHECK(world.told[0].contains(QStringLiteral("プリンター「紙」が印刷を受け付けませんでした。")));
+    CHECK(world.told[0].contains(QStringLiteral("送っていない番号：1-120")));
+}
+
+TEST_CASE("a window without a task closes without a question and keeps its place")
+{
+    WindowWorld world(differentRows(2));
+    world.openWindow();
+    CHECK(world.window->close());
+    CHECK(world.closeStates.empty());
+    CHECK(!ViewerSettings(QString::fromStdString(world.folder.file("settings.ini"))).windowPlace().isEmpty());
+}
+
+TEST_CASE("a second print waits for the first")
+{
+    Closing world;
+    QTimer::singleShot(0, world.window.get(), [&] { world.window->print(world.order()); });
+    world.window->print(world.order());
+    CHECK(world.jobs == 1);
+}

@@ -1,0 +1,137 @@
+#include "viewer/window/window_world.h"
+
+#include "viewer/window/notice_bar.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <doctest/doctest.h>
+
+#include <filesystem>
+#include <fstream>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+struct Watching {
+    Watching()
+    {
+        writeBytes(path, "a");
+        watch.watch({{path, stampOf(path)}});
+        watch.onChanged = [this](const std::string &file) { changed.push_back(file); };
+    }
+    void look(int times)
+    {
+        for (int i = 0; i < times; ++i) watch.look();
+    }
+    Folder folder;
+    std::string path = folder.file("a.csv");
+    FileWatch watch;
+    std::vector<std::string> changed;
+};
+
+QString patientAt(const WindowWorld &world, int row)
+{
+    const auto *const list = world.find<QTableView>("letterList");
+    return list->model()->index(row, 2).data().toString();
+}
+
+} // namespace
+
+TEST_CASE("a file that stays as it was read is no change")
+{
+    Watching world;
+    world.look(3);
+    CHECK(world.changed.empty());
+}
+
+TEST_CASE("a changed file is told once, when two looks see it the same")
+{
+    Watching world;
+    writeBytes(world.path, "ab");
+    world.look(1);
+    CHECK(world.changed.empty());
+    world.look(3);
+    CHECK(world.changed == std::vector<std::string>{world.path});
+}
+
+TEST_CASE("a file that is still being written is not told")
+{
+    Watching world;
+    for (const char *bytes : {"ab", "abc", "abcd"}) {
+        writeBytes(world.path, bytes);
+        world.look(1);
+    }
+    CHECK(world.changed.empty());
+    world.look(1);
+    CHECK(world.changed.size() == 1);
+}
+
+TEST_CASE("a file that is gone is no change until it is there again")
+{
+    Watching world;
+    std::filesystem::remove(world.path);
+    world.look(3);
+    CHECK(world.changed.empty());
+    writeBytes(world.path, "new");
+    world.look(2);
+    CHECK(world.changed.size() == 1);
+}
+
+TEST_CASE("a file that changes again is told again")
+{
+    Watching world;
+    writeBytes(world.path, "ab");
+    world.look(2);
+    writeBytes(world.path, "abc");
+    world.look(2);
+    CHECK(world.changed.size() == 2);
+}
+
+TEST_CASE("letters stay as they were opened when the file changes, and a notice offers to load it")
+{
+    WindowWorld world(differentRows(2));
+    world.openWindow();
+    writeBytes(world.folder.file("委任状.csv"), csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
+    world.window->lookAtFiles();
+    world.window->lookAtFiles();
+    const auto *const notice = world.find<QWidget>("noticeBar");
+    CHECK(notice->isVisible());
+    CHECK(world.find<QLabel>("noticeText")->text() ==
+          QStringLiteral("「委任状.csv」が書き換えられました。いま表示しているのは、開いたときの内容です。"));
+    CHECK(world.window->letters().set.size() == 2);
+    CHECK(patientAt(world, 0) == QStringLiteral("甲1"));
+}
+
+TEST_CASE("the notice's button loads the new letters, ticks them all and judges them anew")
+{
+    WindowWorld world(differentRows(2));
+    world.openWindow();
+    world.window->letters().ticks.setAll(false);
+    writeBytes(world.folder.file("委任状.csv"), csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
+    world.window->lookAtFiles();
+    world.window->lookAtFiles();
+    world.find<QPushButton>("noticeAction")->click();
+    world.settle();
+    CHECK(world.window->letters().set.size() == 3);
+    CHECK(world.window->letters().ticks.text() == "1-3");
+    CHECK(patientAt(world, 2) == QString::fromStdString(ordinaryRow()["利用者氏名"]));
+    CHECK(world.window->findings().size() == 3);
+    CHECK(!world.find<QWidget>("noticeBar")->isVisible());
+}
+
+TEST_CASE("letters that cannot be loaded leave those before in place, with a sentence")
+{
+    WindowWorld world(differentRows(2));
+    world.openWindow();
+    writeBytes(world.folder.file("委任状.csv"), "");
+    world.window->reload();
+    REQUIRE(world.told.size() == 1);
+    CHECK(world.told[0].contains(QStringLiteral("ファイルが空です。")));
+    CHECK(world.told[0].endsWith(QStringLiteral("前の内容をそのまま表示しています。")));
+    CHECK(patientAt(world, 1) == QStringLiteral("甲2"));
+}

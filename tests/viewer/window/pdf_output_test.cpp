@@ -1,0 +1,145 @@
+#include "viewer/window/window_world.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <doctest/doctest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <sys/resource.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+struct Writing : WindowWorld {
+    explicit Writing(int count) : WindowWorld(differentRows(count))
+    {
+        openWindow();
+        pdfFile = QString::fromStdString(out.file("out.pdf"));
+        pdfFolder = QString::fromStdString(out.path().string());
+    }
+    Folder out;
+};
+
+/// Files of this process may not grow beyond some bytes, as on a full disk.
+struct FullDisk {
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before); }
+    rlimit before{};
+};
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_CASE("a PDF of the ticked letters holds a page for each, with its own texts")
+{
+    Writing world(5);
+    world.window->letters().ticks.setText("2,5");
+    world.window->savePdf({true, false, {}});
+    const auto pages = pagesOf(world.out.file("out.pdf"));
+    REQUIRE(pages.size() == 2);
+    CHECK(pages[0].find("甲2") != std::string::npos);
+    CHECK(pages[1].find("甲5") != std::string::npos);
+    CHECK(pages[1].find("甲2") == std::string::npos);
+}
+
+TEST_CASE("a PDF of all letters does not look at the ticks")
+{
+    Writing world(5);
+    world.window->letters().ticks.setText("2");
+    world.window->savePdf({false, false, {}});
+    CHECK(pagesOf(world.out.file("out.pdf")).size() == 5);
+}
+
+TEST_CASE("a file a letter bears the name of its columns and holds that letter alone")
+{
+    Writing world(3);
+    world.window->letters().ticks.setText("1,3");
+    world.window->savePdf({true, true, QStringLiteral("{{番号}}-{{利用者氏名}}")});
+    CHECK(world.out.names() == Names{"1-甲1.pdf", "3-甲3.pdf"});
+    const auto pages = pagesOf(world.out.file("3-甲3.pdf"));
+    REQUIRE(pages.size() == 1);
+    CHECK(pages[0].find("甲3") != std::string::npos);
+}
+
+TEST_CASE("files of the same names are written over only when that is wanted")
+{
+    Writing world(2);
+    writeBytes(world.out.file("甲1.pdf"), "old");
+    world.mayReplace = false;
+    world.window->savePdf({false, true, QStringLiteral("{{利用者氏名}}")});
+    CHECK(world.told.front() == QStringLiteral("同じ名前のファイルが1個あります。上書きしますか。"));
+    CHECK(bytesOf(world.out.file("甲1.pdf")) == "old");
+    CHECK(world.out.names() == Names{"甲1.pdf"});
+    world.mayReplace = true;
+    world.window->savePdf({false, true, QStringLiteral("{{利用者氏名}}")});
+    CHECK(bytesOf(world.out.file("甲1.pdf")).starts_with("%PDF"));
+    CHECK(world.out.names() == Names{"甲1.pdf", "甲2.pdf"});
+}
+
+TEST_CASE("a path that cannot be written is told and leaves nothing")
+{
+    Writing world(2);
+    world.pdfFile = QString::fromStdString(world.out.file("gone/out.pdf"));
+    world.window->savePdf({false, false, {}});
+    REQUIRE(world.told.size() == 1);
+    CHECK(world.told[0].contains(QStringLiteral("に書き込めません。")));
+    CHECK(world.out.names().empty());
+}
+
+TEST_CASE("a full disk is told, leaves nothing half-written and the older file as it was")
+{
+    Writing world(50);
+    writeBytes(world.out.file("out.pdf"), "old");
+    {
+        const FullDisk disk(4096);
+        world.window->savePdf({false, false, {}});
+    }
+    REQUIRE(world.told.size() == 1);
+    CHECK(world.told[0].contains(QStringLiteral("に書き込めません。")));
+    CHECK(world.out.names() == Names{"out.pdf"});
+    CHECK(bytesOf(world.out.file("out.pdf")) == "old");
+}
+
+TEST_CASE("a full disk in the middle of many files leaves whole ones alone")
+{
+    Writing world(3);
+    {
+        const FullDisk disk(4096);
+        world.window->savePdf({false, true, QStringLiteral("{{番号}}")});
+    }
+    CHECK(world.told.size() == 1);
+    CHECK(world.out.names().empty());
+}
+
+TEST_CASE("nothing is asked or written when no letter is ticked")
+{
+    Writing world(2);
+    world.window->letters().ticks.setAll(false);
+    world.window->savePdf({true, false, {}});
+    CHECK(world.told == std::vector<QString>{QStringLiteral("保存する委任状が選ばれていません。")});
+    CHECK(world.out.names().empty());
+}
+
+TEST_CASE("closing while files are written and cancelling leaves whole files alone")
+{
+    Writing world(300);
+    world.closeAnswers = {CloseAnswer::cancelAndClose};
+    QTimer::singleShot(0, world.window.get(), [&] { world.window->close(); });
+    world.window->savePdf({false, true, QStringLiteral("{{番号}}")});
+    QCoreApplication::processEvents();
+    CHECK(!world.window->isVisible());
+    const Names names = world.out.names();
+    CHECK(names.size() < 300);
+    for (const std::string &name : names) CHECK(bytesOf(world.out.file(name)).ends_with("%%EOF\n"));
+}

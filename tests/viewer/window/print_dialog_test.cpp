@@ -1,0 +1,211 @@
+#include "viewer/window/window_world.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTest>
+#include <QTimer>
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+struct Dialog {
+    Folder folder;
+    ViewerSettings settings{QString::fromStdString(folder.file("settings.ini"))};
+    LetterTicks ticks{9};
+    std::vector<PrinterChoice> printers{{QStringLiteral("一階"), {}, false, QPrinter::DuplexNone},
+                                        {QStringLiteral("二階"), {}, true, QPrinter::DuplexLongSide}};
+    PrintDialog dialog{ticks, settings, printers};
+
+    template <class Widget> Widget *find(const char *name) { return dialog.findChild<Widget *>(QLatin1String(name)); }
+};
+
+} // namespace
+
+TEST_CASE("the system's own printer is chosen at first, one copy, its own sides, one job")
+{
+    Dialog world;
+    const PrintOrder order = world.dialog.order();
+    CHECK(order.printer == QStringLiteral("二階"));
+    CHECK(order.copies == 1);
+    CHECK(order.duplex == QPrinter::DuplexLongSide);
+    CHECK(order.lettersPerJob == 0);
+    CHECK(order.offset == PrinterOffset{});
+}
+
+TEST_CASE("sides follow the chosen printer until they are chosen")
+{
+    Dialog world;
+    world.find<QComboBox>("printer")->setCurrentIndex(0);
+    CHECK(world.dialog.order().duplex == QPrinter::DuplexNone);
+    world.find<QComboBox>("duplex")->setCurrentIndex(3);
+    CHECK(world.dialog.order().duplex == QPrinter::DuplexShortSide);
+}
+
+TEST_CASE("an offset is kept for the printer that it was set for")
+{
+    Dialog world;
+    world.find<QDoubleSpinBox>("offsetRight")->setValue(1.5);
+    world.find<QDoubleSpinBox>("offsetDown")->setValue(-0.3);
+    CHECK(world.dialog.order().offset == PrinterOffset{15, -3});
+    world.find<QPushButton>("printNow")->click();
+    PrintDialog again(world.ticks, world.settings, world.printers);
+    CHECK(again.order().printer == QStringLiteral("二階"));
+    CHECK(again.order().offset == PrinterOffset{15, -3});
+    again.findChild<QComboBox *>(QStringLiteral("printer"))->setCurrentIndex(0);
+    CHECK(again.order().offset == PrinterOffset{});
+}
+
+TEST_CASE("jobs of n letters are remembered")
+{
+    Dialog world;
+    world.find<QRadioButton>("manyJobs")->setChecked(true);
+    world.find<QSpinBox>("lettersPerJob")->setValue(20);
+    world.find<QPushButton>("printNow")->click();
+    PrintDialog again(world.ticks, world.settings, world.printers);
+    CHECK(again.order().lettersPerJob == 20);
+}
+
+TEST_CASE("the dialog does not print while its box cannot be read")
+{
+    Dialog world;
+    world.dialog.show();
+    auto *const box = world.find<QLineEdit>("rangeBox");
+    box->setText({});
+    QTest::keyClicks(box, QStringLiteral("3-"));
+    QTest::keyClicks(box, QStringLiteral("x"));
+    world.find<QPushButton>("printNow")->click();
+    CHECK(world.dialog.isVisible());
+    CHECK(world.find<QLabel>("rangeFault")->text() == QStringLiteral("番号の指定「3-x」は読めません。例：1-3,5"));
+    // The refusal has selected the whole box.
+    QTest::keyClick(box, Qt::Key_End);
+    QTest::keyClick(box, Qt::Key_Backspace);
+    CHECK(world.ticks.text() == "3-9");
+    world.find<QPushButton>("printNow")->click();
+    CHECK(!world.dialog.isVisible());
+    CHECK(world.dialog.result() == QDialog::Accepted);
+}
+
+TEST_CASE("without a letter or a printer the dialog cannot print, and says what to do")
+{
+    Dialog world;
+    QTest::keyClick(world.find<QLineEdit>("rangeBox"), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(world.find<QLineEdit>("rangeBox"), Qt::Key_Delete);
+    CHECK(!world.find<QPushButton>("printNow")->isEnabled());
+    LetterTicks ticks(3);
+    PrintDialog none(ticks, world.settings, {});
+    none.show();
+    CHECK(!none.findChild<QPushButton *>(QStringLiteral("printNow"))->isEnabled());
+    CHECK(none.findChild<QLabel *>(QStringLiteral("printNote"))->isVisible());
+    CHECK(none.order().printer.isEmpty());
+}
+
+TEST_CASE("the ruler page is printed with the offset that stands in the boxes")
+{
+    Dialog world;
+    std::vector<PrintOrder> orders;
+    world.dialog.onRulerPage = [&](const PrintOrder &order) {
+        orders.push_back(order);
+        return std::string("だめ");
+    };
+    world.find<QDoubleSpinBox>("offsetDown")->setValue(2.5);
+    world.dialog.show();
+    world.find<QPushButton>("rulerPage")->click();
+    REQUIRE(orders.size() == 1);
+    CHECK(orders[0].offset == PrinterOffset{0, 25});
+    CHECK(world.find<QLabel>("printNote")->text() == QStringLiteral("だめ"));
+    CHECK(world.dialog.isVisible());
+}
+
+TEST_CASE("a script that asks for the dialog opens it first, and the window closes when all is printed")
+{
+    WindowWorld world(differentRows(3));
+    world.openWindow();
+    bool wasOpen = false;
+    QTimer::singleShot(50, world.window.get(), [&] {
+        auto *const dialog = world.window->findChild<QDialog *>(QStringLiteral("printDialog"));
+        REQUIRE(dialog != nullptr);
+        wasOpen = true;
+        dialog->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
+    });
+    world.window->start();
+    const bool isClosed = QTest::qWaitFor([&] { return !world.window->isVisible(); });
+    CHECK(wasOpen);
+    CHECK(pageCount(world.jobPath(0)) == 3);
+    CHECK(isClosed);
+}
+
+TEST_CASE("a dialog that is put away leaves the letters on the screen")
+{
+    WindowWorld world(differentRows(3));
+    world.openWindow();
+    QTimer::singleShot(50, world.window.get(),
+                       [&] { world.window->findChild<QDialog *>(QStringLiteral("printDialog"))->reject(); });
+    world.window->start();
+    QTest::qWait(200);
+    CHECK(world.jobs == 0);
+    CHECK(world.window->isVisible());
+}
+
+namespace {
+
+/// The window's script with another last line.
+void endScriptWith(const WindowWorld &world, const std::string &line)
+{
+    const std::string script = bytesOf(world.script);
+    const std::string dialog = "PrintOutFromDialog";
+    writeBytes(world.script, script.substr(0, script.find(dialog)) + line + "\r\n");
+}
+
+} // namespace
+
+TEST_CASE("a script that asks for a print prints without a question, with the remembered settings")
+{
+    WindowWorld world(differentRows(3));
+    endScriptWith(world, "PrintOut");
+    {
+        ViewerSettings settings(QString::fromStdString(world.folder.file("settings.ini")));
+        settings.setOffset(QStringLiteral("紙"), {5, -5});
+        REQUIRE(settings.save());
+    }
+    world.openWindow();
+    world.window->start();
+    CHECK(QTest::qWaitFor([&] { return !world.window->isVisible(); }));
+    REQUIRE(world.orders.size() == 1);
+    CHECK(world.orders[0].offset == PrinterOffset{5, -5});
+    CHECK(pageCount(world.jobPath(0)) == 3);
+}
+
+TEST_CASE("a print without any printer is told and leaves the letters on the screen")
+{
+    WindowWorld world(differentRows(3));
+    endScriptWith(world, "PrintOut");
+    world.printers.clear();
+    world.openWindow();
+    world.window->start();
+    CHECK(QTest::qWaitFor([&] { return !world.told.empty(); }));
+    CHECK(world.told ==
+          std::vector<QString>{QStringLiteral("使えるプリンターがありません。PDF に保存することはできます。")});
+    CHECK(world.window->isVisible());
+}
+
+TEST_CASE("a script that asks for a preview opens nothing but the window")
+{
+    WindowWorld world(differentRows(3));
+    endScriptWith(world, "ShowWindow,2");
+    world.openWindow();
+    world.window->start();
+    QTest::qWait(100);
+    CHECK(world.window->findChild<QDialog *>(QStringLiteral("printDialog")) == nullptr);
+    CHECK(world.jobs == 0);
+    CHECK(world.window->isVisible());
+}

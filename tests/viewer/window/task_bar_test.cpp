@@ -1,0 +1,78 @@
+#include "viewer/window/task_bar.h"
+#include "viewer/window/window_world.h"
+
+#include <QElapsedTimer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <doctest/doctest.h>
+
+#include <stdexcept>
+#include <thread>
+
+using namespace inin::viewer;
+
+namespace {
+
+using Tell = std::function<bool(std::size_t)>;
+
+void rest()
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(35));
+}
+
+} // namespace
+
+TEST_CASE("a short task shows no progress")
+{
+    TaskBar bar;
+    bool wasSeen = false;
+    bar.run(QStringLiteral("短い"), 3, [&](const Tell &tell) {
+        for (std::size_t i = 1; i <= 3; ++i) wasSeen = !tell(i) || bar.isVisible() || wasSeen;
+    });
+    CHECK(!wasSeen);
+    CHECK(!bar.isRunning());
+}
+
+TEST_CASE("a task shows how far it is after half a second, and is hidden when it is done")
+{
+    TaskBar bar;
+    QElapsedTimer since;
+    since.start();
+    qint64 shownAt = 0;
+    int value = 0;
+    bar.run(QStringLiteral("長い"), 1000, [&](const Tell &tell) {
+        for (std::size_t i = 1; i <= 1000 && since.elapsed() < 800; ++i) {
+            rest();
+            (void)tell(i);
+            if (bar.isVisible() && shownAt == 0) shownAt = since.elapsed();
+            value = bar.findChild<QProgressBar *>()->value();
+        }
+    });
+    CHECK(shownAt >= 500);
+    CHECK(shownAt < 800);
+    CHECK(value > 5);
+    CHECK(!bar.isVisible());
+}
+
+TEST_CASE("the cancel button ends a task")
+{
+    TaskBar bar;
+    std::size_t done = 0;
+    bar.run(QStringLiteral("長い"), 1000, [&](const Tell &tell) {
+        while (done < 1000 && tell(done)) {
+            if (++done == 3) bar.findChild<QPushButton *>()->click();
+        }
+    });
+    CHECK(done == 3);
+}
+
+TEST_CASE("a task that fails leaves the bar ready for the next")
+{
+    TaskBar bar;
+    int changes = 0;
+    bar.onRunningChanged = [&] { ++changes; };
+    CHECK_THROWS_AS(bar.run(QStringLiteral("だめ"), 1, [](const Tell &) { throw std::runtime_error("x"); }),
+                    std::runtime_error);
+    CHECK(!bar.isRunning());
+    CHECK(changes == 2);
+}

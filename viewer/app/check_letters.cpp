@@ -1,0 +1,28 @@
+#include "viewer/app/check_letters.h"
+
+#include "viewer/check/check_text.h"
+#include "viewer/document/letter_list.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+void tellCheck(const ViewCommand &command)
+{
+    const LetterSet set = openScript(command.script);
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
+    std::ranges::sort(letters);
+    CheckReport report{letters.size(), set.notices, checkLetters(press)};
+    report.notices.insert(report.notices.end(), fonts.notices().begin(), fonts.notices().end());
+    // All letters are judged even when few are asked for: a twin may be among the others.
+    std::erase_if(report.findings,
+                  [&](const Finding &finding) { return !std::ranges::binary_search(letters, finding.letter); });
+    const LetterNames names(set);
+    fmt::print("{}", command.json ? checkJson(report, names) : checkText(report, names));
+}
+
+} // namespace inin::viewer

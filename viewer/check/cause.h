@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace inin::viewer {
+
+/// What can be wrong with a letter before it is printed, in the order in which it is told.
+enum class Cause : std::uint8_t {
+    unreadableRow,
+    noCompany,
+    blankBank,
+    noAccountNumber,
+    noHolder,
+    noDate,
+    periodReversed,
+    signatureOutside,
+    lastDayOutside,
+    noHouseholder,
+    sameLetter,
+    samePerson,
+    lostCharacter,
+    missingInFont,
+    doesNotFit,
+    shrunk,
+};
+inline constexpr std::size_t kCauses = 16;
+
+/// How a cause is told: its name for programs, and in Japanese a mark, a heading and the sentence on where it is mended.
+struct CauseText {
+    Cause cause;
+    std::string_view name;
+    std::string_view mark;
+    std::string_view heading;
+    std::string_view remedy;
+};
+[[nodiscard]] const CauseText &textOf(Cause cause);
+
+} // namespace inin::viewer

@@ -1,0 +1,79 @@
+#include "viewer/check/check_text.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <iterator>
+#include <span>
+
+namespace inin::viewer {
+
+namespace {
+
+using Findings = std::span<const Finding>;
+
+/// Calls `tell` with the findings of each cause.
+template <class Tell> void byCause(const std::vector<Finding> &findings, const Tell &tell)
+{
+    for (auto begin = findings.begin(); begin != findings.end();) {
+        const Cause cause = begin->cause;
+        const auto end = std::find_if(begin, findings.end(), [&](const Finding &f) { return f.cause != cause; });
+        tell(textOf(cause), Findings(begin, end));
+        begin = end;
+    }
+}
+
+} // namespace
+
+std::size_t lettersIn(const std::vector<Finding> &findings)
+{
+    std::vector<std::size_t> letters;
+    letters.reserve(findings.size());
+    for (const Finding &finding : findings) letters.push_back(finding.letter);
+    std::ranges::sort(letters);
+    return static_cast<std::size_t>(std::unique(letters.begin(), letters.end()) - letters.begin());
+}
+
+std::string checkText(const CheckReport &report, const LetterNames &names)
+{
+    std::string text;
+    const auto line = std::back_inserter(text);
+    for (const std::string &notice : report.notices) fmt::format_to(line, "{}\n", notice);
+    if (report.findings.empty()) {
+        fmt::format_to(line, "{}通を点検しました。注意が必要な委任状はありません。\n", report.letters);
+        return text;
+    }
+    fmt::format_to(line, "{}通を点検しました。{}通に注意があります。\n", report.letters, lettersIn(report.findings));
+    byCause(report.findings, [&](const CauseText &cause, Findings findings) {
+        const std::size_t letters = lettersIn({findings.begin(), findings.end()});
+        fmt::format_to(line, "\n■ {}（{}通）\n   → {}\n", cause.heading, letters, cause.remedy);
+        for (const Finding &finding : findings)
+            fmt::format_to(line, "   {}{}{}\n", names.titleOf(finding.letter), finding.detail.empty() ? "" : "　…　",
+                           finding.detail);
+    });
+    return text;
+}
+
+std::string checkJson(const CheckReport &report, const LetterNames &names)
+{
+    nlohmann::ordered_json json = {{"letters", report.letters},
+                                   {"lettersWithFindings", lettersIn(report.findings)},
+                                   {"notices", report.notices},
+                                   {"causes", nlohmann::ordered_json::array()}};
+    byCause(report.findings, [&](const CauseText &cause, Findings findings) {
+        nlohmann::ordered_json letters = nlohmann::ordered_json::array();
+        for (const Finding &finding : findings)
+            letters.push_back({{"letter", finding.letter + 1},
+                               {"insurer", names.insurer(finding.letter)},
+                               {"patient", names.patient(finding.letter)},
+                               {"detail", finding.detail}});
+        json["causes"].push_back({{"cause", cause.name},
+                                  {"heading", cause.heading},
+                                  {"remedy", cause.remedy},
+                                  {"findings", std::move(letters)}});
+    });
+    return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,118 @@
+#include "viewer/check/letter_check.h"
+
+#include "viewer/check/row_rules.h"
+#include "viewer/check/twins.h"
+#include "viewer/document/letter_list.h"
+#include "viewer/document/mark_text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <deque>
+
+namespace inin::viewer {
+
+namespace {
+
+/// Lays letters out without painting them, for their marks.
+class BlindPainter : public PagePainter {
+public:
+    void paint(const PathCommand &) override {}
+    void paint(const GlyphRun &) override {}
+};
+
+/// More numbers than this are cut: thousands of twins would each name all the others.
+constexpr std::size_t kMostNamed = 10;
+
+std::string twinsText(const Twins &twins, std::size_t firstLetter)
+{
+    std::vector<std::size_t> letters(twins.begin(),
+                                     twins.begin() + static_cast<std::ptrdiff_t>(std::min(twins.size(), kMostNamed)));
+    for (std::size_t &letter : letters) letter += firstLetter;
+    return letterListText(letters) + (twins.size() > kMostNamed ? "…番" : "番");
+}
+
+} // namespace
+
+struct LetterCheck::Rules {
+    std::deque<RowRules> ofReports; ///< beside the reports
+    std::vector<RowFinding> found;
+    BlindPainter painter;
+};
+
+LetterCheck::LetterCheck(LetterPress &press) : m_press(press), m_rules(std::make_unique<Rules>())
+{
+    for (const LetterReport &report : press.set().reports) m_rules->ofReports.emplace_back(report.letters);
+}
+
+LetterCheck::~LetterCheck() = default;
+
+bool LetterCheck::judge(std::size_t letters)
+{
+    const std::size_t count = m_press.set().size();
+    if (m_next == 0) addTwins();
+    for (const std::size_t end = m_next + std::min(letters, count - m_next); m_next < end; ++m_next)
+        judgeLetter(m_next);
+    return m_next < count;
+}
+
+void LetterCheck::judgeLetter(std::size_t letter)
+{
+    const LetterSet::Place place = m_press.set().placeOf(letter);
+    std::vector<RowFinding> &found = m_rules->found;
+    found.clear();
+    m_rules->ofReports[place.report].judge(place.row, found);
+    for (RowFinding &finding : found) m_found.push_back({finding.cause, letter, std::move(finding.detail)});
+    if (m_press.set().reports[place.report].letters.fault(place.row) == RowFault::none) addMarks(letter);
+}
+
+void LetterCheck::addMarks(std::size_t letter)
+{
+    const bool datesAreTold = std::ranges::count(m_rules->found, Cause::noDate, &RowFinding::cause) != 0;
+    for (const FieldMark &mark : m_press.paintFields(letter, m_rules->painter)) {
+        const std::string columns = columnNames(m_press.layoutOf(letter), mark);
+        if (mark.noDate && !datesAreTold) m_found.push_back({Cause::noDate, letter, columns});
+        if (!mark.missing.empty())
+            m_found.push_back(
+                {Cause::missingInFont, letter, fmt::format("{}：{}", columns, charactersText(mark.missing))});
+        if (mark.doesNotFit)
+            m_found.push_back({Cause::doesNotFit, letter, columns});
+        else if (mark.shrunk)
+            m_found.push_back({Cause::shrunk, letter, columns});
+    }
+}
+
+/// Twins are looked for inside a report: a merge may well hold two forms for the same person.
+void LetterCheck::addTwins()
+{
+    std::size_t first = 0;
+    for (const LetterReport &report : m_press.set().reports) {
+        const auto add = [&](Cause cause, const std::vector<Twins> &groups) {
+            for (const Twins &twins : groups) {
+                const std::string text = twinsText(twins, first);
+                for (const std::size_t row : twins) m_found.push_back({cause, first + row, text});
+            }
+        };
+        add(Cause::sameLetter, sameLetters(report.letters));
+        add(Cause::samePerson, samePersons(report.letters));
+        first += report.letters.size();
+    }
+}
+
+std::vector<Finding> LetterCheck::take()
+{
+    std::ranges::stable_sort(m_found, [](const Finding &a, const Finding &b) {
+        return a.cause != b.cause ? a.cause < b.cause : a.letter < b.letter;
+    });
+    return std::move(m_found);
+}
+
+std::vector<Finding> checkLetters(LetterPress &press)
+{
+    LetterCheck check(press);
+    while (check.judge(press.set().size())) {
+    }
+    return check.take();
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,88 @@
+#include "viewer/check/twins.h"
+
+#include <algorithm>
+#include <numeric>
+#include <string>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr std::string_view kWideBlank = "\u3000";
+
+std::vector<std::size_t> readableRows(const LetterTable &table)
+{
+    std::vector<std::size_t> rows(table.size());
+    std::iota(rows.begin(), rows.end(), std::size_t{0});
+    std::erase_if(rows, [&](std::size_t row) { return table.fault(row) != RowFault::none; });
+    return rows;
+}
+
+/// Sorts the rows by `before` and gives the runs of two and more in which none is before another.
+template <class Before> std::vector<Twins> runsOf(std::vector<std::size_t> rows, const Before &before)
+{
+    std::ranges::stable_sort(rows, before);
+    std::vector<Twins> groups;
+    for (auto begin = rows.begin(); begin != rows.end();) {
+        const auto end = std::find_if(begin, rows.end(), [&](std::size_t row) { return before(*begin, row); });
+        if (end - begin > 1) groups.emplace_back(begin, end);
+        begin = end;
+    }
+    return groups;
+}
+
+auto comesBefore(const LetterTable &table)
+{
+    return [&table](std::size_t a, std::size_t b) {
+        // From the last column on: the first ones are the same in all rows of a run.
+        for (std::size_t column = table.columns().size(); column-- > 0;) {
+            const int order = table.value(a, column).compare(table.value(b, column));
+            if (order != 0) return order < 0;
+        }
+        return false;
+    };
+}
+
+void appendWithoutBlanks(std::string &out, std::string_view text)
+{
+    while (!text.empty()) {
+        if (text.starts_with(kWideBlank)) {
+            text.remove_prefix(kWideBlank.size());
+            continue;
+        }
+        if (text.front() != ' ') out += text.front();
+        text.remove_prefix(1);
+    }
+}
+
+} // namespace
+
+std::vector<Twins> sameLetters(const LetterTable &table)
+{
+    return runsOf(readableRows(table), comesBefore(table));
+}
+
+std::vector<Twins> samePersons(const LetterTable &table)
+{
+    const auto name = table.columnOf("利用者氏名"), address = table.columnOf("利用者住所");
+    if (!name || !address) return {};
+    std::vector<std::size_t> rows = readableRows(table);
+    std::vector<std::string> persons(table.size());
+    for (const std::size_t row : rows) {
+        appendWithoutBlanks(persons[row], table.value(row, *name));
+        if (persons[row].empty()) continue;
+        persons[row] += '\n';
+        appendWithoutBlanks(persons[row], table.value(row, *address));
+    }
+    std::erase_if(rows, [&](std::size_t row) { return persons[row].empty(); });
+    std::vector<Twins> groups =
+        runsOf(std::move(rows), [&](std::size_t a, std::size_t b) { return persons[a] < persons[b]; });
+    const auto before = comesBefore(table);
+    std::erase_if(groups, [&](const Twins &twins) {
+        return std::ranges::none_of(
+            twins, [&](std::size_t row) { return before(row, twins.front()) || before(twins.front(), row); });
+    });
+    return groups;
+}
+
+} // namespace inin::viewer

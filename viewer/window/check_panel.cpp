@@ -1,0 +1,65 @@
+#include "viewer/window/check_panel.h"
+
+#include "viewer/check/check_text.h"
+#include "viewer/window/finding_index.h"
+#include "viewer/window/open_letters.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+CheckPanel::CheckPanel(QWidget *parent) : QWidget(parent), m_heading(new QLabel(this)), m_tree(new QTreeView(this))
+{
+    m_heading->setObjectName(u"checkHeading"_s);
+    m_tree->setObjectName(u"checkTree"_s);
+    m_tree->setAccessibleName(u"点検の結果"_s);
+    m_tree->setModel(&m_model);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_tree->setAllColumnsShowFocus(true);
+    constexpr int kHeadingWidth = 20;
+    m_tree->setColumnWidth(0, m_tree->fontMetrics().horizontalAdvance(u'漢') * kHeadingWidth);
+    QObject::connect(m_tree, &QTreeView::clicked, this, [this](const QModelIndex &index) { open(index); });
+    QObject::connect(m_tree, &QTreeView::activated, this, [this](const QModelIndex &index) { open(index); });
+    auto *const layout = new QVBoxLayout(this);
+    constexpr int kRoom = 6;
+    layout->setContentsMargins(kRoom, kRoom, kRoom, kRoom);
+    layout->addWidget(m_heading);
+    layout->addWidget(m_tree);
+}
+
+void CheckPanel::open(const QModelIndex &index) const
+{
+    if (const auto letter = m_model.letterAt(index); letter && onLetter) onLetter(*letter);
+}
+
+QString CheckPanel::heading() const
+{
+    return m_heading->text();
+}
+
+void CheckPanel::showRunning()
+{
+    m_heading->setText(u"点検しています…"_s);
+}
+
+void CheckPanel::show(const OpenLetters *letters, const FindingIndex *findings)
+{
+    m_model.show(letters, findings);
+    const std::size_t marked = lettersIn(findings->all());
+    m_heading->setText(marked == 0 ? u"点検：注意が必要な委任状はありません。"_s
+                                   : u"点検：%1通に注意があります。そのまま印刷することもできます。"_s.arg(marked));
+    // Without rows only the heading stays.
+    m_tree->setVisible(hasRows());
+    setMaximumHeight(hasRows() ? QWIDGETSIZE_MAX : sizeHint().height());
+    // A few findings are read at a glance; many are opened cause by cause.
+    constexpr std::size_t kFew = 30;
+    if (findings->all().size() + letters->notices.size() <= kFew) m_tree->expandAll();
+}
+
+} // namespace inin::viewer

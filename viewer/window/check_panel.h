@@ -1,0 +1,36 @@
+#pragma once
+
+#include "viewer/window/check_model.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QTreeView;
+
+namespace inin::viewer {
+
+/// What the check found, below the page. A click or Enter on a letter shows it.
+class CheckPanel : public QWidget {
+public:
+    explicit CheckPanel(QWidget *parent = nullptr);
+
+    /// Both must outlive their showing.
+    void show(const OpenLetters *letters, const FindingIndex *findings);
+    /// While the letters are being judged.
+    void showRunning();
+    /// What was found, in a line.
+    [[nodiscard]] QString heading() const;
+    [[nodiscard]] bool hasRows() const { return m_model.rowCount() > 0; }
+    std::function<void(std::size_t letter)> onLetter;
+
+private:
+    void open(const QModelIndex &index) const;
+
+    CheckModel m_model;
+    QLabel *m_heading;
+    QTreeView *m_tree;
+};
+
+} // namespace inin::viewer

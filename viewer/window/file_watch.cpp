@@ -1,0 +1,40 @@
+#include "viewer/window/file_watch.h"
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+FileWatch::FileWatch()
+{
+    constexpr int kEvery = 1000;
+    m_timer.setInterval(kEvery);
+    m_timer.callOnTimeout([this] { look(); });
+}
+
+void FileWatch::watch(std::vector<StampedFile> files)
+{
+    // Reports of a merge may well share a file.
+    std::ranges::sort(files, {}, &StampedFile::path);
+    const auto isSame = [](const StampedFile &a, const StampedFile &b) { return a.path == b.path; };
+    files.erase(std::unique(files.begin(), files.end(), isSame), files.end());
+    m_files.clear();
+    for (StampedFile &file : files) m_files.push_back({file, file.stamp, file.stamp});
+    m_timer.start();
+}
+
+void FileWatch::look()
+{
+    for (Watched &file : m_files) {
+        const FileStamp now = stampOf(file.read.path);
+        const bool isSettled = now == file.last;
+        file.last = now;
+        if (!isSettled || !now.exists || now == file.told) continue;
+        file.told = now;
+        // Told last: what is done about it may well begin to watch other files.
+        const auto tell = onChanged;
+        const std::string path = file.read.path;
+        if (tell) return tell(path);
+    }
+}
+
+} // namespace inin::viewer

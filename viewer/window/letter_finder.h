@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace inin::viewer {
+
+struct OpenLetters;
+
+/// The text as it is searched: without blanks, in one width and case, hiragana as katakana, and the rarer shapes of
+/// common name characters (髙, 﨑, 𠮷 …) as the common ones.
+[[nodiscard]] QString searchKey(const QString &text);
+
+enum class Direction { forward, backward };
+
+/// Finds letters by any of their texts.
+class LetterFinder {
+public:
+    /// `letters` must outlive this. Nothing is read before the first search.
+    explicit LetterFinder(const OpenLetters &letters) : m_letters(letters) {}
+
+    /// The next letter behind `from` that holds the text, going round; `from` itself is the last one looked at.
+    /// Nothing for an empty text.
+    [[nodiscard]] std::optional<std::size_t> next(const QString &text, std::size_t from, Direction direction);
+    /// Whether one letter holds the text.
+    [[nodiscard]] bool holds(std::size_t letter, const QString &text);
+    /// How many letters hold the text.
+    [[nodiscard]] std::size_t count(const QString &text);
+
+private:
+    void readLetters();
+
+    const OpenLetters &m_letters;
+    std::vector<QString> m_keys;
+};
+
+} // namespace inin::viewer

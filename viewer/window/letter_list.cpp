@@ -1,0 +1,81 @@
+#include "viewer/window/letter_list.h"
+
+#include "viewer/window/letter_list_model.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(parent), m_model(model)
+{
+    setObjectName(u"letterList"_s);
+    setAccessibleName(u"委任状の一覧"_s);
+    setModel(&model);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    verticalHeader()->hide();
+    // Rows of one height: ten thousand of them are not measured one by one.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    constexpr int kRowRoom = 8;
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
+    const int wide = fontMetrics().horizontalAdvance(u'漢');
+    constexpr int kNumberWidth = 5, kInsurerWidth = 9, kPatientWidth = 8;
+    setColumnWidth(LetterListModel::number, wide * kNumberWidth);
+    setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
+    setColumnWidth(LetterListModel::patient, wide * kPatientWidth);
+    // The marks take what is left; the tips tell what does not fit.
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setHighlightSections(false);
+}
+
+std::size_t LetterList::current() const
+{
+    return currentIndex().isValid() ? static_cast<std::size_t>(currentIndex().row()) : 0;
+}
+
+void LetterList::setCurrent(std::size_t letter)
+{
+    const QModelIndex index = m_model.index(static_cast<int>(letter), 0);
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+void LetterList::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (current.isValid() && current.row() != previous.row() && onCurrent)
+        onCurrent(static_cast<std::size_t>(current.row()));
+}
+
+void LetterList::toggleSelected()
+{
+    const QModelIndexList rows = selectionModel()->selectedRows(LetterListModel::number);
+    const bool allTicked = std::all_of(rows.begin(), rows.end(), [](const QModelIndex &row) {
+        return row.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    });
+    for (const QModelIndex &row : rows)
+        m_model.setData(row, allTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+void LetterList::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space) return toggleSelected();
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && onEnter) return onEnter();
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
+        // In a plain table these keys run along the row.
+        if (m_model.rowCount() > 0)
+            setCurrent(event->key() == Qt::Key_Home ? 0 : static_cast<std::size_t>(m_model.rowCount() - 1));
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+} // namespace inin::viewer

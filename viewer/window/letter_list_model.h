@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include <cstddef>
+#include <functional>
+
+namespace inin::viewer {
+
+class FindingIndex;
+struct OpenLetters;
+
+/// The letters as rows: number with its tick, insurer, patient, marks. Texts are made when they are shown.
+class LetterListModel : public QAbstractTableModel {
+public:
+    enum Column { number, insurer, patient, marks, columnCountOfList };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Both must outlive their showing.
+    void showLetters(OpenLetters *letters, const FindingIndex *findings);
+    void findingsChanged();
+    /// Ticks were set elsewhere.
+    void ticksChanged();
+    /// Called when the user sets or takes a tick in the list.
+    std::function<void()> onTicked;
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+
+private:
+    [[nodiscard]] QString textAt(std::size_t letter, int column) const;
+    [[nodiscard]] QString marksOf(std::size_t letter) const;
+    [[nodiscard]] QString explanationOf(std::size_t letter) const;
+    void columnChanged(int column);
+
+    OpenLetters *m_letters = nullptr;
+    const FindingIndex *m_findings = nullptr;
+};
+
+} // namespace inin::viewer

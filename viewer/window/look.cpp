@@ -1,0 +1,79 @@
+#include "viewer/window/look.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QLibraryInfo>
+#include <QStyleFactory>
+#include <QTranslator>
+
+namespace inin::viewer {
+
+namespace {
+
+/// Letters with even strokes, which small sizes need, the clearest on a screen first.
+constexpr const char *kFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI",
+                                  "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
+/// Below this the strokes of 療 run together.
+constexpr double kLeastPoints = 9.75;
+constexpr int kMiddle = 128;
+
+/// The style draws the edges of boxes darker than the window: on a ground that is darker still they would not be seen.
+QPalette readableDark(QPalette palette)
+{
+    constexpr int kLighter = 135, kAlternate = 150;
+    const QColor window = palette.color(QPalette::Window);
+    if (palette.color(QPalette::Base).lightness() >= window.lightness()) return palette;
+    palette.setColor(QPalette::Base, window.lighter(kLighter));
+    palette.setColor(QPalette::AlternateBase, window.lighter(kAlternate));
+    return palette;
+}
+
+QFont windowFont(QFont font)
+{
+    font.setPointSizeF(std::max(font.pointSizeF(), kLeastPoints));
+    if (QFontDatabase::writingSystems(QFontInfo(font).family()).contains(QFontDatabase::Japanese)) return font;
+    const QStringList japanese = QFontDatabase::families(QFontDatabase::Japanese);
+    for (const char *good : kFonts)
+        if (japanese.contains(QLatin1String(good))) {
+            font.setFamilies({QLatin1String(good)});
+            return font;
+        }
+    if (!japanese.isEmpty()) font.setFamilies({japanese.front()});
+    return font;
+}
+
+} // namespace
+
+void applyLook(QApplication &application)
+{
+    // The toolkit's own dialogs in Japanese, where the system has its texts.
+    auto *const texts = new QTranslator(&application);
+    if (texts->load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(texts);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setFont(windowFont(QApplication::font()));
+    if (isDark(QApplication::palette())) QApplication::setPalette(readableDark(QApplication::palette()));
+    application.setApplicationDisplayName(QStringLiteral("委任状"));
+}
+
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < kMiddle;
+}
+
+QPalette noticePalette(QPalette palette)
+{
+    const bool dark = isDark(palette);
+    palette.setColor(QPalette::Window, dark ? QColor(0x4A, 0x42, 0x1E) : QColor(0xFF, 0xF4, 0xC8));
+    palette.setColor(QPalette::WindowText, dark ? QColor(0xF4, 0xEC, 0xC8) : QColor(0x3A, 0x30, 0x00));
+    return palette;
+}
+
+QPalette warningPalette(QPalette palette)
+{
+    palette.setColor(QPalette::WindowText, isDark(palette) ? QColor(0xFF, 0x9C, 0x90) : QColor(0xA8, 0x1C, 0x10));
+    return palette;
+}
+
+} // namespace inin::viewer

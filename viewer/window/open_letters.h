@@ -1,0 +1,29 @@
+#pragma once
+
+#include "viewer/check/letter_check.h"
+#include "viewer/document/letter_names.h"
+#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_ticks.h"
+#include "viewer/paint/qt_page_painter.h"
+
+#include <string>
+#include <vector>
+
+namespace inin::viewer {
+
+/// The letters of one script as they were when it was opened, with all that a window needs to show and print them.
+/// Nothing in here changes when a file on disk does.
+struct OpenLetters {
+    /// A RuntimeError with a sentence when the script, a form or a letter file cannot be read.
+    explicit OpenLetters(const std::string &scriptPath);
+
+    const LetterSet set;
+    Fonts fonts;
+    LetterPress press;
+    QtGlyphs glyphs;
+    LetterNames names;
+    LetterTicks ticks;                ///< which letters go out: all of them at first
+    std::vector<std::string> notices; ///< of the script, the forms, the letter files and the fonts
+};
+
+} // namespace inin::viewer

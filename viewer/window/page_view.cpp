@@ -1,0 +1,206 @@
+#include "viewer/window/page_view.h"
+
+#include "viewer/window/open_letters.h"
+#include "viewer/window/qt_text.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kZooms[] = {0.25, 0.33, 0.5, 0.67, 0.75, 1, 1.25, 1.5, 2, 3, 4};
+constexpr int kMargin = 16;
+constexpr double kPointsPerInch = 72;
+/// Zooms closer than this are the same.
+constexpr double kSame = 0.005;
+
+} // namespace
+
+PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent)
+{
+    setObjectName(u"pageView"_s);
+    setAccessibleName(u"委任状のページ"_s);
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::NoFrame);
+    constexpr int kLeast = 200;
+    setMinimumSize(kLeast, kLeast);
+}
+
+void PageView::showLetters(OpenLetters *letters)
+{
+    m_letters = letters;
+    m_letter = 0;
+    zoomChanged();
+    describeLetter();
+}
+
+void PageView::showLetter(std::size_t letter)
+{
+    if (m_letters == nullptr || letter == m_letter || letter >= m_letters->set.size()) return;
+    m_letter = letter;
+    describeLetter();
+    viewport()->update();
+}
+
+/// What a screen reader says of the page: the letter and its texts.
+void PageView::describeLetter()
+{
+    if (m_letters == nullptr) return;
+    const LetterSet::Place place = m_letters->set.placeOf(m_letter);
+    const LetterReport &report = m_letters->set.reports[place.report];
+    QString text = qtText(m_letters->names.titleOf(m_letter));
+    for (std::size_t column = 0; column < report.columns.size(); ++column) {
+        const std::string_view value = report.value(place.row, column);
+        if (!value.empty()) text += u"\n"_s + qtText(report.columns[column]) + u"："_s + qtText(value);
+    }
+    setAccessibleDescription(text);
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+double PageView::zoom() const
+{
+    if (m_letters == nullptr || m_fit == Fit::none) return m_zoom;
+    const Point paper = m_letters->press.paperSize();
+    const double point = logicalDpiY() / kPointsPerInch;
+    // Room is reckoned without scroll bars when the page is to fit, with one when only its width is.
+    const int bar = m_fit == Fit::width ? verticalScrollBar()->sizeHint().width() : 0;
+    const QSize room = maximumViewportSize() - QSize(2 * kMargin + bar, 2 * kMargin);
+    const double across = room.width() / (paper.x * point), down = room.height() / (paper.y * point);
+    return std::clamp(m_fit == Fit::width ? across : std::min(across, down), kZooms[0] / 2, *std::rbegin(kZooms));
+}
+
+double PageView::pixelsPerPoint() const
+{
+    return zoom() * logicalDpiY() / kPointsPerInch;
+}
+
+QSize PageView::paperPixels() const
+{
+    const Point paper = m_letters->press.paperSize();
+    const double scale = pixelsPerPoint();
+    return {static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale))};
+}
+
+QRect PageView::paperPlace() const
+{
+    if (m_letters == nullptr) return {};
+    const QSize paper = paperPixels(), room = viewport()->size();
+    const auto place = [](int length, int from, int scrolled) {
+        return length + 2 * kMargin <= from ? (from - length) / 2 : kMargin - scrolled;
+    };
+    return {{place(paper.width(), room.width(), horizontalScrollBar()->value()),
+             place(paper.height(), room.height(), verticalScrollBar()->value())},
+            paper};
+}
+
+void PageView::setZoom(double zoom)
+{
+    m_fit = Fit::none;
+    m_zoom = std::clamp(zoom, kZooms[0], *std::rbegin(kZooms));
+    zoomChanged();
+}
+
+void PageView::setFit(Fit fit)
+{
+    m_zoom = zoom();
+    m_fit = fit;
+    zoomChanged();
+}
+
+void PageView::zoomIn()
+{
+    const double now = zoom();
+    const auto *const next = std::ranges::find_if(kZooms, [&](double step) { return step > now + kSame; });
+    setZoom(next == std::end(kZooms) ? now : *next);
+}
+
+void PageView::zoomOut()
+{
+    const double now = zoom();
+    const auto next =
+        std::find_if(std::rbegin(kZooms), std::rend(kZooms), [&](double step) { return step < now - kSame; });
+    setZoom(next == std::rend(kZooms) ? now : *next);
+}
+
+void PageView::zoomChanged()
+{
+    if (m_letters == nullptr) return;
+    const QSize room = maximumViewportSize();
+    const QSize over = paperPixels() + QSize(2 * kMargin, 2 * kMargin) - room;
+    for (auto [bar, length, page] : {std::tuple(horizontalScrollBar(), over.width(), room.width()),
+                                     std::tuple(verticalScrollBar(), over.height(), room.height())}) {
+        const bool wasIn = bar->maximum() > 0;
+        const double middle = wasIn ? (bar->value() + page / 2.0) / (bar->maximum() + page) : 0;
+        bar->setRange(0, m_fit == Fit::page ? 0 : std::max(0, length));
+        bar->setPageStep(page);
+        constexpr int kSteps = 12;
+        bar->setSingleStep(page / kSteps);
+        // What was in the middle stays there.
+        if (wasIn) bar->setValue(static_cast<int>(middle * (bar->maximum() + page) - page / 2.0));
+    }
+    viewport()->update();
+    if (onZoom) onZoom();
+}
+
+void PageView::resizeEvent(QResizeEvent *event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    zoomChanged();
+}
+
+void PageView::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(viewport());
+    const QColor desk = palette().color(QPalette::Window);
+    constexpr int kDarker = 118;
+    painter.fillRect(event->rect(), desk.darker(kDarker));
+    if (m_letters == nullptr) return;
+    const QRect paper = paperPlace();
+    painter.setPen(desk.darker(2 * kDarker));
+    painter.drawRect(paper.adjusted(-1, -1, 0, 0));
+    painter.fillRect(paper, Qt::white);
+    painter.setClipRect(paper.intersected(event->rect()));
+    painter.translate(paper.topLeft());
+    painter.scale(pixelsPerPoint(), pixelsPerPoint());
+    paintLetter(m_letters->press, m_letter, painter, m_letters->glyphs);
+    if (const auto first = std::exchange(onFirstPaint, {})) first();
+}
+
+void PageView::turnOrScroll(int direction)
+{
+    QScrollBar *const bar = verticalScrollBar();
+    const bool isAtEnd = bar->value() == (direction > 0 ? bar->maximum() : bar->minimum());
+    if (!isAtEnd) return bar->setValue(bar->value() + direction * bar->pageStep());
+    if (!onTurn) return;
+    const std::size_t before = m_letter;
+    onTurn(direction);
+    if (m_letter != before) bar->setValue(direction > 0 ? bar->minimum() : bar->maximum());
+}
+
+void PageView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_PageDown) return turnOrScroll(1);
+    if (event->key() == Qt::Key_PageUp) return turnOrScroll(-1);
+    QAbstractScrollArea::keyPressEvent(event);
+}
+
+void PageView::wheelEvent(QWheelEvent *event)
+{
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
+    if (event->angleDelta().y() != 0) event->angleDelta().y() > 0 ? zoomIn() : zoomOut();
+    event->accept();
+}
+
+} // namespace inin::viewer

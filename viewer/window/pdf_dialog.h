@@ -1,0 +1,48 @@
+#pragma once
+
+#include "viewer/window/viewer_settings.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace inin::viewer {
+
+struct OpenLetters;
+
+/// What becomes of the letters as PDF.
+struct PdfOrder {
+    bool onlyTicked = true;
+    bool fileEach = false;
+    QString pattern; ///< of the names, when each letter has its file
+};
+
+/// Asks which letters become PDF files and what the files are called.
+class PdfDialog : public QDialog {
+public:
+    PdfDialog(const OpenLetters &letters, ViewerSettings &settings, QWidget *parent = nullptr);
+    [[nodiscard]] PdfOrder order() const;
+
+protected:
+    void accept() override;
+
+private:
+    QWidget *rangeGroup();
+    QWidget *fileGroup();
+    void showExample();
+
+    const OpenLetters &m_letters;
+    ViewerSettings &m_settings;
+    QRadioButton *m_all, *m_ticked, *m_one, *m_each;
+    QLineEdit *m_pattern;
+    QComboBox *m_columns;
+    QLabel *m_example;
+    QPushButton *m_save;
+};
+
+} // namespace inin::viewer

@@ -1,0 +1,261 @@
+#include "viewer/window/print_dialog.h"
+
+#include "viewer/document/letter_ticks.h"
+#include "viewer/window/look.h"
+#include "viewer/window/qt_text.h"
+#include "viewer/window/range_box.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <cmath>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMostCopies = 99, kMostPerJob = 10000, kUsualPerJob = 50;
+constexpr double kMostOffset = 50, kOffsetStep = 0.1;
+constexpr double kTenths = 10;
+
+struct DuplexChoice {
+    const char *text;
+    /// Nothing for the printer's own setting.
+    std::optional<QPrinter::DuplexMode> mode;
+};
+constexpr DuplexChoice kDuplex[] = {
+    {"プリンターの設定どおり", std::nullopt},
+    {"片面", QPrinter::DuplexNone},
+    {"両面（長辺とじ）", QPrinter::DuplexLongSide},
+    {"両面（短辺とじ）", QPrinter::DuplexShortSide},
+};
+
+const char *duplexText(QPrinter::DuplexMode mode)
+{
+    for (const DuplexChoice &choice : kDuplex)
+        if (choice.mode == mode) return choice.text;
+    return "自動";
+}
+
+template <class Widget> Widget *named(Widget *widget, const char *name, const QString &accessible)
+{
+    widget->setObjectName(QLatin1String(name));
+    widget->setAccessibleName(accessible);
+    return widget;
+}
+
+QDoubleSpinBox *offsetBox(const char *name, const QString &direction, QWidget *parent)
+{
+    auto *const box = named(new QDoubleSpinBox(parent), name, u"位置の調整、%1、ミリメートル"_s.arg(direction));
+    box->setRange(-kMostOffset, kMostOffset);
+    box->setDecimals(1);
+    box->setSingleStep(kOffsetStep);
+    box->setSuffix(u" mm"_s);
+    return box;
+}
+
+} // namespace
+
+std::vector<PrinterChoice> systemPrinters()
+{
+    std::vector<PrinterChoice> choices;
+    const QString first = QPrinterInfo::defaultPrinterName();
+    const QList<QPrinterInfo> printers = QPrinterInfo::availablePrinters();
+    for (const QPrinterInfo &printer : printers) {
+        const QString name = printer.printerName();
+        const QString text = printer.description().isEmpty() ? name : u"%1（%2）"_s.arg(name, printer.description());
+        choices.push_back({name, text, name == first, printer.defaultDuplexMode()});
+    }
+    return choices;
+}
+
+PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vector<PrinterChoice> printers,
+                         QWidget *parent)
+    : QDialog(parent), m_ticks(ticks), m_settings(settings), m_printers(std::move(printers)),
+      m_range(new RangeBox(this)), m_check(new QLabel(this)), m_note(new QLabel(this))
+{
+    setObjectName(u"printDialog"_s);
+    setWindowTitle(u"印刷"_s);
+    m_check->setObjectName(u"printCheck"_s);
+    m_check->setWordWrap(true);
+    m_check->hide();
+    m_note->setObjectName(u"printNote"_s);
+    m_note->setWordWrap(true);
+    m_note->setPalette(warningPalette(palette()));
+    auto *const buttons = new QDialogButtonBox(this);
+    m_print = buttons->addButton(u"印刷(&P)"_s, QDialogButtonBox::AcceptRole);
+    m_print->setObjectName(u"printNow"_s);
+    m_print->setDefault(true);
+    buttons->addButton(u"キャンセル"_s, QDialogButtonBox::RejectRole);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
+    QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+    auto *const layout = new QVBoxLayout(this);
+    layout->addWidget(printerGroup());
+    layout->addWidget(jobGroup());
+    layout->addWidget(offsetGroup());
+    layout->addWidget(m_check);
+    layout->addWidget(m_note);
+    layout->addWidget(buttons);
+    m_range->showTicks(&ticks);
+    m_range->onChanged = [this] {
+        if (onTicksChanged) onTicksChanged();
+        enablePrint();
+    };
+    showPrinter();
+    m_printer->setFocus();
+}
+
+QWidget *PrintDialog::printerGroup()
+{
+    auto *const group = new QGroupBox(u"プリンター"_s, this);
+    auto *const form = new QFormLayout(group);
+    m_printer = named(new QComboBox(group), "printer", u"プリンター"_s);
+    m_copies = named(new QSpinBox(group), "copies", u"部数"_s);
+    m_copies->setRange(1, kMostCopies);
+    m_copies->setSuffix(u" 部"_s);
+    m_duplex = named(new QComboBox(group), "duplex", u"両面印刷"_s);
+    for (const DuplexChoice &choice : kDuplex) m_duplex->addItem(QString::fromUtf8(choice.text));
+    form->addRow(u"プリンター(&R)"_s, m_printer);
+    form->addRow(u"部数(&C)"_s, m_copies);
+    form->addRow(u"両面印刷(&D)"_s, m_duplex);
+    int chosen = 0;
+    const QString last = m_settings.printer();
+    for (const PrinterChoice &printer : m_printers) {
+        m_printer->addItem(printer.description.isEmpty() ? printer.name : printer.description);
+        const bool isLast = printer.name == last;
+        if (isLast || (printer.isDefault && last.isEmpty())) chosen = m_printer->count() - 1;
+    }
+    if (!m_printers.empty()) m_printer->setCurrentIndex(chosen);
+    QObject::connect(m_printer, &QComboBox::currentIndexChanged, this, [this] { showPrinter(); });
+    return group;
+}
+
+QWidget *PrintDialog::jobGroup()
+{
+    auto *const group = new QGroupBox(u"範囲と分け方"_s, this);
+    auto *const layout = new QVBoxLayout(group);
+    m_oneJob = named(new QRadioButton(u"一度にまとめて印刷する(&O)"_s, group), "oneJob", u"一度にまとめて印刷する"_s);
+    m_manyJobs = named(new QRadioButton(u"分けて印刷する(&M)"_s, group), "manyJobs", u"分けて印刷する"_s);
+    m_perJob = named(new QSpinBox(group), "lettersPerJob", u"一回に印刷する通数"_s);
+    m_perJob->setRange(1, kMostPerJob);
+    m_perJob->setSuffix(u" 通ずつ"_s);
+    const int perJob = m_settings.lettersPerJob();
+    m_perJob->setValue(perJob == 0 ? kUsualPerJob : perJob);
+    (perJob == 0 ? m_oneJob : m_manyJobs)->setChecked(true);
+    m_perJob->setEnabled(perJob != 0);
+    QObject::connect(m_manyJobs, &QRadioButton::toggled, m_perJob, &QWidget::setEnabled);
+    auto *const many = new QHBoxLayout;
+    many->addWidget(m_manyJobs);
+    many->addWidget(m_perJob);
+    many->addStretch();
+    layout->addWidget(m_range);
+    layout->addWidget(m_oneJob);
+    layout->addLayout(many);
+    return group;
+}
+
+QWidget *PrintDialog::offsetGroup()
+{
+    auto *const group = new QGroupBox(u"位置の調整（プリンターごとに覚えます）"_s, this);
+    auto *const layout = new QHBoxLayout(group);
+    m_right = offsetBox("offsetRight", u"右へ"_s, group);
+    m_down = offsetBox("offsetDown", u"下へ"_s, group);
+    m_rulers =
+        named(new QPushButton(u"テストページを印刷(&T)"_s, group), "rulerPage", u"位置調整のテストページを印刷"_s);
+    m_rulers->setAutoDefault(false);
+    QObject::connect(m_rulers, &QPushButton::clicked, this, [this] { printRulers(); });
+    const auto add = [&](const QString &text, QWidget *box) {
+        auto *const label = new QLabel(text, group);
+        label->setBuddy(box);
+        layout->addWidget(label);
+        layout->addWidget(box);
+    };
+    add(u"右へ(&X)"_s, m_right);
+    add(u"下へ(&Y)"_s, m_down);
+    layout->addStretch();
+    layout->addWidget(m_rulers);
+    return group;
+}
+
+void PrintDialog::showPrinter()
+{
+    enablePrint();
+    if (m_printers.empty()) return;
+    const PrinterChoice &printer = m_printers[static_cast<std::size_t>(m_printer->currentIndex())];
+    m_duplex->setItemText(0, u"プリンターの設定どおり（%1）"_s.arg(QString::fromUtf8(duplexText(printer.duplex))));
+    m_duplex->setCurrentIndex(0);
+    const PrinterOffset offset = m_settings.offsetOf(printer.name);
+    m_right->setValue(offset.right / kTenths);
+    m_down->setValue(offset.down / kTenths);
+}
+
+void PrintDialog::enablePrint()
+{
+    const bool hasPrinter = !m_printers.empty();
+    m_note->setText(
+        u"使えるプリンターがありません。システムの設定でプリンターを追加するか、PDF に保存してください。"_s);
+    m_note->setVisible(!hasPrinter);
+    m_rulers->setEnabled(hasPrinter);
+    m_print->setEnabled(hasPrinter && m_ticks.count() > 0);
+}
+
+void PrintDialog::showCheck(const QString &text)
+{
+    m_check->setText(text);
+    m_check->setVisible(!text.isEmpty());
+}
+
+PrintOrder PrintDialog::order() const
+{
+    PrintOrder order;
+    if (m_printers.empty()) return order;
+    const PrinterChoice &printer = m_printers[static_cast<std::size_t>(m_printer->currentIndex())];
+    order.printer = printer.name;
+    order.copies = m_copies->value();
+    order.duplex = kDuplex[m_duplex->currentIndex()].mode.value_or(printer.duplex);
+    order.lettersPerJob = m_manyJobs->isChecked() ? static_cast<std::size_t>(m_perJob->value()) : 0;
+    const auto tenths = [](double millimetres) {
+        return static_cast<std::int32_t>(std::lround(millimetres * kTenths));
+    };
+    order.offset = {tenths(m_right->value()), tenths(m_down->value())};
+    return order;
+}
+
+void PrintDialog::remember()
+{
+    const PrintOrder chosen = order();
+    m_settings.setPrinter(chosen.printer);
+    m_settings.setOffset(chosen.printer, chosen.offset);
+    m_settings.setLettersPerJob(static_cast<int>(chosen.lettersPerJob));
+    // Settings that cannot be written are no reason not to print.
+    (void)m_settings.save();
+}
+
+void PrintDialog::printRulers()
+{
+    remember();
+    if (!onRulerPage) return;
+    const std::string fault = onRulerPage(order());
+    m_note->setText(qtText(fault));
+    m_note->setVisible(!fault.empty());
+}
+
+void PrintDialog::accept()
+{
+    // While the box cannot be read the ticks are not what it shows.
+    if (!m_range->isReadable() || m_ticks.count() == 0) return m_range->focusBox();
+    remember();
+    QDialog::accept();
+}
+
+} // namespace inin::viewer

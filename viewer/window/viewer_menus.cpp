@@ -1,0 +1,166 @@
+#include "viewer/window/letter_list.h"
+#include "viewer/window/page_view.h"
+#include "viewer/window/viewer_window.h"
+
+#include <QAction>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSpinBox>
+#include <QToolBar>
+
+// The window's menus, keys and tools.
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+struct ViewerWindow::Menus {
+    QMenuBar *bar;
+    ViewerWindow *window;
+
+    /// An entry with its keys; the first of them is shown.
+    static QAction *add(QMenu *menu, const char *name, const QString &text, const QList<QKeySequence> &keys,
+                        std::function<void()> what)
+    {
+        QAction *const action = menu->addAction(text);
+        action->setObjectName(QLatin1String(name));
+        action->setShortcuts(keys);
+        // On a tool the letter of the menu's key would only be in the way.
+        action->setIconText(text.section(u"(&"_s, 0, 0));
+        if (!keys.empty())
+            action->setToolTip(u"%1（%2）"_s.arg(action->iconText(), keys.front().toString(QKeySequence::NativeText)));
+        QObject::connect(action, &QAction::triggered, menu, [what = std::move(what)] { what(); });
+        return action;
+    }
+};
+
+void ViewerWindow::buildMenus()
+{
+    Menus menus{menuBar(), this};
+    buildFileMenu(menus);
+    buildSelectMenu(menus);
+    buildMoveMenu(menus);
+    buildViewMenu(menus);
+}
+
+void ViewerWindow::buildFileMenu(Menus &menus)
+{
+    QMenu *const menu = menus.bar->addMenu(u"ファイル(&F)"_s);
+    m_idleActions = {
+        Menus::add(menu, "print", u"印刷(&P)…"_s, {QKeySequence::Print}, [this] { askPrint(); }),
+        Menus::add(menu, "pdf", u"PDF に保存(&S)…"_s, {QKeySequence::Save}, [this] { askPdf(); }),
+        Menus::add(menu, "reload", u"読み込み直す(&R)"_s, {QKeySequence::Refresh}, [this] { reload(); }),
+    };
+    menu->addSeparator();
+    Menus::add(menu, "close", u"閉じる(&C)"_s, {QKeySequence(u"Ctrl+W"_s), QKeySequence(u"Ctrl+Q"_s)},
+               [this] { close(); });
+}
+
+void ViewerWindow::buildSelectMenu(Menus &menus)
+{
+    QMenu *const menu = menus.bar->addMenu(u"選択(&E)"_s);
+    Menus::add(menu, "tickAll", u"すべてに印を付ける(&A)"_s, {QKeySequence(u"Ctrl+Shift+A"_s)},
+               [this] { tickAll(true); });
+    Menus::add(menu, "tickNone", u"すべての印を外す(&N)"_s, {QKeySequence(u"Ctrl+Shift+N"_s)},
+               [this] { tickAll(false); });
+    Menus::add(menu, "untickMarked", u"注意のある委任状の印を外す(&M)"_s, {QKeySequence(u"Ctrl+Shift+M"_s)},
+               [this] { untickMarked(); });
+    menu->addSeparator();
+    Menus::add(menu, "find", u"検索(&F)"_s, {QKeySequence::Find}, [this] {
+        m_find->setFocus(Qt::ShortcutFocusReason);
+        m_find->selectAll();
+    });
+    Menus::add(menu, "findNext", u"次を検索(&X)"_s, {QKeySequence(u"F3"_s)}, [this] { find(Direction::forward); });
+    Menus::add(menu, "findPrevious", u"前を検索(&V)"_s, {QKeySequence(u"Shift+F3"_s)},
+               [this] { find(Direction::backward); });
+}
+
+void ViewerWindow::buildMoveMenu(Menus &menus)
+{
+    QMenu *const menu = menus.bar->addMenu(u"移動(&G)"_s);
+    Menus::add(menu, "first", u"最初(&F)"_s, {QKeySequence(u"Ctrl+Home"_s)}, [this] { showLetter(0); });
+    Menus::add(menu, "previous", u"前(&P)"_s, {QKeySequence(u"Ctrl+PgUp"_s)}, [this] { step(-1); });
+    Menus::add(menu, "next", u"次(&N)"_s, {QKeySequence(u"Ctrl+PgDown"_s)}, [this] { step(1); });
+    Menus::add(menu, "last", u"最後(&L)"_s, {QKeySequence(u"Ctrl+End"_s)},
+               [this] { showLetter(m_letters->set.size() - 1); });
+    menu->addSeparator();
+    Menus::add(menu, "goTo", u"番号へ移動(&G)"_s, {QKeySequence(u"Ctrl+G"_s)}, [this] {
+        m_number->setFocus(Qt::ShortcutFocusReason);
+        m_number->selectAll();
+    });
+    Menus::add(menu, "goList", u"一覧とページを行き来する(&I)"_s, {QKeySequence(u"F6"_s)}, [this] {
+        if (m_list->hasFocus())
+            m_page->setFocus(Qt::ShortcutFocusReason);
+        else
+            m_list->setFocus(Qt::ShortcutFocusReason);
+    });
+}
+
+void ViewerWindow::buildViewMenu(Menus &menus)
+{
+    QMenu *const menu = menus.bar->addMenu(u"表示(&V)"_s);
+    Menus::add(menu, "zoomIn", u"拡大(&I)"_s,
+               {QKeySequence(u"Ctrl++"_s), QKeySequence(u"Ctrl+;"_s), QKeySequence(u"Ctrl+="_s)},
+               [this] { m_page->zoomIn(); });
+    Menus::add(menu, "zoomOut", u"縮小(&O)"_s, {QKeySequence(u"Ctrl+-"_s)}, [this] { m_page->zoomOut(); });
+    Menus::add(menu, "zoomWhole", u"実際の大きさ(&1)"_s, {QKeySequence(u"Ctrl+1"_s)}, [this] { m_page->setZoom(1); });
+    Menus::add(menu, "fitPage", u"ページ全体(&P)"_s, {QKeySequence(u"Ctrl+0"_s)},
+               [this] { m_page->setFit(PageView::Fit::page); });
+    Menus::add(menu, "fitWidth", u"ページの幅(&W)"_s, {QKeySequence(u"Ctrl+2"_s)},
+               [this] { m_page->setFit(PageView::Fit::width); });
+}
+
+void ViewerWindow::buildTools()
+{
+    QToolBar *const tools = addToolBar(u"ツール"_s);
+    tools->setObjectName(u"tools"_s);
+    tools->setMovable(false);
+    tools->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    const auto add = [&](std::initializer_list<const char *> names) {
+        for (const char *name : names) tools->addAction(findChild<QAction *>(QLatin1String(name)));
+    };
+    m_number = new QSpinBox(tools);
+    m_number->setObjectName(u"number"_s);
+    m_number->setAccessibleName(u"表示する委任状の番号"_s);
+    m_number->setKeyboardTracking(false);
+    QObject::connect(m_number, &QSpinBox::valueChanged, this,
+                     [this](int number) { showLetter(static_cast<std::size_t>(number) - 1); });
+    m_zoom = new QLabel(tools);
+    m_zoom->setObjectName(u"zoom"_s);
+    m_zoom->setAlignment(Qt::AlignCenter);
+    m_zoom->setMinimumWidth(m_zoom->fontMetrics().horizontalAdvance(u"000 %"_s));
+    add({"print", "pdf"});
+    tools->addSeparator();
+    add({"first", "previous"});
+    tools->addWidget(m_number);
+    add({"next", "last"});
+    tools->addSeparator();
+    add({"zoomOut"});
+    tools->addWidget(m_zoom);
+    add({"zoomIn", "fitPage", "fitWidth"});
+}
+
+QLayout *ViewerWindow::buildFind(QWidget *side)
+{
+    m_find = new QLineEdit(side);
+    m_find->setObjectName(u"find"_s);
+    m_find->setAccessibleName(u"検索する名前など"_s);
+    m_find->setPlaceholderText(u"名前などで検索"_s);
+    m_find->setClearButtonEnabled(true);
+    m_found = new QLabel(side);
+    m_found->setObjectName(u"found"_s);
+    QObject::connect(m_find, &QLineEdit::textEdited, this, [this] { findTyped(); });
+    QObject::connect(m_find, &QLineEdit::returnPressed, this, [this] {
+        const bool back = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
+        find(back ? Direction::backward : Direction::forward);
+    });
+    auto *const row = new QHBoxLayout;
+    row->addWidget(m_find, 1);
+    row->addWidget(m_found);
+    return row;
+}
+
+} // namespace inin::viewer

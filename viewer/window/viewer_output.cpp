@@ -1,0 +1,160 @@
+#include "runtime/runtime_error.h"
+#include "viewer/document/letter_list.h"
+#include "viewer/window/check_panel.h"
+#include "viewer/window/pdf_output.h"
+#include "viewer/window/qt_text.h"
+#include "viewer/window/range_box.h"
+#include "viewer/window/task_bar.h"
+#include "viewer/window/viewer_window.h"
+
+#include <QFile>
+#include <QStatusBar>
+
+#include <algorithm>
+#include <numeric>
+
+// What leaves the window: printed letters and PDF files.
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString numbersText(std::span<const std::size_t> letters)
+{
+    return letters.empty() ? u"なし"_s : qtText(letterListText({letters.begin(), letters.end()}));
+}
+
+} // namespace
+
+/// Runs a task that may take long. It gives true when it came to its end; a window that was to close behind it then does.
+void ViewerWindow::runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task)
+{
+    if (m_task->isRunning()) return;
+    m_closesAfterTask = false;
+    bool isDone = false;
+    m_taskState = u"%1（0／%2通）。"_s.arg(title).arg(total);
+    m_task->run(title, total, [&](const std::function<bool(std::size_t)> &tell) {
+        isDone = task([&](std::size_t done) {
+            m_taskState = u"%1（%2／%3通）。"_s.arg(title).arg(done).arg(total);
+            return tell(done);
+        });
+    });
+    // A task that failed has something to show; one that was cancelled in order to close has told it.
+    const bool closes = m_closesAfterTask && isDone;
+    m_closesAfterTask = false;
+    if (closes) QTimer::singleShot(0, this, [this] { close(); });
+}
+
+std::unique_ptr<PrintDialog> ViewerWindow::printDialog()
+{
+    finishCheck();
+    auto dialog = std::make_unique<PrintDialog>(m_letters->ticks, m_settings, m_services.printers(), this);
+    if (!m_findings.all().empty()) dialog->showCheck(m_checkPanel->heading());
+    dialog->onTicksChanged = [this] { ticksChanged(); };
+    dialog->onRulerPage = [this](const PrintOrder &order) {
+        return printRulerPage(*m_letters, order, m_services.makePrinter);
+    };
+    return dialog;
+}
+
+void ViewerWindow::askPrint()
+{
+    if (m_task->isRunning()) return;
+    // Nothing is printed while the box shows other letters than those that are ticked.
+    if (!m_range->isReadable()) return m_range->focusBox();
+    const std::unique_ptr<PrintDialog> dialog = printDialog();
+    if (dialog->exec() == QDialog::Accepted)
+        print(dialog->order());
+    else
+        m_closesWhenPrinted = false;
+}
+
+void ViewerWindow::print(const PrintOrder &order)
+{
+    const std::vector<std::size_t> which = m_letters->ticks.letters();
+    if (which.empty()) return tell(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
+    if (order.printer.isEmpty())
+        return tell(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
+    runTask(u"印刷しています"_s, which.size(), [&](const Progress &progress) {
+        const PrintResult result = printLetters(*m_letters, which, order, m_services.makePrinter, progress);
+        tellPrinted(result, which);
+        // Cancelled in order to close counts as an end; a refusal keeps the window.
+        return result.fault.empty();
+    });
+}
+
+void ViewerWindow::tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which)
+{
+    if (result.isDone()) {
+        statusBar()->showMessage(u"%1通を印刷に送りました。"_s.arg(which.size()));
+        if (m_closesWhenPrinted) m_closesAfterTask = true;
+        return;
+    }
+    m_closesWhenPrinted = false;
+    const std::span<const std::size_t> all(which);
+    const QString parts = u"\n\n印刷に送った番号：%1\n送っていない番号：%2"_s.arg(
+        numbersText(all.first(result.sent)), numbersText(all.subspan(result.sent)));
+    if (result.isCancelled)
+        tell(QMessageBox::Information, u"印刷を中止しました。"_s + parts);
+    else
+        tell(QMessageBox::Warning, qtText(result.fault) + parts +
+                                       u"\n\n送っていない番号も、途中まで印刷されていないか用紙を確認してください。"_s);
+}
+
+void ViewerWindow::askPdf()
+{
+    if (m_task->isRunning()) return;
+    if (!m_range->isReadable()) return m_range->focusBox();
+    PdfDialog dialog(*m_letters, m_settings, this);
+    if (dialog.exec() == QDialog::Accepted) savePdf(dialog.order());
+}
+
+void ViewerWindow::savePdf(const PdfOrder &order)
+{
+    std::vector<std::size_t> which = m_letters->ticks.letters();
+    if (!order.onlyTicked) {
+        which.resize(m_letters->set.size());
+        std::iota(which.begin(), which.end(), std::size_t{0});
+    }
+    if (which.empty()) return tell(QMessageBox::Information, u"保存する委任状が選ばれていません。"_s);
+    try {
+        order.fileEach ? writePdfEach(order, which) : writePdf(order, which);
+    } catch (const RuntimeError &error) {
+        tell(QMessageBox::Warning, qtText(error.description()));
+    }
+}
+
+void ViewerWindow::writePdf(const PdfOrder & /*order*/, const std::vector<std::size_t> &which)
+{
+    const QString title = m_letters->set.title.empty() ? u"委任状"_s : qtText(m_letters->set.title);
+    const QString path = m_services.askPdfFile(this, title + u".pdf"_s);
+    if (path.isEmpty()) return;
+    runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
+        const bool isDone = writeLettersPdf(utf8Text(path), m_letters->press, which, progress);
+        statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(which.size()).arg(path)
+                                        : u"保存を中止しました。ファイルは作られていません。"_s);
+        return true;
+    });
+}
+
+void ViewerWindow::writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which)
+{
+    const QString folder = m_services.askFolder(this);
+    if (folder.isEmpty()) return;
+    const std::vector<std::string> paths =
+        letterPdfPaths(m_letters->set, which, utf8Text(folder), utf8Text(order.pattern));
+    const auto old = std::ranges::count_if(paths, [](const std::string &path) { return QFile::exists(qtText(path)); });
+    if (old > 0 && !m_services.mayReplace(this, u"同じ名前のファイルが%1個あります。上書きしますか。"_s.arg(old)))
+        return;
+    runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
+        const std::size_t written = writeLetterPdfs(paths, m_letters->press, which, progress);
+        statusBar()->showMessage(written == which.size()
+                                     ? u"%1通を「%2」に保存しました。"_s.arg(written).arg(folder)
+                                     : u"保存を中止しました。%1通は保存してあります。"_s.arg(written));
+        return true;
+    });
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,75 @@
+#include "viewer/window/viewer_services.h"
+
+#include <QFileDialog>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+CloseAnswer askClose(QWidget *parent, const QString &state)
+{
+    QMessageBox box(QMessageBox::Question, u"委任状"_s, state + u"\n閉じますか。"_s, QMessageBox::NoButton, parent);
+    auto *const keep = box.addButton(u"閉じない"_s, QMessageBox::RejectRole);
+    auto *const later = box.addButton(u"終わってから閉じる"_s, QMessageBox::AcceptRole);
+    auto *const now = box.addButton(u"中止して閉じる"_s, QMessageBox::DestructiveRole);
+    box.setDefaultButton(later);
+    box.setEscapeButton(keep);
+    box.exec();
+    if (box.clickedButton() == now) return CloseAnswer::cancelAndClose;
+    return box.clickedButton() == later ? CloseAnswer::closeWhenDone : CloseAnswer::keepPrinting;
+}
+
+void tell(QWidget *parent, QMessageBox::Icon icon, const QString &text)
+{
+    QMessageBox box(icon, u"委任状"_s, text, QMessageBox::NoButton, parent);
+    box.addButton(u"OK"_s, QMessageBox::AcceptRole);
+    box.exec();
+}
+
+bool mayReplace(QWidget *parent, const QString &text)
+{
+    QMessageBox box(QMessageBox::Question, u"委任状"_s, text, QMessageBox::NoButton, parent);
+    auto *const replace = box.addButton(u"上書きする"_s, QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(u"キャンセル"_s, QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == replace;
+}
+
+QString documents()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+QString askPdfFile(QWidget *parent, const QString &name)
+{
+    QFileDialog dialog(parent, u"PDF に保存"_s, documents(), u"PDF ファイル (*.pdf)"_s);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // The dialog itself adds the ending, before it asks about a file of that name.
+    dialog.setDefaultSuffix(u"pdf"_s);
+    dialog.selectFile(name);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString askFolder(QWidget *parent)
+{
+    return QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, documents());
+}
+
+} // namespace
+
+ViewerServices realServices()
+{
+    ViewerServices services;
+    services.askClose = askClose;
+    services.tell = tell;
+    services.mayReplace = mayReplace;
+    services.askPdfFile = askPdfFile;
+    services.askFolder = askFolder;
+    return services;
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,96 @@
+#include "viewer/window/viewer_settings.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMostPerJob = 10000;
+/// Further than this no printer is off; a settings file that says so was spoilt by hand.
+constexpr int kMostOffset = 500;
+
+QString ownPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/formviewer/formviewer.ini"_s;
+}
+
+/// A printer's name may hold what parts keys.
+QString offsetKey(const QString &printer, const char *direction)
+{
+    const QString name = QString::fromLatin1(QUrl::toPercentEncoding(printer));
+    return u"printers/"_s + (name.isEmpty() ? u"-"_s : name) + u'/' + QLatin1String(direction);
+}
+
+} // namespace
+
+ViewerSettings::ViewerSettings(const QString &path) : m_file(path.isEmpty() ? ownPath() : path, QSettings::IniFormat) {}
+
+PrinterOffset ViewerSettings::offsetOf(const QString &printer) const
+{
+    const auto read = [&](const char *direction) {
+        return std::clamp(m_file.value(offsetKey(printer, direction)).toInt(), -kMostOffset, kMostOffset);
+    };
+    return {read("offsetRight"), read("offsetDown")};
+}
+
+void ViewerSettings::setOffset(const QString &printer, const PrinterOffset &offset)
+{
+    m_file.setValue(offsetKey(printer, "offsetRight"), offset.right);
+    m_file.setValue(offsetKey(printer, "offsetDown"), offset.down);
+}
+
+QString ViewerSettings::printer() const
+{
+    return m_file.value(u"print/printer"_s).toString();
+}
+
+void ViewerSettings::setPrinter(const QString &printer)
+{
+    m_file.setValue(u"print/printer"_s, printer);
+}
+
+int ViewerSettings::lettersPerJob() const
+{
+    return std::clamp(m_file.value(u"print/lettersPerJob"_s).toInt(), 0, kMostPerJob);
+}
+
+void ViewerSettings::setLettersPerJob(int letters)
+{
+    m_file.setValue(u"print/lettersPerJob"_s, letters);
+}
+
+QString ViewerSettings::fileNamePattern() const
+{
+    return m_file.value(u"pdf/fileName"_s, u"{{番号}}_{{利用者氏名}}"_s).toString();
+}
+
+void ViewerSettings::setFileNamePattern(const QString &pattern)
+{
+    m_file.setValue(u"pdf/fileName"_s, pattern);
+}
+
+QByteArray ViewerSettings::windowPlace() const
+{
+    return m_file.value(u"window/place"_s).toByteArray();
+}
+
+void ViewerSettings::setWindowPlace(const QByteArray &place)
+{
+    m_file.setValue(u"window/place"_s, place);
+}
+
+bool ViewerSettings::save()
+{
+    m_file.sync();
+    return m_file.status() == QSettings::NoError;
+}
+
+} // namespace inin::viewer

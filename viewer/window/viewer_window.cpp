@@ -1,0 +1,288 @@
+#include "viewer/window/viewer_window.h"
+
+#include "runtime/runtime_error.h"
+#include "viewer/window/check_panel.h"
+#include "viewer/window/letter_list.h"
+#include "viewer/window/notice_bar.h"
+#include "viewer/window/page_view.h"
+#include "viewer/window/qt_text.h"
+#include "viewer/window/range_box.h"
+#include "viewer/window/task_bar.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFirstWidth = 1200, kFirstHeight = 820;
+constexpr int kListWidth = 430, kPageWidth = 770;
+constexpr int kPageShare = 560, kCheckShare = 200;
+/// Letters that are judged between two looks at what the user does.
+constexpr std::size_t kCheckedAtOnce = 200;
+
+} // namespace
+
+ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> letters, ViewerServices services)
+    : m_scriptPath(std::move(scriptPath)), m_services(std::move(services)), m_settings(m_services.settingsFile)
+{
+    setObjectName(u"viewerWindow"_s);
+    buildMenus();
+    auto *const split = new QSplitter(Qt::Horizontal, this);
+    split->addWidget(buildList());
+    split->addWidget(buildPage());
+    split->setStretchFactor(1, 1);
+    split->setSizes({kListWidth, kPageWidth});
+    split->setChildrenCollapsible(false);
+    setCentralWidget(split);
+    buildTools();
+    statusBar()->setObjectName(u"status"_s);
+    resize(kFirstWidth, kFirstHeight);
+    restoreGeometry(m_settings.windowPlace());
+    m_checkTimer.callOnTimeout([this] { checkMore(); });
+    m_watch.onChanged = [this](const std::string &path) { fileChanged(path); };
+    m_page->onFirstPaint = [this] { startCheck(); };
+    adopt(std::move(letters));
+    m_list->setFocus();
+}
+
+ViewerWindow::~ViewerWindow() = default;
+
+QWidget *ViewerWindow::buildList()
+{
+    auto *const side = new QWidget(this);
+    m_list = new LetterList(m_model, side);
+    m_range = new RangeBox(side);
+    m_list->onCurrent = [this](std::size_t letter) { showLetter(letter); };
+    m_list->onEnter = [this] { m_page->setFocus(); };
+    m_model.onTicked = [this] { m_range->ticksChanged(); };
+    m_range->onChanged = [this] { m_model.ticksChanged(); };
+    auto *const layout = new QVBoxLayout(side);
+    constexpr int kRoom = 6;
+    layout->setContentsMargins(kRoom, kRoom, kRoom, kRoom);
+    layout->addLayout(buildFind(side));
+    layout->addWidget(m_list);
+    layout->addWidget(m_range);
+    return side;
+}
+
+QWidget *ViewerWindow::buildPage()
+{
+    auto *const side = new QWidget(this);
+    m_notice = new NoticeBar(side);
+    m_pageSplit = new QSplitter(Qt::Vertical, side);
+    m_page = new PageView(m_pageSplit);
+    m_checkPanel = new CheckPanel(m_pageSplit);
+    m_task = new TaskBar(side);
+    m_pageSplit->addWidget(m_page);
+    m_pageSplit->addWidget(m_checkPanel);
+    m_pageSplit->setStretchFactor(0, 1);
+    m_pageSplit->setChildrenCollapsible(false);
+    m_page->onZoom = [this] { showZoom(); };
+    m_page->onTurn = [this](int by) { step(by); };
+    m_checkPanel->onLetter = [this](std::size_t letter) { showLetter(letter); };
+    m_task->onRunningChanged = [this] {
+        for (QAction *action : m_idleActions) action->setEnabled(!m_task->isRunning());
+    };
+    auto *const layout = new QVBoxLayout(side);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_notice);
+    layout->addWidget(m_pageSplit, 1);
+    layout->addWidget(m_task);
+    return side;
+}
+
+/// Puts letters into the window in the place of those before.
+void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
+{
+    const bool isFirst = !m_letters;
+    // The old ones are let go when nothing shows them any more.
+    const std::unique_ptr<OpenLetters> old = std::exchange(m_letters, std::move(letters));
+    const std::unique_ptr<LetterFinder> oldFinder = std::exchange(m_finder, std::make_unique<LetterFinder>(*m_letters));
+    m_checkTimer.stop();
+    m_check.reset();
+    m_findings = {};
+    const QString title = m_letters->set.title.empty() ? u"委任状"_s : qtText(m_letters->set.title);
+    setWindowTitle(u"%1 － 印刷プレビュー"_s.arg(title));
+    m_model.showLetters(m_letters.get(), &m_findings);
+    m_page->showLetters(m_letters.get());
+    m_range->showTicks(&m_letters->ticks);
+    m_checkPanel->show(m_letters.get(), &m_findings);
+    m_checkPanel->showRunning();
+    const int count = static_cast<int>(m_letters->set.size());
+    m_number->setRange(1, count);
+    m_number->setSuffix(u" ／ %1"_s.arg(count));
+    m_found->clear();
+    m_list->setCurrent(0);
+    m_number->setValue(1);
+    m_watch.watch(m_letters->set.letterFiles);
+    if (!isFirst) startCheck();
+}
+
+void ViewerWindow::start()
+{
+    const Ending ending = m_letters->set.ending;
+    if (ending != Ending::print && ending != Ending::printByDialog) return;
+    m_closesWhenPrinted = true;
+    QTimer::singleShot(0, this, [this, ending] {
+        if (ending == Ending::printByDialog) return askPrint();
+        const PrintOrder order = printDialog()->order();
+        print(order);
+    });
+}
+
+void ViewerWindow::showLetter(std::size_t letter)
+{
+    if (letter >= m_letters->set.size()) return;
+    m_page->showLetter(letter);
+    if (m_list->current() != letter) m_list->setCurrent(letter);
+    m_number->setValue(static_cast<int>(letter) + 1);
+}
+
+void ViewerWindow::step(int by)
+{
+    const auto last = static_cast<std::ptrdiff_t>(m_letters->set.size()) - 1;
+    const auto wanted = static_cast<std::ptrdiff_t>(m_page->letter()) + by;
+    showLetter(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(wanted, 0, last)));
+}
+
+void ViewerWindow::showZoom()
+{
+    constexpr int kPercent = 100;
+    m_zoom->setText(u"%1 %"_s.arg(std::lround(m_page->zoom() * kPercent)));
+}
+
+void ViewerWindow::startCheck()
+{
+    m_check = std::make_unique<LetterCheck>(m_letters->press);
+    m_checkTimer.start(0);
+}
+
+void ViewerWindow::checkMore()
+{
+    if (!m_check || m_check->judge(kCheckedAtOnce)) return;
+    showFindings();
+}
+
+void ViewerWindow::finishCheck()
+{
+    // The first page starts the check; before it is painted there is none.
+    if (m_page->onFirstPaint) std::exchange(m_page->onFirstPaint, {})();
+    if (!m_check) return;
+    while (m_check->judge(kCheckedAtOnce)) {
+    }
+    showFindings();
+}
+
+void ViewerWindow::showFindings()
+{
+    m_checkTimer.stop();
+    m_findings = FindingIndex(m_check->take());
+    m_check.reset();
+    m_model.findingsChanged();
+    m_checkPanel->show(m_letters.get(), &m_findings);
+    m_pageSplit->setSizes(m_checkPanel->hasRows() ? QList<int>{kPageShare, kCheckShare} : QList<int>{1, 0});
+}
+
+void ViewerWindow::tickAll(bool ticked)
+{
+    m_letters->ticks.setAll(ticked);
+    ticksChanged();
+}
+
+void ViewerWindow::untickMarked()
+{
+    finishCheck();
+    for (const Finding &finding : m_findings.all()) m_letters->ticks.set(finding.letter, false);
+    ticksChanged();
+}
+
+void ViewerWindow::ticksChanged()
+{
+    m_model.ticksChanged();
+    m_range->ticksChanged();
+}
+
+void ViewerWindow::find(Direction direction)
+{
+    showFound(m_finder->next(m_find->text(), m_page->letter(), direction));
+}
+
+/// While a text is typed, a letter that still holds it stays.
+void ViewerWindow::findTyped()
+{
+    const std::size_t now = m_page->letter();
+    showFound(m_finder->holds(now, m_find->text()) ? now : m_finder->next(m_find->text(), now, Direction::forward));
+}
+
+void ViewerWindow::showFound(std::optional<std::size_t> letter)
+{
+    const QString text = m_find->text();
+    m_found->setText(searchKey(text).isEmpty() ? QString()
+                     : letter                  ? u"%1通"_s.arg(m_finder->count(text))
+                                               : u"ありません"_s);
+    if (letter) showLetter(*letter);
+}
+
+void ViewerWindow::fileChanged(const std::string &path)
+{
+    const std::string name = path.substr(path.find_last_of("/\\") + 1);
+    m_notice->showNotice(
+        u"「%1」が書き換えられました。いま表示しているのは、開いたときの内容です。"_s.arg(qtText(name)),
+        u"新しい内容を読み込む(&L)"_s, [this] { reload(); });
+}
+
+void ViewerWindow::reload()
+{
+    if (m_task->isRunning()) return;
+    try {
+        adopt(std::make_unique<OpenLetters>(m_scriptPath));
+        m_notice->hide();
+        statusBar()->showMessage(u"読み込み直しました。すべての委任状に印が付いています。"_s);
+    } catch (const RuntimeError &error) {
+        tell(QMessageBox::Warning, qtText(error.description()) + u"\n前の内容をそのまま表示しています。"_s);
+    }
+}
+
+void ViewerWindow::tell(QMessageBox::Icon icon, const QString &text)
+{
+    if (m_services.tell) m_services.tell(this, icon, text);
+}
+
+void ViewerWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    // Whoever comes back to the window sees at once that the file is another.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_watch.look();
+}
+
+void ViewerWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_task->isRunning()) {
+        m_settings.setWindowPlace(saveGeometry());
+        // A window place that cannot be kept is no reason to stay.
+        (void)m_settings.save();
+        event->accept();
+        return;
+    }
+    event->ignore();
+    if (m_isAsking) return;
+    m_isAsking = true;
+    const CloseAnswer answer = m_services.askClose(this, m_taskState);
+    m_isAsking = false;
+    m_closesAfterTask = answer != CloseAnswer::keepPrinting;
+    if (answer == CloseAnswer::cancelAndClose) m_task->cancel();
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,122 @@
+#pragma once
+
+#include "viewer/pdf/letters_pdf.h"
+#include "viewer/window/file_watch.h"
+#include "viewer/window/finding_index.h"
+#include "viewer/window/letter_finder.h"
+#include "viewer/window/letter_list_model.h"
+#include "viewer/window/open_letters.h"
+#include "viewer/window/pdf_dialog.h"
+#include "viewer/window/viewer_services.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class QAction;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QSpinBox;
+class QSplitter;
+
+namespace inin::viewer {
+
+class CheckPanel;
+class LetterList;
+class NoticeBar;
+class PageView;
+class RangeBox;
+class TaskBar;
+
+/// The window of the letters of one script: list, page, check, and what goes out.
+class ViewerWindow : public QMainWindow {
+public:
+    ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> letters,
+                 ViewerServices services = realServices());
+    ~ViewerWindow() override;
+
+    /// Does what the script's last line asks for: shows the letters, asks how to print them, or prints them.
+    void start();
+
+    [[nodiscard]] OpenLetters &letters() { return *m_letters; }
+    [[nodiscard]] const std::vector<Finding> &findings() const { return m_findings.all(); }
+    void showLetter(std::size_t letter);
+    /// Judges what has not been judged yet, at once.
+    void finishCheck();
+    /// Looks whether a file has changed, without waiting for the next look.
+    void lookAtFiles() { m_watch.look(); }
+    void reload();
+
+    /// Asks how, then prints the ticked letters.
+    void askPrint();
+    void print(const PrintOrder &order);
+    /// Asks which and how, then writes PDF files.
+    void askPdf();
+    void savePdf(const PdfOrder &order);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    struct Menus;
+    void buildMenus();
+    void buildFileMenu(Menus &menus);
+    void buildSelectMenu(Menus &menus);
+    void buildMoveMenu(Menus &menus);
+    void buildViewMenu(Menus &menus);
+    void buildTools();
+    QLayout *buildFind(QWidget *side);
+    QWidget *buildList();
+    QWidget *buildPage();
+    void adopt(std::unique_ptr<OpenLetters> letters);
+    void startCheck();
+    void checkMore();
+    void showFindings();
+    void showZoom();
+    void step(int by);
+    void tickAll(bool ticked);
+    void ticksChanged();
+    void untickMarked();
+    void find(Direction direction);
+    void findTyped();
+    void showFound(std::optional<std::size_t> letter);
+    void fileChanged(const std::string &path);
+    [[nodiscard]] std::unique_ptr<PrintDialog> printDialog();
+    void runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task);
+    void tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which);
+    void writePdf(const PdfOrder &order, const std::vector<std::size_t> &which);
+    void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
+    void tell(QMessageBox::Icon icon, const QString &text);
+
+    const std::string m_scriptPath;
+    ViewerServices m_services;
+    ViewerSettings m_settings;
+    std::unique_ptr<OpenLetters> m_letters;
+    std::unique_ptr<LetterFinder> m_finder;
+    std::unique_ptr<LetterCheck> m_check; ///< while letters are being judged
+    FindingIndex m_findings;
+    QTimer m_checkTimer;
+    FileWatch m_watch;
+    LetterListModel m_model;
+    std::vector<QAction *> m_idleActions; ///< those that wait while a task runs
+    LetterList *m_list = nullptr;
+    PageView *m_page = nullptr;
+    CheckPanel *m_checkPanel = nullptr;
+    QSplitter *m_pageSplit = nullptr;
+    NoticeBar *m_notice = nullptr;
+    RangeBox *m_range = nullptr;
+    TaskBar *m_task = nullptr;
+    QSpinBox *m_number = nullptr;
+    QLineEdit *m_find = nullptr;
+    QLabel *m_found = nullptr;
+    QLabel *m_zoom = nullptr;
+    QString m_taskState; ///< how far the running task is, in words
+    bool m_isAsking = false, m_closesAfterTask = false, m_closesWhenPrinted = false;
+};
+
+} // namespace inin::viewer
