@@ -4,10 +4,8 @@
 #include "bench/bench_process.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
+#include "bench/noted_texts.h"
 #include "viewer/document/letter_press.h"
-#include "viewer/layout/utf8.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <exception>
@@ -30,42 +28,18 @@ void write(const std::string &path, const std::string &bytes)
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-/// Notes places and texts of runs, as the plain program reads them.
-class Notes : public viewer::PagePainter {
-public:
-    explicit Notes(double height) : m_height(height) {}
-    void paint(const viewer::PathCommand &) override {}
-    void paint(const viewer::GlyphRun &run) override
-    {
-        const auto found = std::ranges::find(fonts, run.font);
-        places.push_back(
-            fmt::format("{} {:.2f} {:.2f} {:.2f}", found - fonts.begin(), run.at.e, m_height - run.at.f, run.size));
-        if (found == fonts.end()) fonts.push_back(run.font);
-        std::string text;
-        for (const viewer::ShapedGlyph &glyph : run.glyphs)
-            for (const char32_t character : run.font->charactersOf(glyph.text)) viewer::appendUtf8(text, character);
-        texts.push_back(std::move(text));
-    }
-    std::vector<const viewer::Font *> fonts;
-    std::vector<std::string> places, texts;
-
-private:
-    double m_height;
-};
-
 void writePlainJob(const LetterJob &job)
 {
     const viewer::LetterSet set = viewer::openScript(job.script());
     viewer::Fonts fonts;
     viewer::LetterPress press(set, fonts);
-    Notes notes(press.paperSize().y);
+    NotedTexts notes(press.paperSize().y);
     press.layoutOf(0).paintShared(notes);
     std::string fontLines, shared, letters;
     for (std::size_t i = 0; i < notes.texts.size(); ++i)
         shared += fmt::format("S {} {}\n", notes.places[i], notes.texts[i]);
     for (std::size_t n = 0; n < kLetters; ++n) {
-        notes.places.clear();
-        notes.texts.clear();
+        notes.clear();
         press.paintFields(n, notes);
         for (const std::string &place : notes.places)
             if (n == 0) shared += "V " + place + "\n";
@@ -88,14 +62,6 @@ Pair timed(const std::vector<std::string> &ours, const std::vector<std::string> 
         plainRuns.push_back(runProcess(plain, output));
     }
     return {medianOf(oursRuns), medianOf(plainRuns)};
-}
-
-/// A PDF reader shows every blank as one gap, so texts are looked for without their blanks.
-std::string withoutBlanks(std::string text)
-{
-    std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
-    for (std::size_t at = text.find("　"); at != text.npos; at = text.find("　", at)) text.erase(at, 3);
-    return text;
 }
 
 /// How many of the letters' texts are on their own page.

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <array>
+#include <string_view>
 
 namespace inin::bench {
 
@@ -59,6 +60,14 @@ std::vector<std::string> letterRow(std::size_t n)
             home(n + 1),
             fmt::format("讃岐あさひ銀行  第{}支店", company + 1),
             "2024/05/01"};
+}
+
+std::string withoutBlanks(std::string text)
+{
+    constexpr std::string_view kWide = "　";
+    std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
+    for (std::size_t at = text.find(kWide); at != text.npos; at = text.find(kWide, at)) text.erase(at, kWide.size());
+    return text;
 }
 
 } // namespace inin::bench

@@ -4,7 +4,9 @@
 
 #include <doctest/doctest.h>
 
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 
 #include <cstdlib>
 
@@ -68,6 +70,19 @@ QImage rasterized(const std::string &pdf, int dotsPerInch)
     return page;
 }
 
+/// The first letter as it goes to a printer.
+void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
+{
+    constexpr int kPrinterDots = 600;
+    QPdfWriter writer(QString::fromStdString(path));
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins({});
+    writer.setResolution(kPrinterDots);
+    QPainter painter(&writer);
+    painter.scale(kPrinterDots / 72.0, kPrinterDots / 72.0);
+    paintLetter(press, 0, painter, glyphs);
+}
+
 struct Pictures {
     Folder folder;
     LetterSet set;
@@ -75,7 +90,8 @@ struct Pictures {
     LetterPress press;
     QtGlyphs glyphs;
     explicit Pictures(const char *form)
-        : set(openScript(writePrintJob(folder, form, {ordinaryRow(), longestRow(), oddRow()}))), press(set, fonts)
+        : set(openScript(writePrintJob(folder, form, {ordinaryRow(), longestRow(), oddRow(), Row{}}))),
+          press(set, fonts)
     {
     }
     QImage picture(std::size_t letter) { return letterImage(press, letter, kDots, glyphs); }
@@ -83,12 +99,12 @@ struct Pictures {
 
 } // namespace
 
-TEST_CASE("each form looks as it did, with ordinary, longest and odd data")
+TEST_CASE("each form looks as it did, with ordinary, longest and odd data and with none")
 {
-    constexpr const char *data[] = {"ordinary", "longest", "odd"};
+    constexpr const char *data[] = {"ordinary", "longest", "odd", "blank"};
     for (const Case &each : kCases) {
         Pictures pictures(each.form);
-        for (std::size_t letter = 0; letter < 3; ++letter) {
+        for (std::size_t letter = 0; letter < 4; ++letter) {
             holdAgainstGolden(pictures.picture(letter), std::string(each.golden) + "_" + data[letter] + ".png");
         }
     }
@@ -109,6 +125,45 @@ TEST_CASE("characters of stand-in fonts look as they did, in the picture and in 
     const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
     CHECK(difference(coarse(picture), coarse(page)) < 0.02);
     CHECK(difference(coarse(picture), coarse(picture.copy(2, 0, top.width(), top.height()))) > 0.05);
+}
+
+TEST_CASE("a bold text is darker than the same text and takes the same room, on screen, in the PDF and on a printer")
+{
+    const auto inkOf = [](const QImage &image) {
+        double ink = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) ink += 255 - qGray(image.pixel(x, y));
+        return ink;
+    };
+    double inks[2] = {}, pdfInks[2] = {}, printedInks[2] = {};
+    QImage picture;
+    for (const int bold : {0, 1}) {
+        Folder folder;
+        const LetterSet set =
+            lettersOn(svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:8px;font-weight:" +
+                              std::string(bold != 0 ? "bold" : "normal") +
+                              "'>委任状𠮷</text><text x='4' y='24' style='font-size:8px'>本文</text>"),
+                      {ordinaryRow()});
+        Fonts fonts;
+        LetterPress press(set, fonts);
+        QtGlyphs glyphs;
+        const QRect top(0, 0, 130, 80);
+        picture = letterImage(press, 0, kDots, glyphs).copy(top);
+        inks[bold] = inkOf(picture);
+        REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
+        const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+        pdfInks[bold] = inkOf(page);
+        CHECK(difference(coarse(picture), coarse(page)) < 0.03);
+        CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "委任状𠮷本文");
+        printLetter(press, folder.file("printed.pdf"), glyphs);
+        const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
+        printedInks[bold] = inkOf(printed);
+        CHECK(difference(coarse(picture), coarse(printed)) < 0.03);
+    }
+    CHECK(inks[1] > 1.2 * inks[0]);
+    CHECK(pdfInks[1] > 1.2 * pdfInks[0]);
+    CHECK(printedInks[1] > 1.2 * printedInks[0]);
+    holdAgainstGolden(picture, "bold.png");
 }
 
 TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")

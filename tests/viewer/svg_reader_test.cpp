@@ -276,6 +276,32 @@ TEST_CASE("what is too far out or too large to be drawn is told and left out")
                                                    "ページから遠く離れた文字や大きすぎる文字は表示しません。"});
 }
 
+TEST_CASE("a size in percent is a part of the size around it")
+{
+    const FormDocument form = readPage("<g style='font-size:8px'><text style='font-size:50%'>x</text></g>");
+    CHECK(textAt(form, 0).size == doctest::Approx(4 * kMm));
+}
+
+TEST_CASE("weights from six hundred on are bold, and a text between takes over what is around it")
+{
+    struct Case {
+        const char *style;
+        bool isBold;
+    };
+    for (const Case &each : {Case{"font-weight:bold", true},
+                             {"font-weight:700", true},
+                             {"font-weight:600", true},
+                             {"font-weight:500", false},
+                             {"font-weight:normal", false},
+                             {"font-weight:inherit", false}}) {
+        CAPTURE(std::string(each.style));
+        const FormDocument form = readPage("<text style='" + std::string(each.style) + "'>x</text>");
+        CHECK(textAt(form, 0).isBold == each.isBold);
+        CHECK(form.notices.empty());
+    }
+    CHECK(textAt(readPage("<g font-weight='bold'><text><tspan>x</tspan></text></g>"), 0).isBold);
+}
+
 TEST_CASE("a path of millions of steps ends where no drawing goes")
 {
     std::string data = "M0 0";

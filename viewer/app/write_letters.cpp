@@ -9,7 +9,6 @@
 #include "viewer/paint/qt_page_painter.h"
 #include "viewer/pdf/letters_pdf.h"
 
-#include <QBuffer>
 #include <fmt/format.h>
 
 #include <cstdio>
@@ -39,13 +38,10 @@ void tellFaults(const LetterSet &set, const std::vector<std::size_t> &letters)
     }
 }
 
-void writePng(const std::string &path, const QImage &image)
+void writeFile(const std::string &path, const std::string &bytes)
 {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "PNG")) throw RuntimeError(error_number::outOfMemory);
     FinishedFile file(path);
-    file.write({buffer.data().constData(), static_cast<std::size_t>(buffer.data().size())});
+    file.write(bytes);
     file.finish();
 }
 
@@ -59,8 +55,8 @@ void writePngs(const ViewCommand &command, LetterPress &press, const std::vector
     const std::size_t digits = std::max<std::size_t>(3, std::to_string(press.set().size()).size());
     QtGlyphs glyphs;
     for (const std::size_t letter : letters)
-        writePng(fmt::format("{}/{:0{}}.png", folder, letter + 1, digits),
-                 letterImage(press, letter, command.dotsPerInch, glyphs));
+        writeFile(fmt::format("{}/{:0{}}.png", folder, letter + 1, digits),
+                  letterPng(press, letter, command.dotsPerInch, glyphs));
 }
 
 } // namespace
@@ -96,9 +92,7 @@ void writeCombinedForm(const MergeCommand &command)
         report.form = systemPathOf(report.form);
         for (DataSource &source : report.data) source.path = systemPathOf(source.path);
     }
-    FinishedFile file(command.output);
-    file.write(combinedFormText(script.reports));
-    file.finish();
+    writeFile(command.output, combinedFormText(script.reports));
 }
 
 } // namespace inin::viewer

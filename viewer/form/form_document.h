@@ -53,6 +53,7 @@ struct TextCommand {
     std::vector<TextPiece> pieces;
     std::string family;
     double size = 10;
+    bool isBold = false;
     Color color;
     double spacing = 0; ///< added behind each letter
     Anchor anchor = Anchor::start;

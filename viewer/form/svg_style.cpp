@@ -56,6 +56,13 @@ std::string firstFamily(std::string_view value)
     return family;
 }
 
+/// There is one bold; whatever is nearer to it than to the ordinary is it.
+bool isBoldWeight(std::string_view value)
+{
+    constexpr double kSemiBold = 600;
+    return value == "bold" || value == "bolder" || readLength(value).value_or(0) >= kSemiBold;
+}
+
 std::vector<double> dashesOf(std::string_view value)
 {
     std::vector<double> dashes = readNumbers(value);
@@ -89,7 +96,6 @@ constexpr Unsupported kUnsupported[] = {
     {"marker-start", "none", "矢印などのマーカー"},
     {"marker-end", "none", "矢印などのマーカー"},
     {"text-decoration", "none", "文字の下線など"},
-    {"font-weight", "normal 400", "太字"},
 };
 
 } // namespace
@@ -122,7 +128,9 @@ void SvgStyle::set(std::string_view name, std::string_view raw, const Notice &te
     else if (name == "font-family")
         family = firstFamily(value);
     else if (name == "font-size")
-        setLength(fontSize, value, fontSize);
+        fontSize = readLength(value, fontSize, fontSize).value_or(fontSize);
+    else if (name == "font-weight")
+        isBold = value == "inherit" ? isBold : isBoldWeight(value);
     else if (name == "letter-spacing")
         setLength(spacing, value == "normal" ? "0" : value, fontSize);
     else if (name == "text-anchor")

@@ -28,6 +28,7 @@ struct SvgStyle {
     std::string family = "serif";
     double fontSize = 16;
     double spacing = 0;
+    bool isBold = false;
     Anchor anchor = Anchor::start;
     bool keepsBlanks = false;
 

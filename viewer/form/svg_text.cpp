@@ -58,7 +58,7 @@ bool isBlank(std::string_view text)
 
 bool looksTheSame(const SvgStyle &a, const SvgStyle &b)
 {
-    return a.family == b.family && a.fontSize == b.fontSize && a.spacing == b.spacing &&
+    return a.family == b.family && a.fontSize == b.fontSize && a.spacing == b.spacing && a.isBold == b.isBold &&
            a.fillOnPaper() == b.fillOnPaper();
 }
 
@@ -164,6 +164,7 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
     command.pieces = readPieces(text);
     command.family = style.family;
     command.size = size;
+    command.isBold = style.isBold;
     command.color = *color;
     command.spacing = style.spacing * scale;
     command.anchor = style.anchor;

@@ -111,7 +111,8 @@ private:
             // The glyphs' places know nothing of the spacing behind those of the parts before.
             const double spaced = static_cast<double>(from - begin) * spacing * fitted.stretch;
             m_runs.push_back({part.font, fitted.size, fitted.stretch, spacing, m_command.color,
-                              at * Affine{1, 0, 0, 1, spaced - start, 0}, glyphs.subspan(from, to - from)});
+                              at * Affine{1, 0, 0, 1, spaced - start, 0}, glyphs.subspan(from, to - from),
+                              m_command.isBold});
             from = to;
         }
     }

@@ -2,7 +2,6 @@
 
 #include "viewer/layout/fonts.h"
 #include "viewer/layout/page_painter.h"
-#include "viewer/letters/letter_table.h"
 
 #include <cstddef>
 #include <functional>

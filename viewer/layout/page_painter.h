@@ -16,6 +16,10 @@ struct GlyphRun {
     Color color;
     Affine at;
     std::span<const ShapedGlyph> glyphs;
+    bool isBold =
+        false; ///< each letter is drawn around its outline too, kBoldLine wide: none of the fonts has a bold face
+
+    static constexpr double kBoldLine = 0.035; ///< as a part of the size
 };
 
 /// What a page is painted with: a file, a screen, a printer.

@@ -1,7 +1,9 @@
 #include "viewer/paint/qt_page_painter.h"
 
+#include "runtime/runtime_error.h"
 #include "viewer/document/letter_press.h"
 
+#include <QBuffer>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
@@ -92,6 +94,12 @@ QPen qtPen(const Stroke &stroke)
     return pen;
 }
 
+/// For letters of which one size is `size` units of the painter.
+QPen boldPen(const GlyphRun &run, double size)
+{
+    return {qtColor(run.color), GlyphRun::kBoldLine * size, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
+}
+
 } // namespace
 
 const QPainterPath &QtGlyphs::outline(const Font &font, std::uint32_t glyph, double pixels)
@@ -158,11 +166,13 @@ void QtPagePainter::paint(const GlyphRun &run)
         }
         m_painter.setTransform(qtTransform(place) * line);
         m_painter.fillPath(outline, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(outline, boldPen(run, 1));
     }
     if (gathers) {
         putOnGrid(gathered, m_painter.device()->logicalDpiY());
         m_painter.resetTransform();
         m_painter.fillPath(gathered, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
     }
     m_painter.setTransform(before);
 }
@@ -193,6 +203,15 @@ QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, Q
     painter.scale(scale, scale);
     paintLetter(press, letter, painter, glyphs);
     return image;
+}
+
+std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!letterImage(press, letter, dotsPerInch, glyphs).save(&buffer, "PNG"))
+        throw RuntimeError(error_number::outOfMemory);
+    return buffer.data().toStdString();
 }
 
 } // namespace inin::viewer

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPainterPath>
+#include <string>
 #include <unordered_map>
 
 class QPainter;
@@ -44,5 +45,7 @@ private:
 void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
 /// One letter as a picture on white paper; needs no display.
 [[nodiscard]] QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
+/// The same as the bytes of a PNG file.
+[[nodiscard]] std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 
 } // namespace inin::viewer

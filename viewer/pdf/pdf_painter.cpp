@@ -52,6 +52,7 @@ void PdfPainter::begin(double pageHeight)
     m_stretch = 1;
     m_spacing = 0;
     m_fill = {};
+    m_isBold = false;
 }
 
 const std::string &PdfPainter::finish()
@@ -94,6 +95,20 @@ void PdfPainter::setFillColor(const Color &color)
     if (m_fill == color) return;
     m_fill = color;
     appendColor(m_out, color, "g", "rg");
+}
+
+/// Letters filled and drawn around with the fill's colour, or only filled.
+void PdfPainter::setBold(const GlyphRun &run)
+{
+    if (run.isBold) {
+        appendColor(m_out, run.color, "G", "RG");
+        appendNumber(m_out, run.size * run.at.scale() * GlyphRun::kBoldLine, 3);
+        // Without dashes, and with round corners: pointed ones stick out of small letters.
+        m_out += " w 1 j [] 0 d\n";
+    }
+    if (m_isBold == run.isBold) return;
+    m_isBold = run.isBold;
+    m_out += m_isBold ? "2 Tr\n" : "0 Tr\n";
 }
 
 void PdfPainter::setFont(const GlyphRun &run)
@@ -174,6 +189,7 @@ void PdfPainter::paint(const GlyphRun &run)
     beginText();
     setFillColor(run.color);
     setFont(run);
+    setBold(run);
     set(m_spacing, run.spacing, " Tc\n");
     if (m_stretch != run.stretch) {
         m_stretch = run.stretch;

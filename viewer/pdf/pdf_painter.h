@@ -40,6 +40,7 @@ private:
     void beginText();
     void endText();
     void setFillColor(const Color &color);
+    void setBold(const GlyphRun &run);
     void setFont(const GlyphRun &run);
     void moveTo(const GlyphRun &run);
     void showGlyphs(const GlyphRun &run);
@@ -58,6 +59,7 @@ private:
     PdfFont *m_pdfFont = nullptr;
     double m_size = 0, m_stretch = 1, m_spacing = 0;
     Color m_fill;
+    bool m_isBold = false;
     long m_lineX = 0, m_lineY = 0;
     bool m_isTurned = false; ///< the text matrix is no plain move
 };

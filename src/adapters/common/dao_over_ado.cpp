@@ -97,14 +97,19 @@ public:
                                                 std::int32_t) override
     {
         Connection &connection = m_session->use();
-        const std::string sql = isTableName(source, type) ? selectFrom(source) : source;
-        return withDaoErrors([&] {
-            std::unique_ptr<Recordset> rows = m_kind->provider->newRecordset();
-            // Forward-only rows stream; all others are read at once, so that the connection is free for more.
-            rows->setCursorLocation(type == dbOpenForwardOnly ? adUseServer : adUseClient);
+        const bool isTable = isTableName(source, type);
+        const std::string sql = isTable ? selectFrom(source) : source;
+        std::unique_ptr<Recordset> rows = m_kind->provider->newRecordset();
+        // Forward-only rows stream; all others are read at once, so that the connection is free for more.
+        rows->setCursorLocation(type == dbOpenForwardOnly ? adUseServer : adUseClient);
+        try {
             rows->Open(sql, connection, adOpenForwardOnly, adLockReadOnly, adCmdText);
-            return std::make_unique<AdoBackedRecordset>(m_session, std::move(rows));
-        });
+        } catch (const RuntimeError &error) {
+            // Of a statement that is ours but for the name, only the name can be wrong.
+            if (isTable && error.number() == ado_error::faultyStatement) throw daoError(dao_error::noSuchTable);
+            throw asDaoError(error);
+        }
+        return std::make_unique<AdoBackedRecordset>(m_session, std::move(rows));
     }
 
     void Execute(const std::string &sql, std::optional<std::int32_t>) override

@@ -167,7 +167,8 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
 {
     switch (column.form) {
     case ColumnForm::smallInteger:
-        return read<std::int16_t>(cell);
+        return length == sizeof(SQLINTEGER) ? static_cast<std::int16_t>(read<SQLINTEGER>(cell))
+                                            : read<std::int16_t>(cell);
     case ColumnForm::integer:
         return static_cast<std::int32_t>(read<SQLINTEGER>(cell));
     case ColumnForm::bigInteger:
@@ -176,8 +177,8 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
         return static_cast<std::int16_t>(*cell == std::byte{0} ? 0 : -1);
     case ColumnForm::single:
         return singleValue(read<float>(cell));
-    case ColumnForm::number:
-        return read<double>(cell);
+    case ColumnForm::number: // a driver that gives a single here tells so by its length
+        return length == sizeof(float) ? singleValue(read<float>(cell)) : read<double>(cell);
     case ColumnForm::decimal:
         return decimalValue(chars(cell, length));
     case ColumnForm::moment:
@@ -192,6 +193,8 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
         return guidText(chars(cell, length));
     case ColumnForm::bytes:
         return Binary(cell, cell + length);
+    case ColumnForm::utf8Text:
+        return utf8FromUtf16(utf16FromUtf8(chars(cell, length))); // a cut text may end within a character
     case ColumnForm::text:
         break;
     }

@@ -23,6 +23,7 @@ enum class ColumnForm : std::uint8_t {
     time,
     guid,
     text,
+    utf8Text,
     bytes
 };
 

@@ -45,6 +45,7 @@ constexpr WordsRow kWords[] = {
     {"no such table", "", ado_error::noSuchTable},
     {"Login failed for user", "", ado_error::logInRefused},
     {"password authentication failed", "", ado_error::logInRefused},
+    {"Couldn't parse SQL", "", ado_error::faultyStatement}, // of the driver for Jet files, which tells no state
 };
 
 std::int32_t numberOf(const DiagnosticRecord &record, std::string_view words)
@@ -96,6 +97,7 @@ ProviderError providerErrorOf(const DiagnosticRecord &record, const std::vector<
         words.remove_prefix(end + 1);
         while (words.starts_with(' ')) words.remove_prefix(1);
     }
+    while (!words.empty() && (words.back() == '\r' || words.back() == '\n')) words.remove_suffix(1);
     error.Number = numberOf(record, words);
     error.Description = words;
     for (const std::string &secret : secrets)

@@ -1,6 +1,7 @@
 #include "adapters/odbc/jet_dao.h"
 
 #include "adapters/common/dao_over_ado.h"
+#include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_database.h"
 
 #include <string_view>
@@ -25,16 +26,25 @@ bool isJetFile(std::string_view start)
     return name.starts_with("Standard Jet DB") || name.starts_with("Standard ACE DB");
 }
 
-/// In braces only where it must be: not every driver takes them.
+/// In braces only where it must be: the driver outside Windows takes none, and so no path with a semicolon.
 std::string valueOf(const std::string &path)
 {
-    if (path.find_first_of(";{}") == std::string::npos) return path;
+    if (path.find(';') == std::string::npos && !path.starts_with('{')) return path;
     std::string text = "{";
     for (const char c : path) text.append(c == '}' ? 2 : 1, c);
     return text + "}";
 }
 
 } // namespace
+
+std::string jetDriver()
+{
+#ifdef _WIN32
+    return "Microsoft Access Driver (*.mdb, *.accdb)";
+#else
+    return mdbDriverLibrary();
+#endif
+}
 
 std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath, std::string driver)
 {

@@ -8,17 +8,13 @@
 
 namespace inin {
 
-/// The driver for Jet files: of the system on Windows, of a package elsewhere, where it only reads.
-#ifdef _WIN32
-inline constexpr const char *kJetDriver = "Microsoft Access Driver (*.mdb, *.accdb)";
-#else
-inline constexpr const char *kJetDriver = "MDBTools";
-#endif
+/// The driver for Jet files: of the system on Windows, of a package elsewhere, where it only reads (see mdb_driver.h).
+[[nodiscard]] std::string jetDriver();
 
 /// Jet files behind the older library's port: a database's name is the path of its file. `resolvePath` turns it, a path
 /// of the suite, into one that the system opens. `driver` is a name or the path of the driver's library; without it an
 /// opening is error 3151.
 [[nodiscard]] std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath,
-                                                    std::string driver = kJetDriver);
+                                                    std::string driver = jetDriver());
 
 } // namespace inin

@@ -1,5 +1,6 @@
 #include "adapters/odbc/odbc_cursor.h"
 
+#include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_api.h"
 #include "adapters/odbc/odbc_session.h"
 #include "adapters/odbc/utf16.h"
@@ -52,8 +53,9 @@ void OdbcCursor::describe()
         if (!SQL_SUCCEEDED(result)) m_session.fail(m_statement->records());
         const std::size_t shown = std::min<std::size_t>(static_cast<std::size_t>(length), name.size() - 1);
         const bool mayBeMoney = (type == SQL_DECIMAL || type == SQL_NUMERIC) && digits == 4;
-        m_columns.push_back(describeColumn(utf8FromUtf16(units(name.data(), shown)), type, size, digits,
-                                           mayBeMoney ? typeName(m_statement->get(), column) : std::string()));
+        OdbcColumn described = describeColumn(utf8FromUtf16(units(name.data(), shown)), type, size, digits,
+                                              mayBeMoney ? typeName(m_statement->get(), column) : std::string());
+        m_columns.push_back(m_session.isMdb() ? mdbColumn(std::move(described)) : std::move(described));
     }
 }
 

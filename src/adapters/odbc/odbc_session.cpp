@@ -1,5 +1,6 @@
 #include "adapters/odbc/odbc_session.h"
 
+#include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_api.h"
 #include "adapters/odbc/single_select.h"
 #include "adapters/odbc/utf16.h"
@@ -40,6 +41,8 @@ OdbcSession::OdbcSession(std::shared_ptr<OdbcEnvironment> environment, const Odb
         SQLDriverConnectW(m_handle.get(), nullptr, wide(text), static_cast<SQLSMALLINT>(text.size()), completed.data(),
                           static_cast<SQLSMALLINT>(completed.size()), &length, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result)) raiseRecords(errors, m_handle.records(), m_secrets);
+    m_isMdb = isMdbDriver(databaseName());
+    if (m_isMdb) checkMdbFile(errors);
     m_firstDatabase = defaultDatabase();
 }
 
@@ -51,8 +54,30 @@ OdbcSession::~OdbcSession()
     SQLDisconnect(m_handle.get());
 }
 
+/// That driver opens any file; only the first statement shows whether there is a database in it.
+void OdbcSession::checkMdbFile(Errors &errors) const
+{
+    const std::unique_ptr<OdbcHandle> statement = newStatement(kDefaultCommandTimeout);
+    const std::u16string text = utf16FromUtf8(kMdbCatalogue);
+    if (!SQL_SUCCEEDED(SQLExecDirectW(statement->get(), wide(text), static_cast<SQLINTEGER>(text.size()))))
+        raise(errors, ownError(ado_error::unspecified, "08001", "the file cannot be read as a Jet database"));
+}
+
+/// The name of the product behind the driver.
+std::string OdbcSession::databaseName() const
+{
+    std::array<SQLWCHAR, 64> name{};
+    SQLSMALLINT bytes = 0;
+    const SQLRETURN result = SQLGetInfoW(m_handle.get(), SQL_DBMS_NAME, name.data(),
+                                         static_cast<SQLSMALLINT>(name.size() * sizeof(SQLWCHAR)), &bytes);
+    if (!SQL_SUCCEEDED(result)) return {};
+    const std::u16string_view text = units(name.data(), name.size());
+    return utf8FromUtf16(text.substr(0, text.find(u'\0')));
+}
+
 std::string OdbcSession::defaultDatabase() const
 {
+    if (m_isMdb) return {};
     std::array<SQLWCHAR, 512> name{};
     SQLINTEGER bytes = 0;
     const SQLRETURN result = SQLGetConnectAttrW(m_handle.get(), SQL_ATTR_CURRENT_CATALOG, name.data(),
@@ -72,11 +97,20 @@ std::unique_ptr<OdbcHandle> OdbcSession::newStatement(std::int32_t timeout) cons
     return statement;
 }
 
+std::string OdbcSession::spelled(const std::string &sql)
+{
+    if (!m_isMdb) return sql;
+    MdbStatement statement = mdbStatement(sql);
+    if (!statement.problem.empty())
+        raise(*m_errors, ownError(ado_error::faultyStatement, "42000", std::move(statement.problem)));
+    return std::move(statement.text);
+}
+
 std::unique_ptr<OdbcHandle> OdbcSession::run(const std::string &sql)
 {
     freeConnection();
+    const std::u16string text = utf16FromUtf8(spelled(sql));
     std::unique_ptr<OdbcHandle> statement = newStatement(m_timeout);
-    const std::u16string text = utf16FromUtf8(sql);
     const SQLRETURN result = SQLExecDirectW(statement->get(), wide(text), static_cast<SQLINTEGER>(text.size()));
     // The records come first: any further call would empty them.
     if (result != SQL_SUCCESS) checkRecords(*statement, isDone(result));
@@ -157,7 +191,7 @@ bool OdbcSession::tidy()
     if (const auto reading = m_reading.lock()) reading->close();
     m_reading.reset();
     m_timeout = kDefaultCommandTimeout;
-    if (m_isLost || isMarkedDead()) return false;
+    if (m_isMdb || m_isLost || isMarkedDead()) return false; // a closed file is let go
     if (m_inTransaction) {
         if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, m_handle.get(), SQL_ROLLBACK))) return false;
         m_inTransaction = false;

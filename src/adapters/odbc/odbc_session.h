@@ -45,10 +45,16 @@ public:
     /// Asks the server, for a driver notices a lost connection only when it is used.
     [[nodiscard]] bool isAlive();
 
+    /// True on the driver that reads Jet files outside Windows, see mdb_driver.h.
+    [[nodiscard]] bool isMdb() const { return m_isMdb; }
     /// For the cursors: raises what a statement's failure told.
     [[noreturn]] void fail(const std::vector<DiagnosticRecord> &records);
 
 private:
+    [[nodiscard]] std::string databaseName() const;
+    void checkMdbFile(Errors &errors) const;
+    /// As the driver takes it.
+    [[nodiscard]] std::string spelled(const std::string &sql);
     [[nodiscard]] std::unique_ptr<OdbcHandle> newStatement(std::int32_t timeout) const;
     [[nodiscard]] std::unique_ptr<OdbcHandle> run(const std::string &sql);
     /// Behind a call that did not plainly succeed.
@@ -66,6 +72,7 @@ private:
     std::weak_ptr<OdbcCursor> m_reading; ///< the one whose rows still come from the server
     std::string m_firstDatabase;
     std::int32_t m_timeout = kDefaultCommandTimeout;
+    bool m_isMdb = false;
     bool m_inTransaction = false;
     bool m_isLost = false;
 };

@@ -14,6 +14,8 @@ namespace {
 constexpr std::size_t kBlockBytes = 1U << 20U;
 constexpr std::size_t kMostRows = 512;
 constexpr std::size_t kPieceBytes = 32768;
+/// Stands in the count of fetched rows until a driver writes its own; one that never does fetches single rows.
+constexpr std::uintptr_t kUntold = UINTPTR_MAX;
 
 static_assert(sizeof(SQLLEN) == sizeof(std::intptr_t) && sizeof(SQLULEN) == sizeof(std::uintptr_t));
 
@@ -72,11 +74,15 @@ void RowBlock::bind(std::size_t column)
 RowBlock::Outcome RowBlock::fetch()
 {
     m_count = 0;
-    m_fetched = 0;
+    m_fetched = kUntold;
     std::ranges::fill(m_status, static_cast<std::uint16_t>(SQL_ROW_NOROW));
     const SQLRETURN result = SQLFetch(m_statement.get());
     if (result == SQL_NO_DATA) return endOfRows();
     if (result != SQL_SUCCESS) m_failure = m_statement.records();
+    if (SQL_SUCCEEDED(result) && m_fetched == kUntold) {
+        m_fetched = 1;
+        m_status[0] = SQL_ROW_SUCCESS;
+    }
     const std::size_t told = SQL_SUCCEEDED(result) ? std::min<std::size_t>(m_fetched, m_capacity) : m_capacity;
     const auto isGood = [](std::uint16_t status) {
         return status == SQL_ROW_SUCCESS || status == SQL_ROW_SUCCESS_WITH_INFO;
