@@ -2,6 +2,7 @@
 
 // The ports of the system that the programs are built for, under names that tell nothing of it.
 
+#include "adapters/common/no_automation.h"
 #ifdef _WIN32
 #include "adapters/win32/win32_platform.h"
 #else
@@ -35,6 +36,10 @@ namespace inin {
 {
     return makeWin32Processes(std::move(end));
 }
+[[nodiscard]] inline std::unique_ptr<Automation> makeSystemAutomation()
+{
+    return makeWin32Automation();
+}
 /// True for a path that does not start at the current folder; a drive's letter counts as such.
 [[nodiscard]] inline bool isAbsolutePath(const std::string &path)
 {
@@ -67,6 +72,11 @@ namespace inin {
 [[nodiscard]] inline std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
 {
     return makePosixProcesses(std::move(end));
+}
+/// Late-bound objects are a thing of Windows: elsewhere there is none.
+[[nodiscard]] inline std::unique_ptr<Automation> makeSystemAutomation()
+{
+    return makeNoAutomation();
 }
 /// True for a path that does not start at the current folder.
 [[nodiscard]] inline bool isAbsolutePath(const std::string &path)
