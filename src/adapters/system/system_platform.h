@@ -2,7 +2,6 @@
 
 // The ports of the system that the programs are built for, under names that tell nothing of it.
 
-#include "adapters/common/no_automation.h"
 #ifdef _WIN32
 #include "adapters/win32/win32_platform.h"
 #else

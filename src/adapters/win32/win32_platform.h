@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/common/no_automation.h"
 #include "platform/folders.h"
 #include "platform/platform.h"
 
