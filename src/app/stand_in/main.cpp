@@ -25,11 +25,20 @@ int fail(const std::wstring &why)
     return kFailed;
 }
 
+/// Whole and with the prefix that lifts the classic limit of 260 characters.
+std::wstring unlimited(const std::wstring &path)
+{
+    std::wstring full(kLongestPath, L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), kLongestPath, full.data(), nullptr));
+    if (full.empty() || full.starts_with(L"\\\\")) return path;
+    return L"\\\\?\\" + full;
+}
+
 class FileHandle {
 public:
     FileHandle(const std::wstring &path, DWORD access, DWORD disposition)
-        : m_handle(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, disposition,
-                               FILE_ATTRIBUTE_NORMAL, nullptr))
+        : m_handle(CreateFileW(unlimited(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                               disposition, FILE_ATTRIBUTE_NORMAL, nullptr))
     {
     }
     ~FileHandle()
@@ -133,7 +142,7 @@ int copyScript(const std::wstring &self, const std::wstring &arguments)
     if (place == std::wstring::npos) return fail(L"/c とコマンドファイルがありません。");
     std::wstring script = spaced.substr(place + 4);
     std::erase(script, L'"');
-    if (CopyFileW(script.c_str(), (self + L".WfdCom.dat").c_str(), FALSE) == 0)
+    if (CopyFileW(unlimited(script).c_str(), unlimited(self + L".WfdCom.dat").c_str(), FALSE) == 0)
         return fail(script + L" をコピーできません。");
     return kDone;
 }
