@@ -47,6 +47,23 @@ class WineProgram(Program):
                 return
 
 
+class WineDisplay(Display):
+    """Wine keeps to the display on which its desktop came up, or to none, so each display has a Wine of its own."""
+
+    def __enter__(self):
+        stop_wine()
+        return super().__enter__()
+
+    def __exit__(self, *arguments):
+        stop_wine()
+        super().__exit__(*arguments)
+
+
+def stop_wine():
+    subprocess.run(["wineserver", "-k"], check=False)
+    subprocess.run(["wineserver", "-w"], check=False)
+
+
 def drive_c():
     return os.environ["WINEPREFIX"] + "/drive_c"
 
@@ -61,14 +78,15 @@ def unpack(folder):
     with zipfile.ZipFile(ZIP) as packed:
         packed.extractall(folder)
     wine("inin-site.exe", "make", ".", "--force", "--patients", "40", "--seed", "3", cwd=folder)
-    return folder
 
 
 def make_site(_):
     shutil.rmtree(drive_c() + "/" + FOLDER, ignore_errors=True)
     site = drive_c() + "/" + FOLDER
     os.makedirs(site)
-    return unpack(site)
+    unpack(site)
+    stop_wine()
+    return site
 
 
 def without_viewer(site):
@@ -92,10 +110,11 @@ class Pictures:
                        env=self.display.environment, check=True)
 
 
-def bytes_of(path):
+def bytes_of(path, folder=None):
+    """A file's bytes, without the application folder where one is given; None without a file."""
     try:
         with open(path, "rb") as file:
-            return file.read()
+            return file.read().replace((folder or "\0").encode("cp932"), b"$APP")
     except FileNotFoundError:
         return None
 
@@ -130,7 +149,7 @@ def the_same_as_here(site, display):
         if not any(event["event"] == "start" and event["style"] == 3 for event in there):
             raise Failed("nothing was previewed")
         for name in COMPARED:
-            expect(name, bytes_of(f"{site}/{name}"), bytes_of(f"{own}/{name}"))
+            expect(name, bytes_of(f"{site}/{name}", windows_path(site)), bytes_of(f"{own}/{name}", own))
         if not bytes_of(site + "/TMP/委任状.csv"):
             raise Failed("no letters")
     print(f"        {len(there)} events and {len(COMPARED)} files are the same")
@@ -154,6 +173,7 @@ CASES = [the_same_as_here, closing_at_every_state, a_second_start, a_wallpaper_t
 if __name__ == "__main__":
     real.PRINTININ, real.ININ_SITE, ZIP, PICTURES = (os.path.abspath(path) for path in sys.argv[1:5])
     real.Program = WineProgram
+    real.Display = WineDisplay
     real.PATIENCE = 60.0
     chosen = [case for case in CASES if len(sys.argv) < 6 or case.__name__ in sys.argv[5:]]
     sys.exit(0 if all([real.run(case, make_site) for case in chosen]) else 1)
