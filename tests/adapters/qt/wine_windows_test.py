@@ -15,7 +15,7 @@ import time
 import zipfile
 
 import real_windows_test as real
-from real_windows_test import Display, Failed, Program, expect, noted, wait_for, window, work_a_preview
+from real_windows_test import Display, Failed, Program, expect, noted, wait_for, window, work_a_print
 
 # What a Japanese Windows is called by its own; a name with a blank and letters that only its code page can hold.
 FOLDER = "委任状 デモ"
@@ -38,7 +38,8 @@ class WineProgram(Program):
             env={**environment, "LC_ALL": "ja_JP.UTF-8", "ININ_TRANSCRIPT": windows_path(self.transcript)})
 
     def bring_back(self):
-        """What was started stands in front; the windows of the two are told apart by their titles."""
+        """What was started has had time to read its script, and may stand in front: titles tell the windows apart."""
+        time.sleep(1.0)
         if self.display.active_title() == "委任状印刷":
             return
         for number in self.display.tool("search", "--name", "^委任状印刷$").split():
@@ -119,6 +120,10 @@ def bytes_of(path, folder=None):
         return None
 
 
+def noted_bytes(path):
+    return wait_for(path, lambda: bytes_of(path))
+
+
 def neutral(events, *folders):
     """The events without the application folder, the one thing in which the systems may differ."""
     def told(value):
@@ -133,21 +138,23 @@ def the_same_as_here(site, display):
     """One play on both systems: every event, statements included, and every file that is written."""
     without_viewer(site)
     with WineProgram(display, site) as program:
-        expect("exit code", work_a_preview(program, display, Pictures(display, "print")), 0)
+        expect("exit code", work_a_print(program, display, Pictures(display, "print")), 0)
         there = neutral(program.events(), windows_path(site))
     expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
-    expect("the script that the form tool was given", bytes_of(site + "/WrVb6Viewer.exe.WfdCom.dat"),
+    expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
            bytes_of(site + "/TMP/WfdCom.dat"))
+    if b"PrintOutFromDialog" not in noted_bytes(site + "/wfrfv10.exe.WfdCom.dat"):
+        raise Failed("the form tool was not told to print")
     with tempfile.TemporaryDirectory() as folder:
         own = real.make_site(folder)
         with Program(display, own) as program:
-            expect("exit code here", work_a_preview(program, display), 0)
+            expect("exit code here", work_a_print(program, display), 0)
             here = neutral(program.events(), own)
         for number, (event, wanted) in enumerate(zip(there, here)):
             expect(f"event {number}", event, wanted)
         expect("number of events", len(there), len(here))
-        if not any(event["event"] == "start" and event["style"] == 3 for event in there):
-            raise Failed("nothing was previewed")
+        expect("starts", [event["command"] for event in there if event["event"] == "start"],
+               ["wfrfv10.exe /c $APP\\TMP\\WfdCom.dat", "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", "$APP\\Main.exe 2"])
         for name in COMPARED:
             expect(name, bytes_of(f"{site}/{name}", windows_path(site)), bytes_of(f"{own}/{name}", own))
         if not bytes_of(site + "/TMP/委任状.csv"):
