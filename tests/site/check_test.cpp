@@ -144,6 +144,14 @@ TEST_CASE("each fault of the settings is found and nothing else")
     }
 }
 
+TEST_CASE("a wallpaper that is no picture is found, since the program does not start with it")
+{
+    const SoundSite site;
+    write(site.path() / "ICON" / "wall.bmp", "no picture");
+    CHECK(site.check() ==
+          site::Findings{"Massage.ini の項目「WALLPAPER」の「wall.bmp」が画像ではないので、起動できません。"});
+}
+
 TEST_CASE("each fault of the rows, columns and tables is found and nothing else")
 {
     for (const RowFault &fault : kRowFaults) {
