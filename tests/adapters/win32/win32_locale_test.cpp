@@ -1,5 +1,6 @@
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
+#include "runtime/conversion.h"
 
 #include <doctest/doctest.h>
 #include <windows.h>
@@ -31,6 +32,25 @@ TEST_CASE("the short date is the user's own form")
     CHECK(makeWin32Locale()->regional().shortDate == "yyyy/MM/dd");
     const ShortDate form(L"d/M/yy");
     CHECK(makeWin32Locale()->regional().shortDate == "d/M/yy");
+}
+
+TEST_CASE("a date follows the user's own form, with an era too, and is read back by it")
+{
+    struct Row {
+        const wchar_t *picture;
+        const char *text;
+    };
+    const Row rows[] = {{L"ggyy/MM/dd", "令和06/05/01"},
+                        {L"ggy'年'M'月'd'日'", "令和6年5月1日"},
+                        {L"d/M/yy", "1/5/24"},
+                        {L"yyyy/MM/dd", "2024/05/01"}};
+    for (const Row &row : rows) {
+        const ShortDate form(row.picture);
+        const Regional regional = makeWin32Locale()->regional();
+        CAPTURE(row.text);
+        CHECK(dateText(dateOf({2024, 5, 1}), regional) == row.text);
+        CHECK(toDate(Variant(row.text), regional) == dateOf({2024, 5, 1}));
+    }
 }
 
 TEST_CASE("the suite's text goes out in the ANSI code page and comes back")
