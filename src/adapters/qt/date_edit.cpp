@@ -29,7 +29,7 @@ DateEdit::DateEdit(std::string format, std::function<Date()> today, QWidget *par
 {
     setMaxLength(kMostLetters);
     setInputMethodHints(Qt::ImhDate | Qt::ImhNoPredictiveText);
-    m_warning = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
+    m_warning = addAction(QIcon(), QLineEdit::LeadingPosition);
     m_warning->setVisible(false);
     QAction *calendar = addAction(calendarIcon(palette()), QLineEdit::TrailingPosition);
     calendar->setToolTip(tr("カレンダーを開く（Alt+↓）"));
@@ -77,6 +77,8 @@ void DateEdit::complain(const std::string &sentence)
     m_complaint = sentence;
     const QString words = toQt(sentence);
     markUnreadable(*this, !sentence.empty());
+    // Its icon is looked for with the first complaint: the search walks the desktop's icon folders, too long for a start.
+    if (m_warning->icon().isNull()) m_warning->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     m_warning->setVisible(!sentence.empty());
     setToolTip(words);
     setAccessibleDescription(words);
