@@ -18,7 +18,8 @@ void refresh(const MenuEntry &entry, QAction &action)
     const QString caption = toQt(entry.Caption);
     const QString key = keyText(entry.Shortcut);
     action.setSeparator(caption == QLatin1String("-"));
-    action.setText(key.isEmpty() ? caption : caption + '\t' + key);
+    // The toolkit writes the text of a separator beside its line.
+    action.setText(action.isSeparator() ? QString() : key.isEmpty() ? caption : caption + '\t' + key);
     action.setEnabled(entry.Enabled);
     action.setVisible(entry.Visible);
 }
