@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QStyle>
+#include <QTimer>
 #include <QToolTip>
 
 namespace inin {
@@ -82,7 +83,17 @@ void DateEdit::complain(const std::string &sentence)
     m_warning->setVisible(!sentence.empty());
     setToolTip(words);
     setAccessibleDescription(words);
-    if (!sentence.empty() && isVisible()) QToolTip::showText(mapToGlobal(QPoint(0, height())), words, this);
+    explain();
+}
+
+/// Shows the sentence below the box. A tip is gone with the next change of the focus, which may be on its way: the box is
+/// read when it is left.
+void DateEdit::explain()
+{
+    QTimer::singleShot(0, this, [this] {
+        if (!m_complaint.empty() && isVisible())
+            QToolTip::showText(mapToGlobal(QPoint(0, height())), toQt(m_complaint), this);
+    });
 }
 
 DateContext DateEdit::context() const
@@ -174,6 +185,7 @@ void DateEdit::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) selectAll();
+    explain();
 }
 
 void DateEdit::focusOutEvent(QFocusEvent *event)
