@@ -20,6 +20,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
@@ -207,6 +208,23 @@ TEST_CASE("Alt and the access key open a menu")
         CHECK(menu->isVisible());
         menu->close();
         bar->setActiveAction(nullptr);
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("escape closes a menu and leads back to the control that had the focus")
+{
+    Program program;
+    program.act([&] {
+        const QPointer<QWidget> before = program.top().focusWidget();
+        auto *menu = program.top().findChild<QAction *>("mnFunc")->menu();
+        program.key(Qt::Key_F, Qt::AltModifier);
+        REQUIRE(menu->isVisible());
+        QTest::keyClick(menu, Qt::Key_Escape);
+        CHECK_FALSE(menu->isVisible());
+        QApplication::processEvents();
+        REQUIRE(before != nullptr);
+        CHECK(program.top().focusWidget() == before);
     });
     CHECK(program.runs());
 }
