@@ -70,6 +70,21 @@ TEST_CASE("the tab key walks the screen from the top, and from its end to its be
     CHECK(program.handedBack());
 }
 
+TEST_CASE("on a screen too low for the form the tab key brings the commands into sight whole")
+{
+    Program program;
+    program.act([&] {
+        const QWidget &last = program.widget("btnPrint(6)");
+        program.top().setFixedHeight(600); // as a low screen has room for
+        CHECK(last.visibleRegion().isEmpty());
+        program.widget("imSyomei").setFocus();
+        for (int stop = 0; stop < 3; ++stop) program.key(Qt::Key_Tab);
+        CHECK(program.focused() == "btnPrint(6)");
+        CHECK(last.visibleRegion().boundingRect() == last.rect());
+    });
+    CHECK(program.runs());
+}
+
 TEST_CASE("the arrow keys mark the options of a frame, the hidden one never")
 {
     Program program;
