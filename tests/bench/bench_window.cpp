@@ -154,7 +154,7 @@ void timePrint(OpenLetters &letters, const bench::LetterJob &job)
     letters.ticks.setText(fmt::format("1-{}", kPrinted));
     QElapsedTimer since;
     since.start();
-    const PrintResult result = printLetters(letters, letters.ticks.letters(), {}, make, {});
+    const PrintResult result = printLetters(letters, letters.ticks.letters(), {}, {{}, make}, {});
     require(result.isDone() && result.sent == kPrinted, "the print failed");
     fmt::print("print: a page {:.1f} ms, {} KB\n", milliseconds(since) / kPrinted,
                QFileInfo(path).size() / static_cast<qint64>(kPrinted) / 1024);

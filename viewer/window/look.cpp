@@ -54,7 +54,6 @@ void applyLook(QApplication &application)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(windowFont(QApplication::font()));
     if (isDark(QApplication::palette())) QApplication::setPalette(readableDark(QApplication::palette()));
-    application.setApplicationDisplayName(QStringLiteral("委任状"));
 }
 
 bool isDark(const QPalette &palette)

@@ -14,7 +14,7 @@ struct Printing : WindowWorld {
     PrintResult print(const std::string &range, const PrintOrder &order, const PrintProgress &progress = {})
     {
         letters.ticks.setText(range);
-        return printLetters(letters, letters.ticks.letters(), order, services().makePrinter, progress);
+        return printLetters(letters, letters.ticks.letters(), order, services().roads, progress);
     }
     OpenLetters letters;
 };
@@ -54,7 +54,7 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     WindowWorld world(rows);
     OpenLetters letters(world.script);
     const std::vector<std::size_t> which{0, 2};
-    REQUIRE(printLetters(letters, which, world.order(), world.services().makePrinter, {}).isDone());
+    REQUIRE(printLetters(letters, which, world.order(), world.services().roads, {}).isDone());
     const QImage page = pageImage(world.jobPath(0), 2);
     const auto distance = [&](std::size_t letter) {
         return difference(page, letterImage(letters.press, letter, 72, letters.glyphs));
@@ -125,8 +125,8 @@ TEST_CASE("a printer that is not there refuses")
     Printing world(1);
     const MakePrinter none = [](const PrintOrder &) { return std::unique_ptr<QPrinter>(); };
     const std::vector<std::size_t> which{0};
-    CHECK(!printLetters(world.letters, which, world.order(), none, {}).fault.empty());
-    CHECK(!printRulerPage(world.letters, world.order(), none).empty());
+    CHECK(!printLetters(world.letters, which, world.order(), {{}, none}, {}).fault.empty());
+    CHECK(!printRulerPage(world.letters, world.order(), {{}, none}).empty());
 }
 
 TEST_CASE("a system printer whose name is not known is none")
@@ -150,7 +150,7 @@ TEST_CASE("a printer that refuses in a later job leaves the letters of the jobs 
         return std::make_unique<PaperPrinter>(QString::fromStdString(world.jobPath(static_cast<std::size_t>(jobs++))),
                                               pages);
     };
-    const PrintResult result = printLetters(world.letters, world.letters.ticks.letters(), order, make, {});
+    const PrintResult result = printLetters(world.letters, world.letters.ticks.letters(), order, {{}, make}, {});
     CHECK(result.sent == 3);
     CHECK(!result.fault.empty());
 }
@@ -176,9 +176,9 @@ TEST_CASE("the ruler page has its lines 30 millimetres from the edges, moved by 
 {
     Printing world(1);
     PrintOrder order = world.order();
-    REQUIRE(printRulerPage(world.letters, order, world.services().makePrinter).empty());
+    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
     order.offset = {0, 50};
-    REQUIRE(printRulerPage(world.letters, order, world.services().makePrinter).empty());
+    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
     const auto darkest = [](const QImage &page) {
         int best = 0, row = 0;
         for (int y = 0; y < page.height() / 2; ++y) {
