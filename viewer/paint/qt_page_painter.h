@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPainterPath>
+#include <QRawFont>
 #include <string>
 #include <unordered_map>
 
@@ -22,11 +23,17 @@ public:
 
     static constexpr double kSmall = 64;
 
+    /// The font for printers, which then get a letter by its number; invalid where the toolkit cannot open the file.
+    [[nodiscard]] const QRawFont &printerFont(const Font &font);
+    /// Size of printerFont in pixels; whoever paints with it scales.
+    static constexpr double kPrinterFontSize = 100;
+
 private:
     struct Outline {
         QPainterPath curves, lines;
     };
     std::unordered_map<const Font *, std::unordered_map<std::uint32_t, Outline>> m_outlines;
+    std::unordered_map<const Font *, QRawFont> m_printerFonts;
 };
 
 /// Paints with QPainter, whose unit must be the point. Letters are outlines: the same at every scale, on screen and paper.
@@ -37,6 +44,10 @@ public:
     void paint(const GlyphRun &run) override;
 
 private:
+    void paintOutlines(const GlyphRun &run);
+    void paintGathered(const GlyphRun &run);
+    bool paintAsText(const GlyphRun &run);
+
     QPainter &m_painter;
     QtGlyphs &m_glyphs;
 };

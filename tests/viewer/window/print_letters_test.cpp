@@ -2,6 +2,8 @@
 
 #include <doctest/doctest.h>
 
+#include <filesystem>
+
 using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
@@ -63,6 +65,29 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     CHECK(distance(2) < distance(1));
     // Two ways of smoothing edges; a page of another letter is about as near, a blank page is far off.
     CHECK(distance(2) < 6);
+}
+
+TEST_CASE("a painted page shows the very letters of the saved one: longest, tightened and odd values, another font's too")
+{
+    std::vector<Row> rows{ordinaryRow(), longestRow(), oddRow()};
+    rows[0]["利用者氏名"] = "髙﨑𠮷";
+    WindowWorld world(rows);
+    OpenLetters letters(world.script);
+    const std::vector<std::size_t> which{0, 1, 2};
+    REQUIRE(printLetters(letters, which, world.order(), world.services().roads, {}).isDone());
+    const std::string saved = world.folder.file("saved.pdf");
+    REQUIRE(writeLettersPdf(saved, letters.press, which));
+    for (int page = 1; page <= 3; ++page) {
+        CAPTURE(page);
+        CHECK(difference(pageImage(world.jobPath(0), page), pageImage(saved, page)) < 0.5);
+    }
+}
+
+TEST_CASE("a painted page takes a printer a few kilobytes, not the outline of every letter")
+{
+    Printing world(60);
+    REQUIRE(world.print("1-60", world.order()).isDone());
+    CHECK(std::filesystem::file_size(world.jobPath(0)) < 60 * 10'000);
 }
 
 TEST_CASE("letters are printed in jobs of n, the last one shorter")
