@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QGlyphRun>
+#include <QGuiApplication>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
@@ -144,7 +145,8 @@ const QRawFont &QtGlyphs::printerFont(const Font &font)
 {
     const auto [place, isNew] = m_printerFonts.try_emplace(&font);
     // The toolkit opens the first font of a file only.
-    if (!isNew || font.index() != 0) return place->second;
+    // Without an application there are no fonts.
+    if (!isNew || font.index() != 0 || QGuiApplication::instance() == nullptr) return place->second;
     const QRawFont file(QString::fromStdString(font.path()), kPrinterFontSize, QFont::PreferNoHinting);
     if (file.isValid()) place->second = installedFont(file);
     return place->second;
@@ -247,15 +249,44 @@ bool QtPagePainter::paintAsText(const GlyphRun &run)
     return true;
 }
 
-void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+namespace {
+
+template <class Body>
+void onPaper(const LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs, Body &&body)
 {
     QtPagePainter page(painter, glyphs);
     const QTransform before = painter.transform();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setTransform(qtTransform(press.onPaper(letter)) * before);
-    press.layoutOf(letter).paintShared(page);
-    press.paintFields(letter, page);
+    body(page);
     painter.setTransform(before);
+}
+
+} // namespace
+
+void paintShared(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+{
+    onPaper(press, letter, painter, glyphs, [&](QtPagePainter &page) { press.layoutOf(letter).paintShared(page); });
+}
+
+void paintFields(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+{
+    onPaper(press, letter, painter, glyphs, [&](QtPagePainter &page) { press.paintFields(letter, page); });
+}
+
+void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+{
+    paintShared(press, letter, painter, glyphs);
+    paintFields(press, letter, painter, glyphs);
+}
+
+QImage whitePaper(const LetterPress &press, double scale)
+{
+    const Point paper = press.paperSize();
+    QImage image(static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale)),
+                 QImage::Format_RGB32);
+    image.fill(Qt::white);
+    return image;
 }
 
 QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
@@ -263,10 +294,7 @@ QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, Q
     constexpr double kPointsPerInch = 72;
     constexpr double kInchesPerMetre = 1000 / 25.4;
     const double scale = dotsPerInch / kPointsPerInch;
-    const Point paper = press.paperSize();
-    QImage image(static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale)),
-                 QImage::Format_RGB32);
-    image.fill(Qt::white);
+    QImage image = whitePaper(press, scale);
     image.setDotsPerMeterX(static_cast<int>(std::lround(dotsPerInch * kInchesPerMetre)));
     image.setDotsPerMeterY(image.dotsPerMeterX());
     QPainter painter(&image);

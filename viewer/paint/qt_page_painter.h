@@ -54,6 +54,11 @@ private:
 
 /// Paints a whole letter on its paper; the painter's unit must be the point.
 void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+/// The letter's two halves: first what it shares with all letters of its form, then what is its own.
+void paintShared(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+void paintFields(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+/// The paper of a press at so many dots to the point, blank.
+[[nodiscard]] QImage whitePaper(const LetterPress &press, double scale);
 /// One letter as a picture on white paper; needs no display.
 [[nodiscard]] QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 /// The same as the bytes of a PNG file.

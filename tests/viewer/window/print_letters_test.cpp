@@ -67,7 +67,8 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     CHECK(distance(2) < 6);
 }
 
-TEST_CASE("a painted page shows the very letters of the saved one: longest, tightened and odd values, another font's too")
+TEST_CASE(
+    "a painted page shows the very letters of the saved one: longest, tightened and odd values, another font's too")
 {
     std::vector<Row> rows{ordinaryRow(), longestRow(), oddRow()};
     rows[0]["利用者氏名"] = "髙﨑𠮷";
