@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace inin::viewer {
 
@@ -44,8 +45,13 @@ const QImage &LetterPictures::of(std::size_t letter)
     if (found != m_pages.end()) {
         std::rotate(m_pages.begin(), found, found + 1);
     } else {
-        m_pages.push_front({letter, painted(letter)});
-        if (m_pages.size() > kKept) m_pages.pop_back();
+        // Room for a page is as much work to get as half a page is to paint: the oldest one's is taken over.
+        QImage room;
+        if (m_pages.size() == kKept) {
+            room = std::move(m_pages.back().picture);
+            m_pages.pop_back();
+        }
+        m_pages.push_front({letter, painted(letter, std::move(room))});
     }
     return m_pages.front().picture;
 }
@@ -62,9 +68,15 @@ const QImage &LetterPictures::sharedOf(std::size_t letter)
     return m_shared.emplace_back(Shared{&layout, std::move(picture)}).picture;
 }
 
-QImage LetterPictures::painted(std::size_t letter)
+QImage LetterPictures::painted(std::size_t letter, QImage picture)
 {
-    QImage picture = sharedOf(letter).copy();
+    const QImage &shared = sharedOf(letter);
+    if (picture.size() == shared.size() && picture.isDetached()) {
+        picture.setDevicePixelRatio(1);
+        std::memcpy(picture.bits(), shared.constBits(), static_cast<std::size_t>(shared.sizeInBytes()));
+    } else {
+        picture = shared.copy();
+    }
     QPainter painter(&picture);
     painter.scale(m_scale, m_scale);
     paintFields(m_press, letter, painter, m_glyphs);

@@ -39,7 +39,8 @@ private:
         QImage picture;
     };
     [[nodiscard]] const QImage &sharedOf(std::size_t letter);
-    [[nodiscard]] QImage painted(std::size_t letter);
+    /// In the room of another picture, where that has one.
+    [[nodiscard]] QImage painted(std::size_t letter, QImage picture);
 
     LetterPress &m_press;
     QtGlyphs &m_glyphs;
