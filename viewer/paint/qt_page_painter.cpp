@@ -173,13 +173,24 @@ void putOnGrid(QPainterPath &path, int dotsPerInch)
     }
 }
 
+/// How large a square of 1 is across and down; a tightened letter is smaller along its line.
+Point squareOf(const GlyphRun &run)
+{
+    const double tight = run.size * run.stretch;
+    return run.runsDown ? Point{run.size, tight} : Point{tight, run.size};
+}
+
 /// Tells each glyph's number, with the place of its square of 1 on the run's line.
 template <class Body> void eachPlace(const GlyphRun &run, Body &&body)
 {
+    const Point square = squareOf(run);
     const double step = run.size * run.stretch / 1000;
     double spaced = 0;
     for (const ShapedGlyph &glyph : run.glyphs) {
-        body(glyph.glyph, Affine{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0});
+        const double along = double{glyph.x} * step + spaced;
+        const Point at = run.runsDown ? Point{double{glyph.aside} * run.size / 1000, along + double{glyph.drop} * step}
+                                      : Point{along, 0};
+        body(glyph.glyph, Affine{square.x, 0, 0, square.y, at.x, at.y});
         spaced += run.spacing * run.stretch;
     }
 }
@@ -231,8 +242,8 @@ bool QtPagePainter::paintAsText(const GlyphRun &run)
     const QRawFont &font = m_glyphs.printerFont(*run.font);
     if (!font.isValid()) return false;
     // The painter is scaled to the font's size, and a tightened letter is narrower by it too.
-    const double across = run.size * run.stretch / QtGlyphs::kPrinterFontSize;
-    const double down = run.size / QtGlyphs::kPrinterFontSize;
+    const double across = squareOf(run).x / QtGlyphs::kPrinterFontSize;
+    const double down = squareOf(run).y / QtGlyphs::kPrinterFontSize;
     QList<quint32> numbers;
     QList<QPointF> places;
     eachPlace(run, [&](std::uint32_t glyph, const Affine &place) {

@@ -174,6 +174,7 @@ void PageView::paintEvent(QPaintEvent *event)
     const QRect paper = paperPlace();
     painter.setPen(desk.darker(2 * kDarker));
     painter.drawRect(paper.adjusted(-1, -1, 0, 0));
+    painter.fillRect(paper, Qt::white);
     painter.setClipRect(paper.intersected(event->rect()));
     paintPaper(painter, paper);
     if (const auto first = std::exchange(onFirstPaint, {})) first();
@@ -186,7 +187,6 @@ void PageView::paintPaper(QPainter &painter, const QRect &place)
     const double scale = pixelsPerPoint() * toDots.m11();
     LetterPictures &pictures = m_letters->pictures;
     if (!pictures.isWorthwhile(scale)) {
-        painter.fillRect(place, Qt::white);
         painter.translate(place.topLeft());
         painter.scale(pixelsPerPoint(), pixelsPerPoint());
         paintLetter(m_letters->press, m_letter, painter, m_letters->glyphs);
