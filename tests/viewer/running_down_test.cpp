@@ -90,12 +90,12 @@ TEST_CASE("each name of a writing direction, new or old, is understood")
 {
     struct Case {
         const char *mode;
-        Writing writing;
+        WritingMode writing;
     };
-    for (const Case &each :
-         {Case{"vertical-rl", Writing::downToLeft}, Case{"tb-rl", Writing::downToLeft}, Case{"tb", Writing::downToLeft},
-          Case{"vertical-lr", Writing::downToRight}, Case{"lr-tb", Writing::across}, Case{"lr", Writing::across},
-          Case{"horizontal-tb", Writing::across}}) {
+    for (const Case &each : {Case{"vertical-rl", WritingMode::downToLeft}, Case{"tb-rl", WritingMode::downToLeft},
+                             Case{"tb", WritingMode::downToLeft}, Case{"vertical-lr", WritingMode::downToRight},
+                             Case{"lr-tb", WritingMode::across}, Case{"lr", WritingMode::across},
+                             Case{"horizontal-tb", WritingMode::across}}) {
         const FormDocument form =
             readSvg(svgPage("<text writing-mode='" + std::string(each.mode) + "' x='9' y='9'>文</text>"));
         CAPTURE(std::string(each.mode));

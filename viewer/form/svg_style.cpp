@@ -99,16 +99,16 @@ constexpr Unsupported kUnsupported[] = {
     {"text-combine-upright", "none", "縦中横"},
 };
 
-constexpr Word<Writing> kWritings[] = {{"lr", Writing::across},
-                                       {"lr-tb", Writing::across},
-                                       {"horizontal-tb", Writing::across},
-                                       {"rl", Writing::across},
-                                       {"rl-tb", Writing::across},
-                                       {"tb", Writing::downToLeft},
-                                       {"tb-rl", Writing::downToLeft},
-                                       {"vertical-rl", Writing::downToLeft},
-                                       {"tb-lr", Writing::downToRight},
-                                       {"vertical-lr", Writing::downToRight}};
+constexpr Word<WritingMode> kWritings[] = {{"lr", WritingMode::across},
+                                           {"lr-tb", WritingMode::across},
+                                           {"horizontal-tb", WritingMode::across},
+                                           {"rl", WritingMode::across},
+                                           {"rl-tb", WritingMode::across},
+                                           {"tb", WritingMode::downToLeft},
+                                           {"tb-rl", WritingMode::downToLeft},
+                                           {"vertical-rl", WritingMode::downToLeft},
+                                           {"tb-lr", WritingMode::downToRight},
+                                           {"vertical-lr", WritingMode::downToRight}};
 constexpr Word<Upright> kUprights[] = {
     {"mixed", Upright::asUsual}, {"auto", Upright::asUsual},  {"upright", Upright::all},         {"0", Upright::all},
     {"0deg", Upright::all},      {"sideways", Upright::none}, {"sideways-right", Upright::none}, {"90", Upright::none},

@@ -32,7 +32,7 @@ struct SvgStyle {
     double spacing = 0;
     bool isBold = false;
     Anchor anchor = Anchor::start;
-    Writing writing = Writing::across;
+    WritingMode writing = WritingMode::across;
     Upright upright = Upright::asUsual;
     bool keepsBlanks = false;
 

@@ -96,7 +96,7 @@ void SvgText::openSpan(const XmlAttributes &attributes, const SvgStyle &style)
     if (!m_isOpen) return;
     readOwnAttributes(attributes);
     const auto x = firstOf(attributes, "x", style.fontSize), y = firstOf(attributes, "y", style.fontSize);
-    const bool runsDown = style.writing != Writing::across;
+    const bool runsDown = style.writing != WritingMode::across;
     const auto aside = firstOf(attributes, runsDown ? "dx" : "dy", style.fontSize);
     if (!x && !y && !aside) return;
     const Line &first = m_lines.front(), &last = m_lines.back();

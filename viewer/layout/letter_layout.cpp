@@ -38,7 +38,7 @@ bool isBlankText(std::string_view text)
 class TextSetter {
 public:
     TextSetter(const TextCommand &command, Fonts &fonts, Point page)
-        : m_command(command), m_runsDown(command.writing != Writing::across), m_font(fonts.font(command.family)),
+        : m_command(command), m_runsDown(command.writing != WritingMode::across), m_font(fonts.font(command.family)),
           m_page(page), m_text(m_font, fonts, command.writing, command.upright)
     {
     }
@@ -172,11 +172,11 @@ private:
         const double base = first + (m_runsDown ? fitted.size / 2 : ascent) + aside * rule.leading;
         const Box &box = m_command.fit->box;
         switch (m_command.writing) {
-        case Writing::downToLeft:
+        case WritingMode::downToLeft:
             return {1, 0, 0, 1, box.right() - base, box.top + begin};
-        case Writing::downToRight:
+        case WritingMode::downToRight:
             return {1, 0, 0, 1, box.left + base, box.top + begin};
-        case Writing::across:
+        case WritingMode::across:
             break;
         }
         return {1, 0, 0, 1, box.left + begin, box.top + base};
@@ -185,7 +185,7 @@ private:
     /// Where a line without a box begins, `aside` behind the first.
     Affine freePlace(double width, double aside)
     {
-        const double sideways = m_command.writing == Writing::downToLeft ? -aside : aside;
+        const double sideways = m_command.writing == WritingMode::downToLeft ? -aside : aside;
         const Affine move = m_runsDown ? Affine{1, 0, 0, 1, sideways, 0} : Affine{1, 0, 0, 1, 0, aside};
         const Affine at = m_command.at * move * along(-shareBefore() * width);
         const Point end = (at * along(width))({});

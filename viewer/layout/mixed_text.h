@@ -16,8 +16,8 @@ class Fonts;
 class MixedText {
 public:
     /// Both must outlive this.
-    MixedText(const Font &font, Fonts &fonts, Writing writing, Upright upright)
-        : m_font(font), m_fonts(fonts), m_runsDown(writing != Writing::across), m_upright(upright)
+    MixedText(const Font &font, Fonts &fonts, WritingMode writing, Upright upright)
+        : m_font(font), m_fonts(fonts), m_runsDown(writing != WritingMode::across), m_upright(upright)
     {
     }
 

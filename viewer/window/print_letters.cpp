@@ -131,6 +131,7 @@ PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> whic
         result.sent += job.sent;
         result.isCancelled = job.end == JobResult::End::cancelled;
         result.fault = job.fault;
+        result.mayBeOnPaper = job.end == JobResult::End::refused && !roads.spool;
         if (job.end != JobResult::End::done) return result;
     }
     return result;

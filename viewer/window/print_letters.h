@@ -31,7 +31,8 @@ struct PrintRoads {
 struct PrintResult {
     std::size_t sent = 0; ///< letters, from the front
     bool isCancelled = false;
-    std::string fault; ///< a sentence when the printer refused; empty otherwise
+    std::string fault;         ///< a sentence when the printer refused; empty otherwise
+    bool mayBeOnPaper = false; ///< a painted job may have begun to come out before it was refused
     [[nodiscard]] bool isDone() const { return !isCancelled && fault.empty(); }
 };
 

@@ -99,8 +99,10 @@ void ViewerWindow::tellPrinted(const PrintResult &result, const std::vector<std:
     if (result.isCancelled)
         tell(QMessageBox::Information, u"印刷を中止しました。"_s + parts);
     else
-        tell(QMessageBox::Warning, qtText(result.fault) + parts +
-                                       u"\n\n送っていない番号も、途中まで印刷されていないか用紙を確認してください。"_s);
+        tell(QMessageBox::Warning,
+             qtText(result.fault) + parts +
+                 (result.mayBeOnPaper ? u"\n\n送っていない番号も、途中まで印刷されていないか用紙を確認してください。"_s
+                                      : QString()));
 }
 
 void ViewerWindow::askPdf()

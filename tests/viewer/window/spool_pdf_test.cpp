@@ -300,3 +300,17 @@ TEST_CASE("a window that is closed at once while the system takes the letters ta
     CHECK(world.WindowWorld::told == std::vector<QString>{QStringLiteral(
                                          "印刷を中止しました。\n\n印刷に送った番号：なし\n送っていない番号：1-120")});
 }
+
+TEST_CASE("a refusal of the system's queue tells the numbers that were not sent, and nothing of half a print")
+{
+    Spooling world(9, "echo 'lp: no' >&2; [ $n = 0 ]");
+    world.openWindow();
+    PrintOrder order = world.order();
+    order.lettersPerJob = 4;
+    world.window->print(order);
+    CHECK(world.window->isVisible());
+    CHECK(world.WindowWorld::told ==
+          std::vector<QString>{QStringLiteral(
+              "プリンター「紙」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。\n（lp: no）"
+              "\n\n印刷に送った番号：1-4\n送っていない番号：5-9")});
+}
