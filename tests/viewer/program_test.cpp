@@ -19,9 +19,9 @@ namespace {
 
 constexpr const char *kForm = "委任状37_01.wfd";
 
-template <class Command> Command parsed(std::vector<const char *> arguments)
+template <class Command> Command parsed(const std::vector<std::string> &words)
 {
-    const ViewerCommand command = readViewerCommand(static_cast<int>(arguments.size()), arguments.data());
+    const ViewerCommand command = readViewerCommand(words);
     REQUIRE(std::holds_alternative<Command>(command));
     return std::get<Command>(command);
 }
