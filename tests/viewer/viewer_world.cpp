@@ -12,9 +12,6 @@
 #include <fstream>
 #include <iterator>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
@@ -42,12 +39,12 @@ std::vector<std::string> Folder::names() const
 
 void writeBytes(const std::string &path, const std::string &bytes)
 {
-    std::ofstream(path, std::ios::binary) << bytes;
+    std::ofstream(fs::path(path), std::ios::binary) << bytes;
 }
 
 std::string bytesOf(const std::string &path)
 {
-    std::ifstream stream(path, std::ios::binary);
+    std::ifstream stream(fs::path(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
@@ -185,19 +182,6 @@ std::string packed(const std::string &text)
         rest.remove_prefix(blank == blanks.end() ? 1 : blank->size());
     }
     return out;
-}
-
-Outcome runViewer(const Folder &folder, const std::string &arguments, const std::string &name)
-{
-    const Folder outside;
-    const std::string program = outside.file(name);
-    fs::create_symlink(ININ_FORMVIEWER, program);
-    // Without a display: a test must not open windows.
-    const std::string command = "cd '" + folder.path().string() +
-                                "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" + program + "' " +
-                                arguments + " >'" + outside.file("out") + "' 2>'" + outside.file("err") + "'";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, bytesOf(outside.file("out")), bytesOf(outside.file("err"))};
 }
 
 } // namespace inin::viewer::test

@@ -1,6 +1,7 @@
 #include "viewer/layout/listed_fonts.h"
 
 #include "runtime/text.h"
+#include "viewer/layout/font_faces.h"
 #include "viewer/layout/japanese_families.h"
 
 #include <algorithm>
@@ -58,10 +59,18 @@ std::vector<std::string_view> standIns()
 
 } // namespace
 
+struct ListedFonts::File {
+    FontFile file;
+    bool isRead = false;
+    std::vector<FontFace> faces;
+};
+
 ListedFonts::ListedFonts(std::vector<FontFile> files)
 {
     for (FontFile &file : files) m_files.push_back({std::move(file), false, {}});
 }
+
+ListedFonts::~ListedFonts() = default;
 
 const std::vector<FontFace> &ListedFonts::facesOf(File &file)
 {

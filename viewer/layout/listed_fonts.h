@@ -2,27 +2,25 @@
 
 #include "viewer/io/font_files.h"
 #include "viewer/layout/font_catalogue.h"
-#include "viewer/layout/font_faces.h"
 
 #include <functional>
 
 namespace inin::viewer {
+
+struct FontFace;
 
 /// The fonts of a list of files. A file is opened when a search comes to it: first those that are listed under a wanted
 /// name, the others only when that finds nothing.
 class ListedFonts : public FontCatalogue {
 public:
     explicit ListedFonts(std::vector<FontFile> files);
+    ~ListedFonts() override;
 
     [[nodiscard]] std::optional<Match> find(const std::string &family) override;
     [[nodiscard]] std::vector<FontPlace> withCharacter(char32_t character) override;
 
 private:
-    struct File {
-        FontFile file;
-        bool isRead = false;
-        std::vector<FontFace> faces;
-    };
+    struct File;
     using Names = std::vector<std::string>;
     using FileTest = std::function<bool(const FontFile &)>;
     using FaceTest = std::function<bool(const FontFace &)>;
