@@ -70,12 +70,13 @@ TEST_CASE("a command line without a script or with an unknown option is refused"
 TEST_CASE("a path of Japanese words and blanks arrives whole, and the PDF is where it was asked for")
 {
     Folder folder;
-    fs::create_directory(folder.path() / "一時 置場𠮷");
-    fs::rename(writePrintJob(folder, kForm, {ordinaryRow()}), folder.path() / "一時 置場𠮷" / "コマンド.dat");
+    fs::create_directory(pathOf(folder.file("一時 置場𠮷")));
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    fs::rename(pathOf(script), pathOf(folder.file("一時 置場𠮷/コマンド.dat")));
 
     const Outcome outcome = runViewer(folder, "--pdf '一時 置場𠮷/髙橋 様.pdf' /c '一時 置場𠮷\\コマンド.dat'");
 
-    CHECK(outcome.errors.empty());
+    CHECK(outcome.errors == "");
     CHECK(outcome.code == 0);
     CHECK(bytesOf(folder.file("一時 置場𠮷/髙橋 様.pdf")).starts_with("%PDF-1.5"));
 }

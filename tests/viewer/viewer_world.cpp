@@ -32,19 +32,19 @@ Folder::~Folder()
 std::vector<std::string> Folder::names() const
 {
     std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator(m_path)) names.push_back(entry.path().filename().string());
+    for (const auto &entry : fs::directory_iterator(m_path)) names.push_back(inin::textOf(entry.path().filename()));
     std::ranges::sort(names);
     return names;
 }
 
 void writeBytes(const std::string &path, const std::string &bytes)
 {
-    std::ofstream(fs::path(path), std::ios::binary) << bytes;
+    std::ofstream(pathOf(path), std::ios::binary) << bytes;
 }
 
 std::string bytesOf(const std::string &path)
 {
-    std::ifstream stream(fs::path(path), std::ios::binary);
+    std::ifstream stream(pathOf(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
@@ -132,7 +132,7 @@ std::string writePrintJob(const Folder &folder, const std::string &form, const s
 {
     writeBytes(folder.file("委任状.csv"), csvOf(rows));
     std::error_code error;
-    fs::copy_file(fs::path(ININ_SITE) / "forms" / form, folder.path() / form, error);
+    fs::copy_file(pathOf(ININ_SITE) / "forms" / pathOf(form), folder.path() / pathOf(form), error);
     const std::string script = "FileName,\"" + folder.path().string() + "\\" + form + "\"\r\nTitle,\"委任状\"\r\n" +
                                "SetDataText,\"委任状\",\"" + folder.path().string() +
                                "\\委任状.csv\"\r\nPrintPaper, A4\r\nPrintOutFromDialog\r\n";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/file_path.h"
 #include "viewer/document/letter_press.h"
 
 #include <filesystem>
@@ -16,7 +17,7 @@ public:
     ~Folder();
     Folder(const Folder &) = delete;
     Folder &operator=(const Folder &) = delete;
-    [[nodiscard]] std::string file(const std::string &name) const { return (m_path / name).string(); }
+    [[nodiscard]] std::string file(const std::string &name) const { return inin::textOf(m_path / inin::pathOf(name)); }
     [[nodiscard]] const std::filesystem::path &path() const { return m_path; }
     /// The names in it, sorted.
     [[nodiscard]] std::vector<std::string> names() const;
@@ -25,6 +26,8 @@ private:
     std::filesystem::path m_path;
 };
 
+/// A path beyond the classic limit of Windows for calls that mind it.
+[[nodiscard]] std::filesystem::path unlimitedPath(const std::filesystem::path &path);
 void writeBytes(const std::string &path, const std::string &bytes);
 [[nodiscard]] std::string bytesOf(const std::string &path);
 

@@ -22,6 +22,11 @@ HANDLE createInherited(const std::string &path)
 
 } // namespace
 
+fs::path unlimitedPath(const fs::path &path)
+{
+    return L"\\\\?\\" + fs::path(path).make_preferred().wstring();
+}
+
 Outcome runViewer(const Folder &folder, const std::string &arguments, const std::string &name)
 {
     const Folder outside;

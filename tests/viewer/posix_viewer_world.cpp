@@ -8,6 +8,11 @@ namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
 
+fs::path unlimitedPath(const fs::path &path)
+{
+    return path;
+}
+
 Outcome runViewer(const Folder &folder, const std::string &arguments, const std::string &name)
 {
     const Folder outside;
