@@ -6,12 +6,19 @@
 #include <fmt/format.h>
 
 #include <cstdio>
+#include <memory>
 
 #include <windows.h>
+
+#include <shellapi.h>
 
 namespace inin::viewer {
 
 namespace {
+
+struct FreeLocal {
+    void operator()(void *memory) const { LocalFree(memory); }
+};
 
 struct Stream {
     DWORD handle;
@@ -28,10 +35,12 @@ bool leadsSomewhere(DWORD handle)
 
 std::vector<std::string> commandWords(int argc, char **argv)
 {
-    // Not the typed name, which may lack the ending or be a path of the moment.
-    std::vector<std::string> words = {utf8FromWide(programFile().wstring())};
-    for (std::string &word : programArguments(argc, argv)) words.push_back(std::move(word));
-    return words;
+    // The first word is the name that the starter chose, not the file's: a form tool may hand its own on.
+    int count = 0;
+    const std::unique_ptr<wchar_t *, FreeLocal> words(CommandLineToArgvW(GetCommandLineW(), &count));
+    std::vector<std::string> all = {count > 0 ? utf8FromWide(*words.get()) : std::string()};
+    for (std::string &word : programArguments(argc, argv)) all.push_back(std::move(word));
+    return all;
 }
 
 void prepareStreams()
