@@ -148,8 +148,9 @@ def window(name, shown):
     return {"event": "window", "name": name, "shown": shown}
 
 
-def work_a_preview(program, display, look=lambda name: None):
-    """F2 without a target date is refused; with one patient picked it previews; F12 leaves. Returns the exit code."""
+def work_a_print(program, display, look=lambda name: None):
+    """F2 without a target date is refused; with one patient picked F1 prints and F2 previews; F12 leaves. Returns the exit
+    code."""
     program.wait_title("委任状印刷")
     look("conditions")
     display.key("F2")
@@ -157,7 +158,7 @@ def work_a_preview(program, display, look=lambda name: None):
     look("box")
     display.key("Return")
     program.wait_title("委任状印刷")
-    # Standard letter, no target, month of today, head office, whole month.
+    # Standard letter, no target, a patient, the month, agents, a period of its own.
     display.key("space", *["Tab"] * 5, "space", *["Tab"] * 4, "space")
     program.wait_title("利用者マスター検索")
     look("patients")
@@ -165,6 +166,10 @@ def work_a_preview(program, display, look=lambda name: None):
     program.wait_title("委任状印刷")
     display.key(*["Tab"] * 2, "space", *["Tab"] * 5, "space", *["Tab"] * 2, "space")
     look("conditions-chosen")
+    display.key("F1")
+    program.wait_told(event="start", style=2)
+    time.sleep(0.3)
+    program.bring_back()
     display.key("F2")
     program.wait_told(event="start", style=3)
     time.sleep(0.3)
@@ -174,13 +179,14 @@ def work_a_preview(program, display, look=lambda name: None):
     return program.wait_exit()
 
 
-def preview_of_one_patient(site, display):
+def print_of_one_patient(site, display):
     with Program(display, site) as program:
-        expect("exit code", work_a_preview(program, display), 0)
+        expect("exit code", work_a_print(program, display), 0)
         told = program.told()
         expect("the story", [event for event in told if event["event"] != "box"], [
             window("frmBack", True), window("frmPrintInin", True),
             window("frm患者検索", True), window("frm患者検索", False),
+            {"event": "start", "command": "wfrfv10.exe /c " + site + "\\TMP\\WfdCom.dat", "style": 2},
             {"event": "start", "command": "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", "style": 3},
             {"event": "start", "command": site + "\\Main.exe 2", "style": 1},
             {"event": "end", "code": 0}])
@@ -189,7 +195,8 @@ def preview_of_one_patient(site, display):
         picked = [event for event in program.events() if event["event"] == "sql" and "nIDNo=4" in event["text"]]
         expect("searches for the one patient", len(picked), 1)
         expect("arguments of the menu program", handed_back(site), "2\n")
-        expect("arguments of the form tool", noted(site + "/WrVb6Viewer.exe.log"), "/c ./TMP/WfdCom.dat\n")
+        expect("arguments of the form tool", noted(site + "/wfrfv10.exe.log"), f"/c {site}/TMP/WfdCom.dat\n")
+        expect("arguments of the preview", noted(site + "/WrVb6Viewer.exe.log"), "/c ./TMP/WfdCom.dat\n")
         with open(site + "/TMP/委任状.csv", encoding="cp932") as file:
             expect("lines of the CSV", len(file.readlines()), 2)
 
@@ -277,7 +284,7 @@ def a_wallpaper_that_is_no_picture(site, display):
         expect("starts", [event for event in program.told() if event["event"] == "start"], [])
 
 
-CASES = [preview_of_one_patient, closing_at_every_state, a_second_start, a_display_that_vanishes, no_display_at_all,
+CASES = [print_of_one_patient, closing_at_every_state, a_second_start, a_display_that_vanishes, no_display_at_all,
          no_japanese_font, a_wallpaper_that_is_no_picture]
 
 

@@ -6,6 +6,7 @@ wine_windows_test.py PRINTININ ININ-SITE ZIP PICTURES [CASE...]
 PRINTININ and ININ-SITE are this system's programs; ZIP is what an installer unpacks, PICTURES the folder for screenshots.
 WINEPREFIX names the Windows. scripts/test-windows --windows calls this.
 """
+import contextlib
 import os
 import shutil
 import subprocess
@@ -15,7 +16,7 @@ import time
 import zipfile
 
 import real_windows_test as real
-from real_windows_test import Display, Failed, Program, expect, noted, wait_for, window, work_a_preview
+from real_windows_test import Display, Failed, Program, expect, noted, wait_for, window, work_a_print
 
 # What a Japanese Windows is called by its own; a name with a blank and letters that only its code page can hold.
 FOLDER = "委任状 デモ"
@@ -25,7 +26,9 @@ COMPARED = ("TMP/委任状.csv", "TMP/WfdCom.dat", "Massage.ini", "adodb.ini", "
 
 
 def wine(*arguments, **options):
-    return subprocess.run(["wine", *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True, **options)
+    """A program without windows, in a Wine of its own."""
+    subprocess.run(["wine", *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True, **options)
+    stop_wine()
 
 
 class WineProgram(Program):
@@ -35,10 +38,11 @@ class WineProgram(Program):
         environment = {name: text for name, text in environment.items() if not name.startswith("QT_")}
         return subprocess.Popen(
             ["wine", self.site + "/PrintInin.exe"], cwd=self.site, stderr=subprocess.PIPE, text=True,
-            env={**environment, "LC_ALL": "ja_JP.UTF-8", "ININ_TRANSCRIPT": windows_path(self.transcript)})
+            env={**environment, "ININ_TRANSCRIPT": windows_path(self.transcript)})
 
     def bring_back(self):
-        """What was started stands in front; the windows of the two are told apart by their titles."""
+        """What was started has had time to read its script, and may stand in front: titles tell the windows apart."""
+        time.sleep(1.0)
         if self.display.active_title() == "委任状印刷":
             return
         for number in self.display.tool("search", "--name", "^委任状印刷$").split():
@@ -52,7 +56,9 @@ class WineDisplay(Display):
 
     def __enter__(self):
         stop_wine()
-        return super().__enter__()
+        super().__enter__()
+        self.environment["LC_ALL"] = "ja_JP.UTF-8"
+        return self
 
     def __exit__(self, *arguments):
         stop_wine()
@@ -84,8 +90,9 @@ def make_site(_):
     shutil.rmtree(drive_c() + "/" + FOLDER, ignore_errors=True)
     site = drive_c() + "/" + FOLDER
     os.makedirs(site)
+    # What a Japanese Windows has from the start. Wine forgets it when it was run in another language.
+    wine("reg", "add", r"HKCU\Control Panel\International", "/v", "sShortDate", "/d", "yyyy/MM/dd", "/f")
     unpack(site)
-    stop_wine()
     return site
 
 
@@ -119,6 +126,10 @@ def bytes_of(path, folder=None):
         return None
 
 
+def noted_bytes(path):
+    return wait_for(path, lambda: bytes_of(path))
+
+
 def neutral(events, *folders):
     """The events without the application folder, the one thing in which the systems may differ."""
     def told(value):
@@ -133,26 +144,95 @@ def the_same_as_here(site, display):
     """One play on both systems: every event, statements included, and every file that is written."""
     without_viewer(site)
     with WineProgram(display, site) as program:
-        expect("exit code", work_a_preview(program, display, Pictures(display, "print")), 0)
+        expect("exit code", work_a_print(program, display, Pictures(display, "print")), 0)
         there = neutral(program.events(), windows_path(site))
     expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
-    expect("the script that the form tool was given", bytes_of(site + "/WrVb6Viewer.exe.WfdCom.dat"),
+    expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
            bytes_of(site + "/TMP/WfdCom.dat"))
+    if b"PrintOutFromDialog" not in noted_bytes(site + "/wfrfv10.exe.WfdCom.dat"):
+        raise Failed("the form tool was not told to print")
     with tempfile.TemporaryDirectory() as folder:
         own = real.make_site(folder)
         with Program(display, own) as program:
-            expect("exit code here", work_a_preview(program, display), 0)
+            expect("exit code here", work_a_print(program, display), 0)
             here = neutral(program.events(), own)
         for number, (event, wanted) in enumerate(zip(there, here)):
             expect(f"event {number}", event, wanted)
         expect("number of events", len(there), len(here))
-        if not any(event["event"] == "start" and event["style"] == 3 for event in there):
-            raise Failed("nothing was previewed")
+        expect("starts", [event["command"] for event in there if event["event"] == "start"],
+               ["wfrfv10.exe /c $APP\\TMP\\WfdCom.dat", "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", "$APP\\Main.exe 2"])
         for name in COMPARED:
             expect(name, bytes_of(f"{site}/{name}", windows_path(site)), bytes_of(f"{own}/{name}", own))
         if not bytes_of(site + "/TMP/委任状.csv"):
             raise Failed("no letters")
     print(f"        {len(there)} events and {len(COMPARED)} files are the same")
+
+
+def through_boxes(program, display, *texts):
+    """Each text is told in a box, which a person closes; what else is told comes in between."""
+    seen = 0
+    for text in texts:
+        def told():
+            return [event["text"] for event in program.told() if event["event"] == "box"][seen:]
+        wait_for(f"the box {text}, not {told()}", told)
+        expect("box", told()[0], text)
+        seen += 1
+        time.sleep(0.5)
+        display.key("Return")
+
+
+def leave(program, display):
+    program.wait_told(event="window", name="frmPrintInin", shown=True)
+    program.wait_title("委任状印刷")
+    display.key("F12")
+    expect("exit code", program.wait_exit(), 0)
+    expect("the end", program.told()[-1], {"event": "end", "code": 0})
+
+
+def a_path_of_more_than_300_characters(programs, display):
+    """The site lies deep; the programs lie elsewhere, for the system starts none from there by a click."""
+    with deep_site() as site:
+        with WineProgram(display, programs, ININ_APP_DIR=windows_path(site)) as program:
+            expect("exit code", work_a_print(program, display, Pictures(display, "deep")), 0)
+            starts = [event["command"] for event in program.told() if event["event"] == "start"]
+            expect("starts", starts, [f"wfrfv10.exe /c {windows_path(site)}\\TMP\\WfdCom.dat",
+                                      "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", windows_path(site) + "\\Main.exe 2"])
+        expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
+        expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
+               bytes_of(site + "/TMP/WfdCom.dat"))
+
+
+@contextlib.contextmanager
+def deep_site():
+    top = drive_c() + "/深い"
+    shutil.rmtree(top, ignore_errors=True)
+    site = top + "/委任状の長い名前のフォルダーが続く場所" * 15  # Wine 8 ends at 1024 bytes
+    expect("long enough", len(windows_path(site)) > 300, True)
+    os.makedirs(os.path.dirname(site))
+    wine("inin-site.exe", "make", windows_path(site), "--patients", "40", "--seed", "3", cwd=drive_c() + "/" + FOLDER)
+    try:
+        yield site
+    finally:
+        shutil.rmtree(top)
+
+
+def a_code_page_that_is_not_932(site, display):
+    """The settings cannot be read by their Japanese names. That is told, and the program goes on."""
+    missing = "でエラー\r\n接続文字列取得できません。"
+    with WineProgram(display, site, LC_ALL="C.UTF-8") as program:
+        through_boxes(program, display, "loadInitCorp " + missing, "Form_Load() " + missing)
+        leave(program, display)
+
+
+def a_driver_that_is_missing(site, display):
+    """Told with each connection, and the program goes on."""
+    with open(site + "/adodb.ini", "w", encoding="cp932", newline="\r\n") as file:
+        file.write("[接続情報]\n接続情報=Provider=SQLOLEDB;Data Source=srv;Initial Catalog=db;User ID=a;Password=b\n")
+    missing = "でエラー\r\n(-2147467259)no ODBC driver for SQL Server is installed"
+    with tempfile.TemporaryDirectory() as none:
+        with WineProgram(display, site, ODBCSYSINI=none, ODBCINSTINI="none", HOME=none) as program:
+            through_boxes(program, display, "loadInitCorp " + missing, "Form_Load() " + missing)
+            leave(program, display)
 
 
 def closing_at_every_state(site, display):
@@ -167,7 +247,8 @@ def a_wallpaper_that_is_no_picture(site, display):
     real.a_wallpaper_that_is_no_picture(site, display)
 
 
-CASES = [the_same_as_here, closing_at_every_state, a_second_start, a_wallpaper_that_is_no_picture]
+CASES = [the_same_as_here, closing_at_every_state, a_second_start, a_wallpaper_that_is_no_picture,
+         a_path_of_more_than_300_characters, a_code_page_that_is_not_932, a_driver_that_is_missing]
 
 
 if __name__ == "__main__":
