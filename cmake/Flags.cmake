@@ -1,9 +1,10 @@
 # Compiler flags of every target, in one place.
 add_library(inin_flags INTERFACE)
 if(MSVC)
-    # Sources are UTF-8, and a name of windows.h must not hide one of the standard library.
-    target_compile_options(inin_flags INTERFACE /utf-8 /W4 /permissive- /Zc:__cplusplus)
-    target_compile_definitions(inin_flags INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
+    # Sources are UTF-8, and a name of windows.h must not hide one of the standard library. The standard's own calls are no
+    # reason for a warning.
+    target_compile_options(inin_flags INTERFACE /utf-8 /W4 /permissive- /Zc:__cplusplus /bigobj)
+    target_compile_definitions(inin_flags INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN _CRT_SECURE_NO_WARNINGS)
 else()
     target_compile_options(inin_flags INTERFACE
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast

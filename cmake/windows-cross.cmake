@@ -1,19 +1,5 @@
-# Programs for 64-bit Windows by Debian's mingw, the flavour whose std::thread is winpthread.
-set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
-set(ININ_MINGW x86_64-w64-mingw32)
-set(CMAKE_C_COMPILER ${ININ_MINGW}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${ININ_MINGW}-g++-posix)
-set(CMAKE_RC_COMPILER ${ININ_MINGW}-windres)
-set(CMAKE_AR ${ININ_MINGW}-gcc-ar-posix)
-set(CMAKE_RANLIB ${ININ_MINGW}-gcc-ranlib-posix)
-
-# Nothing of this machine's own headers and libraries may come in: its programs may run, no more.
-set(CMAKE_FIND_ROOT_PATH /usr/${ININ_MINGW})
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# Programs for 64-bit Windows without the toolkit.
+include("${CMAKE_CURRENT_LIST_DIR}/mingw.cmake")
 
 # One file a program, without the compiler's libraries beside it.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)

@@ -1,4 +1,5 @@
 #include "adapters/posix/code_page_932.h"
+#include "adapters/system/system_platform.h"
 #include "app/inin_site/site_check.h"
 #include "runtime/file_path.h"
 #include "site/scratch_site.h"
@@ -12,6 +13,13 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
+
+/// A machine whose code page has no Japanese.
+struct WesternLocale : Locale {
+    Regional regional() override { return {}; }
+    std::string toCodePage(std::string_view) override { return "????"; }
+    std::string fromCodePage(std::string_view) override { return "?"; }
+};
 
 /// A demo site whose oddities are mended: a check finds nothing.
 struct SoundSite {
@@ -110,6 +118,20 @@ TEST_CASE("each form document that is missing is found")
     CHECK(site.check() == site::Findings{"帳票「委任状37_01.wfd」がフォルダー「\\SYS」にありません。",
                                          "帳票「委任状23.wfd」がフォルダー「\\SYS」にありません。",
                                          "帳票「委任状37_高松市.wfd」がフォルダー「\\SYS」にありません。"});
+}
+
+TEST_CASE("a machine that reads settings in another code page is found, one that reads them in 932 is not")
+{
+    WesternLocale western;
+    site::Findings findings;
+    site::checkCodePage(western, findings);
+    CHECK(findings ==
+          site::Findings{"このコンピューターの「Unicode 対応ではないプログラムの言語」が日本語ではないので、"
+                         "設定ファイルの日本語の項目を読めません。"});
+
+    site::Findings none;
+    site::checkCodePage(*makeSystemLocale(), none);
+    CHECK(none.empty());
 }
 
 TEST_CASE("a short date that begins with the whole year is no fault of the machine")

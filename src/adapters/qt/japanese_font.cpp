@@ -12,19 +12,26 @@ namespace inin {
 namespace {
 
 /// Fonts with even strokes, which small sizes need, the clearest on a screen first.
-constexpr const char *kGoodFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI",
+/// Those of Windows are called so in every language of it.
+constexpr const char *kGoodFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI", "MS UI Gothic",
                                       "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
 /// What the screen is drawn for, and the smallest at which the strokes of 﨑 or 療 stay apart.
 constexpr double kPointSize = 9.75;
 
+/// In English too, for without the letters nobody can read the Japanese.
+#ifdef Q_OS_WIN
+constexpr const char *kWhatToInstall =
+    "No Japanese font is installed. Please add the optional feature Japanese Supplemental Fonts.\n"
+    "日本語フォントがありません。オプション機能「日本語補助フォント」を追加してください。";
+#else
+constexpr const char *kWhatToInstall =
+    "No Japanese font is installed. Please install the package fonts-ipaexfont.\n"
+    "日本語フォントがありません。パッケージ fonts-ipaexfont をインストールしてください。";
+#endif
+
 } // namespace
 
-NoJapaneseFont::NoJapaneseFont()
-    // In English too, for without the letters nobody can read the Japanese.
-    : std::runtime_error("No Japanese font is installed. Please install the package fonts-ipaexfont.\n"
-                         "日本語フォントがありません。パッケージ fonts-ipaexfont をインストールしてください。")
-{
-}
+NoJapaneseFont::NoJapaneseFont() : std::runtime_error(kWhatToInstall) {}
 
 FontReading::FontReading()
     : m_hasJapanese(std::async(std::launch::async, [] {

@@ -1,6 +1,7 @@
 #include "adapters/sqlite/sqlite_handle.h"
 
 #include "adapters/common/sql_tokenizer.h"
+#include "adapters/sqlite/file_calls.h"
 #include "adapters/sqlite/sql_shape.h"
 #include "adapters/sqlite/sql_translator.h"
 #include "adapters/sqlite/sqlite_error.h"
@@ -76,7 +77,8 @@ void SqliteHandle::openFile(const std::string &shown, Errors &errors)
     if (!identity) refuse("unable to open database file: " + shown, SQLITE_CANTOPEN);
     m_identity = *identity;
     sqlite3 *db = nullptr;
-    const int code = sqlite3_open_v2(m_path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code =
+        sqlite3_open_v2(m_path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, databaseFileCalls());
     m_db.reset(db);
     if (code != SQLITE_OK) refuse("unable to open database file: " + shown, code);
     bool isEmpty = false;

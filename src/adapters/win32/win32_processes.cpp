@@ -1,9 +1,10 @@
 #include "adapters/common/web_address.h"
+#include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
 
-#include <limits>
+#include <optional>
 #include <vector>
 
 #include <windows.h>
@@ -29,23 +30,62 @@ WORD showOf(WindowStyle style)
     return SW_SHOWNORMAL;
 }
 
+/// One call of the system; without a program it looks for one at the shortest beginning of the line that names a file.
+bool isStarted(const wchar_t *program, const std::string &commandLine, WindowStyle style)
+{
+    std::wstring line = wideFromUtf8(commandLine); // the call may write into it
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = showOf(style);
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) == 0)
+        return false;
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return true;
+}
+
+struct DeepProgram {
+    std::wstring file;
+    std::string commandLine; ///< with the program in quotes, as the system itself hands a path with blanks over
+};
+
+/// The program of a line when it lies beyond the classic limit of paths, where the system does not look by itself.
+std::optional<DeepProgram> deepProgramOf(const std::string &commandLine)
+{
+    std::size_t blank = 0;
+    do {
+        blank = commandLine.find(' ', blank + 1);
+        const std::string path = commandLine.substr(0, blank);
+        const std::wstring file = widePath(path);
+        if (!file.starts_with(L"\\\\?\\")) continue;
+        const DWORD attributes = GetFileAttributesW(file.c_str());
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+            return DeepProgram{file, "\"" + path + "\"" + commandLine.substr(path.size())};
+    } while (blank != std::string::npos);
+    return std::nullopt;
+}
+
+/// The path of names of 8.3, for a system that starts nothing from a deep folder by its own name.
+std::wstring shortNameOf(const std::wstring &path)
+{
+    std::wstring name(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
+    name.resize(GetShortPathNameW(path.c_str(), name.data(), static_cast<DWORD>(name.size())));
+    return name.empty() ? path : name;
+}
+
 class Win32Processes : public Processes {
 public:
     explicit Win32Processes(std::function<void()> end) : m_end(std::move(end)) {}
 
-    /// Windows itself finds the program, at the shortest beginning of the line that names a file.
     void start(const std::string &commandLine, WindowStyle style) override
     {
-        std::wstring line = wideFromUtf8(commandLine); // the call may write into it
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
-        startup.dwFlags = STARTF_USESHOWWINDOW;
-        startup.wShowWindow = showOf(style);
-        PROCESS_INFORMATION process{};
-        if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) == 0)
+        if (isStarted(nullptr, commandLine, style)) return;
+        const std::optional<DeepProgram> deep = deepProgramOf(commandLine);
+        if (!deep || !(isStarted(deep->file.c_str(), deep->commandLine, style) ||
+                       isStarted(shortNameOf(deep->file).c_str(), deep->commandLine, style)))
             throw RuntimeError(error_number::fileNotFound);
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
     }
 
     void openAddress(const std::string &address) override

@@ -1,3 +1,4 @@
+#include "adapters/posix/code_page_932.h"
 #include "app/inin_site/site_check.h"
 
 #include <fmt/format.h>
@@ -12,7 +13,18 @@ namespace {
 constexpr std::string_view kReadableForms[] = {"yyyy/MM/dd", "yyyy/M/d", "yyyy/MM/d", "yyyy/M/dd",
                                                "yyyy-MM-dd", "yyyy-M-d", "yyyy-MM-d", "yyyy-M-dd"};
 
+constexpr std::string_view kConnectionKey = "接続情報";
+
 } // namespace
+
+/// The programs ask for this key in the machine's own code page, and then it is another one, or a row of question marks.
+void checkCodePage(Locale &system, Findings &findings)
+{
+    if (system.toCodePage(kConnectionKey) == encodeCp932(kConnectionKey)) return;
+    findings.push_back(
+        "このコンピューターの「Unicode 対応ではないプログラムの言語」が日本語ではないので、設定ファイルの"
+        "日本語の項目を読めません。");
+}
 
 /// Dates go into statements and letters in this form, so an era or a day in front makes other days of them, or none.
 void checkShortDate(const Regional &regional, Findings &findings)

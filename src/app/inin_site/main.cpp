@@ -3,6 +3,7 @@
 #include "app/inin_site/server_maker.h"
 #include "app/inin_site/site_check.h"
 #include "app/inin_site/site_files.h"
+#include "app/inin_site/stand_ins.h"
 #include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 
@@ -38,7 +39,7 @@ std::filesystem::path formViewerBeside()
 {
     std::error_code error;
     const std::filesystem::path self = programFile();
-    const auto viewer = self.parent_path() / "formviewer";
+    const auto viewer = self.parent_path() / formViewerName();
     return !self.empty() && std::filesystem::exists(viewer, error) ? viewer : std::filesystem::path();
 }
 

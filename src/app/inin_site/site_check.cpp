@@ -30,7 +30,9 @@ Findings checkSite(const std::filesystem::path &folder)
     }
     const std::optional<Branch> branch = checkSettings(folder, findings);
     checkDatabase(folder, branch, findings);
-    checkShortDate(makeSystemLocale()->regional(), findings);
+    const std::unique_ptr<Locale> system = makeSystemLocale();
+    checkCodePage(*system, findings);
+    checkShortDate(system->regional(), findings);
     return findings;
 }
 

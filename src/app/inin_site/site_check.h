@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/locale.h"
 #include "runtime/regional.h"
 
 #include <filesystem>
@@ -26,6 +27,8 @@ struct Branch {
 /// Without a branch the rows are not looked at, only tables and columns.
 void checkDatabase(const std::filesystem::path &folder, const std::optional<Branch> &branch, Findings &findings);
 
+/// The machine's code page, in which the programs read the settings.
+void checkCodePage(Locale &system, Findings &findings);
 /// The machine's own form of a date, which is the same for every site that is checked on it.
 void checkShortDate(const Regional &regional, Findings &findings);
 

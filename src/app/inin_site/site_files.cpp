@@ -2,6 +2,7 @@
 
 #include "adapters/posix/code_page_932.h"
 #include "app/inin_site/embedded.h"
+#include "app/inin_site/stand_ins.h"
 #include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 
@@ -43,9 +44,6 @@ constexpr Form kForms[] = {
     {"委任状37_高松市.wfd", takamatsuForm},
 };
 
-constexpr std::string_view kMenu = "Main.exe";
-constexpr std::string_view kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
-
 /// The suite's text files: code page 932, CR LF.
 void writeSuiteText(const fs::path &path, std::string_view text)
 {
@@ -68,31 +66,6 @@ std::string markerText(const SiteOrder &order)
     return fmt::format("inin-site が作った見本サイトです。もう一度 make すると、中身は作り直されます。\n"
                        "patients={} seed={} month={}\n",
                        order.patients, order.seed, yearMonthText(order.month));
-}
-
-void writeStandIn(const fs::path &path, std::string_view text)
-{
-    writeFile(path, text);
-    std::error_code error;
-    constexpr auto kRun = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
-    fs::permissions(path, kRun, fs::perm_options::add, error);
-    if (error) {
-        throw RuntimeError(error_number::permissionDenied,
-                           fmt::format("ファイル「{}」を実行できるようにできません。", textOf(path)));
-    }
-}
-
-/// The form viewer under a tool's name, or the stand-in where it was not built.
-void writeFormTool(const fs::path &path, const fs::path &formViewer)
-{
-    std::error_code error;
-    // Writing through the link of an earlier make would overwrite the viewer itself.
-    fs::remove(path, error);
-    if (!formViewer.empty()) {
-        fs::create_symlink(formViewer, path, error);
-        if (!error) return;
-    }
-    writeStandIn(path, formToolStandIn());
 }
 
 void makeFolder(const fs::path &path)
@@ -127,8 +100,7 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / kWallpaperFile, wallpaper());
     for (const Form &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
-    writeStandIn(folder / kMenu, menuStandIn());
-    for (const std::string_view tool : kFormTools) writeFormTool(folder / tool, formViewer);
+    writeStandIns(folder, formViewer);
 }
 
 } // namespace inin::site

@@ -14,8 +14,8 @@ inline constexpr std::string_view kMarkerFile = ".inin-site";
 inline constexpr std::string_view kDatabaseFile = "demo.db";
 inline constexpr std::array<std::string_view, 4> kFolders{"SYS", "TMP", "ICON", "DATA"};
 
-/// Everything of a site but its database. An old file of the same name is replaced. The form tools are links to the
-/// form viewer, or stand-ins when `formViewer` is empty.
+/// Everything of a site but its database. An old file of the same name is replaced. See writeStandIns for
+/// `formViewer`.
 void writeSiteFiles(const std::filesystem::path &folder, const SiteOrder &order,
                     const std::filesystem::path &formViewer);
 

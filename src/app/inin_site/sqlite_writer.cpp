@@ -1,5 +1,7 @@
 #include "app/inin_site/sqlite_writer.h"
 
+#include "adapters/sqlite/file_calls.h"
+#include "adapters/system/system_platform.h"
 #include "platform/database.h"
 #include "runtime/runtime_error.h"
 
@@ -71,7 +73,10 @@ void FinalizeStatement::operator()(sqlite3_stmt *statement) const
 SqliteWriter::SqliteWriter(const std::string &path)
 {
     sqlite3 *database = nullptr;
-    const int result = sqlite3_open(path.c_str(), &database);
+    const char *const calls = databaseFileCalls();
+    // Those of Windows take a deep path with its prefix only; elsewhere a path is a path, backslashes and all.
+    const std::string file = calls == nullptr ? path : systemPath(path);
+    const int result = sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, calls);
     m_database.reset(database);
     if (result != SQLITE_OK) fail(database);
 }

@@ -1,6 +1,6 @@
 #include "app/print_inin/desktop.h"
 
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 #include "app/data_source.h"
 #include "app/suite_database/suite_database.h"
 
@@ -19,10 +19,10 @@ namespace {
 } // namespace
 
 Desktop::Desktop(const std::string &folder)
-    : m_profile(makePosixProfile()), m_files(makePosixFiles(folder)), m_clock(makePosixClock()),
-      m_locale(makePosixLocale()), m_processes(makePosixProcesses(endAtOnce)), m_automation(makeNoAutomation()),
+    : m_profile(makeSystemProfile()), m_files(makeSystemFiles(folder)), m_clock(makeSystemClock()),
+      m_locale(makeSystemLocale()), m_processes(makeSystemProcesses(endAtOnce)), m_automation(makeNoAutomation()),
       m_database(makeSuiteDatabase(dataSourceIn(folder))),
-      m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, posixPath, [this] { m_fonts.finish(); }}),
+      m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, systemPath, [this] { m_fonts.finish(); }}),
       m_boxes(m_edge, [this] { m_fonts.finish(); })
 {
 }

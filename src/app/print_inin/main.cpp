@@ -2,11 +2,13 @@
 // that the environment variable ININ_APP_DIR names. ININ_TRANSCRIPT names a file that is to be told what happens, for
 // support and tests.
 
-#include "adapters/qt/japanese_font.h"
+#include "adapters/qt/qt_text.h"
 #include "adapters/qt/theme.h"
+#include "adapters/qt/toolkit_words.h"
 #include "adapters/script/recording_database.h"
 #include "adapters/script/telling_ports.h"
 #include "app/print_inin/desktop.h"
+#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 #include "shell/error_box.h"
 #include "shell/start.h"
@@ -26,12 +28,20 @@ namespace {
 constexpr const char *kFolderVariable = "ININ_APP_DIR";
 constexpr const char *kTranscriptVariable = "ININ_TRANSCRIPT";
 constexpr int kBroken = 1;
+#ifdef Q_OS_WIN
+/// Seen only by who looks into the standard error; the toolkit shows a box of its own before.
+constexpr const char *kNoScreen = "PrintInin: 画面に接続できません。\n";
+#else
+constexpr const char *kNoScreen = "PrintInin: 画面に接続できません。（DISPLAY を確かめてください。）\n";
+#endif
 
+/// The toolkit reads the environment and its own place in every system's whole character set.
 std::string applicationFolder()
 {
-    if (const char *named = std::getenv(kFolderVariable); named != nullptr && *named != '\0')
-        return std::filesystem::absolute(named).lexically_normal().string();
-    return QCoreApplication::applicationDirPath().toStdString();
+    const QString named = qEnvironmentVariable(kFolderVariable);
+    const QString folder = named.isEmpty() ? QCoreApplication::applicationDirPath() : named;
+    std::filesystem::path path = std::filesystem::absolute(pathOf(fromQt(folder))).lexically_normal();
+    return textOf(path.make_preferred());
 }
 
 /// The toolkit gives up without a display by an abort, which leaves a dump and no word that a person understands.
@@ -39,7 +49,7 @@ void sayWhyAndEnd(QtMsgType type, const QMessageLogContext &, const QString &mes
 {
     std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
     if (type != QtFatalMsg) return;
-    std::fputs("PrintInin: 画面に接続できません。（DISPLAY を確かめてください。）\n", stderr);
+    std::fputs(kNoScreen, stderr);
     std::_Exit(kBroken);
 }
 
@@ -50,9 +60,9 @@ void runOn(const Platform &platform)
 }
 
 /// Runs with everything told, in the words of a played script.
-void runTold(const Platform &inner, const char *file)
+void runTold(const Platform &inner, const std::string &file)
 {
-    std::ofstream out(file);
+    std::ofstream out(pathOf(file), std::ios::binary); // the same bytes on every system
     Transcript transcript(out);
     TellingBoxes boxes(transcript, inner.boxes);
     TellingWindows windows(transcript, inner.windows);
@@ -65,9 +75,9 @@ void runTold(const Platform &inner, const char *file)
 void runProgram()
 {
     Desktop desktop(applicationFolder());
-    const char *transcript = std::getenv(kTranscriptVariable);
-    if (transcript == nullptr || *transcript == '\0') return runOn(desktop.platform());
-    runTold(desktop.platform(), transcript);
+    const QString transcript = qEnvironmentVariable(kTranscriptVariable);
+    if (transcript.isEmpty()) return runOn(desktop.platform());
+    runTold(desktop.platform(), fromQt(transcript));
 }
 
 /// Runs with the windows gone: the forms behind them are.
@@ -86,8 +96,8 @@ try {
     return report(kApplicationTitle, numberedText(unhandled.error()));
 } catch (const RuntimeError &error) {
     return report(kApplicationTitle, numberedText(error));
-} catch (const NoJapaneseFont &missing) {
-    return report("PrintInin", missing.what()); // a title that can be read without the letters
+} catch (const std::exception &fault) {
+    return report("PrintInin", fault.what()); // a title that can be read without Japanese letters
 }
 
 } // namespace
@@ -102,6 +112,7 @@ try {
     QApplication::setQuitOnLastWindowClosed(false); // the program's own unload decides
     QApplication::setApplicationDisplayName({});
     inin::applyTheme(application);
+    inin::useJapaneseWords(application);
     return inin::run();
 } catch (const std::exception &fault) {
     std::fprintf(stderr, "PrintInin: %s\n", fault.what());

@@ -1,0 +1,22 @@
+# cmake -DFROM=file -DTO=file.cpp -DNAME=function -DHEADER=header -P EmbedFile.cmake
+# Writes a source file whose function, in namespace inin::site, gives the bytes of the file.
+file(READ "${FROM}" bytes HEX)
+string(REGEX REPLACE "(................................)" "\\1\n    " bytes "${bytes}")
+string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
+file(WRITE "${TO}" "#include \"${HEADER}\"
+
+namespace inin::site {
+
+namespace {
+constexpr unsigned char kBytes[] = {
+    ${bytes}
+};
+} // namespace
+
+std::string_view ${NAME}()
+{
+    return {reinterpret_cast<const char *>(kBytes), sizeof kBytes};
+}
+
+} // namespace inin::site
+")

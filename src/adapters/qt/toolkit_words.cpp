@@ -1,0 +1,16 @@
+#include "adapters/qt/toolkit_words.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+namespace inin {
+
+void useJapaneseWords(QApplication &application)
+{
+    auto *const words = new QTranslator(&application); // the application owns it
+    if (words->load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(words);
+}
+
+} // namespace inin

@@ -1,0 +1,260 @@
+#!/usr/bin/env python3
+"""Works PrintInin.exe under Wine as real_windows_test.py works the program of this system, and holds the two against each
+other: what happened, the letters, the command script, the settings.
+
+wine_windows_test.py PRINTININ ININ-SITE ZIP PICTURES [CASE...]
+PRINTININ and ININ-SITE are this system's programs; ZIP is what an installer unpacks, PICTURES the folder for screenshots.
+WINEPREFIX names the Windows. scripts/test-windows --windows calls this.
+"""
+import contextlib
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import zipfile
+
+import real_windows_test as real
+from real_windows_test import Display, Failed, Program, expect, noted, wait_for, window, work_a_print
+
+# What a Japanese Windows is called by its own; a name with a blank and letters that only its code page can hold.
+FOLDER = "委任状 デモ"
+FORM_TOOLS = ("wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe")
+# The settings stand in the words of the program, so both systems must write them alike.
+COMPARED = ("TMP/委任状.csv", "TMP/WfdCom.dat", "Massage.ini", "adodb.ini", "Sorvin.ver", "DATA/印刷設定.ini")
+
+
+def wine(*arguments, **options):
+    """A program without windows, in a Wine of its own."""
+    subprocess.run(["wine", *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True, **options)
+    stop_wine()
+
+
+class WineProgram(Program):
+    """PrintInin.exe of a folder, started there as the menu program does: no argument, its own folder."""
+
+    def start(self, environment):
+        environment = {name: text for name, text in environment.items() if not name.startswith("QT_")}
+        return subprocess.Popen(
+            ["wine", self.site + "/PrintInin.exe"], cwd=self.site, stderr=subprocess.PIPE, text=True,
+            env={**environment, "ININ_TRANSCRIPT": windows_path(self.transcript)})
+
+    def bring_back(self):
+        """What was started has had time to read its script, and may stand in front: titles tell the windows apart."""
+        time.sleep(1.0)
+        if self.display.active_title() == "委任状印刷":
+            return
+        for number in self.display.tool("search", "--name", "^委任状印刷$").split():
+            self.display.tool("windowactivate", "--sync", number)
+            if self.display.active_title() == "委任状印刷":
+                return
+
+
+class WineDisplay(Display):
+    """Wine keeps to the display on which its desktop came up, or to none, so each display has a Wine of its own."""
+
+    def __enter__(self):
+        stop_wine()
+        super().__enter__()
+        self.environment["LC_ALL"] = "ja_JP.UTF-8"
+        return self
+
+    def __exit__(self, *arguments):
+        stop_wine()
+        super().__exit__(*arguments)
+
+
+def stop_wine():
+    subprocess.run(["wineserver", "-k"], check=False)
+    subprocess.run(["wineserver", "-w"], check=False)
+
+
+def drive_c():
+    return os.environ["WINEPREFIX"] + "/drive_c"
+
+
+def windows_path(path):
+    inside = os.path.relpath(path, drive_c())
+    return "C:\\" + inside.replace("/", "\\")
+
+
+def unpack(folder):
+    """A demo site with the programs in it, as the guide tells an installer."""
+    with zipfile.ZipFile(ZIP) as packed:
+        packed.extractall(folder)
+    wine("inin-site.exe", "make", ".", "--force", "--patients", "40", "--seed", "3", cwd=folder)
+
+
+def make_site(_):
+    shutil.rmtree(drive_c() + "/" + FOLDER, ignore_errors=True)
+    site = drive_c() + "/" + FOLDER
+    os.makedirs(site)
+    # What a Japanese Windows has from the start. Wine forgets it when it was run in another language.
+    wine("reg", "add", r"HKCU\Control Panel\International", "/v", "sShortDate", "/d", "yyyy/MM/dd", "/f")
+    unpack(site)
+    return site
+
+
+def without_viewer(site):
+    """The form tools copy the command script beside themselves, and show no window that takes the keys."""
+    note = site + "/formviewer.path"
+    if os.path.exists(note):
+        os.remove(note)
+
+
+class Pictures:
+    """Takes a picture of the whole screen at a stage of a play."""
+
+    def __init__(self, display, case):
+        self.display = display
+        self.case = case
+
+    def __call__(self, stage):
+        time.sleep(0.5)
+        os.makedirs(PICTURES, exist_ok=True)
+        subprocess.run(["import", "-window", "root", f"{PICTURES}/{self.case}-{stage}.png"],
+                       env=self.display.environment, check=True)
+
+
+def bytes_of(path, folder=None):
+    """A file's bytes, without the application folder where one is given; None without a file."""
+    try:
+        with open(path, "rb") as file:
+            return file.read().replace((folder or "\0").encode("cp932"), b"$APP")
+    except FileNotFoundError:
+        return None
+
+
+def noted_bytes(path):
+    return wait_for(path, lambda: bytes_of(path))
+
+
+def neutral(events, *folders):
+    """The events without the application folder, the one thing in which the systems may differ."""
+    def told(value):
+        if isinstance(value, str):
+            for folder in folders:
+                value = value.replace(folder, "$APP")
+        return value
+    return [{name: told(value) for name, value in event.items()} for event in events]
+
+
+def the_same_as_here(site, display):
+    """One play on both systems: every event, statements included, and every file that is written."""
+    without_viewer(site)
+    with WineProgram(display, site) as program:
+        expect("exit code", work_a_print(program, display, Pictures(display, "print")), 0)
+        there = neutral(program.events(), windows_path(site))
+    expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
+    expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
+           bytes_of(site + "/TMP/WfdCom.dat"))
+    if b"PrintOutFromDialog" not in noted_bytes(site + "/wfrfv10.exe.WfdCom.dat"):
+        raise Failed("the form tool was not told to print")
+    with tempfile.TemporaryDirectory() as folder:
+        own = real.make_site(folder)
+        with Program(display, own) as program:
+            expect("exit code here", work_a_print(program, display), 0)
+            here = neutral(program.events(), own)
+        for number, (event, wanted) in enumerate(zip(there, here)):
+            expect(f"event {number}", event, wanted)
+        expect("number of events", len(there), len(here))
+        expect("starts", [event["command"] for event in there if event["event"] == "start"],
+               ["wfrfv10.exe /c $APP\\TMP\\WfdCom.dat", "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", "$APP\\Main.exe 2"])
+        for name in COMPARED:
+            expect(name, bytes_of(f"{site}/{name}", windows_path(site)), bytes_of(f"{own}/{name}", own))
+        if not bytes_of(site + "/TMP/委任状.csv"):
+            raise Failed("no letters")
+    print(f"        {len(there)} events and {len(COMPARED)} files are the same")
+
+
+def through_boxes(program, display, *texts):
+    """Each text is told in a box, which a person closes; what else is told comes in between."""
+    seen = 0
+    for text in texts:
+        def told():
+            return [event["text"] for event in program.told() if event["event"] == "box"][seen:]
+        wait_for(f"the box {text}, not {told()}", told)
+        expect("box", told()[0], text)
+        seen += 1
+        time.sleep(0.5)
+        display.key("Return")
+
+
+def leave(program, display):
+    program.wait_told(event="window", name="frmPrintInin", shown=True)
+    program.wait_title("委任状印刷")
+    display.key("F12")
+    expect("exit code", program.wait_exit(), 0)
+    expect("the end", program.told()[-1], {"event": "end", "code": 0})
+
+
+def a_path_of_more_than_300_characters(programs, display):
+    """The site lies deep; the programs lie elsewhere, for the system starts none from there by a click."""
+    with deep_site() as site:
+        with WineProgram(display, programs, ININ_APP_DIR=windows_path(site)) as program:
+            expect("exit code", work_a_print(program, display, Pictures(display, "deep")), 0)
+            starts = [event["command"] for event in program.told() if event["event"] == "start"]
+            expect("starts", starts, [f"wfrfv10.exe /c {windows_path(site)}\\TMP\\WfdCom.dat",
+                                      "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", windows_path(site) + "\\Main.exe 2"])
+        expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
+        expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
+               bytes_of(site + "/TMP/WfdCom.dat"))
+
+
+@contextlib.contextmanager
+def deep_site():
+    top = drive_c() + "/深い"
+    shutil.rmtree(top, ignore_errors=True)
+    site = top + "/委任状の長い名前のフォルダーが続く場所" * 15  # Wine 8 ends at 1024 bytes
+    expect("long enough", len(windows_path(site)) > 300, True)
+    os.makedirs(os.path.dirname(site))
+    wine("inin-site.exe", "make", windows_path(site), "--patients", "40", "--seed", "3", cwd=drive_c() + "/" + FOLDER)
+    try:
+        yield site
+    finally:
+        shutil.rmtree(top)
+
+
+def a_code_page_that_is_not_932(site, display):
+    """The settings cannot be read by their Japanese names. That is told, and the program goes on."""
+    missing = "でエラー\r\n接続文字列取得できません。"
+    with WineProgram(display, site, LC_ALL="C.UTF-8") as program:
+        through_boxes(program, display, "loadInitCorp " + missing, "Form_Load() " + missing)
+        leave(program, display)
+
+
+def a_driver_that_is_missing(site, display):
+    """Told with each connection, and the program goes on."""
+    with open(site + "/adodb.ini", "w", encoding="cp932", newline="\r\n") as file:
+        file.write("[接続情報]\n接続情報=Provider=SQLOLEDB;Data Source=srv;Initial Catalog=db;User ID=a;Password=b\n")
+    missing = "でエラー\r\n(-2147467259)no ODBC driver for SQL Server is installed"
+    with tempfile.TemporaryDirectory() as none:
+        with WineProgram(display, site, ODBCSYSINI=none, ODBCINSTINI="none", HOME=none) as program:
+            through_boxes(program, display, "loadInitCorp " + missing, "Form_Load() " + missing)
+            leave(program, display)
+
+
+def closing_at_every_state(site, display):
+    real.closing_at_every_state(site, display)
+
+
+def a_second_start(site, display):
+    real.a_second_start(site, display)
+
+
+def a_wallpaper_that_is_no_picture(site, display):
+    real.a_wallpaper_that_is_no_picture(site, display)
+
+
+CASES = [the_same_as_here, closing_at_every_state, a_second_start, a_wallpaper_that_is_no_picture,
+         a_path_of_more_than_300_characters, a_code_page_that_is_not_932, a_driver_that_is_missing]
+
+
+if __name__ == "__main__":
+    real.PRINTININ, real.ININ_SITE, ZIP, PICTURES = (os.path.abspath(path) for path in sys.argv[1:5])
+    real.Program = WineProgram
+    real.Display = WineDisplay
+    real.PATIENCE = 60.0
+    chosen = [case for case in CASES if len(sys.argv) < 6 or case.__name__ in sys.argv[5:]]
+    sys.exit(0 if all([real.run(case, make_site) for case in chosen]) else 1)
