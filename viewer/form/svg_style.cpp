@@ -201,7 +201,8 @@ void SvgStyle::apply(const XmlAttributes &attributes, const std::vector<const St
             if (each.isImportant == important) cascade.put(each.name, each.value);
     }
     // Lengths in em need the size first.
-    std::ranges::stable_partition(cascade.values(), [](const auto &each) { return each.name == kFontSize; });
+    std::stable_partition(cascade.values().begin(), cascade.values().end(),
+                          [](const Cascade::Value &each) { return each.name == kFontSize; });
     for (const auto &[name, value] : cascade.values()) {
         if (name != kOpacity) {
             set(name, trim(value), tell);

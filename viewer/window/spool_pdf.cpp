@@ -77,13 +77,13 @@ QStringList lpArguments(const SpoolJob &job)
 
 SpoolPdf systemSpool()
 {
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_WIN
+    const QString lp; // its queues take what a driver has painted
+#else
     const QString lp = QStandardPaths::findExecutable(u"lp"_s);
+#endif
     if (lp.isEmpty()) return {};
     return [lp](const SpoolJob &job, const std::function<bool()> &goesOn) { return runLp(lp, job, goesOn); };
-#else
-    return {};
-#endif
 }
 
 } // namespace inin::viewer
