@@ -1,11 +1,13 @@
 #include "adapters/posix/code_page_932.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/io/file_io.h"
+#include "viewer/layout/fonts.h"
 #include "viewer/viewer_world.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include <sys/stat.h>
 
@@ -258,6 +260,26 @@ TEST_CASE("an unknown line of a script is told, and the letters come all the sam
     const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
     CHECK(outcome.code == 0);
     CHECK(outcome.errors == "コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Hello,\"x\"\n");
+}
+
+TEST_CASE("the folder that ININ_FONTS names is the only one that fonts are taken from")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    fs::create_directory(folder.path() / "fonts");
+    fs::copy_file(Fonts().font("IPAexMincho").path(), folder.path() / "fonts" / "one.ttf");
+    REQUIRE(setenv("ININ_FONTS", folder.file("fonts").c_str(), 1) == 0);
+    const Outcome one = runViewer(folder, "--pdf one.pdf " + script);
+    fs::remove(folder.path() / "fonts" / "one.ttf");
+    const Outcome none = runViewer(folder, "--pdf none.pdf " + script);
+    unsetenv("ININ_FONTS");
+
+    CHECK(one.code == 0);
+    CHECK(one.errors == "書体「IPAexGothic」がないので「IPAex明朝」で表示します。\n");
+    CHECK(bytesOf(folder.file("one.pdf")).find("Gothic") == std::string::npos);
+    CHECK(none.code == 1);
+    CHECK(contains(none.errors, "帳票に使える書体がこのコンピューターにありません。"));
+    CHECK_FALSE(fs::exists(folder.file("none.pdf")));
 }
 
 TEST_CASE("a finished file has the rights that the user's mask allows")
