@@ -43,6 +43,7 @@ TEST_CASE("the options of a run without a window are read")
     CHECK(command.dotsPerInch == 96);
     CHECK(command.script == "s.dat");
     CHECK_FALSE(command.needsWindow());
+    CHECK(parsed<ViewCommand>({"formviewer", "--check", "/site/s.dat"}).script == "/site/s.dat");
     CHECK(parsed<ViewCommand>({"formviewer", "--check", "--json", "s.dat"}).json);
     CHECK(parsed<ViewCommand>({"WrVb6Viewer.exe", "/c", "s.dat"}).needsWindow());
 }

@@ -1,11 +1,13 @@
 #include "adapters/posix/code_page_932.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/io/file_io.h"
+#include "viewer/layout/fonts.h"
 #include "viewer/viewer_world.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include <sys/stat.h>
 
@@ -34,23 +36,16 @@ void change(const std::string &path, const std::string &from, const std::string 
 
 } // namespace
 
-TEST_CASE("the letters that are ticked come out as a PDF and as pictures")
+TEST_CASE("the letters that are ticked come out as a PDF")
 {
     Folder folder;
-    std::vector<Row> rows(8, ordinaryRow());
-    const std::string script = writePrintJob(folder, kForm, rows);
+    const std::string script = writePrintJob(folder, kForm, std::vector<Row>(8, ordinaryRow()));
 
-    const Outcome outcome = runViewer(folder, "--pdf out.pdf --png pictures --dpi 40 --letters 1-3,7 " + script);
+    const Outcome outcome = runViewer(folder, "--pdf out.pdf --letters 1-3,7 " + script);
 
     CHECK(outcome.code == 0);
     CHECK(outcome.errors.empty());
     CHECK(pagesOf(folder.file("out.pdf")).size() == 4);
-    std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator(folder.path() / "pictures"))
-        names.push_back(entry.path().filename().string());
-    std::ranges::sort(names);
-    CHECK(names == std::vector<std::string>{"001.png", "002.png", "003.png", "007.png"});
-    CHECK(bytesOf(folder.file("pictures/001.png")).starts_with("\x89PNG"));
 }
 
 TEST_CASE("the script is found by either slash and in any case")
@@ -258,6 +253,26 @@ TEST_CASE("an unknown line of a script is told, and the letters come all the sam
     const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
     CHECK(outcome.code == 0);
     CHECK(outcome.errors == "コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Hello,\"x\"\n");
+}
+
+TEST_CASE("the folder that ININ_FONTS names is the only one that fonts are taken from")
+{
+    Folder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    fs::create_directory(folder.path() / "fonts");
+    fs::copy_file(Fonts().font("IPAexMincho").path(), folder.path() / "fonts" / "one.ttf");
+    REQUIRE(setenv("ININ_FONTS", folder.file("fonts").c_str(), 1) == 0);
+    const Outcome one = runViewer(folder, "--pdf one.pdf " + script);
+    fs::remove(folder.path() / "fonts" / "one.ttf");
+    const Outcome none = runViewer(folder, "--pdf none.pdf " + script);
+    unsetenv("ININ_FONTS");
+
+    CHECK(one.code == 0);
+    CHECK(one.errors == "書体「IPAexGothic」がないので「IPAex明朝」で表示します。\n");
+    CHECK(bytesOf(folder.file("one.pdf")).find("Gothic") == std::string::npos);
+    CHECK(none.code == 1);
+    CHECK(contains(none.errors, "帳票に使える書体がこのコンピューターにありません。"));
+    CHECK_FALSE(fs::exists(folder.file("none.pdf")));
 }
 
 TEST_CASE("a finished file has the rights that the user's mask allows")

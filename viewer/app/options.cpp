@@ -32,6 +32,8 @@ std::string joined(std::vector<std::string>::const_iterator begin, std::vector<s
 ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptBehindSwitch)
 {
     CLI::App app("委任状の印刷プレビュー、印刷、PDF 出力", "formviewer");
+    // A path may begin with a slash everywhere.
+    app.allow_windows_style_options(false);
     ViewCommand command;
     app.add_option("script", command.script, "コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。");
     app.add_option("--pdf", command.pdf, "委任状を PDF ファイルに書き出します。");

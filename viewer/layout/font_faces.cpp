@@ -24,10 +24,12 @@ public:
     [[nodiscard]] unsigned twoBytes(unsigned place) const
     {
         if (place + 2 > m_size) return 0;
-        return static_cast<unsigned char>(m_bytes[place]) << 8U | static_cast<unsigned char>(m_bytes[place + 1]);
+        return byteAt(place) << 8U | byteAt(place + 1);
     }
 
 private:
+    [[nodiscard]] unsigned byteAt(unsigned place) const { return static_cast<unsigned char>(m_bytes[place]); }
+
     BlobHandle m_blob;
     const char *m_bytes = nullptr;
     unsigned m_size = 0;
@@ -52,9 +54,11 @@ std::vector<std::string> familiesOf(hb_face_t *face)
     std::vector<std::string> families;
     unsigned count = 0;
     const hb_ot_name_entry_t *const entries = hb_ot_name_list_names(face, &count);
-    for (unsigned i = 0; i < count; ++i)
-        if (entries[i].name_id == HB_OT_NAME_ID_FONT_FAMILY || entries[i].name_id == kTypographicFamily)
-            families.push_back(nameOf(face, entries[i]));
+    for (unsigned i = 0; i < count; ++i) {
+        if (entries[i].name_id != HB_OT_NAME_ID_FONT_FAMILY && entries[i].name_id != kTypographicFamily) continue;
+        const bool isJapanese = std::string_view(hb_language_to_string(entries[i].language)).starts_with("ja");
+        families.insert(isJapanese ? families.begin() : families.end(), nameOf(face, entries[i]));
+    }
     return families;
 }
 

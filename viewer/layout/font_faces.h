@@ -11,7 +11,7 @@ namespace inin::viewer {
 struct FontFace {
     FaceHandle face;
     int index = 0;
-    std::vector<std::string> families; ///< in every language that the file has, the first is its chief name
+    std::vector<std::string> families; ///< in every language that the file has, Japanese first
     bool hasTrueTypeOutlines = false;
     /// Upright, of ordinary weight, with outlines of one colour and one shape.
     bool isOrdinary = false;

@@ -1,6 +1,7 @@
 #include "viewer/layout/font_catalogue.h"
 
 #include "runtime/text.h"
+#include "viewer/layout/japanese_families.h"
 
 #include <fontconfig/fontconfig.h>
 
@@ -91,8 +92,31 @@ FontPlace placeOf(FcPattern *pattern)
 /// The fonts that fontconfig knows, in a copy of one's own, which goes away with this.
 class FontconfigFonts : public FontCatalogue {
 public:
-    /// The nearest font of the family by fontconfig's own rules.
+    /// The nearest font of the family by fontconfig's own rules, as long as they keep its style: a missing gothic becomes
+    /// a mincho by them where that knows more Japanese.
     std::optional<Match> find(const std::string &family) override
+    {
+        auto match = nearest(family);
+        const JapaneseStyle style = styleOfName(family);
+        if (!match || match->isAsked || styleOfName(match->font.name) == style) return match;
+        for (const JapaneseFamily &known : japaneseFamilies()) {
+            if (known.style != style) continue;
+            const auto other = nearest(std::string(known.name));
+            if (other && other->isAsked) return Match{other->font, false};
+        }
+        return match;
+    }
+
+    std::vector<FontPlace> withCharacter(char32_t character) override
+    {
+        std::vector<FontPlace> places;
+        for (FcPattern *const font : standIns())
+            if (hasCharacter(font, character)) places.push_back(placeOf(font));
+        return places;
+    }
+
+private:
+    std::optional<Match> nearest(const std::string &family)
     {
         const PatternHandle pattern(FcPatternCreate());
         FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.c_str()));
@@ -110,15 +134,6 @@ public:
         return std::nullopt;
     }
 
-    std::vector<FontPlace> withCharacter(char32_t character) override
-    {
-        std::vector<FontPlace> places;
-        for (FcPattern *const font : standIns())
-            if (hasCharacter(font, character)) places.push_back(placeOf(font));
-        return places;
-    }
-
-private:
     /// The fonts that may stand in for another, the nearest first; gathered when one is first needed.
     const std::vector<FcPattern *> &standIns()
     {
