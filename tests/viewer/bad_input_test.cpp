@@ -212,17 +212,3 @@ TEST_CASE("files that are too large to be what they are called are refused witho
         CHECK(contains(outcome.errors, "は大きすぎます。"));
     }
 }
-
-TEST_CASE("pictures that cannot be written are told, and nothing half-written stays")
-{
-    Folder folder;
-    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-    writeBytes(folder.file("taken"), "x");
-    const Outcome outcome = runViewer(folder, "--png taken " + script);
-    CHECK(outcome.code == 1);
-    CHECK(contains(outcome.errors, "taken」を作成できません。"));
-    fs::create_directories(folder.path() / "pictures" / "001.png");
-    CHECK(runViewer(folder, "--png pictures " + script).code == 1);
-    CHECK(std::distance(fs::directory_iterator(folder.path() / "pictures"), {}) == 1);
-    CHECK(bytesOf(folder.file("taken")) == "x");
-}

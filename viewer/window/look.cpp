@@ -21,7 +21,7 @@ constexpr int kMiddle = 128;
 /// The style draws the edges of boxes darker than the window: on a ground that is darker still they would not be seen.
 QPalette readableDark(QPalette palette)
 {
-    constexpr int kLighter = 135, kAlternate = 150;
+    constexpr int kLighter = 160, kAlternate = 175;
     const QColor window = palette.color(QPalette::Window);
     if (palette.color(QPalette::Base).lightness() >= window.lightness()) return palette;
     palette.setColor(QPalette::Base, window.lighter(kLighter));
@@ -54,7 +54,8 @@ void applyLook(QApplication &application)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(windowFont(QApplication::font()));
     if (isDark(QApplication::palette())) QApplication::setPalette(readableDark(QApplication::palette()));
-    application.setApplicationDisplayName(QStringLiteral("委任状"));
+    // Systems put it behind every title but one that ends with it, as the chief window's does.
+    application.setApplicationDisplayName(QStringLiteral("印刷プレビュー"));
 }
 
 bool isDark(const QPalette &palette)
