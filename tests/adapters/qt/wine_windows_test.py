@@ -40,6 +40,11 @@ class WineProgram(Program):
             ["wine", self.site + "/PrintInin.exe"], cwd=self.site, stderr=subprocess.PIPE, text=True,
             env={**environment, "ININ_TRANSCRIPT": windows_path(self.transcript)})
 
+    def __exit__(self, kind, *rest):
+        if kind is not None:
+            Pictures(self.display, "failed")(os.path.basename(self.transcript))
+        super().__exit__(kind, *rest)
+
     def bring_back(self):
         """What was started has had time to read its script, and may stand in front: titles tell the windows apart."""
         time.sleep(1.0)
@@ -191,6 +196,7 @@ def leave(program, display):
 
 def a_path_of_more_than_300_characters(programs, display):
     """The site lies deep; the programs lie elsewhere, for the system starts none from there by a click."""
+    without_viewer(programs)
     with deep_site() as site:
         with WineProgram(display, programs, ININ_APP_DIR=windows_path(site)) as program:
             expect("exit code", work_a_print(program, display, Pictures(display, "deep")), 0)
@@ -198,7 +204,8 @@ def a_path_of_more_than_300_characters(programs, display):
             expect("starts", starts, [f"wfrfv10.exe /c {windows_path(site)}\\TMP\\WfdCom.dat",
                                       "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", windows_path(site) + "\\Main.exe 2"])
         expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
-        expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
+        # The system looks for a tool beside the program first.
+        expect("the script that the preview was given", noted_bytes(programs + "/WrVb6Viewer.exe.WfdCom.dat"),
                bytes_of(site + "/TMP/WfdCom.dat"))
 
 
