@@ -32,3 +32,21 @@ add_library(SQLite::SQLite3 ALIAS inin_sqlite3)
 # The driver manager belongs to Windows.
 add_library(ODBC::ODBC INTERFACE IMPORTED GLOBAL)
 set_target_properties(ODBC::ODBC PROPERTIES INTERFACE_LINK_LIBRARIES odbc32)
+
+# What the letters need: shaping and subsets of fonts, reading form documents, packing PDF.
+foreach(library harfbuzz expat)
+    string(TOUPPER ${library} upper)
+    set(ININ_${upper} "$ENV{HOME}/.cache/inin-windows/${library}" CACHE PATH "Folder of include/ and lib/lib${library}.a")
+    if(NOT EXISTS "${ININ_${upper}}/lib/lib${library}.a")
+        message(FATAL_ERROR "${ININ_${upper}}/lib/lib${library}.a is missing: packaging/windows/make-${library}")
+    endif()
+    add_library(inin_${library} STATIC IMPORTED GLOBAL)
+    set_target_properties(inin_${library} PROPERTIES
+        IMPORTED_LOCATION "${ININ_${upper}}/lib/lib${library}.a"
+        INTERFACE_INCLUDE_DIRECTORIES "${ININ_${upper}}/include")
+endforeach()
+set_property(TARGET inin_expat PROPERTY INTERFACE_COMPILE_DEFINITIONS XML_STATIC)
+add_library(EXPAT::EXPAT ALIAS inin_expat)
+find_library(ININ_ZLIB NAMES libz.a REQUIRED)
+add_library(ZLIB::ZLIB STATIC IMPORTED GLOBAL)
+set_target_properties(ZLIB::ZLIB PROPERTIES IMPORTED_LOCATION "${ININ_ZLIB}")

@@ -31,15 +31,23 @@ try {
     return -1;
 }
 
-/// A start that cannot be shown is no failure: the window then stands where it came up.
+/// A start that cannot be shown is no failure: the window then stands where it came up. Each part stands for itself, so
+/// that a shared folder, whose drive is in no list, is opened all the same.
 void clsSelectFolder::startIn(frmSelFolder &window, Start start)
-try {
-    if (m_folder.empty() || !m_platform.files.isFolder(m_folder)) return;
+{
+    const auto ignoringErrors = [](const auto &part) {
+        try {
+            part();
+        } catch (const RuntimeError &) {
+            // Nothing to say: the person sees where the window stands.
+        }
+    };
+    bool isThere = false;
+    ignoringErrors([&] { isThere = !m_folder.empty() && m_platform.files.isFolder(m_folder); });
+    if (!isThere) return;
     window.csStartPath = m_folder;
-    if (start == Start::driveAndFolder) window.setDrive(m_folders.open(m_folder).drive);
-    window.dilFolder.setPath(m_folder);
-} catch (const RuntimeError &) {
-    // Nothing to say: the person sees where the window stands.
+    if (start == Start::driveAndFolder) ignoringErrors([&] { window.setDrive(m_folders.open(m_folder).drive); });
+    ignoringErrors([&] { window.dilFolder.setPath(m_folder); });
 }
 
 } // namespace inin

@@ -11,6 +11,9 @@ namespace inin {
 
 namespace {
 
+/// Both openings report themselves so: the one of two statements has no name of its own here.
+constexpr const char *kOpeningHeading = "iInitJ2C() でエラー";
+
 std::string headingOf(const std::string &operation)
 {
     return operation + "() でエラー";
@@ -34,27 +37,27 @@ cls_JetDB2CSV::~cls_JetDB2CSV()
 
 std::int16_t cls_JetDB2CSV::iInitJ2C(const std::string &csSql, const std::string &csOutCsvFile, std::int32_t &nRecSuu)
 {
-    return init("iInitJ2C", csOutCsvFile, {csSql}, nRecSuu);
+    return init(csOutCsvFile, {csSql}, nRecSuu);
 }
 
 std::int16_t cls_JetDB2CSV::iInitJ2C_WSQL(const std::string &csSql1, const std::string &csSql2,
                                           const std::string &csOutCsvFile, std::int32_t &nRecSuu)
 {
-    return init("iInitJ2C_WSQL", csOutCsvFile, {csSql1, csSql2}, nRecSuu);
+    return init(csOutCsvFile, {csSql1, csSql2}, nRecSuu);
 }
 
-std::int16_t cls_JetDB2CSV::init(const std::string &operation, const std::string &csOutCsvFile,
-                                 std::initializer_list<std::string> statements, std::int32_t &nRecSuu)
+std::int16_t cls_JetDB2CSV::init(const std::string &csOutCsvFile, std::initializer_list<std::string> statements,
+                                 std::int32_t &nRecSuu)
 try {
     drop();
     m_outCsvFile = csOutCsvFile;
-    StartedSession started = startSession(m_app, headingOf(operation));
+    StartedSession started = startSession(m_app, kOpeningHeading);
     if (!started.isConnected()) return iBad;
     m_session = std::move(started.session);
     std::int32_t rows = 0;
     auto place = m_recordsets.begin();
     for (const std::string &sql : statements) {
-        if (!open(headingOf(operation), sql, *place)) {
+        if (!open(kOpeningHeading, sql, *place)) {
             drop();
             return iBad;
         }
@@ -63,7 +66,7 @@ try {
     nRecSuu = rows;
     return iGood;
 } catch (const RuntimeError &error) {
-    headingBox(m_app, headingOf(operation), numberedText(error));
+    headingBox(m_app, kOpeningHeading, numberedText(error));
     drop();
     return iBad;
 }

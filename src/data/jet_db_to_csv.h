@@ -28,7 +28,7 @@ public:
     /// Opens the statement on a session of its own and counts its rows. A failure leaves nothing open.
     [[nodiscard]] std::int16_t iInitJ2C(const std::string &csSql, const std::string &csOutCsvFile,
                                         std::int32_t &nRecSuu);
-    /// The same for two statements; their rows are counted together.
+    /// The same for two statements, under the same heading; their rows are counted together.
     [[nodiscard]] std::int16_t iInitJ2C_WSQL(const std::string &csSql1, const std::string &csSql2,
                                              const std::string &csOutCsvFile, std::int32_t &nRecSuu);
     /// Writes the file anew with all rows of the first statement.
@@ -42,8 +42,8 @@ public:
     [[nodiscard]] std::int16_t iEndJ2C();
 
 private:
-    [[nodiscard]] std::int16_t init(const std::string &operation, const std::string &csOutCsvFile,
-                                    std::initializer_list<std::string> statements, std::int32_t &nRecSuu);
+    [[nodiscard]] std::int16_t init(const std::string &csOutCsvFile, std::initializer_list<std::string> statements,
+                                    std::int32_t &nRecSuu);
     [[nodiscard]] bool open(const std::string &heading, const std::string &sql, std::unique_ptr<Recordset> &rsData);
     [[nodiscard]] std::int32_t exec(const std::string &operation, std::size_t statements, Midasi b1stMidasiAri,
                                     const std::optional<std::string> &cKyoten);

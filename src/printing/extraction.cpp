@@ -7,11 +7,15 @@
 #include "runtime/format.h"
 #include "shell/error_box.h"
 
+#include <cstddef>
+#include <limits>
+
 namespace inin {
 
 namespace {
 
 constexpr const char *kHeading = "iGetKanjaData でエラー";
+constexpr std::size_t kMostLetters = std::size_t{std::numeric_limits<std::int16_t>::max()} + 1;
 
 std::int16_t openForward(cT_ADODB &session, Recordset &rsData, const std::string &sql)
 {
@@ -79,6 +83,9 @@ try {
     own = startSession(m_app, kHeading);
     if (!own.isConnected()) return iBad;
     aIninRow.assign(1, IninRow{});
+    // Room for all that the index can count: rows that never come cost no memory, rows that grow with the array would be
+    // moved a dozen times.
+    aIninRow.reserve(kMostLetters);
     const TargetDate target(csTargetDate, m_app.regional);
     const ExtractionQuery query = queryFor(rule, target);
     const LetterDates dates = datesOf(target);

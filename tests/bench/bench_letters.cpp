@@ -49,21 +49,6 @@ void writePlainJob(const LetterJob &job)
     write(job.file("plain.job"), fontLines + shared + letters);
 }
 
-struct Pair {
-    Spent ours, plain;
-};
-
-/// In turns, so that what else the machine does weighs on both.
-Pair timed(const std::vector<std::string> &ours, const std::vector<std::string> &plain, const std::string &output)
-{
-    std::vector<Spent> oursRuns, plainRuns;
-    for (int i = 0; i < kRuns; ++i) {
-        oursRuns.push_back(runProcess(ours, output));
-        plainRuns.push_back(runProcess(plain, output));
-    }
-    return {medianOf(oursRuns), medianOf(plainRuns)};
-}
-
 /// How many of the letters' texts are on their own page.
 std::pair<std::size_t, std::size_t> textsFound(const LetterJob &job)
 {
@@ -90,16 +75,16 @@ int compare(const fs::path &folder)
 {
     const LetterJob job(kLetters);
     writePlainJob(job);
-    const auto [ours, plain] =
-        timed({(folder / "formviewer").string(), "--pdf", job.file("ours.pdf"), job.script()},
-              {(folder / "plain_letters").string(), job.file("plain.job"), job.file("plain.pdf")}, job.file("out"));
+    const auto [ours, plain, ratio] = raceOf(
+        {{(folder / "formviewer").string(), "--pdf", job.file("ours.pdf"), job.script()}, job.file("out")},
+        {{(folder / "plain_letters").string(), job.file("plain.job"), job.file("plain.pdf")}, job.file("out")}, kRuns);
     const auto [found, expected] = textsFound(job);
     const double size = static_cast<double>(fs::file_size(job.file("ours.pdf")));
     fmt::print("bench_letters: letters {}, texts on their own pages {} of {}\n", kLetters, found, expected);
     fmt::print("bench_letters: form viewer   {:.3f} s, {:.1f} MB at the peak (aim: below 60 MB)\n", ours.seconds,
                ours.megabytes);
     fmt::print("bench_letters: plain program {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);
-    fmt::print("bench_letters: ratio {:.2f} (aim: at most 1.50)\n", ours.seconds / plain.seconds);
+    fmt::print("bench_letters: ratio {:.2f} (aim: at most 1.50)\n", ratio);
     fmt::print("bench_letters: {:.0f} bytes a letter (aim: below 1024; the plain program: {:.0f})\n", size / kLetters,
                static_cast<double>(fs::file_size(job.file("plain.pdf"))) / kLetters);
     return found == expected ? 0 : 1;

@@ -132,13 +132,6 @@ std::string statement()
     return extractionSql(kKanjaDataMonth, query);
 }
 
-Spent timed(const std::vector<std::string> &arguments, const std::string &output)
-{
-    std::vector<Spent> runs;
-    for (int i = 0; i < kRuns; ++i) runs.push_back(runProcess(arguments, output));
-    return medianOf(runs);
-}
-
 std::string firstLine(const fs::path &file)
 {
     std::ifstream stream(file);
@@ -155,12 +148,12 @@ int compare(const std::string &self)
     const std::string output = (folder / "bench.out").string();
     const std::string plainOutput = (folder / "plain.out").string();
     const std::string plainProgram = fs::path(self).replace_filename("bench_odbc_plain").string();
-    const Spent ours = timed({self, "run", folder.string()}, output);
-    const Spent plain = timed({plainProgram, server(), statement()}, plainOutput);
+    const auto [ours, plain, ratio] =
+        raceOf({{self, "run", folder.string()}, output}, {{plainProgram, server(), statement()}, plainOutput}, kRuns);
     fmt::print("bench_odbc: letters {} (plain program: {} rows)\n", firstLine(output), firstLine(plainOutput));
     fmt::print("bench_odbc: extraction and CSV {:.3f} s, {:.1f} MB at the peak\n", ours.seconds, ours.megabytes);
     fmt::print("bench_odbc: plain block fetch  {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);
-    fmt::print("bench_odbc: ratio {:.2f} (aim: at most 1.50)\n", ours.seconds / plain.seconds);
+    fmt::print("bench_odbc: ratio {:.2f} (aim: at most 1.50)\n", ratio);
     measureDay(folder.string());
     return 0;
 }

@@ -50,4 +50,17 @@ Spent medianOf(std::vector<Spent> runs)
     return runs.at(runs.size() / 2);
 }
 
+Race raceOf(const Contender &ours, const Contender &plain, int runs)
+{
+    std::vector<Spent> oursRuns, plainRuns;
+    std::vector<double> ratios;
+    for (int run = 0; run < runs; ++run) {
+        oursRuns.push_back(runProcess(ours.arguments, ours.outputFile));
+        plainRuns.push_back(runProcess(plain.arguments, plain.outputFile));
+        ratios.push_back(oursRuns.back().seconds / plainRuns.back().seconds);
+    }
+    std::ranges::sort(ratios);
+    return {medianOf(oursRuns), medianOf(plainRuns), ratios.at(ratios.size() / 2)};
+}
+
 } // namespace inin::bench

@@ -17,4 +17,18 @@ struct Spent {
 /// The run of middle length.
 [[nodiscard]] Spent medianOf(std::vector<Spent> runs);
 
+/// A program with its arguments, and the file that takes its output.
+struct Contender {
+    std::vector<std::string> arguments;
+    std::string outputFile;
+};
+
+struct Race {
+    Spent ours, plain; ///< the runs of middle length
+    double ratio = 0;  ///< the middle one of the ratios, each of two runs that followed one another
+};
+
+/// Runs both in turns, so that what else the machine does weighs on both.
+[[nodiscard]] Race raceOf(const Contender &ours, const Contender &plain, int runs);
+
 } // namespace inin::bench

@@ -151,6 +151,21 @@ TEST_CASE("a start folder that cannot be opened is no failure")
     }
 }
 
+TEST_CASE("a start folder whose drive is in no list is opened all the same")
+{
+    for (const Selection &each : kSelections) {
+        CAPTURE(each.name);
+        FolderFixture fixture;
+        fixture.folders.letters = {"c:"};
+        fixture.select.SelFolder("D:\\写真");
+        fixture.act([](frmSelFolder &window) {
+            CHECK(window.dilFolder.Path() == "D:\\写真");
+            CHECK(window.drlDrive.ListIndex == 0);
+        });
+        CHECK((fixture.select.*each.run)() == 0);
+    }
+}
+
 TEST_CASE("the chosen folder is kept without its closing backslash")
 {
     struct PathCase {

@@ -5,7 +5,7 @@ using namespace inin;
 
 // Opening, failing and ending.
 
-TEST_CASE("what fails before the rows come is told under the operation's name and leaves the count")
+TEST_CASE("what fails before the rows come is told, of two statements under the heading of one, and leaves the count")
 {
     const auto run = [](cls_JetDB2CSV &csv, bool two) {
         std::int32_t nRecSuu = -7;
@@ -15,7 +15,7 @@ TEST_CASE("what fails before the rows come is told under the operation's name an
         return status;
     };
     for (const bool two : {false, true}) {
-        const std::string heading = two ? "iInitJ2C_WSQL() でエラー\r\n" : "iInitJ2C() でエラー\r\n";
+        const std::string heading = "iInitJ2C() でエラー\r\n";
         FakeWorld world;
         cls_JetDB2CSV csv(world.app);
         world.database.results.push_back(refusal());
@@ -43,8 +43,7 @@ TEST_CASE("a second statement that is refused fails the opening of both")
     std::int32_t nRecSuu = -7;
     CHECK(world.csv.iInitJ2C_WSQL("SELECT 1", "SELECT 2", kFile, nRecSuu) == iBad);
     CHECK(nRecSuu == -7);
-    CHECK(world.boxes.shown ==
-          Boxes{critical("iInitJ2C_WSQL() でエラー\r\n(-2147217865)表がありません。\rSQL=SELECT 2")});
+    CHECK(world.boxes.shown == Boxes{critical("iInitJ2C() でエラー\r\n(-2147217865)表がありません。\rSQL=SELECT 2")});
     CHECK(world.database.log.back() == "disconnect 1");
 }
 

@@ -354,6 +354,15 @@ TEST_CASE("a family that is not installed is replaced by another and told")
     CHECK(fonts.notices().size() == 1);
 }
 
+TEST_CASE("a gothic that is not installed is replaced by a gothic, a mincho by a mincho")
+{
+    Fonts fonts;
+    CHECK(fonts.font("MS Gothic").path() == fonts.font("IPAexGothic").path());
+    CHECK(fonts.font("Meiryo UI").path() == fonts.font("IPAexGothic").path());
+    CHECK(fonts.font("Yu Mincho").postScriptName().find("Mincho") != std::string::npos);
+    CHECK(fonts.notices().size() == 3);
+}
+
 TEST_CASE("UTF-8 that is broken becomes lost characters and loses nothing else")
 {
     std::u32string characters;

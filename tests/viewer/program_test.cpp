@@ -1,12 +1,13 @@
 #include "adapters/posix/code_page_932.h"
-#include "viewer/app/options.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/io/file_io.h"
+#include "viewer/layout/fonts.h"
 #include "viewer/viewer_world.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include <sys/stat.h>
 
@@ -18,13 +19,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char *kForm = "委任状37_01.wfd";
-
-template <class Command> Command parsed(std::vector<const char *> arguments)
-{
-    const ViewerCommand command = readViewerCommand(static_cast<int>(arguments.size()), arguments.data());
-    REQUIRE(std::holds_alternative<Command>(command));
-    return std::get<Command>(command);
-}
 
 bool contains(const std::string &text, const std::string &part)
 {
@@ -41,47 +35,6 @@ void change(const std::string &path, const std::string &from, const std::string 
 }
 
 } // namespace
-
-TEST_CASE("everything behind /c is the script's path, which blanks have cut")
-{
-    CHECK(parsed<ViewCommand>({"wfrfv10.exe", "/c", "C:\\my", "site\\TMP\\WfdCom.dat"}).script ==
-          "C:\\my site\\TMP\\WfdCom.dat");
-    CHECK(parsed<ViewCommand>({"x", "/C", "./TMP\\WfdCom.dat"}).script == "./TMP\\WfdCom.dat");
-    CHECK(parsed<ViewCommand>({"x", "--pdf", "o.pdf", "/c", "a"}).pdf == "o.pdf");
-}
-
-TEST_CASE("the options of a run without a window are read")
-{
-    const auto command =
-        parsed<ViewCommand>({"formviewer", "--png", "d", "--letters", "1-3,7", "--dpi", "96", "s.dat"});
-    CHECK(command.pngFolder == "d");
-    CHECK(command.letters == "1-3,7");
-    CHECK(command.dotsPerInch == 96);
-    CHECK(command.script == "s.dat");
-    CHECK_FALSE(command.needsWindow());
-    CHECK(parsed<ViewCommand>({"formviewer", "--check", "--json", "s.dat"}).json);
-    CHECK(parsed<ViewCommand>({"WrVb6Viewer.exe", "/c", "s.dat"}).needsWindow());
-}
-
-TEST_CASE("the merger's name takes an output form and a script")
-{
-    for (const char *name : {"wfrimg10.exe", "/site/WFRIMG10.EXE", "wfrimg10"}) {
-        const auto command = parsed<MergeCommand>({name, "C:\\my", "TMP\\tmp.wfd", "/c", "C:\\my", "TMP\\WfdCom.dat"});
-        CHECK(command.output == "C:\\my TMP\\tmp.wfd");
-        CHECK(command.script == "C:\\my TMP\\WfdCom.dat");
-    }
-    parsed<BadCommandLine>({"wfrimg10.exe", "/c", "s.dat"});
-    parsed<BadCommandLine>({"wfrimg10.exe", "out.wfd"});
-}
-
-TEST_CASE("a command line without a script or with an unknown option is refused")
-{
-    parsed<BadCommandLine>({"formviewer"});
-    parsed<BadCommandLine>({"formviewer", "/c"});
-    parsed<BadCommandLine>({"formviewer", "--colour", "s.dat"});
-    parsed<BadCommandLine>({"formviewer", "--dpi", "0", "s.dat"});
-    parsed<ShowHelp>({"formviewer", "--help"});
-}
 
 TEST_CASE("the letters that are ticked come out as a PDF and as pictures")
 {
@@ -309,25 +262,34 @@ TEST_CASE("an unknown line of a script is told, and the letters come all the sam
     CHECK(outcome.errors == "コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Hello,\"x\"\n");
 }
 
-TEST_CASE("a file that is being written is not seen under its name, and has the usual rights afterwards")
+TEST_CASE("the folder that ININ_FONTS names is the only one that fonts are taken from")
 {
     Folder folder;
-    {
-        FinishedFile file(folder.file("a"));
-        file.write(std::string(200'000, 'x'));
-        CHECK_FALSE(fs::exists(folder.file("a")));
-        file.finish();
-    }
-    CHECK(fs::file_size(folder.file("a")) == 200'000);
-    CHECK((fs::status(folder.file("a")).permissions() & fs::perms::owner_read) != fs::perms::none);
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    fs::create_directory(folder.path() / "fonts");
+    fs::copy_file(Fonts().font("IPAexMincho").path(), folder.path() / "fonts" / "one.ttf");
+    REQUIRE(setenv("ININ_FONTS", folder.file("fonts").c_str(), 1) == 0);
+    const Outcome one = runViewer(folder, "--pdf one.pdf " + script);
+    fs::remove(folder.path() / "fonts" / "one.ttf");
+    const Outcome none = runViewer(folder, "--pdf none.pdf " + script);
+    unsetenv("ININ_FONTS");
+
+    CHECK(one.code == 0);
+    CHECK(one.errors == "書体「IPAexGothic」がないので「IPAex明朝」で表示します。\n");
+    CHECK(bytesOf(folder.file("one.pdf")).find("Gothic") == std::string::npos);
+    CHECK(none.code == 1);
+    CHECK(contains(none.errors, "帳票に使える書体がこのコンピューターにありません。"));
+    CHECK_FALSE(fs::exists(folder.file("none.pdf")));
+}
+
+TEST_CASE("a finished file has the rights that the user's mask allows")
+{
+    Folder folder;
+    FinishedFile file(folder.file("a"));
+    file.finish();
     const mode_t mask = umask(0);
     umask(mask);
     CHECK(static_cast<mode_t>(fs::status(folder.file("a")).permissions()) == (0666 & ~mask));
-    {
-        FinishedFile file(folder.file("b"));
-        file.write("half");
-    }
-    CHECK(folder.names() == std::vector<std::string>{"a"});
 }
 
 TEST_CASE("a form whose own text has a character that no font has is told")

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "runtime/file_path.h"
 #include "viewer/document/letter_press.h"
+#include "viewer/viewer_jobs.h"
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,7 @@ public:
     ~Folder();
     Folder(const Folder &) = delete;
     Folder &operator=(const Folder &) = delete;
-    [[nodiscard]] std::string file(const std::string &name) const { return (m_path / name).string(); }
+    [[nodiscard]] std::string file(const std::string &name) const { return inin::textOf(m_path / inin::pathOf(name)); }
     [[nodiscard]] const std::filesystem::path &path() const { return m_path; }
     /// The names in it, sorted.
     [[nodiscard]] std::vector<std::string> names() const;
@@ -25,21 +26,13 @@ private:
     std::filesystem::path m_path;
 };
 
-void writeBytes(const std::string &path, const std::string &bytes);
-[[nodiscard]] std::string bytesOf(const std::string &path);
-
-using Row = std::map<std::string, std::string>;
-/// A letter with nothing odd in it.
-[[nodiscard]] Row ordinaryRow();
-/// Every text as long as the suite's columns let it be: addresses of 100 full-width characters, names of 25.
-[[nodiscard]] Row longestRow();
-/// Quotes, commas, a placeholder as a value, no date where one belongs, half-width kana, a lost character.
-[[nodiscard]] Row oddRow();
-
-/// A letter file as the program writes it, code page 932.
-[[nodiscard]] std::string csvOf(const std::vector<Row> &rows);
-/// A script of the print run for a form of site/forms and "委任状.csv" in the folder, both written there.
-[[nodiscard]] std::string writePrintJob(const Folder &folder, const std::string &form, const std::vector<Row> &rows);
+/// A path beyond the classic limit of Windows for calls that mind it.
+[[nodiscard]] std::filesystem::path unlimitedPath(const std::filesystem::path &path);
+[[nodiscard]] inline std::string writePrintJob(const Folder &folder, const std::string &form,
+                                               const std::vector<Row> &rows)
+{
+    return writePrintJob(folder.path(), form, rows);
+}
 
 /// A form of our own making: a page of A4 in millimetres around `elements`.
 [[nodiscard]] std::string svgPage(const std::string &elements);

@@ -1,14 +1,12 @@
 #include "runtime/runtime_error.h"
 #include "viewer/app/check_letters.h"
 #include "viewer/app/options.h"
+#include "viewer/app/toolkit.h"
 #include "viewer/app/write_letters.h"
-#ifdef ININ_VIEWER_WINDOW
-#include "viewer/window/run_window.h"
-#endif
+#include "viewer/io/system_edges.h"
 
 #include <fmt/format.h>
 
-#include <csignal>
 #include <cstdio>
 
 namespace inin::viewer {
@@ -16,22 +14,14 @@ namespace inin::viewer {
 namespace {
 
 constexpr int kDone = 0;
-constexpr int kBadCommand = 2;
+constexpr int kFailed = 1;
 
 struct Run {
-    char *programName;
+    std::string programName;
 
-    [[nodiscard]] int showWindow([[maybe_unused]] const ViewCommand &command) const
-    {
-#ifdef ININ_VIEWER_WINDOW
-        if (hasDisplay()) return runWindow(programName, command.script, command.letters);
-#endif
-        fmt::print(stderr, "formviewer: 画面がないので、--pdf、--png、--check のどれかを指定してください。\n");
-        return kBadCommand;
-    }
     int operator()(const ViewCommand &command) const
     {
-        if (command.needsWindow()) return showWindow(command);
+        if (command.needsWindow()) return showLetters(command, programName);
         if (command.check) tellCheck(command);
         if (!command.pdf.empty() || !command.pngFolder.empty()) writeLetters(command);
         return kDone;
@@ -48,7 +38,7 @@ struct Run {
     }
     int operator()(const BadCommandLine &bad) const
     {
-        fmt::print(stderr, "{}\n", bad.sentence);
+        tellFailure(bad.sentence);
         return kBadCommand;
     }
 };
@@ -59,10 +49,11 @@ struct Run {
 
 int main(int argc, char **argv)
 try {
-    // A file that reaches the user's limit is a write that fails, told and cleaned up after like any other.
-    std::signal(SIGXFSZ, SIG_IGN);
-    return std::visit(inin::viewer::Run{argc > 0 ? argv[0] : nullptr}, inin::viewer::readViewerCommand(argc, argv));
+    using namespace inin::viewer;
+    prepareStreams();
+    const std::vector<std::string> words = commandWords(argc, argv);
+    return std::visit(Run{words.empty() ? std::string() : words.front()}, readViewerCommand(words));
 } catch (const inin::RuntimeError &error) {
-    fmt::print(stderr, "formviewer: {}\n", error.description());
-    return 1;
+    inin::viewer::tellFailure(fmt::format("formviewer: {}", error.description()));
+    return inin::viewer::kFailed;
 }

@@ -32,6 +32,8 @@ std::string joined(std::vector<std::string>::const_iterator begin, std::vector<s
 ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptBehindSwitch)
 {
     CLI::App app("委任状の印刷プレビュー、印刷、PDF 出力", "formviewer");
+    // A path may begin with a slash everywhere.
+    app.allow_windows_style_options(false);
     ViewCommand command;
     app.add_option("script", command.script, "コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。");
     app.add_option("--pdf", command.pdf, "委任状を PDF ファイルに書き出します。");
@@ -56,13 +58,13 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
 
 } // namespace
 
-ViewerCommand readViewerCommand(int argc, const char *const *argv)
+ViewerCommand readViewerCommand(const std::vector<std::string> &words)
 {
-    const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    const std::vector<std::string> arguments(words.begin() + (words.empty() ? 0 : 1), words.end());
     const auto isSwitch = [](const std::string &argument) { return argument == "/c" || argument == "/C"; };
     const auto place = std::ranges::find_if(arguments, isSwitch);
     const std::string script = place == arguments.end() ? std::string() : joined(place + 1, arguments.end());
-    if (argc > 0 && isMergerName(argv[0])) {
+    if (!words.empty() && isMergerName(words.front())) {
         const std::string output = joined(arguments.begin(), place);
         if (output.empty() || script.empty())
             return BadCommandLine{"wfrimg10: 出力する帳票と「/c コマンドファイル」を指定してください。"};

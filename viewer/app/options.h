@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace inin::viewer {
 
@@ -31,8 +32,11 @@ struct BadCommandLine {
 };
 using ViewerCommand = std::variant<ViewCommand, MergeCommand, ShowHelp, BadCommandLine>;
 
+/// The exit code of a command that makes no sense, or none here.
+inline constexpr int kBadCommand = 2;
+
 /// Reads a command line; the name that the program was started by decides between viewer and merger. Behind "/c" stands
 /// the script's path, whose blanks have cut it into several arguments.
-[[nodiscard]] ViewerCommand readViewerCommand(int argc, const char *const *argv);
+[[nodiscard]] ViewerCommand readViewerCommand(const std::vector<std::string> &words);
 
 } // namespace inin::viewer

@@ -1,18 +1,17 @@
 #include "viewer/app/write_letters.h"
 
 #include "runtime/runtime_error.h"
+#include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/document/letter_list.h"
 #include "viewer/document/letter_press.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/io/file_io.h"
-#include "viewer/paint/qt_page_painter.h"
 #include "viewer/pdf/letters_pdf.h"
 
 #include <fmt/format.h>
 
 #include <cstdio>
-#include <filesystem>
 
 namespace inin::viewer {
 
@@ -43,20 +42,6 @@ void writeFile(const std::string &path, const std::string &bytes)
     FinishedFile file(path);
     file.write(bytes);
     file.finish();
-}
-
-void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters)
-{
-    const std::string folder = systemPathOf(command.pngFolder);
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (error) throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", folder));
-    // Names sort as the letters do.
-    const std::size_t digits = std::max<std::size_t>(3, std::to_string(press.set().size()).size());
-    QtGlyphs glyphs;
-    for (const std::size_t letter : letters)
-        writeFile(fmt::format("{}/{:0{}}.png", folder, letter + 1, digits),
-                  letterPng(press, letter, command.dotsPerInch, glyphs));
 }
 
 } // namespace

@@ -1,19 +1,9 @@
 #include "viewer/io/file_io.h"
 
-#include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
 #include "runtime/runtime_error.h"
+#include "viewer/io/system_file.h"
 
 #include <fmt/format.h>
-
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace inin::viewer {
 
@@ -30,46 +20,40 @@ constexpr std::size_t kBufferSize = std::size_t{1} << 16;
 
 std::string systemPathOf(const std::string &path)
 {
-    const std::string found = posixPath(path);
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(found, error);
-    return error ? found : absolute.lexically_normal().string();
+    return absolutePath(foundPath(path));
 }
 
 std::string readWholeFile(const std::string &path, std::size_t limit)
 {
-    const std::string systemPath = posixPath(path);
-    struct stat status {};
-    if (stat(systemPath.c_str(), &status) != 0) failReading(path, error_number::fileNotFound, "が見つかりません。");
+    const std::string systemPath = foundPath(path);
+    const EntryFacts facts = entryFacts(systemPath);
+    if (facts.kind == EntryFacts::Kind::missing) failReading(path, error_number::fileNotFound, "が見つかりません。");
     // A pipe or a device could keep the reader for ever.
-    if (!S_ISREG(status.st_mode)) failReading(path, error_number::pathAccess, "は読めるファイルではありません。");
-    if (static_cast<std::size_t>(status.st_size) > limit)
-        failReading(path, error_number::outOfMemory, "は大きすぎます。");
-    const FileDescriptor file(open(systemPath.c_str(), O_RDONLY | O_CLOEXEC));
+    if (facts.kind == EntryFacts::Kind::other)
+        failReading(path, error_number::pathAccess, "は読めるファイルではありません。");
+    if (facts.size > limit) failReading(path, error_number::outOfMemory, "は大きすぎます。");
     std::string bytes;
-    if (!file.isOpen() || !readUpTo(file, static_cast<std::size_t>(status.st_size), bytes))
+    if (!readBytes(systemPath, static_cast<std::size_t>(facts.size), bytes))
         failReading(path, error_number::pathAccess, "を読めません。");
     return bytes;
 }
 
-FinishedFile::FinishedFile(const std::string &path) : m_path(posixPath(path)), m_unfinished(m_path + ".XXXXXX")
+void makeFolder(const std::string &systemPath)
+{
+    if (!makeFolders(systemPath))
+        throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", systemPath));
+}
+
+FinishedFile::FinishedFile(const std::string &path) : m_path(foundPath(path))
 {
     // A folder, a device or a pipe of that name must not be replaced by a file.
-    struct stat status {};
-    if (stat(m_path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) fail();
-    m_descriptor = mkostemp(m_unfinished.data(), O_CLOEXEC);
-    if (m_descriptor < 0) {
-        m_unfinished.clear();
-        fail();
-    }
+    if (entryFacts(m_path).kind == EntryFacts::Kind::other) fail();
+    m_file = std::make_unique<UnfinishedFile>(m_path);
+    if (!m_file->isOpen()) fail();
     m_buffer.reserve(kBufferSize);
 }
 
-FinishedFile::~FinishedFile()
-{
-    if (m_descriptor >= 0) ::close(m_descriptor);
-    if (!m_unfinished.empty()) ::unlink(m_unfinished.c_str());
-}
+FinishedFile::~FinishedFile() = default;
 
 void FinishedFile::fail() const
 {
@@ -78,12 +62,7 @@ void FinishedFile::fail() const
 
 void FinishedFile::flush()
 {
-    std::string_view rest = m_buffer;
-    while (!rest.empty()) {
-        const ssize_t written = ::write(m_descriptor, rest.data(), rest.size());
-        if (written < 0 && errno != EINTR) fail();
-        if (written > 0) rest.remove_prefix(static_cast<std::size_t>(written));
-    }
+    if (!m_file->write(m_buffer)) fail();
     m_buffer.clear();
 }
 
@@ -97,15 +76,7 @@ void FinishedFile::write(std::string_view bytes)
 void FinishedFile::finish()
 {
     flush();
-    // The name is given to a file as it would have been created by hand: readable as the user's mask allows.
-    const mode_t mask = umask(0);
-    umask(mask);
-    if (fchmod(m_descriptor, 0666 & ~mask) != 0) fail();
-    const int descriptor = m_descriptor;
-    m_descriptor = -1;
-    if (::close(descriptor) != 0 && errno != EINTR) fail();
-    if (std::rename(m_unfinished.c_str(), m_path.c_str()) != 0) fail();
-    m_unfinished.clear();
+    if (!m_file->takeName()) fail();
 }
 
 } // namespace inin::viewer

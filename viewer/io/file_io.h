@@ -1,15 +1,20 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace inin::viewer {
+
+class UnfinishedFile;
 
 /// The bytes of a file whose path is as the suite writes it: either slash, any ASCII case. A RuntimeError with a
 /// sentence that names the path when it is missing, a folder, unreadable or larger than `limit` bytes.
 [[nodiscard]] std::string readWholeFile(const std::string &path, std::size_t limit = std::size_t{1} << 30);
 /// The path of the system, absolute, for a path as the suite writes it.
 [[nodiscard]] std::string systemPathOf(const std::string &path);
+/// Makes a folder of the system with all above it. A RuntimeError with a sentence when it cannot be made.
+void makeFolder(const std::string &systemPath);
 
 /// A file that takes its name only when it is whole. What is not finished leaves nothing behind, and an older file of
 /// that name stays as it was. Failures are RuntimeErrors with a sentence that names the path.
@@ -29,9 +34,8 @@ private:
     [[noreturn]] void fail() const;
 
     std::string m_path;
-    std::string m_unfinished;
+    std::unique_ptr<UnfinishedFile> m_file;
     std::string m_buffer;
-    int m_descriptor = -1;
 };
 
 } // namespace inin::viewer

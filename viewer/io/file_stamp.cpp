@@ -1,17 +1,14 @@
 #include "viewer/io/file_stamp.h"
 
-#include "viewer/io/file_io.h"
-
-#include <sys/stat.h>
+#include "viewer/io/system_file.h"
 
 namespace inin::viewer {
 
 FileStamp stampOf(const std::string &path)
 {
-    constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
-    struct stat status {};
-    if (stat(systemPathOf(path).c_str(), &status) != 0) return {};
-    return {true, status.st_mtim.tv_sec * kNanosecondsPerSecond + status.st_mtim.tv_nsec, status.st_size};
+    const EntryFacts facts = entryFacts(foundPath(path));
+    if (facts.kind == EntryFacts::Kind::missing) return {};
+    return {true, facts.changed, static_cast<std::int64_t>(facts.size)};
 }
 
 } // namespace inin::viewer

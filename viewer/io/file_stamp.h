@@ -8,7 +8,7 @@ namespace inin::viewer {
 /// By what a changed file is known without reading it.
 struct FileStamp {
     bool exists = false;
-    std::int64_t changed = 0; ///< nanoseconds since 1970
+    std::int64_t changed = 0; ///< nanoseconds since the system's own beginning of time
     std::int64_t size = 0;
     friend bool operator==(const FileStamp &, const FileStamp &) = default;
 };

@@ -1,7 +1,7 @@
 #include "viewer/layout/font.h"
 
 #include "runtime/runtime_error.h"
-#include "viewer/layout/harfbuzz.h"
+#include "viewer/layout/font_faces.h"
 
 #include <fmt/format.h>
 
@@ -111,7 +111,7 @@ struct Font::Faces {
 
 Font::Font(std::string path, int index) : m_path(std::move(path)), m_index(index), m_faces(std::make_unique<Faces>())
 {
-    const BlobHandle blob(hb_blob_create_from_file_or_fail(m_path.c_str()));
+    const BlobHandle blob = openFontFile(m_path);
     if (blob) m_faces->face.reset(hb_face_create(blob.get(), static_cast<unsigned>(index)));
     if (!m_faces->face || hb_face_get_glyph_count(m_faces->face.get()) == 0)
         throw RuntimeError(error_number::fileNotFound, fmt::format("書体のファイル「{}」を読めません。", m_path));

@@ -9,11 +9,14 @@
 namespace inin::viewer {
 
 class Font;
+class FontCatalogue;
+struct FontPlace;
 
-/// The fonts of this machine, found by fontconfig and opened once.
+/// The fonts of this machine, each opened once.
 class Fonts {
 public:
     Fonts();
+    explicit Fonts(std::unique_ptr<FontCatalogue> catalogue);
     Fonts(const Fonts &) = delete;
     Fonts &operator=(const Fonts &) = delete;
     ~Fonts();
@@ -31,13 +34,10 @@ private:
         std::string family;
         const Font *font;
     };
-    /// What fontconfig knows; a copy of one's own, which goes away with this.
-    struct Catalogue;
-
-    [[nodiscard]] const Font &opened(const std::string &path, int index);
+    [[nodiscard]] const Font &opened(const FontPlace &place);
     [[nodiscard]] const Font *findFontWith(char32_t character);
 
-    std::unique_ptr<Catalogue> m_catalogue;
+    std::unique_ptr<FontCatalogue> m_catalogue;
     std::vector<Entry> m_entries;
     std::map<char32_t, const Font *> m_standIns;
     std::vector<std::unique_ptr<Font>> m_fonts;

@@ -23,7 +23,7 @@ public:
     std::string_view press(std::string_view content)
     {
         deflateReset(&m_stream);
-        m_room.resize(deflateBound(&m_stream, content.size()));
+        m_room.resize(deflateBound(&m_stream, static_cast<uLong>(content.size())));
         // The library reads through a pointer to changeable bytes and changes none.
         m_stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(content.data()));
         m_stream.avail_in = static_cast<uInt>(content.size());

@@ -54,7 +54,8 @@ void applyLook(QApplication &application)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(windowFont(QApplication::font()));
     if (isDark(QApplication::palette())) QApplication::setPalette(readableDark(QApplication::palette()));
-    application.setApplicationDisplayName(QStringLiteral("委任状"));
+    // Systems put it behind every title but one that ends with it, as the chief window's does.
+    application.setApplicationDisplayName(QStringLiteral("印刷プレビュー"));
 }
 
 bool isDark(const QPalette &palette)

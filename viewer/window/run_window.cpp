@@ -7,23 +7,12 @@
 
 #include <QApplication>
 
-#include <cstdlib>
-
 namespace inin::viewer {
 
-bool hasDisplay()
-{
-    for (const char *name : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"}) {
-        const char *const value = std::getenv(name);
-        if (value != nullptr && *value != '\0') return true;
-    }
-    return false;
-}
-
-int runWindow(char *programName, const std::string &scriptPath, const std::string &letters)
+int runWindow(std::string programName, const std::string &scriptPath, const std::string &letters)
 {
     int argumentCount = 1;
-    char *arguments[] = {programName, nullptr};
+    char *arguments[] = {programName.data(), nullptr};
     QApplication application(argumentCount, arguments);
     applyLook(application);
     const ViewerServices services = realServices();

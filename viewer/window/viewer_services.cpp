@@ -1,5 +1,6 @@
 #include "viewer/window/viewer_services.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -51,12 +52,14 @@ QString askPdfFile(QWidget *parent, const QString &name)
     // The dialog itself adds the ending, before it asks about a file of that name.
     dialog.setDefaultSuffix(u"pdf"_s);
     dialog.selectFile(name);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    const bool isChosen = dialog.exec() == QDialog::Accepted;
+    return isChosen ? QDir::toNativeSeparators(dialog.selectedFiles().value(0)) : QString();
 }
 
 QString askFolder(QWidget *parent)
 {
-    return QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, documents());
+    return QDir::toNativeSeparators(
+        QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, documents()));
 }
 
 } // namespace

@@ -223,19 +223,19 @@ void appendUtf8(std::string &out, char16_t unit)
 std::string encodeCp932(std::string_view utf8)
 {
     const Tables &table = tables();
-    std::string out;
-    out.reserve(utf8.size());
-    for (std::size_t at = takeAscii(out, utf8); at < utf8.size(); at += takeAscii(out, utf8.substr(at))) {
+    // No character takes more bytes here than in UTF-8.
+    std::string out(utf8.size(), '\0');
+    char *end = out.data();
+    for (std::size_t at = 0; at < utf8.size();) {
         const Decoded next = nextCharacter(utf8.substr(at));
         at += next.size;
-        const unsigned code = next.character < 0x10000 ? table.code[next.character] : 0;
-        if (code == 0) {
-            out += '?';
-        } else {
-            if (code > 0xFF) out += static_cast<char>(code >> 8);
-            out += static_cast<char>(code & 0xFF);
-        }
+        const unsigned code = next.character < 0x80      ? static_cast<unsigned>(next.character)
+                              : next.character < 0x10000 ? table.code[next.character]
+                                                         : 0;
+        if (code > 0xFF) *end++ = static_cast<char>(code >> 8);
+        *end++ = code == 0 && next.character != 0 ? '?' : static_cast<char>(code & 0xFF);
     }
+    out.resize(static_cast<std::size_t>(end - out.data()));
     return out;
 }
 

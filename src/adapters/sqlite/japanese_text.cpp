@@ -29,6 +29,11 @@ constexpr std::u32string_view kPlainHa = U"ハヒフヘホ";
 constexpr std::u32string_view kHalfVoiced = U"パピプペポ";
 static_assert(kPlain.size() == kVoiced.size());
 
+bool isAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
 bool isContinuation(std::string_view text, std::size_t at)
 {
     return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
@@ -56,6 +61,13 @@ char32_t decodeOne(std::string_view text, std::size_t &at, bool &sound)
     sound = sound && real;
     at += real ? length : 1;
     return real ? code : kReplacement;
+}
+
+/// Three bytes from U+1000 to U+CFFF, kana and kanji among them: no overlong form, no half of a pair.
+bool isCommonThree(std::string_view text, std::size_t at)
+{
+    const auto lead = static_cast<unsigned char>(text[at]);
+    return lead >= 0xE1 && lead <= 0xEC && isContinuation(text, at + 1) && isContinuation(text, at + 2);
 }
 
 void appendUtf8(std::string &text, char32_t code)
@@ -134,11 +146,6 @@ void appendFolded(std::u32string &folded, char32_t c)
     folded += foldOne(c);
 }
 
-bool isAscii(char c)
-{
-    return static_cast<unsigned char>(c) < 0x80;
-}
-
 char32_t foldAscii(char c)
 {
     return foldCase(static_cast<unsigned char>(c));
@@ -165,11 +172,14 @@ void decodeUtf8(std::string_view text, std::u32string &decoded)
 
 std::string soundUtf8(std::string_view text)
 {
+    // Every text of every row comes through here, and nearly all of them are such characters.
+    std::size_t at = 0;
+    while (at < text.size() && (isAscii(text[at]) || isCommonThree(text, at))) at += isAscii(text[at]) ? 1U : 3U;
     bool sound = true;
-    for (std::size_t at = 0; sound && at < text.size();) (void)decodeOne(text, at, sound);
+    while (sound && at < text.size()) (void)decodeOne(text, at, sound);
     if (sound) return std::string(text);
     std::string repaired;
-    for (std::size_t at = 0; at < text.size();) appendUtf8(repaired, decodeOne(text, at, sound));
+    for (at = 0; at < text.size();) appendUtf8(repaired, decodeOne(text, at, sound));
     return repaired;
 }
 

@@ -4,6 +4,8 @@
 #include "adapters/sqlite/sqlite_pool.h"
 #include "adapters/sqlite/sqlite_recordset.h"
 
+#include <sqlite3.h>
+
 namespace inin {
 
 namespace {
@@ -29,6 +31,9 @@ private:
 
 std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std::string &)> resolvePath)
 {
+    // Nobody asks the library how much memory it holds; counting would take a lock at every piece. Refused, and of no
+    // matter, once the library runs.
+    (void)sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     return std::make_unique<SqliteDatabase>(std::move(resolvePath));
 }
 

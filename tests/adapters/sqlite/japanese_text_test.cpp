@@ -137,6 +137,9 @@ TEST_CASE("unsound bytes become replacement characters and sound text stays")
     CHECK(soundUtf8("a\xFF"
                     "b") == "a\uFFFDb");
     CHECK(soundUtf8("\xE5\xB1") == "\uFFFD\uFFFD");
+    CHECK(soundUtf8("山田\xE5\xB1") == "山田\uFFFD\uFFFD");
+    CHECK(soundUtf8("\xE0\x80\x80") == "\uFFFD\uFFFD\uFFFD"); // a longer form than the character needs
+    CHECK(soundUtf8("山\xE0\xA4\x85한") == "山अ한");
     CHECK(soundUtf8("\xED\xA0\x80") == "\uFFFD\uFFFD\uFFFD"); // half of a surrogate pair
     CHECK(soundUtf8("\xF0\xA0\xAE\xB7") == "𠮷");
     CHECK(soundUtf8("\xF5\x80\x80\x80") == "\uFFFD\uFFFD\uFFFD\uFFFD");

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "viewer/app/options.h"
+#include "viewer/document/letter_press.h"
+
+namespace inin::viewer {
+
+// What a command asks of the toolkit. A build without one has a body of its own, which refuses by a sentence.
+
+/// Shows the letters in a window until it is closed; the exit code.
+[[nodiscard]] int showLetters(const ViewCommand &command, const std::string &programName);
+/// Writes letters as pictures into the command's folder.
+void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters);
+
+} // namespace inin::viewer

@@ -1,0 +1,34 @@
+#include "viewer/app/toolkit.h"
+#include "viewer/io/file_io.h"
+#include "viewer/io/system_edges.h"
+#include "viewer/paint/qt_page_painter.h"
+#include "viewer/window/run_window.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+int showLetters(const ViewCommand &command, const std::string &programName)
+{
+    if (hasScreen()) return runWindow(programName, command.script, command.letters);
+    tellFailure("formviewer: 画面がないので、--pdf、--png、--check のどれかを指定してください。");
+    return kBadCommand;
+}
+
+void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters)
+{
+    const std::string folder = systemPathOf(command.pngFolder);
+    makeFolder(folder);
+    // Names sort as the letters do.
+    const std::size_t digits = std::max<std::size_t>(3, std::to_string(press.set().size()).size());
+    QtGlyphs glyphs;
+    for (const std::size_t letter : letters) {
+        FinishedFile file(fmt::format("{}/{:0{}}.png", folder, letter + 1, digits));
+        file.write(letterPng(press, letter, command.dotsPerInch, glyphs));
+        file.finish();
+    }
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,18 @@
+#include "runtime/runtime_error.h"
+#include "viewer/app/toolkit.h"
+#include "viewer/io/system_edges.h"
+
+namespace inin::viewer {
+
+int showLetters(const ViewCommand &, const std::string &)
+{
+    tellFailure("formviewer: このプログラムには画面がないので、--pdf か --check を指定してください。");
+    return kBadCommand;
+}
+
+void writePngs(const ViewCommand &, LetterPress &, const std::vector<std::size_t> &)
+{
+    throw RuntimeError(error_number::invalidCall, "このプログラムは PNG ファイルを書き出せません。");
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,41 @@
+#include "viewer/io/system_edges.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include <signal.h>
+
+namespace inin::viewer {
+
+std::vector<std::string> commandWords(int argc, char **argv)
+{
+    return {argv, argv + argc};
+}
+
+void prepareStreams()
+{
+    // A file that reaches the user's limit is a write that fails, told and cleaned up after like any other.
+    signal(SIGXFSZ, SIG_IGN);
+}
+
+void tellFailure(const std::string &sentence)
+{
+    fmt::print(stderr, "{}\n", sentence);
+}
+
+bool hasScreen()
+{
+    constexpr const char *kNames[] = {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"};
+    return std::ranges::any_of(kNames, [](const char *name) { return !environmentText(name).empty(); });
+}
+
+std::string environmentText(const std::string &name)
+{
+    const char *const value = std::getenv(name.c_str());
+    return value == nullptr ? std::string() : value;
+}
+
+} // namespace inin::viewer

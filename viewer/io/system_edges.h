@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace inin::viewer {
+
+// Where the program meets the system that started it. Text is UTF-8 inside, whatever the system hands over.
+
+/// The words of the command line; the first is the name that the program was started by, which says what it is to do.
+[[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
+/// The streams carry UTF-8 as it is written. A program of windows that was started from a console writes there, and a
+/// write beyond what the system allows fails instead of ending the program.
+void prepareStreams();
+/// Tells the person why the program does not do what it was started for: on the error output, or in a box where nobody
+/// would see that.
+void tellFailure(const std::string &sentence);
+/// A window can be shown.
+[[nodiscard]] bool hasScreen();
+/// A variable of the environment; empty when it is missing.
+[[nodiscard]] std::string environmentText(const std::string &name);
+
+} // namespace inin::viewer

@@ -1,0 +1,81 @@
+#include "viewer/io/system_edges.h"
+
+#include "adapters/common/program_edges.h"
+#include "adapters/win32/win32_text.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <memory>
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace inin::viewer {
+
+namespace {
+
+struct FreeLocal {
+    void operator()(void *memory) const { LocalFree(memory); }
+};
+
+struct Stream {
+    DWORD handle;
+    std::FILE *file;
+};
+
+/// The file, pipe or console that a stream was given at the start; a program of windows is given no console.
+bool leadsSomewhere(DWORD handle)
+{
+    return GetFileType(GetStdHandle(handle)) != FILE_TYPE_UNKNOWN;
+}
+
+} // namespace
+
+std::vector<std::string> commandWords(int argc, char **argv)
+{
+    // The first word is the name that the starter chose, not the file's: a form tool may hand its own on.
+    int count = 0;
+    const std::unique_ptr<wchar_t *, FreeLocal> words(CommandLineToArgvW(GetCommandLineW(), &count));
+    std::vector<std::string> all = {count > 0 ? utf8FromWide(*words.get()) : std::string()};
+    for (std::string &word : programArguments(argc, argv)) all.push_back(std::move(word));
+    return all;
+}
+
+void prepareStreams()
+{
+    const Stream streams[] = {{STD_OUTPUT_HANDLE, stdout}, {STD_ERROR_HANDLE, stderr}};
+    bool isAttached = false;
+    for (const Stream &stream : streams) {
+        if (leadsSomewhere(stream.handle)) continue;
+        isAttached = isAttached || AttachConsole(ATTACH_PARENT_PROCESS) != 0;
+        if (isAttached && std::freopen("CONOUT$", "w", stream.file) != nullptr)
+            std::setvbuf(stream.file, nullptr, _IONBF, 0);
+    }
+    useUtf8Streams();
+}
+
+void tellFailure(const std::string &sentence)
+{
+    if (_fileno(stderr) >= 0) {
+        fmt::print(stderr, "{}\n", sentence);
+        return;
+    }
+    MessageBoxW(nullptr, wideFromUtf8(sentence).c_str(), L"委任状", MB_OK | MB_ICONWARNING);
+}
+
+bool hasScreen()
+{
+    return true;
+}
+
+std::string environmentText(const std::string &name)
+{
+    const std::wstring wide = wideFromUtf8(name);
+    std::wstring value(GetEnvironmentVariableW(wide.c_str(), nullptr, 0), L'\0');
+    value.resize(GetEnvironmentVariableW(wide.c_str(), value.data(), static_cast<DWORD>(value.size())));
+    return utf8FromWide(value);
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,156 @@
+#include "viewer/io/system_file.h"
+
+#include "adapters/win32/win32_handle.h"
+#include "adapters/win32/win32_path.h"
+#include "adapters/win32/win32_text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <random>
+
+#include <windows.h>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr DWORD kEverybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+/// As much as one call takes.
+constexpr std::size_t kMostBytes = std::size_t{1} << 24;
+
+std::wstring fullPath(const std::string &path)
+{
+    const std::wstring wide = wideFromUtf8(path);
+    std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full.empty() ? wide : full;
+}
+
+/// "NUL" or "COM1", in any folder as the system has it.
+bool isDevice(const std::string &path)
+{
+    return fullPath(path).starts_with(L"\\\\.\\");
+}
+
+std::int64_t nanoseconds(const FILETIME &time)
+{
+    constexpr std::int64_t kPerTick = 100;
+    ULARGE_INTEGER ticks{};
+    ticks.LowPart = time.dwLowDateTime;
+    ticks.HighPart = time.dwHighDateTime;
+    return static_cast<std::int64_t>(ticks.QuadPart) * kPerTick;
+}
+
+Win32FileHandle createBeside(const std::string &path, std::wstring &unfinished)
+{
+    constexpr int kTries = 100;
+    std::random_device random;
+    for (int attempt = 0; attempt < kTries; ++attempt) {
+        unfinished = widePath(fmt::format("{}.{:08x}", path, random()));
+        const HANDLE file =
+            CreateFileW(unfinished.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return Win32FileHandle(file);
+    }
+    return Win32FileHandle(INVALID_HANDLE_VALUE);
+}
+
+} // namespace
+
+// The system itself takes either slash and any case.
+std::string foundPath(const std::string &path)
+{
+    return path;
+}
+
+std::string absolutePath(const std::string &systemPath)
+{
+    return utf8FromWide(fullPath(systemPath));
+}
+
+EntryFacts entryFacts(const std::string &systemPath)
+{
+    if (isDevice(systemPath)) return {EntryFacts::Kind::other, 0, 0};
+    WIN32_FILE_ATTRIBUTE_DATA facts{};
+    if (GetFileAttributesExW(widePath(systemPath).c_str(), GetFileExInfoStandard, &facts) == 0) return {};
+    const bool isFolder = (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return {isFolder ? EntryFacts::Kind::other : EntryFacts::Kind::file,
+            (std::uint64_t{facts.nFileSizeHigh} << 32U) | facts.nFileSizeLow, nanoseconds(facts.ftLastWriteTime)};
+}
+
+bool readBytes(const std::string &systemPath, std::size_t size, std::string &bytes)
+{
+    const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), GENERIC_READ, kEverybody, nullptr,
+                                           OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!file.isOpen()) return false;
+    const std::size_t before = bytes.size();
+    bytes.resize(before + size);
+    std::size_t filled = 0;
+    for (DWORD got = 1; filled < size && got > 0; filled += got) {
+        const auto part = static_cast<DWORD>(std::min(size - filled, kMostBytes));
+        if (ReadFile(file.get(), bytes.data() + before + filled, part, &got, nullptr) == 0) return false;
+    }
+    bytes.resize(before + filled);
+    return true;
+}
+
+bool makeFolders(const std::string &systemPath)
+{
+    std::error_code error;
+    std::filesystem::create_directories(widePath(systemPath), error);
+    return !error;
+}
+
+std::vector<std::string> namesIn(const std::string &systemFolder)
+{
+    std::vector<std::string> names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(widePath(systemFolder), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+        names.push_back(utf8FromWide(entry->path().filename().wstring()));
+    return names;
+}
+
+struct UnfinishedFile::State {
+    std::wstring path, unfinished;
+    Win32FileHandle file{INVALID_HANDLE_VALUE};
+};
+
+UnfinishedFile::UnfinishedFile(const std::string &systemPath) : m_state(std::make_unique<State>())
+{
+    m_state->path = widePath(systemPath);
+    if (!isDevice(systemPath)) m_state->file = createBeside(systemPath, m_state->unfinished);
+    if (!m_state->file.isOpen()) m_state->unfinished.clear();
+}
+
+UnfinishedFile::~UnfinishedFile()
+{
+    if (m_state->file.isOpen()) (void)m_state->file.close(); // what it held is not wanted
+    if (!m_state->unfinished.empty()) DeleteFileW(m_state->unfinished.c_str());
+}
+
+bool UnfinishedFile::isOpen() const
+{
+    return m_state->file.isOpen();
+}
+
+bool UnfinishedFile::write(std::string_view bytes)
+{
+    for (DWORD written = 0; !bytes.empty(); bytes.remove_prefix(written)) {
+        const auto part = static_cast<DWORD>(std::min(bytes.size(), kMostBytes));
+        if (WriteFile(m_state->file.get(), bytes.data(), part, &written, nullptr) == 0) return false;
+    }
+    return true;
+}
+
+bool UnfinishedFile::takeName()
+{
+    if (!m_state->file.close()) return false;
+    // An older file that a reader keeps open cannot be replaced: it stays, and the failure is told.
+    if (MoveFileExW(m_state->unfinished.c_str(), m_state->path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) return false;
+    m_state->unfinished.clear();
+    return true;
+}
+
+} // namespace inin::viewer

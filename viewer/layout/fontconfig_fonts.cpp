@@ -1,0 +1,160 @@
+#include "viewer/layout/font_catalogue.h"
+
+#include "runtime/text.h"
+#include "viewer/layout/japanese_families.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+namespace {
+
+struct FreePattern {
+    void operator()(FcPattern *pattern) const { FcPatternDestroy(pattern); }
+};
+struct FreeConfig {
+    void operator()(FcConfig *config) const { FcConfigDestroy(config); }
+};
+struct FreeSet {
+    void operator()(FcFontSet *set) const { FcFontSetDestroy(set); }
+};
+using PatternHandle = std::unique_ptr<FcPattern, FreePattern>;
+using SetHandle = std::unique_ptr<FcFontSet, FreeSet>;
+
+/// Who stands in for a font that lacks a character, in this order: the first has the characters of family registers.
+constexpr const char *kStandIns[] = {"IPAmjMincho", "IPAexMincho", "IPAexGothic", "DejaVu Serif", "DejaVu Sans"};
+
+const FcChar8 *bytes(const char *text)
+{
+    return reinterpret_cast<const FcChar8 *>(text);
+}
+
+std::string textOf(FcPattern *pattern, const char *property, int index = 0)
+{
+    FcChar8 *text = nullptr;
+    if (FcPatternGetString(pattern, property, index, &text) != FcResultMatch) return {};
+    return reinterpret_cast<const char *>(text);
+}
+
+bool hasTrueTypeOutlines(FcPattern *pattern)
+{
+    return textOf(pattern, FC_FONTFORMAT) == "TrueType";
+}
+
+bool answersTo(FcPattern *pattern, const std::string &family)
+{
+    for (int i = 0;; ++i) {
+        const std::string name = textOf(pattern, FC_FAMILY, i);
+        if (name.empty()) return false;
+        if (equalsIgnoringAsciiCase(name, family)) return true;
+    }
+}
+
+bool isTrue(FcPattern *pattern, const char *property)
+{
+    FcBool value = FcFalse;
+    return FcPatternGetBool(pattern, property, 0, &value) == FcResultMatch && value == FcTrue;
+}
+
+/// Upright, of ordinary weight, with outlines of one colour.
+bool isOrdinary(FcPattern *pattern)
+{
+    int weight = FC_WEIGHT_REGULAR, slant = FC_SLANT_ROMAN;
+    FcPatternGetInteger(pattern, FC_WEIGHT, 0, &weight);
+    FcPatternGetInteger(pattern, FC_SLANT, 0, &slant);
+    return weight > FC_WEIGHT_LIGHT && weight < FC_WEIGHT_DEMIBOLD && slant == FC_SLANT_ROMAN &&
+           isTrue(pattern, FC_OUTLINE) && !isTrue(pattern, FC_COLOR) && !isTrue(pattern, FC_VARIABLE);
+}
+
+bool hasCharacter(FcPattern *pattern, char32_t character)
+{
+    FcCharSet *characters = nullptr;
+    return FcPatternGetCharSet(pattern, FC_CHARSET, 0, &characters) == FcResultMatch &&
+           FcCharSetHasChar(characters, character) == FcTrue;
+}
+
+std::size_t rankOf(FcPattern *pattern)
+{
+    const auto *const found =
+        std::ranges::find_if(kStandIns, [&](const char *family) { return answersTo(pattern, family); });
+    return static_cast<std::size_t>(found - std::begin(kStandIns));
+}
+
+FontPlace placeOf(FcPattern *pattern)
+{
+    FontPlace place{textOf(pattern, FC_FILE), 0, textOf(pattern, FC_FAMILY)};
+    FcPatternGetInteger(pattern, FC_INDEX, 0, &place.index);
+    return place;
+}
+
+/// The fonts that fontconfig knows, in a copy of one's own, which goes away with this.
+class FontconfigFonts : public FontCatalogue {
+public:
+    /// The nearest font of the family by fontconfig's own rules, as long as they keep its style: a missing gothic becomes
+    /// a mincho by them where that knows more Japanese.
+    std::optional<Match> find(const std::string &family) override
+    {
+        auto match = nearest(family);
+        const JapaneseStyle style = styleOfName(family);
+        if (!match || match->isAsked || styleOfName(match->font.name) == style) return match;
+        for (const JapaneseFamily &known : japaneseFamilies()) {
+            if (known.style != style) continue;
+            const auto other = nearest(std::string(known.name));
+            if (other && other->isAsked) return Match{other->font, false};
+        }
+        return match;
+    }
+
+    std::vector<FontPlace> withCharacter(char32_t character) override
+    {
+        std::vector<FontPlace> places;
+        for (FcPattern *const font : standIns())
+            if (hasCharacter(font, character)) places.push_back(placeOf(font));
+        return places;
+    }
+
+private:
+    std::optional<Match> nearest(const std::string &family)
+    {
+        const PatternHandle pattern(FcPatternCreate());
+        FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.c_str()));
+        FcPatternAddString(pattern.get(), FC_LANG, bytes("ja"));
+        FcConfigSubstitute(m_config.get(), pattern.get(), FcMatchPattern);
+        FcDefaultSubstitute(pattern.get());
+        FcResult result = FcResultNoMatch;
+        const auto match = [&](FcPattern *font) { return Match{placeOf(font), answersTo(font, family)}; };
+        // The best match is mostly what is wanted, and costs a part of all fonts in order.
+        const PatternHandle best(FcFontMatch(m_config.get(), pattern.get(), &result));
+        if (best && hasTrueTypeOutlines(best.get())) return match(best.get());
+        const SetHandle set(FcFontSort(m_config.get(), pattern.get(), FcFalse, nullptr, &result));
+        for (int i = 0; set && i < set->nfont; ++i)
+            if (hasTrueTypeOutlines(set->fonts[i])) return match(set->fonts[i]);
+        return std::nullopt;
+    }
+
+    /// The fonts that may stand in for another, the nearest first; gathered when one is first needed.
+    const std::vector<FcPattern *> &standIns()
+    {
+        FcFontSet *const all = FcConfigGetFonts(m_config.get(), FcSetSystem);
+        if (!m_ranked.empty() || all == nullptr) return m_ranked;
+        m_ranked.assign(all->fonts, all->fonts + all->nfont);
+        std::erase_if(m_ranked, [](FcPattern *font) { return !hasTrueTypeOutlines(font) || !isOrdinary(font); });
+        // By path where the rank is the same: the machine's order of folders must not change a letter.
+        std::ranges::sort(m_ranked, {}, [](FcPattern *font) { return std::pair(rankOf(font), textOf(font, FC_FILE)); });
+        return m_ranked;
+    }
+
+    std::unique_ptr<FcConfig, FreeConfig> m_config{FcInitLoadConfigAndFonts()};
+    std::vector<FcPattern *> m_ranked;
+};
+
+} // namespace
+
+std::unique_ptr<FontCatalogue> makeSystemFontCatalogue()
+{
+    return std::make_unique<FontconfigFonts>();
+}
+
+} // namespace inin::viewer

@@ -1,0 +1,137 @@
+#include "viewer/layout/listed_fonts.h"
+
+#include "runtime/text.h"
+#include "viewer/layout/font_faces.h"
+#include "viewer/layout/japanese_families.h"
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr char32_t kKana = U'あ';
+constexpr std::string_view kJoin = " & ";
+/// Who stands in for a font that lacks a character before the other Japanese ones: the first has the characters of family
+/// registers.
+constexpr std::string_view kFirstStandIns[] = {"IPAmjMincho", "IPAexMincho", "IPAexGothic"};
+/// And behind them.
+constexpr std::string_view kLastStandIns[] = {"DejaVu Serif", "DejaVu Sans"};
+
+std::vector<std::string> namesOf(std::string_view family)
+{
+    const JapaneseFamily *const known = japaneseFamily(family);
+    if (known == nullptr) return {std::string(family)};
+    return {std::string(known->name), std::string(known->japaneseName)};
+}
+
+/// A font is listed by its full name, which its family begins: "Yu Mincho Demibold".
+bool isListedUnder(const FontFile &file, const std::vector<std::string> &families)
+{
+    const std::string list = asciiLower(file.listedAs);
+    for (std::size_t begin = 0; begin < list.size();) {
+        const std::size_t end = std::min(list.find(kJoin, begin), list.size());
+        const std::string_view name = std::string_view(list).substr(begin, end - begin);
+        if (std::ranges::any_of(families, [&](const auto &family) { return name.starts_with(asciiLower(family)); }))
+            return true;
+        begin = end + kJoin.size();
+    }
+    return false;
+}
+
+bool answersToOne(const FontFace &face, const std::vector<std::string> &names)
+{
+    return std::ranges::any_of(names, [&](const std::string &name) { return face.answersTo(name); });
+}
+
+bool isAny(const FontFace &)
+{
+    return true;
+}
+
+std::vector<std::string_view> standIns()
+{
+    std::vector<std::string_view> families(std::begin(kFirstStandIns), std::end(kFirstStandIns));
+    for (const JapaneseFamily &family : japaneseFamilies()) families.push_back(family.name);
+    families.insert(families.end(), std::begin(kLastStandIns), std::end(kLastStandIns));
+    return families;
+}
+
+} // namespace
+
+struct ListedFonts::File {
+    FontFile file;
+    bool isRead = false;
+    std::vector<FontFace> faces;
+};
+
+ListedFonts::ListedFonts(std::vector<FontFile> files)
+{
+    for (FontFile &file : files) m_files.push_back({std::move(file), false, {}});
+}
+
+ListedFonts::~ListedFonts() = default;
+
+const std::vector<FontFace> &ListedFonts::facesOf(File &file)
+{
+    if (!file.isRead) file.faces = readFontFaces(file.file.path);
+    file.isRead = true;
+    return file.faces;
+}
+
+std::optional<FontPlace> ListedFonts::first(const FileTest &isWanted, const FaceTest &passes)
+{
+    std::optional<FontPlace> other;
+    for (File &file : m_files) {
+        if (!isWanted(file.file)) continue;
+        for (const FontFace &face : facesOf(file)) {
+            if (!face.hasTrueTypeOutlines || !passes(face)) continue;
+            FontPlace place{file.file.path, face.index, face.families.empty() ? std::string() : face.families.front()};
+            if (face.isOrdinary) return place;
+            if (!other) other = std::move(place);
+        }
+    }
+    return other;
+}
+
+std::optional<FontPlace> ListedFonts::fontOf(const Names &names, const FaceTest &passes)
+{
+    const auto answers = [&](const FontFace &face) { return answersToOne(face, names) && passes(face); };
+    auto font = first([&](const FontFile &file) { return isListedUnder(file, names); }, answers);
+    if (font) return font;
+    // A family whose names are all known would have been listed; any other may be listed in another language.
+    const bool isKnown = names.size() > 1;
+    return first([&](const FontFile &file) { return !isKnown || file.listedAs.empty(); }, answers);
+}
+
+std::optional<FontPlace> ListedFonts::nearest(const std::string &family)
+{
+    const JapaneseStyle style = styleOfName(family);
+    for (const bool isSameStyle : {true, false})
+        for (const JapaneseFamily &known : japaneseFamilies()) {
+            if ((known.style == style) != isSameStyle) continue;
+            if (auto font = fontOf(namesOf(known.name), isAny)) return font;
+        }
+    const auto anyFile = [](const FontFile &) { return true; };
+    if (auto font = first(anyFile, [](const FontFace &face) { return face.has(kKana); })) return font;
+    return first(anyFile, isAny);
+}
+
+std::optional<FontCatalogue::Match> ListedFonts::find(const std::string &family)
+{
+    if (auto font = fontOf(namesOf(family), isAny)) return Match{std::move(*font), true};
+    if (auto font = nearest(family)) return Match{std::move(*font), false};
+    return std::nullopt;
+}
+
+std::vector<FontPlace> ListedFonts::withCharacter(char32_t character)
+{
+    const auto passes = [&](const FontFace &face) { return face.isOrdinary && face.has(character); };
+    for (const std::string_view family : standIns())
+        if (auto font = fontOf(namesOf(family), passes)) return {std::move(*font)};
+    std::vector<FontPlace> places;
+    if (auto font = first([](const FontFile &) { return true; }, passes)) places.push_back(std::move(*font));
+    return places;
+}
+
+} // namespace inin::viewer
