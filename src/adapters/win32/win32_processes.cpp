@@ -41,6 +41,13 @@ std::wstring shortNameOf(const std::wstring &path)
     return name.empty() ? path : name;
 }
 
+/// A file keeps its own name, by which a program may know what it is to do.
+std::wstring inShortFolder(const std::wstring &file)
+{
+    const std::size_t slash = file.find_last_of(L'\\');
+    return shortNameOf(file.substr(0, slash)) + file.substr(slash);
+}
+
 /// What a program takes over as its current folder: empty for the one that this program is in, which it takes by itself
 /// unless that lies beyond the classic limit.
 std::wstring folderToTakeOver()
@@ -100,7 +107,7 @@ public:
     {
         if (isStarted(nullptr, commandLine, style)) return;
         const std::optional<DeepProgram> deep = deepProgramOf(commandLine);
-        if (!deep || !(isStarted(shortNameOf(deep->file).c_str(), deep->commandLine, style) ||
+        if (!deep || !(isStarted(inShortFolder(deep->file).c_str(), deep->commandLine, style) ||
                        isStarted(deep->file.c_str(), deep->commandLine, style)))
             throw RuntimeError(error_number::fileNotFound);
     }

@@ -204,8 +204,7 @@ def a_path_of_more_than_300_characters(programs, display):
             expect("starts", starts, [f"wfrfv10.exe /c {windows_path(site)}\\TMP\\WfdCom.dat",
                                       "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", windows_path(site) + "\\Main.exe 2"])
         expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
-        # The system looks for a tool beside the program first.
-        expect("the script that the preview was given", noted_bytes(programs + "/WrVb6Viewer.exe.WfdCom.dat"),
+        expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
                bytes_of(site + "/TMP/WfdCom.dat"))
 
 
@@ -217,6 +216,7 @@ def deep_site():
     expect("long enough", len(windows_path(site)) > 300, True)
     os.makedirs(os.path.dirname(site))
     wine("inin-site.exe", "make", windows_path(site), "--patients", "40", "--seed", "3", cwd=drive_c() + "/" + FOLDER)
+    without_viewer(site)
     try:
         yield site
     finally:
