@@ -41,7 +41,7 @@ class WineProgram(Program):
             env={**environment, "ININ_TRANSCRIPT": windows_path(self.transcript)})
 
     def __exit__(self, kind, *rest):
-        if kind is not None:
+        if kind is not None and kind is not Ended:
             Pictures(self.display, "failed")(os.path.basename(self.transcript))
         super().__exit__(kind, *rest)
 
@@ -277,6 +277,31 @@ def a_code_page_that_is_not_932(site, display):
         leave(program, display)
 
 
+def a_folder_that_cannot_be_written(site, display):
+    """Refused as on a folder that is read-only, which a superuser under Wine may write: the print ends the program."""
+    without_viewer(site)
+    shutil.rmtree(site + "/TMP")
+    look = Pictures(display, "unwritable")
+
+    def person(stage):
+        if stage == "conditions-chosen":
+            display.key("F1")
+            time.sleep(1.5)
+            look("box")
+            display.key("Return")
+            expect("exit code", program.wait_exit(), 1)
+            raise Ended
+
+    with contextlib.suppress(Ended), WineProgram(display, site) as program:
+        work_a_print(program, display, person)
+    told = program.told()
+    expect("starts", [event for event in told if event["event"] == "start"], [])
+
+
+class Ended(Exception):
+    """The play is over before its end."""
+
+
 def a_driver_that_is_missing(site, display):
     """Told with each connection, and the program goes on."""
     with open(site + "/adodb.ini", "w", encoding="cp932", newline="\r\n") as file:
@@ -301,7 +326,8 @@ def a_wallpaper_that_is_no_picture(site, display):
 
 
 CASES = [the_same_as_here, the_preview_is_the_form_viewer, every_other_window, closing_at_every_state, a_second_start, a_wallpaper_that_is_no_picture,
-         a_path_of_more_than_300_characters, a_code_page_that_is_not_932, a_driver_that_is_missing]
+         a_path_of_more_than_300_characters, a_code_page_that_is_not_932, a_folder_that_cannot_be_written,
+         a_driver_that_is_missing]
 
 
 if __name__ == "__main__":
