@@ -46,6 +46,8 @@ constexpr OrderRule kOrderRules[] = {
     {"dmy", {"dmy", "mdy", "ymd", "ydm"}},
 };
 constexpr std::string_view kOrdersOfTwo[] = {"ym", "my"};
+/// Years of an era have two digits.
+constexpr std::int32_t kLongestEra = 99;
 
 /// The order of y, m and d in a short-date picture.
 std::string orderOf(std::string_view picture)
@@ -73,7 +75,7 @@ public:
 
     std::optional<Date> read()
     {
-        if (!collect() || m_awaiting || (m_count == 0 && !m_hasTime)) return std::nullopt;
+        if (!collect() || m_awaiting || (m_count == 0 && (!m_hasTime || m_era != nullptr))) return std::nullopt;
         if (!applyMeridiem()) return std::nullopt;
         if (m_count == 0) return assembled(1899, 12, 30);
         if (m_count == 2) return ordered(kOrdersOfTwo);
@@ -85,7 +87,7 @@ private:
     bool collect()
     {
         for (m_scan.skipBlanks(); !m_scan.atEnd(); m_scan.skipBlanks())
-            if (!takeMeridiem() && !takeNumber()) return false;
+            if (!takeMeridiem() && !takeEra() && !takeNumber()) return false;
         return true;
     }
 
@@ -100,8 +102,18 @@ private:
         return false;
     }
 
+    /// Only where the short date has eras; it stands before the year, and the year before everything else.
+    bool takeEra()
+    {
+        if (m_era != nullptr || m_count != 0 || !hasEra(m_regional.shortDate)) return false;
+        for (const Era &era : eras())
+            if (m_scan.accept(era.name)) m_era = &era;
+        return m_era != nullptr;
+    }
+
     bool takeNumber()
     {
+        if (m_era != nullptr && m_count == 0 && m_scan.accept("元")) return addPart(1);
         const std::optional<std::int32_t> number = takeValue(4);
         if (!number) return false;
         if (m_scan.accept(':')) return takeTime(*number);
@@ -139,12 +151,22 @@ private:
     bool addPart(std::int32_t value)
     {
         if (m_count == m_found.size()) return false;
+        if (m_era != nullptr && m_count == 0 && (value == 0 || value > kLongestEra)) return false;
         DatePart &part = m_found[m_count++];
         part.value = value;
         for (const RoleWord &entry : kRoleWords)
             if (part.role == '\0' && m_scan.accept(entry.word)) part.role = entry.role;
+        if (m_era != nullptr && m_count == 1 && !toYearOfEra(part)) return false;
         m_scan.skipBlanks();
         m_awaiting = takeSeparator();
+        return true;
+    }
+
+    /// An era that has ended is counted on.
+    bool toYearOfEra(DatePart &year) const
+    {
+        if (year.role != '\0' && year.role != 'y') return false;
+        year = {Year(m_era->first) + year.value - 1, 'y'};
         return true;
     }
 
@@ -216,6 +238,7 @@ private:
     bool m_awaiting = false; // a separator stands open behind the last part
     bool m_hasTime = false;
     Meridiem m_meridiem = Meridiem::none;
+    const Era *m_era = nullptr;
     DateParts m_parts;
 };
 

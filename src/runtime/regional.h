@@ -1,13 +1,26 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace inin {
 
 /// The regional settings that the default text of a date follows.
-/// `shortDate` is a Windows picture: d, dd, M, MM, yy, yyyy and separators.
+/// `shortDate` is a Windows picture: d, dd, M, MM, y, yy, yyyy, gg and separators, literal text in single quotes. Where
+/// it has an era (g), the years are those of the Japanese eras.
 struct Regional {
     std::string shortDate = "yyyy/MM/dd";
 };
+
+/// True for a picture with an era outside its quotes.
+[[nodiscard]] inline bool hasEra(std::string_view picture)
+{
+    bool isQuoted = false;
+    for (const char c : picture) {
+        if (c == '\'') isQuoted = !isQuoted;
+        if (c == 'g' && !isQuoted) return true;
+    }
+    return false;
+}
 
 } // namespace inin

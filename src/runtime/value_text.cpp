@@ -11,10 +11,26 @@ namespace inin {
 
 namespace {
 
-void appendDatePart(std::string &text, char letter, std::size_t count, const DateParts &parts)
+/// What a picture writes of a date. A day before the first era has a whole year, whatever the picture says.
+struct PictureDate {
+    PictureDate(Date date, std::string_view picture)
+        : parts(partsOf(date)), era(hasEra(picture) ? eraOf(dayOf(date)) : nullptr),
+          isBeforeEras(era == nullptr && hasEra(picture))
+    {
+    }
+    DateParts parts;
+    const Era *era;
+    bool isBeforeEras;
+};
+
+void appendDatePart(std::string &text, char letter, std::size_t count, const PictureDate &date)
 {
     const auto out = std::back_inserter(text);
+    const DateParts &parts = date.parts;
     switch (letter) {
+    case 'g':
+        if (date.era != nullptr) text += date.era->name;
+        break;
     case 'd':
         fmt::format_to(out, "{:0{}}", parts.day, count > 1 ? 2 : 1);
         break;
@@ -22,16 +38,19 @@ void appendDatePart(std::string &text, char letter, std::size_t count, const Dat
         fmt::format_to(out, "{:0{}}", parts.month, count > 1 ? 2 : 1);
         break;
     default:
+        if (date.era != nullptr)
+            fmt::format_to(out, "{:0{}}", parts.year - Year(date.era->first) + 1, count > 1 ? 2 : 1);
         // A year before 1000 stays as short as it is: 100/01/01.
-        if (count > 2)
+        else if (count > 2 || date.isBeforeEras)
             fmt::format_to(out, "{}", parts.year);
         else
             fmt::format_to(out, "{:0{}}", parts.year % 100, count);
     }
 }
 
-void appendShortDate(std::string &text, std::string_view picture, const DateParts &parts)
+void appendShortDate(std::string &text, std::string_view picture, Date date)
 {
+    const PictureDate shown(date, picture);
     bool isQuoted = false;
     for (std::size_t i = 0; i < picture.size();) {
         const char c = picture[i];
@@ -39,8 +58,8 @@ void appendShortDate(std::string &text, std::string_view picture, const DatePart
         if (c == '\'') {
             isQuoted = !isQuoted;
             ++i;
-        } else if (!isQuoted && (c == 'd' || c == 'M' || c == 'y')) {
-            appendDatePart(text, c, run, parts);
+        } else if (!isQuoted && (c == 'd' || c == 'M' || c == 'y' || c == 'g')) {
+            appendDatePart(text, c, run, shown);
             i += run;
         } else {
             text += c;
@@ -65,7 +84,7 @@ std::string dateText(Date date, const Regional &regional)
     // What is stored decides, not what is shown: a time that rounds up to midnight is still written, as 0:00:00.
     const double day = std::trunc(date.days());
     std::string text;
-    if (day != 0) appendShortDate(text, regional.shortDate, parts);
+    if (day != 0) appendShortDate(text, regional.shortDate, date);
     if (day == 0 || day != date.days())
         fmt::format_to(std::back_inserter(text), "{}{}:{:02}:{:02}", text.empty() ? "" : " ", parts.hour, parts.minute,
                        parts.second);

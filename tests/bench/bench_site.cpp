@@ -66,7 +66,7 @@ struct BenchScreen::Parts {
     Parts(const fs::path &folder, std::unique_ptr<Database> own)
         : database(own ? std::move(own) : embeddedIn(folder)), profile(makeSystemProfile()),
           files(makeSystemFiles(folder.string())), processes(makeSystemProcesses(unexpectedEnd)),
-          clock(makeSystemClock()), locale(makeSystemLocale()), automation(makeNoAutomation()),
+          clock(makeSystemClock()), locale(makeSystemLocale()), automation(makeSystemAutomation()),
           app(Platform{boxes, windows, *database, *profile, *files, *processes, *clock, *locale, *automation})
     {
     }

@@ -51,6 +51,7 @@ TEST_CASE("the second bank line is empty when the bank line is blank")
 {
     CHECK(secondBankLine("  ", "", "") == "");
     CHECK(secondBankLine("", "", "") == "");
+    CHECK(secondBankLine("       ", "  ", "   ") == "");
 }
 
 TEST_CASE("kinds without names still fill both bank lines")

@@ -153,6 +153,31 @@ TEST_CASE("the default text of a date follows the short-date form")
     }
 }
 
+TEST_CASE("a short date with an era writes the era and its years")
+{
+    struct Row {
+        std::string_view shortDate;
+        DateParts date;
+        std::string_view text;
+    };
+    const Row rows[] = {
+        {"ggyy/MM/dd", {2024, 5, 1}, "令和06/05/01"},
+        {"gg y/M/d", {2024, 5, 1}, "令和 6/5/1"},
+        {"ggyy年MM月dd日", {2019, 5, 1}, "令和01年05月01日"},
+        {"ggy'年'M'月'd'日'", {2019, 4, 30}, "平成31年4月30日"},
+        {"gg yy.MM.dd", {1989, 1, 7}, "昭和 64.01.07"},
+        {"ggy/M/d", {1868, 1, 25}, "明治1/1/25"},
+        {"ggy/M/d", {1868, 1, 24}, "1868/1/24"},
+        {"ggyyyy/MM/dd", {2024, 5, 1}, "令和06/05/01"},
+        {"dd/MM/yy gg", {2024, 5, 1}, "01/05/06 令和"},
+        {"'gg' yy/M/d", {2024, 5, 1}, "gg 24/5/1"},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.text);
+        CHECK(dateText(dateOf(row.date), Regional{std::string(row.shortDate)}) == row.text);
+    }
+}
+
 TEST_CASE("the zero day is written by its time alone")
 {
     CHECK(dateText(Date(0), kRegional) == "0:00:00");

@@ -141,6 +141,63 @@ TEST_CASE("the order of the short date is tried first and the others after it")
     }
 }
 
+TEST_CASE("an era is read where the short date has eras")
+{
+    struct Row {
+        std::string_view shortDate;
+        std::string_view text;
+        DateParts expected;
+    };
+    const Row rows[] = {
+        {"ggyy/MM/dd", "令和06/05/01", {2024, 5, 1}},
+        {"gg y/M/d", "令和 6/5/1", {2024, 5, 1}},
+        {"ggyy年MM月dd日", "令和06年05月01日", {2024, 5, 1}},
+        {"ggy.M.d", "令和元.5.1", {2019, 5, 1}},
+        {"ggyy/MM/dd", "令和元年5月1日", {2019, 5, 1}},
+        {"ggyy/MM/dd", "昭和64-1-7 9:30", {1989, 1, 7, 9, 30, 0}},
+        {"ggyy/MM/dd", "午後3:00 平成1/1/8", {1989, 1, 8, 15, 0, 0}},
+        {"ggyy/MM/dd", "平成31/5/1", {2019, 5, 1}},
+        {"ggyy/MM/dd", "明治1/1/25", {1868, 1, 25}},
+        {"ggyy/MM/dd", "令和6年5月", {2024, 5, 1}},
+        {"ggyy/MM/dd", "2024/5/1", {2024, 5, 1}},
+        {"ggyy/MM/dd", "1867/1/24", {1867, 1, 24}},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.text);
+        CHECK(read(row.text, Regional{std::string(row.shortDate)}) == dateOf(row.expected));
+    }
+}
+
+TEST_CASE("a text with an era that is no date is a type mismatch")
+{
+    const Regional regional{"ggyy/MM/dd"};
+    for (const std::string_view text :
+         {"令和", "令和6", "令和 9:30", "令和0/5/1", "令和100/5/1", "令和2024/5/1", "令和6/2/30", "令和令和6/5/1",
+          "6令和/5/1", "6/5/1 令和", "令和/6/5/1", "令和6月5日1年", "慶応3/1/1", "R6/5/1", "元/5/1", "令和元元/5/1"}) {
+        CAPTURE(text);
+        CHECK(errorOf([&] { return read(text, regional); }) == 13);
+    }
+}
+
+TEST_CASE("an era is no part of a date where the short date has none")
+{
+    for (const std::string_view shortDate : {"yyyy/MM/dd", "yy/MM/dd", "'gg'yyyy/MM/dd"}) {
+        CAPTURE(shortDate);
+        CHECK(errorOf([&] { return read("令和6/5/1", Regional{std::string(shortDate)}); }) == 13);
+    }
+}
+
+TEST_CASE("every day from 明治 to 2100 survives its text in a form with an era")
+{
+    for (const std::string_view shortDate : {"ggyy/MM/dd", "gg y/M/d", "ggy年M月d日"}) {
+        const Regional regional{std::string(shortDate)};
+        for (int day = -12000; day <= 73415; ++day)
+            if (day != 0 && read(dateText(Date(day), regional), regional) != Date(day))
+                FAIL_CHECK(shortDate << " loses " << day);
+        CHECK(dateText(Date(-11662), regional).starts_with("明治"));
+    }
+}
+
 TEST_CASE("a NUL ends the text of a date")
 {
     CHECK(read(std::string_view("2024/5/1\0/9", 11)) == dateOf({2024, 5, 1}));

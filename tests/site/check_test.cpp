@@ -72,7 +72,8 @@ const SettingFault kSettingFaults[] = {
     {"Massage.ini",
      "BASEID=0101",
      "BASEID=0103",
-     {"この拠点に本社の会社（CORP）がありません。", "この拠点に団体請求の会社（CORP）がありません。"}},
+     {"この拠点に本社の会社（CORP）がありません。", "この拠点に団体請求の会社（CORP）がありません。",
+      "この拠点に施術者（STAFF）がいないので、画面が開きません。"}},
     {"adodb.ini", "[接続情報]", "[接続]", {"adodb.ini に接続文字列（セクションも項目も「接続情報」）がありません。"}},
     {"adodb.ini",
      "Provider=SQLite;Data Source=demo.db",
@@ -93,6 +94,8 @@ const RowFault kRowFaults[] = {
      {"この拠点に団体請求の会社（CORP）が3件あり、委任状が重複します。"}},
     {"UPDATE RIYOUSHA SET nDairiID = 77 WHERE nIDNo IN (5, 6)",
      {"代理人（nDairiID）が会社（CORP）にない利用者が2人います。"}},
+    {"DELETE FROM STAFF", {"この拠点に施術者（STAFF）がいないので、画面が開きません。"}},
+    {"UPDATE STAFF SET iChusiFlg = 1", {"この拠点に施術者（STAFF）がいないので、画面が開きません。"}},
     {"ALTER TABLE RIYOUSHA DROP COLUMN cFMCode", {"テーブル「RIYOUSHA」に列「cFMCode」がありません。"}},
     {"DROP TABLE JISSEKI", {"テーブル「JISSEKI」がありません。"}},
     {"DROP TABLE 往療費区分", {"テーブル「往療費区分」がありません。"}},
@@ -164,6 +167,14 @@ TEST_CASE("each fault of the settings is found and nothing else")
         site.change(fault.file, fault.from, fault.to);
         CHECK(site.check() == fault.findings);
     }
+}
+
+TEST_CASE("a wallpaper that is no picture is found, since the program does not start with it")
+{
+    const SoundSite site;
+    write(site.path() / "ICON" / "wall.bmp", "no picture");
+    CHECK(site.check() ==
+          site::Findings{"Massage.ini の項目「WALLPAPER」の「wall.bmp」が画像ではないので、起動できません。"});
 }
 
 TEST_CASE("each fault of the rows, columns and tables is found and nothing else")

@@ -4,6 +4,7 @@
 #include "adapters/common/dao_error.h"
 #include "adapters/common/dao_workspace.h"
 #include "adapters/common/sql_tokenizer.h"
+#include "runtime/file_path.h"
 
 #include <algorithm>
 #include <array>
@@ -163,8 +164,9 @@ public:
     void Close() override { m_sessions->closeAll(); }
 
 private:
-    void checkFile(const std::string &path) const
+    void checkFile(const std::string &name) const
     {
+        const std::filesystem::path path = pathOf(name);
         std::error_code error;
         if (!std::filesystem::is_regular_file(path, error)) throw daoError(dao_error::fileNotFound);
         constexpr std::size_t kStart = 64;

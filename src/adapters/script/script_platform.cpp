@@ -57,7 +57,7 @@ std::unique_ptr<Clock> makeClock(const ScriptOptions &options)
 ScriptPlatform::ScriptPlatform(const ScriptOptions &options, Transcript &transcript, CommandReader &commands,
                                Database &database)
     : m_profile(makeSystemProfile()), m_files(makeSystemFiles(options.applicationFolder)), m_clock(makeClock(options)),
-      m_locale(makeSystemLocale()), m_automation(makeNoAutomation()), m_database(database, transcript),
+      m_locale(makeSystemLocale()), m_automation(makeSystemAutomation()), m_database(database, transcript),
       m_boxes(transcript), m_processes(transcript, makeSystemProcesses(endOfAnother), options.startProcesses),
       m_windows(transcript, commands, *m_files, m_locale->regional())
 {

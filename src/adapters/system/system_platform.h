@@ -35,6 +35,10 @@ namespace inin {
 {
     return makeWin32Processes(std::move(end));
 }
+[[nodiscard]] inline std::unique_ptr<Automation> makeSystemAutomation()
+{
+    return makeWin32Automation();
+}
 /// True for a path that does not start at the current folder; a drive's letter counts as such.
 [[nodiscard]] inline bool isAbsolutePath(const std::string &path)
 {
@@ -67,6 +71,11 @@ namespace inin {
 [[nodiscard]] inline std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
 {
     return makePosixProcesses(std::move(end));
+}
+/// Late-bound objects are a thing of Windows: elsewhere there is none.
+[[nodiscard]] inline std::unique_ptr<Automation> makeSystemAutomation()
+{
+    return makeNoAutomation();
 }
 /// True for a path that does not start at the current folder.
 [[nodiscard]] inline bool isAbsolutePath(const std::string &path)

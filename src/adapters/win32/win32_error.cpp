@@ -71,6 +71,11 @@ void failFile(std::uint32_t systemError, const std::wstring &path)
     throw RuntimeError(fileErrorNumber(systemError, path));
 }
 
+void refuseBoxesOfTheSystem()
+{
+    SetThreadErrorMode(GetThreadErrorMode() | SEM_FAILCRITICALERRORS, nullptr);
+}
+
 bool isWin32Folder(const std::wstring &path)
 {
     return (attributesOf(path).value_or(0) & FILE_ATTRIBUTE_DIRECTORY) != 0;

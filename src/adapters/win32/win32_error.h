@@ -10,6 +10,10 @@ namespace inin {
 /// Raises it.
 [[noreturn]] void failFile(std::uint32_t systemError, const std::wstring &path);
 
+/// A drive without a medium fails on this thread, instead of asking a person for one in a box of the system. Programs that
+/// are started do not inherit it.
+void refuseBoxesOfTheSystem();
+
 [[nodiscard]] bool isWin32Folder(const std::wstring &path);
 /// True for anything there that is no folder.
 [[nodiscard]] bool isWin32File(const std::wstring &path);

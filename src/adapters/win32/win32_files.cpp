@@ -113,6 +113,7 @@ class Win32Files : public Files {
 public:
     explicit Win32Files(std::string applicationFolder) : m_applicationFolder(std::move(applicationFolder))
     {
+        refuseBoxesOfTheSystem();
         // The root of a drive keeps its separator: "C:" alone would be the drive's current folder.
         while (m_applicationFolder.size() > 3 &&
                m_applicationFolder.find_last_of("\\/") + 1 == m_applicationFolder.size())

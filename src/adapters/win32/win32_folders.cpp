@@ -1,3 +1,4 @@
+#include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
@@ -15,8 +16,17 @@ struct CloseFolderSearch {
     void operator()(void *search) const { FindClose(search); }
 };
 
-std::int32_t folderErrorNumber(DWORD systemError)
+/// A drive that is listed is there, so what does not answer below its root is the medium.
+bool isRootOfListedDrive(const std::wstring &folder)
 {
+    if (folder.size() != 3 || folder[1] != L':') return false;
+    const int letter = folder[0] | 0x20; // ASCII lower case
+    return letter >= 'a' && letter <= 'z' && (GetLogicalDrives() >> (letter - 'a') & 1U) != 0;
+}
+
+std::int32_t folderErrorNumber(DWORD systemError, const std::wstring &folder)
+{
+    if (systemError == ERROR_PATH_NOT_FOUND && isRootOfListedDrive(folder)) return error_number::diskNotReady;
     switch (systemError) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
@@ -72,7 +82,7 @@ std::vector<FolderPlace> placesInside(const std::wstring &folder)
     const HANDLE search = FindFirstFileW(widePath(utf8FromWide(start + L"*")).c_str(), &found);
     // The root of an empty drive lists nothing, not even itself.
     if (search == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_NOT_FOUND) return {};
-    if (search == INVALID_HANDLE_VALUE) throw RuntimeError(folderErrorNumber(GetLastError()));
+    if (search == INVALID_HANDLE_VALUE) throw RuntimeError(folderErrorNumber(GetLastError(), folder));
     const std::unique_ptr<void, CloseFolderSearch> owned(search);
     std::vector<FolderPlace> places;
     constexpr DWORD unseen = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
@@ -90,6 +100,8 @@ std::vector<FolderPlace> placesInside(const std::wstring &folder)
 
 class Win32Folders : public Folders {
 public:
+    Win32Folders() { refuseBoxesOfTheSystem(); }
+
     std::vector<std::string> drives() override
     {
         std::vector<std::string> places;

@@ -26,4 +26,7 @@ namespace inin {
 /// `end` must not come back: it is what the end statement does in this program. Without one the process exits.
 [[nodiscard]] std::unique_ptr<Processes> makeWin32Processes(std::function<void()> end);
 
+/// Objects by the system's own registry of program ids, on the thread that creates the first one.
+[[nodiscard]] std::unique_ptr<Automation> makeWin32Automation();
+
 } // namespace inin

@@ -73,6 +73,7 @@ public:
         checkCount("本社", fmt::format("SELECT nIDNo FROM CORP WHERE {} AND iType = 0", where));
         checkCount("団体請求", fmt::format("SELECT nIDNo FROM CORP WHERE {} AND iType = 3", where));
         checkAgents(branch);
+        checkStaff(where);
     }
 
 private:
@@ -126,6 +127,16 @@ private:
         const std::int32_t number = count(agents);
         if (number > 0)
             m_findings.push_back(fmt::format("代理人（nDairiID）が会社（CORP）にない利用者が{}人います。", number));
+    } catch (const RuntimeError &) {
+        // As above.
+    }
+
+    /// The program's staff list is filled with those who have not stopped; with an empty one it leaves at once.
+    void checkStaff(const std::string &where)
+    try {
+        if (count(fmt::format("SELECT TOP 1 nIDNo FROM STAFF WHERE {} AND (iChusiFlg = 0 OR iChusiFlg IS NULL)",
+                              where)) == 0)
+            m_findings.push_back("この拠点に施術者（STAFF）がいないので、画面が開きません。");
     } catch (const RuntimeError &) {
         // As above.
     }

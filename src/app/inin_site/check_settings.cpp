@@ -3,7 +3,9 @@
 #include "adapters/posix/code_page_932.h"
 #include "adapters/posix/profile_text.h"
 #include "adapters/system/system_platform.h"
+#include "common/picture.h"
 #include "runtime/file_path.h"
+#include "runtime/runtime_error.h"
 #include "runtime/text.h"
 
 #include <fmt/format.h>
@@ -97,8 +99,17 @@ void checkWallpaper(const fs::path &folder, const Settings &settings, Findings &
     const auto value = valueOf(settings, "WALLPAPER", findings);
     const auto icon = settings.find("SYSTEM_ICON");
     if (!value || icon == settings.end()) return;
-    if (!readSiteFile(joined(folder, icon->second) / pathOf(*value))) {
+    const fs::path picture = joined(folder, icon->second) / pathOf(*value);
+    if (!readSiteFile(picture)) {
         findings.push_back(fmt::format("Massage.ini の項目「WALLPAPER」の画像「{}」がありません。", *value));
+        return;
+    }
+    try {
+        checkPictureFile(*makeSystemFiles(textOf(folder)), textOf(picture));
+    } catch (const RuntimeError &) {
+        // A picture that is not there is left out, one that is none ends the start.
+        findings.push_back(
+            fmt::format("Massage.ini の項目「WALLPAPER」の「{}」が画像ではないので、起動できません。", *value));
     }
 }
 

@@ -20,7 +20,7 @@ namespace {
 
 Desktop::Desktop(const std::string &folder)
     : m_profile(makeSystemProfile()), m_files(makeSystemFiles(folder)), m_clock(makeSystemClock()),
-      m_locale(makeSystemLocale()), m_processes(makeSystemProcesses(endAtOnce)), m_automation(makeNoAutomation()),
+      m_locale(makeSystemLocale()), m_processes(makeSystemProcesses(endAtOnce)), m_automation(makeSystemAutomation()),
       m_database(makeSuiteDatabase(dataSourceIn(folder))),
       m_windows(*m_files, {m_edge, [this] { return m_clock->today(); }, systemPath, [this] { m_fonts.finish(); }}),
       m_boxes(m_edge, [this] { m_fonts.finish(); })

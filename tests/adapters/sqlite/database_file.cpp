@@ -77,6 +77,7 @@ DatabaseFile::DatabaseFile(std::string_view statements)
     m_path = (std::filesystem::temp_directory_path() /
               ("inin_sqlite_" + std::to_string(getpid()) + "_" + std::to_string(++s_count) + ".db"))
                  .string();
+    std::filesystem::remove(m_path); // of a process that died and had the number before
     run("PRAGMA user_version = 1");
     if (!statements.empty()) run(statements);
 }

@@ -1,23 +1,54 @@
 // Started by the tests: writes how its window was asked for and the words it was given into the file that its first word
-// names, under another name until it is whole.
+// names, under another name until it is whole. Behind the word "/line" it writes the rest of the command line as it is.
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <string_view>
 
 #include <windows.h>
 
-int main(int argc, char **argv)
+#include <shellapi.h>
+
+namespace {
+
+std::string utf8(std::wstring_view text)
 {
-    if (argc < 2) return 1;
+    const int size = static_cast<int>(text.size());
+    std::string out(text.size() * 3, '\0');
+    out.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), size, out.data(),
+                                                            static_cast<int>(out.size()), nullptr, nullptr)));
+    return out;
+}
+
+void writeWords(std::ofstream &file, int count, wchar_t **words)
+{
     STARTUPINFOW startup{};
     GetStartupInfoW(&startup);
-    const std::string told = argv[1];
+    file << ((startup.dwFlags & STARTF_USESHOWWINDOW) != 0 ? startup.wShowWindow : 99) << '\n';
+    for (int at = 2; at < count; ++at) file << utf8(words[at]) << '\n';
+}
+
+} // namespace
+
+int main()
+{
+    int count = 0;
+    wchar_t **const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (count < 2) return 1;
+    const std::filesystem::path told = words[1];
+    std::filesystem::path unfinished = told;
+    unfinished += ".new";
     {
-        std::ofstream file(told + ".new", std::ios::binary);
-        file << ((startup.dwFlags & STARTF_USESHOWWINDOW) != 0 ? startup.wShowWindow : 99) << '\n';
-        for (int at = 2; at < argc; ++at) file << argv[at] << '\n';
+        constexpr std::wstring_view mark = L" /line ";
+        const std::wstring_view line = GetCommandLineW();
+        const std::size_t raw = line.find(mark);
+        std::ofstream file(unfinished, std::ios::binary);
+        if (raw == std::wstring_view::npos)
+            writeWords(file, count, words);
+        else
+            file << utf8(line.substr(raw + mark.size())) << '\n';
     }
-    std::rename((told + ".new").c_str(), told.c_str());
+    std::filesystem::rename(unfinished, told);
     return 0;
 }

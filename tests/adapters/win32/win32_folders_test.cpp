@@ -1,6 +1,9 @@
 #include "adapters/win32/win32_platform.h"
 
+#include "common/folder_form.h"
+#include "common/select_folder.h"
 #include "runtime/runtime_error.h"
+#include "support/fake_platform.h"
 #include "temp_folder.h"
 
 #include <algorithm>
@@ -26,6 +29,15 @@ try {
 } catch (const RuntimeError &error) {
     return error.number();
 }
+
+/// A drive's letter that leads nowhere, as one without a medium.
+class DriveWithoutMedium {
+public:
+    DriveWithoutMedium() { REQUIRE(DefineDosDeviceW(0, L"Y:", L"C:\\no such folder") != 0); }
+    DriveWithoutMedium(const DriveWithoutMedium &) = delete;
+    DriveWithoutMedium &operator=(const DriveWithoutMedium &) = delete;
+    ~DriveWithoutMedium() { DefineDosDeviceW(DDD_REMOVE_DEFINITION, L"Y:", nullptr); }
+};
 
 } // namespace
 
@@ -66,4 +78,39 @@ TEST_CASE("a folder that is not there, or a file, is error 76")
     CHECK(openError(folder / "missing") == 76);
     CHECK(openError(folder / "file") == 76);
     CHECK(openError("Q:\\x") == 76);
+}
+
+TEST_CASE("a drive without a medium is listed and is error 71, without a box of the system")
+{
+    const DriveWithoutMedium drive;
+    SetThreadErrorMode(0, nullptr);
+    const auto folders = makeWin32Folders();
+    CHECK(std::ranges::count(folders->drives(), "Y:\\") == 1);
+    CHECK(openError("Y:\\") == 71);
+    CHECK(openError("y:") == 71);
+    CHECK(openError("Y:\\x") == 76);
+    CHECK((GetThreadErrorMode() & SEM_FAILCRITICALERRORS) != 0);
+}
+
+TEST_CASE_FIXTURE(FakeWorld, "choosing a drive without a medium is told in the program's words, and the list goes back")
+{
+    const DriveWithoutMedium drive;
+    const auto folders = makeWin32Folders();
+    files.makeFolder("C:\\windows");
+    files.changeFolder("C:\\windows");
+    clsSelectFolder select(platform, *folders);
+    windows.acts.emplace_back([](Form &form) {
+        auto &window = dynamic_cast<frmSelFolder &>(form);
+        const std::int16_t before = window.drlDrive.ListIndex;
+        CHECK(window.drlDrive.items()[static_cast<std::size_t>(before)].text == "C:\\");
+        window.setDrive("Y:\\");
+        CHECK(window.drlDrive.ListIndex == before);
+        CHECK(window.dilFolder.Path() == "C:\\windows");
+        window.setDrive("Z:\\");
+        CHECK(window.dilFolder.Path() == "Z:\\");
+        window.cmdOK_Click();
+    });
+    CHECK(select.iSelFolder() == 0);
+    CHECK(select.SelFolder() == "Z:");
+    CHECK(boxes.shown == std::vector<ShownBox>{{"ドライブの準備が出来ていません。", Icon::critical, "警告！"}});
 }

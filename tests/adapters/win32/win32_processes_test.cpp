@@ -1,8 +1,10 @@
 #include "adapters/win32/win32_platform.h"
 
+#include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
 #include "temp_folder.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -35,6 +37,54 @@ struct PartnerFolder {
         std::filesystem::copy_file(ININ_PARTNER, pathOf(folder / name));
         return win32Path(folder / name);
     }
+};
+
+/// The partner program as the one that opens addresses: it writes down what it is given, as it is.
+class AddressHandler {
+public:
+    AddressHandler() : m_before(command())
+    {
+        const std::string partner = m_folder.put("browser.exe");
+        setCommand(wideFromUtf8("\"" + partner + "\" \"" + win32Path(m_folder.folder / "told") + "\" /line %1"));
+    }
+    AddressHandler(const AddressHandler &) = delete;
+    AddressHandler &operator=(const AddressHandler &) = delete;
+    ~AddressHandler() { setCommand(m_before); }
+
+    /// What it got for the address, without its line end.
+    [[nodiscard]] std::string gotFor(const std::string &address) const
+    {
+        std::filesystem::remove(pathOf(m_folder.folder / "told"));
+        processes()->openAddress(address);
+        const std::string told = toldBy(m_folder.folder, "told");
+        return told.substr(0, told.size() - std::min<std::size_t>(told.size(), 1));
+    }
+    /// True when no program is started for the address.
+    [[nodiscard]] bool staysQuietFor(const std::string &address) const
+    {
+        std::filesystem::remove(pathOf(m_folder.folder / "told"));
+        processes()->openAddress(address);
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        return !m_folder.folder.has("told");
+    }
+
+private:
+    static constexpr const wchar_t *kKey = L"Software\\Classes\\http\\shell\\open\\command";
+    static std::wstring command()
+    {
+        wchar_t value[1024] = {};
+        DWORD size = sizeof value;
+        (void)RegGetValueW(HKEY_LOCAL_MACHINE, kKey, nullptr, RRF_RT_ANY, nullptr, value, &size);
+        return value;
+    }
+    static void setCommand(const std::wstring &value)
+    {
+        REQUIRE(RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, nullptr, REG_SZ, value.c_str(),
+                                static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS);
+    }
+
+    PartnerFolder m_folder;
+    std::wstring m_before;
 };
 
 } // namespace
@@ -80,6 +130,39 @@ TEST_CASE_FIXTURE(PartnerFolder, "a program that is not there or is none is erro
         } catch (const RuntimeError &error) {
             CHECK(error.number() == 53);
         }
+    }
+}
+
+TEST_CASE("the program of the machine that opens web addresses gets the address as it is")
+{
+    const std::string addresses[] = {
+        "http://help.example.jp/massage/index.html?zi=rezama&zp=%2Ftrohs&lk=1",
+        "http://help.example.jp/委任状/髙橋𠮷?zi=番&zp=&lk=1",
+        "http://help.example.jp/a b  c?zi=\"quoted\" '&|<>^%2F&lk=1",
+        // Wine 8 breaks down on more than some 1000 characters, Windows takes 2083.
+        "http://help.example.jp/?zi=" + std::string(900, 'x') + "&lk=1",
+    };
+    const AddressHandler handler;
+    for (const std::string &address : addresses) CHECK(handler.gotFor(address) == address);
+}
+
+TEST_CASE("nothing but a web address is opened")
+{
+    const std::string addresses[] = {
+        "",
+        "C:\\windows\\notepad.exe",
+        "notepad.exe",
+        "file:///C:/windows/win.ini",
+        "mailto:a@example.jp",
+        "httpx://help.example.jp/",
+        "http:notepad.exe",
+        "HTTP://help.example.jp/",
+        " http://help.example.jp/",
+    };
+    const AddressHandler handler;
+    for (const std::string &address : addresses) {
+        CAPTURE(address);
+        CHECK(handler.staysQuietFor(address));
     }
 }
 

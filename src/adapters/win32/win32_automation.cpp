@@ -1,0 +1,126 @@
+#include "adapters/win32/com_error.h"
+#include "adapters/win32/com_pointer.h"
+#include "adapters/win32/com_variant.h"
+#include "adapters/win32/win32_platform.h"
+#include "adapters/win32/win32_text.h"
+#include "runtime/runtime_error.h"
+
+#include <array>
+
+namespace inin {
+
+namespace {
+
+/// The system's objects on the thread that made this; it ends behind the last of them, which all hold it.
+class ComApartment {
+public:
+    /// A thread that something else has set up in another way serves as well.
+    ComApartment() : m_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ComApartment(const ComApartment &) = delete;
+    ComApartment &operator=(const ComApartment &) = delete;
+    ~ComApartment()
+    {
+        if (m_entered) CoUninitialize();
+    }
+
+private:
+    bool m_entered;
+};
+
+class Win32AutomationObject : public AutomationObject {
+public:
+    Win32AutomationObject(std::shared_ptr<ComApartment> apartment, ComPointer<IDispatch> object)
+        : m_apartment(std::move(apartment)), m_object(std::move(object))
+    {
+    }
+
+    Variant get(const std::string &member) override { return invoke(member, DISPATCH_PROPERTYGET, {}); }
+    void set(const std::string &member, const Variant &value) override
+    {
+        invoke(member, DISPATCH_PROPERTYPUT, std::array{value});
+    }
+    Variant call(const std::string &member, std::span<const Variant> arguments) override
+    {
+        return invoke(member, DISPATCH_METHOD, arguments);
+    }
+
+private:
+    DISPID idOf(const std::string &member)
+    {
+        std::wstring name = wideFromUtf8(member);
+        wchar_t *names[] = {name.data()};
+        DISPID id = DISPID_UNKNOWN;
+        checkCom(m_object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id));
+        return id;
+    }
+
+    Variant invoke(const std::string &member, WORD kind, std::span<const Variant> values)
+    {
+        const DISPID id = idOf(member);
+        ComArguments arguments(values);
+        DISPPARAMS parameters{arguments.data(), nullptr, arguments.count(), 0};
+        // The value that a property gets is an argument by name.
+        DISPID assigned = DISPID_PROPERTYPUT;
+        const bool put = kind == DISPATCH_PROPERTYPUT;
+        if (put) {
+            parameters.rgdispidNamedArgs = &assigned;
+            parameters.cNamedArgs = 1;
+        }
+        ComVariant result;
+        ComException exception;
+        UINT wrongArgument = 0;
+        const HRESULT outcome = m_object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
+                                                 put ? nullptr : result.address(), exception.address(), &wrongArgument);
+        if (outcome == DISP_E_EXCEPTION) exception.fail();
+        checkCom(outcome);
+        return valueOfCom(*result.address());
+    }
+
+    std::shared_ptr<ComApartment> m_apartment; // above the object: it goes after it
+    ComPointer<IDispatch> m_object;
+};
+
+/// Nobody of that name, or one that does not start, is the same to the caller; only a refusal of the system is told apart.
+[[noreturn]] void failCreation(HRESULT result)
+{
+    failCom(result == E_ACCESSDENIED ? result : REGDB_E_CLASSNOTREG);
+}
+
+ComPointer<IUnknown> created(const std::string &programId)
+{
+    CLSID classId{};
+    HRESULT result = CLSIDFromProgID(wideFromUtf8(programId).c_str(), &classId);
+    void *object = nullptr;
+    if (SUCCEEDED(result)) result = CoCreateInstance(classId, nullptr, CLSCTX_SERVER, IID_IUnknown, &object);
+    if (FAILED(result)) failCreation(result);
+    return ComPointer<IUnknown>(static_cast<IUnknown *>(object));
+}
+
+ComPointer<IDispatch> lateBound(IUnknown &object)
+{
+    void *face = nullptr;
+    checkCom(object.QueryInterface(IID_IDispatch, &face));
+    return ComPointer<IDispatch>(static_cast<IDispatch *>(face));
+}
+
+class Win32Automation : public Automation {
+public:
+    std::unique_ptr<AutomationObject> create(const std::string &programId) override
+    {
+        // With the first object: most runs of a program need none.
+        if (!m_apartment) m_apartment = std::make_shared<ComApartment>();
+        return std::make_unique<Win32AutomationObject>(m_apartment, lateBound(*created(programId)));
+    }
+
+private:
+    std::shared_ptr<ComApartment> m_apartment;
+};
+
+} // namespace
+
+std::unique_ptr<Automation> makeWin32Automation()
+{
+    return std::make_unique<Win32Automation>();
+}
+
+} // namespace inin

@@ -1,0 +1,144 @@
+"""The console programs on machines that are not as they should be: inin-site and inin-script from the outside, under Wine.
+
+console_programs_test.py ININ_SITE ININ_SCRIPT
+"""
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+SITE, SCRIPT = sys.argv[1:3]
+PRINT = [{"click": "optPrint(0)"}, {"click": "optObject(0)"}, {"click": "optTgtDate(0)"}, {"click": "optDspPeriod(0)"},
+         {"set": "imD_Out", "to": "2024/05/01"}, {"click": "btnPrint(0)"}, {"click": "btnPrint(6)"}]
+NO_CONNECTION = "接続文字列取得できません。"
+
+
+def wine(*arguments, given="", **environment):
+    """Exit code and standard output of a program for Windows."""
+    ran = subprocess.run(["wine", *arguments], input=given.encode(), stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                         env={**os.environ, **environment}, timeout=120, check=False)
+    return ran.returncode, ran.stdout.decode(errors="replace")
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+class Site:
+    """A demo site of a few patients, and the program run on it."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        code, said = wine(SITE, "make", windows_path(folder), "--patients", "5", "--month", "2024-05")
+        assert code == 0, said
+
+    def play(self, commands=(), **environment):
+        """The events of a run that ended by itself, without the statements."""
+        lines = "".join(json.dumps(command) + "\n" for command in commands)
+        code, said = wine(SCRIPT, "--app", windows_path(self.folder), "--now", "2024-06-15 10:00:00", given=lines,
+                          **environment)
+        events = [json.loads(line) for line in said.splitlines()]
+        return code, [event for event in events if event["event"] != "sql"]
+
+    def check(self, **environment):
+        return wine(SITE, "check", windows_path(self.folder), **environment)[1].splitlines()
+
+    def letters(self):
+        """The day of the last visit in each letter."""
+        lines = (self.folder / "TMP" / "委任状.csv").read_bytes().decode("cp932").splitlines()[1:]
+        return [line.split('","')[12] for line in lines]
+
+
+def boxes(events):
+    return [event["text"] for event in events if event["event"] == "box"]
+
+
+def set_short_date(form="yyyy/MM/dd"):
+    """The user's form of a date."""
+    key = "HKCU\\Control Panel\\International"
+    assert wine("reg", "add", key, "/v", "sShortDate", "/d", form, "/f")[0] == 0
+
+
+class ConsolePrograms(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="inin-console-"))
+        self.addCleanup(shutil.rmtree, self.folder)
+        set_short_date()
+
+    def test_a_sound_site_prints_and_ends_by_itself(self):
+        site = Site(self.folder / "site")
+        code, events = site.play(PRINT)
+        self.assertEqual((code, boxes(events)), (0, []))
+        self.assertEqual(events[-1], {"event": "end", "code": 0})
+        self.assertEqual(site.letters(), ["2024/05/31", "2024/05/25", "2024/05/30", "2024/05/29", "2024/05/31",
+                                          "2024/05/31"])
+
+    def test_a_short_date_with_an_era_or_the_day_in_front_stands_so_in_the_letters_and_is_warned_of(self):
+        site = Site(self.folder / "site")
+        self.addCleanup(set_short_date)
+        for form, days in (("ggyy/MM/dd", ["令和06/05/31", "令和06/05/25"]), ("d/M/yy", ["31/5/24", "25/5/24"])):
+            with self.subTest(form=form):
+                set_short_date(form)
+                code, events = site.play(PRINT)
+                self.assertEqual((code, boxes(events)), (0, []))
+                self.assertEqual(site.letters()[:2], days)
+                self.assertIn(f"このコンピューターの短い日付の形式が「{form}」なので、データベースが日付を正しく読めません"
+                              "（「yyyy/MM/dd」にしてください）。", site.check())
+
+    def test_a_site_at_a_path_of_more_than_300_characters_prints(self):
+        site = Site(self.folder.joinpath(*["委任状" * 25] * 4, "site"))
+        self.assertGreater(len(windows_path(site.folder)), 300)
+        code, events = site.play(PRINT)
+        self.assertEqual((code, boxes(events)), (0, []))
+        self.assertEqual(len(site.letters()), 6)
+        self.assertTrue((site.folder / "DATA" / "印刷設定.ini").exists())
+
+    def test_under_another_code_page_the_program_tells_what_it_does_not_find_and_goes_on(self):
+        site = Site(self.folder / "site")
+        self.addCleanup(set_short_date)  # Wine sets the form of another language when it meets one
+        code, events = site.play(PRINT, LC_ALL="C.UTF-8")
+        self.assertEqual(code, 0)
+        self.assertEqual(boxes(events), ["loadInitCorp でエラー\r\n" + NO_CONNECTION,
+                                         "Form_Load() でエラー\r\n" + NO_CONNECTION,
+                                         "iGetKanjaData でエラー\r\n" + NO_CONNECTION,
+                                         "患者データの取得に失敗しました。"])
+        self.assertEqual(events[-1], {"event": "end", "code": 0})
+
+    def test_a_missing_driver_is_told_at_each_connection_and_the_screen_stands(self):
+        site = Site(self.folder / "site")
+        (self.folder / "odbcinst.ini").touch()
+        no_drivers = {"ODBCSYSINI": str(self.folder), "ODBCINI": str(self.folder / "odbc.ini")}
+        missing = "(-2147467259)no ODBC driver for SQL Server is installed"
+        for connection in ("Provider=SQLOLEDB;Data Source=127.0.0.1;Initial Catalog=m;User ID=sa;Password=x",
+                           "Driver={ODBC Driver 18 for SQL Server};Server=127.0.0.1;Database=m;UID=sa;PWD=x"):
+            with self.subTest(connection=connection):
+                (site.folder / "adodb.ini").write_bytes(f"[接続情報]\r\n接続情報={connection}\r\n".encode("cp932"))
+                code, events = site.play(PRINT, **no_drivers)
+                self.assertEqual(code, 0)
+                self.assertEqual(boxes(events), ["loadInitCorp でエラー\r\n" + missing, "Form_Load() でエラー\r\n" + missing,
+                                                 "iGetKanjaData でエラー\r\n" + missing,
+                                                 "患者データの取得に失敗しました。"])
+                self.assertIn({"event": "window", "name": "frmPrintInin", "shown": True}, events)
+                self.assertEqual(events[-1], {"event": "end", "code": 0})
+                self.assertIn("データベースに接続できません。（no ODBC driver for SQL Server is installed）",
+                              site.check(**no_drivers))
+
+    def test_a_folder_that_may_not_be_written_ends_a_print_with_error_75_and_keeps_no_settings(self):
+        site = Site(self.folder / "site")
+        for name in ("TMP", "DATA", "."):
+            (site.folder / name).chmod(0o555)
+            self.addCleanup((site.folder / name).chmod, 0o755)
+        if os.access(site.folder / "TMP", os.W_OK):
+            self.skipTest("this user may write everywhere")
+        code, events = site.play(PRINT)
+        self.assertEqual(code, 1)
+        self.assertEqual(events[-1], {"event": "fatal", "number": 75, "text": "パス名が無効です。"})
+        self.assertEqual(list((site.folder / "TMP").iterdir()) + list((site.folder / "DATA").iterdir()), [])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)

@@ -1,0 +1,47 @@
+#include "adapters/odbc/jet_dao.h"
+
+#include "adapters/win32/win32_platform.h"
+#include "data/dao_session.h"
+#include "temp_folder.h"
+
+#include <filesystem>
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+
+namespace {
+
+struct Opening {
+    explicit Opening(const std::string &path)
+    {
+        REQUIRE(session.iInit(path, 0, "ws", "", "", dbUseJet) == 0);
+        status = session.iDbOpen();
+    }
+    std::unique_ptr<DaoEngine> engine = makeJetDao([](const std::string &name) { return name; });
+    clsT_Dao session{*engine};
+    std::int16_t status = 0;
+};
+
+const std::string kSample = ININ_TEST_DATA "/jet/practice.mdb";
+
+} // namespace
+
+TEST_CASE("a Jet file on a machine without the Access driver is a failed opening with the driver manager's words")
+{
+    const TempFolder folder;
+    const std::string copy = win32Path(folder / "診療所.mdb");
+    std::filesystem::copy_file(kSample, pathOf(copy));
+    const Opening opening(copy);
+    CHECK(opening.status == -1);
+    CHECK(opening.session.sErrMsg().starts_with("3151\r\n"));
+    CHECK(opening.session.sErrMsg().size() > 6);
+}
+
+TEST_CASE("a file that is no Jet file is refused before any driver is asked")
+{
+    const TempFolder folder;
+    const Opening opening(win32Path(folder.put("text.mdb", "no database")));
+    CHECK(opening.status == -1);
+    CHECK(opening.session.sErrMsg().starts_with("3343\r\n"));
+}
