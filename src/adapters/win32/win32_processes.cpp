@@ -5,6 +5,7 @@
 #include "runtime/runtime_error.h"
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include <windows.h>
@@ -14,6 +15,8 @@
 namespace inin {
 
 namespace {
+
+constexpr std::wstring_view kUnlimited = L"\\\\?\\";
 
 struct ShowRule {
     WindowStyle style;
@@ -30,6 +33,33 @@ WORD showOf(WindowStyle style)
     return SW_SHOWNORMAL;
 }
 
+/// The path of names of 8.3, the surest way to start what lies deep; the path itself on a drive that keeps no such names.
+std::wstring shortNameOf(const std::wstring &path)
+{
+    std::wstring name(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
+    name.resize(GetShortPathNameW(path.c_str(), name.data(), static_cast<DWORD>(name.size())));
+    return name.empty() ? path : name;
+}
+
+/// A file keeps its own name, by which a program may know what it is to do.
+std::wstring inShortFolder(const std::wstring &file)
+{
+    const std::size_t slash = file.find_last_of(L'\\');
+    return shortNameOf(file.substr(0, slash)) + file.substr(slash);
+}
+
+/// What a program takes over as its current folder: empty for the one that this program is in, which it takes by itself
+/// unless that lies beyond the classic limit.
+std::wstring folderToTakeOver()
+{
+    std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+    folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+    const std::wstring deep = widePath(utf8FromWide(folder));
+    if (!deep.starts_with(kUnlimited)) return {};
+    const std::wstring name = shortNameOf(deep);
+    return name.starts_with(kUnlimited) ? name.substr(kUnlimited.size()) : name;
+}
+
 /// One call of the system; without a program it looks for one at the shortest beginning of the line that names a file.
 bool isStarted(const wchar_t *program, const std::string &commandLine, WindowStyle style)
 {
@@ -38,8 +68,10 @@ bool isStarted(const wchar_t *program, const std::string &commandLine, WindowSty
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = showOf(style);
+    const std::wstring folder = folderToTakeOver();
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) == 0)
+    if (CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                       folder.empty() ? nullptr : folder.c_str(), &startup, &process) == 0)
         return false;
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
@@ -59,20 +91,12 @@ std::optional<DeepProgram> deepProgramOf(const std::string &commandLine)
         blank = commandLine.find(' ', blank + 1);
         const std::string path = commandLine.substr(0, blank);
         const std::wstring file = widePath(path);
-        if (!file.starts_with(L"\\\\?\\")) continue;
+        if (!file.starts_with(kUnlimited)) continue;
         const DWORD attributes = GetFileAttributesW(file.c_str());
         if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
             return DeepProgram{file, "\"" + path + "\"" + commandLine.substr(path.size())};
     } while (blank != std::string::npos);
     return std::nullopt;
-}
-
-/// The path of names of 8.3, for a system that starts nothing from a deep folder by its own name.
-std::wstring shortNameOf(const std::wstring &path)
-{
-    std::wstring name(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
-    name.resize(GetShortPathNameW(path.c_str(), name.data(), static_cast<DWORD>(name.size())));
-    return name.empty() ? path : name;
 }
 
 class Win32Processes : public Processes {
@@ -83,8 +107,8 @@ public:
     {
         if (isStarted(nullptr, commandLine, style)) return;
         const std::optional<DeepProgram> deep = deepProgramOf(commandLine);
-        if (!deep || !(isStarted(deep->file.c_str(), deep->commandLine, style) ||
-                       isStarted(shortNameOf(deep->file).c_str(), deep->commandLine, style)))
+        if (!deep || !(isStarted(inShortFolder(deep->file).c_str(), deep->commandLine, style) ||
+                       isStarted(deep->file.c_str(), deep->commandLine, style)))
             throw RuntimeError(error_number::fileNotFound);
     }
 

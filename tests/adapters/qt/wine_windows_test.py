@@ -40,6 +40,11 @@ class WineProgram(Program):
             ["wine", self.site + "/PrintInin.exe"], cwd=self.site, stderr=subprocess.PIPE, text=True,
             env={**environment, "ININ_TRANSCRIPT": windows_path(self.transcript)})
 
+    def __exit__(self, kind, *rest):
+        if kind is not None:
+            Pictures(self.display, "failed")(os.path.basename(self.transcript))
+        super().__exit__(kind, *rest)
+
     def bring_back(self):
         """What was started has had time to read its script, and may stand in front: titles tell the windows apart."""
         time.sleep(1.0)
@@ -191,6 +196,7 @@ def leave(program, display):
 
 def a_path_of_more_than_300_characters(programs, display):
     """The site lies deep; the programs lie elsewhere, for the system starts none from there by a click."""
+    without_viewer(programs)
     with deep_site() as site:
         with WineProgram(display, programs, ININ_APP_DIR=windows_path(site)) as program:
             expect("exit code", work_a_print(program, display, Pictures(display, "deep")), 0)
@@ -210,6 +216,7 @@ def deep_site():
     expect("long enough", len(windows_path(site)) > 300, True)
     os.makedirs(os.path.dirname(site))
     wine("inin-site.exe", "make", windows_path(site), "--patients", "40", "--seed", "3", cwd=drive_c() + "/" + FOLDER)
+    without_viewer(site)
     try:
         yield site
     finally:

@@ -4,6 +4,10 @@
 #include "runtime/runtime_error.h"
 #include "temp_folder.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 #include <doctest/doctest.h>
 #include <windows.h>
 
@@ -33,11 +37,25 @@ public:
             Sleep(10); // it runs yet
         for (; !m_levels.empty(); m_levels.pop_back()) RemoveDirectoryW(widePath(m_levels.back()).c_str());
     }
+    [[nodiscard]] const std::string &folder() const { return m_levels.back(); }
     [[nodiscard]] const std::string &program() const { return m_program; }
     [[nodiscard]] std::string told() const
     {
         std::string told;
         for (int wait = 0; wait < 1000 && (told = m_folder.bytes("told")).empty(); ++wait) Sleep(10);
+        return told;
+    }
+    /// What it told in the deep folder itself.
+    [[nodiscard]] std::string toldInFolder() const
+    {
+        const std::filesystem::path file(widePath(folder() + "\\told"));
+        std::string told;
+        for (int wait = 0; wait < 1000 && told.empty(); ++wait) {
+            Sleep(10);
+            std::ifstream stream(file, std::ios::binary);
+            told.assign(std::istreambuf_iterator<char>(stream), {});
+        }
+        DeleteFileW(file.c_str());
         return told;
     }
     [[nodiscard]] std::string toldPlace() const { return win32Path(m_folder / "told"); }
@@ -58,6 +76,18 @@ TEST_CASE("a program at a path of more than 300 characters with blanks is starte
     makeWin32Processes([] {})->start(partner.program() + " " + partner.toldPlace() + " 2", WindowStyle::normalFocus);
 
     CHECK(partner.told() == "1\n2\n");
+}
+
+TEST_CASE("a program that is started in such a folder finds files from it")
+{
+    const DeepPartner partner;
+    const std::filesystem::path before = std::filesystem::current_path();
+    REQUIRE(SetCurrentDirectoryW(wideFromUtf8(partner.folder()).c_str()) != 0);
+
+    makeWin32Processes([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
+
+    std::filesystem::current_path(before);
+    CHECK(partner.toldInFolder() == "1\n2\n");
 }
 
 TEST_CASE("a program that is not there at such a path is error 53")
