@@ -166,6 +166,31 @@ TEST_CASE("a bold text is darker than the same text and takes the same room, on 
     holdAgainstGolden(picture, "bold.png");
 }
 
+TEST_CASE("a text that runs down looks as it did, the same in the picture, in the PDF and on a printer")
+{
+    Folder folder;
+    const std::string down = "style='writing-mode:vertical-rl;font-family:IPAexMincho;font-size:8px";
+    const LetterSet set = lettersOn(svgPage("<rect id='b' x='4' y='4' width='10' height='50' fill='none' stroke='#888'"
+                                            " stroke-width='.3'/><text data-box='b' " +
+                                            down + "'>「縦書き」、です。ー</text><text x='24' y='4' " + down +
+                                            ";font-weight:bold'>令和6年（𠮷…）</text><text x='36' y='4' " + down +
+                                            ";letter-spacing:2px;text-orientation:upright'>5月1日</text>"),
+                                    {ordinaryRow()});
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    QtGlyphs glyphs;
+    const QRect top(0, 0, 110, 170);
+    const QImage picture = letterImage(press, 0, kDots, glyphs).copy(top);
+    holdAgainstGolden(picture, "running_down.png");
+    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
+    const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+    CHECK(difference(coarse(picture), coarse(page)) < 0.02);
+    CHECK(difference(coarse(picture), coarse(picture.copy(0, 2, top.width(), top.height()))) > 0.035);
+    printLetter(press, folder.file("printed.pdf"), glyphs);
+    const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
+    CHECK(difference(coarse(picture), coarse(printed)) < 0.02);
+}
+
 TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
 {
     Pictures pictures("委任状37_01.wfd");

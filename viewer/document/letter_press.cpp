@@ -33,6 +33,12 @@ const std::vector<std::string> &unreadableColumns()
 
 } // namespace
 
+Point sizeOf(Paper paper)
+{
+    const auto *const known = std::ranges::find(kPapers, paper, &PaperSize::paper);
+    return {known->width * kPointsPerMillimetre, known->height * kPointsPerMillimetre};
+}
+
 LetterPress::LetterPress(const LetterSet &set, Fonts &fonts)
     : m_set(set),
       m_unreadableForm(listingForm(unreadableColumns(),
@@ -64,8 +70,7 @@ std::vector<std::string> LetterPress::formNotices() const
 
 Point LetterPress::paperSize() const
 {
-    const auto *const paper = std::ranges::find(kPapers, m_set.paper, &PaperSize::paper);
-    return {paper->width * kPointsPerMillimetre, paper->height * kPointsPerMillimetre};
+    return sizeOf(m_set.paper);
 }
 
 Affine LetterPress::onPaper(std::size_t letter) const

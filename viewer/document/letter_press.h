@@ -10,6 +10,9 @@
 
 namespace inin::viewer {
 
+/// In points.
+[[nodiscard]] Point sizeOf(Paper paper);
+
 /// Puts the letters of a set on pages, whatever they are painted with.
 class LetterPress {
 public:

@@ -35,7 +35,12 @@ struct PathCommand {
 };
 
 enum class Anchor { start, middle, end };
+/// On which end of a box the lines stand; in a text that runs down, top is the side where its lines begin.
 enum class Vertical { top, middle, bottom };
+/// How a text runs: across with lines downwards, or down with lines to one side.
+enum class WritingMode { across, downToLeft, downToRight };
+/// Which letters of a text that runs down stand upright; the others lie on their right side.
+enum class Upright { asUsual, all, none };
 
 /// The box that a text must stay in, and what may happen to it before it counts as too long: first it is tightened
 /// (its letters made narrower), then broken into lines, then made smaller.
@@ -57,7 +62,10 @@ struct TextCommand {
     Color color;
     double spacing = 0; ///< added behind each letter
     Anchor anchor = Anchor::start;
-    Affine at; ///< from the text's own place (baseline at 0, 0, in points) to the page
+    WritingMode writing = WritingMode::across;
+    Upright upright = Upright::asUsual;
+    Affine
+        at; ///< from the text's own place (baseline, or the middle of what runs down, at 0, 0, in points) to the page
     std::optional<FitRule> fit;
     [[nodiscard]] bool isField() const;
 };

@@ -2,7 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
-#include "viewer/form/svg_style.h"
+#include "viewer/form/svg_style_sheet.h"
 #include "viewer/form/svg_text.h"
 #include "viewer/form/svg_values.h"
 
@@ -33,7 +33,7 @@ constexpr Skipped kSkipped[] = {
     {"defs", ""},
     {"namedview", ""},
     {"script", "スクリプトは実行しません。"},
-    {"style", "style 要素の書式は使いません。各要素の属性で指定してください。"},
+    {"style", ""}, // read before
     {"image", "画像は表示しません。外部のファイルも読み込みません。"},
     {"use", "複製（use）は表示しません。複製を独立したオブジェクトにしてください。"},
     {"foreignObject", "foreignObject は表示しません。"},
@@ -96,10 +96,35 @@ struct Level {
     SvgStyle style;
 };
 
+/// Gathers the texts of the style elements.
+class StyleCollector : public XmlHandler {
+public:
+    void open(std::string_view name, const XmlAttributes &attributes) override
+    {
+        const std::string_view type = attributes.get("type", "text/css");
+        m_isInStyle = name == "style" && type == "text/css";
+        if (m_isInStyle) m_texts.emplace_back();
+    }
+    void close(std::string_view /*name*/) override { m_isInStyle = false; }
+    void text(std::string_view text) override
+    {
+        if (m_isInStyle) m_texts.back() += text;
+    }
+    [[nodiscard]] const std::vector<std::string> &texts() const { return m_texts; }
+
+private:
+    std::vector<std::string> m_texts;
+    bool m_isInStyle = false;
+};
+
 class SvgReader : public XmlHandler {
 public:
     FormDocument read(std::string_view bytes)
     {
+        // A rule holds for elements before it too, so the rules are read first.
+        StyleCollector styles;
+        readXml(bytes, kSvgSpace, styles);
+        for (const std::string &text : styles.texts()) m_sheet.add(text, teller());
         readXml(bytes, kSvgSpace, *this);
         m_text.settleBoxes(m_boxes, m_form);
         return std::move(m_form);
@@ -157,7 +182,7 @@ private:
         if (name != "svg") throw RuntimeError(error_number::invalidCall, "SVG の文書ではありません。");
         Level level;
         level.place = placeOfPage(attributes);
-        level.style.apply(attributes, teller());
+        level.style.apply(attributes, m_sheet.of(name, attributes), teller());
         m_levels.push_back(std::move(level));
     }
 
@@ -183,7 +208,7 @@ private:
     {
         Level level = m_levels.back();
         level.place = level.place * readTransform(attributes.get("transform"));
-        level.style.apply(attributes, teller());
+        level.style.apply(attributes, m_sheet.of(name, attributes), teller());
         if (name == "text") m_text.open(attributes, level.place, level.style, teller());
         if (name == "tspan") m_text.openSpan(attributes, level.style);
         const auto *const shape = std::ranges::find(kShapes, name, &Shape::name);
@@ -221,6 +246,7 @@ private:
     }
 
     FormDocument m_form;
+    StyleSheet m_sheet;
     std::vector<Level> m_levels;
     std::map<std::string, Box, std::less<>> m_boxes;
     SvgText m_text;

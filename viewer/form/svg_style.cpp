@@ -1,6 +1,7 @@
 #include "viewer/form/svg_style.h"
 
 #include "runtime/text.h"
+#include "viewer/form/svg_style_sheet.h"
 #include "viewer/form/svg_values.h"
 
 #include <fmt/format.h>
@@ -89,83 +90,129 @@ struct Unsupported {
     std::string_view what;
 };
 constexpr Unsupported kUnsupported[] = {
-    {"writing-mode", "lr-tb horizontal-tb lr", "縦書き"},
     {"clip-path", "none", "切り抜き"},
     {"mask", "none", "マスク"},
     {"filter", "none", "フィルター"},
     {"marker-start", "none", "矢印などのマーカー"},
     {"marker-end", "none", "矢印などのマーカー"},
     {"text-decoration", "none", "文字の下線など"},
+    {"text-combine-upright", "none", "縦中横"},
+};
+
+constexpr Word<WritingMode> kWritings[] = {{"lr", WritingMode::across},
+                                           {"lr-tb", WritingMode::across},
+                                           {"horizontal-tb", WritingMode::across},
+                                           {"rl", WritingMode::across},
+                                           {"rl-tb", WritingMode::across},
+                                           {"tb", WritingMode::downToLeft},
+                                           {"tb-rl", WritingMode::downToLeft},
+                                           {"vertical-rl", WritingMode::downToLeft},
+                                           {"tb-lr", WritingMode::downToRight},
+                                           {"vertical-lr", WritingMode::downToRight}};
+constexpr Word<Upright> kUprights[] = {
+    {"mixed", Upright::asUsual}, {"auto", Upright::asUsual},  {"upright", Upright::all},         {"0", Upright::all},
+    {"0deg", Upright::all},      {"sideways", Upright::none}, {"sideways-right", Upright::none}, {"90", Upright::none},
+    {"90deg", Upright::none}};
+
+struct Property {
+    std::string_view name;
+    void (*set)(SvgStyle &style, const std::string &value, const Notice &tell);
+};
+const Property kProperties[] = {
+    {"fill", [](SvgStyle &s, const std::string &v, const Notice &tell) { setPaint(s.fill, v, tell); }},
+    {"stroke", [](SvgStyle &s, const std::string &v, const Notice &tell) { setPaint(s.stroke, v, tell); }},
+    {"fill-opacity", [](SvgStyle &s, const std::string &v, const Notice &) { setShare(s.fillOpacity, v); }},
+    {"stroke-opacity", [](SvgStyle &s, const std::string &v, const Notice &) { setShare(s.strokeOpacity, v); }},
+    {"stroke-width",
+     [](SvgStyle &s, const std::string &v, const Notice &) { setLength(s.strokeWidth, v, s.fontSize); }},
+    {"stroke-dasharray", [](SvgStyle &s, const std::string &v, const Notice &) { s.dashes = dashesOf(v); }},
+    {"stroke-linecap", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kCaps, v, s.cap); }},
+    {"stroke-linejoin", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kJoins, v, s.join); }},
+    {"fill-rule", [](SvgStyle &s, const std::string &v, const Notice &) { s.evenOdd = v == "evenodd"; }},
+    {"display", [](SvgStyle &s, const std::string &v, const Notice &) { s.isHidden = s.isHidden || v == "none"; }},
+    {"visibility", [](SvgStyle &s, const std::string &v,
+                      const Notice &) { s.isHidden = s.isHidden || v == "hidden" || v == "collapse"; }},
+    {"font-family", [](SvgStyle &s, const std::string &v, const Notice &) { s.family = firstFamily(v); }},
+    {"font-size", [](SvgStyle &s, const std::string &v,
+                     const Notice &) { s.fontSize = readLength(v, s.fontSize, s.fontSize).value_or(s.fontSize); }},
+    {"font-weight",
+     [](SvgStyle &s, const std::string &v, const Notice &) { s.isBold = v == "inherit" ? s.isBold : isBoldWeight(v); }},
+    {"letter-spacing", [](SvgStyle &s, const std::string &v,
+                          const Notice &) { setLength(s.spacing, v == "normal" ? "0" : v, s.fontSize); }},
+    {"text-anchor", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kAnchors, v, s.anchor); }},
+    {"writing-mode", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kWritings, v, s.writing); }},
+    {"text-orientation", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kUprights, v, s.upright); }},
+    {"glyph-orientation-vertical",
+     [](SvgStyle &s, const std::string &v, const Notice &) { choose(kUprights, v, s.upright); }},
+    {"xml:space", [](SvgStyle &s, const std::string &v, const Notice &) { s.keepsBlanks = v == "preserve"; }},
+    {"white-space", [](SvgStyle &s, const std::string &v, const Notice &) { s.keepsBlanks = v.starts_with("pre"); }},
+};
+
+constexpr std::string_view kOpacity = "opacity", kFontSize = "font-size";
+
+/// Every property once, with its strongest value.
+class Cascade {
+public:
+    void put(std::string_view name, std::string_view value)
+    {
+        if (!SvgStyle::knows(name)) return;
+        const auto found = std::ranges::find(m_values, name, &Value::name);
+        if (found != m_values.end())
+            found->value = value;
+        else
+            m_values.push_back({name, value});
+    }
+    struct Value {
+        std::string_view name, value;
+    };
+    [[nodiscard]] std::vector<Value> &values() { return m_values; }
+
+private:
+    std::vector<Value> m_values;
 };
 
 } // namespace
 
-void SvgStyle::set(std::string_view name, std::string_view raw, const Notice &tell)
+bool SvgStyle::knows(std::string_view name)
 {
-    const std::string value = trim(raw);
-    if (name == "fill")
-        setPaint(fill, value, tell);
-    else if (name == "stroke")
-        setPaint(stroke, value, tell);
-    else if (name == "fill-opacity")
-        setShare(fillOpacity, value);
-    else if (name == "stroke-opacity")
-        setShare(strokeOpacity, value);
-    else if (name == "stroke-width")
-        setLength(strokeWidth, value, fontSize);
-    else if (name == "stroke-dasharray")
-        dashes = dashesOf(value);
-    else if (name == "stroke-linecap")
-        choose(kCaps, value, cap);
-    else if (name == "stroke-linejoin")
-        choose(kJoins, value, join);
-    else if (name == "fill-rule")
-        evenOdd = value == "evenodd";
-    else if (name == "display")
-        isHidden = isHidden || value == "none";
-    else if (name == "visibility")
-        isHidden = isHidden || value == "hidden" || value == "collapse";
-    else if (name == "font-family")
-        family = firstFamily(value);
-    else if (name == "font-size")
-        fontSize = readLength(value, fontSize, fontSize).value_or(fontSize);
-    else if (name == "font-weight")
-        isBold = value == "inherit" ? isBold : isBoldWeight(value);
-    else if (name == "letter-spacing")
-        setLength(spacing, value == "normal" ? "0" : value, fontSize);
-    else if (name == "text-anchor")
-        choose(kAnchors, value, anchor);
-    else if (name == "xml:space")
-        keepsBlanks = value == "preserve";
-    else if (name == "white-space")
-        keepsBlanks = value.starts_with("pre");
+    return name == kOpacity || std::ranges::find(kProperties, name, &Property::name) != std::end(kProperties) ||
+           std::ranges::find(kUnsupported, name, &Unsupported::name) != std::end(kUnsupported);
+}
+
+void SvgStyle::set(std::string_view name, const std::string &value, const Notice &tell)
+{
+    const auto *const property = std::ranges::find(kProperties, name, &Property::name);
+    if (property != std::end(kProperties)) property->set(*this, value, tell);
     const auto *const lacking = std::ranges::find(kUnsupported, name, &Unsupported::name);
     if (lacking != std::end(kUnsupported) && lacking->atRest.find(value) == std::string_view::npos)
         tell(fmt::format("{}（{}）には対応していません。", lacking->what, name));
 }
 
-void SvgStyle::apply(const XmlAttributes &attributes, const Notice &tell)
+void SvgStyle::apply(const XmlAttributes &attributes, const std::vector<const StyleDeclaration *> &sheet,
+                     const Notice &tell)
 {
-    double own = 1;
-    const auto take = [&](std::string_view name, std::string_view value) {
-        // The opacity of a group and of what is in it multiply.
-        if (name == "opacity")
-            setShare(own, trim(value));
-        else
-            set(name, value, tell);
-    };
-    // Lengths in em need the size first.
-    if (const auto size = attributes.find("font-size")) take("font-size", *size);
-    for (const auto &[name, value] : attributes.all())
-        if (name != "style" && name != "font-size") take(name, value);
-    std::string_view style = attributes.get("style");
-    while (!style.empty()) {
-        const std::string_view rule = style.substr(0, style.find(';'));
-        style.remove_prefix(std::min(rule.size() + 1, style.size()));
-        const std::size_t colon = rule.find(':');
-        if (colon != std::string_view::npos) take(trim(rule.substr(0, colon)), rule.substr(colon + 1));
+    const std::vector<StyleDeclaration> own = readDeclarations(attributes.get("style"));
+    Cascade cascade;
+    for (const auto &[name, value] : attributes.all()) cascade.put(name, value);
+    for (const bool important : {false, true}) {
+        for (const StyleDeclaration *each : sheet)
+            if (each->isImportant == important) cascade.put(each->name, each->value);
+        for (const StyleDeclaration &each : own)
+            if (each.isImportant == important) cascade.put(each.name, each.value);
     }
-    opacity *= own;
+    // Lengths in em need the size first.
+    std::stable_partition(cascade.values().begin(), cascade.values().end(),
+                          [](const Cascade::Value &each) { return each.name == kFontSize; });
+    for (const auto &[name, value] : cascade.values()) {
+        if (name != kOpacity) {
+            set(name, trim(value), tell);
+            continue;
+        }
+        // The opacity of a group and of what is in it multiply.
+        double ownOpacity = 1;
+        setShare(ownOpacity, trim(value));
+        opacity *= ownOpacity;
+    }
 }
 
 std::optional<Color> SvgStyle::fillOnPaper() const

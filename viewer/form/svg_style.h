@@ -11,6 +11,8 @@
 
 namespace inin::viewer {
 
+struct StyleDeclaration;
+
 /// Told a sentence about something that is not drawn as the file has it.
 using Notice = std::function<void(std::string)>;
 
@@ -30,16 +32,21 @@ struct SvgStyle {
     double spacing = 0;
     bool isBold = false;
     Anchor anchor = Anchor::start;
+    WritingMode writing = WritingMode::across;
+    Upright upright = Upright::asUsual;
     bool keepsBlanks = false;
 
-    /// Takes in an element's attributes, those of its `style` last.
-    void apply(const XmlAttributes &attributes, const Notice &tell);
+    /// Takes in an element's own attributes, what a style sheet says of it (the weakest first), and its `style`; of two
+    /// values for one property the stronger counts.
+    void apply(const XmlAttributes &attributes, const std::vector<const StyleDeclaration *> &sheet, const Notice &tell);
+    /// True for a property that is understood, or whose absence is told.
+    [[nodiscard]] static bool knows(std::string_view name);
     /// Colours on white paper: what is half transparent is mixed with white.
     [[nodiscard]] std::optional<Color> fillOnPaper() const;
     [[nodiscard]] std::optional<Color> strokeOnPaper() const;
 
 private:
-    void set(std::string_view name, std::string_view value, const Notice &tell);
+    void set(std::string_view name, const std::string &value, const Notice &tell);
 };
 
 } // namespace inin::viewer

@@ -59,7 +59,7 @@ bool isBlank(std::string_view text)
 bool looksTheSame(const SvgStyle &a, const SvgStyle &b)
 {
     return a.family == b.family && a.fontSize == b.fontSize && a.spacing == b.spacing && a.isBold == b.isBold &&
-           a.fillOnPaper() == b.fillOnPaper();
+           a.upright == b.upright && a.fillOnPaper() == b.fillOnPaper();
 }
 
 } // namespace
@@ -96,11 +96,16 @@ void SvgText::openSpan(const XmlAttributes &attributes, const SvgStyle &style)
     if (!m_isOpen) return;
     readOwnAttributes(attributes);
     const auto x = firstOf(attributes, "x", style.fontSize), y = firstOf(attributes, "y", style.fontSize);
-    const auto dy = firstOf(attributes, "dy", style.fontSize);
-    if (!x && !y && !dy) return;
-    const Line &last = m_lines.back();
-    // Without an x a line begins where the text does: where the line before ended is known only when it is filled.
-    m_lines.push_back({x.value_or(m_lines.front().x), y.value_or(last.y) + dy.value_or(0), {}});
+    const bool runsDown = style.writing != WritingMode::across;
+    const auto aside = firstOf(attributes, runsDown ? "dx" : "dy", style.fontSize);
+    if (!x && !y && !aside) return;
+    const Line &first = m_lines.front(), &last = m_lines.back();
+    // A line whose place along it is not given begins where the text does: where the line before ended is known only when
+    // it is filled.
+    if (runsDown)
+        m_lines.push_back({x.value_or(last.x) + aside.value_or(0), y.value_or(first.y), {}});
+    else
+        m_lines.push_back({x.value_or(first.x), y.value_or(last.y) + aside.value_or(0), {}});
 }
 
 void SvgText::closeSpan() {}
@@ -168,6 +173,8 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
     command.color = *color;
     command.spacing = style.spacing * scale;
     command.anchor = style.anchor;
+    command.writing = style.writing;
+    command.upright = style.upright;
     command.at = m_place * Affine{1 / scale, 0, 0, 1 / scale, line.x, line.y};
     const auto box = m_wishes.find("box");
     if (box != m_wishes.end()) {

@@ -194,19 +194,26 @@ std::uint32_t Font::textOf(std::u32string_view cluster) const
     return number;
 }
 
-void Font::shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const
+void Font::shapeInto(std::u32string_view text, bool isDown) const
 {
     hb_buffer_t *const buffer = m_faces->buffer.get();
     hb_buffer_clear_contents(buffer);
     const auto *const characters = reinterpret_cast<const std::uint32_t *>(text.data());
     hb_buffer_add_utf32(buffer, characters, static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
-    hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
+    hb_buffer_set_direction(buffer, isDown ? HB_DIRECTION_TTB : HB_DIRECTION_LTR);
     hb_buffer_set_language(buffer, hb_language_from_string("ja", -1));
     hb_buffer_guess_segment_properties(buffer);
     hb_shape(m_faces->font.get(), buffer, nullptr, 0);
+}
+
+/// Takes the buffer's glyphs, each placed by `place` from the shaper's position and the pen, which that moves.
+template <class Place>
+void Font::takeShaped(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing,
+                      const Place &place) const
+{
     unsigned count = 0;
-    const hb_glyph_info_t *const infos = hb_buffer_get_glyph_infos(buffer, &count);
-    const hb_glyph_position_t *const places = hb_buffer_get_glyph_positions(buffer, &count);
+    const hb_glyph_info_t *const infos = hb_buffer_get_glyph_infos(m_faces->buffer.get(), &count);
+    const hb_glyph_position_t *const places = hb_buffer_get_glyph_positions(m_faces->buffer.get(), &count);
     double pen = 0;
     for (unsigned i = 0; i < count; ++i) {
         const std::size_t begin = infos[i].cluster;
@@ -216,12 +223,43 @@ void Font::shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs
         const std::size_t end = next < count ? infos[next].cluster : text.size();
         const auto cluster = text.substr(begin, end - begin);
         if (infos[i].codepoint == 0 && isFirst) missing.insert(missing.end(), cluster.begin(), cluster.end());
-        const double advance = places[i].x_advance * m_faces->thousandth;
-        glyphs.push_back({infos[i].codepoint, isFirst ? textOf(cluster) : 0,
-                          static_cast<float>(pen + places[i].x_offset * m_faces->thousandth),
-                          static_cast<float>(advance)});
-        pen += advance;
+        ShapedGlyph glyph{infos[i].codepoint, isFirst ? textOf(cluster) : 0};
+        place(places[i], pen, glyph);
+        glyphs.push_back(glyph);
     }
+}
+
+void Font::shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const
+{
+    shapeInto(text, false);
+    takeShaped(text, glyphs, missing, [&](const hb_glyph_position_t &at, double &pen, ShapedGlyph &glyph) {
+        const double advance = at.x_advance * m_faces->thousandth;
+        glyph.x = static_cast<float>(pen + at.x_offset * m_faces->thousandth);
+        glyph.advance = static_cast<float>(advance);
+        pen += advance;
+    });
+}
+
+void Font::shapeDown(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const
+{
+    shapeInto(text, true);
+    // The shaper's y grows upwards.
+    takeShaped(text, glyphs, missing, [&](const hb_glyph_position_t &at, double &pen, ShapedGlyph &glyph) {
+        const double advance = -at.y_advance * m_faces->thousandth;
+        glyph.x = static_cast<float>(pen);
+        glyph.advance = static_cast<float>(advance);
+        glyph.aside = static_cast<float>(at.x_offset * m_faces->thousandth);
+        glyph.drop = static_cast<float>(-at.y_offset * m_faces->thousandth);
+        pen += advance;
+    });
+}
+
+bool Font::hasFormDown(char32_t character) const
+{
+    shapeInto({&character, 1}, true);
+    unsigned count = 0;
+    const hb_glyph_info_t *const infos = hb_buffer_get_glyph_infos(m_faces->buffer.get(), &count);
+    return count == 1 && infos[0].codepoint != known(character).glyph;
 }
 
 std::u32string Font::charactersOf(std::uint32_t text) const

@@ -11,13 +11,15 @@
 
 namespace inin::viewer {
 
-/// A glyph of a text, `x` behind the text's beginning in thousandths of the font's size.
+/// A glyph of a text, `x` behind the text's beginning along its line, in thousandths of the font's size.
 struct ShapedGlyph {
     std::uint32_t glyph = 0;
     /// What the glyph stands for: a code point, from kClusterBase on one of the font's clusters, 0 for nothing.
     std::uint32_t text = 0;
     float x = 0;
     float advance = 0;
+    /// In a text that runs down: where the glyph's own origin is from the line's middle and its place on it, y downwards.
+    float aside = 0, drop = 0;
 };
 inline constexpr std::uint32_t kClusterBase = 0x110000;
 
@@ -45,6 +47,10 @@ public:
     void shape(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
     /// The same by the shaper alone.
     void shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
+    /// For a line that runs down, letters upright: with the font's own forms for it.
+    void shapeDown(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
+    /// True when the font has a form of its own for a character in a line that runs down.
+    [[nodiscard]] bool hasFormDown(char32_t character) const;
     /// The characters of a ShapedGlyph::text.
     [[nodiscard]] std::u32string charactersOf(std::uint32_t text) const;
     [[nodiscard]] float advanceOf(std::uint32_t glyph) const;
@@ -69,6 +75,11 @@ private:
     [[nodiscard]] const Known &known(char32_t character) const;
     [[nodiscard]] Known lookUp(char32_t character) const;
     [[nodiscard]] std::uint32_t textOf(std::u32string_view cluster) const;
+    /// Shapes a text into the buffer.
+    void shapeInto(std::u32string_view text, bool isDown) const;
+    template <class Place>
+    void takeShaped(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing,
+                    const Place &place) const;
 
     std::string m_path;
     int m_index;

@@ -4,20 +4,28 @@
 #include "viewer/layout/font.h"
 
 #include <span>
+#include <string_view>
 
 namespace inin::viewer {
 
-/// One line of glyphs with its place. A glyph stands at at({x * size * stretch / 1000, 0}).
+/// One line of glyphs with its place. A glyph stands at at({x * size * stretch / 1000, 0}); in a run of letters one below
+/// another at at({aside * size, (x + drop) * size * stretch} / 1000).
 struct GlyphRun {
     const Font *font = nullptr;
     double size = 10;
-    double stretch = 1; ///< the width of a letter as a part of its own
+    double stretch = 1; ///< the width of a letter, along the line, as a part of its own
     double spacing = 0; ///< behind each letter, in points before stretching; the glyphs' x do not hold it
     Color color;
     Affine at;
     std::span<const ShapedGlyph> glyphs;
     bool isBold =
         false; ///< each letter is drawn around its outline too, kBoldLine wide: none of the fonts has a bold face
+
+    bool runsDown = false;
+    /// In a text that runs down: at a line's first run all that it says, for letters one below another do not read as a
+    /// line by themselves; and which run is its last.
+    std::u32string_view lineText = {};
+    bool endsLineText = false;
 
     static constexpr double kBoldLine = 0.035; ///< as a part of the size
 };

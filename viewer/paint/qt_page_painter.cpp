@@ -4,6 +4,8 @@
 #include "viewer/document/letter_press.h"
 
 #include <QBuffer>
+#include <QGlyphRun>
+#include <QGuiApplication>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
@@ -125,6 +127,33 @@ void QtPagePainter::paint(const PathCommand &command)
 
 namespace {
 
+/// The installed font that is this very file: only those does a printer's driver take as fonts.
+QRawFont installedFont(const QRawFont &file)
+{
+    QFont wanted(file.familyName());
+    wanted.setPixelSize(static_cast<int>(QtGlyphs::kPrinterFontSize));
+    wanted.setHintingPreference(QFont::PreferNoHinting);
+    wanted.setStyleStrategy(QFont::NoFontMerging);
+    const QRawFont found = QRawFont::fromFont(wanted);
+    // The head table holds the whole file's check sum.
+    return found.isValid() && found.fontTable("head") == file.fontTable("head") ? found : QRawFont();
+}
+
+} // namespace
+
+const QRawFont &QtGlyphs::printerFont(const Font &font)
+{
+    const auto [place, isNew] = m_printerFonts.try_emplace(&font);
+    // The toolkit opens the first font of a file only.
+    // Without an application there are no fonts.
+    if (!isNew || font.index() != 0 || QGuiApplication::instance() == nullptr) return place->second;
+    const QRawFont file(QString::fromStdString(font.path()), kPrinterFontSize, QFont::PreferNoHinting);
+    if (file.isValid()) place->second = installedFont(file);
+    return place->second;
+}
+
+namespace {
+
 /// A screen's or picture's painter is fastest with letter by letter as it knows them; one that writes a file, as printers
 /// do, writes much more for each letter than for its outline.
 bool writesFile(const QPainter &painter)
@@ -144,48 +173,131 @@ void putOnGrid(QPainterPath &path, int dotsPerInch)
     }
 }
 
+/// How large a square of 1 is across and down; a tightened letter is smaller along its line.
+Point squareOf(const GlyphRun &run)
+{
+    const double tight = run.size * run.stretch;
+    return run.runsDown ? Point{run.size, tight} : Point{tight, run.size};
+}
+
+/// Tells each glyph's number, with the place of its square of 1 on the run's line.
+template <class Body> void eachPlace(const GlyphRun &run, Body &&body)
+{
+    const Point square = squareOf(run);
+    const double step = run.size * run.stretch / 1000;
+    double spaced = 0;
+    for (const ShapedGlyph &glyph : run.glyphs) {
+        const double along = double{glyph.x} * step + spaced;
+        const Point at = run.runsDown ? Point{double{glyph.aside} * run.size / 1000, along + double{glyph.drop} * step}
+                                      : Point{along, 0};
+        body(glyph.glyph, Affine{square.x, 0, 0, square.y, at.x, at.y});
+        spaced += run.spacing * run.stretch;
+    }
+}
+
 } // namespace
 
 void QtPagePainter::paint(const GlyphRun &run)
 {
     const QTransform before = m_painter.transform();
-    const QTransform line = qtTransform(run.at) * before;
-    const double step = run.size * run.stretch / 1000;
-    const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
-    const bool gathers = writesFile(m_painter);
-    QPainterPath gathered;
-    gathered.setFillRule(Qt::WindingFill);
-    double spaced = 0;
-    for (const ShapedGlyph &glyph : run.glyphs) {
-        const Affine place{run.size * run.stretch, 0, 0, run.size, double{glyph.x} * step + spaced, 0};
-        const QPainterPath &outline = m_glyphs.outline(*run.font, glyph.glyph, pixels);
-        spaced += run.spacing * run.stretch;
-        if (gathers) {
-            gathered.addPath((qtTransform(place) * line).map(outline));
-            continue;
-        }
-        m_painter.setTransform(qtTransform(place) * line);
-        m_painter.fillPath(outline, qtColor(run.color));
-        if (run.isBold) m_painter.strokePath(outline, boldPen(run, 1));
-    }
-    if (gathers) {
-        putOnGrid(gathered, m_painter.device()->logicalDpiY());
-        m_painter.resetTransform();
-        m_painter.fillPath(gathered, qtColor(run.color));
-        if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
-    }
+    if (!writesFile(m_painter))
+        paintOutlines(run);
+    else if (run.isBold || !paintAsText(run))
+        paintGathered(run);
     m_painter.setTransform(before);
 }
 
-void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+void QtPagePainter::paintOutlines(const GlyphRun &run)
+{
+    const QTransform line = qtTransform(run.at) * m_painter.transform();
+    const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
+    eachPlace(run, [&](std::uint32_t glyph, const Affine &place) {
+        const QPainterPath &outline = m_glyphs.outline(*run.font, glyph, pixels);
+        m_painter.setTransform(qtTransform(place) * line);
+        m_painter.fillPath(outline, qtColor(run.color));
+        if (run.isBold) m_painter.strokePath(outline, boldPen(run, 1));
+    });
+}
+
+/// All outlines of a line as one path.
+void QtPagePainter::paintGathered(const GlyphRun &run)
+{
+    const QTransform line = qtTransform(run.at) * m_painter.transform();
+    const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
+    QPainterPath gathered;
+    gathered.setFillRule(Qt::WindingFill);
+    eachPlace(run, [&](std::uint32_t glyph, const Affine &place) {
+        gathered.addPath((qtTransform(place) * line).map(m_glyphs.outline(*run.font, glyph, pixels)));
+    });
+    putOnGrid(gathered, m_painter.device()->logicalDpiY());
+    m_painter.resetTransform();
+    m_painter.fillPath(gathered, qtColor(run.color));
+    if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
+}
+
+/// The glyphs by their numbers in the font's own file: the printer's driver keeps each shape once. False when the toolkit
+/// cannot open the file.
+bool QtPagePainter::paintAsText(const GlyphRun &run)
+{
+    const QRawFont &font = m_glyphs.printerFont(*run.font);
+    if (!font.isValid()) return false;
+    // The painter is scaled to the font's size, and a tightened letter is narrower by it too.
+    const double across = squareOf(run).x / QtGlyphs::kPrinterFontSize;
+    const double down = squareOf(run).y / QtGlyphs::kPrinterFontSize;
+    QList<quint32> numbers;
+    QList<QPointF> places;
+    eachPlace(run, [&](std::uint32_t glyph, const Affine &place) {
+        numbers.append(glyph);
+        places.append({place.e / across, place.f / down});
+    });
+    QGlyphRun text;
+    text.setRawFont(font);
+    text.setGlyphIndexes(numbers);
+    text.setPositions(places);
+    m_painter.setTransform(qtTransform(run.at * Affine{across, 0, 0, down, 0, 0}) * m_painter.transform());
+    m_painter.setPen(qtColor(run.color));
+    m_painter.drawGlyphRun({}, text);
+    return true;
+}
+
+namespace {
+
+template <class Body>
+void onPaper(const LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs, Body &&body)
 {
     QtPagePainter page(painter, glyphs);
     const QTransform before = painter.transform();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setTransform(qtTransform(press.onPaper(letter)) * before);
-    press.layoutOf(letter).paintShared(page);
-    press.paintFields(letter, page);
+    body(page);
     painter.setTransform(before);
+}
+
+} // namespace
+
+void paintShared(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+{
+    onPaper(press, letter, painter, glyphs, [&](QtPagePainter &page) { press.layoutOf(letter).paintShared(page); });
+}
+
+void paintFields(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+{
+    onPaper(press, letter, painter, glyphs, [&](QtPagePainter &page) { press.paintFields(letter, page); });
+}
+
+void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+{
+    paintShared(press, letter, painter, glyphs);
+    paintFields(press, letter, painter, glyphs);
+}
+
+QImage whitePaper(const LetterPress &press, double scale)
+{
+    const Point paper = press.paperSize();
+    QImage image(static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale)),
+                 QImage::Format_RGB32);
+    image.fill(Qt::white);
+    return image;
 }
 
 QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
@@ -193,10 +305,7 @@ QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, Q
     constexpr double kPointsPerInch = 72;
     constexpr double kInchesPerMetre = 1000 / 25.4;
     const double scale = dotsPerInch / kPointsPerInch;
-    const Point paper = press.paperSize();
-    QImage image(static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale)),
-                 QImage::Format_RGB32);
-    image.fill(Qt::white);
+    QImage image = whitePaper(press, scale);
     image.setDotsPerMeterX(static_cast<int>(std::lround(dotsPerInch * kInchesPerMetre)));
     image.setDotsPerMeterY(image.dotsPerMeterX());
     QPainter painter(&image);

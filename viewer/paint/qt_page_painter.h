@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPainterPath>
+#include <QRawFont>
 #include <string>
 #include <unordered_map>
 
@@ -22,11 +23,17 @@ public:
 
     static constexpr double kSmall = 64;
 
+    /// The font for printers, which then get a letter by its number; invalid where the toolkit cannot open the file.
+    [[nodiscard]] const QRawFont &printerFont(const Font &font);
+    /// Size of printerFont in pixels; whoever paints with it scales.
+    static constexpr double kPrinterFontSize = 100;
+
 private:
     struct Outline {
         QPainterPath curves, lines;
     };
     std::unordered_map<const Font *, std::unordered_map<std::uint32_t, Outline>> m_outlines;
+    std::unordered_map<const Font *, QRawFont> m_printerFonts;
 };
 
 /// Paints with QPainter, whose unit must be the point. Letters are outlines: the same at every scale, on screen and paper.
@@ -37,12 +44,21 @@ public:
     void paint(const GlyphRun &run) override;
 
 private:
+    void paintOutlines(const GlyphRun &run);
+    void paintGathered(const GlyphRun &run);
+    bool paintAsText(const GlyphRun &run);
+
     QPainter &m_painter;
     QtGlyphs &m_glyphs;
 };
 
 /// Paints a whole letter on its paper; the painter's unit must be the point.
 void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+/// The letter's two halves: first what it shares with all letters of its form, then what is its own.
+void paintShared(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+void paintFields(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+/// The paper of a press at so many dots to the point, blank.
+[[nodiscard]] QImage whitePaper(const LetterPress &press, double scale);
 /// One letter as a picture on white paper; needs no display.
 [[nodiscard]] QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 /// The same as the bytes of a PNG file.

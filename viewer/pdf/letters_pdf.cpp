@@ -17,9 +17,9 @@ constexpr std::size_t kPagesBetweenReports = 100;
 
 class LettersPdf {
 public:
-    LettersPdf(FinishedFile &out, LetterPress &press)
-        : m_press(press), m_file(out), m_fonts(m_file), m_paper(press.paperSize()), m_catalog(m_file.reserve()),
-          m_pages(m_file.reserve()), m_resources(m_file.reserve())
+    LettersPdf(FinishedFile &out, LetterPress &press, Point shift)
+        : m_press(press), m_shift(shift), m_file(out), m_fonts(m_file), m_paper(press.paperSize()),
+          m_catalog(m_file.reserve()), m_pages(m_file.reserve()), m_resources(m_file.reserve())
     {
     }
 
@@ -62,7 +62,7 @@ private:
     void placeOnPaper(std::size_t letter, double formHeight, PdfPainter &painter)
     {
         const Affine at = m_press.onPaper(letter);
-        const double x = at.e, y = m_paper.y - at.f - at.a * formHeight;
+        const double x = at.e + m_shift.x, y = m_paper.y - at.f - m_shift.y - at.a * formHeight;
         if (at.a == 1 && std::abs(x) < kNoMove && std::abs(y) < kNoMove) return;
         std::string operators;
         appendNumber(operators, at.a, 5);
@@ -127,6 +127,7 @@ private:
     static constexpr double kNoMove = 0.005;
 
     LetterPress &m_press;
+    Point m_shift;
     PdfFile m_file;
     PdfFonts m_fonts;
     Point m_paper;
@@ -139,11 +140,11 @@ private:
 } // namespace
 
 bool writeLettersPdf(const std::string &path, LetterPress &press, std::span<const std::size_t> letters,
-                     const Progress &progress)
+                     const Progress &progress, Point shift)
 {
     if (letters.empty()) throw RuntimeError(error_number::invalidCall, "委任状が一つも選ばれていません。");
     FinishedFile out(path);
-    if (!LettersPdf(out, press).write(letters, progress)) return false;
+    if (!LettersPdf(out, press, shift).write(letters, progress)) return false;
     out.finish();
     return true;
 }

@@ -25,8 +25,8 @@ float asWritten(float width)
 
 } // namespace
 
-PdfFont::PdfFont(const Font &font, int number, PdfFile &file)
-    : m_font(font), m_number(number), m_object(file.reserve()), m_quick(kQuick), m_used(1)
+PdfFont::PdfFont(const Font &font, Lines lines, int number, PdfFile &file)
+    : m_font(font), m_lines(lines), m_number(number), m_object(file.reserve()), m_quick(kQuick), m_used(1)
 {
 }
 
@@ -37,7 +37,10 @@ std::uint16_t PdfFont::newOrRareCode(const ShapedGlyph &glyph)
     if (m_used.size() > std::numeric_limits<std::uint16_t>::max())
         throw RuntimeError(error_number::overflow, "一つの PDF に使える文字の種類を超えました。");
     const auto code = static_cast<std::uint16_t>(m_used.size());
-    m_used.push_back({glyph.glyph, glyph.text, asWritten(m_font.advanceOf(glyph.glyph))});
+    if (m_lines == Lines::across)
+        m_used.push_back({glyph.glyph, glyph.text, asWritten(m_font.advanceOf(glyph.glyph))});
+    else
+        m_used.push_back({glyph.glyph, glyph.text, asWritten(glyph.advance), glyph.aside, glyph.drop});
     if (glyph.text < kQuick && m_quick[glyph.text].code == 0)
         m_quick[glyph.text] = {glyph.glyph, code};
     else
@@ -45,7 +48,28 @@ std::uint16_t PdfFont::newOrRareCode(const ShapedGlyph &glyph)
     return code;
 }
 
+/// Of each code: how far the pen goes down, and where the pen is from the glyph's origin (ISO 32000, 9.7.4.3).
+std::string PdfFont::heights() const
+{
+    std::string out = "/W2[";
+    for (std::size_t code = 1; code < m_used.size(); ++code) {
+        fmt::format_to(std::back_inserter(out), "{}[", code);
+        for (const float number : {-m_used[code].width, -m_used[code].aside, m_used[code].drop}) {
+            appendNumber(out, double{number});
+            out += ' ';
+        }
+        out += ']';
+    }
+    return out + "]";
+}
+
 std::string PdfFont::widths() const
+{
+    if (m_lines == Lines::down) return heights();
+    return "/DW 1000/W " + ownWidths();
+}
+
+std::string PdfFont::ownWidths() const
 {
     std::string out = "[";
     for (std::size_t code = 1; code < m_used.size(); ++code) {
@@ -104,12 +128,12 @@ void PdfFont::write(PdfFile &file) const
                                  name, descent, ascent, ascent, descent, ascent, fontFile));
     file.writeObject(descendant,
                      fmt::format("<</Type/Font/Subtype/CIDFontType2/BaseFont/{}/CIDSystemInfo<</Registry(Adobe)"
-                                 "/Ordering(Identity)/Supplement 0>>/FontDescriptor {} 0 R/DW 1000/W {}"
+                                 "/Ordering(Identity)/Supplement 0>>/FontDescriptor {} 0 R{}"
                                  "/CIDToGIDMap {} 0 R>>",
                                  name, descriptor, widths(), map));
-    file.writeObject(m_object, fmt::format("<</Type/Font/Subtype/Type0/BaseFont/{}/Encoding/Identity-H"
+    file.writeObject(m_object, fmt::format("<</Type/Font/Subtype/Type0/BaseFont/{}/Encoding/Identity-{}"
                                            "/DescendantFonts[{} 0 R]/ToUnicode {} 0 R>>",
-                                           name, descendant, unicode));
+                                           name, m_lines == Lines::across ? 'H' : 'V', descendant, unicode));
 }
 
 } // namespace inin::viewer

@@ -35,11 +35,12 @@ void appendColor(std::string &out, const Color &color, const char *gray, const c
 
 } // namespace
 
-PdfFont &PdfFonts::of(const Font &font)
+PdfFont &PdfFonts::of(const Font &font, PdfFont::Lines lines)
 {
-    const auto found = std::ranges::find(m_fonts, &font, [](const auto &known) { return &known->font(); });
+    const auto found = std::ranges::find_if(
+        m_fonts, [&](const auto &known) { return &known->font() == &font && known->lines() == lines; });
     if (found != m_fonts.end()) return **found;
-    return *m_fonts.emplace_back(std::make_unique<PdfFont>(font, static_cast<int>(m_fonts.size()), m_file));
+    return *m_fonts.emplace_back(std::make_unique<PdfFont>(font, lines, static_cast<int>(m_fonts.size()), m_file));
 }
 
 void PdfPainter::begin(double pageHeight)
@@ -113,8 +114,10 @@ void PdfPainter::setBold(const GlyphRun &run)
 
 void PdfPainter::setFont(const GlyphRun &run)
 {
-    if (m_font == run.font && m_size == run.size) return;
-    if (m_font != run.font) m_pdfFont = &m_fonts.of(*run.font);
+    const auto lines = run.runsDown ? PdfFont::Lines::down : PdfFont::Lines::across;
+    const bool isSame = m_font == run.font && m_pdfFont->lines() == lines;
+    if (isSame && m_size == run.size) return;
+    if (!isSame) m_pdfFont = &m_fonts.of(*run.font, lines);
     m_font = run.font;
     m_size = run.size;
     m_out += "/F";
@@ -127,7 +130,8 @@ void PdfPainter::setFont(const GlyphRun &run)
 void PdfPainter::moveTo(const GlyphRun &run)
 {
     const Affine &at = run.at;
-    const Point start = at({double{run.glyphs.front().x} * run.size * run.stretch / 1000, 0});
+    const double along = double{run.glyphs.front().x} * run.size * run.stretch / 1000;
+    const Point start = run.runsDown ? at({0, along}) : at({along, 0});
     const bool isTurned = !isPlainMove(at);
     const long x = std::lround(start.x * 100), y = std::lround((m_height - start.y) * 100);
     if (isTurned || m_isTurned) {
@@ -172,7 +176,8 @@ void PdfPainter::showGlyphs(const GlyphRun &run)
         if (std::abs(off) > kPenTolerance) {
             isList = true;
             m_out += ')';
-            appendNumber(m_out, off);
+            // Taken from the way ahead, which in lines that run down is counted upwards.
+            appendNumber(m_out, run.runsDown ? -off : off);
             m_out += '(';
             pen = glyph.x;
         }
@@ -186,18 +191,36 @@ void PdfPainter::showGlyphs(const GlyphRun &run)
 void PdfPainter::paint(const GlyphRun &run)
 {
     if (run.glyphs.empty()) return;
+    if (run.runsDown && run.stretch != 1) {
+        // The file's own tightening knows only lines that run across.
+        GlyphRun tight = run;
+        tight.at = run.at * Affine{1, 0, 0, run.stretch, 0, 0};
+        tight.stretch = 1;
+        paint(tight);
+        return;
+    }
     beginText();
     setFillColor(run.color);
     setFont(run);
     setBold(run);
-    set(m_spacing, run.spacing, " Tc\n");
+    set(m_spacing, run.runsDown ? -run.spacing : run.spacing, " Tc\n");
     if (m_stretch != run.stretch) {
         m_stretch = run.stretch;
         appendNumber(m_out, run.stretch * 100);
         m_out += " Tz\n";
     }
     moveTo(run);
+    if (!run.lineText.empty()) beginActualText(run.lineText);
     showGlyphs(run);
+    if (run.endsLineText) m_out += "EMC\n";
+}
+
+/// Says what is written: a reader of the file takes letters that stand one below another for as many lines.
+void PdfPainter::beginActualText(std::u32string_view text)
+{
+    m_out += "/Span<</ActualText<FEFF";
+    appendUtf16Hex(m_out, text);
+    m_out += ">>>BDC\n";
 }
 
 void PdfPainter::appendPoint(Point point)

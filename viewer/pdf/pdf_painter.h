@@ -14,7 +14,7 @@ namespace inin::viewer {
 class PdfFonts {
 public:
     explicit PdfFonts(PdfFile &file) : m_file(file) {}
-    [[nodiscard]] PdfFont &of(const Font &font);
+    [[nodiscard]] PdfFont &of(const Font &font, PdfFont::Lines lines);
     [[nodiscard]] const std::vector<std::unique_ptr<PdfFont>> &all() const { return m_fonts; }
 
 private:
@@ -44,6 +44,7 @@ private:
     void setFont(const GlyphRun &run);
     void moveTo(const GlyphRun &run);
     void showGlyphs(const GlyphRun &run);
+    void beginActualText(std::u32string_view text);
     void appendCode(std::uint16_t code);
     void appendPoint(Point point);
     void appendPath(const Path &path);

@@ -9,6 +9,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,22 @@ QString CheckPanel::heading() const
     return m_heading->text();
 }
 
+/// Names stand at the end of the lines and must be seen; the remedy keeps its share.
+void CheckPanel::widenFirstColumn()
+{
+    constexpr double kShare = 0.6;
+    constexpr int kLookedAt = 100, kRoom = 12;
+    int widest = 0;
+    for (int branch = 0; branch < m_model.rowCount({}); ++branch) {
+        const QModelIndex parent = m_model.index(branch, 0, {});
+        for (int row = 0; row < std::min(m_model.rowCount(parent), kLookedAt); ++row)
+            widest = std::max(widest,
+                              m_tree->fontMetrics().horizontalAdvance(m_model.index(row, 0, parent).data().toString()));
+    }
+    const int least = m_tree->columnWidth(0), most = std::max(least, static_cast<int>(width() * kShare));
+    m_tree->setColumnWidth(0, std::clamp(widest + 2 * m_tree->indentation() + kRoom, least, most));
+}
+
 void CheckPanel::showRunning()
 {
     m_heading->setText(u"点検しています…"_s);
@@ -60,6 +78,7 @@ void CheckPanel::show(const OpenLetters *letters, const FindingIndex *findings)
     // A few findings are read at a glance; many are opened cause by cause.
     constexpr std::size_t kFew = 30;
     if (findings->all().size() + letters->notices.size() <= kFew) m_tree->expandAll();
+    widenFirstColumn();
 }
 
 } // namespace inin::viewer

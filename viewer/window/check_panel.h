@@ -27,6 +27,7 @@ public:
 
 private:
     void open(const QModelIndex &index) const;
+    void widenFirstColumn();
 
     CheckModel m_model;
     QLabel *m_heading;

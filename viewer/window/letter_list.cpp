@@ -27,7 +27,7 @@ LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(par
     constexpr int kRowRoom = 8;
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
     const int wide = fontMetrics().horizontalAdvance(u'漢');
-    constexpr int kNumberWidth = 5, kInsurerWidth = 9, kPatientWidth = 8;
+    constexpr int kNumberWidth = 5, kInsurerWidth = 12, kPatientWidth = 8;
     setColumnWidth(LetterListModel::number, wide * kNumberWidth);
     setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
     setColumnWidth(LetterListModel::patient, wide * kPatientWidth);

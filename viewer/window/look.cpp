@@ -21,7 +21,7 @@ constexpr int kMiddle = 128;
 /// The style draws the edges of boxes darker than the window: on a ground that is darker still they would not be seen.
 QPalette readableDark(QPalette palette)
 {
-    constexpr int kLighter = 135, kAlternate = 150;
+    constexpr int kLighter = 160, kAlternate = 175;
     const QColor window = palette.color(QPalette::Window);
     if (palette.color(QPalette::Base).lightness() >= window.lightness()) return palette;
     palette.setColor(QPalette::Base, window.lighter(kLighter));

@@ -7,7 +7,8 @@
 namespace inin::viewer {
 
 OpenLetters::OpenLetters(const std::string &scriptPath)
-    : set(openScript(scriptPath)), press(set, fonts), names(set), ticks(set.size()), notices(set.notices)
+    : set(openScript(scriptPath)), press(set, fonts), pictures(press, glyphs), names(set), ticks(set.size()),
+      notices(set.notices)
 {
     notices.insert(notices.end(), fonts.notices().begin(), fonts.notices().end());
     std::size_t first = 0;

@@ -4,7 +4,7 @@
 #include "viewer/document/letter_names.h"
 #include "viewer/document/letter_press.h"
 #include "viewer/document/letter_ticks.h"
-#include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/letter_pictures.h"
 
 #include <string>
 #include <vector>
@@ -21,6 +21,7 @@ struct OpenLetters {
     Fonts fonts;
     LetterPress press;
     QtGlyphs glyphs;
+    LetterPictures pictures; ///< for the screen
     LetterNames names;
     LetterTicks ticks;                ///< which letters go out: all of them at first
     std::vector<std::string> notices; ///< of the script, the forms, the letter files and the fonts

@@ -35,12 +35,15 @@ PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent)
     setFrameShape(QFrame::NoFrame);
     constexpr int kLeast = 200;
     setMinimumSize(kLeast, kLeast);
+    m_ahead.setInterval(0);
+    m_ahead.callOnTimeout([this] { makeAhead(); });
 }
 
 void PageView::showLetters(OpenLetters *letters)
 {
     m_letters = letters;
     m_letter = 0;
+    m_ahead.stop();
     zoomChanged();
     describeLetter();
 }
@@ -48,6 +51,7 @@ void PageView::showLetters(OpenLetters *letters)
 void PageView::showLetter(std::size_t letter)
 {
     if (m_letters == nullptr || letter == m_letter || letter >= m_letters->set.size()) return;
+    m_direction = letter > m_letter ? 1 : -1;
     m_letter = letter;
     describeLetter();
     viewport()->update();
@@ -172,10 +176,42 @@ void PageView::paintEvent(QPaintEvent *event)
     painter.drawRect(paper.adjusted(-1, -1, 0, 0));
     painter.fillRect(paper, Qt::white);
     painter.setClipRect(paper.intersected(event->rect()));
-    painter.translate(paper.topLeft());
-    painter.scale(pixelsPerPoint(), pixelsPerPoint());
-    paintLetter(m_letters->press, m_letter, painter, m_letters->glyphs);
+    paintPaper(painter, paper);
     if (const auto first = std::exchange(onFirstPaint, {})) first();
+}
+
+void PageView::paintPaper(QPainter &painter, const QRect &place)
+{
+    // How many dots the screen has for one of the toolkit's pixels.
+    const QTransform toDots = painter.deviceTransform();
+    const double scale = pixelsPerPoint() * toDots.m11();
+    LetterPictures &pictures = m_letters->pictures;
+    if (!pictures.isWorthwhile(scale)) {
+        painter.translate(place.topLeft());
+        painter.scale(pixelsPerPoint(), pixelsPerPoint());
+        paintLetter(m_letters->press, m_letter, painter, m_letters->glyphs);
+        return;
+    }
+    pictures.setScale(scale, toDots.m11());
+    // On whole dots, or every edge would be blurred.
+    const QPointF corner = toDots.map(QPointF(place.topLeft()));
+    painter.drawImage(toDots.inverted().map(QPointF(std::round(corner.x()), std::round(corner.y()))),
+                      pictures.of(m_letter));
+    m_ahead.start();
+}
+
+/// Makes one neighbour at a time, the one that comes next first, so that whatever the user does is never kept waiting.
+void PageView::makeAhead()
+{
+    if (m_letters != nullptr) {
+        for (const std::ptrdiff_t step : {m_direction, -m_direction}) {
+            const std::size_t neighbour = m_letter + static_cast<std::size_t>(step);
+            if (neighbour >= m_letters->set.size() || m_letters->pictures.has(neighbour)) continue;
+            (void)m_letters->pictures.of(neighbour); // kept for when it is shown
+            return;
+        }
+    }
+    m_ahead.stop();
 }
 
 void PageView::turnOrScroll(int direction)

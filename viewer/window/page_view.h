@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QTimer>
 
 #include <cstddef>
 #include <functional>
@@ -48,12 +49,16 @@ private:
     [[nodiscard]] double pixelsPerPoint() const;
     void zoomChanged();
     void describeLetter();
+    void paintPaper(QPainter &painter, const QRect &place);
+    void makeAhead();
     void turnOrScroll(int direction);
 
     OpenLetters *m_letters = nullptr;
     std::size_t m_letter = 0;
     double m_zoom = 1;
     Fit m_fit = Fit::page;
+    std::ptrdiff_t m_direction = 1; ///< in which the pages were turned last
+    QTimer m_ahead;                 ///< runs while neighbours may be made ahead
 };
 
 } // namespace inin::viewer

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/window/print_letters.h"
+#include "viewer/window/print_order.h"
 
 #include <QDialog>
 

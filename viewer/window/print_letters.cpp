@@ -1,12 +1,15 @@
 #include "viewer/window/print_letters.h"
 
+#include "runtime/runtime_error.h"
 #include "viewer/document/letter_list.h"
+#include "viewer/document/ruler_page.h"
+#include "viewer/pdf/letters_pdf.h"
 #include "viewer/window/open_letters.h"
+#include "viewer/window/painted_job.h"
 #include "viewer/window/qt_text.h"
-#include "viewer/window/ruler_page.h"
 
-#include <QPainter>
 #include <QPrinterInfo>
+#include <QTemporaryDir>
 #include <fmt/format.h>
 
 namespace inin::viewer {
@@ -15,116 +18,90 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kPointsPerInch = 72;
 constexpr double kTenth = kPointsPerMillimetre / 10;
 
-std::string refusal(const PrintOrder &order)
+std::string refusal(const PrintOrder &order, const std::string &words)
 {
-    return fmt::format("プリンター「{}」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。",
-                       utf8Text(order.printer));
+    const std::string sentence = fmt::format(
+        "プリンター「{}」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。", utf8Text(order.printer));
+    return words.empty() ? sentence : fmt::format("{}\n（{}）", sentence, words);
 }
 
-/// One job of one printer: its pages, in points.
-class Job {
-public:
-    Job(std::unique_ptr<QPrinter> printer, const PrintOrder &order, const QString &name, Point paper)
-        : m_printer(std::move(printer)), m_order(order)
-    {
-        if (!m_printer) return;
-        m_printer->setDocName(name);
-        // Page and letters are laid out for the whole sheet; what a printer cannot reach stays white.
-        m_printer->setFullPage(true);
-        m_printer->setPageSize(QPageSize(QSizeF(paper.x, paper.y), QPageSize::Point, {}, QPageSize::FuzzyMatch));
-        m_printer->setPageOrientation(QPageLayout::Portrait);
-        m_printer->setDuplex(order.duplex);
-        if (m_printer->supportsMultipleCopies()) {
-            m_printer->setCopyCount(order.copies);
-            m_printer->setCollateCopies(true);
-        } else {
-            m_rounds = order.copies;
-        }
-        m_isGood = m_painter.begin(m_printer.get());
-    }
-    Job(const Job &) = delete;
-    Job &operator=(const Job &) = delete;
-    ~Job()
-    {
-        if (m_painter.isActive()) takeBack();
-    }
-
-    [[nodiscard]] bool isGood() const
-    {
-        return m_isGood && m_printer->printerState() != QPrinter::Error &&
-               m_printer->printerState() != QPrinter::Aborted;
-    }
-    /// How often the letters must be painted for the copies that are wanted.
-    [[nodiscard]] int rounds() const { return m_rounds; }
-
-    /// The painter of a new page.
-    QPainter &page()
-    {
-        if (m_hasPage && !m_printer->newPage()) m_isGood = false;
-        m_hasPage = true;
-        const double scale = m_printer->resolution() / kPointsPerInch;
-        m_painter.resetTransform();
-        m_painter.scale(scale, scale);
-        m_painter.translate(m_order.offset.right * kTenth, m_order.offset.down * kTenth);
-        return m_painter;
-    }
-    bool finish()
-    {
-        m_isGood = m_painter.end() && m_isGood;
-        return isGood();
-    }
-    /// False when the system cannot take a job back: then the pages that it has go to the printer.
-    bool takeBack()
-    {
-        const bool isGone = m_printer->abort();
-        m_painter.end();
-        return isGone;
-    }
-
-private:
-    std::unique_ptr<QPrinter> m_printer;
-    const PrintOrder &m_order;
-    QPainter m_painter;
-    int m_rounds = 1;
-    bool m_isGood = false, m_hasPage = false;
-};
-
-QString jobName(const OpenLetters &letters, std::span<const std::size_t> which)
+QString jobName(const LetterSet &set, std::span<const std::size_t> which)
 {
-    QString title = letters.set.title.empty() ? u"委任状"_s : qtText(letters.set.title);
-    if (which.size() == letters.set.size()) return title;
+    QString title = set.title.empty() ? u"委任状"_s : qtText(set.title);
+    if (which.size() == set.size()) return title;
     return u"%1（%2-%3番）"_s.arg(title).arg(which.front() + 1).arg(which.back() + 1);
 }
 
-enum class JobEnd { done, cancelled, refused };
-
 /// How a job ended, and how many of its letters went out.
 struct JobResult {
-    JobEnd end;
-    std::size_t sent;
+    enum class End { done, cancelled, refused };
+    End end = End::done;
+    std::size_t sent = 0;
+    std::string fault;
 };
 
-JobResult printJob(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
-                   const MakePrinter &makePrinter, const std::function<bool(std::size_t)> &tell)
+JobResult refused(const PrintOrder &order, const std::string &words = {})
 {
-    Job job(makePrinter(order), order, jobName(letters, which), letters.press.paperSize());
-    if (!job.isGood()) return {JobEnd::refused, 0};
-    for (int round = 0; round < job.rounds(); ++round) {
-        for (std::size_t i = 0; i < which.size(); ++i) {
-            QPainter &painter = job.page();
-            if (!job.isGood()) {
-                job.takeBack();
-                return {JobEnd::refused, 0};
+    return {JobResult::End::refused, 0, refusal(order, words)};
+}
+
+struct JobOrder {
+    LetterPress &press;
+    QtGlyphs &glyphs;
+    std::span<const std::size_t> which;
+    const PrintOrder &order;
+};
+
+JobResult spoolJob(const JobOrder &job, const SpoolPdf &spool, const PrintProgress &tell)
+try {
+    // It holds what is nobody else's business: the folder is the user's alone, and goes with its file.
+    const QTemporaryDir folder;
+    if (!folder.isValid())
+        throw RuntimeError(error_number::pathAccess, "印刷用の一時ファイルを置くフォルダーを作成できません。");
+    const QString path = folder.filePath(u"letters.pdf"_s);
+    const PrinterOffset &offset = job.order.offset;
+    if (!writeLettersPdf(utf8Text(path), job.press, job.which, tell, {offset.right * kTenth, offset.down * kTenth}))
+        return {JobResult::End::cancelled, 0, {}};
+    const LetterSet &set = job.press.set();
+    const SpoolJob order{path, jobName(set, job.which), set.paper, job.order};
+    const SpoolResult result = spool(order, [&] { return tell(job.which.size()); });
+    switch (result.end) {
+    case SpoolResult::End::taken:
+        return {JobResult::End::done, job.which.size(), {}};
+    case SpoolResult::End::cancelled:
+        return {JobResult::End::cancelled, 0, {}};
+    case SpoolResult::End::refused:
+        break;
+    }
+    return refused(job.order, result.words);
+} catch (const RuntimeError &error) {
+    return {JobResult::End::refused, 0, error.description()};
+}
+
+JobResult paintJob(const JobOrder &job, const MakePrinter &makePrinter, const PrintProgress &tell)
+{
+    PaintedJob paper(makePrinter(job.order), job.order, jobName(job.press.set(), job.which), job.press.paperSize());
+    if (!paper.isGood()) return refused(job.order);
+    for (int round = 0; round < paper.rounds(); ++round) {
+        for (std::size_t i = 0; i < job.which.size(); ++i) {
+            QPainter &painter = paper.page();
+            if (!paper.isGood()) {
+                paper.takeBack();
+                return refused(job.order);
             }
-            paintLetter(letters.press, which[i], painter, letters.glyphs);
-            const std::size_t painted = round == 0 ? i + 1 : which.size();
-            if (!tell(painted)) return {JobEnd::cancelled, job.takeBack() ? 0 : painted};
+            paintLetter(job.press, job.which[i], painter, job.glyphs);
+            const std::size_t painted = round == 0 ? i + 1 : job.which.size();
+            if (!tell(painted)) return {JobResult::End::cancelled, paper.takeBack() ? 0 : painted, {}};
         }
     }
-    return job.finish() ? JobResult{JobEnd::done, which.size()} : JobResult{JobEnd::refused, 0};
+    return paper.finish() ? JobResult{JobResult::End::done, job.which.size(), {}} : refused(job.order);
+}
+
+JobResult runJob(const JobOrder &job, const PrintRoads &roads, const PrintProgress &tell)
+{
+    return roads.spool ? spoolJob(job, roads.spool, tell) : paintJob(job, roads.makePrinter, tell);
 }
 
 } // namespace
@@ -137,31 +114,38 @@ std::unique_ptr<QPrinter> systemPrinter(const PrintOrder &order)
     return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }
 
+PrintRoads systemRoads()
+{
+    return {systemSpool(), systemPrinter};
+}
+
 PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
-                         const MakePrinter &makePrinter, const PrintProgress &progress)
+                         const PrintRoads &roads, const PrintProgress &progress)
 {
     PrintResult result;
     const std::size_t perJob = order.lettersPerJob == 0 ? which.size() : order.lettersPerJob;
     while (result.sent < which.size()) {
-        const auto job = which.subspan(result.sent, std::min(perJob, which.size() - result.sent));
+        const auto part = which.subspan(result.sent, std::min(perJob, which.size() - result.sent));
         const auto tell = [&](std::size_t done) { return !progress || progress(result.sent + done); };
-        const JobResult printed = printJob(letters, job, order, makePrinter, tell);
-        result.sent += printed.sent;
-        result.isCancelled = printed.end == JobEnd::cancelled;
-        if (printed.end == JobEnd::refused) result.fault = refusal(order);
-        if (printed.end != JobEnd::done) return result;
+        const JobResult job = runJob({letters.press, letters.glyphs, part, order}, roads, tell);
+        result.sent += job.sent;
+        result.isCancelled = job.end == JobResult::End::cancelled;
+        result.fault = job.fault;
+        result.mayBeOnPaper = job.end == JobResult::End::refused && !roads.spool;
+        if (job.end != JobResult::End::done) return result;
     }
     return result;
 }
 
-std::string printRulerPage(const OpenLetters &letters, const PrintOrder &order, const MakePrinter &makePrinter)
+std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintRoads &roads)
 {
     PrintOrder one = order;
     one.copies = 1;
-    Job job(makePrinter(one), one, u"位置調整のテスト"_s, letters.press.paperSize());
-    if (!job.isGood()) return refusal(order);
-    paintRulerPage(job.page(), letters.press.paperSize(), order.offset, order.printer);
-    return job.finish() ? std::string() : refusal(order);
+    const LetterSet set =
+        rulerLetters(letters.set.paper, utf8Text(order.printer), order.offset.right, order.offset.down);
+    LetterPress press(set, letters.fonts);
+    constexpr std::size_t kOnly[] = {0};
+    return runJob({press, letters.glyphs, kOnly, one}, roads, [](std::size_t) { return true; }).fault;
 }
 
 } // namespace inin::viewer

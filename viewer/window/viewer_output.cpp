@@ -54,7 +54,7 @@ std::unique_ptr<PrintDialog> ViewerWindow::printDialog()
     if (!m_findings.all().empty()) dialog->showCheck(m_checkPanel->heading());
     dialog->onTicksChanged = [this] { ticksChanged(); };
     dialog->onRulerPage = [this](const PrintOrder &order) {
-        return printRulerPage(*m_letters, order, m_services.makePrinter);
+        return printRulerPage(*m_letters, order, m_services.roads);
     };
     return dialog;
 }
@@ -78,7 +78,7 @@ void ViewerWindow::print(const PrintOrder &order)
     if (order.printer.isEmpty())
         return tell(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
     runTask(u"印刷しています"_s, which.size(), [&](const Progress &progress) {
-        const PrintResult result = printLetters(*m_letters, which, order, m_services.makePrinter, progress);
+        const PrintResult result = printLetters(*m_letters, which, order, m_services.roads, progress);
         tellPrinted(result, which);
         // Cancelled in order to close counts as an end; a refusal keeps the window.
         return result.fault.empty();
@@ -99,8 +99,10 @@ void ViewerWindow::tellPrinted(const PrintResult &result, const std::vector<std:
     if (result.isCancelled)
         tell(QMessageBox::Information, u"印刷を中止しました。"_s + parts);
     else
-        tell(QMessageBox::Warning, qtText(result.fault) + parts +
-                                       u"\n\n送っていない番号も、途中まで印刷されていないか用紙を確認してください。"_s);
+        tell(QMessageBox::Warning,
+             qtText(result.fault) + parts +
+                 (result.mayBeOnPaper ? u"\n\n送っていない番号も、途中まで印刷されていないか用紙を確認してください。"_s
+                                      : QString()));
 }
 
 void ViewerWindow::askPdf()

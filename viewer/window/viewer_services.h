@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/window/print_dialog.h"
+#include "viewer/window/print_letters.h"
 
 #include <QMessageBox>
 
@@ -13,7 +14,7 @@ enum class CloseAnswer { keepPrinting, closeWhenDone, cancelAndClose };
 /// What the window asks of people and machines; tests answer in their place.
 struct ViewerServices {
     std::function<std::vector<PrinterChoice>()> printers = systemPrinters;
-    MakePrinter makePrinter = systemPrinter;
+    PrintRoads roads = systemRoads();
     /// What to do when the window is to close while letters are printed or written.
     std::function<CloseAnswer(QWidget *parent, const QString &state)> askClose;
     std::function<void(QWidget *parent, QMessageBox::Icon icon, const QString &text)> tell;

@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kFirstWidth = 1200, kFirstHeight = 820;
-constexpr int kListWidth = 430, kPageWidth = 770;
+constexpr int kListWidth = 480, kPageWidth = 720;
 constexpr int kPageShare = 560, kCheckShare = 200;
 /// Letters that are judged between two looks at what the user does.
 constexpr std::size_t kCheckedAtOnce = 200;

@@ -101,3 +101,18 @@ TEST_CASE("a form that is none of ours is told among the notices")
               .toString()
               .endsWith(QStringLiteral("はこのプログラムの帳票（SVG）ではないため、各行の内容を一覧で表示します。")));
 }
+
+TEST_CASE("the name at the end of a finding's line is seen, not cut off")
+{
+    std::vector<Row> rows = differentRows(3);
+    rows[1]["保険者名"] = "東京都後期高齢者医療広域連合";
+    rows[1]["利用者氏名"] = "勅使河原　茂左衛門";
+    rows[1]["世帯主名"].clear();
+    WindowWorld world(rows);
+    world.openWindow();
+    const auto *const tree = world.find<QTreeView>("checkTree");
+    const QModelIndex line = tree->model()->index(0, 0, tree->model()->index(0, 0));
+    const QString text = line.data().toString();
+    REQUIRE(text.endsWith(QStringLiteral("勅使河原　茂左衛門")));
+    CHECK(tree->columnWidth(0) >= tree->fontMetrics().horizontalAdvance(text) + 2 * tree->indentation());
+}

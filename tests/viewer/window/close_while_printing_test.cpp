@@ -73,6 +73,8 @@ TEST_CASE("a refusal keeps the window open though it was to close")
     REQUIRE(world.told.size() == 1);
     CHECK(world.told[0].contains(QStringLiteral("プリンター「紙」が印刷を受け付けませんでした。")));
     CHECK(world.told[0].contains(QStringLiteral("送っていない番号：1-120")));
+    CHECK(world.told[0].endsWith(
+        QStringLiteral("送っていない番号も、途中まで印刷されていないか用紙を確認してください。")));
 }
 
 TEST_CASE("a window without a task closes without a question and keeps its place")

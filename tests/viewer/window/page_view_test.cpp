@@ -117,3 +117,55 @@ TEST_CASE("a screen reader is told the letter and its texts")
     CHECK(text.startsWith(QStringLiteral("2番　")));
     CHECK(text.contains(QStringLiteral("\n利用者氏名：甲2\n")));
 }
+
+namespace {
+
+/// The view as a screen with so many dots to the pixel shows it.
+QImage onScreen(const PageView &view, double ratio)
+{
+    QImage screen((view.viewport()->size().toSizeF() * ratio).toSize(), QImage::Format_RGB32);
+    screen.setDevicePixelRatio(ratio);
+    view.viewport()->render(&screen);
+    screen.setDevicePixelRatio(1);
+    return screen;
+}
+
+} // namespace
+
+TEST_CASE("on a screen of any sharpness the page is dot for dot the letter's picture, never a blurred one")
+{
+    Page world;
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        CAPTURE(ratio);
+        world.view.showLetter(world.view.letter() == 1 ? 2 : 1);
+        const QImage screen = onScreen(world.view, ratio);
+        const QPointF corner = QPointF(world.view.paperPlace().topLeft()) * ratio;
+        const double dots = world.view.zoom() * world.view.logicalDpiY() * ratio;
+        const QImage letter = letterImage(world.letters.press, world.view.letter(), dots, world.letters.glyphs);
+        const QImage shown = screen.copy(QRect(QPoint(qRound(corner.x()), qRound(corner.y())), letter.size()));
+        // The last row and column may be half a pixel of the paper's edge.
+        const QRect inside = letter.rect().adjusted(2, 2, -2, -2);
+        CHECK(shown.copy(inside) == letter.copy(inside));
+    }
+}
+
+TEST_CASE("the pages before and behind the shown one are made while the user reads")
+{
+    Page world;
+    REQUIRE(QTest::qWaitForWindowExposed(&world.view));
+    world.view.showLetter(1);
+    const LetterPictures &pictures = world.letters.pictures;
+    CHECK(QTest::qWaitFor([&] { return pictures.has(0) && pictures.has(1) && pictures.has(2); }));
+}
+
+TEST_CASE("a scale too large for kept pictures shows the letter all the same")
+{
+    Page world;
+    world.view.setZoom(4);
+    const QImage screen = onScreen(world.view, 2);
+    int dark = 0;
+    for (int y = 0; y < screen.height(); ++y)
+        for (int x = 0; x < screen.width(); ++x) dark += qGray(screen.pixel(x, y)) < 100 ? 1 : 0;
+    CHECK(dark > 1000);
+    CHECK(!world.letters.pictures.has(0));
+}

@@ -2,6 +2,8 @@
 
 #include <doctest/doctest.h>
 
+#include <filesystem>
+
 using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
@@ -14,7 +16,7 @@ struct Printing : WindowWorld {
     PrintResult print(const std::string &range, const PrintOrder &order, const PrintProgress &progress = {})
     {
         letters.ticks.setText(range);
-        return printLetters(letters, letters.ticks.letters(), order, services().makePrinter, progress);
+        return printLetters(letters, letters.ticks.letters(), order, services().roads, progress);
     }
     OpenLetters letters;
 };
@@ -54,7 +56,7 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     WindowWorld world(rows);
     OpenLetters letters(world.script);
     const std::vector<std::size_t> which{0, 2};
-    REQUIRE(printLetters(letters, which, world.order(), world.services().makePrinter, {}).isDone());
+    REQUIRE(printLetters(letters, which, world.order(), world.services().roads, {}).isDone());
     const QImage page = pageImage(world.jobPath(0), 2);
     const auto distance = [&](std::size_t letter) {
         return difference(page, letterImage(letters.press, letter, 72, letters.glyphs));
@@ -63,6 +65,30 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     CHECK(distance(2) < distance(1));
     // Two ways of smoothing edges; a page of another letter is about as near, a blank page is far off.
     CHECK(distance(2) < 6);
+}
+
+TEST_CASE(
+    "a painted page shows the very letters of the saved one: longest, tightened and odd values, another font's too")
+{
+    std::vector<Row> rows{ordinaryRow(), longestRow(), oddRow()};
+    rows[0]["利用者氏名"] = "髙﨑𠮷";
+    WindowWorld world(rows);
+    OpenLetters letters(world.script);
+    const std::vector<std::size_t> which{0, 1, 2};
+    REQUIRE(printLetters(letters, which, world.order(), world.services().roads, {}).isDone());
+    const std::string saved = world.folder.file("saved.pdf");
+    REQUIRE(writeLettersPdf(saved, letters.press, which));
+    for (int page = 1; page <= 3; ++page) {
+        CAPTURE(page);
+        CHECK(difference(pageImage(world.jobPath(0), page), pageImage(saved, page)) < 0.5);
+    }
+}
+
+TEST_CASE("a painted page takes a printer a few kilobytes, not the outline of every letter")
+{
+    Printing world(60);
+    REQUIRE(world.print("1-60", world.order()).isDone());
+    CHECK(std::filesystem::file_size(world.jobPath(0)) < 60 * 10'000);
 }
 
 TEST_CASE("letters are printed in jobs of n, the last one shorter")
@@ -125,8 +151,8 @@ TEST_CASE("a printer that is not there refuses")
     Printing world(1);
     const MakePrinter none = [](const PrintOrder &) { return std::unique_ptr<QPrinter>(); };
     const std::vector<std::size_t> which{0};
-    CHECK(!printLetters(world.letters, which, world.order(), none, {}).fault.empty());
-    CHECK(!printRulerPage(world.letters, world.order(), none).empty());
+    CHECK(!printLetters(world.letters, which, world.order(), {{}, none}, {}).fault.empty());
+    CHECK(!printRulerPage(world.letters, world.order(), {{}, none}).empty());
 }
 
 TEST_CASE("a system printer whose name is not known is none")
@@ -150,7 +176,7 @@ TEST_CASE("a printer that refuses in a later job leaves the letters of the jobs 
         return std::make_unique<PaperPrinter>(QString::fromStdString(world.jobPath(static_cast<std::size_t>(jobs++))),
                                               pages);
     };
-    const PrintResult result = printLetters(world.letters, world.letters.ticks.letters(), order, make, {});
+    const PrintResult result = printLetters(world.letters, world.letters.ticks.letters(), order, {{}, make}, {});
     CHECK(result.sent == 3);
     CHECK(!result.fault.empty());
 }
@@ -176,9 +202,9 @@ TEST_CASE("the ruler page has its lines 30 millimetres from the edges, moved by 
 {
     Printing world(1);
     PrintOrder order = world.order();
-    REQUIRE(printRulerPage(world.letters, order, world.services().makePrinter).empty());
+    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
     order.offset = {0, 50};
-    REQUIRE(printRulerPage(world.letters, order, world.services().makePrinter).empty());
+    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
     const auto darkest = [](const QImage &page) {
         int best = 0, row = 0;
         for (int y = 0; y < page.height() / 2; ++y) {

@@ -83,7 +83,8 @@ ViewerServices WindowWorld::services()
 {
     ViewerServices services;
     services.printers = [this] { return printers; };
-    services.makePrinter = [this](const PrintOrder &order) -> std::unique_ptr<QPrinter> {
+    services.roads.spool = spool;
+    services.roads.makePrinter = [this](const PrintOrder &order) -> std::unique_ptr<QPrinter> {
         orders.push_back(order);
         return std::make_unique<PaperPrinter>(QString::fromStdString(jobPath(jobs++)), pagesPerJob);
     };

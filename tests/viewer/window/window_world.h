@@ -47,6 +47,7 @@ struct WindowWorld {
     std::vector<PrinterChoice> printers{{QStringLiteral("紙"), {}, true, QPrinter::DuplexLongSide}};
     int pagesPerJob = 100000; ///< the printer refuses a page behind so many
     std::string outputFolder; ///< of the printer; empty is `folder`
+    SpoolPdf spool;           ///< empty: the pages are painted
     std::size_t jobs = 0;
     std::vector<PrintOrder> orders;
     std::vector<QString> told;

@@ -1,0 +1,316 @@
+#include "viewer/window/window_world.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <doctest/doctest.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include <sys/resource.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+/// Sets a variable of the environment for as long as it lives.
+class Setting {
+public:
+    Setting(const char *name, const QByteArray &value) : m_name(name), m_before(qgetenv(name)) { qputenv(name, value); }
+    Setting(const Setting &) = delete;
+    Setting &operator=(const Setting &) = delete;
+    ~Setting()
+    {
+        if (m_before.isNull())
+            qunsetenv(m_name);
+        else
+            qputenv(m_name, m_before);
+    }
+
+private:
+    const char *m_name;
+    QByteArray m_before;
+};
+
+/// No file may grow while this lives.
+class FullDisk {
+public:
+    FullDisk() : m_onSignal(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit small{1000, m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+    ~FullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_onSignal);
+    }
+
+private:
+    rlimit m_before{};
+    void (*m_onSignal)(int);
+};
+
+/// A window world whose system has an `lp` that keeps what it is told and given, and then does `behind`.
+struct Spooling : WindowWorld {
+    explicit Spooling(int count, const std::string &behind = "") : WindowWorld(differentRows(count))
+    {
+        std::filesystem::create_directory(folder.file("bin"));
+        const std::string lp = folder.file("bin/lp");
+        writeBytes(lp, "#!/bin/sh\n"
+                       "cd \"$(dirname \"$0\")\"\n"
+                       "n=$(ls told* 2>/dev/null | wc -l)\n"
+                       "printf '%s\\n' \"$@\" > told$n\n"
+                       "for last; do :; done\n"
+                       "cp \"$last\" job$n.pdf\n" +
+                           behind + "\n");
+        std::filesystem::permissions(lp, std::filesystem::perms::owner_all);
+        path.emplace("PATH", QByteArray::fromStdString(folder.file("bin")) + ":" + qgetenv("PATH"));
+        spool = systemSpool();
+        REQUIRE(spool);
+    }
+
+    PrintResult print(const std::string &range, const PrintOrder &order, const PrintProgress &progress = {})
+    {
+        letters.ticks.setText(range);
+        return printLetters(letters, letters.ticks.letters(), order, services().roads, progress);
+    }
+    [[nodiscard]] std::string job(int n) const { return folder.file("bin/job" + std::to_string(n) + ".pdf"); }
+    [[nodiscard]] std::vector<std::string> told(int n) const
+    {
+        std::vector<std::string> lines;
+        const std::string all = bytesOf(folder.file("bin/told" + std::to_string(n)));
+        for (std::size_t begin = 0; begin < all.size(); begin = all.find('\n', begin) + 1)
+            lines.push_back(all.substr(begin, all.find('\n', begin) - begin));
+        return lines;
+    }
+    [[nodiscard]] bool wasTold(int n) const
+    {
+        return std::filesystem::exists(folder.file("bin/told" + std::to_string(n)));
+    }
+
+    OpenLetters letters{script};
+    std::optional<Setting> path;
+};
+
+int firstDarkColumn(const QImage &image)
+{
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            if (qGray(image.pixel(x, y)) < 128) return x;
+    return image.width();
+}
+
+} // namespace
+
+TEST_CASE("lp is told printer, copies, title, paper and sides, and given a file that is gone afterwards")
+{
+    Spooling world(3);
+    PrintOrder order = world.order();
+    order.copies = 2;
+    order.duplex = QPrinter::DuplexShortSide;
+    REQUIRE(world.print("1-3", order).isDone());
+    std::vector<std::string> told = world.told(0);
+    REQUIRE(!told.empty());
+    CHECK(!std::filesystem::exists(told.back()));
+    CHECK(!std::filesystem::exists(std::filesystem::path(told.back()).parent_path()));
+    told.pop_back();
+    CHECK(told == std::vector<std::string>{"-d", "紙", "-n", "2", "-t", "委任状", "-o", "collate=true", "-o",
+                                           "print-scaling=none", "-o", "media=iso_a4_210x297mm", "-o",
+                                           "sides=two-sided-short-edge"});
+    CHECK(!world.wasTold(1));
+}
+
+TEST_CASE("sides that follow the queue are not told to lp, others are")
+{
+    struct Case {
+        QPrinter::DuplexMode duplex;
+        const char *option;
+    };
+    for (const Case &each :
+         {Case{QPrinter::DuplexNone, "sides=one-sided"}, Case{QPrinter::DuplexLongSide, "sides=two-sided-long-edge"},
+          Case{QPrinter::DuplexShortSide, "sides=two-sided-short-edge"}}) {
+        SpoolJob job;
+        job.order.duplex = each.duplex;
+        CHECK(lpArguments(job).contains(QLatin1String(each.option)));
+    }
+    CHECK(lpArguments({}).filter(QStringLiteral("sides=")).isEmpty());
+}
+
+TEST_CASE("the paper of a job is told by the name that means it everywhere")
+{
+    SpoolJob job;
+    job.paper = Paper::B5;
+    CHECK(lpArguments(job).contains(QStringLiteral("media=jis_b5_182x257mm")));
+    job.paper = Paper::A5;
+    CHECK(lpArguments(job).contains(QStringLiteral("media=iso_a5_148x210mm")));
+}
+
+TEST_CASE("page k that the system gets holds the texts of the k-th ticked letter and of no other")
+{
+    Spooling world(9);
+    REQUIRE(world.print("2,7-9", world.order()).isDone());
+    const std::vector<std::string> pages = pagesOf(world.job(0));
+    REQUIRE(pages.size() == 4);
+    const char *const names[] = {"甲2", "甲7", "甲8", "甲9"};
+    for (std::size_t page = 0; page < 4; ++page)
+        for (std::size_t name = 0; name < 4; ++name)
+            CHECK((packed(pages[page]).find(names[name]) != std::string::npos) == (page == name));
+}
+
+TEST_CASE("what the system gets is what saving as PDF writes")
+{
+    Spooling world(4);
+    REQUIRE(world.print("1,3", world.order()).isDone());
+    const std::vector<std::size_t> which{0, 2};
+    REQUIRE(writeLettersPdf(world.folder.file("saved.pdf"), world.letters.press, which));
+    CHECK(bytesOf(world.job(0)) == bytesOf(world.folder.file("saved.pdf")));
+}
+
+TEST_CASE("jobs of n letters go to the system one by one and are named by their numbers")
+{
+    Spooling world(9);
+    PrintOrder order = world.order();
+    order.lettersPerJob = 4;
+    CHECK(world.print("1-9", order).sent == 9);
+    CHECK(pageCount(world.job(0)) == 4);
+    CHECK(pageCount(world.job(1)) == 4);
+    CHECK(pageCount(world.job(2)) == 1);
+    CHECK(!world.wasTold(3));
+    CHECK(world.told(1)[5] == "委任状（5-8番）");
+}
+
+TEST_CASE("an offset is in the pages that the system gets, a tenth of a millimetre being a tenth")
+{
+    Spooling world(1);
+    PrintOrder order = world.order();
+    REQUIRE(world.print("1", order).isDone());
+    order.offset = {100, -50};
+    REQUIRE(world.print("1", order).isDone());
+    const QImage before = pageImage(world.job(0), 1), after = pageImage(world.job(1), 1);
+    const int right = firstDarkColumn(after) - firstDarkColumn(before);
+    const auto turned = [](const QImage &page) { return page.transformed(QTransform(0, 1, 1, 0, 0, 0)); };
+    const int down = firstDarkColumn(turned(after)) - firstDarkColumn(turned(before));
+    // 10 mm are 28.3 dots, 5 mm 14.2.
+    CHECK(std::abs(right - 28) <= 1);
+    CHECK(std::abs(down + 14) <= 1);
+}
+
+TEST_CASE("a queue that refuses is told in its own words, and the letters count as not sent")
+{
+    Spooling world(3, "echo 'lp: Error - The printer or class does not exist.' >&2; exit 1");
+    const PrintResult result = world.print("1-3", world.order());
+    CHECK(result.sent == 0);
+    CHECK(!result.isCancelled);
+    CHECK(result.fault == "プリンター「紙」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。\n"
+                          "（lp: Error - The printer or class does not exist.）");
+}
+
+TEST_CASE("a queue that refuses a later job leaves the letters of the jobs before as sent")
+{
+    Spooling world(9, "[ $n = 0 ]");
+    PrintOrder order = world.order();
+    order.lettersPerJob = 3;
+    const PrintResult result = world.print("1-9", order);
+    CHECK(result.sent == 3);
+    CHECK(!result.fault.empty());
+    CHECK(!world.wasTold(2));
+}
+
+TEST_CASE("a print that is cancelled before its file is whole hands nothing over")
+{
+    Spooling world(250);
+    const PrintResult result = world.print("1-250", world.order(), [](std::size_t done) { return done < 200; });
+    CHECK(result.isCancelled);
+    CHECK(result.sent == 0);
+    CHECK(!world.wasTold(0));
+}
+
+TEST_CASE("a print that is cancelled while the system takes its time is taken back")
+{
+    Spooling world(3, "exec sleep 60");
+    int asked = 0;
+    const PrintResult result = world.print("1-3", world.order(), [&](std::size_t done) {
+        CHECK(done == 3);
+        return !world.wasTold(0) || ++asked < 3;
+    });
+    CHECK(result.isCancelled);
+    CHECK(result.sent == 0);
+}
+
+TEST_CASE("a disk that is full while letters are printed is a refusal with the file's name, and nothing is handed over")
+{
+    Spooling world(1);
+    const FullDisk disk;
+    const PrintResult result = world.print("1", world.order());
+    CHECK(result.sent == 0);
+    CHECK(result.fault.find("に書き込めません。") != std::string::npos);
+    CHECK(!world.wasTold(0));
+}
+
+TEST_CASE("without lp there is no such road")
+{
+    Folder folder;
+    const Setting none("PATH", QByteArray::fromStdString(folder.path().string()));
+    CHECK(!systemSpool());
+}
+
+TEST_CASE("the ruler page goes the same road, one copy of it, moved by the offset")
+{
+    Spooling world(1);
+    PrintOrder order = world.order();
+    order.copies = 5;
+    order.offset = {15, -3};
+    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
+    CHECK(world.told(0)[3] == "1");
+    const std::string text = packed(pagesOf(world.job(0)).at(0));
+    CHECK(text.find("位置調整のテスト") != std::string::npos);
+    CHECK(text.find("プリンター：紙今の調整：右へ1.5mm、下へ-0.3mm") != std::string::npos);
+    CHECK(pageCount(world.job(0)) == 1);
+}
+
+TEST_CASE("closing while the system takes the letters asks, and loses none when it waits")
+{
+    Spooling world(120, "sleep 0.5");
+    world.openWindow();
+    world.closeAnswers = {CloseAnswer::closeWhenDone};
+    QTimer::singleShot(100, world.window.get(), [&] { world.window->close(); });
+    world.window->print(world.order());
+    QApplication::processEvents();
+    REQUIRE(world.closeStates.size() == 1);
+    CHECK(!world.window->isVisible());
+    CHECK(pageCount(world.job(0)) == 120);
+    CHECK(world.WindowWorld::told.empty());
+}
+
+TEST_CASE("a window that is closed at once while the system takes the letters takes them back and tells which")
+{
+    Spooling world(120, "exec sleep 60");
+    world.openWindow();
+    world.closeAnswers = {CloseAnswer::cancelAndClose};
+    QTimer::singleShot(100, world.window.get(), [&] { world.window->close(); });
+    world.window->print(world.order());
+    QApplication::processEvents();
+    CHECK(!world.window->isVisible());
+    CHECK(world.WindowWorld::told == std::vector<QString>{QStringLiteral(
+                                         "印刷を中止しました。\n\n印刷に送った番号：なし\n送っていない番号：1-120")});
+}
+
+TEST_CASE("a refusal of the system's queue tells the numbers that were not sent, and nothing of half a print")
+{
+    Spooling world(9, "echo 'lp: no' >&2; [ $n = 0 ]");
+    world.openWindow();
+    PrintOrder order = world.order();
+    order.lettersPerJob = 4;
+    world.window->print(order);
+    CHECK(world.window->isVisible());
+    CHECK(world.WindowWorld::told ==
+          std::vector<QString>{QStringLiteral(
+              "プリンター「紙」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。\n（lp: no）"
+              "\n\n印刷に送った番号：1-4\n送っていない番号：5-9")});
+}

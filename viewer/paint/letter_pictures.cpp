@@ -1,0 +1,88 @@
+#include "viewer/paint/letter_pictures.h"
+
+#include "viewer/document/letter_press.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace inin::viewer {
+
+namespace {
+
+/// The page that is shown, one before, one behind, and the one that was left.
+constexpr std::size_t kKept = 4;
+/// A4 at 300 dots to the inch; four bytes a dot.
+constexpr double kMostDots = 8.8e6;
+
+} // namespace
+
+bool LetterPictures::isWorthwhile(double scale) const
+{
+    const Point paper = m_press.paperSize();
+    return paper.x * scale * paper.y * scale <= kMostDots;
+}
+
+void LetterPictures::setScale(double scale, double dotsPerPixel)
+{
+    if (scale == m_scale && dotsPerPixel == m_dotsPerPixel) return;
+    m_scale = scale;
+    m_dotsPerPixel = dotsPerPixel;
+    m_shared.clear();
+    m_pages.clear();
+}
+
+bool LetterPictures::has(std::size_t letter) const
+{
+    return std::ranges::find(m_pages, letter, &Page::letter) != m_pages.end();
+}
+
+const QImage &LetterPictures::of(std::size_t letter)
+{
+    const auto found = std::ranges::find(m_pages, letter, &Page::letter);
+    if (found != m_pages.end()) {
+        std::rotate(m_pages.begin(), found, found + 1);
+    } else {
+        // Room for a page is as much work to get as half a page is to paint: the oldest one's is taken over.
+        QImage room;
+        if (m_pages.size() == kKept) {
+            room = std::move(m_pages.back().picture);
+            m_pages.pop_back();
+        }
+        m_pages.push_front({letter, painted(letter, std::move(room))});
+    }
+    return m_pages.front().picture;
+}
+
+const QImage &LetterPictures::sharedOf(std::size_t letter)
+{
+    const LetterLayout &layout = m_press.layoutOf(letter);
+    const auto found = std::ranges::find(m_shared, &layout, &Shared::layout);
+    if (found != m_shared.end()) return found->picture;
+    QImage picture = whitePaper(m_press, m_scale);
+    QPainter painter(&picture);
+    painter.scale(m_scale, m_scale);
+    paintShared(m_press, letter, painter, m_glyphs);
+    return m_shared.emplace_back(Shared{&layout, std::move(picture)}).picture;
+}
+
+QImage LetterPictures::painted(std::size_t letter, QImage picture)
+{
+    const QImage &shared = sharedOf(letter);
+    if (picture.size() == shared.size() && picture.isDetached()) {
+        picture.setDevicePixelRatio(1);
+        std::memcpy(picture.bits(), shared.constBits(), static_cast<std::size_t>(shared.sizeInBytes()));
+    } else {
+        picture = shared.copy();
+    }
+    QPainter painter(&picture);
+    painter.scale(m_scale, m_scale);
+    paintFields(m_press, letter, painter, m_glyphs);
+    painter.end();
+    picture.setDevicePixelRatio(m_dotsPerPixel);
+    return picture;
+}
+
+} // namespace inin::viewer

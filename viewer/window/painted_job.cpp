@@ -1,0 +1,65 @@
+#include "viewer/window/painted_job.h"
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr double kPointsPerInch = 72;
+constexpr double kTenth = kPointsPerMillimetre / 10;
+
+} // namespace
+
+PaintedJob::PaintedJob(std::unique_ptr<QPrinter> printer, const PrintOrder &order, const QString &name, Point paper)
+    : m_printer(std::move(printer)), m_order(order)
+{
+    if (!m_printer) return;
+    m_printer->setDocName(name);
+    // Page and letters are laid out for the whole sheet; what a printer cannot reach stays white.
+    m_printer->setFullPage(true);
+    m_printer->setPageSize(QPageSize(QSizeF(paper.x, paper.y), QPageSize::Point, {}, QPageSize::FuzzyMatch));
+    m_printer->setPageOrientation(QPageLayout::Portrait);
+    m_printer->setDuplex(order.duplex);
+    if (m_printer->supportsMultipleCopies()) {
+        m_printer->setCopyCount(order.copies);
+        m_printer->setCollateCopies(true);
+    } else {
+        m_rounds = order.copies;
+    }
+    m_isGood = m_painter.begin(m_printer.get());
+}
+
+PaintedJob::~PaintedJob()
+{
+    if (m_painter.isActive()) takeBack();
+}
+
+bool PaintedJob::isGood() const
+{
+    return m_isGood && m_printer->printerState() != QPrinter::Error && m_printer->printerState() != QPrinter::Aborted;
+}
+
+QPainter &PaintedJob::page()
+{
+    if (m_hasPage && !m_printer->newPage()) m_isGood = false;
+    m_hasPage = true;
+    const double scale = m_printer->resolution() / kPointsPerInch;
+    m_painter.resetTransform();
+    m_painter.scale(scale, scale);
+    m_painter.translate(m_order.offset.right * kTenth, m_order.offset.down * kTenth);
+    return m_painter;
+}
+
+bool PaintedJob::finish()
+{
+    m_isGood = m_painter.end() && m_isGood;
+    return isGood();
+}
+
+bool PaintedJob::takeBack()
+{
+    const bool isGone = m_printer->abort();
+    m_painter.end();
+    return isGone;
+}
+
+} // namespace inin::viewer

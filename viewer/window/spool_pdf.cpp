@@ -1,0 +1,89 @@
+#include "viewer/window/spool_pdf.h"
+
+#include "viewer/window/qt_text.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <iterator>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAskEvery = 30; ///< milliseconds
+
+struct Sides {
+    QPrinter::DuplexMode mode;
+    const char *option;
+};
+/// Nothing for the automatic one: the queue then decides.
+constexpr Sides kSides[] = {{QPrinter::DuplexNone, "sides=one-sided"},
+                            {QPrinter::DuplexLongSide, "sides=two-sided-long-edge"},
+                            {QPrinter::DuplexShortSide, "sides=two-sided-short-edge"}};
+
+struct Media {
+    Paper paper;
+    const char *option;
+};
+/// By the names of the printer working group, which every queue knows; a bare "B5" is another paper to some.
+constexpr Media kMedia[] = {{Paper::A4, "media=iso_a4_210x297mm"},
+                            {Paper::A5, "media=iso_a5_148x210mm"},
+                            {Paper::B5, "media=jis_b5_182x257mm"}};
+
+std::string lastLine(QByteArray words)
+{
+    words = words.trimmed();
+    return words.mid(words.lastIndexOf('\n') + 1).toStdString();
+}
+
+SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bool()> &goesOn)
+{
+    using End = SpoolResult::End;
+    QProcess process;
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.start(lp, lpArguments(job));
+    bool isKilled = false;
+    while (!process.waitForFinished(kAskEvery) && process.state() != QProcess::NotRunning) {
+        if (isKilled || goesOn()) continue;
+        isKilled = true;
+        process.kill();
+    }
+    // It may well have come to its end before it was to be stopped.
+    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 &&
+        process.error() != QProcess::FailedToStart)
+        return {End::taken, {}};
+    return {isKilled ? End::cancelled : End::refused, lastLine(process.readAllStandardError())};
+}
+
+} // namespace
+
+QStringList lpArguments(const SpoolJob &job)
+{
+    QStringList arguments{u"-d"_s, job.order.printer,
+                          u"-n"_s, QString::number(job.order.copies),
+                          u"-t"_s, job.title,
+                          u"-o"_s, u"collate=true"_s,
+                          u"-o"_s, u"print-scaling=none"_s};
+    const auto *const media = std::ranges::find(kMedia, job.paper, &Media::paper);
+    arguments << u"-o"_s << QLatin1String(media->option);
+    const auto *const sides = std::ranges::find(kSides, job.order.duplex, &Sides::mode);
+    if (sides != std::end(kSides)) arguments << u"-o"_s << QLatin1String(sides->option);
+    return arguments << job.pdf;
+}
+
+SpoolPdf systemSpool()
+{
+#ifdef Q_OS_WIN
+    const QString lp; // its queues take what a driver has painted
+#else
+    const QString lp = QStandardPaths::findExecutable(u"lp"_s);
+#endif
+    if (lp.isEmpty()) return {};
+    return [lp](const SpoolJob &job, const std::function<bool()> &goesOn) { return runLp(lp, job, goesOn); };
+}
+
+} // namespace inin::viewer
