@@ -106,9 +106,10 @@ TEST_CASE("under the merger's name, in any case, it writes the combined form tha
     writeBytes(folder.file("m.dat"), "SetDataText,\"x\",\"" + dir + "\\1.csv\",\",\", \"\"\"\", True\r\nsetreport,\"" +
                                          dir + "\\1.svg\"\r\n");
     writeBytes(folder.file("p.dat"), "FileName,\"" + dir + "\\tmp.wfd\"\r\n");
+    const std::string merge = "'" + dir + "\\tmp.wfd' /c '" + dir + "\\m.dat'";
     for (const char *name : {"wfrimg10.exe", "WFRIMG10.EXE"}) {
         CAPTURE(std::string(name));
-        CHECK(runViewer(folder, "'" + dir + "\\tmp.wfd' /c '" + dir + "\\m.dat'", name).code == 0);
+        CHECK(runViewer(folder, merge, name).code == 0);
         CHECK(fs::exists(folder.file("tmp.wfd")));
         CHECK(runViewer(folder, "--pdf o.pdf p.dat", "wfrfv10.exe").code == 0);
         CHECK(contains(bytesOf(folder.file("o.pdf")), "/Count 1/"));

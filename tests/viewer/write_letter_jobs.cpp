@@ -31,7 +31,7 @@ int main(int argc, char **argv)
         return 2;
     }
     const auto writeJob = [top = std::filesystem::absolute(inin::pathOf(argv[1]))](int number, const char *form) {
-        const auto folder = top / std::to_string(number);
+        auto folder = top / std::to_string(number);
         std::filesystem::create_directories(folder);
         writePrintJob(folder, form, rowsOfEverySort());
         return folder;

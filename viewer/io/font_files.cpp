@@ -3,6 +3,8 @@
 #include "runtime/text.h"
 #include "viewer/io/system_file.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 namespace inin::viewer {
@@ -22,7 +24,7 @@ std::vector<FontFile> fontFilesIn(const std::string &systemFolder)
 {
     std::vector<FontFile> files;
     for (const std::string &name : namesIn(systemFolder))
-        if (isFontName(name)) files.push_back({systemFolder + "/" + name, {}});
+        if (isFontName(name)) files.push_back({fmt::format("{}/{}", systemFolder, name), {}});
     std::ranges::sort(files, {}, &FontFile::path);
     return files;
 }

@@ -95,8 +95,9 @@ BlobHandle openFontFile(const std::string &systemPath)
     auto file = std::make_unique<MappedFile>(systemPath);
     const std::string_view bytes = file->bytes();
     if (bytes.empty()) return nullptr;
-    return BlobHandle(hb_blob_create(bytes.data(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_READONLY,
-                                     file.release(), [](void *owner) { delete static_cast<MappedFile *>(owner); }));
+    return BlobHandle(
+        hb_blob_create(bytes.data(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_READONLY, file.release(),
+                       [](void *last) { std::unique_ptr<MappedFile>(static_cast<MappedFile *>(last)).reset(); }));
 }
 
 std::vector<FontFace> readFontFaces(const std::string &systemPath)
