@@ -1,5 +1,6 @@
 #include "search/search_sql.h"
 
+#include "master/table_columns.h"
 #include "runtime/conversion.h"
 
 #include <initializer_list>
@@ -63,24 +64,15 @@ std::string inChargeOf(std::int32_t staffNumber)
            " " + " OR nTantou5=" + n + ") ";
 }
 
-/// The conditions inside the staff statement; there is always one.
-class InnerFilter {
-public:
-    void add(const std::string &condition) { m_text += (m_text.empty() ? " where" : " and") + condition; }
-    [[nodiscard]] const std::string &text() const { return m_text; }
-
-private:
-    std::string m_text;
-};
-
+/// There is always one, the own base.
 std::string staffConditions(const App &app, const SearchFilter &filter)
 {
-    InnerFilter inner;
+    Condition inner;
     if (!filter.name.empty()) inner.add(holds(" cName", filter.name));
     if (!filter.kana.empty()) inner.add(holds(" cNameKana", filter.kana));
     if (filter.includeEnded == 0) inner.add(" (iChusiFlg = 0 OR iChusiFlg IS NULL)");
     if (filter.number > 0) inner.add(" nIDNo = " + std::to_string(filter.number));
-    inner.add(" iKyotenCd = " + code(app) + " and iKyotenEb = " + branch(app));
+    inner.add(siteTerm(siteOf(app)));
     return inner.text();
 }
 

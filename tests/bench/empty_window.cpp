@@ -1,5 +1,5 @@
-// An empty window of the toolkit, or one with a line of text, and nothing else: what any program with windows takes to
-// come up. Ends when the window is painted.
+// An empty window of the toolkit and nothing else: what any program with windows takes to come up. With --maximised it fills
+// the screen; with a text it shows that as a line. Ends when the window is painted.
 
 #include "bench/end_at_paint.h"
 
@@ -12,10 +12,15 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     inin::bench::EndAtPaint::of("empty");
+    const QString wish = argc > 1 ? QString::fromUtf8(argv[1]) : QString();
     QWidget window;
     window.setObjectName("empty");
     window.resize(468, 757);
-    if (argc > 1) new QLabel(QString::fromUtf8(argv[1]), &window); // the window owns it
-    window.show();
+    if (wish == "--maximised") {
+        window.showMaximized();
+    } else {
+        if (!wish.isEmpty()) new QLabel(wish, &window); // the window owns it
+        window.show();
+    }
     return QApplication::exec();
 }

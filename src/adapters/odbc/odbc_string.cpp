@@ -32,140 +32,157 @@ EncryptionWish encryptionWish(const ConnectionParts &parts, const OdbcDriver &dr
     return wish;
 }
 
-/// Writes `key=value;` as Microsoft's drivers and the driver manager read it.
-class MicrosoftWriter {
+enum KnownBy : unsigned { microsoft = 1, freeTds = 2, bothDrivers = microsoft | freeTds };
+
+/// A key whose value stands in the string as it was given.
+struct PlainKey {
+    std::string_view key;
+    Part part;
+    unsigned knownBy;
+};
+constexpr PlainKey kPlainKeys[] = {
+    {"APP", Part::application, bothDrivers},
+    {"WSID", Part::workstation, bothDrivers},
+    {"Language", Part::language, bothDrivers},
+    {"PacketSize", Part::packetSize, freeTds},
+    {"ApplicationIntent", Part::intent, bothDrivers},
+    {"MultiSubnetFailover", Part::multiSubnet, microsoft},
+    {"Failover_Partner", Part::failover, microsoft},
+    {"HostNameInCertificate", Part::hostInCertificate, microsoft},
+    {"Authentication", Part::authentication, microsoft},
+};
+
+/// Writes `key=value;` for a server. How a driver spells the server, a value and the encryption is its own writer's.
+class ServerStringWriter {
 public:
-    MicrosoftWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
-        : m_parts(parts), m_driver(driver), m_wish(encryptionWish(parts, driver, isNamedDriver))
+    ServerStringWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver, KnownBy family)
+        : m_parts(parts), m_driver(driver), m_wish(encryptionWish(parts, driver, isNamedDriver)), m_family(family)
     {
     }
+    ServerStringWriter(const ServerStringWriter &) = delete;
+    ServerStringWriter &operator=(const ServerStringWriter &) = delete;
+    virtual ~ServerStringWriter() = default;
 
-    std::string write()
+    std::string write(std::string &problem)
     {
-        m_text = "Driver={" + m_driver.name + "};Server=" + microsoftServer(m_parts.server) + ";";
-        add("Database", Part::database);
+        add("Driver", "{" + m_driver.name + "}");
+        addServer();
+        addPart("Database", Part::database);
         if (m_parts.integrated) {
-            m_text += "Trusted_Connection=Yes;";
+            add("Trusted_Connection", "Yes");
         } else {
-            add("UID", Part::user);
-            add("PWD", Part::password);
+            addPart("UID", Part::user);
+            addPart("PWD", Part::password);
         }
-        addEncryption();
-        add("APP", Part::application);
-        add("WSID", Part::workstation);
-        add("Language", Part::language);
-        add("ApplicationIntent", Part::intent);
-        add("MultiSubnetFailover", Part::multiSubnet);
-        add("Failover_Partner", Part::failover);
-        add("HostNameInCertificate", Part::hostInCertificate);
-        add("Authentication", Part::authentication);
-        for (const auto &[key, raw] : m_parts.others) m_text.append(key).append("=").append(raw).append(";");
+        addEncryption(m_wish);
+        for (const PlainKey &plain : kPlainKeys)
+            if ((plain.knownBy & m_family) != 0) addPart(plain.key, plain.part);
+        for (const auto &[key, raw] : m_parts.others) add(key, raw);
+        problem = m_problem;
         return std::move(m_text);
     }
 
-private:
-    void add(std::string_view key, Part part)
-    {
-        if (m_parts.has(part)) m_text.append(key).append("=").append(odbcQuoted(m_parts.text(part))).append(";");
-    }
+protected:
+    [[nodiscard]] const ConnectionParts &parts() const { return m_parts; }
+    void add(std::string_view key, std::string_view raw) { m_text.append(key).append("=").append(raw).append(";"); }
+    /// What the driver cannot do; the last complaint stays.
+    void complain(std::string problem) { m_problem = std::move(problem); }
 
-    void addEncryption()
+private:
+    virtual void addServer() = 0;
+    virtual void addEncryption(const EncryptionWish &wish) = 0;
+    virtual std::string quoted(std::string_view key, Part part) = 0;
+
+    void addPart(std::string_view key, Part part)
     {
-        if (m_wish.encrypt) {
-            const bool isOn = *m_wish.encrypt == Encryption::yes;
-            const bool isStrict = *m_wish.encrypt == Encryption::strict;
-            m_text.append("Encrypt=").append(isStrict ? "strict" : isOn ? "yes" : "no").append(";");
-        }
-        if (m_wish.trust) m_text.append("TrustServerCertificate=").append(*m_wish.trust ? "yes" : "no").append(";");
+        if (m_parts.has(part)) add(key, quoted(key, part));
     }
 
     const ConnectionParts &m_parts;
     const OdbcDriver &m_driver;
     EncryptionWish m_wish;
+    KnownBy m_family;
     std::string m_text;
+    std::string m_problem;
 };
 
-/// Writes `key=value;` as FreeTDS reads it: the port in a key of its own, a value in braces only where it must be and
-/// always with a semicolon behind it, TLS by a key of its own name.
-class FreeTdsWriter {
+/// As Microsoft's drivers and the driver manager read it.
+class MicrosoftWriter : public ServerStringWriter {
 public:
-    FreeTdsWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
-        : m_parts(parts), m_driver(driver), m_wish(encryptionWish(parts, driver, isNamedDriver))
+    MicrosoftWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
+        : ServerStringWriter(parts, driver, isNamedDriver, microsoft)
     {
-    }
-
-    std::string write(std::string &problem)
-    {
-        m_text = "Driver={" + m_driver.name + "};";
-        addServer();
-        m_text += "TDS_Version=" + tdsVersion() + ";ClientCharset=UTF-8;";
-        add("Database", Part::database);
-        if (m_parts.integrated) {
-            m_text += "Trusted_Connection=Yes;";
-        } else {
-            add("UID", Part::user);
-            add("PWD", Part::password);
-        }
-        addEncryption();
-        add("APP", Part::application);
-        add("WSID", Part::workstation);
-        add("Language", Part::language);
-        add("PacketSize", Part::packetSize);
-        add("ApplicationIntent", Part::intent);
-        for (const auto &[key, raw] : m_parts.others) m_text.append(key).append("=").append(raw).append(";");
-        problem = m_problem;
-        return std::move(m_text);
     }
 
 private:
-    void addServer()
+    void addServer() override { add("Server", microsoftServer(parts().server)); }
+    std::string quoted(std::string_view, Part part) override { return odbcQuoted(parts().text(part)); }
+    void addEncryption(const EncryptionWish &wish) override
     {
-        const ServerAddress &server = m_parts.server;
+        if (wish.encrypt) {
+            const bool isOn = *wish.encrypt == Encryption::yes;
+            const bool isStrict = *wish.encrypt == Encryption::strict;
+            add("Encrypt", isStrict ? "strict" : isOn ? "yes" : "no");
+        }
+        if (wish.trust) add("TrustServerCertificate", *wish.trust ? "yes" : "no");
+    }
+};
+
+/// As FreeTDS reads it: the port in a key of its own, a value in braces only where it must be and always with a semicolon
+/// behind it, TLS by a key of its own name.
+class FreeTdsWriter : public ServerStringWriter {
+public:
+    FreeTdsWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
+        : ServerStringWriter(parts, driver, isNamedDriver, freeTds)
+    {
+    }
+
+private:
+    void addServer() override
+    {
+        const ServerAddress &server = parts().server;
         if (!server.protocol.empty() && server.protocol != "tcp")
-            m_problem = "the FreeTDS driver reaches a server by TCP only";
-        const std::string host = asciiLower(server.host);
-        const bool isThisMachine = host == "." || host == "(local)";
-        m_text += "Server=" + (isThisMachine ? std::string("localhost") : server.host);
+            complain("the FreeTDS driver reaches a server by TCP only");
+        const std::string named = asciiLower(server.host);
+        const bool isThisMachine = named == "." || named == "(local)";
+        const std::string host = isThisMachine ? std::string("localhost") : server.host;
         constexpr std::uint16_t kUsualPort = 1433;
-        if (server.port || server.instance.empty())
-            m_text += ";Port=" + std::to_string(server.port.value_or(kUsualPort)) + ";";
-        else
-            m_text += "\\" + server.instance + ";"; // the server's browser tells the port
+        if (server.port || server.instance.empty()) {
+            add("Server", host);
+            add("Port", std::to_string(server.port.value_or(kUsualPort)));
+        } else {
+            add("Server", host + "\\" + server.instance); // the server's browser tells the port
+        }
+        add("TDS_Version", tdsVersion());
+        add("ClientCharset", "UTF-8");
     }
 
     /// Before 7.2 (and 8.0 is an old name of 7.1) the driver hangs or mixes results up.
     [[nodiscard]] std::string tdsVersion() const
     {
-        const std::string wanted = asciiLower(m_parts.text(Part::tdsVersion));
+        const std::string wanted = asciiLower(parts().text(Part::tdsVersion));
         const bool isNew = wanted == "7.2" || wanted == "7.3" || wanted == "7.4" || wanted == "auto";
         return isNew ? wanted : "7.4";
     }
 
-    void add(std::string_view key, Part part)
+    std::string quoted(std::string_view key, Part part) override
     {
-        if (!m_parts.has(part)) return;
-        const std::string value = m_parts.text(part);
+        const std::string value = parts().text(part);
         const bool needsBraces = value.find(';') != std::string::npos || value.starts_with('{') || trim(value) != value;
         if (needsBraces && value.find("};") != std::string::npos)
-            m_problem = "the FreeTDS driver takes no " + std::string(part == Part::password ? "password" : key) +
-                        " that holds \"};\"";
-        m_text.append(key).append("=").append(needsBraces ? "{" + value + "}" : value).append(";");
+            complain("the FreeTDS driver takes no " + std::string(part == Part::password ? "password" : key) +
+                     " that holds \"};\"");
+        return needsBraces ? "{" + value + "}" : value;
     }
 
-    void addEncryption()
+    void addEncryption(const EncryptionWish &wish) override
     {
-        if (!m_wish.encrypt) return;
-        if (*m_wish.encrypt == Encryption::strict) m_problem = "the FreeTDS driver knows no strict encryption";
-        const bool isOn = *m_wish.encrypt == Encryption::yes;
-        const bool isWish = *m_wish.encrypt == Encryption::request;
-        m_text.append("Encryption=").append(isOn ? "require" : isWish ? "request" : "off").append(";");
+        if (!wish.encrypt) return;
+        if (*wish.encrypt == Encryption::strict) complain("the FreeTDS driver knows no strict encryption");
+        const bool isOn = *wish.encrypt == Encryption::yes;
+        const bool isWish = *wish.encrypt == Encryption::request;
+        add("Encryption", isOn ? "require" : isWish ? "request" : "off");
     }
-
-    const ConnectionParts &m_parts;
-    const OdbcDriver &m_driver;
-    EncryptionWish m_wish;
-    std::string m_text;
-    std::string m_problem;
 };
 
 /// A data source of the system's list, or a driver that is not for SQL Server: keys and values as written, but ADO's
@@ -252,7 +269,7 @@ private:
         const std::optional<OdbcDriver> driver = installed ? installed : bestDriver(m_installed);
         if (!driver) return refuse("no ODBC driver for SQL Server is installed");
         if (driver->family == DriverFamily::microsoft)
-            m_result.text = MicrosoftWriter(m_parts, *driver, installed.has_value()).write();
+            m_result.text = MicrosoftWriter(m_parts, *driver, installed.has_value()).write(m_result.problem);
         else
             m_result.text = FreeTdsWriter(m_parts, *driver, installed.has_value()).write(m_result.problem);
     }

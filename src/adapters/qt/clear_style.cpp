@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <QWidget>
 
 namespace inin {
 
@@ -11,6 +12,18 @@ namespace {
 constexpr int kOutlineAlpha = 150;
 constexpr int kDisabledAlpha = 70;
 } // namespace
+
+void ClearStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                             const QWidget *widget) const
+{
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    const bool isReached = element == CE_MenuBarItem && item != nullptr && (item->state & State_Selected) != 0 &&
+                           widget != nullptr && widget->hasFocus();
+    if (!isReached) return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionMenuItem marked = *item;
+    marked.state |= State_Sunken;
+    QProxyStyle::drawControl(element, &marked, painter, widget);
+}
 
 void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                                const QWidget *widget) const

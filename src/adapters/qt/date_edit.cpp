@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QStyle>
+#include <QTimer>
 #include <QToolTip>
 
 namespace inin {
@@ -29,7 +30,7 @@ DateEdit::DateEdit(std::string format, std::function<Date()> today, QWidget *par
 {
     setMaxLength(kMostLetters);
     setInputMethodHints(Qt::ImhDate | Qt::ImhNoPredictiveText);
-    m_warning = addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
+    m_warning = addAction(QIcon(), QLineEdit::LeadingPosition);
     m_warning->setVisible(false);
     QAction *calendar = addAction(calendarIcon(palette()), QLineEdit::TrailingPosition);
     calendar->setToolTip(tr("カレンダーを開く（Alt+↓）"));
@@ -77,10 +78,22 @@ void DateEdit::complain(const std::string &sentence)
     m_complaint = sentence;
     const QString words = toQt(sentence);
     markUnreadable(*this, !sentence.empty());
+    // Its icon is looked for with the first complaint: the search walks the desktop's icon folders, too long for a start.
+    if (m_warning->icon().isNull()) m_warning->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     m_warning->setVisible(!sentence.empty());
     setToolTip(words);
     setAccessibleDescription(words);
-    if (!sentence.empty() && isVisible()) QToolTip::showText(mapToGlobal(QPoint(0, height())), words, this);
+    explain();
+}
+
+/// Shows the sentence below the box. A tip is gone with the next change of the focus, which may be on its way: the box is
+/// read when it is left.
+void DateEdit::explain()
+{
+    QTimer::singleShot(0, this, [this] {
+        if (!m_complaint.empty() && isVisible())
+            QToolTip::showText(mapToGlobal(QPoint(0, height())), toQt(m_complaint), this);
+    });
 }
 
 DateContext DateEdit::context() const
@@ -172,6 +185,7 @@ void DateEdit::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) selectAll();
+    explain();
 }
 
 void DateEdit::focusOutEvent(QFocusEvent *event)

@@ -43,6 +43,7 @@ private:
     void take(const Variant &value);
     void show(const Variant &value);
     void complain(const std::string &sentence);
+    void explain();
     void step(DatePart part, int by);
     void stepAtCursor(int by);
     void goToToday();

@@ -3,9 +3,12 @@
 #include "adapters/qt/keys.h"
 #include "adapters/qt/qt_text.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QTimer>
 
 #include <map>
 
@@ -18,9 +21,23 @@ void refresh(const MenuEntry &entry, QAction &action)
     const QString caption = toQt(entry.Caption);
     const QString key = keyText(entry.Shortcut);
     action.setSeparator(caption == QLatin1String("-"));
-    action.setText(key.isEmpty() ? caption : caption + '\t' + key);
+    // The toolkit writes the text of a separator beside its line.
+    action.setText(action.isSeparator() ? QString() : key.isEmpty() ? caption : caption + '\t' + key);
     action.setEnabled(entry.Enabled);
     action.setVisible(entry.Visible);
+}
+
+/// A menu that is closed without a choice would leave the bar waiting for keys, so that none reaches the form: one escape
+/// leads all the way back.
+void comeBackFrom(QMenu &menu, QMenuBar &bar)
+{
+    QObject::connect(&menu, &QMenu::aboutToHide, &bar, [&bar] {
+        QTimer::singleShot(0, &bar, [&bar] {
+            if (!bar.hasFocus() || QApplication::activePopupWidget() != nullptr) return;
+            QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+            QApplication::sendEvent(&bar, &escape);
+        });
+    });
 }
 
 QAction *makeAction(MenuEntry &entry, QMenuBar &bar, std::map<const Control *, QMenu *> &menus,
@@ -31,6 +48,7 @@ QAction *makeAction(MenuEntry &entry, QMenuBar &bar, std::map<const Control *, Q
     if (menu == menus.end() && !entry.onClick) {
         QMenu *top = bar.addMenu(QString());
         menus[&entry] = top;
+        comeBackFrom(*top, bar);
         return top->menuAction();
     }
     QAction *action = menu == menus.end() ? bar.addAction(QString()) : menu->second->addAction(QString());

@@ -79,6 +79,13 @@ void GridView::currentChanged(const QModelIndex &current, const QModelIndex &pre
     m_edge.run([&] { m_grid.ActiveRow = current.row() + 1; });
 }
 
+/// With its redraw off the record may have lost rows that are still on the screen, while a box tells that none were found:
+/// their place shows as empty as the grid is, not as rows without words.
+void GridView::paintEvent(QPaintEvent *event)
+{
+    if (m_grid.RowCount() > 0 || m_model->rowCount() == 0) QTableView::paintEvent(event);
+}
+
 /// Home and End walk the rows: there is nothing to walk along a row that is chosen whole.
 void GridView::keyPressEvent(QKeyEvent *event)
 {

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QStringList>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -34,15 +35,23 @@ constexpr const char *kWhatToInstall =
 NoJapaneseFont::NoJapaneseFont() : std::runtime_error(kWhatToInstall) {}
 
 FontReading::FontReading()
-    : m_hasJapanese(std::async(std::launch::async, [] {
-          // The toolkit guards its list of fonts by a lock of its own; the first question reads all of them.
-          return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
-      }))
 {
+    QTimer::singleShot(0, &m_firstWait, [this] { begin(); });
+}
+
+void FontReading::begin()
+{
+    if (m_hasBegun) return;
+    m_hasBegun = true;
+    m_hasJapanese = std::async(std::launch::async, [] {
+        // The toolkit guards its list of fonts by a lock of its own; the first question reads all of them.
+        return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
+    });
 }
 
 void FontReading::finish()
 {
+    begin();
     if (!m_hasJapanese.valid()) return;
     if (!m_hasJapanese.get()) throw NoJapaneseFont();
     QApplication::setFont(japaneseFont(QApplication::font()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QObject>
 
 #include <future>
 #include <stdexcept>
@@ -13,8 +14,9 @@ public:
     NoJapaneseFont();
 };
 
-/// Reads the system's fonts beside the start. That takes about as long as an empty window, and the first window of the
-/// program shows a picture only; so it need not wait for the letters. Lives within the application object.
+/// Reads the system's fonts while the first window waits for the display. That takes about as long as an empty window, and
+/// the first window of the program shows a picture only; so it need not wait for the letters, nor share the processor with
+/// their reading before that. Lives within the application object.
 class FontReading {
 public:
     FontReading();
@@ -23,6 +25,10 @@ public:
     void finish();
 
 private:
+    void begin();
+
+    QObject m_firstWait; ///< takes its timer along when it goes
+    bool m_hasBegun = false;
     std::future<bool> m_hasJapanese; ///< taken by the first finish
 };
 

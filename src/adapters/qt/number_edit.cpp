@@ -5,6 +5,7 @@
 
 #include <QValidator>
 
+#include <algorithm>
 #include <limits>
 
 namespace inin {
@@ -14,7 +15,8 @@ namespace {
 constexpr char16_t kFullWidthZero = u'０';
 constexpr char16_t kFullWidthNine = u'９';
 
-/// Turns full-width digits into digits and refuses everything else, so that the box never holds another character.
+/// Turns full-width digits into digits and refuses everything else, so that the box never holds another character. A zero
+/// in front of another digit goes: who types over the 0 of an untouched box means the new digit alone.
 class DigitsOnly : public QValidator {
 public:
     DigitsOnly(const NumberEdit::Limits &limits, QObject *parent)
@@ -23,7 +25,7 @@ public:
     {
     }
 
-    State validate(QString &text, int &) const override
+    State validate(QString &text, int &cursor) const override
     {
         for (QChar &letter : text) {
             const char16_t code = letter.unicode();
@@ -31,6 +33,10 @@ public:
             if (letter < u'0' || letter > u'9') return Invalid;
         }
         if (text.isEmpty()) return Acceptable;
+        qsizetype zeros = 0;
+        while (zeros + 1 < text.size() && text[zeros] == u'0') ++zeros;
+        text.remove(0, zeros);
+        cursor = std::max(0, cursor - static_cast<int>(zeros));
         bool fits = false;
         const int number = text.toInt(&fits);
         if (!fits || number > m_most) return Invalid;

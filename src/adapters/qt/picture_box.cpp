@@ -14,6 +14,8 @@ void PictureBox::setPicture(const QPixmap &picture)
 {
     m_picture = picture;
     m_smooth = {};
+    // What lies under it need not be painted first.
+    setAttribute(Qt::WA_OpaquePaintEvent, !picture.isNull() && !picture.hasAlpha());
     update();
 }
 

@@ -1,5 +1,6 @@
 #include "adapters/qt/picture_file.h"
 
+#include "adapters/qt/plain_bitmap.h"
 #include "adapters/qt/qt_text.h"
 
 #include <QDateTime>
@@ -13,12 +14,12 @@ namespace {
 /// Kilobytes: room for one wallpaper of a large screen, which is checked first and shown then.
 constexpr int kRoom = 64 * 1024;
 
-/// A bitmap by its first bytes, as the suite's wallpapers are; nullptr for anything else. To find the format out the
-/// toolkit loads all the libraries that it has for pictures, before the first window.
-const char *knownFormat(const QString &name)
+QPixmap readPicture(const QString &name)
 {
     QFile file(name);
-    return file.open(QIODevice::ReadOnly) && file.read(2) == "BM" ? "BMP" : nullptr;
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QImage plain = plainBitmap(file.readAll());
+    return plain.isNull() ? QPixmap(name) : QPixmap::fromImage(plain);
 }
 } // namespace
 
@@ -30,7 +31,8 @@ QPixmap pictureOf(const std::string &systemPath)
     const QString key = name + QString::number(QFileInfo(name).lastModified().toMSecsSinceEpoch());
     QPixmap picture;
     if (QPixmapCache::find(key, &picture)) return picture;
-    if (picture.load(name, knownFormat(name))) QPixmapCache::insert(key, picture);
+    picture = readPicture(name);
+    if (!picture.isNull()) QPixmapCache::insert(key, picture);
     return picture;
 }
 

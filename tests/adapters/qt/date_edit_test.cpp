@@ -11,6 +11,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QPointer>
+#include <QToolTip>
 #include <QtTest/QTest>
 
 #include <string>
@@ -139,6 +140,24 @@ TEST_CASE("what cannot be read stays, is marked and explained, and counts as Nul
         CHECK(box.shown() == "令和 08年01月01日");
         CHECK(box.edit.complaint() == "");
     }
+}
+
+TEST_CASE("the sentence about what cannot be read stands below the box when it is left and when it is entered again")
+{
+    Box box;
+    QLineEdit next(&box.window);
+    next.show();
+    box.type("R8.13.1");
+    next.setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+    CHECK(QToolTip::isVisible());
+    CHECK(fromQt(QToolTip::text()) == "2026年13月1日という日はありません。");
+    QToolTip::hideText();
+    REQUIRE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+    box.edit.setFocus(Qt::BacktabFocusReason);
+    QApplication::processEvents();
+    CHECK(QToolTip::isVisible());
+    box.enter("R8.12.1");
 }
 
 TEST_CASE("up and down step the part under the cursor and mark it")

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QTest>
 #include <QTimer>
 #include <QWindow>
 
@@ -15,6 +16,9 @@
 using namespace inin;
 
 namespace {
+
+/// Milliseconds, more than a paint that was asked for waits for the next picture of the display.
+constexpr int kPaintTime = 60;
 
 /// Counts the paints of a window's widgets.
 class PaintWatch : public QObject {
@@ -70,6 +74,22 @@ TEST_CASE("the next window's load begins when the background has been painted")
     start.windows.show(next, Modality::modal);
     CHECK(wasExposed);
     CHECK(paints > 0);
+}
+
+TEST_CASE("the letters come without another paint of the background")
+{
+    Start start;
+    frmBack background(start.app);
+    start.windows.show(background, Modality::modeless);
+    QTest::qWait(kPaintTime);
+    const PaintWatch watch;
+    const QFont before = QApplication::font();
+    QFont larger = before;
+    larger.setPointSizeF(before.pointSizeF() + 3);
+    QApplication::setFont(larger);
+    QTest::qWait(kPaintTime);
+    QApplication::setFont(before);
+    CHECK(watch.paints() == 0);
 }
 
 TEST_CASE("letters are asked for before the first text, not for the background's picture")

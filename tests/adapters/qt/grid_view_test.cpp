@@ -143,3 +143,18 @@ TEST_CASE("rows that go away while nothing is drawn are not read any more")
     CHECK(screen.view.model()->rowCount() == 0);
     CHECK(screen.grid.ActiveRow == 0);
 }
+
+TEST_CASE("rows that the record has lost with its redraw off leave no lines behind")
+{
+    GridOnScreen screen;
+    screen.fill(5);
+    screen.grid.ReDraw = false;
+    screen.grid.setRowCount(0);
+    const QImage seen = screen.view.viewport()->grab().toImage();
+    const QColor base = screen.view.palette().color(QPalette::Base);
+    int others = 0;
+    for (int y = 0; y < seen.height(); ++y)
+        for (int x = 0; x < seen.width(); ++x)
+            if (seen.pixelColor(x, y) != base) ++others;
+    CHECK(others == 0);
+}

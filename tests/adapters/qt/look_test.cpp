@@ -217,4 +217,5 @@ TEST_CASE("the menus show their access keys and short-cuts")
                                QString::fromUtf8("ヘルプ(&H)"), QString::fromUtf8("ﾊﾞｰｼﾞｮﾝ情報"),
                                QString::fromUtf8("オンラインヘルプ(&M)")});
     CHECK(set.print->findChild<QAction *>("mnKugiri")->isSeparator());
+    CHECK(set.print->findChild<QAction *>("mnKugiri")->text().isEmpty());
 }

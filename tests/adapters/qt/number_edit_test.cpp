@@ -61,6 +61,19 @@ TEST_CASE("full-width digits from an input method are taken as digits")
     CHECK(box.edits.back() == Variant(std::int32_t{1234567890}));
 }
 
+TEST_CASE("a digit typed behind the zero of an untouched box takes its place")
+{
+    NumberBoxOnScreen box;
+    box.edit.setValue(std::int32_t{0});
+    QTest::keyClicks(&box.edit, "105");
+    CHECK(box.shown() == "105");
+    CHECK(box.edits == std::vector<Variant>{std::int32_t{1}, std::int32_t{10}, std::int32_t{105}});
+    box.edit.home(false);
+    QTest::keyClicks(&box.edit, "00");
+    CHECK(box.shown() == "105");
+    CHECK(box.edit.cursorPosition() == 0);
+}
+
 TEST_CASE("an emptied box is Null, and Null is shown empty")
 {
     NumberBoxOnScreen box;

@@ -169,6 +169,7 @@ def work_a_print(program, display, look=lambda name: None):
     display.key("F1")
     program.wait_told(event="start", style=2)
     time.sleep(0.3)
+    look("printed")
     program.bring_back()
     display.key("F2")
     program.wait_told(event="start", style=3)

@@ -1,9 +1,9 @@
-// The conditions screen and its search windows, worked by a person in a fake world.
+// The conditions screen and the boxes, worked by a person in a fake world.
 
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/pointer_shape.h"
 #include "adapters/qt/qt_text.h"
-#include "adapters/qt/window_fixture.h"
+#include "adapters/qt/working_program.h"
 #include "printing/print_fixture.h"
 #include "runtime/runtime_error.h"
 #include "shell/back_form.h"
@@ -13,14 +13,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QCloseEvent>
-#include <QComboBox>
-#include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QTableView>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
@@ -30,86 +25,6 @@
 #include <vector>
 
 using namespace inin;
-
-namespace {
-
-/// The program from its start; acts come one by one once the conditions screen waits for a person.
-struct Program : WindowFixture {
-    Program()
-    {
-        // The windows look at real pictures only, and the fake world has none.
-        world.files.putText("C:\\SUITE\\Massage.ini",
-                            "SYSTEM_SYS=\\SYS\nSYSTEM_TMP=\\TMP\nSYSTEM_ICON=\\ICON\n"
-                            "SYSTEM_DATA=\\DATA\nWALLPAPER=none.bmp\nBASEID=0102\n終了患者施術期間=3\n");
-        answer("cNameRyaku  FROM STAFF", {"nIDNo", "cName", "cNameRyaku"}, {{std::int32_t{11}, "佐藤 花子", ""}});
-        answer(")staff", {"nIDNo", "cName", "cNameKana"}, {{std::int32_t{11}, "佐藤 花子", "サトウ"}});
-        const std::int16_t base = 1, branch = 2;
-        answer(
-            "FROM RIYOUSHA  WHERE nIDNo >= 0",
-            {"iKyotenCd", "iKyotenEb", "nIDNo", "cName", "cNameKana", "cNameRyaku", "cTelNo", "cAdress1", "cAdress2"},
-            {{base, branch, std::int32_t{21}, "青木 一郎", "アオキ", "", "", "", ""},
-             {base, branch, std::int32_t{22}, "伊藤 二郎", "イトウ", "", "", "", ""}});
-    }
-    void answer(const char *part, std::vector<std::string> columns, std::vector<std::vector<Variant>> rows)
-    {
-        FakeResult result;
-        result.columns = std::move(columns);
-        result.rows = std::move(rows);
-        world.database.resultsByText.emplace_back(part, std::move(result));
-    }
-    /// True when the program ended by its own end statement.
-    [[nodiscard]] bool runs()
-    {
-        // Whatever a test has left open is closed, so that a test that fails does not hang.
-        for (int closings = 0; closings < 3; ++closings)
-            turns.then([] {
-                if (QApplication::activeModalWidget() != nullptr) QApplication::activeModalWidget()->close();
-            });
-        bool ended = false;
-        try {
-            frmBack background(app);
-            windows.show(background, Modality::modeless);
-            windows.show(form, Modality::modal);
-        } catch (const ProcessEnded &) {
-            ended = true;
-        }
-        CHECK(turns.failure() == "");
-        return ended;
-    }
-    void act(std::function<void()> act) { turns.then(std::move(act)); }
-    [[nodiscard]] FormWindow &top() const { return *windows.topWindow(); }
-    [[nodiscard]] QWidget &widget(const char *control) const { return top().widget(control); }
-    void click(const char *control)
-    {
-        QTest::mouseClick(&widget(control), Qt::LeftButton, {}, QPoint(8, widget(control).height() / 2));
-    }
-    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = {})
-    {
-        QWidget *target = top().focusWidget() != nullptr ? top().focusWidget() : &top();
-        QTest::keyClick(target, code, modifiers);
-    }
-    [[nodiscard]] std::string focused() const
-    {
-        return top().focusWidget() != nullptr ? fromQt(top().focusWidget()->objectName()) : std::string();
-    }
-    [[nodiscard]] bool handedBack() const
-    {
-        return world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"};
-    }
-
-    frmPrintInin form{app};
-};
-
-void dropText(QWidget &target, const QString &text)
-{
-    QMimeData data;
-    data.setText(text);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    // Past the toolkit's own drag, which there is none of.
-    static_cast<QObject &>(target).event(&drop);
-}
-
-} // namespace
 
 TEST_CASE("every way out of the screen hands back to the menu program")
 {
@@ -153,6 +68,21 @@ TEST_CASE("the tab key walks the screen from the top, and from its end to its be
                                              "imSetDateFrom", "imSetDateTo",     "optSyomei(0)",    "optSyomei(1)",
                                              "imSyomei",      "btnPrint(0)",     "btnPrint(1)",     "btnPrint(6)"});
     CHECK(program.handedBack());
+}
+
+TEST_CASE("on a screen too low for the form the tab key brings the commands into sight whole")
+{
+    Program program;
+    program.act([&] {
+        const QWidget &last = program.widget("btnPrint(6)");
+        program.top().setFixedHeight(600); // as a low screen has room for
+        CHECK(last.visibleRegion().isEmpty());
+        program.widget("imSyomei").setFocus();
+        for (int stop = 0; stop < 3; ++stop) program.key(Qt::Key_Tab);
+        CHECK(program.focused() == "btnPrint(6)");
+        CHECK(last.visibleRegion().boundingRect() == last.rect());
+    });
+    CHECK(program.runs());
 }
 
 TEST_CASE("the arrow keys mark the options of a frame, the hidden one never")
@@ -211,6 +141,23 @@ TEST_CASE("Alt and the access key open a menu")
     CHECK(program.runs());
 }
 
+TEST_CASE("escape closes a menu and leads back to the control that had the focus")
+{
+    Program program;
+    program.act([&] {
+        const QPointer<QWidget> before = program.top().focusWidget();
+        auto *menu = program.top().findChild<QAction *>("mnFunc")->menu();
+        program.key(Qt::Key_F, Qt::AltModifier);
+        REQUIRE(menu->isVisible());
+        QTest::keyClick(menu, Qt::Key_Escape);
+        CHECK_FALSE(menu->isVisible());
+        QApplication::processEvents();
+        REQUIRE(before != nullptr);
+        CHECK(program.top().focusWidget() == before);
+    });
+    CHECK(program.runs());
+}
+
 TEST_CASE("a date that stands typed in its box counts for a print by the function key")
 {
     Program program;
@@ -246,89 +193,6 @@ TEST_CASE("a print with an unreadable target month is refused, and the text stan
     CHECK(box == "(94)Null の使い方が不正です。");
 }
 
-TEST_CASE("a patient is picked with the keyboard alone")
-{
-    Program program;
-    program.act([&] {
-        program.widget("btn_KanjaSelect").setFocus();
-        program.key(Qt::Key_Space);
-    });
-    program.act([&] {
-        CHECK(program.top().windowTitle() == QString::fromUtf8("利用者マスター検索"));
-        program.widget("spr_1ran").setFocus();
-        program.key(Qt::Key_Down);
-        program.key(Qt::Key_End);
-        program.key(Qt::Key_F5);
-    });
-    program.act([&] {
-        CHECK(program.form.imNum_CD.Value.get() == Variant(std::int32_t{22}));
-        CHECK(dynamic_cast<QLineEdit &>(program.widget("imNum_CD")).text() == "22");
-    });
-    CHECK(program.runs());
-}
-
-TEST_CASE("a search window that is closed by its control box leaves everybody chosen")
-{
-    Program program;
-    program.act([&] { program.click("btn_KanjaSelect"); });
-    program.act([&] { program.top().close(); });
-    program.act([&] { CHECK(program.form.lbl_SelKanja.Caption.get() == "(全員)"); });
-    CHECK(program.runs());
-    CHECK(program.handedBack());
-}
-
-TEST_CASE("a search window cannot be closed in the middle of its search")
-{
-    Program program;
-    program.act([&] { program.click("btn_KanjaSelect"); });
-    program.act([&] {
-        FormWindow &search = program.top();
-        // It arrives where the search gives time to waiting events.
-        QApplication::postEvent(&search, new QCloseEvent);
-        program.key(Qt::Key_F4);
-        CHECK(search.isVisible());
-        CHECK(program.top().widgetAs<QTableView>("spr_1ran").model()->rowCount() == 2);
-    });
-    program.act([&] { program.key(Qt::Key_F12); });
-    CHECK(program.runs());
-}
-
-TEST_CASE("a box over a search window waits for its answer, and the window stays")
-{
-    Program program;
-    std::string box;
-    program.act([&] { program.click("btn_KanjaSelect"); });
-    program.act([&] { program.key(Qt::Key_F5); });
-    program.act([&] { box = answerTopBox(); });
-    program.act([&] {
-        CHECK(program.top().objectName() == QString::fromUtf8("frm患者検索"));
-        program.key(Qt::Key_F12);
-    });
-    CHECK(program.runs());
-    CHECK(box == "有効な行が選択されていません！");
-}
-
-TEST_CASE("the return key walks the boxes of a search window, and does nothing on its buttons")
-{
-    Program program;
-    std::vector<std::string> walked;
-    program.act([&] { program.click("btn_StaffSelect"); });
-    program.act([&] {
-        for (int steps = 0; steps < 4; ++steps) {
-            walked.push_back(program.focused());
-            program.key(Qt::Key_Return);
-        }
-        walked.push_back(program.focused());
-        program.key(Qt::Key_Return);
-        walked.push_back(program.focused());
-        program.key(Qt::Key_F12);
-    });
-    CHECK(program.runs());
-    std::string path;
-    for (const std::string &stop : walked) path += stop + " ";
-    CHECK(path == "in_SiboriID txt_SiboriName txt_SiboriKana chkEndSejutsuha but_Read but_Read ");
-}
-
 TEST_CASE("a thousand quick clicks on print and preview are a thousand answers, one after the other")
 {
     constexpr int kClicks = 1000;
@@ -356,22 +220,6 @@ TEST_CASE("a thousand quick clicks on print and preview are a thousand answers, 
     program.act([&] { CHECK(program.world.processes.started.size() == kClicks); });
     CHECK(program.runs());
     CHECK(deepest == 1);
-}
-
-TEST_CASE("a megabyte of text dropped into a text box is cut to what the box holds, and is what the search is given")
-{
-    Program program;
-    program.act([&] { program.click("btn_KanjaSelect"); });
-    program.act([&] {
-        QWidget &box = program.widget("txt_SiboriName");
-        dropText(box, QString(1 << 20, QChar(u'青')));
-        const auto &record = dynamic_cast<const TextBox &>(*program.top().form().find("txt_SiboriName"));
-        const QString held = dynamic_cast<QLineEdit &>(box).text();
-        CHECK(held.size() == 32767);
-        CHECK(toQt(record.Text) == held);
-        program.key(Qt::Key_F12);
-    });
-    CHECK(program.runs());
 }
 
 TEST_CASE("the hourglass stands over all windows, and makes way for a box")

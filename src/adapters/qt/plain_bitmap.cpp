@@ -1,0 +1,60 @@
+#include "adapters/qt/plain_bitmap.h"
+
+#include <QtEndian>
+
+namespace inin {
+
+namespace {
+
+// Where the numbers stand in a bitmap file, all of them with the low byte first: the file's header, then the picture's.
+constexpr qsizetype kPixelsAt = 10;
+constexpr qsizetype kPictureHeader = 14;
+constexpr qsizetype kWidthAt = 18;
+constexpr qsizetype kHeightAt = 22;
+constexpr qsizetype kBitsAt = 28;
+constexpr qsizetype kCompressionAt = 30;
+constexpr qsizetype kHeaders = 54;
+
+constexpr qsizetype kPixelBytes = 3;
+/// A row is filled up to a multiple of this many bytes.
+constexpr qsizetype kRowUnit = 4;
+/// Larger than any screen, and small enough that sizes stay far from their limits.
+constexpr qint32 kMostPixels = 1 << 15;
+
+template <class Number> Number numberAt(const QByteArray &file, qsizetype place)
+{
+    return qFromLittleEndian<Number>(file.constData() + place);
+}
+
+bool isSide(qint32 pixels)
+{
+    return pixels > 0 && pixels <= kMostPixels;
+}
+
+} // namespace
+
+QImage plainBitmap(const QByteArray &file)
+{
+    constexpr quint32 kInfoHeader = kHeaders - kPictureHeader;
+    if (file.size() < kHeaders || !file.startsWith("BM")) return {};
+    if (numberAt<quint32>(file, kPictureHeader) != kInfoHeader || numberAt<quint32>(file, kCompressionAt) != 0)
+        return {};
+    const auto width = numberAt<qint32>(file, kWidthAt);
+    const auto height = numberAt<qint32>(file, kHeightAt);
+    if (!isSide(width) || !isSide(height) || numberAt<quint16>(file, kBitsAt) != kPixelBytes * 8) return {};
+    const qsizetype rowBytes = (width * kPixelBytes + kRowUnit - 1) / kRowUnit * kRowUnit;
+    const qsizetype first = numberAt<quint32>(file, kPixelsAt);
+    if (first < kHeaders || file.size() - first < rowBytes * height) return {};
+
+    QImage picture(width, height, QImage::Format_RGB32);
+    for (qint32 row = 0; row < height; ++row) {
+        // The lowest row of the picture is the first one of the file.
+        const auto *from = reinterpret_cast<const uchar *>(file.constData()) + first + (height - 1 - row) * rowBytes;
+        auto *to = reinterpret_cast<QRgb *>(picture.scanLine(row));
+        for (qint32 column = 0; column < width; ++column, from += kPixelBytes)
+            to[column] = qRgb(from[2], from[1], from[0]);
+    }
+    return picture;
+}
+
+} // namespace inin

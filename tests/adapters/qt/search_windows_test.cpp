@@ -1,0 +1,123 @@
+// The search windows over the conditions screen, worked by a person in a fake world.
+
+#include "adapters/qt/working_program.h"
+
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTableView>
+
+using namespace inin;
+
+namespace {
+
+void dropText(QWidget &target, const QString &text)
+{
+    QMimeData data;
+    data.setText(text);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    // Past the toolkit's own drag, which there is none of.
+    static_cast<QObject &>(target).event(&drop);
+}
+
+} // namespace
+
+TEST_CASE("a patient is picked with the keyboard alone")
+{
+    Program program;
+    program.act([&] {
+        program.widget("btn_KanjaSelect").setFocus();
+        program.key(Qt::Key_Space);
+    });
+    program.act([&] {
+        CHECK(program.top().windowTitle() == QString::fromUtf8("利用者マスター検索"));
+        program.widget("spr_1ran").setFocus();
+        program.key(Qt::Key_Down);
+        program.key(Qt::Key_End);
+        program.key(Qt::Key_F5);
+    });
+    program.act([&] {
+        CHECK(program.form.imNum_CD.Value.get() == Variant(std::int32_t{22}));
+        CHECK(dynamic_cast<QLineEdit &>(program.widget("imNum_CD")).text() == "22");
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a search window that is closed by its control box leaves everybody chosen")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] { program.top().close(); });
+    program.act([&] { CHECK(program.form.lbl_SelKanja.Caption.get() == "(全員)"); });
+    CHECK(program.runs());
+    CHECK(program.handedBack());
+}
+
+TEST_CASE("a search window cannot be closed in the middle of its search")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        FormWindow &search = program.top();
+        // It arrives where the search gives time to waiting events.
+        QApplication::postEvent(&search, new QCloseEvent);
+        program.key(Qt::Key_F4);
+        CHECK(search.isVisible());
+        CHECK(program.top().widgetAs<QTableView>("spr_1ran").model()->rowCount() == 2);
+    });
+    program.act([&] { program.key(Qt::Key_F12); });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a box over a search window waits for its answer, and the window stays")
+{
+    Program program;
+    std::string box;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] { program.key(Qt::Key_F5); });
+    program.act([&] { box = answerTopBox(); });
+    program.act([&] {
+        CHECK(program.top().objectName() == QString::fromUtf8("frm患者検索"));
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
+    CHECK(box == "有効な行が選択されていません！");
+}
+
+TEST_CASE("the return key walks the boxes of a search window, and does nothing on its buttons")
+{
+    Program program;
+    std::vector<std::string> walked;
+    program.act([&] { program.click("btn_StaffSelect"); });
+    program.act([&] {
+        for (int steps = 0; steps < 4; ++steps) {
+            walked.push_back(program.focused());
+            program.key(Qt::Key_Return);
+        }
+        walked.push_back(program.focused());
+        program.key(Qt::Key_Return);
+        walked.push_back(program.focused());
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
+    std::string path;
+    for (const std::string &stop : walked) path += stop + " ";
+    CHECK(path == "in_SiboriID txt_SiboriName txt_SiboriKana chkEndSejutsuha but_Read but_Read ");
+}
+
+TEST_CASE("a megabyte of text dropped into a text box is cut to what the box holds, and is what the search is given")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        QWidget &box = program.widget("txt_SiboriName");
+        dropText(box, QString(1 << 20, QChar(u'青')));
+        const auto &record = dynamic_cast<const TextBox &>(*program.top().form().find("txt_SiboriName"));
+        const QString held = dynamic_cast<QLineEdit &>(box).text();
+        CHECK(held.size() == 32767);
+        CHECK(toQt(record.Text) == held);
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
+}
