@@ -32,6 +32,11 @@ bool hasScreen()
     return std::ranges::any_of(kNames, [](const char *name) { return !environmentText(name).empty(); });
 }
 
+FirstShow firstShow()
+{
+    return FirstShow::normal;
+}
+
 std::string environmentText(const std::string &name)
 {
     const char *const value = std::getenv(name.c_str());

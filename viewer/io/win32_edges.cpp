@@ -70,6 +70,23 @@ bool hasScreen()
     return true;
 }
 
+FirstShow firstShow()
+{
+    STARTUPINFOW startup{};
+    GetStartupInfoW(&startup);
+    if ((startup.dwFlags & STARTF_USESHOWWINDOW) == 0) return FirstShow::normal;
+    switch (startup.wShowWindow) {
+    case SW_SHOWMINIMIZED:
+    case SW_MINIMIZE:
+    case SW_SHOWMINNOACTIVE:
+        return FirstShow::minimised;
+    case SW_SHOWMAXIMIZED:
+        return FirstShow::maximised;
+    default:
+        return FirstShow::normal;
+    }
+}
+
 std::string environmentText(const std::string &name)
 {
     const std::wstring wide = wideFromUtf8(name);

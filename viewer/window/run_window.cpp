@@ -1,6 +1,7 @@
 #include "viewer/window/run_window.h"
 
 #include "runtime/runtime_error.h"
+#include "viewer/io/system_edges.h"
 #include "viewer/window/look.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/viewer_window.h"
@@ -8,6 +9,23 @@
 #include <QApplication>
 
 namespace inin::viewer {
+
+namespace {
+
+/// As the program that started this one wishes: the toolkit alone would not ask.
+void showFirst(QWidget &window)
+{
+    switch (firstShow()) {
+    case FirstShow::normal:
+        return window.show();
+    case FirstShow::minimised:
+        return window.showMinimized();
+    case FirstShow::maximised:
+        return window.showMaximized();
+    }
+}
+
+} // namespace
 
 int runWindow(std::string programName, const std::string &scriptPath, const std::string &letters)
 {
@@ -20,7 +38,7 @@ int runWindow(std::string programName, const std::string &scriptPath, const std:
         auto open = std::make_unique<OpenLetters>(scriptPath);
         if (!letters.empty()) open->ticks.setText(letters);
         ViewerWindow window(scriptPath, std::move(open), services);
-        window.show();
+        showFirst(window);
         window.start();
         return QApplication::exec();
     } catch (const RuntimeError &error) {

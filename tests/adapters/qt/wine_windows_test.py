@@ -22,6 +22,8 @@ from real_windows_test import Display, Failed, Program, expect, noted, wait_for,
 FOLDER = "委任状 デモ"
 FORM_TOOLS = ("wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe")
 # The settings stand in the words of the program, so both systems must write them alike.
+# Of the 1280 points of the display, less what frames may take.
+FULL_WIDTH = 1260
 COMPARED = ("TMP/委任状.csv", "TMP/WfdCom.dat", "Massage.ini", "adodb.ini", "Sorvin.ver", "DATA/印刷設定.ini")
 
 
@@ -174,12 +176,17 @@ def the_same_as_here(site, display):
 
 
 def the_preview_is_the_form_viewer(site, display):
-    """With the form viewer in the site's folder the form tools' names start it; it stands in front and goes on by itself."""
+    """With the form viewer in the site's folder the form tools' names start it; it stands in front over the whole screen,
+    as a preview is started, and goes on by itself."""
     take = Pictures(display, "viewer")
 
     def look(stage):
         if stage == "previewed":
             wait_for(f"the preview, not {display.active_title()}", lambda: "－ 印刷プレビュー" in display.active_title())
+            size = display.tool("getactivewindow", "getwindowgeometry", "--shell")
+            width = int(size.split("WIDTH=")[1].split()[0])
+            if width < FULL_WIDTH:
+                raise Failed(f"the preview is {width} wide")
         take(stage)
 
     with WineProgram(display, site) as program:
