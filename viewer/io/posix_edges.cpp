@@ -32,9 +32,9 @@ bool hasScreen()
     return std::ranges::any_of(kNames, [](const char *name) { return !environmentText(name).empty(); });
 }
 
-FirstShow firstShow()
+bool startsMaximised()
 {
-    return FirstShow::normal;
+    return false;
 }
 
 std::string environmentText(const std::string &name)

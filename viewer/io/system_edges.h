@@ -17,9 +17,9 @@ void prepareStreams();
 void tellFailure(const std::string &sentence);
 /// A window can be shown.
 [[nodiscard]] bool hasScreen();
-/// How the program that started this one wishes its first window; only Windows carries such a wish.
-enum class FirstShow { normal, minimised, maximised };
-[[nodiscard]] FirstShow firstShow();
+/// The program that started this one wishes its window over the whole screen; only Windows carries such a wish. The wish
+/// for a small one is not asked for: it comes with a print, whose dialog must be seen.
+[[nodiscard]] bool startsMaximised();
 /// A variable of the environment; empty when it is missing.
 [[nodiscard]] std::string environmentText(const std::string &name);
 

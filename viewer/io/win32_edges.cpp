@@ -70,21 +70,11 @@ bool hasScreen()
     return true;
 }
 
-FirstShow firstShow()
+bool startsMaximised()
 {
     STARTUPINFOW startup{};
     GetStartupInfoW(&startup);
-    if ((startup.dwFlags & STARTF_USESHOWWINDOW) == 0) return FirstShow::normal;
-    switch (startup.wShowWindow) {
-    case SW_SHOWMINIMIZED:
-    case SW_MINIMIZE:
-    case SW_SHOWMINNOACTIVE:
-        return FirstShow::minimised;
-    case SW_SHOWMAXIMIZED:
-        return FirstShow::maximised;
-    default:
-        return FirstShow::normal;
-    }
+    return (startup.dwFlags & STARTF_USESHOWWINDOW) != 0 && startup.wShowWindow == SW_SHOWMAXIMIZED;
 }
 
 std::string environmentText(const std::string &name)

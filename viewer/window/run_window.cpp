@@ -10,23 +10,6 @@
 
 namespace inin::viewer {
 
-namespace {
-
-/// As the program that started this one wishes: the toolkit alone would not ask.
-void showFirst(QWidget &window)
-{
-    switch (firstShow()) {
-    case FirstShow::normal:
-        return window.show();
-    case FirstShow::minimised:
-        return window.showMinimized();
-    case FirstShow::maximised:
-        return window.showMaximized();
-    }
-}
-
-} // namespace
-
 int runWindow(std::string programName, const std::string &scriptPath, const std::string &letters)
 {
     int argumentCount = 1;
@@ -38,7 +21,8 @@ int runWindow(std::string programName, const std::string &scriptPath, const std:
         auto open = std::make_unique<OpenLetters>(scriptPath);
         if (!letters.empty()) open->ticks.setText(letters);
         ViewerWindow window(scriptPath, std::move(open), services);
-        showFirst(window);
+        // The toolkit alone would not ask.
+        startsMaximised() ? window.showMaximized() : window.show();
         window.start();
         return QApplication::exec();
     } catch (const RuntimeError &error) {
