@@ -9,6 +9,8 @@ namespace inin::viewer {
 /// What can be wrong with a letter before it is printed, in the order in which it is told.
 enum class Cause : std::uint8_t {
     unreadableRow,
+    noPatient,
+    noInsurer,
     noCompany,
     blankBank,
     noAccountNumber,
@@ -25,7 +27,7 @@ enum class Cause : std::uint8_t {
     doesNotFit,
     shrunk,
 };
-inline constexpr std::size_t kCauses = 16;
+inline constexpr std::size_t kCauses = 18;
 
 /// How a cause is told: its name for programs, and in Japanese a mark, a heading and the sentence on where it is mended.
 struct CauseText {

@@ -82,6 +82,8 @@ struct NeededText {
     bool (*isLacking)(std::string_view text);
 };
 constexpr NeededText kNeededTexts[] = {
+    {"利用者氏名", Cause::noPatient, isBlank},
+    {"保険者名", Cause::noInsurer, isBlank},
     {"会社名称", Cause::noCompany, isBlank},
     {"金融機関名", Cause::blankBank, namesNoBank},
     {"口座番号", Cause::noAccountNumber, [](std::string_view text) { return !hasDigit(text); }},

@@ -99,6 +99,14 @@ TEST_CASE("an account line without a number is found")
                  {"口座番号", "(当) １２３", {}}});
 }
 
+TEST_CASE("a letter without a patient or an insurer is found")
+{
+    checkValues({{"利用者氏名", "", {Cause::noPatient}},
+                 {"利用者氏名", "　", {Cause::noPatient}},
+                 {"保険者名", " ", {Cause::noInsurer}},
+                 {"保険者名", "国", {}}});
+}
+
 TEST_CASE("a letter without an account holder is found")
 {
     checkValues({{"口座名義", "", {Cause::noHolder}}, {"口座名義", "ｱ", {}}});
