@@ -17,7 +17,7 @@ function(inin_test name)
         ININ_SITE="${PROJECT_SOURCE_DIR}/site")
     if(WIN32)
         # Unoptimized: what takes the time is compiling the tests, not running them.
-        target_compile_options(${name} PRIVATE -O0 -include "${PROJECT_SOURCE_DIR}/tests/support/win32_mkdtemp.h")
+        target_compile_options(${name} PRIVATE -O0)
     endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)

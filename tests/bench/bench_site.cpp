@@ -49,17 +49,8 @@ std::unique_ptr<Database> embeddedIn(const fs::path &folder)
 
 BenchSite::BenchSite(std::int64_t patients, std::int64_t staff)
 {
-    std::string pattern = (fs::temp_directory_path() / "inin-bench-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
-    m_folder = pattern;
-    site::makeSite(m_folder, {patients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth), staff},
+    site::makeSite(folder(), {patients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth), staff},
                    site::Overwrite::onlyOwnFolder);
-}
-
-BenchSite::~BenchSite()
-{
-    std::error_code ignored;
-    fs::remove_all(m_folder, ignored);
 }
 
 struct BenchScreen::Parts {

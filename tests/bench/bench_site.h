@@ -1,6 +1,7 @@
 #pragma once
 
 #include "printing/print_form.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 #include <memory>
@@ -16,13 +17,10 @@ class BenchSite {
 public:
     /// 0 staff: as many as so many patients need.
     explicit BenchSite(std::int64_t patients, std::int64_t staff = 0);
-    ~BenchSite();
-    BenchSite(const BenchSite &) = delete;
-    BenchSite &operator=(const BenchSite &) = delete;
-    [[nodiscard]] const std::filesystem::path &folder() const { return m_folder; }
+    [[nodiscard]] const std::filesystem::path &folder() const { return m_folder.folder(); }
 
 private:
-    std::filesystem::path m_folder;
+    TempFolder m_folder;
 };
 
 /// The conditions screen on a site, with the system's own files and the embedded database and without a window. A box

@@ -7,11 +7,7 @@
 
 #include <fstream>
 
-#include <unistd.h>
-
 namespace inin::bench {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -25,9 +21,7 @@ std::string quotedLine(const std::vector<std::string> &fields)
 } // namespace
 
 LetterJob::LetterJob(std::size_t letters)
-    : m_path(fs::temp_directory_path() / fmt::format("bench_letters.{}.{}", ::getpid(), letters))
 {
-    fs::create_directories(m_path);
     std::string csv = quotedLine(letterTitles());
     for (std::size_t n = 0; n < letters; ++n) csv += quotedLine(letterRow(n));
     std::ofstream(file("letters.csv"), std::ios::binary) << encodeCp932(csv);
@@ -35,12 +29,6 @@ LetterJob::LetterJob(std::size_t letters)
         << encodeCp932(fmt::format("FileName,\"{}/forms/委任状37_01.wfd\"\r\nTitle,\"委任状\"\r\n"
                                    "SetDataText,\"委任状\",\"{}\"\r\nPrintPaper, A4\r\nPrintOut\r\n",
                                    ININ_SITE, file("letters.csv")));
-}
-
-LetterJob::~LetterJob()
-{
-    std::error_code error;
-    fs::remove_all(m_path, error);
 }
 
 } // namespace inin::bench

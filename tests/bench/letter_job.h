@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/temp_folder.h"
+
 #include <cstddef>
-#include <filesystem>
 #include <string>
 
 namespace inin::bench {
@@ -10,14 +11,11 @@ namespace inin::bench {
 class LetterJob {
 public:
     explicit LetterJob(std::size_t letters);
-    ~LetterJob();
-    LetterJob(const LetterJob &) = delete;
-    LetterJob &operator=(const LetterJob &) = delete;
-    [[nodiscard]] std::string file(const char *name) const { return (m_path / name).string(); }
+    [[nodiscard]] std::string file(const char *name) const { return m_folder / name; }
     [[nodiscard]] std::string script() const { return file("script.dat"); }
 
 private:
-    std::filesystem::path m_path;
+    TempFolder m_folder;
 };
 
 } // namespace inin::bench

@@ -2,11 +2,11 @@
 
 #include "adapters/system/system_platform.h"
 #include "master/embedded_fixture.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 
 using namespace inin;
 
@@ -33,31 +33,16 @@ struct MapOfSite : EmbeddedWorld {
 
 using CorpFixture = EmbeddedFixture<cT_CORP>;
 
-/// A folder of the system that is current while the test runs.
-class CurrentFolder {
+/// The current folder, with the picture's folder in it.
+class PictureFolder {
 public:
-    CurrentFolder() : m_before(std::filesystem::current_path())
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "inin-map-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
-        m_folder = pattern;
-        std::filesystem::create_directory(m_folder / "zenrinCGI");
-        std::filesystem::current_path(m_folder);
-    }
-    CurrentFolder(const CurrentFolder &) = delete;
-    CurrentFolder &operator=(const CurrentFolder &) = delete;
-    ~CurrentFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::current_path(m_before, ignored);
-        std::filesystem::remove_all(m_folder, ignored);
-    }
-    [[nodiscard]] std::string path() const { return m_folder.string(); }
-    [[nodiscard]] std::filesystem::path picture() const { return m_folder / "zenrinCGI" / "zenrin.gif"; }
+    PictureFolder() { std::filesystem::create_directory(picture().parent_path()); }
+    [[nodiscard]] const std::string &path() const { return m_folder.path(); }
+    [[nodiscard]] std::filesystem::path picture() const { return m_folder.folder() / "zenrinCGI" / "zenrin.gif"; }
 
 private:
-    std::filesystem::path m_before;
-    std::filesystem::path m_folder;
+    TempFolder m_folder;
+    CurrentFolder m_current{m_folder.folder()};
 };
 
 } // namespace
@@ -116,7 +101,7 @@ TEST_CASE("an update with no picture or an empty one is a faulty statement and l
 
 TEST_CASE("a picture of 20 MB in the current folder goes into the database whole and off the disk")
 {
-    CurrentFolder folder;
+    const PictureFolder folder;
     constexpr std::size_t kSize = std::size_t{20} * 1024 * 1024;
     std::string bytes(kSize, '\0');
     for (std::size_t at = 0; at < kSize; ++at) bytes[at] = static_cast<char>((at * 7U + at / 256U) & 0xFFU);

@@ -1,7 +1,7 @@
-#include "adapters/posix/temp_folder.h"
 #include "adapters/system/system_platform.h"
 #include "printing/print_form.h"
 #include "support/fake_platform.h"
+#include "support/temp_folder.h"
 
 #include <doctest/doctest.h>
 

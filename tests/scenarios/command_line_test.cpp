@@ -93,10 +93,8 @@ TEST_CASE("a relative folder is found, and so is the database in it")
 {
     const CommandLine line;
     const std::string folder = line.app().substr(std::string("--app ").size());
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(std::filesystem::path(folder).parent_path());
+    const CurrentFolder outside(std::filesystem::path(folder).parent_path());
     const Ran ran = line.run("--app " + std::filesystem::path(folder).filename().string(), "");
-    std::filesystem::current_path(before);
     CHECK(ran.code == 0);
     CHECK(ran.out.find("{\"event\":\"connect\",\"session\":1}") != std::string::npos);
 }

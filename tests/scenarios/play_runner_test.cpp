@@ -3,7 +3,6 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <stdexcept>
 
 using namespace inin;
@@ -16,11 +15,8 @@ struct Checked {
 
     static Play readText(const std::string &text)
     {
-        const auto path = std::filesystem::temp_directory_path() / "inin-runner-test.play";
-        std::ofstream(path) << text;
-        Play play = readPlay(path.string());
-        std::filesystem::remove(path);
-        return play;
+        const TempFolder folder;
+        return readPlay(folder.put("test.play", text));
     }
     [[nodiscard]] std::string difference() const { return firstDifference(play, record, site); }
 
@@ -99,10 +95,9 @@ TEST_CASE("events that come as the play wants them are no difference")
 
 TEST_CASE("the first event that differs is told with both texts")
 {
-    CHECK(
-        differenceOf("< {\"event\":\"beep\"}\n< {\"event\":\"end\",\"code\":0}\n",
-                     {{R"({"event":"beep"})", R"({"event":"end","code":1})"}}) ==
-        "inin-runner-test.play:5:\n  wanted: {\"event\":\"end\",\"code\":0}\n  seen:   {\"event\":\"end\",\"code\":1}");
+    CHECK(differenceOf("< {\"event\":\"beep\"}\n< {\"event\":\"end\",\"code\":0}\n",
+                       {{R"({"event":"beep"})", R"({"event":"end","code":1})"}}) ==
+          "test.play:5:\n  wanted: {\"event\":\"end\",\"code\":0}\n  seen:   {\"event\":\"end\",\"code\":1}");
 }
 
 TEST_CASE("an event that does not come and one that is not wanted are differences")
@@ -142,7 +137,7 @@ TEST_CASE("a part fits an event that has its keys and values, objects likewise")
 
 TEST_CASE("a command that was never asked for is a difference")
 {
-    CHECK(differenceOf("> {\"close\":true}\n", {{}}) == "inin-runner-test.play: never asked for {\"close\":true}");
+    CHECK(differenceOf("> {\"close\":true}\n", {{}}) == "test.play: never asked for {\"close\":true}");
 }
 
 TEST_CASE("the site's folder is $APP in events, however it is spelled")
@@ -160,7 +155,7 @@ TEST_CASE("an exit code that differs is told with what stood on the error stream
 {
     Checked checked(kHead);
     checked.record = {{{}}, 2, "line 1: no"};
-    CHECK(checked.difference() == "inin-runner-test.play: wanted exit 0, seen 2\n  errors: line 1: no");
+    CHECK(checked.difference() == "test.play: wanted exit 0, seen 2\n  errors: line 1: no");
 }
 
 TEST_CASE("files are compared in code page 932 with CR LF, and the first line that differs is told")
@@ -171,7 +166,7 @@ TEST_CASE("files are compared in code page 932 with CR LF, and the first line th
     std::ofstream(checked.site.at("TMP\\a.csv"), std::ios::binary) << "\xFB\xFC\x8B\xB4\r\n\x90\xC2\x96\xD8\r\n";
     CHECK(checked.difference() == "");
     std::ofstream(checked.site.at("TMP\\a.csv"), std::ios::binary) << "\xFB\xFC\x8B\xB4\r\n\x90\xC2\r\n";
-    CHECK(checked.difference() == "inin-runner-test.play:6:\n  wanted: 青木\r\n  seen:   青\r");
+    CHECK(checked.difference() == "test.play:6:\n  wanted: 青木\r\n  seen:   青\r");
     std::ofstream(checked.site.at("TMP\\a.csv"), std::ios::binary) << "\xFB\xFC\x8B\xB4\n\x90\xC2\x96\xD8\n";
     CHECK_FALSE(checked.difference().empty());
 }
@@ -182,7 +177,7 @@ TEST_CASE("a file that should not be there is a difference")
     checked.record.events = {{}};
     CHECK(checked.difference() == "");
     std::ofstream(checked.site.at("TMP\\a.csv")) << "x";
-    CHECK(checked.difference() == "inin-runner-test.play: there is a TMP\\a.csv");
+    CHECK(checked.difference() == "test.play: there is a TMP\\a.csv");
 }
 
 TEST_CASE("a site is made with its database and its settings in code page 932, and removed again")

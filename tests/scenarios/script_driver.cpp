@@ -44,22 +44,6 @@ private:
     std::vector<std::size_t> m_marks;
 };
 
-/// The program makes its folder current; a test program must not stay there.
-class KeepCurrentFolder {
-public:
-    KeepCurrentFolder() = default;
-    KeepCurrentFolder(const KeepCurrentFolder &) = delete;
-    KeepCurrentFolder &operator=(const KeepCurrentFolder &) = delete;
-    ~KeepCurrentFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::current_path(m_folder, ignored);
-    }
-
-private:
-    std::filesystem::path m_folder = std::filesystem::current_path();
-};
-
 std::vector<std::string> linesOf(const std::string &text)
 {
     std::vector<std::string> lines;
@@ -84,7 +68,7 @@ std::vector<std::vector<std::string>> stepsOf(const std::string &transcript, std
 
 PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
 {
-    const KeepCurrentFolder keep;
+    const CurrentFolder keep; // the program makes its own current
     ScriptOptions options{site.folder().string(), readMoment(play.now), play.startProcesses};
     if (!options.now) throw std::runtime_error(play.file + ": now: is no moment");
     std::unique_ptr<Database> database =

@@ -23,14 +23,6 @@ constexpr const char *kDatabase = "site.db";
 /// The tables of every site; a site's own scripts hold its rows.
 constexpr const char *kSchema = ININ_SITE "/schema_sqlite.sql";
 
-fs::path makeFolder()
-{
-    std::string pattern = (fs::temp_directory_path() / "inin-play-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
-    // The program sees the folder as the system reports it.
-    return fs::canonical(pattern);
-}
-
 void writeBytes(const fs::path &path, const std::string &bytes)
 {
     fs::create_directories(path.parent_path());
@@ -88,29 +80,17 @@ std::string suiteBytes(const std::string &utf8)
     return bytes;
 }
 
-TemporarySite::TemporarySite(const Play &play) : m_folder(makeFolder())
+TemporarySite::TemporarySite(const Play &play)
 {
-    try {
-        fill(fs::path(ININ_SCENARIOS) / "sites" / play.site);
-        change(play);
-    } catch (...) {
-        std::error_code ignored;
-        fs::remove_all(m_folder, ignored);
-        throw;
-    }
-}
-
-TemporarySite::~TemporarySite()
-{
-    std::error_code ignored;
-    fs::remove_all(m_folder, ignored);
+    fill(fs::path(ININ_SCENARIOS) / "sites" / play.site);
+    change(play);
 }
 
 fs::path TemporarySite::at(const std::string &suitePath) const
 {
     std::string path = suitePath;
     std::ranges::replace(path, '\\', '/');
-    return m_folder / pathOf(path);
+    return folder() / pathOf(path);
 }
 
 void TemporarySite::fill(const fs::path &source)
@@ -119,12 +99,12 @@ void TemporarySite::fill(const fs::path &source)
     for (const auto &entry : fs::recursive_directory_iterator(source))
         if (entry.is_regular_file()) files.push_back(entry.path());
     std::ranges::sort(files);
-    const SiteDatabase database(m_folder / kDatabase);
+    const SiteDatabase database(folder() / kDatabase);
     database.run(kSchema);
     for (const fs::path &file : files) {
-        const fs::path target = m_folder / fs::relative(file, source);
+        const fs::path target = folder() / fs::relative(file, source);
         if (file.filename() == "folders.txt")
-            makeFolders(file, m_folder);
+            makeFolders(file, folder());
         else if (file.extension() == ".sql")
             database.run(file);
         else if (file.extension() == ".ini")
@@ -138,7 +118,7 @@ void TemporarySite::change(const Play &play) const
 {
     for (const std::string &path : play.removed)
         if (fs::remove_all(at(path)) == 0) throw std::runtime_error(play.file + ": the site has no " + path);
-    for (const std::string &statement : play.sql) SiteDatabase(m_folder / kDatabase).exec(statement, play.file);
+    for (const std::string &statement : play.sql) SiteDatabase(folder() / kDatabase).exec(statement, play.file);
     for (const std::string &path : play.folders) fs::create_directories(at(path));
     for (const PlayFile &file : play.put) writeBytes(at(file.path), suiteBytes(file.text));
 }

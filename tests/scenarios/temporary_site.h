@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scenarios/play.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 #include <string>
@@ -13,11 +14,9 @@ namespace inin {
 class TemporarySite {
 public:
     explicit TemporarySite(const Play &play);
-    TemporarySite(const TemporarySite &) = delete;
-    TemporarySite &operator=(const TemporarySite &) = delete;
-    ~TemporarySite();
 
-    [[nodiscard]] const std::filesystem::path &folder() const { return m_folder; }
+    /// As the system reports it, and so as the program sees it.
+    [[nodiscard]] const std::filesystem::path &folder() const { return m_folder.folder(); }
     /// A path of the suite inside the site, as this system writes it.
     [[nodiscard]] std::filesystem::path at(const std::string &suitePath) const;
 
@@ -25,7 +24,7 @@ private:
     void fill(const std::filesystem::path &source);
     void change(const Play &play) const;
 
-    std::filesystem::path m_folder;
+    TempFolder m_folder;
 };
 
 /// UTF-8 lines as the suite's text files hold them.

@@ -23,13 +23,13 @@ struct WesternLocale : Locale {
 
 /// A demo site whose oddities are mended: a check finds nothing.
 struct SoundSite {
-    ScratchFolder folder;
+    TempFolder folder;
     SoundSite()
     {
         site::makeSite(path(), {150, 1, std::chrono::year{2024} / 5}, site::Overwrite::anyFolder);
         execute(database(), "UPDATE RIYOUSHA SET nDairiID = 11 WHERE nDairiID > 9000");
     }
-    [[nodiscard]] const fs::path &path() const { return folder.path(); }
+    [[nodiscard]] const fs::path &path() const { return folder.folder(); }
     [[nodiscard]] fs::path database() const { return path() / "demo.db"; }
     /// Replaces a piece of a settings file.
     void change(const char *file, const std::string &from, const std::string &to) const

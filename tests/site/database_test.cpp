@@ -33,8 +33,8 @@ std::string dump(const std::filesystem::path &database)
 
 std::string dumpOf(const site::SiteOrder &order)
 {
-    const ScratchFolder folder;
-    const auto file = folder.path() / "any.db";
+    const TempFolder folder;
+    const auto file = folder.folder() / "any.db";
     site::makeDatabase(file.string(), order);
     return dump(file);
 }
@@ -50,8 +50,8 @@ TEST_CASE("another seed gives other people")
 {
     site::SiteOrder order = ordinaryOrder();
     order.seed = 2;
-    const ScratchFolder folder;
-    const auto file = folder.path() / "any.db";
+    const TempFolder folder;
+    const auto file = folder.folder() / "any.db";
     site::makeDatabase(file.string(), order);
 
     const auto ours = query(sharedDatabase(), "SELECT cNameKana FROM RIYOUSHA ORDER BY nIDNo");
@@ -67,8 +67,8 @@ TEST_CASE("another month moves the visits and leaves the names")
 {
     site::SiteOrder order = ordinaryOrder();
     order.month = std::chrono::year{2023} / 12;
-    const ScratchFolder folder;
-    const auto file = folder.path() / "any.db";
+    const TempFolder folder;
+    const auto file = folder.folder() / "any.db";
     site::makeDatabase(file.string(), order);
 
     CHECK(query(file, "SELECT cName FROM RIYOUSHA") == query(sharedDatabase(), "SELECT cName FROM RIYOUSHA"));
@@ -80,8 +80,8 @@ TEST_CASE("a site has as many patients as were asked for")
 {
     site::SiteOrder order = ordinaryOrder();
     order.patients = 7;
-    const ScratchFolder folder;
-    const auto file = folder.path() / "any.db";
+    const TempFolder folder;
+    const auto file = folder.folder() / "any.db";
     site::makeDatabase(file.string(), order);
 
     CHECK(countOf(file, "SELECT COUNT(*) FROM RIYOUSHA WHERE iKyotenCd = 1 AND iKyotenEb = 1") == 7);
@@ -144,8 +144,8 @@ TEST_CASE("the database is sound")
 
 TEST_CASE("a site holds as many staff as were ordered, and the blank row behind them")
 {
-    const ScratchFolder folder;
-    const auto file = folder.path() / "any.db";
+    const TempFolder folder;
+    const auto file = folder.folder() / "any.db";
     for (const std::int64_t staff : {1, 500}) {
         site::SiteOrder order = ordinaryOrder();
         order.staff = staff;

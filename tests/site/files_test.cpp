@@ -54,56 +54,56 @@ TEST_CASE("the wallpaper is a 24-bit bitmap of the size that its header tells")
 
 TEST_CASE("a folder that is not empty is refused and left alone")
 {
-    const ScratchFolder folder;
-    write(folder.path() / "mine.txt", "mine");
+    const TempFolder folder;
+    write(folder.folder() / "mine.txt", "mine");
 
-    CHECK_THROWS_AS(site::makeSite(folder.path(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), RuntimeError);
+    CHECK_THROWS_AS(site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), RuntimeError);
 
-    CHECK(bytesOf(folder.path() / "mine.txt") == "mine");
-    CHECK_FALSE(fs::exists(folder.path() / "Massage.ini"));
+    CHECK(bytesOf(folder.folder() / "mine.txt") == "mine");
+    CHECK_FALSE(fs::exists(folder.folder() / "Massage.ini"));
 }
 
 TEST_CASE("a file where the folder should be is refused")
 {
-    const ScratchFolder folder;
-    write(folder.path() / "site", "mine");
+    const TempFolder folder;
+    write(folder.folder() / "site", "mine");
 
-    CHECK_THROWS_AS(site::makeSite(folder.path() / "site", ordinaryOrder(), site::Overwrite::onlyOwnFolder),
+    CHECK_THROWS_AS(site::makeSite(folder.folder() / "site", ordinaryOrder(), site::Overwrite::onlyOwnFolder),
                     RuntimeError);
 
-    CHECK(bytesOf(folder.path() / "site") == "mine");
+    CHECK(bytesOf(folder.folder() / "site") == "mine");
 }
 
 TEST_CASE("force writes into a folder that is not empty and keeps its other files")
 {
-    const ScratchFolder folder;
-    write(folder.path() / "mine.txt", "mine");
+    const TempFolder folder;
+    write(folder.folder() / "mine.txt", "mine");
 
-    site::makeSite(folder.path(), ordinaryOrder(), site::Overwrite::anyFolder);
+    site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::anyFolder);
 
-    CHECK(bytesOf(folder.path() / "mine.txt") == "mine");
-    CHECK(fs::exists(folder.path() / "demo.db"));
+    CHECK(bytesOf(folder.folder() / "mine.txt") == "mine");
+    CHECK(fs::exists(folder.folder() / "demo.db"));
 }
 
 TEST_CASE("a folder that the tool made is made anew")
 {
-    const ScratchFolder folder;
+    const TempFolder folder;
     site::SiteOrder order = ordinaryOrder();
-    site::makeSite(folder.path(), order, site::Overwrite::onlyOwnFolder);
+    site::makeSite(folder.folder(), order, site::Overwrite::onlyOwnFolder);
     order.patients = 12;
 
-    site::makeSite(folder.path(), order, site::Overwrite::onlyOwnFolder);
+    site::makeSite(folder.folder(), order, site::Overwrite::onlyOwnFolder);
 
-    CHECK(countOf(folder.path() / "demo.db", "SELECT COUNT(*) FROM RIYOUSHA") == 12);
+    CHECK(countOf(folder.folder() / "demo.db", "SELECT COUNT(*) FROM RIYOUSHA") == 12);
 }
 
 TEST_CASE("a folder that does not exist is made with its parents")
 {
-    const ScratchFolder folder;
+    const TempFolder folder;
 
-    site::makeSite(folder.path() / "a" / "b", ordinaryOrder(), site::Overwrite::onlyOwnFolder);
+    site::makeSite(folder.folder() / "a" / "b", ordinaryOrder(), site::Overwrite::onlyOwnFolder);
 
-    CHECK(fs::exists(folder.path() / "a" / "b" / "demo.db"));
+    CHECK(fs::exists(folder.folder() / "a" / "b" / "demo.db"));
 }
 
 TEST_CASE("no half-made database is left behind")

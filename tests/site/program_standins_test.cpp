@@ -41,12 +41,12 @@ std::wstring wide(std::string_view ascii)
 }
 
 struct Site {
-    ScratchFolder folder;
+    inin::TempFolder folder;
     fs::path viewer;
     explicit Site(fs::path formViewer = {}) : viewer(std::move(formViewer)) { make(viewer); }
     void make(const fs::path &formViewer) const
     {
-        inin::site::makeSite(folder.path(), {1, 1, std::chrono::year{2024} / 5}, inin::site::Overwrite::anyFolder,
+        inin::site::makeSite(folder.folder(), {1, 1, std::chrono::year{2024} / 5}, inin::site::Overwrite::anyFolder,
                              formViewer);
     }
 };
@@ -68,10 +68,10 @@ TEST_CASE("the menu's stand-in notes each argument that it is started with")
 {
     const Site site;
 
-    REQUIRE(run(site.folder.path(), L"Main.exe 2") == 0);
-    REQUIRE(run(site.folder.path(), L"Main.exe") == 0);
+    REQUIRE(run(site.folder.folder(), L"Main.exe 2") == 0);
+    REQUIRE(run(site.folder.folder(), L"Main.exe") == 0);
 
-    CHECK(bytesOf(site.folder.path() / "Main.log") == "2\n\n");
+    CHECK(bytesOf(site.folder.folder() / "Main.log") == "2\n\n");
 }
 
 TEST_CASE("a form tool's stand-in copies the command script beside itself")
@@ -79,69 +79,69 @@ TEST_CASE("a form tool's stand-in copies the command script beside itself")
     for (const char *name : kFormTools) {
         CAPTURE(name);
         const Site site;
-        write(site.folder.path() / "TMP" / "WfdCom.dat", "FileName,\"x\"\r\n");
+        write(site.folder.folder() / "TMP" / "WfdCom.dat", "FileName,\"x\"\r\n");
 
-        REQUIRE(run(site.folder.path(), wide(name) + L" /c ./TMP\\WfdCom.dat") == 0);
+        REQUIRE(run(site.folder.folder(), wide(name) + L" /c ./TMP\\WfdCom.dat") == 0);
 
-        CHECK(bytesOf(site.folder.path() / (std::string(name) + ".WfdCom.dat")) == "FileName,\"x\"\r\n");
+        CHECK(bytesOf(site.folder.folder() / (std::string(name) + ".WfdCom.dat")) == "FileName,\"x\"\r\n");
     }
 }
 
 TEST_CASE("the merger's stand-in takes the script behind the output form")
 {
     const Site site;
-    write(site.folder.path() / "TMP" / "WfdCom.dat", "AddReport\r\n");
+    write(site.folder.folder() / "TMP" / "WfdCom.dat", "AddReport\r\n");
 
-    REQUIRE(run(site.folder.path(), L"wfrimg10.exe TMP\\out.wfd /c TMP\\WfdCom.dat") == 0);
+    REQUIRE(run(site.folder.folder(), L"wfrimg10.exe TMP\\out.wfd /c TMP\\WfdCom.dat") == 0);
 
-    CHECK(bytesOf(site.folder.path() / "wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
-    CHECK_FALSE(fs::exists(site.folder.path() / "TMP" / "out.wfd"));
+    CHECK(bytesOf(site.folder.folder() / "wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
+    CHECK_FALSE(fs::exists(site.folder.folder() / "TMP" / "out.wfd"));
 }
 
 TEST_CASE("a form tool's stand-in takes a path with a blank and Japanese letters as it stands")
 {
     const Site site;
-    fs::create_directories(site.folder.path() / L"my 委任状");
-    write(site.folder.path() / L"my 委任状" / "WfdCom.dat", "x");
+    fs::create_directories(site.folder.folder() / L"my 委任状");
+    write(site.folder.folder() / L"my 委任状" / "WfdCom.dat", "x");
 
-    REQUIRE(run(site.folder.path(), L"wfrfv10.exe /c my 委任状\\WfdCom.dat") == 0);
+    REQUIRE(run(site.folder.folder(), L"wfrfv10.exe /c my 委任状\\WfdCom.dat") == 0);
 
-    CHECK(bytesOf(site.folder.path() / "wfrfv10.exe.WfdCom.dat") == "x");
+    CHECK(bytesOf(site.folder.folder() / "wfrfv10.exe.WfdCom.dat") == "x");
 }
 
 TEST_CASE("a form tool's stand-in fails without a script")
 {
     const Site site;
-    CHECK(run(site.folder.path(), L"wfrfv10.exe") == 1);
-    CHECK(run(site.folder.path(), L"wfrfv10.exe /c missing.dat") == 1);
+    CHECK(run(site.folder.folder(), L"wfrfv10.exe") == 1);
+    CHECK(run(site.folder.folder(), L"wfrfv10.exe /c missing.dat") == 1);
 }
 
 TEST_CASE("a form tool starts the form viewer where it was built, under the tool's own name")
 {
     // A stand-in in the viewer's place notes as the menu does, if it is what it is called there.
     const Site viewers;
-    const Site site(viewers.folder.path() / "Main.exe");
+    const Site site(viewers.folder.folder() / "Main.exe");
 
-    REQUIRE(run(site.folder.path(), L"WrVb6Viewer.exe /c ./TMP\\WfdCom.dat") == 0);
+    REQUIRE(run(site.folder.folder(), L"WrVb6Viewer.exe /c ./TMP\\WfdCom.dat") == 0);
 
-    for (int wait = 0; wait < 1000 && bytesOf(viewers.folder.path() / "Main.log").empty(); ++wait) Sleep(10);
-    CHECK(bytesOf(viewers.folder.path() / "Main.log") == "/c ./TMP\\WfdCom.dat\n");
-    CHECK_FALSE(fs::exists(site.folder.path() / "WrVb6Viewer.exe.WfdCom.dat"));
+    for (int wait = 0; wait < 1000 && bytesOf(viewers.folder.folder() / "Main.log").empty(); ++wait) Sleep(10);
+    CHECK(bytesOf(viewers.folder.folder() / "Main.log") == "/c ./TMP\\WfdCom.dat\n");
+    CHECK_FALSE(fs::exists(site.folder.folder() / "WrVb6Viewer.exe.WfdCom.dat"));
 }
 
 TEST_CASE("a form tool whose viewer has gone fails")
 {
     const Site site("C:\\no such folder\\formviewer.exe");
-    CHECK(run(site.folder.path(), L"WrVb6Viewer.exe /c ./TMP\\WfdCom.dat") == 1);
+    CHECK(run(site.folder.folder(), L"WrVb6Viewer.exe /c ./TMP\\WfdCom.dat") == 1);
 }
 
 TEST_CASE("a site that is made again without the form viewer copies scripts again")
 {
     const Site site("C:\\no such folder\\formviewer.exe");
     site.make({});
-    write(site.folder.path() / "TMP" / "WfdCom.dat", "x");
+    write(site.folder.folder() / "TMP" / "WfdCom.dat", "x");
 
-    REQUIRE(run(site.folder.path(), L"wfrfv10.exe /c ./TMP\\WfdCom.dat") == 0);
+    REQUIRE(run(site.folder.folder(), L"wfrfv10.exe /c ./TMP\\WfdCom.dat") == 0);
 
-    CHECK(bytesOf(site.folder.path() / "wfrfv10.exe.WfdCom.dat") == "x");
+    CHECK(bytesOf(site.folder.folder() / "wfrfv10.exe.WfdCom.dat") == "x");
 }

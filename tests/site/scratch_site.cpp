@@ -35,19 +35,6 @@ int keepFirst(void *rows, int, char **values, char **)
 
 } // namespace
 
-ScratchFolder::ScratchFolder()
-{
-    std::string pattern = (fs::temp_directory_path() / "inin-site-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
-    m_path = pattern;
-}
-
-ScratchFolder::~ScratchFolder()
-{
-    std::error_code ignored;
-    fs::remove_all(m_path, ignored);
-}
-
 std::string bytesOf(const fs::path &file)
 {
     std::ifstream stream(file, std::ios::binary);
@@ -86,10 +73,10 @@ site::SiteOrder ordinaryOrder()
 
 const fs::path &sharedSite()
 {
-    static const ScratchFolder folder;
-    static const bool isMade = (site::makeSite(folder.path(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), true);
+    static const TempFolder folder;
+    static const bool isMade = (site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), true);
     (void)isMade; // made by the line above, once
-    return folder.path();
+    return folder.folder();
 }
 
 fs::path sharedDatabase()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/inin_site/site_maker.h"
+#include "support/temp_folder.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -8,19 +9,6 @@
 #include <vector>
 
 namespace inin::test {
-
-/// A folder of its own that goes away with the test.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder &) = delete;
-    ScratchFolder &operator=(const ScratchFolder &) = delete;
-    [[nodiscard]] const std::filesystem::path &path() const { return m_path; }
-
-private:
-    std::filesystem::path m_path;
-};
 
 [[nodiscard]] std::string bytesOf(const std::filesystem::path &file);
 void write(const std::filesystem::path &file, const std::string &bytes);

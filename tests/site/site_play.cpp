@@ -8,8 +8,8 @@ namespace inin::test {
 
 SitePlay::SitePlay(const std::string &scenario, const std::string &now)
 {
-    site::makeSite(m_folder.path(), ordinaryOrder(), site::Overwrite::onlyOwnFolder);
-    const std::filesystem::path site = m_folder.path();
+    site::makeSite(m_folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder);
+    const std::filesystem::path site = m_folder.folder();
     const auto database = makeSqliteDatabase([site](const std::string &path) { return (site / path).string(); });
     std::istringstream commands(bytesOf(std::string(ININ_SITE) + "/scenarios/" + scenario));
     ScriptOptions options;
@@ -19,11 +19,6 @@ SitePlay::SitePlay(const std::string &scenario, const std::string &now)
         App app(platform);
         Main(app);
     });
-}
-
-SitePlay::~SitePlay()
-{
-    std::filesystem::current_path(m_folderBefore);
 }
 
 bool SitePlay::tells(const std::string &text) const

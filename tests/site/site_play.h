@@ -14,9 +14,6 @@ namespace inin::test {
 class SitePlay {
 public:
     SitePlay(const std::string &scenario, const std::string &now);
-    ~SitePlay();
-    SitePlay(const SitePlay &) = delete;
-    SitePlay &operator=(const SitePlay &) = delete;
 
     [[nodiscard]] int result() const { return m_result; }
     [[nodiscard]] std::string errors() const { return m_errors.str(); }
@@ -24,11 +21,11 @@ public:
     /// The transcript's lines with this text, in order.
     [[nodiscard]] std::vector<std::string> linesWith(const std::string &text) const;
     [[nodiscard]] std::string csv() const { return bytesOf(at("TMP") / pathOf("委任状.csv")); }
-    [[nodiscard]] std::filesystem::path at(const std::string &name) const { return m_folder.path() / name; }
+    [[nodiscard]] std::filesystem::path at(const std::string &name) const { return m_folder.folder() / name; }
 
 private:
-    ScratchFolder m_folder;
-    std::filesystem::path m_folderBefore = std::filesystem::current_path(); ///< the program makes the site's current
+    TempFolder m_folder;
+    CurrentFolder m_before; ///< the program makes the site's current
     std::ostringstream m_transcript;
     std::ostringstream m_errors;
     int m_result = 0;

@@ -18,10 +18,10 @@ int run(const fs::path &folder, const std::string &command)
 }
 
 struct Site {
-    ScratchFolder folder;
+    inin::TempFolder folder;
     Site()
     {
-        inin::site::makeSite(folder.path(), {1, 1, std::chrono::year{2024} / 5}, inin::site::Overwrite::anyFolder);
+        inin::site::makeSite(folder.folder(), {1, 1, std::chrono::year{2024} / 5}, inin::site::Overwrite::anyFolder);
     }
 };
 
@@ -40,9 +40,9 @@ TEST_CASE("the menu's stand-in notes each argument that it is started with")
 {
     const Site site;
 
-    REQUIRE(run(site.folder.path(), "./Main.exe 2 && ./Main.exe") == 0);
+    REQUIRE(run(site.folder.folder(), "./Main.exe 2 && ./Main.exe") == 0);
 
-    CHECK(bytesOf(site.folder.path() / "Main.log") == "2\n\n");
+    CHECK(bytesOf(site.folder.folder() / "Main.log") == "2\n\n");
 }
 
 TEST_CASE("a form tool's stand-in copies the command script beside itself")
@@ -50,41 +50,41 @@ TEST_CASE("a form tool's stand-in copies the command script beside itself")
     for (const char *name : kFormTools) {
         CAPTURE(name);
         const Site site;
-        write(site.folder.path() / "TMP" / "WfdCom.dat", "FileName,\"x\"\r\n");
+        write(site.folder.folder() / "TMP" / "WfdCom.dat", "FileName,\"x\"\r\n");
 
-        REQUIRE(run(site.folder.path(), std::string("./") + name + " /c './TMP\\WfdCom.dat'") == 0);
+        REQUIRE(run(site.folder.folder(), std::string("./") + name + " /c './TMP\\WfdCom.dat'") == 0);
 
-        CHECK(bytesOf(site.folder.path() / (std::string(name) + ".WfdCom.dat")) == "FileName,\"x\"\r\n");
+        CHECK(bytesOf(site.folder.folder() / (std::string(name) + ".WfdCom.dat")) == "FileName,\"x\"\r\n");
     }
 }
 
 TEST_CASE("the merger's stand-in takes the script behind the output form")
 {
     const Site site;
-    write(site.folder.path() / "TMP" / "WfdCom.dat", "AddReport\r\n");
+    write(site.folder.folder() / "TMP" / "WfdCom.dat", "AddReport\r\n");
 
-    REQUIRE(run(site.folder.path(), "./wfrimg10.exe 'TMP\\out.wfd' /c 'TMP\\WfdCom.dat'") == 0);
+    REQUIRE(run(site.folder.folder(), "./wfrimg10.exe 'TMP\\out.wfd' /c 'TMP\\WfdCom.dat'") == 0);
 
-    CHECK(bytesOf(site.folder.path() / "wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
-    CHECK_FALSE(fs::exists(site.folder.path() / "TMP" / "out.wfd"));
+    CHECK(bytesOf(site.folder.folder() / "wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
+    CHECK_FALSE(fs::exists(site.folder.folder() / "TMP" / "out.wfd"));
 }
 
 TEST_CASE("a form tool's stand-in puts a path together that a blank has cut")
 {
     const Site site;
-    fs::create_directories(site.folder.path() / "my site");
-    write(site.folder.path() / "my site" / "WfdCom.dat", "x");
+    fs::create_directories(site.folder.folder() / "my site");
+    write(site.folder.folder() / "my site" / "WfdCom.dat", "x");
 
-    REQUIRE(run(site.folder.path(), "./wfrfv10.exe /c my 'site\\WfdCom.dat'") == 0);
+    REQUIRE(run(site.folder.folder(), "./wfrfv10.exe /c my 'site\\WfdCom.dat'") == 0);
 
-    CHECK(bytesOf(site.folder.path() / "wfrfv10.exe.WfdCom.dat") == "x");
+    CHECK(bytesOf(site.folder.folder() / "wfrfv10.exe.WfdCom.dat") == "x");
 }
 
 TEST_CASE("a form tool's stand-in fails without a script")
 {
     const Site site;
-    CHECK(run(site.folder.path(), "./wfrfv10.exe") != 0);
-    CHECK(run(site.folder.path(), "./wfrfv10.exe /c missing.dat") != 0);
+    CHECK(run(site.folder.folder(), "./wfrfv10.exe") != 0);
+    CHECK(run(site.folder.folder(), "./wfrfv10.exe /c missing.dat") != 0);
 }
 
 TEST_CASE("the three form documents of a site are those of the folder site/forms")
@@ -99,29 +99,29 @@ TEST_CASE("the three form documents of a site are those of the folder site/forms
 
 TEST_CASE("the form tools are links to the form viewer where it was built")
 {
-    const ScratchFolder folder;
-    write(folder.path() / "formviewer", "the viewer");
+    const inin::TempFolder folder;
+    write(folder.folder() / "formviewer", "the viewer");
 
-    inin::site::makeSite(folder.path() / "site", {1, 1, std::chrono::year{2024} / 5},
-                         inin::site::Overwrite::onlyOwnFolder, folder.path() / "formviewer");
+    inin::site::makeSite(folder.folder() / "site", {1, 1, std::chrono::year{2024} / 5},
+                         inin::site::Overwrite::onlyOwnFolder, folder.folder() / "formviewer");
 
     for (const char *name : kFormTools) {
         CAPTURE(name);
-        CHECK(fs::read_symlink(folder.path() / "site" / name) == folder.path() / "formviewer");
+        CHECK(fs::read_symlink(folder.folder() / "site" / name) == folder.folder() / "formviewer");
     }
-    CHECK(bytesOf(folder.path() / "site" / "Main.exe").find("STAND-IN") != std::string::npos);
+    CHECK(bytesOf(folder.folder() / "site" / "Main.exe").find("STAND-IN") != std::string::npos);
 }
 
 TEST_CASE("a site that is made again without the form viewer leaves the viewer itself alone")
 {
-    const ScratchFolder folder;
-    write(folder.path() / "formviewer", "the viewer");
+    const inin::TempFolder folder;
+    write(folder.folder() / "formviewer", "the viewer");
     const inin::site::SiteOrder order{1, 1, std::chrono::year{2024} / 5};
-    inin::site::makeSite(folder.path() / "site", order, inin::site::Overwrite::onlyOwnFolder,
-                         folder.path() / "formviewer");
+    inin::site::makeSite(folder.folder() / "site", order, inin::site::Overwrite::onlyOwnFolder,
+                         folder.folder() / "formviewer");
 
-    inin::site::makeSite(folder.path() / "site", order, inin::site::Overwrite::onlyOwnFolder);
+    inin::site::makeSite(folder.folder() / "site", order, inin::site::Overwrite::onlyOwnFolder);
 
-    CHECK(bytesOf(folder.path() / "formviewer") == "the viewer");
-    CHECK(bytesOf(folder.path() / "site" / "wfrfv10.exe").find("STAND-IN") != std::string::npos);
+    CHECK(bytesOf(folder.folder() / "formviewer") == "the viewer");
+    CHECK(bytesOf(folder.folder() / "site" / "wfrfv10.exe").find("STAND-IN") != std::string::npos);
 }

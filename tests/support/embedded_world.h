@@ -2,11 +2,10 @@
 
 #include "adapters/sqlite/sqlite_database.h"
 #include "support/fake_platform.h"
+#include "support/temp_folder.h"
 
 #include <sqlite3.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -26,13 +25,6 @@ struct EmbeddedWorld : FakeWorld {
         site.gcsAppPath = app.gcsAppPath;
         site.iKyotenCd = app.iKyotenCd;
         site.iKyotenEb = app.iKyotenEb;
-    }
-    EmbeddedWorld(const EmbeddedWorld &) = delete;
-    EmbeddedWorld &operator=(const EmbeddedWorld &) = delete;
-    ~EmbeddedWorld()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_folder, ignored);
     }
 
     /// Runs statements in SQLite's own spelling, beside the program.
@@ -60,15 +52,9 @@ private:
         if (result != SQLITE_OK || sqlite3_exec(opened, sql.c_str(), onRow, target, nullptr) != SQLITE_OK)
             throw std::runtime_error(std::string(sqlite3_errmsg(opened)) + ": " + sql.substr(0, 200));
     }
-    static std::filesystem::path madeFolder()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "inin-embedded-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary folder");
-        return pattern;
-    }
-    [[nodiscard]] std::string path() const { return (m_folder / "site.db").string(); }
+    [[nodiscard]] std::string path() const { return m_folder / "site.db"; }
 
-    std::filesystem::path m_folder = madeFolder();
+    TempFolder m_folder;
     std::unique_ptr<Database> m_database = makeSqliteDatabase([](const std::string &source) { return source; });
 
 public:

@@ -7,29 +7,15 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
 
-Folder::Folder()
-{
-    std::string pattern = (fs::temp_directory_path() / "viewer_test.XXXXXX").string();
-    REQUIRE(mkdtemp(pattern.data()) != nullptr);
-    m_path = pattern;
-}
-
-Folder::~Folder()
-{
-    std::error_code error;
-    fs::remove_all(m_path, error);
-}
-
 std::vector<std::string> Folder::names() const
 {
     std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator(m_path)) names.push_back(inin::textOf(entry.path().filename()));
+    for (const auto &entry : fs::directory_iterator(path())) names.push_back(inin::textOf(entry.path().filename()));
     std::ranges::sort(names);
     return names;
 }

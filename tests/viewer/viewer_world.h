@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/file_path.h"
+#include "support/temp_folder.h"
 #include "viewer/document/letter_press.h"
 #include "viewer/viewer_jobs.h"
 
@@ -13,17 +14,13 @@ namespace inin::viewer::test {
 /// A folder of its own that goes away with the test.
 class Folder {
 public:
-    Folder();
-    ~Folder();
-    Folder(const Folder &) = delete;
-    Folder &operator=(const Folder &) = delete;
-    [[nodiscard]] std::string file(const std::string &name) const { return inin::textOf(m_path / inin::pathOf(name)); }
-    [[nodiscard]] const std::filesystem::path &path() const { return m_path; }
+    [[nodiscard]] std::string file(const std::string &name) const { return inin::textOf(path() / inin::pathOf(name)); }
+    [[nodiscard]] const std::filesystem::path &path() const { return m_folder.folder(); }
     /// The names in it, sorted.
     [[nodiscard]] std::vector<std::string> names() const;
 
 private:
-    std::filesystem::path m_path;
+    TempFolder m_folder;
 };
 
 /// A path beyond the classic limit of Windows for calls that mind it.

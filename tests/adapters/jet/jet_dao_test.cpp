@@ -2,8 +2,8 @@
 
 #include "adapters/odbc/jet_dao.h"
 
-#include "adapters/posix/temp_folder.h"
 #include "data/dao_session.h"
+#include "support/temp_folder.h"
 
 #include <doctest/doctest.h>
 

@@ -1,7 +1,7 @@
 #include "adapters/posix/command_line.h"
 
 #include "search_path.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 #include <vector>

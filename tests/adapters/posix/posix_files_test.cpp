@@ -3,7 +3,7 @@
 #include "ordinary_user.h"
 #include "runtime/runtime_error.h"
 #include "small_disk.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 #include <functional>

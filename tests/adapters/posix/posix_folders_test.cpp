@@ -1,7 +1,7 @@
 #include "adapters/posix/ordinary_user.h"
 #include "adapters/posix/posix_platform.h"
-#include "adapters/posix/temp_folder.h"
 #include "runtime/errors.h"
+#include "support/temp_folder.h"
 
 #include <doctest/doctest.h>
 

@@ -1,6 +1,6 @@
 #include "adapters/posix/posix_platform.h"
 
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 

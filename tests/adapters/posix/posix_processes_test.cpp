@@ -2,7 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "search_path.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <cerrno>
 #include <chrono>

@@ -6,7 +6,7 @@
 #include "ordinary_user.h"
 #include "small_disk.h"
 #include "support/fake_platform.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 

@@ -4,7 +4,7 @@
 #include "adapters/posix/posix_platform.h"
 #include "adapters/posix/profile_text.h"
 #include "ordinary_user.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 #include <map>

@@ -145,7 +145,7 @@ std::vector<std::vector<std::string>> stepsOf(const std::string &transcript, std
 
 PlayRecord WindowDriver::run(const Play &play, const TemporarySite &site)
 {
-    const std::filesystem::path before = std::filesystem::current_path();
+    const CurrentFolder keep; // the program makes its own current
     std::ostringstream text;
     PlayRecord record;
     {
@@ -156,7 +156,6 @@ PlayRecord WindowDriver::run(const Play &play, const TemporarySite &site)
         if (stage.seenWindows() != toldWindows(text.str()))
             record.errors += "seen were other windows:\n" + stage.seenWindows();
     }
-    std::filesystem::current_path(before);
     return record;
 }
 

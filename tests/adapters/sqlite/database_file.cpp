@@ -6,11 +6,8 @@
 
 #include <sqlite3.h>
 
-#include <atomic>
 #include <cstdio>
-#include <filesystem>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace inin {
 
@@ -73,19 +70,8 @@ std::string doubleShown(double value)
 
 DatabaseFile::DatabaseFile(std::string_view statements)
 {
-    static std::atomic<int> s_count{0};
-    m_path = (std::filesystem::temp_directory_path() /
-              ("inin_sqlite_" + std::to_string(getpid()) + "_" + std::to_string(++s_count) + ".db"))
-                 .string();
-    std::filesystem::remove(m_path); // of a process that died and had the number before
     run("PRAGMA user_version = 1");
     if (!statements.empty()) run(statements);
-}
-
-DatabaseFile::~DatabaseFile()
-{
-    std::error_code ignored; // a test may have taken the file away itself
-    std::filesystem::remove(m_path, ignored);
 }
 
 void DatabaseFile::run(std::string_view statements) const

@@ -2,6 +2,7 @@
 
 #include "platform/database.h"
 #include "runtime/variant.h"
+#include "support/temp_folder.h"
 
 #include <doctest/doctest.h>
 
@@ -21,9 +22,6 @@ class DatabaseFile {
 public:
     /// `statements` make its tables and rows.
     explicit DatabaseFile(std::string_view statements = {});
-    DatabaseFile(const DatabaseFile &) = delete;
-    DatabaseFile &operator=(const DatabaseFile &) = delete;
-    ~DatabaseFile();
 
     [[nodiscard]] const std::string &path() const { return m_path; }
     [[nodiscard]] std::string connectionString() const { return "Provider=SQLite;Data Source=" + m_path; }
@@ -34,7 +32,8 @@ public:
     [[nodiscard]] std::string plan(const std::string &select) const;
 
 private:
-    std::string m_path;
+    TempFolder m_folder;
+    std::string m_path = m_folder / "test.db";
 };
 
 /// A second connection that holds the whole file locked while it lives.

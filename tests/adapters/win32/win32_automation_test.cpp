@@ -4,7 +4,7 @@
 #include "formoutput/wfd_print.h"
 #include "registry_key.h"
 #include "runtime/runtime_error.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <array>
 #include <functional>

@@ -2,7 +2,7 @@
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -81,12 +81,11 @@ TEST_CASE("a program at a path of more than 300 characters with blanks is starte
 TEST_CASE("a program that is started in such a folder finds files from it")
 {
     const DeepPartner partner;
-    const std::filesystem::path before = std::filesystem::current_path();
-    REQUIRE(SetCurrentDirectoryW(wideFromUtf8(partner.folder()).c_str()) != 0);
-
-    makeWin32Processes([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
-
-    std::filesystem::current_path(before);
+    {
+        const CurrentFolder keep;
+        REQUIRE(SetCurrentDirectoryW(wideFromUtf8(partner.folder()).c_str()) != 0);
+        makeWin32Processes([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
+    }
     CHECK(partner.toldInFolder() == "1\n2\n");
 }
 

@@ -1,7 +1,7 @@
 #include "adapters/win32/win32_platform.h"
 
 #include "runtime/runtime_error.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <functional>
 

@@ -4,7 +4,7 @@
 #include "common/select_folder.h"
 #include "runtime/runtime_error.h"
 #include "support/fake_platform.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 

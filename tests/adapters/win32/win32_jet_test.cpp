@@ -2,7 +2,7 @@
 
 #include "adapters/win32/win32_platform.h"
 #include "data/dao_session.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <filesystem>
 

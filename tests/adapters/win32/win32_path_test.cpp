@@ -2,7 +2,7 @@
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/windows_names.h"
 
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <vector>
 

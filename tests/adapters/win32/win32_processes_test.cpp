@@ -2,7 +2,7 @@
 
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 #include <chrono>

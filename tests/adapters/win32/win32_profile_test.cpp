@@ -3,7 +3,7 @@
 #include "adapters/posix/code_page_932.h"
 #include "adapters/win32/win32_platform.h"
 #include "adapters/win32/windows_names.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 #include <map>

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "runtime/file_path.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <stdexcept>
+#include <string>
+
+namespace inin {
+
+/// A folder of its own for one test, gone with it.
+class TempFolder {
+public:
+    TempFolder() = default;
+    TempFolder(const TempFolder &) = delete;
+    TempFolder &operator=(const TempFolder &) = delete;
+    ~TempFolder()
+    {
+        std::error_code ignored;
+        // Windows removes no file that is closed to writing, a POSIX system none from a folder that is.
+        std::filesystem::permissions(m_folder, std::filesystem::perms::owner_all, ignored);
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(m_folder, ignored))
+            if (!entry.is_symlink())
+                std::filesystem::permissions(entry, std::filesystem::perms::owner_all,
+                                             std::filesystem::perm_options::add, ignored);
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+
+    [[nodiscard]] const std::filesystem::path &folder() const { return m_folder; }
+    [[nodiscard]] const std::string &path() const { return m_path; }
+    [[nodiscard]] std::string operator/(const std::string &name) const { return m_path + "/" + name; }
+
+    /// Writes a file and gives its path.
+    std::string put(const std::string &name, const std::string &bytes) const
+    {
+        std::ofstream(pathOf(*this / name), std::ios::binary) << bytes;
+        return *this / name;
+    }
+    [[nodiscard]] std::string bytes(const std::string &name) const
+    {
+        std::ifstream file(pathOf(*this / name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    [[nodiscard]] bool has(const std::string &name) const { return std::filesystem::exists(pathOf(*this / name)); }
+    [[nodiscard]] std::size_t entries() const
+    {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_folder), {}));
+    }
+
+private:
+    /// A name of 8.3 is its own short name. Wine makes short names of longer ones up by a hash that two folders can share,
+    /// and then finds the one for the other.
+    static std::filesystem::path made()
+    {
+        constexpr int kAttempts = 100;
+        std::random_device random;
+        for (int attempt = 0; attempt < kAttempts; ++attempt) {
+            std::string name = "in";
+            while (name.size() < 8) name += static_cast<char>('a' + random() % 26);
+            std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
+            if (std::filesystem::create_directory(folder)) return std::filesystem::canonical(folder);
+        }
+        throw std::runtime_error("no temporary folder");
+    }
+
+    std::filesystem::path m_folder = made();
+    std::string m_path = textOf(m_folder);
+};
+
+/// Goes back to the folder that was current before.
+class CurrentFolder {
+public:
+    CurrentFolder() = default;
+    /// Makes another folder current for one test.
+    explicit CurrentFolder(const std::filesystem::path &folder) { std::filesystem::current_path(folder); }
+    CurrentFolder(const CurrentFolder &) = delete;
+    CurrentFolder &operator=(const CurrentFolder &) = delete;
+    ~CurrentFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::current_path(m_before, ignored);
+    }
+
+private:
+    std::filesystem::path m_before = std::filesystem::current_path();
+};
+
+} // namespace inin
