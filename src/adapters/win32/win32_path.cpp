@@ -13,18 +13,16 @@ namespace {
 
 /// A folder must leave room for a name of 8.3 behind it, so its limit lies below MAX_PATH.
 constexpr std::size_t kLongestClassic = MAX_PATH - 12;
-constexpr std::wstring_view kUnlimited = L"\\\\?\\";
 constexpr std::wstring_view kUnlimitedShare = L"\\\\?\\UNC\\";
+
+} // namespace
 
 std::wstring fullPath(const std::wstring &path)
 {
-    const DWORD needed = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    std::wstring full(needed, L'\0');
-    full.resize(GetFullPathNameW(path.c_str(), needed, full.data(), nullptr));
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
     return full.empty() ? path : full;
 }
-
-} // namespace
 
 std::wstring widePath(const std::string &path)
 {

@@ -16,8 +16,6 @@ namespace inin {
 
 namespace {
 
-constexpr std::wstring_view kUnlimited = L"\\\\?\\";
-
 struct ShowRule {
     WindowStyle style;
     WORD show;

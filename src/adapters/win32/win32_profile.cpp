@@ -26,7 +26,6 @@ private:
     std::string m_bytes;
 };
 
-constexpr std::wstring_view kUnlimited = L"\\\\?\\";
 
 /// The folder by its short names, without the prefix of a long path; as it is where the disk keeps no short names.
 std::wstring shortFolder(const std::wstring &folder)
