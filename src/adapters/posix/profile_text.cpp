@@ -95,6 +95,11 @@ std::string withoutKey(std::string_view bytes, const Section &section, std::stri
 
 } // namespace
 
+bool isBareProfileName(std::string_view file)
+{
+    return file.find_first_of("\\/") == std::string_view::npos;
+}
+
 std::string profileString(std::string_view bytes, ProfileBytes section, ProfileBytes key, std::string_view defaultValue,
                           std::size_t size)
 {
