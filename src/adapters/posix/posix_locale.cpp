@@ -1,5 +1,5 @@
-#include "adapters/posix/code_page_932.h"
 #include "adapters/posix/posix_platform.h"
+#include "adapters/suite_text/code_page_932.h"
 
 namespace inin {
 

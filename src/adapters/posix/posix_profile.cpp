@@ -1,7 +1,7 @@
-#include "adapters/posix/code_page_932.h"
 #include "adapters/posix/posix_io.h"
 #include "adapters/posix/posix_platform.h"
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/code_page_932.h"
+#include "adapters/suite_text/profile_text.h"
 
 #include <cerrno>
 #include <climits>

@@ -1,6 +1,6 @@
 #include "adapters/win32/win32_profile.h"
 
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/profile_text.h"
 #include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_platform.h"

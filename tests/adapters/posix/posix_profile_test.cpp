@@ -1,6 +1,6 @@
 #include "adapters/posix/posix_platform.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "common/helpers.h"
 #include "common/opl_ini_file.h"
 #include "ordinary_user.h"

@@ -1,7 +1,7 @@
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/profile_text.h"
 
-#include "adapters/posix/profile_lines.h"
-#include "adapters/posix/unicode_mark.h"
+#include "adapters/suite_text/profile_lines.h"
+#include "adapters/suite_text/unicode_mark.h"
 
 namespace inin {
 
