@@ -1,7 +1,7 @@
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
 #include "adapters/suite_text/code_page_932.h"
 #include "adapters/suite_text/profile_text.h"
+#include "adapters/system/system_platform.h"
 
 #include <cerrno>
 #include <climits>
@@ -28,7 +28,7 @@ FileDescriptor openForReading(const std::string &path)
     constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
     const int asGiven = open(withSlashes(path).c_str(), flags);
     if (asGiven >= 0 || (errno != ENOENT && errno != ENOTDIR)) return FileDescriptor(asGiven);
-    return FileDescriptor(open(posixPath(path).c_str(), flags));
+    return FileDescriptor(open(systemPath(path).c_str(), flags));
 }
 
 enum class Found { file, nothing, unreadable };
@@ -154,18 +154,18 @@ public:
         struct stat status {};
         if (isBareProfileName(file)) return 0;
         const Found found = readWhole(file, before, status);
-        const std::string systemPath = targetOf(posixPath(file));
-        if (found == Found::unreadable || (found == Found::file && !isWritableFile(systemPath))) return 0;
+        const std::string target = targetOf(systemPath(file));
+        if (found == Found::unreadable || (found == Found::file && !isWritableFile(target))) return 0;
         const auto after = profileWrite(before, argument(section), argument(key), argument(value));
         if (!after) return 0;
         if (*after == before) return 1;
-        return replaceFile(systemPath, *after, found == Found::file ? &status : nullptr) ? 1 : 0;
+        return replaceFile(target, *after, found == Found::file ? &status : nullptr) ? 1 : 0;
     }
 };
 
 } // namespace
 
-std::unique_ptr<Profile> makePosixProfile()
+std::unique_ptr<Profile> makeSystemProfile()
 {
     return std::make_unique<PosixProfile>();
 }

@@ -1,7 +1,7 @@
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_handle.h"
 #include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
 
@@ -176,7 +176,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Files> makeWin32Files(std::string applicationFolder)
+std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder)
 {
     return std::make_unique<Win32Files>(std::move(applicationFolder));
 }

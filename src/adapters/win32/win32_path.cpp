@@ -1,6 +1,6 @@
 #include "adapters/win32/win32_path.h"
 
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_text.h"
 
 #include <algorithm>
@@ -36,7 +36,12 @@ std::wstring widePath(const std::string &path)
     return std::wstring(kUnlimited) + full;
 }
 
-std::string win32Path(const std::string &path)
+bool isAbsolutePath(const std::string &path)
+{
+    return path.starts_with('\\') || path.starts_with('/') || (path.size() > 1 && path[1] == ':');
+}
+
+std::string systemPath(const std::string &path)
 {
     return utf8FromWide(widePath(path));
 }

@@ -1,9 +1,9 @@
 #include "adapters/win32/win32_profile.h"
 
 #include "adapters/suite_text/profile_text.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "adapters/win32/windows_names.h"
 
@@ -107,7 +107,7 @@ std::unique_ptr<Profile> makeCalledProfile()
     return std::make_unique<CalledProfile>();
 }
 
-std::unique_ptr<Profile> makeWin32Profile()
+std::unique_ptr<Profile> makeSystemProfile()
 {
     return std::make_unique<Win32Profile>();
 }

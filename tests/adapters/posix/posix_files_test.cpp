@@ -1,4 +1,4 @@
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "ordinary_user.h"
 #include "runtime/runtime_error.h"
@@ -30,17 +30,17 @@ try {
 
 std::int32_t openOutputError(const std::string &path)
 {
-    return errorOf([&] { (void)makePosixFiles("/")->openForOutput(path); });
+    return errorOf([&] { (void)makeSystemFiles("/")->openForOutput(path); });
 }
 
 std::int32_t openInputError(const std::string &path)
 {
-    return errorOf([&] { (void)makePosixFiles("/")->openForInput(path); });
+    return errorOf([&] { (void)makeSystemFiles("/")->openForInput(path); });
 }
 
 std::int32_t removeError(const std::string &path)
 {
-    return errorOf([&] { makePosixFiles("/")->remove(path); });
+    return errorOf([&] { makeSystemFiles("/")->remove(path); });
 }
 
 } // namespace
@@ -49,7 +49,7 @@ TEST_CASE("an output file replaces the old one and holds every byte")
 {
     const TempFolder folder;
     folder.put("委任状.csv", std::string(100000, 'x'));
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
     std::string expected;
 
     const auto file = files->openForOutput(folder.path() + "\\委任状.CSV");
@@ -68,14 +68,14 @@ TEST_CASE("an opened output file is empty at once")
 {
     const TempFolder folder;
     folder.put("x", "old");
-    const auto file = makePosixFiles("/")->openForOutput(folder / "x");
+    const auto file = makeSystemFiles("/")->openForOutput(folder / "x");
     CHECK(folder.bytes("x") == "");
 }
 
 TEST_CASE("an output file that is not closed is whole once it is gone")
 {
     const TempFolder folder;
-    makePosixFiles("/")->openForOutput(folder / "x")->write("abc");
+    makeSystemFiles("/")->openForOutput(folder / "x")->write("abc");
     CHECK(folder.bytes("x") == "abc");
 }
 
@@ -83,7 +83,7 @@ TEST_CASE("an input file gives its bytes piece by piece and then nothing")
 {
     const TempFolder folder;
     folder.put("x", "abc\0d"s);
-    const auto file = makePosixFiles("/")->openForInput(folder / "x");
+    const auto file = makeSystemFiles("/")->openForInput(folder / "x");
     CHECK(file->read(2) == "ab");
     CHECK(file->read(10) == "c\0d"s);
     CHECK(file->read(10) == "");
@@ -173,7 +173,7 @@ TEST_CASE("too many open files are told as 67")
     const std::string told = asOrdinaryUser([&] {
         const rlimit few{16, 16};
         setrlimit(RLIMIT_NOFILE, &few);
-        const auto files = makePosixFiles("/");
+        const auto files = makeSystemFiles("/");
         std::vector<std::unique_ptr<InputFile>> open;
         return std::to_string(errorOf([&] {
             while (open.size() < 100) open.push_back(files->openForInput("/dev/null"));
@@ -184,7 +184,7 @@ TEST_CASE("too many open files are told as 67")
 
 TEST_CASE("a full device is told as 61 by the write that fills the buffer, and by the close")
 {
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
     const auto written = files->openForOutput("/dev/full");
     CHECK(errorOf([&] { written->write(std::string(70000, 'x')); }) == 61);
     const auto closed = files->openForOutput("/dev/full");
@@ -201,7 +201,7 @@ TEST_CASE("a full disk is told as 61 and the file stays as far as it was written
         MESSAGE("no small disk can be mounted here: not run");
         return;
     }
-    const auto file = makePosixFiles("/")->openForOutput(folder / "x");
+    const auto file = makeSystemFiles("/")->openForOutput(folder / "x");
     CHECK(errorOf([&] {
               for (int piece = 0; piece < 100; ++piece) file->write(std::string(1000, 'x'));
               file->close();
@@ -215,7 +215,7 @@ TEST_CASE("a directory search finds one file by its name")
     const TempFolder folder;
     folder.put("委任状.CSV", "");
     std::filesystem::create_directory(folder / "sub");
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
     CHECK(files->directorySearch(folder.path() + "\\委任状.csv") == "委任状.CSV");
     CHECK(files->directorySearch(folder.path() + "\\委任状.CSV") == "委任状.CSV");
     CHECK(files->directorySearch(folder / "none") == "");
@@ -229,7 +229,7 @@ TEST_CASE("a directory search finds the first file that fits the pattern")
     const TempFolder folder;
     for (const char *name : {"b.csv", "A.csv", "c.txt", "plain", "委任状.csv", ".hidden"}) folder.put(name, "");
     std::filesystem::create_directory(folder / "a0.csv");
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
     const auto search = [&](const std::string &pattern) {
         return files->directorySearch(folder.path() + "\\" + pattern);
     };
@@ -248,7 +248,7 @@ TEST_CASE("a directory search finds the first file that fits the pattern")
 TEST_CASE("a directory search of a folder with a backslash behind it finds its first file")
 {
     const TempFolder folder;
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
     std::filesystem::create_directory(folder / "sub");
     CHECK(files->directorySearch(folder.path() + "\\") == "");
     folder.put("b", "");
@@ -263,7 +263,7 @@ TEST_CASE("a pattern of many stars is answered at once")
     folder.put(std::string(200, 'a'), "");
     std::string pattern;
     for (int star = 0; star < 40; ++star) pattern += "*a";
-    CHECK(makePosixFiles("/")->directorySearch(folder / (pattern + "b")) == "");
+    CHECK(makeSystemFiles("/")->directorySearch(folder / (pattern + "b")) == "");
 }
 
 TEST_CASE("only a folder is a folder")
@@ -271,7 +271,7 @@ TEST_CASE("only a folder is a folder")
     const TempFolder folder;
     folder.put("x", "");
     std::filesystem::create_directory(folder / "Sub");
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
     CHECK(files->isFolder(folder.path() + "\\SUB\\"));
     CHECK_FALSE(files->isFolder(folder / "x"));
     CHECK_FALSE(files->isFolder(folder / "none"));
@@ -283,7 +283,7 @@ TEST_CASE("the current folder is what the operating system reports after a chang
     const CurrentFolder back(folder.path());
     std::filesystem::create_directory(folder / "Sub");
     folder.put("file", "");
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
 
     files->changeDrive(folder.path());
     files->changeFolder(folder.path() + "\\sub");
@@ -300,7 +300,7 @@ TEST_CASE("a current folder that was taken away is told as 76")
     const TempFolder folder;
     const CurrentFolder back(folder.path());
     std::filesystem::create_directory(folder / "sub");
-    const auto files = makePosixFiles("/");
+    const auto files = makeSystemFiles("/");
     files->changeFolder(folder / "sub");
     std::filesystem::remove(folder / "sub");
     CHECK(errorOf([&] { (void)files->currentFolder(); }) == 76);
@@ -308,7 +308,7 @@ TEST_CASE("a current folder that was taken away is told as 76")
 
 TEST_CASE("the application folder bears no separator behind it")
 {
-    CHECK(makePosixFiles("/opt/suite/")->applicationFolder() == "/opt/suite");
-    CHECK(makePosixFiles("/opt/suite")->applicationFolder() == "/opt/suite");
-    CHECK(makePosixFiles("/")->applicationFolder() == "/");
+    CHECK(makeSystemFiles("/opt/suite/")->applicationFolder() == "/opt/suite");
+    CHECK(makeSystemFiles("/opt/suite")->applicationFolder() == "/opt/suite");
+    CHECK(makeSystemFiles("/")->applicationFolder() == "/");
 }

@@ -1,5 +1,6 @@
 #include "adapters/posix/ordinary_user.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/posix/posix_folders.h"
+#include "adapters/system/system_platform.h"
 #include "runtime/errors.h"
 #include "support/temp_folder.h"
 
@@ -21,7 +22,7 @@ struct FoldersFixture {
     [[nodiscard]] std::unique_ptr<Folders> foldersOver(std::string mounts) const
     {
         for (std::size_t at = 0; (at = mounts.find('@', at)) != std::string::npos;) mounts.replace(at, 1, temp.path());
-        return makePosixFolders(temp.put("mounts", mounts));
+        return makeMountedFolders(temp.put("mounts", mounts));
     }
     void makeFolder(const std::string &name) const { std::filesystem::create_directories(temp / name); }
 };
@@ -64,12 +65,12 @@ TEST_CASE("a mounted place that does not answer stays in the list and is error 7
 
 TEST_CASE("without a table of mounts the root is the only drive")
 {
-    CHECK(makePosixFolders("/nonexistent/mounts")->drives() == Texts{"/"});
+    CHECK(makeMountedFolders("/nonexistent/mounts")->drives() == Texts{"/"});
 }
 
 TEST_CASE("this system's own table has the root first")
 {
-    const Texts drives = makePosixFolders()->drives();
+    const Texts drives = makeSystemFolders()->drives();
     REQUIRE_FALSE(drives.empty());
     CHECK(drives[0] == "/");
 }
@@ -121,7 +122,7 @@ TEST_CASE("a folder whose name begins like a drive's does not lie on it")
 
 TEST_CASE("the root has itself above and its folders inside")
 {
-    const FolderContents contents = makePosixFolders()->open("/");
+    const FolderContents contents = makeSystemFolders()->open("/");
     CHECK(namesOf(contents.above) == Texts{"/"});
     CHECK(contents.drive == "/");
     CHECK_FALSE(contents.inside.empty());

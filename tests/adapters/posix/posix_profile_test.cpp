@@ -1,4 +1,4 @@
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "adapters/suite_text/code_page_932.h"
 #include "common/helpers.h"
@@ -29,9 +29,9 @@ mode_t modeOf(const std::string &path)
 /// The profile class over real files.
 struct RealWorld {
     FakeWorld world;
-    std::unique_ptr<Files> files = makePosixFiles("/");
-    std::unique_ptr<Profile> profile = makePosixProfile();
-    std::unique_ptr<Locale> locale = makePosixLocale();
+    std::unique_ptr<Files> files = makeSystemFiles("/");
+    std::unique_ptr<Profile> profile = makeSystemProfile();
+    std::unique_ptr<Locale> locale = makeSystemLocale();
     Platform platform{world.boxes,     world.windows, world.database, *profile,        *files,
                       world.processes, world.clock,   *locale,        world.automation};
 };
@@ -44,7 +44,7 @@ TEST_CASE("a write takes the old file's place with its rights and leaves no othe
     const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
     chmod(path.c_str(), 0640);
 
-    CHECK(makePosixProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
+    CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
 
     CHECK(folder.bytes("x.ini") == "[s]\r\nk=new\r\n");
     CHECK(modeOf(path) == 0640);
@@ -59,7 +59,7 @@ TEST_CASE("a write of what stands there leaves the file alone")
     }, after{};
     REQUIRE(stat(path.c_str(), &before) == 0);
 
-    CHECK(makePosixProfile()->WritePrivateProfileString("s", "k", "v", path) == 1);
+    CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", "v", path) == 1);
 
     REQUIRE(stat(path.c_str(), &after) == 0);
     CHECK(after.st_ino == before.st_ino);
@@ -71,7 +71,7 @@ TEST_CASE("a write goes through a link to the file that it leads to")
     elsewhere.put("real.ini", "[s]\r\nk=old\r\n");
     std::filesystem::create_symlink(elsewhere / "real.ini", folder / "x.ini");
     std::filesystem::create_symlink(elsewhere / "coming.ini", folder / "y.ini");
-    const auto profile = makePosixProfile();
+    const auto profile = makeSystemProfile();
 
     CHECK(profile->WritePrivateProfileString("s", "k", "new", folder / "x.ini") == 1);
     CHECK(profile->WritePrivateProfileString("s", "k", "first", folder / "y.ini") == 1);
@@ -94,7 +94,7 @@ TEST_CASE("a write keeps the owner of a file that belongs to another user")
     REQUIRE(chown(folder.path().c_str(), kOrdinaryUser, kOrdinaryUser) == 0);
 
     const std::string told = asOrdinaryUser(
-        [&] { return std::to_string(makePosixProfile()->WritePrivateProfileString("s", "k", "new", path)); });
+        [&] { return std::to_string(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path)); });
 
     CHECK(told == "1");
     struct stat status {};
@@ -110,7 +110,7 @@ TEST_CASE("a refused write gives 0 and leaves the file and the folder as they we
     const std::string readOnly = folder.put("x.ini", "[s]\r\nk=old\r\n");
     chmod(readOnly.c_str(), 0444);
     std::filesystem::create_directory(folder / "dir.ini");
-    const auto profile = makePosixProfile();
+    const auto profile = makeSystemProfile();
 
     CHECK(profile->WritePrivateProfileString("s", "k", "new", readOnly) == 0);
     CHECK(profile->WritePrivateProfileString("s", "k", "new", folder / "dir.ini") == 0);
@@ -135,7 +135,7 @@ TEST_CASE("a full disk refuses a write and keeps the old file whole")
     const std::string path = folder.put("x.ini", old);
     disk.fill();
 
-    CHECK(makePosixProfile()->WritePrivateProfileString("s", "k", std::string(200, 'v'), path) == 0);
+    CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", std::string(200, 'v'), path) == 0);
 
     CHECK(folder.bytes("x.ini") == old);
     CHECK_FALSE(folder.has("x.ini.~" + std::to_string(getpid()) + "-0"));
@@ -148,7 +148,7 @@ TEST_CASE("a file that an earlier process left half written is passed over")
     const std::string left = "x.ini.~" + std::to_string(getpid()) + "-0";
     folder.put(left, "half");
 
-    CHECK(makePosixProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
+    CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
 
     CHECK(folder.bytes("x.ini") == "[s]\r\nk=new\r\n");
     CHECK(folder.bytes(left) == "half");
@@ -159,7 +159,7 @@ TEST_CASE("a profile file is found whatever the case of its path")
     const TempFolder folder;
     std::filesystem::create_directory(folder / "Data");
     folder.put("Data/印刷設定.INI", "[s]\r\nk=old\r\n");
-    const auto profile = makePosixProfile();
+    const auto profile = makeSystemProfile();
 
     CHECK(profile->GetPrivateProfileString("s", "k", "", 256, folder.path() + "\\DATA\\印刷設定.ini") == "old");
     CHECK(profile->WritePrivateProfileString("s", "k", "new", folder.path() + "\\DATA\\印刷設定.ini") == 1);
@@ -170,7 +170,7 @@ TEST_CASE("what is no file reads as an empty profile")
 {
     const TempFolder folder;
     REQUIRE(mkfifo((folder / "pipe").c_str(), 0600) == 0);
-    const auto profile = makePosixProfile();
+    const auto profile = makeSystemProfile();
     for (const std::string &path : {folder / "missing", folder / "pipe", folder.path(), "/dev/zero"s, ""s, "\\"s}) {
         INFO(path);
         CHECK(profile->GetPrivateProfileString("s", "k", "none", 256, path) == "none");
@@ -245,7 +245,7 @@ TEST_CASE("a value outside the code page is written as question marks")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "");
-    const auto profile = makePosixProfile();
+    const auto profile = makeSystemProfile();
 
     CHECK(profile->WritePrivateProfileString("s", "名前", "髙𠮷é", path) == 1);
 

@@ -1,5 +1,5 @@
-#include "adapters/posix/posix_platform.h"
 #include "adapters/system/profile_player.h"
+#include "adapters/system/system_platform.h"
 #include "ordinary_user.h"
 #include "support/temp_folder.h"
 
@@ -34,7 +34,7 @@ std::string differencesOfRights(const ProfileCase &one)
     std::string told = asOrdinaryUser([&] {
         ProfileCase calls = one;
         for (ProfileStep &step : calls.steps) step.tellsFile = false; // the child may not look at every file
-        return differences(calls, *makePosixProfile(), folder / name, folder / name);
+        return differences(calls, *makeSystemProfile(), folder / name, folder / name);
     });
     chmod(folder.path().c_str(), 0755);
     chmod((folder / name).c_str(), 0644);
@@ -48,7 +48,7 @@ std::string differencesOfRights(const ProfileCase &one)
 TEST_CASE("every recorded profile call gives on a real file what the platform gave")
 {
     std::size_t played = 0;
-    const auto profile = makePosixProfile();
+    const auto profile = makeSystemProfile();
     for (const ProfileCase &one : recordedProfileCases()) {
         if (!isAboutTheBytes(one) || one.id == kMendedCase || !canBeAskedFor(one)) continue;
         ++played;
@@ -84,7 +84,7 @@ TEST_CASE("every recorded path finds its file")
         // A file of the recorded folder is the file of that name in the folder of this test.
         std::string path = one.path;
         if (const auto last = path.find("path"); last != std::string::npos) path.replace(0, last + 4, folder.path());
-        CHECK(differences(one, *makePosixProfile(), path, folder / "Sorvin.ver") == "");
+        CHECK(differences(one, *makeSystemProfile(), path, folder / "Sorvin.ver") == "");
         CHECK(folder.entries() == (one.id == "q017" ? 4 : 3));
         if (one.id == "q015") CHECK(folder.bytes("Sorvin.ver") == "[s]\r\nk=v\r\n");
         if (one.id == "q017") CHECK(folder.bytes("新.ini") == "[s]\r\nk=v\r\n");

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "deep_folder.h"
 #include "runtime/runtime_error.h"
@@ -45,7 +45,7 @@ public:
         DeleteFileW(file.c_str());
         return told;
     }
-    [[nodiscard]] std::string toldPlace() const { return win32Path(m_folder.top() / "told"); }
+    [[nodiscard]] std::string toldPlace() const { return systemPath(m_folder.top() / "told"); }
 
 private:
     DeepFolder m_folder;
@@ -59,7 +59,7 @@ TEST_CASE("a program at a path of more than 300 characters with blanks is starte
     const DeepPartner partner;
     REQUIRE(partner.program().size() > 300);
 
-    makeWin32Processes([] {})->start(partner.program() + " " + partner.toldPlace() + " 2", WindowStyle::normalFocus);
+    makeSystemProcesses([] {})->start(partner.program() + " " + partner.toldPlace() + " 2", WindowStyle::normalFocus);
 
     CHECK(partner.told() == "1\n2\n");
 }
@@ -70,7 +70,7 @@ TEST_CASE("a program that is started in such a folder finds files from it")
     {
         const CurrentFolder keep;
         REQUIRE(SetCurrentDirectoryW(wideFromUtf8(partner.folder()).c_str()) != 0);
-        makeWin32Processes([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
+        makeSystemProcesses([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
     }
     CHECK(partner.toldInFolder() == "1\n2\n");
 }
@@ -79,7 +79,7 @@ TEST_CASE("a program that is not there at such a path is error 53")
 {
     const DeepPartner partner;
     try {
-        makeWin32Processes([] {})->start(partner.program() + "x 2", WindowStyle::normalFocus);
+        makeSystemProcesses([] {})->start(partner.program() + "x 2", WindowStyle::normalFocus);
         FAIL("it was started");
     } catch (const RuntimeError &error) {
         CHECK(error.number() == 53);

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "runtime/runtime_error.h"
 #include "support/temp_folder.h"
@@ -24,17 +24,17 @@ try {
 
 std::int32_t openOutputError(const std::string &path)
 {
-    return errorOf([&] { (void)makeWin32Files("C:\\")->openForOutput(path); });
+    return errorOf([&] { (void)makeSystemFiles("C:\\")->openForOutput(path); });
 }
 
 std::int32_t openInputError(const std::string &path)
 {
-    return errorOf([&] { (void)makeWin32Files("C:\\")->openForInput(path); });
+    return errorOf([&] { (void)makeSystemFiles("C:\\")->openForInput(path); });
 }
 
 std::int32_t removeError(const std::string &path)
 {
-    return errorOf([&] { makeWin32Files("C:\\")->remove(path); });
+    return errorOf([&] { makeSystemFiles("C:\\")->remove(path); });
 }
 
 void setReadOnly(const std::string &path, bool readOnly)
@@ -66,7 +66,7 @@ TEST_CASE("an output file replaces the old one and holds every byte")
     folder.put("委任状.csv", std::string(100000, 'x'));
     std::string expected;
 
-    const auto file = makeWin32Files("C:\\")->openForOutput(folder.path() + "\\委任状.CSV");
+    const auto file = makeSystemFiles("C:\\")->openForOutput(folder.path() + "\\委任状.CSV");
     for (int line = 0; line < 20000; ++line) {
         file->write("line\0\r\n"s);
         expected += "line\0\r\n"s;
@@ -82,7 +82,7 @@ TEST_CASE("an opened output file is empty at once, and whole once it is gone")
 {
     const TempFolder folder;
     folder.put("x", "old");
-    auto file = makeWin32Files("C:\\")->openForOutput(folder / "x");
+    auto file = makeSystemFiles("C:\\")->openForOutput(folder / "x");
     CHECK(folder.bytes("x") == "");
     file->write("abc");
     file.reset();
@@ -93,7 +93,7 @@ TEST_CASE("an input file gives its bytes piece by piece and then nothing")
 {
     const TempFolder folder;
     folder.put("x", "abc\0d"s);
-    const auto file = makeWin32Files("C:\\")->openForInput(folder / "x");
+    const auto file = makeSystemFiles("C:\\")->openForInput(folder / "x");
     CHECK(file->read(2) == "ab");
     CHECK(file->read(10) == "c\0d"s);
     CHECK(file->read(10) == "");
@@ -141,7 +141,7 @@ TEST_CASE("a file is removed, and a refusal is told by the runtime's number")
 {
     const TempFolder folder;
     folder.put("髙橋.csv", "");
-    makeWin32Files("C:\\")->remove(folder / "髙橋.csv");
+    makeSystemFiles("C:\\")->remove(folder / "髙橋.csv");
     CHECK(folder.entries() == 0);
     CHECK(removeError(folder / "髙橋.csv") == 53);
     CHECK(removeError(folder / "missing/x") == 76);
@@ -158,7 +158,7 @@ TEST_CASE("the directory search finds a file by its name in any case, by a patte
     const TempFolder folder;
     std::filesystem::create_directory(pathOf(folder / "aa"));
     folder.put("委任状37_01.wfd", "");
-    const auto files = makeWin32Files("C:\\");
+    const auto files = makeSystemFiles("C:\\");
     CHECK(files->directorySearch(folder.path() + "\\委任状37_01.WFD") == "委任状37_01.wfd");
     CHECK(files->directorySearch(folder / "委任状*.wfd") == "委任状37_01.wfd");
     CHECK(files->directorySearch(folder.path() + "\\") == "委任状37_01.wfd");
@@ -171,14 +171,14 @@ TEST_CASE("a hidden file is no ordinary one")
 {
     const TempFolder folder;
     REQUIRE(SetFileAttributesA(folder.put("hidden.ini", "").c_str(), FILE_ATTRIBUTE_HIDDEN) != 0);
-    CHECK(makeWin32Files("C:\\")->directorySearch(folder / "hidden.ini") == "");
+    CHECK(makeSystemFiles("C:\\")->directorySearch(folder / "hidden.ini") == "");
 }
 
 TEST_CASE("a folder is told from a file")
 {
     const TempFolder folder;
     folder.put("x", "");
-    const auto files = makeWin32Files("C:\\");
+    const auto files = makeSystemFiles("C:\\");
     CHECK(files->isFolder(folder.path()));
     CHECK_FALSE(files->isFolder(folder / "x"));
     CHECK_FALSE(files->isFolder(folder / "missing"));
@@ -186,8 +186,8 @@ TEST_CASE("a folder is told from a file")
 
 TEST_CASE("the application folder has no separator behind it, but a drive keeps its own")
 {
-    CHECK(makeWin32Files("C:\\SUITE\\")->applicationFolder() == "C:\\SUITE");
-    CHECK(makeWin32Files("C:\\")->applicationFolder() == "C:\\");
+    CHECK(makeSystemFiles("C:\\SUITE\\")->applicationFolder() == "C:\\SUITE");
+    CHECK(makeSystemFiles("C:\\")->applicationFolder() == "C:\\");
 }
 
 TEST_CASE("the current drive and folder change, and a folder that is not there is error 76")
@@ -195,7 +195,7 @@ TEST_CASE("the current drive and folder change, and a folder that is not there i
     const TempFolder folder;
     const CurrentFolder keep(folder.path());
     std::filesystem::create_directory(pathOf(folder / "髙橋"));
-    const auto files = makeWin32Files("C:\\");
+    const auto files = makeSystemFiles("C:\\");
     files->changeDrive("C:\\anything");
     files->changeFolder(folder / "髙橋");
     CHECK(files->currentFolder().ends_with("\\髙橋"));

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "common/folder_form.h"
 #include "common/select_folder.h"
@@ -24,7 +24,7 @@ std::vector<std::string> namesOf(const std::vector<FolderPlace> &places)
 
 std::int32_t openError(const std::string &path)
 try {
-    (void)makeWin32Folders()->open(path);
+    (void)makeSystemFolders()->open(path);
     return 0;
 } catch (const RuntimeError &error) {
     return error.number();
@@ -43,7 +43,7 @@ public:
 
 TEST_CASE("the drives are the letters that are there")
 {
-    const auto drives = makeWin32Folders()->drives();
+    const auto drives = makeSystemFolders()->drives();
     CHECK(std::ranges::count(drives, "C:\\") == 1);
     CHECK(std::ranges::count(drives, "Q:\\") == 0);
 }
@@ -55,18 +55,18 @@ TEST_CASE("a folder tells the folders in it by name, and neither its files nor h
     REQUIRE(SetFileAttributesA((folder / "hidden").c_str(), FILE_ATTRIBUTE_HIDDEN) != 0);
     folder.put("file", "");
 
-    const FolderContents contents = makeWin32Folders()->open(folder.path() + "\\");
+    const FolderContents contents = makeSystemFolders()->open(folder.path() + "\\");
 
     CHECK(namesOf(contents.inside) == std::vector<std::string>{"A", "b", "委任状"});
-    CHECK(contents.inside[2].path == win32Path(folder / "委任状"));
+    CHECK(contents.inside[2].path == systemPath(folder / "委任状"));
     CHECK(contents.drive == "C:\\");
     CHECK(contents.above.front().path == "C:\\");
-    CHECK(contents.above.back().path == win32Path(folder.path()));
+    CHECK(contents.above.back().path == systemPath(folder.path()));
 }
 
 TEST_CASE("a drive by itself is its root")
 {
-    const FolderContents contents = makeWin32Folders()->open("C:");
+    const FolderContents contents = makeSystemFolders()->open("C:");
     CHECK(namesOf(contents.above) == std::vector<std::string>{"C:\\"});
     CHECK(std::ranges::count(namesOf(contents.inside), "windows") == 1);
 }
@@ -84,7 +84,7 @@ TEST_CASE("a drive without a medium is listed and is error 71, without a box of 
 {
     const DriveWithoutMedium drive;
     SetThreadErrorMode(0, nullptr);
-    const auto folders = makeWin32Folders();
+    const auto folders = makeSystemFolders();
     CHECK(std::ranges::count(folders->drives(), "Y:\\") == 1);
     CHECK(openError("Y:\\") == 71);
     CHECK(openError("y:") == 71);
@@ -95,7 +95,7 @@ TEST_CASE("a drive without a medium is listed and is error 71, without a box of 
 TEST_CASE_FIXTURE(FakeWorld, "choosing a drive without a medium is told in the program's words, and the list goes back")
 {
     const DriveWithoutMedium drive;
-    const auto folders = makeWin32Folders();
+    const auto folders = makeSystemFolders();
     files.makeFolder("C:\\windows");
     files.changeFolder("C:\\windows");
     clsSelectFolder select(platform, *folders);

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "deep_folder.h"
 
 #include <doctest/doctest.h>
@@ -7,25 +7,25 @@ using namespace inin;
 
 TEST_CASE("a short path is as it was given, with backslashes")
 {
-    CHECK(win32Path("C:/SUITE\\TMP/委任状.csv") == "C:\\SUITE\\TMP\\委任状.csv");
-    CHECK(win32Path("Massage.ini") == "Massage.ini");
-    CHECK(win32Path("") == "");
+    CHECK(systemPath("C:/SUITE\\TMP/委任状.csv") == "C:\\SUITE\\TMP\\委任状.csv");
+    CHECK(systemPath("Massage.ini") == "Massage.ini");
+    CHECK(systemPath("") == "");
 }
 
 TEST_CASE("a path beyond the classic limit gets the prefix that lifts it, a share its own")
 {
     const std::string tail(300, 'x');
-    CHECK(win32Path("C:\\SUITE/" + tail) == "\\\\?\\C:\\SUITE\\" + tail);
-    CHECK(win32Path("C:\\SUITE\\..\\" + tail) == "\\\\?\\C:\\" + tail);
-    CHECK(win32Path("\\\\server\\share\\" + tail) == "\\\\?\\UNC\\server\\share\\" + tail);
-    CHECK(win32Path("\\\\?\\C:\\" + tail) == "\\\\?\\C:\\" + tail);
+    CHECK(systemPath("C:\\SUITE/" + tail) == "\\\\?\\C:\\SUITE\\" + tail);
+    CHECK(systemPath("C:\\SUITE\\..\\" + tail) == "\\\\?\\C:\\" + tail);
+    CHECK(systemPath("\\\\server\\share\\" + tail) == "\\\\?\\UNC\\server\\share\\" + tail);
+    CHECK(systemPath("\\\\?\\C:\\" + tail) == "\\\\?\\C:\\" + tail);
 }
 
 TEST_CASE("files are written, found, read and removed at a path of more than 300 characters")
 {
     const DeepFolder folder;
     const std::string file = folder / "委任状.csv";
-    const auto files = makeWin32Files("C:\\");
+    const auto files = makeSystemFiles("C:\\");
 
     files->openForOutput(file)->write("abc");
 

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
@@ -17,7 +17,7 @@ namespace {
 
 std::unique_ptr<Processes> processes()
 {
-    return makeWin32Processes([] {});
+    return makeSystemProcesses([] {});
 }
 
 /// What the started program told; empty after ten seconds without a word.
@@ -35,7 +35,7 @@ struct PartnerFolder {
     std::string put(const std::string &name) const
     {
         std::filesystem::copy_file(ININ_PARTNER, pathOf(folder / name));
-        return win32Path(folder / name);
+        return systemPath(folder / name);
     }
 };
 
@@ -45,7 +45,7 @@ public:
     AddressHandler() : m_before(command())
     {
         const std::string partner = m_folder.put("browser.exe");
-        setCommand(wideFromUtf8("\"" + partner + "\" \"" + win32Path(m_folder.folder / "told") + "\" /line %1"));
+        setCommand(wideFromUtf8("\"" + partner + "\" \"" + systemPath(m_folder.folder / "told") + "\" /line %1"));
     }
     AddressHandler(const AddressHandler &) = delete;
     AddressHandler &operator=(const AddressHandler &) = delete;

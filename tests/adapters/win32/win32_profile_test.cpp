@@ -1,5 +1,5 @@
 #include "adapters/system/profile_player.h"
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_profile.h"
 #include "deep_folder.h"
 
@@ -51,7 +51,7 @@ bool canBePlayed(const ProfileCase &one)
 TEST_CASE("every recorded profile call gives what the platform gave")
 {
     std::size_t count = 0;
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     for (const ProfileCase &one : recordedProfileCases()) {
         if (!canBePlayed(one)) continue;
         ++count;
@@ -64,7 +64,7 @@ TEST_CASE("every recorded profile call gives what the platform gave")
 TEST_CASE("every recorded profile call gives the same at a path that the calls cannot be told")
 {
     std::size_t count = 0;
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     const DeepFolder deep;
     const TempFolder current;
     const CurrentFolder keep(current.folder());
@@ -98,11 +98,11 @@ TEST_CASE("a name without a folder never means the current one, however deep tha
     const CurrentFolder keep(widePath(deep.path()));
     CHECK(canBeTold("inin-nowhere.ini"));
     CHECK_FALSE(canBeTold("𠮷.ini"));
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     CHECK(profile->WritePrivateProfileString("a", "k", "1", "𠮷.ini") == 0);
     CHECK(profile->GetPrivateProfileInt("a", "k", 7, "𠮷.ini") == 7);
     CHECK(profile->GetPrivateProfileString("a", "k", "d", 256, "𠮷.ini") == "d");
-    CHECK(makeWin32Files("C:\\")->directorySearch(deep / "*") == "");
+    CHECK(makeSystemFiles("C:\\")->directorySearch(deep / "*") == "");
 }
 
 TEST_CASE("a profile file is written and read where its path has a character that the code page lacks")
@@ -110,7 +110,7 @@ TEST_CASE("a profile file is written and read where its path has a character tha
     const TempFolder folder, current;
     const CurrentFolder keep(current.folder());
     std::filesystem::create_directory(pathOf(folder / "𠮷野整骨院"));
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     for (const char *name : {"𠮷野整骨院/印刷設定.ini", "Äpfel.ini", "1\u301C2.ini"}) {
         INFO(name);
         CHECK(profile->WritePrivateProfileString("委任状", "印刷種別", "2", folder / name) == 1);
@@ -128,7 +128,7 @@ TEST_CASE("a refused write gives 0 at a path that the calls cannot be told, and 
     const TempFolder current;
     const CurrentFolder keep(current.folder());
     const std::string file = deep / "x.ini";
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     const auto write = [&](const std::string &path) { return profile->WritePrivateProfileString("a", "k", "2", path); };
 
     CHECK(write(deep.path()) == 0);
@@ -137,7 +137,7 @@ TEST_CASE("a refused write gives 0 at a path that the calls cannot be told, and 
     CHECK(write(deep / std::string(300, 'x')) == 0);
     CHECK(profile->WritePrivateProfileString(std::nullopt, "k", "2", file) == 0);
     CHECK(profile->WritePrivateProfileString("a", "k", std::nullopt, file) == 1);
-    CHECK(makeWin32Files("C:\\")->directorySearch(deep / "*") == "");
+    CHECK(makeSystemFiles("C:\\")->directorySearch(deep / "*") == "");
 
     REQUIRE(write(file) == 1);
     REQUIRE(SetFileAttributesW(widePath(file).c_str(), FILE_ATTRIBUTE_READONLY) != 0);
@@ -145,13 +145,13 @@ TEST_CASE("a refused write gives 0 at a path that the calls cannot be told, and 
     REQUIRE(SetFileAttributesW(widePath(file).c_str(), FILE_ATTRIBUTE_NORMAL) != 0);
     CHECK(profile->GetPrivateProfileInt("a", "k", 7, file) == 2);
     CHECK(current.entries() == 0);
-    makeWin32Files("C:\\")->remove(file);
+    makeSystemFiles("C:\\")->remove(file);
 }
 
 TEST_CASE("a profile file is found whichever separator its path has, and under a Japanese name")
 {
     const TempFolder folder;
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     CHECK(profile->WritePrivateProfileString("委任状", "印刷種別", "1", folder.path() + "\\印刷設定.ini") == 1);
     CHECK(folder.bytes("印刷設定.ini") == "[\x88\xCF\x94\x43\x8F\xF3]\r\n\x88\xF3\x8D\xFC\x8E\xED\x95\xCA=1\r\n");
     CHECK(profile->GetPrivateProfileString("委任状", "印刷種別", "", 256, folder / "印刷設定.ini") == "1");
@@ -160,7 +160,7 @@ TEST_CASE("a profile file is found whichever separator its path has, and under a
 TEST_CASE("a folder that is not there refuses a write and reads the default")
 {
     const TempFolder folder;
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     CHECK(profile->WritePrivateProfileString("a", "k", "1", folder / "missing/x.ini") == 0);
     CHECK(profile->GetPrivateProfileInt("a", "k", 7, folder / "missing/x.ini") == 7);
     CHECK(profile->GetPrivateProfileString("a", "k", "d", 256, folder / "missing/x.ini") == "d");
@@ -168,7 +168,7 @@ TEST_CASE("a folder that is not there refuses a write and reads the default")
 
 TEST_CASE("a read without a section or key has no number but the default")
 {
-    const auto profile = makeWin32Profile();
+    const auto profile = makeSystemProfile();
     CHECK(profile->GetPrivateProfileInt(std::nullopt, "k", 7, "C:\\x.ini") == 7);
     CHECK(profile->GetPrivateProfileInt("a", std::nullopt, 7, "C:\\x.ini") == 7);
     CHECK(profile->GetPrivateProfileString("a", "k", "d", 0, "C:\\x.ini") == "");
