@@ -1,6 +1,7 @@
 #include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "deep_folder.h"
+#include "ended_program.h"
 #include "runtime/runtime_error.h"
 
 #include <filesystem>
@@ -19,11 +20,7 @@ public:
     DeepPartner() { REQUIRE(CopyFileW(wideFromUtf8(ININ_PARTNER).c_str(), widePath(m_program).c_str(), TRUE) != 0); }
     DeepPartner(const DeepPartner &) = delete;
     DeepPartner &operator=(const DeepPartner &) = delete;
-    ~DeepPartner()
-    {
-        for (int wait = 0; wait < 500 && DeleteFileW(widePath(m_program).c_str()) == 0; ++wait)
-            Sleep(10); // it runs yet
-    }
+    ~DeepPartner() { removeOnceEnded(m_program); }
     [[nodiscard]] const std::string &folder() const { return m_folder.path(); }
     [[nodiscard]] const std::string &program() const { return m_program; }
     [[nodiscard]] std::string told() const
