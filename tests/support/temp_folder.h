@@ -39,6 +39,14 @@ public:
         std::ofstream(pathOf(*this / name), std::ios::binary) << bytes;
         return *this / name;
     }
+    /// Likewise a file that is closed to writing.
+    std::string putReadOnly(const std::string &name, const std::string &bytes) const
+    {
+        using std::filesystem::perms;
+        std::string path = put(name, bytes);
+        std::filesystem::permissions(pathOf(path), perms::owner_read | perms::group_read | perms::others_read);
+        return path;
+    }
     [[nodiscard]] std::string bytes(const std::string &name) const
     {
         std::ifstream file(pathOf(*this / name), std::ios::binary);

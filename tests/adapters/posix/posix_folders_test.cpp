@@ -104,38 +104,11 @@ TEST_CASE("a path is found with backslashes, in any case and with a separator at
     }
 }
 
-TEST_CASE("a path without its root lies in the current folder")
-{
-    const FoldersFixture fixture;
-    fixture.makeFolder("inner");
-    const auto folders = fixture.foldersOver("");
-    const CurrentFolder current(fixture.temp.path());
-    CHECK(folders->open("inner").above.back().path == fixture.temp / "inner");
-}
-
 TEST_CASE("a folder whose name begins like a drive's does not lie on it")
 {
     const FoldersFixture fixture;
     fixture.makeFolder("disk2");
     CHECK(fixture.foldersOver("/dev/sdb1 @/disk vfat rw 0 0\n")->open(fixture.temp / "disk2").drive == "/");
-}
-
-TEST_CASE("the root has itself above and its folders inside")
-{
-    const FolderContents contents = makeSystemFolders()->open("/");
-    CHECK(namesOf(contents.above) == Texts{"/"});
-    CHECK(contents.drive == "/");
-    CHECK_FALSE(contents.inside.empty());
-    CHECK(contents.inside[0].path == "/" + contents.inside[0].name);
-}
-
-TEST_CASE("what is no folder is error 76")
-{
-    const FoldersFixture fixture;
-    fixture.temp.put("file", "");
-    const auto folders = fixture.foldersOver("");
-    CHECK(errorOf([&] { return folders->open(fixture.temp / "file"); }) == 76);
-    CHECK(errorOf([&] { return folders->open(fixture.temp / "none"); }) == 76);
 }
 
 TEST_CASE("a folder that may not be read is error 75")

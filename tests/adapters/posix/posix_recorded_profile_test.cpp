@@ -45,21 +45,6 @@ std::string differencesOfRights(const ProfileCase &one)
 
 } // namespace
 
-TEST_CASE("every recorded profile call gives on a real file what the platform gave")
-{
-    std::size_t played = 0;
-    const auto profile = makeSystemProfile();
-    for (const ProfileCase &one : recordedProfileCases()) {
-        if (!isAboutTheBytes(one) || one.id == kMendedCase || !canBeAskedFor(one)) continue;
-        ++played;
-        const TempFolder folder;
-        if (one.file) folder.put("x.ini", *one.file);
-        CHECK(differences(one, *profile, folder / "x.ini", folder / "x.ini") == "");
-        CHECK(folder.entries() <= 1);
-    }
-    CHECK(played >= 190);
-}
-
 TEST_CASE("an ordinary user reads and writes profile files as their rights allow")
 {
     std::size_t played = 0;
