@@ -75,13 +75,17 @@ TEST_CASE("too many open files are told as 67")
 {
     const TempFolder folder;
     const std::string told = asOrdinaryUser([&] {
-        const rlimit few{16, 16};
+        rlimit before{};
+        getrlimit(RLIMIT_NOFILE, &before);
+        const rlimit few{16, before.rlim_max};
         setrlimit(RLIMIT_NOFILE, &few);
         const auto files = makeSystemFiles("/");
         std::vector<std::unique_ptr<InputFile>> open;
-        return std::to_string(errorOf([&] {
+        const std::int32_t number = errorOf([&] {
             while (open.size() < 100) open.push_back(files->openForInput("/dev/null"));
-        }));
+        });
+        setrlimit(RLIMIT_NOFILE, &before); // a sanitizer looks at what is closed by a file of its own
+        return std::to_string(number);
     });
     CHECK(told == "67");
 }
