@@ -17,13 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char *kForm = "委任状37_01.wfd";
-
-bool contains(const std::string &text, const std::string &part)
-{
-    return text.find(part) != std::string::npos;
-}
-
 /// A letter file with these titles and one ordinary letter.
 std::string csvWith(const std::vector<std::string> &titles)
 {

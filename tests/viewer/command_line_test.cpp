@@ -10,18 +10,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char *kForm = "委任状37_01.wfd";
-
 template <class Command> Command parsed(const std::vector<std::string> &words)
 {
     const ViewerCommand command = readViewerCommand(words);
     REQUIRE(std::holds_alternative<Command>(command));
     return std::get<Command>(command);
-}
-
-bool contains(const std::string &text, const std::string &part)
-{
-    return text.find(part) != std::string::npos;
 }
 
 } // namespace
@@ -94,7 +87,7 @@ TEST_CASE("the exit code tells whether it was done, failed or made no sense, and
     CHECK(missing.errors == "formviewer: ファイル「無い.dat」が見つかりません。\n");
     CHECK(runViewer(folder, "--colour").code == 2);
     CHECK(runViewer(folder, "/c").errors == "formviewer: 「/c」の後にコマンドファイルがありません。\n");
-    CHECK(runViewer(folder, "--help").output.find("--letters") != std::string::npos);
+    CHECK(contains(runViewer(folder, "--help").output, "--letters"));
 }
 
 TEST_CASE("under the merger's name, in any case, it writes the combined form that the viewer prints")

@@ -193,7 +193,7 @@ TEST_CASE("a text that runs down looks as it did, the same in the picture, in th
 
 TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
 {
-    Pictures pictures("委任状37_01.wfd");
+    Pictures pictures(kForm);
     const QImage before = pictures.picture(0);
     pictures.set.offsetX = 10;
     CHECK(difference(before, pictures.picture(0)) > 10 * kShareTolerance);
@@ -202,7 +202,7 @@ TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
 TEST_CASE("the picture of a letter and its PDF show the same")
 {
     Folder folder;
-    const std::string script = writePrintJob(folder, "委任状37_01.wfd", {longestRow()});
+    const std::string script = writePrintJob(folder, kForm, {longestRow()});
     REQUIRE(runViewer(folder, "--pdf o.pdf --png p --dpi 100 " + script).code == 0);
     QImage ours;
     REQUIRE(ours.load(QString::fromStdString(folder.file("p/001.png"))));

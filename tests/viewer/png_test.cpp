@@ -8,17 +8,6 @@ using namespace inin::viewer;
 using namespace inin::viewer::test;
 namespace fs = std::filesystem;
 
-namespace {
-
-constexpr const char *kForm = "委任状37_01.wfd";
-
-bool contains(const std::string &text, const std::string &part)
-{
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
-
 TEST_CASE("the letters that are ticked come out as pictures, beside the PDF")
 {
     Folder folder;

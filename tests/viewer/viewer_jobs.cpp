@@ -22,6 +22,11 @@ std::string bytesOf(const std::string &path)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+bool contains(const std::string &text, const std::string &part)
+{
+    return text.find(part) != std::string::npos;
+}
+
 Row ordinaryRow()
 {
     return {{"対象開始日", "2024/05/01"},

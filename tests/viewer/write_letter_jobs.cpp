@@ -9,8 +9,6 @@ using namespace inin::viewer::test;
 
 namespace {
 
-constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
-
 /// What the font of a form lacks comes from another one; what no font has is told.
 constexpr const char *kRareCharacters =
     "<svg xmlns='http://www.w3.org/2000/svg' width='210mm' height='297mm' viewBox='0 0 210 297'>"

@@ -160,7 +160,7 @@ TEST_CASE("page k that the system gets holds the texts of the k-th ticked letter
     const char *const names[] = {"甲2", "甲7", "甲8", "甲9"};
     for (std::size_t page = 0; page < 4; ++page)
         for (std::size_t name = 0; name < 4; ++name)
-            CHECK((packed(pages[page]).find(names[name]) != std::string::npos) == (page == name));
+            CHECK(contains(packed(pages[page]), names[name]) == (page == name));
 }
 
 TEST_CASE("what the system gets is what saving as PDF writes")
@@ -249,7 +249,7 @@ TEST_CASE("a disk that is full while letters are printed is a refusal with the f
     const FullDisk disk;
     const PrintResult result = world.print("1", world.order());
     CHECK(result.sent == 0);
-    CHECK(result.fault.find("に書き込めません。") != std::string::npos);
+    CHECK(contains(result.fault, "に書き込めません。"));
     CHECK(!world.wasTold(0));
 }
 
@@ -269,8 +269,8 @@ TEST_CASE("the ruler page goes the same road, one copy of it, moved by the offse
     REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
     CHECK(world.told(0)[3] == "1");
     const std::string text = packed(pagesOf(world.job(0)).at(0));
-    CHECK(text.find("位置調整のテスト") != std::string::npos);
-    CHECK(text.find("プリンター：紙今の調整：右へ1.5mm、下へ-0.3mm") != std::string::npos);
+    CHECK(contains(text, "位置調整のテスト"));
+    CHECK(contains(text, "プリンター：紙今の調整：右へ1.5mm、下へ-0.3mm"));
     CHECK(pageCount(world.job(0)) == 1);
 }
 
