@@ -1,6 +1,6 @@
 #include "platform/grid.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 
@@ -10,15 +10,6 @@
 using namespace inin;
 
 namespace {
-
-/// Runs the body and gives back the number of its RuntimeError, 0 for none.
-template <class Body> std::int32_t errorOf(Body &&body)
-try {
-    body();
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
-}
 
 struct OptionFixture {
     OptionGroup options{"optTgtDate", 3};

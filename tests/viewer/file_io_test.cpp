@@ -1,4 +1,5 @@
 #include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "viewer/io/file_io.h"
 #include "viewer/io/file_stamp.h"
 #include "viewer/io/mapped_file.h"
@@ -16,11 +17,8 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string refusal(const std::string &path)
-try {
-    (void)readWholeFile(path, 10);
-    return {};
-} catch (const RuntimeError &error) {
-    return error.description();
+{
+    return errorWordsOf([&] { return readWholeFile(path, 10); });
 }
 
 void write(const std::string &path, const std::string &bytes)

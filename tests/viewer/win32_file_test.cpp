@@ -1,6 +1,7 @@
 #include "adapters/win32/win32_handle.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "viewer/io/file_io.h"
 #include "viewer/io/font_files.h"
 #include "viewer/viewer_world.h"
@@ -24,13 +25,12 @@ Win32FileHandle openFor(const std::string &path, DWORD shared)
 }
 
 std::string refusalToWrite(const std::string &path)
-try {
-    FinishedFile file(path);
-    file.write("new");
-    file.finish();
-    return {};
-} catch (const RuntimeError &error) {
-    return error.description();
+{
+    return errorWordsOf([&] {
+        FinishedFile file(path);
+        file.write("new");
+        file.finish();
+    });
 }
 
 } // namespace

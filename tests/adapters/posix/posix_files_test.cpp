@@ -1,12 +1,11 @@
 #include "adapters/posix/posix_platform.h"
 
 #include "ordinary_user.h"
-#include "runtime/runtime_error.h"
 #include "small_disk.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
 
 #include <filesystem>
-#include <functional>
 #include <vector>
 
 #include <doctest/doctest.h>
@@ -18,15 +17,6 @@ using namespace inin;
 using namespace std::string_literals;
 
 namespace {
-
-/// The number of the RuntimeError that `body` throws, 0 for none.
-std::int32_t errorOf(const std::function<void()> &body)
-try {
-    body();
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
-}
 
 std::int32_t openOutputError(const std::string &path)
 {

@@ -1,9 +1,7 @@
 #include "adapters/win32/win32_platform.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
-
-#include <functional>
 
 #include <doctest/doctest.h>
 #include <windows.h>
@@ -12,15 +10,6 @@ using namespace inin;
 using namespace std::string_literals;
 
 namespace {
-
-/// The number of the RuntimeError that `body` throws, 0 for none.
-std::int32_t errorOf(const std::function<void()> &body)
-try {
-    body();
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
-}
 
 std::int32_t openOutputError(const std::string &path)
 {

@@ -2,7 +2,7 @@
 
 #include "common/folder_form.h"
 #include "common/select_folder.h"
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "support/fake_platform.h"
 #include "support/temp_folder.h"
 
@@ -23,11 +23,8 @@ std::vector<std::string> namesOf(const std::vector<FolderPlace> &places)
 }
 
 std::int32_t openError(const std::string &path)
-try {
-    (void)makeWin32Folders()->open(path);
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
+{
+    return errorOf([&] { return makeWin32Folders()->open(path); });
 }
 
 /// A drive's letter that leads nowhere, as one without a medium.
