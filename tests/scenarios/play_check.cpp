@@ -1,6 +1,7 @@
 #include "scenarios/play_check.h"
 
 #include "adapters/posix/code_page_932.h"
+#include "support/file_bytes.h"
 
 #include <nlohmann/json.hpp>
 
@@ -103,7 +104,7 @@ std::string fileDifference(const Play &play, const PlayFile &file, const Tempora
     const auto path = site.at(file.path);
     if (!std::filesystem::is_regular_file(path)) return difference(play, file.line, file.path, "no such file");
     const std::string wanted = suiteBytes(file.text);
-    const std::string seen = withoutFolder(readBytes(path), site.folder().string());
+    const std::string seen = withoutFolder(bytesOf(path), site.folder().string());
     if (wanted == seen) return {};
     std::istringstream wantedLines(decodeCp932(wanted)), seenLines(decodeCp932(seen));
     std::string wantedLine, seenLine;

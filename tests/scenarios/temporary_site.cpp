@@ -1,14 +1,13 @@
 #include "scenarios/temporary_site.h"
 
 #include "adapters/posix/code_page_932.h"
-#include "runtime/file_path.h"
+#include "support/file_bytes.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -22,12 +21,6 @@ namespace fs = std::filesystem;
 constexpr const char *kDatabase = "site.db";
 /// The tables of every site; a site's own scripts hold its rows.
 constexpr const char *kSchema = ININ_SITE "/schema_sqlite.sql";
-
-void writeBytes(const fs::path &path, const std::string &bytes)
-{
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-}
 
 struct CloseDatabase {
     void operator()(sqlite3 *database) const { sqlite3_close(database); }
@@ -44,7 +37,7 @@ public:
         // Nothing of a play outlives it: waiting for the disk would make up most of its time.
         exec("PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF", path);
     }
-    void run(const fs::path &script) const { exec(readBytes(script), script); }
+    void run(const fs::path &script) const { exec(bytesOf(script), script); }
     void exec(const std::string &sql, const fs::path &origin) const
     {
         if (sqlite3_exec(m_database.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
@@ -62,13 +55,6 @@ void makeFolders(const fs::path &list, const fs::path &site)
 }
 
 } // namespace
-
-std::string readBytes(const fs::path &path)
-{
-    std::ifstream in(path, std::ios::binary);
-    if (!in) throw std::runtime_error("cannot read " + path.string());
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 std::string suiteBytes(const std::string &utf8)
 {
@@ -108,9 +94,9 @@ void TemporarySite::fill(const fs::path &source)
         else if (file.extension() == ".sql")
             database.run(file);
         else if (file.extension() == ".ini")
-            writeBytes(target, suiteBytes(readBytes(file)));
+            writeBytes(target, suiteBytes(bytesOf(file)));
         else
-            writeBytes(target, readBytes(file));
+            writeBytes(target, bytesOf(file));
     }
 }
 

@@ -29,6 +29,5 @@ private:
 
 /// UTF-8 lines as the suite's text files hold them.
 [[nodiscard]] std::string suiteBytes(const std::string &utf8);
-[[nodiscard]] std::string readBytes(const std::filesystem::path &path);
 
 } // namespace inin

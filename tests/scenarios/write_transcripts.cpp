@@ -1,11 +1,10 @@
 // Plays every scenario and writes what happened into a folder: NAME.txt holds the events and the exit code, NAME/ the files
 // of the temporary folder. The site's folder is $APP in all of it, so that two systems can be held against each other.
 
-#include "runtime/file_path.h"
 #include "scenarios/script_driver.h"
+#include "support/file_bytes.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
 
 namespace {
@@ -30,12 +29,6 @@ std::string withoutFolder(std::string text, const std::string &folder)
     return text;
 }
 
-void write(const fs::path &path, const std::string &bytes)
-{
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
 void play(const fs::path &file, const fs::path &target)
 {
     const Play play = readPlay(textOf(file));
@@ -47,13 +40,14 @@ void play(const fs::path &file, const fs::path &target)
     for (const auto &step : record.events)
         for (const std::string &event : step) events += event + "\n";
     const fs::path name = file.stem();
-    write(target / (textOf(name) + ".txt"),
-          withoutFolder(events + "exit " + std::to_string(record.exitCode) + "\n" + record.errors, folder));
+    writeBytes(target / (textOf(name) + ".txt"),
+               withoutFolder(events + "exit " + std::to_string(record.exitCode) + "\n" + record.errors, folder));
     for (const char *kept : {"TMP", "DATA"}) {
         if (!fs::is_directory(site.at(kept))) continue;
         for (const auto &entry : fs::directory_iterator(site.at(kept)))
             if (entry.is_regular_file())
-                write(target / name / kept / entry.path().filename(), withoutFolder(readBytes(entry.path()), folder));
+                writeBytes(target / name / kept / entry.path().filename(),
+                           withoutFolder(bytesOf(entry.path()), folder));
     }
 }
 

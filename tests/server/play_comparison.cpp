@@ -5,12 +5,12 @@
 #include "scenarios/script_driver.h"
 #include "scenarios/temporary_site.h"
 #include "server/site_copy.h"
+#include "support/file_bytes.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -61,7 +61,7 @@ Files filesOf(const TemporarySite &site)
     for (const auto &entry : fs::recursive_directory_iterator(site.folder())) {
         const std::string name = fs::relative(entry.path(), site.folder()).string();
         if (!entry.is_regular_file() || name.starts_with(kDatabase) || name == kSettings) continue;
-        files[name] = withoutFolder(readBytes(entry.path()), site.folder());
+        files[name] = withoutFolder(bytesOf(entry.path()), site.folder());
     }
     return files;
 }
@@ -151,13 +151,13 @@ void turnToServer(const TemporarySite &site, const ServerPlayOptions &options)
 {
     const fs::path settings = site.folder() / kSettings;
     if (!fs::is_regular_file(settings) || !fs::is_regular_file(site.folder() / kDatabase)) return;
-    const std::string bytes = readBytes(settings);
+    const std::string bytes = bytesOf(settings);
     if (bytes.find(kEmbedded) == std::string::npos) return;
     const auto database = makeSuiteDatabase([](const std::string &path) { return path; });
     const auto connection = database->newConnection();
     connection->Open(options.connectionString, "", "", -1);
     copyDatabase(site.folder() / kDatabase, *database, *connection, options.dialect);
-    std::ofstream(settings, std::ios::binary) << site::connectionFile(options.connectionString);
+    writeBytes(settings, site::connectionFile(options.connectionString));
 }
 
 /// The scenario's own driver, with the program's database in the place of the embedded one.

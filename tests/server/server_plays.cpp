@@ -12,6 +12,7 @@
 #include "app/suite_database/suite_database.h"
 #include "runtime/runtime_error.h"
 #include "server/play_comparison.h"
+#include "support/file_bytes.h"
 
 #include <fmt/format.h>
 
@@ -19,8 +20,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 namespace inin::test {
@@ -123,8 +122,7 @@ int playAll(const std::string &name, const std::vector<std::string> &names)
     options.isAnyOrder = fromEnvironment("ININ_SERVER_ANY_ORDER") == "1";
     std::string schema;
     if (const std::string own = fromEnvironment("ININ_SERVER_SCHEMA"); !own.empty()) {
-        std::ifstream in(own, std::ios::binary);
-        schema.assign(std::istreambuf_iterator<char>(in), {});
+        schema = bytesOf(own);
         options.dialect = {schema, {"'\\x", "'"}};
     }
     return report(playFiles(names), names.size(), options);

@@ -23,7 +23,7 @@ std::vector<Row> rowsOfAllKinds()
 }
 
 struct Pictures {
-    Folder folder;
+    TempFolder folder;
     LetterSet set;
     Fonts fonts;
     LetterPress press{set, fonts};

@@ -3,11 +3,12 @@
 
 #include <doctest/doctest.h>
 
+using namespace inin;
 using namespace inin::viewer::test;
 
 TEST_CASE("a program without a toolkit says that it has no window and no pictures, and leaves nothing behind")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
     const Outcome window = runViewer(folder, "/c " + script);
     CHECK(window.code == 2);

@@ -84,7 +84,7 @@ void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
 }
 
 struct Pictures {
-    Folder folder;
+    TempFolder folder;
     LetterSet set;
     Fonts fonts;
     LetterPress press;
@@ -112,7 +112,7 @@ TEST_CASE("each form looks as it did, with ordinary, longest and odd data and wi
 
 TEST_CASE("characters of stand-in fonts look as they did, in the picture and in the PDF")
 {
-    Folder folder;
+    TempFolder folder;
     const LetterSet set = lettersOn(
         svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:10px'>西𠮷∑田</text>"), {ordinaryRow()});
     Fonts fonts;
@@ -121,8 +121,8 @@ TEST_CASE("characters of stand-in fonts look as they did, in the picture and in 
     const QRect top(0, 0, 120, 48);
     const QImage picture = letterImage(press, 0, kDots, glyphs).copy(top);
     holdAgainstGolden(picture, "stand_ins.png");
-    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-    const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+    REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+    const QImage page = rasterized(folder / "o.pdf", static_cast<int>(kDots)).copy(top);
     CHECK(difference(coarse(picture), coarse(page)) < 0.02);
     CHECK(difference(coarse(picture), coarse(picture.copy(2, 0, top.width(), top.height()))) > 0.05);
 }
@@ -138,7 +138,7 @@ TEST_CASE("a bold text is darker than the same text and takes the same room, on 
     double inks[2] = {}, pdfInks[2] = {}, printedInks[2] = {};
     QImage picture;
     for (const int bold : {0, 1}) {
-        Folder folder;
+        TempFolder folder;
         const LetterSet set =
             lettersOn(svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:8px;font-weight:" +
                               std::string(bold != 0 ? "bold" : "normal") +
@@ -150,13 +150,13 @@ TEST_CASE("a bold text is darker than the same text and takes the same room, on 
         const QRect top(0, 0, 130, 80);
         picture = letterImage(press, 0, kDots, glyphs).copy(top);
         inks[bold] = inkOf(picture);
-        REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-        const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+        REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+        const QImage page = rasterized(folder / "o.pdf", static_cast<int>(kDots)).copy(top);
         pdfInks[bold] = inkOf(page);
         CHECK(difference(coarse(picture), coarse(page)) < 0.03);
-        CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "委任状𠮷本文");
-        printLetter(press, folder.file("printed.pdf"), glyphs);
-        const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
+        CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "委任状𠮷本文");
+        printLetter(press, folder / "printed.pdf", glyphs);
+        const QImage printed = rasterized(folder / "printed.pdf", static_cast<int>(kDots)).copy(top);
         printedInks[bold] = inkOf(printed);
         CHECK(difference(coarse(picture), coarse(printed)) < 0.03);
     }
@@ -168,7 +168,7 @@ TEST_CASE("a bold text is darker than the same text and takes the same room, on 
 
 TEST_CASE("a text that runs down looks as it did, the same in the picture, in the PDF and on a printer")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string down = "style='writing-mode:vertical-rl;font-family:IPAexMincho;font-size:8px";
     const LetterSet set = lettersOn(svgPage("<rect id='b' x='4' y='4' width='10' height='50' fill='none' stroke='#888'"
                                             " stroke-width='.3'/><text data-box='b' " +
@@ -182,12 +182,12 @@ TEST_CASE("a text that runs down looks as it did, the same in the picture, in th
     const QRect top(0, 0, 110, 170);
     const QImage picture = letterImage(press, 0, kDots, glyphs).copy(top);
     holdAgainstGolden(picture, "running_down.png");
-    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-    const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+    REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+    const QImage page = rasterized(folder / "o.pdf", static_cast<int>(kDots)).copy(top);
     CHECK(difference(coarse(picture), coarse(page)) < 0.02);
     CHECK(difference(coarse(picture), coarse(picture.copy(0, 2, top.width(), top.height()))) > 0.035);
-    printLetter(press, folder.file("printed.pdf"), glyphs);
-    const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
+    printLetter(press, folder / "printed.pdf", glyphs);
+    const QImage printed = rasterized(folder / "printed.pdf", static_cast<int>(kDots)).copy(top);
     CHECK(difference(coarse(picture), coarse(printed)) < 0.02);
 }
 
@@ -201,12 +201,12 @@ TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
 
 TEST_CASE("the picture of a letter and its PDF show the same")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {longestRow()});
     REQUIRE(runViewer(folder, "--pdf o.pdf --png p --dpi 100 " + script).code == 0);
     QImage ours;
-    REQUIRE(ours.load(QString::fromStdString(folder.file("p/001.png"))));
-    const QImage theirs = rasterized(folder.file("o.pdf"), 100);
+    REQUIRE(ours.load(QString::fromStdString(folder / "p/001.png")));
+    const QImage theirs = rasterized(folder / "o.pdf", 100);
     CHECK(difference(coarse(ours), coarse(theirs)) < 0.01);
     // The same comparison finds a page that is off by a millimetre.
     const QImage moved = ours.copy(4, 0, ours.width(), ours.height());

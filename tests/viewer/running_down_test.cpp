@@ -75,13 +75,13 @@ std::string times(const std::string &text, int count)
 
 std::string textOfPage(const std::string &svg, const Row &row)
 {
-    Folder folder;
+    TempFolder folder;
     const LetterSet set = lettersOn(svg, {row});
     CHECK(set.reports[0].form.notices.empty());
     Fonts fonts;
     LetterPress press(set, fonts);
-    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-    return pagesOf(folder.file("o.pdf")).at(0);
+    REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+    return pagesOf(folder / "o.pdf").at(0);
 }
 
 } // namespace

@@ -1,26 +1,12 @@
 #include "viewer/viewer_jobs.h"
 
 #include "adapters/posix/code_page_932.h"
-#include "runtime/file_path.h"
+#include "support/file_bytes.h"
 #include "viewer/letters/csv_reader.h"
-
-#include <fstream>
-#include <iterator>
 
 namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
-
-void writeBytes(const std::string &path, const std::string &bytes)
-{
-    std::ofstream(pathOf(path), std::ios::binary) << bytes;
-}
-
-std::string bytesOf(const std::string &path)
-{
-    std::ifstream stream(pathOf(path), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 bool contains(const std::string &text, const std::string &part)
 {

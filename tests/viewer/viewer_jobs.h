@@ -7,8 +7,6 @@
 
 namespace inin::viewer::test {
 
-void writeBytes(const std::string &path, const std::string &bytes);
-[[nodiscard]] std::string bytesOf(const std::string &path);
 [[nodiscard]] bool contains(const std::string &text, const std::string &part);
 
 /// The forms of site/forms; the first is that of most sites.

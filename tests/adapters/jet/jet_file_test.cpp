@@ -9,8 +9,6 @@
 
 #include <doctest/doctest.h>
 
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,8 +21,7 @@ constexpr const char *kSample = ININ_TEST_DATA "/jet/practice.mdb";
 
 std::string sampleBytes()
 {
-    std::ifstream file(kSample, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return bytesOf(pathOf(kSample));
 }
 
 std::unique_ptr<DaoEngine> realEngine()

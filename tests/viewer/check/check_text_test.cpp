@@ -61,7 +61,7 @@ TEST_CASE("the check as JSON counts letters from 1 and keeps the causes' names")
 
 TEST_CASE("the program's check prints what is found and ends well")
 {
-    const Folder folder;
+    const TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, twoLettersOneWithoutHolder());
     const Outcome outcome = runViewer(folder, "--check '" + script + "'");
     CHECK(outcome.code == 0);
@@ -70,7 +70,7 @@ TEST_CASE("the program's check prints what is found and ends well")
 
 TEST_CASE("the program's check as JSON judges all letters and tells those that are asked for")
 {
-    const Folder folder;
+    const TempFolder folder;
     std::vector<Row> rows = twoLettersOneWithoutHolder();
     rows.push_back(rows[1]);
     const std::string script = writePrintJob(folder, kForm, rows);

@@ -60,8 +60,8 @@ private:
 struct Spooling : WindowWorld {
     explicit Spooling(int count, const std::string &behind = "") : WindowWorld(differentRows(count))
     {
-        std::filesystem::create_directory(folder.file("bin"));
-        const std::string lp = folder.file("bin/lp");
+        std::filesystem::create_directory(folder / "bin");
+        const std::string lp = folder / "bin/lp";
         writeBytes(lp, "#!/bin/sh\n"
                        "cd \"$(dirname \"$0\")\"\n"
                        "n=$(ls told* 2>/dev/null | wc -l)\n"
@@ -70,7 +70,7 @@ struct Spooling : WindowWorld {
                        "cp \"$last\" job$n.pdf\n" +
                            behind + "\n");
         std::filesystem::permissions(lp, std::filesystem::perms::owner_all);
-        path.emplace("PATH", QByteArray::fromStdString(folder.file("bin")) + ":" + qgetenv("PATH"));
+        path.emplace("PATH", QByteArray::fromStdString(folder / "bin") + ":" + qgetenv("PATH"));
         spool = systemSpool();
         REQUIRE(spool);
     }
@@ -80,19 +80,16 @@ struct Spooling : WindowWorld {
         letters.ticks.setText(range);
         return printLetters(letters, letters.ticks.letters(), order, services().roads, progress);
     }
-    [[nodiscard]] std::string job(int n) const { return folder.file("bin/job" + std::to_string(n) + ".pdf"); }
+    [[nodiscard]] std::string job(int n) const { return folder / ("bin/job" + std::to_string(n) + ".pdf"); }
     [[nodiscard]] std::vector<std::string> told(int n) const
     {
         std::vector<std::string> lines;
-        const std::string all = bytesOf(folder.file("bin/told" + std::to_string(n)));
+        const std::string all = folder.bytes("bin/told" + std::to_string(n));
         for (std::size_t begin = 0; begin < all.size(); begin = all.find('\n', begin) + 1)
             lines.push_back(all.substr(begin, all.find('\n', begin) - begin));
         return lines;
     }
-    [[nodiscard]] bool wasTold(int n) const
-    {
-        return std::filesystem::exists(folder.file("bin/told" + std::to_string(n)));
-    }
+    [[nodiscard]] bool wasTold(int n) const { return folder.has("bin/told" + std::to_string(n)); }
 
     OpenLetters letters{script};
     std::optional<Setting> path;
@@ -168,8 +165,8 @@ TEST_CASE("what the system gets is what saving as PDF writes")
     Spooling world(4);
     REQUIRE(world.print("1,3", world.order()).isDone());
     const std::vector<std::size_t> which{0, 2};
-    REQUIRE(writeLettersPdf(world.folder.file("saved.pdf"), world.letters.press, which));
-    CHECK(bytesOf(world.job(0)) == bytesOf(world.folder.file("saved.pdf")));
+    REQUIRE(writeLettersPdf(world.folder / "saved.pdf", world.letters.press, which));
+    CHECK(bytesOf(world.job(0)) == world.folder.bytes("saved.pdf"));
 }
 
 TEST_CASE("jobs of n letters go to the system one by one and are named by their numbers")
@@ -255,8 +252,8 @@ TEST_CASE("a disk that is full while letters are printed is a refusal with the f
 
 TEST_CASE("without lp there is no such road")
 {
-    Folder folder;
-    const Setting none("PATH", QByteArray::fromStdString(folder.path().string()));
+    TempFolder folder;
+    const Setting none("PATH", QByteArray::fromStdString(folder.path()));
     CHECK(!systemSpool());
 }
 

@@ -42,7 +42,7 @@ struct WindowWorld {
         return window->findChild<Widget *>(QLatin1String(name));
     }
 
-    Folder folder;
+    TempFolder folder;
     std::string script;
     std::vector<PrinterChoice> printers{{QStringLiteral("紙"), {}, true, QPrinter::DuplexLongSide}};
     int pagesPerJob = 100000; ///< the printer refuses a page behind so many
