@@ -11,6 +11,7 @@
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
 #include "printing/extraction.h"
+#include "support/replace_all.h"
 
 #include <fmt/format.h>
 
@@ -39,13 +40,6 @@ std::string fromEnvironment(const char *name)
 std::string server()
 {
     return fromEnvironment("ININ_ODBC_POSTGRES");
-}
-
-std::string replaceAll(std::string text, std::string_view from, std::string_view to)
-{
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
-        text.replace(at, from.size(), to);
-    return text;
 }
 
 /// SQL Server's own tables in this server's words, so that the columns are as short there as here.

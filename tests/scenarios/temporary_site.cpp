@@ -2,6 +2,7 @@
 
 #include "adapters/posix/code_page_932.h"
 #include "support/file_bytes.h"
+#include "support/replace_all.h"
 
 #include <sqlite3.h>
 
@@ -55,6 +56,16 @@ void makeFolders(const fs::path &list, const fs::path &site)
 }
 
 } // namespace
+
+std::string withoutFolder(const std::string &text, const TemporarySite &site)
+{
+    const std::string folder = textOf(site.folder());
+    const std::string suiteFolder = replaceAll(folder, "/", "\\");
+    std::string bare = text;
+    for (const std::string &spelled : {replaceAll(suiteFolder, "\\", "\\\\"), suiteFolder, folder})
+        bare = replaceAll(bare, spelled, "$APP");
+    return bare;
+}
 
 std::string suiteBytes(const std::string &utf8)
 {

@@ -70,15 +70,14 @@ int dropDatabase(const std::string &name)
     return 0;
 }
 
-std::vector<fs::path> playFiles(const std::vector<std::string> &names)
+/// All of them when none is named.
+std::vector<fs::path> playsNamed(const std::vector<std::string> &names)
 {
     std::vector<fs::path> files;
-    for (const auto &entry : fs::directory_iterator(ININ_SCENARIOS)) {
-        if (entry.path().extension() != ".play") continue;
-        if (names.empty() || std::ranges::find(names, entry.path().stem().string()) != names.end())
-            files.push_back(entry.path());
+    for (const std::string &path : playFiles()) {
+        const fs::path file = pathOf(path);
+        if (names.empty() || std::ranges::find(names, file.stem().string()) != names.end()) files.push_back(file);
     }
-    std::ranges::sort(files);
     return files;
 }
 
@@ -125,7 +124,7 @@ int playAll(const std::string &name, const std::vector<std::string> &names)
         schema = bytesOf(own);
         options.dialect = {schema, {"'\\x", "'"}};
     }
-    return report(playFiles(names), names.size(), options);
+    return report(playsNamed(names), names.size(), options);
 }
 
 int run(const std::vector<std::string> &arguments)
