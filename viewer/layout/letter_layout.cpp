@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "viewer/form/date_pattern.h"
 #include "viewer/layout/text_setter.h"
+#include "viewer/layout/utf8.h"
 
 #include <fmt/format.h>
 
@@ -13,20 +14,6 @@
 namespace inin::viewer {
 
 namespace {
-
-bool isBlankText(std::string_view text)
-{
-    constexpr std::string_view kWideBlank = "\u3000";
-    while (!text.empty()) {
-        if (text.front() == ' ')
-            text.remove_prefix(1);
-        else if (text.starts_with(kWideBlank))
-            text.remove_prefix(kWideBlank.size());
-        else
-            return false;
-    }
-    return true;
-}
 
 std::string literalText(const TextCommand &command)
 {
