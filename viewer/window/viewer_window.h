@@ -63,12 +63,11 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    struct Menus;
     void buildMenus();
-    void buildFileMenu(Menus &menus);
-    void buildSelectMenu(Menus &menus);
-    void buildMoveMenu(Menus &menus);
-    void buildViewMenu(Menus &menus);
+    void buildFileMenu();
+    void buildSelectMenu();
+    void buildMoveMenu();
+    void buildViewMenu();
     void buildTools();
     QLayout *buildFind(QWidget *side);
     QWidget *buildList();
