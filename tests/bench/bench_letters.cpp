@@ -5,13 +5,12 @@
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "bench/noted_texts.h"
+#include "support/file_bytes.h"
 #include "viewer/document/letter_press.h"
 
 #include <algorithm>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace inin::bench {
@@ -22,11 +21,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLetters = 10'000;
 constexpr int kRuns = 7;
-
-void write(const std::string &path, const std::string &bytes)
-{
-    std::ofstream(path, std::ios::binary) << bytes;
-}
 
 void writePlainJob(const LetterJob &job)
 {
@@ -46,15 +40,14 @@ void writePlainJob(const LetterJob &job)
         letters += fmt::format("L {}\n", fmt::join(notes.texts, "\t"));
     }
     for (const viewer::Font *font : notes.fonts) fontLines += "F " + font->path() + "\n";
-    write(job.file("plain.job"), fontLines + shared + letters);
+    writeBytes(job.file("plain.job"), fontLines + shared + letters);
 }
 
 /// How many of the letters' texts are on their own page.
 std::pair<std::size_t, std::size_t> textsFound(const LetterJob &job)
 {
     static_cast<void>(runProcess({"pdftotext", "-raw", job.file("ours.pdf"), job.file("ours.txt")}, job.file("out")));
-    std::ifstream stream(job.file("ours.txt"), std::ios::binary);
-    const std::string all(std::istreambuf_iterator<char>(stream), {});
+    const std::string all = bytesOf(job.file("ours.txt"));
     // Columns that the form shows as they stand: all but the dates and the second bank line.
     constexpr std::size_t kShown[] = {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 13, 15, 16, 17};
     std::size_t found = 0, expected = 0, begin = 0;

@@ -6,13 +6,11 @@
 #include "app/inin_site/schema.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
-#include "printing/extraction.h"
 
 #include <fmt/format.h>
 
 #include <exception>
 #include <fstream>
-#include <stdexcept>
 
 namespace inin::bench {
 
@@ -22,13 +20,11 @@ namespace {
 constexpr std::int64_t kPatients = 35200;
 constexpr int kRuns = 9;
 
-/// The child's part: one extraction and its CSV. Prints the number of letters.
+/// The child's part.
 int runOnce(const std::string &folder)
 {
     BenchScreen screen(folder);
-    if (screen.form().iGetKanjaDataMonth() != iGood) throw std::runtime_error("the extraction failed");
-    screen.form().saveCSVInin();
-    fmt::print("{}\n", screen.form().iRowCount);
+    screen.writeMonth();
     return 0;
 }
 
@@ -42,26 +38,11 @@ std::string withoutCollation(std::string sql)
 
 std::string statement()
 {
-    const Regional regional;
-    const TargetDate target(fmt::format("{:04}/{:02}/1", kYear, kMonth), regional);
-    ExtractionQuery query;
-    query.iKyotenCd = 1;
-    query.iKyotenEb = 1;
-    query.iTrustKind = 1;
-    query.bounds = kKanjaDataMonth.bounds(target, regional);
     SqlSchema schema;
     for (const site::TableColumns &table : site::schemaTables()) {
         for (const site::SchemaColumn &column : table.columns) schema.add(table.name, column.name, column.type);
     }
-    return withoutCollation(translateSql(extractionSql(kKanjaDataMonth, query), schema).text);
-}
-
-std::string firstLine(const std::filesystem::path &file)
-{
-    std::ifstream stream(file);
-    std::string line;
-    std::getline(stream, line);
-    return line;
+    return withoutCollation(translateSql(monthStatement(), schema).text);
 }
 
 std::int64_t linesOf(const std::filesystem::path &file)

@@ -10,13 +10,12 @@
 #include "app/inin_site/site_files.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
-#include "printing/extraction.h"
+#include "support/replace_all.h"
 
 #include <fmt/format.h>
 
 #include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <stdexcept>
 
 namespace inin::bench {
@@ -39,13 +38,6 @@ std::string fromEnvironment(const char *name)
 std::string server()
 {
     return fromEnvironment("ININ_ODBC_POSTGRES");
-}
-
-std::string replaceAll(std::string text, std::string_view from, std::string_view to)
-{
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
-        text.replace(at, from.size(), to);
-    return text;
 }
 
 /// SQL Server's own tables in this server's words, so that the columns are as short there as here.
@@ -95,13 +87,11 @@ void makeFolder(const fs::path &folder)
     site::writeFile(folder / "Massage.ini", "SYSTEM_TMP=\\TMP\r\n");
 }
 
-/// The child's part: one extraction and its CSV. Prints the number of letters.
+/// The child's part.
 int runMonth(const std::string &folder)
 {
     BenchScreen screen(folder, makeOdbcDatabase());
-    if (screen.form().iGetKanjaDataMonth() != iGood) throw std::runtime_error("the extraction failed");
-    screen.form().saveCSVInin();
-    fmt::print("{}\n", screen.form().iRowCount);
+    screen.writeMonth();
     return 0;
 }
 
@@ -120,26 +110,6 @@ void measureDay(const std::string &folder)
                spent.count(), database.logIns());
 }
 
-std::string statement()
-{
-    const Regional regional;
-    const TargetDate target(fmt::format("{:04}/{:02}/1", kYear, kMonth), regional);
-    ExtractionQuery query;
-    query.iKyotenCd = 1;
-    query.iKyotenEb = 1;
-    query.iTrustKind = 1;
-    query.bounds = kKanjaDataMonth.bounds(target, regional);
-    return extractionSql(kKanjaDataMonth, query);
-}
-
-std::string firstLine(const fs::path &file)
-{
-    std::ifstream stream(file);
-    std::string line;
-    std::getline(stream, line);
-    return line;
-}
-
 int compare(const std::string &self)
 {
     const fs::path folder = fs::path(fromEnvironment("ININ_ODBC_FOLDER")) / "site";
@@ -148,8 +118,8 @@ int compare(const std::string &self)
     const std::string output = (folder / "bench.out").string();
     const std::string plainOutput = (folder / "plain.out").string();
     const std::string plainProgram = fs::path(self).replace_filename("bench_odbc_plain").string();
-    const auto [ours, plain, ratio] =
-        raceOf({{self, "run", folder.string()}, output}, {{plainProgram, server(), statement()}, plainOutput}, kRuns);
+    const auto [ours, plain, ratio] = raceOf({{self, "run", folder.string()}, output},
+                                             {{plainProgram, server(), monthStatement()}, plainOutput}, kRuns);
     fmt::print("bench_odbc: letters {} (plain program: {} rows)\n", firstLine(output), firstLine(plainOutput));
     fmt::print("bench_odbc: extraction and CSV {:.3f} s, {:.1f} MB at the peak\n", ours.seconds, ours.megabytes);
     fmt::print("bench_odbc: plain block fetch  {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);

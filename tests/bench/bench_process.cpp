@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fstream>
 #include <stdexcept>
 
 #include <fcntl.h>
@@ -42,6 +43,14 @@ Spent runProcess(const std::vector<std::string> &arguments, const std::string &o
     }
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
     return {seconds.count(), static_cast<double>(usage.ru_maxrss) / 1024}; // ru_maxrss counts kilobytes
+}
+
+std::string firstLine(const std::string &outputFile)
+{
+    std::ifstream stream(outputFile);
+    std::string line;
+    std::getline(stream, line);
+    return line;
 }
 
 Spent medianOf(std::vector<Spent> runs)

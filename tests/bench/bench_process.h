@@ -14,6 +14,8 @@ struct Spent {
 /// Runs a program to its end with its output in a file; throws when it fails.
 [[nodiscard]] Spent runProcess(const std::vector<std::string> &arguments, const std::string &outputFile);
 
+[[nodiscard]] std::string firstLine(const std::string &outputFile);
+
 /// The run of middle length.
 [[nodiscard]] Spent medianOf(std::vector<Spent> runs);
 

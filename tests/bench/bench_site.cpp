@@ -3,6 +3,7 @@
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/system/system_platform.h"
 #include "app/inin_site/site_maker.h"
+#include "printing/extraction.h"
 
 #include <fmt/format.h>
 
@@ -51,6 +52,18 @@ BenchSite::BenchSite(std::int64_t patients, std::int64_t staff)
 {
     site::makeSite(folder(), {patients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth), staff},
                    site::Overwrite::onlyOwnFolder);
+}
+
+std::string monthStatement()
+{
+    const Regional regional;
+    const TargetDate target(fmt::format("{:04}/{:02}/1", kYear, kMonth), regional);
+    ExtractionQuery query;
+    query.iKyotenCd = 1;
+    query.iKyotenEb = 1;
+    query.iTrustKind = 1;
+    query.bounds = kKanjaDataMonth.bounds(target, regional);
+    return extractionSql(kKanjaDataMonth, query);
 }
 
 struct BenchScreen::Parts {
@@ -102,6 +115,13 @@ frmPrintInin &BenchScreen::form()
 App &BenchScreen::app()
 {
     return m_parts->app;
+}
+
+void BenchScreen::writeMonth()
+{
+    if (form().iGetKanjaDataMonth() != iGood) throw std::runtime_error("the extraction failed");
+    form().saveCSVInin();
+    fmt::print("{}\n", form().iRowCount);
 }
 
 } // namespace inin::bench

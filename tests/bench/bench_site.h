@@ -23,6 +23,9 @@ private:
     TempFolder m_folder;
 };
 
+/// The month's extraction for the head office, as the screen asks for it.
+[[nodiscard]] std::string monthStatement();
+
 /// The conditions screen on a site, with the system's own files and the embedded database and without a window. A box
 /// ends the benchmark: it means that the figure would be of a failure. The conditions are the month, planned data,
 /// head office, month start to month end, automatic signature.
@@ -35,6 +38,8 @@ public:
     BenchScreen &operator=(const BenchScreen &) = delete;
     [[nodiscard]] frmPrintInin &form();
     [[nodiscard]] App &app();
+    /// One extraction of the month and its CSV. Prints the number of letters.
+    void writeMonth();
 
 private:
     struct Parts;

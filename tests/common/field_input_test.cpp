@@ -1,6 +1,6 @@
 #include "common/field_input.h"
 
-#include "runtime/errors.h"
+#include "support/errors.h"
 #include "support/fake_platform.h"
 
 #include <doctest/doctest.h>

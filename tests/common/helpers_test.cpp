@@ -1,6 +1,7 @@
 #include "common/helpers.h"
 
 #include "runtime/runtime_error.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 
@@ -112,13 +113,7 @@ TEST_CASE("csNullToStr gives the empty text for Null and keeps every blank")
 
 TEST_CASE("csNullToStr raises an error for a value that cannot be text")
 {
-    std::int32_t number = 0;
-    try {
-        static_cast<void>(csNullToStr(Binary{}, kRegional));
-    } catch (const RuntimeError &error) {
-        number = error.number();
-    }
-    CHECK(number == 13);
+    CHECK(errorOf([] { return csNullToStr(Binary{}, kRegional); }) == 13);
 }
 
 TEST_CASE("csCutNul gives the part before the first NUL")

@@ -1,6 +1,6 @@
 #include "common/picture.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "support/fake_platform.h"
 
 #include <doctest/doctest.h>
@@ -12,22 +12,16 @@ namespace {
 
 /// The error of checking a file with these bytes, 0 for none.
 std::int32_t checked(const std::string &bytes)
-try {
+{
     FakeWorld world;
     world.files.put("C:\\SUITE\\ICON\\p", bytes);
-    checkPictureFile(world.files, "C:\\SUITE\\ICON\\p");
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
+    return errorOf([&] { checkPictureFile(world.files, "C:\\SUITE\\ICON\\p"); });
 }
 
 std::int32_t checkedPath(const std::string &path)
-try {
+{
     FakeWorld world;
-    checkPictureFile(world.files, path);
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
+    return errorOf([&] { checkPictureFile(world.files, path); });
 }
 
 } // namespace

@@ -1,24 +1,15 @@
-#include "formoutput/wfd_print_exe.h"
-
-#include "support/fake_platform.h"
-
-#include <doctest/doctest.h>
+#include "formoutput/wfd_fixture.h"
 
 #include <functional>
-#include <string>
-#include <vector>
 
 using namespace inin;
 
 namespace {
 
-using Log = std::vector<std::string>;
 using Texts = cls_WfdPrintExe::Array<std::string>;
 using Flags = cls_WfdPrintExe::Array<std::int16_t>;
 
-constexpr const char *kScript = "C:\\SUITE\\TMP\\WfdCom.dat";
 constexpr const char *kMergerStart = "2 wfrimg10.exe C:\\SUITE\\TMP\\tmp.wfd /c C:\\SUITE\\TMP\\WfdCom.dat";
-constexpr const char *kViewerStart = "2 wfrfv10.exe /c C:\\SUITE\\TMP\\WfdCom.dat";
 constexpr const char *kPrintScript = "Title,\"T\"\r\n"
                                      "FileName,\"C:\\SUITE\\TMP\\tmp.wfd\"\r\n"
                                      "PrintOutFromDialog\r\n";
@@ -27,7 +18,7 @@ constexpr const char *kPrintScript = "Title,\"T\"\r\n"
 class ReadingProcesses : public Processes {
 public:
     explicit ReadingProcesses(FakeFiles &files) : m_files(files) {}
-    Log started, scripts;
+    Lines started, scripts;
     std::size_t failingStart = 0; ///< 1 is the first
     void start(const std::string &commandLine, WindowStyle style) override
     {
@@ -67,7 +58,7 @@ TEST_CASE("merging writes one script for the merger and another for the viewer")
     MergeFixture fixture;
     CHECK(fixture.wfd.addPrint(2, "データ", Texts{1, {"C:\\a.csv", "C:\\b.csv"}}, Texts{1, {"a.wfd", "b.wfd"}}, "T") ==
           kDone);
-    CHECK(fixture.processes.started == Log{kMergerStart, kViewerStart});
+    CHECK(fixture.processes.started == Lines{kMergerStart, kViewerStart});
     REQUIRE(fixture.processes.scripts.size() == 2);
     CHECK(fixture.processes.scripts[0] ==
           "setTitle,\"T\"\r\n"
@@ -100,8 +91,8 @@ TEST_CASE("merging no report writes the title alone and starts the merger all th
         CAPTURE(row.wfNum);
         MergeFixture fixture;
         CHECK(fixture.wfd.addPrint(row.wfNum, "D", Texts{}, Texts{}, "T") == kDone);
-        CHECK(fixture.processes.scripts == Log{"setTitle,\"T\"\r\n", kPrintScript});
-        CHECK(fixture.processes.started == Log{kMergerStart, kViewerStart});
+        CHECK(fixture.processes.scripts == Lines{"setTitle,\"T\"\r\n", kPrintScript});
+        CHECK(fixture.processes.started == Lines{kMergerStart, kViewerStart});
     }
 }
 
@@ -109,9 +100,9 @@ TEST_CASE("merging with an empty title writes both title lines all the same")
 {
     MergeFixture fixture;
     CHECK(fixture.wfd.addPrint(0, "D", Texts{}, Texts{}, "") == kDone);
-    CHECK(fixture.processes.scripts == Log{"setTitle,\"\"\r\n", "Title,\"\"\r\n"
-                                                                "FileName,\"C:\\SUITE\\TMP\\tmp.wfd\"\r\n"
-                                                                "PrintOutFromDialog\r\n"});
+    CHECK(fixture.processes.scripts == Lines{"setTitle,\"\"\r\n", "Title,\"\"\r\n"
+                                                                  "FileName,\"C:\\SUITE\\TMP\\tmp.wfd\"\r\n"
+                                                                  "PrintOutFromDialog\r\n"});
 }
 
 TEST_CASE("merging uses none of the stored data entries")
@@ -119,7 +110,7 @@ TEST_CASE("merging uses none of the stored data entries")
     MergeFixture fixture;
     REQUIRE(fixture.wfd.iSetDataText(1, "STORED", "s.csv") == 0);
     CHECK(fixture.wfd.addPrint(0, "D", Texts{}, Texts{}, "T") == kDone);
-    CHECK(fixture.processes.scripts == Log{"setTitle,\"T\"\r\n", kPrintScript});
+    CHECK(fixture.processes.scripts == Lines{"setTitle,\"T\"\r\n", kPrintScript});
 }
 
 TEST_CASE("a second data source stands behind the first where the report's flag is 1")
@@ -234,7 +225,7 @@ TEST_CASE("a second script that cannot be written gives 0 and starts no viewer")
     fixture.world.files.failingWrite = 2;
     CHECK(fixture.wfd.addPrint(0, "D", Texts{}, Texts{}, "T") == kDone);
     CHECK(fixture.wfd.sErrMsg == "(61)ディスクの空き容量が不足しています。");
-    CHECK(fixture.processes.started == Log{kMergerStart});
+    CHECK(fixture.processes.started == Lines{kMergerStart});
 }
 
 TEST_CASE("a viewer that cannot be started gives 0 and leaves the second script")
@@ -251,5 +242,5 @@ TEST_CASE("merging opens the script twice and looks at nothing else")
     MergeFixture fixture;
     fixture.world.files.log.clear();
     CHECK(fixture.wfd.addPrint(0, "D", Texts{}, Texts{}, "T") == kDone);
-    CHECK(fixture.world.files.log == Log{"open >C:\\SUITE\\TMP\\WfdCom.dat", "open >C:\\SUITE\\TMP\\WfdCom.dat"});
+    CHECK(fixture.world.files.log == Lines{"open >C:\\SUITE\\TMP\\WfdCom.dat", "open >C:\\SUITE\\TMP\\WfdCom.dat"});
 }

@@ -9,11 +9,6 @@ namespace {
 
 using StaffFixture = TableFixture<cT_STAFF>;
 
-std::int32_t whole(std::int32_t number)
-{
-    return number;
-}
-
 } // namespace
 
 TEST_CASE("the grid of all branches has its own terms, the branch's name and no branch condition")
@@ -62,8 +57,8 @@ TEST_CASE("the grid of all branches fills the branch and its name, and not the t
                                                        {"cKaiNo2", "会2"},
                                                        {"cKaiNo3", "会3"},
                                                        {"cTourokuNo2", "登2"},
-                                                       {"iKyotenCd", whole(3)},
-                                                       {"iKyotenEb", whole(4)},
+                                                       {"iKyotenCd", std::int32_t{3}},
+                                                       {"iKyotenEb", std::int32_t{4}},
                                                        {"cKyotenName", " 丸亀 "}}}));
     const cD_STAFF fresh;
     REQUIRE(staff->iDataReadGrid_AllKyoten(&fresh) == iGood);

@@ -1,10 +1,9 @@
 #include "platform/grid.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 
-#include <functional>
 #include <string>
 
 using namespace inin;
@@ -29,14 +28,6 @@ struct GridFixture {
         grid.setText(2, 2, "髙橋");
     }
 };
-
-std::int32_t errorOf(const std::function<void()> &call)
-try {
-    call();
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
-}
 
 } // namespace
 

@@ -1,6 +1,6 @@
 #include "printing/csv_output.h"
 #include "printing/print_fixture.h"
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 
@@ -17,15 +17,6 @@ const std::string kTitleLine =
     "\"対象開始日\",\"対象終了日\",\"保険者名\",\"利用者氏名\",\"利用者住所\",\"会社名称\",\"会社住所\",\"代表者名\","
     "\"会社電話番号\",\"金融機関名\",\"口座番号\",\"口座名義\",\"最終施術日\",\"保険者地区名\",\"保険種別\","
     "\"世帯主名\",\"世帯主電話\",\"世帯主住所\",\"金融機関名２\",\"署名日\"\r\n";
-
-/// The error number that leaves `operation`, 0 for none.
-template <class Operation> std::int32_t errorOf(Operation &&operation)
-try {
-    operation();
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
-}
 
 /// A screen with letters to write, each with its patient's name.
 struct CsvFixture : PrintFixture {

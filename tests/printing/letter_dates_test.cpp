@@ -1,6 +1,6 @@
 #include "printing/letter_dates.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 
@@ -77,17 +77,8 @@ TEST_CASE("the bounds of an actual month for the day helper run over the year's 
 
 TEST_CASE("a year or month beyond 32 bits of the visit number is an overflow")
 {
-    const auto overflows = [](auto &&bounds) {
-        try {
-            static_cast<void>(bounds());
-            return std::int32_t{0};
-        } catch (const RuntimeError &error) {
-            return error.number();
-        }
-    };
-    CHECK(overflows([] { return scheduleMonthFromZero(300000, 1, kJapanese); }) == 6);
-    CHECK(overflows([] { return jissekiMonthByDates(2024, std::numeric_limits<std::int32_t>::max(), kJapanese); }) !=
-          0);
+    CHECK(errorOf([] { return scheduleMonthFromZero(300000, 1, kJapanese); }) == 6);
+    CHECK(errorOf([] { return jissekiMonthByDates(2024, std::numeric_limits<std::int32_t>::max(), kJapanese); }) != 0);
 }
 
 TEST_CASE("the last day of the target month is known in every month")

@@ -1,6 +1,6 @@
 #include "printing/print_fixture.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 
@@ -318,13 +318,7 @@ TEST_CASE("a file error while the letters are written leaves the run untrapped")
         fixture.answer(patients({{}}));
         row.spoil(fixture.world.files);
         CAPTURE(row.what);
-        std::int32_t number = 0;
-        try {
-            fixture.form.mnF01_Click();
-        } catch (const RuntimeError &error) {
-            number = error.number();
-        }
-        CHECK(number == row.number);
+        CHECK(errorOf([&] { fixture.form.mnF01_Click(); }) == row.number);
         CHECK(fixture.world.boxes.shown.empty());
         CHECK(fixture.world.processes.started.empty());
         CHECK(fixture.stored() == 0);
@@ -342,16 +336,11 @@ TEST_CASE_FIXTURE(RunFixture,
     answer(refused);
     form.vRunPrint(0);
     form.optTgtDate(2).Value = true;
-    std::int32_t number = 0;
-    try {
-        form.vRunPrint(0);
-    } catch (const RuntimeError &error) {
-        number = error.number();
-    }
+
+    CHECK(errorOf([this] { form.vRunPrint(0); }) == 9);
 
     CHECK(form.iRowCount == 3);
     CHECK(form.aIninRow.size() == 1);
-    CHECK(number == 9);
 }
 
 TEST_CASE_FIXTURE(RunFixture, "a run changes no control")

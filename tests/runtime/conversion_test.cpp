@@ -1,6 +1,6 @@
 #include "runtime/conversion.h"
 
-#include "runtime/errors.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 

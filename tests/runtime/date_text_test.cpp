@@ -1,5 +1,5 @@
 #include "runtime/conversion.h"
-#include "runtime/errors.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 

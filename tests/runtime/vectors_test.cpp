@@ -1,6 +1,6 @@
 #include "runtime/conversion.h"
-#include "runtime/errors.h"
 #include "runtime/format.h"
+#include "support/errors.h"
 
 #include <doctest/doctest.h>
 #include <fmt/format.h>

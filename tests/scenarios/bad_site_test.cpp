@@ -1,5 +1,6 @@
 #include "scenarios/impatient_database.h"
 #include "scenarios/script_driver.h"
+#include "support/file_bytes.h"
 
 #ifndef _WIN32
 #include "adapters/posix/ordinary_user.h"
@@ -153,7 +154,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that may not be written to e
 
 TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program with error 70 and stays")
 {
-    std::ofstream(csv()) << "before";
+    writeBytes(csv(), "before");
     fs::permissions(csv(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     fs::permissions(site.folder(), fs::perms::all);
     fs::permissions(site.at("site.db"), fs::perms::all);
@@ -162,19 +163,19 @@ TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program 
     CAPTURE(events);
     CHECK(holds(events, kFatal70));
     CHECK(events.ends_with("exit 1"));
-    CHECK(readBytes(csv()) == "before");
+    CHECK(bytesOf(csv()) == "before");
 }
 
 // Where an open file refuses to be deleted, the same comes as error 70, see below; this system lets it go.
 TEST_CASE_FIXTURE(PrintOnASite,
                   "a CSV that the form tool still reads is replaced under it, and its reader keeps the old one")
 {
-    std::ofstream(csv()) << "before";
+    writeBytes(csv(), "before");
     std::ifstream reader(csv());
     const std::string events = run();
     CAPTURE(events);
     CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
-    CHECK(readBytes(csv()).size() > 1000);
+    CHECK(bytesOf(csv()).size() > 1000);
     std::string old;
     CHECK(std::getline(reader, old));
     CHECK(old == "before");
@@ -184,26 +185,26 @@ TEST_CASE_FIXTURE(PrintOnASite,
 
 TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program with error 70 and stays")
 {
-    std::ofstream(csv()) << "before";
+    writeBytes(csv(), "before");
     fs::permissions(csv(), fs::perms::owner_read);
     const std::string events = run();
     CAPTURE(events);
     CHECK(holds(events, kFatal70));
     CHECK(events.ends_with("exit 1"));
-    CHECK(readBytes(csv()) == "before");
+    CHECK(bytesOf(csv()) == "before");
     fs::permissions(csv(), fs::perms::owner_all);
 }
 
 TEST_CASE_FIXTURE(PrintOnASite, "a CSV that the form tool still reads ends the program with error 70 and stays")
 {
-    std::ofstream(csv()) << "before";
+    writeBytes(csv(), "before");
     std::ifstream reader(csv());
     const std::string events = run();
     CAPTURE(events);
     CHECK(holds(events, kFatal70));
     CHECK(events.ends_with("exit 1"));
     reader.close();
-    CHECK(readBytes(csv()) == "before");
+    CHECK(bytesOf(csv()) == "before");
 }
 
 TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that is gone ends the program with error 76")

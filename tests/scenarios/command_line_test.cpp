@@ -1,4 +1,5 @@
 #include "scenarios/temporary_site.h"
+#include "support/file_bytes.h"
 
 #include <doctest/doctest.h>
 
@@ -37,7 +38,7 @@ public:
         const std::string line =
             m_program + " " + arguments + " <" + path("commands") + " >" + path("out") + " 2>" + path("errors");
         const int status = std::system(line.c_str()); // NOLINT: the line is made here
-        return {exitCodeOf(status), readBytes(path("out")), readBytes(path("errors"))};
+        return {exitCodeOf(status), bytesOf(path("out")), bytesOf(path("errors"))};
     }
     [[nodiscard]] std::string app() const { return "--app " + m_site.folder().string(); }
 

@@ -1,5 +1,8 @@
 #include "scenarios/play.h"
 
+#include "runtime/file_path.h"
+
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -136,6 +139,15 @@ private:
 };
 
 } // namespace
+
+std::vector<std::string> playFiles()
+{
+    std::vector<std::string> files;
+    for (const auto &entry : std::filesystem::directory_iterator(ININ_SCENARIOS))
+        if (entry.path().extension() == ".play") files.push_back(textOf(entry.path()));
+    std::ranges::sort(files);
+    return files;
+}
 
 Play readPlay(const std::string &path)
 {

@@ -47,6 +47,8 @@ struct Play {
     int exitCode = 0;
 };
 
+/// All plays of this folder, by name.
+[[nodiscard]] std::vector<std::string> playFiles();
 /// Reads a *.play file; std::runtime_error with file and line when it is none.
 [[nodiscard]] Play readPlay(const std::string &path);
 

@@ -1,6 +1,7 @@
 #include "scenarios/play_check.h"
 
 #include "adapters/suite_text/code_page_932.h"
+#include "support/file_bytes.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,27 +15,12 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Expected = PlayStep::Expected;
 
-std::string replaceAll(std::string text, const std::string &from, const std::string &to)
-{
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
-        text.replace(at, from.size(), to);
-    return text;
-}
-
-/// The site's folder in a text, whichever separator the text spells it with, becomes $APP.
-std::string withoutFolder(const std::string &text, const std::string &folder)
-{
-    std::string suiteFolder = folder;
-    std::ranges::replace(suiteFolder, '/', '\\');
-    return replaceAll(replaceAll(text, folder, "$APP"), suiteFolder, "$APP");
-}
-
-void nameFolder(Json &value, const std::string &folder)
+void nameFolder(Json &value, const TemporarySite &site)
 {
     if (value.is_string())
-        value = withoutFolder(value.get<std::string>(), folder);
+        value = withoutFolder(value.get<std::string>(), site);
     else if (value.is_structured())
-        for (Json &member : value) nameFolder(member, folder);
+        for (Json &member : value) nameFolder(member, site);
 }
 
 /// True when every key of `part` stands in `whole` with the same value, objects likewise.
@@ -83,14 +69,14 @@ std::string stepDifference(const Play &play, const PlayStep &step, const std::ve
     return difference(play, lastLine, "no further event after " + step.command, events[at].dump());
 }
 
-std::string eventDifference(const Play &play, const PlayRecord &record, const std::string &folder)
+std::string eventDifference(const Play &play, const PlayRecord &record, const TemporarySite &site)
 {
     for (std::size_t index = 0; index < play.steps.size(); ++index) {
         if (index >= record.events.size()) return play.file + ": never asked for " + play.steps[index].command;
         std::vector<Json> events;
         for (const std::string &line : record.events[index]) {
             events.push_back(Json::parse(line));
-            nameFolder(events.back(), folder);
+            nameFolder(events.back(), site);
         }
         std::string found = stepDifference(play, play.steps[index], events);
         if (!found.empty()) return found;
@@ -103,7 +89,7 @@ std::string fileDifference(const Play &play, const PlayFile &file, const Tempora
     const auto path = site.at(file.path);
     if (!std::filesystem::is_regular_file(path)) return difference(play, file.line, file.path, "no such file");
     const std::string wanted = suiteBytes(file.text);
-    const std::string seen = withoutFolder(readBytes(path), site.folder().string());
+    const std::string seen = withoutFolder(bytesOf(path), site);
     if (wanted == seen) return {};
     std::istringstream wantedLines(decodeCp932(wanted)), seenLines(decodeCp932(seen));
     std::string wantedLine, seenLine;
@@ -120,7 +106,7 @@ std::string fileDifference(const Play &play, const PlayFile &file, const Tempora
 
 std::string firstDifference(const Play &play, const PlayRecord &record, const TemporarySite &site)
 {
-    std::string found = eventDifference(play, record, site.folder().string());
+    std::string found = eventDifference(play, record, site);
     for (const PlayFile &file : play.expectedFiles)
         if (found.empty()) found = fileDifference(play, file, site);
     for (const std::string &path : play.absentFiles)

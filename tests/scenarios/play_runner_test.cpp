@@ -186,9 +186,9 @@ TEST_CASE("a site is made with its database and its settings in code page 932, a
     {
         const Checked checked(std::string(kHead) + "remove: ICON\\wall.bmp\nput DATA\\a.ini:\n    [委任状]\n");
         folder = checked.site.folder();
-        CHECK(readBytes(checked.site.at("adodb.ini")).starts_with("[\x90\xDA\x91\xB1\x8F\xEE\x95\xF1]\r\n"));
-        CHECK(readBytes(checked.site.at("DATA\\a.ini")) == "[\x88\xCF\x94\x43\x8F\xF3]\r\n");
-        CHECK(readBytes(checked.site.at("site.db")).starts_with("SQLite format 3"));
+        CHECK(bytesOf(checked.site.at("adodb.ini")).starts_with("[\x90\xDA\x91\xB1\x8F\xEE\x95\xF1]\r\n"));
+        CHECK(bytesOf(checked.site.at("DATA\\a.ini")) == "[\x88\xCF\x94\x43\x8F\xF3]\r\n");
+        CHECK(bytesOf(checked.site.at("site.db")).starts_with("SQLite format 3"));
         CHECK(std::filesystem::is_directory(checked.site.at("TMP")));
         CHECK_FALSE(std::filesystem::exists(checked.site.at("ICON\\wall.bmp")));
     }

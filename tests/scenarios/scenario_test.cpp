@@ -3,26 +3,11 @@
 
 #include <doctest/doctest.h>
 
-#include <algorithm>
-#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
 
 using namespace inin;
-
-namespace {
-
-std::vector<std::string> playFiles()
-{
-    std::vector<std::string> files;
-    for (const auto &entry : std::filesystem::directory_iterator(ININ_SCENARIOS))
-        if (entry.path().extension() == ".play") files.push_back(entry.path().string());
-    std::ranges::sort(files);
-    return files;
-}
-
-} // namespace
 
 TEST_CASE("each play has a claim of its own, or one of two would not be played")
 {

@@ -1,14 +1,14 @@
 #include "scenarios/temporary_site.h"
 
 #include "adapters/suite_text/code_page_932.h"
-#include "runtime/file_path.h"
+#include "support/file_bytes.h"
+#include "support/replace_all.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -22,12 +22,6 @@ namespace fs = std::filesystem;
 constexpr const char *kDatabase = "site.db";
 /// The tables of every site; a site's own scripts hold its rows.
 constexpr const char *kSchema = ININ_SITE "/schema_sqlite.sql";
-
-void writeBytes(const fs::path &path, const std::string &bytes)
-{
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-}
 
 struct CloseDatabase {
     void operator()(sqlite3 *database) const { sqlite3_close(database); }
@@ -44,7 +38,7 @@ public:
         // Nothing of a play outlives it: waiting for the disk would make up most of its time.
         exec("PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF", path);
     }
-    void run(const fs::path &script) const { exec(readBytes(script), script); }
+    void run(const fs::path &script) const { exec(bytesOf(script), script); }
     void exec(const std::string &sql, const fs::path &origin) const
     {
         if (sqlite3_exec(m_database.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
@@ -63,11 +57,14 @@ void makeFolders(const fs::path &list, const fs::path &site)
 
 } // namespace
 
-std::string readBytes(const fs::path &path)
+std::string withoutFolder(const std::string &text, const TemporarySite &site)
 {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) throw std::runtime_error("cannot read " + path.string());
-    return {std::istreambuf_iterator<char>(in), {}};
+    const std::string folder = textOf(site.folder());
+    const std::string suiteFolder = replaceAll(folder, "/", "\\");
+    std::string bare = text;
+    for (const std::string &spelled : {replaceAll(suiteFolder, "\\", "\\\\"), suiteFolder, folder})
+        bare = replaceAll(bare, spelled, "$APP");
+    return bare;
 }
 
 std::string suiteBytes(const std::string &utf8)
@@ -108,9 +105,9 @@ void TemporarySite::fill(const fs::path &source)
         else if (file.extension() == ".sql")
             database.run(file);
         else if (file.extension() == ".ini")
-            writeBytes(target, suiteBytes(readBytes(file)));
+            writeBytes(target, suiteBytes(bytesOf(file)));
         else
-            writeBytes(target, readBytes(file));
+            writeBytes(target, bytesOf(file));
     }
 }
 

@@ -27,8 +27,9 @@ private:
     TempFolder m_folder;
 };
 
+/// A text with $APP for the site's folder, whose name stands there with either separator, in JSON doubled.
+[[nodiscard]] std::string withoutFolder(const std::string &text, const TemporarySite &site);
 /// UTF-8 lines as the suite's text files hold them.
 [[nodiscard]] std::string suiteBytes(const std::string &utf8);
-[[nodiscard]] std::string readBytes(const std::filesystem::path &path);
 
 } // namespace inin

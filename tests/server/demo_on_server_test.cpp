@@ -7,6 +7,7 @@
 #include "app/inin_site/schema.h"
 #include "app/inin_site/server_maker.h"
 #include "runtime/conversion.h"
+#include "support/replace_all.h"
 
 #include <doctest/doctest.h>
 #include <fmt/format.h>
@@ -17,13 +18,6 @@ using namespace inin;
 using namespace inin::test;
 
 namespace {
-
-std::string replaceAll(std::string text, const std::string &from, const std::string &to)
-{
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
-        text.replace(at, from.size(), to);
-    return text;
-}
 
 const std::string &schema()
 {

@@ -5,12 +5,12 @@
 #include "scenarios/script_driver.h"
 #include "scenarios/temporary_site.h"
 #include "server/site_copy.h"
+#include "support/file_bytes.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -35,23 +35,6 @@ constexpr EmbeddedRow kEmbeddedOnly[] = {
     {"visit_no_date", "a text that is no date stands in a column of dates"},
 };
 
-std::string replaceAll(std::string text, const std::string &from, const std::string &to)
-{
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
-        text.replace(at, from.size(), to);
-    return text;
-}
-
-/// Each site lies in a folder of its own, whose name stands in events and files with either separator, in JSON doubled.
-std::string withoutFolder(const std::string &text, const fs::path &folder)
-{
-    const std::string name = folder.string();
-    std::string suiteName = name;
-    std::ranges::replace(suiteName, '/', '\\');
-    return replaceAll(replaceAll(replaceAll(text, name, "$APP"), replaceAll(suiteName, "\\", "\\\\"), "$APP"),
-                      suiteName, "$APP");
-}
-
 using Files = std::map<std::string, std::string>;
 
 /// Every file that lies in the site but the database and its connection string.
@@ -61,7 +44,7 @@ Files filesOf(const TemporarySite &site)
     for (const auto &entry : fs::recursive_directory_iterator(site.folder())) {
         const std::string name = fs::relative(entry.path(), site.folder()).string();
         if (!entry.is_regular_file() || name.starts_with(kDatabase) || name == kSettings) continue;
-        files[name] = withoutFolder(readBytes(entry.path()), site.folder());
+        files[name] = withoutFolder(bytesOf(entry.path()), site);
     }
     return files;
 }
@@ -104,8 +87,8 @@ std::string around(const std::string &text, const std::string &other)
     return (start > 0 ? "…" : "") + text.substr(start, kShown);
 }
 
-std::string eventDifference(const PlayRecord &wanted, const fs::path &wantedFolder, const PlayRecord &seen,
-                            const fs::path &seenFolder)
+std::string eventDifference(const PlayRecord &wanted, const TemporarySite &wantedSite, const PlayRecord &seen,
+                            const TemporarySite &seenSite)
 {
     const std::size_t steps = std::max(wanted.events.size(), seen.events.size());
     for (std::size_t step = 0; step < steps; ++step) {
@@ -115,8 +98,8 @@ std::string eventDifference(const PlayRecord &wanted, const fs::path &wantedFold
         const std::vector<std::string> first = eventsOf(wanted);
         const std::vector<std::string> second = eventsOf(seen);
         for (std::size_t at = 0; at < std::max(first.size(), second.size()); ++at) {
-            const std::string want = at < first.size() ? withoutFolder(first[at], wantedFolder) : "no event";
-            const std::string see = at < second.size() ? withoutFolder(second[at], seenFolder) : "no event";
+            const std::string want = at < first.size() ? withoutFolder(first[at], wantedSite) : "no event";
+            const std::string see = at < second.size() ? withoutFolder(second[at], seenSite) : "no event";
             const bool areThere = at < first.size() && at < second.size();
             if (want == see || (areThere && withoutProviderWords(want) == withoutProviderWords(see))) continue;
             return "step " + std::to_string(step) + "\n    embedded: " + around(want, see) +
@@ -151,13 +134,13 @@ void turnToServer(const TemporarySite &site, const ServerPlayOptions &options)
 {
     const fs::path settings = site.folder() / kSettings;
     if (!fs::is_regular_file(settings) || !fs::is_regular_file(site.folder() / kDatabase)) return;
-    const std::string bytes = readBytes(settings);
+    const std::string bytes = bytesOf(settings);
     if (bytes.find(kEmbedded) == std::string::npos) return;
     const auto database = makeSuiteDatabase([](const std::string &path) { return path; });
     const auto connection = database->newConnection();
     connection->Open(options.connectionString, "", "", -1);
     copyDatabase(site.folder() / kDatabase, *database, *connection, options.dialect);
-    std::ofstream(settings, std::ios::binary) << site::connectionFile(options.connectionString);
+    writeBytes(settings, site::connectionFile(options.connectionString));
 }
 
 /// The scenario's own driver, with the program's database in the place of the embedded one.
@@ -186,7 +169,7 @@ std::string serverDifference(const Play &play, const ServerPlayOptions &options)
     turnToServer(serverSite, options);
     const PlayRecord seen = runOnServer(play, serverSite);
 
-    std::string found = eventDifference(wanted, embeddedSite.folder(), seen, serverSite.folder());
+    std::string found = eventDifference(wanted, embeddedSite, seen, serverSite);
     if (found.empty() && wanted.exitCode != seen.exitCode)
         found = "exit " + std::to_string(wanted.exitCode) + " embedded, " + std::to_string(seen.exitCode) +
                 " on the server";

@@ -12,6 +12,7 @@
 #include "app/suite_database/suite_database.h"
 #include "runtime/runtime_error.h"
 #include "server/play_comparison.h"
+#include "support/file_bytes.h"
 
 #include <fmt/format.h>
 
@@ -19,8 +20,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 namespace inin::test {
@@ -71,15 +70,14 @@ int dropDatabase(const std::string &name)
     return 0;
 }
 
-std::vector<fs::path> playFiles(const std::vector<std::string> &names)
+/// All of them when none is named.
+std::vector<fs::path> playsNamed(const std::vector<std::string> &names)
 {
     std::vector<fs::path> files;
-    for (const auto &entry : fs::directory_iterator(ININ_SCENARIOS)) {
-        if (entry.path().extension() != ".play") continue;
-        if (names.empty() || std::ranges::find(names, entry.path().stem().string()) != names.end())
-            files.push_back(entry.path());
+    for (const std::string &path : playFiles()) {
+        const fs::path file = pathOf(path);
+        if (names.empty() || std::ranges::find(names, file.stem().string()) != names.end()) files.push_back(file);
     }
-    std::ranges::sort(files);
     return files;
 }
 
@@ -123,11 +121,10 @@ int playAll(const std::string &name, const std::vector<std::string> &names)
     options.isAnyOrder = fromEnvironment("ININ_SERVER_ANY_ORDER") == "1";
     std::string schema;
     if (const std::string own = fromEnvironment("ININ_SERVER_SCHEMA"); !own.empty()) {
-        std::ifstream in(own, std::ios::binary);
-        schema.assign(std::istreambuf_iterator<char>(in), {});
+        schema = bytesOf(own);
         options.dialect = {schema, {"'\\x", "'"}};
     }
-    return report(playFiles(names), names.size(), options);
+    return report(playsNamed(names), names.size(), options);
 }
 
 int run(const std::vector<std::string> &arguments)

@@ -1,6 +1,6 @@
 #include "shell/back_form.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "support/fake_platform.h"
 
 #include <doctest/doctest.h>
@@ -26,11 +26,8 @@ struct BackFixture : FakeWorld {
     }
     /// The number of the error that the load ends with, 0 for a good load.
     std::int32_t loadError()
-    try {
-        back.load();
-        return 0;
-    } catch (const RuntimeError &error) {
-        return error.number();
+    {
+        return errorOf([this] { back.load(); });
     }
     frmBack back{app};
 };

@@ -1,6 +1,6 @@
 #include "shell/settings.h"
 
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "support/fake_platform.h"
 
 #include <doctest/doctest.h>
@@ -129,13 +129,7 @@ TEST_CASE("a settings file that cannot be opened is a run-time error of the call
 {
     FakeWorld world;
     world.files.openInputErrors["c:\\suite\\massage.ini"] = 70;
-    std::int32_t number = 0;
-    try {
-        static_cast<void>(vGetSystemValue(world.app, "A", WarnIfMissing::yes));
-    } catch (const RuntimeError &error) {
-        number = error.number();
-    }
-    CHECK(number == 70);
+    CHECK(errorOf([&] { return vGetSystemValue(world.app, "A", WarnIfMissing::yes); }) == 70);
     CHECK(world.boxes.shown.empty());
 }
 

@@ -37,7 +37,7 @@ struct SoundSite {
         std::string text = decodeCp932(bytesOf(path() / file));
         const std::size_t place = text.find(from);
         REQUIRE(place != std::string::npos);
-        write(path() / file, encodeCp932(text.replace(place, from.size(), to)));
+        writeBytes(path() / file, encodeCp932(text.replace(place, from.size(), to)));
     }
     [[nodiscard]] site::Findings check() const { return site::checkSite(path()); }
 };
@@ -172,7 +172,7 @@ TEST_CASE("each fault of the settings is found and nothing else")
 TEST_CASE("a wallpaper that is no picture is found, since the program does not start with it")
 {
     const SoundSite site;
-    write(site.path() / "ICON" / "wall.bmp", "no picture");
+    writeBytes(site.path() / "ICON" / "wall.bmp", "no picture");
     CHECK(site.check() ==
           site::Findings{"Massage.ini の項目「WALLPAPER」の「wall.bmp」が画像ではないので、起動できません。"});
 }
@@ -230,10 +230,11 @@ TEST_CASE("an entry of 帳票Format.ini takes the place of the three form docume
 {
     const SoundSite site;
     for (const char *form : kForms) fs::remove(site.path() / "SYS" / pathOf(form));
-    write(site.path() / "DATA" / inin::pathOf("帳票Format.ini"), encodeCp932("[委任状]\r\n委任状=別の帳票.wfd\r\n"));
+    writeBytes(site.path() / "DATA" / inin::pathOf("帳票Format.ini"),
+               encodeCp932("[委任状]\r\n委任状=別の帳票.wfd\r\n"));
     CHECK(site.check() == site::Findings{"帳票「別の帳票.wfd」がフォルダー「\\SYS」にありません。"});
 
-    write(site.path() / "SYS" / inin::pathOf("別の帳票.wfd"), "form");
+    writeBytes(site.path() / "SYS" / inin::pathOf("別の帳票.wfd"), "form");
     CHECK(site.check().empty());
 }
 

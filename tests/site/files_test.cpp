@@ -55,33 +55,33 @@ TEST_CASE("the wallpaper is a 24-bit bitmap of the size that its header tells")
 TEST_CASE("a folder that is not empty is refused and left alone")
 {
     const TempFolder folder;
-    write(folder.folder() / "mine.txt", "mine");
+    folder.put("mine.txt", "mine");
 
     CHECK_THROWS_AS(site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), RuntimeError);
 
-    CHECK(bytesOf(folder.folder() / "mine.txt") == "mine");
+    CHECK(folder.bytes("mine.txt") == "mine");
     CHECK_FALSE(fs::exists(folder.folder() / "Massage.ini"));
 }
 
 TEST_CASE("a file where the folder should be is refused")
 {
     const TempFolder folder;
-    write(folder.folder() / "site", "mine");
+    folder.put("site", "mine");
 
     CHECK_THROWS_AS(site::makeSite(folder.folder() / "site", ordinaryOrder(), site::Overwrite::onlyOwnFolder),
                     RuntimeError);
 
-    CHECK(bytesOf(folder.folder() / "site") == "mine");
+    CHECK(folder.bytes("site") == "mine");
 }
 
 TEST_CASE("force writes into a folder that is not empty and keeps its other files")
 {
     const TempFolder folder;
-    write(folder.folder() / "mine.txt", "mine");
+    folder.put("mine.txt", "mine");
 
     site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::anyFolder);
 
-    CHECK(bytesOf(folder.folder() / "mine.txt") == "mine");
+    CHECK(folder.bytes("mine.txt") == "mine");
     CHECK(fs::exists(folder.folder() / "demo.db"));
 }
 

@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+using namespace inin;
 using namespace inin::test;
 namespace fs = std::filesystem;
 
@@ -41,13 +42,12 @@ std::wstring wide(std::string_view ascii)
 }
 
 struct Site {
-    inin::TempFolder folder;
+    TempFolder folder;
     fs::path viewer;
     explicit Site(fs::path formViewer = {}) : viewer(std::move(formViewer)) { make(viewer); }
     void make(const fs::path &formViewer) const
     {
-        inin::site::makeSite(folder.folder(), {1, 1, std::chrono::year{2024} / 5}, inin::site::Overwrite::anyFolder,
-                             formViewer);
+        site::makeSite(folder.folder(), {1, 1, std::chrono::year{2024} / 5}, site::Overwrite::anyFolder, formViewer);
     }
 };
 
@@ -71,7 +71,7 @@ TEST_CASE("the menu's stand-in notes each argument that it is started with")
     REQUIRE(run(site.folder.folder(), L"Main.exe 2") == 0);
     REQUIRE(run(site.folder.folder(), L"Main.exe") == 0);
 
-    CHECK(bytesOf(site.folder.folder() / "Main.log") == "2\n\n");
+    CHECK(site.folder.bytes("Main.log") == "2\n\n");
 }
 
 TEST_CASE("a form tool's stand-in copies the command script beside itself")
@@ -79,22 +79,22 @@ TEST_CASE("a form tool's stand-in copies the command script beside itself")
     for (const char *name : kFormTools) {
         CAPTURE(name);
         const Site site;
-        write(site.folder.folder() / "TMP" / "WfdCom.dat", "FileName,\"x\"\r\n");
+        site.folder.put("TMP/WfdCom.dat", "FileName,\"x\"\r\n");
 
         REQUIRE(run(site.folder.folder(), wide(name) + L" /c ./TMP\\WfdCom.dat") == 0);
 
-        CHECK(bytesOf(site.folder.folder() / (std::string(name) + ".WfdCom.dat")) == "FileName,\"x\"\r\n");
+        CHECK(site.folder.bytes(std::string(name) + ".WfdCom.dat") == "FileName,\"x\"\r\n");
     }
 }
 
 TEST_CASE("the merger's stand-in takes the script behind the output form")
 {
     const Site site;
-    write(site.folder.folder() / "TMP" / "WfdCom.dat", "AddReport\r\n");
+    site.folder.put("TMP/WfdCom.dat", "AddReport\r\n");
 
     REQUIRE(run(site.folder.folder(), L"wfrimg10.exe TMP\\out.wfd /c TMP\\WfdCom.dat") == 0);
 
-    CHECK(bytesOf(site.folder.folder() / "wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
+    CHECK(site.folder.bytes("wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
     CHECK_FALSE(fs::exists(site.folder.folder() / "TMP" / "out.wfd"));
 }
 
@@ -102,11 +102,11 @@ TEST_CASE("a form tool's stand-in takes a path with a blank and Japanese letters
 {
     const Site site;
     fs::create_directories(site.folder.folder() / L"my 委任状");
-    write(site.folder.folder() / L"my 委任状" / "WfdCom.dat", "x");
+    writeBytes(site.folder.folder() / L"my 委任状" / "WfdCom.dat", "x");
 
     REQUIRE(run(site.folder.folder(), L"wfrfv10.exe /c my 委任状\\WfdCom.dat") == 0);
 
-    CHECK(bytesOf(site.folder.folder() / "wfrfv10.exe.WfdCom.dat") == "x");
+    CHECK(site.folder.bytes("wfrfv10.exe.WfdCom.dat") == "x");
 }
 
 TEST_CASE("a form tool's stand-in fails without a script")
@@ -124,8 +124,8 @@ TEST_CASE("a form tool starts the form viewer where it was built, under the tool
 
     REQUIRE(run(site.folder.folder(), L"WrVb6Viewer.exe /c ./TMP\\WfdCom.dat") == 0);
 
-    for (int wait = 0; wait < 1000 && bytesOf(viewers.folder.folder() / "Main.log").empty(); ++wait) Sleep(10);
-    CHECK(bytesOf(viewers.folder.folder() / "Main.log") == "/c ./TMP\\WfdCom.dat\n");
+    for (int wait = 0; wait < 1000 && viewers.folder.bytes("Main.log").empty(); ++wait) Sleep(10);
+    CHECK(viewers.folder.bytes("Main.log") == "/c ./TMP\\WfdCom.dat\n");
     CHECK_FALSE(fs::exists(site.folder.folder() / "WrVb6Viewer.exe.WfdCom.dat"));
 }
 
@@ -139,9 +139,9 @@ TEST_CASE("a site that is made again without the form viewer copies scripts agai
 {
     const Site site("C:\\no such folder\\formviewer.exe");
     site.make({});
-    write(site.folder.folder() / "TMP" / "WfdCom.dat", "x");
+    site.folder.put("TMP/WfdCom.dat", "x");
 
     REQUIRE(run(site.folder.folder(), L"wfrfv10.exe /c ./TMP\\WfdCom.dat") == 0);
 
-    CHECK(bytesOf(site.folder.folder() / "wfrfv10.exe.WfdCom.dat") == "x");
+    CHECK(site.folder.bytes("wfrfv10.exe.WfdCom.dat") == "x");
 }

@@ -3,8 +3,6 @@
 #include <sqlite3.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 
@@ -34,17 +32,6 @@ int keepFirst(void *rows, int, char **values, char **)
 }
 
 } // namespace
-
-std::string bytesOf(const fs::path &file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void write(const fs::path &file, const std::string &bytes)
-{
-    std::ofstream(file, std::ios::binary) << bytes;
-}
 
 std::vector<std::string> query(const fs::path &database, const std::string &sql)
 {

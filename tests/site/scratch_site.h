@@ -10,9 +10,6 @@
 
 namespace inin::test {
 
-[[nodiscard]] std::string bytesOf(const std::filesystem::path &file);
-void write(const std::filesystem::path &file, const std::string &bytes);
-
 /// First column of each row, as text; NULL reads "NULL".
 [[nodiscard]] std::vector<std::string> query(const std::filesystem::path &database, const std::string &sql);
 [[nodiscard]] std::int64_t countOf(const std::filesystem::path &database, const std::string &sql);

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+using namespace inin;
 using namespace inin::test;
 namespace fs = std::filesystem;
 
@@ -18,11 +19,8 @@ int run(const fs::path &folder, const std::string &command)
 }
 
 struct Site {
-    inin::TempFolder folder;
-    Site()
-    {
-        inin::site::makeSite(folder.folder(), {1, 1, std::chrono::year{2024} / 5}, inin::site::Overwrite::anyFolder);
-    }
+    TempFolder folder;
+    Site() { site::makeSite(folder.folder(), {1, 1, std::chrono::year{2024} / 5}, site::Overwrite::anyFolder); }
 };
 
 } // namespace
@@ -42,7 +40,7 @@ TEST_CASE("the menu's stand-in notes each argument that it is started with")
 
     REQUIRE(run(site.folder.folder(), "./Main.exe 2 && ./Main.exe") == 0);
 
-    CHECK(bytesOf(site.folder.folder() / "Main.log") == "2\n\n");
+    CHECK(site.folder.bytes("Main.log") == "2\n\n");
 }
 
 TEST_CASE("a form tool's stand-in copies the command script beside itself")
@@ -50,22 +48,22 @@ TEST_CASE("a form tool's stand-in copies the command script beside itself")
     for (const char *name : kFormTools) {
         CAPTURE(name);
         const Site site;
-        write(site.folder.folder() / "TMP" / "WfdCom.dat", "FileName,\"x\"\r\n");
+        site.folder.put("TMP/WfdCom.dat", "FileName,\"x\"\r\n");
 
         REQUIRE(run(site.folder.folder(), std::string("./") + name + " /c './TMP\\WfdCom.dat'") == 0);
 
-        CHECK(bytesOf(site.folder.folder() / (std::string(name) + ".WfdCom.dat")) == "FileName,\"x\"\r\n");
+        CHECK(site.folder.bytes(std::string(name) + ".WfdCom.dat") == "FileName,\"x\"\r\n");
     }
 }
 
 TEST_CASE("the merger's stand-in takes the script behind the output form")
 {
     const Site site;
-    write(site.folder.folder() / "TMP" / "WfdCom.dat", "AddReport\r\n");
+    site.folder.put("TMP/WfdCom.dat", "AddReport\r\n");
 
     REQUIRE(run(site.folder.folder(), "./wfrimg10.exe 'TMP\\out.wfd' /c 'TMP\\WfdCom.dat'") == 0);
 
-    CHECK(bytesOf(site.folder.folder() / "wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
+    CHECK(site.folder.bytes("wfrimg10.exe.WfdCom.dat") == "AddReport\r\n");
     CHECK_FALSE(fs::exists(site.folder.folder() / "TMP" / "out.wfd"));
 }
 
@@ -73,11 +71,11 @@ TEST_CASE("a form tool's stand-in puts a path together that a blank has cut")
 {
     const Site site;
     fs::create_directories(site.folder.folder() / "my site");
-    write(site.folder.folder() / "my site" / "WfdCom.dat", "x");
+    site.folder.put("my site/WfdCom.dat", "x");
 
     REQUIRE(run(site.folder.folder(), "./wfrfv10.exe /c my 'site\\WfdCom.dat'") == 0);
 
-    CHECK(bytesOf(site.folder.folder() / "wfrfv10.exe.WfdCom.dat") == "x");
+    CHECK(site.folder.bytes("wfrfv10.exe.WfdCom.dat") == "x");
 }
 
 TEST_CASE("a form tool's stand-in fails without a script")
@@ -99,29 +97,28 @@ TEST_CASE("the three form documents of a site are those of the folder site/forms
 
 TEST_CASE("the form tools are links to the form viewer where it was built")
 {
-    const inin::TempFolder folder;
-    write(folder.folder() / "formviewer", "the viewer");
+    const TempFolder folder;
+    folder.put("formviewer", "the viewer");
 
-    inin::site::makeSite(folder.folder() / "site", {1, 1, std::chrono::year{2024} / 5},
-                         inin::site::Overwrite::onlyOwnFolder, folder.folder() / "formviewer");
+    site::makeSite(folder.folder() / "site", {1, 1, std::chrono::year{2024} / 5}, site::Overwrite::onlyOwnFolder,
+                   folder.folder() / "formviewer");
 
     for (const char *name : kFormTools) {
         CAPTURE(name);
         CHECK(fs::read_symlink(folder.folder() / "site" / name) == folder.folder() / "formviewer");
     }
-    CHECK(bytesOf(folder.folder() / "site" / "Main.exe").find("STAND-IN") != std::string::npos);
+    CHECK(folder.bytes("site/Main.exe").find("STAND-IN") != std::string::npos);
 }
 
 TEST_CASE("a site that is made again without the form viewer leaves the viewer itself alone")
 {
-    const inin::TempFolder folder;
-    write(folder.folder() / "formviewer", "the viewer");
-    const inin::site::SiteOrder order{1, 1, std::chrono::year{2024} / 5};
-    inin::site::makeSite(folder.folder() / "site", order, inin::site::Overwrite::onlyOwnFolder,
-                         folder.folder() / "formviewer");
+    const TempFolder folder;
+    folder.put("formviewer", "the viewer");
+    const site::SiteOrder order{1, 1, std::chrono::year{2024} / 5};
+    site::makeSite(folder.folder() / "site", order, site::Overwrite::onlyOwnFolder, folder.folder() / "formviewer");
 
-    inin::site::makeSite(folder.folder() / "site", order, inin::site::Overwrite::onlyOwnFolder);
+    site::makeSite(folder.folder() / "site", order, site::Overwrite::onlyOwnFolder);
 
-    CHECK(bytesOf(folder.folder() / "formviewer") == "the viewer");
-    CHECK(bytesOf(folder.folder() / "site" / "wfrfv10.exe").find("STAND-IN") != std::string::npos);
+    CHECK(folder.bytes("formviewer") == "the viewer");
+    CHECK(folder.bytes("site/wfrfv10.exe").find("STAND-IN") != std::string::npos);
 }

@@ -6,8 +6,6 @@
 
 #include <sqlite3.h>
 
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -20,8 +18,7 @@ struct EmbeddedWorld : FakeWorld {
     EmbeddedWorld()
     {
         files.putText("C:\\SUITE\\adodb.ini", "[接続情報]\n接続情報=Provider=SQLite;Data Source=" + path() + "\n");
-        std::ifstream schema(ININ_SITE "/schema_sqlite.sql", std::ios::binary);
-        run(std::string(std::istreambuf_iterator<char>(schema), {}));
+        run(bytesOf(pathOf(ININ_SITE "/schema_sqlite.sql")));
         site.gcsAppPath = app.gcsAppPath;
         site.iKyotenCd = app.iKyotenCd;
         site.iKyotenEb = app.iKyotenEb;

@@ -1,13 +1,10 @@
 #pragma once
 
-#include "runtime/file_path.h"
+#include "support/file_bytes.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <algorithm>
 #include <random>
-#include <stdexcept>
-#include <string>
+#include <vector>
 
 namespace inin {
 
@@ -36,7 +33,7 @@ public:
     /// Writes a file and gives its path.
     std::string put(const std::string &name, const std::string &bytes) const
     {
-        std::ofstream(pathOf(*this / name), std::ios::binary) << bytes;
+        writeBytes(*this / name, bytes);
         return *this / name;
     }
     /// Likewise a file that is closed to writing.
@@ -47,16 +44,23 @@ public:
         std::filesystem::permissions(pathOf(path), perms::owner_read | perms::group_read | perms::others_read);
         return path;
     }
+    /// None while there is no such file, or one that cannot be read yet: a test may wait for it.
     [[nodiscard]] std::string bytes(const std::string &name) const
     {
         std::ifstream file(pathOf(*this / name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
     [[nodiscard]] bool has(const std::string &name) const { return std::filesystem::exists(pathOf(*this / name)); }
-    [[nodiscard]] std::size_t entries() const
+    /// Of what is in it, sorted.
+    [[nodiscard]] std::vector<std::string> names() const
     {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_folder), {}));
+        std::vector<std::string> names;
+        for (const auto &entry : std::filesystem::directory_iterator(m_folder))
+            names.push_back(textOf(entry.path().filename()));
+        std::ranges::sort(names);
+        return names;
     }
+    [[nodiscard]] std::size_t entries() const { return names().size(); }
 
 private:
     /// A name of 8.3 is its own short name. Wine makes short names of longer ones up by a hash that two folders can share,

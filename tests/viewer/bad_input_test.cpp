@@ -17,13 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char *kForm = "委任状37_01.wfd";
-
-bool contains(const std::string &text, const std::string &part)
-{
-    return text.find(part) != std::string::npos;
-}
-
 /// A letter file with these titles and one ordinary letter.
 std::string csvWith(const std::vector<std::string> &titles)
 {
@@ -37,10 +30,10 @@ std::string csvWith(const std::vector<std::string> &titles)
 }
 
 /// A print job of one ordinary letter on a form of our own.
-std::string writeJobWith(const Folder &folder, const std::string &form)
+std::string writeJobWith(const TempFolder &folder, const std::string &form)
 {
     std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-    writeBytes(folder.file(kForm), form);
+    folder.put(kForm, form);
     return script;
 }
 
@@ -48,15 +41,15 @@ std::string writeJobWith(const Folder &folder, const std::string &form)
 
 TEST_CASE("a letter file of nineteen columns is refused by the missing name, unless the form does without it")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {});
-    const std::string form = bytesOf(folder.file(kForm));
+    const std::string form = folder.bytes(kForm);
     int refused = 0;
     for (const std::string &missing : programTitles()) {
         std::vector<std::string> titles = programTitles();
         std::erase(titles, missing);
         REQUIRE(titles.size() == 19);
-        writeBytes(folder.file("委任状.csv"), csvWith(titles));
+        folder.put("委任状.csv", csvWith(titles));
         const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
         CAPTURE(missing);
         if (contains(form, "{{" + missing)) {
@@ -73,19 +66,19 @@ TEST_CASE("a letter file of nineteen columns is refused by the missing name, unl
 
 TEST_CASE("a row of nineteen or twenty-one values under twenty titles is shown as unreadable, the others as letters")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), ordinaryRow(), ordinaryRow()});
-    std::string csv = bytesOf(folder.file("委任状.csv"));
+    std::string csv = folder.bytes("委任状.csv");
     const std::size_t second = csv.find("\r\n", csv.find("\r\n") + 2) + 2;
     csv.replace(csv.rfind(",\""), csv.size(), "\r\n");
     csv.insert(second, "\"more\",");
-    writeBytes(folder.file("委任状.csv"), csv);
+    folder.put("委任状.csv", csv);
 
     const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
 
     CHECK(outcome.code == 0);
     CHECK(outcome.errors == "2番：列の数が見出し行より多い行です。\n3番：列の数が見出し行より少ない行です。\n");
-    const auto pages = pagesOf(folder.file("o.pdf"));
+    const auto pages = pagesOf(folder / "o.pdf");
     REQUIRE(pages.size() == 3);
     CHECK(contains(packed(pages[0]), "髙橋花子"));
     for (const std::size_t page : {1U, 2U}) CHECK(contains(packed(pages[page]), "この行は確実に読み取れない"));
@@ -93,22 +86,22 @@ TEST_CASE("a row of nineteen or twenty-one values under twenty titles is shown a
 
 TEST_CASE("a letter file without its title row is refused, for its first letter names no columns")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), longestRow()});
-    const std::string csv = bytesOf(folder.file("委任状.csv"));
-    writeBytes(folder.file("委任状.csv"), csv.substr(csv.find("\r\n") + 2));
+    const std::string csv = folder.bytes("委任状.csv");
+    folder.put("委任状.csv", csv.substr(csv.find("\r\n") + 2));
 
     const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
 
     CHECK(outcome.code == 1);
-    CHECK_FALSE(fs::exists(folder.file("o.pdf")));
+    CHECK_FALSE(folder.has("o.pdf"));
     // The values of an ordinary letter hold one text twice, and no column can be told from another then.
     CHECK(contains(outcome.errors, "見出し行に列「"));
 }
 
 TEST_CASE("32,767 letters become as many pages")
 {
-    Folder folder;
+    TempFolder folder;
     const LetterSet set =
         lettersOn(svgPage("<text x='9' y='9'>{{保険者名}}</text>"), std::vector<Row>(32'767, ordinaryRow()));
     Fonts fonts;
@@ -116,28 +109,28 @@ TEST_CASE("32,767 letters become as many pages")
     std::vector<std::size_t> letters(set.size());
     std::iota(letters.begin(), letters.end(), std::size_t{0});
 
-    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, letters));
+    REQUIRE(writeLettersPdf(folder / "o.pdf", press, letters));
 
-    CHECK(contains(bytesOf(folder.file("o.pdf")), "/Count 32767/"));
+    CHECK(contains(folder.bytes("o.pdf"), "/Count 32767/"));
 }
 
 TEST_CASE("a NUL, a megabyte in a field and a cut-off last line are told, and the other letters come")
 {
-    Folder folder;
+    TempFolder folder;
     Row nul = ordinaryRow(), megabyte = ordinaryRow();
     nul["利用者氏名"] = "髙橋#花子";
     for (int i = 0; i < 500'000; ++i) megabyte["利用者氏名"] += "ア";
     const std::string script = writePrintJob(folder, kForm, {nul, megabyte, ordinaryRow(), ordinaryRow()});
-    std::string csv = bytesOf(folder.file("委任状.csv"));
+    std::string csv = folder.bytes("委任状.csv");
     csv[csv.find('#')] = '\0';
-    writeBytes(folder.file("委任状.csv"), csv.substr(0, csv.size() - 30));
+    folder.put("委任状.csv", csv.substr(0, csv.size() - 30));
 
     const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
 
     CHECK(outcome.code == 0);
     CHECK(contains(outcome.errors, "2番 利用者氏名：枠に入りきらないため、途中で切りました。\n"));
     CHECK(contains(outcome.errors, "4番：行が途中で切れています。\n"));
-    const auto pages = pagesOf(folder.file("o.pdf"));
+    const auto pages = pagesOf(folder / "o.pdf");
     REQUIRE(pages.size() == 4);
     CHECK(contains(packed(pages[0]), "髙橋\uFFFD花子"));
     CHECK(contains(packed(pages[2]), "髙橋花子"));
@@ -145,9 +138,9 @@ TEST_CASE("a NUL, a megabyte in a field and a cut-off last line are told, and th
 
 TEST_CASE("nothing that a form refers to is ever opened")
 {
-    Folder folder;
+    TempFolder folder;
     // Opening a pipe that nobody writes to would wait for ever.
-    const std::string pipe = folder.file("pipe");
+    const std::string pipe = folder / "pipe";
     REQUIRE(mkfifo(pipe.c_str(), 0600) == 0);
     std::string form = svgPage("<style>@import url('PIPE'); @font-face{font-family:x;src:url('PIPE')}</style>"
                                "<image href='PIPE' width='9' height='9'/><image xlink:href='file://PIPE'"
@@ -158,14 +151,14 @@ TEST_CASE("nothing that a form refers to is ever opened")
     form = "<?xml version='1.0'?><?xml-stylesheet href='PIPE'?><!DOCTYPE svg SYSTEM 'PIPE'>" + form;
     for (std::size_t at = form.find("PIPE"); at != std::string::npos; at = form.find("PIPE")) form.replace(at, 4, pipe);
     const std::string script = writeJobWith(folder, form);
-    const std::string command = "cd '" + folder.path().string() +
-                                "' && timeout 20 '" ININ_FORMVIEWER "' --pdf o.pdf '" + script + "' 2>err.txt";
+    const std::string command =
+        "cd '" + folder.path() + "' && timeout 20 '" ININ_FORMVIEWER "' --pdf o.pdf '" + script + "' 2>err.txt";
 
     CHECK(WEXITSTATUS(std::system(command.c_str())) == 0);
 
-    CHECK(contains(bytesOf(folder.file("err.txt")), "画像は表示しません。外部のファイルも読み込みません。"));
-    CHECK(contains(bytesOf(folder.file("err.txt")), "スクリプトは実行しません。"));
-    CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "本文");
+    CHECK(contains(folder.bytes("err.txt"), "画像は表示しません。外部のファイルも読み込みません。"));
+    CHECK(contains(folder.bytes("err.txt"), "スクリプトは実行しません。"));
+    CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "本文");
 }
 
 TEST_CASE(
@@ -189,12 +182,12 @@ TEST_CASE(
         {svgPage("<text>{{利用者氏名</text>"), "{{"},
     };
     for (const Case &each : cases) {
-        Folder folder;
+        TempFolder folder;
         const Outcome outcome = runViewer(folder, "--pdf o.pdf " + writeJobWith(folder, each.form));
         CAPTURE(each.sentence);
         CHECK(outcome.code == 1);
         CHECK(contains(outcome.errors, each.sentence));
-        CHECK_FALSE(fs::exists(folder.file("o.pdf")));
+        CHECK_FALSE(folder.has("o.pdf"));
     }
 }
 
@@ -202,9 +195,9 @@ TEST_CASE("files that are too large to be what they are called are refused witho
 {
     constexpr std::uintmax_t kHuge = std::uintmax_t{1} << 36;
     for (const char *name : {kForm, "委任状.csv", "WfdCom.dat"}) {
-        Folder folder;
+        TempFolder folder;
         const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-        fs::resize_file(folder.file(name), kHuge); // a file with a hole takes no room
+        fs::resize_file(folder / name, kHuge); // a file with a hole takes no room
         const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
         CAPTURE(std::string(name));
         CHECK(outcome.code == 1);

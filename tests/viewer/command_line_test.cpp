@@ -10,18 +10,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char *kForm = "委任状37_01.wfd";
-
 template <class Command> Command parsed(const std::vector<std::string> &words)
 {
     const ViewerCommand command = readViewerCommand(words);
     REQUIRE(std::holds_alternative<Command>(command));
     return std::get<Command>(command);
-}
-
-bool contains(const std::string &text, const std::string &part)
-{
-    return text.find(part) != std::string::npos;
 }
 
 } // namespace
@@ -70,21 +63,21 @@ TEST_CASE("a command line without a script or with an unknown option is refused"
 
 TEST_CASE("a path of Japanese words and blanks arrives whole, and the PDF is where it was asked for")
 {
-    Folder folder;
-    fs::create_directory(pathOf(folder.file("一時 置場𠮷")));
+    TempFolder folder;
+    fs::create_directory(pathOf(folder / "一時 置場𠮷"));
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-    fs::rename(pathOf(script), pathOf(folder.file("一時 置場𠮷/コマンド.dat")));
+    fs::rename(pathOf(script), pathOf(folder / "一時 置場𠮷/コマンド.dat"));
 
     const Outcome outcome = runViewer(folder, "--pdf '一時 置場𠮷/髙橋 様.pdf' /c '一時 置場𠮷\\コマンド.dat'");
 
     CHECK(outcome.errors == "");
     CHECK(outcome.code == 0);
-    CHECK(bytesOf(folder.file("一時 置場𠮷/髙橋 様.pdf")).starts_with("%PDF-1.5"));
+    CHECK(folder.bytes("一時 置場𠮷/髙橋 様.pdf").starts_with("%PDF-1.5"));
 }
 
 TEST_CASE("the exit code tells whether it was done, failed or made no sense, and the words are UTF-8")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {longestRow()});
     CHECK(runViewer(folder, "--check " + script).code == 0);
     CHECK(contains(runViewer(folder, "--check " + script).output, "髙﨑勘解由"));
@@ -94,25 +87,25 @@ TEST_CASE("the exit code tells whether it was done, failed or made no sense, and
     CHECK(missing.errors == "formviewer: ファイル「無い.dat」が見つかりません。\n");
     CHECK(runViewer(folder, "--colour").code == 2);
     CHECK(runViewer(folder, "/c").errors == "formviewer: 「/c」の後にコマンドファイルがありません。\n");
-    CHECK(runViewer(folder, "--help").output.find("--letters") != std::string::npos);
+    CHECK(contains(runViewer(folder, "--help").output, "--letters"));
 }
 
 TEST_CASE("under the merger's name, in any case, it writes the combined form that the viewer prints")
 {
-    Folder folder;
-    const std::string dir = folder.path().string();
-    writeBytes(folder.file("1.svg"), svgPage("<text x='9' y='9'>{{1}}</text>"));
-    writeBytes(folder.file("1.csv"), "\"a\"\r\n");
-    writeBytes(folder.file("m.dat"), "SetDataText,\"x\",\"" + dir + "\\1.csv\",\",\", \"\"\"\", True\r\nsetreport,\"" +
-                                         dir + "\\1.svg\"\r\n");
-    writeBytes(folder.file("p.dat"), "FileName,\"" + dir + "\\tmp.wfd\"\r\n");
+    TempFolder folder;
+    const std::string dir = folder.path();
+    folder.put("1.svg", svgPage("<text x='9' y='9'>{{1}}</text>"));
+    folder.put("1.csv", "\"a\"\r\n");
+    folder.put("m.dat", "SetDataText,\"x\",\"" + dir + "\\1.csv\",\",\", \"\"\"\", True\r\nsetreport,\"" + dir +
+                            "\\1.svg\"\r\n");
+    folder.put("p.dat", "FileName,\"" + dir + "\\tmp.wfd\"\r\n");
     const std::string merge = "'" + dir + "\\tmp.wfd' /c '" + dir + "\\m.dat'";
     for (const char *name : {"wfrimg10.exe", "WFRIMG10.EXE"}) {
         CAPTURE(std::string(name));
         CHECK(runViewer(folder, merge, name).code == 0);
-        CHECK(fs::exists(folder.file("tmp.wfd")));
+        CHECK(folder.has("tmp.wfd"));
         CHECK(runViewer(folder, "--pdf o.pdf p.dat", "wfrfv10.exe").code == 0);
-        CHECK(contains(bytesOf(folder.file("o.pdf")), "/Count 1/"));
-        fs::remove(folder.path() / "tmp.wfd");
+        CHECK(contains(folder.bytes("o.pdf"), "/Count 1/"));
+        fs::remove(folder.folder() / "tmp.wfd");
     }
 }

@@ -1,5 +1,5 @@
 #include "adapters/suite_text/code_page_932.h"
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "viewer/letters/csv_reader.h"
 
 #include <doctest/doctest.h>
@@ -25,12 +25,7 @@ std::vector<std::string> rowOf(const LetterTable &table, std::size_t row)
 
 std::string refusal(const std::string &bytes)
 {
-    try {
-        static_cast<void>(readLetters(bytes, TitleRow::first));
-    } catch (const RuntimeError &error) {
-        return error.description();
-    }
-    return {};
+    return errorWordsOf([&] { return readLetters(bytes, TitleRow::first); });
 }
 
 using Values = std::vector<std::string>;

@@ -13,8 +13,6 @@ using namespace inin::viewer::test;
 
 namespace {
 
-constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
-
 std::string formOfSite(const std::string &name)
 {
     return bytesOf(std::string(ININ_SITE) + "/forms/" + name);

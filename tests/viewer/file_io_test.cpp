@@ -1,4 +1,5 @@
 #include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "viewer/io/file_io.h"
 #include "viewer/io/file_stamp.h"
 #include "viewer/io/mapped_file.h"
@@ -16,11 +17,8 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string refusal(const std::string &path)
-try {
-    (void)readWholeFile(path, 10);
-    return {};
-} catch (const RuntimeError &error) {
-    return error.description();
+{
+    return errorWordsOf([&] { return readWholeFile(path, 10); });
 }
 
 void write(const std::string &path, const std::string &bytes)
@@ -31,9 +29,9 @@ void write(const std::string &path, const std::string &bytes)
 }
 
 /// A path beyond the classic limit of Windows.
-std::string deepPath(const Folder &folder)
+std::string deepPath(const TempFolder &folder)
 {
-    std::string path = folder.path().string();
+    std::string path = folder.path();
     for (int level = 0; level < 6; ++level) path += "/" + std::string(48, static_cast<char>('a' + level));
     return path;
 }
@@ -42,17 +40,17 @@ std::string deepPath(const Folder &folder)
 
 TEST_CASE("a file is not seen under its name until it is whole, and an unfinished one leaves nothing")
 {
-    Folder folder;
+    TempFolder folder;
     {
-        FinishedFile file(folder.file("a"));
+        FinishedFile file(folder / "a");
         file.write(std::string(200'000, 'x'));
-        CHECK_FALSE(fs::exists(folder.file("a")));
+        CHECK_FALSE(folder.has("a"));
         file.finish();
     }
-    CHECK(fs::file_size(folder.file("a")) == 200'000);
-    CHECK((fs::status(folder.file("a")).permissions() & fs::perms::owner_read) != fs::perms::none);
+    CHECK(fs::file_size(folder / "a") == 200'000);
+    CHECK((fs::status(folder / "a").permissions() & fs::perms::owner_read) != fs::perms::none);
     {
-        FinishedFile file(folder.file("b"));
+        FinishedFile file(folder / "b");
         file.write("half");
     }
     CHECK(folder.names() == std::vector<std::string>{"a"});
@@ -60,43 +58,43 @@ TEST_CASE("a file is not seen under its name until it is whole, and an unfinishe
 
 TEST_CASE("an older file is replaced as a whole, or stays")
 {
-    Folder folder;
-    writeBytes(folder.file("委任状.pdf"), "an older and longer file");
+    TempFolder folder;
+    folder.put("委任状.pdf", "an older and longer file");
     {
-        FinishedFile file(folder.file("委任状.pdf"));
+        FinishedFile file(folder / "委任状.pdf");
         file.write("new");
-        CHECK(bytesOf(folder.file("委任状.pdf")) == "an older and longer file");
+        CHECK(folder.bytes("委任状.pdf") == "an older and longer file");
         file.finish();
     }
-    CHECK(bytesOf(folder.file("委任状.pdf")) == "new");
+    CHECK(folder.bytes("委任状.pdf") == "new");
     CHECK(folder.names().size() == 1);
 }
 
 TEST_CASE("a folder is never read as a file or replaced by one")
 {
-    Folder folder;
-    fs::create_directory(folder.path() / "taken");
-    CHECK(refusal(folder.file("taken")) == "ファイル「" + folder.file("taken") + "」は読めるファイルではありません。");
-    CHECK_THROWS_AS(FinishedFile{folder.file("taken")}, RuntimeError);
+    TempFolder folder;
+    fs::create_directory(folder.folder() / "taken");
+    CHECK(refusal(folder / "taken") == "ファイル「" + folder / "taken" + "」は読めるファイルではありません。");
+    CHECK_THROWS_AS(FinishedFile{folder / "taken"}, RuntimeError);
     CHECK(folder.names() == std::vector<std::string>{"taken"});
 }
 
 TEST_CASE("a file that is missing or too large is refused with its path, an empty one is read")
 {
-    Folder folder;
-    CHECK(refusal(folder.file("x")) == "ファイル「" + folder.file("x") + "」が見つかりません。");
-    CHECK(refusal(folder.file("x") + "/y") == "ファイル「" + folder.file("x") + "/y」が見つかりません。");
-    writeBytes(folder.file("x"), "eleven byte");
-    CHECK(refusal(folder.file("x")) == "ファイル「" + folder.file("x") + "」は大きすぎます。");
-    writeBytes(folder.file("x"), "");
-    CHECK(readWholeFile(folder.file("x")).empty());
-    CHECK(MappedFile(folder.file("x")).bytes().empty());
-    CHECK(MappedFile(folder.file("y")).bytes().empty());
+    TempFolder folder;
+    CHECK(refusal(folder / "x") == "ファイル「" + folder / "x" + "」が見つかりません。");
+    CHECK(refusal(folder / "x" + "/y") == "ファイル「" + folder / "x" + "/y」が見つかりません。");
+    folder.put("x", "eleven byte");
+    CHECK(refusal(folder / "x") == "ファイル「" + folder / "x" + "」は大きすぎます。");
+    folder.put("x", "");
+    CHECK(readWholeFile(folder / "x").empty());
+    CHECK(MappedFile(folder / "x").bytes().empty());
+    CHECK(MappedFile(folder / "y").bytes().empty());
 }
 
 TEST_CASE("a path is taken with either slash, in any case, beyond 260 characters and in Japanese")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string deep = deepPath(folder);
     REQUIRE(deep.size() > 300);
     makeFolder(deep);
@@ -119,10 +117,10 @@ TEST_CASE("a path is taken with either slash, in any case, beyond 260 characters
 
 TEST_CASE("a folder where a file stands in the way is told")
 {
-    Folder folder;
-    writeBytes(folder.file("taken"), "x");
-    CHECK_THROWS_AS(makeFolder(folder.file("taken")), RuntimeError);
-    makeFolder(folder.file("a") + "/b/c");
-    makeFolder(folder.file("a") + "/b/c");
-    CHECK(fs::is_directory(folder.path() / "a" / "b" / "c"));
+    TempFolder folder;
+    folder.put("taken", "x");
+    CHECK_THROWS_AS(makeFolder(folder / "taken"), RuntimeError);
+    makeFolder(folder / "a" + "/b/c");
+    makeFolder(folder / "a" + "/b/c");
+    CHECK(fs::is_directory(folder.folder() / "a" / "b" / "c"));
 }

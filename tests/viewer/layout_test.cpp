@@ -359,7 +359,7 @@ TEST_CASE("a gothic that is not installed is replaced by a gothic, a mincho by a
     Fonts fonts;
     CHECK(fonts.font("MS Gothic").path() == fonts.font("IPAexGothic").path());
     CHECK(fonts.font("Meiryo UI").path() == fonts.font("IPAexGothic").path());
-    CHECK(fonts.font("Yu Mincho").postScriptName().find("Mincho") != std::string::npos);
+    CHECK(contains(fonts.font("Yu Mincho").postScriptName(), "Mincho"));
     CHECK(fonts.notices().size() == 3);
 }
 

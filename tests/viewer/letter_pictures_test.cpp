@@ -23,16 +23,13 @@ std::vector<Row> rowsOfAllKinds()
 }
 
 struct Pictures {
-    Folder folder;
+    TempFolder folder;
     LetterSet set;
     Fonts fonts;
     LetterPress press{set, fonts};
     QtGlyphs glyphs;
     LetterPictures pictures{press, glyphs};
-    explicit Pictures(const char *form = "委任状37_01.wfd")
-        : set(openScript(writePrintJob(folder, form, rowsOfAllKinds())))
-    {
-    }
+    explicit Pictures(const char *form = kForm) : set(openScript(writePrintJob(folder, form, rowsOfAllKinds()))) {}
     void checkAgainstWhole(std::size_t letter, double dotsPerInch)
     {
         CAPTURE(letter);
@@ -46,7 +43,7 @@ struct Pictures {
 
 TEST_CASE("a kept picture is dot for dot what painting the whole letter gives, on each form, at each scale")
 {
-    for (const char *form : {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"}) {
+    for (const char *form : kForms) {
         Pictures world(form);
         for (const double dots : {31.7, 96.0, 150.0})
             for (std::size_t letter = 0; letter < 5; ++letter) world.checkAgainstWhole(letter, dots);

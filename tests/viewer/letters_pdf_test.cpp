@@ -18,8 +18,6 @@ using namespace inin::viewer::test;
 
 namespace {
 
-constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
-
 /// The columns that every form of the site shows as they stand.
 constexpr const char *kShown[] = {"保険者名",     "利用者氏名",   "利用者住所", "会社名称",   "会社住所",
                                   "代表者名",     "会社電話番号", "金融機関名", "口座番号",   "口座名義",
@@ -27,7 +25,7 @@ constexpr const char *kShown[] = {"保険者名",     "利用者氏名",   "利�
 
 /// Letters on a form of the site, as a PDF, with the marks of each.
 struct Printed {
-    Folder folder;
+    TempFolder folder;
     LetterSet set;
     Fonts fonts;
     LetterPress press;
@@ -44,15 +42,14 @@ struct Printed {
         press.onMarks = [&](std::size_t letter, const std::vector<FieldMark> &marks) {
             for (const FieldMark &mark : marks) marked[letter].push_back(columnNames(press.layoutOf(letter), mark));
         };
-        REQUIRE(writeLettersPdf(folder.file("out.pdf"), press, letters));
-        pages = pagesOf(folder.file("out.pdf"));
+        REQUIRE(writeLettersPdf(folder / "out.pdf", press, letters));
+        pages = pagesOf(folder / "out.pdf");
     }
     [[nodiscard]] bool isMarked(std::size_t letter, const std::string &column) const
     {
         const auto found = marked.find(letter);
-        return found != marked.end() && std::ranges::any_of(found->second, [&](const std::string &names) {
-                   return names.find(column) != std::string::npos;
-               });
+        return found != marked.end() &&
+               std::ranges::any_of(found->second, [&](const std::string &names) { return contains(names, column); });
     }
 };
 
@@ -120,11 +117,11 @@ TEST_CASE("page k holds the texts of row k and of no other, whatever letters are
             for (const char *column : kShown) {
                 const std::string &value = rows[letters[page]].at(column);
                 CAPTURE(value);
-                const bool isThere = value.empty() || text.find(packed(value)) != std::string::npos;
+                const bool isThere = value.empty() || contains(text, packed(value));
                 CHECK((isThere || printed.isMarked(letters[page], column)));
             }
             for (std::size_t other = 0; other < rows.size(); ++other)
-                if (other != letters[page]) CHECK(text.find("行" + std::to_string(other) + "目") == std::string::npos);
+                if (other != letters[page]) CHECK_FALSE(contains(text, "行" + std::to_string(other) + "目"));
         }
     }
 }
@@ -142,7 +139,7 @@ TEST_CASE("the values of an ordinary letter are found again on each of the forms
               "カ）ミドリチリョウイン", "令和6年5月28日", "香川", "長尾西", "087-000-0001",
               "香川県さぬき市支度４番５号", "令和6年5月1日から令和6年5月31日まで"}) {
             CAPTURE(std::string(value));
-            CHECK(page.find(value) != std::string::npos);
+            CHECK(contains(page, value));
         }
         CHECK(printed.marked.empty());
     }
@@ -157,9 +154,9 @@ TEST_CASE("the longest values are on each of the forms whole")
         const std::string page = packed(printed.pages.at(0));
         for (const char *column : kShown) {
             CAPTURE(std::string(column));
-            CHECK(page.find(packed(row.at(column))) != std::string::npos);
+            CHECK(contains(page, packed(row.at(column))));
         }
-        CHECK(page.find("令和元年5月1日から令和元年12月31日まで") != std::string::npos);
+        CHECK(contains(page, "令和元年5月1日から令和元年12月31日まで"));
     }
 }
 
@@ -168,14 +165,14 @@ TEST_CASE("a silent row leaves room to complete the letter by hand")
     for (const char *form : kForms) {
         CAPTURE(std::string(form));
         const Printed printed(form, {Row{}});
-        CHECK(packed(printed.pages.at(0)).find("令和年月日から令和年月日まで") != std::string::npos);
+        CHECK(contains(packed(printed.pages.at(0)), "令和年月日から令和年月日まで"));
         CHECK(printed.marked.empty());
     }
 }
 
 TEST_CASE("two characters of one glyph are found again as what they were")
 {
-    Folder folder;
+    TempFolder folder;
     LetterSet set = lettersOn(svgPage("<text x='10' y='20' style='font-family:IPAexMincho'>{{a}}</text>"), {});
     // The radical U+2F40 looks like 支 and is another character; 𠮷 needs two UTF-16 units.
     set.reports[0].letters = LetterTable({"a"}, {"支\u2F40西\u2EC4長\u2ED1髙﨑𠮷", 1, {0}, oneValue});
@@ -184,51 +181,51 @@ TEST_CASE("two characters of one glyph are found again as what they were")
     LetterPress press(set, fonts);
     const std::vector<std::size_t> letters = {0};
 
-    REQUIRE(writeLettersPdf(folder.file("out.pdf"), press, letters));
+    REQUIRE(writeLettersPdf(folder / "out.pdf", press, letters));
 
-    CHECK(packed(pagesOf(folder.file("out.pdf")).at(0)) == "支\u2F40西\u2EC4長\u2ED1髙﨑𠮷");
+    CHECK(packed(pagesOf(folder / "out.pdf").at(0)) == "支\u2F40西\u2EC4長\u2ED1髙﨑𠮷");
 }
 
 TEST_CASE("a PDF holds a subset of each font that its texts needed, and their characters are found again")
 {
-    Folder folder;
+    TempFolder folder;
     const LetterSet set = lettersOn(
         svgPage("<text x='10' y='20' style='font-family:IPAexMincho'>甲𠮷∑乙{{保険者名}}𠮷</text>"), {ordinaryRow()});
     Fonts fonts;
     LetterPress press(set, fonts);
 
-    REQUIRE(writeLettersPdf(folder.file("out.pdf"), press, std::vector<std::size_t>{0}));
+    REQUIRE(writeLettersPdf(folder / "out.pdf", press, std::vector<std::size_t>{0}));
 
-    CHECK(packed(pagesOf(folder.file("out.pdf")).at(0)) == "甲𠮷∑乙高松市𠮷");
-    const std::string pdf = bytesOf(folder.file("out.pdf"));
-    CHECK(pdf.find("+IPAexMincho/") != std::string::npos);
-    CHECK(pdf.find("+IPAmjMincho/") != std::string::npos);
-    CHECK(std::system(("qpdf --check '" + folder.file("out.pdf") + "' >/dev/null 2>&1").c_str()) == 0);
+    CHECK(packed(pagesOf(folder / "out.pdf").at(0)) == "甲𠮷∑乙高松市𠮷");
+    const std::string pdf = folder.bytes("out.pdf");
+    CHECK(contains(pdf, "+IPAexMincho/"));
+    CHECK(contains(pdf, "+IPAmjMincho/"));
+    CHECK(std::system(("qpdf --check '" + folder / "out.pdf" + "' >/dev/null 2>&1").c_str()) == 0);
     CHECK(pdf.size() < 20'000);
 }
 
 TEST_CASE("a row that cannot be read has a page that says so, and no column of it is guessed")
 {
-    Folder folder;
-    const std::string script = writePrintJob(folder, kForms[0], {ordinaryRow(), ordinaryRow()});
-    std::string csv = bytesOf(folder.file("委任状.csv"));
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), ordinaryRow()});
+    std::string csv = folder.bytes("委任状.csv");
     csv.insert(csv.find("\r\n") + 2, "\"only one\"\r\n");
-    writeBytes(folder.file("委任状.csv"), csv);
+    folder.put("委任状.csv", csv);
 
     const Outcome outcome = runViewer(folder, "--pdf out.pdf " + script);
 
     CHECK(outcome.code == 0);
     CHECK(outcome.errors == "1番：列の数が見出し行より少ない行です。\n");
-    const auto pages = pagesOf(folder.file("out.pdf"));
+    const auto pages = pagesOf(folder / "out.pdf");
     REQUIRE(pages.size() == 3);
-    CHECK(packed(pages[0]).find("この行は確実に読み取れないため、委任状にしませんでした。") != std::string::npos);
-    CHECK(packed(pages[0]).find("\"onlyone\"") != std::string::npos);
-    CHECK(packed(pages[1]).find("髙橋花子") != std::string::npos);
+    CHECK(contains(packed(pages[0]), "この行は確実に読み取れないため、委任状にしませんでした。"));
+    CHECK(contains(packed(pages[0]), "\"onlyone\""));
+    CHECK(contains(packed(pages[1]), "髙橋花子"));
 }
 
 TEST_CASE("the paper and the offsets of a script move and scale the page")
 {
-    Folder folder;
+    TempFolder folder;
     LetterSet set = lettersOn(svgPage("<text x='10' y='20'>{{保険者名}}</text>"), {ordinaryRow()});
     Fonts fonts;
     LetterPress press(set, fonts);
@@ -243,60 +240,60 @@ TEST_CASE("the paper and the offsets of a script move and scale the page")
     CHECK(press.onPaper(0)({595.28, 841.89}).x <= press.paperSize().x + 0.01);
     CHECK(press.onPaper(0)({595.28, 841.89}).y <= press.paperSize().y + 0.01);
     const std::vector<std::size_t> letters = {0};
-    REQUIRE(writeLettersPdf(folder.file("a5.pdf"), press, letters));
-    CHECK(bytesOf(folder.file("a5.pdf")).find("/MediaBox[0 0 419.53 595.28]") != std::string::npos);
-    CHECK(packed(pagesOf(folder.file("a5.pdf")).at(0)) == "高松市");
+    REQUIRE(writeLettersPdf(folder / "a5.pdf", press, letters));
+    CHECK(contains(folder.bytes("a5.pdf"), "/MediaBox[0 0 419.53 595.28]"));
+    CHECK(packed(pagesOf(folder / "a5.pdf").at(0)) == "高松市");
 }
 
 TEST_CASE("a writing that is ended leaves no file and keeps the old one")
 {
-    Folder folder;
+    TempFolder folder;
     const LetterSet set = lettersOn(svgPage("<text>{{保険者名}}</text>"), std::vector<Row>(250, ordinaryRow()));
     Fonts fonts;
     LetterPress press(set, fonts);
     std::vector<std::size_t> letters(250);
-    writeBytes(folder.file("out.pdf"), "old");
+    folder.put("out.pdf", "old");
     std::vector<std::size_t> told;
 
-    const bool isWhole = writeLettersPdf(folder.file("out.pdf"), press, letters, [&](std::size_t pages) {
+    const bool isWhole = writeLettersPdf(folder / "out.pdf", press, letters, [&](std::size_t pages) {
         told.push_back(pages);
         return pages < 200;
     });
 
     CHECK_FALSE(isWhole);
     CHECK(told == std::vector<std::size_t>{100, 200});
-    CHECK(bytesOf(folder.file("out.pdf")) == "old");
+    CHECK(folder.bytes("out.pdf") == "old");
     CHECK(folder.names() == std::vector<std::string>{"out.pdf"});
 }
 
 TEST_CASE("a PDF of no letters is refused")
 {
-    Folder folder;
+    TempFolder folder;
     const LetterSet set = lettersOn(svgPage("<text>{{保険者名}}</text>"), {ordinaryRow()});
     Fonts fonts;
     LetterPress press(set, fonts);
-    CHECK_THROWS_AS(writeLettersPdf(folder.file("out.pdf"), press, {}), RuntimeError);
+    CHECK_THROWS_AS(writeLettersPdf(folder / "out.pdf", press, {}), RuntimeError);
     CHECK(folder.names().empty());
 }
 
 TEST_CASE("the same letters give the same bytes")
 {
-    Folder folder;
+    TempFolder folder;
     for (const char *name : {"a.pdf", "b.pdf"}) {
         const LetterSet set = lettersOn(svgPage("<text>{{保険者名}}</text>"), {ordinaryRow()});
         Fonts fonts;
         LetterPress press(set, fonts);
-        REQUIRE(writeLettersPdf(folder.file(name), press, std::vector<std::size_t>{0}));
+        REQUIRE(writeLettersPdf(folder / name, press, std::vector<std::size_t>{0}));
     }
-    CHECK(bytesOf(folder.file("a.pdf")) == bytesOf(folder.file("b.pdf")));
+    CHECK(folder.bytes("a.pdf") == folder.bytes("b.pdf"));
 }
 
 TEST_CASE("a PDF reader's checker finds no fault in the file")
 {
-    Folder folder;
-    const std::string script = writePrintJob(folder, kForms[0], {ordinaryRow(), longestRow(), oddRow()});
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), longestRow(), oddRow()});
     REQUIRE(runViewer(folder, "--pdf out.pdf " + script).code == 0);
-    CHECK(std::system(("qpdf --check '" + folder.file("out.pdf") + "' >/dev/null 2>&1").c_str()) == 0);
+    CHECK(std::system(("qpdf --check '" + folder / "out.pdf" + "' >/dev/null 2>&1").c_str()) == 0);
 }
 
 TEST_CASE("numbers are written as short as they can be")

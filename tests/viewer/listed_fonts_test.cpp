@@ -7,13 +7,14 @@
 
 #include <cstdint>
 
+using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
 namespace {
 
 /// Where this machine has a font of the tests.
-std::string pathOf(const std::string &family)
+std::string fontPath(const std::string &family)
 {
     static Fonts fonts;
     return fonts.font(family).path();
@@ -21,7 +22,7 @@ std::string pathOf(const std::string &family)
 
 FontFile listed(const std::string &family, const std::string &listedAs)
 {
-    return {pathOf(family), listedAs};
+    return {fontPath(family), listedAs};
 }
 
 std::uint32_t number(const std::string &bytes, std::size_t place, std::size_t size)
@@ -68,7 +69,7 @@ TEST_CASE("a font is found by the name that it is listed under, in either langua
         const auto found = fonts.find(name);
         REQUIRE(found);
         CHECK(found->isAsked);
-        CHECK(found->font.path == pathOf("IPAexMincho"));
+        CHECK(found->font.path == fontPath("IPAexMincho"));
     }
 }
 
@@ -76,8 +77,8 @@ TEST_CASE("a file that is not listed, and a family of an unknown name, are found
 {
     ListedFonts fonts(
         {listed("IPAexGothic", "IPAexゴシック"), listed("IPAexMincho", ""), listed("DejaVu Serif", "X & Y")});
-    CHECK(fonts.find("IPAexMincho")->font.path == pathOf("IPAexMincho"));
-    CHECK(fonts.find("DejaVu Serif")->font.path == pathOf("DejaVu Serif"));
+    CHECK(fonts.find("IPAexMincho")->font.path == fontPath("IPAexMincho"));
+    CHECK(fonts.find("DejaVu Serif")->font.path == fontPath("DejaVu Serif"));
     CHECK(fonts.find("DejaVu Serif")->isAsked);
 }
 
@@ -98,7 +99,7 @@ TEST_CASE("a family that is missing is replaced by one of its style, and said no
         const auto match = fonts.find(each.asked);
         REQUIRE(match);
         CHECK_FALSE(match->isAsked);
-        CHECK(match->font.path == pathOf(each.found));
+        CHECK(match->font.path == fontPath(each.found));
     }
 }
 
@@ -106,31 +107,31 @@ TEST_CASE(
     "the other style, then any font, stands in where a machine has nothing nearer; without fonts nothing is found")
 {
     ListedFonts gothicOnly({listed("DejaVu Sans", "DejaVu Sans"), listed("IPAexGothic", "IPAexGothic")});
-    CHECK(gothicOnly.find("IPAexMincho")->font.path == pathOf("IPAexGothic"));
+    CHECK(gothicOnly.find("IPAexMincho")->font.path == fontPath("IPAexGothic"));
     ListedFonts latinOnly({listed("DejaVu Sans", "DejaVu Sans")});
-    CHECK(latinOnly.find("IPAexMincho")->font.path == pathOf("DejaVu Sans"));
+    CHECK(latinOnly.find("IPAexMincho")->font.path == fontPath("DejaVu Sans"));
     CHECK_FALSE(ListedFonts({}).find("IPAexMincho"));
 }
 
 TEST_CASE("files that are no fonts, broken ones and missing ones are passed over")
 {
-    Folder folder;
-    writeBytes(folder.file("a.ttf"), "no font");
-    writeBytes(folder.file("b.ttf"), "");
-    writeBytes(folder.file("c.ttf"), bytesOf(pathOf("IPAexMincho")).substr(0, 300));
-    ListedFonts fonts({{folder.file("a.ttf"), "IPAexMincho"},
-                       {folder.file("b.ttf"), "IPAexMincho"},
-                       {folder.file("c.ttf"), "IPAexMincho"},
-                       {folder.file("missing.ttf"), "IPAexMincho"},
+    TempFolder folder;
+    folder.put("a.ttf", "no font");
+    folder.put("b.ttf", "");
+    folder.put("c.ttf", bytesOf(fontPath("IPAexMincho")).substr(0, 300));
+    ListedFonts fonts({{folder / "a.ttf", "IPAexMincho"},
+                       {folder / "b.ttf", "IPAexMincho"},
+                       {folder / "c.ttf", "IPAexMincho"},
+                       {folder / "missing.ttf", "IPAexMincho"},
                        listed("IPAexMincho", "IPAexMincho")});
-    CHECK(fonts.find("IPAexMincho")->font.path == pathOf("IPAexMincho"));
+    CHECK(fonts.find("IPAexMincho")->font.path == fontPath("IPAexMincho"));
 }
 
 TEST_CASE("a font of a collection is found with its place in it, and writes its own glyphs")
 {
-    Folder folder;
-    const std::string path = folder.file("two.ttc");
-    writeBytes(path, collectionOf({bytesOf(pathOf("IPAexGothic")), bytesOf(pathOf("DejaVu Serif"))}));
+    TempFolder folder;
+    const std::string path = folder / "two.ttc";
+    writeBytes(path, collectionOf({bytesOf(fontPath("IPAexGothic")), bytesOf(fontPath("DejaVu Serif"))}));
     auto catalogue = std::make_unique<ListedFonts>(std::vector<FontFile>{{path, "IPAexGothic & DejaVu Serif"}});
     CHECK(catalogue->find("IPAexGothic")->font.index == 0);
     CHECK(catalogue->find("DejaVu Serif")->font.index == 1);
@@ -147,20 +148,20 @@ TEST_CASE("the font of family registers stands in first for a rare character, an
     ListedFonts fonts(
         {listed("IPAexMincho", "IPAexMincho"), listed("DejaVu Sans", ""), listed("IPAmjMincho", "IPAmj明朝")});
     REQUIRE(fonts.withCharacter(U'𠮷').size() == 1);
-    CHECK(fonts.withCharacter(U'𠮷').front().path == pathOf("IPAmjMincho"));
-    CHECK(fonts.withCharacter(U'ﬁ').front().path == pathOf("DejaVu Sans"));
+    CHECK(fonts.withCharacter(U'𠮷').front().path == fontPath("IPAmjMincho"));
+    CHECK(fonts.withCharacter(U'ﬁ').front().path == fontPath("DejaVu Sans"));
     CHECK(fonts.withCharacter(U'\U0010FFFD').empty());
 }
 
 TEST_CASE("the fonts of a folder are its font files by name, and a folder that is missing has none")
 {
-    Folder folder;
-    for (const char *name : {"b.TTF", "a.ttc", "c.otf", "readme.txt", "ttf"}) writeBytes(folder.file(name), "x");
-    const auto files = fontFilesIn(folder.path().string());
+    TempFolder folder;
+    for (const char *name : {"b.TTF", "a.ttc", "c.otf", "readme.txt", "ttf"}) folder.put(name, "x");
+    const auto files = fontFilesIn(folder.path());
     REQUIRE(files.size() == 3);
     CHECK(files[0].path.ends_with("a.ttc"));
     CHECK(files[1].path.ends_with("b.TTF"));
     CHECK(files[2].path.ends_with("c.otf"));
     CHECK(files[0].listedAs.empty());
-    CHECK(fontFilesIn(folder.file("none")).empty());
+    CHECK(fontFilesIn(folder / "none").empty());
 }

@@ -3,12 +3,13 @@
 
 #include <doctest/doctest.h>
 
+using namespace inin;
 using namespace inin::viewer::test;
 
 TEST_CASE("a program without a toolkit says that it has no window and no pictures, and leaves nothing behind")
 {
-    Folder folder;
-    const std::string script = writePrintJob(folder, "委任状37_01.wfd", {ordinaryRow()});
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
     const Outcome window = runViewer(folder, "/c " + script);
     CHECK(window.code == 2);
     CHECK(window.errors == "formviewer: このプログラムには画面がないので、--pdf か --check を指定してください。\n");

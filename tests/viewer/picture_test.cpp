@@ -84,7 +84,7 @@ void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
 }
 
 struct Pictures {
-    Folder folder;
+    TempFolder folder;
     LetterSet set;
     Fonts fonts;
     LetterPress press;
@@ -95,6 +95,32 @@ struct Pictures {
     {
     }
     QImage picture(std::size_t letter) { return letterImage(press, letter, kDots, glyphs); }
+};
+
+/// The upper left corner of one letter on a form of our own, by each way that it can go out.
+struct Corner {
+    TempFolder folder;
+    LetterSet set;
+    QRect place;
+    Fonts fonts;
+    LetterPress press{set, fonts};
+    QtGlyphs glyphs;
+    Corner(const std::string &elements, int width, int height)
+        : set(lettersOn(svgPage(elements), {ordinaryRow()})), place(0, 0, width, height)
+    {
+    }
+    QImage picture() { return letterImage(press, 0, kDots, glyphs).copy(place); }
+    std::string pdf()
+    {
+        REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+        return folder / "o.pdf";
+    }
+    QImage inPdf() { return rasterized(pdf(), static_cast<int>(kDots)).copy(place); }
+    QImage onPrinter()
+    {
+        printLetter(press, folder / "printed.pdf", glyphs);
+        return rasterized(folder / "printed.pdf", static_cast<int>(kDots)).copy(place);
+    }
 };
 
 } // namespace
@@ -112,19 +138,11 @@ TEST_CASE("each form looks as it did, with ordinary, longest and odd data and wi
 
 TEST_CASE("characters of stand-in fonts look as they did, in the picture and in the PDF")
 {
-    Folder folder;
-    const LetterSet set = lettersOn(
-        svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:10px'>西𠮷∑田</text>"), {ordinaryRow()});
-    Fonts fonts;
-    LetterPress press(set, fonts);
-    QtGlyphs glyphs;
-    const QRect top(0, 0, 120, 48);
-    const QImage picture = letterImage(press, 0, kDots, glyphs).copy(top);
+    Corner corner("<text x='4' y='14' style='font-family:IPAexMincho;font-size:10px'>西𠮷∑田</text>", 120, 48);
+    const QImage picture = corner.picture();
     holdAgainstGolden(picture, "stand_ins.png");
-    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-    const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
-    CHECK(difference(coarse(picture), coarse(page)) < 0.02);
-    CHECK(difference(coarse(picture), coarse(picture.copy(2, 0, top.width(), top.height()))) > 0.05);
+    CHECK(difference(coarse(picture), coarse(corner.inPdf())) < 0.02);
+    CHECK(difference(coarse(picture), coarse(picture.copy(corner.place.translated(2, 0)))) > 0.05);
 }
 
 TEST_CASE("a bold text is darker than the same text and takes the same room, on screen, in the PDF and on a printer")
@@ -138,25 +156,17 @@ TEST_CASE("a bold text is darker than the same text and takes the same room, on 
     double inks[2] = {}, pdfInks[2] = {}, printedInks[2] = {};
     QImage picture;
     for (const int bold : {0, 1}) {
-        Folder folder;
-        const LetterSet set =
-            lettersOn(svgPage("<text x='4' y='14' style='font-family:IPAexMincho;font-size:8px;font-weight:" +
-                              std::string(bold != 0 ? "bold" : "normal") +
-                              "'>委任状𠮷</text><text x='4' y='24' style='font-size:8px'>本文</text>"),
-                      {ordinaryRow()});
-        Fonts fonts;
-        LetterPress press(set, fonts);
-        QtGlyphs glyphs;
-        const QRect top(0, 0, 130, 80);
-        picture = letterImage(press, 0, kDots, glyphs).copy(top);
+        Corner corner("<text x='4' y='14' style='font-family:IPAexMincho;font-size:8px;font-weight:" +
+                          std::string(bold != 0 ? "bold" : "normal") +
+                          "'>委任状𠮷</text><text x='4' y='24' style='font-size:8px'>本文</text>",
+                      130, 80);
+        picture = corner.picture();
         inks[bold] = inkOf(picture);
-        REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-        const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
+        const QImage page = corner.inPdf();
         pdfInks[bold] = inkOf(page);
         CHECK(difference(coarse(picture), coarse(page)) < 0.03);
-        CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "委任状𠮷本文");
-        printLetter(press, folder.file("printed.pdf"), glyphs);
-        const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
+        CHECK(packed(pagesOf(corner.pdf()).at(0)) == "委任状𠮷本文");
+        const QImage printed = corner.onPrinter();
         printedInks[bold] = inkOf(printed);
         CHECK(difference(coarse(picture), coarse(printed)) < 0.03);
     }
@@ -168,32 +178,23 @@ TEST_CASE("a bold text is darker than the same text and takes the same room, on 
 
 TEST_CASE("a text that runs down looks as it did, the same in the picture, in the PDF and on a printer")
 {
-    Folder folder;
     const std::string down = "style='writing-mode:vertical-rl;font-family:IPAexMincho;font-size:8px";
-    const LetterSet set = lettersOn(svgPage("<rect id='b' x='4' y='4' width='10' height='50' fill='none' stroke='#888'"
-                                            " stroke-width='.3'/><text data-box='b' " +
-                                            down + "'>「縦書き」、です。ー</text><text x='24' y='4' " + down +
-                                            ";font-weight:bold'>令和6年（𠮷…）</text><text x='36' y='4' " + down +
-                                            ";letter-spacing:2px;text-orientation:upright'>5月1日</text>"),
-                                    {ordinaryRow()});
-    Fonts fonts;
-    LetterPress press(set, fonts);
-    QtGlyphs glyphs;
-    const QRect top(0, 0, 110, 170);
-    const QImage picture = letterImage(press, 0, kDots, glyphs).copy(top);
+    Corner corner("<rect id='b' x='4' y='4' width='10' height='50' fill='none' stroke='#888'"
+                  " stroke-width='.3'/><text data-box='b' " +
+                      down + "'>「縦書き」、です。ー</text><text x='24' y='4' " + down +
+                      ";font-weight:bold'>令和6年（𠮷…）</text><text x='36' y='4' " + down +
+                      ";letter-spacing:2px;text-orientation:upright'>5月1日</text>",
+                  110, 170);
+    const QImage picture = corner.picture();
     holdAgainstGolden(picture, "running_down.png");
-    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-    const QImage page = rasterized(folder.file("o.pdf"), static_cast<int>(kDots)).copy(top);
-    CHECK(difference(coarse(picture), coarse(page)) < 0.02);
-    CHECK(difference(coarse(picture), coarse(picture.copy(0, 2, top.width(), top.height()))) > 0.035);
-    printLetter(press, folder.file("printed.pdf"), glyphs);
-    const QImage printed = rasterized(folder.file("printed.pdf"), static_cast<int>(kDots)).copy(top);
-    CHECK(difference(coarse(picture), coarse(printed)) < 0.02);
+    CHECK(difference(coarse(picture), coarse(corner.inPdf())) < 0.02);
+    CHECK(difference(coarse(picture), coarse(picture.copy(corner.place.translated(0, 2)))) > 0.035);
+    CHECK(difference(coarse(picture), coarse(corner.onPrinter())) < 0.02);
 }
 
 TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
 {
-    Pictures pictures("委任状37_01.wfd");
+    Pictures pictures(kForm);
     const QImage before = pictures.picture(0);
     pictures.set.offsetX = 10;
     CHECK(difference(before, pictures.picture(0)) > 10 * kShareTolerance);
@@ -201,12 +202,12 @@ TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
 
 TEST_CASE("the picture of a letter and its PDF show the same")
 {
-    Folder folder;
-    const std::string script = writePrintJob(folder, "委任状37_01.wfd", {longestRow()});
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {longestRow()});
     REQUIRE(runViewer(folder, "--pdf o.pdf --png p --dpi 100 " + script).code == 0);
     QImage ours;
-    REQUIRE(ours.load(QString::fromStdString(folder.file("p/001.png"))));
-    const QImage theirs = rasterized(folder.file("o.pdf"), 100);
+    REQUIRE(ours.load(QString::fromStdString(folder / "p/001.png")));
+    const QImage theirs = rasterized(folder / "o.pdf", 100);
     CHECK(difference(coarse(ours), coarse(theirs)) < 0.01);
     // The same comparison finds a page that is off by a millimetre.
     const QImage moved = ours.copy(4, 0, ours.width(), ours.height());

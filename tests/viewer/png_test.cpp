@@ -4,24 +4,14 @@
 
 #include <algorithm>
 
+using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 namespace fs = std::filesystem;
 
-namespace {
-
-constexpr const char *kForm = "委任状37_01.wfd";
-
-bool contains(const std::string &text, const std::string &part)
-{
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
-
 TEST_CASE("the letters that are ticked come out as pictures, beside the PDF")
 {
-    Folder folder;
+    TempFolder folder;
     std::vector<Row> rows(8, ordinaryRow());
     const std::string script = writePrintJob(folder, kForm, rows);
 
@@ -29,25 +19,25 @@ TEST_CASE("the letters that are ticked come out as pictures, beside the PDF")
 
     CHECK(outcome.code == 0);
     CHECK(outcome.errors.empty());
-    CHECK(pagesOf(folder.file("out.pdf")).size() == 4);
+    CHECK(pagesOf(folder / "out.pdf").size() == 4);
     std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator(folder.path() / "pictures"))
+    for (const auto &entry : fs::directory_iterator(folder.folder() / "pictures"))
         names.push_back(entry.path().filename().string());
     std::ranges::sort(names);
     CHECK(names == std::vector<std::string>{"001.png", "002.png", "003.png", "007.png"});
-    CHECK(bytesOf(folder.file("pictures/001.png")).starts_with("\x89PNG"));
+    CHECK(folder.bytes("pictures/001.png").starts_with("\x89PNG"));
 }
 
 TEST_CASE("pictures that cannot be written are told, and nothing half-written stays")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-    writeBytes(folder.file("taken"), "x");
+    folder.put("taken", "x");
     const Outcome outcome = runViewer(folder, "--png taken " + script);
     CHECK(outcome.code == 1);
     CHECK(contains(outcome.errors, "taken」を作成できません。"));
-    fs::create_directories(folder.path() / "pictures" / "001.png");
+    fs::create_directories(folder.folder() / "pictures" / "001.png");
     CHECK(runViewer(folder, "--png pictures " + script).code == 1);
-    CHECK(std::distance(fs::directory_iterator(folder.path() / "pictures"), {}) == 1);
-    CHECK(bytesOf(folder.file("taken")) == "x");
+    CHECK(std::distance(fs::directory_iterator(folder.folder() / "pictures"), {}) == 1);
+    CHECK(folder.bytes("taken") == "x");
 }

@@ -13,17 +13,16 @@ fs::path unlimitedPath(const fs::path &path)
     return path;
 }
 
-Outcome runViewer(const Folder &folder, const std::string &arguments, const std::string &name)
+Outcome runViewer(const TempFolder &folder, const std::string &arguments, const std::string &name)
 {
-    const Folder outside;
-    const std::string program = outside.file(name);
+    const TempFolder outside;
+    const std::string program = outside / name;
     fs::create_symlink(ININ_FORMVIEWER, program);
     // Without a display: a test must not open windows.
-    const std::string command = "cd '" + folder.path().string() +
-                                "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" + program + "' " +
-                                arguments + " >'" + outside.file("out") + "' 2>'" + outside.file("err") + "'";
+    const std::string command = "cd '" + folder.path() + "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" +
+                                program + "' " + arguments + " >'" + outside / "out" + "' 2>'" + outside / "err" + "'";
     const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, bytesOf(outside.file("out")), bytesOf(outside.file("err"))};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, outside.bytes("out"), outside.bytes("err")};
 }
 
 } // namespace inin::viewer::test

@@ -18,13 +18,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char *kForm = "委任状37_01.wfd";
-
-bool contains(const std::string &text, const std::string &part)
-{
-    return text.find(part) != std::string::npos;
-}
-
 /// Replaces a piece of a file that is there.
 void change(const std::string &path, const std::string &from, const std::string &to)
 {
@@ -38,45 +31,45 @@ void change(const std::string &path, const std::string &from, const std::string 
 
 TEST_CASE("the letters that are ticked come out as a PDF")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, std::vector<Row>(8, ordinaryRow()));
 
     const Outcome outcome = runViewer(folder, "--pdf out.pdf --letters 1-3,7 " + script);
 
     CHECK(outcome.code == 0);
     CHECK(outcome.errors.empty());
-    CHECK(pagesOf(folder.file("out.pdf")).size() == 4);
+    CHECK(pagesOf(folder / "out.pdf").size() == 4);
 }
 
 TEST_CASE("the script is found by either slash and in any case")
 {
-    Folder folder;
-    fs::create_directory(folder.path() / "TMP");
-    fs::rename(writePrintJob(folder, kForm, {ordinaryRow()}), folder.path() / "TMP" / "WfdCom.dat");
+    TempFolder folder;
+    fs::create_directory(folder.folder() / "TMP");
+    fs::rename(writePrintJob(folder, kForm, {ordinaryRow()}), folder.folder() / "TMP" / "WfdCom.dat");
     CHECK(runViewer(folder, "--pdf out.pdf /c './tmp\\WFDCOM.DAT'").code == 0);
-    CHECK(fs::exists(folder.file("out.pdf")));
+    CHECK(folder.has("out.pdf"));
 }
 
 TEST_CASE("a form, a letter file and a script that are missing are told with their paths")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
     CHECK(contains(runViewer(folder, "--pdf o.pdf none.dat").errors, "ファイル「none.dat」が見つかりません。"));
-    fs::rename(folder.file("委任状.csv"), folder.file("x.csv"));
+    fs::rename(folder / "委任状.csv", folder / "x.csv");
     Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
     CHECK(outcome.code == 1);
-    CHECK(contains(outcome.errors, "ファイル「" + folder.path().string() + "\\委任状.csv」が見つかりません。"));
-    fs::rename(folder.file("x.csv"), folder.file("委任状.csv"));
-    fs::remove(folder.path() / kForm);
+    CHECK(contains(outcome.errors, "ファイル「" + folder.path() + "\\委任状.csv」が見つかりません。"));
+    fs::rename(folder / "x.csv", folder / "委任状.csv");
+    fs::remove(folder.folder() / kForm);
     outcome = runViewer(folder, "--pdf o.pdf " + script);
     CHECK(outcome.code == 1);
-    CHECK(contains(outcome.errors, "ファイル「" + folder.path().string() + "\\委任状37_01.wfd」が見つかりません。"));
-    CHECK_FALSE(fs::exists(folder.file("o.pdf")));
+    CHECK(contains(outcome.errors, "ファイル「" + folder.path() + "\\委任状37_01.wfd」が見つかりません。"));
+    CHECK_FALSE(folder.has("o.pdf"));
 }
 
 TEST_CASE("a script without a letter file, and letters without rows, are told")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {});
     CHECK(contains(runViewer(folder, "--pdf o.pdf " + script).errors,
                    "印刷する委任状がありません。CSV にデータの行がありません。"));
@@ -88,15 +81,15 @@ TEST_CASE("a script without a letter file, and letters without rows, are told")
 
 TEST_CASE("a form that is none of ours gives a message and plain lists of the rows")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), longestRow()});
-    writeBytes(folder.file(kForm), std::string("WFD\0\x01\x02 binary", 13));
+    folder.put(kForm, std::string("WFD\0\x01\x02 binary", 13));
 
     const Outcome outcome = runViewer(folder, "--pdf out.pdf " + script);
 
     CHECK(outcome.code == 0);
     CHECK(contains(outcome.errors, "はこのプログラムの帳票（SVG）ではないため、各行の内容を一覧で表示します。"));
-    const auto pages = pagesOf(folder.file("out.pdf"));
+    const auto pages = pagesOf(folder / "out.pdf");
     REQUIRE(pages.size() == 2);
     for (const char *text : {"保険者名", "高松市", "世帯主電話", "087-000-0001", "金融機関名２", "2024/05/01"}) {
         CAPTURE(std::string(text));
@@ -107,36 +100,36 @@ TEST_CASE("a form that is none of ours gives a message and plain lists of the ro
 
 TEST_CASE("letters with a column too few are refused by the column's name, with one too many they are printed")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-    const std::string csv = bytesOf(folder.file("委任状.csv"));
-    writeBytes(folder.file("委任状.csv"), encodeCp932("\"保険者名\"\r\n\"高松市\"\r\n"));
+    const std::string csv = folder.bytes("委任状.csv");
+    folder.put("委任状.csv", encodeCp932("\"保険者名\"\r\n\"高松市\"\r\n"));
     CHECK(contains(runViewer(folder, "--pdf o.pdf " + script).errors, "」が CSV にありません。"));
     std::string wider = decodeCp932(csv);
     wider.replace(wider.find("\r\n"), 2, ",\"備考\"\r\n");
     wider.replace(wider.rfind("\r\n"), 2, ",\"x\"\r\n");
-    writeBytes(folder.file("委任状.csv"), encodeCp932(wider));
+    folder.put("委任状.csv", encodeCp932(wider));
     CHECK(runViewer(folder, "--pdf o.pdf " + script).code == 0);
-    CHECK(contains(packed(pagesOf(folder.file("o.pdf")).at(0)), "髙橋花子"));
+    CHECK(contains(packed(pagesOf(folder / "o.pdf").at(0)), "髙橋花子"));
 }
 
 TEST_CASE("a letter file in another order of columns fills the same places")
 {
-    Folder folder;
-    writeBytes(folder.file("f.svg"), svgPage("<text x='9' y='9'>甲{{a}}</text><text x='9' y='29'>乙{{b}}</text>"));
+    TempFolder folder;
+    folder.put("f.svg", svgPage("<text x='9' y='9'>甲{{a}}</text><text x='9' y='29'>乙{{b}}</text>"));
     const std::string script =
-        "FileName,\"" + folder.file("f.svg") + "\"\r\nSetDataText,\"d\",\"" + folder.file("d.csv") + "\"\r\n";
-    writeBytes(folder.file("s.dat"), encodeCp932(script));
+        "FileName,\"" + folder / "f.svg" + "\"\r\nSetDataText,\"d\",\"" + folder / "d.csv" + "\"\r\n";
+    folder.put("s.dat", encodeCp932(script));
     for (const char *csv : {"\"a\",\"b\"\r\n\"1\",\"2\"\r\n", "\"b\",\"a\"\r\n\"2\",\"1\"\r\n"}) {
-        writeBytes(folder.file("d.csv"), csv);
+        folder.put("d.csv", csv);
         REQUIRE(runViewer(folder, "--pdf o.pdf s.dat").code == 0);
-        CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "甲1乙2");
+        CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "甲1乙2");
     }
 }
 
 TEST_CASE("a script that names itself as its letters is told and stays as it was")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
     change(script, encodeCp932("\\委任状.csv"), "\\WfdCom.dat");
     const std::string before = bytesOf(script);
@@ -150,9 +143,9 @@ TEST_CASE("a script that names itself as its letters is told and stays as it was
 
 TEST_CASE("a PDF that cannot be written leaves nothing behind")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-    fs::create_directory(folder.path() / "folder.pdf");
+    fs::create_directory(folder.folder() / "folder.pdf");
     CHECK(runViewer(folder, "--pdf folder.pdf " + script).code == 1);
     CHECK(runViewer(folder, "--pdf missing/o.pdf " + script).code == 1);
     CHECK(contains(runViewer(folder, "--pdf /dev/full " + script).errors, "ファイル「/dev/full」に書き込めません。"));
@@ -161,42 +154,42 @@ TEST_CASE("a PDF that cannot be written leaves nothing behind")
 
 TEST_CASE("a disk that fills up leaves the old PDF and nothing half-written")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, std::vector<Row>(300, ordinaryRow()));
-    writeBytes(folder.file("o.pdf"), "old");
+    folder.put("o.pdf", "old");
     // The user's limit on a file's size stands in for a full disk: a write fails in the middle.
-    const std::string command = "cd '" + folder.path().string() +
-                                "' && (ulimit -f 100; '" ININ_FORMVIEWER "' --pdf o.pdf '" + script + "') 2>err.txt";
+    const std::string command =
+        "cd '" + folder.path() + "' && (ulimit -f 100; '" ININ_FORMVIEWER "' --pdf o.pdf '" + script + "') 2>err.txt";
 
     CHECK(WEXITSTATUS(std::system(command.c_str())) == 1);
 
-    CHECK(contains(bytesOf(folder.file("err.txt")), "o.pdf」に書き込めません。"));
-    CHECK(bytesOf(folder.file("o.pdf")) == "old");
+    CHECK(contains(folder.bytes("err.txt"), "o.pdf」に書き込めません。"));
+    CHECK(folder.bytes("o.pdf") == "old");
     CHECK(folder.names() ==
           std::vector<std::string>{"WfdCom.dat", "err.txt", "o.pdf", "委任状.csv", "委任状37_01.wfd"});
 }
 
 TEST_CASE("a merge writes a combined form that the viewer prints, letters in the order of the reports")
 {
-    Folder folder;
-    const std::string dir = folder.path().string();
-    writeBytes(folder.file("1.svg"), svgPage("<text x='9' y='9'>一{{1}}と{{2}}</text>"));
-    writeBytes(folder.file("2.svg"), svgPage("<text x='9' y='9'>二{{1}}と{{別.1}}</text>"));
-    writeBytes(folder.file("1.csv"), "\"a\",\"b\"\r\n\"c\",\"d\"\r\n");
-    writeBytes(folder.file("2.csv"), "\"e\",\"f\"\r\n");
-    writeBytes(folder.file("3.csv"), "\"g\",\"h\"\r\n");
+    TempFolder folder;
+    const std::string dir = folder.path();
+    folder.put("1.svg", svgPage("<text x='9' y='9'>一{{1}}と{{2}}</text>"));
+    folder.put("2.svg", svgPage("<text x='9' y='9'>二{{1}}と{{別.1}}</text>"));
+    folder.put("1.csv", "\"a\",\"b\"\r\n\"c\",\"d\"\r\n");
+    folder.put("2.csv", "\"e\",\"f\"\r\n");
+    folder.put("3.csv", "\"g\",\"h\"\r\n");
     const std::string tail = "\",\",\", \"\"\"\", True\r\n";
-    writeBytes(folder.file("WfdCom.dat"),
+    folder.put("WfdCom.dat",
                encodeCp932("setTitle,\"まとめ\"\r\nSetDataText,\"主\",\"" + dir + "\\1.csv" + tail + "setreport,\"" +
                            dir + "\\1.svg\"\r\nAddReport\r\nSetDataText,\"主\",\"" + dir + "\\2.csv" + tail +
                            "SetDataText,\"別\",\"" + dir + "\\3.csv" + tail + "setreport,\"" + dir + "\\2.svg\"\r\n"));
 
     REQUIRE(runViewer(folder, "'" + dir + "\\tmp.wfd' /c '" + dir + "\\WfdCom.dat'", "wfrimg10.exe").code == 0);
-    writeBytes(folder.file("WfdCom.dat"),
+    folder.put("WfdCom.dat",
                encodeCp932("Title,\"まとめ\"\r\nFileName,\"" + dir + "\\tmp.wfd\"\r\nPrintOutFromDialog\r\n"));
     REQUIRE(runViewer(folder, "--pdf o.pdf WfdCom.dat").code == 0);
 
-    const auto pages = pagesOf(folder.file("o.pdf"));
+    const auto pages = pagesOf(folder / "o.pdf");
     REQUIRE(pages.size() == 3);
     CHECK(packed(pages[0]) == "一aとb");
     CHECK(packed(pages[1]) == "一cとd");
@@ -205,8 +198,8 @@ TEST_CASE("a merge writes a combined form that the viewer prints, letters in the
 
 TEST_CASE("a merger's script without reports writes nothing and is told")
 {
-    Folder folder;
-    writeBytes(folder.file("s.dat"), encodeCp932("Title,\"まとめ\"\r\nFileName,\"\"\r\n"));
+    TempFolder folder;
+    folder.put("s.dat", encodeCp932("Title,\"まとめ\"\r\nFileName,\"\"\r\n"));
     const Outcome outcome = runViewer(folder, "tmp.wfd /c s.dat", "wfrimg10.exe");
     CHECK(outcome.code == 1);
     CHECK(contains(outcome.errors, "結合する帳票（setreport）がありません。"));
@@ -224,30 +217,30 @@ TEST_CASE("a combined form keeps paths with quotes and angles, and refuses to ho
     CHECK(back[0].data[0].path == "/d&.csv");
     CHECK_FALSE(back[0].data[0].hasTitles);
 
-    Folder folder;
-    writeBytes(folder.file("tmp.wfd"), combinedFormText({{folder.file("tmp.wfd"), {}}}));
-    writeBytes(folder.file("s.dat"), encodeCp932("FileName,\"" + folder.file("tmp.wfd") + "\"\r\n"));
+    TempFolder folder;
+    folder.put("tmp.wfd", combinedFormText({{folder / "tmp.wfd", {}}}));
+    folder.put("s.dat", encodeCp932("FileName,\"" + folder / "tmp.wfd" + "\"\r\n"));
     CHECK(contains(runViewer(folder, "--pdf o.pdf s.dat").errors, "結合した帳票の中に結合した帳票は置けません。"));
 }
 
 TEST_CASE("an item value takes the place of the text of that name, and one without a place is told")
 {
-    Folder folder;
-    writeBytes(folder.file("f.svg"), svgPage("<text id='件名' x='9' y='9'>元の文</text>"));
-    writeBytes(folder.file("d.csv"), "\"a\"\r\n\"1\"\r\n");
+    TempFolder folder;
+    folder.put("f.svg", svgPage("<text id='件名' x='9' y='9'>元の文</text>"));
+    folder.put("d.csv", "\"a\"\r\n\"1\"\r\n");
     writeBytes(
-        folder.file("s.dat"),
-        encodeCp932("FileName,\"" + folder.file("f.svg") + "\"\r\nSetDataText,\"d\",\"" + folder.file("d.csv") +
+        folder / "s.dat",
+        encodeCp932("FileName,\"" + folder / "f.svg" + "\"\r\nSetDataText,\"d\",\"" + folder / "d.csv" +
                     "\"\r\nSetItemValue,\"帳票.頭.件名\",\"{{a}}新しい文\"\r\nSetItemValue,\"帳票.無い\",\"x\"\r\n"));
     const Outcome outcome = runViewer(folder, "--pdf o.pdf s.dat");
     REQUIRE(outcome.code == 0);
     CHECK(outcome.errors == "帳票に項目「帳票.無い」がありません。\n");
-    CHECK(packed(pagesOf(folder.file("o.pdf")).at(0)) == "{{a}}新しい文");
+    CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "{{a}}新しい文");
 }
 
 TEST_CASE("an unknown line of a script is told, and the letters come all the same")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
     writeBytes(script, "Hello,\"x\"\r\n" + bytesOf(script));
     const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
@@ -257,40 +250,40 @@ TEST_CASE("an unknown line of a script is told, and the letters come all the sam
 
 TEST_CASE("the folder that ININ_FONTS names is the only one that fonts are taken from")
 {
-    Folder folder;
+    TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-    fs::create_directory(folder.path() / "fonts");
-    fs::copy_file(Fonts().font("IPAexMincho").path(), folder.path() / "fonts" / "one.ttf");
-    REQUIRE(setenv("ININ_FONTS", folder.file("fonts").c_str(), 1) == 0);
+    fs::create_directory(folder.folder() / "fonts");
+    fs::copy_file(Fonts().font("IPAexMincho").path(), folder.folder() / "fonts" / "one.ttf");
+    REQUIRE(setenv("ININ_FONTS", (folder / "fonts").c_str(), 1) == 0);
     const Outcome one = runViewer(folder, "--pdf one.pdf " + script);
-    fs::remove(folder.path() / "fonts" / "one.ttf");
+    fs::remove(folder.folder() / "fonts" / "one.ttf");
     const Outcome none = runViewer(folder, "--pdf none.pdf " + script);
     unsetenv("ININ_FONTS");
 
     CHECK(one.code == 0);
     CHECK(one.errors == "書体「IPAexGothic」がないので「IPAex明朝」で表示します。\n");
-    CHECK(bytesOf(folder.file("one.pdf")).find("Gothic") == std::string::npos);
+    CHECK_FALSE(contains(folder.bytes("one.pdf"), "Gothic"));
     CHECK(none.code == 1);
     CHECK(contains(none.errors, "帳票に使える書体がこのコンピューターにありません。"));
-    CHECK_FALSE(fs::exists(folder.file("none.pdf")));
+    CHECK_FALSE(folder.has("none.pdf"));
 }
 
 TEST_CASE("a finished file has the rights that the user's mask allows")
 {
-    Folder folder;
-    FinishedFile file(folder.file("a"));
+    TempFolder folder;
+    FinishedFile file(folder / "a");
     file.finish();
     const mode_t mask = umask(0);
     umask(mask);
-    CHECK(static_cast<mode_t>(fs::status(folder.file("a")).permissions()) == (0666 & ~mask));
+    CHECK(static_cast<mode_t>(fs::status(folder / "a").permissions()) == (0666 & ~mask));
 }
 
 TEST_CASE("a form whose own text has a character that no font has is told")
 {
-    Folder folder;
-    writeBytes(folder.file("f.svg"), svgPage("<text x='9' y='9'>𠮷\U0010FFFD</text>"));
-    writeBytes(folder.file("d.csv"), "\"a\"\r\n\"1\"\r\n");
-    writeBytes(folder.file("s.dat"), encodeCp932("FileName,\"f.svg\"\r\nSetDataText,\"d\",\"d.csv\"\r\n"));
+    TempFolder folder;
+    folder.put("f.svg", svgPage("<text x='9' y='9'>𠮷\U0010FFFD</text>"));
+    folder.put("d.csv", "\"a\"\r\n\"1\"\r\n");
+    folder.put("s.dat", encodeCp932("FileName,\"f.svg\"\r\nSetDataText,\"d\",\"d.csv\"\r\n"));
     const Outcome outcome = runViewer(folder, "--pdf o.pdf s.dat");
     CHECK(outcome.code == 0);
     CHECK(outcome.errors == "「f.svg」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）\n");

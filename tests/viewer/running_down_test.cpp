@@ -75,13 +75,13 @@ std::string times(const std::string &text, int count)
 
 std::string textOfPage(const std::string &svg, const Row &row)
 {
-    Folder folder;
+    TempFolder folder;
     const LetterSet set = lettersOn(svg, {row});
     CHECK(set.reports[0].form.notices.empty());
     Fonts fonts;
     LetterPress press(set, fonts);
-    REQUIRE(writeLettersPdf(folder.file("o.pdf"), press, std::vector<std::size_t>{0}));
-    return pagesOf(folder.file("o.pdf")).at(0);
+    REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+    return pagesOf(folder / "o.pdf").at(0);
 }
 
 } // namespace
@@ -241,7 +241,7 @@ TEST_CASE("every value that runs down is found again in the PDF as one line, wha
                 svgPage("<text x='90' y='20' style='font-family:IPAexMincho;font-size:4px;writing-mode:vertical-rl;" +
                         std::string(style) + "'>{{利用者氏名}}</text>"),
                 Row{{"利用者氏名", value}});
-            CHECK(page.find(std::string(value) + "\n") != std::string::npos);
+            CHECK(contains(page, std::string(value) + "\n"));
         }
     }
 }
@@ -265,6 +265,6 @@ TEST_CASE("texts that run down and across, tightened, bold and spaced, do not mi
                                         Row{{"保険者名", "香川県高松市"}});
     for (const char *text : {"太字の𠮷縦", "香川県高松市", "間の縦", "横の文", "斜めの縦"}) {
         CAPTURE(std::string(text));
-        CHECK(packed(page).find(text) != std::string::npos);
+        CHECK(contains(packed(page), text));
     }
 }

@@ -1,4 +1,4 @@
-#include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "viewer/form/svg_reader.h"
 #include "viewer/form/svg_values.h"
 #include "viewer/viewer_world.h"
@@ -26,12 +26,7 @@ const TextCommand &textAt(const FormDocument &form, std::size_t i)
 
 std::string refusal(const std::string &svg)
 {
-    try {
-        static_cast<void>(readSvg(svg));
-    } catch (const RuntimeError &error) {
-        return error.description();
-    }
-    return {};
+    return errorWordsOf([&] { return readSvg(svg); });
 }
 
 FormDocument readPage(const std::string &elements)

@@ -1,25 +1,16 @@
 #include "viewer/viewer_jobs.h"
 
 #include "adapters/suite_text/code_page_932.h"
-#include "runtime/file_path.h"
+#include "support/file_bytes.h"
 #include "viewer/letters/csv_reader.h"
-
-#include <fstream>
-#include <iterator>
 
 namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
 
-void writeBytes(const std::string &path, const std::string &bytes)
+bool contains(const std::string &text, const std::string &part)
 {
-    std::ofstream(pathOf(path), std::ios::binary) << bytes;
-}
-
-std::string bytesOf(const std::string &path)
-{
-    std::ifstream stream(pathOf(path), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return text.find(part) != std::string::npos;
 }
 
 Row ordinaryRow()

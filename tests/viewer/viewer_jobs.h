@@ -7,8 +7,11 @@
 
 namespace inin::viewer::test {
 
-void writeBytes(const std::string &path, const std::string &bytes);
-[[nodiscard]] std::string bytesOf(const std::string &path);
+[[nodiscard]] bool contains(const std::string &text, const std::string &part);
+
+/// The forms of site/forms; the first is that of most sites.
+inline constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
+inline constexpr const char *kForm = kForms[0];
 
 using Row = std::map<std::string, std::string>;
 /// A letter with nothing odd in it.

@@ -12,14 +12,6 @@ namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> Folder::names() const
-{
-    std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator(path())) names.push_back(inin::textOf(entry.path().filename()));
-    std::ranges::sort(names);
-    return names;
-}
-
 std::string svgPage(const std::string &elements)
 {
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"210mm\" height=\"297mm\" viewBox=\"0 0 210 297\">" +

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "runtime/file_path.h"
 #include "support/temp_folder.h"
 #include "viewer/document/letter_press.h"
 #include "viewer/viewer_jobs.h"
@@ -11,24 +10,12 @@
 
 namespace inin::viewer::test {
 
-/// A folder of its own that goes away with the test.
-class Folder {
-public:
-    [[nodiscard]] std::string file(const std::string &name) const { return inin::textOf(path() / inin::pathOf(name)); }
-    [[nodiscard]] const std::filesystem::path &path() const { return m_folder.folder(); }
-    /// The names in it, sorted.
-    [[nodiscard]] std::vector<std::string> names() const;
-
-private:
-    TempFolder m_folder;
-};
-
 /// A path beyond the classic limit of Windows for calls that mind it.
 [[nodiscard]] std::filesystem::path unlimitedPath(const std::filesystem::path &path);
-[[nodiscard]] inline std::string writePrintJob(const Folder &folder, const std::string &form,
+[[nodiscard]] inline std::string writePrintJob(const TempFolder &folder, const std::string &form,
                                                const std::vector<Row> &rows)
 {
-    return writePrintJob(folder.path(), form, rows);
+    return writePrintJob(folder.folder(), form, rows);
 }
 
 /// A form of our own making: a page of A4 in millimetres around `elements`.
@@ -47,7 +34,7 @@ struct Outcome {
     int code = -1;
     std::string output, errors;
 };
-[[nodiscard]] Outcome runViewer(const Folder &folder, const std::string &arguments,
+[[nodiscard]] Outcome runViewer(const TempFolder &folder, const std::string &arguments,
                                 const std::string &name = "formviewer");
 
 } // namespace inin::viewer::test

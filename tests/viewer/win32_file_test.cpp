@@ -1,6 +1,7 @@
 #include "adapters/win32/win32_handle.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
+#include "support/errors.h"
 #include "viewer/io/file_io.h"
 #include "viewer/io/font_files.h"
 #include "viewer/viewer_world.h"
@@ -24,21 +25,20 @@ Win32FileHandle openFor(const std::string &path, DWORD shared)
 }
 
 std::string refusalToWrite(const std::string &path)
-try {
-    FinishedFile file(path);
-    file.write("new");
-    file.finish();
-    return {};
-} catch (const RuntimeError &error) {
-    return error.description();
+{
+    return errorWordsOf([&] {
+        FinishedFile file(path);
+        file.write("new");
+        file.finish();
+    });
 }
 
 } // namespace
 
 TEST_CASE("a PDF that another program keeps open stays, the failure is told and nothing half-written is left")
 {
-    const Folder folder;
-    const std::string path = folder.file("委任状.pdf");
+    const TempFolder folder;
+    const std::string path = folder / "委任状.pdf";
     writeBytes(path, "old");
     {
         const Win32FileHandle reader = openFor(path, FILE_SHARE_READ);
@@ -53,21 +53,21 @@ TEST_CASE("a PDF that another program keeps open stays, the failure is told and 
 
 TEST_CASE("a file that a writer keeps to itself is told as one that cannot be read, one that it shares is read")
 {
-    const Folder folder;
-    writeBytes(folder.file("a.csv"), "rows");
+    const TempFolder folder;
+    folder.put("a.csv", "rows");
     {
-        const Win32FileHandle alone = openFor(folder.file("a.csv"), 0);
+        const Win32FileHandle alone = openFor(folder / "a.csv", 0);
         REQUIRE(alone.isOpen());
-        CHECK_THROWS_WITH_AS((void)readWholeFile(folder.file("a.csv")),
-                             ("ファイル「" + folder.file("a.csv") + "」を読めません。").c_str(), RuntimeError);
+        CHECK_THROWS_WITH_AS((void)readWholeFile(folder / "a.csv"),
+                             ("ファイル「" + folder / "a.csv" + "」を読めません。").c_str(), RuntimeError);
     }
-    const Win32FileHandle shared = openFor(folder.file("a.csv"), FILE_SHARE_READ);
-    CHECK(readWholeFile(folder.file("a.csv")) == "rows");
+    const Win32FileHandle shared = openFor(folder / "a.csv", FILE_SHARE_READ);
+    CHECK(readWholeFile(folder / "a.csv") == "rows");
 }
 
 TEST_CASE("the name of a device is neither read nor written")
 {
-    const Folder folder;
+    const TempFolder folder;
     for (const char *device : {"NUL", "con", "COM1"}) {
         CAPTURE(std::string(device));
         CHECK_THROWS_AS((void)readWholeFile(device), RuntimeError);

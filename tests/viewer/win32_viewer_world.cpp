@@ -27,10 +27,10 @@ fs::path unlimitedPath(const fs::path &path)
     return L"\\\\?\\" + fs::path(path).make_preferred().wstring();
 }
 
-Outcome runViewer(const Folder &folder, const std::string &arguments, const std::string &name)
+Outcome runViewer(const TempFolder &folder, const std::string &arguments, const std::string &name)
 {
-    const Folder outside;
-    const std::string program = outside.file(fs::path(name).has_extension() ? name : name + ".exe");
+    const TempFolder outside;
+    const std::string program = textOf(outside.folder() / (fs::path(name).has_extension() ? name : name + ".exe"));
     fs::copy_file(ININ_FORMVIEWER, program);
     // The tests quote for a shell of another system.
     std::string line = "\"" + program + "\" " + arguments;
@@ -38,8 +38,7 @@ Outcome runViewer(const Folder &folder, const std::string &arguments, const std:
     std::wstring wide = wideFromUtf8(line);
     int code = -1;
     {
-        const Win32FileHandle output(createInherited(outside.file("out"))),
-            errors(createInherited(outside.file("err")));
+        const Win32FileHandle output(createInherited(outside / "out")), errors(createInherited(outside / "err"));
         STARTUPINFOW start{};
         start.cb = sizeof start;
         start.dwFlags = STARTF_USESTDHANDLES;
@@ -47,13 +46,13 @@ Outcome runViewer(const Folder &folder, const std::string &arguments, const std:
         start.hStdError = errors.get();
         PROCESS_INFORMATION process{};
         REQUIRE(CreateProcessW(nullptr, wide.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                               folder.path().wstring().c_str(), &start, &process) != 0);
+                               folder.folder().wstring().c_str(), &start, &process) != 0);
         const Win32FileHandle owner(process.hProcess), thread(process.hThread);
         WaitForSingleObject(process.hProcess, INFINITE);
         DWORD ended = 0;
         if (GetExitCodeProcess(process.hProcess, &ended) != 0) code = static_cast<int>(ended);
     }
-    return {code, bytesOf(outside.file("out")), bytesOf(outside.file("err"))};
+    return {code, outside.bytes("out"), outside.bytes("err")};
 }
 
 } // namespace inin::viewer::test

@@ -1,15 +1,14 @@
 // write_letter_jobs FOLDER: a print job for each form of the site, with letters of every sort, in a folder of its own below
 // FOLDER. scripts/test-windows prints them on both systems.
-#include "runtime/file_path.h"
+#include "support/file_bytes.h"
 #include "viewer/viewer_jobs.h"
 
 #include <fmt/format.h>
 
+using namespace inin;
 using namespace inin::viewer::test;
 
 namespace {
-
-constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
 
 /// What the font of a form lacks comes from another one; what no font has is told.
 constexpr const char *kRareCharacters =
@@ -30,13 +29,13 @@ int main(int argc, char **argv)
         fmt::print(stderr, "usage: write_letter_jobs FOLDER\n");
         return 2;
     }
-    const auto writeJob = [top = std::filesystem::absolute(inin::pathOf(argv[1]))](int number, const char *form) {
+    const auto writeJob = [top = std::filesystem::absolute(pathOf(argv[1]))](int number, const char *form) {
         auto folder = top / std::to_string(number);
         std::filesystem::create_directories(folder);
         writePrintJob(folder, form, rowsOfEverySort());
         return folder;
     };
     for (int i = 0; const char *const form : kForms) writeJob(++i, form);
-    writeBytes(inin::textOf(writeJob(4, "rare.svg") / "rare.svg"), kRareCharacters);
+    writeBytes(textOf(writeJob(4, "rare.svg") / "rare.svg"), kRareCharacters);
     return 0;
 }

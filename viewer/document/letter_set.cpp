@@ -179,6 +179,11 @@ std::size_t LetterSet::size() const
     return count;
 }
 
+std::string LetterSet::shownTitle() const
+{
+    return title.empty() ? "委任状" : title;
+}
+
 LetterSet::Place LetterSet::placeOf(std::size_t letter) const
 {
     std::size_t report = 0;

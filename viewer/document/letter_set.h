@@ -41,6 +41,8 @@ struct LetterSet {
         std::size_t report = 0, row = 0;
     };
     [[nodiscard]] std::size_t size() const;
+    /// The title, or what the letters are called where the script gives none.
+    [[nodiscard]] std::string shownTitle() const;
     /// Letters are counted from 0 through all reports.
     [[nodiscard]] Place placeOf(std::size_t letter) const;
 };

@@ -1,22 +1,9 @@
 #include "viewer/document/letter_ticks.h"
 
 #include "viewer/document/letter_list.h"
+#include "viewer/layout/utf8.h"
 
 namespace inin::viewer {
-
-namespace {
-
-bool isOnlyBlanks(std::string_view text)
-{
-    constexpr std::string_view kWideBlank = "\u3000";
-    while (!text.empty()) {
-        if (text.front() != ' ' && !text.starts_with(kWideBlank)) return false;
-        text.remove_prefix(text.front() == ' ' ? 1 : kWideBlank.size());
-    }
-    return true;
-}
-
-} // namespace
 
 void LetterTicks::set(std::size_t letter, bool ticked)
 {
@@ -34,7 +21,7 @@ void LetterTicks::setAll(bool ticked)
 void LetterTicks::setText(std::string_view text)
 {
     const std::vector<std::size_t> letters =
-        isOnlyBlanks(text) ? std::vector<std::size_t>() : readLetterList(text, m_ticked.size());
+        isBlankText(text) ? std::vector<std::size_t>() : readLetterList(text, m_ticked.size());
     setAll(false);
     for (const std::size_t letter : letters) set(letter, true);
 }

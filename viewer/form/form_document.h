@@ -64,8 +64,8 @@ struct TextCommand {
     Anchor anchor = Anchor::start;
     WritingMode writing = WritingMode::across;
     Upright upright = Upright::asUsual;
-    Affine
-        at; ///< from the text's own place (baseline, or the middle of what runs down, at 0, 0, in points) to the page
+    /// From the text's own place (baseline, or the middle of what runs down, at 0, 0, in points) to the page.
+    Affine at;
     std::optional<FitRule> fit;
     [[nodiscard]] bool isField() const;
 };

@@ -157,7 +157,6 @@ public:
             return;
         }
         if (name == "text") m_text.close(m_form);
-        if (name == "tspan") m_text.closeSpan();
         m_levels.pop_back();
     }
 

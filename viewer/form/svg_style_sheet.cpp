@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace inin::viewer {
 
@@ -59,6 +58,19 @@ std::string bare(std::string_view text)
     for (const std::string_view mark : {"<!--", "-->"})
         for (std::size_t at = out.find(mark); at != std::string::npos; at = out.find(mark)) out.erase(at, mark.size());
     return out;
+}
+
+/// A rule for the whole sheet ends with its block or its semicolon, whichever comes first.
+void skipAtRule(std::string_view &rest)
+{
+    const std::string_view line = upTo(rest, ';');
+    const std::size_t block = rest.find('{');
+    if (block < line.size()) {
+        rest.remove_prefix(block + 1);
+        (void)takeUpTo(rest, '}');
+    } else {
+        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    }
 }
 
 bool isNameCharacter(char c)
@@ -120,39 +132,46 @@ int StyleSheet::Selector::weight() const
     return (id.empty() ? 0 : kId) + static_cast<int>(classes.size()) * kClass + (element.empty() ? 0 : 1);
 }
 
+std::optional<StyleSheet::Selector> StyleSheet::readSelector(std::string_view text)
+{
+    if (text.empty()) return std::nullopt;
+    Selector selector;
+    if (text.starts_with('*'))
+        text.remove_prefix(1);
+    else
+        selector.element = takeName(text);
+    while (!text.empty()) {
+        const char kind = text.front();
+        text.remove_prefix(1);
+        const std::string_view name = takeName(text);
+        if (name.empty()) return std::nullopt;
+        if (kind == '.')
+            selector.classes.emplace_back(name);
+        else if (kind == '#' && selector.id.empty())
+            selector.id = name;
+        else
+            return std::nullopt;
+    }
+    return selector;
+}
+
 void StyleSheet::addRule(std::string_view selectors, std::string_view body, const Notice &tell)
 {
     std::vector<StyleDeclaration> declarations = readDeclarations(body);
     std::erase_if(declarations, [](const StyleDeclaration &each) { return !SvgStyle::knows(each.name); });
     while (!selectors.empty()) {
         const std::string text = trim(takeUpTo(selectors, ','));
-        std::string_view rest = text;
-        Selector selector;
-        if (rest.starts_with('*'))
-            rest.remove_prefix(1);
-        else
-            selector.element = takeName(rest);
-        bool isSimple = !text.empty();
-        while (isSimple && !rest.empty()) {
-            const char kind = rest.front();
-            rest.remove_prefix(1);
-            const std::string_view name = takeName(rest);
-            isSimple = !name.empty() && (kind == '.' || kind == '#') && (kind != '#' || selector.id.empty());
-            if (kind == '#')
-                selector.id = name;
-            else
-                selector.classes.emplace_back(name);
-        }
-        if (!isSimple) {
+        std::optional<Selector> selector = readSelector(text);
+        if (!selector) {
             tell(fmt::format("style 要素のセレクター「{}」は使いません。", text));
             continue;
         }
         m_declarations += declarations.size();
         if (m_declarations > kMostDeclarations) return tell("style 要素の規則が多すぎます。初めのものだけを使います。");
         // Behind those of its own weight: a later rule is the stronger.
-        const auto place = std::ranges::upper_bound(m_rules, selector.weight(), {},
+        const auto place = std::ranges::upper_bound(m_rules, selector->weight(), {},
                                                     [](const Rule &rule) { return rule.selector.weight(); });
-        m_rules.insert(place, {std::move(selector), declarations});
+        m_rules.insert(place, {std::move(*selector), declarations});
     }
 }
 
@@ -163,16 +182,8 @@ void StyleSheet::add(std::string_view raw, const Notice &tell)
     while (!trim(rest).empty() && m_declarations <= kMostDeclarations) {
         rest.remove_prefix(rest.find_first_not_of(" \t\r\n"));
         if (rest.front() == '@') {
-            // A rule for the whole sheet ends with its block or its semicolon, whichever comes first.
             tell("style 要素の @ で始まる規則は使いません。外部のファイルも読み込みません。");
-            const std::string_view line = upTo(rest, ';');
-            const std::size_t block = rest.find('{');
-            if (block < line.size()) {
-                rest.remove_prefix(block + 1);
-                (void)takeUpTo(rest, '}');
-            } else {
-                rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-            }
+            skipAtRule(rest);
             continue;
         }
         const std::size_t open = rest.find('{');

@@ -2,6 +2,7 @@
 
 #include "viewer/form/svg_style.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,8 @@ private:
         Selector selector;
         std::vector<StyleDeclaration> declarations;
     };
+    /// Nothing for one that is not an element, an id and classes.
+    [[nodiscard]] static std::optional<Selector> readSelector(std::string_view text);
     void addRule(std::string_view selectors, std::string_view body, const Notice &tell);
 
     std::vector<Rule> m_rules; ///< by weight, those of the same as they came

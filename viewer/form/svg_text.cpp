@@ -108,8 +108,6 @@ void SvgText::openSpan(const XmlAttributes &attributes, const SvgStyle &style)
         m_lines.push_back({x.value_or(first.x), y.value_or(last.y) + aside.value_or(0), {}});
 }
 
-void SvgText::closeSpan() {}
-
 void SvgText::add(std::string_view text, const SvgStyle &style)
 {
     if (!m_isOpen || style.isHidden) return;

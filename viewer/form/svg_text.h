@@ -14,7 +14,6 @@ class SvgText {
 public:
     void open(const XmlAttributes &attributes, const Affine &place, const SvgStyle &style, Notice tell);
     void openSpan(const XmlAttributes &attributes, const SvgStyle &style);
-    void closeSpan();
     void add(std::string_view text, const SvgStyle &style);
     /// Ends the element: its lines become commands of the form.
     void close(FormDocument &form);

@@ -18,9 +18,8 @@ struct GlyphRun {
     Color color;
     Affine at;
     std::span<const ShapedGlyph> glyphs;
-    bool isBold =
-        false; ///< each letter is drawn around its outline too, kBoldLine wide: none of the fonts has a bold face
-
+    /// Each letter is drawn around its outline too, kBoldLine wide: none of the fonts has a bold face.
+    bool isBold = false;
     bool runsDown = false;
     /// In a text that runs down: at a line's first run all that it says, for letters one below another do not read as a
     /// line by themselves; and which run is its last.

@@ -72,4 +72,18 @@ void appendUtf8(std::string &text, char32_t character)
     }
 }
 
+bool isBlankText(std::string_view text)
+{
+    constexpr std::string_view kWideBlank = "\u3000";
+    while (!text.empty()) {
+        if (text.front() == ' ')
+            text.remove_prefix(1);
+        else if (text.starts_with(kWideBlank))
+            text.remove_prefix(kWideBlank.size());
+        else
+            return false;
+    }
+    return true;
+}
+
 } // namespace inin::viewer

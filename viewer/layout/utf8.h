@@ -9,5 +9,7 @@ namespace inin::viewer {
 /// False when the text has more.
 bool appendCharacters(std::string_view text, std::u32string &characters, std::size_t most);
 void appendUtf8(std::string &text, char32_t character);
+/// True for blanks alone, full-width ones too, and for nothing.
+[[nodiscard]] bool isBlankText(std::string_view text);
 
 } // namespace inin::viewer

@@ -144,8 +144,8 @@ QRawFont installedFont(const QRawFont &file)
 const QRawFont &QtGlyphs::printerFont(const Font &font)
 {
     const auto [place, isNew] = m_printerFonts.try_emplace(&font);
-    // The toolkit opens the first font of a file only.
-    // Without an application there are no fonts.
+    // The toolkit opens the first font of a file only,
+    // and none at all without an application.
     if (!isNew || font.index() != 0 || QGuiApplication::instance() == nullptr) return place->second;
     const QRawFont file(QString::fromStdString(font.path()), kPrinterFontSize, QFont::PreferNoHinting);
     if (file.isValid()) place->second = installedFont(file);
@@ -235,8 +235,8 @@ void QtPagePainter::paintGathered(const GlyphRun &run)
     if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
 }
 
-/// The glyphs by their numbers in the font's own file: the printer's driver keeps each shape once. False when the toolkit
-/// cannot open the file.
+/// The glyphs by their numbers in the font's own file: the printer's driver keeps each shape once. False when it cannot
+/// have the font.
 bool QtPagePainter::paintAsText(const GlyphRun &run)
 {
     const QRawFont &font = m_glyphs.printerFont(*run.font);

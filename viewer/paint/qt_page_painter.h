@@ -23,7 +23,7 @@ public:
 
     static constexpr double kSmall = 64;
 
-    /// The font for printers, which then get a letter by its number; invalid where the toolkit cannot open the file.
+    /// The font for printers, which then get a letter by its number; invalid unless this very file is installed.
     [[nodiscard]] const QRawFont &printerFont(const Font &font);
     /// Size of printerFont in pixels; whoever paints with it scales.
     static constexpr double kPrinterFontSize = 100;
@@ -36,7 +36,7 @@ private:
     std::unordered_map<const Font *, QRawFont> m_printerFonts;
 };
 
-/// Paints with QPainter, whose unit must be the point. Letters are outlines: the same at every scale, on screen and paper.
+/// Paints with QPainter, whose unit must be the point. Letters are outlines, but to a printer that can have its font.
 class QtPagePainter : public PagePainter {
 public:
     QtPagePainter(QPainter &painter, QtGlyphs &glyphs) : m_painter(painter), m_glyphs(glyphs) {}

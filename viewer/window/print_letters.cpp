@@ -29,7 +29,7 @@ std::string refusal(const PrintOrder &order, const std::string &words)
 
 QString jobName(const LetterSet &set, std::span<const std::size_t> which)
 {
-    QString title = set.title.empty() ? u"委任状"_s : qtText(set.title);
+    QString title = qtText(set.shownTitle());
     if (which.size() == set.size()) return title;
     return u"%1（%2-%3番）"_s.arg(title).arg(which.front() + 1).arg(which.back() + 1);
 }

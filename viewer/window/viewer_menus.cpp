@@ -11,87 +11,87 @@
 #include <QSpinBox>
 #include <QToolBar>
 
+#include <functional>
+
 // The window's menus, keys and tools.
 
 namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
 
-struct ViewerWindow::Menus {
-    QMenuBar *bar;
-    ViewerWindow *window;
+namespace {
 
-    /// An entry with its keys; the first of them is shown.
-    static QAction *add(QMenu *menu, const char *name, const QString &text, const QList<QKeySequence> &keys,
-                        std::function<void()> what)
-    {
-        QAction *const action = menu->addAction(text);
-        action->setObjectName(QLatin1String(name));
-        action->setShortcuts(keys);
-        // On a tool the letter of the menu's key would only be in the way.
-        action->setIconText(text.section(u"(&"_s, 0, 0));
-        if (!keys.empty())
-            action->setToolTip(u"%1（%2）"_s.arg(action->iconText(), keys.front().toString(QKeySequence::NativeText)));
-        QObject::connect(action, &QAction::triggered, menu, [what = std::move(what)] { what(); });
-        return action;
-    }
-};
+/// An entry with its keys; the first of them is shown.
+QAction *addEntry(QMenu *menu, const char *name, const QString &text, const QList<QKeySequence> &keys,
+                  std::function<void()> what)
+{
+    QAction *const action = menu->addAction(text);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcuts(keys);
+    // On a tool the letter of the menu's key would only be in the way.
+    action->setIconText(text.section(u"(&"_s, 0, 0));
+    if (!keys.empty())
+        action->setToolTip(u"%1（%2）"_s.arg(action->iconText(), keys.front().toString(QKeySequence::NativeText)));
+    QObject::connect(action, &QAction::triggered, menu, [what = std::move(what)] { what(); });
+    return action;
+}
+
+} // namespace
 
 void ViewerWindow::buildMenus()
 {
-    Menus menus{menuBar(), this};
-    buildFileMenu(menus);
-    buildSelectMenu(menus);
-    buildMoveMenu(menus);
-    buildViewMenu(menus);
+    buildFileMenu();
+    buildSelectMenu();
+    buildMoveMenu();
+    buildViewMenu();
 }
 
-void ViewerWindow::buildFileMenu(Menus &menus)
+void ViewerWindow::buildFileMenu()
 {
-    QMenu *const menu = menus.bar->addMenu(u"ファイル(&F)"_s);
+    QMenu *const menu = menuBar()->addMenu(u"ファイル(&F)"_s);
     m_idleActions = {
-        Menus::add(menu, "print", u"印刷(&P)…"_s, {QKeySequence::Print}, [this] { askPrint(); }),
-        Menus::add(menu, "pdf", u"PDF に保存(&S)…"_s, {QKeySequence::Save}, [this] { askPdf(); }),
-        Menus::add(menu, "reload", u"読み込み直す(&R)"_s, {QKeySequence::Refresh}, [this] { reload(); }),
+        addEntry(menu, "print", u"印刷(&P)…"_s, {QKeySequence::Print}, [this] { askPrint(); }),
+        addEntry(menu, "pdf", u"PDF に保存(&S)…"_s, {QKeySequence::Save}, [this] { askPdf(); }),
+        addEntry(menu, "reload", u"読み込み直す(&R)"_s, {QKeySequence::Refresh}, [this] { reload(); }),
     };
     menu->addSeparator();
-    Menus::add(menu, "close", u"閉じる(&C)"_s, {QKeySequence(u"Ctrl+W"_s), QKeySequence(u"Ctrl+Q"_s)},
-               [this] { close(); });
+    addEntry(menu, "close", u"閉じる(&C)"_s, {QKeySequence(u"Ctrl+W"_s), QKeySequence(u"Ctrl+Q"_s)},
+             [this] { close(); });
 }
 
-void ViewerWindow::buildSelectMenu(Menus &menus)
+void ViewerWindow::buildSelectMenu()
 {
-    QMenu *const menu = menus.bar->addMenu(u"選択(&E)"_s);
-    Menus::add(menu, "tickAll", u"すべてに印を付ける(&A)"_s, {QKeySequence(u"Ctrl+Shift+A"_s)},
-               [this] { tickAll(true); });
-    Menus::add(menu, "tickNone", u"すべての印を外す(&N)"_s, {QKeySequence(u"Ctrl+Shift+N"_s)},
-               [this] { tickAll(false); });
-    Menus::add(menu, "untickMarked", u"注意のある委任状の印を外す(&M)"_s, {QKeySequence(u"Ctrl+Shift+M"_s)},
-               [this] { untickMarked(); });
+    QMenu *const menu = menuBar()->addMenu(u"選択(&E)"_s);
+    addEntry(menu, "tickAll", u"すべてに印を付ける(&A)"_s, {QKeySequence(u"Ctrl+Shift+A"_s)},
+             [this] { tickAll(true); });
+    addEntry(menu, "tickNone", u"すべての印を外す(&N)"_s, {QKeySequence(u"Ctrl+Shift+N"_s)},
+             [this] { tickAll(false); });
+    addEntry(menu, "untickMarked", u"注意のある委任状の印を外す(&M)"_s, {QKeySequence(u"Ctrl+Shift+M"_s)},
+             [this] { untickMarked(); });
     menu->addSeparator();
-    Menus::add(menu, "find", u"検索(&F)"_s, {QKeySequence::Find}, [this] {
+    addEntry(menu, "find", u"検索(&F)"_s, {QKeySequence::Find}, [this] {
         m_find->setFocus(Qt::ShortcutFocusReason);
         m_find->selectAll();
     });
-    Menus::add(menu, "findNext", u"次を検索(&X)"_s, {QKeySequence(u"F3"_s)}, [this] { find(Direction::forward); });
-    Menus::add(menu, "findPrevious", u"前を検索(&V)"_s, {QKeySequence(u"Shift+F3"_s)},
-               [this] { find(Direction::backward); });
+    addEntry(menu, "findNext", u"次を検索(&X)"_s, {QKeySequence(u"F3"_s)}, [this] { find(Direction::forward); });
+    addEntry(menu, "findPrevious", u"前を検索(&V)"_s, {QKeySequence(u"Shift+F3"_s)},
+             [this] { find(Direction::backward); });
 }
 
-void ViewerWindow::buildMoveMenu(Menus &menus)
+void ViewerWindow::buildMoveMenu()
 {
-    QMenu *const menu = menus.bar->addMenu(u"移動(&G)"_s);
-    Menus::add(menu, "first", u"最初(&F)"_s, {QKeySequence(u"Ctrl+Home"_s)}, [this] { showLetter(0); });
-    Menus::add(menu, "previous", u"前(&P)"_s, {QKeySequence(u"Ctrl+PgUp"_s)}, [this] { step(-1); });
-    Menus::add(menu, "next", u"次(&N)"_s, {QKeySequence(u"Ctrl+PgDown"_s)}, [this] { step(1); });
-    Menus::add(menu, "last", u"最後(&L)"_s, {QKeySequence(u"Ctrl+End"_s)},
-               [this] { showLetter(m_letters->set.size() - 1); });
+    QMenu *const menu = menuBar()->addMenu(u"移動(&G)"_s);
+    addEntry(menu, "first", u"最初(&F)"_s, {QKeySequence(u"Ctrl+Home"_s)}, [this] { showLetter(0); });
+    addEntry(menu, "previous", u"前(&P)"_s, {QKeySequence(u"Ctrl+PgUp"_s)}, [this] { step(-1); });
+    addEntry(menu, "next", u"次(&N)"_s, {QKeySequence(u"Ctrl+PgDown"_s)}, [this] { step(1); });
+    addEntry(menu, "last", u"最後(&L)"_s, {QKeySequence(u"Ctrl+End"_s)},
+             [this] { showLetter(m_letters->set.size() - 1); });
     menu->addSeparator();
-    Menus::add(menu, "goTo", u"番号へ移動(&G)"_s, {QKeySequence(u"Ctrl+G"_s)}, [this] {
+    addEntry(menu, "goTo", u"番号へ移動(&G)"_s, {QKeySequence(u"Ctrl+G"_s)}, [this] {
         m_number->setFocus(Qt::ShortcutFocusReason);
         m_number->selectAll();
     });
-    Menus::add(menu, "goList", u"一覧とページを行き来する(&I)"_s, {QKeySequence(u"F6"_s)}, [this] {
+    addEntry(menu, "goList", u"一覧とページを行き来する(&I)"_s, {QKeySequence(u"F6"_s)}, [this] {
         if (m_list->hasFocus())
             m_page->setFocus(Qt::ShortcutFocusReason);
         else
@@ -99,18 +99,18 @@ void ViewerWindow::buildMoveMenu(Menus &menus)
     });
 }
 
-void ViewerWindow::buildViewMenu(Menus &menus)
+void ViewerWindow::buildViewMenu()
 {
-    QMenu *const menu = menus.bar->addMenu(u"表示(&V)"_s);
-    Menus::add(menu, "zoomIn", u"拡大(&I)"_s,
-               {QKeySequence(u"Ctrl++"_s), QKeySequence(u"Ctrl+;"_s), QKeySequence(u"Ctrl+="_s)},
-               [this] { m_page->zoomIn(); });
-    Menus::add(menu, "zoomOut", u"縮小(&O)"_s, {QKeySequence(u"Ctrl+-"_s)}, [this] { m_page->zoomOut(); });
-    Menus::add(menu, "zoomWhole", u"実際の大きさ(&1)"_s, {QKeySequence(u"Ctrl+1"_s)}, [this] { m_page->setZoom(1); });
-    Menus::add(menu, "fitPage", u"ページ全体(&P)"_s, {QKeySequence(u"Ctrl+0"_s)},
-               [this] { m_page->setFit(PageView::Fit::page); });
-    Menus::add(menu, "fitWidth", u"ページの幅(&W)"_s, {QKeySequence(u"Ctrl+2"_s)},
-               [this] { m_page->setFit(PageView::Fit::width); });
+    QMenu *const menu = menuBar()->addMenu(u"表示(&V)"_s);
+    addEntry(menu, "zoomIn", u"拡大(&I)"_s,
+             {QKeySequence(u"Ctrl++"_s), QKeySequence(u"Ctrl+;"_s), QKeySequence(u"Ctrl+="_s)},
+             [this] { m_page->zoomIn(); });
+    addEntry(menu, "zoomOut", u"縮小(&O)"_s, {QKeySequence(u"Ctrl+-"_s)}, [this] { m_page->zoomOut(); });
+    addEntry(menu, "zoomWhole", u"実際の大きさ(&1)"_s, {QKeySequence(u"Ctrl+1"_s)}, [this] { m_page->setZoom(1); });
+    addEntry(menu, "fitPage", u"ページ全体(&P)"_s, {QKeySequence(u"Ctrl+0"_s)},
+             [this] { m_page->setFit(PageView::Fit::page); });
+    addEntry(menu, "fitWidth", u"ページの幅(&W)"_s, {QKeySequence(u"Ctrl+2"_s)},
+             [this] { m_page->setFit(PageView::Fit::width); });
 }
 
 void ViewerWindow::buildTools()

@@ -122,16 +122,15 @@ void ViewerWindow::savePdf(const PdfOrder &order)
     }
     if (which.empty()) return tell(QMessageBox::Information, u"保存する委任状が選ばれていません。"_s);
     try {
-        order.fileEach ? writePdfEach(order, which) : writePdf(order, which);
+        order.fileEach ? writePdfEach(order, which) : writePdf(which);
     } catch (const RuntimeError &error) {
         tell(QMessageBox::Warning, qtText(error.description()));
     }
 }
 
-void ViewerWindow::writePdf(const PdfOrder & /*order*/, const std::vector<std::size_t> &which)
+void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
 {
-    const QString title = m_letters->set.title.empty() ? u"委任状"_s : qtText(m_letters->set.title);
-    const QString path = m_services.askPdfFile(this, title + u".pdf"_s);
+    const QString path = m_services.askPdfFile(this, qtText(m_letters->set.shownTitle()) + u".pdf"_s);
     if (path.isEmpty()) return;
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
         const bool isDone = writeLettersPdf(utf8Text(path), m_letters->press, which, progress);

@@ -113,8 +113,7 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     m_checkTimer.stop();
     m_check.reset();
     m_findings = {};
-    const QString title = m_letters->set.title.empty() ? u"委任状"_s : qtText(m_letters->set.title);
-    setWindowTitle(u"%1 － 印刷プレビュー"_s.arg(title));
+    setWindowTitle(u"%1 － 印刷プレビュー"_s.arg(qtText(m_letters->set.shownTitle())));
     m_model.showLetters(m_letters.get(), &m_findings);
     m_page->showLetters(m_letters.get());
     m_range->showTicks(&m_letters->ticks);

@@ -63,12 +63,11 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    struct Menus;
     void buildMenus();
-    void buildFileMenu(Menus &menus);
-    void buildSelectMenu(Menus &menus);
-    void buildMoveMenu(Menus &menus);
-    void buildViewMenu(Menus &menus);
+    void buildFileMenu();
+    void buildSelectMenu();
+    void buildMoveMenu();
+    void buildViewMenu();
     void buildTools();
     QLayout *buildFind(QWidget *side);
     QWidget *buildList();
@@ -89,7 +88,7 @@ private:
     [[nodiscard]] std::unique_ptr<PrintDialog> printDialog();
     void runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task);
     void tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which);
-    void writePdf(const PdfOrder &order, const std::vector<std::size_t> &which);
+    void writePdf(const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
     void tell(QMessageBox::Icon icon, const QString &text);
 

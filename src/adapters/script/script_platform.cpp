@@ -9,21 +9,18 @@ namespace inin {
 
 void ScriptBoxes::show(const std::string &text, Icon icon, const std::string &title)
 {
-    m_transcript.write({{"event", "box"},
-                        {"text", text},
-                        {"icon", static_cast<int>(icon)},
-                        {"title", title.empty() ? std::string(kApplicationTitle) : title}});
+    m_transcript.box(text, icon, title);
 }
 
 void ScriptProcesses::start(const std::string &commandLine, WindowStyle style)
 {
-    m_transcript.write({{"event", "start"}, {"command", commandLine}, {"style", static_cast<int>(style)}});
+    m_transcript.start(commandLine, style);
     if (m_startProcesses) m_system->start(commandLine, style);
 }
 
 void ScriptProcesses::openAddress(const std::string &address)
 {
-    m_transcript.write({{"event", "open"}, {"address", address}});
+    m_transcript.address(address);
 }
 
 std::optional<std::string> ScriptProcesses::computerName(std::size_t capacity)
@@ -33,8 +30,7 @@ std::optional<std::string> ScriptProcesses::computerName(std::size_t capacity)
 
 void ScriptProcesses::end()
 {
-    m_transcript.write({{"event", "end"}, {"code", kPlayedToTheEnd}});
-    m_transcript.close();
+    m_transcript.end(kPlayedToTheEnd);
     throw ScriptEnded{};
 }
 

@@ -7,7 +7,6 @@
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
-#include <memory>
 #include <stdexcept>
 
 namespace inin {
@@ -21,11 +20,11 @@ constexpr const char *kNoGrid = "grid";
 
 void ScriptWindows::show(Form &form, Modality modality)
 try {
-    form.onMousePointer = [this](std::int16_t kind) { m_transcript.write({{"event", "pointer"}, {"kind", kind}}); };
+    form.onMousePointer = [this](std::int16_t kind) { m_transcript.pointer(kind); };
     m_focus[&form] = nullptr; // a new form may lie where an old one lay
     form.load();
     if (!form.isLoaded()) return; // its own load has unloaded it: it is never seen
-    watchShown(form);
+    m_transcript.followWindow(form);
     atEventEdge([&] {
         form.Form_Resize();
         form.Form_Activate();
@@ -36,21 +35,6 @@ try {
     // Told here, before the program's objects are torn down on the way out.
     m_transcript.fatal(unhandled.error().number(), unhandled.error().description());
     throw;
-}
-
-/// Tells the form as shown, and as gone at the moment of its unload.
-void ScriptWindows::watchShown(Form &form)
-{
-    const auto tell = [this](const Form &which, bool shown) {
-        m_transcript.write({{"event", "window"}, {"name", which.name()}, {"shown", shown}});
-    };
-    tell(form, true);
-    const auto shown = std::make_shared<bool>(true);
-    form.watch([&form, shown, tell] {
-        if (!*shown || form.isLoaded()) return;
-        *shown = false;
-        tell(form, false);
-    });
 }
 
 void ScriptWindows::playNext(Form &form)
@@ -121,7 +105,7 @@ void ScriptWindows::checkPicture(const std::string &path)
 
 void ScriptWindows::beep()
 {
-    m_transcript.write({{"event", "beep"}});
+    m_transcript.beep();
 }
 
 /// The focus goes to the next control in tab order that can be used, and from the last to the first.

@@ -29,7 +29,6 @@ public:
     [[nodiscard]] Control *activeControl(Form &form) override;
 
 private:
-    void watchShown(Form &form);
     void playNext(Form &form);
     void play(Form &form, const ScriptCommand &command);
     void playControl(Form &form, const ScriptCommand &command);

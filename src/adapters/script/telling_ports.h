@@ -33,7 +33,7 @@ private:
     Processes &m_inner;
 };
 
-/// A form is told as shown once it is loaded, and as gone at the moment of its unload.
+/// A form is told as shown once it is loaded.
 class TellingWindows : public Windows {
 public:
     TellingWindows(Transcript &transcript, Windows &inner) : m_transcript(transcript), m_inner(inner) {}
@@ -46,8 +46,6 @@ public:
     [[nodiscard]] Control *activeControl(Form &form) override { return m_inner.activeControl(form); }
 
 private:
-    void tellShown(const Form &form, bool shown);
-
     Transcript &m_transcript;
     Windows &m_inner;
 };

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "platform/form.h"
+#include "platform/message_boxes.h"
+#include "platform/processes.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
@@ -18,6 +22,15 @@ public:
 
     /// Text that is not valid UTF-8 is replaced. Once closed, nothing is written any more.
     void write(const Json &event);
+    void box(const std::string &text, Icon icon, const std::string &title);
+    void start(const std::string &commandLine, WindowStyle style);
+    void address(const std::string &address);
+    /// Tells a loaded form as shown, and as gone at the moment of its unload.
+    void followWindow(Form &form);
+    void pointer(std::int16_t kind);
+    void beep();
+    /// The end statement; the last event.
+    void end(int code);
     /// The run-time error that ends the program; the last event.
     void fatal(std::int32_t number, const std::string &text);
     /// The program is over: what its objects still do while they are torn down is not told.
@@ -26,6 +39,8 @@ public:
     [[nodiscard]] bool isBroken() const;
 
 private:
+    void window(const std::string &name, bool shown);
+
     std::ostream &m_out;
     bool m_closed = false;
 };

@@ -4,12 +4,11 @@
 #include "adapters/odbc/jet_dao.h"
 
 #include "data/dao_session.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
 
 #include <doctest/doctest.h>
 
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,8 +21,7 @@ constexpr const char *kSample = ININ_TEST_DATA "/jet/practice.mdb";
 
 std::string sampleBytes()
 {
-    std::ifstream file(kSample, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return bytesOf(pathOf(kSample));
 }
 
 std::unique_ptr<DaoEngine> realEngine()
@@ -70,14 +68,6 @@ struct JetFile {
 };
 
 using Values = std::vector<Variant>;
-
-std::int32_t numberRaisedBy(const std::function<void()> &operation)
-try {
-    operation();
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
-}
 
 std::string repeated(const std::string &text, int times)
 {
@@ -172,11 +162,11 @@ TEST_CASE("a row of a Jet file has the fields of its table only, and there is no
         JetFile jet;
         auto rows = jet.open("SELECT a FROM [my table]", type);
         CHECK_FALSE(rows->isEndOfFile());
-        CHECK(numberRaisedBy([&] { (void)rows->Field("cNone"); }) == 3265);
+        CHECK(errorOf([&] { (void)rows->Field("cNone"); }) == 3265);
         rows->MoveNext();
         CHECK(rows->isEndOfFile());
-        CHECK(numberRaisedBy([&] { (void)rows->Field("a"); }) == 3021);
-        CHECK(numberRaisedBy([&] { rows->MoveNext(); }) == 3021);
+        CHECK(errorOf([&] { (void)rows->Field("a"); }) == 3021);
+        CHECK(errorOf([&] { rows->MoveNext(); }) == 3021);
         CHECK(jet.session.iCloseRecordset(rows) == 0);
         CHECK(rows == nullptr);
     }
@@ -280,8 +270,8 @@ TEST_CASE("two Jet files that are open at once do not mix")
     CHECK(ofSecond->Field("cName") == Variant("山田"));
     ofFirst->MoveNext();
     CHECK(ofFirst->Field("cName") == Variant("鈴木"));
-    CHECK(numberRaisedBy([&] { (void)first->OpenRecordset("STUFF", dbOpenSnapshot, 0, 0); }) == 3078);
-    CHECK(numberRaisedBy([&] { (void)second->OpenRecordset("STAFF", dbOpenSnapshot, 0, 0); }) == 3078);
+    CHECK(errorOf([&] { (void)first->OpenRecordset("STUFF", dbOpenSnapshot, 0, 0); }) == 3078);
+    CHECK(errorOf([&] { (void)second->OpenRecordset("STAFF", dbOpenSnapshot, 0, 0); }) == 3078);
     ofSecond->MoveNext();
     CHECK(ofSecond->Field("cName") == Variant("鈴木"));
 }

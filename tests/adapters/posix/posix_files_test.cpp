@@ -1,8 +1,8 @@
 #include "adapters/system/system_platform.h"
 
 #include "ordinary_user.h"
-#include "runtime/errors.h"
 #include "small_disk.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
 
 #include <filesystem>

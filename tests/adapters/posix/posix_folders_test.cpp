@@ -1,7 +1,7 @@
 #include "adapters/posix/ordinary_user.h"
 #include "adapters/posix/posix_folders.h"
 #include "adapters/system/system_platform.h"
-#include "runtime/errors.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
 
 #include <doctest/doctest.h>

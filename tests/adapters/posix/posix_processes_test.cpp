@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "search_path.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
 
 #include <cerrno>
@@ -44,11 +45,8 @@ struct Stage {
 };
 
 std::int32_t startError(const std::string &line)
-try {
-    processes()->start(line, WindowStyle::normalFocus);
-    return 0;
-} catch (const RuntimeError &error) {
-    return error.number();
+{
+    return errorOf([&] { processes()->start(line, WindowStyle::normalFocus); });
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -20,31 +19,12 @@ bool isForWindows(const Play &play)
     return play.exitCode != kBadCommand;
 }
 
-std::vector<std::string> playFiles()
-{
-    std::vector<std::string> files;
-    for (const auto &entry : std::filesystem::directory_iterator(ININ_SCENARIOS))
-        if (entry.path().extension() == ".play") files.push_back(entry.path().string());
-    std::ranges::sort(files);
-    return files;
-}
-
 /// Every event with the site's folder taken out: the two plays have one each.
 std::string told(const PlayRecord &record, const TemporarySite &site)
 {
     std::string all;
-    const std::string folder = site.folder().string();
-    std::string suiteFolder = folder;
-    std::ranges::replace(suiteFolder, '/', '\\');
-    std::string jsonFolder;
-    for (const char c : suiteFolder) jsonFolder += c == '\\' ? std::string("\\\\") : std::string(1, c);
     for (const auto &step : record.events) {
-        for (std::string line : step) {
-            for (const std::string &spelled : {folder, jsonFolder, suiteFolder})
-                for (std::size_t at = 0; (at = line.find(spelled)) != std::string::npos;)
-                    line.replace(at, spelled.size(), "$APP");
-            all += line + "\n";
-        }
+        for (const std::string &line : step) all += withoutFolder(line, site) + "\n";
         all += "--\n";
     }
     return all + "exit " + std::to_string(record.exitCode);

@@ -1,8 +1,6 @@
 #include "adapters/sqlite/practice_database.h"
 
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
+#include "support/file_bytes.h"
 
 namespace inin {
 
@@ -50,11 +48,7 @@ INSERT INTO 往療費区分 (cStartDate, cEndDate, nKingakuOuryou, nMaxLen) VALU
 
 const std::string &practiceDatabase()
 {
-    static const std::string kStatements = [] {
-        std::ifstream schema(ININ_SITE "/schema_sqlite.sql", std::ios::binary);
-        if (!schema) throw std::logic_error("the schema of a site is not there");
-        return std::string(std::istreambuf_iterator<char>(schema), {}) + kRows;
-    }();
+    static const std::string kStatements = bytesOf(pathOf(ININ_SITE "/schema_sqlite.sql")) + kRows;
     return kStatements;
 }
 

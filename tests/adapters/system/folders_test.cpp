@@ -1,5 +1,5 @@
 #include "adapters/system/system_platform.h"
-#include "runtime/errors.h"
+#include "support/errors.h"
 #include "support/temp_folder.h"
 
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "common/folder_form.h"
 #include "common/select_folder.h"
-#include "runtime/errors.h"
+#include "support/errors.h"
 #include "support/fake_platform.h"
 #include "support/temp_folder.h"
 

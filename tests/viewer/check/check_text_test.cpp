@@ -61,19 +61,19 @@ TEST_CASE("the check as JSON counts letters from 1 and keeps the causes' names")
 
 TEST_CASE("the program's check prints what is found and ends well")
 {
-    const Folder folder;
-    const std::string script = writePrintJob(folder, "委任状37_01.wfd", twoLettersOneWithoutHolder());
+    const TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, twoLettersOneWithoutHolder());
     const Outcome outcome = runViewer(folder, "--check '" + script + "'");
     CHECK(outcome.code == 0);
-    CHECK(outcome.output.find("■ 口座名義が入っていません（1通）") != std::string::npos);
+    CHECK(contains(outcome.output, "■ 口座名義が入っていません（1通）"));
 }
 
 TEST_CASE("the program's check as JSON judges all letters and tells those that are asked for")
 {
-    const Folder folder;
+    const TempFolder folder;
     std::vector<Row> rows = twoLettersOneWithoutHolder();
     rows.push_back(rows[1]);
-    const std::string script = writePrintJob(folder, "委任状37_01.wfd", rows);
+    const std::string script = writePrintJob(folder, kForm, rows);
     const Outcome outcome = runViewer(folder, "--check --json --letters 2 '" + script + "'");
     REQUIRE(outcome.code == 0);
     const auto json = nlohmann::json::parse(outcome.output);

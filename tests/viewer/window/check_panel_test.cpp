@@ -92,7 +92,7 @@ TEST_CASE("letters without findings leave only a line")
 TEST_CASE("a form that is none of ours is told among the notices")
 {
     WindowWorld world(differentRows(1));
-    writeBytes(world.folder.file("委任状37_01.wfd"), std::string("\x01\x02 binary", 9));
+    world.folder.put("委任状37_01.wfd", std::string("\x01\x02 binary", 9));
     world.openWindow();
     const QAbstractItemModel *const model = world.find<QTreeView>("checkTree")->model();
     CHECK(model->index(0, 0).data().toString() == QStringLiteral("お知らせ（1件）"));

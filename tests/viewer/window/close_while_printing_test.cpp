@@ -83,7 +83,7 @@ TEST_CASE("a window without a task closes without a question and keeps its place
     world.openWindow();
     CHECK(world.window->close());
     CHECK(world.closeStates.empty());
-    CHECK(!ViewerSettings(QString::fromStdString(world.folder.file("settings.ini"))).windowPlace().isEmpty());
+    CHECK(!ViewerSettings(QString::fromStdString(world.folder / "settings.ini")).windowPlace().isEmpty());
 }
 
 TEST_CASE("a second print waits for the first")

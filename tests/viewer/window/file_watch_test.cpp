@@ -28,8 +28,8 @@ struct Watching {
     {
         for (int i = 0; i < times; ++i) watch.look();
     }
-    Folder folder;
-    std::string path = folder.file("a.csv");
+    TempFolder folder;
+    std::string path = folder / "a.csv";
     FileWatch watch;
     std::vector<std::string> changed;
 };
@@ -96,7 +96,7 @@ TEST_CASE("letters stay as they were opened when the file changes, and a notice 
 {
     WindowWorld world(differentRows(2));
     world.openWindow();
-    writeBytes(world.folder.file("委任状.csv"), csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
+    world.folder.put("委任状.csv", csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
     world.window->lookAtFiles();
     world.window->lookAtFiles();
     const auto *const notice = world.find<QWidget>("noticeBar");
@@ -112,7 +112,7 @@ TEST_CASE("the notice's button loads the new letters, ticks them all and judges 
     WindowWorld world(differentRows(2));
     world.openWindow();
     world.window->letters().ticks.setAll(false);
-    writeBytes(world.folder.file("委任状.csv"), csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
+    world.folder.put("委任状.csv", csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
     world.window->lookAtFiles();
     world.window->lookAtFiles();
     world.find<QPushButton>("noticeAction")->click();
@@ -128,7 +128,7 @@ TEST_CASE("letters that cannot be loaded leave those before in place, with a sen
 {
     WindowWorld world(differentRows(2));
     world.openWindow();
-    writeBytes(world.folder.file("委任状.csv"), "");
+    world.folder.put("委任状.csv", "");
     world.window->reload();
     REQUIRE(world.told.size() == 1);
     CHECK(world.told[0].contains(QStringLiteral("ファイルが空です。")));

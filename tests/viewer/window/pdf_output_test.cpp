@@ -18,10 +18,10 @@ struct Writing : WindowWorld {
     explicit Writing(int count) : WindowWorld(differentRows(count))
     {
         openWindow();
-        pdfFile = QString::fromStdString(out.file("out.pdf"));
-        pdfFolder = QString::fromStdString(out.path().string());
+        pdfFile = QString::fromStdString(out / "out.pdf");
+        pdfFolder = QString::fromStdString(out.path());
     }
-    Folder out;
+    TempFolder out;
 };
 
 /// Files of this process may not grow beyond some bytes, as on a full disk.
@@ -46,11 +46,11 @@ TEST_CASE("a PDF of the ticked letters holds a page for each, with its own texts
     Writing world(5);
     world.window->letters().ticks.setText("2,5");
     world.window->savePdf({true, false, {}});
-    const auto pages = pagesOf(world.out.file("out.pdf"));
+    const auto pages = pagesOf(world.out / "out.pdf");
     REQUIRE(pages.size() == 2);
-    CHECK(pages[0].find("甲2") != std::string::npos);
-    CHECK(pages[1].find("甲5") != std::string::npos);
-    CHECK(pages[1].find("甲2") == std::string::npos);
+    CHECK(contains(pages[0], "甲2"));
+    CHECK(contains(pages[1], "甲5"));
+    CHECK_FALSE(contains(pages[1], "甲2"));
 }
 
 TEST_CASE("a PDF of all letters does not look at the ticks")
@@ -58,7 +58,7 @@ TEST_CASE("a PDF of all letters does not look at the ticks")
     Writing world(5);
     world.window->letters().ticks.setText("2");
     world.window->savePdf({false, false, {}});
-    CHECK(pagesOf(world.out.file("out.pdf")).size() == 5);
+    CHECK(pagesOf(world.out / "out.pdf").size() == 5);
 }
 
 TEST_CASE("a file a letter bears the name of its columns and holds that letter alone")
@@ -67,30 +67,30 @@ TEST_CASE("a file a letter bears the name of its columns and holds that letter a
     world.window->letters().ticks.setText("1,3");
     world.window->savePdf({true, true, QStringLiteral("{{番号}}-{{利用者氏名}}")});
     CHECK(world.out.names() == Names{"1-甲1.pdf", "3-甲3.pdf"});
-    const auto pages = pagesOf(world.out.file("3-甲3.pdf"));
+    const auto pages = pagesOf(world.out / "3-甲3.pdf");
     REQUIRE(pages.size() == 1);
-    CHECK(pages[0].find("甲3") != std::string::npos);
+    CHECK(contains(pages[0], "甲3"));
 }
 
 TEST_CASE("files of the same names are written over only when that is wanted")
 {
     Writing world(2);
-    writeBytes(world.out.file("甲1.pdf"), "old");
+    world.out.put("甲1.pdf", "old");
     world.mayReplace = false;
     world.window->savePdf({false, true, QStringLiteral("{{利用者氏名}}")});
     CHECK(world.told.front() == QStringLiteral("同じ名前のファイルが1個あります。上書きしますか。"));
-    CHECK(bytesOf(world.out.file("甲1.pdf")) == "old");
+    CHECK(world.out.bytes("甲1.pdf") == "old");
     CHECK(world.out.names() == Names{"甲1.pdf"});
     world.mayReplace = true;
     world.window->savePdf({false, true, QStringLiteral("{{利用者氏名}}")});
-    CHECK(bytesOf(world.out.file("甲1.pdf")).starts_with("%PDF"));
+    CHECK(world.out.bytes("甲1.pdf").starts_with("%PDF"));
     CHECK(world.out.names() == Names{"甲1.pdf", "甲2.pdf"});
 }
 
 TEST_CASE("a path that cannot be written is told and leaves nothing")
 {
     Writing world(2);
-    world.pdfFile = QString::fromStdString(world.out.file("gone/out.pdf"));
+    world.pdfFile = QString::fromStdString(world.out / "gone/out.pdf");
     world.window->savePdf({false, false, {}});
     REQUIRE(world.told.size() == 1);
     CHECK(world.told[0].contains(QStringLiteral("に書き込めません。")));
@@ -100,7 +100,7 @@ TEST_CASE("a path that cannot be written is told and leaves nothing")
 TEST_CASE("a full disk is told, leaves nothing half-written and the older file as it was")
 {
     Writing world(50);
-    writeBytes(world.out.file("out.pdf"), "old");
+    world.out.put("out.pdf", "old");
     {
         const FullDisk disk(4096);
         world.window->savePdf({false, false, {}});
@@ -108,7 +108,7 @@ TEST_CASE("a full disk is told, leaves nothing half-written and the older file a
     REQUIRE(world.told.size() == 1);
     CHECK(world.told[0].contains(QStringLiteral("に書き込めません。")));
     CHECK(world.out.names() == Names{"out.pdf"});
-    CHECK(bytesOf(world.out.file("out.pdf")) == "old");
+    CHECK(world.out.bytes("out.pdf") == "old");
 }
 
 TEST_CASE("a full disk in the middle of many files leaves whole ones alone")
@@ -141,5 +141,5 @@ TEST_CASE("closing while files are written and cancelling leaves whole files alo
     CHECK(!world.window->isVisible());
     const Names names = world.out.names();
     CHECK(names.size() < 300);
-    for (const std::string &name : names) CHECK(bytesOf(world.out.file(name)).ends_with("%%EOF\n"));
+    for (const std::string &name : names) CHECK(world.out.bytes(name).ends_with("%%EOF\n"));
 }

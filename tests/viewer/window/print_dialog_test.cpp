@@ -19,8 +19,8 @@ using namespace inin::viewer::test;
 namespace {
 
 struct Dialog {
-    Folder folder;
-    ViewerSettings settings{QString::fromStdString(folder.file("settings.ini"))};
+    TempFolder folder;
+    ViewerSettings settings{QString::fromStdString(folder / "settings.ini")};
     LetterTicks ticks{9};
     std::vector<PrinterChoice> printers{{QStringLiteral("一階"), {}, false, QPrinter::DuplexNone},
                                         {QStringLiteral("二階"), {}, true, QPrinter::DuplexLongSide}};
@@ -173,7 +173,7 @@ TEST_CASE("a script that asks for a print prints without a question, with the re
     WindowWorld world(differentRows(3));
     endScriptWith(world, "PrintOut");
     {
-        ViewerSettings settings(QString::fromStdString(world.folder.file("settings.ini")));
+        ViewerSettings settings(QString::fromStdString(world.folder / "settings.ini"));
         settings.setOffset(QStringLiteral("紙"), {5, -5});
         REQUIRE(settings.save());
     }

@@ -76,7 +76,7 @@ TEST_CASE(
     OpenLetters letters(world.script);
     const std::vector<std::size_t> which{0, 1, 2};
     REQUIRE(printLetters(letters, which, world.order(), world.services().roads, {}).isDone());
-    const std::string saved = world.folder.file("saved.pdf");
+    const std::string saved = world.folder / "saved.pdf";
     REQUIRE(writeLettersPdf(saved, letters.press, which));
     for (int page = 1; page <= 3; ++page) {
         CAPTURE(page);
@@ -139,7 +139,7 @@ TEST_CASE("the sheet is A4 whatever the printer leaves white at its edges")
 TEST_CASE("a printer that refuses from the start prints nothing and says so")
 {
     Printing world(3);
-    world.outputFolder = world.folder.file("gone");
+    world.outputFolder = world.folder / "gone";
     const PrintResult result = world.print("1-3", world.order());
     CHECK(result.sent == 0);
     CHECK(!result.isCancelled);

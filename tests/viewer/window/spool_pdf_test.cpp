@@ -60,8 +60,8 @@ private:
 struct Spooling : WindowWorld {
     explicit Spooling(int count, const std::string &behind = "") : WindowWorld(differentRows(count))
     {
-        std::filesystem::create_directory(folder.file("bin"));
-        const std::string lp = folder.file("bin/lp");
+        std::filesystem::create_directory(folder / "bin");
+        const std::string lp = folder / "bin/lp";
         writeBytes(lp, "#!/bin/sh\n"
                        "cd \"$(dirname \"$0\")\"\n"
                        "n=$(ls told* 2>/dev/null | wc -l)\n"
@@ -70,7 +70,7 @@ struct Spooling : WindowWorld {
                        "cp \"$last\" job$n.pdf\n" +
                            behind + "\n");
         std::filesystem::permissions(lp, std::filesystem::perms::owner_all);
-        path.emplace("PATH", QByteArray::fromStdString(folder.file("bin")) + ":" + qgetenv("PATH"));
+        path.emplace("PATH", QByteArray::fromStdString(folder / "bin") + ":" + qgetenv("PATH"));
         spool = systemSpool();
         REQUIRE(spool);
     }
@@ -80,19 +80,16 @@ struct Spooling : WindowWorld {
         letters.ticks.setText(range);
         return printLetters(letters, letters.ticks.letters(), order, services().roads, progress);
     }
-    [[nodiscard]] std::string job(int n) const { return folder.file("bin/job" + std::to_string(n) + ".pdf"); }
+    [[nodiscard]] std::string job(int n) const { return folder / ("bin/job" + std::to_string(n) + ".pdf"); }
     [[nodiscard]] std::vector<std::string> told(int n) const
     {
         std::vector<std::string> lines;
-        const std::string all = bytesOf(folder.file("bin/told" + std::to_string(n)));
+        const std::string all = folder.bytes("bin/told" + std::to_string(n));
         for (std::size_t begin = 0; begin < all.size(); begin = all.find('\n', begin) + 1)
             lines.push_back(all.substr(begin, all.find('\n', begin) - begin));
         return lines;
     }
-    [[nodiscard]] bool wasTold(int n) const
-    {
-        return std::filesystem::exists(folder.file("bin/told" + std::to_string(n)));
-    }
+    [[nodiscard]] bool wasTold(int n) const { return folder.has("bin/told" + std::to_string(n)); }
 
     OpenLetters letters{script};
     std::optional<Setting> path;
@@ -160,7 +157,7 @@ TEST_CASE("page k that the system gets holds the texts of the k-th ticked letter
     const char *const names[] = {"甲2", "甲7", "甲8", "甲9"};
     for (std::size_t page = 0; page < 4; ++page)
         for (std::size_t name = 0; name < 4; ++name)
-            CHECK((packed(pages[page]).find(names[name]) != std::string::npos) == (page == name));
+            CHECK(contains(packed(pages[page]), names[name]) == (page == name));
 }
 
 TEST_CASE("what the system gets is what saving as PDF writes")
@@ -168,8 +165,8 @@ TEST_CASE("what the system gets is what saving as PDF writes")
     Spooling world(4);
     REQUIRE(world.print("1,3", world.order()).isDone());
     const std::vector<std::size_t> which{0, 2};
-    REQUIRE(writeLettersPdf(world.folder.file("saved.pdf"), world.letters.press, which));
-    CHECK(bytesOf(world.job(0)) == bytesOf(world.folder.file("saved.pdf")));
+    REQUIRE(writeLettersPdf(world.folder / "saved.pdf", world.letters.press, which));
+    CHECK(bytesOf(world.job(0)) == world.folder.bytes("saved.pdf"));
 }
 
 TEST_CASE("jobs of n letters go to the system one by one and are named by their numbers")
@@ -249,14 +246,14 @@ TEST_CASE("a disk that is full while letters are printed is a refusal with the f
     const FullDisk disk;
     const PrintResult result = world.print("1", world.order());
     CHECK(result.sent == 0);
-    CHECK(result.fault.find("に書き込めません。") != std::string::npos);
+    CHECK(contains(result.fault, "に書き込めません。"));
     CHECK(!world.wasTold(0));
 }
 
 TEST_CASE("without lp there is no such road")
 {
-    Folder folder;
-    const Setting none("PATH", QByteArray::fromStdString(folder.path().string()));
+    TempFolder folder;
+    const Setting none("PATH", QByteArray::fromStdString(folder.path()));
     CHECK(!systemSpool());
 }
 
@@ -269,8 +266,8 @@ TEST_CASE("the ruler page goes the same road, one copy of it, moved by the offse
     REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
     CHECK(world.told(0)[3] == "1");
     const std::string text = packed(pagesOf(world.job(0)).at(0));
-    CHECK(text.find("位置調整のテスト") != std::string::npos);
-    CHECK(text.find("プリンター：紙今の調整：右へ1.5mm、下へ-0.3mm") != std::string::npos);
+    CHECK(contains(text, "位置調整のテスト"));
+    CHECK(contains(text, "プリンター：紙今の調整：右へ1.5mm、下へ-0.3mm"));
     CHECK(pageCount(world.job(0)) == 1);
 }
 

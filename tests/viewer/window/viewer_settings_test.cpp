@@ -9,8 +9,8 @@ using namespace inin::viewer::test;
 
 TEST_CASE("offsets of printers with odd names are kept apart")
 {
-    const Folder folder;
-    const QString path = QString::fromStdString(folder.file("s.ini"));
+    const TempFolder folder;
+    const QString path = QString::fromStdString(folder / "s.ini");
     {
         ViewerSettings settings(path);
         settings.setOffset(QStringLiteral("a/b"), {1, 2});
@@ -27,19 +27,18 @@ TEST_CASE("offsets of printers with odd names are kept apart")
 
 TEST_CASE("a spoilt settings file gives offsets and jobs that can be")
 {
-    const Folder folder;
-    writeBytes(folder.file("s.ini"),
-               "[print]\nlettersPerJob=-7\n[printers]\na\\offsetRight=999999\na\\offsetDown=oops\n");
-    const ViewerSettings settings(QString::fromStdString(folder.file("s.ini")));
+    const TempFolder folder;
+    folder.put("s.ini", "[print]\nlettersPerJob=-7\n[printers]\na\\offsetRight=999999\na\\offsetDown=oops\n");
+    const ViewerSettings settings(QString::fromStdString(folder / "s.ini"));
     CHECK(settings.lettersPerJob() == 0);
     CHECK(settings.offsetOf(QStringLiteral("a")) == PrinterOffset{500, 0});
 }
 
 TEST_CASE("settings that cannot be written say so")
 {
-    const Folder folder;
-    writeBytes(folder.file("s"), "a file where a folder is due");
-    ViewerSettings settings(QString::fromStdString(folder.file("s/s.ini")));
+    const TempFolder folder;
+    folder.put("s", "a file where a folder is due");
+    ViewerSettings settings(QString::fromStdString(folder / "s/s.ini"));
     settings.setLettersPerJob(3);
     CHECK(!settings.save());
 }

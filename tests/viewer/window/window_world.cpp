@@ -76,7 +76,7 @@ WindowWorld::WindowWorld(const std::vector<Row> &rows, const std::string &form)
 
 std::string WindowWorld::jobPath(std::size_t job) const
 {
-    return (outputFolder.empty() ? folder.path().string() : outputFolder) + "/job" + std::to_string(job) + ".pdf";
+    return (outputFolder.empty() ? folder.path() : outputFolder) + "/job" + std::to_string(job) + ".pdf";
 }
 
 ViewerServices WindowWorld::services()
@@ -102,7 +102,7 @@ ViewerServices WindowWorld::services()
     };
     services.askPdfFile = [this](QWidget *, const QString &) { return pdfFile; };
     services.askFolder = [this](QWidget *) { return pdfFolder; };
-    services.settingsFile = QString::fromStdString(folder.file("settings.ini"));
+    services.settingsFile = QString::fromStdString(folder / "settings.ini");
     return services;
 }
 

@@ -28,7 +28,7 @@ private:
 
 /// A window over letters in a folder of its own, with people and printers that answer as a test wants.
 struct WindowWorld {
-    explicit WindowWorld(const std::vector<Row> &rows, const std::string &form = "委任状37_01.wfd");
+    explicit WindowWorld(const std::vector<Row> &rows, const std::string &form = kForm);
 
     /// The paths of the jobs that were printed.
     [[nodiscard]] std::string jobPath(std::size_t job) const;
@@ -42,7 +42,7 @@ struct WindowWorld {
         return window->findChild<Widget *>(QLatin1String(name));
     }
 
-    Folder folder;
+    TempFolder folder;
     std::string script;
     std::vector<PrinterChoice> printers{{QStringLiteral("紙"), {}, true, QPrinter::DuplexLongSide}};
     int pagesPerJob = 100000; ///< the printer refuses a page behind so many

@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 
 #include <cstdint>
+#include <string>
 
 namespace inin {
 
@@ -13,6 +14,15 @@ try {
     return 0;
 } catch (const RuntimeError &error) {
     return error.number();
+}
+
+/// The words of the RuntimeError that `action` raises, none when it raises none.
+template <class Action> std::string errorWordsOf(Action &&action)
+try {
+    static_cast<void>(action());
+    return {};
+} catch (const RuntimeError &error) {
+    return error.description();
 }
 
 } // namespace inin

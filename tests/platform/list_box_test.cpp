@@ -1,0 +1,113 @@
+#include "platform/controls.h"
+
+#include "support/errors.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+
+namespace {
+
+struct ListFixture {
+    ListBox list{"cmbHoken"};
+    int clicks = 0;
+    ListFixture()
+    {
+        list.AddItem("－ 指定なし －", -1);
+        list.AddItem("国保", 7);
+        list.onClick = [this] { ++clicks; };
+    }
+};
+
+} // namespace
+
+TEST_CASE("choosing another list entry fires the click, choosing the same fires nothing")
+{
+    ListFixture fixture;
+    fixture.list.ListIndex = std::int16_t{1};
+    fixture.list.ListIndex = std::int16_t{1};
+    CHECK(fixture.clicks == 1);
+
+    fixture.list.ListIndex = std::int16_t{-1};
+    CHECK(fixture.clicks == 2);
+}
+
+TEST_CASE("a list index that the list lacks is error 380 and leaves the choice as it was")
+{
+    struct Row {
+        std::int16_t index;
+    };
+    for (const Row row : {Row{2}, Row{-2}, Row{32767}}) {
+        CAPTURE(row.index);
+        ListFixture fixture;
+        fixture.list.ListIndex = std::int16_t{1};
+        int told = 0;
+        fixture.list.watch([&] { ++told; });
+
+        CHECK(errorOf([&] { fixture.list.ListIndex = row.index; }) == 380);
+
+        CHECK(fixture.list.ListIndex == 1);
+        CHECK(fixture.clicks == 1);
+        CHECK(told == 0);
+    }
+}
+
+TEST_CASE("adding entries chooses none and fires nothing")
+{
+    ListFixture fixture;
+    fixture.list.AddItem("社保", 8);
+    CHECK(fixture.list.ListIndex == -1);
+    CHECK(fixture.list.ListCount() == 3);
+    CHECK(fixture.clicks == 0);
+}
+
+TEST_CASE("each list entry keeps its text and its number")
+{
+    ListFixture fixture;
+    CHECK(fixture.list.items().at(1).text == "国保");
+    CHECK(fixture.list.ItemData(0) == -1);
+    CHECK(fixture.list.ItemData(1) == 7);
+}
+
+TEST_CASE("the number of an entry that the list lacks is error 380")
+{
+    ListFixture fixture;
+    CHECK(errorOf([&] { static_cast<void>(fixture.list.ItemData(2)); }) == 380);
+    CHECK(errorOf([&] { static_cast<void>(fixture.list.ItemData(-1)); }) == 380);
+}
+
+TEST_CASE("clearing a list drops entries and choice and fires nothing")
+{
+    ListFixture fixture;
+    fixture.list.ListIndex = std::int16_t{1};
+    int told = 0;
+    fixture.list.watch([&] { ++told; });
+
+    fixture.list.Clear();
+
+    CHECK(fixture.list.ListCount() == 0);
+    CHECK(fixture.list.ListIndex == -1);
+    CHECK(fixture.clicks == 1);
+    CHECK(told == 1);
+}
+
+TEST_CASE("after a clear the first choice fires again")
+{
+    ListFixture fixture;
+    fixture.list.ListIndex = std::int16_t{0};
+    fixture.list.Clear();
+    fixture.list.AddItem("－ 指定なし －", -1);
+
+    fixture.list.ListIndex = std::int16_t{0};
+
+    CHECK(fixture.clicks == 2);
+}
+
+TEST_CASE("a list holds 32767 entries, one more is error 6")
+{
+    ListBox list("cbSejyutsu");
+    for (int i = 0; i < 32767; ++i) list.AddItem("x", i);
+    CHECK(list.ListCount() == 32767);
+    CHECK(errorOf([&] { list.AddItem("x", 0); }) == 6);
+    CHECK(list.ListCount() == 32767);
+}

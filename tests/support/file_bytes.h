@@ -1,0 +1,40 @@
+#pragma once
+
+#include "runtime/file_path.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+namespace inin {
+
+/// Fails where there is no such file. TempFolder::bytes() does not: it is for files that may be missing or still to come.
+[[nodiscard]] inline std::string bytesOf(const std::filesystem::path &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error("cannot read " + textOf(path));
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Makes the folders above it too.
+inline void writeBytes(const std::filesystem::path &path, const std::string &bytes)
+{
+    std::error_code ignored; // of a path without a folder
+    std::filesystem::create_directories(path.parent_path(), ignored);
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// A path in a narrow text is UTF-8 here on every system.
+[[nodiscard]] inline std::string bytesOf(const std::string &path)
+{
+    return bytesOf(pathOf(path));
+}
+
+inline void writeBytes(const std::string &path, const std::string &bytes)
+{
+    writeBytes(pathOf(path), bytes);
+}
+
+} // namespace inin
