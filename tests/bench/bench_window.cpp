@@ -1,7 +1,7 @@
 // The form viewer's window over ten thousand letters: opening, the first page, turning pages, the check, a print. Each
 // figure comes with a look at what was done: blank pages are fast.
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "viewer/window/look.h"

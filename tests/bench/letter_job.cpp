@@ -1,6 +1,6 @@
 #include "bench/letter_job.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "bench/letter_rows.h"
 
 #include <fmt/format.h>

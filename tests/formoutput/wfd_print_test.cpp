@@ -1,5 +1,6 @@
 #include "formoutput/wfd_print.h"
 
+#include "adapters/common/no_automation.h"
 #include "adapters/system/system_platform.h"
 #include "runtime/runtime_error.h"
 

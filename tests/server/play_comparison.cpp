@@ -1,6 +1,6 @@
 #include "server/play_comparison.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "app/suite_database/suite_database.h"
 #include "scenarios/script_driver.h"
 #include "scenarios/temporary_site.h"

@@ -1,4 +1,4 @@
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "adapters/system/system_platform.h"
 #include "app/inin_site/site_check.h"
 #include "runtime/file_path.h"

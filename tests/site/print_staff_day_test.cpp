@@ -1,5 +1,5 @@
-#include "adapters/posix/code_page_932.h"
 #include "adapters/script/script_player.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "runtime/file_path.h"
 #include "site/site_play.h"
 

@@ -1,7 +1,7 @@
 #include "support/fake_files.h"
 
-#include "adapters/posix/code_page_932.h"
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/code_page_932.h"
+#include "adapters/suite_text/profile_text.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
 

@@ -1,6 +1,6 @@
 #include "support/fake_platform.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 

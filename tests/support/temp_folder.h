@@ -36,6 +36,14 @@ public:
         writeBytes(*this / name, bytes);
         return *this / name;
     }
+    /// Likewise a file that is closed to writing.
+    std::string putReadOnly(const std::string &name, const std::string &bytes) const
+    {
+        using std::filesystem::perms;
+        std::string path = put(name, bytes);
+        std::filesystem::permissions(pathOf(path), perms::owner_read | perms::group_read | perms::others_read);
+        return path;
+    }
     /// None while there is no such file, or one that cannot be read yet: a test may wait for it.
     [[nodiscard]] std::string bytes(const std::string &name) const
     {

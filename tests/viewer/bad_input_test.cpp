@@ -1,5 +1,5 @@
 // What arrives broken, huge or hostile from outside, through the whole program.
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "viewer/letters/csv_reader.h"
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/viewer_world.h"

@@ -1,4 +1,4 @@
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "support/errors.h"
 #include "viewer/letters/csv_reader.h"
 

@@ -1,4 +1,4 @@
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "runtime/runtime_error.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/form/svg_reader.h"

@@ -1,6 +1,6 @@
 #include "viewer/viewer_jobs.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "support/file_bytes.h"
 #include "viewer/letters/csv_reader.h"
 

@@ -1,7 +1,7 @@
 #include "viewer/io/system_file.h"
 
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -15,7 +15,7 @@ namespace inin::viewer {
 
 std::string foundPath(const std::string &path)
 {
-    return posixPath(path);
+    return systemPath(path);
 }
 
 std::string absolutePath(const std::string &systemPath)

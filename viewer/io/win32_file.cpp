@@ -6,7 +6,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <random>
 
@@ -17,21 +16,11 @@ namespace inin::viewer {
 namespace {
 
 constexpr DWORD kEverybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-/// As much as one call takes.
-constexpr std::size_t kMostBytes = std::size_t{1} << 24;
-
-std::wstring fullPath(const std::string &path)
-{
-    const std::wstring wide = wideFromUtf8(path);
-    std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
-    full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    return full.empty() ? wide : full;
-}
 
 /// "NUL" or "COM1", in any folder as the system has it.
 bool isDevice(const std::string &path)
 {
-    return fullPath(path).starts_with(L"\\\\.\\");
+    return fullPath(wideFromUtf8(path)).starts_with(L"\\\\.\\");
 }
 
 std::int64_t nanoseconds(const FILETIME &time)
@@ -66,7 +55,7 @@ std::string foundPath(const std::string &path)
 
 std::string absolutePath(const std::string &systemPath)
 {
-    return utf8FromWide(fullPath(systemPath));
+    return utf8FromWide(fullPath(wideFromUtf8(systemPath)));
 }
 
 EntryFacts entryFacts(const std::string &systemPath)
@@ -83,16 +72,7 @@ bool readBytes(const std::string &systemPath, std::size_t size, std::string &byt
 {
     const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), GENERIC_READ, kEverybody, nullptr,
                                            OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file.isOpen()) return false;
-    const std::size_t before = bytes.size();
-    bytes.resize(before + size);
-    std::size_t filled = 0;
-    for (DWORD got = 1; filled < size && got > 0; filled += got) {
-        const auto part = static_cast<DWORD>(std::min(size - filled, kMostBytes));
-        if (ReadFile(file.get(), bytes.data() + before + filled, part, &got, nullptr) == 0) return false;
-    }
-    bytes.resize(before + filled);
-    return true;
+    return file.isOpen() && readUpTo(file, size, bytes);
 }
 
 bool makeFolders(const std::string &systemPath)
@@ -137,11 +117,7 @@ bool UnfinishedFile::isOpen() const
 
 bool UnfinishedFile::write(std::string_view bytes)
 {
-    for (DWORD written = 0; !bytes.empty(); bytes.remove_prefix(written)) {
-        const auto part = static_cast<DWORD>(std::min(bytes.size(), kMostBytes));
-        if (WriteFile(m_state->file.get(), bytes.data(), part, &written, nullptr) == 0) return false;
-    }
-    return true;
+    return writeAll(m_state->file, bytes);
 }
 
 bool UnfinishedFile::takeName()

@@ -1,6 +1,6 @@
 #include "viewer/letters/csv_reader.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "runtime/runtime_error.h"
 
 #include <algorithm>

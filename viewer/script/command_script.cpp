@@ -1,6 +1,6 @@
 #include "viewer/script/command_script.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "runtime/text.h"
 
 #include <fmt/format.h>

@@ -3,7 +3,6 @@
 #include "viewer/window/qt_text.h"
 
 #include <QProcess>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <iterator>
@@ -40,6 +39,22 @@ std::string lastLine(QByteArray words)
     return words.mid(words.lastIndexOf('\n') + 1).toStdString();
 }
 
+} // namespace
+
+QStringList lpArguments(const SpoolJob &job)
+{
+    QStringList arguments{u"-d"_s, job.order.printer,
+                          u"-n"_s, QString::number(job.order.copies),
+                          u"-t"_s, job.title,
+                          u"-o"_s, u"collate=true"_s,
+                          u"-o"_s, u"print-scaling=none"_s};
+    const auto *const media = std::ranges::find(kMedia, job.paper, &Media::paper);
+    arguments << u"-o"_s << QLatin1String(media->option);
+    const auto *const sides = std::ranges::find(kSides, job.order.duplex, &Sides::mode);
+    if (sides != std::end(kSides)) arguments << u"-o"_s << QLatin1String(sides->option);
+    return arguments << job.pdf;
+}
+
 SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bool()> &goesOn)
 {
     using End = SpoolResult::End;
@@ -57,33 +72,6 @@ SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bo
         process.error() != QProcess::FailedToStart)
         return {End::taken, {}};
     return {isKilled ? End::cancelled : End::refused, lastLine(process.readAllStandardError())};
-}
-
-} // namespace
-
-QStringList lpArguments(const SpoolJob &job)
-{
-    QStringList arguments{u"-d"_s, job.order.printer,
-                          u"-n"_s, QString::number(job.order.copies),
-                          u"-t"_s, job.title,
-                          u"-o"_s, u"collate=true"_s,
-                          u"-o"_s, u"print-scaling=none"_s};
-    const auto *const media = std::ranges::find(kMedia, job.paper, &Media::paper);
-    arguments << u"-o"_s << QLatin1String(media->option);
-    const auto *const sides = std::ranges::find(kSides, job.order.duplex, &Sides::mode);
-    if (sides != std::end(kSides)) arguments << u"-o"_s << QLatin1String(sides->option);
-    return arguments << job.pdf;
-}
-
-SpoolPdf systemSpool()
-{
-#ifdef Q_OS_WIN
-    const QString lp; // its queues take what a driver has painted
-#else
-    const QString lp = QStandardPaths::findExecutable(u"lp"_s);
-#endif
-    if (lp.isEmpty()) return {};
-    return [lp](const SpoolJob &job, const std::function<bool()> &goesOn) { return runLp(lp, job, goesOn); };
 }
 
 } // namespace inin::viewer

@@ -32,5 +32,7 @@ using SpoolPdf = std::function<SpoolResult(const SpoolJob &job, const std::funct
 [[nodiscard]] SpoolPdf systemSpool();
 /// What `lp` is told.
 [[nodiscard]] QStringList lpArguments(const SpoolJob &job);
+/// Runs `lp`, the program at that path.
+[[nodiscard]] SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bool()> &goesOn);
 
 } // namespace inin::viewer

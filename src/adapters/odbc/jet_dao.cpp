@@ -1,7 +1,5 @@
 #include "adapters/odbc/jet_dao.h"
 
-#include "adapters/common/dao_over_ado.h"
-#include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_database.h"
 
 #include <string_view>
@@ -10,12 +8,6 @@
 namespace inin {
 
 namespace {
-
-#ifdef _WIN32
-constexpr DaoAccess kAccess = DaoAccess::readWrite;
-#else
-constexpr DaoAccess kAccess = DaoAccess::readOnly;
-#endif
 
 /// The older files and those of the newer engine say what they are behind their first four bytes.
 bool isJetFile(std::string_view start)
@@ -37,15 +29,6 @@ std::string valueOf(const std::string &path)
 
 } // namespace
 
-std::string jetDriver()
-{
-#ifdef _WIN32
-    return "Microsoft Access Driver (*.mdb, *.accdb)";
-#else
-    return mdbDriverLibrary();
-#endif
-}
-
 std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath, std::string driver)
 {
     const auto connectionString = [driver = std::move(driver)](const std::string &path, DaoWorkspace::Sharing sharing) {
@@ -53,7 +36,7 @@ std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::strin
         return sharing == DaoWorkspace::Sharing::exclusive ? text + ";Exclusive=1" : text;
     };
     std::shared_ptr<Database> provider = makeOdbcDatabase();
-    return makeDaoOverAdo({std::move(provider), std::move(resolvePath), isJetFile, connectionString, kAccess});
+    return makeDaoOverAdo({std::move(provider), std::move(resolvePath), isJetFile, connectionString, jetAccess()});
 }
 
 } // namespace inin

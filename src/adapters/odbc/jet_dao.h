@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/common/dao_over_ado.h"
 #include "platform/dao.h"
 
 #include <functional>
@@ -8,8 +9,10 @@
 
 namespace inin {
 
-/// The driver for Jet files: of the system on Windows, of a package elsewhere, where it only reads (see mdb_driver.h).
+/// The driver for Jet files: of the system on Windows, of a package elsewhere (see mdb_driver.h).
 [[nodiscard]] std::string jetDriver();
+/// What that driver can do: outside Windows it only reads.
+[[nodiscard]] DaoAccess jetAccess();
 
 /// Jet files behind the older library's port: a database's name is the path of its file. `resolvePath` turns it, a path
 /// of the suite, into one that the system opens. `driver` is a name or the path of the driver's library; without it an

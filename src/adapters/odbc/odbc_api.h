@@ -1,7 +1,7 @@
 #pragma once
 
 // ODBC's own headers, the wide character as UTF-16 everywhere. For the bodies of this adapter, never for its headers.
-#ifdef _WIN32
+#ifdef _WIN32 // there the headers below are made of its types
 #include <windows.h>
 #endif
 #include <sql.h>

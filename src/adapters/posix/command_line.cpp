@@ -1,7 +1,7 @@
 #include "adapters/posix/command_line.h"
 
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -87,7 +87,7 @@ std::optional<std::string> findProgram(const std::string &name)
     const bool withFolder = name.find_first_of("\\/") != std::string::npos;
     for (const std::string &folder : withFolder ? std::vector<std::string>{""} : searchFolders())
         for (const std::string &spelling : spellings(name))
-            if (const std::string path = posixPath(folder + spelling); isProgram(path)) return path;
+            if (const std::string path = systemPath(folder + spelling); isProgram(path)) return path;
     return std::nullopt;
 }
 

@@ -1,4 +1,4 @@
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include <chrono>
 #include <ctime>
@@ -36,7 +36,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<Clock> makePosixClock()
+std::unique_ptr<Clock> makeSystemClock()
 {
     return std::make_unique<PosixClock>();
 }

@@ -1,6 +1,6 @@
 #include "adapters/posix/directory_search.h"
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
@@ -71,7 +71,7 @@ std::string filePath(const std::string &path)
     if (path.empty() || path.find('\0') != std::string::npos || name.find_first_of("*?\"<>|") != std::string::npos)
         throw RuntimeError(error_number::badFileName);
     if (name.empty()) throw RuntimeError(error_number::pathAccess);
-    return posixPath(path);
+    return systemPath(path);
 }
 
 class PosixOutput : public OutputFile {
@@ -153,16 +153,16 @@ public:
         // Most searches ask for one file by its right name.
         if (isFileAt(asGiven)) return given.name;
         if (given.name.find_first_of("*?") == std::string::npos && !given.name.empty()) {
-            const std::string found = posixPath(path);
+            const std::string found = systemPath(path);
             return isFileAt(found) ? split(found).name : std::string();
         }
         if (path.empty()) return {};
         // "*.*" fits every name, one without a dot too.
         const bool every = given.name.empty() || given.name == "*.*";
-        return firstFile(posixPath(given.folder), every ? "*" : foldedName(given.name));
+        return firstFile(systemPath(given.folder), every ? "*" : foldedName(given.name));
     }
 
-    bool isFolder(const std::string &path) override { return isFolderAt(posixPath(path)); }
+    bool isFolder(const std::string &path) override { return isFolderAt(systemPath(path)); }
 
     void remove(const std::string &path) override
     {
@@ -181,10 +181,10 @@ public:
 
     void changeFolder(const std::string &path) override
     {
-        const std::string systemPath = posixPath(path);
-        if (chdir(systemPath.c_str()) == 0) return;
+        const std::string folder = systemPath(path);
+        if (chdir(folder.c_str()) == 0) return;
         throw RuntimeError(errno == ENOENT || errno == ENOTDIR ? error_number::pathNotFound
-                                                               : errorNumber(errno, systemPath));
+                                                               : errorNumber(errno, folder));
     }
 
     std::string currentFolder() override
@@ -203,7 +203,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Files> makePosixFiles(std::string applicationFolder)
+std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder)
 {
     return std::make_unique<PosixFiles>(std::move(applicationFolder));
 }

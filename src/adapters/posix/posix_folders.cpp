@@ -1,5 +1,7 @@
+#include "adapters/posix/posix_folders.h"
+
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
@@ -66,7 +68,7 @@ bool isDrive(const mntent &mount)
 std::string wholePath(const std::string &path)
 {
     std::error_code error;
-    std::string whole = std::filesystem::absolute(posixPath(path), error).lexically_normal().string();
+    std::string whole = std::filesystem::absolute(systemPath(path), error).lexically_normal().string();
     if (error) throw RuntimeError(error_number::pathNotFound);
     while (whole.size() > 1 && whole.ends_with('/')) whole.pop_back();
     return whole;
@@ -141,9 +143,14 @@ private:
 
 } // namespace
 
-std::unique_ptr<Folders> makePosixFolders(std::string mounts)
+std::unique_ptr<Folders> makeMountedFolders(std::string mounts)
 {
     return std::make_unique<PosixFolders>(std::move(mounts));
+}
+
+std::unique_ptr<Folders> makeSystemFolders()
+{
+    return makeMountedFolders("/proc/self/mounts");
 }
 
 } // namespace inin

@@ -1,5 +1,5 @@
-#include "adapters/posix/code_page_932.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/suite_text/code_page_932.h"
+#include "adapters/system/system_platform.h"
 
 namespace inin {
 
@@ -15,7 +15,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<Locale> makePosixLocale()
+std::unique_ptr<Locale> makeSystemLocale()
 {
     return std::make_unique<PosixLocale>();
 }

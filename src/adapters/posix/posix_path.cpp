@@ -1,5 +1,5 @@
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include <sys/stat.h>
 
@@ -42,7 +42,12 @@ std::string foundName(const std::string &folder, const std::string &name)
 
 } // namespace
 
-std::string posixPath(const std::string &path)
+bool isAbsolutePath(const std::string &path)
+{
+    return path.starts_with('\\') || path.starts_with('/');
+}
+
+std::string systemPath(const std::string &path)
 {
     std::string asGiven = withSlashes(path);
     if (asGiven.empty() || exists(asGiven)) return asGiven;

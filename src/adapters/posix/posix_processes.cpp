@@ -1,7 +1,7 @@
 #include "adapters/common/web_address.h"
 #include "adapters/posix/command_line.h"
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
@@ -103,7 +103,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Processes> makePosixProcesses(std::function<void()> end)
+std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
 {
     return std::make_unique<PosixProcesses>(std::move(end));
 }

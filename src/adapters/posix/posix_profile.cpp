@@ -1,7 +1,7 @@
-#include "adapters/posix/code_page_932.h"
 #include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_platform.h"
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/code_page_932.h"
+#include "adapters/suite_text/profile_text.h"
+#include "adapters/system/system_platform.h"
 
 #include <cerrno>
 #include <climits>
@@ -15,22 +15,10 @@ namespace inin {
 
 namespace {
 
-/// An argument in the code page, kept alive next to its view.
-class Argument {
-public:
-    explicit Argument(const Profile::Text &text) : m_given(text.has_value()), m_bytes(text ? encodeCp932(*text) : "") {}
-    [[nodiscard]] ProfileBytes view() const { return m_given ? ProfileBytes(m_bytes) : std::nullopt; }
-
-private:
-    bool m_given;
-    std::string m_bytes;
-};
-
-/// A name without a folder means the folder of the suite's operating system, never the current one. There is no such
-/// folder here: nothing is read from it, and a write to it is refused.
-bool isBareName(const std::string &path)
+/// An argument in the code page; one that is not given stays so.
+std::optional<std::string> argument(const Profile::Text &text)
 {
-    return path.find_first_of("\\/") == std::string::npos;
+    return text ? std::optional(encodeCp932(*text)) : std::nullopt;
 }
 
 /// Opens the name as it is given; only a name that is not there is looked for in other case.
@@ -40,7 +28,7 @@ FileDescriptor openForReading(const std::string &path)
     constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
     const int asGiven = open(withSlashes(path).c_str(), flags);
     if (asGiven >= 0 || (errno != ENOENT && errno != ENOTDIR)) return FileDescriptor(asGiven);
-    return FileDescriptor(open(posixPath(path).c_str(), flags));
+    return FileDescriptor(open(systemPath(path).c_str(), flags));
 }
 
 enum class Found { file, nothing, unreadable };
@@ -58,7 +46,8 @@ std::string bytesOf(const std::string &path)
 {
     std::string bytes;
     struct stat status {};
-    if (isBareName(path) || readWhole(path, bytes, status) != Found::file) return {};
+    // This system has no folder of its own for bare names: nothing is read from it, and a write to it is refused.
+    if (isBareProfileName(path) || readWhole(path, bytes, status) != Found::file) return {};
     return bytes;
 }
 
@@ -148,14 +137,14 @@ public:
     std::int32_t GetPrivateProfileInt(const Text &section, const Text &key, std::int32_t defaultValue,
                                       const std::string &file) override
     {
-        return profileInt(bytesOf(file), Argument(section).view(), Argument(key).view(), defaultValue);
+        return profileInt(bytesOf(file), argument(section), argument(key), defaultValue);
     }
 
     std::string GetPrivateProfileString(const Text &section, const Text &key, const std::string &defaultValue,
                                         std::size_t size, const std::string &file) override
     {
-        return decodeCp932(profileString(bytesOf(file), Argument(section).view(), Argument(key).view(),
-                                         encodeCp932(defaultValue), size));
+        return decodeCp932(
+            profileString(bytesOf(file), argument(section), argument(key), encodeCp932(defaultValue), size));
     }
 
     std::int32_t WritePrivateProfileString(const Text &section, const Text &key, const Text &value,
@@ -163,20 +152,20 @@ public:
     {
         std::string before;
         struct stat status {};
-        if (isBareName(file)) return 0;
+        if (isBareProfileName(file)) return 0;
         const Found found = readWhole(file, before, status);
-        const std::string systemPath = targetOf(posixPath(file));
-        if (found == Found::unreadable || (found == Found::file && !isWritableFile(systemPath))) return 0;
-        const auto after = profileWrite(before, Argument(section).view(), Argument(key).view(), Argument(value).view());
+        const std::string target = targetOf(systemPath(file));
+        if (found == Found::unreadable || (found == Found::file && !isWritableFile(target))) return 0;
+        const auto after = profileWrite(before, argument(section), argument(key), argument(value));
         if (!after) return 0;
         if (*after == before) return 1;
-        return replaceFile(systemPath, *after, found == Found::file ? &status : nullptr) ? 1 : 0;
+        return replaceFile(target, *after, found == Found::file ? &status : nullptr) ? 1 : 0;
     }
 };
 
 } // namespace
 
-std::unique_ptr<Profile> makePosixProfile()
+std::unique_ptr<Profile> makeSystemProfile()
 {
     return std::make_unique<PosixProfile>();
 }

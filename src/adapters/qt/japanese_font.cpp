@@ -1,5 +1,7 @@
 #include "adapters/qt/japanese_font.h"
 
+#include "adapters/qt/system_words.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -18,17 +20,6 @@ constexpr const char *kGoodFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Go
                                       "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
 /// What the screen is drawn for, and the smallest at which the strokes of 﨑 or 療 stay apart.
 constexpr double kPointSize = 9.75;
-
-/// In English too, for without the letters nobody can read the Japanese.
-#ifdef Q_OS_WIN
-constexpr const char *kWhatToInstall =
-    "No Japanese font is installed. Please add the optional feature Japanese Supplemental Fonts.\n"
-    "日本語フォントがありません。オプション機能「日本語補助フォント」を追加してください。";
-#else
-constexpr const char *kWhatToInstall =
-    "No Japanese font is installed. Please install the package fonts-ipaexfont.\n"
-    "日本語フォントがありません。パッケージ fonts-ipaexfont をインストールしてください。";
-#endif
 
 } // namespace
 

@@ -1,87 +1,37 @@
 #pragma once
 
-// The ports of the system that the programs are built for, under names that tell nothing of it.
+#include "platform/folders.h"
+#include "platform/platform.h"
 
-#ifdef _WIN32
-#include "adapters/win32/win32_platform.h"
-#else
-#include "adapters/posix/posix_platform.h"
-#endif
+#include <functional>
+#include <memory>
+#include <string>
 
 namespace inin {
 
-#ifdef _WIN32
-[[nodiscard]] inline std::string systemPath(const std::string &path)
-{
-    return win32Path(path);
-}
-[[nodiscard]] inline std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder)
-{
-    return makeWin32Files(std::move(applicationFolder));
-}
-[[nodiscard]] inline std::unique_ptr<Profile> makeSystemProfile()
-{
-    return makeWin32Profile();
-}
-[[nodiscard]] inline std::unique_ptr<Clock> makeSystemClock()
-{
-    return makeWin32Clock();
-}
-[[nodiscard]] inline std::unique_ptr<Locale> makeSystemLocale()
-{
-    return makeWin32Locale();
-}
-[[nodiscard]] inline std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
-{
-    return makeWin32Processes(std::move(end));
-}
-[[nodiscard]] inline std::unique_ptr<Automation> makeSystemAutomation()
-{
-    return makeWin32Automation();
-}
-/// True for a path that does not start at the current folder; a drive's letter counts as such.
-[[nodiscard]] inline bool isAbsolutePath(const std::string &path)
-{
-    return path.starts_with('\\') || path.starts_with('/') || (path.size() > 1 && path[1] == ':');
-}
-#else
-/// A path of the suite as this system's calls take it.
-[[nodiscard]] inline std::string systemPath(const std::string &path)
-{
-    return posixPath(path);
-}
+// The ports that the system fulfils by its own calls. Each is named here once and made in adapters/posix/ and
+// adapters/win32/; a program is linked with the one of the system that it is built for.
+
+/// A path of the suite as this system's calls take it. POSIX: turns "\" into "/" and finds each part of the path whatever
+/// its case; what does not exist is kept as it is. Windows: turns "/" into "\"; a path beyond the classic limit of 260
+/// becomes whole and gets the prefix that lifts the limit.
+[[nodiscard]] std::string systemPath(const std::string &path);
+/// True for a path that does not start at the current folder; a drive's letter counts as such where there are drives.
+[[nodiscard]] bool isAbsolutePath(const std::string &path);
+
 /// `applicationFolder` is what the runtime reports as the folder of the program.
-[[nodiscard]] inline std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder)
-{
-    return makePosixFiles(std::move(applicationFolder));
-}
-[[nodiscard]] inline std::unique_ptr<Profile> makeSystemProfile()
-{
-    return makePosixProfile();
-}
-[[nodiscard]] inline std::unique_ptr<Clock> makeSystemClock()
-{
-    return makePosixClock();
-}
-[[nodiscard]] inline std::unique_ptr<Locale> makeSystemLocale()
-{
-    return makePosixLocale();
-}
-/// `end` must not come back: it is what the end statement does in this program.
-[[nodiscard]] inline std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
-{
-    return makePosixProcesses(std::move(end));
-}
-/// Late-bound objects are a thing of Windows: elsewhere there is none.
-[[nodiscard]] inline std::unique_ptr<Automation> makeSystemAutomation()
-{
-    return makeNoAutomation();
-}
-/// True for a path that does not start at the current folder.
-[[nodiscard]] inline bool isAbsolutePath(const std::string &path)
-{
-    return path.starts_with('\\') || path.starts_with('/');
-}
-#endif
+[[nodiscard]] std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder);
+/// Windows: the drives by their letters, and folders on them or on a share. POSIX: the drives are the places that the
+/// table of mounts names and a person keeps folders in.
+[[nodiscard]] std::unique_ptr<Folders> makeSystemFolders();
+[[nodiscard]] std::unique_ptr<Profile> makeSystemProfile();
+[[nodiscard]] std::unique_ptr<Clock> makeSystemClock();
+/// Windows: the user's own short date form and the system's ANSI code page. POSIX: yyyy/MM/dd whatever LANG says, code
+/// page 932.
+[[nodiscard]] std::unique_ptr<Locale> makeSystemLocale();
+/// `end` must not come back: it is what the end statement does in this program. Without one the process exits.
+[[nodiscard]] std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end);
+/// Late-bound objects by the registry of Windows, on the thread that creates the first one; elsewhere there is none.
+[[nodiscard]] std::unique_ptr<Automation> makeSystemAutomation();
 
 } // namespace inin

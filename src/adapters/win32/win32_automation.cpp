@@ -1,7 +1,7 @@
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/com_error.h"
 #include "adapters/win32/com_pointer.h"
 #include "adapters/win32/com_variant.h"
-#include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
 
@@ -118,7 +118,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Automation> makeWin32Automation()
+std::unique_ptr<Automation> makeSystemAutomation()
 {
     return std::make_unique<Win32Automation>();
 }

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include <windows.h>
 
@@ -30,7 +30,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<Clock> makeWin32Clock()
+std::unique_ptr<Clock> makeSystemClock()
 {
     return std::make_unique<Win32Clock>();
 }

@@ -1,11 +1,10 @@
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_handle.h"
 #include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace inin {
@@ -52,17 +51,7 @@ public:
 
 private:
     /// What failed once is not tried again: the file stays as far as it was written.
-    bool flush()
-    {
-        const std::string bytes = std::exchange(m_buffer, {});
-        for (std::size_t at = 0; at < bytes.size();) {
-            const auto size = static_cast<DWORD>(std::min(bytes.size() - at, kBufferSize));
-            DWORD written = 0;
-            if (WriteFile(m_file.get(), bytes.data() + at, size, &written, nullptr) == 0) return false;
-            at += written;
-        }
-        return true;
-    }
+    bool flush() { return writeAll(m_file, std::exchange(m_buffer, {})); }
 
     Win32FileHandle m_file;
     std::wstring m_path;
@@ -75,14 +64,8 @@ public:
 
     std::string read(std::size_t size) override
     {
-        std::string bytes(size, '\0');
-        std::size_t filled = 0;
-        for (DWORD got = 1; filled < size && got > 0; filled += got) {
-            const auto wanted = static_cast<DWORD>(std::min(size - filled, kBufferSize));
-            if (ReadFile(m_file.get(), bytes.data() + filled, wanted, &got, nullptr) == 0)
-                failFile(GetLastError(), m_path);
-        }
-        bytes.resize(filled);
+        std::string bytes;
+        if (!readUpTo(m_file, size, bytes)) failFile(GetLastError(), m_path);
         return bytes;
     }
 
@@ -193,7 +176,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Files> makeWin32Files(std::string applicationFolder)
+std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder)
 {
     return std::make_unique<Win32Files>(std::move(applicationFolder));
 }

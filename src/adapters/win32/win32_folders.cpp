@@ -1,6 +1,6 @@
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
 
@@ -122,7 +122,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<Folders> makeWin32Folders()
+std::unique_ptr<Folders> makeSystemFolders()
 {
     return std::make_unique<Win32Folders>();
 }

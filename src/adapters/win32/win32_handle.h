@@ -1,9 +1,11 @@
 #pragma once
 
+#include "adapters/win32/windows_names.h"
+
 #include <cstddef>
 #include <memory>
-
-#include <windows.h>
+#include <string>
+#include <string_view>
 
 namespace inin {
 
@@ -22,5 +24,10 @@ private:
     };
     std::unique_ptr<void, Close> m_handle;
 };
+
+// False with the last error on a failure.
+[[nodiscard]] bool writeAll(const Win32FileHandle &file, std::string_view bytes);
+/// Appends up to `size` bytes, fewer only at the end of the file.
+[[nodiscard]] bool readUpTo(const Win32FileHandle &file, std::size_t size, std::string &bytes);
 
 } // namespace inin

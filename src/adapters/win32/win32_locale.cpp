@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_text.h"
 
 #include <windows.h>
@@ -24,7 +24,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<Locale> makeWin32Locale()
+std::unique_ptr<Locale> makeSystemLocale()
 {
     return std::make_unique<Win32Locale>();
 }

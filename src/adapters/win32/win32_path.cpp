@@ -1,6 +1,6 @@
 #include "adapters/win32/win32_path.h"
 
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_text.h"
 
 #include <algorithm>
@@ -13,18 +13,16 @@ namespace {
 
 /// A folder must leave room for a name of 8.3 behind it, so its limit lies below MAX_PATH.
 constexpr std::size_t kLongestClassic = MAX_PATH - 12;
-constexpr std::wstring_view kUnlimited = L"\\\\?\\";
 constexpr std::wstring_view kUnlimitedShare = L"\\\\?\\UNC\\";
+
+} // namespace
 
 std::wstring fullPath(const std::wstring &path)
 {
-    const DWORD needed = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    std::wstring full(needed, L'\0');
-    full.resize(GetFullPathNameW(path.c_str(), needed, full.data(), nullptr));
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
     return full.empty() ? path : full;
 }
-
-} // namespace
 
 std::wstring widePath(const std::string &path)
 {
@@ -38,7 +36,12 @@ std::wstring widePath(const std::string &path)
     return std::wstring(kUnlimited) + full;
 }
 
-std::string win32Path(const std::string &path)
+bool isAbsolutePath(const std::string &path)
+{
+    return path.starts_with('\\') || path.starts_with('/') || (path.size() > 1 && path[1] == ':');
+}
+
+std::string systemPath(const std::string &path)
 {
     return utf8FromWide(widePath(path));
 }

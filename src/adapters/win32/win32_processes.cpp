@@ -1,6 +1,6 @@
 #include "adapters/common/web_address.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
 
@@ -15,8 +15,6 @@
 namespace inin {
 
 namespace {
-
-constexpr std::wstring_view kUnlimited = L"\\\\?\\";
 
 struct ShowRule {
     WindowStyle style;
@@ -138,7 +136,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Processes> makeWin32Processes(std::function<void()> end)
+std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
 {
     return std::make_unique<Win32Processes>(std::move(end));
 }

@@ -1,6 +1,6 @@
 #include "adapters/win32/win32_text.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 
 #include <windows.h>
 

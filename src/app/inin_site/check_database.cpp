@@ -1,7 +1,7 @@
 #include "app/inin_site/site_check.h"
 
-#include "adapters/posix/code_page_932.h"
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/code_page_932.h"
+#include "adapters/suite_text/profile_text.h"
 #include "adapters/system/system_platform.h"
 #include "app/inin_site/schema.h"
 #include "app/suite_database/suite_database.h"

@@ -1,6 +1,6 @@
 #include "app/inin_site/server_maker.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "app/inin_site/database_maker.h"
 #include "app/inin_site/embedded.h"
 #include "app/inin_site/schema.h"

@@ -1,6 +1,6 @@
 #include "app/inin_site/site_files.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 #include "app/inin_site/embedded.h"
 #include "app/inin_site/stand_ins.h"
 #include "runtime/file_path.h"

@@ -3,6 +3,7 @@
 // support and tests.
 
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/system_words.h"
 #include "adapters/qt/theme.h"
 #include "adapters/qt/toolkit_words.h"
 #include "adapters/script/recording_database.h"
@@ -28,12 +29,6 @@ namespace {
 constexpr const char *kFolderVariable = "ININ_APP_DIR";
 constexpr const char *kTranscriptVariable = "ININ_TRANSCRIPT";
 constexpr int kBroken = 1;
-#ifdef Q_OS_WIN
-/// Seen only by who looks into the standard error; the toolkit shows a box of its own before.
-constexpr const char *kNoScreen = "PrintInin: 画面に接続できません。\n";
-#else
-constexpr const char *kNoScreen = "PrintInin: 画面に接続できません。（DISPLAY を確かめてください。）\n";
-#endif
 
 /// The toolkit reads the environment and its own place in every system's whole character set.
 std::string applicationFolder()

@@ -1,4 +1,4 @@
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include <chrono>
 #include <cmath>
@@ -39,7 +39,7 @@ double japaneseDays()
 TEST_CASE("now is the local time to the second")
 {
     const Zone japan("JST-9");
-    const double days = makePosixClock()->now().days();
+    const double days = makeSystemClock()->now().days();
     CHECK(std::abs(days - japaneseDays()) < 2.0 / 86400);
     CHECK(std::abs(days * 86400 - std::round(days * 86400)) < 0.001);
 }
@@ -47,7 +47,7 @@ TEST_CASE("now is the local time to the second")
 TEST_CASE("the timer counts the seconds since midnight with their fraction")
 {
     const Zone japan("JST-9");
-    const auto clock = makePosixClock();
+    const auto clock = makeSystemClock();
     const double expected = std::fmod(japaneseDays(), 1.0) * 86400;
     const double first = clock->timer();
     if (expected < 86390) CHECK(std::abs(first - expected) < 2);
@@ -64,12 +64,12 @@ TEST_CASE("the timer counts the seconds since midnight with their fraction")
 TEST_CASE("the short date form is the Japanese one whatever the environment says")
 {
     setenv("LANG", "en_US.UTF-8", 1);
-    CHECK(makePosixLocale()->regional().shortDate == "yyyy/MM/dd");
+    CHECK(makeSystemLocale()->regional().shortDate == "yyyy/MM/dd");
 }
 
 TEST_CASE("the locale speaks code page 932")
 {
-    const auto locale = makePosixLocale();
+    const auto locale = makeSystemLocale();
     CHECK(locale->toCodePage("委任状é") == "\x88\xCF\x94\x43\x8F\xF3?");
     CHECK(locale->fromCodePage("\x88\xCF\x94\x43\x8F\xF3\xFF") == "委任状\uFFFD");
 }

@@ -1,5 +1,6 @@
 #include "adapters/posix/ordinary_user.h"
-#include "adapters/posix/posix_platform.h"
+#include "adapters/posix/posix_folders.h"
+#include "adapters/system/system_platform.h"
 #include "support/errors.h"
 #include "support/temp_folder.h"
 
@@ -21,7 +22,7 @@ struct FoldersFixture {
     [[nodiscard]] std::unique_ptr<Folders> foldersOver(std::string mounts) const
     {
         for (std::size_t at = 0; (at = mounts.find('@', at)) != std::string::npos;) mounts.replace(at, 1, temp.path());
-        return makePosixFolders(temp.put("mounts", mounts));
+        return makeMountedFolders(temp.put("mounts", mounts));
     }
     void makeFolder(const std::string &name) const { std::filesystem::create_directories(temp / name); }
 };
@@ -64,12 +65,12 @@ TEST_CASE("a mounted place that does not answer stays in the list and is error 7
 
 TEST_CASE("without a table of mounts the root is the only drive")
 {
-    CHECK(makePosixFolders("/nonexistent/mounts")->drives() == Texts{"/"});
+    CHECK(makeMountedFolders("/nonexistent/mounts")->drives() == Texts{"/"});
 }
 
 TEST_CASE("this system's own table has the root first")
 {
-    const Texts drives = makePosixFolders()->drives();
+    const Texts drives = makeSystemFolders()->drives();
     REQUIRE_FALSE(drives.empty());
     CHECK(drives[0] == "/");
 }
@@ -103,38 +104,11 @@ TEST_CASE("a path is found with backslashes, in any case and with a separator at
     }
 }
 
-TEST_CASE("a path without its root lies in the current folder")
-{
-    const FoldersFixture fixture;
-    fixture.makeFolder("inner");
-    const auto folders = fixture.foldersOver("");
-    const CurrentFolder current(fixture.temp.path());
-    CHECK(folders->open("inner").above.back().path == fixture.temp / "inner");
-}
-
 TEST_CASE("a folder whose name begins like a drive's does not lie on it")
 {
     const FoldersFixture fixture;
     fixture.makeFolder("disk2");
     CHECK(fixture.foldersOver("/dev/sdb1 @/disk vfat rw 0 0\n")->open(fixture.temp / "disk2").drive == "/");
-}
-
-TEST_CASE("the root has itself above and its folders inside")
-{
-    const FolderContents contents = makePosixFolders()->open("/");
-    CHECK(namesOf(contents.above) == Texts{"/"});
-    CHECK(contents.drive == "/");
-    CHECK_FALSE(contents.inside.empty());
-    CHECK(contents.inside[0].path == "/" + contents.inside[0].name);
-}
-
-TEST_CASE("what is no folder is error 76")
-{
-    const FoldersFixture fixture;
-    fixture.temp.put("file", "");
-    const auto folders = fixture.foldersOver("");
-    CHECK(errorOf([&] { return folders->open(fixture.temp / "file"); }) == 76);
-    CHECK(errorOf([&] { return folders->open(fixture.temp / "none"); }) == 76);
 }
 
 TEST_CASE("a folder that may not be read is error 75")

@@ -1,4 +1,4 @@
-#include "adapters/posix/posix_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "runtime/runtime_error.h"
 #include "search_path.h"
@@ -22,7 +22,7 @@ namespace {
 
 std::unique_ptr<Processes> processes()
 {
-    return makePosixProcesses([] {});
+    return makeSystemProcesses([] {});
 }
 
 /// A folder that is current and first in PATH, for programs of the test.
@@ -137,14 +137,14 @@ TEST_CASE("the computer's name is given when it fits with its NUL")
 TEST_CASE("the end statement does what this program does at its end")
 {
     struct Ended {};
-    const auto ending = makePosixProcesses([] { throw Ended{}; });
+    const auto ending = makeSystemProcesses([] { throw Ended{}; });
     CHECK_THROWS_AS(ending->end(), Ended);
 }
 
 TEST_CASE("an end that comes back ends the process all the same, with the code 0")
 {
     const pid_t child = fork();
-    if (child == 0) makePosixProcesses([] {})->end();
+    if (child == 0) makeSystemProcesses([] {})->end();
     int status = -1;
     waitpid(child, &status, 0);
     CHECK(WIFEXITED(status));
@@ -154,7 +154,7 @@ TEST_CASE("an end that comes back ends the process all the same, with the code 0
 TEST_CASE("no automation object can be created")
 {
     try {
-        (void)makeNoAutomation()->create("wfrfv.Document.1");
+        (void)makeSystemAutomation()->create("wfrfv.Document.1");
         FAIL("created");
     } catch (const RuntimeError &error) {
         CHECK(error.number() == 429);

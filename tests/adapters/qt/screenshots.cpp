@@ -1,7 +1,6 @@
 // Writes a picture of each window of the program on a site: screenshots SITE FOLDER [--dark]. Every picture is of the real
 // windows over the site's database; the clock stands still, so that two runs give the same pictures.
 
-#include "adapters/posix/posix_platform.h"
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/japanese_font.h"
 #include "adapters/qt/qt_text.h"
@@ -9,6 +8,7 @@
 #include "adapters/qt/units.h"
 #include "adapters/qt/window_fixture.h"
 #include "adapters/sqlite/sqlite_database.h"
+#include "adapters/system/system_platform.h"
 #include "app/data_source.h"
 #include "common/folder_form.h"
 #include "shell/start.h"
@@ -34,7 +34,7 @@ namespace {
 class Photographer {
 public:
     Photographer(const std::filesystem::path &site, std::string folder, std::string ending)
-        : m_files(makePosixFiles(site.string())), m_database(makeSqliteDatabase(dataSourceIn(site.string()))),
+        : m_files(makeSystemFiles(site.string())), m_database(makeSqliteDatabase(dataSourceIn(site.string()))),
           m_windows(*m_files, m_services, m_turns),
           m_app(Platform{m_boxes, m_windows, *m_database, *m_profile, *m_files, m_world.processes, m_world.clock,
                          *m_locale, m_world.automation}),
@@ -152,10 +152,10 @@ private:
     FakeWorld m_world;
     EventEdge m_edge;
     std::unique_ptr<Files> m_files;
-    std::unique_ptr<Profile> m_profile = makePosixProfile();
-    std::unique_ptr<Locale> m_locale = makePosixLocale();
+    std::unique_ptr<Profile> m_profile = makeSystemProfile();
+    std::unique_ptr<Locale> m_locale = makeSystemLocale();
     std::unique_ptr<Database> m_database;
-    ViewServices m_services{m_edge, [this] { return m_world.clock.today(); }, posixPath};
+    ViewServices m_services{m_edge, [this] { return m_world.clock.today(); }, systemPath};
     Turns m_turns;
     TurnWindows m_windows;
     QtMessageBoxes m_boxes{m_edge};

@@ -1,6 +1,6 @@
 #include "adapters/qt/window_driver.h"
 
-#include "adapters/posix/posix_platform.h"
+#include "adapters/common/no_automation.h"
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/qt_message_boxes.h"
 #include "adapters/qt/qt_text.h"
@@ -11,6 +11,7 @@
 #include "adapters/script/script_platform.h"
 #include "adapters/script/telling_ports.h"
 #include "adapters/sqlite/sqlite_database.h"
+#include "adapters/system/system_platform.h"
 #include "runtime/runtime_error.h"
 #include "shell/start.h"
 
@@ -84,7 +85,7 @@ private:
 class Stage {
 public:
     Stage(const Play &play, const TemporarySite &site, std::ostringstream &text)
-        : m_play(play), m_transcript(text), m_files(makePosixFiles(site.folder().string())),
+        : m_play(play), m_transcript(text), m_files(makeSystemFiles(site.folder().string())),
           m_sqlite(makeSqliteDatabase([&site](const std::string &source) { return site.at(source).string(); })),
           m_database(*m_sqlite, m_transcript),
           m_robot(
@@ -96,11 +97,11 @@ public:
     try {
         StandingClock clock(readMoment(m_play.now).value());
         EventEdge edge;
-        PatientWindows windows(*m_files, {edge, [&clock] { return clock.today(); }, posixPath}, m_robot);
+        PatientWindows windows(*m_files, {edge, [&clock] { return clock.today(); }, systemPath}, m_robot);
         TellingWindows told(m_transcript, windows);
         QtMessageBoxes realBoxes(edge);
         TellingBoxes boxes(m_transcript, realBoxes);
-        ScriptProcesses processes(m_transcript, makePosixProcesses(endOfAnother), m_play.startProcesses);
+        ScriptProcesses processes(m_transcript, makeSystemProcesses(endOfAnother), m_play.startProcesses);
         App app(Platform{boxes, told, m_database, *m_profile, *m_files, processes, clock, *m_locale, *m_automation});
         m_robot.sitDown(windows);
         Main(app);
@@ -117,9 +118,9 @@ public:
 private:
     const Play &m_play;
     Transcript m_transcript;
-    std::unique_ptr<Profile> m_profile = makePosixProfile();
+    std::unique_ptr<Profile> m_profile = makeSystemProfile();
     std::unique_ptr<Files> m_files;
-    std::unique_ptr<Locale> m_locale = makePosixLocale();
+    std::unique_ptr<Locale> m_locale = makeSystemLocale();
     std::unique_ptr<Automation> m_automation = makeNoAutomation();
     std::unique_ptr<Database> m_sqlite;
     RecordingDatabase m_database;

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "adapters/win32/win32_text.h"
 #include "formoutput/wfd_print.h"
@@ -63,7 +63,7 @@ private:
 
 struct DocumentFixture {
     InstalledTool tool;
-    std::unique_ptr<Automation> automation = makeWin32Automation();
+    std::unique_ptr<Automation> automation = makeSystemAutomation();
     std::unique_ptr<AutomationObject> document = automation->create("wfrfv.Document.1");
 
     Variant call(const std::string &member, const Variant &argument)
@@ -87,7 +87,7 @@ bool noDocumentIsAlive()
 TEST_CASE("the form tool's document hears every operation with its arguments in order and in their types")
 {
     InstalledTool tool;
-    const auto automation = makeWin32Automation();
+    const auto automation = makeSystemAutomation();
     cls_WfdPrint print(*automation);
 
     CHECK(print.iInit("委任状 髙橋𠮷") == 0);
@@ -113,7 +113,7 @@ TEST_CASE("the form tool's document hears every operation with its arguments in 
 
 TEST_CASE("a tool that is not installed fails the start with error 429")
 {
-    const auto automation = makeWin32Automation();
+    const auto automation = makeSystemAutomation();
     cls_WfdPrint print(*automation);
     CHECK(print.iInit("委任状") == -1);
     CHECK(print.sErrMsg == "(429)ActiveX コンポーネントはオブジェクトを作成できません。");
@@ -124,7 +124,7 @@ TEST_CASE("a tool whose library is gone fails the start with error 429")
     const ClassesKey program(L"wfrfv.Document.1"), server(L"CLSID\\{6F0A2C31-5B7E-4D52-9C11-3E8A90275401}");
     program.put(L"CLSID", L"{6F0A2C31-5B7E-4D52-9C11-3E8A90275401}");
     server.put(L"InprocServer32", L"C:\\removed\\tool.dll");
-    const auto automation = makeWin32Automation();
+    const auto automation = makeSystemAutomation();
     cls_WfdPrint print(*automation);
     CHECK(print.iInit() == -1);
     CHECK(print.sErrMsg == "(429)ActiveX コンポーネントはオブジェクトを作成できません。");
@@ -133,7 +133,7 @@ TEST_CASE("a tool whose library is gone fails the start with error 429")
 TEST_CASE("an object that cannot be asked by name is error 430")
 {
     const InstalledClass faceless(L"Inin.Faceless.1", L"{6F0A2C31-5B7E-4D52-9C11-3E8A90275402}");
-    const auto automation = makeWin32Automation();
+    const auto automation = makeSystemAutomation();
     CHECK(failureOf([&] { (void)automation->create("Inin.Faceless.1"); }) ==
           "430 クラスはオートメーションまたは予測されたインターフェイスをサポートしていません。");
     CHECK(noDocumentIsAlive());
@@ -299,7 +299,7 @@ TEST_CASE("an object is given back with its last holder, and outlives the port t
     fixture->automation.reset();
     CHECK(fixture->call("Echo", 1) == Variant(1));
     CHECK(fixture->call("Gives", "object").isEmpty());
-    const auto second = makeWin32Automation()->create("wfrfv.Document.1");
+    const auto second = makeSystemAutomation()->create("wfrfv.Document.1");
     fixture->document.reset();
     CHECK_FALSE(noDocumentIsAlive());
     second->set("Title", "x");
@@ -320,7 +320,7 @@ TEST_CASE("no object is left when everything is gone")
 
 TEST_CASE("an object of the system itself is created, told and asked")
 {
-    const auto automation = makeWin32Automation();
+    const auto automation = makeSystemAutomation();
     const auto words = automation->create("Scripting.Dictionary");
     words->set("CompareMode", std::int16_t{1});
     words->call("Add", std::array<Variant, 2>{"委任状", "髙橋"});
@@ -333,7 +333,7 @@ TEST_CASE("an object of the system itself is created, told and asked")
 
 TEST_CASE("an object of the system itself refuses by the runtime's number")
 {
-    const auto words = makeWin32Automation()->create("Scripting.Dictionary");
+    const auto words = makeSystemAutomation()->create("Scripting.Dictionary");
     words->call("Add", std::array<Variant, 2>{"a", 1});
     CHECK(failureOf([&] { words->set("CompareMode", 1); }).starts_with("5 "));
     CHECK(failureOf([&] { words->call("Add", std::array<Variant, 2>{"a", 1}); }).starts_with("457 "));
@@ -344,8 +344,8 @@ TEST_CASE("an object of the system itself refuses by the runtime's number")
 TEST_CASE("another object of the system looks for a file whose name is not of the code page")
 {
     const TempFolder folder;
-    const std::string file = win32Path(folder.put("𠮷野.gif", ""));
-    const auto files = makeWin32Automation()->create("Scripting.FileSystemObject");
+    const std::string file = systemPath(folder.put("𠮷野.gif", ""));
+    const auto files = makeSystemAutomation()->create("Scripting.FileSystemObject");
     CHECK(files->call("FileExists", std::array<Variant, 1>{file}) == Variant(std::int16_t{-1}));
     CHECK(files->call("GetBaseName", std::array<Variant, 1>{file}) == Variant("𠮷野"));
     CHECK(files->call("FileExists", std::array<Variant, 1>{file + "x"}) == Variant(std::int16_t{0}));

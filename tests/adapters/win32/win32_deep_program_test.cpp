@@ -1,54 +1,38 @@
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_text.h"
+#include "deep_folder.h"
+#include "ended_program.h"
 #include "runtime/runtime_error.h"
-#include "support/temp_folder.h"
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
 #include <doctest/doctest.h>
-#include <windows.h>
 
 using namespace inin;
 
 namespace {
 
-/// The partner program, which tells what it was given, at a path of more than 300 characters with blanks.
+/// The partner program, which tells what it was given, in a deep folder.
 class DeepPartner {
 public:
-    DeepPartner()
-    {
-        std::string path = m_folder.path();
-        for (int level = 0; level < 8; ++level) {
-            path += "\\委任 状の とても長い名前のフォルダーとても長い名前のフォルダー";
-            REQUIRE(CreateDirectoryW(widePath(path).c_str(), nullptr) != 0);
-            m_levels.push_back(path);
-        }
-        m_program = path + "\\tool.exe";
-        REQUIRE(CopyFileW(wideFromUtf8(ININ_PARTNER).c_str(), widePath(m_program).c_str(), TRUE) != 0);
-    }
+    DeepPartner() { REQUIRE(CopyFileW(wideFromUtf8(ININ_PARTNER).c_str(), widePath(m_program).c_str(), TRUE) != 0); }
     DeepPartner(const DeepPartner &) = delete;
     DeepPartner &operator=(const DeepPartner &) = delete;
-    ~DeepPartner()
-    {
-        for (int wait = 0; wait < 500 && DeleteFileW(widePath(m_program).c_str()) == 0; ++wait)
-            Sleep(10); // it runs yet
-        for (; !m_levels.empty(); m_levels.pop_back()) RemoveDirectoryW(widePath(m_levels.back()).c_str());
-    }
-    [[nodiscard]] const std::string &folder() const { return m_levels.back(); }
+    ~DeepPartner() { removeOnceEnded(m_program); }
+    [[nodiscard]] const std::string &folder() const { return m_folder.path(); }
     [[nodiscard]] const std::string &program() const { return m_program; }
     [[nodiscard]] std::string told() const
     {
         std::string told;
-        for (int wait = 0; wait < 1000 && (told = m_folder.bytes("told")).empty(); ++wait) Sleep(10);
+        for (int wait = 0; wait < 1000 && (told = m_folder.top().bytes("told")).empty(); ++wait) Sleep(10);
         return told;
     }
     /// What it told in the deep folder itself.
     [[nodiscard]] std::string toldInFolder() const
     {
-        const std::filesystem::path file(widePath(folder() + "\\told"));
+        const std::filesystem::path file(widePath(m_folder / "told"));
         std::string told;
         for (int wait = 0; wait < 1000 && told.empty(); ++wait) {
             Sleep(10);
@@ -58,12 +42,11 @@ public:
         DeleteFileW(file.c_str());
         return told;
     }
-    [[nodiscard]] std::string toldPlace() const { return win32Path(m_folder / "told"); }
+    [[nodiscard]] std::string toldPlace() const { return systemPath(m_folder.top() / "told"); }
 
 private:
-    TempFolder m_folder;
-    std::vector<std::string> m_levels;
-    std::string m_program;
+    DeepFolder m_folder;
+    std::string m_program = m_folder / "tool.exe";
 };
 
 } // namespace
@@ -73,7 +56,7 @@ TEST_CASE("a program at a path of more than 300 characters with blanks is starte
     const DeepPartner partner;
     REQUIRE(partner.program().size() > 300);
 
-    makeWin32Processes([] {})->start(partner.program() + " " + partner.toldPlace() + " 2", WindowStyle::normalFocus);
+    makeSystemProcesses([] {})->start(partner.program() + " " + partner.toldPlace() + " 2", WindowStyle::normalFocus);
 
     CHECK(partner.told() == "1\n2\n");
 }
@@ -84,7 +67,7 @@ TEST_CASE("a program that is started in such a folder finds files from it")
     {
         const CurrentFolder keep;
         REQUIRE(SetCurrentDirectoryW(wideFromUtf8(partner.folder()).c_str()) != 0);
-        makeWin32Processes([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
+        makeSystemProcesses([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
     }
     CHECK(partner.toldInFolder() == "1\n2\n");
 }
@@ -93,7 +76,7 @@ TEST_CASE("a program that is not there at such a path is error 53")
 {
     const DeepPartner partner;
     try {
-        makeWin32Processes([] {})->start(partner.program() + "x 2", WindowStyle::normalFocus);
+        makeSystemProcesses([] {})->start(partner.program() + "x 2", WindowStyle::normalFocus);
         FAIL("it was started");
     } catch (const RuntimeError &error) {
         CHECK(error.number() == 53);

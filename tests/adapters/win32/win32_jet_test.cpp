@@ -1,6 +1,6 @@
 #include "adapters/odbc/jet_dao.h"
 
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "data/dao_session.h"
 #include "support/temp_folder.h"
 
@@ -30,7 +30,7 @@ const std::string kSample = ININ_TEST_DATA "/jet/practice.mdb";
 TEST_CASE("a Jet file on a machine without the Access driver is a failed opening with the driver manager's words")
 {
     const TempFolder folder;
-    const std::string copy = win32Path(folder / "診療所.mdb");
+    const std::string copy = systemPath(folder / "診療所.mdb");
     std::filesystem::copy_file(kSample, pathOf(copy));
     const Opening opening(copy);
     CHECK(opening.status == -1);
@@ -41,7 +41,7 @@ TEST_CASE("a Jet file on a machine without the Access driver is a failed opening
 TEST_CASE("a file that is no Jet file is refused before any driver is asked")
 {
     const TempFolder folder;
-    const Opening opening(win32Path(folder.put("text.mdb", "no database")));
+    const Opening opening(systemPath(folder.put("text.mdb", "no database")));
     CHECK(opening.status == -1);
     CHECK(opening.session.sErrMsg().starts_with("3343\r\n"));
 }

@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_text.h"
 #include "runtime/conversion.h"
 
@@ -29,9 +29,9 @@ private:
 
 TEST_CASE("the short date is the user's own form")
 {
-    CHECK(makeWin32Locale()->regional().shortDate == "yyyy/MM/dd");
+    CHECK(makeSystemLocale()->regional().shortDate == "yyyy/MM/dd");
     const ShortDate form(L"d/M/yy");
-    CHECK(makeWin32Locale()->regional().shortDate == "d/M/yy");
+    CHECK(makeSystemLocale()->regional().shortDate == "d/M/yy");
 }
 
 TEST_CASE("a date follows the user's own form, with an era too, and is read back by it")
@@ -46,7 +46,7 @@ TEST_CASE("a date follows the user's own form, with an era too, and is read back
                         {L"yyyy/MM/dd", "2024/05/01"}};
     for (const Row &row : rows) {
         const ShortDate form(row.picture);
-        const Regional regional = makeWin32Locale()->regional();
+        const Regional regional = makeSystemLocale()->regional();
         CAPTURE(row.text);
         CHECK(dateText(dateOf({2024, 5, 1}), regional) == row.text);
         CHECK(toDate(Variant(row.text), regional) == dateOf({2024, 5, 1}));
@@ -56,14 +56,14 @@ TEST_CASE("a date follows the user's own form, with an era too, and is read back
 TEST_CASE("the suite's text goes out in the ANSI code page and comes back")
 {
     REQUIRE(GetACP() == 932);
-    const auto locale = makeWin32Locale();
+    const auto locale = makeSystemLocale();
     CHECK(locale->toCodePage("委任状") == "\x88\xCF\x94\x43\x8F\xF3");
     CHECK(locale->fromCodePage("\xFB\xFC\x8B\xB4\xB1") == "髙橋ｱ");
 }
 
 TEST_CASE("a character that the code page lacks is one question mark, never one that looks like it")
 {
-    const auto locale = makeWin32Locale();
+    const auto locale = makeSystemLocale();
     CHECK(locale->toCodePage("é") == "?");
     CHECK(locale->toCodePage("¥") == "?");
     CHECK(locale->toCodePage("𠮷野") == "?\x96\xEC");
@@ -72,7 +72,7 @@ TEST_CASE("a character that the code page lacks is one question mark, never one 
 
 TEST_CASE("a byte that is no character is U+FFFD")
 {
-    const auto locale = makeWin32Locale();
+    const auto locale = makeSystemLocale();
     CHECK(locale->fromCodePage("a\x81") == "a\uFFFD");
     CHECK(locale->fromCodePage("\xFF z") == "\uFFFD z");
 }
@@ -87,7 +87,7 @@ TEST_CASE("UTF-16 of the wide calls and UTF-8 are each other's")
 
 TEST_CASE("the clock tells the local time of day to its fraction, and the same day in both calls")
 {
-    const auto clock = makeWin32Clock();
+    const auto clock = makeSystemClock();
     const double timer = clock->timer();
     CHECK(timer >= 0);
     CHECK(timer < 86400);

@@ -1,6 +1,7 @@
-#include "adapters/win32/win32_platform.h"
+#include "adapters/system/system_platform.h"
 
 #include "adapters/win32/win32_text.h"
+#include "ended_program.h"
 #include "runtime/runtime_error.h"
 #include "support/temp_folder.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 std::unique_ptr<Processes> processes()
 {
-    return makeWin32Processes([] {});
+    return makeSystemProcesses([] {});
 }
 
 /// What the started program told; empty after ten seconds without a word.
@@ -32,10 +33,19 @@ std::string toldBy(const TempFolder &folder, const std::string &name)
 /// A folder with the partner program in it under another name.
 struct PartnerFolder {
     TempFolder folder;
-    std::string put(const std::string &name) const
+    std::string program;
+    PartnerFolder() = default;
+    PartnerFolder(const PartnerFolder &) = delete;
+    PartnerFolder &operator=(const PartnerFolder &) = delete;
+    ~PartnerFolder()
     {
-        std::filesystem::copy_file(ININ_PARTNER, pathOf(folder / name));
-        return win32Path(folder / name);
+        if (!program.empty()) removeOnceEnded(program);
+    }
+    const std::string &put(const std::string &name)
+    {
+        program = systemPath(folder / name);
+        std::filesystem::copy_file(ININ_PARTNER, pathOf(program));
+        return program;
     }
 };
 
@@ -45,7 +55,7 @@ public:
     AddressHandler() : m_before(command())
     {
         const std::string partner = m_folder.put("browser.exe");
-        setCommand(wideFromUtf8("\"" + partner + "\" \"" + win32Path(m_folder.folder / "told") + "\" /line %1"));
+        setCommand(wideFromUtf8("\"" + partner + "\" \"" + systemPath(m_folder.folder / "told") + "\" /line %1"));
     }
     AddressHandler(const AddressHandler &) = delete;
     AddressHandler &operator=(const AddressHandler &) = delete;
@@ -113,7 +123,7 @@ TEST_CASE_FIXTURE(PartnerFolder,
                   "a path with blanks and Japanese letters is found at its shortest beginning that is a file")
 {
     std::filesystem::create_directory(pathOf(folder / "委任 状"));
-    const std::string program = put("委任 状/tool.exe");
+    put("委任 状/tool.exe");
     const CurrentFolder current(folder.path());
     processes()->start(program + " told", WindowStyle::normalFocus);
     CHECK(toldBy(folder, "told") == "1\n");

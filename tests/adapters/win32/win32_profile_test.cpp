@@ -1,12 +1,10 @@
-#include "profile_vectors.h"
+#include "adapters/system/profile_player.h"
+#include "adapters/system/system_platform.h"
+#include "adapters/win32/win32_profile.h"
+#include "deep_folder.h"
 
-#include "adapters/posix/code_page_932.h"
-#include "adapters/win32/win32_platform.h"
-#include "adapters/win32/windows_names.h"
-#include "support/temp_folder.h"
-
-#include <algorithm>
-#include <map>
+#include <filesystem>
+#include <fstream>
 
 #include <doctest/doctest.h>
 
@@ -14,36 +12,11 @@ using namespace inin;
 
 namespace {
 
-Profile::Text utf8(const std::optional<std::string> &bytes)
-{
-    return bytes ? Profile::Text(decodeCp932(*bytes)) : std::nullopt;
-}
-
-std::string played(const ProfileStep &step, Profile &profile, const std::string &path)
-{
-    const Profile::Text section = utf8(step.section), key = utf8(step.key);
-    if (step.call == ProfileStep::Call::number)
-        return std::to_string(profile.GetPrivateProfileInt(section, key, 0, path));
-    if (step.call == ProfileStep::Call::text)
-        return encodeCp932(profile.GetPrivateProfileString(section, key, "", step.size, path));
-    return std::to_string(profile.WritePrivateProfileString(section, key, utf8(step.value), path));
-}
-
-std::string recorded(const ProfileStep &step)
-{
-    if (step.call != ProfileStep::Call::text) return std::to_string(step.returned);
-    // A list of names is recorded with the NULs behind it; its length was returned.
-    const bool list = !step.section || !step.key;
-    return list ? step.result.substr(0, static_cast<std::size_t>(step.returned)) : step.result;
-}
-
-/// The case in which another program has the file open and lets others read only.
-constexpr const char *kHeldOpen = "p0376";
-
 class HeldOpen {
 public:
     explicit HeldOpen(const std::string &path)
-        : m_handle(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr))
+        : m_handle(
+              CreateFileW(widePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr))
     {
         REQUIRE(m_handle != INVALID_HANDLE_VALUE);
     }
@@ -55,62 +28,121 @@ private:
     HANDLE m_handle;
 };
 
-/// A case with a byte beyond the code page in a name cannot be asked for in UTF-8.
-bool canBeAskedFor(const ProfileCase &one)
+/// Plays a case on the file at `path`, which goes away again; empty for no difference.
+std::string playedAt(const std::string &path, const ProfileCase &one, Profile &profile)
 {
-    return std::ranges::all_of(one.steps, [](const ProfileStep &step) {
-        const auto same = [](const auto &text) {
-            return !text || encodeCp932(decodeCp932(*text)).size() == text->size();
-        };
-        return same(step.section) && same(step.key) && same(step.value);
-    });
+    const std::filesystem::path file(widePath(path));
+    if (one.file) std::ofstream(file, std::ios::binary) << *one.file;
+    std::optional<HeldOpen> other;
+    if (one.id == kHeldOpenCase) other.emplace(path);
+    std::string told = differences(one, profile, path, file);
+    other.reset();
+    DeleteFileW(file.c_str());
+    return told;
+}
+
+bool canBePlayed(const ProfileCase &one)
+{
+    return (isAboutTheBytes(one) || one.id == kHeldOpenCase) && canBeAskedFor(one);
 }
 
 } // namespace
 
-TEST_CASE("every recorded profile call gives what the platform gave")
+TEST_CASE("the calls mend a broken double byte of another line, and refuse a file that another program holds open")
 {
     std::size_t count = 0;
-    const auto profile = makeWin32Profile();
     for (const ProfileCase &one : recordedProfileCases()) {
-        if (one.group == "readonly" || one.group == "path" || one.id == "p0370" || !canBeAskedFor(one)) continue;
+        if (one.id != kMendedCase && one.id != kHeldOpenCase) continue;
         ++count;
-        INFO(one.id, " ", one.name);
         const TempFolder folder;
-        if (one.file) folder.put("x.ini", *one.file);
-        std::optional<HeldOpen> other;
-        if (one.id == kHeldOpen) other.emplace(folder / "x.ini");
-        for (const ProfileStep &step : one.steps) {
-            CHECK(played(step, *profile, folder / "x.ini") == recorded(step));
-            if (step.tellsFile)
-                CHECK((folder.has("x.ini") ? std::optional(folder.bytes("x.ini")) : std::nullopt) == step.fileAfter);
-        }
+        CHECK(playedAt(folder / "x.ini", one, *makeSystemProfile()) == "");
     }
-    CHECK(count >= 190);
+    CHECK(count == 2);
 }
 
-TEST_CASE("a profile file is found whichever separator its path has, and under a Japanese name")
+TEST_CASE("every recorded profile call gives what the platform gave at a path that the calls cannot be told")
 {
-    const TempFolder folder;
-    const auto profile = makeWin32Profile();
-    CHECK(profile->WritePrivateProfileString("委任状", "印刷種別", "1", folder.path() + "\\印刷設定.ini") == 1);
-    CHECK(folder.bytes("印刷設定.ini") == "[\x88\xCF\x94\x43\x8F\xF3]\r\n\x88\xF3\x8D\xFC\x8E\xED\x95\xCA=1\r\n");
-    CHECK(profile->GetPrivateProfileString("委任状", "印刷種別", "", 256, folder / "印刷設定.ini") == "1");
+    std::size_t count = 0;
+    const auto profile = makeSystemProfile();
+    const DeepFolder deep;
+    const TempFolder current;
+    const CurrentFolder keep(current.folder());
+    for (const ProfileCase &one : recordedProfileCases()) {
+        if (!canBePlayed(one) || one.id == kMendedCase) continue;
+        ++count;
+        CHECK(playedAt(deep / "印刷設定.ini", one, *profile) == "");
+    }
+    CHECK(count >= 189);
+    CHECK(current.entries() == 0);
 }
 
-TEST_CASE("a folder that is not there refuses a write and reads the default")
+TEST_CASE("the calls can be told a path of the classic length and of the code page's characters")
 {
-    const TempFolder folder;
-    const auto profile = makeWin32Profile();
-    CHECK(profile->WritePrivateProfileString("a", "k", "1", folder / "missing/x.ini") == 0);
-    CHECK(profile->GetPrivateProfileInt("a", "k", 7, folder / "missing/x.ini") == 7);
-    CHECK(profile->GetPrivateProfileString("a", "k", "d", 256, folder / "missing/x.ini") == "d");
+    const std::string deep = "C:\\" + std::string(300, 'x');
+    CHECK(canBeTold("C:\\SUITE\\印刷設定.ini"));
+    CHECK(canBeTold("C:/SUITE/髙橋.ini"));
+    CHECK(canBeTold("TMP\\x.ini"));
+    CHECK(canBeTold("Massage.ini"));
+    CHECK_FALSE(canBeTold(deep + "\\x.ini"));
+    CHECK_FALSE(canBeTold("\\\\server\\share\\" + std::string(300, 'x') + "\\x.ini"));
+    CHECK_FALSE(canBeTold("C:\\𠮷野\\x.ini"));
+    CHECK_FALSE(canBeTold("C:\\SUITE\\Äpfel.ini"));
+    // It would go out as a sign that only looks like it, and the name would be another.
+    CHECK_FALSE(canBeTold("C:\\SUITE\\1\u301C2.ini"));
 }
 
-TEST_CASE("a read without a section or key has no number but the default")
+TEST_CASE("a name without a folder never means the current one, however deep that lies")
 {
-    const auto profile = makeWin32Profile();
-    CHECK(profile->GetPrivateProfileInt(std::nullopt, "k", 7, "C:\\x.ini") == 7);
-    CHECK(profile->GetPrivateProfileInt("a", std::nullopt, 7, "C:\\x.ini") == 7);
-    CHECK(profile->GetPrivateProfileString("a", "k", "d", 0, "C:\\x.ini") == "");
+    const DeepFolder deep;
+    const CurrentFolder keep(widePath(deep.path()));
+    CHECK(canBeTold("inin-nowhere.ini"));
+    CHECK_FALSE(canBeTold("𠮷.ini"));
+    const auto profile = makeSystemProfile();
+    CHECK(profile->WritePrivateProfileString("a", "k", "1", "𠮷.ini") == 0);
+    CHECK(profile->GetPrivateProfileInt("a", "k", 7, "𠮷.ini") == 7);
+    CHECK(profile->GetPrivateProfileString("a", "k", "d", 256, "𠮷.ini") == "d");
+    CHECK(makeSystemFiles("C:\\")->directorySearch(deep / "*") == "");
+}
+
+TEST_CASE("a profile file is written and read where its path has a character that the code page lacks")
+{
+    const TempFolder folder, current;
+    const CurrentFolder keep(current.folder());
+    std::filesystem::create_directory(pathOf(folder / "𠮷野整骨院"));
+    const auto profile = makeSystemProfile();
+    for (const char *name : {"𠮷野整骨院/印刷設定.ini", "Äpfel.ini", "1\u301C2.ini"}) {
+        INFO(name);
+        CHECK(profile->WritePrivateProfileString("委任状", "印刷種別", "2", folder / name) == 1);
+        CHECK(folder.bytes(name) == "[\x88\xCF\x94\x43\x8F\xF3]\r\n\x88\xF3\x8D\xFC\x8E\xED\x95\xCA=2\r\n");
+        CHECK(profile->GetPrivateProfileInt("委任状", "印刷種別", 0, folder / name) == 2);
+        CHECK(profile->GetPrivateProfileString("委任状", "印刷種別", "", 256, folder / name) == "2");
+    }
+    CHECK(folder.entries() == 3);
+    CHECK(current.entries() == 0);
+}
+
+TEST_CASE("a refused write gives 0 at a path that the calls cannot be told, and writes nothing anywhere")
+{
+    const DeepFolder deep;
+    const TempFolder current;
+    const CurrentFolder keep(current.folder());
+    const std::string file = deep / "x.ini";
+    const auto profile = makeSystemProfile();
+    const auto write = [&](const std::string &path) { return profile->WritePrivateProfileString("a", "k", "2", path); };
+
+    CHECK(write(deep.path()) == 0);
+    CHECK(write(deep / "missing\\x.ini") == 0);
+    CHECK(profile->GetPrivateProfileString("a", "k", "d", 256, deep / "missing\\x.ini") == "d");
+    CHECK(write(deep / std::string(300, 'x')) == 0);
+    CHECK(profile->WritePrivateProfileString(std::nullopt, "k", "2", file) == 0);
+    CHECK(profile->WritePrivateProfileString("a", "k", std::nullopt, file) == 1);
+    CHECK(makeSystemFiles("C:\\")->directorySearch(deep / "*") == "");
+
+    REQUIRE(write(file) == 1);
+    REQUIRE(SetFileAttributesW(widePath(file).c_str(), FILE_ATTRIBUTE_READONLY) != 0);
+    CHECK(profile->WritePrivateProfileString("a", "k", "3", file) == 0);
+    REQUIRE(SetFileAttributesW(widePath(file).c_str(), FILE_ATTRIBUTE_NORMAL) != 0);
+    CHECK(profile->GetPrivateProfileInt("a", "k", 7, file) == 2);
+    CHECK(current.entries() == 0);
+    makeSystemFiles("C:\\")->remove(file);
 }

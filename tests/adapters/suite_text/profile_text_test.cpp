@@ -1,4 +1,4 @@
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/profile_text.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "profile_vectors.h"
+#include "adapters/suite_text/profile_vectors.h"
 
 #include <fstream>
 #include <stdexcept>
@@ -57,6 +57,19 @@ std::vector<ProfileCase> recordedProfileCases()
         cases.push_back(std::move(one));
     }
     return cases;
+}
+
+bool isAboutTheBytes(const ProfileCase &one)
+{
+    return one.group != "readonly" && one.group != "path" && one.id != kHeldOpenCase && one.id != kMissingFolderCase;
+}
+
+std::string recordedResult(const ProfileStep &step)
+{
+    if (step.call != ProfileStep::Call::text) return std::to_string(step.returned);
+    // A list of names is recorded with the NULs behind it; its length was returned.
+    const bool list = !step.section || !step.key;
+    return list ? step.result.substr(0, static_cast<std::size_t>(step.returned)) : step.result;
 }
 
 } // namespace inin

@@ -1,6 +1,6 @@
-#include "adapters/posix/profile_lines.h"
+#include "adapters/suite_text/profile_lines.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 
 #include <algorithm>
 

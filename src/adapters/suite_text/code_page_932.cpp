@@ -1,4 +1,6 @@
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
+
+#include "adapters/suite_text/code_page_table.h"
 
 #include <array>
 #include <cstddef>
@@ -7,12 +9,6 @@
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-#ifdef _WIN32
-#include <windows.h>
-#else
-#include <iconv.h>
-#endif
 
 namespace inin {
 
@@ -35,71 +31,16 @@ constexpr int preference(unsigned lead)
     return lead == 0x87 ? 3 : 4;
 }
 
+constexpr unsigned pairOf(unsigned char lead, unsigned char trail)
+{
+    return static_cast<unsigned>(lead << 8 | trail);
+}
+
 struct Twin {
     char16_t twin;
     char16_t own;
 };
 constexpr Twin kTwins[] = {{0x2014, 0x2015}, {0x2016, 0x2225}, {0x2212, 0xFF0D}, {0x301C, 0xFF5E}};
-
-#ifdef _WIN32
-/// The system's own code page 932, which need not be its ANSI code page.
-class SystemTable {
-public:
-    /// The UTF-16 unit of each character of `width` bytes, 0 where they are none.
-    [[nodiscard]] std::vector<char16_t> units(const std::string &bytes, std::size_t width) const
-    {
-        std::vector<char16_t> found;
-        for (std::size_t at = 0; at < bytes.size(); at += width) {
-            wchar_t out[2] = {};
-            const int size = static_cast<int>(width);
-            const int count = MultiByteToWideChar(932, MB_ERR_INVALID_CHARS, bytes.data() + at, size, out, 2);
-            found.push_back(count == 1 ? static_cast<char16_t>(out[0]) : u'\0');
-        }
-        return found;
-    }
-};
-#else
-class SystemTable {
-public:
-    SystemTable() : m_descriptor(iconv_open("UTF-16LE", "CP932"))
-    {
-        // iconv reports a failure as a pointer of all ones.
-        if (reinterpret_cast<std::intptr_t>(m_descriptor) == -1)
-            throw std::runtime_error("the system's iconv has no code page 932");
-    }
-    SystemTable(const SystemTable &) = delete;
-    SystemTable &operator=(const SystemTable &) = delete;
-    ~SystemTable() { iconv_close(m_descriptor); }
-
-    /// The UTF-16 unit of each character of `width` bytes, 0 where they are none. Many go through in one call: a call a
-    /// character would be a good part of the program's start.
-    std::vector<char16_t> units(std::string bytes, std::size_t width) const
-    {
-        std::vector<char16_t> found;
-        std::vector<unsigned char> out(bytes.size() * 2);
-        char *at = bytes.data();
-        for (std::size_t left = bytes.size(); left > 0;) {
-            char *outAt = reinterpret_cast<char *>(out.data());
-            std::size_t outLeft = out.size();
-            const std::size_t before = left;
-            iconv(m_descriptor, nullptr, nullptr, nullptr, nullptr);
-            iconv(m_descriptor, &at, &left, &outAt, &outLeft);
-            const std::size_t characters = (before - left) / width;
-            if (out.size() - outLeft != characters * 2) throw std::runtime_error("the code page has no such pairs");
-            for (std::size_t i = 0; i < characters; ++i)
-                found.push_back(static_cast<char16_t>(out[2 * i] | out[2 * i + 1] << 8));
-            if (left == 0) break;
-            found.push_back(0); // it stopped in front of what is no character
-            at += width;
-            left -= width;
-        }
-        return found;
-    }
-
-private:
-    iconv_t m_descriptor;
-};
-#endif
 
 struct Tables {
     std::array<char16_t, 0x100> single{};      ///< 0: no character of one byte
@@ -108,35 +49,35 @@ struct Tables {
 
     Tables()
     {
-        const SystemTable system;
-        // What becomes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
-        addSingles(system, 0x01, 0x7F);
-        addSingles(system, 0xA1, 0xDF);
-        for (unsigned lead = 0x81; lead <= 0xFC; ++lead)
-            if (isCp932Lead(static_cast<unsigned char>(lead))) addPairs(system, lead);
+        std::string singles, pairs;
+        for (unsigned byte = 0x01; byte <= 0xFC; ++byte) {
+            // What becomes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
+            if (isCp932Lead(static_cast<unsigned char>(byte)))
+                addTrails(pairs, static_cast<char>(byte));
+            else if (byte != 0x80 && byte != 0xA0)
+                singles += static_cast<char>(byte);
+        }
+        addAll(singles, 1);
+        addAll(pairs, 2);
         for (const Twin &twin : kTwins)
             if (code[twin.twin] == 0) code[twin.twin] = code[twin.own];
     }
 
 private:
-    void addSingles(const SystemTable &system, unsigned first, unsigned last)
+    static void addTrails(std::string &pairs, char lead)
     {
-        std::string in;
-        for (unsigned byte = first; byte <= last; ++byte) in += static_cast<char>(byte);
-        for (unsigned byte = first; const char16_t unit : system.units(in, 1)) {
-            add(unit, byte, single[byte]);
-            ++byte;
-        }
-    }
-    void addPairs(const SystemTable &system, unsigned lead)
-    {
-        std::string in;
         for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
-            if (isTrail(static_cast<unsigned char>(trail))) in += {static_cast<char>(lead), static_cast<char>(trail)};
-        for (std::size_t at = 1; const char16_t unit : system.units(in, 2)) {
-            const unsigned both = lead << 8 | static_cast<unsigned char>(in[at]);
-            add(unit, both, pair[both]);
-            at += 2;
+            if (isTrail(static_cast<unsigned char>(trail))) pairs += {lead, static_cast<char>(trail)};
+    }
+    void addAll(const std::string &bytes, std::size_t width)
+    {
+        const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(bytes[at]); };
+        for (std::size_t at = 0; const char16_t unit : systemUnits(bytes, width)) {
+            if (width == 1)
+                add(unit, byteAt(at), single[byteAt(at)]);
+            else
+                add(unit, pairOf(byteAt(at), byteAt(at + 1)), pair[pairOf(byteAt(at), byteAt(at + 1))]);
+            at += width;
         }
     }
     void add(char16_t unit, unsigned bytes, char16_t &place)
@@ -199,7 +140,7 @@ bool isCp932Lead(unsigned char byte)
 
 char16_t cp932Unit(unsigned char lead, unsigned char trail)
 {
-    return tables().pair[static_cast<std::size_t>(lead << 8 | trail)];
+    return tables().pair[pairOf(lead, trail)];
 }
 
 char16_t cp932Unit(unsigned char byte)
@@ -254,7 +195,7 @@ std::string decodeCp932(std::string_view bytes)
         char16_t unit = table.single[byte];
         // A lead byte takes a trail byte with it even when the two are no character; anything else stays for itself.
         if (isCp932Lead(byte) && at < bytes.size() && isTrail(static_cast<unsigned char>(bytes[at])))
-            unit = table.pair[static_cast<std::size_t>(byte << 8 | static_cast<unsigned char>(bytes[at++]))];
+            unit = table.pair[pairOf(byte, static_cast<unsigned char>(bytes[at++]))];
         appendUtf8(out, unit == 0 ? kReplacement : unit);
     }
     return out;

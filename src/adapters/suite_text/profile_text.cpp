@@ -1,7 +1,7 @@
-#include "adapters/posix/profile_text.h"
+#include "adapters/suite_text/profile_text.h"
 
-#include "adapters/posix/profile_lines.h"
-#include "adapters/posix/unicode_mark.h"
+#include "adapters/suite_text/profile_lines.h"
+#include "adapters/suite_text/unicode_mark.h"
 
 namespace inin {
 
@@ -94,6 +94,11 @@ std::string withoutKey(std::string_view bytes, const Section &section, std::stri
 }
 
 } // namespace
+
+bool isBareProfileName(std::string_view file)
+{
+    return file.find_first_of("\\/") == std::string_view::npos;
+}
 
 std::string profileString(std::string_view bytes, ProfileBytes section, ProfileBytes key, std::string_view defaultValue,
                           std::size_t size)

@@ -1,6 +1,6 @@
-#include "adapters/posix/unicode_mark.h"
+#include "adapters/suite_text/unicode_mark.h"
 
-#include "adapters/posix/code_page_932.h"
+#include "adapters/suite_text/code_page_932.h"
 
 #include <cstddef>
 

@@ -13,6 +13,9 @@ namespace inin {
 
 using ProfileBytes = std::optional<std::string_view>;
 
+/// A name without a folder means a folder of the system's own, never the current one.
+[[nodiscard]] bool isBareProfileName(std::string_view file);
+
 /// The value as the call would put it into a buffer of `size` bytes, without the closing NUL. Without a section the
 /// names of all sections, without a key the names of the section's keys, each ended by a NUL.
 [[nodiscard]] std::string profileString(std::string_view bytes, ProfileBytes section, ProfileBytes key,

@@ -1,0 +1,15 @@
+#include "adapters/odbc/jet_dao.h"
+
+namespace inin {
+
+std::string jetDriver()
+{
+    return "Microsoft Access Driver (*.mdb, *.accdb)";
+}
+
+DaoAccess jetAccess()
+{
+    return DaoAccess::readWrite;
+}
+
+} // namespace inin

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "adapters/win32/win32_path.h"
+#include "adapters/win32/windows_names.h"
+
+#include <string>
+
+namespace inin {
+
+/// Deletes a program that was started; while it runs it cannot go.
+inline void removeOnceEnded(const std::string &program)
+{
+    constexpr int kTries = 500;
+    for (int wait = 0; wait < kTries && DeleteFileW(widePath(program).c_str()) == 0; ++wait) Sleep(10);
+}
+
+} // namespace inin
