@@ -1,21 +1,33 @@
-# A room is one folder of src/ as a static library; LINKS states the arrows that leave it.
+# A room is one folder of src/ as a static library; LINKS states the arrows that leave it, TOOLKIT that it draws windows.
 function(inin_room name)
-    cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    cmake_parse_arguments(ROOM "TOOLKIT" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
     add_library(${name} STATIC ${ROOM_SOURCES})
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${name} PUBLIC ${ROOM_LINKS} PRIVATE inin_flags ${ROOM_PRIVATE_LINKS})
+    if(ROOM_TOOLKIT)
+        inin_precompile(${name} toolkit)
+    else()
+        inin_precompile(${name} standard)
+    endif()
 endfunction()
 
-# A doctest program for one room; its cases run as one test of ctest.
+# A doctest program for one room; its cases run as one test of ctest. TOOLKIT: it
+# works windows.
 function(inin_test name)
-    cmake_parse_arguments(TEST "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(TEST "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${TEST_SOURCES})
-    target_link_libraries(${name} PRIVATE inin_flags inin_test_main ${TEST_LINKS})
+    # A main of its own among LINKS goes before the ordinary one.
+    target_link_libraries(${name} PRIVATE inin_flags ${TEST_LINKS} inin_test_main)
+    if(TEST_TOOLKIT)
+        inin_precompile(${name} toolkit_test)
+    else()
+        inin_precompile(${name} test)
+    endif()
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE
         ININ_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data" ININ_SCENARIOS="${PROJECT_SOURCE_DIR}/tests/scenarios"
         ININ_SITE="${PROJECT_SOURCE_DIR}/site")
-    if(WIN32)
+    if(WIN32 OR ININ_SANITIZE)
         # Unoptimized: what takes the time is compiling the tests, not running them.
         target_compile_options(${name} PRIVATE -O0)
     endif()

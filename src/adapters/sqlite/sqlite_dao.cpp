@@ -9,7 +9,7 @@ namespace inin {
 
 namespace {
 
-std::string quoted(std::string_view value)
+std::string inDoubleQuotes(std::string_view value)
 {
     std::string text = "\"";
     for (const char c : value) text.append(c == '"' ? 2 : 1, c);
@@ -18,7 +18,7 @@ std::string quoted(std::string_view value)
 
 std::string connectionString(const std::string &path, DaoWorkspace::Sharing sharing)
 {
-    const std::string text = "Provider=SQLite;Data Source=" + quoted(path);
+    const std::string text = "Provider=SQLite;Data Source=" + inDoubleQuotes(path);
     return sharing == DaoWorkspace::Sharing::exclusive ? text + ";Mode=Share Exclusive" : text;
 }
 
