@@ -1,3 +1,4 @@
+#include "adapters/common/dao_error.h"
 #include "adapters/sqlite/database_file.h"
 #include "adapters/sqlite/sqlite_dao.h"
 #include "data/dao_session.h"
@@ -157,6 +158,22 @@ TEST_CASE("a statement that fails has the library's number and the provider's wo
         CHECK(open.session.iExecSQL(each.sql) == -1);
         CHECK(open.number() == each.number);
         CHECK(open.session.sErrMsg().size() > 6);
+    }
+}
+
+TEST_CASE("each failure of the provider has the library's number and keeps its words")
+{
+    struct Row {
+        std::int32_t provider;
+        std::int32_t library;
+    };
+    for (const Row row :
+         {Row{-2147217900, 3075}, Row{-2147217865, 3078}, Row{-2147217843, 3151}, Row{-2147217871, 3260},
+          Row{-2147217873, 3022}, Row{-2147467259, 3146}, Row{3704, 3420}, Row{3265, 3265}, Row{3021, 3021}}) {
+        CAPTURE(row.provider);
+        const RuntimeError error = asDaoError(RuntimeError(row.provider, "言葉"));
+        CHECK(error.number() == row.library);
+        CHECK(error.description() == "言葉");
     }
 }
 
