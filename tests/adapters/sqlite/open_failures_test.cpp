@@ -183,6 +183,30 @@ TEST_CASE("a lock of another program that ends in time costs only the waiting, b
     other.join();
 }
 
+TEST_CASE("a commit waits for another program's reading, beside an idle session of this one too")
+{
+    const DatabaseFile file("CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1), (2)");
+    Session session(file);
+    const auto idle = session.database().newConnection();
+    idle->Open(file.connectionString(), "", "", -1);
+    session.connection().BeginTrans();
+    session.execute("INSERT INTO T VALUES (3)");
+    std::atomic<bool> isReading = false;
+    std::thread other([&] {
+        Session reader(file);
+        const auto rows = reader.open("SELECT nID FROM T");
+        isReading = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        rows->Close();
+    });
+    while (!isReading) std::this_thread::yield();
+
+    CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == 0);
+
+    other.join();
+    CHECK(session.value("SELECT count(*) FROM T") == "3");
+}
+
 TEST_CASE("a statement that does not end is stopped after the command timeout, and the session goes on")
 {
     const DatabaseFile file(kTable);
