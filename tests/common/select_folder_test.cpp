@@ -166,6 +166,17 @@ TEST_CASE("a start folder whose drive is in no list is opened all the same")
     }
 }
 
+TEST_CASE("a current folder on a drive in no list leaves the drive list without a choice")
+{
+    FolderFixture fixture;
+    fixture.folders.letters = {"d:"};
+    fixture.act([](frmSelFolder &window) {
+        CHECK(window.dilFolder.Path() == "C:\\SUITE");
+        CHECK(window.drlDrive.ListIndex == -1);
+    });
+    CHECK(fixture.select.iSelFolder() == 0);
+}
+
 TEST_CASE("the chosen folder is kept without its closing backslash")
 {
     struct PathCase {

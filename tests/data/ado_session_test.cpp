@@ -105,6 +105,29 @@ TEST_CASE("a connection object that cannot be made is a failure like any other")
     CHECK(fixture.session.sDbName().empty());
 }
 
+TEST_CASE("no operation that succeeds clears the words of the failure before it")
+{
+    ProbeFixture fixture;
+    fixture.database.probe.failure = -2147217900;
+    REQUIRE(fixture.session.iConnect() == -1);
+    fixture.database.probe.failure = 0;
+    ProbeRecordset rows;
+    std::unique_ptr<Recordset> toClose = std::make_unique<ProbeRecordset>();
+    Variant count;
+
+    CHECK(fixture.session.iInit("Provider=Fake") == 0);
+    CHECK(fixture.session.iConnect() == 0);
+    CHECK(fixture.session.iSetTimeout(20) == 0);
+    CHECK(fixture.session.iOpenRecSet(rows, "SELECT 1", 0, 1, 1) == 0);
+    CHECK(fixture.session.iCloseRecSet(toClose) == 0);
+    CHECK(fixture.session.iBeginTrans() == 0);
+    CHECK(fixture.session.iExecSQL("DELETE FROM CORP", &count) == 0);
+    CHECK(fixture.session.iCommitTrans() == 0);
+    CHECK(fixture.session.iRollback() == 0);
+    CHECK(fixture.session.iDisConnect() == 0);
+    CHECK(fixture.session.sErrMsg() == "(-2147217900)失敗しました。");
+}
+
 TEST_CASE("iDisConnect closes, and iConnect works again without a new iInit")
 {
     FakeWorld world;

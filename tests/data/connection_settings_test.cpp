@@ -43,6 +43,7 @@ TEST_CASE("the connection string goes to the database unchanged but for blanks o
     const Row rows[] = {
         {"trailing blanks are cut", "Provider=X;Data Source=s   ", "Provider=X;Data Source=s"},
         {"trailing blanks inside quotes are cut too", "\"Provider=X;Data Source=s   \"", "Provider=X;Data Source=s"},
+        {"leading blanks inside quotes stay", "\"  Provider=X\"", "  Provider=X"},
         {"a password with its semicolons passes unread", "Provider=X;Password=\"a;b=c;;\";User ID=u",
          "Provider=X;Password=\"a;b=c;;\";User ID=u"},
         {"Japanese", "Provider=X;Data Source=サーバー表", "Provider=X;Data Source=サーバー表"},

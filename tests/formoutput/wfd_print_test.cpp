@@ -82,6 +82,15 @@ TEST_CASE("the document is created by its program id and gets the title")
     CHECK(fixture.print.sErrMsg.empty());
 }
 
+TEST_CASE("each iInit makes a document of its own, and the calls go to the last one")
+{
+    PrintFixture fixture;
+    CHECK(fixture.print.iInit("前") == 0);
+    CHECK(fixture.print.iInit("後") == 0);
+    CHECK(fixture.tool.created == std::vector<std::string>{"wfrfv.Document.1", "wfrfv.Document.1"});
+    CHECK(fixture.tool.calls == Calls{{"set", "Title", {"前"}}, {"set", "Title", {"後"}}});
+}
+
 TEST_CASE("an empty title is not set")
 {
     PrintFixture fixture;

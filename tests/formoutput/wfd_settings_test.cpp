@@ -88,6 +88,21 @@ TEST_CASE("an iInit that cannot read the settings gives -1 and the words, and sh
     CHECK(world.boxes.shown.empty());
 }
 
+TEST_CASE("an iInit that cannot read the settings leaves form and title of the one before")
+{
+    WfdFixture fixture;
+    REQUIRE(fixture.wfd.iInit(kForm, "前") == 0);
+    REQUIRE(fixture.wfd.iSetOffset(3, 0) == 0);
+    fixture.world.files.openInputErrors["c:\\suite\\massage.ini"] = 70;
+    REQUIRE(fixture.wfd.iInit("C:\\SUITE\\SYS\\b.wfd", "後") == -1);
+
+    CHECK(fixture.dataScript() == "FileName,\"C:\\SUITE\\SYS\\a.wfd\"\r\n"
+                                  "Title,\"\x91\x4F\"\r\n"
+                                  "PrintOffsetX, 3\r\n"
+                                  "PrintPaper, A4\r\n"
+                                  "ShowWindow,2\r\n");
+}
+
 TEST_CASE("a gap in the data numbers writes no line")
 {
     WfdFixture fixture;

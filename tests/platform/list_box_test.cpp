@@ -61,6 +61,16 @@ TEST_CASE("adding entries chooses none and fires nothing")
     CHECK(fixture.clicks == 0);
 }
 
+TEST_CASE("each added entry is told to the watchers")
+{
+    ListFixture fixture;
+    std::vector<std::int16_t> counts;
+    fixture.list.watch([&] { counts.push_back(fixture.list.ListCount()); });
+    fixture.list.AddItem("社保", 8);
+    fixture.list.AddItem("後期", 9);
+    CHECK(counts == std::vector<std::int16_t>{3, 4});
+}
+
 TEST_CASE("each list entry keeps its text and its number")
 {
     ListFixture fixture;

@@ -200,7 +200,7 @@ TEST_CASE_FIXTURE(CsvFixture, "a missing format file names no form and shows not
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("the format file's entry is cut and trimmed on the right")
+TEST_CASE("the format file's entry is cut and trimmed on the right alone")
 {
     struct Row {
         const char *text;
@@ -208,8 +208,8 @@ TEST_CASE("the format file's entry is cut and trimmed on the right")
     };
     for (const Row &row :
          {Row{"[委任状]\n委任状=特別.wfd\n", "特別.wfd"}, Row{"[委任状]\n委任状=特別.wfd   \n", "特別.wfd"},
-          Row{"[委任状]\n委任状=\n", ""}, Row{"[委任状]\n", ""}, Row{"[ほか]\n委任状=x.wfd\n", ""},
-          Row{"[委任状]\nほか=x.wfd\n", ""}, Row{"", ""}}) {
+          Row{"[委任状]\n委任状=\"  特別.wfd  \"\n", "  特別.wfd"}, Row{"[委任状]\n委任状=\n", ""},
+          Row{"[委任状]\n", ""}, Row{"[ほか]\n委任状=x.wfd\n", ""}, Row{"[委任状]\nほか=x.wfd\n", ""}, Row{"", ""}}) {
         PrintFixture fixture;
         fixture.world.files.putText(kFormats, row.text);
         CAPTURE(row.text);

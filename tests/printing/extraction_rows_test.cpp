@@ -239,6 +239,27 @@ TEST_CASE_FIXTURE(PrintFixture, "an entered signature date stands whatever the p
     CHECK(form.aIninRow.at(0).署名日 == "2024/06/03");
 }
 
+TEST_CASE("only period kind 1 is the whole month, and only signature kind 0 is automatic")
+{
+    struct Row {
+        std::int16_t iDspPeriodKind, iSyomeiKind;
+        const char *start, *end, *signature;
+    };
+    for (const Row &row :
+         {Row{1, 0, "2024/05/01", "2024/05/31", "2024/05/01"}, Row{0, 0, "2024/04/10", "2024/09/09", "2024/04/10"},
+          Row{3, 2, "2024/04/10", "2024/09/09", "2024/06/03"}, Row{-1, -1, "2024/04/10", "2024/09/09", "2024/06/03"}}) {
+        PrintFixture fixture;
+        fixture.form.iDspPeriodKind = row.iDspPeriodKind;
+        fixture.form.iSyomeiKind = row.iSyomeiKind;
+        fixture.answer(patients({{}}));
+        CAPTURE(row.iDspPeriodKind);
+        REQUIRE(fixture.form.iGetKanjaDataMonth() == 0);
+        CHECK(fixture.form.aIninRow.at(0).対象開始日 == row.start);
+        CHECK(fixture.form.aIninRow.at(0).対象終了日 == row.end);
+        CHECK(fixture.form.aIninRow.at(0).署名日 == row.signature);
+    }
+}
+
 TEST_CASE_FIXTURE(PrintFixture, "a period whose end lies before its start is taken as it stands")
 {
     form.iDspPeriodKind = 2;

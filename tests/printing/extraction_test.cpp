@@ -172,7 +172,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the central box is answered before the session 
     CHECK(world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a failing field leaves the fields before it in the last letter")
+TEST_CASE_FIXTURE(PrintFixture, "a failing field leaves the fields before it in the last letter, and none behind it")
 {
     answer(patients({{{"RiyouName", "一"}}, {{"RiyouName", "二"}, {"iKinSyubetsu", std::int32_t{40000}}}}));
     REQUIRE(form.iGetKanjaDataMonth() == -1);
@@ -180,8 +180,10 @@ TEST_CASE_FIXTURE(PrintFixture, "a failing field leaves the fields before it in 
     REQUIRE(form.aIninRow.size() == 2);
     CHECK(form.aIninRow[1].利用者氏名 == "二");
     CHECK(form.aIninRow[1].会社電話番号 == "03-1111-2222");
-    CHECK(form.aIninRow[1].金融機関名 == "");
-    CHECK(form.aIninRow[1].署名日 == "");
+    for (const IninField behind :
+         {&IninRow::金融機関名, &IninRow::金融機関名２, &IninRow::口座番号, &IninRow::口座名義, &IninRow::最終施術日,
+          &IninRow::保険者地区名, &IninRow::世帯主住所, &IninRow::署名日})
+        CHECK(form.aIninRow[1].*behind == "");
     CHECK(form.iRowCount == 0);
 }
 

@@ -168,6 +168,25 @@ TEST_CASE_FIXTURE(PrintFixture, "a patient whose last visit lies on another day 
     CHECK(form.aIninRow.at(0).利用者氏名 == "残る");
 }
 
+TEST_CASE_FIXTURE(PrintFixture, "a row that drops out between two letters leaves no gap between them")
+{
+    form.csTargetDate = "2024/05/28";
+    answer(patients({{{"nIDNo", std::int32_t{1}}, {"RiyouName", "甲"}},
+                     {{"nIDNo", std::int32_t{2}}, {"RiyouName", "乙"}},
+                     {{"nIDNo", std::int32_t{3}}, {"RiyouName", "丙"}},
+                     {{"nIDNo", std::int32_t{4}}, {"RiyouName", "丁"}}}));
+    world.database.resultsByText = {{"nIDRiyoushaNo = 1 ", visits("nDate", {std::int32_t{20240528}})},
+                                    {"nIDRiyoushaNo = 2 ", visits("nDate", {std::int32_t{20240530}})},
+                                    {"nIDRiyoushaNo = 3 ", visits("nDate", {std::int32_t{20240528}})},
+                                    {"nIDRiyoushaNo = 4 ", visits("nDate", {std::int32_t{20240531}})}};
+    REQUIRE(form.iGetKanjaDataDay() == 0);
+
+    CHECK(form.iRowCount == 2);
+    REQUIRE(form.aIninRow.size() == 2);
+    CHECK(form.aIninRow[0].利用者氏名 == "甲");
+    CHECK(form.aIninRow[1].利用者氏名 == "丙");
+}
+
 TEST_CASE_FIXTURE(PrintFixture, "a day extraction asks for each row on a second session while the first stays open")
 {
     form.csTargetDate = "2024/05/28";

@@ -113,6 +113,14 @@ TEST_CASE_FIXTURE(PrintFixture, "the list position of the insurance counts, not 
     CHECK(form.iHokenIndex == 1);
 }
 
+TEST_CASE_FIXTURE(PrintFixture, "a list of insurances that was never filled counts as -1")
+{
+    form.cmbHoken.Clear();
+    REQUIRE(form.iGetPrintCond() == 0);
+
+    CHECK(form.iHokenIndex == -1);
+}
+
 TEST_CASE_FIXTURE(PrintFixture, "the check box of ended patients is read though it is hidden")
 {
     form.chkExpireDay.Value = std::int16_t{1};
@@ -185,6 +193,8 @@ TEST_CASE_FIXTURE(PrintFixture, "a failure in the middle leaves the kinds before
     form.optObject(1).Value = true;
     form.optTrust(1).Value = true;
     form.optDspPeriod(1).Value = true;
+    // The clicks have set these kinds already: only what the reading itself sets may count here.
+    form.iObjectKind = form.iTrustKind = form.iDspPeriodKind = 9;
     form.nKanjaNo = 77;
 
     CHECK(form.iGetPrintCond() == -1);
@@ -195,12 +205,15 @@ TEST_CASE_FIXTURE(PrintFixture, "a failure in the middle leaves the kinds before
     CHECK(form.nKanjaNo == 77);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a number beyond 32 bits fails with an overflow")
+TEST_CASE_FIXTURE(PrintFixture, "a number beyond 32 bits is an overflow, and the staff number is not read")
 {
     form.imNum_CD.Value = 3e9;
+    form.imNum_StaffNo.Value = std::int32_t{5};
+    form.nStaffNo = 77;
 
     CHECK(form.iGetPrintCond() == -1);
     CHECK(onlyBox() == ShownBox{"(6)オーバーフローしました。", Icon::none, ""});
+    CHECK(form.nStaffNo == 77);
 }
 
 TEST_CASE_FIXTURE(PrintFixture, "controls that are disabled are read all the same")

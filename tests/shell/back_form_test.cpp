@@ -64,6 +64,17 @@ TEST_CASE("the load goes hourglass, folder, icon folder, wallpaper, base twice, 
                                                         "search C:\\SUITE\\ICON\\wall.bmp", "pointer 0"});
 }
 
+TEST_CASE("the wallpaper is asked for before the base: its warning comes although the base ends the load")
+{
+    BackFixture fixture;
+    fixture.files.putText("C:\\SUITE\\Massage.ini", "[Sorvin]\n");
+    CHECK(fixture.loadError() == 13);
+    CHECK(fixture.boxes.shown ==
+          std::vector<ShownBox>{
+              {"システム設定ファイルに、指定の項目が見つかりません。\r[SYSTEM_ICON]", Icon::critical, "警告！"},
+              {"システム設定ファイルに、指定の項目が見つかりません。\r[WALLPAPER]", Icon::critical, "警告！"}});
+}
+
 TEST_CASE("a wallpaper file that does not exist leaves the window bare without a message")
 {
     BackFixture fixture;

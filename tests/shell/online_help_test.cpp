@@ -83,6 +83,16 @@ TEST_CASE("a missing user file opens the help without a query")
     CHECK(fixture.boxes.shown.empty());
 }
 
+TEST_CASE("the user file is looked for in the folder that the start found, the version file in the runtime's")
+{
+    HelpFixture fixture;
+    fixture.putAddress("ADDRESS=http://h/");
+    fixture.app.gcsAppPath = "D:\\FOUND";
+    fixture.files.putText("D:\\FOUND\\EmapUser.ini", "ZENRIN_USER=ab\n");
+    fixture.files.putText(kUserFile, "ZENRIN_USER=other\n");
+    CHECK(fixture.openedAt(1) == Texts{"http://h/?zi=ba&zp=&lk=1"});
+}
+
 TEST_CASE("a user file that cannot be read opens the help without a query")
 {
     HelpFixture fixture;

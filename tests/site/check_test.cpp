@@ -139,7 +139,8 @@ TEST_CASE("a machine that reads settings in another code page is found, one that
 
 TEST_CASE("a short date that begins with the whole year is no fault of the machine")
 {
-    for (const char *form : {"yyyy/MM/dd", "yyyy/M/d", "yyyy-MM-dd"}) {
+    for (const char *form :
+         {"yyyy/MM/dd", "yyyy/M/d", "yyyy/MM/d", "yyyy/M/dd", "yyyy-MM-dd", "yyyy-M-d", "yyyy-MM-d", "yyyy-M-dd"}) {
         CAPTURE(form);
         site::Findings findings;
         site::checkShortDate(Regional{form}, findings);

@@ -74,6 +74,23 @@ TEST_CASE("a file where the folder should be is refused")
     CHECK(folder.bytes("site") == "mine");
 }
 
+TEST_CASE("a database that cannot take its name is told, and no unfinished one stays")
+{
+    const TempFolder folder;
+    fs::create_directories(folder.folder() / "demo.db" / "mine");
+    std::string words;
+    try {
+        site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::anyFolder);
+    } catch (const RuntimeError &error) {
+        words = error.description();
+    }
+
+    CHECK(words.starts_with("データベース「"));
+    CHECK(words.ends_with("demo.db」を置き換えられません。"));
+    CHECK(fs::exists(folder.folder() / "demo.db" / "mine"));
+    CHECK_FALSE(fs::exists(folder.folder() / "demo.db.new"));
+}
+
 TEST_CASE("force writes into a folder that is not empty and keeps its other files")
 {
     const TempFolder folder;

@@ -3,6 +3,8 @@
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
 
+#include <algorithm>
+
 namespace inin {
 
 namespace {
@@ -89,7 +91,8 @@ public:
         m_result = fake.answerTo(sql);
         fake.raiseIfAsked(m_result);
         m_open = true;
-        m_row = 0;
+        m_reached = 0;
+        goTo(0);
     }
     void Close() override
     {
@@ -101,16 +104,14 @@ public:
     void MoveNext() override
     {
         if (isEndOfFile()) throw RuntimeError(error_number::noCurrentRecord, "レコードがありません。");
-        ++m_row;
+        goTo(m_row + 1);
         if (m_result.failingMove != 0 && m_row == static_cast<std::size_t>(m_result.failingMove))
             throw RuntimeError(ado_error::unspecified, "接続が失われました。");
     }
-    void MoveFirst() override { m_row = 0; }
-    void MoveLast() override { m_row = m_result.rows.empty() ? 0 : m_result.rows.size() - 1; }
-    std::int32_t RecordCount() const override
-    {
-        return m_client ? static_cast<std::int32_t>(m_result.rows.size()) : -1;
-    }
+    void MoveFirst() override { goTo(0); }
+    void MoveLast() override { goTo(m_result.rows.empty() ? 0 : m_result.rows.size() - 1); }
+    /// As some providers do it: of the rows that were reached, so that all are known behind the last one only.
+    std::int32_t RecordCount() const override { return m_client ? static_cast<std::int32_t>(m_reached) : -1; }
     std::size_t fieldCount() const override { return m_result.columns.size(); }
     std::string fieldName(std::size_t index) const override { return m_result.columns.at(index); }
     std::int32_t fieldType(std::size_t index) const override
@@ -130,8 +131,15 @@ public:
     }
 
 private:
+    void goTo(std::size_t row)
+    {
+        m_row = row;
+        m_reached = std::max(m_reached, std::min(row + 1, m_result.rows.size()));
+    }
+
     FakeResult m_result;
     std::size_t m_row = 0;
+    std::size_t m_reached = 0;
     bool m_open = false;
     bool m_client = false;
 };

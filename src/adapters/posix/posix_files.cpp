@@ -18,6 +18,8 @@ namespace inin {
 namespace {
 
 constexpr std::size_t kBufferSize = 65536;
+/// Not to wait where a pipe bears the name: it reads as an empty file and takes nothing.
+constexpr int kOpenFlags = O_CLOEXEC | O_NONBLOCK;
 
 struct ErrorRule {
     int systemError;
@@ -132,7 +134,7 @@ public:
     {
         const std::string systemPath = filePath(path);
         if (isFileAt(systemPath) && !isWritableFile(systemPath)) fail(EACCES, systemPath);
-        FileDescriptor file(open(systemPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+        FileDescriptor file(open(systemPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | kOpenFlags, 0666));
         if (!file.isOpen()) fail(errno, systemPath);
         return std::make_unique<PosixOutput>(std::move(file), systemPath);
     }
@@ -141,7 +143,7 @@ public:
     {
         const std::string systemPath = filePath(path);
         if (isFolderAt(systemPath)) fail(EISDIR, systemPath);
-        FileDescriptor file(open(systemPath.c_str(), O_RDONLY | O_CLOEXEC));
+        FileDescriptor file(open(systemPath.c_str(), O_RDONLY | kOpenFlags));
         if (!file.isOpen()) fail(errno, systemPath);
         return std::make_unique<PosixInput>(std::move(file), systemPath);
     }

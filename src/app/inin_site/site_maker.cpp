@@ -25,19 +25,29 @@ void refuseForeignFolder(const fs::path &folder)
                     textOf(folder)));
 }
 
-/// The database takes its name when it is whole, so a make that breaks off leaves the old one.
+void makeAndRename(const fs::path &unfinished, const fs::path &target, const SiteOrder &order)
+{
+    std::error_code error;
+    fs::remove(unfinished, error);
+    makeDatabase(textOf(unfinished), order);
+    fs::rename(unfinished, target, error);
+    if (!error) return;
+    throw RuntimeError(error_number::pathAccess,
+                       fmt::format("データベース「{}」を置き換えられません。", textOf(target)));
+}
+
+/// The database takes its name when it is whole, so a make that breaks off leaves the old one, and nothing beside it.
 void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 {
     const fs::path target = folder / kDatabaseFile;
     fs::path unfinished = target;
     unfinished += ".new";
-    std::error_code error;
-    fs::remove(unfinished, error);
-    makeDatabase(textOf(unfinished), order);
-    fs::rename(unfinished, target, error);
-    if (error) {
-        throw RuntimeError(error_number::pathAccess,
-                           fmt::format("データベース「{}」を置き換えられません。", textOf(target)));
+    try {
+        makeAndRename(unfinished, target, order);
+    } catch (const RuntimeError &) {
+        std::error_code error;
+        fs::remove(unfinished, error); // the failure is the one to tell
+        throw;
     }
 }
 

@@ -118,6 +118,15 @@ TEST_CASE("a full disk is told as 61 and the file stays as far as it was written
     CHECK(folder.bytes("x").find_first_not_of('x') == std::string::npos);
 }
 
+TEST_CASE("a pipe that bears a file's name keeps nobody waiting: it reads as empty and takes nothing")
+{
+    const TempFolder folder;
+    REQUIRE(mkfifo((folder / "Massage.ini").c_str(), 0600) == 0);
+
+    CHECK(makeSystemFiles("/")->openForInput(folder.path() + "\\Massage.ini")->read(10) == "");
+    CHECK(openOutputError(folder.path() + "\\Massage.ini") == 71);
+}
+
 TEST_CASE("a directory search finds the first file that fits the pattern")
 {
     const TempFolder folder;

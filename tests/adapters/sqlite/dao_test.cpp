@@ -1,3 +1,4 @@
+#include "adapters/common/dao_error.h"
 #include "adapters/sqlite/database_file.h"
 #include "adapters/sqlite/sqlite_dao.h"
 #include "data/dao_session.h"
@@ -146,17 +147,34 @@ TEST_CASE("a statement that fails has the library's number and the provider's wo
 {
     struct Faulty {
         const char *sql;
-        const char *number;
+        const char *words;
     };
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
     for (const Faulty &each :
-         {Faulty{"DELTE FROM STAFF", "3075"}, Faulty{"DELETE FROM NONE", "3078"}, Faulty{"SELECT * FROM STAFF", "3065"},
-          Faulty{"INSERT INTO STAFF VALUES (1, 'x')", "3022"}}) {
+         {Faulty{"DELTE FROM STAFF", "3075\r\nonly one statement that reads or changes data can be run"},
+          Faulty{"DELETE FROM NONE", "3078\r\nno such table: NONE"},
+          Faulty{"SELECT * FROM STAFF", "3065\r\nSELECT は Execute で実行できません。"},
+          Faulty{"INSERT INTO STAFF VALUES (1, 'x')", "3022\r\nUNIQUE constraint failed: STAFF.nIDNo"}}) {
         CAPTURE(each.sql);
         CHECK(open.session.iExecSQL(each.sql) == -1);
-        CHECK(open.number() == each.number);
-        CHECK(open.session.sErrMsg().size() > 6);
+        CHECK(open.session.sErrMsg() == each.words);
+    }
+}
+
+TEST_CASE("each failure of the provider has the library's number and keeps its words")
+{
+    struct Row {
+        std::int32_t provider;
+        std::int32_t library;
+    };
+    for (const Row row :
+         {Row{-2147217900, 3075}, Row{-2147217865, 3078}, Row{-2147217843, 3151}, Row{-2147217871, 3260},
+          Row{-2147217873, 3022}, Row{-2147467259, 3146}, Row{3704, 3420}, Row{3265, 3265}, Row{3021, 3021}}) {
+        CAPTURE(row.provider);
+        const RuntimeError error = asDaoError(RuntimeError(row.provider, "言葉"));
+        CHECK(error.number() == row.library);
+        CHECK(error.description() == "言葉");
     }
 }
 

@@ -2,10 +2,12 @@
 
 #include <doctest/doctest.h>
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
 
 using namespace inin;
 
@@ -150,7 +152,7 @@ TEST_CASE("a file that is locked after the session's opening times out each comm
     }
 }
 
-TEST_CASE("a lock that ends in time costs only the waiting")
+TEST_CASE("a statement that timed out at a lock runs once the lock is gone")
 {
     const DatabaseFile file(kTable);
     Session session(file);
@@ -160,6 +162,49 @@ TEST_CASE("a lock that ends in time costs only the waiting")
         CHECK(raisedBy([&] { (void)session.open("SELECT nID FROM T"); }).number == ado_error::timedOut);
     }
     CHECK(session.value("SELECT nID FROM T") == "1");
+}
+
+TEST_CASE("a lock of another program that ends in time costs only the waiting, beside other sessions of this one too")
+{
+    const DatabaseFile file(kTable);
+    Session session(file);
+    const auto idle = session.database().newConnection();
+    idle->Open(file.connectionString(), "", "", -1);
+    std::atomic<bool> isLocked = false;
+    std::thread other([&] {
+        const WholeLock lock(file);
+        isLocked = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    });
+    while (!isLocked) std::this_thread::yield();
+
+    CHECK(session.value("SELECT nID FROM T") == "1");
+
+    other.join();
+}
+
+TEST_CASE("a commit waits for another program's reading, beside an idle session of this one too")
+{
+    const DatabaseFile file("CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1), (2)");
+    Session session(file);
+    const auto idle = session.database().newConnection();
+    idle->Open(file.connectionString(), "", "", -1);
+    session.connection().BeginTrans();
+    session.execute("INSERT INTO T VALUES (3)");
+    std::atomic<bool> isReading = false;
+    std::thread other([&] {
+        Session reader(file);
+        const auto rows = reader.open("SELECT nID FROM T");
+        isReading = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        rows->Close();
+    });
+    while (!isReading) std::this_thread::yield();
+
+    CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == 0);
+
+    other.join();
+    CHECK(session.value("SELECT count(*) FROM T") == "3");
 }
 
 TEST_CASE("a statement that does not end is stopped after the command timeout, and the session goes on")

@@ -84,6 +84,9 @@ TEST_CASE("CONVERT to text gives a date in the form of its style and leaves a te
         {"SELECT CONVERT(INT, cName) FROM STAFF", "SELECT CONVERT(INT, cName) FROM STAFF"},
         {"SELECT CONVERT(VARCHAR, tExpireDay, 101) FROM RIYOUSHA",
          "SELECT CONVERT(VARCHAR, tExpireDay, 101) FROM RIYOUSHA"},
+        {"SELECT CONVERT(VARCHAR)", "SELECT CONVERT(VARCHAR)"},
+        {"SELECT CONVERT(VARCHAR, tExpireDay, 111, 1) FROM RIYOUSHA",
+         "SELECT CONVERT(VARCHAR, tExpireDay, 111, 1) FROM RIYOUSHA"},
         {"SELECT 'CONVERT(VARCHAR, tExpireDay, 111)'", "SELECT 'CONVERT(VARCHAR, tExpireDay, 111)'"},
     };
     checkAll(kRows);
