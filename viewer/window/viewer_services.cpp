@@ -40,14 +40,14 @@ bool mayReplace(QWidget *parent, const QString &text)
     return box.clickedButton() == replace;
 }
 
-QString documents()
+QString folderOrDocuments(const QString &folder)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return folder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) : folder;
 }
 
-QString askPdfFile(QWidget *parent, const QString &name)
+QString askPdfFile(QWidget *parent, const QString &folder, const QString &name)
 {
-    QFileDialog dialog(parent, u"PDF に保存"_s, documents(), u"PDF ファイル (*.pdf)"_s);
+    QFileDialog dialog(parent, u"PDF に保存"_s, folderOrDocuments(folder), u"PDF ファイル (*.pdf)"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // The dialog itself adds the ending, before it asks about a file of that name.
     dialog.setDefaultSuffix(u"pdf"_s);
@@ -56,10 +56,10 @@ QString askPdfFile(QWidget *parent, const QString &name)
     return isChosen ? QDir::toNativeSeparators(dialog.selectedFiles().value(0)) : QString();
 }
 
-QString askFolder(QWidget *parent)
+QString askFolder(QWidget *parent, const QString &folder)
 {
     return QDir::toNativeSeparators(
-        QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, documents()));
+        QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, folderOrDocuments(folder)));
 }
 
 } // namespace

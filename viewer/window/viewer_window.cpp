@@ -245,7 +245,8 @@ void ViewerWindow::fileChanged(const std::string &path)
 
 void ViewerWindow::reload()
 {
-    if (m_task->isRunning()) return;
+    // The notice stays for afterwards.
+    if (m_task->isRunning()) return statusBar()->showMessage(u"終わってから読み込んでください。"_s);
     try {
         adopt(std::make_unique<OpenLetters>(m_scriptPath));
         m_notice->hide();

@@ -91,6 +91,7 @@ private:
     void tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which);
     void writePdf(const PdfOrder &order, const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
+    void keepPdfFolder(const QString &folder);
     void tell(QMessageBox::Icon icon, const QString &text);
 
     const std::string m_scriptPath;

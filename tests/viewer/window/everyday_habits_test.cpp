@@ -1,0 +1,105 @@
+#include "viewer/window/window_world.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+#include <doctest/doctest.h>
+
+#include <filesystem>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+struct Opened : WindowWorld {
+    explicit Opened(int count) : WindowWorld(differentRows(count)) { openWindow(); }
+};
+
+QString copied()
+{
+    return QGuiApplication::clipboard()->text();
+}
+
+} // namespace
+
+TEST_CASE("the selected letters of the list are copied as they are listed, a line each")
+{
+    Opened world(4);
+    auto *const list = world.find<QTableView>("letterList");
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+    const QString insurer = QString::fromStdString(ordinaryRow()["保険者名"]);
+    CHECK(copied() == QStringLiteral("2\t%1\t甲2\t\n3\t%1\t甲3\t").arg(insurer));
+}
+
+TEST_CASE("a range that was typed and entered can be undone")
+{
+    Opened world(6);
+    auto *const box = world.find<QLineEdit>("rangeBox");
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, QStringLiteral("2-4"));
+    QTest::keyClick(box, Qt::Key_Return);
+    for (int step = 0; step < 5 && box->text() != QStringLiteral("1-6"); ++step)
+        QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+    CHECK(box->text() == QStringLiteral("1-6"));
+    CHECK(world.window->letters().ticks.text() == "1-6");
+}
+
+TEST_CASE("PDF files are offered the folder of the last time, and the user's documents when it is gone")
+{
+    Opened world(2);
+    const Folder other;
+    std::filesystem::create_directory(other.file("月"));
+    world.pdfFile = QString::fromStdString(other.file("月/a.pdf"));
+    world.window->savePdf({false, false, {}});
+    world.pdfFolder = QString::fromStdString(other.path().string());
+    world.window->savePdf({false, true, QStringLiteral("{{番号}}")});
+    world.window->savePdf({false, false, {}});
+    std::filesystem::remove_all(other.file("月"));
+    world.window->savePdf({false, false, {}});
+    const QString month = QString::fromStdString(other.file("月"));
+    CHECK(world.offeredFolders == std::vector<QString>{{}, month, world.pdfFolder, {}});
+}
+
+TEST_CASE("a question for a PDF file that is left without an answer keeps the folder of before")
+{
+    Opened world(2);
+    const Folder other;
+    world.pdfFile = QString::fromStdString(other.file("a.pdf"));
+    world.window->savePdf({false, false, {}});
+    world.pdfFile.clear();
+    world.window->savePdf({false, false, {}});
+    world.window->savePdf({false, false, {}});
+    CHECK(world.offeredFolders.back() == QString::fromStdString(other.path().string()));
+}
+
+TEST_CASE("new letters are not loaded while letters are printed, and the notice stays for afterwards")
+{
+    Opened world(120);
+    writeBytes(world.folder.file("委任状.csv"), csvOf({ordinaryRow()}));
+    world.window->lookAtFiles();
+    world.window->lookAtFiles();
+    auto *const action = world.find<QPushButton>("noticeAction");
+    QString said;
+    QTimer::singleShot(0, [&] {
+        action->click();
+        said = world.window->statusBar()->currentMessage();
+    });
+    world.window->print(world.order());
+    CHECK(said == QStringLiteral("終わってから読み込んでください。"));
+    CHECK(pageCount(world.jobPath(0)) == 120);
+    CHECK(world.window->letters().set.size() == 120);
+    REQUIRE(action->isVisible());
+    action->click();
+    CHECK(world.window->letters().set.size() == 1);
+    CHECK(!action->isVisible());
+}
