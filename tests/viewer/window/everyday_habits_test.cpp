@@ -1,5 +1,6 @@
 #include "viewer/window/window_world.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
@@ -102,4 +103,16 @@ TEST_CASE("new letters are not loaded while letters are printed, and the notice 
     action->click();
     CHECK(world.window->letters().set.size() == 1);
     CHECK(!action->isVisible());
+}
+
+TEST_CASE("letters with marks are unticked also by who does not wait for the check")
+{
+    std::vector<Row> rows = differentRows(3);
+    rows[1]["口座名義"] = "";
+    WindowWorld world(rows);
+    world.window =
+        std::make_unique<ViewerWindow>(world.script, std::make_unique<OpenLetters>(world.script), world.services());
+    world.window->show();
+    world.find<QAction>("untickMarked")->trigger();
+    CHECK(world.window->letters().ticks.text() == "1,3");
 }

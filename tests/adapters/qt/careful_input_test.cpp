@@ -1,0 +1,101 @@
+// What a careless hand does to the windows, and what must not come of it.
+
+#include "adapters/qt/date_edit.h"
+#include "adapters/qt/working_program.h"
+
+#include <doctest/doctest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QWheelEvent>
+
+using namespace inin;
+
+namespace {
+
+constexpr bool kHeldDown = true;
+
+void press(QWidget &widget, Qt::Key key, bool isHeldDown)
+{
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), isHeldDown);
+    QApplication::sendEvent(&widget, &event);
+}
+
+/// A notch of the wheel towards the user, as the list below the mouse gets it.
+void turnWheel(QWidget &widget)
+{
+    const QPointF place(5, 5);
+    QWheelEvent event(place, widget.mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
+
+TEST_CASE("a function key that is held down counts once")
+{
+    Program program;
+    program.act([&] {
+        QWidget &option = program.widget("optPrint(0)");
+        option.setFocus();
+        // Escape would leave the screen: a repeated one does not.
+        press(option, Qt::Key_Escape, kHeldDown);
+        press(option, Qt::Key_F12, kHeldDown);
+        CHECK(program.world.processes.started.empty());
+        press(option, Qt::Key_F12, !kHeldDown);
+        CHECK(program.handedBack());
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a wheel that passes over a list chooses nothing, and in a list that has the focus it does")
+{
+    Program program;
+    program.act([&] {
+        auto &list = dynamic_cast<QComboBox &>(program.widget("cbSejyutsu"));
+        CHECK(list.count() > 1);
+        program.widget("optPrint(0)").setFocus();
+        turnWheel(list);
+        CHECK(list.currentIndex() == 0);
+        CHECK(program.form.cbSejyutsu.ListIndex == 0);
+        list.setFocus();
+        turnWheel(list);
+        CHECK(program.form.cbSejyutsu.ListIndex == 1);
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("what looks like markup in a box is shown letter by letter")
+{
+    WindowFixture fixture;
+    auto format = Qt::AutoText;
+    fixture.turns.then([&] {
+        for (const QLabel *label : QApplication::activeModalWidget()->findChildren<QLabel *>())
+            if (!label->text().isEmpty()) format = label->textFormat();
+        answerTopBox();
+    });
+    fixture.boxes.show("<b>一</b>", Icon::critical, "");
+    CHECK(format == Qt::PlainText);
+}
+
+TEST_CASE("a menu of the date box, or another program in front, leaves the typing as it stands")
+{
+    Program program;
+    program.act([&] {
+        auto &box = dynamic_cast<DateEdit &>(program.widget("imD_LastDay"));
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, QStringLiteral("R8.5.1"));
+        for (const auto reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+            QFocusEvent left(QEvent::FocusOut, reason);
+            QApplication::sendEvent(&box, &left);
+            CHECK(fromQt(box.text()) == "R8.5.1");
+            CHECK(box.complaint() == "");
+        }
+        QFocusEvent left(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(&box, &left);
+        CHECK(fromQt(box.text()) == "令和 08年05月01日");
+    });
+    CHECK(program.runs());
+}
