@@ -201,7 +201,6 @@ void DateEdit::openCalendar()
 void DateEdit::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) selectAll();
     explain();
 }
 

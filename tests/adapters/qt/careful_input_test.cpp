@@ -99,3 +99,39 @@ TEST_CASE("a menu of the date box, or another program in front, leaves the typin
     });
     CHECK(program.runs());
 }
+
+namespace {
+
+/// A form without controls of note that writes down how its window took turns.
+struct TurnTaker : Form {
+    explicit TurnTaker(const char *name) : Form(name) { add(button); }
+    void Form_Activate() override { turns += "+"; }
+    void Form_Deactivate() override { turns += "-"; }
+    Button button{"cmdOK"};
+    std::string turns;
+};
+
+} // namespace
+
+TEST_CASE("a window that another one of the program covers is told so, and told again when it is back")
+{
+    WindowFixture fixture;
+    TurnTaker below("frmBelow");
+    TurnTaker above("frmAbove");
+    fixture.turns.then([&] {
+        CHECK(below.turns == "+");
+        fixture.windows.show(above, Modality::modal);
+    });
+    fixture.turns.then([&] {
+        CHECK(above.turns == "+");
+        CHECK(below.turns == "+-");
+        above.unload();
+    });
+    fixture.turns.then([&] {
+        CHECK(below.turns == "+-+");
+        below.unload();
+    });
+    fixture.windows.show(below, Modality::modal);
+    CHECK(fixture.turns.failure() == "");
+    CHECK(above.turns == "+");
+}
