@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
@@ -115,4 +116,55 @@ TEST_CASE("letters with marks are unticked also by who does not wait for the che
     world.window->show();
     world.find<QAction>("untickMarked")->trigger();
     CHECK(world.window->letters().ticks.text() == "1,3");
+}
+
+TEST_CASE("nothing is asked for a PDF while the box cannot be read, and the box is where the user is led")
+{
+    Opened world(3);
+    auto *const box = world.find<QLineEdit>("rangeBox");
+    box->selectAll();
+    QTest::keyClicks(box, QStringLiteral("9"));
+    bool wasAsked = false;
+    QTimer::singleShot(50, world.window.get(), [&] {
+        auto *const dialog = world.window->findChild<QDialog *>(QStringLiteral("pdfDialog"));
+        wasAsked = dialog != nullptr;
+        if (dialog != nullptr) dialog->reject();
+    });
+    world.window->askPdf();
+    QTest::qWait(100);
+    CHECK(!wasAsked);
+    CHECK(world.window->focusWidget() == box);
+    CHECK(box->selectedText() == QStringLiteral("9"));
+}
+
+TEST_CASE("a window whose dialog was put away stays open behind a print that is asked for later")
+{
+    Opened world(3);
+    QTimer::singleShot(50, world.window.get(),
+                       [&] { world.window->findChild<QDialog *>(QStringLiteral("printDialog"))->reject(); });
+    world.window->start();
+    REQUIRE(
+        QTest::qWaitFor([&] { return world.window->findChild<QDialog *>(QStringLiteral("printDialog")) == nullptr; }));
+    QTest::qWait(100);
+    world.window->print(world.order());
+    QTest::qWait(50);
+    CHECK(pageCount(world.jobPath(0)) == 3);
+    CHECK(world.window->isVisible());
+}
+
+TEST_CASE("a window whose print was refused stays open behind the print that goes well")
+{
+    Opened world(3);
+    world.pagesPerJob = 1;
+    QTimer::singleShot(50, world.window.get(), [&] {
+        auto *const dialog = world.window->findChild<QDialog *>(QStringLiteral("printDialog"));
+        dialog->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
+    });
+    world.window->start();
+    REQUIRE(QTest::qWaitFor([&] { return !world.told.empty(); }));
+    world.pagesPerJob = 100;
+    world.window->print(world.order());
+    QTest::qWait(50);
+    CHECK(pageCount(world.jobPath(1)) == 3);
+    CHECK(world.window->isVisible());
 }
