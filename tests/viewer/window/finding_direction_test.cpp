@@ -1,7 +1,10 @@
 #include "viewer/window/letter_finder.h"
 #include "viewer/window/window_world.h"
 
+#include <QApplication>
+#include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QTableView>
 #include <QTest>
 #include <doctest/doctest.h>
 
@@ -63,4 +66,19 @@ TEST_CASE("a list of numbers becomes its shortest form when the box is left, not
     CHECK(box->text() == QStringLiteral("1,2,3,5"));
     QTest::keyClick(box, Qt::Key_Tab);
     CHECK(box->text() == QStringLiteral("1-3,5"));
+}
+
+TEST_CASE("a letter that still holds what is typed stays while more of it is typed")
+{
+    WindowWorld world(rowsWithThree());
+    world.openWindow();
+    auto *const box = world.find<QLineEdit>("find");
+    const auto shown = [&] { return world.find<QWidget>("pageView")->accessibleDescription().section(u'番', 0, 0); };
+    world.find<QTableView>("letterList")->setCurrentIndex(world.find<QTableView>("letterList")->model()->index(2, 0));
+    for (const QChar letter : QStringLiteral("乙山")) {
+        QInputMethodEvent composed;
+        composed.setCommitString(letter);
+        QApplication::sendEvent(box, &composed);
+        CHECK(shown() == QStringLiteral("3"));
+    }
 }

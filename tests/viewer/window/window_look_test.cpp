@@ -1,0 +1,46 @@
+#include "viewer/window/window_world.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QPushButton>
+#include <QTest>
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+TEST_CASE("the windows' letters are Japanese and large enough to tell 療 from 瘡")
+{
+    const QFont font = QApplication::font();
+    CHECK(font.pointSizeF() >= 9.75);
+    CHECK(QFontDatabase::writingSystems(QFontInfo(font).family()).contains(QFontDatabase::Japanese));
+}
+
+TEST_CASE("whoever comes back to the window is told at once of a file that has changed")
+{
+    WindowWorld world(differentRows(2));
+    world.openWindow();
+    REQUIRE(QTest::qWaitForWindowActive(world.window.get()));
+    writeBytes(world.folder.file("委任状.csv"), csvOf({ordinaryRow()}));
+    // Two looks, for a file that is still being written is left alone.
+    for (int look = 0; look < 2; ++look) {
+        QEvent back(QEvent::ActivationChange);
+        QApplication::sendEvent(world.window.get(), &back);
+    }
+    CHECK(world.find<QWidget>("noticeBar")->isVisible());
+}
+
+TEST_CASE("a form whose own text has a character that no font has is told among the window's notices")
+{
+    const Folder folder;
+    writeBytes(folder.file("f.svg"), svgPage("<text x='9' y='9'>\U0010FFFD</text>"));
+    writeBytes(folder.file("d.csv"), "\"a\"\r\n\"1\"\r\n");
+    const std::string form = folder.file("f.svg"), script = folder.file("s.dat");
+    writeBytes(script, "FileName,\"" + form + "\"\r\nSetDataText,\"d\",\"" + folder.file("d.csv") + "\"\r\n");
+    const OpenLetters letters(script);
+    CHECK(letters.notices ==
+          std::vector<std::string>{"「" + form +
+                                   "」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）"});
+}
