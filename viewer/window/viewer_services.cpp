@@ -40,9 +40,12 @@ bool mayReplace(QWidget *parent, const QString &text)
     return box.clickedButton() == replace;
 }
 
+/// Where a person looks first; a fresh account has no folder for documents yet.
 QString folderOrDocuments(const QString &folder)
 {
-    return folder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) : folder;
+    if (!folder.isEmpty()) return folder;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
 QString askPdfFile(QWidget *parent, const QString &folder, const QString &name)

@@ -16,6 +16,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <cmath>
 
@@ -135,11 +136,27 @@ void ViewerWindow::start()
     const Ending ending = m_letters->set.ending;
     if (ending != Ending::print && ending != Ending::printByDialog) return;
     m_closesWhenPrinted = true;
-    QTimer::singleShot(0, this, [this, ending] {
+    whenPlaced([this, ending] {
         if (ending == Ending::printByDialog) return askPrint();
         const PrintOrder order = printDialog()->order();
         print(order);
     });
+}
+
+/// Does something when the system has given the window its place: a dialog that is opened earlier stands anywhere. A window
+/// that is never seen, on another desktop say, holds nothing up.
+void ViewerWindow::whenPlaced(std::function<void()> what)
+{
+    constexpr int kLookEvery = 10, kMostLooks = 100;
+    auto *const timer = new QTimer(this); // owned by the window until it has done its work
+    timer->callOnTimeout([this, timer, what = std::move(what), looks = 0]() mutable {
+        const bool isSeen = windowHandle() != nullptr && windowHandle()->isExposed();
+        if (!isSeen && ++looks < kMostLooks) return timer->start(kLookEvery);
+        timer->stop();
+        timer->deleteLater();
+        what();
+    });
+    timer->start(0);
 }
 
 void ViewerWindow::showLetter(std::size_t letter)

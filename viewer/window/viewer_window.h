@@ -74,6 +74,7 @@ private:
     QWidget *buildList();
     QWidget *buildPage();
     void adopt(std::unique_ptr<OpenLetters> letters);
+    void whenPlaced(std::function<void()> what);
     void startCheck();
     void checkMore();
     void showFindings();

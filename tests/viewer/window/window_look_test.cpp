@@ -1,10 +1,12 @@
 #include "viewer/window/window_world.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <doctest/doctest.h>
 
 using namespace inin;
@@ -43,4 +45,26 @@ TEST_CASE("a form whose own text has a character that no font has is told among 
     CHECK(letters.notices ==
           std::vector<std::string>{"「" + form +
                                    "」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）"});
+}
+
+TEST_CASE("a dialog that a script asks for waits until the window has its place")
+{
+    WindowWorld world(differentRows(2));
+    world.window =
+        std::make_unique<ViewerWindow>(world.script, std::make_unique<OpenLetters>(world.script), world.services());
+    const auto dialog = [&] { return world.window->findChild<QDialog *>(QStringLiteral("printDialog")); };
+    QTimer look;
+    bool wasSeen = false;
+    look.callOnTimeout([&] {
+        if (dialog() == nullptr) return;
+        wasSeen = true;
+        CHECK(world.window->isVisible());
+        dialog()->reject();
+    });
+    look.start(5);
+    world.window->start();
+    QTest::qWait(100);
+    CHECK(!wasSeen);
+    world.window->show();
+    CHECK(QTest::qWaitFor([&] { return wasSeen; }));
 }
