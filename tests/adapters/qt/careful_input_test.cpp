@@ -79,6 +79,18 @@ TEST_CASE("what looks like markup in a box is shown letter by letter")
     CHECK(format == Qt::PlainText);
 }
 
+TEST_CASE("a patient's name that looks like markup is shown letter by letter")
+{
+    Program program;
+    program.act([&] {
+        program.form.lbl_SelKanja.Caption = "<b>青木</b>";
+        const auto &label = dynamic_cast<const QLabel &>(program.widget("lbl_SelKanja"));
+        CHECK(label.textFormat() == Qt::PlainText);
+        CHECK(fromQt(label.text()) == "<b>青木</b>");
+    });
+    CHECK(program.runs());
+}
+
 TEST_CASE("a menu of the date box, or another program in front, leaves the typing as it stands")
 {
     Program program;

@@ -1,0 +1,41 @@
+#include "adapters/posix/code_page_932.h"
+#include "viewer/document/letter_set.h"
+#include "viewer/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+/// What the three letters of a file show of a second file with `rows`.
+std::vector<std::string> secondFileOf(const std::string &rows)
+{
+    const Folder folder;
+    writeBytes(folder.file("f.svg"), svgPage("<text x='9' y='9'>{{名}}{{控え.値}}</text>"));
+    writeBytes(folder.file("a.csv"), encodeCp932("\"名\"\r\n\"甲\"\r\n\"乙\"\r\n\"丙\"\r\n"));
+    writeBytes(folder.file("b.csv"), encodeCp932("\"値\"\r\n" + rows));
+    writeBytes(folder.file("s.dat"),
+               encodeCp932("FileName,\"" + folder.file("f.svg") + "\"\r\nSetDataText,\"主\",\"" + folder.file("a.csv") +
+                           "\"\r\nSetDataText,\"控え\",\"" + folder.file("b.csv") + "\"\r\n"));
+    const LetterSet set = openScript(folder.file("s.dat"));
+    REQUIRE(set.size() == 3);
+    REQUIRE(set.reports[0].columns == std::vector<std::string>{"名", "控え.値"});
+    std::vector<std::string> values;
+    for (std::size_t row = 0; row < 3; ++row) values.emplace_back(set.reports[0].value(row, 1));
+    return values;
+}
+
+using Values = std::vector<std::string>;
+
+} // namespace
+
+TEST_CASE("a second letter file stands beside the first row by row, a single row of it beside all, and never runs over")
+{
+    CHECK(secondFileOf("\"1\"\r\n\"2\"\r\n\"3\"\r\n\"4\"\r\n") == Values{"1", "2", "3"});
+    CHECK(secondFileOf("\"1\"\r\n") == Values{"1", "1", "1"});
+    CHECK(secondFileOf("\"1\"\r\n\"2\"\r\n") == Values{"1", "2", ""});
+    CHECK(secondFileOf("") == Values{"", "", ""});
+}
