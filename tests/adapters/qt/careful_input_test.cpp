@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QTimer>
 #include <QWheelEvent>
 
 using namespace inin;
@@ -88,6 +89,27 @@ TEST_CASE("a patient's name that looks like markup is shown letter by letter")
         CHECK(label.textFormat() == Qt::PlainText);
         CHECK(fromQt(label.text()) == "<b>青木</b>");
     });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a search window that the window manager closes in the middle of its search stays, and says no")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    bool wasAsked = false, hasGone = false;
+    program.act([&] {
+        FormWindow &search = program.top();
+        // It arrives where the search gives time to waiting events.
+        QTimer::singleShot(0, &search, [&] {
+            wasAsked = true;
+            hasGone = search.close();
+        });
+        program.key(Qt::Key_F4);
+        CHECK(wasAsked);
+        CHECK(!hasGone);
+        CHECK(search.isVisible());
+    });
+    program.act([&] { program.key(Qt::Key_F12); });
     CHECK(program.runs());
 }
 

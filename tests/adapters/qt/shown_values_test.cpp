@@ -1,12 +1,16 @@
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/grid_model.h"
+#include "adapters/qt/japanese_font.h"
+#include "adapters/qt/picture_box.h"
 #include "adapters/qt/qt_text.h"
 #include "platform/grid.h"
 
 #include <doctest/doctest.h>
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QFrame>
+#include <QPainter>
 #include <QtTest/QTest>
 
 using namespace inin;
@@ -46,4 +50,31 @@ TEST_CASE("the calendar offers no day before the first era")
     days->setSelectedDate(QDate(1868, 1, 24));
     CHECK(days->selectedDate() >= QDate(1868, 1, 25));
     edit.findChild<QFrame *>("calendar")->close();
+}
+
+TEST_CASE("letters of windows are at least as large as Japanese ones need, and as large as the desktop wants")
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(6);
+    CHECK(japaneseFont(font).pointSizeF() == 9.75);
+    font.setPointSizeF(14);
+    CHECK(japaneseFont(font).pointSizeF() == 14);
+}
+
+TEST_CASE("a picture that is stretched is smooth as soon as the windows have settled")
+{
+    QPixmap picture(2, 1);
+    picture.fill(Qt::black);
+    {
+        QPainter painter(&picture);
+        painter.fillRect(1, 0, 1, 1, Qt::white);
+    }
+    PictureBox box(nullptr);
+    box.resize(200, 20);
+    box.setPicture(picture);
+    box.show();
+    REQUIRE(QTest::qWaitForWindowExposed(&box));
+    const auto middle = [&] { return box.grab().toImage().pixelColor(100, 10).lightness(); };
+    CHECK(QTest::qWaitFor([&] { return middle() > 60 && middle() < 200; }, 2000));
+    CHECK(box.grab().toImage().pixelColor(3, 10).lightness() < 60);
 }
