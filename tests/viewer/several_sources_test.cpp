@@ -1,5 +1,6 @@
 #include "adapters/posix/code_page_932.h"
 #include "viewer/document/letter_set.h"
+#include "viewer/script/command_script.h"
 #include "viewer/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -38,4 +39,19 @@ TEST_CASE("a second letter file stands beside the first row by row, a single row
     CHECK(secondFileOf("\"1\"\r\n") == Values{"1", "1", "1"});
     CHECK(secondFileOf("\"1\"\r\n\"2\"\r\n") == Values{"1", "2", ""});
     CHECK(secondFileOf("") == Values{"", "", ""});
+}
+
+TEST_CASE("a data source with another separator or quote than the program's own is told and skipped")
+{
+    struct Case {
+        const char *tail;
+        std::size_t sources;
+    };
+    for (const Case &row : {Case{R"(,",","""",0)", 1}, Case{R"(,",","",0)", 1}, Case{R"(,",","'",0)", 0},
+                            Case{R"(,";","""",0)", 0}, Case{R"(,",","""",maybe)", 0}}) {
+        CAPTURE(row.tail);
+        const CommandScript script = readCommandScript(R"(SetDataText,"d","x.csv")" + std::string(row.tail));
+        CHECK(script.reports[0].data.size() == row.sources);
+        CHECK(script.notices.size() == 1 - row.sources);
+    }
 }

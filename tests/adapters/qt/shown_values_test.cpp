@@ -1,5 +1,6 @@
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/grid_model.h"
+#include "adapters/qt/grid_view.h"
 #include "adapters/qt/japanese_font.h"
 #include "adapters/qt/picture_box.h"
 #include "adapters/qt/qt_text.h"
@@ -12,6 +13,8 @@
 #include <QFrame>
 #include <QPainter>
 #include <QtTest/QTest>
+
+#include <utility>
 
 using namespace inin;
 
@@ -77,4 +80,21 @@ TEST_CASE("a picture that is stretched is smooth as soon as the windows have set
     const auto middle = [&] { return box.grab().toImage().pixelColor(100, 10).lightness(); };
     CHECK(QTest::qWaitFor([&] { return middle() > 60 && middle() < 200; }, 2000));
     CHECK(box.grab().toImage().pixelColor(3, 10).lightness() < 60);
+}
+
+TEST_CASE("a column of a grid is as wide as the letters that it is made for")
+{
+    EventEdge edge;
+    Grid grid{"spr_1ran",
+              {{"ID No.", Grid::CellKind::number, 8},
+               {"氏名", Grid::CellKind::text, 20},
+               {"住所", Grid::CellKind::text, 40}}};
+    GridView view(grid, edge, nullptr);
+    grid.setRowCount(1);
+    view.refresh();
+    const int letter = view.fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (const auto &[column, letters] : {std::pair(0, 8), std::pair(1, 20)}) {
+        CHECK(view.columnWidth(column) >= letters * letter);
+        CHECK(view.columnWidth(column) < (letters + 4) * letter);
+    }
 }
