@@ -4,7 +4,11 @@
 
 #include <doctest/doctest.h>
 
+#include <QApplication>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 
 using namespace inin;
 
@@ -22,4 +26,18 @@ TEST_CASE("no window is larger than its screen, and its corner stands on it")
     });
     // The search windows want more than the small screen of the tests has.
     CHECK(fillsScreen);
+}
+
+TEST_CASE("a window that is walked from top to bottom is not walked from side to side where there is room")
+{
+    forEachWindow([&](FormWindow &window) {
+        window.open();
+        const QWidget &content = window.content();
+        const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        const int needed = content.minimumSizeHint().expandedTo(content.minimumSize()).width() + bar;
+        if (needed > window.screen()->availableGeometry().width()) return;
+        QApplication::processEvents();
+        CAPTURE(window.objectName().toStdString());
+        CHECK(window.findChild<QScrollArea *>()->horizontalScrollBar()->maximum() == 0);
+    });
 }
