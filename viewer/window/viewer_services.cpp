@@ -1,8 +1,11 @@
 #include "viewer/window/viewer_services.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStandardPaths>
 
 namespace inin::viewer {
@@ -28,6 +31,9 @@ void tell(QWidget *parent, QMessageBox::Icon icon, const QString &text)
 {
     QMessageBox box(icon, u"委任状"_s, text, QMessageBox::NoButton, parent);
     box.addButton(u"OK"_s, QMessageBox::AcceptRole);
+    // The numbers that were not printed are written down somewhere, as a rule.
+    const auto *const copy = new QShortcut(QKeySequence::Copy, &box); // owned by the box
+    QObject::connect(copy, &QShortcut::activated, &box, [&text] { QGuiApplication::clipboard()->setText(text); });
     box.exec();
 }
 

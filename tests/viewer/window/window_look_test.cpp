@@ -1,6 +1,7 @@
 #include "viewer/window/window_world.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -67,4 +68,17 @@ TEST_CASE("a dialog that a script asks for waits until the window has its place"
     CHECK(!wasSeen);
     world.window->show();
     CHECK(QTest::qWaitFor([&] { return wasSeen; }));
+}
+
+TEST_CASE("the words of a message are copied by Ctrl+C")
+{
+    QGuiApplication::clipboard()->clear();
+    QTimer::singleShot(0, [] {
+        QWidget *const box = QApplication::activeModalWidget();
+        if (box == nullptr || !QTest::qWaitForWindowActive(box)) return;
+        QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
+        box->findChild<QPushButton *>()->click();
+    });
+    realServices().tell(nullptr, QMessageBox::Warning, QStringLiteral("送っていない番号：3-5"));
+    CHECK(QGuiApplication::clipboard()->text() == QStringLiteral("送っていない番号：3-5"));
 }
