@@ -50,6 +50,18 @@ TEST_CASE("a function key that is held down counts once")
     CHECK(program.runs());
 }
 
+TEST_CASE("a function key with Shift, Ctrl or Alt is none of the screen's")
+{
+    Program program;
+    program.act([&] {
+        for (const auto modifier : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier})
+            for (const Qt::Key key : {Qt::Key_F1, Qt::Key_F12, Qt::Key_Escape}) program.key(key, modifier);
+        CHECK(program.world.processes.started.empty());
+        CHECK(QApplication::activeModalWidget() == &program.top());
+    });
+    CHECK(program.runs());
+}
+
 TEST_CASE("a wheel that passes over a list chooses nothing, and in a list that has the focus it does")
 {
     Program program;
