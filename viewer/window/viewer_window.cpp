@@ -57,7 +57,11 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     m_list->setFocus();
 }
 
-ViewerWindow::~ViewerWindow() = default;
+ViewerWindow::~ViewerWindow()
+{
+    // A box that loses the focus reads itself: while there are letters still.
+    if (QWidget *const box = focusWidget()) box->clearFocus();
+}
 
 QWidget *ViewerWindow::buildList()
 {

@@ -168,3 +168,17 @@ TEST_CASE("a window whose print was refused stays open behind the print that goe
     CHECK(pageCount(world.jobPath(1)) == 3);
     CHECK(world.window->isVisible());
 }
+
+TEST_CASE("a window may go while the box of numbers has the focus")
+{
+    Opened world(3);
+    auto *const box = world.find<QLineEdit>("rangeBox");
+    REQUIRE(QTest::qWaitForWindowActive(world.window.get()));
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, QStringLiteral("1,2"));
+    bool isRead = false;
+    QObject::connect(box, &QLineEdit::editingFinished, box, [&] { isRead = true; });
+    world.window.reset();
+    CHECK(isRead);
+}
