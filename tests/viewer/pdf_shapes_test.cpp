@@ -78,7 +78,8 @@ TEST_CASE("a line ends in the PDF as its cap says: at its end, or half its width
 
 TEST_CASE("a dashed line has its gaps in the PDF")
 {
-    const DrawnPage page("<path d='M20 30H80' fill='none' stroke='#000' stroke-width='4' style='stroke-dasharray:10 5'/>");
+    const DrawnPage page(
+        "<path d='M20 30H80' fill='none' stroke='#000' stroke-width='4' style='stroke-dasharray:10 5'/>");
     CHECK(page.at(25, 30) == kBlack);
     CHECK(page.at(32.5, 30) == kWhite);
     CHECK(page.at(40, 30) == kBlack);
