@@ -17,7 +17,8 @@ void tellCheck(const ViewCommand &command)
     std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
     std::ranges::sort(letters);
     CheckReport report{letters.size(), set.notices, checkLetters(press)};
-    report.notices.insert(report.notices.end(), fonts.notices().begin(), fonts.notices().end());
+    for (const std::vector<std::string> &more : {fonts.notices(), press.formNotices()})
+        report.notices.insert(report.notices.end(), more.begin(), more.end());
     // All letters are judged even when few are asked for: a twin may be among the others.
     std::erase_if(report.findings,
                   [&](const Finding &finding) { return !std::ranges::binary_search(letters, finding.letter); });

@@ -2,8 +2,12 @@
 
 #include "viewer/window/letter_list_model.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+
+#include <algorithm>
 
 namespace inin::viewer {
 
@@ -65,9 +69,25 @@ void LetterList::toggleSelected()
         m_model.setData(row, allTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
+/// The selected letters as they are listed, a line each, the columns parted by tabs.
+void LetterList::copySelected() const
+{
+    QModelIndexList rows = selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    QStringList lines;
+    for (const QModelIndex &row : rows) {
+        QStringList texts;
+        for (int column = 0; column < m_model.columnCount(); ++column)
+            texts << row.siblingAtColumn(column).data().toString();
+        lines << texts.join(u'\t');
+    }
+    if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+}
+
 void LetterList::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Space) return toggleSelected();
+    if (event->matches(QKeySequence::Copy)) return copySelected();
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && onEnter) return onEnter();
     if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
         // In a plain table these keys run along the row.

@@ -25,6 +25,7 @@ protected:
 
 private:
     void toggleSelected();
+    void copySelected() const;
 
     LetterListModel &m_model;
 };

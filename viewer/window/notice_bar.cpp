@@ -26,7 +26,6 @@ NoticeBar::NoticeBar(QWidget *parent) : QFrame(parent), m_text(new QLabel(this))
     away->setAccessibleName(u"お知らせを閉じる"_s);
     QObject::connect(away, &QPushButton::clicked, this, [this] { hide(); });
     QObject::connect(m_action, &QPushButton::clicked, this, [this] {
-        hide();
         if (const auto action = m_onAction) action();
     });
     auto *const layout = new QHBoxLayout(this);

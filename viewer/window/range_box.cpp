@@ -58,8 +58,11 @@ void RangeBox::ticksChanged()
     if (m_ticks == nullptr) return;
     m_isReadable = true;
     m_fault->hide();
-    m_box->setText(qtText(m_ticks->text()));
-    m_box->setCursorPosition(0);
+    // A text that is set anew could not be undone any more.
+    if (const QString text = qtText(m_ticks->text()); text != m_box->text()) {
+        m_box->setText(text);
+        m_box->setCursorPosition(0);
+    }
     showCount();
 }
 

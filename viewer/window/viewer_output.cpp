@@ -8,6 +8,7 @@
 #include "viewer/window/viewer_window.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStatusBar>
 
 #include <algorithm>
@@ -128,10 +129,20 @@ void ViewerWindow::savePdf(const PdfOrder &order)
     }
 }
 
+/// The next month's letters will be saved beside this month's.
+void ViewerWindow::keepPdfFolder(const QString &folder)
+{
+    m_settings.setPdfFolder(folder);
+    // Settings that cannot be written are no reason not to go on.
+    (void)m_settings.save();
+}
+
 void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
 {
-    const QString path = m_services.askPdfFile(this, qtText(m_letters->set.shownTitle()) + u".pdf"_s);
+    const QString path =
+        m_services.askPdfFile(this, m_settings.pdfFolder(), qtText(m_letters->set.shownTitle()) + u".pdf"_s);
     if (path.isEmpty()) return;
+    keepPdfFolder(QFileInfo(path).absolutePath());
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
         const bool isDone = writeLettersPdf(utf8Text(path), m_letters->press, which, progress);
         statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(which.size()).arg(path)
@@ -142,8 +153,9 @@ void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
 
 void ViewerWindow::writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which)
 {
-    const QString folder = m_services.askFolder(this);
+    const QString folder = m_services.askFolder(this, m_settings.pdfFolder());
     if (folder.isEmpty()) return;
+    keepPdfFolder(folder);
     const std::vector<std::string> paths =
         letterPdfPaths(m_letters->set, which, utf8Text(folder), utf8Text(order.pattern));
     const auto old = std::ranges::count_if(paths, [](const std::string &path) { return QFile::exists(qtText(path)); });

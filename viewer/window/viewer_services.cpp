@@ -1,8 +1,11 @@
 #include "viewer/window/viewer_services.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStandardPaths>
 
 namespace inin::viewer {
@@ -28,6 +31,9 @@ void tell(QWidget *parent, QMessageBox::Icon icon, const QString &text)
 {
     QMessageBox box(icon, u"委任状"_s, text, QMessageBox::NoButton, parent);
     box.addButton(u"OK"_s, QMessageBox::AcceptRole);
+    // The numbers that were not printed are written down somewhere, as a rule.
+    const auto *const copy = new QShortcut(QKeySequence::Copy, &box); // owned by the box
+    QObject::connect(copy, &QShortcut::activated, &box, [&text] { QGuiApplication::clipboard()->setText(text); });
     box.exec();
 }
 
@@ -40,14 +46,17 @@ bool mayReplace(QWidget *parent, const QString &text)
     return box.clickedButton() == replace;
 }
 
-QString documents()
+/// Where a person looks first; a fresh account has no folder for documents yet.
+QString folderOrDocuments(const QString &folder)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!folder.isEmpty()) return folder;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
-QString askPdfFile(QWidget *parent, const QString &name)
+QString askPdfFile(QWidget *parent, const QString &folder, const QString &name)
 {
-    QFileDialog dialog(parent, u"PDF に保存"_s, documents(), u"PDF ファイル (*.pdf)"_s);
+    QFileDialog dialog(parent, u"PDF に保存"_s, folderOrDocuments(folder), u"PDF ファイル (*.pdf)"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // The dialog itself adds the ending, before it asks about a file of that name.
     dialog.setDefaultSuffix(u"pdf"_s);
@@ -56,10 +65,10 @@ QString askPdfFile(QWidget *parent, const QString &name)
     return isChosen ? QDir::toNativeSeparators(dialog.selectedFiles().value(0)) : QString();
 }
 
-QString askFolder(QWidget *parent)
+QString askFolder(QWidget *parent, const QString &folder)
 {
     return QDir::toNativeSeparators(
-        QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, documents()));
+        QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, folderOrDocuments(folder)));
 }
 
 } // namespace

@@ -20,9 +20,9 @@ struct ViewerServices {
     std::function<void(QWidget *parent, QMessageBox::Icon icon, const QString &text)> tell;
     /// True when files may be written over.
     std::function<bool(QWidget *parent, const QString &text)> mayReplace;
-    /// An empty path when the user thinks better of it.
-    std::function<QString(QWidget *parent, const QString &name)> askPdfFile;
-    std::function<QString(QWidget *parent)> askFolder;
+    /// An empty path when the user thinks better of it. Without a folder the user's documents are offered.
+    std::function<QString(QWidget *parent, const QString &folder, const QString &name)> askPdfFile;
+    std::function<QString(QWidget *parent, const QString &folder)> askFolder;
     /// Empty is the user's own file.
     QString settingsFile;
 };

@@ -77,6 +77,17 @@ void ViewerSettings::setFileNamePattern(const QString &pattern)
     m_file.setValue(u"pdf/fileName"_s, pattern);
 }
 
+QString ViewerSettings::pdfFolder() const
+{
+    const QString folder = m_file.value(u"pdf/folder"_s).toString();
+    return !folder.isEmpty() && QFileInfo(folder).isDir() ? folder : QString();
+}
+
+void ViewerSettings::setPdfFolder(const QString &folder)
+{
+    m_file.setValue(u"pdf/folder"_s, folder);
+}
+
 QByteArray ViewerSettings::windowPlace() const
 {
     return m_file.value(u"window/place"_s).toByteArray();

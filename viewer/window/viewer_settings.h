@@ -29,6 +29,9 @@ public:
     void setLettersPerJob(int letters);
     [[nodiscard]] QString fileNamePattern() const;
     void setFileNamePattern(const QString &pattern);
+    /// Where PDF files were saved last; empty when that is not known or not there any more.
+    [[nodiscard]] QString pdfFolder() const;
+    void setPdfFolder(const QString &folder);
     [[nodiscard]] QByteArray windowPlace() const;
     void setWindowPlace(const QByteArray &place);
     /// Writes what is new; false when the file cannot be written.

@@ -16,6 +16,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <cmath>
 
@@ -56,7 +57,11 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     m_list->setFocus();
 }
 
-ViewerWindow::~ViewerWindow() = default;
+ViewerWindow::~ViewerWindow()
+{
+    // A box that loses the focus reads itself: while there are letters still.
+    if (QWidget *const box = focusWidget()) box->clearFocus();
+}
 
 QWidget *ViewerWindow::buildList()
 {
@@ -134,11 +139,27 @@ void ViewerWindow::start()
     const Ending ending = m_letters->set.ending;
     if (ending != Ending::print && ending != Ending::printByDialog) return;
     m_closesWhenPrinted = true;
-    QTimer::singleShot(0, this, [this, ending] {
+    whenPlaced([this, ending] {
         if (ending == Ending::printByDialog) return askPrint();
         const PrintOrder order = printDialog()->order();
         print(order);
     });
+}
+
+/// Does something when the system has given the window its place: a dialog that is opened earlier stands anywhere. A window
+/// that is never seen, on another desktop say, holds nothing up.
+void ViewerWindow::whenPlaced(std::function<void()> what)
+{
+    constexpr int kLookEvery = 10, kMostLooks = 100;
+    auto *const timer = new QTimer(this); // owned by the window until it has done its work
+    timer->callOnTimeout([this, timer, what = std::move(what), looks = 0]() mutable {
+        const bool isSeen = windowHandle() != nullptr && windowHandle()->isExposed();
+        if (!isSeen && ++looks < kMostLooks) return timer->start(kLookEvery);
+        timer->stop();
+        timer->deleteLater();
+        what();
+    });
+    timer->start(0);
 }
 
 void ViewerWindow::showLetter(std::size_t letter)
@@ -244,7 +265,8 @@ void ViewerWindow::fileChanged(const std::string &path)
 
 void ViewerWindow::reload()
 {
-    if (m_task->isRunning()) return;
+    // The notice stays for afterwards.
+    if (m_task->isRunning()) return statusBar()->showMessage(u"終わってから読み込んでください。"_s);
     try {
         adopt(std::make_unique<OpenLetters>(m_scriptPath));
         m_notice->hide();

@@ -73,6 +73,7 @@ private:
     QWidget *buildList();
     QWidget *buildPage();
     void adopt(std::unique_ptr<OpenLetters> letters);
+    void whenPlaced(std::function<void()> what);
     void startCheck();
     void checkMore();
     void showFindings();
@@ -90,6 +91,7 @@ private:
     void tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which);
     void writePdf(const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
+    void keepPdfFolder(const QString &folder);
     void tell(QMessageBox::Icon icon, const QString &text);
 
     const std::string m_scriptPath;

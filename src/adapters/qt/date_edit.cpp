@@ -41,15 +41,15 @@ DateEdit::DateEdit(std::string format, std::function<Date()> today, QWidget *par
 void DateEdit::setValue(const Variant &value)
 {
     m_value = value;
-    show(value);
-}
-
-void DateEdit::show(const Variant &value)
-{
-    const Date *date = value.getIf<Date>();
-    setText(date != nullptr ? toQt(typedDateText(*date, m_format)) : QString());
+    setText(textOf(value));
     m_isTyped = false;
     complain({});
+}
+
+QString DateEdit::textOf(const Variant &value) const
+{
+    const Date *date = value.getIf<Date>();
+    return date != nullptr ? toQt(typedDateText(*date, m_format)) : QString();
 }
 
 void DateEdit::commit()
@@ -64,10 +64,17 @@ void DateEdit::commit()
     if (onEdited) onEdited(m_value);
 }
 
+/// Takes a date of the typist's own, which he can undo: what he typed and the date before come back.
 void DateEdit::take(const Variant &value)
 {
     const bool isNew = !(m_value == value);
-    setValue(value);
+    m_value = value;
+    if (const QString shown = textOf(value); shown != text()) {
+        selectAll();
+        insert(shown);
+    }
+    m_isTyped = false;
+    complain({});
     if (isNew && onEdited) onEdited(m_value);
 }
 
@@ -86,14 +93,24 @@ void DateEdit::complain(const std::string &sentence)
     explain();
 }
 
-/// Shows the sentence below the box. A tip is gone with the next change of the focus, which may be on its way: the box is
+/// Shows the sentence at the box. A tip is gone with the next change of the focus, which may be on its way: the box is
 /// read when it is left.
 void DateEdit::explain()
 {
     QTimer::singleShot(0, this, [this] {
-        if (!m_complaint.empty() && isVisible())
-            QToolTip::showText(mapToGlobal(QPoint(0, height())), toQt(m_complaint), this);
+        const QString words = toQt(m_complaint);
+        if (!words.isEmpty() && isVisible()) QToolTip::showText(sentencePlace(words), words, this);
     });
+}
+
+/// Below the box, but not under a mouse that rests there: the tip would be gone at once, as if the mouse had left its place.
+QPoint DateEdit::sentencePlace(const QString &words) const
+{
+    constexpr int kPointer = 24; // the toolkit shows a tip by a pointer's height further down
+    constexpr int kTipMargin = 8;
+    const QSize tip = QFontMetrics(QToolTip::font()).size(Qt::TextSingleLine, words);
+    const QRect below(mapToGlobal(QPoint(0, height())), tip + QSize(kPointer, kPointer + kTipMargin));
+    return below.contains(QCursor::pos()) ? mapToGlobal(QPoint(0, -below.height())) : below.topLeft();
 }
 
 DateContext DateEdit::context() const
@@ -184,7 +201,6 @@ void DateEdit::openCalendar()
 void DateEdit::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) selectAll();
     explain();
 }
 

@@ -41,9 +41,10 @@ protected:
 
 private:
     void take(const Variant &value);
-    void show(const Variant &value);
+    [[nodiscard]] QString textOf(const Variant &value) const;
     void complain(const std::string &sentence);
     void explain();
+    [[nodiscard]] QPoint sentencePlace(const QString &words) const;
     void step(DatePart part, int by);
     void stepAtCursor(int by);
     void goToToday();

@@ -110,7 +110,7 @@ void FormWindow::fitToScreen()
     } else {
         resize(size);
     }
-    move(room.center() - QPoint(size.width() / 2, size.height() / 2));
+    move(room.topLeft() + QPoint((room.width() - size.width()) / 2, (room.height() - size.height()) / 2));
 }
 
 /// The tab key walks the controls by their TabIndex; whatever has none is no stop.

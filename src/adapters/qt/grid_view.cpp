@@ -3,6 +3,8 @@
 #include "adapters/qt/grid_model.h"
 #include "platform/grid.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -86,9 +88,20 @@ void GridView::paintEvent(QPaintEvent *event)
     if (m_grid.RowCount() > 0 || m_model->rowCount() == 0) QTableView::paintEvent(event);
 }
 
+/// The chosen row as it is seen, for a spreadsheet or a letter: its columns parted by tabs.
+void GridView::copyRow() const
+{
+    if (!currentIndex().isValid()) return;
+    QStringList texts;
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        if (!isColumnHidden(column)) texts << currentIndex().siblingAtColumn(column).data().toString();
+    QGuiApplication::clipboard()->setText(texts.join(QLatin1Char('\t')));
+}
+
 /// Home and End walk the rows: there is nothing to walk along a row that is chosen whole.
 void GridView::keyPressEvent(QKeyEvent *event)
 {
+    if (event->matches(QKeySequence::Copy)) return copyRow();
     const int last = m_model->rowCount() - 1;
     if (last >= 0 && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End))
         return selectRow(event->key() == Qt::Key_Home ? 0 : last);

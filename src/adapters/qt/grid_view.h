@@ -26,6 +26,7 @@ protected:
 
 private:
     void showColumns();
+    void copyRow() const;
     void raiseDoubleClick(std::int32_t row);
 
     Grid &m_grid;

@@ -4,7 +4,9 @@
 #include "adapters/qt/qt_text.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QMessageBox>
+#include <QShortcut>
 
 namespace inin {
 
@@ -25,6 +27,13 @@ QMessageBox::Icon boxIcon(Icon icon)
     return QMessageBox::NoIcon;
 }
 
+/// Whoever reports an error to others copies its words, as boxes of Windows let him.
+void copyByKey(QMessageBox &box)
+{
+    const auto *const copy = new QShortcut(QKeySequence::Copy, &box); // owned by the box
+    QObject::connect(copy, &QShortcut::activated, &box, [&box] { QGuiApplication::clipboard()->setText(box.text()); });
+}
+
 } // namespace
 
 void QtMessageBoxes::show(const std::string &text, Icon icon, const std::string &title)
@@ -38,6 +47,7 @@ void QtMessageBoxes::show(const std::string &text, Icon icon, const std::string 
     box.setWindowTitle(toQt(title.empty() ? std::string(kApplicationTitle) : title));
     box.setStandardButtons(QMessageBox::Ok);
     box.setWindowModality(Qt::ApplicationModal);
+    copyByKey(box);
     box.exec();
     m_edge.throwKept();
 }

@@ -100,8 +100,14 @@ ViewerServices WindowWorld::services()
         told.push_back(text);
         return mayReplace;
     };
-    services.askPdfFile = [this](QWidget *, const QString &) { return pdfFile; };
-    services.askFolder = [this](QWidget *) { return pdfFolder; };
+    services.askPdfFile = [this](QWidget *, const QString &offered, const QString &) {
+        offeredFolders.push_back(offered);
+        return pdfFile;
+    };
+    services.askFolder = [this](QWidget *, const QString &offered) {
+        offeredFolders.push_back(offered);
+        return pdfFolder;
+    };
     services.settingsFile = QString::fromStdString(folder / "settings.ini");
     return services;
 }

@@ -54,6 +54,7 @@ struct WindowWorld {
     std::deque<CloseAnswer> closeAnswers;
     std::vector<QString> closeStates;
     QString pdfFile, pdfFolder;
+    std::vector<QString> offeredFolders; ///< where the questions for a file or folder began
     bool mayReplace = true;
     std::unique_ptr<ViewerWindow> window;
 };

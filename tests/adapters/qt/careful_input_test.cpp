@@ -1,0 +1,184 @@
+// What a careless hand does to the windows, and what must not come of it.
+
+#include "adapters/qt/date_edit.h"
+#include "adapters/qt/working_program.h"
+
+#include <doctest/doctest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QTimer>
+#include <QWheelEvent>
+
+using namespace inin;
+
+namespace {
+
+constexpr bool kHeldDown = true;
+
+void press(QWidget &widget, Qt::Key key, bool isHeldDown)
+{
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), isHeldDown);
+    QApplication::sendEvent(&widget, &event);
+}
+
+/// A notch of the wheel towards the user, as the list below the mouse gets it.
+void turnWheel(QWidget &widget)
+{
+    const QPointF place(5, 5);
+    QWheelEvent event(place, widget.mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
+
+TEST_CASE("a function key that is held down counts once")
+{
+    Program program;
+    program.act([&] {
+        QWidget &option = program.widget("optPrint(0)");
+        option.setFocus();
+        // Escape would leave the screen: a repeated one does not.
+        press(option, Qt::Key_Escape, kHeldDown);
+        press(option, Qt::Key_F12, kHeldDown);
+        CHECK(program.world.processes.started.empty());
+        press(option, Qt::Key_F12, !kHeldDown);
+        CHECK(program.handedBack());
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a function key with Shift, Ctrl or Alt is none of the screen's")
+{
+    Program program;
+    program.act([&] {
+        for (const auto modifier : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier})
+            for (const Qt::Key key : {Qt::Key_F1, Qt::Key_F12, Qt::Key_Escape}) program.key(key, modifier);
+        CHECK(program.world.processes.started.empty());
+        CHECK(QApplication::activeModalWidget() == &program.top());
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a wheel that passes over a list chooses nothing, and in a list that has the focus it does")
+{
+    Program program;
+    program.act([&] {
+        auto &list = dynamic_cast<QComboBox &>(program.widget("cbSejyutsu"));
+        CHECK(list.count() > 1);
+        program.widget("optPrint(0)").setFocus();
+        turnWheel(list);
+        CHECK(list.currentIndex() == 0);
+        CHECK(program.form.cbSejyutsu.ListIndex == 0);
+        list.setFocus();
+        turnWheel(list);
+        CHECK(program.form.cbSejyutsu.ListIndex == 1);
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("what looks like markup in a box is shown letter by letter")
+{
+    WindowFixture fixture;
+    auto format = Qt::AutoText;
+    fixture.turns.then([&] {
+        for (const QLabel *label : QApplication::activeModalWidget()->findChildren<QLabel *>())
+            if (!label->text().isEmpty()) format = label->textFormat();
+        answerTopBox();
+    });
+    fixture.boxes.show("<b>一</b>", Icon::critical, "");
+    CHECK(format == Qt::PlainText);
+}
+
+TEST_CASE("a patient's name that looks like markup is shown letter by letter")
+{
+    Program program;
+    program.act([&] {
+        program.form.lbl_SelKanja.Caption = "<b>青木</b>";
+        const auto &label = dynamic_cast<const QLabel &>(program.widget("lbl_SelKanja"));
+        CHECK(label.textFormat() == Qt::PlainText);
+        CHECK(fromQt(label.text()) == "<b>青木</b>");
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a search window that the window manager closes in the middle of its search stays, and says no")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    bool wasAsked = false, hasGone = false;
+    program.act([&] {
+        FormWindow &search = program.top();
+        // It arrives where the search gives time to waiting events.
+        QTimer::singleShot(0, &search, [&] {
+            wasAsked = true;
+            hasGone = search.close();
+        });
+        program.key(Qt::Key_F4);
+        CHECK(wasAsked);
+        CHECK(!hasGone);
+        CHECK(search.isVisible());
+        if (hasGone) search.show(); // else nothing would end the program
+    });
+    program.act([&] { program.key(Qt::Key_F12); });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a menu of the date box, or another program in front, leaves the typing as it stands")
+{
+    Program program;
+    program.act([&] {
+        auto &box = dynamic_cast<DateEdit &>(program.widget("imD_LastDay"));
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, QStringLiteral("R8.5.1"));
+        for (const auto reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+            QFocusEvent left(QEvent::FocusOut, reason);
+            QApplication::sendEvent(&box, &left);
+            CHECK(fromQt(box.text()) == "R8.5.1");
+            CHECK(box.complaint() == "");
+        }
+        QFocusEvent left(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(&box, &left);
+        CHECK(fromQt(box.text()) == "令和 08年05月01日");
+    });
+    CHECK(program.runs());
+}
+
+namespace {
+
+/// A form without controls of note that writes down how its window took turns.
+struct TurnTaker : Form {
+    explicit TurnTaker(const char *name) : Form(name) { add(button); }
+    void Form_Activate() override { turns += "+"; }
+    void Form_Deactivate() override { turns += "-"; }
+    Button button{"cmdOK"};
+    std::string turns;
+};
+
+} // namespace
+
+TEST_CASE("a window that another one of the program covers is told so, and told again when it is back")
+{
+    WindowFixture fixture;
+    TurnTaker below("frmBelow");
+    TurnTaker above("frmAbove");
+    fixture.turns.then([&] {
+        CHECK(below.turns == "+");
+        fixture.windows.show(above, Modality::modal);
+    });
+    fixture.turns.then([&] {
+        CHECK(above.turns == "+");
+        CHECK(below.turns == "+-");
+        above.unload();
+    });
+    fixture.turns.then([&] {
+        CHECK(below.turns == "+-+");
+        below.unload();
+    });
+    fixture.windows.show(below, Modality::modal);
+    CHECK(fixture.turns.failure() == "");
+    CHECK(above.turns == "+");
+}

@@ -1,0 +1,43 @@
+// Windows and the room that a screen has for them, at whatever scale QT_SCALE_FACTOR says.
+
+#include "adapters/qt/qt_window_set.h"
+
+#include <doctest/doctest.h>
+
+#include <QApplication>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
+
+using namespace inin;
+
+TEST_CASE("no window is larger than its screen, and its corner stands on it")
+{
+    bool fillsScreen = false;
+    forEachWindow([&](FormWindow &window) {
+        window.open();
+        const QRect room = window.screen()->availableGeometry();
+        CAPTURE(window.objectName().toStdString());
+        CHECK(window.width() <= room.width());
+        CHECK(window.height() <= room.height());
+        CHECK(room.contains(window.frameGeometry().topLeft()));
+        fillsScreen = fillsScreen || window.width() == room.width();
+    });
+    // The search windows want more than the small screen of the tests has.
+    CHECK(fillsScreen);
+}
+
+TEST_CASE("a window that is walked from top to bottom is not walked from side to side where there is room")
+{
+    forEachWindow([&](FormWindow &window) {
+        window.open();
+        const QWidget &content = window.content();
+        const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        const int needed = content.minimumSizeHint().expandedTo(content.minimumSize()).width() + bar;
+        if (needed > window.screen()->availableGeometry().width()) return;
+        QApplication::processEvents();
+        CAPTURE(window.objectName().toStdString());
+        CHECK(window.findChild<QScrollArea *>()->horizontalScrollBar()->maximum() == 0);
+    });
+}

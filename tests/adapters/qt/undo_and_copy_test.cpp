@@ -1,0 +1,168 @@
+#include "adapters/qt/date_edit.h"
+#include "adapters/qt/grid_view.h"
+#include "adapters/qt/qt_message_boxes.h"
+#include "adapters/qt/qt_text.h"
+#include "platform/grid.h"
+
+#include <doctest/doctest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QMessageBox>
+#include <QTimer>
+#include <QToolTip>
+#include <QtTest/QTest>
+
+#include <algorithm>
+
+using namespace inin;
+
+namespace {
+
+/// A date box in the middle of a window; it holds 21 November 2026.
+struct DateOnWindow {
+    DateOnWindow()
+    {
+        window.resize(600, 300);
+        edit.setGeometry(20, 120, 220, 28);
+        edit.setValue(dateOf({2026, 11, 21}));
+        window.show();
+        window.activateWindow();
+        REQUIRE(QTest::qWaitForWindowActive(&window));
+        edit.setFocus(Qt::TabFocusReason);
+    }
+    void enter(const char *text)
+    {
+        edit.selectAll();
+        QTest::keyClicks(&edit, toQt(text));
+        QTest::keyClick(&edit, Qt::Key_Return);
+    }
+    void undo() { QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier); }
+    [[nodiscard]] std::string shown() const { return fromQt(edit.text()); }
+
+    QWidget window;
+    DateEdit edit{"ggg ee年mm月dd日", [] { return dateOf({2026, 11, 20}); }, &window};
+};
+
+/// Where the tip of the box is seen.
+QRect tipPlace()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto tip = std::ranges::find_if(
+        windows, [](const QWidget *window) { return window->inherits("QTipLabel") && window->isVisible(); });
+    REQUIRE(tip != windows.end());
+    return (*tip)->geometry();
+}
+
+/// A grid of a hidden number, a shown one and a name.
+struct GridOnWindow {
+    GridOnWindow()
+    {
+        grid.setRowCount(3);
+        for (std::int32_t row = 1; row <= 3; ++row) {
+            grid.setNumber(row, 1, 99);
+            grid.setNumber(row, 2, row * 10);
+            grid.setText(row, 3, "利用者" + std::to_string(row));
+        }
+        view.refresh();
+        view.show();
+    }
+
+    EventEdge edge;
+    Grid grid{"spr_1ran",
+              {{"拠点 No.", Grid::CellKind::number, 0},
+               {"ID No.", Grid::CellKind::number, 8},
+               {"氏名", Grid::CellKind::text, 20}}};
+    GridView view{grid, edge, nullptr};
+};
+
+} // namespace
+
+TEST_CASE("a date that was typed is undone to what was typed, and on to the date before")
+{
+    DateOnWindow box;
+    box.enter("R8.5.1");
+    REQUIRE(box.shown() == "令和 08年05月01日");
+    box.undo();
+    CHECK(box.shown() == "R8.5.1");
+    for (int step = 0; step < 10 && box.shown() != "令和 08年11月21日"; ++step) box.undo();
+    CHECK(box.shown() == "令和 08年11月21日");
+    box.edit.commit();
+    CHECK(box.edit.value() == Variant(dateOf({2026, 11, 21})));
+}
+
+TEST_CASE("a step of the arrow keys is undone as a whole")
+{
+    DateOnWindow box;
+    QTest::keyClick(&box.edit, Qt::Key_PageDown);
+    REQUIRE(box.shown() == "令和 08年12月21日");
+    box.undo();
+    CHECK(box.shown() == "令和 08年11月21日");
+    box.edit.commit();
+    CHECK(box.edit.value() == Variant(dateOf({2026, 11, 21})));
+}
+
+TEST_CASE("a date that the program assigns cannot be undone")
+{
+    DateOnWindow box;
+    box.enter("R8.5.1");
+    box.edit.setValue(dateOf({2026, 1, 1}));
+    box.undo();
+    CHECK(box.shown() == "令和 08年01月01日");
+}
+
+TEST_CASE("the sentence about a date stands below the box, and above it where the mouse rests below")
+{
+    DateOnWindow box;
+    const QRect place(box.edit.mapToGlobal(QPoint(0, 0)), box.edit.size());
+    SUBCASE("the mouse is elsewhere")
+    {
+        QCursor::setPos(place.topLeft() - QPoint(0, 60));
+        box.enter("abc");
+        QApplication::processEvents();
+        CHECK(tipPlace().top() > place.bottom());
+    }
+    SUBCASE("the mouse rests below the box")
+    {
+        QCursor::setPos(place.bottomLeft() + QPoint(30, 25));
+        box.enter("abc");
+        QApplication::processEvents();
+        CHECK(tipPlace().bottom() <= place.top());
+        CHECK(!tipPlace().contains(QCursor::pos()));
+    }
+    box.edit.setValue(Null{});
+    QToolTip::hideText();
+}
+
+TEST_CASE("the chosen row of a grid is copied as it is seen, its columns parted by tabs")
+{
+    GridOnWindow screen;
+    screen.grid.ActiveRow = 2;
+    screen.view.refresh();
+    QTest::keyClick(&screen.view, Qt::Key_C, Qt::ControlModifier);
+    CHECK(fromQt(QGuiApplication::clipboard()->text()) == "20\t利用者2");
+}
+
+TEST_CASE("copying from a grid without a chosen row leaves the clipboard alone")
+{
+    GridOnWindow screen;
+    QGuiApplication::clipboard()->setText(QStringLiteral("前"));
+    QTest::keyClick(&screen.view, Qt::Key_C, Qt::ControlModifier);
+    CHECK(fromQt(QGuiApplication::clipboard()->text()) == "前");
+}
+
+TEST_CASE("the words of a message box are copied by Ctrl+C")
+{
+    EventEdge edge;
+    QtMessageBoxes boxes(edge);
+    QTimer::singleShot(0, [] {
+        auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (box == nullptr || !QTest::qWaitForWindowActive(box)) return;
+        QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
+        box->button(QMessageBox::Ok)->click();
+    });
+    QGuiApplication::clipboard()->clear();
+    boxes.show("一行目\r\n二行目", Icon::critical, "");
+    CHECK(fromQt(QGuiApplication::clipboard()->text()) == "一行目\n二行目");
+}

@@ -1,0 +1,69 @@
+#include "viewer/window/window_world.h"
+
+#include <QTableView>
+#include <QTreeView>
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+struct Checked : WindowWorld {
+    explicit Checked(const std::vector<Row> &rows, const std::string &form = "委任状37_01.wfd")
+        : WindowWorld(rows, form)
+    {
+        openWindow();
+    }
+    [[nodiscard]] QTreeView &tree() const { return *find<QTreeView>("checkTree"); }
+    [[nodiscard]] QString marksOf(int letter) const
+    {
+        return find<QTableView>("letterList")->model()->index(letter, 3).data().toString();
+    }
+};
+
+/// Letters without an account's holder.
+std::vector<Row> rowsWithoutHolder(int count)
+{
+    std::vector<Row> rows = differentRows(count);
+    for (Row &row : rows) row["口座名義"] = "";
+    return rows;
+}
+
+} // namespace
+
+TEST_CASE("a letter shows a mark once, however many of its texts have it")
+{
+    std::vector<Row> rows = differentRows(1);
+    rows[0]["代表者名"] = "?田";
+    rows[0]["会社住所"] = "?町";
+    const Checked world(rows);
+    REQUIRE(world.window->findings().size() == 2);
+    CHECK(!world.marksOf(0).contains(u'、'));
+    CHECK(!world.marksOf(0).isEmpty());
+}
+
+TEST_CASE("a notice of the check leads to no letter")
+{
+    std::vector<Row> rows = differentRows(3);
+    Checked world(rows);
+    writeBytes(world.script, "Hop,1\r\n" + bytesOf(world.script));
+    world.window->reload();
+    world.settle();
+    QTableView &list = *world.find<QTableView>("letterList");
+    list.setCurrentIndex(list.model()->index(2, 0));
+    const QAbstractItemModel &model = *world.tree().model();
+    const QModelIndex notice = model.index(0, 0, model.index(0, 0));
+    REQUIRE(notice.data().toString().contains(QStringLiteral("Hop,1")));
+    emit world.tree().activated(notice);
+    CHECK(list.currentIndex().row() == 2);
+}
+
+TEST_CASE("few findings are read at a glance, many are opened cause by cause")
+{
+    const Checked few(rowsWithoutHolder(30)), many(rowsWithoutHolder(31));
+    const auto isOpen = [](const Checked &world) { return world.tree().isExpanded(world.tree().model()->index(0, 0)); };
+    CHECK(isOpen(few));
+    CHECK(!isOpen(many));
+}

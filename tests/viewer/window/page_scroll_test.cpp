@@ -1,0 +1,88 @@
+#include "viewer/window/page_view.h"
+#include "viewer/window/window_world.h"
+
+#include <QScrollBar>
+#include <QTest>
+#include <doctest/doctest.h>
+
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+/// A page that is larger than its view.
+struct LargePage : WindowWorld {
+    LargePage() : WindowWorld(differentRows(3)), letters(script)
+    {
+        view.resize(600, 700);
+        view.showLetters(&letters);
+        view.onTurn = [this](int by) {
+            view.showLetter(static_cast<std::size_t>(static_cast<std::ptrdiff_t>(view.letter()) + by));
+        };
+        view.setZoom(2);
+        view.show();
+    }
+    [[nodiscard]] QScrollBar &bar() const { return *view.verticalScrollBar(); }
+    /// Where on the paper the middle of the view is, from 0 to 1.
+    [[nodiscard]] double middle() const
+    {
+        const QRect paper = view.paperPlace();
+        return (view.viewport()->height() / 2.0 - paper.top()) / paper.height();
+    }
+    OpenLetters letters;
+    PageView view;
+};
+
+} // namespace
+
+TEST_CASE("what is in the middle of the view stays there when the page is made larger or smaller")
+{
+    LargePage page;
+    page.bar().setValue(page.bar().maximum() * 2 / 3);
+    const double before = page.middle();
+    REQUIRE(before > 0.55);
+    page.view.setZoom(4);
+    CHECK(page.middle() == doctest::Approx(before).epsilon(0.02));
+    page.view.setZoom(1.5);
+    CHECK(page.middle() == doctest::Approx(before).epsilon(0.02));
+}
+
+TEST_CASE("the page keys read on: a next letter begins at its top, one before at its end")
+{
+    LargePage page;
+    page.view.showLetter(1);
+    page.bar().setValue(page.bar().maximum());
+    QTest::keyClick(&page.view, Qt::Key_PageDown);
+    CHECK(page.view.letter() == 2);
+    CHECK(page.bar().value() == 0);
+    QTest::keyClick(&page.view, Qt::Key_PageUp);
+    CHECK(page.view.letter() == 1);
+    CHECK(page.bar().value() == page.bar().maximum());
+}
+
+TEST_CASE("behind the last letter the page keys leave the page where it is")
+{
+    LargePage page;
+    page.view.showLetter(2);
+    page.bar().setValue(page.bar().maximum());
+    page.view.onTurn = [](int) {};
+    QTest::keyClick(&page.view, Qt::Key_PageDown);
+    CHECK(page.bar().value() == page.bar().maximum());
+}
+
+TEST_CASE("the wheel scrolls, and with Ctrl it zooms")
+{
+    LargePage page;
+    const auto turn = [&](Qt::KeyboardModifiers keys) {
+        const QPointF place(100, 100);
+        QWheelEvent event(place, page.view.viewport()->mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton, keys,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(page.view.viewport(), &event);
+    };
+    page.bar().setValue(0);
+    turn(Qt::NoModifier);
+    CHECK(page.view.zoom() == 2);
+    CHECK(page.bar().value() > 0);
+    turn(Qt::ControlModifier);
+    CHECK(page.view.zoom() == 1.5);
+}

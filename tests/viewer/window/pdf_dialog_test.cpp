@@ -1,0 +1,114 @@
+#include "viewer/window/pdf_dialog.h"
+#include "viewer/window/window_world.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+/// The dialog over three letters.
+struct Asking : WindowWorld {
+    Asking() : WindowWorld(differentRows(3)) {}
+    void ask() { dialog = std::make_unique<PdfDialog>(letters, settings); }
+    template <class Widget> Widget *part(const char *name) { return dialog->findChild<Widget *>(QLatin1String(name)); }
+    void choose(const char *radio) { part<QRadioButton>(radio)->setChecked(true); }
+    void name(const QString &pattern) { part<QLineEdit>("pdfPattern")->setText(pattern); }
+    [[nodiscard]] QString example() { return part<QLabel>("pdfExample")->text(); }
+    [[nodiscard]] bool maySave() { return part<QPushButton>("pdfSave")->isEnabled(); }
+
+    OpenLetters letters{script};
+    ViewerSettings settings{QString::fromStdString(folder / "settings.ini")};
+    std::unique_ptr<PdfDialog> dialog;
+};
+
+} // namespace
+
+TEST_CASE("the ticked letters in one file are what is saved unless something else is chosen")
+{
+    Asking world;
+    world.letters.ticks.setText("2");
+    world.ask();
+    CHECK(world.dialog->order().onlyTicked);
+    CHECK(!world.dialog->order().fileEach);
+    CHECK(world.part<QRadioButton>("pdfTicked")->text() == QStringLiteral("印のある委任状だけ（1通）(&T)"));
+    CHECK(world.part<QRadioButton>("pdfAll")->text() == QStringLiteral("すべて（3通）(&A)"));
+    world.choose("pdfAll");
+    world.choose("pdfEach");
+    CHECK(!world.dialog->order().onlyTicked);
+    CHECK(world.dialog->order().fileEach);
+}
+
+TEST_CASE("without a ticked letter all are offered, and the ticked ones cannot be chosen")
+{
+    Asking world;
+    world.letters.ticks.setAll(false);
+    world.ask();
+    CHECK(!world.dialog->order().onlyTicked);
+    CHECK(!world.part<QRadioButton>("pdfTicked")->isEnabled());
+}
+
+TEST_CASE("the names of the files can be written only where each letter has its own, with an example of the first")
+{
+    Asking world;
+    world.ask();
+    CHECK(!world.part<QLineEdit>("pdfPattern")->isEnabled());
+    CHECK(!world.part<QComboBox>("pdfColumns")->isEnabled());
+    CHECK(world.example() == QStringLiteral(" "));
+    world.choose("pdfEach");
+    CHECK(world.part<QLineEdit>("pdfPattern")->isEnabled());
+    CHECK(world.part<QComboBox>("pdfColumns")->isEnabled());
+    CHECK(world.example() == QStringLiteral("例：1_甲1.pdf"));
+}
+
+TEST_CASE("a column is put into the name where the cursor stands")
+{
+    Asking world;
+    world.ask();
+    world.choose("pdfEach");
+    world.name(QStringLiteral("月_"));
+    auto *const columns = world.part<QComboBox>("pdfColumns");
+    emit columns->activated(columns->findText(QStringLiteral("利用者氏名")));
+    CHECK(world.dialog->order().pattern == QStringLiteral("月_{{利用者氏名}}"));
+    CHECK(columns->currentIndex() == 0);
+    CHECK(world.example() == QStringLiteral("例：月_甲1.pdf"));
+}
+
+TEST_CASE("a name from a column that is not there is told and cannot be saved, one file can")
+{
+    Asking world;
+    world.ask();
+    world.choose("pdfEach");
+    world.name(QStringLiteral("{{氏名}}"));
+    CHECK(world.example() == QStringLiteral("ファイル名の「{{氏名}}」の列「氏名」が CSV にありません。"));
+    CHECK(!world.maySave());
+    world.choose("pdfOne");
+    CHECK(world.maySave());
+    world.choose("pdfEach");
+    world.name(QStringLiteral("{{番号}}"));
+    CHECK(world.maySave());
+}
+
+TEST_CASE("the form of the names is remembered when it was used, and not when the dialog was put away")
+{
+    Asking world;
+    world.ask();
+    world.choose("pdfEach");
+    world.name(QStringLiteral("{{番号}}"));
+    world.dialog->reject();
+    world.ask();
+    CHECK(world.dialog->order().pattern == QStringLiteral("{{番号}}_{{利用者氏名}}"));
+    world.choose("pdfEach");
+    world.name(QStringLiteral("{{番号}}号"));
+    world.part<QPushButton>("pdfSave")->click();
+    CHECK(world.dialog->result() == QDialog::Accepted);
+    world.ask();
+    CHECK(world.dialog->order().pattern == QStringLiteral("{{番号}}号"));
+}

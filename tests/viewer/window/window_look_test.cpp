@@ -1,0 +1,84 @@
+#include "viewer/window/window_world.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+TEST_CASE("the windows' letters are Japanese and large enough to tell 療 from 瘡")
+{
+    const QFont font = QApplication::font();
+    CHECK(font.pointSizeF() >= 9.75);
+    CHECK(QFontDatabase::writingSystems(QFontInfo(font).family()).contains(QFontDatabase::Japanese));
+}
+
+TEST_CASE("whoever comes back to the window is told at once of a file that has changed")
+{
+    WindowWorld world(differentRows(2));
+    world.openWindow();
+    REQUIRE(QTest::qWaitForWindowActive(world.window.get()));
+    writeBytes(world.folder / "委任状.csv", csvOf({ordinaryRow()}));
+    // Two looks, for a file that is still being written is left alone.
+    for (int look = 0; look < 2; ++look) {
+        QEvent back(QEvent::ActivationChange);
+        QApplication::sendEvent(world.window.get(), &back);
+    }
+    CHECK(world.find<QWidget>("noticeBar")->isVisible());
+}
+
+TEST_CASE("a form whose own text has a character that no font has is told among the window's notices")
+{
+    const TempFolder folder;
+    writeBytes(folder / "f.svg", svgPage("<text x='9' y='9'>\U0010FFFD</text>"));
+    writeBytes(folder / "d.csv", "\"a\"\r\n\"1\"\r\n");
+    const std::string form = folder / "f.svg", script = folder / "s.dat";
+    writeBytes(script, "FileName,\"" + form + "\"\r\nSetDataText,\"d\",\"" + folder / "d.csv" + "\"\r\n");
+    const OpenLetters letters(script);
+    CHECK(letters.notices ==
+          std::vector<std::string>{"「" + form +
+                                   "」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）"});
+}
+
+TEST_CASE("a dialog that a script asks for waits until the window has its place")
+{
+    WindowWorld world(differentRows(2));
+    world.window =
+        std::make_unique<ViewerWindow>(world.script, std::make_unique<OpenLetters>(world.script), world.services());
+    const auto dialog = [&] { return world.window->findChild<QDialog *>(QStringLiteral("printDialog")); };
+    QTimer look;
+    bool wasSeen = false;
+    look.callOnTimeout([&] {
+        if (dialog() == nullptr) return;
+        wasSeen = true;
+        CHECK(world.window->isVisible());
+        dialog()->reject();
+    });
+    look.start(5);
+    world.window->start();
+    QTest::qWait(100);
+    CHECK(!wasSeen);
+    world.window->show();
+    CHECK(QTest::qWaitFor([&] { return wasSeen; }));
+}
+
+TEST_CASE("the words of a message are copied by Ctrl+C")
+{
+    QGuiApplication::clipboard()->clear();
+    QTimer::singleShot(0, [] {
+        QWidget *const box = QApplication::activeModalWidget();
+        if (box == nullptr || !QTest::qWaitForWindowActive(box)) return;
+        QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
+        box->findChild<QPushButton *>()->click();
+    });
+    realServices().tell(nullptr, QMessageBox::Warning, QStringLiteral("送っていない番号：3-5"));
+    CHECK(QGuiApplication::clipboard()->text() == QStringLiteral("送っていない番号：3-5"));
+}
