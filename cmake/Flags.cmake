@@ -20,6 +20,12 @@ if(ININ_SANITIZE)
         $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(inin_flags INTERFACE -fsanitize=address,undefined)
 endif()
+# And those of the test programs beside them.
+add_library(inin_test_flags INTERFACE)
+if((WIN32 OR ININ_SANITIZE) AND NOT MSVC)
+    # Unoptimized: what takes the time is compiling the tests, not running them.
+    target_compile_options(inin_test_flags INTERFACE -O0)
+endif()
 if(ININ_FUZZ)
     target_compile_options(inin_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()

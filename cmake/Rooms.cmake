@@ -17,7 +17,7 @@ function(inin_test name)
     cmake_parse_arguments(TEST "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${TEST_SOURCES})
     # A main of its own among LINKS goes before the ordinary one.
-    target_link_libraries(${name} PRIVATE inin_flags ${TEST_LINKS} inin_test_main)
+    target_link_libraries(${name} PRIVATE inin_flags inin_test_flags ${TEST_LINKS} inin_test_main)
     if(TEST_TOOLKIT)
         inin_precompile(${name} toolkit_test)
     else()
@@ -27,10 +27,6 @@ function(inin_test name)
     target_compile_definitions(${name} PRIVATE
         ININ_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data" ININ_SCENARIOS="${PROJECT_SOURCE_DIR}/tests/scenarios"
         ININ_SITE="${PROJECT_SOURCE_DIR}/site")
-    if(WIN32 OR ININ_SANITIZE)
-        # Unoptimized: what takes the time is compiling the tests, not running them.
-        target_compile_options(${name} PRIVATE -O0)
-    endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()

@@ -14,7 +14,7 @@ constexpr std::size_t kMostRows = 1000;
 /// Beyond this a larger statement saves nothing.
 constexpr std::size_t kMostBytes = 200000;
 
-std::string quoted(std::string_view text)
+std::string textLiteral(std::string_view text)
 {
     std::string literal = "'";
     for (const char c : text) {
@@ -30,7 +30,7 @@ std::string dateLiteral(std::string_view iso)
     std::string text;
     for (const char c : iso)
         if (c != '-') text += c;
-    return quoted(text);
+    return textLiteral(text);
 }
 
 } // namespace
@@ -68,7 +68,7 @@ private:
     {
         if (const auto *number = std::get_if<std::int64_t>(&cell)) return std::to_string(*number);
         if (const auto *text = std::get_if<std::string>(&cell))
-            return isDate ? dateLiteral(*text) : "N" + quoted(*text);
+            return isDate ? dateLiteral(*text) : "N" + textLiteral(*text);
         if (const auto *blob = std::get_if<Blob>(&cell)) {
             std::string digits(m_target.m_binary.start);
             for (const char byte : blob->bytes) digits += fmt::format("{:02X}", static_cast<unsigned char>(byte));
