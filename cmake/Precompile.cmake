@@ -8,9 +8,8 @@ set(ININ_STANDARD_HEADERS
 set(ININ_TOOLKIT_HEADERS <QtWidgets/QtWidgets>)
 
 function(inin_make_precompiled kind)
-    # g++ 12 warns of bounds broken inside std::string where it read that from a precompiled header, and nowhere else; for it
-    # only the toolkit's headers are worth one.
-    if(NOT ININ_PRECOMPILE OR (CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT kind MATCHES "toolkit"))
+    # With g++ the rooms do without, see below.
+    if(NOT ININ_PRECOMPILE OR (CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND kind STREQUAL "standard"))
         return()
     endif()
     cmake_parse_arguments(MADE "" "" "HEADERS;LINKS" ${ARGN})
@@ -37,4 +36,9 @@ if(ININ_PRECOMPILE AND CMAKE_CXX_COMPILER_LAUNCHER)
     else()
         target_compile_options(inin_flags INTERFACE -fpch-preprocess)
     endif()
+endif()
+if(ININ_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # g++ 12 sees bounds broken inside std::string where it read that from a precompiled header, and nowhere else. The tests
+    # can spare these warnings, the more as builds without precompiled headers, such as the one for Windows, keep them.
+    target_compile_options(inin_test_flags INTERFACE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
