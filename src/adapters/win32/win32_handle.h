@@ -25,7 +25,7 @@ private:
     std::unique_ptr<void, Close> m_handle;
 };
 
-// False with the last error on a failure.
+/// False with the last error on a failure.
 [[nodiscard]] bool writeAll(const Win32FileHandle &file, std::string_view bytes);
 /// Appends up to `size` bytes, fewer only at the end of the file.
 [[nodiscard]] bool readUpTo(const Win32FileHandle &file, std::size_t size, std::string &bytes);
