@@ -11,8 +11,7 @@ function(inin_room name)
     endif()
 endfunction()
 
-# A doctest program for one room; its cases run as one test of ctest. TOOLKIT: it
-# works windows.
+# A doctest program for one room; its cases run as one test of ctest. TOOLKIT states that it works windows.
 function(inin_test name)
     cmake_parse_arguments(TEST "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${TEST_SOURCES})

@@ -43,26 +43,26 @@ struct SplitPath {
     std::string name;
 };
 
-SplitPath split(const std::string &systemPath)
+SplitPath split(const std::string &place)
 {
-    const std::size_t name = systemPath.rfind('/') + 1;
-    return {systemPath.substr(0, name), systemPath.substr(name)};
+    const std::size_t name = place.rfind('/') + 1;
+    return {place.substr(0, name), place.substr(name)};
 }
 
-std::int32_t errorNumber(int systemError, const std::string &systemPath)
+std::int32_t errorNumber(int systemError, const std::string &place)
 {
     // A file that refuses is read-only; else it is the folder or the path.
     if (systemError == EACCES || systemError == EPERM || systemError == EROFS)
-        return isFileAt(systemPath) ? error_number::permissionDenied : error_number::pathAccess;
-    const std::string folder = split(systemPath).folder;
+        return isFileAt(place) ? error_number::permissionDenied : error_number::pathAccess;
+    const std::string folder = split(place).folder;
     if (systemError == ENOENT && !folder.empty() && !isFolderAt(folder)) return error_number::pathNotFound;
     const auto rule = std::ranges::find(kErrorRules, systemError, &ErrorRule::systemError);
     return rule != std::end(kErrorRules) ? rule->number : error_number::pathAccess;
 }
 
-[[noreturn]] void fail(int systemError, const std::string &systemPath)
+[[noreturn]] void fail(int systemError, const std::string &place)
 {
-    throw RuntimeError(errorNumber(systemError, systemPath));
+    throw RuntimeError(errorNumber(systemError, place));
 }
 
 /// The system's path of a file that is to be opened or deleted. The marks of a search and the other signs that no name
@@ -132,20 +132,20 @@ public:
 
     std::unique_ptr<OutputFile> openForOutput(const std::string &path) override
     {
-        const std::string systemPath = filePath(path);
-        if (isFileAt(systemPath) && !isWritableFile(systemPath)) fail(EACCES, systemPath);
-        FileDescriptor file(open(systemPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | kOpenFlags, 0666));
-        if (!file.isOpen()) fail(errno, systemPath);
-        return std::make_unique<PosixOutput>(std::move(file), systemPath);
+        const std::string place = filePath(path);
+        if (isFileAt(place) && !isWritableFile(place)) fail(EACCES, place);
+        FileDescriptor file(open(place.c_str(), O_WRONLY | O_CREAT | O_TRUNC | kOpenFlags, 0666));
+        if (!file.isOpen()) fail(errno, place);
+        return std::make_unique<PosixOutput>(std::move(file), place);
     }
 
     std::unique_ptr<InputFile> openForInput(const std::string &path) override
     {
-        const std::string systemPath = filePath(path);
-        if (isFolderAt(systemPath)) fail(EISDIR, systemPath);
-        FileDescriptor file(open(systemPath.c_str(), O_RDONLY | kOpenFlags));
-        if (!file.isOpen()) fail(errno, systemPath);
-        return std::make_unique<PosixInput>(std::move(file), systemPath);
+        const std::string place = filePath(path);
+        if (isFolderAt(place)) fail(EISDIR, place);
+        FileDescriptor file(open(place.c_str(), O_RDONLY | kOpenFlags));
+        if (!file.isOpen()) fail(errno, place);
+        return std::make_unique<PosixInput>(std::move(file), place);
     }
 
     std::string directorySearch(const std::string &path) override
@@ -168,13 +168,13 @@ public:
 
     void remove(const std::string &path) override
     {
-        const std::string systemPath = filePath(path);
-        if (isFolderAt(systemPath)) fail(EISDIR, systemPath);
-        if (isFileAt(systemPath) && !isWritableFile(systemPath)) fail(EACCES, systemPath);
-        if (unlink(systemPath.c_str()) == 0) return;
+        const std::string place = filePath(path);
+        if (isFolderAt(place)) fail(EISDIR, place);
+        if (isFileAt(place) && !isWritableFile(place)) fail(EACCES, place);
+        if (unlink(place.c_str()) == 0) return;
         // The file itself would let: it is the folder that refuses.
         if (errno == EACCES || errno == EPERM || errno == EROFS) throw RuntimeError(error_number::pathAccess);
-        fail(errno, systemPath);
+        fail(errno, place);
     }
 
     std::string applicationFolder() override { return m_applicationFolder; }
