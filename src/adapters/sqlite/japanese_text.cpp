@@ -15,19 +15,61 @@ constexpr char32_t kReplacement = 0xFFFD;
 constexpr std::u32string_view kFromHalfWidth = U"。「」、・ヲァィゥェォャュョッーアイウエオカキクケコサシスセソ"
                                                U"タチツテトナニヌネノハヒフヘホマミムメモヤユヨラリルレロワン゛゜";
 static_assert(kFromHalfWidth.size() == 0xFF9F - 0xFF61 + 1);
-/// Small kana beside the large one that it counts as.
+/// Small kana and the large kana that each counts as.
 constexpr std::u32string_view kSmall = U"ァィゥェォッャュョヮヵヶ";
 constexpr std::u32string_view kLarge = U"アイウエオツヤユヨワカケ";
 static_assert(kSmall.size() == kLarge.size());
-/// Full-width signs beyond the ASCII block, and what they are in half width.
+/// Full-width signs beyond the ASCII block, and their half-width forms.
 constexpr std::u32string_view kWideSigns = U"￠￡￢￣￤￥￦";
 constexpr std::u32string_view kNarrowSigns = U"¢£¬¯¦¥₩";
-/// Kana that take a 濁点, and with it.
+/// Kana that take a 濁点, and the voiced kana.
 constexpr std::u32string_view kPlain = U"カキクケコサシスセソタチツテトハヒフヘホウワヲヽ";
 constexpr std::u32string_view kVoiced = U"ガギグゲゴザジズゼゾダヂヅデドバビブベボヴヷヺヾ";
 constexpr std::u32string_view kPlainHa = U"ハヒフヘホ";
 constexpr std::u32string_view kHalfVoiced = U"パピプペポ";
 static_assert(kPlain.size() == kVoiced.size());
+
+constexpr char32_t mapped(char32_t c, std::u32string_view from, std::u32string_view to)
+{
+    const std::size_t at = from.find(c);
+    return at == std::u32string_view::npos ? c : to[at];
+}
+
+/// The block of kana, U+3040 to U+30FF.
+constexpr char32_t kFirstKana = 0x3040, kLastKana = 0x30FF;
+struct Kana {
+    char32_t folded = 0;     ///< large katakana
+    char32_t voiced = 0;     ///< with a 濁点; 0 for a kana that takes none
+    char32_t halfVoiced = 0; ///< with a 半濁点, likewise
+};
+constexpr auto kKana = [] {
+    std::array<Kana, kLastKana - kFirstKana + 1> table{};
+    for (std::size_t index = 0; index < table.size(); ++index) {
+        char32_t c = kFirstKana + static_cast<char32_t>(index);
+        if ((c >= 0x3041 && c <= 0x3096) || c == 0x309D || c == 0x309E) c += 0x60;
+        c = mapped(c, kSmall, kLarge);
+        const char32_t voiced = mapped(c, kPlain, kVoiced), halfVoiced = mapped(c, kPlainHa, kHalfVoiced);
+        table[index] = {c, voiced == c ? 0 : voiced, halfVoiced == c ? 0 : halfVoiced};
+    }
+    return table;
+}();
+
+/// Upper-case letters whose lower case is `offset` further on; every letter of the range, or every second one.
+struct UpperCase {
+    char32_t first;
+    char32_t last;
+    char32_t offset;
+    char32_t stride;
+};
+constexpr UpperCase kUpperCase[] = {
+    {0xC0, 0xD6, 0x20, 1},     {0xD8, 0xDE, 0x20, 1},    {0x100, 0x12E, 1, 2},    {0x132, 0x136, 1, 2},
+    {0x139, 0x147, 1, 2},      {0x14A, 0x176, 1, 2},     {0x179, 0x17D, 1, 2},    {0x1CD, 0x1DB, 1, 2},
+    {0x1DE, 0x1EE, 1, 2},      {0x1F8, 0x21E, 1, 2},     {0x222, 0x232, 1, 2},    {0x386, 0x386, 0x26, 1},
+    {0x388, 0x38A, 0x25, 1},   {0x38C, 0x38C, 0x40, 1},  {0x38E, 0x38F, 0x3F, 1}, {0x391, 0x3A9, 0x20, 1},
+    {0x400, 0x40F, 0x50, 1},   {0x410, 0x42F, 0x20, 1},  {0x460, 0x480, 1, 2},    {0x48A, 0x4BE, 1, 2},
+    {0x4C1, 0x4CD, 1, 2},      {0x4D0, 0x52E, 1, 2},     {0x1E00, 0x1E94, 1, 2},  {0x1EA0, 0x1EFE, 1, 2},
+    {0x2160, 0x216B, 0x10, 1}, {0x24B6, 0x24CF, 0x1A, 1}};
+constexpr char32_t kUpperYWithDiaeresis = 0x178, kLowerYWithDiaeresis = 0xFF;
 
 bool isAscii(char c)
 {
@@ -88,77 +130,135 @@ void appendUtf8(std::string &text, char32_t code)
     byte(0x80U | (code & 0x3FU));
 }
 
-char32_t mapped(char32_t c, std::u32string_view from, std::u32string_view to)
+constexpr char32_t foldAscii(char32_t c)
 {
-    const std::size_t at = from.find(c);
-    return at == std::u32string_view::npos ? c : to[at];
+    return c >= U'A' && c <= U'Z' ? c + 0x20 : c;
 }
 
 char32_t foldCase(char32_t c)
 {
-    if (c >= U'A' && c <= U'Z') return c + 0x20;
-    if (c < 0xC0) return c;
-    if (c <= 0xDE) return c == 0xD7 ? c : c + 0x20;
-    if (c >= 0x391 && c <= 0x3A9) return c + 0x20;
-    if (c >= 0x410 && c <= 0x42F) return c + 0x20;
-    if (c >= 0x400 && c <= 0x40F) return c + 0x50;
-    if (c >= 0x2160 && c <= 0x216B) return c + 0x10;
-    if (c >= 0x24B6 && c <= 0x24CF) return c + 0x1A;
+    constexpr char32_t kBeyondLetters = 0x24D0;
+    if (c < 0x80) return foldAscii(c);
+    if (c >= kBeyondLetters) return c;
+    if (c == kUpperYWithDiaeresis) return kLowerYWithDiaeresis;
+    for (const UpperCase &range : kUpperCase)
+        if (c <= range.last) return c >= range.first && (c - range.first) % range.stride == 0 ? c + range.offset : c;
     return c;
 }
 
-/// One character without its width, kana kind and case; the signs of voicing are joined by the caller.
+bool isKana(char32_t c)
+{
+    return c >= kFirstKana && c <= kLastKana;
+}
+
+/// One character without its width, kana kind and case.
 char32_t foldOne(char32_t c)
 {
-    if (c < 0x80) return foldCase(c);
-    if (c >= 0xFF01 && c <= 0xFF5E) return foldCase(c - 0xFF01 + 0x21);
-    if (c == 0x3000) return U' ';
     if (c >= 0xFF61 && c <= 0xFF9F) c = kFromHalfWidth[c - 0xFF61];
+    if (isKana(c)) return kKana[c - kFirstKana].folded;
+    if (c == 0x3000) return U' ';
+    if (c >= 0xFF01 && c <= 0xFF5E) return foldAscii(c - 0xFF01 + 0x21);
     if (c >= 0xFFE0 && c <= 0xFFE6) return mapped(c, kWideSigns, kNarrowSigns);
-    if ((c >= 0x3041 && c <= 0x3096) || c == 0x309D || c == 0x309E) c += 0x60;
-    if (c >= 0x30A1 && c <= 0x30F6) return mapped(c, kSmall, kLarge);
     return foldCase(c);
 }
 
-/// The kana before a sign of voicing, with it; 0 when they do not join.
-char32_t voiced(char32_t kana, char32_t sign)
+/// Selects a glyph of the character before it and has no weight of its own.
+bool isVariationSelector(char32_t c)
 {
-    const bool isHalf = sign == 0xFF9F || sign == 0x309A;
-    const char32_t joined = isHalf ? mapped(kana, kPlainHa, kHalfVoiced) : mapped(kana, kPlain, kVoiced);
-    return joined == kana ? 0 : joined;
+    return (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0100 && c <= 0xE01EF);
 }
 
-/// A half-width ﾞ or ﾟ, or a combining one, which belong to the kana before them. The full-width ゛ stands alone.
-bool isVoicing(char32_t c)
+/// A folded kana joined with the sign that follows it, a 濁点 or 半濁点 in full width, half width or combining form;
+/// 0 where they do not join.
+char32_t joinedWith(char32_t sign, char32_t foldedKana)
 {
-    return c == 0xFF9E || c == 0xFF9F || c == 0x3099 || c == 0x309A;
+    if (!isKana(foldedKana)) return 0;
+    const Kana &kana = kKana[foldedKana - kFirstKana];
+    if (sign == 0xFF9E || sign == 0x3099 || sign == 0x309B) return kana.voiced;
+    if (sign == 0xFF9F || sign == 0x309A || sign == 0x309C) return kana.halfVoiced;
+    return 0;
 }
 
-void appendFolded(std::u32string &folded, char32_t c)
-{
-    if (isVoicing(c) && !folded.empty()) {
-        const char32_t joined = voiced(folded.back(), c);
-        if (joined != 0) {
-            folded.back() = joined;
-            return;
-        }
+/// Reads a text folded, character by character.
+class FoldedReader {
+public:
+    static constexpr char32_t kEnd = 0xFFFFFFFF;
+
+    explicit FoldedReader(std::string_view text) : m_text(text) {}
+
+    /// kEnd at the end, again and again.
+    char32_t next()
+    {
+        const char32_t c = weighted(m_at);
+        if (c < 0x80) return foldAscii(c);
+        if (c == kEnd) return kEnd;
+        const char32_t folded = foldOne(c);
+        if (!isKana(folded) || !mayBeSign()) return folded;
+        std::size_t ahead = m_at;
+        const char32_t joined = joinedWith(weighted(ahead), folded);
+        if (joined == 0) return folded;
+        m_at = ahead;
+        return joined;
     }
-    folded += foldOne(c);
+
+private:
+    /// The next character that has a weight.
+    char32_t weighted(std::size_t &at) const
+    {
+        bool sound = true;
+        while (at < m_text.size()) {
+            const char32_t c = decodeOne(m_text, at, sound);
+            if (!isVariationSelector(c)) return c;
+        }
+        return kEnd;
+    }
+    /// False where neither a sign that joins nor a variation selector follows. Looks at two bytes only, so a few other
+    /// characters pass.
+    [[nodiscard]] bool mayBeSign() const
+    {
+        if (m_at >= m_text.size()) return false;
+        const auto lead = static_cast<unsigned char>(m_text[m_at]);
+        if (lead == 0xE3) return m_at + 1 < m_text.size() && static_cast<unsigned char>(m_text[m_at + 1]) == 0x82;
+        return lead == 0xEF || lead == 0xF3;
+    }
+
+    std::string_view m_text;
+    std::size_t m_at = 0;
+};
+
+/// The start of the character at or before `at`.
+std::size_t characterStart(std::string_view text, std::size_t at)
+{
+    while (at > 0 && isContinuation(text, at)) --at;
+    return at;
 }
 
-char32_t foldAscii(char c)
+/// Where to begin comparing two texts whose first `same` bytes are equal: before the last character that a following
+/// sign could still join with.
+std::size_t comparisonStart(std::string_view a, std::string_view b, std::size_t same)
 {
-    return foldCase(static_cast<unsigned char>(c));
+    std::size_t at = std::min(characterStart(a, same), characterStart(b, same));
+    bool sound = true;
+    while (at > 0 && !isAscii(a[at - 1])) {
+        at = characterStart(a, at - 1);
+        std::size_t next = at;
+        if (!isVariationSelector(decodeOne(a, next, sound))) break;
+    }
+    return at;
 }
 
-/// How many characters from the start are ASCII and the same in both texts.
-std::size_t asciiPrefix(std::string_view a, std::string_view b)
+/// The text without blanks of either width at its end. Variation selectors there have no weight and go too.
+std::string_view withoutBlanksAtEnd(std::string_view text)
 {
-    const std::size_t most = std::min(a.size(), b.size());
-    std::size_t count = 0;
-    while (count < most && isAscii(a[count]) && isAscii(b[count]) && foldAscii(a[count]) == foldAscii(b[count]))
-        ++count;
-    return count;
+    while (!text.empty() && (text.back() == ' ' || !isAscii(text.back()))) {
+        const std::size_t last = characterStart(text, text.size() - 1);
+        std::size_t next = last;
+        bool sound = true;
+        const char32_t c = decodeOne(text, next, sound);
+        if (next != text.size() || (c != U' ' && c != 0x3000 && !isVariationSelector(c))) break;
+        text = text.substr(0, last);
+    }
+    return text;
 }
 
 } // namespace
@@ -186,72 +286,86 @@ std::string soundUtf8(std::string_view text)
 void foldJapanese(std::string_view text, std::u32string &folded)
 {
     folded.clear();
-    bool sound = true;
-    for (std::size_t at = 0; at < text.size();) appendFolded(folded, decodeOne(text, at, sound));
+    FoldedReader reader(text);
+    for (char32_t c = reader.next(); c != FoldedReader::kEnd; c = reader.next()) folded += c;
 }
 
 int compareJapanese(std::string_view a, std::string_view b)
 {
-    while (!a.empty() && a.back() == ' ') a.remove_suffix(1);
-    while (!b.empty() && b.back() == ' ') b.remove_suffix(1);
-    const std::size_t same = asciiPrefix(a, b);
+    a = withoutBlanksAtEnd(a);
+    b = withoutBlanksAtEnd(b);
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t same = 0;
+    while (same < shorter && a[same] == b[same]) ++same;
     if (same == a.size() && same == b.size()) return 0;
-    // Two ASCII characters that differ decide at once: what follows cannot join with them.
-    if (same < a.size() && same < b.size() && isAscii(a[same]) && isAscii(b[same]))
-        return foldAscii(a[same]) < foldAscii(b[same]) ? -1 : 1;
-    static thread_local std::u32string left, right; // reused: a join compares some 100,000 texts
-    foldJapanese(a, left);
-    foldJapanese(b, right);
-    for (std::u32string *text : {&left, &right})
-        while (!text->empty() && text->back() == U' ') text->pop_back();
-    return left.compare(right);
+    // Two ASCII characters that differ decide at once: they join with nothing.
+    if (same < shorter && isAscii(a[same]) && isAscii(b[same])) {
+        const char32_t left = foldAscii(static_cast<unsigned char>(a[same]));
+        const char32_t right = foldAscii(static_cast<unsigned char>(b[same]));
+        if (left != right) return left < right ? -1 : 1;
+    }
+    const std::size_t start = comparisonStart(a, b, same);
+    FoldedReader left(a.substr(start)), right(b.substr(start));
+    while (true) {
+        const char32_t fromLeft = left.next(), fromRight = right.next();
+        if (fromLeft != fromRight) {
+            if (fromLeft == FoldedReader::kEnd) return -1; // a prefix comes first
+            return fromRight == FoldedReader::kEnd || fromLeft > fromRight ? 1 : -1;
+        }
+        if (fromLeft == FoldedReader::kEnd) return 0;
+    }
 }
 
 LikePattern::LikePattern(std::string_view pattern, char32_t escape)
 {
-    std::u32string raw, literal;
-    decodeUtf8(pattern, raw);
-    for (std::size_t at = 0; at < raw.size();) {
-        const char32_t c = raw[at];
-        const bool escaped = escape != 0 && c == escape && at + 1 < raw.size();
-        if (escaped || (c != U'%' && c != U'_' && c != U'[')) {
-            literal += raw[at + (escaped ? 1 : 0)];
-            at += escaped ? 2 : 1;
+    std::string literal;
+    bool sound = true;
+    for (std::size_t at = 0; at < pattern.size();) {
+        std::size_t next = at;
+        char32_t c = decodeOne(pattern, next, sound);
+        const bool isEscaped = escape != 0 && c == escape && next < pattern.size();
+        if (isEscaped) {
+            at = next;
+            (void)decodeOne(pattern, next, sound);
+        }
+        if (isEscaped || (c != U'%' && c != U'_' && c != U'[')) {
+            literal += pattern.substr(at, next - at);
+            at = next;
             continue;
         }
         addLiteral(literal);
         literal.clear();
         if (c == U'[') {
-            at = addClass(raw, at);
+            at = addClass(pattern, at);
             continue;
         }
         m_elements.push_back({c == U'%' ? Kind::run : Kind::any});
-        ++at;
+        at = next;
     }
     addLiteral(literal);
 }
 
 /// Folded as one text, so that ﾀﾞ in a pattern is one character as it is in the column.
-void LikePattern::addLiteral(const std::u32string &raw)
+void LikePattern::addLiteral(std::string_view literal)
 {
     std::u32string folded;
-    for (const char32_t c : raw) appendFolded(folded, c);
+    foldJapanese(literal, folded);
     for (const char32_t c : folded) m_elements.push_back({Kind::one, c});
 }
 
-std::size_t LikePattern::addClass(const std::u32string &pattern, std::size_t at)
+std::size_t LikePattern::addClass(std::string_view pattern, std::size_t at)
 {
-    const std::size_t closing = pattern.find(U']', at + 1);
+    const std::size_t closing = pattern.find(']', at + 1);
     Element element{Kind::oneOf}; // without its ] it fits no character at all
-    if (closing == std::u32string::npos) {
+    if (closing == std::string_view::npos) {
         m_elements.push_back(element);
         return pattern.size();
     }
-    ++at;
-    element.negated = at < closing && pattern[at] == U'^';
-    if (element.negated) ++at;
+    std::string_view list = pattern.substr(at + 1, closing - at - 1);
+    element.negated = list.starts_with('^');
+    if (element.negated) list.remove_prefix(1);
     std::u32string members;
-    for (; at < closing; ++at) appendFolded(members, pattern[at]);
+    foldJapanese(list, members);
     for (std::size_t i = 0; i < members.size(); ++i) {
         const bool isRange = i + 2 < members.size() && members[i + 1] == U'-';
         element.ranges.emplace_back(members[i], members[i + (isRange ? 2 : 0)]);

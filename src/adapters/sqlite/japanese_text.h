@@ -6,13 +6,14 @@
 
 namespace inin {
 
-/// Characters of a text as the server's usual Japanese collation tells them apart: without regard to case (small kana
-/// counts as the large one), width and kana kind, but with 濁点 and accents. ﾔﾏﾀﾞ, ヤマダ and やまだ are one,
-/// やまた another. Katakana stands for both kana, ASCII for the full-width forms. A byte that is no UTF-8 is U+FFFD.
+/// The characters of a text as the server's usual Japanese collation distinguishes them: without regard to case (small
+/// kana counts as the large one), width and kana kind, but with 濁点 and accents. ﾔﾏﾀﾞ, ヤマダ, ヤマタ゛ and やまだ are
+/// equal, やまた differs. Folded text holds katakana for both kana and ASCII for full-width forms; variation selectors
+/// are left out. A byte that is not UTF-8 becomes U+FFFD.
 void foldJapanese(std::string_view text, std::u32string &folded);
 
-/// Order of two texts under that collation, blanks at the end left out. Kana and Latin letters come in their usual
-/// order; kanji by code, where the server has its own order.
+/// Order of two texts under that collation without the blanks at their ends. Kana and Latin letters come in their usual
+/// order; kanji in code order, where the server has an order of its own.
 [[nodiscard]] int compareJapanese(std::string_view a, std::string_view b);
 
 /// A LIKE pattern, ready to be held against many texts: % for any run, _ for one character, [abc], [a-c] and [^a]
@@ -32,9 +33,9 @@ private:
         std::vector<std::pair<char32_t, char32_t>> ranges{};
     };
     [[nodiscard]] static bool fits(const Element &element, char32_t character);
-    void addLiteral(const std::u32string &raw);
-    /// The class whose [ stands at `at`; gives the place behind it, or the end when it has no ].
-    std::size_t addClass(const std::u32string &pattern, std::size_t at);
+    void addLiteral(std::string_view literal);
+    /// Adds the class whose [ is at `at`. Returns the position after its ], or the end when it has none.
+    std::size_t addClass(std::string_view pattern, std::size_t at);
 
     std::vector<Element> m_elements;
 };

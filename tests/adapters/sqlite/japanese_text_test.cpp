@@ -47,6 +47,18 @@ constexpr Pair kPairs[] = {
     {"ⅳ", "Ⅳ", true},
     {"ⓐ", "Ⓐ", true},
     {"÷", "×", false},
+    {"Ōta", "ōTA", true},
+    {"ō", "o", false},
+    {"Š", "š", true},
+    {"Ÿ", "ÿ", true},
+    {"Ż", "ż", true},
+    {"Ź", "ż", false},
+    {"Ǎ", "ǎ", true},
+    {"Ấ", "ấ", true},
+    {"Ά", "ά", true},
+    {"Ώ", "ώ", true},
+    {"Ґ", "ґ", true},
+    {"ʼ", "ʽ", false},
     // kana
     {"やまだ", "ヤマダ", true},
     {"やまだ", "ﾔﾏﾀﾞ", true},
@@ -76,6 +88,14 @@ constexpr Pair kPairs[] = {
     {"た", "だ", false},
     // combining signs join
     {"か\u3099", "が", true},
+    {"カ゛", "ガ", true},
+    {"か゛", "ｶﾞ", true},
+    {"ハ゜", "パ", true},
+    {"カ゜", "カ", false},
+    {"ガ゛", "ガ", false},
+    {"ア゛", "ア", false},
+    {"山カ゛", "山ガ", true},
+    {"カ゛", "カ゜", false},
     {"ハ\u309A", "パ", true},
     {"あ\u3099", "あ", false},
     // accents are told apart
@@ -90,6 +110,20 @@ constexpr Pair kPairs[] = {
     {" 山田", "山田", false},
     {"", "   ", true},
     {"a", "a\t", false},
+    {"山田 　 ", "山田", true},
+    {"　", "", true},
+    // variation selectors have no weight
+    {"葛\U000E0100城", "葛城", true},
+    {"葛\U000E0100城", "葛\U000E0101城", true},
+    {"辻\uFE00", "辻", true},
+    {"辻\uFE0F 　\U000E01EF", "辻", true},
+    {"カ\uFE00゛", "ガ", true},
+    {"葛\uFE10", "葛", false},
+    {"葛\U000E01F0", "葛", false},
+    // bytes that are not UTF-8 never join with what stands beside them
+    {"カ\xE3\x82", "ガ", false},
+    {"山\xE3\x80", "山", false},
+    {"山\xE3\x80\x80\x80", "山\xE3\x80\x80\xFF", true},
     // kanji
     {"高", "髙", false},
     {"斉", "斎", false},
@@ -120,6 +154,12 @@ TEST_CASE("the order of texts goes by kana and letters whatever their form")
     CHECK(compareJapanese("a", "ab") < 0);
     CHECK(compareJapanese("ab", "a") > 0);
     CHECK(compareJapanese("山", "あ") > 0);
+    CHECK(compareJapanese("ガ", "カ゛ア") < 0);
+    CHECK(compareJapanese("カア", "カ゛") < 0);
+    CHECK(compareJapanese("ﾃ\xEF", "ﾃﾞ") < 0); // the second text's sign belongs to the character before it
+    CHECK(compareJapanese("葛\U000E0100", "葛城") < 0);
+    CHECK(compareJapanese("葛\U000E0100城", "葛岡") < 0);
+    CHECK(compareJapanese("a b", "a\tb") > 0);
     CHECK(compareJapanese("201904", "201905") < 0);
 }
 

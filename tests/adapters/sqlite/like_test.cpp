@@ -42,6 +42,10 @@ TEST_CASE("LIKE finds a text by its wildcards, classes and the collation")
         {"山田太郎", "___", false},
         {"ダ", "_", true},
         {"ﾀﾞ", "_", true}, // one character, as its full-width form is
+        {"タ゛", "_", true},
+        {"葛\U000E0100城", "葛_", true},
+        {"葛城", "葛\U000E0100_", true},
+        {"Ōta", "%ōTA", true},
         {"𠮷野", "_野", true},
         {"aXbXc", "%X%X%", true},
         {"aXbc", "%X%X%", false},
