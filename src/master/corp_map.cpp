@@ -123,6 +123,7 @@ void CorpMap::iChizuUpdate(const std::int32_t &nIDNo, std::int16_t &iStatus)
 std::int16_t CorpMap::write(const std::string &name, std::int32_t nIDNo, Statement statement)
 {
     return told(name, [&] {
+        if (nIDNo != kMapTakeOnly && checkWriter(name) != iGood) return iBad;
         // Only the first place is ever filled.
         const Pictures pictures{takePicture(), kNoPicture, kNoPicture};
         if (nIDNo == kMapTakeOnly) return iGood;
@@ -133,6 +134,18 @@ std::int16_t CorpMap::write(const std::string &name, std::int32_t nIDNo, Stateme
         static_cast<void>(m_cADOTo.session->iDisConnect()); // the map is written or it is not
         return status;
     });
+}
+
+/// Begins a transaction where it may be refused, and ends it again. A picture that was taken before the refusal would be
+/// lost. A database with several writers gets no statement more.
+std::int16_t CorpMap::checkWriter(const std::string &name)
+{
+    if (!m_app.platform.database.isWriterBusy()) return iGood;
+    if (connect(name) != iGood) return iBad;
+    cT_ADODB &session = *m_cADOTo.session;
+    const std::int16_t status = session.iBeginTrans() == iGood ? iGood : m_table.failed(session.sErrMsg());
+    static_cast<void>(session.iDisConnect()); // ends the transaction as well
+    return status;
 }
 
 /// The bytes of the picture's file as a binary value; an empty file is no picture. The file is gone afterwards.

@@ -29,7 +29,8 @@ public:
     /// 0 where the row exists, kNoSuchMap where not, -1 on a failure.
     void iChizuLoad(const std::int32_t &nIDNo, std::int16_t &iStatus);
     /// Inserts the row, with empty values where there is no picture. 0 or -1. The file is deleted once it was read,
-    /// whatever comes of the writing.
+    /// whether the write succeeds or not. While another session of the program is the database's only writer, the
+    /// operation fails before it reads the file.
     void iChizuSave(const std::int32_t &nIDNo, std::int16_t &iStatus);
     /// Likewise, but replaces the picture in the row. Without a picture the statement has nothing to set and fails.
     void iChizuUpdate(const std::int32_t &nIDNo, std::int16_t &iStatus);
@@ -41,6 +42,7 @@ private:
     template <class Operation> [[nodiscard]] std::int16_t told(const std::string &name, Operation &&operation);
     [[nodiscard]] std::int16_t connect(const std::string &name);
     [[nodiscard]] std::int16_t write(const std::string &name, std::int32_t nIDNo, Statement statement);
+    [[nodiscard]] std::int16_t checkWriter(const std::string &name);
     [[nodiscard]] std::string takePicture() const;
 
     App &m_app;

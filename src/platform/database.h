@@ -111,6 +111,9 @@ public:
 
     [[nodiscard]] virtual std::unique_ptr<Connection> newConnection() = 0;
     [[nodiscard]] virtual std::unique_ptr<Recordset> newRecordset() = 0;
+    /// True while an open session has a transaction that keeps all other sessions from writing, in a database that has one
+    /// writer at a time. Their writes fail until it ends.
+    [[nodiscard]] virtual bool isWriterBusy() const { return false; }
 };
 
 } // namespace inin

@@ -164,7 +164,7 @@ TEST_CASE("an update of a company without its map row saves one")
     CHECK(corp.value("SELECT hex(bAddr1) FROM RIYOUSHA_MAP") == "42");
 }
 
-TEST_CASE("the embedded database has one writer: a map beside a company's own transaction is refused at once")
+TEST_CASE("a map that is refused inside the company's own transaction keeps its picture on disk")
 {
     CorpFixture corp;
     corp.site.cChizuFlg = "1";
@@ -177,4 +177,27 @@ TEST_CASE("the embedded database has one writer: a map beside a company's own tr
     CHECK(corp->sErrMsg().starts_with("ERR:BeginTrans (-2147217871)"));
     CHECK(corp.value("SELECT cShamei1 FROM CORP") == "旧社名");
     CHECK(corp.value("SELECT COUNT(*) FROM RIYOUSHA_MAP") == "0");
+    CHECK(corp.files.has(kPicture));
+
+    row.nIDNo = 56; // an insert is good without its map
+    CHECK(corp->iDataInsert(&row, 0, Transaction::own) == iGood);
+    CHECK(corp.value("SELECT COUNT(*) FROM CORP") == "2");
+    CHECK(corp.value("SELECT COUNT(*) FROM RIYOUSHA_MAP") == "0");
+    CHECK(corp.files.has(kPicture));
+
+    row.nIDNo = 55;
+    REQUIRE_MESSAGE(corp->iDataUpdate(&row, 0) == iGood, corp->sErrMsg());
+    CHECK(corp.value("SELECT hex(bAddr1) FROM RIYOUSHA_MAP") == "42");
+    CHECK_FALSE(corp.files.has(kPicture));
+}
+
+TEST_CASE("a picture that is only taken needs no writer")
+{
+    CorpFixture corp;
+    corp.files.put(kPicture, "B");
+    REQUIRE(corp.session.iBeginTrans() == iGood);
+    std::int16_t status = 99;
+    CorpMap(corp.site).iChizuSave(kMapTakeOnly, status);
+    CHECK(status == iGood);
+    CHECK_FALSE(corp.files.has(kPicture));
 }

@@ -13,6 +13,7 @@ public:
 
     [[nodiscard]] std::unique_ptr<Connection> newConnection() override;
     [[nodiscard]] std::unique_ptr<Recordset> newRecordset() override;
+    [[nodiscard]] bool isWriterBusy() const override { return m_inner.isWriterBusy(); }
 
     /// For the recording connections: the number of a session that has just been opened.
     [[nodiscard]] int nextSession() { return ++m_sessions; }

@@ -20,6 +20,7 @@ public:
         return std::make_unique<SqliteConnection>(m_pool, m_resolvePath);
     }
     std::unique_ptr<Recordset> newRecordset() override { return std::make_unique<SqliteRecordset>(); }
+    [[nodiscard]] bool isWriterBusy() const override { return m_pool->isWriting(); }
 
 private:
     ResolvePath m_resolvePath;

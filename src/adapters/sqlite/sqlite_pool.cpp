@@ -16,6 +16,11 @@ void SqlitePool::lend(SqliteHandle &handle)
     });
 }
 
+bool SqlitePool::isWriting() const
+{
+    return std::any_of(m_lent.begin(), m_lent.end(), [](const SqliteHandle *handle) { return handle->isWriting(); });
+}
+
 void SqlitePool::giveBack(const std::string &connectionString, std::unique_ptr<SqliteHandle> handle)
 {
     m_lent.erase(handle.get());

@@ -125,6 +125,7 @@ public:
     explicit ChoosingDatabase(std::shared_ptr<Providers> providers) : m_providers(std::move(providers)) {}
     std::unique_ptr<Connection> newConnection() override { return std::make_unique<ChoosingConnection>(m_providers); }
     std::unique_ptr<Recordset> newRecordset() override { return std::make_unique<ChoosingRecordset>(); }
+    [[nodiscard]] bool isWriterBusy() const override { return m_providers->sqlite->isWriterBusy(); }
 
 private:
     std::shared_ptr<Providers> m_providers;
