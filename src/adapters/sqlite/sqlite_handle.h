@@ -56,7 +56,8 @@ public:
 
     /// Ends what a session left: runs and a transaction. False when the connection is of no use any more.
     bool tidy();
-    /// The file is still the one that was opened. That its content is sound, the next statement tells.
+    /// False once the file was deleted, replaced or written to, by this connection as well. SQLite looks at a counter in
+    /// the header only, which a file that was copied over the old one may have too.
     [[nodiscard]] bool isAlive() const;
 
 private:

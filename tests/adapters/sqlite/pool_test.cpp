@@ -6,6 +6,8 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -50,6 +52,19 @@ std::size_t timesOpen(const DatabaseFile &file)
     return count;
 }
 #endif
+
+std::string bytesOf(const DatabaseFile &file)
+{
+    std::ifstream stream(file.path(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// Dates the file's last write from now.
+void setLastWrite(const DatabaseFile &file, std::chrono::hours offset)
+{
+    static const fs::file_time_type now = fs::file_time_type::clock::now();
+    fs::last_write_time(file.path(), now + offset);
+}
 
 std::string firstName(Database &database, const DatabaseFile &file)
 {
@@ -143,6 +158,34 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was deleted or r
 }
 
 #endif
+
+TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was overwritten in place is not lent again")
+{
+    setLastWrite(file, std::chrono::hours(-2));
+    pool.giveBack("a", open());
+    CHECK(pool.take("a") != nullptr);
+
+    pool.giveBack("a", open());
+    setLastWrite(file, std::chrono::hours(-1));
+    CHECK(pool.take("a") == nullptr);
+
+    pool.giveBack("a", open());
+    std::ofstream(file.path(), std::ios::binary | std::ios::app) << std::string(4096, '\0');
+    setLastWrite(file, std::chrono::hours(-1));
+    CHECK(pool.take("a") == nullptr);
+}
+
+TEST_CASE("a file that was overwritten in place is read anew although its header is the same")
+{
+    const DatabaseFile file(kTable), other("CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('after!')");
+    setLastWrite(file, std::chrono::hours(-1));
+    const auto database = plainDatabase();
+    CHECK(firstName(*database, file) == "before");
+    const std::string bytes = bytesOf(other);
+    REQUIRE(bytes.substr(0, 100) == bytesOf(file).substr(0, 100));
+    std::fstream(file.path(), std::ios::binary | std::ios::in | std::ios::out) << bytes;
+    CHECK(firstName(*database, file) == "after!");
+}
 
 TEST_CASE("sessions one after another share one open file, sessions side by side do not")
 {
