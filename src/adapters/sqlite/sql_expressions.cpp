@@ -324,7 +324,7 @@ SqlPiece SqlRewriter::nameOrCall()
         piece.gap = gap;
         return piece;
     }
-    piece.kind = m_tables.kindOf(qualifier, nameOf(*last));
+    piece.kind = m_tables.kindOf(qualifier, nameOf(*last), m_at - 1);
     return piece;
 }
 

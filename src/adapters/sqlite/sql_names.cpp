@@ -20,6 +20,20 @@ constexpr std::array<std::string_view, 63> kKeywords{
     "then",      "union",   "unique",     "update",    "using",    "values", "when",     "where", "with"};
 static_assert(std::is_sorted(kKeywords.begin(), kKeywords.end()));
 
+/// The keywords that end the list of tables after FROM.
+constexpr std::array<std::string_view, 7> kEndsOfFrom{"group", "having", "order", "select", "set", "values", "where"};
+
+bool endsFrom(const Token &token)
+{
+    return isSetOperator(token) || std::any_of(kEndsOfFrom.begin(), kEndsOfFrom.end(),
+                                               [&token](std::string_view word) { return token.isWord(word); });
+}
+
+bool precedesTable(const Token &token)
+{
+    return token.isWord("from") || token.isWord("join") || token.isWord("update") || token.isWord("into");
+}
+
 } // namespace
 
 bool isSqlKeyword(const Token &token)
@@ -31,6 +45,11 @@ bool isSqlKeyword(const Token &token)
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     const std::string_view word(lower.data(), token.text.size());
     return std::binary_search(kKeywords.begin(), kKeywords.end(), word);
+}
+
+bool isSetOperator(const Token &token)
+{
+    return token.isWord("union") || token.isWord("except") || token.isWord("intersect");
 }
 
 std::string nameOf(const Token &token)
@@ -49,40 +68,82 @@ std::string nameOf(const Token &token)
 
 StatementTables::StatementTables(const std::vector<Token> &tokens, const SqlSchema &schema)
 {
+    struct Bracket {
+        std::size_t scope;
+        bool isInFrom;
+    };
+    std::vector<Bracket> open{{0, false}};
+    bool expectsTable = false;
+    m_scopeOf.reserve(tokens.size());
+    std::size_t tableEnd = 0;
     for (std::size_t at = 0; at < tokens.size(); ++at) {
-        if (at > 0 && tokens[at - 1].isSymbol(".")) continue;
-        const std::string name = nameOf(tokens[at]);
-        const SqlSchema::Columns *columns = name.empty() ? nullptr : schema.columnsOf(name);
-        if (columns == nullptr) continue;
-        addTable(asciiLower(name), columns);
-        std::size_t next = at + 1;
-        if (next < tokens.size() && tokens[next].isWord("as")) ++next;
-        if (next >= tokens.size() || isSqlKeyword(tokens[next])) continue;
-        const std::string alias = nameOf(tokens[next]);
-        if (!alias.empty()) addTable(asciiLower(alias), columns);
+        const Token &token = tokens[at];
+        // Where joins are grouped, the table that is expected comes after the bracket.
+        if (token.isSymbol("(")) open.push_back({addScope(open.back().scope), false});
+        m_scopeOf.push_back(open.back().scope);
+        if (at < tableEnd || token.isSymbol("(")) continue;
+        if (token.isSymbol(")") && open.size() > 1) open.pop_back();
+        if (isSetOperator(token)) open.back().scope = addScope(m_parents[open.back().scope]);
+        if (isSqlKeyword(token)) {
+            open.back().isInFrom = token.isWord("from") || (open.back().isInFrom && !endsFrom(token));
+            expectsTable = precedesTable(token);
+            continue;
+        }
+        if (expectsTable) tableEnd = addTable(tokens, at, schema);
+        expectsTable = token.isSymbol(",") && open.back().isInFrom;
     }
 }
 
-void StatementTables::addTable(std::string lowerName, const SqlSchema::Columns *columns)
+std::size_t StatementTables::addScope(std::size_t parent)
 {
-    for (const auto &[name, known] : m_tables)
-        if (name == lowerName) return;
-    m_tables.emplace_back(std::move(lowerName), columns);
+    m_parents.push_back(parent);
+    return m_parents.size() - 1;
 }
 
-ColumnKind StatementTables::kindOf(std::string_view qualifier, std::string_view column) const
+/// Returns the position after the table and its alias.
+std::size_t StatementTables::addTable(const std::vector<Token> &tokens, std::size_t at, const SqlSchema &schema)
 {
-    const std::string lowerColumn = asciiLower(column);
-    if (!qualifier.empty()) {
-        const std::string lowerTable = asciiLower(qualifier);
-        for (const auto &[name, columns] : m_tables)
-            if (name == lowerTable) return kindIn(*columns, lowerColumn);
+    const auto nameAt = [&tokens](std::size_t index) {
+        return index < tokens.size() && !isSqlKeyword(tokens[index]) ? nameOf(tokens[index]) : std::string();
+    };
+    std::string name = nameAt(at++);
+    while (at < tokens.size() && tokens[at].isSymbol(".")) {
+        name = nameAt(at + 1);
+        at += 2;
     }
-    for (const auto &[name, columns] : m_tables) {
-        const ColumnKind kind = kindIn(*columns, lowerColumn);
-        if (kind != ColumnKind::unknown) return kind;
+    const SqlSchema::Columns *columns = schema.columnsOf(name);
+    const std::size_t aliasAt = at + (at < tokens.size() && tokens[at].isWord("as") ? 1 : 0);
+    if (std::string alias = nameAt(aliasAt); !alias.empty()) {
+        name = std::move(alias);
+        at = aliasAt + 1;
     }
-    return ColumnKind::unknown;
+    if (columns != nullptr) m_tables.push_back({asciiLower(name), columns, m_scopeOf.back()});
+    return at;
+}
+
+template <class Fits> const StatementTables::Table *StatementTables::find(std::size_t at, Fits &&fits) const
+{
+    std::size_t scope = at < m_scopeOf.size() ? m_scopeOf[at] : 0;
+    while (true) {
+        for (const Table &table : m_tables)
+            if (table.scope == scope && fits(table)) return &table;
+        if (scope == 0) break;
+        scope = m_parents[scope];
+    }
+    // A column of a sub-select or of grouped joins is used outside their brackets.
+    const auto found = std::find_if(m_tables.begin(), m_tables.end(), fits);
+    return found == m_tables.end() ? nullptr : &*found;
+}
+
+ColumnKind StatementTables::kindOf(std::string_view qualifier, std::string_view column, std::size_t at) const
+{
+    const std::string lowerColumn = asciiLower(column), lowerTable = asciiLower(qualifier);
+    const Table *table = nullptr;
+    if (!qualifier.empty()) table = find(at, [&](const Table &known) { return known.lowerName == lowerTable; });
+    if (table == nullptr)
+        table =
+            find(at, [&](const Table &known) { return kindIn(*known.columns, lowerColumn) != ColumnKind::unknown; });
+    return table == nullptr ? ColumnKind::unknown : kindIn(*table->columns, lowerColumn);
 }
 
 } // namespace inin

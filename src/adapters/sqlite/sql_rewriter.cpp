@@ -11,11 +11,6 @@ namespace {
 /// Deeper brackets than any statement has; SQLite's own parser would give up later, but our walk recurses.
 constexpr int kDeepest = 100;
 
-bool isSetOperator(const Token &token)
-{
-    return token.isWord("union") || token.isWord("except") || token.isWord("intersect");
-}
-
 bool isWholeNumber(const Token &token)
 {
     return token.kind == TokenKind::number &&
@@ -196,7 +191,7 @@ void SqlRewriter::insertRow(Frame &frame, const std::vector<ColumnKind> &kinds)
 bool SqlRewriter::assignment(Frame &frame)
 {
     if (nameOf(peek()).empty() || !peek(1).isSymbol("=")) return false;
-    const ColumnKind kind = m_tables.kindOf({}, nameOf(peek()));
+    const ColumnKind kind = m_tables.kindOf({}, nameOf(peek()), m_at);
     frame.out += take();
     frame.out += take();
     if (startsOperand(m_at)) frame.out += stored(additive(), kind);

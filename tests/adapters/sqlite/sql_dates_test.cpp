@@ -71,6 +71,15 @@ TEST_CASE("a date column compares by time whichever of its forms the rows hold")
     }
 }
 
+TEST_CASE("an alias finds its dates although a table of its name exists")
+{
+    const DatabaseFile file("CREATE TABLE P (nIDNo INTEGER, tD DATETIME); CREATE TABLE A (x INTEGER);"
+                            "CREATE TABLE S1 (tD TEXT); INSERT INTO P VALUES (7, '2024-05-01 00:00:00')");
+    Session session(file);
+    CHECK(session.firstColumn("SELECT a.nIDNo FROM P a WHERE a.tD='2024/5/1'") == Texts{"7"});
+    CHECK(session.firstColumn("SELECT S1.nIDNo FROM P S1 WHERE S1.tD='2024/5/1'") == Texts{"7"});
+}
+
 TEST_CASE("a date column sorts by time")
 {
     const DatabaseFile file(kMoments);

@@ -182,6 +182,47 @@ TEST_CASE("a quoted date against a date column takes the column's form")
     checkAll(kRows);
 }
 
+TEST_CASE("a qualifier is an alias or a table of its own FROM, whatever other tables the database has")
+{
+    SqlSchema made;
+    made.add("P", "nIDNo", "INTEGER");
+    made.add("P", "tD", "DATETIME");
+    for (const char *table : {"A", "S1", "J1", "DANTAICORP"}) made.add(table, "tD", "TEXT");
+    const auto isDate = [&made](const std::string &sql) {
+        CAPTURE(sql);
+        const Translation translation = translateSql(sql, made);
+        CHECK(translation.problem == "");
+        const bool asDate = translation.text.find("'2024-05-01'") != std::string::npos;
+        CHECK(asDate == (translation.text.find("'2024/5/1' COLLATE ININ_JA") == std::string::npos));
+        return asDate;
+    };
+    // An alias hides the table of its name.
+    CHECK(isDate("SELECT a.nIDNo FROM P a WHERE a.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT S1.nIDNo FROM P AS S1 WHERE S1.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM A x, P J1 WHERE J1.tD>='2024/5/1'"));
+    CHECK_FALSE(isDate("SELECT 1 FROM A x, P J1 WHERE x.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM A x LEFT JOIN P DANTAICORP ON DANTAICORP.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM A x INNER JOIN S1 y ON x.tD = y.tD, P a WHERE a.tD>='2024/5/1'"));
+    CHECK_FALSE(isDate("SELECT 1 FROM A P, P A WHERE P.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM A P, P A WHERE A.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM (P a INNER JOIN S1 b ON a.nIDNo = b.nIDNo) WHERE a.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM main.P a WHERE a.tD>='2024/5/1'"));
+    // A column or a text that bears the name of a table is none.
+    CHECK(isDate("SELECT x.A, A, 'A' FROM P x WHERE tD>='2024/5/1'"));
+    CHECK(isDate("SELECT x.A tD FROM P x WHERE A.tD>='2024/5/1'"));
+    // An inner SELECT has names of its own, and those around it.
+    CHECK(isDate("SELECT 1 FROM A x WHERE EXISTS (SELECT 1 FROM P x WHERE x.tD>='2024/5/1')"));
+    CHECK_FALSE(isDate("SELECT 1 FROM A x WHERE EXISTS (SELECT 1 FROM P x) AND x.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM A x WHERE x.tD IN (SELECT tD FROM P WHERE tD>='2024/5/1')"));
+    CHECK_FALSE(isDate("SELECT 1 FROM A x WHERE EXISTS (SELECT 1 FROM P y WHERE x.tD>='2024/5/1')"));
+    CHECK(isDate("SELECT x.tD FROM (SELECT P.tD FROM P) x WHERE x.tD>='2024/5/1'"));
+    CHECK_FALSE(isDate("SELECT 1 FROM P x UNION SELECT 1 FROM A x WHERE x.tD>='2024/5/1'"));
+    CHECK(isDate("SELECT 1 FROM A x UNION SELECT 1 FROM P x WHERE x.tD>='2024/5/1'"));
+    // Statements that write name their table without FROM.
+    CHECK(isDate("UPDATE P SET nIDNo = 1 WHERE P.tD>='2024/5/1'"));
+    CHECK(isDate("DELETE FROM P WHERE tD>='2024/5/1'"));
+}
+
 TEST_CASE("a quoted date that goes into a date column takes the column's one form")
 {
     static constexpr Row kRows[] = {
