@@ -191,6 +191,7 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &sh
         refuse(problem.empty() ? "a read-only record set runs one SELECT and nothing else" : problem, SQLITE_ERROR);
     }
     std::shared_ptr<SqliteStatement> statement = prepare(shape.tokens, errors);
+    // No statement is known that comes this far and writes. SQLite has the last word, whatever a later version may add.
     if (sqlite3_stmt_readonly(statement->get()) == 0)
         refuse("a read-only record set cannot change the database", SQLITE_READONLY);
     if (m_recent.size() == kRecentStatements) m_recent.pop_back();

@@ -97,6 +97,43 @@ WholeLock::WholeLock(const DatabaseFile &file) : m_db(openRaw(file.path()))
     runRaw(m_db.get(), "BEGIN EXCLUSIVE");
 }
 
+namespace {
+
+/// The system's file calls, with a pause that is counted.
+sqlite3_vfs *theFileCalls = nullptr;
+sqlite3_vfs theCountingCalls = {};
+int thePauses = 0;
+
+int countedPause(sqlite3_vfs *, int microseconds)
+{
+    ++thePauses;
+    return theFileCalls->xSleep(theFileCalls, microseconds);
+}
+
+} // namespace
+
+PauseCounter::PauseCounter()
+{
+    theFileCalls = sqlite3_vfs_find(nullptr);
+    theCountingCalls = *theFileCalls;
+    theCountingCalls.zName = "counting";
+    theCountingCalls.pNext = nullptr;
+    theCountingCalls.xSleep = countedPause;
+    thePauses = 0;
+    REQUIRE(sqlite3_vfs_register(&theCountingCalls, 1) == SQLITE_OK);
+}
+
+PauseCounter::~PauseCounter()
+{
+    sqlite3_vfs_unregister(&theCountingCalls);
+    sqlite3_vfs_register(theFileCalls, 1);
+}
+
+int PauseCounter::pauses()
+{
+    return thePauses;
+}
+
 std::string shown(const Variant &value)
 {
     if (value.isNull()) return "NULL";

@@ -45,6 +45,16 @@ private:
     std::unique_ptr<sqlite3, std::function<void(sqlite3 *)>> m_db;
 };
 
+/// Counts the pauses that SQLite makes at a lock while it lives.
+class PauseCounter {
+public:
+    PauseCounter();
+    PauseCounter(const PauseCounter &) = delete;
+    PauseCounter &operator=(const PauseCounter &) = delete;
+    ~PauseCounter();
+    [[nodiscard]] static int pauses();
+};
+
 /// A value as the tests write it: NULL, 12, 2.5, text as it stands, <2024-05-01 10:30:00> for a date, 0x… for bytes.
 [[nodiscard]] std::string shown(const Variant &value);
 

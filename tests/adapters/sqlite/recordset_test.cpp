@@ -104,6 +104,21 @@ TEST_CASE_FIXTURE(ThreeRows, "behind the last row there is no record to read or 
     }
 }
 
+TEST_CASE_FIXTURE(ThreeRows, "after a step that failed there is no current row")
+{
+    const std::string sql = "SELECT SUBSTRING(cName, 1, 2 - nID) AS c FROM T ORDER BY nID";
+    const auto rows = session.open("SELECT nID, SUBSTRING(cName, 1, 2 - nID) AS c FROM T");
+    CHECK(shown(rows->Field("c")) == "a");
+    rows->MoveNext();
+    CHECK(shown(rows->Field("c")) == "");
+    CHECK(raisedBy([&] { rows->MoveNext(); }).number == ado_error::faultyStatement);
+    CHECK(rows->State() == adStateOpen);
+    CHECK(rows->isEndOfFile());
+    CHECK(raisedBy([&] { (void)rows->Value(0); }).number == kNoRecord);
+    CHECK(raisedBy([&] { rows->MoveNext(); }).number == kNoRecord);
+    CHECK(raisedBy([&] { (void)onClient(sql); }).number == ado_error::faultyStatement);
+}
+
 TEST_CASE_FIXTURE(ThreeRows, "a result without rows is at its end at once and still has its fields")
 {
     for (const bool client : {false, true}) {

@@ -98,11 +98,42 @@ TEST_CASE_FIXTURE(OneRow, "two transactions of one program do not wait for each 
     const auto other = session.database().newConnection();
     other->Open(file.connectionString(), "", "", -1);
     session.connection().BeginTrans();
+    const PauseCounter counter;
     // The second could wait only for itself: both live on one thread.
     CHECK(raisedBy([&] { other->BeginTrans(); }).number == ado_error::timedOut);
     CHECK(raisedBy([&] { other->Execute("DELETE FROM T", adExecuteNoRecords); }).number == ado_error::timedOut);
+    CHECK(PauseCounter::pauses() == 0);
     session.connection().CommitTrans();
     CHECK(raisedBy([&] { other->BeginTrans(); }).number == 0);
     other->RollbackTrans();
     CHECK(stored() == "1a");
+}
+
+TEST_CASE_FIXTURE(OneRow, "a write beside another session's open record set fails at once")
+{
+    session.execute("INSERT INTO T VALUES (2, 'b')");
+    const auto other = session.database().newConnection();
+    other->Open(file.connectionString(), "", "", -1);
+    other->setCommandTimeout(1); // the wait of a failing test
+    const auto rows = session.open("SELECT nID FROM T");
+    const PauseCounter counter;
+
+    CHECK(raisedBy([&] { other->Execute("DELETE FROM T", adExecuteNoRecords); }).number == ado_error::timedOut);
+    CHECK(raisedBy([&] { other->BeginTrans(); }).number == 0); // the lock is asked for by the commit
+    CHECK(raisedBy([&] { other->Execute("DELETE FROM T", adExecuteNoRecords); }).number == 0);
+    CHECK(raisedBy([&] { other->CommitTrans(); }).number == ado_error::timedOut);
+    CHECK(PauseCounter::pauses() == 0);
+
+    rows->Close();
+    CHECK(raisedBy([&] { other->CommitTrans(); }).number == 0);
+    CHECK(stored() == "NULL");
+}
+
+TEST_CASE_FIXTURE(OneRow, "a write waits for another program's lock")
+{
+    session.connection().setCommandTimeout(1);
+    const PauseCounter counter;
+    const WholeLock lock(file);
+    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == ado_error::timedOut);
+    CHECK(PauseCounter::pauses() > 0);
 }
