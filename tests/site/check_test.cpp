@@ -220,6 +220,28 @@ TEST_CASE("a database that cannot be opened is told with the provider's words")
     CHECK_FALSE(fs::exists(site.database()));
 }
 
+TEST_CASE("a damaged database is found, and its tables are not looked at")
+{
+    const site::Findings damaged{"データベースのファイルが壊れています。控えのファイルに戻してください。"};
+    SUBCASE("an index that does not hold the rows of its table")
+    {
+        const SoundSite site;
+        execute(site.database(), "PRAGMA writable_schema = ON; UPDATE sqlite_schema SET sql ="
+                                 " 'CREATE INDEX CORP_TYPE ON CORP (iKyotenCd, iKyotenEb, nIDNo)'"
+                                 " WHERE name = 'CORP_TYPE'; DELETE FROM STAFF");
+        CHECK(site.check() == damaged);
+    }
+    SUBCASE("a page of zeros")
+    {
+        const SoundSite site;
+        constexpr std::size_t kPage = 4096;
+        std::string bytes = bytesOf(site.database());
+        bytes.replace(bytes.size() - kPage, kPage, kPage, '\0');
+        writeBytes(site.database(), bytes);
+        CHECK(site.check() == damaged);
+    }
+}
+
 TEST_CASE("a connection string that the suite's buffer would cut is told")
 {
     const SoundSite site;

@@ -1,8 +1,11 @@
 #include "adapters/sqlite/sqlite_database.h"
 
+#include "adapters/sqlite/connection_string.h"
 #include "adapters/sqlite/sqlite_connection.h"
+#include "adapters/sqlite/sqlite_handle.h"
 #include "adapters/sqlite/sqlite_pool.h"
 #include "adapters/sqlite/sqlite_recordset.h"
+#include "runtime/text.h"
 
 #include <sqlite3.h>
 
@@ -36,6 +39,16 @@ std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std
     // matter, once the library runs.
     (void)sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     return std::make_unique<SqliteDatabase>(std::move(resolvePath));
+}
+
+bool isSoundSqliteDatabase(const std::string &connectionString,
+                           const std::function<std::string(const std::string &)> &resolvePath)
+{
+    const ConnectionString parts(connectionString);
+    if (!equalsIgnoringAsciiCase(parts.value("Provider"), "SQLite")) return true;
+    const std::string source = parts.value("Data Source");
+    std::vector<ProviderError> errors;
+    return SqliteHandle(resolvePath(source), source, kDefaultCommandTimeout, errors).isSound(errors);
 }
 
 } // namespace inin

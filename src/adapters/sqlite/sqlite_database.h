@@ -13,4 +13,10 @@ namespace inin {
 /// `resolvePath` turns the Data Source, a path of the suite, into one that the system opens.
 [[nodiscard]] std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std::string &)> resolvePath);
 
+/// Reads the whole database file of a connection string, its pages, rows and indexes; false where they contradict each
+/// other. A wrong byte within a value is not noticed. RuntimeError when the file cannot be opened or is locked; a
+/// connection string of another provider is sound.
+[[nodiscard]] bool isSoundSqliteDatabase(const std::string &connectionString,
+                                         const std::function<std::string(const std::string &)> &resolvePath);
+
 } // namespace inin

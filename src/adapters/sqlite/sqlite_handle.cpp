@@ -288,6 +288,18 @@ void SqliteHandle::rollback(Errors &errors)
     if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
 }
 
+bool SqliteHandle::isSound(Errors &errors)
+{
+    startCommand();
+    const auto check = prepareOwn(m_db.get(), "PRAGMA integrity_check(1)");
+    const int code = check ? sqlite3_step(check->get()) : sqlite3_errcode(m_db.get());
+    if ((code & 0xFF) == SQLITE_CORRUPT) return false;
+    if (code != SQLITE_ROW) raise(errors, providerError(m_db.get(), code));
+    const Variant answer = check->value(0);
+    const std::string *words = answer.getIf<std::string>();
+    return words != nullptr && *words == "ok";
+}
+
 bool SqliteHandle::tidy()
 {
     // An idle connection must not keep others out.

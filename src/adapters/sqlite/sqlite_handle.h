@@ -54,6 +54,9 @@ public:
     void commit(Errors &errors);
     void rollback(Errors &errors);
 
+    /// Checks the whole file; false when its content contradicts itself.
+    [[nodiscard]] bool isSound(Errors &errors);
+
     /// Ends what a session left: runs and a transaction. False when the connection is of no use any more.
     bool tidy();
     /// False once the file was deleted, replaced or written to, by this connection as well. SQLite looks at a counter in

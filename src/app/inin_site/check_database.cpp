@@ -1,5 +1,6 @@
 #include "app/inin_site/site_check.h"
 
+#include "adapters/sqlite/sqlite_database.h"
 #include "adapters/suite_text/code_page_932.h"
 #include "adapters/suite_text/profile_text.h"
 #include "adapters/system/system_platform.h"
@@ -152,11 +153,15 @@ void checkDatabase(const fs::path &folder, const std::optional<Branch> &branch, 
 {
     const auto text = connectionText(folder, findings);
     if (!text) return;
-    const std::unique_ptr<Database> database =
-        makeSuiteDatabase([&folder](const std::string &path) { return pathFrom(folder, path); });
+    const auto resolvePath = [&folder](const std::string &path) { return pathFrom(folder, path); };
+    const std::unique_ptr<Database> database = makeSuiteDatabase(resolvePath);
     DatabaseCheck check(*database, findings);
     try {
         check.connect(*text);
+        if (!isSoundSqliteDatabase(*text, resolvePath)) {
+            findings.push_back("データベースのファイルが壊れています。控えのファイルに戻してください。");
+            return;
+        }
     } catch (const RuntimeError &error) {
         findings.push_back(fmt::format("データベースに接続できません。（{}）", error.description()));
         return;
