@@ -3,6 +3,7 @@
 #include "runtime/text.h"
 
 #include <array>
+#include <utility>
 
 namespace inin {
 
@@ -38,6 +39,7 @@ SqlPiece SqlRewriter::call(const Token &name, std::string path)
     std::vector<SqlPiece> arguments;
     while (!atStop(Until::bracket)) {
         arguments.push_back(sequence(Until::comma));
+        adaptArgument(name, arguments);
         text += arguments.back().whole();
         if (!peek().isSymbol(",")) break;
         text += take();
@@ -60,6 +62,18 @@ SqlPiece SqlRewriter::call(const Token &name, std::string path)
         return {{}, path + text, kind};
     }
     return {{}, path + text, ColumnKind::unknown};
+}
+
+/// The last argument so far: MIN and MAX compare texts under the server's collation, and ISNULL has the kind of its first
+/// argument.
+void SqlRewriter::adaptArgument(const Token &name, std::vector<SqlPiece> &arguments)
+{
+    SqlPiece &argument = arguments.back();
+    if ((name.isWord("max") || name.isWord("min")) && argument.isCollatable()) argument.collate(kTextCollation);
+    if (!name.isWord("isnull") || arguments.size() != 2) return;
+    const std::string gap = std::exchange(argument.gap, {});
+    argument.text = stored(argument, arguments.front().kind);
+    argument.gap = gap;
 }
 
 /// CONVERT(VARCHAR[(n)], x [, 111 or 112]). A text column keeps its text, whatever the style; an empty piece for

@@ -78,12 +78,6 @@ bool comparesAsText(const SqlPiece &left, const SqlPiece &right)
     return fits(left) && fits(right) && (left.kind == ColumnKind::text || right.kind == ColumnKind::text);
 }
 
-std::string collated(const SqlPiece &piece, std::string_view collation)
-{
-    const std::string operand = piece.isCompound ? "(" + piece.text + ")" : piece.text;
-    return piece.gap + operand + " COLLATE " + std::string(collation);
-}
-
 } // namespace
 
 bool SqlRewriter::isFunctionAhead() const
@@ -138,12 +132,8 @@ SqlPiece SqlRewriter::compared(SqlPiece left, const Token &symbol, SqlPiece righ
     SqlPiece result{left.gap, left.text + std::string(symbol.gap) + std::string(comparison.spelled)};
     const bool dates = (left.kind == ColumnKind::date && right.kind != ColumnKind::number) ||
                        (right.kind == ColumnKind::date && left.kind != ColumnKind::number);
-    if (dates)
-        result.text += collated(right, kDateCollation);
-    else if (comparesAsText(left, right))
-        result.text += collated(right, kTextCollation);
-    else
-        result.text += right.whole();
+    if (dates || comparesAsText(left, right)) right.collate(dates ? kDateCollation : kTextCollation);
+    result.text += right.whole();
     result.isCompound = true;
     return result;
 }
@@ -185,8 +175,7 @@ SqlPiece SqlRewriter::between(SqlPiece left, std::string words)
         const SqlMoment ends = moment.value_or(SqlMoment{});
         bound->text = quotedText(bound == &low ? ends.lowest : ends.highest);
     }
-    if (comparesAsText(left, low) || comparesAsText(left, high))
-        left.text = collated({{}, left.text, left.kind, false, left.isCompound, {}}, kTextCollation);
+    if (comparesAsText(left, low) || comparesAsText(left, high)) left.collate(kTextCollation);
     return {left.gap, left.text + words + low.whole() + andWord + high.whole(), ColumnKind::unknown, false, true, {}};
 }
 
@@ -211,7 +200,7 @@ SqlPiece SqlRewriter::inList(SqlPiece left, std::string words)
         if (peek().isSymbol(",")) list += take();
     }
     if (!atEnd()) list += take();
-    if (texts) left.text = collated({{}, left.text, left.kind, false, left.isCompound, {}}, kTextCollation);
+    if (texts) left.collate(kTextCollation);
     return {left.gap, left.text + words + list, ColumnKind::unknown, false, true, {}};
 }
 
@@ -287,7 +276,14 @@ SqlPiece SqlRewriter::caseExpression()
 {
     SqlPiece piece{gapOf(m_at), std::string(peek().text)};
     ++m_at;
-    piece.text += sequence(Until::caseEnd).whole();
+    if (startsOperand(m_at)) { // CASE operand WHEN value …
+        SqlPiece operand = comparison();
+        if (operand.kind == ColumnKind::text) operand.collate(kTextCollation);
+        piece.text += operand.whole();
+    }
+    const SqlPiece branches = sequence(Until::caseEnd);
+    piece.text += branches.whole();
+    piece.kind = branches.kind;
     if (peek().isWord("end")) piece.text += take();
     return piece;
 }
@@ -300,14 +296,7 @@ SqlPiece SqlRewriter::nameOrCall()
     while (true) {
         if (last != nullptr) qualifier = nameOf(*last);
         last = &peek();
-        // Only a name whose closing bracket stands twice needs SQLite's other quotes.
-        const bool respelled = last->text.front() == '[' && last->text.find("]]") != std::string_view::npos;
-        std::string written = respelled ? "\"" : std::string(last->text);
-        if (respelled) {
-            for (const char c : nameOf(*last)) written += c == '"' ? "\"\"" : std::string(1, c);
-            written += '"';
-        }
-        piece.text += written;
+        piece.text += spelledName(*last);
         ++m_at;
         if (!peek().isSymbol(".")) break;
         piece.text += take();

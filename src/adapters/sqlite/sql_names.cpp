@@ -66,6 +66,15 @@ std::string nameOf(const Token &token)
     return name;
 }
 
+std::string spelledName(const Token &token)
+{
+    // Only a name whose closing bracket stands twice needs SQLite's other quotes.
+    if (token.text.front() != '[' || token.text.find("]]") == std::string_view::npos) return std::string(token.text);
+    std::string spelled = "\"";
+    for (const char c : nameOf(token)) spelled.append(c == '"' ? 2 : 1, c);
+    return spelled + '"';
+}
+
 StatementTables::StatementTables(const std::vector<Token> &tokens, const SqlSchema &schema)
 {
     struct Bracket {

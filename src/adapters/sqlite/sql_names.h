@@ -19,6 +19,9 @@ namespace inin {
 /// The name that a word, a [name] or a "name" spells; empty for other tokens.
 [[nodiscard]] std::string nameOf(const Token &token);
 
+/// The name as SQLite reads it.
+[[nodiscard]] std::string spelledName(const Token &token);
+
 /// The tables of one statement, read from FROM, JOIN, UPDATE and INTO, by their aliases or, without one, their names. A
 /// column is looked for in the tables of its own brackets first, then outwards, then in all others.
 class StatementTables {

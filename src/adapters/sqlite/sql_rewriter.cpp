@@ -3,6 +3,7 @@
 #include "runtime/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace inin {
 
@@ -10,6 +11,21 @@ namespace {
 
 /// Deeper brackets than any statement has; SQLite's own parser would give up later, but our walk recurses.
 constexpr int kDeepest = 100;
+
+/// The server's kind of a CASE: a date wins over all others, a branch of unknown kind may be NULL.
+ColumnKind commonKind(const ResultKinds &branches)
+{
+    ColumnKind common = ColumnKind::unknown;
+    bool isMixed = false;
+    for (const std::optional<ColumnKind> &branch : branches) {
+        const ColumnKind kind = branch.value_or(ColumnKind::unknown);
+        if (kind == ColumnKind::date) return kind;
+        if (kind == ColumnKind::unknown) continue;
+        isMixed = isMixed || (common != ColumnKind::unknown && common != kind);
+        common = kind;
+    }
+    return isMixed ? ColumnKind::unknown : common;
+}
 
 bool isWholeNumber(const Token &token)
 {
@@ -23,7 +39,7 @@ Translation SqlRewriter::run()
 {
     SqlPiece all = sequence(Until::end);
     while (!atEnd() && m_problem.empty()) all.text += take(); // a bracket too many: SQLite tells it
-    return {all.gap + all.text, m_problem};
+    return {all.whole(), m_problem, std::move(m_results)};
 }
 
 const Token &SqlRewriter::peek(std::size_t ahead) const
@@ -66,11 +82,8 @@ SqlPiece SqlRewriter::sequence(Until until)
             clauseWord(frame);
         else if (startsOperand(m_at))
             expressionItem(frame);
-        else {
-            if (peek().isSymbol(";")) flushTop(frame);
-            frame.out += take();
-            ++frame.items;
-        }
+        else
+            symbolItem(frame);
     }
     flushTop(frame);
     --m_depth;
@@ -78,7 +91,20 @@ SqlPiece SqlRewriter::sequence(Until until)
     if (frame.items == 1) whole = frame.last;
     if (frame.items != 1 || whole.text.empty()) whole.text = frame.out;
     if (frame.items != 1) whole.isCompound = true;
+    if (until == Until::caseEnd) whole.kind = commonKind(frame.results);
+    if (until == Until::bracket && frame.results.size() == 1)
+        whole.kind = frame.results.front().value_or(ColumnKind::unknown);
+    if (until == Until::end) m_results = std::move(frame.results);
     return whole;
+}
+
+void SqlRewriter::symbolItem(Frame &frame)
+{
+    if (peek().isSymbol(";")) flushTop(frame);
+    if (peek().isSymbol("*") && frame.expectsResult) frame.results.emplace_back();
+    frame.expectsResult = peek().isSymbol(",") && frame.clause == Clause::results;
+    frame.out += take();
+    ++frame.items;
 }
 
 void SqlRewriter::expressionItem(Frame &frame)
@@ -86,10 +112,24 @@ void SqlRewriter::expressionItem(Frame &frame)
     ++frame.items;
     if (frame.clause == Clause::set && assignment(frame)) return;
     SqlPiece piece = comparison();
-    if (frame.clause == Clause::orderBy && piece.kind == ColumnKind::text && !piece.isLiteral)
-        piece.text += " COLLATE " + std::string(kTextCollation);
+    if (frame.clause == Clause::keys && piece.isCollatable()) piece.collate(kTextCollation);
+    if (std::exchange(frame.expectsResult, false)) resultItem(frame, piece);
     frame.out += piece.whole();
     frame.last = std::move(piece);
+}
+
+/// Adds the collation to a text of SELECT DISTINCT. With it SQLite takes a column for an expression, which has no name of
+/// its own, so it gets its name back as an alias.
+void SqlRewriter::resultItem(Frame &frame, SqlPiece &piece)
+{
+    const Token &last = m_tokens[m_at - 1];
+    const bool isStar = last.isSymbol("*");
+    frame.results.push_back(isStar ? std::nullopt : std::optional(piece.kind));
+    if (!frame.isDistinct || !piece.isCollatable()) return;
+    const bool isColumn = !piece.isCompound && !nameOf(last).empty();
+    piece.collate(kTextCollation);
+    const bool hasAlias = peek().isWord("as") || startsOperand(m_at);
+    if (isColumn && !hasAlias) piece.text += " AS " + spelledName(last);
 }
 
 void SqlRewriter::clauseWord(Frame &frame)
@@ -102,12 +142,12 @@ void SqlRewriter::clauseWord(Frame &frame)
         frame.isCompound = true;
         flushTop(frame);
     }
-    if (word.isWord("order")) {
-        if (frame.isCompound) flushTop(frame);
-        frame.clause = Clause::orderBy;
-    }
+    if (word.isWord("order") && frame.isCompound) flushTop(frame);
+    if (word.isWord("order") || word.isWord("group") || word.isWord("distinct")) frame.clause = Clause::keys;
     if (word.isWord("set")) frame.clause = Clause::set;
-    if (word.isWord("where") || word.isWord("from") || isSetOperator(word)) frame.clause = Clause::other;
+    if (word.isWord("where") || word.isWord("from") || word.isWord("having") || isSetOperator(word))
+        frame.clause = Clause::other;
+    frame.expectsResult = word.isWord("then") || word.isWord("else");
     frame.out += take();
 }
 
@@ -115,9 +155,13 @@ void SqlRewriter::selectHead(Frame &frame)
 {
     const std::string gap = gapOf(m_at);
     frame.armStart = frame.out.size() + gap.size();
-    frame.clause = Clause::other;
+    frame.clause = frame.isCompound ? Clause::other : Clause::results;
+    frame.expectsResult = !frame.isCompound;
     frame.out += take();
-    while (peek().isWord("all") || peek().isWord("distinct")) frame.out += take();
+    while (peek().isWord("all") || peek().isWord("distinct")) {
+        frame.isDistinct = frame.isDistinct || peek().isWord("distinct");
+        frame.out += take();
+    }
     if (!peek().isWord("top")) return;
     const bool bracketed = peek(1).isSymbol("(") && isWholeNumber(peek(2)) && peek(3).isSymbol(")");
     if (!bracketed && !isWholeNumber(peek(1))) return;

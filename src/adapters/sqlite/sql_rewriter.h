@@ -27,6 +27,13 @@ struct SqlPiece {
     std::string value{};     ///< of a literal: its characters
 
     [[nodiscard]] std::string whole() const { return gap + text; }
+    /// An expression of texts that compares and sorts under the server's collation.
+    [[nodiscard]] bool isCollatable() const { return kind == ColumnKind::text && !isLiteral; }
+    void collate(std::string_view collation)
+    {
+        text = (isCompound ? "(" + text + ")" : text) + " COLLATE " + std::string(collation);
+        isCompound = false;
+    }
 };
 
 /// One walk over the tokens of a statement. Clauses pass through word by word; expressions are read operand by
@@ -41,11 +48,19 @@ public:
 
 private:
     enum class Until { end, bracket, comma, caseEnd };
-    enum class Clause { other, orderBy, set };
-    /// One SELECT between its brackets, and the TOP that becomes a LIMIT at its end.
+    enum class Clause {
+        other,
+        results, ///< the list of a SELECT
+        keys,    ///< of ORDER BY, GROUP BY and DISTINCT in an aggregate
+        set
+    };
+    /// One SELECT between its brackets, and the TOP that becomes a LIMIT at its end; or one CASE.
     struct Frame {
         std::string out;
         Clause clause = Clause::other;
+        ResultKinds results;        ///< of the SELECT's columns, or of a CASE's branches
+        bool expectsResult = false; ///< the next expression is one of them
+        bool isDistinct = false;
         std::size_t armStart = 0; ///< where the present SELECT of a UNION begins
         std::string top;
         bool isCompound = false;
@@ -59,6 +74,8 @@ private:
     void clauseWord(Frame &frame);
     void selectHead(Frame &frame);
     void expressionItem(Frame &frame);
+    void symbolItem(Frame &frame);
+    void resultItem(Frame &frame, SqlPiece &piece);
     static void flushTop(Frame &frame);
     void insertHead(Frame &frame);
     void insertRow(Frame &frame, const std::vector<ColumnKind> &kinds);
@@ -73,6 +90,7 @@ private:
     SqlPiece caseExpression();
     SqlPiece nameOrCall();
     SqlPiece call(const Token &name, std::string path);
+    void adaptArgument(const Token &name, std::vector<SqlPiece> &arguments);
     SqlPiece convertCall(const std::vector<SqlPiece> &arguments);
     SqlPiece inList(SqlPiece left, std::string words);
     SqlPiece between(SqlPiece left, std::string words);
@@ -98,6 +116,7 @@ private:
     std::size_t m_at = 0;
     int m_depth = 0;
     std::string m_problem;
+    ResultKinds m_results;
 };
 
 } // namespace inin

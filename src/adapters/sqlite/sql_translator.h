@@ -3,25 +3,28 @@
 #include "adapters/common/sql_tokenizer.h"
 #include "adapters/sqlite/sql_schema.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace inin {
 
+/// The kinds of a SELECT's result columns in order. An item without a kind is a *, any number of columns.
+using ResultKinds = std::vector<std::optional<ColumnKind>>;
+
 /// A translated statement, or what is wrong with the text when `problem` is not empty.
 struct Translation {
     std::string text;
     std::string problem;
+    ResultKinds results{}; ///< of the outermost SELECT, the first one of a UNION
 };
 
 /// Turns a SQL Server text of the suite into SQLite's: SELECT TOP n, CONVERT(VARCHAR, x, 111 or 112), LEFT(a, n),
 /// ISNULL, GetDate(), 0x… values, + between texts, a literal that is wholly a date against a date column, and
-/// comparisons, LIKE and ORDER BY of texts as the server's Japanese collation has them. Works on tokens: a quoted text
-/// is never touched except by its own rule. What it does not know passes through, for SQLite to judge.
-///
-/// Not covered, because no statement of the suite needs it: TOP in percent or WITH TIES, GROUP BY and DISTINCT under
-/// the collation, a text column compared with a number by the number's value, arithmetic on dates.
+/// comparisons, LIKE, ORDER BY, GROUP BY, DISTINCT, MIN, MAX and CASE on texts as the server's Japanese collation has
+/// them. Works on tokens: a quoted text is never touched except by its own rule. What it does not know passes through,
+/// for SQLite to judge. docs/embedded-database.md lists what is not covered.
 [[nodiscard]] Translation translateSql(std::string_view sqlServerText, const SqlSchema &schema);
 [[nodiscard]] Translation translateSql(const std::vector<Token> &tokens, const SqlSchema &schema);
 

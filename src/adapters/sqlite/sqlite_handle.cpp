@@ -202,7 +202,7 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &sh
 std::shared_ptr<SqliteStatement> SqliteHandle::prepare(const std::vector<Token> &tokens, Errors &errors)
 {
     startCommand();
-    const Translation translation = translateSql(tokens, m_schema);
+    Translation translation = translateSql(tokens, m_schema);
     if (!translation.problem.empty())
         raise(errors, providerError(ado_error::faultyStatement, "22007", translation.problem, SQLITE_ERROR));
     const std::string &text = translation.text;
@@ -210,7 +210,7 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepare(const std::vector<Token> 
     const char *tail = nullptr;
     const int code = sqlite3_prepare_v3(m_db.get(), text.data(), static_cast<int>(text.size()), 0, &prepared, &tail);
     if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
-    auto statement = std::make_shared<SqliteStatement>(prepared);
+    auto statement = std::make_shared<SqliteStatement>(prepared, std::move(translation.results));
     const std::string_view rest(tail, static_cast<std::size_t>(text.data() + text.size() - tail));
     if (prepared == nullptr || rest.find_first_not_of(" \t\r\n\v\f;") != std::string_view::npos)
         raise(errors, providerError(ado_error::faultyStatement, "42000", "one statement at a time", SQLITE_ERROR));

@@ -6,8 +6,10 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace inin {
 
@@ -70,7 +72,8 @@ void SqliteStatement::Finalize::operator()(sqlite3_stmt *statement) const
     sqlite3_finalize(statement);
 }
 
-SqliteStatement::SqliteStatement(sqlite3_stmt *owned) : m_statement(owned)
+SqliteStatement::SqliteStatement(sqlite3_stmt *owned, ResultKinds results)
+    : m_statement(owned), m_results(std::move(results))
 {
     readFields();
 }
@@ -96,9 +99,26 @@ void SqliteStatement::readFields()
         const char *name = sqlite3_column_name(get(), column);
         const char *declared = sqlite3_column_decltype(get(), column);
         const std::string_view type = declared == nullptr ? "" : declared;
-        const ColumnKind kind = kindOfDeclaredType(type);
+        // The value of any other expression shows its own kind.
+        const bool isDate =
+            type.empty() && isDateExpression(static_cast<std::size_t>(column), static_cast<std::size_t>(count));
+        const ColumnKind kind = isDate ? ColumnKind::date : kindOfDeclaredType(type);
         m_fields.push_back({name == nullptr ? "" : name, kind, typeOf(kind, type)});
     }
+}
+
+/// Items before the first * are counted from the first column, those after the last * from the last one.
+bool SqliteStatement::isDateExpression(std::size_t column, std::size_t count) const
+{
+    const auto isStar = [](const std::optional<ColumnKind> &kind) { return !kind; };
+    const auto firstStar = std::find_if(m_results.begin(), m_results.end(), isStar);
+    if (firstStar == m_results.end() && m_results.size() != count) return false;
+    const auto head = static_cast<std::size_t>(firstStar - m_results.begin());
+    if (column < head) return m_results[column] == ColumnKind::date;
+    const auto tail =
+        static_cast<std::size_t>(std::find_if(m_results.rbegin(), m_results.rend(), isStar) - m_results.rbegin());
+    const std::size_t fromEnd = count - column;
+    return fromEnd <= tail && m_results[m_results.size() - fromEnd] == ColumnKind::date;
 }
 
 std::size_t SqliteStatement::fieldIndex(std::string_view name) const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/sqlite/sql_schema.h"
+#include "adapters/sqlite/sql_translator.h"
 #include "runtime/variant.h"
 
 #include <cstddef>
@@ -18,7 +18,8 @@ namespace inin {
 /// A prepared SELECT with the names and kinds of its columns.
 class SqliteStatement {
 public:
-    explicit SqliteStatement(sqlite3_stmt *owned);
+    /// `results` are the kinds of its columns as far as the translation knows them.
+    explicit SqliteStatement(sqlite3_stmt *owned, ResultKinds results = {});
 
     [[nodiscard]] sqlite3_stmt *get() const { return m_statement.get(); }
     /// Ends the present run.
@@ -28,7 +29,7 @@ public:
 
     [[nodiscard]] std::size_t fieldCount() const { return m_fields.size(); }
     [[nodiscard]] const std::string &fieldName(std::size_t index) const { return m_fields[index].name; }
-    /// ADO's type code by the declared type, 0 for an expression.
+    /// ADO's type code by the declared type; 0 for an expression other than a date.
     [[nodiscard]] std::int32_t declaredType(std::size_t index) const { return m_fields[index].type; }
     /// fieldCount() when there is none. Asked for each value of each row, so the answers are kept by name.
     [[nodiscard]] std::size_t fieldIndex(std::string_view name) const;
@@ -49,8 +50,10 @@ private:
         std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
     };
     void readFields();
+    [[nodiscard]] bool isDateExpression(std::size_t column, std::size_t count) const;
 
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+    ResultKinds m_results;
     std::vector<Field> m_fields;
     mutable std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> m_indexes;
     int m_preparations = 0;

@@ -82,6 +82,34 @@ TEST_CASE("an expression's type is that of its value")
     CHECK(shown(rows->Value(2)) == "ab");
 }
 
+TEST_CASE("a date expression is a date, beside a * too")
+{
+    const DatabaseFile file("CREATE TABLE T (n INTEGER, t DATETIME, c TEXT);"
+                            "INSERT INTO T VALUES (1, '2024-05-01 10:30:15', '2024-05-01'), (2, NULL, NULL)");
+    Session session(file);
+    const std::string shownDate = "<2024-05-01 10:30:15>";
+    for (const char *item : {"max(t)", "MIN(t)", "(t)", "ISNULL(t, GetDate())", "CASE WHEN n = 1 THEN t ELSE NULL END",
+                             "(SELECT max(t) FROM T)", "CASE n WHEN 1 THEN t ELSE '' END AS d"}) {
+        CAPTURE(item);
+        const auto rows = session.open(std::string("SELECT ") + item + " FROM T");
+        CHECK(shown(rows->Value(0)) == shownDate);
+        CHECK(rows->fieldType(0) == kDateTime);
+    }
+    const auto rows = session.open("SELECT TOP 1 max(t), *, T.*, min(c), min(t), 'x' FROM T WHERE n = 1");
+    REQUIRE(rows->fieldCount() == 10);
+    CHECK(shown(rows->Value(0)) == shownDate);
+    CHECK(shown(rows->Value(3)) == "2024-05-01"); // of the *
+    CHECK(shown(rows->Value(7)) == "2024-05-01");
+    CHECK(rows->fieldType(7) == kText);
+    CHECK(shown(rows->Value(8)) == shownDate);
+    CHECK(shown(rows->Value(9)) == "x");
+    CHECK(session.open("SELECT GetDate()")->Value(0).getIf<Date>() != nullptr);
+    CHECK(session.value("SELECT ISNULL(t, '2024/5/2') FROM T WHERE n = 2") == "<2024-05-02 00:00:00>");
+    CHECK(session.value("SELECT CONVERT(VARCHAR, max(t), 111) FROM T") == "2024/05/01");
+    CHECK(session.value("SELECT max(c) FROM T") == "2024-05-01"); // a text, whatever it looks like
+    CHECK(session.value("SELECT n FROM T WHERE CASE n WHEN 1 THEN t END >= '2024/5/1'") == "1");
+}
+
 TEST_CASE("a text with a NUL comes whole, and bytes that are no UTF-8 as replacement characters")
 {
     const DatabaseFile file("CREATE TABLE T (x TEXT);"
