@@ -70,7 +70,7 @@ public:
     Attribute<std::int32_t> Width{*this, 0};
     Attribute<std::int32_t> Height{*this, 0};
 
-    /// Key press in the control, with the key code; return is 13.
+    /// Key press in the control, with its code (see key_codes.h).
     std::function<void(std::int16_t KeyCode)> onKeyPress;
 
     std::int16_t TabIndex = -1;   ///< -1: not in the tab order
@@ -214,7 +214,7 @@ public:
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
 };
 
-/// A menu (without a click) or an entry; the short-cut is the key code, 0 for none (F1 is 112, F12 is 123).
+/// A menu (without a click) or an entry; the short-cut is a key code, 0 for none (see key_codes.h).
 class MenuEntry : public Control {
 public:
     explicit MenuEntry(std::string name, std::int16_t shortcut = 0) : Control(std::move(name)), Shortcut(shortcut) {}

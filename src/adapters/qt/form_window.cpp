@@ -5,6 +5,7 @@
 #include "adapters/qt/keys.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/units.h"
+#include "platform/key_codes.h"
 #include "adapters/qt/view_registry.h"
 
 #include <QAbstractButton>
@@ -179,11 +180,10 @@ bool FormWindow::dealKey(QWidget *widget, const QKeyEvent &event)
     bool isLeft = false;
     m_services.edge.run([&] { isLeft = m_form.key(m_mirror.controlOf(widget), code); });
     if (!isLeft || !guard) return true;
-    constexpr std::int16_t kReturn = 13;
     auto *button = qobject_cast<QAbstractButton *>(widget);
     const bool isCommand = button != nullptr && !button->isCheckable();
-    if (code == kReturn && isCommand) button->click();
-    return code == kReturn;
+    if (code == kReturnKey && isCommand) button->click();
+    return code == kReturnKey;
 }
 
 /// A window whose every control is disabled still has its keys; all other keys come through the controls.
