@@ -37,11 +37,13 @@ TEST_CASE("a picture is known by its first bytes")
     CHECK(checked("\xD7\xCD\xC6\x9A\0\0"s) == 0);
     CHECK(checked("\1\0\0\0"s + std::string(36, '\0') + " EMF") == 0);
 }
+    CHECK(checked("\0\0\2\0\1\0"s) == 0);
 
 TEST_CASE("anything else is no picture")
 {
     CHECK(checked("") == 481);
     CHECK(checked("B") == 481);
+    CHECK(checked("\1\0\x09\0\0\3"s) == 0);
     CHECK(checked("text") == 481);
     CHECK(checked("GIF88a") == 481);
     CHECK(checked("\x89PNG\n\x1A\n") == 481);
@@ -53,4 +55,5 @@ TEST_CASE("a missing picture is error 53, a folder error 75")
 {
     CHECK(checkedPath("C:\\SUITE\\ICON\\none.bmp") == 53);
     CHECK(checkedPath("C:\\SUITE\\ICON") == 75);
+    CHECK(checked("\1\0\x08\0\0\3"s) == 481);
 }
