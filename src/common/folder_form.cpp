@@ -1,6 +1,7 @@
 #include "common/folder_form.h"
 
 #include "common/error_text.h"
+#include "platform/key_codes.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
 
@@ -11,8 +12,6 @@ namespace inin {
 namespace {
 
 constexpr const char *kWarningTitle = "警告！";
-constexpr std::int16_t kReturn = 13;
-constexpr std::int16_t kF12 = 123;
 constexpr std::int16_t kNoDrive = -1;
 
 } // namespace
@@ -25,10 +24,11 @@ frmSelFolder::frmSelFolder(const Platform &platform, Folders &folders)
     cmdOK.Caption = "OK";
     cmdCancel.Caption = "キャンセル";
     cmdCancel.Cancel = true;
-    drlDrive.onClick = [this] { drlDrive_Change(); };
+    // A drive list has a change event, not a click: picking the drive that it shows does nothing.
+    drlDrive.ListIndex.onAssigned = [this] { drlDrive_Change(); };
     dilFolder.onDblClick = [this] { openFolder(); };
     dilFolder.onKeyPress = [this](std::int16_t KeyCode) {
-        if (KeyCode == kReturn) openFolder();
+        if (KeyCode == kReturnKey) openFolder();
     };
     cmdOK.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { cmdCancel_Click(); };
@@ -104,7 +104,7 @@ void frmSelFolder::cmdCancel_Click()
 
 void frmSelFolder::Form_KeyDown(std::int16_t &KeyCode)
 try {
-    if (KeyCode == kF12) cmdCancel_Click();
+    if (KeyCode == kF12Key) cmdCancel_Click();
 } catch (const RuntimeError &error) {
     m_platform.boxes.show(std::string("フォームKeyDown()でエラー").append(kCrLf).append(numberLineText(error)),
                           Icon::critical);

@@ -3,7 +3,9 @@
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace inin {
 
@@ -11,29 +13,83 @@ namespace {
 
 using namespace std::string_view_literals;
 
+enum class PictureKind { bitmap, icon, gif, jpeg, png, metafile };
+
+/// The bytes by which a kind of picture is known, and their place in the file.
 struct Signature {
+    PictureKind kind;
     std::size_t at;
     std::string_view bytes;
 };
 
-/// First bytes of a bitmap, an icon, a cursor, both kinds of GIF, JPEG, PNG, and of the three kinds of metafile: the
-/// placeable, the bare and the enhanced one (which bears its mark inside its header).
+/// An icon may be a cursor. There are three kinds of metafile: the placeable one, the bare one and the enhanced one, whose
+/// mark is inside its header.
 constexpr Signature kSignatures[] = {
-    {0, "BM"sv},           {0, "\0\0\1\0"sv},          {0, "\0\0\2\0"sv},         {0, "GIF87a"sv},     {0, "GIF89a"sv},
-    {0, "\xFF\xD8\xFF"sv}, {0, "\x89PNG\r\n\x1A\n"sv}, {0, "\xD7\xCD\xC6\x9A"sv}, {0, "\1\0\x09\0"sv}, {40, " EMF"sv},
+    {PictureKind::bitmap, 0, "BM"sv},
+    {PictureKind::icon, 0, "\0\0\1\0"sv},
+    {PictureKind::icon, 0, "\0\0\2\0"sv},
+    {PictureKind::gif, 0, "GIF87a"sv},
+    {PictureKind::gif, 0, "GIF89a"sv},
+    {PictureKind::jpeg, 0, "\xFF\xD8\xFF"sv},
+    {PictureKind::png, 0, "\x89PNG\r\n\x1A\n"sv},
+    {PictureKind::metafile, 0, "\xD7\xCD\xC6\x9A"sv},
+    {PictureKind::metafile, 0, "\1\0\x09\0"sv},
+    {PictureKind::metafile, 40, " EMF"sv},
 };
 constexpr std::size_t kHeaderSize = 44;
+
+struct PictureHeader {
+    PictureKind kind;
+    std::string bytes; ///< as many as the file has, up to kHeaderSize
+};
+
+PictureHeader headerOf(Files &files, const std::string &path)
+{
+    std::string bytes = files.openForInput(path)->read(kHeaderSize);
+    const auto *known = std::ranges::find_if(kSignatures, [&](const Signature &signature) {
+        return bytes.size() > signature.at && std::string_view(bytes).substr(signature.at).starts_with(signature.bytes);
+    });
+    if (known == std::end(kSignatures)) throw RuntimeError(error_number::invalidPicture);
+    return {known->kind, std::move(bytes)};
+}
+
+/// True when the size of the second header, by which the versions of the format are told apart, is one of the format's.
+bool isBitmapHeader(std::string_view header)
+{
+    constexpr std::size_t kSizeAt = 14;
+    constexpr std::string_view kSizes[] = {"\x0C\0\0\0"sv, "\x28\0\0\0"sv, "\x40\0\0\0"sv, "\x6C\0\0\0"sv,
+                                           "\x7C\0\0\0"sv};
+    return header.size() > kSizeAt &&
+           std::ranges::any_of(kSizes, [&](std::string_view size) { return header.substr(kSizeAt).starts_with(size); });
+}
 
 } // namespace
 
 void checkPictureFile(Files &files, const std::string &path)
 {
-    const std::string header = files.openForInput(path)->read(kHeaderSize);
-    const bool known = std::ranges::any_of(kSignatures, [&](const Signature &signature) {
-        return header.size() > signature.at &&
-               std::string_view(header).substr(signature.at).starts_with(signature.bytes);
-    });
-    if (!known) throw RuntimeError(error_number::invalidPicture);
+    static_cast<void>(headerOf(files, path));
+}
+
+bool canBePainted(Files &files, const std::string &path)
+{
+    // Bytes of the headers that every file of the kind begins with.
+    constexpr std::size_t kIconHeaders = 22, kGifHeaders = 13, kJpegHeaders = 4, kPngHeaders = 33;
+    const auto [kind, bytes] = headerOf(files, path);
+    switch (kind) {
+    case PictureKind::bitmap:
+        return isBitmapHeader(bytes);
+    case PictureKind::icon:
+        return bytes.size() >= kIconHeaders;
+    case PictureKind::gif:
+        return bytes.size() >= kGifHeaders;
+    case PictureKind::jpeg:
+        return bytes.size() >= kJpegHeaders;
+    case PictureKind::png:
+        return bytes.size() >= kPngHeaders;
+    case PictureKind::metafile:
+        break;
+    }
+    return false;
 }
 
 } // namespace inin

@@ -70,7 +70,7 @@ public:
     Attribute<std::int32_t> Width{*this, 0};
     Attribute<std::int32_t> Height{*this, 0};
 
-    /// Key press in the control, with the key code; return is 13.
+    /// Key press in the control, with its code (see key_codes.h).
     std::function<void(std::int16_t KeyCode)> onKeyPress;
 
     std::int16_t TabIndex = -1;   ///< -1: not in the tab order
@@ -172,7 +172,7 @@ public:
 /// How a list shows its items: the chosen one with the others on a press, or all of them under one another.
 enum class ListStyle { dropDown, open };
 
-/// A list of items with a number each. Assigning ListIndex another value fires onClick.
+/// A list of items with a number each. Assigning ListIndex another value fires onClick; a pick by hand always does.
 class ListBox : public Control {
 public:
     struct Item {
@@ -188,6 +188,8 @@ public:
     /// -1 when none is chosen; an index that the list lacks is error 380.
     Attribute<std::int16_t> ListIndex{*this, -1};
 
+    /// Chooses an item as a person does: onClick fires also for the item that is chosen already.
+    void pick(std::int16_t index);
     /// No items, and none chosen; fires nothing.
     void Clear();
     /// Error 6 beyond 32,767 items.
@@ -214,7 +216,7 @@ public:
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
 };
 
-/// A menu (without a click) or an entry; the short-cut is the key code, 0 for none (F1 is 112, F12 is 123).
+/// A menu (without a click) or an entry; the short-cut is a key code, 0 for none (see key_codes.h).
 class MenuEntry : public Control {
 public:
     explicit MenuEntry(std::string name, std::int16_t shortcut = 0) : Control(std::move(name)), Shortcut(shortcut) {}

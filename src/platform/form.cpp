@@ -1,5 +1,6 @@
 #include "platform/form.h"
 
+#include "platform/key_codes.h"
 #include "runtime/runtime_error.h"
 
 #include <algorithm>
@@ -7,9 +8,6 @@
 namespace inin {
 
 namespace {
-constexpr std::int16_t kReturn = 13;
-constexpr std::int16_t kEscape = 27;
-
 /// Holds a form's mark while its unload runs, also when that ends by an error.
 class Unloading {
 public:
@@ -120,7 +118,8 @@ public:
     using KeyTarget::visit;
     void visit(Button &button) override
     {
-        take(button, (code() == kEscape && button.Cancel) || (code() == kReturn && button.Default), button.onClick);
+        take(button, (code() == kEscapeKey && button.Cancel) || (code() == kReturnKey && button.Default),
+             button.onClick);
     }
 };
 

@@ -19,7 +19,8 @@ public:
     /// Loads the form, if it is not, and shows it. Modal: comes back when the form is unloaded.
     /// A RuntimeError of the load goes to the caller.
     virtual void show(Form &form, Modality modality) = 0;
-    /// Checks that the file is a picture that can be shown: 53 or 76 no such file, 75 a folder, 481 no picture.
+    /// Checks that the file is a picture: 53 or 76 no such file, 75 a folder, 481 no picture. A picture of a known kind
+    /// that cannot be painted here passes, and its place stays bare.
     virtual void checkPicture(const std::string &path) = 0;
     virtual void beep() = 0;
     /// Lets waiting events run.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls.h"
+#include "platform/key_codes.h"
 
 #include <initializer_list>
 #include <vector>
@@ -63,10 +64,10 @@ public:
     ButtonArray btnPrint{"btnPrint", {0, 1, 6}};
 
     MenuEntry mnFunc{"mnFunc"};
-    MenuEntry mnF01{"mnF01", 112};
-    MenuEntry mnF02{"mnF02", 113};
+    MenuEntry mnF01{"mnF01", kF1Key};
+    MenuEntry mnF02{"mnF02", kF2Key};
     MenuEntry mnKugiri{"mnKugiri"};
-    MenuEntry mnF12{"mnF12", 123};
+    MenuEntry mnF12{"mnF12", kF12Key};
     MenuEntry mnHelp{"mnHelp"};
     MenuEntry mnVer{"mnVer"};
     MenuEntry mnDispHelp{"mnDispHelp"};

@@ -1,5 +1,6 @@
 // How the screen's staff member and patient are picked: by the search windows, or by a number and the return key.
 
+#include "platform/key_codes.h"
 #include "printing/print_form.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
@@ -11,7 +12,6 @@ namespace inin {
 
 namespace {
 
-constexpr std::int16_t kReturn = 13;
 constexpr std::int32_t kNobody = -1;
 /// What stands beside a patient number of 0: the search was left, so everybody is meant.
 constexpr const char *kEverybody = "(全員)";
@@ -50,7 +50,7 @@ std::int32_t frmPrintInin::iSelectStaff(NumberBox *box, ListBox *list)
 
 void frmPrintInin::imNum_StaffNo_KeyPress(std::int16_t KeyCode)
 try {
-    if (KeyCode != kReturn) return;
+    if (KeyCode != kReturnKey) return;
     const Variant &value = imNum_StaffNo.Value;
     const std::int32_t nIDNo = value.isNull() ? 0 : toLong(value, m_app.regional);
     static_cast<void>(iChkStaffNo(nIDNo, cbSejyutsu)); // it has told its failure itself
@@ -95,7 +95,7 @@ try {
 /// Nothing is trapped here: the return key in an empty box ends the process.
 void frmPrintInin::imNum_CD_KeyPress(std::int16_t KeyCode)
 {
-    if (KeyCode != kReturn) return;
+    if (KeyCode != kReturnKey) return;
     cls患者検索 patients(m_app);
     // Without such a patient the label is empty; that is all the screen tells.
     static_cast<void>(patients.iSetRiyouName(toLong(imNum_CD.Value, m_app.regional), lbl_SelKanja));

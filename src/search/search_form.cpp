@@ -1,6 +1,7 @@
 #include "search/search_form.h"
 
 #include "common/helpers.h"
+#include "platform/key_codes.h"
 #include "runtime/text.h"
 #include "shell/error_box.h"
 #include "shell/online_help.h"
@@ -9,8 +10,6 @@ namespace inin {
 
 namespace {
 
-constexpr std::int16_t kReturn = 13;
-constexpr std::int16_t kF12 = 123;
 constexpr std::int16_t kChoose = 0;
 constexpr std::int16_t kLeave = 1;
 
@@ -188,13 +187,13 @@ void SearchForm::vWhenSeledOK(std::optional<std::int32_t> nSeledRow)
 void SearchForm::Form_KeyDown(std::int16_t &KeyCode)
 {
     // Where the menu entry cannot be used, the key still leaves the window.
-    if (KeyCode == kF12) shortcut("フォームKeyDown()でエラー", [this] { but_Act_Click(kLeave); });
+    if (KeyCode == kF12Key) shortcut("フォームKeyDown()でエラー", [this] { but_Act_Click(kLeave); });
 }
 
 void SearchForm::Form_KeyPress(std::int16_t &KeyAscii)
 {
     const BusyFlag::Hold hold(m_busy);
-    const bool isReturn = KeyAscii == kReturn;
+    const bool isReturn = KeyAscii == kReturnKey;
     if (!hold || isReturn) KeyAscii = 0;
     if (hold && isReturn) trapped([this] { returnKey(); });
 }

@@ -2,6 +2,7 @@
 
 #include "data/connection_settings.h"
 #include "platform/grid.h"
+#include "platform/key_codes.h"
 #include "search/busy_flag.h"
 #include "search/search_filter.h"
 
@@ -62,9 +63,9 @@ public:
     Grid spr_1ran;
     ButtonArray but_Act{"but_Act", {0, 1}}; ///< 0 choose, 1 leave
     Label StatusBar1{"StatusBar1"};
-    MenuEntry mnF04{"mnF04", 115};
-    MenuEntry mnF05{"mnF05", 116};
-    MenuEntry mnF12{"mnF12", 123};
+    MenuEntry mnF04{"mnF04", kF4Key};
+    MenuEntry mnF05{"mnF05", kF5Key};
+    MenuEntry mnF12{"mnF12", kF12Key};
     MenuEntry mnHelp{"mnHelp"};
     MenuEntry mnDispHelp{"mnDispHelp"};
 

@@ -1,6 +1,7 @@
 #include "shell/version_form.h"
 
 #include "common/field_input.h"
+#include "platform/key_codes.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr const char *kVersionFile = "\\Sorvin.ver";
 constexpr std::int32_t kNameColour = 0x00E1F7E3;
-constexpr std::int16_t kF12 = 123;
 
 /// A line of the list with the program that it belongs to, 0 for all of them.
 struct VersionLine {
@@ -62,7 +62,7 @@ void frmVer::Form_Load()
 
 void frmVer::Form_KeyDown(std::int16_t &KeyCode)
 try {
-    if (KeyCode == kF12) mnF12_Click();
+    if (KeyCode == kF12Key) mnF12_Click();
 } catch (const RuntimeError &error) {
     headingBox(m_app, "フォームKeyDown()でエラー", numberLineText(error));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/key_codes.h"
 #include "shell/app.h"
 
 #include <cstdint>
@@ -21,7 +22,7 @@ public:
     Label shp01{"shp01"}; ///< the line that sets the button apart
     Button btnReturn{"btnReturn"};
     MenuEntry mnFunc{"mnFunc"};
-    MenuEntry mnF12{"mnF12", 123};
+    MenuEntry mnF12{"mnF12", kF12Key};
 
     /// Set by the caller before the window loads; with 0 the lines of every program are shown.
     std::int16_t iSystemId = 0;

@@ -1,6 +1,7 @@
 #include "common/select_folder.h"
 
 #include "common/folder_form.h"
+#include "platform/key_codes.h"
 #include "runtime/runtime_error.h"
 #include "support/fake_folders.h"
 #include "support/fake_platform.h"
@@ -14,10 +15,6 @@
 using namespace inin;
 
 namespace {
-
-constexpr std::int16_t kReturn = 13;
-constexpr std::int16_t kEscape = 27;
-constexpr std::int16_t kF12 = 123;
 
 struct FolderFixture : FakeWorld {
     FolderFixture()
@@ -211,8 +208,8 @@ TEST_CASE("leaving without a choice is good and keeps the folder")
 {
     const std::vector<std::function<void(frmSelFolder &)>> ways = {
         [](frmSelFolder &window) { window.cmdCancel.onClick(); },
-        [](frmSelFolder &window) { window.key(nullptr, kF12); },
-        [](frmSelFolder &window) { window.key(nullptr, kEscape); },
+        [](frmSelFolder &window) { window.key(nullptr, kF12Key); },
+        [](frmSelFolder &window) { window.key(nullptr, kEscapeKey); },
         [](frmSelFolder &window) { window.unload(true); },
     };
     for (std::size_t way = 0; way < ways.size(); ++way) {
@@ -240,6 +237,19 @@ TEST_CASE("another drive opens its folders")
     });
     CHECK(fixture.select.iSelFolder() == 0);
     CHECK(fixture.select.SelFolder() == "D:");
+}
+
+TEST_CASE("picking the drive that the list shows leaves the open folder")
+{
+    FolderFixture fixture;
+    fixture.act([](frmSelFolder &window) {
+        window.drlDrive.pick(0);
+        CHECK(window.dilFolder.Path() == "C:\\SUITE");
+        window.drlDrive.pick(1);
+        CHECK(window.dilFolder.Path() == "D:\\");
+        window.cmdCancel.onClick();
+    });
+    CHECK(fixture.select.iSelFolder() == 0);
 }
 
 TEST_CASE("a drive that cannot be read is told, and the drive list goes back")
@@ -280,7 +290,7 @@ TEST_CASE("marking a folder does not open it; return and a double click do")
     fixture.act([](frmSelFolder &window) {
         window.dilFolder.ListIndex = 2;
         CHECK(window.dilFolder.Path() == "C:\\SUITE");
-        window.key(&window.dilFolder, kReturn);
+        window.key(&window.dilFolder, kReturnKey);
         CHECK(window.dilFolder.Path() == "C:\\SUITE\\TMP");
         window.dilFolder.ListIndex = 0;
         window.dilFolder.onDblClick();
@@ -332,7 +342,7 @@ TEST_CASE("a failure of F12 is a box")
     frmSelFolder window(fixture.platform, fixture.folders);
     window.load();
     window.watch([] { throw RuntimeError(error_number::invalidCall); });
-    window.key(nullptr, kF12);
+    window.key(nullptr, kF12Key);
     CHECK(fixture.boxes.shown ==
           std::vector<ShownBox>{{"フォームKeyDown()でエラー\r\n5\r\nプロシージャの呼び出し、または引数が不正です。",
                                  Icon::critical, ""}});

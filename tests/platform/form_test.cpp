@@ -1,5 +1,6 @@
 #include "platform/form.h"
 
+#include "platform/key_codes.h"
 #include "runtime/runtime_error.h"
 #include "support/fake_platform.h"
 
@@ -11,10 +12,6 @@
 using namespace inin;
 
 namespace {
-
-constexpr std::int16_t kF12 = 123;
-constexpr std::int16_t kReturnKey = 13;
-constexpr std::int16_t kEscapeKey = 27;
 
 /// A form that writes down its events; what it does in them is plugged in.
 class ProbeForm : public Form {
@@ -38,7 +35,7 @@ public:
     Frame box{"Frame1"};
     Label box2{"Label1"};
     MenuEntry menu{"mnFunc"};
-    MenuEntry back{"mnF12", kF12};
+    MenuEntry back{"mnF12", kF12Key};
     NumberBox search{"imNum_CD"};
     Button cancel{"btnPrint(6)"};
     Button accept{"btnReturn"};
@@ -261,7 +258,7 @@ TEST_CASE("a form finds its controls by name and knows their frames")
 TEST_CASE("a menu short-cut is taken before anything else sees the key")
 {
     ProbeForm form;
-    form.key(&form.search, kF12);
+    form.key(&form.search, kF12Key);
     CHECK(form.log == Log{"menu"});
 }
 
@@ -276,7 +273,7 @@ TEST_CASE("the short-cut of an entry that is out of reach goes the way of any ke
     {
         form.menu.Visible = false;
     }
-    form.key(nullptr, kF12);
+    form.key(nullptr, kF12Key);
     CHECK(form.log == Log{"down 123", "press 123"});
 }
 

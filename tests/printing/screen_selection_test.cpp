@@ -1,6 +1,7 @@
 // How the conditions screen picks a staff member and a patient.
 
 #include "platform/grid.h"
+#include "platform/key_codes.h"
 #include "printing/print_form.h"
 #include "support/fake_platform.h"
 
@@ -9,8 +10,6 @@
 using namespace inin;
 
 namespace {
-
-constexpr std::int16_t kReturnKey = 13;
 
 FakeResult answerOf(std::vector<std::string> columns, std::vector<std::vector<Variant>> rows)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/key_codes.h"
 #include "search/patient_search_form.h"
 #include "search/staff_search_form.h"
 #include "support/fake_platform.h"
@@ -11,11 +12,6 @@
 #include <vector>
 
 namespace inin {
-
-inline constexpr std::int16_t kReturnKey = 13;
-inline constexpr std::int16_t kF4Key = 115;
-inline constexpr std::int16_t kF5Key = 116;
-inline constexpr std::int16_t kF12Key = 123;
 
 /// Parts by which the fake database knows a statement.
 inline constexpr const char *kStaffList = "cNameRyaku  FROM STAFF";

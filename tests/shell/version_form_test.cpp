@@ -1,5 +1,6 @@
 #include "shell/version_form.h"
 
+#include "platform/key_codes.h"
 #include "runtime/runtime_error.h"
 #include "support/fake_platform.h"
 
@@ -203,10 +204,7 @@ TEST_CASE("a read that fails half-way keeps what was read, without a word")
 
 TEST_CASE("the button, return, escape and F12 each close the window")
 {
-    constexpr std::int16_t kReturn = 13;
-    constexpr std::int16_t kEscape = 27;
-    constexpr std::int16_t kF12 = 123;
-    for (const std::int16_t key : {std::int16_t{0}, kReturn, kEscape, kF12}) {
+    for (const std::int16_t key : {std::int16_t{0}, kReturnKey, kEscapeKey, kF12Key}) {
         CAPTURE(key);
         VersionFixture fixture;
         fixture.windows.acts.emplace_back([key](Form &form) {

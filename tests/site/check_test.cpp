@@ -178,6 +178,19 @@ TEST_CASE("a wallpaper that is no picture is found, since the program does not s
           site::Findings{"Massage.ini の項目「WALLPAPER」の「wall.bmp」が画像ではないので、起動できません。"});
 }
 
+TEST_CASE("a wallpaper that cannot be painted is found with its cure, since the window stays bare")
+{
+    using namespace std::string_literals;
+    for (const std::string &bytes : {"BMx"s, "\xD7\xCD\xC6\x9A"s + std::string(60, '\0')}) {
+        const SoundSite site;
+        writeBytes(site.path() / "ICON" / "wall.bmp", bytes);
+        CHECK(site.check() ==
+              site::Findings{"Massage.ini の項目「WALLPAPER」の「wall.bmp」は表示できない形式か壊れた画像な"
+                             "ので、背景が無地になります（BMP、PNG、JPEG のどれかで保存し直してください"
+                             "）。"});
+    }
+}
+
 TEST_CASE("each fault of the rows, columns and tables is found and nothing else")
 {
     for (const RowFault &fault : kRowFaults) {

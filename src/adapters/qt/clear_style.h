@@ -4,9 +4,9 @@
 
 namespace inin {
 
-/// The style of all windows. A menu that the keys have reached in its bar is marked as an open one is; the style below
-/// draws it as any other. On a dark desktop the signs of options and check boxes get an outline that can be seen; the
-/// style below draws it darker than the window, whatever the window's colour is.
+/// The style of all windows. It differs from the style below it in four things: a menu that the keys have reached in its
+/// bar is marked like an open one; on a dark desktop options and check boxes have a visible outline; a group box shows the
+/// colour behind it, without a tint; the middle of a push button's face has exactly the button's colour.
 class ClearStyle : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;

@@ -6,7 +6,7 @@
 
 namespace inin {
 
-/// The picture of a file, null when it is none. A picture that was just read is not read again.
+/// The picture of a file, null when it cannot be painted.
 [[nodiscard]] QPixmap pictureOf(const std::string &systemPath);
 
 } // namespace inin

@@ -28,8 +28,6 @@ constexpr FramePlace kFrames[] = {
 };
 constexpr int kFrameLeft = 120;
 constexpr int kFrameWidth = 6795;
-constexpr int kClientWidth = 7020;
-constexpr int kClientHeight = 11025;
 constexpr int kBarTop = 9990;
 constexpr int kBarHeight = 1035;
 constexpr int kCommandWidth = 1455;
@@ -135,8 +133,8 @@ void dressCommands(FormWindow &window)
     bar.setHorizontalSpacing(16);
 }
 
-/// Places the frames at their tops. A font that is larger than the screen was drawn for makes a frame higher, and moves
-/// what stands below it down: no text is ever cut.
+/// Places the frames at their tops. A font that is larger than the one the screen was designed for makes a frame higher and
+/// moves the frames below it down: no text is ever cut.
 void stackFrames(FormWindow &window)
 {
     int moved = 0;
@@ -149,8 +147,9 @@ void stackFrames(FormWindow &window)
         frame.setGeometry(pixels(kFrameLeft), pixels(place.top) + moved, pixels(kFrameWidth) + wider, height);
         moved += height - pixels(place.height);
     }
-    window.widget("Picture1").setGeometry(0, pixels(kBarTop) + moved, pixels(kClientWidth) + wider, pixels(kBarHeight));
-    window.content().setMinimumSize(pixels(kClientWidth) + wider, pixels(kClientHeight) + moved);
+    const QSize client(pixels(window.form().Width) + wider, pixels(window.form().Height) + moved);
+    window.widget("Picture1").setGeometry(0, pixels(kBarTop) + moved, client.width(), pixels(kBarHeight));
+    window.content().setMinimumSize(client);
 }
 
 } // namespace

@@ -1,10 +1,8 @@
 #include "adapters/qt/qt_windows.h"
 
 #include "adapters/qt/form_window.h"
-#include "adapters/qt/picture_file.h"
 #include "adapters/qt/pointer_shape.h"
 #include "common/picture.h"
-#include "runtime/runtime_error.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -131,7 +129,6 @@ void QtWindows::remove(const FormWindow &window)
 void QtWindows::checkPicture(const std::string &path)
 {
     checkPictureFile(m_files, path);
-    if (pictureOf(m_services.systemPath(path)).isNull()) throw RuntimeError(error_number::invalidPicture);
 }
 
 void QtWindows::beep()

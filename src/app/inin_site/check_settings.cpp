@@ -105,9 +105,13 @@ void checkWallpaper(const fs::path &folder, const Settings &settings, Findings &
         return;
     }
     try {
-        checkPictureFile(*makeSystemFiles(textOf(folder)), textOf(picture));
+        if (!canBePainted(*makeSystemFiles(textOf(folder)), textOf(picture)))
+            findings.push_back(fmt::format(
+                "Massage.ini の項目「WALLPAPER」の「{}」は表示できない形式か壊れた画像なので、背景が無地になり"
+                "ます（BMP、PNG、JPEG のどれかで保存し直してください）。",
+                *value));
     } catch (const RuntimeError &) {
-        // A picture that is not there is left out, one that is none ends the start.
+        // A missing picture and one that cannot be painted are left out; a file that is no picture ends the start.
         findings.push_back(
             fmt::format("Massage.ini の項目「WALLPAPER」の「{}」が画像ではないので、起動できません。", *value));
     }

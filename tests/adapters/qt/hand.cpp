@@ -5,6 +5,7 @@
 #include "adapters/qt/number_edit.h"
 #include "adapters/qt/qt_text.h"
 #include "platform/grid.h"
+#include "platform/key_codes.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -27,9 +28,9 @@ namespace {
 
 Qt::Key keyOf(std::int16_t code)
 {
-    if (code == 13) return Qt::Key_Return;
-    if (code == 27) return Qt::Key_Escape;
-    if (code >= 112 && code <= 123) return static_cast<Qt::Key>(Qt::Key_F1 + code - 112);
+    if (code == kReturnKey) return Qt::Key_Return;
+    if (code == kEscapeKey) return Qt::Key_Escape;
+    if (code >= kF1Key && code <= kF12Key) return static_cast<Qt::Key>(Qt::Key_F1 + code - kF1Key);
     throw std::runtime_error("no key has the code " + std::to_string(code));
 }
 

@@ -156,6 +156,32 @@ TEST_CASE("a control's blue-green-red colour is shown as it is on a light deskto
     CHECK_FALSE(themedColour(-1, light));
 }
 
+TEST_CASE("the inside of every frame and the middle of every command's face have the required colour, as painted")
+{
+    const WindowSet set;
+    FormWindow &window = *set.print;
+    const QImage painted = window.content().grab().toImage(); // whole, where the screen has room for a part of it
+    const auto colourAt = [&](const QWidget &widget, QPoint place) {
+        return painted
+            .pixelColor((QPointF(widget.mapTo(&window.content(), place)) * painted.devicePixelRatio()).toPoint())
+            .name();
+    };
+    for (const char *frame : {"Frame3", "frmObject", "fraJisseki(1)", "Frame2", "Frame1", "Frame4", "Picture1"}) {
+        CAPTURE(frame);
+        const QWidget &widget = window.widget(frame);
+        CHECK(colourAt(widget, {widget.width() - 5, widget.height() - 5}) == "#f6f6f6");
+    }
+    for (const auto &[button, colour] : {std::pair{"btnPrint(0)", "#d0fbd0"},
+                                         {"btnPrint(1)", "#d0fbd0"},
+                                         {"btnPrint(6)", "#d0fbd0"},
+                                         {"btn_StaffSelect", "#ffe0c0"},
+                                         {"btn_KanjaSelect", "#ffe0c0"}}) {
+        CAPTURE(button);
+        const QWidget &widget = window.widget(button);
+        CHECK(colourAt(widget, {5, widget.height() / 2}) == colour);
+    }
+}
+
 TEST_CASE("the frames of the conditions screen stand at their tops, the commands have their size")
 {
     struct FrameRow {

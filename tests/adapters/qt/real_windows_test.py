@@ -272,11 +272,15 @@ def no_japanese_font(site, display):
                 raise Failed("the package is not named: " + words)
 
 
-def a_wallpaper_that_is_no_picture(site, display):
+def overwrite_wallpaper(site, text):
     icons = site + "/ICON"
     for name in os.listdir(icons):
         with open(f"{icons}/{name}", "w", encoding="utf-8") as file:
-            file.write("BM but nothing of a bitmap behind it")
+            file.write(text)
+
+
+def a_wallpaper_that_is_no_picture(site, display):
+    overwrite_wallpaper(site, "a text")
     with Program(display, site) as program:
         program.wait_told(event="box", text="起動できません！")
         program.wait_title("委任状印刷")
@@ -285,8 +289,17 @@ def a_wallpaper_that_is_no_picture(site, display):
         expect("starts", [event for event in program.told() if event["event"] == "start"], [])
 
 
+def a_wallpaper_that_cannot_be_painted(site, display):
+    overwrite_wallpaper(site, "BMx")
+    with Program(display, site) as program:
+        program.wait_title("委任状印刷")
+        display.key("F12")
+        expect("exit code", program.wait_exit(), 0)
+        expect("boxes", [event for event in program.told() if event["event"] == "box"], [])
+
+
 CASES = [print_of_one_patient, closing_at_every_state, a_second_start, a_display_that_vanishes, no_display_at_all,
-         no_japanese_font, a_wallpaper_that_is_no_picture]
+         no_japanese_font, a_wallpaper_that_is_no_picture, a_wallpaper_that_cannot_be_painted]
 
 
 def run(case, make=make_site):

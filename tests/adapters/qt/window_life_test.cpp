@@ -1,6 +1,7 @@
 // The conditions screen and the boxes, worked by a person in a fake world.
 
 #include "adapters/qt/date_edit.h"
+#include "adapters/qt/picture_box.h"
 #include "adapters/qt/pointer_shape.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/working_program.h"
@@ -259,17 +260,59 @@ TEST_CASE("a box shows its text as it is, its lines as lines, and the applicatio
     CHECK(title == "情報");
 }
 
-TEST_CASE("a file that only begins like a picture is no picture, and a picture is one")
+namespace {
+
+/// A form of one picture.
+struct OnePicture : Form {
+    OnePicture() : Form("frmPicture") { add(image); }
+    ImageBox image{"ImgWall"};
+};
+
+/// True when the window of a form with this picture shows something.
+bool isPainted(WindowFixture &fixture, const std::string &path)
+{
+    OnePicture form;
+    form.image.Picture = path;
+    const FormWindow window(form, fixture.services, nullptr);
+    return window.widgetAs<PictureBox>("ImgWall").hasPicture();
+}
+
+} // namespace
+
+TEST_CASE("a picture of a known kind that cannot be painted leaves its place bare, a file that is none is refused")
 {
     const QTemporaryDir folder;
     const std::string path = fromQt(folder.filePath("wall.bmp"));
     WindowFixture fixture;
-    fixture.world.files.put(path, "BM");
-    std::ofstream(path) << "BM and then nothing that belongs to a bitmap";
+    for (const std::string bytes :
+         {"BMx", "BM and then nothing that belongs to a bitmap", "\xD7\xCD\xC6\x9A placeable"}) {
+        fixture.world.files.put(path, bytes);
+        std::ofstream(path, std::ios::binary) << bytes;
+        CHECK_NOTHROW(fixture.windows.checkPicture(path));
+        CHECK_FALSE(isPainted(fixture, path));
+    }
+    fixture.world.files.put(path, "text");
     CHECK_THROWS_WITH_AS(fixture.windows.checkPicture(path), "ピクチャが不正です。", RuntimeError);
 
-    QPixmap(4, 3).save(toQt(path));
-    CHECK_NOTHROW(fixture.windows.checkPicture(path));
+    for (const char *format : {"bmp", "png", "gif", "jpg", "ico"}) {
+        CAPTURE(format);
+        if (!QPixmap(16, 16).save(toQt(path), format)) continue; // GIF is read only
+        CHECK(isPainted(fixture, path));
+    }
+}
+
+TEST_CASE("the screen opens over a wallpaper that cannot be painted")
+{
+    Program program;
+    program.world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_SYS=\\SYS\nSYSTEM_TMP=\\TMP\nSYSTEM_ICON=\\ICON\n"
+                                                          "SYSTEM_DATA=\\DATA\nWALLPAPER=wall.wmf\nBASEID=0102\n");
+    program.world.files.put("C:\\SUITE\\ICON\\wall.wmf", "\xD7\xCD\xC6\x9A placeable");
+    program.act([&] {
+        CHECK(program.top().objectName() == "frmPrintInin");
+        program.click("btnPrint(6)");
+    });
+    CHECK(program.runs());
+    CHECK(program.handedBack());
 }
 
 TEST_CASE("a notice goes away by itself")

@@ -131,6 +131,13 @@ TEST_CASE("a list's entry is chosen by its index")
     CHECK(form.lst.ListIndex == 1);
 }
 
+TEST_CASE("choosing the entry that is chosen already fires its click, and by force fires nothing")
+{
+    StageForm form;
+    CHECK(playedOn(form, "{\"choose\":\"lst\",\"to\":1}\n{\"choose\":\"lst\",\"to\":1}\n") == Log{"lst", "lst"});
+    CHECK(playedOn(form, R"({"choose":"lst","to":1,"force":true})") == Log{"lst", "lst"});
+}
+
 TEST_CASE("an index that the list lacks is refused to a person")
 {
     StageForm form;
