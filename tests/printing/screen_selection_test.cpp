@@ -57,6 +57,8 @@ struct SelectionFixture {
     {
         world.windows.acts.push_back([row](Form &window) { gridOf(window)->onDblClick(row); });
     }
+    /// The user leaves the window that opens next by its control box.
+    void leave() { world.windows.closeByControlBox(); }
     void returnIn(NumberBox &box, const Variant &value)
     {
         box.Value = value;
@@ -93,6 +95,7 @@ TEST_CASE("a staff window that is left changes nothing on the screen")
 {
     SelectionFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
+    screen.leave();
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.form.imNum_StaffNo.Value.get() == number(11));
     CHECK(screen.form.cbSejyutsu.ListIndex == 1);
@@ -112,10 +115,12 @@ TEST_CASE("a picked staff member whom the list lacks stands in the box, and the 
 TEST_CASE("the staff window shows ended staff when the screen counts them, and never asks for a consultation")
 {
     SelectionFixture screen;
+    screen.leave();
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.lastSql().find(" where (iChusiFlg = 0 OR iChusiFlg IS NULL) and") != std::string::npos);
     screen.form.chkChushi.onClick = nullptr;
     screen.form.chkChushi.Value = 1;
+    screen.leave();
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.lastSql().find("iChusiFlg") == std::string::npos);
     CHECK(screen.lastSql().find("soudan") == std::string::npos);
@@ -127,6 +132,7 @@ TEST_CASE("a staff search without box and list gives back the number, and -1 whe
     screen.chooseRow(2);
     CHECK(screen.form.iSelectStaff() == 12);
     CHECK(screen.form.cbSejyutsu.ListIndex == 0);
+    screen.leave();
     CHECK(screen.form.iSelectStaff() == -1);
     screen.chooseRow(1);
     CHECK(screen.form.iSelectStaff(&screen.form.imNum_CD) == 11);
@@ -271,6 +277,7 @@ TEST_CASE("a patient window that is left means everybody: number 0, no empty box
     SelectionFixture screen;
     screen.form.imNum_CD.Value = number(21);
     screen.form.lbl_SelKanja.Caption = "青木 一郎";
+    screen.leave();
     screen.form.btn_KanjaSelect.onClick();
     CHECK(screen.form.imNum_CD.Value.get() == number(0));
     CHECK(screen.form.lbl_SelKanja.Caption.get() == "(全員)");

@@ -188,6 +188,7 @@ TEST_CASE("the staff window without arguments hides ended staff and knows no con
 TEST_CASE("the staff window takes both arguments")
 {
     FrontFixture front;
+    front.world.windows.closeByControlBox();
     CHECK(front.staff.iDspStart(1, 5) == 1);
     CHECK(front.statements().back().find("iChusiFlg") == std::string::npos);
     CHECK(front.statements().back().find("soudan.SoudanID = 5 ") != std::string::npos);

@@ -135,7 +135,8 @@ TEST_CASE("the staff search that is left changes nothing in the patients' window
     PatientsFixture list;
     list.opened();
     list.window.cbo_Sejutusha.ListIndex = std::int16_t{1};
-    press(list.window.btn_StaffSelect); // closed by its control box
+    list.world.windows.closeByControlBox();
+    press(list.window.btn_StaffSelect);
     CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{11}));
     CHECK(list.window.cbo_Sejutusha.ListIndex == 1);
     CHECK(list.world.boxes.shown.empty());
