@@ -112,8 +112,8 @@ void frm患者検索::vGetSeledInf(std::int32_t &nSeledCD, std::string &csSeledN
 
 void frm患者検索::readSettings()
 {
-    // Both come first: a setting that is no number ends this step, and the list must open without a limit and without the
-    // column all the same.
+    // Both are set first: a bad setting ends this step, and the list must still open without a limit month and without the
+    // column.
     m_limitMonth = kNoLimitMonth;
     spr_1ran.setColumnWidth(kAreaColumn, 0);
     m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);
