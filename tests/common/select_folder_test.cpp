@@ -25,10 +25,16 @@ struct FolderFixture : FakeWorld {
     FakeFolders folders;
     clsSelectFolder select{platform, folders};
 
-    /// What a person does in the window.
+    /// What the user does in the window. It must close the window.
     void act(const std::function<void(frmSelFolder &)> &act)
     {
         windows.acts.emplace_back([act](Form &form) { act(dynamic_cast<frmSelFolder &>(form)); });
+    }
+    /// The same for what leaves the window open: its control box closes it afterwards.
+    void actAndLeave(const std::function<void(frmSelFolder &)> &steps)
+    {
+        act(steps);
+        windows.closeByControlBox();
     }
 };
 
@@ -56,7 +62,7 @@ TEST_CASE("title, folder and error text start empty")
     FolderFixture fixture;
     CHECK(fixture.select.CsErrStr().empty());
     CHECK(fixture.select.SelFolder().empty());
-    fixture.act([](frmSelFolder &window) { CHECK(window.Caption.get() == "フォルダの選択"); });
+    fixture.actAndLeave([](frmSelFolder &window) { CHECK(window.Caption.get() == "フォルダの選択"); });
     CHECK(fixture.select.iSelFolder() == 0);
 }
 
@@ -65,7 +71,7 @@ TEST_CASE("the window opens on the current folder when no folder is given")
     for (const Selection &each : kSelections) {
         CAPTURE(each.name);
         FolderFixture fixture;
-        fixture.act([](frmSelFolder &window) {
+        fixture.actAndLeave([](frmSelFolder &window) {
             CHECK(window.dilFolder.Path() == "C:\\SUITE");
             CHECK(textsOf(window.drlDrive) == Texts{"c:", "d:"});
             CHECK(window.drlDrive.ListIndex == 0);
@@ -83,7 +89,7 @@ TEST_CASE("the title becomes the window's caption")
         CAPTURE(each.name);
         FolderFixture fixture;
         fixture.select.SetWindowTitle("写真の保存先");
-        fixture.act([](frmSelFolder &window) { CHECK(window.Caption.get() == "写真の保存先"); });
+        fixture.actAndLeave([](frmSelFolder &window) { CHECK(window.Caption.get() == "写真の保存先"); });
         CHECK((fixture.select.*each.run)() == 0);
     }
 }
@@ -98,7 +104,7 @@ TEST_CASE("the window opens on the given folder, and its drive list follows in t
         CAPTURE(each.selection.name);
         FolderFixture fixture;
         fixture.select.SelFolder("D:\\写真");
-        fixture.act([&each](frmSelFolder &window) {
+        fixture.actAndLeave([&each](frmSelFolder &window) {
             CHECK(window.csStartPath == "D:\\写真");
             CHECK(window.dilFolder.Path() == "D:\\写真");
             CHECK(window.drlDrive.ListIndex == each.drive);
@@ -112,6 +118,7 @@ TEST_CASE("the newer operation sets the drive before the folder")
 {
     FolderFixture fixture;
     fixture.select.SelFolder("D:\\写真");
+    fixture.windows.closeByControlBox();
     CHECK(fixture.select.iSelFolder_New() == 0);
     CHECK(fixture.folders.opened == Texts{"C:\\SUITE", "D:\\写真", "d:", "D:\\写真"});
 }
@@ -124,7 +131,7 @@ TEST_CASE("a folder that is not there, or is a file, leaves the window on the cu
             CAPTURE(folder);
             FolderFixture fixture;
             fixture.select.SelFolder(folder);
-            fixture.act([](frmSelFolder &window) {
+            fixture.actAndLeave([](frmSelFolder &window) {
                 CHECK(window.dilFolder.Path() == "C:\\SUITE");
                 CHECK(window.csStartPath.empty());
             });
@@ -142,7 +149,7 @@ TEST_CASE("a start folder that cannot be opened is no failure")
         FolderFixture fixture;
         fixture.folders.errors["D:\\写真"] = error_number::pathAccess;
         fixture.select.SelFolder("D:\\写真");
-        fixture.act([](frmSelFolder &window) { CHECK(window.dilFolder.Path() == "C:\\SUITE"); });
+        fixture.actAndLeave([](frmSelFolder &window) { CHECK(window.dilFolder.Path() == "C:\\SUITE"); });
         CHECK((fixture.select.*each.run)() == 0);
         CHECK(fixture.select.CsErrStr().empty());
     }
@@ -155,7 +162,7 @@ TEST_CASE("a start folder whose drive is in no list is opened all the same")
         FolderFixture fixture;
         fixture.folders.letters = {"c:"};
         fixture.select.SelFolder("D:\\写真");
-        fixture.act([](frmSelFolder &window) {
+        fixture.actAndLeave([](frmSelFolder &window) {
             CHECK(window.dilFolder.Path() == "D:\\写真");
             CHECK(window.drlDrive.ListIndex == 0);
         });
@@ -167,7 +174,7 @@ TEST_CASE("a current folder on a drive in no list leaves the drive list without 
 {
     FolderFixture fixture;
     fixture.folders.letters = {"d:"};
-    fixture.act([](frmSelFolder &window) {
+    fixture.actAndLeave([](frmSelFolder &window) {
         CHECK(window.dilFolder.Path() == "C:\\SUITE");
         CHECK(window.drlDrive.ListIndex == -1);
     });
@@ -259,7 +266,7 @@ TEST_CASE("a drive that cannot be read is told, and the drive list goes back")
         CAPTURE(error);
         FolderFixture fixture;
         fixture.folders.errors["d:"] = error;
-        fixture.act([](frmSelFolder &window) {
+        fixture.actAndLeave([](frmSelFolder &window) {
             window.drlDrive.ListIndex = 1;
             CHECK(window.drlDrive.ListIndex == 0);
             CHECK(window.dilFolder.Path() == "C:\\SUITE");
@@ -273,7 +280,7 @@ TEST_CASE("a drive that cannot be read is told, and the drive list goes back")
 TEST_CASE("the folder list shows the way down to the open folder and what lies in it, by depth")
 {
     FolderFixture fixture;
-    fixture.act([](frmSelFolder &window) {
+    fixture.actAndLeave([](frmSelFolder &window) {
         CHECK(textsOf(window.dilFolder) == Texts{"C:\\", "SUITE", "TMP", "DATA"});
         CHECK(window.dilFolder.ItemData(0) == 0);
         CHECK(window.dilFolder.ItemData(1) == 1);
@@ -287,7 +294,7 @@ TEST_CASE("the folder list shows the way down to the open folder and what lies i
 TEST_CASE("marking a folder does not open it; return and a double click do")
 {
     FolderFixture fixture;
-    fixture.act([](frmSelFolder &window) {
+    fixture.actAndLeave([](frmSelFolder &window) {
         window.dilFolder.ListIndex = 2;
         CHECK(window.dilFolder.Path() == "C:\\SUITE");
         window.key(&window.dilFolder, kReturnKey);
@@ -306,7 +313,7 @@ TEST_CASE("a folder that refuses is told in the system's words, and the list sta
 {
     FolderFixture fixture;
     fixture.folders.errors["C:\\SUITE\\TMP"] = error_number::pathAccess;
-    fixture.act([](frmSelFolder &window) {
+    fixture.actAndLeave([](frmSelFolder &window) {
         window.dilFolder.ListIndex = 2;
         window.dilFolder.onDblClick();
         CHECK(window.dilFolder.Path() == "C:\\SUITE");

@@ -6,6 +6,7 @@
 
 #include <doctest/doctest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -224,6 +225,16 @@ TEST_CASE("a load that unloads its own form ends with the form unloaded, and it 
     CHECK(form.log == Log{"load", "query", "unload", "load goes on"});
     CHECK_FALSE(form.isLoaded());
     CHECK(world.windows.log.empty());
+}
+
+TEST_CASE("the fake windows close no form by themselves: a test queues how each form is left")
+{
+    FakeWorld world;
+    ProbeForm form;
+    CHECK_THROWS_AS(world.windows.show(form, Modality::modal), std::logic_error);
+    world.windows.closeByControlBox();
+    world.windows.show(form, Modality::modal);
+    CHECK(form.log == Log{"load", "query by box", "unload"});
 }
 
 TEST_CASE("an error in the unload that a load asks for is no run-time error of the load")

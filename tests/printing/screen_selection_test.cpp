@@ -56,6 +56,8 @@ struct SelectionFixture {
     {
         world.windows.acts.push_back([row](Form &window) { gridOf(window)->onDblClick(row); });
     }
+    /// The user leaves the window that opens next by its control box.
+    void leave() { world.windows.closeByControlBox(); }
     void returnIn(NumberBox &box, const Variant &value)
     {
         box.Value = value;
@@ -92,6 +94,7 @@ TEST_CASE("a staff window that is left changes nothing on the screen")
 {
     SelectionFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
+    screen.leave();
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.form.imNum_StaffNo.Value.get() == number(11));
     CHECK(screen.form.cbSejyutsu.ListIndex == 1);
@@ -108,13 +111,28 @@ TEST_CASE("a picked staff member whom the list lacks stands in the box, and the 
     CHECK(screen.form.cbSejyutsu.ListIndex == 1);
 }
 
+TEST_CASE("of a staff number that the list has twice the first entry is chosen")
+{
+    SelectionFixture screen;
+    screen.form.cbSejyutsu.AddItem("鈴木 次郎（再）", 12);
+    screen.chooseRow(2);
+    screen.form.btn_StaffSelect.onClick();
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+    screen.form.cbSejyutsu.ListIndex = std::int16_t{0};
+    screen.checkAnswers({{"鈴木 次郎", Null{}}});
+    CHECK(screen.form.iChkStaffNo(12, screen.form.cbSejyutsu) == 0);
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+}
+
 TEST_CASE("the staff window shows ended staff when the screen counts them, and never asks for a consultation")
 {
     SelectionFixture screen;
+    screen.leave();
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.lastSql().find(" where (iChusiFlg = 0 OR iChusiFlg IS NULL) and") != std::string::npos);
     screen.form.chkChushi.onClick = nullptr;
     screen.form.chkChushi.Value = 1;
+    screen.leave();
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.lastSql().find("iChusiFlg") == std::string::npos);
     CHECK(screen.lastSql().find("soudan") == std::string::npos);
@@ -126,6 +144,7 @@ TEST_CASE("a staff search without box and list gives back the number, and -1 whe
     screen.chooseRow(2);
     CHECK(screen.form.iSelectStaff() == 12);
     CHECK(screen.form.cbSejyutsu.ListIndex == 0);
+    screen.leave();
     CHECK(screen.form.iSelectStaff() == -1);
     screen.chooseRow(1);
     CHECK(screen.form.iSelectStaff(&screen.form.imNum_CD) == 11);
@@ -265,11 +284,24 @@ TEST_CASE("a picked patient stands on the screen by number and name")
     CHECK(screen.form.lbl_SelKanja.Caption.get() == "髙橋 﨑子");
 }
 
+TEST_CASE("a picked patient of number 0 is shown by name, unlike a window that is left")
+{
+    SelectionFixture screen;
+    screen.answer("FROM RIYOUSHA  WHERE", answerOf({"iKyotenCd", "iKyotenEb", "nIDNo", "cName", "cNameKana",
+                                                    "cNameRyaku", "cTelNo", "cAdress1", "cAdress2"},
+                                                   {{1, 2, std::int32_t{0}, "番号 なし", "", "", "", "", ""}}));
+    screen.chooseRow(1);
+    screen.form.btn_KanjaSelect_Click();
+    CHECK(screen.form.imNum_CD.Value.get() == number(0));
+    CHECK(screen.form.lbl_SelKanja.Caption.get() == "番号 なし");
+}
+
 TEST_CASE("a patient window that is left means everybody: number 0, no empty box")
 {
     SelectionFixture screen;
     screen.form.imNum_CD.Value = number(21);
     screen.form.lbl_SelKanja.Caption = "青木 一郎";
+    screen.leave();
     screen.form.btn_KanjaSelect.onClick();
     CHECK(screen.form.imNum_CD.Value.get() == number(0));
     CHECK(screen.form.lbl_SelKanja.Caption.get() == "(全員)");

@@ -59,7 +59,7 @@ private:
     {
         using How = PlayStep::Expected::How;
         if (const auto command = behind(">"))
-            m_play.steps.push_back({*command, {}});
+            addStep(*command);
         else if (m_text == "< ...")
             expect(How::anything, {});
         else if (const auto part = behind("<~"))
@@ -114,6 +114,12 @@ private:
         std::string rest = m_text.substr(mark.size());
         if (rest.starts_with(' ')) rest.erase(0, 1);
         return rest;
+    }
+
+    void addStep(const std::string &command)
+    {
+        if (m_play.steps.back().isEndOfCommands()) fail("a command follows the end of the commands");
+        m_play.steps.push_back({command, {}});
     }
 
     void expect(PlayStep::Expected::How how, const std::string &event)

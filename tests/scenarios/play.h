@@ -9,6 +9,10 @@ namespace inin {
 
 /// A command of a play with what must happen until the next one. The first step has no command: the start.
 struct PlayStep {
+    /// "> end of commands": the input ends here, and the program closes the forms that are still open. It is the last
+    /// step; in a play without it the program must close its forms itself.
+    static constexpr const char *kEndOfCommands = "end of commands";
+
     struct Expected {
         enum class How {
             exactly,    ///< "< {...}": this event and nothing else
@@ -21,6 +25,7 @@ struct PlayStep {
     };
     std::string command;
     std::vector<Expected> expected;
+    [[nodiscard]] bool isEndOfCommands() const { return command == kEndOfCommands; }
 };
 
 /// A text file of the play: readable UTF-8 here, code page 932 with CR LF on the disk.

@@ -107,6 +107,7 @@ std::string fileDifference(const Play &play, const PlayFile &file, const Tempora
 std::string firstDifference(const Play &play, const PlayRecord &record, const TemporarySite &site)
 {
     std::string found = eventDifference(play, record, site);
+    if (found.empty() && record.ranOutOfCommands) found = play.file + ": a form is still open after the last command";
     for (const PlayFile &file : play.expectedFiles)
         if (found.empty()) found = fileDifference(play, file, site);
     for (const std::string &path : play.absentFiles)

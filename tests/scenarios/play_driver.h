@@ -11,6 +11,8 @@ namespace inin {
 /// What a driver saw: the events of each step, in the play's order of steps, one JSON object each.
 struct PlayRecord {
     std::vector<std::vector<std::string>> events;
+    /// A form was still open after the last step, and the play has no step for the end of its commands.
+    bool ranOutOfCommands = false;
     int exitCode = 0;
     std::string errors;
 };

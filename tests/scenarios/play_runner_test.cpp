@@ -1,4 +1,5 @@
 #include "scenarios/play_check.h"
+#include "scenarios/script_driver.h"
 
 #include <doctest/doctest.h>
 
@@ -140,6 +141,37 @@ TEST_CASE("a command that was never asked for is a difference")
     CHECK(differenceOf("> {\"close\":true}\n", {{}}) == "test.play: never asked for {\"close\":true}");
 }
 
+TEST_CASE("a form that is still open after the last command is a difference")
+{
+    Checked checked(std::string(kHead) + "> {\"close\":true}\n");
+    checked.record.events = {{}, {}};
+    CHECK(checked.difference() == "");
+    checked.record.ranOutOfCommands = true;
+    CHECK(checked.difference() == "test.play: a form is still open after the last command");
+}
+
+TEST_CASE("the end of the commands is a step of its own, and the last one")
+{
+    const std::string end = "> end of commands\n";
+    const Play play = Checked::readText(kHead + end + "< {\"event\":\"beep\"}\n");
+    REQUIRE(play.steps.size() == 2);
+    CHECK(play.steps[1].isEndOfCommands());
+    CHECK(play.steps[1].expected.size() == 1);
+    CHECK(complaint(kHead + end + "> {\"close\":true}\n").ends_with(":5: a command follows the end of the commands"));
+}
+
+TEST_CASE("a play that leaves the screen open runs out of commands, unless it asks for their end")
+{
+    const auto ranOut = [](const std::string &steps) {
+        const Checked checked(kHead + steps);
+        return ScriptDriver().run(checked.play, checked.site).ranOutOfCommands;
+    };
+    CHECK(ranOut(""));
+    CHECK(ranOut("> {\"click\":\"optObject(0)\"}\n"));
+    CHECK_FALSE(ranOut("> {\"close\":true}\n"));
+    CHECK_FALSE(ranOut("> end of commands\n"));
+}
+
 TEST_CASE("the site's folder is $APP in events, however it is spelled")
 {
     Checked checked(std::string(kHead) + "< {\"event\":\"open\",\"address\":\"$APP\\\\a $APP/b\"}\n");
@@ -154,7 +186,7 @@ TEST_CASE("the site's folder is $APP in events, however it is spelled")
 TEST_CASE("an exit code that differs is told with what stood on the error stream")
 {
     Checked checked(kHead);
-    checked.record = {{{}}, 2, "line 1: no"};
+    checked.record = {.events = {{}}, .exitCode = 2, .errors = "line 1: no"};
     CHECK(checked.difference() == "test.play: wanted exit 0, seen 2\n  errors: line 1: no");
 }
 

@@ -23,14 +23,20 @@ public:
     {
     }
     [[nodiscard]] const std::vector<std::size_t> &marks() const { return m_marks; }
+    [[nodiscard]] bool ranOut() const { return m_ranOut; }
 
 protected:
     int_type underflow() override
     {
-        if (m_next == m_play.steps.size()) return traits_type::eof();
+        if (m_next == m_play.steps.size()) {
+            m_ranOut = true;
+            return traits_type::eof();
+        }
         m_marks.push_back(m_transcript.str().size());
         if (m_onCommand) m_onCommand(m_next);
-        m_line = m_play.steps[m_next++].command + "\n";
+        const PlayStep &step = m_play.steps[m_next++];
+        if (step.isEndOfCommands()) return traits_type::eof();
+        m_line = step.command + "\n";
         setg(m_line.data(), m_line.data(), m_line.data() + m_line.size());
         return traits_type::to_int_type(m_line.front());
     }
@@ -40,6 +46,7 @@ private:
     const std::ostringstream &m_transcript;
     std::function<void(std::size_t)> m_onCommand;
     std::size_t m_next = 1; // step 0 is the start
+    bool m_ranOut = false;
     std::string m_line;
     std::vector<std::size_t> m_marks;
 };
@@ -83,6 +90,7 @@ PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
         Main(app);
     });
     record.events = stepsOf(transcript.str(), feed.marks());
+    record.ranOutOfCommands = feed.ranOut();
     record.errors = errors.str();
     return record;
 }

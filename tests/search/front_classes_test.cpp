@@ -188,6 +188,7 @@ TEST_CASE("the staff window without arguments hides ended staff and knows no con
 TEST_CASE("the staff window takes both arguments")
 {
     FrontFixture front;
+    front.world.windows.closeByControlBox();
     CHECK(front.staff.iDspStart(1, 5) == 1);
     CHECK(front.statements().back().find("iChusiFlg") == std::string::npos);
     CHECK(front.statements().back().find("soudan.SoudanID = 5 ") != std::string::npos);
@@ -260,6 +261,17 @@ TEST_CASE("a check after a failed one has no words of that")
     front.checkAnswers({{"佐藤 花子", std::int16_t{0}}});
     CHECK(front.staff.iChkStaff(11) == 0);
     CHECK(front.staff.CsErrStr().empty());
+}
+
+TEST_CASE("a check whose statement fails has no words of the check before, only its box")
+{
+    FrontFixture front;
+    front.checkAnswers({});
+    REQUIRE(front.staff.iChkStaff(99) == 1);
+    front.answer(kStaffCheck, failure());
+    CHECK(front.staff.iChkStaff(11) == 1);
+    CHECK(front.staff.CsErrStr().empty());
+    CHECK(front.world.boxes.shown.size() == 1);
 }
 
 TEST_CASE("a check without a session shows why under its own heading")

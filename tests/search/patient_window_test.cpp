@@ -4,6 +4,8 @@
 
 #include <doctest/doctest.h>
 
+#include <array>
+
 using namespace inin;
 
 namespace {
@@ -84,6 +86,22 @@ TEST_CASE("the branch's number joins two digits of each code")
     }
 }
 
+TEST_CASE("each row has the number of its own branch")
+{
+    PatientsFixture list;
+    FakeResult found = PatientList::nullRow();
+    found.rows.resize(4, found.rows[0]);
+    for (const auto &[row, code, subCode] : {std::array<std::int16_t, 3>{0, 1, 2}, {1, 3, 2}, {2, 3, 4}, {3, 1, 2}}) {
+        found.rows[static_cast<std::size_t>(row)][0] = code;
+        found.rows[static_cast<std::size_t>(row)][1] = subCode;
+    }
+    list.answer(kPatientsFound, found);
+    list.opened();
+    Texts numbers;
+    for (std::int32_t row = 1; row <= 4; ++row) numbers.push_back(list.window.spr_1ran.text(row, 1));
+    CHECK(numbers == Texts{"102", "302", "304", "102"});
+}
+
 TEST_CASE("a branch's number beyond 32 bits is a system error")
 {
     PatientsFixture list;
@@ -148,7 +166,7 @@ TEST_CASE("the limit month is counted from the month, also on its 31st day")
     CHECK(list.window.chkEndKanja.Caption.get() == "2024/01以前に、施術の終了した利用者も表示する。");
 }
 
-TEST_CASE("a setting of months that is no 16-bit number or leaves the calendar is a system error, and the window stays")
+TEST_CASE("a bad setting of months is a system error, and the list opens without a limit and without the branch column")
 {
     struct Row {
         const char *line;
@@ -171,6 +189,8 @@ TEST_CASE("a setting of months that is no 16-bit number or leaves the calendar i
         CHECK(list.window.isLoaded());
         CHECK(list.window.spr_1ran.RowCount() == 3);
         CHECK(list.window.chkEndKanja.Caption.get() == "施術終了した利用者も表示");
+        CHECK(list.limit() == "9999/12");
+        CHECK(list.window.spr_1ran.columns()[0].width == 0);
     }
 }
 
@@ -293,6 +313,26 @@ TEST_CASE("choosing an entry of the staff list writes its number into the box")
     CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{12}));
     list.window.cbo_Sejutusha.ListIndex = std::int16_t{0};
     CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{0}));
+}
+
+TEST_CASE("a staff member of number 0 is in the list, but is no condition")
+{
+    PatientsFixture list;
+    list.answer(kStaffList, staffRows({{std::int32_t{0}, "番号 なし", ""}, {std::int32_t{11}, "佐藤 花子", ""}}));
+    list.opened();
+    list.window.cbo_Sejutusha.ListIndex = std::int16_t{1};
+    CHECK(list.infoOfSearch() == "抽出条件：");
+    CHECK(list.statements().back().find("nTantou") == std::string::npos);
+    CHECK(list.window.cbo_Sejutusha.ListIndex == 0); // the filter comes back to the controls
+}
+
+TEST_CASE("patient number 0 is no condition")
+{
+    PatientsFixture list;
+    list.opened();
+    list.window.in_SiboriID.Value = std::int32_t{0};
+    CHECK(list.infoOfSearch() == "抽出条件：");
+    CHECK(list.statements().back().find("AND nIDNo=") == std::string::npos);
 }
 
 TEST_CASE("a staff number that was typed but not confirmed is no condition")

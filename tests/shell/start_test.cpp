@@ -1,5 +1,6 @@
 #include "shell/start.h"
 
+#include "printing/print_form.h"
 #include "runtime/runtime_error.h"
 #include "support/fake_platform.h"
 #include "support/list_answers.h"
@@ -26,6 +27,7 @@ struct StaffedWorld : FakeWorld {
 TEST_CASE("the start shows the background first, then the screen, and the screen's end ends the process")
 {
     StaffedWorld world;
+    world.windows.closeByControlBox();
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     const auto &log = world.windows.log;
     CHECK(std::ranges::find(log, "show frmBack") < std::ranges::find(log, "show frmPrintInin"));
@@ -43,6 +45,8 @@ TEST_CASE("leaving the screen in any way hands back to the menu program and ends
         {"the control box", [](Form &form) { static_cast<void>(form.unload(true)); }},
         {"F12", [](Form &form) { form.key(nullptr, 123); }},
         {"the escape key", [](Form &form) { form.key(nullptr, 27); }},
+        {"the menu entry", [](Form &form) { dynamic_cast<frmPrintInin &>(form).mnF12.onClick(); }},
+        {"the button", [](Form &form) { dynamic_cast<frmPrintInin &>(form).btnPrint.onClick(6); }},
     };
     for (const Row &row : rows) {
         CAPTURE(row.claim);
@@ -118,6 +122,7 @@ TEST_CASE("a menu program that cannot be started goes on as an unhandled error, 
 {
     StaffedWorld world;
     world.processes.startError = 53;
+    world.windows.closeByControlBox();
     CHECK_THROWS_AS(Main(world.app), UnhandledError);
     CHECK(std::ranges::count(world.boxes.shown, kCannotStart) == 0);
     CHECK_FALSE(world.processes.ended);
@@ -127,6 +132,7 @@ TEST_CASE("the screen opens without a connection, and leaving it still hands bac
 {
     StaffedWorld world;
     world.database.connectError = -2147467259;
+    world.windows.closeByControlBox();
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
     CHECK(std::ranges::count(world.windows.log, "show frmPrintInin") == 1);
     CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});

@@ -4,6 +4,8 @@
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 
+#include <stdexcept>
+
 namespace inin {
 
 void FakeWindows::show(Form &form, Modality modality)
@@ -16,15 +18,17 @@ void FakeWindows::show(Form &form, Modality modality)
     form.Form_Activate();
     if (modality == Modality::modeless) return;
     while (form.isLoaded()) {
-        if (acts.empty()) {
-            form.unload(true);
-            continue;
-        }
+        if (acts.empty()) throw std::logic_error(form.name() + " is still open and no act is left");
         const auto act = acts.front();
         acts.pop_front();
         act(form);
     }
     log.push_back("hide " + form.name());
+}
+
+void FakeWindows::closeByControlBox()
+{
+    acts.emplace_back([](Form &form) { static_cast<void>(form.unload(true)); });
 }
 
 void FakeWindows::checkPicture(const std::string &path)

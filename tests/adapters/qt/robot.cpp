@@ -61,9 +61,14 @@ bool Robot::answerBox()
 
 void Robot::playNext(FormWindow &top)
 {
-    if (m_next == m_play.steps.size()) return closeAtEnd(top);
+    if (m_next == m_play.steps.size()) {
+        m_ranOut = !m_play.steps.back().isEndOfCommands();
+        return closeAtEnd(top);
+    }
     m_marks.push_back(m_written());
-    play(top, m_play.steps[m_next++].command);
+    const PlayStep &step = m_play.steps[m_next++];
+    if (step.isEndOfCommands()) return closeAtEnd(top);
+    play(top, step.command);
 }
 
 void Robot::play(FormWindow &top, const std::string &line)

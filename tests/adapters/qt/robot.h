@@ -30,6 +30,8 @@ public:
     /// Where in the transcript each command was asked for.
     [[nodiscard]] const std::vector<std::size_t> &marks() const { return m_marks; }
     [[nodiscard]] const std::string &errors() const { return m_errors; }
+    /// A window was still open after the last step, and the play has no step for the end of its commands.
+    [[nodiscard]] bool ranOut() const { return m_ranOut; }
 
 private:
     void comeBackSoon();
@@ -48,6 +50,7 @@ private:
     std::size_t m_next = 1; // step 0 is the start
     int m_waiting = 0;
     int m_closings = 0;
+    bool m_ranOut = false;
     std::vector<std::size_t> m_marks;
     std::string m_errors;
 };

@@ -154,6 +154,7 @@ PlayRecord WindowDriver::run(const Play &play, const TemporarySite &site)
         record.exitCode = stage.run();
         record.events = stepsOf(text.str(), stage.robot().marks());
         record.errors = stage.robot().errors();
+        record.ranOutOfCommands = stage.robot().ranOut();
         if (stage.seenWindows() != toldWindows(text.str()))
             record.errors += "seen were other windows:\n" + stage.seenWindows();
     }
