@@ -130,6 +130,7 @@ TEST_CASE("a NUL, a megabyte in a field and a cut-off last line are told, and th
     CHECK(outcome.code == 0);
     CHECK(contains(outcome.errors, "2番 利用者氏名：枠に入りきらないため、途中で切りました。\n"));
     CHECK(contains(outcome.errors, "4番：行が途中で切れています。\n"));
+    CHECK(contains(outcome.errors, "委任状.csv」は途中で切れているため、委任状が足りないおそれがあります。"));
     const auto pages = pagesOf(folder / "o.pdf");
     REQUIRE(pages.size() == 4);
     CHECK(contains(packed(pages[0]), "髙橋\uFFFD花子"));

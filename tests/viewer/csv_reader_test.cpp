@@ -87,7 +87,14 @@ TEST_CASE("the rows of a value with a line end are marked, and those around them
 TEST_CASE("a last line without its end is marked as cut off, whole as it may look")
 {
     CHECK(read("\"a\",\"b\"\r\n\"x\",\"y\"").fault(0) == RowFault::cutOff);
+    CHECK(read("\"a\",\"b\"\r\n\"x\",\"y\"\r").fault(0) == RowFault::cutOff);
     CHECK(read("\"a\",\"b\"\r\n\"x\",\"y").fault(0) == RowFault::cutOff);
+}
+
+TEST_CASE("a file that ends inside its title row is refused as cut off")
+{
+    CHECK(refusal("\"a\",\"b") == "見出し行が途中で切れています。");
+    CHECK(refusal("\"a\",\"b\"\r") == "見出し行が途中で切れています。");
 }
 
 TEST_CASE("titles may stand in any order and number")

@@ -9,6 +9,8 @@ namespace {
 constexpr std::array<CauseText, kCauses> kTexts = {{
     {Cause::unreadableRow, "unreadableRow", "読めない行", "読み取れない行です",
      "印刷の画面から出力し直し、元のデータの引用符を取ってください。"},
+    {Cause::blankPage, "blankPage", "白紙", "文字が一つも印刷されない委任状です",
+     "帳票の文書と CSV の内容を確認してください。"},
     {Cause::noPatient, "noPatient", "利用者なし", "利用者名が入っていません", "利用者情報に氏名を登録してください。"},
     {Cause::noInsurer, "noInsurer", "保険者なし", "保険者名が入っていません", "保険者の登録を確認してください。"},
     {Cause::noCompany, "noCompany", "会社なし", "会社名が入っていません",

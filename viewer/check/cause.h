@@ -6,9 +6,10 @@
 
 namespace inin::viewer {
 
-/// What can be wrong with a letter before it is printed, in the order in which it is told.
+/// What can be wrong with a letter before it is printed, in the order of the report.
 enum class Cause : std::uint8_t {
     unreadableRow,
+    blankPage, ///< neither a field nor a text of the form has a visible character
     noPatient,
     noInsurer,
     noCompany,
@@ -27,9 +28,10 @@ enum class Cause : std::uint8_t {
     doesNotFit,
     shrunk,
 };
-inline constexpr std::size_t kCauses = 18;
+inline constexpr std::size_t kCauses = 19;
 
-/// How a cause is told: its name for programs, and in Japanese a mark, a heading and the sentence on where it is mended.
+/// How a cause is reported: its name for programs, and in Japanese a mark, a heading and the sentence that says where to
+/// correct it.
 struct CauseText {
     Cause cause;
     std::string_view name;

@@ -14,11 +14,21 @@ namespace inin::viewer {
 
 namespace {
 
-/// Lays letters out without painting them, for their marks.
+bool isVisible(const ShapedGlyph &glyph)
+{
+    return glyph.text != 0 && glyph.text != U' ' && glyph.text != U'\t' && glyph.text != U'\u3000';
+}
+
+/// Lays letters out without painting them, for their marks. Notes whether a page has a visible character.
 class BlindPainter : public PagePainter {
 public:
+    void startPage() { m_hasText = false; }
+    [[nodiscard]] bool hasText() const { return m_hasText; }
     void paint(const PathCommand &) override {}
-    void paint(const GlyphRun &) override {}
+    void paint(const GlyphRun &run) override { m_hasText = m_hasText || std::ranges::any_of(run.glyphs, isVisible); }
+
+private:
+    bool m_hasText = false;
 };
 
 /// More numbers than this are cut: thousands of twins would each name all the others.
@@ -69,7 +79,12 @@ void LetterCheck::judgeLetter(std::size_t letter)
 void LetterCheck::addMarks(std::size_t letter)
 {
     const bool datesAreTold = std::ranges::count(m_rules->found, Cause::noDate, &RowFinding::cause) != 0;
-    for (const FieldMark &mark : m_press.paintFields(letter, m_rules->painter)) {
+    BlindPainter &painter = m_rules->painter;
+    painter.startPage();
+    const std::vector<FieldMark> &marks = m_press.paintFields(letter, painter);
+    if (!painter.hasText()) m_press.layoutOf(letter).paintShared(painter);
+    if (!painter.hasText()) m_found.push_back({Cause::blankPage, letter, {}});
+    for (const FieldMark &mark : marks) {
         const std::string columns = columnNames(m_press.layoutOf(letter), mark);
         if (mark.noDate && !datesAreTold) m_found.push_back({Cause::noDate, letter, columns});
         if (!mark.missing.empty())

@@ -6,12 +6,12 @@
 #include "viewer/form/svg_reader.h"
 #include "viewer/io/file_io.h"
 #include "viewer/letters/csv_reader.h"
+#include "viewer/letters/run_record.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <chrono>
-#include <thread>
+#include <optional>
 
 namespace inin::viewer {
 
@@ -19,11 +19,8 @@ namespace {
 
 constexpr std::size_t kLargestScript = std::size_t{1} << 22;
 constexpr std::size_t kLargestForm = std::size_t{1} << 23;
+constexpr std::size_t kLargestLetterFile = std::size_t{1} << 30;
 constexpr int kMostReports = 100;
-
-/// A merger is started just before the viewer, and nothing makes the viewer wait for it: its result may come late.
-constexpr int kMergerTries = 30;
-constexpr std::chrono::milliseconds kMergerPause{100};
 
 /// What goes wrong inside a file is told with the file's path in front.
 template <class Body> auto naming(const std::string &path, Body &&body)
@@ -33,21 +30,33 @@ try {
     throw RuntimeError(error.number(), fmt::format("「{}」：{}", path, error.description()));
 }
 
-std::string readForm(const std::string &path, bool mayComeLate)
+std::string cutOffText(const std::string &path)
 {
-    for (int i = 0; mayComeLate && i < kMergerTries; ++i) {
-        try {
-            return readWholeFile(path, kLargestForm);
-        } catch (const RuntimeError &error) {
-            if (error.number() != error_number::fileNotFound) throw;
-            std::this_thread::sleep_for(kMergerPause);
-        }
+    return fmt::format(
+        "「{}」は途中で切れているため、委任状が足りないおそれがあります。印刷の画面から出力し直してください。", path);
+}
+
+/// A sentence when the program that wrote a letter file of this size recorded another number of letters.
+std::optional<std::string> countDifference(const std::string &path, std::size_t fileSize, std::size_t rows)
+{
+    std::string text;
+    try {
+        text = readWholeFile(runRecordPath(path), kLargestRunRecord);
+    } catch (const RuntimeError &) {
+        return std::nullopt; // most letter files have no record, and one that cannot be read tells nothing
     }
-    return readWholeFile(path, kLargestForm);
+    const std::optional<RunRecord> run = readRunRecord(text);
+    if (!run || run->fileSize != fileSize || run->letters == rows) return std::nullopt;
+    return fmt::format(
+        "「{}」に書き出された委任状は{}通ですが、読み込んだ行は{}行です。データの中の改行などで委任状が増減した"
+        "おそれがあります。印刷の前に内容を確認してください。",
+        path, run->letters, rows);
 }
 
 class Opener {
 public:
+    explicit Opener(const Pause &pause) : m_pause(pause) {}
+
     LetterSet open(const CommandScript &script)
     {
         m_set.title = script.title;
@@ -70,7 +79,9 @@ private:
     {
         if (order.form.empty())
             throw RuntimeError(error_number::invalidCall, "コマンドファイルに帳票の名前（FileName）がありません。");
-        const std::string bytes = readForm(order.form, order.data.empty());
+        // A combined form comes from a merger that was started just before the viewer and may still be at work.
+        const std::string bytes = order.data.empty() ? readComingFile(order.form, kLargestForm, m_pause)
+                                                     : readWholeFile(order.form, kLargestForm);
         if (!isCombinedForm(bytes)) {
             addReport(order, bytes);
             return;
@@ -107,11 +118,22 @@ private:
 
     LetterTable readTable(const DataSource &source)
     {
-        m_set.letterFiles.push_back({source.path, stampOf(source.path)});
-        std::string bytes = readWholeFile(source.path);
-        return naming(source.path, [&] {
-            return readLetters(std::move(bytes), source.hasTitles ? TitleRow::first : TitleRow::none);
+        ReadFile file = readGrowingFile(source.path, kLargestLetterFile, m_pause);
+        m_set.letterFiles.push_back({source.path, file.stamp});
+        const std::size_t fileSize = file.bytes.size();
+        const bool isCutOff = isUnfinished(file.bytes);
+        LetterTable table = naming(source.path, [&] {
+            return readLetters(std::move(file.bytes), source.hasTitles ? TitleRow::first : TitleRow::none);
         });
+        if (isCutOff) warn(cutOffText(source.path));
+        if (const auto difference = countDifference(source.path, fileSize, table.size())) warn(*difference);
+        return table;
+    }
+
+    void warn(const std::string &sentence)
+    {
+        m_set.warnings.push_back(sentence);
+        m_set.notices.push_back(sentence);
     }
 
     void readFormInto(LetterReport &report, const std::string &bytes)
@@ -153,6 +175,7 @@ private:
         return isUsed;
     }
 
+    const Pause &m_pause;
     LetterSet m_set;
 };
 
@@ -192,15 +215,15 @@ LetterSet::Place LetterSet::placeOf(std::size_t letter) const
     return {report, letter};
 }
 
-LetterSet openScript(const std::string &path)
+LetterSet openScript(const std::string &path, const Pause &pause)
 {
-    const CommandScript script = readCommandScript(readWholeFile(path, kLargestScript));
-    return naming(path, [&] { return openLetters(script); });
+    const CommandScript script = readCommandScript(readGrowingFile(path, kLargestScript, pause).bytes);
+    return naming(path, [&] { return openLetters(script, pause); });
 }
 
-LetterSet openLetters(const CommandScript &script)
+LetterSet openLetters(const CommandScript &script, const Pause &pause)
 {
-    return Opener().open(script);
+    return Opener(pause).open(script);
 }
 
 } // namespace inin::viewer

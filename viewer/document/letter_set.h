@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/document/growing_file.h"
 #include "viewer/form/form_document.h"
 #include "viewer/io/file_stamp.h"
 #include "viewer/letters/letter_table.h"
@@ -32,6 +33,7 @@ struct LetterSet {
     std::string title;
     std::vector<LetterReport> reports;
     std::vector<std::string> notices;     ///< of the script, the forms and the letter files
+    std::vector<std::string> warnings;    ///< those of the notices by which letters may be missing or too many
     std::vector<StampedFile> letterFiles; ///< as they were just before they were read
     Paper paper = Paper::A4;
     Ending ending = Ending::none;
@@ -48,8 +50,9 @@ struct LetterSet {
 };
 
 /// Opens what a script names. A form or letter file that is missing or unreadable, a placeholder without its column, a
-/// file without letters: RuntimeErrors with a sentence that names the path.
-[[nodiscard]] LetterSet openScript(const std::string &path);
-[[nodiscard]] LetterSet openLetters(const CommandScript &script);
+/// file without letters: RuntimeErrors with a sentence that names the path. A file that is still being written is waited
+/// for, a few seconds at most.
+[[nodiscard]] LetterSet openScript(const std::string &path, const Pause &pause = sleepBriefly);
+[[nodiscard]] LetterSet openLetters(const CommandScript &script, const Pause &pause = sleepBriefly);
 
 } // namespace inin::viewer

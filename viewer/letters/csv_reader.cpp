@@ -173,6 +173,7 @@ void findRows(UnreadRows &rows, std::size_t begin)
 
 std::vector<std::string> titledColumns(const Line &first)
 {
+    if (!first.hasEnd && first.text.starts_with('"')) fail("見出し行が途中で切れています。");
     if (!isQuoted(first.text)) fail("先頭の行が見出し行ではありません。各列を引用符で囲んだ行が必要です。");
     std::vector<std::size_t> places, chosen;
     findSeparators(innerOf(first), places);

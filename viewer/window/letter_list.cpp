@@ -52,6 +52,14 @@ void LetterList::setCurrent(std::size_t letter)
     scrollTo(index);
 }
 
+QItemSelectionModel::SelectionFlags LetterList::selectionCommand(const QModelIndex &index, const QEvent *event) const
+{
+    // Without an event the view would apply the modifier keys that are held right now: after Ctrl+PageDown it would toggle
+    // the row of the new letter.
+    if (event == nullptr) return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    return QTableView::selectionCommand(index, event);
+}
+
 void LetterList::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
@@ -89,13 +97,14 @@ void LetterList::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Space) return toggleSelected();
     if (event->matches(QKeySequence::Copy)) return copySelected();
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && onEnter) return onEnter();
-    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
-        // In a plain table these keys run along the row.
-        if (m_model.rowCount() > 0)
-            setCurrent(event->key() == Qt::Key_Home ? 0 : static_cast<std::size_t>(m_model.rowCount() - 1));
-        return;
-    }
     QTableView::keyPressEvent(event);
+}
+
+QModelIndex LetterList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    if (action == MoveHome) return m_model.index(0, 0);
+    if (action == MoveEnd) return m_model.index(m_model.rowCount() - 1, 0);
+    return QTableView::moveCursor(action, modifiers);
 }
 
 } // namespace inin::viewer

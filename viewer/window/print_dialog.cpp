@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
@@ -81,11 +82,18 @@ std::vector<PrinterChoice> systemPrinters()
 
 PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vector<PrinterChoice> printers,
                          QWidget *parent)
-    : QDialog(parent), m_ticks(ticks), m_settings(settings), m_printers(std::move(printers)),
-      m_range(new RangeBox(this)), m_check(new QLabel(this)), m_note(new QLabel(this))
+    : QDialog(parent), m_ticks(ticks), m_settings(settings), m_printers(std::move(printers)), m_check(new QLabel(this)),
+      m_note(new QLabel(this))
 {
     setObjectName(u"printDialog"_s);
     setWindowTitle(u"印刷"_s);
+    // The Tab key follows the order in which the widgets are made: that of the screen.
+    auto *const layout = new QVBoxLayout(this);
+    layout->addWidget(printerGroup());
+    layout->addWidget(jobGroup());
+    layout->addWidget(offsetGroup());
+    layout->addWidget(m_check);
+    layout->addWidget(m_note);
     m_check->setObjectName(u"printCheck"_s);
     m_check->setWordWrap(true);
     m_check->hide();
@@ -99,18 +107,7 @@ PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vect
     buttons->addButton(u"キャンセル"_s, QDialogButtonBox::RejectRole);
     QObject::connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
     QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
-    auto *const layout = new QVBoxLayout(this);
-    layout->addWidget(printerGroup());
-    layout->addWidget(jobGroup());
-    layout->addWidget(offsetGroup());
-    layout->addWidget(m_check);
-    layout->addWidget(m_note);
     layout->addWidget(buttons);
-    m_range->showTicks(&ticks);
-    m_range->onChanged = [this] {
-        if (onTicksChanged) onTicksChanged();
-        enablePrint();
-    };
     showPrinter();
     m_printer->setFocus();
 }
@@ -144,6 +141,12 @@ QWidget *PrintDialog::jobGroup()
 {
     auto *const group = new QGroupBox(u"範囲と分け方"_s, this);
     auto *const layout = new QVBoxLayout(group);
+    m_range = new RangeBox(group);
+    m_range->showTicks(&m_ticks);
+    m_range->onChanged = [this] {
+        if (onTicksChanged) onTicksChanged();
+        enablePrint();
+    };
     m_oneJob = named(new QRadioButton(u"一度にまとめて印刷する(&O)"_s, group), "oneJob", u"一度にまとめて印刷する"_s);
     m_manyJobs = named(new QRadioButton(u"分けて印刷する(&M)"_s, group), "manyJobs", u"分けて印刷する"_s);
     m_perJob = named(new QSpinBox(group), "lettersPerJob", u"一回に印刷する通数"_s);
@@ -152,8 +155,11 @@ QWidget *PrintDialog::jobGroup()
     const int perJob = m_settings.lettersPerJob();
     m_perJob->setValue(perJob == 0 ? kUsualPerJob : perJob);
     (perJob == 0 ? m_oneJob : m_manyJobs)->setChecked(true);
-    m_perJob->setEnabled(perJob != 0);
-    QObject::connect(m_manyJobs, &QRadioButton::toggled, m_perJob, &QWidget::setEnabled);
+    // The box is never disabled: Tab would skip it until the option's key has taken effect. A number that is entered
+    // into it chooses the option.
+    const auto chooseManyJobs = [this] { m_manyJobs->setChecked(true); };
+    QObject::connect(m_perJob, &QSpinBox::valueChanged, this, chooseManyJobs);
+    QObject::connect(m_perJob->findChild<QLineEdit *>(), &QLineEdit::textEdited, this, chooseManyJobs);
     auto *const many = new QHBoxLayout;
     many->addWidget(m_manyJobs);
     many->addWidget(m_perJob);

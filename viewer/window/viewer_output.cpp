@@ -52,7 +52,10 @@ std::unique_ptr<PrintDialog> ViewerWindow::printDialog()
 {
     finishCheck();
     auto dialog = std::make_unique<PrintDialog>(m_letters->ticks, m_settings, m_services.printers(), this);
-    if (!m_findings.all().empty()) dialog->showCheck(m_checkPanel->heading());
+    QStringList lines;
+    if (const QString warnings = warningText(); !warnings.isEmpty()) lines << warnings;
+    if (!m_findings.all().empty()) lines << m_checkPanel->heading();
+    dialog->showCheck(lines.join(u'\n'));
     dialog->onTicksChanged = [this] { ticksChanged(); };
     dialog->onRulerPage = [this](const PrintOrder &order) {
         return printRulerPage(*m_letters, order, m_services.roads);

@@ -131,14 +131,24 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     m_list->setCurrent(0);
     m_number->setValue(1);
     m_watch.watch(m_letters->set.letterFiles);
+    m_notice->hide();
+    if (const QString warnings = warningText(); !warnings.isEmpty()) m_notice->showNotice(warnings, {}, {});
     if (!isFirst) startCheck();
+}
+
+QString ViewerWindow::warningText() const
+{
+    QStringList lines;
+    for (const std::string &warning : m_letters->set.warnings) lines << qtText(warning);
+    return lines.join(u'\n');
 }
 
 void ViewerWindow::start()
 {
     const Ending ending = m_letters->set.ending;
     if (ending != Ending::print && ending != Ending::printByDialog) return;
-    m_closesWhenPrinted = true;
+    // A warning stays on the screen until somebody has seen it.
+    m_closesWhenPrinted = m_letters->set.warnings.empty();
     whenPlaced([this, ending] {
         if (ending == Ending::printByDialog) return askPrint();
         const PrintOrder order = printDialog()->order();
@@ -269,7 +279,6 @@ void ViewerWindow::reload()
     if (m_task->isRunning()) return statusBar()->showMessage(u"終わってから読み込んでください。"_s);
     try {
         adopt(std::make_unique<OpenLetters>(m_scriptPath));
-        m_notice->hide();
         statusBar()->showMessage(u"読み込み直しました。すべての委任状に印が付いています。"_s);
     } catch (const RuntimeError &error) {
         tell(QMessageBox::Warning, qtText(error.description()) + u"\n前の内容をそのまま表示しています。"_s);

@@ -73,6 +73,8 @@ private:
     QWidget *buildList();
     QWidget *buildPage();
     void adopt(std::unique_ptr<OpenLetters> letters);
+    /// The warnings about the letter files, a line each.
+    [[nodiscard]] QString warningText() const;
     void whenPlaced(std::function<void()> what);
     void startCheck();
     void checkMore();

@@ -20,3 +20,21 @@ TEST_CASE("the program's check tells what the window tells of script, form and f
                             "「f.svg」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）\n"
                             "1通を点検しました。注意が必要な委任状はありません。\n");
 }
+
+TEST_CASE("the program reports a difference to the letters of the run, in the check and beside a PDF")
+{
+    const TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    folder.put("委任状.run",
+               "PrintInin run 1\r\ncsv " + std::to_string(folder.bytes("委任状.csv").size()) + "\r\nletters 2\r\n");
+    const std::string sentence = "委任状.csv」に書き出された委任状は2通ですが、読み込んだ行は1行です。"
+                                 "データの中の改行などで委任状が増減したおそれがあります。"
+                                 "印刷の前に内容を確認してください。\n";
+    const Outcome check = runViewer(folder, "--check '" + script + "'");
+    CHECK(check.code == 0);
+    CHECK(contains(check.output, sentence));
+    const Outcome pdf = runViewer(folder, "--pdf o.pdf '" + script + "'");
+    CHECK(pdf.code == 0);
+    CHECK(contains(pdf.errors, sentence));
+    CHECK(folder.has("o.pdf"));
+}

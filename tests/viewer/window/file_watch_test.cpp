@@ -3,9 +3,12 @@
 #include "viewer/window/notice_bar.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
+#include <QTest>
+#include <QTimer>
 #include <doctest/doctest.h>
 
 #include <filesystem>
@@ -134,4 +137,62 @@ TEST_CASE("letters that cannot be loaded leave those before in place, with a sen
     CHECK(world.told[0].contains(QStringLiteral("ファイルが空です。")));
     CHECK(world.told[0].endsWith(QStringLiteral("前の内容をそのまま表示しています。")));
     CHECK(patientAt(world, 1) == QStringLiteral("甲2"));
+}
+
+namespace {
+
+/// Letters beside which the record of their run counts one more.
+struct OneLetterLost : WindowWorld {
+    OneLetterLost() : WindowWorld(differentRows(2))
+    {
+        folder.put("委任状.run",
+                   "PrintInin run 1\r\ncsv " + std::to_string(folder.bytes("委任状.csv").size()) + "\r\nletters 3\r\n");
+    }
+};
+const QString kOneLost = QStringLiteral("に書き出された委任状は3通ですが、読み込んだ行は2行です。");
+
+} // namespace
+
+TEST_CASE("a difference to the letters of the run is shown above the page, among the notices and before printing")
+{
+    OneLetterLost world;
+    world.openWindow();
+    CHECK(world.find<QWidget>("noticeBar")->isVisible());
+    CHECK(world.find<QLabel>("noticeText")->text().contains(kOneLost));
+    CHECK(!world.find<QPushButton>("noticeAction")->isVisible());
+    REQUIRE(world.window->letters().notices.size() == 1);
+    CHECK(QString::fromStdString(world.window->letters().notices[0]).contains(kOneLost));
+    QString warned;
+    QTimer::singleShot(0, world.window.get(), [&] {
+        auto *const dialog = world.window->findChild<QDialog *>(QStringLiteral("printDialog"));
+        const auto *const label = dialog->findChild<QLabel *>(QStringLiteral("printCheck"));
+        if (label->isVisible()) warned = label->text();
+        dialog->reject();
+    });
+    world.window->askPrint();
+    CHECK(warned.contains(kOneLost));
+}
+
+TEST_CASE("the notice about lost letters goes away when the letters are loaded whole")
+{
+    OneLetterLost world;
+    world.openWindow();
+    world.folder.put("委任状.run", "PrintInin run 1\r\n");
+    world.window->reload();
+    CHECK(!world.find<QWidget>("noticeBar")->isVisible());
+}
+
+TEST_CASE("a window that prints at once stays open when letters may be lost")
+{
+    OneLetterLost world;
+    std::string script = bytesOf(world.script);
+    const std::string dialog = "PrintOutFromDialog";
+    writeBytes(world.script, script.replace(script.find(dialog), dialog.size(), "PrintOut"));
+    world.openWindow();
+    world.window->start();
+    CHECK(QTest::qWaitFor([&] { return world.jobs == 1; }));
+    QApplication::processEvents();
+    CHECK(pageCount(world.jobPath(0)) == 2);
+    CHECK(world.window->isVisible());
+    CHECK(world.find<QWidget>("noticeBar")->isVisible());
 }

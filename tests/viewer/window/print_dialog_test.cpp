@@ -75,6 +75,76 @@ TEST_CASE("jobs of n letters are remembered")
     CHECK(again.order().lettersPerJob == 20);
 }
 
+namespace {
+
+/// Types to whatever has the focus.
+void typeText(const char *text)
+{
+    for (; *text != 0; ++text) QTest::keyClick(QApplication::focusWidget(), *text);
+}
+
+struct ActiveDialog : Dialog {
+    ActiveDialog()
+    {
+        dialog.show();
+        REQUIRE(QTest::qWaitForWindowActive(&dialog));
+    }
+};
+
+} // namespace
+
+TEST_CASE("a number typed right after Alt+M and Tab is the number of letters of a job")
+{
+    ActiveDialog world;
+    QTest::keyClick(world.dialog.windowHandle(), Qt::Key_M, Qt::AltModifier);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    typeText("100");
+    CHECK(world.dialog.order().lettersPerJob == 100);
+    CHECK(world.dialog.order().offset == PrinterOffset{});
+    // The option is pressed by its key and released a little later.
+    const auto *const manyJobs = world.find<QRadioButton>("manyJobs");
+    REQUIRE(QTest::qWaitFor([&] { return !manyJobs->isDown(); }));
+    CHECK(world.dialog.order().lettersPerJob == 100);
+}
+
+TEST_CASE("a number entered into the box of letters for each job chooses separate jobs")
+{
+    for (const char *number : {"7", "50"}) {
+        CAPTURE(number);
+        Dialog world;
+        auto *const box = world.find<QSpinBox>("lettersPerJob");
+        CHECK(box->isEnabled());
+        box->selectAll();
+        QTest::keyClicks(box, QLatin1String(number));
+        CHECK(world.find<QRadioButton>("manyJobs")->isChecked());
+        CHECK(world.dialog.order().lettersPerJob == std::stoul(number));
+    }
+    Dialog world;
+    QTest::keyClick(world.find<QSpinBox>("lettersPerJob"), Qt::Key_Up);
+    CHECK(world.dialog.order().lettersPerJob == 51);
+}
+
+TEST_CASE("the Tab key follows the order of the boxes on the screen")
+{
+    ActiveDialog world;
+    std::vector<std::string> names;
+    std::vector<QPoint> places;
+    for (int i = 0; i < 10; ++i) {
+        QWidget *const widget = QApplication::focusWidget();
+        names.push_back(widget->objectName().toStdString());
+        places.push_back(widget->mapTo(&world.dialog, widget->rect().center()));
+        QTest::keyClick(widget, Qt::Key_Tab);
+    }
+    CHECK(names == std::vector<std::string>{"printer", "copies", "duplex", "rangeBox", "oneJob", "lettersPerJob",
+                                            "offsetRight", "offsetDown", "rulerPage", "printNow"});
+    constexpr int kSameRow = 8; // boxes of a row differ a little in height
+    for (std::size_t i = 1; i < places.size(); ++i) {
+        CAPTURE(names[i]);
+        const int below = places[i].y() - places[i - 1].y();
+        CHECK((below > kSameRow || (std::abs(below) <= kSameRow && places[i].x() > places[i - 1].x())));
+    }
+}
+
 TEST_CASE("the dialog does not print while its box cannot be read")
 {
     Dialog world;

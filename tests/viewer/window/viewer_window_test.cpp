@@ -4,12 +4,14 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTest>
+#include <QWindow>
 #include <doctest/doctest.h>
 
 using namespace inin;
@@ -194,4 +196,92 @@ TEST_CASE("the tabulator key goes through list, box, page and back")
         CAPTURE(name);
         CHECK(seen.contains(QLatin1String(name)));
     }
+}
+
+namespace {
+
+/// A window with the keyboard's focus in its list.
+struct Walked : Shown {
+    explicit Walked(int count) : Shown(count)
+    {
+        REQUIRE(QTest::qWaitForWindowActive(window.get()));
+        list()->setFocus();
+    }
+    /// As a keyboard sends a key: the window's shortcuts act first, and the modifiers are held meanwhile.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1) const
+    {
+        for (int i = 0; i < times; ++i) {
+            QTest::keyPress(window->windowHandle(), key, modifiers);
+            QTest::keyRelease(window->windowHandle(), key, modifiers);
+        }
+    }
+};
+
+} // namespace
+
+TEST_CASE("Space after Ctrl+PageDown unticks only the letter that is shown")
+{
+    Walked world(6);
+    world.press(Qt::Key_PageDown, Qt::ControlModifier, 4);
+    world.press(Qt::Key_Space);
+    CHECK(world.letter() == "5");
+    CHECK(world.box() == "1-4,6");
+}
+
+TEST_CASE("Space after Ctrl+PageUp unticks only the letter that is shown")
+{
+    Walked world(6);
+    world.press(Qt::Key_End);
+    world.press(Qt::Key_PageUp, Qt::ControlModifier);
+    world.press(Qt::Key_PageDown, Qt::ControlModifier);
+    world.press(Qt::Key_PageUp, Qt::ControlModifier);
+    world.press(Qt::Key_Space);
+    CHECK(world.letter() == "5");
+    CHECK(world.box() == "1-4,6");
+}
+
+TEST_CASE("Shift+Down after Ctrl+PageDown extends the selection from the letter that is shown")
+{
+    Walked world(6);
+    world.press(Qt::Key_PageDown, Qt::ControlModifier, 2);
+    world.press(Qt::Key_Down, Qt::ShiftModifier);
+    world.press(Qt::Key_Space);
+    CHECK(world.box() == "1-2,5-6");
+}
+
+TEST_CASE("Shift+End and Shift+Home extend the selection to the last and the first letter")
+{
+    Walked world(6);
+    world.press(Qt::Key_Down, Qt::NoModifier, 2);
+    world.press(Qt::Key_End, Qt::ShiftModifier);
+    world.press(Qt::Key_Space);
+    CHECK(world.box() == "1-2");
+    world.press(Qt::Key_Home, Qt::ShiftModifier);
+    world.press(Qt::Key_Space);
+    CHECK(world.box() == "1-3");
+}
+
+TEST_CASE("Space after a text is pasted into the find box unticks only the letter that is found")
+{
+    Walked world(30);
+    QGuiApplication::clipboard()->setText(QStringLiteral("甲29"));
+    world.find<QLineEdit>("find")->setFocus();
+    world.press(Qt::Key_V, Qt::ControlModifier);
+    world.list()->setFocus();
+    world.press(Qt::Key_Space);
+    CHECK(world.letter() == "29");
+    CHECK(world.box() == "1-28,30");
+}
+
+TEST_CASE("Space after Shift+F3 unticks only the letter that is found")
+{
+    Walked world(5);
+    world.find<QLineEdit>("find")->setText(QStringLiteral("甲"));
+    const QPoint third = world.list()->visualRect(world.list()->model()->index(2, 2)).center();
+    QTest::mouseClick(world.list()->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
+    REQUIRE(world.list()->selectionModel()->selectedRows().size() == 2);
+    world.press(Qt::Key_F3, Qt::ShiftModifier);
+    world.press(Qt::Key_Space);
+    CHECK(world.letter() == "2");
+    CHECK(world.box() == "1,3-5");
 }

@@ -1,0 +1,56 @@
+#include "viewer/document/growing_file.h"
+
+#include "runtime/runtime_error.h"
+#include "viewer/io/file_io.h"
+
+#include <chrono>
+#include <thread>
+
+namespace inin::viewer {
+
+namespace {
+
+constexpr std::chrono::milliseconds kPause{100};
+constexpr int kSettledLooks = 10; ///< a file that stays the same for so many is not being written any more
+constexpr int kMostLooks = 50;
+constexpr int kLooksForComing = 30;
+
+} // namespace
+
+void sleepBriefly()
+{
+    std::this_thread::sleep_for(kPause);
+}
+
+bool isUnfinished(const std::string &bytes)
+{
+    return !bytes.ends_with('\n');
+}
+
+ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause &pause)
+{
+    // The stamp is taken first: a change while the file is read is then seen as one.
+    const auto read = [&] {
+        const FileStamp stamp = stampOf(path);
+        return ReadFile{readWholeFile(path, limit), stamp};
+    };
+    ReadFile file = read();
+    for (int looks = 0, settled = 0; isUnfinished(file.bytes) && looks < kMostLooks && settled < kSettledLooks;
+         ++looks) {
+        pause();
+        const FileStamp now = stampOf(path);
+        // A file that is gone is about to be created anew.
+        const bool isChanged = now.exists && now != file.stamp;
+        settled = isChanged ? 0 : settled + 1;
+        if (isChanged) file = read();
+    }
+    return file;
+}
+
+std::string readComingFile(const std::string &path, std::size_t limit, const Pause &pause)
+{
+    for (int looks = 0; looks < kLooksForComing && !stampOf(path).exists; ++looks) pause();
+    return readWholeFile(path, limit);
+}
+
+} // namespace inin::viewer
