@@ -1,5 +1,6 @@
 #include "viewer/app/write_letters.h"
 
+#include "adapters/common/program_edges.h"
 #include "runtime/runtime_error.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
@@ -19,7 +20,7 @@ namespace {
 
 void tell(const std::string &sentence)
 {
-    fmt::print(stderr, "{}\n", sentence);
+    printLine(stderr, sentence);
 }
 
 void tellMarks(LetterPress &press, std::size_t letter, const std::vector<FieldMark> &marks)

@@ -3,8 +3,6 @@
 #include "adapters/common/program_edges.h"
 #include "adapters/win32/win32_text.h"
 
-#include <fmt/format.h>
-
 #include <cstdio>
 #include <memory>
 
@@ -59,7 +57,7 @@ void prepareStreams()
 void tellFailure(const std::string &sentence)
 {
     if (_fileno(stderr) >= 0) {
-        fmt::print(stderr, "{}\n", sentence);
+        printLine(stderr, sentence);
         return;
     }
     MessageBoxW(nullptr, wideFromUtf8(sentence).c_str(), L"委任状", MB_OK | MB_ICONWARNING);
