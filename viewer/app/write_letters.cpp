@@ -78,7 +78,8 @@ void writeCombinedForm(const MergeCommand &command)
         report.form = systemPathOf(report.form);
         for (DataSource &source : report.data) source.path = systemPathOf(source.path);
     }
-    writeFile(command.output, combinedFormText(script.reports));
+    // Its path is the suite's, where those of other output come from a person.
+    writeFile(systemPathOf(command.output), combinedFormText(script.reports));
 }
 
 } // namespace inin::viewer
