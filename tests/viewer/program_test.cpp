@@ -296,6 +296,17 @@ TEST_CASE("the name of a PDF is taken as it is: another case or a dot at the end
     CHECK(pagesOf(folder / "y.").size() == 1);
 }
 
+TEST_CASE("a form of another namespace is refused, and gives no blank pages")
+{
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    change(folder / kForm, "http://www.w3.org/2000/svg", "http://www.example.invalid/svg");
+    const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
+    CHECK(outcome.code == 1);
+    CHECK(contains(outcome.errors, "SVG の文書ではありません。"));
+    CHECK_FALSE(folder.has("o.pdf"));
+}
+
 TEST_CASE("a form whose own text has a character that no font has is told")
 {
     TempFolder folder;
