@@ -78,7 +78,7 @@ void writeCombinedForm(const MergeCommand &command)
         report.form = systemPathOf(report.form);
         for (DataSource &source : report.data) source.path = systemPathOf(source.path);
     }
-    // Its path is the suite's, where those of other output come from a person.
+    // The suite names this output, in any case; a person names the others.
     writeFile(systemPathOf(command.output), combinedFormText(script.reports));
 }
 

@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t kMostParts = 6000;
 constexpr std::string_view kBlanks = " \t\r\n";
 
-/// A text that is read from its beginning to its end. What a search looks at is taken too, up to the end that it finds:
-/// so no character is looked at again and again.
+/// A text that is read from its beginning to its end. Each search takes what it has looked at, so that the work stays in
+/// proportion to the size.
 class StyleText {
 public:
     explicit StyleText(std::string_view text) : m_rest(text) {}

@@ -22,7 +22,7 @@ void makeFolder(const std::string &systemPath);
 /// the path.
 class FinishedFile {
 public:
-    /// The path is the system's, taken letter by letter: the name may have been typed by a person.
+    /// The path is the system's and is used as it is, without the search for another case: a person may have typed it.
     explicit FinishedFile(const std::string &path);
     FinishedFile(const FinishedFile &) = delete;
     FinishedFile &operator=(const FinishedFile &) = delete;
