@@ -1,3 +1,4 @@
+#include "adapters/suite_text/code_page_932.h"
 #include "runtime/runtime_error.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/pdf/letters_pdf.h"
@@ -7,6 +8,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <numeric>
 #include <random>
@@ -316,4 +318,35 @@ TEST_CASE("numbers are written as short as they can be")
         appendNumber(out, each.number);
         CHECK(out == each.text);
     }
+}
+
+TEST_CASE("numbers beyond every page are written as the largest one, and what is not a number as nothing")
+{
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    for (const int decimals : {2, 5}) {
+        for (const double large : {1e13, 1e14, 2e17, 1e300, kInfinity}) {
+            CAPTURE(large);
+            std::string out;
+            appendNumber(out, large, decimals);
+            out += ' ';
+            appendNumber(out, -large, decimals);
+            CHECK(out == "10000000000000 -10000000000000");
+        }
+        std::string out;
+        appendNumber(out, std::numeric_limits<double>::quiet_NaN(), decimals);
+        CHECK(out == "0");
+    }
+    CHECK(hundredthsOf(1e300) == 1'000'000'000'000'000);
+}
+
+TEST_CASE("a form with a stroke of any width and dashes of any length gives a PDF that readers open")
+{
+    TempFolder folder;
+    folder.put("f.svg", svgPage("<path d='M1 1L9 9' stroke='red' stroke-width='1e17' stroke-dasharray='1e18 1e300'/>"
+                                "<text x='9' y='9'>甲</text>"));
+    folder.put("d.csv", "\"a\"\r\n\"1\"\r\n");
+    folder.put("s.dat", encodeCp932("FileName,\"f.svg\"\r\nSetDataText,\"d\",\"d.csv\"\r\n"));
+    REQUIRE(runViewer(folder, "--pdf o.pdf s.dat").code == 0);
+    CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "甲");
+    CHECK(std::system(("qpdf --check '" + folder / "o.pdf" + "' >/dev/null 2>&1").c_str()) == 0);
 }

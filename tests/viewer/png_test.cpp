@@ -28,6 +28,16 @@ TEST_CASE("the letters that are ticked come out as pictures, beside the PDF")
     CHECK(folder.bytes("pictures/001.png").starts_with("\x89PNG"));
 }
 
+TEST_CASE("pictures are written into the folder of exactly that name, each readable by its owner only")
+{
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    fs::create_directory(folder.folder() / "Pictures");
+    REQUIRE(runViewer(folder, "--png pictures --dpi 40 " + script).code == 0);
+    CHECK(fs::is_empty(folder.folder() / "Pictures"));
+    CHECK(fs::status(folder / "pictures/001.png").permissions() == (fs::perms::owner_read | fs::perms::owner_write));
+}
+
 TEST_CASE("pictures that cannot be written are told, and nothing half-written stays")
 {
     TempFolder folder;

@@ -268,14 +268,43 @@ TEST_CASE("the folder that ININ_FONTS names is the only one that fonts are taken
     CHECK_FALSE(folder.has("none.pdf"));
 }
 
-TEST_CASE("a finished file has the rights that the user's mask allows")
+TEST_CASE("a new PDF is readable by its owner only, one that replaces an older PDF keeps the rights of that")
 {
     TempFolder folder;
-    FinishedFile file(folder / "a");
-    file.finish();
-    const mode_t mask = umask(0);
-    umask(mask);
-    CHECK(static_cast<mode_t>(fs::status(folder / "a").permissions()) == (0666 & ~mask));
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    const auto rights = [&] { return static_cast<mode_t>(fs::status(folder / "o.pdf").permissions()); };
+    REQUIRE(runViewer(folder, "--pdf o.pdf " + script).code == 0);
+    CHECK(rights() == 0600);
+    for (const mode_t kept : {0644U, 0660U, 0400U}) {
+        fs::permissions(folder / "o.pdf", static_cast<fs::perms>(kept));
+        REQUIRE(runViewer(folder, "--pdf o.pdf " + script).code == 0);
+        CHECK(rights() == kept);
+    }
+}
+
+TEST_CASE("the name of a PDF is taken as it is: another case or a dot at the end is another file")
+{
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    folder.put("Letters.PDF", "old");
+    folder.put("y", "old");
+    REQUIRE(runViewer(folder, "--pdf letters.pdf " + script).code == 0);
+    REQUIRE(runViewer(folder, "--pdf y. " + script).code == 0);
+    CHECK(folder.bytes("Letters.PDF") == "old");
+    CHECK(folder.bytes("y") == "old");
+    CHECK(pagesOf(folder / "letters.pdf").size() == 1);
+    CHECK(pagesOf(folder / "y.").size() == 1);
+}
+
+TEST_CASE("a form of another namespace is refused, and gives no blank pages")
+{
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    change(folder / kForm, "http://www.w3.org/2000/svg", "http://www.example.invalid/svg");
+    const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
+    CHECK(outcome.code == 1);
+    CHECK(contains(outcome.errors, "SVG の文書ではありません。"));
+    CHECK_FALSE(folder.has("o.pdf"));
 }
 
 TEST_CASE("a form whose own text has a character that no font has is told")

@@ -3,9 +3,8 @@
 #include "viewer/check/check_text.h"
 #include "viewer/document/letter_list.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
+#include <cstdio>
 
 namespace inin::viewer {
 
@@ -23,7 +22,8 @@ void tellCheck(const ViewCommand &command)
     std::erase_if(report.findings,
                   [&](const Finding &finding) { return !std::ranges::binary_search(letters, finding.letter); });
     const LetterNames names(set);
-    fmt::print("{}", command.json ? checkJson(report, names) : checkText(report, names));
+    const std::string text = command.json ? checkJson(report, names) : checkText(report, names);
+    (void)std::fputs(text.c_str(), stdout); // a failure is found when the program ends
 }
 
 } // namespace inin::viewer

@@ -1,11 +1,9 @@
-#include "runtime/runtime_error.h"
+#include "adapters/common/program_edges.h"
 #include "viewer/app/check_letters.h"
 #include "viewer/app/options.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/app/write_letters.h"
 #include "viewer/io/system_edges.h"
-
-#include <fmt/format.h>
 
 #include <cstdio>
 
@@ -33,7 +31,7 @@ struct Run {
     }
     int operator()(const ShowHelp &help) const
     {
-        fmt::print("{}\n", help.text);
+        printLine(stdout, help.text);
         return kDone;
     }
     int operator()(const BadCommandLine &bad) const
@@ -48,12 +46,12 @@ struct Run {
 } // namespace inin::viewer
 
 int main(int argc, char **argv)
-try {
+{
     using namespace inin::viewer;
     prepareStreams();
-    const std::vector<std::string> words = commandWords(argc, argv);
-    return std::visit(Run{words.empty() ? std::string() : words.front()}, readViewerCommand(words));
-} catch (const inin::RuntimeError &error) {
-    inin::viewer::tellFailure(fmt::format("formviewer: {}", error.description()));
-    return inin::viewer::kFailed;
+    const auto run = [&] {
+        const std::vector<std::string> words = commandWords(argc, argv);
+        return std::visit(Run{words.empty() ? std::string() : words.front()}, readViewerCommand(words));
+    };
+    return inin::runProgram(kFailed, run, [](const std::string &message) { tellFailure("formviewer: " + message); });
 }

@@ -19,13 +19,12 @@ int showLetters(const ViewCommand &command, const std::string &programName)
 
 void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters)
 {
-    const std::string folder = systemPathOf(command.pngFolder);
-    makeFolder(folder);
+    makeFolder(command.pngFolder);
     // Names sort as the letters do.
     const std::size_t digits = std::max<std::size_t>(3, std::to_string(press.set().size()).size());
     QtGlyphs glyphs;
     for (const std::size_t letter : letters) {
-        FinishedFile file(fmt::format("{}/{:0{}}.png", folder, letter + 1, digits));
+        FinishedFile file(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits));
         file.write(letterPng(press, letter, command.dotsPerInch, glyphs));
         file.finish();
     }

@@ -1,5 +1,6 @@
 #include "viewer/app/write_letters.h"
 
+#include "adapters/common/program_edges.h"
 #include "runtime/runtime_error.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
@@ -19,7 +20,7 @@ namespace {
 
 void tell(const std::string &sentence)
 {
-    fmt::print(stderr, "{}\n", sentence);
+    printLine(stderr, sentence);
 }
 
 void tellMarks(LetterPress &press, std::size_t letter, const std::vector<FieldMark> &marks)
@@ -77,7 +78,8 @@ void writeCombinedForm(const MergeCommand &command)
         report.form = systemPathOf(report.form);
         for (DataSource &source : report.data) source.path = systemPathOf(source.path);
     }
-    writeFile(command.output, combinedFormText(script.reports));
+    // The suite names this output, in any case; a person names the others.
+    writeFile(systemPathOf(command.output), combinedFormText(script.reports));
 }
 
 } // namespace inin::viewer

@@ -132,13 +132,13 @@ public:
 
     void open(std::string_view name, const XmlAttributes &attributes) override
     {
+        if (m_levels.empty()) {
+            openRoot(name, attributes);
+            return;
+        }
         if (m_skipped > 0 || name.empty()) {
             ++m_skipped;
             rememberBox(name, attributes);
-            return;
-        }
-        if (m_levels.empty()) {
-            openRoot(name, attributes);
             return;
         }
         const auto *const skipped = std::ranges::find(kSkipped, name, &Skipped::name);
@@ -238,7 +238,7 @@ private:
     /// A box may stand where nothing is drawn, among the definitions.
     void rememberBox(std::string_view name, const XmlAttributes &attributes)
     {
-        if (name != "rect" || m_levels.empty() || attributes.get("id").empty()) return;
+        if (name != "rect" || attributes.get("id").empty()) return;
         Path path = rectangleOf(attributes);
         transformPath(path, m_levels.back().place * readTransform(attributes.get("transform")));
         m_boxes[std::string(attributes.get("id"))] = boundsOf(path);

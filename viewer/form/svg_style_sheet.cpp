@@ -11,66 +11,103 @@ namespace inin::viewer {
 namespace {
 
 /// Far more than an editor writes; each is tried on every element.
-constexpr std::size_t kMostDeclarations = 2000;
+constexpr std::size_t kMostParts = 6000;
+constexpr std::string_view kBlanks = " \t\r\n";
 
-/// Up to before the first `end` that stands outside of quotes and brackets.
-std::string_view upTo(std::string_view text, char end)
-{
-    char quote = 0;
-    int depth = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (quote != 0) {
-            if (c == quote) quote = 0;
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-        } else if (c == end && depth <= 0) {
-            return text.substr(0, i);
-        } else if (c == '(' || c == '{') {
-            ++depth;
-        } else if (c == ')' || c == '}') {
-            --depth;
-        }
+/// A text that is read from its beginning to its end. Each search takes what it has looked at, so that the work stays in
+/// proportion to the size.
+class StyleText {
+public:
+    explicit StyleText(std::string_view text) : m_rest(text) {}
+
+    [[nodiscard]] bool isAtEnd() const { return m_rest.empty(); }
+    [[nodiscard]] std::size_t charactersRead() const { return m_charactersRead; }
+
+    /// True when there is something after the blanks.
+    [[nodiscard]] bool skipBlanks()
+    {
+        while (!isAtEnd() && kBlanks.find(m_rest.front()) != std::string_view::npos) (void)take(1);
+        return !isAtEnd();
     }
-    return text;
-}
+    [[nodiscard]] bool skip(std::string_view mark)
+    {
+        if (!m_rest.starts_with(mark)) return false;
+        (void)take(mark.size());
+        return true;
+    }
+    std::string_view takeThrough(std::string_view mark)
+    {
+        const std::size_t found = m_rest.find(mark);
+        const std::size_t size = found == std::string_view::npos ? m_rest.size() : found + mark.size();
+        m_charactersRead += size;
+        return take(size);
+    }
+    std::string_view take(std::size_t size)
+    {
+        const std::string_view part = m_rest.substr(0, size);
+        m_rest.remove_prefix(size);
+        m_charactersRead += size;
+        return part;
+    }
+    /// Up to the first of `ends` that is outside of quotes and brackets, which is taken as well; `end` is that character,
+    /// 0 at the end of the text.
+    std::string_view takeUpTo(std::string_view ends, char *end = nullptr)
+    {
+        const std::size_t size = sizeUpTo(ends);
+        const std::string_view part = take(size);
+        if (end != nullptr) *end = isAtEnd() ? '\0' : m_rest.front();
+        if (!isAtEnd()) (void)take(1);
+        return part;
+    }
 
-std::string_view takeUpTo(std::string_view &text, char end)
-{
-    const std::string_view part = upTo(text, end);
-    text.remove_prefix(std::min(part.size() + 1, text.size()));
-    return part;
-}
+private:
+    [[nodiscard]] std::size_t sizeUpTo(std::string_view ends)
+    {
+        char quote = 0;
+        int depth = 0;
+        for (std::size_t i = 0; i < m_rest.size(); ++i) {
+            const char c = m_rest[i];
+            ++m_charactersRead;
+            if (quote != 0) {
+                if (c == quote) quote = 0;
+            } else if (c == '"' || c == '\'') {
+                quote = c;
+            } else if (depth <= 0 && ends.find(c) != std::string_view::npos) {
+                return i;
+            } else if (c == '(' || c == '{') {
+                ++depth;
+            } else if (c == ')' || c == '}') {
+                --depth;
+            }
+        }
+        return m_rest.size();
+    }
+
+    std::string_view m_rest;
+    std::size_t m_charactersRead = 0;
+};
 
 /// Without comments, and without the marks by which old files hide a sheet.
-std::string bare(std::string_view text)
+std::string withoutComments(StyleText &text)
 {
     std::string out;
-    while (!text.empty()) {
-        const std::size_t open = text.find("/*");
-        out += text.substr(0, open);
-        if (open == std::string_view::npos) break;
-        out += ' ';
-        const std::size_t close = text.find("*/", open + 2);
-        if (close == std::string_view::npos) break;
-        text.remove_prefix(close + 2);
+    while (!text.isAtEnd()) {
+        if (text.skip("/*")) {
+            (void)text.takeThrough("*/");
+            out += ' ';
+        } else if (!text.skip("<!--") && !text.skip("-->")) {
+            out += text.take(1);
+        }
     }
-    for (const std::string_view mark : {"<!--", "-->"})
-        for (std::size_t at = out.find(mark); at != std::string::npos; at = out.find(mark)) out.erase(at, mark.size());
     return out;
 }
 
 /// A rule for the whole sheet ends with its block or its semicolon, whichever comes first.
-void skipAtRule(std::string_view &rest)
+void skipAtRule(StyleText &text)
 {
-    const std::string_view line = upTo(rest, ';');
-    const std::size_t block = rest.find('{');
-    if (block < line.size()) {
-        rest.remove_prefix(block + 1);
-        (void)takeUpTo(rest, '}');
-    } else {
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-    }
+    char end = 0;
+    (void)text.takeUpTo(";{", &end);
+    if (end == '{') (void)text.takeUpTo("}");
 }
 
 bool isNameCharacter(char c)
@@ -89,7 +126,6 @@ std::string_view takeName(std::string_view &text)
 
 bool hasWord(std::string_view words, std::string_view wanted)
 {
-    constexpr std::string_view kBlanks = " \t\r\n";
     while (!words.empty()) {
         words.remove_prefix(std::min(words.find_first_not_of(kBlanks), words.size()));
         const std::string_view word = words.substr(0, words.find_first_of(kBlanks));
@@ -105,8 +141,8 @@ std::vector<StyleDeclaration> readDeclarations(std::string_view text)
 {
     constexpr std::string_view kImportant = "!important";
     std::vector<StyleDeclaration> declarations;
-    while (!text.empty()) {
-        const std::string_view whole = takeUpTo(text, ';');
+    for (StyleText rest(text); !rest.isAtEnd();) {
+        const std::string_view whole = rest.takeUpTo(";");
         const std::size_t colon = whole.find(':');
         if (colon == std::string_view::npos) continue;
         StyleDeclaration declaration{trim(whole.substr(0, colon)), trim(whole.substr(colon + 1)), false};
@@ -155,20 +191,27 @@ std::optional<StyleSheet::Selector> StyleSheet::readSelector(std::string_view te
     return selector;
 }
 
-void StyleSheet::addRule(std::string_view selectors, std::string_view body, const Notice &tell)
+bool StyleSheet::takesMore(std::size_t parts, const Notice &tell)
+{
+    m_parts += parts;
+    if (m_parts <= kMostParts) return true;
+    tell("style 要素の規則が多すぎます。初めのものだけを使います。");
+    return false;
+}
+
+void StyleSheet::addRules(std::string_view selectors, std::string_view body, const Notice &tell)
 {
     std::vector<StyleDeclaration> declarations = readDeclarations(body);
     std::erase_if(declarations, [](const StyleDeclaration &each) { return !SvgStyle::knows(each.name); });
-    while (!selectors.empty()) {
-        const std::string text = trim(takeUpTo(selectors, ','));
+    for (StyleText list(selectors); !list.isAtEnd();) {
+        const std::string text = trim(list.takeUpTo(","));
         std::optional<Selector> selector = readSelector(text);
+        if (!takesMore(1 + (selector ? selector->classes.size() + declarations.size() : 0), tell)) return;
         if (!selector) {
             tell(fmt::format("style 要素のセレクター「{}」は使いません。", text));
             continue;
         }
-        m_declarations += declarations.size();
-        if (m_declarations > kMostDeclarations) return tell("style 要素の規則が多すぎます。初めのものだけを使います。");
-        // Behind those of its own weight: a later rule is the stronger.
+        // After the rules of its own weight: a later rule is the stronger.
         const auto place = std::ranges::upper_bound(m_rules, selector->weight(), {},
                                                     [](const Rule &rule) { return rule.selector.weight(); });
         m_rules.insert(place, {std::move(*selector), declarations});
@@ -177,21 +220,22 @@ void StyleSheet::addRule(std::string_view selectors, std::string_view body, cons
 
 void StyleSheet::add(std::string_view raw, const Notice &tell)
 {
-    const std::string text = bare(raw);
-    std::string_view rest = text;
-    while (!trim(rest).empty() && m_declarations <= kMostDeclarations) {
-        rest.remove_prefix(rest.find_first_not_of(" \t\r\n"));
-        if (rest.front() == '@') {
+    StyleText withComments(raw);
+    const std::string bare = withoutComments(withComments);
+    StyleText text(bare);
+    while (m_parts <= kMostParts && text.skipBlanks()) {
+        if (text.skip("@")) {
             tell("style 要素の @ で始まる規則は使いません。外部のファイルも読み込みません。");
-            skipAtRule(rest);
+            skipAtRule(text);
+            (void)takesMore(1, tell); // the loop ends at the limit
             continue;
         }
-        const std::size_t open = rest.find('{');
-        if (open == std::string_view::npos) return;
-        const std::string_view selectors = rest.substr(0, open);
-        rest.remove_prefix(open + 1);
-        addRule(selectors, takeUpTo(rest, '}'), tell);
+        std::string_view selectors = text.takeThrough("{");
+        if (!selectors.ends_with('{')) break;
+        selectors.remove_suffix(1);
+        addRules(selectors, text.takeUpTo("}"), tell);
     }
+    m_charactersRead += withComments.charactersRead() + text.charactersRead();
 }
 
 std::vector<const StyleDeclaration *> StyleSheet::of(std::string_view element, const XmlAttributes &attributes) const

@@ -44,7 +44,7 @@ void makeFolder(const std::string &systemPath)
         throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", systemPath));
 }
 
-FinishedFile::FinishedFile(const std::string &path) : m_path(foundPath(path))
+FinishedFile::FinishedFile(const std::string &path) : m_path(path)
 {
     // A folder, a device or a pipe of that name must not be replaced by a file.
     if (entryFacts(m_path).kind == EntryFacts::Kind::other) fail();

@@ -16,10 +16,13 @@ class UnfinishedFile;
 /// Makes a folder of the system with all above it. A RuntimeError with a sentence when it cannot be made.
 void makeFolder(const std::string &systemPath);
 
-/// A file that takes its name only when it is whole. What is not finished leaves nothing behind, and an older file of
-/// that name stays as it was. Failures are RuntimeErrors with a sentence that names the path.
+/// A file that takes its name only when it is complete and stored on the disk. One that is not finished leaves nothing
+/// behind, and an older file of that name stays as it was. A new file is readable by its owner only (on Windows as its
+/// folder says), one that replaces an older file has its rights. Failures are RuntimeErrors with a sentence that names
+/// the path.
 class FinishedFile {
 public:
+    /// The path is the system's and is used as it is, without the search for another case: a person may have typed it.
     explicit FinishedFile(const std::string &path);
     FinishedFile(const FinishedFile &) = delete;
     FinishedFile &operator=(const FinishedFile &) = delete;

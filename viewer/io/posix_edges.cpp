@@ -1,6 +1,6 @@
 #include "viewer/io/system_edges.h"
 
-#include <fmt/format.h>
+#include "adapters/common/program_edges.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -17,13 +17,14 @@ std::vector<std::string> commandWords(int argc, char **argv)
 
 void prepareStreams()
 {
-    // A file that reaches the user's limit is a write that fails, told and cleaned up after like any other.
+    prepareStandardStreams();
+    // A file that reaches the user's limit is a write that fails, reported and cleaned up after like any other.
     signal(SIGXFSZ, SIG_IGN);
 }
 
 void tellFailure(const std::string &sentence)
 {
-    fmt::print(stderr, "{}\n", sentence);
+    printLine(stderr, sentence);
 }
 
 bool hasScreen()

@@ -1,15 +1,13 @@
 #include "viewer/io/system_file.h"
 
+#include "adapters/posix/file_replacement.h"
 #include "adapters/posix/posix_io.h"
 #include "adapters/system/system_platform.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace inin::viewer {
 
@@ -57,22 +55,14 @@ std::vector<std::string> namesIn(const std::string &systemFolder)
 }
 
 struct UnfinishedFile::State {
-    std::string path, unfinished;
-    FileDescriptor file;
+    explicit State(const std::string &systemPath) : path(systemPath), file(systemPath) {}
+    std::string path;
+    FileReplacement file;
 };
 
-UnfinishedFile::UnfinishedFile(const std::string &systemPath)
-{
-    std::string unfinished = systemPath + ".XXXXXX";
-    FileDescriptor file(mkostemp(unfinished.data(), O_CLOEXEC));
-    if (!file.isOpen()) unfinished.clear();
-    m_state = std::make_unique<State>(State{systemPath, std::move(unfinished), std::move(file)});
-}
+UnfinishedFile::UnfinishedFile(const std::string &systemPath) : m_state(std::make_unique<State>(systemPath)) {}
 
-UnfinishedFile::~UnfinishedFile()
-{
-    if (!m_state->unfinished.empty()) ::unlink(m_state->unfinished.c_str());
-}
+UnfinishedFile::~UnfinishedFile() = default;
 
 bool UnfinishedFile::isOpen() const
 {
@@ -81,18 +71,15 @@ bool UnfinishedFile::isOpen() const
 
 bool UnfinishedFile::write(std::string_view bytes)
 {
-    return writeAll(m_state->file, bytes);
+    return m_state->file.write(bytes);
 }
 
 bool UnfinishedFile::takeName()
 {
-    // The name is given to a file as it would have been created by hand: readable as the user's mask allows.
-    const mode_t mask = umask(0);
-    umask(mask);
-    if (fchmod(m_state->file.get(), 0666 & ~mask) != 0 || !m_state->file.close()) return false;
-    if (std::rename(m_state->unfinished.c_str(), m_state->path.c_str()) != 0) return false;
-    m_state->unfinished.clear();
-    return true;
+    struct stat old {};
+    // The rights are worth nothing without their owner and group: then the file stays readable by its owner only.
+    if (lstat(m_state->path.c_str(), &old) == 0 && S_ISREG(old.st_mode)) (void)m_state->file.keepRights(old);
+    return m_state->file.commit();
 }
 
 } // namespace inin::viewer

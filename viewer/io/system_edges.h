@@ -9,11 +9,11 @@ namespace inin::viewer {
 
 /// The words of the command line; the first is the name that the program was started by, which says what it is to do.
 [[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
-/// The streams carry UTF-8 as it is written. A program of windows that was started from a console writes there, and a
-/// write beyond what the system allows fails instead of ending the program.
+/// Prepares the standard streams; to be called before a file is opened. A program with windows that was started from a
+/// console writes there, and a write beyond the user's limit fails instead of ending the program.
 void prepareStreams();
-/// Tells the person why the program does not do what it was started for: on the error output, or in a box where nobody
-/// would see that.
+/// Shows the user why the program does not do what it was started for: on the error output, or in a box where there is
+/// none.
 void tellFailure(const std::string &sentence);
 /// A window can be shown.
 [[nodiscard]] bool hasScreen();

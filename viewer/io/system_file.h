@@ -32,7 +32,7 @@ struct EntryFacts {
 /// The names in a folder; none when it cannot be looked into.
 [[nodiscard]] std::vector<std::string> namesIn(const std::string &systemFolder);
 
-/// A file under a name of its own beside the name that it is to have. It goes away unless it took that name.
+/// A file that does not have its name yet. It goes away, with a killed process too, unless it took that name.
 class UnfinishedFile {
 public:
     explicit UnfinishedFile(const std::string &systemPath);
@@ -42,7 +42,8 @@ public:
 
     [[nodiscard]] bool isOpen() const;
     [[nodiscard]] bool write(std::string_view bytes);
-    /// Closes the file and puts it in the place of an older one, at once: no reader sees a part of it.
+    /// Stores the file on the disk and puts it in the place of an older one at once: no reader sees a part of it. On
+    /// POSIX systems it takes over the older file's rights, and a new file is readable by its owner only.
     [[nodiscard]] bool takeName();
 
 private:

@@ -3,8 +3,6 @@
 #include "adapters/common/program_edges.h"
 #include "adapters/win32/win32_text.h"
 
-#include <fmt/format.h>
-
 #include <cstdio>
 #include <memory>
 
@@ -53,13 +51,13 @@ void prepareStreams()
         if (isAttached && std::freopen("CONOUT$", "w", stream.file) != nullptr)
             std::setvbuf(stream.file, nullptr, _IONBF, 0);
     }
-    useUtf8Streams();
+    prepareStandardStreams();
 }
 
 void tellFailure(const std::string &sentence)
 {
     if (_fileno(stderr) >= 0) {
-        fmt::print(stderr, "{}\n", sentence);
+        printLine(stderr, sentence);
         return;
     }
     MessageBoxW(nullptr, wideFromUtf8(sentence).c_str(), L"委任状", MB_OK | MB_ICONWARNING);

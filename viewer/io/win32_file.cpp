@@ -32,14 +32,23 @@ std::int64_t nanoseconds(const FILETIME &time)
     return static_cast<std::int64_t>(ticks.QuadPart) * kPerTick;
 }
 
+/// What becomes of a file when its last handle is closed, also that of a killed process.
+enum class AtClose : BOOLEAN { keep = FALSE, remove = TRUE };
+
+bool setAtClose(const Win32FileHandle &file, AtClose what)
+{
+    FILE_DISPOSITION_INFO disposition{static_cast<BOOLEAN>(what)};
+    return SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof disposition) != 0;
+}
+
 Win32FileHandle createBeside(const std::string &path, std::wstring &unfinished)
 {
     constexpr int kTries = 100;
     std::random_device random;
     for (int attempt = 0; attempt < kTries; ++attempt) {
         unfinished = widePath(fmt::format("{}.{:08x}", path, random()));
-        const HANDLE file =
-            CreateFileW(unfinished.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        const HANDLE file = CreateFileW(unfinished.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return Win32FileHandle(file);
     }
     return Win32FileHandle(INVALID_HANDLE_VALUE);
@@ -101,7 +110,10 @@ UnfinishedFile::UnfinishedFile(const std::string &systemPath) : m_state(std::mak
 {
     m_state->path = widePath(systemPath);
     if (!isDevice(systemPath)) m_state->file = createBeside(systemPath, m_state->unfinished);
-    if (!m_state->file.isOpen()) m_state->unfinished.clear();
+    if (m_state->file.isOpen())
+        (void)setAtClose(m_state->file, AtClose::remove); // where the system cannot, the destructor removes it
+    else
+        m_state->unfinished.clear();
 }
 
 UnfinishedFile::~UnfinishedFile()
@@ -122,8 +134,9 @@ bool UnfinishedFile::write(std::string_view bytes)
 
 bool UnfinishedFile::takeName()
 {
-    if (!m_state->file.close()) return false;
-    // An older file that a reader keeps open cannot be replaced: it stays, and the failure is told.
+    const bool isStored = FlushFileBuffers(m_state->file.get()) != 0 && setAtClose(m_state->file, AtClose::keep);
+    if (!isStored || !m_state->file.close()) return false;
+    // An older file that a reader keeps open cannot be replaced: it stays, and the failure is reported.
     if (MoveFileExW(m_state->unfinished.c_str(), m_state->path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) return false;
     m_state->unfinished.clear();
     return true;

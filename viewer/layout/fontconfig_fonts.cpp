@@ -6,6 +6,7 @@
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
+#include <new>
 
 namespace inin::viewer {
 
@@ -119,9 +120,11 @@ private:
     std::optional<Match> nearest(const std::string &family)
     {
         const PatternHandle pattern(FcPatternCreate());
-        FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.c_str()));
-        FcPatternAddString(pattern.get(), FC_LANG, bytes("ja"));
-        FcConfigSubstitute(m_config.get(), pattern.get(), FcMatchPattern);
+        // Each of them fails only without memory; a pattern without its family would match any font.
+        if (!pattern || FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.c_str())) == FcFalse ||
+            FcPatternAddString(pattern.get(), FC_LANG, bytes("ja")) == FcFalse ||
+            FcConfigSubstitute(m_config.get(), pattern.get(), FcMatchPattern) == FcFalse)
+            throw std::bad_alloc();
         FcDefaultSubstitute(pattern.get());
         FcResult result = FcResultNoMatch;
         const auto match = [&](FcPattern *font) { return Match{placeOf(font), answersTo(font, family)}; };

@@ -133,7 +133,7 @@ void PdfPainter::moveTo(const GlyphRun &run)
     const double along = double{run.glyphs.front().x} * run.size * run.stretch / 1000;
     const Point start = run.runsDown ? at({0, along}) : at({along, 0});
     const bool isTurned = !isPlainMove(at);
-    const long x = std::lround(start.x * 100), y = std::lround((m_height - start.y) * 100);
+    const std::int64_t x = hundredthsOf(start.x), y = hundredthsOf(m_height - start.y);
     if (isTurned || m_isTurned) {
         for (const double part : {at.a, -at.b, -at.c, at.d}) {
             appendNumber(m_out, part, 5);

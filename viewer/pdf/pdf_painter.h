@@ -61,7 +61,7 @@ private:
     double m_size = 0, m_stretch = 1, m_spacing = 0;
     Color m_fill;
     bool m_isBold = false;
-    long m_lineX = 0, m_lineY = 0;
+    std::int64_t m_lineX = 0, m_lineY = 0;
     bool m_isTurned = false; ///< the text matrix is no plain move
 };
 

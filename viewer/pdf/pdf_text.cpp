@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -14,7 +15,7 @@ namespace inin::viewer {
 namespace {
 
 /// `scaled` is the number times ten to the power of `decimals`.
-void appendScaled(std::string &out, long scaled, int decimals)
+void appendScaled(std::string &out, std::int64_t scaled, int decimals)
 {
     if (scaled < 0) out += '-';
     std::array<char, 24> digits{};
@@ -33,6 +34,16 @@ void appendScaled(std::string &out, long scaled, int decimals)
     out.append(digits.data() + std::max(whole, 0), static_cast<std::size_t>(last - std::max(whole, 0)));
 }
 
+/// The number times ten to the power of `decimals`. A form may hold any number.
+std::int64_t scaled(double number, int decimals)
+{
+    constexpr double kLargest = 1e13; // in hundred-thousandths it fits into 64 bits
+    if (std::isnan(number)) return 0;
+    double factor = 1;
+    for (int i = 0; i < decimals; ++i) factor *= 10;
+    return std::llround(std::clamp(number, -kLargest, kLargest) * factor);
+}
+
 void appendUnit(std::string &out, char32_t unit)
 {
     fmt::format_to(std::back_inserter(out), "{:04X}", static_cast<std::uint32_t>(unit));
@@ -42,12 +53,15 @@ void appendUnit(std::string &out, char32_t unit)
 
 void appendNumber(std::string &out, double number, int decimals)
 {
-    double factor = 1;
-    for (int i = 0; i < decimals; ++i) factor *= 10;
-    appendScaled(out, std::lround(number * factor), decimals);
+    appendScaled(out, scaled(number, decimals), decimals);
 }
 
-void appendHundredths(std::string &out, long hundredths)
+std::int64_t hundredthsOf(double number)
+{
+    return scaled(number, 2);
+}
+
+void appendHundredths(std::string &out, std::int64_t hundredths)
 {
     appendScaled(out, hundredths, 2);
 }

@@ -10,6 +10,14 @@
 
 namespace inin {
 
+FileDescriptor &FileDescriptor::operator=(FileDescriptor &&other) noexcept
+{
+    if (this == &other) return *this;
+    close();
+    m_descriptor = other.release();
+    return *this;
+}
+
 int FileDescriptor::release()
 {
     return std::exchange(m_descriptor, -1);

@@ -17,6 +17,7 @@ public:
     FileDescriptor(FileDescriptor &&other) noexcept : m_descriptor(other.release()) {}
     FileDescriptor(const FileDescriptor &) = delete;
     FileDescriptor &operator=(const FileDescriptor &) = delete;
+    FileDescriptor &operator=(FileDescriptor &&other) noexcept;
     ~FileDescriptor() { close(); }
 
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
