@@ -85,6 +85,11 @@ const std::vector<BadRow> kBadRows{
      "the FreeTDS driver knows no strict encryption"},
     {"Provider=SQLOLEDB;Data Source=a;User ID=sa;Password=\"ge};heim\"", kFreeTds,
      "the FreeTDS driver takes no password that holds \"};\""},
+    {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=\"ge;heim}\"", k18,
+     "a data source takes no password that holds \"}\" and also a \";\", a \"{\" at its start or a blank at its start or "
+     "end"},
+    {"DSN=massage;UID={{u}}};PWD=geheim", k18,
+     "a data source takes no user that holds \"}\" and also a \";\", a \"{\" at its start or a blank at its start or end"},
 };
 
 } // namespace
@@ -249,7 +254,14 @@ TEST_CASE("a data source of the system's list and a driver for another server go
         {"dsn = massage ; User ID = u ; Password = p ; Initial Catalog = d", k18,
          "dsn=massage;UID=u;PWD=p;Database=d;"},
         {"FILEDSN=C:\\x.dsn;PWD={a;b}", k18, "FILEDSN=C:\\x.dsn;PWD={a;b};"},
-        {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=\"a;b\"", k18, "DSN=massage;UID=u;Password={a;b};"},
+        {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=\"a;b\"", k18, "DSN=massage;UID=u;PWD={a;b};"},
+        {"Provider=MSDASQL;Data Source=massage;Initial Catalog=d;User ID=u;Password=p", k18,
+         "DSN=massage;Database=d;UID=u;PWD=p;"},
+        {"FILEDSN=C:\\x.dsn;User ID=u;Password=p", k18, "FILEDSN=C:\\x.dsn;UID=u;PWD=p;"},
+        {"Provider=MSDASQL;Driver={PostgreSQL Unicode};Server=h;User ID=u;Password=\"a}b\"", kFreeTds,
+         "Driver=PostgreSQL Unicode;Server=h;UID=u;PWD={a}}b};"},
+        {"Provider=MSDASQL;Extended Properties='DSN=massage';User ID=u;Password=\"a;b\"", k18,
+         "DSN=massage;UID=u;PWD={a;b};"},
         {"Provider=MSDASQL.1;Persist Security Info=False;Extended Properties=\"DSN=massage;UID=u;PWD=p\"", k18,
          "DSN=massage;UID=u;PWD=p;"},
         {"Provider=MSDASQL;Driver={SQL Server};Server=h;Database=d;UID=u;PWD=p", k17,
@@ -259,6 +271,21 @@ TEST_CASE("a data source of the system's list and a driver for another server go
         {"Driver=SQLite3;Database=/tmp/a b.db", kNone, "Driver=SQLite3;Database=/tmp/a b.db;"},
         {"Driver={No Such Driver};Server=h;PWD=p", k18, "Driver={No Such Driver};Server=h;PWD=p;"},
     });
+}
+
+TEST_CASE("a password with a closing brace reaches a data source in no braces, for drivers read those differently")
+{
+    checkAll({
+        {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=a}b", k18, "DSN=massage;UID=u;PWD=a}b;"},
+        {"Provider=MSDASQL;Data Source=massage;User ID=u}v;Password=a@b", k18, "DSN=massage;UID=u}v;PWD={a@b};"},
+        {"DSN=massage;UID=u;PWD={a}}b}", k18, "DSN=massage;UID=u;PWD=a}b;"},
+        {"DSN=massage;UID=u;PWD=a}b", k18, "DSN=massage;UID=u;PWD=a}b;"},
+        {"DSN=massage;UID=u;PWD={ a}", k18, "DSN=massage;UID=u;PWD={ a};"},
+    });
+    CHECK(odbcStringFor("massage", k18, {"u", "a}b"}).text == "DSN=massage;UID=u;PWD=a}b;");
+    CHECK(odbcStringFor("massage", k18, {"u", "a;b}"}).problem ==
+          "a data source takes no password that holds \"}\" and also a \";\", a \"{\" at its start or a blank at its "
+          "start or end");
 }
 
 TEST_CASE("a string that makes no connection is refused with its reason")
