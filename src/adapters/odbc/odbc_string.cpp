@@ -291,11 +291,22 @@ public:
         if (const std::string password = m_parts.text(Part::password); !password.empty())
             m_result.secrets.push_back(password);
         m_result.problem = m_parts.problem;
+        if (m_result.problem.empty() && namesForeignLibrary())
+            m_result.problem = "the connection string names a driver by a path that is not registered";
         if (m_result.problem.empty()) write();
         return std::move(m_result);
     }
 
 private:
+    /// The driver manager would run any file as a driver, whoever wrote its path into the string.
+    [[nodiscard]] bool namesForeignLibrary() const
+    {
+        return std::ranges::any_of(m_text.pairs, [this](const ConnectionPair &pair) {
+            return partOfKey(pair.key) == Part::driver && isPath(pair.value) &&
+                   !installedDriver(pair.value, m_installed);
+        });
+    }
+
     void write()
     {
         const bool isBridge = asciiLower(m_parts.text(Part::provider)).starts_with("msdasql");

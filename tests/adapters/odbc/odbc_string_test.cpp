@@ -16,6 +16,7 @@ const Drivers k17{"ODBC Driver 17 for SQL Server", "FreeTDS"};
 const Drivers k18{"ODBC Driver 17 for SQL Server", "ODBC Driver 18 for SQL Server"};
 const Drivers kOldWindows{"SQL Server", "Microsoft Access Driver (*.mdb)"};
 const Drivers kNone{"SQLite3"};
+const Drivers kRegisteredPath{"SQLite3", "Own", "/usr/lib/odbc/libtdsodbc.so"};
 
 struct Row {
     std::string text;
@@ -240,7 +241,7 @@ TEST_CASE("an ODBC string for FreeTDS is spelled as FreeTDS reads it")
         {"Driver=FreeTDS;Server=h;Port=1500;UID=u;PWD=p;Encryption=request", kFreeTds,
          start + "UID=u;PWD=p;Encryption=request;"},
         {"Driver=FreeTDS;Server=h;Server=other;Port=1500;UID=u;PWD=p", kFreeTds, start + "UID=u;PWD=p;"},
-        {"Driver=/usr/lib/odbc/libtdsodbc.so;Server=h;Port=1500;UID=u;PWD=p", kNone,
+        {"Driver=/usr/lib/odbc/libtdsodbc.so;Server=h;Port=1500;UID=u;PWD=p", kRegisteredPath,
          "Driver={/usr/lib/odbc/libtdsodbc.so};Server=h;Port=1500;TDS_Version=7.4;ClientCharset=UTF-8;UID=u;PWD=p;"},
     });
 }
@@ -294,6 +295,22 @@ TEST_CASE("a string that makes no connection is refused with its reason")
         CAPTURE(row.problem);
         CHECK(odbcStringFor(row.text, row.drivers).problem == row.problem);
     }
+}
+
+TEST_CASE("a driver's library that is not registered is refused in every form of string")
+{
+    const Drivers elsewhere{"FreeTDS", "/usr/lib/odbc/libtdsodbc.so", "SQLite3"};
+    for (const char *text : {"Driver=/home/x/libtdsodbc.so;Server=h;UID=u;PWD=p", "driver = {/home/x/any.so} ;Server=h",
+                             "Driver=.\\any.dll;Server=h", "Driver=SQLite3;Database=d;Driver=/home/x/any.so",
+                             "DSN=x;Driver=/home/x/any.so", "Provider=MSDASQL;Driver=/home/x/any.so",
+                             "Provider=SQLOLEDB;Data Source=h;Driver=/home/x/libtdsodbc.so",
+                             "Provider=MSDASQL;Extended Properties='Driver=/home/x/any.so;Server=h'"}) {
+        CAPTURE(text);
+        const OdbcString made = odbcStringFor(text, elsewhere);
+        CHECK(made.problem == "the connection string names a driver by a path that is not registered");
+        CHECK(made.text == "");
+    }
+    CHECK(odbcStringFor("Driver={/USR/lib/odbc/libtdsodbc.so};Server=h", elsewhere).problem == "");
 }
 
 TEST_CASE("no refusal tells the password")
