@@ -59,6 +59,14 @@ std::vector<std::string> rowsOf(Database &database, Connection &connection, cons
 void dropAll(const Session &session)
 {
     for (const site::TableColumns &table : site::schemaTables()) session.run("DROP TABLE IF EXISTS " + table.name);
+    session.run("DROP TABLE IF EXISTS ININ_SITE_DEMO");
+}
+
+RuntimeError makeError(const Session &session, site::Overwrite overwrite, const std::string &script = schema())
+{
+    return errorOf([&] {
+        site::makeServerDatabase(*session.database, *session.connection, {script, {"'\\x", "'"}}, order(), overwrite);
+    });
 }
 
 } // namespace
@@ -84,36 +92,49 @@ TEST_CASE("a server gets the same rows as the embedded database, in every table 
     }
 }
 
-TEST_CASE("tables that are there are left alone unless they may go")
+TEST_CASE("a table without the demo's mark is left alone, also with force, and force is not recommended")
 {
     const Session session(postgres());
     dropAll(session);
     session.run("CREATE TABLE HOKEN (mine INTEGER)");
     session.run("INSERT INTO HOKEN VALUES (1)");
-    const site::ServerDialect dialect{schema(), {"'\\x", "'"}};
-    const auto make = [&](site::Overwrite overwrite) {
-        return errorOf(
-            [&] { site::makeServerDatabase(*session.database, *session.connection, dialect, order(), overwrite); });
-    };
-    CHECK(
-        make(site::Overwrite::onlyOwnFolder).description() ==
-        "データベースにテーブル「HOKEN」が既にあるので、何も書き込みませんでした。作り直すときは --force を付けてください。");
-    CHECK(session.column("SELECT mine FROM HOKEN").size() == 1);
-    CHECK(make(site::Overwrite::anyFolder).number() == 0);
-    CHECK(session.column("SELECT cName FROM HOKEN").size() > 1);
+    for (const site::Overwrite overwrite : {site::Overwrite::onlyOwnFolder, site::Overwrite::anyFolder}) {
+        CHECK(
+            makeError(session, overwrite).description() ==
+            "データベースにテーブル「HOKEN」が既にあるので、何も書き込みませんでした。"
+            "見本データではない行が失われるおそれがあるため、上書きはできません。空のデータベースを指定してください。");
+        CHECK(session.column("SELECT mine FROM HOKEN").size() == 1);
+        CHECK(errorOf([&] { (void)session.open("SELECT nIDNo FROM RIYOUSHA"); }).number() == -2147217865);
+    }
 }
 
-TEST_CASE("rows that break off are taken back")
+TEST_CASE("the demo's own tables are made again with force only")
 {
     const Session session(postgres());
     dropAll(session);
+    CHECK(makeError(session, site::Overwrite::onlyOwnFolder).number() == 0);
+    session.run("DELETE FROM HOKEN");
+    CHECK(makeError(session, site::Overwrite::onlyOwnFolder).description() ==
+          "データベースにテーブル「RIYOUSHA」が既にあるので、何も書き込みませんでした。"
+          "前に作った見本データを作り直すときは --force を付けてください。");
+    CHECK(session.column("SELECT cName FROM HOKEN").empty());
+    CHECK(makeError(session, site::Overwrite::anyFolder).number() == 0);
+    CHECK(session.column("SELECT cName FROM HOKEN").size() == 8);
+}
+
+TEST_CASE("a make that breaks off leaves the tables and rows that were there")
+{
+    const Session session(postgres());
+    dropAll(session);
+    REQUIRE(makeError(session, site::Overwrite::onlyOwnFolder).number() == 0);
     const std::string broken = replaceAll(schema(), "tServicyDayStart TIMESTAMP", "tServicyDayStart INTEGER");
-    const RuntimeError error = errorOf([&] {
-        site::makeServerDatabase(*session.database, *session.connection, {broken, {"'\\x", "'"}}, order(),
-                                 site::Overwrite::anyFolder);
-    });
-    CHECK(error.number() == -2147217900);
-    CHECK(session.column("SELECT nIDNo FROM RIYOUSHA").empty());
+    CHECK(makeError(session, site::Overwrite::anyFolder, broken).number() == -2147217900);
+    CHECK(session.column("SELECT nIDNo FROM RIYOUSHA").size() > 100);
+    CHECK_FALSE(session.column("SELECT tServicyDayStart FROM JISSEKI").empty());
+
+    dropAll(session);
+    CHECK(makeError(session, site::Overwrite::anyFolder, broken).number() == -2147217900);
+    CHECK(errorOf([&] { (void)session.open("SELECT nIDNo FROM RIYOUSHA"); }).number() == -2147217865);
 }
 
 TEST_CASE("the server's script has the tables and columns of the embedded one, and its indexes")

@@ -123,6 +123,15 @@ TEST_CASE("a folder that does not exist is made with its parents")
     CHECK(fs::exists(folder.folder() / "a" / "b" / "demo.db"));
 }
 
+TEST_CASE("an unfinished database that a killed make left is gone after the next one")
+{
+    const TempFolder folder;
+    folder.put("demo.db.new", "half of a database");
+    site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::anyFolder);
+    CHECK_FALSE(fs::exists(folder.folder() / "demo.db.new"));
+    CHECK(countOf(folder.folder() / "demo.db", "SELECT COUNT(*) FROM RIYOUSHA WHERE iKyotenEb = 1") == 300);
+}
+
 TEST_CASE("no half-made database is left behind")
 {
     CHECK_FALSE(fs::exists(sharedSite() / "demo.db.new"));

@@ -84,6 +84,32 @@ void hide(std::string &text, const std::string &secret)
     }
 }
 
+constexpr std::string_view kNoReason = "the driver failed and told no reason";
+
+/// FreeTDS adds this record to every failed log-in, and uses the second text for a connection that broke.
+constexpr std::string_view kNoConnection = "Unable to connect to data source";
+constexpr std::string_view kUnknown = "Unknown error";
+
+/// The text of the entry at `chief`, followed by what the other entries add to it in parentheses.
+std::string logInText(const std::vector<ProviderError> &errors, std::size_t chief)
+{
+    std::vector<std::string_view> texts{errors[chief].Description, kNoConnection, ""};
+    std::string further;
+    for (const ProviderError &error : errors) {
+        if (std::ranges::find(texts, error.Description) != texts.end()) continue;
+        further.append(further.empty() ? " (" : "; ").append(error.Description);
+        texts.emplace_back(error.Description);
+    }
+    return errors[chief].Description + further + (further.empty() ? "" : ")");
+}
+
+std::string lostConnectionText(std::string_view driverText)
+{
+    std::string text = "the connection to the server was lost";
+    if (driverText.empty() || driverText == kUnknown || driverText == kNoReason) return text;
+    return text.append(" (").append(driverText).append(")");
+}
+
 } // namespace
 
 ProviderError providerErrorOf(const DiagnosticRecord &record, const std::vector<std::string> &secrets)
@@ -124,15 +150,18 @@ bool tellsLostConnection(const std::vector<DiagnosticRecord> &records)
 }
 
 void raiseRecords(std::vector<ProviderError> &errors, const std::vector<DiagnosticRecord> &records,
-                  const std::vector<std::string> &secrets)
+                  const std::vector<std::string> &secrets, Failure failure)
 {
     errors.clear();
     for (const DiagnosticRecord &record : records) errors.push_back(providerErrorOf(record, secrets));
-    if (errors.empty())
-        errors.push_back(ownError(ado_error::unspecified, "HY000", "the driver failed and told no reason"));
-    const auto told = std::ranges::find_if_not(records, &DiagnosticRecord::isWarning);
-    const std::size_t chief = told == records.end() ? 0 : static_cast<std::size_t>(told - records.begin());
-    throw RuntimeError(errors[chief].Number, errors[chief].Description);
+    if (errors.empty()) errors.push_back(ownError(ado_error::unspecified, "HY000", std::string(kNoReason)));
+    const auto first = std::ranges::find_if_not(records, &DiagnosticRecord::isWarning);
+    const std::size_t chief = first == records.end() ? 0 : static_cast<std::size_t>(first - records.begin());
+    ProviderError &error = errors[chief];
+    // A timeout that took the connection with it is still a timeout.
+    if (failure == Failure::lostConnection && error.Number == ado_error::unspecified)
+        error.Description = lostConnectionText(error.Description);
+    throw RuntimeError(error.Number, failure == Failure::logIn ? logInText(errors, chief) : error.Description);
 }
 
 } // namespace inin

@@ -33,9 +33,16 @@ struct DiagnosticRecord {
 /// True when the records tell that the server is no longer reached.
 [[nodiscard]] bool tellsLostConnection(const std::vector<DiagnosticRecord> &records);
 
-/// Puts an entry for each record on the list and raises the first that is no warning. Without any record the list gets
-/// one of our own: some failures come without a word.
+/// What failed, which decides the text of the error.
+enum class Failure : std::uint8_t {
+    statement,     ///< the text of the record alone: the caller shows the error list after it
+    logIn,         ///< with the texts of the other records: the caller never shows the error list of a failed log-in
+    lostConnection ///< a sentence about the lost connection, then the text of the record where it has one
+};
+
+/// Adds an entry for each record to the error list and raises the first one that is not a warning. Without any record
+/// the list gets an entry of our own, because some failures leave no record.
 [[noreturn]] void raiseRecords(std::vector<ProviderError> &errors, const std::vector<DiagnosticRecord> &records,
-                               const std::vector<std::string> &secrets);
+                               const std::vector<std::string> &secrets, Failure failure = Failure::statement);
 
 } // namespace inin

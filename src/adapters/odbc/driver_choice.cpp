@@ -26,12 +26,12 @@ int rankOf(const OdbcDriver &driver)
     return 2 + static_cast<int>(std::end(kOlderDrivers) - found);
 }
 
+} // namespace
+
 bool isPath(std::string_view name)
 {
     return name.find_first_of("/\\") != std::string_view::npos;
 }
-
-} // namespace
 
 OdbcDriver driverNamed(std::string_view name)
 {
@@ -58,7 +58,6 @@ OdbcDriver driverNamed(std::string_view name)
 
 std::optional<OdbcDriver> installedDriver(std::string_view name, const std::vector<std::string> &installed)
 {
-    if (isPath(name)) return driverNamed(name);
     const auto found =
         std::ranges::find_if(installed, [name](const std::string &own) { return equalsIgnoringAsciiCase(own, name); });
     return found == installed.end() ? std::nullopt : std::optional(driverNamed(*found));

@@ -23,7 +23,9 @@ struct OdbcDriver {
 
 /// A driver by its name, or by the path of its library.
 [[nodiscard]] OdbcDriver driverNamed(std::string_view name);
-/// The installed one of that name whatever its case; a path counts as installed.
+/// True for the path of a driver's library, which may be any file.
+[[nodiscard]] bool isPath(std::string_view name);
+/// The installed one of that name or with a library of that path, whatever its case.
 [[nodiscard]] std::optional<OdbcDriver> installedDriver(std::string_view name,
                                                         const std::vector<std::string> &installed);
 /// The best one for SQL Server: Microsoft's newest, else FreeTDS; nothing when none of them is installed.

@@ -15,8 +15,8 @@ namespace inin {
 [[nodiscard]] DaoAccess jetAccess();
 
 /// Jet files behind the older library's port: a database's name is the path of its file. `resolvePath` turns it, a path
-/// of the suite, into one that the system opens. `driver` is a name or the path of the driver's library; without it an
-/// opening is error 3151.
+/// of the suite, into one that the system opens. `driver` is a registered name or jetDriver(); without it an opening is
+/// error 3151.
 [[nodiscard]] std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath,
                                                     std::string driver = jetDriver());
 

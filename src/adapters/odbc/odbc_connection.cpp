@@ -1,6 +1,8 @@
 #include "adapters/odbc/odbc_connection.h"
 
 #include "adapters/common/ado_error.h"
+#include "adapters/odbc/driver_choice.h"
+#include "adapters/odbc/jet_dao.h"
 #include "adapters/odbc/odbc_string.h"
 #include "runtime/runtime_error.h"
 
@@ -11,6 +13,8 @@ void OdbcShared::loadDrivers()
     if (environment) return;
     environment = std::make_shared<OdbcEnvironment>();
     drivers = environment->drivers();
+    if (std::string own = jetDriver(); isPath(own))
+        drivers.push_back(std::move(own)); // its package does not register it
 }
 
 std::unique_ptr<OdbcSession> OdbcShared::logIn(const OdbcString &target, std::vector<ProviderError> &errors)

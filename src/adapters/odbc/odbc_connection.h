@@ -15,8 +15,8 @@ namespace inin {
 struct OdbcShared {
     IdlePool<OdbcSession> pool;
     std::shared_ptr<OdbcEnvironment> environment; ///< made at the first log-in
-    std::vector<std::string> drivers;
-    std::int64_t logIns = 0; ///< physical ones, told to the benchmark
+    std::vector<std::string> drivers;             ///< what a connection string may name
+    std::int64_t logIns = 0;                      ///< physical ones, told to the benchmark
 
     /// A new physical connection.
     [[nodiscard]] std::unique_ptr<OdbcSession> logIn(const OdbcString &target, std::vector<ProviderError> &errors);

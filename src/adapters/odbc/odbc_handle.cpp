@@ -1,9 +1,11 @@
 #include "adapters/odbc/odbc_handle.h"
 
+#include "adapters/odbc/driver_choice.h"
 #include "adapters/odbc/odbc_api.h"
 #include "adapters/odbc/utf16.h"
 #include "runtime/runtime_error.h"
 
+#include <algorithm>
 #include <array>
 
 namespace inin {
@@ -37,6 +39,24 @@ std::u16string recordWords(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT numbe
     record.sqlState = utf8FromUtf16(units(state.data(), 5));
     record.native = native;
     return words;
+}
+
+/// The text that a call wrote; `length` may be that of a text that was cut.
+template <std::size_t Size> std::string textIn(const std::array<SQLWCHAR, Size> &buffer, SQLSMALLINT length)
+{
+    return utf8FromUtf16(units(buffer.data(), std::min(static_cast<std::size_t>(length), Size)));
+}
+
+/// The value of "Driver" among a driver's attributes, each "key=value" and ended by a NUL; empty where there is none.
+std::string libraryIn(std::string_view attributes)
+{
+    constexpr std::string_view kKey = "Driver=";
+    while (!attributes.empty()) {
+        const std::string_view attribute = attributes.substr(0, attributes.find('\0'));
+        if (attribute.starts_with(kKey)) return std::string(attribute.substr(kKey.size()));
+        attributes.remove_prefix(std::min(attribute.size() + 1, attributes.size()));
+    }
+    return {};
 }
 
 } // namespace
@@ -73,15 +93,16 @@ std::vector<std::string> OdbcEnvironment::drivers() const
 {
     std::vector<std::string> names;
     std::array<SQLWCHAR, 512> name{};
-    std::array<SQLWCHAR, 4> attributes{}; // of no interest; the call wants a place for them
+    std::array<SQLWCHAR, 4096> attributes{};
     SQLSMALLINT length = 0;
     SQLSMALLINT attributesLength = 0;
     SQLUSMALLINT direction = SQL_FETCH_FIRST;
     while (SQL_SUCCEEDED(SQLDriversW(m_handle.get(), direction, name.data(), static_cast<SQLSMALLINT>(name.size()),
                                      &length, attributes.data(), static_cast<SQLSMALLINT>(attributes.size()),
                                      &attributesLength))) {
-        names.push_back(
-            utf8FromUtf16(units(name.data(), std::min<std::size_t>(static_cast<std::size_t>(length), name.size()))));
+        names.push_back(textIn(name, length));
+        if (std::string library = libraryIn(textIn(attributes, attributesLength)); isPath(library))
+            names.push_back(std::move(library));
         direction = SQL_FETCH_NEXT;
     }
     return names;

@@ -33,7 +33,7 @@ class OdbcEnvironment {
 public:
     OdbcEnvironment();
     [[nodiscard]] void *get() const { return m_handle.get(); }
-    /// Names of the drivers that are installed.
+    /// The drivers that are registered: each by its name, and then by its library where that is registered as a path.
     [[nodiscard]] std::vector<std::string> drivers() const;
 
 private:

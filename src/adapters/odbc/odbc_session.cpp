@@ -40,7 +40,7 @@ OdbcSession::OdbcSession(std::shared_ptr<OdbcEnvironment> environment, const Odb
     const SQLRETURN result =
         SQLDriverConnectW(m_handle.get(), nullptr, wide(text), static_cast<SQLSMALLINT>(text.size()), completed.data(),
                           static_cast<SQLSMALLINT>(completed.size()), &length, SQL_DRIVER_NOPROMPT);
-    if (!SQL_SUCCEEDED(result)) raiseRecords(errors, m_handle.records(), m_secrets);
+    if (!SQL_SUCCEEDED(result)) raiseRecords(errors, m_handle.records(), m_secrets, Failure::logIn);
     m_isMdb = isMdbDriver(databaseName());
     if (m_isMdb) checkMdbFile(errors);
     m_firstDatabase = defaultDatabase();
@@ -228,7 +228,7 @@ void OdbcSession::checkRecords(const OdbcHandle &statement, bool hasSucceeded)
 void OdbcSession::fail(const std::vector<DiagnosticRecord> &records)
 {
     if (tellsLostConnection(records) || isMarkedDead()) m_isLost = true;
-    raiseRecords(*m_errors, records, m_secrets);
+    raiseRecords(*m_errors, records, m_secrets, m_isLost ? Failure::lostConnection : Failure::statement);
 }
 
 } // namespace inin

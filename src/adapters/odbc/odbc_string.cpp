@@ -32,6 +32,12 @@ EncryptionWish encryptionWish(const ConnectionParts &parts, const OdbcDriver &dr
     return wish;
 }
 
+/// True for a value that a driver would cut or take for another one without braces around it.
+bool needsBraces(const std::string &value)
+{
+    return value.find(';') != std::string::npos || value.starts_with('{') || trim(value) != value;
+}
+
 enum KnownBy : unsigned { microsoft = 1, freeTds = 2, bothDrivers = microsoft | freeTds };
 
 /// A key whose value stands in the string as it was given.
@@ -168,11 +174,11 @@ private:
     std::string quoted(std::string_view key, Part part) override
     {
         const std::string value = parts().text(part);
-        const bool needsBraces = value.find(';') != std::string::npos || value.starts_with('{') || trim(value) != value;
-        if (needsBraces && value.find("};") != std::string::npos)
+        if (!needsBraces(value)) return value;
+        if (value.find("};") != std::string::npos)
             complain("the FreeTDS driver takes no " + std::string(part == Part::password ? "password" : key) +
                      " that holds \"};\"");
-        return needsBraces ? "{" + value + "}" : value;
+        return "{" + value + "}";
     }
 
     void addEncryption(const EncryptionWish &wish) override
@@ -185,48 +191,86 @@ private:
     }
 };
 
-/// A data source of the system's list, or a driver that is not for SQL Server: keys and values as written, but ADO's
-/// names of user, password and database turned into ODBC's.
-std::string plainOdbcString(const ConnectionText &text, const ConnectionParts &parts, const LogIn &logIn)
-{
-    const bool isBridge = text.form == ConnectionText::Form::ado;
-    std::string result;
-    const auto add = [&result](std::string_view key, std::string_view raw) {
-        result.append(key).append("=").append(raw).append(";");
-    };
-    if (isBridge && !parts.has(Part::dataSourceName) && !parts.has(Part::driver) && parts.has(Part::server))
-        add("DSN", odbcQuoted(parts.text(Part::server)));
-    for (const ConnectionPair &pair : text.pairs) {
-        const std::optional<Part> part = partOfKey(pair.key);
-        const bool hasOdbcName = pair.key.find(' ') == std::string::npos;
-        const bool isLogIn = part == Part::user || part == Part::password;
-        if (part == Part::provider || part == Part::extended || (isLogIn && !logIn.user.empty())) continue;
-        if (isBridge && (pair.key == "data source" || pair.key == "persist security info")) continue;
-        const std::string raw = isBridge ? odbcQuoted(pair.value) : pair.raw;
-        if (pair.key == "user id")
-            add("UID", raw);
-        else if (pair.key == "password" && parts.has(Part::dataSourceName))
-            add("PWD", raw);
-        else if (pair.key == "initial catalog")
-            add("Database", raw);
-        else if (hasOdbcName)
-            add(pair.shownKey, raw);
+/// Writes the string for a data source of the system's list or for a driver that is not for SQL Server: keys and values
+/// as written, but ADO's names of user, password and database replaced by those of ODBC.
+class PlainStringWriter {
+public:
+    PlainStringWriter(const ConnectionText &text, const ConnectionParts &parts, const LogIn &logIn)
+        : m_text(text), m_parts(parts), m_logIn(logIn), m_isBridge(text.form == ConnectionText::Form::ado),
+          m_isDataSource(parts.has(Part::dataSourceName) || parts.has(Part::fileSourceName) ||
+                         (m_isBridge && !parts.has(Part::driver)))
+    {
     }
-    if (!logIn.user.empty()) {
-        add("UID", odbcQuoted(logIn.user));
-        add("PWD", odbcQuoted(logIn.password));
-    }
-    return result;
-}
 
-/// MSDASQL hands what stands in its Extended Properties to ODBC as it is.
+    std::string write(std::string &problem)
+    {
+        if (m_isDataSource && m_isBridge && !m_parts.has(Part::dataSourceName) && m_parts.has(Part::server))
+            add("DSN", odbcQuoted(m_parts.text(Part::server)));
+        for (const ConnectionPair &pair : m_text.pairs) addPair(pair);
+        if (!m_logIn.user.empty()) {
+            addLogIn("UID", Part::user);
+            addLogIn("PWD", Part::password);
+        }
+        problem = m_problem;
+        return std::move(m_result);
+    }
+
+private:
+    void add(std::string_view key, std::string_view raw) { m_result.append(key).append("=").append(raw).append(";"); }
+
+    void addPair(const ConnectionPair &pair)
+    {
+        const std::optional<Part> part = partOfKey(pair.key);
+        const bool isLogIn = part == Part::user || part == Part::password;
+        if (part == Part::provider || part == Part::extended || (isLogIn && !m_logIn.user.empty())) return;
+        if (m_isBridge && (pair.key == "data source" || pair.key == "persist security info")) return;
+        const std::string key = odbcKey(pair);
+        if (key.find(' ') != std::string::npos) return;
+        if (isLogIn && m_isDataSource)
+            addLogIn(key, *part);
+        else
+            add(key, m_isBridge ? odbcQuoted(pair.value) : pair.raw);
+    }
+
+    /// Only a data source and MSDASQL are known to take a password under this name alone.
+    [[nodiscard]] std::string odbcKey(const ConnectionPair &pair) const
+    {
+        if (pair.key == "user id") return "UID";
+        if (pair.key == "password" && (m_isDataSource || m_isBridge)) return "PWD";
+        if (pair.key == "initial catalog") return "Database";
+        return pair.shownKey;
+    }
+
+    /// Which driver reads the value is unknown, and drivers differ about a "}" between braces: some double it, FreeTDS
+    /// does not. So a value with one is written without braces, or refused.
+    void addLogIn(std::string_view key, Part part)
+    {
+        const std::string value = m_parts.text(part);
+        const bool hasBrace = value.find('}') != std::string::npos;
+        if (m_isDataSource && hasBrace && needsBraces(value))
+            m_problem = "a data source takes no " + std::string(part == Part::password ? "password" : "user") +
+                        " that holds \"}\" and also a \";\", a \"{\" at its start or a blank at its start or end";
+        add(key, m_isDataSource && hasBrace ? value : odbcQuoted(value));
+    }
+
+    const ConnectionText &m_text;
+    const ConnectionParts &m_parts;
+    const LogIn &m_logIn;
+    bool m_isBridge;
+    bool m_isDataSource;
+    std::string m_result;
+    std::string m_problem;
+};
+
+/// MSDASQL passes its Extended Properties to ODBC unchanged; the other pairs are quoted for ODBC.
 ConnectionText bridgedText(const ConnectionText &text)
 {
     const std::optional<std::string> extended = text.value("extended properties");
     if (!extended) return text;
     ConnectionText inner = readOdbcText(*extended);
     for (const ConnectionPair &pair : text.pairs)
-        if (pair.key != "extended properties" && pair.key != "provider") inner.pairs.push_back(pair);
+        if (pair.key != "extended properties" && pair.key != "provider")
+            inner.pairs.push_back({pair.key, pair.shownKey, pair.value, odbcQuoted(pair.value)});
     return inner;
 }
 
@@ -247,11 +291,22 @@ public:
         if (const std::string password = m_parts.text(Part::password); !password.empty())
             m_result.secrets.push_back(password);
         m_result.problem = m_parts.problem;
+        if (m_result.problem.empty() && namesForeignLibrary())
+            m_result.problem = "the connection string names a driver by a path that is not registered";
         if (m_result.problem.empty()) write();
         return std::move(m_result);
     }
 
 private:
+    /// The driver manager would run any file as a driver, whoever wrote its path into the string.
+    [[nodiscard]] bool namesForeignLibrary() const
+    {
+        return std::ranges::any_of(m_text.pairs, [this](const ConnectionPair &pair) {
+            return partOfKey(pair.key) == Part::driver && isPath(pair.value) &&
+                   !installedDriver(pair.value, m_installed);
+        });
+    }
+
     void write()
     {
         const bool isBridge = asciiLower(m_parts.text(Part::provider)).starts_with("msdasql");
@@ -274,7 +329,7 @@ private:
             m_result.text = FreeTdsWriter(m_parts, *driver, installed.has_value()).write(m_result.problem);
     }
 
-    void writePlain() { m_result.text = plainOdbcString(m_text, m_parts, m_logIn); }
+    void writePlain() { m_result.text = PlainStringWriter(m_text, m_parts, m_logIn).write(m_result.problem); }
     void refuse(std::string why) { m_result.problem = std::move(why); }
 
     ConnectionText m_text;

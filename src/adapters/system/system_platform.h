@@ -18,6 +18,10 @@ namespace inin {
 [[nodiscard]] std::string systemPath(const std::string &path);
 /// True for a path that does not start at the current folder; a drive's letter counts as such where there are drives.
 [[nodiscard]] bool isAbsolutePath(const std::string &path);
+/// Creates an empty file that only its owner may read and write, to be filled with personal data or passwords. A file that
+/// exists keeps its rights and its content. Windows: does nothing, because a new file gets the rights of its folder. A
+/// failure shows when the caller opens the file.
+void createForOwner(const std::string &path);
 
 /// `applicationFolder` is what the runtime reports as the folder of the program.
 [[nodiscard]] std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder);

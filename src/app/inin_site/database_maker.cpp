@@ -1,5 +1,6 @@
 #include "app/inin_site/database_maker.h"
 
+#include "adapters/system/system_platform.h"
 #include "app/inin_site/code_tables.h"
 #include "app/inin_site/companies.h"
 #include "app/inin_site/embedded.h"
@@ -46,6 +47,7 @@ void writeDemoRows(RowTarget &target, const SiteOrder &order)
 void makeDatabase(const std::string &path, const SiteOrder &order)
 {
     const SchemaParts schema = splitSchema(schemaText());
+    createForOwner(path); // a journal gets the rights of its database
     SqliteWriter database(path);
     // The file is new and takes its final name only when it is whole: a journal would protect nothing.
     database.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN;");

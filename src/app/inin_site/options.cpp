@@ -76,7 +76,8 @@ Command readCommandLine(int argc, const char *const *argv)
     make->add_option("--seed", given.seed, "乱数の種。同じ種からは同じ行ができます")->capture_default_str();
     make->add_option("--month", given.month, "対象月 YYYY-MM。予定と実績はその前月から翌月までです（省略時は今月）");
     make->add_option("--staff", given.staff, "施術者の人数（省略時は利用者の人数から決めます）");
-    make->add_flag("--force", given.force, "空でないフォルダーにも書き込みます");
+    make->add_flag("--force", given.force,
+                   "空でないフォルダーにも書き込みます。--into では、前に作った見本データだけを作り直します");
     CLI::App *check = app.add_subcommand("check", "サイトを検査します。問題がなければ終了コード0、あれば1です。");
     check->add_option("DIR", given.folder, "検査するフォルダー")->required();
     try {

@@ -9,6 +9,8 @@
 
 #include <fmt/format.h>
 
+#include <vector>
+
 namespace inin::site {
 
 namespace {
@@ -26,22 +28,32 @@ try {
     return false;
 }
 
-void dropTables(Database &database, Connection &connection)
+/// This table marks a database whose tables `make` has made. Only such a database may lose them to another make.
+constexpr std::string_view kMarkTable = "ININ_SITE_DEMO";
+
+std::vector<std::string> presentTables(Database &database, Connection &connection)
 {
+    std::vector<std::string> present;
     for (const TableColumns &table : schemaTables())
-        if (isThere(database, connection, table.name))
-            connection.Execute("DROP TABLE " + table.name, adExecuteNoRecords);
+        if (isThere(database, connection, table.name)) present.push_back(table.name);
+    return present;
 }
 
-void refuseForeignTables(Database &database, Connection &connection)
+void refuseTable(const std::string &table, std::string_view why)
 {
-    for (const TableColumns &table : schemaTables()) {
-        if (!isThere(database, connection, table.name)) continue;
-        throw RuntimeError(ado_error::unspecified,
-                           fmt::format("データベースにテーブル「{}」が既にあるので、何も書き込みませんでした。"
-                                       "作り直すときは --force を付けてください。",
-                                       table.name));
-    }
+    throw RuntimeError(
+        ado_error::unspecified,
+        fmt::format("データベースにテーブル「{}」が既にあるので、何も書き込みませんでした。{}", table, why));
+}
+
+void refusePresentTables(const std::vector<std::string> &present, bool isMarked, Overwrite overwrite)
+{
+    if (present.empty()) return;
+    if (!isMarked)
+        refuseTable(present.front(), "見本データではない行が失われるおそれがあるため、上書きはできません。"
+                                     "空のデータベースを指定してください。");
+    if (overwrite == Overwrite::onlyOwnFolder)
+        refuseTable(present.front(), "前に作った見本データを作り直すときは --force を付けてください。");
 }
 
 enum class SchemaPart { tables, indexes };
@@ -53,16 +65,31 @@ void runSchema(Connection &connection, std::string_view schema, SchemaPart part)
             connection.Execute(statement, adExecuteNoRecords);
 }
 
-/// All rows or none: a make that breaks off leaves empty tables.
+void dropTables(Connection &connection, const std::vector<std::string> &tables)
+{
+    for (const std::string &table : tables) connection.Execute("DROP TABLE " + table, adExecuteNoRecords);
+}
+
 void writeRows(Connection &connection, const ServerDialect &dialect, const SiteOrder &order)
 {
     ServerTarget target(connection, dialect.binary);
+    writeDemoRows(target, order);
+    target.finish();
+}
+
+/// All of it or nothing, where the server can take back what it did to tables: a make that breaks off then leaves the
+/// database as it was.
+template <class Work> void inTransaction(Connection &connection, const Work &work)
+{
     connection.BeginTrans();
     try {
-        writeDemoRows(target, order);
-        target.finish();
+        work();
     } catch (const RuntimeError &) {
-        connection.RollbackTrans();
+        try {
+            connection.RollbackTrans();
+        } catch (const RuntimeError &) {
+            // The connection is lost, which ends the transaction too. The first failure is the one to report.
+        }
         throw;
     }
     connection.CommitTrans();
@@ -77,17 +104,27 @@ ServerDialect sqlServerDialect()
 
 void makeServerTables(Database &database, Connection &connection, const ServerDialect &dialect)
 {
-    dropTables(database, connection);
+    dropTables(connection, presentTables(database, connection));
     runSchema(connection, dialect.schema, SchemaPart::tables);
 }
 
 void makeServerDatabase(Database &database, Connection &connection, const ServerDialect &dialect,
                         const SiteOrder &order, Overwrite overwrite)
 {
-    if (overwrite == Overwrite::onlyOwnFolder) refuseForeignTables(database, connection);
-    makeServerTables(database, connection, dialect);
-    writeRows(connection, dialect, order);
-    runSchema(connection, dialect.schema, SchemaPart::indexes);
+    // Asked before the transaction begins: some servers end it at a statement that names a missing table.
+    std::vector<std::string> present = presentTables(database, connection);
+    const std::string mark(kMarkTable);
+    const bool isMarked = isThere(database, connection, mark);
+    refusePresentTables(present, isMarked, overwrite);
+    if (isMarked) present.push_back(mark);
+    inTransaction(connection, [&] {
+        dropTables(connection, present);
+        connection.Execute("CREATE TABLE " + mark + " (nPatients INTEGER NOT NULL)", adExecuteNoRecords);
+        connection.Execute(fmt::format("INSERT INTO {} VALUES ({})", mark, order.patients), adExecuteNoRecords);
+        runSchema(connection, dialect.schema, SchemaPart::tables);
+        writeRows(connection, dialect, order);
+        runSchema(connection, dialect.schema, SchemaPart::indexes);
+    });
 }
 
 void makeServerDatabase(const std::string &connectionString, const SiteOrder &order, Overwrite overwrite)

@@ -1,6 +1,7 @@
 #include "app/inin_site/site_files.h"
 
 #include "adapters/suite_text/code_page_932.h"
+#include "adapters/system/system_platform.h"
 #include "app/inin_site/embedded.h"
 #include "app/inin_site/stand_ins.h"
 #include "runtime/file_path.h"
@@ -95,6 +96,7 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
     writeFile(folder / kMarkerFile, markerText(order)); // first, so that a make that broke off can be made again
     for (const std::string_view name : kFolders) makeFolder(folder / name);
     writeSuiteText(folder / "Massage.ini", kSettings);
+    createForOwner(textOf(folder / "adodb.ini")); // a connection string may hold a password
     writeSuiteText(folder / "adodb.ini", kConnection);
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);

@@ -28,15 +28,18 @@ void refuseForeignFolder(const fs::path &folder)
 void makeAndRename(const fs::path &unfinished, const fs::path &target, const SiteOrder &order)
 {
     std::error_code error;
-    fs::remove(unfinished, error);
+    fs::remove(unfinished, error); // what a make left that was killed
     makeDatabase(textOf(unfinished), order);
+    const fs::file_status old = fs::status(target, error);
+    if (fs::is_regular_file(old)) fs::permissions(unfinished, old.permissions(), error);
     fs::rename(unfinished, target, error);
     if (!error) return;
     throw RuntimeError(error_number::pathAccess,
                        fmt::format("データベース「{}」を置き換えられません。", textOf(target)));
 }
 
-/// The database takes its name when it is whole, so a make that breaks off leaves the old one, and nothing beside it.
+/// Gives the database its name when it is complete: a make that fails leaves the old one and nothing beside it. One that is
+/// killed leaves the unfinished file, which the next make removes.
 void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 {
     const fs::path target = folder / kDatabaseFile;

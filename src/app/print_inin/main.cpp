@@ -9,6 +9,7 @@
 #include "adapters/qt/window_application.h"
 #include "adapters/script/recording_database.h"
 #include "adapters/script/telling_ports.h"
+#include "adapters/system/system_platform.h"
 #include "app/print_inin/desktop.h"
 #include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
@@ -59,6 +60,7 @@ void runOn(const Platform &platform)
 /// Runs with everything told, in the words of a played script.
 void runTold(const Platform &inner, const std::string &file)
 {
+    createForOwner(file);                              // the statements hold names, the help address a password
     std::ofstream out(pathOf(file), std::ios::binary); // the same bytes on every system
     Transcript transcript(out);
     TellingBoxes boxes(transcript, inner.boxes);

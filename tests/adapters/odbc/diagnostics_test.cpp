@@ -16,9 +16,10 @@ struct NumberRow {
     std::int32_t number;
 };
 
-std::optional<RuntimeError> raised(std::vector<ProviderError> &errors, const std::vector<DiagnosticRecord> &records)
+std::optional<RuntimeError> raised(std::vector<ProviderError> &errors, const std::vector<DiagnosticRecord> &records,
+                                   Failure failure = Failure::statement, const std::vector<std::string> &secrets = {})
 try {
-    raiseRecords(errors, records, {});
+    raiseRecords(errors, records, secrets, failure);
 } catch (const RuntimeError &error) {
     return error;
 }
@@ -128,6 +129,48 @@ TEST_CASE("a failure without any record gets an entry of its own")
     CHECK(error->number() == -2147467259);
     REQUIRE(errors.size() == 1);
     CHECK(errors[0].Description == "the driver failed and told no reason");
+}
+
+TEST_CASE("a failed log-in is raised with the texts of all its records, each once and without secrets")
+{
+    std::vector<ProviderError> errors;
+    const auto text = [&errors](const std::vector<DiagnosticRecord> &records) {
+        const auto error = raised(errors, records, Failure::logIn, {"geheim"});
+        REQUIRE(error.has_value());
+        return error->description();
+    };
+    CHECK(text({{"08001", 0, "Unable to connect to data source"}, {"01000", 20013, "Unknown host machine name."}}) ==
+          "Unable to connect to data source (Unknown host machine name.)");
+    CHECK(text({{"HYT00", 0, "Login timeout expired"}, {"08001", 2, "PWD=geheim"}, {"08001", 2, "no answer"}}) ==
+          "Login timeout expired (PWD=***; no answer)");
+    CHECK(text({{"01000", 0, "Can't open lib"}, {"IM002", 0, "not found"}}) == "not found (Can't open lib)");
+    CHECK(text({{"42000", 18456, "Login failed"}, {"08001", 0, "Unable to connect to data source"}}) == "Login failed");
+    CHECK(text({{"28000", 18456, "Login failed"}, {"28000", 18456, "Login failed"}, {"01000", 0, ""}}) ==
+          "Login failed");
+    CHECK(text({{"08001", 0, "Unable to connect to data source"}}) == "Unable to connect to data source");
+    CHECK(errors.size() == 1);
+}
+
+TEST_CASE("a lost connection is raised and listed as a sentence, with the driver's text where it has one")
+{
+    struct Row {
+        std::vector<DiagnosticRecord> records;
+        const char *text;
+    };
+    for (const Row &row : {Row{{{"HY000", 0, "Unknown error"}}, "the connection to the server was lost"},
+                           {{}, "the connection to the server was lost"},
+                           {{{"08S01", 0, ""}}, "the connection to the server was lost"},
+                           {{{"08S01", 0, "Communication link failure"}},
+                            "the connection to the server was lost (Communication link failure)"},
+                           {{{"HYT00", 0, "Timeout expired"}}, "Timeout expired"}}) {
+        CAPTURE(row.text);
+        std::vector<ProviderError> errors;
+        const auto error = raised(errors, row.records, Failure::lostConnection);
+        REQUIRE(error.has_value());
+        CHECK(error->description() == row.text);
+        REQUIRE(errors.size() == 1);
+        CHECK(errors[0].Description == row.text);
+    }
 }
 
 TEST_CASE("a failure among warnings is one, warnings and notices alone are none")

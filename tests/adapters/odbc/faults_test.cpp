@@ -185,7 +185,7 @@ TEST_CASE("a database that is not there, a driver that is not there, a name that
     CHECK(numberOf(withDatabase(postgres(), "no_such_database")) == -2147467259);
     CHECK(isTold(*connection, "no_such_database"));
     CHECK(numberOf("Driver=/no/such/driver.so;PWD=geheimnis") == -2147467259);
-    CHECK(isTold(*connection, "Can't open lib"));
+    CHECK(isTold(*connection, "names a driver by a path that is not registered"));
     CHECK_FALSE(isTold(*connection, "geheimnis"));
     CHECK(numberOf("no_such_data_source") == -2147467259);
     REQUIRE_FALSE(connection->Errors().empty());

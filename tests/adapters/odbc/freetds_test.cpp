@@ -1,11 +1,14 @@
 // How FreeTDS reads our connection strings and how it reports, over a peer that speaks the server's protocol.
 
+#include "adapters/odbc/connection_text.h"
 #include "adapters/odbc/driver_stage.h"
 #include "adapters/odbc/tds_peer.h"
 
 #include <doctest/doctest.h>
 
 #include <chrono>
+#include <cstdlib>
+#include <fstream>
 
 using namespace inin;
 using namespace inin::test;
@@ -22,6 +25,17 @@ double secondsOf(const std::function<void()> &call)
     const auto start = std::chrono::steady_clock::now();
     call();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// A data source for FreeTDS, in a list of its own that the driver manager reads instead of the user's.
+std::string dataSourceFor(const TdsPeer &peer)
+{
+    static const std::string list = fromEnvironment("ININ_ODBC_FOLDER") + "/odbc.ini";
+    setenv("ODBCINI", list.c_str(), 1);
+    const std::string name = "massage" + std::to_string(peer.port());
+    std::ofstream(list, std::ios::app) << "[" << name << "]\nDriver=FreeTDS\nServer=127.0.0.1\nPort=" << peer.port()
+                                       << "\nTDS_Version=7.4\nClientCharset=UTF-8\n\n";
+    return name;
 }
 
 struct PasswordRow {
@@ -62,6 +76,34 @@ TEST_CASE("FreeTDS gets every password as it is meant")
         const Session session(adoString(peer, std::string("User ID=sa;Password=") + row.written));
         REQUIRE(peer.logIns().size() == 1);
         CHECK(peer.logIns()[0].password == row.meant);
+    }
+}
+
+TEST_CASE("user, password and database reach FreeTDS through a data source, in each form of string")
+{
+    for (const PasswordRow &row : {PasswordRow{"\"a;b\"", "a;b"},
+                                   {"a}b", "a}b"},
+                                   {"a}", "a}"},
+                                   {"\"{a\"", "{a"},
+                                   {"\" a \"", " a "},
+                                   {"\"a,b=c@d\"", "a,b=c@d"},
+                                   {"日本", "日本"}}) {
+        CAPTURE(std::string(row.meant));
+        const TdsPeer peer(TdsManner::willing);
+        const std::string name = dataSourceFor(peer);
+        const Session bridged("Provider=MSDASQL;Data Source=" + name +
+                              ";Initial Catalog=Massage;User ID=sa;Password=" + row.written);
+        const Session named("DSN=" + name + ";UID=sa;PWD=" + odbcQuoted(row.meant) + ";Database=Massage");
+        const auto database = makeOdbcDatabase();
+        const auto bare = database->newConnection();
+        bare->Open(name, "sa", row.meant, -1);
+        REQUIRE(peer.logIns().size() == 3);
+        for (const TdsLogIn &logIn : peer.logIns()) {
+            CHECK(logIn.user == "sa");
+            CHECK(logIn.password == row.meant);
+        }
+        CHECK(peer.logIns()[0].database == "Massage");
+        CHECK(peer.logIns()[1].database == "Massage");
     }
 }
 
@@ -147,14 +189,36 @@ TEST_CASE("a closed port is told with the records of FreeTDS")
     CHECK(connection->Errors()[0].NativeError == 20009);
 }
 
-TEST_CASE("a connection that breaks fails the next statement, is not kept, and opens anew")
+TEST_CASE("a log-in that fails before it reaches the server is raised with the driver's reason")
+{
+    const TdsPeer peer(TdsManner::willing);
+    struct Row {
+        std::string connectionString;
+        const char *text;
+    };
+    for (const Row &row : {Row{"Provider=SQLOLEDB;Data Source=no.such.host.invalid;User ID=sa;Password=geheim",
+                               "Unable to connect to data source (Unknown host machine name.)"},
+                           {adoString(peer, "Integrated Security=SSPI"),
+                            "Unable to connect to data source (Adaptive Server connection failed)"},
+                           {adoString(peer, "User ID=sa;Password=geheim;Encrypt=yes"),
+                            "Unable to connect to data source (Adaptive Server connection failed)"}}) {
+        CAPTURE(row.connectionString);
+        const auto connection = makeOdbcDatabase()->newConnection();
+        CHECK(errorOf([&] { connection->Open(row.connectionString, "", "", -1); }).description() == row.text);
+    }
+}
+
+TEST_CASE("a connection that breaks between two statements fails the next one with a sentence, and opens again")
 {
     TdsPeer peer(TdsManner::willing);
     const std::string text = adoString(peer, "User ID=sa;Password=p");
     const Session session(text);
     peer.hangUp();
-    CHECK(errorOf([&] { (void)session.open("SELECT 1"); }).number() != 0);
-    CHECK_FALSE(session.connection->Errors().empty());
+    const RuntimeError error = errorOf([&] { (void)session.open("SELECT 1"); });
+    CHECK(error.number() == -2147467259);
+    CHECK(error.description() == "the connection to the server was lost");
+    REQUIRE(session.connection->Errors().size() == 1);
+    CHECK(session.connection->Errors()[0].Description == "the connection to the server was lost");
     session.connection->Close();
     session.connection->Open(text, "", "", -1);
     CHECK(session.value("SELECT 1") == Variant(std::int32_t{1}));

@@ -16,6 +16,7 @@ const Drivers k17{"ODBC Driver 17 for SQL Server", "FreeTDS"};
 const Drivers k18{"ODBC Driver 17 for SQL Server", "ODBC Driver 18 for SQL Server"};
 const Drivers kOldWindows{"SQL Server", "Microsoft Access Driver (*.mdb)"};
 const Drivers kNone{"SQLite3"};
+const Drivers kRegisteredPath{"SQLite3", "Own", "/usr/lib/odbc/libtdsodbc.so"};
 
 struct Row {
     std::string text;
@@ -85,6 +86,11 @@ const std::vector<BadRow> kBadRows{
      "the FreeTDS driver knows no strict encryption"},
     {"Provider=SQLOLEDB;Data Source=a;User ID=sa;Password=\"ge};heim\"", kFreeTds,
      "the FreeTDS driver takes no password that holds \"};\""},
+    {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=\"ge;heim}\"", k18,
+     "a data source takes no password that holds \"}\" and also a \";\", a \"{\" at its start or a blank at its start or "
+     "end"},
+    {"DSN=massage;UID={{u}}};PWD=geheim", k18,
+     "a data source takes no user that holds \"}\" and also a \";\", a \"{\" at its start or a blank at its start or end"},
 };
 
 } // namespace
@@ -235,7 +241,7 @@ TEST_CASE("an ODBC string for FreeTDS is spelled as FreeTDS reads it")
         {"Driver=FreeTDS;Server=h;Port=1500;UID=u;PWD=p;Encryption=request", kFreeTds,
          start + "UID=u;PWD=p;Encryption=request;"},
         {"Driver=FreeTDS;Server=h;Server=other;Port=1500;UID=u;PWD=p", kFreeTds, start + "UID=u;PWD=p;"},
-        {"Driver=/usr/lib/odbc/libtdsodbc.so;Server=h;Port=1500;UID=u;PWD=p", kNone,
+        {"Driver=/usr/lib/odbc/libtdsodbc.so;Server=h;Port=1500;UID=u;PWD=p", kRegisteredPath,
          "Driver={/usr/lib/odbc/libtdsodbc.so};Server=h;Port=1500;TDS_Version=7.4;ClientCharset=UTF-8;UID=u;PWD=p;"},
     });
 }
@@ -249,7 +255,14 @@ TEST_CASE("a data source of the system's list and a driver for another server go
         {"dsn = massage ; User ID = u ; Password = p ; Initial Catalog = d", k18,
          "dsn=massage;UID=u;PWD=p;Database=d;"},
         {"FILEDSN=C:\\x.dsn;PWD={a;b}", k18, "FILEDSN=C:\\x.dsn;PWD={a;b};"},
-        {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=\"a;b\"", k18, "DSN=massage;UID=u;Password={a;b};"},
+        {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=\"a;b\"", k18, "DSN=massage;UID=u;PWD={a;b};"},
+        {"Provider=MSDASQL;Data Source=massage;Initial Catalog=d;User ID=u;Password=p", k18,
+         "DSN=massage;Database=d;UID=u;PWD=p;"},
+        {"FILEDSN=C:\\x.dsn;User ID=u;Password=p", k18, "FILEDSN=C:\\x.dsn;UID=u;PWD=p;"},
+        {"Provider=MSDASQL;Driver={PostgreSQL Unicode};Server=h;User ID=u;Password=\"a}b\"", kFreeTds,
+         "Driver=PostgreSQL Unicode;Server=h;UID=u;PWD={a}}b};"},
+        {"Provider=MSDASQL;Extended Properties='DSN=massage';User ID=u;Password=\"a;b\"", k18,
+         "DSN=massage;UID=u;PWD={a;b};"},
         {"Provider=MSDASQL.1;Persist Security Info=False;Extended Properties=\"DSN=massage;UID=u;PWD=p\"", k18,
          "DSN=massage;UID=u;PWD=p;"},
         {"Provider=MSDASQL;Driver={SQL Server};Server=h;Database=d;UID=u;PWD=p", k17,
@@ -261,12 +274,43 @@ TEST_CASE("a data source of the system's list and a driver for another server go
     });
 }
 
+TEST_CASE("a password with a closing brace reaches a data source in no braces, for drivers read those differently")
+{
+    checkAll({
+        {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=a}b", k18, "DSN=massage;UID=u;PWD=a}b;"},
+        {"Provider=MSDASQL;Data Source=massage;User ID=u}v;Password=a@b", k18, "DSN=massage;UID=u}v;PWD={a@b};"},
+        {"DSN=massage;UID=u;PWD={a}}b}", k18, "DSN=massage;UID=u;PWD=a}b;"},
+        {"DSN=massage;UID=u;PWD=a}b", k18, "DSN=massage;UID=u;PWD=a}b;"},
+        {"DSN=massage;UID=u;PWD={ a}", k18, "DSN=massage;UID=u;PWD={ a};"},
+    });
+    CHECK(odbcStringFor("massage", k18, {"u", "a}b"}).text == "DSN=massage;UID=u;PWD=a}b;");
+    CHECK(odbcStringFor("massage", k18, {"u", "a;b}"}).problem ==
+          "a data source takes no password that holds \"}\" and also a \";\", a \"{\" at its start or a blank at its "
+          "start or end");
+}
+
 TEST_CASE("a string that makes no connection is refused with its reason")
 {
     for (const BadRow &row : kBadRows) {
         CAPTURE(row.problem);
         CHECK(odbcStringFor(row.text, row.drivers).problem == row.problem);
     }
+}
+
+TEST_CASE("a driver's library that is not registered is refused in every form of string")
+{
+    const Drivers elsewhere{"FreeTDS", "/usr/lib/odbc/libtdsodbc.so", "SQLite3"};
+    for (const char *text : {"Driver=/home/x/libtdsodbc.so;Server=h;UID=u;PWD=p", "driver = {/home/x/any.so} ;Server=h",
+                             "Driver=.\\any.dll;Server=h", "Driver=SQLite3;Database=d;Driver=/home/x/any.so",
+                             "DSN=x;Driver=/home/x/any.so", "Provider=MSDASQL;Driver=/home/x/any.so",
+                             "Provider=SQLOLEDB;Data Source=h;Driver=/home/x/libtdsodbc.so",
+                             "Provider=MSDASQL;Extended Properties='Driver=/home/x/any.so;Server=h'"}) {
+        CAPTURE(text);
+        const OdbcString made = odbcStringFor(text, elsewhere);
+        CHECK(made.problem == "the connection string names a driver by a path that is not registered");
+        CHECK(made.text == "");
+    }
+    CHECK(odbcStringFor("Driver={/USR/lib/odbc/libtdsodbc.so};Server=h", elsewhere).problem == "");
 }
 
 TEST_CASE("no refusal tells the password")

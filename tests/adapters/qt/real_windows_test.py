@@ -183,6 +183,7 @@ def work_a_print(program, display, look=lambda name: None):
 def print_of_one_patient(site, display):
     with Program(display, site) as program:
         expect("exit code", work_a_print(program, display), 0)
+        expect("rights of the transcript", oct(os.stat(program.transcript).st_mode & 0o777), "0o600")
         told = program.told()
         expect("the story", [event for event in told if event["event"] != "box"], [
             window("frmBack", True), window("frmPrintInin", True),
