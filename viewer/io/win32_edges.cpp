@@ -53,7 +53,7 @@ void prepareStreams()
         if (isAttached && std::freopen("CONOUT$", "w", stream.file) != nullptr)
             std::setvbuf(stream.file, nullptr, _IONBF, 0);
     }
-    useUtf8Streams();
+    prepareStandardStreams();
 }
 
 void tellFailure(const std::string &sentence)

@@ -52,7 +52,8 @@ std::filesystem::path programFile()
     return file;
 }
 
-void useUtf8Streams()
+// The run-time library keeps the descriptors of streams that are closed at the start: no file gets them.
+void prepareStandardStreams()
 {
     for (std::FILE *stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
     codePageBefore() = GetConsoleOutputCP();

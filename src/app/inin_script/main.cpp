@@ -39,7 +39,7 @@ int play(const ScriptOptions &options)
 
 int main(int argc, char **argv)
 try {
-    inin::useUtf8Streams();
+    inin::prepareStandardStreams();
     CLI::App line{"Plays the conditions screen from commands, one JSON object a line, without a window.",
                   "inin-script"};
     std::string folder;

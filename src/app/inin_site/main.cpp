@@ -82,7 +82,7 @@ struct Run {
 
 int main(int argc, char **argv)
 try {
-    inin::useUtf8Streams();
+    inin::prepareStandardStreams();
     const std::vector<std::string> words = inin::programArguments(argc, argv);
     std::vector<const char *> line = {"inin-site"};
     for (const std::string &word : words) line.push_back(word.c_str());
