@@ -23,8 +23,9 @@ namespace inin {
 [[nodiscard]] std::int16_t toInteger(double value);
 [[nodiscard]] std::int32_t toLong(double value);
 [[nodiscard]] std::int16_t narrow(std::int32_t value);
-/// A number read from text: blanks around, sign, thousands commas, decimal point, exponent, &H and &O, parentheses for
-/// minus. It counts with 15 digits and ends at a NUL. Error 13 for anything else, 6 beyond a double.
+/// A number read from text: blanks around, sign, commas among the digits on both sides of the decimal point, exponent,
+/// &H and &O, parentheses for minus. Every digit counts; a NUL ends the text. Error 13 for any other text, 6 beyond a
+/// double.
 [[nodiscard]] double numberFromText(std::string_view text);
 /// True where toDouble would give a number: texts that are numbers, numbers, Empty; never Null or a date.
 [[nodiscard]] bool isNumeric(const Variant &value);

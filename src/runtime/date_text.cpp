@@ -86,9 +86,19 @@ public:
 private:
     bool collect()
     {
-        for (m_scan.skipBlanks(); !m_scan.atEnd(); m_scan.skipBlanks())
+        while (skipGap()) {
+            if (m_scan.atEnd()) return true;
             if (!takeMeridiem() && !takeEra() && !takeNumber()) return false;
-        return true;
+        }
+        return false;
+    }
+
+    /// Skips blanks and commas. A comma separates as a blank does, but must not end the text: false where it does.
+    bool skipGap()
+    {
+        bool hasComma = false;
+        for (m_scan.skipBlanks(); m_scan.accept(','); m_scan.skipBlanks()) hasComma = true;
+        return !hasComma || !m_scan.atEnd();
     }
 
     bool takeMeridiem()
@@ -116,7 +126,7 @@ private:
         if (m_era != nullptr && m_count == 0 && m_scan.accept("元")) return addPart(1);
         const std::optional<std::int32_t> number = takeValue(4);
         if (!number) return false;
-        if (m_scan.accept(':')) return takeTime(*number);
+        if (takeTimeSeparator()) return takeTime(*number);
         return isHourAlone() ? startTime(*number) : addPart(*number);
     }
 
@@ -127,6 +137,9 @@ private:
         m_scan.skipBlanks();
         return takeMeridiem();
     }
+
+    /// A colon, or a point where the short date does not use it.
+    bool takeTimeSeparator() { return m_scan.accept(':') || (!isDateSeparator('.') && m_scan.accept('.')); }
 
     bool startTime(std::int32_t hour)
     {
@@ -141,7 +154,7 @@ private:
         const std::optional<std::int32_t> minute = takeValue(2);
         if (!startTime(hour) || !minute || *minute > 59) return false;
         m_parts.minute = *minute;
-        if (!m_scan.accept(':')) return true;
+        if (!takeTimeSeparator()) return true;
         const std::optional<std::int32_t> second = takeValue(2);
         if (!second || *second > 59) return false;
         m_parts.second = *second;
@@ -170,14 +183,15 @@ private:
         return true;
     }
 
-    /// A slash, a hyphen, the short date's own separator, or the comma of "5月 1, 2024".
+    /// A slash, a hyphen, or the point of a short date that uses it.
+    [[nodiscard]] bool isDateSeparator(char c) const
+    {
+        return c == '/' || c == '-' || (c == '.' && m_regional.shortDate.find(c) != std::string::npos);
+    }
+
     bool takeSeparator()
     {
-        const char next = m_scan.peek();
-        const bool own = next != '\0' && std::string_view(".,").find(next) != std::string_view::npos &&
-                         m_regional.shortDate.find(next) != std::string::npos;
-        const bool afterMonth = next == ',' && (m_found[0].role == 'm' || m_found[1].role == 'm');
-        if (next != '/' && next != '-' && !own && !afterMonth) return false;
+        if (!isDateSeparator(m_scan.peek())) return false;
         m_scan.take();
         return true;
     }

@@ -3,7 +3,6 @@
 #include "runtime/runtime_error.h"
 #include "runtime/text_scan.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -14,12 +13,11 @@ namespace inin {
 namespace {
 
 using Outcome = NumberReading::Outcome;
-constexpr std::size_t kDigits = 15;
 
-/// Signs and parentheses around the digits: each may stand once, so "+-1" and "1-" are numbers too.
+/// Signs and parentheses around the digits: each may occur once, so "+-1" and "1-" are numbers too.
 class Marks {
 public:
-    /// Takes the marks out of `allowed`; false when one stands a second time.
+    /// Takes the marks out of `allowed`; false when one occurs a second time.
     bool read(TextScan &scan, std::string_view allowed)
     {
         for (;;) {
@@ -54,13 +52,19 @@ private:
     bool m_closed = false;
 };
 
-/// The digits with point and exponent, without thousands commas; nothing when the text has another form.
+/// Appends digits without the thousands commas among them, which may be anywhere but before the first character.
+void takeGroupedDigits(TextScan &scan, std::string &decimal)
+{
+    while (scan.atDigit() || (!decimal.empty() && scan.peek() == ','))
+        if (const char next = scan.take(); next != ',') decimal += next;
+}
+
+/// The digits with point and exponent; nothing when the text has another form.
 std::optional<std::string> takeDecimal(TextScan &scan)
 {
     std::string decimal;
-    while (scan.atDigit() || (!decimal.empty() && scan.peek() == ','))
-        if (const char next = scan.take(); next != ',') decimal += next;
-    if (scan.accept('.')) decimal.append(".").append(scan.takeDigits());
+    takeGroupedDigits(scan, decimal);
+    if (scan.accept('.')) takeGroupedDigits(scan, decimal += '.');
     if (decimal.empty() || decimal == ".") return std::nullopt;
     if (scan.acceptWord("e") || scan.acceptWord("d")) {
         decimal += 'e';
@@ -75,7 +79,7 @@ std::optional<std::string> takeDecimal(TextScan &scan)
     return decimal;
 }
 
-/// True where the first digit that counts stands left of the point: beyond the range then means too large.
+/// True where the first significant digit is left of the point: a value beyond the range is then too large.
 bool isLarge(std::string_view decimal)
 {
     const std::size_t end = std::min(decimal.find('e'), decimal.size());
@@ -97,15 +101,6 @@ double doubleOf(std::string_view decimal)
     const auto result = std::from_chars(decimal.data(), decimal.data() + decimal.size(), value);
     if (result.ec == std::errc{}) return value;
     return isLarge(decimal) ? HUGE_VAL : 0.0;
-}
-
-/// A text counts with 15 digits, like the default text of a number: 0.49999999999999994 is a half.
-double roundedTo15Digits(double value)
-{
-    std::array<char, 32> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                       std::chars_format::scientific, static_cast<int>(kDigits) - 1);
-    return doubleOf({buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data())});
 }
 
 NumberReading readBits(TextScan &scan)
@@ -132,8 +127,7 @@ NumberReading readNumber(std::string_view text)
     if (!marks.read(scan, "+-(")) return {};
     const std::optional<std::string> decimal = takeDecimal(scan);
     if (!decimal || !marks.read(scan, "+-)") || !scan.atEnd() || !marks.balanced()) return {};
-    double value = doubleOf(*decimal);
-    if (decimal->size() > kDigits && std::isfinite(value)) value = roundedTo15Digits(value);
+    const double value = doubleOf(*decimal);
     if (!std::isfinite(value)) return {Outcome::overflow};
     return {Outcome::number, marks.negative() ? -value : value};
 }

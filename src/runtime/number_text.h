@@ -5,7 +5,7 @@
 
 namespace inin {
 
-/// What a text says as a number, told without an exception, since Format and isNumeric only ask.
+/// The number in a text. It throws no exception, since Format and isNumeric only ask.
 struct NumberReading {
     enum class Outcome { number, bits, mismatch, overflow };
     Outcome outcome = Outcome::mismatch;

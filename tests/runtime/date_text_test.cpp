@@ -20,7 +20,8 @@ TEST_CASE("a date is read with any of the customary separators")
 {
     for (const std::string_view text :
          {"2024/5/1", "2024-05-01", "2024 5 1", "2024/5-1", "2024 / 5 / 1", "　2024/05/01　", "2024年5月1日",
-          "2024年05月01日", "2024年 5月 1日", "5月 1, 2024", "2024年5月", "2024/5"}) {
+          "2024年05月01日", "2024年 5月 1日", "5月 1, 2024", "2024,5,1", "2024, 5, 1", "2024/5,1", "2024,,5/1",
+          ",2024,5", "2024年5月", "2024/5"}) {
         CAPTURE(text);
         CHECK(read(text) == dateOf({2024, 5, 1}));
     }
@@ -44,7 +45,11 @@ TEST_CASE("a text that is no date is a type mismatch")
                                         "2024/5/1/",
                                         "2024/5/1/2",
                                         "2024.5.1",
-                                        "2024,5,1",
+                                        "2024,5,1,",
+                                        "2024/5/1 , ",
+                                        ",",
+                                        "5,1",
+                                        "2024-5.1",
                                         "2024/2/30",
                                         "2023/2/29",
                                         "2024/0/1",
@@ -80,6 +85,12 @@ TEST_CASE("a time is read alone, behind and before a date, with and without seco
         {"9:30 2024/5/1", {2024, 5, 1, 9, 30, 0}},
         {"2024年5月1日9:30", {2024, 5, 1, 9, 30, 0}},
         {"1899/12/29 6:00", {1899, 12, 29, 6, 0, 0}},
+        {"2024,5,1,9:30", {2024, 5, 1, 9, 30, 0}},
+        {"1.5", {1899, 12, 30, 1, 5, 0}},
+        {"23.59.59", {1899, 12, 30, 23, 59, 59}},
+        {"1:5.3", {1899, 12, 30, 1, 5, 3}},
+        {"2024/5/1 9.30", {2024, 5, 1, 9, 30, 0}},
+        {"1.5 2024,5,1", {2024, 5, 1, 1, 5, 0}},
     };
     for (const Row &row : rows) {
         CAPTURE(row.text);
@@ -110,9 +121,11 @@ TEST_CASE("a half of the day between date and time belongs to the time")
 
 TEST_CASE("a text that is no time is a type mismatch")
 {
-    for (const std::string_view text : {"24:00", "9:60", "9:30:60", "9:", ":30", "9:30:", "9:30:15.5", "9:30 9:30",
-                                        "AM", "午前", "13:00 AM", "9:30 AM PM", "2024/5/1 PM 3", "9:300", "100:00",
-                                        "2024/5/1 AM", "2024/5 9 PM", "2024/5/9:30", "2024/5/1/9:30"}) {
+    for (const std::string_view text :
+         {"24:00",     "24.0",      "1.60",        "1.",          ".5",          "1.5.",         "1.5.3.4",
+          "9:30,",     "100.5",     "9:60",        "9:30:60",     "9:",          ":30",          "9:30:",
+          "9:30:15.5", "9:30 9:30", "AM",          "午前",        "13:00 AM",    "9:30 AM PM",   "2024/5/1 PM 3",
+          "9:300",     "100:00",    "2024/5/1 AM", "2024/5 9 PM", "2024/5/9:30", "2024/5/1/9:30"}) {
         CAPTURE(text);
         CHECK(errorOf([&] { return read(text); }) == 13);
     }
@@ -139,6 +152,13 @@ TEST_CASE("the order of the short date is tried first and the others after it")
         CAPTURE(row.text);
         CHECK(read(row.text, Regional{std::string(row.shortDate)}) == dateOf(row.expected));
     }
+}
+
+TEST_CASE("a point that separates the parts of the short date separates no time")
+{
+    const Regional regional{"dd.MM.yyyy"};
+    CHECK(read("01.05.2024 9:30", regional) == dateOf({2024, 5, 1, 9, 30, 0}));
+    CHECK(errorOf([&] { return read("1.5", regional); }) == 13);
 }
 
 TEST_CASE("an era is read where the short date has eras")

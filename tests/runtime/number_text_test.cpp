@@ -30,6 +30,11 @@ TEST_CASE("a text is a number with blanks, sign, commas, point, exponent or pare
         {"(12)", -12},
         {" ( 12 ) ", -12},
         {"1,234,567.5", 1234567.5},
+        {"1.234,5", 1.2345},
+        {"1.2,3,4,", 1.234},
+        {"(1,2.,3)", -12.3},
+        {"1.5,E3", 1500},
+        {"-.,5", -0.5},
         {"1.5E3", 1500},
         {"1.5e-3", 0.0015},
         {"2d2", 200},
@@ -47,9 +52,9 @@ TEST_CASE("a text is a number with blanks, sign, commas, point, exponent or pare
 TEST_CASE("a text of another form is a type mismatch")
 {
     for (const std::string_view text :
-         {"",      " ",   "+",   "-",   ".",   ",",   "e3",    "1e",   "1e+",        "a",        "12a", "1 2",
-          "1.2.3", "--1", "1--", "-1-", "(1",  "1)",  "((1))", ")1(",  "１２",       "¥12",      "12%", "0x10",
-          "NaN",   "inf", "&",   "&H",  "&HG", "&O8", "&X1",   "-&H1", "2024/05/01", "\xE3\x80", "\xFF"}) {
+         {"",     " ",   "+",   "-",  ".",  ",",   "e3",  "1e",     "1e+",   "a",          "12a",      "1 2", "1.2.3",
+          "--1",  "1--", "-1-", "(1", "1)", ".,",  ",.5", "1.5 ,2", "((1))", ")1(",        "１２",     "¥12", "12%",
+          "0x10", "NaN", "inf", "&",  "&H", "&HG", "&O8", "&X1",    "-&H1",  "2024/05/01", "\xE3\x80", "\xFF"}) {
         CAPTURE(text);
         CHECK(errorOf([&] { return numberFromText(text); }) == 13);
     }
@@ -96,11 +101,13 @@ TEST_CASE("a number too small for a double is 0")
     }
 }
 
-TEST_CASE("a text counts with 15 digits")
+TEST_CASE("every digit of a number text counts")
 {
-    CHECK(numberFromText("0.49999999999999994") == 0.5);
-    CHECK(numberFromText("12345678901234567") == 12345678901234600.0);
-    CHECK(numberFromText("123456789012345") == 123456789012345.0);
+    CHECK(numberFromText("123456789.123456789") == 123456789.123456789);
+    CHECK(numberFromText("12345678901234567") == 12345678901234567.0);
+    CHECK(numberFromText("0.49999999999999994") == 0.49999999999999994);
+    CHECK(toLong(Variant("0.49999999999999994"), kRegional) == 0);
+    CHECK(toLong(Variant("2.5000000000000004"), kRegional) == 3);
 }
 
 TEST_CASE("a NUL ends the text of a number")

@@ -8,7 +8,7 @@ namespace inin {
 
 namespace {
 
-constexpr std::string_view kBlanks = "\t\n\v\f\r ";
+constexpr std::string_view kBlanks = "\t\n\v\f\r \x1A";
 constexpr std::string_view kLineEnd = "\r\n";
 
 char16_t unitOf(std::string_view character)
@@ -50,6 +50,11 @@ std::string_view trimmedBoth(std::string_view text)
     return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
+std::string_view untilNul(std::string_view text)
+{
+    return text.substr(0, text.find('\0'));
+}
+
 std::string_view characterAt(std::string_view text, std::size_t at)
 {
     return text.substr(at, isCp932Lead(static_cast<unsigned char>(text[at])) ? 2 : 1);
@@ -86,20 +91,20 @@ void Lines::classify(Line &line, std::size_t equals, std::size_t bracket) const
     if (content.starts_with('[') && bracket != std::string_view::npos) {
         const auto first = static_cast<std::size_t>(content.data() - m_bytes.data()) + 1;
         line.kind = LineKind::section;
-        line.name = trimmedBoth(m_bytes.substr(first, bracket - first));
+        line.name = untilNul(trimmedBoth(m_bytes.substr(first, bracket - first)));
     } else if (equals != std::string_view::npos) {
         line.kind = LineKind::entry;
-        line.name = trimmedBoth(m_bytes.substr(line.begin, equals - line.begin));
+        line.name = untilNul(trimmedBoth(m_bytes.substr(line.begin, equals - line.begin)));
         line.valueBegin = equals + 1;
         line.value = m_bytes.substr(line.valueBegin, line.end - line.valueBegin);
     } else {
-        line.name = content;
+        line.name = untilNul(content);
     }
 }
 
 std::optional<Section> findSection(std::string_view bytes, std::string_view name)
 {
-    name = trimmedBoth(name);
+    name = trimmedBoth(untilNul(name));
     std::optional<Section> found;
     if (name.empty()) found = Section{};
     Lines lines(bytes);
@@ -117,7 +122,7 @@ std::optional<Section> findSection(std::string_view bytes, std::string_view name
 
 std::optional<Line> findKey(std::string_view bytes, const Section &section, std::string_view key)
 {
-    key = trimmedBoth(key);
+    key = trimmedBoth(untilNul(key));
     Lines lines(bytes.substr(section.begin, section.end - section.begin));
     for (Line line; lines.read(line);) {
         if (line.isBlank() || !sameName(line.name, key)) continue;

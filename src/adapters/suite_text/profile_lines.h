@@ -8,9 +8,12 @@ namespace inin {
 
 // How a profile file of code page 932 falls into characters, lines, sections and keys. Views point into the bytes.
 
-/// What the platform trims: more than the ASCII blank, but no full-width one.
+/// Trims what the platform counts as a blank: more than the ASCII blank, 0x1A too, but no full-width one.
 [[nodiscard]] std::string_view trimmedLeft(std::string_view text);
 [[nodiscard]] std::string_view trimmedBoth(std::string_view text);
+
+/// The text before its first NUL, as the platform's calls see a C string.
+[[nodiscard]] std::string_view untilNul(std::string_view text);
 
 /// The character at `at`. A lead byte takes whatever follows it, a bracket, "=" or line end too: these bytes are common
 /// second halves (ー is 81 5B, ゾ is 83 5D).
@@ -22,7 +25,7 @@ enum class LineKind { section, entry, other };
 
 struct Line {
     LineKind kind = LineKind::other;
-    std::string_view name;  ///< of the section or key, without blanks around; a line without "=" whole
+    std::string_view name;  ///< of the section or key, trimmed and ended by a NUL; the whole line where it has no "="
     std::string_view value; ///< untrimmed
     std::size_t begin = 0;
     std::size_t valueBegin = 0; ///< behind the "="

@@ -50,7 +50,7 @@ std::optional<std::string_view> rawValue(std::string_view bytes, std::string_vie
     if (!place) return std::nullopt;
     const auto line = findKey(bytes, *place, key);
     if (!line || line->kind != LineKind::entry) return std::nullopt;
-    return withoutQuotes(trimmedBoth(line->value));
+    return withoutQuotes(untilNul(trimmedBoth(line->value)));
 }
 
 /// Not simply the last byte: a lead byte takes a line end with it.
@@ -77,10 +77,12 @@ std::string replaced(std::string_view bytes, std::size_t begin, std::size_t end,
 
 std::string withEntry(std::string_view bytes, std::string_view section, std::string_view key, std::string_view value)
 {
-    const std::string entry = std::string(trimmedLeft(key)).append("=").append(value);
+    value = trimmedLeft(untilNul(value));
+    const std::string entry = std::string(trimmedLeft(untilNul(key))).append("=").append(value);
     const auto place = findSection(bytes, section);
     if (!place)
-        return inserted(bytes, bytes.size(), std::string("[").append(trimmedLeft(section)).append("]\r\n") + entry);
+        return inserted(bytes, bytes.size(),
+                        std::string("[").append(trimmedLeft(untilNul(section))).append("]\r\n") + entry);
     const auto line = findKey(bytes, *place, key);
     if (!line) return inserted(bytes, place->lastText, entry);
     if (line->kind == LineKind::entry) return replaced(bytes, line->valueBegin, line->end, value);
@@ -113,8 +115,9 @@ std::string profileString(std::string_view bytes, ProfileBytes section, ProfileB
     if (size == 0) return {};
     const auto value = rawValue(bytes, *section, *key);
     // The platform drops blanks behind a default too.
+    defaultValue = untilNul(defaultValue);
     const auto text = value ? *value : defaultValue.substr(0, defaultValue.find_last_not_of(' ') + 1);
-    return fitted(text.substr(0, text.find('\0')), size - 1);
+    return fitted(text, size - 1);
 }
 
 std::int32_t profileInt(std::string_view bytes, ProfileBytes section, ProfileBytes key, std::int32_t defaultValue)

@@ -67,6 +67,45 @@ TEST_CASE("a value ends at its first NUL")
     CHECK(textOf("[s]\r\nk=a\0b\r\n"s) == "a");
 }
 
+TEST_CASE("0x1A around a name or value is a blank")
+{
+    const std::string bytes = "\x1A[\x1As \x1A]\x1A\r\n \x1Ak\x1A =\x1A\x31\x1A\r\n\x1A\r\n\x1A";
+    CHECK(textOf(bytes) == "1");
+    CHECK(textOf(bytes, "\x1As", "k\x1A") == "1");
+    CHECK(profileInt(bytes, "s", "k", 99) == 1);
+    CHECK(textOf("[s]\r\nk=\" 1\x1A\"\x1A") == " 1\x1A");
+    CHECK(written("[s]\r\nx=1\r\n\x1A", "s", "k", "v") == "[s]\r\nx=1\r\nk=v\r\n\x1A");
+}
+
+TEST_CASE("a NUL ends the name of a section or key")
+{
+    CHECK(textOf("[s\0t]\r\nk=1\r\n"s) == "1");
+    CHECK(textOf("[s\0]t]\r\nk=1\r\n"s) == "1");
+    CHECK(textOf("[s]\r\nk\0x=1\r\n"s) == "1");
+    CHECK(textOf("[s]\r\nk=1\r\n", "s\0t"s, "k\0x"s) == "1");
+    CHECK(textOf("\0[s]\r\nk=1\r\n"s) == "");
+    // The blanks around the name went before.
+    CHECK(textOf("[s]\r\nk \0=1\r\n"s) == "");
+    CHECK(profileString("[s\0t]\r\n"s, std::nullopt, std::nullopt, "", 256) == "s\0"s);
+    CHECK(written("[s]\r\nk\0x\r\n"s, "s", "k", "v") == "[s]\r\nk=v\r\n");
+    CHECK(written("[s]\r\n", "s", "k\0x"s, "v\0w"s) == "[s]\r\nk=v\r\n");
+}
+
+TEST_CASE("a quoted value that a NUL ends loses its quotes")
+{
+    CHECK(textOf("[s]\r\nk=\"1\"\0x\r\n"s) == "1");
+}
+
+TEST_CASE("a written value loses its leading blanks and keeps those at its end")
+{
+    for (const std::string value : {" v \t", "\t\v v \t", "\r\n v \t", "\x1Av \t"}) {
+        CHECK(written("[s]\r\nk=1\r\n", "s", "k", value) == "[s]\r\nk=v \t\r\n");
+        CHECK(written("[s]\r\n", "s", "k", value) == "[s]\r\nk=v \t\r\n");
+        CHECK(written("[s]\r\nk\r\n", "s", "k", value) == "[s]\r\nk=v \t\r\n");
+    }
+    CHECK(written("[s]\r\n", "s", "k", "\x81\x40v") == "[s]\r\nk=\x81\x40v\r\n");
+}
+
 TEST_CASE("a list of names that is too long is cut and still ends in two NULs")
 {
     const std::string bytes = "[s]\r\nabcd=1\r\nefgh=2\r\n";
