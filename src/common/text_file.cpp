@@ -15,7 +15,9 @@ TextOutput::TextOutput(const Platform &platform, const std::string &path)
 
 void TextOutput::printLine(std::string_view utf8)
 {
-    m_file->write(m_locale.toCodePage(utf8).append(kCrLf));
+    const std::string line = m_locale.toCodePage(utf8).append(kCrLf);
+    m_file->write(line);
+    m_size += line.size();
 }
 
 void TextOutput::close()

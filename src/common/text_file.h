@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,10 +16,13 @@ public:
     TextOutput(const Platform &platform, const std::string &path);
     void printLine(std::string_view utf8);
     void close();
+    /// The bytes of all lines so far.
+    [[nodiscard]] std::uint64_t size() const { return m_size; }
 
 private:
     Locale &m_locale;
     std::unique_ptr<OutputFile> m_file;
+    std::uint64_t m_size = 0;
 };
 
 /// A text file of the suite open for input, read line by line. A line ends at CR LF, CR or LF.

@@ -2,6 +2,8 @@
 
 #include "runtime/date.h"
 
+#include <chrono>
+
 namespace inin {
 
 class Clock {
@@ -15,6 +17,8 @@ public:
     [[nodiscard]] virtual Date now() = 0;
     /// Seconds since midnight with their fraction; starts again at 0 every midnight.
     [[nodiscard]] virtual double timer() = 0;
+    /// Blocks the calling thread for that long, without events.
+    virtual void pause(std::chrono::milliseconds time) = 0;
     [[nodiscard]] Date today() { return dayOf(now()); }
 };
 

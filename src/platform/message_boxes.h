@@ -9,7 +9,7 @@ inline constexpr const char *kApplicationTitle = "委任状印刷";
 
 enum class Icon { none = 0, critical = 16, exclamation = 48, information = 64 };
 
-/// Message boxes with one OK button.
+/// Message boxes: with an OK button, or with a question.
 class MessageBoxes {
 public:
     MessageBoxes() = default;
@@ -19,6 +19,8 @@ public:
 
     /// Shows a box and comes back when it was answered. An empty title is the application's.
     virtual void show(const std::string &text, Icon icon, const std::string &title = {}) = 0;
+    /// The same with the buttons Retry and Cancel; true for Retry. A program that nobody watches answers Cancel.
+    [[nodiscard]] virtual bool askRetry(const std::string &text, Icon icon, const std::string &title = {}) = 0;
 };
 
 } // namespace inin

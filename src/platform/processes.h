@@ -23,6 +23,8 @@ public:
     virtual void openAddress(const std::string &address) = 0;
     /// The computer's name when it fits, with its NUL, into `capacity` bytes.
     [[nodiscard]] virtual std::optional<std::string> computerName(std::size_t capacity) = 0;
+    /// The number by which the system knows this process.
+    [[nodiscard]] virtual std::uint32_t processId() = 0;
     /// The end statement: the process ends at once, without further events.
     [[noreturn]] virtual void end() = 0;
 };

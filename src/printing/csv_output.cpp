@@ -7,7 +7,6 @@
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
-#include "shell/settings.h"
 
 namespace inin {
 
@@ -47,10 +46,14 @@ std::string rowLine(const IninRow &row)
 
 } // namespace
 
-void writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount)
+std::string transferPath(App &app, const std::string &name, WarnIfMissing warn)
 {
-    const std::string folder = toText(vGetSystemValue(app, "SYSTEM_TMP", WarnIfMissing::yes), app.regional);
-    const std::string path = app.gcsAppPath + folder + "\\" + kCsvFile;
+    return app.gcsAppPath + toText(vGetSystemValue(app, "SYSTEM_TMP", warn), app.regional) + "\\" + name;
+}
+
+std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount)
+{
+    const std::string path = transferPath(app, kCsvFile, WarnIfMissing::yes);
     if (bFileExists(app, path)) app.platform.files.remove(path);
     TextOutput csv(app.platform, path);
     csv.printLine(titleLine());
@@ -61,6 +64,7 @@ void writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRow
         csv.printLine(rowLine(aIninRow[index]));
     }
     csv.close();
+    return csv.size();
 }
 
 std::string csGetFormatFile(App &app, const std::string &csSection, const std::string &csKey)

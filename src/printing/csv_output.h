@@ -2,6 +2,7 @@
 
 #include "printing/letter_row.h"
 #include "shell/app.h"
+#include "shell/settings.h"
 
 #include <cstdint>
 #include <span>
@@ -11,9 +12,12 @@ namespace inin {
 
 inline constexpr const char *kCsvFile = "委任状.csv";
 
-/// Replaces the CSV in the temporary folder by a title line and the rows 0 to iRowCount - 1. File errors go to the
-/// caller, and so does error 9 when fewer rows are there; the file stays as far as it was written.
-void writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount);
+/// The path of a file beside the CSV: the application folder, the value of SYSTEM_TMP, a backslash and the name.
+[[nodiscard]] std::string transferPath(App &app, const std::string &name, WarnIfMissing warn);
+
+/// Replaces the CSV in the temporary folder by a title line and the rows 0 to iRowCount - 1 and returns its size in bytes.
+/// File errors go to the caller, and so does error 9 when there are fewer rows; the file stays as far as it was written.
+std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount);
 
 /// The entry of "帳票Format.ini" in the data folder: the name of another form document, empty without the file or entry.
 [[nodiscard]] std::string csGetFormatFile(App &app, const std::string &csSection, const std::string &csKey);

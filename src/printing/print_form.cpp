@@ -77,7 +77,7 @@ void frmPrintInin::btnPrint_Click(std::int16_t Index)
 
 void frmPrintInin::saveCSVInin()
 {
-    writeIninCsv(m_app, aIninRow, iRowCount);
+    m_csvSize = writeIninCsv(m_app, aIninRow, iRowCount);
 }
 
 std::vector<std::pair<std::string, Variant>> frmPrintInin::fields() const

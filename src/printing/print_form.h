@@ -141,6 +141,7 @@ private:
                                             std::int32_t nMonth);
 
     App &m_app;
+    std::uint64_t m_csvSize = 0; ///< bytes of the CSV that was written last
 };
 
 } // namespace inin

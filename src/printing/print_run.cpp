@@ -2,6 +2,7 @@
 #include "formoutput/wfd_print_exe.h"
 #include "printing/csv_output.h"
 #include "printing/print_form.h"
+#include "printing/run_file.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
 #include "runtime/text.h"
@@ -89,7 +90,10 @@ bool frmPrintInin::findLetters()
 
 void frmPrintInin::outputLetters(std::int16_t iPrintMode)
 {
+    RunFile run(m_app);
+    if (!run.lock()) return;
     saveCSVInin();
+    run.setLetters(m_csvSize, iRowCount);
     std::string form = csGetFormatFile(m_app, kReport, kReport);
     if (form.empty()) form = formDocumentOf(iPrintKind);
     cls_WfdPrintExe output(m_app);
@@ -104,6 +108,7 @@ void frmPrintInin::outputLetters(std::int16_t iPrintMode)
         m_app.platform.boxes.show("帳票の印刷に失敗しました。" + std::string(kCr) + "[" + output.sErrMsg + "]",
                                   Icon::critical);
     }
+    run.unlock();
     iSavePrintSetting();
 }
 

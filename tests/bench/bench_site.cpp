@@ -22,6 +22,10 @@ public:
     {
         throw std::runtime_error("unexpected box: " + text);
     }
+    bool askRetry(const std::string &text, Icon, const std::string &) override
+    {
+        throw std::runtime_error("unexpected question: " + text);
+    }
 };
 
 /// Nothing is shown, so nothing of this is asked.

@@ -28,6 +28,7 @@ public:
     }
     void openAddress(const std::string &) override {}
     std::optional<std::string> computerName(std::size_t) override { return std::nullopt; }
+    std::uint32_t processId() override { return 1; }
     [[noreturn]] void end() override { throw ProcessEnded{}; }
 
 private:
@@ -70,6 +71,24 @@ TEST_CASE("merging writes one script for the merger and another for the viewer")
     CHECK(fixture.processes.scripts[1] == kPrintScript);
     CHECK(fixture.wfd.sErrMsg.empty());
     CHECK(fixture.world.boxes.shown.empty());
+}
+
+TEST_CASE("a merge script whose last bytes cannot be written starts nothing")
+{
+    MergeFixture fixture;
+    fixture.world.files.failingClose = 1;
+    CHECK(fixture.wfd.addPrint(0, "D", Texts{}, Texts{}, "T") == kNotWritten);
+    CHECK(fixture.wfd.sErrMsg == "(61)ディスクの空き容量が不足しています。");
+    CHECK(fixture.processes.started.empty());
+}
+
+TEST_CASE("a second script whose last bytes cannot be written starts the merger alone")
+{
+    MergeFixture fixture;
+    fixture.world.files.failingClose = 2;
+    CHECK(fixture.wfd.addPrint(0, "D", Texts{}, Texts{}, "T") == kDone);
+    CHECK(fixture.wfd.sErrMsg == "(61)ディスクの空き容量が不足しています。");
+    CHECK(fixture.processes.started == Lines{kMergerStart});
 }
 
 TEST_CASE("merging one report adds no report")

@@ -169,6 +169,8 @@ TEST_CASE("a temporary folder that cannot be written shows the failure and start
          "(70)書き込みできません。"},
         {"the disk is full at the second line", [](FakeWorld &world) { world.files.failingWrite = 2; },
          "(61)ディスクの空き容量が不足しています。"},
+        {"the disk is full at the last bytes, which the closing writes",
+         [](FakeWorld &world) { world.files.failingClose = 1; }, "(61)ディスクの空き容量が不足しています。"},
     };
     for (const Row &row : rows) {
         CAPTURE(row.claim);

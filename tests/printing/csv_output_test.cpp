@@ -185,6 +185,14 @@ TEST_CASE("a disk that fills up leaves the file as far as it was written")
     }
 }
 
+TEST_CASE_FIXTURE(CsvFixture, "a failure of the last bytes, which the closing writes, goes to the caller")
+{
+    letters({"一"});
+    world.files.failingClose = 1;
+
+    CHECK(errorOf([&] { form.saveCSVInin(); }) == 61);
+}
+
 TEST_CASE_FIXTURE(CsvFixture, "a count beyond the rows that are left is error 9 behind the rows that are there")
 {
     letters({"一"});

@@ -18,6 +18,7 @@ struct RunningClock : Clock {
     std::int16_t day = 0;
     Date now() override { return DateSerial(2024, 1, 30 + day++); }
     double timer() override { return 0; }
+    void pause(std::chrono::milliseconds) override {}
 };
 
 } // namespace

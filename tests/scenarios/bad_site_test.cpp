@@ -1,3 +1,4 @@
+#include "adapters/system/system_platform.h"
 #include "scenarios/impatient_database.h"
 #include "scenarios/script_driver.h"
 #include "support/file_bytes.h"
@@ -93,6 +94,31 @@ TEST_CASE_FIXTURE(PrintOnASite,
     CHECK(holds(events, R"("text":"患者データの取得に失敗しました。")"));
     CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
     CHECK_FALSE(fs::exists(csv()));
+}
+
+TEST_CASE_FIXTURE(PrintOnASite, "a print during the run of another program names that program and writes nothing")
+{
+    const LockedFile other = makeSystemFiles("/")->openLocked(textOf(site.at("TMP\\委任状.run")));
+    REQUIRE(other.output);
+    other.output->write("PrintInin run 1\nholder KEIRI 77\n");
+    const std::string events = run();
+    CAPTURE(events);
+    CHECK(holds(events, R"("text":"KEIRI（プロセス 77）が委任状を出力しています。\r)"));
+    CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
+    CHECK_FALSE(fs::exists(csv()));
+    CHECK_FALSE(fs::exists(site.at("TMP\\WfdCom.dat")));
+}
+
+TEST_CASE_FIXTURE(PrintOnASite, "a print after the end of another program's run goes on and leaves its own holder")
+{
+    writeBytes(site.at("TMP\\委任状.run"), "PrintInin run 1\nholder KEIRI 77\n");
+    const std::string events = run();
+    CAPTURE(events);
+    CHECK_FALSE(holds(events, R"("event":"box")"));
+    const std::string left = bytesOf(site.at("TMP\\委任状.run"));
+    CHECK(left.starts_with("PrintInin run 1\nholder "));
+    CHECK(left.find("KEIRI") == std::string::npos);
+    CHECK(holds(left, "\ncsv " + std::to_string(fs::file_size(csv())) + "\nletters "));
 }
 
 TEST_CASE_FIXTURE(PrintOnASite, "a table that goes while the screen is open fails the print in the provider's words")

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace inin {
 
@@ -16,11 +17,36 @@ class FakeOutput : public OutputFile {
 public:
     FakeOutput(FakeFiles &files, std::string key) : m_files(files), m_key(std::move(key)) {}
     void write(std::string_view bytes) override { m_files.append(m_key, bytes); }
-    void close() override {}
+    void close() override { m_files.close(); }
 
 private:
     FakeFiles &m_files;
     std::string m_key;
+};
+
+class FakeLockedOutput : public OutputFile {
+public:
+    FakeLockedOutput(FakeFiles &files, std::string path) : m_files(files), m_path(std::move(path))
+    {
+        m_files.put(m_path, "");
+    }
+    ~FakeLockedOutput() override { unlock(); }
+    void write(std::string_view bytes) override
+    {
+        if (m_files.lockedWriteError != 0) throw RuntimeError(m_files.lockedWriteError);
+        m_files.put(m_path, m_files.bytes(m_path).append(bytes));
+    }
+    void close() override { unlock(); }
+
+private:
+    void unlock()
+    {
+        if (std::exchange(m_isLocked, false)) m_files.log.push_back("unlock " + m_path);
+    }
+
+    FakeFiles &m_files;
+    std::string m_path;
+    bool m_isLocked = true;
 };
 
 class FakeInput : public InputFile {
@@ -110,6 +136,20 @@ std::unique_ptr<OutputFile> FakeFiles::openForOutput(const std::string &path)
     if (!isFolder(folderOf(key)) && !folderOf(key).empty()) throw RuntimeError(error_number::pathNotFound);
     m_entries[key] = Entry{path.substr(path.find_last_of("\\/") + 1), {}, false};
     return std::make_unique<FakeOutput>(*this, key);
+}
+
+void FakeFiles::close()
+{
+    if (failingClose > 0 && --failingClose == 0) throw RuntimeError(failingCloseError);
+}
+
+LockedFile FakeFiles::openLocked(const std::string &path)
+{
+    using State = LockedFile::State;
+    log.push_back("lock " + path);
+    const State free = isFolder(folderOf(keyOf(path))) ? State::locked : State::unavailable;
+    const State state = lockState ? lockState(path) : free;
+    return {state, state == State::locked ? std::make_unique<FakeLockedOutput>(*this, path) : nullptr};
 }
 
 std::unique_ptr<InputFile> FakeFiles::openForInput(const std::string &path)

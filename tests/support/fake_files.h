@@ -27,12 +27,21 @@ public:
     /// Raised by the n-th next call of write (1 is the next), counted over all files; 0 never.
     int failingWrite = 0;
     std::int32_t failingWriteError = 61;
+    /// Likewise for close; what was written stays.
+    int failingClose = 0;
+    std::int32_t failingCloseError = 61;
+    /// Whether another program holds the lock of a file, or why there is no lock; without it a lock is free.
+    std::function<LockedFile::State(const std::string &path)> lockState;
+    /// Raised by every write to a locked file when not 0; failingWrite leaves these alone.
+    std::int32_t lockedWriteError = 0;
     /// Raised whenever the path (as given, case folded) is opened for output, opened for input or deleted.
     std::map<std::string, std::int32_t> openOutputErrors, openInputErrors, removeErrors;
-    /// What was asked, in order: "open >path", "open <path", "remove path", "search path", "chdrive path", ...
+    /// What was asked, in order: "open >path", "open <path", "lock path", "unlock path",
+    /// "remove path", "search path", "chdrive path", ...
     std::vector<std::string> log;
 
     std::unique_ptr<OutputFile> openForOutput(const std::string &path) override;
+    LockedFile openLocked(const std::string &path) override;
     std::unique_ptr<InputFile> openForInput(const std::string &path) override;
     std::string directorySearch(const std::string &path) override;
     bool isFolder(const std::string &path) override;
@@ -44,6 +53,7 @@ public:
 
     /// For the fake files' own handles.
     void append(const std::string &key, std::string_view bytes);
+    void close();
 
 private:
     struct Entry {

@@ -32,6 +32,13 @@ public:
         shown.push_back({text, icon, title});
         if (onShow) onShow(shown.back());
     }
+    /// How many questions are answered with Retry before one is answered with Cancel.
+    int retries = 0;
+    bool askRetry(const std::string &text, Icon icon, const std::string &title) override
+    {
+        show(text, icon, title);
+        return retries-- > 0;
+    }
 };
 
 /// Shows forms without a screen. A modal form runs the queued acts until it is closed. It never closes by itself: with
@@ -71,6 +78,7 @@ public:
     void start(const std::string &commandLine, WindowStyle style) override;
     void openAddress(const std::string &address) override { opened.push_back(address); }
     std::optional<std::string> computerName(std::size_t capacity) override;
+    std::uint32_t processId() override { return 1234; }
     [[noreturn]] void end() override;
 };
 
@@ -80,6 +88,7 @@ public:
     double seconds = 0;
     Date now() override { return current; }
     double timer() override { return seconds; }
+    void pause(std::chrono::milliseconds time) override { seconds += std::chrono::duration<double>(time).count(); }
 };
 
 class FakeLocale : public Locale {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <ctime>
+#include <thread>
 
 namespace inin {
 
@@ -32,6 +33,8 @@ public:
         const std::tm parts = localParts(system_clock::to_time_t(whole));
         return parts.tm_hour * 3600 + parts.tm_min * 60 + parts.tm_sec + duration<double>(time - whole).count();
     }
+
+    void pause(std::chrono::milliseconds time) override { std::this_thread::sleep_for(time); }
 };
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "adapters/common/output_buffer.h"
 #include "adapters/posix/directory_search.h"
 #include "adapters/posix/posix_io.h"
 #include "adapters/system/system_platform.h"
@@ -6,10 +7,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,7 +20,10 @@ namespace inin {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 65536;
+/// A new file may hold what concerns patients.
+constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+/// For a name that others create and remove at the same time.
+constexpr int kAttempts = 100;
 /// Not to wait where a pipe bears the name: it reads as an empty file and takes nothing.
 constexpr int kOpenFlags = O_CLOEXEC | O_NONBLOCK;
 
@@ -81,31 +87,123 @@ public:
     PosixOutput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
     ~PosixOutput() override
     {
-        if (m_file.isOpen()) (void)flush(); // nobody is left to hear of a failure
+        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // the destructor has no caller to report a failure to
     }
 
     void write(std::string_view bytes) override
     {
-        m_buffer += bytes;
-        if (m_buffer.size() >= kBufferSize && !flush()) fail(errno, m_path);
+        m_buffer.add(bytes);
+        if (!put(m_buffer.takeDue())) fail(errno, m_path);
     }
 
     void close() override
     {
         if (!m_file.isOpen()) return;
-        const int writeError = flush() ? 0 : errno;
+        const int writeError = put(m_buffer.takeAll()) ? 0 : errno;
         const int closeError = m_file.close() ? 0 : errno;
         if (writeError != 0 || closeError != 0) fail(writeError != 0 ? writeError : closeError, m_path);
     }
 
 private:
     /// What failed once is not tried again: the file stays as far as it was written.
-    bool flush() { return writeAll(m_file, std::exchange(m_buffer, {})); }
+    bool put(std::string_view bytes)
+    {
+        if (writeAll(m_file, bytes)) {
+            m_size += static_cast<off_t>(bytes.size());
+            return true;
+        }
+        const int error = errno;
+        removeLineEnd(bytes);
+        m_buffer = {};
+        errno = error;
+        return false;
+    }
+
+    /// A failed write may have stored the bytes up to the end of a line; then that line end is removed.
+    void removeLineEnd(std::string_view bytes) const
+    {
+        const off_t end = lseek(m_file.get(), 0, SEEK_CUR);
+        if (end <= m_size) return;
+        const std::string_view stored = bytes.substr(0, static_cast<std::size_t>(end - m_size));
+        const std::size_t kept = lengthWithoutLineEnd(stored);
+        if (kept < stored.size()) (void)!ftruncate(m_file.get(), m_size + static_cast<off_t>(kept));
+    }
 
     FileDescriptor m_file;
     std::string m_path;
-    std::string m_buffer;
+    off_t m_size = 0; ///< of what was written without a failure
+    OutputBuffer m_buffer;
 };
+
+/// A file whose lock lasts as long as its descriptor.
+class PosixLockedOutput : public OutputFile {
+public:
+    PosixLockedOutput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
+
+    void write(std::string_view bytes) override
+    {
+        if (!writeAll(m_file, bytes)) fail(errno, m_path);
+    }
+
+    void close() override
+    {
+        if (!m_file.close()) fail(errno, m_path);
+    }
+
+private:
+    FileDescriptor m_file;
+    std::string m_path;
+};
+
+/// True when no file or link has that name any more; a folder keeps its name.
+bool isRemoved(const std::string &place)
+{
+    return unlink(place.c_str()) == 0 || errno == ENOENT;
+}
+
+/// Creates the file in place of a file or a link of that name. Not open with EEXIST when the old one cannot be removed.
+FileDescriptor createAnew(const std::string &place)
+{
+    int created = -1;
+    for (int attempt = 0; attempt < kAttempts && created < 0 && isRemoved(place); ++attempt) {
+        created = open(place.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | kOpenFlags, kOwnerOnly);
+        if (created < 0 && errno != EEXIST) return FileDescriptor();
+    }
+    if (created < 0) errno = EEXIST;
+    return FileDescriptor(created);
+}
+
+/// For a device, or a file that its folder does not let go.
+FileDescriptor openInPlace(const std::string &place)
+{
+    return FileDescriptor(open(place.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | kOpenFlags, kOwnerOnly));
+}
+
+/// False when the name was removed, or given to another file, since the file was opened.
+bool isNamed(const struct stat &opened, const std::string &place)
+{
+    struct stat named {};
+    return lstat(place.c_str(), &named) == 0 && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+/// One attempt to lock the file. Nothing when another attempt is due: the name was removed or replaced meanwhile.
+std::optional<LockedFile> tryToLock(const std::string &place)
+{
+    using State = LockedFile::State;
+    // The file holds nothing about patients, and every user of the site should be able to lock it: the mask decides.
+    FileDescriptor file(open(place.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | kOpenFlags, 0666));
+    const bool isLink = !file.isOpen() && errno == ELOOP;
+    if (!file.isOpen() && !isLink) return LockedFile{};
+    if (file.isOpen() && flock(file.get(), LOCK_EX | LOCK_NB) != 0)
+        return LockedFile{errno == EWOULDBLOCK ? State::busy : State::unavailable, nullptr};
+    struct stat opened {};
+    if (file.isOpen() && fstat(file.get(), &opened) != 0) return LockedFile{};
+    if (file.isOpen() && !isNamed(opened, place)) return std::nullopt;
+    if (isLink || opened.st_nlink > 1) // emptying it would empty a file elsewhere
+        return isRemoved(place) ? std::nullopt : std::optional(LockedFile{});
+    if (ftruncate(file.get(), 0) != 0) return LockedFile{};
+    return LockedFile{State::locked, std::make_unique<PosixLockedOutput>(std::move(file), place)};
+}
 
 class PosixInput : public InputFile {
 public:
@@ -133,10 +231,25 @@ public:
     std::unique_ptr<OutputFile> openForOutput(const std::string &path) override
     {
         const std::string place = filePath(path);
-        if (isFileAt(place) && !isWritableFile(place)) fail(EACCES, place);
-        FileDescriptor file(open(place.c_str(), O_WRONLY | O_CREAT | O_TRUNC | kOpenFlags, 0666));
+        struct stat old {};
+        const bool isThere = lstat(place.c_str(), &old) == 0;
+        if (isThere && S_ISREG(old.st_mode) && isReadOnly(old)) fail(EACCES, place);
+        const bool isReplaced = !isThere || S_ISREG(old.st_mode) || S_ISLNK(old.st_mode);
+        FileDescriptor file = isReplaced ? createAnew(place) : openInPlace(place);
+        // A folder that permits no removal may still hold a file that can be written.
+        if (!file.isOpen() && errno == EEXIST) file = openInPlace(place);
         if (!file.isOpen()) fail(errno, place);
+        // Another user's file is not trusted with its rights: it may have been put there to read what follows.
+        if (isThere && S_ISREG(old.st_mode) && old.st_uid == geteuid()) (void)!fchmod(file.get(), old.st_mode & 0777);
         return std::make_unique<PosixOutput>(std::move(file), place);
+    }
+
+    LockedFile openLocked(const std::string &path) override
+    {
+        const std::string place = filePath(path);
+        std::optional<LockedFile> result;
+        for (int attempt = 0; attempt < kAttempts && !result; ++attempt) result = tryToLock(place);
+        return result ? std::move(*result) : LockedFile{};
     }
 
     std::unique_ptr<InputFile> openForInput(const std::string &path) override
@@ -170,10 +283,12 @@ public:
     {
         const std::string place = filePath(path);
         if (isFolderAt(place)) fail(EISDIR, place);
-        if (isFileAt(place) && !isWritableFile(place)) fail(EACCES, place);
+        struct stat status {};
+        if (lstat(place.c_str(), &status) == 0 && isReadOnly(status)) fail(EACCES, place);
         if (unlink(place.c_str()) == 0) return;
-        // The file itself would let: it is the folder that refuses.
-        if (errno == EACCES || errno == EPERM || errno == EROFS) throw RuntimeError(error_number::pathAccess);
+        // The file itself can be written: it is the folder that refuses.
+        if ((errno == EACCES || errno == EPERM || errno == EROFS) && isWritableFile(place))
+            throw RuntimeError(error_number::pathAccess);
         fail(errno, place);
     }
 

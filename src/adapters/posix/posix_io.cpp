@@ -5,7 +5,6 @@
 #include <utility>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace inin {
@@ -68,12 +67,17 @@ bool isFileAt(const std::string &systemPath)
     return stat(systemPath.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
+bool isReadOnly(const struct stat &status)
+{
+    constexpr mode_t anyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+    return (status.st_mode & anyWrite) == 0;
+}
+
 bool isWritableFile(const std::string &systemPath)
 {
     struct stat status {};
     if (stat(systemPath.c_str(), &status) != 0) return false;
-    constexpr mode_t anyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
-    return (status.st_mode & anyWrite) != 0 && faccessat(AT_FDCWD, systemPath.c_str(), W_OK, AT_EACCESS) == 0;
+    return !isReadOnly(status) && faccessat(AT_FDCWD, systemPath.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
 std::string withSlashes(const std::string &path)

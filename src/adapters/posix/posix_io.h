@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include <dirent.h>
+#include <sys/stat.h>
 
 namespace inin {
 
@@ -43,8 +44,9 @@ using FolderHandle = std::unique_ptr<DIR, CloseFolder>;
 [[nodiscard]] bool isFolderAt(const std::string &systemPath);
 /// True for anything there that is no folder.
 [[nodiscard]] bool isFileAt(const std::string &systemPath);
-/// True when the file may be written: a file without any write bit is read-only for everybody, as the suite's file
-/// system has it, also for a user whom the system would let.
+/// True for a file without any write bit: read-only for every user, as the suite's file system has it.
+[[nodiscard]] bool isReadOnly(const struct stat &status);
+/// True when the file may be written: it is not read-only, and the system lets this user write it.
 [[nodiscard]] bool isWritableFile(const std::string &systemPath);
 
 /// The path with slashes, its names as they are.

@@ -91,6 +91,8 @@ public:
         return name;
     }
 
+    std::uint32_t processId() override { return static_cast<std::uint32_t>(getpid()); }
+
     [[noreturn]] void end() override
     {
         if (m_end) m_end();

@@ -1,4 +1,5 @@
 #include "adapters/posix/posix_io.h"
+#include "adapters/posix/posix_replacement.h"
 #include "adapters/suite_text/code_page_932.h"
 #include "adapters/suite_text/profile_text.h"
 #include "adapters/system/system_platform.h"
@@ -72,61 +73,10 @@ bool writeInPlace(const std::string &systemPath, const std::string &bytes)
            fsync(file.get()) == 0 && file.close();
 }
 
-/// Gives the new file the rights and the owner of the old one.
-bool takeOver(const FileDescriptor &file, const struct stat &old)
-{
-    struct stat own {};
-    if (fstat(file.get(), &own) != 0) return false;
-    const bool sameOwner = own.st_uid == old.st_uid && own.st_gid == old.st_gid;
-    if (!sameOwner && fchown(file.get(), old.st_uid, old.st_gid) != 0) return false;
-    return fchmod(file.get(), old.st_mode & 07777) == 0;
-}
-
-/// A second file in the folder of the first, gone again unless it took the first one's place.
-class Replacement {
-public:
-    explicit Replacement(const std::string &systemPath) : m_target(systemPath), m_file(create()) {}
-    Replacement(const Replacement &) = delete;
-    Replacement &operator=(const Replacement &) = delete;
-    ~Replacement()
-    {
-        if (m_created && !m_done) unlink(m_path.c_str());
-    }
-    /// False when the folder takes no new file, or none with the rights of the old.
-    [[nodiscard]] bool canReplace(const struct stat *old) const
-    {
-        return m_created && (!old || takeOver(m_file, *old));
-    }
-    [[nodiscard]] bool commit(const std::string &bytes)
-    {
-        m_done = writeAll(m_file, bytes) && fsync(m_file.get()) == 0 && m_file.close() &&
-                 rename(m_path.c_str(), m_target.c_str()) == 0;
-        return m_done;
-    }
-
-private:
-    /// A file that an earlier process left behind is passed over.
-    FileDescriptor create()
-    {
-        constexpr int attempts = 100;
-        int created = -1;
-        errno = EEXIST;
-        for (int attempt = 0; attempt < attempts && created < 0 && errno == EEXIST; ++attempt) {
-            m_path = m_target + ".~" + std::to_string(getpid()) + "-" + std::to_string(attempt);
-            created = open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-        }
-        return FileDescriptor(created);
-    }
-
-    std::string m_target, m_path;
-    FileDescriptor m_file;
-    bool m_created = m_file.isOpen();
-    bool m_done = false;
-};
-
 bool replaceFile(const std::string &systemPath, const std::string &bytes, const struct stat *old)
 {
     if (!old && isLink(systemPath)) return writeInPlace(systemPath, bytes);
+    removeAbandonedReplacements(systemPath);
     Replacement replacement(systemPath);
     if (replacement.canReplace(old)) return replacement.commit(bytes);
     return old && writeInPlace(systemPath, bytes);

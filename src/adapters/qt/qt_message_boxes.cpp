@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QMessageBox>
 #include <QShortcut>
 
 namespace inin {
@@ -38,6 +37,17 @@ void copyByKey(QMessageBox &box)
 
 void QtMessageBoxes::show(const std::string &text, Icon icon, const std::string &title)
 {
+    pressed(QMessageBox::Ok, text, icon, title);
+}
+
+bool QtMessageBoxes::askRetry(const std::string &text, Icon icon, const std::string &title)
+{
+    return pressed(QMessageBox::Retry | QMessageBox::Cancel, text, icon, title) == QMessageBox::Retry;
+}
+
+int QtMessageBoxes::pressed(QMessageBox::StandardButtons buttons, const std::string &text, Icon icon,
+                            const std::string &title)
+{
     if (m_beforeText) m_beforeText();
     const UsualPointer pointer;
     QMessageBox box(QApplication::activeWindow());
@@ -45,11 +55,12 @@ void QtMessageBoxes::show(const std::string &text, Icon icon, const std::string 
     box.setText(toQt(text).replace("\r\n", "\n").replace('\r', '\n'));
     box.setIcon(boxIcon(icon));
     box.setWindowTitle(toQt(title.empty() ? std::string(kApplicationTitle) : title));
-    box.setStandardButtons(QMessageBox::Ok);
+    box.setStandardButtons(buttons);
     box.setWindowModality(Qt::ApplicationModal);
     copyByKey(box);
-    box.exec();
+    const int button = box.exec();
     m_edge.throwKept();
+    return button;
 }
 
 } // namespace inin

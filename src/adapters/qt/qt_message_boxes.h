@@ -3,6 +3,8 @@
 #include "adapters/qt/view_services.h"
 #include "platform/message_boxes.h"
 
+#include <QMessageBox>
+
 namespace inin {
 
 /// Boxes over the window that a person works in. Line ends are CR, LF or both.
@@ -14,8 +16,12 @@ public:
     {
     }
     void show(const std::string &text, Icon icon, const std::string &title) override;
+    [[nodiscard]] bool askRetry(const std::string &text, Icon icon, const std::string &title) override;
 
 private:
+    /// Shows a box with these buttons and returns the one that was pressed.
+    int pressed(QMessageBox::StandardButtons buttons, const std::string &text, Icon icon, const std::string &title);
+
     EventEdge &m_edge;
     std::function<void()> m_beforeText;
 };

@@ -3,6 +3,7 @@
 #include "platform/clock.h"
 
 #include <chrono>
+#include <thread>
 
 namespace inin {
 
@@ -12,6 +13,7 @@ public:
     explicit StandingClock(Date now) : m_now(now) {}
     [[nodiscard]] Date now() override { return m_now; }
     [[nodiscard]] double timer() override;
+    void pause(std::chrono::milliseconds time) override { std::this_thread::sleep_for(time); }
 
 private:
     Date m_now;

@@ -12,6 +12,12 @@ void ScriptBoxes::show(const std::string &text, Icon icon, const std::string &ti
     m_transcript.box(text, icon, title);
 }
 
+bool ScriptBoxes::askRetry(const std::string &text, Icon icon, const std::string &title)
+{
+    m_transcript.box(text, icon, title);
+    return false;
+}
+
 void ScriptProcesses::start(const std::string &commandLine, WindowStyle style)
 {
     m_transcript.start(commandLine, style);

@@ -11,11 +11,12 @@ namespace inin {
 /// Thrown by the end statement. No RuntimeError, so that nothing in the program traps it.
 struct ScriptEnded {};
 
-/// Each box is told and answered with OK at once.
+/// Each box is written to the transcript and answered at once: with OK, a question with Cancel, so that no play hangs.
 class ScriptBoxes : public MessageBoxes {
 public:
     explicit ScriptBoxes(Transcript &transcript) : m_transcript(transcript) {}
     void show(const std::string &text, Icon icon, const std::string &title) override;
+    [[nodiscard]] bool askRetry(const std::string &text, Icon icon, const std::string &title) override;
 
 private:
     Transcript &m_transcript;
@@ -32,6 +33,7 @@ public:
     void start(const std::string &commandLine, WindowStyle style) override;
     void openAddress(const std::string &address) override;
     [[nodiscard]] std::optional<std::string> computerName(std::size_t capacity) override;
+    [[nodiscard]] std::uint32_t processId() override { return m_system->processId(); }
     [[noreturn]] void end() override;
 
 private:

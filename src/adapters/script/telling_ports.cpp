@@ -12,6 +12,12 @@ void TellingBoxes::show(const std::string &text, Icon icon, const std::string &t
     m_inner.show(text, icon, title);
 }
 
+bool TellingBoxes::askRetry(const std::string &text, Icon icon, const std::string &title)
+{
+    m_transcript.box(text, icon, title);
+    return m_inner.askRetry(text, icon, title);
+}
+
 void TellingProcesses::start(const std::string &commandLine, WindowStyle style)
 {
     m_transcript.start(commandLine, style);

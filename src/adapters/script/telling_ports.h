@@ -14,6 +14,7 @@ class TellingBoxes : public MessageBoxes {
 public:
     TellingBoxes(Transcript &transcript, MessageBoxes &inner) : m_transcript(transcript), m_inner(inner) {}
     void show(const std::string &text, Icon icon, const std::string &title) override;
+    [[nodiscard]] bool askRetry(const std::string &text, Icon icon, const std::string &title) override;
 
 private:
     Transcript &m_transcript;
@@ -26,6 +27,7 @@ public:
     void start(const std::string &commandLine, WindowStyle style) override;
     void openAddress(const std::string &address) override;
     [[nodiscard]] std::optional<std::string> computerName(std::size_t capacity) override;
+    [[nodiscard]] std::uint32_t processId() override { return m_inner.processId(); }
     [[noreturn]] void end() override;
 
 private:

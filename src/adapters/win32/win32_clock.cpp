@@ -26,6 +26,8 @@ public:
         const SYSTEMTIME time = localTime();
         return time.wHour * 3600 + time.wMinute * 60 + time.wSecond + time.wMilliseconds / 1000.0;
     }
+
+    void pause(std::chrono::milliseconds time) override { Sleep(static_cast<DWORD>(time.count())); }
 };
 
 } // namespace

@@ -86,6 +86,17 @@ bool isWin32File(const std::wstring &path)
     return attributesOf(path).has_value() && !isWin32Folder(path);
 }
 
+void removeWin32Link(const std::wstring &path)
+{
+    if ((attributesOf(path).value_or(0) & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    FindClose(search);
+    // Other marks of this kind are of files, of a cloud folder for example.
+    if (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK) DeleteFileW(path.c_str());
+}
+
 bool isReadOnlyWin32File(const std::wstring &path)
 {
     return isWin32File(path) && (attributesOf(path).value_or(0) & FILE_ATTRIBUTE_READONLY) != 0;

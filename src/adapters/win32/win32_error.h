@@ -18,5 +18,8 @@ void refuseBoxesOfTheSystem();
 /// True for anything there that is no folder.
 [[nodiscard]] bool isWin32File(const std::wstring &path);
 [[nodiscard]] bool isReadOnlyWin32File(const std::wstring &path);
+/// Removes a symbolic link of that name, so that a file is created there and none is written elsewhere. Other files of
+/// that name stay; a link that cannot be removed does too.
+void removeWin32Link(const std::wstring &path);
 
 } // namespace inin

@@ -1,3 +1,4 @@
+#include "adapters/common/output_buffer.h"
 #include "adapters/system/system_platform.h"
 #include "adapters/win32/win32_error.h"
 #include "adapters/win32/win32_handle.h"
@@ -11,7 +12,6 @@ namespace inin {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 65536;
 /// A reader of ours never keeps the form tool from its files, nor the form tool us.
 constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
@@ -31,19 +31,19 @@ public:
     Win32Output(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
     ~Win32Output() override
     {
-        if (m_file.isOpen()) (void)flush(); // nobody is left to hear of a failure
+        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // the destructor has no caller to report a failure to
     }
 
     void write(std::string_view bytes) override
     {
-        m_buffer += bytes;
-        if (m_buffer.size() >= kBufferSize && !flush()) failFile(GetLastError(), m_path);
+        m_buffer.add(bytes);
+        if (!put(m_buffer.takeDue())) failFile(GetLastError(), m_path);
     }
 
     void close() override
     {
         if (!m_file.isOpen()) return;
-        const DWORD writeError = flush() ? ERROR_SUCCESS : GetLastError();
+        const DWORD writeError = put(m_buffer.takeAll()) ? ERROR_SUCCESS : GetLastError();
         const DWORD closeError = m_file.close() ? ERROR_SUCCESS : GetLastError();
         if (writeError != ERROR_SUCCESS || closeError != ERROR_SUCCESS)
             failFile(writeError != ERROR_SUCCESS ? writeError : closeError, m_path);
@@ -51,11 +51,61 @@ public:
 
 private:
     /// What failed once is not tried again: the file stays as far as it was written.
-    bool flush() { return writeAll(m_file, std::exchange(m_buffer, {})); }
+    bool put(std::string_view bytes)
+    {
+        if (writeAll(m_file, bytes)) {
+            m_size += static_cast<LONGLONG>(bytes.size());
+            return true;
+        }
+        const DWORD error = GetLastError();
+        removeLineEnd(bytes);
+        m_buffer = {};
+        SetLastError(error);
+        return false;
+    }
+
+    /// A failed write may have stored the bytes up to the end of a line; then that line end is removed.
+    void removeLineEnd(std::string_view bytes) const
+    {
+        LARGE_INTEGER end{};
+        if (SetFilePointerEx(m_file.get(), {}, &end, FILE_CURRENT) == 0 || end.QuadPart <= m_size) return;
+        const std::string_view stored = bytes.substr(0, static_cast<std::size_t>(end.QuadPart - m_size));
+        end.QuadPart = m_size + static_cast<LONGLONG>(lengthWithoutLineEnd(stored));
+        if (SetFilePointerEx(m_file.get(), end, nullptr, FILE_BEGIN) != 0) SetEndOfFile(m_file.get());
+    }
 
     Win32FileHandle m_file;
     std::wstring m_path;
-    std::string m_buffer;
+    LONGLONG m_size = 0; ///< of what was written without a failure
+    OutputBuffer m_buffer;
+};
+
+/// A file whose lock lasts as long as its handle. A single byte far beyond the content is locked: the system keeps others
+/// from reading what is locked.
+class Win32LockedOutput : public OutputFile {
+public:
+    Win32LockedOutput(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
+
+    static bool isLocked(const Win32FileHandle &file)
+    {
+        OVERLAPPED place{};
+        place.OffsetHigh = 0x40000000;
+        return LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) != 0;
+    }
+
+    void write(std::string_view bytes) override
+    {
+        if (!writeAll(m_file, bytes)) failFile(GetLastError(), m_path);
+    }
+
+    void close() override
+    {
+        if (m_file.isOpen() && !m_file.close()) failFile(GetLastError(), m_path);
+    }
+
+private:
+    Win32FileHandle m_file;
+    std::wstring m_path;
 };
 
 class Win32Input : public InputFile {
@@ -108,10 +158,28 @@ public:
         const std::wstring file = filePath(path);
         // To an administrator too, wherever the system would let him.
         if (isReadOnlyWin32File(file)) failFile(ERROR_ACCESS_DENIED, file);
+        removeWin32Link(file);
         Win32FileHandle handle(
             CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!handle.isOpen()) failFile(GetLastError(), file);
         return std::make_unique<Win32Output>(std::move(handle), file);
+    }
+
+    LockedFile openLocked(const std::string &path) override
+    {
+        using State = LockedFile::State;
+        const std::wstring file = filePath(path);
+        removeWin32Link(file);
+        Win32FileHandle handle(
+            CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!handle.isOpen()) return {};
+        if (!Win32LockedOutput::isLocked(handle)) {
+            const DWORD error = GetLastError();
+            const bool isBusy = error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING;
+            return {isBusy ? State::busy : State::unavailable, nullptr};
+        }
+        if (SetEndOfFile(handle.get()) == 0) return {};
+        return {State::locked, std::make_unique<Win32LockedOutput>(std::move(handle), file)};
     }
 
     std::unique_ptr<InputFile> openForInput(const std::string &path) override

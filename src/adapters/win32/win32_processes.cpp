@@ -124,6 +124,8 @@ public:
         return utf8FromAnsi(buffer.data());
     }
 
+    std::uint32_t processId() override { return GetCurrentProcessId(); }
+
     [[noreturn]] void end() override
     {
         if (m_end) m_end();

@@ -5,9 +5,17 @@
 #include "support/temp_folder.h"
 
 #include <filesystem>
+#include <vector>
 
 #include <doctest/doctest.h>
+#include <fcntl.h>
+#include <sched.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace inin;
@@ -108,17 +116,88 @@ TEST_CASE("a full disk refuses a write and keeps the old file whole")
     CHECK_FALSE(folder.has("x.ini.~" + std::to_string(getpid()) + "-0"));
 }
 
-TEST_CASE("a file that an earlier process left half written is passed over")
+TEST_CASE("a write keeps a file that only its owner may read so")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
-    const std::string left = "x.ini.~" + std::to_string(getpid()) + "-0";
-    folder.put(left, "half");
+    chmod(path.c_str(), 0600);
+
+    CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
+
+    CHECK(modeOf(path) == 0600);
+}
+
+TEST_CASE("a write removes what killed processes left of that file, and nothing else")
+{
+    const TempFolder folder;
+    const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
+    folder.put("x.ini.~" + std::to_string(getpid()) + "-0", "half");
+    folder.put("x.ini.~4194000-12", "half");
+    const std::string inUse = folder.put("x.ini.~77-0", "another program's");
+    for (const char *name :
+         {"x.ini.~", "x.ini.~7", "x.ini.~7-", "x.ini.~-7", "x.ini.~7-7-7", "x.ini.~7-a", "y.ini.~7-0"})
+        folder.put(name, "a person's");
+    const int lock = open(inUse.c_str(), O_WRONLY | O_CLOEXEC);
+    REQUIRE(flock(lock, LOCK_EX | LOCK_NB) == 0);
 
     CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
 
     CHECK(folder.bytes("x.ini") == "[s]\r\nk=new\r\n");
-    CHECK(folder.bytes(left) == "half");
+    CHECK(folder.names() == std::vector<std::string>{"x.ini", "x.ini.~", "x.ini.~-7", "x.ini.~7", "x.ini.~7-",
+                                                     "x.ini.~7-7-7", "x.ini.~7-a", "x.ini.~77-0", "y.ini.~7-0"});
+    close(lock);
+}
+
+TEST_CASE("a signal that ends the program while it writes leaves the old file and no other")
+{
+    const TempFolder folder;
+    const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
+    const pid_t child = fork();
+    if (child == 0) {
+        // The write itself meets the signal: it goes beyond the size that the system allows.
+        const rlimit small{8, 8};
+        signal(SIGXFSZ, SIG_DFL);
+        setrlimit(RLIMIT_FSIZE, &small);
+        (void)makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path);
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    CHECK(WIFSIGNALED(status));
+    CHECK(folder.bytes("x.ini") == "[s]\r\nk=old\r\n");
+    CHECK(folder.entries() == 1);
+}
+
+TEST_CASE("a write succeeds where a file cannot be created without a name")
+{
+    const TempFolder folder;
+    const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
+    int ends[2];
+    REQUIRE(pipe(ends) == 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        // Without the folder of open files a file never gets a name later.
+        const bool isHidden = unshare(CLONE_NEWNS) == 0 && mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                              mount("tmpfs", "/proc", "tmpfs", 0, nullptr) == 0;
+        const std::int32_t written =
+            isHidden ? makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) : 2;
+        const char told = static_cast<char>('0' + written);
+        (void)!write(ends[1], &told, 1);
+        _exit(0);
+    }
+    char told = 0;
+    const bool isTold = read(ends[0], &told, 1) == 1;
+    waitpid(child, nullptr, 0);
+    close(ends[0]);
+    close(ends[1]);
+    REQUIRE(isTold);
+    if (told == '2') {
+        MESSAGE("no folder can be hidden here: not run");
+        return;
+    }
+    CHECK(told == '1');
+    CHECK(folder.bytes("x.ini") == "[s]\r\nk=new\r\n");
+    CHECK(folder.entries() == 1);
 }
 
 TEST_CASE("a pipe or a device reads as an empty profile")

@@ -152,6 +152,22 @@ TEST_CASE("copying from a grid without a chosen row leaves the clipboard alone")
     CHECK(fromQt(QGuiApplication::clipboard()->text()) == "前");
 }
 
+TEST_CASE("a question is answered by its two buttons, and Escape is Cancel")
+{
+    EventEdge edge;
+    QtMessageBoxes boxes(edge);
+    const auto answered = [&boxes](const std::function<void(QMessageBox &)> &answer) {
+        QTimer::singleShot(0, [answer] {
+            auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (box != nullptr) answer(*box);
+        });
+        return boxes.askRetry("出力中です。", Icon::exclamation, "");
+    };
+    CHECK(answered([](QMessageBox &box) { box.button(QMessageBox::Retry)->click(); }));
+    CHECK_FALSE(answered([](QMessageBox &box) { box.button(QMessageBox::Cancel)->click(); }));
+    CHECK_FALSE(answered([](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); }));
+}
+
 TEST_CASE("the words of a message box are copied by Ctrl+C")
 {
     EventEdge edge;

@@ -47,6 +47,15 @@ TEST_CASE("a box is told and answered, and without a title it shows the applicat
     CHECK(played.code == 0);
 }
 
+TEST_CASE("a question is told as a box and answered with Cancel at once")
+{
+    bool again = true;
+    const Played played =
+        play("", [&](const Platform &platform) { again = platform.boxes.askRetry("出力中です。", Icon::exclamation); });
+    CHECK(played.events == Log{R"({"event":"box","text":"出力中です。","icon":48,"title":"委任状印刷"})"});
+    CHECK_FALSE(again);
+}
+
 TEST_CASE("the end statement ends the play with exit code 0, and nothing is told after it")
 {
     bool cameBack = false;

@@ -83,11 +83,82 @@ TEST_CASE("an opened output file is empty at once")
     CHECK(folder.bytes("x") == "");
 }
 
-TEST_CASE("an output file that is not closed is whole once it is gone")
+TEST_CASE("an output file never ends at a line end before it is closed")
+{
+    const TempFolder folder;
+    std::string expected;
+    // Lines that fill the buffer of an output file to the byte, and lines that do not.
+    for (const std::size_t length : {1024U, 333U}) {
+        const std::string line = std::string(length - 2, 'x') + "\r\n";
+        const auto file = anyFiles()->openForOutput(folder / "x");
+        std::size_t seen = 0;
+        for (expected.clear(); expected.size() < 300000; expected += line) {
+            file->write(line);
+            const std::string partial = folder.bytes("x");
+            if (partial.empty()) continue;
+            CHECK(partial.back() == 'x');
+            seen = partial.size();
+        }
+        CHECK(seen > 200000);
+        file->close();
+        CHECK(folder.bytes("x") == expected);
+    }
+}
+
+TEST_CASE("an output file of line ends alone is whole once it is closed")
+{
+    const TempFolder folder;
+    const auto file = anyFiles()->openForOutput(folder / "x");
+    file->write(std::string(100000, '\n'));
+    CHECK(folder.bytes("x") == "");
+    file->close();
+    CHECK(folder.bytes("x") == std::string(100000, '\n'));
+}
+
+TEST_CASE("an output file that is given up has every byte but its last line end")
 {
     const TempFolder folder;
     anyFiles()->openForOutput(folder / "x")->write("abc");
+    anyFiles()->openForOutput(folder / "y")->write("abc\r\ndef\r\n");
     CHECK(folder.bytes("x") == "abc");
+    CHECK(folder.bytes("y") == "abc\r\ndef");
+}
+
+TEST_CASE("a file is locked for one user at a time, until it is closed or given up")
+{
+    using State = LockedFile::State;
+    const TempFolder folder;
+    LockedFile first = anyFiles()->openLocked(folder.path() + "\\委任状.run");
+    REQUIRE(first.state == State::locked);
+    CHECK(anyFiles()->openLocked(folder / "委任状.run").state == State::busy);
+
+    first.output->close();
+    CHECK(anyFiles()->openLocked(folder / "委任状.run").state == State::locked); // and given up at once
+    CHECK(anyFiles()->openLocked(folder / "委任状.run").state == State::locked);
+    CHECK(folder.entries() == 1);
+}
+
+TEST_CASE("a locked file is emptied by who locks it, and can be read by others byte by byte as it grows")
+{
+    const TempFolder folder;
+    folder.put("x", "a longer text of the run before");
+    const LockedFile locked = anyFiles()->openLocked(folder / "x");
+    REQUIRE(locked.output);
+    CHECK(anyFiles()->openForInput(folder / "x")->read(10) == "");
+    locked.output->write("one\n");
+    CHECK(anyFiles()->openForInput(folder / "x")->read(10) == "one\n");
+    locked.output->write("two\n");
+    CHECK(anyFiles()->openLocked(folder / "x").state == LockedFile::State::busy);
+    CHECK(anyFiles()->openForInput(folder / "x")->read(10) == "one\ntwo\n");
+}
+
+TEST_CASE("a file that cannot be created has no lock")
+{
+    const TempFolder folder;
+    folder.put("file", "");
+    for (const std::string &path : {folder / "missing/x", folder / "file/x", folder.path()})
+        CHECK(anyFiles()->openLocked(path).state == LockedFile::State::unavailable);
+    CHECK(folder.names() == std::vector<std::string>{"file"});
 }
 
 TEST_CASE("an input file gives its bytes piece by piece and then nothing")

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "shell/app.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace inin {
+
+/// "委任状.run" beside the CSV. A run locks it from the removal of the old CSV until the form tool is started, so that two
+/// programs on one site do not mix their letters and scripts. The file stays and describes the last run; the form viewer
+/// compares it with the CSV:
+///
+///     PrintInin run 1
+///     holder RECEPTION1 1234
+///     csv 54321
+///     letters 273
+///
+/// Each line ends with LF. `holder` is the computer's name and the number of the process, `csv` the size of the finished
+/// CSV in bytes, `letters` the number of letters in it. The last two lines are missing while the CSV is being written.
+/// Where the file cannot be created or locked, the run goes on without it.
+class RunFile {
+public:
+    explicit RunFile(App &app) : m_app(app) {}
+    /// Waits a few seconds for the run of another program, then asks the operator whether to try again. False when the
+    /// operator gave up.
+    [[nodiscard]] bool lock();
+    void setLetters(std::uint64_t csvSize, std::int16_t letters);
+    void unlock() { m_file.reset(); }
+
+private:
+    [[nodiscard]] bool isBusy();
+    [[nodiscard]] bool isBusyForSeconds();
+    [[nodiscard]] std::string holder();
+    void write(const std::string &lines);
+
+    App &m_app;
+    std::string m_path;
+    std::unique_ptr<OutputFile> m_file; ///< null while it is not locked
+};
+
+} // namespace inin
