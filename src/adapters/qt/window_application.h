@@ -8,8 +8,8 @@
 namespace inin {
 
 /// The toolkit's application with an edge around every event. Event procedures have their own edge (EventEdge); this one is
-/// for exceptions of the code around them, memory that has run out for example, which would abort the process inside the
-/// toolkit's loops.
+/// for exceptions of the code around them, memory that has run out for example. The toolkit's loops do not survive an
+/// exception: a box that is open hangs, and a destructor on the way aborts the process.
 class WindowApplication : public QApplication {
 public:
     using QApplication::QApplication;

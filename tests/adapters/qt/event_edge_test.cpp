@@ -25,6 +25,24 @@ void press(WindowFixture &fixture)
     QTest::mouseClick(&fixture.windows.topWindow()->widget("cmdOK"), Qt::LeftButton);
 }
 
+/// Counts the toolkit's warnings about an exception that has gone through its loops.
+class LoopWatch {
+public:
+    LoopWatch() : m_before(qInstallMessageHandler(note)) { s_warnings = 0; }
+    LoopWatch(const LoopWatch &) = delete;
+    LoopWatch &operator=(const LoopWatch &) = delete;
+    ~LoopWatch() { qInstallMessageHandler(m_before); }
+    [[nodiscard]] static int warnings() { return s_warnings; }
+
+private:
+    static void note(QtMsgType, const QMessageLogContext &, const QString &message)
+    {
+        if (message.contains("caught an exception")) ++s_warnings;
+    }
+    static inline int s_warnings = 0;
+    QtMessageHandler m_before;
+};
+
 } // namespace
 
 TEST_CASE("an exception that leaves an event procedure ends the show of its form and reaches the code that showed it")
@@ -52,8 +70,10 @@ TEST_CASE("an exception that leaves an event procedure ends the show of its form
     CHECK(fixture.windows.windowOf(form) == nullptr);
 }
 
-TEST_CASE("an exception in an event outside the form's procedures does not abort the process but ends the show")
+TEST_CASE(
+    "an exception in an event outside the form's procedures ends the show without going through the toolkit's loops")
 {
+    const LoopWatch watch;
     WindowFixture fixture;
     OneButton form;
     fixture.turns.then([&] {
@@ -62,6 +82,7 @@ TEST_CASE("an exception in an event outside the form's procedures does not abort
     });
     CHECK_THROWS_AS(fixture.windows.show(form, Modality::modal), std::bad_alloc);
     CHECK(fixture.windows.windowOf(form) == nullptr);
+    CHECK(LoopWatch::warnings() == 0);
 }
 
 TEST_CASE("an exception that leaves an event under a box is rethrown when the box is answered")
