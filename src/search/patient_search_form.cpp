@@ -112,13 +112,14 @@ void frm患者検索::vGetSeledInf(std::int32_t &nSeledCD, std::string &csSeledN
 
 void frm患者検索::readSettings()
 {
-    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);
+    // Both are set first: a bad setting ends this step, and the list must still open without a limit month and without the
+    // column.
     m_limitMonth = kNoLimitMonth;
-    if (m_endedMonths != 0) {
-        m_limitMonth = monthText(app(), 1 - m_endedMonths);
-        chkEndKanja.Caption = monthText(app(), -m_endedMonths) + "以前に、施術の終了した利用者も表示する。";
-    }
     spr_1ran.setColumnWidth(kAreaColumn, 0);
+    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);
+    if (m_endedMonths == 0) return;
+    m_limitMonth = monthText(app(), 1 - m_endedMonths);
+    chkEndKanja.Caption = monthText(app(), -m_endedMonths) + "以前に、施術の終了した利用者も表示する。";
 }
 
 std::string frm患者検索::statement(const SearchFilter &filter) const

@@ -148,7 +148,7 @@ TEST_CASE("the limit month is counted from the month, also on its 31st day")
     CHECK(list.window.chkEndKanja.Caption.get() == "2024/01以前に、施術の終了した利用者も表示する。");
 }
 
-TEST_CASE("a setting of months that is no 16-bit number or leaves the calendar is a system error, and the window stays")
+TEST_CASE("a bad setting of months is a system error, and the list opens without a limit and without the branch column")
 {
     struct Row {
         const char *line;
@@ -171,6 +171,8 @@ TEST_CASE("a setting of months that is no 16-bit number or leaves the calendar i
         CHECK(list.window.isLoaded());
         CHECK(list.window.spr_1ran.RowCount() == 3);
         CHECK(list.window.chkEndKanja.Caption.get() == "施術終了した利用者も表示");
+        CHECK(list.limit() == "9999/12");
+        CHECK(list.window.spr_1ran.columns()[0].width == 0);
     }
 }
 
