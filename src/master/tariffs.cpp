@@ -2,6 +2,7 @@
 
 #include "master/tariff_session.h"
 #include "runtime/conversion.h"
+#include "runtime/number_text.h"
 
 namespace inin {
 
@@ -25,6 +26,13 @@ constexpr FeeCode kFeeCodes[] = {
     {9, 12, &Fees::n実費交通費},
 };
 
+/// The number at the beginning of a field's text, so that one unreadable fee does not hide all later ones. NULL stays an
+/// error.
+double numberOf(const Recordset &rsData, const char *column, const Regional &regional)
+{
+    return leadingNumber(toText(rsData.Field(column), regional));
+}
+
 /// The row that is being read, for the words of a failure: what could not be read is still that of the row before.
 struct CurrentRow {
     std::int16_t iTankaKbn = 0;
@@ -35,9 +43,9 @@ struct CurrentRow {
 void readFee(const Recordset &rsData, const Regional &regional, CurrentRow &current, Fees &fees)
 {
     current.any = true;
-    current.iTankaKbn = toInteger(rsData.Field("iTankaKbn"), regional);
-    current.nTankaCode = toLong(rsData.Field("nTankaCode"), regional);
-    const std::int32_t nTanka = toLong(rsData.Field("nTanka"), regional);
+    current.iTankaKbn = toInteger(numberOf(rsData, "iTankaKbn", regional));
+    current.nTankaCode = toLong(numberOf(rsData, "nTankaCode", regional));
+    const std::int32_t nTanka = toLong(numberOf(rsData, "nTanka", regional));
     for (const FeeCode &code : kFeeCodes)
         if (code.iTankaKbn == current.iTankaKbn && code.nTankaCode == current.nTankaCode) fees.*code.fee = nTanka;
 }

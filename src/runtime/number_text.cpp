@@ -1,5 +1,6 @@
 #include "runtime/number_text.h"
 
+#include "runtime/runtime_error.h"
 #include "runtime/text_scan.h"
 
 #include <array>
@@ -107,6 +108,14 @@ double roundedTo15Digits(double value)
     return doubleOf({buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data())});
 }
 
+/// Takes one sign, if there is one; true for a minus.
+bool takeMinus(TextScan &scan)
+{
+    if (scan.accept('-')) return true;
+    scan.accept('+');
+    return false;
+}
+
 NumberReading readBits(TextScan &scan)
 {
     const int base = scan.acceptWord("h") ? 16 : scan.acceptWord("o") ? 8 : 0;
@@ -135,6 +144,25 @@ NumberReading readNumber(std::string_view text)
     if (decimal->size() > kDigits && std::isfinite(value)) value = roundedTo15Digits(value);
     if (!std::isfinite(value)) return {Outcome::overflow};
     return {Outcome::number, marks.negative() ? -value : value};
+}
+
+double leadingNumber(std::string_view text)
+{
+    std::string packed(text);
+    std::erase_if(packed, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
+    TextScan scan(packed);
+    const bool isNegative = takeMinus(scan);
+    std::string decimal(scan.takeDigits());
+    if (scan.accept('.')) decimal.append(".").append(scan.takeDigits());
+    if (decimal.find_first_of("0123456789") == std::string::npos) return 0;
+    if (scan.acceptWord("e") || scan.acceptWord("d")) {
+        const std::string exponent = takeMinus(scan) ? "e-" : "e";
+        const std::string_view digits = scan.takeDigits();
+        if (!digits.empty()) decimal.append(exponent).append(digits);
+    }
+    const double value = doubleOf(decimal);
+    if (!std::isfinite(value)) throw RuntimeError(error_number::overflow);
+    return isNegative ? -value : value;
 }
 
 } // namespace inin

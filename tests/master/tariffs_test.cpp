@@ -194,14 +194,36 @@ TEST_CASE("a NULL in a fee's row ends the reading with the row's class and code 
     }
 }
 
-TEST_CASE("a class beyond 16 bits and a fee that is no number end the reading")
+TEST_CASE("a class beyond 16 bits and a fee beyond 32 bits end the reading")
 {
     FeeFixture world;
     world.answer({{40000, 1, 340}});
     CHECK(world.fees.iGetTanka("201904") == 0);
-    world.answer({{1, 1, "無料"}});
+    world.answer({{1, 1, "3000000000円"}});
     CHECK(world.fees.iGetTanka("201904") == 0);
     CHECK(world.boxes.shown == Boxes{readError("0", "0"), readError("1", "1")});
+}
+
+TEST_CASE("a text counts as the number that it begins with, 0 without one, and the later fees are read")
+{
+    FeeFixture world;
+    world.answer(
+        {{1, 1, "無料"}, {"1区", "2.", "340円"}, {"", 1, 500}, {"無", 3, 600}, {1, "４", 700}, {1, 11, " 1 550 "}});
+    CHECK(world.fees.iGetTanka("201904") == 0);
+    CHECK(world.boxes.shown.empty());
+    CHECK(world.fees.nマッサージ() == 0);
+    CHECK(world.fees.n変形徒手() == 340);
+    CHECK(world.fees.n温按法() == 0);
+    CHECK(world.fees.n電気光線() == 0);
+    CHECK(world.fees.n鍼灸1術() == 1550);
+}
+
+TEST_CASE("an unreadable text sets its fee to 0, also after an earlier period")
+{
+    FeeFixture world;
+    world.answer({{1, 1, 300}, {1, 1, "無料"}});
+    CHECK(world.fees.iGetTanka("201904") == 0);
+    CHECK(world.fees.nマッサージ() == 0);
 }
 
 TEST_CASE("a connection that is lost on the way ends the reading and the fees read so far stay")

@@ -1,4 +1,5 @@
 #include "runtime/conversion.h"
+#include "runtime/number_text.h"
 #include "support/errors.h"
 
 #include <doctest/doctest.h>
@@ -52,6 +53,27 @@ TEST_CASE("a text of another form is a type mismatch")
         CAPTURE(text);
         CHECK(errorOf([&] { return numberFromText(text); }) == 13);
     }
+}
+
+TEST_CASE("the leading number of a text ends where the text stops being one, and is 0 without one")
+{
+    struct Row {
+        std::string_view text;
+        double value;
+    };
+    const Row rows[] = {
+        {"", 0},        {"無料", 0},    {"円340", 0},      {"-", 0},       {".", 0},
+        {"340", 340},   {"340円", 340}, {" 1 550 ", 1550}, {"\t1\n2", 12}, {"-12a", -12},
+        {"+12", 12},    {"--1", 0},     {"-+5", 0},        {"1e-+2", 1},   {"12-", 12},
+        {"1,234", 1},   {"1.5.3", 1.5}, {".5x", 0.5},      {"5.", 5},      {"1e2", 100},
+        {"1d-1", 0.1},  {"1e", 1},      {"1e+x", 1},       {"2e+1", 20},   {"2024/05/01", 2024},
+        {"（340）", 0}, {"４", 0},      {"1e-400", 0},
+    };
+    for (const Row &row : rows) {
+        CAPTURE(row.text);
+        CHECK(leadingNumber(row.text) == row.value);
+    }
+    CHECK(errorOf([] { return leadingNumber("1e309円"); }) == 6);
 }
 
 TEST_CASE("a number beyond a double overflows, whichever way it is written")
