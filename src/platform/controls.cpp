@@ -96,4 +96,13 @@ std::int32_t ListBox::ItemData(std::int16_t index) const
     return m_items[static_cast<std::size_t>(index)].ItemData;
 }
 
+void ListBox::chooseItemData(std::int32_t ItemData, std::int16_t from)
+{
+    for (std::int16_t index = from; index < ListCount(); ++index) {
+        if (this->ItemData(index) != ItemData) continue;
+        ListIndex = index;
+        return;
+    }
+}
+
 } // namespace inin

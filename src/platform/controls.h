@@ -195,6 +195,8 @@ public:
     [[nodiscard]] std::int16_t ListCount() const { return static_cast<std::int16_t>(m_items.size()); }
     /// The number of an item; error 380 for an index that the list lacks.
     [[nodiscard]] std::int32_t ItemData(std::int16_t index) const;
+    /// Chooses the first item at or after `from` that has the number; without one the choice stays.
+    void chooseItemData(std::int32_t ItemData, std::int16_t from = 0);
     [[nodiscard]] const std::vector<Item> &items() const { return m_items; }
 
 private:

@@ -36,7 +36,7 @@ void frmPrintInin::wireEvents()
     chkChushi.onClick = [this] { chkChushi_Click(); };
     btn_StaffSelect.onClick = [this] { btn_StaffSelect_Click(); };
     imNum_StaffNo.onKeyPress = [this](std::int16_t KeyCode) { imNum_StaffNo_KeyPress(KeyCode); };
-    btn_KanjaSelect.onClick = [this] { iSelectKanja(); };
+    btn_KanjaSelect.onClick = [this] { btn_KanjaSelect_Click(); };
     imNum_CD.onKeyPress = [this](std::int16_t KeyCode) { imNum_CD_KeyPress(KeyCode); };
     btnPrint.onClick = [this](std::int16_t Index) { btnPrint_Click(Index); };
     mnF01.onClick = [this] { mnF01_Click(); };

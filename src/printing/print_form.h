@@ -59,6 +59,7 @@ public:
 
     // Events of the search buttons and of the return key in a number box.
     void btn_StaffSelect_Click();
+    void btn_KanjaSelect_Click();
     void imNum_StaffNo_KeyPress(std::int16_t KeyCode);
     void imNum_CD_KeyPress(std::int16_t KeyCode);
     /// Lets a staff member be picked and writes the number to the box and the list, if given. The number, or -1 when
@@ -119,6 +120,11 @@ private:
     void runClickRule(OptionGroup PrintControls::*group, std::int16_t Index);
     void runReportedRule(OptionGroup PrintControls::*group, std::int16_t Index, const char *csFuncName);
     void showPeriodMonth(const DateBox &date);
+    /// The form's own null-safe conversion: the result is 0 for NULL and for what is no 32-bit number.
+    void nNullToLong(const Variant &vValue, std::int32_t &nResult) const;
+    // The report kind and the signature kind, as the options are marked.
+    [[nodiscard]] std::int16_t markedPrintKind();
+    [[nodiscard]] std::int16_t markedSyomeiKind();
     void setDates();
     [[nodiscard]] bool connectScreen();
     [[nodiscard]] bool findLetters();

@@ -118,12 +118,22 @@ try {
     // The position in the list goes into the SQL, not the entry's number.
     iHokenIndex = cmbHoken.ListIndex;
     iExpireKind = chkExpireDay.Value;
-    iPrintKind = static_cast<std::int16_t>(optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1);
-    iSyomeiKind = optSyomei(0).Value ? 0 : 1;
+    iPrintKind = markedPrintKind();
+    iSyomeiKind = markedSyomeiKind();
     return iGood;
 } catch (const RuntimeError &error) {
     m_app.platform.boxes.show(numberedText(error), Icon::none);
     return iBad;
+}
+
+std::int16_t frmPrintInin::markedPrintKind()
+{
+    return static_cast<std::int16_t>(optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1);
+}
+
+std::int16_t frmPrintInin::markedSyomeiKind()
+{
+    return optSyomei(0).Value ? 0 : 1;
 }
 
 void frmPrintInin::readTargetDate()

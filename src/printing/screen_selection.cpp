@@ -16,17 +16,12 @@ constexpr std::int32_t kNobody = -1;
 /// What stands beside a patient number of 0: the search was left, so everybody is meant.
 constexpr const char *kEverybody = "(全員)";
 
-/// Chooses the first entry of that number; a number that the list lacks leaves it as it is.
-void chooseEntry(ListBox &list, std::int32_t nIDNo)
-{
-    for (std::int16_t index = 0; index < list.ListCount(); ++index) {
-        if (list.ItemData(index) != nIDNo) continue;
-        list.ListIndex = index;
-        return;
-    }
-}
-
 } // namespace
+
+void frmPrintInin::btn_KanjaSelect_Click()
+{
+    iSelectKanja();
+}
 
 void frmPrintInin::btn_StaffSelect_Click()
 {
@@ -44,7 +39,7 @@ std::int32_t frmPrintInin::iSelectStaff(NumberBox *box, ListBox *list)
         return kNobody;
     }
     if (box != nullptr) box->Value = staff.nSeledCD;
-    if (list != nullptr) chooseEntry(*list, staff.nSeledCD);
+    if (list != nullptr) list->chooseItemData(staff.nSeledCD);
     return staff.nSeledCD;
 }
 
@@ -69,7 +64,7 @@ try {
         m_app.platform.boxes.show("施術者の検索に失敗しました" + staff.CsErrStr(), Icon::critical);
         return iBad;
     }
-    chooseEntry(list, nIDNo);
+    list.chooseItemData(nIDNo);
     return iGood;
 } catch (const RuntimeError &error) {
     const std::string text = std::string("施術者の検索に失敗しました！").append(kCr).append(kCr);

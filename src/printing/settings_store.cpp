@@ -97,6 +97,11 @@ void plainErrorBox(App &app, const std::string &text)
 
 } // namespace
 
+void frmPrintInin::nNullToLong(const Variant &vValue, std::int32_t &nResult) const
+{
+    nResult = inin::nNullToLong(vValue, m_app.regional);
+}
+
 std::int32_t frmPrintInin::iLoadPrintSetting()
 try {
     clsOplIniFile file(m_app.platform);
@@ -105,7 +110,9 @@ try {
         this->*line.kind = readKind(file, line.key, m_app.regional);
         markStored(*this, line.group, optionOfKind(this->*line.kind, (this->*line.group).count()));
     }
-    markStored(*this, &Screen::optPrint, optionOfReport(nNullToLong(readText(file, kReportKey), m_app.regional)));
+    std::int32_t report = 0;
+    nNullToLong(readText(file, kReportKey), report);
+    markStored(*this, &Screen::optPrint, optionOfReport(report));
     const bool isAutomatic = isZero(readText(file, kSignatureKey), m_app.regional);
     markStored(*this, &Screen::optSyomei, isAutomatic ? std::int16_t{0} : std::int16_t{1});
     return 1;
@@ -125,9 +132,7 @@ try {
     };
     const bool areKindsWritten =
         std::ranges::all_of(kWriteOrder, [&](const StoredKind &line) { return isWritten(line.key, this->*line.kind); });
-    const int report = optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1;
-    const int signature = optSyomei(0).Value ? 0 : 1;
-    if (!areKindsWritten || !isWritten(kReportKey, report) || !isWritten(kSignatureKey, signature))
+    if (!areKindsWritten || !isWritten(kReportKey, markedPrintKind()) || !isWritten(kSignatureKey, markedSyomeiKind()))
         plainErrorBox(m_app, file.csErrMsg);
 } catch (const RuntimeError &error) {
     plainErrorBox(m_app, error.description());

@@ -48,6 +48,9 @@ struct KindOption {
 };
 constexpr std::array<KindOption, 3> kKinds = {{{kBothKinds, "共通"}, {kMassage, "マッサージ"}, {kAcupuncture, "鍼灸"}}};
 
+/// Position of the first staff member in the list, after the entry that limits nothing.
+constexpr std::int16_t kFirstStaff = 1;
+
 /// No month comes after it, so none is in the limit.
 constexpr const char *kNoLimitMonth = "9999/12";
 
@@ -144,7 +147,7 @@ void frm患者検索::showFilter(const SearchFilter &filter)
 {
     SearchForm::showFilter(filter);
     if (filter.staffNumber > 0)
-        selectStaff(filter.staffNumber, 1);
+        cbo_Sejutusha.chooseItemData(filter.staffNumber, kFirstStaff);
     else
         cbo_Sejutusha.ListIndex = 0;
     for (std::int16_t index = 0; index < opt_SejutsuKubun.count(); ++index)
@@ -182,7 +185,7 @@ void frm患者検索::btn_StaffSelect_Click()
     if (status == kNothingChosen) return;
     if (status != iGood) return tellStaffFailure(staff.CsErrStr());
     imNum_StaffNo.Value = staff.nSeledCD;
-    selectStaff(staff.nSeledCD, 1);
+    cbo_Sejutusha.chooseItemData(staff.nSeledCD, kFirstStaff);
 }
 
 bool frm患者検索::confirmEntry(const Control *active)
@@ -202,22 +205,13 @@ bool frm患者検索::lookUpStaff()
         tellStaffFailure(staff.CsErrStr());
         return false;
     }
-    selectStaff(number, 0);
+    cbo_Sejutusha.chooseItemData(number);
     return true;
 }
 
 void frm患者検索::tellStaffFailure(const std::string &words)
 {
     app().platform.boxes.show("施術者の検索に失敗しました" + words, Icon::critical);
-}
-
-void frm患者検索::selectStaff(std::int32_t nIDNo, std::int16_t from)
-{
-    for (std::int16_t index = from; index < cbo_Sejutusha.ListCount(); ++index) {
-        if (cbo_Sejutusha.ItemData(index) != nIDNo) continue;
-        cbo_Sejutusha.ListIndex = index;
-        return;
-    }
 }
 
 } // namespace inin

@@ -39,8 +39,6 @@ private:
     void btn_StaffSelect_Click();
     [[nodiscard]] bool lookUpStaff();
     void tellStaffFailure(const std::string &words);
-    /// Selects the first entry from there on that has the number; without one the list stays.
-    void selectStaff(std::int32_t nIDNo, std::int16_t from);
 
     std::unique_ptr<cT_ADODB> m_session; ///< its own searches do not use it
     std::int16_t m_endedMonths = 0;      ///< the setting "終了患者施術期間"

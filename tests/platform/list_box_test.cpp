@@ -52,6 +52,28 @@ TEST_CASE("a list index that the list lacks is error 380 and leaves the choice a
     }
 }
 
+TEST_CASE("an item is chosen by its number: the first one from the given place, and none leaves the choice")
+{
+    ListFixture fixture;
+    fixture.list.AddItem("社保", 7);
+    fixture.list.AddItem("労災", -1);
+
+    fixture.list.chooseItemData(7);
+    CHECK(fixture.list.ListIndex == 1);
+    fixture.list.chooseItemData(7, 2);
+    CHECK(fixture.list.ListIndex == 2);
+    fixture.list.chooseItemData(-1, 1);
+    CHECK(fixture.list.ListIndex == 3);
+    fixture.list.chooseItemData(-1);
+    CHECK(fixture.list.ListIndex == 0);
+    CHECK(fixture.clicks == 4);
+
+    fixture.list.chooseItemData(99);
+    fixture.list.chooseItemData(7, 3);
+    CHECK(fixture.list.ListIndex == 0);
+    CHECK(fixture.clicks == 4);
+}
+
 TEST_CASE("adding entries chooses none and fires nothing")
 {
     ListFixture fixture;

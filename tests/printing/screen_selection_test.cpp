@@ -112,6 +112,19 @@ TEST_CASE("a picked staff member whom the list lacks stands in the box, and the 
     CHECK(screen.form.cbSejyutsu.ListIndex == 1);
 }
 
+TEST_CASE("of a staff number that the list has twice the first entry is chosen")
+{
+    SelectionFixture screen;
+    screen.form.cbSejyutsu.AddItem("鈴木 次郎（再）", 12);
+    screen.chooseRow(2);
+    screen.form.btn_StaffSelect.onClick();
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+    screen.form.cbSejyutsu.ListIndex = std::int16_t{0};
+    screen.checkAnswers({{"鈴木 次郎", Null{}}});
+    CHECK(screen.form.iChkStaffNo(12, screen.form.cbSejyutsu) == 0);
+    CHECK(screen.form.cbSejyutsu.ListIndex == 2);
+}
+
 TEST_CASE("the staff window shows ended staff when the screen counts them, and never asks for a consultation")
 {
     SelectionFixture screen;
@@ -270,6 +283,18 @@ TEST_CASE("a picked patient stands on the screen by number and name")
     screen.form.btn_KanjaSelect.onClick();
     CHECK(screen.form.imNum_CD.Value.get() == number(22));
     CHECK(screen.form.lbl_SelKanja.Caption.get() == "髙橋 﨑子");
+}
+
+TEST_CASE("a picked patient of number 0 is shown by name, unlike a window that is left")
+{
+    SelectionFixture screen;
+    screen.answer("FROM RIYOUSHA  WHERE", answerOf({"iKyotenCd", "iKyotenEb", "nIDNo", "cName", "cNameKana",
+                                                    "cNameRyaku", "cTelNo", "cAdress1", "cAdress2"},
+                                                   {{1, 2, std::int32_t{0}, "番号 なし", "", "", "", "", ""}}));
+    screen.chooseRow(1);
+    screen.form.btn_KanjaSelect_Click();
+    CHECK(screen.form.imNum_CD.Value.get() == number(0));
+    CHECK(screen.form.lbl_SelKanja.Caption.get() == "番号 なし");
 }
 
 TEST_CASE("a patient window that is left means everybody: number 0, no empty box")
