@@ -1,15 +1,13 @@
 #include "data/dao_session.h"
 
 #include "common/error_text.h"
+#include "data/ado_session.h"
 
 #include <optional>
 
 namespace inin {
 
 namespace {
-
-constexpr std::int16_t kDone = 0;
-constexpr std::int16_t kFailed = -1;
 
 template <class Object> Object &made(const std::unique_ptr<Object> &object)
 {
@@ -97,10 +95,10 @@ std::int16_t clsT_Dao::iRollbackTrans()
 std::int16_t clsT_Dao::trapped(const std::function<void()> &steps)
 try {
     steps();
-    return kDone;
+    return iGood;
 } catch (const RuntimeError &error) {
     m_errMsg = numberLineText(error);
-    return kFailed;
+    return iBad;
 }
 
 DaoWorkspace &clsT_Dao::workspace() const
