@@ -43,8 +43,11 @@ std::string failedText(const char *operation, const RuntimeError &error)
 
 cT_ADODB::~cT_ADODB()
 {
-    // Nobody is left to read the words of a failure.
-    static_cast<void>(iDisConnect());
+    try {
+        static_cast<void>(iDisConnect());
+    } catch (...) {
+        // A destructor has no caller to report to, and an exception that leaves it would end the program.
+    }
 }
 
 Connection &cT_ADODB::connection()

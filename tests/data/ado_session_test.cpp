@@ -1,5 +1,6 @@
 #include "data/probe_session.h"
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,19 @@ TEST_CASE("a new session has no error text")
     cT_ADODB session(world.app);
     CHECK(session.sErrMsg().empty());
     CHECK(cT_ADODB::ihehe() == 0);
+}
+
+TEST_CASE("an exception of the provider's library does not leave a session that goes")
+{
+    ProbeFixture fixture;
+    {
+        cT_ADODB session(fixture.app);
+        REQUIRE(session.iInit("Provider=Fake") == 0);
+        REQUIRE(session.iConnect() == 0);
+        fixture.database.probe.onClose = [] { throw std::bad_alloc(); };
+    }
+    CHECK(fixture.database.probe.log.back() == "close");
+    fixture.database.probe.onClose = nullptr;
 }
 
 TEST_CASE("iInit keeps the string and touches no database")

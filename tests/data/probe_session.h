@@ -7,6 +7,7 @@
 #include <doctest/doctest.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -45,7 +46,8 @@ class ProbeConnection : public Connection {
 public:
     std::vector<ProviderError> errors;
     std::int32_t state = adStateClosed;
-    std::int32_t failure = 0; ///< raised by every call when not 0
+    std::int32_t failure = 0;      ///< raised by every call when not 0
+    std::function<void()> onClose; ///< run by Close
     std::vector<std::string> log;
 
     std::int32_t State() const override { return state; }
@@ -59,6 +61,7 @@ public:
     void Close() override
     {
         log.emplace_back("close");
+        if (onClose) onClose();
         raise();
         state = adStateClosed;
     }
