@@ -131,6 +131,18 @@ TEST_CASE("an object that goes closes its session")
     CHECK(world.boxes.shown.empty());
 }
 
+TEST_CASE("an object that goes ends by iEndJ2C: a session that does not close is reported under its name")
+{
+    FakeWorld world;
+    {
+        cls_JetDB2CSV csv(world.app);
+        std::int32_t nRecSuu = 0;
+        REQUIRE(csv.iInitJ2C("SELECT 1", kFile, nRecSuu) == iGood);
+        world.database.closeError = 11;
+    }
+    CHECK(world.boxes.shown == Boxes{critical("iEndJ2C() でエラー\r\n(11)閉じられません。")});
+}
+
 TEST_CASE("a new opening lets the session before go")
 {
     CsvFixture world;

@@ -1,6 +1,7 @@
 #include "master/tariffs.h"
 
 #include "master/table_fixture.h"
+#include "master/tariff_session.h"
 #include "support/embedded_world.h"
 #include "support/spoiled_database.h"
 
@@ -170,6 +171,19 @@ TEST_CASE("a refused statement is told with the session's words, then the sessio
                  " SUBSTRING(CONVERT(VARCHAR, cStartDate, 112),1,4)+SUBST・・・",
                  Icon::critical, ""}});
     CHECK(world.database.log.back() == "disconnect 1");
+}
+
+TEST_CASE("a session whose statement is refused is closed before it goes, after the box")
+{
+    FakeWorld world;
+    world.database.results.push_back(failure(-2147217865, "表がありません。"));
+    std::vector<std::string> logAtBox;
+    world.boxes.onShow = [&](const ShownBox &) { logAtBox = world.database.log; };
+    TariffSession session(world.app, "iGetTanka");
+    CHECK_FALSE(session.walk(
+        "SELECT 1", [] {}, [](const Recordset &) {}));
+    CHECK(logAtBox == Log{"connect 1", "sql 1 SELECT 1"});
+    CHECK(world.database.log == Log{"connect 1", "sql 1 SELECT 1", "disconnect 1"});
 }
 
 TEST_CASE("a NULL in a fee's row ends the reading with the row's class and code as far as they were read")

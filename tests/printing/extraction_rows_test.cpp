@@ -116,6 +116,8 @@ TEST_CASE("a number column that holds no number counts as 0")
              Row{"iKinSiten", "", &IninRow::金融機関名, "みどり金庫  中央"},
              Row{"iKozaType", "普通", &IninRow::口座番号, " 1234567"},
              Row{"iKozaType", 2147483648.0, &IninRow::口座番号, " 1234567"},
+             // A 32-bit number, unlike the two kinds beside it: 40000 is an unknown type, no overflow.
+             Row{"iKozaType", std::int32_t{40000}, &IninRow::口座番号, " 1234567"},
              Row{"iKozaType", 1.5, &IninRow::口座番号, "(当) 1234567"},
              Row{"iKozaType", 2.5, &IninRow::口座番号, "(当) 1234567"},
              Row{"iKozaType", "3", &IninRow::口座番号, "(通) 1234567"},

@@ -71,6 +71,19 @@ TEST_CASE("a preview differs from a print in the script's last line and the tool
     CHECK(preview.world.processes.started == std::vector<std::string>{"3 WrVb6Viewer.exe /c ./TMP\\WfdCom.dat"});
 }
 
+TEST_CASE("any mode but 0 prints")
+{
+    for (const std::int16_t mode : std::initializer_list<std::int16_t>{-1, 2, 32767}) {
+        RunFixture fixture;
+        fixture.answer(patients({{}}));
+        CAPTURE(mode);
+        fixture.form.vRunPrint(mode);
+        CHECK(fixture.script().ends_with("PrintPaper, A4\r\nPrintOutFromDialog\r\n"));
+        CHECK(fixture.world.processes.started ==
+              std::vector<std::string>{"2 wfrfv10.exe /c C:\\SUITE\\TMP\\WfdCom.dat"});
+    }
+}
+
 TEST_CASE_FIXTURE(RunFixture, "the letter file of a run is these bytes")
 {
     answer(patients({{{"RiyouName", "髙﨑 𠮷子"}, {"cTelNo", Null{}}}}));

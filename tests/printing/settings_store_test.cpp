@@ -209,6 +209,40 @@ TEST_CASE_FIXTURE(StoreFixture,
     CHECK(form.imSyomei.Enabled);
 }
 
+TEST_CASE_FIXTURE(StoreFixture, "an entered period that is marked already is enabled by the load itself")
+{
+    put("[委任状]\n表示期間=2\n帳票種類=0\n署名日=1\n");
+    REQUIRE(form.iLoadPrintSetting() == 1);
+    form.imSetDateFrom.Enabled = false;
+    form.imSetDateTo.Enabled = false;
+    Names clicks;
+    recordClicks(clicks);
+    REQUIRE(form.iLoadPrintSetting() == 1);
+
+    CHECK(clicks.empty());
+    CHECK(form.imSetDateFrom.Enabled);
+    CHECK(form.imSetDateTo.Enabled);
+}
+
+TEST_CASE_FIXTURE(StoreFixture, "a last treatment day that is marked already is enabled by the load itself")
+{
+    put("[委任状]\n対象期間=2\n帳票種類=0\n署名日=0\n");
+    REQUIRE(form.iLoadPrintSetting() == 1);
+    form.frmObject.Enabled = false;
+    form.imD_Out.Enabled = true;
+    form.imD_LastDay.Enabled = false;
+    form.imSyomei.Enabled = true;
+    Names clicks;
+    recordClicks(clicks);
+    REQUIRE(form.iLoadPrintSetting() == 1);
+
+    CHECK(clicks.empty());
+    CHECK(form.frmObject.Enabled);
+    CHECK_FALSE(form.imD_Out.Enabled);
+    CHECK(form.imD_LastDay.Enabled);
+    CHECK_FALSE(form.imSyomei.Enabled);
+}
+
 TEST_CASE_FIXTURE(StoreFixture, "a stored Aichi format marks no target data, whatever the store said of them")
 {
     put("[委任状]\n対象データ=1\n帳票種類=1\n");

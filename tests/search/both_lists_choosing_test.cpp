@@ -63,6 +63,20 @@ TEST_CASE_TEMPLATE("each way to choose gives the row's number and name and close
     }
 }
 
+TEST_CASE_TEMPLATE("a row of number 0 can be chosen", List, BOTH_LISTS)
+{
+    ListFixture<List> list;
+    list.answer(List::found, List::nullRow());
+    list.opened(List::numbers[0]);
+    list.window.spr_1ran.onDblClick(1);
+    CHECK(list.window.isChosen());
+    std::int32_t nSeledCD = -1;
+    std::string csSeledName = "前の人";
+    list.window.vGetSeledInf(nSeledCD, csSeledName);
+    CHECK(nSeledCD == 0);
+    CHECK(csSeledName.empty());
+}
+
 TEST_CASE_TEMPLATE("a double click chooses the row that it hits, whichever row is active", List, BOTH_LISTS)
 {
     ListFixture<List> list;

@@ -70,6 +70,27 @@ TEST_CASE_TEMPLATE("a number to highlight is made the active row and brought int
     CHECK(list.window.spr_1ran.RowInSight() == 2);
 }
 
+TEST_CASE_TEMPLATE("a row of number 0 is not highlighted when there is no number to highlight", List, BOTH_LISTS)
+{
+    ListFixture<List> list;
+    list.answer(List::found, List::nullRow()); // NULL reads as number 0
+    list.opened(0);
+    CHECK(list.window.spr_1ran.number(1, List::numberColumn) == 0);
+    CHECK(list.window.spr_1ran.ActiveRow == 0);
+    CHECK(list.window.spr_1ran.RowInSight() == 0);
+}
+
+TEST_CASE_TEMPLATE("of a number that comes twice the first row is highlighted", List, BOTH_LISTS)
+{
+    ListFixture<List> list;
+    FakeResult twice = list.world.database.answerTo(List::found);
+    twice.rows.push_back(twice.rows[1]);
+    list.answer(List::found, twice);
+    list.opened(List::numbers[1]);
+    CHECK(list.window.spr_1ran.ActiveRow == 2);
+    CHECK(list.window.spr_1ran.RowInSight() == 2);
+}
+
 TEST_CASE_TEMPLATE("a number that the filter hides highlights nothing and says nothing", List, BOTH_LISTS)
 {
     ListFixture<List> list;
@@ -295,6 +316,29 @@ TEST_CASE_TEMPLATE("the list is drawn once, when the search is over", List, BOTH
     revision = list.window.spr_1ran.revision();
     press(list.window.but_Read);
     CHECK(drawn == 1);
+}
+
+TEST_CASE_TEMPLATE("a search switches drawing off, then yields, then asks, and draws again before it reports a failure",
+                   List, BOTH_LISTS)
+{
+    ListFixture<List> list;
+    list.opened();
+    list.answer(List::found, failure());
+    list.window.txt_SiboriName.Text = "青木";
+    int yields = 0;
+    list.world.windows.onTime = [&] {
+        ++yields;
+        CHECK_FALSE(list.window.spr_1ran.ReDraw);
+        CHECK(list.statements().size() == 2); // those of the opening
+        CHECK(list.window.spr_1ran.RowCount() == static_cast<std::int32_t>(std::size(List::numbers)));
+        list.window.txt_SiboriName.Text = "井上"; // too late for this search
+    };
+    list.world.boxes.onShow = [&](const ShownBox &) { CHECK(list.window.spr_1ran.ReDraw); };
+    press(list.window.but_Read);
+    CHECK(yields == 1);
+    CHECK(list.world.boxes.shown.size() == 1);
+    REQUIRE(list.statements().size() == 3);
+    CHECK(list.statements().back().find("cName LIKE '%青木%'") != std::string::npos);
 }
 
 TEST_CASE_TEMPLATE("a filter of 4,000 characters is pasted in whole", List, BOTH_LISTS)

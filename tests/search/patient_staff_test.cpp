@@ -130,6 +130,18 @@ TEST_CASE("the staff search over the patients' window gives number and entry")
     CHECK(list.count("show frm施術者検索") == 1);
 }
 
+TEST_CASE("a picked staff member of number 0 is chosen in the list, not the entry that limits nothing")
+{
+    PatientsFixture list;
+    list.answer(kStaffList, staffRows({{std::int32_t{11}, "佐藤 花子", ""}, {std::int32_t{0}, "番号 なし", ""}}));
+    list.answer(kStaffFound, staffRows({{std::int32_t{0}, "番号 なし", ""}}));
+    list.opened();
+    list.world.windows.acts.push_back([](Form &form) { gridOf(form)->onDblClick(1); });
+    press(list.window.btn_StaffSelect);
+    CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{0}));
+    CHECK(list.window.cbo_Sejutusha.ListIndex == 2);
+}
+
 TEST_CASE("the staff search that is left changes nothing in the patients' window")
 {
     PatientsFixture list;

@@ -297,6 +297,26 @@ TEST_CASE("choosing an entry of the staff list writes its number into the box")
     CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{0}));
 }
 
+TEST_CASE("a staff member of number 0 is in the list, but is no condition")
+{
+    PatientsFixture list;
+    list.answer(kStaffList, staffRows({{std::int32_t{0}, "番号 なし", ""}, {std::int32_t{11}, "佐藤 花子", ""}}));
+    list.opened();
+    list.window.cbo_Sejutusha.ListIndex = std::int16_t{1};
+    CHECK(list.infoOfSearch() == "抽出条件：");
+    CHECK(list.statements().back().find("nTantou") == std::string::npos);
+    CHECK(list.window.cbo_Sejutusha.ListIndex == 0); // the filter comes back to the controls
+}
+
+TEST_CASE("patient number 0 is no condition")
+{
+    PatientsFixture list;
+    list.opened();
+    list.window.in_SiboriID.Value = std::int32_t{0};
+    CHECK(list.infoOfSearch() == "抽出条件：");
+    CHECK(list.statements().back().find("AND nIDNo=") == std::string::npos);
+}
+
 TEST_CASE("a staff number that was typed but not confirmed is no condition")
 {
     PatientsFixture list;

@@ -67,6 +67,18 @@ TEST_CASE("ended staff are hidden unless the caller or the check box asks for th
     CHECK(shown.statements().back() == all);
 }
 
+TEST_CASE("staff number 0 is no condition, and 1 is one")
+{
+    ListFixture<StaffList> list;
+    list.opened();
+    list.window.in_SiboriID.Value = std::int32_t{0};
+    press(list.window.but_Read);
+    CHECK(list.statements().back().find(" nIDNo = ") == std::string::npos);
+    list.window.in_SiboriID.Value = std::int32_t{1};
+    press(list.window.but_Read);
+    CHECK(list.statements().back().find(" and nIDNo = 1 and") != std::string::npos);
+}
+
 TEST_CASE("a consultation without staff gives the message of an empty list")
 {
     SearchFixture fixture;

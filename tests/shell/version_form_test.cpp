@@ -53,6 +53,7 @@ const FileCase kFiles[] = {
     {"a key behind another \"=\" gives the text behind the first one", "x=1 VERSION=2\n", {"1 VERSION=2: "}},
     {"a key behind a comma begins a field of its own", "x=1,VERSION=2\n", {"2: "}},
     {"a value with \"=\" stays whole", "VERSION=a=b\n", {"a=b: "}},
+    {"a key that lacks a letter is none", "UPDATE=b\nERSION=a\n", {}},
     {"a key in lower case is none", "version=a\n", {}},
     {"a key with a blank before its \"=\" is none", "VERSION =a\n", {}},
     {"a key twice: the last one counts", "VERSION=a\nVERSION=b\n", {"b: "}},
