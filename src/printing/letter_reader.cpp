@@ -84,8 +84,7 @@ std::string lastDayOfSchedule(LetterReader &reader, const LetterDates &dates)
 /// A two-digit year, unlike every other date of the letter.
 std::string lastDayOfJisseki(LetterReader &reader, const LetterDates & /*dates*/)
 {
-    const std::string visit = reader.text(Column::tServicyDayStart);
-    return visit.empty() ? visit : formatText(visit, "yy/MM/dd", reader.regional());
+    return formatText(reader.text(Column::tServicyDayStart), "yy/MM/dd", reader.regional());
 }
 
 std::string targetDay(LetterReader & /*reader*/, const LetterDates &dates)

@@ -218,6 +218,16 @@ TEST_CASE("a branch without staff begins at 0, and where numbers span the branch
     }
 }
 
+TEST_CASE("a highest number of 1 is no missing one: it is kept and not replaced by the branch's first number")
+{
+    StaffFixture staff;
+    staff.app.iKyotenIdMode = 1;
+    staff.database.results.push_back(rowsOf({"nIDNo"}, {{{"nIDNo", std::int32_t{1}}}}));
+    std::int32_t nMaxNo = -5;
+    CHECK(staff->iGetMaxIDNo(nMaxNo) == iGood);
+    CHECK(nMaxNo == 1);
+}
+
 TEST_CASE("a branch code that makes a first number beyond 32 bits overflows and leaves the caller's number")
 {
     StaffFixture staff;

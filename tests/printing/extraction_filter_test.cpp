@@ -127,6 +127,8 @@ TEST_CASE("only planned data by month looks at the check box of ended patients")
         const std::string unticked = extractionSql(*row.rule, query);
         query.iExpireKind = 1;
         const std::string ticked = extractionSql(*row.rule, query);
+        query.iExpireKind = 2; // any value but 0 counts as ticked
+        CHECK(extractionSql(*row.rule, query) == ticked);
 
         CAPTURE(row.rule->procedure);
         CHECK((unticked.find(" AND RIYOUSHA.tExpireday is NULL ORDER BY ") != std::string::npos) == row.looks);

@@ -113,6 +113,21 @@ TEST_CASE_TEMPLATE("a row that the list lacks is a system error, and the window 
     CHECK_FALSE(list.window.isChosen());
 }
 
+TEST_CASE_TEMPLATE("a window that is opened again has nothing chosen and reads its staff and its list anew", List,
+                   BOTH_LISTS)
+{
+    ListFixture<List> list;
+    list.opened();
+    list.window.spr_1ran.onDblClick(1);
+    REQUIRE(list.window.isChosen());
+    open(list.window);
+    CHECK(list.window.isLoaded());
+    CHECK_FALSE(list.window.isChosen());
+    CHECK(list.statements().size() == 4);
+    CHECK(list.window.spr_1ran.RowCount() == static_cast<std::int32_t>(std::size(List::numbers)));
+    if (auto *staff = dynamic_cast<ListBox *>(list.window.find("cbo_Sejutusha"))) CHECK(staff->ListCount() == 3);
+}
+
 TEST_CASE_TEMPLATE("each way out without a choice leaves nothing chosen", List, BOTH_LISTS)
 {
     struct Row {

@@ -263,6 +263,17 @@ TEST_CASE("a check after a failed one has no words of that")
     CHECK(front.staff.CsErrStr().empty());
 }
 
+TEST_CASE("a check whose statement fails has no words of the check before, only its box")
+{
+    FrontFixture front;
+    front.checkAnswers({});
+    REQUIRE(front.staff.iChkStaff(99) == 1);
+    front.answer(kStaffCheck, failure());
+    CHECK(front.staff.iChkStaff(11) == 1);
+    CHECK(front.staff.CsErrStr().empty());
+    CHECK(front.world.boxes.shown.size() == 1);
+}
+
 TEST_CASE("a check without a session shows why under its own heading")
 {
     struct Row {

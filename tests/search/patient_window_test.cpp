@@ -4,6 +4,8 @@
 
 #include <doctest/doctest.h>
 
+#include <array>
+
 using namespace inin;
 
 namespace {
@@ -82,6 +84,22 @@ TEST_CASE("the branch's number joins two digits of each code")
         list.opened();
         CHECK(list.window.spr_1ran.text(1, 1) == row.number);
     }
+}
+
+TEST_CASE("each row has the number of its own branch")
+{
+    PatientsFixture list;
+    FakeResult found = PatientList::nullRow();
+    found.rows.resize(4, found.rows[0]);
+    for (const auto &[row, code, subCode] : {std::array<std::int16_t, 3>{0, 1, 2}, {1, 3, 2}, {2, 3, 4}, {3, 1, 2}}) {
+        found.rows[static_cast<std::size_t>(row)][0] = code;
+        found.rows[static_cast<std::size_t>(row)][1] = subCode;
+    }
+    list.answer(kPatientsFound, found);
+    list.opened();
+    Texts numbers;
+    for (std::int32_t row = 1; row <= 4; ++row) numbers.push_back(list.window.spr_1ran.text(row, 1));
+    CHECK(numbers == Texts{"102", "302", "304", "102"});
 }
 
 TEST_CASE("a branch's number beyond 32 bits is a system error")
