@@ -103,6 +103,14 @@ double doubleOf(std::string_view decimal)
     return isLarge(decimal) ? HUGE_VAL : 0.0;
 }
 
+/// Takes one sign, if there is one; true for a minus.
+bool takeMinus(TextScan &scan)
+{
+    if (scan.accept('-')) return true;
+    scan.accept('+');
+    return false;
+}
+
 NumberReading readBits(TextScan &scan)
 {
     const int base = scan.acceptWord("h") ? 16 : scan.acceptWord("o") ? 8 : 0;
@@ -137,14 +145,12 @@ double leadingNumber(std::string_view text)
     std::string packed(text);
     std::erase_if(packed, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
     TextScan scan(packed);
-    const bool isNegative = scan.accept('-');
-    if (!isNegative) scan.accept('+');
+    const bool isNegative = takeMinus(scan);
     std::string decimal(scan.takeDigits());
     if (scan.accept('.')) decimal.append(".").append(scan.takeDigits());
     if (decimal.find_first_of("0123456789") == std::string::npos) return 0;
     if (scan.acceptWord("e") || scan.acceptWord("d")) {
-        const std::string exponent = scan.accept('-') ? "e-" : "e";
-        scan.accept('+');
+        const std::string exponent = takeMinus(scan) ? "e-" : "e";
         const std::string_view digits = scan.takeDigits();
         if (!digits.empty()) decimal.append(exponent).append(digits);
     }
