@@ -58,20 +58,28 @@ std::vector<std::string> sortedLines(const std::string &text)
     return lines;
 }
 
-/// The text of an event without the provider's words: from "(-2147217900)" to the statement or the end, and the list
-/// behind "Connection State=".
-std::string withoutProviderWords(const std::string &event)
+/// A failure's text without what the provider says in it: from "(-2147217900)" to the statement or the end, and the list
+/// that starts with "Connection State=". A text without such a number is returned unchanged.
+std::string withoutProviderText(std::string text)
 {
-    auto json = nlohmann::ordered_json::parse(event);
-    if (json.value("event", "") != "box") return event;
-    std::string text = json.value("text", "");
     const std::size_t number = text.find("(-");
     const std::size_t words = number == std::string::npos ? number : text.find(')', number);
-    if (words == std::string::npos) return event;
+    if (words == std::string::npos) return text;
     const std::size_t list = text.find("\rConnection State=");
     if (list != std::string::npos) text.resize(list);
     const std::size_t statement = std::min(text.find("\rSQL=", words), text.size());
-    json["text"] = text.substr(0, words + 1) + text.substr(statement);
+    return text.substr(0, words + 1) + text.substr(statement);
+}
+
+/// The event with withoutProviderText() in the text of a box and in the fields of a form, which keep a failure's text.
+std::string withoutProviderWords(const std::string &event)
+{
+    auto json = nlohmann::ordered_json::parse(event);
+    const std::string kind = json.value("event", "");
+    if (kind == "box") json["text"] = withoutProviderText(json.value("text", ""));
+    if (kind == "state")
+        for (auto &field : json["fields"])
+            if (field.is_string()) field = withoutProviderText(field.get<std::string>());
     return json.dump();
 }
 

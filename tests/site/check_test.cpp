@@ -201,6 +201,45 @@ TEST_CASE("each fault of the rows, columns and tables is found and nothing else"
     }
 }
 
+TEST_CASE("a value that would add or break letters is found by table, column and number")
+{
+    const std::string end = "があり、委任状が増えるか崩れます。";
+    const SoundSite site;
+    execute(site.database(), "UPDATE RIYOUSHA SET cAdress1 = 'a' || char(13) || char(10) || 'b' WHERE nIDNo = 5");
+    execute(site.database(), "UPDATE RIYOUSHA SET cSetaiName = 'a\",\"b' WHERE nIDNo = 6");
+    execute(site.database(), "UPDATE CORP SET cKozaMeigi1 = ',\"b' WHERE nIDNo = 11");
+    execute(site.database(), "UPDATE CORP SET cDaihyo = 'a\",' WHERE nIDNo = 12");
+    const std::string insurer = query(site.database(), "SELECT min(cIDno) FROM HOKENJA").at(0);
+    execute(site.database(), "UPDATE HOKENJA SET cSubAddress = 'a' || char(10) WHERE cIDno = '" + insurer + "'");
+    const site::Findings wanted{
+        "テーブル「RIYOUSHA」の列「cAdress1」の値（nIDNo = 5）に改行" + end,
+        "テーブル「RIYOUSHA」の列「cSetaiName」の値（nIDNo = 6）に列の区切り（\",\"）" + end,
+        "テーブル「CORP」の列「cKozaMeigi1」の値（nIDNo = 11）に列の区切り（\",\"）" + end,
+        "テーブル「CORP」の列「cDaihyo」の値（nIDNo = 12）に列の区切り（\",\"）" + end,
+        "テーブル「HOKENJA」の列「cSubAddress」の値（cIDno = " + insurer + "）に改行" + end,
+    };
+    CHECK(site.check() == wanted);
+}
+
+TEST_CASE("a quote or comma that leaves the letters as they are is no finding, nor is a value that no letter shows")
+{
+    const SoundSite site;
+    execute(site.database(), "UPDATE RIYOUSHA SET cName = 'a\"b, \"c\"' WHERE nIDNo = 5");
+    execute(site.database(), "UPDATE RIYOUSHA SET cAdress1 = ',', cSetaiName = '\"' WHERE nIDNo = 6");
+    execute(site.database(), "UPDATE RIYOUSHA SET cAdress2 = 'a' || char(13) || char(10) || 'b' WHERE nIDNo = 7");
+    execute(site.database(), "UPDATE CORP SET cDaihyo = 'a\",\"b' WHERE iKyotenEb = 2");
+    CHECK(site.check().empty());
+}
+
+TEST_CASE("of many values that would break letters fifty are named and the others counted")
+{
+    const SoundSite site;
+    execute(site.database(), "UPDATE RIYOUSHA SET cName = char(10) WHERE nIDNo <= 70 AND iKyotenEb = 1");
+    const site::Findings findings = site.check();
+    REQUIRE(findings.size() == 51);
+    CHECK(findings.back() == "テーブル「RIYOUSHA」に、委任状が増えるか崩れる値がほかに20件あります。");
+}
+
 TEST_CASE("a patient without an agent is no finding")
 {
     const SoundSite site;

@@ -24,6 +24,9 @@ namespace fs = std::filesystem;
 /// The longest connection string that the suite's buffer of 256 takes.
 constexpr std::size_t kLongestConnection = 255;
 
+/// More findings of one kind in a table would hide the others.
+constexpr std::size_t kMostValues = 50;
+
 /// The connection string of "adodb.ini", or a finding.
 std::optional<std::string> connectionText(const fs::path &folder, Findings &findings)
 {
@@ -44,6 +47,32 @@ std::optional<std::string> connectionText(const fs::path &folder, Findings &find
         return std::nullopt;
     }
     return text;
+}
+
+/// The columns whose values go into the letters as they are.
+struct LetterColumns {
+    std::string_view table;
+    std::string_view key; ///< of the row, as the finding names it
+    std::vector<std::string_view> columns;
+    bool isOfBranch;
+};
+const LetterColumns kLetterColumns[] = {
+    {"RIYOUSHA", "nIDNo", {"cName", "cAdress1", "cSetaiName", "cSetaiTelNo", "cSetaiAdress1"}, true},
+    {"CORP",
+     "nIDNo",
+     {"cShamei1", "cAddress1", "cDaihyo", "cTelNo", "cKinyuName", "cKinyuSiten", "cKozaBangou", "cKozaMeigi1"},
+     true},
+    {"HOKENJA", "cIDno", {"cName", "cSubAddress"}, false},
+};
+
+/// What in a value breaks the letter file, where values stand in quotes and nothing is escaped: a line end starts another
+/// letter, and a separator, whole or completed by the quote before or after the value, another column. Empty for a value
+/// that does neither.
+std::string_view breakIn(std::string_view value)
+{
+    if (value.find_first_of("\r\n") != std::string_view::npos) return "改行";
+    const bool hasSeparator = value.find("\",\"") != std::string_view::npos;
+    return hasSeparator || value.starts_with(",\"") || value.ends_with("\",") ? "列の区切り（\",\"）" : "";
 }
 
 /// A data source is found from the site's folder, which the program makes its current one.
@@ -75,6 +104,8 @@ public:
         checkCount("団体請求", fmt::format("SELECT nIDNo FROM CORP WHERE {} AND iType = 3", where));
         checkAgents(branch);
         checkStaff(where);
+        for (const LetterColumns &letter : kLetterColumns)
+            checkLetterValues(letter, letter.isOfBranch ? " WHERE " + where : std::string());
     }
 
 private:
@@ -140,6 +171,34 @@ private:
             m_findings.push_back("この拠点に施術者（STAFF）がいないので、画面が開きません。");
     } catch (const RuntimeError &) {
         // As above.
+    }
+
+    /// Values that would add or break letters; the program writes them without a message.
+    void checkLetterValues(const LetterColumns &letter, const std::string &where)
+    try {
+        std::size_t count = 0;
+        for (const auto rows = open(fmt::format("SELECT {0}, {1} FROM {2}{3} ORDER BY {0}", letter.key,
+                                                fmt::join(letter.columns, ", "), letter.table, where));
+             !rows->isEndOfFile(); rows->MoveNext())
+            for (std::size_t at = 0; at < letter.columns.size(); ++at)
+                checkLetterValue(letter, letter.columns[at], rows->Value(0), rows->Value(at + 1), count);
+        if (count > kMostValues)
+            m_findings.push_back(fmt::format("テーブル「{}」に、委任状が増えるか崩れる値がほかに{}件あります。",
+                                             letter.table, count - kMostValues));
+    } catch (const RuntimeError &) {
+        // The table or a column is missing, which is a finding already.
+    }
+
+    /// Counts a value that breaks letters, and reports it while they are few.
+    void checkLetterValue(const LetterColumns &letter, std::string_view column, const Variant &key,
+                          const Variant &value, std::size_t &count)
+    {
+        const auto *text = value.getIf<std::string>();
+        const std::string_view found = text == nullptr ? std::string_view() : breakIn(*text);
+        if (found.empty() || ++count > kMostValues) return;
+        m_findings.push_back(
+            fmt::format("テーブル「{}」の列「{}」の値（{} = {}）に{}があり、委任状が増えるか崩れます。", letter.table,
+                        column, letter.key, key.isNull() ? "NULL" : toText(key, Regional{}), found));
     }
 
     Database &m_database;
