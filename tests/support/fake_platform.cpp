@@ -40,6 +40,7 @@ void FakeWindows::checkPicture(const std::string &path)
 void FakeProcesses::start(const std::string &commandLine, WindowStyle style)
 {
     if (startError != 0) throw RuntimeError(startError);
+    if (onStart) onStart();
     started.push_back(std::to_string(static_cast<int>(style)) + " " + commandLine);
 }
 

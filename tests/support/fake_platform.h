@@ -72,6 +72,8 @@ public:
     std::vector<std::string> started; ///< "style command line"
     std::vector<std::string> opened;
     std::int32_t startError = 0;
+    /// Run at each start.
+    std::function<void()> onStart;
     std::string name = "RECEPTION1";
     bool ended = false;
 
