@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include <sys/stat.h>
@@ -17,6 +19,9 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kExtension = ".exe";
+/// The option of the form tools; the path of the command script follows.
+constexpr std::string_view kScriptOption = "/c";
+constexpr std::string_view kScriptOptionInLine = " /c ";
 
 bool isProgram(const std::string &systemPath)
 {
@@ -31,17 +36,33 @@ std::vector<std::string> spellings(const std::string &name)
     return {name, name + std::string(kExtension)};
 }
 
-/// The folders that are searched, each with its slash: the current one, then those of PATH.
-std::vector<std::string> searchFolders()
+/// The absolute folders of PATH, each with its slash. A relative one would mean another folder from each current one.
+std::vector<std::string> systemFolders()
 {
-    std::vector<std::string> folders = {"./"};
+    std::vector<std::string> folders;
     const char *path = std::getenv("PATH");
     for (std::string_view rest = path ? path : ""; !rest.empty();) {
         const std::string_view folder = rest.substr(0, rest.find(':'));
-        if (!folder.empty()) folders.push_back(std::string(folder) + "/");
+        if (folder.starts_with('/')) folders.push_back(std::string(folder) + "/");
         rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
     }
     return folders;
+}
+
+/// The folders in which a name without a folder is looked for.
+std::vector<std::string> searchFolders()
+{
+    std::vector<std::string> folders = systemFolders();
+    folders.insert(folders.begin(), "./");
+    return folders;
+}
+
+/// The size of the beginning of a line that is the path of the current folder with its separator; 0 where it is not.
+std::size_t currentFolderSize(std::string_view line)
+{
+    std::error_code error;
+    const std::string folder = (std::filesystem::current_path(error) / "").string();
+    return !error && withSlashes(std::string(line.substr(0, folder.size()))) == folder ? folder.size() : 0;
 }
 
 /// An argument that names a path gets the system's separators; any other keeps its backslashes.
@@ -71,12 +92,39 @@ std::vector<std::string> splitArguments(std::string_view text)
     return arguments;
 }
 
+void appendPath(std::vector<std::string> &arguments, std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    text = text.substr(0, text.find_last_not_of(kBlanks) + 1);
+    if (text.size() > 1 && text.front() == '"' && text.back() == '"') text = text.substr(1, text.size() - 2);
+    if (!text.empty()) arguments.push_back(passedOn(std::string(text)));
+}
+
+std::vector<std::string> argumentsOf(std::string_view text)
+{
+    const std::size_t option = text.find(kScriptOptionInLine);
+    if (option == std::string_view::npos) return splitArguments(text);
+    std::vector<std::string> arguments;
+    appendPath(arguments, text.substr(0, option));
+    arguments.emplace_back(kScriptOption);
+    appendPath(arguments, text.substr(option + kScriptOptionInLine.size()));
+    return arguments;
+}
+
 std::optional<Command> quotedCommand(std::string_view line)
 {
     const auto end = std::min(line.find('"', 1), line.size());
     const auto program = findProgram(std::string(line.substr(1, end - 1)));
     if (!program) return std::nullopt;
-    return Command{*program, splitArguments(line.substr(std::min(end + 1, line.size())))};
+    return Command{*program, argumentsOf(line.substr(std::min(end + 1, line.size())))};
+}
+
+std::optional<std::string> findProgram(const std::string &name, const std::vector<std::string> &folders)
+{
+    for (const std::string &folder : folders)
+        for (const std::string &spelling : spellings(name))
+            if (const std::string path = systemPath(folder + spelling); isProgram(path)) return path;
+    return std::nullopt;
 }
 
 } // namespace
@@ -85,9 +133,13 @@ std::optional<std::string> findProgram(const std::string &name)
 {
     if (name.empty()) return std::nullopt;
     const bool withFolder = name.find_first_of("\\/") != std::string::npos;
-    for (const std::string &folder : withFolder ? std::vector<std::string>{""} : searchFolders())
-        for (const std::string &spelling : spellings(name))
-            if (const std::string path = systemPath(folder + spelling); isProgram(path)) return path;
+    return findProgram(name, withFolder ? std::vector<std::string>{""} : searchFolders());
+}
+
+std::optional<std::string> findSystemProgram(const std::string &name)
+{
+    for (const std::string &folder : systemFolders())
+        if (isProgram(folder + name)) return folder + name;
     return std::nullopt;
 }
 
@@ -96,10 +148,10 @@ std::optional<Command> parseCommandLine(const std::string &commandLine)
     std::string_view line = commandLine;
     line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
     if (line.starts_with('"')) return quotedCommand(line);
-    for (std::size_t at = 0; at < line.size();) {
+    for (std::size_t at = currentFolderSize(line); at < line.size();) {
         at = std::min(line.find_first_of(kBlanks, at), line.size());
         if (const auto program = findProgram(std::string(line.substr(0, at))))
-            return Command{*program, splitArguments(line.substr(at))};
+            return Command{*program, argumentsOf(line.substr(at))};
         at = std::min(line.find_first_not_of(kBlanks, at), line.size());
     }
     return std::nullopt;

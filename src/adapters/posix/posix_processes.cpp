@@ -78,7 +78,8 @@ public:
     void openAddress(const std::string &address) override
     {
         if (!isWebAddress(address)) return;
-        if (const auto opener = findProgram("xdg-open")) (void)spawn(*opener, {address}); // the result is not told
+        // The result is not reported.
+        if (const auto opener = findSystemProgram("xdg-open")) (void)spawn(*opener, {address});
     }
 
     std::optional<std::string> computerName(std::size_t capacity) override

@@ -120,9 +120,16 @@ bool isSkipped(std::string_view line)
     return line.starts_with('#') || line.find_first_not_of(" \t\r") == std::string_view::npos;
 }
 
+/// A command is a single object of plain values. Deeper values are refused as they are read: copying and destroying them
+/// takes a call for each level, and a line of brackets would overflow the stack.
 Json parse(std::size_t line, const std::string &text)
 try {
-    Json object = Json::parse(text);
+    const auto refuseDeeper = [line](int depth, Json::parse_event_t event, const Json &) {
+        const bool opens = event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
+        if (opens && depth > 0) throw BadCommand(line, "a value must not be an array or an object");
+        return true;
+    };
+    Json object = Json::parse(text, refuseDeeper);
     if (!object.is_object()) throw BadCommand(line, "a command is a JSON object");
     return object;
 } catch (const Json::exception &error) {

@@ -17,7 +17,7 @@ public:
     RecordingConnection(const RecordingConnection &) = delete;
     RecordingConnection &operator=(const RecordingConnection &) = delete;
     /// A connection that is dropped while it is open ends its session too.
-    ~RecordingConnection() override { tellEnd(); }
+    ~RecordingConnection() override { recordEnd(); }
 
     /// Told before it runs, so that a statement that fails or hangs stands in the transcript. On a closed connection
     /// nothing runs and nothing is told.
@@ -37,7 +37,7 @@ public:
     void Close() override
     {
         ForwardingConnection::Close();
-        tellEnd();
+        recordEnd();
     }
     std::int32_t Execute(const std::string &sql, std::int32_t options) override
     {
@@ -46,10 +46,9 @@ public:
     }
 
 private:
-    void tellEnd()
+    void recordEnd() noexcept
     {
-        const int session = std::exchange(m_session, 0);
-        if (session != 0) m_transcript.write({{"event", "disconnect"}, {"session", session}});
+        if (const int session = std::exchange(m_session, 0)) m_transcript.disconnect(session);
     }
 
     RecordingDatabase &m_database;

@@ -1,7 +1,11 @@
 #include "adapters/script/transcript.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <memory>
 #include <ostream>
+#include <string_view>
 
 namespace inin {
 
@@ -55,6 +59,17 @@ void Transcript::pointer(std::int16_t kind)
 void Transcript::beep()
 {
     write({{"event", "beep"}});
+}
+
+void Transcript::disconnect(int session) noexcept
+{
+    if (m_closed) return;
+    constexpr std::string_view kBefore = R"({"event":"disconnect","session":)";
+    std::array<char, 64> line{};
+    char *at = std::ranges::copy(kBefore, line.data()).out;
+    at = std::to_chars(at, line.data() + line.size() - 2, session).ptr;
+    at = std::ranges::copy(std::string_view("}\n"), at).out;
+    m_out.write(line.data(), at - line.data()).flush();
 }
 
 void Transcript::end(int code)

@@ -29,6 +29,8 @@ public:
     void followWindow(Form &form);
     void pointer(std::int16_t kind);
     void beep();
+    /// The end of a database session. It allocates no memory, so that a destructor may write it when there is none left.
+    void disconnect(int session) noexcept;
     /// The end statement; the last event.
     void end(int code);
     /// The run-time error that ends the program; the last event.

@@ -96,6 +96,45 @@ TEST_CASE("a name with blanks is found with quotes and without")
     CHECK(programOf("\"\" x") == "none");
 }
 
+TEST_CASE("no beginning of the application folder's own path is a program")
+{
+    const TempFolder parent;
+    const std::string site = parent / "My  Site";
+    Programs::make(parent, "My");
+    std::filesystem::create_directory(site);
+    chmod(parent.put("My  Site/Main.exe", "#!/bin/sh\n").c_str(), 0755);
+    const CurrentFolder current(site);
+    CHECK(programOf(site + "\\Main.exe 2") == site + "/Main.exe");
+    CHECK(argumentsOf(site + "\\Main.exe 2") == Arguments{"2"});
+    CHECK(programOf(site + "/main 2") == site + "/Main.exe");
+    CHECK(programOf("\"" + site + "\\Main.exe\" 2") == site + "/Main.exe");
+    CHECK(programOf("\"Main.exe\" 2") == "./Main.exe");
+    CHECK(programOf(parent / "My 2") == parent / "My");
+    CHECK(programOf(site + "\\Gone.exe 2") == "none");
+}
+
+TEST_CASE("the paths before and after /c keep their blanks")
+{
+    const Programs programs;
+    CHECK(argumentsOf("wfrfv10.exe /c /x/My  Site \\TMP\\WfdCom.dat") ==
+          Arguments{"/c", "/x/My  Site /TMP/WfdCom.dat"});
+    CHECK(argumentsOf("wfrfv10.exe /x/My  Site\\TMP\\tmp.wfd /c /x/My  Site\\TMP\\WfdCom.dat") ==
+          Arguments{"/x/My  Site/TMP/tmp.wfd", "/c", "/x/My  Site/TMP/WfdCom.dat"});
+    CHECK(argumentsOf("\"Form Viewer\" /c \"/x/My  Site\\TMP\\WfdCom.dat\"") ==
+          Arguments{"/c", "/x/My  Site/TMP/WfdCom.dat"});
+    CHECK(argumentsOf("plain /c ") == Arguments{"/c"});
+    CHECK(argumentsOf("plain /c") == Arguments{"/c"});
+}
+
+TEST_CASE("a program of the system is never looked for in the current folder")
+{
+    const Programs programs;
+    CHECK(findSystemProgram("plain") == programs.onPath / "plain");
+    CHECK(findSystemProgram("both") == std::nullopt);
+    setenv("PATH", ".::./", 1); // SearchPath restores it
+    CHECK(findSystemProgram("plain") == std::nullopt);
+}
+
 TEST_CASE("the shortest beginning that is a program is started")
 {
     const Programs programs;

@@ -55,9 +55,9 @@ TEST_CASE("a started program gets its arguments and the folder of the suite")
 {
     const Stage stage;
     stage.program("wfrfv10.exe", "{ printf '%s|' \"$@\"; pwd; } > told.part; mv told.part told\n");
-    processes()->start("wfrfv10.exe /c ./TMP\\WfdCom.dat \"a b\" c\\d", WindowStyle::maximizedFocus);
+    processes()->start("wfrfv10.exe -c ./TMP\\WfdCom.dat \"a b\" c\\d", WindowStyle::maximizedFocus);
     CHECK(stage.awaited("told") ==
-          "/c|./TMP/WfdCom.dat|a b|c\\d|" + std::filesystem::canonical(stage.folder.path()).string() + "\n");
+          "-c|./TMP/WfdCom.dat|a b|c\\d|" + std::filesystem::canonical(stage.folder.path()).string() + "\n");
 }
 
 TEST_CASE("a start does not wait for the program and leaves no child process")
@@ -109,6 +109,20 @@ TEST_CASE("a web address is opened as it is given, never by a shell")
     stage.program("xdg-open", "printf '%s' \"$#|$1\" > told.part; mv told.part told\n");
     processes()->openAddress("https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
     CHECK(stage.awaited("told") == "1|https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
+}
+
+TEST_CASE("a program in the application folder opens no web address")
+{
+    const Stage stage;
+    const TempFolder elsewhere;
+    stage.program("xdg-open", "touch told\n");
+    chmod(elsewhere.put("xdg-open", "#!/bin/sh\n: > " + (elsewhere / "opened") + "\n").c_str(), 0755);
+    const SearchPath searched("./:" + elsewhere.path());
+    processes()->openAddress("https://example.jp/");
+    for (int wait = 0; wait < 1000 && !elsewhere.has("opened"); ++wait)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    CHECK(elsewhere.has("opened"));
+    CHECK_FALSE(stage.folder.has("told"));
 }
 
 TEST_CASE("nothing but a web address is opened")

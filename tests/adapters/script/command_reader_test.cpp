@@ -116,6 +116,16 @@ TEST_CASE("a line that is no command is refused with its number and the reason")
     }
 }
 
+TEST_CASE("an array or object as a value is refused, however deep it is")
+{
+    const std::string reason = "line 1: a value must not be an array or an object";
+    CHECK(complaint(R"({"set":"a","to":[1]})") == reason);
+    CHECK(complaint(R"({"set":"a","to":{"b":1}})") == reason);
+    CHECK(complaint(R"([["click"]])") == reason);
+    const std::size_t depth = 200000;
+    CHECK(complaint("{\"set\":\"a\",\"to\":" + std::string(depth, '[') + std::string(depth, ']') + "}") == reason);
+}
+
 TEST_CASE("a line that is no JSON, or no UTF-8, is refused with its number")
 {
     CHECK(complaint("{\"state\":true}\nclick it\n").starts_with("line 2: "));

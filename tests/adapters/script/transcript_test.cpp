@@ -2,9 +2,59 @@
 
 #include <doctest/doctest.h>
 
+#include <array>
+#include <cstdlib>
+#include <new>
+#include <ostream>
 #include <sstream>
+#include <streambuf>
 
 using namespace inin;
+
+namespace {
+
+/// Set while a test has no memory left.
+bool isMemoryExhausted = false;
+
+/// A stream buffer of a fixed size.
+class FixedBuffer : public std::streambuf {
+public:
+    FixedBuffer() { setp(m_bytes.data(), m_bytes.data() + m_bytes.size()); }
+    [[nodiscard]] std::string text() const { return {pbase(), pptr()}; }
+
+private:
+    std::array<char, 256> m_bytes{};
+};
+
+} // namespace
+
+[[gnu::noinline]] void *operator new(std::size_t size)
+{
+    void *memory = isMemoryExhausted ? nullptr : std::malloc(size);
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+
+[[gnu::noinline]] void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+
+[[gnu::noinline]] void operator delete(void *memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+TEST_CASE("the end of a session is written even when no memory is left")
+{
+    FixedBuffer buffer;
+    std::ostream out(&buffer);
+    Transcript transcript(out);
+    isMemoryExhausted = true;
+    transcript.disconnect(7);
+    isMemoryExhausted = false;
+    CHECK(buffer.text() == "{\"event\":\"disconnect\",\"session\":7}\n");
+}
 
 TEST_CASE("an event is one line with its keys in the order in which they were put")
 {
@@ -40,6 +90,7 @@ TEST_CASE("a closed transcript writes nothing any more")
     Transcript transcript(out);
     transcript.close();
     transcript.write({{"event", "beep"}});
+    transcript.disconnect(1);
     CHECK(out.str().empty());
 }
 
