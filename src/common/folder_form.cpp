@@ -24,7 +24,8 @@ frmSelFolder::frmSelFolder(const Platform &platform, Folders &folders)
     cmdOK.Caption = "OK";
     cmdCancel.Caption = "キャンセル";
     cmdCancel.Cancel = true;
-    drlDrive.onClick = [this] { drlDrive_Change(); };
+    // A drive list has a change event, not a click: picking the drive that it shows does nothing.
+    drlDrive.ListIndex.onAssigned = [this] { drlDrive_Change(); };
     dilFolder.onDblClick = [this] { openFolder(); };
     dilFolder.onKeyPress = [this](std::int16_t KeyCode) {
         if (KeyCode == kReturnKey) openFolder();

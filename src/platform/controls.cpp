@@ -75,6 +75,14 @@ ListBox::ListBox(std::string name) : Control(std::move(name))
     };
 }
 
+void ListBox::pick(std::int16_t index)
+{
+    if (ListIndex != index)
+        ListIndex = index;
+    else if (onClick)
+        onClick();
+}
+
 void ListBox::Clear()
 {
     m_items.clear();

@@ -172,7 +172,7 @@ public:
 /// How a list shows its items: the chosen one with the others on a press, or all of them under one another.
 enum class ListStyle { dropDown, open };
 
-/// A list of items with a number each. Assigning ListIndex another value fires onClick.
+/// A list of items with a number each. Assigning ListIndex another value fires onClick; a pick by hand always does.
 class ListBox : public Control {
 public:
     struct Item {
@@ -188,6 +188,8 @@ public:
     /// -1 when none is chosen; an index that the list lacks is error 380.
     Attribute<std::int16_t> ListIndex{*this, -1};
 
+    /// Chooses an item as a person does: onClick fires also for the item that is chosen already.
+    void pick(std::int16_t index);
     /// No items, and none chosen; fires nothing.
     void Clear();
     /// Error 6 beyond 32,767 items.

@@ -239,6 +239,19 @@ TEST_CASE("another drive opens its folders")
     CHECK(fixture.select.SelFolder() == "D:");
 }
 
+TEST_CASE("picking the drive that the list shows leaves the open folder")
+{
+    FolderFixture fixture;
+    fixture.act([](frmSelFolder &window) {
+        window.drlDrive.pick(0);
+        CHECK(window.dilFolder.Path() == "C:\\SUITE");
+        window.drlDrive.pick(1);
+        CHECK(window.dilFolder.Path() == "D:\\");
+        window.cmdCancel.onClick();
+    });
+    CHECK(fixture.select.iSelFolder() == 0);
+}
+
 TEST_CASE("a drive that cannot be read is told, and the drive list goes back")
 {
     for (const std::int32_t error :

@@ -32,6 +32,20 @@ TEST_CASE("choosing another list entry fires the click, choosing the same fires 
     CHECK(fixture.clicks == 2);
 }
 
+TEST_CASE("a pick by hand fires the click, also of the entry that is chosen already")
+{
+    ListFixture fixture;
+    fixture.list.pick(1);
+    CHECK(fixture.list.ListIndex == 1);
+    CHECK(fixture.clicks == 1);
+
+    fixture.list.pick(1);
+    CHECK(fixture.clicks == 2);
+
+    CHECK(errorOf([&] { fixture.list.pick(2); }) == 380);
+    CHECK(fixture.clicks == 2);
+}
+
 TEST_CASE("a list index that the list lacks is error 380 and leaves the choice as it was")
 {
     struct Row {

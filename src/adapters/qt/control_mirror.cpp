@@ -169,7 +169,7 @@ void ControlMirror::visit(ListBox &control)
     if (control.Style == ListStyle::open) return keepOpenList(control);
     auto *combo = new QComboBox(parentFor(control));
     QObject::connect(combo, &QComboBox::activated, combo, [this, &control](int index) {
-        m_services.edge.run([&] { control.ListIndex = static_cast<std::int16_t>(index); });
+        m_services.edge.run([&] { control.pick(static_cast<std::int16_t>(index)); });
     });
     keep(control, combo, [&control, combo] { refreshItems(control, *combo); });
 }

@@ -117,7 +117,10 @@ public:
     {
         const std::int16_t index = command().number;
         if ((index < 0 || index >= list.ListCount()) && !command().force) return refuse();
-        list.ListIndex = index;
+        if (command().force)
+            list.ListIndex = index;
+        else
+            list.pick(index);
     }
 };
 

@@ -4,6 +4,7 @@
 #include "adapters/qt/working_program.h"
 
 #include <doctest/doctest.h>
+#include <QAbstractItemView>
 
 #include <QApplication>
 #include <QComboBox>
@@ -78,6 +79,34 @@ TEST_CASE("a wheel that passes over a list chooses nothing, and in a list that h
     });
     CHECK(program.runs());
 }
+TEST_CASE("picking the staff member that the list already shows puts his number back into the box")
+{
+    Program program;
+    program.act([&] {
+        auto &list = dynamic_cast<QComboBox &>(program.widget("cbSejyutsu"));
+        program.form.cbSejyutsu.ListIndex = 1;
+        auto &number = dynamic_cast<QLineEdit &>(program.widget("imNum_StaffNo"));
+        const auto typeNine = [&] {
+            number.setFocus();
+            number.selectAll();
+            QTest::keyClicks(&number, "9");
+            CHECK(program.form.imNum_StaffNo.Value.get() == Variant(std::int32_t{9}));
+        };
+        typeNine();
+        QTest::mouseClick(&list, Qt::LeftButton, {}, list.rect().center());
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        CHECK(program.form.imNum_StaffNo.Value.get() == Variant(std::int32_t{11}));
+
+        typeNine();
+        QTest::mouseClick(&list, Qt::LeftButton, {}, list.rect().center());
+        QTest::keyClick(list.view(), Qt::Key_Escape);
+        CHECK(program.form.imNum_StaffNo.Value.get() == Variant(std::int32_t{9}));
+        program.form.cbSejyutsu.ListIndex = 1; // an assignment of the program's own
+        CHECK(program.form.imNum_StaffNo.Value.get() == Variant(std::int32_t{9}));
+    });
+    CHECK(program.runs());
+}
+
 
 TEST_CASE("what looks like markup in a box is shown letter by letter")
 {

@@ -131,6 +131,15 @@ TEST_CASE("a list's entry is chosen by its index")
     CHECK(form.lst.ListIndex == 1);
 }
 
+TEST_CASE("choosing the entry that is chosen already fires its click, and by force fires nothing")
+{
+    const std::string choose = "{\"choose\":\"lst\",\"to\":1}\n";
+    const std::string force = "{\"choose\":\"lst\",\"to\":1,\"force\":true}\n";
+    StageForm twice, once;
+    CHECK(playedOn(twice, choose + choose) == Log{"lst", "lst"});
+    CHECK(playedOn(once, choose + force) == Log{"lst"});
+}
+
 TEST_CASE("an index that the list lacks is refused to a person")
 {
     StageForm form;
