@@ -30,8 +30,8 @@ DateEdit::DateEdit(std::string format, std::function<Date()> today, QWidget *par
 {
     setMaxLength(kMostLetters);
     setInputMethodHints(Qt::ImhDate | Qt::ImhNoPredictiveText);
-    m_warning = addAction(QIcon(), QLineEdit::LeadingPosition);
-    m_warning->setVisible(false);
+    m_sign = addAction(QIcon(), QLineEdit::LeadingPosition);
+    m_sign->setVisible(false);
     QAction *calendar = addAction(calendarIcon(palette()), QLineEdit::TrailingPosition);
     calendar->setToolTip(tr("カレンダーを開く（Alt+↓）"));
     connect(calendar, &QAction::triggered, this, [this] { openCalendar(); });
@@ -43,7 +43,7 @@ void DateEdit::setValue(const Variant &value)
     m_value = value;
     setText(textOf(value));
     m_isTyped = false;
-    complain({});
+    remark({}, {});
 }
 
 QString DateEdit::textOf(const Variant &value) const
@@ -56,16 +56,16 @@ void DateEdit::commit()
 {
     if (!m_isTyped) return;
     const TypedDate typed = readTypedDate(fromQt(text()), context());
-    if (typed.date) return take(*typed.date);
+    if (typed.date) return take(*typed.date, typed.notice);
     if (typed.isEmpty()) return take(Null{});
     m_isTyped = false;
-    complain(typed.complaint);
+    remark(typed.complaint, {});
     m_value = Null{};
     if (onEdited) onEdited(m_value);
 }
 
-/// Takes a date of the typist's own, which he can undo: what he typed and the date before come back.
-void DateEdit::take(const Variant &value)
+/// Takes a date that was entered by hand. Undo brings back the typed text and the date before it.
+void DateEdit::take(const Variant &value, const std::string &notice)
 {
     const bool isNew = !(m_value == value);
     m_value = value;
@@ -74,31 +74,36 @@ void DateEdit::take(const Variant &value)
         insert(shown);
     }
     m_isTyped = false;
-    complain({});
+    remark({}, notice);
     if (isNew && onEdited) onEdited(m_value);
 }
 
-/// Tells of a text that cannot be read by colour, by a sign, in words at the box and to a screen reader.
-void DateEdit::complain(const std::string &sentence)
+/// Shows a sentence about the text by colour, by a sign, in words at the box and to a screen reader.
+void DateEdit::remark(const std::string &complaint, const std::string &notice)
 {
-    if (sentence == m_complaint) return;
-    m_complaint = sentence;
-    const QString words = toQt(sentence);
-    markUnreadable(*this, !sentence.empty());
-    // Its icon is looked for with the first complaint: the search walks the desktop's icon folders, too long for a start.
-    if (m_warning->icon().isNull()) m_warning->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
-    m_warning->setVisible(!sentence.empty());
+    if (complaint == m_complaint && notice == m_notice) return;
+    m_complaint = complaint;
+    m_notice = notice;
+    const bool isUnreadable = !complaint.empty();
+    const bool isMarked = !sentence().empty();
+    markReading(*this, isUnreadable ? Reading::unreadable : isMarked ? Reading::doubtful : Reading::plain);
+    // Icons are looked up with the first sentence: the search walks the desktop's icon folders, too long for a start.
+    if (isMarked)
+        m_sign->setIcon(
+            style()->standardIcon(isUnreadable ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation));
+    m_sign->setVisible(isMarked);
+    const QString words = toQt(sentence());
     setToolTip(words);
     setAccessibleDescription(words);
     explain();
 }
 
-/// Shows the sentence at the box. A tip is gone with the next change of the focus, which may be on its way: the box is
+/// Shows the sentence at the box. A tip disappears with the next change of the focus, which may be under way: the box is
 /// read when it is left.
 void DateEdit::explain()
 {
     QTimer::singleShot(0, this, [this] {
-        const QString words = toQt(m_complaint);
+        const QString words = toQt(sentence());
         if (!words.isEmpty() && isVisible()) QToolTip::showText(sentencePlace(words), words, this);
     });
 }

@@ -13,9 +13,9 @@ class QAction;
 namespace inin {
 
 /// A box for a date that takes whatever a person types and shows it with its era. Up and down step the part under the
-/// cursor, page up and page down the month, Ctrl+; is today, Alt+Down opens a calendar. Empty is Null. What cannot be read
-/// stays in the box, marked and with a sentence, and counts as Null.
-class DateEdit : public QLineEdit {
+/// cursor, page up and page down the month, Ctrl+; is today, Alt+Down opens a calendar. Empty is Null. A text that cannot be
+/// read stays in the box, marked and with a sentence, and counts as Null; a doubtful date is taken and marked otherwise.
+class DateEdit : public TypedBox {
 public:
     DateEdit(std::string format, std::function<Date()> today, QWidget *parent);
 
@@ -24,6 +24,8 @@ public:
     [[nodiscard]] const Variant &value() const { return m_value; }
     /// Reads what was typed. It runs when the box is left, on the return key, and before a command of the window.
     void commit();
+    /// The sentence about a date that was taken but is doubtful, empty when there is none.
+    [[nodiscard]] const std::string &notice() const { return m_notice; }
     /// The sentence about a text that cannot be read, empty when there is none.
     [[nodiscard]] const std::string &complaint() const { return m_complaint; }
     void openCalendar();
@@ -40,9 +42,10 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    void take(const Variant &value);
+    void take(const Variant &value, const std::string &notice = {});
     [[nodiscard]] QString textOf(const Variant &value) const;
-    void complain(const std::string &sentence);
+    void remark(const std::string &complaint, const std::string &notice);
+    [[nodiscard]] const std::string &sentence() const { return m_complaint.empty() ? m_notice : m_complaint; }
     void explain();
     [[nodiscard]] QPoint sentencePlace(const QString &words) const;
     void step(DatePart part, int by);
@@ -55,8 +58,9 @@ private:
     std::function<Date()> m_today;
     Variant m_value = Null{};
     std::string m_complaint;
-    QAction *m_warning = nullptr; ///< owned by the box
-    bool m_isTyped = false;       ///< something was typed that has not been read yet
+    std::string m_notice;
+    QAction *m_sign = nullptr; ///< owned by the box
+    bool m_isTyped = false;    ///< something was typed that has not been read yet
 };
 
 } // namespace inin

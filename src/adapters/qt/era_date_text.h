@@ -24,13 +24,16 @@ struct DateContext {
 struct TypedDate {
     std::optional<Date> date;
     std::string complaint;
+    std::string notice = {}; ///< a sentence about a date that was read but is doubtful
     [[nodiscard]] bool isEmpty() const { return !date && complaint.empty(); }
 };
 
 /// Reads what a person types: R8.11.21, r8/11/21, 令8.11.21, 令和8年11月21日, 令和元年5月1日, 8.11.21 (the era of today),
-/// 081121, 20261121, 2026/11/21, 1121 (the year of today); full-width characters count as their narrow ones. An era
-/// that has ended is counted on into the right one; a day before its era's first is refused. Where months are shown, the
-/// day may be left out, and six digits are year and month if that makes a month since the first era.
+/// 081121, 20261121, 2026/11/21, 1121 (the year of today), 8 11 21; full-width characters count as their narrow ones, ㋿ as
+/// 令和. A weekday in brackets and a time after the date are dropped. An era that has ended is counted on into the right
+/// one; a day before its era's first is refused. Where months are shown, the day may be left out, and six digits are year
+/// and month if that makes a month since the first era. A date more than five years from today is read with a notice: a
+/// western year of two digits is taken for a year of today's era.
 [[nodiscard]] TypedDate readTypedDate(std::string_view text, const DateContext &context);
 
 /// The date by the box's pattern: runs of g, e, y, m and d as Format knows them, all else as it stands.

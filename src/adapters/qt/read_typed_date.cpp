@@ -133,6 +133,18 @@ TypedDate complain(std::string sentence)
     return {std::nullopt, std::move(sentence)};
 }
 
+/// The sentence about a date that is far from today, empty for a near one.
+std::string noticeAbout(Date date, Date today)
+{
+    constexpr std::int32_t kNearYears = 5;
+    const std::int32_t year = Year(today);
+    const bool isFar = date < DateSerial(year - kNearYears, Month(today), Day(today)) ||
+                       date > DateSerial(year + kNearYears, Month(today), Day(today));
+    if (!isFar) return {};
+    return fmt::format("西暦{}年の日付です。今日から{}年を超えて離れています。年を確かめてください。", Year(date),
+                       kNearYears);
+}
+
 std::string dayInWords(Date date)
 {
     const DateParts parts = partsOf(date);
@@ -174,7 +186,7 @@ TypedDate readTypedDate(std::string_view text, const DateContext &context)
     const Date date = dateOf(parts);
     if (liesBefore(*era, date, context.grain))
         return complain(fmt::format("{}は{}からです。それより前の日付です。", era->name, dayInWords(era->first)));
-    return {date, {}};
+    return {date, {}, noticeAbout(date, context.today)};
 }
 
 } // namespace inin

@@ -75,12 +75,14 @@ void paintWith(QWidget &widget, std::int32_t blueGreenRed)
     widget.setPalette(own);
 }
 
-void markUnreadable(QWidget &box, bool unreadable)
+void markReading(QWidget &box, Reading reading)
 {
+    const bool dark = isDark(QApplication::palette());
     QPalette own;
-    if (unreadable)
-        own.setColor(QPalette::Base,
-                     isDark(QApplication::palette()) ? QColor(0x5A, 0x24, 0x28) : QColor(0xFF, 0xDF, 0xDC));
+    if (reading == Reading::unreadable)
+        own.setColor(QPalette::Base, dark ? QColor(0x5A, 0x24, 0x28) : QColor(0xFF, 0xDF, 0xDC));
+    else if (reading == Reading::doubtful)
+        own.setColor(QPalette::Base, dark ? QColor(0x4D, 0x45, 0x1C) : QColor(0xFF, 0xF6, 0xCC));
     box.setPalette(own);
 }
 

@@ -24,7 +24,9 @@ void applyTheme(QApplication &application);
 [[nodiscard]] std::optional<QColor> themedColour(std::int32_t blueGreenRed, const QPalette &palette);
 /// Paints a widget with a control's colour, with letters that can be read on it.
 void paintWith(QWidget &widget, std::int32_t blueGreenRed);
-/// Marks a box whose text cannot be read, or takes the mark away.
-void markUnreadable(QWidget &box, bool unreadable);
+/// How the text of a box was read; a doubtful one was taken.
+enum class Reading { plain, doubtful, unreadable };
+/// Colours a box by how its text was read.
+void markReading(QWidget &box, Reading reading);
 
 } // namespace inin

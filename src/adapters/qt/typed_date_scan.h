@@ -10,7 +10,7 @@
 
 namespace inin {
 
-/// A typed date taken apart, before anybody asks what its numbers mean.
+/// The parts of a typed date, before their meaning is known.
 struct ScannedDate {
     enum class Unit { none, year, month, day };
     struct Number {
@@ -20,12 +20,13 @@ struct ScannedDate {
     };
     const Era *era = nullptr;
     std::vector<Number> numbers;
-    bool isWhole = false; ///< false when something stands in the text that belongs to no date
+    bool isWhole = false; ///< false when the text holds something that belongs to no date
 };
 
-/// Full-width characters, and those that an input method types for a point, a slash and a hyphen, become their plain
-/// ones.
+/// Replaces full-width characters, and those that an input method types for a point, a slash and a hyphen, by the plain
+/// ones, and a single character for an era or a weekday by its words.
 [[nodiscard]] std::string foldedDateText(std::string_view text);
+/// Numbers are separated by a sign, by blanks or by 年, 月 and 日. A weekday in brackets and a time at the end are dropped.
 [[nodiscard]] ScannedDate scanTypedDate(std::string_view foldedText, std::span<const Era> eraTable);
 
 } // namespace inin

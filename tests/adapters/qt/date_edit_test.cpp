@@ -142,6 +142,37 @@ TEST_CASE("what cannot be read stays, is marked and explained, and counts as Nul
     }
 }
 
+TEST_CASE("a doubtful date is taken, marked otherwise than an unreadable text, and explained")
+{
+    Box box;
+    box.enter("zz");
+    const QColor unreadable = box.edit.palette().color(QPalette::Base);
+    box.enter("26/11/21");
+    CHECK(box.shown() == "令和 26年11月21日");
+    CHECK(box.edits.back() == Variant(day(2044, 11, 21)));
+    CHECK(box.edit.complaint() == "");
+    CHECK(box.edit.notice() == "西暦2044年の日付です。今日から5年を超えて離れています。年を確かめてください。");
+    CHECK(box.edit.toolTip() == toQt(box.edit.notice()));
+    CHECK(box.edit.accessibleDescription() == toQt(box.edit.notice()));
+    CHECK(box.edit.actions().front()->isVisible());
+    const QColor doubtful = box.edit.palette().color(QPalette::Base);
+    CHECK(doubtful != unreadable);
+    CHECK(doubtful != QApplication::palette().color(QPalette::Base));
+
+    SUBCASE("until a near date is typed")
+    {
+        box.enter("R8.11.21");
+    }
+    SUBCASE("until the program assigns a date")
+    {
+        box.edit.setValue(day(2044, 11, 21));
+    }
+    CHECK(box.edit.notice() == "");
+    CHECK(box.edit.toolTip().isEmpty());
+    CHECK_FALSE(box.edit.actions().front()->isVisible());
+    CHECK(box.edit.palette().color(QPalette::Base) == QApplication::palette().color(QPalette::Base));
+}
+
 TEST_CASE("the sentence about what cannot be read stands below the box when it is left and when it is entered again")
 {
     Box box;

@@ -79,6 +79,82 @@ TEST_CASE("full-width digits, letters and signs are read as their narrow ones")
              onDay());
 }
 
+TEST_CASE("numbers may be separated by blanks")
+{
+    checkAll({{"8 11 21", 2026, 11, 21},
+              {"８　１１　２１", 2026, 11, 21},
+              {"R8 11 21", 2026, 11, 21},
+              {"2026 11 21", 2026, 11, 21},
+              {"11 21", 2026, 11, 21},
+              {"8\t11\t21", 2026, 11, 21},
+              {"8\u00A011\u00A021", 2026, 11, 21}},
+             onDay());
+    checkAll({{"8 11", 2026, 11, 1}, {"令和8年 11月", 2026, 11, 1}}, onDay(DateGrain::month));
+}
+
+TEST_CASE("a weekday in brackets and a time after the date are dropped")
+{
+    checkAll({{"2026/11/21(土)", 2026, 11, 21},
+              {"2026/11/21（土）", 2026, 11, 21},
+              {"2026年11月21日 (土曜日)", 2026, 11, 21},
+              {"R8.11.21(土曜)", 2026, 11, 21},
+              {"20261121(土)", 2026, 11, 21},
+              {"8 11 21 (土)", 2026, 11, 21},
+              {"2026/11/21㈯", 2026, 11, 21},
+              {"2026/11/21 12:34", 2026, 11, 21},
+              {"2026/11/21 9:05:30", 2026, 11, 21},
+              {"2026-11-21T12:34:56.789", 2026, 11, 21},
+              {"２０２６／１１／２１　１２：３４", 2026, 11, 21},
+              {"2026/11/21(土) 12:34", 2026, 11, 21},
+              {"2026/11/21 午後3:05", 2026, 11, 21},
+              {"2026/11/21 3:05 PM", 2026, 11, 21},
+              {"令和8年11月21日12時34分", 2026, 11, 21},
+              {"令和8年11月21日 12時", 2026, 11, 21},
+              {"11/21 12:34", 2026, 11, 21}},
+             onDay());
+    for (const std::string text :
+         {"2026/11/21(x)", "2026/11/21()", "2026/11/21(", "2026/11/21(土", "(土)2026/11/21", "2026/11/21 12",
+          "2026/11/21 12:", "2026/11/21 :34", "2026/11/21 123:45", "2026/11/21 12:34:", "2026/11/21 12時34",
+          "2026/11/21-12:34", "2026/11/21 T", "12:34", "(土)"}) {
+        CAPTURE(text);
+        CHECK_FALSE(readTypedDate(text, onDay()).complaint.empty());
+    }
+}
+
+TEST_CASE("a single character for an era is its name")
+{
+    checkAll({{"㋿8年11月21日", 2026, 11, 21}, {"㋿元年5月1日", 2019, 5, 1}}, onDay());
+    checkAll({{"㍻31.4.30", 2019, 4, 30},
+              {"㍼64/1/7", 1989, 1, 7},
+              {"㍽15.12.24", 1926, 12, 24},
+              {"㍾45.7.29", 1912, 7, 29}},
+             onDay());
+}
+
+TEST_CASE("a date more than five years from today is taken with a notice of its western year")
+{
+    const TypedDate typed = readTypedDate("26/11/21", onDay());
+    CHECK(typed.date == day(2044, 11, 21));
+    CHECK(typed.complaint == "");
+    CHECK(typed.notice == "西暦2044年の日付です。今日から5年を超えて離れています。年を確かめてください。");
+    CHECK(readTypedDate("S60.4.1", onDay()).notice ==
+          "西暦1985年の日付です。今日から5年を超えて離れています。年を確かめてください。");
+    for (const std::string near : {"2021/11/20", "2031/11/20", "R8.11.21"})
+        CHECK(readTypedDate(near, onDay()).notice == "");
+    for (const std::string far : {"2021/11/19", "2031/11/21", "20440101"})
+        CHECK_FALSE(readTypedDate(far, onDay()).notice.empty());
+    CHECK(readTypedDate("R13.11", onDay(DateGrain::month)).notice == "");
+    CHECK_FALSE(readTypedDate("26.11", onDay(DateGrain::month)).notice.empty());
+    CHECK(readTypedDate("R8.2.29", onDay()).notice == "");
+}
+
+TEST_CASE("five years from 29 February end on 1 March where the year has no 29th")
+{
+    const DateContext leapDay{day(2024, 2, 29), DateGrain::day, eras()};
+    CHECK(readTypedDate("2029/3/1", leapDay).notice == "");
+    CHECK_FALSE(readTypedDate("2029/3/2", leapDay).notice.empty());
+}
+
 TEST_CASE("an era that has ended is counted on into the right one")
 {
     checkAll({{"H31.5.1", 2019, 5, 1},
