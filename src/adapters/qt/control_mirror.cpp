@@ -136,6 +136,7 @@ void ControlMirror::visit(Button &control)
 void ControlMirror::visit(NumberBox &control)
 {
     auto *box = new NumberEdit({control.Min, control.Max}, control.Format, parentFor(control));
+    m_services.edge.readBeforeEvents(*box);
     box->onEdited = [this, &control](const Variant &value) { m_services.edge.run([&] { control.Value = value; }); };
     keep(control, box, [&control, box] {
         if (!(box->value() == control.Value.get())) box->setValue(control.Value);
@@ -146,6 +147,7 @@ void ControlMirror::visit(NumberBox &control)
 void ControlMirror::visit(DateBox &control)
 {
     auto *box = new DateEdit(control.Format, m_services.today, parentFor(control));
+    m_services.edge.readBeforeEvents(*box);
     box->onEdited = [this, &control](const Variant &value) { m_services.edge.run([&] { control.Value = value; }); };
     keep(control, box, [&control, box] {
         if (!(box->value() == control.Value.get())) box->setValue(control.Value);

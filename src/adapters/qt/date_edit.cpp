@@ -26,7 +26,7 @@ int lettersOf(const std::string &text, std::size_t bytes)
 } // namespace
 
 DateEdit::DateEdit(std::string format, std::function<Date()> today, QWidget *parent)
-    : QLineEdit(parent), m_format(std::move(format)), m_today(std::move(today))
+    : TypedBox(parent), m_format(std::move(format)), m_today(std::move(today))
 {
     setMaxLength(kMostLetters);
     setInputMethodHints(Qt::ImhDate | Qt::ImhNoPredictiveText);
@@ -154,7 +154,7 @@ void DateEdit::keyPressEvent(QKeyEvent *event)
     default:
         break;
     }
-    QLineEdit::keyPressEvent(event);
+    TypedBox::keyPressEvent(event);
 }
 
 void DateEdit::stepAtCursor(int by)
@@ -205,20 +205,13 @@ void DateEdit::openCalendar()
 
 void DateEdit::focusInEvent(QFocusEvent *event)
 {
-    QLineEdit::focusInEvent(event);
+    TypedBox::focusInEvent(event);
     explain();
-}
-
-void DateEdit::focusOutEvent(QFocusEvent *event)
-{
-    // Another program's window in front, or this box's own menu, does not end the typing.
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) commit();
-    QLineEdit::focusOutEvent(event);
 }
 
 QSize DateEdit::sizeHint() const
 {
-    const QSize usual = QLineEdit::sizeHint();
+    const QSize usual = TypedBox::sizeHint();
     constexpr int kMargins = 12;
     // The widest date and both signs.
     const int text = fontMetrics().horizontalAdvance(toQt(typedDateText(dateOf({2026, 12, 28}), m_format)));

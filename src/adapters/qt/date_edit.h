@@ -1,9 +1,8 @@
 #pragma once
 
 #include "adapters/qt/era_date_text.h"
+#include "adapters/qt/typed_box.h"
 #include "runtime/variant.h"
-
-#include <QLineEdit>
 
 #include <functional>
 #include <string>
@@ -22,12 +21,11 @@ public:
     /// Shows a value that came from outside the box.
     void setValue(const Variant &value);
     [[nodiscard]] const Variant &value() const { return m_value; }
-    /// Reads what was typed. It runs when the box is left, on the return key, and before a command of the window.
-    void commit();
-    /// The sentence about a date that was taken but is doubtful, empty when there is none.
-    [[nodiscard]] const std::string &notice() const { return m_notice; }
+    void commit() override;
     /// The sentence about a text that cannot be read, empty when there is none.
     [[nodiscard]] const std::string &complaint() const { return m_complaint; }
+    /// The sentence about a date that was taken but is doubtful, empty when there is none.
+    [[nodiscard]] const std::string &notice() const { return m_notice; }
     void openCalendar();
 
     /// Each change by hand.
@@ -39,7 +37,6 @@ public:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     void take(const Variant &value, const std::string &notice = {});

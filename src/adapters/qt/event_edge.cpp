@@ -1,5 +1,6 @@
 #include "adapters/qt/event_edge.h"
 
+#include "adapters/qt/typed_box.h"
 #include "runtime/runtime_error.h"
 
 #include <QEventLoop>
@@ -12,11 +13,25 @@ void EventEdge::run(const std::function<void()> &procedure)
 {
     if (m_kept || !procedure) return;
     try {
-        atEventEdge(procedure);
+        readBoxes();
+        if (!m_kept) atEventEdge(procedure);
     } catch (...) {
         m_kept = std::current_exception();
         if (!m_loops.empty()) m_loops.back()->quit();
     }
+}
+
+void EventEdge::readBeforeEvents(TypedBox &box)
+{
+    std::erase_if(m_boxes, [](const QPointer<TypedBox> &each) { return each.isNull(); });
+    m_boxes.emplace_back(&box);
+}
+
+/// A box that finds a new value raises an event itself, which may open a window with more boxes.
+void EventEdge::readBoxes() const
+{
+    for (std::size_t i = 0; i < m_boxes.size(); ++i)
+        if (m_boxes[i]) m_boxes[i]->commit();
 }
 
 void EventEdge::exec(QEventLoop &loop)

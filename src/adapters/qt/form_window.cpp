@@ -1,12 +1,11 @@
 #include "adapters/qt/form_window.h"
 
-#include "adapters/qt/date_edit.h"
 #include "adapters/qt/form_menu.h"
 #include "adapters/qt/keys.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/units.h"
-#include "platform/key_codes.h"
 #include "adapters/qt/view_registry.h"
+#include "platform/key_codes.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -174,8 +173,6 @@ bool FormWindow::dealKey(QWidget *widget, const QKeyEvent &event)
     const std::int16_t code = keyCode(event);
     if (code == 0) return false;
     if (event.isAutoRepeat()) return true; // a key that is held down prints once
-    // What stands in a date box counts before the command does.
-    if (auto *date = dynamic_cast<DateEdit *>(focusWidget())) date->commit();
     const QPointer<QWidget> guard(widget);
     bool isLeft = false;
     m_services.edge.run([&] { isLeft = m_form.key(m_mirror.controlOf(widget), code); });

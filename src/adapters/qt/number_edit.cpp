@@ -52,7 +52,7 @@ private:
 } // namespace
 
 NumberEdit::NumberEdit(const Limits &limits, std::string format, QWidget *parent)
-    : QLineEdit(parent), m_format(std::move(format))
+    : TypedBox(parent), m_format(std::move(format))
 {
     setValidator(new DigitsOnly(limits, this)); // owned by the box
     setInputMethodHints(Qt::ImhDigitsOnly);
@@ -68,11 +68,9 @@ void NumberEdit::setValue(const Variant &value)
     setText(text != nullptr ? toQt(*text) : QString());
 }
 
-void NumberEdit::focusOutEvent(QFocusEvent *event)
+void NumberEdit::commit()
 {
-    // A number below the least one cannot stay: the last good one comes back.
     if (!hasAcceptableInput()) setValue(m_value);
-    QLineEdit::focusOutEvent(event);
 }
 
 void NumberEdit::takeText(const QString &text)

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "adapters/qt/typed_box.h"
 #include "runtime/variant.h"
-
-#include <QLineEdit>
 
 #include <cstdint>
 #include <functional>
@@ -11,9 +10,9 @@
 
 namespace inin {
 
-/// A box for a whole number: digits only, full-width digits are taken as digits, empty is Null. What would leave the
-/// limits or 32 bits is not taken up.
-class NumberEdit : public QLineEdit {
+/// A box for a whole number: digits only, full-width digits are taken as digits, empty is Null. A number beyond the upper
+/// limit or 32 bits cannot be typed.
+class NumberEdit : public TypedBox {
 public:
     struct Limits {
         std::optional<std::int32_t> least, most;
@@ -23,11 +22,10 @@ public:
     /// Shows a value that came from outside the box.
     void setValue(const Variant &value);
     [[nodiscard]] const Variant &value() const { return m_value; }
+    /// A number below the lower limit gives way to the last good one; any other was taken at its last key.
+    void commit() override;
     /// Each change by hand.
     std::function<void(const Variant &value)> onEdited;
-
-protected:
-    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     void takeText(const QString &text);

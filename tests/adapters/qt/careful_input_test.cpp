@@ -1,11 +1,10 @@
 // What a careless hand does to the windows, and what must not come of it.
 
-#include "adapters/qt/date_edit.h"
 #include "adapters/qt/working_program.h"
 
 #include <doctest/doctest.h>
-#include <QAbstractItemView>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -79,6 +78,7 @@ TEST_CASE("a wheel that passes over a list chooses nothing, and in a list that h
     });
     CHECK(program.runs());
 }
+
 TEST_CASE("picking the staff member that the list already shows puts his number back into the box")
 {
     Program program;
@@ -106,7 +106,6 @@ TEST_CASE("picking the staff member that the list already shows puts his number 
     });
     CHECK(program.runs());
 }
-
 
 TEST_CASE("what looks like markup in a box is shown letter by letter")
 {
@@ -152,27 +151,6 @@ TEST_CASE("a search window that the window manager closes in the middle of its s
         if (hasGone) search.show(); // else nothing would end the program
     });
     program.act([&] { program.key(Qt::Key_F12); });
-    CHECK(program.runs());
-}
-
-TEST_CASE("a menu of the date box, or another program in front, leaves the typing as it stands")
-{
-    Program program;
-    program.act([&] {
-        auto &box = dynamic_cast<DateEdit &>(program.widget("imD_LastDay"));
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, QStringLiteral("R8.5.1"));
-        for (const auto reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
-            QFocusEvent left(QEvent::FocusOut, reason);
-            QApplication::sendEvent(&box, &left);
-            CHECK(fromQt(box.text()) == "R8.5.1");
-            CHECK(box.complaint() == "");
-        }
-        QFocusEvent left(QEvent::FocusOut, Qt::TabFocusReason);
-        QApplication::sendEvent(&box, &left);
-        CHECK(fromQt(box.text()) == "令和 08年05月01日");
-    });
     CHECK(program.runs());
 }
 
