@@ -37,7 +37,8 @@ int startUpTo(const char *window, const char *folder, char **argv)
     QApplication::setQuitOnLastWindowClosed(false);
     applyTheme(application);
     EndAtPaint::of(window);
-    Desktop desktop(folder);
+    EventEdge edge;
+    Desktop desktop(folder, edge);
     App app(desktop.platform());
     Main(app);
     return 1;

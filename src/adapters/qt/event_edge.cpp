@@ -16,9 +16,15 @@ void EventEdge::run(const std::function<void()> &procedure)
         readBoxes();
         if (!m_kept) atEventEdge(procedure);
     } catch (...) {
-        m_kept = std::current_exception();
-        if (!m_loops.empty()) m_loops.back()->quit();
+        keep(std::current_exception());
     }
+}
+
+void EventEdge::keep(std::exception_ptr fault)
+{
+    if (m_kept) return;
+    m_kept = std::move(fault);
+    if (!m_loops.empty()) m_loops.back()->quit();
 }
 
 void EventEdge::readBeforeEvents(TypedBox &box)

@@ -24,6 +24,8 @@ public:
     void readBeforeEvents(TypedBox &box);
     /// Runs a loop to its end, or until an event fails.
     void exec(QEventLoop &loop);
+    /// Keeps an exception that left an event and ends the innermost loop. The first one counts.
+    void keep(std::exception_ptr fault);
     /// Rethrows the exception that was kept, if there is one.
     void throwKept();
 

@@ -14,12 +14,11 @@ namespace inin {
 /// text could not be read.
 class Desktop {
 public:
-    explicit Desktop(const std::string &folder);
+    Desktop(const std::string &folder, EventEdge &edge);
     [[nodiscard]] Platform platform();
 
 private:
     FontReading m_fonts;
-    EventEdge m_edge;
     std::unique_ptr<Profile> m_profile;
     std::unique_ptr<Files> m_files;
     std::unique_ptr<Clock> m_clock;

@@ -6,6 +6,7 @@
 #include "adapters/qt/system_words.h"
 #include "adapters/qt/theme.h"
 #include "adapters/qt/toolkit_words.h"
+#include "adapters/qt/window_application.h"
 #include "adapters/script/recording_database.h"
 #include "adapters/script/telling_ports.h"
 #include "app/print_inin/desktop.h"
@@ -14,13 +15,14 @@
 #include "shell/error_box.h"
 #include "shell/start.h"
 
-#include <QApplication>
 #include <QMessageBox>
 
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 namespace inin {
 
@@ -67,9 +69,9 @@ void runTold(const Platform &inner, const std::string &file)
         {boxes, windows, database, inner.profile, inner.files, processes, inner.clock, inner.locale, inner.automation});
 }
 
-void runProgram()
+void runProgram(EventEdge &edge)
 {
-    Desktop desktop(applicationFolder());
+    Desktop desktop(applicationFolder(), edge);
     const QString transcript = qEnvironmentVariable(kTranscriptVariable);
     if (transcript.isEmpty()) return runOn(desktop.platform());
     runTold(desktop.platform(), fromQt(transcript));
@@ -83,9 +85,9 @@ int report(const char *title, const std::string &text)
     return kBroken;
 }
 
-int run()
+int run(EventEdge &edge)
 try {
-    runProgram();
+    runProgram(edge);
     return 0;
 } catch (const UnhandledError &unhandled) {
     return report(kApplicationTitle, numberedText(unhandled.error()));
@@ -103,12 +105,14 @@ int main(int, char **argv)
 try {
     qInstallMessageHandler(inin::sayWhyAndEnd);
     int noArguments = 1;
-    QApplication application(noArguments, argv);
+    inin::EventEdge edge;
+    inin::WindowApplication application(noArguments, argv);
+    application.onFault = [&edge](std::exception_ptr fault) { edge.keep(std::move(fault)); };
     QApplication::setQuitOnLastWindowClosed(false); // the program's own unload decides
     QApplication::setApplicationDisplayName({});
     inin::applyTheme(application);
     inin::useJapaneseWords(application);
-    return inin::run();
+    return inin::run(edge);
 } catch (const std::exception &fault) {
     std::fprintf(stderr, "PrintInin: %s\n", fault.what());
     return inin::kBroken;

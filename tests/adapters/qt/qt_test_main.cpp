@@ -4,8 +4,7 @@
 
 #include "adapters/qt/japanese_font.h"
 #include "adapters/qt/theme.h"
-
-#include <QApplication>
+#include "adapters/qt/window_application.h"
 
 #include <cstdio>
 
@@ -23,7 +22,7 @@ int main(int argc, char **argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(passOn);
-    QApplication application(argc, argv);
+    inin::WindowApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     inin::applyTheme(application);
     inin::FontReading().finish();

@@ -1,6 +1,7 @@
 #include "adapters/qt/window_fixture.h"
 
 #include "adapters/qt/qt_text.h"
+#include "adapters/qt/window_application.h"
 #include "support/list_answers.h"
 
 #include <QApplication>
@@ -16,6 +17,12 @@ namespace inin {
 namespace {
 /// Milliseconds. With none, several turns run in one pass of a loop that has been told to quit in between.
 constexpr int kSoon = 1;
+
+/// The application that the test program's main has made.
+WindowApplication &testApplication()
+{
+    return dynamic_cast<WindowApplication &>(*QCoreApplication::instance());
+}
 } // namespace
 
 WindowFixture::WindowFixture()
@@ -26,6 +33,12 @@ WindowFixture::WindowFixture()
     app.gcsAppPath = world.app.gcsAppPath;
     app.iKyotenCd = world.app.iKyotenCd;
     app.iKyotenEb = world.app.iKyotenEb;
+    testApplication().onFault = [this](std::exception_ptr fault) { edge.keep(std::move(fault)); };
+}
+
+WindowFixture::~WindowFixture()
+{
+    testApplication().onFault = {};
 }
 
 void Turns::then(std::function<void()> act)

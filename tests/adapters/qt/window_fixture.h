@@ -58,6 +58,9 @@ private:
 /// Real windows and boxes in a fake world.
 struct WindowFixture {
     WindowFixture();
+    WindowFixture(const WindowFixture &) = delete;
+    WindowFixture &operator=(const WindowFixture &) = delete;
+    ~WindowFixture();
     FakeWorld world;
     EventEdge edge;
     ViewServices services{edge, [this] { return world.clock.today(); }, [](const std::string &path) { return path; }};
