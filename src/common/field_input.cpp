@@ -4,12 +4,8 @@
 
 namespace inin {
 
-namespace {
-constexpr std::size_t kPieceSize = 65536;
-} // namespace
-
 FieldInput::FieldInput(const Platform &platform, const std::string &path)
-    : m_locale(platform.locale), m_file(platform.files.openForInput(path))
+    : m_locale(platform.locale), m_file(platform.files, path)
 {
 }
 
@@ -28,7 +24,7 @@ std::string FieldInput::next()
 int FieldInput::peek()
 {
     if (m_position == m_buffer.size()) {
-        m_buffer = m_file->read(kPieceSize);
+        m_buffer = m_file.read();
         m_position = 0;
     }
     return m_buffer.empty() ? kNoByte : static_cast<unsigned char>(m_buffer[m_position]);

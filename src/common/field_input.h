@@ -1,8 +1,8 @@
 #pragma once
 
+#include "common/settings_input.h"
 #include "platform/platform.h"
 
-#include <memory>
 #include <string>
 
 namespace inin {
@@ -30,7 +30,7 @@ private:
     [[nodiscard]] std::string quotedBytes();
 
     Locale &m_locale;
-    std::unique_ptr<InputFile> m_file;
+    SettingsInput m_file;
     std::string m_buffer;
     std::size_t m_position = 0;
 };

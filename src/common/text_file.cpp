@@ -4,10 +4,6 @@
 
 namespace inin {
 
-namespace {
-constexpr std::size_t kPieceSize = 65536;
-} // namespace
-
 TextOutput::TextOutput(const Platform &platform, const std::string &path)
     : m_locale(platform.locale), m_file(platform.files.openForOutput(path))
 {
@@ -26,7 +22,7 @@ void TextOutput::close()
 }
 
 TextInput::TextInput(const Platform &platform, const std::string &path)
-    : m_locale(platform.locale), m_file(platform.files.openForInput(path))
+    : m_locale(platform.locale), m_file(platform.files, path)
 {
 }
 
@@ -58,7 +54,7 @@ void TextInput::skipLineEnd()
 bool TextInput::fill()
 {
     if (m_atEnd) return false;
-    m_buffer = m_file->read(kPieceSize);
+    m_buffer = m_file.read();
     m_position = 0;
     m_atEnd = m_buffer.empty();
     return !m_atEnd;
