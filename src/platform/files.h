@@ -11,8 +11,8 @@ namespace inin {
 // The file operations of the runtime, on bytes. Paths are UTF-8 with backslashes or slashes; names ignore ASCII case.
 // Failures are RuntimeErrors 52, 53, 55, 57, 61, 62, 67, 70, 71, 75 and 76 with the runtime's meaning.
 
-/// A file open for output. Trailing line ends are held back until more bytes follow or close() succeeds, so the file of an
-/// interrupted program is recognized by its missing line end. The destructor without close() leaves such a file and
+/// A file open for output. Trailing line ends are held back until more bytes follow or close() succeeds, so the file of
+/// an interrupted program is recognized by its missing line end. The destructor without close() leaves such a file and
 /// ignores a failure; close() reports it.
 class OutputFile {
 public:
@@ -53,12 +53,13 @@ public:
     Files &operator=(const Files &) = delete;
     virtual ~Files() = default;
 
-    /// Creates the file, or empties an existing one. Replaces a symbolic link instead of following it. On POSIX only the
-    /// owner may read a new file, and an existing one keeps its permissions; on Windows a new file inherits its folder's.
+    /// Creates the file, or empties an existing one. Replaces a symbolic link instead of following it. On POSIX only
+    /// the owner may read a new file, and an existing one keeps its permissions; on Windows a new file inherits its
+    /// folder's.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> openForOutput(const std::string &path) = 0;
-    /// Opens a file like openForOutput, under an advisory lock that only one program can have. Does not wait for the lock
-    /// and does not throw without it. Bytes are written immediately, and others can read them. The lock ends with close(),
-    /// with the object or with the process; the file remains.
+    /// Opens a file like openForOutput, under an advisory lock that only one program can have. Does not wait for the
+    /// lock and does not throw without it. Bytes are written immediately, and others can read them. The lock ends with
+    /// close(), with the object or with the process; the file remains.
     [[nodiscard]] virtual LockedFile openLocked(const std::string &path) = 0;
     [[nodiscard]] virtual std::unique_ptr<InputFile> openForInput(const std::string &path) = 0;
     /// The runtime's directory search with normal attributes. Returns the name of the first file that matches the path,

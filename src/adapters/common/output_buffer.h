@@ -9,8 +9,8 @@ namespace inin {
 /// The length of the bytes without the CR and LF at their end.
 [[nodiscard]] std::size_t lengthWithoutLineEnd(std::string_view bytes);
 
-/// Bytes of an output file that are not yet written. Trailing line ends are held back until more bytes follow, so a file
-/// that was not closed is recognized by its last byte.
+/// Bytes of an output file that are not yet written. Trailing line ends are held back until more bytes follow, so a
+/// file that was not closed is recognized by its last byte.
 class OutputBuffer {
 public:
     void add(std::string_view bytes) { m_bytes += bytes; }
