@@ -53,9 +53,8 @@ public:
     Files &operator=(const Files &) = delete;
     virtual ~Files() = default;
 
-    /// Creates the file, or empties an existing one. Replaces a symbolic link instead of following it. On POSIX only
-    /// the owner may read a new file, and an existing one keeps its permissions; on Windows a new file inherits its
-    /// folder's.
+    /// Creates or empties a file; replaces a symbolic link instead of following it. POSIX: only the owner may read a new
+    /// file, an existing one keeps its permissions. Windows: a new file inherits the permissions of its folder.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> openForOutput(const std::string &path) = 0;
     /// Opens a file like openForOutput, under an advisory lock that only one program can have. Does not wait for the
     /// lock and does not throw without it. Bytes are written immediately, and others can read them. The lock ends with
