@@ -25,7 +25,7 @@ struct OdbcDriver {
 [[nodiscard]] OdbcDriver driverNamed(std::string_view name);
 /// True for the path of a driver's library, which may be any file.
 [[nodiscard]] bool isPath(std::string_view name);
-/// The installed one of that name or with a library of that path, whatever its case.
+/// The installed one of that name, whatever its case, or with a library of exactly that path.
 [[nodiscard]] std::optional<OdbcDriver> installedDriver(std::string_view name,
                                                         const std::vector<std::string> &installed);
 /// The best one for SQL Server: Microsoft's newest, else FreeTDS; nothing when none of them is installed.
