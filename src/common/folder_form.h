@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/folder_list.h"
 #include "platform/platform.h"
+#include "screen/folder_list.h"
+#include "screen/form.h"
 
 #include <string>
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "platform/form.h"
-
 #include <string>
 
 namespace inin {
+
+class Control;
+class Form;
 
 enum class Modality { modeless, modal };
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/controls.h"
 #include "platform/key_codes.h"
+#include "screen/controls.h"
 
 #include <initializer_list>
 #include <vector>

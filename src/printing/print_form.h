@@ -4,6 +4,7 @@
 #include "data/company_preload.h"
 #include "printing/letter_row.h"
 #include "printing/print_controls.h"
+#include "screen/form.h"
 
 #include <cstdint>
 #include <memory>

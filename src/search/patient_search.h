@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls.h"
+#include "screen/controls.h"
 #include "shell/app.h"
 
 #include <cstdint>

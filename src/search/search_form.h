@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/connection_settings.h"
-#include "platform/grid.h"
 #include "platform/key_codes.h"
+#include "screen/grid.h"
 #include "search/busy_flag.h"
 #include "search/search_filter.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "screen/form.h"
 #include "platform/key_codes.h"
 #include "shell/app.h"
 

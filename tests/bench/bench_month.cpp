@@ -3,9 +3,9 @@
 
 #include "adapters/sqlite/sql_schema.h"
 #include "adapters/sqlite/sql_translator.h"
-#include "app/inin_site/schema.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
+#include "demo_site/schema.h"
 
 #include <fmt/format.h>
 
@@ -13,6 +13,8 @@
 #include <fstream>
 
 namespace inin::bench {
+
+using namespace sqlite;
 
 namespace {
 

@@ -2,14 +2,14 @@
 // beside a plain program that only fetches the same statement's rows in blocks, the day with its log-ins counted.
 
 #include "adapters/odbc/odbc_database.h"
-#include "app/inin_site/code_tables.h"
-#include "app/inin_site/companies.h"
-#include "app/inin_site/embedded.h"
-#include "app/inin_site/patients.h"
-#include "app/inin_site/server_maker.h"
-#include "app/inin_site/site_files.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
+#include "demo_site/code_tables.h"
+#include "demo_site/companies.h"
+#include "demo_site/embedded.h"
+#include "demo_site/patients.h"
+#include "demo_site/server_maker.h"
+#include "demo_site/site_files.h"
 #include "support/replace_all.h"
 
 #include <fmt/format.h>
@@ -19,6 +19,8 @@
 #include <stdexcept>
 
 namespace inin::bench {
+
+using namespace odbc;
 
 namespace {
 

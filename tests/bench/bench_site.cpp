@@ -1,8 +1,8 @@
 #include "bench/bench_site.h"
 
+#include "adapters/native/native_platform.h"
 #include "adapters/sqlite/sqlite_database.h"
-#include "adapters/system/system_platform.h"
-#include "app/inin_site/site_maker.h"
+#include "demo_site/site_maker.h"
 #include "printing/extraction.h"
 
 #include <fmt/format.h>
@@ -11,6 +11,8 @@
 #include <stdexcept>
 
 namespace inin::bench {
+
+using namespace sqlite;
 
 namespace {
 

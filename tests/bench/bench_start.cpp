@@ -23,6 +23,8 @@
 
 namespace inin::bench {
 
+using namespace qt;
+
 namespace {
 
 constexpr int kRuns = 25;

@@ -1,9 +1,9 @@
 // The form viewer's window over ten thousand letters: opening, the first page, turning pages, the check, a print. Each
 // figure comes with a look at what was done: blank pages are fast.
 
-#include "adapters/suite_text/code_page_932.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
+#include "suite_text/code_page_932.h"
 #include "viewer/window/look.h"
 #include "viewer/window/page_view.h"
 #include "viewer/window/viewer_window.h"

@@ -1,7 +1,7 @@
 #include "bench/letter_job.h"
 
-#include "adapters/suite_text/code_page_932.h"
 #include "bench/letter_rows.h"
+#include "suite_text/code_page_932.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 #include "formoutput/wfd_print.h"
 
-#include "adapters/common/no_automation.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
+#include "adapters/native/no_automation.h"
 #include "runtime/runtime_error.h"
 
 #include <doctest/doctest.h>

@@ -1,4 +1,4 @@
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 
 #include "adapters/sqlite/sql_translator.h"
 #include "adapters/sqlite/sqlite_functions.h"
@@ -15,6 +15,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

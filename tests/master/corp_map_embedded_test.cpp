@@ -1,6 +1,6 @@
 #include "master/corp_map.h"
 
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "master/embedded_fixture.h"
 #include "support/temp_folder.h"
 

@@ -1,8 +1,8 @@
 // How the conditions screen picks a staff member and a patient.
 
-#include "platform/grid.h"
 #include "platform/key_codes.h"
 #include "printing/print_form.h"
+#include "screen/grid.h"
 #include "support/fake_platform.h"
 
 #include <doctest/doctest.h>

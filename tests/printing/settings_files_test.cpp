@@ -1,4 +1,4 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "printing/print_form.h"
 #include "support/fake_platform.h"
 #include "support/temp_folder.h"

@@ -1,4 +1,4 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "scenarios/impatient_database.h"
 #include "scenarios/script_driver.h"
 #include "support/file_bytes.h"

@@ -1,6 +1,6 @@
 #include "scenarios/impatient_database.h"
 
-#include "platform/forwarding_database.h"
+#include "adapters/database/forwarding_database.h"
 
 namespace inin {
 

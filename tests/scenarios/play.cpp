@@ -1,6 +1,6 @@
 #include "scenarios/play.h"
 
-#include "runtime/file_path.h"
+#include "system/file_path.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,6 +1,6 @@
 #include "scenarios/play_check.h"
 
-#include "adapters/suite_text/code_page_932.h"
+#include "suite_text/code_page_932.h"
 #include "support/file_bytes.h"
 
 #include <nlohmann/json.hpp>

@@ -1,8 +1,8 @@
 #include "scenarios/script_driver.h"
 
+#include "adapters/native/native_platform.h"
 #include "adapters/script/script_player.h"
 #include "adapters/sqlite/sqlite_database.h"
-#include "adapters/system/system_platform.h"
 #include "shell/start.h"
 
 #include <filesystem>
@@ -11,6 +11,10 @@
 #include <streambuf>
 
 namespace inin {
+
+using namespace script;
+
+using namespace sqlite;
 
 namespace {
 

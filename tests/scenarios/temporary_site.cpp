@@ -1,6 +1,6 @@
 #include "scenarios/temporary_site.h"
 
-#include "adapters/suite_text/code_page_932.h"
+#include "suite_text/code_page_932.h"
 #include "support/file_bytes.h"
 #include "support/replace_all.h"
 

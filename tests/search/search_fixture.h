@@ -1,5 +1,6 @@
 #pragma once
 
+#include "screen/form.h"
 #include "platform/key_codes.h"
 #include "search/patient_search_form.h"
 #include "search/staff_search_form.h"

@@ -2,10 +2,10 @@
 
 #include "adapters/odbc/driver_stage.h"
 #include "adapters/sqlite/sqlite_database.h"
-#include "app/inin_site/database_maker.h"
-#include "app/inin_site/embedded.h"
-#include "app/inin_site/schema.h"
-#include "app/inin_site/server_maker.h"
+#include "demo_site/database_maker.h"
+#include "demo_site/embedded.h"
+#include "demo_site/schema.h"
+#include "demo_site/server_maker.h"
 #include "runtime/conversion.h"
 #include "support/replace_all.h"
 
@@ -15,6 +15,8 @@
 #include <filesystem>
 
 using namespace inin;
+using namespace inin::sqlite;
+using namespace inin::odbc;
 using namespace inin::test;
 
 namespace {

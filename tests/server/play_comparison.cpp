@@ -1,10 +1,10 @@
 #include "server/play_comparison.h"
 
-#include "adapters/suite_text/code_page_932.h"
-#include "app/suite_database/suite_database.h"
+#include "adapters/suite/suite_database.h"
 #include "scenarios/script_driver.h"
 #include "scenarios/temporary_site.h"
 #include "server/site_copy.h"
+#include "suite_text/code_page_932.h"
 #include "support/file_bytes.h"
 
 #include <nlohmann/json.hpp>

@@ -9,7 +9,7 @@
 // ININ_SERVER_SCHEMA names another script of tables, for a server that is no SQL Server.
 
 #include "adapters/odbc/odbc_string.h"
-#include "app/suite_database/suite_database.h"
+#include "adapters/suite/suite_database.h"
 #include "runtime/runtime_error.h"
 #include "server/play_comparison.h"
 #include "support/file_bytes.h"
@@ -23,6 +23,8 @@
 #include <vector>
 
 namespace inin::test {
+
+using namespace odbc;
 
 namespace {
 

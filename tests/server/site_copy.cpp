@@ -1,8 +1,8 @@
 #include "server/site_copy.h"
 
-#include "app/inin_site/schema.h"
-#include "app/inin_site/server_target.h"
-#include "app/inin_site/sqlite_writer.h"
+#include "demo_site/schema.h"
+#include "demo_site/server_target.h"
+#include "demo_site/sqlite_writer.h"
 
 #include <fmt/format.h>
 #include <sqlite3.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/inin_site/server_maker.h"
+#include "demo_site/server_maker.h"
 #include "platform/database.h"
 
 #include <filesystem>

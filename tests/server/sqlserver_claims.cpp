@@ -10,6 +10,7 @@
 #include <chrono>
 
 using namespace inin;
+using namespace inin::odbc;
 using namespace inin::test;
 
 namespace {

@@ -52,7 +52,7 @@ private:
     [[nodiscard]] std::string path() const { return m_folder / "site.db"; }
 
     TempFolder m_folder;
-    std::unique_ptr<Database> m_database = makeSqliteDatabase([](const std::string &source) { return source; });
+    std::unique_ptr<Database> m_database = sqlite::makeSqliteDatabase([](const std::string &source) { return source; });
 
 public:
     Platform embedded{boxes, windows, *m_database, profile, files, processes, clock, locale, automation};

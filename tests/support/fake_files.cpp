@@ -1,9 +1,9 @@
 #include "support/fake_files.h"
 
-#include "adapters/suite_text/code_page_932.h"
-#include "adapters/suite_text/profile_text.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "suite_text/code_page_932.h"
+#include "suite_text/profile_text.h"
 
 #include <algorithm>
 #include <stdexcept>

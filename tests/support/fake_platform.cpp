@@ -1,8 +1,8 @@
 #include "support/fake_platform.h"
 
-#include "adapters/suite_text/code_page_932.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
+#include "suite_text/code_page_932.h"
 
 #include <stdexcept>
 

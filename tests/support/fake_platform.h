@@ -1,5 +1,6 @@
 #pragma once
 
+#include "screen/form.h"
 #include "shell/app.h"
 #include "support/fake_database.h"
 #include "support/fake_files.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/file_path.h"
+#include "system/file_path.h"
 
 #include <filesystem>
 #include <fstream>

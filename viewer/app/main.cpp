@@ -1,4 +1,4 @@
-#include "adapters/common/program_edges.h"
+#include "system/program_edges.h"
 #include "viewer/app/check_letters.h"
 #include "viewer/app/options.h"
 #include "viewer/app/toolkit.h"

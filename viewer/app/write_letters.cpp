@@ -1,7 +1,7 @@
 #include "viewer/app/write_letters.h"
 
-#include "adapters/common/program_edges.h"
 #include "runtime/runtime_error.h"
+#include "system/program_edges.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/document/letter_list.h"

@@ -1,6 +1,6 @@
 #include "viewer/io/system_edges.h"
 
-#include "adapters/common/program_edges.h"
+#include "system/program_edges.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,8 +1,8 @@
 #include "viewer/io/system_file.h"
 
-#include "adapters/posix/file_replacement.h"
-#include "adapters/posix/posix_io.h"
-#include "adapters/system/system_platform.h"
+#include "system/file_path.h"
+#include "system/file_replacement.h"
+#include "system/posix_io.h"
 
 #include <filesystem>
 

@@ -1,6 +1,6 @@
 #include "viewer/io/mapped_file.h"
 
-#include "adapters/posix/posix_io.h"
+#include "system/posix_io.h"
 
 #include <fcntl.h>
 #include <sys/mman.h>

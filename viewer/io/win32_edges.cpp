@@ -1,7 +1,7 @@
 #include "viewer/io/system_edges.h"
 
-#include "adapters/common/program_edges.h"
-#include "adapters/win32/win32_text.h"
+#include "system/program_edges.h"
+#include "system/win32_text.h"
 
 #include <cstdio>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "viewer/io/system_file.h"
 
-#include "adapters/win32/win32_handle.h"
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_text.h"
+#include "system/win32_handle.h"
+#include "system/win32_path.h"
+#include "system/win32_text.h"
 
 #include <fmt/format.h>
 

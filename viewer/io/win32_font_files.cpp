@@ -1,8 +1,8 @@
 #include "viewer/io/font_files.h"
 
-#include "adapters/common/program_edges.h"
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_text.h"
+#include "system/program_edges.h"
+#include "system/win32_path.h"
+#include "system/win32_text.h"
 #include "viewer/io/system_edges.h"
 
 #include <algorithm>

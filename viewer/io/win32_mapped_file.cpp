@@ -1,7 +1,7 @@
 #include "viewer/io/mapped_file.h"
 
-#include "adapters/win32/win32_handle.h"
-#include "adapters/win32/win32_path.h"
+#include "system/win32_handle.h"
+#include "system/win32_path.h"
 
 #include <windows.h>
 

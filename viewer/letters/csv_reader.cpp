@@ -1,7 +1,7 @@
 #include "viewer/letters/csv_reader.h"
 
-#include "adapters/suite_text/code_page_932.h"
 #include "runtime/runtime_error.h"
+#include "suite_text/code_page_932.h"
 
 #include <algorithm>
 #include <array>

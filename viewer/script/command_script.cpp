@@ -1,7 +1,7 @@
 #include "viewer/script/command_script.h"
 
-#include "adapters/suite_text/code_page_932.h"
 #include "runtime/text.h"
+#include "suite_text/code_page_932.h"
 
 #include <fmt/format.h>
 

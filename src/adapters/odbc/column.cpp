@@ -12,7 +12,7 @@
 #include <cstring>
 #include <limits>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -201,4 +201,4 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
     return textValue(cell, length);
 }
 
-} // namespace inin
+} // namespace inin::odbc

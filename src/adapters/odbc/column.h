@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::odbc {
 
 /// How the values of a column travel from the driver.
 enum class ColumnForm : std::uint8_t {
@@ -45,4 +45,4 @@ struct OdbcColumn {
 /// The value of a cell that holds no NULL; `length` counts the bytes that the driver wrote.
 [[nodiscard]] Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t length);
 
-} // namespace inin
+} // namespace inin::odbc

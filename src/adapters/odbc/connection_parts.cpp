@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -181,4 +181,4 @@ ConnectionParts readConnectionParts(const ConnectionText &text)
     return parts;
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// What a key of a connection string is about, whichever of its names it bears.
 enum class Part : std::uint8_t {
@@ -68,4 +68,4 @@ struct ConnectionParts {
 [[nodiscard]] std::optional<Part> partOfKey(std::string_view key);
 [[nodiscard]] ConnectionParts readConnectionParts(const ConnectionText &text);
 
-} // namespace inin
+} // namespace inin::odbc

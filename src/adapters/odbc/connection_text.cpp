@@ -6,7 +6,7 @@
 #include <array>
 #include <cstddef>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -166,4 +166,4 @@ ConnectionText readConnectionText(std::string_view text)
     return namesDriver(odbc) ? odbc : ado;
 }
 
-} // namespace inin
+} // namespace inin::odbc

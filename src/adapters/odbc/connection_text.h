@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// One `key=value` of a connection string.
 struct ConnectionPair {
@@ -36,4 +36,4 @@ struct ConnectionText {
 /// The value as an ODBC string holds it: in braces where a sign in it would be read as more than itself.
 [[nodiscard]] std::string odbcQuoted(std::string_view value);
 
-} // namespace inin
+} // namespace inin::odbc

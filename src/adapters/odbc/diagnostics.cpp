@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -164,4 +164,4 @@ void raiseRecords(std::vector<ProviderError> &errors, const std::vector<Diagnost
     throw RuntimeError(error.Number, failure == Failure::logIn ? logInText(errors, chief) : error.Description);
 }
 
-} // namespace inin
+} // namespace inin::odbc

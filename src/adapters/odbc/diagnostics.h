@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// One diagnostic record as a driver or the driver manager gives it.
 struct DiagnosticRecord {
@@ -45,4 +45,4 @@ enum class Failure : std::uint8_t {
 [[noreturn]] void raiseRecords(std::vector<ProviderError> &errors, const std::vector<DiagnosticRecord> &records,
                                const std::vector<std::string> &secrets, Failure failure = Failure::statement);
 
-} // namespace inin
+} // namespace inin::odbc

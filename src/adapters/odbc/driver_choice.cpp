@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -74,4 +74,4 @@ std::optional<OdbcDriver> bestDriver(const std::vector<std::string> &installed)
     return best;
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// The families of drivers that spell a connection to SQL Server differently.
 enum class DriverFamily : std::uint8_t { microsoft, freeTds, other };
@@ -31,4 +31,4 @@ struct OdbcDriver {
 /// The best one for SQL Server: Microsoft's newest, else FreeTDS; nothing when none of them is installed.
 [[nodiscard]] std::optional<OdbcDriver> bestDriver(const std::vector<std::string> &installed);
 
-} // namespace inin
+} // namespace inin::odbc

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -39,4 +39,4 @@ std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::strin
     return makeDaoOverAdo({std::move(provider), std::move(resolvePath), isJetFile, connectionString, jetAccess()});
 }
 
-} // namespace inin
+} // namespace inin::odbc

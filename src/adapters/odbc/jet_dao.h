@@ -1,13 +1,13 @@
 #pragma once
 
-#include "adapters/common/dao_over_ado.h"
+#include "adapters/database/dao_over_ado.h"
 #include "platform/dao.h"
 
 #include <functional>
 #include <memory>
 #include <string>
 
-namespace inin {
+namespace inin::odbc {
 
 /// The driver for Jet files: of the system on Windows, of a package elsewhere (see mdb_driver.h).
 [[nodiscard]] std::string jetDriver();
@@ -20,4 +20,4 @@ namespace inin {
 [[nodiscard]] std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath,
                                                     std::string driver = jetDriver());
 
-} // namespace inin
+} // namespace inin::odbc

@@ -1,12 +1,12 @@
 #include "adapters/odbc/mdb_driver.h"
 
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 #include "adapters/odbc/odbc_api.h"
 
 #include <algorithm>
 #include <filesystem>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -66,4 +66,4 @@ std::string mdbDriverLibrary()
     return "MDBTools";
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::odbc {
 
 // The driver that reads Jet files outside Windows keeps few of ODBC's promises. What it needs done differently:
 // - Of a bound column's length it writes 32 bits only, and a text that does not fit it cuts, so nothing is bound: each
@@ -40,4 +40,4 @@ struct MdbStatement {
 /// the process's code page. The registered name when there is no such file.
 [[nodiscard]] std::string mdbDriverLibrary();
 
-} // namespace inin
+} // namespace inin::odbc

@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::odbc {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager must take UTF-16");
 
@@ -34,4 +34,4 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager must tak
     return reinterpret_cast<SQLPOINTER>(number); // NOLINT(performance-no-int-to-ptr): the interface wants it so
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -1,12 +1,12 @@
 #include "adapters/odbc/odbc_connection.h"
 
-#include "adapters/common/ado_error.h"
+#include "adapters/database/ado_error.h"
 #include "adapters/odbc/driver_choice.h"
 #include "adapters/odbc/jet_dao.h"
 #include "adapters/odbc/odbc_string.h"
 #include "runtime/runtime_error.h"
 
-namespace inin {
+namespace inin::odbc {
 
 void OdbcShared::loadDrivers()
 {
@@ -78,4 +78,4 @@ std::shared_ptr<OdbcLease> OdbcConnection::lease() const
     return m_lease;
 }
 
-} // namespace inin
+} // namespace inin::odbc

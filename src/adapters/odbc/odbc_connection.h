@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/idle_pool.h"
+#include "adapters/database/idle_pool.h"
 #include "adapters/odbc/odbc_session.h"
 #include "platform/database.h"
 
@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// What all sessions of one library object share.
 struct OdbcShared {
@@ -63,4 +63,4 @@ private:
     std::int32_t m_timeout = kDefaultCommandTimeout;
 };
 
-} // namespace inin
+} // namespace inin::odbc

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <array>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -132,4 +132,4 @@ void OdbcCursor::close()
     m_statement.reset();
 }
 
-} // namespace inin
+} // namespace inin::odbc

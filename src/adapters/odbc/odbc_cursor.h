@@ -12,7 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 class OdbcSession;
 
@@ -61,4 +61,4 @@ private:
     mutable std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> m_indexes;
 };
 
-} // namespace inin
+} // namespace inin::odbc

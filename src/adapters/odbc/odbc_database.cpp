@@ -3,7 +3,7 @@
 #include "adapters/odbc/odbc_connection.h"
 #include "adapters/odbc/odbc_recordset.h"
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -27,4 +27,4 @@ std::unique_ptr<OdbcDatabase> makeOdbcDatabase()
     return std::make_unique<SharingDatabase>();
 }
 
-} // namespace inin
+} // namespace inin::odbc

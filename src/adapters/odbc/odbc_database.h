@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <memory>
 
-namespace inin {
+namespace inin::odbc {
 
 /// SQL Server (or any server with an ODBC driver) behind the database port. Takes an ADO connection string, an ODBC one
 /// or the name of a data source. Physical connections are kept idle for a minute, by connection string.
@@ -17,4 +17,4 @@ public:
 
 [[nodiscard]] std::unique_ptr<OdbcDatabase> makeOdbcDatabase();
 
-} // namespace inin
+} // namespace inin::odbc

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <array>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -108,4 +108,4 @@ std::vector<std::string> OdbcEnvironment::drivers() const
     return names;
 }
 
-} // namespace inin
+} // namespace inin::odbc

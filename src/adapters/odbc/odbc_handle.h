@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// One handle of ODBC, freed with its owner. Handles never show outside this adapter: its headers know them as void *.
 class OdbcHandle {
@@ -40,4 +40,4 @@ private:
     OdbcHandle m_handle;
 };
 
-} // namespace inin
+} // namespace inin::odbc

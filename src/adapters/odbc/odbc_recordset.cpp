@@ -1,9 +1,9 @@
 #include "adapters/odbc/odbc_recordset.h"
 
-#include "adapters/common/ado_error.h"
+#include "adapters/database/ado_error.h"
 #include "runtime/runtime_error.h"
 
-namespace inin {
+namespace inin::odbc {
 
 void OdbcRecordset::setCursorLocation(std::int32_t location)
 {
@@ -118,4 +118,4 @@ Variant OdbcRecordset::Value(std::size_t index) const
     return m_client ? m_rows[m_row][index] : m_cursor->value(index);
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// Rows of one SELECT. On the server's side they stream in blocks, on the client's all are read at the opening.
 class OdbcRecordset : public Recordset {
@@ -52,4 +52,4 @@ private:
     bool m_client = false;
 };
 
-} // namespace inin
+} // namespace inin::odbc

@@ -8,7 +8,7 @@
 #include <array>
 #include <limits>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -231,4 +231,4 @@ void OdbcSession::fail(const std::vector<DiagnosticRecord> &records)
     raiseRecords(*m_errors, records, m_secrets, m_isLost ? Failure::lostConnection : Failure::statement);
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/ado_error.h"
+#include "adapters/database/ado_error.h"
 #include "adapters/odbc/odbc_cursor.h"
 #include "adapters/odbc/odbc_handle.h"
 #include "adapters/odbc/odbc_string.h"
@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// One physical connection, logged in. Lives longer than a session; the pool hands it from one to the next.
 /// Every operation that fails leaves an entry for each diagnostic record in the list and raises a RuntimeError.
@@ -77,4 +77,4 @@ private:
     bool m_isLost = false;
 };
 
-} // namespace inin
+} // namespace inin::odbc

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -358,4 +358,4 @@ std::string withDatabase(std::string_view connectionString, std::string_view dat
     return result.append(isOdbc ? "Database=" : "Initial Catalog=").append(database);
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// What SQLDriverConnect is to be given.
 struct OdbcString {
@@ -30,4 +30,4 @@ struct LogIn {
 /// The same connection string, of either form, for another database of the server.
 [[nodiscard]] std::string withDatabase(std::string_view connectionString, std::string_view database);
 
-} // namespace inin
+} // namespace inin::odbc

@@ -1,7 +1,7 @@
 #include "adapters/odbc/jet_dao.h"
 #include "adapters/odbc/mdb_driver.h"
 
-namespace inin {
+namespace inin::odbc {
 
 std::string jetDriver()
 {
@@ -13,4 +13,4 @@ DaoAccess jetAccess()
     return DaoAccess::readOnly;
 }
 
-} // namespace inin
+} // namespace inin::odbc

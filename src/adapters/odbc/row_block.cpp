@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -155,4 +155,4 @@ Variant RowBlock::value(std::size_t row, std::size_t column) const
     return valueOf(own, bound.cells.data() + row * own.width, static_cast<std::size_t>(length));
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 /// The rows of a statement as they come from the driver, a block at a time. Columns up to the first long one are bound
 /// to row arrays; where there is a long one, rows come singly, and from there on each value is fetched once, in order
@@ -49,4 +49,4 @@ private:
     std::vector<DiagnosticRecord> m_failure;
 };
 
-} // namespace inin
+} // namespace inin::odbc

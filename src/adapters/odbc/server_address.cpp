@@ -6,7 +6,7 @@
 #include <array>
 #include <charconv>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -69,4 +69,4 @@ std::string microsoftServer(const ServerAddress &address)
     return text;
 }
 
-} // namespace inin
+} // namespace inin::odbc

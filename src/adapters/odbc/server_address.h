@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::odbc {
 
 /// Where a server listens, as a Data Source names it: `tcp:HOST\INSTANCE,PORT`, each part but the host left out at will.
 struct ServerAddress {
@@ -20,4 +20,4 @@ struct ServerAddress {
 /// As Microsoft's drivers take it.
 [[nodiscard]] std::string microsoftServer(const ServerAddress &address);
 
-} // namespace inin
+} // namespace inin::odbc

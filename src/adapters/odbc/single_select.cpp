@@ -1,6 +1,6 @@
 #include "adapters/odbc/single_select.h"
 
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -196,4 +196,4 @@ std::string singleSelectProblem(std::string_view sql)
     return Reader(sql).problem();
 }
 
-} // namespace inin
+} // namespace inin::odbc

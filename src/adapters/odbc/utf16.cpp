@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace inin {
+namespace inin::odbc {
 
 namespace {
 
@@ -91,4 +91,4 @@ std::string utf8FromUtf16(std::u16string_view units)
     return text;
 }
 
-} // namespace inin
+} // namespace inin::odbc

@@ -1,6 +1,6 @@
 #include "adapters/odbc/jet_dao.h"
 
-namespace inin {
+namespace inin::odbc {
 
 std::string jetDriver()
 {
@@ -12,4 +12,4 @@ DaoAccess jetAccess()
     return DaoAccess::readWrite;
 }
 
-} // namespace inin
+} // namespace inin::odbc

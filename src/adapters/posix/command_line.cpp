@@ -1,7 +1,8 @@
 #include "adapters/posix/command_line.h"
 
-#include "adapters/posix/posix_io.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
+#include "system/file_path.h"
+#include "system/posix_io.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,5 +1,5 @@
-#include "adapters/common/no_automation.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
+#include "adapters/native/no_automation.h"
 
 namespace inin {
 

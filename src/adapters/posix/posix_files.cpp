@@ -1,8 +1,9 @@
-#include "adapters/common/output_buffer.h"
-#include "adapters/posix/directory_search.h"
-#include "adapters/posix/posix_io.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "runtime/runtime_error.h"
+#include "system/directory_search.h"
+#include "system/file_path.h"
+#include "system/output_buffer.h"
+#include "system/posix_io.h"
 
 #include <algorithm>
 #include <cerrno>

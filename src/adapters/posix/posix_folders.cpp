@@ -1,8 +1,9 @@
 #include "adapters/posix/posix_folders.h"
 
-#include "adapters/posix/posix_io.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "runtime/runtime_error.h"
+#include "system/file_path.h"
+#include "system/posix_io.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include "adapters/suite_text/code_page_932.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
+#include "suite_text/code_page_932.h"
 
 namespace inin {
 

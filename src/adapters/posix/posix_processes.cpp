@@ -1,8 +1,8 @@
-#include "adapters/common/web_address.h"
+#include "adapters/native/native_platform.h"
 #include "adapters/posix/command_line.h"
-#include "adapters/posix/posix_io.h"
-#include "adapters/system/system_platform.h"
 #include "runtime/runtime_error.h"
+#include "system/posix_io.h"
+#include "system/web_address.h"
 
 #include <algorithm>
 #include <array>

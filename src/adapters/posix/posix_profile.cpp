@@ -1,9 +1,10 @@
-#include "adapters/posix/posix_io.h"
-#include "adapters/posix/posix_replacement.h"
-#include "adapters/suite_text/code_page_932.h"
-#include "adapters/suite_text/profile_text.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "platform/settings_limit.h"
+#include "suite_text/code_page_932.h"
+#include "suite_text/profile_text.h"
+#include "system/file_path.h"
+#include "system/posix_io.h"
+#include "system/posix_replacement.h"
 
 #include <cerrno>
 #include <climits>

@@ -1,7 +1,7 @@
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/view_registry.h"
 
-namespace inin {
+namespace inin::qt {
 
 /// The picture's size is the form's own matter.
 void layOutBack(FormWindow &window)
@@ -14,4 +14,4 @@ void layOutBack(FormWindow &window)
     window.widget("ImgWall").setAccessibleName(QObject::tr("背景の絵"));
 }
 
-} // namespace inin
+} // namespace inin::qt

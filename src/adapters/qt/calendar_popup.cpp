@@ -1,8 +1,8 @@
 #include "adapters/qt/calendar_popup.h"
 
-#include "adapters/qt/era_date_text.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/theme.h"
+#include "screen/era_date_text.h"
 
 #include <QCalendarWidget>
 #include <QGridLayout>
@@ -13,7 +13,7 @@
 #include <QTextCharFormat>
 #include <QToolButton>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -42,7 +42,7 @@ QToolButton *pageButton(Qt::ArrowType arrow, const char *name, QWidget *parent)
     button->setArrowType(arrow);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
-    button->setAccessibleName(inin::toQt(name));
+    button->setAccessibleName(qt::toQt(name));
     return button;
 }
 
@@ -100,7 +100,7 @@ void CalendarPopup::openBelow(const QWidget &box)
 
 void CalendarPopup::showTitle()
 {
-    m_title->setText(inin::toQt(monthTitle(m_calendar->yearShown(), m_calendar->monthShown())));
+    m_title->setText(qt::toQt(monthTitle(m_calendar->yearShown(), m_calendar->monthShown())));
 }
 
 void CalendarPopup::choose(const QDate &day)
@@ -125,4 +125,4 @@ bool CalendarPopup::eventFilter(QObject *watched, QEvent *event)
     return QFrame::eventFilter(watched, event);
 }
 
-} // namespace inin
+} // namespace inin::qt

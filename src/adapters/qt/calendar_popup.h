@@ -9,7 +9,7 @@
 class QCalendarWidget;
 class QLabel;
 
-namespace inin {
+namespace inin::qt {
 
 /// A month to choose a day from, with its era and its western year above. Deletes itself when it is closed.
 class CalendarPopup : public QFrame {
@@ -29,4 +29,4 @@ private:
     QLabel *m_title = nullptr;             ///< owned by the popup
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 constexpr int kOutlineAlpha = 150;
@@ -103,4 +103,4 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
         drawIndicatorOutline(*option, *painter, isRound);
 }
 
-} // namespace inin
+} // namespace inin::qt

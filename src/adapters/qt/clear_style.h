@@ -2,7 +2,7 @@
 
 #include <QProxyStyle>
 
-namespace inin {
+namespace inin::qt {
 
 /// The style of all windows. It differs from the style below it in four things: a menu that the keys have reached in its
 /// bar is marked like an open one; on a dark desktop options and check boxes have a visible outline; a group box shows the
@@ -16,4 +16,4 @@ public:
                        const QWidget *widget) const override;
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -10,7 +10,7 @@
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/theme.h"
 #include "adapters/qt/units.h"
-#include "platform/grid.h"
+#include "screen/grid.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,7 +20,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -219,4 +219,4 @@ void ControlMirror::visit(Grid &control)
     keep(control, view, [view] { view->refresh(); });
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "adapters/qt/view_services.h"
-#include "platform/controls.h"
+#include "screen/controls.h"
 
 #include <QWidget>
 
 #include <functional>
 #include <map>
 
-namespace inin {
+namespace inin::qt {
 
 /// Makes a widget for each control record and keeps the two alike: what is assigned to the record shows in the widget, what
 /// a person does to the widget is assigned to the record or raises its event. There is no rule here. Menu entries have
@@ -52,4 +52,4 @@ private:
     std::vector<std::function<void()>> m_refreshers;
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -11,7 +11,7 @@
 #include <QTimer>
 #include <QToolTip>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -218,4 +218,4 @@ QSize DateEdit::sizeHint() const
     return {text + 2 * (usual.height() - 4) + kMargins, usual.height()};
 }
 
-} // namespace inin
+} // namespace inin::qt

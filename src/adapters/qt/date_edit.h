@@ -1,15 +1,15 @@
 #pragma once
 
-#include "adapters/qt/era_date_text.h"
 #include "adapters/qt/typed_box.h"
 #include "runtime/variant.h"
+#include "screen/era_date_text.h"
 
 #include <functional>
 #include <string>
 
 class QAction;
 
-namespace inin {
+namespace inin::qt {
 
 /// A box for a date that takes whatever a person types and shows it with its era. Up and down step the part under the
 /// cursor, page up and page down the month, Ctrl+; is today, Alt+Down opens a calendar. Empty is Null. A text that cannot be
@@ -60,4 +60,4 @@ private:
     bool m_isTyped = false;    ///< something was typed that has not been read yet
 };
 
-} // namespace inin
+} // namespace inin::qt

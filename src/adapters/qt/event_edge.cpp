@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace inin {
+namespace inin::qt {
 
 void EventEdge::run(const std::function<void()> &procedure)
 {
@@ -54,4 +54,4 @@ void EventEdge::throwKept()
     if (m_kept) std::rethrow_exception(std::exchange(m_kept, nullptr));
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -8,7 +8,7 @@
 
 class QEventLoop;
 
-namespace inin {
+namespace inin::qt {
 
 class TypedBox;
 
@@ -37,4 +37,4 @@ private:
     std::vector<QPointer<TypedBox>> m_boxes;
 };
 
-} // namespace inin
+} // namespace inin::qt

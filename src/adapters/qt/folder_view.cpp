@@ -8,7 +8,7 @@
 #include <QGridLayout>
 #include <QStyle>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -57,4 +57,4 @@ void layOutSelFolder(FormWindow &window)
     for (const char *button : {"cmdOK", "cmdCancel"}) window.widget(button).setMinimumSize(kButtonWidth, kButtonHeight);
 }
 
-} // namespace inin
+} // namespace inin::qt

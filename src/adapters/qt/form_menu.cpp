@@ -12,7 +12,7 @@
 
 #include <map>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -77,4 +77,4 @@ QMenuBar *makeFormMenu(Form &form, const ViewServices &services, QWidget *parent
     return bar;
 }
 
-} // namespace inin
+} // namespace inin::qt

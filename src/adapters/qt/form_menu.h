@@ -1,15 +1,15 @@
 #pragma once
 
 #include "adapters/qt/view_services.h"
-#include "platform/form.h"
+#include "screen/form.h"
 
 class QMenuBar;
 class QWidget;
 
-namespace inin {
+namespace inin::qt {
 
 /// The form's menu entries as a menu bar, nullptr when the form has none. The bar is owned by `parent`. Short-cut keys are
 /// only shown: the form itself deals them out.
 [[nodiscard]] QMenuBar *makeFormMenu(Form &form, const ViewServices &services, QWidget *parent);
 
-} // namespace inin
+} // namespace inin::qt

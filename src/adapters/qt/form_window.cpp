@@ -21,7 +21,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -207,4 +207,4 @@ void FormWindow::resizeEvent(QResizeEvent *event)
     });
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -2,13 +2,13 @@
 
 #include "adapters/qt/control_mirror.h"
 #include "adapters/qt/view_services.h"
-#include "platform/form.h"
+#include "screen/form.h"
 
 #include <QWidget>
 
 #include <functional>
 
-namespace inin {
+namespace inin::qt {
 
 /// A form on the screen. It mirrors the form's attributes and raises its events; how the controls stand is the matter of
 /// the form's view (see view_registry.h). The form must outlive every event, not the window itself.
@@ -62,4 +62,4 @@ private:
     Sizing m_sizing = Sizing::free;
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -1,9 +1,9 @@
 #include "adapters/qt/grid_model.h"
 
 #include "adapters/qt/qt_text.h"
-#include "platform/grid.h"
+#include "screen/grid.h"
 
-namespace inin {
+namespace inin::qt {
 
 int GridModel::rowCount(const QModelIndex &parent) const
 {
@@ -53,4 +53,4 @@ void GridModel::readAnew()
     endResetModel();
 }
 
-} // namespace inin
+} // namespace inin::qt

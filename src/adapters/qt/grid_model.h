@@ -3,8 +3,13 @@
 #include <QAbstractTableModel>
 
 namespace inin {
-
 class Grid;
+}
+
+namespace inin::qt {
+}
+
+namespace inin::qt {
 
 /// A grid record as a table of the toolkit: nothing is copied, a cell is read when it is painted.
 class GridModel : public QAbstractTableModel {
@@ -25,4 +30,4 @@ private:
     int m_rows = 0; ///< as many as the view has been told of
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -5,7 +5,7 @@
 
 #include <QGridLayout>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -41,4 +41,4 @@ void placeInGrids(FormWindow &window, std::span<const GridPlace> places)
     }
 }
 
-} // namespace inin
+} // namespace inin::qt

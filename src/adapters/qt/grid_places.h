@@ -4,7 +4,7 @@
 
 class QGridLayout;
 
-namespace inin {
+namespace inin::qt {
 
 class FormWindow;
 
@@ -22,4 +22,4 @@ void placeInGrids(FormWindow &window, std::span<const GridPlace> places);
 /// The grid of a frame, made if it has none.
 [[nodiscard]] QGridLayout &gridOfFrame(FormWindow &window, const char *frame);
 
-} // namespace inin
+} // namespace inin::qt

@@ -1,14 +1,14 @@
 #include "adapters/qt/grid_view.h"
 
 #include "adapters/qt/grid_model.h"
-#include "platform/grid.h"
+#include "screen/grid.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 constexpr int kCellMargin = 12;
@@ -108,4 +108,4 @@ void GridView::keyPressEvent(QKeyEvent *event)
     QTableView::keyPressEvent(event);
 }
 
-} // namespace inin
+} // namespace inin::qt

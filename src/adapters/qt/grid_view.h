@@ -7,8 +7,14 @@
 #include <cstdint>
 
 namespace inin {
-
 class Grid;
+}
+
+namespace inin::qt {
+}
+
+namespace inin::qt {
+
 class GridModel;
 
 /// A grid record on the screen. Rows are chosen whole and one at a time; the order is the statement's, so the header does
@@ -37,4 +43,4 @@ private:
     bool m_isRefreshing = false;
 };
 
-} // namespace inin
+} // namespace inin::qt

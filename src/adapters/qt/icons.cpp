@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -112,4 +112,4 @@ QIcon calendarIcon(const QPalette &palette)
     return QIcon(new LineIcon(calendar(), palette));
 }
 
-} // namespace inin
+} // namespace inin::qt

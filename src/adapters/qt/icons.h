@@ -3,7 +3,7 @@
 #include <QIcon>
 #include <QPalette>
 
-namespace inin {
+namespace inin::qt {
 
 // Drawn with lines in the letters' colour, so that they are sharp at every scale and readable on every desktop.
 [[nodiscard]] QIcon printIcon(const QPalette &palette);
@@ -11,4 +11,4 @@ namespace inin {
 [[nodiscard]] QIcon backIcon(const QPalette &palette);
 [[nodiscard]] QIcon calendarIcon(const QPalette &palette);
 
-} // namespace inin
+} // namespace inin::qt

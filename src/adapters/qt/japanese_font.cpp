@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -64,4 +64,4 @@ QFont japaneseFont(const QFont &desktop)
     return font;
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -6,7 +6,7 @@
 #include <future>
 #include <stdexcept>
 
-namespace inin {
+namespace inin::qt {
 
 /// The system has no letters for Japanese text. The words say what to install.
 class NoJapaneseFont : public std::runtime_error {
@@ -35,4 +35,4 @@ private:
 /// The desktop's own font when it has Japanese letters, else the best one that the system has, at the same size.
 [[nodiscard]] QFont japaneseFont(const QFont &desktop);
 
-} // namespace inin
+} // namespace inin::qt

@@ -4,7 +4,7 @@
 
 #include <QKeyEvent>
 
-namespace inin {
+namespace inin::qt {
 
 std::int16_t keyCode(const QKeyEvent &event)
 {
@@ -22,4 +22,4 @@ QString keyText(std::int16_t code)
     return QStringLiteral("F%1").arg(code - kF1Key + 1);
 }
 
-} // namespace inin
+} // namespace inin::qt

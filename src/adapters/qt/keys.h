@@ -6,7 +6,7 @@
 
 class QKeyEvent;
 
-namespace inin {
+namespace inin::qt {
 
 /// The runtime's code of the return key, the escape key or a function key (see key_codes.h), 0 for any other key and for
 /// one with Ctrl, Alt or the like.
@@ -14,4 +14,4 @@ namespace inin {
 /// What a menu shows for a code, empty for 0.
 [[nodiscard]] QString keyText(std::int16_t code);
 
-} // namespace inin
+} // namespace inin::qt

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -80,4 +80,4 @@ void NumberEdit::takeText(const QString &text)
     if (onEdited) onEdited(m_value);
 }
 
-} // namespace inin
+} // namespace inin::qt

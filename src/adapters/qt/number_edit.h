@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-namespace inin {
+namespace inin::qt {
 
 /// A box for a whole number: digits only, full-width digits are taken as digits, empty is Null. A number beyond the upper
 /// limit or 32 bits cannot be typed.
@@ -34,4 +34,4 @@ private:
     Variant m_value = Null{};
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace inin {
+namespace inin::qt {
 
 OpenList::OpenList(QWidget *parent) : QListWidget(parent)
 {
@@ -34,4 +34,4 @@ void OpenList::setDress(const ListBox &list, std::function<void(QListWidgetItem 
     for (int index = 0; index < count(); ++index) m_dress(*item(index), list, index);
 }
 
-} // namespace inin
+} // namespace inin::qt

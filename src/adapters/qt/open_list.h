@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/controls.h"
+#include "screen/controls.h"
 
 #include <QListWidget>
 
 #include <functional>
 
-namespace inin {
+namespace inin::qt {
 
 /// The widget of a list that shows all its items under one another.
 class OpenList : public QListWidget {
@@ -23,4 +23,4 @@ private:
     std::function<void(QListWidgetItem &item, const ListBox &list, int index)> m_dress;
 };
 
-} // namespace inin
+} // namespace inin::qt

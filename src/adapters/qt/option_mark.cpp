@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-namespace inin {
+namespace inin::qt {
 
 OptionMark::OptionMark(QWidget *parent) : QRadioButton(parent)
 {
@@ -37,4 +37,4 @@ void OptionMark::walk(int step)
     next->click();
 }
 
-} // namespace inin
+} // namespace inin::qt

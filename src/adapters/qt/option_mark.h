@@ -2,7 +2,7 @@
 
 #include <QRadioButton>
 
-namespace inin {
+namespace inin::qt {
 
 /// A radio button whose group is kept elsewhere, by the control record. Each is a stop of the tab key; the arrows walk and
 /// mark the options of the same frame.
@@ -19,4 +19,4 @@ private:
     void walk(int step);
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QTimer>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 /// Milliseconds. Smoothing a wallpaper takes long, and the next window of a start is not to wait for it.
@@ -43,4 +43,4 @@ void PictureBox::smoothLater()
     });
 }
 
-} // namespace inin
+} // namespace inin::qt

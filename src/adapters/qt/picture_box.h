@@ -3,7 +3,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-namespace inin {
+namespace inin::qt {
 
 /// A picture stretched over its whole widget; its proportions are not kept. The first paint at a size is quick and rough,
 /// so that a start does not wait for a wallpaper; the smooth one follows when nothing else is to be done.
@@ -25,4 +25,4 @@ private:
     bool m_isPlanned = false;
 };
 
-} // namespace inin
+} // namespace inin::qt

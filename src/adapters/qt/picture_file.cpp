@@ -5,7 +5,7 @@
 
 #include <QFile>
 
-namespace inin {
+namespace inin::qt {
 
 QPixmap pictureOf(const std::string &systemPath)
 {
@@ -18,4 +18,4 @@ QPixmap pictureOf(const std::string &systemPath)
     return picture;
 }
 
-} // namespace inin
+} // namespace inin::qt

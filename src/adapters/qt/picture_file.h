@@ -4,9 +4,9 @@
 
 #include <string>
 
-namespace inin {
+namespace inin::qt {
 
 /// The picture of a file, null when it cannot be painted.
 [[nodiscard]] QPixmap pictureOf(const std::string &systemPath);
 
-} // namespace inin
+} // namespace inin::qt

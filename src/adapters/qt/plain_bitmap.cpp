@@ -2,7 +2,7 @@
 
 #include <QtEndian>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -57,4 +57,4 @@ QImage plainBitmap(const QByteArray &file)
     return picture;
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -1,11 +1,11 @@
 #include "adapters/qt/pointer_shape.h"
 
-#include "platform/form.h"
+#include "screen/form.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 
-namespace inin {
+namespace inin::qt {
 
 void setPointerShape(std::int16_t kind)
 {
@@ -24,4 +24,4 @@ UsualPointer::~UsualPointer()
     if (m_wasBusy) setPointerShape(kPointerHourglass);
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace inin {
+namespace inin::qt {
 
 /// The mouse pointer over all windows of the program: kPointerHourglass, or anything else for the usual one.
 void setPointerShape(std::int16_t kind);
@@ -19,4 +19,4 @@ private:
     bool m_wasBusy;
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -164,4 +164,4 @@ void layOutPrintInin(FormWindow &window)
     stackFrames(window);
 }
 
-} // namespace inin
+} // namespace inin::qt

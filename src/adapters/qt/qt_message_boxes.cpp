@@ -7,7 +7,7 @@
 #include <QClipboard>
 #include <QShortcut>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -63,4 +63,4 @@ int QtMessageBoxes::pressed(QMessageBox::StandardButtons buttons, const std::str
     return button;
 }
 
-} // namespace inin
+} // namespace inin::qt

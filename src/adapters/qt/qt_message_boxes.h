@@ -5,7 +5,7 @@
 
 #include <QMessageBox>
 
-namespace inin {
+namespace inin::qt {
 
 /// Boxes over the window that a person works in. Line ends are CR, LF or both.
 class QtMessageBoxes : public MessageBoxes {
@@ -26,4 +26,4 @@ private:
     std::function<void()> m_beforeText;
 };
 
-} // namespace inin
+} // namespace inin::qt

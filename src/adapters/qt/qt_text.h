@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::qt {
 
 inline QString toQt(std::string_view text)
 {
@@ -27,4 +27,4 @@ inline std::string fromQt(const QString &text)
     return text.toStdString();
 }
 
-} // namespace inin
+} // namespace inin::qt

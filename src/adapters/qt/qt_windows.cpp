@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -169,4 +169,4 @@ FormWindow *QtWindows::topWindow() const
     return m_windows.empty() ? nullptr : m_windows.back().get();
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -3,11 +3,12 @@
 #include "adapters/qt/view_services.h"
 #include "platform/files.h"
 #include "platform/windows.h"
+#include "screen/form.h"
 
 #include <memory>
 #include <vector>
 
-namespace inin {
+namespace inin::qt {
 
 class FormWindow;
 
@@ -43,4 +44,4 @@ private:
     const FormWindow *m_active = nullptr;
 };
 
-} // namespace inin
+} // namespace inin::qt

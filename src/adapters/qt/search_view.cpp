@@ -13,7 +13,7 @@
 
 #include <span>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -138,4 +138,4 @@ void layOutStaffSearch(FormWindow &window)
     window.setPreferredSize({860, 520});
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace inin {
+namespace inin::qt {
 
 // What a person is told in the words of the system that the program runs on.
 
@@ -9,4 +9,4 @@ extern const char *const kWhatToInstall;
 /// A line for the standard error.
 extern const char *const kNoScreen;
 
-} // namespace inin
+} // namespace inin::qt

@@ -6,7 +6,7 @@
 #include <QStyleFactory>
 #include <QWidget>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -86,4 +86,4 @@ void markReading(QWidget &box, Reading reading)
     box.setPalette(own);
 }
 
-} // namespace inin
+} // namespace inin::qt

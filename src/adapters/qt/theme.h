@@ -9,7 +9,7 @@
 class QApplication;
 class QWidget;
 
-namespace inin {
+namespace inin::qt {
 
 /// One look for all windows: one style on every desktop, its colours light or dark as the desktop's are. The letters come
 /// later, by FontReading.
@@ -29,4 +29,4 @@ enum class Reading { plain, doubtful, unreadable };
 /// Colours a box by how its text was read.
 void markReading(QWidget &box, Reading reading);
 
-} // namespace inin
+} // namespace inin::qt

@@ -4,7 +4,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-namespace inin {
+namespace inin::qt {
 
 void useJapaneseWords(QApplication &application)
 {
@@ -13,4 +13,4 @@ void useJapaneseWords(QApplication &application)
         QApplication::installTranslator(words);
 }
 
-} // namespace inin
+} // namespace inin::qt

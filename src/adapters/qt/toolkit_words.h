@@ -2,9 +2,9 @@
 
 class QApplication;
 
-namespace inin {
+namespace inin::qt {
 
 /// The toolkit's own words (the buttons of its boxes, the menus of its text boxes) in Japanese, where the system has them.
 void useJapaneseWords(QApplication &application);
 
-} // namespace inin
+} // namespace inin::qt

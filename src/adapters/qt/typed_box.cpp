@@ -2,7 +2,7 @@
 
 #include <QFocusEvent>
 
-namespace inin {
+namespace inin::qt {
 
 void TypedBox::focusOutEvent(QFocusEvent *event)
 {
@@ -11,4 +11,4 @@ void TypedBox::focusOutEvent(QFocusEvent *event)
     QLineEdit::focusOutEvent(event);
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-namespace inin {
+namespace inin::qt {
 
 /// An edit box that reads its text as a whole, not at each key: when the box is left, and before each event of a form
 /// (see EventEdge).
@@ -16,4 +16,4 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace inin {
+namespace inin::qt {
 
 /// The forms count in twips; a logical pixel of the toolkit, which scales with the desktop, is 15 of them.
 inline constexpr int kTwipsPerPixel = 15;
@@ -16,4 +16,4 @@ inline constexpr int kTwipsPerPixel = 15;
     return pixels * kTwipsPerPixel;
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -10,7 +10,7 @@
 #include <QPixmap>
 #include <QVBoxLayout>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -81,4 +81,4 @@ void layOutVer(FormWindow &window)
     window.content().setMinimumWidth(kWidth);
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -43,4 +43,4 @@ void layOutForm(FormWindow &window)
     stackControls(window);
 }
 
-} // namespace inin
+} // namespace inin::qt

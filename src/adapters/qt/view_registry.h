@@ -1,6 +1,6 @@
 #pragma once
 
-namespace inin {
+namespace inin::qt {
 
 class FormWindow;
 
@@ -19,4 +19,4 @@ void layOutWaitMsg(FormWindow &window);       ///< frmWaitMsg
 /// Finds the view by the form's name. A form without one gets its controls under one another, so that it can be used.
 void layOutForm(FormWindow &window);
 
-} // namespace inin
+} // namespace inin::qt

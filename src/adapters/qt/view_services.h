@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-namespace inin {
+namespace inin::qt {
 
 /// What the windows ask of the rest of the program.
 struct ViewServices {
@@ -18,4 +18,4 @@ struct ViewServices {
     std::function<void()> beforeText = {};
 };
 
-} // namespace inin
+} // namespace inin::qt

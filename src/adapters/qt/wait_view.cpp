@@ -1,12 +1,12 @@
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/units.h"
 #include "adapters/qt/view_registry.h"
-#include "platform/controls.h"
+#include "screen/controls.h"
 
 #include <QLabel>
 #include <QPointer>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -49,4 +49,4 @@ void layOutWaitMsg(FormWindow &window)
     tellSizes(window);
 }
 
-} // namespace inin
+} // namespace inin::qt

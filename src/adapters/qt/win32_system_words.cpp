@@ -1,6 +1,6 @@
 #include "adapters/qt/system_words.h"
 
-namespace inin {
+namespace inin::qt {
 
 const char *const kWhatToInstall =
     "No Japanese font is installed. Please add the optional feature Japanese Supplemental Fonts.\n"
@@ -8,4 +8,4 @@ const char *const kWhatToInstall =
 /// Seen only by who looks into the standard error; the toolkit shows a box of its own before.
 const char *const kNoScreen = "PrintInin: 画面に接続できません。\n";
 
-} // namespace inin
+} // namespace inin::qt

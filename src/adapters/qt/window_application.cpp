@@ -1,6 +1,6 @@
 #include "adapters/qt/window_application.h"
 
-namespace inin {
+namespace inin::qt {
 
 bool WindowApplication::notify(QObject *receiver, QEvent *event)
 try {
@@ -11,4 +11,4 @@ try {
     return true;
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -5,7 +5,7 @@
 #include <exception>
 #include <functional>
 
-namespace inin {
+namespace inin::qt {
 
 /// The toolkit's application with an edge around every event. Event procedures have their own edge (EventEdge); this one is
 /// for exceptions of the code around them, memory that has run out for example. The toolkit's loops do not survive an
@@ -19,4 +19,4 @@ public:
     bool notify(QObject *receiver, QEvent *event) override;
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -1,10 +1,10 @@
 #include "adapters/script/command_player.h"
 
-#include "platform/grid.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
+#include "screen/grid.h"
 
-namespace inin {
+namespace inin::script {
 
 namespace {
 
@@ -163,4 +163,4 @@ PlayResult playOnControl(Form &form, Control &control, const ScriptCommand &comm
     throw BadCommand(command.line, "the command names no control");
 }
 
-} // namespace inin
+} // namespace inin::script

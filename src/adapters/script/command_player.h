@@ -1,10 +1,10 @@
 #pragma once
 
 #include "adapters/script/command_reader.h"
-#include "platform/form.h"
 #include "runtime/regional.h"
+#include "screen/form.h"
 
-namespace inin {
+namespace inin::script {
 
 enum class PlayResult { done, refused };
 
@@ -14,4 +14,4 @@ enum class PlayResult { done, refused };
 [[nodiscard]] PlayResult playOnControl(Form &form, Control &control, const ScriptCommand &command,
                                        const Regional &regional);
 
-} // namespace inin
+} // namespace inin::script

@@ -3,7 +3,7 @@
 #include <istream>
 #include <string_view>
 
-namespace inin {
+namespace inin::script {
 
 namespace {
 
@@ -151,4 +151,4 @@ std::optional<ScriptCommand> CommandReader::next()
     return std::nullopt;
 }
 
-} // namespace inin
+} // namespace inin::script

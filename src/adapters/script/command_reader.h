@@ -10,7 +10,7 @@
 #include <string>
 #include <utility>
 
-namespace inin {
+namespace inin::script {
 
 /// A command that cannot be played. It ends the play, so it is no RuntimeError that the program could trap.
 class BadCommand : public std::exception {
@@ -58,4 +58,4 @@ private:
     std::size_t m_line = 0;
 };
 
-} // namespace inin
+} // namespace inin::script

@@ -1,10 +1,10 @@
 #include "adapters/script/recording_database.h"
 
-#include "platform/forwarding_database.h"
+#include "adapters/database/forwarding_database.h"
 
 #include <utility>
 
-namespace inin {
+namespace inin::script {
 
 namespace {
 
@@ -79,4 +79,4 @@ std::unique_ptr<Recordset> RecordingDatabase::newRecordset()
     return std::make_unique<RecordingRecordset>(m_inner.newRecordset());
 }
 
-} // namespace inin
+} // namespace inin::script

@@ -3,7 +3,7 @@
 #include "adapters/script/transcript.h"
 #include "platform/database.h"
 
-namespace inin {
+namespace inin::script {
 
 /// Passes everything on to another database and tells sessions and statements. Sessions are counted from 1, one for
 /// each successful Open. A connection string is never told: it may hold a password.
@@ -24,4 +24,4 @@ private:
     int m_sessions = 0;
 };
 
-} // namespace inin
+} // namespace inin::script

@@ -6,7 +6,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace inin {
+namespace inin::script {
 
 double StandingClock::timer()
 {
@@ -58,4 +58,4 @@ std::optional<Date> readMoment(std::string_view text)
     return dateOf(parts);
 }
 
-} // namespace inin
+} // namespace inin::script

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <thread>
 
-namespace inin {
+namespace inin::script {
 
 /// A clock that stands still at a given moment. Its timer starts there and runs on: a wait must come to its end.
 class StandingClock : public Clock {
@@ -20,4 +20,4 @@ private:
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 
-} // namespace inin
+} // namespace inin::script

@@ -1,11 +1,11 @@
 #include "adapters/script/script_platform.h"
 
+#include "adapters/native/native_platform.h"
 #include "adapters/script/script_clock.h"
-#include "adapters/system/system_platform.h"
 
 #include <stdexcept>
 
-namespace inin {
+namespace inin::script {
 
 void ScriptBoxes::show(const std::string &text, Icon icon, const std::string &title)
 {
@@ -70,4 +70,4 @@ Platform ScriptPlatform::platform()
     return {m_boxes, m_windows, m_database, *m_profile, *m_files, m_processes, *m_clock, *m_locale, *m_automation};
 }
 
-} // namespace inin
+} // namespace inin::script

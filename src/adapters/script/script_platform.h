@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace inin {
+namespace inin::script {
 
 /// Thrown by the end statement. No RuntimeError, so that nothing in the program traps it.
 struct ScriptEnded {};
@@ -60,4 +60,4 @@ private:
     ScriptWindows m_windows;
 };
 
-} // namespace inin
+} // namespace inin::script

@@ -5,7 +5,7 @@
 
 #include <ostream>
 
-namespace inin {
+namespace inin::script {
 
 namespace {
 
@@ -44,4 +44,4 @@ int playScript(const ScriptOptions &options, const ScriptStreams &streams, Datab
     return kPlayBroke;
 }
 
-} // namespace inin
+} // namespace inin::script

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::script {
 
 /// What `inin-script` was told on its command line.
 struct ScriptOptions {
@@ -37,4 +37,4 @@ inline constexpr int kBadCommand = 2;
 /// Reads "YYYY-MM-DD HH:MM:SS"; nothing for any other form and for a day or time that does not exist.
 [[nodiscard]] std::optional<Date> readMoment(std::string_view text);
 
-} // namespace inin
+} // namespace inin::script

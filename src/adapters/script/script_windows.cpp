@@ -3,13 +3,13 @@
 #include "adapters/script/command_player.h"
 #include "adapters/script/state_writer.h"
 #include "common/picture.h"
-#include "platform/grid.h"
 #include "runtime/runtime_error.h"
+#include "screen/grid.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-namespace inin {
+namespace inin::script {
 
 namespace {
 /// How often a form may refuse its control box after the last command before the play is given up.
@@ -128,4 +128,4 @@ Control *ScriptWindows::activeControl(Form &form)
     return found != m_focus.end() ? found->second : nullptr;
 }
 
-} // namespace inin
+} // namespace inin::script

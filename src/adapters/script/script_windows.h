@@ -5,10 +5,11 @@
 #include "platform/files.h"
 #include "platform/windows.h"
 #include "runtime/regional.h"
+#include "screen/form.h"
 
 #include <map>
 
-namespace inin {
+namespace inin::script {
 
 /// Forms without a screen: what a modal form's user does comes from the commands. A command goes to the topmost modal
 /// form, which is the one that reads. At the end of the commands the control box is pressed again and again.
@@ -44,4 +45,4 @@ private:
     std::map<const Form *, Control *> m_focus;
 };
 
-} // namespace inin
+} // namespace inin::script

@@ -1,13 +1,13 @@
 #include "adapters/script/state_writer.h"
 
-#include "platform/grid.h"
 #include "runtime/conversion.h"
+#include "screen/grid.h"
 
 #include <cstdio>
 #include <type_traits>
 #include <variant>
 
-namespace inin {
+namespace inin::script {
 
 namespace {
 
@@ -126,4 +126,4 @@ Json stateEvent(const Form &form, const Regional &regional)
     return state;
 }
 
-} // namespace inin
+} // namespace inin::script

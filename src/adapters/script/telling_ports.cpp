@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-namespace inin {
+namespace inin::script {
 
 void TellingBoxes::show(const std::string &text, Icon icon, const std::string &title)
 {
@@ -62,4 +62,4 @@ void TellingWindows::beep()
     m_inner.beep();
 }
 
-} // namespace inin
+} // namespace inin::script

@@ -4,8 +4,9 @@
 #include "platform/message_boxes.h"
 #include "platform/processes.h"
 #include "platform/windows.h"
+#include "screen/form.h"
 
-namespace inin {
+namespace inin::script {
 
 // Ports that pass everything on to other ones and tell of it in a transcript, in the words of a played script. With them
 // the desktop program leaves the same trail as a play.
@@ -52,4 +53,4 @@ private:
     Windows &m_inner;
 };
 
-} // namespace inin
+} // namespace inin::script

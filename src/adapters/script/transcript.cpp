@@ -7,7 +7,7 @@
 #include <ostream>
 #include <string_view>
 
-namespace inin {
+namespace inin::script {
 
 void Transcript::write(const Json &event)
 {
@@ -89,4 +89,4 @@ bool Transcript::isBroken() const
     return m_out.fail();
 }
 
-} // namespace inin
+} // namespace inin::script

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/form.h"
 #include "platform/message_boxes.h"
 #include "platform/processes.h"
+#include "screen/form.h"
 
 #include <nlohmann/json.hpp>
 
@@ -10,7 +10,7 @@
 #include <iosfwd>
 #include <string>
 
-namespace inin {
+namespace inin::script {
 
 /// Keeps its keys in the order in which they were put.
 using Json = nlohmann::ordered_json;
@@ -47,4 +47,4 @@ private:
     bool m_closed = false;
 };
 
-} // namespace inin
+} // namespace inin::script

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -57,4 +57,4 @@ std::string ConnectionString::value(std::string_view key) const
     return found == m_values.end() ? std::string() : found->second;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

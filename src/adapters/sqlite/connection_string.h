@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// A parsed ADO connection string: `key = value; …`. Blanks around keys and values are ignored; a value may be in "…"
 /// or '…', with its quote doubled inside.
@@ -18,4 +18,4 @@ private:
     std::map<std::string, std::string> m_values;
 };
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// The VFS to open a database with: on Windows the one without the path limit of 260 characters, else the default.
 inline const char *databaseFileCalls()
@@ -11,4 +11,4 @@ inline const char *databaseFileCalls()
     return sqlite3_vfs_find(kUnlimited) == nullptr ? nullptr : kUnlimited;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// Detects that a file was replaced by another of the same name or written to, as far as the time of the last write
 /// shows it. On Windows an open database can be neither replaced nor deleted, so device and number are 0 there.
@@ -19,4 +19,4 @@ struct FileIdentity {
 /// Nothing when the path is not a regular file.
 [[nodiscard]] std::optional<FileIdentity> fileIdentity(const std::string &path);
 
-} // namespace inin
+} // namespace inin::sqlite

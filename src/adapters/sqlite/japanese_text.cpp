@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -410,4 +410,4 @@ bool LikePattern::matches(std::string_view text) const
     return element == m_elements.size();
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-namespace inin {
+namespace inin::sqlite {
 
 std::optional<FileIdentity> fileIdentity(const std::string &path)
 {
@@ -13,4 +13,4 @@ std::optional<FileIdentity> fileIdentity(const std::string &path)
                         status.st_mtim.tv_sec * kNanosecondsPerSecond + status.st_mtim.tv_nsec};
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -5,7 +5,7 @@
 #include <array>
 #include <utility>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -103,4 +103,4 @@ SqlExpression SqlRewriter::convertCall(const std::vector<SqlExpression> &argumen
     return {{}, text, ColumnKind::text};
 }
 
-} // namespace inin
+} // namespace inin::sqlite

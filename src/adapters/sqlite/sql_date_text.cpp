@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -176,4 +176,4 @@ int compareDateTexts(std::string_view a, std::string_view b)
     return significant(a).compare(significant(b));
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// A point in time as a range of texts in a date column. A column contains "YYYY-MM-DD HH:MM:SS", the date alone, or a
 /// fraction after the seconds. As plain texts, all formats of one point in time sort from `lowest` to `highest`, so
@@ -30,4 +30,4 @@ struct SqlMoment {
 /// Compares two values of date columns: a missing time is midnight, trailing zeros of a fraction are ignored.
 [[nodiscard]] int compareDateTexts(std::string_view a, std::string_view b);
 
-} // namespace inin
+} // namespace inin::sqlite

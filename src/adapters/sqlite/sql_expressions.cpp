@@ -7,7 +7,7 @@
 #include <array>
 #include <utility>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -327,4 +327,4 @@ std::string SqlRewriter::stored(const SqlExpression &expression, ColumnKind targ
     return expression.gap + quotedText(moment.value_or(SqlMoment{}).stored);
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -6,7 +6,7 @@
 #include <array>
 #include <iterator>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -155,4 +155,4 @@ ColumnKind StatementTables::kindOf(std::string_view qualifier, std::string_view 
     return table == nullptr ? ColumnKind::unknown : kindIn(*table->columns, lowerColumn);
 }
 
-} // namespace inin
+} // namespace inin::sqlite

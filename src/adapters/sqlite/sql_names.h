@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 #include "adapters/sqlite/sql_schema.h"
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// A reserved word, which is never a name unless it is quoted or follows a dot.
 [[nodiscard]] bool isSqlKeyword(const Token &token);
@@ -46,4 +46,4 @@ private:
     std::vector<std::size_t> m_parents{0}; ///< indexed by scope
 };
 
-} // namespace inin
+} // namespace inin::sqlite

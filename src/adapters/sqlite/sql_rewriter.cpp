@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -242,4 +242,4 @@ bool SqlRewriter::assignment(Frame &frame)
     return true;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 #include "adapters/sqlite/sql_names.h"
 #include "adapters/sqlite/sql_schema.h"
 #include "adapters/sqlite/sql_translator.h"
@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::sqlite {
 
 // The names under which a connection registers the collations.
 inline constexpr std::string_view kTextCollation = "ININ_JA";
@@ -119,4 +119,4 @@ private:
     ResultKinds m_results;
 };
 
-} // namespace inin
+} // namespace inin::sqlite

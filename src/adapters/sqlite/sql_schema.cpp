@@ -2,7 +2,7 @@
 
 #include "runtime/text.h"
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -46,4 +46,4 @@ ColumnKind kindIn(const SqlSchema::Columns &columns, std::string_view lowerName)
     return ColumnKind::unknown;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// The kinds of columns and expressions that the translation and the reading of values distinguish.
 enum class ColumnKind : std::uint8_t { unknown, number, text, date, binary };
@@ -35,4 +35,4 @@ private:
 /// The kind of a column; unknown when there is no column of that name.
 [[nodiscard]] ColumnKind kindIn(const SqlSchema::Columns &columns, std::string_view lowerName);
 
-} // namespace inin
+} // namespace inin::sqlite

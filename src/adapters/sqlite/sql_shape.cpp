@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <optional>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -60,4 +60,4 @@ SqlShape shapeOf(std::vector<Token> tokens)
     return shape;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// A statement whose compared integers are replaced by parameters. The suite inserts such numbers into its statements,
 /// so queries for one patient after another have the same shape and share one prepared statement.
@@ -18,4 +18,4 @@ struct SqlShape {
 
 [[nodiscard]] SqlShape shapeOf(std::vector<Token> tokens);
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -7,7 +7,7 @@
 #include <array>
 #include <cstddef>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -113,4 +113,4 @@ Translation translateSql(std::string_view sqlServerText, const SqlSchema &schema
     return translateSql(tokenizeSql(sqlServerText), schema);
 }
 
-} // namespace inin
+} // namespace inin::sqlite

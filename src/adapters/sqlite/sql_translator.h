@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 #include "adapters/sqlite/sql_schema.h"
 
 #include <optional>
@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// The kinds of a SELECT's result columns in order. An item without a kind is a *, which may be several columns.
 using ResultKinds = std::vector<std::optional<ColumnKind>>;
@@ -39,4 +39,4 @@ struct Translation {
 /// their own operations, and for ATTACH and PRAGMA, which could reach beyond the session's file.
 [[nodiscard]] bool isSingleStatement(const std::vector<Token> &tokens);
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -5,7 +5,7 @@
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -86,4 +86,4 @@ std::shared_ptr<SqliteLease> SqliteConnection::lease() const
     return m_lease;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::sqlite {
 
 using ResolvePath = std::function<std::string(const std::string &)>;
 
@@ -57,4 +57,4 @@ private:
     std::int32_t m_timeout = kDefaultCommandTimeout;
 };
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,11 +1,11 @@
 #include "adapters/sqlite/sqlite_dao.h"
 
-#include "adapters/common/dao_over_ado.h"
+#include "adapters/database/dao_over_ado.h"
 #include "adapters/sqlite/sqlite_database.h"
 
 #include <string_view>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -34,4 +34,4 @@ std::unique_ptr<DaoEngine> makeSqliteDao(std::function<std::string(const std::st
                            DaoAccess::readWrite});
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -9,7 +9,7 @@
 
 #include <sqlite3.h>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -51,4 +51,4 @@ bool isSoundSqliteDatabase(const std::string &connectionString,
     return SqliteHandle(resolvePath(source), source, kDefaultCommandTimeout, errors).passesIntegrityCheck(errors);
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// The database port on SQLite. It opens `Provider=SQLite;Data Source=demo.db` and runs statements written for SQL
 /// Server. Idle physical connections are kept for a minute, by connection string. `resolvePath` converts the Data
@@ -19,4 +19,4 @@ namespace inin {
 [[nodiscard]] bool isSoundSqliteDatabase(const std::string &connectionString,
                                          const std::function<std::string(const std::string &)> &resolvePath);
 
-} // namespace inin
+} // namespace inin::sqlite

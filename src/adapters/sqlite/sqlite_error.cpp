@@ -4,7 +4,7 @@
 
 #include <sqlite3.h>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -65,4 +65,4 @@ ProviderError providerError(std::int32_t number, std::string_view sqlState, std:
     return {number, std::move(description), "SQLite", std::string(sqlState), nativeError};
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/ado_error.h"
+#include "adapters/database/ado_error.h"
 
 #include <cstdint>
 #include <string>
@@ -8,7 +8,7 @@
 
 struct sqlite3;
 
-namespace inin {
+namespace inin::sqlite {
 
 /// An entry of the error list for the last error of SQLite on `db`.
 [[nodiscard]] ProviderError providerError(sqlite3 *db, int code);
@@ -16,4 +16,4 @@ namespace inin {
 [[nodiscard]] ProviderError providerError(std::int32_t number, std::string_view sqlState, std::string description,
                                           std::int32_t nativeError = 0);
 
-} // namespace inin
+} // namespace inin::sqlite

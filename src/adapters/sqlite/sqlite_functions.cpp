@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -129,4 +129,4 @@ int registerSqlFunctions(sqlite3 *db)
     return code;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

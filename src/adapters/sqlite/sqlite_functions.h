@@ -2,10 +2,10 @@
 
 struct sqlite3;
 
-namespace inin {
+namespace inin::sqlite {
 
 /// Registers what translated statements use: the collations of texts and dates, the server's LIKE, SUBSTRING and LEFT
 /// by UTF-16 units, and the conversion of dates to texts. Returns SQLite's result code.
 [[nodiscard]] int registerSqlFunctions(sqlite3 *db);
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,13 +1,13 @@
 #include "adapters/sqlite/sqlite_handle.h"
 
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 #include "adapters/sqlite/file_calls.h"
 #include "adapters/sqlite/sql_shape.h"
 #include "adapters/sqlite/sql_translator.h"
 #include "adapters/sqlite/sqlite_error.h"
 #include "adapters/sqlite/sqlite_functions.h"
-#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
+#include "system/file_path.h"
 
 #include <sqlite3.h>
 
@@ -17,7 +17,7 @@
 #include <limits>
 #include <utility>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -355,4 +355,4 @@ int SqliteHandle::onBusy(void *self, int)
     return 1;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/ado_error.h"
+#include "adapters/database/ado_error.h"
 #include "adapters/sqlite/file_identity.h"
 #include "adapters/sqlite/sql_schema.h"
 #include "adapters/sqlite/sqlite_statement.h"
@@ -18,9 +18,15 @@
 struct sqlite3;
 
 namespace inin {
+struct Token;
+}
+
+namespace inin::sqlite {
+}
+
+namespace inin::sqlite {
 
 struct SqlShape;
-struct Token;
 
 /// One physical connection: the open file, its table columns and its recent statements. It outlives a session; the pool
 /// passes it from one session to the next.
@@ -98,4 +104,4 @@ private:
     bool m_isExclusive = false;
 };
 
-} // namespace inin
+} // namespace inin::sqlite

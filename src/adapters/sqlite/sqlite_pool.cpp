@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace inin {
+namespace inin::sqlite {
 
 void SqlitePool::lend(SqliteHandle &handle)
 {
@@ -27,4 +27,4 @@ void SqlitePool::giveBack(const std::string &connectionString, std::unique_ptr<S
     m_idle.giveBack(connectionString, std::move(handle));
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/common/idle_pool.h"
+#include "adapters/database/idle_pool.h"
 #include "adapters/sqlite/sqlite_handle.h"
 
 #include <chrono>
@@ -9,7 +9,7 @@
 #include <set>
 #include <string>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// The idle connections of the embedded database, and the list of connections in use.
 class SqlitePool {
@@ -40,4 +40,4 @@ private:
     std::set<const SqliteHandle *> m_lent;
 };
 
-} // namespace inin
+} // namespace inin::sqlite

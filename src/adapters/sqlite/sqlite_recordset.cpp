@@ -3,7 +3,7 @@
 #include "adapters/sqlite/sqlite_error.h"
 #include "runtime/runtime_error.h"
 
-namespace inin {
+namespace inin::sqlite {
 
 SqliteRecordset::~SqliteRecordset()
 {
@@ -146,4 +146,4 @@ Variant SqliteRecordset::Value(std::size_t index) const
     return m_client ? m_rows[m_row][index] : m_statement->value(index);
 }
 
-} // namespace inin
+} // namespace inin::sqlite

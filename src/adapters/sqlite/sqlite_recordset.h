@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// The rows of one SELECT. A server-side cursor streams them from SQLite, a client-side one reads all when opened.
 class SqliteRecordset : public Recordset {
@@ -51,4 +51,4 @@ private:
     bool m_client = false;
 };
 
-} // namespace inin
+} // namespace inin::sqlite

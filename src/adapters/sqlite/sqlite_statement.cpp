@@ -11,7 +11,7 @@
 #include <optional>
 #include <utility>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -147,4 +147,4 @@ Variant SqliteStatement::value(std::size_t index) const
     }
 }
 
-} // namespace inin
+} // namespace inin::sqlite

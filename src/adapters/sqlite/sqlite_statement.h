@@ -13,7 +13,7 @@
 
 struct sqlite3_stmt;
 
-namespace inin {
+namespace inin::sqlite {
 
 /// A prepared SELECT with the names and kinds of its columns.
 class SqliteStatement {
@@ -59,4 +59,4 @@ private:
     int m_preparations = 0;
 };
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -1,10 +1,10 @@
 #include "adapters/sqlite/file_identity.h"
 
-#include "runtime/file_path.h"
+#include "system/file_path.h"
 
 #include <windows.h>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -25,4 +25,4 @@ std::optional<FileIdentity> fileIdentity(const std::string &path)
         static_cast<std::int64_t>(joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime))};
 }
 
-} // namespace inin
+} // namespace inin::sqlite

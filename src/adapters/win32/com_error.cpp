@@ -1,7 +1,7 @@
 #include "adapters/win32/com_error.h"
 
-#include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
+#include "system/win32_text.h"
 
 #include <algorithm>
 #include <array>

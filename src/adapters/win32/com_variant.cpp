@@ -1,8 +1,8 @@
 #include "adapters/win32/com_variant.h"
 
 #include "adapters/win32/com_error.h"
-#include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
+#include "system/win32_text.h"
 
 #include <algorithm>
 #include <ranges>

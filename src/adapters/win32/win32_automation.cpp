@@ -1,9 +1,9 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "adapters/win32/com_error.h"
 #include "adapters/win32/com_pointer.h"
 #include "adapters/win32/com_variant.h"
-#include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
+#include "system/win32_text.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 
 #include <windows.h>
 

@@ -1,10 +1,10 @@
-#include "adapters/common/output_buffer.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "adapters/win32/win32_error.h"
-#include "adapters/win32/win32_handle.h"
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
+#include "system/output_buffer.h"
+#include "system/win32_handle.h"
+#include "system/win32_path.h"
+#include "system/win32_text.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "adapters/win32/win32_error.h"
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_text.h"
 #include "runtime/runtime_error.h"
+#include "system/win32_path.h"
+#include "system/win32_text.h"
 
 #include <algorithm>
 

@@ -1,5 +1,6 @@
-#include "adapters/system/system_platform.h"
-#include "adapters/win32/win32_text.h"
+#include "adapters/native/native_platform.h"
+#include "suite_text/win32_ansi_text.h"
+#include "system/win32_text.h"
 
 #include <windows.h>
 

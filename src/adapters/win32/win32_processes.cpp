@@ -1,8 +1,9 @@
-#include "adapters/common/web_address.h"
-#include "adapters/system/system_platform.h"
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_text.h"
+#include "adapters/native/native_platform.h"
 #include "runtime/runtime_error.h"
+#include "suite_text/win32_ansi_text.h"
+#include "system/web_address.h"
+#include "system/win32_path.h"
+#include "system/win32_text.h"
 
 #include <optional>
 #include <string_view>

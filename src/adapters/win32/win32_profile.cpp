@@ -1,12 +1,13 @@
 #include "adapters/win32/win32_profile.h"
 
-#include "adapters/suite_text/profile_text.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "adapters/win32/win32_error.h"
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/win32_text.h"
-#include "adapters/win32/windows_names.h"
 #include "platform/settings_limit.h"
+#include "suite_text/profile_text.h"
+#include "suite_text/win32_ansi_text.h"
+#include "system/win32_path.h"
+#include "system/win32_text.h"
+#include "system/windows_names.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,9 +1,9 @@
-#include "adapters/common/program_edges.h"
 #include "adapters/script/script_player.h"
-#include "app/data_source.h"
-#include "app/suite_database/suite_database.h"
-#include "runtime/file_path.h"
+#include "adapters/suite/data_source.h"
+#include "adapters/suite/suite_database.h"
 #include "shell/start.h"
+#include "system/file_path.h"
+#include "system/program_edges.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,10 +24,10 @@ std::string existingFolder(const std::string &folder)
     return std::filesystem::is_directory(pathOf(folder), error) ? std::string() : "Directory does not exist: " + folder;
 }
 
-int play(const ScriptOptions &options)
+int play(const script::ScriptOptions &options)
 {
     const auto database = makeSuiteDatabase(dataSourceIn(options.applicationFolder));
-    return playScript(options, {std::cin, std::cout, std::cerr}, *database, [](const Platform &platform) {
+    return script::playScript(options, {std::cin, std::cout, std::cerr}, *database, [](const Platform &platform) {
         App app(platform);
         Main(app);
     });
@@ -40,7 +40,7 @@ int run(int argc, char **argv)
                   "inin-script"};
     std::string folder;
     std::string now;
-    ScriptOptions options;
+    script::ScriptOptions options;
     line.add_option("--app", folder, "application folder")->required()->check(existingFolder);
     line.add_option("--now", now, "moment at which the clock stands still, \"YYYY-MM-DD HH:MM:SS\"");
     line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
@@ -51,7 +51,7 @@ int run(int argc, char **argv)
     } catch (const CLI::ParseError &error) {
         return line.exit(error) == 0 ? 0 : kBadCommandLine;
     }
-    if (!now.empty() && !(options.now = readMoment(now))) {
+    if (!now.empty() && !(options.now = script::readMoment(now))) {
         std::cerr << "--now: \"" << now << "\" is no moment of the form YYYY-MM-DD HH:MM:SS\n";
         return kBadCommandLine;
     }
@@ -67,6 +67,6 @@ int main(int argc, char **argv)
 {
     inin::prepareStandardStreams();
     return inin::runProgram(
-        inin::kPlayBroke, [&] { return inin::run(argc, argv); },
+        inin::script::kPlayBroke, [&] { return inin::run(argc, argv); },
         [](const std::string &message) { inin::printLine(stderr, message); });
 }

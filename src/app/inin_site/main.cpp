@@ -1,10 +1,10 @@
-#include "adapters/common/program_edges.h"
 #include "app/inin_site/options.h"
-#include "app/inin_site/server_maker.h"
-#include "app/inin_site/site_check.h"
-#include "app/inin_site/site_files.h"
-#include "app/inin_site/stand_ins.h"
-#include "runtime/file_path.h"
+#include "demo_site/server_maker.h"
+#include "demo_site/site_files.h"
+#include "demo_site/stand_ins.h"
+#include "site_check/site_check.h"
+#include "system/file_path.h"
+#include "system/program_edges.h"
 
 #include <fmt/format.h>
 

@@ -1,5 +1,5 @@
 #include "app/inin_site/options.h"
-#include "runtime/file_path.h"
+#include "system/file_path.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/inin_site/site_maker.h"
+#include "demo_site/site_maker.h"
 
 #include <filesystem>
 #include <string>

@@ -1,8 +1,8 @@
 #include "app/print_inin/desktop.h"
 
-#include "adapters/system/system_platform.h"
-#include "app/data_source.h"
-#include "app/suite_database/suite_database.h"
+#include "adapters/native/native_platform.h"
+#include "adapters/suite/data_source.h"
+#include "adapters/suite/suite_database.h"
 
 #include <cstdlib>
 
@@ -18,7 +18,7 @@ namespace {
 
 } // namespace
 
-Desktop::Desktop(const std::string &folder, EventEdge &edge)
+Desktop::Desktop(const std::string &folder, qt::EventEdge &edge)
     : m_profile(makeSystemProfile()), m_files(makeSystemFiles(folder)), m_clock(makeSystemClock()),
       m_locale(makeSystemLocale()), m_processes(makeSystemProcesses(endAtOnce)), m_automation(makeSystemAutomation()),
       m_database(makeSuiteDatabase(dataSourceIn(folder))),

@@ -14,11 +14,11 @@ namespace inin {
 /// text could not be read.
 class Desktop {
 public:
-    Desktop(const std::string &folder, EventEdge &edge);
+    Desktop(const std::string &folder, qt::EventEdge &edge);
     [[nodiscard]] Platform platform();
 
 private:
-    FontReading m_fonts;
+    qt::FontReading m_fonts;
     std::unique_ptr<Profile> m_profile;
     std::unique_ptr<Files> m_files;
     std::unique_ptr<Clock> m_clock;
@@ -26,8 +26,8 @@ private:
     std::unique_ptr<Processes> m_processes;
     std::unique_ptr<Automation> m_automation;
     std::unique_ptr<Database> m_database;
-    QtWindows m_windows;
-    QtMessageBoxes m_boxes;
+    qt::QtWindows m_windows;
+    qt::QtMessageBoxes m_boxes;
 };
 
 } // namespace inin

@@ -2,7 +2,7 @@
 // that the environment variable ININ_APP_DIR names. ININ_TRANSCRIPT names a file that is to be told what happens, for
 // support and tests.
 
-#include "adapters/common/program_edges.h"
+#include "adapters/native/native_platform.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/system_words.h"
 #include "adapters/qt/theme.h"
@@ -10,12 +10,12 @@
 #include "adapters/qt/window_application.h"
 #include "adapters/script/recording_database.h"
 #include "adapters/script/telling_ports.h"
-#include "adapters/system/system_platform.h"
 #include "app/print_inin/desktop.h"
-#include "runtime/file_path.h"
 #include "runtime/runtime_error.h"
 #include "shell/error_box.h"
 #include "shell/start.h"
+#include "system/file_path.h"
+#include "system/program_edges.h"
 
 #include <QMessageBox>
 
@@ -39,7 +39,7 @@ std::string applicationFolder()
 {
     const QString named = qEnvironmentVariable(kFolderVariable);
     const QString folder = named.isEmpty() ? QCoreApplication::applicationDirPath() : named;
-    std::filesystem::path path = std::filesystem::absolute(pathOf(fromQt(folder))).lexically_normal();
+    std::filesystem::path path = std::filesystem::absolute(pathOf(qt::fromQt(folder))).lexically_normal();
     return textOf(path.make_preferred());
 }
 
@@ -48,7 +48,7 @@ void sayWhyAndEnd(QtMsgType type, const QMessageLogContext &, const QString &mes
 {
     std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
     if (type != QtFatalMsg) return;
-    std::fputs(kNoScreen, stderr);
+    std::fputs(qt::kNoScreen, stderr);
     std::_Exit(kBroken);
 }
 
@@ -63,21 +63,21 @@ void runTold(const Platform &inner, const std::string &file)
 {
     createForOwner(file);                              // the statements hold names, the help address a password
     std::ofstream out(pathOf(file), std::ios::binary); // the same bytes on every system
-    Transcript transcript(out);
-    TellingBoxes boxes(transcript, inner.boxes);
-    TellingWindows windows(transcript, inner.windows);
-    RecordingDatabase database(inner.database, transcript);
-    TellingProcesses processes(transcript, inner.processes);
+    script::Transcript transcript(out);
+    script::TellingBoxes boxes(transcript, inner.boxes);
+    script::TellingWindows windows(transcript, inner.windows);
+    script::RecordingDatabase database(inner.database, transcript);
+    script::TellingProcesses processes(transcript, inner.processes);
     runOn(
         {boxes, windows, database, inner.profile, inner.files, processes, inner.clock, inner.locale, inner.automation});
 }
 
-void runProgram(EventEdge &edge)
+void runProgram(qt::EventEdge &edge)
 {
     Desktop desktop(applicationFolder(), edge);
     const QString transcript = qEnvironmentVariable(kTranscriptVariable);
     if (transcript.isEmpty()) return runOn(desktop.platform());
-    runTold(desktop.platform(), fromQt(transcript));
+    runTold(desktop.platform(), qt::fromQt(transcript));
 }
 
 /// Runs with the windows gone: the forms behind them are.
@@ -88,7 +88,7 @@ int report(const char *title, const std::string &text)
     return kBroken;
 }
 
-int run(EventEdge &edge)
+int run(qt::EventEdge &edge)
 try {
     runProgram(edge);
     return 0;
@@ -109,13 +109,13 @@ try {
     inin::prepareStandardStreams();
     qInstallMessageHandler(inin::sayWhyAndEnd);
     int noArguments = 1;
-    inin::EventEdge edge;
-    inin::WindowApplication application(noArguments, argv);
+    inin::qt::EventEdge edge;
+    inin::qt::WindowApplication application(noArguments, argv);
     application.onFault = [&edge](std::exception_ptr fault) { edge.keep(std::move(fault)); };
     QApplication::setQuitOnLastWindowClosed(false); // the program's own unload decides
     QApplication::setApplicationDisplayName({});
-    inin::applyTheme(application);
-    inin::useJapaneseWords(application);
+    inin::qt::applyTheme(application);
+    inin::qt::useJapaneseWords(application);
     return inin::run(edge);
 } catch (const std::exception &fault) {
     std::fprintf(stderr, "PrintInin: %s\n", fault.what());

@@ -12,6 +12,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::odbc;
 
 namespace {
 

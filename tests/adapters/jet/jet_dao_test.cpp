@@ -12,6 +12,7 @@
 #include <string>
 
 using namespace inin;
+using namespace inin::odbc;
 
 namespace {
 

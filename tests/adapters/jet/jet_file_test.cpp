@@ -14,6 +14,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::odbc;
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::odbc;
 using namespace inin::test;
 
 namespace {

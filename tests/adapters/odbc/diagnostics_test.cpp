@@ -6,6 +6,7 @@
 #include <optional>
 
 using namespace inin;
+using namespace inin::odbc;
 
 namespace {
 

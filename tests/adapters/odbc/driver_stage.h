@@ -32,7 +32,7 @@ inline std::string sqliteFile()
 
 /// A connected session on a real driver.
 struct Session {
-    explicit Session(const std::string &connectionString, std::shared_ptr<OdbcDatabase> library = makeOdbcDatabase())
+    explicit Session(const std::string &connectionString, std::shared_ptr<odbc::OdbcDatabase> library = odbc::makeOdbcDatabase())
         : database(std::move(library)), connection(database->newConnection())
     {
         connection->Open(connectionString, "", "", -1);
@@ -65,7 +65,7 @@ struct Session {
         run("CREATE TABLE " + name + " (" + columns + ")");
     }
 
-    std::shared_ptr<OdbcDatabase> database;
+    std::shared_ptr<odbc::OdbcDatabase> database;
     std::unique_ptr<Connection> connection;
 };
 

@@ -11,6 +11,7 @@
 #include <fstream>
 
 using namespace inin;
+using namespace inin::odbc;
 using namespace inin::test;
 
 namespace {

@@ -1,4 +1,4 @@
-#include "adapters/common/idle_pool.h"
+#include "adapters/database/idle_pool.h"
 
 #include <doctest/doctest.h>
 

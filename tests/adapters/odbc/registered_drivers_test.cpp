@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::odbc;
 using namespace inin::test;
 
 namespace {

@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::odbc;
 
 TEST_CASE("Japanese text and characters beyond the first plane go to UTF-16 and back")
 {

@@ -1,6 +1,6 @@
+#include "adapters/native/native_platform.h"
 #include "adapters/posix/ordinary_user.h"
 #include "adapters/posix/posix_folders.h"
-#include "adapters/system/system_platform.h"
 #include "support/errors.h"
 #include "support/temp_folder.h"
 

@@ -12,6 +12,7 @@
 #include <QWheelEvent>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

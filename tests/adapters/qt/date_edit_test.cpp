@@ -18,6 +18,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

@@ -12,6 +12,7 @@
 #include <stdexcept>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

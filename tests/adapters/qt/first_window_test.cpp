@@ -14,6 +14,7 @@
 #include <functional>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

@@ -11,6 +11,7 @@
 #include <QStyle>
 
 using namespace inin;
+using namespace inin::qt;
 
 TEST_CASE("no window is larger than its screen, and its corner stands on it")
 {

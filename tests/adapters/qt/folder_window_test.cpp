@@ -12,6 +12,7 @@
 #include <QtTest/QTest>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

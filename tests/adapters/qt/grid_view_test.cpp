@@ -2,7 +2,7 @@
 
 #include "adapters/qt/control_mirror.h"
 #include "adapters/qt/qt_text.h"
-#include "platform/grid.h"
+#include "screen/grid.h"
 
 #include <doctest/doctest.h>
 
@@ -14,6 +14,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

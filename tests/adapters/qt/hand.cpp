@@ -4,8 +4,8 @@
 #include "adapters/qt/grid_view.h"
 #include "adapters/qt/number_edit.h"
 #include "adapters/qt/qt_text.h"
-#include "platform/grid.h"
 #include "platform/key_codes.h"
+#include "screen/grid.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -22,7 +22,7 @@
 #include <optional>
 #include <stdexcept>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -83,13 +83,13 @@ public:
     }
 
 private:
-    void visit(OptionButton &) override { inin::click(*m_widget); }
+    void visit(OptionButton &) override { qt::click(*m_widget); }
     void visit(CheckBox &box) override
     {
         const bool wanted = m_command.to.is_boolean() ? m_command.to.get<bool>() : m_command.to == 1;
-        if (m_command.kind == CommandKind::click || wanted != (box.Value != 0)) inin::click(*m_widget);
+        if (m_command.kind == CommandKind::click || wanted != (box.Value != 0)) qt::click(*m_widget);
     }
-    void visit(Button &) override { inin::click(*m_widget); }
+    void visit(Button &) override { qt::click(*m_widget); }
     void visit(NumberBox &) override { typeText(dynamic_cast<QLineEdit &>(*m_widget), m_command.to); }
     void visit(DateBox &) override
     {
@@ -284,4 +284,4 @@ std::string mirrorFault(const FormWindow &window)
     return {};
 }
 
-} // namespace inin
+} // namespace inin::qt

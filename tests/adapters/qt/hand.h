@@ -3,7 +3,9 @@
 #include "adapters/qt/form_window.h"
 #include "adapters/script/command_reader.h"
 
-namespace inin {
+namespace inin::qt {
+
+using namespace script;
 
 enum class HandResult { done, refused };
 
@@ -14,4 +16,4 @@ enum class HandResult { done, refused };
 /// The first difference between what the widgets of a window show and what their records hold, empty for none.
 [[nodiscard]] std::string mirrorFault(const FormWindow &window);
 
-} // namespace inin
+} // namespace inin::qt

@@ -8,6 +8,7 @@
 #include <QListWidget>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

@@ -18,6 +18,7 @@
 #include <QtTest/QTest>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include <array>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

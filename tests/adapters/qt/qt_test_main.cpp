@@ -22,10 +22,10 @@ int main(int argc, char **argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(passOn);
-    inin::WindowApplication application(argc, argv);
+    inin::qt::WindowApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    inin::applyTheme(application);
-    inin::FontReading().finish();
+    inin::qt::applyTheme(application);
+    inin::qt::FontReading().finish();
     doctest::Context context(argc, argv);
     return context.run();
 }

@@ -2,7 +2,7 @@
 
 #include <QtTest/QTest>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 
@@ -40,4 +40,4 @@ void forEachWindow(const std::function<void(FormWindow &window)> &look)
         look(**window);
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -12,7 +12,7 @@
 #include <functional>
 #include <memory>
 
-namespace inin {
+namespace inin::qt {
 
 /// One window of each form, shown, with nothing of the program running behind it.
 struct WindowSet {
@@ -31,4 +31,4 @@ struct WindowSet {
 /// Each window of a fresh set.
 void forEachWindow(const std::function<void(FormWindow &window)> &look);
 
-} // namespace inin
+} // namespace inin::qt

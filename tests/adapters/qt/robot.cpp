@@ -13,7 +13,9 @@
 
 #include <sstream>
 
-namespace inin {
+namespace inin::qt {
+
+using namespace script;
 
 namespace {
 constexpr int kRefusedClosings = 100;
@@ -95,4 +97,4 @@ void Robot::closeAtEnd(FormWindow &top)
     top.close();
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -12,7 +12,9 @@
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::qt {
+
+using namespace script;
 
 /// Sits in front of the windows and plays the commands one by one, each when the program waits for a person: it answers
 /// boxes, and gives every other command to the window on top.
@@ -55,4 +57,4 @@ private:
     std::string m_errors;
 };
 
-} // namespace inin
+} // namespace inin::qt

@@ -1,6 +1,7 @@
 // Writes a picture of each window of the program on a site: screenshots SITE FOLDER [--dark]. Every picture is of the real
 // windows over the site's database; the clock stands still, so that two runs give the same pictures.
 
+#include "adapters/native/native_platform.h"
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/japanese_font.h"
 #include "adapters/qt/qt_text.h"
@@ -8,8 +9,7 @@
 #include "adapters/qt/units.h"
 #include "adapters/qt/window_fixture.h"
 #include "adapters/sqlite/sqlite_database.h"
-#include "adapters/system/system_platform.h"
-#include "app/data_source.h"
+#include "adapters/suite/data_source.h"
 #include "common/folder_form.h"
 #include "shell/start.h"
 #include "shell/version_form.h"
@@ -28,6 +28,8 @@
 #include <memory>
 
 using namespace inin;
+using namespace inin::sqlite;
+using namespace inin::qt;
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include <QTableView>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "adapters/qt/japanese_font.h"
 #include "adapters/qt/picture_box.h"
 #include "adapters/qt/qt_text.h"
-#include "platform/grid.h"
+#include "screen/grid.h"
 
 #include <doctest/doctest.h>
 
@@ -17,6 +17,7 @@
 #include <utility>
 
 using namespace inin;
+using namespace inin::qt;
 
 TEST_CASE("numbers of a grid stand at the right, texts at the left, and each header above its own")
 {

@@ -6,6 +6,7 @@
 #include <QtTest/QTest>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

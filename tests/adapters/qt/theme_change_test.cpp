@@ -6,6 +6,7 @@
 #include <QApplication>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

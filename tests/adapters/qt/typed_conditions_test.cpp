@@ -14,6 +14,7 @@
 #include <algorithm>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include "adapters/qt/grid_view.h"
 #include "adapters/qt/qt_message_boxes.h"
 #include "adapters/qt/qt_text.h"
-#include "platform/grid.h"
+#include "screen/grid.h"
 
 #include <doctest/doctest.h>
 
@@ -17,6 +17,7 @@
 #include <algorithm>
 
 using namespace inin;
+using namespace inin::qt;
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "adapters/qt/window_driver.h"
 
-#include "adapters/common/no_automation.h"
+#include "adapters/native/native_platform.h"
+#include "adapters/native/no_automation.h"
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/qt_message_boxes.h"
 #include "adapters/qt/qt_text.h"
@@ -11,7 +12,6 @@
 #include "adapters/script/script_platform.h"
 #include "adapters/script/telling_ports.h"
 #include "adapters/sqlite/sqlite_database.h"
-#include "adapters/system/system_platform.h"
 #include "runtime/runtime_error.h"
 #include "shell/start.h"
 
@@ -21,7 +21,11 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace inin {
+namespace inin::qt {
+
+using namespace script;
+
+using namespace sqlite;
 
 namespace {
 
@@ -161,4 +165,4 @@ PlayRecord WindowDriver::run(const Play &play, const TemporarySite &site)
     return record;
 }
 
-} // namespace inin
+} // namespace inin::qt

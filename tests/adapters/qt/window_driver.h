@@ -2,7 +2,7 @@
 
 #include "scenarios/play_driver.h"
 
-namespace inin {
+namespace inin::qt {
 
 /// Plays the real windows by simulated clicks and keys, on the embedded database, in this process.
 class WindowDriver : public PlayDriver {
@@ -10,4 +10,4 @@ public:
     [[nodiscard]] PlayRecord run(const Play &play, const TemporarySite &site) override;
 };
 
-} // namespace inin
+} // namespace inin::qt

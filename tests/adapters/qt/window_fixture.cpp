@@ -12,7 +12,7 @@
 
 #include <stdexcept>
 
-namespace inin {
+namespace inin::qt {
 
 namespace {
 /// Milliseconds. With none, several turns run in one pass of a loop that has been told to quit in between.
@@ -100,4 +100,4 @@ std::string answerTopBox()
     return text;
 }
 
-} // namespace inin
+} // namespace inin::qt

@@ -12,7 +12,7 @@
 #include <functional>
 #include <string>
 
-namespace inin {
+namespace inin::qt {
 
 /// Acts that are run one by one, each in a turn of its own of whatever event loop runs then.
 class Turns {
@@ -74,4 +74,4 @@ struct WindowFixture {
 /// Clicks the OK of the box on top, which must be there; gives back its text.
 std::string answerTopBox();
 
-} // namespace inin
+} // namespace inin::qt

@@ -26,6 +26,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::qt;
 
 TEST_CASE("every way out of the screen hands back to the menu program")
 {

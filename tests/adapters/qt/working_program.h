@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::qt {
 
 /// The program from its start; acts come one by one once the conditions screen waits for a person.
 struct Program : WindowFixture {
@@ -83,4 +83,4 @@ struct Program : WindowFixture {
     frmPrintInin form{app};
 };
 
-} // namespace inin
+} // namespace inin::qt

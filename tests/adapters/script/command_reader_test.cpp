@@ -5,6 +5,7 @@
 #include <sstream>
 
 using namespace inin;
+using namespace inin::script;
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::script;
 
 TEST_CASE("a moment is read to the second")
 {

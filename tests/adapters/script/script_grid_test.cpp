@@ -1,12 +1,13 @@
 // A form with a grid, played without a window.
 
 #include "adapters/script/state_writer.h"
-#include "platform/grid.h"
+#include "screen/grid.h"
 #include "script_stage.h"
 
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::script;
 
 namespace {
 

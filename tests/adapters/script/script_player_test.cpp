@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 using namespace inin;
+using namespace inin::script;
 using Log = std::vector<std::string>;
 
 namespace {

@@ -2,13 +2,14 @@
 
 #include "adapters/script/script_windows.h"
 #include "runtime/runtime_error.h"
+#include "screen/form.h"
 #include "support/fake_files.h"
 
 #include <sstream>
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::script {
 
 [[nodiscard]] inline std::vector<std::string> linesOf(const std::string &text)
 {
@@ -102,4 +103,4 @@ private:
     return {events.begin() + 1, events.end() - 1};
 }
 
-} // namespace inin
+} // namespace inin::script

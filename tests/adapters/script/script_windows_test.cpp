@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::script;
 using Log = std::vector<std::string>;
 
 namespace {

@@ -10,6 +10,7 @@
 #include <streambuf>
 
 using namespace inin;
+using namespace inin::script;
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 TEST_CASE("the values of a connection string do not depend on key case, blanks and quotes")
 {

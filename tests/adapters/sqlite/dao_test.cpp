@@ -1,8 +1,8 @@
-#include "adapters/common/dao_error.h"
+#include "adapters/database/dao_error.h"
 #include "adapters/sqlite/database_file.h"
 #include "adapters/sqlite/sqlite_dao.h"
 #include "data/dao_session.h"
-#include "runtime/file_path.h"
+#include "system/file_path.h"
 
 #include <doctest/doctest.h>
 
@@ -14,6 +14,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

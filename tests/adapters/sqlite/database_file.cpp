@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -204,4 +204,4 @@ std::unique_ptr<Database> plainDatabase()
     return makeSqliteDatabase([](const std::string &path) { return path; });
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -15,7 +15,7 @@
 
 struct sqlite3;
 
-namespace inin {
+namespace inin::sqlite {
 
 /// A temporary database file, created and read without the adapter.
 class DatabaseFile {
@@ -91,7 +91,7 @@ struct Raised {
 /// The adapter with paths used unchanged.
 [[nodiscard]] std::unique_ptr<Database> plainDatabase();
 
-} // namespace inin
+} // namespace inin::sqlite
 
 /// Prints the rows of a failed comparison.
 template <> struct doctest::StringMaker<std::vector<std::string>> {

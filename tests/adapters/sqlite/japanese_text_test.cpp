@@ -6,6 +6,7 @@
 #include <string_view>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

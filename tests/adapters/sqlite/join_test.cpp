@@ -6,6 +6,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 // Without an index of that collation, SQLite builds a temporary one from the rows of the inner table.
 TEST_CASE("a join finds equal texts of different length, whichever table is first")

@@ -9,6 +9,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

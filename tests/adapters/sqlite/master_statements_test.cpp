@@ -6,6 +6,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

@@ -13,6 +13,7 @@
 #include <string>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

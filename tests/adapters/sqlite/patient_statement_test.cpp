@@ -5,6 +5,7 @@
 #include <string>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

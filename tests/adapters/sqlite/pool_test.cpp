@@ -13,6 +13,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "support/file_bytes.h"
 
-namespace inin {
+namespace inin::sqlite {
 
 namespace {
 
@@ -52,4 +52,4 @@ const std::string &practiceDatabase()
     return kStatements;
 }
 
-} // namespace inin
+} // namespace inin::sqlite

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace inin {
+namespace inin::sqlite {
 
 /// The tables of an installed site and a few rows: branch 1/1 with its head office, an agent and a group
 /// company, patients for each rule of the extractions, staff, insurance kinds, claim forms and tariffs.
@@ -16,4 +16,4 @@ struct PracticeSession {
     Session session{file};
 };
 
-} // namespace inin
+} // namespace inin::sqlite

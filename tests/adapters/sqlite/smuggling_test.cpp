@@ -7,6 +7,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

@@ -10,6 +10,7 @@
 #include <string_view>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 TEST_CASE("a date literal is read as the server reads it")
 {

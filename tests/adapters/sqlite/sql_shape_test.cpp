@@ -7,6 +7,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 TEST_CASE("statements that differ only in compared numbers have the same shape")
 {

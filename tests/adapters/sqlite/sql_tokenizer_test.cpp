@@ -1,4 +1,4 @@
-#include "adapters/common/sql_tokenizer.h"
+#include "adapters/database/sql_tokenizer.h"
 
 #include <doctest/doctest.h>
 

@@ -6,6 +6,7 @@
 #include <string>
 
 using namespace inin;
+using namespace inin::sqlite;
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/windows_names.h"
 #include "support/temp_folder.h"
+#include "system/win32_path.h"
+#include "system/windows_names.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "adapters/win32/win32_path.h"
-#include "adapters/win32/windows_names.h"
+#include "system/win32_path.h"
+#include "system/windows_names.h"
 
 #include <string>
 

@@ -1,10 +1,11 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 
-#include "adapters/win32/win32_text.h"
 #include "formoutput/wfd_print.h"
 #include "registry_key.h"
 #include "runtime/runtime_error.h"
 #include "support/temp_folder.h"
+#include "system/file_path.h"
+#include "system/win32_text.h"
 
 #include <array>
 #include <functional>

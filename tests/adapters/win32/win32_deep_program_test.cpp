@@ -1,8 +1,9 @@
-#include "adapters/system/system_platform.h"
-#include "adapters/win32/win32_text.h"
+#include "adapters/native/native_platform.h"
 #include "deep_folder.h"
 #include "ended_program.h"
 #include "runtime/runtime_error.h"
+#include "system/file_path.h"
+#include "system/win32_text.h"
 
 #include <filesystem>
 #include <fstream>

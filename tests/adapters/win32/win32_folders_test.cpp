@@ -1,4 +1,4 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 
 #include "common/folder_form.h"
 #include "common/select_folder.h"

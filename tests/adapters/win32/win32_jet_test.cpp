@@ -1,14 +1,16 @@
 #include "adapters/odbc/jet_dao.h"
 
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 #include "data/dao_session.h"
 #include "support/temp_folder.h"
+#include "system/file_path.h"
 
 #include <filesystem>
 
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::odbc;
 
 namespace {
 

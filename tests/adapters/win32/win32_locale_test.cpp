@@ -1,6 +1,6 @@
-#include "adapters/system/system_platform.h"
-#include "adapters/win32/win32_text.h"
+#include "adapters/native/native_platform.h"
 #include "runtime/conversion.h"
+#include "system/win32_text.h"
 
 #include <doctest/doctest.h>
 #include <windows.h>

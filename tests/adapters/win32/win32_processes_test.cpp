@@ -1,9 +1,10 @@
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
 
-#include "adapters/win32/win32_text.h"
 #include "ended_program.h"
 #include "runtime/runtime_error.h"
 #include "support/temp_folder.h"
+#include "system/file_path.h"
+#include "system/win32_text.h"
 
 #include <algorithm>
 #include <chrono>

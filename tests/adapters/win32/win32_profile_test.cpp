@@ -1,5 +1,5 @@
-#include "adapters/system/profile_player.h"
-#include "adapters/system/system_platform.h"
+#include "adapters/native/native_platform.h"
+#include "adapters/native/profile_player.h"
 #include "adapters/win32/win32_profile.h"
 #include "deep_folder.h"
 

@@ -1,5 +1,5 @@
-#include "adapters/suite_text/code_page_932.h"
-#include "viewer/viewer_world.h"
+#include "suite_text/code_page_932.h"
+#include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
 

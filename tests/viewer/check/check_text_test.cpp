@@ -1,5 +1,5 @@
 #include "viewer/check/check_text.h"
-#include "viewer/viewer_world.h"
+#include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
 #include <nlohmann/json.hpp>

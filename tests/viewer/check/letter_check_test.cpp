@@ -1,7 +1,7 @@
-#include "adapters/suite_text/code_page_932.h"
+#include "suite_text/code_page_932.h"
 #include "viewer/check/letter_check.h"
 #include "viewer/letters/csv_reader.h"
-#include "viewer/viewer_world.h"
+#include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "viewer/viewer_world.h"
+#include "viewer/support/viewer_world.h"
 #include "viewer/window/viewer_settings.h"
 
 #include <doctest/doctest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/viewer_world.h"
+#include "viewer/support/viewer_world.h"
 #include "viewer/window/viewer_window.h"
 
 #include <QPrinter>

@@ -1,7 +1,0 @@
-#include "adapters/system/system_platform.h"
-
-namespace inin {
-
-void createForOwner(const std::string &) {} // a file gets the rights that its folder gives to new files
-
-} // namespace inin

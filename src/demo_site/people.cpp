@@ -1,0 +1,152 @@
+#include "demo_site/people.h"
+
+#include "demo_site/companies.h"
+#include "demo_site/oddities.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace inin::site {
+
+namespace {
+
+constexpr const char *kLongName = "マリア・アレハンドラ・デ・ロス・アンヘレス長曽我部";
+constexpr const char *kLongNameKana = "マリア　アレハンドラ　デ　ロス　アンヘレス　チョウソカベ";
+constexpr const char *kLongAddress =
+    "香川県高松市木漏日台十丁目三百四十五番地の六十七、特別養護老人ホーム併設ケア付き高齢者向け住宅"
+    "「瀬戸内の夕凪と白鷺の見える丘」西館別棟二号棟十階一千二十三号室（旧称ひだまりの里第二分館三階東側角部屋）";
+
+/// From this age on a patient is insured by a late-stage union.
+constexpr int kLateStageAge = 75;
+
+PersonName nameOf(const Word &family, const Word &given)
+{
+    return {fmt::format("{}　{}", family.kanji, given.kanji), fmt::format("{}　{}", family.kana, given.kana)};
+}
+
+PersonName patientName(std::int64_t number, Dice &dice, bool isFemale)
+{
+    PersonName name = makeName(dice, isFemale);
+    const Word &given = dice.pick(isFemale ? femaleNames() : maleNames());
+    if (number == kVendorCharacterPatient1) return nameOf(familyNames()[0], given);
+    if (number == kVendorCharacterPatient2) return nameOf(familyNames()[1], given);
+    if (number == kLongNamePatient) return {kLongName, kLongNameKana};
+    return name;
+}
+
+void moveToLongAddress(Home &home)
+{
+    home.city = &cities().front();
+    home.address1 = kLongAddress;
+}
+
+const Insurer &insurerOf(const Home &home, int age, Dice &dice)
+{
+    const std::size_t city = static_cast<std::size_t>(home.city->insurer);
+    if (age >= kLateStageAge) return lateStageInsurers()[city < 4 ? 0 : city < 7 ? 1 : 2];
+    if (dice.oneIn(3)) return dice.pick(associationInsurers());
+    return nationalInsurers()[city];
+}
+
+/// A third each ended a year ago, in the month before, in the month itself.
+std::optional<Day> expireDay(const SiteOrder &order, std::int64_t number, Dice &dice)
+{
+    const unsigned day = static_cast<unsigned>(dice.between(10, 28));
+    if (!kEnded.has(number)) return std::nullopt;
+    constexpr std::array<int, 3> kMonthsAgo{12, 1, 0};
+    const auto index = static_cast<std::size_t>((number / kEnded.divisor) % 3);
+    return dayOfMonth(order.month - std::chrono::months{kMonthsAgo[index]}, day);
+}
+
+std::array<std::int64_t, 3> staffOf(const SiteOrder &order, Dice &dice)
+{
+    const int last = static_cast<int>(staffCount(order));
+    return {dice.between(1, last), dice.between(1, last), dice.between(1, last)};
+}
+
+std::int64_t agentOf(std::int64_t number, Dice &dice)
+{
+    const std::int64_t agent = kFirstAgent + dice.between(0, kAgents - 1);
+    return kMissingAgent.has(number) ? kNoSuchCompany + agent : agent;
+}
+
+std::uint8_t weekdaysOf(Dice &dice)
+{
+    unsigned days = 0;
+    for (int i = dice.between(1, 3); i > 0; --i) days |= 1U << dice.between(1, 6);
+    return static_cast<std::uint8_t>(days);
+}
+
+void putHouseholder(Patient &patient, Dice &dice)
+{
+    patient.isOwnHouseholder = !patient.isFemale || dice.oneIn(2);
+    const PersonName other = makeName(dice, false);
+    patient.householder = patient.isOwnHouseholder ? patient.name : other;
+}
+
+} // namespace
+
+PersonName makeName(Dice &dice, bool isFemale)
+{
+    const Word &family = dice.pick(familyNames());
+    return nameOf(family, dice.pick(isFemale ? femaleNames() : maleNames()));
+}
+
+std::string makeDigits(Dice &dice, int count)
+{
+    std::string digits;
+    for (int i = 0; i < count; ++i) digits += static_cast<char>('0' + dice.between(0, 9));
+    return digits;
+}
+
+std::string makeTelephone(Dice &dice)
+{
+    return "000-0000-" + makeDigits(dice, 4);
+}
+
+Home makeHome(Dice &dice)
+{
+    const City &city = dice.pick(cities());
+    const Word &town = dice.pick(towns());
+    const Word &house = dice.pick(houses());
+    Home home;
+    home.city = &city;
+    home.postalCode = "000-" + makeDigits(dice, 4);
+    home.address1 = fmt::format("{}{}{}丁目{}番{}号", city.name, town.kanji, dice.between(1, 6), dice.between(1, 40),
+                                dice.between(1, 30));
+    home.kana = fmt::format("{}{}", city.kana, town.kana);
+    if (dice.oneIn(4)) home.address2 = fmt::format("{}{}号室", house.kanji, dice.between(101, 512));
+    home.telephone = makeTelephone(dice);
+    return home;
+}
+
+std::int64_t staffCount(const SiteOrder &order)
+{
+    return order.staff > 0 ? order.staff : std::clamp<std::int64_t>(order.patients / 25, 12, 400);
+}
+
+Patient makePatient(const SiteOrder &order, std::int64_t number)
+{
+    Dice dice = diceFor(order, Kind::patient, number);
+    Patient patient;
+    patient.number = number;
+    patient.isFemale = !dice.oneIn(3);
+    patient.name = patientName(number, dice, patient.isFemale);
+    patient.home = makeHome(dice);
+    if (number == kLongAddressPatient) moveToLongAddress(patient.home);
+    const int age = dice.oneIn(4) ? dice.between(45, 74) : dice.between(75, 99);
+    const Day thisMonth = dayOfMonth(order.month, 1);
+    patient.birthday = thisMonth - std::chrono::days{age * 366 + dice.between(0, 360)};
+    putHouseholder(patient, dice);
+    patient.insurer = &insurerOf(patient.home, age, dice);
+    patient.staff = staffOf(order, dice);
+    patient.agent = agentOf(number, dice);
+    patient.start = thisMonth - std::chrono::days{dice.between(400, 2400)};
+    patient.expire = expireDay(order, number, dice);
+    patient.isAcupuncture = dice.oneIn(4);
+    patient.weekdays = weekdaysOf(dice);
+    return patient;
+}
+
+} // namespace inin::site

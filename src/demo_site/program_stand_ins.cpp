@@ -1,0 +1,32 @@
+#include "demo_site/stand_ins.h"
+
+#include "demo_site/embedded.h"
+#include "demo_site/site_files.h"
+#include "demo_site/stand_in_names.h"
+#include "system/file_path.h"
+
+namespace inin::site {
+
+namespace {
+
+/// Where a form tool's stand-in reads which viewer to start. A link would need a right that few users have, and a copy the
+/// viewer's libraries beside it.
+constexpr std::string_view kViewerNote = "formviewer.path";
+
+} // namespace
+
+void writeStandIns(const std::filesystem::path &folder, const std::filesystem::path &formViewer)
+{
+    writeFile(folder / kMenu, standInProgram());
+    for (const std::string_view tool : kFormTools) writeFile(folder / tool, standInProgram());
+    std::error_code error;
+    std::filesystem::remove(folder / kViewerNote, error);
+    if (!formViewer.empty()) writeFile(folder / kViewerNote, textOf(formViewer) + "\n");
+}
+
+std::filesystem::path formViewerName()
+{
+    return "formviewer.exe";
+}
+
+} // namespace inin::site

@@ -1,0 +1,156 @@
+#include "demo_site/server_maker.h"
+
+#include "adapters/suite/suite_database.h"
+#include "demo_site/database_maker.h"
+#include "demo_site/embedded.h"
+#include "demo_site/schema.h"
+#include "runtime/runtime_error.h"
+#include "suite_text/code_page_932.h"
+
+#include <fmt/format.h>
+
+#include <vector>
+
+namespace inin::site {
+
+namespace {
+
+bool isThere(Database &database, Connection &connection, const std::string &table)
+try {
+    const std::unique_ptr<Recordset> rows = database.newRecordset();
+    rows->Open("SELECT 1 AS found FROM " + table + " WHERE 1 = 0", connection, adOpenForwardOnly, adLockReadOnly,
+               adCmdText);
+    rows->Close();
+    return true;
+} catch (const RuntimeError &error) {
+    // Another fault than a missing table must not be taken for leave to write.
+    if (error.number() != ado_error::noSuchTable) throw;
+    return false;
+}
+
+/// This table marks a database whose tables `make` has made. Only such a database may lose them to another make.
+constexpr std::string_view kMarkTable = "ININ_SITE_DEMO";
+
+std::vector<std::string> presentTables(Database &database, Connection &connection)
+{
+    std::vector<std::string> present;
+    for (const TableColumns &table : schemaTables())
+        if (isThere(database, connection, table.name)) present.push_back(table.name);
+    return present;
+}
+
+void refuseTable(const std::string &table, std::string_view why)
+{
+    throw RuntimeError(
+        ado_error::unspecified,
+        fmt::format("データベースにテーブル「{}」が既にあるので、何も書き込みませんでした。{}", table, why));
+}
+
+void refusePresentTables(const std::vector<std::string> &present, bool isMarked, Overwrite overwrite)
+{
+    if (present.empty()) return;
+    if (!isMarked)
+        refuseTable(present.front(), "見本データではない行が失われるおそれがあるため、上書きはできません。"
+                                     "空のデータベースを指定してください。");
+    if (overwrite == Overwrite::onlyOwnFolder)
+        refuseTable(present.front(), "前に作った見本データを作り直すときは --force を付けてください。");
+}
+
+enum class SchemaPart { tables, indexes };
+
+void runSchema(Connection &connection, std::string_view schema, SchemaPart part)
+{
+    for (const std::string &statement : statementsOf(schema))
+        if (statement.starts_with("CREATE INDEX") == (part == SchemaPart::indexes))
+            connection.Execute(statement, adExecuteNoRecords);
+}
+
+void dropTables(Connection &connection, const std::vector<std::string> &tables)
+{
+    for (const std::string &table : tables) connection.Execute("DROP TABLE " + table, adExecuteNoRecords);
+}
+
+void writeRows(Connection &connection, const ServerDialect &dialect, const SiteOrder &order)
+{
+    ServerTarget target(connection, dialect.binary);
+    writeDemoRows(target, order);
+    target.finish();
+}
+
+/// All of it or nothing, where the server can take back what it did to tables: a make that breaks off then leaves the
+/// database as it was.
+template <class Work> void inTransaction(Connection &connection, const Work &work)
+{
+    connection.BeginTrans();
+    try {
+        work();
+    } catch (const RuntimeError &) {
+        try {
+            connection.RollbackTrans();
+        } catch (const RuntimeError &) {
+            // The connection is lost, which ends the transaction too. The first failure is the one to report.
+        }
+        throw;
+    }
+    connection.CommitTrans();
+}
+
+} // namespace
+
+ServerDialect sqlServerDialect()
+{
+    return {serverSchemaText(), {}};
+}
+
+void makeServerTables(Database &database, Connection &connection, const ServerDialect &dialect)
+{
+    dropTables(connection, presentTables(database, connection));
+    runSchema(connection, dialect.schema, SchemaPart::tables);
+}
+
+void makeServerDatabase(Database &database, Connection &connection, const ServerDialect &dialect,
+                        const SiteOrder &order, Overwrite overwrite)
+{
+    // Asked before the transaction begins: some servers end it at a statement that names a missing table.
+    std::vector<std::string> present = presentTables(database, connection);
+    const std::string mark(kMarkTable);
+    const bool isMarked = isThere(database, connection, mark);
+    refusePresentTables(present, isMarked, overwrite);
+    if (isMarked) present.push_back(mark);
+    inTransaction(connection, [&] {
+        dropTables(connection, present);
+        connection.Execute("CREATE TABLE " + mark + " (nPatients INTEGER NOT NULL)", adExecuteNoRecords);
+        connection.Execute(fmt::format("INSERT INTO {} VALUES ({})", mark, order.patients), adExecuteNoRecords);
+        runSchema(connection, dialect.schema, SchemaPart::tables);
+        writeRows(connection, dialect, order);
+        runSchema(connection, dialect.schema, SchemaPart::indexes);
+    });
+}
+
+void makeServerDatabase(const std::string &connectionString, const SiteOrder &order, Overwrite overwrite)
+{
+    const std::unique_ptr<Database> database = makeSuiteDatabase([](const std::string &path) { return path; });
+    const std::unique_ptr<Connection> connection = database->newConnection();
+    try {
+        connection->Open(connectionString, "", "", -1);
+    } catch (const RuntimeError &error) {
+        throw RuntimeError(error.number(), fmt::format("データベースに接続できません。（{}）", error.description()));
+    }
+    constexpr std::int32_t kBatchSeconds = 600;
+    connection->setCommandTimeout(kBatchSeconds);
+    makeServerDatabase(*database, *connection, sqlServerDialect(), order, overwrite);
+}
+
+std::string connectionFile(const std::string &connectionString)
+{
+    constexpr std::size_t kLongestConnection = 255;
+    const std::string value = encodeCp932(connectionString);
+    if (value.size() > kLongestConnection) {
+        throw RuntimeError(
+            error_number::invalidCall,
+            fmt::format("接続文字列が{}バイトを超えているので、adodb.ini に書けません。", kLongestConnection));
+    }
+    return encodeCp932("[接続情報]\r\n接続情報=") + value + "\r\n";
+}
+
+} // namespace inin::site

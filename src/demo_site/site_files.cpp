@@ -1,0 +1,108 @@
+#include "demo_site/site_files.h"
+
+#include "adapters/native/native_platform.h"
+#include "demo_site/embedded.h"
+#include "demo_site/stand_ins.h"
+#include "runtime/runtime_error.h"
+#include "suite_text/code_page_932.h"
+#include "system/file_path.h"
+
+#include <fmt/format.h>
+
+#include <fstream>
+
+namespace inin::site {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kWallpaperFile = "wall.bmp";
+
+constexpr std::string_view kSettings = "[Sorvin総合システム]\n"
+                                       "SYSTEM_SYS=\\SYS\n"
+                                       "SYSTEM_TMP=\\TMP\n"
+                                       "SYSTEM_ICON=\\ICON\n"
+                                       "SYSTEM_DATA=\\DATA\n"
+                                       "WALLPAPER=wall.bmp\n"
+                                       "BASEID=0101\n"
+                                       "終了患者施術期間=3\n";
+
+constexpr std::string_view kConnection = "[接続情報]\n"
+                                         "接続情報=Provider=SQLite;Data Source=demo.db\n";
+
+constexpr std::string_view kFormsNote =
+    "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
+    "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n";
+
+struct Form {
+    std::string_view name;
+    std::string_view (*text)();
+};
+constexpr Form kForms[] = {
+    {"委任状37_01.wfd", standardForm},
+    {"委任状23.wfd", aichiForm},
+    {"委任状37_高松市.wfd", takamatsuForm},
+};
+
+/// The suite's text files: code page 932, CR LF.
+void writeSuiteText(const fs::path &path, std::string_view text)
+{
+    std::string lines;
+    for (const char character : text) {
+        if (character == '\n') lines += '\r';
+        lines += character;
+    }
+    writeFile(path, encodeCp932(lines));
+}
+
+std::string versionText(const SiteOrder &order)
+{
+    return fmt::format("VERSION=見本サイト 0.1.0\nUUPDATE={}\n[OnlineHelp]\nADDRESS=https://example.invalid/help\n",
+                       yearMonthText(order.month));
+}
+
+std::string markerText(const SiteOrder &order)
+{
+    return fmt::format("inin-site が作った見本サイトです。もう一度 make すると、中身は作り直されます。\n"
+                       "patients={} seed={} month={}\n",
+                       order.patients, order.seed, yearMonthText(order.month));
+}
+
+void makeFolder(const fs::path &path)
+{
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (error) {
+        throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", textOf(path)));
+    }
+}
+
+} // namespace
+
+void writeFile(const fs::path &path, std::string_view bytes)
+{
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) {
+        throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", textOf(path)));
+    }
+}
+
+void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::path &formViewer)
+{
+    makeFolder(folder);
+    writeFile(folder / kMarkerFile, markerText(order)); // first, so that a make that broke off can be made again
+    for (const std::string_view name : kFolders) makeFolder(folder / name);
+    writeSuiteText(folder / "Massage.ini", kSettings);
+    createForOwner(textOf(folder / "adodb.ini")); // a connection string may hold a password
+    writeSuiteText(folder / "adodb.ini", kConnection);
+    writeSuiteText(folder / "Sorvin.ver", versionText(order));
+    writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
+    writeFile(folder / "ICON" / kWallpaperFile, wallpaper());
+    for (const Form &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
+    writeStandIns(folder, formViewer);
+}
+
+} // namespace inin::site

@@ -1,0 +1,106 @@
+#include "demo_site/sqlite_writer.h"
+
+#include "adapters/native/native_platform.h"
+#include "adapters/sqlite/file_calls.h"
+#include "platform/database.h"
+#include "runtime/runtime_error.h"
+#include "system/file_path.h"
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+namespace inin::site {
+
+namespace {
+
+[[noreturn]] void fail(sqlite3 *database)
+{
+    throw RuntimeError(ado_error::unspecified,
+                       fmt::format("データベースを作成できません。（{}）", sqlite3_errmsg(database)));
+}
+
+int sizeOf(const std::string &text)
+{
+    return static_cast<int>(text.size());
+}
+
+/// Binds without a copy: the row's cells live until the step.
+struct Binder {
+    sqlite3_stmt *statement;
+    int position;
+    int operator()(std::monostate) const { return sqlite3_bind_null(statement, position); }
+    int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, position, number); }
+    int operator()(const std::string &text) const
+    {
+        return sqlite3_bind_text(statement, position, text.data(), sizeOf(text), nullptr);
+    }
+    int operator()(const Blob &blob) const
+    {
+        return sqlite3_bind_blob(statement, position, blob.bytes.data(), sizeOf(blob.bytes), nullptr);
+    }
+};
+
+class PreparedSink : public RowSink {
+public:
+    PreparedSink(sqlite3 *database, StatementHandle statement) : m_database(database), m_statement(std::move(statement))
+    {
+    }
+    void row(std::span<const Cell> cells) override
+    {
+        int position = 0;
+        for (const Cell &cell : cells)
+            if (std::visit(Binder{m_statement.get(), ++position}, cell) != SQLITE_OK) fail(m_database);
+        if (sqlite3_step(m_statement.get()) != SQLITE_DONE) fail(m_database);
+        sqlite3_reset(m_statement.get());
+    }
+
+private:
+    sqlite3 *m_database;
+    StatementHandle m_statement;
+};
+
+} // namespace
+
+void CloseDatabase::operator()(sqlite3 *database) const
+{
+    sqlite3_close(database);
+}
+
+void FinalizeStatement::operator()(sqlite3_stmt *statement) const
+{
+    sqlite3_finalize(statement);
+}
+
+SqliteWriter::SqliteWriter(const std::string &path)
+{
+    sqlite3 *database = nullptr;
+    const char *const calls = sqlite::databaseFileCalls();
+    // Those of Windows take a deep path with its prefix only; elsewhere a path is a path, backslashes and all.
+    const std::string file = calls == nullptr ? path : systemPath(path);
+    const int result = sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, calls);
+    m_database.reset(database);
+    if (result != SQLITE_OK) fail(database);
+}
+
+void SqliteWriter::run(const std::string &script)
+{
+    if (sqlite3_exec(handle(), script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) fail(handle());
+}
+
+StatementHandle SqliteWriter::prepare(const std::string &statement)
+{
+    sqlite3_stmt *prepared = nullptr;
+    if (sqlite3_prepare_v2(handle(), statement.c_str(), -1, &prepared, nullptr) != SQLITE_OK) fail(handle());
+    return StatementHandle{prepared};
+}
+
+RowSink &SqliteWriter::into(std::string_view table, std::span<const std::string_view> columns)
+{
+    std::string marks;
+    for (std::size_t i = 0; i < columns.size(); ++i) marks += i == 0 ? "?" : ",?";
+    m_sinks.push_back(std::make_unique<PreparedSink>(
+        handle(), prepare(fmt::format("INSERT INTO {} ({}) VALUES ({})", table, fmt::join(columns, ","), marks))));
+    return *m_sinks.back();
+}
+
+} // namespace inin::site

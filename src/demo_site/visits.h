@@ -1,0 +1,11 @@
+#pragma once
+
+#include "demo_site/people.h"
+#include "demo_site/row_target.h"
+
+namespace inin::site {
+
+/// Fills SCHEDULE and JISSEKI for the month before, the month and the month after.
+void writeVisits(RowTarget &database, const SiteOrder &order);
+
+} // namespace inin::site

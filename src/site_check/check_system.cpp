@@ -1,0 +1,38 @@
+#include "site_check/site_check.h"
+#include "suite_text/code_page_932.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace inin::site {
+
+namespace {
+
+/// What a database reads as the day that was meant, whatever its own language: the year first and whole.
+constexpr std::string_view kReadableForms[] = {"yyyy/MM/dd", "yyyy/M/d", "yyyy/MM/d", "yyyy/M/dd",
+                                               "yyyy-MM-dd", "yyyy-M-d", "yyyy-MM-d", "yyyy-M-dd"};
+
+constexpr std::string_view kConnectionKey = "接続情報";
+
+} // namespace
+
+/// The programs ask for this key in the machine's own code page, and then it is another one, or a row of question marks.
+void checkCodePage(Locale &system, Findings &findings)
+{
+    if (system.toCodePage(kConnectionKey) == encodeCp932(kConnectionKey)) return;
+    findings.push_back(
+        "このコンピューターの「Unicode 対応ではないプログラムの言語」が日本語ではないので、設定ファイルの"
+        "日本語の項目を読めません。");
+}
+
+/// Dates go into statements and letters in this form, so an era or a day in front makes other days of them, or none.
+void checkShortDate(const Regional &regional, Findings &findings)
+{
+    if (std::ranges::find(kReadableForms, regional.shortDate) != std::end(kReadableForms)) return;
+    findings.push_back(fmt::format("このコンピューターの短い日付の形式が「{}」なので、データベースが日付を正しく"
+                                   "読めません（「yyyy/MM/dd」にしてください）。",
+                                   regional.shortDate));
+}
+
+} // namespace inin::site

@@ -1,0 +1,204 @@
+#include "suite_text/code_page_932.h"
+
+#include "suite_text/code_page_table.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace inin {
+
+namespace {
+
+constexpr char16_t kReplacement = 0xFFFD;
+constexpr char32_t kNoCharacter = 0xFFFFFFFF;
+
+constexpr bool isTrail(unsigned char byte)
+{
+    return byte >= 0x40 && byte <= 0xFC && byte != 0x7F;
+}
+
+/// The same characters stand at up to three places. What is written is the place of JIS X 0208, then row 13, then the
+/// maker's extension behind the user's area; the copies in rows 0xED and 0xEE are only ever read.
+constexpr int preference(unsigned lead)
+{
+    if (lead == 0xED || lead == 0xEE) return 1;
+    if (lead >= 0xFA) return 2;
+    return lead == 0x87 ? 3 : 4;
+}
+
+constexpr unsigned pairOf(unsigned char lead, unsigned char trail)
+{
+    return static_cast<unsigned>(lead << 8 | trail);
+}
+
+struct Twin {
+    char16_t twin;
+    char16_t own;
+};
+constexpr Twin kTwins[] = {{0x2014, 0x2015}, {0x2016, 0x2225}, {0x2212, 0xFF0D}, {0x301C, 0xFF5E}};
+
+struct Tables {
+    std::array<char16_t, 0x100> single{};      ///< 0: no character of one byte
+    std::array<char16_t, 0x10000> pair{};      ///< by lead and trail
+    std::array<std::uint16_t, 0x10000> code{}; ///< by UTF-16 unit; 0: the code page lacks it
+
+    Tables()
+    {
+        std::string singles, pairs;
+        for (unsigned byte = 0x01; byte <= 0xFC; ++byte) {
+            // What becomes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
+            if (isCp932Lead(static_cast<unsigned char>(byte)))
+                addTrails(pairs, static_cast<char>(byte));
+            else if (byte != 0x80 && byte != 0xA0)
+                singles += static_cast<char>(byte);
+        }
+        addAll(singles, 1);
+        addAll(pairs, 2);
+        for (const Twin &twin : kTwins)
+            if (code[twin.twin] == 0) code[twin.twin] = code[twin.own];
+    }
+
+private:
+    static void addTrails(std::string &pairs, char lead)
+    {
+        for (unsigned trail = 0x40; trail <= 0xFC; ++trail)
+            if (isTrail(static_cast<unsigned char>(trail))) pairs += {lead, static_cast<char>(trail)};
+    }
+    void addAll(const std::string &bytes, std::size_t width)
+    {
+        const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(bytes[at]); };
+        for (std::size_t at = 0; const char16_t unit : systemUnits(bytes, width)) {
+            if (width == 1)
+                add(unit, byteAt(at), single[byteAt(at)]);
+            else
+                add(unit, pairOf(byteAt(at), byteAt(at + 1)), pair[pairOf(byteAt(at), byteAt(at + 1))]);
+            at += width;
+        }
+    }
+    void add(char16_t unit, unsigned bytes, char16_t &place)
+    {
+        place = unit;
+        if (unit == 0) return;
+        std::uint16_t &old = code[unit];
+        if (old == 0 || preference(bytes >> 8) > preference(old >> 8U)) old = static_cast<std::uint16_t>(bytes);
+    }
+};
+
+const Tables &tables()
+{
+    static const auto built = std::make_unique<const Tables>();
+    return *built;
+}
+
+struct Decoded {
+    char32_t character;
+    std::size_t size;
+};
+
+/// The next character of a UTF-8 text. A sequence that is none gives kNoCharacter and the size of its well-formed part,
+/// at least 1, so that one broken character costs one "?" and hides nothing behind it.
+Decoded nextCharacter(std::string_view text)
+{
+    const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    const unsigned first = byteAt(0);
+    if (first < 0x80) return {first, 1};
+    if (first < 0xC2 || first > 0xF4) return {kNoCharacter, 1};
+    const std::size_t size = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    char32_t character = first & (0x7FU >> size);
+    for (std::size_t at = 1; at < size; ++at) {
+        if (at == text.size()) return {kNoCharacter, at};
+        const unsigned byte = byteAt(at);
+        // The second byte tells overlong forms, surrogates and what lies beyond Unicode.
+        const unsigned low = at > 1 ? 0x80 : first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+        const unsigned high = at > 1 ? 0xBF : first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+        if (byte < low || byte > high) return {kNoCharacter, at};
+        character = character << 6 | (byte & 0x3FU);
+    }
+    return {character, size};
+}
+
+/// Appends the ASCII run at the front of `text` and gives its length: most bytes of a statement or path are such.
+std::size_t takeAscii(std::string &out, std::string_view text)
+{
+    std::size_t size = 0;
+    while (size < text.size() && static_cast<unsigned char>(text[size]) < 0x80) ++size;
+    out.append(text.data(), size);
+    return size;
+}
+
+} // namespace
+
+bool isCp932Lead(unsigned char byte)
+{
+    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
+
+char16_t cp932Unit(unsigned char lead, unsigned char trail)
+{
+    return tables().pair[pairOf(lead, trail)];
+}
+
+char16_t cp932Unit(unsigned char byte)
+{
+    return tables().single[byte];
+}
+
+void appendUtf8(std::string &out, char16_t unit)
+{
+    const unsigned value = unit;
+    if (value < 0x80) {
+        out += static_cast<char>(value);
+    } else if (value < 0x800) {
+        out += {static_cast<char>(0xC0 | value >> 6), static_cast<char>(0x80 | (value & 0x3F))};
+    } else {
+        out += {static_cast<char>(0xE0 | value >> 12), static_cast<char>(0x80 | (value >> 6 & 0x3F)),
+                static_cast<char>(0x80 | (value & 0x3F))};
+    }
+}
+
+std::string encodeCp932(std::string_view utf8)
+{
+    const Tables &table = tables();
+    // No character takes more bytes here than in UTF-8.
+    std::string out(utf8.size(), '\0');
+    char *end = out.data();
+    for (std::size_t at = 0; at < utf8.size();) {
+        const Decoded next = nextCharacter(utf8.substr(at));
+        at += next.size;
+        const unsigned code = next.character < 0x80      ? static_cast<unsigned>(next.character)
+                              : next.character < 0x10000 ? table.code[next.character]
+                                                         : 0;
+        if (code > 0xFF) *end++ = static_cast<char>(code >> 8);
+        *end++ = code == 0 && next.character != 0 ? '?' : static_cast<char>(code & 0xFF);
+    }
+    out.resize(static_cast<std::size_t>(end - out.data()));
+    return out;
+}
+
+std::string decodeCp932(std::string_view bytes)
+{
+    const Tables &table = tables();
+    std::string out;
+    out.reserve(bytes.size() + bytes.size() / 2);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        if (byte < 0x80) {
+            at += takeAscii(out, bytes.substr(at));
+            continue;
+        }
+        ++at;
+        char16_t unit = table.single[byte];
+        // A lead byte takes a trail byte with it even when the two are no character; anything else stays for itself.
+        if (isCp932Lead(byte) && at < bytes.size() && isTrail(static_cast<unsigned char>(bytes[at])))
+            unit = table.pair[pairOf(byte, static_cast<unsigned char>(bytes[at++]))];
+        appendUtf8(out, unit == 0 ? kReplacement : unit);
+    }
+    return out;
+}
+
+} // namespace inin

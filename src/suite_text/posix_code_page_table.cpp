@@ -1,0 +1,63 @@
+#include "suite_text/code_page_table.h"
+
+#include <cstdint>
+#include <stdexcept>
+
+#include <iconv.h>
+
+namespace inin {
+
+namespace {
+
+class Conversion {
+public:
+    Conversion() : m_descriptor(iconv_open("UTF-16LE", "CP932"))
+    {
+        // iconv reports a failure as a pointer of all ones.
+        if (reinterpret_cast<std::intptr_t>(m_descriptor) == -1)
+            throw std::runtime_error("the system's iconv has no code page 932");
+    }
+    Conversion(const Conversion &) = delete;
+    Conversion &operator=(const Conversion &) = delete;
+    ~Conversion() { iconv_close(m_descriptor); }
+
+    /// Converts from `at` up to the first byte that is no character, and gives how many bytes of `out` it filled.
+    std::size_t run(char *&at, std::size_t &left, std::vector<unsigned char> &out) const
+    {
+        char *outAt = reinterpret_cast<char *>(out.data());
+        std::size_t outLeft = out.size();
+        iconv(m_descriptor, nullptr, nullptr, nullptr, nullptr);
+        iconv(m_descriptor, &at, &left, &outAt, &outLeft);
+        return out.size() - outLeft;
+    }
+
+private:
+    iconv_t m_descriptor;
+};
+
+} // namespace
+
+/// Many go through in one call: a call a character would be a good part of the program's start.
+std::vector<char16_t> systemUnits(const std::string &bytes, std::size_t width)
+{
+    const Conversion conversion;
+    std::string in = bytes; // the call takes it without const
+    std::vector<unsigned char> out(in.size() * 2);
+    std::vector<char16_t> found;
+    char *at = in.data();
+    for (std::size_t left = in.size(); left > 0;) {
+        const std::size_t before = left;
+        const std::size_t filled = conversion.run(at, left, out);
+        const std::size_t characters = (before - left) / width;
+        if (filled != characters * 2) throw std::runtime_error("the code page has no such pairs");
+        for (std::size_t i = 0; i < characters; ++i)
+            found.push_back(static_cast<char16_t>(out[2 * i] | out[2 * i + 1] << 8));
+        if (left == 0) break;
+        found.push_back(0); // it stopped in front of what is no character
+        at += width;
+        left -= width;
+    }
+    return found;
+}
+
+} // namespace inin

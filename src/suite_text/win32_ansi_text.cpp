@@ -1,0 +1,44 @@
+#include "suite_text/win32_ansi_text.h"
+
+#include "suite_text/code_page_932.h"
+#include "system/win32_text.h"
+
+#include <windows.h>
+
+namespace inin {
+
+namespace {
+
+constexpr UINT kJapanese = 932;
+
+/// The call would write one "?" for each half of a pair that the code page lacks.
+std::wstring withoutPairs(const std::wstring &wide)
+{
+    std::wstring out;
+    for (const wchar_t unit : wide) {
+        if (unit >= 0xDC00 && unit < 0xE000) continue;
+        out += unit >= 0xD800 && unit < 0xDC00 ? L'?' : unit;
+    }
+    return out;
+}
+
+} // namespace
+
+// Code page 932 goes by tables that are filled from the same call: so the bytes are those of every other system, and no
+// character is turned into one that only looks like it.
+std::string ansiFromUtf8(std::string_view text)
+{
+    const UINT codePage = GetACP();
+    if (codePage == kJapanese) return encodeCp932(text);
+    const std::wstring wide = wideFromUtf8(text);
+    if (codePage == CP_UTF8) return bytesFrom(CP_UTF8, 0, wide);
+    return bytesFrom(codePage, WC_NO_BEST_FIT_CHARS, withoutPairs(wide));
+}
+
+std::string utf8FromAnsi(std::string_view bytes)
+{
+    const UINT codePage = GetACP();
+    return codePage == kJapanese ? decodeCp932(bytes) : utf8FromWide(wideFrom(codePage, bytes));
+}
+
+} // namespace inin

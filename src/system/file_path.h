@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+// Paths are UTF-8 text inside the programs. A std::filesystem::path made from a narrow string would be read in the
+// system's own encoding, which is UTF-8 on some systems only.
+
+[[nodiscard]] inline std::filesystem::path pathOf(std::string_view utf8)
+{
+    return std::u8string(utf8.begin(), utf8.end());
+}
+
+[[nodiscard]] inline std::string textOf(const std::filesystem::path &path)
+{
+    const std::u8string utf8 = path.u8string();
+    return {utf8.begin(), utf8.end()};
+}
+
+/// A path of the suite as this system's calls take it. POSIX: turns "\" into "/" and finds each part of the path in any
+/// case; a part that does not exist is kept as given. Windows: turns "/" into "\"; a path beyond the classic limit of 260
+/// characters becomes absolute and gets the prefix that lifts the limit.
+[[nodiscard]] std::string systemPath(const std::string &path);
+/// True for a path that does not start at the current folder; on Windows a path with a drive letter is absolute.
+[[nodiscard]] bool isAbsolutePath(const std::string &path);
+/// Creates an empty file that only its owner may read and write, for personal data or passwords. An existing file keeps
+/// its rights and content. Windows: does nothing, because a new file gets the rights of its folder. A failure shows when
+/// the caller opens the file.
+void createForOwner(const std::string &path);
+
+} // namespace inin

@@ -1,0 +1,29 @@
+#include "system/program_edges.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace inin {
+
+std::vector<std::string> programArguments(int argc, char **argv)
+{
+    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+std::filesystem::path programFile()
+{
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+void prepareStandardStreams()
+{
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) != -1) continue;
+        // The lowest free descriptor is this one. Opened the wrong way round, it refuses every access.
+        const int wrongWay = descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+        (void)open("/dev/null", wrongWay); // without the device nothing can be done about it
+    }
+}
+
+} // namespace inin

@@ -1,0 +1,49 @@
+#include "system/win32_path.h"
+
+#include "system/file_path.h"
+#include "system/win32_text.h"
+
+#include <algorithm>
+
+#include <windows.h>
+
+namespace inin {
+
+namespace {
+
+/// A folder must leave room for a name of 8.3 behind it, so its limit lies below MAX_PATH.
+constexpr std::size_t kLongestClassic = MAX_PATH - 12;
+constexpr std::wstring_view kUnlimitedShare = L"\\\\?\\UNC\\";
+
+} // namespace
+
+std::wstring fullPath(const std::wstring &path)
+{
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full.empty() ? path : full;
+}
+
+std::wstring widePath(const std::string &path)
+{
+    std::wstring wide = wideFromUtf8(path);
+    std::ranges::replace(wide, L'/', L'\\');
+    if (wide.empty() || wide.starts_with(kUnlimited)) return wide;
+    // The limit counts the whole path, so a short name in a deep current folder is long too.
+    const std::wstring full = fullPath(wide);
+    if (full.size() < kLongestClassic) return wide;
+    if (full.starts_with(L"\\\\")) return std::wstring(kUnlimitedShare) + full.substr(2);
+    return std::wstring(kUnlimited) + full;
+}
+
+bool isAbsolutePath(const std::string &path)
+{
+    return path.starts_with('\\') || path.starts_with('/') || (path.size() > 1 && path[1] == ':');
+}
+
+std::string systemPath(const std::string &path)
+{
+    return utf8FromWide(widePath(path));
+}
+
+} // namespace inin

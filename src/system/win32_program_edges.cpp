@@ -1,0 +1,65 @@
+#include "system/program_edges.h"
+
+#include "system/win32_text.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace inin {
+
+namespace {
+
+struct FreeLocal {
+    void operator()(void *memory) const { LocalFree(memory); }
+};
+
+UINT &codePageBefore()
+{
+    static UINT codePage = 0;
+    return codePage;
+}
+
+/// The console outlives the program: it is left as it was found.
+void giveBackConsole()
+{
+    SetConsoleOutputCP(codePageBefore());
+}
+
+} // namespace
+
+/// What main() was given is in the ANSI code page, which may lack a character of a path.
+std::vector<std::string> programArguments(int, char **)
+{
+    int count = 0;
+    const std::unique_ptr<wchar_t *, FreeLocal> words(CommandLineToArgvW(GetCommandLineW(), &count));
+    std::vector<std::string> arguments;
+    for (int at = 1; words && at < count; ++at) arguments.push_back(utf8FromWide(words.get()[at]));
+    return arguments;
+}
+
+std::filesystem::path programFile()
+{
+    constexpr std::size_t longestPath = 32768;
+    std::wstring file(longestPath, L'\0');
+    file.resize(GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size())));
+    return file;
+}
+
+// The run-time library keeps the descriptors of streams that are closed at the start: no file gets them.
+void prepareStandardStreams()
+{
+    for (std::FILE *stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+    codePageBefore() = GetConsoleOutputCP();
+    if (codePageBefore() == 0) return; // no console
+    SetConsoleOutputCP(CP_UTF8);
+    std::atexit(giveBackConsole);
+}
+
+} // namespace inin

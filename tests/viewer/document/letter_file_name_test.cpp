@@ -1,0 +1,73 @@
+#include "runtime/runtime_error.h"
+#include "viewer/document/letter_file_name.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+std::vector<std::string> namesOf(const std::vector<std::string> &patients, const std::string &pattern)
+{
+    std::vector<Row> rows;
+    for (const std::string &patient : patients) {
+        rows.push_back(ordinaryRow());
+        rows.back()["利用者氏名"] = patient;
+    }
+    const LetterSet set = lettersOn(svgPage(""), rows);
+    LetterFileNames names(set, pattern, ".pdf");
+    std::vector<std::string> out;
+    for (std::size_t i = 0; i < rows.size(); ++i) out.push_back(names.nameOf(i));
+    return out;
+}
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_CASE("a file is named by number, columns and dates of its letter")
+{
+    CHECK(namesOf({"長尾　西", "甲"}, "{{番号}}_{{利用者氏名}}_{{対象開始日|ggge年m月}}") ==
+          Names{"1_長尾　西_令和6年5月.pdf", "2_甲_令和6年5月.pdf"});
+}
+
+TEST_CASE("numbers in names have as many digits as the last letter, so that names sort as letters do")
+{
+    const Names names = namesOf(Names(10, "甲"), "{{番号}}");
+    CHECK(names.front() == "01.pdf");
+    CHECK(names.back() == "10.pdf");
+}
+
+TEST_CASE("what no file system takes in a name becomes an underline")
+{
+    CHECK(namesOf({"../甲/乙\\丙:丁*?|<>"}, "{{利用者氏名}}") == Names{"_甲_乙_丙_丁_____.pdf"});
+}
+
+TEST_CASE("no name is given twice, whatever its case")
+{
+    CHECK(namesOf({"Abe", "ABE", "Abe"}, "{{利用者氏名}}") == Names{"Abe.pdf", "ABE (2).pdf", "Abe (3).pdf"});
+}
+
+TEST_CASE("a name of nothing is the letter's number")
+{
+    CHECK(namesOf({"", " . "}, "{{利用者氏名}}") == Names{"1.pdf", "2.pdf"});
+}
+
+TEST_CASE("a long name is cut between two characters")
+{
+    std::string longName;
+    for (int i = 0; i < 100; ++i) longName += "髙";
+    std::string kept;
+    for (int i = 0; i < 66; ++i) kept += "髙";
+    CHECK(namesOf({longName}, "{{利用者氏名}}") == Names{kept + ".pdf"});
+}
+
+TEST_CASE("a name from a column that is not there is refused by its name")
+{
+    const LetterSet set = lettersOn(svgPage(""), {ordinaryRow()});
+    CHECK_THROWS_WITH_AS(LetterFileNames(set, "{{氏名}}", ".pdf"),
+                         "ファイル名の「{{氏名}}」の列「氏名」が CSV にありません。", RuntimeError);
+}

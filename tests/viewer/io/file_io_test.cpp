@@ -1,0 +1,126 @@
+#include "runtime/runtime_error.h"
+#include "support/errors.h"
+#include "viewer/io/file_io.h"
+#include "viewer/io/file_stamp.h"
+#include "viewer/io/mapped_file.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string refusal(const std::string &path)
+{
+    return errorWordsOf([&] { return readWholeFile(path, 10); });
+}
+
+void write(const std::string &path, const std::string &bytes)
+{
+    FinishedFile file(path);
+    file.write(bytes);
+    file.finish();
+}
+
+/// A path beyond the classic limit of Windows.
+std::string deepPath(const TempFolder &folder)
+{
+    std::string path = folder.path();
+    for (int level = 0; level < 6; ++level) path += "/" + std::string(48, static_cast<char>('a' + level));
+    return path;
+}
+
+} // namespace
+
+TEST_CASE("a file is not seen under its name until it is whole, and an unfinished one leaves nothing")
+{
+    TempFolder folder;
+    {
+        FinishedFile file(folder / "a");
+        file.write(std::string(200'000, 'x'));
+        CHECK_FALSE(folder.has("a"));
+        file.finish();
+    }
+    CHECK(fs::file_size(folder / "a") == 200'000);
+    CHECK((fs::status(folder / "a").permissions() & fs::perms::owner_read) != fs::perms::none);
+    {
+        FinishedFile file(folder / "b");
+        file.write("half");
+    }
+    CHECK(folder.names() == std::vector<std::string>{"a"});
+}
+
+TEST_CASE("an older file is replaced as a whole, or stays")
+{
+    TempFolder folder;
+    folder.put("委任状.pdf", "an older and longer file");
+    {
+        FinishedFile file(folder / "委任状.pdf");
+        file.write("new");
+        CHECK(folder.bytes("委任状.pdf") == "an older and longer file");
+        file.finish();
+    }
+    CHECK(folder.bytes("委任状.pdf") == "new");
+    CHECK(folder.names().size() == 1);
+}
+
+TEST_CASE("a folder is never read as a file or replaced by one")
+{
+    TempFolder folder;
+    fs::create_directory(folder.folder() / "taken");
+    CHECK(refusal(folder / "taken") == "ファイル「" + folder / "taken" + "」は読めるファイルではありません。");
+    CHECK_THROWS_AS(FinishedFile{folder / "taken"}, RuntimeError);
+    CHECK(folder.names() == std::vector<std::string>{"taken"});
+}
+
+TEST_CASE("a file that is missing or too large is refused with its path, an empty one is read")
+{
+    TempFolder folder;
+    CHECK(refusal(folder / "x") == "ファイル「" + folder / "x" + "」が見つかりません。");
+    CHECK(refusal(folder / "x" + "/y") == "ファイル「" + folder / "x" + "/y」が見つかりません。");
+    folder.put("x", "eleven byte");
+    CHECK(refusal(folder / "x") == "ファイル「" + folder / "x" + "」は大きすぎます。");
+    folder.put("x", "");
+    CHECK(readWholeFile(folder / "x").empty());
+    CHECK(MappedFile(folder / "x").bytes().empty());
+    CHECK(MappedFile(folder / "y").bytes().empty());
+}
+
+TEST_CASE("a path is taken with either slash, in any case, beyond 260 characters and in Japanese")
+{
+    TempFolder folder;
+    const std::string deep = deepPath(folder);
+    REQUIRE(deep.size() > 300);
+    makeFolder(deep);
+    write(deep + "/髙橋𠮷.csv", "whole");
+
+    std::string path = deep + "/髙橋𠮷.CSV";
+    CHECK(readWholeFile(path) == "whole");
+    std::ranges::replace(path, '/', '\\');
+    CHECK(readWholeFile(path) == "whole");
+    CHECK(MappedFile(systemPathOf(path)).bytes() == "whole");
+    CHECK(stampOf(path).exists);
+    CHECK(stampOf(path).size == 5);
+    CHECK_FALSE(stampOf(deep + "/x").exists);
+    // What removes whole folders keeps to the limit everywhere: it finds the rest.
+    std::error_code error;
+    for (fs::path rest = pathOf(deep + "/髙橋𠮷.csv"); rest != folder.path(); rest = rest.parent_path())
+        fs::remove(unlimitedPath(rest), error);
+    CHECK(folder.names().empty());
+}
+
+TEST_CASE("a folder where a file stands in the way is told")
+{
+    TempFolder folder;
+    folder.put("taken", "x");
+    CHECK_THROWS_AS(makeFolder(folder / "taken"), RuntimeError);
+    makeFolder(folder / "a" + "/b/c");
+    makeFolder(folder / "a" + "/b/c");
+    CHECK(fs::is_directory(folder.folder() / "a" / "b" / "c"));
+}

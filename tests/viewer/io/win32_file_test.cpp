@@ -1,0 +1,88 @@
+#include "runtime/runtime_error.h"
+#include "support/errors.h"
+#include "system/win32_handle.h"
+#include "system/win32_text.h"
+#include "viewer/io/file_io.h"
+#include "viewer/io/font_files.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <set>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+/// As a program that shows a file keeps it open.
+Win32FileHandle openFor(const std::string &path, DWORD shared)
+{
+    return Win32FileHandle(CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+std::string refusalToWrite(const std::string &path)
+{
+    return errorWordsOf([&] {
+        FinishedFile file(path);
+        file.write("new");
+        file.finish();
+    });
+}
+
+} // namespace
+
+TEST_CASE("a PDF that another program keeps open stays, the failure is told and nothing half-written is left")
+{
+    const TempFolder folder;
+    const std::string path = folder / "委任状.pdf";
+    writeBytes(path, "old");
+    {
+        const Win32FileHandle reader = openFor(path, FILE_SHARE_READ);
+        REQUIRE(reader.isOpen());
+        CHECK(refusalToWrite(path) == "ファイル「" + path + "」に書き込めません。");
+    }
+    CHECK(bytesOf(path) == "old");
+    CHECK(folder.names() == std::vector<std::string>{"委任状.pdf"});
+    CHECK(refusalToWrite(path).empty());
+    CHECK(bytesOf(path) == "new");
+}
+
+TEST_CASE("a file that a writer keeps to itself is told as one that cannot be read, one that it shares is read")
+{
+    const TempFolder folder;
+    folder.put("a.csv", "rows");
+    {
+        const Win32FileHandle alone = openFor(folder / "a.csv", 0);
+        REQUIRE(alone.isOpen());
+        CHECK_THROWS_WITH_AS((void)readWholeFile(folder / "a.csv"),
+                             ("ファイル「" + folder / "a.csv" + "」を読めません。").c_str(), RuntimeError);
+    }
+    const Win32FileHandle shared = openFor(folder / "a.csv", FILE_SHARE_READ);
+    CHECK(readWholeFile(folder / "a.csv") == "rows");
+}
+
+TEST_CASE("the name of a device is neither read nor written")
+{
+    const TempFolder folder;
+    for (const char *device : {"NUL", "con", "COM1"}) {
+        CAPTURE(std::string(device));
+        CHECK_THROWS_AS((void)readWholeFile(device), RuntimeError);
+        CHECK(refusalToWrite(device) == "ファイル「" + std::string(device) + "」に書き込めません。");
+    }
+}
+
+TEST_CASE("every font file that the system lists is named once, vertical names and their brackets left out")
+{
+    const std::vector<FontFile> files = installedFontFiles();
+    CHECK_FALSE(files.empty());
+    std::set<std::string> paths;
+    for (const FontFile &file : files) {
+        CHECK(paths.insert(file.path).second);
+        CHECK_FALSE(file.listedAs.starts_with("@"));
+        CHECK_FALSE(file.listedAs.ends_with(")"));
+    }
+}

@@ -1,0 +1,94 @@
+#include "viewer/letters/csv_reader.h"
+#include "viewer/paint/letter_pictures.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+constexpr double kPointsPerInch = 72;
+
+std::vector<Row> rowsOfAllKinds()
+{
+    std::vector<Row> rows{ordinaryRow(), longestRow(), oddRow(), Row{}};
+    for (int i = 0; i < 6; ++i) {
+        rows.push_back(ordinaryRow());
+        rows.back()["利用者氏名"] = "甲" + std::to_string(i);
+    }
+    return rows;
+}
+
+struct Pictures {
+    TempFolder folder;
+    LetterSet set;
+    Fonts fonts;
+    LetterPress press{set, fonts};
+    QtGlyphs glyphs;
+    LetterPictures pictures{press, glyphs};
+    explicit Pictures(const char *form = kForm) : set(openScript(writePrintJob(folder, form, rowsOfAllKinds()))) {}
+    void checkAgainstWhole(std::size_t letter, double dotsPerInch)
+    {
+        CAPTURE(letter);
+        CAPTURE(dotsPerInch);
+        pictures.setScale(dotsPerInch / kPointsPerInch);
+        CHECK(pictures.of(letter) == letterImage(press, letter, dotsPerInch, glyphs));
+    }
+};
+
+} // namespace
+
+TEST_CASE("a kept picture is dot for dot what painting the whole letter gives, on each form, at each scale")
+{
+    for (const char *form : kForms) {
+        Pictures world(form);
+        for (const double dots : {31.7, 96.0, 150.0})
+            for (std::size_t letter = 0; letter < 5; ++letter) world.checkAgainstWhole(letter, dots);
+    }
+}
+
+TEST_CASE("pages turned to and fro, and back behind many others, are still the same")
+{
+    Pictures world;
+    for (const std::size_t letter : {0U, 1U, 0U, 9U, 8U, 7U, 6U, 5U, 0U, 1U}) world.checkAgainstWhole(letter, 72);
+}
+
+TEST_CASE("letters moved by the script's offsets are painted where they belong")
+{
+    Pictures world;
+    world.set.offsetX = 35;
+    world.set.offsetY = -20;
+    for (std::size_t letter = 0; letter < 3; ++letter) world.checkAgainstWhole(letter, 100);
+}
+
+TEST_CASE("a row that could not be read is painted on its own page among the others")
+{
+    Pictures world;
+    const std::string csv = csvOf({ordinaryRow()}) + "\"a\",\"b\"\r\n" + csvOf({longestRow()});
+    world.set.reports[0].letters = readLetters(csv, TitleRow::first);
+    for (std::size_t letter = 0; letter < world.set.size(); ++letter) world.checkAgainstWhole(letter, 72);
+}
+
+TEST_CASE("the pages that were made last are kept, and go with their scale")
+{
+    Pictures world;
+    world.pictures.setScale(1);
+    for (std::size_t letter = 0; letter < 4; ++letter) (void)world.pictures.of(letter);
+    (void)world.pictures.of(0);
+    (void)world.pictures.of(4);
+    CHECK(world.pictures.has(0));
+    CHECK(!world.pictures.has(1));
+    CHECK(world.pictures.has(4));
+    world.pictures.setScale(1.5);
+    CHECK(!world.pictures.has(4));
+}
+
+TEST_CASE("pictures are kept up to 300 dots an inch and no further")
+{
+    Pictures world;
+    CHECK(world.pictures.isWorthwhile(300 / kPointsPerInch));
+    CHECK(!world.pictures.isWorthwhile(600 / kPointsPerInch));
+}

@@ -1,0 +1,39 @@
+#include "viewer/paint/letter_pictures.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+TEST_CASE(
+    "a window that moves to a screen of other dots gets pictures of that screen, also where their size is the same")
+{
+    const LetterSet set = lettersOn(svgPage("<text x='9' y='9'>{{保険者名}}</text>"), {ordinaryRow()});
+    Fonts fonts;
+    LetterPress press(set, fonts);
+    QtGlyphs glyphs;
+    LetterPictures pictures(press, glyphs);
+    pictures.setScale(2, 1);
+    const QSize dots = pictures.of(0).size();
+    CHECK(pictures.of(0).devicePixelRatio() == 1);
+    pictures.setScale(2, 2);
+    CHECK(pictures.of(0).size() == dots);
+    CHECK(pictures.of(0).devicePixelRatio() == 2);
+}
+
+TEST_CASE("a ring drawn by the even-odd rule is open on the screen, the same path without it is filled")
+{
+    const auto middle = [](const std::string &rule) {
+        const LetterSet set = lettersOn(svgPage("<path " + rule +
+                                                " d='M10 10H50V50H10Z M20 20H40V40H20Z'/>"
+                                                "<text x='9' y='200'>{{保険者名}}</text>"),
+                                        {ordinaryRow()});
+        Fonts fonts;
+        LetterPress press(set, fonts);
+        QtGlyphs glyphs;
+        return letterImage(press, 0, 101.6, glyphs).pixelColor(120, 120); // four dots a millimetre
+    };
+    CHECK(middle("fill-rule='evenodd'") == QColor(Qt::white));
+    CHECK(middle("") == QColor(Qt::black));
+}

@@ -1,0 +1,243 @@
+#include "viewer/paint/qt_page_painter.h"
+#include "viewer/pdf/letters_pdf.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <cstdlib>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+constexpr double kDots = 60;
+// Rounding of edges differs between processors and versions of the toolkit; a line or letter that moved does not pass.
+constexpr int kGrayTolerance = 48;
+constexpr double kShareTolerance = 0.0005;
+
+struct Case {
+    const char *form;
+    const char *golden;
+};
+constexpr Case kCases[] = {
+    {"委任状37_01.wfd", "standard"}, {"委任状23.wfd", "aichi"}, {"委任状37_高松市.wfd", "takamatsu"}};
+
+/// How large a share of the pixels differs more than the tolerance; 1 for pictures of other sizes.
+double difference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size()) return 1;
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) > kGrayTolerance) ++count;
+    return static_cast<double>(count) / (a.width() * a.height());
+}
+
+/// A wanted change: run once with ININ_WRITE_GOLDENS set, look at the pictures, check them in.
+void holdAgainstGolden(const QImage &picture, const std::string &name)
+{
+    const QString path = QString::fromStdString(std::string(ININ_TEST_DATA) + "/viewer/" + name);
+    CAPTURE(name);
+    if (std::getenv("ININ_WRITE_GOLDENS") != nullptr)
+        picture.convertToFormat(QImage::Format_Grayscale8).save(path, "PNG", 0);
+    QImage golden;
+    REQUIRE(golden.load(path));
+    CHECK(difference(picture, golden) < kShareTolerance);
+}
+
+/// Two rasterisers differ at every edge; made coarse, what is left is a difference of place or shape.
+QImage coarse(const QImage &image)
+{
+    constexpr int kFactor = 4;
+    return image.scaled(image.width() / kFactor, image.height() / kFactor, Qt::IgnoreAspectRatio,
+                        Qt::SmoothTransformation);
+}
+
+/// The first page of a PDF as another program draws it.
+QImage rasterized(const std::string &pdf, int dotsPerInch)
+{
+    const std::string command =
+        "pdftoppm -r " + std::to_string(dotsPerInch) + " -png -singlefile '" + pdf + "' '" + pdf + "'";
+    REQUIRE(std::system(command.c_str()) == 0);
+    QImage page;
+    REQUIRE(page.load(QString::fromStdString(pdf + ".png")));
+    return page;
+}
+
+/// The first letter as it goes to a printer.
+void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
+{
+    constexpr int kPrinterDots = 600;
+    QPdfWriter writer(QString::fromStdString(path));
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins({});
+    writer.setResolution(kPrinterDots);
+    QPainter painter(&writer);
+    painter.scale(kPrinterDots / 72.0, kPrinterDots / 72.0);
+    paintLetter(press, 0, painter, glyphs);
+}
+
+struct Pictures {
+    TempFolder folder;
+    LetterSet set;
+    Fonts fonts;
+    LetterPress press;
+    QtGlyphs glyphs;
+    explicit Pictures(const char *form)
+        : set(openScript(writePrintJob(folder, form, {ordinaryRow(), longestRow(), oddRow(), Row{}}))),
+          press(set, fonts)
+    {
+    }
+    QImage picture(std::size_t letter) { return letterImage(press, letter, kDots, glyphs); }
+};
+
+/// The upper left corner of one letter on a form of our own, by each way that it can go out.
+struct Corner {
+    TempFolder folder;
+    LetterSet set;
+    QRect place;
+    Fonts fonts;
+    LetterPress press{set, fonts};
+    QtGlyphs glyphs;
+    Corner(const std::string &elements, int width, int height)
+        : set(lettersOn(svgPage(elements), {ordinaryRow()})), place(0, 0, width, height)
+    {
+    }
+    QImage picture() { return letterImage(press, 0, kDots, glyphs).copy(place); }
+    std::string pdf()
+    {
+        REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+        return folder / "o.pdf";
+    }
+    QImage inPdf() { return rasterized(pdf(), static_cast<int>(kDots)).copy(place); }
+    QImage onPrinter()
+    {
+        printLetter(press, folder / "printed.pdf", glyphs);
+        return rasterized(folder / "printed.pdf", static_cast<int>(kDots)).copy(place);
+    }
+};
+
+} // namespace
+
+TEST_CASE("each form looks as it did, with ordinary, longest and odd data and with none")
+{
+    constexpr const char *data[] = {"ordinary", "longest", "odd", "blank"};
+    for (const Case &each : kCases) {
+        Pictures pictures(each.form);
+        for (std::size_t letter = 0; letter < 4; ++letter) {
+            holdAgainstGolden(pictures.picture(letter), std::string(each.golden) + "_" + data[letter] + ".png");
+        }
+    }
+}
+
+TEST_CASE("characters of stand-in fonts look as they did, in the picture and in the PDF")
+{
+    Corner corner("<text x='4' y='14' style='font-family:IPAexMincho;font-size:10px'>西𠮷∑田</text>", 120, 48);
+    const QImage picture = corner.picture();
+    holdAgainstGolden(picture, "stand_ins.png");
+    CHECK(difference(coarse(picture), coarse(corner.inPdf())) < 0.02);
+    CHECK(difference(coarse(picture), coarse(picture.copy(corner.place.translated(2, 0)))) > 0.05);
+}
+
+TEST_CASE("a bold text is darker than the same text and takes the same room, on screen, in the PDF and on a printer")
+{
+    const auto inkOf = [](const QImage &image) {
+        double ink = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) ink += 255 - qGray(image.pixel(x, y));
+        return ink;
+    };
+    double inks[2] = {}, pdfInks[2] = {}, printedInks[2] = {};
+    QImage picture;
+    for (const int bold : {0, 1}) {
+        Corner corner("<text x='4' y='14' style='font-family:IPAexMincho;font-size:8px;font-weight:" +
+                          std::string(bold != 0 ? "bold" : "normal") +
+                          "'>委任状𠮷</text><text x='4' y='24' style='font-size:8px'>本文</text>",
+                      130, 80);
+        picture = corner.picture();
+        inks[bold] = inkOf(picture);
+        const QImage page = corner.inPdf();
+        pdfInks[bold] = inkOf(page);
+        CHECK(difference(coarse(picture), coarse(page)) < 0.03);
+        CHECK(packed(pagesOf(corner.pdf()).at(0)) == "委任状𠮷本文");
+        const QImage printed = corner.onPrinter();
+        printedInks[bold] = inkOf(printed);
+        CHECK(difference(coarse(picture), coarse(printed)) < 0.03);
+    }
+    CHECK(inks[1] > 1.2 * inks[0]);
+    CHECK(pdfInks[1] > 1.2 * pdfInks[0]);
+    CHECK(printedInks[1] > 1.2 * printedInks[0]);
+    holdAgainstGolden(picture, "bold.png");
+}
+
+TEST_CASE("a text that runs down looks as it did, the same in the picture, in the PDF and on a printer")
+{
+    const std::string down = "style='writing-mode:vertical-rl;font-family:IPAexMincho;font-size:8px";
+    Corner corner("<rect id='b' x='4' y='4' width='10' height='50' fill='none' stroke='#888'"
+                  " stroke-width='.3'/><text data-box='b' " +
+                      down + "'>「縦書き」、です。ー</text><text x='24' y='4' " + down +
+                      ";font-weight:bold'>令和6年（𠮷…）</text><text x='36' y='4' " + down +
+                      ";letter-spacing:2px;text-orientation:upright'>5月1日</text>",
+                  110, 170);
+    const QImage picture = corner.picture();
+    holdAgainstGolden(picture, "running_down.png");
+    CHECK(difference(coarse(picture), coarse(corner.inPdf())) < 0.02);
+    CHECK(difference(coarse(picture), coarse(picture.copy(corner.place.translated(0, 2)))) > 0.035);
+    CHECK(difference(coarse(picture), coarse(corner.onPrinter())) < 0.02);
+}
+
+TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
+{
+    Pictures pictures(kForm);
+    const QImage before = pictures.picture(0);
+    pictures.set.offsetX = 10;
+    CHECK(difference(before, pictures.picture(0)) > 10 * kShareTolerance);
+}
+
+TEST_CASE("the picture of a letter and its PDF show the same")
+{
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {longestRow()});
+    REQUIRE(runViewer(folder, "--pdf o.pdf --png p --dpi 100 " + script).code == 0);
+    QImage ours;
+    REQUIRE(ours.load(QString::fromStdString(folder / "p/001.png")));
+    const QImage theirs = rasterized(folder / "o.pdf", 100);
+    CHECK(difference(coarse(ours), coarse(theirs)) < 0.01);
+    // The same comparison finds a page that is off by a millimetre.
+    const QImage moved = ours.copy(4, 0, ours.width(), ours.height());
+    CHECK(difference(coarse(moved), coarse(theirs)) > 0.05);
+}
+
+TEST_CASE("large letters are painted with their curves, small ones look the same")
+{
+    Fonts fonts;
+    const Font &font = fonts.font("IPAexMincho");
+    std::vector<ShapedGlyph> glyphs;
+    std::vector<char32_t> missing;
+    font.shape(U"髙", glyphs, missing);
+    QtGlyphs cache;
+    const QPainterPath &curves = cache.outline(font, glyphs[0].glyph, 500);
+    const QPainterPath &lines = cache.outline(font, glyphs[0].glyph, 20);
+    bool hasCurve = false;
+    for (int i = 0; i < curves.elementCount(); ++i)
+        hasCurve = hasCurve || curves.elementAt(i).type == QPainterPath::CurveToElement;
+    CHECK(hasCurve);
+    for (int i = 0; i < lines.elementCount(); ++i) CHECK(lines.elementAt(i).type != QPainterPath::CurveToElement);
+    const auto drawn = [](const QPainterPath &path) {
+        QImage image(60, 60, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(0, 50);
+        painter.scale(60, 60);
+        painter.fillPath(path, Qt::black);
+        return image;
+    };
+    CHECK(difference(drawn(curves), drawn(lines)) < 0.01);
+}

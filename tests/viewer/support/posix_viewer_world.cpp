@@ -1,0 +1,28 @@
+#include "viewer/support/viewer_world.h"
+
+#include <cstdlib>
+
+#include <sys/wait.h>
+
+namespace inin::viewer::test {
+
+namespace fs = std::filesystem;
+
+fs::path unlimitedPath(const fs::path &path)
+{
+    return path;
+}
+
+Outcome runViewer(const TempFolder &folder, const std::string &arguments, const std::string &name)
+{
+    const TempFolder outside;
+    const std::string program = outside / name;
+    fs::create_symlink(ININ_FORMVIEWER, program);
+    // Without a display: a test must not open windows.
+    const std::string command = "cd '" + folder.path() + "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" +
+                                program + "' " + arguments + " >'" + outside / "out" + "' 2>'" + outside / "err" + "'";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, outside.bytes("out"), outside.bytes("err")};
+}
+
+} // namespace inin::viewer::test
