@@ -15,7 +15,6 @@ namespace inin {
 
 namespace {
 
-constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 /// So many programs may write into one folder at a time.
 constexpr int kTemporaryNames = 32;
 
@@ -75,8 +74,8 @@ void removeAbandoned(const std::string &folder)
 
 } // namespace
 
-FileReplacement::FileReplacement(std::string systemPath, Storage storage)
-    : m_target(std::move(systemPath)), m_folder(m_target.substr(0, m_target.rfind('/') + 1))
+FileReplacement::FileReplacement(std::string systemPath, mode_t rights, Storage storage)
+    : m_target(std::move(systemPath)), m_folder(m_target.substr(0, m_target.rfind('/') + 1)), m_rights(rights)
 {
     removeAbandoned(m_folder);
     if (storage == Storage::unnamedIfPossible) openUnnamed();
@@ -94,7 +93,7 @@ void FileReplacement::openUnnamed()
 {
 #ifdef O_TMPFILE
     m_file =
-        FileDescriptor(open(m_folder.empty() ? "." : m_folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, kOwnerOnly));
+        FileDescriptor(open(m_folder.empty() ? "." : m_folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, m_rights));
     // The later name is given by way of this entry.
     if (isOpen() && access(("/proc/self/fd/" + std::to_string(m_file.get())).c_str(), F_OK) != 0) m_file.close();
 #endif
@@ -105,7 +104,7 @@ void FileReplacement::openNamed()
     errno = EEXIST;
     for (int number = 0; number < kTemporaryNames && !isOpen() && errno == EEXIST; ++number) {
         const std::string path = temporaryName(m_folder, number);
-        FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerOnly));
+        FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, m_rights));
         if (!file.isOpen()) continue;
         // A file system without locks: nobody will take the file for abandoned there.
         const bool isOwn = lock(file) || errno != EWOULDBLOCK;

@@ -10,8 +10,7 @@
 namespace inin {
 
 /// Writes a file anew. The new file takes its name only when it is complete, in place of an older file or link of that
-/// name, so that a reader sees the old bytes or the new ones. It is readable by its owner alone unless keepRights()
-/// succeeds.
+/// name, so that a reader sees the old bytes or the new ones. It has the given rights until keepRights() succeeds.
 ///
 /// Until then it has no name, and disappears with the process. Where the file system has no unnamed files it is
 /// ".inin-N.tmp" in the same folder, as it is for a moment when an older file is replaced. That name is removed by the
@@ -20,7 +19,11 @@ class FileReplacement {
 public:
     enum class Storage { unnamedIfPossible, named };
 
-    explicit FileReplacement(std::string systemPath, Storage storage = Storage::unnamedIfPossible);
+    static constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+    static constexpr mode_t kByTheMask = 0666;
+
+    explicit FileReplacement(std::string systemPath, mode_t rights = kOwnerOnly,
+                             Storage storage = Storage::unnamedIfPossible);
     FileReplacement(const FileReplacement &) = delete;
     FileReplacement &operator=(const FileReplacement &) = delete;
     ~FileReplacement();
@@ -43,6 +46,7 @@ private:
 
     std::string m_target, m_folder; ///< the folder with its slash; empty for the current one
     std::string m_temporary;        ///< empty while the file has no name
+    mode_t m_rights;                ///< of the new file, as the process's mask permits
     FileDescriptor m_file;
 };
 

@@ -20,7 +20,7 @@ constexpr const char *kTemporary = ".inin-0.tmp";
 
 bool replace(const std::string &path, const std::string &bytes, Storage storage)
 {
-    FileReplacement file(path, storage);
+    FileReplacement file(path, FileReplacement::kOwnerOnly, storage);
     return file.isOpen() && file.write(bytes) && file.commit();
 }
 
@@ -56,7 +56,7 @@ TEST_CASE("a new file has its name only when it is complete, and a dropped one l
     for (const Storage storage : {Storage::unnamedIfPossible, Storage::named}) {
         const TempFolder folder;
         {
-            FileReplacement file(folder / "委任状.pdf", storage);
+            FileReplacement file(folder / "委任状.pdf", FileReplacement::kOwnerOnly, storage);
             REQUIRE(file.write("half"));
             CHECK_FALSE(folder.has("委任状.pdf"));
         }
@@ -85,7 +85,7 @@ TEST_CASE("a new file is its owner's alone, and keeps the rights of an older one
         CHECK(rightsOf(folder / "new") == 0600);
         folder.put("old", "x");
         REQUIRE(chmod((folder / "old").c_str(), 0640) == 0);
-        FileReplacement file(folder / "old", storage);
+        FileReplacement file(folder / "old", FileReplacement::kOwnerOnly, storage);
         REQUIRE(file.keepRights(statusOf(folder / "old")));
         REQUIRE(file.commit());
         CHECK(rightsOf(folder / "old") == 0640);
@@ -110,7 +110,7 @@ TEST_CASE("a folder that is missing takes no file")
 {
     const TempFolder folder;
     CHECK_FALSE(FileReplacement(folder / "missing/a").isOpen());
-    CHECK_FALSE(FileReplacement(folder / "missing/a", Storage::named).isOpen());
+    CHECK_FALSE(FileReplacement(folder / "missing/a", FileReplacement::kOwnerOnly, Storage::named).isOpen());
 }
 
 TEST_CASE("each signal that asks a program to end removes the temporary file and ends the program all the same")
@@ -120,7 +120,7 @@ TEST_CASE("each signal that asks a program to end removes the temporary file and
         const TempFolder folder;
         const int end = endOf([&] {
             std::signal(signal, SIG_DFL); // the test framework handles it
-            FileReplacement file(folder / "a", Storage::named);
+            FileReplacement file(folder / "a", FileReplacement::kOwnerOnly, Storage::named);
             if (!file.write("half") || !folder.has(kTemporary)) _exit(1);
             std::raise(signal);
         });
@@ -135,7 +135,7 @@ TEST_CASE("a signal that the starter had ignored stays ignored")
     const TempFolder folder;
     const int end = endOf([&] {
         std::signal(SIGHUP, SIG_IGN);
-        FileReplacement file(folder / "a", Storage::named);
+        FileReplacement file(folder / "a", FileReplacement::kOwnerOnly, Storage::named);
         std::raise(SIGHUP);
         if (!file.commit()) _exit(1);
     });
@@ -148,7 +148,7 @@ TEST_CASE("the file of a killed process is removed by the next replacement in it
 {
     const TempFolder folder;
     const int end = endOf([&] {
-        FileReplacement file(folder / "a", Storage::named);
+        FileReplacement file(folder / "a", FileReplacement::kOwnerOnly, Storage::named);
         std::raise(SIGKILL);
     });
     REQUIRE(WTERMSIG(end) == SIGKILL);
@@ -156,7 +156,7 @@ TEST_CASE("the file of a killed process is removed by the next replacement in it
     CHECK(replace(folder / "b", "x", Storage::unnamedIfPossible));
     CHECK(folder.names() == Names{"b"});
 
-    FileReplacement inUse(folder / "c", Storage::named);
+    FileReplacement inUse(folder / "c", FileReplacement::kOwnerOnly, Storage::named);
     CHECK(replace(folder / "d", "x", Storage::named));
     CHECK(folder.names() == Names{kTemporary, "b", "d"});
     CHECK(inUse.commit());

@@ -3,8 +3,8 @@
 #include "suite_text/code_page_932.h"
 #include "suite_text/profile_text.h"
 #include "system/file_path.h"
+#include "system/file_replacement.h"
 #include "system/posix_io.h"
-#include "system/posix_replacement.h"
 
 #include <cerrno>
 #include <climits>
@@ -79,9 +79,9 @@ bool writeInPlace(const std::string &systemPath, const std::string &bytes)
 bool replaceFile(const std::string &systemPath, const std::string &bytes, const struct stat *old)
 {
     if (!old && isLink(systemPath)) return writeInPlace(systemPath, bytes);
-    removeAbandonedReplacements(systemPath);
-    Replacement replacement(systemPath);
-    if (replacement.canReplace(old)) return replacement.commit(bytes);
+    FileReplacement replacement(systemPath, FileReplacement::kByTheMask);
+    if (replacement.isOpen() && (!old || replacement.keepRights(*old)))
+        return replacement.write(bytes) && replacement.commit();
     return old && writeInPlace(systemPath, bytes);
 }
 
