@@ -14,7 +14,7 @@ namespace {
 constexpr mode_t kByTheMask = 0666;
 constexpr std::string_view kMark = ".~";
 
-/// With its slash; empty for the current folder.
+/// With a trailing slash; empty for the current folder.
 std::string folderOf(const std::string &path)
 {
     return path.substr(0, path.rfind('/') + 1);
@@ -30,18 +30,18 @@ bool isLocked(const FileDescriptor &file)
     return flock(file.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
-/// Locks a file that was just created. False with EEXIST when another program took it for an abandoned one meanwhile.
+/// Locks a newly created file. False, with EEXIST, if another program has taken it for an abandoned one.
 bool isOwned(FileDescriptor &file)
 {
     struct stat status {};
-    const bool isTaken = !isLocked(file) && errno == EWOULDBLOCK; // some file systems have no locks
+    const bool isTaken = !isLocked(file) && errno == EWOULDBLOCK; // some file systems do not support locks
     if (!isTaken && fstat(file.get(), &status) == 0 && status.st_nlink > 0) return true;
     file = FileDescriptor();
     errno = EEXIST;
     return false;
 }
 
-/// Gives the new file the rights and the owner of the old one.
+/// Gives the new file the permissions and the owner of the old one.
 bool takeOver(const FileDescriptor &file, const struct stat &old)
 {
     struct stat own {};
@@ -51,7 +51,7 @@ bool takeOver(const FileDescriptor &file, const struct stat &old)
     return fchmod(file.get(), old.st_mode & 07777) == 0;
 }
 
-/// True for "PID-N".
+/// True for text of the form "PID-N".
 bool isProcessAndNumber(std::string_view text)
 {
     const std::size_t dash = text.find('-');
@@ -91,9 +91,9 @@ Replacement::~Replacement()
 FileDescriptor Replacement::create()
 {
     FileDescriptor file(open((folderOf(m_target) + ".").c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kByTheMask));
-    // Its name comes by way of the folder of open files, which may be missing.
+    // The file gets its name through /proc/self/fd, which may be missing.
     if (file.isOpen() && isLocked(file) && access(placeOf(file).c_str(), F_OK) == 0) return file;
-    (void)takeName([&file](const std::string &name) { // a failure leaves the file closed
+    (void)takeName([&file](const std::string &name) { // after a failure the file is closed
         file = FileDescriptor(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kByTheMask));
         return file.isOpen() && isOwned(file);
     });

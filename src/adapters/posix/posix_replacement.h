@@ -10,7 +10,7 @@
 
 namespace inin {
 
-/// Signals wait while it lives, on this thread: a request to end the process does not leave a half-written file behind.
+/// Blocks signals on this thread during its lifetime, so that a request to end the process leaves no half-written file.
 class BlockedSignals {
 public:
     BlockedSignals();
@@ -22,9 +22,9 @@ private:
     sigset_t m_before{};
 };
 
-/// New content for a file, complete before it takes the place of the old one. It has no name until it is complete,
-/// where the system has such files; elsewhere, and for the moment between the two last calls, it is "NAME.~PID-N" in the
-/// same folder. It is locked all the while, so that one that was left behind can be told from one in use.
+/// New content of a file, completed before it replaces the old file. It has no name until then, where the file system
+/// supports that; otherwise, and between the last two system calls, it is "NAME.~PID-N" in the same folder. It stays
+/// locked, so that an abandoned one can be distinguished from one in use.
 class Replacement {
 public:
     explicit Replacement(const std::string &target);
@@ -32,9 +32,9 @@ public:
     Replacement &operator=(const Replacement &) = delete;
     ~Replacement();
 
-    /// False when the folder takes no new file, or none with the owner and the rights of `old`.
+    /// False if the folder allows no new file, or none with the owner and the permissions of `old`.
     [[nodiscard]] bool canReplace(const struct stat *old) const;
-    /// Writes the bytes to the disk and takes the target's name; the old content stays on a failure.
+    /// Writes the bytes to the disk and takes the target's name; on failure the old content stays.
     [[nodiscard]] bool commit(std::string_view bytes);
 
 private:
@@ -43,11 +43,11 @@ private:
 
     BlockedSignals m_blocked;
     std::string m_target;
-    std::string m_name; ///< empty while it has none
+    std::string m_name; ///< empty while the file has no name
     FileDescriptor m_file;
 };
 
-/// Removes what killed processes have left of their replacements of the file.
+/// Removes replacements of the file that killed processes left.
 void removeAbandonedReplacements(const std::string &target);
 
 } // namespace inin
