@@ -9,33 +9,34 @@
 
 namespace inin {
 
-// The ports that the system fulfils by its own calls. Each is named here once and made in adapters/posix/ and
-// adapters/win32/; a program is linked with the one of the system that it is built for.
+// The ports that are implemented by system calls. Each is declared here once and defined in adapters/posix/ and
+// adapters/win32/; a program links the one for its system.
 
-/// A path of the suite as this system's calls take it. POSIX: turns "\" into "/" and finds each part of the path whatever
-/// its case; what does not exist is kept as it is. Windows: turns "/" into "\"; a path beyond the classic limit of 260
-/// becomes whole and gets the prefix that lifts the limit.
+/// Converts a path of the suite to one that system calls accept. POSIX: replaces "\" by "/" and finds each part of the
+/// path regardless of case; parts that do not exist are kept. Windows: replaces "/" by "\"; a path beyond the classic
+/// limit of 260 becomes absolute and gets the prefix that lifts the limit.
 [[nodiscard]] std::string systemPath(const std::string &path);
-/// True for a path that does not start at the current folder; a drive's letter counts as such where there are drives.
+/// True for a path that is not relative to the current folder; a drive letter counts as absolute where there are
+/// drives.
 [[nodiscard]] bool isAbsolutePath(const std::string &path);
-/// Creates an empty file that only its owner may read and write, to be filled with personal data or passwords. A file that
-/// exists keeps its rights and its content. Windows: does nothing, because a new file gets the rights of its folder. A
+/// Creates an empty file for personal data or passwords that only its owner can read and write. An existing file keeps
+/// its permissions and content. Windows: does nothing, because a new file inherits the permissions of its folder. A
 /// failure shows when the caller opens the file.
 void createForOwner(const std::string &path);
 
 /// `applicationFolder` is what the runtime reports as the folder of the program.
 [[nodiscard]] std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder);
-/// Windows: the drives by their letters, and folders on them or on a share. POSIX: the drives are the places that the
-/// table of mounts names and a person keeps folders in.
+/// Windows: the drives by letter, and folders on them or on a share. POSIX: the drives are those mount points that
+/// contain users' folders.
 [[nodiscard]] std::unique_ptr<Folders> makeSystemFolders();
 [[nodiscard]] std::unique_ptr<Profile> makeSystemProfile();
 [[nodiscard]] std::unique_ptr<Clock> makeSystemClock();
-/// Windows: the user's own short date form and the system's ANSI code page. POSIX: yyyy/MM/dd whatever LANG says, code
-/// page 932.
+/// Windows: the user's short date format and the system's ANSI code page. POSIX: yyyy/MM/dd regardless of LANG, and
+/// code page 932.
 [[nodiscard]] std::unique_ptr<Locale> makeSystemLocale();
-/// `end` must not come back: it is what the end statement does in this program. Without one the process exits.
+/// `end` implements the end statement of this program and must not return. If it is empty, the process exits.
 [[nodiscard]] std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end);
-/// Late-bound objects by the registry of Windows, on the thread that creates the first one; elsewhere there is none.
+/// Late-bound objects from the registry of Windows, on the thread that creates the first one; other systems have none.
 [[nodiscard]] std::unique_ptr<Automation> makeSystemAutomation();
 
 } // namespace inin
