@@ -193,7 +193,7 @@ std::string decodeCp932(std::string_view bytes)
         }
         ++at;
         char16_t unit = table.single[byte];
-        // A lead byte consumes a trail byte even if the pair is not a character; any other byte stands alone.
+        // A lead byte consumes a trail byte even if the pair is not a character; any other byte is one by itself.
         if (isCp932Lead(byte) && at < bytes.size() && isTrail(static_cast<unsigned char>(bytes[at])))
             unit = table.pair[pairOf(byte, static_cast<unsigned char>(bytes[at++]))];
         appendUtf8(out, unit == 0 ? kReplacement : unit);
