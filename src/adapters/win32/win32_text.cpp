@@ -28,7 +28,7 @@ std::string bytesFrom(UINT codePage, DWORD flags, std::wstring_view wide)
     return bytes;
 }
 
-/// The call would write one "?" for each half of a pair that the code page lacks.
+/// The call would write a "?" for each half of a surrogate pair that the code page lacks.
 std::wstring withoutPairs(const std::wstring &wide)
 {
     std::wstring out;
@@ -51,8 +51,8 @@ std::string utf8FromWide(std::wstring_view text)
     return bytesFrom(CP_UTF8, 0, text);
 }
 
-// Code page 932 goes by tables that are filled from the same call: so the bytes are those of every other system, and no
-// character is turned into one that only looks like it.
+// Use tables for code page 932, filled by the same call: they give the same bytes on every system, and never replace a
+// character by one that is merely similar.
 std::string ansiFromUtf8(std::string_view text)
 {
     const UINT codePage = GetACP();

@@ -5,13 +5,13 @@
 
 namespace inin {
 
-// Inside, text is UTF-8; the wide calls of Windows take UTF-16. A sequence that is none becomes U+FFFD.
+// Text is UTF-8 inside the program; the wide calls of Windows take UTF-16. A malformed sequence becomes U+FFFD.
 [[nodiscard]] std::wstring wideFromUtf8(std::string_view text);
 [[nodiscard]] std::string utf8FromWide(std::wstring_view text);
 
-/// UTF-8 to the system's ANSI code page; a character that it lacks becomes one "?".
+/// UTF-8 to the system's ANSI code page; a character that it lacks becomes a single "?".
 [[nodiscard]] std::string ansiFromUtf8(std::string_view text);
-/// The ANSI code page to UTF-8; a byte that is no character becomes U+FFFD.
+/// The ANSI code page to UTF-8; a byte that is not a character becomes U+FFFD.
 [[nodiscard]] std::string utf8FromAnsi(std::string_view bytes);
 
 } // namespace inin
