@@ -6,7 +6,7 @@
 
 namespace inin {
 
-// A path made from a narrow text would be read by the system's own encoding, which is UTF-8 on some systems only.
+// std::filesystem decodes a path from std::string in the system's encoding, which is UTF-8 on some systems only.
 
 [[nodiscard]] inline std::filesystem::path pathOf(std::string_view utf8)
 {
