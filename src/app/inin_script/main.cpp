@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kBadCommandLine = 2;
 
-/// What is wrong with the folder of a command line, empty when it is there.
+/// The problem with the folder on a command line; empty if the folder exists.
 std::string existingFolder(const std::string &folder)
 {
     std::error_code error;
@@ -50,7 +50,7 @@ try {
     line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
     try {
         std::vector<std::string> arguments = inin::programArguments(argc, argv);
-        std::ranges::reverse(arguments); // the reader takes them from the back
+        std::ranges::reverse(arguments); // the parser reads them from the back
         line.parse(std::move(arguments));
     } catch (const CLI::ParseError &error) {
         return line.exit(error) == 0 ? 0 : inin::kBadCommandLine;
