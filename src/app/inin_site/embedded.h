@@ -9,7 +9,7 @@ namespace inin::site {
 [[nodiscard]] std::string_view serverSchemaText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
-/// On Windows one program serves as all stand-ins; it chooses its part by its own file name.
+/// On Windows a single program, which chooses its part by its own file name.
 [[nodiscard]] std::string_view standInProgram();
 [[nodiscard]] std::string_view standardForm();
 [[nodiscard]] std::string_view aichiForm();

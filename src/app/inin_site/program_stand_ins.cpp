@@ -9,7 +9,7 @@ namespace inin::site {
 
 namespace {
 
-/// The stand-in of a form tool reads the viewer's path from this file. Few users may create links, and a copy would
+/// The substitute of a form tool reads the viewer's path from this file. Few users may create links, and a copy would
 /// need the viewer's libraries beside it.
 constexpr std::string_view kViewerNote = "formviewer.path";
 

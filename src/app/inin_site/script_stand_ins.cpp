@@ -26,7 +26,7 @@ void writeStandIn(const fs::path &path, std::string_view text)
     }
 }
 
-/// Writes the form viewer under a tool's name, or a stand-in if the viewer was not built.
+/// Writes the form viewer under a tool's name, or a substitute if the viewer was not built.
 void writeFormTool(const fs::path &path, const fs::path &formViewer)
 {
     std::error_code error;

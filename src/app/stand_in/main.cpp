@@ -1,5 +1,5 @@
-// STAND-IN in a demo site on Windows for the suite's menu program and the outside form tools; it is none of them. It
-// chooses its part by its own file name:
+// The substitute in a demo site on Windows for the suite's menu program and the outside form tools; it is none of them.
+// It chooses its part by its own file name:
 // - Main.exe writes the argument that it was started with to "Main.log" beside it, and ends.
 // - A form tool starts the form viewer named in "formviewer.path" beside it, with its own name and arguments; a copy
 //   of the viewer would need the viewer's libraries in each site. Without that file it copies the command script given
