@@ -98,7 +98,7 @@ TEST_CASE("anything but a file reads as an empty profile")
     }
 }
 
-TEST_CASE("a number without a section or key is the default, and a text without room is empty")
+TEST_CASE("a number without a section or key is the default, and a buffer of size 0 gets no text")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[a]\r\nk=3\r\n");
