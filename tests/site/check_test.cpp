@@ -221,7 +221,7 @@ TEST_CASE("a value that would add or break letters is found by table, column and
     CHECK(site.check() == wanted);
 }
 
-TEST_CASE("a quote or comma that does not break a letter is not a finding, nor is a value that no letter shows")
+TEST_CASE("a quote or comma that does not break a letter is not a finding, nor is a value outside the letters")
 {
     const SoundSite site;
     execute(site.database(), "UPDATE RIYOUSHA SET cName = 'a\"b, \"c\"' WHERE nIDNo = 5");
