@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// The two keys at the head of an insert have their commas behind them.
+/// In an insert the first two keys have their commas after them.
 inline constexpr TableShape kCorp{"CORP", 2};
 
 /// A column of CORP, and how the select list of each read names it.
