@@ -14,7 +14,7 @@ namespace inin {
 /// b if b is less than a, else a. Numbers compare as numbers, texts in UTF-16 order, and a number is less than every
 /// text. If either is Null, the result is a.
 [[nodiscard]] Variant vMin(const Variant &a, const Variant &b, const Regional &regional);
-/// b if b is greater than a, else a, likewise.
+/// b if b is greater than a, else a, by the same rules.
 [[nodiscard]] Variant vMax(const Variant &a, const Variant &b, const Regional &regional);
 /// Null gives the empty text, anything else its default text, blanks kept. A value without a text form is error 13.
 [[nodiscard]] std::string csNullToStr(const Variant &value, const Regional &regional);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char *kHeading = "loadInitCorp でエラー";
 constexpr const char *kTableHeading = "エラーが発生しました。";
-/// The head office, from which the distance of a visit is measured.
+/// The head office, the base for visit charges.
 constexpr std::int32_t kHeadOffice = 0;
 
 void fill(CompanyRecord &record, const cD_CORP &row)

@@ -22,7 +22,7 @@ struct CompanyRecord {
     FixedText<30> reservedFixedText;
     std::array<std::int32_t, 11> reservedNumbers{};
     std::int32_t latitude = 0;  ///< in the unit of the map data
-    std::int32_t longitude = 0; ///< likewise
+    std::int32_t longitude = 0; ///< in the same unit
     std::string reservedText;
     std::int16_t reservedFlag = 0;
     FixedText<50> representative;

@@ -16,15 +16,15 @@ class cls_WfdPrint {
 public:
     explicit cls_WfdPrint(Automation &automation) : m_automation(automation) {}
 
-    /// "(" number ")" description of the last failure; a later success leaves it.
+    /// "(" number ")" description of the last failure; a later success keeps it.
     std::string sErrMsg;
 
     // 0, or -1 on a failure.
     /// Creates the document; error 429 where the tool is not installed. An empty title keeps the tool's own.
     [[nodiscard]] std::int16_t iInit(const std::string &csTitle = {});
-    /// Data from a CSV with a title row, by its whole path.
+    /// Data from a CSV with a title row, by its full path.
     [[nodiscard]] std::int16_t iSetDataText(const std::string &csDataName, const std::string &csCsvPath);
-    /// Data from a CSV without a title row, by its whole path.
+    /// Data from a CSV without a title row, by its full path.
     [[nodiscard]] std::int16_t iSetDataTextNoTitle(const std::string &csDataName, const std::string &csCsvPath);
 
     // These always return Empty; a failure is visible only in sErrMsg.

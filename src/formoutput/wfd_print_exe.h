@@ -49,7 +49,7 @@ public:
     /// Merges `wfNum` reports into one form and prints it. Returns 1 until the first script is closed, 0 afterwards.
     Variant addPrint(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
                      const Array<std::string> &csWfdFnm, const std::string &csTitle);
-    /// As addPrint, with a second data source for the reports whose `iAddCSVFlg` is 1.
+    /// Like addPrint, with a second data source for the reports whose `iAddCSVFlg` is 1.
     Variant addPrint_addCSV(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
                             const std::string &csDataName2, const Array<std::string> &csCsvPath2,
                             const Array<std::string> &csWfdFnm, const Array<std::int16_t> &iAddCSVFlg,

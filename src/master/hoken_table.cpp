@@ -14,7 +14,7 @@ using enum WrittenAs;
 using enum ValueFrom;
 
 constexpr HokenColumn kHokenColumns[] = {
-    // column, property, written as                                  read
+    // column, property, notation                                    read
     {{"iKyotenCd", {}, number, siteCode, OnUpdate::kept}, false},
     {{"iKyotenEb", {}, number, siteSubCode, OnUpdate::kept}, false},
     {{"cName", &cD_HOKEN::cName, quoted}, true},

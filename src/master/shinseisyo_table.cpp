@@ -14,7 +14,7 @@ using enum WrittenAs;
 using enum ValueFrom;
 
 constexpr TableColumn<Row> kShinseisyoColumns[] = {
-    // column, property, written as; where its value comes from, whether an update sets it
+    // column, property, notation; source of its value, whether an update sets it
     {"iKyotenCd", &Row::iKyotenCd, quoted, siteCode, OnUpdate::kept},
     {"iKyotenEb", &Row::iKyotenEb, quoted, siteSubCode, OnUpdate::kept},
     {"nIDNo", &Row::nIDNo, number, row, OnUpdate::kept},

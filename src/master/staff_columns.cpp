@@ -12,7 +12,7 @@ using enum WrittenAs;
 using enum ValueFrom;
 
 constexpr StaffColumn kStaffColumns[] = {
-    // column, property, written as; filled by the grid, by the read, by the grid of all branches
+    // column, property, notation; filled by the grid, by the read, by the grid of all branches
     {{"iKyotenCd", &cD_STAFF::iKyotenId, number, siteCode, OnUpdate::kept}, false, false, true},
     {{"iKyotenEb", &cD_STAFF::iKyotenEb, number, siteSubCode, OnUpdate::kept}, false, false, true},
     {{"cAdress1", &cD_STAFF::cAdress1, quoted}, true, true, true},

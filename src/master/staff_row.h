@@ -18,7 +18,7 @@ struct cD_STAFF {
     std::string sBirthday, sKousinDay, sNyusyaDay, sRday, sTourokuDay;
     std::string cAdress1, sKisanDay, cAdress2, cFaxNo, cKaiNo, cKaiNo2, cKaiNo3, cMobNo;
     std::string cName, cNameKana, cNameRyaku, cRken, cRno, cTelNo, cYubinNo;
-    /// 0 is active, anything else is a former member.
+    /// 0 is active, anything else means that the management has ended.
     std::int32_t iChusiFlg = 0;
     std::int32_t iSexKubun = -1, iShikakuKubun = -1, iSyokushuKubun = -1, iYaku = -1;
     /// Unique within a branch.

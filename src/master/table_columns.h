@@ -19,7 +19,7 @@ enum class WrittenAs {
     quoted,              ///< in single quotes, unchanged; a quote character inside is not doubled
     number,              ///< in decimal
     nullIfEmpty,         ///< the word Null for the empty text, else in single quotes
-    nullIfEmptyOnInsert, ///< as nullIfEmpty on insert; an update writes '' instead
+    nullIfEmptyOnInsert, ///< as nullIfEmpty on insert; an update writes the empty text as ''
     serverTime,          ///< the server's current time, whatever the row's value
     never,               ///< a column of another table, joined by a read
 };

@@ -33,7 +33,7 @@ struct ExtractionQuery {
     VisitBounds bounds;
 };
 
-/// How the day of a patient's last visit in a month is found.
+/// The query for the day of a patient's last visit in a month.
 struct LastVisitRule {
     const char *procedure;
     std::span<const SqlPiece> pieces;

@@ -22,7 +22,7 @@ frmPrintInin::frmPrintInin(App &app) : Form("frmPrintInin"), m_app(app)
 }
 
 /// Connects each event to its procedure. A change of either date box updates the month label, whichever target is
-/// marked.
+/// selected.
 void frmPrintInin::wireEvents()
 {
     optPrint.onClick = [this](std::int16_t Index) { optPrint_Click(Index); };

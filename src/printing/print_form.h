@@ -28,7 +28,7 @@ public:
     /// The head office, filled by the load. It lives as long as the process, like the form; this form does not read it.
     CompanyRecord company;
 
-    // Form-level fields, in their given order. All live as long as the form; a run overwrites them.
+    // Form-level fields, in their required order. All live as long as the form; a run overwrites them.
     std::unique_ptr<cT_ADODB> session; ///< null until the load has connected
     std::string csErrMsg;              ///< last error text of setStuff and of the two day helpers
     std::vector<IninRow> aIninRow;     ///< rows of the last extraction; a run without an extraction prints them again
@@ -41,8 +41,8 @@ public:
     std::int16_t iHokenIndex = 0;    ///< list position of cmbHoken
     std::int16_t iPeriodFromDay = 0; ///< set, but never read
     std::int16_t iPeriodToDay = 0;   ///< set, but never read
-    std::int32_t nStaffNo = 0;       ///< -1 when the box is empty
-    std::int32_t nKanjaNo = 0;       ///< -1 when the box is empty
+    std::int32_t nStaffNo = 0;       ///< -1 if the box is empty
+    std::int32_t nKanjaNo = 0;       ///< -1 if the box is empty
     std::int16_t iExpireKind = 0;
     std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
     std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered

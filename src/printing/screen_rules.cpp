@@ -19,10 +19,10 @@ enum class Does { nothing, enable, disable, mark, showMonth };
 
 struct Step {
     Does does = Does::nothing;
-    Controls controls{};                  ///< enable, disable
-    OptionGroup Screen::*group = nullptr; ///< mark: selects the option Index of this group
-    std::int16_t Index = 0;               ///< mark
-    DateBox Screen::*date = nullptr;      ///< showMonth
+    Controls controls{};                  ///< for enable and disable
+    OptionGroup Screen::*group = nullptr; ///< for mark: selects the option Index of this group
+    std::int16_t Index = 0;               ///< for mark
+    DateBox Screen::*date = nullptr;      ///< for showMonth
 };
 
 constexpr Step enable(const Controls &controls)

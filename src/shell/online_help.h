@@ -20,7 +20,7 @@ void vDispHelp(App &app, std::int16_t iPage);
 /// Fills user and password from "EmapUser.ini" if their keys exist: 1, or -1 on any run-time error.
 [[nodiscard]] std::int16_t iGetEmapUser(App &app, std::string &csUser, std::string &csPwd);
 
-/// The characters in reverse order; a character beyond 16 bits stays whole.
+/// The characters in reverse order; a character beyond 16 bits is kept intact.
 [[nodiscard]] std::string reversedCharacters(std::string_view text);
 
 } // namespace inin

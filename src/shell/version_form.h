@@ -19,7 +19,7 @@ public:
     ImageBox PicTitle{"PicTitle"};
     Label laVer{"laVer"};
     ListBox lstVer{"lstVer"};
-    Label shp01{"shp01"}; ///< the line above the button
+    Label shp01{"shp01"}; ///< the line that separates the button
     Button btnReturn{"btnReturn"};
     MenuEntry mnFunc{"mnFunc"};
     MenuEntry mnF12{"mnF12", kF12Key};

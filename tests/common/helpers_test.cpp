@@ -59,13 +59,13 @@ TEST_CASE("equal arguments give the first one")
     CHECK(most(5.0, 5) == Variant(5.0));
 }
 
-TEST_CASE("a Null in the second place gives the first argument back")
+TEST_CASE("a Null in the second argument gives the first argument")
 {
     CHECK(least(5, Null{}) == Variant(5));
     CHECK(most("x", Null{}) == Variant("x"));
 }
 
-TEST_CASE("a Null in the first place gives Null")
+TEST_CASE("a Null in the first argument gives Null")
 {
     CHECK(least(Null{}, 5).isNull());
     CHECK(most(Null{}, 5).isNull());
@@ -88,7 +88,7 @@ TEST_CASE("a number is less than every text")
     CHECK(least(999, "1") == Variant(999));
 }
 
-TEST_CASE("dates compare by their days")
+TEST_CASE("dates compare by their day numbers")
 {
     CHECK(least(Date(45413), Date(45412)) == Variant(Date(45412)));
     CHECK(most(Date(45413), 45414) == Variant(45414));

@@ -201,7 +201,7 @@ TEST_CASE("a rollback without an error and without a list succeeds")
     CHECK(world.database.log == Log{"connect 1", "rollback 1"});
 }
 
-TEST_CASE("a rollback that leaves a list fails with the earlier text and the list")
+TEST_CASE("a rollback with a remaining list fails with the earlier text and the list")
 {
     FakeWorld world;
     cT_ADODB session(world.app);

@@ -188,7 +188,7 @@ TEST_CASE("the preload reads the head office of this branch on a session of its 
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("each field of the record comes from its column")
+TEST_CASE("each field of the record is filled from its column")
 {
     PreloadFixture fixture;
     fixture.load();

@@ -107,7 +107,7 @@ TEST_CASE("writing without an opened statement is error 91 and leaves an old fil
     CHECK(world.files.bytes(kFile) == "old");
 }
 
-TEST_CASE("the end closes the session, and a second end has nothing to do")
+TEST_CASE("the end closes the session, and a second end does nothing")
 {
     CsvFixture world;
     CHECK(world.csv.iEndJ2C() == iGood);
@@ -153,7 +153,7 @@ TEST_CASE("a new opening releases the previous session")
     CHECK(world.text() == "\"y\"\r\n");
 }
 
-TEST_CASE("a record set or session that does not close fails the end once")
+TEST_CASE("a record set or session that does not close fails only the first end")
 {
     SpoiledWorld world;
     world.database.results.push_back(answer({"a"}, {{"x"}}));

@@ -46,7 +46,7 @@ class ProbeConnection : public Connection {
 public:
     std::vector<ProviderError> errors;
     std::int32_t state = adStateClosed;
-    std::int32_t failure = 0;      ///< raised by every call when not 0
+    std::int32_t failure = 0;      ///< raised by every call unless it is 0
     std::function<void()> onClose; ///< called by Close
     std::vector<std::string> log;
 

@@ -19,7 +19,7 @@ class ReadingProcesses : public Processes {
 public:
     explicit ReadingProcesses(FakeFiles &files) : m_files(files) {}
     Lines started, scripts;
-    std::size_t failingStart = 0; ///< 1 is the first
+    std::size_t failingStart = 0; ///< 1 is the first start
     void start(const std::string &commandLine, WindowStyle style) override
     {
         if (started.size() + 1 == failingStart) throw RuntimeError(error_number::fileNotFound);

@@ -3,7 +3,7 @@
 
 using namespace inin;
 
-TEST_CASE("a script with everything set has its lines in the protocol's order")
+TEST_CASE("a script with every setting has its lines in the protocol's order")
 {
     WfdFixture fixture;
     REQUIRE(fixture.wfd.iSetDataTextNoTitle(5, "E", "D:\\e.csv") == 0);

@@ -64,7 +64,7 @@ TEST_CASE("a missing map is reported, then saved, found and updated")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a map belongs to its site")
+TEST_CASE("a map is separate for each site")
 {
     MapOfSite world;
     REQUIRE(world.status(&CorpMap::iChizuSave, 0) == iGood);

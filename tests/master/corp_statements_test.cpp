@@ -90,7 +90,7 @@ cD_CORP headOffice()
 
 } // namespace
 
-TEST_CASE("companies are read by branch, and by number and kind as far as they are above -1")
+TEST_CASE("companies are read by branch, and by number and kind if these are above -1")
 {
     struct Row {
         const char *claim;

@@ -48,7 +48,7 @@ char letterOf(NullRule rule)
 
 } // namespace
 
-TEST_CASE("the table knows 181 columns in the suite's order with their rules")
+TEST_CASE("the table has 181 columns in the suite's order with their rules")
 {
     REQUIRE(patientColumns().size() == 181);
     REQUIRE(patientCases().size() == 181);

@@ -162,7 +162,7 @@ TEST_CASE("tHatsubyou and tSyoryoDay are texts, whether the column is a text or 
     CHECK(dates.tSyoryoDay == "2024/04/01");
 }
 
-TEST_CASE("numbers convert as the runtime converts them")
+TEST_CASE("numbers are converted by the rules of the runtime")
 {
     struct Row {
         const char *claim;

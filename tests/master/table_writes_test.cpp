@@ -70,8 +70,7 @@ TEST_CASE_TEMPLATE("a write with the flag begins and commits around its statemen
     }
 }
 
-TEST_CASE_TEMPLATE("a write leaves the transaction to the caller when the flag is left out", K, Hoken, Staff, Corp,
-                   Shinseisyo)
+TEST_CASE_TEMPLATE("without the flag a write leaves the transaction to the caller", K, Hoken, Staff, Corp, Shinseisyo)
 {
     WriteFixture<K> fixture;
     CHECK(fixture->iDataInsert(&fixture.row, 0) == iGood);
@@ -211,7 +210,7 @@ TEST_CASE_TEMPLATE("a missing row is reported before a computer without a name",
     CHECK(fixture.words().ends_with("が無効です。"));
 }
 
-TEST_CASE_TEMPLATE("the computer's name fits into 250 bytes with its NUL and ends at the first one", K, Staff, Corp,
+TEST_CASE_TEMPLATE("the computer's name must fit into 250 bytes with its NUL and ends at the first one", K, Staff, Corp,
                    Shinseisyo)
 {
     WriteFixture<K> fixture;
@@ -229,7 +228,7 @@ TEST_CASE_TEMPLATE("the computer's name fits into 250 bytes with its NUL and end
     CHECK(name == "PC1");
 }
 
-TEST_CASE("each table names itself when a row is missing")
+TEST_CASE("each table names itself in the error about a missing row")
 {
     WriteFixture<Hoken> hoken;
     CHECK(hoken->iDataInsert(nullptr, 0) == iBad);

@@ -92,7 +92,7 @@ TEST_CASE("mode 1 with a single band has no band before it: a box and 0")
     CHECK(world.boxes.shown == Boxes{kChargeError});
 }
 
-TEST_CASE("a charge beyond 16 bits ends in the box and 0")
+TEST_CASE("a charge beyond 16 bits shows the box and gives 0")
 {
     ChargeFixture world({{32767, 1000}, {32768, 2000}});
     std::int32_t fits = 1000, tooGreat = 1001;
@@ -120,7 +120,7 @@ TEST_CASE("a month without bands is no failure, but a query by distance then is"
     CHECK(world.boxes.shown == Boxes{kChargeError});
 }
 
-TEST_CASE("a distance before the bands were read ends in the box")
+TEST_CASE("a distance before the bands are read shows the box")
 {
     FakeWorld world;
     cls往療費 charges(world.app);

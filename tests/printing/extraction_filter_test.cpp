@@ -43,7 +43,7 @@ TEST_CASE("all filters of planned data by month follow the visits, main staff me
           " AND RIYOUSHA.nIDNo = 501 AND RIYOUSHA.nTantou = 8 AND RIYOUSHA.iHoken = 2 ORDER BY RIYOUSHA.nTantou");
 }
 
-TEST_CASE("all filters of actual data by month name the main staff member")
+TEST_CASE("all filters of actual data by month use the main staff member")
 {
     CHECK(tailOf(kKanjaDataMonth_Jisseki, allFilters()) ==
           " AND j1.iKyotenCd = 12 AND j1.iKyotenEb = 34 AND j1.nRiyoushaIDNo = RIYOUSHA.nIDNo "
@@ -54,7 +54,7 @@ TEST_CASE("all filters of actual data by month name the main staff member")
           " AND RIYOUSHA.nIDNo = 501 AND RIYOUSHA.nTantou = 8 AND RIYOUSHA.iHoken = 2 ORDER BY RIYOUSHA.nTantou");
 }
 
-TEST_CASE("all filters of planned data by day name the staff member of the visit")
+TEST_CASE("all filters of planned data by day use the staff member of the visit")
 {
     CHECK(tailOf(kKanjaDataDay, allFilters()) ==
           " AND SCHEDULE.iKyotenCd = 12 AND SCHEDULE.iKyotenEb = 34 AND SCHEDULE.nIDRiyoushaNo = RIYOUSHA.nIDNo "
@@ -63,7 +63,7 @@ TEST_CASE("all filters of planned data by day name the staff member of the visit
           " ORDER BY SCHEDULE.nIDStaffNo");
 }
 
-TEST_CASE("all filters of actual data by day name the staff member of the visit")
+TEST_CASE("all filters of actual data by day use the staff member of the visit")
 {
     CHECK(tailOf(kKanjaDataDay_Jisseki, allFilters()) ==
           " AND JISSEKI.iKyotenCd = 12 AND JISSEKI.iKyotenEb = 34 AND JISSEKI.nRiyoushaIDNo = RIYOUSHA.nIDNo "
@@ -127,7 +127,7 @@ TEST_CASE("only planned data by month reads the check box of ended patients")
         const std::string unticked = extractionSql(*row.rule, query);
         query.iExpireKind = 1;
         const std::string ticked = extractionSql(*row.rule, query);
-        query.iExpireKind = 2; // any value but 0 counts as ticked
+        query.iExpireKind = 2; // any value except 0 counts as ticked
         CHECK(extractionSql(*row.rule, query) == ticked);
 
         CAPTURE(row.rule->procedure);

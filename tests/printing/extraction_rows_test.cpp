@@ -6,7 +6,7 @@
 
 namespace inin {
 
-TEST_CASE_FIXTURE(PrintFixture, "a letter of planned data by month holds all twenty texts")
+TEST_CASE_FIXTURE(PrintFixture, "a letter of planned data by month has all twenty texts")
 {
     answer(patients({{}}));
     REQUIRE(form.iGetKanjaDataMonth() == 0);
@@ -95,7 +95,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a patient whose company row is missing has a le
     CHECK(letter.口座番号 == " ");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "texts keep their blanks on both sides")
+TEST_CASE_FIXTURE(PrintFixture, "texts keep the blanks on both sides")
 {
     answer(patients({{{"RiyouName", "  花子  "}}}));
     REQUIRE(form.iGetKanjaDataMonth() == 0);
@@ -153,7 +153,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a kind at the limits of 16 bits has no word")
     CHECK(form.aIninRow.at(0).金融機関名 == "みどり  中央");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a value that cannot be text ends the extraction with a type mismatch")
+TEST_CASE_FIXTURE(PrintFixture, "a value without a text form ends the extraction with a type mismatch")
 {
     answer(patients({{{"cSubAddress", Binary{std::byte{1}}}}}));
 

@@ -16,7 +16,7 @@ TargetDate target(const std::string &text)
 }
 } // namespace
 
-TEST_CASE("bounds of visits follow the target date")
+TEST_CASE("the bounds of the visits depend on the target date")
 {
     struct Row {
         const char *what;

@@ -182,7 +182,7 @@ TEST_CASE_FIXTURE(RunFixture, "a failure to read the conditions ends the run aft
     CHECK(stored() == 0);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "a failed extraction ends the run after two boxes with the pointer set back twice")
+TEST_CASE_FIXTURE(RunFixture, "a failed extraction ends the run after two boxes and resets the pointer twice")
 {
     FakeResult lost = patients({{}});
     lost.failingMove = 1;
@@ -366,7 +366,7 @@ TEST_CASE_FIXTURE(RunFixture, "a run changes no control")
     CHECK(changes == 0);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "filters of the screen reach the statement")
+TEST_CASE_FIXTURE(RunFixture, "the screen's filters are part of the statement")
 {
     form.imNum_CD.Value = std::int32_t{501};
     form.imNum_StaffNo.Value = std::int32_t{8};

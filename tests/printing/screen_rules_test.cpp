@@ -229,7 +229,7 @@ TEST_CASE("the target frame disabled by the hidden option is enabled only by a t
     }
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "an index beyond the group counts as the last kind, and does nothing for the signature")
+TEST_CASE_FIXTURE(RulesFixture, "an index beyond the group counts as the last kind, and has no effect on the signature")
 {
     form.optObject_Click(9);
     form.optTrust_Click(9);

@@ -270,7 +270,7 @@ TEST_CASE("keys other than return look up nothing")
     SelectionFixture screen;
     screen.form.imNum_StaffNo.Value = number(12);
     screen.form.key(&screen.form.imNum_StaffNo, 50);
-    screen.form.key(&screen.form.imNum_CD, 50); // also in an empty box
+    screen.form.key(&screen.form.imNum_CD, 50); // even in an empty box
     CHECK(screen.world.database.log.empty());
     CHECK(screen.form.cbSejyutsu.ListIndex == 0);
 }

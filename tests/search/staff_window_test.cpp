@@ -10,7 +10,7 @@ namespace {
 using Texts = std::vector<std::string>;
 } // namespace
 
-TEST_CASE("the staff window shows these captions and columns, and no staff list, kinds or information")
+TEST_CASE("the staff window shows these captions and columns, and has no staff list, kinds or information")
 {
     const SearchFixture fixture;
     FakeWorld world;

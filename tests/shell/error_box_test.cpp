@@ -44,7 +44,7 @@ TEST_CASE("a cleared error shows the number 0 and empty brackets")
                                        "関数名=x\r");
 }
 
-TEST_CASE("an error text with line ends keeps them")
+TEST_CASE("an error text keeps its line ends")
 {
     FakeWorld world;
     vErrorBox(world.app, 5, "一行目\r\n二行目", "t", "f", "p");

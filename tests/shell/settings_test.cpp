@@ -67,7 +67,7 @@ TEST_CASE("a key is searched with its blanks trimmed")
     CHECK(fixture.read("  WALLPAPER ") == Variant("wall.bmp"));
 }
 
-TEST_CASE("a key in another case is another key")
+TEST_CASE("a key in a different case is a different key")
 {
     SettingsFixture fixture{"system_tmp=\\TMP\n"};
     CHECK(fixture.read("SYSTEM_TMP", WarnIfMissing::yes) == Variant(""));
@@ -96,7 +96,7 @@ TEST_CASE("a missing key gives an Empty without a box if no warning is requested
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("a missing key gives the empty text after a warning that names it")
+TEST_CASE("a missing key gives the empty text after a warning with its name")
 {
     SettingsFixture fixture{"A=1\n"};
     CHECK(fixture.read("SYSTEM_TMP", WarnIfMissing::yes) == Variant(""));

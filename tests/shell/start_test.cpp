@@ -99,7 +99,7 @@ TEST_CASE("a missing wallpaper setting with files in the icon folder warns, and 
               kCannotStart});
 }
 
-TEST_CASE("a missing settings file ends the process with its own box alone")
+TEST_CASE("a missing settings file ends the process with only its own box")
 {
     StaffedWorld world;
     world.files.remove("C:\\SUITE\\Massage.ini");
