@@ -26,6 +26,7 @@ void frmPrintInin::Form_Load()
     setDates();
     loadInitCorp(m_app, company);
     iLoadPrintSetting();
+    // Deliberate double box: without a connection both the company preload and the screen report it.
     if (!connectScreen()) return;
     if (setStuff() != iGood) {
         m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");

@@ -62,6 +62,7 @@ try {
         return iGood;
     }
     cls施術者検索 staff(m_app);
+    // Deliberate double box: after a failed connection or statement iChkStaff has already shown the reason.
     if (staff.iChkStaff(nIDNo, chkChushi.Value) != iGood) {
         m_app.platform.boxes.show("施術者の検索に失敗しました" + staff.CsErrStr(), Icon::critical);
         return iBad;
