@@ -114,7 +114,7 @@ TEST_CASE("a branch's number beyond 32 bits is a system error")
     CHECK(list.boxTexts() == Texts{"システムエラーが発生しました！\r\r(6)オーバーフローしました。"});
 }
 
-TEST_CASE("a chosen patient is returned with number, name and the branch's number")
+TEST_CASE("choosing a patient's row returns number, name and the branch's number")
 {
     PatientsFixture list;
     list.opened();
