@@ -4,12 +4,8 @@
 
 namespace inin {
 
-namespace {
-constexpr std::size_t kPieceSize = 65536;
-} // namespace
-
 FieldInput::FieldInput(const Platform &platform, const std::string &path)
-    : m_locale(platform.locale), m_file(platform.files.openForInput(path))
+    : m_locale(platform.locale), m_file(platform.files, path)
 {
 }
 
@@ -17,7 +13,7 @@ std::string FieldInput::next()
 {
     if (isAtEnd()) throw RuntimeError(error_number::endOfFile);
     skipBlanks();
-    // The marks are looked for in the bytes: no second half of a double byte is a comma, a quote or a line end.
+    // The separators are searched in the bytes: no second half of a double byte is a comma, a quote or a line end.
     const bool isQuoted = peek() == '"';
     const std::string bytes = isQuoted ? quotedBytes() : plainBytes();
     if (isQuoted) skipBlanks();
@@ -28,7 +24,7 @@ std::string FieldInput::next()
 int FieldInput::peek()
 {
     if (m_position == m_buffer.size()) {
-        m_buffer = m_file->read(kPieceSize);
+        m_buffer = m_file.read();
         m_position = 0;
     }
     return m_buffer.empty() ? kNoByte : static_cast<unsigned char>(m_buffer[m_position]);
@@ -44,7 +40,7 @@ void FieldInput::skipBlanks()
     while (peek() == ' ' || peek() == '\t') take();
 }
 
-/// What follows a closing quote without a comma or a line end begins the next field.
+/// Text after a closing quote that is neither a comma nor a line end starts the next field.
 void FieldInput::skipSeparator()
 {
     const int separator = peek();
@@ -61,7 +57,7 @@ std::string FieldInput::plainBytes()
     return bytes;
 }
 
-/// A quote that is never closed takes the rest of the file.
+/// A quote that is never closed extends to the end of the file.
 std::string FieldInput::quotedBytes()
 {
     take();

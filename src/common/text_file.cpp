@@ -4,10 +4,6 @@
 
 namespace inin {
 
-namespace {
-constexpr std::size_t kPieceSize = 65536;
-} // namespace
-
 TextOutput::TextOutput(const Platform &platform, const std::string &path)
     : m_locale(platform.locale), m_file(platform.files.openForOutput(path))
 {
@@ -26,13 +22,13 @@ void TextOutput::close()
 }
 
 TextInput::TextInput(const Platform &platform, const std::string &path)
-    : m_locale(platform.locale), m_file(platform.files.openForInput(path))
+    : m_locale(platform.locale), m_file(platform.files, path)
 {
 }
 
 bool TextInput::readLine(std::string &line)
 {
-    // Line ends are looked for in the bytes: no second half of a double byte is a CR or LF.
+    // Line ends are searched in the bytes: no second half of a double byte is a CR or LF.
     std::string bytes;
     std::size_t end = std::string::npos;
     while (end == std::string::npos) {
@@ -51,14 +47,14 @@ bool TextInput::readLine(std::string &line)
 void TextInput::skipLineEnd()
 {
     const bool carriageReturn = m_buffer[m_position++] == '\r';
-    // The LF of a CR LF may open the next piece.
+    // The LF of a CR LF may be the first byte of the next block.
     if (carriageReturn && (m_position < m_buffer.size() || fill()) && m_buffer[m_position] == '\n') ++m_position;
 }
 
 bool TextInput::fill()
 {
     if (m_atEnd) return false;
-    m_buffer = m_file->read(kPieceSize);
+    m_buffer = m_file.read();
     m_position = 0;
     m_atEnd = m_buffer.empty();
     return !m_atEnd;

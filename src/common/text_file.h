@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/settings_input.h"
 #include "platform/platform.h"
 
 #include <cstdint>
@@ -12,11 +13,11 @@ namespace inin {
 /// A text file of the suite open for output: code page 932, each line ended by CR LF.
 class TextOutput {
 public:
-    /// Opens a new file or empties an old one; the file's errors go to the caller.
+    /// Creates the file or truncates an existing one; errors of the file go to the caller.
     TextOutput(const Platform &platform, const std::string &path);
     void printLine(std::string_view utf8);
     void close();
-    /// The bytes of all lines so far.
+    /// The size in bytes of all lines so far.
     [[nodiscard]] std::uint64_t size() const { return m_size; }
 
 private:
@@ -25,9 +26,10 @@ private:
     std::uint64_t m_size = 0;
 };
 
-/// A text file of the suite open for input, read line by line. A line ends at CR LF, CR or LF.
+/// A settings file of the suite open for input, read line by line. A line ends at CR LF, CR or LF.
 class TextInput {
 public:
+    /// The file's errors go to the caller.
     TextInput(const Platform &platform, const std::string &path);
     /// False at the end of the file; else the next line without its end, decoded.
     [[nodiscard]] bool readLine(std::string &line);
@@ -37,7 +39,7 @@ private:
     bool fill();
 
     Locale &m_locale;
-    std::unique_ptr<InputFile> m_file;
+    SettingsInput m_file;
     std::string m_buffer;
     std::size_t m_position = 0;
     bool m_atEnd = false;

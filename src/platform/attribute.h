@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// Something whose attributes are watched: a control or a form. Whoever mirrors it is told after each change.
+/// A control or a form with attributes. Its watchers, such as the view that mirrors it, are notified after each change.
 class Observable {
 public:
     Observable() = default;
@@ -18,7 +18,7 @@ public:
     void watch(std::function<void()> watcher) { m_watchers.push_back(std::move(watcher)); }
     void notify() const
     {
-        // By index over a deque: a watcher may add another one while it is told.
+        // By index over a deque, because a watcher may add another one while it runs.
         for (std::size_t i = 0; i < m_watchers.size(); ++i) m_watchers[i]();
     }
 
@@ -26,9 +26,9 @@ private:
     std::deque<std::function<void()>> m_watchers;
 };
 
-/// One attribute of an Observable. Assigning a value that it already has does nothing; any other assignment tells the
-/// watchers and then runs `onAssigned`, which is how a control fires its event. What `check` throws refuses the value
-/// before anything changes.
+/// One attribute of an Observable. Assigning the value that it already has does nothing. Any other assignment notifies
+/// the watchers and then runs `onAssigned`, which fires the control's event. An exception from `check` rejects the
+/// value.
 template <class T> class Attribute {
 public:
     Attribute(const Observable &owner, T value) : m_owner(owner), m_value(std::move(value)) {}
@@ -44,13 +44,13 @@ public:
         if (onAssigned) onAssigned();
         return *this;
     }
-    /// Tells the watchers, but runs neither `check` nor `onAssigned`.
+    /// Notifies the watchers, but runs neither `check` nor `onAssigned`.
     void assignQuietly(T value)
     {
         m_value = std::move(value);
         m_owner.notify();
     }
-    /// The value without a conversion in the way.
+    /// For callers to which the conversion operator does not apply, such as templates.
     [[nodiscard]] const T &get() const { return m_value; }
     operator const T &() const { return m_value; }
 

@@ -8,7 +8,7 @@
 
 namespace inin {
 
-/// A late-bound object: members by name, found at the call.
+/// A late-bound object: its members are looked up by name at each call.
 class AutomationObject {
 public:
     AutomationObject() = default;
@@ -26,7 +26,7 @@ public:
     Automation(const Automation &) = delete;
     Automation &operator=(const Automation &) = delete;
     virtual ~Automation() = default;
-    /// Error 429 when the system has no such program id.
+    /// Error 429 for a program id that the system does not know.
     [[nodiscard]] virtual std::unique_ptr<AutomationObject> create(const std::string &programId) = 0;
 };
 

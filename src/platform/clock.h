@@ -15,9 +15,9 @@ public:
 
     /// Local date and time, to the second.
     [[nodiscard]] virtual Date now() = 0;
-    /// Seconds since midnight with their fraction; starts again at 0 every midnight.
+    /// Seconds since midnight, with fraction.
     [[nodiscard]] virtual double timer() = 0;
-    /// Blocks the calling thread for that long, without events.
+    /// Blocks the calling thread without processing events.
     virtual void pause(std::chrono::milliseconds time) = 0;
     [[nodiscard]] Date today() { return dayOf(now()); }
 };

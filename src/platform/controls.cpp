@@ -91,7 +91,7 @@ void ListBox::Clear()
 
 void ListBox::AddItem(std::string text, std::int32_t ItemData)
 {
-    // Indices and the count are 16-bit numbers.
+    // ListCount and ListIndex have 16 bits.
     if (m_items.size() >= std::size_t{std::numeric_limits<std::int16_t>::max()})
         throw RuntimeError(error_number::overflow);
     m_items.push_back({std::move(text), ItemData});

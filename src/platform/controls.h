@@ -14,8 +14,8 @@
 
 namespace inin {
 
-// Controls without a window toolkit: records of attributes. The rules change attributes only; a view mirrors them and
-// raises events, a script reads and sets them. Assigning an attribute fires the same event as a person's hand.
+// Controls are records of attributes, independent of any window toolkit. The rules change attributes only; a view
+// mirrors them and raises events, a script reads and sets them. An assignment fires the same event as user input.
 
 class OptionButton;
 class CheckBox;
@@ -30,7 +30,7 @@ class MenuEntry;
 class ImageBox;
 class Grid;
 
-/// One operation for each kind of control: how a view or a script tells them apart.
+/// One operation for each kind of control, by which a view or a script distinguishes them.
 class ControlVisitor {
 public:
     ControlVisitor() = default;
@@ -51,7 +51,7 @@ public:
     virtual void visit(Grid &control) = 0;
 };
 
-/// What every control has. The name is the given one, with its index in brackets for a member of an array.
+/// The base of all controls. The name of a member of a control array ends with its index in brackets.
 class Control : public Observable {
 public:
     explicit Control(std::string name) : m_name(std::move(name)) {}
@@ -62,28 +62,28 @@ public:
     Attribute<bool> Visible{*this, true};
     Attribute<std::string> Caption{*this, {}};
     Attribute<std::string> ToolTipText{*this, {}};
-    Attribute<std::int32_t> BackColor{*this, -1}; ///< blue-green-red, -1 is the system's
+    Attribute<std::int32_t> BackColor{*this, -1}; ///< blue-green-red; -1 for the system's color
 
-    // Twips inside the container. Only where a rule asks or moves them; elsewhere the view lays its controls out.
+    // In twips, relative to the container. Set only where a rule reads or changes them; the view lays out the others.
     Attribute<std::int32_t> Left{*this, 0};
     Attribute<std::int32_t> Top{*this, 0};
     Attribute<std::int32_t> Width{*this, 0};
     Attribute<std::int32_t> Height{*this, 0};
 
-    /// Key press in the control, with its code (see key_codes.h).
+    /// A key press in the control, with its code (see key_codes.h).
     std::function<void(std::int16_t KeyCode)> onKeyPress;
 
     std::int16_t TabIndex = -1;   ///< -1: not in the tab order
-    Control *Container = nullptr; ///< the frame it stands in, nullptr for the form itself
+    Control *Container = nullptr; ///< the frame that contains it, nullptr for the form itself
 
-    /// True when a person can use it: enabled and visible, and so is every frame around it.
+    /// True when the operator can use it: the control and all frames around it are enabled and visible.
     [[nodiscard]] bool isReachable() const;
 
 private:
     std::string m_name;
 };
 
-/// A mark of which at most one in its OptionGroup is set.
+/// A radio button: at most one of its OptionGroup is selected.
 class OptionButton : public Control {
 public:
     using Control::Control;
@@ -91,8 +91,8 @@ public:
     Attribute<bool> Value{*this, false};
 };
 
-/// Options of one name in one frame: at most one is marked. Marking one, by hand or by assignment, unmarks the others
-/// and then fires onClick; assigning what an option already has fires nothing, nor does unmarking.
+/// The options of one name in one frame. Selecting one, by hand or by assignment, deselects the others and then fires
+/// onClick. Deselecting an option fires nothing, nor does assigning the value that it already has.
 class OptionGroup {
 public:
     OptionGroup(const std::string &name, std::int16_t count);
@@ -106,14 +106,14 @@ public:
         return *m_options.at(static_cast<std::size_t>(Index));
     }
     [[nodiscard]] std::int16_t count() const { return static_cast<std::int16_t>(m_options.size()); }
-    /// The index of the marked option, -1 when none is.
+    /// The index of the selected option, -1 for none.
     [[nodiscard]] std::int16_t marked() const;
 
 private:
     std::vector<std::unique_ptr<OptionButton>> m_options;
 };
 
-/// Ticked 1 or unticked 0; each change fires onClick.
+/// Value is 1 for ticked, 0 for unticked; each change fires onClick.
 class CheckBox : public Control {
 public:
     explicit CheckBox(std::string name);
@@ -127,8 +127,8 @@ public:
     using Control::Control;
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
     std::function<void()> onClick;
-    bool Cancel = false;  ///< the escape key presses it
-    bool Default = false; ///< the return key presses it
+    bool Cancel = false;  ///< pressed by the escape key
+    bool Default = false; ///< pressed by the return key
 };
 
 /// Buttons of one name; the indices may have gaps.
@@ -142,17 +142,17 @@ private:
     std::map<std::int16_t, std::unique_ptr<Button>> m_buttons;
 };
 
-/// Holds a 32-bit whole number or Null (empty).
+/// A box for a 32-bit integer; Null when empty.
 class NumberBox : public Control {
 public:
     using Control::Control;
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
     Attribute<Variant> Value{*this, Null{}};
     std::string Format;
-    std::optional<std::int32_t> Min, Max; ///< what a person can enter; an assignment is not checked
+    std::optional<std::int32_t> Min, Max; ///< limits of the operator's input; an assignment is not checked
 };
 
-/// Holds a Date or Null (empty); each change fires onChange.
+/// A box for a Date; Null when empty. Each change fires onChange.
 class DateBox : public Control {
 public:
     explicit DateBox(std::string name);
@@ -169,10 +169,10 @@ public:
     Attribute<std::string> Text{*this, {}};
 };
 
-/// How a list shows its items: the chosen one with the others on a press, or all of them under one another.
+/// A drop-down list shows only the chosen item until it is pressed, an open list all of them.
 enum class ListStyle { dropDown, open };
 
-/// A list of items with a number each. Assigning ListIndex another value fires onClick; a pick by hand always does.
+/// A list of items, each with a number. Assigning ListIndex another value fires onClick; a pick by hand always does.
 class ListBox : public Control {
 public:
     struct Item {
@@ -183,21 +183,21 @@ public:
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
     std::function<void()> onClick;
     ListStyle Style = ListStyle::dropDown;
-    /// Double click by hand on the chosen item of an open list.
+    /// A double click on the chosen item of an open list.
     std::function<void()> onDblClick;
-    /// -1 when none is chosen; an index that the list lacks is error 380.
+    /// -1 for none. Assigning an index out of range is error 380.
     Attribute<std::int16_t> ListIndex{*this, -1};
 
-    /// Chooses an item as a person does: onClick fires also for the item that is chosen already.
+    /// Chooses an item as the operator does: fires onClick even if it was already chosen.
     void pick(std::int16_t index);
-    /// No items, and none chosen; fires nothing.
+    /// Removes all items and the choice without firing an event.
     void Clear();
     /// Error 6 beyond 32,767 items.
     void AddItem(std::string text, std::int32_t ItemData);
     [[nodiscard]] std::int16_t ListCount() const { return static_cast<std::int16_t>(m_items.size()); }
-    /// The number of an item; error 380 for an index that the list lacks.
+    /// The number of an item; error 380 for an index out of range.
     [[nodiscard]] std::int32_t ItemData(std::int16_t index) const;
-    /// Chooses the first item at or after `from` that has the number; without one the choice stays.
+    /// Chooses the first item at or after `from` with this number. Keeps the choice when there is none.
     void chooseItemData(std::int32_t ItemData, std::int16_t from = 0);
     [[nodiscard]] const std::vector<Item> &items() const { return m_items; }
 
@@ -211,14 +211,14 @@ public:
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
 };
 
-/// Disabling a frame disables what stands in it without touching its controls' own Enabled.
+/// Disabling a frame disables the controls in it without changing their own Enabled.
 class Frame : public Control {
 public:
     using Control::Control;
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
 };
 
-/// A menu (without a click) or an entry; the short-cut is a key code, 0 for none (see key_codes.h).
+/// A menu (without onClick) or a menu entry. The shortcut is a key code (see key_codes.h), 0 for none.
 class MenuEntry : public Control {
 public:
     explicit MenuEntry(std::string name, std::int16_t shortcut = 0) : Control(std::move(name)), Shortcut(shortcut) {}
@@ -227,7 +227,7 @@ public:
     std::int16_t Shortcut;
 };
 
-/// A picture by the path of its file, empty for none.
+/// A picture, given by the path of its file; an empty path for none.
 class ImageBox : public Control {
 public:
     using Control::Control;

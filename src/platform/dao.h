@@ -11,8 +11,8 @@
 
 namespace inin {
 
-// The older database library as DAO shapes it: an engine makes workspaces, a workspace opens databases and has the
-// transactions of all of them, a database opens record sets. Failures are RuntimeErrors with DAO's numbers.
+// The interface of DAO, the older database library. An engine creates workspaces; a workspace opens databases, whose
+// transactions it runs together; a database opens record sets. Failures are RuntimeErrors with DAO's numbers.
 
 inline constexpr std::int32_t dbUseJet = 2;
 inline constexpr std::int32_t dbOpenTable = 1;
@@ -21,7 +21,7 @@ inline constexpr std::int32_t dbOpenForwardOnly = 8;
 inline constexpr std::int32_t dbReadOnly = 4;
 inline constexpr std::int32_t dbFailOnError = 128;
 
-/// DAO's numbers; those of a missing field and of no current record are the runtime's.
+/// DAO's error numbers. error_number has those of a missing field and of no current record.
 namespace dao_error {
 inline constexpr std::int32_t tooManyTransactions = 3003;
 inline constexpr std::int32_t duplicateValue = 3022;
@@ -39,7 +39,7 @@ inline constexpr std::int32_t unknownFormat = 3343;
 inline constexpr std::int32_t objectInvalid = 3420;
 } // namespace dao_error
 
-/// Rows of a table or of one SELECT, for reading.
+/// The rows of a table or of one SELECT, read-only.
 class DaoRecordset {
 public:
     DaoRecordset() = default;
@@ -51,7 +51,7 @@ public:
     virtual void MoveNext() = 0;
     [[nodiscard]] virtual std::size_t fieldCount() const = 0;
     [[nodiscard]] virtual std::string fieldName(std::size_t index) const = 0;
-    /// The value in the current row: 3265 no such field, 3021 no current record.
+    /// The value in the current row. Errors: 3265 no such field, 3021 no current record.
     [[nodiscard]] virtual Variant Field(std::string_view name) const = 0;
     virtual void Close() = 0;
 };
@@ -63,11 +63,11 @@ public:
     DaoDatabase &operator=(const DaoDatabase &) = delete;
     virtual ~DaoDatabase() = default;
 
-    /// `source` is a table's name or a statement.
+    /// `source` is a table name or a SELECT.
     [[nodiscard]] virtual std::unique_ptr<DaoRecordset> OpenRecordset(const std::string &source, std::int32_t type,
                                                                       std::int32_t options, std::int32_t lock) = 0;
     virtual void Execute(const std::string &sql, std::optional<std::int32_t> options) = 0;
-    /// Closes the record sets too. What a running transaction wrote stays part of it.
+    /// Closes the record sets too. Changes made in a running transaction remain part of it.
     virtual void Close() = 0;
 };
 
@@ -79,13 +79,13 @@ public:
     virtual ~DaoWorkspace() = default;
 
     enum class Sharing { shared, exclusive };
-    /// 3024 no such file, 3343 a file of another kind, 3045 in use.
+    /// Errors: 3024 no such file, 3343 not a database of this kind, 3045 in use.
     [[nodiscard]] virtual std::unique_ptr<DaoDatabase> OpenDatabase(const std::string &name, Sharing sharing) = 0;
-    // Of all databases that are open in the workspace, and of those that are opened before the transaction ends.
+    // A transaction covers all open databases of the workspace, and those opened before it ends.
     virtual void BeginTrans() = 0;
     virtual void CommitTrans() = 0;
     virtual void Rollback() = 0;
-    /// Rolls a running transaction back and closes the databases.
+    /// Rolls back a running transaction and closes the databases.
     virtual void Close() = 0;
 };
 

@@ -11,8 +11,7 @@
 
 namespace inin {
 
-// The database as ADO shapes it. Failures are RuntimeErrors with ADO's numbers; the provider's own words stand in the
-// connection's error list besides.
+// The interface of ADO. Failures are RuntimeErrors with ADO's numbers; the connection's error list has the details.
 
 inline constexpr std::int32_t adOpenForwardOnly = 0;
 inline constexpr std::int32_t adLockReadOnly = 1;
@@ -23,7 +22,7 @@ inline constexpr std::int32_t adUseClient = 3;
 inline constexpr std::int32_t adStateClosed = 0;
 inline constexpr std::int32_t adStateOpen = 1;
 
-/// ADO's numbers of provider failures.
+/// ADO's numbers for the failures of a provider.
 namespace ado_error {
 inline constexpr std::int32_t faultyStatement = -2147217900;
 inline constexpr std::int32_t noSuchTable = -2147217865;
@@ -42,7 +41,7 @@ struct ProviderError {
     std::int32_t NativeError = 0;
 };
 
-/// A session with a database.
+/// A session on a database.
 class Connection {
 public:
     Connection() = default;
@@ -51,24 +50,24 @@ public:
     virtual ~Connection() = default;
 
     [[nodiscard]] virtual std::int32_t State() const = 0;
-    /// Error 3705 when it is open.
+    /// Error 3705 when already open.
     virtual void Open(const std::string &connectionString, const std::string &user, const std::string &password,
                       std::int32_t options) = 0;
-    /// Error 3704 when it is not open.
+    /// Error 3704 when not open.
     virtual void Close() = 0;
     [[nodiscard]] virtual std::string DefaultDatabase() const = 0;
     [[nodiscard]] virtual std::int32_t CommandTimeout() const = 0;
     virtual void setCommandTimeout(std::int32_t seconds) = 0;
-    /// Runs a statement and drops its rows; gives back the number of rows affected, -1 where there is none.
+    /// Runs a statement and discards its rows. Returns the number of affected rows, -1 for a statement of another kind.
     virtual std::int32_t Execute(const std::string &sql, std::int32_t options) = 0;
     virtual void BeginTrans() = 0;
     virtual void CommitTrans() = 0;
     virtual void RollbackTrans() = 0;
-    /// The list of the last failure; the caller may clear it.
+    /// The entries of the last failure; the caller may clear them.
     [[nodiscard]] virtual std::vector<ProviderError> &Errors() = 0;
 };
 
-/// Rows of one SELECT, read forward.
+/// The rows of one SELECT, read forward.
 class Recordset {
 public:
     Recordset() = default;
@@ -76,9 +75,9 @@ public:
     Recordset &operator=(const Recordset &) = delete;
     virtual ~Recordset() = default;
 
-    /// adUseServer, or adUseClient where RecordCount and MoveFirst are wanted.
+    /// adUseServer, or adUseClient where RecordCount or MoveLast is needed.
     virtual void setCursorLocation(std::int32_t location) = 0;
-    /// Runs one read-only statement; a batch or a statement that writes fails as a faulty statement.
+    /// Runs one read-only statement. Refuses a batch or a statement that writes, with ado_error::faultyStatement.
     virtual void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
                       std::int32_t options) = 0;
     virtual void Close() = 0;
@@ -87,21 +86,21 @@ public:
     virtual void MoveNext() = 0;
     virtual void MoveFirst() = 0;
     virtual void MoveLast() = 0;
-    /// -1 for a forward-only cursor on the server.
+    /// -1 for a server-side cursor.
     [[nodiscard]] virtual std::int32_t RecordCount() const = 0;
 
     [[nodiscard]] virtual std::size_t fieldCount() const = 0;
     [[nodiscard]] virtual std::string fieldName(std::size_t index) const = 0;
-    /// ADO's type code of a field: 2 smallint, 3 integer, 5 double, 135 date and time, 202 text, 204 binary, ...
+    /// ADO's type code: 2 smallint, 3 integer, 5 double, 135 date and time, 202 text, 204 binary, ...
     [[nodiscard]] virtual std::int32_t fieldType(std::size_t index) const = 0;
-    /// The position of the first field of that name, whatever its ASCII case; error 3265 when there is none.
+    /// The index of the first field of that name, ignoring ASCII case; error 3265 when there is none.
     [[nodiscard]] virtual std::size_t fieldIndex(std::string_view name) const = 0;
-    /// The value in the current row; error 3021 when there is none.
+    /// The value in the current row; error 3021 without a current row.
     [[nodiscard]] virtual Variant Value(std::size_t index) const = 0;
     [[nodiscard]] Variant Field(std::string_view name) const { return Value(fieldIndex(name)); }
 };
 
-/// The provider library: makes unopened objects.
+/// The provider library: creates unopened objects.
 class Database {
 public:
     Database() = default;
@@ -111,8 +110,8 @@ public:
 
     [[nodiscard]] virtual std::unique_ptr<Connection> newConnection() = 0;
     [[nodiscard]] virtual std::unique_ptr<Recordset> newRecordset() = 0;
-    /// True while an open session has a transaction that keeps all other sessions from writing, in a database that has one
-    /// writer at a time. Their writes fail until it ends.
+    /// True while the transaction of an open session keeps all other sessions from writing, in a database that allows
+    /// one writer at a time. Their writes fail until the transaction ends.
     [[nodiscard]] virtual bool isWriterBusy() const { return false; }
 };
 

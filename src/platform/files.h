@@ -8,12 +8,12 @@
 
 namespace inin {
 
-// The runtime's file services on bytes. Paths are UTF-8 texts with backslashes (a slash does as well); a name is found
-// whatever its ASCII case. Failures: 52, 53, 55, 57, 61, 62, 67, 70, 71, 75, 76 as the runtime numbers them.
+// The file operations of the runtime, on bytes. Paths are UTF-8 with backslashes or slashes; names ignore ASCII case.
+// Failures are RuntimeErrors 52, 53, 55, 57, 61, 62, 67, 70, 71, 75 and 76 with the runtime's meaning.
 
-/// A file open for output. Until close() succeeds the file does not end at a line end: line ends are held back until bytes
-/// follow them, so a reader of an interrupted file can see that it was cut off. Destroying it without close() leaves
-/// the file like that, as far as it was written, and drops a failure; close() reports it.
+/// A file open for output. Trailing line ends are held back until more bytes follow or close() succeeds, so the file of
+/// an interrupted program is recognized by its missing line end. The destructor without close() leaves such a file and
+/// ignores a failure; close() reports it.
 class OutputFile {
 public:
     OutputFile() = default;
@@ -31,7 +31,7 @@ public:
     InputFile(const InputFile &) = delete;
     InputFile &operator=(const InputFile &) = delete;
     virtual ~InputFile() = default;
-    /// Up to `size` next bytes, empty at the end of the file.
+    /// The next bytes, at most `size`; empty at the end of the file.
     virtual std::string read(std::size_t size) = 0;
 };
 
@@ -53,19 +53,19 @@ public:
     Files &operator=(const Files &) = delete;
     virtual ~Files() = default;
 
-    /// Opens a new file or empties an old one. A link that bears the name is replaced, never followed. POSIX: only the
-    /// owner may read a new file; a user's earlier file keeps its rights. Windows: a new file has the rights of its folder.
+    /// Creates or empties a file; replaces a symbolic link instead of following it. POSIX: only the owner may read a new
+    /// file, an existing one keeps its permissions. Windows: a new file inherits the permissions of its folder.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> openForOutput(const std::string &path) = 0;
-    /// Opens a file for output like openForOutput, under an advisory lock that one program holds at a time. Does not wait
-    /// and does not throw when the lock cannot be had. Bytes are in the file as soon as they are written, and others can
-    /// read them. The lock ends with close(), with the object, and with the process, however that ends; the file stays.
+    /// Opens a file like openForOutput, under an advisory lock that only one program can have. Does not wait for the
+    /// lock and does not throw without it. Bytes are written immediately, and others can read them. The lock ends with
+    /// close(), with the object or with the process; the file remains.
     [[nodiscard]] virtual LockedFile openLocked(const std::string &path) = 0;
     [[nodiscard]] virtual std::unique_ptr<InputFile> openForInput(const std::string &path) = 0;
-    /// The runtime's directory search with normal attributes: the name of the first file that fits the path, which may
-    /// hold * and ?, or of the first file in a folder when the path ends in a backslash; empty when there is none.
+    /// The runtime's directory search with normal attributes. Returns the name of the first file that matches the path,
+    /// which may contain * and ?, or of the first file in the folder when the path ends in a backslash; empty for none.
     [[nodiscard]] virtual std::string directorySearch(const std::string &path) = 0;
     [[nodiscard]] virtual bool isFolder(const std::string &path) = 0;
-    /// Deletes a file: 53 no such file, 70 or 75 refused.
+    /// Deletes a file. Errors: 53 no such file, 70 or 75 access denied.
     virtual void remove(const std::string &path) = 0;
     /// The folder of the application as the runtime reports it, without a trailing separator.
     [[nodiscard]] virtual std::string applicationFolder() = 0;

@@ -5,8 +5,8 @@
 namespace inin {
 
 namespace {
-/// A list counts in 16 bits; what a folder holds beyond that is left out.
-constexpr std::size_t kMostItems = std::numeric_limits<std::int16_t>::max();
+/// ListCount has 16 bits; further folders are left out.
+constexpr std::size_t kMaxItems = std::numeric_limits<std::int16_t>::max();
 } // namespace
 
 FolderList::FolderList(std::string name, Folders &folders) : ListBox(std::move(name)), m_folders(folders)
@@ -29,7 +29,7 @@ void FolderList::setPath(const std::string &path)
 
 void FolderList::list(const FolderPlace &place, std::size_t depth)
 {
-    if (m_paths.size() == kMostItems) return;
+    if (m_paths.size() == kMaxItems) return;
     m_paths.push_back(place.path);
     AddItem(place.name, static_cast<std::int32_t>(depth));
 }
@@ -37,7 +37,7 @@ void FolderList::list(const FolderPlace &place, std::size_t depth)
 void FolderList::openChosen()
 {
     if (ListIndex < 0) return;
-    // A copy: opening it drops the paths.
+    // A copy, because opening the folder clears m_paths.
     const std::string path = m_paths.at(static_cast<std::size_t>(ListIndex.get()));
     setPath(path);
 }

@@ -8,18 +8,18 @@
 
 namespace inin {
 
-/// A list of folders: those above the open one from the root of its drive down to itself, then those in it. The number
-/// of an item is its depth. Choosing an item only marks it; a double click or the return key opens it.
+/// A list of folders: the path from the root of the drive down to the open folder, then the folders in it. The number
+/// of an item is its depth. Choosing an item does not open it; a double click or the return key does.
 class FolderList : public ListBox {
 public:
     FolderList(std::string name, Folders &folders);
 
-    /// The open folder and its drive, as the system writes them; empty before the first one.
+    /// The open folder and its drive in the system's notation; empty until a folder is opened.
     [[nodiscard]] const std::string &Path() const { return m_path; }
     [[nodiscard]] const std::string &Drive() const { return m_drive; }
-    /// Opens a folder. Its errors go to the caller and leave the list as it was.
+    /// Opens a folder. An error leaves the list unchanged.
     void setPath(const std::string &path);
-    /// Opens the marked item; without one nothing happens.
+    /// Opens the chosen item, if any.
     void openChosen();
 
 private:
@@ -28,7 +28,7 @@ private:
     Folders &m_folders;
     std::string m_path;
     std::string m_drive;
-    std::vector<std::string> m_paths; ///< of the items
+    std::vector<std::string> m_paths; ///< one per item
 };
 
 } // namespace inin

@@ -8,17 +8,17 @@ namespace inin {
 /// A folder to choose from.
 struct FolderPlace {
     std::string name;
-    std::string path; ///< as the system writes it
+    std::string path; ///< in the system's notation
 };
 
-/// A folder as a list of folders shows it.
+/// A folder with the folders above and inside it.
 struct FolderContents {
-    std::string drive;               ///< where it lies, one of Folders::drives
+    std::string drive;               ///< one of Folders::drives
     std::vector<FolderPlace> above;  ///< from the root of the drive down to the folder itself
-    std::vector<FolderPlace> inside; ///< by name
+    std::vector<FolderPlace> inside; ///< sorted by name
 };
 
-/// The system's drives and folders, for choosing one.
+/// The drives and folders of the system, for a folder dialog.
 class Folders {
 public:
     Folders() = default;
@@ -26,10 +26,9 @@ public:
     Folders &operator=(const Folders &) = delete;
     virtual ~Folders() = default;
 
-    /// Where paths begin: the drives; elsewhere than on Windows the mounted places.
+    /// The drives on Windows, the mount points elsewhere.
     [[nodiscard]] virtual std::vector<std::string> drives() = 0;
-    /// Reads a folder; a drive by itself is its root. 71 no medium or a device that does not answer, 75 refused, 76 no
-    /// such folder.
+    /// Reads a folder; a drive alone means its root. Errors: 71 drive not ready, 75 access denied, 76 no such folder.
     [[nodiscard]] virtual FolderContents open(const std::string &path) = 0;
 };
 

@@ -8,16 +8,16 @@
 namespace inin {
 
 namespace {
-/// Holds a form's mark while its unload runs, also when that ends by an error.
-class Unloading {
+/// Sets a flag for the duration of a scope.
+class ScopedFlag {
 public:
-    explicit Unloading(bool &mark) : m_mark(mark) { m_mark = true; }
-    Unloading(const Unloading &) = delete;
-    Unloading &operator=(const Unloading &) = delete;
-    ~Unloading() { m_mark = false; }
+    explicit ScopedFlag(bool &flag) : m_flag(flag) { m_flag = true; }
+    ScopedFlag(const ScopedFlag &) = delete;
+    ScopedFlag &operator=(const ScopedFlag &) = delete;
+    ~ScopedFlag() { m_flag = false; }
 
 private:
-    bool &m_mark;
+    bool &m_flag;
 };
 } // namespace
 
@@ -41,7 +41,7 @@ void Form::load()
     try {
         Form_Load();
     } catch (const RuntimeError &) {
-        // A load that failed leaves nothing to show: the next show loads anew.
+        // The next show loads the form again.
         m_loaded = false;
         throw;
     }
@@ -53,7 +53,7 @@ bool Form::unload(bool byControlBox)
     if (m_unloading) return false;
     std::int16_t Cancel = 0;
     {
-        const Unloading mark(m_unloading);
+        const ScopedFlag unloading(m_unloading);
         atEventEdge([&] {
             Form_QueryUnload(Cancel, byControlBox);
             if (Cancel == 0) Form_Unload(Cancel);
@@ -72,7 +72,7 @@ void Form::Form_KeyPress(std::int16_t & /*KeyAscii*/) {}
 
 namespace {
 
-/// Looks through the controls for what a key of the whole window presses; the first that fits counts.
+/// Finds the first control that a key presses, whichever control has the focus.
 class KeyTarget : public ControlVisitor {
 public:
     explicit KeyTarget(std::int16_t code) : m_code(code) {}
@@ -123,7 +123,7 @@ public:
     }
 };
 
-/// Presses what the key stands for; false when it stands for nothing.
+/// Presses the control that the key belongs to; false when there is none.
 template <class Target> bool press(const std::vector<Control *> &controls, std::int16_t code)
 {
     Target target(code);
@@ -140,7 +140,7 @@ bool Form::key(Control *control, std::int16_t KeyCode)
     const auto isOver = [&] { return KeyCode == 0 || (wasLoaded && !m_loaded); };
     if (press<ShortcutTarget>(m_controls, KeyCode)) return false;
     Form_KeyDown(KeyCode);
-    // What the key-down changed, the code too, counts for the buttons; a form that it closed takes no more of the key.
+    // Form_KeyDown may have changed the key code, disabled the buttons or closed the form.
     if (isOver() || press<ButtonTarget>(m_controls, KeyCode)) return false;
     Form_KeyPress(KeyCode);
     if (isOver()) return false;

@@ -7,8 +7,7 @@
 
 namespace inin {
 
-/// A connection that passes everything on to another one. Who stands in front of a database to watch or to bend one thing
-/// overrides that alone.
+/// A connection that forwards every call to another one. Decorators override the calls that they observe or change.
 class ForwardingConnection : public Connection {
 public:
     explicit ForwardingConnection(std::unique_ptr<Connection> inner) : m_inner(std::move(inner)) {}
@@ -37,8 +36,8 @@ private:
     std::unique_ptr<Connection> m_inner;
 };
 
-/// A record set that passes everything on to another one. It is opened on a forwarding connection, whose inner one the
-/// inner record set gets: a provider's record set knows its own provider's connections only.
+/// A record set that forwards every call to another one. Open() unwraps a forwarding connection, because a provider's
+/// record set accepts only connections of its own provider.
 class ForwardingRecordset : public Recordset {
 public:
     explicit ForwardingRecordset(std::unique_ptr<Recordset> inner) : m_inner(std::move(inner)) {}

@@ -21,7 +21,7 @@ void Grid::setRowCount(std::int32_t count)
     m_cells.resize(static_cast<std::size_t>(count) * m_columns.size());
     m_rowCount = count;
     if (count == 0) {
-        // The memory of a long list goes back, not only its rows.
+        // Assigning empty containers frees the memory of a long list; clear() would keep it.
         m_cells = {};
         m_texts = {};
         m_rowInSight = 0;

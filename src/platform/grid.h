@@ -11,9 +11,8 @@
 
 namespace inin {
 
-/// A table of cells under a header. Rows and columns count from 1; row 0 is the header. It is made to hold tens of
-/// thousands of rows: a cell is 8 bytes, and all texts stand in one block. A row or column that the grid lacks is
-/// error 9.
+/// A table of cells under a header. Rows and columns count from 1; row 0 is the header. It is designed for tens of
+/// thousands of rows: a cell has 8 bytes, and all texts share one block. A row or column out of range is error 9.
 class Grid : public Control {
 public:
     enum class CellKind { number, text };
@@ -26,38 +25,38 @@ public:
     Grid(std::string name, std::vector<Column> columns);
     void accept(ControlVisitor &visitor) override { visitor.visit(*this); }
 
-    /// Double click by hand, with the row that was hit: 0 on the header.
+    /// A double click on a row; 0 for the header.
     std::function<void(std::int32_t Row)> onDblClick;
 
-    /// While it is off, changes of rows and cells tell nobody; whoever mirrors the grid is told when it goes on again.
+    /// While false, changes of rows and cells do not notify the watchers; setting it to true notifies them once.
     Attribute<bool> ReDraw{*this, true};
-    /// The chosen row, 0 for none; a row that the grid lacks is error 9. Rows that go away take the choice with them.
+    /// The chosen row, 0 for none; a row out of range is error 9. Removing the chosen row resets it to 0.
     Attribute<std::int32_t> ActiveRow{*this, 0};
 
     [[nodiscard]] std::int32_t RowCount() const { return m_rowCount; }
-    /// New rows are blank: 0 in number columns, empty in text columns. No rows free the texts too.
+    /// New rows are blank: 0 in number columns, empty in text columns. A count of 0 frees the texts too.
     void setRowCount(std::int32_t count);
     [[nodiscard]] std::int16_t ColumnCount() const { return static_cast<std::int16_t>(m_columns.size()); }
     [[nodiscard]] const std::vector<Column> &columns() const { return m_columns; }
     void setColumnWidth(std::int16_t column, std::int16_t width);
 
     void setNumber(std::int32_t row, std::int16_t column, std::int32_t value);
-    /// A text that replaces another one leaves its place in the block unused until the rows are cleared.
+    /// The space of a replaced text stays unused until the rows are cleared.
     void setText(std::int32_t row, std::int16_t column, std::string_view value);
     /// The number of a cell in a number column; 0 in a text column.
     [[nodiscard]] std::int32_t number(std::int32_t row, std::int16_t column) const;
-    /// The text of a cell as it is shown, of a number its digits.
+    /// The displayed text of a cell, in a number column the digits.
     [[nodiscard]] std::string text(std::int32_t row, std::int16_t column) const;
 
-    /// Asks whoever mirrors the grid to bring the row into sight.
+    /// Requests that the view scrolls to the row.
     void showRow(std::int32_t row);
-    /// The row that was last asked for since the rows were cleared, 0 for none.
+    /// The row of the last showRow() since the rows were cleared, 0 for none.
     [[nodiscard]] std::int32_t RowInSight() const { return m_rowInSight; }
-    /// Grows with each change of rows, cells or columns, so that a mirror knows when it must read them again.
+    /// Incremented by each change of rows, cells or columns, so that a view knows when to read them again.
     [[nodiscard]] std::uint64_t revision() const { return m_revision; }
 
 private:
-    /// A number, or the place and size of a text in the block.
+    /// A number, or the position and size of a text in the block.
     struct Cell {
         std::uint32_t place = 0;
         std::uint32_t size = 0;

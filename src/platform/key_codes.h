@@ -4,7 +4,7 @@
 
 namespace inin {
 
-// The runtime's codes of the keys that the forms know. Those of the function keys follow one another.
+// The runtime's codes of the keys that the forms handle. The codes of the function keys are consecutive.
 inline constexpr std::int16_t kReturnKey = 13;
 inline constexpr std::int16_t kEscapeKey = 27;
 inline constexpr std::int16_t kF1Key = 112;

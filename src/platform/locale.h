@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// Regional settings and the ANSI code page of the system, code page 932 where the suite runs.
+/// The regional settings and the ANSI code page of the system, code page 932 on a site of the suite.
 class Locale {
 public:
     Locale() = default;
@@ -16,9 +16,9 @@ public:
     virtual ~Locale() = default;
 
     [[nodiscard]] virtual Regional regional() = 0;
-    /// UTF-8 to the code page; a character that it lacks becomes "?".
+    /// UTF-8 to the code page; a character that is not in it becomes "?".
     [[nodiscard]] virtual std::string toCodePage(std::string_view utf8) = 0;
-    /// The code page to UTF-8; a byte that is no character becomes U+FFFD.
+    /// The code page to UTF-8; an invalid byte becomes U+FFFD.
     [[nodiscard]] virtual std::string fromCodePage(std::string_view bytes) = 0;
 };
 

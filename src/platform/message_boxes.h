@@ -4,7 +4,7 @@
 
 namespace inin {
 
-/// The application's title, which a box without a title of its own shows.
+/// The application's title, the default title of a box.
 inline constexpr const char *kApplicationTitle = "委任状印刷";
 
 enum class Icon { none = 0, critical = 16, exclamation = 48, information = 64 };
@@ -17,9 +17,9 @@ public:
     MessageBoxes &operator=(const MessageBoxes &) = delete;
     virtual ~MessageBoxes() = default;
 
-    /// Shows a box and comes back when it was answered. An empty title is the application's.
+    /// Shows a box and returns when it is closed. An empty title means the application's.
     virtual void show(const std::string &text, Icon icon, const std::string &title = {}) = 0;
-    /// The same with the buttons Retry and Cancel; true for Retry. A program that nobody watches answers Cancel.
+    /// Shows a box with the buttons Retry and Cancel; true for Retry. A program without an operator returns false.
     [[nodiscard]] virtual bool askRetry(const std::string &text, Icon icon, const std::string &title = {}) = 0;
 };
 

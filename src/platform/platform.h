@@ -12,8 +12,8 @@
 
 namespace inin {
 
-/// Everything that the logic asks of the outside world, handed down through the constructors.
-/// app/ builds the adapters and keeps them alive for as long as the logic runs.
+/// All ports that the logic uses, passed down through the constructors. app/ builds the adapters and keeps them alive
+/// while the logic runs.
 struct Platform {
     MessageBoxes &boxes;
     Windows &windows;

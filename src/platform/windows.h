@@ -8,7 +8,7 @@ namespace inin {
 
 enum class Modality { modeless, modal };
 
-/// The window system. Events that it raises in a form run at the edge of an event procedure (atEventEdge).
+/// The window system. It raises the events of a form through atEventEdge.
 class Windows {
 public:
     Windows() = default;
@@ -16,18 +16,18 @@ public:
     Windows &operator=(const Windows &) = delete;
     virtual ~Windows() = default;
 
-    /// Loads the form, if it is not, and shows it. Modal: comes back when the form is unloaded.
-    /// A RuntimeError of the load goes to the caller.
+    /// Loads the form if necessary and shows it. A modal show returns when the form is unloaded. Passes on a
+    /// RuntimeError of the load.
     virtual void show(Form &form, Modality modality) = 0;
-    /// Checks that the file is a picture: 53 or 76 no such file, 75 a folder, 481 no picture. A picture of a known kind
-    /// that cannot be painted here passes, and its place stays bare.
+    /// Checks that the file is a picture. Errors: 53 or 76 no such file, 75 a folder, 481 not a picture. A known format
+    /// that cannot be painted here passes, and its box remains empty.
     virtual void checkPicture(const std::string &path) = 0;
     virtual void beep() = 0;
-    /// Lets waiting events run.
+    /// Processes pending events.
     virtual void giveTime() = 0;
     virtual void moveFocus(Form &form, Control &control) = 0;
     virtual void sendTab(Form &form) = 0;
-    /// The control that has the focus, nullptr for none.
+    /// The control with the focus, nullptr for none.
     [[nodiscard]] virtual Control *activeControl(Form &form) = 0;
 };
 

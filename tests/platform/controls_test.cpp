@@ -7,7 +7,7 @@
 
 using namespace inin;
 
-TEST_CASE("assigning an attribute another value tells its watchers, the same value tells nobody")
+TEST_CASE("assigning an attribute notifies its watchers only when the value changes")
 {
     Label label("lbl_SelKanja");
     int told = 0;
@@ -30,7 +30,7 @@ TEST_CASE("an attribute assigned from another control's attribute takes its valu
     CHECK(to.Value.get() == Variant(Date(45000)));
 }
 
-TEST_CASE("a watcher may add another watcher while it is told")
+TEST_CASE("a watcher may add another watcher while it runs")
 {
     Label label("Label1");
     int first = 0, second = 0;
@@ -45,7 +45,7 @@ TEST_CASE("a watcher may add another watcher while it is told")
     CHECK(second == 2);
 }
 
-TEST_CASE("a watcher sees the new value before the event runs")
+TEST_CASE("a watcher runs with the new value before the event")
 {
     CheckBox check("chkChushi");
     std::vector<std::string> order;
@@ -57,7 +57,7 @@ TEST_CASE("a watcher sees the new value before the event runs")
     CHECK(order == std::vector<std::string>{"watch 1", "click 1"});
 }
 
-TEST_CASE("the members of an array carry their index in the name")
+TEST_CASE("the names of the members of a control array contain the index")
 {
     OptionGroup options("optTgtDate", 3);
     ButtonArray buttons("btnPrint", {0, 1, 6});
@@ -65,7 +65,7 @@ TEST_CASE("the members of an array carry their index in the name")
     CHECK(buttons(6).name() == "btnPrint(6)");
 }
 
-TEST_CASE("a check box fires its click at each change and at no repetition")
+TEST_CASE("a check box fires its click only when the value changes")
 {
     CheckBox check("chkChushi");
     int clicks = 0;
@@ -79,7 +79,7 @@ TEST_CASE("a check box fires its click at each change and at no repetition")
     CHECK(clicks == 2);
 }
 
-TEST_CASE("a button of an array tells the array its index")
+TEST_CASE("a click on a button of an array passes its index")
 {
     ButtonArray buttons("btnPrint", {0, 1, 6});
     std::vector<std::int16_t> clicks;
@@ -91,13 +91,13 @@ TEST_CASE("a button of an array tells the array its index")
     CHECK(clicks == std::vector<std::int16_t>{6, 0});
 }
 
-TEST_CASE("a button of an array without a rule does nothing")
+TEST_CASE("a click on a button of an array without a handler does nothing")
 {
     ButtonArray buttons("btnPrint", {0});
     CHECK_NOTHROW(buttons(0).onClick());
 }
 
-TEST_CASE("a date box starts empty and fires its change at each new value, Null too")
+TEST_CASE("a date box starts empty and fires its change for each new value, including Null")
 {
     DateBox box("imD_Out");
     int changes = 0;
@@ -113,7 +113,7 @@ TEST_CASE("a date box starts empty and fires its change at each new value, Null 
     CHECK(changes == 2);
 }
 
-TEST_CASE("a number box takes any number by assignment, whatever its limits")
+TEST_CASE("a number box accepts any assigned number, whatever its limits")
 {
     NumberBox box("inPeriodFrom");
     box.Min = 1;
@@ -125,7 +125,7 @@ TEST_CASE("a number box takes any number by assignment, whatever its limits")
     CHECK(box.Value.get() == Variant(std::int32_t{99}));
 }
 
-TEST_CASE("a control in a disabled or hidden frame is out of reach and keeps its own attributes")
+TEST_CASE("a control in a disabled or hidden frame is unreachable and keeps its own attributes")
 {
     Frame outer("frmObject"), inner("fraJisseki(1)");
     Button button("btn_StaffSelect");
@@ -146,7 +146,7 @@ TEST_CASE("a control in a disabled or hidden frame is out of reach and keeps its
     CHECK_FALSE(button.isReachable());
 }
 
-TEST_CASE("a control says its kind to a visitor")
+TEST_CASE("a visitor distinguishes the kinds of controls")
 {
     struct Kinds : ControlVisitor {
         std::string seen;

@@ -14,7 +14,7 @@ using namespace inin;
 
 namespace {
 
-/// A form that writes down its events; what it does in them is plugged in.
+/// A form that records its events and runs a handler for each.
 class ProbeForm : public Form {
 public:
     ProbeForm() : Form("frmProbe")
@@ -79,7 +79,7 @@ using Log = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("a form loads once, however often it is asked")
+TEST_CASE("a loaded form is not loaded again")
 {
     ProbeForm form;
     form.load();
@@ -88,7 +88,7 @@ TEST_CASE("a form loads once, however often it is asked")
     CHECK(form.isLoaded());
 }
 
-TEST_CASE("an unloaded form loads anew")
+TEST_CASE("an unloaded form can be loaded again")
 {
     ProbeForm form;
     form.load();
@@ -110,7 +110,7 @@ TEST_CASE("a form counts as loaded while its load runs")
     CHECK(form.log == Log{"load"});
 }
 
-TEST_CASE("a run-time error of the load goes to the caller and leaves the form unloaded")
+TEST_CASE("a run-time error of the load reaches the caller and leaves the form unloaded")
 {
     ProbeForm form;
     form.onLoad = [] { throw RuntimeError(error_number::typeMismatch); };
@@ -122,14 +122,14 @@ TEST_CASE("a run-time error of the load goes to the caller and leaves the form u
     CHECK(form.log == Log{"load", "load"});
 }
 
-TEST_CASE("unloading a form that is not loaded runs nothing")
+TEST_CASE("unloading a form that is not loaded fires no events")
 {
     ProbeForm form;
     CHECK(form.unload());
     CHECK(form.log.empty());
 }
 
-TEST_CASE("the control box is told to the query of an unload")
+TEST_CASE("the query of an unload distinguishes the control box")
 {
     ProbeForm form;
     form.load();
@@ -137,7 +137,7 @@ TEST_CASE("the control box is told to the query of an unload")
     CHECK(form.log == Log{"load", "query by box", "unload"});
 }
 
-TEST_CASE("a query that refuses keeps the form loaded and its unload unrun")
+TEST_CASE("a query that cancels keeps the form loaded and prevents Form_Unload")
 {
     ProbeForm form;
     form.refuseQuery = true;
@@ -147,7 +147,7 @@ TEST_CASE("a query that refuses keeps the form loaded and its unload unrun")
     CHECK(form.log == Log{"load", "query"});
 }
 
-TEST_CASE("an unload that refuses keeps the form loaded, and it can be unloaded later")
+TEST_CASE("an unload that cancels keeps the form loaded, and it can be unloaded later")
 {
     ProbeForm form;
     form.refuseUnload = true;
@@ -160,7 +160,7 @@ TEST_CASE("an unload that refuses keeps the form loaded, and it can be unloaded 
     CHECK_FALSE(form.isLoaded());
 }
 
-TEST_CASE("whoever watches a form is told when it is unloaded, and not when it refuses")
+TEST_CASE("an unload notifies the watchers of a form unless it is cancelled")
 {
     ProbeForm form;
     int told = 0;
@@ -175,7 +175,7 @@ TEST_CASE("whoever watches a form is told when it is unloaded, and not when it r
     CHECK(told == 1);
 }
 
-TEST_CASE("a run-time error of the unload goes on as an unhandled error with its number")
+TEST_CASE("a run-time error of the unload becomes an unhandled error with its number")
 {
     ProbeForm form;
     form.onUnload = [] { throw RuntimeError(error_number::fileNotFound); };
@@ -200,7 +200,7 @@ TEST_CASE("an unload inside the form's own unload is refused")
     CHECK(form.log == Log{"load", "query", "unload"});
 }
 
-TEST_CASE("after an unload that failed the form can be unloaded again")
+TEST_CASE("a form can be unloaded again after a failed unload")
 {
     ProbeForm form;
     form.onUnload = [] { throw RuntimeError(error_number::fileNotFound); };
@@ -211,7 +211,7 @@ TEST_CASE("after an unload that failed the form can be unloaded again")
     CHECK(form.unload());
 }
 
-TEST_CASE("a load that unloads its own form ends with the form unloaded, and it is not shown")
+TEST_CASE("a form that unloads itself while it loads is not shown")
 {
     FakeWorld world;
     ProbeForm form;
@@ -227,7 +227,7 @@ TEST_CASE("a load that unloads its own form ends with the form unloaded, and it 
     CHECK(world.windows.log.empty());
 }
 
-TEST_CASE("the fake windows close no form by themselves: a test queues how each form is left")
+TEST_CASE("a test must queue the closing of each form that the fake windows show")
 {
     FakeWorld world;
     ProbeForm form;
@@ -237,7 +237,7 @@ TEST_CASE("the fake windows close no form by themselves: a test queues how each 
     CHECK(form.log == Log{"load", "query by box", "unload"});
 }
 
-TEST_CASE("an error in the unload that a load asks for is no run-time error of the load")
+TEST_CASE("an error of an unload during the load is an unhandled error")
 {
     ProbeForm form;
     form.onLoad = [&] { static_cast<void>(form.unload()); };
@@ -245,7 +245,7 @@ TEST_CASE("an error in the unload that a load asks for is no run-time error of t
     CHECK_THROWS_AS(form.load(), UnhandledError);
 }
 
-TEST_CASE("every assignment of the mouse pointer is told")
+TEST_CASE("each assignment of the mouse pointer is reported")
 {
     ProbeForm form;
     std::vector<std::int16_t> kinds;
@@ -266,14 +266,14 @@ TEST_CASE("a form finds its controls by name and knows their frames")
     CHECK(form.controls().front() == &form.box);
 }
 
-TEST_CASE("a menu short-cut is taken before anything else sees the key")
+TEST_CASE("a menu shortcut handles the key before any other control")
 {
     ProbeForm form;
     form.key(&form.search, kF12Key);
     CHECK(form.log == Log{"menu"});
 }
 
-TEST_CASE("the short-cut of an entry that is out of reach goes the way of any key")
+TEST_CASE("the shortcut of an unreachable entry is dispatched like any other key")
 {
     ProbeForm form;
     SUBCASE("the entry is disabled")
@@ -288,7 +288,7 @@ TEST_CASE("the short-cut of an entry that is out of reach goes the way of any ke
     CHECK(form.log == Log{"down 123", "press 123"});
 }
 
-TEST_CASE("an entry without a short-cut answers to no key")
+TEST_CASE("an entry without a shortcut responds to no key")
 {
     ProbeForm form;
     form.menu.onClick = [&] { form.log.emplace_back("wrong"); };
@@ -296,28 +296,28 @@ TEST_CASE("an entry without a short-cut answers to no key")
     CHECK(form.log == Log{"down 0"});
 }
 
-TEST_CASE("a key goes through key-down and key-press to the control")
+TEST_CASE("a key is dispatched to key-down, key-press and the control, in this order")
 {
     ProbeForm form;
     form.key(&form.search, kReturnKey);
     CHECK(form.log == Log{"down 13", "press 13", "control 13"});
 }
 
-TEST_CASE("a key without a control ends at the form's key-press")
+TEST_CASE("a key without a control is not handled after the form's key-press")
 {
     ProbeForm form;
     form.key(nullptr, kReturnKey);
     CHECK(form.log == Log{"down 13", "press 13"});
 }
 
-TEST_CASE("a control without a key rule lets the key go")
+TEST_CASE("a control without a key handler does not handle the key")
 {
     ProbeForm form;
     form.key(&form.accept, 65);
     CHECK(form.log == Log{"down 65", "press 65"});
 }
 
-TEST_CASE("a key-down that swallows the key ends it, the cancel button's too")
+TEST_CASE("a key-down that discards the key keeps it from the cancel button too")
 {
     ProbeForm form;
     form.onKeyDown = [](std::int16_t &KeyCode) { KeyCode = 0; };
@@ -326,7 +326,7 @@ TEST_CASE("a key-down that swallows the key ends it, the cancel button's too")
     CHECK(form.log == Log{"down 27", "down 13"});
 }
 
-TEST_CASE("a key-press that swallows the key keeps it from the control")
+TEST_CASE("a key-press that discards the key keeps it from the control")
 {
     ProbeForm form;
     form.onPress = [](std::int16_t &KeyAscii) { KeyAscii = 0; };
@@ -334,7 +334,7 @@ TEST_CASE("a key-press that swallows the key keeps it from the control")
     CHECK(form.log == Log{"down 13", "press 13"});
 }
 
-TEST_CASE("the escape key presses the cancel button in place of the key-press")
+TEST_CASE("the escape key presses the cancel button instead of firing the key-press")
 {
     ProbeForm form;
     form.key(&form.search, kEscapeKey);
@@ -354,7 +354,7 @@ TEST_CASE("the return key presses the default button, and no button without one"
     CHECK(form.log == Log{"down 13", "press 13"});
 }
 
-TEST_CASE("one button may be both default and cancel button")
+TEST_CASE("a button may be both the default and the cancel button")
 {
     ProbeForm form;
     form.cancel.Default = true;
@@ -363,7 +363,7 @@ TEST_CASE("one button may be both default and cancel button")
     CHECK(form.log == Log{"down 13", "cancel", "down 27", "cancel"});
 }
 
-TEST_CASE("a cancel button out of reach is not pressed")
+TEST_CASE("an unreachable cancel button is not pressed")
 {
     ProbeForm form;
     form.cancel.Visible = false;
@@ -379,7 +379,7 @@ TEST_CASE("a key-down that disables the cancel button keeps it from being presse
     CHECK(form.log == Log{"down 27", "press 27"});
 }
 
-TEST_CASE("a form that its key-down closes takes no more of the key")
+TEST_CASE("a form that is closed by its key-down does not receive the key")
 {
     ProbeForm form;
     form.onKeyDown = [&](std::int16_t &) { static_cast<void>(form.unload()); };
@@ -389,7 +389,7 @@ TEST_CASE("a form that its key-down closes takes no more of the key")
     CHECK(form.log == Log{"down 27", "query", "unload"});
 }
 
-TEST_CASE("what leaves an event procedure as a run-time error goes on as an unhandled error")
+TEST_CASE("a run-time error that leaves an event procedure becomes an unhandled error")
 {
     CHECK_THROWS_AS(atEventEdge([] { throw RuntimeError(error_number::overflow); }), UnhandledError);
     CHECK_NOTHROW(atEventEdge([] {}));

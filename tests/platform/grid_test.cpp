@@ -31,7 +31,7 @@ struct GridFixture {
 
 } // namespace
 
-TEST_CASE("a grid holds numbers and texts by row and column from 1")
+TEST_CASE("a grid stores numbers and texts by row and column, counted from 1")
 {
     GridFixture fixture;
     fixture.fill();
@@ -45,7 +45,7 @@ TEST_CASE("a grid holds numbers and texts by row and column from 1")
     CHECK(fixture.grid.text(2, 2) == "髙橋");
 }
 
-TEST_CASE("new rows are blank, and rows that stay keep their cells")
+TEST_CASE("new rows are blank, and existing rows keep their cells")
 {
     GridFixture fixture;
     fixture.fill();
@@ -56,7 +56,7 @@ TEST_CASE("new rows are blank, and rows that stay keep their cells")
     CHECK(fixture.grid.text(3, 2).empty());
 }
 
-TEST_CASE("a text replaces another one, and a number in a text column is its digits")
+TEST_CASE("a text can be replaced, and a number in a text column is shown by its digits")
 {
     GridFixture fixture;
     fixture.fill();
@@ -70,7 +70,7 @@ TEST_CASE("a text replaces another one, and a number in a text column is its dig
     CHECK(fixture.grid.number(1, 2) == 0);
 }
 
-TEST_CASE("a row or column that the grid lacks is error 9, a text in a number column error 13")
+TEST_CASE("a row or column out of range is error 9, a text in a number column error 13")
 {
     GridFixture fixture;
     Grid &grid = fixture.grid;
@@ -90,7 +90,7 @@ TEST_CASE("a row or column that the grid lacks is error 9, a text in a number co
     CHECK(grid.ActiveRow == 0);
 }
 
-TEST_CASE("a row that goes away takes the choice with it, one that stays keeps it")
+TEST_CASE("removing the chosen row resets the choice, and keeping it does not")
 {
     GridFixture fixture;
     fixture.grid.ActiveRow = 2;
@@ -100,7 +100,7 @@ TEST_CASE("a row that goes away takes the choice with it, one that stays keeps i
     CHECK(fixture.grid.ActiveRow == 0);
 }
 
-TEST_CASE("the row in sight is kept until the rows are cleared")
+TEST_CASE("the row to scroll to is kept until the rows are cleared")
 {
     GridFixture fixture;
     fixture.grid.showRow(2);
@@ -110,7 +110,7 @@ TEST_CASE("the row in sight is kept until the rows are cleared")
     CHECK(fixture.grid.RowInSight() == 0);
 }
 
-TEST_CASE("each change is told while the grid is drawn, and all of them at once when it is drawn again")
+TEST_CASE("each change notifies the watchers unless ReDraw is off; turning it on notifies them once")
 {
     GridFixture fixture;
     fixture.fill();
@@ -127,7 +127,7 @@ TEST_CASE("each change is told while the grid is drawn, and all of them at once 
     CHECK(fixture.told == before + 1);
 }
 
-TEST_CASE("a width is a column's own, and 0 hides it")
+TEST_CASE("each column has its own width, and 0 hides it")
 {
     GridFixture fixture;
     fixture.grid.setColumnWidth(1, 0);
@@ -136,7 +136,7 @@ TEST_CASE("a width is a column's own, and 0 hides it")
     CHECK(fixture.told == 1);
 }
 
-TEST_CASE("a form's grid is found, and a form without one has none")
+TEST_CASE("the grid of a form is found, and a form without one has none")
 {
     struct GridForm : Form {
         GridForm() : Form("frm")

@@ -32,7 +32,7 @@ TEST_CASE("choosing another list entry fires the click, choosing the same fires 
     CHECK(fixture.clicks == 2);
 }
 
-TEST_CASE("a pick by hand fires the click, also of the entry that is chosen already")
+TEST_CASE("a pick by hand fires the click, even of the chosen entry")
 {
     ListFixture fixture;
     fixture.list.pick(1);
@@ -46,7 +46,7 @@ TEST_CASE("a pick by hand fires the click, also of the entry that is chosen alre
     CHECK(fixture.clicks == 2);
 }
 
-TEST_CASE("a list index that the list lacks is error 380 and leaves the choice as it was")
+TEST_CASE("a list index out of range is error 380 and keeps the choice")
 {
     struct Row {
         std::int16_t index;
@@ -66,7 +66,7 @@ TEST_CASE("a list index that the list lacks is error 380 and leaves the choice a
     }
 }
 
-TEST_CASE("an item is chosen by its number: the first one from the given place, and none leaves the choice")
+TEST_CASE("the first item with a number from a given index is chosen; without one the choice is kept")
 {
     ListFixture fixture;
     fixture.list.AddItem("社保", 7);
@@ -88,7 +88,7 @@ TEST_CASE("an item is chosen by its number: the first one from the given place, 
     CHECK(fixture.clicks == 4);
 }
 
-TEST_CASE("adding entries chooses none and fires nothing")
+TEST_CASE("adding entries does not change the choice and fires nothing")
 {
     ListFixture fixture;
     fixture.list.AddItem("社保", 8);
@@ -97,7 +97,7 @@ TEST_CASE("adding entries chooses none and fires nothing")
     CHECK(fixture.clicks == 0);
 }
 
-TEST_CASE("each added entry is told to the watchers")
+TEST_CASE("adding an entry notifies the watchers")
 {
     ListFixture fixture;
     std::vector<std::int16_t> counts;
@@ -115,14 +115,14 @@ TEST_CASE("each list entry keeps its text and its number")
     CHECK(fixture.list.ItemData(1) == 7);
 }
 
-TEST_CASE("the number of an entry that the list lacks is error 380")
+TEST_CASE("the number of an entry out of range is error 380")
 {
     ListFixture fixture;
     CHECK(errorOf([&] { static_cast<void>(fixture.list.ItemData(2)); }) == 380);
     CHECK(errorOf([&] { static_cast<void>(fixture.list.ItemData(-1)); }) == 380);
 }
 
-TEST_CASE("clearing a list drops entries and choice and fires nothing")
+TEST_CASE("clearing a list removes the entries and the choice and fires nothing")
 {
     ListFixture fixture;
     fixture.list.ListIndex = std::int16_t{1};
@@ -137,7 +137,7 @@ TEST_CASE("clearing a list drops entries and choice and fires nothing")
     CHECK(told == 1);
 }
 
-TEST_CASE("after a clear the first choice fires again")
+TEST_CASE("the first choice after a clear fires again")
 {
     ListFixture fixture;
     fixture.list.ListIndex = std::int16_t{0};
@@ -149,7 +149,7 @@ TEST_CASE("after a clear the first choice fires again")
     CHECK(fixture.clicks == 2);
 }
 
-TEST_CASE("a list holds 32767 entries, one more is error 6")
+TEST_CASE("a list has at most 32767 entries; one more is error 6")
 {
     ListBox list("cbSejyutsu");
     for (int i = 0; i < 32767; ++i) list.AddItem("x", i);

@@ -23,7 +23,7 @@ struct OptionFixture {
 
 } // namespace
 
-TEST_CASE("a new option group has no mark")
+TEST_CASE("no option of a new group is selected")
 {
     OptionFixture fixture;
     CHECK(fixture.options.count() == 3);
@@ -31,7 +31,7 @@ TEST_CASE("a new option group has no mark")
     CHECK(fixture.values() == std::vector<bool>{false, false, false});
 }
 
-TEST_CASE("marking an option unmarks the others and fires its click once")
+TEST_CASE("selecting an option deselects the others and fires its click once")
 {
     OptionFixture fixture;
     fixture.options(0).Value = true;
@@ -43,7 +43,7 @@ TEST_CASE("marking an option unmarks the others and fires its click once")
     CHECK(fixture.clicks == std::vector<std::int16_t>{0, 2});
 }
 
-TEST_CASE("marking the marked option fires nothing")
+TEST_CASE("selecting the selected option fires nothing")
 {
     OptionFixture fixture;
     fixture.options(1).Value = true;
@@ -53,7 +53,7 @@ TEST_CASE("marking the marked option fires nothing")
     CHECK(fixture.clicks == std::vector<std::int16_t>{1});
 }
 
-TEST_CASE("unmarking an option fires nothing and leaves the group without a mark")
+TEST_CASE("deselecting an option fires nothing and leaves none selected")
 {
     OptionFixture fixture;
     fixture.options(1).Value = true;
@@ -64,7 +64,7 @@ TEST_CASE("unmarking an option fires nothing and leaves the group without a mark
     CHECK(fixture.options.marked() == -1);
 }
 
-TEST_CASE("the other options are unmarked by the time the click runs")
+TEST_CASE("the other options are deselected before the click runs")
 {
     OptionFixture fixture;
     fixture.options(0).Value = true;
@@ -81,7 +81,7 @@ TEST_CASE("the other options are unmarked by the time the click runs")
     CHECK_FALSE(firstStillMarked);
 }
 
-TEST_CASE("a click rule may mark another option of its own group")
+TEST_CASE("a click handler may select another option of its group")
 {
     OptionFixture fixture;
     fixture.options.onClick = [&](std::int16_t Index) {
@@ -95,7 +95,7 @@ TEST_CASE("a click rule may mark another option of its own group")
     CHECK(fixture.values() == std::vector<bool>{true, false, false});
 }
 
-TEST_CASE("option groups do not touch each other's marks")
+TEST_CASE("option groups do not affect each other")
 {
     OptionGroup optObject("optObject", 3), optTrust("optTrust", 2);
     optObject(1).Value = true;
@@ -106,7 +106,7 @@ TEST_CASE("option groups do not touch each other's marks")
     CHECK(optTrust.marked() == 0);
 }
 
-TEST_CASE("an option fires its click by assignment also while it is disabled or hidden")
+TEST_CASE("an assignment fires the click of an option even while it is disabled or hidden")
 {
     OptionFixture fixture;
     fixture.options(2).Visible = false;

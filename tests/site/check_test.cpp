@@ -313,6 +313,19 @@ TEST_CASE("an entry of 帳票Format.ini replaces the three form documents")
     CHECK(site.check().empty());
 }
 
+TEST_CASE("a settings file that is a folder or too large is reported as unreadable")
+{
+    const auto unreadable = [](const std::string &name) {
+        return "「" + name + "」を設定ファイルとして読み込めません（16 MB を超えるか、ファイルではありません）。";
+    };
+    const SoundSite site;
+    fs::resize_file(site.path() / "adodb.ini", (std::uintmax_t{16} << 20) + 1);
+    CHECK(site.check() == site::Findings{unreadable("adodb.ini")});
+    fs::remove(site.path() / "Massage.ini");
+    fs::create_directory(site.path() / "Massage.ini");
+    CHECK(site.check() == site::Findings{unreadable("Massage.ini"), unreadable("adodb.ini")});
+}
+
 TEST_CASE("names of files and folders are found in any case")
 {
     const SoundSite site;

@@ -1,6 +1,5 @@
 #include "viewer/document/growing_file.h"
 
-#include "runtime/runtime_error.h"
 #include "viewer/io/file_io.h"
 
 #include <chrono>

@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// Numbers that ADO gives by itself, whatever the provider.
+/// The error numbers of ADO itself, independent of the provider.
 namespace ado_error {
 inline constexpr std::int32_t transactionRunning = -2147168237;
 inline constexpr std::int32_t noTransaction = -2147168242;
@@ -15,13 +15,13 @@ inline constexpr std::int32_t badArgument = 3001;
 inline constexpr std::int32_t notInThisContext = 3219;
 } // namespace ado_error
 
-/// ADO's own default, in seconds.
+/// ADO's default, in seconds.
 inline constexpr std::int32_t kDefaultCommandTimeout = 30;
 
-/// Makes `error` the only entry of the list and raises it as a RuntimeError.
+/// Makes `error` the only entry of the list and throws it as a RuntimeError.
 [[noreturn]] void raise(std::vector<ProviderError> &errors, ProviderError error);
 
-// ADO's own refusals, which leave the error list as it is.
+// Errors of ADO itself, which do not change the error list.
 [[noreturn]] void raiseClosed();
 [[noreturn]] void raiseOpen();
 

@@ -6,12 +6,12 @@
 
 namespace inin {
 
-/// One of DAO's numbers with its words.
+/// The error of one of DAO's numbers, with its description.
 [[nodiscard]] RuntimeError daoError(std::int32_t number);
-/// A provider's failure under DAO's number, with the provider's own words; another error as it is.
+/// Gives a provider's failure DAO's number and keeps the provider's description. Any other error is unchanged.
 [[nodiscard]] RuntimeError asDaoError(const RuntimeError &error);
 
-/// Runs an operation of a provider; what it raises goes on under DAO's number.
+/// Runs an operation of a provider and rethrows its RuntimeError under DAO's number.
 template <class Operation> auto withDaoErrors(Operation &&operation)
 try {
     return operation();

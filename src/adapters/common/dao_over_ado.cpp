@@ -15,10 +15,10 @@ namespace inin {
 
 namespace {
 
-/// A database file that another program holds is told at once, not after the wait of a statement.
+/// In seconds: a locked database file is reported at once, without waiting for the timeout of a statement.
 constexpr std::int32_t kOpenTimeout = 1;
 
-/// A table's name, not a statement: one word, or anything when a table is asked for.
+/// True for a table name: a single word, or any text when a table is requested.
 bool isTableName(const std::string &source, std::int32_t type)
 {
     return type == dbOpenTable || source.find_first_of(" \t\r\n") == std::string::npos;
@@ -75,7 +75,7 @@ public:
 private:
     [[nodiscard]] Recordset &rows() const
     {
-        (void)m_session->use(); // raises when the database was closed
+        (void)m_session->use(); // throws when the database was closed
         return *m_rows;
     }
     std::shared_ptr<DaoSession> m_session;
@@ -101,12 +101,12 @@ public:
         const bool isTable = isTableName(source, type);
         const std::string sql = isTable ? selectFrom(source) : source;
         std::unique_ptr<Recordset> rows = m_kind->provider->newRecordset();
-        // Forward-only rows stream; all others are read at once, so that the connection is free for more.
+        // Forward-only rows are streamed; all others are read at once, which frees the connection.
         rows->setCursorLocation(type == dbOpenForwardOnly ? adUseServer : adUseClient);
         try {
             rows->Open(sql, connection, adOpenForwardOnly, adLockReadOnly, adCmdText);
         } catch (const RuntimeError &error) {
-            // Of a statement that is ours but for the name, only the name can be wrong.
+            // Only the table name of this statement is the caller's, so only the name can be wrong.
             if (isTable && error.number() == ado_error::faultyStatement) throw daoError(dao_error::noSuchTable);
             throw asDaoError(error);
         }
@@ -119,7 +119,7 @@ public:
         if (m_kind->access == DaoAccess::readOnly) throw daoError(dao_error::readOnly);
         const std::vector<Token> tokens = tokenizeSql(sql);
         if (!tokens.empty() && tokens[0].isWord("select")) throw daoError(dao_error::selectNotExecuted);
-        withDaoErrors([&] { (void)connection.Execute(sql, adExecuteNoRecords); }); // nobody asks how many rows
+        withDaoErrors([&] { (void)connection.Execute(sql, adExecuteNoRecords); }); // DAO returns no row count
     }
 
     void Close() override { m_sessions->close(*m_session); }
@@ -144,7 +144,7 @@ public:
         try {
             m_sessions->closeAll();
         } catch (const RuntimeError &) {
-            // It was closed before, or nobody is left to hear of it.
+            // Already closed, or failed where no caller is left to report to.
         }
     }
 

@@ -15,7 +15,7 @@ enum class DaoAccess { readWrite, readOnly };
 /// A kind of local database file and the provider that reads it.
 struct DaoFileKind {
     std::shared_ptr<Database> provider;
-    /// A path of the suite as the system writes it.
+    /// Converts a path of the suite to one of the operating system.
     std::function<std::string(const std::string &name)> resolvePath;
     /// True when a file that begins with these bytes is of this kind.
     std::function<bool(std::string_view start)> isOfThisKind;
@@ -23,9 +23,9 @@ struct DaoFileKind {
     DaoAccess access = DaoAccess::readWrite;
 };
 
-/// The older library over a provider's connections. What DAO has and ADO lacks is done here: one transaction for all
-/// databases of a workspace, table names as sources, and DAO's error numbers. Workspaces do not nest transactions, and
-/// a statement that breaks a rule of its table fails whether or not dbFailOnError asks for it.
+/// Implements DAO over a provider's ADO connections. It adds what ADO lacks: one transaction for all databases of a
+/// workspace, table names as sources, and DAO's error numbers. Transactions do not nest. A statement that violates a
+/// constraint fails even without dbFailOnError.
 [[nodiscard]] std::unique_ptr<DaoEngine> makeDaoOverAdo(DaoFileKind kind);
 
 } // namespace inin

@@ -18,7 +18,7 @@ DaoSessions::~DaoSessions()
     try {
         closeAll();
     } catch (const RuntimeError &) {
-        // Nobody is left to hear of it; the connections end with their objects.
+        // No caller is left to report to; the connections close with their objects.
     }
 }
 
@@ -35,7 +35,7 @@ void DaoSessions::add(const std::shared_ptr<DaoSession> &session)
 
 void DaoSessions::close(DaoSession &session)
 {
-    (void)session.use(); // raises when closed
+    (void)session.use(); // throws when closed
     session.isOpen = false;
     dropClosed();
 }
@@ -60,7 +60,7 @@ void DaoSessions::beginOn(DaoSession &session) const
     session.isInTransaction = true;
 }
 
-/// A database that fails leaves the transaction running on itself and on those behind it, to be rolled back.
+/// When a database fails, the transaction keeps running on it and on the remaining ones, for the caller to roll back.
 void DaoSessions::commit()
 {
     checkOpen();
@@ -74,7 +74,7 @@ void DaoSessions::commit()
     dropClosed();
 }
 
-/// Goes through all databases, whatever one of them says; the first failure is told in the end.
+/// Rolls back all databases even when one of them fails, and then throws the first failure.
 void DaoSessions::rollback()
 {
     checkOpen();
@@ -109,7 +109,7 @@ void DaoSessions::closeAll()
     if (failure) throw *failure;
 }
 
-/// Ends the connections that no database and no transaction needs any more.
+/// Closes the connections that neither an open database nor a transaction uses.
 void DaoSessions::dropClosed()
 {
     std::erase_if(m_sessions, [](const auto &session) {

@@ -8,8 +8,8 @@
 
 namespace inin {
 
-/// A database of a workspace. Its connection stays open behind a closed database while a transaction runs, so that what
-/// was written is part of the transaction's end.
+/// A database of a workspace. While a transaction runs, the connection of a closed database stays open, so that its
+/// changes are committed or rolled back with the others.
 struct DaoSession {
     std::unique_ptr<Connection> connection;
     bool isOpen = true;
@@ -19,24 +19,23 @@ struct DaoSession {
     [[nodiscard]] Connection &use() const;
 };
 
-/// The databases of one workspace and their common transaction. It is shared with the databases, which may outlive the
-/// workspace object.
+/// The databases of one workspace and their common transaction. The databases share it and may outlive the workspace.
 class DaoSessions {
 public:
     enum class Transactions { real, none };
-    /// With `none` the databases write nothing, and nothing is asked of their connections.
+    /// `none` is for read-only databases: transactions do not use their connections.
     explicit DaoSessions(Transactions transactions) : m_transactions(transactions) {}
     DaoSessions(const DaoSessions &) = delete;
     DaoSessions &operator=(const DaoSessions &) = delete;
     ~DaoSessions();
 
-    /// Takes a new database in; it joins a running transaction.
+    /// Adds a database, which joins a running transaction.
     void add(const std::shared_ptr<DaoSession> &session);
     void close(DaoSession &session);
     void begin();
     void commit();
     void rollback();
-    /// Rolls back and closes everything; error 3420 when it was closed already.
+    /// Rolls back and closes all databases; error 3420 when already closed.
     void closeAll();
     /// Error 3420 after closeAll.
     void checkOpen() const;

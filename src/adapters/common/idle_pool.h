@@ -10,20 +10,19 @@
 
 namespace inin {
 
-/// Idle physical connections by connection string, each kept for a minute after its last session. There is no
-/// thread behind it: what is too old goes when the pool is asked next.
-/// A `Handle` tells by isAlive() whether it can still be used, and ends by tidy() what a session left; a tidy() that
-/// gives false says that the connection is of no use any more.
+/// Idle physical connections by connection string, each kept for a minute after its last session. The pool has no
+/// thread: each use of it closes the expired connections. A `Handle` has isAlive(), true while it is usable, and
+/// tidy(), which ends what a session left open and returns false when the connection cannot be used again.
 template <class Handle> class IdlePool {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
     static constexpr std::chrono::minutes kIdleTime{1};
-    /// A unit of work opens one session, seldom two; what comes back beyond that was a burst.
-    static constexpr std::size_t kMostIdle = 4;
+    /// A unit of work opens one session, rarely two; more connections than this come from a short burst.
+    static constexpr std::size_t kMaxIdle = 4;
 
     explicit IdlePool(std::function<TimePoint()> now = std::chrono::steady_clock::now) : m_now(std::move(now)) {}
 
-    /// An idle connection that is still alive, nullptr when there is none.
+    /// An idle connection that is still usable, nullptr for none.
     std::unique_ptr<Handle> take(const std::string &connectionString)
     {
         dropOld();
@@ -36,16 +35,16 @@ public:
         return nullptr;
     }
 
-    /// Takes a connection back from its session; one that cannot be tidied is closed.
+    /// Returns a connection to the pool, or closes it when it cannot be used again.
     void giveBack(const std::string &connectionString, std::unique_ptr<Handle> handle)
     {
         dropOld();
         if (m_closed || !handle->tidy()) return;
         std::vector<Idle> &idle = m_idle[connectionString];
-        if (idle.size() < kMostIdle) idle.push_back({std::move(handle), m_now()});
+        if (idle.size() < kMaxIdle) idle.push_back({std::move(handle), m_now()});
     }
 
-    /// Closes all idle connections, and from now on each that comes back.
+    /// Closes all idle connections, and later each one that is returned.
     void close()
     {
         m_closed = true;

@@ -6,7 +6,7 @@
 
 namespace inin {
 
-/// An Automation that knows no program id: error 429.
+/// An Automation without any program id: create() always fails with error 429.
 [[nodiscard]] std::unique_ptr<Automation> makeNoAutomation();
 
 } // namespace inin

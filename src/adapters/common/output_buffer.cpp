@@ -10,7 +10,7 @@ constexpr std::size_t kDueSize = 65536;
 
 std::size_t lengthWithoutLineEnd(std::string_view bytes)
 {
-    return bytes.find_last_not_of("\r\n") + 1; // 0 where there is none
+    return bytes.find_last_not_of("\r\n") + 1; // npos + 1 is 0
 }
 
 std::string OutputBuffer::takeDue()

@@ -9,16 +9,16 @@ namespace inin {
 /// The length of the bytes without the CR and LF at their end.
 [[nodiscard]] std::size_t lengthWithoutLineEnd(std::string_view bytes);
 
-/// Bytes of an output file that are not in the file yet. Line ends at the end are held back until bytes follow them, so
-/// that a file that was not closed can be told from a whole one by its last byte.
+/// Bytes of an output file that are not yet written. Trailing line ends are held back until more bytes follow, so a
+/// file that was not closed is recognized by its last byte.
 class OutputBuffer {
 public:
     void add(std::string_view bytes) { m_bytes += bytes; }
-    /// The bytes that are due: none while little is collected, else all but a line end at their end.
+    /// The bytes to write now: none while there are few, otherwise all but trailing line ends.
     [[nodiscard]] std::string takeDue();
-    /// For a file that is closed: all.
+    /// All bytes, for a file that is closed.
     [[nodiscard]] std::string takeAll();
-    /// For a file that is given up: all but a line end at their end.
+    /// All bytes but trailing line ends, for a file that is abandoned.
     [[nodiscard]] std::string takeCutOff();
 
 private:

@@ -21,7 +21,7 @@ void printLine(std::FILE *stream, std::string_view line) noexcept
 
 bool flushOutput() noexcept
 {
-    // A C++ stream that failed before it handed its bytes on leaves no mark on the C stream.
+    // A failure of std::cout before it passes its bytes on does not set the error flag of stdout.
     return std::cout.flush().good() && std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
 }
 

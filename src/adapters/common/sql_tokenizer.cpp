@@ -60,7 +60,7 @@ private:
         return TokenKind::invalid;
     }
 
-    /// A gap of plain blanks stays as written; one that holds a comment or a full-width blank becomes one blank.
+    /// Plain white space is kept; a gap with a comment or a full-width blank becomes a single blank.
     std::string_view skipGap()
     {
         const std::size_t start = m_at;
@@ -87,7 +87,7 @@ private:
         return plain ? m_text.substr(start, m_at - start) : std::string_view(" ");
     }
 
-    /// Comments nest on the server: /* /* */ */ is one. False, and nothing skipped, when it has no end.
+    /// Comments nest on the server: /* /* */ */ is one comment. False, and nothing skipped, for an unterminated one.
     bool skipNestedComment()
     {
         const std::size_t start = m_at;
@@ -119,7 +119,7 @@ private:
         return symbol();
     }
 
-    /// A closing sign that stands twice is one character of the content.
+    /// A doubled closing delimiter is one character of the content.
     TokenKind quoted(char closing, std::size_t prefix, TokenKind kind)
     {
         m_at += prefix + 1;
@@ -161,7 +161,7 @@ private:
         return TokenKind::word;
     }
 
-    /// A backtick is no sign of the server's language but opens a name in SQLite, so it must not pass.
+    /// A backtick must not pass: it is not part of the server's language, but opens a quoted name in SQLite.
     TokenKind symbol()
     {
         static constexpr std::array<std::string_view, 7> kPairs{"<=", ">=", "<>", "!=", "!<", "!>", "||"};

@@ -7,28 +7,28 @@
 namespace inin {
 
 enum class TokenKind : std::uint8_t {
-    word,       ///< a keyword or a plain name, Japanese ones too
+    word,       ///< a keyword or an unquoted name, which may be Japanese
     quotedName, ///< [name] or "name"
     number,
-    binary, ///< 0x and its digits, perhaps none
+    binary, ///< 0x and its digits, if any
     text,   ///< '…' or N'…'
     symbol, ///< an operator, a comma, a bracket, a semicolon
-    invalid ///< a literal, name or comment without its end, or a byte that no statement holds
+    invalid ///< an unterminated literal, name or comment, or a byte that is not allowed in a statement
 };
 
-/// One token of a SQL Server text. The views point into that text and live as long as it does.
+/// One token of a SQL Server statement. The views point into its text and are valid as long as it is.
 struct Token {
     TokenKind kind = TokenKind::invalid;
     std::string_view text;
-    /// The white space before it. A comment counts as one blank, so SQLite, whose comments do not nest, sees none.
+    /// The white space before the token. A comment is replaced by one blank, because SQLite's comments do not nest.
     std::string_view gap;
 
     [[nodiscard]] bool isSymbol(std::string_view symbol) const { return kind == TokenKind::symbol && text == symbol; }
-    /// A word whatever its ASCII case; `lowerCase` is given in lower case.
+    /// True for a word that equals `lowerCase` ignoring ASCII case.
     [[nodiscard]] bool isWord(std::string_view lowerCase) const;
 };
 
-/// The tokens in order; an empty list for blank text. Joined with their gaps they give the text without its comments.
+/// The tokens in order; none for blank text. Concatenated with their gaps they are the text without its comments.
 [[nodiscard]] std::vector<Token> tokenizeSql(std::string_view sqlServerText);
 
 } // namespace inin

@@ -4,7 +4,7 @@
 
 namespace inin {
 
-/// An address comes from a file of the site: nothing but a web page may be opened by it.
+/// True for an http or https address. An address is read from a file of the site, so it must not open anything else.
 [[nodiscard]] bool isWebAddress(std::string_view address);
 
 } // namespace inin

@@ -59,8 +59,9 @@ OdbcDriver driverNamed(std::string_view name)
 
 std::optional<OdbcDriver> installedDriver(std::string_view name, const std::vector<std::string> &installed)
 {
-    const auto found =
-        std::ranges::find_if(installed, [name](const std::string &own) { return equalsIgnoringAsciiCase(own, name); });
+    const auto found = std::ranges::find_if(installed, [name](const std::string &own) {
+        return isPath(name) ? own == name : equalsIgnoringAsciiCase(own, name);
+    });
     return found == installed.end() ? std::nullopt : std::optional(driverNamed(*found));
 }
 

@@ -25,7 +25,7 @@ struct OdbcDriver {
 [[nodiscard]] OdbcDriver driverNamed(std::string_view name);
 /// True for the path of a library, which may be any file.
 [[nodiscard]] bool isPath(std::string_view name);
-/// The installed driver with that name or library path; case is ignored.
+/// The installed driver with that name in any case, or with a library of exactly that path.
 [[nodiscard]] std::optional<OdbcDriver> installedDriver(std::string_view name,
                                                         const std::vector<std::string> &installed);
 /// The best driver for SQL Server: Microsoft's newest, else FreeTDS; nothing if neither is installed.

@@ -206,6 +206,13 @@ std::optional<LockedFile> tryToLock(const std::string &place)
     return LockedFile{State::locked, std::make_unique<PosixLockedOutput>(std::move(file), place)};
 }
 
+/// Many devices can be read without an end.
+bool isDevice(const FileDescriptor &file)
+{
+    struct stat status {};
+    return fstat(file.get(), &status) == 0 && (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode));
+}
+
 class PosixInput : public InputFile {
 public:
     PosixInput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
@@ -259,6 +266,7 @@ public:
         if (isFolderAt(place)) fail(EISDIR, place);
         FileDescriptor file(open(place.c_str(), O_RDONLY | kOpenFlags));
         if (!file.isOpen()) fail(errno, place);
+        if (isDevice(file)) fail(ENODEV, place);
         return std::make_unique<PosixInput>(std::move(file), place);
     }
 

@@ -3,6 +3,7 @@
 #include "adapters/suite_text/code_page_932.h"
 #include "adapters/suite_text/profile_text.h"
 #include "adapters/system/system_platform.h"
+#include "platform/settings_limit.h"
 
 #include <cerrno>
 #include <climits>
@@ -40,7 +41,8 @@ Found readWhole(const std::string &path, std::string &bytes, struct stat &status
     const FileDescriptor file = openForReading(path);
     if (!file.isOpen()) return errno == ENOENT ? Found::nothing : Found::unreadable;
     if (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return Found::unreadable;
-    return readUpTo(file, static_cast<std::size_t>(status.st_size), bytes) ? Found::file : Found::unreadable;
+    const auto size = static_cast<std::size_t>(status.st_size);
+    return size <= kMostSettingsBytes && readUpTo(file, size, bytes) ? Found::file : Found::unreadable;
 }
 
 std::string bytesOf(const std::string &path)

@@ -8,7 +8,7 @@ namespace inin {
 
 namespace {
 
-/// The value from `at` on, up to its semicolon; `at` moves behind that.
+/// Reads the value at `at` and moves `at` past its semicolon.
 std::string readValue(std::string_view text, std::size_t &at)
 {
     while (at < text.size() && text[at] == ' ') ++at;
@@ -40,7 +40,7 @@ ConnectionString::ConnectionString(std::string_view text)
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t equals = text.find('=', at);
         const std::size_t semicolon = text.find(';', at);
-        if (semicolon < equals) { // a word without a value, or nothing between two semicolons
+        if (semicolon < equals) { // a key without a value, or two consecutive semicolons
             at = semicolon + 1;
             continue;
         }

@@ -6,12 +6,12 @@
 
 namespace inin {
 
-/// An ADO connection string taken apart: `key = value; …`, blanks around both left out, a value in "…" or '…' with
-/// the quote doubled inside.
+/// A parsed ADO connection string: `key = value; …`. Blanks around keys and values are ignored; a value may be in "…"
+/// or '…', with its quote doubled inside.
 class ConnectionString {
 public:
     explicit ConnectionString(std::string_view text);
-    /// The value of a key whatever its ASCII case, the last where it stands twice; empty when there is none.
+    /// The value of a key, ignoring ASCII case; the last one of a repeated key, empty for a missing one.
     [[nodiscard]] std::string value(std::string_view key) const;
 
 private:

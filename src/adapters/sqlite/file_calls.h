@@ -4,8 +4,7 @@
 
 namespace inin {
 
-/// The set of file calls to open a database with: on Windows the one without the classic limit of paths, else SQLite's own
-/// choice.
+/// The VFS to open a database with: on Windows the one without the path limit of 260 characters, else the default.
 inline const char *databaseFileCalls()
 {
     constexpr const char *kUnlimited = "win32-longpath";

@@ -6,17 +6,17 @@
 
 namespace inin {
 
-/// Distinguishes a file from another of its name and from its own former content, as far as the system's record of the
-/// last write can. On Windows an open database can be neither replaced nor deleted, so device and number stay 0 there.
+/// Detects that a file was replaced by another of the same name or written to, as far as the time of the last write
+/// shows it. On Windows an open database can be neither replaced nor deleted, so device and number are 0 there.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t number = 0;
     std::uint64_t size = 0;
-    std::int64_t written = 0; ///< in units of the system: nanoseconds, on Windows 100 of them
+    std::int64_t written = 0; ///< in nanoseconds, on Windows in units of 100 nanoseconds
     friend bool operator==(const FileIdentity &, const FileIdentity &) = default;
 };
 
-/// Nothing when there is no plain file of that name.
+/// Nothing when the path is not a regular file.
 [[nodiscard]] std::optional<FileIdentity> fileIdentity(const std::string &path);
 
 } // namespace inin

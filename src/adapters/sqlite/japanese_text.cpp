@@ -11,18 +11,18 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-/// Full-width forms of U+FF61 to U+FF9F, the half-width katakana, in their order.
+/// The full-width forms of the half-width katakana U+FF61 to U+FF9F, in this order.
 constexpr std::u32string_view kFromHalfWidth = U"。「」、・ヲァィゥェォャュョッーアイウエオカキクケコサシスセソ"
                                                U"タチツテトナニヌネノハヒフヘホマミムメモヤユヨラリルレロワン゛゜";
 static_assert(kFromHalfWidth.size() == 0xFF9F - 0xFF61 + 1);
-/// Small kana and the large kana that each counts as.
+/// Small kana and their large forms.
 constexpr std::u32string_view kSmall = U"ァィゥェォッャュョヮヵヶ";
 constexpr std::u32string_view kLarge = U"アイウエオツヤユヨワカケ";
 static_assert(kSmall.size() == kLarge.size());
-/// Full-width signs beyond the ASCII block, and their half-width forms.
+/// Full-width symbols outside the ASCII block and their half-width forms.
 constexpr std::u32string_view kWideSigns = U"￠￡￢￣￤￥￦";
 constexpr std::u32string_view kNarrowSigns = U"¢£¬¯¦¥₩";
-/// Kana that take a 濁点, and the voiced kana.
+/// Kana that combine with a 濁点, and the voiced kana.
 constexpr std::u32string_view kPlain = U"カキクケコサシスセソタチツテトハヒフヘホウワヲヽ";
 constexpr std::u32string_view kVoiced = U"ガギグゲゴザジズゼゾダヂヅデドバビブベボヴヷヺヾ";
 constexpr std::u32string_view kPlainHa = U"ハヒフヘホ";
@@ -39,8 +39,8 @@ constexpr char32_t mapped(char32_t c, std::u32string_view from, std::u32string_v
 constexpr char32_t kFirstKana = 0x3040, kLastKana = 0x30FF;
 struct Kana {
     char32_t folded = 0;     ///< large katakana
-    char32_t voiced = 0;     ///< with a 濁点; 0 for a kana that takes none
-    char32_t halfVoiced = 0; ///< with a 半濁点, likewise
+    char32_t voiced = 0;     ///< combined with a 濁点; 0 if it has no such form
+    char32_t halfVoiced = 0; ///< combined with a 半濁点; 0 if it has no such form
 };
 constexpr auto kKana = [] {
     std::array<Kana, kLastKana - kFirstKana + 1> table{};
@@ -54,7 +54,7 @@ constexpr auto kKana = [] {
     return table;
 }();
 
-/// Upper-case letters whose lower case is `offset` further on; every letter of the range, or every second one.
+/// A range of upper-case characters, all or every second one, whose lower-case forms are at distance `offset`.
 struct UpperCase {
     char32_t first;
     char32_t last;
@@ -81,7 +81,7 @@ bool isContinuation(std::string_view text, std::size_t at)
     return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
 }
 
-/// One code point at `at`, which moves behind it; `sound` turns false for a byte that is no UTF-8.
+/// Decodes the code point at `at` and moves `at` past it. Sets `sound` to false for an invalid byte.
 char32_t decodeOne(std::string_view text, std::size_t &at, bool &sound)
 {
     const auto lead = static_cast<unsigned char>(text[at]);
@@ -105,7 +105,8 @@ char32_t decodeOne(std::string_view text, std::size_t &at, bool &sound)
     return real ? code : kReplacement;
 }
 
-/// Three bytes from U+1000 to U+CFFF, kana and kanji among them: no overlong form, no half of a pair.
+/// True for a valid three-byte sequence from U+1000 to U+CFFF, which includes kana and most kanji; there are no
+/// overlong forms or surrogates in that range.
 bool isCommonThree(std::string_view text, std::size_t at)
 {
     const auto lead = static_cast<unsigned char>(text[at]);
@@ -151,7 +152,7 @@ bool isKana(char32_t c)
     return c >= kFirstKana && c <= kLastKana;
 }
 
-/// One character without its width, kana kind and case.
+/// Folds the width, kana type and case of one character.
 char32_t foldOne(char32_t c)
 {
     if (c >= 0xFF61 && c <= 0xFF9F) c = kFromHalfWidth[c - 0xFF61];
@@ -162,14 +163,14 @@ char32_t foldOne(char32_t c)
     return foldCase(c);
 }
 
-/// Selects a glyph of the character before it and has no weight of its own.
+/// A variation selector chooses a glyph of the preceding character and is ignored in comparisons.
 bool isVariationSelector(char32_t c)
 {
     return (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0100 && c <= 0xE01EF);
 }
 
-/// A folded kana joined with the sign that follows it, a 濁点 or 半濁点 in full width, half width or combining form;
-/// 0 where they do not join.
+/// A folded kana combined with the 濁点 or 半濁点 that follows it, in full-width, half-width or combining form; 0 if
+/// they do not combine.
 char32_t joinedWith(char32_t sign, char32_t foldedKana)
 {
     if (!isKana(foldedKana)) return 0;
@@ -179,14 +180,14 @@ char32_t joinedWith(char32_t sign, char32_t foldedKana)
     return 0;
 }
 
-/// Reads a text folded, character by character.
+/// Reads the folded characters of a text.
 class FoldedReader {
 public:
     static constexpr char32_t kEnd = 0xFFFFFFFF;
 
     explicit FoldedReader(std::string_view text) : m_text(text) {}
 
-    /// kEnd at the end, again and again.
+    /// The next folded character; kEnd at and after the end.
     char32_t next()
     {
         const char32_t c = weighted(m_at);
@@ -202,7 +203,7 @@ public:
     }
 
 private:
-    /// The next character that has a weight.
+    /// The next character that is significant in comparisons.
     char32_t weighted(std::size_t &at) const
     {
         bool sound = true;
@@ -212,8 +213,8 @@ private:
         }
         return kEnd;
     }
-    /// False where neither a sign that joins nor a variation selector follows. Looks at two bytes only, so a few other
-    /// characters pass.
+    /// False when neither a 濁点 or 半濁点 nor a variation selector follows. Checks only two bytes, so it is true for a
+    /// few other characters as well.
     [[nodiscard]] bool mayBeSign() const
     {
         if (m_at >= m_text.size()) return false;
@@ -226,15 +227,15 @@ private:
     std::size_t m_at = 0;
 };
 
-/// The start of the character at or before `at`.
+/// The start of the character that contains the byte at `at`.
 std::size_t characterStart(std::string_view text, std::size_t at)
 {
     while (at > 0 && isContinuation(text, at)) --at;
     return at;
 }
 
-/// Where to begin comparing two texts whose first `same` bytes are equal: before the last character that a following
-/// sign could still join with.
+/// The position from which to compare two texts whose first `same` bytes are equal: before the last character that
+/// could combine with a following 濁点 or 半濁点.
 std::size_t comparisonStart(std::string_view a, std::string_view b, std::size_t same)
 {
     std::size_t at = std::min(characterStart(a, same), characterStart(b, same));
@@ -247,7 +248,7 @@ std::size_t comparisonStart(std::string_view a, std::string_view b, std::size_t 
     return at;
 }
 
-/// The text without blanks of either width at its end. Variation selectors there have no weight and go too.
+/// Removes trailing blanks of both widths, and the variation selectors among them.
 std::string_view withoutBlanksAtEnd(std::string_view text)
 {
     while (!text.empty() && (text.back() == ' ' || !isAscii(text.back()))) {
@@ -272,7 +273,7 @@ void decodeUtf8(std::string_view text, std::u32string &decoded)
 
 std::string soundUtf8(std::string_view text)
 {
-    // Every text of every row comes through here, and nearly all of them are such characters.
+    // Called for each text of each row; nearly all characters are of these two kinds.
     std::size_t at = 0;
     while (at < text.size() && (isAscii(text[at]) || isCommonThree(text, at))) at += isAscii(text[at]) ? 1U : 3U;
     bool sound = true;
@@ -298,7 +299,7 @@ int compareJapanese(std::string_view a, std::string_view b)
     std::size_t same = 0;
     while (same < shorter && a[same] == b[same]) ++same;
     if (same == a.size() && same == b.size()) return 0;
-    // Two ASCII characters that differ decide at once: they join with nothing.
+    // Different ASCII characters decide at once, because they do not combine with a following character.
     if (same < shorter && isAscii(a[same]) && isAscii(b[same])) {
         const char32_t left = foldAscii(static_cast<unsigned char>(a[same]));
         const char32_t right = foldAscii(static_cast<unsigned char>(b[same]));
@@ -345,7 +346,7 @@ LikePattern::LikePattern(std::string_view pattern, char32_t escape)
     addLiteral(literal);
 }
 
-/// Folded as one text, so that ﾀﾞ in a pattern is one character as it is in the column.
+/// Folds the literal as a whole, so that ﾀﾞ is a single character, as in the column.
 void LikePattern::addLiteral(std::string_view literal)
 {
     std::u32string folded;
@@ -356,7 +357,7 @@ void LikePattern::addLiteral(std::string_view literal)
 std::size_t LikePattern::addClass(std::string_view pattern, std::size_t at)
 {
     const std::size_t closing = pattern.find(']', at + 1);
-    Element element{Kind::oneOf}; // without its ] it fits no character at all
+    Element element{Kind::oneOf}; // an unterminated class matches no character
     if (closing == std::string_view::npos) {
         m_elements.push_back(element);
         return pattern.size();
@@ -387,7 +388,7 @@ bool LikePattern::fits(const Element &element, char32_t character)
 
 bool LikePattern::matches(std::string_view text) const
 {
-    static thread_local std::u32string folded; // reused: a search folds some 100,000 texts
+    static thread_local std::u32string folded; // reused, because a search folds about 100,000 texts
     foldJapanese(text, folded);
     std::size_t at = 0, element = 0;
     std::size_t runElement = m_elements.size(), runAt = 0;
@@ -399,7 +400,7 @@ bool LikePattern::matches(std::string_view text) const
             ++element;
             ++at;
         } else if (runElement < m_elements.size()) {
-            element = runElement + 1; // let the last % take one character more
+            element = runElement + 1; // extend the last % by one character
             at = ++runAt;
         } else {
             return false;

@@ -6,21 +6,20 @@
 
 namespace inin {
 
-/// The characters of a text as the server's usual Japanese collation distinguishes them: without regard to case (small
-/// kana counts as the large one), width and kana kind, but with 濁点 and accents. ﾔﾏﾀﾞ, ヤマダ, ヤマタ゛ and やまだ are
-/// equal, やまた differs. Folded text holds katakana for both kana and ASCII for full-width forms; variation selectors
-/// are left out. A byte that is not UTF-8 becomes U+FFFD.
+/// Folds a text as the server's usual Japanese collation compares it: ignoring case (small kana equal large ones),
+/// width and kana type, but not 濁点 and accents. ﾔﾏﾀﾞ, ヤマダ, ヤマタ゛ and やまだ are equal, やまた differs. In the
+/// result kana are katakana, full-width ASCII is ASCII, variation selectors are removed, an invalid byte is U+FFFD.
 void foldJapanese(std::string_view text, std::u32string &folded);
 
-/// Order of two texts under that collation without the blanks at their ends. Kana and Latin letters come in their usual
-/// order; kanji in code order, where the server has an order of its own.
+/// Compares two texts under that collation, ignoring trailing blanks. Kana and Latin characters have their usual order.
+/// Kanji are ordered by code point, unlike on the server.
 [[nodiscard]] int compareJapanese(std::string_view a, std::string_view b);
 
-/// A LIKE pattern, ready to be held against many texts: % for any run, _ for one character, [abc], [a-c] and [^a]
-/// for one character in or out of a class. Only the half-width signs are wildcards. Blanks at the end count.
+/// A compiled LIKE pattern: % matches any run, _ one character, [abc], [a-c] and [^a] one character in or outside a
+/// class. Only half-width characters are wildcards. Trailing blanks are significant.
 class LikePattern {
 public:
-    /// `escape` makes the sign behind it an ordinary one; 0 for none.
+    /// The character after `escape` is literal; 0 for no escape character.
     explicit LikePattern(std::string_view pattern, char32_t escape = 0);
     [[nodiscard]] bool matches(std::string_view text) const;
 
@@ -34,16 +33,16 @@ private:
     };
     [[nodiscard]] static bool fits(const Element &element, char32_t character);
     void addLiteral(std::string_view literal);
-    /// Adds the class whose [ is at `at`. Returns the position after its ], or the end when it has none.
+    /// Adds the class whose [ is at `at`. Returns the position after its ], or the end if it is unterminated.
     std::size_t addClass(std::string_view pattern, std::size_t at);
 
     std::vector<Element> m_elements;
 };
 
-/// UTF-8 to code points, U+FFFD for each byte that is none.
+/// UTF-8 to code points, with U+FFFD for each invalid byte.
 void decodeUtf8(std::string_view text, std::u32string &decoded);
 
-/// The same text where it is sound UTF-8, otherwise with U+FFFD for each byte that is none.
+/// The text with U+FFFD in place of each invalid byte.
 [[nodiscard]] std::string soundUtf8(std::string_view text);
 
 } // namespace inin

@@ -9,34 +9,34 @@ namespace inin {
 
 namespace {
 
-/// How a function of the server is spelled here and what it gives; `argument` means the kind of its first argument.
-enum class Gives { text, number, argument };
+/// A function of the server, its name in SQLite and the kind of its result; `argument` is that of its first argument.
+enum class Returns { text, number, argument };
 struct Function {
     std::string_view name;
     std::string_view spelled;
-    Gives gives;
+    Returns returns;
 };
-constexpr std::array<Function, 9> kFunctions{{{"left", "inin_left", Gives::text},
-                                              {"substring", "SUBSTRING", Gives::text},
-                                              {"isnull", "IFNULL", Gives::argument},
-                                              {"upper", "UPPER", Gives::text},
-                                              {"lower", "LOWER", Gives::text},
-                                              {"rtrim", "RTRIM", Gives::text},
-                                              {"ltrim", "LTRIM", Gives::text},
-                                              {"max", "max", Gives::argument},
-                                              {"min", "min", Gives::argument}}};
+constexpr std::array<Function, 9> kFunctions{{{"left", "inin_left", Returns::text},
+                                              {"substring", "SUBSTRING", Returns::text},
+                                              {"isnull", "IFNULL", Returns::argument},
+                                              {"upper", "UPPER", Returns::text},
+                                              {"lower", "LOWER", Returns::text},
+                                              {"rtrim", "RTRIM", Returns::text},
+                                              {"ltrim", "LTRIM", Returns::text},
+                                              {"max", "max", Returns::argument},
+                                              {"min", "min", Returns::argument}}};
 constexpr std::array<std::string_view, 4> kTextTypes{"varchar", "nvarchar", "char", "nchar"};
 
-/// The server's clock in the one form that date columns hold.
+/// The present local time in the format of date columns.
 constexpr std::string_view kNow = "datetime('now','localtime')";
 
 } // namespace
 
-SqlPiece SqlRewriter::call(const Token &name, std::string path)
+SqlExpression SqlRewriter::call(const Token &name, std::string path)
 {
     const bool isConvert = name.isWord("convert");
     std::string text = take();
-    std::vector<SqlPiece> arguments;
+    std::vector<SqlExpression> arguments;
     while (!atStop(Until::bracket)) {
         arguments.push_back(sequence(Until::comma));
         adaptArgument(name, arguments);
@@ -48,27 +48,27 @@ SqlPiece SqlRewriter::call(const Token &name, std::string path)
     if (peek().isSymbol(")")) text += take();
     if (name.isWord("getdate") && arguments.empty()) return {{}, std::string(kNow), ColumnKind::date};
     if (isConvert) {
-        SqlPiece converted = convertCall(arguments);
+        SqlExpression converted = convertCall(arguments);
         if (!converted.text.empty()) return converted;
     }
     for (const Function &function : kFunctions) {
         if (!name.isWord(function.name)) continue;
-        // max and min keep the writer's spelling, the others take SQLite's.
-        if (function.gives != Gives::argument || function.spelled == "IFNULL") path = function.spelled;
+        // MAX and MIN keep their spelling, the others take SQLite's.
+        if (function.returns != Returns::argument || function.spelled == "IFNULL") path = function.spelled;
         const ColumnKind first = arguments.empty() ? ColumnKind::unknown : arguments.front().kind;
-        const ColumnKind kind = function.gives == Gives::argument ? first
-                                : function.gives == Gives::text   ? ColumnKind::text
-                                                                  : ColumnKind::number;
+        const ColumnKind kind = function.returns == Returns::argument ? first
+                                : function.returns == Returns::text   ? ColumnKind::text
+                                                                      : ColumnKind::number;
         return {{}, path + text, kind};
     }
     return {{}, path + text, ColumnKind::unknown};
 }
 
-/// The last argument so far: MIN and MAX compare texts under the server's collation, and ISNULL has the kind of its first
-/// argument.
-void SqlRewriter::adaptArgument(const Token &name, std::vector<SqlPiece> &arguments)
+/// Adapts the last argument read: MIN and MAX compare texts under the server's collation, and the second argument of
+/// ISNULL is stored in the format of the first.
+void SqlRewriter::adaptArgument(const Token &name, std::vector<SqlExpression> &arguments)
 {
-    SqlPiece &argument = arguments.back();
+    SqlExpression &argument = arguments.back();
     if ((name.isWord("max") || name.isWord("min")) && argument.isCollatable()) argument.collate(kTextCollation);
     if (!name.isWord("isnull") || arguments.size() != 2) return;
     const std::string gap = std::exchange(argument.gap, {});
@@ -76,9 +76,9 @@ void SqlRewriter::adaptArgument(const Token &name, std::vector<SqlPiece> &argume
     argument.gap = gap;
 }
 
-/// CONVERT(VARCHAR[(n)], x [, 111 or 112]). A text column keeps its text, whatever the style; an empty piece for
-/// any other conversion.
-SqlPiece SqlRewriter::convertCall(const std::vector<SqlPiece> &arguments)
+/// CONVERT(VARCHAR[(n)], x [, 111 or 112]). The text of a text column is unchanged, whatever the style. Returns an
+/// empty expression for any other conversion.
+SqlExpression SqlRewriter::convertCall(const std::vector<SqlExpression> &arguments)
 {
     if (arguments.size() < 2 || arguments.size() > 3) return {};
     const std::string type = asciiLower(trim(arguments[0].whole()));
@@ -87,7 +87,7 @@ SqlPiece SqlRewriter::convertCall(const std::vector<SqlPiece> &arguments)
     for (const std::string_view known : kTextTypes) isText = isText || trim(type.substr(0, bracket)) == known;
     const std::string style = arguments.size() == 3 ? arguments[2].text : std::string();
     if (!isText || !(style.empty() || style == "111" || style == "112")) return {};
-    const SqlPiece &value = arguments[1];
+    const SqlExpression &value = arguments[1];
     std::string text;
     if (value.kind == ColumnKind::text)
         text = "(" + value.text + ")";

@@ -13,7 +13,7 @@ namespace {
 
 struct Moment {
     DateParts parts{1900, 1, 1, 0, 0, 0};
-    std::string fraction; ///< digits behind the seconds without zeros at the end
+    std::string fraction; ///< digits after the seconds, without trailing zeros
 };
 
 class Reader {
@@ -32,11 +32,11 @@ public:
         ++m_at;
         return true;
     }
-    /// A number of `least` to `most` digits, no more digits behind it.
-    bool number(std::size_t least, std::size_t most, std::int32_t &value)
+    /// Reads a number of `min` to `max` digits that is not followed by a further digit.
+    bool number(std::size_t min, std::size_t max, std::int32_t &value)
     {
         const std::size_t count = digitsAhead();
-        return count >= least && count <= most && exactly(count, value);
+        return count >= min && count <= max && exactly(count, value);
     }
     bool exactly(std::size_t count, std::int32_t &value)
     {
@@ -76,7 +76,7 @@ bool readTime(Reader &reader, std::size_t hourDigits, Moment &moment)
     return parts.hour < 24 && parts.minute < 60 && parts.second < 60;
 }
 
-/// Two digits of a year as the server reads them: up to 49 is 20xx.
+/// Completes a two-digit year as the server does: 00 to 49 are 20xx.
 std::int32_t fullYear(std::int32_t year, std::size_t digits)
 {
     if (digits > 2) return year;
@@ -123,7 +123,7 @@ std::optional<Moment> readColumn(std::string_view text)
     return moment;
 }
 
-/// The text of a date column up to where only zeros follow.
+/// The value of a date column without trailing zeros of a fraction and without midnight.
 std::string_view significant(std::string_view text)
 {
     constexpr std::string_view kMidnight = " 00:00:00";

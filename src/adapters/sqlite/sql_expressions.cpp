@@ -11,7 +11,7 @@ namespace inin {
 
 namespace {
 
-/// A comparison, the same with its operands changed over, and SQLite's spelling.
+/// A comparison operator, the one for swapped operands, and SQLite's spelling.
 struct Comparison {
     std::string_view symbol;
     std::string_view mirrored;
@@ -52,7 +52,7 @@ std::string quotedText(std::string_view content)
     return "'" + std::string(content) + "'";
 }
 
-/// x'…' with whole bytes: a lone first digit gets its zero, as on the server.
+/// x'…' with whole bytes: an odd number of digits gets a leading zero, as on the server.
 std::string binaryLiteral(std::string_view token)
 {
     const std::string_view digits = token.substr(2);
@@ -71,10 +71,12 @@ std::string literalValue(std::string_view token)
     return value;
 }
 
-/// Two texts, or a text and something unknown: they compare under the server's collation.
-bool comparesAsText(const SqlPiece &left, const SqlPiece &right)
+/// Two texts, or a text and an operand of unknown kind, compare under the server's collation.
+bool comparesAsText(const SqlExpression &left, const SqlExpression &right)
 {
-    const auto fits = [](const SqlPiece &p) { return p.kind == ColumnKind::text || p.kind == ColumnKind::unknown; };
+    const auto fits = [](const SqlExpression &p) {
+        return p.kind == ColumnKind::text || p.kind == ColumnKind::unknown;
+    };
     return fits(left) && fits(right) && (left.kind == ColumnKind::text || right.kind == ColumnKind::text);
 }
 
@@ -97,9 +99,9 @@ bool SqlRewriter::startsOperand(std::size_t at) const
     return token.kind != TokenKind::invalid && !isSqlKeyword(token);
 }
 
-SqlPiece SqlRewriter::comparison()
+SqlExpression SqlRewriter::comparison()
 {
-    SqlPiece left = additive();
+    SqlExpression left = additive();
     if (const Comparison *found = comparisonOf(peek()); found != nullptr && startsOperand(m_at + 1)) {
         const Token symbol = {TokenKind::symbol, found->symbol, peek().gap};
         ++m_at;
@@ -120,7 +122,7 @@ SqlPiece SqlRewriter::comparison()
     return {left.gap, left.text, ColumnKind::unknown, false, true, {}};
 }
 
-SqlPiece SqlRewriter::compared(SqlPiece left, const Token &symbol, SqlPiece right)
+SqlExpression SqlRewriter::compared(SqlExpression left, const Token &symbol, SqlExpression right)
 {
     const Comparison &comparison = *comparisonOf(symbol);
     if (left.kind == ColumnKind::date && right.isLiteral)
@@ -129,7 +131,7 @@ SqlPiece SqlRewriter::compared(SqlPiece left, const Token &symbol, SqlPiece righ
         std::swap(left.gap, right.gap);
         return comparedWithDate(right, symbol, comparison.mirrored, left);
     }
-    SqlPiece result{left.gap, left.text + std::string(symbol.gap) + std::string(comparison.spelled)};
+    SqlExpression result{left.gap, left.text + std::string(symbol.gap) + std::string(comparison.spelled)};
     const bool dates = (left.kind == ColumnKind::date && right.kind != ColumnKind::number) ||
                        (right.kind == ColumnKind::date && left.kind != ColumnKind::number);
     if (dates || comparesAsText(left, right)) right.collate(dates ? kDateCollation : kTextCollation);
@@ -138,18 +140,18 @@ SqlPiece SqlRewriter::compared(SqlPiece left, const Token &symbol, SqlPiece righ
     return result;
 }
 
-void SqlRewriter::dateProblem(const SqlPiece &literal)
+void SqlRewriter::dateProblem(const SqlExpression &literal)
 {
     m_problem = "'" + literal.value + "' is not a date and time";
 }
 
-SqlPiece SqlRewriter::comparedWithDate(const SqlPiece &column, const Token &symbol, std::string_view comparison,
-                                       const SqlPiece &literal)
+SqlExpression SqlRewriter::comparedWithDate(const SqlExpression &column, const Token &symbol,
+                                            std::string_view comparison, const SqlExpression &literal)
 {
     const std::optional<SqlMoment> moment = momentFromText(literal.value);
     if (!moment) dateProblem(literal);
     const SqlMoment ends = moment.value_or(SqlMoment{});
-    SqlPiece result{column.gap, column.text};
+    SqlExpression result{column.gap, column.text};
     result.isCompound = true;
     const bool isEqual = comparison == "=";
     if (isEqual || comparison == "<>" || comparison == "!=") {
@@ -163,12 +165,12 @@ SqlPiece SqlRewriter::comparedWithDate(const SqlPiece &column, const Token &symb
     return result;
 }
 
-SqlPiece SqlRewriter::between(SqlPiece left, std::string words)
+SqlExpression SqlRewriter::between(SqlExpression left, std::string words)
 {
-    SqlPiece low = additive();
+    SqlExpression low = additive();
     const std::string andWord = peek().isWord("and") ? take() : std::string();
-    SqlPiece high = startsOperand(m_at) ? additive() : SqlPiece{};
-    for (SqlPiece *bound : {&low, &high}) {
+    SqlExpression high = startsOperand(m_at) ? additive() : SqlExpression{};
+    for (SqlExpression *bound : {&low, &high}) {
         if (left.kind != ColumnKind::date || !bound->isLiteral) continue;
         const std::optional<SqlMoment> moment = momentFromText(bound->value);
         if (!moment) dateProblem(*bound);
@@ -179,14 +181,14 @@ SqlPiece SqlRewriter::between(SqlPiece left, std::string words)
     return {left.gap, left.text + words + low.whole() + andWord + high.whole(), ColumnKind::unknown, false, true, {}};
 }
 
-/// IN with a list: a quoted date stands in each form that a date column may hold it in.
-SqlPiece SqlRewriter::inList(SqlPiece left, std::string words)
+/// IN with a list: a date literal is listed in each format that a date column may contain.
+SqlExpression SqlRewriter::inList(SqlExpression left, std::string words)
 {
     std::string list = take();
     bool texts = false;
     const Until until = peek().isWord("select") ? Until::bracket : Until::comma;
     while (!atStop(Until::bracket)) {
-        const SqlPiece item = sequence(until);
+        const SqlExpression item = sequence(until);
         texts = texts || comparesAsText(left, item);
         if (left.kind == ColumnKind::date && item.isLiteral) {
             const std::optional<SqlMoment> moment = momentFromText(item.value);
@@ -204,10 +206,10 @@ SqlPiece SqlRewriter::inList(SqlPiece left, std::string words)
     return {left.gap, left.text + words + list, ColumnKind::unknown, false, true, {}};
 }
 
-/// Operands joined by + - * / and the like. A chain of + that holds a text and no number joins texts.
-SqlPiece SqlRewriter::additive()
+/// Operands of binary arithmetic operators. A chain of + with a text and neither a number nor a date concatenates.
+SqlExpression SqlRewriter::additive()
 {
-    std::vector<SqlPiece> operands{primary()};
+    std::vector<SqlExpression> operands{primary()};
     std::vector<Token> symbols;
     while (isArithmetic(peek()) && startsOperand(m_at + 1)) {
         symbols.push_back(peek());
@@ -215,12 +217,12 @@ SqlPiece SqlRewriter::additive()
         operands.push_back(primary());
     }
     if (symbols.empty()) return std::move(operands.front());
-    const auto isKind = [](ColumnKind kind) { return [kind](const SqlPiece &p) { return p.kind == kind; }; };
+    const auto isKind = [](ColumnKind kind) { return [kind](const SqlExpression &p) { return p.kind == kind; }; };
     const bool joins = std::all_of(symbols.begin(), symbols.end(), [](const Token &t) { return t.text == "+"; }) &&
                        std::any_of(operands.begin(), operands.end(), isKind(ColumnKind::text)) &&
                        std::none_of(operands.begin(), operands.end(), isKind(ColumnKind::number)) &&
                        std::none_of(operands.begin(), operands.end(), isKind(ColumnKind::date));
-    SqlPiece result{operands.front().gap, operands.front().text, joins ? ColumnKind::text : ColumnKind::number};
+    SqlExpression result{operands.front().gap, operands.front().text, joins ? ColumnKind::text : ColumnKind::number};
     result.isCompound = true;
     for (std::size_t at = 0; at < symbols.size(); ++at)
         result.text +=
@@ -228,27 +230,27 @@ SqlPiece SqlRewriter::additive()
     return result;
 }
 
-SqlPiece SqlRewriter::primary()
+SqlExpression SqlRewriter::primary()
 {
     const Token &token = peek();
-    SqlPiece piece{gapOf(m_at), std::string(token.text)};
+    SqlExpression expression{gapOf(m_at), std::string(token.text)};
     switch (token.kind) {
     case TokenKind::text:
         ++m_at;
-        if (piece.text.front() != '\'') piece.text.erase(0, 1); // N'…': every text is Unicode here
-        piece.value = literalValue(token.text);
-        piece.kind = ColumnKind::text;
-        piece.isLiteral = true;
-        return piece;
+        if (expression.text.front() != '\'') expression.text.erase(0, 1); // the N of N'…', which SQLite does not know
+        expression.value = literalValue(token.text);
+        expression.kind = ColumnKind::text;
+        expression.isLiteral = true;
+        return expression;
     case TokenKind::number:
         ++m_at;
-        piece.kind = ColumnKind::number;
-        return piece;
+        expression.kind = ColumnKind::number;
+        return expression;
     case TokenKind::binary:
         ++m_at;
-        piece.text = binaryLiteral(token.text);
-        piece.kind = ColumnKind::binary;
-        return piece;
+        expression.text = binaryLiteral(token.text);
+        expression.kind = ColumnKind::binary;
+        return expression;
     default:
         break;
     }
@@ -256,73 +258,73 @@ SqlPiece SqlRewriter::primary()
     if (token.isWord("case")) return caseExpression();
     if (!isSign(token)) return nameOrCall();
     ++m_at;
-    piece.text += primary().whole();
-    piece.kind = ColumnKind::number;
-    return piece;
+    expression.text += primary().whole();
+    expression.kind = ColumnKind::number;
+    return expression;
 }
 
-SqlPiece SqlRewriter::bracketed()
+SqlExpression SqlRewriter::bracketed()
 {
-    SqlPiece piece{gapOf(m_at), "("};
+    SqlExpression expression{gapOf(m_at), "("};
     ++m_at;
-    const SqlPiece inner = sequence(Until::bracket);
-    piece.text += inner.whole();
-    piece.kind = inner.kind;
-    if (peek().isSymbol(")")) piece.text += take();
-    return piece;
+    const SqlExpression inner = sequence(Until::bracket);
+    expression.text += inner.whole();
+    expression.kind = inner.kind;
+    if (peek().isSymbol(")")) expression.text += take();
+    return expression;
 }
 
-SqlPiece SqlRewriter::caseExpression()
+SqlExpression SqlRewriter::caseExpression()
 {
-    SqlPiece piece{gapOf(m_at), std::string(peek().text)};
+    SqlExpression expression{gapOf(m_at), std::string(peek().text)};
     ++m_at;
     if (startsOperand(m_at)) { // CASE operand WHEN value …
-        SqlPiece operand = comparison();
+        SqlExpression operand = comparison();
         if (operand.kind == ColumnKind::text) operand.collate(kTextCollation);
-        piece.text += operand.whole();
+        expression.text += operand.whole();
     }
-    const SqlPiece branches = sequence(Until::caseEnd);
-    piece.text += branches.whole();
-    piece.kind = branches.kind;
-    if (peek().isWord("end")) piece.text += take();
-    return piece;
+    const SqlExpression branches = sequence(Until::caseEnd);
+    expression.text += branches.whole();
+    expression.kind = branches.kind;
+    if (peek().isWord("end")) expression.text += take();
+    return expression;
 }
 
-SqlPiece SqlRewriter::nameOrCall()
+SqlExpression SqlRewriter::nameOrCall()
 {
-    SqlPiece piece{gapOf(m_at), {}};
+    SqlExpression expression{gapOf(m_at), {}};
     const Token *last = nullptr;
     std::string qualifier;
     while (true) {
         if (last != nullptr) qualifier = nameOf(*last);
         last = &peek();
-        piece.text += spelledName(*last);
+        expression.text += spelledName(*last);
         ++m_at;
         if (!peek().isSymbol(".")) break;
-        piece.text += take();
+        expression.text += take();
         if (peek().isSymbol("*")) {
-            piece.text += take();
-            return piece;
+            expression.text += take();
+            return expression;
         }
-        if (nameOf(peek()).empty()) return piece;
-        piece.text += gapOf(m_at);
+        if (nameOf(peek()).empty()) return expression;
+        expression.text += gapOf(m_at);
     }
     if (peek().isSymbol("(")) {
-        const std::string gap = piece.gap;
-        piece = call(*last, piece.text);
-        piece.gap = gap;
-        return piece;
+        const std::string gap = expression.gap;
+        expression = call(*last, expression.text);
+        expression.gap = gap;
+        return expression;
     }
-    piece.kind = m_tables.kindOf(qualifier, nameOf(*last), m_at - 1);
-    return piece;
+    expression.kind = m_tables.kindOf(qualifier, nameOf(*last), m_at - 1);
+    return expression;
 }
 
-std::string SqlRewriter::stored(const SqlPiece &piece, ColumnKind target)
+std::string SqlRewriter::stored(const SqlExpression &expression, ColumnKind target)
 {
-    if (target != ColumnKind::date || !piece.isLiteral) return piece.whole();
-    const std::optional<SqlMoment> moment = momentFromText(piece.value);
-    if (!moment) dateProblem(piece);
-    return piece.gap + quotedText(moment.value_or(SqlMoment{}).stored);
+    if (target != ColumnKind::date || !expression.isLiteral) return expression.whole();
+    const std::optional<SqlMoment> moment = momentFromText(expression.value);
+    if (!moment) dateProblem(expression);
+    return expression.gap + quotedText(moment.value_or(SqlMoment{}).stored);
 }
 
 } // namespace inin

@@ -61,14 +61,14 @@ std::string nameOf(const Token &token)
     std::string name;
     for (std::size_t at = 0; at < inner.size(); ++at) {
         name += inner[at];
-        if (inner[at] == closing) ++at; // a closing sign stands twice inside
+        if (inner[at] == closing) ++at; // the closing delimiter is doubled inside
     }
     return name;
 }
 
 std::string spelledName(const Token &token)
 {
-    // Only a name whose closing bracket stands twice needs SQLite's other quotes.
+    // SQLite reads [name] too, but not with a doubled closing bracket; only such a name needs double quotes.
     if (token.text.front() != '[' || token.text.find("]]") == std::string_view::npos) return std::string(token.text);
     std::string spelled = "\"";
     for (const char c : nameOf(token)) spelled.append(c == '"' ? 2 : 1, c);
@@ -87,7 +87,7 @@ StatementTables::StatementTables(const std::vector<Token> &tokens, const SqlSche
     std::size_t tableEnd = 0;
     for (std::size_t at = 0; at < tokens.size(); ++at) {
         const Token &token = tokens[at];
-        // Where joins are grouped, the table that is expected comes after the bracket.
+        // In a group of joins the expected table follows the bracket.
         if (token.isSymbol("(")) open.push_back({addScope(open.back().scope), false});
         m_scopeOf.push_back(open.back().scope);
         if (at < tableEnd || token.isSymbol("(")) continue;
@@ -109,7 +109,7 @@ std::size_t StatementTables::addScope(std::size_t parent)
     return m_parents.size() - 1;
 }
 
-/// Returns the position after the table and its alias.
+/// Adds the table at `at` and returns the position after its alias.
 std::size_t StatementTables::addTable(const std::vector<Token> &tokens, std::size_t at, const SqlSchema &schema)
 {
     const auto nameAt = [&tokens](std::size_t index) {
@@ -139,7 +139,7 @@ template <class Fits> const StatementTables::Table *StatementTables::find(std::s
         if (scope == 0) break;
         scope = m_parents[scope];
     }
-    // A column of a sub-select or of grouped joins is used outside their brackets.
+    // A column of a sub-select or of a group of joins may be used outside the brackets.
     const auto found = std::find_if(m_tables.begin(), m_tables.end(), fits);
     return found == m_tables.end() ? nullptr : &*found;
 }

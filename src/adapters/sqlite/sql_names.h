@@ -10,25 +10,24 @@
 
 namespace inin {
 
-/// A word of the grammar, never the name of a table, column or function where it stands alone.
+/// A reserved word, which is never a name unless it is quoted or follows a dot.
 [[nodiscard]] bool isSqlKeyword(const Token &token);
 
 /// UNION, EXCEPT or INTERSECT.
 [[nodiscard]] bool isSetOperator(const Token &token);
 
-/// The name that a word, a [name] or a "name" spells; empty for other tokens.
+/// The name of a word, [name] or "name" token, without its quotes; empty for other tokens.
 [[nodiscard]] std::string nameOf(const Token &token);
 
-/// The name as SQLite reads it.
+/// The name in SQLite's syntax.
 [[nodiscard]] std::string spelledName(const Token &token);
 
-/// The tables of one statement, read from FROM, JOIN, UPDATE and INTO, by their aliases or, without one, their names. A
-/// column is looked for in the tables of its own brackets first, then outwards, then in all others.
+/// The tables of one statement, from FROM, JOIN, UPDATE and INTO, by alias or else by name. A column is searched in the
+/// tables of its own scope first, then of the enclosing scopes, then of all others.
 class StatementTables {
 public:
     StatementTables(const std::vector<Token> &tokens, const SqlSchema &schema);
-    /// The kind of a column that the statement names at token `at`. `qualifier` may be empty; one that is not a table's,
-    /// as a sub-select's name is, counts as empty.
+    /// The kind of the column at token `at`. `qualifier` may be empty, and is ignored unless it names a table.
     [[nodiscard]] ColumnKind kindOf(std::string_view qualifier, std::string_view column, std::size_t at) const;
 
 private:
@@ -42,9 +41,9 @@ private:
     template <class Fits> [[nodiscard]] const Table *find(std::size_t at, Fits &&fits) const;
 
     std::vector<Table> m_tables;
-    // A scope is a pair of brackets or one SELECT of a UNION, by its number; 0 is the statement itself.
-    std::vector<std::size_t> m_scopeOf;    ///< of each token
-    std::vector<std::size_t> m_parents{0}; ///< of each scope
+    // A scope is the content of a pair of brackets or one SELECT of a UNION; scope 0 is the statement itself.
+    std::vector<std::size_t> m_scopeOf;    ///< indexed by token
+    std::vector<std::size_t> m_parents{0}; ///< indexed by scope
 };
 
 } // namespace inin

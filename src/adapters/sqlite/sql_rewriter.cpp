@@ -9,10 +9,10 @@ namespace inin {
 
 namespace {
 
-/// Deeper brackets than any statement has; SQLite's own parser would give up later, but our walk recurses.
-constexpr int kDeepest = 100;
+/// More nested brackets than in any statement of the suite. SQLite's own limit would come too late for this recursion.
+constexpr int kMaxDepth = 100;
 
-/// The server's kind of a CASE: a date wins over all others, a branch of unknown kind may be NULL.
+/// The kind of a CASE on the server: a date takes precedence. A branch of unknown kind is ignored, as it may be NULL.
 ColumnKind commonKind(const ResultKinds &branches)
 {
     ColumnKind common = ColumnKind::unknown;
@@ -37,8 +37,8 @@ bool isWholeNumber(const Token &token)
 
 Translation SqlRewriter::run()
 {
-    SqlPiece all = sequence(Until::end);
-    while (!atEnd() && m_problem.empty()) all.text += take(); // a bracket too many: SQLite tells it
+    SqlExpression all = sequence(Until::end);
+    while (!atEnd() && m_problem.empty()) all.text += take(); // an excess closing bracket, which SQLite reports
     return {all.whole(), m_problem, std::move(m_results)};
 }
 
@@ -48,8 +48,8 @@ const Token &SqlRewriter::peek(std::size_t ahead) const
     return m_at + ahead < m_tokens.size() ? m_tokens[m_at + ahead] : kNone;
 }
 
-/// A word that touches a literal or a number behind it stays apart from it: SQLite would read x'41' as one literal
-/// and 5AND as a bad number where the server reads two tokens.
+/// Separates adjacent words, literals and numbers: SQLite would read x'41' as one literal and 5AND as a malformed
+/// number where the server reads two tokens.
 std::string SqlRewriter::gapOf(std::size_t at) const
 {
     const Token &token = m_tokens[at];
@@ -73,9 +73,9 @@ bool SqlRewriter::atStop(Until until) const
     return until != Until::end && (peek().isSymbol(")") || (until == Until::comma && peek().isSymbol(",")));
 }
 
-SqlPiece SqlRewriter::sequence(Until until)
+SqlExpression SqlRewriter::sequence(Until until)
 {
-    if (++m_depth > kDeepest) m_problem = "the statement is nested too deeply";
+    if (++m_depth > kMaxDepth) m_problem = "the statement is nested too deeply";
     Frame frame;
     while (!atStop(until)) {
         if (isSqlKeyword(peek()) && !isFunctionAhead())
@@ -87,7 +87,7 @@ SqlPiece SqlRewriter::sequence(Until until)
     }
     flushTop(frame);
     --m_depth;
-    SqlPiece whole;
+    SqlExpression whole;
     if (frame.items == 1) whole = frame.last;
     if (frame.items != 1 || whole.text.empty()) whole.text = frame.out;
     if (frame.items != 1) whole.isCompound = true;
@@ -111,30 +111,30 @@ void SqlRewriter::expressionItem(Frame &frame)
 {
     ++frame.items;
     if (frame.clause == Clause::set && assignment(frame)) return;
-    SqlPiece piece = comparison();
-    if (frame.clause == Clause::keys && piece.isCollatable()) piece.collate(kTextCollation);
-    if (std::exchange(frame.expectsResult, false)) resultItem(frame, piece);
-    frame.out += piece.whole();
-    frame.last = std::move(piece);
+    SqlExpression expression = comparison();
+    if (frame.clause == Clause::keys && expression.isCollatable()) expression.collate(kTextCollation);
+    if (std::exchange(frame.expectsResult, false)) resultItem(frame, expression);
+    frame.out += expression.whole();
+    frame.last = std::move(expression);
 }
 
-/// Adds the collation to a text of SELECT DISTINCT. With it SQLite takes a column for an expression, which has no name of
-/// its own, so it gets its name back as an alias.
-void SqlRewriter::resultItem(Frame &frame, SqlPiece &piece)
+/// Adds the collation to a text of SELECT DISTINCT. For SQLite, a column with a COLLATE is an expression without a
+/// name, so the name is added as an alias.
+void SqlRewriter::resultItem(Frame &frame, SqlExpression &expression)
 {
     const Token &last = m_tokens[m_at - 1];
     const bool isStar = last.isSymbol("*");
-    frame.results.push_back(isStar ? std::nullopt : std::optional(piece.kind));
-    if (!frame.isDistinct || !piece.isCollatable()) return;
-    const bool isColumn = !piece.isCompound && !nameOf(last).empty();
-    piece.collate(kTextCollation);
+    frame.results.push_back(isStar ? std::nullopt : std::optional(expression.kind));
+    if (!frame.isDistinct || !expression.isCollatable()) return;
+    const bool isColumn = !expression.isCompound && !nameOf(last).empty();
+    expression.collate(kTextCollation);
     const bool hasAlias = peek().isWord("as") || startsOperand(m_at);
-    if (isColumn && !hasAlias) piece.text += " AS " + spelledName(last);
+    if (isColumn && !hasAlias) expression.text += " AS " + spelledName(last);
 }
 
 void SqlRewriter::clauseWord(Frame &frame)
 {
-    frame.items += 2; // no single expression any more
+    frame.items += 2; // the frame is not a single expression
     const Token &word = peek();
     if (word.isWord("select")) return selectHead(frame);
     if (word.isWord("insert")) return insertHead(frame);
@@ -169,7 +169,7 @@ void SqlRewriter::selectHead(Frame &frame)
     m_at += bracketed ? 4 : 2;
 }
 
-/// The TOP of the SELECT that ends here. SQLite has no LIMIT on one arm of a UNION: there the arm becomes a sub-select.
+/// Writes the TOP of the SELECT that ends here. In a UNION, SQLite allows a LIMIT only inside a sub-select.
 void SqlRewriter::flushTop(Frame &frame)
 {
     if (frame.top.empty()) return;
@@ -179,7 +179,7 @@ void SqlRewriter::flushTop(Frame &frame)
     frame.top.clear();
 }
 
-/// INSERT [INTO] table [(columns)] VALUES (...): a quoted date that goes into a date column is written in its one form.
+/// INSERT [INTO] table [(columns)] VALUES (...): a date literal for a date column is written in the stored format.
 void SqlRewriter::insertHead(Frame &frame)
 {
     frame.out += take();
@@ -224,14 +224,14 @@ void SqlRewriter::insertRow(Frame &frame, const std::vector<ColumnKind> &kinds)
 {
     frame.out += take();
     for (std::size_t index = 0; !atStop(Until::bracket); ++index) {
-        const SqlPiece value = sequence(Until::comma);
+        const SqlExpression value = sequence(Until::comma);
         frame.out += stored(value, index < kinds.size() ? kinds[index] : ColumnKind::unknown);
         if (peek().isSymbol(",")) frame.out += take();
     }
     if (!atEnd()) frame.out += take();
 }
 
-/// column = value behind SET: here = is no comparison.
+/// column = value after SET, where = is not a comparison.
 bool SqlRewriter::assignment(Frame &frame)
 {
     if (nameOf(peek()).empty() || !peek(1).isSymbol("=")) return false;

@@ -13,21 +13,21 @@
 
 namespace inin {
 
-// Names under which a connection registers what SQLite lacks.
+// The names under which a connection registers the collations.
 inline constexpr std::string_view kTextCollation = "ININ_JA";
 inline constexpr std::string_view kDateCollation = "ININ_DATE";
 
-/// An expression or a part of one, turned over.
-struct SqlPiece {
+/// An expression, or a part of one, translated to SQLite.
+struct SqlExpression {
     std::string gap; ///< the white space before it
     std::string text{};
     ColumnKind kind = ColumnKind::unknown;
-    bool isLiteral = false;  ///< one quoted text and nothing else
-    bool isCompound = false; ///< more than one operand: wants brackets before a COLLATE
-    std::string value{};     ///< of a literal: its characters
+    bool isLiteral = false;  ///< a single quoted text
+    bool isCompound = false; ///< more than one operand, so that COLLATE requires brackets
+    std::string value{};     ///< the characters of a literal
 
     [[nodiscard]] std::string whole() const { return gap + text; }
-    /// An expression of texts that compares and sorts under the server's collation.
+    /// True for a text expression, which compares and sorts under the server's collation.
     [[nodiscard]] bool isCollatable() const { return kind == ColumnKind::text && !isLiteral; }
     void collate(std::string_view collation)
     {
@@ -36,8 +36,8 @@ struct SqlPiece {
     }
 };
 
-/// One walk over the tokens of a statement. Clauses pass through word by word; expressions are read operand by
-/// operand, because only the operands tell what = or + or a quoted date means.
+/// Translates the tokens of a statement in one pass. Clauses pass through word by word. Expressions are parsed, because
+/// the meaning of =, + or a date literal depends on the operands.
 class SqlRewriter {
 public:
     SqlRewriter(const std::vector<Token> &tokens, const SqlSchema &schema)
@@ -50,32 +50,32 @@ private:
     enum class Until { end, bracket, comma, caseEnd };
     enum class Clause {
         other,
-        results, ///< the list of a SELECT
-        keys,    ///< of ORDER BY, GROUP BY and DISTINCT in an aggregate
+        results, ///< the result list of a SELECT
+        keys,    ///< the expressions of ORDER BY, GROUP BY and DISTINCT in an aggregate
         set
     };
-    /// One SELECT between its brackets, and the TOP that becomes a LIMIT at its end; or one CASE.
+    /// The state of one SELECT, whose TOP becomes a LIMIT at its end, or of one CASE.
     struct Frame {
         std::string out;
         Clause clause = Clause::other;
         ResultKinds results;        ///< of the SELECT's columns, or of a CASE's branches
-        bool expectsResult = false; ///< the next expression is one of them
+        bool expectsResult = false; ///< the next expression is a result
         bool isDistinct = false;
-        std::size_t armStart = 0; ///< where the present SELECT of a UNION begins
+        std::size_t armStart = 0; ///< the start of the present SELECT of a UNION
         std::string top;
         bool isCompound = false;
         int items = 0;
-        SqlPiece last; ///< the last expression; the kind of the whole where it is the only item
+        SqlExpression last; ///< the whole frame when it is the only item
     };
 
     // Clauses.
-    SqlPiece sequence(Until until);
+    SqlExpression sequence(Until until);
     [[nodiscard]] bool atStop(Until until) const;
     void clauseWord(Frame &frame);
     void selectHead(Frame &frame);
     void expressionItem(Frame &frame);
     void symbolItem(Frame &frame);
-    void resultItem(Frame &frame, SqlPiece &piece);
+    void resultItem(Frame &frame, SqlExpression &expression);
     static void flushTop(Frame &frame);
     void insertHead(Frame &frame);
     void insertRow(Frame &frame, const std::vector<ColumnKind> &kinds);
@@ -83,30 +83,30 @@ private:
     bool assignment(Frame &frame);
 
     // Expressions.
-    SqlPiece comparison();
-    SqlPiece additive();
-    SqlPiece primary();
-    SqlPiece bracketed();
-    SqlPiece caseExpression();
-    SqlPiece nameOrCall();
-    SqlPiece call(const Token &name, std::string path);
-    void adaptArgument(const Token &name, std::vector<SqlPiece> &arguments);
-    SqlPiece convertCall(const std::vector<SqlPiece> &arguments);
-    SqlPiece inList(SqlPiece left, std::string words);
-    SqlPiece between(SqlPiece left, std::string words);
-    SqlPiece compared(SqlPiece left, const Token &symbol, SqlPiece right);
-    SqlPiece comparedWithDate(const SqlPiece &column, const Token &symbol, std::string_view comparison,
-                              const SqlPiece &literal);
+    SqlExpression comparison();
+    SqlExpression additive();
+    SqlExpression primary();
+    SqlExpression bracketed();
+    SqlExpression caseExpression();
+    SqlExpression nameOrCall();
+    SqlExpression call(const Token &name, std::string path);
+    void adaptArgument(const Token &name, std::vector<SqlExpression> &arguments);
+    SqlExpression convertCall(const std::vector<SqlExpression> &arguments);
+    SqlExpression inList(SqlExpression left, std::string words);
+    SqlExpression between(SqlExpression left, std::string words);
+    SqlExpression compared(SqlExpression left, const Token &symbol, SqlExpression right);
+    SqlExpression comparedWithDate(const SqlExpression &column, const Token &symbol, std::string_view comparison,
+                                   const SqlExpression &literal);
     [[nodiscard]] std::optional<std::string_view> comparisonAhead() const;
     [[nodiscard]] bool startsOperand(std::size_t at) const;
-    [[nodiscard]] std::string stored(const SqlPiece &piece, ColumnKind target);
-    void dateProblem(const SqlPiece &literal);
+    [[nodiscard]] std::string stored(const SqlExpression &expression, ColumnKind target);
+    void dateProblem(const SqlExpression &literal);
 
     // Tokens.
     [[nodiscard]] bool atEnd() const { return m_at >= m_tokens.size(); }
     [[nodiscard]] const Token &peek(std::size_t ahead = 0) const;
     [[nodiscard]] bool isFunctionAhead() const;
-    /// Gap and text of the token, and on to the next.
+    /// Returns the gap and text of the present token and moves to the next one.
     std::string take();
     [[nodiscard]] std::string gapOf(std::size_t at) const;
 

@@ -10,7 +10,7 @@ struct TypeWord {
     std::string_view word;
     ColumnKind kind;
 };
-/// Looked for in this order anywhere in the declared type.
+/// Searched in this order, anywhere in the declared type.
 constexpr TypeWord kTypeWords[] = {
     {"date", ColumnKind::date},     {"timestamp", ColumnKind::date}, {"char", ColumnKind::text},
     {"text", ColumnKind::text},     {"clob", ColumnKind::text},      {"blob", ColumnKind::binary},

@@ -8,15 +8,14 @@
 
 namespace inin {
 
-/// What a column or an expression holds, as far as the translation and the reading of values care.
+/// The kinds of columns and expressions that the translation and the reading of values distinguish.
 enum class ColumnKind : std::uint8_t { unknown, number, text, date, binary };
 
-/// From a declared type: DATETIME and the like are dates, the CHAR and TEXT kinds texts, BLOB, BINARY and IMAGE bytes,
-/// no type unknown, all others numbers.
+/// The kind of a declared type: date and time types are dates, CHAR and TEXT types texts, BLOB, BINARY and IMAGE
+/// binary, a missing type unknown, all others numbers.
 [[nodiscard]] ColumnKind kindOfDeclaredType(std::string_view declared);
 
-/// The columns of a database's tables, so that a quoted text can be told from a quoted date. Names count whatever
-/// their ASCII case.
+/// The columns of a database's tables, by which the translation recognizes a date literal. Names ignore ASCII case.
 class SqlSchema {
 public:
     struct Column {
@@ -26,14 +25,14 @@ public:
     using Columns = std::vector<Column>;
 
     void add(std::string_view table, std::string_view column, std::string_view declaredType);
-    /// nullptr for a table that is not there.
+    /// nullptr for an unknown table.
     [[nodiscard]] const Columns *columnsOf(std::string_view table) const;
 
 private:
     std::unordered_map<std::string, Columns> m_tables;
 };
 
-/// The kind of a column by name, unknown when the table has none of that name.
+/// The kind of a column; unknown when there is no column of that name.
 [[nodiscard]] ColumnKind kindIn(const SqlSchema::Columns &columns, std::string_view lowerName);
 
 } // namespace inin

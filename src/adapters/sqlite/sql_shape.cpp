@@ -9,14 +9,14 @@ namespace inin {
 
 namespace {
 
-constexpr std::array<std::string_view, 16> kPlaces{"?1", "?2",  "?3",  "?4",  "?5",  "?6",  "?7",  "?8",
-                                                   "?9", "?10", "?11", "?12", "?13", "?14", "?15", "?16"};
+constexpr std::array<std::string_view, 16> kParameters{"?1", "?2",  "?3",  "?4",  "?5",  "?6",  "?7",  "?8",
+                                                       "?9", "?10", "?11", "?12", "?13", "?14", "?15", "?16"};
 constexpr std::array<std::string_view, 7> kComparisons{"=", "<", ">", "<=", ">=", "<>", "!="};
 
 std::optional<std::int64_t> wholeNumber(const Token &token)
 {
-    constexpr std::size_t kMostDigits = 18;
-    if (token.kind != TokenKind::number || token.text.size() > kMostDigits) return std::nullopt;
+    constexpr std::size_t kMaxDigits = 18;
+    if (token.kind != TokenKind::number || token.text.size() > kMaxDigits) return std::nullopt;
     std::int64_t value = 0;
     const char *end = token.text.data() + token.text.size();
     const auto [stopped, error] = std::from_chars(token.text.data(), end, value);
@@ -30,7 +30,7 @@ bool isComparison(const Token &token)
     return false;
 }
 
-/// Behind = and the like, or one of the two behind BETWEEN. Anywhere else a number may be part of the grammar.
+/// True after a comparison operator, and for both bounds of BETWEEN. Elsewhere a number may be part of the grammar.
 bool isComparedAt(const std::vector<Token> &tokens, std::size_t at)
 {
     if (at == 0) return false;
@@ -46,10 +46,10 @@ SqlShape shapeOf(std::vector<Token> tokens)
     SqlShape shape;
     for (std::size_t at = 0; at < tokens.size(); ++at) {
         Token &token = tokens[at];
-        if (shape.numbers.size() == kPlaces.size() || !isComparedAt(tokens, at)) continue;
+        if (shape.numbers.size() == kParameters.size() || !isComparedAt(tokens, at)) continue;
         const std::optional<std::int64_t> number = wholeNumber(token);
         if (!number) continue;
-        token.text = kPlaces[shape.numbers.size()];
+        token.text = kParameters[shape.numbers.size()];
         shape.numbers.push_back(*number);
     }
     std::size_t size = 0;

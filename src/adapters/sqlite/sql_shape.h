@@ -8,12 +8,12 @@
 
 namespace inin {
 
-/// A statement without the whole numbers that its columns are compared with. The suite pastes them into its texts, so
-/// texts that ask for one patient after another have one shape, and one prepared statement serves them all.
+/// A statement whose compared integers are replaced by parameters. The suite inserts such numbers into its statements,
+/// so queries for one patient after another have the same shape and share one prepared statement.
 struct SqlShape {
     std::vector<Token> tokens; ///< with ?1, ?2, … in place of the numbers
     std::vector<std::int64_t> numbers;
-    std::string key; ///< equal for texts of one shape only
+    std::string key; ///< equal only for statements of the same shape
 };
 
 [[nodiscard]] SqlShape shapeOf(std::vector<Token> tokens);

@@ -11,8 +11,8 @@ namespace inin {
 
 namespace {
 
-/// Words that no reading statement holds outside its quotes; the server would take them for a second statement even
-/// without a semicolon. INTO makes a SELECT write a new table there.
+/// Words that must not appear unquoted in a SELECT: the server would start a second statement even without a semicolon.
+/// INTO makes a SELECT create a table.
 constexpr std::array<std::string_view, 16> kForbiddenInSelect{
     "alter", "begin",  "commit", "create", "delete", "drop",     "exec",     "execute",
     "grant", "insert", "into",   "merge",  "revoke", "rollback", "truncate", "update"};
@@ -26,13 +26,13 @@ template <std::size_t size> bool isAnyWord(const Token &token, const std::array<
            std::any_of(words.begin(), words.end(), [&](std::string_view word) { return token.isWord(word); });
 }
 
-/// A column or an alias may bear a forbidden word behind a dot only: everything else is the verb of a statement.
+/// A column may have a forbidden word as its name only after a dot; elsewhere the word begins a statement.
 bool isForbidden(const std::vector<Token> &tokens, std::size_t at)
 {
     return isAnyWord(tokens[at], kForbiddenInSelect) && (at == 0 || !tokens[at - 1].isSymbol("."));
 }
 
-/// A second SELECT side by side with the first, as a batch without a semicolon has it.
+/// True for the second SELECT of a batch without a semicolon.
 bool startsSecondSelect(const std::vector<Token> &tokens, std::size_t at)
 {
     if (at == 0 || !tokens[at].isWord("select")) return false;
@@ -41,7 +41,7 @@ bool startsSecondSelect(const std::vector<Token> &tokens, std::size_t at)
            !before.isWord("intersect");
 }
 
-/// The tokens without the semicolons at the end.
+/// The number of tokens without trailing semicolons.
 std::size_t countWithoutTail(const std::vector<Token> &tokens)
 {
     std::size_t count = tokens.size();
@@ -60,7 +60,7 @@ bool hasInnerSemicolon(const std::vector<Token> &tokens, std::size_t count)
 std::string lexicalProblem(const std::vector<Token> &tokens)
 {
     for (const Token &token : tokens) {
-        // To SQLite these would be values that nobody gives, and count as NULL without a word.
+        // SQLite would read these as parameters and silently take NULL for each one without a value.
         const bool isParameter = token.isSymbol("?") || token.isSymbol(":") || token.isSymbol("$");
         if (isParameter || (token.kind == TokenKind::word && token.text.front() == '@'))
             return "a value for a parameter is missing";

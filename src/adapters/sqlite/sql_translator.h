@@ -10,33 +10,33 @@
 
 namespace inin {
 
-/// The kinds of a SELECT's result columns in order. An item without a kind is a *, any number of columns.
+/// The kinds of a SELECT's result columns in order. An item without a kind is a *, which may be several columns.
 using ResultKinds = std::vector<std::optional<ColumnKind>>;
 
-/// A translated statement, or what is wrong with the text when `problem` is not empty.
+/// A translated statement, or the error in the statement when `problem` is not empty.
 struct Translation {
     std::string text;
     std::string problem;
     ResultKinds results{}; ///< of the outermost SELECT, the first one of a UNION
 };
 
-/// Turns a SQL Server text of the suite into SQLite's: SELECT TOP n, CONVERT(VARCHAR, x, 111 or 112), LEFT(a, n),
-/// ISNULL, GetDate(), 0x… values, + between texts, a literal that is wholly a date against a date column, and
-/// comparisons, LIKE, ORDER BY, GROUP BY, DISTINCT, MIN, MAX and CASE on texts as the server's Japanese collation has
-/// them. Works on tokens: a quoted text is never touched except by its own rule. What it does not know passes through,
-/// for SQLite to judge. docs/embedded-database.md lists what is not covered.
+/// Translates a SQL Server statement of the suite to SQLite: SELECT TOP n, CONVERT(VARCHAR, x, 111 or 112), LEFT(a, n),
+/// ISNULL, GetDate(), 0x… values, + between texts, date literals for date columns, and comparisons, LIKE, ORDER BY,
+/// GROUP BY, DISTINCT, MIN, MAX and CASE of texts under the server's Japanese collation. It works on tokens, so no
+/// other rule changes a quoted text. Anything else is passed to SQLite unchanged. docs/embedded-database.md lists the
+/// limits.
 [[nodiscard]] Translation translateSql(std::string_view sqlServerText, const SqlSchema &schema);
 [[nodiscard]] Translation translateSql(const std::vector<Token> &tokens, const SqlSchema &schema);
 
-/// Why no statement can be made of the tokens (a literal without its end, ...); empty when they are sound.
+/// The lexical error of the tokens, such as an unterminated literal; empty when they are valid.
 [[nodiscard]] std::string lexicalProblem(const std::vector<Token> &tokens);
 
-/// True when the text is one SELECT (or WITH … SELECT) and nothing else, besides comments and a semicolon at its end.
+/// True for a single SELECT (or WITH … SELECT), possibly with comments and a trailing semicolon.
 [[nodiscard]] bool isSingleSelect(std::string_view sqlServerText);
 [[nodiscard]] bool isSingleSelect(const std::vector<Token> &tokens);
 
-/// True when the text is one statement that reads or changes rows or tables. Batches, transactions, ATTACH and PRAGMA
-/// are none: the port has its own operations, and a session keeps to its one file.
+/// True for a single statement that reads or changes rows or tables. False for batches, for transactions, which have
+/// their own operations, and for ATTACH and PRAGMA, which could reach beyond the session's file.
 [[nodiscard]] bool isSingleStatement(const std::vector<Token> &tokens);
 
 } // namespace inin

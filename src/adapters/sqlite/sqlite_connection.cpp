@@ -9,7 +9,7 @@ namespace inin {
 
 namespace {
 
-/// "C:\data\demo.db" is the database demo.
+/// The file name without folder and extension: "C:\data\demo.db" is the database demo.
 std::string databaseName(const std::string &dataSource)
 {
     const std::size_t folder = dataSource.find_last_of("/\\");
@@ -38,7 +38,7 @@ void SqliteConnection::Open(const std::string &connectionString, const std::stri
     m_database = databaseName(ConnectionString(connectionString).value("Data Source"));
 }
 
-/// The words of a refusal never hold the connection string, which may hold a password.
+/// The error messages do not contain the connection string, because it may contain a password.
 std::unique_ptr<SqliteHandle> SqliteConnection::openFile(const std::string &connectionString)
 {
     const ConnectionString parts(connectionString);
@@ -51,8 +51,8 @@ std::unique_ptr<SqliteHandle> SqliteConnection::openFile(const std::string &conn
     const std::string source = parts.value("Data Source");
     if (source.empty())
         raise(*m_errors, providerError(ado_error::unspecified, "IM002", "the connection string names no Data Source"));
-    auto handle = std::make_unique<SqliteHandle>(m_resolvePath(source), source, m_timeout, *m_errors);
-    if (equalsIgnoringAsciiCase(parts.value("Mode"), "Share Exclusive")) handle->claim(*m_errors);
+    auto handle = std::make_unique<SqliteHandle>(m_resolvePath(source), source, m_timeout, *m_errors, m_pool->clock());
+    if (equalsIgnoringAsciiCase(parts.value("Mode"), "Share Exclusive")) handle->lockExclusively(*m_errors);
     return handle;
 }
 

@@ -13,8 +13,7 @@ namespace inin {
 
 using ResolvePath = std::function<std::string(const std::string &)>;
 
-/// What a session has of the database while it is open. A record set shares it, and finds the connection gone when the
-/// session was closed under it.
+/// The connection of an open session, shared with its record sets. `handle` is empty once the session is closed.
 struct SqliteLease {
     std::unique_ptr<SqliteHandle> handle;
     std::shared_ptr<std::vector<ProviderError>> errors;
@@ -41,7 +40,7 @@ public:
     void RollbackTrans() override { handle().rollback(*m_errors); }
     [[nodiscard]] std::vector<ProviderError> &Errors() override { return *m_errors; }
 
-    /// Error 3704 when the session is closed.
+    /// The lease of an open session; error 3704 when it is closed.
     [[nodiscard]] std::shared_ptr<SqliteLease> lease() const;
 
 private:

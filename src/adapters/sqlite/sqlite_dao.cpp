@@ -27,7 +27,7 @@ std::string connectionString(const std::string &path, DaoWorkspace::Sharing shar
 std::unique_ptr<DaoEngine> makeSqliteDao(std::function<std::string(const std::string &)> resolvePath)
 {
     constexpr std::string_view kStart("SQLite format 3\0", 16);
-    // The path is resolved once, before the file is looked at.
+    // The provider keeps the path, because makeDaoOverAdo has resolved it.
     std::shared_ptr<Database> provider = makeSqliteDatabase([](const std::string &path) { return path; });
     return makeDaoOverAdo({std::move(provider), std::move(resolvePath),
                            [kStart](std::string_view start) { return start.starts_with(kStart); }, connectionString,

@@ -8,8 +8,8 @@
 
 namespace inin {
 
-/// The embedded database behind the older library's port: a database's name is the path of its file. `resolvePath`
-/// turns it, a path of the suite, into one that the system opens.
+/// The embedded database with the interface of DAO. A database's name is the path of its file; `resolvePath` converts
+/// that path of the suite to one of the operating system.
 [[nodiscard]] std::unique_ptr<DaoEngine> makeSqliteDao(std::function<std::string(const std::string &)> resolvePath);
 
 } // namespace inin

@@ -27,7 +27,7 @@ public:
 
 private:
     ResolvePath m_resolvePath;
-    /// Shared with the sessions, which may outlive the library and then close their files themselves.
+    /// Shared with the sessions, which may outlive this object and then close their files themselves.
     std::shared_ptr<SqlitePool> m_pool = std::make_shared<SqlitePool>();
 };
 
@@ -35,8 +35,8 @@ private:
 
 std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std::string &)> resolvePath)
 {
-    // Nobody asks the library how much memory it holds; counting would take a lock at every piece. Refused, and of no
-    // matter, once the library runs.
+    // Memory statistics are not used and would lock a mutex at each allocation. The call fails, without harm, once
+    // SQLite is initialized.
     (void)sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     return std::make_unique<SqliteDatabase>(std::move(resolvePath));
 }
@@ -48,7 +48,7 @@ bool isSoundSqliteDatabase(const std::string &connectionString,
     if (!equalsIgnoringAsciiCase(parts.value("Provider"), "SQLite")) return true;
     const std::string source = parts.value("Data Source");
     std::vector<ProviderError> errors;
-    return SqliteHandle(resolvePath(source), source, kDefaultCommandTimeout, errors).isSound(errors);
+    return SqliteHandle(resolvePath(source), source, kDefaultCommandTimeout, errors).passesIntegrityCheck(errors);
 }
 
 } // namespace inin

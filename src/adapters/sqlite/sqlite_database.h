@@ -8,14 +8,14 @@
 
 namespace inin {
 
-/// The embedded database behind the database port. Takes `Provider=SQLite;Data Source=demo.db`; statements come in as
-/// SQL Server texts. Physical connections are kept idle for a minute, by connection string.
-/// `resolvePath` turns the Data Source, a path of the suite, into one that the system opens.
+/// The database port on SQLite. It opens `Provider=SQLite;Data Source=demo.db` and runs statements written for SQL
+/// Server. Idle physical connections are kept for a minute, by connection string. `resolvePath` converts the Data
+/// Source, a path of the suite, to one of the operating system.
 [[nodiscard]] std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std::string &)> resolvePath);
 
-/// Reads the whole database file of a connection string, its pages, rows and indexes; false where they contradict each
-/// other. A wrong byte within a value is not noticed. RuntimeError when the file cannot be opened or is locked; a
-/// connection string of another provider is sound.
+/// Checks the pages, rows and indexes of the whole database file of a connection string; false when they are
+/// inconsistent. A changed byte within a value is not detected. RuntimeError when the file cannot be opened or is
+/// locked. True for another provider's connection string.
 [[nodiscard]] bool isSoundSqliteDatabase(const std::string &connectionString,
                                          const std::function<std::string(const std::string &)> &resolvePath);
 

@@ -20,13 +20,13 @@ constexpr CodeRow kCodes[] = {
     {SQLITE_RANGE, ado_error::faultyStatement, "42000"},
 };
 
-/// SQLite has one code for every fault of a statement; its words tell which.
-struct WordsRow {
+/// SQLite has one code for all errors in a statement; the message distinguishes them.
+struct MessageRow {
     std::string_view start;
     std::int32_t number;
     std::string_view sqlState;
 };
-constexpr WordsRow kWords[] = {
+constexpr MessageRow kMessages[] = {
     {"no such table", ado_error::noSuchTable, "42S02"},
     {"no such column", ado_error::faultyStatement, "42S22"},
     {"cannot start a transaction", ado_error::transactionRunning, "25000"},
@@ -39,9 +39,9 @@ constexpr WordsRow kWords[] = {
 ProviderError providerError(sqlite3 *db, int code)
 {
     const int extended = db == nullptr ? code : sqlite3_extended_errcode(db);
-    const std::string words = soundUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
+    const std::string message = soundUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
     ProviderError error =
-        providerError(ado_error::unspecified, "HY000", words, extended == SQLITE_OK ? code : extended);
+        providerError(ado_error::unspecified, "HY000", message, extended == SQLITE_OK ? code : extended);
     const int primary = code & 0xFF;
     for (const CodeRow &row : kCodes) {
         if (row.code != primary) continue;
@@ -51,8 +51,8 @@ ProviderError providerError(sqlite3 *db, int code)
     if (primary != SQLITE_ERROR) return error;
     error.Number = ado_error::faultyStatement;
     error.SQLState = "42000";
-    for (const WordsRow &row : kWords) {
-        if (words.rfind(row.start, 0) != 0) continue;
+    for (const MessageRow &row : kMessages) {
+        if (message.rfind(row.start, 0) != 0) continue;
         error.Number = row.number;
         error.SQLState = row.sqlState;
     }

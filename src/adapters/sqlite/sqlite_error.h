@@ -10,9 +10,9 @@ struct sqlite3;
 
 namespace inin {
 
-/// One entry of the error list for what SQLite just reported on `db`.
+/// An entry of the error list for the last error of SQLite on `db`.
 [[nodiscard]] ProviderError providerError(sqlite3 *db, int code);
-/// An entry for a refusal of our own, before SQLite saw anything.
+/// An entry for an error that the adapter detects itself.
 [[nodiscard]] ProviderError providerError(std::int32_t number, std::string_view sqlState, std::string description,
                                           std::int32_t nativeError = 0);
 

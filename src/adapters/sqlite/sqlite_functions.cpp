@@ -32,12 +32,12 @@ std::string_view textOf(sqlite3_value *value)
     return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-void giveText(sqlite3_context *context, const std::string &text)
+void returnText(sqlite3_context *context, const std::string &text)
 {
     sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-/// No C++ exception may cross SQLite's frames.
+/// Keeps C++ exceptions out of SQLite's C functions. The result is NULL if any argument is.
 template <void (*body)(sqlite3_context *, int, sqlite3_value **)>
 void guarded(sqlite3_context *context, int count, sqlite3_value **values)
 try {
@@ -48,7 +48,7 @@ try {
     sqlite3_result_error(context, error.what(), -1);
 }
 
-/// like(pattern, text [, escape]) stands behind the LIKE operator. The compiled pattern stays with the statement.
+/// like(pattern, text [, escape]) implements the LIKE operator. The compiled pattern is kept with the statement.
 void like(sqlite3_context *context, int count, sqlite3_value **values)
 {
     auto *pattern = static_cast<LikePattern *>(sqlite3_get_auxdata(context, 0));
@@ -70,7 +70,7 @@ void like(sqlite3_context *context, int count, sqlite3_value **values)
                             [](void *kept) { std::unique_ptr<LikePattern>(static_cast<LikePattern *>(kept)).reset(); });
 }
 
-/// The part of a text as the server counts it: a start before 1 takes of the length, a negative length is an error.
+/// SUBSTRING as on the server: a start before 1 shortens the result, a negative length is an error.
 void substring(sqlite3_context *context, int, sqlite3_value **values)
 {
     std::int64_t start = sqlite3_value_int64(values[1]);
@@ -81,20 +81,20 @@ void substring(sqlite3_context *context, int, sqlite3_value **values)
         start = 1;
     }
     const std::string text = soundUtf8(textOf(values[0]));
-    giveText(context,
-             units <= 0 ? std::string() : mid(text, static_cast<std::size_t>(start), static_cast<std::size_t>(units)));
+    returnText(context, units <= 0 ? std::string()
+                                   : mid(text, static_cast<std::size_t>(start), static_cast<std::size_t>(units)));
 }
 
 void leftPart(sqlite3_context *context, int, sqlite3_value **values)
 {
     const std::int64_t units = sqlite3_value_int64(values[1]);
     if (units < 0) return sqlite3_result_error(context, "the length of LEFT is negative", -1);
-    giveText(context, left(soundUtf8(textOf(values[0])), static_cast<std::size_t>(units)));
+    returnText(context, left(soundUtf8(textOf(values[0])), static_cast<std::size_t>(units)));
 }
 
 void dateText(sqlite3_context *context, int, sqlite3_value **values)
 {
-    giveText(context, convertDateText(textOf(values[0]), sqlite3_value_int(values[1])));
+    returnText(context, convertDateText(textOf(values[0]), sqlite3_value_int(values[1])));
 }
 
 struct FunctionRow {

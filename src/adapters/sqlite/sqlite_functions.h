@@ -4,8 +4,8 @@ struct sqlite3;
 
 namespace inin {
 
-/// Gives a connection what the translated statements call: the collations of texts and dates, LIKE as the server
-/// compares, SUBSTRING and LEFT by UTF-16 units, and dates as texts. Gives back SQLite's code.
+/// Registers what translated statements use: the collations of texts and dates, the server's LIKE, SUBSTRING and LEFT
+/// by UTF-16 units, and the conversion of dates to texts. Returns SQLite's result code.
 [[nodiscard]] int registerSqlFunctions(sqlite3 *db);
 
 } // namespace inin

@@ -22,10 +22,10 @@ namespace inin {
 namespace {
 
 constexpr std::size_t kRecentStatements = 48;
-/// Steps of SQLite's machine between two looks at the clock, some tens of microseconds.
+/// Instructions of SQLite's virtual machine between two timeout checks, a few tens of microseconds.
 constexpr int kProgressSteps = 4000;
 constexpr int kBusyPauseMs = 5;
-/// SQLite's own bit for the optimization, which its header does not name.
+/// SQLite's bit for this optimization, which has no name in its public header.
 constexpr int kBloomFilter = 0x00080000;
 
 bool isDatabaseFile(const std::string &path, bool &isEmpty)
@@ -38,7 +38,7 @@ bool isDatabaseFile(const std::string &path, bool &isEmpty)
     return std::string_view(start.data(), static_cast<std::size_t>(file.gcount())) == kHeader;
 }
 
-std::unique_ptr<SqliteStatement> prepareOwn(sqlite3 *db, const char *sql)
+std::unique_ptr<SqliteStatement> prepareInternal(sqlite3 *db, const char *sql)
 {
     sqlite3_stmt *statement = nullptr;
     if (sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK) return nullptr;
@@ -49,55 +49,57 @@ std::unique_ptr<SqliteStatement> prepareOwn(sqlite3 *db, const char *sql)
 
 void SqliteHandle::Close::operator()(sqlite3 *db) const
 {
-    // The second form waits for statements that an open record set still holds.
+    // Unlike sqlite3_close, it defers the closing while an open record set still has a statement.
     sqlite3_close_v2(db);
 }
 
-SqliteHandle::SqliteHandle(std::string path, const std::string &shown, std::int32_t timeoutSeconds, Errors &errors)
-    : m_path(std::move(path)), m_timeout(timeoutSeconds)
+SqliteHandle::SqliteHandle(std::string path, const std::string &displayPath, std::int32_t timeoutSeconds,
+                           Errors &errors, std::function<TimePoint()> now)
+    : m_path(std::move(path)), m_timeout(timeoutSeconds), m_now(std::move(now))
 {
-    openFile(shown, errors);
+    openFile(displayPath, errors);
     configure(errors);
     startCommand();
     const int code = refreshSchema();
     if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
-    // A print run walks over most of the patients: what it read stays at hand. A failure costs time only.
+    // A print run reads most of the patients, so the cache is enlarged. A failure only costs time.
     (void)sqlite3_exec(m_db.get(), "PRAGMA cache_size = -16384", nullptr, nullptr, nullptr);
 }
 
 SqliteHandle::~SqliteHandle() = default;
 
-/// SQLite would take a missing or an empty file for a new database and tell the fault at the first statement only.
-void SqliteHandle::openFile(const std::string &shown, Errors &errors)
+/// Refuses a missing, empty or foreign file itself: SQLite would take an empty file for a new database and report a
+/// foreign one only at the first statement.
+void SqliteHandle::openFile(const std::string &displayPath, Errors &errors)
 {
     const std::optional<FileIdentity> identity = fileIdentity(m_path);
-    const auto refuse = [&errors](std::string words, int code) {
-        raise(errors, providerError(ado_error::unspecified, "HY000", std::move(words), code));
+    const auto refuse = [&errors](std::string message, int code) {
+        raise(errors, providerError(ado_error::unspecified, "HY000", std::move(message), code));
     };
-    if (!identity) refuse("unable to open database file: " + shown, SQLITE_CANTOPEN);
+    if (!identity) refuse("unable to open database file: " + displayPath, SQLITE_CANTOPEN);
     m_identity = *identity;
     sqlite3 *db = nullptr;
     const int code =
         sqlite3_open_v2(m_path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, databaseFileCalls());
     m_db.reset(db);
-    if (code != SQLITE_OK) refuse("unable to open database file: " + shown, code);
+    if (code != SQLITE_OK) refuse("unable to open database file: " + displayPath, code);
     bool isEmpty = false;
     const bool isDatabase = isDatabaseFile(m_path, isEmpty);
-    if (isEmpty) refuse("file is empty or cannot be read: " + shown, SQLITE_NOTADB);
-    if (!isDatabase) refuse("file is not a database: " + shown, SQLITE_NOTADB);
+    if (isEmpty) refuse("file is empty or cannot be read: " + displayPath, SQLITE_NOTADB);
+    if (!isDatabase) refuse("file is not a database: " + displayPath, SQLITE_NOTADB);
 }
 
 void SqliteHandle::configure(Errors &errors)
 {
     sqlite3 *db = m_db.get();
     sqlite3_extended_result_codes(db, 1);
-    // A name in double quotes is a name only, as on the server; SQLite would take an unknown one for a text.
+    // Double quotes delimit names only, as on the server; by default SQLite reads an unknown name as a text.
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    // Its filters before an automatic index hash a text by its length: in a join, texts that are equal under the
-    // server's collation but differ in length would not find each other.
+    // The bloom filters of automatic indexes hash a text by its length, so a join would miss texts that are equal under
+    // the server's collation but differ in length.
     sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, db, kBloomFilter);
     sqlite3_progress_handler(db, kProgressSteps, onProgress, this);
     sqlite3_busy_handler(db, onBusy, this);
@@ -105,10 +107,10 @@ void SqliteHandle::configure(Errors &errors)
     if (code != SQLITE_OK) raise(errors, providerError(db, code));
 }
 
-/// SQLite counts every change of the tables. A changed count makes the column kinds stale, and the translations.
+/// Reloads the columns and drops the translated statements when SQLite's schema version has changed.
 int SqliteHandle::refreshSchema()
 {
-    if (!m_schemaVersion) m_schemaVersion = prepareOwn(m_db.get(), "PRAGMA schema_version");
+    if (!m_schemaVersion) m_schemaVersion = prepareInternal(m_db.get(), "PRAGMA schema_version");
     if (!m_schemaVersion) return sqlite3_errcode(m_db.get());
     const int code = sqlite3_step(m_schemaVersion->get());
     const std::int64_t version = code == SQLITE_ROW ? sqlite3_column_int64(m_schemaVersion->get(), 0) : -1;
@@ -125,19 +127,19 @@ int SqliteHandle::loadSchema()
 {
     m_schema = SqlSchema();
     int code = SQLITE_OK;
-    // A view that stands on a table no longer there must not shut the whole database out.
+    // A view of a dropped table must not make the whole database unusable.
     for (const char *kind : {"table", "view"}) {
         const std::string sql = "SELECT m.name, c.name, c.type FROM sqlite_schema m, pragma_table_info(m.name) c "
                                 "WHERE m.type = '" +
                                 std::string(kind) + "'";
-        const auto columns = prepareOwn(m_db.get(), sql.c_str());
+        const auto columns = prepareInternal(m_db.get(), sql.c_str());
         if (!columns) return sqlite3_errcode(m_db.get());
         int step = SQLITE_ROW;
         while ((step = sqlite3_step(columns->get())) == SQLITE_ROW) {
             const auto text = [&columns](std::size_t index) {
                 const Variant value = columns->value(index);
-                const std::string *words = value.getIf<std::string>();
-                return words == nullptr ? std::string() : *words;
+                const std::string *name = value.getIf<std::string>();
+                return name == nullptr ? std::string() : *name;
             };
             m_schema.add(text(0), text(1), text(2));
         }
@@ -146,7 +148,7 @@ int SqliteHandle::loadSchema()
     return code;
 }
 
-/// Somebody wrote to the file since the last look, perhaps its tables. Known only after a step that read from it.
+/// True if the file, possibly its schema, was changed since the last call. Valid only after a step that read from it.
 bool SqliteHandle::wasFileChanged()
 {
     unsigned version = 0;
@@ -170,7 +172,7 @@ std::shared_ptr<SqliteStatement> SqliteHandle::openReading(const std::string &sq
     if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
     if (version == m_version) return statement;
     statement->reset();
-    return open(); // translated by columns that are no more
+    return open(); // the first translation used columns that have changed
 }
 
 std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &shape, Errors &errors)
@@ -179,19 +181,19 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &sh
                                     [&shape](const auto &entry) { return entry.first == shape.key; });
     if (found != m_recent.end()) {
         std::rotate(m_recent.begin(), found, found + 1);
-        // One that another record set is reading cannot be run twice at once.
+        // A statement that another record set is reading cannot be run again.
         if (m_recent.front().second.use_count() == 1) return m_recent.front().second;
         m_recent.erase(m_recent.begin());
     }
-    const auto refuse = [&errors](std::string words, int code) {
-        raise(errors, providerError(ado_error::faultyStatement, "42000", std::move(words), code));
+    const auto refuse = [&errors](std::string message, int code) {
+        raise(errors, providerError(ado_error::faultyStatement, "42000", std::move(message), code));
     };
     if (!isSingleSelect(shape.tokens)) {
         const std::string problem = lexicalProblem(shape.tokens);
         refuse(problem.empty() ? "a read-only record set runs one SELECT and nothing else" : problem, SQLITE_ERROR);
     }
     std::shared_ptr<SqliteStatement> statement = prepare(shape.tokens, errors);
-    // No statement is known that comes this far and writes. SQLite has the last word, whatever a later version may add.
+    // No known statement reaches this point and writes. SQLite decides, in case a later version adds one.
     if (sqlite3_stmt_readonly(statement->get()) == 0)
         refuse("a read-only record set cannot change the database", SQLITE_READONLY);
     if (m_recent.size() == kRecentStatements) m_recent.pop_back();
@@ -231,7 +233,7 @@ bool SqliteHandle::step(SqliteStatement &statement, Errors &errors)
 std::int32_t SqliteHandle::execute(const std::string &sql, Errors &errors)
 {
     const std::vector<Token> tokens = tokenizeSql(sql);
-    if (tokens.empty()) return -1; // the server runs blank text without complaint
+    if (tokens.empty()) return -1; // the server accepts blank text
     const std::string problem = lexicalProblem(tokens);
     if (!problem.empty() || !isSingleStatement(tokens))
         raise(errors,
@@ -254,64 +256,63 @@ std::int32_t SqliteHandle::execute(const std::string &sql, Errors &errors)
     return -1;
 }
 
-void SqliteHandle::runOwn(const char *sql, Errors &errors)
+void SqliteHandle::runInternal(const char *sql, Errors &errors)
 {
     startCommand();
     const int code = sqlite3_exec(m_db.get(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
 }
 
-/// SQLite keeps the lock of the first write beyond its transaction.
-void SqliteHandle::claim(Errors &errors)
+/// In this mode SQLite keeps the lock of the first transaction after its end.
+void SqliteHandle::lockExclusively(Errors &errors)
 {
-    runOwn("PRAGMA locking_mode = EXCLUSIVE", errors);
-    runOwn("BEGIN EXCLUSIVE", errors);
-    runOwn("COMMIT", errors);
-    m_isClaimed = true;
+    runInternal("PRAGMA locking_mode = EXCLUSIVE", errors);
+    runInternal("BEGIN EXCLUSIVE", errors);
+    runInternal("COMMIT", errors);
+    m_isExclusive = true;
 }
 
-/// IMMEDIATE, because a lock that is asked for later could not be waited for: two readers that both want to write
-/// would wait for each other.
+/// IMMEDIATE, because two transactions that read first and request the write lock later would deadlock.
 void SqliteHandle::begin(Errors &errors)
 {
-    runOwn("BEGIN IMMEDIATE", errors);
+    runInternal("BEGIN IMMEDIATE", errors);
 }
 
 void SqliteHandle::commit(Errors &errors)
 {
-    runOwn("COMMIT", errors);
+    runInternal("COMMIT", errors);
 }
 
 void SqliteHandle::rollback(Errors &errors)
 {
-    runOwn("ROLLBACK", errors);
+    runInternal("ROLLBACK", errors);
     if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
 }
 
-bool SqliteHandle::isSound(Errors &errors)
+bool SqliteHandle::passesIntegrityCheck(Errors &errors)
 {
     startCommand();
-    const auto check = prepareOwn(m_db.get(), "PRAGMA integrity_check(1)");
+    const auto check = prepareInternal(m_db.get(), "PRAGMA integrity_check(1)");
     const int code = check ? sqlite3_step(check->get()) : sqlite3_errcode(m_db.get());
     if ((code & 0xFF) == SQLITE_CORRUPT) return false;
     if (code != SQLITE_ROW) raise(errors, providerError(m_db.get(), code));
     const Variant answer = check->value(0);
-    const std::string *words = answer.getIf<std::string>();
-    return words != nullptr && *words == "ok";
+    const std::string *text = answer.getIf<std::string>();
+    return text != nullptr && *text == "ok";
 }
 
 bool SqliteHandle::tidy()
 {
-    // An idle connection must not keep others out.
-    if (m_isClaimed) return false;
+    // An idle connection must not lock the file.
+    if (m_isExclusive) return false;
     sqlite3 *db = m_db.get();
     for (sqlite3_stmt *running = sqlite3_next_stmt(db, nullptr); running != nullptr;
          running = sqlite3_next_stmt(db, running))
-        if (sqlite3_stmt_busy(running) != 0) (void)sqlite3_reset(running); // an old failure, told already
+        if (sqlite3_stmt_busy(running) != 0) (void)sqlite3_reset(running); // returns an error already reported
     startCommand();
     if (sqlite3_get_autocommit(db) == 0 && sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr) != SQLITE_OK)
         return false;
-    m_isHopeless = nullptr;
+    m_isDeadlock = nullptr;
     m_timeout = kDefaultCommandTimeout;
     return true;
 }
@@ -333,12 +334,12 @@ bool SqliteHandle::isWriting() const
 
 void SqliteHandle::startCommand()
 {
-    m_deadline = m_timeout == 0 ? Clock::time_point::max() : Clock::now() + std::chrono::seconds(m_timeout);
+    m_deadline = m_timeout == 0 ? TimePoint::max() : m_now() + std::chrono::seconds(m_timeout);
 }
 
 bool SqliteHandle::isTimeUp() const
 {
-    return Clock::now() >= m_deadline;
+    return m_now() >= m_deadline;
 }
 
 int SqliteHandle::onProgress(void *self)
@@ -349,7 +350,7 @@ int SqliteHandle::onProgress(void *self)
 int SqliteHandle::onBusy(void *self, int)
 {
     const auto &handle = *static_cast<const SqliteHandle *>(self);
-    if (handle.isTimeUp() || (handle.m_isHopeless && handle.m_isHopeless())) return 0;
+    if (handle.isTimeUp() || (handle.m_isDeadlock && handle.m_isDeadlock())) return 0;
     sqlite3_sleep(kBusyPauseMs);
     return 1;
 }

@@ -7,9 +7,9 @@ namespace inin {
 void SqlitePool::lend(SqliteHandle &handle)
 {
     m_lent.insert(&handle);
-    // All sessions live on one thread: while this one waits, none of the others can end what it has begun. Another's
-    // writing shuts out all, another's reading only the commit of one that has written.
-    handle.setHopelessLock([this, &handle] {
+    // All sessions run on one thread: while this one waits, no other can end its transaction or release its read lock.
+    // A session with the write lock blocks all others, a reading session only the commit of a writer.
+    handle.setDeadlockCheck([this, &handle] {
         return std::any_of(m_lent.begin(), m_lent.end(), [&handle](const SqliteHandle *other) {
             return other != &handle && (other->isWriting() || (handle.isWriting() && other->isReading()));
         });

@@ -11,25 +11,31 @@
 
 namespace inin {
 
-/// The idle connections of the embedded database, and a list of those that sessions use.
+/// The idle connections of the embedded database, and the list of connections in use.
 class SqlitePool {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
-    explicit SqlitePool(std::function<TimePoint()> now = std::chrono::steady_clock::now) : m_idle(std::move(now)) {}
+    explicit SqlitePool(std::function<TimePoint()> now = std::chrono::steady_clock::now)
+        : m_now(now), m_idle(std::move(now))
+    {
+    }
+    /// The clock of the pool and of its connections.
+    [[nodiscard]] const std::function<TimePoint()> &clock() const { return m_now; }
 
-    /// An idle connection whose file is unchanged, nullptr when there is none.
+    /// An idle connection whose file is unchanged, nullptr for none.
     std::unique_ptr<SqliteHandle> take(const std::string &connectionString) { return m_idle.take(connectionString); }
-    /// Lists a connection that a session uses from now on, whether taken or new.
+    /// Lists a connection, taken or new, as in use by a session.
     void lend(SqliteHandle &handle);
-    /// A lent connection has the right to write.
+    /// True while a connection in use has the write lock.
     [[nodiscard]] bool isWriting() const;
-    /// Takes a connection back from its session; one that cannot be tidied is closed.
+    /// Returns a connection to the pool, or closes it when it cannot be used again.
     void giveBack(const std::string &connectionString, std::unique_ptr<SqliteHandle> handle);
-    /// Closes all idle connections, and from now on each that comes back.
+    /// Closes all idle connections, and later each one that is returned.
     void close() { m_idle.close(); }
     [[nodiscard]] std::size_t idleCount() const { return m_idle.idleCount(); }
 
 private:
+    std::function<TimePoint()> m_now;
     IdlePool<SqliteHandle> m_idle;
     std::set<const SqliteHandle *> m_lent;
 };

@@ -41,7 +41,7 @@ void SqliteRecordset::Close()
     release();
 }
 
-/// The statement goes back to the connection's recent ones, ready for the next run.
+/// Resets the statement, so that the connection can run it again.
 void SqliteRecordset::release()
 {
     if (isOpen()) m_statement->reset();
@@ -57,7 +57,7 @@ SqliteStatement &SqliteRecordset::statement() const
     return *m_statement;
 }
 
-/// After a failure there is no current row any more.
+/// After a failure there is no current row.
 void SqliteRecordset::step()
 {
     m_atEnd = true;
@@ -90,7 +90,7 @@ void SqliteRecordset::MoveNext()
         step();
 }
 
-/// On the server's side the statement runs anew.
+/// A server-side cursor runs the statement again.
 void SqliteRecordset::MoveFirst()
 {
     SqliteStatement &rows = statement();
@@ -119,7 +119,7 @@ std::string SqliteRecordset::fieldName(std::size_t index) const
     return m_statement->fieldName(index);
 }
 
-/// An expression has no declared type: the value in the current row tells.
+/// The type of an expression, which has no declared type, is that of its value in the current row.
 std::int32_t SqliteRecordset::fieldType(std::size_t index) const
 {
     constexpr std::int32_t kInteger = 3, kDouble = 5, kText = 202, kBinary = 204;

@@ -12,7 +12,7 @@
 
 namespace inin {
 
-/// Rows of one SELECT. On the server's side they stream from SQLite, on the client's all are read at the opening.
+/// The rows of one SELECT. A server-side cursor streams them from SQLite, a client-side one reads all when opened.
 class SqliteRecordset : public Recordset {
 public:
     SqliteRecordset() = default;
@@ -35,9 +35,9 @@ public:
     [[nodiscard]] Variant Value(std::size_t index) const override;
 
 private:
-    /// False also when the session was closed under the record set.
+    /// False also once the session is closed.
     [[nodiscard]] bool isOpen() const { return m_statement && m_lease->handle; }
-    /// Error 3704 when it is closed.
+    /// Error 3704 when the record set is closed.
     [[nodiscard]] SqliteStatement &statement() const;
     void step();
     void readAll();
@@ -45,7 +45,7 @@ private:
 
     std::shared_ptr<SqliteLease> m_lease;
     std::shared_ptr<SqliteStatement> m_statement;
-    std::vector<std::vector<Variant>> m_rows; ///< on the client's side
+    std::vector<std::vector<Variant>> m_rows; ///< of a client-side cursor
     std::size_t m_row = 0;
     bool m_atEnd = false;
     bool m_client = false;

@@ -15,7 +15,7 @@ namespace inin {
 
 namespace {
 
-/// ADO's codes of the kinds of columns.
+/// ADO's type codes.
 constexpr std::int32_t kSmallInt = 2, kInteger = 3, kDouble = 5, kDateTime = 135, kText = 202, kBinary = 204;
 
 std::int32_t typeOf(ColumnKind kind, std::string_view declared)
@@ -80,7 +80,7 @@ SqliteStatement::SqliteStatement(sqlite3_stmt *owned, ResultKinds results)
 
 void SqliteStatement::reset()
 {
-    // What a reset gives back is the failure of the run before, told already.
+    // Returns the error of the previous run, which was already reported.
     (void)sqlite3_reset(get());
 }
 
@@ -99,7 +99,7 @@ void SqliteStatement::readFields()
         const char *name = sqlite3_column_name(get(), column);
         const char *declared = sqlite3_column_decltype(get(), column);
         const std::string_view type = declared == nullptr ? "" : declared;
-        // The value of any other expression shows its own kind.
+        // The kind of any other expression follows from its value.
         const bool isDate =
             type.empty() && isDateExpression(static_cast<std::size_t>(column), static_cast<std::size_t>(count));
         const ColumnKind kind = isDate ? ColumnKind::date : kindOfDeclaredType(type);
@@ -107,7 +107,7 @@ void SqliteStatement::readFields()
     }
 }
 
-/// Items before the first * are counted from the first column, those after the last * from the last one.
+/// Items before the first * are counted from the first column, those after the last * from the last column.
 bool SqliteStatement::isDateExpression(std::size_t column, std::size_t count) const
 {
     const auto isStar = [](const std::optional<ColumnKind> &kind) { return !kind; };

@@ -18,22 +18,22 @@ namespace inin {
 /// A prepared SELECT with the names and kinds of its columns.
 class SqliteStatement {
 public:
-    /// `results` are the kinds of its columns as far as the translation knows them.
+    /// `results` are the kinds of the columns that the translation knows.
     explicit SqliteStatement(sqlite3_stmt *owned, ResultKinds results = {});
 
     [[nodiscard]] sqlite3_stmt *get() const { return m_statement.get(); }
     /// Ends the present run.
     void reset();
-    /// Reads names and kinds anew when SQLite prepared the text again because tables changed.
+    /// Reads names and kinds again if SQLite has prepared the statement again after a schema change.
     void refreshFields();
 
     [[nodiscard]] std::size_t fieldCount() const { return m_fields.size(); }
     [[nodiscard]] const std::string &fieldName(std::size_t index) const { return m_fields[index].name; }
-    /// ADO's type code by the declared type; 0 for an expression other than a date.
+    /// ADO's code of the declared type; 0 for an expression other than a date.
     [[nodiscard]] std::int32_t declaredType(std::size_t index) const { return m_fields[index].type; }
-    /// fieldCount() when there is none. Asked for each value of each row, so the answers are kept by name.
+    /// fieldCount() for an unknown name. Called for each value of each row, so the results are cached by name.
     [[nodiscard]] std::size_t fieldIndex(std::string_view name) const;
-    /// The value in the row that SQLite stands on.
+    /// The value in the current row.
     [[nodiscard]] Variant value(std::size_t index) const;
 
 private:

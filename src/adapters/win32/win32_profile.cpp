@@ -6,6 +6,7 @@
 #include "adapters/win32/win32_path.h"
 #include "adapters/win32/win32_text.h"
 #include "adapters/win32/windows_names.h"
+#include "platform/settings_limit.h"
 
 #include <algorithm>
 #include <limits>
@@ -27,6 +28,14 @@ std::string toldPath(const std::string &file)
     std::string path = file;
     std::ranges::replace(path, '/', '\\');
     return ansiFromUtf8(path);
+}
+
+bool isTooLarge(const std::string &file)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (isBareProfileName(file) || GetFileAttributesExW(widePath(file).c_str(), GetFileExInfoStandard, &data) == 0)
+        return false;
+    return data.nFileSizeHigh != 0 || data.nFileSizeLow > kMostSettingsBytes;
 }
 
 class CalledProfile : public Profile {
@@ -65,13 +74,13 @@ public:
     std::int32_t GetPrivateProfileInt(const Text &section, const Text &key, std::int32_t defaultValue,
                                       const std::string &file) override
     {
-        return roadTo(file).GetPrivateProfileInt(section, key, defaultValue, file);
+        return implementationFor(file).GetPrivateProfileInt(section, key, defaultValue, file);
     }
 
     std::string GetPrivateProfileString(const Text &section, const Text &key, const std::string &defaultValue,
                                         std::size_t size, const std::string &file) override
     {
-        return roadTo(file).GetPrivateProfileString(section, key, defaultValue, size, file);
+        return implementationFor(file).GetPrivateProfileString(section, key, defaultValue, size, file);
     }
 
     std::int32_t WritePrivateProfileString(const Text &section, const Text &key, const Text &value,
@@ -79,11 +88,15 @@ public:
     {
         // Applies to administrators too, where the system would permit it.
         if (isReadOnlyWin32File(widePath(file))) return 0;
-        return roadTo(file).WritePrivateProfileString(section, key, value, file);
+        return implementationFor(file).WritePrivateProfileString(section, key, value, file);
     }
 
 private:
-    [[nodiscard]] Profile &roadTo(const std::string &file) const { return canBeTold(file) ? *m_calls : *m_bytes; }
+    /// The calls would read a file that is too large to its end; by bytes it is unreadable.
+    [[nodiscard]] Profile &implementationFor(const std::string &file) const
+    {
+        return canBeTold(file) && !isTooLarge(file) ? *m_calls : *m_bytes;
+    }
 
     std::unique_ptr<Profile> m_calls = makeCalledProfile();
     std::unique_ptr<Profile> m_bytes = makeProfileByBytes();

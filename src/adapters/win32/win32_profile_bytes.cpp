@@ -4,6 +4,7 @@
 #include "adapters/win32/win32_profile.h"
 #include "adapters/win32/win32_text.h"
 #include "adapters/win32/windows_names.h"
+#include "platform/settings_limit.h"
 
 namespace inin {
 
@@ -18,7 +19,8 @@ Win32FileHandle opened(const std::wstring &path, DWORD access, DWORD others, DWO
 bool readWhole(const Win32FileHandle &file, std::string &bytes)
 {
     LARGE_INTEGER size{};
-    return GetFileSizeEx(file.get(), &size) != 0 && readUpTo(file, static_cast<std::size_t>(size.QuadPart), bytes);
+    return GetFileSizeEx(file.get(), &size) != 0 && static_cast<std::size_t>(size.QuadPart) <= kMostSettingsBytes &&
+           readUpTo(file, static_cast<std::size_t>(size.QuadPart), bytes);
 }
 
 /// Empty if the file cannot be read: all its keys are then missing.

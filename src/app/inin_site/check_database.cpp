@@ -30,11 +30,8 @@ constexpr std::size_t kMostValues = 50;
 /// The connection string in "adodb.ini"; adds a finding if there is none.
 std::optional<std::string> connectionText(const fs::path &folder, Findings &findings)
 {
-    const auto bytes = readSiteFile(folder / "adodb.ini");
-    if (!bytes) {
-        findings.push_back("接続情報ファイル「adodb.ini」がありません。");
-        return std::nullopt;
-    }
+    const auto bytes = readSettingsFile(folder / "adodb.ini", "接続情報ファイル「adodb.ini」がありません。", findings);
+    if (!bytes) return std::nullopt;
     const std::string name = encodeCp932("接続情報");
     const std::string value = profileString(*bytes, name, name, "", 2 * kLongestConnection);
     if (value.size() > kLongestConnection) {

@@ -163,11 +163,9 @@ void checkForms(const fs::path &folder, const Settings &settings, Findings &find
 
 std::optional<Branch> checkSettings(const fs::path &folder, Findings &findings)
 {
-    const auto bytes = readSiteFile(folder / "Massage.ini");
-    if (!bytes) {
-        findings.push_back("システム設定ファイル「Massage.ini」がありません。");
-        return std::nullopt;
-    }
+    const auto bytes =
+        readSettingsFile(folder / "Massage.ini", "システム設定ファイル「Massage.ini」がありません。", findings);
+    if (!bytes) return std::nullopt;
     const Settings settings = settingsOf(*bytes);
     checkFolders(folder, settings, findings);
     checkWallpaper(folder, settings, findings);

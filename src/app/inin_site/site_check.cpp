@@ -1,6 +1,7 @@
 #include "app/inin_site/site_check.h"
 
 #include "adapters/system/system_platform.h"
+#include "platform/settings_limit.h"
 #include "runtime/file_path.h"
 
 #include <fmt/format.h>
@@ -18,6 +19,21 @@ std::optional<std::string> readSiteFile(const std::filesystem::path &path)
     std::ifstream file(real, std::ios::binary);
     if (!file) return std::nullopt;
     return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+std::optional<std::string> readSettingsFile(const std::filesystem::path &path, const std::string &missing,
+                                            Findings &findings)
+{
+    const std::filesystem::path real = pathOf(systemPath(textOf(path)));
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(real, error); // fails for folders and devices too
+    if (!error && size <= kMostSettingsBytes) return readSiteFile(path);
+    const bool isThere = std::filesystem::exists(real, error);
+    findings.push_back(
+        isThere ? fmt::format("「{}」を設定ファイルとして読み込めません（16 MB を超えるか、ファイルではありません）。",
+                              textOf(path.filename()))
+                : missing);
+    return std::nullopt;
 }
 
 Findings checkSite(const std::filesystem::path &folder)

@@ -2,6 +2,7 @@
 // environment variable ININ_APP_DIR. ININ_TRANSCRIPT names a file to which all events are written, for support and
 // tests.
 
+#include "adapters/common/program_edges.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/system_words.h"
 #include "adapters/qt/theme.h"
@@ -105,6 +106,7 @@ try {
 
 int main(int, char **argv)
 try {
+    inin::prepareStandardStreams();
     qInstallMessageHandler(inin::sayWhyAndEnd);
     int noArguments = 1;
     inin::EventEdge edge;

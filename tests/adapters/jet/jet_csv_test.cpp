@@ -1,4 +1,4 @@
-// The CSV class on a Jet file, by way of the settings file, the database session and the real driver.
+// The CSV class on a Jet file, through the settings file, the database session and the real driver.
 
 #include "adapters/odbc/jet_dao.h"
 #include "adapters/odbc/odbc_database.h"
@@ -42,7 +42,7 @@ TEST_CASE("a Jet table becomes a CSV file of code page 932, byte for byte")
                 world.nRecSuu) == iGood);
     CHECK(world.nRecSuu == 4);
     CHECK(world.csv.nExecJ2C(Midasi::ari) == 4);
-    // 髙 and 﨑 are FBFC and FAB1, of the code page's own rows; kana of half width are single bytes.
+    // 髙 and 﨑 are FBFC and FAB1, extensions of the code page; half-width kana are single bytes.
     CHECK(
         world.files.bytes(kFile) ==
         "\"nIDNo\",\"c\x8E\x81\x96\xBC\",\"c\x83J\x83i\",\"t\x90\xB6\x94N\x8C\x8E\x93\xFA\",\"b\x8FI\x97\xB9\","
@@ -58,7 +58,7 @@ TEST_CASE("a Jet table becomes a CSV file of code page 932, byte for byte")
     CHECK(world.csv.iEndJ2C() == iGood);
 }
 
-TEST_CASE("a Jet memo with a line end stands in its cell, and a branch name in the last column")
+TEST_CASE("a Jet memo with a line break is one CSV field, and the branch name is the last column")
 {
     JetCsv world;
     REQUIRE(world.csv.iInitJ2C("SELECT nIDNo, m備考 FROM 患者", kFile, world.nRecSuu) == iGood);
@@ -75,7 +75,7 @@ TEST_CASE("a Jet memo with a line end stands in its cell, and a branch name in t
         third + "\",\"\x8D\x82\x8F\xBC\"\r\n2147483647,\"\x82\xC6\x82\xC4\x82\xE0"));
 }
 
-TEST_CASE("the rows of two Jet statements stand one behind the other")
+TEST_CASE("the rows of a second Jet statement follow those of the first")
 {
     JetCsv world;
     REQUIRE(world.csv.iInitJ2C_WSQL("SELECT nIDNo, cName FROM STAFF", "SELECT nDate, c内容 FROM 実績", kFile,
@@ -89,7 +89,7 @@ TEST_CASE("the rows of two Jet statements stand one behind the other")
     CHECK(bytes.ends_with("\r\n20240531,\"\x96K\x96\xE2\"\r\n"));
 }
 
-TEST_CASE("an empty Jet table is a CSV file with its names of the fields only")
+TEST_CASE("an empty Jet table becomes a CSV file with only the field names")
 {
     JetCsv world;
     REQUIRE(world.csv.iInitJ2C("SELECT * FROM 空表", kFile, world.nRecSuu) == iGood);
@@ -98,7 +98,7 @@ TEST_CASE("an empty Jet table is a CSV file with its names of the fields only")
     CHECK(world.files.bytes(kFile) == "\"nIDNo\",\"cName\"\r\n");
 }
 
-TEST_CASE("a statement that the Jet file refuses is shown under the operation's heading")
+TEST_CASE("a refused statement on a Jet file is shown under the operation's heading")
 {
     JetCsv world;
     CHECK(world.csv.iInitJ2C("SELECT * FROM 無い表", kFile, world.nRecSuu) == iBad);

@@ -1,4 +1,4 @@
-// Jet files by way of ODBC: what can be held without a driver for them.
+// Jet files through ODBC, as far as it can be tested without a driver for them.
 
 #include "adapters/odbc/jet_dao.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char *kNoDriver = "No Such Driver";
 
-/// The first bytes of a file of the older engine and of the newer one; what follows is no database.
+/// The first bytes of a file of the older and of the newer engine; the rest is not a database.
 std::string jetStart(const char *name)
 {
     return std::string("\0\1\0\0", 4) + name + std::string(4000, '\0');
@@ -37,7 +37,7 @@ struct JetSession {
 
 } // namespace
 
-TEST_CASE("a Jet file that is not there is told")
+TEST_CASE("a missing Jet file is reported")
 {
     const TempFolder folder;
     const JetSession jet(folder / "none.mdb");
@@ -45,7 +45,7 @@ TEST_CASE("a Jet file that is not there is told")
     CHECK(jet.session.sErrMsg() == "3024\r\nデータベースファイルが見つかりません。");
 }
 
-TEST_CASE("a Jet file that is none is told, whatever its name, before any driver is asked")
+TEST_CASE("a file that is not a Jet file is reported before the driver is used, whatever its name")
 {
     const TempFolder folder;
     for (const std::string &bytes :
@@ -70,7 +70,7 @@ TEST_CASE("a Jet file without a driver for it is a failed connection")
     }
 }
 
-TEST_CASE("a session whose database did not open refuses all work with error 91")
+TEST_CASE("each operation fails with error 91 when the database did not open")
 {
     const TempFolder folder;
     JetSession jet(folder / "none.mdb");

@@ -1,5 +1,5 @@
-// A real Jet file through the real driver. What the driver answers oddly is held here too, under a name that says so:
-// when another version of it answers better, that test is to follow.
+// A real Jet file through the real driver. Tests that begin with "the driver" describe its defects; when a later version
+// corrects one, its test must be changed.
 
 #include "adapters/odbc/jet_dao.h"
 
@@ -29,7 +29,7 @@ std::unique_ptr<DaoEngine> realEngine()
     return makeJetDao([](const std::string &name) { return name; });
 }
 
-/// A session whose database was opened by the system's own driver.
+/// A session whose database was opened by the system's driver.
 struct JetFile {
     explicit JetFile(const std::string &path = kSample, std::int16_t i排他 = 0)
     {
@@ -44,7 +44,7 @@ struct JetFile {
         REQUIRE(session.iOpenRecordset(rows, source, type, dbReadOnly, 0) == 0);
         return rows;
     }
-    /// One field of all rows.
+    /// One field of each row.
     [[nodiscard]] std::vector<Variant> column(const std::string &source, const std::string &name,
                                               std::int32_t type = dbOpenSnapshot)
     {
@@ -53,7 +53,7 @@ struct JetFile {
         for (; !rows->isEndOfFile(); rows->MoveNext()) values.push_back(rows->Field(name));
         return values;
     }
-    /// What an opening that fails leaves in sErrMsg.
+    /// The sErrMsg of a failed opening.
     [[nodiscard]] std::string refusal(const std::string &source, std::int32_t type = dbOpenSnapshot)
     {
         std::unique_ptr<DaoRecordset> rows;
@@ -78,7 +78,7 @@ std::string repeated(const std::string &text, int times)
 
 } // namespace
 
-TEST_CASE("a Jet file opens, shared and for one session alone")
+TEST_CASE("a Jet file can be opened shared and exclusively")
 {
     for (const std::int16_t i排他 : {std::int16_t{0}, std::int16_t{-1}}) {
         JetFile jet(kSample, i排他);
@@ -89,7 +89,7 @@ TEST_CASE("a Jet file opens, shared and for one session alone")
     }
 }
 
-TEST_CASE("a Jet table with a Japanese name has its columns in their order")
+TEST_CASE("the columns of a Jet table with a Japanese name have their order")
 {
     JetFile jet;
     const auto rows = jet.open("患者", dbOpenTable);
@@ -99,11 +99,11 @@ TEST_CASE("a Jet table with a Japanese name has its columns in their order")
                                             "iByte", "nSingle", "n割合", "m備考"});
 }
 
-TEST_CASE("each type of a Jet column comes as the runtime's own")
+TEST_CASE("each type of a Jet column is read as a type of the runtime")
 {
     struct Row {
         const char *column;
-        Values values; ///< of the rows that are not deleted
+        Values values; ///< without those of deleted rows
     };
     const std::string longText = repeated("長い備考。", 300);
     JetFile jet;
@@ -128,7 +128,7 @@ TEST_CASE("each type of a Jet column comes as the runtime's own")
     CHECK(notes[2] == Variant(longText));
 }
 
-TEST_CASE("a Jet file's rows come by statement and by table name, streaming and at once")
+TEST_CASE("the rows of a Jet file are read by statement and by table name, streamed and at once")
 {
     const Values names{"山田", "鈴木", Null{}};
     JetFile jet;
@@ -144,7 +144,7 @@ TEST_CASE("a Jet file's rows come by statement and by table name, streaming and 
     CHECK(jet.column("空表", "nIDNo").empty());
 }
 
-TEST_CASE("rows over many pages of a Jet file come all, in their order")
+TEST_CASE("all rows of a Jet table of many pages are read in order")
 {
     for (const std::int32_t type : {dbOpenSnapshot, dbOpenForwardOnly}) {
         JetFile jet;
@@ -156,7 +156,7 @@ TEST_CASE("rows over many pages of a Jet file come all, in their order")
     }
 }
 
-TEST_CASE("a row of a Jet file has the fields of its table only, and there is none behind the last")
+TEST_CASE("in a Jet file, a field that the table lacks and a row after the last one are errors")
 {
     for (const std::int32_t type : {dbOpenSnapshot, dbOpenForwardOnly}) {
         JetFile jet;
@@ -172,7 +172,7 @@ TEST_CASE("a row of a Jet file has the fields of its table only, and there is no
     }
 }
 
-TEST_CASE("a table that a Jet file lacks is error 3078, whatever its name")
+TEST_CASE("an unknown table of a Jet file is error 3078, whatever its name")
 {
     JetFile jet;
     for (const char *name : {"NONE", "無い表", "[無い表]", "[a]b]", ""}) {
@@ -183,7 +183,7 @@ TEST_CASE("a table that a Jet file lacks is error 3078, whatever its name")
     CHECK(jet.column("STAFF", "nIDNo") == Values{1, 2, 3});
 }
 
-TEST_CASE("a statement that a Jet file cannot run is error 3075 with the driver's words, and the next one runs")
+TEST_CASE("a faulty statement on a Jet file is error 3075 with the driver's message, and the next one runs")
 {
     JetFile jet;
     for (const char *sql :
@@ -194,7 +194,7 @@ TEST_CASE("a statement that a Jet file cannot run is error 3075 with the driver'
     }
 }
 
-TEST_CASE("a record set of a Jet file runs one SELECT and nothing else")
+TEST_CASE("a record set of a Jet file accepts only a single SELECT")
 {
     JetFile jet;
     for (const char *sql :
@@ -202,14 +202,14 @@ TEST_CASE("a record set of a Jet file runs one SELECT and nothing else")
         CHECK(jet.refusal(sql) == "3075\r\na read-only record set runs one SELECT and nothing else");
 }
 
-TEST_CASE("a condition, by which the driver finds wrong rows, is refused in a Jet file")
+TEST_CASE("a condition is refused in a Jet file, because the driver returns wrong rows for it")
 {
     JetFile jet;
     for (const char *sql : {"SELECT * FROM STAFF WHERE cName IS NULL", "SELECT * FROM 患者 where iKubun = -32768"})
         CHECK(jet.refusal(sql) == "3075\r\nthe driver for Jet files finds the wrong rows by a condition");
 }
 
-TEST_CASE("a statement is read up to 4000 bytes, a longer one never reaches the driver")
+TEST_CASE("a statement of more than 4000 bytes is not passed to the driver")
 {
     JetFile jet;
     const auto padded = [](std::size_t bytes) { return "SELECT nIDNo FROM" + std::string(bytes - 22, ' ') + "STAFF"; };
@@ -218,7 +218,7 @@ TEST_CASE("a statement is read up to 4000 bytes, a longer one never reaches the 
         CHECK(jet.refusal(padded(bytes)) == "3075\r\nthe statement is too long for the driver for Jet files");
 }
 
-TEST_CASE("writing to a Jet file is refused and leaves its bytes as they were")
+TEST_CASE("writing to a Jet file is refused and does not change it")
 {
     const TempFolder folder;
     const std::string bytes = sampleBytes();
@@ -237,7 +237,7 @@ TEST_CASE("writing to a Jet file is refused and leaves its bytes as they were")
     CHECK(folder.entries() == 1);
 }
 
-TEST_CASE("a transaction on a Jet file begins and ends, and reads go on in it")
+TEST_CASE("rows of a Jet file can be read during a transaction")
 {
     JetFile jet;
     CHECK(jet.session.iCommitTrans() == -1);
@@ -251,9 +251,9 @@ TEST_CASE("a transaction on a Jet file begins and ends, and reads go on in it")
     CHECK(jet.session.sErrMsg() == "3034\r\nトランザクションが開始されていません。");
 }
 
-TEST_CASE("two Jet files that are open at once do not mix")
+TEST_CASE("two Jet files can be open at once")
 {
-    // A file of the same form whose table has another name.
+    // The same file with another table name.
     const TempFolder folder;
     std::string bytes = sampleBytes();
     const std::string name("\xFF\xFESTAFF", 7);
@@ -276,7 +276,7 @@ TEST_CASE("two Jet files that are open at once do not mix")
     CHECK(ofSecond->Field("cName") == Variant("鈴木"));
 }
 
-TEST_CASE("two record sets of one Jet file are read in turns, one of them streaming")
+TEST_CASE("two record sets of one Jet file can be read alternately, one of them streamed")
 {
     JetFile jet;
     const auto staff = jet.open("STAFF", dbOpenForwardOnly);
@@ -289,7 +289,7 @@ TEST_CASE("two record sets of one Jet file are read in turns, one of them stream
     CHECK(visits->Field("nDate") == Variant(20240502));
 }
 
-TEST_CASE("a Jet file that took another's place is read anew behind a close")
+TEST_CASE("a Jet file that replaced another one is read after closing and opening")
 {
     const TempFolder folder;
     std::string bytes = sampleBytes();
@@ -303,7 +303,7 @@ TEST_CASE("a Jet file that took another's place is read anew behind a close")
     CHECK(jet.column("STUFF", "nIDNo") == Values{1, 2, 3});
 }
 
-TEST_CASE("a path with a Japanese name, blanks and signs is a path to a Jet file")
+TEST_CASE("the path of a Jet file may contain Japanese characters, blanks and symbols")
 {
     const TempFolder folder;
     for (const char *name : {"髙﨑 患者.mdb", "a=b 'c'.mdb", "データ.mdb", "a}b {c}.mdb"}) {
@@ -315,7 +315,7 @@ TEST_CASE("a path with a Japanese name, blanks and signs is a path to a Jet file
     }
 }
 
-TEST_CASE("a path with a semicolon, which the driver cannot take, is a failed connection")
+TEST_CASE("a path with a semicolon, which the driver does not accept, is a failed connection")
 {
     const TempFolder folder;
     const JetFile jet(folder.put("a;b.mdb", sampleBytes()));
@@ -323,7 +323,7 @@ TEST_CASE("a path with a semicolon, which the driver cannot take, is a failed co
     CHECK(jet.session.sErrMsg() == "3151\r\nthe driver failed and told no reason");
 }
 
-TEST_CASE("a Jet file that is one by its first bytes only is a failed connection")
+TEST_CASE("a file with only the header of a Jet file is a failed connection")
 {
     const TempFolder folder;
     const std::string bytes = sampleBytes();
@@ -336,7 +336,7 @@ TEST_CASE("a Jet file that is one by its first bytes only is a failed connection
     }
 }
 
-TEST_CASE("a closed Jet file refuses with 3420 and opens again")
+TEST_CASE("a closed Jet file fails with error 3420 and can be opened again")
 {
     JetFile jet;
     auto rows = jet.open("STAFF");
@@ -347,19 +347,19 @@ TEST_CASE("a closed Jet file refuses with 3420 and opens again")
     CHECK(jet.column("STAFF", "nIDNo") == Values{1, 2, 3});
 }
 
-TEST_CASE("the driver reads no more than 16383 bytes of a Jet text")
+TEST_CASE("the driver reads at most 16383 bytes of a Jet text")
 {
     JetFile jet;
     CHECK(jet.column("患者", "m備考")[3] == Variant(repeated("とても長い備考。", 700).substr(0, 16383)));
 }
 
-TEST_CASE("the driver takes an empty Jet text for NULL")
+TEST_CASE("the driver reads an empty Jet text as NULL")
 {
     JetFile jet;
     CHECK(jet.column("患者", "cカナ") == Values{"ﾀｶﾊｼ ｲﾁﾛｳ", Null{}, Null{}, "スミス"});
 }
 
-TEST_CASE("the driver gives a Jet decimal and a GUID as texts, bytes up to the first zero, early dates not at all")
+TEST_CASE("the driver reads decimals and GUIDs as texts, binary values up to the first zero byte, and no early dates")
 {
     JetFile jet;
     CHECK(jet.column("患者", "n割合") == Values{"12.50", Null{}, "-0.05", "123456789012.34"});

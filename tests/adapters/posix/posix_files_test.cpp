@@ -84,6 +84,7 @@ TEST_CASE("a writable file that its folder does not allow to be deleted is error
 TEST_CASE("too many open files are error 67")
 {
     const TempFolder folder;
+    const std::string file = folder.put("x", "");
     const std::string told = asOrdinaryUser([&] {
         rlimit before{};
         getrlimit(RLIMIT_NOFILE, &before);
@@ -92,7 +93,7 @@ TEST_CASE("too many open files are error 67")
         const auto files = makeSystemFiles("/");
         std::vector<std::unique_ptr<InputFile>> open;
         const std::int32_t number = errorOf([&] {
-            while (open.size() < 100) open.push_back(files->openForInput("/dev/null"));
+            while (open.size() < 100) open.push_back(files->openForInput(file));
         });
         setrlimit(RLIMIT_NOFILE, &before); // a sanitizer opens a file to inspect what is closed
         return std::to_string(number);
@@ -309,6 +310,13 @@ TEST_CASE("a pipe under a file's name does not block: it reads as empty and refu
 
     CHECK(makeSystemFiles("/")->openForInput(folder.path() + "\\Massage.ini")->read(10) == "");
     CHECK(openOutputError(folder.path() + "\\Massage.ini") == 71);
+}
+
+TEST_CASE("a device under a file's name cannot be read and is error 71")
+{
+    const TempFolder folder;
+    std::filesystem::create_symlink("/dev/zero", folder / "Massage.ini");
+    CHECK(errorOf([&] { (void)makeSystemFiles("/")->openForInput(folder.path() + "\\Massage.ini"); }) == 71);
 }
 
 TEST_CASE("a directory search finds the first file that matches the pattern")

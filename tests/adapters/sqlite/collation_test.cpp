@@ -20,7 +20,7 @@ struct Names {
 
 } // namespace
 
-TEST_CASE_FIXTURE(Names, "DISTINCT takes texts that are equal under the collation for one")
+TEST_CASE_FIXTURE(Names, "DISTINCT merges texts that are equal under the collation")
 {
     const auto rows = session.open("SELECT DISTINCT cName FROM T ORDER BY cName");
     CHECK(rows->fieldName(0) == "cName");
@@ -34,7 +34,7 @@ TEST_CASE_FIXTURE(Names, "DISTINCT takes texts that are equal under the collatio
     CHECK(session.value("SELECT COUNT(*) FROM (SELECT DISTINCT LEFT(cName, 9) AS x FROM T) y") == "3");
 }
 
-TEST_CASE_FIXTURE(Names, "GROUP BY takes texts that are equal under the collation for one")
+TEST_CASE_FIXTURE(Names, "GROUP BY groups texts that are equal under the collation")
 {
     CHECK(session.rows("SELECT min(n) AS n, count(*) AS m FROM T GROUP BY cName HAVING count(*) > 1 ORDER BY min(n)",
                        {"n", "m"}) == Texts{"1|3", "4|2"});
@@ -42,9 +42,9 @@ TEST_CASE_FIXTURE(Names, "GROUP BY takes texts that are equal under the collatio
           Texts{"1", "1", "1", "1", "2"});
 }
 
-TEST_CASE_FIXTURE(Names, "MIN and MAX go by the collation")
+TEST_CASE_FIXTURE(Names, "MIN and MAX compare by the collation")
 {
-    CHECK(session.value("SELECT MIN(cName) FROM T") == "ａ"); // its code is beyond that of B
+    CHECK(session.value("SELECT MIN(cName) FROM T") == "ａ"); // its code point is greater than that of B
     CHECK(session.value("SELECT MAX(cName) FROM T WHERE n > 3") != "ａ");
     CHECK(session.firstColumn("SELECT n FROM T WHERE cName = (SELECT max(cName) FROM T) ORDER BY n") ==
           Texts{"1", "2", "3"});

@@ -6,7 +6,7 @@
 
 using namespace inin;
 
-TEST_CASE("a connection string gives its values whatever the case of the keys, the blanks and the quotes")
+TEST_CASE("the values of a connection string do not depend on key case, blanks and quotes")
 {
     struct Row {
         std::string_view text, source;
@@ -35,7 +35,7 @@ TEST_CASE("a connection string gives its values whatever the case of the keys, t
     }
 }
 
-TEST_CASE("a value behind a quoted one is found")
+TEST_CASE("a value after a quoted value is read")
 {
     const ConnectionString parts("Data Source=\"a.db\" ; Provider=SQLite;Password='p;w'");
     CHECK(parts.value("provider") == "SQLite");

@@ -17,7 +17,7 @@ const char *const kTable = "CREATE TABLE T (nID INTEGER PRIMARY KEY, cName TEXT 
 
 } // namespace
 
-TEST_CASE("a session is closed, open after its opening, and closed after its closing")
+TEST_CASE("a session is closed until it is opened, and again after it is closed")
 {
     const DatabaseFile file(kTable);
     const auto database = plainDatabase();
@@ -31,7 +31,7 @@ TEST_CASE("a session is closed, open after its opening, and closed after its clo
     CHECK(connection->State() == adStateOpen);
 }
 
-TEST_CASE("an open session is not opened again, a closed one does nothing but open")
+TEST_CASE("an open session cannot be opened again, and a closed session can only be opened")
 {
     const DatabaseFile file(kTable);
     Session session(file);
@@ -46,7 +46,7 @@ TEST_CASE("an open session is not opened again, a closed one does nothing but op
     CHECK(file.value("SELECT count(*) FROM T") == "2");
 }
 
-TEST_CASE("the default database is the file's name, and none while the session is closed")
+TEST_CASE("the default database is the name of the file, and empty while the session is closed")
 {
     const DatabaseFile file(kTable);
     const auto database = makeSqliteDatabaseAt(file.path());
@@ -66,7 +66,7 @@ TEST_CASE("the default database is the file's name, and none while the session i
     }
 }
 
-TEST_CASE("the rows affected are told, -1 where a statement has none")
+TEST_CASE("Execute returns the number of affected rows, and -1 for other statements")
 {
     const DatabaseFile file(kTable);
     Session session(file);
@@ -82,7 +82,7 @@ TEST_CASE("the rows affected are told, -1 where a statement has none")
     CHECK(session.execute("DELETE FROM T;") == 2);
 }
 
-TEST_CASE("a command timeout is kept over the session's life and is never negative")
+TEST_CASE("a command timeout survives closing and opening, and cannot be negative")
 {
     const DatabaseFile file(kTable);
     Session session(file);
@@ -94,7 +94,7 @@ TEST_CASE("a command timeout is kept over the session's life and is never negati
     CHECK(raisedBy([&] { session.connection().setCommandTimeout(0); }).number == 0);
 }
 
-TEST_CASE("a failure leaves one entry in the session's list, the next one takes its place")
+TEST_CASE("a failure leaves one entry in the error list, which the next failure replaces")
 {
     const DatabaseFile file(kTable);
     Session session(file);
@@ -102,7 +102,7 @@ TEST_CASE("a failure leaves one entry in the session's list, the next one takes 
         std::string_view sql, description, state;
         std::int32_t number;
     };
-    constexpr std::int32_t kNative = 1; // SQLite's one code for every fault of a statement
+    constexpr std::int32_t kNative = 1; // SQLite's code for all errors in a statement
     static constexpr Row kRows[] = {
         {"SELECT * FROM MISSING", "no such table: MISSING", "42S02", ado_error::noSuchTable},
         {"SELECT missing FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
@@ -127,7 +127,7 @@ TEST_CASE("a failure leaves one entry in the session's list, the next one takes 
     }
 }
 
-TEST_CASE("a constraint that a write would break is told as one, and nothing is written")
+TEST_CASE("a write that violates a constraint is reported as such and changes nothing")
 {
     const DatabaseFile file(kTable);
     Session session(file);

@@ -13,7 +13,7 @@ using Texts = std::vector<std::string>;
 
 const std::string kSite = " iKyotenCd = 1 and iKyotenEb = 1";
 
-/// The whole select list of the company table: aliased, but for three columns.
+/// The whole select list of the company table. All but three columns have aliases.
 const std::string kList =
     "  select      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cAddressKana as cAddressKana"
     "     ,CORP.cDaihyo as cDaihyo     ,CORP.cDaihyoKana as cDaihyoKana     ,CORP.cFaxNo as cFaxNo"
@@ -30,7 +30,7 @@ const std::string kList =
     "     ,CORP.cPersonalNumberCorp as cPersonalNumberCorp     ,CORP.iKyotenToshiNo as iKyotenToshiNo"
     "     ,CORP.cKokuhoTourokuNo as cKokuhoTourokuNo     ,CORP.cEmail as cEmail  FROM      CORP";
 
-/// The short list of the grid and its aliased twin of the grid with conditions.
+/// The short select list of the grid, and the same with aliases for the grid with conditions.
 const std::string kGridHead =
     "  select      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cDaihyo as cDaihyo"
     "     ,CORP.cFaxNo as cFaxNo     ,CORP.cShamei1 as cShamei1     ,CORP.cShamei2 as cShamei2     ,CORP.cTelNo as cTelNo"
@@ -63,14 +63,14 @@ const std::string kInsert =
 
 } // namespace
 
-TEST_CASE_FIXTURE(PracticeSession, "the companies of a branch come by number with all their columns")
+TEST_CASE_FIXTURE(PracticeSession, "all columns of a branch's companies are read, ordered by number")
 {
     CHECK(session.rows(kList + " where" + kSite + kOrder, {"nIDNo", "cShamei1", "iType", "tUpDateTime", "nLat"}) ==
           Texts{"0|本社|0|<2024-04-01 10:20:30>|NULL", "2|代理人|1|NULL|NULL", "9|団体|3|NULL|NULL"});
     CHECK(session.open(kList + " where" + kSite + kOrder)->fieldCount() == 40);
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a company is found by its number, 0 being one, and by its kind")
+TEST_CASE_FIXTURE(PracticeSession, "a company is found by its number, including 0, and by its kind")
 {
     const Texts name{"cShamei1"};
     CHECK(session.rows(kList + " where    nIDNo = 0 and" + kSite + kOrder, name) == Texts{"本社"});
@@ -79,7 +79,7 @@ TEST_CASE_FIXTURE(PracticeSession, "a company is found by its number, 0 being on
     CHECK(session.rows(kList + " where    nIDNo = 9 and" + kSite + " and     iType = 0" + kOrder, name).empty());
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the preload at the start reads the head office of the branch only")
+TEST_CASE_FIXTURE(PracticeSession, "the preload at startup reads only the branch's head office")
 {
     CHECK(session.rows(kList + " where" + kSite + " and     iType = 0" + kOrder, {"cShamei1", "cKinyuName"}) ==
           Texts{"本社|百十四"});
@@ -87,14 +87,14 @@ TEST_CASE_FIXTURE(PracticeSession, "the preload at the start reads the head offi
               .empty());
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the check for doubles lists the companies of other numbers")
+TEST_CASE_FIXTURE(PracticeSession, "the duplicate check lists the companies with other numbers")
 {
     CHECK(session.rows(kList + " where    nIDNo <> 2 and" + kSite + kOrder, {"nIDNo"}) == Texts{"0", "9"});
     CHECK(session.rows(kList + " where    nIDNo <> 2 and" + kSite + " and     iType = 3" + kOrder, {"nIDNo"}) ==
           Texts{"9"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the company grid takes a number and parts of name and kana")
+TEST_CASE_FIXTURE(PracticeSession, "the company grid filters by number and by parts of the name and kana")
 {
     CHECK(session.rows(kGrid + kOrder, {"nIDNo", "cShamei1"}) == Texts{"0|本社", "2|代理人", "9|団体"});
     CHECK(session.rows(kGridJouken + " and     CORP.nIDNo = 2" + kOrder, {"cShamei1"}) == Texts{"代理人"});
@@ -111,7 +111,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the highest company number of a branch is NU
     CHECK(session.rows(sql + " iKyotenCd = 7 and iKyotenEb = 7", {"nIDNo"}) == Texts{"NULL"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a company is inserted with quoted branch, plain numbers and the present time")
+TEST_CASE_FIXTURE(PracticeSession, "a company is inserted with a quoted branch, unquoted numbers and the present time")
 {
     CHECK(session.execute(kInsert) == 1);
     CHECK(session.rows(kList + " where    nIDNo = 5 and" + kSite + kOrder,
@@ -139,7 +139,7 @@ TEST_CASE_FIXTURE(PracticeSession, "a company is updated and deleted by number a
     CHECK(file.value("SELECT group_concat(cShamei1) FROM CORP WHERE nIDNo = 0") == "別の本社");
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a company name with a quote of its own breaks the write and changes nothing")
+TEST_CASE_FIXTURE(PracticeSession, "a company name with a quote makes the write fail without any change")
 {
     const std::string update = " update      CORP set       cShamei1 = 'O'Brien' where    nIDNo = 2";
     CHECK(raisedBy([&] { session.execute(update); }).number == ado_error::faultyStatement);

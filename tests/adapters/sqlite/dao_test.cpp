@@ -44,7 +44,7 @@ struct OpenDao {
         CHECK(session.iCloseRecordset(rows) == 0);
         return found;
     }
-    /// The number with which the last failure's words begin.
+    /// The error number at the beginning of the last error message.
     [[nodiscard]] std::string number() const { return session.sErrMsg().substr(0, session.sErrMsg().find('\r')); }
     clsT_Dao session;
     std::int16_t status = -1;
@@ -57,7 +57,7 @@ struct DaoFile {
 
 using Names = std::vector<std::string>;
 
-/// The file under another name opens as the database that it is.
+/// Checks that the file opens as a database under another name.
 void openRenamed(DaoFile &at, const std::string &name)
 {
     std::filesystem::rename(pathOf(at.file.path()), pathOf(name));
@@ -66,13 +66,13 @@ void openRenamed(DaoFile &at, const std::string &name)
         CHECK(open.status == 0);
         CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
     }
-    at.engine.reset(); // with its idle connection, which would hold the file on Windows
+    at.engine.reset(); // with its idle connection, which would lock the file on Windows
     CHECK(std::filesystem::remove(pathOf(name)));
 }
 
 } // namespace
 
-TEST_CASE("rows are read by statement and by table name, streaming and at once")
+TEST_CASE("rows are read by statement and by table name, streamed and at once")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -84,7 +84,7 @@ TEST_CASE("rows are read by statement and by table name, streaming and at once")
     CHECK(open.names("[STAFF]") == Names{"山田", "鈴木"});
 }
 
-TEST_CASE("a table whose name has a blank is opened as a table")
+TEST_CASE("a table name with a blank opens as a table")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -98,7 +98,7 @@ TEST_CASE("a table whose name has a blank is opened as a table")
     }
 }
 
-TEST_CASE("what cannot be opened as rows has the library's number")
+TEST_CASE("a source that cannot be opened has DAO's error number")
 {
     struct Source {
         const char *source;
@@ -119,7 +119,7 @@ TEST_CASE("what cannot be opened as rows has the library's number")
     CHECK(at.file.value("SELECT count(*) FROM STAFF") == "2");
 }
 
-TEST_CASE("a row has the fields of its table only, and there is none behind the last")
+TEST_CASE("a field that the table lacks and a row after the last one are errors")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -133,7 +133,7 @@ TEST_CASE("a row has the fields of its table only, and there is none behind the 
     CHECK(raisedBy([&] { rows->MoveNext(); }).number == 3021);
 }
 
-TEST_CASE("a statement changes the database, with options and without")
+TEST_CASE("a statement changes the database with and without options")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -143,7 +143,7 @@ TEST_CASE("a statement changes the database, with options and without")
     CHECK(at.file.value("SELECT count(*) FROM STAFF") == "1");
 }
 
-TEST_CASE("a statement that fails has the library's number and the provider's words")
+TEST_CASE("a failed statement has DAO's error number and the provider's message")
 {
     struct Faulty {
         const char *sql;
@@ -162,7 +162,7 @@ TEST_CASE("a statement that fails has the library's number and the provider's wo
     }
 }
 
-TEST_CASE("each failure of the provider has the library's number and keeps its words")
+TEST_CASE("each failure of the provider has DAO's error number and keeps its message")
 {
     struct Row {
         std::int32_t provider;
@@ -178,7 +178,7 @@ TEST_CASE("each failure of the provider has the library's number and keeps its w
     }
 }
 
-TEST_CASE("a file that is not there, a folder and a file of another kind are told apart")
+TEST_CASE("a missing file, a folder and a file of another kind have different errors")
 {
     DaoFile at;
     const std::string other = at.file.path() + ".txt";
@@ -202,7 +202,7 @@ TEST_CASE("a file that is not there, a folder and a file of another kind are tol
     std::remove(empty.c_str());
 }
 
-TEST_CASE("a database that was damaged behind its first bytes is refused at the opening")
+TEST_CASE("a database that is damaged after its header cannot be opened")
 {
     DaoFile at;
     std::ofstream(at.file.path(), std::ios::binary) << "SQLite format 3" << '\0' << std::string(2000, 'x');
@@ -211,7 +211,7 @@ TEST_CASE("a database that was damaged behind its first bytes is refused at the 
     CHECK(open.number() == "3151");
 }
 
-TEST_CASE("a committed transaction stays, one that is rolled back leaves nothing")
+TEST_CASE("a commit keeps the changes of a transaction, and a rollback undoes them")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -227,7 +227,7 @@ TEST_CASE("a committed transaction stays, one that is rolled back leaves nothing
     CHECK(at.file.value("SELECT count(*) FROM STAFF") == "1");
 }
 
-TEST_CASE("transactions end only when they run, and do not nest")
+TEST_CASE("a transaction can only end while it runs, and transactions do not nest")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -243,7 +243,7 @@ TEST_CASE("transactions end only when they run, and do not nest")
     CHECK(at.file.value("SELECT count(*) FROM STAFF") == "0");
 }
 
-TEST_CASE("a transaction belongs to all databases of its workspace, those opened in it too")
+TEST_CASE("a transaction covers all databases of its workspace, including those opened during it")
 {
     const DatabaseFile second(kTables);
     DaoFile at;
@@ -260,7 +260,7 @@ TEST_CASE("a transaction belongs to all databases of its workspace, those opened
     }
 }
 
-TEST_CASE("what a closed database wrote is part of the transaction's end")
+TEST_CASE("the end of a transaction includes the changes of a closed database")
 {
     for (const bool commits : {false, true}) {
         DaoFile at;
@@ -273,7 +273,7 @@ TEST_CASE("what a closed database wrote is part of the transaction's end")
     }
 }
 
-TEST_CASE("a workspace that closes, or ends, rolls its transaction back")
+TEST_CASE("a workspace that is closed or destroyed rolls back its transaction")
 {
     for (const bool closes : {false, true}) {
         DaoFile at;
@@ -287,7 +287,7 @@ TEST_CASE("a workspace that closes, or ends, rolls its transaction back")
     }
 }
 
-TEST_CASE("closed objects refuse with 3420")
+TEST_CASE("closed objects fail with error 3420")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -308,7 +308,7 @@ TEST_CASE("closed objects refuse with 3420")
     }
 }
 
-TEST_CASE("a workspace that closes takes its databases along")
+TEST_CASE("closing a workspace closes its databases")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -317,7 +317,7 @@ TEST_CASE("a workspace that closes takes its databases along")
     CHECK(open.number() == "3420");
 }
 
-TEST_CASE("a closed session opens again")
+TEST_CASE("a closed session can be opened again")
 {
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
@@ -326,7 +326,7 @@ TEST_CASE("a closed session opens again")
     CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
 }
 
-TEST_CASE("a database opened for one session alone is in use to every other, until it closes")
+TEST_CASE("a database that is opened exclusively is in use for all other sessions until it is closed")
 {
     DaoFile at;
     OpenDao alone(*at.engine, at.file.path(), kExclusive);
@@ -341,7 +341,7 @@ TEST_CASE("a database opened for one session alone is in use to every other, unt
     CHECK(OpenDao(*at.engine, at.file.path()).status == 0);
 }
 
-TEST_CASE("a database that another session writes to cannot be had alone")
+TEST_CASE("a database that another session writes to cannot be opened exclusively")
 {
     DaoFile at;
     OpenDao writer(*at.engine, at.file.path());
@@ -352,10 +352,10 @@ TEST_CASE("a database that another session writes to cannot be had alone")
     CHECK(refused.number() == "3045");
 }
 
-TEST_CASE("a path with quotes and semicolons is a path")
+TEST_CASE("a path may contain quotes and semicolons")
 {
     DaoFile at;
-#ifdef _WIN32 // no name there holds a double quote
+#ifdef _WIN32 // file names cannot contain a double quote there
     const std::string odd = at.file.path() + ";Mode='x' '.db";
 #else
     const std::string odd = at.file.path() + ";Mode=\"x\" '.db";
@@ -363,7 +363,7 @@ TEST_CASE("a path with quotes and semicolons is a path")
     openRenamed(at, odd);
 }
 
-TEST_CASE("a path with Japanese names is a path")
+TEST_CASE("a path may contain Japanese names")
 {
     DaoFile at;
     openRenamed(at, at.file.path() + "診療所.db");

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 namespace inin {
 
@@ -77,7 +78,7 @@ DatabaseFile::DatabaseFile(std::string_view statements)
 void DatabaseFile::run(std::string_view statements) const
 {
     const Handle db = openRaw(m_path);
-    runRaw(db.get(), "PRAGMA synchronous = OFF"); // nothing of a test outlives it
+    runRaw(db.get(), "PRAGMA synchronous = OFF"); // the file need not survive a crash
     runRaw(db.get(), statements);
 }
 
@@ -92,41 +93,45 @@ std::string DatabaseFile::plan(const std::string &select) const
     return columnOfFirstRow(openRaw(m_path).get(), "EXPLAIN QUERY PLAN " + select, kDetail);
 }
 
-WholeLock::WholeLock(const DatabaseFile &file) : m_db(openRaw(file.path()))
+ExclusiveLock::ExclusiveLock(const DatabaseFile &file) : m_db(openRaw(file.path()))
 {
     runRaw(m_db.get(), "BEGIN EXCLUSIVE");
 }
 
 namespace {
 
-/// The system's file calls, with a pause that is counted.
-sqlite3_vfs *theFileCalls = nullptr;
-sqlite3_vfs theCountingCalls = {};
+/// The default VFS, and a copy of it whose pauses are counted.
+sqlite3_vfs *theDefaultVfs = nullptr;
+sqlite3_vfs theCountingVfs = {};
 int thePauses = 0;
+std::function<void()> theOnPause;
 
 int countedPause(sqlite3_vfs *, int microseconds)
 {
     ++thePauses;
-    return theFileCalls->xSleep(theFileCalls, microseconds);
+    theOnPause();
+    return microseconds;
 }
 
 } // namespace
 
-PauseCounter::PauseCounter()
+PauseCounter::PauseCounter(std::function<void()> onPause)
 {
-    theFileCalls = sqlite3_vfs_find(nullptr);
-    theCountingCalls = *theFileCalls;
-    theCountingCalls.zName = "counting";
-    theCountingCalls.pNext = nullptr;
-    theCountingCalls.xSleep = countedPause;
+    theDefaultVfs = sqlite3_vfs_find(nullptr);
+    theCountingVfs = *theDefaultVfs;
+    theCountingVfs.zName = "counting";
+    theCountingVfs.pNext = nullptr;
+    theCountingVfs.xSleep = countedPause;
     thePauses = 0;
-    REQUIRE(sqlite3_vfs_register(&theCountingCalls, 1) == SQLITE_OK);
+    theOnPause = std::move(onPause);
+    REQUIRE(sqlite3_vfs_register(&theCountingVfs, 1) == SQLITE_OK);
 }
 
 PauseCounter::~PauseCounter()
 {
-    sqlite3_vfs_unregister(&theCountingCalls);
-    sqlite3_vfs_register(theFileCalls, 1);
+    sqlite3_vfs_unregister(&theCountingVfs);
+    sqlite3_vfs_register(theDefaultVfs, 1);
+    theOnPause = nullptr;
 }
 
 int PauseCounter::pauses()

@@ -17,18 +17,18 @@ struct sqlite3;
 
 namespace inin {
 
-/// A database file of one test, made and looked at past the adapter; gone with the object.
+/// A temporary database file, created and read without the adapter.
 class DatabaseFile {
 public:
-    /// `statements` make its tables and rows.
+    /// `statements` create its tables and rows.
     explicit DatabaseFile(std::string_view statements = {});
 
     [[nodiscard]] const std::string &path() const { return m_path; }
     [[nodiscard]] std::string connectionString() const { return "Provider=SQLite;Data Source=" + m_path; }
     void run(std::string_view statements) const;
-    /// The first column of the first row as text, "NULL" for NULL, "-" for no row.
+    /// The first column of the first row as text; "NULL" for NULL, "-" without rows.
     [[nodiscard]] std::string value(std::string_view select) const;
-    /// The first step of SQLite's plan for a statement in its own spelling.
+    /// The first step of SQLite's query plan for a statement in SQLite's syntax.
     [[nodiscard]] std::string plan(const std::string &select) const;
 
 private:
@@ -36,29 +36,29 @@ private:
     std::string m_path = m_folder / "test.db";
 };
 
-/// A second connection that holds the whole file locked while it lives.
-class WholeLock {
+/// A second connection with an exclusive lock on the file during its lifetime.
+class ExclusiveLock {
 public:
-    explicit WholeLock(const DatabaseFile &file);
+    explicit ExclusiveLock(const DatabaseFile &file);
 
 private:
     std::unique_ptr<sqlite3, std::function<void(sqlite3 *)>> m_db;
 };
 
-/// Counts the pauses that SQLite makes at a lock while it lives.
+/// Replaces and counts SQLite's pauses at a lock during its lifetime: each pause calls `onPause` instead of sleeping.
 class PauseCounter {
 public:
-    PauseCounter();
+    explicit PauseCounter(std::function<void()> onPause = [] {});
     PauseCounter(const PauseCounter &) = delete;
     PauseCounter &operator=(const PauseCounter &) = delete;
     ~PauseCounter();
     [[nodiscard]] static int pauses();
 };
 
-/// A value as the tests write it: NULL, 12, 2.5, text as it stands, <2024-05-01 10:30:00> for a date, 0x… for bytes.
+/// A value in the notation of the tests: NULL, 12, 2.5, a text as it is, <2024-05-01 10:30:00> for a date, 0x… for bytes.
 [[nodiscard]] std::string shown(const Variant &value);
 
-/// An open session with the adapter.
+/// An open session of the adapter.
 class Session {
 public:
     explicit Session(const DatabaseFile &file);
@@ -66,7 +66,7 @@ public:
     [[nodiscard]] Connection &connection() { return *m_connection; }
     [[nodiscard]] Database &database() { return *m_database; }
     [[nodiscard]] std::unique_ptr<Recordset> open(const std::string &sql);
-    /// The named fields of all rows, "a|b" each.
+    /// The named fields of each row, joined as "a|b".
     [[nodiscard]] std::vector<std::string> rows(const std::string &sql, const std::vector<std::string> &fields);
     /// The first field of the first row.
     [[nodiscard]] std::string value(const std::string &sql);
@@ -78,22 +78,22 @@ private:
     std::unique_ptr<Connection> m_connection;
 };
 
-/// What an operation raised, 0 and empty when nothing.
+/// The error of an operation; 0 and empty for success.
 struct Raised {
     std::int32_t number = 0;
     std::string description;
 };
 [[nodiscard]] Raised raisedBy(const std::function<void()> &operation);
 
-/// The adapter with every path taken for that of one file.
+/// The adapter with each path resolved to `file`.
 [[nodiscard]] std::unique_ptr<Database> makeSqliteDatabaseAt(const std::string &file);
 
-/// The adapter with paths taken as they are.
+/// The adapter with paths used unchanged.
 [[nodiscard]] std::unique_ptr<Database> plainDatabase();
 
 } // namespace inin
 
-/// So that a failed comparison of rows shows them.
+/// Prints the rows of a failed comparison.
 template <> struct doctest::StringMaker<std::vector<std::string>> {
     static String convert(const std::vector<std::string> &texts)
     {

@@ -12,7 +12,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// The pieces of the five extractions' statements for branch 1/1 and May 2024 or its 31st day, as the program appends them.
+// The parts of the five extractions' statements for branch 1/1 and May 2024 or its 31st day, in the program's order.
 const std::string kHeadOfficeName = " CORP.cShamei1 as CorpName, CORP.cAddress1 as CorpAdd, CORP.cDaihyo, "
                                     " CORP.cTelNo, CORP.cKinyuName, CORP.cKinyuSiten, ";
 const std::string kHeadOfficeKinds = " CORP.iKinSyubetsu, CORP.iKinSiten ";
@@ -43,7 +43,7 @@ const std::string kPatient = " WHERE "
                              "     RIYOUSHA.iKyotenCd = 1 AND RIYOUSHA.iKyotenEb = 1"
                              " AND HOKENJA.cIDno = RIYOUSHA.cHokenNo ";
 
-/// What the five extractions differ in.
+/// The differences between the five extractions.
 struct Extraction {
     std::string head, account, from, visit, order;
 
@@ -108,14 +108,14 @@ std::string with(const std::string &sql, const std::string &condition)
 } // namespace
 
 TEST_CASE_FIXTURE(PracticeSession,
-                  "the month's planned visits give each patient once with the last visit, by staff member")
+                  "the month's planned visits list each patient once with the last visit, ordered by staff")
 {
     CHECK(session.rows(kMonth.headOffice(), {"RiyouName", "HokenName", "nDate", "CorpName", "cKozaBangou"}) ==
           Texts{"鈴木花子|高松市|20240531|本社|1234567", "やまた四郎|全国協会|20240531|本社|1234567",
                 "山田太郎|高松市|20240520|本社|1234567"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the agent's company stands on the letter, the group company's for group billing")
+TEST_CASE_FIXTURE(PracticeSession, "a letter names the agent's company, or the group company for group billing")
 {
     CHECK(session.rows(kMonth.agent(),
                        {"RiyouName", "CorpName", "CorpAdd", "cDaihyo", "cTelNo", "cKinyuName", "cKinyuSiten",
@@ -125,7 +125,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the agent's company stands on the letter, th
                 "山田太郎|代理人|高松市2|代理|087-2|中国|高松|2|7654321|ダイリ|2|2"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the month's filters take patients, staff, insurance and ended treatment")
+TEST_CASE_FIXTURE(PracticeSession, "the month's extraction filters by patient, staff, insurance and end of treatment")
 {
     const Texts name{"RiyouName"};
     CHECK(session.rows(with(kMonth.headOffice(), " AND RIYOUSHA.tExpireday is NULL"), name) == Texts{"山田太郎"});
@@ -134,9 +134,9 @@ TEST_CASE_FIXTURE(PracticeSession, "the month's filters take patients, staff, in
     CHECK(session.rows(with(kMonth.headOffice(), " AND RIYOUSHA.iHoken = 2"), name) == Texts{"やまた四郎"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the month's actual visits give a row for each visit at the last moment")
+TEST_CASE_FIXTURE(PracticeSession, "the month's actual visits list a row for each visit at the latest time")
 {
-    // Two visits at one moment are two rows; the first of the month and its last second belong to it.
+    // Two visits at the same time are two rows. The month includes its first day and its last second.
     const Texts expected{"鈴木花子|2|<2024-05-01 00:00:00>", "やまた四郎|6|<2024-05-31 00:00:00>",
                          "やまた四郎|6|<2024-05-31 00:00:00>", "山田太郎|1|<2024-05-31 23:59:59>"};
     CHECK(session.rows(kMonthVisits.headOffice(), {"RiyouName", "nIDNo", "tServicyDayStart"}) == expected);
@@ -144,7 +144,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the month's actual visits give a row for eac
     CHECK(session.rows(kMonthVisits.agent(), {"CorpName"}) == Texts{"団体", "代理人", "代理人", "代理人"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the day's planned visits come by the visiting staff member")
+TEST_CASE_FIXTURE(PracticeSession, "the day's planned visits are ordered by the visiting staff member")
 {
     CHECK(session.rows(kDay.headOffice(), {"nIDNo", "RiyouName", "CorpName"}) ==
           Texts{"6|やまた四郎|本社", "2|鈴木花子|本社"});
@@ -153,20 +153,20 @@ TEST_CASE_FIXTURE(PracticeSession, "the day's planned visits come by the visitin
     CHECK(session.rows(with(kDay.headOffice(), " AND SCHEDULE.nIDStaffNo = 5"), {"nIDNo"}) == Texts{"2"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the day's actual visits reach from midnight to before the next midnight")
+TEST_CASE_FIXTURE(PracticeSession, "the day's actual visits are those from midnight until before the next midnight")
 {
     CHECK(session.rows(kDayVisits.headOffice(), {"nIDNo", "CorpName"}) == Texts{"6|本社", "6|本社", "1|本社"});
     CHECK(session.rows(kDayVisits.agent(), {"nIDNo", "CorpName"}) == Texts{"6|代理人", "6|代理人", "1|代理人"});
     CHECK(session.rows(with(kDayVisits.headOffice(), " AND JISSEKI.nStaffIDNo = 7"), {"nIDNo"}) == Texts{"1"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "without a period all patients under treatment come, visited or not")
+TEST_CASE_FIXTURE(PracticeSession, "without a period all patients under treatment are listed, visited or not")
 {
     CHECK(session.rows(kNoPeriod.headOffice(), {"nIDNo", "CorpName"}) == Texts{"5|本社", "1|本社"});
     CHECK(session.rows(kNoPeriod.agent(), {"nIDNo", "CorpName"}) == Texts{"5|NULL", "1|代理人"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "TOP 1 without a period gives the one letter of the lowest staff number")
+TEST_CASE_FIXTURE(PracticeSession, "TOP 1 without a period returns the single letter of the lowest staff number")
 {
     CHECK(session.rows(kNoPeriodOne.headOffice(), {"nIDNo"}) == Texts{"5"});
     CHECK(session.rows(kNoPeriodOne.agent(), {"nIDNo"}) == Texts{"5"});
@@ -185,7 +185,7 @@ TEST_CASE_FIXTURE(PracticeSession, "a group-billed patient without a group compa
           Texts{"NULL|NULL"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the visit column that a month's list names twice answers under its name")
+TEST_CASE_FIXTURE(PracticeSession, "a visit column that appears twice in the month's select list can be read by name")
 {
     const auto rows = session.open(kMonth.headOffice());
     CHECK(rows->fieldCount() == 21);
@@ -193,7 +193,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the visit column that a month's list names t
     CHECK(shown(rows->Field("ndate")) == "20240531");
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the last visit of a patient's month comes first")
+TEST_CASE_FIXTURE(PracticeSession, "the last visit of a patient's month is the first row")
 {
     CHECK(session.value("SELECT nDate FROM SCHEDULE  WHERE      iKyotenCd = 1 AND iKyotenEb = 1 AND nIDRiyoushaNo = 1"
                         " AND nDate BETWEEN 20240500 AND 20240599 ORDER BY nDate DESC") == "20240520");

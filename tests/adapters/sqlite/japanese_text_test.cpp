@@ -71,7 +71,7 @@ constexpr Pair kPairs[] = {
     {"ゑゐ", "ヱヰ", true},
     {"ん", "ﾝ", true},
     {"を", "ｦ", true},
-    // small kana count as the large ones, as case does
+    // small kana equal large ones, like upper and lower case
     {"きょう", "キヨウ", true},
     {"っ", "ツ", true},
     {"ｯ", "つ", true},
@@ -79,14 +79,14 @@ constexpr Pair kPairs[] = {
     {"ぁぃぅぇぉ", "アイウエオ", true},
     {"ヵヶ", "カケ", true},
     {"ゎ", "ワ", true},
-    // 濁点 and 半濁点 are told apart
+    // 濁点 and 半濁点 are significant
     {"か", "が", false},
     {"は", "ば", false},
     {"は", "ぱ", false},
     {"ば", "ぱ", false},
     {"ハ", "ﾊﾞ", false},
     {"た", "だ", false},
-    // combining signs join
+    // combining 濁点 and 半濁点
     {"か\u3099", "が", true},
     {"カ゛", "ガ", true},
     {"か゛", "ｶﾞ", true},
@@ -98,10 +98,10 @@ constexpr Pair kPairs[] = {
     {"カ゛", "カ゜", false},
     {"ハ\u309A", "パ", true},
     {"あ\u3099", "あ", false},
-    // accents are told apart
+    // accents are significant
     {"e", "é", false},
     {"n", "ñ", false},
-    // the long sound is no vowel
+    // the long vowel mark differs from the vowel
     {"カー", "カア", false},
     // trailing blanks
     {"山田", "山田  ", true},
@@ -112,7 +112,7 @@ constexpr Pair kPairs[] = {
     {"a", "a\t", false},
     {"山田 　 ", "山田", true},
     {"　", "", true},
-    // variation selectors have no weight
+    // variation selectors are ignored
     {"葛\U000E0100城", "葛城", true},
     {"葛\U000E0100城", "葛\U000E0101城", true},
     {"辻\uFE00", "辻", true},
@@ -120,7 +120,7 @@ constexpr Pair kPairs[] = {
     {"カ\uFE00゛", "ガ", true},
     {"葛\uFE10", "葛", false},
     {"葛\U000E01F0", "葛", false},
-    // bytes that are not UTF-8 never join with what stands beside them
+    // invalid bytes do not combine with adjacent characters
     {"カ\xE3\x82", "ガ", false},
     {"山\xE3\x80", "山", false},
     {"山\xE3\x80\x80\x80", "山\xE3\x80\x80\xFF", true},
@@ -134,7 +134,7 @@ constexpr Pair kPairs[] = {
 
 } // namespace
 
-TEST_CASE("texts are equal without regard to case, width and kana, but with 濁点 and accents")
+TEST_CASE("texts are compared without case, width and kana type, but with 濁点 and accents")
 {
     for (const Pair &pair : kPairs) {
         CAPTURE(pair.a);
@@ -144,7 +144,7 @@ TEST_CASE("texts are equal without regard to case, width and kana, but with 濁�
     }
 }
 
-TEST_CASE("the order of texts goes by kana and letters whatever their form")
+TEST_CASE("the order of texts does not depend on the form of kana and Latin characters")
 {
     CHECK(compareJapanese("ア", "い") < 0);
     CHECK(compareJapanese("ｲ", "あ") > 0);
@@ -156,14 +156,14 @@ TEST_CASE("the order of texts goes by kana and letters whatever their form")
     CHECK(compareJapanese("山", "あ") > 0);
     CHECK(compareJapanese("ガ", "カ゛ア") < 0);
     CHECK(compareJapanese("カア", "カ゛") < 0);
-    CHECK(compareJapanese("ﾃ\xEF", "ﾃﾞ") < 0); // the second text's sign belongs to the character before it
+    CHECK(compareJapanese("ﾃ\xEF", "ﾃﾞ") < 0); // the 濁点 of the second text belongs to the preceding character
     CHECK(compareJapanese("葛\U000E0100", "葛城") < 0);
     CHECK(compareJapanese("葛\U000E0100城", "葛岡") < 0);
     CHECK(compareJapanese("a b", "a\tb") > 0);
     CHECK(compareJapanese("201904", "201905") < 0);
 }
 
-TEST_CASE("bytes that are no UTF-8 compare without harm and differ from each other's texts")
+TEST_CASE("invalid UTF-8 compares without a fault and differs from valid text")
 {
     CHECK(compareJapanese("\xFF\xFE", "山") != 0);
     CHECK(compareJapanese("\xE5\xB1", "山") != 0);
@@ -171,16 +171,16 @@ TEST_CASE("bytes that are no UTF-8 compare without harm and differ from each oth
     CHECK(compareJapanese("\xC0\x80", "") != 0);
 }
 
-TEST_CASE("unsound bytes become replacement characters and sound text stays")
+TEST_CASE("invalid bytes become replacement characters and valid text is unchanged")
 {
     CHECK(soundUtf8("山田 abc") == "山田 abc");
     CHECK(soundUtf8("a\xFF"
                     "b") == "a\uFFFDb");
     CHECK(soundUtf8("\xE5\xB1") == "\uFFFD\uFFFD");
     CHECK(soundUtf8("山田\xE5\xB1") == "山田\uFFFD\uFFFD");
-    CHECK(soundUtf8("\xE0\x80\x80") == "\uFFFD\uFFFD\uFFFD"); // a longer form than the character needs
+    CHECK(soundUtf8("\xE0\x80\x80") == "\uFFFD\uFFFD\uFFFD"); // overlong
     CHECK(soundUtf8("山\xE0\xA4\x85한") == "山अ한");
-    CHECK(soundUtf8("\xED\xA0\x80") == "\uFFFD\uFFFD\uFFFD"); // half of a surrogate pair
+    CHECK(soundUtf8("\xED\xA0\x80") == "\uFFFD\uFFFD\uFFFD"); // a surrogate
     CHECK(soundUtf8("\xF0\xA0\xAE\xB7") == "𠮷");
     CHECK(soundUtf8("\xF5\x80\x80\x80") == "\uFFFD\uFFFD\uFFFD\uFFFD");
 }

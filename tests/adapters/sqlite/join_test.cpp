@@ -7,8 +7,8 @@
 
 using namespace inin;
 
-// Without an index that suits the collation SQLite makes one for the time of the statement, from the inner table's rows.
-TEST_CASE("a join finds equal texts of different length, whichever table comes first")
+// Without an index of that collation, SQLite builds a temporary one from the rows of the inner table.
+TEST_CASE("a join finds equal texts of different length, whichever table is first")
 {
     const DatabaseFile file(
         "CREATE TABLE INSURER (cNo TEXT PRIMARY KEY, cName TEXT);"

@@ -19,7 +19,7 @@ struct Row {
 
 } // namespace
 
-TEST_CASE("LIKE finds a text by its wildcards, classes and the collation")
+TEST_CASE("LIKE matches by wildcards, classes and the collation")
 {
     static constexpr Row kRows[] = {
         {"やまだ たろう", "%ﾔﾏﾀﾞ%", true},
@@ -41,7 +41,7 @@ TEST_CASE("LIKE finds a text by its wildcards, classes and the collation")
         {"山田太郎", "____", true},
         {"山田太郎", "___", false},
         {"ダ", "_", true},
-        {"ﾀﾞ", "_", true}, // one character, as its full-width form is
+        {"ﾀﾞ", "_", true}, // one character, like its full-width form
         {"タ゛", "_", true},
         {"葛\U000E0100城", "葛_", true},
         {"葛城", "葛\U000E0100_", true},
@@ -71,8 +71,8 @@ TEST_CASE("LIKE finds a text by its wildcards, classes and the collation")
         {"a", "[a", false},
         {"[a", "[a", false},
         {"50％", "50％", true},
-        {"50 percent", "50％", false}, // only the half-width sign is a wildcard
-        {"abc ", "abc", false},        // blanks at the end count in LIKE
+        {"50 percent", "50％", false}, // only the half-width character is a wildcard
+        {"abc ", "abc", false},        // trailing blanks are significant in LIKE
         {"abc ", "abc%", true},
         {"a\nb", "a%b", true},
     };
@@ -83,7 +83,7 @@ TEST_CASE("LIKE finds a text by its wildcards, classes and the collation")
     }
 }
 
-TEST_CASE("ESCAPE makes the sign behind it an ordinary one")
+TEST_CASE("the character after an ESCAPE character is literal")
 {
     CHECK(LikePattern("50!%", U'!').matches("50%"));
     CHECK_FALSE(LikePattern("50!%", U'!').matches("500"));
@@ -98,13 +98,13 @@ TEST_CASE("a pattern of many runs against a long text ends soon")
     CHECK_FALSE(LikePattern("%a%a%a%a%a%a%a%a%a%a%a%a%b").matches(text));
 }
 
-TEST_CASE("a pattern and a text of broken UTF-8 do no harm")
+TEST_CASE("a pattern and a text of invalid UTF-8 match without a fault")
 {
     CHECK(LikePattern("%\xFF%").matches("a\xFE"));
     CHECK_FALSE(LikePattern("\xE5\xB1").matches("山"));
 }
 
-TEST_CASE("a statement's LIKE finds texts as the pattern does, and never a NULL")
+TEST_CASE("LIKE in a statement matches texts like the pattern, and never NULL")
 {
     const DatabaseFile file(
         "CREATE TABLE T (nID INTEGER, cName TEXT);"

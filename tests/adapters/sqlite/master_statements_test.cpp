@@ -27,7 +27,7 @@ const std::string kForms =
     "  FROM      SHINSEISYO where";
 const std::string kFormOrder = "  order by      nIDNo";
 
-/// A statement of the tariffs and of the charges for a month of six digits.
+/// A query of the fees or charges of a month in six digits.
 std::string monthly(const std::string &table, const std::string &month, const std::string &order)
 {
     return "SELECT * FROM " + table +
@@ -39,7 +39,7 @@ std::string monthly(const std::string &table, const std::string &month, const st
 
 } // namespace
 
-TEST_CASE_FIXTURE(PracticeSession, "the insurance kinds come by their number, NULL first, whatever the branch")
+TEST_CASE_FIXTURE(PracticeSession, "the insurance kinds of all branches are ordered by number, NULL first")
 {
     file.run("INSERT INTO HOKEN (iKyotenCd, iKyotenEb, cType, iType) VALUES (9, 9, '他', 3)");
     CHECK(session.rows(kHoken, {"cType", "iType", "cName", "cRyaku"}) ==
@@ -60,7 +60,7 @@ TEST_CASE_FIXTURE(PracticeSession, "an insurance kind is inserted, updated by it
     CHECK(session.rows(kHoken, {"cType"}) == Texts{"NULL", "社保", "国保"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the claim forms of a system-wide print type have no branch, the others their own")
+TEST_CASE_FIXTURE(PracticeSession, "a claim form belongs to a branch unless its print type is system-wide")
 {
     const Texts fields{"nIDNo", "cFileName"};
     CHECK(session.rows(kForms + " iPrintType = 1" + kFormOrder, fields) == Texts{"1|a.wfd", "2|b.wfd"});
@@ -82,7 +82,7 @@ TEST_CASE_FIXTURE(PracticeSession, "one claim form is read by number, branch and
 }
 
 TEST_CASE_FIXTURE(PracticeSession,
-                  "the highest number of a claim form goes by print type, and by branch where it has one")
+                  "the highest claim form number is that of the print type, and of the branch if there is one")
 {
     const std::string sql = "  select      max(SHINSEISYO.nIDNo) as nIDNo  FROM      SHINSEISYO where";
     CHECK(session.rows(sql + " iPrintType = 1", {"nIDNo"}) == Texts{"2"});
@@ -115,7 +115,7 @@ TEST_CASE_FIXTURE(PracticeSession, "a claim form is inserted, updated and delete
 }
 
 TEST_CASE_FIXTURE(PracticeSession,
-                  "the fees of a month are those whose period holds it, in the order of start, class and code")
+                  "the fees of a month are those whose period contains it, ordered by start, class and code")
 {
     const auto fees = [&](const std::string &month) {
         return session.rows(monthly("療養費単価", month, "cStartDate, iTankaKbn, nTankaCode"),
@@ -131,14 +131,14 @@ TEST_CASE_FIXTURE(PracticeSession,
     CHECK(fees("201904") == Texts{"2018/01/01|9|1|450.5", "2018/10/01|1|1|338", "2018/10/01|1|2|340"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the bands of a month's visit charge come by their limit")
+TEST_CASE_FIXTURE(PracticeSession, "the bands of a month's visit charge are ordered by limit")
 {
     CHECK(session.rows(monthly("往療費区分", "201904", "nMaxLen"), {"nKingakuOuryou", "nMaxLen"}) ==
           Texts{"2300|2000", "2700|4000"});
     CHECK(session.rows(monthly("往療費区分", "201910", "nMaxLen"), {"nMaxLen"}).empty());
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a map is written as bytes, found by its three keys and written anew")
+TEST_CASE_FIXTURE(PracticeSession, "a map is written as bytes, found by its three keys and overwritten")
 {
     const std::string load = "  select *  from RIYOUSHA_MAP  where  nIDNo=0  and iKyotenCd=1  and iKyotenEb=1";
     CHECK(session.rows(load, {"nIDNo"}).empty());
@@ -153,7 +153,7 @@ TEST_CASE_FIXTURE(PracticeSession, "a map is written as bytes, found by its thre
     CHECK(file.value("SELECT typeof(bAddr1) FROM RIYOUSHA_MAP") == "blob");
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "an update of a map without a picture opens its list with a comma and fails")
+TEST_CASE_FIXTURE(PracticeSession, "an update of a map without a picture begins its SET list with a comma and fails")
 {
     CHECK(raisedBy([&] {
               session.execute(

@@ -1,32 +1,34 @@
+#include "adapters/sqlite/sqlite_connection.h"
+#include "adapters/sqlite/sqlite_recordset.h"
+
 #include "adapters/sqlite/database_file.h"
 
 #include <doctest/doctest.h>
 
-#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <optional>
 #include <string>
-#include <thread>
 
 using namespace inin;
 
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
 
-/// What the opening of a session raises, with the list that it leaves.
+/// The error of opening a session, the error list and the state of the session.
 struct Opening {
     Raised raised;
     std::vector<ProviderError> errors;
     std::int32_t state = 0;
 };
-Opening openOf(const std::string &connectionString, std::int32_t timeout = 30)
+Opening openOf(const std::string &connectionString)
 {
     const auto database = plainDatabase();
     const auto connection = database->newConnection();
-    connection->setCommandTimeout(timeout);
     Opening opening;
     opening.raised = raisedBy([&] { connection->Open(connectionString, "", "", -1); });
     opening.errors = connection->Errors();
@@ -34,10 +36,10 @@ Opening openOf(const std::string &connectionString, std::int32_t timeout = 30)
     return opening;
 }
 
-/// A database file with other content.
-struct SpoiledFile {
+/// A file with any content in place of a database.
+struct ForeignFile {
     DatabaseFile file;
-    explicit SpoiledFile(const std::string &bytes) { std::ofstream(file.path(), std::ios::binary) << bytes; }
+    explicit ForeignFile(const std::string &bytes) { std::ofstream(file.path(), std::ios::binary) << bytes; }
 };
 
 void checkRefused(const Opening &opening, const std::string &description)
@@ -49,19 +51,42 @@ void checkRefused(const Opening &opening, const std::string &description)
     CHECK(opening.errors[0].Description == description);
 }
 
-double secondsOf(const std::function<void()> &operation)
-{
-    const Clock::time_point start = Clock::now();
-    operation();
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-const char *const kTable = "CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1)";
+const char *const kTable = "CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1), (2)";
 const char *const kEndless = "WITH r(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM r) SELECT count(*) FROM r";
+/// Each row takes SQLite long enough to check the timeout.
+const char *const kSlowRows = "SELECT (WITH r(n) AS (SELECT T.nID UNION ALL SELECT n + 1 FROM r WHERE n < 5000) "
+                              "SELECT max(n) FROM r) FROM T";
+
+/// A session with a timeout of one second by a simulated clock, which advances by `tick` at each timeout check.
+struct TimedSession {
+    DatabaseFile file{kTable};
+    SqlitePool::TimePoint now{};
+    std::chrono::milliseconds tick{0};
+    SqliteConnection connection{std::make_shared<SqlitePool>([this] { return now += tick; }),
+                                [](const std::string &path) { return path; }};
+
+    TimedSession() { connection.setCommandTimeout(1); }
+    void openSession() { connection.Open(file.connectionString(), "", "", -1); }
+    void read(const std::string &sql) { SqliteRecordset().Open(sql, connection, 0, 1, 1); }
+    /// Checks that the operation times out after one second of the simulated clock.
+    void checkTimesOut(const std::function<void()> &operation, const std::string &description)
+    {
+        const SqlitePool::TimePoint start = now;
+        tick = 10ms;
+        const Raised raised = raisedBy(operation);
+        tick = 0ms;
+        CHECK(raised.number == ado_error::timedOut);
+        CHECK(raised.description == description);
+        REQUIRE(connection.Errors().size() == 1);
+        CHECK(connection.Errors()[0].SQLState == "HYT00");
+        CHECK(now - start >= 1s);
+        CHECK(now - start < 1100ms);
+    }
+};
 
 } // namespace
 
-TEST_CASE("a file that is not there is refused and not made")
+TEST_CASE("a missing file is refused and not created")
 {
     DatabaseFile file;
     fs::remove(file.path());
@@ -69,7 +94,7 @@ TEST_CASE("a file that is not there is refused and not made")
     CHECK_FALSE(fs::exists(file.path()));
 }
 
-TEST_CASE("a folder in the place of the file is refused")
+TEST_CASE("a folder in place of the file is refused")
 {
     const DatabaseFile file;
     const std::string folder = fs::path(file.path()).parent_path().string();
@@ -78,27 +103,27 @@ TEST_CASE("a folder in the place of the file is refused")
 
 TEST_CASE("an empty file is refused")
 {
-    const SpoiledFile spoiled("");
-    checkRefused(openOf(spoiled.file.connectionString()), "file is empty or cannot be read: " + spoiled.file.path());
-    CHECK(fs::file_size(spoiled.file.path()) == 0);
+    const ForeignFile foreign("");
+    checkRefused(openOf(foreign.file.connectionString()), "file is empty or cannot be read: " + foreign.file.path());
+    CHECK(fs::file_size(foreign.file.path()) == 0);
 }
 
-TEST_CASE("a file that is no database is refused, short or long")
+TEST_CASE("a short or long file that is not a database is refused")
 {
     for (const std::string &bytes : {std::string("x"), std::string("[接続情報]\r\n"), std::string(100000, '\0'),
                                      std::string("SQLite format 2\0", 16) + std::string(5000, 'x')}) {
-        const SpoiledFile spoiled(bytes);
-        checkRefused(openOf(spoiled.file.connectionString()), "file is not a database: " + spoiled.file.path());
+        const ForeignFile foreign(bytes);
+        checkRefused(openOf(foreign.file.connectionString()), "file is not a database: " + foreign.file.path());
     }
 }
 
-TEST_CASE("a file that only begins as a database is refused with the words of the provider")
+TEST_CASE("a file with only the header of a database is refused with the provider's message")
 {
-    const SpoiledFile spoiled(std::string("SQLite format 3\0", 16) + std::string(5000, 'x'));
-    checkRefused(openOf(spoiled.file.connectionString()), "file is not a database");
+    const ForeignFile foreign(std::string("SQLite format 3\0", 16) + std::string(5000, 'x'));
+    checkRefused(openOf(foreign.file.connectionString()), "file is not a database");
 }
 
-TEST_CASE("a database whose pages are spoiled fails where they are read")
+TEST_CASE("a damaged page of a database fails when it is read")
 {
     const DatabaseFile file("CREATE TABLE T (cText TEXT); INSERT INTO T VALUES (hex(zeroblob(30000)))");
     std::fstream bytes(file.path(), std::ios::binary | std::ios::in | std::ios::out);
@@ -110,7 +135,7 @@ TEST_CASE("a database whose pages are spoiled fails where they are read")
     CHECK(session.connection().Errors().at(0).Description == "database disk image is malformed");
 }
 
-TEST_CASE("a connection string without provider or source is refused without its words")
+TEST_CASE("the error for a connection string without provider or source does not quote it")
 {
     checkRefused(openOf("Data Source=x.db;Password=secret"), "the connection string names no Provider");
     checkRefused(openOf("Provider=SQLOLEDB;Data Source=x;Password=secret"),
@@ -119,117 +144,84 @@ TEST_CASE("a connection string without provider or source is refused without its
     checkRefused(openOf(""), "the connection string names no Provider");
 }
 
-TEST_CASE("a locked file times out the opening of a session after its seconds")
+TEST_CASE_FIXTURE(TimedSession, "opening a session on a locked file fails after the command timeout")
 {
-    const DatabaseFile file(kTable);
-    const WholeLock lock(file);
-    Opening opening;
-    const double seconds = secondsOf([&] { opening = openOf(file.connectionString(), 1); });
-    CHECK(opening.raised.number == ado_error::timedOut);
-    CHECK(opening.raised.description == "database is locked");
-    CHECK(opening.state == adStateClosed);
-    CHECK(opening.errors.at(0).SQLState == "HYT00");
-    CHECK(seconds >= 0.9);
-    CHECK(seconds < 20);
+    const ExclusiveLock lock(file);
+    const PauseCounter counter;
+    checkTimesOut([&] { openSession(); }, "database is locked");
+    CHECK(connection.State() == adStateClosed);
+    CHECK(PauseCounter::pauses() > 0);
 }
 
-TEST_CASE("a file that is locked after the session's opening times out each command after its seconds")
+TEST_CASE_FIXTURE(TimedSession, "each command on a locked file fails after the command timeout")
 {
-    const DatabaseFile file(kTable);
-    Session session(file);
-    session.connection().setCommandTimeout(1);
-    const WholeLock lock(file);
-    const std::function<void()> commands[] = {[&] { (void)session.open("SELECT nID FROM T"); },
-                                              [&] { session.execute("DELETE FROM T"); },
-                                              [&] { session.connection().BeginTrans(); }};
-    for (const auto &command : commands) {
-        Raised raised;
-        const double seconds = secondsOf([&] { raised = raisedBy(command); });
-        CHECK(raised.number == ado_error::timedOut);
-        CHECK(session.connection().Errors().at(0).Description == "database is locked");
-        CHECK(seconds >= 0.9);
-        CHECK(seconds < 20);
-    }
+    openSession();
+    const ExclusiveLock lock(file);
+    const PauseCounter counter;
+    checkTimesOut([&] { read("SELECT nID FROM T"); }, "database is locked");
+    checkTimesOut([&] { connection.Execute("DELETE FROM T", adExecuteNoRecords); }, "database is locked");
+    checkTimesOut([&] { connection.BeginTrans(); }, "database is locked");
+    CHECK(PauseCounter::pauses() > 0);
 }
 
-TEST_CASE("a statement that timed out at a lock runs once the lock is gone")
+TEST_CASE_FIXTURE(TimedSession, "a statement that timed out at a lock runs once the lock is gone")
 {
-    const DatabaseFile file(kTable);
-    Session session(file);
+    openSession();
     {
-        const WholeLock lock(file);
-        session.connection().setCommandTimeout(1);
-        CHECK(raisedBy([&] { (void)session.open("SELECT nID FROM T"); }).number == ado_error::timedOut);
+        const ExclusiveLock lock(file);
+        const PauseCounter counter;
+        checkTimesOut([&] { read("SELECT nID FROM T"); }, "database is locked");
     }
-    CHECK(session.value("SELECT nID FROM T") == "1");
+    CHECK(raisedBy([&] { read("SELECT nID FROM T"); }).number == 0);
 }
 
-TEST_CASE("a lock of another program that ends in time costs only the waiting, beside other sessions of this one too")
+TEST_CASE("a session waits for another program's lock, even while another session of its own program is open")
 {
     const DatabaseFile file(kTable);
     Session session(file);
     const auto idle = session.database().newConnection();
     idle->Open(file.connectionString(), "", "", -1);
-    std::atomic<bool> isLocked = false;
-    std::thread other([&] {
-        const WholeLock lock(file);
-        isLocked = true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    });
-    while (!isLocked) std::this_thread::yield();
+    std::optional<ExclusiveLock> lock(file);
+    const PauseCounter counter([&] { lock.reset(); });
 
     CHECK(session.value("SELECT nID FROM T") == "1");
 
-    other.join();
+    CHECK(PauseCounter::pauses() == 1);
 }
 
-TEST_CASE("a commit waits for another program's reading, beside an idle session of this one too")
+TEST_CASE("a commit waits for another program's reading, even while another session of its own program is open")
 {
-    const DatabaseFile file("CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1), (2)");
-    Session session(file);
+    const DatabaseFile file(kTable);
+    Session session(file), otherProgram(file);
     const auto idle = session.database().newConnection();
     idle->Open(file.connectionString(), "", "", -1);
     session.connection().BeginTrans();
     session.execute("INSERT INTO T VALUES (3)");
-    std::atomic<bool> isReading = false;
-    std::thread other([&] {
-        Session reader(file);
-        const auto rows = reader.open("SELECT nID FROM T");
-        isReading = true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
-        rows->Close();
-    });
-    while (!isReading) std::this_thread::yield();
+    auto rows = otherProgram.open("SELECT nID FROM T");
+    const PauseCounter counter([&] { rows.reset(); });
 
     CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == 0);
 
-    other.join();
+    CHECK(PauseCounter::pauses() == 1);
     CHECK(session.value("SELECT count(*) FROM T") == "3");
 }
 
-TEST_CASE("a statement that does not end is stopped after the command timeout, and the session goes on")
+TEST_CASE_FIXTURE(TimedSession,
+                  "an endless statement is stopped after the command timeout, and the session remains usable")
 {
-    const DatabaseFile file(kTable);
-    Session session(file);
-    session.connection().setCommandTimeout(1);
-    Raised raised;
-    const double seconds = secondsOf([&] { raised = raisedBy([&] { (void)session.open(kEndless); }); });
-    CHECK(raised.number == ado_error::timedOut);
-    CHECK(raised.description == "interrupted");
-    CHECK(seconds >= 0.9);
-    CHECK(seconds < 20);
-    CHECK(session.value("SELECT nID FROM T") == "1");
+    openSession();
+    checkTimesOut([&] { read(kEndless); }, "interrupted");
+    CHECK(raisedBy([&] { read("SELECT nID FROM T"); }).number == 0);
 }
 
-TEST_CASE("the time between two rows is the reader's own")
+TEST_CASE_FIXTURE(TimedSession, "the time between two rows does not count towards the command timeout")
 {
-    const DatabaseFile file("CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1), (2)");
-    Session session(file);
-    session.connection().setCommandTimeout(1);
-    const auto rows = session.open("SELECT nID FROM T ORDER BY nID");
-    const Clock::time_point until = Clock::now() + std::chrono::milliseconds(1100);
-    while (Clock::now() < until) {
-    }
-    CHECK(raisedBy([&] { rows->MoveNext(); }).number == 0);
-    CHECK(shown(rows->Value(0)) == "2");
+    openSession();
+    SqliteRecordset rows;
+    rows.Open(kSlowRows, connection, 0, 1, 1);
+    now += 2s;
+    CHECK(raisedBy([&] { rows.MoveNext(); }).number == 0);
+    CHECK(shown(rows.Value(0)) == "5000");
+    tick = 600ms; // without the pause, the same step times out
+    CHECK(raisedBy([&] { rows.MoveFirst(); }).number == ado_error::timedOut);
 }

@@ -205,7 +205,7 @@ TEST_CASE_FIXTURE(PracticeSession, "a site's patients have every column of the p
     CHECK(std::size(kColumns) == 181);
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the dates of the patient record are dates, the two texts among them texts")
+TEST_CASE_FIXTURE(PracticeSession, "the date columns of the patient record are dates, except the two text columns")
 {
     constexpr std::int32_t kDateTime = 135, kText = 202, kInteger = 3;
     const auto row = session.open(kPatient);
@@ -216,7 +216,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the dates of the patient record are dates, t
     CHECK(row->fieldType(row->fieldIndex("iRoomAnbunUmu")) == kInteger);
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a patient is read on the client's side, where the rows are counted")
+TEST_CASE_FIXTURE(PracticeSession, "a client-side cursor reads a patient and counts the rows")
 {
     const auto count = [&](const std::string &sql) {
         const auto row = session.database().newRecordset();

@@ -21,8 +21,8 @@ namespace fs = std::filesystem;
 
 const char *const kTable = "CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('before')";
 
-/// A pool whose clock stands until it is moved.
-struct PoolOnAStoppedClock {
+/// A pool whose clock moves only when the test sets it.
+struct PoolWithFakeClock {
     SqlitePool::TimePoint now{};
     SqlitePool pool{[this] { return now; }};
     DatabaseFile file{kTable};
@@ -38,15 +38,15 @@ struct PoolOnAStoppedClock {
 };
 
 #ifdef _WIN32
-// No list of a process's open files is to be had there without a driver's rights.
+// There, listing the open files of a process requires the rights of a driver.
 #define CHECK_TIMES_OPEN(file, times) (void)(file)
 #else
 #define CHECK_TIMES_OPEN(file, times) CHECK(timesOpen(file) == (times))
-/// How many times this process has the file open, seen past the adapter.
+/// The number of times that this process has the file open, read from the system.
 std::size_t timesOpen(const DatabaseFile &file)
 {
     std::size_t count = 0;
-    std::error_code gone; // the listing's own entry is no more when it is read
+    std::error_code gone; // the descriptor of the listing itself
     for (const auto &entry : fs::directory_iterator("/proc/self/fd"))
         if (fs::read_symlink(entry.path(), gone) == fs::path(file.path())) ++count;
     return count;
@@ -59,7 +59,7 @@ std::string bytesOf(const DatabaseFile &file)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// Dates the file's last write from now.
+/// Sets the time of the file's last write relative to now.
 void setLastWrite(const DatabaseFile &file, std::chrono::hours offset)
 {
     static const fs::file_time_type now = fs::file_time_type::clock::now();
@@ -77,7 +77,7 @@ std::string firstName(Database &database, const DatabaseFile &file)
 
 } // namespace
 
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "an idle connection is kept for less than a minute")
+TEST_CASE_FIXTURE(PoolWithFakeClock, "an idle connection is kept for less than a minute")
 {
     pool.giveBack("a", open());
     now += 59999ms;
@@ -90,7 +90,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "an idle connection is kept for less than
     CHECK(pool.idleCount() == 0);
 }
 
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection is given to sessions of its own connection string only")
+TEST_CASE_FIXTURE(PoolWithFakeClock, "a connection is lent only to sessions with its own connection string")
 {
     pool.giveBack("a", open());
     CHECK(pool.take("A") == nullptr);
@@ -98,7 +98,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection is given to sessions of its
     CHECK(pool.take("a") != nullptr);
 }
 
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "each connection is lent once, and the latest comes first")
+TEST_CASE_FIXTURE(PoolWithFakeClock, "each connection is lent once, the most recent first")
 {
     std::unique_ptr<SqliteHandle> one = open(), two = open();
     const SqliteHandle *const latest = two.get();
@@ -113,7 +113,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "each connection is lent once, and the la
     CHECK(pool.take("a") == nullptr);
 }
 
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "of a burst of connections four stay")
+TEST_CASE_FIXTURE(PoolWithFakeClock, "at most four connections remain idle")
 {
     std::vector<std::unique_ptr<SqliteHandle>> burst;
     burst.reserve(6);
@@ -123,7 +123,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "of a burst of connections four stay")
     CHECK_TIMES_OPEN(file, 4);
 }
 
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "old connections of every string are closed when any string is asked for")
+TEST_CASE_FIXTURE(PoolWithFakeClock, "any request closes the expired connections of all connection strings")
 {
     pool.giveBack("a", open());
     now += 61s;
@@ -131,7 +131,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "old connections of every string are clos
     CHECK_TIMES_OPEN(file, 0);
 }
 
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a closed pool keeps nothing, neither what is idle nor what comes back")
+TEST_CASE_FIXTURE(PoolWithFakeClock, "a closed pool keeps neither idle nor returned connections")
 {
     std::unique_ptr<SqliteHandle> lent = open();
     pool.giveBack("a", open());
@@ -142,8 +142,8 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a closed pool keeps nothing, neither wha
     CHECK_TIMES_OPEN(file, 0);
 }
 
-#ifndef _WIN32 // there a file that is open can neither be deleted nor replaced
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was deleted or replaced is not lent again")
+#ifndef _WIN32 // an open file can be neither deleted nor replaced there
+TEST_CASE_FIXTURE(PoolWithFakeClock, "a connection whose file was deleted or replaced is not lent again")
 {
     pool.giveBack("a", open());
     fs::remove(file.path());
@@ -159,7 +159,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was deleted or r
 
 #endif
 
-TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was overwritten in place is not lent again")
+TEST_CASE_FIXTURE(PoolWithFakeClock, "a connection whose file was overwritten in place is not lent again")
 {
     setLastWrite(file, std::chrono::hours(-2));
     pool.giveBack("a", open());
@@ -175,7 +175,7 @@ TEST_CASE_FIXTURE(PoolOnAStoppedClock, "a connection whose file was overwritten 
     CHECK(pool.take("a") == nullptr);
 }
 
-TEST_CASE("a file that was overwritten in place is read anew although its header is the same")
+TEST_CASE("a file that was overwritten in place with the same header is read again")
 {
     const DatabaseFile file(kTable), other("CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('after!')");
     setLastWrite(file, std::chrono::hours(-1));
@@ -187,7 +187,7 @@ TEST_CASE("a file that was overwritten in place is read anew although its header
     CHECK(firstName(*database, file) == "after!");
 }
 
-TEST_CASE("sessions one after another share one open file, sessions side by side do not")
+TEST_CASE("consecutive sessions share one open file, and concurrent sessions do not")
 {
     const DatabaseFile file(kTable);
     const auto database = plainDatabase();
@@ -200,7 +200,7 @@ TEST_CASE("sessions one after another share one open file, sessions side by side
 }
 
 #ifndef _WIN32
-TEST_CASE("a file that took another's name is read by the next session")
+TEST_CASE("a file that replaced another one is read by the next session")
 {
     const DatabaseFile file(kTable);
     const auto database = plainDatabase();
@@ -210,7 +210,7 @@ TEST_CASE("a file that took another's name is read by the next session")
     CHECK(firstName(*database, file) == "after");
 }
 
-TEST_CASE("a file that was deleted under a kept connection fails the next session's opening")
+TEST_CASE("opening a session fails when the file of an idle connection was deleted")
 {
     const DatabaseFile file(kTable);
     const auto database = plainDatabase();
@@ -219,12 +219,12 @@ TEST_CASE("a file that was deleted under a kept connection fails the next sessio
     const Raised raised = raisedBy([&] { (void)firstName(*database, file); });
     CHECK(raised.number == ado_error::unspecified);
     CHECK(raised.description == "unable to open database file: " + file.path());
-    CHECK_FALSE(fs::exists(file.path())); // and is not made anew
+    CHECK_FALSE(fs::exists(file.path())); // nor is it created
 }
 
 #endif
 
-TEST_CASE("a file that others wrote to is read anew on a kept connection")
+TEST_CASE("an idle connection reads the changes of other programs")
 {
     const DatabaseFile file(kTable);
     const auto database = plainDatabase();
@@ -233,7 +233,7 @@ TEST_CASE("a file that others wrote to is read anew on a kept connection")
     CHECK(firstName(*database, file) == "changed");
 }
 
-TEST_CASE("the next session on a kept connection has its own command timeout and error list")
+TEST_CASE("the next session on an idle connection has its own command timeout and error list")
 {
     const DatabaseFile file(kTable);
     const auto database = plainDatabase();
@@ -249,7 +249,7 @@ TEST_CASE("the next session on a kept connection has its own command timeout and
     CHECK(connection->Errors().empty());
 }
 
-TEST_CASE("a session that outlives the library closes its file at its end")
+TEST_CASE("a session that outlives the Database object closes its file at its end")
 {
     const DatabaseFile file(kTable);
     auto database = plainDatabase();

@@ -6,11 +6,11 @@
 
 namespace inin {
 
-/// The tables of a site as they are installed, and a few rows: branch 1/1 with its head office, an agent and a group
+/// The tables of an installed site and a few rows: branch 1/1 with its head office, an agent and a group
 /// company, patients for each rule of the extractions, staff, insurance kinds, claim forms and tariffs.
 const std::string &practiceDatabase();
 
-/// A session on a fresh practice.
+/// A session on a new practice database.
 struct PracticeSession {
     DatabaseFile file{practiceDatabase()};
     Session session{file};

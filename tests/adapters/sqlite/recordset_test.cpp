@@ -26,7 +26,7 @@ struct ThreeRows {
 
 } // namespace
 
-TEST_CASE_FIXTURE(ThreeRows, "a closed record set refuses everything with error 3704")
+TEST_CASE_FIXTURE(ThreeRows, "each operation of a closed record set fails with error 3704")
 {
     const auto rows = session.open("SELECT nID FROM T");
     rows->Close();
@@ -48,19 +48,19 @@ TEST_CASE_FIXTURE(ThreeRows, "a closed record set refuses everything with error 
     for (const auto &operation : operations) CHECK(raisedBy(operation).number == kClosed);
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "an open record set is not opened again, a closed one is")
+TEST_CASE_FIXTURE(ThreeRows, "an open record set cannot be opened again, and a closed one can")
 {
     const auto rows = session.open("SELECT nID FROM T");
     CHECK(rows->State() == adStateOpen);
     CHECK(raisedBy([&] { rows->Open("SELECT 1", session.connection(), 0, 1, 1); }).number == kOpen);
     CHECK(raisedBy([&] { rows->setCursorLocation(adUseClient); }).number == kOpen);
-    CHECK(shown(rows->Value(0)) == "1"); // undisturbed
+    CHECK(shown(rows->Value(0)) == "1"); // unchanged
     rows->Close();
     rows->Open("SELECT cName FROM T WHERE nID = 2", session.connection(), 0, 1, 1);
     CHECK(shown(rows->Value(0)) == "b");
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "a record set on a closed session is not opened")
+TEST_CASE_FIXTURE(ThreeRows, "a record set cannot be opened on a closed session")
 {
     session.connection().Close();
     const auto rows = session.database().newRecordset();
@@ -68,7 +68,7 @@ TEST_CASE_FIXTURE(ThreeRows, "a record set on a closed session is not opened")
     CHECK(rows->State() == adStateClosed);
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "a record set whose session was closed is closed with it")
+TEST_CASE_FIXTURE(ThreeRows, "closing a session closes its record sets")
 {
     const auto rows = session.open("SELECT nID FROM T");
     session.connection().Close();
@@ -77,7 +77,7 @@ TEST_CASE_FIXTURE(ThreeRows, "a record set whose session was closed is closed wi
     CHECK(raisedBy([&] { (void)rows->Value(0); }).number == kClosed);
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "a field that is not there is error 3265, by name and by number")
+TEST_CASE_FIXTURE(ThreeRows, "an unknown field is error 3265, by name and by number")
 {
     const auto rows = session.open("SELECT nID FROM T");
     CHECK(raisedBy([&] { (void)rows->Field("cName"); }).number == kNoField);
@@ -89,7 +89,7 @@ TEST_CASE_FIXTURE(ThreeRows, "a field that is not there is error 3265, by name a
           "要求された名前、または序数に対応する項目がコレクションで見つかりません。");
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "behind the last row there is no record to read or to leave")
+TEST_CASE_FIXTURE(ThreeRows, "reading and moving after the last row are errors")
 {
     for (const bool client : {false, true}) {
         CAPTURE(client);
@@ -104,7 +104,7 @@ TEST_CASE_FIXTURE(ThreeRows, "behind the last row there is no record to read or 
     }
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "after a step that failed there is no current row")
+TEST_CASE_FIXTURE(ThreeRows, "there is no current row after a failed step")
 {
     const std::string sql = "SELECT SUBSTRING(cName, 1, 2 - nID) AS c FROM T ORDER BY nID";
     const auto rows = session.open("SELECT nID, SUBSTRING(cName, 1, 2 - nID) AS c FROM T");
@@ -119,7 +119,7 @@ TEST_CASE_FIXTURE(ThreeRows, "after a step that failed there is no current row")
     CHECK(raisedBy([&] { (void)onClient(sql); }).number == ado_error::faultyStatement);
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "a result without rows is at its end at once and still has its fields")
+TEST_CASE_FIXTURE(ThreeRows, "an empty result is at its end and has its fields")
 {
     for (const bool client : {false, true}) {
         CAPTURE(client);
@@ -133,7 +133,7 @@ TEST_CASE_FIXTURE(ThreeRows, "a result without rows is at its end at once and st
     }
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "names of fields count whatever their case, and the first of two")
+TEST_CASE_FIXTURE(ThreeRows, "field names ignore case, and the first of two equal names is found")
 {
     const auto rows = session.open("SELECT nID, cName AS NID, 7 AS 氏名 FROM T");
     CHECK(shown(rows->Field("nid")) == "1");
@@ -141,7 +141,7 @@ TEST_CASE_FIXTURE(ThreeRows, "names of fields count whatever their case, and the
     CHECK(shown(rows->Field("氏名")) == "7");
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "the server's side goes forward, knows no count and starts anew")
+TEST_CASE_FIXTURE(ThreeRows, "a server-side cursor moves forward, has no row count and can restart")
 {
     const auto rows = session.open("SELECT nID FROM T ORDER BY nID");
     CHECK(rows->RecordCount() == -1);
@@ -152,7 +152,7 @@ TEST_CASE_FIXTURE(ThreeRows, "the server's side goes forward, knows no count and
     CHECK(shown(rows->Value(0)) == "1");
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "the client's side counts its rows and goes to the last and back to the first")
+TEST_CASE_FIXTURE(ThreeRows, "a client-side cursor counts its rows and moves to the last and the first row")
 {
     const auto rows = onClient("SELECT nID FROM T ORDER BY nID");
     CHECK(rows->RecordCount() == 3);
@@ -165,7 +165,7 @@ TEST_CASE_FIXTURE(ThreeRows, "the client's side counts its rows and goes to the 
 }
 
 TEST_CASE_FIXTURE(ThreeRows,
-                  "the client's rows are those of the opening, the server's see later changes at the next start")
+                  "a client-side cursor keeps its rows, and a server-side cursor reads later changes when it restarts")
 {
     const auto client = onClient("SELECT nID FROM T ORDER BY nID");
     const auto server = session.open("SELECT nID FROM T ORDER BY nID DESC");
@@ -176,7 +176,7 @@ TEST_CASE_FIXTURE(ThreeRows,
     CHECK(shown(server->Value(0)) == "9");
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "two record sets of one text read side by side")
+TEST_CASE_FIXTURE(ThreeRows, "two record sets of the same statement can be read alternately")
 {
     const std::string sql = "SELECT nID FROM T ORDER BY nID";
     const auto one = session.open(sql);
@@ -188,14 +188,14 @@ TEST_CASE_FIXTURE(ThreeRows, "two record sets of one text read side by side")
     CHECK(shown(other->Value(0)) == "1");
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "a text that runs again for another number does not keep the former one")
+TEST_CASE_FIXTURE(ThreeRows, "a statement that runs again with another number returns its own rows")
 {
     for (const char *number : {"1", "2", "3"})
         CHECK(session.value(std::string("SELECT nID FROM T WHERE nID = ") + number) == number);
     CHECK(session.value("SELECT nID FROM T WHERE nID = 4") == "-");
 }
 
-TEST_CASE_FIXTURE(ThreeRows, "a table that changes between two runs of one text gives its new columns")
+TEST_CASE_FIXTURE(ThreeRows, "a statement returns the new columns after its table has changed")
 {
     CHECK(session.open("SELECT * FROM T")->fieldCount() == 2);
     file.run("ALTER TABLE T ADD COLUMN tDay DATETIME; UPDATE T SET tDay = '2024-05-01'");

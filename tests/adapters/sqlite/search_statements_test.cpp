@@ -20,7 +20,7 @@ std::string patients(const std::string &conditions)
            conditions + " ORDER BY nIDNo ";
 }
 
-/// The staff search with its inner filter and the consultation, if any.
+/// The staff search with its inner filter and, optionally, the consultation.
 std::string staff(const std::string &filter, const std::string &consultation = {})
 {
     std::string sql =
@@ -40,7 +40,7 @@ std::string staff(const std::string &filter, const std::string &consultation = {
 
 } // namespace
 
-TEST_CASE_FIXTURE(PracticeSession, "the patient search lists the branch's patients by number")
+TEST_CASE_FIXTURE(PracticeSession, "the patient search lists the branch's patients, ordered by number")
 {
     CHECK(session.rows(patients(""), {"nIDNo", "cName"}) ==
           Texts{"1|山田太郎", "2|鈴木花子", "3|佐藤次郎", "5|田中三郎", "6|やまた四郎"});
@@ -48,7 +48,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the patient search lists the branch's patien
                                                   "cAdress2", "cNameRyaku"}) == Texts{"1|1|5|ﾀﾅｶ ｻﾌﾞﾛｳ||||"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the patient search finds a name in any kana and width, with its 濁点")
+TEST_CASE_FIXTURE(PracticeSession, "the patient search ignores kana type and width of a name, but not 濁点")
 {
     struct Row {
         const char *kana;
@@ -64,7 +64,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the patient search finds a name in any kana 
     }
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the patient search hides ended treatments by day and by limit month")
+TEST_CASE_FIXTURE(PracticeSession, "the patient search hides treatments ended by day or by limit month")
 {
     const auto hidden = [](const std::string &today, const std::string &month) {
         return " AND (tExpireDay IS NULL  OR tExpireDay >= '" + today + "' OR ('" + month +
@@ -76,7 +76,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the patient search hides ended treatments by
     CHECK(session.rows(patients(hidden("2024/06/10", "2024/03")), {"nIDNo"}) == Texts{"1", "2", "3", "5", "6"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the patient search takes staff, treatment kind and telephone")
+TEST_CASE_FIXTURE(PracticeSession, "the patient search filters by staff, treatment kind and telephone")
 {
     CHECK(session.rows(patients(" AND (nTantou=5  OR nTantou2=5  OR nTantou3=5  OR nTantou4=5  OR nTantou5=5) "),
                        {"nIDNo"}) == Texts{"1", "2", "3", "5"});
@@ -85,13 +85,13 @@ TEST_CASE_FIXTURE(PracticeSession, "the patient search takes staff, treatment ki
     CHECK(session.rows(patients(" AND cName LIKE '%田%'"), {"nIDNo"}) == Texts{"1", "5"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a single quote in the search's name is a faulty statement")
+TEST_CASE_FIXTURE(PracticeSession, "a single quote in the searched name makes the statement faulty")
 {
     CHECK(raisedBy([&] { (void)session.open(patients(" AND cName LIKE '%O'Brien%'")); }).number ==
           ado_error::faultyStatement);
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the search's staff list comes by number")
+TEST_CASE_FIXTURE(PracticeSession, "the staff list of the search is ordered by number")
 {
     CHECK(session.rows(
               "SELECT nIDNo, cName, cNameRyaku  FROM STAFF  WHERE nIDNo >= 0  AND iKyotenCd = 1 AND iKyotenEb = 1"
@@ -99,7 +99,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the search's staff list comes by number")
               {"nIDNo", "cName", "cNameRyaku"}) == Texts{"3|施術三子|三子", "4|施術四郎|NULL", "5|中止五郎|NULL"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the staff search filters inside its sub-select")
+TEST_CASE_FIXTURE(PracticeSession, "the staff search filters in its sub-select")
 {
     const Texts fields{"nIDNo", "cName", "cNameKana"};
     const std::string base = " iKyotenCd = 1 and iKyotenEb = 1";
@@ -109,14 +109,14 @@ TEST_CASE_FIXTURE(PracticeSession, "the staff search filters inside its sub-sele
                        fields) == Texts{"4|施術四郎|ｾｼﾞｭﾂ ｼﾛｳ"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the staff search for a consultation keeps the staff in charge of it")
+TEST_CASE_FIXTURE(PracticeSession, "the staff search for a consultation lists only the staff in charge of it")
 {
     const std::string base = " where iKyotenCd = 1 and iKyotenEb = 1";
     CHECK(session.rows(staff(base, "8"), {"nIDNo", "cName"}) == Texts{"4|施術四郎"});
     CHECK(session.rows(staff(base, "9"), {"nIDNo"}).empty());
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the check of one staff number reads name and stop mark")
+TEST_CASE_FIXTURE(PracticeSession, "the check of a staff number reads the name and the stop flag")
 {
     CHECK(session.rows("SELECT cName, iChusiFlg FROM STAFF  WHERE nIDNo = 5 AND iKyotenCd = 1 AND iKyotenEb = 1",
                        {"cName", "iChusiFlg"}) == Texts{"中止五郎|1"});
@@ -124,7 +124,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the check of one staff number reads name and
                        {"cName", "iChusiFlg"}) == Texts{"施術四郎|NULL"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the patient's row comes whole by its three keys")
+TEST_CASE_FIXTURE(PracticeSession, "all columns of a patient are read by the three keys")
 {
     const auto row = session.open("SELECT * FROM RIYOUSHA WHERE nIDNo = 1 and iKyotenCd = 1 and iKyotenEb = 1");
     REQUIRE_FALSE(row->isEndOfFile());

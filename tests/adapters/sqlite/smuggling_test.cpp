@@ -10,7 +10,7 @@ using namespace inin;
 
 namespace {
 
-/// All that the tests' writes could spoil.
+/// Everything that the statements of these tests could change.
 const char *const kState =
     "SELECT (SELECT group_concat(nIDNo || cName, ',') FROM STAFF) || '/' || (SELECT count(*) FROM sqlite_schema) || '/' ||"
     " (SELECT user_version FROM pragma_user_version)";
@@ -19,7 +19,7 @@ struct WatchedSession : PracticeSession {
     std::string before = file.value(kState);
     WatchedSession() { REQUIRE(before.find("3施術三子,4施術四郎,5中止五郎,3別拠点の者/") == 0); }
 
-    /// The record set refuses the statement as a failed command does, and nothing is changed by it.
+    /// Checks that the record set refuses the statement with the error of a failed command, and that nothing changes.
     void checkRefused(const std::string &sql)
     {
         CAPTURE(sql);
@@ -36,7 +36,7 @@ struct WatchedSession : PracticeSession {
     }
 };
 
-/// A staff search with the text of its name box pasted in.
+/// A staff search for a name as the operator enters it.
 std::string searchFor(const std::string &name)
 {
     return "SELECT nIDNo, cName FROM STAFF WHERE cName LIKE '%" + name + "%' AND iKyotenCd = 1 ORDER BY nIDNo ";
@@ -57,7 +57,7 @@ TEST_CASE_FIXTURE(WatchedSession, "a read-only record set refuses every statemen
         checkRefused(sql);
 }
 
-TEST_CASE_FIXTURE(WatchedSession, "a read-only record set refuses what reaches past the rows of the one file")
+TEST_CASE_FIXTURE(WatchedSession, "a read-only record set refuses statements that reach beyond the rows of its file")
 {
     for (const char *sql :
          {"PRAGMA user_version = 9", "PRAGMA writable_schema = ON", "ATTACH DATABASE ':memory:' AS y",
@@ -79,7 +79,7 @@ TEST_CASE_FIXTURE(WatchedSession, "a read-only record set refuses a second state
         checkRefused(sql);
 }
 
-TEST_CASE_FIXTURE(WatchedSession, "a write behind a text, a name or a comment does not slip through")
+TEST_CASE_FIXTURE(WatchedSession, "a write after a text, a name or a comment is refused")
 {
     for (const char *sql :
          {"SELECT 'a''; '; DELETE FROM STAFF", "SELECT 'a -- '\n; DELETE FROM STAFF",
@@ -108,7 +108,7 @@ TEST_CASE_FIXTURE(WatchedSession, "a WITH must end in a SELECT")
     CHECK(session.value("WITH a AS (SELECT 1 x) SELECT x FROM a") == "1");
 }
 
-TEST_CASE_FIXTURE(WatchedSession, "what is typed into a search box cannot change the database")
+TEST_CASE_FIXTURE(WatchedSession, "an entry in a search box cannot change the database")
 {
     for (const char *typed :
          {"'; DELETE FROM STAFF --", "' DELETE FROM STAFF --", "'; DROP TABLE STAFF; SELECT '",
@@ -117,7 +117,7 @@ TEST_CASE_FIXTURE(WatchedSession, "what is typed into a search box cannot change
         checkRefused(searchFor(typed));
 }
 
-TEST_CASE_FIXTURE(WatchedSession, "what only looks like a write runs and changes nothing")
+TEST_CASE_FIXTURE(WatchedSession, "a SELECT that only resembles a write runs and changes nothing")
 {
     CHECK(session.value(searchFor("''; DELETE FROM STAFF --")) == "-");
     CHECK(session.value("SELECT '; DELETE FROM STAFF'") == "; DELETE FROM STAFF");
@@ -128,7 +128,7 @@ TEST_CASE_FIXTURE(WatchedSession, "what only looks like a write runs and changes
     CHECK(file.value(kState) == before);
 }
 
-TEST_CASE_FIXTURE(WatchedSession, "the client's side refuses a write as the server's does")
+TEST_CASE_FIXTURE(WatchedSession, "a client-side cursor refuses a write like a server-side one")
 {
     const auto rows = session.database().newRecordset();
     rows->setCursorLocation(adUseClient);
@@ -137,7 +137,7 @@ TEST_CASE_FIXTURE(WatchedSession, "the client's side refuses a write as the serv
     CHECK(file.value(kState) == before);
 }
 
-TEST_CASE_FIXTURE(WatchedSession, "a statement that is executed is one too, and no road to other files or transactions")
+TEST_CASE_FIXTURE(WatchedSession, "Execute accepts a single statement and refuses other files and transactions")
 {
     for (const std::string_view sql :
          {"DELETE FROM STAFF; DELETE FROM HOKEN", "PRAGMA user_version = 9", "ATTACH ':memory:' AS y", "BEGIN",

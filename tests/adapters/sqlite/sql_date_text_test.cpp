@@ -11,7 +11,7 @@
 
 using namespace inin;
 
-TEST_CASE("a text that is wholly a date is read as the server reads it")
+TEST_CASE("a date literal is read as the server reads it")
 {
     struct Row {
         std::string_view text, lowest, highest, stored;
@@ -42,7 +42,7 @@ TEST_CASE("a text that is wholly a date is read as the server reads it")
     }
 }
 
-TEST_CASE("a text that is not wholly a real date is none")
+TEST_CASE("a text that is not a valid date is not a date literal")
 {
     for (const char *text : {"2024/05", "202405", "2024/13/01", "2023/02/29", "2024/5/32", "2024/05-01", "01.07.2024",
                              "05/01/2024", "令和6年5月1日", "R6.5.1", "2024/05/01 25:00", "2024/05/01 9", "abc",
@@ -72,7 +72,7 @@ TEST_CASE("the value of a date column is a date with or without its time")
     }
 }
 
-TEST_CASE("other texts in a date column stay texts")
+TEST_CASE("other values of a date column are texts")
 {
     for (const char *text : {"", "2024/05/01", "20240501", "2024-13-01", "2024-05-01 24:00:00", "2024-5-1",
                              "0099-01-01", "不明", "2024-05-01 x"}) {
@@ -81,7 +81,7 @@ TEST_CASE("other texts in a date column stay texts")
     }
 }
 
-TEST_CASE("a date converts to yyyy/mm/dd or yyyymmdd and any other text stays")
+TEST_CASE("a date is converted to yyyy/mm/dd or yyyymmdd, and any other text is unchanged")
 {
     CHECK(convertDateText("2024-05-01 09:30:15", 111) == "2024/05/01");
     CHECK(convertDateText("2024-05-01", 111) == "2024/05/01");
@@ -89,7 +89,7 @@ TEST_CASE("a date converts to yyyy/mm/dd or yyyymmdd and any other text stays")
     CHECK(convertDateText("2024/05/01", 112) == "2024/05/01");
 }
 
-TEST_CASE("two forms of one moment compare equal and the others by time")
+TEST_CASE("two formats of the same time are equal, and different times compare by time")
 {
     CHECK(compareDateTexts("2024-05-01", "2024-05-01 00:00:00") == 0);
     CHECK(compareDateTexts("2024-05-01 00:00:00", "2024-05-01 00:00:00.000") == 0);

@@ -12,7 +12,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// One moment in each form that a date column may hold, and its neighbours.
+/// One point in time in each format of a date column, and its neighbours.
 constexpr const char *kMoments = "CREATE TABLE V (n INTEGER, t DATETIME, c TEXT);"
                                  "INSERT INTO V VALUES (1, '2024-04-30 23:59:59', '2024/04/30'),"
                                  "(2, '2024-05-01', '2024/05/01'),"
@@ -30,7 +30,7 @@ struct Row {
 
 } // namespace
 
-TEST_CASE("a date column compares by time whichever of its forms the rows hold")
+TEST_CASE("a date column compares by time, whatever the format of its values")
 {
     const DatabaseFile file(kMoments);
     Session session(file);
@@ -71,7 +71,7 @@ TEST_CASE("a date column compares by time whichever of its forms the rows hold")
     }
 }
 
-TEST_CASE("an alias finds its dates although a table of its name exists")
+TEST_CASE("an alias takes precedence over a table of the same name")
 {
     const DatabaseFile file("CREATE TABLE P (nIDNo INTEGER, tD DATETIME); CREATE TABLE A (x INTEGER);"
                             "CREATE TABLE S1 (tD TEXT); INSERT INTO P VALUES (7, '2024-05-01 00:00:00')");
@@ -87,7 +87,7 @@ TEST_CASE("a date column sorts by time")
     CHECK(session.firstColumn("SELECT n FROM V WHERE n IN (6, 1, 7, 3) ORDER BY t DESC") == Texts{"7", "6", "3", "1"});
 }
 
-TEST_CASE("a comparison with a quoted date leaves the index of the column in use")
+TEST_CASE("a comparison with a date literal uses the index of the column")
 {
     const DatabaseFile file("CREATE TABLE V (n INTEGER, t DATETIME); CREATE INDEX V_T ON V (t)");
     SqlSchema schema;
@@ -100,7 +100,7 @@ TEST_CASE("a comparison with a quoted date leaves the index of the column in use
     }
 }
 
-TEST_CASE("what is written to a date column has one form, however it was typed")
+TEST_CASE("a date literal is stored in one format, however it is written")
 {
     const DatabaseFile file("CREATE TABLE V (n INTEGER, t DATETIME, c TEXT)");
     Session session(file);
@@ -115,7 +115,7 @@ TEST_CASE("what is written to a date column has one form, however it was typed")
           "1");
 }
 
-TEST_CASE("a text that is no date fails with the words and the state of a faulty value")
+TEST_CASE("a text that is not a date fails with the message and SQL state of an invalid value")
 {
     const DatabaseFile file(kMoments);
     Session session(file);

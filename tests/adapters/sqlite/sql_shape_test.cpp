@@ -8,7 +8,7 @@
 
 using namespace inin;
 
-TEST_CASE("texts that differ only in the numbers they compare with have one shape")
+TEST_CASE("statements that differ only in compared numbers have the same shape")
 {
     const SqlShape one =
         shapeOf(tokenizeSql("SELECT * FROM SCHEDULE WHERE nIDRiyoushaNo = 7 AND nDate BETWEEN 20240500 AND 20240599"));
@@ -20,7 +20,7 @@ TEST_CASE("texts that differ only in the numbers they compare with have one shap
     CHECK(other.numbers == std::vector<std::int64_t>{31, 20240600, 20240699});
 }
 
-TEST_CASE("a number that is no comparison's stays in the shape")
+TEST_CASE("a number that is not compared remains in the shape")
 {
     struct Row {
         std::string_view sql;
@@ -38,7 +38,7 @@ TEST_CASE("a number that is no comparison's stays in the shape")
     }
 }
 
-TEST_CASE("a shape takes sixteen numbers out and leaves the rest")
+TEST_CASE("a shape has at most sixteen parameters")
 {
     std::string sql = "SELECT a FROM t WHERE a = 0";
     for (int i = 1; i < 20; ++i) sql += " OR a = " + std::to_string(i);

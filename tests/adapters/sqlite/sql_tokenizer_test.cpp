@@ -30,7 +30,7 @@ std::string kindName(TokenKind kind)
     return "?";
 }
 
-/// "kind:text" of all tokens, a blank between.
+/// "kind:text" of all tokens, separated by blanks.
 std::string tokens(std::string_view sql)
 {
     std::string all;
@@ -46,7 +46,7 @@ struct Row {
 
 } // namespace
 
-TEST_CASE("the tokenizer tells words, names, numbers, binary values, texts and symbols apart")
+TEST_CASE("the tokenizer distinguishes words, names, numbers, binary values, texts and symbols")
 {
     static constexpr Row kRows[] = {
         {"", ""},
@@ -83,7 +83,7 @@ TEST_CASE("the tokenizer tells words, names, numbers, binary values, texts and s
     }
 }
 
-TEST_CASE("the tokenizer leaves out comments, nested ones too, but not what looks like one inside quotes")
+TEST_CASE("the tokenizer removes comments, including nested ones, but not those inside quotes")
 {
     static constexpr Row kRows[] = {
         {"a -- b ' c\nd", "word:a word:d"},
@@ -103,7 +103,7 @@ TEST_CASE("the tokenizer leaves out comments, nested ones too, but not what look
     }
 }
 
-TEST_CASE("the tokenizer marks what has no end or no meaning as invalid")
+TEST_CASE("an unterminated token and an unknown byte are invalid")
 {
     static constexpr Row kRows[] = {
         {"a 'b", "word:a invalid:'b"},
@@ -125,7 +125,7 @@ TEST_CASE("the tokenizer marks what has no end or no meaning as invalid")
     }
 }
 
-TEST_CASE("a full-width blank parts words and becomes a plain one")
+TEST_CASE("a full-width blank separates words and becomes a plain blank")
 {
     const std::vector<Token> all = tokenizeSql("SELECT　名前　FROM x");
     REQUIRE(all.size() == 4);
@@ -134,7 +134,7 @@ TEST_CASE("a full-width blank parts words and becomes a plain one")
     CHECK(all[2].gap == " ");
 }
 
-TEST_CASE("a gap keeps its blanks as written, and a comment in it makes it one blank")
+TEST_CASE("a gap keeps its white space, and a gap with a comment is one blank")
 {
     const std::vector<Token> all = tokenizeSql("a  \r\n b /* c */ d");
     REQUIRE(all.size() == 3);

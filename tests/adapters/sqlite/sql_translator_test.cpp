@@ -69,7 +69,7 @@ TEST_CASE("TOP becomes a LIMIT at the end of its own SELECT")
     checkAll(kRows);
 }
 
-TEST_CASE("CONVERT to text gives a date in the form of its style and leaves a text as it stands")
+TEST_CASE("CONVERT to text formats a date by its style and does not change a text")
 {
     static constexpr Row kRows[] = {
         {"SELECT CONVERT(VARCHAR, tExpireDay, 111) FROM RIYOUSHA",
@@ -92,7 +92,7 @@ TEST_CASE("CONVERT to text gives a date in the form of its style and leaves a te
     checkAll(kRows);
 }
 
-TEST_CASE("LEFT is a function before its bracket and a join elsewhere")
+TEST_CASE("LEFT is a function before a bracket and a join elsewhere")
 {
     static constexpr Row kRows[] = {
         {"SELECT max(nIDNo) FROM STAFF where LEFT(nIDNo,4) = '0102'",
@@ -104,7 +104,7 @@ TEST_CASE("LEFT is a function before its bracket and a join elsewhere")
     checkAll(kRows);
 }
 
-TEST_CASE("+ joins texts, adds numbers, and goes by its operands")
+TEST_CASE("+ concatenates texts and adds numbers, depending on its operands")
 {
     static constexpr Row kRows[] = {
         {"SELECT * FROM 療養費単価 WHERE SUBSTRING(CONVERT(VARCHAR, cStartDate, 112),1,4)+SUBSTRING(CONVERT(VARCHAR, cStartDate, 112),6,2) <=   '201904'",
@@ -122,7 +122,7 @@ TEST_CASE("+ joins texts, adds numbers, and goes by its operands")
     checkAll(kRows);
 }
 
-TEST_CASE("0x values become SQLite's, in whole bytes")
+TEST_CASE("0x values become binary literals of whole bytes")
 {
     static constexpr Row kRows[] = {
         {"UPDATE MAP set bAddr1 = 0x00", "UPDATE MAP set bAddr1 = x'00'"},
@@ -134,7 +134,7 @@ TEST_CASE("0x values become SQLite's, in whole bytes")
     checkAll(kRows);
 }
 
-TEST_CASE("GetDate is the local time in whatever case it is written")
+TEST_CASE("GetDate in any case is the local time")
 {
     static constexpr Row kRows[] = {
         {"UPDATE STAFF set x = GetDate()", "UPDATE STAFF set x = datetime('now','localtime')"},
@@ -145,7 +145,7 @@ TEST_CASE("GetDate is the local time in whatever case it is written")
     checkAll(kRows);
 }
 
-TEST_CASE("a quoted date against a date column takes the column's form")
+TEST_CASE("a date literal compared with a date column has the column's format")
 {
     static constexpr Row kRows[] = {
         {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024/5/1'",
@@ -182,7 +182,7 @@ TEST_CASE("a quoted date against a date column takes the column's form")
     checkAll(kRows);
 }
 
-TEST_CASE("a qualifier is an alias or a table of its own FROM, whatever other tables the database has")
+TEST_CASE("a qualifier is an alias or table of its own FROM, regardless of other tables in the database")
 {
     SqlSchema made;
     made.add("P", "nIDNo", "INTEGER");
@@ -196,7 +196,7 @@ TEST_CASE("a qualifier is an alias or a table of its own FROM, whatever other ta
         CHECK(asDate == (translation.text.find("'2024/5/1' COLLATE ININ_JA") == std::string::npos));
         return asDate;
     };
-    // An alias hides the table of its name.
+    // An alias hides the table of the same name.
     CHECK(isDate("SELECT a.nIDNo FROM P a WHERE a.tD>='2024/5/1'"));
     CHECK(isDate("SELECT S1.nIDNo FROM P AS S1 WHERE S1.tD>='2024/5/1'"));
     CHECK(isDate("SELECT 1 FROM A x, P J1 WHERE J1.tD>='2024/5/1'"));
@@ -207,10 +207,10 @@ TEST_CASE("a qualifier is an alias or a table of its own FROM, whatever other ta
     CHECK(isDate("SELECT 1 FROM A P, P A WHERE A.tD>='2024/5/1'"));
     CHECK(isDate("SELECT 1 FROM (P a INNER JOIN S1 b ON a.nIDNo = b.nIDNo) WHERE a.tD>='2024/5/1'"));
     CHECK(isDate("SELECT 1 FROM main.P a WHERE a.tD>='2024/5/1'"));
-    // A column or a text that bears the name of a table is none.
+    // A column or a text with the name of a table is not a table.
     CHECK(isDate("SELECT x.A, A, 'A' FROM P x WHERE tD>='2024/5/1'"));
     CHECK(isDate("SELECT x.A tD FROM P x WHERE A.tD>='2024/5/1'"));
-    // An inner SELECT has names of its own, and those around it.
+    // An inner SELECT has its own names and those of the outer ones.
     CHECK(isDate("SELECT 1 FROM A x WHERE EXISTS (SELECT 1 FROM P x WHERE x.tD>='2024/5/1')"));
     CHECK_FALSE(isDate("SELECT 1 FROM A x WHERE EXISTS (SELECT 1 FROM P x) AND x.tD>='2024/5/1'"));
     CHECK(isDate("SELECT 1 FROM A x WHERE x.tD IN (SELECT tD FROM P WHERE tD>='2024/5/1')"));
@@ -218,12 +218,12 @@ TEST_CASE("a qualifier is an alias or a table of its own FROM, whatever other ta
     CHECK(isDate("SELECT x.tD FROM (SELECT P.tD FROM P) x WHERE x.tD>='2024/5/1'"));
     CHECK_FALSE(isDate("SELECT 1 FROM P x UNION SELECT 1 FROM A x WHERE x.tD>='2024/5/1'"));
     CHECK(isDate("SELECT 1 FROM A x UNION SELECT 1 FROM P x WHERE x.tD>='2024/5/1'"));
-    // Statements that write name their table without FROM.
+    // UPDATE and INSERT name their table without FROM.
     CHECK(isDate("UPDATE P SET nIDNo = 1 WHERE P.tD>='2024/5/1'"));
     CHECK(isDate("DELETE FROM P WHERE tD>='2024/5/1'"));
 }
 
-TEST_CASE("a quoted date that goes into a date column takes the column's one form")
+TEST_CASE("a date literal stored in a date column has the stored format")
 {
     static constexpr Row kRows[] = {
         {"UPDATE RIYOUSHA set tExpireDay =  '2024/5/1', cName = '2024/5/1' where tExpireDay = '2024/5/1'",
@@ -237,7 +237,7 @@ TEST_CASE("a quoted date that goes into a date column takes the column's one for
     checkAll(kRows);
 }
 
-TEST_CASE("a quoted date against a text column or a part of a text stays as it is")
+TEST_CASE("a date compared with a text column, or within a text, is unchanged")
 {
     static constexpr Row kRows[] = {
         {"SELECT 1 FROM 療養費単価 WHERE cStartDate <= '2024/05/01'",
@@ -251,7 +251,7 @@ TEST_CASE("a quoted date against a text column or a part of a text stays as it i
     checkAll(kRows);
 }
 
-TEST_CASE("texts compare and sort under the server's collation, numbers and keys plainly")
+TEST_CASE("texts compare and sort under the server's collation, numbers and keys without it")
 {
     static constexpr Row kRows[] = {
         {"SELECT 1 FROM STAFF WHERE nIDNo != 5 AND cName = '山田' ",
@@ -288,7 +288,7 @@ TEST_CASE("texts compare and sort under the server's collation, numbers and keys
     checkAll(kRows);
 }
 
-TEST_CASE("LIKE stays LIKE, whose function here knows the collation, and its pattern stays as typed")
+TEST_CASE("LIKE and its pattern are unchanged, as its function applies the collation")
 {
     static constexpr Row kRows[] = {
         {"SELECT 1 FROM STAFF WHERE cName LIKE '%ﾔﾏﾀﾞ%' AND nIDNo LIKE '1_'",
@@ -302,7 +302,7 @@ TEST_CASE("LIKE stays LIKE, whose function here knows the collation, and its pat
     checkAll(kRows);
 }
 
-TEST_CASE("a quoted text passes as it stands, whatever it holds")
+TEST_CASE("a quoted text is unchanged, whatever it contains")
 {
     static constexpr Row kRows[] = {
         {"SELECT 'LEFT(a,1) + 0xFF /* x */ -- y [z] \"w\" ''v''; TOP 1'",
@@ -315,7 +315,7 @@ TEST_CASE("a quoted text passes as it stands, whatever it holds")
     checkAll(kRows);
 }
 
-TEST_CASE("comments do not reach SQLite")
+TEST_CASE("comments are not passed to SQLite")
 {
     static constexpr Row kRows[] = {
         {"SELECT/* a /* b */ c */1 -- d\n, 2", "SELECT 1 , 2"},
@@ -324,7 +324,7 @@ TEST_CASE("comments do not reach SQLite")
     checkAll(kRows);
 }
 
-TEST_CASE("a quoted text that is no date cannot meet a date column")
+TEST_CASE("a quoted text that is not a date cannot be compared with a date column")
 {
     CHECK(translateSql("SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '令和6年5月1日'", schema()).problem ==
           "'令和6年5月1日' is not a date and time");
@@ -335,7 +335,7 @@ TEST_CASE("a quoted text that is no date cannot meet a date column")
     CHECK(translateSql("UPDATE RIYOUSHA SET tExpireDay = 'x'", schema()).problem == "'x' is not a date and time");
 }
 
-TEST_CASE("a text without sound tokens is told, not translated")
+TEST_CASE("a text with invalid tokens is reported and not translated")
 {
     CHECK(translateSql("SELECT 'a", schema()).problem == "the quoted text or name has no end");
     CHECK(translateSql("SELECT [a", schema()).problem == "the quoted text or name has no end");
@@ -349,7 +349,7 @@ TEST_CASE("a text without sound tokens is told, not translated")
           "the statement is nested too deeply");
 }
 
-TEST_CASE("one SELECT is told from everything else")
+TEST_CASE("a single SELECT is distinguished from everything else")
 {
     for (const char *sql : {"SELECT 1", "select * from STAFF;", "SELECT 1 -- x", "/* a */ SELECT 1 ; /* b */",
                             "WITH a AS (SELECT 1 x) SELECT x FROM a", "SELECT 1 UNION ALL SELECT 2",
@@ -388,7 +388,7 @@ TEST_CASE("one SELECT is told from everything else")
     }
 }
 
-TEST_CASE("the declared type tells what a column holds")
+TEST_CASE("the declared type determines the kind of a column")
 {
     CHECK(kindOfDeclaredType("DATETIME") == ColumnKind::date);
     CHECK(kindOfDeclaredType("smalldatetime") == ColumnKind::date);

@@ -14,7 +14,7 @@ using Texts = std::vector<std::string>;
 const std::string kSite = " iKyotenCd = 1 and iKyotenEb = 1";
 const std::string kOrder = "  order by      nIDNo";
 
-/// The select list of the staff grid, with the names that stand in it twice.
+/// The select list of the staff grid, in which some names appear twice.
 const std::string kGrid =
     "  select      STAFF.cAdress1 as cAdress1     ,STAFF.cAdress2 as cAdress2     ,STAFF.cFaxNo as cFaxNo"
     "     ,STAFF.cKaiNo as cKaiNo     ,STAFF.cMobNo as cMobNo     ,STAFF.cName as cName     ,STAFF.cNameKana as cNameKana"
@@ -29,7 +29,7 @@ const std::string kGrid =
     "     ,STAFF.iIninTourokuChk     ,STAFF.iKanriSekininFlg";
 const std::string kFrom = "  FROM      STAFF";
 
-/// What the read of one person has besides the grid's columns.
+/// The columns of the staff record that the grid does not have.
 const std::string kReadMore =
     "     ,STAFF.cNameRyaku     ,STAFF.cRken     ,STAFF.cRno     ,STAFF.iShikakuKubun     ,STAFF.iSyokushuKubun"
     "     ,STAFF.iYaku     ,STAFF.tKousinDay     ,STAFF.tRday     ,STAFF.tTourokuDay     ,STAFF.cPcName"
@@ -57,7 +57,7 @@ const std::string kInsert =
 
 } // namespace
 
-TEST_CASE_FIXTURE(PracticeSession, "the staff grid lists the active, NULL counting as active, by number")
+TEST_CASE_FIXTURE(PracticeSession, "the staff grid lists the active staff by number, and NULL means active")
 {
     const std::string active = kGrid + kFrom + " where     (iChusiFlg = 0 OR iChusiFlg IS NULL)";
     CHECK(session.rows(active + " and" + kSite + kOrder, {"nIDNo", "cName", "iChusiFlg"}) ==
@@ -65,14 +65,14 @@ TEST_CASE_FIXTURE(PracticeSession, "the staff grid lists the active, NULL counti
     CHECK(session.rows(active + " and     nIDNo = 4 and" + kSite + kOrder, {"nIDNo"}) == Texts{"4"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the staff grid without the active's term lists the stopped too")
+TEST_CASE_FIXTURE(PracticeSession, "the staff grid without the condition for active staff lists the stopped staff too")
 {
     CHECK(session.rows(kGrid + kFrom + " where" + kSite + kOrder, {"nIDNo", "tBirthday", "tNyusyaDay"}) ==
           Texts{"3|<1980-05-01 00:00:00>|NULL", "4|NULL|NULL", "5|NULL|NULL"});
     CHECK(session.rows(kGrid + kFrom + " where iKyotenCd = 7 and iKyotenEb = 7" + kOrder, {"nIDNo"}).empty());
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the staff grid finds parts of name and kana")
+TEST_CASE_FIXTURE(PracticeSession, "the staff grid filters by parts of the name and kana")
 {
     CHECK(session.rows(kGrid + kFrom + " where     cName LIKE '%三子%' and     cNameKana LIKE '%ｾｼﾞｭﾂ%' and" + kSite +
                            kOrder,
@@ -81,7 +81,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the staff grid finds parts of name and kana"
         session.rows(kGrid + kFrom + " where     cNameKana LIKE '%せしゅつ%' and" + kSite + kOrder, {"cName"}).empty());
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "one person is read by number and branch, or by number and name across all branches")
+TEST_CASE_FIXTURE(PracticeSession, "a staff member is read by number and branch, or by number and name in all branches")
 {
     const std::string read = oneOnly(kGrid) + kReadMore + kFrom + " where    nIDNo = 3";
     CHECK(session.rows(read + " and iKyotenCd = 1 and iKyotenEb = 1" + kOrder,
@@ -90,13 +90,13 @@ TEST_CASE_FIXTURE(PracticeSession, "one person is read by number and branch, or 
     CHECK(session.rows(read + kOrder, {"nIDNo"}) == Texts{"3"}); // two branches have a 3
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the check of a person's identity reads all rows of the number in the branch")
+TEST_CASE_FIXTURE(PracticeSession, "the identity check reads all rows of a staff number in the branch")
 {
     CHECK(session.rows(kGrid + kReadMore + kFrom + " where    nIDNo = 5 and iKyotenCd = 1 and iKyotenEb = 1" + kOrder,
                        {"cName", "iChusiFlg"}) == Texts{"中止五郎|1"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the staff of all branches come with the names of their branches")
+TEST_CASE_FIXTURE(PracticeSession, "the staff of all branches are listed with the names of their branches")
 {
     const std::string sql = kGrid + "     ,STAFF.iKyotenCd     ,STAFF.iKyotenEb     ,KYOTEN.cKyotenName" + kFrom +
                             "  LEFT JOIN KYOTEN ON      KYOTEN.iKyotenCd = STAFF.iKyotenCd"
@@ -113,7 +113,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the staff of all branches come with the name
     CHECK(session.rows(sql + order, {"nIDNo"}) == Texts{"3", "4", "5", "3"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a name is counted among all other numbers whatever its width")
+TEST_CASE_FIXTURE(PracticeSession, "the duplicate check counts a name with other numbers in any width")
 {
     const auto others = [&](const std::string &number, const std::string &name) {
         return session.rows("  SELECT      COUNT(nIDNo) AS Cnt  FROM      STAFF  WHERE nIDNo != " + number +
@@ -125,7 +125,7 @@ TEST_CASE_FIXTURE(PracticeSession, "a name is counted among all other numbers wh
     CHECK(others("9", "別拠点の者 ") == Texts{"1"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "the highest staff number is looked for in the branch or under its prefix")
+TEST_CASE_FIXTURE(PracticeSession, "the highest staff number is that of the branch or of its prefix")
 {
     const std::string sql =
         "  select      max(STAFF.nIDNo) as nIDNo  FROM      STAFF  where iKyotenCd = 1  and iKyotenEb = 1";
@@ -135,7 +135,7 @@ TEST_CASE_FIXTURE(PracticeSession, "the highest staff number is looked for in th
     CHECK(session.rows(sql + "  and LEFT(nIDNo,3) = '101'", {"nIDNo"}) == Texts{"1010007"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a person is inserted with dates in any of their forms or Null")
+TEST_CASE_FIXTURE(PracticeSession, "a staff member is inserted with dates in any format or NULL")
 {
     CHECK(session.execute(kInsert) == 1);
     CHECK(session.rows(oneOnly(kGrid) + kReadMore + kFrom + " where    nIDNo = 6" + kOrder,
@@ -143,7 +143,8 @@ TEST_CASE_FIXTURE(PracticeSession, "a person is inserted with dates in any of th
           Texts{"新人六子|<1990-02-28 00:00:00>|<2024-04-01 00:00:00>|NULL|NULL|-1|PC1"});
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a person is updated by number and branch, an empty vehicle to an empty text")
+TEST_CASE_FIXTURE(PracticeSession,
+                  "a staff member is updated by number and branch, and an empty vehicle becomes an empty text")
 {
     const std::string update =
         " update      STAFF set       cAdress1 = '転居先'     ,cName = '施術三子'     ,iChusiFlg =  1     ,nIDNo =  3"
@@ -152,10 +153,10 @@ TEST_CASE_FIXTURE(PracticeSession, "a person is updated by number and branch, an
     CHECK(session.execute(update + " and iKyotenCd = 1 and iKyotenEb = 1") == 1);
     CHECK(file.value("SELECT cAdress1 || tBirthday || cVehicleNumber || iKanriSekininFlg FROM STAFF WHERE nIDNo = 3"
                      " AND iKyotenEb = 1") == "転居先1981-05-02 00:00:001");
-    CHECK(session.execute(update) == 2); // without the branch both that have the number
+    CHECK(session.execute(update) == 2); // without the branch, both with that number
 }
 
-TEST_CASE_FIXTURE(PracticeSession, "a person is deleted by number and branch")
+TEST_CASE_FIXTURE(PracticeSession, "a staff member is deleted by number and branch")
 {
     CHECK(session.execute(" delete from      STAFF where    nIDNo = 3 and iKyotenCd = 1 and iKyotenEb = 1") == 1);
     CHECK(file.value("SELECT group_concat(nIDNo || '-' || iKyotenEb) FROM (SELECT * FROM STAFF ORDER BY nIDNo)") ==

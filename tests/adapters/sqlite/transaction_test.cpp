@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include <optional>
 #include <string>
 
 using namespace inin;
@@ -18,17 +19,17 @@ struct OneRow {
 
 } // namespace
 
-TEST_CASE_FIXTURE(OneRow, "what a transaction wrote is there after its commit")
+TEST_CASE_FIXTURE(OneRow, "a commit keeps the changes of a transaction")
 {
     session.connection().BeginTrans();
     session.execute("INSERT INTO T VALUES (2, 'b')");
-    CHECK(stored() == "1a"); // others do not see it yet
+    CHECK(stored() == "1a"); // not yet visible to others
     CHECK(session.value("SELECT count(*) FROM T") == "2");
     session.connection().CommitTrans();
     CHECK(stored() == "1a,2b");
 }
 
-TEST_CASE_FIXTURE(OneRow, "what a transaction wrote is gone after its rollback, tables too")
+TEST_CASE_FIXTURE(OneRow, "a rollback undoes the changes of a transaction, including new tables")
 {
     session.connection().BeginTrans();
     session.execute("INSERT INTO T VALUES (2, 'b')");
@@ -38,7 +39,7 @@ TEST_CASE_FIXTURE(OneRow, "what a transaction wrote is gone after its rollback, 
     CHECK(raisedBy([&] { (void)session.open("SELECT * FROM U"); }).number == ado_error::noSuchTable);
 }
 
-TEST_CASE_FIXTURE(OneRow, "without a transaction each statement stands at once")
+TEST_CASE_FIXTURE(OneRow, "without a transaction each statement takes effect at once")
 {
     session.execute("INSERT INTO T VALUES (2, 'b')");
     CHECK(stored() == "1a,2b");
@@ -54,12 +55,12 @@ TEST_CASE_FIXTURE(OneRow, "a transaction begins once and ends once")
     CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == kRunning);
     CHECK(session.connection().Errors().at(0).Description == "cannot start a transaction within a transaction");
     session.execute("INSERT INTO T VALUES (2, 'b')");
-    session.connection().CommitTrans(); // the first one still runs
+    session.connection().CommitTrans(); // the first one is still active
     CHECK(stored() == "1a,2b");
     CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == kNone);
 }
 
-TEST_CASE_FIXTURE(OneRow, "a failed statement leaves the transaction to its owner")
+TEST_CASE_FIXTURE(OneRow, "a failed statement does not end the transaction")
 {
     session.connection().BeginTrans();
     session.execute("INSERT INTO T VALUES (2, 'b')");
@@ -68,7 +69,7 @@ TEST_CASE_FIXTURE(OneRow, "a failed statement leaves the transaction to its owne
     CHECK(stored() == "1a,2b");
 }
 
-TEST_CASE_FIXTURE(OneRow, "a session that closes or goes ends its transaction without a trace")
+TEST_CASE_FIXTURE(OneRow, "closing or destroying a session rolls back its transaction")
 {
     session.connection().BeginTrans();
     session.execute("DELETE FROM T");
@@ -82,7 +83,7 @@ TEST_CASE_FIXTURE(OneRow, "a session that closes or goes ends its transaction wi
     CHECK(stored() == "1a");
 }
 
-TEST_CASE_FIXTURE(OneRow, "the next session on a kept connection starts without the transaction of the one before")
+TEST_CASE_FIXTURE(OneRow, "the next session on an idle connection starts without a transaction")
 {
     session.connection().BeginTrans();
     session.connection().Close();
@@ -93,13 +94,13 @@ TEST_CASE_FIXTURE(OneRow, "the next session on a kept connection starts without 
     CHECK(stored() == "1a,2b");
 }
 
-TEST_CASE_FIXTURE(OneRow, "two transactions of one program do not wait for each other in vain")
+TEST_CASE_FIXTURE(OneRow, "two transactions of one program do not wait for each other")
 {
     const auto other = session.database().newConnection();
     other->Open(file.connectionString(), "", "", -1);
     session.connection().BeginTrans();
     const PauseCounter counter;
-    // The second could wait only for itself: both live on one thread.
+    // Waiting would be pointless, because both run on one thread.
     CHECK(raisedBy([&] { other->BeginTrans(); }).number == ado_error::timedOut);
     CHECK(raisedBy([&] { other->Execute("DELETE FROM T", adExecuteNoRecords); }).number == ado_error::timedOut);
     CHECK(PauseCounter::pauses() == 0);
@@ -109,17 +110,17 @@ TEST_CASE_FIXTURE(OneRow, "two transactions of one program do not wait for each 
     CHECK(stored() == "1a");
 }
 
-TEST_CASE_FIXTURE(OneRow, "a write beside another session's open record set fails at once")
+TEST_CASE_FIXTURE(OneRow, "a write while another session has an open record set fails at once")
 {
     session.execute("INSERT INTO T VALUES (2, 'b')");
     const auto other = session.database().newConnection();
     other->Open(file.connectionString(), "", "", -1);
-    other->setCommandTimeout(1); // the wait of a failing test
+    other->setCommandTimeout(1); // bounds a failing test
     const auto rows = session.open("SELECT nID FROM T");
     const PauseCounter counter;
 
     CHECK(raisedBy([&] { other->Execute("DELETE FROM T", adExecuteNoRecords); }).number == ado_error::timedOut);
-    CHECK(raisedBy([&] { other->BeginTrans(); }).number == 0); // the lock is asked for by the commit
+    CHECK(raisedBy([&] { other->BeginTrans(); }).number == 0); // only the commit requests the lock
     CHECK(raisedBy([&] { other->Execute("DELETE FROM T", adExecuteNoRecords); }).number == 0);
     CHECK(raisedBy([&] { other->CommitTrans(); }).number == ado_error::timedOut);
     CHECK(PauseCounter::pauses() == 0);
@@ -131,9 +132,8 @@ TEST_CASE_FIXTURE(OneRow, "a write beside another session's open record set fail
 
 TEST_CASE_FIXTURE(OneRow, "a write waits for another program's lock")
 {
-    session.connection().setCommandTimeout(1);
-    const PauseCounter counter;
-    const WholeLock lock(file);
-    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == ado_error::timedOut);
-    CHECK(PauseCounter::pauses() > 0);
+    std::optional<ExclusiveLock> lock(file);
+    const PauseCounter counter([&] { lock.reset(); });
+    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == 0);
+    CHECK(PauseCounter::pauses() == 1);
 }

@@ -18,7 +18,7 @@ constexpr std::int32_t kSmallInt = 2, kInteger = 3, kDouble = 5, kDateTime = 135
 
 } // namespace
 
-TEST_CASE("a value comes as what it is, and its field's type as the column was declared")
+TEST_CASE("a value has its own type, and its field the declared type of the column")
 {
     static constexpr Row kRows[] = {
         {"INTEGER", "12", "12", kInteger},
@@ -33,7 +33,7 @@ TEST_CASE("a value comes as what it is, and its field's type as the column was d
         {"TEXT", "'山田'", "山田", kText},
         {"NVARCHAR(50)", "''", "", kText},
         {"TEXT", "NULL", "NULL", kText},
-        {"TEXT", "'2024-05-01'", "2024-05-01", kText}, // no date, whatever it looks like
+        {"TEXT", "'2024-05-01'", "2024-05-01", kText}, // a text, despite its format
         {"TEXT", "12", "12", kText},
         {"DATETIME", "'2024-05-01 10:30:15'", "<2024-05-01 10:30:15>", kDateTime},
         {"DATETIME", "'2024-05-01'", "<2024-05-01 00:00:00>", kDateTime},
@@ -43,7 +43,7 @@ TEST_CASE("a value comes as what it is, and its field's type as the column was d
         {"BLOB", "x'00FF'", "0x00FF", kBinary},
         {"BLOB", "x''", "0x", kBinary},
         {"IMAGE", "NULL", "NULL", kBinary},
-        {"INTEGER", "'abc'", "abc", kInteger}, // the reader's conversion tells that it is no number
+        {"INTEGER", "'abc'", "abc", kInteger}, // the conversion of the caller fails
         {"INTEGER", "'１２'", "１２", kInteger},
         {"INTEGER", "'12'", "12", kInteger},
     };
@@ -59,7 +59,7 @@ TEST_CASE("a value comes as what it is, and its field's type as the column was d
     }
 }
 
-TEST_CASE("a number beyond 32 bits is a double, one within them is whole")
+TEST_CASE("a number of more than 32 bits is a double, and a smaller one an integer")
 {
     const DatabaseFile file("CREATE TABLE T (a INTEGER, b INTEGER); INSERT INTO T VALUES (2147483647, 2147483648)");
     Session session(file);
@@ -69,7 +69,7 @@ TEST_CASE("a number beyond 32 bits is a double, one within them is whole")
     CHECK(*rows->Value(1).getIf<double>() == 2147483648.0);
 }
 
-TEST_CASE("an expression's type is that of its value")
+TEST_CASE("the type of an expression is that of its value")
 {
     const DatabaseFile file("CREATE TABLE T (x INTEGER); INSERT INTO T VALUES (1)");
     Session session(file);
@@ -82,7 +82,7 @@ TEST_CASE("an expression's type is that of its value")
     CHECK(shown(rows->Value(2)) == "ab");
 }
 
-TEST_CASE("a date expression is a date, beside a * too")
+TEST_CASE("a date expression is a date, even next to a *")
 {
     const DatabaseFile file("CREATE TABLE T (n INTEGER, t DATETIME, c TEXT);"
                             "INSERT INTO T VALUES (1, '2024-05-01 10:30:15', '2024-05-01'), (2, NULL, NULL)");
@@ -98,7 +98,7 @@ TEST_CASE("a date expression is a date, beside a * too")
     const auto rows = session.open("SELECT TOP 1 max(t), *, T.*, min(c), min(t), 'x' FROM T WHERE n = 1");
     REQUIRE(rows->fieldCount() == 10);
     CHECK(shown(rows->Value(0)) == shownDate);
-    CHECK(shown(rows->Value(3)) == "2024-05-01"); // of the *
+    CHECK(shown(rows->Value(3)) == "2024-05-01"); // from the *
     CHECK(shown(rows->Value(7)) == "2024-05-01");
     CHECK(rows->fieldType(7) == kText);
     CHECK(shown(rows->Value(8)) == shownDate);
@@ -106,11 +106,11 @@ TEST_CASE("a date expression is a date, beside a * too")
     CHECK(session.open("SELECT GetDate()")->Value(0).getIf<Date>() != nullptr);
     CHECK(session.value("SELECT ISNULL(t, '2024/5/2') FROM T WHERE n = 2") == "<2024-05-02 00:00:00>");
     CHECK(session.value("SELECT CONVERT(VARCHAR, max(t), 111) FROM T") == "2024/05/01");
-    CHECK(session.value("SELECT max(c) FROM T") == "2024-05-01"); // a text, whatever it looks like
+    CHECK(session.value("SELECT max(c) FROM T") == "2024-05-01"); // a text, despite its format
     CHECK(session.value("SELECT n FROM T WHERE CASE n WHEN 1 THEN t END >= '2024/5/1'") == "1");
 }
 
-TEST_CASE("a text with a NUL comes whole, and bytes that are no UTF-8 as replacement characters")
+TEST_CASE("a text with a NUL is read completely, and invalid UTF-8 as replacement characters")
 {
     const DatabaseFile file("CREATE TABLE T (x TEXT);"
                             "INSERT INTO T VALUES ('a' || char(0) || 'b'), (CAST(x'61FF' AS TEXT))");
@@ -121,7 +121,7 @@ TEST_CASE("a text with a NUL comes whole, and bytes that are no UTF-8 as replace
     CHECK(shown(rows->Value(0)) == "a\uFFFD");
 }
 
-TEST_CASE("LEFT counts UTF-16 units, cuts no character and refuses a negative length")
+TEST_CASE("LEFT counts UTF-16 units, keeps characters whole and refuses a negative length")
 {
     const DatabaseFile file("CREATE TABLE T (x TEXT, n INTEGER); INSERT INTO T VALUES ('山田𠮷野', 12345)");
     Session session(file);
@@ -134,7 +134,7 @@ TEST_CASE("LEFT counts UTF-16 units, cuts no character and refuses a negative le
     CHECK(raisedBy([&] { (void)session.value("SELECT LEFT(x, -1) FROM T"); }).number == ado_error::faultyStatement);
 }
 
-TEST_CASE("SUBSTRING counts from 1, and a start before it takes of the length")
+TEST_CASE("SUBSTRING counts from 1, and a smaller start shortens the result")
 {
     const DatabaseFile file("CREATE TABLE T (x TEXT); INSERT INTO T VALUES ('2024/05/01')");
     Session session(file);

@@ -2,6 +2,7 @@
 #include "adapters/system/system_platform.h"
 #include "common/helpers.h"
 #include "common/opl_ini_file.h"
+#include "platform/settings_limit.h"
 #include "support/fake_platform.h"
 #include "support/temp_folder.h"
 
@@ -46,6 +47,20 @@ TEST_CASE("every recorded profile call has the platform's result on a real file"
         CHECK(folder.entries() <= 1);
     }
     CHECK(played >= 190);
+}
+
+TEST_CASE("a profile file of more than 16 MB is unreadable and is not written")
+{
+    const TempFolder folder;
+    const auto profile = makeSystemProfile();
+    const std::string file = folder.put("adodb.ini", "[s]\r\nk=1\r\n");
+    std::filesystem::resize_file(pathOf(file), kMostSettingsBytes);
+    CHECK(profile->GetPrivateProfileInt("s", "k", 5, file) == 1);
+    std::filesystem::resize_file(pathOf(file), kMostSettingsBytes + 1);
+    CHECK(profile->GetPrivateProfileInt("s", "k", 5, file) == 5);
+    CHECK(profile->GetPrivateProfileString("s", "k", "none", 256, file) == "none");
+    CHECK(profile->WritePrivateProfileString("s", "k", "2", file) == 0);
+    CHECK(std::filesystem::file_size(pathOf(file)) == kMostSettingsBytes + 1);
 }
 
 TEST_CASE("a profile file is found with either separator in its path, and under a Japanese name")

@@ -1,0 +1,46 @@
+#include "common/field_input.h"
+#include "common/settings_input.h"
+#include "common/text_file.h"
+#include "platform/settings_limit.h"
+#include "runtime/runtime_error.h"
+#include "support/fake_platform.h"
+
+#include <doctest/doctest.h>
+
+using namespace inin;
+
+namespace {
+
+const std::string kPath = "C:\\SUITE\\Massage.ini";
+
+/// The description of the error that reading a file of that size to its end raises; empty without one.
+std::string failureAt(std::size_t size)
+{
+    FakeWorld world;
+    world.files.put(kPath, std::string(size, 'x'));
+    SettingsInput file(world.files, kPath);
+    try {
+        while (!file.read().empty()) continue;
+    } catch (const RuntimeError &error) {
+        CHECK(error.number() == 7);
+        return error.description();
+    }
+    return {};
+}
+
+} // namespace
+
+TEST_CASE("a settings file of 16 MB is read, a larger one is refused with a sentence")
+{
+    CHECK(failureAt(kMostSettingsBytes) == "");
+    CHECK(failureAt(kMostSettingsBytes + 1) == "設定ファイル（C:\\SUITE\\Massage.ini）が 16 MB を超えています。");
+}
+
+TEST_CASE("lines and fields are read within the limit of settings files")
+{
+    FakeWorld world;
+    world.files.put(kPath, std::string(kMostSettingsBytes + 1, 'x'));
+    std::string line;
+    CHECK_THROWS_AS((void)TextInput(world.platform, kPath).readLine(line), RuntimeError);
+    CHECK_THROWS_AS((void)FieldInput(world.platform, kPath).next(), RuntimeError);
+}
