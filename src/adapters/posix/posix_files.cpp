@@ -206,7 +206,7 @@ std::optional<LockedFile> tryToLock(const std::string &place)
     return LockedFile{State::locked, std::make_unique<PosixLockedOutput>(std::move(file), place)};
 }
 
-/// Many devices can be read without an end.
+/// Many devices supply bytes without end.
 bool isDevice(const FileDescriptor &file)
 {
     struct stat status {};

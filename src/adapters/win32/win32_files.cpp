@@ -188,7 +188,7 @@ public:
         Win32FileHandle handle(
             CreateFileW(file.c_str(), GENERIC_READ, kShared, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!handle.isOpen()) failFile(GetLastError(), file);
-        // A device, which may be readable without an end.
+        // A device may supply bytes without end.
         if (GetFileType(handle.get()) != FILE_TYPE_DISK) failFile(ERROR_NOT_READY, file);
         return std::make_unique<Win32Input>(std::move(handle), file);
     }

@@ -92,7 +92,7 @@ public:
     }
 
 private:
-    /// The calls would read a file that is too large to its end; by bytes it is unreadable.
+    /// The ANSI calls would read all of a file that is too large; the other implementation reports it as unreadable.
     [[nodiscard]] Profile &implementationFor(const std::string &file) const
     {
         return canBeTold(file) && !isTooLarge(file) ? *m_calls : *m_bytes;

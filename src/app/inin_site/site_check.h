@@ -34,7 +34,7 @@ void checkShortDate(const Regional &regional, Findings &findings);
 
 /// The bytes of a file, found by its name in any case; nothing if it cannot be read.
 [[nodiscard]] std::optional<std::string> readSiteFile(const std::filesystem::path &path);
-/// Likewise a settings file; one that is missing, is no file or is too large becomes a finding.
+/// The same for a settings file; one that is missing, not a file or too large is reported as a finding.
 [[nodiscard]] std::optional<std::string> readSettingsFile(const std::filesystem::path &path, const std::string &missing,
                                                           Findings &findings);
 
