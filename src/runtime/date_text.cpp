@@ -130,8 +130,7 @@ private:
         return isHourAlone() ? startTime(*number) : addPart(*number);
     }
 
-    /// "9 PM" is a time although it has no colon; in "2024/5/1 午前 9:30" the 1 is not an hour, because the day is
-    /// still missing.
+    /// "9 PM" is a time although it has no colon; in "2024/5/1 午前 9:30" the 1 is not one: the day is still missing.
     bool isHourAlone()
     {
         if (m_hasTime || m_awaiting || (m_count != 0 && m_count != m_found.size())) return false;

@@ -42,8 +42,7 @@ OdbcDriver driverNamed(std::string_view name)
     if (lower.starts_with(kNumberedStart) && lower.ends_with(kNumberedEnd)) {
         driver.family = DriverFamily::microsoft;
         const std::string_view number = std::string_view(lower).substr(kNumberedStart.size());
-        (void)std::from_chars(number.data(), number.data() + number.size(), driver.version); // stays 0 if there is no
-                                                                                             // number
+        (void)std::from_chars(number.data(), number.data() + number.size(), driver.version); // stays 0 without a number
     }
     const std::size_t library = lower.find("msodbcsql");
     if (library != std::string::npos) {

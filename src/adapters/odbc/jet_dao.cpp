@@ -18,8 +18,7 @@ bool isJetFile(std::string_view start)
     return name.starts_with("Standard Jet DB") || name.starts_with("Standard ACE DB");
 }
 
-/// Braces only where they are required: the driver outside Windows does not support them, and so no path with a
-/// semicolon.
+/// Braces only where required: the driver outside Windows does not support them, and so no path with a semicolon.
 std::string valueOf(const std::string &path)
 {
     if (path.find(';') == std::string::npos && !path.starts_with('{')) return path;

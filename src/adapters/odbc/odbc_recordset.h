@@ -12,8 +12,7 @@
 
 namespace inin {
 
-/// The rows of one SELECT. With a server-side cursor they stream in blocks, with a client-side one all are read on
-/// opening.
+/// The rows of one SELECT. A server-side cursor streams them in blocks, a client-side one reads all on opening.
 class OdbcRecordset : public Recordset {
 public:
     OdbcRecordset() = default;

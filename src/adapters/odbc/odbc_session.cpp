@@ -92,8 +92,7 @@ std::unique_ptr<OdbcHandle> OdbcSession::newStatement(std::int32_t timeout) cons
 {
     auto statement = std::make_unique<OdbcHandle>(OdbcHandle::Kind::statement, m_handle.get());
     SQLSetStmtAttrW(statement->get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(timeout)), 0);
-    // The statements are in the server's own language: disable ODBC escape sequences. Drivers without this attribute
-    // are fine.
+    // The statements are in the server's own language: disable ODBC escapes. Not every driver has this attribute.
     SQLSetStmtAttrW(statement->get(), SQL_ATTR_NOSCAN, asPointer(SQL_NOSCAN_ON), 0);
     return statement;
 }

@@ -17,8 +17,7 @@ std::size_t characterSize(std::string_view text)
     return size;
 }
 
-/// True if the name matches a pattern of "*" and "?". On a mismatch only the last "*" is extended, so no pattern is
-/// slow.
+/// True if the name matches a pattern of "*" and "?". On a mismatch only the last "*" is extended: no pattern is slow.
 bool fits(std::string_view name, std::string_view pattern)
 {
     std::string_view nameAtStar, patternAtStar;

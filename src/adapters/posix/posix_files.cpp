@@ -190,8 +190,7 @@ bool isNamed(const struct stat &opened, const std::string &place)
 std::optional<LockedFile> tryToLock(const std::string &place)
 {
     using State = LockedFile::State;
-    // The file contains no patient data and every user of the site must be able to lock it: use the umask's
-    // permissions.
+    // No patient data is in this file, and every user of the site must be able to lock it: leave it to the umask.
     FileDescriptor file(open(place.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | kOpenFlags, 0666));
     const bool isLink = !file.isOpen() && errno == ELOOP;
     if (!file.isOpen() && !isLink) return LockedFile{};

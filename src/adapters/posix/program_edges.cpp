@@ -20,8 +20,7 @@ void prepareStandardStreams()
 {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(descriptor, F_GETFD) != -1) continue;
-        // open() returns the lowest free descriptor, which is this one. Open it with the wrong access, so that every
-        // use fails.
+        // open() returns this descriptor, the lowest free one. With the wrong access mode every use fails.
         const int wrongWay = descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY;
         (void)open("/dev/null", wrongWay); // without /dev/null nothing can be done
     }

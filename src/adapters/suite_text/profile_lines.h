@@ -6,8 +6,7 @@
 
 namespace inin {
 
-// Splits a profile file of code page 932 into characters, lines, sections and keys. The views point into the given
-// bytes.
+// Splits a profile file of code page 932 into characters, lines, sections and keys. Views point into the given bytes.
 
 /// Trims what the platform treats as blank: the ASCII blanks and 0x1A, but no full-width blank.
 [[nodiscard]] std::string_view trimmedLeft(std::string_view text);

@@ -16,8 +16,7 @@ namespace inin {
 /// path regardless of case; parts that do not exist are kept. Windows: replaces "/" by "\"; a path beyond the classic
 /// limit of 260 becomes absolute and gets the prefix that lifts the limit.
 [[nodiscard]] std::string systemPath(const std::string &path);
-/// True for a path that is not relative to the current folder; a drive letter counts as absolute where there are
-/// drives.
+/// True for a path that is not relative to the current folder; on Windows a drive letter counts as absolute.
 [[nodiscard]] bool isAbsolutePath(const std::string &path);
 /// Creates an empty file for personal data or passwords that only its owner can read and write. An existing file keeps
 /// its permissions and content. Windows: does nothing, because a new file inherits the permissions of its folder. A

@@ -31,8 +31,7 @@ WORD showOf(WindowStyle style)
     return SW_SHOWNORMAL;
 }
 
-/// The path with 8.3 names, the most reliable way to start a program in a deep folder; the path itself on a drive
-/// without such names.
+/// The path with 8.3 names, the most reliable way to start a program in a deep folder; unchanged if there are none.
 std::wstring shortNameOf(const std::wstring &path)
 {
     std::wstring name(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
@@ -59,8 +58,7 @@ std::wstring folderToTakeOver()
     return name.starts_with(kUnlimited) ? name.substr(kUnlimited.size()) : name;
 }
 
-/// Calls CreateProcess. Without a program the system searches for one: the shortest prefix of the line that names a
-/// file.
+/// Calls CreateProcess. Without a program the system uses the shortest prefix of the line that names a file.
 bool isStarted(const wchar_t *program, const std::string &commandLine, WindowStyle style)
 {
     std::wstring line = wideFromUtf8(commandLine); // the call may modify it

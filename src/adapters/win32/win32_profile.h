@@ -9,16 +9,14 @@
 namespace inin {
 
 // The profile port has two implementations. Usually the platform's ANSI calls do the work, as in the suite's other
-// programs. They truncate or lose a path beyond the classic limit and replace a character outside the code page by "?";
-// 8.3 names would help on some disks only. Such a file is opened by the wide calls, and the same rules are applied to
-// its bytes.
+// programs. They lose a path beyond the classic limit and replace a character outside the code page by "?"; 8.3 names
+// would help on some disks only. Such a file is opened by the wide calls, and the same rules are applied to its bytes.
 
 /// True for a file whose absolute path the ANSI calls can open.
 [[nodiscard]] bool canBeTold(const std::string &file);
 /// Uses the ANSI calls; requires canBeTold().
 [[nodiscard]] std::unique_ptr<Profile> makeCalledProfile();
-/// Works on the bytes of any file. A name without a folder is not supported: reading it finds nothing, writing is
-/// refused.
+/// Works on the bytes of any file. A name without a folder is not supported: reads find nothing, writes are refused.
 [[nodiscard]] std::unique_ptr<Profile> makeProfileByBytes();
 
 /// An argument in the ANSI code page; a missing one stays missing.

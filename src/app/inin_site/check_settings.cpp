@@ -25,8 +25,7 @@ constexpr std::string_view kForms[] = {"委任状37_01.wfd", "委任状23.wfd", 
 
 using Settings = std::map<std::string, std::string>;
 
-/// As the suite reads it: sections are ignored, and the value is the text after the first "=" of the first line with
-/// the key.
+/// As the suite reads it: without sections; the value follows the first "=" of the first line with the key.
 Settings settingsOf(const std::string &bytes)
 {
     Settings settings;

@@ -17,8 +17,7 @@ constexpr std::string_view kConnectionKey = "接続情報";
 
 } // namespace
 
-/// The programs pass this key in the system's code page. In any other code page it becomes another key or question
-/// marks.
+/// The programs pass this key in the system's code page; in any other it becomes another key or question marks.
 void checkCodePage(Locale &system, Findings &findings)
 {
     if (system.toCodePage(kConnectionKey) == encodeCp932(kConnectionKey)) return;
@@ -27,8 +26,7 @@ void checkCodePage(Locale &system, Findings &findings)
         "日本語の項目を読めません。");
 }
 
-/// Dates are written to statements and letters in this format. With an era or a day in front they would mean other
-/// days, or none.
+/// Statements and letters contain dates in this format. With an era or a day in front these would be wrong or invalid.
 void checkShortDate(const Regional &regional, Findings &findings)
 {
     if (std::ranges::find(kReadableForms, regional.shortDate) != std::end(kReadableForms)) return;

@@ -24,8 +24,7 @@ std::string textLiteral(std::string_view text)
     return literal + "'";
 }
 
-/// "2024-06-28 10:30:15" as "20240628 10:30:15": with hyphens, some language settings of the server would swap month
-/// and day.
+/// "2024-06-28 10:30:15" as "20240628 10:30:15": with hyphens some server languages would swap month and day.
 std::string dateLiteral(std::string_view iso)
 {
     std::string text;
