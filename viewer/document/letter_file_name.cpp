@@ -73,8 +73,8 @@ std::string LetterFileNames::textOf(std::size_t letter) const
         }
         const auto column = std::ranges::find(report.columns, piece.column) - report.columns.begin();
         const std::string_view value = report.value(place.row, static_cast<std::size_t>(column));
-        const auto written = piece.pattern.empty() ? std::nullopt : writtenDate(value, piece.pattern);
-        text += value.empty() ? piece.silent : written ? *written : std::string(value);
+        const auto written = piece.pattern.empty() ? std::nullopt : formattedDate(value, piece.pattern);
+        text += value.empty() ? piece.whenBlank : written ? *written : std::string(value);
     }
     return text;
 }

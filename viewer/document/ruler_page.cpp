@@ -45,7 +45,7 @@ TextCommand textIn(const Box &box, double size, std::string text)
     TextCommand command = textAt({}, size, Anchor::start, std::move(text));
     constexpr int kMostLines = 40;
     constexpr double kLeading = 1.4;
-    command.fit = FitRule{box, Vertical::top, kMostLines, kLeading, 1, size / 2};
+    command.fit = FitRule{box, VerticalAlignment::top, kMostLines, kLeading, 1, size / 2};
     return command;
 }
 
