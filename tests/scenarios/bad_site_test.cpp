@@ -77,9 +77,8 @@ constexpr const char *kFatal70 = R"({"event":"fatal","number":70,"text":"書き�
 
 } // namespace
 
-TEST_CASE_FIXTURE(
-    PrintOnASite,
-    "a database locked by another program gives a box after the timeout of the print, and the screen stays open")
+TEST_CASE_FIXTURE(PrintOnASite,
+                  "a print on a database locked by another program times out with a box, and the screen stays open")
 {
     driver.wrapDatabase = [](std::unique_ptr<Database> inner) {
         return std::make_unique<ImpatientDatabase>(std::move(inner));

@@ -68,8 +68,7 @@ void drawFace(const QStyleOption &option, QPainter &painter)
     painter.fillRect(face, gradient);
 }
 
-/// Draws the outline of options and check boxes. The base style draws it darker than the window whatever the window's
-/// colour is.
+/// Draws the outline of options and check boxes. The base style always draws it darker than the window.
 void drawIndicatorOutline(const QStyleOption &option, QPainter &painter, bool isRound)
 {
     QColor outline = option.palette.color(QPalette::WindowText);

@@ -78,7 +78,7 @@ void DateEdit::take(const Variant &value, const std::string &notice)
     if (isNew && onEdited) onEdited(m_value);
 }
 
-/// Shows a remark about the text by colour, by an icon, as words at the box and to screen readers.
+/// Shows a remark about the text by colour, by an icon, as text at the box and to screen readers.
 void DateEdit::remark(const std::string &complaint, const std::string &notice)
 {
     if (complaint == m_complaint && notice == m_notice) return;
@@ -87,7 +87,7 @@ void DateEdit::remark(const std::string &complaint, const std::string &notice)
     const bool isUnreadable = !complaint.empty();
     const bool isMarked = !sentence().empty();
     markReading(*this, isUnreadable ? Reading::unreadable : isMarked ? Reading::doubtful : Reading::plain);
-    // Look up the icons with the first remark only: the search walks the desktop's icon folders, too slow for program
+    // Look up the icons with the first remark only: the search scans the desktop's icon folders, too slow for program
     // start.
     if (isMarked)
         m_sign->setIcon(

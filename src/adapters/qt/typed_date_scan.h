@@ -24,7 +24,7 @@ struct ScannedDate {
 };
 
 /// Replaces full-width characters, and those that an input method enters for a point, a slash and a hyphen, by the
-/// plain ones, and a single character for an era or a weekday by its words.
+/// plain ones, and a single character for an era or a weekday by its name.
 [[nodiscard]] std::string foldedDateText(std::string_view text);
 /// Numbers are separated by a sign, blanks or 年, 月 and 日. A weekday in brackets and a time at the end are dropped.
 [[nodiscard]] ScannedDate scanTypedDate(std::string_view foldedText, std::span<const Era> eraTable);

@@ -71,7 +71,7 @@ TEST_CASE("an exception that leaves an event procedure ends the show of its form
 }
 
 TEST_CASE(
-    "an exception in an event outside the form's procedures ends the show without going through the toolkit's loops")
+    "an exception in an event outside the form's procedures ends the show without passing through the toolkit's loops")
 {
     const LoopWatch watch;
     WindowFixture fixture;

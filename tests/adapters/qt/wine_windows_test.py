@@ -18,12 +18,12 @@ import zipfile
 import real_windows_test as real
 from real_windows_test import Display, Failed, Program, expect, noted, wait_for, window, work_a_print
 
-# What a Japanese Windows is called by its own; a name with a blank and letters that only its code page can hold.
+# A folder name as on a Japanese Windows, with a blank and characters that only its code page has.
 FOLDER = "委任状 デモ"
 FORM_TOOLS = ("wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe")
-# The settings stand in the words of the program, so both systems must write them alike.
-# Of the 1280 points of the display, less what frames may take.
+# The 1280 pixels of the display, less the window frames.
 FULL_WIDTH = 1260
+# The settings contain the program's own texts, so both systems must write them alike.
 COMPARED = ("TMP/委任状.csv", "TMP/WfdCom.dat", "Massage.ini", "adodb.ini", "Sorvin.ver", "DATA/印刷設定.ini")
 
 
@@ -97,7 +97,7 @@ def make_site(_):
     shutil.rmtree(drive_c() + "/" + FOLDER, ignore_errors=True)
     site = drive_c() + "/" + FOLDER
     os.makedirs(site)
-    # What a Japanese Windows has from the start. Wine forgets it when it was run in another language.
+    # A Japanese Windows has this setting from the start. Wine loses it when it has run in another language.
     wine("reg", "add", r"HKCU\Control Panel\International", "/v", "sShortDate", "/d", "yyyy/MM/dd", "/f")
     unpack(site)
     return site
@@ -216,7 +216,7 @@ def every_other_window(site, display):
         click(147, 278)
         program.wait_told(event="window", name="frm施術者検索", shown=True)
         look("staff")
-        # Not by F12: Wine loses the key's release with the window, and takes the next one for a key that is held down.
+        # Not by F12: Wine loses the key's release with the window and takes the next F12 for a key held down.
         display.key("alt+F4")
         program.wait_title("委任状印刷")
         click(95, 8)
