@@ -109,8 +109,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a print during the run of another program names
     CHECK_FALSE(fs::exists(site.at("TMP\\WfdCom.dat")));
 }
 
-TEST_CASE_FIXTURE(PrintOnASite,
-                  "a print after another program's run has ended succeeds and records itself as the holder")
+TEST_CASE_FIXTURE(PrintOnASite, "a print after the end of another program's run succeeds and becomes the holder")
 {
     writeBytes(site.at("TMP\\委任状.run"), "PrintInin run 1\nholder KEIRI 77\n");
     const std::string events = run();

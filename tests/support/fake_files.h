@@ -17,8 +17,7 @@ class FakeFiles : public Files {
 public:
     /// Creates a file with these bytes, and its folders.
     void put(const std::string &path, const std::string &bytes);
-    /// Creates a file from UTF-8 text, converted to code page 932 with CR LF for "
-    /// ".
+    /// Creates a file from UTF-8 text, converted to code page 932 with CR LF for "\n".
     void putText(const std::string &path, const std::string &utf8);
     void makeFolder(const std::string &path);
     [[nodiscard]] bool has(const std::string &path) const;
@@ -31,8 +30,7 @@ public:
     /// The same for close; the written bytes stay.
     int failingClose = 0;
     std::int32_t failingCloseError = 61;
-    /// The lock state of a file: locked by another program, or the reason why it cannot be locked. Empty: locking
-    /// succeeds.
+    /// The result of locking a file. If empty, a file in an existing folder is locked.
     std::function<LockedFile::State(const std::string &path)> lockState;
     /// Thrown by every write to a locked file when not 0; failingWrite does not apply to these.
     std::int32_t lockedWriteError = 0;

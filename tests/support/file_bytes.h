@@ -10,8 +10,7 @@
 
 namespace inin {
 
-/// Throws if there is no such file. TempFolder::bytes() does not: it is for files that may be missing or not yet
-/// written.
+/// Throws if there is no such file. TempFolder::bytes() does not: it is for files that may be missing.
 [[nodiscard]] inline std::string bytesOf(const std::filesystem::path &path)
 {
     std::ifstream file(path, std::ios::binary);

@@ -87,8 +87,7 @@ void DateEdit::remark(const std::string &complaint, const std::string &notice)
     const bool isUnreadable = !complaint.empty();
     const bool isMarked = !sentence().empty();
     markReading(*this, isUnreadable ? Reading::unreadable : isMarked ? Reading::doubtful : Reading::plain);
-    // Look up the icons with the first remark only: the search scans the desktop's icon folders, too slow for program
-    // start.
+    // Look up the icons with the first remark only: scanning the desktop's icon folders is too slow for program start.
     if (isMarked)
         m_sign->setIcon(
             style()->standardIcon(isUnreadable ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation));
@@ -109,8 +108,7 @@ void DateEdit::explain()
     });
 }
 
-/// Below the box, but not under the mouse pointer: there the tip would close at once, as if the pointer had left the
-/// box.
+/// Below the box, but not under the mouse pointer: there the tip would close at once, as if the pointer had left.
 QPoint DateEdit::sentencePlace(const QString &words) const
 {
     constexpr int kPointer = 24; // the toolkit shows a tip this much (the height of a pointer) further down

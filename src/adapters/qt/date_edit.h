@@ -13,8 +13,7 @@ namespace inin {
 
 /// A box for a date that accepts any typed text and shows the date with its era. Up and down step the part under the
 /// cursor, page up and page down the month; Ctrl+; enters today, Alt+Down opens a calendar. An empty box is Null.
-/// Unreadable text stays in the box, is highlighted with a remark and counts as Null; a doubtful date is accepted and
-/// highlighted in another colour.
+/// Unreadable text stays highlighted with a remark and counts as Null; a doubtful date is accepted with another colour.
 class DateEdit : public TypedBox {
 public:
     DateEdit(std::string format, std::function<Date()> today, QWidget *parent);

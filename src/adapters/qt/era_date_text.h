@@ -49,12 +49,10 @@ struct DatePartPlace {
 /// The part at a position of a text formatted by the pattern; the last part for a position past the end.
 [[nodiscard]] DatePartPlace partAt(Date date, std::string_view pattern, std::size_t position,
                                    std::span<const Era> eraTable = eras());
-/// The date with one part stepped. A day that the new month does not have becomes its last day; the first era is the
-/// limit.
+/// The date with one part stepped, not before the first era. A day missing in the new month becomes its last day.
 [[nodiscard]] Date stepped(Date date, DatePart part, int by, std::span<const Era> eraTable = eras());
 
-/// A month with its era and its western year: 令和8年（2026年）11月. Both eras are named for a month in which the era
-/// changed.
+/// A month with its era and its western year: 令和8年（2026年）11月. Both eras if the era changed in that month.
 [[nodiscard]] std::string monthTitle(std::int32_t year, std::int32_t month, std::span<const Era> eraTable = eras());
 
 /// The era of a day, nullptr before the first era.

@@ -12,9 +12,8 @@ namespace inin {
 
 class TypedBox;
 
-/// The boundary at which events of the toolkit enter the program. No exception may pass through the toolkit's loops: an
-/// exception that leaves an event is stored here, the innermost loop ends, and the code that runs that loop rethrows
-/// it.
+/// The boundary where toolkit events enter the program. No exception may pass through the toolkit's loops: an exception
+/// that leaves an event is stored here, the innermost loop ends, and the code that runs that loop rethrows it.
 class EventEdge {
 public:
     /// Runs an event procedure after every registered box has read its text, so that the procedure works with what the

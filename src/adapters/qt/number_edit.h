@@ -22,8 +22,7 @@ public:
     /// Shows a value that was not entered in the box.
     void setValue(const Variant &value);
     [[nodiscard]] const Variant &value() const { return m_value; }
-    /// Replaces a number below the lower limit by the last valid one. Any other number was accepted when its last key
-    /// was typed.
+    /// Replaces a number below the lower limit by the last valid one. Any other number was accepted while it was typed.
     void commit() override;
     /// Called for each change by the user.
     std::function<void(const Variant &value)> onEdited;

@@ -29,9 +29,8 @@ inline constexpr int kPlayedToTheEnd = 0;
 inline constexpr int kPlayBroke = 1;
 inline constexpr int kBadCommand = 2;
 
-/// Plays the commands. `run` is the program: it receives a platform and returns, or ends by the end statement. Returns
-/// kPlayedToTheEnd if the program ended by itself, kPlayBroke after a run-time error or an internal error, or
-/// kBadCommand.
+/// Plays the commands. `run` is the program: it receives a platform and returns, or ends by the end statement.
+/// Returns kPlayedToTheEnd if the program ended by itself, kPlayBroke after an uncaught error, or kBadCommand.
 [[nodiscard]] int playScript(const ScriptOptions &options, const ScriptStreams &streams, Database &database,
                              const std::function<void(const Platform &)> &run);
 

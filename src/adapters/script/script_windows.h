@@ -11,8 +11,7 @@
 namespace inin {
 
 /// Forms without a screen: the commands replace the user of a modal form. Each command is applied to the topmost modal
-/// form, whose loop reads it. At the end of the commands the form is closed by its control box, repeatedly if it
-/// refuses.
+/// form, whose loop reads it. At the end of the commands the control box closes the form, repeatedly if it refuses.
 class ScriptWindows : public Windows {
 public:
     ScriptWindows(Transcript &transcript, CommandReader &commands, Files &files, Regional regional)

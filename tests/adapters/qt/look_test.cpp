@@ -1,5 +1,4 @@
-// The layout and the colours of the windows at the scale set by QT_SCALE_FACTOR; the test program runs at several
-// scales.
+// The layout and the colours of the windows; the test program runs at several scales, set by QT_SCALE_FACTOR.
 
 #include "adapters/qt/qt_window_set.h"
 #include "adapters/qt/theme.h"
