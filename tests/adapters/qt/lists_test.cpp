@@ -11,7 +11,7 @@ using namespace inin;
 
 namespace {
 
-/// A form of one drop-down list and one that stands open.
+/// A form with a drop-down list and an open list.
 struct TwoLists : Form {
     TwoLists() : Form("frmLists")
     {
@@ -41,7 +41,7 @@ using Texts = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("a list that is filled anew shows the new entries alone, and which of them is chosen")
+TEST_CASE("a list that is filled again shows only the new entries and the new selection")
 {
     WindowFixture fixture;
     TwoLists form;
