@@ -33,35 +33,40 @@ int play(const ScriptOptions &options)
     });
 }
 
+/// Errors on standard error go through std::cerr, which does not throw when nothing takes them.
+int run(int argc, char **argv)
+{
+    CLI::App line{"Plays the conditions screen from commands, one JSON object a line, without a window.",
+                  "inin-script"};
+    std::string folder;
+    std::string now;
+    ScriptOptions options;
+    line.add_option("--app", folder, "application folder")->required()->check(existingFolder);
+    line.add_option("--now", now, "moment at which the clock stands still, \"YYYY-MM-DD HH:MM:SS\"");
+    line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
+    try {
+        std::vector<std::string> arguments = programArguments(argc, argv);
+        std::ranges::reverse(arguments); // the reader takes them from the back
+        line.parse(std::move(arguments));
+    } catch (const CLI::ParseError &error) {
+        return line.exit(error) == 0 ? 0 : kBadCommandLine;
+    }
+    if (!now.empty() && !(options.now = readMoment(now))) {
+        std::cerr << "--now: \"" << now << "\" is no moment of the form YYYY-MM-DD HH:MM:SS\n";
+        return kBadCommandLine;
+    }
+    options.applicationFolder = textOf(std::filesystem::canonical(pathOf(folder)));
+    return play(options);
+}
+
 } // namespace
 
 } // namespace inin
 
 int main(int argc, char **argv)
-try {
+{
     inin::prepareStandardStreams();
-    CLI::App line{"Plays the conditions screen from commands, one JSON object a line, without a window.",
-                  "inin-script"};
-    std::string folder;
-    std::string now;
-    inin::ScriptOptions options;
-    line.add_option("--app", folder, "application folder")->required()->check(inin::existingFolder);
-    line.add_option("--now", now, "moment at which the clock stands still, \"YYYY-MM-DD HH:MM:SS\"");
-    line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
-    try {
-        std::vector<std::string> arguments = inin::programArguments(argc, argv);
-        std::ranges::reverse(arguments); // the reader takes them from the back
-        line.parse(std::move(arguments));
-    } catch (const CLI::ParseError &error) {
-        return line.exit(error) == 0 ? 0 : inin::kBadCommandLine;
-    }
-    if (!now.empty() && !(options.now = inin::readMoment(now))) {
-        std::cerr << "--now: \"" << now << "\" is no moment of the form YYYY-MM-DD HH:MM:SS\n";
-        return inin::kBadCommandLine;
-    }
-    options.applicationFolder = inin::textOf(std::filesystem::canonical(inin::pathOf(folder)));
-    return inin::play(options);
-} catch (const std::exception &fault) {
-    std::cerr << fault.what() << '\n';
-    return inin::kPlayBroke;
+    return inin::runProgram(
+        inin::kPlayBroke, [&] { return inin::run(argc, argv); },
+        [](const std::string &message) { inin::printLine(stderr, message); });
 }

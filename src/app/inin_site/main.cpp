@@ -5,7 +5,6 @@
 #include "app/inin_site/site_files.h"
 #include "app/inin_site/stand_ins.h"
 #include "runtime/file_path.h"
-#include "runtime/runtime_error.h"
 
 #include <fmt/format.h>
 
@@ -21,11 +20,6 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kFound = 1; // also: could not be made
 constexpr int kBadCommand = 2;
-
-void printLine(std::FILE *where, const std::string &line)
-{
-    fmt::print(where, "{}\n", line);
-}
 
 void makeServer(const MakeCommand &command)
 {
@@ -76,18 +70,22 @@ struct Run {
     }
 };
 
+int run(int argc, char **argv)
+{
+    const std::vector<std::string> words = programArguments(argc, argv);
+    std::vector<const char *> line = {"inin-site"};
+    for (const std::string &word : words) line.push_back(word.c_str());
+    return std::visit(Run{}, readCommandLine(static_cast<int>(line.size()), line.data()));
+}
+
 } // namespace
 
 } // namespace inin::site
 
 int main(int argc, char **argv)
-try {
+{
     inin::prepareStandardStreams();
-    const std::vector<std::string> words = inin::programArguments(argc, argv);
-    std::vector<const char *> line = {"inin-site"};
-    for (const std::string &word : words) line.push_back(word.c_str());
-    return std::visit(inin::site::Run{}, inin::site::readCommandLine(static_cast<int>(line.size()), line.data()));
-} catch (const inin::RuntimeError &error) {
-    fmt::print(stderr, "{}\n", error.description());
-    return 1;
+    return inin::runProgram(
+        inin::site::kFound, [&] { return inin::site::run(argc, argv); },
+        [](const std::string &message) { inin::printLine(stderr, message); });
 }

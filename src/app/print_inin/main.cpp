@@ -2,6 +2,7 @@
 // that the environment variable ININ_APP_DIR names. ININ_TRANSCRIPT names a file that is to be told what happens, for
 // support and tests.
 
+#include "adapters/common/program_edges.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/system_words.h"
 #include "adapters/qt/theme.h"
@@ -101,6 +102,7 @@ try {
 
 int main(int, char **argv)
 try {
+    inin::prepareStandardStreams();
     qInstallMessageHandler(inin::sayWhyAndEnd);
     int noArguments = 1;
     QApplication application(noArguments, argv);
