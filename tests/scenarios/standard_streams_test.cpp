@@ -45,13 +45,3 @@ TEST_CASE("an error message that cannot be printed does not change the exit code
         }
     CHECK(exitCode(kSite + std::string(" make /dev/null/x 2>/dev/full")) == 1);
 }
-
-TEST_CASE("a message is never written to a file that reuses the descriptor of a closed stream")
-{
-    const TempFolder folder;
-    REQUIRE(exitCode(kSite + (" make " + folder / "site") + " --patients 20 >/dev/null") == 0);
-    const std::string before = folder.bytes("site/demo.db");
-    CHECK(exitCode("echo '{\"click\":\"nobody\"}' | " + (kScript + (" --app " + folder / "site")) +
-                   " >/dev/null 2>&-") == 2);
-    CHECK(folder.bytes("site/demo.db") == before);
-}
