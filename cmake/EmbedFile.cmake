@@ -1,5 +1,5 @@
 # cmake -DFROM=file -DTO=file.cpp -DNAME=function -DHEADER=header -P EmbedFile.cmake
-# Writes a source file whose function, in namespace inin::site, gives the bytes of the file.
+# Writes a source file with a function in namespace inin::site that returns the bytes of the file.
 file(READ "${FROM}" bytes HEX)
 string(REGEX REPLACE "(................................)" "\\1\n    " bytes "${bytes}")
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")

@@ -1,8 +1,8 @@
-# Compiler flags of every target, in one place.
+# Compiler flags of all targets.
 add_library(inin_flags INTERFACE)
 if(MSVC)
-    # Sources are UTF-8, and a name of windows.h must not hide one of the standard library. The standard's own calls are no
-    # reason for a warning.
+    # Sources are UTF-8, and a macro of windows.h must not hide a name of the standard library. Do not warn about
+    # functions of the C standard library.
     target_compile_options(inin_flags INTERFACE /utf-8 /W4 /permissive- /Zc:__cplusplus /bigobj)
     target_compile_definitions(inin_flags INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN _CRT_SECURE_NO_WARNINGS)
 else()
@@ -10,7 +10,7 @@ else()
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
         -Wnon-virtual-dtor -Woverloaded-virtual)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-        # Optimizing, g++ 12 wrongly warns of an overlapping copy in `"text" + std::string()` (GCC bug 105651).
+        # When optimizing, g++ 12 wrongly warns of an overlapping copy in `"text" + std::string()` (GCC bug 105651).
         target_compile_options(inin_flags INTERFACE $<$<CONFIG:Release>:-Wno-restrict>)
     endif()
 endif()
@@ -20,14 +20,14 @@ endif()
 if(ININ_SANITIZE)
     target_compile_options(inin_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
-        # g++ 12 loses track of the alternative of a std::variant in instrumented code.
+        # In instrumented code, g++ 12 does not track which alternative of a std::variant is active.
         $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(inin_flags INTERFACE -fsanitize=address,undefined)
 endif()
-# And those of the test programs beside them.
+# Additional flags of the test programs.
 add_library(inin_test_flags INTERFACE)
 if((WIN32 OR ININ_SANITIZE) AND NOT MSVC)
-    # Unoptimized: what takes the time is compiling the tests, not running them.
+    # Unoptimized: tests take longer to compile than to run.
     target_compile_options(inin_test_flags INTERFACE -O0)
 endif()
 if(ININ_FUZZ)

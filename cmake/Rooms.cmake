@@ -1,4 +1,5 @@
-# A room is one folder of src/ as a static library; LINKS states the arrows that leave it, TOOLKIT that it draws windows.
+# A room is one folder of src/ as a static library. LINKS lists the rooms that it may use; TOOLKIT means that it draws
+# windows.
 function(inin_room name)
     cmake_parse_arguments(ROOM "TOOLKIT" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
     add_library(${name} STATIC ${ROOM_SOURCES})
@@ -11,11 +12,11 @@ function(inin_room name)
     endif()
 endfunction()
 
-# A doctest program for one room; its cases run as one test of ctest. TOOLKIT states that it works windows.
+# A doctest program for one room; its cases run as one ctest test. TOOLKIT means that it uses windows.
 function(inin_test name)
     cmake_parse_arguments(TEST "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${TEST_SOURCES})
-    # A main of its own among LINKS goes before the ordinary one.
+    # If LINKS contains a library with a main of its own, that is linked before the ordinary one.
     target_link_libraries(${name} PRIVATE inin_flags inin_test_flags ${TEST_LINKS} inin_test_main)
     if(TEST_TOOLKIT)
         inin_precompile(${name} toolkit_test)

@@ -1,5 +1,5 @@
-# The libraries of a cross build. Those that are headers only are the same for every system: each is linked by name into a
-# folder of its own, because this machine's include folder must not be seen by the cross compiler.
+# The libraries of a cross build. Header-only libraries are the same on every system: link each into a separate folder,
+# because the cross compiler must not see the include folder of the build machine.
 set(ININ_HOST_HEADERS "${CMAKE_BINARY_DIR}/host-headers")
 function(inin_host_headers target folder)
     if(NOT EXISTS "/usr/include/${folder}")
@@ -16,7 +16,7 @@ inin_host_headers(nlohmann_json::nlohmann_json nlohmann)
 inin_host_headers(CLI11::CLI11 CLI)
 inin_host_headers(doctest::doctest doctest)
 
-# SQLite in one file, as packaging/windows/make-sqlite makes it.
+# The SQLite amalgamation made by packaging/windows/make-sqlite.
 set(ININ_SQLITE_SOURCE "$ENV{HOME}/.cache/inin-windows/sqlite" CACHE PATH "Folder of sqlite3.c and sqlite3.h")
 if(NOT EXISTS "${ININ_SQLITE_SOURCE}/sqlite3.c")
     message(FATAL_ERROR "${ININ_SQLITE_SOURCE}/sqlite3.c is missing: packaging/windows/make-sqlite")
@@ -24,16 +24,16 @@ endif()
 enable_language(C)
 add_library(inin_sqlite3 STATIC "${ININ_SQLITE_SOURCE}/sqlite3.c")
 target_include_directories(inin_sqlite3 SYSTEM PUBLIC "${ININ_SQLITE_SOURCE}")
-# As Debian builds it, as far as the embedded database asks for it.
+# Debian's options, as far as the embedded database needs them.
 target_compile_definitions(inin_sqlite3 PRIVATE SQLITE_THREADSAFE=1 SQLITE_ENABLE_COLUMN_METADATA)
 target_compile_options(inin_sqlite3 PRIVATE -O2 -w)
 add_library(SQLite::SQLite3 ALIAS inin_sqlite3)
 
-# The driver manager belongs to Windows.
+# The driver manager is part of Windows.
 add_library(ODBC::ODBC INTERFACE IMPORTED GLOBAL)
 set_target_properties(ODBC::ODBC PROPERTIES INTERFACE_LINK_LIBRARIES odbc32)
 
-# What the letters need: shaping and subsets of fonts, reading form documents, packing PDF.
+# For the letters: shaping and subsetting fonts, reading form documents, compressing PDF.
 foreach(library harfbuzz expat)
     string(TOUPPER ${library} upper)
     set(ININ_${upper} "$ENV{HOME}/.cache/inin-windows/${library}" CACHE PATH "Folder of include/ and lib/lib${library}.a")

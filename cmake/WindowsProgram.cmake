@@ -1,4 +1,4 @@
-# What a program for Windows carries beside its code: manifest, icon, version. Elsewhere a call does nothing.
+# Adds the resources of a Windows program: manifest, icon, version. Does nothing on other systems.
 function(inin_windows_program target description)
     if(NOT WIN32)
         return()

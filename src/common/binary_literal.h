@@ -5,7 +5,7 @@
 
 namespace inin {
 
-/// Two hexadecimal digits a byte, behind the text: with "0x" before it a binary value in a statement.
+/// Appends two hexadecimal digits per byte; with the prefix "0x" they are a binary value in a statement.
 inline void appendHex(std::string &text, std::string_view bytes)
 {
     constexpr std::string_view kDigits = "0123456789ABCDEF";

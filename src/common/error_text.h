@@ -6,7 +6,7 @@
 
 namespace inin {
 
-// The fixed patterns in which a run-time error is worded.
+// The fixed formats of a run-time error's text.
 
 /// "(" number ")" description
 [[nodiscard]] std::string numberedText(const RuntimeError &error);

@@ -13,7 +13,7 @@ std::string FieldInput::next()
 {
     if (isAtEnd()) throw RuntimeError(error_number::endOfFile);
     skipBlanks();
-    // The marks are looked for in the bytes: no second half of a double byte is a comma, a quote or a line end.
+    // The separators are searched in the bytes: no second half of a double byte is a comma, a quote or a line end.
     const bool isQuoted = peek() == '"';
     const std::string bytes = isQuoted ? quotedBytes() : plainBytes();
     if (isQuoted) skipBlanks();
@@ -40,7 +40,7 @@ void FieldInput::skipBlanks()
     while (peek() == ' ' || peek() == '\t') take();
 }
 
-/// What follows a closing quote without a comma or a line end begins the next field.
+/// Text after a closing quote that is neither a comma nor a line end starts the next field.
 void FieldInput::skipSeparator()
 {
     const int separator = peek();
@@ -57,7 +57,7 @@ std::string FieldInput::plainBytes()
     return bytes;
 }
 
-/// A quote that is never closed takes the rest of the file.
+/// A quote that is never closed extends to the end of the file.
 std::string FieldInput::quotedBytes()
 {
     take();

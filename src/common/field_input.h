@@ -7,14 +7,14 @@
 
 namespace inin {
 
-/// A text file of the suite open for input, read as the runtime's field input reads: a field ends at a comma or at a
-/// line end, blanks and tabs before it do not count, and one that begins with a double quote goes to the next quote,
-/// over commas and line ends, and loses both quotes.
+/// A text file of the suite open for input, read by the rules of the runtime's field input: a field ends at a comma or
+/// a line end, blanks and tabs before it are skipped, and a field that begins with a double quote ends at the next
+/// quote, across commas and line ends, and loses both quotes.
 class FieldInput {
 public:
-    /// The file's errors go to the caller.
+    /// Errors of the file go to the caller.
     FieldInput(const Platform &platform, const std::string &path);
-    /// True when no byte is left, so that there is no further field.
+    /// True if no byte is left, so that there is no further field.
     [[nodiscard]] bool isAtEnd() { return peek() == kNoByte; }
     /// The next field, decoded; error 62 at the end of the file.
     [[nodiscard]] std::string next();

@@ -24,7 +24,7 @@ frmSelFolder::frmSelFolder(const Platform &platform, Folders &folders)
     cmdOK.Caption = "OK";
     cmdCancel.Caption = "キャンセル";
     cmdCancel.Cancel = true;
-    // A drive list has a change event, not a click: picking the drive that it shows does nothing.
+    // A drive list has a change event and no click: selecting the drive that it already shows does nothing.
     drlDrive.ListIndex.onAssigned = [this] { drlDrive_Change(); };
     dilFolder.onDblClick = [this] { openFolder(); };
     dilFolder.onKeyPress = [this](std::int16_t KeyCode) {
@@ -40,7 +40,7 @@ frmSelFolder::frmSelFolder(const Platform &platform, Folders &folders)
     }
 }
 
-/// The lists come up on the current folder, whichever the caller sets then.
+/// The lists start at the current folder, which the caller sets first.
 void frmSelFolder::Form_Load()
 {
     m_isChosen = false;
@@ -75,11 +75,11 @@ try {
     dilFolder.setPath(drlDrive.items()[static_cast<std::size_t>(drlDrive.ListIndex.get())].text);
 } catch (const RuntimeError &) {
     m_platform.boxes.show("ドライブの準備が出来ていません。", Icon::critical, kWarningTitle);
-    // Quietly: going back must not leave the folder that is open there.
+    // Without the event: restoring the drive must not close the open folder.
     drlDrive.ListIndex.assignQuietly(indexOfDrive(dilFolder.Drive()));
 }
 
-/// A folder that cannot be opened is told in the system's words, and the list stays.
+/// For a folder that cannot be opened, shows the system's error text and keeps the list.
 void frmSelFolder::openFolder()
 try {
     dilFolder.openChosen();
@@ -90,7 +90,7 @@ try {
 void frmSelFolder::cmdOK_Click()
 {
     m_path = dilFolder.Path();
-    // The root of a drive keeps nothing behind its colon.
+    // The root of a drive keeps nothing after its colon.
     if (m_path.ends_with('\\')) m_path.pop_back();
     m_isChosen = true;
     unload();

@@ -8,7 +8,7 @@
 
 namespace inin {
 
-/// The modal window of the folder selection: a drive, and a folder on it.
+/// The modal folder selection: a drive, and a folder on it.
 class frmSelFolder : public Form {
 public:
     frmSelFolder(const Platform &platform, Folders &folders);
@@ -19,16 +19,16 @@ public:
     Button cmdOK{"cmdOK"};
     Button cmdCancel{"cmdCancel"};
 
-    /// The folder that the window opened on, told by the caller before the show; empty for the current one.
+    /// The folder to start in, set by the caller before the show; empty for the current one.
     std::string csStartPath;
 
-    /// True when the window was left with a choice.
+    /// True if the window was closed with a choice.
     [[nodiscard]] bool isChosen() const { return m_isChosen; }
     [[nodiscard]] const std::string &chosenPath() const { return m_path; }
-    /// Chooses a drive as a person does; error 71 for one that is not in the list.
+    /// Selects a drive as the operator does; error 71 for a drive that is not in the list.
     void setDrive(const std::string &drive);
 
-    /// Opens the drive. One that cannot be read is told, and the list goes back to the drive of the open folder.
+    /// Opens the drive. If it cannot be read, shows an error and sets the list back to the drive of the open folder.
     void drlDrive_Change();
     void cmdOK_Click();
     void cmdCancel_Click();

@@ -11,7 +11,7 @@ namespace inin {
 
 namespace {
 
-/// UTF-16 order of two UTF-8 texts: only the leads of U+E000 to U+FFFF and of the planes above change places.
+/// UTF-16 order of two UTF-8 texts: it differs from byte order only between U+E000 to U+FFFF and the planes above.
 std::weak_ordering compareTexts(std::string_view a, std::string_view b)
 {
     const auto rank = [](char c) {
@@ -23,8 +23,8 @@ std::weak_ordering compareTexts(std::string_view a, std::string_view b)
         [rank](char x, char y) -> std::weak_ordering { return rank(x) <=> rank(y); });
 }
 
-/// The runtime's comparison of two variants, neither of them Null: an Empty follows the other side, a number stands
-/// before every text.
+/// The runtime's comparison of two variants, neither of them Null: an Empty adopts the type of the other side, and a
+/// number is less than every text.
 std::partial_ordering compare(const Variant &a, const Variant &b, const Regional &regional)
 {
     const auto *textA = a.getIf<std::string>();
@@ -71,7 +71,7 @@ try {
 
 std::int32_t nNullToLong(const Variant &value, const Regional &regional)
 try {
-    // Columns without a number are common: they are told apart without the price of an exception.
+    // Columns without a number are common: detect them without the cost of an exception.
     const bool isOtherText = value.getIf<std::string>() != nullptr && !isNumeric(value);
     return value.isNull() || isOtherText ? 0 : toLong(value, regional);
 } catch (const RuntimeError &) {

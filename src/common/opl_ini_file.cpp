@@ -7,20 +7,20 @@ namespace inin {
 
 namespace {
 
-/// Bytes of the buffer that the platform fills; the value and its NUL must fit.
+/// Size in bytes of the buffer that the platform fills; the value and its NUL must fit.
 constexpr std::size_t kBufferSize = 256;
 
 bool fileExists(Files &files, const std::string &path)
 try {
     return !files.directorySearch(path).empty();
 } catch (const RuntimeError &) {
-    // A name that cannot even be looked for is no file.
+    // A name that cannot be searched for is a missing file.
     return false;
 }
 
 std::string readFailure(const std::string &file, const std::string &section, const std::string &key)
 {
-    // One CR only: the three parts follow each other without a break, as the users know this text.
+    // Deliberate: a single CR, and no break between the other parts; the users know the text in this form.
     return "Iniファイルの読込に失敗しました。\rファイル名：" + file + "セクション：" + section + "  キー    ：" + key;
 }
 
@@ -54,7 +54,7 @@ try {
         m_platform.profile.GetPrivateProfileString(csSectionName, csKeyName, "", kBufferSize, m_fileName);
     const std::size_t used = m_platform.locale.toCodePage(buffer).size();
     if (used < kBufferSize) buffer.append(kBufferSize - used, '\0');
-    // The NULs shield the blanks of the value: callers cut at the first NUL and trim once more.
+    // The NULs after the value protect its trailing blanks: callers cut at the first NUL and trim once more.
     return rtrim(buffer);
 } catch (const RuntimeError &) {
     csErrMsg = readFailure(m_fileName, csSectionName, csKeyName);

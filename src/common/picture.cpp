@@ -15,15 +15,15 @@ using namespace std::string_view_literals;
 
 enum class PictureKind { bitmap, icon, gif, jpeg, png, metafile };
 
-/// The bytes by which a kind of picture is known, and their place in the file.
+/// The bytes that identify a picture format, and their offset in the file.
 struct Signature {
     PictureKind kind;
     std::size_t at;
     std::string_view bytes;
 };
 
-/// An icon may be a cursor. There are three kinds of metafile: the placeable one, the bare one and the enhanced one, whose
-/// mark is inside its header.
+/// An icon may be a cursor. There are three kinds of metafile: placeable, plain and enhanced; the signature of the
+/// enhanced one is inside its header.
 constexpr Signature kSignatures[] = {
     {PictureKind::bitmap, 0, "BM"sv},
     {PictureKind::icon, 0, "\0\0\1\0"sv},
@@ -40,7 +40,7 @@ constexpr std::size_t kHeaderSize = 44;
 
 struct PictureHeader {
     PictureKind kind;
-    std::string bytes; ///< as many as the file has, up to kHeaderSize
+    std::string bytes; ///< at most kHeaderSize bytes, fewer in a short file
 };
 
 PictureHeader headerOf(Files &files, const std::string &path)
@@ -53,7 +53,7 @@ PictureHeader headerOf(Files &files, const std::string &path)
     return {known->kind, std::move(bytes)};
 }
 
-/// True when the size of the second header, by which the versions of the format are told apart, is one of the format's.
+/// True if the size of the second header, which identifies the version of the format, is a valid one.
 bool isBitmapHeader(std::string_view header)
 {
     constexpr std::size_t kSizeAt = 14;
@@ -72,7 +72,7 @@ void checkPictureFile(Files &files, const std::string &path)
 
 bool canBePainted(Files &files, const std::string &path)
 {
-    // Bytes of the headers that every file of the kind begins with.
+    // Size in bytes of the headers that every file of the format begins with.
     constexpr std::size_t kIconHeaders = 22, kGifHeaders = 13, kJpegHeaders = 4, kPngHeaders = 33;
     const auto [kind, bytes] = headerOf(files, path);
     switch (kind) {

@@ -6,12 +6,12 @@
 
 namespace inin {
 
-/// Checks by its first bytes that a file is a picture of a kind that the suite knows: bitmap, icon, cursor, GIF, JPEG, PNG
-/// or metafile. Error 53 or 76 without the file, 75 for a folder, 481 for anything else.
+/// Checks by its first bytes that a file is a picture in a format known to the suite: bitmap, icon, cursor, GIF, JPEG,
+/// PNG or metafile. Error 53 or 76 without the file, 75 for a folder, 481 for anything else.
 void checkPictureFile(Files &files, const std::string &path);
 
-/// False for a picture that no desktop of ours paints, so that its place stays bare: a metafile, and a file whose headers
-/// are incomplete or wrong. Errors as in checkPictureFile.
+/// False for a picture that none of our toolkits paints, so that its area stays empty: a metafile, and a file with
+/// incomplete or wrong headers. Errors as in checkPictureFile.
 [[nodiscard]] bool canBePainted(Files &files, const std::string &path);
 
 } // namespace inin

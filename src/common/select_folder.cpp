@@ -19,7 +19,7 @@ std::int16_t clsSelectFolder::iSelFolder_New()
 std::int16_t clsSelectFolder::select(Start start)
 try {
     frmSelFolder window(m_platform, m_folders);
-    // Touching anything of a window loads it first.
+    // Accessing a control of a window loads the window first.
     window.load();
     if (!m_title.empty()) window.Caption = m_title;
     startIn(window, start);
@@ -31,15 +31,15 @@ try {
     return -1;
 }
 
-/// A start that cannot be shown is no failure: the window then stands where it came up. Each part stands for itself, so
-/// that a shared folder, whose drive is in no list, is opened all the same.
+/// A start folder that cannot be shown is no failure: the window then keeps its initial folder. Drive and folder are
+/// set independently, so that a shared folder, whose drive is in no list, is opened all the same.
 void clsSelectFolder::startIn(frmSelFolder &window, Start start)
 {
     const auto ignoringErrors = [](const auto &part) {
         try {
             part();
         } catch (const RuntimeError &) {
-            // Nothing to say: the person sees where the window stands.
+            // No message: the window itself shows its folder.
         }
     };
     bool isThere = false;

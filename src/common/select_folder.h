@@ -10,23 +10,23 @@ namespace inin {
 
 class frmSelFolder;
 
-/// Lets a person choose a folder. It belongs to the suite's stock of windows; no screen of this program opens it.
+/// Lets the operator choose a folder. For the suite's other programs; no screen of this program opens it.
 class clsSelectFolder {
 public:
     clsSelectFolder(const Platform &platform, Folders &folders) : m_platform(platform), m_folders(folders) {}
 
     /// "Error No:" number CR description of the last failure.
     [[nodiscard]] const std::string &CsErrStr() const { return m_error; }
-    /// The folder to start in, and after a choice the one that was chosen.
+    /// The folder to start in; after a choice, the chosen one.
     [[nodiscard]] const std::string &SelFolder() const { return m_folder; }
     void SelFolder(const std::string &csCurrentFolder) { m_folder = csCurrentFolder; }
-    /// The window's caption; an empty one leaves the window's own.
+    /// The window's caption; an empty text keeps the default.
     void SetWindowTitle(const std::string &csTitle) { m_title = csTitle; }
 
-    /// Shows the window on SelFolder: 0 done, also when nothing was chosen, or -1 with the words in CsErrStr. The drive
-    /// list stays on the current drive.
+    /// Shows the window on SelFolder: 0 on success, with or without a choice, or -1 with the error text in CsErrStr.
+    /// The drive list stays on the current drive.
     [[nodiscard]] std::int16_t iSelFolder();
-    /// The same, and the drive list stands on the folder's drive.
+    /// The same, with the drive list set to the folder's drive.
     [[nodiscard]] std::int16_t iSelFolder_New();
 
 private:

@@ -28,7 +28,7 @@ TextInput::TextInput(const Platform &platform, const std::string &path)
 
 bool TextInput::readLine(std::string &line)
 {
-    // Line ends are looked for in the bytes: no second half of a double byte is a CR or LF.
+    // Line ends are searched in the bytes: no second half of a double byte is a CR or LF.
     std::string bytes;
     std::size_t end = std::string::npos;
     while (end == std::string::npos) {
@@ -47,7 +47,7 @@ bool TextInput::readLine(std::string &line)
 void TextInput::skipLineEnd()
 {
     const bool carriageReturn = m_buffer[m_position++] == '\r';
-    // The LF of a CR LF may open the next piece.
+    // The LF of a CR LF may be the first byte of the next block.
     if (carriageReturn && (m_position < m_buffer.size() || fill()) && m_buffer[m_position] == '\n') ++m_position;
 }
 

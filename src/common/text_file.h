@@ -13,11 +13,11 @@ namespace inin {
 /// A text file of the suite open for output: code page 932, each line ended by CR LF.
 class TextOutput {
 public:
-    /// Opens a new file or empties an old one; the file's errors go to the caller.
+    /// Creates the file or truncates an existing one; errors of the file go to the caller.
     TextOutput(const Platform &platform, const std::string &path);
     void printLine(std::string_view utf8);
     void close();
-    /// The bytes of all lines so far.
+    /// The size in bytes of all lines so far.
     [[nodiscard]] std::uint64_t size() const { return m_size; }
 
 private:

@@ -10,10 +10,10 @@ namespace {
 constexpr std::int16_t kCommandTimeoutSeconds = 180;
 constexpr std::int32_t kUnspecifiedOptions = -1;
 constexpr std::size_t kStatementCut = 80;
-/// The buffer that the platform fills with the computer's name and its NUL.
+/// Size of the buffer that the platform fills with the computer's name and its NUL.
 constexpr std::size_t kComputerNameBuffer = 16;
 
-/// A failed read shows no more than the beginning of its statement.
+/// A failed read shows only the beginning of its statement.
 std::string cutStatement(const std::string &sSql)
 {
     return length(sSql) > kStatementCut ? left(sSql, kStatementCut) + "・・・" : sSql;
@@ -24,7 +24,7 @@ std::string sqlLine(const std::string &statement)
     return std::string(kCr).append("SQL=").append(statement);
 }
 
-/// The status of a call that reports its own failures by `onError`.
+/// The status of a call that reports its own failures through `onError`.
 template <class Call, class OnError> std::int16_t trapped(Call &&call, OnError &&onError)
 try {
     call();
@@ -46,7 +46,7 @@ cT_ADODB::~cT_ADODB()
     try {
         static_cast<void>(iDisConnect());
     } catch (...) {
-        // A destructor has no caller to report to, and an exception that leaves it would end the program.
+        // A destructor has no caller to report to, and an exception would end the program.
     }
 }
 
@@ -80,7 +80,7 @@ void cT_ADODB::vAddAdoErrorLog(std::string &csDstErrString)
 try {
     std::vector<ProviderError> &errors = connection().Errors();
     if (errors.empty()) return;
-    // The base is always sErrMsg, whatever the argument held.
+    // The result always starts with sErrMsg, whatever the argument was.
     const std::string cr(kCr);
     std::string text = m_errMsg + cr + "Connection State=" + std::to_string(connection().State());
     for (const ProviderError &error : errors) {
@@ -93,7 +93,7 @@ try {
     csDstErrString = text + cr + cr + std::to_string(errors.size()) + " provider error(s) occurred.";
     errors.clear();
 } catch (const RuntimeError &) {
-    // Without a list to read the words of the failure itself have to do.
+    // If the error list cannot be read, use the text of that failure instead.
 }
 
 std::int16_t cT_ADODB::iConnect()
@@ -104,13 +104,13 @@ try {
             vAddAdoErrorLog(m_errMsg);
             return iBad;
         }
-        // Not open and no reason given: it goes on as connected, and the first statement fails.
+        // Neither open nor an error: the session counts as connected, and the first statement fails.
     }
-    // A timeout that cannot be set does not spoil the session; its words stay in sErrMsg.
+    // A failure to set the timeout does not invalidate the session; its text stays in sErrMsg.
     static_cast<void>(iSetTimeout(kCommandTimeoutSeconds));
     return iGood;
 } catch (const RuntimeError &error) {
-    // The log clears the provider's list; its detail is lost on purpose.
+    // The log clears the provider's list; the loss of its detail is deliberate.
     vAddAdoErrorLog(m_errMsg);
     m_errMsg = numberedText(error);
     return iBad;
@@ -161,7 +161,7 @@ std::int16_t cT_ADODB::iExecSQL(const std::string &csSql, Variant *nKousinRecSuu
         [&](const RuntimeError &error) {
             m_errMsg = failedText("iExecSQL", error);
             vAddAdoErrorLog(m_errMsg);
-            // A failed write shows the whole of its statement, behind the provider's list.
+            // A failed write shows its whole statement after the provider's list.
             m_errMsg += sqlLine(csSql);
         });
 }
@@ -187,7 +187,7 @@ std::int16_t cT_ADODB::iCommitTrans()
 std::int16_t cT_ADODB::iRollback()
 try {
     connection().RollbackTrans();
-    // Some providers report a failed rollback on the list alone.
+    // Some providers report a failed rollback only in the error list.
     if (connection().Errors().empty()) return iGood;
     vAddAdoErrorLog(m_errMsg);
     return iBad;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char *kHeading = "loadInitCorp でエラー";
 constexpr const char *kTableHeading = "エラーが発生しました。";
-/// The head office, the base from which visit charges are reckoned.
+/// The head office, the base for visit charges.
 constexpr std::int32_t kHeadOffice = 0;
 
 void fill(CompanyRecord &record, const cD_CORP &row)
@@ -34,7 +34,7 @@ void fill(CompanyRecord &record, const cD_CORP &row)
     record.mailDestinationPostalCode = row.cMailDestinationZipNo;
 }
 
-/// Of several head offices the first one returned counts; a branch without one is no error.
+/// Of several head offices the first row applies; a branch without one is no error.
 void readHeadOffice(App &app, cT_ADODB &session, CompanyRecord &record)
 {
     cT_CORP table(app);
@@ -52,7 +52,7 @@ try {
     own = startSession(app, kHeading);
     if (!own.isConnected()) return;
     readHeadOffice(app, *own.session, record);
-    static_cast<void>(own.session->iDisConnect()); // the row has been read
+    static_cast<void>(own.session->iDisConnect()); // the row is already read
 } catch (const RuntimeError &error) {
     app.platform.boxes.show(numberLineText(error), Icon::none);
 }
@@ -61,7 +61,7 @@ try {
 
 void loadInitCorp(App &app, CompanyRecord &record)
 {
-    // Outlives the trap: a box is answered before the session goes.
+    // Outside the trap, so that the session is open until the box is answered.
     StartedSession own;
     preload(app, own, record);
 }

@@ -9,10 +9,10 @@
 
 namespace inin {
 
-/// The head office as the suite's programs hold it process-wide. A new record is blank: numbers 0, texts empty, fixed
-/// texts full of NULs.
+/// The head office as a process-wide record of the suite's programs. A new record is blank: numbers 0, texts empty,
+/// fixed texts filled with NULs.
 struct CompanyRecord {
-    FixedText<50> companyName; ///< both halves of the name, one behind the other
+    FixedText<50> companyName; ///< both halves of the name, concatenated
     std::string businessNumber;
     FixedText<8> postalCode;
     FixedText<50> address1;
@@ -22,7 +22,7 @@ struct CompanyRecord {
     FixedText<30> reservedFixedText;
     std::array<std::int32_t, 11> reservedNumbers{};
     std::int32_t latitude = 0;  ///< in the unit of the map data
-    std::int32_t longitude = 0; ///< likewise
+    std::int32_t longitude = 0; ///< in the same unit
     std::string reservedText;
     std::int16_t reservedFlag = 0;
     FixedText<50> representative;
@@ -34,7 +34,7 @@ struct CompanyRecord {
 };
 
 /// Fills the record from the head-office row of this branch, on a session of its own. A failure shows its box and ends
-/// the preload, never the caller; a branch without a head office leaves the record as it was, without a word.
+/// the preload but not the caller; a branch without a head office leaves the record unchanged, without a message.
 void loadInitCorp(App &app, CompanyRecord &record);
 
 } // namespace inin

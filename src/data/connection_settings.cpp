@@ -8,7 +8,7 @@
 namespace inin {
 
 namespace {
-/// Section and key are spelled alike.
+/// Section and key have the same name.
 constexpr const char *kConnectionKey = "接続情報";
 } // namespace
 

@@ -9,24 +9,24 @@ namespace inin {
 
 inline constexpr const char *kNoConnectionText = "接続文字列取得できません。";
 
-/// How far the connection preamble came. A unit that reports its steps in different words asks for the step.
+/// The last step that the start of a session reached, for callers whose messages depend on it.
 enum class ConnectStep { settingsFile, emptyText, sessionInit, connect, connected };
 
-/// What the preamble left: a connected session, or the step that failed with its words.
+/// The result of a start: a connected session, or the failed step with its error text.
 struct StartedSession {
     ConnectStep step = ConnectStep::settingsFile;
-    /// Set from step sessionInit on, also when the connect failed.
+    /// Set from step sessionInit on, even if the connect failed.
     std::unique_ptr<cT_ADODB> session;
-    /// Words of the failure, to be shown under the unit's own heading.
+    /// Error text, to be shown under the caller's own heading.
     std::string csErrMsg;
     [[nodiscard]] bool isConnected() const { return step == ConnectStep::connected; }
 };
 
-/// The one way in which all database work begins: reads the connection string from "adodb.ini" anew, opens a session.
-/// Shows nothing.
+/// The start of all database work: reads the connection string from "adodb.ini" anew and opens a session. Shows
+/// nothing.
 [[nodiscard]] StartedSession startSession(App &app);
 
-/// The same, and a failure is shown as a critical box: heading, CR LF, words.
+/// The same, and shows a failure in a critical box: heading, CR LF, text.
 [[nodiscard]] StartedSession startSession(App &app, const std::string &heading);
 
 } // namespace inin

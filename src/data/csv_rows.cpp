@@ -23,12 +23,12 @@ struct TypeRange {
 constexpr TypeRange kTypeRanges[] = {
     {2, 6, CsvCell::number},     // whole and floating numbers, currency
     {7, 7, CsvCell::date},       // date
-    {11, 11, CsvCell::number},   // truth value
+    {11, 11, CsvCell::number},   // boolean
     {14, 14, CsvCell::number},   // decimal
-    {16, 21, CsvCell::number},   // whole numbers of other sizes
+    {16, 21, CsvCell::number},   // integers of other sizes
     {131, 131, CsvCell::number}, // numeric
-    {133, 135, CsvCell::date},   // day, time, both
-    {139, 139, CsvCell::number}, // numeric of varying length
+    {133, 135, CsvCell::date},   // date, time, date and time
+    {139, 139, CsvCell::number}, // numeric of variable length
 };
 
 CsvCell kindOfType(std::int32_t type)
@@ -38,13 +38,13 @@ CsvCell kindOfType(std::int32_t type)
     return CsvCell::text;
 }
 
-/// A quote inside stands as it is, as in every CSV file of the suite; so does a line end.
+/// A quote inside is not doubled, as in every CSV file of the suite; a line end is kept as well.
 std::string inQuotes(std::string_view text)
 {
     return std::string("\"").append(text).append("\"");
 }
 
-/// As a statement spells it: bytes are no text.
+/// In the notation of a statement, because bytes have no text form.
 std::string binaryText(const Binary &bytes)
 {
     std::string text = "0x";
@@ -72,7 +72,7 @@ CsvRows::CsvRows(Recordset &rsData, const Regional &regional, std::optional<std:
 {
     const std::size_t count = rsData.fieldCount();
     if (count > kMostFields) throw RuntimeError(error_number::subscript);
-    // A second writing of the same rows starts at the first one again.
+    // A second export of the same rows starts at the first row again.
     if (rsData.RecordCount() > 0) rsData.MoveFirst();
     for (std::size_t index = 0; index < count; ++index) m_kinds.push_back(kindOfType(rsData.fieldType(index)));
 }
@@ -99,7 +99,7 @@ std::string CsvRows::cell(std::size_t index) const
     const Variant value = m_rsData.Value(index);
     if (value.isNull()) return {};
     if (const auto *bytes = value.getIf<Binary>()) return binaryText(*bytes);
-    // A date has its default text, by the short date form, as everywhere in the suite.
+    // A date has its default text in the short date format, as everywhere in the suite.
     const std::string text = toText(value, m_regional);
     return m_kinds[index] == CsvCell::text ? inQuotes(text) : text;
 }

@@ -9,18 +9,18 @@
 
 namespace inin {
 
-/// How the fields of a kind of column are written.
+/// How the fields of a column are written.
 enum class CsvCell { number, date, text };
 
-/// The lines of a CSV file that a record set gives.
+/// Formats the rows of a record set as lines of a CSV file.
 class CsvRows {
 public:
-    /// Notes the kind of each field; error 9 for more fields than the suite's table of types has places. A branch name
-    /// that is given makes a last column of its own.
+    /// Determines the kind of each field; error 9 if there are more fields than the suite's table of types can hold. A
+    /// branch name, if given, becomes an additional last column.
     CsvRows(Recordset &rsData, const Regional &regional, std::optional<std::string> cKyoten);
     [[nodiscard]] std::string headingLine() const;
     [[nodiscard]] bool isEndOfFile() const { return m_rsData.isEndOfFile(); }
-    /// The line of the current row, and on to the next.
+    /// Returns the line of the current row and advances to the next row.
     [[nodiscard]] std::string nextLine();
 
 private:

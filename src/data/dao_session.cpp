@@ -19,7 +19,7 @@ template <class Object> Object &made(const std::unique_ptr<Object> &object)
 
 clsT_Dao::~clsT_Dao()
 {
-    // Nobody is left to hear of a failure; what was never opened is one.
+    // No caller is left to report a failure to; a database that was never opened is such a failure.
     if (m_database) (void)iDbClose();
     if (m_workspace) (void)iWorkSpaceClose();
 }

@@ -10,9 +10,9 @@
 
 namespace inin {
 
-/// A session with a local database by way of DAO, the counterpart of cT_ADODB: iInit, iDbOpen, the work, iDbClose,
-/// iWorkSpaceClose. It belongs to the suite's stock of classes; nothing in this program creates it.
-/// All results are 0, or -1 with the words in sErrMsg. Nothing is shown.
+/// A session with a local database through DAO, the counterpart of cT_ADODB: iInit, iDbOpen, the work, iDbClose,
+/// iWorkSpaceClose. For the suite's other programs; nothing in this program creates it. All results are 0, or -1 with
+/// the error text in sErrMsg. Nothing is shown.
 class clsT_Dao {
 public:
     explicit clsT_Dao(DaoEngine &engine) : m_engine(engine) {}
@@ -26,7 +26,7 @@ public:
 
     /// Does nothing; always 0.
     [[nodiscard]] std::int16_t ihehe() const { return 0; }
-    /// Keeps the settings and makes the workspace; `i排他` other than 0 opens the database for this session alone.
+    /// Keeps the settings and creates the workspace; `i排他` other than 0 opens the database exclusively.
     [[nodiscard]] std::int16_t iInit(const std::string &sDbName, std::int16_t i排他, const std::string &sName,
                                      const std::string &sUser, const std::string &sPassword, std::int32_t eType);
     [[nodiscard]] std::int16_t iWorkSpaceClose();
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] std::int16_t iDbClose();
     [[nodiscard]] std::int16_t iOpenRecordset(std::unique_ptr<DaoRecordset> &rsData, const std::string &sSql,
                                               std::int32_t eType, std::int32_t eOptions, std::int32_t eLock);
-    /// Closes the record set and empties the reference; one that cannot be closed stays.
+    /// Closes the record set and clears the reference; a record set that cannot be closed is kept.
     [[nodiscard]] std::int16_t iCloseRecordset(std::unique_ptr<DaoRecordset> &rsData);
     [[nodiscard]] std::int16_t iExecuteSql(const std::string &sSql, std::int32_t eOptions);
     [[nodiscard]] std::int16_t iExecSQL(const std::string &sSql);
@@ -43,16 +43,16 @@ public:
     [[nodiscard]] std::int16_t iRollbackTrans();
 
 private:
-    /// Runs the steps; -1 with the words in sErrMsg when one of them failed.
+    /// Runs the steps; -1 with the error text in sErrMsg if one of them fails.
     [[nodiscard]] std::int16_t trapped(const std::function<void()> &steps);
-    // Error 91 before they were made.
+    // Error 91 before it is created.
     [[nodiscard]] DaoWorkspace &workspace() const;
     [[nodiscard]] DaoDatabase &database() const;
 
     DaoEngine &m_engine;
     std::string m_errMsg;
     std::unique_ptr<DaoWorkspace> m_workspace;
-    std::unique_ptr<DaoDatabase> m_database; ///< ends before its workspace
+    std::unique_ptr<DaoDatabase> m_database; ///< destroyed before its workspace
 
     // The settings given to iInit.
     std::string m_sDbName;

@@ -11,7 +11,7 @@ namespace inin {
 
 namespace {
 
-/// Both openings report themselves so: the one of two statements has no name of its own here.
+/// Deliberate: the opening with two statements also reports errors under this name.
 constexpr const char *kOpeningHeading = "iInitJ2C() でエラー";
 
 std::string headingOf(const std::string &operation)
@@ -19,7 +19,8 @@ std::string headingOf(const std::string &operation)
     return operation + "() でエラー";
 }
 
-/// The number of rows, asked for in the way in which a provider surely knows it; the first row is current again.
+/// The number of rows, counted by moving to the last row, which every provider supports; the first row is current
+/// afterwards.
 std::int32_t counted(Recordset &rsData)
 {
     if (rsData.isEndOfFile()) return 0;
@@ -32,7 +33,7 @@ std::int32_t counted(Recordset &rsData)
 
 cls_JetDB2CSV::~cls_JetDB2CSV()
 {
-    static_cast<void>(iEndJ2C()); // a failure was shown
+    static_cast<void>(iEndJ2C()); // a failure has already been shown
 }
 
 std::int16_t cls_JetDB2CSV::iInitJ2C(const std::string &csSql, const std::string &csOutCsvFile, std::int32_t &nRecSuu)
@@ -98,7 +99,7 @@ std::int32_t cls_JetDB2CSV::nExecJ2C_WSQL(Midasi b1stMidasiAri)
 std::int32_t cls_JetDB2CSV::exec(const std::string &operation, std::size_t statements, Midasi b1stMidasiAri,
                                  const std::optional<std::string> &cKyoten)
 try {
-    // Seen before the file is opened, which would empty the one of an earlier run.
+    // Checked before the file is opened, which would truncate the file of an earlier run.
     for (std::size_t index = 0; index < statements; ++index)
         if (!m_recordsets[index]) throw RuntimeError(error_number::objectNotSet);
     TextOutput csv(m_app.platform, m_outCsvFile);
@@ -130,7 +131,7 @@ std::int16_t cls_JetDB2CSV::iEndJ2C()
     return status;
 }
 
-/// Lets go of everything without a word; a second end has nothing to close.
+/// Releases everything without reporting; a second end has nothing to close.
 void cls_JetDB2CSV::drop()
 {
     for (std::unique_ptr<Recordset> &rsData : m_recordsets) rsData.reset();

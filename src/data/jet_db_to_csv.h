@@ -14,15 +14,15 @@ namespace inin {
 /// Whether a CSV file begins with a line of column names.
 enum class Midasi { nasi, ari };
 
-/// Writes what one or two statements give into a CSV file of the suite: code page 932, lines ended by CR LF, a field of
-/// a character type in double quotes. Despite its name it reads through cT_ADODB. Statuses are 0 or -1; every failure is
-/// shown in a critical box under the operation's name.
+/// Exports the rows of one or two statements to a CSV file of the suite: code page 932, lines ended by CR LF, fields of
+/// character types in double quotes. Despite its name it reads through cT_ADODB. Statuses are 0 or -1; every failure is
+/// shown in a critical box with the operation's name. For the suite's other programs.
 class cls_JetDB2CSV {
 public:
     explicit cls_JetDB2CSV(App &app) : m_app(app) {}
     cls_JetDB2CSV(const cls_JetDB2CSV &) = delete;
     cls_JetDB2CSV &operator=(const cls_JetDB2CSV &) = delete;
-    /// Ends as iEndJ2C does.
+    /// Closes like iEndJ2C.
     ~cls_JetDB2CSV();
 
     /// Opens the statement on a session of its own and counts its rows. A failure leaves nothing open.
@@ -31,14 +31,14 @@ public:
     /// The same for two statements, under the same heading; their rows are counted together.
     [[nodiscard]] std::int16_t iInitJ2C_WSQL(const std::string &csSql1, const std::string &csSql2,
                                              const std::string &csOutCsvFile, std::int32_t &nRecSuu);
-    /// Writes the file anew with all rows of the first statement.
+    /// Creates the file anew with all rows of the first statement.
     [[nodiscard]] std::int16_t iExecJ2C(Midasi b1stMidasiAri);
-    /// The same and gives back the number of rows, -1 on a failure. A branch name that is given stands in a last column
-    /// "拠点名", on every row.
+    /// The same; returns the number of rows, or -1 on a failure. A branch name, if given, is written to a last column
+    /// "拠点名" of every row.
     [[nodiscard]] std::int32_t nExecJ2C(Midasi b1stMidasiAri, const std::optional<std::string> &cKyoten = {});
-    /// The rows of both statements, one behind the other under the column names of the first.
+    /// The rows of both statements, one after the other, under the column names of the first.
     [[nodiscard]] std::int32_t nExecJ2C_WSQL(Midasi b1stMidasiAri);
-    /// Closes what is open; without anything open it does nothing and is good.
+    /// Closes everything that is open; with nothing open it succeeds without effect.
     [[nodiscard]] std::int16_t iEndJ2C();
 
 private:

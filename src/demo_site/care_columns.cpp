@@ -31,14 +31,14 @@ Cell personKana(const Patient &, Dice &dice)
     return makeName(dice, dice.oneIn(2)).kana;
 }
 
-/// Second periods are rare: most patients have had one only.
+/// Second periods are rare: most patients had only one.
 Cell rareDay(const Patient &patient, Dice &dice)
 {
     const Cell day = dayAfterStart<200, 380>(patient, dice);
     return dice.oneIn(8) ? day : Cell{kNull};
 }
 
-/// Text dates of the suite: with slashes, without a time.
+/// Text dates have slashes and no time.
 Cell dateText(const Patient &patient, Dice &dice)
 {
     return slashText(patient.start - std::chrono::days{dice.between(30, 900)});
@@ -58,7 +58,7 @@ Cell bank(const Patient &, Dice &dice)
     return std::string(dice.pick(std::span{kBanks}));
 }
 
-/// A value here would replace the end of the consent's renewal when the row is read, so only few rows have one.
+/// Reading the row puts this value over the end of the consent's renewal, so only few rows have one.
 Cell roomShare(const Patient &, Dice &dice)
 {
     return dice.oneIn(50) ? Cell{std::int64_t{0}} : Cell{kNull};

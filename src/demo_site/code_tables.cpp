@@ -5,7 +5,7 @@ namespace inin::site {
 namespace {
 
 struct HokenRow {
-    std::int64_t type; ///< also the place in the screen's list, which the print run filters by
+    std::int64_t type; ///< also the index in the screen's list, by which the print run filters
     std::string_view name;
     std::string_view shortName;
     std::string_view label;
@@ -20,7 +20,7 @@ static_assert(kHoken[0].type == hoken::national && kHoken[1].type == hoken::asso
               kHoken[4].type == hoken::lateStage);
 
 struct FormRow {
-    std::int64_t branch; ///< 0 for the print types 0 and 1, which are system-wide
+    std::int64_t branch; ///< 0 for the print types 0 and 1, which apply to the whole system
     std::int64_t number;
     std::int64_t printType;
     std::string_view file;
@@ -34,7 +34,7 @@ constexpr FormRow kForms[] = {
     {1, 2, 2, "送付書_愛知県.wfd", "送付書（愛知県）"},
 };
 
-// The amounts are made up; what matters is which class and code stands for which fee.
+// The amounts are invented; only the assignment of class and code to a fee matters.
 struct FeeRow {
     std::int64_t kind;
     std::int64_t code;
@@ -76,7 +76,7 @@ void writeInsurers(RowTarget &database)
                         insurer.district.empty() ? Cell{kNull} : Cell{text(insurer.district)}, insurer.kind});
         }
     }
-    insert.row({"99999999", kNull, kNull, kNull}); // begun and never filled in
+    insert.row({"99999999", kNull, kNull, kNull}); // a row that was created but never filled in
 }
 
 void writeBranches(RowTarget &database)
@@ -130,7 +130,7 @@ void writeFees(RowTarget &database)
     }
 }
 
-/// The company's map, as a write without a picture leaves it: one zero byte in each place.
+/// The company's map as written without a picture: a single zero byte in each column.
 void writeMap(RowTarget &database, const SiteOrder &order)
 {
     constexpr std::string_view kColumns[] = {"iKyotenCd", "iKyotenEb", "nIDNo",     "bAddr1",

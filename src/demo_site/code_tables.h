@@ -5,7 +5,7 @@
 
 namespace inin::site {
 
-/// Fills the tables whose rows do not depend on chance: HOKENJA, KYOTEN, HOKEN, SHINSEISYO, the fees, RIYOUSHA_MAP.
+/// Fills the tables whose rows are not random: HOKENJA, KYOTEN, HOKEN, SHINSEISYO, the fees, RIYOUSHA_MAP.
 void writeCodeTables(RowTarget &database, const SiteOrder &order);
 
 } // namespace inin::site

@@ -10,9 +10,9 @@ namespace {
 struct Company {
     std::int64_t subCode;
     std::int64_t number;
-    std::int64_t type; ///< 0 head office, 1 and 2 agents, 3 group billing
+    std::int64_t type; ///< 0: head office, 1 and 2: agents, 3: group billing
     std::string_view name1;
-    std::string_view name2; ///< empty: NULL
+    std::string_view name2; ///< empty means NULL
     std::string_view kana;
     std::string_view bank;
     std::int64_t bankKind;
@@ -21,7 +21,7 @@ struct Company {
     std::int64_t accountKind;
 };
 
-// Between them they have every kind of bank, office and account, and one of each without a word.
+// Together they use every kind of bank, branch office and account, and for each a code that has no word.
 constexpr Company kCompanies[] = {
     {1, kHeadOffice, 0, "株式会社ひだまり訪問マッサージ", "本社", "ヒダマリホウモンマッサージ", "讃岐あさひ", 1, "夕凪",
      2, 1},

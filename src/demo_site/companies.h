@@ -5,17 +5,17 @@
 
 namespace inin::site {
 
-// Numbers of the rows of CORP.
+// nIDNo of rows of CORP.
 inline constexpr std::int64_t kHeadOffice = 1;
 inline constexpr std::int64_t kFirstAgent = 11;
 inline constexpr int kAgents = 8;
 inline constexpr std::int64_t kGroupCompany = 51;
-/// An agent whose row was begun and never filled in: every column but the keys is NULL.
+/// An agent whose row was created but never filled in: all columns except the keys are NULL.
 inline constexpr std::int64_t kBlankCompany = 99;
-/// Added to an agent's number it gives one that CORP lacks.
+/// An agent's number plus this is a number that CORP does not contain.
 inline constexpr std::int64_t kNoSuchCompany = 9000;
 
-/// Head office, agents, the group-billing company, the blank row, and the head office of another branch.
+/// Writes the head office, agents, the group-billing company, the blank row, and the head office of another branch.
 void writeCompanies(RowTarget &database, const SiteOrder &order);
 
 } // namespace inin::site

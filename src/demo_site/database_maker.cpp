@@ -19,7 +19,7 @@ struct SchemaParts {
     std::string indexes;
 };
 
-/// An index is built faster over rows that are there, so the schema's indexes wait for the data.
+/// Create the indexes after the data: that is faster.
 SchemaParts splitSchema(std::string_view schema)
 {
     SchemaParts parts;
@@ -48,9 +48,9 @@ void writeDemoRows(RowTarget &target, const SiteOrder &order)
 void makeDatabase(const std::string &path, const SiteOrder &order)
 {
     const SchemaParts schema = splitSchema(schemaText());
-    createForOwner(path); // a journal gets the rights of its database
+    createForOwner(path); // a journal inherits the permissions of its database
     SqliteWriter database(path);
-    // The file is new and takes its final name only when it is whole: a journal would protect nothing.
+    // No journal: the file is new and gets its final name only when it is complete.
     database.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN;");
     database.run(schema.tables);
     writeDemoRows(database, order);

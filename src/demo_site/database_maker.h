@@ -7,10 +7,10 @@
 
 namespace inin::site {
 
-/// Writes the whole database to a new file. Failures are RuntimeErrors.
+/// Writes the whole database to a new file. Failures raise RuntimeError.
 void makeDatabase(const std::string &path, const SiteOrder &order);
 
-/// All rows of the demo, table by table; the same order gives the same rows.
+/// Writes all rows of the demo, table by table; the same order gives the same rows.
 void writeDemoRows(RowTarget &target, const SiteOrder &order);
 
 } // namespace inin::site

@@ -6,11 +6,11 @@
 
 namespace inin::site {
 
-/// The demo data's source of chance: splitmix64 (Steele, Lea, Flood 2014). The standard library's distributions differ
-/// between platforms; this one gives the same rows everywhere.
+/// The random generator of the demo data: splitmix64 (Steele, Lea, Flood 2014). Unlike the standard library's
+/// distributions it gives the same rows on every platform.
 class Dice {
 public:
-    /// Each row of each kind throws dice of its own, so that one more throw in a row leaves the other rows alone.
+    /// Each row of each kind has its own generator, so that one more draw in a row does not change other rows.
     Dice(std::uint64_t seed, std::uint64_t kind, std::uint64_t row) : m_state(seed)
     {
         m_state = next() ^ (kind * 0x9E3779B97F4A7C15U);
@@ -25,7 +25,7 @@ public:
         z = (z ^ (z >> 27)) * 0x94D049BB133111EBU;
         return z ^ (z >> 31);
     }
-    /// 0 to count - 1. The bias of the remainder does not matter for counts this small.
+    /// 0 to count - 1. The modulo bias is negligible for such small counts.
     [[nodiscard]] std::size_t below(std::size_t count) { return static_cast<std::size_t>(next() % count); }
     [[nodiscard]] int between(int low, int high)
     {

@@ -4,12 +4,12 @@
 
 namespace inin::site {
 
-// Files of the folder site/ that the program carries, so that it needs nothing beside it.
+// Files of the folder site/ that are compiled into the program.
 [[nodiscard]] std::string_view schemaText();
 [[nodiscard]] std::string_view serverSchemaText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
-/// On Windows the stand-ins are one program, which knows by its name what it stands in for.
+/// On Windows a single program, which chooses its part by its own file name.
 [[nodiscard]] std::string_view standInProgram();
 [[nodiscard]] std::string_view standardForm();
 [[nodiscard]] std::string_view aichiForm();

@@ -4,7 +4,7 @@ namespace inin::site {
 
 namespace {
 
-// 髙 and 﨑 stand in the code page's vendor rows, the long ones try the letter's name box.
+// 髙 and 﨑 are in vendor rows of the code page; the long names test the width of the name box.
 constexpr Word kFamilyNames[] = {
     {"髙橋", "タカハシ"},
     {"﨑山", "サキヤマ"},

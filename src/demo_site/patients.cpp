@@ -8,7 +8,7 @@ namespace inin::site {
 
 namespace {
 
-/// iKyotenCd, iKyotenEb and nIDNo open the table and are never NULL.
+/// iKyotenCd, iKyotenEb and nIDNo are the first columns and never NULL.
 constexpr std::size_t kKeyColumns = 3;
 
 std::vector<PatientColumn> allColumns()

@@ -8,20 +8,20 @@
 
 namespace inin::site {
 
-/// A column of RIYOUSHA and what stands in it. Columns draw their dice in table order.
+/// A column of RIYOUSHA and its value. Random values are drawn in table order.
 struct PatientColumn {
     std::string_view name;
     Cell (*value)(const Patient &patient, Dice &dice);
 };
-/// Name, home, householder, place on the map, staff, insurance numbers.
+/// Name, address, householder, place on the map, staff, insurance numbers.
 [[nodiscard]] std::span<const PatientColumn> personColumns();
-/// Illness, treatment, consents, certifier and applicant, bank, the later columns.
+/// Illness, treatment, consents, certifier and applicant, bank, later columns.
 [[nodiscard]] std::span<const PatientColumn> careColumns();
 
 /// Fills RIYOUSHA and RIYOUSHA_SUB.
 void writePatients(RowTarget &database, const SiteOrder &order);
 
-// Makers that several columns share.
+// Value makers that several columns share.
 template <int Low, int High> Cell number(const Patient &, Dice &dice)
 {
     return std::int64_t{dice.between(Low, High)};
@@ -42,7 +42,7 @@ inline Cell postalCode(const Patient &, Dice &dice)
 {
     return "000-" + makeDigits(dice, 4);
 }
-/// A day between so many days after the start of the treatment.
+/// A day in this range of days after the start of the treatment.
 template <int Low, int High> Cell dayAfterStart(const Patient &patient, Dice &dice)
 {
     return isoText(patient.start + std::chrono::days{dice.between(Low, High)});

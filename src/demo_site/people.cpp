@@ -17,7 +17,7 @@ constexpr const char *kLongAddress =
     "香川県高松市木漏日台十丁目三百四十五番地の六十七、特別養護老人ホーム併設ケア付き高齢者向け住宅"
     "「瀬戸内の夕凪と白鷺の見える丘」西館別棟二号棟十階一千二十三号室（旧称ひだまりの里第二分館三階東側角部屋）";
 
-/// From this age on a patient is insured by a late-stage union.
+/// From this age on a patient is insured under the late-stage scheme.
 constexpr int kLateStageAge = 75;
 
 PersonName nameOf(const Word &family, const Word &given)
@@ -49,7 +49,7 @@ const Insurer &insurerOf(const Home &home, int age, Dice &dice)
     return nationalInsurers()[city];
 }
 
-/// A third each ended a year ago, in the month before, in the month itself.
+/// One third each ended a year ago, in the previous month and in the current month.
 std::optional<Day> expireDay(const SiteOrder &order, std::int64_t number, Dice &dice)
 {
     const unsigned day = static_cast<unsigned>(dice.between(10, 28));

@@ -11,19 +11,19 @@
 
 namespace inin::site {
 
-/// What `make` was asked for; the same order gives the same rows.
+/// The options of `make`; the same order gives the same rows.
 struct SiteOrder {
     std::int64_t patients = 300;
     std::uint64_t seed = 1;
     YearMonth month;
-    std::int64_t staff = 0; ///< of the branch, the blank row not counted; 0: as many as so many patients need
+    std::int64_t staff = 0; ///< of the branch, without the blank row; 0: derived from the number of patients
 };
 
-/// The branch of a demo site, as "BASEID" names it.
+/// The branch of a demo site, as in "BASEID".
 inline constexpr std::int64_t kBranchCode = 1;
 inline constexpr std::int64_t kBranchSubCode = 1;
 
-/// Which rows throw which dice.
+/// Selects the random generator of a row.
 enum class Kind : std::uint64_t { patient = 1, patientColumns, staff, visits, company };
 [[nodiscard]] inline Dice diceFor(const SiteOrder &order, Kind kind, std::int64_t row)
 {
@@ -38,7 +38,7 @@ struct PersonName {
 struct Home {
     std::string postalCode;
     std::string address1;
-    std::string address2; ///< a house and room, mostly empty
+    std::string address2; ///< building and room, usually empty
     std::string kana;
     std::string telephone;
     const City *city = nullptr;
@@ -46,11 +46,11 @@ struct Home {
 
 [[nodiscard]] PersonName makeName(Dice &dice, bool isFemale);
 [[nodiscard]] Home makeHome(Dice &dice);
-/// 000-0000-xxxx: a form that no telephone number has.
+/// 000-0000-xxxx: not a valid telephone number.
 [[nodiscard]] std::string makeTelephone(Dice &dice);
 [[nodiscard]] std::string makeDigits(Dice &dice, int count);
 
-/// A patient before he is spread over the columns of his row.
+/// A patient before being split into columns.
 struct Patient {
     std::int64_t number = 0;
     bool isFemale = false;
@@ -60,15 +60,15 @@ struct Patient {
     PersonName householder;
     bool isOwnHouseholder = true;
     const Insurer *insurer = nullptr;
-    std::array<std::int64_t, 3> staff{}; ///< the first is the main one
-    std::int64_t agent = 0;              ///< nIDNo of CORP; may point nowhere
+    std::array<std::int64_t, 3> staff{}; ///< the first is in charge
+    std::int64_t agent = 0;              ///< nIDNo of CORP; may refer to a missing row
     Day start;
     std::optional<Day> expire;
     bool isAcupuncture = false;
-    std::uint8_t weekdays = 0; ///< bit 1 is Monday, bit 6 is Saturday: the days of his visits
+    std::uint8_t weekdays = 0; ///< visiting days: bit 1 is Monday, bit 6 is Saturday
 };
 
-/// Everything follows from the order and the number.
+/// Derived only from the order and the number.
 [[nodiscard]] Patient makePatient(const SiteOrder &order, std::int64_t number);
 [[nodiscard]] std::int64_t staffCount(const SiteOrder &order);
 

@@ -13,7 +13,7 @@ template <int Place> Cell staffAt(const Patient &patient, Dice &)
     return patient.staff[Place];
 }
 
-/// The house where most patients have their own household, another one where they do not.
+/// The patient's own address if he is the householder, as most are, else a different one.
 template <std::string Home::*Field> Cell householderHome(const Patient &patient, Dice &dice)
 {
     const Home other = makeHome(dice);

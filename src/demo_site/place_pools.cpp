@@ -4,7 +4,7 @@ namespace inin::site {
 
 namespace {
 
-// `insurer` is the city's place in kNationalInsurers.
+// `insurer` is the index of the city in kNationalInsurers.
 constexpr City kCities[] = {
     {"香川県高松市", "カガワケンタカマツシ", 0},     {"香川県丸亀市", "カガワケンマルガメシ", 1},
     {"香川県坂出市", "カガワケンサカイデシ", 2},     {"香川県さぬき市", "カガワケンサヌキシ", 3},

@@ -6,8 +6,8 @@
 
 namespace inin::site {
 
-// What the demo data is put together from. People, towns, firms and numbers are made up; cities and prefectures are
-// real ones, because the letters sort by them.
+// Word lists for the demo data. Persons, towns, firms and numbers are invented; cities and prefectures are real,
+// because the letters are sorted by them.
 
 struct Word {
     std::string_view kanji;
@@ -19,16 +19,16 @@ struct Word {
 [[nodiscard]] std::span<const Word> maleNames();
 
 struct City {
-    std::string_view name; ///< with its prefecture
+    std::string_view name; ///< including its prefecture
     std::string_view kana;
-    std::int64_t insurer; ///< number of its national health insurance
+    std::int64_t insurer; ///< number of its national health insurer
 };
 [[nodiscard]] std::span<const City> cities();
-/// Towns that stand on no map.
+/// Invented towns.
 [[nodiscard]] std::span<const Word> towns();
 [[nodiscard]] std::span<const Word> houses();
 
-/// Kinds of insurance, as the table HOKEN numbers them.
+/// Kinds of insurance with their numbers in the table HOKEN.
 namespace hoken {
 inline constexpr std::int64_t national = 1;
 inline constexpr std::int64_t association = 2;
@@ -38,7 +38,7 @@ inline constexpr std::int64_t lateStage = 5;
 struct Insurer {
     std::string_view number; ///< cIDno
     std::string_view name;
-    std::string_view district; ///< empty: none, NULL in the database
+    std::string_view district; ///< empty: NULL in the database
     std::int64_t kind;
 };
 [[nodiscard]] std::span<const Insurer> nationalInsurers();

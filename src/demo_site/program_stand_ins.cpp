@@ -9,8 +9,8 @@ namespace inin::site {
 
 namespace {
 
-/// Where a form tool's stand-in reads which viewer to start. A link would need a right that few users have, and a copy the
-/// viewer's libraries beside it.
+/// The substitute of a form tool reads the viewer's path from this file. Few users may create links, and a copy would
+/// need the viewer's libraries beside it.
 constexpr std::string_view kViewerNote = "formviewer.path";
 
 } // namespace

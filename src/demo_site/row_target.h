@@ -16,7 +16,7 @@ struct Blob {
 using Cell = std::variant<std::monostate, std::int64_t, std::string, Blob>;
 inline constexpr std::monostate kNull{};
 
-/// Takes the rows of one table in the order in which they come. Failures are RuntimeErrors.
+/// Receives the rows of one table in order. Failures raise RuntimeError.
 class RowSink {
 public:
     RowSink() = default;
@@ -26,18 +26,18 @@ public:
     virtual void row(std::span<const Cell> cells) = 0;
 };
 
-/// Where the rows of a demo go: a new database file, or a database of a server.
+/// The destination of the demo's rows: a new database file or a server's database.
 class RowTarget {
 public:
     RowTarget() = default;
     RowTarget(const RowTarget &) = delete;
     RowTarget &operator=(const RowTarget &) = delete;
     virtual ~RowTarget() = default;
-    /// Rows with these columns of a table; the sink lives as long as the target.
+    /// Returns the sink for rows with these columns of a table; it lives as long as the target.
     virtual RowSink &into(std::string_view table, std::span<const std::string_view> columns) = 0;
 };
 
-/// An INSERT into some columns of a table, again and again.
+/// A repeated INSERT into some columns of a table.
 class Insert {
 public:
     Insert(RowTarget &target, std::string_view table, std::span<const std::string_view> columns)

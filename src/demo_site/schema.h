@@ -13,7 +13,7 @@ struct TableColumns {
     std::string name;
     std::vector<SchemaColumn> columns;
 };
-/// The tables that the program names with the columns that it names, in the schema's order.
+/// The tables and columns that the program uses, in the order of the schema.
 [[nodiscard]] std::vector<TableColumns> schemaTables();
 
 } // namespace inin::site

@@ -26,11 +26,11 @@ void writeStandIn(const fs::path &path, std::string_view text)
     }
 }
 
-/// The form viewer under a tool's name, or the stand-in where it was not built.
+/// Writes the form viewer under a tool's name, or a substitute if the viewer was not built.
 void writeFormTool(const fs::path &path, const fs::path &formViewer)
 {
     std::error_code error;
-    // Writing through the link of an earlier make would overwrite the viewer itself.
+    // Writing through a link of an earlier run would overwrite the viewer itself.
     fs::remove(path, error);
     if (!formViewer.empty()) {
         fs::create_symlink(formViewer, path, error);

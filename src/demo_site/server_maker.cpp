@@ -23,12 +23,12 @@ try {
     rows->Close();
     return true;
 } catch (const RuntimeError &error) {
-    // Another fault than a missing table must not be taken for leave to write.
+    // Only a missing table permits writing; pass any other error on.
     if (error.number() != ado_error::noSuchTable) throw;
     return false;
 }
 
-/// This table marks a database whose tables `make` has made. Only such a database may lose them to another make.
+/// This table marks a database whose tables were made by `make`. Only these may be replaced by another run.
 constexpr std::string_view kMarkTable = "ININ_SITE_DEMO";
 
 std::vector<std::string> presentTables(Database &database, Connection &connection)
@@ -77,8 +77,7 @@ void writeRows(Connection &connection, const ServerDialect &dialect, const SiteO
     target.finish();
 }
 
-/// All of it or nothing, where the server can take back what it did to tables: a make that breaks off then leaves the
-/// database as it was.
+/// Runs the work in one transaction, if the server can roll back table changes: an aborted run then changes nothing.
 template <class Work> void inTransaction(Connection &connection, const Work &work)
 {
     connection.BeginTrans();
@@ -88,7 +87,7 @@ template <class Work> void inTransaction(Connection &connection, const Work &wor
         try {
             connection.RollbackTrans();
         } catch (const RuntimeError &) {
-            // The connection is lost, which ends the transaction too. The first failure is the one to report.
+            // The connection is lost, which also ends the transaction. Report the first failure.
         }
         throw;
     }
@@ -111,7 +110,7 @@ void makeServerTables(Database &database, Connection &connection, const ServerDi
 void makeServerDatabase(Database &database, Connection &connection, const ServerDialect &dialect,
                         const SiteOrder &order, Overwrite overwrite)
 {
-    // Asked before the transaction begins: some servers end it at a statement that names a missing table.
+    // Query before the transaction begins: some servers end it at a statement that names a missing table.
     std::vector<std::string> present = presentTables(database, connection);
     const std::string mark(kMarkTable);
     const bool isMarked = isThere(database, connection, mark);

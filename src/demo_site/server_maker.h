@@ -9,26 +9,26 @@
 
 namespace inin::site {
 
-/// What differs between servers; a SQL Server unless said otherwise.
+/// Differences between servers; the defaults are SQL Server's.
 struct ServerDialect {
-    std::string_view schema; ///< the script of tables and indexes
+    std::string_view schema; ///< the script that creates tables and indexes
     BinaryLiteral binary;
 };
 [[nodiscard]] ServerDialect sqlServerDialect();
 
-/// Makes the demo's tables with their rows, and a table that marks them as the demo's, in the database that a connection
-/// string opens. Where one of the tables exists already nothing is written. Only with `anyFolder` and in a database with
-/// the mark are the old ones replaced. All of it is one transaction, also the tables where the server can take those
-/// back. Failures are RuntimeErrors.
+/// Creates the demo's tables, their rows and a marker table in the database of a connection string. If one of the
+/// tables exists, nothing is written, unless `anyFolder` is set and the database contains the marker table: then the
+/// old tables are replaced. All of this is one transaction, including the tables if the server can roll them back.
+/// Failures raise RuntimeError.
 void makeServerDatabase(const std::string &connectionString, const SiteOrder &order, Overwrite overwrite);
 void makeServerDatabase(Database &database, Connection &connection, const ServerDialect &dialect,
                         const SiteOrder &order, Overwrite overwrite);
 
-/// The tables alone, without rows, indexes and mark, in a scratch database: old ones of the same names are dropped, marked
-/// or not.
+/// Creates only the tables, without rows, indexes and marker, in a scratch database. Existing tables of the same names
+/// are dropped, with or without a marker.
 void makeServerTables(Database &database, Connection &connection, const ServerDialect &dialect);
 
-/// "adodb.ini" with a connection string, as bytes. Error 5 for a string of more bytes than the suite reads.
+/// The bytes of "adodb.ini" for a connection string. Error 5 if it is longer than the suite can read.
 [[nodiscard]] std::string connectionFile(const std::string &connectionString);
 
 } // namespace inin::site

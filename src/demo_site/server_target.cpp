@@ -9,9 +9,9 @@ namespace inin::site {
 
 namespace {
 
-/// The server takes no more rows in one statement.
+/// The server's limit of rows in one statement.
 constexpr std::size_t kMostRows = 1000;
-/// Beyond this a larger statement saves nothing.
+/// A longer statement is no faster.
 constexpr std::size_t kMostBytes = 200000;
 
 std::string textLiteral(std::string_view text)
@@ -24,7 +24,7 @@ std::string textLiteral(std::string_view text)
     return literal + "'";
 }
 
-/// "2024-06-28 10:30:15" as "20240628 10:30:15": with hyphens some languages of the server would swap month and day.
+/// "2024-06-28 10:30:15" as "20240628 10:30:15": with hyphens some server languages would swap month and day.
 std::string dateLiteral(std::string_view iso)
 {
     std::string text;

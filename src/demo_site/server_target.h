@@ -11,14 +11,14 @@
 
 namespace inin::site {
 
-/// How a server writes a binary value.
+/// The server's syntax for a binary value.
 struct BinaryLiteral {
     std::string_view start = "0x";
     std::string_view end;
 };
 
-/// The tables of a server's database. Rows go in batches, many to a statement; what has not gone yet goes by finish().
-/// Texts and dates are written so that no setting of the server's language changes them.
+/// Fills the tables of a server's database in batches of many rows per statement; finish() writes the rest. Texts and
+/// dates are written independent of the server's language setting.
 class ServerTarget : public RowTarget {
 public:
     explicit ServerTarget(Connection &connection, BinaryLiteral binary = {});
@@ -34,7 +34,7 @@ private:
     std::vector<std::unique_ptr<Batch>> m_batches;
 };
 
-/// The statements of a script one by one, without its comments.
+/// Splits a script into statements and removes its comments.
 [[nodiscard]] std::vector<std::string> statementsOf(std::string_view script);
 
 } // namespace inin::site

@@ -45,7 +45,7 @@ constexpr Form kForms[] = {
     {"委任状37_高松市.wfd", takamatsuForm},
 };
 
-/// The suite's text files: code page 932, CR LF.
+/// Text files of the suite: code page 932, CR LF.
 void writeSuiteText(const fs::path &path, std::string_view text)
 {
     std::string lines;
@@ -93,7 +93,7 @@ void writeFile(const fs::path &path, std::string_view bytes)
 void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::path &formViewer)
 {
     makeFolder(folder);
-    writeFile(folder / kMarkerFile, markerText(order)); // first, so that a make that broke off can be made again
+    writeFile(folder / kMarkerFile, markerText(order)); // first, so that an aborted run can be repeated
     for (const std::string_view name : kFolders) makeFolder(folder / name);
     writeSuiteText(folder / "Massage.ini", kSettings);
     createForOwner(textOf(folder / "adodb.ini")); // a connection string may hold a password

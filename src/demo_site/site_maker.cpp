@@ -28,7 +28,7 @@ void refuseForeignFolder(const fs::path &folder)
 void makeAndRename(const fs::path &unfinished, const fs::path &target, const SiteOrder &order)
 {
     std::error_code error;
-    fs::remove(unfinished, error); // what a make left that was killed
+    fs::remove(unfinished, error); // left by a run that was killed
     makeDatabase(textOf(unfinished), order);
     const fs::file_status old = fs::status(target, error);
     if (fs::is_regular_file(old)) fs::permissions(unfinished, old.permissions(), error);
@@ -38,8 +38,8 @@ void makeAndRename(const fs::path &unfinished, const fs::path &target, const Sit
                        fmt::format("データベース「{}」を置き換えられません。", textOf(target)));
 }
 
-/// Gives the database its name when it is complete: a make that fails leaves the old one and nothing beside it. One that is
-/// killed leaves the unfinished file, which the next make removes.
+/// The database gets its name when it is complete: a failing run keeps the old one and leaves nothing else. A killed
+/// run leaves the unfinished file, which the next run removes.
 void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 {
     const fs::path target = folder / kDatabaseFile;
@@ -49,7 +49,7 @@ void replaceDatabase(const fs::path &folder, const SiteOrder &order)
         makeAndRename(unfinished, target, order);
     } catch (const RuntimeError &) {
         std::error_code error;
-        fs::remove(unfinished, error); // the failure is the one to tell
+        fs::remove(unfinished, error); // report the original failure
         throw;
     }
 }

@@ -8,9 +8,9 @@ namespace inin::site {
 
 enum class Overwrite { onlyOwnFolder, anyFolder };
 
-/// Makes a demo site in a new or empty folder, or anew in one that this tool has made. Another folder that is not empty
-/// is refused unless `anyFolder` is given; files that `make` does not write stay there. Failures are RuntimeErrors.
-/// `formViewer` is the program that the form tools' names lead to; without one they are stand-ins.
+/// Makes a demo site in a new or empty folder, or again in one that this tool made. Any other folder is refused unless
+/// `anyFolder` is set; files that `make` does not write are kept there. `formViewer` is the program to start under the
+/// form tools' names; without one they are substitutes. Failures raise RuntimeError.
 void makeSite(const std::filesystem::path &folder, const SiteOrder &order, Overwrite overwrite,
               const std::filesystem::path &formViewer = {});
 

@@ -24,7 +24,7 @@ int sizeOf(const std::string &text)
     return static_cast<int>(text.size());
 }
 
-/// Binds without a copy: the row's cells live until the step.
+/// Binds text without copying it: the row's cells outlive the step.
 struct Binder {
     sqlite3_stmt *statement;
     int position;
@@ -75,7 +75,7 @@ SqliteWriter::SqliteWriter(const std::string &path)
 {
     sqlite3 *database = nullptr;
     const char *const calls = sqlite::databaseFileCalls();
-    // Those of Windows take a deep path with its prefix only; elsewhere a path is a path, backslashes and all.
+    // The Windows calls need the prefix for a deep path; elsewhere use the path unchanged, including backslashes.
     const std::string file = calls == nullptr ? path : systemPath(path);
     const int result = sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, calls);
     m_database.reset(database);

@@ -21,7 +21,7 @@ struct FinalizeStatement {
 };
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// The database file that a demo site gets. Failures are RuntimeErrors with the library's own words.
+/// The database file of a demo site. Failures raise RuntimeError with the library's own text.
 class SqliteWriter : public RowTarget {
 public:
     explicit SqliteWriter(const std::string &path);
@@ -33,7 +33,7 @@ public:
 
 private:
     std::unique_ptr<sqlite3, CloseDatabase> m_database;
-    std::vector<std::unique_ptr<RowSink>> m_sinks; ///< prepared statements, gone before the database
+    std::vector<std::unique_ptr<RowSink>> m_sinks; ///< prepared statements, destroyed before the database
 };
 
 } // namespace inin::site

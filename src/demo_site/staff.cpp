@@ -48,7 +48,7 @@ template <int Low, int High> Cell dayAfterEntry(const Employee &employee, Dice &
     return isoText(employee.entered + std::chrono::days{dice.between(Low, High)});
 }
 
-/// One in five has stopped; NULL counts as active.
+/// One in five is inactive; NULL counts as active.
 Cell stoppedFlag(const Employee &employee, Dice &)
 {
     if (employee.number % 7 == 3) return kNull;
@@ -135,7 +135,7 @@ constexpr StaffColumn kColumns[] = {
     {"iKanriSekininFlg", number<0, 1>},
 };
 
-/// Keys, name, kana and flag open the table: they keep their values, so that the pick lists read well.
+/// The first columns (keys, name, kana, flag) keep their values, so that the pick lists are readable.
 constexpr std::size_t kKept = 6;
 
 Employee makeEmployee(const SiteOrder &order, std::int64_t subCode, std::int64_t number, Dice &dice)
@@ -150,7 +150,7 @@ Employee makeEmployee(const SiteOrder &order, std::int64_t subCode, std::int64_t
     return employee;
 }
 
-/// Row and column meet on a diagonal of twelve, as many people as the smallest site has.
+/// A diagonal of twelve rows and columns, the staff count of the smallest site.
 bool isNullHere(std::int64_t number, std::size_t column)
 {
     constexpr std::int64_t kDiagonal = 12;
@@ -167,7 +167,7 @@ void writeEmployee(Insert &insert, const Employee &employee, Dice &dice)
     insert.row(row);
 }
 
-/// Someone whose row was begun and never filled in; stopped, so that the lists do not show an empty line.
+/// A row that was created but never filled in; inactive, so that the lists show no empty line.
 void writeBlankEmployee(Insert &insert, std::int64_t number)
 {
     std::vector<Cell> row(std::size(kColumns), kNull);

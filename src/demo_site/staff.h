@@ -5,9 +5,9 @@
 
 namespace inin::site {
 
-/// Fills STAFF: active and stopped people of the branch, and two of another branch under the same numbers.
+/// Fills STAFF: active and inactive staff of the branch, and two of another branch with the same numbers.
 void writeStaff(RowTarget &database, const SiteOrder &order);
-/// Fills SOUDAN_TANTOU: consultations with one to three people in charge each.
+/// Fills SOUDAN_TANTOU: consultations, each with one to three members of staff in charge.
 void writeConsultations(RowTarget &database, const SiteOrder &order);
 
 } // namespace inin::site

@@ -4,7 +4,7 @@
 
 namespace inin::site {
 
-// The names by which a run starts the suite's menu program and the form tools.
+// The names under which a print run starts the suite's menu program and the form tools.
 inline constexpr std::string_view kMenu = "Main.exe";
 inline constexpr std::string_view kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
 

@@ -4,11 +4,11 @@
 
 namespace inin::site {
 
-/// Puts into a site's folder what a run starts: the stand-in of the menu program, and under the names of the three form
-/// tools the form viewer, or a stand-in where `formViewer` is empty. A failure is a RuntimeError with a sentence.
+/// Writes the programs that a print run starts to a site's folder: a substitute of the menu program, and as the three
+/// form tools the form viewer, or substitutes if `formViewer` is empty. Raises RuntimeError with a sentence on failure.
 void writeStandIns(const std::filesystem::path &folder, const std::filesystem::path &formViewer);
 
-/// What the form viewer's file is called on this system.
+/// The file name of the form viewer on this system.
 [[nodiscard]] std::filesystem::path formViewerName();
 
 } // namespace inin::site

@@ -27,7 +27,7 @@ bool isVisitDay(const Patient &patient, Day day)
     return (patient.weekdays >> std::chrono::weekday{day}.c_encoding() & 1U) != 0;
 }
 
-/// One visit in twenty is called off; one in ten is made by the second member of staff, planned or not.
+/// One visit in twenty is cancelled; one in ten is made by the second member of staff, planned or actual.
 void writeVisit(Visits &visits, const Patient &patient, Day day, Dice &dice)
 {
     const std::int64_t staff = patient.staff[dice.oneIn(10) ? 1 : 0];
@@ -39,7 +39,7 @@ void writeVisit(Visits &visits, const Patient &patient, Day day, Dice &dice)
     visits.actual.row({kBranchCode, kBranchSubCode, patient.number, substitute, isoText(day, minute)});
 }
 
-/// The last day is planned twice, and two actual visits share the latest moment: either brings a second letter.
+/// The last day is planned twice, and two actual visits share the latest time: each case produces a second letter.
 void writeSecondVisit(Visits &visits, const Patient &patient, Day day)
 {
     constexpr int kEvening = 19 * 60;
@@ -61,7 +61,7 @@ void writeMonth(Visits &visits, const Patient &patient, YearMonth month, Dice &d
     if (last && kTwiceADay.has(patient.number)) writeSecondVisit(visits, patient, *last);
 }
 
-/// Visits that were begun and never filled in: each column but the branch is NULL once.
+/// Visits that were created but never filled in: each column except the branch is NULL once.
 void writeUnfinishedVisits(Visits &visits, YearMonth month)
 {
     const Day day = dayOfMonth(month, 15);

@@ -5,7 +5,7 @@
 
 namespace inin::site {
 
-/// Fills SCHEDULE and JISSEKI for the month before, the month and the month after.
+/// Fills SCHEDULE and JISSEKI for the previous, the given and the next month.
 void writeVisits(RowTarget &database, const SiteOrder &order);
 
 } // namespace inin::site

@@ -7,7 +7,7 @@ namespace inin::site {
 
 namespace {
 
-// The window stretches the picture over itself, so a small one will do. The width keeps rows a multiple of 4 bytes.
+// The window stretches the picture, so it can be small. With this width rows are multiples of 4 bytes.
 constexpr int kWidth = 192;
 constexpr int kHeight = 120;
 constexpr int kHeaderSize = 54;
@@ -17,7 +17,7 @@ struct Colour {
     int red, green, blue;
 };
 struct Stop {
-    int row; ///< from the bottom, where a bitmap begins
+    int row; ///< from the bottom, where a bitmap starts
     Colour colour;
 };
 constexpr std::array<Stop, 4> kStops{{
@@ -32,7 +32,7 @@ void little(std::string &bytes, std::uint32_t value, int count)
     for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
 }
 
-/// File header and information header of a bitmap without a palette.
+/// The file header and the information header of a bitmap without a palette.
 std::string header()
 {
     std::string bytes = "BM";
@@ -43,10 +43,10 @@ std::string header()
     little(bytes, kWidth, 4);
     little(bytes, kHeight, 4);
     little(bytes, 1, 2);  // planes
-    little(bytes, 24, 2); // bits of a pixel
+    little(bytes, 24, 2); // bits per pixel
     little(bytes, 0, 4);  // uncompressed
     little(bytes, kPixelBytes, 4);
-    little(bytes, 2835, 4); // pixels of a metre, 72 dpi
+    little(bytes, 2835, 4); // pixels per metre, 72 dpi
     little(bytes, 2835, 4);
     little(bytes, 0, 4);
     little(bytes, 0, 4);

@@ -13,7 +13,7 @@ constexpr const char *kProgramId = "wfrfv.Document.1";
 constexpr std::int16_t kGood = 0;
 constexpr std::int16_t kBad = -1;
 
-// The tool's own numbers.
+// Numbers defined by the form tool.
 constexpr std::int16_t kWithTitleRow = 0;
 constexpr std::int16_t kWithoutTitleRow = 1;
 constexpr std::int16_t kDocumentWindow = 4;

@@ -20,10 +20,11 @@ constexpr const char *kViewer = "wfrfv10.exe";
 constexpr const char *kMerger = "wfrimg10.exe";
 constexpr const char *kScript = "WfdCom.dat";
 constexpr const char *kMergedForm = "tmp.wfd";
-/// Fixed text: the preview window finds the script by the current folder, whatever the settings name.
+/// Fixed text: the preview window finds the script relative to the current folder, whatever SYSTEM_TMP is. A site must
+/// keep SYSTEM_TMP at "TMP" below the application folder, or the window shows an older script or none.
 constexpr const char *kPreviewWindowCommand = "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat";
 
-/// The status of a setter: a failure leaves its words in sErrMsg and shows nothing.
+/// The status of a setter: a failure sets sErrMsg and shows nothing.
 template <class Body> std::int16_t status(std::string &sErrMsg, Body &&body)
 try {
     body();
@@ -86,7 +87,7 @@ std::int16_t cls_WfdPrintExe::iSetItemValue(const std::string &csRepNm, const st
                                             const std::string &csItemNm, const std::string &csValue)
 {
     return status(sErrMsg, [&] {
-        // The count is a 16-bit number: one more than it holds is an overflow, and the item is not kept.
+        // The count is a 16-bit number: one item too many is an overflow, and the item is not kept.
         static_cast<void>(narrow(static_cast<std::int32_t>(m_report.items.size()) + 1));
         m_report.items.push_back({csRepNm, csSecNm, csItemNm, csValue});
     });
@@ -137,7 +138,7 @@ Variant cls_WfdPrintExe::iPreview(std::int16_t iPaper)
 
 Variant cls_WfdPrintExe::iPreviewData()
 {
-    // The script stays for whoever wants it; its failure was shown and stands in sErrMsg.
+    // Only the script is wanted; a failure has shown its box and set sErrMsg.
     static_cast<void>(iMakeComFile(kExeShow, kDefaultPaper));
     return {};
 }
@@ -184,7 +185,7 @@ Variant cls_WfdPrintExe::mergeAndPrint(std::int16_t wfNum, const std::string &cs
         result = std::int16_t{0};
         processes.start(fmt::format("{} {}{} /c {}", kMerger, m_tmpDir, kMergedForm, scriptPath()),
                         WindowStyle::minimizedFocus);
-        // Nothing waits here: the merger must have read its script before it is overwritten. The suite keeps it so.
+        // Deliberately no wait, as in the whole suite: the merger must have read its script before it is overwritten.
         writeMergedPrintScript(csTitle);
         processes.start(viewerCommand(), WindowStyle::minimizedFocus);
     } catch (const RuntimeError &error) {

@@ -10,8 +10,8 @@
 
 namespace inin {
 
-/// The bridge to the outside form tools: collects what one report needs, writes the command script "WfdCom.dat" into
-/// the temporary folder and starts a tool with it. Nothing comes back from the tool. One object serves one report.
+/// The bridge to the external form tools: collects the data of one report, writes the command script "WfdCom.dat" into
+/// the temporary folder and starts a tool with it. The tool returns no result. One object serves one report.
 class cls_WfdPrintExe {
 public:
     explicit cls_WfdPrintExe(App &app) : m_app(app) {}
@@ -19,12 +19,12 @@ public:
     /// "(" number ")" description of the last failure.
     std::string sErrMsg;
 
-    /// Sets form path and title and resets the numeric settings and the items; an empty title leaves the old one.
+    /// Sets form path and title and resets the numeric settings and the items; an empty title keeps the old one.
     [[nodiscard]] std::int16_t iInit(const std::string &csWfdFnm, const std::string &csTitle = {});
-    /// Data source 1 to 5 from a CSV with a title row, by its bare name in the temporary folder.
+    /// Data source 1 to 5 from a CSV with a title row, named by its file name in the temporary folder.
     [[nodiscard]] std::int16_t iSetDataText(std::int16_t iDataNo, const std::string &csDataName,
                                             const std::string &csCsvPath);
-    /// Data source 1 to 5 from a CSV without a title row, by its whole path.
+    /// Data source 1 to 5 from a CSV without a title row, named by its full path.
     [[nodiscard]] std::int16_t iSetDataTextNoTitle(std::int16_t iDataNo, const std::string &csDataName,
                                                    const std::string &csCsvPath);
     [[nodiscard]] std::int16_t iSetOffset(std::int32_t nOstX, std::int32_t nOstY);
@@ -33,23 +33,23 @@ public:
                                              const std::string &csItemNm, const std::string &csValue);
     [[nodiscard]] std::int16_t iSetRepeatStart(std::int16_t iStartPos);
 
-    // The output operations give back an Empty whatever happens; only sErrMsg tells a failure.
+    // The output operations always return Empty; a failure is visible only in sErrMsg.
     Variant iPreview(std::int16_t iPaper = 0);
     Variant iPreviewData();
     Variant iPreviewActX();
     Variant iPrintBk();
     Variant iPrintDialog(std::int16_t iPaper = 0);
 
-    /// An array of the caller with its own lower bound; an index outside it is error 9.
+    /// An array of the caller with a lower bound of its own; an index outside it is error 9.
     template <class T> struct Array {
         std::int32_t lowerBound = 1;
         std::vector<T> elements;
         [[nodiscard]] const T &operator()(std::int32_t index) const;
     };
-    /// Merges `wfNum` reports into one form and prints it. Gives back 1 until the first script is closed, 0 after.
+    /// Merges `wfNum` reports into one form and prints it. Returns 1 until the first script is closed, 0 afterwards.
     Variant addPrint(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
                      const Array<std::string> &csWfdFnm, const std::string &csTitle);
-    /// As addPrint, with a second data source for the reports whose `iAddCSVFlg` is 1.
+    /// Like addPrint, with a second data source for the reports whose `iAddCSVFlg` is 1.
     Variant addPrint_addCSV(std::int16_t wfNum, const std::string &csDataName, const Array<std::string> &csCsvPath,
                             const std::string &csDataName2, const Array<std::string> &csCsvPath2,
                             const Array<std::string> &csWfdFnm, const Array<std::int16_t> &iAddCSVFlg,

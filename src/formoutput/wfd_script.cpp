@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::int16_t kRepeatLine = -1;
 
-/// The numeric settings, in their order in the script; a setting at rest writes no line.
+/// The numeric settings, in their order in the script; a setting at its default writes no line.
 struct NumberLine {
     const char *command;
     std::int32_t (*value)(const WfdReport &);
@@ -28,7 +28,7 @@ constexpr NumberLine kNumberLines[] = {
      [](std::int32_t n) { return n > 0; }},
 };
 
-/// A line chosen by a kind; any kind that the table lacks takes the last row.
+/// A line chosen by a kind; a kind that the table lacks selects the last row.
 struct KindLine {
     std::int16_t kind;
     const char *line;
@@ -50,7 +50,7 @@ std::string dataLine(const WfdReport::DataEntry &entry)
 
 std::string itemLine(const WfdReport::ItemValue &item)
 {
-    // The test sees the trimmed section, the line its blanks.
+    // Trim for the test only; write the section untrimmed.
     const std::string section = trim(item.section).empty() ? std::string() : "." + item.section;
     return fmt::format("SetItemValue,\"{}{}.{}\",\"{}\"", item.report, section, item.item, item.value);
 }
@@ -76,7 +76,7 @@ std::vector<std::string> scriptLines(const WfdReport &report, std::int16_t iExeT
     for (const NumberLine &rule : kNumberLines)
         if (const std::int32_t value = rule.value(report); rule.isDue(value))
             lines.push_back(fmt::format("{}, {}", rule.command, value));
-    // Paper -1 chooses no text: the line just written goes out a second time. The suite keeps it so.
+    // Deliberate: paper -1 selects no paper line, so the previous line is written a second time.
     lines.push_back(iPaper == kRepeatLine ? lines.back() : lineOf(kPaperLines, iPaper));
     for (const WfdReport::ItemValue &item : report.items) lines.push_back(itemLine(item));
     lines.push_back(endLine(iExeType));

@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// What one report hands to the form tools.
+/// The data of one report for the form tools.
 struct WfdReport {
     struct DataEntry {
         std::string name;
@@ -27,18 +27,18 @@ struct WfdReport {
     std::vector<ItemValue> items;
 };
 
-// What the form tool does with a script: any other number shows.
+// Action of the form tool on a script; any other number shows the form.
 inline constexpr std::int16_t kExeShow = 0;
 inline constexpr std::int16_t kExePrint = 1;
 inline constexpr std::int16_t kExePrintByDialog = 2;
 
 inline constexpr std::int16_t kDefaultPaper = 0;
 
-/// The lines of a report's script. Paper 1 is A5, 2 is B5, -1 repeats the line before, any other is A4.
+/// The lines of a report's script. Paper 1 is A5, 2 is B5, -1 repeats the previous line, any other is A4.
 [[nodiscard]] std::vector<std::string> scriptLines(const WfdReport &report, std::int16_t iExeType, std::int16_t iPaper);
 /// The script's last line.
 [[nodiscard]] std::string endLine(std::int16_t iExeType);
-/// The merger's form of a data source: separator, quote character and the no-title flag are told.
+/// A data source in the merger's syntax, which names separator, quote character and no-title flag explicitly.
 [[nodiscard]] std::string mergeDataLine(const std::string &name, const std::string &path);
 
 } // namespace inin

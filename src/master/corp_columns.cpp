@@ -9,7 +9,7 @@ using enum ValueFrom;
 using enum SelectForm;
 
 constexpr CorpColumn kCorpColumns[] = {
-    // column, property, written as; named by the read, by the grid, by the conditioned grid
+    // column, property, notation; named by the read, by the grid, by the conditioned grid
     {{"iKyotenCd", {}, quoted, siteCode, OnUpdate::kept}, none, none, none},
     {{"iKyotenEb", {}, quoted, siteSubCode, OnUpdate::kept}, none, none, none},
     {{"cAddress1", &cD_CORP::cAddress1, quoted}, aliased, aliased, aliased},

@@ -7,10 +7,10 @@
 
 namespace inin {
 
-/// The two keys at the head of an insert have their commas behind them.
+/// In an insert the first two keys have their commas after them.
 inline constexpr TableShape kCorp{"CORP", 2};
 
-/// A column of CORP, and how the select list of each read names it.
+/// A column of CORP, and its notation in the select list of each read.
 struct CorpColumn : TableColumn<cD_CORP> {
     SelectForm read;
     SelectForm grid;
@@ -20,7 +20,7 @@ struct CorpColumn : TableColumn<cD_CORP> {
 /// The columns of CORP in the order of a write and of all select lists.
 [[nodiscard]] std::span<const CorpColumn> corpColumns();
 
-/// The select list of a read: &CorpColumn::read and its like.
+/// The select list of the read whose member is given, such as &CorpColumn::read.
 [[nodiscard]] SelectList<cD_CORP> corpSelectList(SelectForm CorpColumn::*read);
 
 } // namespace inin

@@ -8,13 +8,13 @@ namespace inin {
 
 namespace {
 
-/// Where the map component leaves its picture, seen from the current folder.
+/// The file that the map component writes its picture to, relative to the current folder.
 constexpr const char *kPictureFile = "./zenrinCGI/zenrin.gif";
-/// What a place without a picture holds: a single zero byte.
+/// The value of a column without a picture: a single zero byte.
 constexpr const char *kNoPicture = "0x00";
 constexpr std::size_t kPieceSize = 65536;
 
-/// What stands behind "でエラー" for the step of the opening that failed.
+/// The text after "でエラー" for the failed step of the start.
 const char *stepSuffix(ConnectStep step)
 {
     switch (step) {
@@ -71,7 +71,7 @@ bool CorpMap::isPictureThere() const
     return !files.isFolder(kPictureFile) && !files.directorySearch(kPictureFile).empty();
 }
 
-/// A run-time error is shown under the operation's name; its words are kept as those of every table.
+/// Shows a run-time error under the operation's name and keeps its text as every table does.
 template <class Operation> std::int16_t CorpMap::told(const std::string &name, Operation &&operation)
 {
     return m_table.trapped([&] {
@@ -86,7 +86,7 @@ template <class Operation> std::int16_t CorpMap::told(const std::string &name, O
 
 std::int16_t CorpMap::connect(const std::string &name)
 {
-    m_cADOTo = {}; // the session of the operation before ends here
+    m_cADOTo = {}; // ends the session of the previous operation
     m_cADOTo = startSession(m_app);
     if (!m_cADOTo.isConnected()) {
         headingBox(m_app, headingOf(name) + stepSuffix(m_cADOTo.step), m_cADOTo.csErrMsg);
@@ -124,20 +124,20 @@ std::int16_t CorpMap::write(const std::string &name, std::int32_t nIDNo, Stateme
 {
     return told(name, [&] {
         if (nIDNo != kMapTakeOnly && checkWriter(name) != iGood) return iBad;
-        // Only the first place is ever filled.
+        // Only the first picture is ever filled.
         const Pictures pictures{takePicture(), kNoPicture, kNoPicture};
         if (nIDNo == kMapTakeOnly) return iGood;
         if (connect(name) != iGood) return iBad;
-        // A failure leaves the transaction open: it ends with the connection.
+        // A failure leaves the transaction open; it ends with the connection.
         const std::int16_t status =
             m_table.write(statement(siteOf(m_app), nIDNo, pictures), Transaction::ownUntilDisconnect);
-        static_cast<void>(m_cADOTo.session->iDisConnect()); // the map is written or it is not
+        static_cast<void>(m_cADOTo.session->iDisConnect()); // the write has already succeeded or failed
         return status;
     });
 }
 
-/// Begins a transaction where it may be refused, and ends it again. A picture that was taken before the refusal would be
-/// lost. A database with several writers gets no statement more.
+/// Checks that the database accepts a writer, by starting and ending a transaction. Without this check a refusal would
+/// come after the picture file is deleted. A database with several concurrent writers gets no additional statement.
 std::int16_t CorpMap::checkWriter(const std::string &name)
 {
     if (!m_app.platform.database.isWriterBusy()) return iGood;
@@ -148,7 +148,7 @@ std::int16_t CorpMap::checkWriter(const std::string &name)
     return status;
 }
 
-/// The bytes of the picture's file as a binary value; an empty file is no picture. The file is gone afterwards.
+/// Reads the picture's file as a binary value and deletes the file; an empty file counts as no picture.
 std::string CorpMap::takePicture() const
 {
     if (!isPictureThere()) return kNoPicture;
@@ -169,7 +169,7 @@ CorpMapHook corpMapHook(App &app)
         if (status != iGood) sErrMsg = map->sErrMsg();
         return status;
     };
-    // The number is always the company's, not that of its row: a site has one map for it.
+    // The number is always that of the company, not of its row: a site has one map for its company.
     return {[map, withWords](std::string &sErrMsg) {
                 std::int16_t status = iBad;
                 map->iChizuSave(kMapOfCompany, status);

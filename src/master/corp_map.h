@@ -10,29 +10,29 @@
 
 namespace inin {
 
-/// Whose map it is: the company's own stands under 0, one for each site.
+/// The owner of a map: the company's own map has number 0, one per site.
 inline constexpr std::int32_t kMapOfCompany = 0;
-/// Only read the picture and delete its file; nothing goes to the database.
+/// Only read the picture and delete its file; nothing is written to the database.
 inline constexpr std::int32_t kMapTakeOnly = 99999999;
-/// The status of iChizuLoad for a map that is not there.
+/// The status of iChizuLoad if there is no such map.
 inline constexpr std::int16_t kNoSuchMap = -2;
 
-/// The map pictures of the site, written when the map component has left a picture in a file. Each operation works on a
-/// session of its own, beside the one of the company's table, and so in its own transaction. Failures of the settings,
-/// the session and the file are shown at once; the words of all stand in sErrMsg.
+/// The map pictures of the site, written when the map component has left a picture file. Each operation uses a session
+/// of its own in addition to that of the company table, and so a transaction of its own. Failures of the settings, the
+/// session and the file are shown at once; all error texts are in sErrMsg.
 class CorpMap {
 public:
     explicit CorpMap(App &app);
 
     [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
     [[nodiscard]] bool isPictureThere() const;
-    /// 0 where the row exists, kNoSuchMap where not, -1 on a failure.
+    /// 0 if the row exists, kNoSuchMap if not, -1 on a failure.
     void iChizuLoad(const std::int32_t &nIDNo, std::int16_t &iStatus);
-    /// Inserts the row, with empty values where there is no picture. 0 or -1. The file is deleted once it was read,
-    /// whether the write succeeds or not. While another session of the program is the database's only writer, the
-    /// operation fails before it reads the file.
+    /// Inserts the row, with empty values if there is no picture. 0 or -1. The file is deleted after it is read,
+    /// whether or not the write succeeds. If the database allows one writer and another session of the program is
+    /// writing, the operation fails before it reads the file.
     void iChizuSave(const std::int32_t &nIDNo, std::int16_t &iStatus);
-    /// Likewise, but replaces the picture in the row. Without a picture the statement has nothing to set and fails.
+    /// The same, but replaces the picture in the row. Without a picture the statement has an empty set list and fails.
     void iChizuUpdate(const std::int32_t &nIDNo, std::int16_t &iStatus);
 
 private:
@@ -50,7 +50,7 @@ private:
     TableSession m_table;
 };
 
-/// The map's turn in the writes of cT_CORP.
+/// The map operations that cT_CORP calls in its writes.
 [[nodiscard]] CorpMapHook corpMapHook(App &app);
 
 } // namespace inin

@@ -6,8 +6,8 @@
 
 namespace inin {
 
-/// A company: the head office, an agent or a group-claim company. -1 means no condition. The order is the suite's own.
-/// The word lookups spell the code that they are given, not the row's own; an unknown code has the empty word.
+/// A company: the head office, an agent or a group-claim company. -1 means no condition. The order is that of the
+/// suite. The word lookups use the given code, not the row's own; an unknown code gives the empty text.
 struct cD_CORP {
     std::string cHokenTourokuKubetsu, cJigyousyoNo2, cJigyouReceiptName, cKinyuNo, cKinyuSitenNo, cJigyousyoNo;
     std::string cAddress1, cAddress2, cAddressKana, cDaihyo, cDaihyoKana, cFaxNo;
@@ -23,7 +23,7 @@ struct cD_CORP {
     /// Kind of account: 普通, 当座, ...
     [[nodiscard]] static std::string_view sKozaType(const std::int32_t &nCode);
     std::int32_t iType = -1;
-    /// Role of the company: 0 is the head office, 1 and 2 are agents, 3 claims for a group.
+    /// Role of the company: 0 is the head office, 1 and 2 are agents, 3 is a group-claim company.
     [[nodiscard]] static std::string_view sType(const std::int32_t &nCode);
     std::int32_t nIDNo = -1, nLat = -1, nLon = -1;
     std::string cPcName, tUpDateTime, cMailDestination, cMailDestinationZipNo, cPersonalNumberCorp;

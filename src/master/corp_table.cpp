@@ -9,7 +9,7 @@ namespace inin {
 
 namespace {
 
-/// The condition of iDataRead and iDataReadChk, which set the number apart by `comparison` alone.
+/// The condition of iDataRead and iDataReadChk, which differ only in the `comparison` of the number.
 std::string readCondition(const cD_CORP &row, const char *comparison, Site site)
 {
     Condition condition;
@@ -19,7 +19,7 @@ std::string readCondition(const cD_CORP &row, const char *comparison, Site site)
     return condition.text();
 }
 
-/// Unlike in readCondition, 0 is no number here.
+/// Unlike in readCondition, 0 sets no condition here.
 std::string listCondition(const cD_CORP &row, Site site)
 {
     Condition condition;
@@ -35,7 +35,7 @@ std::string readStatement(const SelectList<cD_CORP> &list, const std::string &co
     return "  select" + list.text() + "  FROM      CORP" + condition + "  order by      nIDNo";
 }
 
-/// The hook's turn, for as long as the suite asks for maps.
+/// Wraps the hook for a write, if maps are enabled.
 AfterExecution mapTurn(const App &app, const std::function<std::int16_t(std::string &)> &hook)
 {
     return app.cChizuFlg == "1" && hook ? hook : AfterExecution();
@@ -94,7 +94,7 @@ std::int16_t cT_CORP::iDataInsert(const cD_CORP *cData, std::int32_t, Transactio
         const AfterExecution map = mapTurn(m_app, m_mapHook.afterInsert);
         return m_table.write(insertStatement(kCorp, corpColumns(), row, context), bTransactionFlg,
                              [&map](std::string &sErrMsg) {
-                                 if (map) static_cast<void>(map(sErrMsg)); // an insert stands without its map
+                                 if (map) static_cast<void>(map(sErrMsg)); // the insert is valid without its map
                                  return iGood;
                              });
     });

@@ -8,8 +8,8 @@
 
 namespace inin {
 
-/// A text field of a fixed capacity of N characters, counted in UTF-16 units. A blank one is full of NUL characters;
-/// what is assigned stands on the left, is padded with blanks and cut at the capacity.
+/// A text field with a fixed capacity of N characters, counted in UTF-16 units. A blank one is filled with NUL
+/// characters; an assigned text is left-aligned, padded with blanks and truncated to the capacity.
 template <std::size_t N> class FixedText {
 public:
     FixedText() : m_text(N, '\0') {}

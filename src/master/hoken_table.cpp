@@ -14,7 +14,7 @@ using enum WrittenAs;
 using enum ValueFrom;
 
 constexpr HokenColumn kHokenColumns[] = {
-    // column, property, written as                                  read
+    // column, property, notation                                    read
     {{"iKyotenCd", {}, number, siteCode, OnUpdate::kept}, false},
     {{"iKyotenEb", {}, number, siteSubCode, OnUpdate::kept}, false},
     {{"cName", &cD_HOKEN::cName, quoted}, true},
@@ -44,7 +44,7 @@ std::int16_t cT_HOKEN::iDataRead(const cD_HOKEN *cData)
 {
     return m_table.withRow(cData, [&](const cD_HOKEN &) {
         const SelectList<cD_HOKEN> list = selectList();
-        // No branch is asked for: unlike every other master read this one takes them all.
+        // Deliberate: unlike every other master, this read has no branch condition and reads all branches.
         return m_table.read("  select" + list.text() + "  FROM      HOKEN  order by      iType", list.filled());
     });
 }

@@ -5,24 +5,24 @@
 
 namespace inin {
 
-/// The insurance kinds of all branches. Statuses are 0 or -1; the reason stands in sErrMsg. nullptr stands for a row
-/// that is Nothing. `eOptions` is accepted and ignored.
+/// The insurance kinds of all branches. Statuses are 0 or -1, with the reason in sErrMsg. nullptr is a row that is
+/// Nothing. `eOptions` is ignored. Texts are written into the statements unchanged, quote characters included.
 class cT_HOKEN {
 public:
     explicit cT_HOKEN(App &app);
 
     [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
-    /// A row of the last read, from 0; error 9 outside. Good until the next read.
+    /// A row of the last read, from 0; error 9 outside. Valid until the next read.
     [[nodiscard]] const cD_HOKEN &clsHOKEN(std::int32_t nIdx) const { return m_table.row(nIdx); }
     [[nodiscard]] std::int32_t nデータ数() const { return m_table.count(); }
-    /// Keeps the caller's connected session and drops the rows.
+    /// Keeps a reference to the caller's connected session and clears the rows.
     [[nodiscard]] std::int16_t iInit(cT_ADODB &cADO) { return m_table.init(cADO); }
-    /// Reads the whole table in order of iType; the row sets no condition and still must be one. A kind that two
-    /// branches hold comes twice.
+    /// Reads the whole table in the order of iType. The row sets no condition but is required. A kind that two branches
+    /// define appears twice.
     [[nodiscard]] std::int16_t iDataRead(const cD_HOKEN *cData);
     [[nodiscard]] std::int16_t iDataInsert(const cD_HOKEN *cData, std::int32_t eOptions,
                                            Transaction bTransactionFlg = Transaction::ofTheCaller);
-    /// Finds the row by its iType, which therefore never changes.
+    /// Finds the row by its iType, which therefore cannot change.
     [[nodiscard]] std::int16_t iDataUpdate(const cD_HOKEN *cData, std::int32_t eOptions,
                                            Transaction bTransactionFlg = Transaction::ofTheCaller);
     [[nodiscard]] std::int16_t iData削除(const cD_HOKEN *cData, std::int32_t eOptions,

@@ -13,7 +13,7 @@ namespace inin {
 
 namespace {
 
-/// All columns are asked for, and no list of them is sent: a column that a site lacks must not fail the statement.
+/// Selects all columns without naming them, so that a column missing at a site does not fail the statement.
 std::string patientSql(const App &app, std::int32_t nCode)
 {
     return "SELECT * FROM RIYOUSHA WHERE nIDNo = " + std::to_string(nCode) +
@@ -41,7 +41,7 @@ template <std::size_t N> void assign(FixedText<N> &field, const Variant &value, 
     field = toText(value, regional);
 }
 
-/// What the column's rule makes of a value before the field converts it; nothing where the field is left alone.
+/// Applies the column's rule to a value before its conversion; no value if the field is to stay unchanged.
 std::optional<Variant> valueByRule(NullRule rule, Variant value, const Regional &regional)
 {
     switch (rule) {
@@ -56,8 +56,8 @@ std::optional<Variant> valueByRule(NullRule rule, Variant value, const Regional 
     return value;
 }
 
-/// A column that the database lacks and a value that does not convert leave their field and stop nothing: sites differ
-/// in the later columns, and the caller is after the name.
+/// A column that the database lacks and a value that cannot be converted leave their field unchanged: sites differ in
+/// the later columns, and most callers need only the name.
 void readColumn(const Recordset &rsData, const PatientColumn &column, const Regional &regional, RIYOUSHA_REC &rec)
 try {
     const std::optional<Variant> value = valueByRule(column.rule, rsData.Field(column.name), regional);
@@ -67,13 +67,13 @@ try {
     return;
 }
 
-/// The patient's row and the session that it comes from.
+/// The patient's row and its session.
 struct OpenPatient {
     std::unique_ptr<cT_ADODB> session;
     std::unique_ptr<Recordset> rsData;
 };
 
-/// True when at least one row stands. Failed steps are silent; only a run-time error shows a box.
+/// True if at least one row was found. Failed steps show nothing; only a run-time error shows a box.
 bool openPatient(App &app, std::int32_t nCode, OpenPatient &patient)
 try {
     const std::string sql = patientSql(app, nCode);
@@ -82,7 +82,7 @@ try {
     if (!started.isConnected()) return false;
     patient.session = std::move(started.session);
     patient.rsData = app.platform.database.newRecordset();
-    // Only a cursor on the client counts its rows.
+    // Only a client-side cursor counts its rows.
     patient.rsData->setCursorLocation(adUseClient);
     if (patient.session->iOpenRecSet(*patient.rsData, sql, adOpenForwardOnly, adLockReadOnly, adCmdText) != iGood)
         return false;
@@ -92,7 +92,7 @@ try {
     return false;
 }
 
-/// Whether the closing succeeds concerns nobody: the row has been read.
+/// A failure to close has no effect: the row is already read.
 void close(OpenPatient &patient)
 {
     static_cast<void>(patient.session->iCloseRecSet(patient.rsData));
@@ -104,7 +104,7 @@ void close(OpenPatient &patient)
 
 std::int16_t iGetRiyoushaRec(App &app, std::int32_t nCode, RIYOUSHA_REC &rec)
 {
-    // Outlives the trap: a box is answered before the session goes.
+    // Outside the trap, so that the session is open until the box is answered.
     OpenPatient patient;
     if (!openPatient(app, nCode, patient)) return kPatientNotRead;
     RIYOUSHA_REC row;

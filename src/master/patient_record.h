@@ -9,10 +9,10 @@
 
 namespace inin {
 
-/// One patient as the suite's programs hand it around. A new record is blank: numbers and dates 0, texts empty, fixed
-/// texts full of NULs. Each field bears the name of the column that fills it; the order is the suite's own.
+/// One patient as shared by the suite's programs. A new record is blank: numbers and dates 0, texts empty, fixed texts
+/// filled with NULs. Each field has the name of the column that fills it; the order is that of the suite.
 struct RIYOUSHA_REC {
-    // The patient and the insurance.
+    // Patient and insurance.
     std::int32_t nIDNo = 0;
     std::string cName, cNameRyaku, cNameKana;
     std::int16_t iSex = 0, iHoken = 0;
@@ -23,7 +23,7 @@ struct RIYOUSHA_REC {
     std::string cAdress1, cAdress2, cAddressKana;
     FixedText<14> cTelNo, cFaxNo, cMobNo;
 
-    // The householder.
+    // Householder.
     std::string cSetaiName, cSetaiKana;
     std::int16_t iSetaiSex = 0;
     FixedText<8> cSetaiYubinNo;
@@ -32,30 +32,30 @@ struct RIYOUSHA_REC {
     std::string cSetaiTsuzuki;
     Date tSetaiBirthday;
 
-    // The place of the home, the staff in charge, the illness and the shares.
+    // Location of the home, staff in charge, illness and cost shares.
     std::int16_t iTikuNo = 0;
     std::int32_t nHokui = 0, nToukei = 0, nLenInp = 0, nLenAdd = 0;
     std::int32_t nTantou = 0, nTantou2 = 0, nTantou3 = 0, nTantou4 = 0, nTantou5 = 0;
     std::string cByoumei;
     std::int16_t iKaigoLevel = 0, iFutanritsu = 0, iV = 0, iSys = 0;
 
-    // Massage: parts of the body, kinds of treatment and their periods.
+    // Massage: body parts, kinds of treatment and their periods.
     std::int16_t iSejutuBui1 = 0, iSejutuBui2 = 0, iSejutuBui3 = 0, iSejutuBui4 = 0, iSejutuBui5 = 0;
     std::int16_t iHenke = 0, iOnan = 0, iDenki = 0;
     std::int16_t iSejutuBui11 = 0, iSejutuBui12 = 0, iSejutuBui13 = 0, iSejutuBui14 = 0, iSejutuBui15 = 0;
     std::int16_t iOnan1 = 0, iDenki1 = 0;
     Date tHenkeSday, tHenKeEday, tOnanSday, tOnanEday, tDenkiSday, tDenkiEday;
 
-    // The course of the illness. tHatsubyou and tSyoryoDay are texts, whatever their prefix says.
+    // Course of the illness. tHatsubyou and tSyoryoDay are texts, despite their prefix.
     std::int16_t iPtype = 0, iGyoumuUmu = 0;
     std::string cGeninKeika, tHatsubyou, tSyoryoDay;
     Date tSyosinDay, tStartDay, tKHkigen;
 
-    // The disability certificate.
+    // Disability certificate.
     std::int16_t iSyogai = 0;
     std::string cSyogaiNo, cSyogaiJu, cSyogaiFname;
 
-    // The medical care fund.
+    // Medical care fund.
     std::string cHTno;
     Date tHTStartDay;
     std::string cHTRiyuu, cHTIryoName;
@@ -68,7 +68,7 @@ struct RIYOUSHA_REC {
     std::string cDouiIsiName2, cDouiIsiKikan2, cDouiIsiAdd2, cDouiByoumei2;
     Date tDouiDay2, tDouiKaryoS2, tDouiKaryoE2;
 
-    // The agent, the certifier, the applicant.
+    // Agent, certifier, applicant.
     std::int32_t nDairiID = 0;
     std::string cSyoumeiName;
     FixedText<8> cSyoumeiYubin;
@@ -82,7 +82,7 @@ struct RIYOUSHA_REC {
     Date tSinseiDay;
     std::string cSinseiAtena;
 
-    // The claim and the bank account.
+    // Claim and bank account.
     std::int16_t iSeiKyuKubun = 0, iKinSyubetsu = 0;
     std::string cKinName;
     std::int16_t iKinSiten = 0;
@@ -100,8 +100,8 @@ struct RIYOUSHA_REC {
     Date tHKHariSday, tHKHariEday, tHKKyuSday, tHKKyuEday, tHKDenkiSday, tHKDenkiEday;
     std::int16_t iHKHari1Umu = 0, iHKKyu1Umu = 0, iHKDeki1Umu = 0;
 
-    // What was added later: the patient's own share, the room, the renewal of the consent, the corrections of the
-    // visit distance (32 bits whatever their prefix says), further staff.
+    // Later additions: the patient's own share, the room, the renewal of the consent, the corrections of the visit
+    // distance (32 bits despite their prefix), further staff.
     std::int16_t iJikofutanKubun = 0;
     std::int32_t nJikofutanTanka = 0, nRoomNo = 0;
     Date tDouishoSaishutokuFrom, tDouishoSaishutokuTo;
@@ -114,13 +114,13 @@ struct RIYOUSHA_REC {
     friend bool operator==(const RIYOUSHA_REC &, const RIYOUSHA_REC &) = default;
 };
 
-/// Results of iGetRiyoushaRec. They are no status: here -1 is the good one.
+/// Results of iGetRiyoushaRec. These are not the usual statuses: here -1 is success.
 inline constexpr std::int16_t kPatientRead = -1;
 inline constexpr std::int16_t kPatientNotRead = 0;
 
-/// Reads the patient `nCode` of this branch on a session of its own. -1 when the row was read and stands in `rec`; 0 in
-/// every other case, with `rec` untouched. A column that is missing or does not convert leaves its field and stops
-/// nothing. Shows a box only for a run-time error before the row stands; a failed connect leaves its words in the App.
+/// Reads the patient `nCode` of this branch on a session of its own. Returns -1 if the row was read into `rec`; 0 in
+/// every other case, with `rec` unchanged. A column that is missing or cannot be converted leaves its field unchanged.
+/// Shows a box only for a run-time error before the row is found; a failed connect leaves its error text in the App.
 [[nodiscard]] std::int16_t iGetRiyoushaRec(App &app, std::int32_t nCode, RIYOUSHA_REC &rec);
 
 } // namespace inin

@@ -9,9 +9,9 @@ namespace {
 using R = RIYOUSHA_REC;
 using enum NullRule;
 
-/// The twelve second periods, named with a 2 at their end, land in the field of the first one: a second period wins
-/// whenever there is one. iRoomAnbunUmu lands in a date although it looks like a flag: what it holds, 0 too, replaces
-/// the end of the renewed consent. Both are how the suite reads its patients.
+/// Two required oddities of the suite. The twelve second periods, named with a 2 at the end, are stored in the field of
+/// the first one: a second period overrides it. iRoomAnbunUmu is stored in a date although it is named like a flag: its
+/// value, 0 included, replaces the end of the renewed consent.
 constexpr PatientColumn kPatientColumns[] = {
     {"nIDNo", &R::nIDNo, guarded},
     {"cName", &R::cName, empty},
@@ -196,7 +196,7 @@ constexpr PatientColumn kPatientColumns[] = {
     {"cFMCode", &R::cFMCode, guarded},
 };
 
-/// Only texts can be made empty and only numbers zero; any other pair would fail at every NULL, and silently.
+/// Only texts can become empty and only numbers zero; any other pair would fail silently at every NULL.
 constexpr bool isSound(const PatientColumn &column)
 {
     const bool isNumber = std::holds_alternative<std::int32_t R::*>(column.field) ||

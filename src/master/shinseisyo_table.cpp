@@ -6,7 +6,7 @@ namespace inin {
 
 namespace {
 
-/// A number column that holds no number counts as 0.
+/// A non-numeric value in a number column counts as 0.
 constexpr TableShape kShinseisyo{"SHINSEISYO", 0, Unreadable::countsAsZero};
 
 using Row = cD_SHINSEISYO;
@@ -14,7 +14,7 @@ using enum WrittenAs;
 using enum ValueFrom;
 
 constexpr TableColumn<Row> kShinseisyoColumns[] = {
-    // column, property, written as; where its value comes from, whether an update sets it
+    // column, property, notation; source of its value, whether an update sets it
     {"iKyotenCd", &Row::iKyotenCd, quoted, siteCode, OnUpdate::kept},
     {"iKyotenEb", &Row::iKyotenEb, quoted, siteSubCode, OnUpdate::kept},
     {"nIDNo", &Row::nIDNo, number, row, OnUpdate::kept},
@@ -46,7 +46,7 @@ std::string printTypeTerm(std::int32_t iPrintType)
     return " iPrintType = " + std::to_string(iPrintType);
 }
 
-/// System-wide forms are looked for without asking for a branch.
+/// System-wide forms have no branch condition.
 void addSite(Condition &condition, std::int32_t iPrintType, Site site)
 {
     if (!isSystemWide(iPrintType)) condition.add(siteTerm(site));
@@ -69,7 +69,7 @@ Condition gridCondition(const Row &row, Site site)
     return condition;
 }
 
-/// 0 is a number like any other here; -1 is none.
+/// 0 is an ordinary number here; -1 sets no condition.
 Condition readCondition(const Row &row, Site site)
 {
     Condition condition = row.nIDNo > -1 ? numberCondition(row.nIDNo) : Condition();
@@ -124,7 +124,7 @@ std::int16_t cT_SHINSEISYO::iDataRead(const cD_SHINSEISYO *cData)
 
 std::int16_t cT_SHINSEISYO::iDataInsert(const cD_SHINSEISYO *cData, std::int32_t, Transaction bTransactionFlg)
 {
-    // The computer's name is not written to this table; a computer without one is refused all the same.
+    // This table has no column for the computer's name, but a computer without a name is refused all the same.
     return m_table.toWrite(cData, [&](const Row &row, WriteContext context) {
         if (isSystemWide(row.iPrintType)) context.site = {};
         return m_table.write(insertStatement(kShinseisyo, kShinseisyoColumns, row, context), bTransactionFlg);

@@ -12,7 +12,7 @@ using enum WrittenAs;
 using enum ValueFrom;
 
 constexpr StaffColumn kStaffColumns[] = {
-    // column, property, written as; filled by the grid, by the read, by the grid of all branches
+    // column, property, notation; filled by the grid, by the read, by the grid of all branches
     {{"iKyotenCd", &cD_STAFF::iKyotenId, number, siteCode, OnUpdate::kept}, false, false, true},
     {{"iKyotenEb", &cD_STAFF::iKyotenEb, number, siteSubCode, OnUpdate::kept}, false, false, true},
     {{"cAdress1", &cD_STAFF::cAdress1, quoted}, true, true, true},
@@ -78,7 +78,7 @@ struct SelectedName {
 
 using enum SelectForm;
 
-/// The list of the grids. Names that come twice belong to the text and do no harm: a read goes by name.
+/// The select list of the grids. Duplicate names are part of the text and harmless: a read finds columns by name.
 constexpr SelectedName kGridNames[] = {
     {"cAdress1", aliased},
     {"cAdress2", aliased},
@@ -127,7 +127,7 @@ constexpr SelectedName kGridNames[] = {
     {"iKanriSekininFlg", qualified},
 };
 
-/// What the read of one person has behind the list of the grids.
+/// The columns that the single read adds to the list of the grids.
 constexpr SelectedName kReadNames[] = {
     {"cKaiNo2", qualified},     {"cKaiNo3", qualified},       {"cNameRyaku", qualified},     {"cRken", qualified},
     {"cRno", qualified},        {"iShikakuKubun", qualified}, {"iSyokushuKubun", qualified}, {"iYaku", qualified},
@@ -135,7 +135,7 @@ constexpr SelectedName kReadNames[] = {
     {"tUpDateTime", qualified},
 };
 
-/// What the grid of all branches has behind the list of the grids.
+/// The columns that the grid of all branches adds to the list of the grids.
 constexpr SelectedName kAllBranchesNames[] = {{"iKyotenCd", qualified}, {"iKyotenEb", qualified}};
 constexpr const char *kBranchName = "cKyotenName";
 

@@ -10,14 +10,14 @@ namespace inin {
 
 inline constexpr TableShape kStaff{"STAFF"};
 
-/// A column of STAFF, and which reads fill its property.
+/// A column of STAFF, and the reads that fill its property.
 struct StaffColumn : TableColumn<cD_STAFF> {
     bool grid;
     bool read;
     bool allBranches;
 };
 
-/// The columns of STAFF in the order of a write, and the branch's name, which a read joins.
+/// The columns of STAFF in the order of a write, and the joined name of the branch.
 [[nodiscard]] std::span<const StaffColumn> staffColumns();
 
 enum class StaffRead { grid, read, allBranches };

@@ -5,20 +5,20 @@
 
 namespace inin {
 
-/// A practitioner or another employee. A fresh row means no condition in a grid read. The order is the suite's own.
+/// A practitioner or another employee. A new row sets no condition in a grid read. The order is that of the suite.
 struct cD_STAFF {
     std::string cShikaiNo, cShikaiNo_Josei;
     std::int16_t iStaffHokenTouroku = 0;
     std::string cTourokuNo2;
-    /// Filled by the grid of all branches alone; writes take the branch of this installation.
+    /// Filled only by the grid of all branches; writes use the branch of this installation.
     std::string cKyotenName;
     std::int32_t iKyotenId = 0, iKyotenEb = 0;
     std::string cTourokuNo, cSmileCd;
-    /// Dates travel as texts.
+    /// Dates as texts.
     std::string sBirthday, sKousinDay, sNyusyaDay, sRday, sTourokuDay;
     std::string cAdress1, sKisanDay, cAdress2, cFaxNo, cKaiNo, cKaiNo2, cKaiNo3, cMobNo;
     std::string cName, cNameKana, cNameRyaku, cRken, cRno, cTelNo, cYubinNo;
-    /// 0 is active, anything else has stopped.
+    /// 0 is active, anything else means that the management has ended.
     std::int32_t iChusiFlg = 0;
     std::int32_t iSexKubun = -1, iShikakuKubun = -1, iSyokushuKubun = -1, iYaku = -1;
     /// Unique within a branch.

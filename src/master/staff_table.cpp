@@ -9,7 +9,7 @@ namespace inin {
 
 namespace {
 
-/// The terms of a grid read but the site's; `table` stands before each column.
+/// The conditions of a grid read except the branch; `table` prefixes each column.
 Condition gridCondition(const cD_STAFF &row, const std::string &table)
 {
     Condition condition;
@@ -53,8 +53,8 @@ std::int16_t cT_STAFF::iGetMaxIDNo(std::int32_t &nMaxNo)
         std::int32_t found = 0;
         const std::int16_t status = m_table.number(sql, "nIDNo", found);
         if (status != iGood) return status;
-        // The seed has the code with two digits where the prefix has it as it is. That is wanted: the two agree as
-        // numbers but for branch code 0, which never finds its seed again.
+        // Deliberate: the seed has the code with two digits, the prefix has it unpadded. Their numbers agree except for
+        // branch code 0, which never finds its seed again.
         if (found == 0 && isNumberedByBranch)
             found = toLong(Variant(twoDigits(m_app.iKyotenCd, m_app.regional) + subCode + "0000"), m_app.regional);
         nMaxNo = found;
@@ -66,7 +66,7 @@ std::int16_t cT_STAFF::iChkStaffName(const std::int32_t &nIDNo, const std::strin
 {
     std::int16_t others = iBad;
     const std::int16_t status = m_table.trapped([&] {
-        // No branch is asked for: a name is looked for in the whole table.
+        // Deliberate: no branch condition; a name is searched in the whole table.
         std::int32_t found = 0;
         const std::int16_t read = m_table.number("  SELECT      COUNT(nIDNo) AS Cnt  FROM      STAFF  WHERE nIDNo != " +
                                                      std::to_string(nIDNo) + " AND        cName = '" + cName + "' ",

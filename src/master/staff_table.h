@@ -5,30 +5,32 @@
 
 namespace inin {
 
-/// The staff of the branches. Statuses are 0 or -1; the reason stands in sErrMsg. nullptr stands for a row that is
-/// Nothing. `eOptions` is accepted and ignored. Names go into the statements as they are, quote characters too.
+/// The staff of the branches. Statuses are 0 or -1, with the reason in sErrMsg. nullptr is a row that is Nothing.
+/// `eOptions` is ignored. Names are written into the statements unchanged, quote characters included.
 class cT_STAFF {
 public:
     explicit cT_STAFF(App &app);
 
     [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
-    /// A row of the last read, from 0; error 9 outside. Good until the next read.
+    /// A row of the last read, from 0; error 9 outside. Valid until the next read.
     [[nodiscard]] const cD_STAFF &clsSTAFF(std::int32_t nIdx) const { return m_table.row(nIdx); }
     [[nodiscard]] std::int32_t nデータ数() const { return m_table.count(); }
-    /// The computer's name, the empty text on a failure.
+    /// The computer's name; the empty text on a failure.
     [[nodiscard]] std::int16_t iGetComputerName(std::string &sName) { return m_table.computerName(sName); }
-    /// Keeps the caller's connected session and drops the rows.
+    /// Keeps a reference to the caller's connected session and clears the rows.
     [[nodiscard]] std::int16_t iInit(cT_ADODB &cADO) { return m_table.init(cADO); }
-    /// The highest number of this branch, 0 for a branch without staff. Where iKyotenIdMode is 1 only numbers that
-    /// begin with the branch count, and the first one is made of the branch and four zeros.
+    /// The highest number of this branch, 0 for a branch without staff. If iKyotenIdMode is 1, only numbers that begin
+    /// with the branch count, and the first one is the branch followed by four zeros.
     [[nodiscard]] std::int16_t iGetMaxIDNo(std::int32_t &nMaxNo);
-    /// How many others bear the name in the whole table, 0 when it is free; -1 on a failure.
+    /// The number of other members with this name in the whole table, 0 if it is unused; -1 on a failure.
     [[nodiscard]] std::int16_t iChkStaffName(const std::int32_t &nIDNo, const std::string &cName);
-    /// The staff of this branch: active ones where the row's iChusiFlg is 0, one number above 0, names by their parts.
+    /// The staff of this branch: only active members if the row's iChusiFlg is 0, one member for a number above 0,
+    /// names by their parts.
     [[nodiscard]] std::int16_t iDataReadGrid(const cD_STAFF *cData);
-    /// The one of the row's number; where iKyotenIdMode is set, of any branch and of the row's name if it has one.
+    /// The member with the row's number. If iKyotenIdMode is set, of any branch and, if the row has a name, with that
+    /// name.
     [[nodiscard]] std::int16_t iDataRead(const cD_STAFF *cData);
-    /// All of the row's number in this branch.
+    /// All members with the row's number in this branch.
     [[nodiscard]] std::int16_t iDataIdentChk(const cD_STAFF *cData);
     [[nodiscard]] std::int16_t iDataInsert(const cD_STAFF *cData, std::int32_t eOptions,
                                            Transaction bTransactionFlg = Transaction::ofTheCaller);
@@ -36,7 +38,7 @@ public:
                                            Transaction bTransactionFlg = Transaction::ofTheCaller);
     [[nodiscard]] std::int16_t iData削除(const cD_STAFF *cData, std::int32_t eOptions,
                                          Transaction bTransactionFlg = Transaction::ofTheCaller);
-    /// As iDataReadGrid over all branches, with the branch and its name.
+    /// Like iDataReadGrid over all branches, with the branch and its name.
     [[nodiscard]] std::int16_t iDataReadGrid_AllKyoten(const cD_STAFF *cData);
 
 private:

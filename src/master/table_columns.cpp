@@ -8,7 +8,7 @@ namespace inin {
 
 std::string FieldReader::text(const Variant &value) const
 {
-    // Nearly all columns are texts already.
+    // Nearly all columns are already texts.
     if (const auto *text = value.getIf<std::string>()) return trim(*text);
     return trim(csNullToStr(value, regional));
 }

@@ -12,38 +12,38 @@
 
 namespace inin {
 
-// The columns of a table as data: what a table class has of its own. The statements are composed from these rows.
+// The columns of a table as data; the statements of a table class are composed from these rows.
 
-/// How a write spells the value of a column.
+/// The notation of a column's value in a write.
 enum class WrittenAs {
-    quoted,              ///< in single quotes as it stands; a quote character inside is not doubled
+    quoted,              ///< in single quotes, unchanged; a quote character inside is not doubled
     number,              ///< in decimal
     nullIfEmpty,         ///< the word Null for the empty text, else in single quotes
-    nullIfEmptyOnInsert, ///< so on insert; an update writes the empty text in quotes
-    serverTime,          ///< the server's current time, whatever the row holds
-    never,               ///< a column of another table that a read joins
+    nullIfEmptyOnInsert, ///< as nullIfEmpty on insert; an update writes the empty text as ''
+    serverTime,          ///< the server's current time, whatever the row's value
+    never,               ///< a column of another table, joined by a read
 };
 
-/// Where the value that a write spells comes from.
+/// The source of a value in a write.
 enum class ValueFrom { row, siteCode, siteSubCode, computerName };
 
-/// Whether an update sets the column or leaves it, as it leaves keys.
+/// Whether an update sets the column or keeps it, as it keeps keys.
 enum class OnUpdate { set, kept };
 
-/// What a number column does with a value that is no number of its size.
+/// The treatment of a value that is not a number of the column's size.
 enum class Unreadable { raises, countsAsZero };
 
-/// A 32-bit property whose value has to pass as a 16-bit one first.
+/// A 32-bit property whose value must pass through a 16-bit conversion first.
 template <class Row> struct ThroughInteger {
     std::int32_t Row::*member;
 };
 
-/// The property that carries a column; monostate for a column that no property carries.
+/// The property of a column; monostate for a column without one.
 template <class Row>
 using Member =
     std::variant<std::monostate, std::string Row::*, std::int32_t Row::*, std::int16_t Row::*, ThroughInteger<Row>>;
 
-/// One column. A table that reads it in several ways adds its marks in a type of its own behind this one.
+/// One column. A table with several reads adds their flags in a derived type.
 template <class Row> struct TableColumn {
     const char *name;
     Member<Row> member;
@@ -52,15 +52,15 @@ template <class Row> struct TableColumn {
     OnUpdate onUpdate = OnUpdate::set;
 };
 
-/// A table's name, and what sets the texts of its statements apart from those of the others.
+/// A table's name, and the differences of its statements from those of other tables.
 struct TableShape {
     std::string_view name;
-    /// So many columns at the beginning of an insert have their comma behind them instead of before the next one.
+    /// The first columns of an insert, this many, have their comma after them instead of before the next one.
     std::size_t commasBehind = 0;
     Unreadable unreadable = Unreadable::raises;
 };
 
-/// The branch that a statement works on.
+/// The branch of a statement.
 struct Site {
     std::int32_t iKyotenCd = 0;
     std::int32_t iKyotenEb = 0;
@@ -70,7 +70,7 @@ struct Site {
     return {app.iKyotenCd, app.iKyotenEb};
 }
 
-/// What a write takes from elsewhere than the row.
+/// The values of a write that are not in the row.
 struct WriteContext {
     Site site;
     std::string computerName;
@@ -78,7 +78,7 @@ struct WriteContext {
 
 enum class WriteKind { insert, update };
 
-/// Reads fields into properties: NULL is the empty text or 0, texts lose the blanks on both sides.
+/// Reads fields into properties: NULL is the empty text or 0, texts are trimmed on both sides.
 struct FieldReader {
     const Regional &regional;
     Unreadable unreadable = Unreadable::raises;
@@ -87,18 +87,18 @@ struct FieldReader {
     [[nodiscard]] std::int32_t number(const Variant &value) const;
 };
 
-// Texts of statements that do not depend on the row's type.
+// Parts of statements that do not depend on the row's type.
 
 /// " iKyotenCd = 1 and iKyotenEb = 2"
 [[nodiscard]] std::string siteTerm(Site site);
-/// The value as a write of that kind spells it.
+/// The value in the notation of that kind of write.
 [[nodiscard]] std::string spelled(WrittenAs written, const std::string &value, WriteKind kind);
-/// "name = 'value'" as a set list has it.
+/// "name = 'value'" of a set list.
 [[nodiscard]] std::string assignment(const char *name, WrittenAs written, const std::string &value);
-/// One item of a list of columns or values, with the blanks and the comma that its place asks for.
+/// One item of a list of columns or values, with the blanks and the comma for its position.
 [[nodiscard]] std::string listItem(std::size_t place, const std::string &text, std::size_t commasBehind = 0);
 
-/// A condition: its first term opens it with " where", each further one is joined by " and".
+/// A condition: the first term is prefixed by " where", each further one by " and".
 class Condition {
 public:
     void add(const std::string &term) { m_text += (m_text.empty() ? " where" : " and") + term; }

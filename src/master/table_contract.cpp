@@ -8,10 +8,10 @@ namespace inin {
 
 namespace {
 
-/// The buffer that the system fills with the computer's name and its NUL.
+/// Size of the buffer that the system fills with the computer's name and its NUL.
 constexpr std::size_t kComputerNameBuffer = 250;
 
-/// A transaction that is rolled back unless it was committed.
+/// A transaction that is rolled back unless it is committed.
 class OwnTransaction {
 public:
     explicit OwnTransaction(cT_ADODB &session) : m_session(&session) {}
@@ -19,7 +19,7 @@ public:
     OwnTransaction &operator=(const OwnTransaction &) = delete;
     ~OwnTransaction()
     {
-        // The write has failed already and has its words; those of the rollback would hide them.
+        // The write has already failed and kept its error text; that of the rollback would replace it.
         if (m_session != nullptr) static_cast<void>(m_session->iRollback());
     }
     void committed() { m_session = nullptr; }
@@ -63,11 +63,11 @@ std::int16_t TableSession::walk(const std::string &sql, const std::function<void
     try {
         for (; !rsData->isEndOfFile(); rsData->MoveNext()) onRow(*rsData);
     } catch (const RuntimeError &) {
-        // The first error is the one to tell, whether or not the closing succeeds.
+        // Report the first error, whether or not the closing succeeds.
         static_cast<void>(session().iCloseRecSet(rsData));
         throw;
     }
-    // All rows are there: a record set that does not close takes nothing away from them.
+    // All rows are read; a failure to close has no effect on them.
     static_cast<void>(session().iCloseRecSet(rsData));
     return iGood;
 }
@@ -78,7 +78,7 @@ std::int16_t TableSession::number(const std::string &sql, const char *column, st
     const std::int16_t status = walk(
         sql, [] {}, [&](const Recordset &rsData) { found = reader().number(rsData.Field(column)); });
     if (status != iGood) return status;
-    // An aggregate always has its row.
+    // An aggregate always returns a row.
     if (!found) throw RuntimeError(error_number::noCurrentRecord);
     result = *found;
     return iGood;

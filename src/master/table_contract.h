@@ -12,30 +12,30 @@
 
 namespace inin {
 
-/// The flag of a write: whose transaction it runs in, and how a failure ends it.
+/// The transaction of a write, and how a failure ends it.
 enum class Transaction {
     ofTheCaller,
-    own,                ///< rolled back on a failure
-    ownUntilDisconnect, ///< on a failure left to the end of a session that the writer closes at once
+    own,                ///< rolled back after a failure
+    ownUntilDisconnect, ///< after a failure left open until the session ends, which the caller does at once
 };
 
-/// Runs after a statement and before its commit. A status other than 0 fails the write; its words, if any, go into the
-/// table's sErrMsg.
+/// Runs after a statement and before its commit. A status other than 0 fails the write; its error text, if any, goes to
+/// the table's sErrMsg.
 using AfterExecution = std::function<std::int16_t(std::string &sErrMsg)>;
 
-/// What all table classes do alike, whatever their rows: trap errors, word failures, read, write.
+/// The common part of all table classes, independent of their rows: trapping errors, error texts, reading, writing.
 /// Borrows the session of iInit; the caller owns and connects it.
 class TableSession {
 public:
     TableSession(App &app, const TableShape &shape) : m_app(app), m_shape(shape) {}
 
-    /// The words of the last failure; a later success keeps them.
+    /// The text of the last failure; a later success keeps it.
     [[nodiscard]] const std::string &sErrMsg() const { return m_errMsg; }
     [[nodiscard]] const TableShape &shape() const { return m_shape; }
     [[nodiscard]] FieldReader reader() const { return {m_app.regional, m_shape.unreadable}; }
     void init(cT_ADODB &session) { m_session = &session; }
 
-    /// The status of the operation; a run-time error becomes number, CR LF, description and -1.
+    /// The status of the operation; a run-time error gives -1 and the text number, CR LF, description.
     template <class Operation> [[nodiscard]] std::int16_t trapped(Operation &&operation)
     try {
         return operation();
@@ -43,13 +43,13 @@ public:
         m_errMsg = numberLineText(error);
         return iBad;
     }
-    /// As trapped, with the row behind the pointer; no row at all is a failure with words of its own.
+    /// Like trapped, with the row that cData points to; nullptr is a failure with a text of its own.
     template <class Row, class Operation> [[nodiscard]] std::int16_t withRow(const Row *cData, Operation &&operation)
     {
         if (cData == nullptr) return failed(std::string(m_shape.name) + "が無効です。");
         return trapped([&] { return operation(*cData); });
     }
-    /// As withRow, with the site and the computer's name that a write needs; a computer without a name fails.
+    /// Like withRow, with the branch and the computer's name for a write; a computer without a name is a failure.
     template <class Row, class Operation> [[nodiscard]] std::int16_t toWrite(const Row *cData, Operation &&operation)
     {
         return withRow(cData, [&](const Row &row) {
@@ -59,18 +59,18 @@ public:
         });
     }
 
-    /// Keeps the words of a failure and gives its status.
+    /// Keeps the text of a failure and returns its status.
     [[nodiscard]] std::int16_t failed(std::string words);
-    /// The computer's name up to its first NUL; -1 and the empty text when it does not fit into 250 bytes.
+    /// The computer's name up to its first NUL; -1 and the empty text if it does not fit into 250 bytes.
     [[nodiscard]] std::int16_t computerName(std::string &sName);
-    /// Opens the statement and hands on row by row. `onOpened` runs before the first row and only after a good opening.
-    /// An error on the way closes the record set and goes on to `trapped`.
+    /// Opens the statement and passes on each row. `onOpened` runs before the first row and only after a successful
+    /// opening. An error in between closes the record set and goes on to `trapped`.
     [[nodiscard]] std::int16_t walk(const std::string &sql, const std::function<void()> &onOpened,
                                     const std::function<void(const Recordset &)> &onRow);
-    /// The one number of a statement with one row, NULL as 0. The target stays as it is on a failure.
+    /// The single number of a one-row statement, NULL as 0. The target is unchanged on a failure.
     [[nodiscard]] std::int16_t number(const std::string &sql, const char *column, std::int32_t &result);
-    /// The frame of a write. In a transaction of its own each failure after the beginning rolls back, unless the flag
-    /// leaves that to the session's end; the words are those of the failure, not of the rollback.
+    /// The common sequence of a write. In a transaction of its own each failure after the start rolls back, unless the
+    /// flag leaves that to the session's end; the error text is that of the failure, not of the rollback.
     [[nodiscard]] std::int16_t write(const std::string &sql, Transaction bTransactionFlg,
                                      const AfterExecution &afterExecution = {});
 
@@ -85,7 +85,7 @@ private:
     std::string m_errMsg;
 };
 
-/// The rows of a table class beside its session.
+/// The rows of a table class, in addition to its session.
 template <class Row> class TableContract : public TableSession {
 public:
     using TableSession::TableSession;
@@ -97,17 +97,17 @@ public:
         return iGood;
     }
     [[nodiscard]] std::int32_t count() const { return static_cast<std::int32_t>(m_rows.size()); }
-    /// A row from 0, good until the next read; error 9 outside.
+    /// A row from 0, valid until the next read; error 9 outside.
     [[nodiscard]] const Row &row(std::int32_t nIdx) const
     {
         if (nIdx < 0 || nIdx >= count()) throw RuntimeError(error_number::subscript);
         return m_rows[static_cast<std::size_t>(nIdx)];
     }
-    /// Replaces the rows by those of the statement. A failed opening leaves the old ones; an error on the way leaves
-    /// the new ones that were complete.
+    /// Replaces the rows by those of the statement. A failed opening keeps the old rows; an error in between keeps the
+    /// new rows that were complete.
     [[nodiscard]] std::int16_t read(const std::string &sql, const std::vector<const TableColumn<Row> *> &filled)
     {
-        // A column is looked up when it is first read, so that an empty result never misses one.
+        // A column is looked up at its first read, so that an empty result with a missing column is no error.
         std::vector<std::optional<std::size_t>> places(filled.size());
         return walk(
             sql, [this] { m_rows.clear(); },

@@ -10,7 +10,7 @@ namespace inin {
 
 // Statements composed from a table's columns. `Columns` is a range of TableColumn<Row> or of a type derived from it.
 
-/// How an item of a select list names its column.
+/// The notation of a column in a select list.
 enum class SelectForm {
     none,      ///< not in this list
     aliased,   ///< "STAFF.cName as cName"
@@ -30,7 +30,7 @@ public:
         addUnread(column.name, form);
         m_filled.push_back(&column);
     }
-    /// An item that the statement has and no property takes.
+    /// An item that is selected but read into no property.
     void addUnread(const char *name, SelectForm form) { addText(selectItem(m_table, name, form)); }
     /// An item of a joined table.
     void addJoined(const TableColumn<Row> &column, std::string_view table)
@@ -50,7 +50,7 @@ private:
     std::vector<const TableColumn<Row> *> m_filled;
 };
 
-/// The value of the column as plain text, before it is spelled.
+/// The value of the column as plain text, before the notation of the write.
 template <class Row>
 [[nodiscard]] std::string valueText(const TableColumn<Row> &column, const Row &row, const WriteContext &context)
 {
@@ -75,7 +75,7 @@ template <class Row>
     return std::visit(Text{row}, column.member);
 }
 
-/// All columns of the table in its order, with the values of the row.
+/// All columns of the table in their order, with the values of the row.
 template <class Row, class Columns>
 [[nodiscard]] std::string insertStatement(const TableShape &table, const Columns &columns, const Row &row,
                                           const WriteContext &context)
@@ -92,7 +92,7 @@ template <class Row, class Columns>
     return " insert into    " + std::string(table.name) + " (" + names + " )values( " + values + " ) ";
 }
 
-/// The statement up to its condition, which each table words itself.
+/// The statement up to its condition, which differs by table.
 template <class Row, class Columns>
 [[nodiscard]] std::string updateStatement(const TableShape &table, const Columns &columns, const Row &row,
                                           const WriteContext &context)

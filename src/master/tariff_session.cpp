@@ -8,8 +8,8 @@ namespace inin {
 
 namespace {
 
-/// Year and month of a date column as six digits. The conversion leaves a text as it is, so that its seventh character
-/// is the second of the month.
+/// Year and month of a date column as six digits. The conversion keeps a text unchanged, so that its seventh character
+/// is the second digit of the month.
 std::string monthOf(const std::string &column)
 {
     const std::string text = "CONVERT(VARCHAR, " + column + ", 112)";
@@ -50,7 +50,7 @@ bool TariffSession::walk(const std::string &sql, const std::function<void()> &on
 
 void TariffSession::disconnect()
 {
-    static_cast<void>(m_own.session->iDisConnect()); // what was read is here already
+    static_cast<void>(m_own.session->iDisConnect()); // the rows are already read
 }
 
 } // namespace inin

@@ -10,7 +10,7 @@ namespace {
 
 using Fees = TreatmentFees;
 
-/// Which row of the table holds which fee; the only place that knows. Rows of other codes are for other programs.
+/// The only mapping from rows of the table to fees. Rows with other codes are for other programs.
 struct FeeCode {
     std::int16_t iTankaKbn;
     std::int32_t nTankaCode;
@@ -26,14 +26,14 @@ constexpr FeeCode kFeeCodes[] = {
     {9, 12, &Fees::n実費交通費},
 };
 
-/// The number at the beginning of a field's text, so that one unreadable fee does not hide all later ones. NULL stays an
+/// The leading number of a field's text, so that one unreadable fee does not prevent all later ones. NULL is still an
 /// error.
 double numberOf(const Recordset &rsData, const char *column, const Regional &regional)
 {
     return leadingNumber(toText(rsData.Field(column), regional));
 }
 
-/// The row that is being read, for the words of a failure: what could not be read is still that of the row before.
+/// The current row, for error texts: values not yet read are still those of the previous row.
 struct CurrentRow {
     std::int16_t iTankaKbn = 0;
     std::int32_t nTankaCode = 0;
@@ -63,7 +63,7 @@ std::int16_t cls単価::iGetTanka(const std::string &csYM)
     TariffSession session(m_app, "iGetTanka");
     CurrentRow current;
     try {
-        // In order of the start: of two periods that hold the month the later one is read last and stays.
+        // Ordered by start date: of two periods that include the month, the later one is read last and applies.
         if (!session.walk(
                 monthStatement("療養費単価", csYM, "cStartDate, iTankaKbn, nTankaCode"), [] {},
                 [&](const Recordset &rsData) { readFee(rsData, m_app.regional, current, m_fees); }))
@@ -72,7 +72,7 @@ std::int16_t cls単価::iGetTanka(const std::string &csYM)
             session.disconnect();
             return 0;
         }
-        // A month without fees is told twice on purpose. The session goes with its object, after the boxes.
+        // Deliberate double box for a month without fees. The session ends with its object, after the boxes.
         m_app.platform.boxes.show("単価データがありません。", Icon::information);
         showFeeError(m_app, current);
     } catch (const RuntimeError &) {

@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// The fees of a month by treatment item, each in whole yen. 0 until iGetTanka has found the fee.
+/// The fees of a month by treatment item, each in whole yen; 0 until iGetTanka has read the fee.
 struct TreatmentFees {
     std::int32_t nマッサージ = 0, n変形徒手 = 0, n温按法 = 0, n電気光線 = 0;
     std::int32_t n鍼灸1術 = 0, n鍼灸2術 = 0, n鍼灸1術初回 = 0, n鍼灸2術初回 = 0, n電気鍼温灸器 = 0;
@@ -41,8 +41,8 @@ public:
     [[nodiscard]] std::int32_t n鍼灸2術初検料() const { return m_fees.n鍼灸2術初検料; }
     [[nodiscard]] std::int32_t n施術報告書交付料() const { return m_fees.n施術報告書交付料; }
 
-    /// Reads the fees of the month `csYM`, six digits. Always 0: a failure is shown on the screen, and its caller sees
-    /// it in nothing but fees that stayed. Fees that no row covers stay too.
+    /// Reads the fees of the month `csYM`, six digits. Always 0: a failure is shown in a box, and the caller sees only
+    /// unchanged fees. Fees without a row are unchanged too.
     std::int16_t iGetTanka(const std::string &csYM);
 
 private:

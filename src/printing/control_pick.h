@@ -6,7 +6,7 @@
 
 namespace inin {
 
-/// How a table of the screen's rules names a control: the way to it on any screen.
+/// How a table of the screen's rules refers to a control: a function that returns it for a given screen.
 using ControlPick = Control &(*)(PrintControls &);
 
 template <auto Member> Control &pick(PrintControls &screen)

@@ -14,14 +14,14 @@ namespace {
 
 constexpr const char *kFormatFile = "帳票Format.ini";
 
-/// The columns' titles as the form documents know them; deliberately not made from the record's field names.
+/// The column titles that the form documents bind to; deliberately not derived from the record's field names.
 constexpr std::string_view kTitles[] = {
     "対象開始日", "対象終了日",   "保険者名",   "利用者氏名", "利用者住所",   "会社名称",   "会社住所",
     "代表者名",   "会社電話番号", "金融機関名", "口座番号",   "口座名義",     "最終施術日", "保険者地区名",
     "保険種別",   "世帯主名",     "世帯主電話", "世帯主住所", "金融機関名２", "署名日",
 };
 
-/// Every field stands in quotes; a quote inside a value is not doubled, as the form tool reads it.
+/// Every field is quoted; a quote inside a value is deliberately not doubled.
 void appendField(std::string &line, std::string_view text)
 {
     if (!line.empty()) line += ',';
@@ -54,11 +54,14 @@ std::string transferPath(App &app, const std::string &name, WarnIfMissing warn)
 std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount)
 {
     const std::string path = transferPath(app, kCsvFile, WarnIfMissing::yes);
+    // Deliberately no handler here or in any caller: if another program holds the CSV open, the deletion (or, where the
+    // system allows that, the opening) fails and the program ends with the report of an unhandled error.
     if (bFileExists(app, path)) app.platform.files.remove(path);
     TextOutput csv(app.platform, path);
     csv.printLine(titleLine());
     for (std::int16_t i = 0; i < iRowCount; ++i) {
-        // A failed extraction can leave fewer rows than the count of the run before it.
+        // Without an extraction, or after a failed one, iRowCount still counts the rows of an earlier run, and fewer
+        // may be left.
         const auto index = static_cast<std::size_t>(i);
         if (index >= aIninRow.size()) throw RuntimeError(error_number::subscript);
         csv.printLine(rowLine(aIninRow[index]));

@@ -22,7 +22,7 @@ std::int16_t openForward(cT_ADODB &session, Recordset &rsData, const std::string
     return session.iOpenRecSet(rsData, sql, adOpenForwardOnly, adLockReadOnly, adCmdText);
 }
 
-/// A record set that has been read; whether its closing succeeds concerns nobody.
+/// Closes after the last read, where a failure has no effect.
 void close(cT_ADODB &session, std::unique_ptr<Recordset> &rsData)
 {
     static_cast<void>(session.iCloseRecSet(rsData));
@@ -71,7 +71,7 @@ std::int32_t frmPrintInin::getLastJissekieDay(std::int32_t nRiyoushaNo, std::int
     return lastVisitDay(kLastJissekieDay, nRiyoushaNo, nYear, nMonth);
 }
 
-/// The session outlives the trap: a failure's box is answered before the session goes.
+/// The session is outside the trap, so that it is open until the box of a failure is answered.
 std::int16_t frmPrintInin::extract(const ExtractionRule &rule)
 {
     StartedSession own;
@@ -83,8 +83,8 @@ try {
     own = startSession(m_app, kHeading);
     if (!own.isConnected()) return iBad;
     aIninRow.assign(1, IninRow{});
-    // Room for all that the index can count: rows that never come cost no memory, rows that grow with the array would be
-    // moved a dozen times.
+    // Reserve the largest possible count: unused capacity costs no memory, but growing would move the rows a dozen
+    // times.
     aIninRow.reserve(kMostLetters);
     const TargetDate target(csTargetDate, m_app.regional);
     const ExtractionQuery query = queryFor(rule, target);
@@ -132,8 +132,8 @@ LetterDates frmPrintInin::datesOf(const TargetDate &target) const
     return dates;
 }
 
-/// Reads the rows into aIninRow and gives back how many were kept. The row index is a 16-bit number: the step behind
-/// index 32,767 is an overflow, with that row already kept.
+/// Reads the rows into aIninRow and returns the number of rows kept. The row index is a 16-bit number: the increment
+/// after index 32,767 is an overflow, and that row is already kept.
 std::int16_t frmPrintInin::readLetters(Recordset &rsData, const ExtractionRule &rule, const LetterDates &dates)
 {
     LetterReader reader(rsData, m_app.regional);
@@ -147,7 +147,8 @@ std::int16_t frmPrintInin::readLetters(Recordset &rsData, const ExtractionRule &
     return index;
 }
 
-/// The whole month of the patient counts, whoever made the visits.
+/// Every visit of the patient in the month counts, whichever staff member made it: a later visit by another one removes
+/// the letter.
 bool frmPrintInin::isLastVisit(LetterReader &reader, const LastVisitRule &rule, const TargetDate &target)
 {
     return lastVisitDay(rule, reader.number(Column::nIDNo), target.year, target.month) == target.day;
@@ -171,14 +172,14 @@ try {
     }
     std::int32_t day = iBad;
     if (rsData->isEndOfFile())
-        // One text for both helpers: the second one names the first, and is meant to.
+        // Deliberate: both helpers show this text, although the second one is not getLastScheduleDay.
         headingBox(m_app, "getLastScheduleDay で０件取得", own.session->sErrMsg());
     else
         day = rule.dayOf(rsData->Value(rsData->fieldIndex(rule.column)), m_app.regional);
     close(*own.session, rsData);
     return day;
 } catch (const RuntimeError &error) {
-    // No box: the text stays in the form, and the row drops out like any other whose day differs.
+    // No box: the text is kept in the form, and the row is left out as if its day differed.
     csErrMsg = heading(rule) + numberLineText(error);
     return iBad;
 }

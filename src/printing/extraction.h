@@ -11,16 +11,16 @@ namespace inin {
 
 class LetterReader;
 
-/// The value that is appended right behind a piece of a statement, numbers as plain digits.
+/// The value that is appended directly after a piece of a statement, numbers in plain digits.
 enum class Behind { nothing, iKyotenCd, iKyotenEb, lowerBound, upperBound, nKanjaNo };
 
-/// A statement is one text, appended piece by piece; the pieces carry their own blanks.
+/// A statement is one text, appended piece by piece; the pieces include their blanks.
 struct SqlPiece {
     std::string_view text;
     Behind behind = Behind::nothing;
 };
 
-/// What a statement depends on besides its rule.
+/// The inputs of a statement other than its rule.
 struct ExtractionQuery {
     std::int16_t iKyotenCd = 0;
     std::int16_t iKyotenEb = 0;
@@ -33,7 +33,7 @@ struct ExtractionQuery {
     VisitBounds bounds;
 };
 
-/// How the day of a patient's last visit in a month is found.
+/// The query for the day of a patient's last visit in a month.
 struct LastVisitRule {
     const char *procedure;
     std::span<const SqlPiece> pieces;
@@ -42,20 +42,20 @@ struct LastVisitRule {
     std::int32_t (*dayOf)(const Variant &visit, const Regional &regional);
 };
 
-/// In what one extraction differs from the others.
+/// The differences of one extraction from the others.
 struct ExtractionRule {
     const char *procedure;
     const char *openFailureHeading;
     std::string_view head;
-    std::string_view singleHead; ///< in place of head where the report kind takes a single letter
+    std::string_view singleHead; ///< replaces head if the report kind prints a single letter
     std::string_view accountPiece;
     std::string_view from;
     std::span<const SqlPiece> visitCondition;
     std::string_view staffColumn;
-    std::string_view openEndedOnly; ///< added while ended patients are left out
+    std::string_view openEndedOnly; ///< added unless ended patients are included
     std::string_view order;
     VisitBounds (*bounds)(const TargetDate &target, const Regional &regional);
-    const LastVisitRule *lastVisit; ///< only a patient whose last visit is on the target day, nullptr for all
+    const LastVisitRule *lastVisit; ///< only patients whose last visit is on the target day; nullptr for all
     std::string (*lastTreatmentDay)(LetterReader &reader, const LetterDates &dates);
 };
 

@@ -53,7 +53,7 @@ constexpr SqlPiece kActualOnDay[] = {
     {" AND JISSEKI.tServicyDayStart < '", Behind::upperBound},
     {"' "},
 };
-/// Ended patients stay away whatever the screen's check box says.
+/// Deliberate: ended patients are left out whatever the state of chkExpireDay.
 constexpr SqlPiece kNotEnded[] = {{" AND RIYOUSHA.tExpireDay IS NULL  "}};
 
 constexpr SqlPiece kScheduleOfPatient[] = {

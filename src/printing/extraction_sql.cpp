@@ -4,7 +4,7 @@ namespace inin {
 
 namespace {
 
-/// The report kind that takes a single letter.
+/// The report kind that prints a single letter.
 constexpr std::int16_t kSingleLetterKind = 1;
 constexpr std::int16_t kHeadOffice = 1;
 
@@ -14,7 +14,7 @@ constexpr SqlPiece kHeadOfficeColumns[] = {
 };
 constexpr std::string_view kHeadOfficeKinds = " CORP.iKinSyubetsu, CORP.iKinSiten ";
 
-/// A column of the agent's row, or of the group-billing company's where the patient is billed in a group.
+/// A column of the agent's row, or of the group-billing company's if the patient is billed in a group.
 struct AgentColumn {
     std::string_view column;
     std::string_view alias;
@@ -40,7 +40,7 @@ constexpr SqlPiece kCompanyJoin[] = {
 };
 constexpr std::string_view kHeadOfficeRow = " AND CORP.iType = 0 ";
 constexpr std::string_view kAgentRow = " AND CORP.nIDNo = RIYOUSHA.nDairiID ";
-/// The joins stand in every statement, also where no column uses them; then the conditions that all share.
+/// Every statement has these joins, even if no column uses them. The conditions common to all statements follow.
 constexpr SqlPiece kGroupJoinsAndBranch[] = {
     {" LEFT JOIN RIYOUSHA_SUB ON "},
     {"          RIYOUSHA_SUB.nIDNo = RIYOUSHA.nIDNo "},
@@ -102,7 +102,7 @@ void appendCompanyColumns(std::string &sql, const ExtractionRule &rule, const Ex
     }
 }
 
-/// A filter counts from 1 on: an empty box is -1, and 0 stands for everybody.
+/// Only a number above 0 is a condition: an empty box is -1, and 0 means all patients or all staff.
 void appendFilter(std::string &sql, std::string_view condition, std::int32_t number)
 {
     if (number <= 0) return;

@@ -7,7 +7,7 @@ namespace inin {
 
 namespace {
 
-/// As a 32-bit number: a year beyond it is error 6.
+/// Converted to a 32-bit number; a year too large for it is error 6.
 std::string visitNumber(std::int32_t year, std::int32_t month, std::int32_t day)
 {
     return std::to_string(toLong(year * 10000.0 + month * 100.0 + day));

@@ -8,7 +8,7 @@
 
 namespace inin {
 
-/// The date that a run asks for: its text and its parts.
+/// The target date of a run: its text and its parts.
 struct TargetDate {
     TargetDate(const std::string &csTargetDate, const Regional &regional);
     std::string text;
@@ -17,7 +17,7 @@ struct TargetDate {
     std::int32_t day;
 };
 
-/// Bounds of the visits as they stand in a statement; whether the upper one counts is the statement's affair.
+/// Bounds of the visits as a statement writes them; the statement decides whether the upper one is included.
 struct VisitBounds {
     std::string lower;
     std::string upper;
@@ -26,11 +26,11 @@ struct VisitBounds {
 // Bounds for SCHEDULE.nDate, which is year * 10000 + month * 100 + day.
 [[nodiscard]] VisitBounds scheduleMonth(const TargetDate &target, const Regional &regional);
 [[nodiscard]] VisitBounds scheduleDay(const TargetDate &target, const Regional &regional);
-// Bounds for JISSEKI.tServicyDayStart, up to below the upper one.
+// Bounds for JISSEKI.tServicyDayStart; the upper one is excluded.
 [[nodiscard]] VisitBounds jissekiMonth(const TargetDate &target, const Regional &regional);
 [[nodiscard]] VisitBounds jissekiDay(const TargetDate &target, const Regional &regional);
 [[nodiscard]] VisitBounds noBounds(const TargetDate &target, const Regional &regional);
-// Bounds of the day helpers. The one of SCHEDULE begins at day 00, the extraction's at 01.
+// Bounds of the day helpers. Deliberate: the one of SCHEDULE starts at day 00, that of the extraction at 01.
 [[nodiscard]] VisitBounds scheduleMonthFromZero(std::int32_t nYear, std::int32_t nMonth, const Regional &regional);
 [[nodiscard]] VisitBounds jissekiMonthByDates(std::int32_t nYear, std::int32_t nMonth, const Regional &regional);
 
@@ -39,7 +39,7 @@ struct VisitBounds {
 /// The last day of the target month as default text.
 [[nodiscard]] std::string lastOfMonthText(const TargetDate &target, const Regional &regional);
 
-/// The texts of dates that all letters of a run share.
+/// The date texts that all letters of a run share.
 struct LetterDates {
     TargetDate target;
     std::string periodStart;

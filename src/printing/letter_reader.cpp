@@ -8,7 +8,7 @@ namespace inin {
 
 namespace {
 
-/// By Column.
+/// Indexed by Column.
 constexpr std::string_view kColumnNames[] = {
     "nIDNo",         "HokenName",   "RiyouName",     "RiyouAdd",      "CorpName",         "CorpAdd",
     "cDaihyo",       "cTelNo",      "cKinyuName",    "iKinSyubetsu",  "cKinyuSiten",      "iKinSiten",
@@ -81,7 +81,7 @@ std::string lastDayOfSchedule(LetterReader &reader, const LetterDates &dates)
     return dateText(DateSerial(dates.target.year, dates.target.month, day), reader.regional());
 }
 
-/// A two-digit year, unlike every other date of the letter.
+/// Deliberate: a two-digit year, unlike every other date of the letter.
 std::string lastDayOfJisseki(LetterReader &reader, const LetterDates & /*dates*/)
 {
     return formatText(reader.text(Column::tServicyDayStart), "yy/MM/dd", reader.regional());
@@ -92,7 +92,7 @@ std::string targetDay(LetterReader & /*reader*/, const LetterDates &dates)
     return dates.target.text;
 }
 
-/// This extraction knows no visit.
+/// This extraction reads no visits, so the end of the period replaces the last treatment day.
 std::string endOfPeriod(LetterReader & /*reader*/, const LetterDates &dates)
 {
     return dates.periodEnd;

@@ -10,7 +10,7 @@
 
 namespace inin {
 
-/// Columns of an extraction that are read, in the order in which a letter needs them.
+/// Columns of an extraction, in the order in which a letter reads them.
 enum class Column : std::size_t {
     nIDNo,
     HokenName,
@@ -37,8 +37,8 @@ enum class Column : std::size_t {
     count
 };
 
-/// Reads the current row of an extraction. A column's place is looked up when it is first read, so an empty result
-/// never misses a column.
+/// Reads the current row of an extraction. A column's index is looked up at its first read, so that an empty result
+/// with a missing column is no error.
 class LetterReader {
 public:
     LetterReader(const Recordset &rsData, const Regional &regional) : m_rsData(rsData), m_regional(regional) {}
@@ -47,7 +47,7 @@ public:
     [[nodiscard]] std::int32_t number(Column column);
     [[nodiscard]] const Regional &regional() const { return m_regional; }
 
-    /// Fills the letter's fields one after the other; those before a failing one stay filled.
+    /// Fills the letter's fields in order; those before a failing one stay filled.
     void fill(IninRow &letter, const ExtractionRule &rule, const LetterDates &dates);
 
 private:
@@ -59,7 +59,7 @@ private:
     std::array<std::optional<std::size_t>, static_cast<std::size_t>(Column::count)> m_places;
 };
 
-// The last treatment day, by extraction.
+// The last treatment day, one function per extraction.
 [[nodiscard]] std::string lastDayOfSchedule(LetterReader &reader, const LetterDates &dates);
 [[nodiscard]] std::string lastDayOfJisseki(LetterReader &reader, const LetterDates &dates);
 [[nodiscard]] std::string targetDay(LetterReader &reader, const LetterDates &dates);

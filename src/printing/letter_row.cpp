@@ -17,7 +17,7 @@ const std::array<IninField, 20> kIninFields = {
 
 namespace {
 
-// Words by kind, counted from 1. The letter has its own short ones for accounts; banks are spelled as everywhere.
+// Words by kind, counted from 1. The account words are specific to the letter; the bank words are those of the suite.
 constexpr std::string_view kKozaWords[] = {"(普)", "(当)", "(通)", "(別)"};
 
 std::string_view wordOf(std::span<const std::string_view> words, std::int32_t kind)
@@ -26,7 +26,7 @@ std::string_view wordOf(std::span<const std::string_view> words, std::int32_t ki
     return words[static_cast<std::size_t>(kind) - 1];
 }
 
-/// Takes exactly the room that it needs: a run may keep tens of thousands of these.
+/// Allocates exactly the size needed: a run may keep tens of thousands of these.
 std::string joined(std::initializer_list<std::string_view> parts)
 {
     std::size_t size = 0;

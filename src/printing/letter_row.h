@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// One proxy letter: twenty ready-made texts, in the order of the CSV's columns.
+/// One proxy letter: twenty finished texts, in the order of the CSV's columns.
 struct IninRow {
     std::string 対象開始日;
     std::string 対象終了日;
@@ -37,14 +37,14 @@ struct IninRow {
 using IninField = std::string IninRow::*;
 extern const std::array<IninField, 20> kIninFields;
 
-/// Word of a kind of bank: 1 銀行, 2 金庫, 3 農協, 4 郵便局, else empty.
+/// The word of a kind of bank: 1 銀行, 2 金庫, 3 農協, 4 郵便局, else empty.
 [[nodiscard]] std::string_view csKinyuKind(std::int16_t iKind);
-/// Word of a kind of bank office: 1 本店, 2 支店, 3 本所, 4 支所, 5 出張所, else empty.
+/// The word of a kind of bank office: 1 本店, 2 支店, 3 本所, 4 支所, 5 出張所, else empty.
 [[nodiscard]] std::string_view csSitenKind(std::int16_t iKind);
 /// Bank, its word, two blanks, office, its word.
 [[nodiscard]] std::string bankLine(std::string_view cKinyuName, std::int16_t iKinSyubetsu, std::string_view cKinyuSiten,
                                    std::int16_t iKinSiten);
-/// Empty when the bank line is blank; else always spelled 銀行 and 支店, whatever the kinds say.
+/// Empty if the bank line is blank. Deliberate: otherwise always 銀行 and 支店, whatever the kinds are.
 [[nodiscard]] std::string secondBankLine(std::string_view bankLine, std::string_view cKinyuName,
                                          std::string_view cKinyuSiten);
 /// (普), (当), (通), (別) or nothing, one blank, the number: never empty.

@@ -20,7 +20,7 @@ enum class Seen { yes, no };
 
 } // namespace
 
-/// One line of the screen's design. The tab order is the order in which a person walks the screen.
+/// One row of the screen's design table. The tab order is the order in which the operator moves through the screen.
 struct PrintControls::Design {
     Control &control;
     Control *container;

@@ -8,11 +8,11 @@
 
 namespace inin {
 
-/// The number of a list's first entry, the one that limits nothing.
+/// The number of a list's first entry, which sets no condition.
 inline constexpr std::int32_t kNoChoice = -1;
 
-/// The controls of the conditions screen, frame by frame from the top. Their design state (captions, tab order,
-/// formats, what is hidden) is the table in print_controls.cpp.
+/// The controls of the conditions screen, frame by frame from the top. Their initial state (captions, tab order,
+/// formats, hidden controls) is the table in print_controls.cpp.
 class PrintControls {
 public:
     PrintControls();
@@ -73,7 +73,7 @@ public:
     MenuEntry mnDispHelp{"mnDispHelp"};
 
 protected:
-    /// All controls from the top of the screen down, each behind its container.
+    /// All controls from the top of the screen down, each after its container.
     [[nodiscard]] const std::vector<Control *> &designed() const { return m_designed; }
 
 private:

@@ -21,7 +21,8 @@ frmPrintInin::frmPrintInin(App &app) : Form("frmPrintInin"), m_app(app)
     wireEvents();
 }
 
-/// Each event's way to its procedure. The change of a date box shows its month, whichever target is marked.
+/// Connects each event to its procedure. A change of either date box updates the month label, whichever target is
+/// selected.
 void frmPrintInin::wireEvents()
 {
     optPrint.onClick = [this](std::int16_t Index) { optPrint_Click(Index); };

@@ -21,34 +21,34 @@ struct LetterDates;
 struct StartedSession;
 struct TargetDate;
 
-/// The only working window: gathers the conditions of a print run, runs it and keeps its rows.
+/// The only working window: reads the conditions of a print run, executes it and keeps its rows.
 class frmPrintInin : public Form, public PrintControls {
 public:
     explicit frmPrintInin(App &app);
 
-    /// The head office, filled by the load. It lives as long as the process, like the form; nothing here reads it.
+    /// The head office, filled by the load. It lives as long as the process, like the form; this form does not read it.
     CompanyRecord company;
 
-    // Form-level fields, in their given order. All live as long as the form; a run overwrites them.
-    std::unique_ptr<cT_ADODB> session; ///< nothing until the load has connected
+    // Form-level fields, in their required order. All live as long as the form; a run overwrites them.
+    std::unique_ptr<cT_ADODB> session; ///< null until the load has connected
     std::string csErrMsg;              ///< last error text of setStuff and of the two day helpers
-    std::vector<IninRow> aIninRow;     ///< the letter rows of the last extraction
-    std::int16_t iRowCount = 0;        ///< how many of them count
+    std::vector<IninRow> aIninRow;     ///< rows of the last extraction; a run without an extraction prints them again
+    std::int16_t iRowCount = 0;        ///< how many of them are valid
     std::string csTargetDate;
     std::int16_t iTgtDateKind = 0;   ///< 1 target month, 2 last treatment day, 3 no period
     std::int16_t iObjectKind = 0;    ///< 1 planned data, 2 actual data, 3 none
     std::int16_t iDspPeriodKind = 0; ///< 1 month start to month end, 2 entered period
     std::int16_t iTrustKind = 0;     ///< 1 head-office data, 2 agent data
     std::int16_t iHokenIndex = 0;    ///< list position of cmbHoken
-    std::int16_t iPeriodFromDay = 0; ///< read by nothing
-    std::int16_t iPeriodToDay = 0;   ///< read by nothing
-    std::int32_t nStaffNo = 0;       ///< -1 when the box is empty
-    std::int32_t nKanjaNo = 0;       ///< -1 when the box is empty
+    std::int16_t iPeriodFromDay = 0; ///< set, but never read
+    std::int16_t iPeriodToDay = 0;   ///< set, but never read
+    std::int32_t nStaffNo = 0;       ///< -1 if the box is empty
+    std::int32_t nKanjaNo = 0;       ///< -1 if the box is empty
     std::int16_t iExpireKind = 0;
     std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
     std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered
 
-    // Events of the options and lists; what each does to which control is the table in screen_rules.cpp.
+    // Events of the options and lists; their effects on the controls are the table in screen_rules.cpp.
     void optPrint_Click(std::int16_t Index);
     void optObject_Click(std::int16_t Index);
     void optTgtDate_Click(std::int16_t Index);
@@ -58,17 +58,17 @@ public:
     void cbSejyutsu_Click();
     void chkChushi_Click();
 
-    // Events of the search buttons and of the return key in a number box.
+    // Events of the search buttons and of the number boxes, in which only the return key has an effect.
     void btn_StaffSelect_Click();
     void btn_KanjaSelect_Click();
     void imNum_StaffNo_KeyPress(std::int16_t KeyCode);
     void imNum_CD_KeyPress(std::int16_t KeyCode);
-    /// Lets a staff member be picked and writes the number to the box and the list, if given. The number, or -1 when
-    /// nobody was picked.
+    /// Shows the staff search and puts the chosen number into the box and the list, if given. Returns the number, or -1
+    /// without a choice.
     std::int32_t iSelectStaff(NumberBox *box = nullptr, ListBox *list = nullptr);
-    /// Chooses the list's entry of a typed staff number. 0, or -1 after a box.
+    /// Checks a typed staff number and selects its entry in the list. 0, or -1 after a box.
     [[nodiscard]] std::int16_t iChkStaffNo(std::int32_t nIDNo, ListBox &list);
-    /// Lets a patient be picked; leaving the window means everybody.
+    /// Shows the patient search; leaving it without a choice selects all patients.
     void iSelectKanja();
 
     // Events of the commands.
@@ -79,14 +79,15 @@ public:
     void mnDispHelp_Click();
     void btnPrint_Click(std::int16_t Index);
 
-    /// Fills the staff list of this branch from the screen's session; with chkChushi ticked, those who have stopped too.
-    /// 0, or -1 with the words in csErrMsg.
+    /// Fills the staff list of this branch through the screen's session, including former staff while chkChushi is
+    /// ticked. 0, or -1 with the error text in csErrMsg.
     [[nodiscard]] std::int16_t setStuff();
-    /// Fills the list of insurance kinds on a session of its own. 0 or -1; only a failed connection shows a box.
+    /// Fills the list of insurance kinds, on a session of its own; the name is historical. 0 or -1. A failed session
+    /// shows its own box, and the load shows a second one for every failure.
     [[nodiscard]] std::int16_t nGetFutanKingaku();
-    /// Marks the options as "印刷設定.ini" says and fires their clicks: 1 read, 0 not.
+    /// Sets the options from "印刷設定.ini", which fires their clicks: 1 read, 0 not.
     std::int32_t iLoadPrintSetting();
-    /// Writes the kinds and the marks to "印刷設定.ini".
+    /// Writes the kinds and the selected options to "印刷設定.ini".
     void iSavePrintSetting();
 
     /// The whole run: 1 prints through the tool's dialog, 0 previews.
@@ -96,14 +97,14 @@ public:
     /// Replaces "委任状.csv" by the rows 0 to iRowCount - 1; file errors go to the caller.
     void saveCSVInin();
 
-    // The five extractions: 0 when the query ran, even without rows, else -1 after a box.
+    // The five extractions: 0 if the query ran, even without rows, else -1 after a box.
     [[nodiscard]] std::int16_t iGetKanjaDataMonth();
     [[nodiscard]] std::int16_t iGetKanjaDataMonth_Jisseki();
     [[nodiscard]] std::int16_t iGetKanjaDataDay();
     [[nodiscard]] std::int16_t iGetKanjaDataDay_Jisseki();
     [[nodiscard]] std::int16_t iGetKanjaDataNoPeriod();
 
-    /// Day of the month of the patient's last planned visit in the month, -1 for none or a failure.
+    /// Day of the month of the patient's last planned visit in the month; -1 for none or a failure.
     [[nodiscard]] std::int32_t getLastScheduleDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth);
     /// The same for the actual visits.
     [[nodiscard]] std::int32_t getLastJissekieDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth);
@@ -113,7 +114,7 @@ public:
 
 protected:
     void Form_Load() override;
-    /// Disconnects, hands back to "Main.exe" and ends the process.
+    /// Disconnects, starts "Main.exe" again and ends the process.
     void Form_Unload(std::int16_t &Cancel) override;
 
 private:
@@ -121,9 +122,9 @@ private:
     void runClickRule(OptionGroup PrintControls::*group, std::int16_t Index);
     void runReportedRule(OptionGroup PrintControls::*group, std::int16_t Index, const char *csFuncName);
     void showPeriodMonth(const DateBox &date);
-    /// The form's own null-safe conversion: the result is 0 for NULL and for what is no 32-bit number.
+    /// The form's own null-safe conversion: 0 for NULL and for anything that is not a 32-bit number.
     void nNullToLong(const Variant &vValue, std::int32_t &nResult) const;
-    // The report kind and the signature kind, as the options are marked.
+    // The report kind and the signature kind of the selected options.
     [[nodiscard]] std::int16_t markedPrintKind();
     [[nodiscard]] std::int16_t markedSyomeiKind();
     void setDates();
@@ -142,7 +143,7 @@ private:
                                             std::int32_t nMonth);
 
     App &m_app;
-    std::uint64_t m_csvSize = 0; ///< bytes of the CSV that was written last
+    std::uint64_t m_csvSize = 0; ///< size in bytes of the last CSV
 };
 
 } // namespace inin

@@ -8,7 +8,7 @@ namespace inin {
 
 namespace {
 
-/// The date that a text of plain digits names, as the date boxes read what the load writes into them.
+/// Converts the text "year/month/day" in plain digits, as the date boxes do with the text that the load assigns.
 Date dateFromDigits(std::int16_t year, std::int16_t month, std::int16_t day, const Regional &regional)
 {
     return toDate(std::to_string(year) + "/" + std::to_string(month) + "/" + std::to_string(day), regional);
@@ -26,17 +26,19 @@ void frmPrintInin::Form_Load()
     setDates();
     loadInitCorp(m_app, company);
     iLoadPrintSetting();
+    // Deliberate double box: without a connection both the company preload and the screen report it.
     if (!connectScreen()) return;
     if (setStuff() != iGood) {
         m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");
         unload();
         return;
     }
+    // Deliberate double report: a failed session in nGetFutanKingaku has already shown its own box.
     if (nGetFutanKingaku() != iGood)
         m_app.platform.boxes.show("保険区分の取得に失敗しました。", Icon::critical, "初期設定");
 }
 
-/// Today is read anew for each box.
+/// Deliberate: the clock is read again for each box.
 void frmPrintInin::setDates()
 {
     Clock &clock = m_app.platform.clock;
@@ -49,7 +51,7 @@ void frmPrintInin::setDates()
     imSyomei.Value = imSetDateFrom.Value;
 }
 
-/// Opens the screen's session. One that could not connect stays in the field, as the unload expects it.
+/// Opens the screen's session. A session that could not connect stays in the field; the unload disconnects it as well.
 bool frmPrintInin::connectScreen()
 {
     StartedSession started = startSession(m_app, "Form_Load() でエラー");
@@ -64,7 +66,7 @@ void frmPrintInin::Form_Unload(std::int16_t & /*Cancel*/)
         static_cast<void>(session->iDisConnect()); // the process ends either way
         session.reset();
     }
-    // The argument tells the menu program that it is entered again.
+    // The argument 2 is part of the protocol with the menu program: it marks a return from another program.
     m_app.platform.processes.start(m_app.gcsAppPath + "\\Main.exe 2", WindowStyle::normalFocus);
     m_app.platform.processes.end();
 }

@@ -19,7 +19,7 @@ struct ReportKind {
     std::int16_t iPrintKind;
     const char *formDocument;
 };
-/// The last one serves any other kind.
+/// The last row serves any other kind.
 constexpr ReportKind kReportKinds[] = {{1, "委任状23.wfd"}, {2, "委任状37_高松市.wfd"}, {0, "委任状37_01.wfd"}};
 
 std::string formDocumentOf(std::int16_t iPrintKind)
@@ -37,7 +37,8 @@ struct Dispatch {
     Extraction extraction;
 };
 constexpr std::int16_t kAnyKind = 0;
-/// Planned or actual data without a period has no extraction: the rows of the run before go out again.
+/// Deliberate: planned or actual data without a period has no extraction. The run prints the rows of the previous run,
+/// or reports that there are none.
 constexpr Dispatch kDispatch[] = {
     {3, kAnyKind, &frmPrintInin::iGetKanjaDataNoPeriod}, {1, 1, &frmPrintInin::iGetKanjaDataMonth},
     {2, 1, &frmPrintInin::iGetKanjaDataMonth_Jisseki},   {1, 2, &frmPrintInin::iGetKanjaDataDay},
@@ -67,6 +68,7 @@ void frmPrintInin::vRunPrint(std::int16_t iPrintMode)
         return;
     }
     setMousePointer(kPointerHourglass);
+    // Deliberate double box: iGetPrintCond has already shown the run-time error.
     if (iGetPrintCond() != iGood)
         m_app.platform.boxes.show("印刷条件の取得に失敗しました。", Icon::information);
     else if (findLetters())
@@ -74,10 +76,12 @@ void frmPrintInin::vRunPrint(std::int16_t iPrintMode)
     setMousePointer(kPointerDefault);
 }
 
-/// True when there are letters to print; else the pointer is the default one already.
+/// True if there are letters to print; otherwise the pointer is already reset, and the caller deliberately resets it
+/// again.
 bool frmPrintInin::findLetters()
 {
     const std::int16_t status = runExtraction(*this);
+    // Deliberate double box: a failed extraction has already shown its own.
     if (status != iGood)
         m_app.platform.boxes.show("患者データの取得に失敗しました。", Icon::information);
     else if (iRowCount == 0)
@@ -92,13 +96,18 @@ void frmPrintInin::outputLetters(std::int16_t iPrintMode)
 {
     RunFile run(m_app);
     if (!run.lock()) return;
+    // A file error, such as a CSV that another program holds open, is deliberately not trapped here: it ends the
+    // program.
     saveCSVInin();
     run.setLetters(m_csvSize, iRowCount);
+    // An entry in "帳票Format.ini" replaces the form document of every report kind. The query still depends on
+    // iPrintKind.
     std::string form = csGetFormatFile(m_app, kReport, kReport);
     if (form.empty()) form = formDocumentOf(iPrintKind);
     cls_WfdPrintExe output(m_app);
     if (output.iInit(csSysDir(m_app) + form, kReport) == iGood) {
-        // Whether a tool started is known to nobody but the object: the run ends as a success either way.
+        // The results are deliberately ignored: a tool that did not start is visible only in sErrMsg, and the run ends
+        // as a success either way.
         static_cast<void>(output.iSetDataText(1, kReport, kCsvFile));
         if (iPrintMode != 0)
             output.iPrintDialog(0);
@@ -120,7 +129,7 @@ try {
     readPeriodKind();
     nKanjaNo = numberOrMinusOne(imNum_CD.Value, m_app.regional);
     nStaffNo = numberOrMinusOne(imNum_StaffNo.Value, m_app.regional);
-    // The position in the list goes into the SQL, not the entry's number.
+    // Deliberate: the SQL uses the position in the list, not the entry's item data.
     iHokenIndex = cmbHoken.ListIndex;
     iExpireKind = chkExpireDay.Value;
     iPrintKind = markedPrintKind();
@@ -157,7 +166,7 @@ void frmPrintInin::readTargetDate()
     }
 }
 
-/// The day boxes are hidden and their days read by nothing, but a failure here still ends the run.
+/// The day boxes are hidden and the fields are never read, but a failure here still ends the run.
 void frmPrintInin::readPeriodKind()
 {
     iDspPeriodKind = optDspPeriod(0).Value ? 1 : 2;

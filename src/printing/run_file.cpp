@@ -14,9 +14,9 @@ constexpr const char *kRunFile = "委任状.run";
 constexpr const char *kFirstLine = "PrintInin run 1\n";
 constexpr std::string_view kHolder = "holder ";
 constexpr std::size_t kComputerNameCapacity = 256;
-constexpr std::size_t kMostBytes = 1024; // far more than the lines of a run
+constexpr std::size_t kMostBytes = 1024; // far more than the lines of a run need
 
-// Three seconds: most runs are over by then. Counted, because a clock can stand still or be set back.
+// Three seconds: most runs are over by then. Attempts are counted because a clock can stop or be set back.
 constexpr int kAttempts = 30;
 constexpr std::chrono::milliseconds kPause{100};
 
@@ -38,7 +38,7 @@ try {
           "\n");
     return true;
 } catch (const RuntimeError &) {
-    return true; // a path that cannot be used is reported by the CSV
+    return true; // the CSV reports an unusable path
 }
 
 bool RunFile::isBusy()
@@ -57,7 +57,7 @@ bool RunFile::isBusyForSeconds()
     return false;
 }
 
-/// In the operator's words: "RECEPTION1（プロセス 1234）".
+/// The holder for the operator: "RECEPTION1（プロセス 1234）".
 std::string RunFile::holder()
 try {
     const std::string text = m_app.platform.files.openForInput(m_path)->read(kMostBytes);
@@ -80,7 +80,7 @@ void RunFile::write(const std::string &lines)
 try {
     if (m_file) m_file->write(lines);
 } catch (const RuntimeError &) {
-    // On a full disk the CSV fails as well, and reports it. The lock stays.
+    // On a full disk the CSV fails as well and reports it. The lock remains.
 }
 
 } // namespace inin

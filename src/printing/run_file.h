@@ -8,8 +8,8 @@
 
 namespace inin {
 
-/// "委任状.run" beside the CSV. A run locks it from the removal of the old CSV until the form tool is started, so that two
-/// programs on one site do not mix their letters and scripts. The file stays and describes the last run; the form viewer
+/// "委任状.run" next to the CSV. A run locks it from the removal of the old CSV until the form tool is started, so that two
+/// programs on one site do not mix their letters and scripts. The file remains and describes the last run; the form viewer
 /// compares it with the CSV:
 ///
 ///     PrintInin run 1
@@ -17,14 +17,14 @@ namespace inin {
 ///     csv 54321
 ///     letters 273
 ///
-/// Each line ends with LF. `holder` is the computer's name and the number of the process, `csv` the size of the finished
-/// CSV in bytes, `letters` the number of letters in it. The last two lines are missing while the CSV is being written.
-/// Where the file cannot be created or locked, the run goes on without it.
+/// Each line ends with LF. `holder` is the computer's name and the process id, `csv` the size of the finished CSV in bytes,
+/// `letters` the number of letters in it. The last two lines are missing while the CSV is being written.
+/// If the file cannot be created or locked, the run continues without it.
 class RunFile {
 public:
     explicit RunFile(App &app) : m_app(app) {}
-    /// Waits a few seconds for the run of another program, then asks the operator whether to try again. False when the
-    /// operator gave up.
+    /// Waits a few seconds for the run of another program, then offers the operator a retry. False if the operator
+    /// cancels.
     [[nodiscard]] bool lock();
     void setLetters(std::uint64_t csvSize, std::int16_t letters);
     void unlock() { m_file.reset(); }
@@ -37,7 +37,7 @@ private:
 
     App &m_app;
     std::string m_path;
-    std::unique_ptr<OutputFile> m_file; ///< null while it is not locked
+    std::unique_ptr<OutputFile> m_file; ///< null while not locked
 };
 
 } // namespace inin

@@ -8,7 +8,7 @@ void frmPrintInin::mnVer_Click()
 {
     frmVer window(m_app);
     window.iSystemId = kOwnSystemId;
-    // Touching a control of a window loads it first.
+    // Accessing a control of a window loads the window first.
     window.load();
     window.laVer.Caption = Caption;
     m_app.platform.windows.show(window, Modality::modal);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char *kNoChoiceText = "－ 指定なし －";
 
-/// Both lists open with the entry that limits nothing. Choosing it in the end fires the click of the staff list.
+/// Fills a list after a first entry that sets no condition. Selecting that entry fires the click of the staff list.
 template <class Item> void fillList(ListBox &list, std::int32_t count, Item &&item)
 {
     list.Clear();
@@ -30,7 +30,7 @@ try {
         csErrMsg = words;
         return iBad;
     };
-    // Without a session the table class would find out at its first read, with the same words.
+    // Without a session the table class would fail at its first read with the same text.
     if (!session) throw RuntimeError(error_number::objectNotSet);
     cT_STAFF staff(m_app);
     if (staff.iInit(*session) != iGood) return failed("setStuff でエラー" + staff.sErrMsg());
@@ -48,7 +48,7 @@ try {
     return iBad;
 }
 
-/// A list that cannot be filled to its end stays as far as it came.
+/// On a failure the entries added so far remain. A failed session shows its box here, and the load adds a second box.
 std::int16_t frmPrintInin::nGetFutanKingaku()
 try {
     const StartedSession own = startSession(m_app, "nGetFutanKingaku() でエラー");

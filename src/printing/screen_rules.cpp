@@ -12,17 +12,17 @@ namespace {
 
 using Screen = PrintControls;
 
-/// As many controls as the longest step has; the rest stays null.
+/// The size is that of the longest step; unused elements are null.
 using Controls = std::array<ControlPick, 7>;
 
 enum class Does { nothing, enable, disable, mark, showMonth };
 
 struct Step {
     Does does = Does::nothing;
-    Controls controls{};                  ///< enable, disable
-    OptionGroup Screen::*group = nullptr; ///< mark: the option Index of this group
-    std::int16_t Index = 0;               ///< mark
-    DateBox Screen::*date = nullptr;      ///< showMonth
+    Controls controls{};                  ///< for enable and disable
+    OptionGroup Screen::*group = nullptr; ///< for mark: selects the option Index of this group
+    std::int16_t Index = 0;               ///< for mark
+    DateBox Screen::*date = nullptr;      ///< for showMonth
 };
 
 constexpr Step enable(const Controls &controls)
@@ -42,7 +42,7 @@ constexpr Step showMonth(DateBox Screen::*date)
     return {Does::showMonth, {}, nullptr, 0, date};
 }
 
-/// As many steps as the longest rule has, in their order.
+/// The size is that of the longest rule; the order counts.
 using Steps = std::array<Step, 5>;
 
 constexpr Controls kTrustAndPeriod = {pickOption<&Screen::optTrust, 0>,     pickOption<&Screen::optTrust, 1>,
@@ -68,21 +68,21 @@ constexpr Steps kByMonth = {enable(kMonth), disable(kLastDay), enable(kTargetDat
 constexpr Steps kByLastDay = {disable(kMonth), enable(kLastDay), enable(kTargetData), showMonth(&Screen::imD_LastDay)};
 constexpr Steps kWithoutPeriod = {disable(kMonth), disable(kLastDay), disable(kTargetData)};
 
-/// What a click on an option does: a kind field first, then the steps.
+/// The effect of a click on an option: a kind field first, then the steps.
 struct ClickRule {
     OptionGroup Screen::*group;
     std::int16_t Index;
     std::int16_t value;
-    std::int16_t frmPrintInin::*kind; ///< becomes the value; null: the group keeps no field
+    std::int16_t frmPrintInin::*kind; ///< receives the value; null: the group has no field
     Steps steps;
 };
 
 constexpr std::int16_t kAnyOther = -1;
 
-/// All click rules of the option groups: event, index, value and kind field, steps. The first line that fits an index
-/// counts; an index without a line does nothing. "Actual data" and "none" give the same kind here: a run looks at the
-/// options themselves. The report lines are blind on purpose. They ask no other group, so a return from the Aichi
-/// format leaves every control enabled until the next click of its own group.
+/// All click rules of the option groups: group, index, value, kind field, steps. The first row that matches the index
+/// applies; an index without a row does nothing. "Actual data" and "none" deliberately give the same kind: a run reads
+/// the options themselves. The report rows are blind on purpose: they read no other group, so that after the Aichi
+/// format every control is enabled until the next click in its own group.
 constexpr ClickRule kClickRules[] = {
     {&Screen::optPrint, 1, 0, nullptr, kTakeConditions},
     {&Screen::optPrint, kAnyOther, 0, nullptr, kGiveConditions},
@@ -114,7 +114,7 @@ void setEnabled(Screen &screen, const Controls &controls, bool isEnabled)
 
 } // namespace
 
-/// Walks the line of the click.
+/// Applies the row of the click.
 void frmPrintInin::runClickRule(OptionGroup PrintControls::*group, std::int16_t Index)
 {
     const ClickRule *rule = ruleOf(group, Index);
@@ -138,7 +138,7 @@ void frmPrintInin::runClickRule(OptionGroup PrintControls::*group, std::int16_t 
     }
 }
 
-/// The same under the central box, which names the procedure as the suite's support knows it.
+/// As runClickRule; an error shows the central box under the given procedure name.
 void frmPrintInin::runReportedRule(OptionGroup PrintControls::*group, std::int16_t Index, const char *csFuncName)
 try {
     runClickRule(group, Index);
@@ -168,7 +168,7 @@ void frmPrintInin::optTrust_Click(std::int16_t Index)
 
 void frmPrintInin::optDspPeriod_Click(std::int16_t Index)
 {
-    // It reports itself under its neighbour's name.
+    // Deliberate: it reports errors under the name optObject_Click.
     runReportedRule(&PrintControls::optDspPeriod, Index, "optObject_Click");
 }
 
@@ -177,7 +177,7 @@ void frmPrintInin::optSyomei_Click(std::int16_t Index)
     runClickRule(&PrintControls::optSyomei, Index);
 }
 
-/// An empty box shows no month: that it is empty is told by the run alone.
+/// An empty box shows no month; only the run reports that it is empty.
 void frmPrintInin::showPeriodMonth(const DateBox &date)
 {
     iTPeriodMonth.Caption = csNullToStr(Format(date.Value, "gggee年 mm月", m_app.regional), m_app.regional);
@@ -192,7 +192,7 @@ void frmPrintInin::cbSejyutsu_Click()
 
 void frmPrintInin::chkChushi_Click()
 {
-    static_cast<void>(setStuff()); // the words of a failure stay in csErrMsg, unseen
+    static_cast<void>(setStuff()); // a failure is visible only in csErrMsg
 }
 
 } // namespace inin

@@ -1,4 +1,4 @@
-// How the screen's staff member and patient are picked: by the search windows, or by a number and the return key.
+// Selection of the staff member and the patient: by the search windows, or by a number and the return key.
 
 #include "platform/key_codes.h"
 #include "printing/print_form.h"
@@ -13,7 +13,7 @@ namespace inin {
 namespace {
 
 constexpr std::int32_t kNobody = -1;
-/// What stands beside a patient number of 0: the search was left, so everybody is meant.
+/// The name shown with patient number 0: the search was left without a choice, which means all patients.
 constexpr const char *kEverybody = "(全員)";
 
 } // namespace
@@ -25,7 +25,7 @@ void frmPrintInin::btn_KanjaSelect_Click()
 
 void frmPrintInin::btn_StaffSelect_Click()
 {
-    // The box and the list have it already.
+    // The box and the list are already set.
     static_cast<void>(iSelectStaff(&imNum_StaffNo, &cbSejyutsu));
 }
 
@@ -43,12 +43,14 @@ std::int32_t frmPrintInin::iSelectStaff(NumberBox *box, ListBox *list)
     return staff.nSeledCD;
 }
 
+/// Only the return key starts the staff check; other keys, the tab key and leaving the box do not. An unknown number
+/// shows the box of iChkStaffNo and stays in the number box, and the list keeps its entry.
 void frmPrintInin::imNum_StaffNo_KeyPress(std::int16_t KeyCode)
 try {
     if (KeyCode != kReturnKey) return;
     const Variant &value = imNum_StaffNo.Value;
     const std::int32_t nIDNo = value.isNull() ? 0 : toLong(value, m_app.regional);
-    static_cast<void>(iChkStaffNo(nIDNo, cbSejyutsu)); // it has told its failure itself
+    static_cast<void>(iChkStaffNo(nIDNo, cbSejyutsu)); // it has already shown its failure
 } catch (const RuntimeError &error) {
     m_app.platform.boxes.show("Error:" + error.description(), Icon::none);
 }
@@ -60,6 +62,7 @@ try {
         return iGood;
     }
     cls施術者検索 staff(m_app);
+    // Deliberate double box: after a failed connection or statement iChkStaff has already shown the reason.
     if (staff.iChkStaff(nIDNo, chkChushi.Value) != iGood) {
         m_app.platform.boxes.show("施術者の検索に失敗しました" + staff.CsErrStr(), Icon::critical);
         return iBad;
@@ -80,6 +83,7 @@ try {
         m_app.platform.boxes.show("患者の検索に失敗しました" + patients.CsErrStr(), Icon::critical);
         return;
     }
+    // Deliberate: without a choice the box gets 0, not an empty value; neither is a condition of the run.
     const bool isChosen = status == iGood;
     imNum_CD.Value = isChosen ? patients.nSeledCD : 0;
     lbl_SelKanja.Caption = isChosen ? patients.csSeledName() : kEverybody;
@@ -87,12 +91,12 @@ try {
     m_app.platform.boxes.show(numberedText(error), Icon::none);
 }
 
-/// Nothing is trapped here: the return key in an empty box ends the process.
+/// Deliberately no handler: the return key in an empty box is a failed conversion and ends the process.
 void frmPrintInin::imNum_CD_KeyPress(std::int16_t KeyCode)
 {
     if (KeyCode != kReturnKey) return;
     cls患者検索 patients(m_app);
-    // Without such a patient the label is empty; that is all the screen tells.
+    // For an unknown number the label is empty; the screen reports nothing else.
     static_cast<void>(patients.iSetRiyouName(toLong(imNum_CD.Value, m_app.regional), lbl_SelKanja));
 }
 

@@ -18,7 +18,7 @@ using Screen = PrintControls;
 constexpr const char *kStoreFile = "印刷設定.ini";
 constexpr const char *kSection = "委任状";
 
-/// A kind as the file has it: the option that it marks is one less, and any value beyond the group marks the last.
+/// A kind as stored: the option selected is one less, and a value beyond the group selects its last option.
 struct StoredKind {
     const char *key;
     std::int16_t frmPrintInin::*kind;
@@ -34,16 +34,16 @@ constexpr const char *kSignatureKey = "署名日";
 
 constexpr std::int16_t kDefaultKind = 1;
 
-/// Both orders count: marking fires clicks, and a write that fails ends the writing. The report is read behind the
-/// kinds, so that its enabling wins over theirs.
+/// Both orders matter: selecting an option fires its click, and a failed write ends the writing. The report is read
+/// after the kinds, so that its enabling overrides theirs.
 constexpr std::array kReadOrder = {kObjectKind, kTrustKind, kTgtDateKind, kDspPeriodKind};
 constexpr std::array kWriteOrder = {kTgtDateKind, kObjectKind, kDspPeriodKind, kTrustKind};
 
-/// What is enabled by the option that was read, whether its mark fired a click or stood already.
+/// Enabling by the stored option, whether or not its selection fired a click.
 struct StoredEnabling {
     OptionGroup Screen::*group;
     ControlPick control;
-    std::array<bool, 3> isEnabledAt; ///< by the marked option
+    std::array<bool, 3> isEnabledAt; ///< by index of the option
 };
 constexpr StoredEnabling kEnablings[] = {
     {&Screen::optTgtDate, pick<&Screen::frmObject>, {true, true, false}},
@@ -59,14 +59,14 @@ std::string readText(clsOplIniFile &file, const char *key)
     return rtrim(csCutNul(file.csGetProfileString(kSection, key)));
 }
 
-/// A number beyond 16 bits is an overflow; a text that is none gives the default.
+/// A number beyond 16 bits is an overflow; a non-numeric text gives the default.
 std::int16_t readKind(clsOplIniFile &file, const char *key, const Regional &regional)
 {
     const Variant text = readText(file, key);
     return isNumeric(text) ? toInteger(text, regional) : kDefaultKind;
 }
 
-/// The members are assigned in the order of their indices; the one that becomes marked fires its click.
+/// Assigns the members in the order of their indices; the one that becomes selected fires its click.
 void markStored(Screen &screen, OptionGroup Screen::*member, std::int16_t marked)
 {
     OptionGroup &group = screen.*member;
@@ -124,10 +124,10 @@ try {
 void frmPrintInin::iSavePrintSetting()
 try {
     clsOplIniFile file(m_app.platform);
-    // Without the file the name is kept all the same, and the first write makes it.
+    // Without the file the name is kept all the same, and the first write creates the file.
     static_cast<void>(file.iInit(csDataDir(m_app) + kStoreFile));
     const auto isWritten = [&file](const char *key, int value) {
-        // A refused write gives 0 and passes.
+        // Deliberate: a refused write gives 0 and is not reported.
         return file.iWriteProfileString(kSection, key, std::to_string(value)) != iBad;
     };
     const bool areKindsWritten =

@@ -19,7 +19,7 @@ namespace {
     throw RuntimeError(number);
 }
 
-/// The nearest whole number, halves to the even neighbour. It does not hang on the processor's rounding mode.
+/// The nearest whole number; halves round to even. Independent of the processor's rounding mode.
 double roundedHalfToEven(double value)
 {
     const double below = std::floor(value);
@@ -41,13 +41,13 @@ double doubleOf(const NumberReading &reading)
     using Outcome = NumberReading::Outcome;
     if (reading.outcome == Outcome::mismatch) raise(error_number::typeMismatch);
     if (reading.outcome == Outcome::overflow) raise(error_number::overflow);
-    // A pattern that would be negative as a 32-bit number has no unsigned meaning as a double.
+    // A bit pattern that would be negative as a 32-bit number is out of range here.
     const bool isNegative = reading.bits > std::uint32_t{std::numeric_limits<std::int32_t>::max()};
     if (reading.outcome == Outcome::bits && isNegative) raise(error_number::overflow);
     return reading.value;
 }
 
-/// A text as a whole number: an &H or &O pattern that fits the type's bits is taken as they stand, sign bit included.
+/// Text as a whole number. An &H or &O pattern that fits the type's bits is taken literally, including the sign bit.
 template <std::integral Whole> Whole wholeFromText(std::string_view text)
 {
     const NumberReading reading = readNumber(text);

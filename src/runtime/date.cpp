@@ -46,7 +46,7 @@ struct DayAndSecond {
     std::int32_t second;
 };
 
-/// The whole day and the second of the day, after a carry of a time that rounds to midnight.
+/// The whole day and the second of the day; a time that rounds up to midnight carries over.
 DayAndSecond split(Date date)
 {
     const double whole = std::trunc(date.days());
@@ -82,7 +82,7 @@ bool isRealDay(const DateParts &parts)
     const auto within = [](std::int32_t value, std::int32_t low, std::int32_t high) {
         return value >= low && value <= high;
     };
-    // The ranges come first: calendar types keep a month and a day in a byte.
+    // Check the ranges first: std::chrono stores a month and a day in one byte.
     return within(parts.year, kFirstYear, kLastYear) && within(parts.month, 1, 12) && within(parts.day, 1, 31) &&
            (std::chrono::year{parts.year} / parts.month / parts.day).ok();
 }
@@ -105,8 +105,8 @@ std::int32_t fullYear(std::int32_t year)
 
 Date DateSerial(std::int32_t year, std::int32_t month, std::int32_t day)
 {
-    // Months roll before days. Calendar years are short: whole Gregorian cycles are counted apart, so that any
-    // arguments of 32 bits that lead back to a real day do.
+    // Months are carried before days. std::chrono years are 16 bits wide, so whole Gregorian cycles are counted
+    // separately: any 32-bit arguments that yield a valid day are accepted.
     constexpr std::int64_t kMonthsOfCycle = 4800; // 400 years
     constexpr std::int64_t kDaysOfCycle = 146097;
     const std::int64_t months = std::int64_t{fullYear(year)} * 12 + month - 1;

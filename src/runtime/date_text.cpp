@@ -13,7 +13,7 @@ namespace inin {
 
 namespace {
 
-/// A number of the text; its role is y, m or d where 年, 月 or 日 follows it.
+/// A number in the text; its role is y, m or d if 年, 月 or 日 follows it.
 struct DatePart {
     std::int32_t value = 0;
     char role = '\0';
@@ -34,7 +34,7 @@ struct RoleWord {
 };
 constexpr RoleWord kRoleWords[] = {{"年", 'y'}, {"月", 'm'}, {"日", 'd'}};
 
-/// Orders of three parts, tried from left to right, by the order of the short date.
+/// The three-part orders to try, from left to right, for each order of the short date.
 struct OrderRule {
     std::string_view shortDate;
     std::array<std::string_view, 4> tried;
@@ -46,10 +46,10 @@ constexpr OrderRule kOrderRules[] = {
     {"dmy", {"dmy", "mdy", "ymd", "ydm"}},
 };
 constexpr std::string_view kOrdersOfTwo[] = {"ym", "my"};
-/// Years of an era have two digits.
+/// A year of an era has at most two digits.
 constexpr std::int32_t kLongestEra = 99;
 
-/// The order of y, m and d in a short-date picture.
+/// The order of y, m and d in a short date format.
 std::string orderOf(std::string_view picture)
 {
     std::string order;
@@ -68,7 +68,7 @@ std::span<const std::string_view> ordersOfThree(const Regional &regional)
     return kOrderRules[0].tried;
 }
 
-/// One reading of one text: collects the parts, then finds the order that makes them a day.
+/// Parses one text: collects its parts, then finds an order in which they form a valid day.
 class DateReader {
 public:
     DateReader(std::string_view text, const Regional &regional) : m_scan(text), m_regional(regional) {}
@@ -93,7 +93,7 @@ private:
         return false;
     }
 
-    /// Skips blanks and commas. A comma separates as a blank does, but must not end the text: false where it does.
+    /// Skips blanks and commas. A comma separates like a blank but must not end the text: false if it does.
     bool skipGap()
     {
         bool hasComma = false;
@@ -112,7 +112,7 @@ private:
         return false;
     }
 
-    /// Only where the short date has eras; it stands before the year, and the year before everything else.
+    /// Only if the short date format has eras. An era precedes the year, and the year precedes all other parts.
     bool takeEra()
     {
         if (m_era != nullptr || m_count != 0 || !hasEra(m_regional.shortDate)) return false;
@@ -130,7 +130,7 @@ private:
         return isHourAlone() ? startTime(*number) : addPart(*number);
     }
 
-    /// "9 PM" is a time though it has no colon; in "2024/5/1 午前 9:30" the 1 is none, since a day is still due.
+    /// "9 PM" is a time although it has no colon; in "2024/5/1 午前 9:30" the 1 is not one: the day is still missing.
     bool isHourAlone()
     {
         if (m_hasTime || m_awaiting || (m_count != 0 && m_count != m_found.size())) return false;
@@ -138,7 +138,7 @@ private:
         return takeMeridiem();
     }
 
-    /// A colon, or a point where the short date does not use it.
+    /// A colon, or a point if the short date does not use it.
     bool takeTimeSeparator() { return m_scan.accept(':') || (!isDateSeparator('.') && m_scan.accept('.')); }
 
     bool startTime(std::int32_t hour)
@@ -175,7 +175,7 @@ private:
         return true;
     }
 
-    /// An era that has ended is counted on.
+    /// A year after the end of an era is counted on from its start.
     bool toYearOfEra(DatePart &year) const
     {
         if (year.role != '\0' && year.role != 'y') return false;
@@ -183,7 +183,7 @@ private:
         return true;
     }
 
-    /// A slash, a hyphen, or the point of a short date that uses it.
+    /// A slash or a hyphen, or a point if the short date uses it.
     [[nodiscard]] bool isDateSeparator(char c) const
     {
         return c == '/' || c == '-' || (c == '.' && m_regional.shortDate.find(c) != std::string::npos);
@@ -229,7 +229,7 @@ private:
         for (std::size_t i = 0; i < m_count; ++i) {
             const DatePart &part = m_found[i];
             if (part.role != '\0' && part.role != order[i]) return std::nullopt;
-            // In two parts a bare small number is no year: "5/1" has none.
+            // Of two parts a small number without 年 is not a year: "5/1" has none.
             if (order[i] == 'y' && m_count == 2 && part.role == '\0' && part.value < 100) return std::nullopt;
             (order[i] == 'y' ? year : order[i] == 'm' ? month : day) = part.value;
         }
@@ -249,7 +249,7 @@ private:
     const Regional &m_regional;
     std::array<DatePart, 3> m_found{};
     std::size_t m_count = 0;
-    bool m_awaiting = false; // a separator stands open behind the last part
+    bool m_awaiting = false; // a separator after the last part awaits another part
     bool m_hasTime = false;
     Meridiem m_meridiem = Meridiem::none;
     const Era *m_era = nullptr;

@@ -17,14 +17,14 @@ namespace {
 constexpr std::string_view kDateLetters = "ymdhnsge";
 constexpr std::string_view kDigitLetters = "0#";
 
-/// A piece of a pattern: a run of one letter (upper case folded), or a byte of literal text with letter NUL.
+/// A part of a pattern: a run of one pattern character (in lower case), or a byte of literal text with NUL as `letter`.
 struct Piece {
     char letter = '\0';
     std::size_t count = 0;
     std::string_view text;
 };
 
-/// Walks a pattern of date letters. A backslash makes the next byte literal, double quotes everything between them.
+/// Splits a date pattern. A backslash makes the next byte literal, double quotes the text between them.
 class PatternWalk {
 public:
     explicit PatternWalk(std::string_view pattern) : m_rest(pattern) {}
@@ -68,7 +68,7 @@ bool isDatePattern(std::string_view pattern)
     return false;
 }
 
-/// Writes one Date by the pieces of a pattern.
+/// Writes a Date by the parts of a pattern.
 class DateWriter {
 public:
     explicit DateWriter(Date date) : m_date(dayOf(date)), m_parts(partsOf(date)), m_era(eraOf(m_date)) {}
@@ -114,7 +114,7 @@ private:
             number(eraYear(), piece.count);
             break;
         }
-        m_afterHour = piece.letter == 'h'; // an m behind the hour means the minute
+        m_afterHour = piece.letter == 'h'; // an m after the hour means minutes
     }
 
     void number(std::int32_t value, std::size_t count)
@@ -160,7 +160,7 @@ private:
     bool m_afterHour = false;
 };
 
-/// A pattern of digits: literal text, one run of 0 and #, literal text. Halves go away from zero here.
+/// A numeric pattern: literal text, one run of 0 and #, literal text. Here halves round away from zero.
 std::string writeNumber(double value, std::string_view pattern)
 {
     const std::size_t start = std::min(pattern.find_first_of(kDigitLetters), pattern.size());

@@ -17,7 +17,7 @@ using Outcome = NumberReading::Outcome;
 /// Signs and parentheses around the digits: each may occur once, so "+-1" and "1-" are numbers too.
 class Marks {
 public:
-    /// Takes the marks out of `allowed`; false when one occurs a second time.
+    /// Reads the signs listed in `allowed`; false if one is repeated.
     bool read(TextScan &scan, std::string_view allowed)
     {
         for (;;) {
@@ -52,14 +52,14 @@ private:
     bool m_closed = false;
 };
 
-/// Appends digits without the thousands commas among them, which may be anywhere but before the first character.
+/// Appends digits and skips the thousands commas between them, which may be anywhere except at the start.
 void takeGroupedDigits(TextScan &scan, std::string &decimal)
 {
     while (scan.atDigit() || (!decimal.empty() && scan.peek() == ','))
         if (const char next = scan.take(); next != ',') decimal += next;
 }
 
-/// The digits with point and exponent; nothing when the text has another form.
+/// The digits with decimal point and exponent; nothing if the text has another form.
 std::optional<std::string> takeDecimal(TextScan &scan)
 {
     std::string decimal;
@@ -79,7 +79,7 @@ std::optional<std::string> takeDecimal(TextScan &scan)
     return decimal;
 }
 
-/// True where the first significant digit is left of the point: a value beyond the range is then too large.
+/// True if the first significant digit is left of the point: a value out of range is then too large, not too small.
 bool isLarge(std::string_view decimal)
 {
     const std::size_t end = std::min(decimal.find('e'), decimal.size());
@@ -94,7 +94,7 @@ bool isLarge(std::string_view decimal)
     return exponent + static_cast<long>(point) - static_cast<long>(first) > 0;
 }
 
-/// The double of a decimal text, infinite when it is beyond the range.
+/// The double of a decimal text; infinite if it is out of range.
 double doubleOf(std::string_view decimal)
 {
     double value = 0;
@@ -103,7 +103,7 @@ double doubleOf(std::string_view decimal)
     return isLarge(decimal) ? HUGE_VAL : 0.0;
 }
 
-/// Takes one sign, if there is one; true for a minus.
+/// Reads one optional sign; true for a minus.
 bool takeMinus(TextScan &scan)
 {
     if (scan.accept('-')) return true;

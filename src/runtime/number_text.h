@@ -5,7 +5,7 @@
 
 namespace inin {
 
-/// The number in a text. It throws no exception, since Format and isNumeric only ask.
+/// The number in a text. Reading throws no exception, because Format and isNumeric only test the text.
 struct NumberReading {
     enum class Outcome { number, bits, mismatch, overflow };
     Outcome outcome = Outcome::mismatch;
@@ -14,11 +14,11 @@ struct NumberReading {
     std::uint32_t bits = 0;
 };
 
-/// Reads a number as the conversions do; see numberFromText for the forms.
+/// Reads a number by the rules of the conversions; see numberFromText for the forms.
 [[nodiscard]] NumberReading readNumber(std::string_view text);
 
-/// The number that the text begins with, 0 without one; error 6 beyond a double. Blanks, tabs and line feeds are skipped
-/// everywhere, commas and all other characters end the number: "1 234円" is 1234, "1,234" is 1.
+/// The number at the start of the text, 0 if there is none; error 6 if it does not fit a double. Blanks, tabs and line
+/// feeds are skipped everywhere; commas and all other characters end the number: "1 234円" is 1234, "1,234" is 1.
 [[nodiscard]] double leadingNumber(std::string_view text);
 
 } // namespace inin

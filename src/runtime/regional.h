@@ -5,14 +5,14 @@
 
 namespace inin {
 
-/// The regional settings that the default text of a date follows.
-/// `shortDate` is a Windows picture: d, dd, M, MM, y, yy, yyyy, gg and separators, literal text in single quotes. Where
-/// it has an era (g), the years are those of the Japanese eras.
+/// The regional settings that determine the default text of a date. `shortDate` is a Windows date picture: d, dd, M,
+/// MM, y, yy, yyyy, gg and separators, literal text in single quotes. With an era (g) in it, years are those of the
+/// Japanese eras.
 struct Regional {
     std::string shortDate = "yyyy/MM/dd";
 };
 
-/// True for a picture with an era outside its quotes.
+/// True for a picture with an era outside quotes.
 [[nodiscard]] inline bool hasEra(std::string_view picture)
 {
     bool isQuoted = false;

@@ -6,13 +6,13 @@
 
 namespace inin {
 
-/// A trappable error of the language runtime, the only exception that the logic throws on purpose.
-/// It ends inside the operation that must trap it; one that none traps ends the process (see UnhandledError).
+/// A trappable error of the language runtime; the only exception that the logic throws on purpose. It is handled by the
+/// operation that must trap it; an untrapped one ends the process (see UnhandledError).
 class RuntimeError : public std::exception {
 public:
-    /// The runtime's own Japanese description belongs to the number; an unknown number has a general one.
+    /// With the runtime's Japanese description of the number; unknown numbers have a general one.
     explicit RuntimeError(std::int32_t number);
-    /// A provider or an automation object words its own failure.
+    /// With the description of a provider or an automation object.
     RuntimeError(std::int32_t number, std::string description);
 
     [[nodiscard]] std::int32_t number() const noexcept { return m_number; }
@@ -24,7 +24,7 @@ private:
     std::string m_description;
 };
 
-/// Numbers of the runtime's errors that the logic and the adapters raise by name.
+/// Named error numbers of the runtime that the logic and the adapters raise.
 namespace error_number {
 inline constexpr std::int32_t invalidCall = 5;
 inline constexpr std::int32_t overflow = 6;
@@ -64,8 +64,8 @@ inline constexpr std::int32_t openObject = 3705;
 /// The runtime's Japanese description of a number, as an error box shows it.
 [[nodiscard]] std::string runtimeDescription(std::int32_t number);
 
-/// A RuntimeError that left an event procedure untrapped: the process ends with a visible report and exit code 1.
-/// It is no RuntimeError, so that no operation further up traps it by mistake.
+/// A RuntimeError that an event procedure did not trap: the process ends with a visible report and exit code 1. It is
+/// not derived from RuntimeError, so that no operation further up traps it by mistake.
 class UnhandledError {
 public:
     explicit UnhandledError(RuntimeError error) : m_error(std::move(error)) {}
@@ -75,7 +75,7 @@ private:
     RuntimeError m_error;
 };
 
-/// The edge of an event procedure: what leaves `procedure` as a RuntimeError goes on as an UnhandledError.
+/// The boundary of an event procedure: turns a RuntimeError that leaves `procedure` into an UnhandledError.
 template <class Procedure> void atEventEdge(Procedure &&procedure)
 try {
     procedure();

@@ -23,7 +23,7 @@ bool isContinuation(std::string_view text, std::size_t position)
     return position < text.size() && (byteAt(text, position) & 0xC0U) == 0x80U;
 }
 
-/// The second byte rules out overlong forms, surrogates and what lies beyond U+10FFFF.
+/// The second byte rules out overlong forms, surrogates and code points above U+10FFFF.
 bool isSecondByte(unsigned char lead, unsigned char second)
 {
     switch (lead) {
@@ -40,7 +40,7 @@ bool isSecondByte(unsigned char lead, unsigned char second)
     }
 }
 
-/// The character at a position inside the text; a byte that begins none counts as one unit of its own.
+/// The character at a position in the text; a byte that does not begin one counts as one unit.
 Character characterAt(std::string_view text, std::size_t position)
 {
     constexpr Character kByte{1, 1};
@@ -58,7 +58,7 @@ struct Prefix {
     std::size_t units = 0;
 };
 
-/// The longest prefix of whole characters that has at most `units` units.
+/// The longest prefix of whole characters with at most `units` units.
 Prefix prefixOf(std::string_view text, std::size_t units)
 {
     Prefix prefix;
@@ -116,7 +116,7 @@ std::string mid(std::string_view text, std::size_t start, std::size_t units)
     if (start == 0) throw RuntimeError(error_number::invalidCall);
     Prefix before = prefixOf(text, start - 1);
     if (before.bytes == text.size()) return {};
-    if (before.units < start - 1) { // the start lies inside a pair, which is left out whole
+    if (before.units < start - 1) { // the start is inside a surrogate pair, which is skipped
         before.bytes += characterAt(text, before.bytes).bytes;
         units -= std::min<std::size_t>(units, 1);
     }

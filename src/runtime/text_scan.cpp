@@ -8,7 +8,7 @@ namespace inin {
 
 namespace {
 
-// Blanks beyond ASCII: no-break, ogham, the typographic row from U+2000, line and paragraph ends, ideographic.
+// Non-ASCII blanks: no-break, ogham, the typographic ones from U+2000, line and paragraph separators, ideographic.
 constexpr std::string_view kWideBlanks[] = {
     "\u3000", "\u00A0", "\u0085", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005",
     "\u2006", "\u2007", "\u2008", "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F",

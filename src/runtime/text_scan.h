@@ -5,7 +5,7 @@
 
 namespace inin {
 
-/// A cursor over UTF-8 text for the readers of numbers and dates. A NUL ends the text, as it ended the runtime's.
+/// A cursor over UTF-8 text for the number and date readers. As in the runtime, a NUL ends the text.
 class TextScan {
 public:
     explicit TextScan(std::string_view text) : m_rest(text.substr(0, text.find('\0'))) {}
@@ -32,12 +32,12 @@ public:
         m_rest.remove_prefix(wanted.size());
         return true;
     }
-    /// As accept, whatever the case of ASCII letters.
+    /// Like accept, but ignores ASCII case.
     bool acceptWord(std::string_view wanted);
-    /// The longest run of characters out of `set`, which may be empty.
+    /// The longest run of characters from `set`; may be empty.
     std::string_view takeRun(std::string_view set);
     std::string_view takeDigits() { return takeRun("0123456789"); }
-    /// Blanks of every width, tabs and line ends.
+    /// Skips blanks of every width, tabs and line ends.
     void skipBlanks();
 
 private:

@@ -1,4 +1,4 @@
-// Default texts: how a number and a date are written when no pattern is given.
+// Default texts: how numbers and dates are written without a pattern.
 
 #include "runtime/conversion.h"
 
@@ -11,7 +11,7 @@ namespace inin {
 
 namespace {
 
-/// What a picture writes of a date. A day before the first era has a whole year, whatever the picture says.
+/// A date as the fields of a picture. Before the first era the year is always written in full.
 struct PictureDate {
     PictureDate(Date date, std::string_view picture)
         : parts(partsOf(date)), era(hasEra(picture) ? eraOf(dayOf(date)) : nullptr),
@@ -40,7 +40,7 @@ void appendDatePart(std::string &text, char letter, std::size_t count, const Pic
     default:
         if (date.era != nullptr)
             fmt::format_to(out, "{:0{}}", parts.year - Year(date.era->first) + 1, count > 1 ? 2 : 1);
-        // A year before 1000 stays as short as it is: 100/01/01.
+        // A year before 1000 is not padded: 100/01/01.
         else if (count > 2 || date.isBeforeEras)
             fmt::format_to(out, "{}", parts.year);
         else
@@ -74,14 +74,14 @@ std::string numberText(double value)
 {
     if (std::isnan(value)) return "1.#QNAN";
     if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
-    if (value == 0) return "0"; // a negative zero too
+    if (value == 0) return "0"; // negative zero too
     return fmt::format("{:.15G}", value);
 }
 
 std::string dateText(Date date, const Regional &regional)
 {
     const DateParts parts = partsOf(date);
-    // What is stored decides, not what is shown: a time that rounds up to midnight is still written, as 0:00:00.
+    // The stored time decides, not the displayed one: a time that rounds up to midnight is still written, as 0:00:00.
     const double day = std::trunc(date.days());
     std::string text;
     if (day != 0) appendShortDate(text, regional.shortDate, date);

@@ -10,18 +10,18 @@
 
 namespace inin {
 
-/// The database's NULL.
+/// The NULL of the database.
 struct Null {
     friend bool operator==(const Null &, const Null &) = default;
 };
-/// A Variant that nothing was assigned to.
+/// A Variant that was never assigned.
 struct Empty {
     friend bool operator==(const Empty &, const Empty &) = default;
 };
 using Binary = std::vector<std::byte>;
 
-/// A value of the runtime whose kind is known at run time. Text is UTF-8.
-/// Conversions stand in runtime/conversion.h: a Variant never converts by itself.
+/// A value whose type is known only at run time. Text is UTF-8. Conversions are in runtime/conversion.h: a Variant
+/// never converts implicitly.
 class Variant {
 public:
     using Value = std::variant<Empty, Null, std::int16_t, std::int32_t, double, std::string, Date, Binary>;
@@ -36,7 +36,7 @@ public:
     Variant(const char *value) : m_value(std::string(value)) {}
     Variant(Date value) : m_value(value) {}
     Variant(Binary value) : m_value(std::move(value)) {}
-    Variant(bool) = delete; ///< a mark is a bool attribute, never a Variant
+    Variant(bool) = delete; ///< a boolean is a bool attribute, never a Variant
     Variant(std::int64_t) = delete;
 
     [[nodiscard]] bool isNull() const { return std::holds_alternative<Null>(m_value); }
@@ -44,7 +44,7 @@ public:
     template <class T> [[nodiscard]] const T *getIf() const { return std::get_if<T>(&m_value); }
     [[nodiscard]] const Value &value() const { return m_value; }
 
-    /// Same kind and same value; 1 as a 16-bit number is not 1 as a 32-bit number.
+    /// Same type and same value: 1 as a 16-bit number differs from 1 as a 32-bit number.
     friend bool operator==(const Variant &, const Variant &) = default;
 
 private:

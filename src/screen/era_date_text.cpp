@@ -38,7 +38,7 @@ std::string eraText(char letter, std::size_t count, Date date, std::span<const E
     return fmt::format("{:0{}}", year, count > 1 ? 2 : 1);
 }
 
-/// The pieces of a pattern, written for a date. The eras come from the table, all else from Format.
+/// The pieces of a pattern, formatted for a date. The eras are from the table; everything else is formatted by Format.
 std::vector<TextPiece> piecesOf(Date date, std::string_view pattern, std::span<const Era> eraTable)
 {
     std::vector<TextPiece> pieces;
@@ -98,7 +98,7 @@ DatePartPlace partAt(Date date, std::string_view pattern, std::size_t position, 
     std::size_t at = 0;
     for (const TextPiece &piece : piecesOf(date, pattern, eraTable)) {
         const std::size_t end = at + piece.text.size();
-        // Between two parts, the one on the left counts: its last digit is where a typist has just been.
+        // Between two parts, the one on the left counts: its last digit is the one just typed.
         if (piece.letter != '\0' && (at <= position || place.end == 0)) place = {partOf(piece.letter), at, end};
         if (position < end && place.end != 0) break;
         at = end;

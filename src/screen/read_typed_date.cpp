@@ -13,7 +13,7 @@ namespace {
 using Number = ScannedDate::Number;
 using Unit = ScannedDate::Unit;
 
-/// Year, month and day as they were typed; the year is that of an era, or a western one.
+/// Year, month and day as typed; the year is that of an era or a western one.
 struct Fields {
     std::int32_t year = 0;
     std::int32_t month = 0;
@@ -23,14 +23,14 @@ struct Fields {
 
 constexpr std::size_t kWesternDigits = 4;
 
-/// A run of digits without separators, as it is cut: digits of the year, of the month, of the day.
+/// A way to split a run of digits without separators: the number of digits of the year, the month and the day.
 struct Cut {
     std::size_t digits;
     DateGrain grain;
     std::size_t year, month, day;
     bool isWestern;
 };
-/// The first cut that makes a month counts.
+/// The first split that gives a valid month is used.
 constexpr Cut kCuts[] = {
     {8, DateGrain::day, 4, 2, 2, true},    {6, DateGrain::day, 2, 2, 2, false},   {5, DateGrain::day, 1, 2, 2, false},
     {4, DateGrain::day, 0, 2, 2, true},    {8, DateGrain::month, 4, 2, 2, true},  {6, DateGrain::month, 4, 2, 0, true},
@@ -82,7 +82,7 @@ private:
         return std::nullopt;
     }
 
-    /// 11月 alone, where months are shown.
+    /// Reads 11月 alone in a box for months.
     [[nodiscard]] std::optional<Fields> fromUnit(const ScannedDate &scanned) const
     {
         const Number &number = scanned.numbers.front();
@@ -133,7 +133,7 @@ TypedDate complain(std::string sentence)
     return {std::nullopt, std::move(sentence)};
 }
 
-/// The sentence about a date that is far from today, empty for a near one.
+/// The notice about a date far from today; empty for a near one.
 std::string noticeAbout(Date date, Date today)
 {
     constexpr std::int32_t kNearYears = 5;
@@ -159,7 +159,7 @@ TypedDate unreadable(std::string_view text, DateGrain grain)
                                 grain == DateGrain::day ? "R8.11.21 や 2026/11/21 " : "R8.11 や 2026/11 "));
 }
 
-/// True when the day lies before the era; where months are shown, the era's first month belongs to it.
+/// True when the day is before the era. In a box for months, the era's whole first month belongs to it.
 bool liesBefore(const Era &era, Date date, DateGrain grain)
 {
     const DateParts first = partsOf(era.first);

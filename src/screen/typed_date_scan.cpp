@@ -14,8 +14,8 @@ struct Fold {
     std::string_view plain;
 };
 
-/// What an input method makes of the keys for a point, a slash and a hyphen; blanks; and single characters for a whole era
-/// or a weekday, spelled out as in the normalisation form NFKC.
+/// Characters that an input method enters for a point, a slash and a hyphen; blanks; and single characters for a whole
+/// era or weekday, spelled out as in the normalisation form NFKC.
 constexpr Fold kFolds[] = {
     {"。", "."},    {"・", "/"},     {"、", "."},    {"ー", "-"},    {"−", "-"},     {"　", " "},    {"\u00A0", " "},
     {"\t", " "},    {"㋿", "令和"}, {"㍻", "平成"}, {"㍼", "昭和"}, {"㍽", "大正"}, {"㍾", "明治"}, {"㈰", "(日)"},
@@ -23,7 +23,7 @@ constexpr Fold kFolds[] = {
 };
 
 constexpr std::size_t kWideBytes = 3;
-/// The full-width forms of "!" to "~" lie in two blocks of 64: EF BC 81 to EF BC BF, and EF BD 80 to EF BD 9E.
+/// The full-width forms of "!" to "~" are in two blocks of 64: EF BC 81 to EF BC BF, and EF BD 80 to EF BD 9E.
 constexpr std::string_view kWideLow = "\xEF\xBC";
 constexpr std::string_view kWideHigh = "\xEF\xBD";
 constexpr unsigned char kLastWideHigh = 0x9E;
@@ -45,7 +45,7 @@ const Fold *foldAt(std::string_view text)
     return nullptr;
 }
 
-/// Takes an era's name, the first character of its name or its letter.
+/// Reads an era's name, the first character of its name, or its Latin letter.
 const Era *takeEra(TextScan &scan, std::span<const Era> eraTable)
 {
     for (const Era &era : eraTable)
@@ -61,7 +61,7 @@ ScannedDate::Unit takeUnit(TextScan &scan)
     return scan.accept("日") ? Unit::day : Unit::none;
 }
 
-/// Digits; the first year of an era is written 元.
+/// Reads digits; the first year of an era may be written 元.
 std::string_view takeNumber(TextScan &scan)
 {
     return scan.accept("元") ? "1" : scan.takeDigits();
@@ -72,14 +72,14 @@ bool takeSeparator(TextScan &scan)
     return scan.accept('.') || scan.accept('/') || scan.accept('-');
 }
 
-/// Takes one or two digits.
+/// Reads one or two digits.
 bool takeClockNumber(TextScan &scan)
 {
     const std::size_t digits = scan.takeDigits().size();
     return digits == 1 || digits == 2;
 }
 
-/// The 34:56 of 12:34:56, with or without seconds and their fraction.
+/// Reads the 34:56 of 12:34:56, with or without seconds and their fraction.
 bool takeMinutes(TextScan &scan)
 {
     if (!takeClockNumber(scan)) return false;
@@ -88,7 +88,7 @@ bool takeMinutes(TextScan &scan)
     return !scan.accept('.') || !scan.takeDigits().empty();
 }
 
-/// The 34分56秒 of 12時34分56秒; both may be missing.
+/// Reads the 34分56秒 of 12時34分56秒; both are optional.
 bool takeMinutesInWords(TextScan &scan)
 {
     if (!scan.atDigit()) return true;
@@ -96,7 +96,7 @@ bool takeMinutesInWords(TextScan &scan)
     return !scan.atDigit() || (takeClockNumber(scan) && scan.accept("秒"));
 }
 
-/// Takes 12:34, 12:34:56, 午後3:05, 3:05 PM, 12時34分 or T12:34, or nothing.
+/// Reads 12:34, 12:34:56, 午後3:05, 3:05 PM, 12時34分 or T12:34, if present.
 void takeTime(TextScan &scan)
 {
     TextScan ahead = scan;
@@ -108,7 +108,7 @@ void takeTime(TextScan &scan)
     scan = ahead;
 }
 
-/// Takes (土), (土曜) or (土曜日), or nothing.
+/// Reads (土), (土曜) or (土曜日), if present.
 void takeWeekday(TextScan &scan)
 {
     constexpr std::string_view kWeekdays[] = {"日", "月", "火", "水", "木", "金", "土"};
@@ -119,7 +119,7 @@ void takeWeekday(TextScan &scan)
     if (ahead.accept(')')) scan = ahead;
 }
 
-/// True at the end of the text, and before the weekday and the time that a date copied from elsewhere has at its end.
+/// True at the end of the text, and before the weekday and the time that often follow a date copied from elsewhere.
 bool isAtDateEnd(TextScan scan)
 {
     scan.skipBlanks();

@@ -4,13 +4,13 @@
 
 namespace inin {
 
-/// One mark for all events of a window. The platform is given time in the middle of a search, so a second event can
-/// arrive there; it finds the mark taken and does nothing.
+/// One flag for all events of a window. A search lets the platform process events, so a second event can arrive during
+/// the first one; it finds the flag set and does nothing.
 class BusyFlag {
 public:
     [[nodiscard]] bool isTaken() const { return m_taken; }
 
-    /// Takes the mark, if it is free, for as long as it lives.
+    /// Sets the flag, if it is clear, for its own lifetime.
     class Hold {
     public:
         explicit Hold(BusyFlag &flag) : m_flag(flag), m_holds(!std::exchange(flag.m_taken, true)) {}
@@ -20,7 +20,7 @@ public:
         {
             if (m_holds) m_flag.m_taken = false;
         }
-        /// False when somebody else had it.
+        /// False if the flag was already set.
         explicit operator bool() const { return m_holds; }
 
     private:

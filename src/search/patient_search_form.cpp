@@ -27,7 +27,7 @@ constexpr SearchColumn kColumns[] = {
     {"住所２", Kind::text, 20, "cAdress2"},
     {"名称地区", Kind::text, 12, "cNameRyaku"},
 };
-// Also the list without a single staff member speaks of patients here.
+// Deliberate: the message for an empty staff list also mentions patients.
 constexpr SearchDesign kDesign{
     "frm患者検索",
     "利用者マスター検索",
@@ -41,27 +41,27 @@ constexpr SearchDesign kDesign{
     "該当する利用者データがありません。",
 };
 
-/// Kinds of treatment by the index of their option.
+/// Kinds of treatment by option index.
 struct KindOption {
     std::int16_t kind;
     const char *caption;
 };
 constexpr std::array<KindOption, 3> kKinds = {{{kBothKinds, "共通"}, {kMassage, "マッサージ"}, {kAcupuncture, "鍼灸"}}};
 
-/// Position of the first staff member in the list, after the entry that limits nothing.
+/// Index of the first staff member in the list, after the entry that sets no condition.
 constexpr std::int16_t kFirstStaff = 1;
 
-/// No month comes after it, so none is in the limit.
+/// No month is later, so that the limit excludes all months.
 constexpr const char *kNoLimitMonth = "9999/12";
 
-/// The month that lies so many months after today's.
+/// The month this many months after today's.
 std::string monthText(App &app, std::int32_t months)
 {
     const Date today = app.platform.clock.today();
     return formatText(DateSerial(Year(today), Month(today) + months, 1), "yyyy/mm", app.regional);
 }
 
-/// The conditions in words. They speak of a match of the whole text; the search looks for a part of it.
+/// The conditions as text. Deliberate: it claims a full match, although the search matches parts of a text.
 std::string conditionsText(const SearchFilter &filter)
 {
     std::string text = "抽出条件：";
@@ -100,7 +100,7 @@ std::int16_t frm患者検索::iInit(std::int32_t nSeledCode)
         m_session = std::move(own.session);
         return iGood;
     }
-    // The heading of a failed connect alone has a blank.
+    // Deliberate: only the heading of a failed connect has a blank.
     const char *heading = own.step == ConnectStep::connect ? "iInit() でエラー" : "iInit()でエラー";
     setErrStr(std::string(heading).append(kCrLf).append(own.csErrMsg));
     return iBad;
@@ -115,8 +115,8 @@ void frm患者検索::vGetSeledInf(std::int32_t &nSeledCD, std::string &csSeledN
 
 void frm患者検索::readSettings()
 {
-    // Both are set first: a bad setting ends this step, and the list must still open without a limit month and without the
-    // column.
+    // Set both defaults first: a bad setting ends this step, and the list must still open, without a limit month and
+    // without the column.
     m_limitMonth = kNoLimitMonth;
     spr_1ran.setColumnWidth(kAreaColumn, 0);
     m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);

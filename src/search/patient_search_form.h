@@ -8,7 +8,7 @@
 
 namespace inin {
 
-/// The pick list of patients.
+/// The search list of patients.
 class frm患者検索 : public SearchForm {
 public:
     explicit frm患者検索(App &app);
@@ -18,9 +18,10 @@ public:
     ListBox cbo_Sejutusha{"cbo_Sejutusha"};
     Button btn_StaffSelect{"btn_StaffSelect"};
     OptionGroup opt_SejutsuKubun{"opt_SejutsuKubun", 3}; ///< 0 both kinds, 1 massage, 2 acupuncture
-    Label lbl_1ranInf{"lbl_1ranInf"};                    ///< time and conditions of the rows on the screen
+    Label lbl_1ranInf{"lbl_1ranInf"};                    ///< time and conditions of the rows shown
 
-    /// Opens the window's own session, which stays open as long as the window. 0, or -1 with the words in CsErrStr.
+    /// Opens the window's own session, which stays open as long as the window. 0, or -1 with the error text in
+    /// CsErrStr.
     [[nodiscard]] std::int16_t iInit(std::int32_t nSeledCode);
     void vGetSeledInf(std::int32_t &nSeledCD, std::string &csSeledName, std::int32_t *iArea = nullptr) const;
 
@@ -40,7 +41,7 @@ private:
     [[nodiscard]] bool lookUpStaff();
     void tellStaffFailure(const std::string &words);
 
-    std::unique_ptr<cT_ADODB> m_session; ///< its own searches do not use it
+    std::unique_ptr<cT_ADODB> m_session; ///< not used by the window's own searches
     std::int16_t m_endedMonths = 0;      ///< the setting "終了患者施術期間"
     std::string m_limitMonth;            ///< "yyyy/mm"
 };

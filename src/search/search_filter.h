@@ -5,18 +5,18 @@
 
 namespace inin {
 
-/// Kinds of treatment that a patient search can ask for.
+/// Kinds of treatment in a patient search.
 inline constexpr std::int16_t kMassage = 0;
 inline constexpr std::int16_t kAcupuncture = 1;
 inline constexpr std::int16_t kBothKinds = 9;
 
-/// What a pick list was asked for. A fresh record asks for everything; the staff list uses neither the staff member in
-/// charge nor the kind.
+/// The conditions of a search list. A new record sets none; the staff list uses neither the staff member in charge nor
+/// the kind.
 struct SearchFilter {
     std::string name;
     std::string kana;
-    std::string telephone;         ///< no window asks for it
-    std::int16_t includeEnded = 0; ///< 1: ended patients, or staff whose management has ended, count too
+    std::string telephone;         ///< no window sets it
+    std::int16_t includeEnded = 0; ///< 1: include ended patients, or staff whose management has ended
     std::int32_t staffNumber = 0;  ///< 0 is no condition
     std::string staffName;
     std::int16_t kind = kBothKinds; ///< 0 massage, 1 acupuncture, 9 either

@@ -20,7 +20,7 @@ std::vector<Grid::Column> gridColumns(std::span<const SearchColumn> columns)
     return result;
 }
 
-/// The return key goes on to the next control from these; in a grid or on a button it does nothing.
+/// From these controls the return key moves to the next one; in a grid or on a button it does nothing.
 bool goesOnByReturn(const Control *control)
 {
     return dynamic_cast<const TextBox *>(control) != nullptr || dynamic_cast<const NumberBox *>(control) != nullptr ||
@@ -56,7 +56,7 @@ void SearchForm::addStop(Control &control)
     add(control);
 }
 
-/// The caption of a box is for the label that a view puts beside it.
+/// The caption of a box is the text of the label that a view shows next to it.
 void SearchForm::addLabelled(Control &control, const char *caption)
 {
     control.Caption = caption;
@@ -103,7 +103,7 @@ void SearchForm::Form_Load()
 
 void SearchForm::Form_Activate()
 {
-    // The window comes to the front again after each box and each window that it opened.
+    // The window is activated again after each box and each window that it opened.
     if (!m_isFirstActivation) return;
     m_isFirstActivation = false;
     const auto openedUnderGuard = [this] {
@@ -136,7 +136,7 @@ void SearchForm::shortcut(const char *heading, const std::function<void()> &clic
 try {
     click();
 } catch (const RuntimeError &error) {
-    // What comes here failed in the telling of another failure.
+    // An error here occurred while another failure was being reported.
     headingBox(m_app, heading, numberLineText(error));
 }
 
@@ -149,7 +149,7 @@ void SearchForm::systemErrorBox()
 
 void SearchForm::but_Read_Click()
 {
-    // The search has told its failure itself.
+    // The search has already shown its failure.
     whenFree([this] { static_cast<void>(search()); });
 }
 
@@ -186,7 +186,7 @@ void SearchForm::vWhenSeledOK(std::optional<std::int32_t> nSeledRow)
 
 void SearchForm::Form_KeyDown(std::int16_t &KeyCode)
 {
-    // Where the menu entry cannot be used, the key still leaves the window.
+    // If the menu entry is disabled, the key still closes the window.
     if (KeyCode == kF12Key) shortcut("フォームKeyDown()でエラー", [this] { but_Act_Click(kLeave); });
 }
 
@@ -198,7 +198,7 @@ void SearchForm::Form_KeyPress(std::int16_t &KeyAscii)
     if (hold && isReturn) trapped([this] { returnKey(); });
 }
 
-/// The return key walks the boxes as the tab key does.
+/// The return key moves through the boxes like the tab key.
 void SearchForm::returnKey()
 {
     Windows &windows = m_app.platform.windows;

@@ -17,8 +17,8 @@
 
 namespace inin {
 
-/// A column of a pick list and the database column that fills it. With `second` it is one number out of two: each
-/// written with two digits, joined.
+/// A column of a search list and its database column. With `second` it shows two numbers as one: each with two digits,
+/// concatenated.
 struct SearchColumn {
     const char *header;
     Grid::CellKind kind;
@@ -27,10 +27,10 @@ struct SearchColumn {
     std::string_view second = {};
 };
 
-/// A pick list's third result besides good and bad: it was left without a choice.
+/// The third result of a search list besides success and failure: it was closed without a choice.
 inline constexpr std::int16_t kNothingChosen = 1;
 
-/// In what a pick list differs from the other one, as far as it is data. Columns count from 1.
+/// The differences between the two search lists that are data. Columns count from 1.
 struct SearchDesign {
     const char *formName;
     const char *Caption;
@@ -40,22 +40,21 @@ struct SearchDesign {
     std::int16_t numberColumn;
     std::int16_t nameColumn;
     std::int16_t areaColumn; ///< 0 for none
-    const char *noStaffText; ///< when there is no staff at all
-    const char *noRowText;   ///< when the search finds nothing
+    const char *noStaffText; ///< if there is no staff at all
+    const char *noRowText;   ///< if the search finds no row
 };
 
-/// A staff member of the branch, as both windows collect them.
+/// A staff member of the branch, as both windows read them.
 struct StaffEntry {
     std::int32_t nIDNo = 0;
     std::string name;
 };
 
-/// What the two pick lists have in common: the opening, the search into the grid, the choosing, the keys, the busy mark
-/// and the messages. Nothing of it leaves the window as an error: a run-time error becomes a message and the window
-/// stays.
+/// The common part of the two search lists: opening, search, grid, choice, keys, busy flag and messages. No error
+/// leaves the window: a run-time error becomes a message and the window stays open.
 class SearchForm : public Form {
 public:
-    // Controls that both windows have, in tab order.
+    // The controls of both windows, in tab order.
     NumberBox in_SiboriID{"in_SiboriID"};
     TextBox txt_SiboriName{"txt_SiboriName"};
     TextBox txt_SiboriKana{"txt_SiboriKana"};
@@ -69,11 +68,11 @@ public:
     MenuEntry mnHelp{"mnHelp"};
     MenuEntry mnDispHelp{"mnDispHelp"};
 
-    /// Words of the last failure.
+    /// Text of the last failure.
     [[nodiscard]] const std::string &CsErrStr() const { return m_errStr; }
-    /// True when a row was chosen before the window closed.
+    /// True if a row was chosen before the window closed.
     [[nodiscard]] bool isChosen() const { return m_isChosen; }
-    /// Chooses a row, the grid's active one without argument, and closes; without a row a beep and a message.
+    /// Chooses a row, by default the active one of the grid, and closes; without a row it beeps and shows a message.
     void vWhenSeledOK(std::optional<std::int32_t> nSeledRow = std::nullopt);
 
     void Form_Activate() override;
@@ -82,7 +81,7 @@ public:
 protected:
     SearchForm(App &app, const SearchDesign &design);
 
-    /// The check box that lets ended ones count; the windows name it differently.
+    /// The check box that includes ended rows; its name differs by window.
     CheckBox m_endedCheck;
 
     void Form_Load() override;
@@ -90,23 +89,23 @@ protected:
     void Form_KeyDown(std::int16_t &KeyCode) override;
     void Form_KeyPress(std::int16_t &KeyAscii) override;
 
-    // In what a window differs besides its data.
+    // The differences between the windows that are not data.
     [[nodiscard]] virtual std::string statement(const SearchFilter &filter) const = 0;
     [[nodiscard]] virtual SearchFilter readFilter() const;
     virtual void showFilter(const SearchFilter &filter);
-    /// The staff of the branch was read.
+    /// Called after the staff of the branch was read.
     virtual void showStaff(const std::vector<StaffEntry> & /*staff*/) {}
-    /// The list is empty, or stands complete with what the filter found.
+    /// The list is empty, or completely filled with the result of the filter.
     virtual void clearInfo() {}
     virtual void writeInfo(const SearchFilter & /*inForce*/) {}
-    /// The return key in a control; false keeps the focus there.
+    /// Handles the return key in a control; false keeps the focus there.
     [[nodiscard]] virtual bool confirmEntry(const Control * /*active*/) { return true; }
-    /// The rest of the window's load, under its trap.
+    /// The remainder of the window's load, within its error handling.
     virtual void readSettings() {}
 
     /// Starts with this filter and this row to highlight, 0 for none.
     void prepare(std::int32_t nSeledCode, const SearchFilter &filter);
-    /// Runs a step of an event: what it lets out becomes the words of the failure and the system error message.
+    /// Runs a step of an event; an error becomes the error text and the system error message.
     void trapped(const std::function<void()> &step);
     /// Adds a control at the end of the tab order.
     void addStop(Control &control);
@@ -125,7 +124,7 @@ private:
     void but_Read_Click();
     void but_Act_Click(std::int16_t Index);
     void spr_1ran_DblClick(std::int32_t Row);
-    /// Runs an event's step unless the window is busy; its failure is told as the system error message.
+    /// Runs an event's step unless the window is busy; a failure is shown as the system error message.
     void whenFree(const std::function<void()> &step);
     void shortcut(const char *heading, const std::function<void()> &click);
     void returnKey();
@@ -134,7 +133,7 @@ private:
     [[nodiscard]] std::int16_t iMastDataLoad();
     [[nodiscard]] std::int16_t search();
     [[nodiscard]] std::int16_t iDsp1ranSub();
-    /// Opens a statement; a failure leaves its words under the heading in CsErrStr.
+    /// Opens a statement; a failure sets CsErrStr under the heading.
     [[nodiscard]] std::unique_ptr<Recordset> openRows(StartedSession &own, const std::string &sql,
                                                       const std::string &heading);
     void clearList();
@@ -152,7 +151,7 @@ private:
     std::int32_t m_seledCD = 0;
     std::string m_seledName;
     SearchFilter m_edited;
-    SearchFilter m_inForce; ///< of the rows on the screen
+    SearchFilter m_inForce; ///< of the rows shown
     std::vector<StaffEntry> m_staff;
     std::int16_t m_nextTab = 0;
 };

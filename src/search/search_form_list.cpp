@@ -1,4 +1,4 @@
-// How a pick list gets its rows: the opening of the window, the filter record, the statement, the grid.
+// The rows of a search list: opening of the window, filter record, statement, grid.
 
 #include "common/helpers.h"
 #include "runtime/conversion.h"
@@ -12,7 +12,7 @@ namespace inin {
 
 namespace {
 
-/// The grid is drawn once, when everything stands in it.
+/// Suspends drawing until the grid is completely filled.
 class RedrawOff {
 public:
     explicit RedrawOff(Grid &grid) : m_grid(grid) { m_grid.ReDraw = false; }
@@ -24,7 +24,7 @@ private:
     Grid &m_grid;
 };
 
-/// Writes the current row of a record set into the grid. The columns' places are looked up once.
+/// Writes the current row of a record set into the grid. Column indices are looked up once.
 class RowWriter {
 public:
     RowWriter(const Recordset &rsData, std::span<const SearchColumn> columns, const Regional &regional)
@@ -61,7 +61,7 @@ private:
     {
         return nNullToLong(m_rsData.Value(place), m_regional);
     }
-    /// All rows of a list are of one branch as a rule, so the last answer is kept.
+    /// The rows of a list usually belong to one branch, so the last result is cached.
     [[nodiscard]] std::int32_t joined(std::int32_t first, std::int32_t second)
     {
         if (m_joinedText.empty() || first != m_first || second != m_second) {
@@ -82,7 +82,7 @@ private:
 
 } // namespace
 
-/// Everything between the first sight of the window and the first list. -1 closes the window again.
+/// The sequence from the first activation to the first list. -1 closes the window again.
 std::int16_t SearchForm::open()
 try {
     if (iMastDataLoad() != iGood) return iBad;
@@ -143,7 +143,7 @@ std::int16_t SearchForm::search()
 std::int16_t SearchForm::iDsp1ranSub()
 try {
     constexpr const char *heading = "iDsp1ranSub() でエラー";
-    m_errStr.clear(); // the words of an older failure would be shown as those of this one
+    m_errStr.clear(); // otherwise an older error text would be shown as that of this search
     const std::string sql = statement(m_edited);
     m_inForce = m_edited;
     showFilter(m_inForce);
@@ -158,7 +158,7 @@ try {
         return iGood;
     }
     fillGrid(*rsData);
-    static_cast<void>(own.session->iCloseRecSet(rsData)); // the rows stand in the grid
+    static_cast<void>(own.session->iCloseRecSet(rsData)); // the rows are already in the grid
     but_Act(0).Enabled = true;
     highlightSeled();
     writeInfo(m_inForce);

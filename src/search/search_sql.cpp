@@ -48,7 +48,7 @@ std::string holds(std::string_view column, const std::string &text)
     return std::string(column) + " LIKE '%" + text + "%'";
 }
 
-/// The month of the end counts as text, so that the whole of the limit month is in.
+/// The month of the end is compared as text, so that the whole limit month is included.
 std::string stillTreated(App &app, const std::string &limitMonth)
 {
     const std::string today = dateText(app.platform.clock.today(), app.regional);
@@ -56,7 +56,7 @@ std::string stillTreated(App &app, const std::string &limitMonth)
            "' <= SUBSTRING(CONVERT(VARCHAR, tExpireDay, 111),1,7)))";
 }
 
-/// A patient may have five staff in charge.
+/// A patient may have five staff members in charge.
 std::string inChargeOf(std::int32_t staffNumber)
 {
     const std::string n = std::to_string(staffNumber);
@@ -64,7 +64,7 @@ std::string inChargeOf(std::int32_t staffNumber)
            " " + " OR nTantou5=" + n + ") ";
 }
 
-/// There is always one, the own base.
+/// Always has at least one term, the own branch.
 std::string staffConditions(const App &app, const SearchFilter &filter)
 {
     Condition inner;
@@ -76,7 +76,7 @@ std::string staffConditions(const App &app, const SearchFilter &filter)
     return inner.text();
 }
 
-/// The condition behind the left join leaves only staff that the consultation has.
+/// The condition after the left join keeps only staff of the consultation.
 std::string ofConsultation(const App &app, std::int32_t nSelEigyouCd)
 {
     return std::string(kStaffOfConsultation) + "              iStaffKyotenCd = " + code(app) +

@@ -41,7 +41,7 @@ try {
     }
     m_errStr = whyNotUsable(*rsData, iKanriEnd);
     if (m_errStr.empty()) m_seledName = csNullRTrim(rsData->Field("cName"), m_app.regional);
-    // Whether they close or not, the answer stands.
+    // A failure to close does not change the result.
     static_cast<void>(own.session->iCloseRecSet(rsData));
     static_cast<void>(own.session->iDisConnect());
     return m_errStr.empty() ? iGood : kNotUsable;
@@ -50,7 +50,7 @@ try {
     return kNotUsable;
 }
 
-/// Empty when the staff member can be used.
+/// Empty if the staff member is usable.
 std::string cls施術者検索::whyNotUsable(const Recordset &rsData, std::int16_t iKanriEnd) const
 {
     if (rsData.isEndOfFile()) return "対象の施術者が存在しません。";

@@ -8,14 +8,14 @@
 
 namespace inin {
 
-/// The pick list of staff.
+/// The search list of staff.
 class frm施術者検索 : public SearchForm {
 public:
     explicit frm施術者検索(App &app);
 
     CheckBox &chkEndSejutsuha = m_endedCheck;
 
-    /// Keeps what the list is to show; it opens no session and is always 0.
+    /// Keeps the conditions of the list; opens no session and is always 0.
     [[nodiscard]] std::int16_t iInit(std::int32_t nSeledCode, std::int16_t iKanriEnd, std::int32_t nSelEigyouCd);
     void vGetSeledInf(std::int32_t &nSeledCD, std::string &csSeledName) const;
 

@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// The process-wide values of the program, owned by app/ and handed down through the constructors.
+/// The process-wide values of the program, owned by app/ and passed on through the constructors.
 struct App {
     explicit App(const Platform &outside) : platform(outside), regional(outside.locale.regional()) {}
 
@@ -19,13 +19,13 @@ struct App {
     /// Branch code and sub-code of this installation, from the setting "BASEID".
     std::int16_t iKyotenCd = 0;
     std::int16_t iKyotenEb = 0;
-    /// Words of the last failed connect of a patient's read (iGetRiyoushaRec); a later success leaves them.
+    /// Error text of the last failed connect in iGetRiyoushaRec; a later success keeps it.
     std::string patientConnectError;
-    /// Other than 0 where staff numbers are unique over all branches; nothing in this program sets it.
+    /// Not 0 if staff numbers are unique over all branches; nothing in this program sets it.
     std::int32_t iKyotenIdMode = 0;
-    /// "1" where a company's map goes to the database with the company; nothing in this program sets it.
+    /// "1" if a company's map is saved with the company; nothing in this program sets it.
     std::string cChizuFlg;
-    /// Above 0 where the charges of 2019 are in force; nothing in this program sets it.
+    /// Above 0 if the charges of 2019 apply; nothing in this program sets it.
     std::int16_t iTankaKaitei = 0;
     /// Address of the last online help, with its query.
     std::string csHelpUrl;

@@ -10,7 +10,7 @@ namespace inin {
 namespace {
 
 /// Two characters of the setting "BASEID" as a number. The setting is read anew for each of its two codes. A missing
-/// key and a value that is too short are errors as a text without a number is one: no branch can be guessed.
+/// key, a value that is too short and a non-numeric text are all errors, because a branch cannot be guessed.
 std::int16_t codeOfBase(App &app, std::size_t start)
 {
     constexpr std::size_t kCodeLength = 2;

@@ -12,7 +12,7 @@ public:
     explicit frmBack(App &app);
     ImageBox ImgWall{"ImgWall"};
 
-    /// The picture covers the whole window; its proportions are not kept.
+    /// The picture covers the whole window without keeping its proportions.
     void Form_Resize() override;
 
 protected:

@@ -8,7 +8,7 @@ void vErrorBox(App &app, std::int32_t nErrNo, const std::string &csErrText, cons
                const std::string &csFormName, const std::string &csFuncName)
 {
     std::string text;
-    // "関数名" is the only prefix without half-width katakana; the last line has its CR too.
+    // Deliberate: "関数名" is the only prefix without half-width katakana, and the last line ends with a CR too.
     for (const std::string &line :
          {std::string("下記の情報をオルバーネ株式会社までお伝えください。"),
           "ｴﾗｰNo.=" + std::to_string(nErrNo) + "（" + csErrText + "）", "ﾌｫｰﾑ名=" + csFormName, "関数名=" + csFuncName})

@@ -9,7 +9,7 @@
 
 namespace inin {
 
-/// The task name that every caller of the central box gives.
+/// The task name that every caller of the central error box passes.
 inline constexpr const char *kErrorBoxTask = "メンテナンス処理";
 
 /// The central error box: shows number, text, form and procedure, and changes nothing.

@@ -16,14 +16,14 @@ constexpr std::int16_t kDone = 0;
 constexpr std::int16_t kRead = 1;
 constexpr std::int16_t kFailed = -1;
 
-/// The value behind a key at the very start of a field.
+/// The value after a key at the very beginning of a field.
 void takeValue(const std::string &field, std::string_view key, std::string &value)
 {
     if (field.starts_with(key)) value = field.substr(key.size());
 }
 
-/// The query that lets the help site know its user; empty without the user file. Nothing in it is escaped: the site
-/// reads the two words backwards as they are.
+/// The query that identifies the user to the help site; empty without the user file. Deliberately not escaped: the site
+/// reads the two reversed words as they are.
 std::string queryFor(App &app, std::int16_t iPage)
 {
     std::string csUser;
@@ -52,7 +52,7 @@ void vDispHelp(App &app, std::int16_t iPage)
 
 std::int16_t iGetHelpAddress(App &app)
 try {
-    // The version window reads the same file under another spelling of its name.
+    // The version window reads the same file with a different spelling of its name.
     clsOplIniFile file(app.platform);
     if (file.iInit(app.platform.files.applicationFolder() + "\\Sorvin.Ver") != kDone) return kFailed;
     const std::string value = file.csGetProfileString("OnlineHelp", "ADDRESS");

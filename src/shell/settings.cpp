@@ -12,8 +12,8 @@ namespace {
 
 constexpr const char *kWarningTitle = "警告！";
 
-/// The text behind the first "=" of the first line with that key. The file is closed when it comes back, so that
-/// another program of the suite can write it while a box stands open.
+/// The text after the first "=" of the first line with that key. The file is closed on return, so that another program
+/// of the suite can write it while a box is open.
 std::optional<std::string> findValue(App &app, const std::string &path, const std::string &csKey)
 {
     const std::string key = trim(csKey);

@@ -10,7 +10,7 @@ namespace inin {
 
 void Main(App &app)
 {
-    // Both forms outlive the handler: the windows that show them still stand behind its box.
+    // Both forms outlive the handler, because their windows are still open while its box is shown.
     frmBack background(app);
     std::optional<frmPrintInin> screen;
     try {

@@ -19,7 +19,7 @@ namespace {
 constexpr const char *kVersionFile = "\\Sorvin.ver";
 constexpr std::int32_t kNameColour = 0x00E1F7E3;
 
-/// A line of the list with the program that it belongs to, 0 for all of them.
+/// A line of the list and its program, 0 for all of them.
 struct VersionLine {
     std::string text;
     std::string label;
@@ -27,7 +27,7 @@ struct VersionLine {
 };
 constexpr std::size_t kMostLines = 20;
 
-/// The text behind the first "=" goes to `value` when the key stands anywhere in the field.
+/// Sets `value` to the text after the first "=" if the field contains the key at any position.
 void takeValue(const std::string &field, std::string_view key, std::string &value)
 {
     if (field.find(key) != std::string::npos) value = field.substr(field.find('=') + 1);
@@ -80,11 +80,11 @@ void frmVer::mnF12_Click()
 void frmVer::vDspVersion()
 {
     std::array<VersionLine, kMostLines> lines;
-    (void)csGetVersionFile(lines[0].text, lines[1].text); // the whole file is of no use here
+    (void)csGetVersionFile(lines[0].text, lines[1].text); // the whole file is not needed here
     if (m_app.iTankaKaitei > 0) lines[2].text = "※令和元年 単価変更対応済";
     for (const VersionLine &line : lines) {
         const bool isOurs = iSystemId == 0 || line.owner == iSystemId || line.owner == 0;
-        // No line has a label; the colon stands behind each of them all the same.
+        // Deliberate: no line has a label, but each has the colon.
         if (!line.text.empty() && isOurs) lstVer.AddItem(line.text + ": " + line.label, 0);
     }
 }
@@ -103,7 +103,7 @@ std::string frmVer::csGetVersionFile(std::string &csVersion, std::string &csUpda
             whole.append(field).append(kCrLf);
         }
     } catch (const RuntimeError &) {
-        // Nobody is told: the window shows what could be read.
+        // No message: the window shows the texts read so far.
     }
     return whole;
 }

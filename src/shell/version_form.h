@@ -1,7 +1,7 @@
 #pragma once
 
-#include "screen/form.h"
 #include "platform/key_codes.h"
+#include "screen/form.h"
 #include "shell/app.h"
 
 #include <cstdint>
@@ -20,25 +20,25 @@ public:
     ImageBox PicTitle{"PicTitle"};
     Label laVer{"laVer"};
     ListBox lstVer{"lstVer"};
-    Label shp01{"shp01"}; ///< the line that sets the button apart
+    Label shp01{"shp01"}; ///< the line that separates the button
     Button btnReturn{"btnReturn"};
     MenuEntry mnFunc{"mnFunc"};
     MenuEntry mnF12{"mnF12", kF12Key};
 
-    /// Set by the caller before the window loads; with 0 the lines of every program are shown.
+    /// Set by the caller before the window loads; 0 shows the lines of every program.
     std::int16_t iSystemId = 0;
 
     void btnReturn_Click();
     void mnF12_Click();
 
-    /// Fills the list with the lines that belong to iSystemId or to every program.
+    /// Fills the list with the lines for iSystemId and for every program.
     void vDspVersion();
-    /// Fills the texts whose keys the version file holds and gives back all its fields, each ended by CR LF. A missing
-    /// file gives the empty text; a run-time error ends the reading without a word and leaves what was read so far.
+    /// Fills the texts whose keys the version file has and returns all its fields, each ended by CR LF. A missing file
+    /// gives the empty text; a run-time error ends the reading without a message and keeps the texts read so far.
     [[nodiscard]] std::string csGetVersionFile(std::string &csVersion, std::string &csUpdate);
-    /// Fills the window from "Version.ini" in the data folder instead, records of three fields: the first names the
-    /// program, the third of each later one is a line, shown when its first is `systemId` or when `systemId` is 0.
-    /// It stems from an older window and nothing calls it. Errors of the file go to the caller.
+    /// Fills the window from "Version.ini" in the data folder instead. Its records have three fields: the first record
+    /// names the program; the third field of each later one is a line, shown if its first field is `systemId` or if
+    /// `systemId` is 0. Part of an older window; nothing calls it. Errors of the file go to the caller.
     void readVersionIni(std::int16_t systemId);
 
 protected:

@@ -8,7 +8,7 @@
 namespace inin {
 
 namespace {
-/// The left part of the window that belongs to the picture, in twips.
+/// Width of the picture's area at the left of the window, in twips.
 constexpr std::int32_t kPictureWidth = 600;
 constexpr double kSecondsOfDay = 86400;
 
@@ -42,7 +42,7 @@ float frmWaitMsg::wait(float seconds)
     while (gone < seconds && isLoaded()) {
         m_app.platform.windows.giveTime();
         const double now = m_app.platform.clock.timer();
-        // The timer starts again at midnight. Counted from pass to pass, a wait may go over more than one.
+        // The timer restarts at midnight. Counting from pass to pass allows a wait across any number of midnights.
         gone += now < last ? now + kSecondsOfDay - last : now - last;
         last = now;
     }
@@ -51,7 +51,7 @@ float frmWaitMsg::wait(float seconds)
 
 void frmWaitMsg::Form_Activate()
 {
-    static_cast<void>(wait(fSeconds)); // how long it took is of no use here
+    static_cast<void>(wait(fSeconds)); // the elapsed time is not needed here
     unload();
 }
 

@@ -8,34 +8,33 @@
 
 namespace inin {
 
-/// A small notice that goes away by itself after some seconds. It belongs to the suite's stock of windows; nothing in
-/// this program opens it.
+/// A small notice that closes itself after some seconds. For the suite's other programs; nothing in this program opens
+/// it.
 class frmWaitMsg : public Form {
 public:
     explicit frmWaitMsg(App &app);
 
     Label laMsg{"laMsg"};
     Button cmdOK{"cmdOK"};
-    /// Four pictures on one another: the load shows one of them.
+    /// Four pictures in the same place: the load shows one of them.
     std::array<ImageBox, 4> imgInf{ImageBox{"imgInf(0)"}, ImageBox{"imgInf(1)"}, ImageBox{"imgInf(2)"},
                                    ImageBox{"imgInf(3)"}};
 
-    // Set by whoever opens it, before the show.
+    // Set by the caller before the show.
     std::int16_t iImage = 0;
     float fSeconds = 0;
 
     /// Waits the given seconds, then unloads the form.
     void Form_Activate() override;
     void Form_Deactivate() override;
-    /// The text stands in the middle of what the picture and the button leave.
+    /// Centres the text in the area that the picture and the button leave free.
     void Form_Resize() override;
 
-    /// Lets events run for so many seconds and gives back the seconds that really went by, fewer when the form was
-    /// closed meanwhile.
+    /// Processes events for this many seconds and returns the elapsed seconds, fewer if the form was closed meanwhile.
     float wait(float seconds);
 
 protected:
-    /// Error 9 for a picture that there is not.
+    /// Error 9 for a picture index that does not exist.
     void Form_Load() override;
 
 private:

@@ -21,13 +21,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The longest connection string that the suite's buffer of 256 takes.
+/// The longest connection string for the suite's buffer of 256 bytes.
 constexpr std::size_t kLongestConnection = 255;
 
 /// More findings of one kind in a table would hide the others.
 constexpr std::size_t kMostValues = 50;
 
-/// The connection string of "adodb.ini", or a finding.
+/// The connection string in "adodb.ini"; adds a finding if there is none.
 std::optional<std::string> connectionText(const fs::path &folder, Findings &findings)
 {
     const auto bytes = readSettingsFile(folder / "adodb.ini", "接続情報ファイル「adodb.ini」がありません。", findings);
@@ -46,10 +46,10 @@ std::optional<std::string> connectionText(const fs::path &folder, Findings &find
     return text;
 }
 
-/// The columns whose values go into the letters as they are.
+/// Columns whose values are written to the letters unchanged.
 struct LetterColumns {
     std::string_view table;
-    std::string_view key; ///< of the row, as the finding names it
+    std::string_view key; ///< names the row in a finding
     std::vector<std::string_view> columns;
     bool isOfBranch;
 };
@@ -62,9 +62,9 @@ const LetterColumns kLetterColumns[] = {
     {"HOKENJA", "cIDno", {"cName", "cSubAddress"}, false},
 };
 
-/// What in a value breaks the letter file, where values stand in quotes and nothing is escaped: a line end starts another
-/// letter, and a separator, whole or completed by the quote before or after the value, another column. Empty for a value
-/// that does neither.
+/// What a value contains that breaks the letter file, where values are quoted but not escaped: a line end starts
+/// another letter; a separator (also one completed by a quote next to the value) starts another column. Empty for a
+/// harmless value.
 std::string_view breakIn(std::string_view value)
 {
     if (value.find_first_of("\r\n") != std::string_view::npos) return "改行";
@@ -72,14 +72,14 @@ std::string_view breakIn(std::string_view value)
     return hasSeparator || value.starts_with(",\"") || value.ends_with("\",") ? "列の区切り（\",\"）" : "";
 }
 
-/// A data source is found from the site's folder, which the program makes its current one.
+/// A data source is relative to the site's folder, which is the program's current folder.
 std::string pathFrom(const fs::path &folder, const std::string &path)
 {
     const std::string real = systemPath(path);
     return isAbsolutePath(real) ? real : systemPath(textOf(folder / pathOf(real)));
 }
 
-/// A connected database and the checks on it.
+/// An open database and its checks.
 class DatabaseCheck {
 public:
     DatabaseCheck(Database &database, Findings &findings)
@@ -134,7 +134,7 @@ private:
         return number;
     }
 
-    /// None leaves letters without a company; two and more bring every letter several times.
+    /// Without such a company the letters lack it; with several each letter is repeated.
     void checkCount(std::string_view role, const std::string &sql)
     try {
         const std::int32_t number = count(sql);
@@ -143,7 +143,7 @@ private:
             number == 0 ? fmt::format("この拠点に{}の会社（CORP）がありません。", role)
                         : fmt::format("この拠点に{}の会社（CORP）が{}件あり、委任状が重複します。", role, number));
     } catch (const RuntimeError &) {
-        // The table or the column is missing, which is a finding already.
+        // A missing table or column is already a finding.
     }
 
     void checkAgents(const Branch &branch)
@@ -160,7 +160,7 @@ private:
         // As above.
     }
 
-    /// The program's staff list is filled with those who have not stopped; with an empty one it leaves at once.
+    /// The program's staff list contains active staff only; if it is empty, the screen closes at once.
     void checkStaff(const std::string &where)
     try {
         if (count(fmt::format("SELECT TOP 1 nIDNo FROM STAFF WHERE {} AND (iChusiFlg = 0 OR iChusiFlg IS NULL)",
@@ -170,7 +170,7 @@ private:
         // As above.
     }
 
-    /// Values that would add or break letters; the program writes them without a message.
+    /// Finds values that would add or break letters; the program writes them without a message.
     void checkLetterValues(const LetterColumns &letter, const std::string &where)
     try {
         std::size_t count = 0;
@@ -183,10 +183,10 @@ private:
             m_findings.push_back(fmt::format("テーブル「{}」に、委任状が増えるか崩れる値がほかに{}件あります。",
                                              letter.table, count - kMostValues));
     } catch (const RuntimeError &) {
-        // The table or a column is missing, which is a finding already.
+        // A missing table or column is already a finding.
     }
 
-    /// Counts a value that breaks letters, and reports it while they are few.
+    /// Counts values that break letters, and reports each up to the limit.
     void checkLetterValue(const LetterColumns &letter, std::string_view column, const Variant &key,
                           const Variant &value, std::size_t &count)
     {

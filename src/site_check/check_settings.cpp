@@ -25,7 +25,7 @@ constexpr std::string_view kForms[] = {"委任状37_01.wfd", "委任状23.wfd", 
 
 using Settings = std::map<std::string, std::string>;
 
-/// The suite's rule: no sections, the text behind the first "=" of the first line with the key.
+/// As the suite reads it: without sections; the value follows the first "=" of the first line with the key.
 Settings settingsOf(const std::string &bytes)
 {
     Settings settings;
@@ -41,7 +41,7 @@ Settings settingsOf(const std::string &bytes)
     return settings;
 }
 
-/// The value, or a finding and nothing.
+/// The value; if it is missing, adds a finding and returns nothing.
 std::optional<std::string> valueOf(const Settings &settings, const std::string &key, Findings &findings)
 {
     const auto found = settings.find(key);
@@ -56,7 +56,7 @@ bool isThere(const fs::path &path)
     return fs::exists(pathOf(systemPath(textOf(path))), error);
 }
 
-/// The folder as the program joins it, without a separator between the parts.
+/// Joins a folder as the program does, without a separator.
 fs::path joined(const fs::path &folder, const std::string &value)
 {
     return pathOf(systemPath(textOf(folder) + value));
@@ -85,7 +85,7 @@ void checkFolders(const fs::path &folder, const Settings &settings, Findings &fi
         const auto value = valueOf(settings, std::string(key), findings);
         if (!value) continue;
         checkFolder(folder, key, *value, findings);
-        // The preview is started with the fixed path "./TMP\WfdCom.dat".
+        // The preview always starts with the path "./TMP\WfdCom.dat".
         if (key == "SYSTEM_TMP" && !equalsIgnoringAsciiCase(*value, "\\TMP")) {
             findings.push_back(fmt::format(
                 "Massage.ini の項目「SYSTEM_TMP」が「{}」なので、プレビューできません（「\\TMP」にしてください）。",
@@ -111,7 +111,7 @@ void checkWallpaper(const fs::path &folder, const Settings &settings, Findings &
                 "ます（BMP、PNG、JPEG のどれかで保存し直してください）。",
                 *value));
     } catch (const RuntimeError &) {
-        // A missing picture and one that cannot be painted are left out; a file that is no picture ends the start.
+        // A picture that is missing or cannot be painted is ignored; a file that is not a picture prevents the start.
         findings.push_back(
             fmt::format("Massage.ini の項目「WALLPAPER」の「{}」が画像ではないので、起動できません。", *value));
     }
@@ -137,7 +137,7 @@ std::optional<Branch> checkBranch(const Settings &settings, Findings &findings)
     return Branch{std::stoi(digits.substr(0, 2)), std::stoi(digits.substr(2, 2))};
 }
 
-/// An entry of "帳票Format.ini" stands in for all three form documents.
+/// An entry in "帳票Format.ini" replaces all three form documents.
 void checkForms(const fs::path &folder, const Settings &settings, Findings &findings)
 {
     const auto sys = settings.find("SYSTEM_SYS");

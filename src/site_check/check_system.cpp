@@ -9,7 +9,7 @@ namespace inin::site {
 
 namespace {
 
-/// What a database reads as the day that was meant, whatever its own language: the year first and whole.
+/// Date formats that a database reads correctly in every language: a four-digit year first.
 constexpr std::string_view kReadableForms[] = {"yyyy/MM/dd", "yyyy/M/d", "yyyy/MM/d", "yyyy/M/dd",
                                                "yyyy-MM-dd", "yyyy-M-d", "yyyy-MM-d", "yyyy-M-dd"};
 
@@ -17,7 +17,7 @@ constexpr std::string_view kConnectionKey = "接続情報";
 
 } // namespace
 
-/// The programs ask for this key in the machine's own code page, and then it is another one, or a row of question marks.
+/// The programs pass this key in the system's code page; in any other it becomes another key or question marks.
 void checkCodePage(Locale &system, Findings &findings)
 {
     if (system.toCodePage(kConnectionKey) == encodeCp932(kConnectionKey)) return;
@@ -26,7 +26,7 @@ void checkCodePage(Locale &system, Findings &findings)
         "日本語の項目を読めません。");
 }
 
-/// Dates go into statements and letters in this form, so an era or a day in front makes other days of them, or none.
+/// Statements and letters contain dates in this format. With an era or a day in front these would be wrong or invalid.
 void checkShortDate(const Regional &regional, Findings &findings)
 {
     if (std::ranges::find(kReadableForms, regional.shortDate) != std::end(kReadableForms)) return;

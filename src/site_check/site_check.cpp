@@ -26,7 +26,7 @@ std::optional<std::string> readSettingsFile(const std::filesystem::path &path, c
 {
     const std::filesystem::path real = pathOf(systemPath(textOf(path)));
     std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(real, error); // fails for folders and devices too
+    const std::uintmax_t size = std::filesystem::file_size(real, error); // also fails for folders and devices
     if (!error && size <= kMostSettingsBytes) return readSiteFile(path);
     const bool isThere = std::filesystem::exists(real, error);
     findings.push_back(

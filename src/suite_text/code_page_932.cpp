@@ -22,8 +22,8 @@ constexpr bool isTrail(unsigned char byte)
     return byte >= 0x40 && byte <= 0xFC && byte != 0x7F;
 }
 
-/// The same characters stand at up to three places. What is written is the place of JIS X 0208, then row 13, then the
-/// maker's extension behind the user's area; the copies in rows 0xED and 0xEE are only ever read.
+/// A character may have up to three codes. Written is the one of JIS X 0208, else of row 13, else of the vendor's
+/// extension after the user-defined area; the duplicates in rows 0xED and 0xEE are only read.
 constexpr int preference(unsigned lead)
 {
     if (lead == 0xED || lead == 0xEE) return 1;
@@ -43,15 +43,15 @@ struct Twin {
 constexpr Twin kTwins[] = {{0x2014, 0x2015}, {0x2016, 0x2225}, {0x2212, 0xFF0D}, {0x301C, 0xFF5E}};
 
 struct Tables {
-    std::array<char16_t, 0x100> single{};      ///< 0: no character of one byte
-    std::array<char16_t, 0x10000> pair{};      ///< by lead and trail
-    std::array<std::uint16_t, 0x10000> code{}; ///< by UTF-16 unit; 0: the code page lacks it
+    std::array<char16_t, 0x100> single{};      ///< 0: not a single-byte character
+    std::array<char16_t, 0x10000> pair{};      ///< indexed by lead and trail byte
+    std::array<std::uint16_t, 0x10000> code{}; ///< indexed by UTF-16 unit; 0: not in the code page
 
     Tables()
     {
         std::string singles, pairs;
         for (unsigned byte = 0x01; byte <= 0xFC; ++byte) {
-            // What becomes of 0x80, 0xA0 and 0xFD to 0xFF differs by system: none of them is a character here.
+            // Systems differ on 0x80, 0xA0 and 0xFD to 0xFF: here they are not characters.
             if (isCp932Lead(static_cast<unsigned char>(byte)))
                 addTrails(pairs, static_cast<char>(byte));
             else if (byte != 0x80 && byte != 0xA0)
@@ -100,8 +100,8 @@ struct Decoded {
     std::size_t size;
 };
 
-/// The next character of a UTF-8 text. A sequence that is none gives kNoCharacter and the size of its well-formed part,
-/// at least 1, so that one broken character costs one "?" and hides nothing behind it.
+/// The next character of a UTF-8 text. A malformed sequence yields kNoCharacter and the size of its well-formed part,
+/// at least 1: one broken character becomes one "?" and does not hide what follows.
 Decoded nextCharacter(std::string_view text)
 {
     const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
@@ -113,7 +113,7 @@ Decoded nextCharacter(std::string_view text)
     for (std::size_t at = 1; at < size; ++at) {
         if (at == text.size()) return {kNoCharacter, at};
         const unsigned byte = byteAt(at);
-        // The second byte tells overlong forms, surrogates and what lies beyond Unicode.
+        // The second byte rules out overlong forms, surrogates and code points above U+10FFFF.
         const unsigned low = at > 1 ? 0x80 : first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
         const unsigned high = at > 1 ? 0xBF : first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
         if (byte < low || byte > high) return {kNoCharacter, at};
@@ -122,7 +122,7 @@ Decoded nextCharacter(std::string_view text)
     return {character, size};
 }
 
-/// Appends the ASCII run at the front of `text` and gives its length: most bytes of a statement or path are such.
+/// Appends the leading ASCII run of `text` and returns its length: most bytes of a statement or path are ASCII.
 std::size_t takeAscii(std::string &out, std::string_view text)
 {
     std::size_t size = 0;
@@ -164,7 +164,7 @@ void appendUtf8(std::string &out, char16_t unit)
 std::string encodeCp932(std::string_view utf8)
 {
     const Tables &table = tables();
-    // No character takes more bytes here than in UTF-8.
+    // No character is longer here than in UTF-8.
     std::string out(utf8.size(), '\0');
     char *end = out.data();
     for (std::size_t at = 0; at < utf8.size();) {
@@ -193,7 +193,7 @@ std::string decodeCp932(std::string_view bytes)
         }
         ++at;
         char16_t unit = table.single[byte];
-        // A lead byte takes a trail byte with it even when the two are no character; anything else stays for itself.
+        // A lead byte consumes a trail byte even if the pair is not a character; any other byte is one by itself.
         if (isCp932Lead(byte) && at < bytes.size() && isTrail(static_cast<unsigned char>(bytes[at])))
             unit = table.pair[pairOf(byte, static_cast<unsigned char>(bytes[at++]))];
         appendUtf8(out, unit == 0 ? kReplacement : unit);

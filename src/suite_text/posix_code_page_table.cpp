@@ -13,7 +13,7 @@ class Conversion {
 public:
     Conversion() : m_descriptor(iconv_open("UTF-16LE", "CP932"))
     {
-        // iconv reports a failure as a pointer of all ones.
+        // iconv_open reports a failure as the pointer -1.
         if (reinterpret_cast<std::intptr_t>(m_descriptor) == -1)
             throw std::runtime_error("the system's iconv has no code page 932");
     }
@@ -21,7 +21,7 @@ public:
     Conversion &operator=(const Conversion &) = delete;
     ~Conversion() { iconv_close(m_descriptor); }
 
-    /// Converts from `at` up to the first byte that is no character, and gives how many bytes of `out` it filled.
+    /// Converts from `at` up to the first malformed byte and returns how many bytes of `out` were filled.
     std::size_t run(char *&at, std::size_t &left, std::vector<unsigned char> &out) const
     {
         char *outAt = reinterpret_cast<char *>(out.data());
@@ -37,11 +37,11 @@ private:
 
 } // namespace
 
-/// Many go through in one call: a call a character would be a good part of the program's start.
+/// Convert many characters per call: one call each would slow the program's start noticeably.
 std::vector<char16_t> systemUnits(const std::string &bytes, std::size_t width)
 {
     const Conversion conversion;
-    std::string in = bytes; // the call takes it without const
+    std::string in = bytes; // iconv takes it as non-const
     std::vector<unsigned char> out(in.size() * 2);
     std::vector<char16_t> found;
     char *at = in.data();
@@ -53,7 +53,7 @@ std::vector<char16_t> systemUnits(const std::string &bytes, std::size_t width)
         for (std::size_t i = 0; i < characters; ++i)
             found.push_back(static_cast<char16_t>(out[2 * i] | out[2 * i + 1] << 8));
         if (left == 0) break;
-        found.push_back(0); // it stopped in front of what is no character
+        found.push_back(0); // it stopped at a malformed character
         at += width;
         left -= width;
     }

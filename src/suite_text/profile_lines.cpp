@@ -87,7 +87,7 @@ bool Lines::read(Line &line)
 void Lines::classify(Line &line, std::size_t equals, std::size_t bracket) const
 {
     const std::string_view content = trimmedBoth(m_bytes.substr(line.begin, line.end - line.begin));
-    // A title reaches to the last bracket of its line: "[a]b]" names "a]b".
+    // A section title ends at the last bracket of its line: "[a]b]" names "a]b".
     if (content.starts_with('[') && bracket != std::string_view::npos) {
         const auto first = static_cast<std::size_t>(content.data() - m_bytes.data()) + 1;
         line.kind = LineKind::section;

@@ -8,7 +8,7 @@ namespace inin {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-/// What the platform reads for a double byte that is no character: "・".
+/// The platform reads a double byte that is not a character as "・".
 constexpr std::string_view kUnknownPair = "\x81\x45";
 
 std::string_view withoutQuotes(std::string_view value)
@@ -18,7 +18,7 @@ std::string_view withoutQuotes(std::string_view value)
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-/// At most `limit` bytes; a double byte that would straddle the limit is dropped whole.
+/// At most `limit` bytes; a double byte across the limit is dropped whole.
 std::string fitted(std::string_view value, std::size_t limit)
 {
     std::string out;
@@ -31,7 +31,7 @@ std::string fitted(std::string_view value, std::size_t limit)
     return out;
 }
 
-/// Names one after the other, each with its NUL, in a buffer that ends in one more; what does not fit is cut.
+/// A list of names, each ended by a NUL, in a buffer that ends in a further NUL; names that do not fit are cut.
 std::string nameList(std::string_view bytes, LineKind kind, std::size_t size)
 {
     std::string names;
@@ -53,7 +53,7 @@ std::optional<std::string_view> rawValue(std::string_view bytes, std::string_vie
     return withoutQuotes(untilNul(trimmedBoth(line->value)));
 }
 
-/// Not simply the last byte: a lead byte takes a line end with it.
+/// The last byte is not enough: a lead byte consumes a line end.
 bool endsInLineEnd(std::string_view bytes)
 {
     bool ended = true;
@@ -62,7 +62,7 @@ bool endsInLineEnd(std::string_view bytes)
     return ended;
 }
 
-/// Puts a line before `at`, closing a last line that has no end yet.
+/// Inserts a line before `at`; adds a line end to an unfinished last line first.
 std::string inserted(std::string_view bytes, std::size_t at, const std::string &line)
 {
     std::string out(bytes.substr(0, at));
@@ -114,7 +114,7 @@ std::string profileString(std::string_view bytes, ProfileBytes section, ProfileB
     }
     if (size == 0) return {};
     const auto value = rawValue(bytes, *section, *key);
-    // The platform drops blanks behind a default too.
+    // The platform drops trailing blanks of a default too.
     defaultValue = untilNul(defaultValue);
     const auto text = value ? *value : defaultValue.substr(0, defaultValue.find_last_not_of(' ') + 1);
     return fitted(text, size - 1);

@@ -30,8 +30,8 @@ char16_t unitAt(std::string_view utf16, std::size_t at, Encoding encoding)
     return static_cast<char16_t>(encoding == Encoding::utf16Big ? first << 8 | second : second << 8 | first);
 }
 
-/// The marked text in UTF-8. A character of two units is U+FFFD, as the code page lacks all of them; a last odd byte
-/// is one too, so that it does not pass for nothing.
+/// The marked text in UTF-8. A surrogate pair becomes U+FFFD, because the code page has no such character; so does an
+/// odd last byte, which must not be dropped silently.
 std::string utf8Text(std::string_view bytes, const Mark &mark)
 {
     bytes.remove_prefix(mark.bytes.size());

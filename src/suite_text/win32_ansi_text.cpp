@@ -11,7 +11,7 @@ namespace {
 
 constexpr UINT kJapanese = 932;
 
-/// The call would write one "?" for each half of a pair that the code page lacks.
+/// The call would write a "?" for each half of a surrogate pair that the code page lacks.
 std::wstring withoutPairs(const std::wstring &wide)
 {
     std::wstring out;
@@ -24,8 +24,8 @@ std::wstring withoutPairs(const std::wstring &wide)
 
 } // namespace
 
-// Code page 932 goes by tables that are filled from the same call: so the bytes are those of every other system, and no
-// character is turned into one that only looks like it.
+// Code page 932 uses tables that are filled by the same call: they give the same bytes on every system, and never replace a
+// character by one that is merely similar.
 std::string ansiFromUtf8(std::string_view text)
 {
     const UINT codePage = GetACP();

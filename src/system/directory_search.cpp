@@ -9,7 +9,7 @@ namespace inin {
 
 namespace {
 
-/// Bytes of the UTF-8 character at the front.
+/// The number of bytes of the first UTF-8 character.
 std::size_t characterSize(std::string_view text)
 {
     std::size_t size = 1;
@@ -17,7 +17,7 @@ std::size_t characterSize(std::string_view text)
     return size;
 }
 
-/// True when the name fits a pattern of "*" and "?". On a mismatch only the last "*" grows: no pattern is slow.
+/// True if the name matches a pattern of "*" and "?". On a mismatch only the last "*" is extended: no pattern is slow.
 bool fits(std::string_view name, std::string_view pattern)
 {
     std::string_view nameAtStar, patternAtStar;

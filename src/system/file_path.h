@@ -6,8 +6,7 @@
 
 namespace inin {
 
-// Paths are UTF-8 text inside the programs. A std::filesystem::path made from a narrow string would be read in the
-// system's own encoding, which is UTF-8 on some systems only.
+// std::filesystem decodes a path from std::string in the system's encoding, which is UTF-8 on some systems only.
 
 [[nodiscard]] inline std::filesystem::path pathOf(std::string_view utf8)
 {

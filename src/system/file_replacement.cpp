@@ -15,26 +15,26 @@ namespace inin {
 
 namespace {
 
-/// So many programs may write into one folder at a time.
+/// The number of programs that can write into one folder at the same time.
 constexpr int kTemporaryNames = 32;
 
-/// The temporary names of this process; a signal may arrive at any time.
+/// The temporary names of this process. Atomic, because a signal may arrive at any time.
 std::array<std::atomic<const char *>, kTemporaryNames> removedBySignal{};
 static_assert(std::atomic<const char *>::is_always_lock_free);
 
-/// Calls only what is safe in a signal handler.
+/// Calls only functions that are safe in a signal handler.
 void removeAndEnd(int signal)
 {
     for (const std::atomic<const char *> &name : removedBySignal)
         if (const char *const path = name.load()) (void)unlink(path);
-    (void)raise(signal); // its default action is in force again
+    (void)raise(signal); // the default action is in force again
 }
 
 void handleSignals()
 {
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
         struct sigaction action {};
-        // A signal that is ignored, or handled by the program, keeps its action.
+        // A signal that the program ignores or handles keeps its action.
         if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler != SIG_DFL) continue;
         action.sa_handler = removeAndEnd;
         action.sa_flags = static_cast<int>(SA_RESETHAND);
@@ -47,7 +47,7 @@ std::string temporaryName(const std::string &folder, int number)
     return folder + ".inin-" + std::to_string(number) + ".tmp";
 }
 
-/// Held as long as the descriptor is open: it marks a file whose writer is alive.
+/// The lock lasts as long as the descriptor is open: it shows that the file's writer is alive.
 bool lock(const FileDescriptor &file)
 {
     return flock(file.get(), LOCK_EX | LOCK_NB) == 0;
@@ -61,13 +61,13 @@ bool isNamed(const FileDescriptor &file, const std::string &path)
            opened.st_ino == named.st_ino;
 }
 
-/// Removes what killed processes left in the folder.
+/// Removes temporary files that killed processes left in the folder.
 void removeAbandoned(const std::string &folder)
 {
     for (int number = 0; number < kTemporaryNames; ++number) {
         const std::string path = temporaryName(folder, number);
         const FileDescriptor file(open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-        // Only the owner of the lock removes or renames the file, so the name is still that of the locked file.
+        // Only the owner of the lock removes or renames the file, so the name still refers to the locked file.
         if (file.isOpen() && lock(file) && isNamed(file, path)) (void)unlink(path.c_str());
     }
 }
@@ -94,7 +94,7 @@ void FileReplacement::openUnnamed()
 #ifdef O_TMPFILE
     m_file =
         FileDescriptor(open(m_folder.empty() ? "." : m_folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, m_rights));
-    // The later name is given by way of this entry.
+    // The file is linked to its name through this entry.
     if (isOpen() && access(("/proc/self/fd/" + std::to_string(m_file.get())).c_str(), F_OK) != 0) m_file.close();
 #endif
 }
@@ -106,13 +106,13 @@ void FileReplacement::openNamed()
         const std::string path = temporaryName(m_folder, number);
         FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, m_rights));
         if (!file.isOpen()) continue;
-        // A file system without locks: nobody will take the file for abandoned there.
+        // In a file system without locks no process treats the file as abandoned.
         const bool isOwn = lock(file) || errno != EWOULDBLOCK;
         if (isOwn && isNamed(file, path)) {
             m_file = std::move(file);
             setTemporary(path);
         }
-        errno = EEXIST; // taken for abandoned before it was locked
+        errno = EEXIST; // another process removed it as abandoned before it was locked
     }
 }
 
@@ -149,7 +149,7 @@ bool FileReplacement::commit()
     if (fsync(m_file.get()) != 0) return false;
     if (m_temporary.empty()) {
         if (linkAs(m_target)) return true;
-        // A name that is taken can be replaced by another name only.
+        // An existing name can only be replaced by renaming another file to it.
         if (errno != EEXIST || !linkAsTemporary()) return false;
     }
     if (std::rename(m_temporary.c_str(), m_target.c_str()) != 0) return false;

@@ -9,12 +9,14 @@
 
 namespace inin {
 
-/// Writes a file anew. The new file takes its name only when it is complete, in place of an older file or link of that
-/// name, so that a reader sees the old bytes or the new ones. It has the given rights until keepRights() succeeds.
+/// Replaces a file. The new file takes the name, from an older file or link, only when it is complete; a reader sees
+/// either the old bytes or the new ones. It has the given rights unless keepRights()
+/// succeeds.
 ///
-/// Until then it has no name, and disappears with the process. Where the file system has no unnamed files it is
-/// ".inin-N.tmp" in the same folder, as it is for a moment when an older file is replaced. That name is removed by the
-/// destructor and by SIGHUP, SIGINT and SIGTERM; one left by a killed process, by the next replacement in that folder.
+/// Until then it has no name and disappears with the process. In a file system without unnamed files it is
+/// ".inin-N.tmp" in the same folder, and always for the moment when an older file is replaced. That name is removed by
+/// the destructor and by SIGHUP, SIGINT and SIGTERM; one left by a killed process is removed by the next replacement in
+/// that folder.
 class FileReplacement {
 public:
     enum class Storage { unnamedIfPossible, named };
@@ -29,11 +31,11 @@ public:
     ~FileReplacement();
 
     [[nodiscard]] bool isOpen() const { return m_file.isOpen(); }
-    /// Gives the new file the owner, the group and the rights of the old one; false when the system refuses any of them.
+    /// Gives the new file the owner, group and permissions of the old one; false if the system refuses any of them.
     [[nodiscard]] bool keepRights(const struct stat &old);
-    // Both are false with errno on a failure.
+    // Both return false and set errno on failure.
     [[nodiscard]] bool write(std::string_view bytes) { return writeAll(m_file, bytes); }
-    /// Stores the bytes on the disk and gives the file its name.
+    /// Flushes the bytes to the disk and gives the file its name.
     [[nodiscard]] bool commit();
 
 private:
@@ -44,7 +46,7 @@ private:
     void setTemporary(std::string path);
     void forgetTemporary();
 
-    std::string m_target, m_folder; ///< the folder with its slash; empty for the current one
+    std::string m_target, m_folder; ///< the folder with a trailing slash; empty for the current one
     std::string m_temporary;        ///< empty while the file has no name
     mode_t m_rights;                ///< of the new file, as the process's mask permits
     FileDescriptor m_file;

@@ -24,7 +24,7 @@ int FileDescriptor::release()
 
 bool FileDescriptor::close()
 {
-    // An interrupted close has closed all the same.
+    // close() closes the descriptor even if it is interrupted.
     return !isOpen() || ::close(release()) == 0 || errno == EINTR;
 }
 
@@ -92,7 +92,7 @@ std::string foldedName(std::string_view name)
     std::string out(name);
     for (std::size_t at = 0; at < out.size(); ++at) {
         if (out[at] >= 'A' && out[at] <= 'Z') out[at] = static_cast<char>(out[at] - 'A' + 'a');
-        // Ａ to Ｚ are EF BC A1 to EF BC BA, ａ to ｚ EF BD 81 to EF BD 9A.
+        // Ａ to Ｚ are EF BC A1 to EF BC BA, ａ to ｚ are EF BD 81 to EF BD 9A.
         if (out.compare(at, 2, "\xEF\xBC") != 0 || at + 2 >= out.size()) continue;
         const auto last = static_cast<unsigned char>(out[at + 2]);
         if (last < 0xA1 || last > 0xBA) continue;

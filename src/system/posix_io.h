@@ -10,7 +10,7 @@
 
 namespace inin {
 
-/// Owns a file descriptor of the system.
+/// Owns a file descriptor.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
     [[nodiscard]] int get() const { return m_descriptor; }
     [[nodiscard]] int release();
-    /// False with errno when the system tells a failure of an earlier write here.
+    /// False, with errno, if the system reports the failure of an earlier write only now.
     bool close();
 
 private:
@@ -36,22 +36,22 @@ struct CloseFolder {
 };
 using FolderHandle = std::unique_ptr<DIR, CloseFolder>;
 
-// Both go on after an interruption; false with errno on a failure.
+// Both resume after an interruption and return false, with errno, on failure.
 [[nodiscard]] bool writeAll(const FileDescriptor &file, std::string_view bytes);
-/// Appends up to `size` bytes, fewer only at the end of the file.
+/// Appends `size` bytes; fewer only at the end of the file.
 [[nodiscard]] bool readUpTo(const FileDescriptor &file, std::size_t size, std::string &bytes);
 
 [[nodiscard]] bool isFolderAt(const std::string &systemPath);
-/// True for anything there that is no folder.
+/// True if the path exists and is not a folder.
 [[nodiscard]] bool isFileAt(const std::string &systemPath);
-/// True for a file without any write bit: read-only for every user, as the suite's file system has it.
+/// True for a file without any write permission: the suite's file system shows it as read-only for every user.
 [[nodiscard]] bool isReadOnly(const struct stat &status);
-/// True when the file may be written: it is not read-only, and the system lets this user write it.
+/// True if the file is not read-only and the system allows this user to write it.
 [[nodiscard]] bool isWritableFile(const std::string &systemPath);
 
-/// The path with slashes, its names as they are.
+/// The path with slashes as separators; names are unchanged.
 [[nodiscard]] std::string withSlashes(const std::string &path);
-/// A name with its ASCII and full-width Latin letters in lower case.
+/// A name with its ASCII and full-width Latin characters in lower case.
 [[nodiscard]] std::string foldedName(std::string_view name);
 
 } // namespace inin

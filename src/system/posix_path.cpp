@@ -13,7 +13,7 @@ bool exists(const std::string &systemPath)
     return lstat(systemPath.c_str(), &status) == 0;
 }
 
-/// The entry of the folder that has this name in any case, the least of several; empty for none.
+/// The folder's entry with this name in any case, the first in byte order if there are several; empty if there is none.
 std::string entryOf(const std::string &folder, const std::string &name)
 {
     const FolderHandle open(opendir(folder.empty() ? "." : folder.c_str()));
@@ -25,7 +25,7 @@ std::string entryOf(const std::string &folder, const std::string &name)
     return found;
 }
 
-/// Blanks and dots behind a name do not belong to it, except in "." and "..".
+/// Removes trailing blanks and dots, which are not part of a name, except in "." and "..".
 std::string withoutTail(const std::string &name)
 {
     const auto last = name.find_last_not_of(" .");

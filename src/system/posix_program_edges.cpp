@@ -20,9 +20,9 @@ void prepareStandardStreams()
 {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(descriptor, F_GETFD) != -1) continue;
-        // The lowest free descriptor is this one. Opened the wrong way round, it refuses every access.
+        // open() returns this descriptor, the lowest free one. With the wrong access mode every use fails.
         const int wrongWay = descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY;
-        (void)open("/dev/null", wrongWay); // without the device nothing can be done about it
+        (void)open("/dev/null", wrongWay); // without /dev/null nothing can be done
     }
 }
 

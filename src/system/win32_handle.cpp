@@ -6,7 +6,7 @@ namespace inin {
 
 namespace {
 
-/// As much as one call takes.
+/// The most bytes that are passed to one system call.
 constexpr std::size_t kMostBytes = std::size_t{1} << 24;
 
 } // namespace

@@ -2,6 +2,6 @@
 
 namespace inin {
 
-void createForOwner(const std::string &) {} // a file gets the rights that its folder gives to new files
+void createForOwner(const std::string &) {} // a new file inherits the permissions of its folder
 
 } // namespace inin

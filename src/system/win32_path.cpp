@@ -11,7 +11,7 @@ namespace inin {
 
 namespace {
 
-/// A folder must leave room for a name of 8.3 behind it, so its limit lies below MAX_PATH.
+/// A folder's path must leave room for an 8.3 name, so its limit is below MAX_PATH.
 constexpr std::size_t kLongestClassic = MAX_PATH - 12;
 constexpr std::wstring_view kUnlimitedShare = L"\\\\?\\UNC\\";
 
@@ -29,7 +29,7 @@ std::wstring widePath(const std::string &path)
     std::wstring wide = wideFromUtf8(path);
     std::ranges::replace(wide, L'/', L'\\');
     if (wide.empty() || wide.starts_with(kUnlimited)) return wide;
-    // The limit counts the whole path, so a short name in a deep current folder is long too.
+    // The limit applies to the absolute path, so a short name in a deep current folder may exceed it.
     const std::wstring full = fullPath(wide);
     if (full.size() < kLongestClassic) return wide;
     if (full.starts_with(L"\\\\")) return std::wstring(kUnlimitedShare) + full.substr(2);

@@ -5,12 +5,12 @@
 
 namespace inin {
 
-/// With this before it a whole path may lie beyond the classic limit; the ANSI calls do not know it.
+/// An absolute path with this prefix may exceed the classic limit; the ANSI calls do not accept it.
 inline constexpr std::wstring_view kUnlimited = L"\\\\?\\";
 
-/// The path as the wide calls take it, see systemPath.
+/// The path as the wide calls accept it, see systemPath.
 [[nodiscard]] std::wstring widePath(const std::string &path);
-/// The path from its drive or share, as the system completes it; the path itself where it cannot.
+/// The absolute path, from the drive or share on; the given path if the system cannot complete it.
 [[nodiscard]] std::wstring fullPath(const std::wstring &path);
 
 } // namespace inin

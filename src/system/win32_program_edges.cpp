@@ -26,7 +26,7 @@ UINT &codePageBefore()
     return codePage;
 }
 
-/// The console outlives the program: it is left as it was found.
+/// The console outlives the program, so its code page is restored.
 void giveBackConsole()
 {
     SetConsoleOutputCP(codePageBefore());
@@ -34,7 +34,7 @@ void giveBackConsole()
 
 } // namespace
 
-/// What main() was given is in the ANSI code page, which may lack a character of a path.
+/// main() receives its arguments in the ANSI code page, which may lack a character of a path.
 std::vector<std::string> programArguments(int, char **)
 {
     int count = 0;
@@ -52,12 +52,12 @@ std::filesystem::path programFile()
     return file;
 }
 
-// The run-time library keeps the descriptors of streams that are closed at the start: no file gets them.
+// The run-time library reserves the descriptors of closed standard streams: no file gets them.
 void prepareStandardStreams()
 {
     for (std::FILE *stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
     codePageBefore() = GetConsoleOutputCP();
-    if (codePageBefore() == 0) return; // no console
+    if (codePageBefore() == 0) return; // no console is attached
     SetConsoleOutputCP(CP_UTF8);
     std::atexit(giveBackConsole);
 }

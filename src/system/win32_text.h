@@ -5,7 +5,7 @@
 
 namespace inin {
 
-// Inside, text is UTF-8; the wide calls of Windows take UTF-16. A sequence that is none becomes U+FFFD.
+// Text is UTF-8 inside the program; the wide calls of Windows take UTF-16. A malformed sequence becomes U+FFFD.
 [[nodiscard]] std::wstring wideFromUtf8(std::string_view text);
 [[nodiscard]] std::string utf8FromWide(std::wstring_view text);
 

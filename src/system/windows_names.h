@@ -1,6 +1,6 @@
 #pragma once
 
-// The header of Windows, without those macros of it that are the names of a port's operations.
+// Includes <windows.h> and undefines its macros that have the names of port operations.
 #include <windows.h>
 
 #undef GetPrivateProfileInt

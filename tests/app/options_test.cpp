@@ -52,7 +52,7 @@ constexpr BadOption kBadOptions[] = {
 
 } // namespace
 
-TEST_CASE("make takes 300 patients and seed 1 unless told otherwise")
+TEST_CASE("make uses 300 patients and seed 1 by default")
 {
     const auto command = std::get<MakeCommand>(read({"make", "here"}));
     CHECK(command.folder == "here");
@@ -61,7 +61,7 @@ TEST_CASE("make takes 300 patients and seed 1 unless told otherwise")
     CHECK(command.overwrite == Overwrite::onlyOwnFolder);
 }
 
-TEST_CASE("make takes patients, seed, month and force")
+TEST_CASE("make accepts patients, seed, month and force")
 {
     const auto command = std::get<MakeCommand>(read(
         {"make", "here", "--patients", "30000", "--seed", "18446744073709551615", "--month", "2024-12", "--force"}));
@@ -71,18 +71,18 @@ TEST_CASE("make takes patients, seed, month and force")
     CHECK(command.overwrite == Overwrite::anyFolder);
 }
 
-TEST_CASE("make takes a number of staff, and else leaves it to the number of patients")
+TEST_CASE("make accepts a number of staff, and derives it from the number of patients otherwise")
 {
     CHECK(std::get<MakeCommand>(read({"make", "here"})).order.staff == 0);
     CHECK(std::get<MakeCommand>(read({"make", "here", "--staff", "5000"})).order.staff == 5000);
 }
 
-TEST_CASE("check takes a folder")
+TEST_CASE("check accepts a folder")
 {
     CHECK(std::get<CheckCommand>(read({"check", "there"})).folder == "there");
 }
 
-TEST_CASE("a bad value of an option is answered by its own sentence")
+TEST_CASE("each option with an invalid value has its own message")
 {
     for (const BadOption &bad : kBadOptions) {
         CAPTURE(bad.option);
@@ -91,7 +91,7 @@ TEST_CASE("a bad value of an option is answered by its own sentence")
     }
 }
 
-TEST_CASE("a command line without sense is refused with a sentence")
+TEST_CASE("an invalid command line is refused with a sentence")
 {
     for (const std::vector<const char *> &line : {std::vector<const char *>{},
                                                   {"make"},
@@ -103,7 +103,7 @@ TEST_CASE("a command line without sense is refused with a sentence")
     }
 }
 
-TEST_CASE("make takes a server's database with a folder or without one")
+TEST_CASE("make accepts a server's database with or without a folder")
 {
     const auto both = std::get<MakeCommand>(read({"make", "here", "--into", "DSN=massage;PWD=x"}));
     CHECK(both.folder == "here");
@@ -125,7 +125,7 @@ TEST_CASE("an empty folder name is refused")
     CHECK(sentenceOf(read({"make", ""})) == "フォルダーを指定してください。");
 }
 
-TEST_CASE("help is no bad command")
+TEST_CASE("a request for help is not an invalid command")
 {
     CHECK(std::holds_alternative<HelpCommand>(read({"--help"})));
     CHECK(std::holds_alternative<HelpCommand>(read({"make", "--help"})));

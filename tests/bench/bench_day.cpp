@@ -1,5 +1,5 @@
-// The price of one candidate of a day's letters: a session opened, the patient's last planned visit asked for, the
-// session closed.
+// The cost of one candidate of a day's letters: open a session, query the patient's last planned visit, close the
+// session.
 
 #include "bench/bench_site.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::int32_t kCandidates = 5000;
 
-/// A month of which every patient of the demo has a visit, but for those whose treatment had ended.
+/// A month in which every patient of the demo has a visit, except those whose treatment had ended.
 constexpr int kBusyMonth = static_cast<int>(kMonth) - 1;
 
 std::vector<std::int32_t> candidates(BenchScreen &screen)

@@ -1,5 +1,5 @@
-// Ten thousand letters to PDF: the form viewer as a whole process, from script and CSV, beside a program that only writes
-// the same text operators. The PDF's texts are taken back and looked for, page by page.
+// Ten thousand letters to PDF: the form viewer as a whole process, from script and CSV, compared with a program that
+// only writes the same text operators. The texts of the PDF are extracted and checked page by page.
 
 #include "bench/bench_process.h"
 #include "bench/letter_job.h"
@@ -43,12 +43,12 @@ void writePlainJob(const LetterJob &job)
     writeBytes(job.file("plain.job"), fontLines + shared + letters);
 }
 
-/// How many of the letters' texts are on their own page.
+/// The number of the letters' texts that are on their own page.
 std::pair<std::size_t, std::size_t> textsFound(const LetterJob &job)
 {
     static_cast<void>(runProcess({"pdftotext", "-raw", job.file("ours.pdf"), job.file("ours.txt")}, job.file("out")));
     const std::string all = bytesOf(job.file("ours.txt"));
-    // Columns that the form shows as they stand: all but the dates and the second bank line.
+    // Columns that the form shows unchanged: all except the dates and the second bank line.
     constexpr std::size_t kShown[] = {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 13, 15, 16, 17};
     std::size_t found = 0, expected = 0, begin = 0;
     for (std::size_t n = 0; n < kLetters; ++n) {

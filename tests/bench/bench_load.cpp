@@ -1,5 +1,5 @@
-// The load of the conditions screen on a site with many staff members: the company, the store, three sessions, both
-// lists. Between the person's start of the program and the first sight of the screen stands nothing else of the core's.
+// Loads the conditions screen on a site with many staff: the company, the stored settings, three sessions, both lists.
+// This is all that the core does between the start of the program and the first display of the screen.
 
 #include "bench/bench_site.h"
 
@@ -19,7 +19,7 @@ constexpr std::int64_t kPatients = 300;
 constexpr std::int64_t kStaff = 5000;
 constexpr int kLoads = 21;
 
-/// Milliseconds of one load of a new screen.
+/// Milliseconds to load a new screen once.
 double loadOnce(App &app, std::int16_t &entries)
 {
     frmPrintInin form(app);

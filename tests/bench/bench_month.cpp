@@ -1,5 +1,5 @@
-// The road from database to CSV for a month's letters, as a whole process, beside the sqlite3 command writing the same
-// statement's result as CSV.
+// From the database to the CSV of a month's letters, as a whole process, compared with the sqlite3 command writing the
+// result of the same statement as CSV.
 
 #include "adapters/sqlite/sql_schema.h"
 #include "adapters/sqlite/sql_translator.h"
@@ -18,11 +18,11 @@ using namespace sqlite;
 
 namespace {
 
-/// So many that a few more than 32,000 of them get a letter.
+/// Enough patients for slightly more than 32,000 letters.
 constexpr std::int64_t kPatients = 35200;
 constexpr int kRuns = 9;
 
-/// The child's part.
+/// Runs in the child process.
 int runOnce(const std::string &folder)
 {
     BenchScreen screen(folder);
@@ -30,7 +30,8 @@ int runOnce(const std::string &folder)
     return 0;
 }
 
-/// The sqlite3 command lacks the adapter's own collation; insurers' numbers are digits, so it compares them alike.
+/// The sqlite3 command lacks the adapter's collation; insurers' numbers are digits, so the order is the same without
+/// it.
 std::string withoutCollation(std::string sql)
 {
     constexpr std::string_view clause = " COLLATE ININ_JA";

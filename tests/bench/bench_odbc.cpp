@@ -1,5 +1,6 @@
-// A month's letters and a day's letters over ODBC, on the server that with_postgres starts: the month as a whole process
-// beside a plain program that only fetches the same statement's rows in blocks, the day with its log-ins counted.
+// A month's and a day's letters over ODBC, on the server that with_postgres starts: the month as a whole process
+// compared with a plain program that only fetches the rows of the same statement in blocks; the day with its log-ins
+// counted.
 
 #include "adapters/odbc/odbc_database.h"
 #include "bench/bench_process.h"
@@ -26,7 +27,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// So many that a few more than 32,000 of them get a letter.
+/// Enough patients for slightly more than 32,000 letters.
 constexpr std::int64_t kPatients = 33700;
 constexpr int kRuns = 5;
 
@@ -42,7 +43,7 @@ std::string server()
     return fromEnvironment("ININ_ODBC_POSTGRES");
 }
 
-/// SQL Server's own tables in this server's words, so that the columns are as short there as here.
+/// SQL Server's tables in this server's dialect, so that the columns are equally short.
 std::string schema()
 {
     std::string text(site::serverSchemaText());
@@ -55,7 +56,7 @@ std::string schema()
     return text;
 }
 
-/// Four visits a patient in the month, the fourth on a day of its own for one in sixteen.
+/// Four visits per patient in the month, the fourth on a separate day for one in sixteen.
 void fillServer()
 {
     const auto database = makeOdbcDatabase();
@@ -89,7 +90,7 @@ void makeFolder(const fs::path &folder)
     site::writeFile(folder / "Massage.ini", "SYSTEM_TMP=\\TMP\r\n");
 }
 
-/// The child's part.
+/// Runs in the child process.
 int runMonth(const std::string &folder)
 {
     BenchScreen screen(folder, makeOdbcDatabase());
@@ -97,7 +98,7 @@ int runMonth(const std::string &folder)
     return 0;
 }
 
-/// A day's letters ask for the last visit of each candidate in a session of its own.
+/// A day's letters query the last visit of each candidate in a session of its own.
 void measureDay(const std::string &folder)
 {
     auto owned = makeOdbcDatabase();

@@ -1,5 +1,5 @@
-// The measure for bench_odbc: what a plain program of ODBC's own calls needs for the same statement. It logs in, runs the
-// statement, fetches all rows in blocks of bound texts, and writes how many there were.
+// The reference for bench_odbc: a plain program with direct ODBC calls for the same statement. It logs in, runs the
+// statement, fetches all rows in blocks of bound text and prints their number.
 
 #include <sql.h>
 #include <sqlext.h>

@@ -1,5 +1,6 @@
-// Letters to PDF beside an office program, where one is installed: one document of the same letters' texts, a page each,
-// as plain paragraphs, which is less work than the letter's own layout. Its start is taken off, ours is not.
+// Letters to PDF compared with an office program, if one is installed: one document with the same texts, one page per
+// letter, as plain paragraphs, which is less work than the letter's layout. The office program's start is subtracted,
+// ours is not.
 
 #include "bench/bench_process.h"
 #include "bench/letter_job.h"
@@ -51,7 +52,7 @@ std::string escaped(const std::string &text)
     return out;
 }
 
-/// The first letters as one text document in a single XML file.
+/// Writes the first letters as one text document in a single XML file.
 void writeDocument(const std::string &path, viewer::LetterPress &press, std::size_t pages)
 {
     std::ofstream out(path, std::ios::binary);
@@ -92,7 +93,7 @@ double officeSeconds(const LetterJob &job, const std::string &document)
     return medianOf(runs).seconds;
 }
 
-/// Throws unless page k of the PDF has the name of letter k, and there are as many pages as letters.
+/// Throws unless the PDF has as many pages as letters and page k has the name of letter k.
 void checkPages(const LetterJob &job, const std::string &pdf, std::size_t pages)
 {
     static_cast<void>(runProcess({"pdftotext", "-raw", pdf, job.file("pages.txt")}, job.file("out")));

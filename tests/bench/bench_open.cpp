@@ -1,5 +1,5 @@
-// From a script of ten thousand letters to the first page on a picture, each run in a process of its own: what the
-// operator waits for before there is something to look at. The page is looked at, for a blank one is fast.
+// From a script of ten thousand letters to a picture of the first page, each run in its own process: the time that the
+// operator waits. The page is checked, because a blank one is fast.
 
 #include "bench/bench_process.h"
 #include "bench/letter_job.h"

@@ -42,7 +42,7 @@ Spent runProcess(const std::vector<std::string> &arguments, const std::string &o
         throw std::runtime_error(arguments.front() + " failed");
     }
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-    return {seconds.count(), static_cast<double>(usage.ru_maxrss) / 1024}; // ru_maxrss counts kilobytes
+    return {seconds.count(), static_cast<double>(usage.ru_maxrss) / 1024}; // ru_maxrss is in kilobytes
 }
 
 std::string firstLine(const std::string &outputFile)

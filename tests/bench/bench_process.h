@@ -5,32 +5,32 @@
 
 namespace inin::bench {
 
-/// A finished child process, as the system accounts for it.
+/// Resources of a finished child process, as the system reports them.
 struct Spent {
     double seconds = 0;
-    double megabytes = 0; ///< of memory at its peak
+    double megabytes = 0; ///< peak memory
 };
 
-/// Runs a program to its end with its output in a file; throws when it fails.
+/// Runs a program to its end with its output in a file; throws if it fails.
 [[nodiscard]] Spent runProcess(const std::vector<std::string> &arguments, const std::string &outputFile);
 
 [[nodiscard]] std::string firstLine(const std::string &outputFile);
 
-/// The run of middle length.
+/// The run with the median time.
 [[nodiscard]] Spent medianOf(std::vector<Spent> runs);
 
-/// A program with its arguments, and the file that takes its output.
+/// A program with its arguments, and the file for its output.
 struct Contender {
     std::vector<std::string> arguments;
     std::string outputFile;
 };
 
 struct Race {
-    Spent ours, plain; ///< the runs of middle length
-    double ratio = 0;  ///< the middle one of the ratios, each of two runs that followed one another
+    Spent ours, plain; ///< the median runs
+    double ratio = 0;  ///< the median of the ratios of consecutive runs
 };
 
-/// Runs both in turns, so that what else the machine does weighs on both.
+/// Runs both alternately, so that other load on the machine affects both.
 [[nodiscard]] Race raceOf(const Contender &ours, const Contender &plain, int runs);
 
 } // namespace inin::bench

@@ -1,5 +1,6 @@
-// The first search of the patients' pick list, unfiltered: every row goes into the grid, for there is no limit and no
-// paging. The memory is that of a whole process with the list open, less that of one that stands at the conditions.
+// The first search of the patients' pick list, without a filter: every row is written to the grid, because there is no
+// limit and no paging. The memory is that of a whole process with the list open, minus that of one that shows the
+// conditions only.
 
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
@@ -16,11 +17,12 @@ namespace inin::bench {
 
 namespace {
 
-/// Ended patients are left out of the first list, so there are a few more of them on the site.
+/// The first list omits ended patients, so the site has slightly more.
 constexpr std::int64_t kPatients = 31000;
 constexpr int kRuns = 5;
 
-/// The child's part: prints the rows in the grid and the seconds from the window's first sight until they stand there.
+/// Runs in the child process: prints the number of rows in the grid and the seconds from the window's first display
+/// until they are there.
 int openList(const std::string &folder)
 {
     BenchScreen screen(folder);
@@ -34,7 +36,7 @@ int openList(const std::string &folder)
     return 0;
 }
 
-/// The other child's part: everything that the program has open before the window.
+/// Runs in the other child process: everything that the program has open before the window.
 int standIdle(const std::string &folder)
 {
     const BenchScreen screen(folder);

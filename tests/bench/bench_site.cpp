@@ -30,7 +30,7 @@ public:
     }
 };
 
-/// Nothing is shown, so nothing of this is asked.
+/// Never called, because no window is shown.
 class NoWindows : public Windows {
 public:
     void show(Form &, Modality) override {}

@@ -1,9 +1,9 @@
-// From the start of the process to the first painted window of the program, the background, and to the painted conditions
-// screen, on a demo site; each beside an empty window of the toolkit. The background fills the screen, so it stands beside
-// an empty window that does too; the screen stands beside one with a single line of Japanese text, for the first text of a
-// process makes the toolkit read the system's fonts, which takes about as long as all the rest of an empty window. All are
-// processes that are started anew each time, as a person starts them, and take turns, so that what else the machine does
-// falls on all alike. Without a display they paint on none.
+// From the start of the process to the first painted window of the program (the background) and to the painted
+// conditions screen, on a demo site, each compared with an empty window of the toolkit. The background fills the
+// screen, and so does its empty window. The screen is compared with a window that shows one line of Japanese text,
+// because the first text of a process makes the toolkit read the system's fonts, which takes about as long as the rest
+// of an empty window. All processes are started anew each time, as a user starts them, and alternate, so that other
+// load affects all alike. Without a display they paint offscreen.
 
 #include "adapters/qt/theme.h"
 #include "app/print_inin/desktop.h"
@@ -30,7 +30,7 @@ namespace {
 constexpr int kRuns = 25;
 constexpr std::int64_t kPatients = 300;
 
-/// As the program's own main does it, up to the paint of the window of that name.
+/// Starts like the program's own main, up to the painting of the window of that name.
 int startUpTo(const char *window, const char *folder, char **argv)
 {
     if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -48,7 +48,7 @@ int startUpTo(const char *window, const char *folder, char **argv)
 
 struct Start {
     std::vector<std::string> command;
-    std::vector<double> milliseconds = {}; ///< of each run, up to the paint
+    std::vector<double> milliseconds = {}; ///< per run, up to the painting
 };
 
 double middle(std::vector<double> figures)
@@ -57,7 +57,7 @@ double middle(std::vector<double> figures)
     return figures.at(figures.size() / 2);
 }
 
-/// From before the process is there to the moment that it tells.
+/// From before the process exists to the time that it prints.
 double millisecondsToPaint(const std::vector<std::string> &command, const std::string &answer)
 {
     const std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
@@ -69,7 +69,7 @@ double millisecondsToPaint(const std::vector<std::string> &command, const std::s
     return std::chrono::duration<double, std::milli>(spent).count();
 }
 
-/// The middle one of the ratios of the runs of one turn.
+/// The median ratio of runs of the same round.
 double times(const Start &ours, const Start &plain)
 {
     std::vector<double> ratios;
@@ -89,7 +89,7 @@ int measure(const std::string &self)
     Start background{{self, "frmBack", folder}};
     Start screen{{self, "frmPrintInin", folder}};
     const std::string answer = folder + "/painted";
-    for (int run = -1; run < kRuns; ++run) // the first turn brings the files into the system's memory
+    for (int run = -1; run < kRuns; ++run) // the first round brings the files into the system's cache
         for (Start *start : {&empty, &large, &line, &background, &screen}) {
             const double spent = millisecondsToPaint(start->command, answer);
             if (run >= 0) start->milliseconds.push_back(spent);

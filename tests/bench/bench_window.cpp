@@ -1,5 +1,5 @@
-// The form viewer's window over ten thousand letters: opening, the first page, turning pages, the check, a print. Each
-// figure comes with a look at what was done: blank pages are fast.
+// The form viewer's window with ten thousand letters: opening, the first page, turning pages, the check, printing. Each
+// result is verified, because blank pages are fast.
 
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
@@ -27,7 +27,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::size_t kLetters = 10'000;
-/// The letter whose account has no holder, behind all others.
+/// The letter whose account has no holder, after all others.
 constexpr std::size_t kSpoilt = kLetters;
 constexpr std::size_t kHolder = 11;
 constexpr std::size_t kTurned = 200;
@@ -39,7 +39,7 @@ void require(bool holds, const char *what)
     if (!holds) throw std::runtime_error(what);
 }
 
-/// Adds the letter without a holder to the job's file.
+/// Adds the letter without an account holder to the job's file.
 void addSpoiltLetter(const bench::LetterJob &job)
 {
     std::vector<std::string> row = bench::letterRow(kSpoilt);
@@ -55,7 +55,7 @@ double milliseconds(const QElapsedTimer &since)
     return static_cast<double>(since.nsecsElapsed()) / kNanosecondsPerMillisecond;
 }
 
-/// How many dots of a picture are letters or lines.
+/// The number of dark pixels of a picture: glyphs and lines.
 int inkOf(const QImage &image)
 {
     constexpr int kDark = 100;
@@ -84,7 +84,7 @@ std::unique_ptr<OpenLetters> timeOpening(const std::string &script)
     return letters;
 }
 
-/// Milliseconds of this thread's own work: on a machine that others use too, the clock tells of their work as well.
+/// CPU time of this thread in milliseconds: on a shared machine the clock includes the work of others.
 double worked()
 {
     timespec now{};
@@ -92,7 +92,7 @@ double worked()
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
-/// Means and slowest by the clock and by work.
+/// Mean and maximum, by clock and by CPU time.
 class Times {
 public:
     template <class Body> void time(Body &&body)
@@ -130,7 +130,7 @@ void turn(ViewerWindow &window, PageView &page, bool reads, const char *what)
     page.viewport()->repaint();
     Times times;
     for (std::size_t i = 1; i <= kTurned; ++i) {
-        // Whoever reads a letter leaves time in which the next one is made.
+        // A user who reads a letter leaves time to prepare the next one.
         if (reads) QTest::qWait(10);
         times.time([&] {
             window.showLetter(i);
@@ -179,7 +179,7 @@ void timeWindow(const bench::LetterJob &job)
 void timeTurning(OpenLetters &letters)
 {
     Times kept, whole;
-    // The first page finds its glyphs; that is the first page's figure.
+    // The first page loads its glyphs; that is part of its own figure.
     letters.pictures.setScale(kDotsPerInch / 72);
     QImage before = letters.pictures.of(0);
     for (std::size_t i = 1; i <= kTurned; ++i) {
@@ -218,7 +218,7 @@ void timeRoad(OpenLetters &letters, const PrintRoads &roads, const QString &path
                kPrinted / spent * 1000, bytes / kPrinted / 1024);
 }
 
-/// Up to the system's door: what a queue makes of a job is its own affair.
+/// Up to the hand-over to the system: the speed of its print queue is not measured.
 void timePrint(OpenLetters &letters, const bench::LetterJob &job)
 {
     const QString path = QString::fromStdString(job.file("print.pdf"));

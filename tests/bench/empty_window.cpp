@@ -1,5 +1,5 @@
-// An empty window of the toolkit and nothing else: what any program with windows takes to come up. With --maximised it fills
-// the screen; with a text it shows that as a line. Ends when the window is painted.
+// An empty window of the toolkit and nothing else: the minimum of any program with windows. With --maximised it fills
+// the screen; a text argument is shown as a line. Ends when the window is painted.
 
 #include "bench/end_at_paint.h"
 

@@ -22,7 +22,7 @@ bool EndAtPaint::isOurs(QObject *watched) const
     return widget != nullptr && widget->window()->objectName() == m_window;
 }
 
-/// The end itself is not timed: giving a large window's memory back takes milliseconds that nobody waits for.
+/// The end itself is not timed: no user waits for the milliseconds in which a large window's memory is freed.
 void EndAtPaint::tellAndEnd()
 {
     std::printf("%lld\n", static_cast<long long>(std::chrono::steady_clock::now().time_since_epoch().count()));
@@ -30,7 +30,7 @@ void EndAtPaint::tellAndEnd()
     std::_Exit(0);
 }
 
-/// The display's own event holds the paints of all widgets of its window and their way to the display.
+/// The display's own event includes painting all widgets of its window and passing them to the display.
 bool EndAtPaint::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Paint && isOurs(watched)) m_hasPainted = true;

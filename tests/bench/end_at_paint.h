@@ -5,11 +5,11 @@
 
 namespace inin::bench {
 
-/// Ends the process when a window of that name, with all that is in it, has been painted and handed to the display, and
-/// writes the steady clock's count of that moment to the standard output.
+/// Ends the process when a window of that name has been painted with its content and passed to the display, and prints
+/// the steady clock's count at that moment.
 class EndAtPaint : public QObject {
 public:
-    /// Watches from now on; lives to the end of the process.
+    /// Starts watching; lives to the end of the process.
     static void of(const char *window);
 
 protected:

@@ -7,7 +7,7 @@
 
 namespace inin::bench {
 
-/// A folder with a script, a letter file of so many letters and what a bench puts beside them; it goes away with this.
+/// A temporary folder with a script, a letter file with that many letters and further files of a benchmark.
 class LetterJob {
 public:
     explicit LetterJob(std::size_t letters);

@@ -12,7 +12,8 @@
 
 namespace inin::bench {
 
-/// Notes the texts that are painted, with font, place and size of each in a line: what the programs beside ours write.
+/// Records the painted texts, with font, position and size of each on a line, as input for the programs to compare
+/// with.
 class NotedTexts : public viewer::PagePainter {
 public:
     explicit NotedTexts(double height) : m_height(height) {}

@@ -1,5 +1,5 @@
-// The yardstick of bench_letters: writes the same text operators with the same subsets of the same fonts and does
-// nothing else. No form is read, no CSV, nothing is fitted: places and texts come ready from a file.
+// The reference of bench_letters: writes the same text operators with the same subsets of the same fonts and does
+// nothing else. It reads no form and no CSV and fits no text: positions and texts come ready from a file.
 
 #include <fmt/format.h>
 #include <hb-subset.h>
@@ -184,8 +184,8 @@ private:
 
 } // namespace
 
-/// plain_letters JOB OUT.pdf. Lines of the job: "F path" a font, "S font x y size text" a shared text, "V font x y size"
-/// a field, "L text<TAB>text…" a letter.
+/// plain_letters JOB OUT.pdf. Lines of the job: "F path" a font, "S font x y size text" a shared text, "V font x y
+/// size" a field, "L text<TAB>text…" a letter.
 int main(int argc, char **argv)
 {
     if (argc != 3) return 2;

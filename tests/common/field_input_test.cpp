@@ -50,7 +50,7 @@ const FieldCase kCases[] = {
     {"double bytes are read whole", "\x95\x5C\x81\x5C,\x83\x5C\r\n", {"表―", "ソ"}},
 };
 
-/// Fails at the second piece.
+/// Fails at the second block.
 class BrokenInput : public InputFile {
 public:
     std::string read(std::size_t) override
@@ -70,7 +70,7 @@ public:
 
 } // namespace
 
-TEST_CASE("a field ends where the runtime's field input ends it")
+TEST_CASE("a field ends by the rules of the runtime's field input")
 {
     for (const FieldCase &each : kCases) {
         CAPTURE(each.claim);
@@ -78,19 +78,19 @@ TEST_CASE("a field ends where the runtime's field input ends it")
     }
 }
 
-TEST_CASE("a field longer than a piece of the file is read whole")
+TEST_CASE("a field longer than a block of the file is read completely")
 {
     const std::string longField(200000, 'x');
     CHECK(fieldsOf(longField + "\r\nb") == std::vector<std::string>{longField, "b"});
 }
 
-TEST_CASE("a CR LF that lies across two pieces is one line end")
+TEST_CASE("a CR LF across two blocks is one line end")
 {
     const std::string filled(65535, 'x');
     CHECK(fieldsOf(filled + "\r\nb") == std::vector<std::string>{filled, "b"});
 }
 
-TEST_CASE("a field beyond the end is error 62")
+TEST_CASE("a read after the last field is error 62")
 {
     FakeWorld world;
     world.files.put("C:\\SUITE\\x.txt", "a");
@@ -99,13 +99,13 @@ TEST_CASE("a field beyond the end is error 62")
     CHECK(errorOf([&] { (void)file.next(); }) == 62);
 }
 
-TEST_CASE("a file that is not there is error 53 at the opening")
+TEST_CASE("a missing file is error 53 at the opening")
 {
     FakeWorld world;
     CHECK(errorOf([&] { const FieldInput file(world.platform, "C:\\SUITE\\none.txt"); }) == 53);
 }
 
-TEST_CASE("a failed read reaches the caller")
+TEST_CASE("a failed read goes to the caller")
 {
     FakeWorld world;
     BrokenFiles files;

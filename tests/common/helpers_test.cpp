@@ -24,7 +24,7 @@ Variant most(const Variant &a, const Variant &b)
     return vMax(a, b, kRegional);
 }
 
-TEST_CASE("the lesser and the greater of two numbers are told by value, whatever their kinds")
+TEST_CASE("the lesser and the greater of two numbers are found by value, whatever their types")
 {
     const Variant small(std::int16_t{9});
     const Variant large(31);
@@ -44,14 +44,14 @@ TEST_CASE("two texts are compared as texts, not as numbers")
     CHECK(most("abc", "ab") == Variant("abc"));
 }
 
-TEST_CASE("texts beyond the first plane stand before U+E000 and after, as UTF-16 orders them")
+TEST_CASE("texts beyond the first plane are less than U+E000, as in UTF-16 order")
 {
     CHECK(least("Ａ", "𠮷") == Variant("𠮷"));
     CHECK(most("Ａ", "𠮷") == Variant("Ａ"));
     CHECK(least("家", "𠮷") == Variant("家"));
 }
 
-TEST_CASE("a tie gives the first argument back")
+TEST_CASE("equal arguments give the first one")
 {
     CHECK(least(std::int16_t{5}, 5) == Variant(std::int16_t{5}));
     CHECK(most(std::int16_t{5}, 5) == Variant(std::int16_t{5}));
@@ -59,13 +59,13 @@ TEST_CASE("a tie gives the first argument back")
     CHECK(most(5.0, 5) == Variant(5.0));
 }
 
-TEST_CASE("a Null in the second place gives the first argument back")
+TEST_CASE("a Null in the second argument gives the first argument")
 {
     CHECK(least(5, Null{}) == Variant(5));
     CHECK(most("x", Null{}) == Variant("x"));
 }
 
-TEST_CASE("a Null in the first place gives Null")
+TEST_CASE("a Null in the first argument gives Null")
 {
     CHECK(least(Null{}, 5).isNull());
     CHECK(most(Null{}, 5).isNull());
@@ -81,14 +81,14 @@ TEST_CASE("an Empty compares as 0 with a number and as the empty text with a tex
     CHECK(least("", Variant()) == Variant(""));
 }
 
-TEST_CASE("a number stands before every text")
+TEST_CASE("a number is less than every text")
 {
     CHECK(least("1", 999) == Variant(999));
     CHECK(most(999, "1") == Variant("1"));
     CHECK(least(999, "1") == Variant(999));
 }
 
-TEST_CASE("dates compare by their days")
+TEST_CASE("dates compare by their day numbers")
 {
     CHECK(least(Date(45413), Date(45412)) == Variant(Date(45412)));
     CHECK(most(Date(45413), 45414) == Variant(45414));
@@ -111,7 +111,7 @@ TEST_CASE("csNullToStr gives the empty text for Null and keeps every blank")
     CHECK(csNullToStr(Date(45413), kRegional) == "2024/05/01");
 }
 
-TEST_CASE("csNullToStr raises an error for a value that cannot be text")
+TEST_CASE("csNullToStr raises an error for a value without a text form")
 {
     CHECK(errorOf([] { return csNullToStr(Binary{}, kRegional); }) == 13);
 }
@@ -125,7 +125,7 @@ TEST_CASE("csCutNul gives the part before the first NUL")
     CHECK(csCutNul(std::string_view("ab \0", 4)) == "ab ");
 }
 
-TEST_CASE("csNullRTrim takes ASCII blanks on the right alone")
+TEST_CASE("csNullRTrim removes only ASCII blanks on the right")
 {
     CHECK(csNullRTrim("  山田  ", kRegional) == "  山田");
     CHECK(csNullRTrim("山田　", kRegional) == "山田　");
@@ -141,7 +141,7 @@ TEST_CASE("csNullRTrim gives the empty text for Null and for any failure")
     CHECK(csNullRTrim(Date(1e10), kRegional).empty());
 }
 
-TEST_CASE("nNullToLong gives a 32-bit number, halves to the even neighbour")
+TEST_CASE("nNullToLong gives a 32-bit number and rounds halves to even")
 {
     struct Row {
         Variant value;

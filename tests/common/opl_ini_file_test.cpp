@@ -10,7 +10,7 @@ using namespace inin;
 
 namespace {
 
-/// A world with one profile file, and the class over it.
+/// A world with one profile file, and the class that reads it.
 struct IniFixture {
     IniFixture() { world.files.putText(kPath, "[委任状]\n対象期間=2\n対象データ=ｱ値 \n文字=abc\n空=\n"); }
     const std::string kPath = "C:\\SUITE\\DATA\\印刷設定.ini";
@@ -20,7 +20,7 @@ struct IniFixture {
 
 } // namespace
 
-TEST_CASE("an empty file name gives -1 and its text without a look at the disk")
+TEST_CASE("an empty file name gives -1 and its text without disk access")
 {
     IniFixture ini;
     CHECK(ini.file.iInit("") == -1);
@@ -28,7 +28,7 @@ TEST_CASE("an empty file name gives -1 and its text without a look at the disk")
     CHECK(ini.world.files.log.empty());
 }
 
-TEST_CASE("an empty file name leaves the stored name as it was")
+TEST_CASE("an empty file name keeps the stored name")
 {
     IniFixture ini;
     REQUIRE(ini.file.iInit(ini.kPath) == 0);
@@ -36,7 +36,7 @@ TEST_CASE("an empty file name leaves the stored name as it was")
     CHECK(ini.file.nGetProfileLong("委任状", "対象期間") == 2);
 }
 
-TEST_CASE("a missing file gives -1, its name in the text, and is the one that is written")
+TEST_CASE("a missing file gives -1 and a text with its name, and is the file that is written")
 {
     IniFixture ini;
     CHECK(ini.file.iInit("C:\\SUITE\\DATA\\新.ini") == -1);
@@ -45,7 +45,7 @@ TEST_CASE("a missing file gives -1, its name in the text, and is the one that is
     CHECK(fromCp932(ini.world.files.bytes("C:\\SUITE\\DATA\\新.ini")) == "[委任状]\r\n受任者=1\r\n");
 }
 
-TEST_CASE("an existing file gives 0 and leaves the text of an earlier failure")
+TEST_CASE("an existing file gives 0 and keeps the text of an earlier failure")
 {
     IniFixture ini;
     ini.file.csErrMsg = "前の失敗";
@@ -53,7 +53,7 @@ TEST_CASE("an existing file gives 0 and leaves the text of an earlier failure")
     CHECK(ini.file.csErrMsg == "前の失敗");
 }
 
-TEST_CASE("a folder is no profile file")
+TEST_CASE("a folder is not a profile file")
 {
     IniFixture ini;
     CHECK(ini.file.iInit("C:\\SUITE\\DATA") == -1);
@@ -71,17 +71,17 @@ TEST_CASE("a number key gives its number, a text and a missing key give 0")
     CHECK(ini.file.csErrMsg == "");
 }
 
-TEST_CASE("a value is followed by NULs up to 256 bytes of the code page in all")
+TEST_CASE("a value is padded with NULs to 256 bytes of the code page")
 {
     IniFixture ini;
     REQUIRE(ini.file.iInit(ini.kPath) == 0);
-    // ｱ is one byte, 値 two; the blank behind the value went with the platform call.
+    // ｱ is one byte, 値 two; the platform call removed the blank after the value.
     CHECK(ini.file.csGetProfileString("委任状", "対象データ") == "ｱ値" + std::string(253, '\0'));
     CHECK(ini.file.csGetProfileString("委任状", "無") == std::string(256, '\0'));
     CHECK(csCutNul(ini.file.csGetProfileString("委任状", "対象データ")) == "ｱ値");
 }
 
-TEST_CASE("a value of 255 bytes is followed by one NUL and a longer one is cut")
+TEST_CASE("a value of 255 bytes is followed by one NUL and a longer one is truncated")
 {
     IniFixture ini;
     REQUIRE(ini.file.iInit(ini.kPath) == 0);
@@ -91,7 +91,7 @@ TEST_CASE("a value of 255 bytes is followed by one NUL and a longer one is cut")
     CHECK(ini.file.csGetProfileString("s", "k") == std::string(254, 'x') + std::string(2, '\0'));
 }
 
-TEST_CASE("blanks inside of quotes stand between the value and its NULs")
+TEST_CASE("blanks inside quotes are kept between the value and its NULs")
 {
     IniFixture ini;
     ini.world.files.putText(ini.kPath, "[s]\nk=\"a  \"\n");
@@ -99,7 +99,7 @@ TEST_CASE("blanks inside of quotes stand between the value and its NULs")
     CHECK(csCutNul(ini.file.csGetProfileString("s", "k")) == "a  ");
 }
 
-TEST_CASE("a file that goes after a good start reads as empty")
+TEST_CASE("a file deleted after a successful start reads as empty")
 {
     IniFixture ini;
     REQUIRE(ini.file.iInit(ini.kPath) == 0);
@@ -129,7 +129,7 @@ TEST_CASE("a trapped error of a text read gives the empty text and a text with o
                                "セクション：委任状  キー    ：対象データ");
 }
 
-TEST_CASE("a new key goes into its section")
+TEST_CASE("a new key is written to its section")
 {
     IniFixture ini;
     ini.world.files.putText(ini.kPath, "[委任状]\n対象期間=2\n[他]\nx=1\n");
@@ -147,7 +147,7 @@ TEST_CASE("an empty text is written as an empty value, not as a deletion")
     CHECK(fromCp932(ini.world.files.bytes(ini.kPath)) == "[s]\r\nk=\r\n");
 }
 
-TEST_CASE("a refused write gives 0 and leaves the text alone")
+TEST_CASE("a refused write gives 0 and keeps the text")
 {
     IniFixture ini;
     REQUIRE(ini.file.iInit(ini.kPath) == 0);

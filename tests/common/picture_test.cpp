@@ -10,7 +10,7 @@ using namespace std::string_literals;
 
 namespace {
 
-/// The error of checking a file with these bytes, 0 for none.
+/// The error of the check of a file with these bytes, 0 for none.
 std::int32_t checked(const std::string &bytes)
 {
     FakeWorld world;
@@ -33,7 +33,7 @@ std::int32_t checkedPath(const std::string &path)
 
 } // namespace
 
-TEST_CASE("a picture is known by its first bytes")
+TEST_CASE("a picture is identified by its first bytes")
 {
     CHECK(checked("BM\x36\0\0\0"s) == 0);
     CHECK(checked("\0\0\1\0\1\0"s) == 0);
@@ -47,7 +47,7 @@ TEST_CASE("a picture is known by its first bytes")
     CHECK(checked("\1\0\0\0"s + std::string(36, '\0') + " EMF") == 0);
 }
 
-TEST_CASE("anything else is no picture")
+TEST_CASE("anything else is not a picture")
 {
     CHECK(checked("") == 481);
     CHECK(checked("B") == 481);

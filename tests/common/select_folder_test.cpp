@@ -25,12 +25,12 @@ struct FolderFixture : FakeWorld {
     FakeFolders folders;
     clsSelectFolder select{platform, folders};
 
-    /// What the user does in the window. It must close the window.
+    /// The user's actions in the window. They must close the window.
     void act(const std::function<void(frmSelFolder &)> &act)
     {
         windows.acts.emplace_back([act](Form &form) { act(dynamic_cast<frmSelFolder &>(form)); });
     }
-    /// The same for what leaves the window open: its control box closes it afterwards.
+    /// The same for actions that leave the window open: its control box closes it afterwards.
     void actAndLeave(const std::function<void(frmSelFolder &)> &steps)
     {
         act(steps);
@@ -57,7 +57,7 @@ constexpr Selection kSelections[] = {{"iSelFolder", &clsSelectFolder::iSelFolder
 
 } // namespace
 
-TEST_CASE("title, folder and error text start empty")
+TEST_CASE("title, folder and error text are initially empty")
 {
     FolderFixture fixture;
     CHECK(fixture.select.CsErrStr().empty());
@@ -66,7 +66,7 @@ TEST_CASE("title, folder and error text start empty")
     CHECK(fixture.select.iSelFolder() == 0);
 }
 
-TEST_CASE("the window opens on the current folder when no folder is given")
+TEST_CASE("the window starts in the current folder if no folder is given")
 {
     for (const Selection &each : kSelections) {
         CAPTURE(each.name);
@@ -94,7 +94,7 @@ TEST_CASE("the title becomes the window's caption")
     }
 }
 
-TEST_CASE("the window opens on the given folder, and its drive list follows in the newer operation only")
+TEST_CASE("the window starts in the given folder, and only the newer operation sets its drive list")
 {
     struct StartCase {
         Selection selection;
@@ -123,7 +123,7 @@ TEST_CASE("the newer operation sets the drive before the folder")
     CHECK(fixture.folders.opened == Texts{"C:\\SUITE", "D:\\写真", "d:", "D:\\写真"});
 }
 
-TEST_CASE("a folder that is not there, or is a file, leaves the window on the current one")
+TEST_CASE("a start folder that is missing or a file leaves the window on the current one")
 {
     for (const Selection &each : kSelections) {
         for (const char *folder : {"C:\\NONE", "C:\\SUITE\\Massage.ini"}) {
@@ -155,7 +155,7 @@ TEST_CASE("a start folder that cannot be opened is no failure")
     }
 }
 
-TEST_CASE("a start folder whose drive is in no list is opened all the same")
+TEST_CASE("a start folder whose drive is not in the list is opened all the same")
 {
     for (const Selection &each : kSelections) {
         CAPTURE(each.name);
@@ -170,7 +170,7 @@ TEST_CASE("a start folder whose drive is in no list is opened all the same")
     }
 }
 
-TEST_CASE("a current folder on a drive in no list leaves the drive list without a choice")
+TEST_CASE("a current folder whose drive is not in the list leaves the drive list without a choice")
 {
     FolderFixture fixture;
     fixture.folders.letters = {"d:"};
@@ -181,7 +181,7 @@ TEST_CASE("a current folder on a drive in no list leaves the drive list without 
     CHECK(fixture.select.iSelFolder() == 0);
 }
 
-TEST_CASE("the chosen folder is kept without its closing backslash")
+TEST_CASE("the chosen folder is returned without its closing backslash")
 {
     struct PathCase {
         const char *opened;
@@ -199,7 +199,7 @@ TEST_CASE("the chosen folder is kept without its closing backslash")
     }
 }
 
-TEST_CASE("the root of a tree without drives stays a path")
+TEST_CASE("the root of a tree without drives remains a path")
 {
     FolderFixture fixture;
     fixture.folders.paths.emplace_back("/");
@@ -211,7 +211,7 @@ TEST_CASE("the root of a tree without drives stays a path")
     CHECK(fixture.select.SelFolder() == "/");
 }
 
-TEST_CASE("leaving without a choice is good and keeps the folder")
+TEST_CASE("closing without a choice succeeds and keeps the folder")
 {
     const std::vector<std::function<void(frmSelFolder &)>> ways = {
         [](frmSelFolder &window) { window.cmdCancel.onClick(); },
@@ -233,7 +233,7 @@ TEST_CASE("leaving without a choice is good and keeps the folder")
     }
 }
 
-TEST_CASE("another drive opens its folders")
+TEST_CASE("selecting another drive opens its folders")
 {
     FolderFixture fixture;
     fixture.act([](frmSelFolder &window) {
@@ -246,7 +246,7 @@ TEST_CASE("another drive opens its folders")
     CHECK(fixture.select.SelFolder() == "D:");
 }
 
-TEST_CASE("picking the drive that the list shows leaves the open folder")
+TEST_CASE("selecting the drive already shown keeps the open folder")
 {
     FolderFixture fixture;
     fixture.act([](frmSelFolder &window) {
@@ -259,7 +259,7 @@ TEST_CASE("picking the drive that the list shows leaves the open folder")
     CHECK(fixture.select.iSelFolder() == 0);
 }
 
-TEST_CASE("a drive that cannot be read is told, and the drive list goes back")
+TEST_CASE("an unreadable drive shows an error, and the drive list is set back")
 {
     for (const std::int32_t error :
          {error_number::diskNotReady, error_number::pathNotFound, error_number::deviceIo, error_number::pathAccess}) {
@@ -277,7 +277,7 @@ TEST_CASE("a drive that cannot be read is told, and the drive list goes back")
     }
 }
 
-TEST_CASE("the folder list shows the way down to the open folder and what lies in it, by depth")
+TEST_CASE("the folder list shows the path to the open folder and its contents, by depth")
 {
     FolderFixture fixture;
     fixture.actAndLeave([](frmSelFolder &window) {
@@ -291,7 +291,7 @@ TEST_CASE("the folder list shows the way down to the open folder and what lies i
     CHECK(fixture.select.iSelFolder() == 0);
 }
 
-TEST_CASE("marking a folder does not open it; return and a double click do")
+TEST_CASE("selecting a folder does not open it; return and a double click do")
 {
     FolderFixture fixture;
     fixture.actAndLeave([](frmSelFolder &window) {
@@ -309,7 +309,7 @@ TEST_CASE("marking a folder does not open it; return and a double click do")
     CHECK(fixture.select.iSelFolder() == 0);
 }
 
-TEST_CASE("a folder that refuses is told in the system's words, and the list stays")
+TEST_CASE("a folder that cannot be opened shows the system's error text, and the list stays")
 {
     FolderFixture fixture;
     fixture.folders.errors["C:\\SUITE\\TMP"] = error_number::pathAccess;
@@ -322,7 +322,7 @@ TEST_CASE("a folder that refuses is told in the system's words, and the list sta
     CHECK(fixture.boxes.shown == std::vector<ShownBox>{{"パス名が無効です。", Icon::critical, "警告！"}});
 }
 
-TEST_CASE("a window that cannot be loaded is a failure with its number and words")
+TEST_CASE("a window that cannot be loaded is a failure with its number and text")
 {
     for (const Selection &each : kSelections) {
         CAPTURE(each.name);
@@ -335,7 +335,7 @@ TEST_CASE("a window that cannot be loaded is a failure with its number and words
     }
 }
 
-TEST_CASE("a failure while the window stands is a failure too")
+TEST_CASE("a failure while the window is open is a failure too")
 {
     FolderFixture fixture;
     fixture.act([](frmSelFolder &) { throw RuntimeError(error_number::outOfMemory); });
@@ -343,7 +343,7 @@ TEST_CASE("a failure while the window stands is a failure too")
     CHECK(fixture.select.CsErrStr() == "Error No:7\rメモリが不足しています。");
 }
 
-TEST_CASE("a failure of F12 is a box")
+TEST_CASE("a failure of F12 shows a box")
 {
     FolderFixture fixture;
     frmSelFolder window(fixture.platform, fixture.folders);
@@ -355,7 +355,7 @@ TEST_CASE("a failure of F12 is a box")
                                  Icon::critical, ""}});
 }
 
-TEST_CASE("a window that is shown again begins without a choice")
+TEST_CASE("a window that is shown again starts without a choice")
 {
     FolderFixture fixture;
     frmSelFolder window(fixture.platform, fixture.folders);
@@ -367,7 +367,7 @@ TEST_CASE("a window that is shown again begins without a choice")
     CHECK(textsOf(window.drlDrive) == Texts{"c:", "d:"});
 }
 
-TEST_CASE("a folder with more folders than a list holds shows what fits")
+TEST_CASE("a folder with more subfolders than a list can count shows as many as fit")
 {
     class ManyFolders : public Folders {
     public:

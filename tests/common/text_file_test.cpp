@@ -28,7 +28,7 @@ using Texts = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("each printed line is in the code page and ends in CR LF")
+TEST_CASE("each printed line is in the code page and ends with CR LF")
 {
     FakeWorld world;
     TextOutput file(world.platform, kPath);
@@ -38,7 +38,7 @@ TEST_CASE("each printed line is in the code page and ends in CR LF")
     CHECK(world.files.bytes(kPath) == "\"\x88\xCF\x94\x43\x8F\xF3\",\"?\"\r\n\r\n");
 }
 
-TEST_CASE("a line is written in one piece")
+TEST_CASE("a line is written in one call")
 {
     FakeWorld world;
     world.files.failingWrite = 2;
@@ -48,7 +48,7 @@ TEST_CASE("a line is written in one piece")
     CHECK(world.files.bytes(kPath) == "first\r\n");
 }
 
-TEST_CASE("an old file is emptied")
+TEST_CASE("an existing file is truncated")
 {
     FakeWorld world;
     world.files.put(kPath, "old");
@@ -56,7 +56,7 @@ TEST_CASE("an old file is emptied")
     CHECK(world.files.bytes(kPath) == "");
 }
 
-TEST_CASE("the errors of the file go to the caller")
+TEST_CASE("errors of the file go to the caller")
 {
     FakeWorld world;
     CHECK_THROWS_AS(TextOutput(world.platform, "C:\\NONE\\x.txt"), RuntimeError);
@@ -79,7 +79,7 @@ TEST_CASE("a last line without an end is a line, and an end alone is an empty on
     CHECK(linesOf("\r\n") == Texts{""});
 }
 
-TEST_CASE("a CR LF that falls between two pieces of the file is one line end")
+TEST_CASE("a CR LF across two blocks of the file is one line end")
 {
     for (const std::size_t size : {65533U, 65534U, 65535U, 65536U, 65537U}) {
         INFO(size);
@@ -90,12 +90,12 @@ TEST_CASE("a CR LF that falls between two pieces of the file is one line end")
     }
 }
 
-TEST_CASE("lines are decoded, and a byte that is no character stops nothing")
+TEST_CASE("lines are decoded, and an invalid byte does not end the reading")
 {
     CHECK(linesOf("\x88\xCF\x94\x43\x8F\xF3\r\n\x81\r\nx\xFFy\n") == Texts{"委任状", "\uFFFD", "x\uFFFDy"});
 }
 
-TEST_CASE("a double byte that falls between two pieces of the file is one character")
+TEST_CASE("a double byte across two blocks of the file is one character")
 {
     const std::string first(65535, 'x');
     CHECK(linesOf(first + "\x88\xCF\n") == Texts{first + "委"});
@@ -106,7 +106,7 @@ TEST_CASE("NUL bytes are part of a line")
     CHECK(linesOf("a\0b\n\0"s) == Texts{"a\0b"s, "\0"s});
 }
 
-TEST_CASE("a line of 10 MB is read whole")
+TEST_CASE("a line of 10 MB is read completely")
 {
     const std::string line(10 << 20, 'x');
     const Texts lines = linesOf(line + "\r\nb");

@@ -22,7 +22,7 @@ TEST_CASE("a new session has no error text")
     CHECK(cT_ADODB::ihehe() == 0);
 }
 
-TEST_CASE("an exception of the provider's library does not leave a session that goes")
+TEST_CASE("an exception of the provider's library does not leave the destructor of a session")
 {
     ProbeFixture fixture;
     {
@@ -35,7 +35,7 @@ TEST_CASE("an exception of the provider's library does not leave a session that 
     fixture.database.probe.onClose = nullptr;
 }
 
-TEST_CASE("iInit keeps the string and touches no database")
+TEST_CASE("iInit keeps the string and does not connect")
 {
     ProbeFixture fixture;
     CHECK(fixture.database.made == 0);
@@ -59,7 +59,7 @@ TEST_CASE("a second iConnect opens nothing and resets the timeout")
     CHECK(fixture.database.probe.log == Log{"open [Provider=Fake][][] -1", "timeout 180", "timeout 20", "timeout 180"});
 }
 
-TEST_CASE("an error of the open is the error alone, and the provider's list is lost and cleared")
+TEST_CASE("an error of the open gives only the error, and the provider's list is lost and cleared")
 {
     ProbeFixture fixture;
     fixture.database.probe.errors = {kServerError};
@@ -69,7 +69,7 @@ TEST_CASE("an error of the open is the error alone, and the provider's list is l
     CHECK(fixture.database.probe.errors.empty());
 }
 
-TEST_CASE("a session that stays closed with a list gives the earlier text and the list without an error")
+TEST_CASE("a session that is not opened and has a list gives the earlier text and the list without an error")
 {
     FakeWorld world;
     world.database.stayClosed = true;
@@ -88,7 +88,7 @@ TEST_CASE("a session that stays closed with a list gives the earlier text and th
     CHECK(world.database.lastTimeout == 0);
 }
 
-TEST_CASE("a session that stays closed without a list goes on as connected")
+TEST_CASE("a session that is not opened and has no list counts as connected")
 {
     FakeWorld world;
     world.database.stayClosed = true;
@@ -98,7 +98,7 @@ TEST_CASE("a session that stays closed without a list goes on as connected")
     CHECK(session.sErrMsg().empty());
 }
 
-TEST_CASE("a timeout that cannot be set leaves the session connected, with the words of the failure")
+TEST_CASE("a timeout that cannot be set keeps the session connected, with the error text of the failure")
 {
     FakeWorld world;
     world.database.timeoutError = -2147467259;
@@ -107,7 +107,7 @@ TEST_CASE("a timeout that cannot be set leaves the session connected, with the w
     CHECK(session.sErrMsg() == "ERR:iSetTimeout (-2147467259)設定できません。");
 }
 
-TEST_CASE("a connection object that cannot be made is a failure like any other")
+TEST_CASE("a connection object that cannot be created is a failure like any other")
 {
     ProbeFixture fixture;
     fixture.database.failure = 429;
@@ -119,7 +119,7 @@ TEST_CASE("a connection object that cannot be made is a failure like any other")
     CHECK(fixture.session.sDbName().empty());
 }
 
-TEST_CASE("no operation that succeeds clears the words of the failure before it")
+TEST_CASE("a successful operation keeps the error text of an earlier failure")
 {
     ProbeFixture fixture;
     fixture.database.probe.failure = -2147217900;
@@ -154,7 +154,7 @@ TEST_CASE("iDisConnect closes, and iConnect works again without a new iInit")
     CHECK(world.database.connectionStrings == Log{"Provider=Fake", "Provider=Fake"});
 }
 
-TEST_CASE("a disconnected session makes a new connection object on its next use")
+TEST_CASE("a disconnected session creates a new connection object on its next use")
 {
     ProbeFixture fixture;
     REQUIRE(fixture.session.iConnect() == 0);
@@ -185,7 +185,7 @@ TEST_CASE("a failed iDisConnect loses the provider's list, and the session stays
     CHECK(fixture.database.made == 1);
 }
 
-TEST_CASE("the end of a session object disconnects it")
+TEST_CASE("destroying a session object disconnects it")
 {
     FakeWorld world;
     {
@@ -195,7 +195,7 @@ TEST_CASE("the end of a session object disconnects it")
     CHECK(world.database.log == Log{"connect 1", "disconnect 1"});
 }
 
-TEST_CASE("the end of a session object that is closed already goes unseen")
+TEST_CASE("destroying a session object that is already closed reports nothing")
 {
     FakeWorld world;
     {
@@ -207,7 +207,7 @@ TEST_CASE("the end of a session object that is closed already goes unseen")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("the end of a session object makes the connection that it then fails to close")
+TEST_CASE("destroying a session object creates the connection that it then fails to close")
 {
     FakeWorld world;
     ProbeDatabase database;
@@ -221,7 +221,7 @@ TEST_CASE("the end of a session object makes the connection that it then fails t
     CHECK(database.probe.log == Log{"close"});
 }
 
-TEST_CASE("the database's name is the connection's, and after a disconnect that of a new unopened one")
+TEST_CASE("the database's name is that of the connection, and after a disconnect that of a new unopened one")
 {
     FakeWorld world;
     cT_ADODB session(world.app);

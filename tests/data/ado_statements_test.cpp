@@ -12,7 +12,7 @@ using Log = std::vector<std::string>;
 const ProviderError kServerError{-2147217900, "構文が正しくありません。", "Provider", "42000", 170};
 const ProviderError kSecondError{-2147467259, "接続が切れました。", "Provider", "08S01", 20009};
 
-/// The log of one entry as it follows the words of a failure, on a session that is open.
+/// The log of one entry as it follows the error text of a failure, on an open session.
 const std::string kServerErrorLog = "\rConnection State=1"
                                     "\rError Number: -2147217900"
                                     "\r  Description: 構文が正しくありません。"
@@ -30,7 +30,7 @@ std::string repeated(const std::string &part, int count)
 
 } // namespace
 
-TEST_CASE("iOpenRecSet opens the caller's record set with the three numbers as given")
+TEST_CASE("iOpenRecSet opens the caller's record set with the three numbers unchanged")
 {
     ProbeFixture fixture;
     REQUIRE(fixture.session.iConnect() == 0);
@@ -88,7 +88,7 @@ TEST_CASE("a read on a session that is not open fails and opens nothing")
     CHECK(world.database.log.empty());
 }
 
-TEST_CASE("iCloseRecSet closes the record set and empties the caller's reference")
+TEST_CASE("iCloseRecSet closes the record set and clears the caller's reference")
 {
     FakeWorld world;
     cT_ADODB session(world.app);
@@ -99,7 +99,7 @@ TEST_CASE("iCloseRecSet closes the record set and empties the caller's reference
     CHECK(rsData == nullptr);
 }
 
-TEST_CASE("a failed iCloseRecSet sets the number on its own line before the provider's list and keeps the reference")
+TEST_CASE("a failed iCloseRecSet puts the number on its own line before the provider's list and keeps the reference")
 {
     ProbeFixture fixture;
     fixture.failOpen({kServerError});
@@ -120,7 +120,7 @@ TEST_CASE("iCloseRecSet without a record set is error 91")
     CHECK(session.sErrMsg() == "91\r\nオブジェクト変数または With ブロック変数が設定されていません。");
 }
 
-TEST_CASE("iExecSQL runs the statement without records and stores nothing unless it is asked to")
+TEST_CASE("iExecSQL executes the statement without records and stores the count only on request")
 {
     ProbeFixture fixture;
     REQUIRE(fixture.session.iConnect() == 0);
@@ -129,7 +129,7 @@ TEST_CASE("iExecSQL runs the statement without records and stores nothing unless
     CHECK(fixture.database.probe.log == Log{"exec UPDATE T 128"});
 }
 
-TEST_CASE("iExecSQL gives back the rows affected as a 32-bit number")
+TEST_CASE("iExecSQL returns the rows affected as a 32-bit number")
 {
     ProbeFixture fixture;
     REQUIRE(fixture.session.iConnect() == 0);
@@ -138,7 +138,7 @@ TEST_CASE("iExecSQL gives back the rows affected as a 32-bit number")
     CHECK(nKousinRecSuu == Variant(std::int32_t{3}));
 }
 
-TEST_CASE("a failed write shows the whole of its statement, behind the provider's list, and stores no rows")
+TEST_CASE("a failed write shows its whole statement after the provider's list, and stores no count")
 {
     ProbeFixture fixture;
     fixture.failOpen({kServerError});
@@ -157,7 +157,7 @@ TEST_CASE("a failed write without a provider's list ends with its statement")
     CHECK(fixture.session.sErrMsg() == "ERR:iExecSQL (-2147217900)失敗しました。\rSQL=UPDATE T");
 }
 
-TEST_CASE("a transaction goes begin, statement, commit")
+TEST_CASE("a transaction is begin, statement, commit in this order")
 {
     FakeWorld world;
     cT_ADODB session(world.app);
@@ -192,7 +192,7 @@ TEST_CASE("each failed operation of a transaction is named before the provider's
     }
 }
 
-TEST_CASE("a rollback without an error and without a list is good")
+TEST_CASE("a rollback without an error and without a list succeeds")
 {
     FakeWorld world;
     cT_ADODB session(world.app);
@@ -201,7 +201,7 @@ TEST_CASE("a rollback without an error and without a list is good")
     CHECK(world.database.log == Log{"connect 1", "rollback 1"});
 }
 
-TEST_CASE("a rollback that leaves a list fails with the earlier text and the list")
+TEST_CASE("a rollback with a remaining list fails with the earlier text and the list")
 {
     FakeWorld world;
     cT_ADODB session(world.app);
@@ -213,7 +213,7 @@ TEST_CASE("a rollback that leaves a list fails with the earlier text and the lis
     CHECK(session.sErrMsg() == "ERR:BeginTrans (7)トランザクションの失敗。" + kServerErrorLog);
 }
 
-TEST_CASE("a timeout of 0 or less changes nothing and is good")
+TEST_CASE("a timeout of 0 or less changes nothing and succeeds")
 {
     struct Row {
         std::int16_t iTime;
@@ -228,7 +228,7 @@ TEST_CASE("a timeout of 0 or less changes nothing and is good")
     }
 }
 
-TEST_CASE("a timeout above 0 is written as it is")
+TEST_CASE("a timeout above 0 is set unchanged")
 {
     FakeWorld world;
     cT_ADODB session(world.app);
@@ -268,7 +268,7 @@ TEST_CASE("the provider's list is added with all its entries in order and then c
     CHECK(fixture.database.probe.errors.empty());
 }
 
-TEST_CASE("the provider's list builds on sErrMsg, whatever the text held")
+TEST_CASE("the provider's list is appended to sErrMsg, whatever the argument was")
 {
     ProbeFixture fixture;
     fixture.failOpen({});
@@ -280,7 +280,7 @@ TEST_CASE("the provider's list builds on sErrMsg, whatever the text held")
     CHECK(fixture.session.sErrMsg() == "ERR:BeginTrans (-2147217900)失敗しました。");
 }
 
-TEST_CASE("an empty provider's list leaves the text as it is")
+TEST_CASE("an empty provider's list leaves the text unchanged")
 {
     ProbeFixture fixture;
     std::string text = "そのまま";
@@ -288,7 +288,7 @@ TEST_CASE("an empty provider's list leaves the text as it is")
     CHECK(text == "そのまま");
 }
 
-TEST_CASE("a good operation leaves the text of the last failure")
+TEST_CASE("a successful operation keeps the text of the last failure")
 {
     FakeWorld world;
     cT_ADODB session(world.app);
@@ -297,7 +297,7 @@ TEST_CASE("a good operation leaves the text of the last failure")
     CHECK(session.sErrMsg() == "(3704)オブジェクトは閉じています。");
 }
 
-TEST_CASE("a failed statement leaves the session connected and its transaction open")
+TEST_CASE("a failed statement keeps the session connected and its transaction open")
 {
     FakeWorld world;
     FakeResult failing;
@@ -310,7 +310,7 @@ TEST_CASE("a failed statement leaves the session connected and its transaction o
     CHECK(world.database.log == Log{"connect 1", "begin 1", "exec 1 UPDATE T"});
 }
 
-TEST_CASE("a computer's name of up to 15 characters comes back whole, a longer one as the empty text")
+TEST_CASE("a computer's name of up to 15 characters is returned, a longer one gives the empty text")
 {
     struct Row {
         const char *name;

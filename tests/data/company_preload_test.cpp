@@ -19,7 +19,7 @@ using Boxes = std::vector<ShownBox>;
 
 constexpr const char *kSettings = "C:\\SUITE\\adodb.ini";
 
-/// The statement of branch 1, 2 for the kind of the head office.
+/// The statement of branch 1, 2 for the head office.
 constexpr const char *kStatement = "  select"
                                    "      CORP.cAddress1 as cAddress1"
                                    "     ,CORP.cAddress2 as cAddress2"
@@ -144,7 +144,7 @@ struct PreloadFixture : FakeWorld {
     CompanyRecord record;
 };
 
-/// A record that somebody has used.
+/// A record with values of an earlier use.
 CompanyRecord usedRecord()
 {
     CompanyRecord record;
@@ -188,14 +188,14 @@ TEST_CASE("the preload reads the head office of this branch on a session of its 
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("each field of the record comes from its column")
+TEST_CASE("each field of the record is filled from its column")
 {
     PreloadFixture fixture;
     fixture.load();
     CHECK(fixture.record == expectedRecord());
 }
 
-TEST_CASE("a used record keeps nothing, its reserved fields are emptied too")
+TEST_CASE("a used record keeps nothing, and its reserved fields are cleared too")
 {
     PreloadFixture fixture;
     fixture.record = usedRecord();
@@ -203,7 +203,7 @@ TEST_CASE("a used record keeps nothing, its reserved fields are emptied too")
     CHECK(fixture.record == expectedRecord());
 }
 
-TEST_CASE("fixed fields are padded with blanks and cut")
+TEST_CASE("fixed fields are padded with blanks and truncated")
 {
     const std::string thirty = "一二三四五六七八九十一二三四五六七八九十一二三四五六七八九十";
     const std::string twenty = "甲乙丙丁戊己庚辛壬癸甲乙丙丁戊己庚辛壬癸";
@@ -244,7 +244,7 @@ TEST_CASE("a head office of NULLs gives blanks and zeros")
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("a branch without a head office leaves the record and shows nothing")
+TEST_CASE("a branch without a head office leaves the record unchanged and shows nothing")
 {
     PreloadFixture fixture(std::vector<std::vector<Variant>>{});
     fixture.record = usedRecord();
@@ -254,14 +254,14 @@ TEST_CASE("a branch without a head office leaves the record and shows nothing")
     CHECK(fixture.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("of two head offices the first one returned counts")
+TEST_CASE("of two head offices the first row applies")
 {
     PreloadFixture fixture({headOffice({{"cJigyousyoNo", "一"}}), headOffice({{"cJigyousyoNo", "二"}})});
     fixture.load();
     CHECK(fixture.record.businessNumber == "一");
 }
 
-TEST_CASE("a session that does not start is told under the preload's heading and leaves the record")
+TEST_CASE("a session that does not start is reported under the preload's heading and leaves the record unchanged")
 {
     struct Row {
         const char *claim;
@@ -291,7 +291,7 @@ TEST_CASE("a session that does not start is told under the preload's heading and
     }
 }
 
-TEST_CASE("a failed read is told under the table's heading, and the session is closed behind its box")
+TEST_CASE("a failed read is reported under the table's heading, and the session is closed after its box")
 {
     PreloadFixture fixture;
     FakeResult failed;
@@ -311,7 +311,7 @@ TEST_CASE("a failed read is told under the table's heading, and the session is c
     CHECK(fixture.record == usedRecord());
 }
 
-TEST_CASE("a connection that is lost between the rows is told and leaves the record")
+TEST_CASE("a connection lost between the rows is reported and leaves the record unchanged")
 {
     PreloadFixture fixture;
     fixture.database.results.front().failingMove = 1;
@@ -323,7 +323,7 @@ TEST_CASE("a connection that is lost between the rows is told and leaves the rec
     CHECK(fixture.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("a column that the table lacks fails the read")
+TEST_CASE("a column missing in the table fails the read")
 {
     PreloadFixture fixture;
     fixture.database.results.front().columns.back() = "cOther";
@@ -354,7 +354,7 @@ TEST_CASE("any other run-time error shows number and description without an icon
     CHECK(fixture.database.log.empty());
 }
 
-TEST_CASE("a session that does not close concerns nobody")
+TEST_CASE("a session that does not close has no effect")
 {
     PreloadFixture fixture;
     fixture.database.closeError = 3704;

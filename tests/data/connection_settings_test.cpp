@@ -20,7 +20,7 @@ struct SettingsFixture : FakeWorld {
 
 } // namespace
 
-TEST_CASE("a unit's work begins on a connected session")
+TEST_CASE("a start gives a connected session")
 {
     FakeWorld world;
     const StartedSession started = startSession(world.app);
@@ -33,7 +33,7 @@ TEST_CASE("a unit's work begins on a connected session")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("the connection string goes to the database unchanged but for blanks on the right")
+TEST_CASE("the connection string is passed to the database unchanged except for blanks on the right")
 {
     struct Row {
         const char *claim;
@@ -57,14 +57,14 @@ TEST_CASE("the connection string goes to the database unchanged but for blanks o
     }
 }
 
-TEST_CASE("a connection string is cut at 255 bytes as the platform's buffer cuts it")
+TEST_CASE("a connection string is truncated at 255 bytes, as by the platform's buffer")
 {
     SettingsFixture fixture{"[接続情報]\n接続情報=" + std::string(300, 'x') + "\n"};
     CHECK(startSession(fixture.app).isConnected());
     CHECK(fixture.database.connectionStrings == std::vector<std::string>{std::string(255, 'x')});
 }
 
-TEST_CASE("the file is read anew for each unit")
+TEST_CASE("the file is read anew for each session")
 {
     FakeWorld world;
     static_cast<void>(startSession(world.app));
@@ -74,14 +74,14 @@ TEST_CASE("the file is read anew for each unit")
           std::vector<std::string>{"Provider=Fake;Data Source=demo", "Provider=Other"});
 }
 
-TEST_CASE("the file lies in the folder that the runtime reports, whatever is current")
+TEST_CASE("the file is in the folder that the runtime reports, whatever the current folder")
 {
     FakeWorld world;
     world.app.gcsAppPath = "D:\\ELSEWHERE";
     CHECK(startSession(world.app).isConnected());
 }
 
-TEST_CASE("a missing file stops before any session with the file's text")
+TEST_CASE("a missing file fails before any session with the file's text")
 {
     FakeWorld world;
     world.files.remove(kFile);
@@ -93,7 +93,7 @@ TEST_CASE("a missing file stops before any session with the file's text")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a file without a connection string stops before any session")
+TEST_CASE("a file without a connection string fails before any session")
 {
     struct Row {
         const char *claim;
@@ -118,7 +118,7 @@ TEST_CASE("a file without a connection string stops before any session")
     }
 }
 
-TEST_CASE("a profile file that cannot be read counts as one without a connection string")
+TEST_CASE("an unreadable profile file counts as one without a connection string")
 {
     FakeWorld world;
     world.profile.error = 57;
@@ -127,14 +127,14 @@ TEST_CASE("a profile file that cannot be read counts as one without a connection
     CHECK(started.csErrMsg == "接続文字列取得できません。");
 }
 
-TEST_CASE("a file whose bytes are no text of the code page has no connection string")
+TEST_CASE("a file with bytes invalid in the code page has no connection string")
 {
     FakeWorld world;
     world.files.put(kFile, std::string("\xFF\xFE\x00\x80[\xA0\xFD]\r\n\x80=\xFF\r\n", 15));
     CHECK(startSession(world.app).csErrMsg == "接続文字列取得できません。");
 }
 
-TEST_CASE("a connect that fails gives the session's words and keeps the session")
+TEST_CASE("a failed connect gives the session's error text and keeps the session")
 {
     FakeWorld world;
     world.database.connectError = -2147217843;
@@ -147,7 +147,7 @@ TEST_CASE("a connect that fails gives the session's words and keeps the session"
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("each failure is shown under the unit's heading")
+TEST_CASE("each failure is shown under the caller's heading")
 {
     struct Row {
         const char *claim;
@@ -171,14 +171,14 @@ TEST_CASE("each failure is shown under the unit's heading")
     }
 }
 
-TEST_CASE("a good start under a heading shows nothing")
+TEST_CASE("a successful start under a heading shows nothing")
 {
     FakeWorld world;
     CHECK(startSession(world.app, "iGetKanjaData でエラー").isConnected());
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("the session of a unit disconnects when the unit lets it go")
+TEST_CASE("the session is disconnected when the caller releases it")
 {
     FakeWorld world;
     static_cast<void>(startSession(world.app));

@@ -38,7 +38,7 @@ inline FakeResult refusal()
     return result;
 }
 
-/// A statement with so many fields.
+/// A statement with this number of fields.
 inline std::string wideStatement(int fields)
 {
     std::string sql = "SELECT ";

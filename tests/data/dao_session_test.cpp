@@ -26,7 +26,7 @@ struct DaoFixture {
     ~DaoFixture()
     {
         dao.failing.clear();
-        session.reset(); // before the library that it calls
+        session.reset(); // before the library that it uses
     }
     void open()
     {
@@ -57,7 +57,7 @@ constexpr Operation kOperations[] = {
 
 } // namespace
 
-TEST_CASE("a fresh session has no words, and the greeting does nothing")
+TEST_CASE("a fresh session has no error text, and the greeting does nothing")
 {
     DaoFixture fixture;
     CHECK(fixture.session->ihehe() == 0);
@@ -65,7 +65,7 @@ TEST_CASE("a fresh session has no words, and the greeting does nothing")
     CHECK(fixture.dao.log.empty());
 }
 
-TEST_CASE("each operation asks the library for one thing, with the settings of the start")
+TEST_CASE("each operation makes one call to the library, with the settings of the start")
 {
     DaoFixture fixture;
     clsT_Dao &session = *fixture.session;
@@ -89,7 +89,7 @@ TEST_CASE("each operation asks the library for one thing, with the settings of t
     CHECK(session.sErrMsg().empty());
 }
 
-TEST_CASE("any mark but 0 opens the database for this session alone")
+TEST_CASE("any flag except 0 opens the database exclusively")
 {
     struct Mark {
         std::int16_t i排他;
@@ -105,7 +105,7 @@ TEST_CASE("any mark but 0 opens the database for this session alone")
     }
 }
 
-TEST_CASE("a failure of the library is -1 with its number, CR LF and words")
+TEST_CASE("a failure of the library is -1 with its number, CR LF and text")
 {
     for (const Operation &operation : kOperations) {
         CAPTURE(operation.call);
@@ -118,7 +118,7 @@ TEST_CASE("a failure of the library is -1 with its number, CR LF and words")
     }
 }
 
-TEST_CASE("an operation before its object was made is error 91")
+TEST_CASE("an operation before its object is created is error 91")
 {
     for (const Operation &operation : kOperations) {
         if (std::string(operation.call) == "CreateWorkspace") continue;
@@ -139,7 +139,7 @@ TEST_CASE("a record set that cannot be closed stays in its reference")
     CHECK(fixture.rows != nullptr);
 }
 
-TEST_CASE("a record set that cannot be opened leaves the reference as it was")
+TEST_CASE("a record set that cannot be opened leaves the reference unchanged")
 {
     DaoFixture fixture;
     fixture.open();
@@ -149,7 +149,7 @@ TEST_CASE("a record set that cannot be opened leaves the reference as it was")
     CHECK(fixture.rows.get() == before);
 }
 
-TEST_CASE("a later success leaves the words of the last failure")
+TEST_CASE("a later success keeps the text of the last failure")
 {
     DaoFixture fixture;
     CHECK(fixture.session->iDbOpen() == -1);
@@ -157,7 +157,7 @@ TEST_CASE("a later success leaves the words of the last failure")
     CHECK(fixture.session->sErrMsg() == "91\r\nオブジェクト変数または With ブロック変数が設定されていません。");
 }
 
-TEST_CASE("the end of a session closes database and workspace, whatever they say")
+TEST_CASE("destroying a session closes database and workspace, whether or not they fail")
 {
     for (const char *failing : {"", "Database.Close", "Workspace.Close"}) {
         CAPTURE(failing);
@@ -169,7 +169,7 @@ TEST_CASE("the end of a session closes database and workspace, whatever they say
     }
 }
 
-TEST_CASE("the end of a session that opened nothing asks for nothing")
+TEST_CASE("destroying a session that opened nothing calls nothing")
 {
     DaoFixture fixture;
     fixture.session.reset();

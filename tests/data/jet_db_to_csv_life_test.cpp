@@ -3,9 +3,9 @@
 
 using namespace inin;
 
-// Opening, failing and ending.
+// Opening, failing and closing.
 
-TEST_CASE("what fails before the rows come is told, of two statements under the heading of one, and leaves the count")
+TEST_CASE("a failure before the rows shows a box, with one heading for both openings, and leaves the count unchanged")
 {
     const auto run = [](cls_JetDB2CSV &csv, bool two) {
         std::int32_t nRecSuu = -7;
@@ -31,12 +31,12 @@ TEST_CASE("what fails before the rows come is told, of two statements under the 
                     critical(heading + "(-2147217843)接続できません。"),
                     critical(heading + "接続文字列取得できません。"),
                     critical(heading + "指定されたIni（C:\\SUITE\\adodb.ini）ファイルが見つかりません。")});
-        // The refused statement's session went at once.
+        // The session of the refused statement ended at once.
         CHECK(world.database.log == Log{"connect 1", "sql 1 SELECT 1", "disconnect 1"});
     }
 }
 
-TEST_CASE("a second statement that is refused fails the opening of both")
+TEST_CASE("a refused second statement fails the opening of both")
 {
     CsvFixture world;
     world.database.results = {answer({"a"}, {{"x"}}), refusal()};
@@ -47,7 +47,7 @@ TEST_CASE("a second statement that is refused fails the opening of both")
     CHECK(world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("a run-time error of the opening is told with its number")
+TEST_CASE("a run-time error of the opening is reported with its number")
 {
     struct Row {
         std::int32_t RecordsetFaults::*fault;
@@ -67,7 +67,7 @@ TEST_CASE("a run-time error of the opening is told with its number")
     }
 }
 
-TEST_CASE("a file that cannot be opened or written is told, and what was written stays")
+TEST_CASE("a file that cannot be opened or written is reported, and the part already written stays")
 {
     CsvFixture world;
     world.init(answer({"a"}, {{"x"}, {"y"}, {"z"}}));
@@ -81,7 +81,7 @@ TEST_CASE("a file that cannot be opened or written is told, and what was written
     CHECK(world.text() == "\"a\"\r\n\"x\"\r\n");
 }
 
-TEST_CASE("a connection that is lost among the rows is told")
+TEST_CASE("a connection lost between the rows is reported")
 {
     CsvFixture world;
     FakeResult rows = answer({"a"}, {{"x"}, {"y"}});
@@ -91,7 +91,7 @@ TEST_CASE("a connection that is lost among the rows is told")
     CHECK(world.boxes.shown == Boxes{critical("nExecJ2C() でエラー\r\n(-2147467259)接続が失われました。")});
 }
 
-TEST_CASE("writing without an opened statement is error 91 and leaves an old file alone")
+TEST_CASE("writing without an opened statement is error 91 and leaves an old file unchanged")
 {
     const std::string words = "(91)オブジェクト変数または With ブロック変数が設定されていません。";
     CsvFixture world;
@@ -107,7 +107,7 @@ TEST_CASE("writing without an opened statement is error 91 and leaves an old fil
     CHECK(world.files.bytes(kFile) == "old");
 }
 
-TEST_CASE("the end closes the session, and a second end has nothing to do")
+TEST_CASE("the end closes the session, and a second end does nothing")
 {
     CsvFixture world;
     CHECK(world.csv.iEndJ2C() == iGood);
@@ -119,7 +119,7 @@ TEST_CASE("the end closes the session, and a second end has nothing to do")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("an object that goes closes its session")
+TEST_CASE("destroying an object closes its session")
 {
     FakeWorld world;
     {
@@ -131,7 +131,7 @@ TEST_CASE("an object that goes closes its session")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("an object that goes ends by iEndJ2C: a session that does not close is reported under its name")
+TEST_CASE("destroying an object calls iEndJ2C: a session that does not close is reported under its name")
 {
     FakeWorld world;
     {
@@ -143,7 +143,7 @@ TEST_CASE("an object that goes ends by iEndJ2C: a session that does not close is
     CHECK(world.boxes.shown == Boxes{critical("iEndJ2C() でエラー\r\n(11)閉じられません。")});
 }
 
-TEST_CASE("a new opening lets the session before go")
+TEST_CASE("a new opening releases the previous session")
 {
     CsvFixture world;
     world.init(answer({"a"}, {{"x"}}));
@@ -153,7 +153,7 @@ TEST_CASE("a new opening lets the session before go")
     CHECK(world.text() == "\"y\"\r\n");
 }
 
-TEST_CASE("a record set or session that does not close fails the end once")
+TEST_CASE("a record set or session that does not close fails only the first end")
 {
     SpoiledWorld world;
     world.database.results.push_back(answer({"a"}, {{"x"}}));

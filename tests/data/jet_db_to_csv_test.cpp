@@ -3,7 +3,7 @@
 
 using namespace inin;
 
-TEST_CASE("the opening counts the rows of a statement on a client's cursor of its own session")
+TEST_CASE("the opening counts the rows of a statement with a client-side cursor on its own session")
 {
     CsvFixture world;
     CHECK(world.init(answer({"a"}, {{"x"}, {"y"}, {"z"}})) == 3);
@@ -12,7 +12,7 @@ TEST_CASE("the opening counts the rows of a statement on a client's cursor of it
     CHECK(world.init(answer({"a"}, {})) == 0);
 }
 
-TEST_CASE("a CSV file has a line for each row and, when asked for, the names of the fields before them")
+TEST_CASE("a CSV file has a line for each row, preceded by the names of the fields on request")
 {
     CsvFixture world;
     world.init(answer({"cName", "nIDNo"}, {{"山田", 1}, {"鈴木", 2}}, {202, 3}));
@@ -22,7 +22,7 @@ TEST_CASE("a CSV file has a line for each row and, when asked for, the names of 
     CHECK(world.text() == "\"山田\",1\r\n\"鈴木\",2\r\n");
 }
 
-TEST_CASE("a CSV file of no rows has its names of the fields or nothing")
+TEST_CASE("a CSV file without rows has the names of the fields or nothing")
 {
     CsvFixture world;
     world.init(answer({"a", "b"}, {}));
@@ -32,7 +32,7 @@ TEST_CASE("a CSV file of no rows has its names of the fields or nothing")
     CHECK(world.text().empty());
 }
 
-TEST_CASE("the type of a field decides whether its value stands in quotes")
+TEST_CASE("the type of a field determines whether its value is quoted")
 {
     struct Row {
         std::int32_t type;
@@ -92,7 +92,7 @@ TEST_CASE("a date cell follows the machine's short date")
     CHECK(world.text() == "24/05/01\r\n");
 }
 
-TEST_CASE("quotes, commas and line ends in a cell stand as they are between its quotes")
+TEST_CASE("quotes, commas and line ends in a cell are written unchanged between its quotes")
 {
     CsvFixture world;
     world.init(answer({"a", "q\"n"}, {{"5\" tube", "one\r\ntwo,three\nfour"}}));
@@ -100,7 +100,7 @@ TEST_CASE("quotes, commas and line ends in a cell stand as they are between its 
     CHECK(world.text() == "\"a\",\"q\"n\"\r\n\"5\" tube\",\"one\r\ntwo,three\nfour\"\r\n");
 }
 
-TEST_CASE("a character that the code page lacks becomes a question mark")
+TEST_CASE("a character missing in the code page becomes a question mark")
 {
     CsvFixture world;
     world.init(answer({"a"}, {{"\U0001F600"}}));
@@ -108,7 +108,7 @@ TEST_CASE("a character that the code page lacks becomes a question mark")
     CHECK(world.files.bytes(kFile) == "\"?\"\r\n");
 }
 
-TEST_CASE("a given branch name stands in a last column of its own, an empty one too")
+TEST_CASE("a given branch name is written to a last column of its own, even an empty one")
 {
     CsvFixture world;
     world.init(answer({"a"}, {{"x"}, {Null{}}}));
@@ -120,7 +120,7 @@ TEST_CASE("a given branch name stands in a last column of its own, an empty one 
     CHECK(world.text() == "\"a\"\r\n\"x\"\r\n\r\n");
 }
 
-TEST_CASE("the rows of two statements stand one behind the other under the names of the first")
+TEST_CASE("the rows of two statements are written one after the other under the names of the first")
 {
     CsvFixture world;
     world.database.results = {answer({"a", "b"}, {{"x", 1}}, {202, 3}),
@@ -161,7 +161,7 @@ TEST_CASE("257 fields fit, and 258 are a subscript error")
     }
 }
 
-TEST_CASE("a table of the embedded database comes out by the types of its columns")
+TEST_CASE("a table of the embedded database is written by the types of its columns")
 {
     EmbeddedCsv world;
     world.run("CREATE TABLE 見本 (cName TEXT, nIDNo INTEGER, iKubun SMALLINT, nRate REAL, tDay DATETIME, bAddr BLOB);"

@@ -16,7 +16,7 @@
 
 namespace inin {
 
-/// Hands on to another connection, which the test looks at while the session owns this one.
+/// Forwards to another connection, which the test inspects while the session owns this one.
 class SharedConnection : public Connection {
 public:
     explicit SharedConnection(Connection &real) : m_real(real) {}
@@ -40,14 +40,14 @@ private:
     Connection &m_real;
 };
 
-/// A connection with switches, for what the scripted database does not tell: the arguments of each call, and a list
-/// that is there beside any failure.
+/// A connection with switches for cases beyond the scripted database: the arguments of each call, and a list that
+/// exists independently of a failure.
 class ProbeConnection : public Connection {
 public:
     std::vector<ProviderError> errors;
     std::int32_t state = adStateClosed;
-    std::int32_t failure = 0;      ///< raised by every call when not 0
-    std::function<void()> onClose; ///< run by Close
+    std::int32_t failure = 0;      ///< raised by every call unless it is 0
+    std::function<void()> onClose; ///< called by Close
     std::vector<std::string> log;
 
     std::int32_t State() const override { return state; }
@@ -94,7 +94,7 @@ private:
     }
 };
 
-/// Makes one and the same probed connection at each call.
+/// Returns the same probed connection at each call.
 class ProbeDatabase : public Database {
 public:
     ProbeConnection probe;
@@ -138,7 +138,7 @@ public:
     Variant Value(std::size_t) const override { return {}; }
 };
 
-/// A session over the probed connection, open when asked.
+/// A session on the probed connection, opened on request.
 struct ProbeFixture {
     FakeWorld world;
     ProbeDatabase database;

@@ -41,12 +41,12 @@ std::string dumpOf(const site::SiteOrder &order)
 
 } // namespace
 
-TEST_CASE("the same seed gives the same bytes of every row")
+TEST_CASE("the same seed produces the same bytes of every row")
 {
     CHECK(dumpOf(ordinaryOrder()) == dump(sharedDatabase()));
 }
 
-TEST_CASE("another seed gives other people")
+TEST_CASE("another seed produces other persons")
 {
     site::SiteOrder order = ordinaryOrder();
     order.seed = 2;
@@ -63,7 +63,7 @@ TEST_CASE("another seed gives other people")
     CHECK(same < 10);
 }
 
-TEST_CASE("another month moves the visits and leaves the names")
+TEST_CASE("another month moves the visits and keeps the names")
 {
     site::SiteOrder order = ordinaryOrder();
     order.month = std::chrono::year{2023} / 12;
@@ -76,7 +76,7 @@ TEST_CASE("another month moves the visits and leaves the names")
           std::vector<std::string>{"202311", "202312", "202401"});
 }
 
-TEST_CASE("a site has as many patients as were asked for")
+TEST_CASE("a site has the requested number of patients")
 {
     site::SiteOrder order = ordinaryOrder();
     order.patients = 7;
@@ -87,27 +87,27 @@ TEST_CASE("a site has as many patients as were asked for")
     CHECK(countOf(file, "SELECT COUNT(*) FROM RIYOUSHA WHERE iKyotenCd = 1 AND iKyotenEb = 1") == 7);
 }
 
-TEST_CASE("planned visits lie in the month before, the month and the month after")
+TEST_CASE("planned visits are in the previous, the given and the next month")
 {
     CHECK(query(sharedDatabase(), "SELECT DISTINCT nDate / 100 FROM SCHEDULE WHERE nDate IS NOT NULL ORDER BY 1") ==
           std::vector<std::string>{"202404", "202405", "202406"});
 }
 
-TEST_CASE("actual visits lie in the month before, the month and the month after")
+TEST_CASE("actual visits are in the previous, the given and the next month")
 {
     CHECK(query(sharedDatabase(), "SELECT DISTINCT substr(tServicyDayStart, 1, 7) FROM JISSEKI"
                                   " WHERE tServicyDayStart IS NOT NULL ORDER BY 1") ==
           std::vector<std::string>{"2024-04", "2024-05", "2024-06"});
 }
 
-TEST_CASE("every day of a planned visit is a day of the calendar")
+TEST_CASE("every planned visit has a valid date")
 {
     CHECK(countOf(sharedDatabase(),
                   "SELECT COUNT(*) FROM SCHEDULE WHERE nDate IS NOT NULL AND date(substr(nDate, 1, 4) || '-' ||"
                   " substr(nDate, 5, 2) || '-' || substr(nDate, 7, 2)) IS NULL") == 0);
 }
 
-TEST_CASE("date columns hold ISO text with a time")
+TEST_CASE("date columns contain ISO text with a time")
 {
     const std::vector<std::string> columns =
         query(sharedDatabase(), "SELECT m.name || '.' || c.name FROM sqlite_master m, pragma_table_info(m.name) c"
@@ -123,13 +123,13 @@ TEST_CASE("date columns hold ISO text with a time")
     }
 }
 
-TEST_CASE("the tables stand in the order in which the program names them")
+TEST_CASE("the tables are in the order in which the program names them")
 {
     CHECK(query(sharedDatabase(), "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid") ==
           std::vector<std::string>(std::begin(kTables), std::end(kTables)));
 }
 
-TEST_CASE("visits, companies and consultations have the indexes that their queries walk")
+TEST_CASE("visits, companies and consultations have the indexes that their queries use")
 {
     CHECK(query(sharedDatabase(),
                 "SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL ORDER BY name") ==
@@ -137,12 +137,12 @@ TEST_CASE("visits, companies and consultations have the indexes that their queri
                                    "SOUDAN_TANTOU_STAFF"});
 }
 
-TEST_CASE("the database is sound")
+TEST_CASE("the database passes its integrity check")
 {
     CHECK(query(sharedDatabase(), "PRAGMA integrity_check") == std::vector<std::string>{"ok"});
 }
 
-TEST_CASE("a site holds as many staff as were ordered, and the blank row behind them")
+TEST_CASE("a site has the requested number of staff, followed by the blank row")
 {
     const TempFolder folder;
     const auto file = folder.folder() / "any.db";

@@ -20,14 +20,14 @@ TEST_CASE("Massage.ini is code page 932 with CR LF")
           "\x8f\x49\x97\xb9\x8a\xb3\x8e\xd2\x8e\x7b\x8f\x70\x8a\xfa\x8a\xd4=3\r\n");
 }
 
-TEST_CASE("adodb.ini names the database beside it")
+TEST_CASE("adodb.ini names the database in the same folder")
 {
     CHECK(bytesOf(sharedSite() / "adodb.ini") == "[\x90\xda\x91\xb1\x8f\xee\x95\xf1]\r\n"
                                                  "\x90\xda\x91\xb1\x8f\xee\x95\xf1="
                                                  "Provider=SQLite;Data Source=demo.db\r\n");
 }
 
-TEST_CASE("the version file has a version, an update and a help address that leads nowhere")
+TEST_CASE("the version file has a version, an update and a help address on a reserved host")
 {
     CHECK(bytesOf(sharedSite() / "Sorvin.ver") == "VERSION=\x8c\xa9\x96\x7b\x83\x54\x83\x43\x83\x67 0.1.0\r\n"
                                                   "UUPDATE=2024-05\r\n"
@@ -35,7 +35,7 @@ TEST_CASE("the version file has a version, an update and a help address that lea
                                                   "ADDRESS=https://example.invalid/help\r\n");
 }
 
-TEST_CASE("the folders of the settings are there")
+TEST_CASE("the folders of the settings exist")
 {
     for (const char *name : {"SYS", "TMP", "ICON", "DATA"}) {
         CAPTURE(name);
@@ -43,7 +43,7 @@ TEST_CASE("the folders of the settings are there")
     }
 }
 
-TEST_CASE("the wallpaper is a 24-bit bitmap of the size that its header tells")
+TEST_CASE("the wallpaper is a 24-bit bitmap of the size in its header")
 {
     const std::string bytes = bytesOf(sharedSite() / "ICON" / "wall.bmp");
     REQUIRE(bytes.size() == 54 + 192 * 120 * 3);
@@ -52,7 +52,7 @@ TEST_CASE("the wallpaper is a 24-bit bitmap of the size that its header tells")
     CHECK(bytes[28] == 24);
 }
 
-TEST_CASE("a folder that is not empty is refused and left alone")
+TEST_CASE("a folder that is not empty is refused and not changed")
 {
     const TempFolder folder;
     folder.put("mine.txt", "mine");
@@ -63,7 +63,7 @@ TEST_CASE("a folder that is not empty is refused and left alone")
     CHECK_FALSE(fs::exists(folder.folder() / "Massage.ini"));
 }
 
-TEST_CASE("a file where the folder should be is refused")
+TEST_CASE("a file in place of the folder is refused")
 {
     const TempFolder folder;
     folder.put("site", "mine");
@@ -74,7 +74,7 @@ TEST_CASE("a file where the folder should be is refused")
     CHECK(folder.bytes("site") == "mine");
 }
 
-TEST_CASE("a database that cannot take its name is told, and no unfinished one stays")
+TEST_CASE("a database that cannot be renamed to its final name is reported, and no unfinished one remains")
 {
     const TempFolder folder;
     fs::create_directories(folder.folder() / "demo.db" / "mine");
@@ -91,7 +91,7 @@ TEST_CASE("a database that cannot take its name is told, and no unfinished one s
     CHECK_FALSE(fs::exists(folder.folder() / "demo.db.new"));
 }
 
-TEST_CASE("force writes into a folder that is not empty and keeps its other files")
+TEST_CASE("--force writes to a folder that is not empty and keeps its other files")
 {
     const TempFolder folder;
     folder.put("mine.txt", "mine");
@@ -102,7 +102,7 @@ TEST_CASE("force writes into a folder that is not empty and keeps its other file
     CHECK(fs::exists(folder.folder() / "demo.db"));
 }
 
-TEST_CASE("a folder that the tool made is made anew")
+TEST_CASE("a folder that the tool made can be made again")
 {
     const TempFolder folder;
     site::SiteOrder order = ordinaryOrder();
@@ -114,7 +114,7 @@ TEST_CASE("a folder that the tool made is made anew")
     CHECK(countOf(folder.folder() / "demo.db", "SELECT COUNT(*) FROM RIYOUSHA") == 12);
 }
 
-TEST_CASE("a folder that does not exist is made with its parents")
+TEST_CASE("a missing folder is created with its parents")
 {
     const TempFolder folder;
 
@@ -123,7 +123,7 @@ TEST_CASE("a folder that does not exist is made with its parents")
     CHECK(fs::exists(folder.folder() / "a" / "b" / "demo.db"));
 }
 
-TEST_CASE("an unfinished database that a killed make left is gone after the next one")
+TEST_CASE("an unfinished database of a killed run is removed by the next one")
 {
     const TempFolder folder;
     folder.put("demo.db.new", "half of a database");
@@ -132,7 +132,7 @@ TEST_CASE("an unfinished database that a killed make left is gone after the next
     CHECK(countOf(folder.folder() / "demo.db", "SELECT COUNT(*) FROM RIYOUSHA WHERE iKyotenEb = 1") == 300);
 }
 
-TEST_CASE("no half-made database is left behind")
+TEST_CASE("no incomplete database remains")
 {
     CHECK_FALSE(fs::exists(sharedSite() / "demo.db.new"));
 }

@@ -9,12 +9,12 @@ namespace {
 
 struct Oddity {
     const char *claim;
-    const char *sql; ///< counts
+    const char *sql; ///< counts rows
     std::int64_t least;
     std::int64_t most;
 };
 
-// Of three hundred patients.
+// In three hundred patients.
 constexpr Oddity kOddities[] = {
     {"three in a hundred have ended", "SELECT COUNT(*) FROM RIYOUSHA WHERE tExpireDay IS NOT NULL", 7, 11},
     {"one of these ended in the month and had visits in it",
@@ -66,13 +66,13 @@ constexpr Oddity kOddities[] = {
      "SELECT COUNT(*) FROM RIYOUSHA WHERE cTelNo NOT GLOB '000-0000-[0-9][0-9][0-9][0-9]'", 0, 0},
 };
 
-/// Tables whose rows people enter.
+/// Tables whose rows are entered by users.
 constexpr const char *kEnteredTables[] = {"RIYOUSHA",     "HOKENJA", "SCHEDULE", "JISSEKI",
                                           "RIYOUSHA_SUB", "CORP",    "STAFF",    "KYOTEN"};
 
 } // namespace
 
-TEST_CASE("each oddity of real data is in a demo site")
+TEST_CASE("each irregularity of real data is in a demo site")
 {
     for (const Oddity &oddity : kOddities) {
         CAPTURE(oddity.claim);
@@ -82,7 +82,7 @@ TEST_CASE("each oddity of real data is in a demo site")
     }
 }
 
-TEST_CASE("every column that may be NULL is NULL somewhere")
+TEST_CASE("every nullable column is NULL somewhere")
 {
     for (const char *table : kEnteredTables) {
         for (const std::string &column :
@@ -98,7 +98,7 @@ TEST_CASE("every column that may be NULL is NULL somewhere")
 
 TEST_CASE("most columns of a patient are filled somewhere")
 {
-    // nTantou6 to nTantou10, cHokenJname2 and cSyogaiFname and its district are used by nobody in the demo.
+    // The demo does not use nTantou6 to nTantou10, cHokenJname2 and cSyogaiFname with its district.
     std::vector<std::string> unused;
     for (const std::string &column : query(sharedDatabase(), "SELECT name FROM pragma_table_info('RIYOUSHA')")) {
         if (countOf(sharedDatabase(), fmt::format("SELECT COUNT({}) FROM RIYOUSHA", column)) == 0)

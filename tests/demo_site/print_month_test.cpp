@@ -13,14 +13,14 @@ using namespace inin::test;
 
 namespace {
 
-/// The scenario that every checkout is tried with.
+/// The scenario that scripts/run plays.
 struct PrintMonth : SitePlay {
     PrintMonth() : SitePlay("print-month.jsonl", "2024-05-20 10:00:00") {}
 };
 
 } // namespace
 
-TEST_CASE("the scenario of a month's print ends by itself, without a box and without a refusal")
+TEST_CASE("the scenario of a month's print ends by itself, without a box and without a refused command")
 {
     const PrintMonth play;
     CHECK(play.result() == kPlayedToTheEnd);
@@ -29,7 +29,7 @@ TEST_CASE("the scenario of a month's print ends by itself, without a box and wit
     CHECK_FALSE(play.tells("\"event\":\"refused\""));
 }
 
-TEST_CASE("the scenario of a month's print hands its letters to the form tool and goes back to the menu")
+TEST_CASE("the scenario of a month's print passes its letters to the form tool and returns to the menu")
 {
     const PrintMonth play;
     CHECK(play.tells("\"command\":\"wfrfv10.exe /c "));
@@ -40,7 +40,7 @@ TEST_CASE("the scenario of a month's print writes a letter for each patient with
 {
     const PrintMonth play;
     const std::string csv = play.csv();
-    // A patient stands twice when the last day was planned twice, and not at all when the treatment has ended.
+    // A patient has two letters if the last day was planned twice, and none after the end of the treatment.
     const std::int64_t due = countOf(
         play.at("demo.db"),
         "SELECT COUNT(*) FROM SCHEDULE s JOIN (SELECT nIDRiyoushaNo AS id, max(nDate) AS last FROM SCHEDULE WHERE nDate"

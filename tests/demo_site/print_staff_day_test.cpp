@@ -23,7 +23,7 @@ constexpr const char *kLettersOfStaff8 =
 
 } // namespace
 
-TEST_CASE("the scenario of a staff member's day ends by itself, without a box and without a refusal")
+TEST_CASE("the scenario of a staff member's day ends by itself, without a box and without a refused command")
 {
     const PrintStaffDay play;
     CHECK(play.result() == kPlayedToTheEnd);
@@ -33,7 +33,7 @@ TEST_CASE("the scenario of a staff member's day ends by itself, without a box an
     CHECK(play.tells("Main.exe 2\""));
 }
 
-TEST_CASE("the scenario of a staff member's day asks for that member and the place of the insurance kind, twice alike")
+TEST_CASE("the scenario of a staff member's day queries that member and the index of the insurance kind, twice alike")
 {
     const PrintStaffDay play;
     const std::vector<std::string> asked = play.linesWith(kLettersOfStaff8);

@@ -17,7 +17,7 @@ constexpr const char *kStandIns[] = {"Main.exe", "wfrfv10.exe", "WrVb6Viewer.exe
 constexpr const char *kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
 constexpr DWORD kNotStarted = 99;
 
-/// Starts a line in a folder and waits for the program's end; its exit code.
+/// Runs a command line in a folder, waits for the program's end and returns its exit code.
 DWORD run(const fs::path &folder, const std::wstring &command)
 {
     std::wstring line = L"\"" + (folder / command.substr(0, command.find(L' '))).wstring() + L"\"" +
@@ -53,7 +53,7 @@ struct Site {
 
 } // namespace
 
-TEST_CASE("a stand-in says in its own text that it is one")
+TEST_CASE("a substitute states in its own text that it is one")
 {
     std::string marker;
     for (const char letter : std::string("STAND-IN of the demo site")) marker += {letter, '\0'}; // UTF-16
@@ -64,7 +64,7 @@ TEST_CASE("a stand-in says in its own text that it is one")
     }
 }
 
-TEST_CASE("the menu's stand-in notes each argument that it is started with")
+TEST_CASE("the menu's substitute records each argument that it is started with")
 {
     const Site site;
 
@@ -74,7 +74,7 @@ TEST_CASE("the menu's stand-in notes each argument that it is started with")
     CHECK(site.folder.bytes("Main.log") == "2\n\n");
 }
 
-TEST_CASE("a form tool's stand-in copies the command script beside itself")
+TEST_CASE("a form tool's substitute copies the command script to its own folder")
 {
     for (const char *name : kFormTools) {
         CAPTURE(name);
@@ -87,7 +87,7 @@ TEST_CASE("a form tool's stand-in copies the command script beside itself")
     }
 }
 
-TEST_CASE("the merger's stand-in takes the script behind the output form")
+TEST_CASE("the merger's substitute copies the script given after the output form")
 {
     const Site site;
     site.folder.put("TMP/WfdCom.dat", "AddReport\r\n");
@@ -98,7 +98,7 @@ TEST_CASE("the merger's stand-in takes the script behind the output form")
     CHECK_FALSE(fs::exists(site.folder.folder() / "TMP" / "out.wfd"));
 }
 
-TEST_CASE("a form tool's stand-in takes a path with a blank and Japanese letters as it stands")
+TEST_CASE("a form tool's substitute accepts a path with a blank and Japanese characters unquoted")
 {
     const Site site;
     fs::create_directories(site.folder.folder() / L"my 委任状");
@@ -109,16 +109,16 @@ TEST_CASE("a form tool's stand-in takes a path with a blank and Japanese letters
     CHECK(site.folder.bytes("wfrfv10.exe.WfdCom.dat") == "x");
 }
 
-TEST_CASE("a form tool's stand-in fails without a script")
+TEST_CASE("a form tool's substitute fails without a script")
 {
     const Site site;
     CHECK(run(site.folder.folder(), L"wfrfv10.exe") == 1);
     CHECK(run(site.folder.folder(), L"wfrfv10.exe /c missing.dat") == 1);
 }
 
-TEST_CASE("a form tool starts the form viewer where it was built, under the tool's own name")
+TEST_CASE("a form tool starts the form viewer, if it was built, under the tool's own name")
 {
-    // A stand-in in the viewer's place notes as the menu does, if it is what it is called there.
+    // Here the viewer is a substitute named Main.exe. Its log shows that it got the tool's arguments.
     const Site viewers;
     const Site site(viewers.folder.folder() / "Main.exe");
 
@@ -129,7 +129,7 @@ TEST_CASE("a form tool starts the form viewer where it was built, under the tool
     CHECK_FALSE(fs::exists(site.folder.folder() / "WrVb6Viewer.exe.WfdCom.dat"));
 }
 
-TEST_CASE("a form tool whose viewer has gone fails")
+TEST_CASE("a form tool fails if its viewer is missing")
 {
     const Site site("C:\\no such folder\\formviewer.exe");
     CHECK(run(site.folder.folder(), L"WrVb6Viewer.exe /c ./TMP\\WfdCom.dat") == 1);

@@ -1,4 +1,4 @@
-// Who may read what `make` writes. Windows has its own rules: there the folder decides.
+// File permissions of what `make` writes. On Windows files inherit those of their folder.
 
 #include "adapters/native/native_platform.h"
 #include "demo_site/scratch_site.h"
@@ -28,14 +28,14 @@ void makeAgain(const TempFolder &folder)
 
 } // namespace
 
-TEST_CASE("only the owner may read the demo's database and connection string, everybody the other files")
+TEST_CASE("only the owner can read the demo's database and connection string, every user the other files")
 {
     CHECK(rightsOf(sharedSite() / "demo.db") == kOwnerOnly);
     CHECK(rightsOf(sharedSite() / "adodb.ini") == kOwnerOnly);
     CHECK((rightsOf(sharedSite() / "Massage.ini") & fs::perms::others_read) == fs::perms::others_read);
 }
 
-TEST_CASE("only the owner may read the journal of the demo's database")
+TEST_CASE("only the owner can read the journal of the demo's database")
 {
     const TempFolder folder;
     makeAgain(folder);
@@ -46,7 +46,7 @@ TEST_CASE("only the owner may read the journal of the demo's database")
     sqlite3_close(database);
 }
 
-TEST_CASE("files that exist keep their rights when a site is made again")
+TEST_CASE("existing files keep their permissions when a site is made again")
 {
     const TempFolder folder;
     makeAgain(folder);
@@ -56,7 +56,7 @@ TEST_CASE("files that exist keep their rights when a site is made again")
     CHECK(rightsOf(folder.folder() / "adodb.ini") == kGroupToo);
 }
 
-TEST_CASE("a file that is created for its owner is empty, and one that exists stays as it is")
+TEST_CASE("a file created for its owner is empty, and an existing one is unchanged")
 {
     const TempFolder folder;
     createForOwner((folder.folder() / "new").string());

@@ -50,7 +50,7 @@ std::int64_t countOf(const fs::path &database, const std::string &sql)
 
 void execute(const fs::path &database, const std::string &sql)
 {
-    (void)query(database, sql); // a statement that writes gives no rows
+    (void)query(database, sql); // a statement that writes returns no rows
 }
 
 site::SiteOrder ordinaryOrder()
@@ -62,7 +62,7 @@ const fs::path &sharedSite()
 {
     static const TempFolder folder;
     static const bool isMade = (site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), true);
-    (void)isMade; // made by the line above, once
+    (void)isMade; // the line above makes it, once
     return folder.folder();
 }
 

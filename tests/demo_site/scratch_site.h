@@ -10,7 +10,7 @@
 
 namespace inin::test {
 
-/// First column of each row, as text; NULL reads "NULL".
+/// The first column of each row, as text; NULL is "NULL".
 [[nodiscard]] std::vector<std::string> query(const std::filesystem::path &database, const std::string &sql);
 [[nodiscard]] std::int64_t countOf(const std::filesystem::path &database, const std::string &sql);
 void execute(const std::filesystem::path &database, const std::string &sql);

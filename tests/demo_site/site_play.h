@@ -10,7 +10,7 @@
 
 namespace inin::test {
 
-/// A scenario of site/scenarios/, played on a demo site of its own of May 2024. No program is started, only told.
+/// A scenario of site/scenarios/, played on a demo site of its own of May 2024. Programs are recorded, not started.
 class SitePlay {
 public:
     SitePlay(const std::string &scenario, const std::string &now);
@@ -18,14 +18,14 @@ public:
     [[nodiscard]] int result() const { return m_result; }
     [[nodiscard]] std::string errors() const { return m_errors.str(); }
     [[nodiscard]] bool tells(const std::string &text) const;
-    /// The transcript's lines with this text, in order.
+    /// The transcript's lines that contain this text, in order.
     [[nodiscard]] std::vector<std::string> linesWith(const std::string &text) const;
     [[nodiscard]] std::string csv() const { return bytesOf(at("TMP") / pathOf("委任状.csv")); }
     [[nodiscard]] std::filesystem::path at(const std::string &name) const { return m_folder.folder() / name; }
 
 private:
     TempFolder m_folder;
-    CurrentFolder m_before; ///< the program makes the site's current
+    CurrentFolder m_before; ///< the program changes to the site's folder
     std::ostringstream m_transcript;
     std::ostringstream m_errors;
     int m_result = 0;

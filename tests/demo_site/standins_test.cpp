@@ -25,7 +25,7 @@ struct Site {
 
 } // namespace
 
-TEST_CASE("a stand-in says in its own text that it is one, and can run")
+TEST_CASE("a substitute states in its own text that it is one, and is executable")
 {
     for (const char *name : kStandIns) {
         CAPTURE(name);
@@ -34,7 +34,7 @@ TEST_CASE("a stand-in says in its own text that it is one, and can run")
     }
 }
 
-TEST_CASE("the menu's stand-in notes each argument that it is started with")
+TEST_CASE("the menu's substitute records each argument that it is started with")
 {
     const Site site;
 
@@ -43,7 +43,7 @@ TEST_CASE("the menu's stand-in notes each argument that it is started with")
     CHECK(site.folder.bytes("Main.log") == "2\n\n");
 }
 
-TEST_CASE("a form tool's stand-in copies the command script beside itself")
+TEST_CASE("a form tool's substitute copies the command script to its own folder")
 {
     for (const char *name : kFormTools) {
         CAPTURE(name);
@@ -56,7 +56,7 @@ TEST_CASE("a form tool's stand-in copies the command script beside itself")
     }
 }
 
-TEST_CASE("the merger's stand-in takes the script behind the output form")
+TEST_CASE("the merger's substitute copies the script given after the output form")
 {
     const Site site;
     site.folder.put("TMP/WfdCom.dat", "AddReport\r\n");
@@ -67,7 +67,7 @@ TEST_CASE("the merger's stand-in takes the script behind the output form")
     CHECK_FALSE(fs::exists(site.folder.folder() / "TMP" / "out.wfd"));
 }
 
-TEST_CASE("a form tool's stand-in puts a path together that a blank has cut")
+TEST_CASE("a form tool's substitute rejoins a path that was split at a blank")
 {
     const Site site;
     fs::create_directories(site.folder.folder() / "my site");
@@ -78,14 +78,14 @@ TEST_CASE("a form tool's stand-in puts a path together that a blank has cut")
     CHECK(site.folder.bytes("wfrfv10.exe.WfdCom.dat") == "x");
 }
 
-TEST_CASE("a form tool's stand-in fails without a script")
+TEST_CASE("a form tool's substitute fails without a script")
 {
     const Site site;
     CHECK(run(site.folder.folder(), "./wfrfv10.exe") != 0);
     CHECK(run(site.folder.folder(), "./wfrfv10.exe /c missing.dat") != 0);
 }
 
-TEST_CASE("the three form documents of a site are those of the folder site/forms")
+TEST_CASE("the three form documents of a site are those in the folder site/forms")
 {
     for (const char *name : {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"}) {
         CAPTURE(name);
@@ -95,7 +95,7 @@ TEST_CASE("the three form documents of a site are those of the folder site/forms
     }
 }
 
-TEST_CASE("the form tools are links to the form viewer where it was built")
+TEST_CASE("the form tools are links to the form viewer if it was built")
 {
     const TempFolder folder;
     folder.put("formviewer", "the viewer");
@@ -110,7 +110,7 @@ TEST_CASE("the form tools are links to the form viewer where it was built")
     CHECK(folder.bytes("site/Main.exe").find("STAND-IN") != std::string::npos);
 }
 
-TEST_CASE("a site that is made again without the form viewer leaves the viewer itself alone")
+TEST_CASE("a site that is made again without the form viewer does not change the viewer itself")
 {
     const TempFolder folder;
     folder.put("formviewer", "the viewer");

@@ -14,7 +14,7 @@ inline constexpr const char *kScript = "C:\\SUITE\\TMP\\WfdCom.dat";
 inline constexpr const char *kForm = "C:\\SUITE\\SYS\\a.wfd";
 inline constexpr const char *kViewerStart = "2 wfrfv10.exe /c C:\\SUITE\\TMP\\WfdCom.dat";
 
-/// What was started, written or asked of the disk, in order.
+/// The programs started, lines written and disk accesses, in order.
 using Lines = std::vector<std::string>;
 
 /// An object after iInit with a form and without a title.

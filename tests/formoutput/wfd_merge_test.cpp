@@ -14,12 +14,12 @@ constexpr const char *kPrintScript = "Title,\"T\"\r\n"
                                      "FileName,\"C:\\SUITE\\TMP\\tmp.wfd\"\r\n"
                                      "PrintOutFromDialog\r\n";
 
-/// Keeps the script as each tool would find it at its start; the n-th start can fail.
+/// Keeps the script that each tool would find at its start; the n-th start can fail.
 class ReadingProcesses : public Processes {
 public:
     explicit ReadingProcesses(FakeFiles &files) : m_files(files) {}
     Lines started, scripts;
-    std::size_t failingStart = 0; ///< 1 is the first
+    std::size_t failingStart = 0; ///< 1 is the first start
     void start(const std::string &commandLine, WindowStyle style) override
     {
         if (started.size() + 1 == failingStart) throw RuntimeError(error_number::fileNotFound);
@@ -82,7 +82,7 @@ TEST_CASE("a merge script whose last bytes cannot be written starts nothing")
     CHECK(fixture.processes.started.empty());
 }
 
-TEST_CASE("a second script whose last bytes cannot be written starts the merger alone")
+TEST_CASE("a second script whose last bytes cannot be written starts only the merger")
 {
     MergeFixture fixture;
     fixture.world.files.failingClose = 2;
@@ -101,7 +101,7 @@ TEST_CASE("merging one report adds no report")
                                           "setreport,\"a.wfd\"\r\n");
 }
 
-TEST_CASE("merging no report writes the title alone and starts the merger all the same")
+TEST_CASE("merging no report writes only the title and starts the merger all the same")
 {
     struct Row {
         std::int16_t wfNum;
@@ -132,7 +132,7 @@ TEST_CASE("merging uses none of the stored data entries")
     CHECK(fixture.processes.scripts == Lines{"setTitle,\"T\"\r\n", kPrintScript});
 }
 
-TEST_CASE("a second data source stands behind the first where the report's flag is 1")
+TEST_CASE("a second data source follows the first if the report's flag is 1")
 {
     MergeFixture fixture;
     CHECK(fixture.wfd.addPrint_addCSV(3, "D", Texts{1, {"a.csv", "b.csv", "c.csv"}}, "E",
@@ -152,7 +152,7 @@ TEST_CASE("a second data source stands behind the first where the report's flag 
     CHECK(fixture.processes.scripts[1] == kPrintScript);
 }
 
-TEST_CASE("the second source's path is not looked for where the flag is not 1")
+TEST_CASE("the second source's path is not read if the flag is not 1")
 {
     MergeFixture fixture;
     CHECK(fixture.wfd.addPrint_addCSV(1, "D", Texts{1, {"a.csv"}}, "E", Texts{}, Texts{1, {"a.wfd"}}, Flags{1, {2}},
@@ -171,7 +171,7 @@ TEST_CASE("arrays are read from index 1 on, whatever their lower bound")
                                           "setreport,\"one.wfd\"\r\n");
 }
 
-TEST_CASE("an array without the element is error 9: result 1, the script as far as it came, no tool")
+TEST_CASE("an array without the element is error 9: result 1, the part of the script already written, no tool")
 {
     struct Row {
         const char *claim;
@@ -218,7 +218,7 @@ TEST_CASE("an array without the element is error 9: result 1, the script as far 
     }
 }
 
-TEST_CASE("a first script that cannot be opened gives 1 and its words, and shows nothing")
+TEST_CASE("a first script that cannot be opened gives 1 and its error text, and shows nothing")
 {
     MergeFixture fixture;
     fixture.world.files.openOutputErrors["c:\\suite\\tmp\\wfdcom.dat"] = 75;
@@ -228,7 +228,7 @@ TEST_CASE("a first script that cannot be opened gives 1 and its words, and shows
     CHECK(fixture.world.boxes.shown.empty());
 }
 
-TEST_CASE("a merger that cannot be started gives 0 and leaves the first script")
+TEST_CASE("a merger that cannot be started gives 0 and keeps the first script")
 {
     MergeFixture fixture;
     fixture.processes.failingStart = 1;
@@ -247,7 +247,7 @@ TEST_CASE("a second script that cannot be written gives 0 and starts no viewer")
     CHECK(fixture.processes.started == Lines{kMergerStart});
 }
 
-TEST_CASE("a viewer that cannot be started gives 0 and leaves the second script")
+TEST_CASE("a viewer that cannot be started gives 0 and keeps the second script")
 {
     MergeFixture fixture;
     fixture.processes.failingStart = 2;
@@ -256,7 +256,7 @@ TEST_CASE("a viewer that cannot be started gives 0 and leaves the second script"
     CHECK(fixture.world.files.bytes(kScript) == kPrintScript);
 }
 
-TEST_CASE("merging opens the script twice and looks at nothing else")
+TEST_CASE("merging opens the script twice and has no other file access")
 {
     MergeFixture fixture;
     fixture.world.files.log.clear();

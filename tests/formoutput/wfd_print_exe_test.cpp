@@ -45,7 +45,7 @@ TEST_CASE("the preview of the print run ends its script with the window and star
     CHECK(world.processes.started == Lines{kPreviewStart});
 }
 
-TEST_CASE("the preview window's command names the folder TMP whatever the settings name")
+TEST_CASE("the preview window's command names the folder TMP whatever the setting")
 {
     FakeWorld world;
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_TMP=\\WORK\n");
@@ -104,7 +104,7 @@ TEST_CASE("each output operation writes its last line and starts its tool")
     }
 }
 
-TEST_CASE("paper 1 is A5, paper 2 is B5, any other but -1 is A4")
+TEST_CASE("paper 1 is A5, paper 2 is B5, any other except -1 is A4")
 {
     struct Row {
         std::int16_t iPaper;
@@ -120,9 +120,9 @@ TEST_CASE("paper 1 is A5, paper 2 is B5, any other but -1 is A4")
     }
 }
 
-TEST_CASE("paper -1 writes the line before a second time and no paper")
+TEST_CASE("paper -1 repeats the previous line and writes no paper")
 {
-    SUBCASE("the form's line when nothing else is set")
+    SUBCASE("the form's line if nothing else is set")
     {
         WfdFixture fixture;
         fixture.wfd.iPrintDialog(-1);
@@ -207,7 +207,7 @@ TEST_CASE("every output operation that cannot write its script shows one box and
     }
 }
 
-TEST_CASE("a script that breaks off keeps what was written")
+TEST_CASE("a script that fails in the middle keeps the part already written")
 {
     WfdFixture fixture;
     fixture.world.files.failingWrite = 2;
@@ -216,7 +216,7 @@ TEST_CASE("a script that breaks off keeps what was written")
     CHECK(fixture.script().find("PrintOut") == std::string::npos);
 }
 
-TEST_CASE("a tool that cannot be started leaves its words and shows nothing")
+TEST_CASE("a tool that cannot be started sets its error text and shows nothing")
 {
     WfdFixture fixture;
     fixture.world.processes.startError = 53;

@@ -14,7 +14,7 @@ using namespace inin;
 
 namespace {
 
-/// One call on the document, its arguments with their types.
+/// One call on the document, with its arguments and their types.
 struct DocumentCall {
     std::string kind;
     std::string member;
@@ -22,7 +22,7 @@ struct DocumentCall {
     friend bool operator==(const DocumentCall &, const DocumentCall &) = default;
 };
 
-/// A form tool that writes down what is asked of its document; the member `failing` fails.
+/// A form tool that records the calls on its document; the member `failing` fails.
 class FakeTool : public Automation {
 public:
     bool isInstalled = true;
@@ -73,7 +73,7 @@ using Calls = std::vector<DocumentCall>;
 
 } // namespace
 
-TEST_CASE("the document is created by its program id and gets the title")
+TEST_CASE("the document is created by its program id and receives the title")
 {
     PrintFixture fixture;
     CHECK(fixture.print.iInit("委任状") == 0);
@@ -82,7 +82,7 @@ TEST_CASE("the document is created by its program id and gets the title")
     CHECK(fixture.print.sErrMsg.empty());
 }
 
-TEST_CASE("each iInit makes a document of its own, and the calls go to the last one")
+TEST_CASE("each iInit creates a new document, and later calls use the last one")
 {
     PrintFixture fixture;
     CHECK(fixture.print.iInit("前") == 0);
@@ -99,7 +99,7 @@ TEST_CASE("an empty title is not set")
     CHECK(fixture.tool.calls.empty());
 }
 
-TEST_CASE("each operation asks the document for its members in order, with arguments of the right types")
+TEST_CASE("each operation calls the document's members in order, with arguments of the right types")
 {
     PrintFixture fixture;
     cls_WfdPrint &print = fixture.print;
@@ -120,7 +120,7 @@ TEST_CASE("each operation asks the document for its members in order, with argum
     CHECK(print.sErrMsg.empty());
 }
 
-TEST_CASE("a tool that is not there fails the start with its number and words")
+TEST_CASE("a missing tool fails the start with its number and text")
 {
     PrintFixture fixture;
     fixture.tool.isInstalled = false;
@@ -128,7 +128,7 @@ TEST_CASE("a tool that is not there fails the start with its number and words")
     CHECK(fixture.print.sErrMsg == "(429)ActiveX コンポーネントはオブジェクトを作成できません。");
 }
 
-TEST_CASE("a system without automation objects says so")
+TEST_CASE("a system without automation objects fails with an error text")
 {
     const auto automation = makeNoAutomation();
     cls_WfdPrint print(*automation);
@@ -143,7 +143,7 @@ struct Operation {
     std::int16_t (*run)(cls_WfdPrint &);
     std::int16_t failed;
 };
-/// An output operation has no status: 0 stands for the Empty that it gives back.
+/// An output operation has no status: 0 replaces the Empty that it returns.
 std::int16_t emptyAsGood(const Variant &result)
 {
     return result.isEmpty() ? small(0) : small(1);
@@ -160,7 +160,7 @@ constexpr Operation kOperations[] = {
 
 } // namespace
 
-TEST_CASE("a failure of the document is kept in words and ends there")
+TEST_CASE("a failure of the document is trapped and its text kept")
 {
     for (const Operation &operation : kOperations) {
         CAPTURE(operation.member);
@@ -173,7 +173,7 @@ TEST_CASE("a failure of the document is kept in words and ends there")
     }
 }
 
-TEST_CASE("a title that the document refuses fails the start")
+TEST_CASE("a title refused by the document fails the start")
 {
     PrintFixture fixture;
     fixture.tool.failing = "Title";
@@ -192,7 +192,7 @@ TEST_CASE("an operation without a document is error 91")
     }
 }
 
-TEST_CASE("a later success leaves the words of the last failure")
+TEST_CASE("a later success keeps the text of the last failure")
 {
     PrintFixture fixture;
     fixture.print.iPreview();

@@ -1,9 +1,9 @@
-// What is set before an output operation, and what of it stands in the script.
+// The settings made before an output operation, and their lines in the script.
 #include "formoutput/wfd_fixture.h"
 
 using namespace inin;
 
-TEST_CASE("a script with everything set has its lines in the protocol's order")
+TEST_CASE("a script with every setting has its lines in the protocol's order")
 {
     WfdFixture fixture;
     REQUIRE(fixture.wfd.iSetDataTextNoTitle(5, "E", "D:\\e.csv") == 0);
@@ -57,7 +57,7 @@ TEST_CASE("an empty title writes no title line, and iInit without one keeps the 
           "FileName,\"C:\\SUITE\\SYS\\a.wfd\"\r\nTitle,\"T\"\r\nPrintPaper, A4\r\nShowWindow,2\r\n");
 }
 
-TEST_CASE("iInit leaves the text of an earlier failure")
+TEST_CASE("iInit keeps the text of an earlier failure")
 {
     WfdFixture fixture;
     fixture.wfd.sErrMsg = "前の失敗";
@@ -65,7 +65,7 @@ TEST_CASE("iInit leaves the text of an earlier failure")
     CHECK(fixture.wfd.sErrMsg == "前の失敗");
 }
 
-TEST_CASE("iInit reads the temporary folder with the warning on")
+TEST_CASE("iInit reads the temporary folder with the warning box")
 {
     FakeWorld world;
     world.files.putText("C:\\SUITE\\Massage.ini", "A=1\n");
@@ -78,7 +78,7 @@ TEST_CASE("iInit reads the temporary folder with the warning on")
     CHECK(world.files.has("C:\\SUITE\\WfdCom.dat"));
 }
 
-TEST_CASE("an iInit that cannot read the settings gives -1 and the words, and shows nothing")
+TEST_CASE("an iInit that cannot read the settings gives -1 and the error text, and shows nothing")
 {
     FakeWorld world;
     world.files.openInputErrors["c:\\suite\\massage.ini"] = 70;
@@ -88,7 +88,7 @@ TEST_CASE("an iInit that cannot read the settings gives -1 and the words, and sh
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("an iInit that cannot read the settings leaves form and title of the one before")
+TEST_CASE("an iInit that cannot read the settings keeps form and title of the previous one")
 {
     WfdFixture fixture;
     REQUIRE(fixture.wfd.iInit(kForm, "前") == 0);
@@ -115,7 +115,7 @@ TEST_CASE("a gap in the data numbers writes no line")
                                   "ShowWindow,2\r\n");
 }
 
-TEST_CASE("a data entry is replaced by its number, its flag too")
+TEST_CASE("a data entry is replaced by its number, its flag included")
 {
     WfdFixture fixture;
     REQUIRE(fixture.wfd.iSetDataTextNoTitle(1, "A", "D:\\a.csv") == 0);
@@ -151,7 +151,7 @@ TEST_CASE("a data number outside 1 to 5 is error 9 and changes no entry")
     }
 }
 
-TEST_CASE("a numeric setting writes a line only when it is not at rest")
+TEST_CASE("a numeric setting writes a line only if it differs from its default")
 {
     struct Row {
         const char *claim;
@@ -182,7 +182,7 @@ TEST_CASE("a numeric setting writes a line only when it is not at rest")
     }
 }
 
-TEST_CASE("an item's name leaves out a blank section and keeps the blanks of any other")
+TEST_CASE("an item's name omits a blank section and keeps the blanks of any other")
 {
     struct Row {
         const char *claim;
@@ -204,7 +204,7 @@ TEST_CASE("an item's name leaves out a blank section and keeps the blanks of any
     }
 }
 
-TEST_CASE("items are written in the order in which they were set, one name twice too")
+TEST_CASE("items are written in the order in which they were set, duplicate names included")
 {
     WfdFixture fixture;
     REQUIRE(fixture.wfd.iSetItemValue("R", "", "B", "1") == 0);
@@ -239,7 +239,7 @@ TEST_CASE("nothing in a value is escaped")
     CHECK(fixture.wfd.sErrMsg.empty());
 }
 
-TEST_CASE("a character that the code page lacks goes out as a question mark")
+TEST_CASE("a character missing in the code page is written as a question mark")
 {
     WfdFixture fixture;
     REQUIRE(fixture.wfd.iInit("a.wfd", "𠮷") == 0);

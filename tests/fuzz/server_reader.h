@@ -7,14 +7,14 @@
 
 namespace inin::fuzz {
 
-/// Reads a text as a server of the T-SQL language does at its most generous: quotes, brackets and nested comments hide what
-/// is in them, everything that any server takes for a blank is one, and a number ends where it can. Written apart from
-/// the code under test, and simpler: it wants to find a word that begins a writing statement, nothing else.
+/// Scans a text as permissively as any server of the T-SQL language might: quotes, brackets and nested comments hide
+/// their content, every character that some server treats as a blank is one, and a number ends as early as possible.
+/// Independent of the code under test and simpler: it only searches for a word that begins a writing statement.
 class ServerReader {
 public:
     explicit ServerReader(std::string_view text) : m_text(text) {}
 
-    /// The first word that would write, or a semicolon with something behind it; empty when there is none.
+    /// The first word that would write, or a semicolon that is followed by something; empty if there is none.
     std::string firstWrite()
     {
         while (m_at < m_text.size()) {
@@ -39,7 +39,7 @@ private:
         if (c == '\'' || c == '"') return skipQuoted(c);
         if (c == '[') return skipQuoted(']');
         if (m_text.substr(m_at, 2) == "--") {
-            // A server may end the comment at the first thing that looks like a line end.
+            // A server may end the comment at the first character that resembles a line end.
             m_at = std::min(m_text.find_first_of("\r\n\v\f", m_at), m_text.size());
             return true;
         }
@@ -85,7 +85,7 @@ private:
         }
         return false;
     }
-    /// Bytes of a blank of any width, or of a sign without a width, that stands here; 0 for none.
+    /// The size in bytes of the blank (of any width) or zero-width character at this position; 0 if there is none.
     [[nodiscard]] std::size_t blankAt(std::size_t at) const
     {
         for (const std::string_view blank :
@@ -95,7 +95,7 @@ private:
             if (m_text.substr(at).starts_with(blank)) return blank.size();
         return 0;
     }
-    /// A number takes an "e" with it, and what follows is a word of its own.
+    /// A number absorbs an "e"; what follows is a separate word.
     std::string takeWord()
     {
         const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };

@@ -1,5 +1,5 @@
-// Tries to bring a write past the check of read-only record sets: whatever it lets through must hold no writing word for
-// a reader that was written apart from it.
+// Tries to pass a write through the check of read-only record sets: an accepted text must contain no writing word for
+// an independent scanner.
 
 #include "adapters/odbc/single_select.h"
 #include "fuzz/server_reader.h"

@@ -25,7 +25,7 @@ namespace {
     std::abort();
 }
 
-/// Steps over one blank or comment at `at`; false when there is none.
+/// Skips one blank or comment at `at`; false if there is none.
 bool skipOneGap(std::string_view text, std::size_t &at)
 {
     const std::string_view rest = text.substr(at);
@@ -57,7 +57,7 @@ bool skipOneGap(std::string_view text, std::size_t &at)
     return false;
 }
 
-/// Tokens and what stands between them are the text, byte for byte; between them stand blanks and comments only.
+/// The tokens and the gaps between them are the whole text; the gaps consist of blanks and comments.
 void checkCover(std::string_view text, const std::vector<Token> &tokens)
 {
     std::size_t at = 0;
@@ -72,7 +72,7 @@ void checkCover(std::string_view text, const std::vector<Token> &tokens)
     if (at != text.size()) fail("a rest that is no gap", text);
 }
 
-/// Joined with their gaps the tokens are read again as the same tokens.
+/// The tokens joined with their gaps are read as the same tokens again.
 void checkJoined(std::string_view text, const std::vector<Token> &tokens)
 {
     std::string joined;
@@ -89,7 +89,7 @@ struct CloseDatabase {
 };
 using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
 
-/// A database in memory without any of the adapter's guards: what is run on it is run.
+/// A database in memory without the adapter's guards: every statement runs.
 Handle makeDatabase()
 {
     sqlite3 *db = nullptr;
@@ -132,14 +132,14 @@ const SqlSchema &schema()
     return kSchema;
 }
 
-/// What the classifier takes for one SELECT changes nothing, although nothing else holds it back.
+/// A text that is classified as one SELECT changes nothing even without the guards.
 void checkReadOnly(std::string_view text, const std::vector<Token> &tokens)
 {
     const Translation translation = translateSql(tokens, schema());
     if (!translation.problem.empty() || !isSingleSelect(tokens)) return;
     static const Handle kDatabase = makeDatabase();
     static const std::string kState = stateOf(kDatabase.get());
-    (void)sqlite3_exec(kDatabase.get(), translation.text.c_str(), nullptr, nullptr, nullptr); // it may well be faulty
+    (void)sqlite3_exec(kDatabase.get(), translation.text.c_str(), nullptr, nullptr, nullptr); // it may be invalid
     if (stateOf(kDatabase.get()) != kState) fail("a reading text that writes", text);
 }
 

@@ -10,7 +10,7 @@
 
 using namespace inin;
 
-// The maps on the embedded database: what is written is read back.
+// Maps on the embedded database: rows are written and read back.
 
 namespace {
 
@@ -47,7 +47,7 @@ private:
 
 } // namespace
 
-TEST_CASE("a map is not there, is saved, is there and is updated")
+TEST_CASE("a missing map is reported, then saved, found and updated")
 {
     MapOfSite world;
     CHECK(world.status(&CorpMap::iChizuLoad, 7) == kNoSuchMap);
@@ -64,7 +64,7 @@ TEST_CASE("a map is not there, is saved, is there and is updated")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a map belongs to its site")
+TEST_CASE("a map is separate for each site")
 {
     MapOfSite world;
     REQUIRE(world.status(&CorpMap::iChizuSave, 0) == iGood);
@@ -74,7 +74,7 @@ TEST_CASE("a map belongs to its site")
     CHECK(world.value("SELECT COUNT(*) FROM RIYOUSHA_MAP") == "2");
 }
 
-TEST_CASE("a second save of a map is refused and leaves the first one")
+TEST_CASE("a second save of a map is refused and keeps the first one")
 {
     MapOfSite world;
     world.files.put(kPicture, "1");
@@ -86,7 +86,7 @@ TEST_CASE("a second save of a map is refused and leaves the first one")
     CHECK_FALSE(world.files.has(kPicture));
 }
 
-TEST_CASE("an update with no picture or an empty one is a faulty statement and leaves the map")
+TEST_CASE("an update with no picture or an empty one is an invalid statement and keeps the map")
 {
     MapOfSite world;
     world.files.put(kPicture, "1");
@@ -99,7 +99,7 @@ TEST_CASE("an update with no picture or an empty one is a faulty statement and l
     CHECK(world.pictures(0) == "31 00 00");
 }
 
-TEST_CASE("a picture of 20 MB in the current folder goes into the database whole and off the disk")
+TEST_CASE("a picture of 20 MB in the current folder is written to the database completely and deleted from the disk")
 {
     const PictureFolder folder;
     constexpr std::size_t kSize = std::size_t{20} * 1024 * 1024;
@@ -134,7 +134,7 @@ TEST_CASE("a picture of 20 MB in the current folder goes into the database whole
                      [](std::byte a, char b) { return static_cast<char>(a) == b; }));
 }
 
-TEST_CASE("a company's writes bring the site's map along")
+TEST_CASE("writes of a company save the site's map with it")
 {
     CorpFixture corp;
     corp.site.cChizuFlg = "1";
@@ -152,7 +152,7 @@ TEST_CASE("a company's writes bring the site's map along")
     CHECK(corp.boxes.shown.empty());
 }
 
-TEST_CASE("an update of a company without its map row saves one")
+TEST_CASE("an update of a company without its map row inserts one")
 {
     CorpFixture corp;
     corp.site.cChizuFlg = "1";
@@ -179,7 +179,7 @@ TEST_CASE("a map that is refused inside the company's own transaction keeps its 
     CHECK(corp.value("SELECT COUNT(*) FROM RIYOUSHA_MAP") == "0");
     CHECK(corp.files.has(kPicture));
 
-    row.nIDNo = 56; // an insert is good without its map
+    row.nIDNo = 56; // an insert succeeds without its map
     CHECK(corp->iDataInsert(&row, 0, Transaction::own) == iGood);
     CHECK(corp.value("SELECT COUNT(*) FROM CORP") == "2");
     CHECK(corp.value("SELECT COUNT(*) FROM RIYOUSHA_MAP") == "0");
@@ -191,7 +191,7 @@ TEST_CASE("a map that is refused inside the company's own transaction keeps its 
     CHECK_FALSE(corp.files.has(kPicture));
 }
 
-TEST_CASE("a picture that is only taken needs no writer")
+TEST_CASE("a picture that is only read needs no writer")
 {
     CorpFixture corp;
     corp.files.put(kPicture, "B");

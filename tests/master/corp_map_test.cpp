@@ -9,7 +9,7 @@ namespace {
 using Boxes = std::vector<ShownBox>;
 
 constexpr const char *kPicture = "./zenrinCGI/zenrin.gif";
-/// The same as the fake files fold it.
+/// The path as the fake files normalize it.
 constexpr const char *kPictureKey = ".\\zenrincgi\\zenrin.gif";
 const std::string kBytes("GIF\x00\x0A\xFF", 6);
 
@@ -55,10 +55,10 @@ FakeResult oneMap()
     return result;
 }
 
-/// A company table of its own session 1 with the real map writer. Map sessions count from 2.
+/// A company table on session 1 with the real map writer. Map sessions count from 2.
 struct CompanyWorld : TableFixture<cT_CORP> {
     CompanyWorld() { app.cChizuFlg = "1"; }
-    /// The log with statements cut down to their kind and table.
+    /// The log with statements reduced to their kind and table.
     [[nodiscard]] Log steps() const
     {
         Log steps;
@@ -73,7 +73,7 @@ struct CompanyWorld : TableFixture<cT_CORP> {
 
 } // namespace
 
-TEST_CASE("a map that is there loads with 0, one that is not with -2")
+TEST_CASE("an existing map loads with 0, a missing one with -2")
 {
     MapWorld world;
     world.database.results.push_back(oneMap());
@@ -84,7 +84,7 @@ TEST_CASE("a map that is there loads with 0, one that is not with -2")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a load whose statement is refused fails with the session's words and without a box")
+TEST_CASE("a load with a refused statement fails with the session's error text and without a box")
 {
     MapWorld world;
     world.database.results.push_back(failure(-2147217865, "表がありません。"));
@@ -95,7 +95,7 @@ TEST_CASE("a load whose statement is refused fails with the session's words and 
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a saved picture goes into the statement byte by byte, and its file is deleted")
+TEST_CASE("a saved picture is written to the statement byte by byte, and its file is deleted")
 {
     MapWorld world;
     world.putPicture();
@@ -123,14 +123,14 @@ TEST_CASE("a picture of 0 bytes counts as none and its file is deleted")
     CHECK_FALSE(world.files.has(kPicture));
 }
 
-TEST_CASE("a folder in the picture's place is no picture")
+TEST_CASE("a folder in place of the picture is not a picture")
 {
     MapWorld world;
     world.files.makeFolder(kPictureKey);
     CHECK_FALSE(world.map.isPictureThere());
 }
 
-TEST_CASE("an update replaces the first picture only")
+TEST_CASE("an update replaces only the first picture")
 {
     MapWorld world;
     world.putPicture();
@@ -141,15 +141,15 @@ TEST_CASE("an update replaces the first picture only")
     CHECK_FALSE(world.files.has(kPicture));
 }
 
-TEST_CASE("an update without a picture sends a set list that opens with a comma")
+TEST_CASE("an update without a picture sends a set list that begins with a comma")
 {
     MapWorld world;
-    CHECK(world.update(0) == iGood); // the fake takes any statement
+    CHECK(world.update(0) == iGood); // the fake accepts any statement
     CHECK(world.database.log[2] == "exec 1   UPDATE  RIYOUSHA_MAP  set       ,dTimeStamp = getdate()"
                                    "  WHERE nIDNo =0  and iKyotenCd =1  and iKyotenEb =2");
 }
 
-TEST_CASE("the number 99999999 reads and deletes the picture and leaves the database alone")
+TEST_CASE("the number 99999999 reads and deletes the picture and sends nothing to the database")
 {
     for (const auto operation : {&MapWorld::save, &MapWorld::update}) {
         MapWorld world;
@@ -175,7 +175,7 @@ TEST_CASE("a failed statement of a map closes the session without a rollback and
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a transaction of a map that does not begin or commit fails with the session's words and no rollback")
+TEST_CASE("a transaction of a map that does not begin or commit fails with the session's error text and no rollback")
 {
     MapWorld begins;
     begins.database.beginError = -2147467259;
@@ -191,7 +191,7 @@ TEST_CASE("a transaction of a map that does not begin or commit fails with the s
     CHECK(commits.database.log.size() == 5);
 }
 
-TEST_CASE("each step of a map's opening is told under the operation's name and its own")
+TEST_CASE("each step of a map's opening is reported under the operation's name and its own")
 {
     struct Row {
         std::int16_t (MapWorld::*operation)(std::int32_t);
@@ -218,7 +218,7 @@ TEST_CASE("each step of a map's opening is told under the operation's name and i
     }
 }
 
-TEST_CASE("a picture that cannot be deleted or read is told, and nothing is written")
+TEST_CASE("a picture that cannot be deleted or read is reported, and nothing is written")
 {
     MapWorld deleting;
     deleting.putPicture();
@@ -255,7 +255,7 @@ TEST_CASE("an insert of a company without a picture saves a row of empty values 
     CHECK(corp.steps() == Log{"exec 1", "connect 2", "begin 2", "exec 2 map", "commit 2", "disconnect 2"});
 }
 
-TEST_CASE("an update of a company saves a map that is not there and updates one that is")
+TEST_CASE("an update of a company inserts a missing map and updates an existing one")
 {
     CompanyWorld missing;
     missing.files.put(kPicture, "A");
@@ -271,14 +271,14 @@ TEST_CASE("an update of a company saves a map that is not there and updates one 
     CHECK(present.database.log[6].find("UPDATE  RIYOUSHA_MAP") != std::string::npos);
 }
 
-TEST_CASE("an update of a company without a picture leaves the map alone")
+TEST_CASE("an update of a company without a picture leaves the map unchanged")
 {
     CompanyWorld corp;
     CHECK(corp->iDataUpdate(&corp.row, 0, Transaction::own) == iGood);
     CHECK(corp.steps() == Log{"begin 1", "exec 1", "commit 1"});
 }
 
-TEST_CASE("without the text 1 a company's write leaves picture and map alone")
+TEST_CASE("unless the flag is the text 1, a write of a company leaves picture and map unchanged")
 {
     CompanyWorld corp;
     corp.app.cChizuFlg = "";
@@ -289,7 +289,8 @@ TEST_CASE("without the text 1 a company's write leaves picture and map alone")
     CHECK(corp.files.has(kPicture));
 }
 
-TEST_CASE("a map that cannot be written fails a company's update with its words and rolls it back, never its insert")
+TEST_CASE(
+    "a map that cannot be written fails a company's update with its error text and rolls it back, but never its insert")
 {
     CompanyWorld updated;
     updated.files.put(kPicture, "A");
@@ -305,7 +306,7 @@ TEST_CASE("a map that cannot be written fails a company's update with its words 
     CHECK(inserted.steps().back() == "commit 1");
 }
 
-TEST_CASE("an update of a company whose map cannot be looked for tries to update the map")
+TEST_CASE("an update of a company whose map cannot be queried tries to update the map")
 {
     CompanyWorld corp;
     corp.files.put(kPicture, "A");

@@ -26,30 +26,30 @@ template <std::size_t N> void checkWords(Word word, const WordRow (&rows)[N])
 
 } // namespace
 
-TEST_CASE("a role of a company has its word, an unknown one none")
+TEST_CASE("each role of a company has its word, an unknown one has none")
 {
     checkWords(&cD_CORP::sType,
                {{-1, ""}, {0, "本社（往療基点）"}, {1, "受領代理人"}, {2, "受領代理人"}, {3, "団体請求"}, {4, ""}});
 }
 
-TEST_CASE("a kind of bank has its word, an unknown one none")
+TEST_CASE("each kind of bank has its word, an unknown one has none")
 {
     checkWords(&cD_CORP::sKinSyubetsu,
                {{-1, ""}, {0, ""}, {1, "銀行"}, {2, "金庫"}, {3, "農協"}, {4, "郵便局"}, {5, ""}});
 }
 
-TEST_CASE("a kind of bank office has its word, an unknown one none")
+TEST_CASE("each kind of bank office has its word, an unknown one has none")
 {
     checkWords(&cD_CORP::sKinSiten,
                {{-1, ""}, {0, ""}, {1, "本店"}, {2, "支店"}, {3, "本所"}, {4, "支所"}, {5, "出張所"}, {6, ""}});
 }
 
-TEST_CASE("a kind of account has its word, an unknown one none")
+TEST_CASE("each kind of account has its word, an unknown one has none")
 {
     checkWords(&cD_CORP::sKozaType, {{-1, ""}, {0, ""}, {1, "普通"}, {2, "当座"}, {3, "通知"}, {4, "別段"}, {5, ""}});
 }
 
-TEST_CASE("the ends of the number range have no word")
+TEST_CASE("the limits of the number range have no word")
 {
     constexpr std::int32_t kEnds[] = {std::numeric_limits<std::int32_t>::min(),
                                       std::numeric_limits<std::int32_t>::max()};
@@ -58,14 +58,14 @@ TEST_CASE("the ends of the number range have no word")
             CHECK(word(code).empty());
 }
 
-TEST_CASE("a word is spelled for the code that is given, not for the row's own")
+TEST_CASE("a word is that of the given code, not of the row's own")
 {
     cD_CORP row;
     row.iType = 3;
     CHECK(row.sType(0) == "本社（往療基点）");
 }
 
-TEST_CASE("a fresh company has -1 in its numbers but for the city number")
+TEST_CASE("a fresh company has -1 in its numbers except the city number")
 {
     const cD_CORP fresh;
     const std::int32_t minusOnes[] = {fresh.iKinSiten, fresh.iKinSyubetsu, fresh.iKozaKubun, fresh.iKozaType,

@@ -8,7 +8,7 @@ namespace {
 
 using CorpFixture = TableFixture<cT_CORP>;
 
-// The list of the full read as it is sent.
+// The list of the full read as sent.
 const std::string kReadList =
     "      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cAddressKana as cAddressKana"
     "     ,CORP.cDaihyo as cDaihyo     ,CORP.cDaihyoKana as cDaihyoKana     ,CORP.cFaxNo as cFaxNo"
@@ -26,7 +26,7 @@ const std::string kReadList =
     "     ,CORP.iKyotenToshiNo as iKyotenToshiNo     ,CORP.cKokuhoTourokuNo as cKokuhoTourokuNo"
     "     ,CORP.cEmail as cEmail";
 
-// What both grids begin with.
+// The common beginning of both grids.
 const std::string kGridListBeginning =
     "      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cDaihyo as cDaihyo"
     "     ,CORP.cFaxNo as cFaxNo     ,CORP.cShamei1 as cShamei1     ,CORP.cShamei2 as cShamei2"
@@ -90,7 +90,7 @@ cD_CORP headOffice()
 
 } // namespace
 
-TEST_CASE("companies are read by branch, and by number and kind as far as they are above -1")
+TEST_CASE("companies are read by branch, and by number and kind if these are above -1")
 {
     struct Row {
         const char *claim;
@@ -117,7 +117,7 @@ TEST_CASE("companies are read by branch, and by number and kind as far as they a
     }
 }
 
-TEST_CASE("the check of a company reads the others than its number")
+TEST_CASE("the check of a company reads all others than its number")
 {
     struct Row {
         const char *claim;
@@ -152,7 +152,7 @@ TEST_CASE("the company grid reads its columns for the branch")
               "  order by      nIDNo"});
 }
 
-TEST_CASE("the conditioned company grid joins each term that is set behind the branch")
+TEST_CASE("the conditioned company grid adds each term that is set after the branch")
 {
     struct Row {
         const char *claim;
@@ -174,7 +174,7 @@ TEST_CASE("the conditioned company grid joins each term that is set behind the b
         CAPTURE(row.claim);
         CorpFixture corp;
         cD_CORP condition;
-        condition.iType = 3; // no term of this read
+        condition.iType = 3; // not a condition of this read
         condition.nIDNo = row.nIDNo;
         condition.cShamei1 = row.cShamei1;
         condition.cShameiKana1 = row.cShameiKana1;
@@ -184,7 +184,7 @@ TEST_CASE("the conditioned company grid joins each term that is set behind the b
     }
 }
 
-TEST_CASE("the highest company number is asked for by the branch")
+TEST_CASE("the highest company number is queried by the branch")
 {
     CorpFixture corp;
     corp.database.results.push_back(rowsOf({"nIDNo"}, {{{"nIDNo", std::int32_t{41}}}}));
@@ -217,7 +217,7 @@ TEST_CASE("an insert of a company writes all columns in their order, the branch 
               "     ,6     ,'国1'     ,'a@b' ) "});
 }
 
-TEST_CASE("an update of a company sets all columns but the branch")
+TEST_CASE("an update of a company sets all columns except the branch")
 {
     CorpFixture corp;
     const cD_CORP row = headOffice();

@@ -50,7 +50,7 @@ const std::vector<std::string> kColumns = {"cAddress1",
                                            "cKokuhoTourokuNo",
                                            "cEmail"};
 
-/// A company table with a map writer that writes down its turns.
+/// A company table with a map writer that records its calls.
 struct MapFixture : FakeWorld {
     MapFixture()
     {
@@ -67,7 +67,7 @@ struct MapFixture : FakeWorld {
         if (raises != 0) throw RuntimeError(raises);
         return status;
     }
-    /// The log with statements cut down to their kind.
+    /// The log with statements reduced to their kind.
     [[nodiscard]] Log steps() const
     {
         Log steps;
@@ -157,7 +157,7 @@ TEST_CASE("the read of a company fills each of its numbers")
     CHECK(row.iKyotenToshiNo == 9);
 }
 
-TEST_CASE("a company of nothing but NULL has zeros where a fresh row has -1")
+TEST_CASE("a company with only NULLs has zeros where a fresh row has -1")
 {
     CorpFixture corp;
     corp.database.results.push_back(rowsOf(kColumns, {{}}));
@@ -171,7 +171,7 @@ TEST_CASE("a company of nothing but NULL has zeros where a fresh row has -1")
         CHECK(text->empty());
 }
 
-TEST_CASE("both company grids fill their columns and leave the others as a fresh row has them")
+TEST_CASE("both company grids fill their columns and leave the others as in a fresh row")
 {
     for (const bool isConditioned : {false, true}) {
         CAPTURE(isConditioned);
@@ -207,7 +207,7 @@ TEST_CASE("both company grids fill their columns and leave the others as a fresh
     }
 }
 
-TEST_CASE("a branch without a head office is a good read of no rows")
+TEST_CASE("a branch without a head office is a successful read of no rows")
 {
     CorpFixture corp;
     cD_CORP condition;
@@ -225,7 +225,7 @@ TEST_CASE("a branch without companies has the highest number 0")
     CHECK(nMaxNo == 0);
 }
 
-TEST_CASE("the reads of a company without a condition row fail with the table's words")
+TEST_CASE("the reads of a company without a condition row fail with the table's error text")
 {
     CorpFixture corp;
     CHECK(corp->iDataRead(nullptr) == iBad);
@@ -236,7 +236,7 @@ TEST_CASE("the reads of a company without a condition row fail with the table's 
     CHECK(check->sErrMsg() == "CORPが無効です。");
 }
 
-TEST_CASE("the conditioned company grid without a condition row runs into the runtime's error")
+TEST_CASE("the conditioned company grid without a condition row is the runtime's error 91")
 {
     CorpFixture corp;
     CHECK(corp->iDataReadGrid_Jouken(nullptr) == iBad);
@@ -244,7 +244,7 @@ TEST_CASE("the conditioned company grid without a condition row runs into the ru
     CHECK(corp.database.log.empty());
 }
 
-TEST_CASE("the map writer has its turn after the statement and before the commit")
+TEST_CASE("the map writer is called after the statement and before the commit")
 {
     MapFixture corp;
     corp.app.cChizuFlg = "1";
@@ -253,7 +253,7 @@ TEST_CASE("the map writer has its turn after the statement and before the commit
     CHECK(corp.steps() == Log{"begin", "exec", "map-insert", "commit", "begin", "exec", "map-update", "commit"});
 }
 
-TEST_CASE("the map writer has its turn in the caller's transaction too")
+TEST_CASE("the map writer is called in the caller's transaction too")
 {
     MapFixture corp;
     corp.app.cChizuFlg = "1";
@@ -261,7 +261,7 @@ TEST_CASE("the map writer has its turn in the caller's transaction too")
     CHECK(corp.steps() == Log{"exec", "map-update"});
 }
 
-TEST_CASE("without the text 1 no map is written")
+TEST_CASE("unless the flag is the text 1, no map is written")
 {
     for (const char *flag : {"", "0", " 1", "１"}) {
         CAPTURE(flag);
@@ -273,7 +273,7 @@ TEST_CASE("without the text 1 no map is written")
     }
 }
 
-TEST_CASE("a delete of a company gives the map writer no turn")
+TEST_CASE("a delete of a company does not call the map writer")
 {
     MapFixture corp;
     corp.app.cChizuFlg = "1";
@@ -281,7 +281,7 @@ TEST_CASE("a delete of a company gives the map writer no turn")
     CHECK(corp.steps() == Log{"begin", "exec", "commit"});
 }
 
-TEST_CASE("a statement that failed gives the map writer no turn")
+TEST_CASE("a failed statement does not call the map writer")
 {
     MapFixture corp;
     corp.app.cChizuFlg = "1";
@@ -290,7 +290,7 @@ TEST_CASE("a statement that failed gives the map writer no turn")
     CHECK(corp.steps() == Log{"begin", "exec", "rollback"});
 }
 
-TEST_CASE("a map that was not written fails an update with its words and rolls it back")
+TEST_CASE("a map that was not written fails an update with its error text and rolls it back")
 {
     MapFixture corp;
     corp.app.cChizuFlg = "1";
@@ -301,7 +301,7 @@ TEST_CASE("a map that was not written fails an update with its words and rolls i
     CHECK(corp.steps() == Log{"begin", "exec", "map-update", "rollback"});
 }
 
-TEST_CASE("a map that was not written leaves an insert good")
+TEST_CASE("an insert succeeds without its map")
 {
     MapFixture corp;
     corp.app.cChizuFlg = "1";
@@ -321,7 +321,7 @@ TEST_CASE("a run-time error of the map writer fails either write and rolls it ba
     CHECK(corp.steps() == Log{"begin", "exec", "map-insert", "rollback", "begin", "exec", "map-update", "rollback"});
 }
 
-TEST_CASE("a turn that is not set is not taken")
+TEST_CASE("an empty map function is not called")
 {
     MapFixture corp;
     corp.app.cChizuFlg = "1";

@@ -6,7 +6,7 @@
 
 using namespace inin;
 
-// The tables on the embedded database: what is written is read back.
+// The tables on the embedded database: rows are written and read back.
 
 namespace {
 
@@ -63,7 +63,7 @@ constexpr const char *kStaffOfTwoBranches =
 
 } // namespace
 
-TEST_CASE("a staff member comes back from the database as it was written")
+TEST_CASE("a staff member is read back as written")
 {
     StaffFixture staff;
     cD_STAFF row = staffMember(12, "山田太郎");
@@ -117,7 +117,7 @@ TEST_CASE("an empty vehicle text is NULL after an insert and an empty text after
     CHECK(staff.value("SELECT tBirthday FROM STAFF") == "(null)");
 }
 
-TEST_CASE("an update of a staff member changes the one of this branch and of no other")
+TEST_CASE("an update of a staff member changes only the one of this branch")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -128,7 +128,7 @@ TEST_CASE("an update of a staff member changes the one of this branch and of no 
     CHECK(staff.value("SELECT cName FROM STAFF WHERE nIDNo = 1") == "鈴木");
 }
 
-TEST_CASE("where numbers span the branches an update changes every branch's staff member of the number")
+TEST_CASE("if numbers span the branches, an update changes the staff member of the number in every branch")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -138,7 +138,7 @@ TEST_CASE("where numbers span the branches an update changes every branch's staf
     CHECK(staff.value("SELECT COUNT(*) FROM STAFF WHERE cName = '山田次郎'") == "2");
 }
 
-TEST_CASE("a delete takes the staff member of this branch and no other")
+TEST_CASE("a delete removes only the staff member of this branch")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -148,7 +148,7 @@ TEST_CASE("a delete takes the staff member of this branch and no other")
     CHECK(staff.value("SELECT COUNT(*) FROM STAFF") == "3");
 }
 
-TEST_CASE("the staff grid lists the active ones of the branch by number, NULL among them")
+TEST_CASE("the staff grid lists the active staff of the branch by number, NULL included")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -163,7 +163,7 @@ TEST_CASE("the staff grid lists the active ones of the branch by number, NULL am
     CHECK(numbers(staff) == "3");
 }
 
-TEST_CASE("the grid of all branches gives each its name, none where the branch is not known")
+TEST_CASE("the grid of all branches gives each branch its name, or none if the branch is unknown")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -177,7 +177,7 @@ TEST_CASE("the grid of all branches gives each its name, none where the branch i
     CHECK(staff->clsSTAFF(2).iKyotenId == 9);
 }
 
-TEST_CASE("the check of a staff number finds the ones of this branch alone")
+TEST_CASE("the check of a staff number finds only those of this branch")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -190,7 +190,7 @@ TEST_CASE("the check of a staff number finds the ones of this branch alone")
     CHECK(staff->nデータ数() == 0);
 }
 
-TEST_CASE("a staff name is counted across the branches without the number that asks")
+TEST_CASE("a staff name is counted across the branches without the given number")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -199,7 +199,7 @@ TEST_CASE("a staff name is counted across the branches without the number that a
     CHECK(staff->iChkStaffName(1, "誰も") == 0);
 }
 
-TEST_CASE("the highest staff number is that of the branch, and where numbers span the branches that of its prefix")
+TEST_CASE("the highest staff number is that of the branch, or of its prefix if numbers span the branches")
 {
     StaffFixture staff;
     std::int32_t nMaxNo = -5;
@@ -217,7 +217,7 @@ TEST_CASE("the highest staff number is that of the branch, and where numbers spa
     CHECK(nMaxNo == 1020007);
 }
 
-TEST_CASE("a staff name with a single quote breaks each statement that it goes into and changes nothing")
+TEST_CASE("a staff name with a single quote breaks each statement that contains it and changes nothing")
 {
     StaffFixture staff;
     staff.run(kStaffOfTwoBranches);
@@ -232,19 +232,19 @@ TEST_CASE("a staff name with a single quote breaks each statement that it goes i
     CHECK(staff.value("SELECT cName FROM STAFF WHERE iKyotenCd = 1 AND nIDNo = 3") == "山田太郎");
 }
 
-TEST_CASE("a second staff member of one number is refused and the transaction is gone")
+TEST_CASE("a second staff member with the same number is refused and the transaction is closed")
 {
     StaffFixture staff;
     const cD_STAFF row = staffMember(12, "山田");
     REQUIRE_MESSAGE(staff->iDataInsert(&row, 0, Transaction::own) == iGood, staff->sErrMsg());
     CHECK(staff->iDataInsert(&row, 0, Transaction::own) == iBad);
     CHECK(staff->sErrMsg().starts_with("ERR:iExecSQL (-2147217873)"));
-    // A transaction that was left open could not be begun again.
+    // A transaction left open would prevent a new one.
     const cD_STAFF other = staffMember(13, "鈴木");
     CHECK_MESSAGE(staff->iDataInsert(&other, 0, Transaction::own) == iGood, staff->sErrMsg());
 }
 
-TEST_CASE("writes without the flag stand or fall with the caller's transaction")
+TEST_CASE("writes without the flag are part of the caller's transaction")
 {
     StaffFixture staff;
     const cD_STAFF row = staffMember(12, "山田");
@@ -259,7 +259,7 @@ TEST_CASE("writes without the flag stand or fall with the caller's transaction")
     CHECK(staff.value("SELECT COUNT(*) FROM STAFF") == "1");
 }
 
-TEST_CASE("a company comes back from the database as it was written")
+TEST_CASE("a company is read back as written")
 {
     CorpFixture corp;
     cD_CORP row = company(5, 0, "会社一");
@@ -322,7 +322,7 @@ TEST_CASE("companies are read by number and kind, the others by the check, a lis
     CHECK(nMaxNo == 3);
 }
 
-TEST_CASE("a company is updated and deleted in this branch alone")
+TEST_CASE("a company is updated and deleted in this branch only")
 {
     CorpFixture corp;
     corp.run("INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo, iType, cShamei1) VALUES (9,9,5,0,'別'), (1,2,5,0,'前')");
@@ -335,7 +335,7 @@ TEST_CASE("a company is updated and deleted in this branch alone")
     CHECK(corp.value("SELECT COUNT(*) FROM CORP WHERE iKyotenCd = 9") == "1");
 }
 
-TEST_CASE("a company name with a single quote breaks the written statement")
+TEST_CASE("a company name with a single quote breaks the write statement")
 {
     CorpFixture corp;
     const cD_CORP row = company(5, 0, "O'Neil");
@@ -344,7 +344,7 @@ TEST_CASE("a company name with a single quote breaks the written statement")
     CHECK(corp.value("SELECT COUNT(*) FROM CORP") == "0");
 }
 
-TEST_CASE("insurance kinds are written, updated, read in their order and deleted")
+TEST_CASE("insurance kinds are written, updated, read in order and deleted")
 {
     HokenFixture hoken;
     for (const cD_HOKEN &row : {kind(70000, "後期"), kind(1, "国保"), kind(2, "社保")})
@@ -366,7 +366,7 @@ TEST_CASE("insurance kinds are written, updated, read in their order and deleted
     CHECK(hoken.value("SELECT COUNT(*) FROM HOKEN WHERE iKyotenCd = 1 AND iType = 1") == "0");
 }
 
-TEST_CASE("an insurance kind with a single quote breaks the written statement")
+TEST_CASE("an insurance kind with a single quote breaks the write statement")
 {
     HokenFixture hoken;
     const cD_HOKEN row = kind(1, "国'保");

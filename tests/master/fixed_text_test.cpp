@@ -4,12 +4,12 @@
 
 using namespace inin;
 
-TEST_CASE("a fixed text that nothing was assigned to is full of NULs")
+TEST_CASE("a fixed text without an assignment is full of NULs")
 {
     CHECK(FixedText<3>().text() == std::string(3, '\0'));
 }
 
-TEST_CASE("a fixed text counts characters, pads with blanks and cuts")
+TEST_CASE("a fixed text counts characters, is padded with blanks and truncated")
 {
     struct Row {
         const char *claim;
@@ -37,7 +37,7 @@ TEST_CASE("a fixed text counts characters, pads with blanks and cuts")
     }
 }
 
-TEST_CASE("a shorter text leaves nothing of the longer one before it")
+TEST_CASE("a shorter text keeps nothing of the longer one before it")
 {
     FixedText<4> text;
     text = "abcd";
@@ -45,7 +45,7 @@ TEST_CASE("a shorter text leaves nothing of the longer one before it")
     CHECK(text.text() == "x   ");
 }
 
-TEST_CASE("fixed texts are equal by what they hold, NULs and blanks apart")
+TEST_CASE("fixed texts are equal by their contents, and NULs differ from blanks")
 {
     FixedText<2> blanks;
     blanks = "";

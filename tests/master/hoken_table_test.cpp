@@ -44,7 +44,7 @@ TEST_CASE("a fresh insurance kind has empty texts and the number -1")
     CHECK(fresh.tUpDateTime.empty());
 }
 
-TEST_CASE("the insurance kinds are read whole, without a branch, in order of their number")
+TEST_CASE("the insurance kinds are read completely, without a branch, in order of their number")
 {
     HokenFixture hoken;
     CHECK(hoken.readAll() == iGood);
@@ -59,7 +59,7 @@ TEST_CASE("the row given to the read of insurance kinds sets no condition")
     CHECK(hoken.database.log == Log{kRead});
 }
 
-TEST_CASE("each insurance kind comes with its texts, trimmed on both sides, and its number")
+TEST_CASE("each insurance kind has its texts, trimmed on both sides, and its number")
 {
     HokenFixture hoken;
     hoken.answer({{{"cName", "  国民健康保険 "}, {"cRyaku", " 国"}, {"cType", "国保 "}, {"iType", std::int32_t{1}}},
@@ -70,12 +70,12 @@ TEST_CASE("each insurance kind comes with its texts, trimmed on both sides, and 
     CHECK(hoken->clsHOKEN(0).cRyaku == "国");
     CHECK(hoken->clsHOKEN(0).cType == "国保");
     CHECK(hoken->clsHOKEN(0).iType == 1);
-    // A full-width blank is a character like any other.
+    // A full-width blank is an ordinary character.
     CHECK(hoken->clsHOKEN(1).cType == "　社保　");
     CHECK(hoken->clsHOKEN(1).iType == 2);
 }
 
-TEST_CASE("an insurance kind of nothing but NULL has empty texts and the number 0")
+TEST_CASE("an insurance kind with only NULLs has empty texts and the number 0")
 {
     HokenFixture hoken;
     hoken.answer({{}});
@@ -87,7 +87,7 @@ TEST_CASE("an insurance kind of nothing but NULL has empty texts and the number 
     CHECK(hoken->clsHOKEN(0).iType == 0);
 }
 
-TEST_CASE("an empty table of insurance kinds is a good read of no rows")
+TEST_CASE("an empty table of insurance kinds is a successful read of no rows")
 {
     HokenFixture hoken;
     CHECK(hoken.readAll() == iGood);
@@ -106,7 +106,7 @@ TEST_CASE("a second read replaces the insurance kinds")
     CHECK(hoken->clsHOKEN(0).cType == "後期");
 }
 
-TEST_CASE("a kind that two branches hold comes twice")
+TEST_CASE("a kind in two branches appears twice")
 {
     HokenFixture hoken;
     hoken.answer({{{"cType", "国保"}, {"iType", std::int32_t{1}}}, {{"cType", "国保"}, {"iType", std::int32_t{1}}}});
@@ -114,7 +114,7 @@ TEST_CASE("a kind that two branches hold comes twice")
     CHECK(hoken->nデータ数() == 2);
 }
 
-TEST_CASE("a number of an insurance kind may go beyond 16 bits")
+TEST_CASE("a number of an insurance kind may exceed 16 bits")
 {
     HokenFixture hoken;
     hoken.answer({{{"iType", std::int32_t{32768}}}, {{"iType", 2147483647.0}}, {{"iType", std::int32_t{-70000}}}});
@@ -124,7 +124,7 @@ TEST_CASE("a number of an insurance kind may go beyond 16 bits")
     CHECK(hoken->clsHOKEN(2).iType == -70000);
 }
 
-TEST_CASE("a number of an insurance kind beyond 32 bits overflows and leaves the kinds before it")
+TEST_CASE("a number of an insurance kind beyond 32 bits overflows and keeps the kinds before it")
 {
     HokenFixture hoken;
     hoken.answer({{{"iType", std::int32_t{1}}}, {{"iType", 2147483648.0}}, {{"iType", std::int32_t{3}}}});
@@ -134,7 +134,7 @@ TEST_CASE("a number of an insurance kind beyond 32 bits overflows and leaves the
     CHECK(hoken->clsHOKEN(0).iType == 1);
 }
 
-TEST_CASE("a number of an insurance kind that is a word does not convert")
+TEST_CASE("a non-numeric number of an insurance kind does not convert")
 {
     HokenFixture hoken;
     hoken.answer({{{"iType", "国保"}}});
@@ -143,7 +143,7 @@ TEST_CASE("a number of an insurance kind that is a word does not convert")
     CHECK(hoken->nデータ数() == 0);
 }
 
-TEST_CASE("a read of insurance kinds without a row fails and leaves the rows of the last read in place")
+TEST_CASE("a read of insurance kinds without a row fails and keeps the rows of the last read")
 {
     HokenFixture hoken;
     hoken.answer({{{"cType", "国保"}}});
@@ -163,7 +163,7 @@ TEST_CASE("an insurance kind is written with the branch of this installation")
               "     ,iType )values(       1     ,2     ,'国民健康保険'     ,'国'     ,'国保'     ,7 ) "});
 }
 
-TEST_CASE("an update of an insurance kind finds it by the number that it keeps")
+TEST_CASE("an update of an insurance kind finds it by its number, which stays unchanged")
 {
     HokenFixture hoken;
     const cD_HOKEN row = kokuho();

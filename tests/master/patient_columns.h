@@ -7,15 +7,15 @@
 
 namespace inin {
 
-/// What a column is converted to.
+/// The type of a column's field.
 enum class Stored { whole16, whole32, text, fixed8, fixed14, date };
 
-/// One column of RIYOUSHA, typed out: a value of its own and what the record holds when it has been read. A value of a
-/// 32-bit field needs more than 16 bits. A column that shares a field overwrites it in `expect` as the read must.
+/// One column of RIYOUSHA, typed by hand: a value of its own and the record after its read. A value of a 32-bit field
+/// exceeds 16 bits. A column that shares a field overwrites it in `expect` as the read must.
 struct PatientCase {
     const char *column;
     Stored stored;
-    char rule; ///< 'G' NULL leaves the field, 'E' NULL is the empty text, 'Z' NULL is 0
+    char rule; ///< 'G' NULL keeps the field, 'E' NULL is the empty text, 'Z' NULL is 0
     Variant value;
     void (*expect)(RIYOUSHA_REC &rec);
 };

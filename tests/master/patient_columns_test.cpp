@@ -1,4 +1,4 @@
-// The columns as a whole: their list, all filled, all NULL, each one missing or failing.
+// The columns together: their list, all filled, all NULL, each one missing or failing.
 
 #include "master/patient_columns.h"
 #include "master/patient_fixture.h"
@@ -12,7 +12,7 @@ using namespace inin;
 
 namespace {
 
-/// All columns but one with their values.
+/// All columns except one with their values.
 PatientCells filledCells(const PatientCase *left = nullptr, const std::optional<Variant> &instead = {})
 {
     PatientCells cells;
@@ -48,7 +48,7 @@ char letterOf(NullRule rule)
 
 } // namespace
 
-TEST_CASE("the table knows 181 columns in the suite's order with their rules")
+TEST_CASE("the table has 181 columns in the suite's order with their rules")
 {
     REQUIRE(patientColumns().size() == 181);
     REQUIRE(patientCases().size() == 181);
@@ -64,7 +64,7 @@ TEST_CASE("a row with all 181 columns filled fills the whole record")
     CHECK(recordOf(filledCells()) == filledRecord());
 }
 
-TEST_CASE("a row with all 181 columns NULL leaves the record blank but for fixed texts of blanks")
+TEST_CASE("a row with all 181 columns NULL leaves the record blank except for fixed texts of blanks")
 {
     PatientCells cells;
     for (const PatientCase &row : patientCases()) cells.emplace_back(row.column, Null{});
@@ -83,12 +83,12 @@ TEST_CASE("a row with all 181 columns NULL leaves the record blank but for fixed
     CHECK(rec == expected);
 }
 
-TEST_CASE("a row without any known column is a patient all the same, with a blank record")
+TEST_CASE("a row without any known column is still a patient, with a blank record")
 {
     CHECK(recordOf({{"tExpireDay", Date(45000)}}) == RIYOUSHA_REC());
 }
 
-TEST_CASE("each column may be missing: its field stays and all others are filled")
+TEST_CASE("a missing column leaves its field unchanged and all others are filled")
 {
     for (const PatientCase &row : patientCases()) {
         CAPTURE(row.column);
@@ -96,9 +96,9 @@ TEST_CASE("each column may be missing: its field stays and all others are filled
     }
 }
 
-TEST_CASE("each column may fail to convert: its field stays and all others are filled")
+TEST_CASE("a column that does not convert leaves its field unchanged and all others are filled")
 {
-    // Bytes are neither text nor number nor date.
+    // Bytes convert neither to text nor to number nor to date.
     const Variant bytes = Binary{std::byte{1}};
     for (const PatientCase &row : patientCases()) {
         CAPTURE(row.column);
@@ -116,25 +116,25 @@ TEST_CASE("a column after the failing ones is still read")
     CHECK(recordOf(cells) == expected);
 }
 
-TEST_CASE("a number beyond 16 bits leaves every field of 16 bits at 0")
+TEST_CASE("a number beyond 16 bits leaves every 16-bit field at 0")
 {
     CHECK(cellsOf(Stored::whole16, 32768).size() == 44);
     CHECK(recordOf(cellsOf(Stored::whole16, 32768)) == RIYOUSHA_REC());
     CHECK(recordOf(cellsOf(Stored::whole16, -32769)) == RIYOUSHA_REC());
 }
 
-TEST_CASE("a number beyond 32 bits leaves every field of 32 bits at 0")
+TEST_CASE("a number beyond 32 bits leaves every 32-bit field at 0")
 {
     CHECK(recordOf(cellsOf(Stored::whole32, 2147483648.0)) == RIYOUSHA_REC());
 }
 
-TEST_CASE("a text that is no number leaves every number at 0")
+TEST_CASE("a non-numeric text leaves every number at 0")
 {
     CHECK(recordOf(cellsOf(Stored::whole16, "無し")) == RIYOUSHA_REC());
     CHECK(recordOf(cellsOf(Stored::whole32, "無し")) == RIYOUSHA_REC());
 }
 
-TEST_CASE("a text that is no date leaves every date at zero")
+TEST_CASE("a text without a date leaves every date at zero")
 {
     CHECK(recordOf(cellsOf(Stored::date, "無し")) == RIYOUSHA_REC());
 }

@@ -1,4 +1,4 @@
-// The read against the embedded database and a site's tables.
+// The read from a site's tables on the embedded database.
 
 #include "master/patient_columns.h"
 #include "runtime/format.h"
@@ -19,7 +19,7 @@ std::string literal(const Variant &value, const Regional &regional)
 }
 
 struct EmbeddedPatients : EmbeddedWorld {
-    /// A patient of branch 1, 2 with the values of all columns, or NULL in all but the keys.
+    /// A patient of branch 1, 2 with the values of all columns, or NULL in all except the keys.
     void insert(std::int32_t nIDNo, bool isFilled) const
     {
         std::string columns = "iKyotenCd, iKyotenEb, nIDNo";
@@ -45,7 +45,7 @@ RIYOUSHA_REC filledRecord()
 
 } // namespace
 
-TEST_CASE("a site's patient table has all 181 columns, and a filled row comes back whole")
+TEST_CASE("a site's patient table has all 181 columns, and a filled row is read back completely")
 {
     EmbeddedPatients patients;
     patients.insert(100001, true);
@@ -80,7 +80,7 @@ TEST_CASE("a patient of another branch or sub-branch is not found")
     CHECK(patients.boxes.shown.empty());
 }
 
-TEST_CASE("a site without the later columns gives its patients all the same")
+TEST_CASE("patients of a site without the later columns are read all the same")
 {
     EmbeddedPatients patients;
     patients.insert(100001, true);
@@ -94,7 +94,7 @@ TEST_CASE("a site without the later columns gives its patients all the same")
     CHECK(patients.rec == expected);
 }
 
-TEST_CASE("a site without the table gives nobody, silently")
+TEST_CASE("a site without the table has no patient, without a message")
 {
     EmbeddedPatients patients;
     patients.run("DROP TABLE RIYOUSHA");

@@ -12,7 +12,7 @@ namespace inin {
 
 using PatientCells = std::vector<std::pair<std::string, Variant>>;
 
-/// Branch 3, sub-branch 1, with a database that answers with one patient's row.
+/// Branch 3, sub-branch 1, with a database that returns one patient's row.
 struct PatientFixture : SpoiledWorld {
     explicit PatientFixture(const PatientCells &cells = {{"cName", "山田　花子"}})
     {
@@ -20,7 +20,7 @@ struct PatientFixture : SpoiledWorld {
         spoiled.iKyotenEb = 1;
         answer(cells);
     }
-    /// What the next read finds.
+    /// The result of the next read.
     void answer(const PatientCells &cells)
     {
         FakeResult result;
@@ -36,7 +36,7 @@ struct PatientFixture : SpoiledWorld {
     RIYOUSHA_REC rec;
 };
 
-/// The record of a row with these columns; the read must be good and silent.
+/// The record of a row with these columns; the read must succeed and show nothing.
 [[nodiscard]] inline RIYOUSHA_REC recordOf(const PatientCells &cells)
 {
     PatientFixture fixture(cells);

@@ -1,4 +1,4 @@
-// The read around the columns: statement, session, failures.
+// The read apart from the columns: statement, session, failures.
 
 #include "master/patient_fixture.h"
 
@@ -33,7 +33,7 @@ void failStatement(FakeWorld &world)
     world.database.results = {result};
 }
 
-/// A fixture whose caller has a record already.
+/// A fixture whose caller already has a record.
 struct UsedFixture : PatientFixture {
     UsedFixture() { rec = used(); }
     static RIYOUSHA_REC used()
@@ -58,7 +58,7 @@ TEST_CASE("a patient is read on a session of its own, with one statement for the
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("the statement holds its three keys in plain digits")
+TEST_CASE("the statement contains its three keys in plain digits")
 {
     struct Row {
         std::int32_t nCode;
@@ -83,7 +83,7 @@ TEST_CASE("the statement holds its three keys in plain digits")
     }
 }
 
-TEST_CASE("a patient who does not exist gives 0, no message and an untouched record")
+TEST_CASE("a missing patient gives 0, no message and an unchanged record")
 {
     UsedFixture fixture;
     fixture.database.results = {rowsOf({"nIDNo", "cName"}, {})};
@@ -93,7 +93,7 @@ TEST_CASE("a patient who does not exist gives 0, no message and an untouched rec
     CHECK(fixture.database.log == Log{"connect 1", kStatement, "disconnect 1"});
 }
 
-TEST_CASE("of two rows the first is taken")
+TEST_CASE("of two rows the first applies")
 {
     PatientFixture fixture;
     fixture.database.results = {rowsOf({"cName"}, {{"一人目"}, {"二人目"}})};
@@ -101,7 +101,7 @@ TEST_CASE("of two rows the first is taken")
     CHECK(fixture.rec.cName == "一人目");
 }
 
-TEST_CASE("a failed step before the row is silent, gives 0 and leaves the record")
+TEST_CASE("a failed step before the row shows nothing, gives 0 and leaves the record unchanged")
 {
     struct Row {
         const char *claim;
@@ -131,7 +131,7 @@ TEST_CASE("a failed step before the row is silent, gives 0 and leaves the record
     }
 }
 
-TEST_CASE("a failed connect leaves its words in the program, and a later good read leaves them there")
+TEST_CASE("a failed connect keeps its error text in the program, and a later successful read keeps it")
 {
     PatientFixture fixture;
     fixture.database.connectError = -2147217843;
@@ -143,7 +143,7 @@ TEST_CASE("a failed connect leaves its words in the program, and a later good re
     CHECK(fixture.spoiled.patientConnectError == "(-2147217843)ログインに失敗しました。");
 }
 
-TEST_CASE("a failure other than of the connect leaves no words")
+TEST_CASE("a failure other than the connect keeps no error text")
 {
     PatientFixture fixture;
     failStatement(fixture);
@@ -153,7 +153,7 @@ TEST_CASE("a failure other than of the connect leaves no words")
     CHECK(fixture.spoiled.patientConnectError.empty());
 }
 
-TEST_CASE("a run-time error before the row shows its description, gives 0 and leaves the record")
+TEST_CASE("a run-time error before the row shows its description, gives 0 and leaves the record unchanged")
 {
     struct Row {
         const char *claim;
@@ -174,7 +174,7 @@ TEST_CASE("a run-time error before the row shows its description, gives 0 and le
     }
 }
 
-TEST_CASE("the box of a run-time error is answered before the session goes")
+TEST_CASE("the box of a run-time error is answered before the session is destroyed")
 {
     PatientFixture fixture;
     fixture.faulty.faults.recordCount = 13;
@@ -185,7 +185,7 @@ TEST_CASE("the box of a run-time error is answered before the session goes")
     CHECK(fixture.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("a row whose every column fails is a patient all the same, without a message")
+TEST_CASE("a row whose every column fails is still a patient, without a message")
 {
     UsedFixture fixture;
     fixture.faulty.faults.value = -2147467259;
@@ -194,7 +194,7 @@ TEST_CASE("a row whose every column fails is a patient all the same, without a m
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("a closing that fails changes nothing")
+TEST_CASE("a failure to close has no effect")
 {
     struct Row {
         const char *claim;
@@ -214,7 +214,7 @@ TEST_CASE("a closing that fails changes nothing")
     }
 }
 
-TEST_CASE("each read connects anew and keeps nothing of the one before")
+TEST_CASE("each read connects anew and keeps nothing of the previous one")
 {
     PatientFixture fixture({{"cName", "一人目"}, {"nTantou", 5}, {"cTelNo", "03"}});
     fixture.answer({{"cName", "二人目"}});

@@ -1,4 +1,4 @@
-// Single columns: what becomes of their values, and the columns that are read in an unexpected way.
+// Single columns: the conversion of their values, and the columns with unexpected rules.
 
 #include "master/patient_fixture.h"
 #include "runtime/date.h"
@@ -38,7 +38,7 @@ Date period(const SecondPeriod &row, const Variant &first, const Variant &second
 
 } // namespace
 
-TEST_CASE("a second period that is NULL leaves the first")
+TEST_CASE("a second period that is NULL keeps the first")
 {
     for (const SecondPeriod &row : kSecondPeriods) {
         CAPTURE(row.second);
@@ -46,7 +46,7 @@ TEST_CASE("a second period that is NULL leaves the first")
     }
 }
 
-TEST_CASE("a second period wins over the first, wherever it stands in the row")
+TEST_CASE("a second period overrides the first, at any position in the row")
 {
     for (const SecondPeriod &row : kSecondPeriods) {
         CAPTURE(row.second);
@@ -55,7 +55,7 @@ TEST_CASE("a second period wins over the first, wherever it stands in the row")
     }
 }
 
-TEST_CASE("a second period stands where the first is NULL")
+TEST_CASE("a second period is used if the first is NULL")
 {
     for (const SecondPeriod &row : kSecondPeriods) {
         CAPTURE(row.second);
@@ -63,7 +63,7 @@ TEST_CASE("a second period stands where the first is NULL")
     }
 }
 
-TEST_CASE("a second period that is no date leaves the first")
+TEST_CASE("a second period that is not a date keeps the first")
 {
     for (const SecondPeriod &row : kSecondPeriods) {
         CAPTURE(row.second);
@@ -71,7 +71,7 @@ TEST_CASE("a second period that is no date leaves the first")
     }
 }
 
-TEST_CASE("iRoomAnbunUmu lands in the end of the renewed consent")
+TEST_CASE("iRoomAnbunUmu is stored in the end of the renewed consent")
 {
     struct Row {
         const char *claim;
@@ -127,7 +127,7 @@ TEST_CASE("a missing fixed column leaves its field full of NULs, unlike NULL")
     CHECK(recordOf({{"cFaxNo", Null{}}}).cTelNo.text() == std::string(14, '\0'));
 }
 
-TEST_CASE("a name that is NULL is the empty name of a patient who was read")
+TEST_CASE("a name that is NULL is the empty name of a patient who was found")
 {
     PatientFixture fixture({{"nIDNo", 101}, {"cName", Null{}}});
     CHECK(fixture.read() == -1);
@@ -135,7 +135,7 @@ TEST_CASE("a name that is NULL is the empty name of a patient who was read")
     CHECK(fixture.rec.nIDNo == 101);
 }
 
-TEST_CASE("texts keep their blanks and take the default text of other values")
+TEST_CASE("texts keep their blanks, and other values are stored as their default text")
 {
     struct Row {
         Variant value;
@@ -162,7 +162,7 @@ TEST_CASE("tHatsubyou and tSyoryoDay are texts, whether the column is a text or 
     CHECK(dates.tSyoryoDay == "2024/04/01");
 }
 
-TEST_CASE("numbers convert as the runtime converts them")
+TEST_CASE("numbers are converted by the rules of the runtime")
 {
     struct Row {
         const char *claim;
@@ -190,8 +190,8 @@ TEST_CASE("numbers convert as the runtime converts them")
     }
 }
 
-// "&HFFFF" is 65535 where a number passes 32 bits first, as rule zero has it, and -1 where it does not.
-TEST_CASE("a number of rule zero is narrowed to its 16 bits or left at 0")
+// "&HFFFF" is 65535 if the number is first converted to 32 bits, as rule zero does, and -1 otherwise.
+TEST_CASE("a number of rule zero is narrowed to 16 bits or left at 0")
 {
     struct Row {
         Variant value;
@@ -209,7 +209,7 @@ TEST_CASE("a number of rule zero is narrowed to its 16 bits or left at 0")
     }
 }
 
-TEST_CASE("a number of a guarded column of 16 bits is converted to them at once")
+TEST_CASE("a number of a guarded 16-bit column is converted directly to 16 bits")
 {
     struct Row {
         Variant value;
@@ -224,7 +224,7 @@ TEST_CASE("a number of a guarded column of 16 bits is converted to them at once"
     }
 }
 
-TEST_CASE("fields whose prefix says otherwise have the suite's types")
+TEST_CASE("fields with a misleading prefix have the suite's types")
 {
     static_assert(std::is_same_v<decltype(R::cFMCode), std::int32_t>);
     static_assert(std::is_same_v<decltype(R::iHoseUmu), std::int32_t>);

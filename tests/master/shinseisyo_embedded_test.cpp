@@ -4,7 +4,7 @@
 
 using namespace inin;
 
-// The claim forms on the embedded database: what is written is read back.
+// The claim forms on the embedded database: rows are written and read back.
 
 namespace {
 
@@ -24,7 +24,7 @@ void insert(FormFixture &forms, const cD_SHINSEISYO &row)
     REQUIRE_MESSAGE(forms->iDataInsert(&row, 0, Transaction::own) == iGood, forms->sErrMsg());
 }
 
-/// The numbers of the rows that were read, joined: "1 2 3".
+/// The numbers of the rows read, joined: "1 2 3".
 std::string numbers(FormFixture &forms)
 {
     std::string text;
@@ -47,7 +47,7 @@ std::string readGrid(FormFixture &forms, const cD_SHINSEISYO &condition)
 
 } // namespace
 
-TEST_CASE("a claim form comes back from the database as it was written")
+TEST_CASE("a claim form is read back as written")
 {
     FormFixture forms;
     cD_SHINSEISYO row = form(2, 5, "療養費支給申請書");
@@ -68,7 +68,7 @@ TEST_CASE("a claim form comes back from the database as it was written")
     CHECK_FALSE(found.tUpDateTime.empty());
 }
 
-TEST_CASE("a system-wide claim form is read by every site, another by its own only")
+TEST_CASE("a system-wide claim form is read by every site, any other only by its own")
 {
     FormFixture forms;
     insert(forms, form(1, 1));
@@ -84,7 +84,7 @@ TEST_CASE("a system-wide claim form is read by every site, another by its own on
     }
 }
 
-TEST_CASE("number -1 reads all claim forms of the print type and number 0 looks for number 0")
+TEST_CASE("number -1 reads all claim forms of the print type and number 0 reads number 0")
 {
     FormFixture forms;
     for (const std::int32_t nIDNo : {3, 1, 0}) insert(forms, form(2, nIDNo));
@@ -94,7 +94,7 @@ TEST_CASE("number -1 reads all claim forms of the print type and number 0 looks 
     CHECK(read(forms, form(2, 4)).empty());
 }
 
-TEST_CASE("the grid hides deleted claim forms unless asked, and NULL is not deleted")
+TEST_CASE("the grid hides deleted claim forms unless requested, and NULL is not deleted")
 {
     FormFixture forms;
     forms.run("INSERT INTO SHINSEISYO (iKyotenCd, iKyotenEb, nIDNo, iPrintType, iDelFlg, iStateNo) VALUES"
@@ -107,7 +107,7 @@ TEST_CASE("the grid hides deleted claim forms unless asked, and NULL is not dele
     CHECK(readGrid(forms, condition) == "1 2");
 }
 
-TEST_CASE("an update of a claim form reaches the one of its print type and site alone")
+TEST_CASE("an update of a claim form changes only the one of its print type and site")
 {
     FormFixture forms;
     forms.run("INSERT INTO SHINSEISYO (iKyotenCd, iKyotenEb, nIDNo, iPrintType, cDispName) VALUES"
@@ -120,7 +120,7 @@ TEST_CASE("an update of a claim form reaches the one of its print type and site 
           "全社,新,other type,other site");
 }
 
-TEST_CASE("a delete of a claim form reaches the one of its print type and site alone")
+TEST_CASE("a delete of a claim form removes only the one of its print type and site")
 {
     FormFixture forms;
     forms.run("INSERT INTO SHINSEISYO (iKyotenCd, iKyotenEb, nIDNo, iPrintType) VALUES"
@@ -146,7 +146,7 @@ TEST_CASE("the highest number of a claim form is that of its print type and site
     CHECK(nMaxNo == 0);
 }
 
-TEST_CASE("a claim form whose keys are taken is refused and changes nothing")
+TEST_CASE("a claim form with existing keys is refused and changes nothing")
 {
     FormFixture forms;
     insert(forms, form(2, 1, "first"));

@@ -9,7 +9,7 @@ namespace {
 
 using FormFixture = TableFixture<cT_SHINSEISYO>;
 
-// The list of both reads as it is sent.
+// The list of both reads as sent.
 const std::string kRead =
     "sql 1   select      SHINSEISYO.iKyotenCd as iKyotenCd     ,SHINSEISYO.iKyotenEb as iKyotenEb"
     "     ,SHINSEISYO.nIDNo as nIDNo     ,SHINSEISYO.cFileName as cFileName     ,SHINSEISYO.cDispName as cDispName"
@@ -29,7 +29,7 @@ const std::vector<std::string> kColumns = {"iKyotenCd",           "iKyotenEb",  
                                            "iRiyouHokenKbn",      "tUpDateTime",        "iPrintType",   "iKubun",
                                            "iKanagawaStaffPrint", "iJoseiFutanKiriage", "iTekiyouStaff"};
 
-/// A row with a value of its own in each column.
+/// A row with a different value in each column.
 cD_SHINSEISYO form(std::int32_t iPrintType)
 {
     cD_SHINSEISYO row;
@@ -69,7 +69,7 @@ const std::string kUpdate =
 
 } // namespace
 
-TEST_CASE("a fresh claim form holds 0 in every number and empty texts")
+TEST_CASE("a fresh claim form has 0 in every number and empty texts")
 {
     const cD_SHINSEISYO row;
     for (const std::int32_t value :
@@ -80,7 +80,7 @@ TEST_CASE("a fresh claim form holds 0 in every number and empty texts")
     CHECK((row.cFileName + row.cDispName + row.tUpDateTime).empty());
 }
 
-TEST_CASE("a read of claim forms asks for the site beyond print types 0 and 1 only")
+TEST_CASE("a read of claim forms has a site condition except for print types 0 and 1")
 {
     struct Row {
         std::int32_t nIDNo;
@@ -103,7 +103,7 @@ TEST_CASE("a read of claim forms asks for the site beyond print types 0 and 1 on
     }
 }
 
-TEST_CASE("the grid of claim forms hides deleted ones and looks for a prefecture as asked")
+TEST_CASE("the grid of claim forms hides deleted ones and selects a prefecture on request")
 {
     struct Row {
         std::int32_t iPrintType;
@@ -129,7 +129,7 @@ TEST_CASE("the grid of claim forms hides deleted ones and looks for a prefecture
     }
 }
 
-TEST_CASE("the highest number of a claim form is asked for within site and print type")
+TEST_CASE("the highest number of a claim form is queried within site and print type")
 {
     struct Row {
         std::int16_t iPrintType;
@@ -148,7 +148,7 @@ TEST_CASE("the highest number of a claim form is asked for within site and print
     }
 }
 
-TEST_CASE("the highest number where there is no claim form is 0")
+TEST_CASE("the highest number without any claim form is 0")
 {
     FormFixture forms;
     forms.database.results.push_back(rowsOf({"nIDNo"}, {{}}));
@@ -157,7 +157,7 @@ TEST_CASE("the highest number where there is no claim form is 0")
     CHECK(nMaxNo == 0);
 }
 
-TEST_CASE("a highest number that cannot be asked for fails and leaves the variable")
+TEST_CASE("a failed query of the highest number keeps the variable")
 {
     FormFixture forms;
     forms.database.results.push_back(failure(-2147217865, "表がありません。"));
@@ -189,7 +189,7 @@ TEST_CASE("a system-wide claim form is inserted under branch 0, others under thi
     }
 }
 
-TEST_CASE("an update of a claim form sets all but its keys")
+TEST_CASE("an update of a claim form sets all columns except its keys")
 {
     FormFixture forms;
     const cD_SHINSEISYO own = form(3), wide = form(1);
@@ -199,7 +199,7 @@ TEST_CASE("an update of a claim form sets all but its keys")
           Log{kUpdate + " and iKyotenCd = 1 and iKyotenEb = 2 and iPrintType = 3", kUpdate + " and iPrintType = 1"});
 }
 
-TEST_CASE("a delete of a claim form names its keys")
+TEST_CASE("a delete of a claim form uses its keys")
 {
     FormFixture forms;
     const cD_SHINSEISYO own = form(3), wide = form(0);
@@ -258,7 +258,7 @@ TEST_CASE("a read fills each property of a claim form from its column")
     CHECK(read.iTekiyouStaff == 16);
 }
 
-TEST_CASE("NULL, words and too great a number in a claim form count as empty or 0")
+TEST_CASE("NULL, a non-numeric text and a number out of range in a claim form count as empty or 0")
 {
     FormFixture forms;
     forms.database.results.push_back(
@@ -275,7 +275,7 @@ TEST_CASE("NULL, words and too great a number in a claim form count as empty or 
     CHECK(read.iKubun == 2);
 }
 
-TEST_CASE("a read of claim forms without a condition row fails with the table's words, the grid with the runtime's")
+TEST_CASE("without a condition row the read of claim forms fails with the table's text, the grid with the runtime's")
 {
     FormFixture forms;
     CHECK(forms->iDataRead(nullptr) == iBad);

@@ -11,7 +11,7 @@ using StaffFixture = TableFixture<cT_STAFF>;
 
 } // namespace
 
-TEST_CASE("the grid of all branches has its own terms, the branch's name and no branch condition")
+TEST_CASE("the grid of all branches has its own conditions, the branch's name and no branch condition")
 {
     struct Row {
         const char *claim;

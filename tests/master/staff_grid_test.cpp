@@ -37,7 +37,7 @@ TEST_CASE("a fresh condition row lists the active staff of the branch in order o
                                     kOrder});
 }
 
-TEST_CASE("each term of the staff grid stands where its field is set")
+TEST_CASE("each condition of the staff grid is present if its field is set")
 {
     struct Row {
         const char *claim;
@@ -75,7 +75,7 @@ TEST_CASE("each term of the staff grid stands where its field is set")
     }
 }
 
-TEST_CASE("the staff grid asks for the branch of this installation whatever the condition row says")
+TEST_CASE("the staff grid reads the branch of this installation whatever the condition row's branch")
 {
     StaffFixture staff;
     staff.app.iKyotenCd = 0;
@@ -181,7 +181,7 @@ TEST_CASE("the staff grid fills each of its numbers")
     CHECK(row.iKanriSekininFlg == 2);
 }
 
-TEST_CASE("the dates of a staff member travel as texts of the short date form")
+TEST_CASE("the dates of a staff member are texts in the short date format")
 {
     StaffFixture staff;
     staff.answer({{{"tBirthday", DateSerial(1980, 5, 1)}, {"tNyusyaDay", Date(45413.5)}, {"tKisanDay", " 2024/1/2 "}}});
@@ -191,7 +191,7 @@ TEST_CASE("the dates of a staff member travel as texts of the short date form")
     CHECK(staff->clsSTAFF(0).sKisanDay == "2024/1/2");
 }
 
-TEST_CASE("a staff member of nothing but NULL has empty texts and zeros where the grid reads")
+TEST_CASE("a staff member with only NULLs has empty texts and zeros in the columns of the grid")
 {
     StaffFixture staff;
     staff.answer({{}});
@@ -201,14 +201,14 @@ TEST_CASE("a staff member of nothing but NULL has empty texts and zeros where th
     for (const std::string *text : {&row.cName, &row.cNameKana, &row.cAdress1, &row.sBirthday, &row.sNyusyaDay,
                                     &row.sKisanDay, &row.cEmail, &row.cVehicleNumber, &row.cIninTourokuNo})
         CHECK(text->empty());
-    // The fresh row's -1 gives way to the 0 of NULL.
+    // The fresh row's -1 is replaced by the 0 of NULL.
     for (const std::int32_t number : {row.nIDNo, row.iChusiFlg, row.iSexKubun, row.nLat, row.nLon}) CHECK(number == 0);
     CHECK(row.iTecAbi == 0);
-    // The grid does not read these: they stay as a fresh row has them.
+    // The grid does not read these: they keep the values of a fresh row.
     for (const std::int32_t number : {row.iShikakuKubun, row.iSyokushuKubun, row.iYaku}) CHECK(number == -1);
 }
 
-TEST_CASE("the staff grid leaves alone what it does not read")
+TEST_CASE("the staff grid leaves unchanged the properties that it does not read")
 {
     StaffFixture staff;
     std::vector<std::string> columns = kStaffGridColumns;
@@ -223,7 +223,7 @@ TEST_CASE("the staff grid leaves alone what it does not read")
     CHECK(row.cPcName.empty());
 }
 
-TEST_CASE("a mark or a 16-bit number of a staff member that needs more than 16 bits overflows")
+TEST_CASE("a flag or a 16-bit number of a staff member beyond 16 bits overflows")
 {
     for (const char *column : {"iChusiFlg", "iTecAbi", "iSpeechAbi", "iClaimRate", "iStaffHokenTouroku"}) {
         CAPTURE(column);
@@ -235,7 +235,7 @@ TEST_CASE("a mark or a 16-bit number of a staff member that needs more than 16 b
     }
 }
 
-TEST_CASE("a branch without staff is a good read of no rows")
+TEST_CASE("a branch without staff is a successful read of no rows")
 {
     StaffFixture staff;
     CHECK(staff.readGrid() == iGood);
@@ -273,7 +273,7 @@ TEST_CASE("a second read replaces the staff")
     CHECK(staff->clsSTAFF(0).nIDNo == 3);
 }
 
-TEST_CASE("a name with a single quote comes back as the failed opening of its statement")
+TEST_CASE("a name with a single quote is a failed opening of its statement")
 {
     StaffFixture staff;
     staff.answer({{{"nIDNo", whole(1)}}});
@@ -284,11 +284,11 @@ TEST_CASE("a name with a single quote comes back as the failed opening of its st
     CHECK(staff->iDataReadGrid(&condition) == iBad);
     CHECK(staff->sErrMsg() == "(-2147217900)'Neil' 付近に不適切な構文があります。\rSQL="
                               "  select      STAFF.cAdress1 as cAdress1     ,STAFF.cAdress2 as cAdress2     ,ST・・・");
-    // A read that did not open leaves the rows of the last one.
+    // A read that did not open keeps the rows of the last one.
     CHECK(staff->nデータ数() == 1);
 }
 
-TEST_CASE("a connection lost in the row loop keeps the staff that were complete")
+TEST_CASE("a connection lost in the row loop keeps the staff read completely before")
 {
     StaffFixture staff;
     FakeResult result =
@@ -301,7 +301,7 @@ TEST_CASE("a connection lost in the row loop keeps the staff that were complete"
     CHECK(staff->clsSTAFF(1).nIDNo == 2);
 }
 
-TEST_CASE("a column that the result lacks ends the read at the first row")
+TEST_CASE("a column missing in the result ends the read at the first row")
 {
     StaffFixture staff;
     staff.database.results.push_back(rowsOf({"cAdress1"}, {{{"cAdress1", "高松市"}}}));

@@ -1,4 +1,4 @@
-// Which properties of a staff member each read fills.
+// The properties of a staff member that each read fills.
 
 #include "master/staff_table.h"
 #include "master/table_fixture.h"
@@ -75,7 +75,7 @@ const Marks kMarks[] = {
     {"cKyotenName", &cD_STAFF::cKyotenName, false, false, true},
 };
 
-/// A value that no other column has: the column's name, or a number by its place.
+/// A value unique to the column: its name, or a number from its position.
 Variant valueOf(std::size_t place)
 {
     if (std::holds_alternative<std::string cD_STAFF::*>(kMarks[place].property)) return kMarks[place].column;
@@ -94,7 +94,7 @@ std::string textOf(const cD_STAFF &row, const Property &property)
         property);
 }
 
-/// A staff member whose columns all have a value of their own.
+/// A staff member whose columns all have different values.
 FakeResult everyColumn()
 {
     FakeResult result;

@@ -9,7 +9,7 @@ namespace {
 
 using StaffFixture = TableFixture<cT_STAFF>;
 
-// The list of a single read as it is sent: the grid's, and thirteen names behind it.
+// The list of a single read as sent: that of the grid followed by thirteen names.
 const std::string kReadList =
     kStaffGridList + "     ,STAFF.cKaiNo2     ,STAFF.cKaiNo3     ,STAFF.cNameRyaku     ,STAFF.cRken     ,STAFF.cRno"
                      "     ,STAFF.iShikakuKubun     ,STAFF.iSyokushuKubun     ,STAFF.iYaku     ,STAFF.tKousinDay"
@@ -30,7 +30,7 @@ constexpr const char *kSetClause =
     "     ,iContractType =  13     ,nLat =  34340000     ,nLon =  134040000     ,cIninTourokuNo = '委1'"
     "     ,iIninTourokuChk =  14     ,iKanriSekininFlg =  15";
 
-/// A row with a value in each column but for five dates and the three texts that an insert writes as Null.
+/// A row with a value in each column except five dates and the three texts that an insert writes as Null.
 cD_STAFF yamada()
 {
     cD_STAFF row;
@@ -86,7 +86,7 @@ cD_STAFF yamada()
 
 } // namespace
 
-TEST_CASE("one staff member is read by number and branch, and where numbers span the branches by number and name")
+TEST_CASE("one staff member is read by number and branch, or by number and name if numbers span the branches")
 {
     struct Row {
         const char *claim;
@@ -114,7 +114,7 @@ TEST_CASE("one staff member is read by number and branch, and where numbers span
     }
 }
 
-TEST_CASE("one staff member's read asks for any number, a fresh row's -1 too")
+TEST_CASE("the read of one staff member accepts any number, even a fresh row's -1")
 {
     StaffFixture staff;
     const cD_STAFF fresh;
@@ -124,7 +124,7 @@ TEST_CASE("one staff member's read asks for any number, a fresh row's -1 too")
                                     " and iKyotenEb = 2  order by      nIDNo"});
 }
 
-TEST_CASE("the check of a number reads all of that number in this branch, whatever the mode and the name")
+TEST_CASE("the check of a number reads all with that number in this branch, whatever the mode and the name")
 {
     for (const std::int32_t mode : {0, 1}) {
         CAPTURE(mode);
@@ -140,7 +140,7 @@ TEST_CASE("the check of a number reads all of that number in this branch, whatev
     }
 }
 
-TEST_CASE("a name is counted over the whole table, but for the number that asks")
+TEST_CASE("a name is counted over the whole table, except for the given number")
 {
     StaffFixture staff;
     staff.database.results.push_back(rowsOf({"Cnt"}, {{{"Cnt", std::int32_t{3}}}}));
@@ -149,7 +149,7 @@ TEST_CASE("a name is counted over the whole table, but for the number that asks"
                                     "        cName = '山田 太郎' "});
 }
 
-TEST_CASE("the highest number of a branch is asked for by the branch")
+TEST_CASE("the highest number of a branch is queried by the branch")
 {
     StaffFixture staff;
     staff.database.results.push_back(rowsOf({"nIDNo"}, {{{"nIDNo", std::int32_t{1020045}}}}));
@@ -160,7 +160,7 @@ TEST_CASE("the highest number of a branch is asked for by the branch")
                                     "  where iKyotenCd = 1  and iKyotenEb = 2"});
 }
 
-TEST_CASE("where numbers span the branches the highest one begins with the branch")
+TEST_CASE("if numbers span the branches, the highest one begins with the branch")
 {
     struct Row {
         const char *claim;
@@ -191,7 +191,7 @@ TEST_CASE("where numbers span the branches the highest one begins with the branc
     }
 }
 
-TEST_CASE("a branch without staff begins at 0, and where numbers span the branches at its own four zeros")
+TEST_CASE("a branch without staff starts at 0, or at its own four zeros if numbers span the branches")
 {
     struct Row {
         const char *claim;
@@ -218,7 +218,7 @@ TEST_CASE("a branch without staff begins at 0, and where numbers span the branch
     }
 }
 
-TEST_CASE("a highest number of 1 is no missing one: it is kept and not replaced by the branch's first number")
+TEST_CASE("a highest number of 1 is a number: it is kept and not replaced by the branch's first number")
 {
     StaffFixture staff;
     staff.app.iKyotenIdMode = 1;
@@ -228,7 +228,7 @@ TEST_CASE("a highest number of 1 is no missing one: it is kept and not replaced 
     CHECK(nMaxNo == 1);
 }
 
-TEST_CASE("a branch code that makes a first number beyond 32 bits overflows and leaves the caller's number")
+TEST_CASE("a branch code whose first number exceeds 32 bits overflows and keeps the caller's number")
 {
     StaffFixture staff;
     staff.app.iKyotenIdMode = 1;
@@ -264,7 +264,7 @@ TEST_CASE("an insert of a staff member writes all columns in their order, by thi
               "     ,14     ,15 ) "});
 }
 
-TEST_CASE("an update of a staff member sets all columns but the branch, empty vehicle texts in quotes")
+TEST_CASE("an update of a staff member sets all columns except the branch, empty vehicle texts in quotes")
 {
     StaffFixture staff;
     const cD_STAFF row = yamada();
@@ -273,7 +273,7 @@ TEST_CASE("an update of a staff member sets all columns but the branch, empty ve
                                     " where    nIDNo = 12 and iKyotenCd = 1 and iKyotenEb = 2"});
 }
 
-TEST_CASE("where numbers span the branches an update goes by the number alone")
+TEST_CASE("if numbers span the branches, an update finds its row by the number only")
 {
     for (const std::int32_t mode : {1, 2}) {
         CAPTURE(mode);
@@ -299,7 +299,7 @@ TEST_CASE("each of the six dates of a staff member is written as Null when it is
     }
 }
 
-TEST_CASE("each of the six dates of a staff member is written in quotes when it is there")
+TEST_CASE("each of the six dates of a staff member is written in quotes when it is set")
 {
     StaffFixture staff;
     cD_STAFF row;
@@ -317,7 +317,7 @@ TEST_CASE("each of the six dates of a staff member is written in quotes when it 
           std::string::npos);
 }
 
-TEST_CASE("vehicle texts and employee number that are there are written in quotes by an insert too")
+TEST_CASE("vehicle texts and employee number that are not empty are written in quotes by an insert too")
 {
     StaffFixture staff;
     cD_STAFF row;

@@ -95,7 +95,7 @@ TEST_CASE("a fresh staff member has empty texts")
         CHECK(text->empty());
 }
 
-TEST_CASE("the read of one staff member fills what the grid leaves out")
+TEST_CASE("the read of one staff member fills the properties that the grid omits")
 {
     StaffFixture staff;
     staff.database.results.push_back(rowsOf(kColumns, {{{"nIDNo", std::int32_t{12}},
@@ -133,7 +133,7 @@ TEST_CASE("the read of one staff member fills what the grid leaves out")
     CHECK(row.tUpDateTime == "2024/05/01 12:00:00");
 }
 
-TEST_CASE("a single read of nothing but NULL turns every -1 of the fresh row into 0")
+TEST_CASE("a single read of only NULLs turns every -1 of the fresh row into 0")
 {
     StaffFixture staff;
     staff.database.results.push_back(rowsOf(kColumns, {{}}));
@@ -146,7 +146,7 @@ TEST_CASE("a single read of nothing but NULL turns every -1 of the fresh row int
     CHECK(row.tUpDateTime.empty());
 }
 
-TEST_CASE("a free name counts 0")
+TEST_CASE("an unused name counts 0")
 {
     StaffFixture staff;
     staff.database.results.push_back(rowsOf({"Cnt"}, {{{"Cnt", std::int32_t{0}}}}));
@@ -170,7 +170,7 @@ TEST_CASE("a name with a single quote cannot be counted and fails with the sessi
                               "      STAFF  WHERE nIDNo != 1 AND        ・・・");
 }
 
-TEST_CASE("a highest number that cannot be asked for leaves the caller's number")
+TEST_CASE("a failed query of the highest number keeps the caller's number")
 {
     StaffFixture staff;
     staff.database.results.push_back(failure(-2147467259, "切れました。"));
@@ -180,7 +180,7 @@ TEST_CASE("a highest number that cannot be asked for leaves the caller's number"
     CHECK(staff->sErrMsg().starts_with("(-2147467259)切れました。\rSQL="));
 }
 
-TEST_CASE("reads and checks of staff without a condition row fail alike")
+TEST_CASE("reads and checks of staff without a condition row fail in the same way")
 {
     using Read = std::int16_t (cT_STAFF::*)(const cD_STAFF *);
     for (const Read read : {&cT_STAFF::iDataReadGrid, &cT_STAFF::iDataRead, &cT_STAFF::iDataIdentChk,

@@ -5,7 +5,7 @@
 
 namespace inin {
 
-/// The select list of the staff grid as it is sent, name by name.
+/// The select list of the staff grid as sent, name by name.
 inline const std::string kStaffGridList =
     "      STAFF.cAdress1 as cAdress1     ,STAFF.cAdress2 as cAdress2     ,STAFF.cFaxNo as cFaxNo"
     "     ,STAFF.cKaiNo as cKaiNo     ,STAFF.cMobNo as cMobNo     ,STAFF.cName as cName"
@@ -19,7 +19,7 @@ inline const std::string kStaffGridList =
     "     ,STAFF.iStaffHokenTouroku     ,STAFF.cShikaiNo     ,STAFF.cShikaiNo_Josei     ,STAFF.iContractType"
     "     ,STAFF.nLat     ,STAFF.nLon     ,STAFF.cIninTourokuNo     ,STAFF.iIninTourokuChk     ,STAFF.iKanriSekininFlg";
 
-/// What a result of the staff grid has.
+/// The columns of a result of the staff grid.
 inline const std::vector<std::string> kStaffGridColumns = {"cAdress1",
                                                            "cAdress2",
                                                            "cFaxNo",

@@ -9,7 +9,7 @@
 
 using namespace inin;
 
-// The contract on a table of its own, with the rules that the tables of the suite do not all use.
+// The contract on a table of its own, with rules that not every table of the suite uses.
 
 namespace {
 
@@ -67,7 +67,7 @@ template <class Table> void answer(TableFixture<Table> &fixture, const std::vect
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, rows));
 }
 
-/// Counts the record sets that were opened and not asked to close.
+/// Counts the record sets that were opened but never closed.
 class CountingDatabase : public SpoiledDatabase {
 public:
     using SpoiledDatabase::SpoiledDatabase;
@@ -122,7 +122,7 @@ struct CountingFixture : FakeWorld {
 
 } // namespace
 
-TEST_CASE("a row outside the last read is the runtime's subscript error and leaves the words alone")
+TEST_CASE("a row outside the last read is the runtime's subscript error and keeps the error text")
 {
     TableFixture<SampleTable> sample;
     answer(sample, {{}, {}});
@@ -134,7 +134,7 @@ TEST_CASE("a row outside the last read is the runtime's subscript error and leav
     CHECK(sample->sErrMsg().empty());
 }
 
-TEST_CASE("a new session drops the rows")
+TEST_CASE("a new session clears the rows")
 {
     TableFixture<SampleTable> sample;
     answer(sample, {{}});
@@ -143,7 +143,7 @@ TEST_CASE("a new session drops the rows")
     CHECK(sample->count() == 0);
 }
 
-TEST_CASE("a read before the session is given runs into the runtime's error")
+TEST_CASE("a read before a session is set is the runtime's error 91")
 {
     FakeWorld world;
     SampleTable table{world.app};
@@ -151,7 +151,7 @@ TEST_CASE("a read before the session is given runs into the runtime's error")
     CHECK(table.sErrMsg() == "91\r\nオブジェクト変数または With ブロック変数が設定されていません。");
 }
 
-TEST_CASE("an opening that fails leaves the rows of the last read")
+TEST_CASE("a failed opening keeps the rows of the last read")
 {
     TableFixture<SampleTable> sample;
     answer(sample, {{}});
@@ -162,7 +162,7 @@ TEST_CASE("an opening that fails leaves the rows of the last read")
     CHECK(sample->count() == 1);
 }
 
-TEST_CASE("an error at the very first row leaves no rows of the last read")
+TEST_CASE("an error at the very first row keeps no rows of the last read")
 {
     TableFixture<SampleTable> sample;
     answer(sample, {{}, {}});
@@ -172,7 +172,7 @@ TEST_CASE("an error at the very first row leaves no rows of the last read")
     CHECK(sample->count() == 0);
 }
 
-TEST_CASE("of several columns that do not convert the first in the list is told")
+TEST_CASE("of several columns that do not convert, the first in the list is reported")
 {
     TableFixture<SampleTable> sample;
     answer(sample, {{{"nIDNo", 3000000000.0}, {"iRate", "語"}}});
@@ -180,7 +180,7 @@ TEST_CASE("of several columns that do not convert the first in the list is told"
     CHECK(sample->sErrMsg() == "6\r\nオーバーフローしました。");
 }
 
-TEST_CASE("numbers round to the even neighbour and pass blanks")
+TEST_CASE("numbers round to even and ignore blanks")
 {
     TableFixture<SampleTable> sample;
     answer(sample, {{{"nIDNo", 2.5}, {"iRate", " 3.5 "}}});
@@ -189,7 +189,7 @@ TEST_CASE("numbers round to the even neighbour and pass blanks")
     CHECK(sample->row(0).iRate == 4);
 }
 
-TEST_CASE("a column that no result has is missed at the first row, not in an empty result")
+TEST_CASE("a column missing in every result is an error at the first row, not in an empty result")
 {
     TableFixture<SampleTable> sample;
     sample.database.results.push_back(rowsOf({"other"}, {}));
@@ -199,7 +199,7 @@ TEST_CASE("a column that no result has is missed at the first row, not in an emp
     CHECK(sample->sErrMsg() == "3265\r\n要求された名前、または序数に対応する項目がコレクションで見つかりません。");
 }
 
-TEST_CASE("a forgiving table reads as 0 what is no number of 32 bits")
+TEST_CASE("a tolerant table reads anything that is not a 32-bit number as 0")
 {
     TableFixture<ForgivingTable> sample;
     answer(sample, {{{"nIDNo", "語"}}, {{"nIDNo", 3000000000.0}}, {{"nIDNo", " 12 "}}});
@@ -209,7 +209,7 @@ TEST_CASE("a forgiving table reads as 0 what is no number of 32 bits")
     CHECK(sample->row(2).nIDNo == 12);
 }
 
-TEST_CASE("a read closes its record set, whatever became of it")
+TEST_CASE("a read closes its record set in every case")
 {
     CountingFixture fixture;
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}}));
@@ -254,7 +254,7 @@ TEST_CASE("an aggregate without its row is the runtime's error")
     CHECK(result == 7);
 }
 
-TEST_CASE("a branch that a statement is composed for need not be that of the installation")
+TEST_CASE("the branch of a statement can differ from that of the installation")
 {
     SampleRow row;
     row.nIDNo = 3;
@@ -266,7 +266,7 @@ TEST_CASE("a branch that a statement is composed for need not be that of the ins
           "     ,iPrintType )values(       '0'     ,3     ,'a.wfd'     ,4     ,GetDate()     ,1 ) ");
 }
 
-TEST_CASE("an update begins with the first column that it sets, and keys stay as they are")
+TEST_CASE("an update begins with the first column that it sets, and keys are unchanged")
 {
     SampleRow row;
     row.nIDNo = 3;
@@ -275,7 +275,7 @@ TEST_CASE("an update begins with the first column that it sets, and keys stay as
           " update      SAMPLE set       cFileName = 'a.wfd'     ,iRate =  0     ,tUpDateTime = GetDate()");
 }
 
-TEST_CASE("a condition opens with where and goes on with and")
+TEST_CASE("a condition starts with where and continues with and")
 {
     Condition condition;
     CHECK(condition.text().empty());

@@ -31,10 +31,10 @@ template <class Table> struct TableFixture : FakeWorld {
     Table table{app};
 };
 
-/// A row as a test states it: the columns that matter to it.
+/// A row as given by a test: only the relevant columns.
 using GivenRow = std::vector<std::pair<std::string_view, Variant>>;
 
-/// A result with these columns, NULL wherever a row does not say otherwise.
+/// A result with these columns, NULL unless a row has a value.
 inline FakeResult rowsOf(const std::vector<std::string> &columns, const std::vector<GivenRow> &rows)
 {
     FakeResult result;
@@ -51,7 +51,7 @@ inline FakeResult rowsOf(const std::vector<std::string> &columns, const std::vec
     return result;
 }
 
-/// An answer that fails with these words.
+/// A result that fails with this error.
 inline FakeResult failure(std::int32_t number, const std::string &description)
 {
     FakeResult result;

@@ -9,8 +9,8 @@
 
 using namespace inin;
 
-// What the writes of all tables share: the transaction frame, the failures and their words. Each case runs over the
-// insert, the update and the delete of each table.
+// The behaviour common to the writes of all tables: the transaction, the failures and their texts. Each case runs for
+// the insert, the update and the delete of each table.
 
 namespace {
 
@@ -28,14 +28,14 @@ using Shinseisyo = Kind<cT_SHINSEISYO, cD_SHINSEISYO>;
 template <class K> struct WriteFixture : TableFixture<typename K::Table> {
     std::int16_t run(typename K::Write write, Transaction flag) { return (this->table.*write)(&row, 0, flag); }
     [[nodiscard]] const std::string &words() const { return this->table.sErrMsg(); }
-    /// The log with statements cut down to their kind.
+    /// The log with statements reduced to their kind.
     [[nodiscard]] Log steps() const
     {
         Log steps;
         for (const std::string &line : this->database.log) steps.push_back(line.substr(0, line.find(' ')));
         return steps;
     }
-    /// The statement that was sent, the whole of it.
+    /// The complete statement as sent.
     [[nodiscard]] std::string statement() const
     {
         for (const std::string &line : this->database.log)
@@ -70,8 +70,7 @@ TEST_CASE_TEMPLATE("a write with the flag begins and commits around its statemen
     }
 }
 
-TEST_CASE_TEMPLATE("a write leaves the transaction to the caller when the flag is left out", K, Hoken, Staff, Corp,
-                   Shinseisyo)
+TEST_CASE_TEMPLATE("without the flag a write leaves the transaction to the caller", K, Hoken, Staff, Corp, Shinseisyo)
 {
     WriteFixture<K> fixture;
     CHECK(fixture->iDataInsert(&fixture.row, 0) == iGood);
@@ -80,7 +79,7 @@ TEST_CASE_TEMPLATE("a write leaves the transaction to the caller when the flag i
     CHECK(fixture.steps() == Log{"exec", "exec", "exec"});
 }
 
-TEST_CASE_TEMPLATE("the options of a write change nothing", K, Hoken, Staff, Corp, Shinseisyo)
+TEST_CASE_TEMPLATE("the options of a write have no effect", K, Hoken, Staff, Corp, Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> plain, other;
@@ -110,13 +109,12 @@ TEST_CASE_TEMPLATE("a failed execution gives the session's text with the whole s
         fixture.database.executions.push_back(failure(-2147217900, kSyntax));
         CHECK(fixture.run(write, Transaction::ofTheCaller) == iBad);
         CHECK(fixture.words() == "ERR:iExecSQL (-2147217900)構文が正しくありません。\rSQL=" + fixture.statement());
-        // The caller owns the transaction: its rollback too.
+        // The caller owns the transaction and its rollback.
         CHECK(fixture.steps() == Log{"exec"});
     }
 }
 
-TEST_CASE_TEMPLATE("a failed execution rolls back the transaction that was begun here", K, Hoken, Staff, Corp,
-                   Shinseisyo)
+TEST_CASE_TEMPLATE("a failed execution rolls back the write's own transaction", K, Hoken, Staff, Corp, Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -138,8 +136,8 @@ TEST_CASE_TEMPLATE("a failed commit gives the session's text and rolls back", K,
     }
 }
 
-TEST_CASE_TEMPLATE("the words of a failed write are not those of a rollback that fails as well", K, Hoken, Staff, Corp,
-                   Shinseisyo)
+TEST_CASE_TEMPLATE("the error text of a failed write is not replaced by that of a failing rollback", K, Hoken, Staff,
+                   Corp, Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         WriteFixture<K> fixture;
@@ -150,7 +148,8 @@ TEST_CASE_TEMPLATE("the words of a failed write are not those of a rollback that
     }
 }
 
-TEST_CASE_TEMPLATE("words of a failure stay through a later good write", K, Hoken, Staff, Corp, Shinseisyo)
+TEST_CASE_TEMPLATE("the error text of a failure is kept after a later successful write", K, Hoken, Staff, Corp,
+                   Shinseisyo)
 {
     WriteFixture<K> fixture;
     fixture.database.commitError = -2147467259;
@@ -160,7 +159,7 @@ TEST_CASE_TEMPLATE("words of a failure stay through a later good write", K, Hoke
     CHECK(fixture.words() == "ERR:CommitTrans (-2147467259)トランザクションの失敗。");
 }
 
-TEST_CASE_TEMPLATE("a write without a row fails with the table's words and sends nothing", K, Hoken, Staff, Corp,
+TEST_CASE_TEMPLATE("a write without a row fails with the table's text and sends nothing", K, Hoken, Staff, Corp,
                    Shinseisyo)
 {
     for (const auto write : K::kWrites) {
@@ -171,8 +170,7 @@ TEST_CASE_TEMPLATE("a write without a row fails with the table's words and sends
     }
 }
 
-TEST_CASE_TEMPLATE("a write before the session is given runs into the runtime's error", K, Hoken, Staff, Corp,
-                   Shinseisyo)
+TEST_CASE_TEMPLATE("a write before a session is set is the runtime's error 91", K, Hoken, Staff, Corp, Shinseisyo)
 {
     for (const auto write : K::kWrites) {
         FakeWorld world;
@@ -204,7 +202,7 @@ TEST_CASE_TEMPLATE("a delete needs no computer name", K, Staff, Corp, Shinseisyo
     CHECK(fixture->iData削除(&fixture.row, 0, Transaction::own) == iGood);
 }
 
-TEST_CASE_TEMPLATE("a row that is missing counts before a computer without a name", K, Staff, Corp, Shinseisyo)
+TEST_CASE_TEMPLATE("a missing row is reported before a computer without a name", K, Staff, Corp, Shinseisyo)
 {
     WriteFixture<K> fixture;
     fixture.processes.name = std::string(250, 'x');
@@ -212,7 +210,7 @@ TEST_CASE_TEMPLATE("a row that is missing counts before a computer without a nam
     CHECK(fixture.words().ends_with("が無効です。"));
 }
 
-TEST_CASE_TEMPLATE("the computer's name fits into 250 bytes with its NUL and ends at the first one", K, Staff, Corp,
+TEST_CASE_TEMPLATE("the computer's name must fit into 250 bytes with its NUL and ends at the first one", K, Staff, Corp,
                    Shinseisyo)
 {
     WriteFixture<K> fixture;
@@ -230,7 +228,7 @@ TEST_CASE_TEMPLATE("the computer's name fits into 250 bytes with its NUL and end
     CHECK(name == "PC1");
 }
 
-TEST_CASE("each table names itself when a row is missing")
+TEST_CASE("each table names itself in the error about a missing row")
 {
     WriteFixture<Hoken> hoken;
     CHECK(hoken->iDataInsert(nullptr, 0) == iBad);

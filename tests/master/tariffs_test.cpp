@@ -62,7 +62,7 @@ TEST_CASE("the fees of a month are read by one statement on a session of their o
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("each pair of class and code sets its fee and no other")
+TEST_CASE("each pair of class and code sets only its own fee")
 {
     struct Row {
         int kubun;
@@ -87,7 +87,7 @@ TEST_CASE("each pair of class and code sets its fee and no other")
     }
 }
 
-TEST_CASE("rows of other classes and codes are skipped without a word")
+TEST_CASE("rows of other classes and codes are skipped without a message")
 {
     FeeFixture world;
     world.answer({{3, 1, 111}, {1, 5, 222}, {2, 11, 333}, {0, 0, 444}, {1, 1, 340}});
@@ -108,7 +108,7 @@ TEST_CASE("class, code and fee may be texts, and fractions are rounded half to e
     CHECK(world.fees.n電気光線() == 150);
 }
 
-TEST_CASE("the row of the later start wins, and fees without a row stay from the month before")
+TEST_CASE("the row with the later start applies, and fees without a row keep the value of the previous month")
 {
     FeeFixture world;
     world.answer({{1, 1, 300}, {1, 2, 700}, {1, 1, 350}});
@@ -120,7 +120,7 @@ TEST_CASE("the row of the later start wins, and fees without a row stay from the
     CHECK(world.fees.n変形徒手() == 770);
 }
 
-TEST_CASE("a month without fees is told by two boxes before the session goes, and the fees stay")
+TEST_CASE("a month without fees shows two boxes before the session ends, and the fees are unchanged")
 {
     FeeFixture world;
     world.answer({});
@@ -133,7 +133,7 @@ TEST_CASE("a month without fees is told by two boxes before the session goes, an
     CHECK(world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("what fails before the fees come is told under the operation's name")
+TEST_CASE("a failure before the fees is reported under the operation's name")
 {
     SUBCASE("the settings file")
     {
@@ -161,7 +161,7 @@ TEST_CASE("what fails before the fees come is told under the operation's name")
     }
 }
 
-TEST_CASE("a refused statement is told with the session's words, then the session is closed")
+TEST_CASE("a refused statement is reported with the session's error text, then the session is closed")
 {
     FeeFixture world;
     world.database.results.push_back(failure(-2147217865, "表がありません。"));
@@ -173,7 +173,7 @@ TEST_CASE("a refused statement is told with the session's words, then the sessio
     CHECK(world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("a session whose statement is refused is closed before it goes, after the box")
+TEST_CASE("a session with a refused statement is closed after the box and before it is destroyed")
 {
     FakeWorld world;
     world.database.results.push_back(failure(-2147217865, "表がありません。"));
@@ -186,7 +186,7 @@ TEST_CASE("a session whose statement is refused is closed before it goes, after 
     CHECK(world.database.log == Log{"connect 1", "sql 1 SELECT 1", "disconnect 1"});
 }
 
-TEST_CASE("a NULL in a fee's row ends the reading with the row's class and code as far as they were read")
+TEST_CASE("a NULL in a fee's row ends the read with the row's class and code as far as they were read")
 {
     struct Row {
         std::vector<Variant> values;
@@ -208,7 +208,7 @@ TEST_CASE("a NULL in a fee's row ends the reading with the row's class and code 
     }
 }
 
-TEST_CASE("a class beyond 16 bits and a fee beyond 32 bits end the reading")
+TEST_CASE("a class beyond 16 bits and a fee beyond 32 bits end the read")
 {
     FeeFixture world;
     world.answer({{40000, 1, 340}});
@@ -218,7 +218,7 @@ TEST_CASE("a class beyond 16 bits and a fee beyond 32 bits end the reading")
     CHECK(world.boxes.shown == Boxes{readError("0", "0"), readError("1", "1")});
 }
 
-TEST_CASE("a text counts as the number that it begins with, 0 without one, and the later fees are read")
+TEST_CASE("a text counts as its leading number, or 0 without one, and the later fees are read")
 {
     FeeFixture world;
     world.answer(
@@ -232,7 +232,7 @@ TEST_CASE("a text counts as the number that it begins with, 0 without one, and t
     CHECK(world.fees.n鍼灸1術() == 1550);
 }
 
-TEST_CASE("an unreadable text sets its fee to 0, also after an earlier period")
+TEST_CASE("an unreadable text sets its fee to 0, even after an earlier period")
 {
     FeeFixture world;
     world.answer({{1, 1, 300}, {1, 1, "無料"}});
@@ -240,7 +240,7 @@ TEST_CASE("an unreadable text sets its fee to 0, also after an earlier period")
     CHECK(world.fees.nマッサージ() == 0);
 }
 
-TEST_CASE("a connection that is lost on the way ends the reading and the fees read so far stay")
+TEST_CASE("a connection lost between the rows ends the read and keeps the fees already read")
 {
     FeeFixture world;
     world.answer({{1, 1, 340}, {1, 2, 700}});
@@ -250,7 +250,7 @@ TEST_CASE("a connection that is lost on the way ends the reading and the fees re
     CHECK(world.fees.nマッサージ() == 340);
 }
 
-TEST_CASE("a record set that cannot be made ends in the same box after the session was closed")
+TEST_CASE("a record set that cannot be created ends in the same box after the session was closed")
 {
     SpoiledWorld world;
     world.faulty.faults.creation = 429;
@@ -262,7 +262,7 @@ TEST_CASE("a record set that cannot be made ends in the same box after the sessi
     CHECK(logAtBox == Log{"connect 1", "disconnect 1"});
 }
 
-TEST_CASE("a run-time error before there is a session ends in the same box alone")
+TEST_CASE("a run-time error before the session exists ends in the same box only")
 {
     struct NoFolder : FakeFiles {
         std::string applicationFolder() override { throw RuntimeError(error_number::deviceIo); }
@@ -277,7 +277,7 @@ TEST_CASE("a run-time error before there is a session ends in the same box alone
     CHECK(world.database.log.empty());
 }
 
-TEST_CASE("a period holds its first and its last month whole")
+TEST_CASE("a period includes its first and its last month completely")
 {
     FeeTable world;
     world.add("2018/10/15", "2019/09/01", 1, 1, "340");
@@ -294,7 +294,7 @@ TEST_CASE("a period holds its first and its last month whole")
     }
 }
 
-TEST_CASE("of two periods in the database that hold the month the later start counts")
+TEST_CASE("of two periods in the database that include the month the one with the later start applies")
 {
     FeeTable world;
     world.add("2019/04/01", "9999/12/31", 1, 1, "350");
@@ -315,7 +315,7 @@ TEST_CASE("a period text of five digits compares as text and finds no fees here"
     CHECK(world.boxes.shown == Boxes{{"単価データがありません。", Icon::information, ""}, readError("0", "0")});
 }
 
-TEST_CASE("a quote in the period text breaks the statement and is told")
+TEST_CASE("a quote in the period text breaks the statement and is reported")
 {
     FeeTable world;
     CHECK(world.fees.iGetTanka("2019'4") == 0);

@@ -48,7 +48,7 @@ TEST_CASE("the bands of a month are read by one statement on a session of their 
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a distance has the charge of the first band whose limit it does not pass")
+TEST_CASE("a distance has the charge of the first band whose limit it does not exceed")
 {
     struct Row {
         std::int32_t nLen;
@@ -58,7 +58,7 @@ TEST_CASE("a distance has the charge of the first band whose limit it does not p
     };
     for (const Row &given : {Row{0, 0, 0, 0}, Row{1, 0, 1800, 1}, Row{2000, 0, 1800, 2000}, Row{2001, 0, 2300, 2001},
                              Row{4000, 0, 2300, 4000}, Row{9000, 0, 2300, 4000}, Row{-5, 0, 1800, -5},
-                             // mode 1 goes without the last band, every other mode with it
+                             // mode 1 excludes the last band, every other mode includes it
                              Row{1500, 1, 1800, 1500}, Row{3000, 1, 1800, 3000}, Row{9000, 1, 1800, 4000},
                              Row{3000, 2, 2300, 3000}, Row{3000, -1, 2300, 3000}, Row{0, 1, 0, 0}}) {
         CAPTURE(given.nLen);
@@ -71,7 +71,7 @@ TEST_CASE("a distance has the charge of the first band whose limit it does not p
     }
 }
 
-TEST_CASE("the bands are handed out by their index, and outside them is a subscript error")
+TEST_CASE("the bands are returned by index, and an index outside is a subscript error")
 {
     ChargeFixture world({{1800, 2000}, {40000, 4000}});
     CHECK(world.charges.i往療区分数() == 2);
@@ -92,7 +92,7 @@ TEST_CASE("mode 1 with a single band has no band before it: a box and 0")
     CHECK(world.boxes.shown == Boxes{kChargeError});
 }
 
-TEST_CASE("a charge beyond 16 bits ends in the box and 0")
+TEST_CASE("a charge beyond 16 bits shows the box and gives 0")
 {
     ChargeFixture world({{32767, 1000}, {32768, 2000}});
     std::int32_t fits = 1000, tooGreat = 1001;
@@ -102,7 +102,7 @@ TEST_CASE("a charge beyond 16 bits ends in the box and 0")
     CHECK(world.boxes.shown == Boxes{kChargeError});
 }
 
-TEST_CASE("a month without bands is no failure, but a distance then is")
+TEST_CASE("a month without bands is no failure, but a query by distance then is")
 {
     ChargeFixture world({{1800, 2000}});
     world.load({});
@@ -120,7 +120,7 @@ TEST_CASE("a month without bands is no failure, but a distance then is")
     CHECK(world.boxes.shown == Boxes{kChargeError});
 }
 
-TEST_CASE("a distance before the bands were read ends in the box")
+TEST_CASE("a distance before the bands are read shows the box")
 {
     FakeWorld world;
     cls往療費 charges(world.app);
@@ -131,7 +131,7 @@ TEST_CASE("a distance before the bands were read ends in the box")
     CHECK_THROWS_AS((void)charges.n往療単価(0), RuntimeError);
 }
 
-TEST_CASE("bands that do not rise are walked as they stand, and the last one caps the distance")
+TEST_CASE("bands that do not ascend are searched in their order, and the last one limits the distance")
 {
     ChargeFixture world({{1800, 4000}, {2300, 2000}});
     std::int32_t nLen = 3000;
@@ -139,14 +139,14 @@ TEST_CASE("bands that do not rise are walked as they stand, and the last one cap
     CHECK(nLen == 2000);
 }
 
-TEST_CASE("of bands with one limit the first one counts")
+TEST_CASE("of bands with the same limit the first one applies")
 {
     ChargeFixture world({{1800, 2000}, {2300, 2000}});
     std::int32_t nLen = 2000;
     CHECK(world.charges.iGetOuryohi(nLen, 0) == 1800);
 }
 
-TEST_CASE("bands are read anew: those of the month before are gone")
+TEST_CASE("bands are read anew: those of the previous month are gone")
 {
     ChargeFixture world({{1800, 2000}, {2300, 4000}});
     world.load({{900, 1000}});
@@ -165,13 +165,13 @@ TEST_CASE("a NULL among the bands closes the session and shows the box without c
         CHECK(world.charges.iGetOuryohiAll("201904") == 0);
         CHECK(world.boxes.shown == Boxes{kReadError});
         CHECK(logAtBox.back() == "disconnect 2");
-        // The count is taken over at the end only.
+        // The count is set only at the end.
         CHECK(world.charges.i往療区分数() == 0);
         CHECK(world.charges.n往療単価(0) == 1800);
     }
 }
 
-TEST_CASE("what fails before the bands come is told under the operation's name and leaves the old bands")
+TEST_CASE("a failure before the bands is reported under the operation's name and keeps the old bands")
 {
     ChargeFixture world({{1800, 2000}});
     world.database.results.push_back(failure(-2147217865, "表がありません。"));
@@ -194,7 +194,7 @@ TEST_CASE("what fails before the bands come is told under the operation's name a
     CHECK(world.charges.n往療単価(0) == 1800);
 }
 
-TEST_CASE("the database gives the bands of the month in order of their limits")
+TEST_CASE("the database returns the bands of the month in order of their limits")
 {
     EmbeddedWorld world;
     world.run("INSERT INTO 往療費区分 VALUES ('2018/10/01','2019/09/30',2300,4000),"
@@ -208,7 +208,7 @@ TEST_CASE("the database gives the bands of the month in order of their limits")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("a period text of five digits compares as text: 20194 stands behind 201910")
+TEST_CASE("a period text of five digits compares as text: 20194 is greater than 201910")
 {
     EmbeddedWorld world;
     world.run("INSERT INTO 往療費区分 VALUES ('2018/10/01','2019/09/30',1800,2000),"

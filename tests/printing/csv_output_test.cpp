@@ -18,7 +18,7 @@ const std::string kTitleLine =
     "\"会社電話番号\",\"金融機関名\",\"口座番号\",\"口座名義\",\"最終施術日\",\"保険者地区名\",\"保険種別\","
     "\"世帯主名\",\"世帯主電話\",\"世帯主住所\",\"金融機関名２\",\"署名日\"\r\n";
 
-/// A screen with letters to write, each with its patient's name.
+/// A screen with letters to write; each entry is a patient's name.
 struct CsvFixture : PrintFixture {
     void letters(const std::vector<std::string> &names)
     {
@@ -31,7 +31,7 @@ struct CsvFixture : PrintFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(CsvFixture, "a letter is one line of twenty quoted fields behind the title line")
+TEST_CASE_FIXTURE(CsvFixture, "a letter is one line of twenty quoted fields after the title line")
 {
     form.aIninRow = {IninRow{"a1", "a2", "a3", "a4", "a5", "a6", "a7", "a8", "a9", "b1",
                              "b2", "b3", "b4", "b5", "b6", "b7", "b8", "b9", "c1", "c2"}};
@@ -54,7 +54,7 @@ TEST_CASE_FIXTURE(CsvFixture, "the title line is these bytes of code page 932")
     CHECK(title.size() == 245);
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a letter of empty fields has a full twenty quoted fields")
+TEST_CASE_FIXTURE(CsvFixture, "a letter of empty fields has all twenty quoted fields")
 {
     letters({""});
     form.saveCSVInin();
@@ -65,7 +65,7 @@ TEST_CASE_FIXTURE(CsvFixture, "a letter of empty fields has a full twenty quoted
             "\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n");
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a double quote and a comma inside a value are written as they stand")
+TEST_CASE_FIXTURE(CsvFixture, "a double quote and a comma inside a value are written unchanged")
 {
     letters({"高\"橋,"});
     form.saveCSVInin();
@@ -74,7 +74,7 @@ TEST_CASE_FIXTURE(CsvFixture, "a double quote and a comma inside a value are wri
 }
 
 TEST_CASE_FIXTURE(CsvFixture,
-                  "names of the extended set reach the file, a character outside it becomes a question mark")
+                  "characters of the extended set are written, a character outside it becomes a question mark")
 {
     letters({"髙﨑𠮷"});
     form.saveCSVInin();
@@ -82,7 +82,7 @@ TEST_CASE_FIXTURE(CsvFixture,
     CHECK(world.files.bytes(kCsv).find("\"\xFB\xFC\xFA\xB1?\"") != std::string::npos);
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "letters stand in the order of their array, and only those that count")
+TEST_CASE_FIXTURE(CsvFixture, "letters are written in the order of their array, up to the row count")
 {
     letters({"一", "二", "三"});
     form.iRowCount = 2;
@@ -94,7 +94,7 @@ TEST_CASE_FIXTURE(CsvFixture, "letters stand in the order of their array, and on
     CHECK(std::ranges::count(text, '\n') == 3);
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a new run replaces the file of the run before")
+TEST_CASE_FIXTURE(CsvFixture, "a new run replaces the file of the previous run")
 {
     letters({"一", "二", "三"});
     form.saveCSVInin();
@@ -118,7 +118,7 @@ TEST_CASE_FIXTURE(CsvFixture, "without an earlier file nothing is deleted")
     CHECK(std::ranges::find(world.files.log, std::string("remove ") + kCsv) == world.files.log.end());
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "the file lies in the folder that the setting names, blanks included")
+TEST_CASE_FIXTURE(CsvFixture, "the file is in the folder of the setting, blanks included")
 {
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_TMP=\\WORK \n");
     world.files.makeFolder("C:\\SUITE\\WORK ");
@@ -128,7 +128,7 @@ TEST_CASE_FIXTURE(CsvFixture, "the file lies in the folder that the setting name
     CHECK(world.files.has("C:\\SUITE\\WORK \\委任状.csv"));
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a missing folder setting warns, and the file lies in the application folder")
+TEST_CASE_FIXTURE(CsvFixture, "a missing folder setting warns, and the file is in the application folder")
 {
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_SYS=\\SYS\n");
     letters({"一"});
@@ -138,7 +138,7 @@ TEST_CASE_FIXTURE(CsvFixture, "a missing folder setting warns, and the file lies
     CHECK(world.files.has("C:\\SUITE\\委任状.csv"));
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a file that the form tool holds is not replaced, and the error goes to the caller")
+TEST_CASE_FIXTURE(CsvFixture, "a file that the form tool keeps open is not replaced, and the error goes to the caller")
 {
     letters({"一"});
     form.saveCSVInin();
@@ -149,7 +149,7 @@ TEST_CASE_FIXTURE(CsvFixture, "a file that the form tool holds is not replaced, 
     CHECK(csv().find("一") != std::string::npos);
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a refused opening goes to the caller with the old file gone")
+TEST_CASE_FIXTURE(CsvFixture, "an error of the opening goes to the caller, and the old file is already deleted")
 {
     letters({"一"});
     form.saveCSVInin();
@@ -167,7 +167,7 @@ TEST_CASE_FIXTURE(CsvFixture, "a missing temporary folder is error 76")
     CHECK(errorOf([&] { form.saveCSVInin(); }) == 76);
 }
 
-TEST_CASE("a disk that fills up leaves the file as far as it was written")
+TEST_CASE("a full disk leaves the part of the file already written")
 {
     struct Row {
         int failingWrite;
@@ -185,7 +185,7 @@ TEST_CASE("a disk that fills up leaves the file as far as it was written")
     }
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a failure of the last bytes, which the closing writes, goes to the caller")
+TEST_CASE_FIXTURE(CsvFixture, "an error of the last bytes, written by the closing, goes to the caller")
 {
     letters({"一"});
     world.files.failingClose = 1;
@@ -193,7 +193,7 @@ TEST_CASE_FIXTURE(CsvFixture, "a failure of the last bytes, which the closing wr
     CHECK(errorOf([&] { form.saveCSVInin(); }) == 61);
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a count beyond the rows that are left is error 9 behind the rows that are there")
+TEST_CASE_FIXTURE(CsvFixture, "a count beyond the remaining rows is error 9 after the existing rows are written")
 {
     letters({"一"});
     form.iRowCount = 2;
@@ -202,13 +202,13 @@ TEST_CASE_FIXTURE(CsvFixture, "a count beyond the rows that are left is error 9 
     CHECK(csv().find("一") != std::string::npos);
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a missing format file names no form and shows nothing")
+TEST_CASE_FIXTURE(CsvFixture, "a missing format file gives no form and shows nothing")
 {
     CHECK(csGetFormatFile(world.app, "委任状", "委任状") == "");
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("the format file's entry is cut and trimmed on the right alone")
+TEST_CASE("the entry of the format file is cut at the first NUL and trimmed on the right only")
 {
     struct Row {
         const char *text;
@@ -226,7 +226,7 @@ TEST_CASE("the format file's entry is cut and trimmed on the right alone")
     }
 }
 
-TEST_CASE_FIXTURE(CsvFixture, "a run-time error on the way to the format file shows a plain box and names no form")
+TEST_CASE_FIXTURE(CsvFixture, "a run-time error while reading the format file shows a plain box and gives no form")
 {
     world.files.openInputErrors["c:\\suite\\massage.ini"] = 71;
 

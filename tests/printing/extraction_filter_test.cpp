@@ -8,7 +8,7 @@ namespace inin {
 
 namespace {
 
-/// What stands behind the conditions that all extractions share.
+/// The part of the statement after the conditions common to all extractions.
 std::string tailOf(const ExtractionRule &rule, const ExtractionQuery &query)
 {
     const std::string sql = extractionSql(rule, query);
@@ -34,7 +34,7 @@ ExtractionQuery allFilters()
 
 } // namespace
 
-TEST_CASE("all filters of planned data by month stand behind the visits, main staff member included")
+TEST_CASE("all filters of planned data by month follow the visits, main staff member included")
 {
     CHECK(tailOf(kKanjaDataMonth, allFilters()) ==
           " AND s1.iKyotenCd = 12 AND s1.iKyotenEb = 34 AND s1.nIDRiyoushaNo = RIYOUSHA.nIDNo "
@@ -43,7 +43,7 @@ TEST_CASE("all filters of planned data by month stand behind the visits, main st
           " AND RIYOUSHA.nIDNo = 501 AND RIYOUSHA.nTantou = 8 AND RIYOUSHA.iHoken = 2 ORDER BY RIYOUSHA.nTantou");
 }
 
-TEST_CASE("all filters of actual data by month name the main staff member")
+TEST_CASE("all filters of actual data by month use the main staff member")
 {
     CHECK(tailOf(kKanjaDataMonth_Jisseki, allFilters()) ==
           " AND j1.iKyotenCd = 12 AND j1.iKyotenEb = 34 AND j1.nRiyoushaIDNo = RIYOUSHA.nIDNo "
@@ -54,7 +54,7 @@ TEST_CASE("all filters of actual data by month name the main staff member")
           " AND RIYOUSHA.nIDNo = 501 AND RIYOUSHA.nTantou = 8 AND RIYOUSHA.iHoken = 2 ORDER BY RIYOUSHA.nTantou");
 }
 
-TEST_CASE("all filters of planned data by day name the staff member of the visit")
+TEST_CASE("all filters of planned data by day use the staff member of the visit")
 {
     CHECK(tailOf(kKanjaDataDay, allFilters()) ==
           " AND SCHEDULE.iKyotenCd = 12 AND SCHEDULE.iKyotenEb = 34 AND SCHEDULE.nIDRiyoushaNo = RIYOUSHA.nIDNo "
@@ -63,7 +63,7 @@ TEST_CASE("all filters of planned data by day name the staff member of the visit
           " ORDER BY SCHEDULE.nIDStaffNo");
 }
 
-TEST_CASE("all filters of actual data by day name the staff member of the visit")
+TEST_CASE("all filters of actual data by day use the staff member of the visit")
 {
     CHECK(tailOf(kKanjaDataDay_Jisseki, allFilters()) ==
           " AND JISSEKI.iKyotenCd = 12 AND JISSEKI.iKyotenEb = 34 AND JISSEKI.nRiyoushaIDNo = RIYOUSHA.nIDNo "
@@ -72,7 +72,7 @@ TEST_CASE("all filters of actual data by day name the staff member of the visit"
           " ORDER BY JISSEKI.nStaffIDNo");
 }
 
-TEST_CASE("all filters without a period leave ended patients out all the same")
+TEST_CASE("all filters without a period still leave out ended patients")
 {
     CHECK(tailOf(kKanjaDataNoPeriod, allFilters()) ==
           " AND RIYOUSHA.tExpireDay IS NULL  "
@@ -92,7 +92,7 @@ TEST_CASE("a patient, staff member or insurance of 0 or below adds no condition"
     }
 }
 
-TEST_CASE("each filter stands alone as well")
+TEST_CASE("each filter works without the others")
 {
     struct Row {
         std::int32_t nKanjaNo, nStaffNo;
@@ -113,7 +113,7 @@ TEST_CASE("each filter stands alone as well")
     }
 }
 
-TEST_CASE("only planned data by month looks at the check box of ended patients")
+TEST_CASE("only planned data by month reads the check box of ended patients")
 {
     struct Row {
         const ExtractionRule *rule;
@@ -127,7 +127,7 @@ TEST_CASE("only planned data by month looks at the check box of ended patients")
         const std::string unticked = extractionSql(*row.rule, query);
         query.iExpireKind = 1;
         const std::string ticked = extractionSql(*row.rule, query);
-        query.iExpireKind = 2; // any value but 0 counts as ticked
+        query.iExpireKind = 2; // any value except 0 counts as ticked
         CHECK(extractionSql(*row.rule, query) == ticked);
 
         CAPTURE(row.rule->procedure);
@@ -137,7 +137,7 @@ TEST_CASE("only planned data by month looks at the check box of ended patients")
     }
 }
 
-TEST_CASE("only the report kind 1 without a period takes a single row")
+TEST_CASE("only report kind 1 without a period selects a single row")
 {
     struct Row {
         const ExtractionRule *rule;

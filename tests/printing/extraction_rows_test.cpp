@@ -6,7 +6,7 @@
 
 namespace inin {
 
-TEST_CASE_FIXTURE(PrintFixture, "a letter of planned data by month holds all twenty texts")
+TEST_CASE_FIXTURE(PrintFixture, "a letter of planned data by month has all twenty texts")
 {
     answer(patients({{}}));
     REQUIRE(form.iGetKanjaDataMonth() == 0);
@@ -33,7 +33,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a letter of planned data by month holds all twe
                                                                 "2024/05/01"}});
 }
 
-TEST_CASE("a NULL in any column gives the text that stands for nothing")
+TEST_CASE("a NULL in any column gives the text for an empty value")
 {
     struct Row {
         const char *column;
@@ -72,7 +72,7 @@ TEST_CASE("a NULL in any column gives the text that stands for nothing")
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a patient whose company row is missing keeps the letter with empty company texts")
+TEST_CASE_FIXTURE(PrintFixture, "a patient whose company row is missing has a letter with empty company texts")
 {
     answer(patients({{{"CorpName", Null{}},
                       {"CorpAdd", Null{}},
@@ -95,7 +95,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a patient whose company row is missing keeps th
     CHECK(letter.口座番号 == " ");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "texts keep their blanks on both sides")
+TEST_CASE_FIXTURE(PrintFixture, "texts keep the blanks on both sides")
 {
     answer(patients({{{"RiyouName", "  花子  "}}}));
     REQUIRE(form.iGetKanjaDataMonth() == 0);
@@ -103,7 +103,7 @@ TEST_CASE_FIXTURE(PrintFixture, "texts keep their blanks on both sides")
     CHECK(form.aIninRow.at(0).利用者氏名 == "  花子  ");
 }
 
-TEST_CASE("a number column that holds no number counts as 0")
+TEST_CASE("a non-numeric value in a number column counts as 0")
 {
     struct Row {
         const char *column;
@@ -116,7 +116,7 @@ TEST_CASE("a number column that holds no number counts as 0")
              Row{"iKinSiten", "", &IninRow::金融機関名, "みどり金庫  中央"},
              Row{"iKozaType", "普通", &IninRow::口座番号, " 1234567"},
              Row{"iKozaType", 2147483648.0, &IninRow::口座番号, " 1234567"},
-             // A 32-bit number, unlike the two kinds beside it: 40000 is an unknown type, no overflow.
+             // A 32-bit number, unlike the two neighbouring kinds: 40000 is an unknown type, not an overflow.
              Row{"iKozaType", std::int32_t{40000}, &IninRow::口座番号, " 1234567"},
              Row{"iKozaType", 1.5, &IninRow::口座番号, "(当) 1234567"},
              Row{"iKozaType", 2.5, &IninRow::口座番号, "(当) 1234567"},
@@ -145,7 +145,7 @@ TEST_CASE("a kind beyond 16 bits ends the extraction with an overflow")
         }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a kind at the edge of 16 bits only has no word")
+TEST_CASE_FIXTURE(PrintFixture, "a kind at the limits of 16 bits has no word")
 {
     answer(patients({{{"iKinSyubetsu", std::int32_t{32767}}, {"iKinSiten", std::int32_t{-32768}}}}));
     REQUIRE(form.iGetKanjaDataMonth() == 0);
@@ -153,7 +153,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a kind at the edge of 16 bits only has no word"
     CHECK(form.aIninRow.at(0).金融機関名 == "みどり  中央");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a value that cannot be text ends the extraction with a type mismatch")
+TEST_CASE_FIXTURE(PrintFixture, "a value without a text form ends the extraction with a type mismatch")
 {
     answer(patients({{{"cSubAddress", Binary{std::byte{1}}}}}));
 
@@ -161,7 +161,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a value that cannot be text ends the extraction
     CHECK(onlyBox() == centralBox("13", "型が一致しません。", "iGetKanjaDataMonth"));
 }
 
-TEST_CASE("the last planned visit gives a date even when its digits form no day")
+TEST_CASE("the last planned visit gives a date even if its digits are not a valid day")
 {
     struct Row {
         const char *csTargetDate;
@@ -201,7 +201,7 @@ TEST_CASE("the last actual visit has a two-digit year")
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a day's letter carries the target date as it stands")
+TEST_CASE_FIXTURE(PrintFixture, "the letter of a day extraction has the target date unchanged")
 {
     form.csTargetDate = "2024/05/28";
     answer(patients({{}}));
@@ -211,7 +211,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a day's letter carries the target date as it st
     CHECK(form.aIninRow.at(0).最終施術日 == "2024/05/28");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a letter without a period carries the period's end as last treatment day")
+TEST_CASE_FIXTURE(PrintFixture, "a letter without a period has the period's end as last treatment day")
 {
     form.iDspPeriodKind = 2;
     answer(patients({{}}));
@@ -220,7 +220,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a letter without a period carries the period's 
     CHECK(form.aIninRow.at(0).最終施術日 == "2024/09/09");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "an entered period and an automatic signature sign on the period's first day")
+TEST_CASE_FIXTURE(PrintFixture, "an entered period with an automatic signature is signed on the period's first day")
 {
     form.iDspPeriodKind = 2;
     answer(patients({{}}));
@@ -231,7 +231,7 @@ TEST_CASE_FIXTURE(PrintFixture, "an entered period and an automatic signature si
     CHECK(form.aIninRow.at(0).署名日 == "2024/04/10");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "an entered signature date stands whatever the period")
+TEST_CASE_FIXTURE(PrintFixture, "an entered signature date is used whatever the period")
 {
     form.iSyomeiKind = 1;
     answer(patients({{}}));
@@ -262,7 +262,7 @@ TEST_CASE("only period kind 1 is the whole month, and only signature kind 0 is a
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a period whose end lies before its start is taken as it stands")
+TEST_CASE_FIXTURE(PrintFixture, "a period whose end is before its start is used unchanged")
 {
     form.iDspPeriodKind = 2;
     form.imSetDateTo.Value = DateSerial(2020, 1, 1);
@@ -273,7 +273,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a period whose end lies before its start is tak
     CHECK(form.aIninRow.at(0).対象終了日 == "2020/01/01");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the whole month of December ends on its 31st")
+TEST_CASE_FIXTURE(PrintFixture, "the whole month of December ends on the 31st")
 {
     form.csTargetDate = "2024/12/1";
     answer(patients({{}}));

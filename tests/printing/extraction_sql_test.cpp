@@ -2,7 +2,7 @@
 
 #include <doctest/doctest.h>
 
-// The whole statements, as the database receives them. The branch of the fixture is 1 with the sub-code 2.
+// The complete statements as sent to the database. The branch of the fixture is 1 with sub-code 2.
 
 namespace inin {
 
@@ -22,7 +22,7 @@ constexpr const char *kAgentColumns =
     "iKinSyubetsu,  "
     " (CASE WHEN RIYOUSHA_SUB.iDantaiUmu = 1 THEN DANTAICORP.iKinSiten ELSE CORP.iKinSiten END) as iKinSiten  ";
 
-/// A statement with agent data: its own head, from and end around what all five share.
+/// A statement with agent data: its own head, from clause and end around the part common to all five.
 std::string agentStatement(const std::string &head, const std::string &from, const std::string &end)
 {
     return head + kAgentColumns +
@@ -42,7 +42,7 @@ std::string agentStatement(const std::string &head, const std::string &from, con
 
 } // namespace
 
-TEST_CASE_FIXTURE(PrintFixture, "planned data of a month with head-office data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "planned data of a month with head-office data sends this statement")
 {
     REQUIRE(form.iGetKanjaDataMonth() == 0);
 
@@ -68,7 +68,7 @@ TEST_CASE_FIXTURE(PrintFixture, "planned data of a month with head-office data a
           " ORDER BY RIYOUSHA.nTantou");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "actual data of a month with head-office data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "actual data of a month with head-office data sends this statement")
 {
     REQUIRE(form.iGetKanjaDataMonth_Jisseki() == 0);
 
@@ -96,7 +96,7 @@ TEST_CASE_FIXTURE(PrintFixture, "actual data of a month with head-office data as
           " ORDER BY RIYOUSHA.nTantou");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "planned data of a day with head-office data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "planned data of a day with head-office data sends this statement")
 {
     form.csTargetDate = "2024/05/28";
     REQUIRE(form.iGetKanjaDataDay() == 0);
@@ -122,7 +122,7 @@ TEST_CASE_FIXTURE(PrintFixture, "planned data of a day with head-office data ask
           " ORDER BY SCHEDULE.nIDStaffNo");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "actual data of a day with head-office data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "actual data of a day with head-office data sends this statement")
 {
     form.csTargetDate = "2024/05/28";
     REQUIRE(form.iGetKanjaDataDay_Jisseki() == 0);
@@ -148,7 +148,7 @@ TEST_CASE_FIXTURE(PrintFixture, "actual data of a day with head-office data asks
           " ORDER BY JISSEKI.nStaffIDNo");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "no period with head-office data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "no period with head-office data sends this statement")
 {
     REQUIRE(form.iGetKanjaDataNoPeriod() == 0);
 
@@ -172,7 +172,7 @@ TEST_CASE_FIXTURE(PrintFixture, "no period with head-office data asks this state
           " ORDER BY RIYOUSHA.nTantou");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "planned data of a month with agent data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "planned data of a month with agent data sends this statement")
 {
     form.iTrustKind = 2;
     REQUIRE(form.iGetKanjaDataMonth() == 0);
@@ -189,7 +189,7 @@ TEST_CASE_FIXTURE(PrintFixture, "planned data of a month with agent data asks th
                        " ORDER BY RIYOUSHA.nTantou"));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "actual data of a month with agent data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "actual data of a month with agent data sends this statement")
 {
     form.iTrustKind = 2;
     REQUIRE(form.iGetKanjaDataMonth_Jisseki() == 0);
@@ -207,7 +207,7 @@ TEST_CASE_FIXTURE(PrintFixture, "actual data of a month with agent data asks thi
               " ORDER BY RIYOUSHA.nTantou"));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "planned data of a day with agent data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "planned data of a day with agent data sends this statement")
 {
     form.iTrustKind = 2;
     form.csTargetDate = "2024/05/28";
@@ -223,7 +223,7 @@ TEST_CASE_FIXTURE(PrintFixture, "planned data of a day with agent data asks this
               " ORDER BY SCHEDULE.nIDStaffNo"));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "actual data of a day with agent data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "actual data of a day with agent data sends this statement")
 {
     form.iTrustKind = 2;
     form.csTargetDate = "2024/05/28";
@@ -239,7 +239,7 @@ TEST_CASE_FIXTURE(PrintFixture, "actual data of a day with agent data asks this 
               " ORDER BY JISSEKI.nStaffIDNo"));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "no period with agent data asks this statement")
+TEST_CASE_FIXTURE(PrintFixture, "no period with agent data sends this statement")
 {
     form.iTrustKind = 2;
     REQUIRE(form.iGetKanjaDataNoPeriod() == 0);

@@ -8,7 +8,7 @@ namespace inin {
 
 namespace {
 
-/// The five extractions with what their failures are called.
+/// The five extractions with the names in their failures.
 struct Procedure {
     const char *name;
     std::int16_t (frmPrintInin::*run)();
@@ -22,7 +22,7 @@ const Procedure kProcedures[] = {
     {"iGetKanjaDataNoPeriod", &frmPrintInin::iGetKanjaDataNoPeriod, "iGetKanjaData でエラー"},
 };
 
-/// Day procedures ask the helpers: these answers keep every row of 28 May.
+/// Day procedures call the helpers: these answers keep every row of 28 May.
 void keepAllDays(PrintFixture &fixture)
 {
     fixture.form.csTargetDate = "2024/05/28";
@@ -30,7 +30,7 @@ void keepAllDays(PrintFixture &fixture)
                                             {"SELECT * FROM JISSEKI", visits("tServicyDayStart", {"2024/05/28"})}};
 }
 
-/// A form that a run before has left with three letters.
+/// A form with three letters of a previous run.
 void leaveRows(PrintFixture &fixture)
 {
     fixture.form.aIninRow.assign(3, IninRow{});
@@ -57,7 +57,7 @@ TEST_CASE("each extraction keeps its rows, counts them and disconnects")
     }
 }
 
-TEST_CASE("an extraction without rows is good, counts 0 and leaves one blank letter")
+TEST_CASE("an extraction without rows succeeds, counts 0 and leaves one blank letter")
 {
     for (const Procedure &procedure : kProcedures) {
         PrintFixture fixture;
@@ -72,7 +72,7 @@ TEST_CASE("an extraction without rows is good, counts 0 and leaves one blank let
     }
 }
 
-TEST_CASE("a missing adodb.ini fails each extraction with a box and leaves the rows of the last run")
+TEST_CASE("a missing adodb.ini fails each extraction with a box and keeps the rows of the last run")
 {
     for (const Procedure &procedure : kProcedures) {
         PrintFixture fixture;
@@ -102,7 +102,7 @@ TEST_CASE("an empty connection text fails each extraction with a box")
     }
 }
 
-TEST_CASE("a refused connection fails each extraction with the session's words")
+TEST_CASE("a refused connection fails each extraction with the session's error text")
 {
     for (const Procedure &procedure : kProcedures) {
         PrintFixture fixture;
@@ -159,7 +159,7 @@ TEST_CASE("a connection lost between rows shows the central box with the procedu
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the central box is answered before the session goes")
+TEST_CASE_FIXTURE(PrintFixture, "the central box is answered before the session is destroyed")
 {
     FakeResult lost = patients({{}});
     lost.failingMove = 1;
@@ -172,7 +172,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the central box is answered before the session 
     CHECK(world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a failing field leaves the fields before it in the last letter, and none behind it")
+TEST_CASE_FIXTURE(PrintFixture, "a failing field keeps the fields before it in the last letter, and none after it")
 {
     answer(patients({{{"RiyouName", "一"}}, {{"RiyouName", "二"}, {"iKinSyubetsu", std::int32_t{40000}}}}));
     REQUIRE(form.iGetKanjaDataMonth() == -1);
@@ -187,7 +187,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a failing field leaves the fields before it in 
     CHECK(form.iRowCount == 0);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a column that the result lacks is error 3265")
+TEST_CASE_FIXTURE(PrintFixture, "a column missing in the result is error 3265")
 {
     FakeResult lacking = patients({{}});
     lacking.columns.back() = "renamed";
@@ -198,7 +198,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a column that the result lacks is error 3265")
                               "見つかりません。）\r") != std::string::npos);
 }
 
-TEST_CASE("a condition that is no date shows the central box after the connect and before any statement")
+TEST_CASE("an invalid target date shows the central box after the connect and before any statement")
 {
     struct Row {
         const char *what;
@@ -245,7 +245,7 @@ TEST_CASE("a condition that is no date shows the central box after the connect a
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a bound beyond the calendar's last year is a run-time error of the extraction")
+TEST_CASE_FIXTURE(PrintFixture, "a bound after the calendar's last year is a run-time error of the extraction")
 {
     form.csTargetDate = "9999/12/1";
 
@@ -268,7 +268,7 @@ TEST_CASE_FIXTURE(PrintFixture, "row number 32,768 is kept and overflows the row
     CHECK(form.iRowCount == 3);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "32,767 rows are the most that an extraction counts")
+TEST_CASE_FIXTURE(PrintFixture, "32,767 rows are the maximum of an extraction")
 {
     FakeResult many;
     many.columns = patients({{}}).columns;
@@ -280,7 +280,7 @@ TEST_CASE_FIXTURE(PrintFixture, "32,767 rows are the most that an extraction cou
     CHECK(form.aIninRow.size() == 32767);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "an extraction replaces the rows of the one before")
+TEST_CASE_FIXTURE(PrintFixture, "an extraction replaces the rows of the previous one")
 {
     leaveRows(*this);
     answer(patients({{}}));
@@ -290,7 +290,7 @@ TEST_CASE_FIXTURE(PrintFixture, "an extraction replaces the rows of the one befo
     CHECK(form.iRowCount == 1);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a session that cannot be closed does not spoil the extraction")
+TEST_CASE_FIXTURE(PrintFixture, "a session that cannot be closed does not fail the extraction")
 {
     world.database.closeError = ado_error::unspecified;
     answer(patients({{}}));

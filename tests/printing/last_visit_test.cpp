@@ -17,7 +17,7 @@ FakeResult refused()
 }
 } // namespace
 
-TEST_CASE_FIXTURE(PrintFixture, "the last planned day is asked with this statement on a session of its own")
+TEST_CASE_FIXTURE(PrintFixture, "the last planned day is read by this statement on a session of its own")
 {
     answer(visits("nDate", {std::int32_t{20240528}}));
     CHECK(form.getLastScheduleDay(7, 2024, 5) == 28);
@@ -30,7 +30,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the last planned day is asked with this stateme
                                    "disconnect 1"});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the last actual day is asked with this statement on a session of its own")
+TEST_CASE_FIXTURE(PrintFixture, "the last actual day is read by this statement on a session of its own")
 {
     answer(visits("tServicyDayStart", {"2024/12/28 09:00:00"}));
     CHECK(form.getLastJissekieDay(7, 2024, 12) == 28);
@@ -65,7 +65,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the first row of several is the last visit")
     CHECK(form.getLastScheduleDay(7, 2024, 5) == 28);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the last actual day is read from a date value too")
+TEST_CASE_FIXTURE(PrintFixture, "the last actual day is also read from a date value")
 {
     answer(visits("tServicyDayStart", {DateSerial(2024, 2, 29)}));
 
@@ -80,7 +80,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a month without planned visits gives -1 after a
     CHECK(world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a month without actual visits gives -1 after the box of the planned ones")
+TEST_CASE_FIXTURE(PrintFixture, "a month without actual visits gives -1 after the box of the planned visits")
 {
     CHECK(form.getLastJissekieDay(7, 2024, 5) == -1);
 
@@ -96,7 +96,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the box of no visits is answered while the sess
     CHECK(atBox.starts_with("sql 1 SELECT * FROM SCHEDULE"));
 }
 
-TEST_CASE("a failure to connect or to ask shows a box under the helper's own name and gives -1")
+TEST_CASE("a failed connect or statement shows a box under the helper's own name and gives -1")
 {
     struct Row {
         const char *what;
@@ -155,7 +155,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a run-time error of the planned-day helper stay
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a patient whose last visit lies on another day gets no letter and no message")
+TEST_CASE_FIXTURE(PrintFixture, "a patient whose last visit is on another day gets no letter and no message")
 {
     form.csTargetDate = "2024/05/28";
     answer(patients({{{"nIDNo", std::int32_t{1}}}, {{"nIDNo", std::int32_t{2}}, {"RiyouName", "残る"}}}));
@@ -168,7 +168,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a patient whose last visit lies on another day 
     CHECK(form.aIninRow.at(0).利用者氏名 == "残る");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a row that drops out between two letters leaves no gap between them")
+TEST_CASE_FIXTURE(PrintFixture, "a row dropped between two letters leaves no gap between them")
 {
     form.csTargetDate = "2024/05/28";
     answer(patients({{{"nIDNo", std::int32_t{1}}, {"RiyouName", "甲"}},
@@ -187,7 +187,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a row that drops out between two letters leaves
     CHECK(form.aIninRow[1].利用者氏名 == "丙");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a day extraction asks for each row on a second session while the first stays open")
+TEST_CASE_FIXTURE(PrintFixture, "a day extraction queries each row on a second session while the first is open")
 {
     form.csTargetDate = "2024/05/28";
     answer(patients({{{"nIDNo", std::int32_t{1}}}, {{"nIDNo", std::int32_t{2}}}}));
@@ -201,7 +201,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a day extraction asks for each row on a second 
                                             "sql 3", "disconnect 3", "disconnect 1"});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a row without a patient number asks for patient 0")
+TEST_CASE_FIXTURE(PrintFixture, "a row without a patient number queries patient 0")
 {
     form.csTargetDate = "2024/05/28";
     answer(patients({{{"nIDNo", Null{}}}}));
@@ -211,7 +211,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a row without a patient number asks for patient
     CHECK(world.database.log.at(3).find(" AND nIDRiyoushaNo = 0 AND nDate ") != std::string::npos);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a helper without rows takes the row out after its box, and the extraction is good")
+TEST_CASE_FIXTURE(PrintFixture, "a helper without rows drops the row after its box, and the extraction succeeds")
 {
     form.csTargetDate = "2024/05/28";
     answer(patients({{}, {}}));
@@ -223,7 +223,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a helper without rows takes the row out after i
     CHECK(form.aIninRow == std::vector<IninRow>{IninRow{}});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a helper's run-time error takes the row out without a box")
+TEST_CASE_FIXTURE(PrintFixture, "a run-time error of the helper drops the row without a box")
 {
     form.csTargetDate = "2024/05/28";
     answer(patients({{}}));
@@ -235,7 +235,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a helper's run-time error takes the row out wit
     CHECK(form.csErrMsg == "getLastJissekieDay でエラー13\r\n型が一致しません。");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the day asked for counts by its number alone")
+TEST_CASE_FIXTURE(PrintFixture, "only the number of the requested day counts")
 {
     form.csTargetDate = "2024/05/31";
     answer(patients({{}}));

@@ -16,7 +16,7 @@ TargetDate target(const std::string &text)
 }
 } // namespace
 
-TEST_CASE("bounds of visits follow the target date")
+TEST_CASE("the bounds of the visits depend on the target date")
 {
     struct Row {
         const char *what;
@@ -47,7 +47,7 @@ TEST_CASE("bounds of visits follow the target date")
     }
 }
 
-TEST_CASE("dates in a statement follow the short-date setting, the first of the month does not")
+TEST_CASE("dates in a statement use the short-date setting, except the first of the month")
 {
     const Regional german{"dd.MM.yyyy"};
     const TargetDate day("2024/05/28", german);
@@ -67,7 +67,7 @@ TEST_CASE("the bounds of a planned month for the day helper begin at day 00")
     CHECK(bounds.upper == "20240599");
 }
 
-TEST_CASE("the bounds of an actual month for the day helper run over the year's end")
+TEST_CASE("the bounds of an actual month for the day helper continue into the next year")
 {
     const VisitBounds bounds = jissekiMonthByDates(2024, 12, kJapanese);
 
@@ -81,7 +81,7 @@ TEST_CASE("a year or month beyond 32 bits of the visit number is an overflow")
     CHECK(errorOf([] { return jissekiMonthByDates(2024, std::numeric_limits<std::int32_t>::max(), kJapanese); }) != 0);
 }
 
-TEST_CASE("the last day of the target month is known in every month")
+TEST_CASE("the last day of the target month is correct in every month")
 {
     struct Row {
         const char *target;

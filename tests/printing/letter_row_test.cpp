@@ -37,12 +37,12 @@ TEST_CASE("the bank line has two blanks between bank and office")
     CHECK(bankLine("みどり", 2, "中央", 1) == "みどり金庫  中央本店");
 }
 
-TEST_CASE("a bank line without names and kinds is the two blanks alone")
+TEST_CASE("a bank line without names and kinds is just the two blanks")
 {
     CHECK(bankLine("", 0, "", 0) == "  ");
 }
 
-TEST_CASE("the second bank line spells bank and branch whatever the kinds say")
+TEST_CASE("the second bank line contains 銀行 and 支店 whatever the kinds")
 {
     CHECK(secondBankLine("みどり金庫  中央本店", "みどり", "中央") == "みどり銀行  中央支店");
 }
@@ -91,7 +91,7 @@ TEST_CASE("a new letter is empty in all its twenty fields")
     for (const IninField field : kIninFields) CHECK((letter.*field).empty());
 }
 
-TEST_CASE("the field list names each field once, in the order of the columns")
+TEST_CASE("the field list contains each field once, in the order of the columns")
 {
     IninRow letter;
     std::set<const std::string *> places;

@@ -4,7 +4,7 @@
 
 namespace inin {
 
-TEST_CASE_FIXTURE(PrintFixture, "the target month is the first of it with a single digit")
+TEST_CASE_FIXTURE(PrintFixture, "the target month is its first day, with a single digit")
 {
     markScreen();
     form.imD_Out.Value = DateSerial(2024, 5, 17);
@@ -25,7 +25,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the last treatment day is written with two digi
     CHECK(form.csTargetDate == "2024/05/07");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "no period takes today without padding")
+TEST_CASE_FIXTURE(PrintFixture, "no period uses today's date without padding")
 {
     markScreen();
     form.optTgtDate(2).Value = true;
@@ -36,7 +36,7 @@ TEST_CASE_FIXTURE(PrintFixture, "no period takes today without padding")
     CHECK(form.csTargetDate == "2024/6/5");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "without a target option kind and date keep their values")
+TEST_CASE_FIXTURE(PrintFixture, "without a target option, kind and date keep their values")
 {
     form.iTgtDateKind = 2;
     form.csTargetDate = "2020/01/01";
@@ -46,7 +46,7 @@ TEST_CASE_FIXTURE(PrintFixture, "without a target option kind and date keep thei
     CHECK(form.csTargetDate == "2020/01/01");
 }
 
-TEST_CASE("the marks of a group give its kind")
+TEST_CASE("the selected option of a group gives its kind")
 {
     struct Row {
         const char *what;
@@ -86,7 +86,7 @@ TEST_CASE("the marks of a group give its kind")
     }
 }
 
-TEST_CASE("patient and staff numbers are -1 for an empty box, else the box's number")
+TEST_CASE("patient and staff numbers are -1 for an empty box, otherwise the box's number")
 {
     struct Row {
         Variant box;
@@ -104,7 +104,7 @@ TEST_CASE("patient and staff numbers are -1 for an empty box, else the box's num
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the list position of the insurance counts, not its entry's number")
+TEST_CASE_FIXTURE(PrintFixture, "the insurance condition is the position in the list, not the entry's number")
 {
     form.cmbHoken.ListIndex = std::int16_t{1};
     REQUIRE(form.iGetPrintCond() == 0);
@@ -113,7 +113,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the list position of the insurance counts, not 
     CHECK(form.iHokenIndex == 1);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a list of insurances that was never filled counts as -1")
+TEST_CASE_FIXTURE(PrintFixture, "an insurance list that was never filled gives -1")
 {
     form.cmbHoken.Clear();
     REQUIRE(form.iGetPrintCond() == 0);
@@ -121,7 +121,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a list of insurances that was never filled coun
     CHECK(form.iHokenIndex == -1);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the check box of ended patients is read though it is hidden")
+TEST_CASE_FIXTURE(PrintFixture, "the check box of ended patients is read although it is hidden")
 {
     form.chkExpireDay.Value = std::int16_t{1};
     REQUIRE(form.iGetPrintCond() == 0);
@@ -129,7 +129,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the check box of ended patients is read though 
     CHECK(form.iExpireKind == 1);
 }
 
-TEST_CASE("the day boxes are sorted and cut at the last day of the target month")
+TEST_CASE("the day boxes are sorted and limited to the last day of the target month")
 {
     struct Row {
         const char *csTargetDate;
@@ -164,7 +164,7 @@ TEST_CASE_FIXTURE(PrintFixture, "with the whole month the period days keep their
 }
 
 TEST_CASE_FIXTURE(PrintFixture,
-                  "an empty month box fails with a numbered box without icon, and fields read so far stay")
+                  "an empty month box fails with a numbered box without icon, and fields already read stay set")
 {
     markScreen();
     form.iTgtDateKind = 2;
@@ -178,7 +178,7 @@ TEST_CASE_FIXTURE(PrintFixture,
     CHECK(form.iObjectKind == 9);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "an empty day box fails likewise")
+TEST_CASE_FIXTURE(PrintFixture, "an empty day box fails in the same way")
 {
     form.optTgtDate(1).Value = true;
     form.imD_LastDay.Value = Null{};
@@ -187,13 +187,13 @@ TEST_CASE_FIXTURE(PrintFixture, "an empty day box fails likewise")
     CHECK(onlyBox() == ShownBox{"(94)Null の使い方が不正です。", Icon::none, ""});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a failure in the middle leaves the kinds before it read and the rest as it was")
+TEST_CASE_FIXTURE(PrintFixture, "a failure in the middle keeps the kinds read before it and leaves the rest unchanged")
 {
     form.csTargetDate = "";
     form.optObject(1).Value = true;
     form.optTrust(1).Value = true;
     form.optDspPeriod(1).Value = true;
-    // The clicks have set these kinds already: only what the reading itself sets may count here.
+    // The clicks have already set these kinds: change them, so that only the read itself can set them.
     form.iObjectKind = form.iTrustKind = form.iDspPeriodKind = 9;
     form.nKanjaNo = 77;
 
@@ -216,7 +216,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a number beyond 32 bits is an overflow, and the
     CHECK(form.nStaffNo == 77);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "controls that are disabled are read all the same")
+TEST_CASE_FIXTURE(PrintFixture, "disabled controls are read all the same")
 {
     markScreen();
     form.imNum_CD.Value = std::int32_t{501};

@@ -14,7 +14,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the form has its caption and its size in twips"
     CHECK(form.Height.get() == 11025);
 }
 
-TEST_CASE("each control stands in its frame with its caption, place in the tab order and visibility")
+TEST_CASE("each control has its frame, caption, position in the tab order and visibility")
 {
     struct Row {
         const char *name;
@@ -98,7 +98,7 @@ TEST_CASE("each control stands in its frame with its caption, place in the tab o
     CHECK(form.controls().size() == std::size(rows));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a container stands before what it holds")
+TEST_CASE_FIXTURE(PrintFixture, "a container precedes its contents")
 {
     const std::vector<Control *> &controls = form.controls();
     for (auto control = controls.begin(); control != controls.end(); ++control)
@@ -117,7 +117,7 @@ TEST_CASE_FIXTURE(PrintFixture, "date and number boxes show their formats")
     for (const NumberBox *box : {&form.inPeriodFrom, &form.inPeriodTo}) CHECK(box->Format == "####0");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the hidden day boxes hold 1 and are limited to the days of a month")
+TEST_CASE_FIXTURE(PrintFixture, "the hidden day boxes contain 1 and are limited to the days of a month")
 {
     for (const NumberBox *box : {&form.inPeriodFrom, &form.inPeriodTo}) {
         CHECK(box->Value.get() == Variant(std::int32_t{1}));
@@ -126,7 +126,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the hidden day boxes hold 1 and are limited to 
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "of all options only the entered signature date is marked at first")
+TEST_CASE_FIXTURE(PrintFixture, "only the option of the entered signature date is initially selected")
 {
     const frmPrintInin &fresh = form;
     CHECK(fresh.optPrint.marked() == -1);
@@ -137,7 +137,7 @@ TEST_CASE_FIXTURE(PrintFixture, "of all options only the entered signature date 
     CHECK(fresh.optSyomei.marked() == 1);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "colours are those of the design")
+TEST_CASE_FIXTURE(PrintFixture, "colours match the design")
 {
     for (const char *name : {"Frame3", "frmObject", "fraJisseki(1)", "Frame2", "Frame1", "Frame4", "Picture1"})
         CHECK(form.find(name)->BackColor.get() == 0x00F6F6F6);
@@ -149,7 +149,7 @@ TEST_CASE_FIXTURE(PrintFixture, "colours are those of the design")
     CHECK(form.cmbHoken.BackColor.get() == -1);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the commands tell what they do, and the escape key presses the last")
+TEST_CASE_FIXTURE(PrintFixture, "the commands have tool tips, and the escape key presses the last one")
 {
     CHECK(form.btnPrint(0).ToolTipText.get() == "実績一覧を印刷します。");
     CHECK(form.btnPrint(1).ToolTipText.get() == "印刷物のプレビューを表示します。");

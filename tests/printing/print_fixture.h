@@ -10,36 +10,35 @@
 
 namespace inin {
 
-/// The columns of one patient that differ from the ordinary one.
+/// The columns of one patient that differ from the default patient.
 using Changes = std::vector<std::pair<std::string, Variant>>;
 
-/// An extraction's answer: one ordinary patient for each entry, changed as it says.
+/// An extraction's result: one default patient for each entry, with these changes.
 [[nodiscard]] FakeResult patients(const std::vector<Changes> &changes);
-/// A day helper's answer: the patient's visits, the last one first.
+/// A day helper's result: the patient's visits, the last one first.
 [[nodiscard]] FakeResult visits(const std::string &column, const std::vector<Variant> &values);
 
-/// The conditions screen in a fake world. The condition fields say: target month May 2024, head office, whole month,
-/// automatic signature date, no filter. The branch
-/// has two staff members and two insurance kinds, and no head office.
+/// The conditions screen in a fake world. The condition fields are: target month May 2024, head office, whole month,
+/// automatic signature date, no filter. The branch has two staff members and two insurance kinds, and no head office.
 struct PrintFixture {
     PrintFixture();
     FakeWorld world;
     frmPrintInin form{world.app};
 
-    /// Marks the screen for planned data of May 2024, so that a run fills the condition fields alike.
+    /// Sets the screen to planned data of May 2024, so that a run sets the condition fields to the same values.
     void markScreen();
-    /// Each statement with this part gets this answer.
+    /// Each statement that contains this part gets this result.
     void answerTo(const char *statement, FakeResult result);
-    /// The next statement gets this answer.
+    /// The next statement gets this result.
     void answer(FakeResult result) { world.database.results.push_back(std::move(result)); }
-    /// The first statement of the run that was asked, without the log's own words.
+    /// The first statement of the run, without the prefix of the log.
     [[nodiscard]] std::string firstSql() const;
     [[nodiscard]] const ShownBox &onlyBox() const;
     /// Texts of all boxes.
     [[nodiscard]] std::vector<std::string> boxTexts() const;
 };
 
-/// The central box as the person sees it.
+/// The central box as shown to the operator.
 [[nodiscard]] ShownBox centralBox(const std::string &number, const std::string &description,
                                   const std::string &procedure);
 

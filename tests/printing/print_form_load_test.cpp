@@ -13,7 +13,7 @@ std::string textOf(const ListBox &list)
     return list.items().at(static_cast<std::size_t>(list.ListIndex.get())).text;
 }
 
-/// Each reading of the clock is one day later.
+/// Each read of the clock is one day later.
 struct RunningClock : Clock {
     std::int16_t day = 0;
     Date now() override { return DateSerial(2024, 1, 30 + day++); }
@@ -46,7 +46,7 @@ TEST_CASE("the load sets the dates of this month and today")
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a load over midnight at the month's end reads the day anew for each box")
+TEST_CASE_FIXTURE(PrintFixture, "a load across midnight at the month's end reads the day anew for each box")
 {
     RunningClock clock;
     const Platform platform{world.boxes,     world.windows, world.database, world.profile,   world.files,
@@ -63,7 +63,8 @@ TEST_CASE_FIXTURE(PrintFixture, "a load over midnight at the month's end reads t
     CHECK(screen.imSyomei.Value.get() == Variant(DateSerial(2024, 2, 1)));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the load preloads the company, reads the store, connects, fills staff, then insurance")
+TEST_CASE_FIXTURE(PrintFixture,
+                  "the load reads the company and the store, connects, fills the staff list, then the insurance list")
 {
     world.files.putText(kStore, "[委任状]\n対象データ=2\n");
     std::vector<std::string> &log = world.database.log;
@@ -86,7 +87,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the load preloads the company, reads the store,
     CHECK(form.isLoaded());
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the dates stand before the company is read")
+TEST_CASE_FIXTURE(PrintFixture, "the dates are set before the company is read")
 {
     Variant syomei;
     world.database.connectError = ado_error::logInRefused;
@@ -98,7 +99,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the dates stand before the company is read")
     CHECK(syomei == Variant(DateSerial(2024, 6, 1)));
 }
 
-TEST_CASE("a screen that opens shows these values")
+TEST_CASE("an opened screen shows these values")
 {
     PrintFixture fixture;
     fixture.world.files.putText(kStore, "[委任状]\n");
@@ -121,7 +122,8 @@ TEST_CASE("a screen that opens shows these values")
     CHECK(form.optSyomei.marked() == 1);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "without a store only the entered signature is marked, and a print waits for a date")
+TEST_CASE_FIXTURE(PrintFixture,
+                  "without a store only the entered signature is selected, and a print requires a date option")
 {
     form.load();
 
@@ -137,7 +139,7 @@ TEST_CASE_FIXTURE(PrintFixture, "without a store only the entered signature is m
     CHECK(world.boxes.shown[1].text == "該当する患者データがありません。");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a store that fails in the middle shows its box, and the load goes on")
+TEST_CASE_FIXTURE(PrintFixture, "a store that fails in the middle shows its box, and the load continues")
 {
     world.files.putText(kStore, "[委任状]\n受任者=99999\n");
     form.load();
@@ -147,7 +149,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a store that fails in the middle shows its box,
     CHECK(form.cmbHoken.ListCount() == 3);
 }
 
-TEST_CASE("a load that cannot connect shows one box each for company and screen, and the screen opens without lists")
+TEST_CASE("a load that cannot connect shows one box each for company and screen, and the screen opens with empty lists")
 {
     struct Row {
         const char *what;
@@ -185,7 +187,7 @@ TEST_CASE("a load that cannot connect shows one box each for company and screen,
     }
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "an empty staff table shows its words and hands back to the menu program")
+TEST_CASE_FIXTURE(PrintFixture, "an empty staff table shows its message and returns to the menu program")
 {
     answerTo(kStaffSql, staffMembers({}));
 
@@ -195,7 +197,8 @@ TEST_CASE_FIXTURE(PrintFixture, "an empty staff table shows its words and hands 
     CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a staff list that cannot be read shows the session's words and hands back")
+TEST_CASE_FIXTURE(PrintFixture,
+                  "a staff list that cannot be read shows the session's error text and returns to the menu program")
 {
     FakeResult refused;
     refused.error = ado_error::noSuchTable;
@@ -224,7 +227,7 @@ TEST_CASE_FIXTURE(PrintFixture, "insurance kinds that cannot be read show one bo
     CHECK(fresh.cbSejyutsu.ListCount() == 3);
 }
 
-TEST_CASE("a connection that fails for the insurance kinds is told twice, and the screen opens")
+TEST_CASE("a failed connection for the insurance kinds shows two boxes, and the screen opens")
 {
     struct Row {
         const char *what;
@@ -243,7 +246,7 @@ TEST_CASE("a connection that fails for the insurance kinds is told twice, and th
     for (const Row &row : rows) {
         PrintFixture fixture;
         frmPrintInin form(fixture.world.app);
-        // The connection goes away when the staff list is filled already.
+        // The connection is lost after the staff list is filled.
         form.cbSejyutsu.onClick = [&] { row.spoil(fixture.world); };
         CAPTURE(row.what);
         form.load();
@@ -267,7 +270,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the unload disconnects, starts the menu program
     CHECK(world.processes.ended);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a session that cannot be closed does not hold the unload up")
+TEST_CASE_FIXTURE(PrintFixture, "a session that cannot be closed does not stop the unload")
 {
     form.load();
     world.database.closeError = ado_error::unspecified;

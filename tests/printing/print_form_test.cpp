@@ -4,7 +4,7 @@
 
 namespace inin {
 
-TEST_CASE("every way out of the screen hands back to the menu program")
+TEST_CASE("every way to close the screen returns to the menu program")
 {
     struct Row {
         const char *what;
@@ -26,7 +26,7 @@ TEST_CASE("every way out of the screen hands back to the menu program")
     }
 }
 
-TEST_CASE("print and preview are reached by button, menu entry and function key")
+TEST_CASE("print and preview start by button, menu entry and function key")
 {
     struct Row {
         const char *what;
@@ -88,7 +88,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a new form has zeros and empty texts in its fie
     CHECK(fresh.rows().empty());
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the rows told are those that count and are there")
+TEST_CASE_FIXTURE(PrintFixture, "the letter texts are the rows that are counted and exist")
 {
     form.aIninRow.assign(2, IninRow{});
     form.aIninRow[0].対象開始日 = "始";

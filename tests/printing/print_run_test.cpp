@@ -13,7 +13,7 @@ namespace {
 constexpr const char *kCsv = "C:\\SUITE\\TMP\\委任状.csv";
 constexpr const char *kScript = "C:\\SUITE\\TMP\\WfdCom.dat";
 
-/// A screen that is ready to print, with its pointers and its store written down.
+/// A screen that is ready to print; records its pointers and its store.
 struct RunFixture : PrintFixture {
     std::vector<std::int16_t> pointers;
     RunFixture()
@@ -21,7 +21,7 @@ struct RunFixture : PrintFixture {
         markScreen();
         form.onMousePointer = [this](std::int16_t kind) { pointers.push_back(kind); };
     }
-    /// How often the store was written: each time it is first looked for.
+    /// The number of times the store was written: each write first searches for the file.
     [[nodiscard]] std::ptrdiff_t stored() const
     {
         return std::ranges::count(world.files.log, "search C:\\SUITE\\DATA\\印刷設定.ini");
@@ -50,7 +50,7 @@ TEST_CASE_FIXTURE(RunFixture, "a print writes letters and script, starts the too
     CHECK(pointers == Pointers{11, 0});
 }
 
-TEST_CASE("a preview differs from a print in the script's last line and the tool alone")
+TEST_CASE("a preview differs from a print only in the script's last line and in the tool")
 {
     RunFixture print, preview;
     print.answer(patients({{}}));
@@ -71,7 +71,7 @@ TEST_CASE("a preview differs from a print in the script's last line and the tool
     CHECK(preview.world.processes.started == std::vector<std::string>{"3 WrVb6Viewer.exe /c ./TMP\\WfdCom.dat"});
 }
 
-TEST_CASE("any mode but 0 prints")
+TEST_CASE("any mode except 0 prints")
 {
     for (const std::int16_t mode : std::initializer_list<std::int16_t>{-1, 2, 32767}) {
         RunFixture fixture;
@@ -84,7 +84,7 @@ TEST_CASE("any mode but 0 prints")
     }
 }
 
-TEST_CASE_FIXTURE(RunFixture, "the letter file of a run is these bytes")
+TEST_CASE_FIXTURE(RunFixture, "the CSV of a run is these bytes")
 {
     answer(patients({{{"RiyouName", "髙﨑 𠮷子"}, {"cTelNo", Null{}}}}));
     form.vRunPrint(0);
@@ -97,7 +97,7 @@ TEST_CASE_FIXTURE(RunFixture, "the letter file of a run is these bytes")
           "\"みどり銀行  中央支店\",\"2024/05/01\"\r\n");
 }
 
-TEST_CASE("object and target kinds pick the extraction, and no object wins over every target")
+TEST_CASE("object and target kinds choose the extraction, and the object kind none overrides every target")
 {
     struct Row {
         std::int16_t object, target;
@@ -118,7 +118,7 @@ TEST_CASE("object and target kinds pick the extraction, and no object wins over 
     }
 }
 
-TEST_CASE_FIXTURE(RunFixture, "no object with a target month still takes its date from the month box")
+TEST_CASE_FIXTURE(RunFixture, "no object with a target month still reads its date from the month box")
 {
     form.optObject(2).Value = true;
     answer(patients({{}}));
@@ -128,7 +128,7 @@ TEST_CASE_FIXTURE(RunFixture, "no object with a target month still takes its dat
     CHECK(form.aIninRow.at(0).対象終了日 == "2024/05/31");
 }
 
-TEST_CASE("planned or actual data without a period extracts nothing and answers that there is no patient")
+TEST_CASE("planned or actual data without a period runs no extraction and reports that there is no patient")
 {
     for (const std::int16_t object : std::initializer_list<std::int16_t>{0, 1}) {
         RunFixture fixture;
@@ -142,7 +142,7 @@ TEST_CASE("planned or actual data without a period extracts nothing and answers 
     }
 }
 
-TEST_CASE_FIXTURE(RunFixture, "the rows of the run before go out again when there is no extraction")
+TEST_CASE_FIXTURE(RunFixture, "the rows of the previous run are printed again if there is no extraction")
 {
     answer(patients({{{"RiyouName", "前回"}}}));
     form.vRunPrint(0);
@@ -159,7 +159,7 @@ TEST_CASE_FIXTURE(RunFixture, "the rows of the run before go out again when ther
     CHECK(stored() == 2);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "without a target date the run asks for one and touches nothing")
+TEST_CASE_FIXTURE(RunFixture, "without a target date the run requests one and changes nothing")
 {
     form.optTgtDate(0).Value = false;
     form.vRunPrint(1);
@@ -170,7 +170,7 @@ TEST_CASE_FIXTURE(RunFixture, "without a target date the run asks for one and to
     CHECK(stored() == 0);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "conditions that cannot be read end the run after two boxes")
+TEST_CASE_FIXTURE(RunFixture, "a failure to read the conditions ends the run after two boxes")
 {
     form.imD_Out.Value = Null{};
     form.vRunPrint(1);
@@ -182,7 +182,7 @@ TEST_CASE_FIXTURE(RunFixture, "conditions that cannot be read end the run after 
     CHECK(stored() == 0);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "a failed extraction ends the run after two boxes with the pointer set back twice")
+TEST_CASE_FIXTURE(RunFixture, "a failed extraction ends the run after two boxes and resets the pointer twice")
 {
     FakeResult lost = patients({{}});
     lost.failingMove = 1;
@@ -198,7 +198,7 @@ TEST_CASE_FIXTURE(RunFixture, "a failed extraction ends the run after two boxes 
     CHECK(stored() == 0);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "no rows end the run after a box, and the letter file of the run before stays")
+TEST_CASE_FIXTURE(RunFixture, "no rows end the run after a box, and the CSV of the previous run stays")
 {
     answer(patients({{}}));
     form.vRunPrint(0);
@@ -213,7 +213,7 @@ TEST_CASE_FIXTURE(RunFixture, "no rows end the run after a box, and the letter f
     CHECK(stored() == 1);
 }
 
-TEST_CASE("the report kind names the form document")
+TEST_CASE("the report kind selects the form document")
 {
     struct Row {
         std::int16_t report;
@@ -231,7 +231,7 @@ TEST_CASE("the report kind names the form document")
     }
 }
 
-TEST_CASE("a form document of the format file beats every report kind")
+TEST_CASE("a form document in the format file overrides every report kind")
 {
     for (const std::int16_t report : std::initializer_list<std::int16_t>{0, 1, 2}) {
         RunFixture fixture;
@@ -244,7 +244,7 @@ TEST_CASE("a form document of the format file beats every report kind")
     }
 }
 
-TEST_CASE_FIXTURE(RunFixture, "a form document of the format file leaves the single row of report kind 1 in place")
+TEST_CASE_FIXTURE(RunFixture, "a form document in the format file does not change the single row of report kind 1")
 {
     world.files.putText("C:\\SUITE\\DATA\\帳票Format.ini", "[委任状]\n委任状=特別.wfd\n");
     form.optPrint(1).Value = true;
@@ -254,9 +254,9 @@ TEST_CASE_FIXTURE(RunFixture, "a form document of the format file leaves the sin
     CHECK(firstSql().starts_with("SELECT TOP 1 HOKENJA.cName as HokenName, "));
 }
 
-TEST_CASE_FIXTURE(RunFixture, "a run whose format file cannot be asked goes on with the report kind's form")
+TEST_CASE_FIXTURE(RunFixture, "a run that cannot read the format file continues with the form of the report kind")
 {
-    // The warning about the missing key stands while the settings file is locked; the next box sets it free.
+    // The warning about the missing key is shown while the settings file is locked; the next box unlocks it.
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_SYS=\\SYS\nSYSTEM_DATA=\\DATA\n");
     world.boxes.onShow = [this](const ShownBox &box) {
         world.files.openInputErrors.clear();
@@ -273,9 +273,9 @@ TEST_CASE_FIXTURE(RunFixture, "a run whose format file cannot be asked goes on w
     CHECK(stored() == 1);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "an output that cannot be prepared shows its words in brackets, and settings are stored")
+TEST_CASE_FIXTURE(RunFixture, "a failed preparation of the output shows its text in brackets, and settings are stored")
 {
-    // The settings file cannot be read from the first box to the second: between the two readings of the last step.
+    // The settings file cannot be read from the first box to the second: between the two reads of the last step.
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_TMP=\\TMP\nSYSTEM_DATA=\\DATA\n");
     world.boxes.onShow = [this](const ShownBox &) {
         world.files.openInputErrors.clear();
@@ -295,7 +295,7 @@ TEST_CASE_FIXTURE(RunFixture, "an output that cannot be prepared shows its words
     CHECK(pointers == Pointers{11, 0});
 }
 
-TEST_CASE_FIXTURE(RunFixture, "a tool that cannot start goes unseen, and the run ends as a success")
+TEST_CASE_FIXTURE(RunFixture, "a tool that cannot start is not reported, and the run ends as a success")
 {
     world.processes.startError = 53;
     answer(patients({{}}));
@@ -308,7 +308,7 @@ TEST_CASE_FIXTURE(RunFixture, "a tool that cannot start goes unseen, and the run
     CHECK(pointers == Pointers{11, 0});
 }
 
-TEST_CASE("a file error while the letters are written leaves the run untrapped")
+TEST_CASE("a file error while the letters are written is not trapped by the run")
 {
     struct Row {
         const char *what;
@@ -340,7 +340,7 @@ TEST_CASE("a file error while the letters are written leaves the run untrapped")
 }
 
 TEST_CASE_FIXTURE(RunFixture,
-                  "a refused statement leaves fewer rows than the old count, so a later run fails at the file")
+                  "a refused statement leaves fewer rows than the old count, so that a later run fails in the CSV")
 {
     answer(patients({{}, {}, {}}));
     form.vRunPrint(0);
@@ -366,7 +366,7 @@ TEST_CASE_FIXTURE(RunFixture, "a run changes no control")
     CHECK(changes == 0);
 }
 
-TEST_CASE_FIXTURE(RunFixture, "filters of the screen reach the statement")
+TEST_CASE_FIXTURE(RunFixture, "the screen's filters are part of the statement")
 {
     form.imNum_CD.Value = std::int32_t{501};
     form.imNum_StaffNo.Value = std::int32_t{8};

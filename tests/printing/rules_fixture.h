@@ -10,12 +10,12 @@
 
 namespace inin {
 
-/// A screen in its design state: nothing is loaded, only the entered signature is marked, everything is enabled.
+/// A screen in its design state: nothing is loaded, only the entered signature is selected, everything is enabled.
 struct RulesFixture {
     FakeWorld world;
     frmPrintInin form{world.app};
 
-    /// A click by a person's hand.
+    /// A click by the operator.
     void click(const std::string &option)
     {
         auto *button = dynamic_cast<OptionButton *>(form.find(option));
@@ -34,7 +34,7 @@ struct RulesFixture {
     {
         for (Control *control : form.controls()) control->Enabled = false;
     }
-    /// Writes down each control that changes, in order.
+    /// Records each control that changes, in order.
     void watchInto(std::vector<std::string> &changed)
     {
         for (Control *control : form.controls())

@@ -25,7 +25,7 @@ struct TwoLetters : PrintFixture {
         markScreen();
         answer(patients({{}, {}}));
     }
-    /// Another program holds the lock for so many attempts.
+    /// Another program keeps the lock for this many attempts.
     void holdFor(int attempts)
     {
         world.files.put(kRun, "PrintInin run 1\nholder KEIRI 77\n");
@@ -42,7 +42,7 @@ struct TwoLetters : PrintFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(TwoLetters, "a run leaves the holder, the size of the CSV and the number of letters beside the CSV")
+TEST_CASE_FIXTURE(TwoLetters, "a run writes the holder, the size of the CSV and the number of letters to the run file")
 {
     form.vRunPrint(1);
 
@@ -51,7 +51,7 @@ TEST_CASE_FIXTURE(TwoLetters, "a run leaves the holder, the size of the CSV and 
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "a run that breaks off in the CSV leaves the holder alone and gives the lock back")
+TEST_CASE_FIXTURE(TwoLetters, "a run that fails in the CSV leaves only the holder and releases the lock")
 {
     world.files.put(kRun, "PrintInin run 1\nholder OLD 1\ncsv 1\nletters 1\n");
     world.files.failingWrite = 2;
@@ -62,7 +62,8 @@ TEST_CASE_FIXTURE(TwoLetters, "a run that breaks off in the CSV leaves the holde
     CHECK(std::ranges::count(world.files.log, std::string("unlock ") + kRun) == 1);
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "the lock spans the removal of the old CSV up to the start of the tool, not the store")
+TEST_CASE_FIXTURE(TwoLetters,
+                  "the lock extends from the removal of the old CSV to the start of the tool, without the store")
 {
     world.files.put(kCsv, "old");
     world.processes.onStart = [this] { world.files.log.emplace_back("start of the tool"); };
@@ -81,7 +82,8 @@ TEST_CASE_FIXTURE(TwoLetters, "the lock spans the removal of the old CSV up to t
     }
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "a run waits while another program has the lock, and asks nothing when it is soon over")
+TEST_CASE_FIXTURE(TwoLetters,
+                  "a run waits while another program has the lock, and shows nothing if it is soon released")
 {
     holdFor(5);
     form.vRunPrint(1);
@@ -92,7 +94,7 @@ TEST_CASE_FIXTURE(TwoLetters, "a run waits while another program has the lock, a
     CHECK(isPrinted());
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "after three seconds a run names the holder and tries again when the operator says so")
+TEST_CASE_FIXTURE(TwoLetters, "after three seconds a run shows the holder and tries again if the operator agrees")
 {
     holdFor(40);
     world.boxes.retries = 1;
@@ -105,7 +107,7 @@ TEST_CASE_FIXTURE(TwoLetters, "after three seconds a run names the holder and tr
     CHECK(isPrinted());
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "a run that the operator gives up writes, starts and stores nothing")
+TEST_CASE_FIXTURE(TwoLetters, "a run cancelled by the operator writes, starts and stores nothing")
 {
     std::vector<std::int16_t> pointers;
     form.onMousePointer = [&pointers](std::int16_t kind) { pointers.push_back(kind); };
@@ -122,7 +124,7 @@ TEST_CASE_FIXTURE(TwoLetters, "a run that the operator gives up writes, starts a
     CHECK(pointers == std::vector<std::int16_t>{11, 0});
 }
 
-TEST_CASE("a holder that is not to be read is named in general words")
+TEST_CASE("an unreadable holder is shown in general words")
 {
     for (const char *content : {"", "PrintInin run 1\n", "PrintInin run 1\nholder KEIRI 77", "holder KEIRI\n"}) {
         TwoLetters fixture;
@@ -134,7 +136,7 @@ TEST_CASE("a holder that is not to be read is named in general words")
     }
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "a run goes on where there is no lock")
+TEST_CASE_FIXTURE(TwoLetters, "a run continues without a lock")
 {
     world.files.lockState = [](const std::string &) { return State::unavailable; };
     form.vRunPrint(1);
@@ -144,7 +146,7 @@ TEST_CASE_FIXTURE(TwoLetters, "a run goes on where there is no lock")
     CHECK_FALSE(world.files.has(kRun));
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "a run goes on where nothing can be written into the locked file")
+TEST_CASE_FIXTURE(TwoLetters, "a run continues if nothing can be written to the locked file")
 {
     world.files.lockedWriteError = 61;
     form.vRunPrint(1);
@@ -154,7 +156,7 @@ TEST_CASE_FIXTURE(TwoLetters, "a run goes on where nothing can be written into t
     CHECK(std::ranges::count(world.files.log, std::string("unlock ") + kRun) == 1);
 }
 
-TEST_CASE_FIXTURE(TwoLetters, "a computer's name with a blank, and one that is not known, leave a holder to be read")
+TEST_CASE_FIXTURE(TwoLetters, "a holder is readable if the computer's name has a blank or is unknown")
 {
     world.processes.name = "受付 1";
     form.vRunPrint(1);

@@ -25,7 +25,7 @@ struct EmbeddedFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(EmbeddedFixture, "an empty database has no staff: the screen goes back to the menu program")
+TEST_CASE_FIXTURE(EmbeddedFixture, "an empty database has no staff: the screen returns to the menu program")
 {
     CHECK_THROWS_AS(form.load(), ProcessEnded);
     CHECK(boxes() ==
@@ -33,7 +33,7 @@ TEST_CASE_FIXTURE(EmbeddedFixture, "an empty database has no staff: the screen g
     CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
 }
 
-TEST_CASE_FIXTURE(EmbeddedFixture, "staff of another branch are no staff")
+TEST_CASE_FIXTURE(EmbeddedFixture, "staff of another branch do not count")
 {
     world.run("INSERT INTO STAFF (iKyotenCd, iKyotenEb, nIDNo, cName) VALUES (1, 1, 1, 'よその人')");
 
@@ -42,7 +42,7 @@ TEST_CASE_FIXTURE(EmbeddedFixture, "staff of another branch are no staff")
     CHECK(boxes()[0].text == "スタッフが存在しません。メイン画面に戻ります");
 }
 
-TEST_CASE_FIXTURE(EmbeddedFixture, "rows with NULL in every column but the keys open the screen with empty entries")
+TEST_CASE_FIXTURE(EmbeddedFixture, "rows with NULL in every column except the keys give empty entries")
 {
     world.run("INSERT INTO STAFF (iKyotenCd, iKyotenEb, nIDNo) VALUES (1, 2, 5)");
     world.run("INSERT INTO HOKEN DEFAULT VALUES");
@@ -55,7 +55,7 @@ TEST_CASE_FIXTURE(EmbeddedFixture, "rows with NULL in every column but the keys 
 }
 
 TEST_CASE_FIXTURE(EmbeddedFixture,
-                  "the staff list goes by number, without those who have stopped unless they are asked for")
+                  "the staff list is ordered by number and omits former staff unless they are included")
 {
     world.run("INSERT INTO STAFF (iKyotenCd, iKyotenEb, nIDNo, cName, iChusiFlg) VALUES"
               " (1, 2, 30, '三十', 0), (1, 2, 4, '四', NULL), (1, 2, 9, '九', 1), (1, 2, 100, '百', 2)");
@@ -66,7 +66,8 @@ TEST_CASE_FIXTURE(EmbeddedFixture,
     CHECK(itemsOf(form.cbSejyutsu) == Items{{"－ 指定なし －", -1}, {"四", 4}, {"九", 9}, {"三十", 30}, {"百", 100}});
 }
 
-TEST_CASE_FIXTURE(EmbeddedFixture, "the insurance list goes by kind over all branches, kinds beyond 16 bits whole")
+TEST_CASE_FIXTURE(EmbeddedFixture,
+                  "the insurance list is ordered by kind over all branches and keeps kinds beyond 16 bits")
 {
     world.run("INSERT INTO STAFF (iKyotenCd, iKyotenEb, nIDNo, cName) VALUES (1, 2, 1, '一')");
     world.run("INSERT INTO HOKEN (iKyotenCd, iKyotenEb, cType, iType) VALUES"
@@ -88,7 +89,7 @@ TEST_CASE_FIXTURE(EmbeddedFixture, "a kind beyond 32 bits leaves the insurance l
     CHECK(form.cbSejyutsu.ListCount() == 2);
 }
 
-TEST_CASE_FIXTURE(EmbeddedFixture, "five thousand staff come whole and in order")
+TEST_CASE_FIXTURE(EmbeddedFixture, "five thousand staff members are listed completely and in order")
 {
     world.run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000)"
               " INSERT INTO STAFF (iKyotenCd, iKyotenEb, nIDNo, cName) SELECT 1, 2, i, '施術者' || i FROM n");

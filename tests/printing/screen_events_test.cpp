@@ -5,7 +5,7 @@ namespace inin {
 
 namespace {
 
-/// The form's control throws when it is changed, as a control of a toolkit may.
+/// The form's control throws on a change, as a control of a toolkit may.
 void spoil(Control &control, std::int32_t number)
 {
     control.watch([number] { throw RuntimeError(number); });
@@ -20,7 +20,7 @@ ShownBox centralBoxOf(const std::string &description, const std::string &procedu
 
 } // namespace
 
-TEST_CASE("a date box that changes shows its month in the hidden label")
+TEST_CASE("a change of a date box shows its month in the hidden label")
 {
     struct Row {
         Date date;
@@ -39,7 +39,8 @@ TEST_CASE("a date box that changes shows its month in the hidden label")
     }
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "a target date shows the month of its own box, and the hidden one shows none anew")
+TEST_CASE_FIXTURE(RulesFixture,
+                  "a target date option shows the month of its own box, and the hidden one leaves the label unchanged")
 {
     form.imD_Out.Value = DateSerial(2024, 5, 1);
     form.imD_LastDay.Value = DateSerial(2024, 7, 28);
@@ -60,7 +61,7 @@ TEST_CASE_FIXTURE(RulesFixture, "the dates of the period and of the signature sh
     CHECK(form.iTPeriodMonth.Caption.get() == "平成99年99月");
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "an emptied date box shows no month and disturbs nothing")
+TEST_CASE_FIXTURE(RulesFixture, "an emptied date box shows no month and causes no error")
 {
     form.imD_Out.Value = DateSerial(2024, 5, 1);
     form.imD_Out.Value = Null{};
@@ -79,7 +80,7 @@ TEST_CASE_FIXTURE(RulesFixture, "an error in the target date's click shows the c
     CHECK(form.iTgtDateKind == 1);
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "a month that cannot be shown is an error of the target date's click")
+TEST_CASE_FIXTURE(RulesFixture, "a month that cannot be displayed is an error of the target date's click")
 {
     form.imD_Out.Value.assignQuietly(Binary{std::byte{1}});
     click("optTgtDate(0)");
@@ -87,7 +88,7 @@ TEST_CASE_FIXTURE(RulesFixture, "a month that cannot be shown is an error of the
     CHECK(world.boxes.shown == std::vector<ShownBox>{centralBoxOf("13（型が一致しません。）", "optTgtDate_Click")});
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "an error in the period's click reports itself under the target's name")
+TEST_CASE_FIXTURE(RulesFixture, "an error in the period's click is reported under the name of the target's click")
 {
     spoil(form.imSetDateFrom, 6);
     click("optDspPeriod(0)");
@@ -96,7 +97,7 @@ TEST_CASE_FIXTURE(RulesFixture, "an error in the period's click reports itself u
     CHECK(form.imSetDateTo.Enabled);
 }
 
-TEST_CASE("an error in the report's or the signature's click goes to the process")
+TEST_CASE("an error in the report's or the signature's click goes to the caller")
 {
     RulesFixture report, signature;
     spoil(report.form.cmbHoken, 91);
@@ -127,7 +128,7 @@ TEST_CASE("the staff list writes the chosen number into the number box")
     }
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "a staff list without a choice leaves the number box as it is")
+TEST_CASE_FIXTURE(RulesFixture, "a staff list without a choice leaves the number box unchanged")
 {
     form.cbSejyutsu.AddItem("佐藤 花子", 11);
     form.cbSejyutsu.ListIndex = std::int16_t{0};

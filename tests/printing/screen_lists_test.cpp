@@ -7,7 +7,7 @@ namespace inin {
 
 namespace {
 
-/// A screen with its own session, as the load leaves it before the lists.
+/// A screen with its own session, as the load leaves it before filling the lists.
 struct ListFixture : PrintFixture {
     ListFixture()
     {
@@ -45,7 +45,7 @@ FakeResult manyStaff(std::int32_t count)
 
 } // namespace
 
-TEST_CASE_FIXTURE(ListFixture, "the staff list holds its first entry and the staff in the order of the read")
+TEST_CASE_FIXTURE(ListFixture, "the staff list contains its first entry and the staff in the order of the read")
 {
     answerTo(kStaffSql, staffMembers({{std::int32_t{30}, "後"}, {std::int32_t{4}, " 先 "}, {std::int32_t{9}, Null{}}}));
 
@@ -55,7 +55,7 @@ TEST_CASE_FIXTURE(ListFixture, "the staff list holds its first entry and the sta
     CHECK(form.imNum_StaffNo.Value.get() == Variant(std::int32_t{0}));
 }
 
-TEST_CASE_FIXTURE(ListFixture, "the staff list asks for this branch on the screen's session, and closes nothing")
+TEST_CASE_FIXTURE(ListFixture, "the staff list reads this branch on the screen's session, and closes nothing")
 {
     REQUIRE(form.setStuff() == 0);
 
@@ -65,7 +65,7 @@ TEST_CASE_FIXTURE(ListFixture, "the staff list asks for this branch on the scree
                                           " and iKyotenCd = 1 and iKyotenEb = 2  order by      nIDNo"));
 }
 
-TEST_CASE_FIXTURE(ListFixture, "ticking the ended ones fills the staff list anew without the condition")
+TEST_CASE_FIXTURE(ListFixture, "ticking the box of former staff fills the staff list again without the condition")
 {
     form.chkChushi.Value = std::int16_t{1};
 
@@ -79,7 +79,7 @@ TEST_CASE_FIXTURE(ListFixture, "ticking the ended ones fills the staff list anew
     CHECK(world.database.log[1].find("iChusiFlg = 0 OR") != std::string::npos);
 }
 
-TEST_CASE_FIXTURE(ListFixture, "a staff list that is filled again falls back to its first entry and the number to 0")
+TEST_CASE_FIXTURE(ListFixture, "refilling the staff list selects its first entry and sets the number to 0")
 {
     REQUIRE(form.setStuff() == 0);
     form.cbSejyutsu.ListIndex = std::int16_t{2};
@@ -91,7 +91,7 @@ TEST_CASE_FIXTURE(ListFixture, "a staff list that is filled again falls back to 
     CHECK(form.imNum_StaffNo.Value.get() == Variant(std::int32_t{0}));
 }
 
-TEST_CASE_FIXTURE(ListFixture, "an empty staff table fails with its words and leaves the old list in place")
+TEST_CASE_FIXTURE(ListFixture, "an empty staff table fails with its message and keeps the old list")
 {
     REQUIRE(form.setStuff() == 0);
     answerTo(kStaffSql, staffMembers({}));
@@ -102,7 +102,7 @@ TEST_CASE_FIXTURE(ListFixture, "an empty staff table fails with its words and le
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("staff of 1 and 5,000 rows come whole into the list")
+TEST_CASE("staff tables of 1 and 5,000 rows are listed completely")
 {
     for (const std::int32_t count : {1, 5000}) {
         ListFixture fixture;
@@ -131,7 +131,7 @@ TEST_CASE_FIXTURE(ListFixture, "a staff row whose columns are all NULL is an emp
     CHECK(itemsOf(form.cbSejyutsu) == Items{{"－ 指定なし －", -1}, {"", 0}});
 }
 
-TEST_CASE("a staff read that fails leaves the table's words behind the heading, and shows nothing")
+TEST_CASE("a failed staff read sets the table's error text after the heading, and shows nothing")
 {
     struct Row {
         FakeResult answer;
@@ -160,13 +160,14 @@ TEST_CASE("a staff read that fails leaves the table's words behind the heading, 
     CHECK(fixture.form.cbSejyutsu.ListCount() == 0);
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a staff list without a session fails with the runtime's words")
+TEST_CASE_FIXTURE(PrintFixture, "a staff list without a session fails with the runtime's error text")
 {
     CHECK(form.setStuff() == -1);
     CHECK(form.csErrMsg == "setStuff でエラー91\r\nオブジェクト変数または With ブロック変数が設定されていません。");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "ticking the ended ones on a screen that never connected changes nothing in sight")
+TEST_CASE_FIXTURE(PrintFixture,
+                  "ticking the box of former staff on a screen that never connected has no visible effect")
 {
     form.chkChushi.Value = std::int16_t{1};
 
@@ -174,7 +175,7 @@ TEST_CASE_FIXTURE(PrintFixture, "ticking the ended ones on a screen that never c
     CHECK(form.cbSejyutsu.ListCount() == 0);
 }
 
-TEST_CASE_FIXTURE(ListFixture, "a staff fill that a control refuses ends with the error's number and words")
+TEST_CASE_FIXTURE(ListFixture, "a staff fill that a control refuses fails with the error's number and text")
 {
     form.imNum_StaffNo.watch([] { throw RuntimeError(380); });
 
@@ -182,7 +183,7 @@ TEST_CASE_FIXTURE(ListFixture, "a staff fill that a control refuses ends with th
     CHECK(form.csErrMsg.starts_with("setStuff でエラー380\r\n"));
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the insurance list holds its first entry and the labels with their kinds")
+TEST_CASE_FIXTURE(PrintFixture, "the insurance list contains its first entry and the labels with their kinds")
 {
     answerTo(
         kInsuranceSql,
@@ -200,7 +201,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the insurance list holds its first entry and th
                                    "disconnect 1"});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "an empty insurance table leaves the first entry alone in the list")
+TEST_CASE_FIXTURE(PrintFixture, "an empty insurance table leaves only the first entry in the list")
 {
     answerTo(kInsuranceSql, insuranceKinds({}));
 
@@ -208,7 +209,7 @@ TEST_CASE_FIXTURE(PrintFixture, "an empty insurance table leaves the first entry
     CHECK(itemsOf(form.cmbHoken) == Items{{"－ 指定なし －", -1}});
 }
 
-TEST_CASE("a kind beyond 16 bits stands whole in the list, and one beyond 32 bits fails the read")
+TEST_CASE("a kind beyond 16 bits is listed completely, and one beyond 32 bits fails the read")
 {
     PrintFixture large, huge;
     large.answerTo(kInsuranceSql, insuranceKinds({{std::int32_t{70000}, "大"}, {std::int32_t{-2147483647}, "小"}}));
@@ -220,7 +221,7 @@ TEST_CASE("a kind beyond 16 bits stands whole in the list, and one beyond 32 bit
     CHECK(huge.world.boxes.shown.empty());
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "an insurance read that fails shows no box of its own and leaves the old list")
+TEST_CASE_FIXTURE(PrintFixture, "a failed insurance read shows no box of its own and keeps the old list")
 {
     answerTo(kInsuranceSql, failing(-2147217865, "HOKENがありません。"));
 
@@ -229,7 +230,7 @@ TEST_CASE_FIXTURE(PrintFixture, "an insurance read that fails shows no box of it
     CHECK(itemsOf(form.cmbHoken) == Items{{"－ 指定なし －", -1}, {"国保", 30}});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "a connection that fails for the insurance list shows its heading and its words")
+TEST_CASE_FIXTURE(PrintFixture, "a failed connection for the insurance list shows its heading and its error text")
 {
     world.database.connectError = ado_error::timedOut;
 
@@ -237,7 +238,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a connection that fails for the insurance list 
     CHECK(onlyBox() == ShownBox{"nGetFutanKingaku() でエラー\r\n(-2147217871)接続できません。", Icon::critical, ""});
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "the insurance list leaves the screen's session alone")
+TEST_CASE_FIXTURE(PrintFixture, "the insurance list does not use the screen's session")
 {
     form.load();
     const cT_ADODB *session = form.session.get();
@@ -247,7 +248,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the insurance list leaves the screen's session 
     CHECK(world.database.log.back() == "disconnect 4");
 }
 
-TEST_CASE_FIXTURE(PrintFixture, "more kinds than a list can count fail the fill and leave the list as far as it came")
+TEST_CASE_FIXTURE(PrintFixture, "more kinds than a list can count fail the fill and keep the entries added so far")
 {
     answerTo(kInsuranceSql, insuranceKinds(std::vector<std::pair<Variant, Variant>>(32767, {std::int32_t{1}, "同"})));
 
@@ -256,7 +257,7 @@ TEST_CASE_FIXTURE(PrintFixture, "more kinds than a list can count fail the fill 
     CHECK(form.cmbHoken.ListIndex == -1);
 }
 
-TEST_CASE_FIXTURE(ListFixture, "a number that no entry has stands in the box beside an unchanged list")
+TEST_CASE_FIXTURE(ListFixture, "a number without an entry stays in the box, and the list is unchanged")
 {
     REQUIRE(form.setStuff() == 0);
     form.cbSejyutsu.ListIndex = std::int16_t{1};

@@ -8,7 +8,7 @@ namespace {
 using Names = std::vector<std::string>;
 } // namespace
 
-TEST_CASE("each option disables these controls of a fresh screen and no other")
+TEST_CASE("each option disables exactly these controls of a fresh screen")
 {
     struct Row {
         const char *option;
@@ -44,7 +44,7 @@ TEST_CASE("each option disables these controls of a fresh screen and no other")
     }
 }
 
-TEST_CASE("each option enables these controls of a screen without any enabled one, and no other")
+TEST_CASE("each option enables exactly these controls of a completely disabled screen")
 {
     struct Row {
         const char *option;
@@ -91,7 +91,7 @@ TEST_CASE_FIXTURE(RulesFixture, "the entered signature enables its date again")
     CHECK(disabled().empty());
 }
 
-TEST_CASE("each option sets the kind of its group and leaves the other kinds alone")
+TEST_CASE("each option sets the kind of its group and leaves the other kinds unchanged")
 {
     struct Row {
         const char *option;
@@ -118,7 +118,8 @@ TEST_CASE("each option sets the kind of its group and leaves the other kinds alo
     }
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "the Aichi format takes the conditions away in their order, the forced mark in between")
+TEST_CASE_FIXTURE(RulesFixture,
+                  "the Aichi format disables the conditions in order and selects the forced option in between")
 {
     Names changed;
     watchInto(changed);
@@ -131,7 +132,7 @@ TEST_CASE_FIXTURE(RulesFixture, "the Aichi format takes the conditions away in t
                            "imD_LastDay",     "cmbHoken"});
 }
 
-TEST_CASE("the other formats give the conditions back in the same order")
+TEST_CASE("the other formats enable the conditions again in the same order")
 {
     for (const char *option : {"optPrint(0)", "optPrint(2)"}) {
         RulesFixture fixture;
@@ -151,7 +152,7 @@ TEST_CASE("the other formats give the conditions back in the same order")
     }
 }
 
-TEST_CASE("after the Aichi format the forced mark stays and both dates of each pair are enabled")
+TEST_CASE("after the Aichi format the forced option stays selected and both dates of each pair are enabled")
 {
     for (const char *option : {"optPrint(0)", "optPrint(2)"}) {
         RulesFixture fixture;
@@ -166,7 +167,7 @@ TEST_CASE("after the Aichi format the forced mark stays and both dates of each p
     }
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "the next click in a group corrects what the blind enabling left")
+TEST_CASE_FIXTURE(RulesFixture, "the next click in a group corrects the state after the blind enabling")
 {
     for (const char *option : {"optTgtDate(0)", "optDspPeriod(0)", "optPrint(1)", "optPrint(0)"}) click(option);
     REQUIRE(disabled().empty());
@@ -178,7 +179,8 @@ TEST_CASE_FIXTURE(RulesFixture, "the next click in a group corrects what the bli
     CHECK(disabled() == Names{"imD_Out", "imSetDateFrom", "imSetDateTo"});
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "the Aichi format leaves a target that is none already as it is, and fires nothing")
+TEST_CASE_FIXTURE(RulesFixture,
+                  "the Aichi format leaves an object option that is already none unchanged and fires nothing")
 {
     click("optObject(2)");
     form.iObjectKind = 3;
@@ -188,7 +190,7 @@ TEST_CASE_FIXTURE(RulesFixture, "the Aichi format leaves a target that is none a
     CHECK(form.iObjectKind == 3);
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "the report rule never touches the signature, the hidden option and the target frame")
+TEST_CASE_FIXTURE(RulesFixture, "the report rule never changes the signature, the hidden option and the target frame")
 {
     Control *const untouched[] = {&form.imSyomei,  &form.optSyomei(0),  &form.optSyomei(1),
                                   &form.frmObject, &form.optTgtDate(2), &form.optObject(2)};
@@ -200,7 +202,7 @@ TEST_CASE_FIXTURE(RulesFixture, "the report rule never touches the signature, th
     }
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "a disabled target frame disables its options without touching their own attribute")
+TEST_CASE_FIXTURE(RulesFixture, "a disabled target frame disables its options without changing their own attribute")
 {
     click("optTgtDate(2)");
 
@@ -210,7 +212,7 @@ TEST_CASE_FIXTURE(RulesFixture, "a disabled target frame disables its options wi
     }
 }
 
-TEST_CASE("the target frame that the hidden option disabled comes back by a target date alone")
+TEST_CASE("the target frame disabled by the hidden option is enabled only by a target date")
 {
     RulesFixture fixture;
     fixture.click("optTgtDate(2)");
@@ -227,7 +229,7 @@ TEST_CASE("the target frame that the hidden option disabled comes back by a targ
     }
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "an index beyond the group counts as the last kind, and does nothing for the signature")
+TEST_CASE_FIXTURE(RulesFixture, "an index beyond the group counts as the last kind, and has no effect on the signature")
 {
     form.optObject_Click(9);
     form.optTrust_Click(9);
@@ -243,7 +245,7 @@ TEST_CASE_FIXTURE(RulesFixture, "an index beyond the group counts as the last ki
     CHECK_FALSE(form.imSyomei.Enabled);
 }
 
-TEST_CASE_FIXTURE(RulesFixture, "a click on an option that is marked already runs no rule")
+TEST_CASE_FIXTURE(RulesFixture, "a click on an option that is already selected runs no rule")
 {
     click("optTgtDate(0)");
     form.imD_LastDay.Enabled = true;

@@ -1,4 +1,4 @@
-// How the conditions screen picks a staff member and a patient.
+// Selection of a staff member and a patient on the conditions screen.
 
 #include "platform/key_codes.h"
 #include "printing/print_form.h"
@@ -19,8 +19,8 @@ FakeResult answerOf(std::vector<std::string> columns, std::vector<std::vector<Va
     return result;
 }
 
-/// A screen with the staff 11 and 12 in its list, in front of a database with the staff 11, 12 and 77 and the patients
-/// 21 and 22.
+/// A screen with the staff 11 and 12 in its list, over a database with the staff 11, 12 and 77 and the patients 21 and
+/// 22.
 struct SelectionFixture {
     FakeWorld world;
     frmPrintInin form{world.app};
@@ -51,12 +51,12 @@ struct SelectionFixture {
     {
         answer("SELECT cName, iChusiFlg", answerOf({"cName", "iChusiFlg"}, rows));
     }
-    /// In the window that opens next, the user double clicks this row.
+    /// In the next window that opens, the user double-clicks this row.
     void chooseRow(std::int32_t row)
     {
         world.windows.acts.push_back([row](Form &window) { gridOf(window)->onDblClick(row); });
     }
-    /// The user leaves the window that opens next by its control box.
+    /// The user closes the next window that opens by its control box.
     void leave() { world.windows.closeByControlBox(); }
     void returnIn(NumberBox &box, const Variant &value)
     {
@@ -80,7 +80,7 @@ Variant number(std::int32_t value)
 
 } // namespace
 
-TEST_CASE("the staff button shows the staff window and puts the choice into box and list")
+TEST_CASE("the staff button shows the staff window and writes the choice to box and list")
 {
     SelectionFixture screen;
     screen.chooseRow(2);
@@ -90,7 +90,7 @@ TEST_CASE("the staff button shows the staff window and puts the choice into box 
     CHECK(screen.form.cbSejyutsu.ListIndex == 2);
 }
 
-TEST_CASE("a staff window that is left changes nothing on the screen")
+TEST_CASE("a staff window closed without a choice leaves the screen unchanged")
 {
     SelectionFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
@@ -101,7 +101,7 @@ TEST_CASE("a staff window that is left changes nothing on the screen")
     CHECK(screen.world.boxes.shown.empty());
 }
 
-TEST_CASE("a picked staff member whom the list lacks stands in the box, and the list disagrees")
+TEST_CASE("a chosen staff member who is not in the list is shown in the box, and the list differs")
 {
     SelectionFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
@@ -111,7 +111,7 @@ TEST_CASE("a picked staff member whom the list lacks stands in the box, and the 
     CHECK(screen.form.cbSejyutsu.ListIndex == 1);
 }
 
-TEST_CASE("of a staff number that the list has twice the first entry is chosen")
+TEST_CASE("a staff number that occurs twice in the list selects the first entry")
 {
     SelectionFixture screen;
     screen.form.cbSejyutsu.AddItem("鈴木 次郎（再）", 12);
@@ -124,7 +124,7 @@ TEST_CASE("of a staff number that the list has twice the first entry is chosen")
     CHECK(screen.form.cbSejyutsu.ListIndex == 2);
 }
 
-TEST_CASE("the staff window shows ended staff when the screen counts them, and never asks for a consultation")
+TEST_CASE("the staff window includes former staff if the screen does, and never sets a consultation")
 {
     SelectionFixture screen;
     screen.leave();
@@ -138,7 +138,7 @@ TEST_CASE("the staff window shows ended staff when the screen counts them, and n
     CHECK(screen.lastSql().find("soudan") == std::string::npos);
 }
 
-TEST_CASE("a staff search without box and list gives back the number, and -1 when it is left")
+TEST_CASE("a staff search without box and list returns the number, and -1 without a choice")
 {
     SelectionFixture screen;
     screen.chooseRow(2);
@@ -155,7 +155,7 @@ TEST_CASE("a staff search without box and list gives back the number, and -1 whe
 }
 
 namespace {
-/// Every box of a failing window fails itself, so that the failure reaches the front class.
+/// Every box of a failing window fails as well, so that the failure reaches the front class.
 void failBoxes(FakeWorld &world, int count)
 {
     world.boxes.onShow = [left = count](const ShownBox &) mutable {
@@ -170,7 +170,7 @@ FakeResult failure()
 }
 } // namespace
 
-TEST_CASE("a staff search that fails is told in the words of its class and gives -1")
+TEST_CASE("a failed staff search shows the error text of its class and gives -1")
 {
     SelectionFixture screen;
     screen.answer("FROM STAFF  WHERE nIDNo >= 0", failure());
@@ -181,7 +181,7 @@ TEST_CASE("a staff search that fails is told in the words of its class and gives
           ShownBox{"施術者の検索に失敗しました(7)メモリが不足しています。", Icon::critical, ""});
 }
 
-TEST_CASE("the return key in an empty staff number, or in 0, chooses nobody without a look-up")
+TEST_CASE("the return key in a staff number that is empty or 0 selects the first entry without a look-up")
 {
     for (const Variant &value : {kNoNumber, number(0)}) {
         SelectionFixture screen;
@@ -192,7 +192,7 @@ TEST_CASE("the return key in an empty staff number, or in 0, chooses nobody with
     }
 }
 
-TEST_CASE("the return key in a staff number chooses the entry of a usable one")
+TEST_CASE("the return key in a staff number selects the entry of a usable one")
 {
     SelectionFixture screen;
     screen.checkAnswers({{"鈴木 次郎", Null{}}});
@@ -203,7 +203,7 @@ TEST_CASE("the return key in a staff number chooses the entry of a usable one")
     CHECK(screen.world.boxes.shown.empty());
 }
 
-TEST_CASE("a usable staff number that the list lacks leaves the list as it is")
+TEST_CASE("a usable staff number that is not in the list leaves the list unchanged")
 {
     SelectionFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
@@ -212,7 +212,7 @@ TEST_CASE("a usable staff number that the list lacks leaves the list as it is")
     CHECK(screen.form.cbSejyutsu.ListIndex == 1);
 }
 
-TEST_CASE("a staff number that does not exist is told, and box and list stay")
+TEST_CASE("an unknown staff number shows an error and leaves box and list unchanged")
 {
     SelectionFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
@@ -225,7 +225,7 @@ TEST_CASE("a staff number that does not exist is told, and box and list stay")
     CHECK(screen.form.iChkStaffNo(99, screen.form.cbSejyutsu) == -1);
 }
 
-TEST_CASE("an ended staff number is usable only when the screen counts ended staff")
+TEST_CASE("the number of a former staff member is usable only if the screen includes former staff")
 {
     SelectionFixture screen;
     screen.checkAnswers({{"鈴木 次郎", std::int16_t{1}}});
@@ -238,7 +238,7 @@ TEST_CASE("an ended staff number is usable only when the screen counts ended sta
     CHECK(screen.form.cbSejyutsu.ListIndex == 2);
 }
 
-TEST_CASE("a lost connection in the check is told twice: why, and that the search failed")
+TEST_CASE("a lost connection in the check shows two boxes: the reason, and the failed search")
 {
     SelectionFixture screen;
     screen.world.database.connectError = ado_error::unspecified;
@@ -248,34 +248,34 @@ TEST_CASE("a lost connection in the check is told twice: why, and that the searc
                       ShownBox{"施術者の検索に失敗しました", Icon::critical, ""}});
 }
 
-TEST_CASE("a run-time error in the choosing of a number is a box without icon")
+TEST_CASE("a run-time error while selecting a number is a box without icon")
 {
     SelectionFixture screen;
-    screen.form.cbSejyutsu.Clear(); // number 0 chooses the first entry, and there is none
+    screen.form.cbSejyutsu.Clear(); // number 0 selects the first entry, and there is none
     screen.returnIn(screen.form.imNum_StaffNo, number(0));
     CHECK(screen.world.boxes.shown.size() == 1);
     CHECK(screen.world.boxes.shown[0].text.starts_with("施術者の検索に失敗しました！\r\r(380)"));
     CHECK(screen.world.boxes.shown[0].icon == Icon::none);
 }
 
-TEST_CASE("a run-time error in the return key of the staff number is told by its text alone")
+TEST_CASE("a run-time error in the return key of the staff number shows its text only")
 {
     SelectionFixture screen;
     screen.returnIn(screen.form.imNum_StaffNo, Variant("十二"));
     CHECK(screen.world.boxes.shown == std::vector{ShownBox{"Error:型が一致しません。", Icon::none, ""}});
 }
 
-TEST_CASE("other keys than return look nothing up")
+TEST_CASE("keys other than return look up nothing")
 {
     SelectionFixture screen;
     screen.form.imNum_StaffNo.Value = number(12);
     screen.form.key(&screen.form.imNum_StaffNo, 50);
-    screen.form.key(&screen.form.imNum_CD, 50); // also in an empty box
+    screen.form.key(&screen.form.imNum_CD, 50); // even in an empty box
     CHECK(screen.world.database.log.empty());
     CHECK(screen.form.cbSejyutsu.ListIndex == 0);
 }
 
-TEST_CASE("a picked patient stands on the screen by number and name")
+TEST_CASE("a chosen patient is shown on the screen by number and name")
 {
     SelectionFixture screen;
     screen.chooseRow(2);
@@ -284,7 +284,7 @@ TEST_CASE("a picked patient stands on the screen by number and name")
     CHECK(screen.form.lbl_SelKanja.Caption.get() == "髙橋 﨑子");
 }
 
-TEST_CASE("a picked patient of number 0 is shown by name, unlike a window that is left")
+TEST_CASE("a chosen patient with number 0 is shown by name, unlike a window closed without a choice")
 {
     SelectionFixture screen;
     screen.answer("FROM RIYOUSHA  WHERE", answerOf({"iKyotenCd", "iKyotenEb", "nIDNo", "cName", "cNameKana",
@@ -296,7 +296,7 @@ TEST_CASE("a picked patient of number 0 is shown by name, unlike a window that i
     CHECK(screen.form.lbl_SelKanja.Caption.get() == "番号 なし");
 }
 
-TEST_CASE("a patient window that is left means everybody: number 0, no empty box")
+TEST_CASE("a patient window closed without a choice means all patients: number 0, not an empty box")
 {
     SelectionFixture screen;
     screen.form.imNum_CD.Value = number(21);
@@ -307,7 +307,7 @@ TEST_CASE("a patient window that is left means everybody: number 0, no empty box
     CHECK(screen.form.lbl_SelKanja.Caption.get() == "(全員)");
 }
 
-TEST_CASE("a patient search that fails is told, and number and name stay")
+TEST_CASE("a failed patient search shows an error and leaves number and name unchanged")
 {
     SelectionFixture screen;
     screen.form.imNum_CD.Value = number(21);
@@ -342,7 +342,7 @@ TEST_CASE("the return key in a patient number shows the name, or nothing for an 
     CHECK(screen.world.boxes.shown.empty());
 }
 
-TEST_CASE("the return key in an empty patient number is an error that nothing traps")
+TEST_CASE("the return key in an empty patient number is an untrapped error")
 {
     SelectionFixture screen;
     try {

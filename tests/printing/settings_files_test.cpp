@@ -11,7 +11,7 @@ namespace inin {
 
 namespace {
 
-/// A screen over files on the disk, with everything else fake. Its conditions are the kinds 2, 3, 2, 1.
+/// A screen over real files, with everything else fake. Its conditions are the kinds 2, 3, 2, 1.
 struct FilesFixture {
     TempFolder folder;
     CurrentFolder current{folder.path()};
@@ -39,7 +39,7 @@ struct FilesFixture {
 
 } // namespace
 
-TEST_CASE_FIXTURE(FilesFixture, "the store lies in the data folder, in the suite's code page, byte for byte")
+TEST_CASE_FIXTURE(FilesFixture, "the store is in the data folder, in the suite's code page, byte for byte")
 {
     form.iSavePrintSetting();
 
@@ -53,9 +53,8 @@ TEST_CASE_FIXTURE(FilesFixture, "the store lies in the data folder, in the suite
     CHECK(world.boxes.shown.empty());
 }
 
-#ifndef _WIN32 // the call of Windows writes the whole file anew and mends what is no character
-TEST_CASE_FIXTURE(FilesFixture,
-                  "the store's other lines keep their bytes, also those that are no text of the code page")
+#ifndef _WIN32 // the call of Windows writes the whole file anew and replaces invalid characters
+TEST_CASE_FIXTURE(FilesFixture, "other lines of the store keep their bytes, including bytes invalid in the code page")
 {
     const std::string odd = "; \x81\xFF\xFD note\r\n[other]\r\nkey = value \r\n\r\n";
     folder.put("DATA/印刷設定.ini", odd + toCp932("[委任状]\r\n署名日=1\r\n; 終わり\r\n"));
@@ -68,7 +67,7 @@ TEST_CASE_FIXTURE(FilesFixture,
 
 #endif
 
-TEST_CASE_FIXTURE(FilesFixture, "a read-only store is read, and its refused writing passes unseen")
+TEST_CASE_FIXTURE(FilesFixture, "a read-only store is read, and its refused write is not reported")
 {
     put("[委任状]\r\n対象データ=2\r\n");
     std::filesystem::permissions(pathOf(folder / "DATA/印刷設定.ini"), std::filesystem::perms(0444));
@@ -80,7 +79,7 @@ TEST_CASE_FIXTURE(FilesFixture, "a read-only store is read, and its refused writ
     CHECK(form.optObject.marked() == 1);
 }
 
-TEST_CASE_FIXTURE(FilesFixture, "without the data folder nothing is read, written or told")
+TEST_CASE_FIXTURE(FilesFixture, "without the data folder nothing is read, written or reported")
 {
     std::filesystem::remove(folder / "DATA");
     form.iSavePrintSetting();
@@ -90,7 +89,7 @@ TEST_CASE_FIXTURE(FilesFixture, "without the data folder nothing is read, writte
     CHECK_FALSE(folder.has("DATA"));
 }
 
-TEST_CASE_FIXTURE(FilesFixture, "a folder of the store's name is no store")
+TEST_CASE_FIXTURE(FilesFixture, "a folder with the store's name is not a store")
 {
     std::filesystem::create_directory(pathOf(folder / "DATA/印刷設定.ini"));
 
@@ -99,8 +98,7 @@ TEST_CASE_FIXTURE(FilesFixture, "a folder of the store's name is no store")
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE_FIXTURE(FilesFixture,
-                  "a setting that names no data folder warns, and the store lies in the application folder")
+TEST_CASE_FIXTURE(FilesFixture, "a setting without a data folder warns, and the store is in the application folder")
 {
     folder.put("Massage.ini", "SYSTEM_SYS=\\SYS\r\n");
     form.iSavePrintSetting();

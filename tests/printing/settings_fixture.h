@@ -12,13 +12,13 @@ namespace inin {
 
 inline constexpr const char *kStore = "C:\\SUITE\\DATA\\印刷設定.ini";
 
-/// A screen in its design state beside a store.
+/// A screen in its design state with a store.
 struct StoreFixture {
     FakeWorld world;
     frmPrintInin form{world.app};
 
     void put(const std::string &lines) { world.files.putText(kStore, lines); }
-    /// A store with one key only: all others take their defaults.
+    /// A store with a single key: all others have their defaults.
     std::int32_t loadKey(const std::string &key, const std::string &value)
     {
         put("[委任状]\n" + key + "=" + value + "\n");
@@ -33,7 +33,7 @@ struct StoreFixture {
             if (group->marked() >= 0) names.push_back((*group)(group->marked()).name());
         return names;
     }
-    /// Writes down each click that fires, in order, and lets it run.
+    /// Records each click that fires, in order, and lets it run.
     void recordClicks(std::vector<std::string> &clicks)
     {
         for (OptionGroup *group :

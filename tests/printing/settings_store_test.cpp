@@ -6,7 +6,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// A kind's text in the file, the option that it marks and the field after its click.
+/// A kind's text in the file, the option that it selects and the field after its click.
 struct KindRow {
     const char *value;
     std::int16_t marked;
@@ -27,7 +27,7 @@ TEST_CASE_FIXTURE(StoreFixture, "without a store the screen keeps its design sta
     CHECK_FALSE(world.files.has(kStore));
 }
 
-TEST_CASE("the target data of the store mark their option")
+TEST_CASE("the stored target data select their option")
 {
     for (const KindRow &row :
          {KindRow{"1", 0, 1},     KindRow{"2", 1, 2},       KindRow{"3", 2, 2},      KindRow{"9", 2, 2},
@@ -45,7 +45,7 @@ TEST_CASE("the target data of the store mark their option")
     }
 }
 
-TEST_CASE("the delegate of the store marks its option")
+TEST_CASE("the stored delegate selects its option")
 {
     for (const KindRow &row : {KindRow{"1", 0, 1}, KindRow{"2", 1, 2}, KindRow{"3", 1, 2}, KindRow{"0", 1, 2},
                                KindRow{"", 0, 1}, KindRow{"x", 0, 1}, KindRow{"1.2", 0, 1}, KindRow{"&H1", 0, 1}}) {
@@ -57,7 +57,7 @@ TEST_CASE("the delegate of the store marks its option")
     }
 }
 
-TEST_CASE("the target period of the store marks its option, the hidden one too, and sets the target frame")
+TEST_CASE("the stored target period selects its option, even the hidden one, and sets the target frame")
 {
     struct Row {
         const char *value;
@@ -75,7 +75,7 @@ TEST_CASE("the target period of the store marks its option, the hidden one too, 
     }
 }
 
-TEST_CASE("the period of the store marks its option")
+TEST_CASE("the stored period selects its option")
 {
     for (const KindRow &row :
          {KindRow{"1", 0, 1}, KindRow{"2", 1, 2}, KindRow{"7", 1, 2}, KindRow{"", 0, 1}, KindRow{"x", 0, 1}}) {
@@ -87,7 +87,7 @@ TEST_CASE("the period of the store marks its option")
     }
 }
 
-TEST_CASE("the report of the store marks its option; what is no 32-bit number counts as 0")
+TEST_CASE("the stored report selects its option; anything that is not a 32-bit number counts as 0")
 {
     struct Row {
         const char *value;
@@ -104,7 +104,7 @@ TEST_CASE("the report of the store marks its option; what is no 32-bit number co
     }
 }
 
-TEST_CASE("the signature of the store is automatic for a number that is 0, and entered for anything else")
+TEST_CASE("the stored signature is automatic for a number equal to 0, and entered for anything else")
 {
     struct Row {
         const char *value;
@@ -122,7 +122,7 @@ TEST_CASE("the signature of the store is automatic for a number that is 0, and e
     }
 }
 
-TEST_CASE("a store without its section, without keys or without a byte gives all defaults")
+TEST_CASE("an empty store, or one without its section or keys, gives all defaults")
 {
     for (const char *lines : {"[他]\n対象データ=2\n", "[委任状]\n", "", "対象データ=2\n受任者=2\n"}) {
         StoreFixture fixture;
@@ -138,14 +138,15 @@ TEST_CASE("a store without its section, without keys or without a byte gives all
     }
 }
 
-TEST_CASE("the clicks of a load fire in the order of the keys, the report behind the kinds")
+TEST_CASE("the clicks of a load fire in the order of the keys, the report after the kinds")
 {
     struct Row {
         const char *lines;
         Names clicks;
     };
     const Row rows[] = {
-        // Backwards in the file: the order is the load's own. The entered signature is marked already and fires none.
+        // Reversed in the file: the order is that of the load. The entered signature is already selected and fires
+        // nothing.
         {"[委任状]\n署名日=1\n帳票種類=2\n表示期間=2\n対象期間=2\n受任者=2\n対象データ=2\n",
          {"optObject(1)", "optTrust(1)", "optTgtDate(1)", "optDspPeriod(1)", "optPrint(2)"}},
         {"[委任状]\n署名日=0\n帳票種類=1\n",
@@ -165,7 +166,7 @@ TEST_CASE("the clicks of a load fire in the order of the keys, the report behind
     }
 }
 
-TEST_CASE("after a load the report's enabling stands, whatever target and period said")
+TEST_CASE("after a load the enabling by the report applies, whatever target and period are")
 {
     struct Row {
         const char *report;
@@ -188,11 +189,11 @@ TEST_CASE("after a load the report's enabling stands, whatever target and period
 }
 
 TEST_CASE_FIXTURE(StoreFixture,
-                  "a second load with the report's mark standing leaves the enabling of target and period")
+                  "a second load with the report already selected leaves the enabling by target and period")
 {
     put("[委任状]\n対象期間=1\n表示期間=1\n帳票種類=0\n署名日=1\n");
     REQUIRE(form.iLoadPrintSetting() == 1);
-    // No mark changes now, so no click fires: what the load itself sets is what stands.
+    // No option changes now, so no click fires: only the load itself can set the state.
     form.imD_Out.Enabled = false;
     form.frmObject.Enabled = false;
     form.imSyomei.Enabled = false;
@@ -209,7 +210,7 @@ TEST_CASE_FIXTURE(StoreFixture,
     CHECK(form.imSyomei.Enabled);
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "an entered period that is marked already is enabled by the load itself")
+TEST_CASE_FIXTURE(StoreFixture, "an entered period that is already selected is enabled by the load itself")
 {
     put("[委任状]\n表示期間=2\n帳票種類=0\n署名日=1\n");
     REQUIRE(form.iLoadPrintSetting() == 1);
@@ -224,7 +225,7 @@ TEST_CASE_FIXTURE(StoreFixture, "an entered period that is marked already is ena
     CHECK(form.imSetDateTo.Enabled);
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "a last treatment day that is marked already is enabled by the load itself")
+TEST_CASE_FIXTURE(StoreFixture, "a last treatment day that is already selected is enabled by the load itself")
 {
     put("[委任状]\n対象期間=2\n帳票種類=0\n署名日=0\n");
     REQUIRE(form.iLoadPrintSetting() == 1);
@@ -243,7 +244,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a last treatment day that is marked already is 
     CHECK_FALSE(form.imSyomei.Enabled);
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "a stored Aichi format marks no target data, whatever the store said of them")
+TEST_CASE_FIXTURE(StoreFixture, "a stored Aichi format selects no target data, whatever the stored target data")
 {
     put("[委任状]\n対象データ=1\n帳票種類=1\n");
     REQUIRE(form.iLoadPrintSetting() == 1);
@@ -253,7 +254,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a stored Aichi format marks no target data, wha
     CHECK_FALSE(form.cmbHoken.Enabled);
 }
 
-TEST_CASE("a kind beyond 16 bits is an overflow: its box, no result, and the keys before it stay read")
+TEST_CASE("a kind beyond 16 bits is an overflow: a box, no result, and the keys before it keep their values")
 {
     struct Row {
         const char *lines;
@@ -275,7 +276,7 @@ TEST_CASE("a kind beyond 16 bits is an overflow: its box, no result, and the key
     }
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "a store that cannot be read gives the defaults without a word")
+TEST_CASE_FIXTURE(StoreFixture, "an unreadable store gives the defaults without a message")
 {
     put("[委任状]\n対象データ=2\n");
     world.profile.error = 57;

@@ -5,7 +5,7 @@ namespace inin {
 
 namespace {
 
-/// Refuses to be written from the n-th write on, as a disk that fails.
+/// Refuses every write from the n-th on, like a failing disk.
 class FailingProfile : public Profile {
 public:
     FailingProfile(Profile &good, int goodWrites) : m_good(good), m_left(goodWrites) {}
@@ -33,7 +33,7 @@ private:
 
 } // namespace
 
-TEST_CASE("settings that cannot be read are an error of the store, in reading and in writing")
+TEST_CASE("unreadable settings are an error of the store, both in reading and in writing")
 {
     StoreFixture loading, saving;
     for (StoreFixture *fixture : {&loading, &saving})
@@ -45,7 +45,7 @@ TEST_CASE("settings that cannot be read are an error of the store, in reading an
     saving.checkOnlyBox("Error:書き込みできません。");
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "the first writing makes the store with its keys in their order")
+TEST_CASE_FIXTURE(StoreFixture, "the first write creates the store with its keys in order")
 {
     form.iTgtDateKind = 1;
     form.iObjectKind = 2;
@@ -58,7 +58,7 @@ TEST_CASE_FIXTURE(StoreFixture, "the first writing makes the store with its keys
     CHECK(world.boxes.shown.empty());
 }
 
-TEST_CASE("report and signature are written from the marks")
+TEST_CASE("report and signature are written from the selected options")
 {
     struct Row {
         std::int16_t report;
@@ -77,7 +77,7 @@ TEST_CASE("report and signature are written from the marks")
     }
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "a writing keeps other sections, comments and the order of the lines")
+TEST_CASE_FIXTURE(StoreFixture, "a write keeps other sections, comments and the order of the lines")
 {
     put("; 手で書いた注\n[他の帳票]\n対象データ=9\n\n[委任状]\n署名日=1\n; 途中\n対象データ=1\n予備=x\n[後]\na=b\n");
     form.iTgtDateKind = 2;
@@ -92,7 +92,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a writing keeps other sections, comments and th
                      "対象データ=3\r\n予備=x\r\n対象期間=2\r\n表示期間=1\r\n受任者=1\r\n帳票種類=0\r\n[後]\r\na=b\r\n");
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "a refused writing passes unseen")
+TEST_CASE_FIXTURE(StoreFixture, "a refused write is not reported")
 {
     put("[委任状]\n対象データ=1\n");
     world.profile.refuseWrites = true;
@@ -103,7 +103,7 @@ TEST_CASE_FIXTURE(StoreFixture, "a refused writing passes unseen")
     CHECK(store() == "[委任状]\r\n対象データ=1\r\n");
 }
 
-TEST_CASE("a writing that fails shows its box, and the keys behind it are not written")
+TEST_CASE("a failed write shows its box, and the keys after it are not written")
 {
     const char *const lines[] = {"対象期間=1\r\n", "対象データ=2\r\n", "表示期間=1\r\n",
                                  "受任者=2\r\n",   "帳票種類=0\r\n",   "署名日=1\r\n"};
@@ -130,13 +130,13 @@ TEST_CASE("a writing that fails shows its box, and the keys behind it are not wr
     }
 }
 
-TEST_CASE_FIXTURE(StoreFixture, "what a screen writes, a new screen reads")
+TEST_CASE_FIXTURE(StoreFixture, "a new screen reads the settings that another screen wrote")
 {
     for (OptionGroup *group : {&form.optTgtDate, &form.optTrust, &form.optDspPeriod}) (*group)(1).Value = true;
     form.optObject(2).Value = true;
     form.optPrint(2).Value = true;
     form.optSyomei(0).Value = true;
-    REQUIRE(form.iGetPrintCond() == -1); // the day box is empty; kinds come with a day
+    REQUIRE(form.iGetPrintCond() == -1); // the day box is empty
     form.imD_LastDay.Value = DateSerial(2024, 5, 28);
     REQUIRE(form.iGetPrintCond() == 0);
     form.iSavePrintSetting();

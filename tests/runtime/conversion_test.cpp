@@ -13,7 +13,7 @@ namespace {
 
 const Regional kRegional;
 
-TEST_CASE("halves round to the even neighbour")
+TEST_CASE("halves round to the nearest even number")
 {
     struct Row {
         double value;
@@ -28,7 +28,7 @@ TEST_CASE("halves round to the even neighbour")
     }
 }
 
-TEST_CASE("a whole number beyond 16 or 32 bits overflows after rounding")
+TEST_CASE("a number outside 16 or 32 bits overflows after rounding")
 {
     CHECK(toInteger(32767.4) == 32767);
     CHECK(errorOf([] { return toInteger(32767.5); }) == 6);
@@ -40,13 +40,13 @@ TEST_CASE("a whole number beyond 16 or 32 bits overflows after rounding")
     CHECK(errorOf([] { return toLong(-2147483649.0); }) == 6);
 }
 
-TEST_CASE("an endless number and no number overflow")
+TEST_CASE("infinity and NaN overflow")
 {
     CHECK(errorOf([] { return toLong(std::numeric_limits<double>::infinity()); }) == 6);
     CHECK(errorOf([] { return toLong(std::numeric_limits<double>::quiet_NaN()); }) == 6);
 }
 
-TEST_CASE("narrowing keeps 16 bits and refuses more")
+TEST_CASE("narrowing to 16 bits refuses larger numbers")
 {
     CHECK(narrow(32767) == 32767);
     CHECK(narrow(-32768) == -32768);
@@ -54,7 +54,7 @@ TEST_CASE("narrowing keeps 16 bits and refuses more")
     CHECK(errorOf([] { return narrow(-32769); }) == 6);
 }
 
-TEST_CASE("Null where a value is due is error 94")
+TEST_CASE("Null where a value is required is error 94")
 {
     const Variant null(Null{});
     CHECK(errorOf([&] { return toInteger(null, kRegional); }) == 94);
@@ -64,7 +64,7 @@ TEST_CASE("Null where a value is due is error 94")
     CHECK(errorOf([&] { return toDate(null, kRegional); }) == 94);
 }
 
-TEST_CASE("bytes convert to nothing else")
+TEST_CASE("bytes do not convert to another type")
 {
     const Variant bytes(Binary{std::byte{1}});
     CHECK(errorOf([&] { return toInteger(bytes, kRegional); }) == 13);
@@ -74,7 +74,7 @@ TEST_CASE("bytes convert to nothing else")
     CHECK(errorOf([&] { return toDate(bytes, kRegional); }) == 13);
 }
 
-TEST_CASE("an Empty counts as 0, as the empty text and as the zero day")
+TEST_CASE("Empty converts to 0, to the empty text and to the zero day")
 {
     CHECK(toInteger(Variant(), kRegional) == 0);
     CHECK(toLong(Variant(), kRegional) == 0);
@@ -83,7 +83,7 @@ TEST_CASE("an Empty counts as 0, as the empty text and as the zero day")
     CHECK(toDate(Variant(), kRegional) == Date(0));
 }
 
-TEST_CASE("a date converts to a number by its days")
+TEST_CASE("a date converts to its number of days")
 {
     CHECK(toLong(Variant(Date(45413.25)), kRegional) == 45413);
     CHECK(toDouble(Variant(Date(45413.25)), kRegional) == 45413.25);
@@ -128,14 +128,14 @@ TEST_CASE("values have the runtime's default text")
     }
 }
 
-TEST_CASE("a number without end or value still has a text")
+TEST_CASE("infinity and NaN have a default text")
 {
     CHECK(numberText(std::numeric_limits<double>::infinity()) == "1.#INF");
     CHECK(numberText(-std::numeric_limits<double>::infinity()) == "-1.#INF");
     CHECK(numberText(std::numeric_limits<double>::quiet_NaN()) == "1.#QNAN");
 }
 
-TEST_CASE("the default text of a date follows the short-date form")
+TEST_CASE("the default text of a date follows the short date format")
 {
     struct Row {
         std::string_view shortDate;
@@ -153,7 +153,7 @@ TEST_CASE("the default text of a date follows the short-date form")
     }
 }
 
-TEST_CASE("a short date with an era writes the era and its years")
+TEST_CASE("a short date format with an era writes the era and its year")
 {
     struct Row {
         std::string_view shortDate;
@@ -178,14 +178,14 @@ TEST_CASE("a short date with an era writes the era and its years")
     }
 }
 
-TEST_CASE("the zero day is written by its time alone")
+TEST_CASE("the zero day is written as its time only")
 {
     CHECK(dateText(Date(0), kRegional) == "0:00:00");
     CHECK(dateText(Date(0.5), kRegional) == "12:00:00");
     CHECK(dateText(Date(-0.5), kRegional) == "12:00:00");
 }
 
-TEST_CASE("a date that no calendar has is an invalid call as text")
+TEST_CASE("converting a date outside the calendar to text is an invalid call")
 {
     CHECK(errorOf([] { return toText(Variant(Date(1e10)), kRegional); }) == 5);
 }

@@ -19,7 +19,7 @@ bool isAt(Date date, const DateParts &expected)
            parts.hour == expected.hour && parts.minute == expected.minute && parts.second == expected.second;
 }
 
-TEST_CASE("the days of a date count from 1899-12-30")
+TEST_CASE("a date counts days from 1899-12-30")
 {
     CHECK(isAt(Date(0), {1899, 12, 30, 0, 0, 0}));
     CHECK(isAt(Date(2), {1900, 1, 1, 0, 0, 0}));
@@ -36,7 +36,7 @@ TEST_CASE("the time of a day before the zero day counts forward from midnight")
     CHECK(dateOf({1899, 12, 30, 18, 0, 0}) == Date(0.75));
 }
 
-TEST_CASE("parts are rounded to the nearest second")
+TEST_CASE("the parts of a date are rounded to the nearest second")
 {
     constexpr double kSecond = 1.0 / 86400;
     CHECK(isAt(Date(45413 + 29.6 * kSecond), {2024, 5, 1, 0, 0, 30}));
@@ -44,14 +44,14 @@ TEST_CASE("parts are rounded to the nearest second")
     CHECK(isAt(Date(45413 + 59.6 * kSecond), {2024, 5, 1, 0, 1, 0}));
 }
 
-TEST_CASE("a time that rounds up to midnight rolls into the next day, month and year")
+TEST_CASE("a time that rounds up to midnight carries into the day, month and year")
 {
     CHECK(isAt(Date(45657.999999), {2025, 1, 1, 0, 0, 0}));
     CHECK(isAt(Date(-1.999999), {1899, 12, 30, 0, 0, 0}));
     CHECK(dayOf(Date(45413.999999)) == Date(45414));
 }
 
-TEST_CASE("a date beyond the years 100 to 9999 has no parts")
+TEST_CASE("a date outside the years 100 to 9999 has no parts")
 {
     CHECK(errorOf([] { return partsOf(Date(-657435)); }) == 5);
     CHECK(errorOf([] { return partsOf(Date(2958466)); }) == 5);
@@ -60,7 +60,7 @@ TEST_CASE("a date beyond the years 100 to 9999 has no parts")
     CHECK(errorOf([] { return partsOf(Date(std::numeric_limits<double>::quiet_NaN())); }) == 5);
 }
 
-TEST_CASE("parts that form no real day or time are an invalid call")
+TEST_CASE("parts that are not a valid day or time are an invalid call")
 {
     struct Row {
         DateParts parts;
@@ -81,7 +81,7 @@ TEST_CASE("parts that form no real day or time are an invalid call")
     }
 }
 
-TEST_CASE("DateSerial rolls over")
+TEST_CASE("DateSerial carries months and days over")
 {
     struct Row {
         std::int32_t year, month, day;
@@ -102,7 +102,7 @@ TEST_CASE("DateSerial rolls over")
     }
 }
 
-TEST_CASE("DateSerial reads years of two digits as 1930 to 2029")
+TEST_CASE("DateSerial maps two-digit years to 1930 to 2029")
 {
     CHECK(Year(DateSerial(0, 1, 1)) == 2000);
     CHECK(Year(DateSerial(29, 1, 1)) == 2029);
@@ -111,7 +111,7 @@ TEST_CASE("DateSerial reads years of two digits as 1930 to 2029")
     CHECK(Year(DateSerial(100, 1, 1)) == 100);
 }
 
-TEST_CASE("DateSerial beyond the years 100 to 9999 is an invalid call, however far beyond")
+TEST_CASE("DateSerial outside the years 100 to 9999 is an invalid call, at any distance")
 {
     constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
     constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
@@ -122,7 +122,7 @@ TEST_CASE("DateSerial beyond the years 100 to 9999 is an invalid call, however f
     CHECK(errorOf([] { return DateSerial(kLeast, kLeast, kLeast); }) == 5);
 }
 
-TEST_CASE("DateSerial leads back to a real day from arguments that lie far outside")
+TEST_CASE("DateSerial accepts arguments far out of range whose sum is a valid day")
 {
     CHECK(isAt(DateSerial(2024 + 400'000, 5 - 400'000 * 12, 1), {2024, 5, 1}));
     CHECK(isAt(DateSerial(2024 + 40'000, 5, 1 - 146'097 * 100), {2024, 5, 1}));
@@ -130,7 +130,7 @@ TEST_CASE("DateSerial leads back to a real day from arguments that lie far outsi
     CHECK(isAt(DateSerial(-2001, 6, 1 + 146'097 * 10), {1999, 6, 1}));
 }
 
-TEST_CASE("year, month, day and the day alone ignore the time")
+TEST_CASE("year, month, day and dayOf ignore the time")
 {
     const Date date = dateOf({2024, 2, 29, 23, 59, 59});
     CHECK(Year(date) == 2024);
@@ -174,7 +174,7 @@ TEST_CASE("the last second of an era's last day still belongs to it")
     CHECK(eraOf(dateOf({2019, 4, 30, 23, 59, 59}))->name == "平成");
 }
 
-TEST_CASE("from day to day the eras follow one another and never turn back")
+TEST_CASE("eras change only forward from day to day")
 {
     std::size_t index = 0;
     for (int day = -11661; day <= 73415; ++day) { // 1868-01-25 to 2100-12-31
@@ -187,7 +187,7 @@ TEST_CASE("from day to day the eras follow one another and never turn back")
     CHECK(index == 4);
 }
 
-TEST_CASE("every second of a day survives the way into parts and back")
+TEST_CASE("every second of a day survives conversion to parts and back")
 {
     for (const double day : {45413.0, 0.0, -1.0, -657434.0, 2958465.0})
         for (int second = 0; second < 86400; second += 7) {

@@ -27,7 +27,7 @@ TEST_CASE("a date is read with any of the customary separators")
     }
 }
 
-TEST_CASE("a text that is no date is a type mismatch")
+TEST_CASE("non-date text is a type mismatch")
 {
     for (const std::string_view text : {"",
                                         " ",
@@ -70,7 +70,7 @@ TEST_CASE("a text that is no date is a type mismatch")
     }
 }
 
-TEST_CASE("a time is read alone, behind and before a date, with and without seconds")
+TEST_CASE("a time is read alone, after and before a date, with and without seconds")
 {
     struct Row {
         std::string_view text;
@@ -98,7 +98,7 @@ TEST_CASE("a time is read alone, behind and before a date, with and without seco
     }
 }
 
-TEST_CASE("the half of the day is read from English and Japanese words")
+TEST_CASE("morning and afternoon are read in English and Japanese")
 {
     struct Row {
         std::string_view text;
@@ -112,14 +112,14 @@ TEST_CASE("the half of the day is read from English and Japanese words")
     }
 }
 
-TEST_CASE("a half of the day between date and time belongs to the time")
+TEST_CASE("a word for morning or afternoon between date and time belongs to the time")
 {
     CHECK(read("2024/5/1 午前 9:30") == dateOf({2024, 5, 1, 9, 30, 0}));
     CHECK(read("2024 5 1 午後9:30") == dateOf({2024, 5, 1, 21, 30, 0}));
     CHECK(read("2024/5/1 9 PM") == dateOf({2024, 5, 1, 21, 0, 0}));
 }
 
-TEST_CASE("a text that is no time is a type mismatch")
+TEST_CASE("an invalid time is a type mismatch")
 {
     for (const std::string_view text :
          {"24:00",     "24.0",      "1.60",        "1.",          ".5",          "1.5.",         "1.5.3.4",
@@ -131,7 +131,7 @@ TEST_CASE("a text that is no time is a type mismatch")
     }
 }
 
-TEST_CASE("the order of the short date is tried first and the others after it")
+TEST_CASE("the order of the short date is tried first, then the other orders")
 {
     struct Row {
         std::string_view shortDate;
@@ -154,14 +154,14 @@ TEST_CASE("the order of the short date is tried first and the others after it")
     }
 }
 
-TEST_CASE("a point that separates the parts of the short date separates no time")
+TEST_CASE("a point that separates the parts of the short date does not separate a time")
 {
     const Regional regional{"dd.MM.yyyy"};
     CHECK(read("01.05.2024 9:30", regional) == dateOf({2024, 5, 1, 9, 30, 0}));
     CHECK(errorOf([&] { return read("1.5", regional); }) == 13);
 }
 
-TEST_CASE("an era is read where the short date has eras")
+TEST_CASE("an era is read if the short date format has eras")
 {
     struct Row {
         std::string_view shortDate;
@@ -188,7 +188,7 @@ TEST_CASE("an era is read where the short date has eras")
     }
 }
 
-TEST_CASE("a text with an era that is no date is a type mismatch")
+TEST_CASE("an invalid date with an era is a type mismatch")
 {
     const Regional regional{"ggyy/MM/dd"};
     for (const std::string_view text :
@@ -199,7 +199,7 @@ TEST_CASE("a text with an era that is no date is a type mismatch")
     }
 }
 
-TEST_CASE("an era is no part of a date where the short date has none")
+TEST_CASE("an era is not accepted if the short date format has none")
 {
     for (const std::string_view shortDate : {"yyyy/MM/dd", "yy/MM/dd", "'gg'yyyy/MM/dd"}) {
         CAPTURE(shortDate);
@@ -207,7 +207,7 @@ TEST_CASE("an era is no part of a date where the short date has none")
     }
 }
 
-TEST_CASE("every day from 明治 to 2100 survives its text in a form with an era")
+TEST_CASE("every day from 明治 to 2100 survives conversion to text with an era and back")
 {
     for (const std::string_view shortDate : {"ggyy/MM/dd", "gg y/M/d", "ggy年M月d日"}) {
         const Regional regional{std::string(shortDate)};
@@ -223,7 +223,7 @@ TEST_CASE("a NUL ends the text of a date")
     CHECK(read(std::string_view("2024/5/1\0/9", 11)) == dateOf({2024, 5, 1}));
 }
 
-TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives its text in a form with the whole year")
+TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives conversion to text with a four-digit year and back")
 {
     for (const std::string_view shortDate : {"yyyy/MM/dd", "dd/MM/yyyy", "M/d/yyyy"}) {
         const Regional regional{std::string(shortDate)};
@@ -233,7 +233,7 @@ TEST_CASE("every day from 1899-12-30 to 2100-12-31 survives its text in a form w
     CHECK(dateText(Date(73415), kRegional) == "2100/12/31");
 }
 
-TEST_CASE("every day from 1930 to 2029 survives its text in a form with two digits of the year")
+TEST_CASE("every day from 1930 to 2029 survives conversion to text with a two-digit year and back")
 {
     const Regional regional{"yy/MM/dd"};
     for (int day = 10959; day <= 47483; ++day)
@@ -242,7 +242,7 @@ TEST_CASE("every day from 1930 to 2029 survives its text in a form with two digi
     CHECK(dateText(Date(47483), kRegional) == "2029/12/31");
 }
 
-TEST_CASE("a day outside 1930 to 2029 comes back from two digits of the year in that century")
+TEST_CASE("a day outside 1930 to 2029 returns from a two-digit year in that range")
 {
     const Regional regional{"yy/MM/dd"};
     for (int day = 1; day < 10959; ++day) {
@@ -254,7 +254,7 @@ TEST_CASE("a day outside 1930 to 2029 comes back from two digits of the year in 
     }
 }
 
-TEST_CASE("every quarter of an hour survives its text, before the zero day too")
+TEST_CASE("every quarter of an hour survives conversion to text and back, also before the zero day")
 {
     for (const double day : {45413.0, 0.0, -1.0, -657434.0})
         for (int quarter = 0; quarter < 96; ++quarter) {

@@ -27,7 +27,7 @@ void checkRows(std::span<const DateRow> rows)
     }
 }
 
-TEST_CASE("the program's date patterns write the parts that they name")
+TEST_CASE("the program's date patterns write the named parts")
 {
     const DateRow rows[] = {
         {{2024, 2, 29}, "yyyy/mm/dd", "2024/02/29"},
@@ -42,7 +42,7 @@ TEST_CASE("the program's date patterns write the parts that they name")
     checkRows(rows);
 }
 
-TEST_CASE("single letters write parts without a leading zero")
+TEST_CASE("single pattern characters write parts without a leading zero")
 {
     const DateRow rows[] = {
         {{2024, 2, 9}, "yyyy-m-d", "2024-2-9"},
@@ -53,7 +53,7 @@ TEST_CASE("single letters write parts without a leading zero")
     checkRows(rows);
 }
 
-TEST_CASE("an m behind the hour means the minute and elsewhere the month")
+TEST_CASE("an m after the hour means minutes, elsewhere the month")
 {
     const DateRow rows[] = {
         {{2024, 2, 9, 4, 5, 6}, "hh:mm", "04:05"},
@@ -62,19 +62,19 @@ TEST_CASE("an m behind the hour means the minute and elsewhere the month")
     checkRows(rows);
 }
 
-TEST_CASE("upper-case letters mean the same as lower-case ones")
+TEST_CASE("pattern characters are not case-sensitive")
 {
     const DateRow rows[] = {{{2024, 2, 9, 4, 5, 6}, "YYYY/MM/DD HH:NN:SS", "2024/02/09 04:05:06"}};
     checkRows(rows);
 }
 
-TEST_CASE("a year before 1000 fills four digits")
+TEST_CASE("a year before 1000 is padded to four digits")
 {
     const DateRow rows[] = {{{100, 1, 1}, "yyyy/mm/dd", "0100/01/01"}, {{105, 1, 1}, "yy", "05"}};
     checkRows(rows);
 }
 
-TEST_CASE("era patterns write name, short name, letter and year of the era")
+TEST_CASE("era patterns write the name, short name, initial and year of the era")
 {
     const DateRow rows[] = {
         {{2024, 5, 1}, "gggee年 mm月", "令和06年 05月"},
@@ -89,7 +89,7 @@ TEST_CASE("era patterns write name, short name, letter and year of the era")
     checkRows(rows);
 }
 
-TEST_CASE("an era's first and last days are written with its own year")
+TEST_CASE("the first and last days of an era are written with its own year")
 {
     const DateRow rows[] = {
         {{1868, 1, 25}, "ggg ee年mm月dd日", "明治 01年01月25日"},
@@ -106,13 +106,13 @@ TEST_CASE("an era's first and last days are written with its own year")
     checkRows(rows);
 }
 
-TEST_CASE("before the first era the western year stands alone")
+TEST_CASE("before the first era only the western year is written")
 {
     const DateRow rows[] = {{{1868, 1, 24}, "ggge年", "1868年"}, {{1868, 1, 24}, "gee", "1868"}};
     checkRows(rows);
 }
 
-TEST_CASE("an escaped or quoted letter of a pattern stands for itself")
+TEST_CASE("an escaped or quoted pattern character is literal")
 {
     const DateRow rows[] = {
         {{2024, 5, 1}, "yyyy\\y", "2024y"},
@@ -122,13 +122,13 @@ TEST_CASE("an escaped or quoted letter of a pattern stands for itself")
     checkRows(rows);
 }
 
-TEST_CASE("the time of a date rounds and carries before it is written")
+TEST_CASE("a time is rounded and carried before it is written")
 {
     CHECK(formatText(Date(45657.999999), "yyyy/mm/dd hh:nn:ss", kRegional) == "2025/01/01 00:00:00");
     CHECK(formatText(Date(43585.999999), "gggee", kRegional) == "令和01");
 }
 
-TEST_CASE("number patterns fill with zeros and round halves away from zero")
+TEST_CASE("number patterns pad with zeros and round halves away from zero")
 {
     struct Row {
         double value;
@@ -157,20 +157,20 @@ TEST_CASE("number patterns fill with zeros and round halves away from zero")
     }
 }
 
-TEST_CASE("a number or an Empty is written by a date pattern as the day that it counts to")
+TEST_CASE("a number or Empty under a date pattern is written as the day that it counts to")
 {
     CHECK(formatText(45413, "yyyy/mm/dd", kRegional) == "2024/05/01");
     CHECK(formatText(std::int16_t{2}, "yyyy/mm/dd", kRegional) == "1900/01/01");
     CHECK(formatText(Variant(), "yyyy/mm/dd", kRegional) == "1899/12/30");
 }
 
-TEST_CASE("a number beyond the calendar overflows under a date pattern")
+TEST_CASE("a number outside the calendar overflows under a date pattern")
 {
     CHECK(errorOf([] { return formatText(20240501, "yyyy/mm/dd", kRegional); }) == 6);
     CHECK(errorOf([] { return formatText("20240501", "yyyy/mm/dd", kRegional); }) == 6);
 }
 
-TEST_CASE("a text is read as a date or as a number of days under a date pattern")
+TEST_CASE("text under a date pattern is read as a date or as a number of days")
 {
     CHECK(formatText("2024/5/1", "yyyy/mm/dd", kRegional) == "2024/05/01");
     CHECK(formatText("2024/5/1 9:30", "hh:nn:ss", kRegional) == "09:30:00");
@@ -178,12 +178,12 @@ TEST_CASE("a text is read as a date or as a number of days under a date pattern"
     CHECK(formatText("01/05/2024", "yyyy/mm/dd", Regional{"dd/MM/yyyy"}) == "2024/05/01");
 }
 
-TEST_CASE("a text is read as a number under a number pattern")
+TEST_CASE("text under a number pattern is read as a number")
 {
     CHECK(formatText(" 7 ", "00", kRegional) == "07");
 }
 
-TEST_CASE("a text that is neither a date nor a number comes back as it is")
+TEST_CASE("text that is neither a date nor a number is returned unchanged")
 {
     CHECK(formatText("委任状", "yyyy/mm/dd", kRegional) == "委任状");
     CHECK(formatText("委任状", "00", kRegional) == "委任状");
@@ -198,13 +198,13 @@ TEST_CASE("a date under a number pattern and any value under an empty one have t
     CHECK(formatText(1.5, "", kRegional) == "1.5");
 }
 
-TEST_CASE("Null stays Null, and is error 94 where a text is due")
+TEST_CASE("Null is returned as Null, and is error 94 where text is required")
 {
     CHECK(Format(Null{}, "yyyy/mm/dd", kRegional).isNull());
     CHECK(errorOf([] { return formatText(Null{}, "yyyy/mm/dd", kRegional); }) == 94);
 }
 
-TEST_CASE("bytes and dates that no calendar has cannot be written")
+TEST_CASE("bytes and dates outside the calendar cannot be formatted")
 {
     CHECK(errorOf([] { return Format(Binary{}, "00", kRegional); }) == 13);
     CHECK(errorOf([] { return Format(Date(1e10), "yyyy", kRegional); }) == 5);

@@ -13,7 +13,7 @@ namespace {
 
 const Regional kRegional;
 
-TEST_CASE("a text is a number with blanks, sign, commas, point, exponent or parentheses")
+TEST_CASE("numeric text may have blanks, a sign, commas, a point, an exponent or parentheses")
 {
     struct Row {
         std::string_view text;
@@ -60,7 +60,7 @@ TEST_CASE("a text of another form is a type mismatch")
     }
 }
 
-TEST_CASE("the leading number of a text ends where the text stops being one, and is 0 without one")
+TEST_CASE("a leading number ends at the first character that is not part of it, and is 0 if there is none")
 {
     struct Row {
         std::string_view text;
@@ -81,7 +81,7 @@ TEST_CASE("the leading number of a text ends where the text stops being one, and
     CHECK(errorOf([] { return leadingNumber("1e309円"); }) == 6);
 }
 
-TEST_CASE("a number beyond a double overflows, whichever way it is written")
+TEST_CASE("a number that does not fit a double overflows in every notation")
 {
     for (const std::string &text : {std::string("1e309"), std::string("-1e309"), "1" + std::string(400, '0'),
                                     std::string("1e9999999999"), std::string("1e9223372036854775807"),
@@ -101,7 +101,7 @@ TEST_CASE("a number too small for a double is 0")
     }
 }
 
-TEST_CASE("every digit of a number text counts")
+TEST_CASE("all digits of a numeric text count")
 {
     CHECK(numberFromText("123456789.123456789") == 123456789.123456789);
     CHECK(numberFromText("12345678901234567") == 12345678901234567.0);
@@ -110,7 +110,7 @@ TEST_CASE("every digit of a number text counts")
     CHECK(toLong(Variant("2.5000000000000004"), kRegional) == 3);
 }
 
-TEST_CASE("a NUL ends the text of a number")
+TEST_CASE("a NUL ends a numeric text")
 {
     CHECK(numberFromText(std::string_view("12\0xyz", 6)) == 12);
     CHECK(errorOf([] {
@@ -120,7 +120,7 @@ TEST_CASE("a NUL ends the text of a number")
           }) == 13);
 }
 
-TEST_CASE("an &H or &O text is the bit pattern of the type that is due")
+TEST_CASE("an &H or &O text is the bit pattern of the required type")
 {
     CHECK(toInteger(Variant("&H7FFF"), kRegional) == 32767);
     CHECK(toInteger(Variant("&hffff"), kRegional) == -1);
@@ -137,7 +137,7 @@ TEST_CASE("an &H text with more bits than the type overflows")
     CHECK(errorOf([] { return toDouble(Variant("&H80000000"), kRegional); }) == 6);
 }
 
-TEST_CASE("numbers, Empty and texts that are numbers are numeric")
+TEST_CASE("numbers, Empty and numeric texts are numeric")
 {
     CHECK(isNumeric(Variant()));
     CHECK(isNumeric(Variant(std::int16_t{1})));

@@ -9,7 +9,7 @@
 namespace inin {
 namespace {
 
-TEST_CASE("every error number has the runtime's own description")
+TEST_CASE("every error number has its own description")
 {
     struct Row {
         std::int32_t number;
@@ -51,7 +51,7 @@ TEST_CASE("an unknown error number has the general description")
     CHECK(runtimeDescription(1004) == "アプリケーション定義またはオブジェクト定義のエラーです。");
 }
 
-TEST_CASE("a provider's own words take the place of the runtime's description")
+TEST_CASE("a provider's text replaces the runtime's description")
 {
     const RuntimeError error(-2147217865, "オブジェクト名 'STAFF' が無効です。");
 
@@ -59,7 +59,7 @@ TEST_CASE("a provider's own words take the place of the runtime's description")
     CHECK(error.description() == "オブジェクト名 'STAFF' が無効です。");
 }
 
-TEST_CASE("a runtime error that leaves an event procedure goes on as an unhandled error")
+TEST_CASE("a runtime error that leaves an event procedure becomes an unhandled error")
 {
     std::int32_t number = 0;
     try {
@@ -70,7 +70,7 @@ TEST_CASE("a runtime error that leaves an event procedure goes on as an unhandle
     CHECK(number == 11);
 }
 
-TEST_CASE("a failure that is no runtime error passes the edge of an event as it is")
+TEST_CASE("other exceptions leave an event procedure unchanged")
 {
     CHECK_THROWS_AS(atEventEdge([] { throw std::logic_error("ours"); }), std::logic_error);
 }

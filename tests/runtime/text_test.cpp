@@ -11,16 +11,16 @@
 namespace inin {
 namespace {
 
-// 𠮷 (U+20BB7) lies beyond the first plane: one character, two units, four bytes.
+// 𠮷 (U+20BB7) is outside the BMP: one character, two units, four bytes.
 
-TEST_CASE("trimming takes ASCII blanks and leaves full-width blanks, tabs and inner blanks")
+TEST_CASE("trimming removes ASCII blanks and keeps full-width blanks, tabs and inner blanks")
 {
     CHECK(rtrim("  山田 太郎　  ") == "  山田 太郎　");
     CHECK(ltrim("  　山田 太郎 ") == "　山田 太郎 ");
     CHECK(trim("  \t山田 太郎\t  ") == "\t山田 太郎\t");
 }
 
-TEST_CASE("trimming a text of blanks alone gives the empty text")
+TEST_CASE("trimming a text of blanks returns the empty text")
 {
     CHECK(rtrim("   ").empty());
     CHECK(ltrim("   ").empty());
@@ -67,7 +67,7 @@ TEST_CASE("each byte that begins no character counts as one unit")
     }
 }
 
-TEST_CASE("left gives the first units and leaves out a pair that would straddle the cut")
+TEST_CASE("left returns the first units and omits a surrogate pair across the cut")
 {
     struct Row {
         std::string_view text;
@@ -85,7 +85,7 @@ TEST_CASE("left gives the first units and leaves out a pair that would straddle 
     }
 }
 
-TEST_CASE("mid counts from 1 and leaves out a pair that either end would cut")
+TEST_CASE("mid counts from 1 and omits a surrogate pair across either end")
 {
     struct Row {
         std::string_view text;
@@ -116,7 +116,7 @@ TEST_CASE("mid counts from 1 and leaves out a pair that either end would cut")
     }
 }
 
-TEST_CASE("mid takes the rest of a text when the count is the largest there is")
+TEST_CASE("mid with the largest count returns the rest of the text")
 {
     CHECK(mid("a𠮷bc", 2, static_cast<std::size_t>(-1)) == "𠮷bc");
 }
@@ -126,7 +126,7 @@ TEST_CASE("mid from position 0 is an invalid call")
     CHECK(errorOf([] { return mid("委任状", 0, 1); }) == 5);
 }
 
-TEST_CASE("a fixed text is padded with blanks and cut at its length")
+TEST_CASE("a fixed text is padded with blanks and cut to its length")
 {
     struct Row {
         std::string_view text;
@@ -143,19 +143,19 @@ TEST_CASE("a fixed text is padded with blanks and cut at its length")
     }
 }
 
-TEST_CASE("a fixed text has a blank where a pair would straddle its end")
+TEST_CASE("a fixed text has a blank in place of a surrogate pair across its end")
 {
     CHECK(fixedText("ab𠮷", 3) == "ab ");
     CHECK(fixedText("ab𠮷", 4) == "ab𠮷");
 }
 
-TEST_CASE("lower case folds ASCII letters and nothing else")
+TEST_CASE("lower case converts ASCII letters only")
 {
     CHECK(asciiLower("Massage.INI ＡÀ委") == "massage.ini ＡÀ委");
     CHECK(asciiLower("@[`{") == "@[`{");
 }
 
-TEST_CASE("texts are equal when they differ in the case of ASCII letters alone")
+TEST_CASE("texts that differ only in ASCII case are equal")
 {
     CHECK(equalsIgnoringAsciiCase("BaseID", "BASEid"));
     CHECK(equalsIgnoringAsciiCase("", ""));
@@ -164,7 +164,7 @@ TEST_CASE("texts are equal when they differ in the case of ASCII letters alone")
     CHECK_FALSE(equalsIgnoringAsciiCase("@", "`"));
 }
 
-TEST_CASE("any bytes at all keep the units of left, mid and fixedText in step")
+TEST_CASE("left, mid and fixedText count units alike for any bytes")
 {
     std::mt19937 random(20240501);
     for (int round = 0; round < 2000; ++round) {

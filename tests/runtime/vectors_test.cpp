@@ -11,8 +11,8 @@
 #include <fstream>
 #include <vector>
 
-// Recorded results of the platform's own conversions, one JSON object a line. They hold without exception here: the one
-// rule that parts from them, a visit time that is NULL, belongs to the reader of that column.
+// Recorded results of the platform's own conversions, one JSON object per line. All of them apply here without
+// exception; the only deviating rule, a visit time that is NULL, is in the reader of that column.
 
 namespace inin {
 namespace {
@@ -39,7 +39,7 @@ std::int32_t expectedError(const Json &result)
     return -1;
 }
 
-/// The platform's own decimal reading is off by up to two units in the last place.
+/// The platform's own decimal conversion is off by up to two units in the last place.
 bool isRecorded(std::floating_point auto value, const Json &recorded)
 {
     auto low = recorded.get<double>();
@@ -56,7 +56,7 @@ bool isRecorded(const Json &value, const Json &recorded)
     return value == recorded;
 }
 
-/// A value is the recorded one, or the error is.
+/// The result is the recorded value or the recorded error.
 template <class Action> void checkResult(const Json &result, Action &&action)
 {
     const std::int32_t expected = expectedError(result);
@@ -70,7 +70,7 @@ std::string stamp(Date date)
     return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", p.year, p.month, p.day, p.hour, p.minute, p.second);
 }
 
-/// The recorded decimal as a double, the smallest ones too.
+/// The recorded decimal as a double, including subnormal ones.
 double doubleOf(const Json &text)
 {
     return Json::parse(text.get<std::string>()).get<double>();
@@ -124,7 +124,8 @@ TEST_CASE("every recorded date text converts to the recorded date or error")
         if (expected != 0) continue;
         const Date date = toDate(text, kRegional);
         CHECK(stamp(date) == entry.at("is").get<std::string>());
-        // The recording's last bit comes from another order of divisions; a hundredth of a second is what counts.
+        // The recording computed the time in another order of divisions, so the last bits differ; compare to a
+        // hundredth of a second.
         CHECK(std::abs(date.days() - entry.at("v").get<double>()) < 1e-7);
     }
 }

@@ -23,7 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A print by planned month on a site that something is wrong with.
+/// A print by planned month on a faulty site.
 struct PrintOnASite {
     Play play = readPlay(ININ_SCENARIOS "/planned_month.play");
     TemporarySite site{play};
@@ -36,7 +36,7 @@ struct PrintOnASite {
         const auto prints = [](const PlayStep &step) { return step.command == R"json({"click":"btnPrint(0)"})json"; };
         return static_cast<std::size_t>(std::ranges::find_if(play.steps, prints) - play.steps.begin());
     }
-    /// What happened from the print on, one event a line.
+    /// The events from the print on, one per line.
     std::string run()
     {
         const PlayRecord record = driver.run(play, site);
@@ -47,7 +47,7 @@ struct PrintOnASite {
     }
 };
 
-/// Another program that has the whole database file to itself.
+/// Another program with an exclusive lock on the database file.
 class OtherProgram {
 public:
     explicit OtherProgram(const fs::path &database)
@@ -78,7 +78,7 @@ constexpr const char *kFatal70 = R"({"event":"fatal","number":70,"text":"書き�
 } // namespace
 
 TEST_CASE_FIXTURE(PrintOnASite,
-                  "a database that another program locks before the print times out with a box, and the screen stays")
+                  "a print on a database locked by another program times out with a box, and the screen stays open")
 {
     driver.wrapDatabase = [](std::unique_ptr<Database> inner) {
         return std::make_unique<ImpatientDatabase>(std::move(inner));
@@ -109,7 +109,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a print during the run of another program names
     CHECK_FALSE(fs::exists(site.at("TMP\\WfdCom.dat")));
 }
 
-TEST_CASE_FIXTURE(PrintOnASite, "a print after the end of another program's run goes on and leaves its own holder")
+TEST_CASE_FIXTURE(PrintOnASite, "a print after the end of another program's run succeeds and becomes the holder")
 {
     writeBytes(site.at("TMP\\委任状.run"), "PrintInin run 1\nholder KEIRI 77\n");
     const std::string events = run();
@@ -121,7 +121,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a print after the end of another program's run 
     CHECK(holds(left, "\ncsv " + std::to_string(fs::file_size(csv())) + "\nletters "));
 }
 
-TEST_CASE_FIXTURE(PrintOnASite, "a table that goes while the screen is open fails the print in the provider's words")
+TEST_CASE_FIXTURE(PrintOnASite, "a table dropped while the screen is open fails the print with the provider's message")
 {
     driver.onCommand = [&](std::size_t command) {
         if (command != printing()) return;
@@ -137,7 +137,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a table that goes while the screen is open fail
 }
 
 #ifndef _WIN32 // there an open database cannot be deleted
-TEST_CASE_FIXTURE(PrintOnASite, "a database file that goes while the screen is open fails the print's connect")
+TEST_CASE_FIXTURE(PrintOnASite, "a database file deleted while the screen is open fails the print's connect")
 {
     driver.onCommand = [&](std::size_t command) {
         if (command == printing()) fs::remove(site.at("site.db"));
@@ -149,7 +149,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a database file that goes while the screen is o
     CHECK_FALSE(fs::exists(site.at("site.db")));
 }
 
-TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that is full ends the program with error 61 behind what fitted")
+TEST_CASE_FIXTURE(PrintOnASite, "a full temporary folder ends the program with error 61 and keeps what fitted")
 {
     const SmallDisk disk(site.at("TMP").string());
     if (!disk.isThere()) {
@@ -165,7 +165,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that is full ends the progra
     CHECK_FALSE(fs::exists(site.at("TMP\\WfdCom.dat")));
 }
 
-TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that may not be written to ends the program with error 75")
+TEST_CASE_FIXTURE(PrintOnASite, "a read-only temporary folder ends the program with error 75")
 {
     fs::permissions(site.folder(), fs::perms::all);
     fs::permissions(site.at("site.db"), fs::perms::all);
@@ -178,7 +178,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that may not be written to e
     CHECK_FALSE(fs::exists(csv()));
 }
 
-TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program with error 70 and stays")
+TEST_CASE_FIXTURE(PrintOnASite, "a write-protected CSV ends the program with error 70 and stays")
 {
     writeBytes(csv(), "before");
     fs::permissions(csv(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
@@ -192,9 +192,9 @@ TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program 
     CHECK(bytesOf(csv()) == "before");
 }
 
-// Where an open file refuses to be deleted, the same comes as error 70, see below; this system lets it go.
+// A system that refuses to delete an open file reports error 70, see below; this one allows it.
 TEST_CASE_FIXTURE(PrintOnASite,
-                  "a CSV that the form tool still reads is replaced under it, and its reader keeps the old one")
+                  "a CSV that the form tool is still reading is replaced, and its reader keeps the old one")
 {
     writeBytes(csv(), "before");
     std::ifstream reader(csv());
@@ -209,7 +209,7 @@ TEST_CASE_FIXTURE(PrintOnASite,
 
 #else
 
-TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program with error 70 and stays")
+TEST_CASE_FIXTURE(PrintOnASite, "a write-protected CSV ends the program with error 70 and stays")
 {
     writeBytes(csv(), "before");
     fs::permissions(csv(), fs::perms::owner_read);
@@ -221,7 +221,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a CSV that is write-protected ends the program 
     fs::permissions(csv(), fs::perms::owner_all);
 }
 
-TEST_CASE_FIXTURE(PrintOnASite, "a CSV that the form tool still reads ends the program with error 70 and stays")
+TEST_CASE_FIXTURE(PrintOnASite, "a CSV that the form tool is still reading ends the program with error 70 and stays")
 {
     writeBytes(csv(), "before");
     std::ifstream reader(csv());
@@ -233,7 +233,7 @@ TEST_CASE_FIXTURE(PrintOnASite, "a CSV that the form tool still reads ends the p
     CHECK(bytesOf(csv()) == "before");
 }
 
-TEST_CASE_FIXTURE(PrintOnASite, "a temporary folder that is gone ends the program with error 76")
+TEST_CASE_FIXTURE(PrintOnASite, "a deleted temporary folder ends the program with error 76")
 {
     driver.onCommand = [&](std::size_t command) {
         if (command == printing()) fs::remove_all(site.at("TMP"));

@@ -14,7 +14,7 @@ using namespace inin;
 
 namespace {
 
-/// The exit code in what std::system gives back; -1 for a process that ended otherwise.
+/// The exit code in the result of std::system; -1 for a process that ended otherwise.
 int exitCodeOf(int status)
 {
 #ifdef _WIN32
@@ -37,7 +37,7 @@ public:
         std::ofstream(path("commands")) << commands;
         const std::string line =
             m_program + " " + arguments + " <" + path("commands") + " >" + path("out") + " 2>" + path("errors");
-        const int status = std::system(line.c_str()); // NOLINT: the line is made here
+        const int status = std::system(line.c_str()); // NOLINT: the line is composed here
         return {exitCodeOf(status), bytesOf(path("out")), bytesOf(path("errors"))};
     }
     [[nodiscard]] std::string app() const { return "--app " + m_site.folder().string(); }
@@ -52,13 +52,14 @@ private:
     }
 
     TemporarySite m_site{basic()};
-    /// Whole, because a test may go to another folder.
+    /// Absolute, because a test may change the current folder.
     std::string m_program = std::filesystem::absolute(ININ_SCRIPT_PROGRAM).make_preferred().string();
 };
 
 } // namespace
 
-TEST_CASE("a command line without a folder, with an unknown option or an odd moment is exit code 2 with a message")
+TEST_CASE(
+    "a command line without a folder, with an unknown option or an invalid moment gives exit code 2 and a message")
 {
     const CommandLine line;
     for (const std::string &arguments :
@@ -72,14 +73,14 @@ TEST_CASE("a command line without a folder, with an unknown option or an odd mom
     }
 }
 
-TEST_CASE("help is asked for on purpose: exit code 0")
+TEST_CASE("help gives exit code 0")
 {
     const Ran ran = CommandLine().run("--help");
     CHECK(ran.code == 0);
     CHECK(ran.out.find("--app") != std::string::npos);
 }
 
-TEST_CASE("the program plays its standard input and tells what happens on its standard output")
+TEST_CASE("the program plays its standard input and writes the events to its standard output")
 {
     const CommandLine line;
     const Ran ran =
@@ -100,7 +101,7 @@ TEST_CASE("a relative folder is found, and so is the database in it")
     CHECK(ran.out.find("{\"event\":\"connect\",\"session\":1}") != std::string::npos);
 }
 
-TEST_CASE("a bad command is exit code 2 with its line")
+TEST_CASE("a bad command gives exit code 2 and its line")
 {
     const CommandLine line;
     const Ran ran = line.run(line.app(), "# first\n{\"click\":\"nobody\"}\n");

@@ -7,8 +7,8 @@
 
 namespace inin {
 
-/// Another database whose commands wait no longer than a second, whatever the program asks for: what takes three
-/// minutes in the field is seen in a test.
+/// Another database whose commands wait at most a second, whatever timeout the program sets, so that a test need not
+/// wait three minutes.
 class ImpatientDatabase : public Database {
 public:
     explicit ImpatientDatabase(std::unique_ptr<Database> inner) : m_inner(std::move(inner)) {}

@@ -107,7 +107,7 @@ private:
         return true;
     }
 
-    /// The rest of the line behind a mark and one blank.
+    /// The rest of the line after a prefix and one blank.
     [[nodiscard]] std::optional<std::string> behind(std::string_view mark) const
     {
         if (!m_text.starts_with(mark)) return std::nullopt;
@@ -141,7 +141,7 @@ private:
     std::string m_text;
     std::size_t m_line = 0;
     Play m_play;
-    PlayFile *m_block = nullptr; ///< the file whose indented lines come
+    PlayFile *m_block = nullptr; ///< the file whose indented lines follow
 };
 
 } // namespace

@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// A command of a play with what must happen until the next one. The first step has no command: the start.
+/// A command of a play and the events expected until the next one. The first step has no command: the start.
 struct PlayStep {
     /// "> end of commands": the input ends here, and the program closes the forms that are still open. It is the last
     /// step; in a play without it the program must close its forms itself.
@@ -35,7 +35,7 @@ struct PlayFile {
     std::size_t line = 0;
 };
 
-/// One scenario: a site, what is changed in it, commands, events, and what must lie on the disk in the end.
+/// One scenario: a site, the changes to it, commands, expected events, and the files expected at the end.
 struct Play {
     std::string file;
     std::string claim; ///< its first comment line, the name of the test
@@ -54,7 +54,7 @@ struct Play {
 
 /// All plays of this folder, by name.
 [[nodiscard]] std::vector<std::string> playFiles();
-/// Reads a *.play file; std::runtime_error with file and line when it is none.
+/// Reads a *.play file. Throws std::runtime_error with file and line if it is invalid.
 [[nodiscard]] Play readPlay(const std::string &path);
 
 } // namespace inin

@@ -23,7 +23,7 @@ void nameFolder(Json &value, const TemporarySite &site)
         for (Json &member : value) nameFolder(member, site);
 }
 
-/// True when every key of `part` stands in `whole` with the same value, objects likewise.
+/// True when `whole` contains every key of `part` with the same value; objects are compared in the same way.
 bool contains(const Json &whole, const Json &part)
 {
     if (!part.is_object() || !whole.is_object()) return whole == part;
@@ -43,7 +43,7 @@ std::string difference(const Play &play, std::size_t line, const std::string &wa
     return play.file + ":" + std::to_string(line) + ":\n  wanted: " + wanted + "\n  seen:   " + seen;
 }
 
-/// One step: walks the expected lines and the events side by side.
+/// Compares the expected lines of one step with its events, in order.
 std::string stepDifference(const Play &play, const PlayStep &step, const std::vector<Json> &events)
 {
     std::size_t at = 0;

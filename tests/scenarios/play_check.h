@@ -6,8 +6,8 @@
 
 namespace inin {
 
-/// The first difference between what a play wants and what was seen, with both texts; empty when there is none.
-/// The site's folder is "$APP" in the play's events and files.
+/// The first difference between the expectations of a play and the record, with both texts; empty when there is none.
+/// "$APP" in the play's events and files is the site's folder.
 [[nodiscard]] std::string firstDifference(const Play &play, const PlayRecord &record, const TemporarySite &site);
 
 } // namespace inin

@@ -8,16 +8,16 @@
 
 namespace inin {
 
-/// What a driver saw: the events of each step, in the play's order of steps, one JSON object each.
+/// The record of a driver: the events of each step, in the order of the steps, one JSON object each.
 struct PlayRecord {
     std::vector<std::vector<std::string>> events;
-    /// A form was still open after the last step, and the play has no step for the end of its commands.
+    /// True when a form was still open after the last step and the play has no step for the end of its commands.
     bool ranOutOfCommands = false;
     int exitCode = 0;
     std::string errors;
 };
 
-/// Something that can play: the screen without a window, or a real window that is driven.
+/// A driver plays a play: without windows, or by operating the real windows.
 class PlayDriver {
 public:
     PlayDriver() = default;

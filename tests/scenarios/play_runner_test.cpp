@@ -10,7 +10,7 @@ using namespace inin;
 
 namespace {
 
-/// A play and a site of its own, with what a driver saw put in by the test.
+/// A play with its own site, and a driver's record made by the test.
 struct Checked {
     explicit Checked(const std::string &text) : play(readText(text)), site(play) {}
 
@@ -43,7 +43,7 @@ std::string differenceOf(const std::string &steps, std::vector<std::vector<std::
     return checked.difference();
 }
 
-/// As a JSON text has it.
+/// The text as a JSON string contains it.
 std::string escaped(const std::string &path)
 {
     std::string text;
@@ -81,34 +81,34 @@ TEST_CASE("a play is read with its settings, steps and files")
     CHECK(play.exitCode == 1);
 }
 
-TEST_CASE("a play without a claim, without a site or with an odd line is refused")
+TEST_CASE("a play without a claim, without a site or with an invalid line is refused")
 {
     CHECK(complaint("site: basic\n").ends_with("the play does not begin with what it shows"));
     CHECK(complaint("# a claim\n").ends_with("the play names no site"));
     CHECK(complaint("# a claim\nsight: basic\n").ends_with(":2: this line is no line of a play: sight: basic"));
 }
 
-TEST_CASE("events that come as the play wants them are no difference")
+TEST_CASE("events as expected by the play are no difference")
 {
     CHECK(differenceOf("< {\"event\":\"beep\"}\n> {\"close\":true}\n< {\"event\":\"end\",\"code\":0}\n",
                        {{R"({"event":"beep"})"}, {R"({"event":"end","code":0})"}}) == "");
 }
 
-TEST_CASE("the first event that differs is told with both texts")
+TEST_CASE("the first different event is reported with both texts")
 {
     CHECK(differenceOf("< {\"event\":\"beep\"}\n< {\"event\":\"end\",\"code\":0}\n",
                        {{R"({"event":"beep"})", R"({"event":"end","code":1})"}}) ==
           "test.play:5:\n  wanted: {\"event\":\"end\",\"code\":0}\n  seen:   {\"event\":\"end\",\"code\":1}");
 }
 
-TEST_CASE("an event that does not come and one that is not wanted are differences")
+TEST_CASE("a missing event and an unexpected one are differences")
 {
     CHECK(differenceOf("< {\"event\":\"beep\"}\n", {{}}).ends_with("seen:   no event"));
     CHECK(differenceOf("", {{R"({"event":"beep"})"}}).ends_with("seen:   {\"event\":\"beep\"}"));
     CHECK(differenceOf("< {\"event\":\"beep\"}\n", {{R"({"event":"beep"})", R"({"event":"beep"})"}}).empty() == false);
 }
 
-TEST_CASE("an event that comes before its command is a difference")
+TEST_CASE("an event before its command is a difference")
 {
     CHECK_FALSE(differenceOf("> {\"click\":\"a\"}\n< {\"event\":\"beep\"}\n", {{R"({"event":"beep"})"}, {}}).empty());
 }
@@ -118,7 +118,7 @@ TEST_CASE("keys in another order are a difference")
     CHECK_FALSE(differenceOf("< {\"code\":0,\"event\":\"end\"}\n", {{R"({"event":"end","code":0})"}}).empty());
 }
 
-TEST_CASE("an ellipsis skips events up to the next one that is wanted, within its step")
+TEST_CASE("an ellipsis skips events up to the next expected one within its step")
 {
     const std::vector<std::string> events = {R"({"event":"connect","session":1})", R"({"event":"beep"})"};
     CHECK(differenceOf("< ...\n< {\"event\":\"beep\"}\n", {events}) == "");
@@ -128,7 +128,7 @@ TEST_CASE("an ellipsis skips events up to the next one that is wanted, within it
     CHECK_FALSE(differenceOf("< ...\n< {\"event\":\"end\"}\n", {events}).empty());
 }
 
-TEST_CASE("a part fits an event that has its keys and values, objects likewise")
+TEST_CASE("a partial event matches an event that has its keys and values, nested objects likewise")
 {
     const char *state = R"({"event":"state","fields":{"a":1,"b":2}})";
     CHECK(differenceOf("<~ {\"event\":\"state\",\"fields\":{\"b\":2}}\n", {{state}}) == "");
@@ -136,7 +136,7 @@ TEST_CASE("a part fits an event that has its keys and values, objects likewise")
     CHECK_FALSE(differenceOf("<~ {\"fields\":{\"c\":2}}\n", {{state}}).empty());
 }
 
-TEST_CASE("a command that was never asked for is a difference")
+TEST_CASE("a command that was never requested is a difference")
 {
     CHECK(differenceOf("> {\"close\":true}\n", {{}}) == "test.play: never asked for {\"close\":true}");
 }
@@ -150,7 +150,7 @@ TEST_CASE("a form that is still open after the last command is a difference")
     CHECK(checked.difference() == "test.play: a form is still open after the last command");
 }
 
-TEST_CASE("the end of the commands is a step of its own, and the last one")
+TEST_CASE("the end of the commands is a separate step, and the last one")
 {
     const std::string end = "> end of commands\n";
     const Play play = Checked::readText(kHead + end + "< {\"event\":\"beep\"}\n");
@@ -160,7 +160,7 @@ TEST_CASE("the end of the commands is a step of its own, and the last one")
     CHECK(complaint(kHead + end + "> {\"close\":true}\n").ends_with(":5: a command follows the end of the commands"));
 }
 
-TEST_CASE("a play that leaves the screen open runs out of commands, unless it asks for their end")
+TEST_CASE("a play that leaves the screen open runs out of commands, unless it has a step for their end")
 {
     const auto ranOut = [](const std::string &steps) {
         const Checked checked(kHead + steps);
@@ -172,7 +172,7 @@ TEST_CASE("a play that leaves the screen open runs out of commands, unless it as
     CHECK_FALSE(ranOut("> end of commands\n"));
 }
 
-TEST_CASE("the site's folder is $APP in events, however it is spelled")
+TEST_CASE("the site's folder is $APP in events with either separator")
 {
     Checked checked(std::string(kHead) + "< {\"event\":\"open\",\"address\":\"$APP\\\\a $APP/b\"}\n");
     const std::string folder = checked.site.folder().string();
@@ -183,14 +183,14 @@ TEST_CASE("the site's folder is $APP in events, however it is spelled")
     CHECK(checked.difference() == "");
 }
 
-TEST_CASE("an exit code that differs is told with what stood on the error stream")
+TEST_CASE("a different exit code is reported with the error stream")
 {
     Checked checked(kHead);
     checked.record = {.events = {{}}, .exitCode = 2, .errors = "line 1: no"};
     CHECK(checked.difference() == "test.play: wanted exit 0, seen 2\n  errors: line 1: no");
 }
 
-TEST_CASE("files are compared in code page 932 with CR LF, and the first line that differs is told")
+TEST_CASE("files are compared in code page 932 with CR LF, and the first different line is reported")
 {
     Checked checked(std::string(kHead) + "file TMP\\a.csv:\n    髙橋\n    青木\n");
     checked.record.events = {{}};
@@ -203,7 +203,7 @@ TEST_CASE("files are compared in code page 932 with CR LF, and the first line th
     CHECK_FALSE(checked.difference().empty());
 }
 
-TEST_CASE("a file that should not be there is a difference")
+TEST_CASE("a file that should be absent is a difference")
 {
     Checked checked(std::string(kHead) + "absent: TMP\\a.csv\n");
     checked.record.events = {{}};
@@ -212,7 +212,7 @@ TEST_CASE("a file that should not be there is a difference")
     CHECK(checked.difference() == "test.play: there is a TMP\\a.csv");
 }
 
-TEST_CASE("a site is made with its database and its settings in code page 932, and removed again")
+TEST_CASE("a site is created with its database and its settings in code page 932, and deleted again")
 {
     std::filesystem::path folder;
     {
@@ -227,7 +227,7 @@ TEST_CASE("a site is made with its database and its settings in code page 932, a
     CHECK_FALSE(std::filesystem::exists(folder));
 }
 
-TEST_CASE("a play cannot take away what its site lacks")
+TEST_CASE("a play cannot remove a file that its site does not have")
 {
     CHECK_THROWS_AS(Checked(std::string(kHead) + "remove: nothing.ini\n"), std::runtime_error);
 }

@@ -9,7 +9,7 @@
 
 using namespace inin;
 
-TEST_CASE("each play has a claim of its own, or one of two would not be played")
+TEST_CASE("each play has a unique claim, because only one of two equal claims would be played")
 {
     std::map<std::string, std::string> files;
     for (const std::string &file : playFiles()) {
@@ -19,7 +19,7 @@ TEST_CASE("each play has a claim of its own, or one of two would not be played")
     CHECK_FALSE(files.empty());
 }
 
-TEST_CASE("the screen without a window plays every scenario")
+TEST_CASE("the script adapter plays every scenario")
 {
     ScriptDriver driver;
     for (const std::string &file : playFiles()) {

@@ -18,8 +18,8 @@ using namespace sqlite;
 
 namespace {
 
-/// Hands out the commands one by one and notes where in the transcript each was asked for: what stands there before
-/// belongs to the steps before.
+/// Supplies the commands one by one and records the length of the transcript at each request: the events before it
+/// belong to the previous steps.
 class CommandFeed : public std::streambuf {
 public:
     CommandFeed(const Play &play, const std::ostringstream &transcript, std::function<void(std::size_t)> onCommand)
@@ -79,7 +79,7 @@ std::vector<std::vector<std::string>> stepsOf(const std::string &transcript, std
 
 PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
 {
-    const CurrentFolder keep; // the program makes its own current
+    const CurrentFolder keep; // the program changes the current folder
     ScriptOptions options{site.folder().string(), readMoment(play.now), play.startProcesses};
     if (!options.now) throw std::runtime_error(play.file + ": now: is no moment");
     std::unique_ptr<Database> database =

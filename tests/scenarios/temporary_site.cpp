@@ -20,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char *kDatabase = "site.db";
-/// The tables of every site; a site's own scripts hold its rows.
+/// The tables of every site; a site's own scripts contain its rows.
 constexpr const char *kSchema = ININ_SITE "/schema_sqlite.sql";
 
 struct CloseDatabase {
@@ -35,7 +35,7 @@ public:
         const int result = sqlite3_open(path.string().c_str(), &database);
         m_database.reset(database);
         if (result != SQLITE_OK) throw std::runtime_error("cannot make " + path.string());
-        // Nothing of a play outlives it: waiting for the disk would make up most of its time.
+        // The files of a play are temporary: waiting for the disk would take most of its time.
         exec("PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF", path);
     }
     void run(const fs::path &script) const { exec(bytesOf(script), script); }

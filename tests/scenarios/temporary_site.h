@@ -8,16 +8,16 @@
 
 namespace inin {
 
-/// A site on the disk, made anew for one play and removed behind it.
-/// Of the folder sites/NAME: "folders.txt" names empty folders, "*.sql" is run into "site.db", "*.ini" is turned into
-/// code page 932 with CR LF, everything else is copied as it is. The play's own changes come last.
+/// A site on the disk, created for one play and deleted after it. In the folder sites/NAME, "folders.txt" names empty
+/// folders, "*.sql" is run in "site.db", "*.ini" is converted to code page 932 with CR LF, and everything else is
+/// copied. The play's own changes are applied last.
 class TemporarySite {
 public:
     explicit TemporarySite(const Play &play);
 
-    /// As the system reports it, and so as the program sees it.
+    /// As reported by the system, and so as seen by the program.
     [[nodiscard]] const std::filesystem::path &folder() const { return m_folder.folder(); }
-    /// A path of the suite inside the site, as this system writes it.
+    /// A path of the suite inside the site, in this system's notation.
     [[nodiscard]] std::filesystem::path at(const std::string &suitePath) const;
 
 private:
@@ -27,9 +27,9 @@ private:
     TempFolder m_folder;
 };
 
-/// A text with $APP for the site's folder, whose name stands there with either separator, in JSON doubled.
+/// Replaces the site's folder by $APP, with either separator, also with doubled backslashes as in JSON.
 [[nodiscard]] std::string withoutFolder(const std::string &text, const TemporarySite &site);
-/// UTF-8 lines as the suite's text files hold them.
+/// Converts UTF-8 lines to the format of the suite's text files.
 [[nodiscard]] std::string suiteBytes(const std::string &utf8);
 
 } // namespace inin

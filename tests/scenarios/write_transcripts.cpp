@@ -1,5 +1,5 @@
-// Plays every scenario and writes what happened into a folder: NAME.txt holds the events and the exit code, NAME/ the files
-// of the temporary folder. The site's folder is $APP in all of it, so that two systems can be held against each other.
+// Plays every scenario and writes the results into a folder: NAME.txt has the events and the exit code, NAME/ the files
+// of the temporary folder. The site's folder is always $APP, so that the results of two systems can be compared.
 
 #include "scenarios/script_driver.h"
 #include "support/file_bytes.h"

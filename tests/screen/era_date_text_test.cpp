@@ -41,7 +41,7 @@ void checkAll(const std::vector<Typed> &rows, const DateContext &context)
 
 } // namespace
 
-TEST_CASE("a day is read in every form that a person types")
+TEST_CASE("a day is read in every common way of typing it")
 {
     checkAll({{"R8.11.21", 2026, 11, 21},
               {"r8/11/21", 2026, 11, 21},
@@ -64,14 +64,14 @@ TEST_CASE("a day is read in every form that a person types")
              onDay());
 }
 
-TEST_CASE("full-width digits, letters and signs are read as their narrow ones")
+TEST_CASE("full-width digits, Latin letters and signs are read as their narrow ones")
 {
     checkAll({{"Ｒ８．１１．２１", 2026, 11, 21},
               {"ｒ８／１１／２１", 2026, 11, 21},
               {"２０２６１１２１", 2026, 11, 21},
               {"令和８年１１月２１日", 2026, 11, 21},
               {"２０２６－１１－２１", 2026, 11, 21},
-              // What an input method writes for the keys of the point, the slash and the hyphen.
+              // What an input method enters for the keys of the point, the slash and the hyphen.
               {"８。１１。２１", 2026, 11, 21},
               {"８・１１・２１", 2026, 11, 21},
               {"８ー１１ー２１", 2026, 11, 21},
@@ -121,7 +121,7 @@ TEST_CASE("a weekday in brackets and a time after the date are dropped")
     }
 }
 
-TEST_CASE("a single character for an era is its name")
+TEST_CASE("a single character for an era is read as its name")
 {
     checkAll({{"㋿8年11月21日", 2026, 11, 21}, {"㋿元年5月1日", 2019, 5, 1}}, onDay());
     checkAll({{"㍻31.4.30", 2019, 4, 30},
@@ -131,7 +131,7 @@ TEST_CASE("a single character for an era is its name")
              onDay());
 }
 
-TEST_CASE("a date more than five years from today is taken with a notice of its western year")
+TEST_CASE("a date more than five years from today is read with a notice of its western year")
 {
     const TypedDate typed = readTypedDate("26/11/21", onDay());
     CHECK(typed.date == day(2044, 11, 21));
@@ -148,14 +148,14 @@ TEST_CASE("a date more than five years from today is taken with a notice of its 
     CHECK(readTypedDate("R8.2.29", onDay()).notice == "");
 }
 
-TEST_CASE("five years from 29 February end on 1 March where the year has no 29th")
+TEST_CASE("five years from 29 February end on 1 March if that year has no 29 February")
 {
     const DateContext leapDay{day(2024, 2, 29), DateGrain::day, eras()};
     CHECK(readTypedDate("2029/3/1", leapDay).notice == "");
     CHECK_FALSE(readTypedDate("2029/3/2", leapDay).notice.empty());
 }
 
-TEST_CASE("an era that has ended is counted on into the right one")
+TEST_CASE("a year past the end of its era is converted to the following era")
 {
     checkAll({{"H31.5.1", 2019, 5, 1},
               {"平成31年5月1日", 2019, 5, 1},
@@ -168,7 +168,7 @@ TEST_CASE("an era that has ended is counted on into the right one")
     CHECK(typedDateText(*readTypedDate("H31.5.1", onDay()).date, kDayPattern) == "令和 01年05月01日");
 }
 
-TEST_CASE("the last day of an era and the first of the next are read as they were called")
+TEST_CASE("the last day of an era and the first of the next are read with their own era names")
 {
     checkAll({{"M1.1.25", 1868, 1, 25},
               {"M45.7.29", 1912, 7, 29},
@@ -182,13 +182,13 @@ TEST_CASE("the last day of an era and the first of the next are read as they wer
              onDay());
 }
 
-TEST_CASE("what is left out comes from the day on which it is typed")
+TEST_CASE("an omitted era or year is the one of the day of typing")
 {
     const DateContext heisei{day(2000, 3, 1), DateGrain::day, eras()};
     checkAll({{"12.4.5", 2000, 4, 5}, {"120405", 2000, 4, 5}, {"0405", 2000, 4, 5}, {"4/5", 2000, 4, 5}}, heisei);
 }
 
-TEST_CASE("a month is read with or without its day")
+TEST_CASE("a month is read with or without a day")
 {
     checkAll({{"R8.11", 2026, 11, 1},
               {"令和8年11月", 2026, 11, 1},
@@ -209,7 +209,7 @@ TEST_CASE("a month is read with or without its day")
              onDay(DateGrain::month));
 }
 
-TEST_CASE("nothing and blanks are no date and no fault")
+TEST_CASE("empty and blank texts give neither a date nor an error")
 {
     for (const std::string text : {"", "   ", "　　"}) {
         CAPTURE(text);
@@ -217,7 +217,7 @@ TEST_CASE("nothing and blanks are no date and no fault")
     }
 }
 
-TEST_CASE("what cannot be read is answered with a sentence that shows how to type")
+TEST_CASE("unreadable text gives an error that shows how to type a date")
 {
     CHECK(readTypedDate("あした", onDay()).complaint ==
           "「あした」は日付として読めません。R8.11.21 や 2026/11/21 のように入力してください。");
@@ -235,13 +235,13 @@ TEST_CASE("what cannot be read is answered with a sentence that shows how to typ
     }
 }
 
-TEST_CASE("a long text is shortened in its sentence")
+TEST_CASE("a long text is shortened in its error message")
 {
     CHECK(readTypedDate(std::string(1000000, 'x'), onDay()).complaint ==
           "「xxxxxxxxxxxxxxxxxxxx…」は日付として読めません。R8.11.21 や 2026/11/21 のように入力してください。");
 }
 
-TEST_CASE("a day that the calendar lacks is named")
+TEST_CASE("the error about a day that does not exist names the day")
 {
     CHECK(readTypedDate("R8.2.29", onDay()).complaint == "2026年2月29日という日はありません。");
     CHECK(readTypedDate("2026/13/1", onDay()).complaint == "2026年13月1日という日はありません。");
@@ -258,7 +258,7 @@ TEST_CASE("a day before its era, or before all eras, is refused")
     CHECK(readTypedDate("1868/1/25", onDay()).complaint == "");
 }
 
-TEST_CASE("every day from the first era to 2100 goes to text and back")
+TEST_CASE("every day from the first era to 2100 is read back from its formatted text")
 {
     const DateContext context = onDay();
     std::int32_t faults = 0;
@@ -272,7 +272,7 @@ TEST_CASE("every day from the first era to 2100 goes to text and back")
     CHECK(faults == 0);
 }
 
-TEST_CASE("every month from the first era to 2100 goes to text and back")
+TEST_CASE("every month from the first era to 2100 is read back from its formatted text")
 {
     std::int32_t faults = 0;
     for (std::int32_t month = 1868 * 12 + 1; month < 2101 * 12; ++month) {
@@ -283,7 +283,7 @@ TEST_CASE("every month from the first era to 2100 goes to text and back")
     CHECK(faults == 0);
 }
 
-TEST_CASE("a date is written with its era in two digits")
+TEST_CASE("a date is formatted with a two-digit year of its era")
 {
     CHECK(typedDateText(day(2026, 11, 21), kDayPattern) == "令和 08年11月21日");
     CHECK(typedDateText(day(2026, 11, 21), kMonthPattern) == "令和 08年11月");
@@ -292,7 +292,7 @@ TEST_CASE("a date is written with its era in two digits")
     CHECK(typedDateText(day(1989, 1, 8), kDayPattern) == "平成 01年01月08日");
 }
 
-TEST_CASE("a next era comes in through the table alone")
+TEST_CASE("a new era needs only an entry in the table")
 {
     std::vector<Era> table(eras().begin(), eras().end());
     table.push_back({"光文", 'K', day(2030, 4, 1)});
@@ -319,7 +319,7 @@ TEST_CASE("a next era comes in through the table alone")
     CHECK(monthTitle(2030, 4, table) == "光文元年（2030年）4月");
 }
 
-TEST_CASE("a month has its era and its western year above it, and both eras where one ended")
+TEST_CASE("a month title has the era and the western year, and both eras if the era changed in that month")
 {
     CHECK(monthTitle(2026, 11) == "令和8年（2026年）11月");
     CHECK(monthTitle(2019, 5) == "令和元年（2019年）5月");
@@ -328,7 +328,7 @@ TEST_CASE("a month has its era and its western year above it, and both eras wher
     CHECK(monthTitle(1868, 1) == "明治元年（1868年）1月");
 }
 
-TEST_CASE("the part under the cursor is the one that ends or begins there, the left one first")
+TEST_CASE("the part at the cursor is the one that ends or begins there, the left one if both do")
 {
     struct Row {
         std::size_t position; ///< in bytes: 令和 and a blank are 7, each of 年月日 is 3
@@ -345,7 +345,7 @@ TEST_CASE("the part under the cursor is the one that ends or begins there, the l
     CHECK(static_cast<int>(partAt(day(2026, 11, 21), kMonthPattern, 99).part) == static_cast<int>(DatePart::month));
 }
 
-TEST_CASE("a step keeps to real days and to the eras")
+TEST_CASE("stepping gives only existing days, from the first era to the year 9999")
 {
     CHECK(stepped(day(2026, 1, 31), DatePart::month, 1) == day(2026, 2, 28));
     CHECK(stepped(day(2024, 2, 29), DatePart::year, 1) == day(2025, 2, 28));

@@ -1,4 +1,4 @@
-// How a row of either pick list is chosen, and how the windows are left without a choice.
+// Choosing a row in either search list, and closing the windows without a choice.
 
 #include "search/search_fixture.h"
 
@@ -12,7 +12,7 @@ namespace {
 const ShownBox kNoRowChosen{"有効な行が選択されていません！", Icon::exclamation, ""};
 } // namespace
 
-TEST_CASE_TEMPLATE("F5 in an empty list still reaches its handler and gives a beep and the warning", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("F5 in an empty list still calls its handler, which beeps and shows the warning", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.answer(List::found, List::rows({}));
@@ -25,7 +25,8 @@ TEST_CASE_TEMPLATE("F5 in an empty list still reaches its handler and gives a be
     CHECK(list.window.isLoaded());
 }
 
-TEST_CASE_TEMPLATE("the choosing button without a chosen row gives the warning and the window stays", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("the choice button without a chosen row shows the warning and the window stays open", List,
+                   BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -77,7 +78,7 @@ TEST_CASE_TEMPLATE("a row of number 0 can be chosen", List, BOTH_LISTS)
     CHECK(csSeledName.empty());
 }
 
-TEST_CASE_TEMPLATE("a double click chooses the row that it hits, whichever row is active", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a double click chooses the row under the pointer, whichever row is active", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -101,7 +102,7 @@ TEST_CASE_TEMPLATE("a double click on the header does nothing", List, BOTH_LISTS
     CHECK(list.count("beep") == 0);
 }
 
-TEST_CASE_TEMPLATE("a row that the list lacks is a system error, and the window stays", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a row missing from the list is a system error, and the window stays open", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -113,8 +114,7 @@ TEST_CASE_TEMPLATE("a row that the list lacks is a system error, and the window 
     CHECK_FALSE(list.window.isChosen());
 }
 
-TEST_CASE_TEMPLATE("a window that is opened again has nothing chosen and reads its staff and its list anew", List,
-                   BOTH_LISTS)
+TEST_CASE_TEMPLATE("a reopened window has nothing chosen and reads its staff and its list anew", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -128,7 +128,7 @@ TEST_CASE_TEMPLATE("a window that is opened again has nothing chosen and reads i
     if (auto *staff = dynamic_cast<ListBox *>(list.window.find("cbo_Sejutusha"))) CHECK(staff->ListCount() == 3);
 }
 
-TEST_CASE_TEMPLATE("each way out without a choice leaves nothing chosen", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("each way to close without a choice leaves nothing chosen", List, BOTH_LISTS)
 {
     struct Row {
         const char *way;

@@ -1,4 +1,4 @@
-// What the two pick lists have in common: the opening, the search and its messages.
+// Behaviour common to both search lists: the opening, the search and its messages.
 
 #include "search/search_fixture.h"
 
@@ -19,8 +19,7 @@ ShownBox systemError(const std::string &words)
 
 } // namespace
 
-TEST_CASE_TEMPLATE("the first activation reads the staff, then searches once, and puts the focus on the number", List,
-                   BOTH_LISTS)
+TEST_CASE_TEMPLATE("the first activation reads the staff, then searches once, and focuses the number", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -62,7 +61,7 @@ TEST_CASE_TEMPLATE("without a number to highlight no row is chosen", List, BOTH_
     CHECK(list.window.spr_1ran.RowInSight() == 0);
 }
 
-TEST_CASE_TEMPLATE("a number to highlight is made the active row and brought into sight", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a number to highlight becomes the active row and is scrolled into view", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened(List::numbers[1]);
@@ -70,7 +69,7 @@ TEST_CASE_TEMPLATE("a number to highlight is made the active row and brought int
     CHECK(list.window.spr_1ran.RowInSight() == 2);
 }
 
-TEST_CASE_TEMPLATE("a row of number 0 is not highlighted when there is no number to highlight", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a row of number 0 is not highlighted if there is no number to highlight", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.answer(List::found, List::nullRow()); // NULL reads as number 0
@@ -80,7 +79,7 @@ TEST_CASE_TEMPLATE("a row of number 0 is not highlighted when there is no number
     CHECK(list.window.spr_1ran.RowInSight() == 0);
 }
 
-TEST_CASE_TEMPLATE("of a number that comes twice the first row is highlighted", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("of a number that occurs twice the first row is highlighted", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     FakeResult twice = list.world.database.answerTo(List::found);
@@ -91,7 +90,7 @@ TEST_CASE_TEMPLATE("of a number that comes twice the first row is highlighted", 
     CHECK(list.window.spr_1ran.RowInSight() == 2);
 }
 
-TEST_CASE_TEMPLATE("a number that the filter hides highlights nothing and says nothing", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a number hidden by the filter highlights nothing and shows no message", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened(999);
@@ -99,7 +98,8 @@ TEST_CASE_TEMPLATE("a number that the filter hides highlights nothing and says n
     CHECK(list.world.boxes.shown.empty());
 }
 
-TEST_CASE_TEMPLATE("a branch without staff is told, and the window closes before its first search", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a branch without staff shows a message, and the window closes before its first search", List,
+                   BOTH_LISTS)
 {
     ListFixture<List> list;
     list.answer(kStaffList, staffRows({}));
@@ -111,8 +111,8 @@ TEST_CASE_TEMPLATE("a branch without staff is told, and the window closes before
     CHECK(list.statements().size() == 1);
 }
 
-TEST_CASE_TEMPLATE("a lost connection at the opening is told under the reading of the staff, and the window closes",
-                   List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a lost connection at the opening is reported by the read of the staff, and the window closes", List,
+                   BOTH_LISTS)
 {
     ListFixture<List> list;
     list.init();
@@ -123,7 +123,7 @@ TEST_CASE_TEMPLATE("a lost connection at the opening is told under the reading o
     CHECK_FALSE(list.window.isLoaded());
 }
 
-TEST_CASE_TEMPLATE("a failed reading of the staff is a system error with three beeps, and the window closes", List,
+TEST_CASE_TEMPLATE("a failed read of the staff is a system error with three beeps, and the window closes", List,
                    BOTH_LISTS)
 {
     ListFixture<List> list;
@@ -137,7 +137,7 @@ TEST_CASE_TEMPLATE("a failed reading of the staff is a system error with three b
     CHECK_FALSE(list.window.isLoaded());
 }
 
-TEST_CASE_TEMPLATE("a staff row that cannot be read is a system error, and the window closes", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("an unreadable staff row is a system error, and the window closes", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     FakeResult broken = staffRows({{std::int32_t{11}, "佐藤", ""}, {std::int32_t{12}, "鈴木", ""}});
@@ -149,7 +149,7 @@ TEST_CASE_TEMPLATE("a staff row that cannot be read is a system error, and the w
     CHECK_FALSE(list.window.isLoaded());
 }
 
-TEST_CASE_TEMPLATE("a first search that fails is told and closes the window", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a failed first search shows an error and closes the window", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.answer(List::found, failure());
@@ -160,7 +160,7 @@ TEST_CASE_TEMPLATE("a first search that fails is told and closes the window", Li
     CHECK_FALSE(list.window.isChosen());
 }
 
-TEST_CASE_TEMPLATE("a later search that fails leaves the window open and its list empty", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a failed later search leaves the window open and its list empty", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -177,7 +177,7 @@ TEST_CASE_TEMPLATE("a later search that fails leaves the window open and its lis
     CHECK_FALSE(list.window.but_Act(0).Enabled);
 }
 
-TEST_CASE_TEMPLATE("after a failed search the next one runs", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("the search after a failed one runs", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -190,13 +190,13 @@ TEST_CASE_TEMPLATE("after a failed search the next one runs", List, BOTH_LISTS)
     CHECK(list.world.boxes.shown.size() == 1);
 }
 
-TEST_CASE_TEMPLATE("a connection lost between the opening and a search is told twice, and the window stays", List,
-                   BOTH_LISTS)
+TEST_CASE_TEMPLATE("a connection lost between the opening and a search shows two messages, and the window stays open",
+                   List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
     list.answer(List::found, failure());
-    press(list.window.but_Read); // the words of this failure are not those of the next
+    press(list.window.but_Read); // the next failure does not repeat the text of this one
     list.world.boxes.shown.clear();
     list.world.database.connectError = ado_error::unspecified;
     press(list.window.but_Read);
@@ -206,7 +206,7 @@ TEST_CASE_TEMPLATE("a connection lost between the opening and a search is told t
     CHECK(list.window.isLoaded());
 }
 
-TEST_CASE_TEMPLATE("missing settings of the connection are told under the search", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("missing connection settings are reported by the search", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -225,8 +225,7 @@ TEST_CASE_TEMPLATE("missing settings of the connection are told under the search
                    Icon::critical, ""});
 }
 
-TEST_CASE_TEMPLATE("a connection that breaks in the middle of the rows is a system error with its number", List,
-                   BOTH_LISTS)
+TEST_CASE_TEMPLATE("a connection lost in the middle of the rows is a system error with its number", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -240,7 +239,7 @@ TEST_CASE_TEMPLATE("a connection that breaks in the middle of the rows is a syst
     CHECK_FALSE(list.window.but_Act(0).Enabled);
 }
 
-TEST_CASE_TEMPLATE("a column that the table lacks is a system error", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a column missing in the table is a system error", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -252,7 +251,7 @@ TEST_CASE_TEMPLATE("a column that the table lacks is a system error", List, BOTH
                                                             "コレクションで見つかりません。")});
 }
 
-TEST_CASE_TEMPLATE("nothing found is told, the list is empty and cannot be chosen from", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("an empty result shows a message, and the empty list offers no choice", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -277,7 +276,7 @@ TEST_CASE_TEMPLATE("a row of NULLs is shown as zeros and empty texts", List, BOT
     }
 }
 
-TEST_CASE_TEMPLATE("the boxes are read into the filter, and come back without blanks on the right", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("the boxes are read into the filter and then lose their blanks on the right", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -292,7 +291,7 @@ TEST_CASE_TEMPLATE("the boxes are read into the filter, and come back without bl
     CHECK(list.window.in_SiboriID.Value.get() == Variant(std::int32_t{0}));
 }
 
-TEST_CASE_TEMPLATE("blanks on the right of a cell are dropped, those on the left stay", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("blanks on the right of a cell are removed, those on the left stay", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     FakeResult blanks = List::nullRow();
@@ -303,7 +302,7 @@ TEST_CASE_TEMPLATE("blanks on the right of a cell are dropped, those on the left
     CHECK(list.window.spr_1ran.text(1, List::numberColumn + 1) == " 1");
 }
 
-TEST_CASE_TEMPLATE("the list is drawn once, when the search is over", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("the list is drawn once, after the search", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -318,8 +317,9 @@ TEST_CASE_TEMPLATE("the list is drawn once, when the search is over", List, BOTH
     CHECK(drawn == 1);
 }
 
-TEST_CASE_TEMPLATE("a search switches drawing off, then yields, then asks, and draws again before it reports a failure",
-                   List, BOTH_LISTS)
+TEST_CASE_TEMPLATE(
+    "a search stops drawing, processes events, then queries, and draws again before it reports a failure", List,
+    BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -341,7 +341,7 @@ TEST_CASE_TEMPLATE("a search switches drawing off, then yields, then asks, and d
     CHECK(list.statements().back().find("cName LIKE '%青木%'") != std::string::npos);
 }
 
-TEST_CASE_TEMPLATE("a filter of 4,000 characters is pasted in whole", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a filter of 4,000 characters is inserted completely", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();

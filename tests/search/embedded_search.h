@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// A text as a literal of the database.
+/// A text as a string literal of the database.
 inline std::string quoted(const std::string &text)
 {
     std::string result = "'";
@@ -15,7 +15,7 @@ inline std::string quoted(const std::string &text)
     return result + "'";
 }
 
-/// A site of branch 1, 2 with one staff member, so that the windows open.
+/// A site of branch 1, 2 with one staff member, which the windows need to open.
 struct EmbeddedSearch : EmbeddedWorld {
     EmbeddedSearch() { staff(11, "佐藤 花子", "ｻﾄｳ ﾊﾅｺ"); }
     void staff(std::int32_t nIDNo, const std::string &name, const std::string &kana) const

@@ -1,4 +1,4 @@
-// Both pick lists over the embedded database and a site's tables: what they show, and what a filter cannot do.
+// Both search lists on the embedded database with a site's tables: the rows shown, and the limits of a filter.
 
 #include "search/embedded_search.h"
 #include "search/staff_search.h"
@@ -21,7 +21,7 @@ std::vector<std::int32_t> numbersOf(const Grid &grid, std::int16_t column)
 
 } // namespace
 
-TEST_CASE("a quote in a filter fails in the database's words, and the window stays")
+TEST_CASE("a quote in a filter fails with the database's error text, and the window stays open")
 {
     EmbeddedSearch world;
     world.patient(1, "O'Brien", "ｵﾌﾞﾗｲｴﾝ");
@@ -41,7 +41,7 @@ TEST_CASE("a quote in a filter fails in the database's words, and the window sta
     }
 }
 
-TEST_CASE("a second statement in a filter is refused as a failed statement, and the table stays whole")
+TEST_CASE("a second statement in a filter is refused as a failed statement, and the table is unchanged")
 {
     const char *const filters[] = {"x'; DELETE FROM RIYOUSHA --", "x'; DELETE FROM RIYOUSHA; --",
                                    "x%'; DROP TABLE RIYOUSHA --", "'; UPDATE RIYOUSHA SET cName = 'x' --",
@@ -75,7 +75,7 @@ TEST_CASE("a second statement in a filter is refused as a failed statement, and 
     CHECK(numbersOf(staff.spr_1ran, 1) == std::vector<std::int32_t>{11});
 }
 
-TEST_CASE("a filter of 4,000 characters is a search like any other")
+TEST_CASE("a filter of 4,000 characters is an ordinary search")
 {
     EmbeddedSearch world;
     std::string longName;
@@ -94,7 +94,7 @@ TEST_CASE("a filter of 4,000 characters is a search like any other")
     CHECK(world.boxes.shown.back().text == "該当する利用者データがありません。");
 }
 
-TEST_CASE("a patient and a staff member with nothing but a number are shown")
+TEST_CASE("a patient and a staff member with only a number are shown")
 {
     EmbeddedSearch world;
     world.run("INSERT INTO RIYOUSHA (iKyotenCd, iKyotenEb, nIDNo) VALUES (1, 2, 8)");
@@ -111,7 +111,7 @@ TEST_CASE("a patient and a staff member with nothing but a number are shown")
     CHECK(rowTexts(staff.spr_1ran, 1) == Texts{"9", "", ""});
 }
 
-TEST_CASE("of the ended patients those are shown whose end is not past, or lies in the limit month or later")
+TEST_CASE("ended patients are shown if their end is not past, or is in the limit month or later")
 {
     EmbeddedSearch world; // 2024/06/15
     world.patient(1, "続く", "");
@@ -144,11 +144,11 @@ TEST_CASE("of the ended patients those are shown whose end is not past, or lies 
     }
 }
 
-TEST_CASE("each of a patient's five staff in charge finds the patient, and so does the kind of treatment")
+TEST_CASE("each of a patient's five staff members finds the patient, and so does the kind of treatment")
 {
     EmbeddedSearch world;
     struct Row {
-        const char *values; ///< the number, the kind, and who is in charge
+        const char *values; ///< the number, the kind, and the staff members in charge
         const char *column;
     };
     const Row rows[] = {{"1, 0, 11", "nTantou"},  {"2, 1, 11", "nTantou2"}, {"3, 0, 11", "nTantou3"},
@@ -187,7 +187,7 @@ TEST_CASE("patients and staff of another branch are not shown, nor those with a 
     CHECK(numbersOf(staff.spr_1ran, 1) == std::vector<std::int32_t>{11});
 }
 
-TEST_CASE("a consultation limits the staff to those in charge of it")
+TEST_CASE("a consultation limits the staff to its own")
 {
     EmbeddedSearch world;
     world.staff(12, "鈴木", "");
@@ -228,7 +228,7 @@ TEST_CASE("a staff number is checked on a site's table")
     CHECK(staff.iChkStaff(-1) == 1);
 }
 
-TEST_CASE("a database that is gone between the opening and a search is told in its words")
+TEST_CASE("a database lost between the opening and a search is reported with its error text")
 {
     EmbeddedSearch world;
     world.patient(1, "青木", "");

@@ -1,4 +1,4 @@
-// The front classes: the way to the windows, and numbers and names without them.
+// The front classes: opening the windows, and finding numbers and names without them.
 
 #include "search/patient_search.h"
 #include "search/search_fixture.h"
@@ -16,7 +16,7 @@ struct FrontFixture : SearchFixture {
     cls患者検索 patients{world.app};
     cls施術者検索 staff{world.app};
 
-    /// What the window's user does.
+    /// The actions of the window's user.
     void act(std::function<void(Form &)> doing) { world.windows.acts.push_back(std::move(doing)); }
     void chooseRow(std::int32_t row)
     {
@@ -40,7 +40,7 @@ struct FrontFixture : SearchFixture {
 
 } // namespace
 
-TEST_CASE("a chosen patient is handed out with number, name and the branch's number")
+TEST_CASE("a chosen patient is returned with number, name and the branch's number")
 {
     FrontFixture front;
     front.chooseRow(2);
@@ -48,16 +48,16 @@ TEST_CASE("a chosen patient is handed out with number, name and the branch's num
     CHECK(front.patients.nSeledCD == 22);
     CHECK(front.patients.csSeledName() == "髙橋 﨑子");
     CHECK(front.patients.iArea == 102);
-    CHECK(front.world.database.log.back() == "disconnect 1"); // the window is gone, and its session
+    CHECK(front.world.database.log.back() == "disconnect 1"); // the window is closed, and its session
 }
 
-TEST_CASE("a patient window that is left changes nothing and gives 1")
+TEST_CASE("a patient window closed without a choice changes nothing and gives 1")
 {
     FrontFixture front;
     front.patients.nSeledCD = 23;
     front.patients.iArea = 7;
     front.act([](Form &form) {
-        CHECK(gridOf(form)->ActiveRow == 3); // the number in is the one to highlight
+        CHECK(gridOf(form)->ActiveRow == 3); // the number set before is the one to highlight
         form.key(nullptr, kF12Key);
     });
     CHECK(front.patients.iDspStart() == 1);
@@ -66,14 +66,14 @@ TEST_CASE("a patient window that is left changes nothing and gives 1")
     CHECK(front.patients.csSeledName().empty());
 }
 
-TEST_CASE("a patient window that closes in its opening counts as left")
+TEST_CASE("a patient window that closes during its opening counts as closed without a choice")
 {
     FrontFixture front;
     front.answer(kStaffList, staffRows({}));
     CHECK(front.patients.iDspStart() == 1);
 }
 
-TEST_CASE("a patient window without a connection is not shown, and its words are handed on")
+TEST_CASE("a patient window without a connection is not shown, and its error text is passed on")
 {
     FrontFixture front;
     front.world.database.connectError = ado_error::unspecified;
@@ -83,7 +83,7 @@ TEST_CASE("a patient window without a connection is not shown, and its words are
     CHECK(front.world.boxes.shown.empty());
 }
 
-TEST_CASE("a run-time error in the patients' front class becomes its words and -1")
+TEST_CASE("a run-time error in the patients' front class becomes its error text and -1")
 {
     FrontFixture front;
     front.answer(kStaffList, failure());
@@ -127,7 +127,7 @@ TEST_CASE("a patient's name is found by number, cut at the first NUL and trimmed
     }
 }
 
-TEST_CASE("a patient number that does not exist empties the control and gives -1 without a box")
+TEST_CASE("an unknown patient number empties the control and gives -1 without a box")
 {
     FrontFixture front;
     Label label("lbl_SelKanja");
@@ -142,7 +142,7 @@ TEST_CASE("a patient number that does not exist empties the control and gives -1
     CHECK(front.world.boxes.shown.empty());
 }
 
-TEST_CASE("a look-up without a connection finds nobody")
+TEST_CASE("a look-up without a connection finds no patient")
 {
     FrontFixture front;
     front.patientNamed("青木 一郎");
@@ -152,7 +152,7 @@ TEST_CASE("a look-up without a connection finds nobody")
     CHECK(front.patients.csSetRiyouName_Text(21).empty());
 }
 
-TEST_CASE("a control that refuses the name is a failure in the class's words")
+TEST_CASE("a control that refuses the name is a failure with the class's error text")
 {
     FrontFixture front;
     front.patientNamed("青木 一郎");
@@ -162,7 +162,7 @@ TEST_CASE("a control that refuses the name is a failure in the class's words")
     CHECK(front.patients.CsErrStr() == "(7)メモリが不足しています。");
 }
 
-TEST_CASE("a chosen staff member is handed out with number and name")
+TEST_CASE("a chosen staff member is returned with number and name")
 {
     FrontFixture front;
     front.chooseRow(1);
@@ -171,7 +171,7 @@ TEST_CASE("a chosen staff member is handed out with number and name")
     CHECK(front.staff.csSeledName() == "佐藤 花子");
 }
 
-TEST_CASE("the staff window without arguments hides ended staff and knows no consultation")
+TEST_CASE("the staff window without arguments hides former staff and sets no consultation")
 {
     FrontFixture front;
     front.staff.nSeledCD = 12;
@@ -185,7 +185,7 @@ TEST_CASE("the staff window without arguments hides ended staff and knows no con
     CHECK(front.statements().back().find("SOUDAN_TANTOU") == std::string::npos);
 }
 
-TEST_CASE("the staff window takes both arguments")
+TEST_CASE("the staff window uses both arguments")
 {
     FrontFixture front;
     front.world.windows.closeByControlBox();
@@ -194,7 +194,7 @@ TEST_CASE("the staff window takes both arguments")
     CHECK(front.statements().back().find("soudan.SoudanID = 5 ") != std::string::npos);
 }
 
-TEST_CASE("a run-time error in the staff's front class becomes its words and -1")
+TEST_CASE("a run-time error in the staff's front class becomes its error text and -1")
 {
     FrontFixture front;
     front.answer(kStaffList, failure());
@@ -206,7 +206,7 @@ TEST_CASE("a run-time error in the staff's front class becomes its words and -1"
     CHECK(front.staff.CsErrStr() == "(7)メモリが不足しています。");
 }
 
-TEST_CASE("a staff number is usable by these flags")
+TEST_CASE("a staff number is usable with these flags")
 {
     struct Row {
         const char *what;
@@ -235,7 +235,7 @@ TEST_CASE("a staff number is usable by these flags")
     }
 }
 
-TEST_CASE("a checked staff member without a name has the empty one")
+TEST_CASE("a checked staff member without a name gives the empty name")
 {
     FrontFixture front;
     front.checkAnswers({{Null{}, Null{}}});
@@ -243,7 +243,7 @@ TEST_CASE("a checked staff member without a name has the empty one")
     CHECK(front.staff.csSeledName().empty());
 }
 
-TEST_CASE("a staff number that does not exist is not usable")
+TEST_CASE("an unknown staff number is not usable")
 {
     FrontFixture front;
     front.checkAnswers({});
@@ -253,7 +253,7 @@ TEST_CASE("a staff number that does not exist is not usable")
     CHECK(front.world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("a check after a failed one has no words of that")
+TEST_CASE("a check after a failed one does not keep its error text")
 {
     FrontFixture front;
     front.checkAnswers({});
@@ -263,7 +263,7 @@ TEST_CASE("a check after a failed one has no words of that")
     CHECK(front.staff.CsErrStr().empty());
 }
 
-TEST_CASE("a check whose statement fails has no words of the check before, only its box")
+TEST_CASE("a check with a failed statement does not keep the error text of the previous one and shows only its box")
 {
     FrontFixture front;
     front.checkAnswers({});
@@ -274,7 +274,7 @@ TEST_CASE("a check whose statement fails has no words of the check before, only 
     CHECK(front.world.boxes.shown.size() == 1);
 }
 
-TEST_CASE("a check without a session shows why under its own heading")
+TEST_CASE("a check without a session shows the reason under its own heading")
 {
     struct Row {
         void (*spoil)(FakeWorld &world);
@@ -297,7 +297,7 @@ TEST_CASE("a check without a session shows why under its own heading")
     }
 }
 
-TEST_CASE("a check whose statement fails shows why and is not usable")
+TEST_CASE("a check with a failed statement shows the reason and the number is not usable")
 {
     FrontFixture front;
     front.answer(kStaffCheck, failure());
@@ -309,7 +309,7 @@ TEST_CASE("a check whose statement fails shows why and is not usable")
     CHECK(front.world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("a run-time error in the check becomes the class's words, and the number is not usable")
+TEST_CASE("a run-time error in the check becomes the class's error text, and the number is not usable")
 {
     FrontFixture front;
     FakeResult narrow;

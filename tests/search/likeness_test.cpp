@@ -1,4 +1,5 @@
-// What the filters of both pick lists take as alike on the embedded database: as the server's usual Japanese collation.
+// Texts that the filters of both search lists match on the embedded database, as the server's usual Japanese collation
+// does.
 
 #include "search/embedded_search.h"
 
@@ -15,13 +16,13 @@ struct Pair {
 };
 
 constexpr Pair kPairs[] = {
-    // letter case
+    // upper and lower case
     {"abc", "ABC", true},
     {"ABC", "abc", true},
     {"aBc", "AbC", true},
     {"abd", "ABC", false},
     {"ａｂｃ", "ＡＢＣ", true},
-    // width of letters, digits and signs
+    // width of Latin characters, digits and signs
     {"ABC", "ＡＢＣ", true},
     {"ＡＢＣ", "abc", true},
     {"123", "１２３", true},
@@ -49,7 +50,7 @@ constexpr Pair kPairs[] = {
     {"ﾋｶﾙ", "ひかる", true},
     {"ﾏｰﾁ", "マーチ", true},
     {"マーチ", "まーち", true},
-    // 濁点 and 半濁点 tell characters apart, in one character or in two
+    // 濁点 and 半濁点 distinguish characters, precomposed or combining
     {"ﾔﾏﾀﾞ", "やまだ", true},
     {"ﾔﾏﾀﾞ", "ヤマダ", true},
     {"ﾔﾏﾀﾞ", "やまた", false},
@@ -68,20 +69,20 @@ constexpr Pair kPairs[] = {
     {"パ", "ﾊﾞ", false},
     {"ヴ", "ｳﾞ", true},
     {"ウ", "ｳﾞ", false},
-    // kanji are themselves
+    // kanji match only themselves
     {"髙", "髙橋 﨑子", true},
     {"高", "髙橋", false},
     {"崎", "﨑", false},
     {"斎", "齋", false},
     {"橋", "髙橋 﨑子", true},
-    // a part of the text, anywhere
+    // a part of the text, at any position
     {"木", "青木 一郎", true},
     {"青", "青木 一郎", true},
     {"郎", "青木 一郎", true},
     {"木 一", "青木 一郎", true},
     {"郎木", "青木 一郎", false},
     {"青木 一郎 様", "青木 一郎", false},
-    // % is any run of characters
+    // % is any sequence of characters
     {"青%郎", "青木 一郎", true},
     {"%", "青木", true},
     {"青%赤", "青木 一郎", false},
@@ -106,13 +107,13 @@ constexpr Pair kPairs[] = {
     {"a[_]b", "a_b", true},
     {"a[_]b", "axb", false},
     {"a[[]b", "a[b", true},
-    {"a[b", "a[b", false}, // without its ] a class takes nothing
+    {"a[b", "a[b", false}, // without its ] a class matches nothing
     {"a]b", "a]b", true},
 };
 
 } // namespace
 
-TEST_CASE("name and kana filters of patients find regardless of case, width and kana kind, and tell 濁点 apart")
+TEST_CASE("name and kana filters of patients ignore case, width and kana kind, and distinguish 濁点")
 {
     static_assert(std::size(kPairs) >= 60);
     EmbeddedSearch world;
@@ -138,7 +139,7 @@ TEST_CASE("name and kana filters of patients find regardless of case, width and 
     CHECK(window.CsErrStr().empty());
 }
 
-TEST_CASE("name and kana filters of staff find alike")
+TEST_CASE("name and kana filters of staff match in the same way")
 {
     EmbeddedSearch world;
     for (std::size_t index = 0; index < std::size(kPairs); ++index)

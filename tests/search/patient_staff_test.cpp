@@ -1,4 +1,4 @@
-// The staff member in charge in the patients' pick list: typed, or picked in the staff window over it.
+// The staff member in charge in the patient search: typed, or chosen in the staff window on top of it.
 
 #include "search/search_fixture.h"
 
@@ -13,7 +13,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using PatientsFixture = ListFixture<PatientList>;
 
-/// The return key in the staff number, after that was typed.
+/// The return key in the staff number, after a number was typed.
 struct StaffNumberFixture : PatientsFixture {
     void typed(const Variant &number)
     {
@@ -33,7 +33,7 @@ struct StaffNumberFixture : PatientsFixture {
 
 } // namespace
 
-TEST_CASE("the return key in an empty staff number, or in 0, chooses nobody and goes on")
+TEST_CASE("the return key in a staff number that is empty or 0 selects the first entry and moves on")
 {
     for (const Variant &empty : {Variant(Null{}), Variant(std::int32_t{0}), Variant()}) {
         StaffNumberFixture list;
@@ -46,7 +46,7 @@ TEST_CASE("the return key in an empty staff number, or in 0, chooses nobody and 
     }
 }
 
-TEST_CASE("the return key in a staff number checks it, chooses the entry and goes on")
+TEST_CASE("the return key in a staff number checks it, selects the entry and moves on")
 {
     StaffNumberFixture list;
     list.opened();
@@ -59,7 +59,7 @@ TEST_CASE("the return key in a staff number checks it, chooses the entry and goe
     CHECK(list.world.boxes.shown.empty());
 }
 
-TEST_CASE("a staff number that does not exist is told and keeps the focus")
+TEST_CASE("an unknown staff number shows an error and keeps the focus")
 {
     StaffNumberFixture list;
     list.opened();
@@ -82,7 +82,7 @@ TEST_CASE("a staff member whose management has ended cannot be confirmed")
     CHECK(list.window.cbo_Sejutusha.ListIndex == 0);
 }
 
-TEST_CASE("a staff number that is usable but not in the list leaves the list as it is and goes on")
+TEST_CASE("a usable staff number that is not in the list leaves the list unchanged and moves on")
 {
     StaffNumberFixture list;
     list.opened();
@@ -94,7 +94,7 @@ TEST_CASE("a staff number that is usable but not in the list leaves the list as 
     CHECK(list.count("tab") == 1);
 }
 
-TEST_CASE("the return key goes on from the staff list and from a kind of treatment, not from the search button")
+TEST_CASE("the return key moves on from the staff list and from a kind of treatment, not from the search button")
 {
     PatientsFixture list;
     list.opened();
@@ -113,7 +113,7 @@ TEST_CASE("the return key goes on from the staff list and from a kind of treatme
     }
 }
 
-TEST_CASE("the staff search over the patients' window gives number and entry")
+TEST_CASE("the staff search on top of the patients' window returns number and entry")
 {
     PatientsFixture list;
     list.opened();
@@ -130,7 +130,7 @@ TEST_CASE("the staff search over the patients' window gives number and entry")
     CHECK(list.count("show frm施術者検索") == 1);
 }
 
-TEST_CASE("a picked staff member of number 0 is chosen in the list, not the entry that limits nothing")
+TEST_CASE("a chosen staff member of number 0 is selected in the list, not the entry without a condition")
 {
     PatientsFixture list;
     list.answer(kStaffList, staffRows({{std::int32_t{11}, "佐藤 花子", ""}, {std::int32_t{0}, "番号 なし", ""}}));
@@ -142,7 +142,7 @@ TEST_CASE("a picked staff member of number 0 is chosen in the list, not the entr
     CHECK(list.window.cbo_Sejutusha.ListIndex == 2);
 }
 
-TEST_CASE("the staff search that is left changes nothing in the patients' window")
+TEST_CASE("a staff search closed without a choice changes nothing in the patients' window")
 {
     PatientsFixture list;
     list.opened();
@@ -154,7 +154,7 @@ TEST_CASE("the staff search that is left changes nothing in the patients' window
     CHECK(list.world.boxes.shown.empty());
 }
 
-TEST_CASE("a picked staff member that the list lacks stands in the box alone")
+TEST_CASE("a chosen staff member who is not in the list is only shown in the box")
 {
     PatientsFixture list;
     list.opened();
@@ -165,11 +165,11 @@ TEST_CASE("a picked staff member that the list lacks stands in the box alone")
     CHECK(list.window.cbo_Sejutusha.ListIndex == 0);
 }
 
-TEST_CASE("a staff search that cannot be shown is told in the words of its class")
+TEST_CASE("a staff search that cannot be shown is reported with the error text of its class")
 {
     PatientsFixture list;
     list.opened();
-    // The window's first step fails as a whole: its box cannot be shown, nor can the box of that.
+    // The window's first step fails completely: neither its box nor the box about that failure can be shown.
     list.answer(kStaffList, failure());
     int boxes = 0;
     list.world.boxes.onShow = [&](const ShownBox &) {

@@ -1,4 +1,4 @@
-// What only the patients' pick list has.
+// Behaviour of the patient search only.
 
 #include "search/search_fixture.h"
 
@@ -14,14 +14,14 @@ using Texts = std::vector<std::string>;
 
 struct PatientsFixture : ListFixture<PatientList> {
     void setting(const std::string &line) { world.files.putText("C:\\SUITE\\Massage.ini", "BASEID=0102\n" + line); }
-    /// The condition about ended patients in the last statement.
+    /// The condition on ended patients in the last statement.
     [[nodiscard]] std::string limit() const
     {
         const std::string sql = statements().back();
         const auto at = sql.find(" OR ('");
         return at == std::string::npos ? std::string() : sql.substr(at + 6, sql.find('\'', at + 6) - at - 6);
     }
-    /// Searches and gives back what stands behind the time.
+    /// Searches and returns the part of the information after the time.
     [[nodiscard]] std::string infoOfSearch()
     {
         press(window.but_Read);
@@ -55,7 +55,7 @@ TEST_CASE("the patients' window shows these captions and columns")
     CHECK(headers == Texts{"拠点 No.", "ID No.", "利用者氏名", "ﾌﾘｶﾞﾅ", "TEL", "住所１", "住所２", "名称地区"});
 }
 
-TEST_CASE("a patient's row has the branch's number, hidden, then number, names, telephone and home")
+TEST_CASE("a patient's row has the hidden number of the branch, then number, names, telephone and home")
 {
     PatientsFixture list;
     list.opened();
@@ -65,7 +65,7 @@ TEST_CASE("a patient's row has the branch's number, hidden, then number, names, 
     for (std::size_t column = 1; column < 8; ++column) CHECK(list.window.spr_1ran.columns()[column].width > 0);
 }
 
-TEST_CASE("the branch's number joins two digits of each code")
+TEST_CASE("the branch's number concatenates two digits of each code")
 {
     struct Row {
         Variant iKyotenCd, iKyotenEb;
@@ -114,7 +114,7 @@ TEST_CASE("a branch's number beyond 32 bits is a system error")
     CHECK(list.boxTexts() == Texts{"システムエラーが発生しました！\r\r(6)オーバーフローしました。"});
 }
 
-TEST_CASE("a chosen patient comes with number, name and the branch's number")
+TEST_CASE("choosing a patient's row returns number, name and the branch's number")
 {
     PatientsFixture list;
     list.opened();
@@ -127,7 +127,7 @@ TEST_CASE("a chosen patient comes with number, name and the branch's number")
     CHECK(iArea == 102);
 }
 
-TEST_CASE("the setting of months after the end gives the limit month and words the check box")
+TEST_CASE("the setting of months after the end determines the limit month and the caption of the check box")
 {
     struct Row {
         const char *what;
@@ -156,7 +156,7 @@ TEST_CASE("the setting of months after the end gives the limit month and words t
     }
 }
 
-TEST_CASE("the limit month is counted from the month, also on its 31st day")
+TEST_CASE("the limit month is counted from the month, even on its 31st day")
 {
     PatientsFixture list;
     list.world.clock.current = DateSerial(2024, 3, 31);
@@ -194,7 +194,7 @@ TEST_CASE("a bad setting of months is a system error, and the list opens without
     }
 }
 
-TEST_CASE("the first list leaves out ended patients and asks for nothing else")
+TEST_CASE("the first list omits ended patients and has no other condition")
 {
     PatientsFixture list;
     list.opened();
@@ -209,7 +209,7 @@ TEST_CASE("the first list leaves out ended patients and asks for nothing else")
     CHECK(list.window.in_SiboriID.Value.get() == Variant(std::int32_t{0}));
 }
 
-TEST_CASE("all boxes together give all conditions of a patient search")
+TEST_CASE("all boxes together set all conditions of a patient search")
 {
     PatientsFixture list;
     list.opened();
@@ -225,14 +225,14 @@ TEST_CASE("all boxes together give all conditions of a patient search")
           "RIYOUSHA  WHERE nIDNo >= 0  AND iKyotenCd = 1 AND iKyotenEb = 2 AND cName LIKE '%青木%' AND cNameKana LIKE "
           "'%ｱｵｷ%' AND (nTantou=12  OR nTantou2=12  OR nTantou3=12  OR nTantou4=12  OR nTantou5=12)  AND "
           "iSejutsuKubun=0 AND nIDNo=21 ORDER BY nIDNo ");
-    // All of them stand in the window as before.
+    // The window still shows all of them.
     CHECK(list.window.cbo_Sejutusha.ListIndex == 2);
     CHECK(list.window.opt_SejutsuKubun(1).Value);
     CHECK(list.window.chkEndKanja.Value == 1);
     CHECK(list.window.in_SiboriID.Value.get() == Variant(std::int32_t{21}));
 }
 
-TEST_CASE("the information names the time and each condition that is set, in this order")
+TEST_CASE("the information has the time and each condition that is set, in this order")
 {
     struct Row {
         void (*set)(frm患者検索 &window);
@@ -276,7 +276,7 @@ TEST_CASE("the information begins with the time of the search")
     CHECK(list.window.lbl_1ranInf.Caption.get() == "09:05:07  抽出条件：");
 }
 
-TEST_CASE("the information is empty while nothing is found or the search fails")
+TEST_CASE("the information is empty if nothing is found or the search fails")
 {
     PatientsFixture list;
     list.opened();
@@ -290,7 +290,7 @@ TEST_CASE("the information is empty while nothing is found or the search fails")
     CHECK(list.window.lbl_1ranInf.Caption.get().empty());
 }
 
-TEST_CASE("the staff list begins with no choice, then has the branch's staff in order")
+TEST_CASE("the staff list begins with the entry for no choice, followed by the branch's staff in order")
 {
     PatientsFixture list;
     list.answer(kStaffList, staffRows({{std::int32_t{11}, "佐藤 花子 ", ""}, {Null{}, Null{}, Null{}}}));
@@ -305,7 +305,7 @@ TEST_CASE("the staff list begins with no choice, then has the branch's staff in 
     CHECK(list.window.cbo_Sejutusha.ListIndex == 0);
 }
 
-TEST_CASE("choosing an entry of the staff list writes its number into the box")
+TEST_CASE("selecting an entry of the staff list writes its number into the box")
 {
     PatientsFixture list;
     list.opened();
@@ -315,7 +315,7 @@ TEST_CASE("choosing an entry of the staff list writes its number into the box")
     CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{0}));
 }
 
-TEST_CASE("a staff member of number 0 is in the list, but is no condition")
+TEST_CASE("a staff member of number 0 is in the list, but sets no condition")
 {
     PatientsFixture list;
     list.answer(kStaffList, staffRows({{std::int32_t{0}, "番号 なし", ""}, {std::int32_t{11}, "佐藤 花子", ""}}));
@@ -323,10 +323,10 @@ TEST_CASE("a staff member of number 0 is in the list, but is no condition")
     list.window.cbo_Sejutusha.ListIndex = std::int16_t{1};
     CHECK(list.infoOfSearch() == "抽出条件：");
     CHECK(list.statements().back().find("nTantou") == std::string::npos);
-    CHECK(list.window.cbo_Sejutusha.ListIndex == 0); // the filter comes back to the controls
+    CHECK(list.window.cbo_Sejutusha.ListIndex == 0); // the filter is written back to the controls
 }
 
-TEST_CASE("patient number 0 is no condition")
+TEST_CASE("patient number 0 sets no condition")
 {
     PatientsFixture list;
     list.opened();
@@ -335,7 +335,7 @@ TEST_CASE("patient number 0 is no condition")
     CHECK(list.statements().back().find("AND nIDNo=") == std::string::npos);
 }
 
-TEST_CASE("a staff number that was typed but not confirmed is no condition")
+TEST_CASE("a staff number typed but not confirmed sets no condition")
 {
     PatientsFixture list;
     list.opened();
@@ -345,7 +345,7 @@ TEST_CASE("a staff number that was typed but not confirmed is no condition")
     CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{12}));
 }
 
-TEST_CASE("the window's own session stays open as long as the window, and no search runs on it")
+TEST_CASE("the window's own session is open as long as the window, and no search uses it")
 {
     SearchFixture fixture;
     {
@@ -361,7 +361,7 @@ TEST_CASE("the window's own session stays open as long as the window, and no sea
     CHECK(fixture.world.database.log.back() == "disconnect 1");
 }
 
-TEST_CASE("an opening that fails keeps its words and shows nothing")
+TEST_CASE("a failed opening keeps its error text and shows nothing")
 {
     struct Row {
         const char *what;
@@ -388,7 +388,7 @@ TEST_CASE("an opening that fails keeps its words and shows nothing")
     }
 }
 
-TEST_CASE("more staff than a list holds is a system error, and the window closes")
+TEST_CASE("more staff than a list can count is a system error, and the window closes")
 {
     PatientsFixture list;
     list.answer(kStaffList, staffRows(std::vector<std::vector<Variant>>(32767, {std::int32_t{1}, "佐藤", ""})));
@@ -398,7 +398,7 @@ TEST_CASE("more staff than a list holds is a system error, and the window closes
     CHECK_FALSE(list.window.isLoaded());
 }
 
-TEST_CASE("30,000 patients all stand in the list")
+TEST_CASE("30,000 patients are all listed")
 {
     PatientsFixture list;
     std::vector<std::vector<Variant>> rows(

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "screen/form.h"
 #include "platform/key_codes.h"
+#include "screen/form.h"
 #include "search/patient_search_form.h"
 #include "search/staff_search_form.h"
 #include "support/fake_platform.h"
@@ -14,7 +14,7 @@
 
 namespace inin {
 
-/// Parts by which the fake database knows a statement.
+/// Parts by which the fake database identifies a statement.
 inline constexpr const char *kStaffList = "cNameRyaku  FROM STAFF";
 inline constexpr const char *kStaffFound = ")staff";
 inline constexpr const char *kStaffCheck = "SELECT cName, iChusiFlg";
@@ -25,28 +25,28 @@ struct SearchFixture {
     SearchFixture();
     FakeWorld world;
 
-    /// From now on the database answers so to statements with that part.
+    /// From now on the database returns this result for statements with that part.
     void answer(const char *part, const FakeResult &result);
-    /// The statements asked so far.
+    /// The statements sent so far.
     [[nodiscard]] std::vector<std::string> statements() const;
     [[nodiscard]] std::vector<std::string> boxTexts() const;
-    /// How often a word stands in the log of the windows.
+    /// The number of occurrences of a word in the log of the windows.
     [[nodiscard]] std::ptrdiff_t count(const std::string &word) const;
 };
 
 [[nodiscard]] FakeResult staffRows(const std::vector<std::vector<Variant>> &rows);   ///< nIDNo, cName, cNameKana
 [[nodiscard]] FakeResult patientRows(const std::vector<std::vector<Variant>> &rows); ///< in the grid's order of columns
-/// A statement that fails in a provider's words.
+/// A statement that fails with a provider's error.
 [[nodiscard]] FakeResult failure();
 
 /// The cells of a row as texts.
 [[nodiscard]] std::vector<std::string> rowTexts(const Grid &grid, std::int32_t row);
-/// Loads the window and gives it its first activation, as a show does.
+/// Loads the window and activates it once, as a show does.
 void open(Form &window);
 void press(Button &button);
 void press(const MenuEntry &entry);
 
-/// What a claim about both windows has to know of each.
+/// The differences between the windows for tests of both.
 struct PatientList {
     using Window = frm患者検索;
     static constexpr const char *found = kPatientsFound;
@@ -70,7 +70,7 @@ struct StaffList {
     static void init(Window &window, std::int32_t nSeledCode) { REQUIRE(window.iInit(nSeledCode, 0, -1) == 0); }
 };
 
-/// One of the windows, ready to be opened, or opened and with its first list.
+/// One of the windows, ready to be opened, or opened with its first list.
 template <class List> struct ListFixture : SearchFixture {
     typename List::Window window{world.app};
     void init(std::int32_t nSeledCode = 0) { List::init(window, nSeledCode); }

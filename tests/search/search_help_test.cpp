@@ -2,7 +2,7 @@
 
 using namespace inin;
 
-TEST_CASE_TEMPLATE("the help of a pick list is the suite's first page", List, PatientList, StaffList)
+TEST_CASE_TEMPLATE("the help of a search list is the suite's first page", List, PatientList, StaffList)
 {
     ListFixture<List> list;
     list.world.files.putText("C:\\SUITE\\Sorvin.ver", "[OnlineHelp]\nADDRESS=http://help.example/\n");

@@ -1,4 +1,4 @@
-// Keys and the busy mark of both pick lists.
+// Keys and the busy flag of both search lists.
 
 #include "search/search_fixture.h"
 
@@ -10,7 +10,7 @@ using namespace inin;
 
 #define BOTH_LISTS PatientList, StaffList
 
-TEST_CASE_TEMPLATE("F4 and its menu search as the button does", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("F4 and its menu entry search like the button", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -19,7 +19,7 @@ TEST_CASE_TEMPLATE("F4 and its menu search as the button does", List, BOTH_LISTS
     CHECK(list.statements().size() == 4);
 }
 
-TEST_CASE_TEMPLATE("F12 leaves the window also where its menu cannot be used", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("F12 closes the window even if its menu entry is disabled", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -29,7 +29,7 @@ TEST_CASE_TEMPLATE("F12 leaves the window also where its menu cannot be used", L
     CHECK_FALSE(list.window.isChosen());
 }
 
-TEST_CASE_TEMPLATE("the return key acts as Tab in these controls and does nothing in the others", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("the return key acts like Tab in these controls and does nothing in the others", List, BOTH_LISTS)
 {
     struct Row {
         Control &(*control)(typename List::Window &window);
@@ -59,7 +59,7 @@ TEST_CASE_TEMPLATE("the return key acts as Tab in these controls and does nothin
         list.window.key(&control, kReturnKey);
         using Log = std::vector<std::string>;
         CHECK(list.world.windows.log == (row.goesOn ? Log{"tab", "time"} : Log{}));
-        CHECK(presses == 0); // the key is used up
+        CHECK(presses == 0); // the key was handled
         CHECK(list.window.isLoaded());
     }
 }
@@ -73,7 +73,7 @@ TEST_CASE_TEMPLATE("the return key without a focused control does nothing", List
     CHECK(list.count("tab") == 0);
 }
 
-TEST_CASE_TEMPLATE("other keys go on to their control", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("other keys reach their control", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -84,7 +84,7 @@ TEST_CASE_TEMPLATE("other keys go on to their control", List, BOTH_LISTS)
     CHECK(list.count("tab") == 0);
 }
 
-TEST_CASE_TEMPLATE("events that arrive in the middle of a search do nothing", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("events that arrive during a search do nothing", List, BOTH_LISTS)
 {
     struct Row {
         const char *event;
@@ -118,7 +118,7 @@ TEST_CASE_TEMPLATE("events that arrive in the middle of a search do nothing", Li
     }
 }
 
-TEST_CASE_TEMPLATE("a key that arrives in the middle of a search is swallowed", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a key that arrives during a search is ignored", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.opened();
@@ -137,7 +137,7 @@ TEST_CASE_TEMPLATE("a key that arrives in the middle of a search is swallowed", 
     CHECK(presses == 1);
 }
 
-TEST_CASE_TEMPLATE("the first search holds the busy mark, too", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("the first search also sets the busy flag", List, BOTH_LISTS)
 {
     ListFixture<List> list;
     list.init();
@@ -160,12 +160,12 @@ TEST_CASE_TEMPLATE("after a search the control box closes the window again", Lis
     CHECK(list.window.unload(true));
 }
 
-TEST_CASE_TEMPLATE("a failure in the telling of a failure is told under the short-cut's own name", List, BOTH_LISTS)
+TEST_CASE_TEMPLATE("a failure while reporting a failure is reported under the name of the shortcut", List, BOTH_LISTS)
 {
     struct Row {
         std::int16_t key;
         bool menuIsUsable;
-        int failingBoxes; ///< those of the work and of its trap
+        int failingBoxes; ///< those of the step and of its trap
         const char *text;
     };
     const Row rows[] = {

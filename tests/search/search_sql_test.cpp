@@ -7,7 +7,7 @@ using namespace inin;
 
 namespace {
 
-/// A filter that asks for nothing, ended ones included, so that one condition can stand alone.
+/// A filter without any condition, including ended patients, so that one condition can be tested alone.
 SearchFilter anything()
 {
     SearchFilter filter;
@@ -91,7 +91,7 @@ TEST_CASE("the patient statement has these conditions for each filter alone, for
     }
 }
 
-TEST_CASE("the patient statement writes today as the system writes a date")
+TEST_CASE("the patient statement writes today in the system's date format")
 {
     FakeWorld world;
     world.app.regional = Regional{"d.M.yy"};
@@ -137,7 +137,7 @@ TEST_CASE("the staff statement has these conditions for each filter alone, for n
     }
 }
 
-TEST_CASE("a consultation other than -1 joins those in charge of it to the staff statement, also number 0")
+TEST_CASE("a consultation other than -1, even number 0, joins its staff to the staff statement")
 {
     const FakeWorld world;
     const std::string joined =

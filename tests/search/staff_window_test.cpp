@@ -1,4 +1,4 @@
-// What only the staff's pick list has.
+// Behaviour of the staff search only.
 
 #include "search/search_fixture.h"
 
@@ -10,7 +10,7 @@ namespace {
 using Texts = std::vector<std::string>;
 } // namespace
 
-TEST_CASE("the staff window shows these captions and columns, and no staff list, kinds or information")
+TEST_CASE("the staff window shows these captions and columns, and has no staff list, kinds or information")
 {
     const SearchFixture fixture;
     FakeWorld world;
@@ -41,7 +41,7 @@ TEST_CASE("the staff window opens no session of its own")
     CHECK(list.window.iInit(0, 0, -1) == 0);
 }
 
-TEST_CASE("ended staff are hidden unless the caller or the check box asks for them")
+TEST_CASE("former staff are hidden unless the caller or the check box includes them")
 {
     ListFixture<StaffList> hidden;
     hidden.opened();
@@ -67,7 +67,7 @@ TEST_CASE("ended staff are hidden unless the caller or the check box asks for th
     CHECK(shown.statements().back() == all);
 }
 
-TEST_CASE("staff number 0 is no condition, and 1 is one")
+TEST_CASE("staff number 0 sets no condition, and 1 sets one")
 {
     ListFixture<StaffList> list;
     list.opened();
@@ -79,7 +79,7 @@ TEST_CASE("staff number 0 is no condition, and 1 is one")
     CHECK(list.statements().back().find(" and nIDNo = 1 and") != std::string::npos);
 }
 
-TEST_CASE("a consultation without staff gives the message of an empty list")
+TEST_CASE("a consultation without staff shows the message of an empty list")
 {
     SearchFixture fixture;
     fixture.answer(kStaffFound, staffRows({}));
@@ -92,7 +92,7 @@ TEST_CASE("a consultation without staff gives the message of an empty list")
     CHECK(window.isLoaded());
 }
 
-TEST_CASE("all boxes together give all conditions of a staff search, with the consultation kept")
+TEST_CASE("all boxes together set all conditions of a staff search, and the consultation is kept")
 {
     SearchFixture fixture;
     frm施術者検索 window(fixture.world.app);

@@ -1,4 +1,4 @@
-// The demo's rows on a server, over the PostgreSQL that with_postgres starts.
+// The demo's rows on a server, using the PostgreSQL that with_postgres starts.
 
 #include "adapters/odbc/driver_stage.h"
 #include "adapters/sqlite/sqlite_database.h"
@@ -43,7 +43,7 @@ std::string shown(const Variant &value)
     return toText(value, Regional{});
 }
 
-/// All rows of a table, a line each, sorted: the two databases have no order in common.
+/// All rows of a table, one line each, sorted because the two databases return different orders.
 std::vector<std::string> rowsOf(Database &database, Connection &connection, const site::TableColumns &table)
 {
     std::vector<std::string> lines;
@@ -94,7 +94,7 @@ TEST_CASE("a server gets the same rows as the embedded database, in every table 
     }
 }
 
-TEST_CASE("a table without the demo's mark is left alone, also with force, and force is not recommended")
+TEST_CASE("a table without the demo's marker is kept, also with --force, and --force is not recommended")
 {
     const Session session(postgres());
     dropAll(session);
@@ -110,7 +110,7 @@ TEST_CASE("a table without the demo's mark is left alone, also with force, and f
     }
 }
 
-TEST_CASE("the demo's own tables are made again with force only")
+TEST_CASE("the demo's own tables are replaced with --force only")
 {
     const Session session(postgres());
     dropAll(session);
@@ -124,7 +124,7 @@ TEST_CASE("the demo's own tables are made again with force only")
     CHECK(session.column("SELECT cName FROM HOKEN").size() == 8);
 }
 
-TEST_CASE("a make that breaks off leaves the tables and rows that were there")
+TEST_CASE("an aborted make keeps the existing tables and rows")
 {
     const Session session(postgres());
     dropAll(session);
@@ -139,7 +139,7 @@ TEST_CASE("a make that breaks off leaves the tables and rows that were there")
     CHECK(errorOf([&] { (void)session.open("SELECT nIDNo FROM RIYOUSHA"); }).number() == -2147217865);
 }
 
-TEST_CASE("the server's script has the tables and columns of the embedded one, and its indexes")
+TEST_CASE("the server's script has the tables and columns of the embedded schema, and its indexes")
 {
     std::vector<std::string> tables, indexes;
     for (const std::string &statement : site::statementsOf(site::serverSchemaText())) {
@@ -171,7 +171,7 @@ TEST_CASE("every text column of the server's script has the Japanese collation")
     }
 }
 
-TEST_CASE("a script is cut at its semicolons, not at those in quotes and comments")
+TEST_CASE("a script is split at semicolons outside quotes and comments")
 {
     CHECK(site::statementsOf("-- a; b\nCREATE TABLE t (a INT); /* ; */ INSERT INTO t VALUES (';');\n;") ==
           std::vector<std::string>{"CREATE TABLE t (a INT)", "INSERT INTO t VALUES (';')"});

@@ -1,7 +1,7 @@
-"""scripts/test-sqlserver drops its scratch database when a signal ends it, also when the signal comes again while it drops.
+"""scripts/test-sqlserver drops its scratch database when a signal ends it, even if a second signal arrives during the drop.
 
-Started by with_postgres, whose server stands in for the SQL Server: databases can be created and dropped there, and the
-run is ended before its statements matter. The arguments are the script, the folder with the programs and server_plays.
+Started by with_postgres. Its server replaces the SQL Server: databases can be created and dropped there, and the run is
+interrupted before the differences matter. The arguments are the script, the folder with the programs and server_plays.
 """
 import os
 import signal
@@ -13,7 +13,7 @@ SERVER = os.environ["ININ_ODBC_POSTGRES"]
 
 
 def run_with(signals):
-    """Runs the script, sends it and its programs a signal after each of the lines, and returns exit code and output."""
+    """Runs the script, sends a signal to its process group at each given line, and returns exit code and output."""
     with subprocess.Popen([SCRIPT, SERVER], env={**os.environ, "ININ_BIN": BIN}, stdout=subprocess.PIPE,
                           stderr=subprocess.STDOUT, text=True, start_new_session=True) as run:
         output = []
@@ -26,7 +26,7 @@ def run_with(signals):
 
 
 def is_there(name):
-    """A database that is there cannot be created again."""
+    """Tests whether a database exists: an existing one cannot be created again."""
     environment = {**os.environ, "ININ_SERVER": SERVER}
     made = subprocess.run([PLAYS, "create", name], env=environment, capture_output=True, check=False)
     if made.returncode == 0:

@@ -37,7 +37,7 @@ constexpr EmbeddedRow kEmbeddedOnly[] = {
 
 using Files = std::map<std::string, std::string>;
 
-/// Every file that lies in the site but the database and its connection string.
+/// Every file in the site except the database and its connection string.
 Files filesOf(const TemporarySite &site)
 {
     Files files;
@@ -58,8 +58,8 @@ std::vector<std::string> sortedLines(const std::string &text)
     return lines;
 }
 
-/// A failure's text without what the provider says in it: from "(-2147217900)" to the statement or the end, and the list
-/// that starts with "Connection State=". A text without such a number is returned unchanged.
+/// A failure's text without the provider's part: from "(-2147217900)" to the statement or the end, and the list that
+/// starts with "Connection State=". Text without such a number is returned unchanged.
 std::string withoutProviderText(std::string text)
 {
     const std::size_t number = text.find("(-");
@@ -83,7 +83,7 @@ std::string withoutProviderWords(const std::string &event)
     return json.dump();
 }
 
-/// The neighbourhood of the first difference: an event of the whole screen has some thousand characters.
+/// An excerpt at the first difference: an event of the whole screen has thousands of characters.
 std::string around(const std::string &text, const std::string &other)
 {
     constexpr std::size_t kBefore = 120;
@@ -136,8 +136,8 @@ std::string fileDifference(const Files &wanted, const Files &seen, bool isAnyOrd
     return {};
 }
 
-/// Turns a site to the server. A play that brings a connection string or a database of its own is about just that, and
-/// runs as it stands.
+/// Makes a site use the server. A play that supplies its own connection string or database tests exactly that, and runs
+/// unchanged.
 void turnToServer(const TemporarySite &site, const ServerPlayOptions &options)
 {
     const fs::path settings = site.folder() / kSettings;
@@ -151,7 +151,7 @@ void turnToServer(const TemporarySite &site, const ServerPlayOptions &options)
     writeBytes(settings, site::connectionFile(options.connectionString));
 }
 
-/// The scenario's own driver, with the program's database in the place of the embedded one.
+/// Runs the scenario driver with the program's database instead of the embedded one.
 PlayRecord runOnServer(const Play &play, const TemporarySite &site)
 {
     ScriptDriver driver;

@@ -11,17 +11,17 @@ namespace inin::test {
 struct ServerPlayOptions {
     std::string connectionString;
     site::ServerDialect dialect;
-    /// Lines of a letter file may stand in another order: a server is free where the statement names none.
+    /// Accept the lines of a letter file in any order: without ORDER BY a server is free.
     bool isAnyOrder = false;
 };
 
-/// Why a scenario says nothing about a server; empty for all others. What it does to the embedded file or puts into its
-/// columns, no server takes.
+/// Why a scenario cannot run on a server, because it manipulates the embedded file or stores values that a server
+/// refuses; empty for all others.
 [[nodiscard]] std::string embeddedOnly(const std::string &playName);
 
-/// Plays a scenario on the embedded database and on a server with the same rows, and holds the second against the first:
-/// every event, and every file that the run leaves. Each has its own words for a failed statement: of these only ADO's
-/// number is compared. Empty when there is no difference.
+/// Runs a scenario on the embedded database and on a server with the same rows and compares every event and every
+/// resulting file. Error texts of the providers differ, so only ADO's number is compared. Empty if there is no
+/// difference.
 [[nodiscard]] std::string serverDifference(const Play &play, const ServerPlayOptions &options);
 
 } // namespace inin::test

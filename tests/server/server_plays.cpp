@@ -1,12 +1,12 @@
-// Plays the scenarios on a server's database and holds them against the embedded one. The server's connection string
-// stands in the environment variable ININ_SERVER, where no list of processes shows it:
+// Runs the scenarios on a server's database and compares them with the embedded one. The server's connection string is
+// in the environment variable ININ_SERVER, so that no process list shows it:
 //
-//   server_plays create NAME      makes a database
+//   server_plays create NAME      creates a database
 //   server_plays drop NAME        drops it
-//   server_plays string NAME      writes the connection string for it
-//   server_plays play NAME [PLAY…]  plays all scenarios (or the named ones) on it
+//   server_plays string NAME      prints its connection string
+//   server_plays play NAME [PLAY…]  runs all scenarios (or the named ones) on it
 //
-// ININ_SERVER_SCHEMA names another script of tables, for a server that is no SQL Server.
+// ININ_SERVER_SCHEMA names another table script, for a server other than SQL Server.
 
 #include "adapters/odbc/odbc_string.h"
 #include "adapters/suite/suite_database.h"
@@ -52,7 +52,7 @@ struct Server {
     }
 };
 
-/// A server that knows no collation by that name still has the columns' own.
+/// If the server does not know this collation, the columns still have theirs.
 int createDatabase(const std::string &name)
 {
     const Server server;
@@ -61,7 +61,7 @@ int createDatabase(const std::string &name)
     return 0;
 }
 
-/// What still holds the database is put out; a server that has no such mode drops it all the same.
+/// Disconnects other users of the database; a server without that mode drops it anyway.
 int dropDatabase(const std::string &name)
 {
     const Server server;
@@ -72,7 +72,7 @@ int dropDatabase(const std::string &name)
     return 0;
 }
 
-/// All of them when none is named.
+/// All scenarios if none is named.
 std::vector<fs::path> playsNamed(const std::vector<std::string> &names)
 {
     std::vector<fs::path> files;
@@ -92,7 +92,7 @@ try {
     return fault.what();
 }
 
-/// A named scenario that is not there counts as failed, and so does a run without any.
+/// A named scenario that does not exist counts as failed, as does a run without any scenario.
 int report(const std::vector<fs::path> &files, std::size_t named, const ServerPlayOptions &options)
 {
     std::size_t same = 0;

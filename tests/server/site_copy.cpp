@@ -36,7 +36,7 @@ site::Cell cellOf(sqlite3_stmt *statement, int column)
     }
 }
 
-/// Those of the table's columns that the embedded database has.
+/// The table's columns that exist in the embedded database.
 std::vector<std::string> columnsIn(site::SqliteWriter &embedded, const site::TableColumns &table)
 {
     std::vector<std::string> columns;

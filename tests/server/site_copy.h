@@ -7,8 +7,8 @@
 
 namespace inin::test {
 
-/// Gives a server's database the tables and rows of an embedded one: tables and columns that the embedded one does not
-/// have are not there either, columns that no script of ours declares are left out.
+/// Creates the tables and rows of an embedded database on a server. Tables and columns that the embedded database lacks
+/// are not created; columns that our scripts do not declare are omitted.
 void copyDatabase(const std::filesystem::path &embedded, Database &database, Connection &server,
                   const site::ServerDialect &dialect);
 

@@ -1,5 +1,5 @@
-// What the adapter relies on, claimed on a real server of the T-SQL language. ININ_SERVER_SCRATCH is the connection string
-// of a database in which tables may be made. No test of every day: scripts/test-sqlserver runs it.
+// What the adapter relies on, tested on a real server of the T-SQL language. ININ_SERVER_SCRATCH is the connection
+// string of a database in which tables may be created. Not part of the ordinary tests: scripts/test-sqlserver runs it.
 
 #include "adapters/odbc/driver_stage.h"
 #include "adapters/odbc/odbc_string.h"
@@ -26,10 +26,10 @@ Date moment(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_
     return dateOf({year, month, day, hour, minute, second});
 }
 
-/// A new empty table; DROP … IF EXISTS is younger than many a server.
+/// A new empty table. DROP … IF EXISTS is missing in older servers.
 void newTable(const Session &session, const std::string &name, const std::string &columns)
 {
-    (void)errorOf([&] { session.run("DROP TABLE " + name); }); // it may not be there
+    (void)errorOf([&] { session.run("DROP TABLE " + name); }); // it may not exist
     session.run("CREATE TABLE " + name + " (" + columns + ")");
 }
 
@@ -61,7 +61,7 @@ struct TypeRow {
 
 } // namespace
 
-TEST_CASE("a value of each type arrives as the runtime's own, and NULL of each as Null")
+TEST_CASE("a value of each type arrives as the runtime's own type, and NULL of each as Null")
 {
     const Session session(server());
     for (const TypeRow &row : {
@@ -94,7 +94,7 @@ TEST_CASE("a value of each type arrives as the runtime's own, and NULL of each a
     }
 }
 
-TEST_CASE("text, ntext and image are read whole")
+TEST_CASE("text, ntext and image columns are read completely")
 {
     const Session session(server());
     newTable(session, "old_types", "t text NULL, n ntext NULL, i image NULL");
@@ -105,7 +105,7 @@ TEST_CASE("text, ntext and image are read whole")
     CHECK((rows->Value(2) == Variant(Binary{std::byte{0}, std::byte{255}})));
 }
 
-TEST_CASE("a varchar column of a Japanese collation keeps what code page 932 holds")
+TEST_CASE("a varchar column of a Japanese collation stores the characters of code page 932")
 {
     const Session session(server());
     newTable(session, "narrow", "v varchar(40) COLLATE Japanese_CI_AS");
@@ -122,7 +122,7 @@ TEST_CASE("a Japanese text in a statement finds its row")
     CHECK(wholeNumber(session.value("SELECT id FROM names WHERE t = N'𠮷野'")) == 2);
 }
 
-TEST_CASE("a text of many pieces is whole, with pairs on the borders of the pieces")
+TEST_CASE("text of many pieces is complete, with surrogate pairs across the pieces")
 {
     std::string text = "a";
     while (text.size() < 120000) text += "𠮷委";
@@ -137,7 +137,7 @@ TEST_CASE("a text of many pieces is whole, with pairs on the borders of the piec
     CHECK(wholeNumber(rows->Value(2)) == 8);
 }
 
-TEST_CASE("rows come in blocks, each once")
+TEST_CASE("rows are fetched in blocks, each once")
 {
     const Session session(server());
     fillNumbers(session, 1500);
@@ -151,7 +151,7 @@ TEST_CASE("rows come in blocks, each once")
     CHECK(expected == 1500);
 }
 
-TEST_CASE("a second statement runs while a record set is open, which then goes on")
+TEST_CASE("a second statement runs while a record set is open, which then continues")
 {
     const Session session(server());
     fillNumbers(session, 900);
@@ -164,7 +164,7 @@ TEST_CASE("a second statement runs while a record set is open, which then goes o
     CHECK(last == 900);
 }
 
-TEST_CASE("of two columns of one name the first answers")
+TEST_CASE("of two columns with one name the first is found")
 {
     const Session session(server());
     const auto rows = session.open("SELECT 1 AS a, 2 AS b, 3 AS a");
@@ -172,7 +172,7 @@ TEST_CASE("of two columns of one name the first answers")
     CHECK(wholeNumber(rows->Field("A")) == 1);
 }
 
-TEST_CASE("rows affected, and no rows")
+TEST_CASE("changed rows are counted; blank text returns -1 and a message is not an error")
 {
     const Session session(server());
     fillNumbers(session, 5);
@@ -183,7 +183,7 @@ TEST_CASE("rows affected, and no rows")
     CHECK(session.connection->Errors().empty());
 }
 
-TEST_CASE("a transaction is kept by a commit and taken back by a rollback and by a close")
+TEST_CASE("a commit keeps a transaction; a rollback and a close undo it")
 {
     const Session session(server());
     fillNumbers(session, 1);
@@ -214,7 +214,7 @@ TEST_CASE("errors have ADO's numbers")
     CHECK(wholeNumber(session.value("SELECT 1 AS a")) == 1);
 }
 
-TEST_CASE("a division by zero in the middle of the rows is told and ends them")
+TEST_CASE("a division by zero in the middle of the rows is reported and ends them")
 {
     const Session session(server());
     fillNumbers(session, 900);
@@ -229,7 +229,7 @@ TEST_CASE("a division by zero in the middle of the rows is told and ends them")
     CHECK(wholeNumber(session.value("SELECT 1 AS a")) == 1);
 }
 
-TEST_CASE("a command that takes too long ends with an error in time")
+TEST_CASE("a command that takes too long fails with a timeout")
 {
     const Session session(server());
     session.connection->setCommandTimeout(2);
@@ -238,13 +238,13 @@ TEST_CASE("a command that takes too long ends with an error in time")
     const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
     CHECK(error.number() == -2147217871);
     CHECK(spent.count() < 15);
-    // Some servers close the connection with it: the session must open anew.
+    // Some servers close the connection as well: the session must reopen.
     session.connection->Close();
     session.connection->Open(server(), "", "", -1);
     CHECK(wholeNumber(session.value("SELECT 1 AS a")) == 1);
 }
 
-TEST_CASE("after a killed connection the next operation fails and the session opens anew")
+TEST_CASE("after a killed connection the next operation fails and the session can be reopened")
 {
     const Session session(server());
     const std::int32_t process = wholeNumber(session.value("SELECT @@SPID AS a"));
@@ -260,7 +260,7 @@ TEST_CASE("after a killed connection the next operation fails and the session op
     CHECK(wholeNumber(session.value("SELECT 1 AS a")) == 1);
 }
 
-TEST_CASE("an idle connection that was killed is not handed out again")
+TEST_CASE("an idle connection that was killed is not reused")
 {
     const std::shared_ptr<OdbcDatabase> library = makeOdbcDatabase();
     {
@@ -273,13 +273,13 @@ TEST_CASE("an idle connection that was killed is not handed out again")
     CHECK(wholeNumber(next.value("SELECT 1 AS a")) == 1);
 }
 
-TEST_CASE("the default database is the scratch one")
+TEST_CASE("the default database is the scratch database")
 {
     const Session session(server());
     CHECK(session.connection->DefaultDatabase() == fromEnvironment("ININ_SERVER_SCRATCH_NAME"));
 }
 
-TEST_CASE("a wrong password and a wrong database are refused without the password in any word")
+TEST_CASE("a wrong password and a wrong database are refused without the password in any message")
 {
     const auto database = makeOdbcDatabase();
     const auto connection = database->newConnection();
@@ -294,7 +294,7 @@ TEST_CASE("a wrong password and a wrong database are refused without the passwor
     CHECK(connection->State() == adStateClosed);
 }
 
-TEST_CASE("sessions one after the other share one log-in")
+TEST_CASE("consecutive sessions share one log-in")
 {
     const std::shared_ptr<OdbcDatabase> library = makeOdbcDatabase();
     for (int unit = 0; unit < 20; ++unit) {
@@ -304,7 +304,7 @@ TEST_CASE("sessions one after the other share one log-in")
     CHECK(library->logIns() == 1);
 }
 
-TEST_CASE("a read-only record set leaves the table as it is")
+TEST_CASE("a read-only record set does not change the table")
 {
     const Session session(server());
     fillNumbers(session, 3);

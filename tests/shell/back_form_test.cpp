@@ -24,7 +24,7 @@ struct BackFixture : FakeWorld {
     {
         files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\n" + wallpaperLine + baseLine);
     }
-    /// The number of the error that the load ends with, 0 for a good load.
+    /// The error number that ends the load, 0 for a successful load.
     std::int32_t loadError()
     {
         return errorOf([this] { back.load(); });
@@ -54,7 +54,7 @@ TEST_CASE("the load of the background window fills the process-wide values")
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("the load goes hourglass, folder, icon folder, wallpaper, base twice, picture, pointer")
+TEST_CASE("the load sets hourglass, folder, icon folder, wallpaper, base twice, picture and pointer in this order")
 {
     BackFixture fixture;
     REQUIRE(fixture.loadError() == 0);
@@ -64,7 +64,7 @@ TEST_CASE("the load goes hourglass, folder, icon folder, wallpaper, base twice, 
                                                         "search C:\\SUITE\\ICON\\wall.bmp", "pointer 0"});
 }
 
-TEST_CASE("the wallpaper is asked for before the base: its warning comes although the base ends the load")
+TEST_CASE("the wallpaper is read before the base: its warning is shown although the base ends the load")
 {
     BackFixture fixture;
     fixture.files.putText("C:\\SUITE\\Massage.ini", "[Sorvin]\n");
@@ -75,7 +75,7 @@ TEST_CASE("the wallpaper is asked for before the base: its warning comes althoug
               {"システム設定ファイルに、指定の項目が見つかりません。\r[WALLPAPER]", Icon::critical, "警告！"}});
 }
 
-TEST_CASE("a wallpaper file that does not exist leaves the window bare without a message")
+TEST_CASE("a missing wallpaper file leaves the window empty without a message")
 {
     BackFixture fixture;
     fixture.settings("BASEID=0102\n", "WALLPAPER=none.bmp\n");
@@ -85,7 +85,7 @@ TEST_CASE("a wallpaper file that does not exist leaves the window bare without a
     CHECK(fixture.windows.log.empty());
 }
 
-TEST_CASE("a missing wallpaper setting warns once and checks the bare icon folder")
+TEST_CASE("a missing wallpaper setting warns once and checks the icon folder itself")
 {
     BackFixture fixture;
     fixture.settings("BASEID=0102\n", "");
@@ -96,7 +96,7 @@ TEST_CASE("a missing wallpaper setting warns once and checks the bare icon folde
     CHECK(fixture.back.ImgWall.Picture.get().empty());
 }
 
-TEST_CASE("an icon folder with a file in it is taken for the wallpaper, and loading it ends the load")
+TEST_CASE("an icon folder that contains a file counts as the wallpaper, and loading it ends the load")
 {
     BackFixture fixture;
     fixture.settings("BASEID=0102\n", "");
@@ -106,7 +106,7 @@ TEST_CASE("an icon folder with a file in it is taken for the wallpaper, and load
     CHECK(fixture.back.ImgWall.Picture.get().empty());
 }
 
-TEST_CASE("a missing icon folder setting warns and the load goes on")
+TEST_CASE("a missing icon folder setting warns and the load continues")
 {
     BackFixture fixture;
     fixture.files.putText("C:\\SUITE\\Massage.ini", "WALLPAPER=wall.bmp\nBASEID=0304\n");
@@ -117,7 +117,7 @@ TEST_CASE("a missing icon folder setting warns and the load goes on")
     CHECK(fixture.app.iKyotenCd == 3);
 }
 
-TEST_CASE("a wallpaper file that is no picture ends the load and leaves the window bare")
+TEST_CASE("a wallpaper file that is not a picture ends the load and leaves the window empty")
 {
     BackFixture fixture;
     fixture.windows.pictureError = 481;
@@ -125,7 +125,7 @@ TEST_CASE("a wallpaper file that is no picture ends the load and leaves the wind
     CHECK(fixture.back.ImgWall.Picture.get().empty());
 }
 
-TEST_CASE("the branch comes from the first four characters of the base setting")
+TEST_CASE("the branch is the first four characters of the base setting")
 {
     struct Row {
         const char *claim;
@@ -149,7 +149,7 @@ TEST_CASE("the branch comes from the first four characters of the base setting")
     }
 }
 
-TEST_CASE("a base setting that gives no two numbers ends the load with error 13")
+TEST_CASE("a base setting without two numbers ends the load with error 13")
 {
     struct Row {
         const char *claim;
@@ -174,7 +174,7 @@ TEST_CASE("a base setting that gives no two numbers ends the load with error 13"
     }
 }
 
-TEST_CASE("a load that fails at the sub-code has set the code already and looks for no wallpaper")
+TEST_CASE("a load that fails at the sub-code has already set the code and searches for no wallpaper")
 {
     BackFixture fixture;
     fixture.settings("BASEID=07xx\n");
@@ -193,7 +193,7 @@ TEST_CASE("a missing settings file ends the process in the load")
     CHECK(fixture.boxes.shown[0].text == "システム設定ファイルが見つかりません。");
 }
 
-TEST_CASE("the picture takes the window's width, then its height")
+TEST_CASE("the picture is set to the window's width, then to its height")
 {
     BackFixture fixture;
     fixture.back.Width = 12000;

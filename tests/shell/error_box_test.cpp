@@ -6,7 +6,7 @@
 
 using namespace inin;
 
-TEST_CASE("the central box names the error, the form and the procedure, each line ended by CR")
+TEST_CASE("the central box shows the error, the form and the procedure, each line ended by CR")
 {
     FakeWorld world;
     vErrorBox(world.app, 13, "型が一致しません。", "メンテナンス処理", "frmPrintInin", "optTgtDate_Click");
@@ -20,7 +20,7 @@ TEST_CASE("the central box names the error, the form and the procedure, each lin
     CHECK(world.boxes.shown[0].icon == Icon::critical);
 }
 
-TEST_CASE("the central box takes number and text from a run-time error")
+TEST_CASE("the central box shows number and text of a run-time error")
 {
     FakeWorld world;
     vErrorBox(world.app, RuntimeError(-2147217900, "構文エラー"), kErrorBoxTask, "frmPrintInin", "iGetKanjaDataMonth");
@@ -44,7 +44,7 @@ TEST_CASE("a cleared error shows the number 0 and empty brackets")
                                        "関数名=x\r");
 }
 
-TEST_CASE("an error text with line ends keeps them")
+TEST_CASE("an error text keeps its line ends")
 {
     FakeWorld world;
     vErrorBox(world.app, 5, "一行目\r\n二行目", "t", "f", "p");
@@ -55,17 +55,17 @@ TEST_CASE("an error text with line ends keeps them")
                                        "関数名=p\r");
 }
 
-TEST_CASE("the numbered pattern sets the number in brackets before the text")
+TEST_CASE("the numbered pattern puts the number in brackets before the text")
 {
     CHECK(numberedText(RuntimeError(-2147467259, "接続できません。")) == "(-2147467259)接続できません。");
 }
 
-TEST_CASE("the line pattern sets the number on a line before the text")
+TEST_CASE("the line pattern puts the number on a line before the text")
 {
     CHECK(numberLineText(RuntimeError(3704, "閉じています。")) == "3704\r\n閉じています。");
 }
 
-TEST_CASE("a heading box is critical, has no title of its own and sets CR LF behind the heading")
+TEST_CASE("a heading box is critical, has no title of its own and puts CR LF after the heading")
 {
     FakeWorld world;
     headingBox(world.app, "iGetKanjaData でエラー", "接続文字列取得できません。");

@@ -30,7 +30,7 @@ const ShownBox kNotAvailable{"オンラインヘルプは現在ご利用いた�
 
 } // namespace
 
-TEST_CASE("the help opens at the address with user and password backwards and the page")
+TEST_CASE("the help opens at the address with user and password reversed and the page")
 {
     HelpFixture fixture;
     fixture.putAddress("ADDRESS=http://help.example/top");
@@ -57,7 +57,7 @@ TEST_CASE("a page below 1 is page 1")
     }
 }
 
-TEST_CASE("a second call reads the address again, so that the query never doubles")
+TEST_CASE("a second call reads the address again, so that the query is never appended twice")
 {
     HelpFixture fixture;
     fixture.putAddress("ADDRESS=http://h/");
@@ -83,7 +83,7 @@ TEST_CASE("a missing user file opens the help without a query")
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("the user file is looked for in the folder that the start found, the version file in the runtime's")
+TEST_CASE("the user file is read from the folder found at the start, the version file from the runtime's")
 {
     HelpFixture fixture;
     fixture.putAddress("ADDRESS=http://h/");
@@ -93,7 +93,7 @@ TEST_CASE("the user file is looked for in the folder that the start found, the v
     CHECK(fixture.openedAt(1) == Texts{"http://h/?zi=ba&zp=&lk=1"});
 }
 
-TEST_CASE("a user file that cannot be read opens the help without a query")
+TEST_CASE("an unreadable user file opens the help without a query")
 {
     HelpFixture fixture;
     fixture.putAddress("ADDRESS=http://h/");
@@ -103,7 +103,7 @@ TEST_CASE("a user file that cannot be read opens the help without a query")
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("a missing version file is told and opens nothing")
+TEST_CASE("a missing version file is reported and opens nothing")
 {
     HelpFixture fixture;
     fixture.app.csHelpUrl = "http://old/";
@@ -112,7 +112,7 @@ TEST_CASE("a missing version file is told and opens nothing")
           std::vector<ShownBox>{{"環境ファイルの取得に失敗しました。", Icon::critical, "データ参照エラー"}});
 }
 
-TEST_CASE("an address that is not one of the web is told as not available and opens nothing")
+TEST_CASE("an address that is not a web address is reported as not available and opens nothing")
 {
     for (const char *line : {"", "ADDRESS=", "ADDRESS=   ", "ADDRESS=HTTP://h/", "ADDRESS=Http://h/",
                              "ADDRESS=ftp://h/", "ADDRESS=file:///etc/passwd", "ADDRESS=xhttp://h/", "ADDRESS=htt",
@@ -128,7 +128,7 @@ TEST_CASE("an address that is not one of the web is told as not available and op
     }
 }
 
-TEST_CASE("an address in another section is none")
+TEST_CASE("an address in another section does not count")
 {
     HelpFixture fixture;
     fixture.files.putText(kVersionFile, "[Other]\nADDRESS=http://h/\n");
@@ -136,7 +136,7 @@ TEST_CASE("an address in another section is none")
     CHECK(fixture.boxes.shown == std::vector<ShownBox>{kNotAvailable});
 }
 
-TEST_CASE("blanks around the address and quotes are left out of it")
+TEST_CASE("blanks around the address and quotes are removed")
 {
     for (const char *line :
          {"ADDRESS=  http://h/", "ADDRESS=http://h/  ", "ADDRESS=\"http://h/ \"", "address=http://h/"}) {
@@ -154,7 +154,7 @@ TEST_CASE("one file serves the version window and the help, with fields and with
     CHECK(fixture.openedAt(1) == Texts{"http://h/?a,b"});
 }
 
-TEST_CASE("a run-time error with the version file is told, and the help goes on with the address it had")
+TEST_CASE("a run-time error with the version file is reported, and the help opens with the previous address")
 {
     class NoFolder : public FakeFiles {
     public:
@@ -200,7 +200,7 @@ constexpr UserCase kUsers[] = {
 
 } // namespace
 
-TEST_CASE("user and password come from the lines that begin with their keys")
+TEST_CASE("user and password are read from the lines that begin with their keys")
 {
     for (const UserCase &each : kUsers) {
         CAPTURE(each.claim);
@@ -222,7 +222,7 @@ TEST_CASE("a missing user file is -1")
     CHECK(iGetEmapUser(fixture.app, csUser, csPwd) == -1);
 }
 
-TEST_CASE("the address is got with 0 when it is empty too, and with -1 without the file")
+TEST_CASE("reading the address gives 0 even if it is empty, and -1 without the file")
 {
     HelpFixture fixture;
     CHECK(iGetHelpAddress(fixture.app) == -1);
@@ -234,7 +234,7 @@ TEST_CASE("the address is got with 0 when it is empty too, and with -1 without t
     CHECK(fixture.app.csHelpUrl == "http://h/");
 }
 
-TEST_CASE("characters turn round whole, those beyond 16 bits too")
+TEST_CASE("characters are reversed as a whole, including those beyond 16 bits")
 {
     CHECK(reversedCharacters("") == "");
     CHECK(reversedCharacters("a") == "a");

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char *kFile = "C:\\SUITE\\Massage.ini";
 
-/// A world whose settings file holds just these lines.
+/// A world whose settings file has exactly these lines.
 struct SettingsFixture : FakeWorld {
     explicit SettingsFixture(const std::string &utf8) { files.putText(kFile, utf8); }
     Variant read(const std::string &key, WarnIfMissing warn = WarnIfMissing::no)
@@ -27,7 +27,7 @@ const ShownBox kMissingTmpBox{"システム設定ファイルに、指定の項�
 
 } // namespace
 
-TEST_CASE("a setting is the text behind its first equals sign")
+TEST_CASE("a setting is the text after its first equals sign")
 {
     struct Row {
         const char *claim;
@@ -55,19 +55,19 @@ TEST_CASE("a setting is the text behind its first equals sign")
     }
 }
 
-TEST_CASE("a Japanese key is found in the code page's bytes")
+TEST_CASE("a Japanese key is found by its bytes in the code page")
 {
     SettingsFixture fixture{"終了患者施術期間=3\n"};
     CHECK(fixture.read("終了患者施術期間") == Variant("3"));
 }
 
-TEST_CASE("a key is asked for with its blanks trimmed")
+TEST_CASE("a key is searched with its blanks trimmed")
 {
     SettingsFixture fixture{"WALLPAPER=wall.bmp\n"};
     CHECK(fixture.read("  WALLPAPER ") == Variant("wall.bmp"));
 }
 
-TEST_CASE("a key in another case is another key")
+TEST_CASE("a key in a different case is a different key")
 {
     SettingsFixture fixture{"system_tmp=\\TMP\n"};
     CHECK(fixture.read("SYSTEM_TMP", WarnIfMissing::yes) == Variant(""));
@@ -75,7 +75,7 @@ TEST_CASE("a key in another case is another key")
     CHECK(fixture.boxes.shown[0] == kMissingTmpBox);
 }
 
-TEST_CASE("a comment that holds an equals sign is a key like any other")
+TEST_CASE("a comment that contains an equals sign is a key like any other")
 {
     SettingsFixture fixture{";WALLPAPER=old.bmp\nWALLPAPER=new.bmp\n"};
     CHECK(fixture.read("WALLPAPER") == Variant("new.bmp"));
@@ -89,14 +89,14 @@ TEST_CASE("a line that begins with an equals sign matches the empty key only")
     CHECK(fixture.read("A") == Variant("1"));
 }
 
-TEST_CASE("a missing key gives an Empty without a box when no warning is asked for")
+TEST_CASE("a missing key gives an Empty without a box if no warning is requested")
 {
     SettingsFixture fixture{"A=1\n"};
     CHECK(fixture.read("BASEID").isEmpty());
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("a missing key gives the empty text after a warning that names it")
+TEST_CASE("a missing key gives the empty text after a warning with its name")
 {
     SettingsFixture fixture{"A=1\n"};
     CHECK(fixture.read("SYSTEM_TMP", WarnIfMissing::yes) == Variant(""));
@@ -114,7 +114,7 @@ TEST_CASE("a missing settings file shows a warning and ends the process")
     CHECK(world.processes.ended);
 }
 
-TEST_CASE("the settings file is looked for and read anew at each call")
+TEST_CASE("the settings file is searched and read anew at each call")
 {
     SettingsFixture fixture{"A=1\n"};
     CHECK(fixture.read("A") == Variant("1"));
@@ -125,7 +125,7 @@ TEST_CASE("the settings file is looked for and read anew at each call")
                                                         "open <C:\\SUITE\\Massage.ini"});
 }
 
-TEST_CASE("a settings file that cannot be opened is a run-time error of the caller")
+TEST_CASE("a settings file that cannot be opened is a run-time error for the caller")
 {
     FakeWorld world;
     world.files.openInputErrors["c:\\suite\\massage.ini"] = 70;
@@ -145,7 +145,7 @@ TEST_CASE("a settings file without any equals sign has no key")
     CHECK(fixture.read("SYSTEM_TMP").isEmpty());
 }
 
-TEST_CASE("NUL bytes in the settings file hide no line behind them")
+TEST_CASE("NUL bytes in the settings file do not hide the lines after them")
 {
     FakeWorld world;
     world.files.put(kFile, std::string("A=\0x\r\n\0\0=\r\nB=2\r\n", 16));
@@ -153,7 +153,7 @@ TEST_CASE("NUL bytes in the settings file hide no line behind them")
     CHECK(vGetSystemValue(world.app, "A", WarnIfMissing::no) == Variant(std::string("\0x", 2)));
 }
 
-TEST_CASE("a key behind ten megabytes of settings is found")
+TEST_CASE("a key after ten megabytes of settings is found")
 {
     FakeWorld world;
     std::string bytes = std::string(5'000'000, 'x') + "\r\n";
@@ -162,14 +162,14 @@ TEST_CASE("a key behind ten megabytes of settings is found")
     CHECK(vGetSystemValue(world.app, "BASEID", WarnIfMissing::no) == Variant("0102"));
 }
 
-TEST_CASE("bytes that are no character of the code page stop nothing")
+TEST_CASE("bytes invalid in the code page do not end the reading")
 {
     FakeWorld world;
     world.files.put(kFile, "\xFF\xFE\x80=\xA0\xFD\r\nBASEID=0102\r\n");
     CHECK(vGetSystemValue(world.app, "BASEID", WarnIfMissing::no) == Variant("0102"));
 }
 
-TEST_CASE("lines that end in CR or LF alone are lines too")
+TEST_CASE("lines that end with CR or LF alone are lines too")
 {
     FakeWorld world;
     world.files.put(kFile, "A=1\rB=2\nC=3\r\n");
@@ -186,13 +186,13 @@ TEST_CASE("the folders are the application folder, the setting and a backslash")
     CHECK(csDataDir(world.app) == "C:\\SUITE\\DATA\\");
 }
 
-TEST_CASE("a folder setting keeps its blanks, and nothing is set between application folder and value")
+TEST_CASE("a folder setting keeps its blanks, and nothing is inserted between application folder and value")
 {
     SettingsFixture fixture{"SYSTEM_TMP=TMP \n"};
     CHECK(csTmpDir(fixture.app) == "C:\\SUITETMP \\");
 }
 
-TEST_CASE("a missing folder setting warns and leaves the application folder with its backslash")
+TEST_CASE("a missing folder setting warns and gives the application folder with its backslash")
 {
     SettingsFixture fixture{"A=1\n"};
     CHECK(csTmpDir(fixture.app) == "C:\\SUITE\\");
@@ -200,14 +200,14 @@ TEST_CASE("a missing folder setting warns and leaves the application folder with
     CHECK(fixture.boxes.shown[0] == kMissingTmpBox);
 }
 
-TEST_CASE("the application folder is made current, drive first, and given back as the system reports it")
+TEST_CASE("the application folder is made current, drive first, and returned as the system reports it")
 {
     FakeWorld world;
     CHECK(csSetAppDir(world.app, "D:\\OTHER") == "D:\\OTHER");
     CHECK(world.files.log == std::vector<std::string>{"chdrive D:\\OTHER", "chdir D:\\OTHER"});
 }
 
-TEST_CASE("a file exists when a directory search finds a name")
+TEST_CASE("a file exists if a directory search finds a name")
 {
     FakeWorld world;
     struct Row {
@@ -218,7 +218,7 @@ TEST_CASE("a file exists when a directory search finds a name")
         {"C:\\SUITE\\ICON\\wall.bmp", true},  {"C:\\SUITE\\ICON\\WALL.BMP", true},
         {"C:\\SUITE\\ICON\\none.bmp", false}, {"C:\\SUITE\\ICON\\", true}, // the folder's first file
         {"C:\\SUITE\\TMP\\", false},                                       // an empty folder has none
-        {"C:\\SUITE\\ICON", false},                                        // a folder is no file
+        {"C:\\SUITE\\ICON", false},                                        // a folder is not a file
         {"C:\\SUITE\\ICON\\*.bmp", true},
     };
     for (const Row &row : rows) {

@@ -17,14 +17,14 @@ namespace {
 
 const ShownBox kCannotStart{"起動できません！", Icon::critical, ""};
 
-/// A branch with a staff member, without whom no screen opens.
+/// A branch with a staff member, without which no screen opens.
 struct StaffedWorld : FakeWorld {
     StaffedWorld() { database.resultsByText.emplace_back(kStaffSql, staffMembers({{std::int32_t{11}, "佐藤 花子"}})); }
 };
 
 } // namespace
 
-TEST_CASE("the start shows the background first, then the screen, and the screen's end ends the process")
+TEST_CASE("the start shows the background first, then the screen, and closing the screen ends the process")
 {
     StaffedWorld world;
     world.windows.closeByControlBox();
@@ -35,7 +35,7 @@ TEST_CASE("the start shows the background first, then the screen, and the screen
     CHECK(world.processes.started == std::vector<std::string>{"1 C:\\SUITE\\Main.exe 2"});
 }
 
-TEST_CASE("leaving the screen in any way hands back to the menu program and ends")
+TEST_CASE("every way to close the screen returns to the menu program and ends the process")
 {
     struct Row {
         const char *claim;
@@ -58,7 +58,7 @@ TEST_CASE("leaving the screen in any way hands back to the menu program and ends
     }
 }
 
-TEST_CASE("a branch without staff is told so and goes back to the menu program before the screen is seen")
+TEST_CASE("a branch without staff shows a message and returns to the menu program before the screen is visible")
 {
     FakeWorld world;
     CHECK_THROWS_AS(Main(world.app), ProcessEnded);
@@ -79,7 +79,7 @@ TEST_CASE("a run-time error in the load of the background shows one box and star
     CHECK(world.windows.log.empty());
 }
 
-TEST_CASE("a wallpaper that is no picture keeps the program from starting")
+TEST_CASE("a wallpaper that is not a picture prevents the start")
 {
     StaffedWorld world;
     world.windows.pictureError = 481;
@@ -87,7 +87,7 @@ TEST_CASE("a wallpaper that is no picture keeps the program from starting")
     CHECK(world.boxes.shown == std::vector<ShownBox>{kCannotStart});
 }
 
-TEST_CASE("a missing wallpaper setting with files in the icon folder warns, and the start ends")
+TEST_CASE("a missing wallpaper setting with files in the icon folder warns, and the start fails")
 {
     StaffedWorld world;
     world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\nBASEID=0102\n");
@@ -99,7 +99,7 @@ TEST_CASE("a missing wallpaper setting with files in the icon folder warns, and 
               kCannotStart});
 }
 
-TEST_CASE("a missing settings file ends the process with its own box alone")
+TEST_CASE("a missing settings file ends the process with only its own box")
 {
     StaffedWorld world;
     world.files.remove("C:\\SUITE\\Massage.ini");
@@ -118,7 +118,7 @@ TEST_CASE("a run-time error in the load of the screen shows the start's box")
     CHECK(world.processes.started.empty());
 }
 
-TEST_CASE("a menu program that cannot be started goes on as an unhandled error, not as a failed start")
+TEST_CASE("a menu program that cannot be started is an unhandled error, not a failed start")
 {
     StaffedWorld world;
     world.processes.startError = 53;
@@ -128,7 +128,7 @@ TEST_CASE("a menu program that cannot be started goes on as an unhandled error, 
     CHECK_FALSE(world.processes.ended);
 }
 
-TEST_CASE("the screen opens without a connection, and leaving it still hands back")
+TEST_CASE("the screen opens without a connection, and closing it still returns to the menu program")
 {
     StaffedWorld world;
     world.database.connectError = -2147467259;

@@ -62,7 +62,7 @@ const FileCase kFiles[] = {
     {"Japanese text", "VERSION=令和６年度版\n", {"令和６年度版: "}},
 };
 
-/// Reads one piece, then fails.
+/// Reads one block, then fails.
 class BrokenFiles : public FakeFiles {
 public:
     std::unique_ptr<InputFile> openForInput(const std::string &path) override
@@ -85,7 +85,7 @@ public:
 
 } // namespace
 
-TEST_CASE("the version window has its words, its colour and its buttons' keys")
+TEST_CASE("the version window has its texts, its colour and its buttons' keys")
 {
     VersionFixture fixture;
     const frmVer &form = fixture.form;
@@ -105,7 +105,7 @@ TEST_CASE("the version window has its words, its colour and its buttons' keys")
     }
 }
 
-TEST_CASE("the list shows each value of the version file with a colon and a blank behind it")
+TEST_CASE("the list shows each value of the version file followed by a colon and a blank")
 {
     for (const FileCase &each : kFiles) {
         CAPTURE(each.claim);
@@ -114,7 +114,7 @@ TEST_CASE("the list shows each value of the version file with a colon and a blan
     }
 }
 
-TEST_CASE("a missing version file leaves the list empty without a word")
+TEST_CASE("a missing version file leaves the list empty without a message")
 {
     VersionFixture fixture;
     fixture.form.load();
@@ -122,7 +122,7 @@ TEST_CASE("a missing version file leaves the list empty without a word")
     CHECK(fixture.boxes.shown.empty());
 }
 
-TEST_CASE("the version file is found under another spelling of its name")
+TEST_CASE("the version file is found under a different spelling of its name")
 {
     VersionFixture fixture;
     fixture.files.putText("C:\\SUITE\\SORVIN.VER", "VERSION=a\n");
@@ -130,7 +130,7 @@ TEST_CASE("the version file is found under another spelling of its name")
     CHECK(fixture.lines() == std::vector<std::string>{"a: "});
 }
 
-TEST_CASE("lines of no owner are shown for every program and for none")
+TEST_CASE("lines without an owner are shown for every program and for none")
 {
     for (const std::int16_t iSystemId : {std::int16_t{0}, std::int16_t{55}, std::int16_t{56}}) {
         CAPTURE(iSystemId);
@@ -140,7 +140,7 @@ TEST_CASE("lines of no owner are shown for every program and for none")
     }
 }
 
-TEST_CASE("the charges of 2019 are told as the third line when they are in force")
+TEST_CASE("the charges of 2019 are shown as the third line if they apply")
 {
     struct Flag {
         std::int16_t iTankaKaitei;
@@ -163,7 +163,7 @@ TEST_CASE("a window that is loaded a second time shows its lines once")
     CHECK(fixture.lines() == std::vector<std::string>{"a: "});
 }
 
-TEST_CASE("the version file comes back whole, its fields joined with CR LF")
+TEST_CASE("the version file is returned completely, its fields joined by CR LF")
 {
     VersionFixture fixture;
     fixture.files.putText(kVersionFile, "[a]\nVERSION=3,14\n\"x\"\nlast");
@@ -174,7 +174,7 @@ TEST_CASE("the version file comes back whole, its fields joined with CR LF")
     CHECK(csUpdate == "old update");
 }
 
-TEST_CASE("a missing version file is the empty text and leaves the two texts alone")
+TEST_CASE("a missing version file gives the empty text and leaves the two texts unchanged")
 {
     VersionFixture fixture;
     std::string csVersion = "old version";
@@ -184,7 +184,7 @@ TEST_CASE("a missing version file is the empty text and leaves the two texts alo
     CHECK(csUpdate == "old update");
 }
 
-TEST_CASE("a read that fails half-way keeps what was read, without a word")
+TEST_CASE("a read that fails in the middle keeps the texts already read, without a message")
 {
     FakeWorld world;
     BrokenFiles files;
@@ -228,11 +228,11 @@ TEST_CASE("another key leaves the window open")
     CHECK(fixture.form.isLoaded());
 }
 
-TEST_CASE("F12 closes the window by the key itself too, and its failure is a box")
+TEST_CASE("F12 also closes the window as a plain key, and its failure shows a box")
 {
     VersionFixture fixture;
     fixture.form.load();
-    fixture.form.mnF12.Enabled = false; // else the menu's short-cut takes the key
+    fixture.form.mnF12.Enabled = false; // otherwise the menu's shortcut handles the key
     bool fails = true;
     fixture.form.watch([&fails] {
         if (fails) throw RuntimeError(error_number::objectNotSet);
@@ -252,7 +252,7 @@ constexpr const char *kOldFile = "C:\\SUITE\\DATA\\Version.ini";
 constexpr const char *kOldRecords = "0,名,委任状印刷\n55,x,  一行目 \n56,x,二行目\n";
 } // namespace
 
-TEST_CASE("the older file names the program in its first record and gives a program's own lines")
+TEST_CASE("the older file names the program in its first record and shows only the lines of the given program")
 {
     VersionFixture fixture;
     fixture.files.putText(kOldFile, kOldRecords);
@@ -261,7 +261,7 @@ TEST_CASE("the older file names the program in its first record and gives a prog
     CHECK(fixture.lines() == std::vector<std::string>{"一行目"});
 }
 
-TEST_CASE("the older file gives all lines to the program number 0")
+TEST_CASE("the older file gives all lines to program number 0")
 {
     VersionFixture fixture;
     fixture.files.putText(kOldFile, kOldRecords);
@@ -269,7 +269,7 @@ TEST_CASE("the older file gives all lines to the program number 0")
     CHECK(fixture.lines() == std::vector<std::string>{"一行目", "二行目"});
 }
 
-TEST_CASE("an older file that is cut short or not there tells its error")
+TEST_CASE("an older file that is truncated or missing raises its error")
 {
     VersionFixture fixture;
     CHECK_THROWS_AS(fixture.form.readVersionIni(0), RuntimeError);

@@ -13,7 +13,7 @@ using namespace inin;
 
 namespace {
 
-/// Each time given lets a step go by, a quarter of a second if not told otherwise.
+/// Advances the clock at each processing of events, by default by a quarter of a second.
 class TickingWindows : public FakeWindows {
 public:
     explicit TickingWindows(FakeClock &clock) : m_clock(clock) {}
@@ -43,7 +43,7 @@ struct WaitFixture {
 
 } // namespace
 
-TEST_CASE("the notice has its caption, its button's words and four pictures")
+TEST_CASE("the notice has its caption, its button's text and four pictures")
 {
     WaitFixture fixture;
     CHECK(fixture.form.Caption.get() == "  タイトル");
@@ -52,7 +52,7 @@ TEST_CASE("the notice has its caption, its button's words and four pictures")
     CHECK(fixture.form.find("imgInf(3)") == &fixture.form.imgInf[3]);
 }
 
-TEST_CASE("the load shows the picture of the given number alone")
+TEST_CASE("the load shows only the picture of the given number")
 {
     for (const std::int16_t number : {std::int16_t{0}, std::int16_t{3}}) {
         CAPTURE(number);
@@ -64,7 +64,7 @@ TEST_CASE("the load shows the picture of the given number alone")
     }
 }
 
-TEST_CASE("a picture number that there is not ends the load")
+TEST_CASE("a picture number that does not exist ends the load")
 {
     for (const std::int16_t number : {std::int16_t{-1}, std::int16_t{4}}) {
         CAPTURE(number);
@@ -74,7 +74,7 @@ TEST_CASE("a picture number that there is not ends the load")
     }
 }
 
-TEST_CASE("the notice unloads itself after its seconds, giving time in every pass")
+TEST_CASE("the notice unloads itself after its seconds and processes events in every pass")
 {
     WaitFixture fixture;
     fixture.form.fSeconds = 1.5F;
@@ -83,7 +83,7 @@ TEST_CASE("the notice unloads itself after its seconds, giving time in every pas
     CHECK(fixture.windows.passes == 6);
 }
 
-TEST_CASE("a notice of no seconds goes at once")
+TEST_CASE("a notice of zero seconds closes at once")
 {
     WaitFixture fixture;
     fixture.windows.show(fixture.form, Modality::modal);
@@ -91,14 +91,14 @@ TEST_CASE("a notice of no seconds goes at once")
     CHECK(fixture.windows.passes == 0);
 }
 
-TEST_CASE("the wait gives back the seconds that really went by")
+TEST_CASE("the wait returns the elapsed seconds")
 {
     WaitFixture fixture;
     fixture.form.load();
     CHECK(fixture.form.wait(0.6F) == 0.75F);
 }
 
-TEST_CASE("a wait over midnight is as long as any other")
+TEST_CASE("a wait across midnight is as long as any other")
 {
     WaitFixture fixture;
     fixture.form.load();
@@ -106,7 +106,7 @@ TEST_CASE("a wait over midnight is as long as any other")
     CHECK(fixture.form.wait(1.0F) == 1.0F);
 }
 
-TEST_CASE("a wait goes on over a second midnight")
+TEST_CASE("a wait continues across a second midnight")
 {
     WaitFixture fixture;
     fixture.form.load();
@@ -136,7 +136,7 @@ TEST_CASE("the button closes the notice at once and ends its wait")
     CHECK(fixture.windows.passes == 1);
 }
 
-TEST_CASE("a notice that loses the window's focus unloads")
+TEST_CASE("a notice unloads when its window loses the focus")
 {
     WaitFixture fixture;
     fixture.form.load();
@@ -144,7 +144,7 @@ TEST_CASE("a notice that loses the window's focus unloads")
     CHECK_FALSE(fixture.form.isLoaded());
 }
 
-TEST_CASE("the text stands in the middle beside the picture and above the button")
+TEST_CASE("the text is centred next to the picture and above the button")
 {
     WaitFixture fixture;
     fixture.form.Width = 4600;
@@ -156,7 +156,8 @@ TEST_CASE("the text stands in the middle beside the picture and above the button
     CHECK(fixture.form.laMsg.Top == 600);
 }
 
-TEST_CASE("a label wider than its room stands to the left of it, and one of its width at the picture's edge")
+TEST_CASE(
+    "a label wider than its area extends to the left of it, and one of exactly its width starts at the picture's edge")
 {
     struct Place {
         std::int32_t width, labelWidth, left;
@@ -171,7 +172,7 @@ TEST_CASE("a label wider than its room stands to the left of it, and one of its 
     }
 }
 
-TEST_CASE("the button closes the notice without a wait too")
+TEST_CASE("the button closes the notice even without a wait")
 {
     WaitFixture fixture;
     fixture.form.load();

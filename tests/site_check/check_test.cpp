@@ -14,14 +14,14 @@ namespace {
 
 constexpr const char *kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
 
-/// A machine whose code page has no Japanese.
+/// A machine with a code page without Japanese.
 struct WesternLocale : Locale {
     Regional regional() override { return {}; }
     std::string toCodePage(std::string_view) override { return "????"; }
     std::string fromCodePage(std::string_view) override { return "?"; }
 };
 
-/// A demo site whose oddities are mended: a check finds nothing.
+/// A demo site without irregularities: a check finds nothing.
 struct SoundSite {
     TempFolder folder;
     SoundSite()
@@ -31,7 +31,7 @@ struct SoundSite {
     }
     [[nodiscard]] const fs::path &path() const { return folder.folder(); }
     [[nodiscard]] fs::path database() const { return path() / "demo.db"; }
-    /// Replaces a piece of a settings file.
+    /// Replaces a part of a settings file.
     void change(const char *file, const std::string &from, const std::string &to) const
     {
         std::string text = decodeCp932(bytesOf(path() / file));
@@ -108,12 +108,12 @@ TEST_CASE("a sound site has no findings")
     CHECK(SoundSite{}.check() == site::Findings{});
 }
 
-TEST_CASE("a demo site as it is made lacks nothing but some agents")
+TEST_CASE("a new demo site has only missing agents as findings")
 {
     CHECK(site::checkSite(sharedSite()) == site::Findings{"代理人（nDairiID）が会社（CORP）にない利用者が6人います。"});
 }
 
-TEST_CASE("each form document that is missing is found")
+TEST_CASE("each missing form document is found")
 {
     const SoundSite site;
     for (const char *form : kForms) fs::remove(site.path() / "SYS" / pathOf(form));
@@ -123,7 +123,7 @@ TEST_CASE("each form document that is missing is found")
                                          "帳票「委任状37_高松市.wfd」がフォルダー「\\SYS」にありません。"});
 }
 
-TEST_CASE("a machine that reads settings in another code page is found, one that reads them in 932 is not")
+TEST_CASE("a machine that reads settings in another code page is found, one with 932 is not")
 {
     WesternLocale western;
     site::Findings findings;
@@ -137,7 +137,7 @@ TEST_CASE("a machine that reads settings in another code page is found, one that
     CHECK(none.empty());
 }
 
-TEST_CASE("a short date that begins with the whole year is no fault of the machine")
+TEST_CASE("a short date that begins with a four-digit year is accepted")
 {
     for (const char *form :
          {"yyyy/MM/dd", "yyyy/M/d", "yyyy/MM/d", "yyyy/M/dd", "yyyy-MM-dd", "yyyy-M-d", "yyyy-MM-d", "yyyy-M-dd"}) {
@@ -148,7 +148,7 @@ TEST_CASE("a short date that begins with the whole year is no fault of the machi
     }
 }
 
-TEST_CASE("a short date with an era, with the day in front or with a short year is found")
+TEST_CASE("a short date with an era, with the day in front or with a two-digit year is found")
 {
     for (const std::string form : {"gg yy/MM/dd", "d/M/yy", "M/d/yyyy", "yy/MM/dd", "yyyy'年'M'月'd'日'", ""}) {
         CAPTURE(form);
@@ -170,7 +170,7 @@ TEST_CASE("each fault of the settings is found and nothing else")
     }
 }
 
-TEST_CASE("a wallpaper that is no picture is found, since the program does not start with it")
+TEST_CASE("a wallpaper that is not a picture is found, because the program does not start with it")
 {
     const SoundSite site;
     writeBytes(site.path() / "ICON" / "wall.bmp", "no picture");
@@ -178,7 +178,7 @@ TEST_CASE("a wallpaper that is no picture is found, since the program does not s
           site::Findings{"Massage.ini の項目「WALLPAPER」の「wall.bmp」が画像ではないので、起動できません。"});
 }
 
-TEST_CASE("a wallpaper that cannot be painted is found with its cure, since the window stays bare")
+TEST_CASE("a wallpaper that cannot be painted is found with its remedy, because the window stays empty")
 {
     using namespace std::string_literals;
     for (const std::string &bytes : {"BMx"s, "\xD7\xCD\xC6\x9A"s + std::string(60, '\0')}) {
@@ -221,7 +221,7 @@ TEST_CASE("a value that would add or break letters is found by table, column and
     CHECK(site.check() == wanted);
 }
 
-TEST_CASE("a quote or comma that leaves the letters as they are is no finding, nor is a value that no letter shows")
+TEST_CASE("a quote or comma that does not break a letter is not a finding, nor is a value outside the letters")
 {
     const SoundSite site;
     execute(site.database(), "UPDATE RIYOUSHA SET cName = 'a\"b, \"c\"' WHERE nIDNo = 5");
@@ -240,7 +240,7 @@ TEST_CASE("of many values that would break letters fifty are named and the other
     CHECK(findings.back() == "テーブル「RIYOUSHA」に、委任状が増えるか崩れる値がほかに20件あります。");
 }
 
-TEST_CASE("a patient without an agent is no finding")
+TEST_CASE("a patient without an agent is not a finding")
 {
     const SoundSite site;
     execute(site.database(), "UPDATE RIYOUSHA SET nDairiID = NULL WHERE nIDNo = 5");
@@ -248,7 +248,7 @@ TEST_CASE("a patient without an agent is no finding")
     CHECK(site.check().empty());
 }
 
-TEST_CASE("a missing settings file and a missing connection file are told")
+TEST_CASE("a missing settings file and a missing connection file are findings")
 {
     const SoundSite site;
     fs::remove(site.path() / "Massage.ini");
@@ -257,12 +257,12 @@ TEST_CASE("a missing settings file and a missing connection file are told")
                                          "接続情報ファイル「adodb.ini」がありません。"});
 }
 
-TEST_CASE("a folder that is not there is the only finding")
+TEST_CASE("a missing folder is the only finding")
 {
     CHECK(site::checkSite("/no/such/site") == site::Findings{"フォルダー「/no/such/site」がありません。"});
 }
 
-TEST_CASE("a database that cannot be opened is told with the provider's words")
+TEST_CASE("a database that cannot be opened is reported with the provider's text")
 {
     const SoundSite site;
     fs::remove(site.database());
@@ -272,10 +272,10 @@ TEST_CASE("a database that cannot be opened is told with the provider's words")
     CHECK_FALSE(fs::exists(site.database()));
 }
 
-TEST_CASE("a damaged database is found, and its tables are not looked at")
+TEST_CASE("a damaged database is found, and its tables are not checked")
 {
     const site::Findings damaged{"データベースのファイルが壊れています。控えのファイルに戻してください。"};
-    SUBCASE("an index that does not hold the rows of its table")
+    SUBCASE("an index that does not match the rows of its table")
     {
         const SoundSite site;
         execute(site.database(), "PRAGMA writable_schema = ON; UPDATE sqlite_schema SET sql ="
@@ -294,14 +294,14 @@ TEST_CASE("a damaged database is found, and its tables are not looked at")
     }
 }
 
-TEST_CASE("a connection string that the suite's buffer would cut is told")
+TEST_CASE("a connection string that the suite's buffer would truncate is found")
 {
     const SoundSite site;
     site.change("adodb.ini", "demo.db", "demo.db;Application Name=" + std::string(240, 'x'));
     CHECK(site.check() == site::Findings{"adodb.ini の接続文字列が255バイトを超えています。"});
 }
 
-TEST_CASE("an entry of 帳票Format.ini takes the place of the three form documents")
+TEST_CASE("an entry of 帳票Format.ini replaces the three form documents")
 {
     const SoundSite site;
     for (const char *form : kForms) fs::remove(site.path() / "SYS" / pathOf(form));
@@ -326,7 +326,7 @@ TEST_CASE("a settings file that is a folder or too large is reported as unreadab
     CHECK(site.check() == site::Findings{unreadable("Massage.ini"), unreadable("adodb.ini")});
 }
 
-TEST_CASE("names of files and folders are found whatever their case")
+TEST_CASE("names of files and folders are found in any case")
 {
     const SoundSite site;
     fs::rename(site.path() / "Massage.ini", site.path() / "MASSAGE.INI");

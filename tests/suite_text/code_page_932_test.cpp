@@ -14,7 +14,7 @@ struct Pair {
 };
 } // namespace
 
-TEST_CASE("characters of the code page go out and come back")
+TEST_CASE("characters of the code page survive encoding and decoding")
 {
     const Pair pairs[] = {
         {"", ""},
@@ -34,7 +34,7 @@ TEST_CASE("characters of the code page go out and come back")
     }
 }
 
-TEST_CASE("both Unicode twins of dash, double bar, minus and wave go out as the code page's own")
+TEST_CASE("both Unicode characters for dash, double bar, minus and wave dash are encoded")
 {
     CHECK(encodeCp932("\u2014\u2016\u2212\u301C") == "\x81\x5C\x81\x61\x81\x7C\x81\x60");
     CHECK(encodeCp932("\u2015\u2225\uFF0D\uFF5E") == "\x81\x5C\x81\x61\x81\x7C\x81\x60");
@@ -47,11 +47,11 @@ TEST_CASE("a character outside the code page becomes one question mark")
     CHECK(encodeCp932("𠮷野家") == "?\x96\xEC\x89\xC6");
     CHECK(encodeCp932("¥¢©") == "???");
     CHECK(encodeCp932("\uFFFD") == "?");
-    CHECK(encodeCp932("が") == "\x82\xAA"); // one character; the combining mark below is another
+    CHECK(encodeCp932("が") == "\x82\xAA"); // one character; the combining mark below is a second one
     CHECK(encodeCp932("か\u3099") == "\x82\xA9?");
 }
 
-TEST_CASE("a sequence that is no UTF-8 becomes a question mark and hides nothing behind it")
+TEST_CASE("a malformed UTF-8 sequence becomes a question mark and does not hide what follows")
 {
     const Pair pairs[] = {
         {"a\x80z", "a?z"},           {"a\xFFz", "a?z"},
@@ -62,7 +62,7 @@ TEST_CASE("a sequence that is no UTF-8 becomes a question mark and hides nothing
     for (const Pair &pair : pairs) CHECK(encodeCp932(pair.utf8) == pair.bytes);
 }
 
-TEST_CASE("a duplicate goes out at the place that the suite's system writes")
+TEST_CASE("a duplicate character is encoded with the code that the suite's system writes")
 {
     struct Row {
         std::string read, written;
@@ -75,7 +75,7 @@ TEST_CASE("a duplicate goes out at the place that the suite's system writes")
     for (const Row &row : rows) CHECK(encodeCp932(decodeCp932(row.read)) == row.written);
 }
 
-TEST_CASE("the user's own characters keep their places")
+TEST_CASE("user-defined characters keep their codes")
 {
     CHECK(decodeCp932("\xF0\x40") == "\uE000");
     CHECK(decodeCp932("\xF0\xFC") == "\uE0BB");
@@ -83,7 +83,7 @@ TEST_CASE("the user's own characters keep their places")
     CHECK(encodeCp932("\uE000\uE757\uE758") == "\xF0\x40\xF9\xFC?");
 }
 
-TEST_CASE("a byte that is no character reads as U+FFFD and stops nothing")
+TEST_CASE("a byte that is not a character is decoded as U+FFFD and decoding continues")
 {
     const Pair pairs[] = {
         {"a\uFFFDz", "a\x80z"},   {"a\uFFFDz", "a\xA0z"}, {"a\uFFFDz", "a\xFDz"},       {"a\uFFFDz", "a\xFEz"},
@@ -93,7 +93,7 @@ TEST_CASE("a byte that is no character reads as U+FFFD and stops nothing")
     for (const Pair &pair : pairs) CHECK(decodeCp932(pair.bytes) == pair.utf8);
 }
 
-TEST_CASE("every double byte that is a character comes back as the same character")
+TEST_CASE("every double-byte character decodes and encodes to the same bytes")
 {
     int characters = 0;
     for (int lead = 0x81; lead <= 0xFC; ++lead)
@@ -105,7 +105,7 @@ TEST_CASE("every double byte that is a character comes back as the same characte
             const std::string utf8 = decodeCp932(bytes);
             if (decodeCp932(encodeCp932(utf8)) != utf8) FAIL_CHECK("lead ", lead, " trail ", trail);
         }
-    // 6879 of JIS X 0208, 83 of row 13, 374 and 388 of the extensions, 1880 of the user.
+    // 6879 of JIS X 0208, 83 of row 13, 374 and 388 of the extensions, 1880 user-defined.
     CHECK(characters == 9604);
 }
 

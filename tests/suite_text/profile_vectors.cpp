@@ -67,7 +67,7 @@ bool isAboutTheBytes(const ProfileCase &one)
 std::string recordedResult(const ProfileStep &step)
 {
     if (step.call != ProfileStep::Call::text) return std::to_string(step.returned);
-    // A list of names is recorded with the NULs behind it; its length was returned.
+    // A list of names is recorded with its NULs; the call returned its length.
     const bool list = !step.section || !step.key;
     return list ? step.result.substr(0, static_cast<std::size_t>(step.returned)) : step.result;
 }

@@ -9,7 +9,7 @@ using namespace inin;
 
 namespace {
 
-/// Plays a step on bytes.
+/// Runs a step on bytes.
 std::string played(const ProfileStep &step, std::optional<std::string> &file)
 {
     const std::string before = file.value_or("");
@@ -22,7 +22,7 @@ std::string played(const ProfileStep &step, std::optional<std::string> &file)
 
 } // namespace
 
-TEST_CASE("every recorded profile call gives on the bytes what the platform gave")
+TEST_CASE("every recorded profile call has the platform's result on the bytes")
 {
     std::size_t count = 0;
     for (const ProfileCase &one : recordedProfileCases()) {
@@ -38,7 +38,7 @@ TEST_CASE("every recorded profile call gives on the bytes what the platform gave
     CHECK(count == 193);
 }
 
-TEST_CASE("a case that is decided otherwise somewhere is in the recording")
+TEST_CASE("each special case is in the recording")
 {
     const auto cases = recordedProfileCases();
     for (const char *decided : {kMendedCase, kHeldOpenCase, kBareNameCase}) {

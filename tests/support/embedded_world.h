@@ -12,8 +12,8 @@
 
 namespace inin {
 
-/// A fake world over an embedded database of a site's tables, in a folder of its own that is gone with it.
-/// A test links inin_sqlite and SQLite::SQLite3.
+/// A fake world over an embedded database with a site's tables, in its own temporary folder. A test that uses it links
+/// inin_sqlite and SQLite::SQLite3.
 struct EmbeddedWorld : FakeWorld {
     EmbeddedWorld()
     {
@@ -24,9 +24,9 @@ struct EmbeddedWorld : FakeWorld {
         site.iKyotenEb = app.iKyotenEb;
     }
 
-    /// Runs statements in SQLite's own spelling, beside the program.
+    /// Runs statements in SQLite's own dialect on a separate connection.
     void run(const std::string &sql) const { ask(sql, nullptr, nullptr); }
-    /// The last value of a query in SQLite's own spelling, "(null)" for NULL and "(none)" without a row.
+    /// The last value of a query in SQLite's own dialect, "(null)" for NULL and "(none)" without a row.
     [[nodiscard]] std::string value(const std::string &sql) const
     {
         std::string found = "(none)";

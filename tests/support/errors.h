@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// The number of the RuntimeError that `action` raises, 0 when it raises none.
+/// The number of the RuntimeError that `action` throws, 0 for none.
 template <class Action> std::int32_t errorOf(Action &&action)
 try {
     static_cast<void>(action());
@@ -16,7 +16,7 @@ try {
     return error.number();
 }
 
-/// The words of the RuntimeError that `action` raises, none when it raises none.
+/// The description of the RuntimeError that `action` throws, empty for none.
 template <class Action> std::string errorWordsOf(Action &&action)
 try {
     static_cast<void>(action());

@@ -10,7 +10,7 @@
 
 namespace inin {
 
-/// The older database library as a recorder: each call is a line of the log, and a call whose name is `failing` fails
+/// A recording fake of the older database library. Each call is a line of the log; the call named by `failing` fails
 /// with error 3420.
 class FakeDao : public DaoEngine {
 public:

@@ -110,7 +110,7 @@ public:
     }
     void MoveFirst() override { goTo(0); }
     void MoveLast() override { goTo(m_result.rows.empty() ? 0 : m_result.rows.size() - 1); }
-    /// As some providers do it: of the rows that were reached, so that all are known behind the last one only.
+    /// Counts the rows reached so far, as some providers do: the count is complete only after MoveLast.
     std::int32_t RecordCount() const override { return m_client ? static_cast<std::int32_t>(m_reached) : -1; }
     std::size_t fieldCount() const override { return m_result.columns.size(); }
     std::string fieldName(std::size_t index) const override { return m_result.columns.at(index); }

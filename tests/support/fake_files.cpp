@@ -196,7 +196,7 @@ void FakeFiles::changeFolder(const std::string &path)
 }
 
 namespace {
-/// An argument in the code page, kept alive next to its view.
+/// An argument in the code page; owns the bytes of its view.
 struct Encoded {
     explicit Encoded(const Profile::Text &text) : bytes(text ? encodeCp932(*text) : std::string())
     {

@@ -11,32 +11,32 @@
 
 namespace inin {
 
-/// A file system in memory. Paths are texts of the suite ("C:\SUITE\TMP\x.csv"); names are found whatever their case.
-/// Faults: see the switches.
+/// A file system in memory with paths as in the suite ("C:\SUITE\TMP\x.csv"); names are case-insensitive. The public
+/// members inject faults.
 class FakeFiles : public Files {
 public:
-    /// Puts a file with these bytes; its folders come into being with it.
+    /// Creates a file with these bytes, and its folders.
     void put(const std::string &path, const std::string &bytes);
-    /// Puts a text of UTF-8 in code page 932, "\n" turned into CR LF.
+    /// Creates a file from UTF-8 text, converted to code page 932 with CR LF for "\n".
     void putText(const std::string &path, const std::string &utf8);
     void makeFolder(const std::string &path);
     [[nodiscard]] bool has(const std::string &path) const;
     [[nodiscard]] std::string bytes(const std::string &path) const;
 
     std::string appFolder = "C:\\SUITE";
-    /// Raised by the n-th next call of write (1 is the next), counted over all files; 0 never.
+    /// The n-th next call of write fails (1 is the next), counted over all files; 0 for never.
     int failingWrite = 0;
     std::int32_t failingWriteError = 61;
-    /// Likewise for close; what was written stays.
+    /// The same for close; the written bytes stay.
     int failingClose = 0;
     std::int32_t failingCloseError = 61;
-    /// Whether another program holds the lock of a file, or why there is no lock; without it a lock is free.
+    /// The result of locking a file. If empty, a file in an existing folder is locked.
     std::function<LockedFile::State(const std::string &path)> lockState;
-    /// Raised by every write to a locked file when not 0; failingWrite leaves these alone.
+    /// Thrown by every write to a locked file when not 0; failingWrite does not apply to these.
     std::int32_t lockedWriteError = 0;
-    /// Raised whenever the path (as given, case folded) is opened for output, opened for input or deleted.
+    /// Thrown whenever the path (as given, case-folded) is opened for output, opened for input or deleted.
     std::map<std::string, std::int32_t> openOutputErrors, openInputErrors, removeErrors;
-    /// What was asked, in order: "open >path", "open <path", "lock path", "unlock path",
+    /// The calls in order: "open >path", "open <path", "lock path", "unlock path",
     /// "remove path", "search path", "chdrive path", ...
     std::vector<std::string> log;
 
@@ -51,13 +51,13 @@ public:
     void changeFolder(const std::string &path) override;
     std::string currentFolder() override { return m_current; }
 
-    /// For the fake files' own handles.
+    /// Used by the fake files' own handles.
     void append(const std::string &key, std::string_view bytes);
     void close();
 
 private:
     struct Entry {
-        std::string name; ///< as it was first given
+        std::string name; ///< as first given
         std::string bytes;
         bool folder = false;
     };
@@ -67,7 +67,7 @@ private:
     std::string m_current = "C:\\";
 };
 
-/// The profile calls over a FakeFiles, by the rules of the platform.
+/// The profile calls over FakeFiles, by the rules of the platform.
 class FakeProfile : public Profile {
 public:
     explicit FakeProfile(FakeFiles &files) : m_files(files) {}
@@ -79,7 +79,7 @@ public:
                                            const std::string &file) override;
 
     bool refuseWrites = false;
-    /// Raised by every call when not 0.
+    /// Thrown by every call when not 0.
     std::int32_t error = 0;
 
 private:

@@ -10,7 +10,7 @@
 
 namespace inin {
 
-/// Folders in memory: "C:\", "C:\SUITE", ... A folder in `errors` fails with that number.
+/// Folders in memory: "C:\", "C:\SUITE", ... Opening a folder listed in `errors` fails with that error number.
 class FakeFolders : public Folders {
 public:
     std::vector<std::string> letters{"c:", "d:"};

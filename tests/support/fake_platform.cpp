@@ -11,7 +11,7 @@ namespace inin {
 void FakeWindows::show(Form &form, Modality modality)
 {
     form.load();
-    // A load that unloaded its own form leaves nothing to show.
+    // A form that its own load has unloaded is not shown.
     if (!form.isLoaded()) return;
     log.push_back("show " + form.name());
     form.Form_Resize();

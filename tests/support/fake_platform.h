@@ -13,27 +13,27 @@
 
 namespace inin {
 
-/// Thrown by the fake end statement: no RuntimeError, so nothing in the logic traps it.
+/// Thrown by the fake end statement. Not a RuntimeError, so that nothing in the program traps it.
 struct ProcessEnded {};
 
 struct ShownBox {
     std::string text;
     Icon icon = Icon::none;
-    std::string title; ///< as given: empty for the application's
+    std::string title; ///< as passed: empty for the application's title
     friend bool operator==(const ShownBox &, const ShownBox &) = default;
 };
 
 class FakeBoxes : public MessageBoxes {
 public:
     std::vector<ShownBox> shown;
-    /// Run at each box, to see what stands at that moment.
+    /// Called at each box, to check the state at that moment.
     std::function<void(const ShownBox &)> onShow;
     void show(const std::string &text, Icon icon, const std::string &title) override
     {
         shown.push_back({text, icon, title});
         if (onShow) onShow(shown.back());
     }
-    /// How many questions are answered with Retry before one is answered with Cancel.
+    /// The number of questions to answer with Retry before the first Cancel.
     int retries = 0;
     bool askRetry(const std::string &text, Icon icon, const std::string &title) override
     {
@@ -43,16 +43,16 @@ public:
 };
 
 /// Shows forms without a screen. A modal form runs the queued acts until it is closed. It never closes by itself: with
-/// no act left, show throws std::logic_error, so a test must queue how each form is left.
+/// no act left, show throws std::logic_error, so a test must queue an act that closes each form.
 class FakeWindows : public Windows {
 public:
     std::vector<std::string> log; ///< "show NAME", "hide NAME", "beep", "time", "focus NAME", "tab"
     std::deque<std::function<void(Form &)>> acts;
-    /// Queues a click on the close button of the form that is then on top.
+    /// Queues a click on the close button of the form that is topmost by then.
     void closeByControlBox();
     std::int32_t pictureError = 0;
     Control *active = nullptr;
-    /// Run when the platform is given time: the events that waited.
+    /// Called by giveTime, for the waiting events.
     std::function<void()> onTime;
 
     void show(Form &form, Modality modality) override;
@@ -73,7 +73,7 @@ public:
     std::vector<std::string> started; ///< "style command line"
     std::vector<std::string> opened;
     std::int32_t startError = 0;
-    /// Run at each start.
+    /// Called at each start.
     std::function<void()> onStart;
     std::string name = "RECEPTION1";
     bool ended = false;
@@ -120,7 +120,7 @@ public:
     std::unique_ptr<AutomationObject> create(const std::string &programId) override;
 };
 
-/// A whole fake world with an App in it. The site's settings are there; take away or put what a test needs.
+/// A complete fake world with an App in it. It has the site's settings; a test removes or adds what it needs.
 struct FakeWorld {
     FakeWorld();
     FakeBoxes boxes;
@@ -136,7 +136,7 @@ struct FakeWorld {
     App app{platform};
 };
 
-/// UTF-8 for a text of code page 932, for comparing what a file holds.
+/// Converts code page 932 to UTF-8, to compare the contents of a file.
 [[nodiscard]] std::string fromCp932(const std::string &bytes);
 [[nodiscard]] std::string toCp932(const std::string &utf8);
 

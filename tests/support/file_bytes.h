@@ -10,7 +10,7 @@
 
 namespace inin {
 
-/// Fails where there is no such file. TempFolder::bytes() does not: it is for files that may be missing or still to come.
+/// Throws if there is no such file. TempFolder::bytes() does not: it is for files that may be missing.
 [[nodiscard]] inline std::string bytesOf(const std::filesystem::path &path)
 {
     std::ifstream file(path, std::ios::binary);
@@ -18,15 +18,15 @@ namespace inin {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Makes the folders above it too.
+/// Also creates the parent folders.
 inline void writeBytes(const std::filesystem::path &path, const std::string &bytes)
 {
-    std::error_code ignored; // of a path without a folder
+    std::error_code ignored; // for a path without a folder
     std::filesystem::create_directories(path.parent_path(), ignored);
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-// A path in a narrow text is UTF-8 here on every system.
+// A path in a narrow string is UTF-8 on every system here.
 [[nodiscard]] inline std::string bytesOf(const std::string &path)
 {
     return bytesOf(pathOf(path));

@@ -7,14 +7,14 @@
 
 namespace inin {
 
-// What a FakeDatabase answers to the statements that fill the lists of the conditions screen.
+// The answers of a FakeDatabase to the statements that fill the lists of the conditions screen.
 
-/// The staff list's answer: number and name of each, all other columns NULL.
+/// The answer for the staff list: number and name of each member, all other columns NULL.
 [[nodiscard]] FakeResult staffMembers(const std::vector<std::pair<Variant, Variant>> &numbersAndNames);
-/// The insurance list's answer: kind and label of each.
+/// The answer for the insurance list: kind and label of each.
 [[nodiscard]] FakeResult insuranceKinds(const std::vector<std::pair<Variant, Variant>> &kindsAndLabels);
 
-/// Which statement is which, by a part that no other has.
+/// Texts that identify the two statements.
 inline constexpr const char *kStaffSql = "STAFF.cAdress1 as cAdress1";
 inline constexpr const char *kInsuranceSql = "HOKEN.cType as cType";
 

@@ -5,10 +5,10 @@
 
 namespace inin {
 
-/// Writes a picture of a window as a small PNG; false when it cannot be written.
+/// Writes a picture of a window as a small PNG file; false when it cannot be written.
 [[nodiscard]] inline bool savePicture(const QPixmap &picture, const QString &file)
 {
-    constexpr int kSmallest = 0; // the PNG writer's scale of quality is one of size
+    constexpr int kSmallest = 0; // for the PNG writer the quality is the degree of compression
     return picture.toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", kSmallest);
 }
 

@@ -9,7 +9,7 @@
 
 namespace inin {
 
-/// Runtime errors to raise, 0 for none, each described as "故障 NUMBER".
+/// Runtime errors to throw, 0 for none, each described as "故障 NUMBER".
 struct RecordsetFaults {
     std::int32_t creation = 0, cursorLocation = 0, recordCount = 0, value = 0, close = 0;
     static void raise(std::int32_t number)
@@ -18,7 +18,7 @@ struct RecordsetFaults {
     }
 };
 
-/// A record set that fails where it is told to, and is the given one everywhere else.
+/// A record set that fails where its faults request it and otherwise forwards to another one.
 class SpoiledRecordset : public Recordset {
 public:
     SpoiledRecordset(std::unique_ptr<Recordset> inner, const RecordsetFaults &faults)
@@ -65,7 +65,7 @@ private:
     const RecordsetFaults &m_faults;
 };
 
-/// The database of a world with its record sets spoiled.
+/// Another database with faulty record sets.
 class SpoiledDatabase : public Database {
 public:
     explicit SpoiledDatabase(Database &inner) : m_inner(inner) {}
@@ -81,7 +81,7 @@ private:
     Database &m_inner;
 };
 
-/// A fake world whose record sets can be spoiled; `app` of the base does not see the faults, `spoiled` does.
+/// A fake world with faulty record sets. `spoiled` sees the faults, `app` of the base does not.
 struct SpoiledWorld : FakeWorld {
     SpoiledDatabase faulty{database};
     Platform spoiledPlatform{boxes, windows, faulty, profile, files, processes, clock, locale, automation};

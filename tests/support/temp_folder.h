@@ -8,7 +8,7 @@
 
 namespace inin {
 
-/// A folder of its own for one test, gone with it.
+/// A temporary folder for one test, deleted by the destructor.
 class TempFolder {
 public:
     TempFolder() = default;
@@ -17,7 +17,7 @@ public:
     ~TempFolder()
     {
         std::error_code ignored;
-        // Windows removes no file that is closed to writing, a POSIX system none from a folder that is.
+        // Windows deletes no read-only file, a POSIX system no entry of a read-only folder.
         std::filesystem::permissions(m_folder, std::filesystem::perms::owner_all, ignored);
         for (const auto &entry : std::filesystem::recursive_directory_iterator(m_folder, ignored))
             if (!entry.is_symlink())
@@ -30,13 +30,13 @@ public:
     [[nodiscard]] const std::string &path() const { return m_path; }
     [[nodiscard]] std::string operator/(const std::string &name) const { return m_path + "/" + name; }
 
-    /// Writes a file and gives its path.
+    /// Writes a file and returns its path.
     std::string put(const std::string &name, const std::string &bytes) const
     {
         writeBytes(*this / name, bytes);
         return *this / name;
     }
-    /// Likewise a file that is closed to writing.
+    /// Writes a read-only file and returns its path.
     std::string putReadOnly(const std::string &name, const std::string &bytes) const
     {
         using std::filesystem::perms;
@@ -44,14 +44,14 @@ public:
         std::filesystem::permissions(pathOf(path), perms::owner_read | perms::group_read | perms::others_read);
         return path;
     }
-    /// None while there is no such file, or one that cannot be read yet: a test may wait for it.
+    /// Empty when the file is missing or not readable yet, so that a test can wait for it.
     [[nodiscard]] std::string bytes(const std::string &name) const
     {
         std::ifstream file(pathOf(*this / name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
     [[nodiscard]] bool has(const std::string &name) const { return std::filesystem::exists(pathOf(*this / name)); }
-    /// Of what is in it, sorted.
+    /// The names of the entries, sorted.
     [[nodiscard]] std::vector<std::string> names() const
     {
         std::vector<std::string> names;
@@ -63,8 +63,8 @@ public:
     [[nodiscard]] std::size_t entries() const { return names().size(); }
 
 private:
-    /// A name of 8.3 is its own short name. Wine makes short names of longer ones up by a hash that two folders can share,
-    /// and then finds the one for the other.
+    /// A name in 8.3 format is its own short name. Wine generates the short names of longer ones by a hash that two
+    /// folders can share, and then confuses the two.
     static std::filesystem::path made()
     {
         constexpr int kAttempts = 100;
@@ -82,11 +82,11 @@ private:
     std::string m_path = textOf(m_folder);
 };
 
-/// Goes back to the folder that was current before.
+/// Restores the current folder.
 class CurrentFolder {
 public:
     CurrentFolder() = default;
-    /// Makes another folder current for one test.
+    /// Changes the current folder for one test.
     explicit CurrentFolder(const std::filesystem::path &folder) { std::filesystem::current_path(folder); }
     CurrentFolder(const CurrentFolder &) = delete;
     CurrentFolder &operator=(const CurrentFolder &) = delete;

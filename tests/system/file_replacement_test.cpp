@@ -36,7 +36,7 @@ mode_t rightsOf(const std::string &path)
     return statusOf(path).st_mode & 07777;
 }
 
-/// The status in which a child process ends that runs `body`; its exit code is 0 when it comes back from it.
+/// Runs `body` in a child process and returns its status; the exit code is 0 if `body` returns.
 int endOf(const std::function<void()> &body)
 {
     const pid_t child = fork();
@@ -51,7 +51,7 @@ int endOf(const std::function<void()> &body)
 
 } // namespace
 
-TEST_CASE("a new file has its name only when it is complete, and a dropped one leaves nothing, named or not")
+TEST_CASE("a new file has its name only when it is complete, and a discarded one leaves nothing, named or not")
 {
     for (const Storage storage : {Storage::unnamedIfPossible, Storage::named}) {
         const TempFolder folder;
@@ -69,7 +69,7 @@ TEST_CASE("a new file has its name only when it is complete, and a dropped one l
     }
 }
 
-TEST_CASE("a file in the making has no name where the file system has unnamed files")
+TEST_CASE("an incomplete file has no name where the file system supports unnamed files")
 {
     const TempFolder folder;
     const FileDescriptor unnamed(open(folder.path().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
@@ -77,7 +77,7 @@ TEST_CASE("a file in the making has no name where the file system has unnamed fi
     CHECK(folder.names() == (unnamed.isOpen() ? Names{} : Names{kTemporary}));
 }
 
-TEST_CASE("a new file is its owner's alone, and keeps the rights of an older one when it is told to")
+TEST_CASE("a new file is readable by its owner only, and takes the permissions of an older one on request")
 {
     for (const Storage storage : {Storage::unnamedIfPossible, Storage::named}) {
         const TempFolder folder;
@@ -92,7 +92,7 @@ TEST_CASE("a new file is its owner's alone, and keeps the rights of an older one
     }
 }
 
-TEST_CASE("a link of the name is replaced, its target stays as it was")
+TEST_CASE("a link of that name is replaced and its target is unchanged")
 {
     const TempFolder folder;
     folder.put("target", "old");
@@ -106,14 +106,14 @@ TEST_CASE("a link of the name is replaced, its target stays as it was")
     }
 }
 
-TEST_CASE("a folder that is missing takes no file")
+TEST_CASE("a file in a missing folder cannot be created")
 {
     const TempFolder folder;
     CHECK_FALSE(FileReplacement(folder / "missing/a").isOpen());
     CHECK_FALSE(FileReplacement(folder / "missing/a", FileReplacement::kOwnerOnly, Storage::named).isOpen());
 }
 
-TEST_CASE("each signal that asks a program to end removes the temporary file and ends the program all the same")
+TEST_CASE("each signal that requests the end removes the temporary file and still ends the program")
 {
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
         CAPTURE(signal);
@@ -130,7 +130,7 @@ TEST_CASE("each signal that asks a program to end removes the temporary file and
     }
 }
 
-TEST_CASE("a signal that the starter had ignored stays ignored")
+TEST_CASE("a signal that was ignored at the start stays ignored")
 {
     const TempFolder folder;
     const int end = endOf([&] {
@@ -144,7 +144,7 @@ TEST_CASE("a signal that the starter had ignored stays ignored")
     CHECK(folder.names() == Names{"a"});
 }
 
-TEST_CASE("the file of a killed process is removed by the next replacement in its folder, one in use is not")
+TEST_CASE("the next replacement in a folder removes the file of a killed process but not one in use")
 {
     const TempFolder folder;
     const int end = endOf([&] {

@@ -30,7 +30,7 @@ TEST_CASE("backslashes become slashes")
     CHECK(systemPath("") == "");
 }
 
-TEST_CASE("each part of a path is found whatever its case")
+TEST_CASE("each part of a path is found in any case")
 {
     const Tree tree;
     const std::string &root = tree.folder.path();
@@ -40,7 +40,7 @@ TEST_CASE("each part of a path is found whatever its case")
     CHECK(systemPath(root + "\\\\suite\\\\.\\tmp\\..\\TMP") == root + "//Suite//./Tmp/../Tmp");
 }
 
-TEST_CASE("a relative path is looked for in the current folder")
+TEST_CASE("a relative path is searched in the current folder")
 {
     const Tree tree;
     const CurrentFolder current(tree.folder.path());
@@ -48,7 +48,7 @@ TEST_CASE("a relative path is looked for in the current folder")
     CHECK(systemPath(".\\suite\\TMP") == "./Suite/Tmp");
 }
 
-TEST_CASE("what does not exist is kept as it is behind what does")
+TEST_CASE("the missing rest of a path is kept unchanged after its existing part")
 {
     const Tree tree;
     const std::string &root = tree.folder.path();
@@ -56,7 +56,7 @@ TEST_CASE("what does not exist is kept as it is behind what does")
     CHECK(systemPath(root + "\\SUITE\\NONE\\TMP") == root + "/Suite/NONE/TMP");
 }
 
-TEST_CASE("the name as it is given wins over the same name in other case")
+TEST_CASE("the exact name has priority over the same name in another case")
 {
     const TempFolder folder;
     for (const char *name : {"A.ini", "a.ini", "a.INI"}) folder.put(name, "");
@@ -64,7 +64,7 @@ TEST_CASE("the name as it is given wins over the same name in other case")
     CHECK(systemPath(folder / "A.INI") == folder / "A.ini");
 }
 
-TEST_CASE("blanks and dots behind a name do not count")
+TEST_CASE("trailing blanks and dots of a name are ignored")
 {
     const Tree tree;
     const std::string &root = tree.folder.path();

@@ -25,7 +25,7 @@ End endOf(const std::function<int()> &body)
 
 } // namespace
 
-TEST_CASE("a program ends with its own code, and says nothing by itself")
+TEST_CASE("a program ends with its own code and prints nothing by itself")
 {
     for (const int code : {0, 1, 2}) {
         const End end = endOf([code] { return code; });
@@ -34,7 +34,7 @@ TEST_CASE("a program ends with its own code, and says nothing by itself")
     }
 }
 
-TEST_CASE("every exception becomes one message and the code of a failure")
+TEST_CASE("every exception becomes one message and the exit code of a failure")
 {
     const End ofLogic = endOf([]() -> int { throw RuntimeError(error_number::invalidCall, "帳票がありません。"); });
     CHECK(ofLogic.code == 7);

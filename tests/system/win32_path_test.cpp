@@ -1,19 +1,19 @@
 #include "adapters/native/native_platform.h"
-#include "deep_folder.h"
+#include "adapters/win32/deep_folder.h"
 #include "system/file_path.h"
 
 #include <doctest/doctest.h>
 
 using namespace inin;
 
-TEST_CASE("a short path is as it was given, with backslashes")
+TEST_CASE("a short path is unchanged except for backslashes")
 {
     CHECK(systemPath("C:/SUITE\\TMP/委任状.csv") == "C:\\SUITE\\TMP\\委任状.csv");
     CHECK(systemPath("Massage.ini") == "Massage.ini");
     CHECK(systemPath("") == "");
 }
 
-TEST_CASE("a path beyond the classic limit gets the prefix that lifts it, a share its own")
+TEST_CASE("a path beyond the classic limit gets the prefix that lifts it, a share its own prefix")
 {
     const std::string tail(300, 'x');
     CHECK(systemPath("C:\\SUITE/" + tail) == "\\\\?\\C:\\SUITE\\" + tail);
@@ -22,7 +22,7 @@ TEST_CASE("a path beyond the classic limit gets the prefix that lifts it, a shar
     CHECK(systemPath("\\\\?\\C:\\" + tail) == "\\\\?\\C:\\" + tail);
 }
 
-TEST_CASE("files are written, found, read and removed at a path of more than 300 characters")
+TEST_CASE("files are written, found, read and deleted at a path of more than 300 characters")
 {
     const DeepFolder folder;
     const std::string file = folder / "委任状.csv";

@@ -8,7 +8,7 @@
 
 namespace inin::viewer {
 
-void tellCheck(const ViewCommand &command)
+void printCheckReport(const ViewCommand &command)
 {
     const LetterSet set = openScript(command.script);
     Fonts fonts;
@@ -18,12 +18,12 @@ void tellCheck(const ViewCommand &command)
     CheckReport report{letters.size(), set.notices, checkLetters(press)};
     for (const std::vector<std::string> &more : {fonts.notices(), press.formNotices()})
         report.notices.insert(report.notices.end(), more.begin(), more.end());
-    // All letters are judged even when few are asked for: a twin may be among the others.
+    // All letters are checked, even if only some are requested: a duplicate may be among the others.
     std::erase_if(report.findings,
                   [&](const Finding &finding) { return !std::ranges::binary_search(letters, finding.letter); });
     const LetterNames names(set);
     const std::string text = command.json ? checkJson(report, names) : checkText(report, names);
-    (void)std::fputs(text.c_str(), stdout); // a failure is found when the program ends
+    (void)std::fputs(text.c_str(), stdout); // a failure is detected when the program ends
 }
 
 } // namespace inin::viewer

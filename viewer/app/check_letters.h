@@ -4,7 +4,7 @@
 
 namespace inin::viewer {
 
-/// Judges the letters of a script and prints what is found. What is found is no failure.
-void tellCheck(const ViewCommand &command);
+/// Checks the letters of a script and prints the findings. Findings are not failures.
+void printCheckReport(const ViewCommand &command);
 
 } // namespace inin::viewer

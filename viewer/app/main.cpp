@@ -14,13 +14,13 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kFailed = 1;
 
-struct Run {
+struct RunCommand {
     std::string programName;
 
     int operator()(const ViewCommand &command) const
     {
         if (command.needsWindow()) return showLetters(command, programName);
-        if (command.check) tellCheck(command);
+        if (command.check) printCheckReport(command);
         if (!command.pdf.empty() || !command.pngFolder.empty()) writeLetters(command);
         return kDone;
     }
@@ -36,7 +36,7 @@ struct Run {
     }
     int operator()(const BadCommandLine &bad) const
     {
-        tellFailure(bad.sentence);
+        showFailure(bad.sentence);
         return kBadCommand;
     }
 };
@@ -51,7 +51,7 @@ int main(int argc, char **argv)
     prepareStreams();
     const auto run = [&] {
         const std::vector<std::string> words = commandWords(argc, argv);
-        return std::visit(Run{words.empty() ? std::string() : words.front()}, readViewerCommand(words));
+        return std::visit(RunCommand{words.empty() ? std::string() : words.front()}, readViewerCommand(words));
     };
-    return inin::runProgram(kFailed, run, [](const std::string &message) { tellFailure("formviewer: " + message); });
+    return inin::runProgram(kFailed, run, [](const std::string &message) { showFailure("formviewer: " + message); });
 }

@@ -29,10 +29,10 @@ std::string joined(std::vector<std::string>::const_iterator begin, std::vector<s
     return whole;
 }
 
-ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptBehindSwitch)
+ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptAfterSwitch)
 {
     CLI::App app("委任状の印刷プレビュー、印刷、PDF 出力", "formviewer");
-    // A path may begin with a slash everywhere.
+    // An argument with a leading slash is a path on every system.
     app.allow_windows_style_options(false);
     ViewCommand command;
     app.add_option("script", command.script, "コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。");
@@ -51,7 +51,7 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     } catch (const CLI::ParseError &error) {
         return BadCommandLine{std::string("formviewer: ") + error.what()};
     }
-    if (!scriptBehindSwitch.empty()) command.script = scriptBehindSwitch;
+    if (!scriptAfterSwitch.empty()) command.script = scriptAfterSwitch;
     if (command.script.empty()) return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};
     return command;
 }

@@ -26,17 +26,17 @@ struct MergeCommand {
 struct ShowHelp {
     std::string text;
 };
-/// A command line that makes no sense, with the sentence to show.
+/// An invalid command line, with the sentence to show.
 struct BadCommandLine {
     std::string sentence;
 };
 using ViewerCommand = std::variant<ViewCommand, MergeCommand, ShowHelp, BadCommandLine>;
 
-/// The exit code of a command that makes no sense, or none here.
+/// The exit code for a command that is invalid or not available in this build.
 inline constexpr int kBadCommand = 2;
 
-/// Reads a command line; the name that the program was started by decides between viewer and merger. Behind "/c" stands
-/// the script's path, whose blanks have cut it into several arguments.
+/// Reads a command line. The program name selects viewer or merger. "/c" is followed by the script's path, which may be
+/// split at its blanks into several arguments.
 [[nodiscard]] ViewerCommand readViewerCommand(const std::vector<std::string> &words);
 
 } // namespace inin::viewer

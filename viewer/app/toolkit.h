@@ -5,9 +5,9 @@
 
 namespace inin::viewer {
 
-// What a command asks of the toolkit. A build without one has a body of its own, which refuses by a sentence.
+// The commands that need the toolkit. A build without it refuses them with a sentence.
 
-/// Shows the letters in a window until it is closed; the exit code.
+/// Shows the letters in a window until it is closed. Returns the exit code.
 [[nodiscard]] int showLetters(const ViewCommand &command, const std::string &programName);
 /// Writes letters as pictures into the command's folder.
 void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters);

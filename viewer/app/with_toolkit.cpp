@@ -13,20 +13,20 @@ namespace inin::viewer {
 int showLetters(const ViewCommand &command, const std::string &programName)
 {
     if (hasScreen()) return runWindow(programName, command.script, command.letters);
-    tellFailure("formviewer: 画面がないので、--pdf、--png、--check のどれかを指定してください。");
+    showFailure("formviewer: 画面がないので、--pdf、--png、--check のどれかを指定してください。");
     return kBadCommand;
 }
 
 void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters)
 {
     makeFolder(command.pngFolder);
-    // Names sort as the letters do.
+    // With leading zeros, names sort in the order of the letters.
     const std::size_t digits = std::max<std::size_t>(3, std::to_string(press.set().size()).size());
     QtGlyphs glyphs;
     for (const std::size_t letter : letters) {
-        FinishedFile file(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits));
+        AtomicFile file(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits));
         file.write(letterPng(press, letter, command.dotsPerInch, glyphs));
-        file.finish();
+        file.commit();
     }
 }
 

@@ -6,7 +6,7 @@ namespace inin::viewer {
 
 int showLetters(const ViewCommand &, const std::string &)
 {
-    tellFailure("formviewer: このプログラムには画面がないので、--pdf か --check を指定してください。");
+    showFailure("formviewer: このプログラムには画面がないので、--pdf か --check を指定してください。");
     return kBadCommand;
 }
 

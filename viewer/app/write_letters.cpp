@@ -18,31 +18,31 @@ namespace inin::viewer {
 
 namespace {
 
-void tell(const std::string &sentence)
+void printNotice(const std::string &sentence)
 {
     printLine(stderr, sentence);
 }
 
-void tellMarks(LetterPress &press, std::size_t letter, const std::vector<FieldMark> &marks)
+void printMarks(LetterPress &press, std::size_t letter, const std::vector<FieldMark> &marks)
 {
     for (const FieldMark &mark : marks)
-        tell(fmt::format("{}番 {}：{}", letter + 1, columnNames(press.layoutOf(letter), mark), markText(mark)));
+        printNotice(fmt::format("{}番 {}：{}", letter + 1, columnNames(press.layoutOf(letter), mark), markText(mark)));
 }
 
-void tellFaults(const LetterSet &set, const std::vector<std::size_t> &letters)
+void printFaults(const LetterSet &set, const std::vector<std::size_t> &letters)
 {
     for (const std::size_t letter : letters) {
         const LetterSet::Place place = set.placeOf(letter);
         const RowFault fault = set.reports[place.report].letters.fault(place.row);
-        if (fault != RowFault::none) tell(fmt::format("{}番：{}", letter + 1, faultText(fault)));
+        if (fault != RowFault::none) printNotice(fmt::format("{}番：{}", letter + 1, faultText(fault)));
     }
 }
 
 void writeFile(const std::string &path, const std::string &bytes)
 {
-    FinishedFile file(path);
+    AtomicFile file(path);
     file.write(bytes);
-    file.finish();
+    file.commit();
 }
 
 } // namespace
@@ -50,17 +50,17 @@ void writeFile(const std::string &path, const std::string &bytes)
 void writeLetters(const ViewCommand &command)
 {
     const LetterSet set = openScript(command.script);
-    for (const std::string &notice : set.notices) tell(notice);
+    for (const std::string &notice : set.notices) printNotice(notice);
     Fonts fonts;
     LetterPress press(set, fonts);
     const std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
-    for (const std::string &notice : fonts.notices()) tell(notice);
-    for (const std::string &notice : press.formNotices()) tell(notice);
-    tellFaults(set, letters);
-    press.onMarks = [&](std::size_t letter, const auto &marks) { tellMarks(press, letter, marks); };
+    for (const std::string &notice : fonts.notices()) printNotice(notice);
+    for (const std::string &notice : press.formNotices()) printNotice(notice);
+    printFaults(set, letters);
+    press.onMarks = [&](std::size_t letter, const auto &marks) { printMarks(press, letter, marks); };
     if (!command.pdf.empty()) {
         writeLettersPdf(command.pdf, press, letters);
-        press.onMarks = nullptr; // once is enough
+        press.onMarks = nullptr; // do not print the marks again for the pictures
     }
     if (!command.pngFolder.empty()) writePngs(command, press, letters);
 }
@@ -68,17 +68,17 @@ void writeLetters(const ViewCommand &command)
 void writeCombinedForm(const MergeCommand &command)
 {
     CommandScript script = readCommandScript(readWholeFile(command.script));
-    for (const std::string &notice : script.notices) tell(notice);
+    for (const std::string &notice : script.notices) printNotice(notice);
     std::erase_if(script.reports, [](const ReportOrder &report) { return report.form.empty(); });
     if (script.reports.empty())
         throw RuntimeError(error_number::invalidCall,
                            fmt::format("「{}」：結合する帳票（setreport）がありません。", command.script));
-    // The document is read from another folder, maybe: its paths are whole.
+    // Absolute paths, because the document may be read from another folder.
     for (ReportOrder &report : script.reports) {
         report.form = systemPathOf(report.form);
         for (DataSource &source : report.data) source.path = systemPathOf(source.path);
     }
-    // The suite names this output, in any case; a person names the others.
+    // The suite passes this path in any case, so it is resolved; users type the paths of the other outputs.
     writeFile(systemPathOf(command.output), combinedFormText(script.reports));
 }
 

@@ -4,8 +4,8 @@
 
 namespace inin::viewer {
 
-/// Writes what a command asks for to files, without a window; notices and marks go to the error output. Failures are
-/// RuntimeErrors with a sentence.
+/// Writes the files of a command without a window; prints notices and marks to the error output. Throws a RuntimeError
+/// with a sentence on failure.
 void writeLetters(const ViewCommand &command);
 /// Writes the combined form document of a merger's script.
 void writeCombinedForm(const MergeCommand &command);

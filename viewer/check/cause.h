@@ -6,7 +6,7 @@
 
 namespace inin::viewer {
 
-/// What can be wrong with a letter before it is printed, in the order of the report.
+/// Problems of a letter that are found before printing, in report order.
 enum class Cause : std::uint8_t {
     unreadableRow,
     blankPage, ///< neither a field nor a text of the form has a visible character
@@ -30,8 +30,7 @@ enum class Cause : std::uint8_t {
 };
 inline constexpr std::size_t kCauses = 19;
 
-/// How a cause is reported: its name for programs, and in Japanese a mark, a heading and the sentence that says where to
-/// correct it.
+/// How a cause is reported: its name for programs, and in Japanese a mark, a heading and the remedy.
 struct CauseText {
     Cause cause;
     std::string_view name;

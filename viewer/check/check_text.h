@@ -8,16 +8,16 @@
 
 namespace inin::viewer {
 
-/// What a check found in some letters, with what is told about the whole of them.
+/// The findings of a check in some letters, and the notices about all of them.
 struct CheckReport {
-    std::size_t letters = 0; ///< how many were judged
+    std::size_t letters = 0; ///< number of letters checked
     std::vector<std::string> notices;
     std::vector<Finding> findings; ///< by cause and letter
 };
 
-/// How many letters have a finding.
+/// The number of letters with a finding.
 [[nodiscard]] std::size_t lettersIn(const std::vector<Finding> &findings);
-/// For people, in Japanese.
+/// For the user, in Japanese.
 [[nodiscard]] std::string checkText(const CheckReport &report, const LetterNames &names);
 /// For programs: one JSON object.
 [[nodiscard]] std::string checkJson(const CheckReport &report, const LetterNames &names);

@@ -19,7 +19,7 @@ bool isVisible(const ShapedGlyph &glyph)
     return glyph.text != 0 && glyph.text != U' ' && glyph.text != U'\t' && glyph.text != U'\u3000';
 }
 
-/// Lays letters out without painting them, for their marks. Notes whether a page has a visible character.
+/// Lays letters out without painting them, to collect their marks. Notes whether a page has a visible character.
 class BlindPainter : public PagePainter {
 public:
     void startPage() { m_hasText = false; }
@@ -31,7 +31,7 @@ private:
     bool m_hasText = false;
 };
 
-/// More numbers than this are cut: thousands of twins would each name all the others.
+/// Longer lists of numbers are cut: each of thousands of duplicates would list all the others.
 constexpr std::size_t kMostNamed = 10;
 
 std::string twinsText(const Twins &twins, std::size_t firstLetter)
@@ -45,7 +45,7 @@ std::string twinsText(const Twins &twins, std::size_t firstLetter)
 } // namespace
 
 struct LetterCheck::Rules {
-    std::deque<RowRules> ofReports; ///< beside the reports
+    std::deque<RowRules> ofReports; ///< one for each report
     std::vector<RowFinding> found;
     BlindPainter painter;
 };
@@ -97,7 +97,7 @@ void LetterCheck::addMarks(std::size_t letter)
     }
 }
 
-/// Twins are looked for inside a report: a merge may well hold two forms for the same person.
+/// Duplicates are searched within one report: a merge may well contain two forms for the same person.
 void LetterCheck::addTwins()
 {
     std::size_t first = 0;

@@ -10,15 +10,15 @@
 
 namespace inin::viewer {
 
-/// One thing that is wrong with one letter.
+/// One problem of one letter.
 struct Finding {
     Cause cause = Cause::unreadableRow;
     std::size_t letter = 0;
-    std::string detail; ///< which column or value; may be empty
+    std::string detail; ///< the column or value; may be empty
 };
 
-/// Judges the letters of a set before they are printed. It never blocks and changes nothing. The work can be cut into
-/// pieces, so that a window stays awake over it.
+/// Checks the letters of a set before they are printed. It never blocks printing and changes nothing. The work can be
+/// done in steps, so that a window stays responsive.
 class LetterCheck {
 public:
     /// `press` must outlive this.
@@ -27,10 +27,10 @@ public:
     LetterCheck &operator=(const LetterCheck &) = delete;
     ~LetterCheck();
 
-    /// Judges some more letters; false when none is left.
+    /// Checks this many more letters; false when none is left.
     bool judge(std::size_t letters);
     [[nodiscard]] std::size_t judged() const { return m_next; }
-    /// All that was found, by cause and letter.
+    /// Returns the findings, by cause and letter.
     [[nodiscard]] std::vector<Finding> take();
 
 private:
@@ -45,7 +45,7 @@ private:
     std::vector<Finding> m_found;
 };
 
-/// Judges all letters at once.
+/// Checks all letters at once.
 [[nodiscard]] std::vector<Finding> checkLetters(LetterPress &press);
 
 } // namespace inin::viewer

@@ -29,7 +29,7 @@ bool isBlank(std::string_view text)
     return withoutOuterBlanks(text).empty();
 }
 
-/// Blanks alone, or nothing but the words of the two kinds, which stand there though no bank is named.
+/// Only blanks, or only the words of the two kinds, which are printed even without a bank.
 bool namesNoBank(std::string_view line)
 {
     const std::size_t gap = line.find("  ");
@@ -45,7 +45,7 @@ bool hasDigit(std::string_view text)
            std::ranges::any_of(kWideDigits, [&](std::string_view digit) { return text.find(digit) != text.npos; });
 }
 
-/// A date column. Most rows hold the date of the row before, which is not read again.
+/// A date column. Most rows have the same date as the row before, which is not parsed again.
 class DateColumn {
 public:
     DateColumn(const LetterTable &table, std::string_view name) : m_name(name), m_column(table.columnOf(name)) {}
@@ -57,7 +57,7 @@ public:
         if (m_isShown && text == m_text) return;
         m_isShown = true;
         m_text = text;
-        // A time alone is read as a time of the calendar's first day.
+        // A time without a date is read as a time on the calendar's first day.
         const std::optional<Date> date = isBlank(text) ? std::nullopt : readDate(text, m_regional);
         m_day = date && date->days() >= 1 ? std::optional<Date>(dayOf(*date)) : std::nullopt;
     }
@@ -75,7 +75,7 @@ private:
     bool m_isShown = false;
 };
 
-/// The texts that a letter cannot do without.
+/// The texts that a letter must have.
 struct NeededText {
     std::string_view column;
     Cause cause;
@@ -130,7 +130,7 @@ struct RowRules::Parts {
             if (column->isUnreadable()) found.push_back({Cause::noDate, column->shown()});
         }
         if (start.day() && end.day() && *start.day() > *end.day()) {
-            // Every day is outside a period that is turned round; that would be told three times.
+            // Every day is outside a reversed period: do not report the signature date and the last day as well.
             found.push_back({Cause::periodReversed, period()});
             return;
         }

@@ -9,13 +9,13 @@
 
 namespace inin::viewer {
 
-/// What a rule found in a row; the detail may be empty.
+/// A finding in a row; the detail may be empty.
 struct RowFinding {
     Cause cause;
     std::string detail;
 };
 
-/// The rules that look at one row's values alone. A rule whose columns the file does not have finds nothing.
+/// The rules for the values of a single row. A rule whose columns are missing from the file finds nothing.
 class RowRules {
 public:
     /// `table` must outlive this.
@@ -24,7 +24,7 @@ public:
     RowRules &operator=(const RowRules &) = delete;
     ~RowRules();
 
-    /// Appends what is wrong with a row.
+    /// Appends the findings of a row.
     void judge(std::size_t row, std::vector<RowFinding> &found);
 
 private:
@@ -32,7 +32,7 @@ private:
     std::unique_ptr<Parts> m_parts;
 };
 
-/// The text without blanks, full-width ones too, at both ends.
+/// The text without leading and trailing blanks, full-width ones included.
 [[nodiscard]] std::string_view withoutOuterBlanks(std::string_view text);
 
 } // namespace inin::viewer

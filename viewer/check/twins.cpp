@@ -18,7 +18,7 @@ std::vector<std::size_t> readableRows(const LetterTable &table)
     return rows;
 }
 
-/// Sorts the rows by `before` and gives the runs of two and more in which none is before another.
+/// Sorts the rows by `before` and returns the runs of two and more equivalent rows.
 template <class Before> std::vector<Twins> runsOf(std::vector<std::size_t> rows, const Before &before)
 {
     std::ranges::stable_sort(rows, before);
@@ -34,7 +34,7 @@ template <class Before> std::vector<Twins> runsOf(std::vector<std::size_t> rows,
 auto comesBefore(const LetterTable &table)
 {
     return [&table](std::size_t a, std::size_t b) {
-        // From the last column on: the first ones are the same in all rows of a run.
+        // Start at the last column: the first ones are the same in all rows of a printing run.
         for (std::size_t column = table.columns().size(); column-- > 0;) {
             const int order = table.value(a, column).compare(table.value(b, column));
             if (order != 0) return order < 0;

@@ -21,7 +21,7 @@ void appendAttribute(std::string &out, std::string_view name, std::string_view v
             out += "&lt;";
         else if (c == '"')
             out += "&quot;";
-        // A control character is none of XML's; no path has one.
+        // XML allows no control characters; no path has one.
         else
             out += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
     }

@@ -10,7 +10,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::chrono::milliseconds kPause{100};
-constexpr int kSettledLooks = 10; ///< a file that stays the same for so many is not being written any more
+constexpr int kSettledLooks = 10; ///< a file that is unchanged at this many checks counts as complete
 constexpr int kMostLooks = 50;
 constexpr int kLooksForComing = 30;
 
@@ -28,7 +28,7 @@ bool isUnfinished(const std::string &bytes)
 
 ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause &pause)
 {
-    // The stamp is taken first: a change while the file is read is then seen as one.
+    // Take the stamp first, so that a change during the read is detected.
     const auto read = [&] {
         const FileStamp stamp = stampOf(path);
         return ReadFile{readWholeFile(path, limit), stamp};
@@ -38,7 +38,7 @@ ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause
          ++looks) {
         pause();
         const FileStamp now = stampOf(path);
-        // A file that is gone is about to be created anew.
+        // A deleted file is about to be created again.
         const bool isChanged = now.exists && now != file.stamp;
         settled = isChanged ? 0 : settled + 1;
         if (isChanged) file = read();

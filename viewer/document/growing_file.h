@@ -8,7 +8,7 @@
 
 namespace inin::viewer {
 
-/// Lets a moment pass before a file is looked at again.
+/// Waits a moment before a file is read again.
 using Pause = std::function<void()>;
 void sleepBriefly();
 
@@ -17,14 +17,14 @@ struct ReadFile {
     FileStamp stamp; ///< just before it was read
 };
 
-/// Whether a text file is empty or stops inside a line: it is still being written, or was cut off.
+/// Whether a text file is empty or ends inside a line: it is still being written, or was truncated.
 [[nodiscard]] bool isUnfinished(const std::string &bytes);
 
-/// Reads a text file that another program may still be writing. An unfinished file is read again whenever it has changed,
-/// until it is finished, has stayed the same for a second, or five seconds are over. RuntimeErrors as of readWholeFile().
+/// Reads a text file that another program may still be writing. An unfinished file is read again after each change
+/// until it is finished, has not changed for a second, or five seconds have passed. Throws as readWholeFile().
 [[nodiscard]] ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause &pause);
 
-/// Reads a file that another program, already started, is about to put in place as a whole; waits up to three seconds.
+/// Waits up to three seconds for a file that a running program is about to create in one step, and reads it.
 [[nodiscard]] std::string readComingFile(const std::string &path, std::size_t limit, const Pause &pause);
 
 } // namespace inin::viewer

@@ -13,7 +13,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kNumber = "番号";
-/// Bytes of a name without its ending and the number of a twin: file systems take 255.
+/// Bytes of a name without its extension and the number of a duplicate: file systems allow 255.
 constexpr std::size_t kLongest = 200;
 constexpr std::string_view kRefused = "/\\:*?\"<>|";
 
@@ -32,12 +32,12 @@ std::string fileNameOf(std::string_view text)
         name += isControl || kRefused.find(letter) != kRefused.npos ? '_' : letter;
     }
     if (name.size() > kLongest) {
-        // A character is cut whole: bytes that continue one go with it.
+        // Cut before a whole character: remove its continuation bytes too.
         std::size_t end = kLongest;
         while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
         name.resize(end);
     }
-    // Other systems drop blanks and dots at a name's end, and hide names that begin with a dot.
+    // Some systems drop blanks and dots at a name's end, and hide names that begin with a dot.
     while (!name.empty() && (name.back() == ' ' || name.back() == '.')) name.pop_back();
     name.erase(0, name.find_first_not_of(" ."));
     return name;
@@ -59,7 +59,7 @@ std::string LetterFileNames::textOf(std::size_t letter) const
 {
     const LetterSet::Place place = m_set.placeOf(letter);
     const LetterReport &report = m_set.reports[place.report];
-    // As many digits as the last letter has, so that names sort as the letters do.
+    // As many digits as the last number has, so that the names sort in the order of the letters.
     const std::size_t digits = std::to_string(m_set.size()).size();
     std::string text;
     for (const TextPiece &piece : m_pieces) {
@@ -73,8 +73,8 @@ std::string LetterFileNames::textOf(std::size_t letter) const
         }
         const auto column = std::ranges::find(report.columns, piece.column) - report.columns.begin();
         const std::string_view value = report.value(place.row, static_cast<std::size_t>(column));
-        const auto written = piece.pattern.empty() ? std::nullopt : writtenDate(value, piece.pattern);
-        text += value.empty() ? piece.silent : written ? *written : std::string(value);
+        const auto written = piece.pattern.empty() ? std::nullopt : formattedDate(value, piece.pattern);
+        text += value.empty() ? piece.whenBlank : written ? *written : std::string(value);
     }
     return text;
 }

@@ -9,13 +9,13 @@
 
 namespace inin::viewer {
 
-/// File names for letters, made from a pattern such as "{{番号}}_{{利用者氏名}}": the columns' values and the letter's
-/// number. What a file system does not take in a name becomes "_", and no name is given twice.
+/// File names for letters, made from a pattern such as "{{番号}}_{{利用者氏名}}": the columns' values and the letter's number.
+/// Characters that a file system does not allow become "_", and each name is used once.
 class LetterFileNames {
 public:
-    /// A RuntimeError with a sentence for a pattern that names no column of the letters. `set` must outlive this.
+    /// Throws a RuntimeError with a sentence for a pattern with an unknown column. `set` must outlive this.
     LetterFileNames(const LetterSet &set, std::string_view pattern, std::string_view ending);
-    /// The next name, ending included.
+    /// The next name, including the extension.
     [[nodiscard]] std::string nameOf(std::size_t letter);
 
 private:
@@ -24,7 +24,7 @@ private:
     const LetterSet &m_set;
     std::vector<TextPiece> m_pieces;
     std::string m_ending;
-    std::set<std::string> m_given; ///< folded in ASCII case
+    std::set<std::string> m_given; ///< in ASCII lower case
 };
 
 } // namespace inin::viewer

@@ -17,7 +17,7 @@ namespace {
 struct Spelling {
     std::string_view wide, plain;
 };
-/// What an input method types, and what it means.
+/// Characters typed by an input method, and their ASCII meaning.
 constexpr Spelling kSpellings[] = {
     {"０", "0"}, {"１", "1"}, {"２", "2"}, {"３", "3"}, {"４", "4"}, {"５", "5"}, {"６", "6"},
     {"７", "7"}, {"８", "8"}, {"９", "9"}, {"，", ","}, {"、", ","}, {"－", "-"}, {"ー", "-"},
@@ -49,7 +49,7 @@ struct Range {
     std::size_t first, last;
 };
 
-/// "3", "2-5", "4-" and "-4"; a range may run backwards.
+/// "3", "2-5", "4-" and "-4"; a range may be descending.
 std::optional<Range> rangeOf(std::string_view text, std::size_t count)
 {
     const std::size_t dash = text.find('-');
@@ -93,7 +93,7 @@ std::vector<std::size_t> readLetterList(std::string_view text, std::size_t count
         const auto range = part.empty() ? std::nullopt : rangeOf(part, count);
         if (!range) refuse(fmt::format("番号の指定「{}」は読めません。例：1-3,5", text));
         take(range->first);
-        if (range->last > count) take(range->last); // refuses, before a long walk to it
+        if (range->last > count) take(range->last); // refuses a huge number before the loop reaches it
         for (std::size_t n = range->first; n < range->last;) take(++n);
         for (std::size_t n = range->first; n > range->last;) take(--n);
     }

@@ -9,12 +9,12 @@
 
 namespace inin::viewer {
 
-/// What a letter is called in lists: its insurer and its patient.
+/// The title of a letter in lists: its insurer and its patient.
 class LetterNames {
 public:
     /// `set` must outlive this.
     explicit LetterNames(const LetterSet &set);
-    /// Empty for a row that cannot be read or has no such column.
+    /// Empty for an unreadable row and for a file without that column.
     [[nodiscard]] std::string_view insurer(std::size_t letter) const;
     [[nodiscard]] std::string_view patient(std::size_t letter) const;
     /// "3番　高松市　山田太郎"
@@ -27,7 +27,7 @@ private:
     [[nodiscard]] std::string_view value(std::size_t letter, std::optional<std::size_t> Columns::*column) const;
 
     const LetterSet &m_set;
-    std::vector<Columns> m_columns; ///< beside the reports
+    std::vector<Columns> m_columns; ///< one for each report
 };
 
 } // namespace inin::viewer

@@ -22,7 +22,7 @@ struct PaperSize {
 };
 constexpr PaperSize kPapers[] = {{Paper::A4, 210, 297}, {Paper::A5, 148, 210}, {Paper::B5, 182, 257}};
 
-/// A page of a size that is off by less than this (points) is that paper.
+/// Page sizes that differ by less than this (points) are the same paper.
 constexpr double kSameSize = 2;
 
 const std::vector<std::string> &unreadableColumns()

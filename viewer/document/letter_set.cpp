@@ -22,7 +22,7 @@ constexpr std::size_t kLargestForm = std::size_t{1} << 23;
 constexpr std::size_t kLargestLetterFile = std::size_t{1} << 30;
 constexpr int kMostReports = 100;
 
-/// What goes wrong inside a file is told with the file's path in front.
+/// Prefixes an error inside a file with the file's path.
 template <class Body> auto naming(const std::string &path, Body &&body)
 try {
     return body();
@@ -36,14 +36,14 @@ std::string cutOffText(const std::string &path)
         "「{}」は途中で切れているため、委任状が足りないおそれがあります。印刷の画面から出力し直してください。", path);
 }
 
-/// A sentence when the program that wrote a letter file of this size recorded another number of letters.
+/// A sentence when the run record of a letter file of this size has another number of letters.
 std::optional<std::string> countDifference(const std::string &path, std::size_t fileSize, std::size_t rows)
 {
     std::string text;
     try {
         text = readWholeFile(runRecordPath(path), kLargestRunRecord);
     } catch (const RuntimeError &) {
-        return std::nullopt; // most letter files have no record, and one that cannot be read tells nothing
+        return std::nullopt; // most letter files have no record, and an unreadable one is ignored
     }
     const std::optional<RunRecord> run = readRunRecord(text);
     if (!run || run->fileSize != fileSize || run->letters == rows) return std::nullopt;
@@ -79,7 +79,7 @@ private:
     {
         if (order.form.empty())
             throw RuntimeError(error_number::invalidCall, "コマンドファイルに帳票の名前（FileName）がありません。");
-        // A combined form comes from a merger that was started just before the viewer and may still be at work.
+        // A combined form is written by a merge that started just before the viewer and may still be running.
         const std::string bytes = order.data.empty() ? readComingFile(order.form, kLargestForm, m_pause)
                                                      : readWholeFile(order.form, kLargestForm);
         if (!isCombinedForm(bytes)) {
@@ -87,7 +87,7 @@ private:
             return;
         }
         const auto parts = naming(order.form, [&] { return readCombinedForm(bytes); });
-        // A combined form that names itself would never end.
+        // A combined form that includes itself would never end.
         if (combined == CombinedForms::refused || parts.size() > kMostReports)
             throw RuntimeError(error_number::invalidCall,
                                fmt::format("「{}」：結合した帳票の中に結合した帳票は置けません。", order.form));
@@ -151,7 +151,7 @@ private:
             m_set.notices.push_back(fmt::format("「{}」：{}", report.formPath, notice));
     }
 
-    /// An item text stands in the place of the form's text that has the item's name as its id.
+    /// An item text replaces the form text whose id is the item's name.
     void applyItems(const std::vector<ItemText> &items)
     {
         for (const ItemText &item : items) {
@@ -168,7 +168,7 @@ private:
         for (DrawCommand &command : form.commands) {
             auto *const old = std::get_if<TextCommand>(&command);
             if (old == nullptr || old->id != id) continue;
-            // What was a field stays one in its place among the commands, but shows this text.
+            // A field stays a field at its place among the commands, but shows this text.
             old->pieces = {{text, {}, {}, {}}};
             isUsed = true;
         }

@@ -7,7 +7,7 @@
 
 namespace inin::viewer {
 
-/// Which letters go out. They go out in their own order, whatever the order in which they were ticked.
+/// The letters selected for output. They are output in their own order, not in the order of ticking.
 class LetterTicks {
 public:
     explicit LetterTicks(std::size_t letters = 0) : m_ticked(letters, true), m_count(letters) {}
@@ -17,12 +17,12 @@ public:
     [[nodiscard]] bool isTicked(std::size_t letter) const { return m_ticked[letter]; }
     void set(std::size_t letter, bool ticked);
     void setAll(bool ticked);
-    /// Takes "1-3,5"; an empty text is no letter, as text() writes it. A RuntimeError with a sentence for a text that
-    /// cannot be read; the ticks then stay as they were.
+    /// Reads "1-3,5"; an empty text unticks all letters, as in text(). Throws a RuntimeError with a sentence for an
+    /// unreadable text; the ticks then stay as they were.
     void setText(std::string_view text);
     /// "1-3,5", from 1.
     [[nodiscard]] std::string text() const;
-    /// From 0, rising.
+    /// Counted from 0, ascending.
     [[nodiscard]] std::vector<std::size_t> letters() const;
 
 private:

@@ -37,7 +37,7 @@ std::string charactersText(const std::vector<char32_t> &characters)
     std::string text;
     for (std::size_t i = 0; i < different.size() && i < kShown; ++i) {
         std::string one;
-        // A control character would spoil the line that it is shown on.
+        // A control character would break the line on the screen.
         if (different[i] >= 0x20 && different[i] != 0x7F) appendUtf8(one, different[i]);
         join(text, fmt::format("「{}」（U+{:04X}）", one, static_cast<std::uint32_t>(different[i])));
     }

@@ -6,11 +6,11 @@
 
 namespace inin::viewer {
 
-/// The columns of a marked field, as "保険者名、利用者氏名".
+/// The columns of a marked field, such as "保険者名、利用者氏名".
 [[nodiscard]] std::string columnNames(const LetterLayout &layout, const FieldMark &mark);
-/// What became of a field, in one sentence without the columns' names.
+/// The problem of a field in one sentence, without the columns' names.
 [[nodiscard]] std::string markText(const FieldMark &mark);
-/// Characters in quotes with their code points, as "「﨑」（U+FA11）".
+/// Characters in quotes with their code points, such as "「﨑」（U+FA11）".
 [[nodiscard]] std::string charactersText(const std::vector<char32_t> &characters);
 
 } // namespace inin::viewer

@@ -10,9 +10,9 @@ namespace inin::viewer {
 namespace {
 
 constexpr double kMm = kPointsPerMillimetre;
-/// The crossing of the rulers, from the sheet's left and upper edge: far enough in for every printer.
+/// Where the rulers cross, from the sheet's left and upper edge: far enough inside for every printer.
 constexpr int kCrossing = 30;
-constexpr int kFirst = 5; ///< printers leave about this much of the edge white
+constexpr int kFirst = 5; ///< most printers leave about this much of the edge white
 constexpr double kThin = 0.35;
 constexpr const char *kFamily = "IPAexGothic";
 
@@ -45,7 +45,7 @@ TextCommand textIn(const Box &box, double size, std::string text)
     TextCommand command = textAt({}, size, Anchor::start, std::move(text));
     constexpr int kMostLines = 40;
     constexpr double kLeading = 1.4;
-    command.fit = FitRule{box, Vertical::top, kMostLines, kLeading, 1, size / 2};
+    command.fit = FitRule{box, VerticalAlignment::top, kMostLines, kLeading, 1, size / 2};
     return command;
 }
 
@@ -68,7 +68,7 @@ void addRuler(FormDocument &form, double length, Way way)
     for (int millimetre = kFirst; millimetre <= last; ++millimetre) {
         draw(at(millimetre, 0), at(millimetre, tickLength(millimetre)));
         if (millimetre % kTicks[0].every != 0 || millimetre == kCrossing) continue;
-        // Below its tick, or right of it and as high as it: a digit is about 0.7 of its size tall.
+        // Below its tick, or right of it and vertically centred: a digit is about 0.7 of its size tall.
         constexpr double kSize = 8, kTextAside = 4.5, kRise = 0.35 * kSize;
         const Point place = at(millimetre, kTextAside);
         const double baseline = way == Way::across ? kSize : kRise;
@@ -101,7 +101,7 @@ LetterSet rulerLetters(Paper paper, const std::string &printer, std::int32_t rig
     set.title = "位置調整のテスト";
     set.paper = paper;
     LetterReport &report = set.reports.emplace_back();
-    // One row makes one page; nothing of it is shown.
+    // One row makes one page; its value is not shown.
     report.letters = readLetters("\"\"\r\n", TitleRow::none);
     report.columns = report.letters.columns();
     const Point size = sizeOf(paper);

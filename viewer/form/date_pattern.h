@@ -6,8 +6,8 @@
 
 namespace inin::viewer {
 
-/// A date text as the letter file has it, written by a pattern of the runtime (y, m, d, ggg, e …), with the first year of
-/// an era as 元. Nothing when the text is no date.
-[[nodiscard]] std::optional<std::string> writtenDate(std::string_view text, std::string_view pattern);
+/// Formats a date text of the letter file by a runtime pattern (y, m, d, ggg, e …). The first year of an era is 元.
+/// Empty when the text is not a date.
+[[nodiscard]] std::optional<std::string> formattedDate(std::string_view text, std::string_view pattern);
 
 } // namespace inin::viewer

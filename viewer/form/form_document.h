@@ -35,22 +35,22 @@ struct PathCommand {
 };
 
 enum class Anchor { start, middle, end };
-/// On which end of a box the lines stand; in a text that runs down, top is the side where its lines begin.
-enum class Vertical { top, middle, bottom };
-/// How a text runs: across with lines downwards, or down with lines to one side.
-enum class WritingMode { across, downToLeft, downToRight };
-/// Which letters of a text that runs down stand upright; the others lie on their right side.
-enum class Upright { asUsual, all, none };
+/// Where the lines are in a box. In vertical text, top is the side of the first line.
+enum class VerticalAlignment { top, middle, bottom };
+/// The CSS writing modes horizontal-tb, vertical-rl and vertical-lr.
+enum class WritingMode { horizontal, verticalRl, verticalLr };
+/// The CSS property text-orientation: which characters of vertical text are upright and which are rotated clockwise.
+enum class TextOrientation { mixed, upright, sideways };
 
-/// The box that a text must stay in, and what may happen to it before it counts as too long: first it is tightened
-/// (its letters made narrower), then broken into lines, then made smaller.
+/// The box of a text, and how far the text may be changed to fit: first its characters are made narrower, then it is
+/// broken into lines, then its size is reduced.
 struct FitRule {
     Box box;
-    Vertical vertical = Vertical::middle;
+    VerticalAlignment verticalAlignment = VerticalAlignment::middle;
     int lines = 1;
-    double leading = 1.25;  ///< from line to line, in sizes
-    double narrowest = 0.8; ///< the least width of a letter, as a part of its own
-    double smallest = 0;    ///< the least size in points
+    double leading = 1.25;  ///< distance of the baselines, as a factor of the size
+    double narrowest = 0.8; ///< the smallest horizontal scale of a character
+    double smallest = 0;    ///< the smallest size in points
 };
 
 struct TextCommand {
@@ -60,11 +60,11 @@ struct TextCommand {
     double size = 10;
     bool isBold = false;
     Color color;
-    double spacing = 0; ///< added behind each letter
+    double spacing = 0; ///< added after each character
     Anchor anchor = Anchor::start;
-    WritingMode writing = WritingMode::across;
-    Upright upright = Upright::asUsual;
-    /// From the text's own place (baseline, or the middle of what runs down, at 0, 0, in points) to the page.
+    WritingMode writing = WritingMode::horizontal;
+    TextOrientation orientation = TextOrientation::mixed;
+    /// From text space (points; the origin is on the baseline, or on the centre line of vertical text) to the page.
     Affine at;
     std::optional<FitRule> fit;
     [[nodiscard]] bool isField() const;
@@ -72,11 +72,11 @@ struct TextCommand {
 
 using DrawCommand = std::variant<PathCommand, TextCommand>;
 
-/// A form, read once: what to draw, in order. Texts with fields are drawn above everything else.
+/// A form as a list of drawing commands in order. Texts with fields are drawn on top of everything else.
 struct FormDocument {
     double width = 0, height = 0; ///< of the page
     std::vector<DrawCommand> commands;
-    /// A sentence for each thing in the file that is not drawn.
+    /// A sentence for each feature of the file that is not drawn.
     std::vector<std::string> notices;
 };
 

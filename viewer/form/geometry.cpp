@@ -8,7 +8,7 @@ namespace inin::viewer {
 
 namespace {
 
-/// How far the controls of a quarter circle's curve stand from its ends, as a part of the radius.
+/// The distance of the control points of a quarter circle from its ends, for a radius of 1.
 constexpr double kQuarter = 0.5522847498307936;
 
 constexpr std::size_t pointsOf(PathStep::Kind kind)
@@ -91,7 +91,7 @@ Box boundsOf(const Path &path)
     double left = kFar, top = kFar, right = -kFar, bottom = -kFar;
     for (const PathStep &step : path) {
         for (std::size_t i = 0; i < pointsOf(step.kind); ++i) {
-            // A point that is no number would be lost in the comparisons below.
+            // The comparisons below would ignore NaN.
             if (!std::isfinite(step.points[i].x) || !std::isfinite(step.points[i].y)) return {-kFar, -kFar, kFar, kFar};
             left = std::min(left, step.points[i].x);
             right = std::max(right, step.points[i].x);

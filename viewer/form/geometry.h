@@ -5,7 +5,7 @@
 
 namespace inin::viewer {
 
-// Lengths are points (1/72 inch), y grows downwards from the page's upper left corner.
+// Lengths are points (1/72 inch). The origin is the page's upper left corner; y grows downwards.
 
 inline constexpr double kPointsPerMillimetre = 72.0 / 25.4;
 
@@ -26,25 +26,25 @@ struct Affine {
     {
         return {a * point.x + c * point.y + e, b * point.x + d * point.y + f};
     }
-    /// First `inner`, then this.
+    /// Applies `inner` first.
     [[nodiscard]] Affine operator*(const Affine &inner) const;
-    /// How much lengths grow, as the root of the area's growth.
+    /// The mean scale of lengths: the square root of the scale of areas.
     [[nodiscard]] double scale() const;
 };
 
 struct PathStep {
     enum class Kind { move, line, curve, close };
     Kind kind = Kind::move;
-    std::array<Point, 3> points{}; ///< one for move and line, two controls and the end for a curve
+    std::array<Point, 3> points{}; ///< one for move and line; two control points and the end for a curve
 };
 using Path = std::vector<PathStep>;
 
 void transformPath(Path &path, const Affine &by);
 [[nodiscard]] Path rectanglePath(const Box &box, double radiusX, double radiusY);
 [[nodiscard]] Path ellipsePath(Point centre, double radiusX, double radiusY);
-/// The smallest upright box around the path's points.
+/// The bounding box of the path's points.
 [[nodiscard]] Box boundsOf(const Path &path);
-/// True for a box near enough to a page that it can be drawn at all; no page is a hundredth as large.
+/// False for a box that is too far away or too large to be drawn; the limit is far beyond the largest page.
 [[nodiscard]] bool isDrawable(const Box &box);
 
 } // namespace inin::viewer

@@ -7,7 +7,7 @@
 
 namespace inin::viewer {
 
-/// A plain form in the place of one that cannot be read: `heading` and two columns, name and value.
+/// The fallback for a form that cannot be read: `heading` and a table of column names and values.
 [[nodiscard]] FormDocument listingForm(const std::vector<std::string> &columns, const std::string &heading);
 
 } // namespace inin::viewer

@@ -20,10 +20,10 @@ TextPiece readField(std::string_view inside)
     if (piece.column.empty())
         throw RuntimeError(error_number::invalidCall, fmt::format("「{{{{{}}}}}」に列の名前がありません。", inside));
     if (first == std::string_view::npos) return piece;
-    const std::string_view behind = inside.substr(first + 1);
-    const std::size_t second = behind.find('|');
-    piece.pattern = trim(behind.substr(0, second));
-    if (second != std::string_view::npos) piece.silent = behind.substr(second + 1);
+    const std::string_view rest = inside.substr(first + 1);
+    const std::size_t second = rest.find('|');
+    piece.pattern = trim(rest.substr(0, second));
+    if (second != std::string_view::npos) piece.whenBlank = rest.substr(second + 1);
     return piece;
 }
 

@@ -19,11 +19,11 @@ double angleOf(double ux, double uy, double vx, double vy)
     return std::atan2(ux * vy - uy * vx, ux * vx + uy * vy);
 }
 
-/// More than any drawing of a form has; a path goes no further.
+/// More than any drawing of a form has. Longer paths are cut off.
 constexpr std::size_t kMostSteps = 200'000;
 
-/// An arc of an ellipse between two points, as curves of at most a quarter each.
-/// The centre follows from the ends as the SVG 1.1 recommendation derives it (appendix F.6).
+/// An elliptical arc between two points, as curves of at most a quarter turn each.
+/// The centre is computed as in the SVG 1.1 recommendation, appendix F.6.
 struct Arc {
     Point from;
     double rx, ry, turn;
@@ -83,12 +83,12 @@ public:
     {
         char command = 0;
         while (!m_scan.atEnd() && m_path.size() < kMostSteps) {
-            const auto letter = m_scan.letter();
-            if (letter) command = *letter;
-            if (!letter && (command == 'Z' || command == 'z')) break; // a number behind a close belongs to nothing
+            const auto next = m_scan.command();
+            if (next) command = *next;
+            if (!next && (command == 'Z' || command == 'z')) break; // numbers after a close are an error
             if (m_path.empty() && command != 'M' && command != 'm') break;
             if (!step(command)) break;
-            // Further pairs behind a move are lines.
+            // Further pairs after a move are lines.
             if (command == 'M') command = 'L';
             if (command == 'm') command = 'l';
         }

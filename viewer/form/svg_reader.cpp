@@ -18,13 +18,13 @@ namespace {
 
 constexpr std::string_view kSvgSpace = "http://www.w3.org/2000/svg";
 constexpr double kPointsPerPixel = 0.75;
-constexpr const char *kFarOut = "ページから遠く離れた図形や大きすぎる図形は表示しません。";
-constexpr double kLargestPage = 14400; ///< points, as far as a PDF page goes
+constexpr const char *kOffPageNotice = "ページから遠く離れた図形や大きすぎる図形は表示しません。";
+constexpr double kLargestPage = 14400; ///< points; the limit of PDF
 
-/// Elements that draw nothing by themselves, with what is told about them; empty for those that a form may well have.
+/// An element that is not drawn, with the notice about it; no notice for elements that are expected in a form.
 struct Skipped {
     std::string_view name;
-    std::string_view what;
+    std::string_view notice;
 };
 constexpr Skipped kSkipped[] = {
     {"title", ""},
@@ -33,7 +33,7 @@ constexpr Skipped kSkipped[] = {
     {"defs", ""},
     {"namedview", ""},
     {"script", "スクリプトは実行しません。"},
-    {"style", ""}, // read before
+    {"style", ""}, // read by StyleCollector
     {"image", "画像は表示しません。外部のファイルも読み込みません。"},
     {"use", "複製（use）は表示しません。複製を独立したオブジェクトにしてください。"},
     {"foreignObject", "foreignObject は表示しません。"},
@@ -90,13 +90,12 @@ const Shape kShapes[] = {
     {"path", [](const XmlAttributes &a) { return readPathData(a.get("d")); }},
 };
 
-/// Where an element stands: the place of its units on the page and what it takes over.
+/// An open element: the transform from its user units to the page, and its style.
 struct Level {
-    Affine place;
+    Affine transform;
     SvgStyle style;
 };
 
-/// Gathers the texts of the style elements.
 class StyleCollector : public XmlHandler {
 public:
     void open(std::string_view name, const XmlAttributes &attributes) override
@@ -121,12 +120,12 @@ class SvgReader : public XmlHandler {
 public:
     FormDocument read(std::string_view bytes)
     {
-        // A rule holds for elements before it too, so the rules are read first.
+        // Rules also apply to elements before them, so they are read first.
         StyleCollector styles;
         readXml(bytes, kSvgSpace, styles);
-        for (const std::string &text : styles.texts()) m_sheet.add(text, teller());
+        for (const std::string &text : styles.texts()) m_sheet.add(text, noticeHandler());
         readXml(bytes, kSvgSpace, *this);
-        m_text.settleBoxes(m_boxes, m_form);
+        m_text.resolveBoxes(m_boxes, m_form);
         return std::move(m_form);
     }
 
@@ -143,7 +142,7 @@ public:
         }
         const auto *const skipped = std::ranges::find(kSkipped, name, &Skipped::name);
         if (skipped != std::end(kSkipped)) {
-            if (!skipped->what.empty()) tell(std::string(skipped->what));
+            if (!skipped->notice.empty()) addNotice(std::string(skipped->notice));
             ++m_skipped;
             return;
         }
@@ -166,27 +165,27 @@ public:
     }
 
 private:
-    void tell(std::string sentence)
+    void addNotice(std::string sentence)
     {
         if (std::ranges::find(m_form.notices, sentence) == m_form.notices.end())
             m_form.notices.push_back(std::move(sentence));
     }
-    [[nodiscard]] Notice teller()
+    [[nodiscard]] NoticeHandler noticeHandler()
     {
-        return [this](std::string sentence) { tell(std::move(sentence)); };
+        return [this](std::string sentence) { addNotice(std::move(sentence)); };
     }
 
     void openRoot(std::string_view name, const XmlAttributes &attributes)
     {
         if (name != "svg") throw RuntimeError(error_number::invalidCall, "SVG の文書ではありません。");
         Level level;
-        level.place = placeOfPage(attributes);
-        level.style.apply(attributes, m_sheet.of(name, attributes), teller());
+        level.transform = pageTransform(attributes);
+        level.style.apply(attributes, m_sheet.declarationsFor(name, attributes), noticeHandler());
         m_levels.push_back(std::move(level));
     }
 
-    /// Sets the page's size and gives the place of the root's units on it.
-    Affine placeOfPage(const XmlAttributes &attributes)
+    /// Sets the page size and returns the transform from the root's user units to the page.
+    Affine pageTransform(const XmlAttributes &attributes)
     {
         const std::vector<double> view = readNumbers(attributes.get("viewBox"));
         const bool hasView = view.size() == 4 && view[2] > 0 && view[3] > 0;
@@ -206,9 +205,9 @@ private:
     void openVisible(std::string_view name, const XmlAttributes &attributes)
     {
         Level level = m_levels.back();
-        level.place = level.place * readTransform(attributes.get("transform"));
-        level.style.apply(attributes, m_sheet.of(name, attributes), teller());
-        if (name == "text") m_text.open(attributes, level.place, level.style, teller());
+        level.transform = level.transform * readTransform(attributes.get("transform"));
+        level.style.apply(attributes, m_sheet.declarationsFor(name, attributes), noticeHandler());
+        if (name == "text") m_text.open(attributes, level.transform, level.style, noticeHandler());
         if (name == "tspan") m_text.openSpan(attributes, level.style);
         const auto *const shape = std::ranges::find(kShapes, name, &Shape::name);
         if (shape != std::end(kShapes)) draw(shape->path(attributes), level, attributes.get("id"));
@@ -217,13 +216,13 @@ private:
 
     void draw(Path path, const Level &level, std::string_view id)
     {
-        transformPath(path, level.place);
+        transformPath(path, level.transform);
         if (!isDrawable(boundsOf(path))) {
-            tell(kFarOut);
+            addNotice(kOffPageNotice);
             return;
         }
         if (!id.empty()) m_boxes[std::string(id)] = boundsOf(path);
-        const double scale = level.place.scale();
+        const double scale = level.transform.scale();
         PathCommand command{std::move(path), level.style.fillOnPaper(), level.style.evenOdd, {}};
         if (const auto color = level.style.strokeOnPaper(); color && level.style.strokeWidth > 0) {
             Stroke stroke{*color, level.style.strokeWidth * scale, level.style.dashes, level.style.cap,
@@ -235,12 +234,12 @@ private:
             m_form.commands.emplace_back(std::move(command));
     }
 
-    /// A box may stand where nothing is drawn, among the definitions.
+    /// A box may be among elements that are not drawn, such as definitions.
     void rememberBox(std::string_view name, const XmlAttributes &attributes)
     {
         if (name != "rect" || attributes.get("id").empty()) return;
         Path path = rectangleOf(attributes);
-        transformPath(path, m_levels.back().place * readTransform(attributes.get("transform")));
+        transformPath(path, m_levels.back().transform * readTransform(attributes.get("transform")));
         m_boxes[std::string(attributes.get("id"))] = boundsOf(path);
     }
 
@@ -249,7 +248,7 @@ private:
     std::vector<Level> m_levels;
     std::map<std::string, Box, std::less<>> m_boxes;
     SvgText m_text;
-    std::size_t m_skipped = 0; ///< how many elements deep the reading is inside one that is not drawn
+    std::size_t m_skipped = 0; ///< depth inside an element that is not drawn
 };
 
 } // namespace

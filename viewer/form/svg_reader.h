@@ -6,11 +6,11 @@
 
 namespace inin::viewer {
 
-/// True when the bytes begin as an XML document does; anything else is no form document of ours.
+/// True when the bytes begin as an XML document does. All form documents are XML.
 [[nodiscard]] bool looksLikeXml(std::string_view bytes);
 
-/// Reads a form document (SVG). Nothing outside the bytes is ever opened; entities of the document's own, more elements,
-/// nesting or text than a form has, and XML that is not well formed are RuntimeErrors with a sentence.
+/// Reads a form document (SVG) and never opens anything outside the bytes. Throws a RuntimeError with a sentence for
+/// entity declarations, malformed XML, and too many elements, levels or characters.
 [[nodiscard]] FormDocument readSvg(std::string_view bytes);
 
 } // namespace inin::viewer

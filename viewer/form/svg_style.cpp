@@ -14,18 +14,19 @@ namespace inin::viewer {
 
 namespace {
 
-template <class Value> struct Word {
+template <class Value> struct Keyword {
     std::string_view name;
     Value value;
 };
-constexpr Word<LineCap> kCaps[] = {{"butt", LineCap::butt}, {"round", LineCap::round}, {"square", LineCap::square}};
-constexpr Word<LineJoin> kJoins[] = {
+constexpr Keyword<LineCap> kCaps[] = {{"butt", LineCap::butt}, {"round", LineCap::round}, {"square", LineCap::square}};
+constexpr Keyword<LineJoin> kJoins[] = {
     {"miter", LineJoin::miter}, {"round", LineJoin::round}, {"bevel", LineJoin::bevel}};
-constexpr Word<Anchor> kAnchors[] = {{"start", Anchor::start}, {"middle", Anchor::middle}, {"end", Anchor::end}};
+constexpr Keyword<Anchor> kAnchors[] = {{"start", Anchor::start}, {"middle", Anchor::middle}, {"end", Anchor::end}};
 
-template <class Value, std::size_t N> void choose(const Word<Value> (&words)[N], std::string_view name, Value &place)
+template <class Value, std::size_t N>
+void setKeyword(const Keyword<Value> (&words)[N], std::string_view name, Value &place)
 {
-    const auto *const found = std::ranges::find(words, name, &Word<Value>::name);
+    const auto *const found = std::ranges::find(words, name, &Keyword<Value>::name);
     if (found != std::end(words)) place = found->value;
 }
 
@@ -34,19 +35,19 @@ void setLength(double &place, std::string_view value, double em)
     if (const auto length = readLength(value, em)) place = *length;
 }
 
-void setShare(double &place, std::string_view value)
+void setOpacity(double &place, std::string_view value)
 {
     if (const auto share = readLength(value, 16, 1)) place = std::clamp(*share, 0.0, 1.0);
 }
 
-void setPaint(std::optional<Color> &place, std::string_view value, const Notice &tell)
+void setPaint(std::optional<Color> &place, std::string_view value, const NoticeHandler &report)
 {
     if (value == "none" || value == "transparent") {
         place.reset();
     } else if (const auto color = readColor(value)) {
         place = color;
     } else if (value != "inherit") {
-        tell(fmt::format("色「{}」は使えません。", value));
+        report(fmt::format("色「{}」は使えません。", value));
     }
 }
 
@@ -57,7 +58,7 @@ std::string firstFamily(std::string_view value)
     return family;
 }
 
-/// There is one bold; whatever is nearer to it than to the ordinary is it.
+/// There is one bold weight, used for all weights from semi-bold on.
 bool isBoldWeight(std::string_view value)
 {
     constexpr double kSemiBold = 600;
@@ -83,11 +84,11 @@ std::optional<Color> onPaper(const std::optional<Color> &color, double opacity)
     return Color{mixed(color->red), mixed(color->green), mixed(color->blue)};
 }
 
-/// What has no counterpart here, when it is not at rest.
+/// A property that is reported when it does not have its initial value.
 struct Unsupported {
     std::string_view name;
-    std::string_view atRest;
-    std::string_view what;
+    std::string_view initialValue;
+    std::string_view description;
 };
 constexpr Unsupported kUnsupported[] = {
     {"clip-path", "none", "切り抜き"},
@@ -99,58 +100,54 @@ constexpr Unsupported kUnsupported[] = {
     {"text-combine-upright", "none", "縦中横"},
 };
 
-constexpr Word<WritingMode> kWritings[] = {{"lr", WritingMode::across},
-                                           {"lr-tb", WritingMode::across},
-                                           {"horizontal-tb", WritingMode::across},
-                                           {"rl", WritingMode::across},
-                                           {"rl-tb", WritingMode::across},
-                                           {"tb", WritingMode::downToLeft},
-                                           {"tb-rl", WritingMode::downToLeft},
-                                           {"vertical-rl", WritingMode::downToLeft},
-                                           {"tb-lr", WritingMode::downToRight},
-                                           {"vertical-lr", WritingMode::downToRight}};
-constexpr Word<Upright> kUprights[] = {
-    {"mixed", Upright::asUsual}, {"auto", Upright::asUsual},  {"upright", Upright::all},         {"0", Upright::all},
-    {"0deg", Upright::all},      {"sideways", Upright::none}, {"sideways-right", Upright::none}, {"90", Upright::none},
-    {"90deg", Upright::none}};
+using enum WritingMode;
+using enum TextOrientation;
+constexpr Keyword<WritingMode> kWritingModes[] = {
+    {"lr", horizontal},    {"lr-tb", horizontal},      {"horizontal-tb", horizontal}, {"rl", horizontal},
+    {"rl-tb", horizontal}, {"tb", verticalRl},         {"tb-rl", verticalRl},         {"vertical-rl", verticalRl},
+    {"tb-lr", verticalLr}, {"vertical-lr", verticalLr}};
+constexpr Keyword<TextOrientation> kOrientations[] = {
+    {"mixed", mixed},   {"auto", mixed},        {"upright", upright},         {"0", upright},
+    {"0deg", upright},  {"sideways", sideways}, {"sideways-right", sideways}, {"90", sideways},
+    {"90deg", sideways}};
 
 struct Property {
     std::string_view name;
-    void (*set)(SvgStyle &style, const std::string &value, const Notice &tell);
+    void (*set)(SvgStyle &style, const std::string &value, const NoticeHandler &report);
 };
 const Property kProperties[] = {
-    {"fill", [](SvgStyle &s, const std::string &v, const Notice &tell) { setPaint(s.fill, v, tell); }},
-    {"stroke", [](SvgStyle &s, const std::string &v, const Notice &tell) { setPaint(s.stroke, v, tell); }},
-    {"fill-opacity", [](SvgStyle &s, const std::string &v, const Notice &) { setShare(s.fillOpacity, v); }},
-    {"stroke-opacity", [](SvgStyle &s, const std::string &v, const Notice &) { setShare(s.strokeOpacity, v); }},
-    {"stroke-width",
-     [](SvgStyle &s, const std::string &v, const Notice &) { setLength(s.strokeWidth, v, s.fontSize); }},
-    {"stroke-dasharray", [](SvgStyle &s, const std::string &v, const Notice &) { s.dashes = dashesOf(v); }},
-    {"stroke-linecap", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kCaps, v, s.cap); }},
-    {"stroke-linejoin", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kJoins, v, s.join); }},
-    {"fill-rule", [](SvgStyle &s, const std::string &v, const Notice &) { s.evenOdd = v == "evenodd"; }},
-    {"display", [](SvgStyle &s, const std::string &v, const Notice &) { s.isHidden = s.isHidden || v == "none"; }},
-    {"visibility", [](SvgStyle &s, const std::string &v,
-                      const Notice &) { s.isHidden = s.isHidden || v == "hidden" || v == "collapse"; }},
-    {"font-family", [](SvgStyle &s, const std::string &v, const Notice &) { s.family = firstFamily(v); }},
+    {"fill", [](SvgStyle &s, const std::string &v, auto &report) { setPaint(s.fill, v, report); }},
+    {"stroke", [](SvgStyle &s, const std::string &v, auto &report) { setPaint(s.stroke, v, report); }},
+    {"fill-opacity", [](SvgStyle &s, const std::string &v, auto &) { setOpacity(s.fillOpacity, v); }},
+    {"stroke-opacity", [](SvgStyle &s, const std::string &v, auto &) { setOpacity(s.strokeOpacity, v); }},
+    {"stroke-width", [](SvgStyle &s, const std::string &v, auto &) { setLength(s.strokeWidth, v, s.fontSize); }},
+    {"stroke-dasharray", [](SvgStyle &s, const std::string &v, auto &) { s.dashes = dashesOf(v); }},
+    {"stroke-linecap", [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kCaps, v, s.cap); }},
+    {"stroke-linejoin", [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kJoins, v, s.join); }},
+    {"fill-rule", [](SvgStyle &s, const std::string &v, auto &) { s.evenOdd = v == "evenodd"; }},
+    {"display", [](SvgStyle &s, const std::string &v, auto &) { s.isHidden = s.isHidden || v == "none"; }},
+    {"visibility",
+     [](SvgStyle &s, const std::string &v, auto &) { s.isHidden = s.isHidden || v == "hidden" || v == "collapse"; }},
+    {"font-family", [](SvgStyle &s, const std::string &v, auto &) { s.family = firstFamily(v); }},
     {"font-size", [](SvgStyle &s, const std::string &v,
-                     const Notice &) { s.fontSize = readLength(v, s.fontSize, s.fontSize).value_or(s.fontSize); }},
+                     auto &) { s.fontSize = readLength(v, s.fontSize, s.fontSize).value_or(s.fontSize); }},
     {"font-weight",
-     [](SvgStyle &s, const std::string &v, const Notice &) { s.isBold = v == "inherit" ? s.isBold : isBoldWeight(v); }},
-    {"letter-spacing", [](SvgStyle &s, const std::string &v,
-                          const Notice &) { setLength(s.spacing, v == "normal" ? "0" : v, s.fontSize); }},
-    {"text-anchor", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kAnchors, v, s.anchor); }},
-    {"writing-mode", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kWritings, v, s.writing); }},
-    {"text-orientation", [](SvgStyle &s, const std::string &v, const Notice &) { choose(kUprights, v, s.upright); }},
+     [](SvgStyle &s, const std::string &v, auto &) { s.isBold = v == "inherit" ? s.isBold : isBoldWeight(v); }},
+    {"letter-spacing",
+     [](SvgStyle &s, const std::string &v, auto &) { setLength(s.spacing, v == "normal" ? "0" : v, s.fontSize); }},
+    {"text-anchor", [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kAnchors, v, s.anchor); }},
+    {"writing-mode", [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kWritingModes, v, s.writing); }},
+    {"text-orientation",
+     [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kOrientations, v, s.orientation); }},
     {"glyph-orientation-vertical",
-     [](SvgStyle &s, const std::string &v, const Notice &) { choose(kUprights, v, s.upright); }},
-    {"xml:space", [](SvgStyle &s, const std::string &v, const Notice &) { s.keepsBlanks = v == "preserve"; }},
-    {"white-space", [](SvgStyle &s, const std::string &v, const Notice &) { s.keepsBlanks = v.starts_with("pre"); }},
+     [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kOrientations, v, s.orientation); }},
+    {"xml:space", [](SvgStyle &s, const std::string &v, auto &) { s.keepsBlanks = v == "preserve"; }},
+    {"white-space", [](SvgStyle &s, const std::string &v, auto &) { s.keepsBlanks = v.starts_with("pre"); }},
 };
 
 constexpr std::string_view kOpacity = "opacity", kFontSize = "font-size";
 
-/// Every property once, with its strongest value.
+/// Each property once, with its strongest value.
 class Cascade {
 public:
     void put(std::string_view name, std::string_view value)
@@ -179,17 +176,17 @@ bool SvgStyle::knows(std::string_view name)
            std::ranges::find(kUnsupported, name, &Unsupported::name) != std::end(kUnsupported);
 }
 
-void SvgStyle::set(std::string_view name, const std::string &value, const Notice &tell)
+void SvgStyle::set(std::string_view name, const std::string &value, const NoticeHandler &report)
 {
     const auto *const property = std::ranges::find(kProperties, name, &Property::name);
-    if (property != std::end(kProperties)) property->set(*this, value, tell);
-    const auto *const lacking = std::ranges::find(kUnsupported, name, &Unsupported::name);
-    if (lacking != std::end(kUnsupported) && lacking->atRest.find(value) == std::string_view::npos)
-        tell(fmt::format("{}（{}）には対応していません。", lacking->what, name));
+    if (property != std::end(kProperties)) property->set(*this, value, report);
+    const auto *const unsupported = std::ranges::find(kUnsupported, name, &Unsupported::name);
+    if (unsupported != std::end(kUnsupported) && unsupported->initialValue.find(value) == std::string_view::npos)
+        report(fmt::format("{}（{}）には対応していません。", unsupported->description, name));
 }
 
 void SvgStyle::apply(const XmlAttributes &attributes, const std::vector<const StyleDeclaration *> &sheet,
-                     const Notice &tell)
+                     const NoticeHandler &report)
 {
     const std::vector<StyleDeclaration> own = readDeclarations(attributes.get("style"));
     Cascade cascade;
@@ -200,17 +197,17 @@ void SvgStyle::apply(const XmlAttributes &attributes, const std::vector<const St
         for (const StyleDeclaration &each : own)
             if (each.isImportant == important) cascade.put(each.name, each.value);
     }
-    // Lengths in em need the size first.
+    // Lengths in em depend on the font size.
     std::stable_partition(cascade.values().begin(), cascade.values().end(),
                           [](const Cascade::Value &each) { return each.name == kFontSize; });
     for (const auto &[name, value] : cascade.values()) {
         if (name != kOpacity) {
-            set(name, trim(value), tell);
+            set(name, trim(value), report);
             continue;
         }
-        // The opacity of a group and of what is in it multiply.
+        // The opacities of a group and of its members multiply.
         double ownOpacity = 1;
-        setShare(ownOpacity, trim(value));
+        setOpacity(ownOpacity, trim(value));
         opacity *= ownOpacity;
     }
 }

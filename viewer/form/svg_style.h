@@ -13,10 +13,10 @@ namespace inin::viewer {
 
 struct StyleDeclaration;
 
-/// Told a sentence about something that is not drawn as the file has it.
-using Notice = std::function<void(std::string)>;
+/// Receives a sentence about a feature that is not drawn as the file defines it.
+using NoticeHandler = std::function<void(std::string)>;
 
-/// What an element takes over from the elements around it, lengths in the units of its own place.
+/// The inherited properties of an element. Lengths are in the element's user units.
 struct SvgStyle {
     std::optional<Color> fill = Color{};
     std::optional<Color> stroke;
@@ -32,21 +32,22 @@ struct SvgStyle {
     double spacing = 0;
     bool isBold = false;
     Anchor anchor = Anchor::start;
-    WritingMode writing = WritingMode::across;
-    Upright upright = Upright::asUsual;
+    WritingMode writing = WritingMode::horizontal;
+    TextOrientation orientation = TextOrientation::mixed;
     bool keepsBlanks = false;
 
-    /// Takes in an element's own attributes, what a style sheet says of it (the weakest first), and its `style`; of two
-    /// values for one property the stronger counts.
-    void apply(const XmlAttributes &attributes, const std::vector<const StyleDeclaration *> &sheet, const Notice &tell);
-    /// True for a property that is understood, or whose absence is told.
+    /// Applies an element's attributes, its style sheet declarations (the weakest first) and its `style` attribute. The
+    /// strongest value of each property wins.
+    void apply(const XmlAttributes &attributes, const std::vector<const StyleDeclaration *> &sheet,
+               const NoticeHandler &report);
+    /// True for a property that is supported, or reported as unsupported.
     [[nodiscard]] static bool knows(std::string_view name);
-    /// Colours on white paper: what is half transparent is mixed with white.
+    /// Colours on white paper: transparent colours are mixed with white.
     [[nodiscard]] std::optional<Color> fillOnPaper() const;
     [[nodiscard]] std::optional<Color> strokeOnPaper() const;
 
 private:
-    void set(std::string_view name, const std::string &value, const Notice &tell);
+    void set(std::string_view name, const std::string &value, const NoticeHandler &report);
 };
 
 } // namespace inin::viewer

@@ -10,20 +10,19 @@ namespace inin::viewer {
 
 namespace {
 
-/// Far more than an editor writes; each is tried on every element.
+/// Far more than an editor writes. Each rule is matched against every element.
 constexpr std::size_t kMostParts = 6000;
 constexpr std::string_view kBlanks = " \t\r\n";
 
-/// A text that is read from its beginning to its end. Each search takes what it has looked at, so that the work stays in
-/// proportion to the size.
-class StyleText {
+/// Reads a text from beginning to end. Each search consumes what it has examined, so that the time is linear.
+class StyleScanner {
 public:
-    explicit StyleText(std::string_view text) : m_rest(text) {}
+    explicit StyleScanner(std::string_view text) : m_rest(text) {}
 
     [[nodiscard]] bool isAtEnd() const { return m_rest.empty(); }
     [[nodiscard]] std::size_t charactersRead() const { return m_charactersRead; }
 
-    /// True when there is something after the blanks.
+    /// False at the end of the text.
     [[nodiscard]] bool skipBlanks()
     {
         while (!isAtEnd() && kBlanks.find(m_rest.front()) != std::string_view::npos) (void)take(1);
@@ -49,8 +48,8 @@ public:
         m_charactersRead += size;
         return part;
     }
-    /// Up to the first of `ends` that is outside of quotes and brackets, which is taken as well; `end` is that character,
-    /// 0 at the end of the text.
+    /// Takes the text up to the first of `ends` outside quotes and brackets, and that character. `end` receives the
+    /// character, or 0 at the end of the text.
     std::string_view takeUpTo(std::string_view ends, char *end = nullptr)
     {
         const std::size_t size = sizeUpTo(ends);
@@ -87,8 +86,8 @@ private:
     std::size_t m_charactersRead = 0;
 };
 
-/// Without comments, and without the marks by which old files hide a sheet.
-std::string withoutComments(StyleText &text)
+/// Removes comments, and the HTML comment delimiters by which old files hide a sheet.
+std::string withoutComments(StyleScanner &text)
 {
     std::string out;
     while (!text.isAtEnd()) {
@@ -102,8 +101,8 @@ std::string withoutComments(StyleText &text)
     return out;
 }
 
-/// A rule for the whole sheet ends with its block or its semicolon, whichever comes first.
-void skipAtRule(StyleText &text)
+/// An at-rule ends with its block or its semicolon, whichever comes first.
+void skipAtRule(StyleScanner &text)
 {
     char end = 0;
     (void)text.takeUpTo(";{", &end);
@@ -141,7 +140,7 @@ std::vector<StyleDeclaration> readDeclarations(std::string_view text)
 {
     constexpr std::string_view kImportant = "!important";
     std::vector<StyleDeclaration> declarations;
-    for (StyleText rest(text); !rest.isAtEnd();) {
+    for (StyleScanner rest(text); !rest.isAtEnd();) {
         const std::string_view whole = rest.takeUpTo(";");
         const std::size_t colon = whole.find(':');
         if (colon == std::string_view::npos) continue;
@@ -162,7 +161,7 @@ bool StyleSheet::Selector::matches(std::string_view name, const XmlAttributes &a
                                [&](const std::string &wanted) { return hasWord(attributes.get("class"), wanted); });
 }
 
-int StyleSheet::Selector::weight() const
+int StyleSheet::Selector::specificity() const
 {
     constexpr int kId = 10'000, kClass = 100;
     return (id.empty() ? 0 : kId) + static_cast<int>(classes.size()) * kClass + (element.empty() ? 0 : 1);
@@ -191,54 +190,55 @@ std::optional<StyleSheet::Selector> StyleSheet::readSelector(std::string_view te
     return selector;
 }
 
-bool StyleSheet::takesMore(std::size_t parts, const Notice &tell)
+bool StyleSheet::countParts(std::size_t parts, const NoticeHandler &report)
 {
     m_parts += parts;
     if (m_parts <= kMostParts) return true;
-    tell("style 要素の規則が多すぎます。初めのものだけを使います。");
+    report("style 要素の規則が多すぎます。初めのものだけを使います。");
     return false;
 }
 
-void StyleSheet::addRules(std::string_view selectors, std::string_view body, const Notice &tell)
+void StyleSheet::addRules(std::string_view selectors, std::string_view body, const NoticeHandler &report)
 {
     std::vector<StyleDeclaration> declarations = readDeclarations(body);
     std::erase_if(declarations, [](const StyleDeclaration &each) { return !SvgStyle::knows(each.name); });
-    for (StyleText list(selectors); !list.isAtEnd();) {
+    for (StyleScanner list(selectors); !list.isAtEnd();) {
         const std::string text = trim(list.takeUpTo(","));
         std::optional<Selector> selector = readSelector(text);
-        if (!takesMore(1 + (selector ? selector->classes.size() + declarations.size() : 0), tell)) return;
+        if (!countParts(1 + (selector ? selector->classes.size() + declarations.size() : 0), report)) return;
         if (!selector) {
-            tell(fmt::format("style 要素のセレクター「{}」は使いません。", text));
+            report(fmt::format("style 要素のセレクター「{}」は使いません。", text));
             continue;
         }
-        // After the rules of its own weight: a later rule is the stronger.
-        const auto place = std::ranges::upper_bound(m_rules, selector->weight(), {},
-                                                    [](const Rule &rule) { return rule.selector.weight(); });
+        // After the rules of the same specificity: a later rule is stronger.
+        const auto place = std::ranges::upper_bound(m_rules, selector->specificity(), {},
+                                                    [](const Rule &rule) { return rule.selector.specificity(); });
         m_rules.insert(place, {std::move(*selector), declarations});
     }
 }
 
-void StyleSheet::add(std::string_view raw, const Notice &tell)
+void StyleSheet::add(std::string_view raw, const NoticeHandler &report)
 {
-    StyleText withComments(raw);
+    StyleScanner withComments(raw);
     const std::string bare = withoutComments(withComments);
-    StyleText text(bare);
+    StyleScanner text(bare);
     while (m_parts <= kMostParts && text.skipBlanks()) {
         if (text.skip("@")) {
-            tell("style 要素の @ で始まる規則は使いません。外部のファイルも読み込みません。");
+            report("style 要素の @ で始まる規則は使いません。外部のファイルも読み込みません。");
             skipAtRule(text);
-            (void)takesMore(1, tell); // the loop ends at the limit
+            (void)countParts(1, report); // the loop ends at the limit
             continue;
         }
         std::string_view selectors = text.takeThrough("{");
         if (!selectors.ends_with('{')) break;
         selectors.remove_suffix(1);
-        addRules(selectors, text.takeUpTo("}"), tell);
+        addRules(selectors, text.takeUpTo("}"), report);
     }
     m_charactersRead += withComments.charactersRead() + text.charactersRead();
 }
 
-std::vector<const StyleDeclaration *> StyleSheet::of(std::string_view element, const XmlAttributes &attributes) const
+std::vector<const StyleDeclaration *> StyleSheet::declarationsFor(std::string_view element,
+                                                                  const XmlAttributes &attributes) const
 {
     std::vector<const StyleDeclaration *> found;
     for (const Rule &rule : m_rules) {

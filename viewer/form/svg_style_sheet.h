@@ -14,20 +14,20 @@ struct StyleDeclaration {
     std::string name, value;
     bool isImportant = false;
 };
-/// The declarations between the braces of a rule, or of a style attribute.
+/// The declarations of a rule's block or of a style attribute.
 [[nodiscard]] std::vector<StyleDeclaration> readDeclarations(std::string_view text);
 
-/// The rules of a form's style elements. Selectors are those of one element: `text`, `.class`, `#id`, `*` and joined
-/// ones (`text.class`), several with commas between. Everything else is reported and left out.
+/// The rules of a form's style elements. Supports simple selectors (`text`, `.class`, `#id`, `*`), compounds of them
+/// (`text.class`) and lists with commas. Everything else is reported and skipped.
 class StyleSheet {
 public:
-    /// Takes time in proportion to the text's size; what comes after a limit of rules is reported and left out.
-    void add(std::string_view text, const Notice &tell);
-    /// What the rules say of an element, the weakest first: a type counts less than a class, a class less than an id, an
-    /// earlier rule less than a later one.
-    [[nodiscard]] std::vector<const StyleDeclaration *> of(std::string_view element,
-                                                           const XmlAttributes &attributes) const;
-    /// How many characters add() has looked at, those that it looked at again included.
+    /// Takes linear time. Rules beyond a limit are reported and skipped.
+    void add(std::string_view text, const NoticeHandler &report);
+    /// The declarations that apply to an element, the weakest first: a type is weaker than a class, a class weaker than
+    /// an id, and an earlier rule weaker than a later one.
+    [[nodiscard]] std::vector<const StyleDeclaration *> declarationsFor(std::string_view element,
+                                                                        const XmlAttributes &attributes) const;
+    /// The number of characters that add() has examined; repeated examinations count again.
     [[nodiscard]] std::size_t charactersRead() const { return m_charactersRead; }
 
 private:
@@ -35,20 +35,20 @@ private:
         std::string element, id;
         std::vector<std::string> classes;
         [[nodiscard]] bool matches(std::string_view name, const XmlAttributes &attributes) const;
-        [[nodiscard]] int weight() const;
+        [[nodiscard]] int specificity() const;
     };
     struct Rule {
         Selector selector;
         std::vector<StyleDeclaration> declarations;
     };
-    /// Nothing for one that is not an element, an id and classes.
+    /// Empty for a selector that is not a compound of a type, an id and classes.
     [[nodiscard]] static std::optional<Selector> readSelector(std::string_view text);
-    /// False when the limit is reached, which is reported.
-    [[nodiscard]] bool takesMore(std::size_t parts, const Notice &tell);
-    void addRules(std::string_view selectors, std::string_view body, const Notice &tell);
+    /// Counts `parts`. Reports the limit and returns false when it is exceeded.
+    [[nodiscard]] bool countParts(std::size_t parts, const NoticeHandler &report);
+    void addRules(std::string_view selectors, std::string_view body, const NoticeHandler &report);
 
-    std::vector<Rule> m_rules; ///< by weight, those of the same weight in the sheet's order
-    std::size_t m_parts = 0;   ///< rules of every kind, with their classes and declarations
+    std::vector<Rule> m_rules; ///< by specificity, then in the order of the sheet
+    std::size_t m_parts = 0;   ///< rules of all kinds, with their classes and declarations
     std::size_t m_charactersRead = 0;
 };
 

@@ -14,9 +14,9 @@ namespace inin::viewer {
 
 namespace {
 
-constexpr std::string_view kOwnPrefix = "data-";
-constexpr std::string_view kOwnNames[] = {"box", "lines", "leading", "narrowest", "min-size", "valign", "padding"};
-constexpr double kSmallestShare = 0.6; ///< of the size, when the form says nothing
+constexpr std::string_view kDataPrefix = "data-";
+constexpr std::string_view kDataNames[] = {"box", "lines", "leading", "narrowest", "min-size", "valign", "padding"};
+constexpr double kSmallestShare = 0.6; ///< of the size, when the form has no data-min-size
 constexpr int kMostLines = 200;
 
 double numberOf(std::string_view text, double otherwise, double least, double most)
@@ -24,7 +24,7 @@ double numberOf(std::string_view text, double otherwise, double least, double mo
     return std::clamp(readLength(text).value_or(otherwise), least, most);
 }
 
-/// The first of a list of places: letters that were moved one by one are not.
+/// The first of a list of positions. Positions of single characters are ignored.
 std::optional<double> firstOf(const XmlAttributes &attributes, std::string_view name, double em)
 {
     const auto text = attributes.find(name);
@@ -37,7 +37,7 @@ bool isAsciiBlank(char c)
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
-/// Blanks as SVG has them by itself: line ends go, runs become one, none at the ends. U+3000 is a letter like any other.
+/// The default white space rule of SVG: removes line ends, collapses runs and trims. U+3000 is not white space.
 std::string collapsed(std::string_view text)
 {
     std::string out;
@@ -56,34 +56,35 @@ bool isBlank(std::string_view text)
     return std::ranges::all_of(text, isAsciiBlank);
 }
 
-bool looksTheSame(const SvgStyle &a, const SvgStyle &b)
+bool hasSameTextStyle(const SvgStyle &a, const SvgStyle &b)
 {
     return a.family == b.family && a.fontSize == b.fontSize && a.spacing == b.spacing && a.isBold == b.isBold &&
-           a.upright == b.upright && a.fillOnPaper() == b.fillOnPaper();
+           a.orientation == b.orientation && a.fillOnPaper() == b.fillOnPaper();
 }
 
 } // namespace
 
-void SvgText::readOwnAttributes(const XmlAttributes &attributes)
+void SvgText::readDataAttributes(const XmlAttributes &attributes)
 {
     for (const auto &[name, value] : attributes.all()) {
-        if (!name.starts_with(kOwnPrefix)) continue;
-        const std::string_view own = name.substr(kOwnPrefix.size());
-        if (std::ranges::find(kOwnNames, own) == std::end(kOwnNames))
-            m_tell(fmt::format("属性「{}」は知りません。", name));
+        if (!name.starts_with(kDataPrefix)) continue;
+        const std::string_view own = name.substr(kDataPrefix.size());
+        if (std::ranges::find(kDataNames, own) == std::end(kDataNames))
+            m_report(fmt::format("属性「{}」は知りません。", name));
         else
-            m_wishes.insert_or_assign(std::string(own), std::string(value));
+            m_dataAttributes.insert_or_assign(std::string(own), std::string(value));
     }
 }
 
-void SvgText::open(const XmlAttributes &attributes, const Affine &place, const SvgStyle &style, Notice tell)
+void SvgText::open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style,
+                   NoticeHandler report)
 {
     m_isOpen = true;
     m_id = attributes.get("id");
-    m_place = place;
-    m_wishes.clear();
-    m_tell = std::move(tell);
-    readOwnAttributes(attributes);
+    m_transform = transform;
+    m_dataAttributes.clear();
+    m_report = std::move(report);
+    readDataAttributes(attributes);
     const double x = firstOf(attributes, "x", style.fontSize).value_or(0);
     const double y = firstOf(attributes, "y", style.fontSize).value_or(0);
     m_lines = {{x + firstOf(attributes, "dx", style.fontSize).value_or(0),
@@ -94,27 +95,27 @@ void SvgText::open(const XmlAttributes &attributes, const Affine &place, const S
 void SvgText::openSpan(const XmlAttributes &attributes, const SvgStyle &style)
 {
     if (!m_isOpen) return;
-    readOwnAttributes(attributes);
+    readDataAttributes(attributes);
     const auto x = firstOf(attributes, "x", style.fontSize), y = firstOf(attributes, "y", style.fontSize);
-    const bool runsDown = style.writing != WritingMode::across;
-    const auto aside = firstOf(attributes, runsDown ? "dx" : "dy", style.fontSize);
-    if (!x && !y && !aside) return;
+    const bool isVertical = style.writing != WritingMode::horizontal;
+    const auto offset = firstOf(attributes, isVertical ? "dx" : "dy", style.fontSize);
+    if (!x && !y && !offset) return;
     const Line &first = m_lines.front(), &last = m_lines.back();
-    // A line whose place along it is not given begins where the text does: where the line before ended is known only when
-    // it is filled.
-    if (runsDown)
-        m_lines.push_back({x.value_or(last.x) + aside.value_or(0), y.value_or(first.y), {}});
+    // A line without a position in its own direction begins where the text begins. The end of the previous line is not
+    // known before its fields are filled.
+    if (isVertical)
+        m_lines.push_back({x.value_or(last.x) + offset.value_or(0), y.value_or(first.y), {}});
     else
-        m_lines.push_back({x.value_or(first.x), y.value_or(last.y) + aside.value_or(0), {}});
+        m_lines.push_back({x.value_or(first.x), y.value_or(last.y) + offset.value_or(0), {}});
 }
 
 void SvgText::add(std::string_view text, const SvgStyle &style)
 {
     if (!m_isOpen || style.isHidden) return;
-    // Whatever stands between two spans that set places is the file's own indentation.
+    // Blanks between two spans with positions are indentation of the file.
     if (m_lines.back().parts.empty() && isBlank(text)) return;
     std::vector<Part> &parts = m_lines.back().parts;
-    if (!parts.empty() && looksTheSame(parts.back().style, style))
+    if (!parts.empty() && hasSameTextStyle(parts.back().style, style))
         parts.back().text += text;
     else
         parts.push_back({std::string(text), style});
@@ -125,7 +126,7 @@ std::string SvgText::textOf(const Line &line) const
     std::string whole;
     for (const Part &part : line.parts) whole += part.text;
     if (!line.parts.front().style.keepsBlanks) return collapsed(whole);
-    // Even where blanks are kept, a line end at the very end is the file's.
+    // Where blanks are preserved, line ends at the very end still belong to the file.
     while (!whole.empty() && (whole.back() == '\n' || whole.back() == '\r')) whole.pop_back();
     std::ranges::replace_if(
         whole, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
@@ -134,19 +135,19 @@ std::string SvgText::textOf(const Line &line) const
 
 FitRule SvgText::readFit(const SvgStyle &style) const
 {
-    const auto wish = [&](std::string_view name) {
-        const auto found = m_wishes.find(name);
-        return found == m_wishes.end() ? std::string_view() : std::string_view(found->second);
+    const auto attribute = [&](std::string_view name) {
+        const auto found = m_dataAttributes.find(name);
+        return found == m_dataAttributes.end() ? std::string_view() : std::string_view(found->second);
     };
     FitRule fit;
-    fit.lines = static_cast<int>(numberOf(wish("lines"), 1, 1, kMostLines));
-    fit.leading = numberOf(wish("leading"), fit.leading, 0.5, 5);
-    fit.narrowest = numberOf(wish("narrowest"), fit.narrowest, 0.3, 1);
-    const double smallest = readLength(wish("min-size")).value_or(style.fontSize * kSmallestShare);
-    // A floor of nothing would let the walk to it go on for ever.
-    fit.smallest = m_place.scale() * std::clamp(smallest, style.fontSize / 20, style.fontSize);
-    if (wish("valign") == "top") fit.vertical = Vertical::top;
-    if (wish("valign") == "bottom") fit.vertical = Vertical::bottom;
+    fit.lines = static_cast<int>(numberOf(attribute("lines"), 1, 1, kMostLines));
+    fit.leading = numberOf(attribute("leading"), fit.leading, 0.5, 5);
+    fit.narrowest = numberOf(attribute("narrowest"), fit.narrowest, 0.3, 1);
+    const double smallest = readLength(attribute("min-size")).value_or(style.fontSize * kSmallestShare);
+    // With a limit of 0, shrinking would never end.
+    fit.smallest = m_transform.scale() * std::clamp(smallest, style.fontSize / 20, style.fontSize);
+    if (attribute("valign") == "top") fit.verticalAlignment = VerticalAlignment::top;
+    if (attribute("valign") == "bottom") fit.verticalAlignment = VerticalAlignment::bottom;
     return fit;
 }
 
@@ -154,12 +155,12 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
 {
     const SvgStyle &style = line.parts.front().style;
     const auto color = style.fillOnPaper();
-    const double scale = m_place.scale();
+    const double scale = m_transform.scale();
     const double size = style.fontSize * scale;
     if (!color || text.empty() || !(size > 0)) return;
-    const Point start = m_place({line.x, line.y});
+    const Point start = m_transform({line.x, line.y});
     if (!isDrawable({start.x, start.y, size, size})) {
-        m_tell("ページから遠く離れた文字や大きすぎる文字は表示しません。");
+        m_report("ページから遠く離れた文字や大きすぎる文字は表示しません。");
         return;
     }
     TextCommand command;
@@ -172,14 +173,15 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
     command.spacing = style.spacing * scale;
     command.anchor = style.anchor;
     command.writing = style.writing;
-    command.upright = style.upright;
-    command.at = m_place * Affine{1 / scale, 0, 0, 1 / scale, line.x, line.y};
-    const auto box = m_wishes.find("box");
-    if (box != m_wishes.end()) {
+    command.orientation = style.orientation;
+    command.at = m_transform * Affine{1 / scale, 0, 0, 1 / scale, line.x, line.y};
+    const auto box = m_dataAttributes.find("box");
+    if (box != m_dataAttributes.end()) {
         command.fit = readFit(style);
-        const auto padding = m_wishes.find("padding");
-        m_boxWishes.push_back({form.commands.size(), box->second,
-                               scale * numberOf(padding == m_wishes.end() ? "" : padding->second, 0, 0, 1000)});
+        const auto padding = m_dataAttributes.find("padding");
+        m_boxReferences.push_back(
+            {form.commands.size(), box->second,
+             scale * numberOf(padding == m_dataAttributes.end() ? "" : padding->second, 0, 0, 1000)});
     }
     form.commands.emplace_back(std::move(command));
 }
@@ -190,26 +192,27 @@ void SvgText::close(FormDocument &form)
     std::erase_if(m_lines, [](const Line &line) { return line.parts.empty(); });
     if (m_lines.empty()) return;
     for (const Line &line : m_lines)
-        if (line.parts.size() > 1) m_tell("一行の中で書体や大きさや色が変わる文字は、行の始まりの書式で表示します。");
-    if (!m_wishes.contains("box")) {
+        if (line.parts.size() > 1) m_report("一行の中で書体や大きさや色が変わる文字は、行の始まりの書式で表示します。");
+    if (!m_dataAttributes.contains("box")) {
         for (const Line &line : m_lines) addCommand(form, line, textOf(line));
         return;
     }
-    // In a box the lines are one text whose line ends are kept.
+    // In a box, the lines are one text with line ends.
     std::string whole;
     for (const Line &line : m_lines) whole += (whole.empty() ? "" : "\n") + textOf(line);
     addCommand(form, m_lines.front(), whole);
 }
 
-void SvgText::settleBoxes(const std::map<std::string, Box, std::less<>> &boxes, FormDocument &form) const
+void SvgText::resolveBoxes(const std::map<std::string, Box, std::less<>> &boxes, FormDocument &form) const
 {
-    for (const BoxWish &wish : m_boxWishes) {
-        const auto found = boxes.find(wish.box);
+    for (const BoxReference &reference : m_boxReferences) {
+        const auto found = boxes.find(reference.box);
         if (found == boxes.end())
-            throw RuntimeError(error_number::invalidCall, fmt::format("枠「{}」（data-box）がありません。", wish.box));
-        auto &command = std::get<TextCommand>(form.commands[wish.command]);
+            throw RuntimeError(error_number::invalidCall,
+                               fmt::format("枠「{}」（data-box）がありません。", reference.box));
+        auto &command = std::get<TextCommand>(form.commands[reference.command]);
         Box box = found->second;
-        const double padding = std::min(wish.padding, std::min(box.width, box.height) / 2);
+        const double padding = std::min(reference.padding, std::min(box.width, box.height) / 2);
         box = {box.left + padding, box.top + padding, box.width - 2 * padding, box.height - 2 * padding};
         command.fit->box = box;
     }

@@ -9,19 +9,19 @@
 
 namespace inin::viewer {
 
-/// Gathers one text element: a line for each place that it or its spans set.
+/// Collects one text element: a line for each position that the element or its spans set.
 class SvgText {
 public:
-    void open(const XmlAttributes &attributes, const Affine &place, const SvgStyle &style, Notice tell);
+    void open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style, NoticeHandler report);
     void openSpan(const XmlAttributes &attributes, const SvgStyle &style);
     void add(std::string_view text, const SvgStyle &style);
-    /// Ends the element: its lines become commands of the form.
+    /// Ends the element and adds its lines to the form as commands.
     void close(FormDocument &form);
-    /// Gives the texts the boxes that they named; a box that is not there is a RuntimeError.
-    void settleBoxes(const std::map<std::string, Box, std::less<>> &boxes, FormDocument &form) const;
+    /// Assigns to each text the box that it names. A missing box is a RuntimeError.
+    void resolveBoxes(const std::map<std::string, Box, std::less<>> &boxes, FormDocument &form) const;
 
 private:
-    /// A part of a line with the style that it was written in.
+    /// A part of a line with its style.
     struct Part {
         std::string text;
         SvgStyle style;
@@ -30,7 +30,7 @@ private:
         double x = 0, y = 0;
         std::vector<Part> parts;
     };
-    struct BoxWish {
+    struct BoxReference {
         std::size_t command;
         std::string box;
         double padding;
@@ -38,16 +38,16 @@ private:
 
     [[nodiscard]] std::string textOf(const Line &line) const;
     [[nodiscard]] FitRule readFit(const SvgStyle &style) const;
-    void readOwnAttributes(const XmlAttributes &attributes);
+    void readDataAttributes(const XmlAttributes &attributes);
     void addCommand(FormDocument &form, const Line &line, const std::string &text);
 
     bool m_isOpen = false;
     std::string m_id;
-    Affine m_place;
-    std::map<std::string, std::string, std::less<>> m_wishes; ///< the data-… attributes
+    Affine m_transform;
+    std::map<std::string, std::string, std::less<>> m_dataAttributes; ///< without their prefix
     std::vector<Line> m_lines;
-    Notice m_tell;
-    std::vector<BoxWish> m_boxWishes;
+    NoticeHandler m_report;
+    std::vector<BoxReference> m_boxReferences;
 };
 
 } // namespace inin::viewer

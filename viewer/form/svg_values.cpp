@@ -109,7 +109,7 @@ std::optional<bool> NumberScan::flag()
     return set;
 }
 
-std::optional<char> NumberScan::letter()
+std::optional<char> NumberScan::command()
 {
     skipBlanks();
     if (m_rest.empty()) return std::nullopt;

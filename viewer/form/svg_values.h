@@ -8,17 +8,17 @@
 
 namespace inin::viewer {
 
-// The small languages inside of SVG attributes. What cannot be read is nothing, never an exception.
+// The grammars of SVG attribute values. A value that cannot be read gives an empty result, never an exception.
 
-/// A cursor over numbers that blanks or commas separate.
+/// A cursor over numbers that are separated by blanks or commas.
 class NumberScan {
 public:
     explicit NumberScan(std::string_view text) : m_rest(text) {}
     [[nodiscard]] std::optional<double> number();
-    /// A flag of an arc: one digit that nothing need follow.
+    /// A flag of an arc: one digit, which needs no separator after it.
     [[nodiscard]] std::optional<bool> flag();
-    /// The next letter when one stands there.
-    [[nodiscard]] std::optional<char> letter();
+    /// The next character if it is an ASCII letter, as path commands are.
+    [[nodiscard]] std::optional<char> command();
     [[nodiscard]] bool atEnd();
 
 private:
@@ -26,13 +26,13 @@ private:
     std::string_view m_rest;
 };
 
-/// A number with a unit, in pixels of 1/96 inch; `em` is the length of 1em, `whole` that of 100%.
+/// A length in pixels of 1/96 inch; `em` is the length of 1em, `whole` that of 100%.
 [[nodiscard]] std::optional<double> readLength(std::string_view text, double em = 16, double whole = 0);
 [[nodiscard]] std::vector<double> readNumbers(std::string_view text);
 [[nodiscard]] Affine readTransform(std::string_view text);
-/// #rgb, #rrggbb, rgb() and the customary names.
+/// #rgb, #rrggbb, rgb() and the common names.
 [[nodiscard]] std::optional<Color> readColor(std::string_view text);
-/// Up to the first fault, as SVG has it.
+/// Reads up to the first error, as SVG requires.
 [[nodiscard]] Path readPathData(std::string_view text);
 
 } // namespace inin::viewer

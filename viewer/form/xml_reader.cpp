@@ -15,8 +15,8 @@ namespace inin::viewer {
 
 namespace {
 
-/// Stands between namespace and name; no namespace holds it.
-constexpr char kJoin = '\n';
+/// Separates namespace and name; no namespace contains it.
+constexpr char kSeparator = '\n';
 constexpr std::string_view kXmlSpace = "http://www.w3.org/XML/1998/namespace";
 
 [[noreturn]] void refuse(std::string sentence)
@@ -27,21 +27,21 @@ constexpr std::string_view kXmlSpace = "http://www.w3.org/XML/1998/namespace";
 std::pair<std::string_view, std::string_view> splitName(const char *whole)
 {
     const std::string_view name = whole;
-    const std::size_t join = name.rfind(kJoin);
-    if (join == std::string_view::npos) return {{}, name};
-    return {name.substr(0, join), name.substr(join + 1)};
+    const std::size_t separator = name.rfind(kSeparator);
+    if (separator == std::string_view::npos) return {{}, name};
+    return {name.substr(0, separator), name.substr(separator + 1)};
 }
 
-class Run {
+class XmlReader {
 public:
-    Run(std::string_view space, XmlHandler &handler, const XmlLimits &limits)
-        : m_space(space), m_handler(handler), m_limits(limits), m_parser(XML_ParserCreateNS(nullptr, kJoin))
+    XmlReader(std::string_view space, XmlHandler &handler, const XmlLimits &limits)
+        : m_space(space), m_handler(handler), m_limits(limits), m_parser(XML_ParserCreateNS(nullptr, kSeparator))
     {
         if (!m_parser) throw RuntimeError(error_number::outOfMemory);
         XML_SetUserData(m_parser.get(), this);
-        XML_SetElementHandler(m_parser.get(), &Run::onOpen, &Run::onClose);
-        XML_SetCharacterDataHandler(m_parser.get(), &Run::onText);
-        XML_SetEntityDeclHandler(m_parser.get(), &Run::onEntity);
+        XML_SetElementHandler(m_parser.get(), &XmlReader::onOpen, &XmlReader::onClose);
+        XML_SetCharacterDataHandler(m_parser.get(), &XmlReader::onText);
+        XML_SetEntityDeclHandler(m_parser.get(), &XmlReader::onEntity);
     }
 
     void parse(std::string_view bytes)
@@ -56,20 +56,20 @@ public:
     }
 
 private:
-    struct FreeParser {
+    struct ParserDeleter {
         void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
     };
 
-    /// An exception must not travel through the parser: it stops the parser and goes on behind it.
+    /// An exception must not pass through the C parser: stop the parser and rethrow after it returns.
     template <class Body> static void guarded(void *data, Body &&body)
     {
-        auto &run = *static_cast<Run *>(data);
-        if (run.m_failure) return;
+        auto &reader = *static_cast<XmlReader *>(data);
+        if (reader.m_failure) return;
         try {
-            body(run);
+            body(reader);
         } catch (...) {
-            run.m_failure = std::current_exception();
-            XML_StopParser(run.m_parser.get(), XML_FALSE);
+            reader.m_failure = std::current_exception();
+            XML_StopParser(reader.m_parser.get(), XML_FALSE);
         }
     }
 
@@ -81,27 +81,27 @@ private:
 
     static void onOpen(void *data, const char *name, const char **attributes)
     {
-        guarded(data, [&](Run &run) { run.open(name, attributes); });
+        guarded(data, [&](XmlReader &reader) { reader.open(name, attributes); });
     }
     static void onClose(void *data, const char *name)
     {
-        guarded(data, [&](Run &run) {
-            --run.m_depth;
-            run.m_handler.close(run.ownName(name));
+        guarded(data, [&](XmlReader &reader) {
+            --reader.m_depth;
+            reader.m_handler.close(reader.ownName(name));
         });
     }
     static void onText(void *data, const char *text, int length)
     {
-        guarded(data, [&](Run &run) {
-            run.m_textBytes += static_cast<std::size_t>(length);
-            if (run.m_textBytes > run.m_limits.textBytes) refuse("文字が多すぎます。");
-            run.m_handler.text({text, static_cast<std::size_t>(length)});
+        guarded(data, [&](XmlReader &reader) {
+            reader.m_textBytes += static_cast<std::size_t>(length);
+            if (reader.m_textBytes > reader.m_limits.textBytes) refuse("文字が多すぎます。");
+            reader.m_handler.text({text, static_cast<std::size_t>(length)});
         });
     }
     static void onEntity(void *data, const char *name, int, const char *, int, const char *, const char *, const char *,
                          const char *)
     {
-        guarded(data, [&](Run &) { refuse(fmt::format("実体宣言「{}」のあるファイルは開きません。", name)); });
+        guarded(data, [&](XmlReader &) { refuse(fmt::format("実体宣言「{}」のあるファイルは開きません。", name)); });
     }
 
     void open(const char *name, const char **attributes)
@@ -120,7 +120,7 @@ private:
     std::string m_space;
     XmlHandler &m_handler;
     XmlLimits m_limits;
-    std::unique_ptr<XML_ParserStruct, FreeParser> m_parser;
+    std::unique_ptr<XML_ParserStruct, ParserDeleter> m_parser;
     std::exception_ptr m_failure;
     std::size_t m_elements = 0, m_depth = 0, m_textBytes = 0;
 };
@@ -141,7 +141,7 @@ std::string_view XmlAttributes::get(std::string_view name, std::string_view othe
 
 void readXml(std::string_view bytes, std::string_view space, XmlHandler &handler, const XmlLimits &limits)
 {
-    Run(space, handler, limits).parse(bytes);
+    XmlReader(space, handler, limits).parse(bytes);
 }
 
 } // namespace inin::viewer

@@ -8,7 +8,7 @@
 
 namespace inin::viewer {
 
-/// The attributes of one element; only those without a namespace.
+/// The attributes of one element that have no namespace.
 class XmlAttributes {
 public:
     void add(std::string_view name, std::string_view value) { m_pairs.emplace_back(name, value); }
@@ -20,8 +20,8 @@ private:
     std::vector<std::pair<std::string_view, std::string_view>> m_pairs;
 };
 
-/// Told of elements and text in document order. Elements of another namespace than `space` have an empty name; an
-/// attribute xml:space is told as "xml:space".
+/// Receives elements and text in document order. Elements of a namespace other than `space` have an empty name; the
+/// attribute xml:space is passed as "xml:space".
 class XmlHandler {
 public:
     XmlHandler() = default;
@@ -39,8 +39,8 @@ struct XmlLimits {
     std::size_t textBytes = 1'000'000;
 };
 
-/// Reads a document of the namespace `space`, or of none. Entities of the document's own are refused, nothing outside of it is
-/// opened; what breaks a limit or is not well formed is a RuntimeError with a sentence.
+/// Reads a document whose elements are in the namespace `space` or in none, and never opens anything outside it. Throws
+/// a RuntimeError with a sentence for entity declarations, exceeded limits and malformed XML.
 void readXml(std::string_view bytes, std::string_view space, XmlHandler &handler, const XmlLimits &limits = {});
 
 } // namespace inin::viewer

@@ -20,20 +20,20 @@ constexpr std::size_t kBufferSize = std::size_t{1} << 16;
 
 std::string systemPathOf(const std::string &path)
 {
-    return absolutePath(foundPath(path));
+    return absolutePath(resolvedPath(path));
 }
 
 std::string readWholeFile(const std::string &path, std::size_t limit)
 {
-    const std::string systemPath = foundPath(path);
-    const EntryFacts facts = entryFacts(systemPath);
-    if (facts.kind == EntryFacts::Kind::missing) failReading(path, error_number::fileNotFound, "が見つかりません。");
-    // A pipe or a device could keep the reader for ever.
-    if (facts.kind == EntryFacts::Kind::other)
+    const std::string systemPath = resolvedPath(path);
+    const FileInfo info = fileInfo(systemPath);
+    if (info.kind == FileInfo::Kind::missing) failReading(path, error_number::fileNotFound, "が見つかりません。");
+    // Reading a pipe or a device could block forever.
+    if (info.kind == FileInfo::Kind::other)
         failReading(path, error_number::pathAccess, "は読めるファイルではありません。");
-    if (facts.size > limit) failReading(path, error_number::outOfMemory, "は大きすぎます。");
+    if (info.size > limit) failReading(path, error_number::outOfMemory, "は大きすぎます。");
     std::string bytes;
-    if (!readBytes(systemPath, static_cast<std::size_t>(facts.size), bytes))
+    if (!readBytes(systemPath, static_cast<std::size_t>(info.size), bytes))
         failReading(path, error_number::pathAccess, "を読めません。");
     return bytes;
 }
@@ -44,39 +44,39 @@ void makeFolder(const std::string &systemPath)
         throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", systemPath));
 }
 
-FinishedFile::FinishedFile(const std::string &path) : m_path(path)
+AtomicFile::AtomicFile(const std::string &path) : m_path(path)
 {
-    // A folder, a device or a pipe of that name must not be replaced by a file.
-    if (entryFacts(m_path).kind == EntryFacts::Kind::other) fail();
-    m_file = std::make_unique<UnfinishedFile>(m_path);
+    // Do not replace a folder, a device or a pipe of that name.
+    if (fileInfo(m_path).kind == FileInfo::Kind::other) fail();
+    m_file = std::make_unique<TemporaryFile>(m_path);
     if (!m_file->isOpen()) fail();
     m_buffer.reserve(kBufferSize);
 }
 
-FinishedFile::~FinishedFile() = default;
+AtomicFile::~AtomicFile() = default;
 
-void FinishedFile::fail() const
+void AtomicFile::fail() const
 {
     throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", m_path));
 }
 
-void FinishedFile::flush()
+void AtomicFile::flush()
 {
     if (!m_file->write(m_buffer)) fail();
     m_buffer.clear();
 }
 
-void FinishedFile::write(std::string_view bytes)
+void AtomicFile::write(std::string_view bytes)
 {
     if (m_buffer.size() + bytes.size() > kBufferSize) flush();
     m_buffer += bytes;
     if (m_buffer.size() >= kBufferSize) flush();
 }
 
-void FinishedFile::finish()
+void AtomicFile::commit()
 {
     flush();
-    if (!m_file->takeName()) fail();
+    if (!m_file->commit()) fail();
 }
 
 } // namespace inin::viewer

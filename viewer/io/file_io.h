@@ -6,38 +6,38 @@
 
 namespace inin::viewer {
 
-class UnfinishedFile;
+class TemporaryFile;
 
-/// The bytes of a file whose path is as the suite writes it: either slash, any ASCII case. A RuntimeError with a
-/// sentence that names the path when it is missing, a folder, unreadable or larger than `limit` bytes.
+/// The bytes of a file. The path is in the suite's form: either slash, any ASCII case. Throws a RuntimeError with a
+/// sentence that names the path if it is missing, a folder, unreadable or larger than `limit` bytes.
 [[nodiscard]] std::string readWholeFile(const std::string &path, std::size_t limit = std::size_t{1} << 30);
-/// The path of the system, absolute, for a path as the suite writes it.
+/// The absolute system path for a path in the suite's form.
 [[nodiscard]] std::string systemPathOf(const std::string &path);
-/// Makes a folder of the system with all above it. A RuntimeError with a sentence when it cannot be made.
+/// Creates a folder and its missing parents. Throws a RuntimeError with a sentence on failure.
 void makeFolder(const std::string &systemPath);
 
-/// A file that takes its name only when it is complete and stored on the disk. One that is not finished leaves nothing
-/// behind, and an older file of that name stays as it was. A new file is readable by its owner only (on Windows as its
-/// folder says), one that replaces an older file has its rights. Failures are RuntimeErrors with a sentence that names
-/// the path.
-class FinishedFile {
+/// An output file that gets its name on commit(), when it is complete and stored on the disk. Without a commit it is
+/// removed, and an older file of that name stays unchanged. A new file is readable by its owner only (on Windows by the
+/// folder's rules); a replacement keeps the rights of the older file. Throws RuntimeErrors with a sentence that names the
+/// path.
+class AtomicFile {
 public:
-    /// The path is the system's and is used as it is, without the search for another case: a person may have typed it.
-    explicit FinishedFile(const std::string &path);
-    FinishedFile(const FinishedFile &) = delete;
-    FinishedFile &operator=(const FinishedFile &) = delete;
-    ~FinishedFile();
+    /// A system path, used exactly as given, because the user may have typed it.
+    explicit AtomicFile(const std::string &path);
+    AtomicFile(const AtomicFile &) = delete;
+    AtomicFile &operator=(const AtomicFile &) = delete;
+    ~AtomicFile();
 
     void write(std::string_view bytes);
-    /// Puts the file under its name; nothing may be written after that.
-    void finish();
+    /// Gives the file its name. Nothing may be written afterwards.
+    void commit();
 
 private:
     void flush();
     [[noreturn]] void fail() const;
 
     std::string m_path;
-    std::unique_ptr<UnfinishedFile> m_file;
+    std::unique_ptr<TemporaryFile> m_file;
     std::string m_buffer;
 };
 

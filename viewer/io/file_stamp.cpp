@@ -6,9 +6,9 @@ namespace inin::viewer {
 
 FileStamp stampOf(const std::string &path)
 {
-    const EntryFacts facts = entryFacts(foundPath(path));
-    if (facts.kind == EntryFacts::Kind::missing) return {};
-    return {true, facts.changed, static_cast<std::int64_t>(facts.size)};
+    const FileInfo info = fileInfo(resolvedPath(path));
+    if (info.kind == FileInfo::Kind::missing) return {};
+    return {true, info.changed, static_cast<std::int64_t>(info.size)};
 }
 
 } // namespace inin::viewer

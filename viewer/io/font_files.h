@@ -7,14 +7,13 @@ namespace inin::viewer {
 
 struct FontFile {
     std::string path; ///< of the system
-    /// The full names of its fonts as the system lists them, joined by " & "; empty when it does not list the file.
+    /// The full names of its fonts in the system's list, joined by " & "; empty for a file that is not listed.
     std::string listedAs;
 };
 
-/// The font files of a folder, in the order of their names. A folder that is missing has none.
+/// The font files of a folder, sorted by name. Empty for a missing folder.
 [[nodiscard]] std::vector<FontFile> fontFilesIn(const std::string &systemFolder);
-/// Those that letters may use: beside the program, then of the user, then of the machine. Only where the system itself
-/// lists fonts by files.
+/// The font files of the program's folder, then of the user, then of the machine. Only on systems that list fonts by file.
 [[nodiscard]] std::vector<FontFile> installedFontFiles();
 
 } // namespace inin::viewer

@@ -5,7 +5,7 @@
 
 namespace inin::viewer {
 
-/// The bytes of a file of the system in memory, read as far as they are looked at. Empty for one that cannot be opened.
+/// A memory-mapped file. Empty if it cannot be opened.
 class MappedFile {
 public:
     explicit MappedFile(const std::string &systemPath);

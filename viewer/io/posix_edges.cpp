@@ -18,11 +18,11 @@ std::vector<std::string> commandWords(int argc, char **argv)
 void prepareStreams()
 {
     prepareStandardStreams();
-    // A file that reaches the user's limit is a write that fails, reported and cleaned up after like any other.
+    // Without the signal, a write beyond the file size limit fails and is handled like any other failed write.
     signal(SIGXFSZ, SIG_IGN);
 }
 
-void tellFailure(const std::string &sentence)
+void showFailure(const std::string &sentence)
 {
     printLine(stderr, sentence);
 }

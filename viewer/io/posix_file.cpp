@@ -11,7 +11,7 @@
 
 namespace inin::viewer {
 
-std::string foundPath(const std::string &path)
+std::string resolvedPath(const std::string &path)
 {
     return systemPath(path);
 }
@@ -23,12 +23,12 @@ std::string absolutePath(const std::string &systemPath)
     return error ? systemPath : absolute.lexically_normal().string();
 }
 
-EntryFacts entryFacts(const std::string &systemPath)
+FileInfo fileInfo(const std::string &systemPath)
 {
     constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
     struct stat status {};
     if (stat(systemPath.c_str(), &status) != 0) return {};
-    return {S_ISREG(status.st_mode) ? EntryFacts::Kind::file : EntryFacts::Kind::other,
+    return {S_ISREG(status.st_mode) ? FileInfo::Kind::file : FileInfo::Kind::other,
             static_cast<std::uint64_t>(status.st_size),
             status.st_mtim.tv_sec * kNanosecondsPerSecond + status.st_mtim.tv_nsec};
 }
@@ -54,30 +54,30 @@ std::vector<std::string> namesIn(const std::string &systemFolder)
     return names;
 }
 
-struct UnfinishedFile::State {
+struct TemporaryFile::State {
     explicit State(const std::string &systemPath) : path(systemPath), file(systemPath) {}
     std::string path;
     FileReplacement file;
 };
 
-UnfinishedFile::UnfinishedFile(const std::string &systemPath) : m_state(std::make_unique<State>(systemPath)) {}
+TemporaryFile::TemporaryFile(const std::string &systemPath) : m_state(std::make_unique<State>(systemPath)) {}
 
-UnfinishedFile::~UnfinishedFile() = default;
+TemporaryFile::~TemporaryFile() = default;
 
-bool UnfinishedFile::isOpen() const
+bool TemporaryFile::isOpen() const
 {
     return m_state->file.isOpen();
 }
 
-bool UnfinishedFile::write(std::string_view bytes)
+bool TemporaryFile::write(std::string_view bytes)
 {
     return m_state->file.write(bytes);
 }
 
-bool UnfinishedFile::takeName()
+bool TemporaryFile::commit()
 {
     struct stat old {};
-    // The rights are worth nothing without their owner and group: then the file stays readable by its owner only.
+    // If owner and group cannot be kept, the file stays readable by its owner only.
     if (lstat(m_state->path.c_str(), &old) == 0 && S_ISREG(old.st_mode)) (void)m_state->file.keepRights(old);
     return m_state->file.commit();
 }

@@ -14,17 +14,17 @@ namespace inin::viewer {
 
 namespace {
 
-struct FreeLocal {
+struct LocalDeleter {
     void operator()(void *memory) const { LocalFree(memory); }
 };
 
-struct Stream {
+struct StandardStream {
     DWORD handle;
     std::FILE *file;
 };
 
-/// The file, pipe or console that a stream was given at the start; a program of windows is given no console.
-bool leadsSomewhere(DWORD handle)
+/// True when the stream was connected to a file, pipe or console at the start. A GUI program gets no console.
+bool isConnected(DWORD handle)
 {
     return GetFileType(GetStdHandle(handle)) != FILE_TYPE_UNKNOWN;
 }
@@ -33,9 +33,9 @@ bool leadsSomewhere(DWORD handle)
 
 std::vector<std::string> commandWords(int argc, char **argv)
 {
-    // The first word is the name that the starter chose, not the file's: a form tool may hand its own on.
+    // The first word is the name that the starting program passed, not the file name: a form tool may pass its own name.
     int count = 0;
-    const std::unique_ptr<wchar_t *, FreeLocal> words(CommandLineToArgvW(GetCommandLineW(), &count));
+    const std::unique_ptr<wchar_t *, LocalDeleter> words(CommandLineToArgvW(GetCommandLineW(), &count));
     std::vector<std::string> all = {count > 0 ? utf8FromWide(*words.get()) : std::string()};
     for (std::string &word : programArguments(argc, argv)) all.push_back(std::move(word));
     return all;
@@ -43,10 +43,10 @@ std::vector<std::string> commandWords(int argc, char **argv)
 
 void prepareStreams()
 {
-    const Stream streams[] = {{STD_OUTPUT_HANDLE, stdout}, {STD_ERROR_HANDLE, stderr}};
+    const StandardStream streams[] = {{STD_OUTPUT_HANDLE, stdout}, {STD_ERROR_HANDLE, stderr}};
     bool isAttached = false;
-    for (const Stream &stream : streams) {
-        if (leadsSomewhere(stream.handle)) continue;
+    for (const StandardStream &stream : streams) {
+        if (isConnected(stream.handle)) continue;
         isAttached = isAttached || AttachConsole(ATTACH_PARENT_PROCESS) != 0;
         if (isAttached && std::freopen("CONOUT$", "w", stream.file) != nullptr)
             std::setvbuf(stream.file, nullptr, _IONBF, 0);
@@ -54,7 +54,7 @@ void prepareStreams()
     prepareStandardStreams();
 }
 
-void tellFailure(const std::string &sentence)
+void showFailure(const std::string &sentence)
 {
     if (_fileno(stderr) >= 0) {
         printLine(stderr, sentence);

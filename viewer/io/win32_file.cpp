@@ -15,9 +15,9 @@ namespace inin::viewer {
 
 namespace {
 
-constexpr DWORD kEverybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// "NUL" or "COM1", in any folder as the system has it.
+/// Windows treats "NUL" or "COM1" as a device in any folder.
 bool isDevice(const std::string &path)
 {
     return fullPath(wideFromUtf8(path)).starts_with(L"\\\\.\\");
@@ -32,7 +32,7 @@ std::int64_t nanoseconds(const FILETIME &time)
     return static_cast<std::int64_t>(ticks.QuadPart) * kPerTick;
 }
 
-/// What becomes of a file when its last handle is closed, also that of a killed process.
+/// What happens to a file when its last handle is closed, also by the end of a killed process.
 enum class AtClose : BOOLEAN { keep = FALSE, remove = TRUE };
 
 bool setAtClose(const Win32FileHandle &file, AtClose what)
@@ -41,13 +41,13 @@ bool setAtClose(const Win32FileHandle &file, AtClose what)
     return SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof disposition) != 0;
 }
 
-Win32FileHandle createBeside(const std::string &path, std::wstring &unfinished)
+Win32FileHandle createBeside(const std::string &path, std::wstring &temporaryPath)
 {
     constexpr int kTries = 100;
     std::random_device random;
     for (int attempt = 0; attempt < kTries; ++attempt) {
-        unfinished = widePath(fmt::format("{}.{:08x}", path, random()));
-        const HANDLE file = CreateFileW(unfinished.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+        temporaryPath = widePath(fmt::format("{}.{:08x}", path, random()));
+        const HANDLE file = CreateFileW(temporaryPath.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                         FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return Win32FileHandle(file);
     }
@@ -56,8 +56,8 @@ Win32FileHandle createBeside(const std::string &path, std::wstring &unfinished)
 
 } // namespace
 
-// The system itself takes either slash and any case.
-std::string foundPath(const std::string &path)
+// Windows accepts either slash and any case.
+std::string resolvedPath(const std::string &path)
 {
     return path;
 }
@@ -67,19 +67,19 @@ std::string absolutePath(const std::string &systemPath)
     return utf8FromWide(fullPath(wideFromUtf8(systemPath)));
 }
 
-EntryFacts entryFacts(const std::string &systemPath)
+FileInfo fileInfo(const std::string &systemPath)
 {
-    if (isDevice(systemPath)) return {EntryFacts::Kind::other, 0, 0};
-    WIN32_FILE_ATTRIBUTE_DATA facts{};
-    if (GetFileAttributesExW(widePath(systemPath).c_str(), GetFileExInfoStandard, &facts) == 0) return {};
-    const bool isFolder = (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    return {isFolder ? EntryFacts::Kind::other : EntryFacts::Kind::file,
-            (std::uint64_t{facts.nFileSizeHigh} << 32U) | facts.nFileSizeLow, nanoseconds(facts.ftLastWriteTime)};
+    if (isDevice(systemPath)) return {FileInfo::Kind::other, 0, 0};
+    WIN32_FILE_ATTRIBUTE_DATA info{};
+    if (GetFileAttributesExW(widePath(systemPath).c_str(), GetFileExInfoStandard, &info) == 0) return {};
+    const bool isFolder = (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return {isFolder ? FileInfo::Kind::other : FileInfo::Kind::file,
+            (std::uint64_t{info.nFileSizeHigh} << 32U) | info.nFileSizeLow, nanoseconds(info.ftLastWriteTime)};
 }
 
 bool readBytes(const std::string &systemPath, std::size_t size, std::string &bytes)
 {
-    const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), GENERIC_READ, kEverybody, nullptr,
+    const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), GENERIC_READ, kShareAll, nullptr,
                                            OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     return file.isOpen() && readUpTo(file, size, bytes);
 }
@@ -101,44 +101,45 @@ std::vector<std::string> namesIn(const std::string &systemFolder)
     return names;
 }
 
-struct UnfinishedFile::State {
-    std::wstring path, unfinished;
+struct TemporaryFile::State {
+    std::wstring path, temporaryPath;
     Win32FileHandle file{INVALID_HANDLE_VALUE};
 };
 
-UnfinishedFile::UnfinishedFile(const std::string &systemPath) : m_state(std::make_unique<State>())
+TemporaryFile::TemporaryFile(const std::string &systemPath) : m_state(std::make_unique<State>())
 {
     m_state->path = widePath(systemPath);
-    if (!isDevice(systemPath)) m_state->file = createBeside(systemPath, m_state->unfinished);
+    if (!isDevice(systemPath)) m_state->file = createBeside(systemPath, m_state->temporaryPath);
     if (m_state->file.isOpen())
-        (void)setAtClose(m_state->file, AtClose::remove); // where the system cannot, the destructor removes it
+        (void)setAtClose(m_state->file, AtClose::remove); // if this fails, the destructor removes the file
     else
-        m_state->unfinished.clear();
+        m_state->temporaryPath.clear();
 }
 
-UnfinishedFile::~UnfinishedFile()
+TemporaryFile::~TemporaryFile()
 {
-    if (m_state->file.isOpen()) (void)m_state->file.close(); // what it held is not wanted
-    if (!m_state->unfinished.empty()) DeleteFileW(m_state->unfinished.c_str());
+    if (m_state->file.isOpen()) (void)m_state->file.close(); // its content is discarded
+    if (!m_state->temporaryPath.empty()) DeleteFileW(m_state->temporaryPath.c_str());
 }
 
-bool UnfinishedFile::isOpen() const
+bool TemporaryFile::isOpen() const
 {
     return m_state->file.isOpen();
 }
 
-bool UnfinishedFile::write(std::string_view bytes)
+bool TemporaryFile::write(std::string_view bytes)
 {
     return writeAll(m_state->file, bytes);
 }
 
-bool UnfinishedFile::takeName()
+bool TemporaryFile::commit()
 {
     const bool isStored = FlushFileBuffers(m_state->file.get()) != 0 && setAtClose(m_state->file, AtClose::keep);
     if (!isStored || !m_state->file.close()) return false;
-    // An older file that a reader keeps open cannot be replaced: it stays, and the failure is reported.
-    if (MoveFileExW(m_state->unfinished.c_str(), m_state->path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) return false;
-    m_state->unfinished.clear();
+    // Fails and keeps the older file if another program has it open.
+    if (MoveFileExW(m_state->temporaryPath.c_str(), m_state->path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0)
+        return false;
+    m_state->temporaryPath.clear();
     return true;
 }
 

@@ -17,13 +17,13 @@ namespace inin::viewer {
 namespace {
 
 constexpr const wchar_t *kFontList = L"Software\\Microsoft\\Windows NT\\CurrentVersion\\Fonts";
-/// Longer names and paths the list does not have.
+/// Limits of the registry and of paths.
 constexpr DWORD kLongestName = 16384, kLongestPath = 32768;
 
-struct CloseKey {
+struct RegistryKeyDeleter {
     void operator()(HKEY key) const { RegCloseKey(key); }
 };
-using KeyHandle = std::unique_ptr<HKEY__, CloseKey>;
+using KeyHandle = std::unique_ptr<HKEY__, RegistryKeyDeleter>;
 
 KeyHandle openList(HKEY root)
 {
@@ -32,14 +32,14 @@ KeyHandle openList(HKEY root)
     return KeyHandle(key);
 }
 
-/// "MS Gothic & MS PGothic (TrueType)" without what stands in brackets.
+/// "MS Gothic & MS PGothic (TrueType)" without the part in brackets.
 std::string fullNames(std::wstring_view listed)
 {
     const std::string name = utf8FromWide(listed);
     return name.substr(0, name.rfind(" ("));
 }
 
-/// A file of the machine is listed by its name in the fonts folder, any other by its path.
+/// A font of the machine is listed by its name in the fonts folder, any other font by its path.
 std::string pathOf(const std::string &file, const std::string &folder)
 {
     return file.find_first_of("\\/:") == file.npos ? folder + "\\" + file : file;
@@ -59,16 +59,16 @@ void addListed(HKEY root, const std::string &folder, std::vector<FontFile> &file
         if (status == ERROR_MORE_DATA) continue;
         if (status != ERROR_SUCCESS) break;
         path[pathSize / sizeof(wchar_t)] = L'\0';
-        // A name with "@" is the same file turned for vertical writing.
+        // A name with "@" is the same font for vertical text.
         if (type != REG_SZ || nameSize == 0 || name.front() == L'@') continue;
         files.push_back({pathOf(utf8FromWide(path.c_str()), folder), fullNames({name.data(), nameSize})});
     }
-    // The list has an order of its own on every machine; which font stands in must not hang on it.
+    // The order of the list differs between machines; the choice of a fallback font must not depend on it.
     std::sort(files.begin() + before, files.end(), [](const auto &a, const auto &b) { return a.path < b.path; });
 }
 
-/// The same text for every spelling of a path.
-std::wstring sameName(const std::string &path)
+/// A form of the path for comparisons: absolute and in lower case.
+std::wstring comparablePath(const std::string &path)
 {
     std::wstring wide = widePath(path);
     CharLowerBuffW(wide.data(), static_cast<DWORD>(wide.size()));
@@ -90,11 +90,11 @@ std::vector<FontFile> installedFontFiles()
     addFolder(utf8FromWide((programFile().parent_path() / L"fonts").wstring()), files);
     addListed(HKEY_CURRENT_USER, own, files);
     addListed(HKEY_LOCAL_MACHINE, folder, files);
-    // What was copied into the folders without being listed.
+    // Files that were copied into the folders without being listed.
     addFolder(own, files);
     addFolder(folder, files);
     std::set<std::wstring> seen;
-    std::erase_if(files, [&](const FontFile &file) { return !seen.insert(sameName(file.path)).second; });
+    std::erase_if(files, [&](const FontFile &file) { return !seen.insert(comparablePath(file.path)).second; });
     return files;
 }
 

@@ -9,12 +9,12 @@ namespace inin::viewer {
 
 MappedFile::MappedFile(const std::string &systemPath)
 {
-    constexpr DWORD kEverybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), GENERIC_READ, kEverybody, nullptr,
+    constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), GENERIC_READ, kShareAll, nullptr,
                                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     LARGE_INTEGER size{};
     if (!file.isOpen() || GetFileSizeEx(file.get(), &size) == 0 || size.QuadPart == 0) return;
-    // The view keeps what it needs of both: they may be closed.
+    // The view keeps the file and the mapping open, so both handles may be closed.
     const HANDLE mapping = CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr);
     if (mapping == nullptr) return;
     const Win32FileHandle owner(mapping);

@@ -16,29 +16,28 @@ namespace {
 
 constexpr std::size_t kPage = 256;
 constexpr std::size_t kPages = kClusterBase / kPage;
-/// What a character can become by itself: these scripts have no forms that depend on the neighbours, other than by the
-/// font's own tables.
+/// Scripts whose characters have no forms that depend on their neighbours, except by the font's own tables.
 constexpr hb_script_t kSimpleScripts[] = {HB_SCRIPT_COMMON,   HB_SCRIPT_LATIN, HB_SCRIPT_HAN,     HB_SCRIPT_HIRAGANA,
                                           HB_SCRIPT_KATAKANA, HB_SCRIPT_GREEK, HB_SCRIPT_CYRILLIC};
-/// The features that a shaper applies unasked.
+/// The features that a shaper applies by default.
 constexpr hb_tag_t kFeatures[] = {
     HB_TAG('r', 'v', 'r', 'n'), HB_TAG('l', 'o', 'c', 'l'), HB_TAG('c', 'c', 'm', 'p'), HB_TAG('r', 'l', 'i', 'g'),
     HB_TAG('r', 'c', 'l', 't'), HB_TAG('c', 'a', 'l', 't'), HB_TAG('c', 'l', 'i', 'g'), HB_TAG('l', 'i', 'g', 'a'),
     HB_TAG('k', 'e', 'r', 'n'), HB_TAG('d', 'i', 's', 't'), HB_TAG('m', 'a', 'r', 'k'), HB_TAG('m', 'k', 'm', 'k'),
     HB_TAG('c', 'u', 'r', 's'), HB_TAG('a', 'b', 'v', 'm'), HB_TAG('b', 'l', 'w', 'm'), HB_TAG_NONE};
 
-/// The glyphs that the font's tables may change or move.
-void collectTouched(hb_face_t *face, hb_set_t *touched)
+/// Collects the glyphs that the font's layout tables may replace or move.
+void collectLayoutGlyphs(hb_face_t *face, hb_set_t *glyphs)
 {
     for (const hb_tag_t table : {HB_OT_TAG_GSUB, HB_OT_TAG_GPOS}) {
         const SetHandle lookups(hb_set_create());
         hb_ot_layout_collect_lookups(face, table, nullptr, nullptr, kFeatures, lookups.get());
         for (hb_codepoint_t lookup = HB_SET_VALUE_INVALID; hb_set_next(lookups.get(), &lookup);)
-            hb_ot_layout_lookup_collect_glyphs(face, table, lookup, nullptr, touched, nullptr, nullptr);
+            hb_ot_layout_lookup_collect_glyphs(face, table, lookup, nullptr, glyphs, nullptr, nullptr);
     }
 }
 
-bool standsForItself(char32_t character)
+bool isContextFree(char32_t character)
 {
     hb_unicode_funcs_t *const unicode = hb_unicode_funcs_get_default();
     const hb_unicode_general_category_t category = hb_unicode_general_category(unicode, character);
@@ -51,7 +50,7 @@ bool standsForItself(char32_t character)
            std::ranges::find(kSimpleScripts, hb_unicode_script(unicode, character)) != std::end(kSimpleScripts);
 }
 
-/// Gathers an outline; HarfBuzz tells it in font units, y upwards.
+/// Collects an outline, which HarfBuzz passes in font units, y upwards.
 struct OutlinePen {
     Path path;
     double unit;
@@ -102,9 +101,9 @@ struct Font::Faces {
     FontHandle font;
     BufferHandle buffer;
     DrawHandle draw;
-    SetHandle touched;
-    double thousandth = 1; ///< thousandths of the size in a font unit
-    std::array<std::unique_ptr<std::array<Known, kPage>>, kPages> characters;
+    SetHandle layoutGlyphs;
+    double scale = 1; ///< from font units to thousandths of the size
+    std::array<std::unique_ptr<std::array<CharacterEntry, kPage>>, kPages> characters;
     std::vector<std::u32string> clusters;
     std::map<std::u32string, std::uint32_t, std::less<>> clusterNumbers;
 };
@@ -118,13 +117,13 @@ Font::Font(std::string path, int index) : m_path(std::move(path)), m_index(index
     m_faces->font.reset(hb_font_create(m_faces->face.get()));
     m_faces->buffer.reset(hb_buffer_create());
     m_faces->draw = makeDrawFunctions();
-    m_faces->touched.reset(hb_set_create());
-    collectTouched(m_faces->face.get(), m_faces->touched.get());
-    m_faces->thousandth = 1000.0 / hb_face_get_upem(m_faces->face.get());
+    m_faces->layoutGlyphs.reset(hb_set_create());
+    collectLayoutGlyphs(m_faces->face.get(), m_faces->layoutGlyphs.get());
+    m_faces->scale = 1000.0 / hb_face_get_upem(m_faces->face.get());
     hb_font_extents_t extents{};
     hb_font_get_h_extents(m_faces->font.get(), &extents);
-    m_ascent = extents.ascender * m_faces->thousandth;
-    m_descent = extents.descender * m_faces->thousandth;
+    m_ascent = extents.ascender * m_faces->scale;
+    m_descent = extents.descender * m_faces->scale;
 }
 
 Font::~Font() = default;
@@ -144,24 +143,24 @@ std::uint32_t Font::glyphCount() const
 
 float Font::advanceOf(std::uint32_t glyph) const
 {
-    return static_cast<float>(hb_font_get_glyph_h_advance(m_faces->font.get(), glyph) * m_faces->thousandth);
+    return static_cast<float>(hb_font_get_glyph_h_advance(m_faces->font.get(), glyph) * m_faces->scale);
 }
 
-Font::Known Font::lookUp(char32_t character) const
+Font::CharacterEntry Font::lookUp(char32_t character) const
 {
-    Known result{Kind::needsShaping, 0, 0};
+    CharacterEntry result{Kind::needsShaping, 0, 0};
     hb_codepoint_t glyph = 0;
     if (!hb_font_get_nominal_glyph(m_faces->font.get(), character, &glyph)) return result;
     result.glyph = glyph;
-    if (!standsForItself(character) || hb_set_has(m_faces->touched.get(), glyph)) return result;
+    if (!isContextFree(character) || hb_set_has(m_faces->layoutGlyphs.get(), glyph)) return result;
     return {Kind::plain, advanceOf(glyph), glyph};
 }
 
-const Font::Known &Font::known(char32_t character) const
+const Font::CharacterEntry &Font::entryOf(char32_t character) const
 {
     auto &page = m_faces->characters[std::min<std::size_t>(character, kClusterBase - 1) / kPage];
-    if (!page) page = std::make_unique<std::array<Known, kPage>>();
-    Known &entry = (*page)[character % kPage];
+    if (!page) page = std::make_unique<std::array<CharacterEntry, kPage>>();
+    CharacterEntry &entry = (*page)[character % kPage];
     if (entry.kind == Kind::unknown) entry = lookUp(character);
     return entry;
 }
@@ -172,7 +171,7 @@ void Font::shape(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std
     glyphs.resize(before + text.size());
     float x = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const Known &entry = known(text[i]);
+        const CharacterEntry &entry = entryOf(text[i]);
         if (entry.kind != Kind::plain) {
             glyphs.resize(before);
             shapeWhole(text, glyphs, missing);
@@ -206,10 +205,10 @@ void Font::shapeInto(std::u32string_view text, bool isDown) const
     hb_shape(m_faces->font.get(), buffer, nullptr, 0);
 }
 
-/// Takes the buffer's glyphs, each placed by `place` from the shaper's position and the pen, which that moves.
+/// Appends the glyphs of the buffer. `place` sets the position of each from the shaper's and advances the pen.
 template <class Place>
-void Font::takeShaped(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing,
-                      const Place &place) const
+void Font::appendShaped(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing,
+                        const Place &place) const
 {
     unsigned count = 0;
     const hb_glyph_info_t *const infos = hb_buffer_get_glyph_infos(m_faces->buffer.get(), &count);
@@ -232,34 +231,35 @@ void Font::takeShaped(std::u32string_view text, std::vector<ShapedGlyph> &glyphs
 void Font::shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const
 {
     shapeInto(text, false);
-    takeShaped(text, glyphs, missing, [&](const hb_glyph_position_t &at, double &pen, ShapedGlyph &glyph) {
-        const double advance = at.x_advance * m_faces->thousandth;
-        glyph.x = static_cast<float>(pen + at.x_offset * m_faces->thousandth);
+    appendShaped(text, glyphs, missing, [&](const hb_glyph_position_t &at, double &pen, ShapedGlyph &glyph) {
+        const double advance = at.x_advance * m_faces->scale;
+        glyph.x = static_cast<float>(pen + at.x_offset * m_faces->scale);
         glyph.advance = static_cast<float>(advance);
         pen += advance;
     });
 }
 
-void Font::shapeDown(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const
+void Font::shapeVertical(std::u32string_view text, std::vector<ShapedGlyph> &glyphs,
+                         std::vector<char32_t> &missing) const
 {
     shapeInto(text, true);
     // The shaper's y grows upwards.
-    takeShaped(text, glyphs, missing, [&](const hb_glyph_position_t &at, double &pen, ShapedGlyph &glyph) {
-        const double advance = -at.y_advance * m_faces->thousandth;
+    appendShaped(text, glyphs, missing, [&](const hb_glyph_position_t &at, double &pen, ShapedGlyph &glyph) {
+        const double advance = -at.y_advance * m_faces->scale;
         glyph.x = static_cast<float>(pen);
         glyph.advance = static_cast<float>(advance);
-        glyph.aside = static_cast<float>(at.x_offset * m_faces->thousandth);
-        glyph.drop = static_cast<float>(-at.y_offset * m_faces->thousandth);
+        glyph.offsetX = static_cast<float>(at.x_offset * m_faces->scale);
+        glyph.offsetY = static_cast<float>(-at.y_offset * m_faces->scale);
         pen += advance;
     });
 }
 
-bool Font::hasFormDown(char32_t character) const
+bool Font::hasVerticalForm(char32_t character) const
 {
     shapeInto({&character, 1}, true);
     unsigned count = 0;
     const hb_glyph_info_t *const infos = hb_buffer_get_glyph_infos(m_faces->buffer.get(), &count);
-    return count == 1 && infos[0].codepoint != known(character).glyph;
+    return count == 1 && infos[0].codepoint != entryOf(character).glyph;
 }
 
 std::u32string Font::charactersOf(std::uint32_t text) const
@@ -271,7 +271,7 @@ std::u32string Font::charactersOf(std::uint32_t text) const
 
 Path Font::outlineOf(std::uint32_t glyph) const
 {
-    OutlinePen pen{{}, m_faces->thousandth / 1000};
+    OutlinePen pen{{}, m_faces->scale / 1000};
     hb_font_get_glyph_shape(m_faces->font.get(), glyph, m_faces->draw.get(), &pen);
     return std::move(pen.path);
 }
@@ -282,7 +282,7 @@ Font::Subset Font::subsetOf(std::span<const std::uint32_t> glyphs) const
     if (!input) throw RuntimeError(error_number::outOfMemory);
     hb_set_t *const wanted = hb_subset_input_glyph_set(input.get());
     for (const std::uint32_t glyph : glyphs) hb_set_add(wanted, glyph);
-    // A PDF needs outlines and metrics; what shapes text has done its work.
+    // A PDF needs outlines and metrics only; the text is already shaped.
     hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_NO_HINTING | HB_SUBSET_FLAGS_NOTDEF_OUTLINE);
     hb_set_t *const dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
     for (const char *const table : {"GSUB", "GPOS", "GDEF", "OS/2", "cmap", "name", "post", "vhea", "vmtx", "VORG"})
@@ -298,7 +298,7 @@ Font::Subset Font::subsetOf(std::span<const std::uint32_t> glyphs) const
     const hb_map_t *const places = hb_subset_plan_old_to_new_glyph_mapping(plan.get());
     for (const std::uint32_t glyph : glyphs) {
         const hb_codepoint_t place = hb_map_get(places, glyph);
-        subset.places.push_back(place == HB_MAP_VALUE_INVALID ? 0 : place);
+        subset.newGlyphs.push_back(place == HB_MAP_VALUE_INVALID ? 0 : place);
     }
     return subset;
 }

@@ -11,75 +11,76 @@
 
 namespace inin::viewer {
 
-/// A glyph of a text, `x` behind the text's beginning along its line, in thousandths of the font's size.
+/// A glyph of a text. `x` is its distance from the beginning of the text along the line. Lengths are thousandths of the
+/// font size.
 struct ShapedGlyph {
     std::uint32_t glyph = 0;
-    /// What the glyph stands for: a code point, from kClusterBase on one of the font's clusters, 0 for nothing.
+    /// The characters of the glyph: a code point, an index of the font's clusters from kClusterBase on, or 0 for none.
     std::uint32_t text = 0;
     float x = 0;
     float advance = 0;
-    /// In a text that runs down: where the glyph's own origin is from the line's middle and its place on it, y downwards.
-    float aside = 0, drop = 0;
+    /// In vertical text: the glyph's origin relative to its position on the centre line, y downwards.
+    float offsetX = 0, offsetY = 0;
 };
 inline constexpr std::uint32_t kClusterBase = 0x110000;
 
-/// One font file, opened once. Lengths are thousandths of the size.
+/// A font of a file. Lengths are thousandths of the size.
 class Font {
 public:
-    /// A RuntimeError with a sentence for a file that is no font.
+    /// Throws a RuntimeError with a sentence for a file that is not a font.
     Font(std::string path, int index);
     Font(const Font &) = delete;
     Font &operator=(const Font &) = delete;
     ~Font();
 
     [[nodiscard]] const std::string &path() const { return m_path; }
-    /// Which font of a collection.
+    /// The font's index in a collection.
     [[nodiscard]] int index() const { return m_index; }
     [[nodiscard]] std::string postScriptName() const;
     [[nodiscard]] double ascent() const { return m_ascent; }
     [[nodiscard]] double descent() const { return m_descent; } ///< below the baseline, negative
     [[nodiscard]] std::uint32_t glyphCount() const;
-    [[nodiscard]] bool has(char32_t character) const { return known(character).glyph != 0; }
+    [[nodiscard]] bool has(char32_t character) const { return entryOf(character).glyph != 0; }
 
     /// Appends the glyphs of a text. A character that the font lacks gets glyph 0 and is appended to `missing`.
-    /// Characters that stand for themselves in every context are taken from a table; a text with any other is shaped as
-    /// a whole, with the same result.
+    /// Texts of context-free characters are looked up in a table; all others are shaped. The results are the same.
     void shape(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
-    /// The same by the shaper alone.
+    /// The same, always by the shaper.
     void shapeWhole(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
-    /// For a line that runs down, letters upright: with the font's own forms for it.
-    void shapeDown(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing) const;
-    /// True when the font has a form of its own for a character in a line that runs down.
-    [[nodiscard]] bool hasFormDown(char32_t character) const;
+    /// Shapes upright characters of a vertical line, with the font's vertical forms.
+    void shapeVertical(std::u32string_view text, std::vector<ShapedGlyph> &glyphs,
+                       std::vector<char32_t> &missing) const;
+    /// True when the font has a vertical form of a character.
+    [[nodiscard]] bool hasVerticalForm(char32_t character) const;
     /// The characters of a ShapedGlyph::text.
     [[nodiscard]] std::u32string charactersOf(std::uint32_t text) const;
     [[nodiscard]] float advanceOf(std::uint32_t glyph) const;
-    /// The outline in a square of 1, y downwards.
+    /// The outline for a font size of 1, y downwards.
     [[nodiscard]] Path outlineOf(std::uint32_t glyph) const;
 
-    /// The font reduced to some glyphs, and where each of them went.
+    /// A font file with some of the glyphs, and their new numbers in the order of `glyphs`.
     struct Subset {
         std::string bytes;
-        std::vector<std::uint32_t> places; ///< beside `glyphs`
+        std::vector<std::uint32_t> newGlyphs;
     };
     [[nodiscard]] Subset subsetOf(std::span<const std::uint32_t> glyphs) const;
 
 private:
     struct Faces;
     enum class Kind : std::uint8_t { unknown, plain, needsShaping };
-    struct Known {
+    struct CharacterEntry {
         Kind kind = Kind::unknown;
         float advance = 0;
         std::uint32_t glyph = 0;
     };
-    [[nodiscard]] const Known &known(char32_t character) const;
-    [[nodiscard]] Known lookUp(char32_t character) const;
+    [[nodiscard]] const CharacterEntry &entryOf(char32_t character) const;
+    [[nodiscard]] CharacterEntry lookUp(char32_t character) const;
     [[nodiscard]] std::uint32_t textOf(std::u32string_view cluster) const;
     /// Shapes a text into the buffer.
     void shapeInto(std::u32string_view text, bool isDown) const;
     template <class Place>
-    void takeShaped(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing,
-                    const Place &place) const;
+    void appendShaped(std::u32string_view text, std::vector<ShapedGlyph> &glyphs, std::vector<char32_t> &missing,
+                      const Place &place) const;
 
     std::string m_path;
     int m_index;

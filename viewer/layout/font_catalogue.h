@@ -7,14 +7,14 @@
 
 namespace inin::viewer {
 
-/// A font in its file.
-struct FontPlace {
+/// The file of a font.
+struct FontLocation {
     std::string path; ///< of the system
-    int index = 0;    ///< which font of a collection
+    int index = 0;    ///< in a collection
     std::string name;
 };
 
-/// Which fonts this machine has. Only fonts with TrueType outlines are told of.
+/// The fonts of this machine that have TrueType outlines.
 class FontCatalogue {
 public:
     FontCatalogue() = default;
@@ -23,19 +23,19 @@ public:
     virtual ~FontCatalogue() = default;
 
     struct Match {
-        FontPlace font;
-        bool isAsked = false; ///< it is of the family, not just near it
+        FontLocation font;
+        bool isExact = false; ///< the font is of the requested family
     };
-    /// The font of a family, or the nearest that can write Japanese; nothing when the machine has none.
+    /// The font of a family, or the closest one with Japanese characters. Empty when the machine has none.
     [[nodiscard]] virtual std::optional<Match> find(const std::string &family) = 0;
-    /// Fonts that have a character and may stand in for one that lacks it, the nearest first; maybe not all of them. The
-    /// machine's order of folders does not change which is first.
-    [[nodiscard]] virtual std::vector<FontPlace> withCharacter(char32_t character) = 0;
+    /// Some of the fonts that have a character, the best fallback first. The first one does not depend on the machine's
+    /// order of folders.
+    [[nodiscard]] virtual std::vector<FontLocation> withCharacter(char32_t character) = 0;
 };
 
-/// The fonts of the folder that the variable ININ_FONTS names, else those of the system.
+/// The fonts of the folder in the environment variable ININ_FONTS, or those of the system if it is not set.
 [[nodiscard]] std::unique_ptr<FontCatalogue> makeFontCatalogue();
-/// The fonts that the system tells of; each system has a body of its own.
+/// The fonts that the system reports. Implemented for each system.
 [[nodiscard]] std::unique_ptr<FontCatalogue> makeSystemFontCatalogue();
 
 } // namespace inin::viewer

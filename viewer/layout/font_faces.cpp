@@ -12,15 +12,15 @@ namespace {
 
 constexpr hb_ot_name_id_t kTypographicFamily = HB_OT_NAME_ID_TYPOGRAPHIC_FAMILY;
 
-/// A table's bytes as the format has them, big-endian.
-class Table {
+/// A table of a font file; its numbers are big-endian.
+class FontTable {
 public:
-    Table(hb_face_t *face, const char *tag) : m_blob(hb_face_reference_table(face, hb_tag_from_string(tag, -1)))
+    FontTable(hb_face_t *face, const char *tag) : m_blob(hb_face_reference_table(face, hb_tag_from_string(tag, -1)))
     {
         m_bytes = hb_blob_get_data(m_blob.get(), &m_size);
     }
     [[nodiscard]] bool exists() const { return m_size > 0; }
-    /// 0 behind the end.
+    /// 0 beyond the end.
     [[nodiscard]] unsigned twoBytes(unsigned place) const
     {
         if (place + 2 > m_size) return 0;
@@ -37,7 +37,7 @@ private:
 
 bool has(hb_face_t *face, const char *tag)
 {
-    return Table(face, tag).exists();
+    return FontTable(face, tag).exists();
 }
 
 std::string nameOf(hb_face_t *face, const hb_ot_name_entry_t &entry)
@@ -62,12 +62,12 @@ std::vector<std::string> familiesOf(hb_face_t *face)
     return families;
 }
 
-/// Places and values of the table OS/2: usWeightClass, fsSelection with italic and oblique.
-bool isOrdinaryFace(hb_face_t *face)
+/// Reads usWeightClass and the bits ITALIC and OBLIQUE of fsSelection in the table OS/2.
+bool isRegularFace(hb_face_t *face)
 {
     constexpr unsigned kWeightPlace = 4, kSelectionPlace = 62, kItalic = 1U, kOblique = 1U << 9U;
     constexpr unsigned kLight = 300, kDemiBold = 600;
-    const Table style(face, "OS/2");
+    const FontTable style(face, "OS/2");
     const unsigned weight = style.exists() ? style.twoBytes(kWeightPlace) : 400;
     const bool isSlanted = (style.twoBytes(kSelectionPlace) & (kItalic | kOblique)) != 0;
     const char *const kOtherKinds[] = {"COLR", "CBDT", "sbix", "fvar"};
@@ -77,7 +77,7 @@ bool isOrdinaryFace(hb_face_t *face)
 
 } // namespace
 
-bool FontFace::answersTo(const std::string &family) const
+bool FontFace::hasFamily(const std::string &family) const
 {
     return std::ranges::any_of(families,
                                [&](const std::string &name) { return equalsIgnoringAsciiCase(name, family); });
@@ -109,7 +109,7 @@ std::vector<FontFace> readFontFaces(const std::string &systemPath)
         FaceHandle face(hb_face_create(blob.get(), index));
         if (hb_face_get_glyph_count(face.get()) == 0) continue;
         FontFace found{nullptr, static_cast<int>(index), familiesOf(face.get()), has(face.get(), "glyf"),
-                       isOrdinaryFace(face.get())};
+                       isRegularFace(face.get())};
         found.face = std::move(face);
         faces.push_back(std::move(found));
     }

@@ -7,22 +7,22 @@
 
 namespace inin::viewer {
 
-/// One font of a file, with what a search for fonts asks.
+/// One font of a file, with the properties that a font search needs.
 struct FontFace {
     FaceHandle face;
     int index = 0;
-    std::vector<std::string> families; ///< in every language that the file has, Japanese first
+    std::vector<std::string> families; ///< in all languages of the file, Japanese first
     bool hasTrueTypeOutlines = false;
-    /// Upright, of ordinary weight, with outlines of one colour and one shape.
-    bool isOrdinary = false;
+    /// Not slanted, of regular weight, neither a colour font nor a variable font.
+    bool isRegular = false;
 
-    [[nodiscard]] bool answersTo(const std::string &family) const;
+    [[nodiscard]] bool hasFamily(const std::string &family) const;
     [[nodiscard]] bool has(char32_t character) const;
 };
 
-/// The bytes of a font file, held as long as a face looks at them; null for a file that cannot be opened.
+/// The bytes of a font file, which its faces keep in memory. Null for a file that cannot be opened.
 [[nodiscard]] BlobHandle openFontFile(const std::string &systemPath);
-/// The fonts of a file, one or those of a collection; none for a file that is no font.
+/// The fonts of a file or a collection. Empty for a file that is not a font.
 [[nodiscard]] std::vector<FontFace> readFontFaces(const std::string &systemPath);
 
 } // namespace inin::viewer

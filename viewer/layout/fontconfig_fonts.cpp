@@ -12,20 +12,17 @@ namespace inin::viewer {
 
 namespace {
 
-struct FreePattern {
+struct FontconfigDeleter {
     void operator()(FcPattern *pattern) const { FcPatternDestroy(pattern); }
-};
-struct FreeConfig {
     void operator()(FcConfig *config) const { FcConfigDestroy(config); }
-};
-struct FreeSet {
     void operator()(FcFontSet *set) const { FcFontSetDestroy(set); }
 };
-using PatternHandle = std::unique_ptr<FcPattern, FreePattern>;
-using SetHandle = std::unique_ptr<FcFontSet, FreeSet>;
+using PatternHandle = std::unique_ptr<FcPattern, FontconfigDeleter>;
+using FontSetHandle = std::unique_ptr<FcFontSet, FontconfigDeleter>;
+using ConfigHandle = std::unique_ptr<FcConfig, FontconfigDeleter>;
 
-/// Who stands in for a font that lacks a character, in this order: the first has the characters of family registers.
-constexpr const char *kStandIns[] = {"IPAmjMincho", "IPAexMincho", "IPAexGothic", "DejaVu Serif", "DejaVu Sans"};
+/// The preferred fallback fonts in order. The first has the characters of family registers.
+constexpr const char *kFallbacks[] = {"IPAmjMincho", "IPAexMincho", "IPAexGothic", "DejaVu Serif", "DejaVu Sans"};
 
 const FcChar8 *bytes(const char *text)
 {
@@ -44,7 +41,7 @@ bool hasTrueTypeOutlines(FcPattern *pattern)
     return textOf(pattern, FC_FONTFORMAT) == "TrueType";
 }
 
-bool answersTo(FcPattern *pattern, const std::string &family)
+bool hasFamily(FcPattern *pattern, const std::string &family)
 {
     for (int i = 0;; ++i) {
         const std::string name = textOf(pattern, FC_FAMILY, i);
@@ -59,8 +56,8 @@ bool isTrue(FcPattern *pattern, const char *property)
     return FcPatternGetBool(pattern, property, 0, &value) == FcResultMatch && value == FcTrue;
 }
 
-/// Upright, of ordinary weight, with outlines of one colour.
-bool isOrdinary(FcPattern *pattern)
+/// Not slanted, of regular weight, neither a colour font nor a variable font.
+bool isRegular(FcPattern *pattern)
 {
     int weight = FC_WEIGHT_REGULAR, slant = FC_SLANT_ROMAN;
     FcPatternGetInteger(pattern, FC_WEIGHT, 0, &weight);
@@ -79,39 +76,39 @@ bool hasCharacter(FcPattern *pattern, char32_t character)
 std::size_t rankOf(FcPattern *pattern)
 {
     const auto *const found =
-        std::ranges::find_if(kStandIns, [&](const char *family) { return answersTo(pattern, family); });
-    return static_cast<std::size_t>(found - std::begin(kStandIns));
+        std::ranges::find_if(kFallbacks, [&](const char *family) { return hasFamily(pattern, family); });
+    return static_cast<std::size_t>(found - std::begin(kFallbacks));
 }
 
-FontPlace placeOf(FcPattern *pattern)
+FontLocation placeOf(FcPattern *pattern)
 {
-    FontPlace place{textOf(pattern, FC_FILE), 0, textOf(pattern, FC_FAMILY)};
+    FontLocation place{textOf(pattern, FC_FILE), 0, textOf(pattern, FC_FAMILY)};
     FcPatternGetInteger(pattern, FC_INDEX, 0, &place.index);
     return place;
 }
 
-/// The fonts that fontconfig knows, in a copy of one's own, which goes away with this.
+/// The fonts that fontconfig knows, in a configuration of its own.
 class FontconfigFonts : public FontCatalogue {
 public:
-    /// The nearest font of the family by fontconfig's own rules, as long as they keep its style: a missing gothic becomes
-    /// a mincho by them where that knows more Japanese.
+    /// The closest font by fontconfig's rules if it has the style of the family. Fontconfig would replace a missing gothic
+    /// by a mincho that has more Japanese characters.
     std::optional<Match> find(const std::string &family) override
     {
         auto match = nearest(family);
         const JapaneseStyle style = styleOfName(family);
-        if (!match || match->isAsked || styleOfName(match->font.name) == style) return match;
+        if (!match || match->isExact || styleOfName(match->font.name) == style) return match;
         for (const JapaneseFamily &known : japaneseFamilies()) {
             if (known.style != style) continue;
             const auto other = nearest(std::string(known.name));
-            if (other && other->isAsked) return Match{other->font, false};
+            if (other && other->isExact) return Match{other->font, false};
         }
         return match;
     }
 
-    std::vector<FontPlace> withCharacter(char32_t character) override
+    std::vector<FontLocation> withCharacter(char32_t character) override
     {
-        std::vector<FontPlace> places;
-        for (FcPattern *const font : standIns())
+        std::vector<FontLocation> places;
+        for (FcPattern *const font : fallbacks())
             if (hasCharacter(font, character)) places.push_back(placeOf(font));
         return places;
     }
@@ -120,36 +117,36 @@ private:
     std::optional<Match> nearest(const std::string &family)
     {
         const PatternHandle pattern(FcPatternCreate());
-        // Each of them fails only without memory; a pattern without its family would match any font.
+        // These calls fail only if memory runs out. A pattern without its family would match any font.
         if (!pattern || FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.c_str())) == FcFalse ||
             FcPatternAddString(pattern.get(), FC_LANG, bytes("ja")) == FcFalse ||
             FcConfigSubstitute(m_config.get(), pattern.get(), FcMatchPattern) == FcFalse)
             throw std::bad_alloc();
         FcDefaultSubstitute(pattern.get());
         FcResult result = FcResultNoMatch;
-        const auto match = [&](FcPattern *font) { return Match{placeOf(font), answersTo(font, family)}; };
-        // The best match is mostly what is wanted, and costs a part of all fonts in order.
+        const auto match = [&](FcPattern *font) { return Match{placeOf(font), hasFamily(font, family)}; };
+        // The best match is usually suitable and much cheaper than sorting all fonts.
         const PatternHandle best(FcFontMatch(m_config.get(), pattern.get(), &result));
         if (best && hasTrueTypeOutlines(best.get())) return match(best.get());
-        const SetHandle set(FcFontSort(m_config.get(), pattern.get(), FcFalse, nullptr, &result));
+        const FontSetHandle set(FcFontSort(m_config.get(), pattern.get(), FcFalse, nullptr, &result));
         for (int i = 0; set && i < set->nfont; ++i)
             if (hasTrueTypeOutlines(set->fonts[i])) return match(set->fonts[i]);
         return std::nullopt;
     }
 
-    /// The fonts that may stand in for another, the nearest first; gathered when one is first needed.
-    const std::vector<FcPattern *> &standIns()
+    /// All fallback fonts, the preferred ones first; collected on first use.
+    const std::vector<FcPattern *> &fallbacks()
     {
         FcFontSet *const all = FcConfigGetFonts(m_config.get(), FcSetSystem);
         if (!m_ranked.empty() || all == nullptr) return m_ranked;
         m_ranked.assign(all->fonts, all->fonts + all->nfont);
-        std::erase_if(m_ranked, [](FcPattern *font) { return !hasTrueTypeOutlines(font) || !isOrdinary(font); });
-        // By path where the rank is the same: the machine's order of folders must not change a letter.
+        std::erase_if(m_ranked, [](FcPattern *font) { return !hasTrueTypeOutlines(font) || !isRegular(font); });
+        // Fonts of the same rank by path: the output must not depend on the machine's order of folders.
         std::ranges::sort(m_ranked, {}, [](FcPattern *font) { return std::pair(rankOf(font), textOf(font, FC_FILE)); });
         return m_ranked;
     }
 
-    std::unique_ptr<FcConfig, FreeConfig> m_config{FcInitLoadConfigAndFonts()};
+    ConfigHandle m_config{FcInitLoadConfigAndFonts()};
     std::vector<FcPattern *> m_ranked;
 };
 

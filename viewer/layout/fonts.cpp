@@ -12,12 +12,13 @@ namespace inin::viewer {
 
 namespace {
 
-/// Families that any font may answer to, with the one that is asked for first.
-struct Generic {
+/// A generic family of CSS and the font that is preferred for it.
+struct GenericFamily {
     std::string_view name;
-    const char *first;
+    const char *font;
 };
-constexpr Generic kGenerics[] = {{"serif", "IPAexMincho"}, {"sans-serif", "IPAexGothic"}, {"monospace", "IPAexGothic"}};
+constexpr GenericFamily kGenericFamilies[] = {
+    {"serif", "IPAexMincho"}, {"sans-serif", "IPAexGothic"}, {"monospace", "IPAexGothic"}};
 
 } // namespace
 
@@ -29,18 +30,18 @@ const Font &Fonts::font(const std::string &family)
 {
     const auto known = std::ranges::find(m_entries, family, &Entry::family);
     if (known != m_entries.end()) return *known->font;
-    const auto *const generic = std::ranges::find(kGenerics, family, &Generic::name);
-    const bool isGeneric = generic != std::end(kGenerics);
-    const auto found = m_catalogue->find(isGeneric ? generic->first : family);
+    const auto *const generic = std::ranges::find(kGenericFamilies, family, &GenericFamily::name);
+    const bool isGeneric = generic != std::end(kGenericFamilies);
+    const auto found = m_catalogue->find(isGeneric ? generic->font : family);
     if (!found) throw RuntimeError(error_number::fileNotFound, "帳票に使える書体がこのコンピューターにありません。");
-    if (!found->isAsked && !isGeneric)
+    if (!found->isExact && !isGeneric)
         m_notices.push_back(fmt::format("書体「{}」がないので「{}」で表示します。", family, found->font.name));
     const Font &font = opened(found->font);
     m_entries.push_back({family, &font});
     return font;
 }
 
-const Font &Fonts::opened(const FontPlace &place)
+const Font &Fonts::opened(const FontLocation &place)
 {
     const auto isThis = [&](const auto &open) { return open->path() == place.path && open->index() == place.index; };
     const auto known = std::ranges::find_if(m_fonts, isThis);
@@ -48,21 +49,21 @@ const Font &Fonts::opened(const FontPlace &place)
     return *m_fonts.emplace_back(std::make_unique<Font>(place.path, place.index));
 }
 
-const Font *Fonts::fontWith(char32_t character)
+const Font *Fonts::fallbackFor(char32_t character)
 {
-    const auto [place, isNew] = m_standIns.try_emplace(character, nullptr);
-    if (isNew) place->second = findFontWith(character);
+    const auto [place, isNew] = m_fallbacks.try_emplace(character, nullptr);
+    if (isNew) place->second = findFallback(character);
     return place->second;
 }
 
-const Font *Fonts::findFontWith(char32_t character)
+const Font *Fonts::findFallback(char32_t character)
 {
-    for (const FontPlace &place : m_catalogue->withCharacter(character)) {
+    for (const FontLocation &place : m_catalogue->withCharacter(character)) {
         try {
             const Font &font = opened(place);
             if (font.has(character)) return &font;
         } catch (const RuntimeError &) {
-            // A file that the catalogue knows and that is broken or gone by now stands in for nothing.
+            // Skip a file of the catalogue that is broken or no longer exists.
             continue;
         }
     }

@@ -10,7 +10,7 @@ namespace inin::viewer {
 
 class Font;
 class FontCatalogue;
-struct FontPlace;
+struct FontLocation;
 
 /// The fonts of this machine, each opened once.
 class Fonts {
@@ -21,12 +21,11 @@ public:
     Fonts &operator=(const Fonts &) = delete;
     ~Fonts();
 
-    /// The font of a family, or the nearest there is; a substitution is told once in notices(). Only fonts with TrueType
-    /// outlines are taken. A RuntimeError when the machine has none.
+    /// The font of a family, or its closest substitute, which notices() reports once. Throws a RuntimeError when the
+    /// machine has no suitable font.
     [[nodiscard]] const Font &font(const std::string &family);
-    /// The font that stands in for one that lacks a character: Japanese ones first, then whichever has it. Null when none
-    /// on this machine does.
-    [[nodiscard]] const Font *fontWith(char32_t character);
+    /// The fallback font for a character, preferably a Japanese one. Null when no font of this machine has it.
+    [[nodiscard]] const Font *fallbackFor(char32_t character);
     [[nodiscard]] const std::vector<std::string> &notices() const { return m_notices; }
 
 private:
@@ -34,12 +33,12 @@ private:
         std::string family;
         const Font *font;
     };
-    [[nodiscard]] const Font &opened(const FontPlace &place);
-    [[nodiscard]] const Font *findFontWith(char32_t character);
+    [[nodiscard]] const Font &opened(const FontLocation &place);
+    [[nodiscard]] const Font *findFallback(char32_t character);
 
     std::unique_ptr<FontCatalogue> m_catalogue;
     std::vector<Entry> m_entries;
-    std::map<char32_t, const Font *> m_standIns;
+    std::map<char32_t, const Font *> m_fallbacks;
     std::vector<std::unique_ptr<Font>> m_fonts;
     std::vector<std::string> m_notices;
 };

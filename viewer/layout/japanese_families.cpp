@@ -28,7 +28,7 @@ constexpr JapaneseFamily kFamilies[] = {
     {gothic, "Noto Sans JP", "Noto Sans JP"},
 };
 
-/// What in a name says that its strokes are of one width.
+/// Parts of names that indicate a gothic style.
 constexpr std::string_view kGothicWords[] = {"gothic",    "sans",     "mono",     "meiryo", "arial",
                                              "helvetica", "ゴシック", "メイリオ", "角ゴ"};
 

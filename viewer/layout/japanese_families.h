@@ -9,18 +9,17 @@ namespace inin::viewer {
 
 enum class JapaneseStyle : std::uint8_t { mincho, gothic };
 
-/// A family that can write Japanese letters, by its names in English and Japanese.
+/// A font family with Japanese characters, by its English and its Japanese name.
 struct JapaneseFamily {
     JapaneseStyle style;
     std::string_view name, japaneseName;
 };
 
-/// Those that form documents name and machines have, of each style the best first. The first that is there stands in for a
-/// family that is not.
+/// The common families, the preferred ones of each style first. The first installed one replaces a missing family.
 [[nodiscard]] std::span<const JapaneseFamily> japaneseFamilies();
-/// The family of that name, whatever the case; null for any other.
+/// The family of that name, ignoring ASCII case; null for an unknown name.
 [[nodiscard]] const JapaneseFamily *japaneseFamily(std::string_view name);
-/// What style a family is by its name. Letters are set in mincho, so a name that says nothing is mincho.
+/// The style that a family's name suggests. Forms are set in mincho, so that is the default.
 [[nodiscard]] JapaneseStyle styleOfName(std::string_view family);
 
 } // namespace inin::viewer

@@ -22,7 +22,7 @@ std::string literalText(const TextCommand &command)
     return text;
 }
 
-/// A field of the form with what it showed last.
+/// A field of the form with its last values.
 class FieldSetter {
 public:
     FieldSetter(std::size_t index, const FormField &field, const TextCommand &command, Fonts &fonts, Point page)
@@ -68,15 +68,15 @@ private:
 
     void appendValue(const TextPiece &piece, const std::string &value)
     {
-        if (!piece.silent.empty() && isBlankText(value)) {
-            m_text += piece.silent;
+        if (!piece.whenBlank.empty() && isBlankText(value)) {
+            m_text += piece.whenBlank;
             return;
         }
         if (piece.pattern.empty() || isBlankText(value)) {
             m_text += value;
             return;
         }
-        const auto written = writtenDate(value, piece.pattern);
+        const auto written = formattedDate(value, piece.pattern);
         if (!written) m_mark.noDate = true;
         m_text += written.value_or(value);
     }
@@ -105,7 +105,7 @@ FormField bind(std::size_t command, const TextCommand &text, const std::vector<s
     return field;
 }
 
-// A list of setters that grows must not copy them: runs point at the glyphs of their own.
+// A growing vector of setters must not copy them, because their runs point to their glyphs.
 static_assert(std::is_nothrow_move_constructible_v<TextSetter>);
 
 } // namespace
@@ -113,7 +113,7 @@ static_assert(std::is_nothrow_move_constructible_v<TextSetter>);
 struct LetterLayout::Parts {
     const FormDocument *form;
     std::vector<FormField> fields;
-    std::vector<TextSetter> shared; ///< the texts without columns
+    std::vector<TextSetter> shared; ///< the texts without placeholders
     std::vector<const PathCommand *> paths;
     /// In the order of the commands: true for a path, false for a shared text.
     std::vector<bool> order;
@@ -145,7 +145,7 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
         parts.missing.insert(parts.missing.end(), setter.missing().begin(), setter.missing().end());
         parts.order.push_back(false);
     }
-    // Setters point into the fields, which stay where they are from here on.
+    // The setters point to the fields, so the vector must not grow after this.
     for (std::size_t i = 0; i < parts.fields.size(); ++i) {
         const auto &text = std::get<TextCommand>(form.commands[parts.fields[i].command]);
         parts.setters.emplace_back(i, parts.fields[i], text, fonts, page);

@@ -11,30 +11,31 @@
 
 namespace inin::viewer {
 
-/// What became of one text of a letter. A text that only was tightened or broken into its lines has no mark.
+/// The problems of one text of a letter. Narrower characters and line breaks are not problems.
 struct FieldMark {
     std::size_t field = 0; ///< index into LetterLayout::fields()
     bool shrunk = false;
-    bool doesNotFit = false;       ///< it ends with … where the box ends
-    bool noDate = false;           ///< a date pattern met a text that is none; the text is shown as it is
-    std::vector<char32_t> missing; ///< characters that the font lacks
+    bool doesNotFit = false;       ///< it is cut off with … at the end of the box
+    bool noDate = false;           ///< the value of a date pattern is not a date and is shown unchanged
+    std::vector<char32_t> missing; ///< characters that no font has
     [[nodiscard]] bool any() const { return shrunk || doesNotFit || noDate || !missing.empty(); }
 };
 
-/// A text of the form that holds columns, and which.
+/// A text of the form with placeholders, and their columns.
 struct FormField {
     std::size_t command = 0; ///< index into FormDocument::commands
     std::vector<std::size_t> columns;
 };
 
-/// Where a letter's values come from: columns by number. The view stays good until the letter is laid out.
+/// Returns the value of a column of a letter. The view must be valid until the letter is laid out.
 using LetterValues = std::function<std::string_view(std::size_t column)>;
 
-/// The one layout of a form: the parts that every letter shares are laid out at once, the fields for each letter.
-/// Painters only place what stands here.
+/// The layout of a form, the same for all painters. The parts that all letters share are laid out once, the fields for
+/// each letter.
 class LetterLayout {
 public:
-    /// A placeholder that names none of `columns` is a RuntimeError that names it. `form` and `fonts` must outlive this.
+    /// Throws a RuntimeError that names a placeholder whose column is not in `columns`. `form` and `fonts` must outlive
+    /// this object.
     LetterLayout(const FormDocument &form, const std::vector<std::string> &columns, Fonts &fonts);
     LetterLayout(const LetterLayout &) = delete;
     LetterLayout &operator=(const LetterLayout &) = delete;
@@ -42,13 +43,13 @@ public:
 
     [[nodiscard]] const FormDocument &form() const;
     [[nodiscard]] const std::vector<FormField> &fields() const;
-    /// Characters of the form's own texts that the font lacks.
+    /// Characters of the form's own texts that no font has.
     [[nodiscard]] const std::vector<char32_t> &missingInForm() const;
 
-    /// Paints what every letter shares.
+    /// Paints the parts that all letters share.
     void paintShared(PagePainter &painter) const;
-    /// Lays a letter out and paints its fields; gives the marks of those that have one. A field whose value is that of the
-    /// letter before is not laid out again.
+    /// Lays out a letter, paints its fields and returns the marks of fields with problems. A field with the same values as
+    /// in the previous letter is not laid out again.
     const std::vector<FieldMark> &paintLetter(const LetterValues &values, PagePainter &painter);
 
 private:

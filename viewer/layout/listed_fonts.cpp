@@ -11,12 +11,10 @@ namespace inin::viewer {
 namespace {
 
 constexpr char32_t kKana = U'あ';
-constexpr std::string_view kJoin = " & ";
-/// Who stands in for a font that lacks a character before the other Japanese ones: the first has the characters of family
-/// registers.
-constexpr std::string_view kFirstStandIns[] = {"IPAmjMincho", "IPAexMincho", "IPAexGothic"};
-/// And behind them.
-constexpr std::string_view kLastStandIns[] = {"DejaVu Serif", "DejaVu Sans"};
+constexpr std::string_view kNameSeparator = " & ";
+/// The fallback fonts before and after the other Japanese ones. The first has the characters of family registers.
+constexpr std::string_view kFirstFallbacks[] = {"IPAmjMincho", "IPAexMincho", "IPAexGothic"};
+constexpr std::string_view kLastFallbacks[] = {"DejaVu Serif", "DejaVu Sans"};
 
 std::vector<std::string> namesOf(std::string_view family)
 {
@@ -25,23 +23,23 @@ std::vector<std::string> namesOf(std::string_view family)
     return {std::string(known->name), std::string(known->japaneseName)};
 }
 
-/// A font is listed by its full name, which its family begins: "Yu Mincho Demibold".
+/// A font is listed by its full name, which begins with its family: "Yu Mincho Demibold".
 bool isListedUnder(const FontFile &file, const std::vector<std::string> &families)
 {
     const std::string list = asciiLower(file.listedAs);
     for (std::size_t begin = 0; begin < list.size();) {
-        const std::size_t end = std::min(list.find(kJoin, begin), list.size());
+        const std::size_t end = std::min(list.find(kNameSeparator, begin), list.size());
         const std::string_view name = std::string_view(list).substr(begin, end - begin);
         if (std::ranges::any_of(families, [&](const auto &family) { return name.starts_with(asciiLower(family)); }))
             return true;
-        begin = end + kJoin.size();
+        begin = end + kNameSeparator.size();
     }
     return false;
 }
 
-bool answersToOne(const FontFace &face, const std::vector<std::string> &names)
+bool hasAnyFamily(const FontFace &face, const std::vector<std::string> &names)
 {
-    return std::ranges::any_of(names, [&](const std::string &name) { return face.answersTo(name); });
+    return std::ranges::any_of(names, [&](const std::string &name) { return face.hasFamily(name); });
 }
 
 bool isAny(const FontFace &)
@@ -49,11 +47,11 @@ bool isAny(const FontFace &)
     return true;
 }
 
-std::vector<std::string_view> standIns()
+std::vector<std::string_view> fallbackFamilies()
 {
-    std::vector<std::string_view> families(std::begin(kFirstStandIns), std::end(kFirstStandIns));
+    std::vector<std::string_view> families(std::begin(kFirstFallbacks), std::end(kFirstFallbacks));
     for (const JapaneseFamily &family : japaneseFamilies()) families.push_back(family.name);
-    families.insert(families.end(), std::begin(kLastStandIns), std::end(kLastStandIns));
+    families.insert(families.end(), std::begin(kLastFallbacks), std::end(kLastFallbacks));
     return families;
 }
 
@@ -79,32 +77,33 @@ const std::vector<FontFace> &ListedFonts::facesOf(File &file)
     return file.faces;
 }
 
-std::optional<FontPlace> ListedFonts::first(const FileTest &isWanted, const FaceTest &passes)
+std::optional<FontLocation> ListedFonts::first(const FileTest &isWanted, const FaceTest &passes)
 {
-    std::optional<FontPlace> other;
+    std::optional<FontLocation> other;
     for (File &file : m_files) {
         if (!isWanted(file.file)) continue;
         for (const FontFace &face : facesOf(file)) {
             if (!face.hasTrueTypeOutlines || !passes(face)) continue;
-            FontPlace place{file.file.path, face.index, face.families.empty() ? std::string() : face.families.front()};
-            if (face.isOrdinary) return place;
+            FontLocation place{file.file.path, face.index,
+                               face.families.empty() ? std::string() : face.families.front()};
+            if (face.isRegular) return place;
             if (!other) other = std::move(place);
         }
     }
     return other;
 }
 
-std::optional<FontPlace> ListedFonts::fontOf(const Names &names, const FaceTest &passes)
+std::optional<FontLocation> ListedFonts::fontOf(const Names &names, const FaceTest &passes)
 {
-    const auto answers = [&](const FontFace &face) { return answersToOne(face, names) && passes(face); };
+    const auto answers = [&](const FontFace &face) { return hasAnyFamily(face, names) && passes(face); };
     auto font = first([&](const FontFile &file) { return isListedUnder(file, names); }, answers);
     if (font) return font;
-    // A family whose names are all known would have been listed; any other may be listed in another language.
+    // A family whose names are all known would have been found in the list; others may be listed in another language.
     const bool isKnown = names.size() > 1;
     return first([&](const FontFile &file) { return !isKnown || file.listedAs.empty(); }, answers);
 }
 
-std::optional<FontPlace> ListedFonts::nearest(const std::string &family)
+std::optional<FontLocation> ListedFonts::nearest(const std::string &family)
 {
     const JapaneseStyle style = styleOfName(family);
     for (const bool isSameStyle : {true, false})
@@ -124,12 +123,12 @@ std::optional<FontCatalogue::Match> ListedFonts::find(const std::string &family)
     return std::nullopt;
 }
 
-std::vector<FontPlace> ListedFonts::withCharacter(char32_t character)
+std::vector<FontLocation> ListedFonts::withCharacter(char32_t character)
 {
-    const auto passes = [&](const FontFace &face) { return face.isOrdinary && face.has(character); };
-    for (const std::string_view family : standIns())
+    const auto passes = [&](const FontFace &face) { return face.isRegular && face.has(character); };
+    for (const std::string_view family : fallbackFamilies())
         if (auto font = fontOf(namesOf(family), passes)) return {std::move(*font)};
-    std::vector<FontPlace> places;
+    std::vector<FontLocation> places;
     if (auto font = first([](const FontFile &) { return true; }, passes)) places.push_back(std::move(*font));
     return places;
 }

@@ -10,17 +10,17 @@ namespace inin::viewer {
 
 namespace {
 
-struct Range {
+struct CharacterRange {
     char32_t first, last;
 };
-/// Marks, joiners and selectors: they change the character before them and stand in its font.
-constexpr Range kFollowers[] = {{0x0300, 0x036F}, {0x200C, 0x200D}, {0x20D0, 0x20FF},
-                                {0x3099, 0x309A}, {0xFE00, 0xFE0F}, {0xE0100, 0xE01EF}};
+/// Combining marks, joiners and variation selectors: they modify the previous character and use its font.
+constexpr CharacterRange kModifiers[] = {{0x0300, 0x036F}, {0x200C, 0x200D}, {0x20D0, 0x20FF},
+                                         {0x3099, 0x309A}, {0xFE00, 0xFE0F}, {0xE0100, 0xE01EF}};
 
-bool followsAnother(char32_t character)
+bool modifiesPrevious(char32_t character)
 {
-    return std::ranges::any_of(kFollowers,
-                               [&](const Range &range) { return character >= range.first && character <= range.last; });
+    return std::ranges::any_of(
+        kModifiers, [&](const CharacterRange &range) { return character >= range.first && character <= range.last; });
 }
 
 } // namespace
@@ -31,56 +31,58 @@ void MixedText::clear()
     m_parts.clear();
 }
 
-void MixedText::endPart(const Font &font, bool runsDown)
+void MixedText::endPart(const Font &font, bool isVertical)
 {
-    if (m_parts.empty() || m_parts.back().font != &font || m_parts.back().runsDown != runsDown)
-        m_parts.push_back({&font, runsDown, 0});
+    if (m_parts.empty() || m_parts.back().font != &font || m_parts.back().isVertical != isVertical)
+        m_parts.push_back({&font, isVertical, 0});
     m_parts.back().end = m_glyphs.size();
 }
 
 void MixedText::add(std::u32string_view text, std::vector<char32_t> &missing)
 {
-    if (m_runsDown) return addByParts(text, missing);
-    const std::size_t begin = m_glyphs.size(), told = missing.size();
+    if (m_isVertical) return addInParts(text, missing);
+    const std::size_t begin = m_glyphs.size(), missingBefore = missing.size();
     m_font.shape(text, m_glyphs, missing);
-    if (missing.size() == told) {
+    if (missing.size() == missingBefore) {
         endPart(m_font, false);
         return;
     }
     m_glyphs.resize(begin);
-    missing.resize(told);
-    addByParts(text, missing);
+    missing.resize(missingBefore);
+    addInParts(text, missing);
 }
 
 const Font &MixedText::fontOf(char32_t character)
 {
     if (m_font.has(character)) return m_font;
-    const Font *const standIn = m_fonts.fontWith(character);
-    return standIn == nullptr ? m_font : *standIn;
+    const Font *const fallback = m_fonts.fallbackFor(character);
+    return fallback == nullptr ? m_font : *fallback;
 }
 
-bool MixedText::standsUpright(char32_t character, const Font &font) const
+bool MixedText::isUprightCharacter(char32_t character, const Font &font) const
 {
-    if (!m_runsDown || m_upright != Upright::asUsual) return m_runsDown && m_upright == Upright::all;
-    const Stance stance = stanceOf(character);
-    return stance == Stance::upright || (stance == Stance::turned && font.hasFormDown(character));
+    if (!m_isVertical) return false;
+    if (m_orientation != TextOrientation::mixed) return m_orientation == TextOrientation::upright;
+    const GlyphOrientation orientation = glyphOrientationOf(character);
+    return orientation == GlyphOrientation::upright ||
+           (orientation == GlyphOrientation::transformed && font.hasVerticalForm(character));
 }
 
-void MixedText::addByParts(std::u32string_view text, std::vector<char32_t> &missing)
+void MixedText::addInParts(std::u32string_view text, std::vector<char32_t> &missing)
 {
     float pen = 0;
     while (!text.empty()) {
         const Font &font = fontOf(text.front());
-        const bool isUpright = standsUpright(text.front(), font);
-        const auto goesOn = [&](char32_t character) {
-            return followsAnother(character) ||
-                   (&fontOf(character) == &font && standsUpright(character, font) == isUpright);
+        const bool isUpright = isUprightCharacter(text.front(), font);
+        const auto continuesPart = [&](char32_t character) {
+            return modifiesPrevious(character) ||
+                   (&fontOf(character) == &font && isUprightCharacter(character, font) == isUpright);
         };
         std::size_t size = 1;
-        while (size < text.size() && goesOn(text[size])) ++size;
+        while (size < text.size() && continuesPart(text[size])) ++size;
         const std::size_t begin = m_glyphs.size();
         if (isUpright)
-            font.shapeDown(text.substr(0, size), m_glyphs, missing);
+            font.shapeVertical(text.substr(0, size), m_glyphs, missing);
         else
             font.shape(text.substr(0, size), m_glyphs, missing);
         for (std::size_t i = begin; i < m_glyphs.size(); ++i) m_glyphs[i].x += pen;

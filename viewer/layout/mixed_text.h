@@ -11,40 +11,41 @@ namespace inin::viewer {
 
 class Fonts;
 
-/// The glyphs of a text: those of its own font, and of stand-ins where that lacks a character. In a text that runs down
-/// some stand upright, one below another, and others lie on their side.
+/// The glyphs of a text in its own font, and in fallback fonts for the characters that it lacks. In vertical text, some
+/// characters are upright and others are rotated.
 class MixedText {
 public:
-    /// Both must outlive this.
-    MixedText(const Font &font, Fonts &fonts, WritingMode writing, Upright upright)
-        : m_font(font), m_fonts(fonts), m_runsDown(writing != WritingMode::across), m_upright(upright)
+    /// `font` and `fonts` must outlive this object.
+    MixedText(const Font &font, Fonts &fonts, WritingMode writing, TextOrientation orientation)
+        : m_font(font), m_fonts(fonts), m_isVertical(writing != WritingMode::horizontal), m_orientation(orientation)
     {
     }
 
     void clear();
-    /// Appends a text whose first glyph stands at x 0. What no font has gets the own font's box and goes to `missing`.
+    /// Appends a text whose first glyph is at x 0. A character that no font has is shown as the missing glyph of the
+    /// text's own font and appended to `missing`.
     void add(std::u32string_view text, std::vector<char32_t> &missing);
     [[nodiscard]] const std::vector<ShapedGlyph> &glyphs() const { return m_glyphs; }
 
-    /// Glyphs of one font and stance, up to before `end`.
+    /// Glyphs of one font and orientation; `end` is exclusive.
     struct Part {
         const Font *font;
-        bool runsDown; ///< upright in a text that runs down
+        bool isVertical; ///< upright characters of vertical text
         std::size_t end;
     };
-    /// The part in which a glyph stands.
+    /// The part that contains a glyph.
     [[nodiscard]] Part partAt(std::size_t glyph) const;
 
 private:
-    void addByParts(std::u32string_view text, std::vector<char32_t> &missing);
+    void addInParts(std::u32string_view text, std::vector<char32_t> &missing);
     [[nodiscard]] const Font &fontOf(char32_t character);
-    [[nodiscard]] bool standsUpright(char32_t character, const Font &font) const;
-    void endPart(const Font &font, bool runsDown);
+    [[nodiscard]] bool isUprightCharacter(char32_t character, const Font &font) const;
+    void endPart(const Font &font, bool isVertical);
 
     const Font &m_font;
     Fonts &m_fonts;
-    bool m_runsDown;
-    Upright m_upright;
+    bool m_isVertical;
+    TextOrientation m_orientation;
     std::vector<ShapedGlyph> m_glyphs;
     std::vector<Part> m_parts;
 };

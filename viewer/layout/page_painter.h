@@ -8,28 +8,28 @@
 
 namespace inin::viewer {
 
-/// One line of glyphs with its place. A glyph stands at at({x * size * stretch / 1000, 0}); in a run of letters one below
-/// another at at({aside * size, (x + drop) * size * stretch} / 1000).
+/// A line of glyphs with its position. A glyph is at at({x * size * stretch / 1000, 0}); in a vertical run it is at
+/// at({offsetX * size, (x + offsetY) * size * stretch} / 1000).
 struct GlyphRun {
     const Font *font = nullptr;
     double size = 10;
-    double stretch = 1; ///< the width of a letter, along the line, as a part of its own
-    double spacing = 0; ///< behind each letter, in points before stretching; the glyphs' x do not hold it
+    double stretch = 1; ///< the scale of characters along the line
+    double spacing = 0; ///< after each character, in points before stretching; not included in the glyphs' x
     Color color;
     Affine at;
     std::span<const ShapedGlyph> glyphs;
-    /// Each letter is drawn around its outline too, kBoldLine wide: none of the fonts has a bold face.
+    /// The outlines are also stroked, kBoldLine wide, because none of the fonts has a bold face.
     bool isBold = false;
-    bool runsDown = false;
-    /// In a text that runs down: at a line's first run all that it says, for letters one below another do not read as a
-    /// line by themselves; and which run is its last.
+    bool isVertical = false;
+    /// In vertical text: the first run of a line has the text of the line, because readers of a PDF do not recognise
+    /// characters below one another as a line. The last run is flagged.
     std::u32string_view lineText = {};
     bool endsLineText = false;
 
-    static constexpr double kBoldLine = 0.035; ///< as a part of the size
+    static constexpr double kBoldLine = 0.035; ///< as a factor of the size
 };
 
-/// What a page is painted with: a file, a screen, a printer.
+/// Paints a page into a file, on a screen or on a printer.
 class PagePainter {
 public:
     PagePainter() = default;

@@ -27,7 +27,7 @@ bool isBlank(char32_t character)
     return character == U' ' || character == U'\u3000';
 }
 
-/// Letters and digits that make up words.
+/// Letters and digits of words.
 bool isWordCharacter(char32_t character)
 {
     return (character > 0x20 && character < 0x250) || (character >= 0xFF10 && character <= 0xFF19) ||
@@ -43,7 +43,7 @@ public:
     {
     }
 
-    /// Nothing when more than `most` lines are needed.
+    /// Empty when more than `most` lines are needed.
     std::optional<std::vector<FittedLine>> lines(std::size_t most)
     {
         std::vector<FittedLine> lines;
@@ -59,15 +59,15 @@ public:
         return lines;
     }
 
-    /// As many lines as there may be; the last one leaves room for the mark of a cut.
-    std::vector<FittedLine> cutLines(std::size_t most)
+    /// At most `most` lines; the last one leaves room for the ellipsis.
+    std::vector<FittedLine> truncatedLines(std::size_t most)
     {
         std::vector<FittedLine> lines;
         std::size_t begin = 0;
         for (const std::size_t end : m_text.paragraphEnds) {
             do {
                 const bool isLast = lines.size() + 1 == most;
-                if (isLast) m_room -= m_text.cutMark * m_factor + m_spacing;
+                if (isLast) m_room -= m_text.ellipsisWidth * m_factor + m_spacing;
                 lines.push_back(isLast ? filledLine(begin, end) : nextLine(begin, end));
                 if (isLast) return lines;
                 begin = skipBlanks(lines.back().end, end);
@@ -79,23 +79,23 @@ public:
 
     [[nodiscard]] FittedLine lineOf(std::size_t begin, std::size_t end) const
     {
-        return {begin, end, end > begin ? reach(begin, end) : 0};
+        return {begin, end, end > begin ? widthOf(begin, end) : 0};
     }
 
 private:
-    /// Width of the glyphs from `begin` to before `end`, which is behind `begin`.
-    [[nodiscard]] double reach(std::size_t begin, std::size_t end) const
+    /// The width of a range that is not empty.
+    [[nodiscard]] double widthOf(std::size_t begin, std::size_t end) const
     {
         const ShapedGlyph &first = m_text.glyphs[begin], &last = m_text.glyphs[end - 1];
         return (double{last.x} + double{last.advance} - double{first.x}) * m_factor +
                static_cast<double>(end - begin - 1) * m_spacing;
     }
 
-    /// The longest part that fits, at least one glyph so that the walk goes on.
+    /// The longest part that fits. It has at least one glyph, so that the loops end.
     FittedLine filledLine(std::size_t begin, std::size_t end) const
     {
         std::size_t fits = begin;
-        while (fits < end && reach(begin, fits + 1) <= m_room) ++fits;
+        while (fits < end && widthOf(begin, fits + 1) <= m_room) ++fits;
         if (fits == begin && begin < end) ++fits;
         return lineOf(begin, fits);
     }
@@ -125,7 +125,7 @@ private:
     double m_factor, m_spacing, m_room;
 };
 
-/// How many lines of a size have room, at least one.
+/// The number of lines of a size that fit into the box, at least one.
 std::size_t linesWithRoom(const FitRule &rule, double size)
 {
     const double more = (rule.box.height + kTolerance - size) / (size * rule.leading);
@@ -166,7 +166,7 @@ FittedText fitInBox(const TextToFit &text, const FitRule &rule)
         if (auto fitted = fitAtSize(text, rule, rule.smallest)) return std::move(*fitted);
     }
     LineBreaker breaker(text, rule.smallest, rule.narrowest, rule.box.width);
-    return {breaker.cutLines(linesWithRoom(rule, rule.smallest)), rule.smallest, rule.narrowest, true};
+    return {breaker.truncatedLines(linesWithRoom(rule, rule.smallest)), rule.smallest, rule.narrowest, true};
 }
 
 FittedText unfitted(const TextToFit &text)

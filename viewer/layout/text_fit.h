@@ -9,35 +9,36 @@
 
 namespace inin::viewer {
 
-/// A part of the glyphs that stands on one line.
 struct FittedLine {
     std::size_t begin = 0, end = 0;
-    double width = 0; ///< in points, as it is drawn
+    double width = 0; ///< in points, as drawn
 };
 
-/// A text as it stands in its box.
+/// A text that was fitted into its box.
 struct FittedText {
     std::vector<FittedLine> lines;
     double size = 0;
     double stretch = 1;
-    bool isCut = false; ///< the last line ends before the text does
+    bool isTruncated = false;
 };
 
-/// What is to be fitted. Paragraphs end where the form breaks its lines; each begins at x 0 again.
+/// The input of a fit. Paragraphs end at the line ends of the text; the glyphs of each begin at x 0.
 struct TextToFit {
     std::span<const ShapedGlyph> glyphs;
     std::vector<std::size_t> paragraphEnds;
     double size = 10;
     double spacing = 0;
-    double cutMark = 0;     ///< width of what is put behind a cut text, in thousandths of the size
-    bool isTooLong = false; ///< no box could hold it
+    double ellipsisWidth = 0; ///< in thousandths of the size
+    bool isTooLong = false;   ///< too long for any box
 };
 
-/// Narrower first, then more lines, then smaller, down to what the rule allows; then cut.
+/// Tries narrower characters first, then more lines, then smaller sizes within the limits of the rule, and truncates the
+/// text if nothing fits.
 [[nodiscard]] FittedText fitInBox(const TextToFit &text, const FitRule &rule);
-/// Every paragraph on a line of its own, as wide as it is.
+/// Each paragraph on a line of its own, at its natural width.
 [[nodiscard]] FittedText unfitted(const TextToFit &text);
-/// True when a line may end between two characters: not before closing or after opening marks, not inside a word.
+/// True when a line may end between two characters: not before closing punctuation, after opening punctuation or inside
+/// a word.
 [[nodiscard]] bool mayBreakBetween(char32_t before, char32_t after);
 
 } // namespace inin::viewer

@@ -2,12 +2,12 @@
 
 namespace inin::viewer {
 
-/// How a character stands in a line that runs down, by the character database's property for it.
-enum class Stance {
+/// The orientation of a character in vertical text, by the Unicode property Vertical_Orientation.
+enum class GlyphOrientation {
     upright,
-    sideways,
-    turned ///< by a form of the font's own, else it lies on its side: brackets, the long vowel mark
+    rotated,
+    transformed ///< by a vertical form of the font, otherwise rotated: brackets, the long vowel mark
 };
-[[nodiscard]] Stance stanceOf(char32_t character);
+[[nodiscard]] GlyphOrientation glyphOrientationOf(char32_t character);
 
 } // namespace inin::viewer

@@ -6,11 +6,11 @@ namespace {
 
 constexpr char32_t kLost = 0xFFFD;
 
-/// Length and first bits of a sequence by its first byte; length 0 for a byte that begins none.
+/// The length and the first bits of a sequence by its first byte; length 0 for a byte that cannot be the first.
 struct Lead {
     std::size_t length;
     char32_t bits;
-    char32_t least; ///< a smaller character would be written too long
+    char32_t least; ///< a smaller code point would be an overlong form
 };
 
 Lead leadOf(unsigned char byte)

@@ -5,11 +5,10 @@
 
 namespace inin::viewer {
 
-/// Appends the characters of a UTF-8 text, at most `most` of them; a byte that belongs to none becomes U+FFFD.
-/// False when the text has more.
+/// Appends at most `most` characters of a UTF-8 text. Invalid bytes become U+FFFD. False when the text has more.
 bool appendCharacters(std::string_view text, std::u32string &characters, std::size_t most);
 void appendUtf8(std::string &text, char32_t character);
-/// True for blanks alone, full-width ones too, and for nothing.
+/// True for an empty text and for one of blanks only, full-width ones included.
 [[nodiscard]] bool isBlankText(std::string_view text);
 
 } // namespace inin::viewer

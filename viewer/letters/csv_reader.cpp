@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kSeparator = "\",\"";
 
-/// A line of the file; the last one may lack its end.
+/// A line of the file; the last one may have no line end.
 struct Line {
     std::string_view text;
     bool hasEnd = false;
@@ -27,7 +27,7 @@ Line takeLine(std::string_view &rest)
     return line;
 }
 
-/// Where separators stand in a row, overlapping ones too: `",","` holds two of which one counts.
+/// Finds the separators in a row, overlapping ones too: `",","` contains two, of which only one is used.
 void findSeparators(std::string_view inner, std::vector<std::size_t> &places)
 {
     places.clear();
@@ -35,8 +35,8 @@ void findSeparators(std::string_view inner, std::vector<std::size_t> &places)
         places.push_back(at);
 }
 
-/// Separators that overlap stand in chains, two bytes apart. Of an odd chain the most that can count is every other one,
-/// in one way only; an even chain leaves the choice.
+/// Separators overlap in chains, two bytes apart. In a chain of odd length the largest selection without overlaps is
+/// every other separator and is unique; a chain of even length allows several.
 bool leavesChoice(const std::vector<std::size_t> &places)
 {
     std::size_t chain = 1;
@@ -48,7 +48,7 @@ bool leavesChoice(const std::vector<std::size_t> &places)
     return false;
 }
 
-/// The separators that count when as many as possible do.
+/// Selects as many separators without overlaps as possible.
 void dropOverlaps(const std::vector<std::size_t> &places, std::vector<std::size_t> &chosen)
 {
     chosen.clear();
@@ -60,16 +60,16 @@ void dropOverlaps(const std::vector<std::size_t> &places, std::vector<std::size_
     }
 }
 
-/// Whether a row with these separators can be read as `columns` fields in exactly one way, and why not.
+/// Whether exactly one selection of these separators splits the row into `columns` fields, and why not.
 RowFault judge(const std::vector<std::size_t> &all, std::size_t chosen, std::size_t columns)
 {
     if (chosen + 1 < columns) return RowFault::tooFewColumns;
-    // One separator too many may be a value's own; any of them could be the one.
+    // One separator too many may be part of a value, and it is unknown which.
     if (chosen + 1 > columns) return RowFault::tooManyColumns;
     return leavesChoice(all) ? RowFault::ambiguous : RowFault::none;
 }
 
-/// The fields of a row that reads in one way.
+/// The fields of a row with a unique split.
 void splitAt(std::string_view inner, const std::vector<std::size_t> &places, std::vector<std::string_view> &fields)
 {
     fields.clear();
@@ -86,7 +86,7 @@ bool isQuoted(std::string_view text)
     return text.size() >= 2 && text.starts_with('"') && text.ends_with('"');
 }
 
-/// A NUL is no character of a letter; it is shown as a lost one.
+/// A NUL cannot be printed; show it as an undecodable character.
 std::string decoded(std::string_view bytes)
 {
     constexpr std::string_view kLost = "\xEF\xBF\xBD";
@@ -107,7 +107,7 @@ std::string_view innerOf(const Line &line)
     return line.text.substr(1, line.text.size() - 2);
 }
 
-/// Reads the rows of a text whose parts they are.
+/// Parses the rows of a text into views of it.
 class RowReader {
 public:
     RowReader(LetterRows &rows, std::size_t columns) : m_rows(rows), m_columns(columns) {}
@@ -135,7 +135,7 @@ private:
     RowFault faultOf(const Line &line)
     {
         if (!isQuoted(line.text)) return line.hasEnd ? RowFault::notQuoted : RowFault::cutOff;
-        // A last line without its end may have lost the rest of its last value, whatever it looks like.
+        // A last line without a line end may have lost the rest of its last value, even if it ends with a quote.
         if (!line.hasEnd) return RowFault::cutOff;
         findSeparators(innerOf(line), m_places);
         dropOverlaps(m_places, m_chosen);
@@ -155,7 +155,7 @@ LetterRows readLines(std::string_view bytes, std::size_t columns)
     return rows;
 }
 
-/// Finds the rows among the bytes from `begin` on. A line end never is the second byte of a character.
+/// Finds the rows among the bytes from `begin` on. The second byte of a character is never a line end.
 void findRows(UnreadRows &rows, std::size_t begin)
 {
     const std::string_view whole = rows.bytes;
@@ -184,7 +184,7 @@ std::vector<std::string> titledColumns(const Line &first)
     return {fields.begin(), fields.end()};
 }
 
-/// The names of a file without titles: by its first row.
+/// The column names of a file without titles, from its first row.
 std::vector<std::string> numberedColumns(const Line &first)
 {
     std::vector<std::size_t> places, chosen;

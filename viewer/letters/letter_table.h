@@ -12,36 +12,36 @@
 
 namespace inin::viewer {
 
-/// The bytes of a letter file with the places of its rows. What a row holds is read when it is first asked for: the first
-/// letter of ten thousand need not wait for the others.
+/// The bytes of a letter file with the places of its rows. Values are parsed on first use, so that the first of ten
+/// thousand letters is shown without waiting for the others.
 struct UnreadRows {
-    static constexpr std::size_t kBlock = 256; ///< rows that are read at once
+    static constexpr std::size_t kBlock = 256; ///< rows that are parsed together
 
     std::string bytes;
     std::size_t rows = 0;
     std::vector<std::size_t> blocks; ///< where each block begins
-    /// Reads the lines of one block.
+    /// Parses the lines of one block.
     LetterRows (*read)(std::string_view lines, std::size_t columns) = nullptr;
 };
 
-/// The letters of one CSV file, taken in once: nothing in here changes when the file does.
-/// Not for two threads at once: rows are read behind a const face.
+/// The letters of one CSV file, loaded once: later changes of the file have no effect. Not thread-safe: const
+/// operations parse rows on first use.
 class LetterTable {
 public:
     LetterTable() = default;
-    /// Column names must differ; a name that stands twice is a RuntimeError.
+    /// Throws a RuntimeError for a repeated column name.
     LetterTable(std::vector<std::string> columns, UnreadRows rows);
 
     [[nodiscard]] const std::vector<std::string> &columns() const { return m_columns; }
     [[nodiscard]] std::optional<std::size_t> columnOf(std::string_view name) const;
     [[nodiscard]] std::size_t size() const { return m_rows.rows; }
-    /// The views of rows stay good as long as the table does.
+    /// The views stay valid as long as the table exists.
     [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const
     {
         return blockOf(row).value(row % UnreadRows::kBlock, column);
     }
     [[nodiscard]] RowFault fault(std::size_t row) const { return blockOf(row).fault(row % UnreadRows::kBlock); }
-    /// The text of a row that cannot be read, as it stands in the file; empty for a good row.
+    /// The text of an unreadable row as in the file; empty for a good row.
     [[nodiscard]] std::string_view rawText(std::size_t row) const
     {
         return blockOf(row).rawText(row % UnreadRows::kBlock);

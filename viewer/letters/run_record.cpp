@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view kFirstLine = "PrintInin run 1";
 constexpr std::string_view kExtension = ".run";
 
-/// Takes the next line without its end, "\r\n" or "\n"; nothing when no ended line is left.
+/// Removes and returns the next line without its end, "\r\n" or "\n"; empty when no ended line is left.
 std::optional<std::string_view> takeLine(std::string_view &rest)
 {
     const std::size_t end = rest.find('\n');
@@ -34,7 +34,7 @@ class NumberLine {
 public:
     explicit NumberLine(std::string_view key) : m_key(key) {}
 
-    /// False for a line of this key that is repeated or has no number.
+    /// False for a line of this key that is repeated or has a bad number.
     bool read(std::string_view line)
     {
         if (!line.starts_with(m_key)) return true;

@@ -12,9 +12,9 @@ namespace inin::viewer {
 
 namespace {
 
-/// The page that is shown, one before, one behind, and the one that was left.
+/// The current page, its two neighbours and the previously shown one.
 constexpr std::size_t kKept = 4;
-/// A4 at 300 dots to the inch; four bytes a dot.
+/// A4 at 300 dots per inch; four bytes per dot.
 constexpr double kMostDots = 8.8e6;
 
 } // namespace
@@ -45,7 +45,7 @@ const QImage &LetterPictures::of(std::size_t letter)
     if (found != m_pages.end()) {
         std::rotate(m_pages.begin(), found, found + 1);
     } else {
-        // Room for a page is as much work to get as half a page is to paint: the oldest one's is taken over.
+        // Reuse the memory of the oldest page: allocating it takes half as long as painting a page.
         QImage room;
         if (m_pages.size() == kKept) {
             room = std::move(m_pages.back().picture);

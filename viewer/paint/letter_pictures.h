@@ -12,21 +12,19 @@ namespace inin::viewer {
 
 class LetterLayout;
 
-/// Letters as pictures on white paper, all at one scale. What the letters of a form share is painted once, and the pages
-/// that were made last are kept: turning a page is often no more than showing the one that was made ahead. Each picture
-/// is, dot for dot, what painting the letter as a whole gives.
+/// Letters as pictures on white paper at one scale. Caches the shared part of each form and the most recent pages, so that
+/// turning a page is often immediate. Each picture has exactly the pixels of a letter that is painted as a whole.
 class LetterPictures {
 public:
-    /// Both must outlive this.
+    /// `press` and `glyphs` must outlive this object.
     LetterPictures(LetterPress &press, QtGlyphs &glyphs) : m_press(press), m_glyphs(glyphs) {}
 
-    /// Dots to the point, and to the toolkit's pixel, which the pictures then say of themselves. Another scale than before
-    /// lets all pictures go.
+    /// Dots per point, and dots per pixel of the toolkit as the pictures' device pixel ratio. A change clears the cache.
     void setScale(double scale, double dotsPerPixel = 1);
-    /// Good until the next call.
+    /// Valid until the next call.
     [[nodiscard]] const QImage &of(std::size_t letter);
     [[nodiscard]] bool has(std::size_t letter) const;
-    /// False for a scale at which pictures would take more memory than they save time.
+    /// False for a scale at which cached pictures would need too much memory.
     [[nodiscard]] bool isWorthwhile(double scale) const;
 
 private:
@@ -39,14 +37,14 @@ private:
         QImage picture;
     };
     [[nodiscard]] const QImage &sharedOf(std::size_t letter);
-    /// In the room of another picture, where that has one.
+    /// Reuses the memory of `picture` if it is suitable.
     [[nodiscard]] QImage painted(std::size_t letter, QImage picture);
 
     LetterPress &m_press;
     QtGlyphs &m_glyphs;
     double m_scale = 1, m_dotsPerPixel = 1;
     std::vector<Shared> m_shared;
-    std::deque<Page> m_pages; ///< the one that was used last in front
+    std::deque<Page> m_pages; ///< the most recently used first
 };
 
 } // namespace inin::viewer

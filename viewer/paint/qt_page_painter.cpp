@@ -41,10 +41,10 @@ QPainterPath qtPath(const Path &path)
     return out;
 }
 
-/// A curve as so many lines that none is further off than kOff, by the bound of the second differences.
+/// Appends a curve as lines with an error of at most kOff, by the bound of the second differences.
 void appendStraightened(Point from, const std::array<Point, 3> &curve, Path &out)
 {
-    constexpr double kOff = 0.0008; // of the square: a twentieth of a pixel at kSmall
+    constexpr double kOff = 0.0008; // of the font size: a twentieth of a pixel at kSmall
     const auto &[first, second, end] = curve;
     const double bendX = std::max(std::abs(from.x - 2 * first.x + second.x), std::abs(first.x - 2 * second.x + end.x));
     const double bendY = std::max(std::abs(from.y - 2 * first.y + second.y), std::abs(first.y - 2 * second.y + end.y));
@@ -96,7 +96,7 @@ QPen qtPen(const Stroke &stroke)
     return pen;
 }
 
-/// For letters of which one size is `size` units of the painter.
+/// `size` is the font size in units of the painter.
 QPen boldPen(const GlyphRun &run, double size)
 {
     return {qtColor(run.color), GlyphRun::kBoldLine * size, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin};
@@ -127,7 +127,7 @@ void QtPagePainter::paint(const PathCommand &command)
 
 namespace {
 
-/// The installed font that is this very file: only those does a printer's driver take as fonts.
+/// The installed font that is this very file, because printer drivers support only installed fonts.
 QRawFont installedFont(const QRawFont &file)
 {
     QFont wanted(file.familyName());
@@ -135,7 +135,7 @@ QRawFont installedFont(const QRawFont &file)
     wanted.setHintingPreference(QFont::PreferNoHinting);
     wanted.setStyleStrategy(QFont::NoFontMerging);
     const QRawFont found = QRawFont::fromFont(wanted);
-    // The head table holds the whole file's check sum.
+    // The head table contains the checksum of the whole file.
     return found.isValid() && found.fontTable("head") == file.fontTable("head") ? found : QRawFont();
 }
 
@@ -144,8 +144,7 @@ QRawFont installedFont(const QRawFont &file)
 const QRawFont &QtGlyphs::printerFont(const Font &font)
 {
     const auto [place, isNew] = m_printerFonts.try_emplace(&font);
-    // The toolkit opens the first font of a file only,
-    // and none at all without an application.
+    // Qt opens only the first font of a file, and none without an application.
     if (!isNew || font.index() != 0 || QGuiApplication::instance() == nullptr) return place->second;
     const QRawFont file(QString::fromStdString(font.path()), kPrinterFontSize, QFont::PreferNoHinting);
     if (file.isValid()) place->second = installedFont(file);
@@ -154,16 +153,16 @@ const QRawFont &QtGlyphs::printerFont(const Font &font)
 
 namespace {
 
-/// A screen's or picture's painter is fastest with letter by letter as it knows them; one that writes a file, as printers
-/// do, writes much more for each letter than for its outline.
+/// A raster painter is fastest with cached glyph outlines. A painter that writes a file, as printers do, writes much less
+/// for one path of all outlines than for many.
 bool writesFile(const QPainter &painter)
 {
     return painter.paintEngine() != nullptr && painter.paintEngine()->type() != QPaintEngine::Raster;
 }
 
-/// Corners on a grid of 1200 to the inch at least, finer than any printer's dot: numbers without a tail of digits, which
-/// no compression makes small.
-void putOnGrid(QPainterPath &path, int dotsPerInch)
+/// Rounds the points of a path to a grid of at least 1200 per inch, finer than a printer's dots. Numbers with many digits
+/// would not compress.
+void snapToGrid(QPainterPath &path, int dotsPerInch)
 {
     constexpr int kFine = 1200;
     const double grid = dotsPerInch >= kFine ? 1 : dotsPerInch >= kFine / 2 ? 2 : dotsPerInch >= kFine / 4 ? 4 : 16;
@@ -173,24 +172,25 @@ void putOnGrid(QPainterPath &path, int dotsPerInch)
     }
 }
 
-/// How large a square of 1 is across and down; a tightened letter is smaller along its line.
-Point squareOf(const GlyphRun &run)
+/// The horizontal and the vertical font size; a stretched run differs along its line.
+Point emSizeOf(const GlyphRun &run)
 {
-    const double tight = run.size * run.stretch;
-    return run.runsDown ? Point{run.size, tight} : Point{tight, run.size};
+    const double stretched = run.size * run.stretch;
+    return run.isVertical ? Point{run.size, stretched} : Point{stretched, run.size};
 }
 
-/// Tells each glyph's number, with the place of its square of 1 on the run's line.
-template <class Body> void eachPlace(const GlyphRun &run, Body &&body)
+/// Calls `body` with the number of each glyph and the transform of its outline to the run's line.
+template <class Body> void forEachGlyph(const GlyphRun &run, Body &&body)
 {
-    const Point square = squareOf(run);
+    const Point em = emSizeOf(run);
     const double step = run.size * run.stretch / 1000;
     double spaced = 0;
     for (const ShapedGlyph &glyph : run.glyphs) {
         const double along = double{glyph.x} * step + spaced;
-        const Point at = run.runsDown ? Point{double{glyph.aside} * run.size / 1000, along + double{glyph.drop} * step}
-                                      : Point{along, 0};
-        body(glyph.glyph, Affine{square.x, 0, 0, square.y, at.x, at.y});
+        const Point at = run.isVertical
+                             ? Point{double{glyph.offsetX} * run.size / 1000, along + double{glyph.offsetY} * step}
+                             : Point{along, 0};
+        body(glyph.glyph, Affine{em.x, 0, 0, em.y, at.x, at.y});
         spaced += run.spacing * run.stretch;
     }
 }
@@ -203,7 +203,7 @@ void QtPagePainter::paint(const GlyphRun &run)
     if (!writesFile(m_painter))
         paintOutlines(run);
     else if (run.isBold || !paintAsText(run))
-        paintGathered(run);
+        paintAsOnePath(run);
     m_painter.setTransform(before);
 }
 
@@ -211,7 +211,7 @@ void QtPagePainter::paintOutlines(const GlyphRun &run)
 {
     const QTransform line = qtTransform(run.at) * m_painter.transform();
     const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
-    eachPlace(run, [&](std::uint32_t glyph, const Affine &place) {
+    forEachGlyph(run, [&](std::uint32_t glyph, const Affine &place) {
         const QPainterPath &outline = m_glyphs.outline(*run.font, glyph, pixels);
         m_painter.setTransform(qtTransform(place) * line);
         m_painter.fillPath(outline, qtColor(run.color));
@@ -219,42 +219,40 @@ void QtPagePainter::paintOutlines(const GlyphRun &run)
     });
 }
 
-/// All outlines of a line as one path.
-void QtPagePainter::paintGathered(const GlyphRun &run)
+/// Paints all outlines of a line as one path.
+void QtPagePainter::paintAsOnePath(const GlyphRun &run)
 {
     const QTransform line = qtTransform(run.at) * m_painter.transform();
     const double pixels = run.size * std::sqrt(std::abs(line.determinant()));
     QPainterPath gathered;
     gathered.setFillRule(Qt::WindingFill);
-    eachPlace(run, [&](std::uint32_t glyph, const Affine &place) {
+    forEachGlyph(run, [&](std::uint32_t glyph, const Affine &place) {
         gathered.addPath((qtTransform(place) * line).map(m_glyphs.outline(*run.font, glyph, pixels)));
     });
-    putOnGrid(gathered, m_painter.device()->logicalDpiY());
+    snapToGrid(gathered, m_painter.device()->logicalDpiY());
     m_painter.resetTransform();
     m_painter.fillPath(gathered, qtColor(run.color));
     if (run.isBold) m_painter.strokePath(gathered, boldPen(run, pixels));
 }
 
-/// The glyphs by their numbers in the font's own file: the printer's driver keeps each shape once. False when it cannot
-/// have the font.
+/// Paints glyphs by number, so that the printer driver stores each shape once. False when the font is not available.
 bool QtPagePainter::paintAsText(const GlyphRun &run)
 {
     const QRawFont &font = m_glyphs.printerFont(*run.font);
     if (!font.isValid()) return false;
-    // The painter is scaled to the font's size, and a tightened letter is narrower by it too.
-    const double across = squareOf(run).x / QtGlyphs::kPrinterFontSize;
-    const double down = squareOf(run).y / QtGlyphs::kPrinterFontSize;
+    const double scaleX = emSizeOf(run).x / QtGlyphs::kPrinterFontSize;
+    const double scaleY = emSizeOf(run).y / QtGlyphs::kPrinterFontSize;
     QList<quint32> numbers;
     QList<QPointF> places;
-    eachPlace(run, [&](std::uint32_t glyph, const Affine &place) {
+    forEachGlyph(run, [&](std::uint32_t glyph, const Affine &place) {
         numbers.append(glyph);
-        places.append({place.e / across, place.f / down});
+        places.append({place.e / scaleX, place.f / scaleY});
     });
     QGlyphRun text;
     text.setRawFont(font);
     text.setGlyphIndexes(numbers);
     text.setPositions(places);
-    m_painter.setTransform(qtTransform(run.at * Affine{across, 0, 0, down, 0, 0}) * m_painter.transform());
+    m_painter.setTransform(qtTransform(run.at * Affine{scaleX, 0, 0, scaleY, 0, 0}) * m_painter.transform());
     m_painter.setPen(qtColor(run.color));
     m_painter.drawGlyphRun({}, text);
     return true;

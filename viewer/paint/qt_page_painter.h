@@ -14,18 +14,18 @@ namespace inin::viewer {
 
 class LetterPress;
 
-/// The outlines of glyphs as Qt has them, kept for all pages of a window.
+/// A cache of glyph outlines as Qt paths, for all pages of a window.
 class QtGlyphs {
 public:
-    /// In a square of 1, y downwards. A glyph that covers fewer than kSmall device pixels comes as straight lines that
-    /// differ from its curves by less than can be seen: bending curves anew is most of the work of a page.
+    /// The outline for a font size of 1, y downwards. Below a size of kSmall device pixels it consists of straight lines,
+    /// which look the same: flattening curves would be most of the work of a page.
     [[nodiscard]] const QPainterPath &outline(const Font &font, std::uint32_t glyph, double pixels);
 
     static constexpr double kSmall = 64;
 
-    /// The font for printers, which then get a letter by its number; invalid unless this very file is installed.
+    /// The font for printing by glyph numbers. Invalid unless this very file is installed.
     [[nodiscard]] const QRawFont &printerFont(const Font &font);
-    /// Size of printerFont in pixels; whoever paints with it scales.
+    /// The size of printerFont in pixels; the painter must be scaled.
     static constexpr double kPrinterFontSize = 100;
 
 private:
@@ -36,7 +36,8 @@ private:
     std::unordered_map<const Font *, QRawFont> m_printerFonts;
 };
 
-/// Paints with QPainter, whose unit must be the point. Letters are outlines, but to a printer that can have its font.
+/// Paints with a QPainter whose unit is the point. Text is painted as outlines, or as text on a printer if the font is
+/// installed.
 class QtPagePainter : public PagePainter {
 public:
     QtPagePainter(QPainter &painter, QtGlyphs &glyphs) : m_painter(painter), m_glyphs(glyphs) {}
@@ -45,21 +46,21 @@ public:
 
 private:
     void paintOutlines(const GlyphRun &run);
-    void paintGathered(const GlyphRun &run);
+    void paintAsOnePath(const GlyphRun &run);
     bool paintAsText(const GlyphRun &run);
 
     QPainter &m_painter;
     QtGlyphs &m_glyphs;
 };
 
-/// Paints a whole letter on its paper; the painter's unit must be the point.
+/// Paints a letter on its paper. The painter's unit must be the point.
 void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
-/// The letter's two halves: first what it shares with all letters of its form, then what is its own.
+/// The two halves of paintLetter(): first the part that all letters of the form share, then the letter's fields.
 void paintShared(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
 void paintFields(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
-/// The paper of a press at so many dots to the point, blank.
+/// Blank paper at `scale` dots per point.
 [[nodiscard]] QImage whitePaper(const LetterPress &press, double scale);
-/// One letter as a picture on white paper; needs no display.
+/// A letter as a picture on white paper. Needs no display.
 [[nodiscard]] QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 /// The same as the bytes of a PNG file.
 [[nodiscard]] std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);

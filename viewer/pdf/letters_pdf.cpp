@@ -17,7 +17,7 @@ constexpr std::size_t kPagesBetweenReports = 100;
 
 class LettersPdf {
 public:
-    LettersPdf(FinishedFile &out, LetterPress &press, Point shift)
+    LettersPdf(AtomicFile &out, LetterPress &press, Point shift)
         : m_press(press), m_shift(shift), m_file(out), m_fonts(m_file), m_paper(press.paperSize()),
           m_catalog(m_file.reserve()), m_pages(m_file.reserve()), m_resources(m_file.reserve())
     {
@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    /// What every letter of a layout shares, written once.
+    /// The shared part of a layout's letters, written once.
     struct Shared {
         const LetterLayout *layout;
         int object;
@@ -54,11 +54,11 @@ private:
         entries += ' ';
         appendNumber(entries, height);
         fmt::format_to(std::back_inserter(entries), "]/Resources {} 0 R", m_resources);
-        m_file.writeStream(m_shared.back().object, entries, painter.finish(), Press::well);
+        m_file.writeStream(m_shared.back().object, entries, painter.finish(), Compression::best);
         return m_shared.size() - 1;
     }
 
-    /// From the form's page to the paper where these differ; both count y from below here.
+    /// Adds the transform from the form's page to the paper if they differ. In a PDF, y grows upwards.
     void placeOnPaper(std::size_t letter, double formHeight, PdfPainter &painter)
     {
         const Affine at = m_press.onPaper(letter);
@@ -85,7 +85,7 @@ private:
         painter.add("/S" + std::to_string(shared) + " Do\n");
         m_press.paintFields(letter, painter);
         const int content = m_file.reserve(), page = m_file.reserve();
-        m_file.writeStream(content, "", painter.finish(), Press::quickly);
+        m_file.writeStream(content, "", painter.finish(), Compression::fast);
         m_body.clear();
         fmt::format_to(std::back_inserter(m_body), "<</Type/Page/Parent {} 0 R/Contents {} 0 R>>", m_pages, content);
         m_file.writeObject(page, m_body);
@@ -143,9 +143,9 @@ bool writeLettersPdf(const std::string &path, LetterPress &press, std::span<cons
                      const Progress &progress, Point shift)
 {
     if (letters.empty()) throw RuntimeError(error_number::invalidCall, "委任状が一つも選ばれていません。");
-    FinishedFile out(path);
+    AtomicFile out(path);
     if (!LettersPdf(out, press, shift).write(letters, progress)) return false;
-    out.finish();
+    out.commit();
     return true;
 }
 

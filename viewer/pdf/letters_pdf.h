@@ -8,12 +8,12 @@
 
 namespace inin::viewer {
 
-/// Told the number of pages written; false ends the writing, and no file is left.
+/// Receives the number of pages written. Returning false cancels the output and leaves no file.
 using Progress = std::function<bool(std::size_t pages)>;
 
-/// Writes letters as a PDF, a page each, in the order given, moved by `shift` points to the right and downwards. False when
-/// `progress` ended it. A RuntimeError with a sentence when the file cannot be written; an older file of that name then
-/// stays.
+/// Writes letters as a PDF, one page each in the given order, shifted by `shift` points to the right and downwards. False
+/// when `progress` cancelled it. Throws a RuntimeError with a sentence when the file cannot be written, and keeps an
+/// older file of that name.
 bool writeLettersPdf(const std::string &path, LetterPress &press, std::span<const std::size_t> letters,
                      const Progress &progress = {}, Point shift = {});
 

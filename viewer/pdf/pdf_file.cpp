@@ -9,7 +9,7 @@
 
 namespace inin::viewer {
 
-/// One compressor for all streams of its kind: making one anew costs more than pressing a page.
+/// One compressor for all streams of a level: creating one is slower than compressing a page.
 class PdfFile::Deflater {
 public:
     explicit Deflater(int level)
@@ -20,11 +20,11 @@ public:
     Deflater &operator=(const Deflater &) = delete;
     ~Deflater() { deflateEnd(&m_stream); }
 
-    std::string_view press(std::string_view content)
+    std::string_view compress(std::string_view content)
     {
         deflateReset(&m_stream);
         m_room.resize(deflateBound(&m_stream, static_cast<uLong>(content.size())));
-        // The library reads through a pointer to changeable bytes and changes none.
+        // zlib does not modify its input, although the pointer is not const.
         m_stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(content.data()));
         m_stream.avail_in = static_cast<uInt>(content.size());
         m_stream.next_out = reinterpret_cast<Bytef *>(m_room.data());
@@ -38,10 +38,11 @@ private:
     std::string m_room;
 };
 
-PdfFile::PdfFile(FinishedFile &out)
-    : m_out(out), m_quick(std::make_unique<Deflater>(1)), m_well(std::make_unique<Deflater>(9))
+PdfFile::PdfFile(AtomicFile &out)
+    : m_out(out), m_fast(std::make_unique<Deflater>(Z_BEST_SPEED)),
+      m_best(std::make_unique<Deflater>(Z_BEST_COMPRESSION))
 {
-    // The second line tells a transport that this is no text.
+    // The comment of bytes above 127 marks the file as binary.
     write("%PDF-1.5\n%\xE2\xE3\xCF\xD3\n");
 }
 
@@ -49,8 +50,8 @@ PdfFile::~PdfFile() = default;
 
 int PdfFile::reserve()
 {
-    m_places.push_back(0);
-    return static_cast<int>(m_places.size());
+    m_offsets.push_back(0);
+    return static_cast<int>(m_offsets.size());
 }
 
 void PdfFile::write(std::string_view bytes)
@@ -61,7 +62,7 @@ void PdfFile::write(std::string_view bytes)
 
 void PdfFile::begin(int number)
 {
-    m_places[static_cast<std::size_t>(number - 1)] = m_written;
+    m_offsets[static_cast<std::size_t>(number - 1)] = m_written;
     m_head.clear();
     fmt::format_to(std::back_inserter(m_head), "{} 0 obj\n", number);
 }
@@ -74,23 +75,23 @@ void PdfFile::writeObject(int number, std::string_view body)
     write(m_head);
 }
 
-void PdfFile::writeStream(int number, std::string_view entries, std::string_view content, Press press)
+void PdfFile::writeStream(int number, std::string_view entries, std::string_view content, Compression compression)
 {
-    const std::string_view pressed = (press == Press::quickly ? *m_quick : *m_well).press(content);
+    const std::string_view data = (compression == Compression::fast ? *m_fast : *m_best).compress(content);
     begin(number);
-    fmt::format_to(std::back_inserter(m_head), "<<{}/Filter/FlateDecode/Length {}>>stream\n", entries, pressed.size());
+    fmt::format_to(std::back_inserter(m_head), "<<{}/Filter/FlateDecode/Length {}>>stream\n", entries, data.size());
     write(m_head);
-    write(pressed);
+    write(data);
     write("\nendstream\nendobj\n");
 }
 
 void PdfFile::close(int catalog, int info)
 {
     const std::uint64_t table = m_written;
-    std::string lines = fmt::format("xref\n0 {}\n0000000000 65535 f \n", m_places.size() + 1);
-    for (const std::uint64_t place : m_places) fmt::format_to(std::back_inserter(lines), "{:010} 00000 n \n", place);
+    std::string lines = fmt::format("xref\n0 {}\n0000000000 65535 f \n", m_offsets.size() + 1);
+    for (const std::uint64_t offset : m_offsets) fmt::format_to(std::back_inserter(lines), "{:010} 00000 n \n", offset);
     fmt::format_to(std::back_inserter(lines), "trailer\n<</Size {}/Root {} 0 R/Info {} 0 R>>\nstartxref\n{}\n%%EOF\n",
-                   m_places.size() + 1, catalog, info, table);
+                   m_offsets.size() + 1, catalog, info, table);
     write(lines);
 }
 

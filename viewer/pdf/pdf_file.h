@@ -10,23 +10,23 @@
 
 namespace inin::viewer {
 
-/// How hard a stream is pressed: pages are many, what stands once is worth more work.
-enum class Press { quickly, well };
+/// Fast for the many page streams; best for streams that occur once in a file.
+enum class Compression { fast, best };
 
-/// The objects of a PDF file, written as they come; only their places are kept.
+/// Writes the objects of a PDF file immediately and keeps only their offsets.
 class PdfFile {
 public:
-    explicit PdfFile(FinishedFile &out);
+    explicit PdfFile(AtomicFile &out);
     PdfFile(const PdfFile &) = delete;
     PdfFile &operator=(const PdfFile &) = delete;
     ~PdfFile();
 
-    /// A number for an object that is written later.
+    /// Returns the number of an object that will be written later.
     [[nodiscard]] int reserve();
     void writeObject(int number, std::string_view body);
-    /// `entries` stand in the stream's dictionary beside length and filter.
-    void writeStream(int number, std::string_view entries, std::string_view content, Press press);
-    /// The table of objects and the end of the file; the file itself is finished by its owner.
+    /// `entries` are added to the stream's dictionary, which has its length and filter.
+    void writeStream(int number, std::string_view entries, std::string_view content, Compression compression);
+    /// Writes the cross-reference table and the trailer. The owner of `out` commits it.
     void close(int catalog, int info);
 
 private:
@@ -35,10 +35,10 @@ private:
     void begin(int number);
     void write(std::string_view bytes);
 
-    FinishedFile &m_out;
-    std::vector<std::uint64_t> m_places;
+    AtomicFile &m_out;
+    std::vector<std::uint64_t> m_offsets;
     std::uint64_t m_written = 0;
-    std::unique_ptr<Deflater> m_quick, m_well;
+    std::unique_ptr<Deflater> m_fast, m_best;
     std::string m_head;
 };
 

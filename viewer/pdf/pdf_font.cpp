@@ -15,9 +15,9 @@ namespace inin::viewer {
 namespace {
 
 constexpr float kFullWidth = 1000;
-constexpr std::size_t kMapBlock = 100; ///< entries of one block of a character map, at most
+constexpr std::size_t kMapBlock = 100; ///< the largest number of entries in a block of a CMap
 
-/// To the hundredth that is written, so that the pen of the file and that of the layout agree.
+/// Rounds to hundredths as in the file, so that the pen positions of file and layout agree.
 float asWritten(float width)
 {
     return std::round(width * 100) / 100;
@@ -25,36 +25,36 @@ float asWritten(float width)
 
 } // namespace
 
-PdfFont::PdfFont(const Font &font, Lines lines, int number, PdfFile &file)
-    : m_font(font), m_lines(lines), m_number(number), m_object(file.reserve()), m_quick(kQuick), m_used(1)
+PdfFont::PdfFont(const Font &font, Direction direction, int number, PdfFile &file)
+    : m_font(font), m_direction(direction), m_number(number), m_object(file.reserve()), m_cache(kCached), m_used(1)
 {
 }
 
-std::uint16_t PdfFont::newOrRareCode(const ShapedGlyph &glyph)
+std::uint16_t PdfFont::findOrAddCode(const ShapedGlyph &glyph)
 {
     const std::uint64_t key = std::uint64_t{glyph.glyph} << 32 | glyph.text;
-    if (const auto found = m_rare.find(key); found != m_rare.end()) return found->second;
+    if (const auto found = m_otherCodes.find(key); found != m_otherCodes.end()) return found->second;
     if (m_used.size() > std::numeric_limits<std::uint16_t>::max())
         throw RuntimeError(error_number::overflow, "一つの PDF に使える文字の種類を超えました。");
     const auto code = static_cast<std::uint16_t>(m_used.size());
-    if (m_lines == Lines::across)
+    if (m_direction == Direction::horizontal)
         m_used.push_back({glyph.glyph, glyph.text, asWritten(m_font.advanceOf(glyph.glyph))});
     else
-        m_used.push_back({glyph.glyph, glyph.text, asWritten(glyph.advance), glyph.aside, glyph.drop});
-    if (glyph.text < kQuick && m_quick[glyph.text].code == 0)
-        m_quick[glyph.text] = {glyph.glyph, code};
+        m_used.push_back({glyph.glyph, glyph.text, asWritten(glyph.advance), glyph.offsetX, glyph.offsetY});
+    if (glyph.text < kCached && m_cache[glyph.text].code == 0)
+        m_cache[glyph.text] = {glyph.glyph, code};
     else
-        m_rare.emplace(key, code);
+        m_otherCodes.emplace(key, code);
     return code;
 }
 
-/// Of each code: how far the pen goes down, and where the pen is from the glyph's origin (ISO 32000, 9.7.4.3).
-std::string PdfFont::heights() const
+/// The vertical displacement and the position vector of each code (ISO 32000, 9.7.4.3).
+std::string PdfFont::verticalMetrics() const
 {
     std::string out = "/W2[";
     for (std::size_t code = 1; code < m_used.size(); ++code) {
         fmt::format_to(std::back_inserter(out), "{}[", code);
-        for (const float number : {-m_used[code].width, -m_used[code].aside, m_used[code].drop}) {
+        for (const float number : {-m_used[code].width, -m_used[code].offsetX, m_used[code].offsetY}) {
             appendNumber(out, double{number});
             out += ' ';
         }
@@ -65,11 +65,11 @@ std::string PdfFont::heights() const
 
 std::string PdfFont::widths() const
 {
-    if (m_lines == Lines::down) return heights();
-    return "/DW 1000/W " + ownWidths();
+    if (m_direction == Direction::vertical) return verticalMetrics();
+    return "/DW 1000/W " + horizontalWidths();
 }
 
-std::string PdfFont::ownWidths() const
+std::string PdfFont::horizontalWidths() const
 {
     std::string out = "[";
     for (std::size_t code = 1; code < m_used.size(); ++code) {
@@ -107,19 +107,19 @@ std::string PdfFont::unicodeMap() const
 void PdfFont::write(PdfFile &file) const
 {
     std::vector<std::uint32_t> glyphs;
-    for (const Used &used : m_used) glyphs.push_back(used.glyph);
+    for (const UsedGlyph &used : m_used) glyphs.push_back(used.glyph);
     const Font::Subset subset = m_font.subsetOf(glyphs);
-    std::string places;
-    for (const std::uint32_t place : subset.places) {
-        places += static_cast<char>(place >> 8);
-        places += static_cast<char>(place & 0xFF);
+    std::string glyphMap;
+    for (const std::uint32_t glyph : subset.newGlyphs) {
+        glyphMap += static_cast<char>(glyph >> 8);
+        glyphMap += static_cast<char>(glyph & 0xFF);
     }
     const int fontFile = file.reserve(), map = file.reserve(), unicode = file.reserve(), descriptor = file.reserve(),
               descendant = file.reserve();
-    file.writeStream(fontFile, fmt::format("/Length1 {}", subset.bytes.size()), subset.bytes, Press::well);
-    file.writeStream(map, "", places, Press::well);
-    file.writeStream(unicode, "", unicodeMap(), Press::well);
-    // A subset's name begins with six letters of its own and a plus sign.
+    file.writeStream(fontFile, fmt::format("/Length1 {}", subset.bytes.size()), subset.bytes, Compression::best);
+    file.writeStream(map, "", glyphMap, Compression::best);
+    file.writeStream(unicode, "", unicodeMap(), Compression::best);
+    // The name of a subset begins with a tag of six letters and a plus sign.
     const std::string name = fmt::format("ININF{}+{}", static_cast<char>('A' + m_number % 26), m_font.postScriptName());
     const long ascent = std::lround(m_font.ascent()), descent = std::lround(m_font.descent());
     file.writeObject(descriptor,
@@ -131,9 +131,10 @@ void PdfFont::write(PdfFile &file) const
                                  "/Ordering(Identity)/Supplement 0>>/FontDescriptor {} 0 R{}"
                                  "/CIDToGIDMap {} 0 R>>",
                                  name, descriptor, widths(), map));
-    file.writeObject(m_object, fmt::format("<</Type/Font/Subtype/Type0/BaseFont/{}/Encoding/Identity-{}"
-                                           "/DescendantFonts[{} 0 R]/ToUnicode {} 0 R>>",
-                                           name, m_lines == Lines::across ? 'H' : 'V', descendant, unicode));
+    file.writeObject(m_object,
+                     fmt::format("<</Type/Font/Subtype/Type0/BaseFont/{}/Encoding/Identity-{}"
+                                 "/DescendantFonts[{} 0 R]/ToUnicode {} 0 R>>",
+                                 name, m_direction == Direction::horizontal ? 'H' : 'V', descendant, unicode));
 }
 
 } // namespace inin::viewer

@@ -9,57 +9,57 @@
 
 namespace inin::viewer {
 
-/// A font as a PDF has it: only the glyphs that were used. A code stands for a glyph and what was written with it, so
-/// that two characters of one glyph (支 U+652F and the radical U+2F40) are taken back as what they were. Lines that run down
-/// have a font of their own, whose letters stand below one another.
+/// A font of a PDF with only the glyphs that are used. A code identifies a glyph and its characters, so that two characters
+/// with the same glyph (支 U+652F and the radical U+2F40) are extracted correctly. Vertical lines use a separate font with
+/// vertical metrics.
 class PdfFont {
 public:
-    enum class Lines { across, down };
-    PdfFont(const Font &font, Lines lines, int number, PdfFile &file);
+    enum class Direction { horizontal, vertical };
+    PdfFont(const Font &font, Direction direction, int number, PdfFile &file);
 
     [[nodiscard]] const Font &font() const { return m_font; }
-    [[nodiscard]] Lines lines() const { return m_lines; }
-    /// The number of its object and of its resource name.
+    [[nodiscard]] Direction direction() const { return m_direction; }
     [[nodiscard]] int object() const { return m_object; }
+    /// The number in the font's resource name.
     [[nodiscard]] int number() const { return m_number; }
 
     std::uint16_t codeOf(const ShapedGlyph &glyph)
     {
-        if (glyph.text < kQuick) {
-            const Quick &quick = m_quick[glyph.text];
-            if (quick.code != 0 && quick.glyph == glyph.glyph) return quick.code;
+        if (glyph.text < kCached) {
+            const CachedCode &cached = m_cache[glyph.text];
+            if (cached.code != 0 && cached.glyph == glyph.glyph) return cached.code;
         }
-        return newOrRareCode(glyph);
+        return findOrAddCode(glyph);
     }
-    /// How far a letter moves the pen along its line: thousandths of the size, as the file has them.
+    /// The advance of a code along its line as written, in thousandths of the size.
     [[nodiscard]] float widthOf(std::uint16_t code) const { return m_used[code].width; }
 
     void write(PdfFile &file) const;
 
 private:
-    static constexpr std::uint32_t kQuick = 0x10000;
-    struct Quick {
+    static constexpr std::uint32_t kCached = 0x10000;
+    struct CachedCode {
         std::uint32_t glyph = 0;
         std::uint16_t code = 0;
     };
-    struct Used {
+    struct UsedGlyph {
         std::uint32_t glyph = 0, text = 0;
         float width = 0;
-        float aside = 0, drop = 0; ///< of the glyph's origin from the pen, in lines that run down
+        float offsetX = 0, offsetY = 0; ///< of the glyph's origin from the pen, in vertical lines
     };
 
-    std::uint16_t newOrRareCode(const ShapedGlyph &glyph);
+    std::uint16_t findOrAddCode(const ShapedGlyph &glyph);
     [[nodiscard]] std::string widths() const;
-    [[nodiscard]] std::string ownWidths() const;
-    [[nodiscard]] std::string heights() const;
+    [[nodiscard]] std::string horizontalWidths() const;
+    [[nodiscard]] std::string verticalMetrics() const;
     [[nodiscard]] std::string unicodeMap() const;
 
     const Font &m_font;
-    Lines m_lines;
+    Direction m_direction;
     int m_number, m_object;
-    std::vector<Quick> m_quick;
-    std::vector<Used> m_used; ///< by code; code 0 is never used
-    std::unordered_map<std::uint64_t, std::uint16_t> m_rare;
+    std::vector<CachedCode> m_cache; ///< by code point: the first code of each
+    std::vector<UsedGlyph> m_used;   ///< by code; code 0 is never used
+    std::unordered_map<std::uint64_t, std::uint16_t> m_otherCodes;
 };
 
 } // namespace inin::viewer

@@ -9,7 +9,7 @@ namespace inin::viewer {
 
 namespace {
 
-/// A pen that is further off than this (thousandths of the size) is put right.
+/// A pen position with a larger error than this (thousandths of the size) is corrected.
 constexpr double kPenTolerance = 0.6;
 
 bool isPlainMove(const Affine &at)
@@ -35,12 +35,12 @@ void appendColor(std::string &out, const Color &color, const char *gray, const c
 
 } // namespace
 
-PdfFont &PdfFonts::of(const Font &font, PdfFont::Lines lines)
+PdfFont &PdfFonts::of(const Font &font, PdfFont::Direction direction)
 {
     const auto found = std::ranges::find_if(
-        m_fonts, [&](const auto &known) { return &known->font() == &font && known->lines() == lines; });
+        m_fonts, [&](const auto &known) { return &known->font() == &font && known->direction() == direction; });
     if (found != m_fonts.end()) return **found;
-    return *m_fonts.emplace_back(std::make_unique<PdfFont>(font, lines, static_cast<int>(m_fonts.size()), m_file));
+    return *m_fonts.emplace_back(std::make_unique<PdfFont>(font, direction, static_cast<int>(m_fonts.size()), m_file));
 }
 
 void PdfPainter::begin(double pageHeight)
@@ -74,7 +74,7 @@ void PdfPainter::beginText()
     m_out += "BT\n";
     m_isInText = true;
     m_lineX = m_lineY = 0;
-    m_isTurned = false;
+    m_isTransformed = false;
 }
 
 void PdfPainter::endText()
@@ -98,13 +98,13 @@ void PdfPainter::setFillColor(const Color &color)
     appendColor(m_out, color, "g", "rg");
 }
 
-/// Letters filled and drawn around with the fill's colour, or only filled.
+/// Sets the text rendering mode: filled and stroked with the same colour, or only filled.
 void PdfPainter::setBold(const GlyphRun &run)
 {
     if (run.isBold) {
         appendColor(m_out, run.color, "G", "RG");
         appendNumber(m_out, run.size * run.at.scale() * GlyphRun::kBoldLine, 3);
-        // Without dashes, and with round corners: pointed ones stick out of small letters.
+        // Solid lines with round joins: mitred corners would stick out of small characters.
         m_out += " w 1 j [] 0 d\n";
     }
     if (m_isBold == run.isBold) return;
@@ -114,10 +114,10 @@ void PdfPainter::setBold(const GlyphRun &run)
 
 void PdfPainter::setFont(const GlyphRun &run)
 {
-    const auto lines = run.runsDown ? PdfFont::Lines::down : PdfFont::Lines::across;
-    const bool isSame = m_font == run.font && m_pdfFont->lines() == lines;
+    const auto direction = run.isVertical ? PdfFont::Direction::vertical : PdfFont::Direction::horizontal;
+    const bool isSame = m_font == run.font && m_pdfFont->direction() == direction;
     if (isSame && m_size == run.size) return;
-    if (!isSame) m_pdfFont = &m_fonts.of(*run.font, lines);
+    if (!isSame) m_pdfFont = &m_fonts.of(*run.font, direction);
     m_font = run.font;
     m_size = run.size;
     m_out += "/F";
@@ -131,10 +131,10 @@ void PdfPainter::moveTo(const GlyphRun &run)
 {
     const Affine &at = run.at;
     const double along = double{run.glyphs.front().x} * run.size * run.stretch / 1000;
-    const Point start = run.runsDown ? at({0, along}) : at({along, 0});
-    const bool isTurned = !isPlainMove(at);
+    const Point start = run.isVertical ? at({0, along}) : at({along, 0});
+    const bool isTransformed = !isPlainMove(at);
     const std::int64_t x = hundredthsOf(start.x), y = hundredthsOf(m_height - start.y);
-    if (isTurned || m_isTurned) {
+    if (isTransformed || m_isTransformed) {
         for (const double part : {at.a, -at.b, -at.c, at.d}) {
             appendNumber(m_out, part, 5);
             m_out += ' ';
@@ -149,7 +149,7 @@ void PdfPainter::moveTo(const GlyphRun &run)
         appendHundredths(m_out, y - m_lineY);
         m_out += " Td\n";
     }
-    m_isTurned = isTurned;
+    m_isTransformed = isTransformed;
     m_lineX = x;
     m_lineY = y;
 }
@@ -163,7 +163,7 @@ void PdfPainter::appendCode(std::uint16_t code)
     }
 }
 
-/// One string while the pen goes on by itself; where it does not, the strings of a list with the moves between.
+/// Writes one string (Tj), or strings with corrections between them (TJ) where the pen would be at a wrong position.
 void PdfPainter::showGlyphs(const GlyphRun &run)
 {
     const std::size_t begin = m_out.size();
@@ -176,8 +176,8 @@ void PdfPainter::showGlyphs(const GlyphRun &run)
         if (std::abs(off) > kPenTolerance) {
             isList = true;
             m_out += ')';
-            // Taken from the way ahead, which in lines that run down is counted upwards.
-            appendNumber(m_out, run.runsDown ? -off : off);
+            // The number is subtracted from the pen's position, whose y grows upwards in vertical lines.
+            appendNumber(m_out, run.isVertical ? -off : off);
             m_out += '(';
             pen = glyph.x;
         }
@@ -191,19 +191,19 @@ void PdfPainter::showGlyphs(const GlyphRun &run)
 void PdfPainter::paint(const GlyphRun &run)
 {
     if (run.glyphs.empty()) return;
-    if (run.runsDown && run.stretch != 1) {
-        // The file's own tightening knows only lines that run across.
-        GlyphRun tight = run;
-        tight.at = run.at * Affine{1, 0, 0, run.stretch, 0, 0};
-        tight.stretch = 1;
-        paint(tight);
+    if (run.isVertical && run.stretch != 1) {
+        // The operator Tz scales horizontally only.
+        GlyphRun scaled = run;
+        scaled.at = run.at * Affine{1, 0, 0, run.stretch, 0, 0};
+        scaled.stretch = 1;
+        paint(scaled);
         return;
     }
     beginText();
     setFillColor(run.color);
     setFont(run);
     setBold(run);
-    set(m_spacing, run.runsDown ? -run.spacing : run.spacing, " Tc\n");
+    set(m_spacing, run.isVertical ? -run.spacing : run.spacing, " Tc\n");
     if (m_stretch != run.stretch) {
         m_stretch = run.stretch;
         appendNumber(m_out, run.stretch * 100);
@@ -215,7 +215,7 @@ void PdfPainter::paint(const GlyphRun &run)
     if (run.endsLineText) m_out += "EMC\n";
 }
 
-/// Says what is written: a reader of the file takes letters that stand one below another for as many lines.
+/// Adds the text of a vertical line, whose characters PDF readers would extract as a line each.
 void PdfPainter::beginActualText(std::u32string_view text)
 {
     m_out += "/Span<</ActualText<FEFF";

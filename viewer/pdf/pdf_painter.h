@@ -14,7 +14,7 @@ namespace inin::viewer {
 class PdfFonts {
 public:
     explicit PdfFonts(PdfFile &file) : m_file(file) {}
-    [[nodiscard]] PdfFont &of(const Font &font, PdfFont::Lines lines);
+    [[nodiscard]] PdfFont &of(const Font &font, PdfFont::Direction direction);
     [[nodiscard]] const std::vector<std::unique_ptr<PdfFont>> &all() const { return m_fonts; }
 
 private:
@@ -22,18 +22,18 @@ private:
     std::vector<std::unique_ptr<PdfFont>> m_fonts;
 };
 
-/// Writes what is painted as the operators of a content stream. y turns round at `pageHeight`.
+/// Writes the operators of a content stream. y is mirrored, because it grows upwards in a PDF.
 class PdfPainter : public PagePainter {
 public:
     PdfPainter(PdfFonts &fonts, double pageHeight) : m_fonts(fonts), m_height(pageHeight) {}
 
     void paint(const PathCommand &path) override;
     void paint(const GlyphRun &run) override;
-    /// An operator line of the caller's own.
+    /// Adds operators outside of a text object.
     void add(std::string_view operators);
     /// Begins a new content stream.
     void begin(double pageHeight);
-    /// The content of the stream, which then is whole.
+    /// Completes the stream and returns its content.
     [[nodiscard]] const std::string &finish();
 
 private:
@@ -55,14 +55,14 @@ private:
     double m_height;
     std::string m_out;
     bool m_isInText = false;
-    // What the stream has set so far; text operators move from the line before, in whole hundredths.
+    // The graphics state that the stream has set. Text positions are relative to the previous line, in whole hundredths.
     const Font *m_font = nullptr;
     PdfFont *m_pdfFont = nullptr;
     double m_size = 0, m_stretch = 1, m_spacing = 0;
     Color m_fill;
     bool m_isBold = false;
     std::int64_t m_lineX = 0, m_lineY = 0;
-    bool m_isTurned = false; ///< the text matrix is no plain move
+    bool m_isTransformed = false; ///< the text matrix is more than a translation
 };
 
 } // namespace inin::viewer

@@ -34,7 +34,7 @@ void appendScaled(std::string &out, std::int64_t scaled, int decimals)
     out.append(digits.data() + std::max(whole, 0), static_cast<std::size_t>(last - std::max(whole, 0)));
 }
 
-/// The number times ten to the power of `decimals`. A form may hold any number.
+/// The number times ten to the power of `decimals`. A form may contain any number.
 std::int64_t scaled(double number, int decimals)
 {
     constexpr double kLargest = 1e13; // in hundred-thousandths it fits into 64 bits

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kSeparator = "\",\"";
 
-/// What stands between the first and the last quote: a value may hold quotes of its own.
+/// The text between the first and the last quote. A value may contain quotes.
 std::optional<std::string> quoted(std::string_view text)
 {
     if (text.size() < 2 || !text.starts_with('"') || !text.ends_with('"')) return std::nullopt;
@@ -31,7 +31,7 @@ std::optional<std::int32_t> wholeNumber(std::string_view text)
     return number;
 }
 
-/// The next field behind a data source's path: bare, or in quotes that are doubled inside.
+/// The next field after a data source's path: unquoted, or quoted with inner quotes doubled.
 std::optional<std::string> takeTailField(std::string_view &rest)
 {
     if (!rest.starts_with(',')) return std::nullopt;
@@ -59,7 +59,7 @@ struct SourceTail {
     std::string separator, quote, noTitles;
 };
 
-/// What follows a data source's path: nothing, or separator, quote character and the flag of a file without titles.
+/// Reads the optional fields after a data source's path: separator, quote character and the flag of a file without titles.
 std::optional<SourceTail> readTail(std::string_view rest)
 {
     SourceTail tail;
@@ -73,7 +73,7 @@ std::optional<SourceTail> readTail(std::string_view rest)
     return tail;
 }
 
-/// Only the comma and the double quote that the program itself writes are known.
+/// Only the comma and the double quote, which the print program writes, are supported.
 bool isKnown(const SourceTail &tail)
 {
     constexpr std::string_view flags[] = {"", "0", "1", "-1", "true", "false"};
@@ -81,7 +81,7 @@ bool isKnown(const SourceTail &tail)
            std::ranges::find(flags, asciiLower(tail.noTitles)) != std::end(flags);
 }
 
-bool meansYes(const std::string &flag)
+bool isTrueFlag(const std::string &flag)
 {
     const std::string lower = asciiLower(flag);
     return lower == "1" || lower == "-1" || lower == "true";
@@ -98,7 +98,7 @@ public:
             bytes.remove_prefix(std::min(end + 1, bytes.size()));
             if (line.ends_with('\r')) line.remove_suffix(1);
             ++m_number;
-            // A NUL or a DOS end mark ends nothing: what stands behind it is read like any line.
+            // A NUL or a DOS end-of-file character does not end the script.
             if (!trim(line).empty()) readLine(decodeCp932(line));
         }
         return std::move(m_script);
@@ -114,7 +114,7 @@ private:
 
     void readLine(const std::string &line);
 
-    void tell(std::string_view line, std::string_view why)
+    void addSkipped(std::string_view line, std::string_view why)
     {
         constexpr std::size_t kShown = 80;
         m_script.notices.push_back(
@@ -142,8 +142,8 @@ private:
         if (end == std::string_view::npos) return false;
         const auto tail = readTail(rest.substr(end + 1));
         if (!tail || !isKnown(*tail)) return false;
-        report().data.push_back(
-            {std::string(argument.substr(1, split - 1)), std::string(rest.substr(0, end)), !meansYes(tail->noTitles)});
+        report().data.push_back({std::string(argument.substr(1, split - 1)), std::string(rest.substr(0, end)),
+                                 !isTrueFlag(tail->noTitles)});
         return true;
     }
     bool nextReport(std::string_view)
@@ -180,7 +180,7 @@ private:
     }
     bool zoom(std::string_view argument) { return hasNoEffect(argument, "表示倍率の指定"); }
     bool repeatStart(std::string_view argument) { return hasNoEffect(argument, "繰り返し開始位置の指定"); }
-    /// A page holds one letter, and the window has its own zoom.
+    /// A page has one letter, and the window has its own zoom.
     bool hasNoEffect(std::string_view argument, std::string_view what)
     {
         if (!wholeNumber(argument)) return false;
@@ -229,10 +229,10 @@ void ScriptReader::readLine(const std::string &line)
         comma == std::string::npos ? std::string_view() : std::string_view(line).substr(comma + 1);
     for (const Row &row : kRows) {
         if (!equalsIgnoringAsciiCase(row.command, command)) continue;
-        if (!(this->*row.handler)(argument)) tell(line, "書き方が正しくない");
+        if (!(this->*row.handler)(argument)) addSkipped(line, "書き方が正しくない");
         return;
     }
-    tell(line, "知らない命令な");
+    addSkipped(line, "知らない命令な");
 }
 
 } // namespace

@@ -8,30 +8,30 @@
 
 namespace inin::viewer {
 
-/// A CSV file under the name that a form document knows it by.
+/// A CSV file and its name in the form document.
 struct DataSource {
     std::string name;
     std::string path;
     bool hasTitles = true;
 };
 
-/// A form document and what it is filled from.
+/// A form document and its data sources.
 struct ReportOrder {
     std::string form;
     std::vector<DataSource> data;
 };
 
-/// A text that takes the place of one item of the form; the name is report, section if any, and item, with dots.
+/// A text that replaces an item of the form. The name is report, section (optional) and item, separated by dots.
 struct ItemText {
     std::string name;
     std::string text;
 };
 
 enum class Paper { A4, A5, B5 };
-/// What the script's last line asks for; `none` in a merger's script.
+/// The action of the script's last line; `none` in a merger's script.
 enum class Ending { none, show, print, printByDialog };
 
-/// What one command script asks for.
+/// The contents of a command script.
 struct CommandScript {
     std::string title;
     std::vector<ReportOrder> reports; ///< one, or several to merge
@@ -40,12 +40,12 @@ struct CommandScript {
     std::int32_t offsetY = 0; ///< tenths of a millimetre, downwards
     Paper paper = Paper::A4;
     Ending ending = Ending::none;
-    /// A sentence for each line that was skipped or has no effect here, with its number.
+    /// A sentence with the line number for each line that was skipped or has no effect.
     std::vector<std::string> notices;
 };
 
-/// Reads the bytes of a script (code page 932, CR LF). Commands are known in any case; a line that is none is skipped
-/// and told, so that nothing in a script stops the reading.
+/// Reads a script (code page 932, CR LF) to its end. Commands are case-insensitive; invalid lines are skipped and
+/// reported.
 [[nodiscard]] CommandScript readCommandScript(std::string_view bytes);
 
 } // namespace inin::viewer

@@ -99,7 +99,7 @@ QVariant CheckModel::data(const QModelIndex &index, int role) const
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return isBranch ? branchText(m_branches[row], index.column())
                         : leafText(m_branches[index.internalId() - 1], row, index.column());
-    // Rows stand a little apart, or the marks of Japanese letters touch.
+    // Leave space between rows, so that the marks of Japanese characters do not touch.
     if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QFont()).height() + kRowRoom);
     if (role == Qt::FontRole && isBranch && index.column() == 0) {
         QFont font;

@@ -12,13 +12,13 @@ namespace inin::viewer {
 class FindingIndex;
 struct OpenLetters;
 
-/// What the check found as a tree: a branch for each cause with the sentence on where it is mended, and a leaf for each
-/// letter. What is told of the whole of the letters is a branch of its own, the first.
+/// The check's findings as a tree: a branch for each cause with its remedy, and a leaf for each letter. The notices
+/// about all letters are the first branch.
 class CheckModel : public QAbstractItemModel {
 public:
     using QAbstractItemModel::QAbstractItemModel;
 
-    /// Both must outlive their showing.
+    /// Both must stay valid while they are shown.
     void show(const OpenLetters *letters, const FindingIndex *findings);
     /// The letter of a leaf.
     [[nodiscard]] std::optional<std::size_t> letterAt(const QModelIndex &index) const;
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    /// A branch holds findings from `begin` to `end`, or the notices.
+    /// The findings from `begin` to `end`, or the notices.
     struct Branch {
         bool isNotices = false;
         std::size_t begin = 0, end = 0;

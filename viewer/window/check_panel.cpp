@@ -45,7 +45,7 @@ QString CheckPanel::heading() const
     return m_heading->text();
 }
 
-/// Names stand at the end of the lines and must be seen; the remedy keeps its share.
+/// Names are at the end of the lines and must be visible; the remedy keeps its share.
 void CheckPanel::widenFirstColumn()
 {
     constexpr double kShare = 0.6;
@@ -72,10 +72,10 @@ void CheckPanel::show(const OpenLetters *letters, const FindingIndex *findings)
     const std::size_t marked = lettersIn(findings->all());
     m_heading->setText(marked == 0 ? u"点検：注意が必要な委任状はありません。"_s
                                    : u"点検：%1通に注意があります。そのまま印刷することもできます。"_s.arg(marked));
-    // Without rows only the heading stays.
+    // Without rows only the heading remains.
     m_tree->setVisible(hasRows());
     setMaximumHeight(hasRows() ? QWIDGETSIZE_MAX : sizeHint().height());
-    // A few findings are read at a glance; many are opened cause by cause.
+    // A few findings are shown expanded; longer lists are opened cause by cause.
     constexpr std::size_t kFew = 30;
     if (findings->all().size() + letters->notices.size() <= kFew) m_tree->expandAll();
     widenFirstColumn();

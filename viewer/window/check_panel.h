@@ -11,16 +11,16 @@ class QTreeView;
 
 namespace inin::viewer {
 
-/// What the check found, below the page. A click or Enter on a letter shows it.
+/// The check's findings, below the page. A click or Enter on a letter shows it.
 class CheckPanel : public QWidget {
 public:
     explicit CheckPanel(QWidget *parent = nullptr);
 
-    /// Both must outlive their showing.
+    /// Both must stay valid while they are shown.
     void show(const OpenLetters *letters, const FindingIndex *findings);
-    /// While the letters are being judged.
+    /// Shows that the letters are being checked.
     void showRunning();
-    /// What was found, in a line.
+    /// The result in one line.
     [[nodiscard]] QString heading() const;
     [[nodiscard]] bool hasRows() const { return m_model.rowCount() > 0; }
     std::function<void(std::size_t letter)> onLetter;

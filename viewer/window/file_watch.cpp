@@ -13,7 +13,7 @@ FileWatch::FileWatch()
 
 void FileWatch::watch(std::vector<StampedFile> files)
 {
-    // Reports of a merge may well share a file.
+    // The reports of a merge may share a file.
     std::ranges::sort(files, {}, &StampedFile::path);
     const auto isSame = [](const StampedFile &a, const StampedFile &b) { return a.path == b.path; };
     files.erase(std::unique(files.begin(), files.end(), isSame), files.end());
@@ -30,7 +30,7 @@ void FileWatch::look()
         file.last = now;
         if (!isSettled || !now.exists || now == file.told) continue;
         file.told = now;
-        // Told last: what is done about it may well begin to watch other files.
+        // The call comes last: the handler may start to watch other files.
         const auto tell = onChanged;
         const std::string path = file.read.path;
         if (tell) return tell(path);

@@ -9,14 +9,14 @@
 
 namespace inin::viewer {
 
-/// Looks now and then whether files are still as they were read. Looking works on shared folders too, where a system's
-/// own notices do not come. A file that is gone is no change: the program that writes it deletes it first.
+/// Checks at intervals whether files have changed since they were read. Polling works on shared folders too, where the
+/// system sends no notifications. A deleted file is not a change: the program deletes a file before it writes it anew.
 class FileWatch {
 public:
     FileWatch();
 
     void watch(std::vector<StampedFile> files);
-    /// Looks at once. A file counts as changed when two looks see it the same, so that it is whole by then.
+    /// Checks now. A file has changed when two checks see the same new state, so that it is complete by then.
     void look();
     /// Called once for each new state of a file.
     std::function<void(const std::string &path)> onChanged;
@@ -24,7 +24,7 @@ public:
 private:
     struct Watched {
         StampedFile read;
-        FileStamp last; ///< as the look before saw it
+        FileStamp last; ///< as at the previous check
         FileStamp told;
     };
     QTimer m_timer;

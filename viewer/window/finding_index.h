@@ -14,7 +14,7 @@ public:
     explicit FindingIndex(std::vector<Finding> findings);
     /// By cause and letter.
     [[nodiscard]] const std::vector<Finding> &all() const { return m_findings; }
-    /// Those of one letter, by cause.
+    /// The findings of one letter, by cause.
     [[nodiscard]] std::span<const Finding *const> of(std::size_t letter) const;
 
 private:

@@ -13,7 +13,7 @@ struct NameShape {
     const char16_t *rare;
     const char16_t *common;
 };
-/// Shapes in which names are registered, and those in which they are typed.
+/// Character variants of registered names, and the common characters that users type.
 constexpr NameShape kShapes[] = {
     {u"髙", u"高"}, {u"﨑", u"崎"}, {u"𠮷", u"吉"}, {u"濵", u"浜"}, {u"濱", u"浜"}, {u"德", u"徳"}, {u"邊", u"辺"},
     {u"邉", u"辺"}, {u"齋", u"斉"}, {u"齊", u"斉"}, {u"斎", u"斉"}, {u"澤", u"沢"}, {u"櫻", u"桜"}, {u"廣", u"広"},
@@ -21,7 +21,7 @@ constexpr NameShape kShapes[] = {
 
 constexpr char16_t kFirstHiragana = u'ぁ', kLastHiragana = u'ゖ';
 constexpr char16_t kToKatakana = u'ァ' - u'ぁ';
-/// Between two values, so that no text is found across them.
+/// Separates two values, so that no match crosses them.
 constexpr QChar kBetween = u'\n';
 
 } // namespace
@@ -42,7 +42,7 @@ void LetterFinder::readLetters()
     if (!m_keys.empty()) return;
     m_keys.reserve(m_letters.set.size());
     for (const LetterReport &report : m_letters.set.reports) {
-        // Most values are those of the row before; their key is.
+        // Most values equal those of the row before, and then so do their keys.
         std::vector<std::pair<std::string_view, QString>> last(report.columns.size());
         for (std::size_t row = 0; row < report.letters.size(); ++row) {
             QString key = searchKey(qtText(report.letters.rawText(row)));

@@ -10,8 +10,8 @@ namespace inin::viewer {
 
 struct OpenLetters;
 
-/// The text as it is searched: without blanks, in one width and case, hiragana as katakana, and the rarer shapes of
-/// common name characters (髙, 﨑, 𠮷 …) as the common ones.
+/// The search form of a text: without blanks, in one width and case, hiragana as katakana, and rarer variants of common
+/// name characters (髙, 﨑, 𠮷 …) as the common ones.
 [[nodiscard]] QString searchKey(const QString &text);
 
 enum class Direction { forward, backward };
@@ -19,15 +19,15 @@ enum class Direction { forward, backward };
 /// Finds letters by any of their texts.
 class LetterFinder {
 public:
-    /// `letters` must outlive this. Nothing is read before the first search.
+    /// `letters` must outlive this. No text is read before the first search.
     explicit LetterFinder(const OpenLetters &letters) : m_letters(letters) {}
 
-    /// The next letter behind `from` that holds the text, going round; `from` itself is the last one looked at.
-    /// Nothing for an empty text.
+    /// The next letter after `from` that contains the text, wrapping around; `from` itself is tried last. Empty for an
+    /// empty text.
     [[nodiscard]] std::optional<std::size_t> next(const QString &text, std::size_t from, Direction direction);
-    /// Whether one letter holds the text.
+    /// Whether a letter contains the text.
     [[nodiscard]] bool holds(std::size_t letter, const QString &text);
-    /// How many letters hold the text.
+    /// The number of letters that contain the text.
     [[nodiscard]] std::size_t count(const QString &text);
 
 private:

@@ -26,7 +26,7 @@ LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(par
     setWordWrap(false);
     setTabKeyNavigation(false);
     verticalHeader()->hide();
-    // Rows of one height: ten thousand of them are not measured one by one.
+    // A fixed row height avoids measuring ten thousand rows one by one.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     constexpr int kRowRoom = 8;
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
@@ -35,7 +35,7 @@ LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(par
     setColumnWidth(LetterListModel::number, wide * kNumberWidth);
     setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
     setColumnWidth(LetterListModel::patient, wide * kPatientWidth);
-    // The marks take what is left; the tips tell what does not fit.
+    // The column of marks gets the remaining width; tooltips show what is cut off.
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
 }
@@ -54,7 +54,7 @@ void LetterList::setCurrent(std::size_t letter)
 
 QItemSelectionModel::SelectionFlags LetterList::selectionCommand(const QModelIndex &index, const QEvent *event) const
 {
-    // Without an event the view would apply the modifier keys that are held right now: after Ctrl+PageDown it would toggle
+    // Without an event the view would use the modifier keys that are pressed now: after Ctrl+PageDown it would toggle
     // the row of the new letter.
     if (event == nullptr) return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
     return QTableView::selectionCommand(index, event);
@@ -77,7 +77,7 @@ void LetterList::toggleSelected()
         m_model.setData(row, allTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
-/// The selected letters as they are listed, a line each, the columns parted by tabs.
+/// Copies the selected letters as listed, one per line, with tabs between the columns.
 void LetterList::copySelected() const
 {
     QModelIndexList rows = selectionModel()->selectedRows();

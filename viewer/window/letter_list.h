@@ -9,7 +9,7 @@ namespace inin::viewer {
 
 class LetterListModel;
 
-/// The list of letters beside the page. Space ticks or unticks the selected letters, Enter goes to the page.
+/// The list of letters beside the page. Space ticks or unticks the selected letters, Enter moves the focus to the page.
 class LetterList : public QTableView {
 public:
     explicit LetterList(LetterListModel &model, QWidget *parent = nullptr);
@@ -22,10 +22,10 @@ public:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
-    /// A letter that is set by setCurrent() is selected alone, whatever keys are held.
+    /// setCurrent() selects its letter alone, even while a modifier key is pressed.
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                                        const QEvent *event) const override;
-    /// Home and End move to the first and the last letter; those of a table move along the row.
+    /// Home and End move to the first and the last letter; in a plain table they move within the row.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:

@@ -10,19 +10,19 @@ namespace inin::viewer {
 class FindingIndex;
 struct OpenLetters;
 
-/// The letters as rows: number with its tick, insurer, patient, marks. Texts are made when they are shown.
+/// The letters as rows: number with its tick, insurer, patient, marks. Texts are made on demand.
 class LetterListModel : public QAbstractTableModel {
 public:
     enum Column { number, insurer, patient, marks, columnCountOfList };
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Both must outlive their showing.
+    /// Both must stay valid while they are shown.
     void showLetters(OpenLetters *letters, const FindingIndex *findings);
     void findingsChanged();
-    /// Ticks were set elsewhere.
+    /// Call after changing ticks elsewhere.
     void ticksChanged();
-    /// Called when the user sets or takes a tick in the list.
+    /// Called when the user changes a tick in the list.
     std::function<void()> onTicked;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

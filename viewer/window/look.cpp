@@ -11,14 +11,14 @@ namespace inin::viewer {
 
 namespace {
 
-/// Letters with even strokes, which small sizes need, the clearest on a screen first.
+/// Fonts with strokes of even width, which small sizes need, the most legible on a screen first.
 constexpr const char *kFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI",
                                   "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
-/// Below this the strokes of 療 run together.
+/// Below this the strokes of 療 merge.
 constexpr double kLeastPoints = 9.75;
 constexpr int kMiddle = 128;
 
-/// The style draws the edges of boxes darker than the window: on a ground that is darker still they would not be seen.
+/// The style draws the edges of boxes darker than the window: on a darker background they would be invisible.
 QPalette readableDark(QPalette palette)
 {
     constexpr int kLighter = 160, kAlternate = 175;
@@ -47,14 +47,14 @@ QFont windowFont(QFont font)
 
 void applyLook(QApplication &application)
 {
-    // The toolkit's own dialogs in Japanese, where the system has its texts.
+    // The Japanese texts of the toolkit's own dialogs, where the system has them.
     auto *const texts = new QTranslator(&application);
     if (texts->load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(texts);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(windowFont(QApplication::font()));
     if (isDark(QApplication::palette())) QApplication::setPalette(readableDark(QApplication::palette()));
-    // Systems put it behind every title but one that ends with it, as the chief window's does.
+    // Desktops append this name to every window title that does not already end with it; the main window's title does.
     application.setApplicationDisplayName(QStringLiteral("印刷プレビュー"));
 }
 

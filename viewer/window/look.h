@@ -6,12 +6,12 @@ class QApplication;
 
 namespace inin::viewer {
 
-/// One style on every desktop, in the desktop's light or dark colours, with letters for Japanese.
+/// Sets one style for every desktop, in the desktop's light or dark colours, with fonts for Japanese.
 void applyLook(QApplication &application);
 [[nodiscard]] bool isDark(const QPalette &palette);
-/// For a line that wants to be noticed.
+/// For a line that should be noticed.
 [[nodiscard]] QPalette noticePalette(QPalette palette);
-/// For a line that tells of something wrong.
+/// For a line that reports a problem.
 [[nodiscard]] QPalette warningPalette(QPalette palette);
 
 } // namespace inin::viewer

@@ -9,11 +9,11 @@ class QPushButton;
 
 namespace inin::viewer {
 
-/// A line above the page with something to know and at most one thing to do about it. It waits and covers nothing.
+/// A line above the page with a notice and at most one action. It is not modal and covers nothing.
 class NoticeBar : public QFrame {
 public:
     explicit NoticeBar(QWidget *parent = nullptr);
-    /// An empty `action` leaves only the button that puts the bar away.
+    /// With an empty `action` the only button is the one that closes the bar.
     void showNotice(const QString &text, const QString &action, std::function<void()> onAction);
     [[nodiscard]] QString text() const;
 

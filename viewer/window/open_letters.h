@@ -12,9 +12,9 @@
 namespace inin::viewer {
 
 /// The letters of one script as they were when it was opened, with all that a window needs to show and print them.
-/// Nothing in here changes when a file on disk does.
+/// Later changes on disk have no effect.
 struct OpenLetters {
-    /// A RuntimeError with a sentence when the script, a form or a letter file cannot be read.
+    /// Throws a RuntimeError with a sentence when the script, a form or a letter file cannot be read.
     explicit OpenLetters(const std::string &scriptPath);
 
     const LetterSet set;
@@ -23,7 +23,7 @@ struct OpenLetters {
     QtGlyphs glyphs;
     LetterPictures pictures; ///< for the screen
     LetterNames names;
-    LetterTicks ticks;                ///< which letters go out: all of them at first
+    LetterTicks ticks;                ///< the letters selected for output: all of them at first
     std::vector<std::string> notices; ///< of the script, the forms, the letter files and the fonts
 };
 

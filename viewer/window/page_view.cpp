@@ -22,7 +22,7 @@ namespace {
 constexpr double kZooms[] = {0.25, 0.33, 0.5, 0.67, 0.75, 1, 1.25, 1.5, 2, 3, 4};
 constexpr int kMargin = 16;
 constexpr double kPointsPerInch = 72;
-/// Zooms closer than this are the same.
+/// Zoom factors closer than this are equal.
 constexpr double kSame = 0.005;
 
 } // namespace
@@ -57,7 +57,7 @@ void PageView::showLetter(std::size_t letter)
     viewport()->update();
 }
 
-/// What a screen reader says of the page: the letter and its texts.
+/// Sets the text for screen readers: the letter and its fields.
 void PageView::describeLetter()
 {
     if (m_letters == nullptr) return;
@@ -78,7 +78,7 @@ double PageView::zoom() const
     if (m_letters == nullptr || m_fit == Fit::none) return m_zoom;
     const Point paper = m_letters->press.paperSize();
     const double point = logicalDpiY() / kPointsPerInch;
-    // Room is reckoned without scroll bars when the page is to fit, with one when only its width is.
+    // Fitting the page assumes no scroll bars; fitting the width assumes a vertical one.
     const int bar = m_fit == Fit::width ? verticalScrollBar()->sizeHint().width() : 0;
     const QSize room = maximumViewportSize() - QSize(2 * kMargin + bar, 2 * kMargin);
     const double across = room.width() / (paper.x * point), down = room.height() / (paper.y * point);
@@ -151,7 +151,7 @@ void PageView::zoomChanged()
         bar->setPageStep(page);
         constexpr int kSteps = 12;
         bar->setSingleStep(page / kSteps);
-        // What was in the middle stays there.
+        // Keep the middle of the view where it was.
         if (wasIn) bar->setValue(static_cast<int>(middle * (bar->maximum() + page) - page / 2.0));
     }
     viewport()->update();
@@ -182,7 +182,7 @@ void PageView::paintEvent(QPaintEvent *event)
 
 void PageView::paintPaper(QPainter &painter, const QRect &place)
 {
-    // How many dots the screen has for one of the toolkit's pixels.
+    // The number of screen dots per toolkit pixel.
     const QTransform toDots = painter.deviceTransform();
     const double scale = pixelsPerPoint() * toDots.m11();
     LetterPictures &pictures = m_letters->pictures;
@@ -193,21 +193,21 @@ void PageView::paintPaper(QPainter &painter, const QRect &place)
         return;
     }
     pictures.setScale(scale, toDots.m11());
-    // On whole dots, or every edge would be blurred.
+    // Align to whole dots, or every edge would be blurred.
     const QPointF corner = toDots.map(QPointF(place.topLeft()));
     painter.drawImage(toDots.inverted().map(QPointF(std::round(corner.x()), std::round(corner.y()))),
                       pictures.of(m_letter));
     m_ahead.start();
 }
 
-/// Makes one neighbour at a time, the one that comes next first, so that whatever the user does is never kept waiting.
+/// Paints one neighbouring page at a time, the next in the current direction first, so that user input never waits.
 void PageView::makeAhead()
 {
     if (m_letters != nullptr) {
         for (const std::ptrdiff_t step : {m_direction, -m_direction}) {
             const std::size_t neighbour = m_letter + static_cast<std::size_t>(step);
             if (neighbour >= m_letters->set.size() || m_letters->pictures.has(neighbour)) continue;
-            (void)m_letters->pictures.of(neighbour); // kept for when it is shown
+            (void)m_letters->pictures.of(neighbour); // cached until it is shown
             return;
         }
     }

@@ -10,14 +10,14 @@ namespace inin::viewer {
 
 struct OpenLetters;
 
-/// One letter on its paper: black on white under every theme, painted anew at each scale and so sharp at all of them.
+/// One letter on its paper: black on white under every theme, painted anew at each scale and therefore always sharp.
 class PageView : public QAbstractScrollArea {
 public:
     enum class Fit { none, page, width };
 
     explicit PageView(QWidget *parent = nullptr);
 
-    /// Must outlive its showing.
+    /// `letters` must stay valid while it is shown.
     void showLetters(OpenLetters *letters);
     void showLetter(std::size_t letter);
     [[nodiscard]] std::size_t letter() const { return m_letter; }
@@ -29,11 +29,11 @@ public:
     void zoomOut();
     [[nodiscard]] Fit fit() const { return m_fit; }
     void setFit(Fit fit);
-    /// Where the paper lies on the viewport.
+    /// The rectangle of the paper in the viewport.
     [[nodiscard]] QRect paperPlace() const;
 
     std::function<void()> onZoom;
-    /// Asked for by the page keys at the page's end and beginning.
+    /// Called for a page key that is pressed at the end or the beginning of the page.
     std::function<void(int step)> onTurn;
     /// Called once, when the first letter has been painted.
     std::function<void()> onFirstPaint;
@@ -57,8 +57,8 @@ private:
     std::size_t m_letter = 0;
     double m_zoom = 1;
     Fit m_fit = Fit::page;
-    std::ptrdiff_t m_direction = 1; ///< in which the pages were turned last
-    QTimer m_ahead;                 ///< runs while neighbours may be made ahead
+    std::ptrdiff_t m_direction = 1; ///< the direction of the last page turn
+    QTimer m_ahead;                 ///< runs while neighbouring pages may be painted in advance
 };
 
 } // namespace inin::viewer

@@ -14,7 +14,7 @@ PaintedJob::PaintedJob(std::unique_ptr<QPrinter> printer, const PrintOrder &orde
 {
     if (!m_printer) return;
     m_printer->setDocName(name);
-    // Page and letters are laid out for the whole sheet; what a printer cannot reach stays white.
+    // Lay out page and letters for the whole sheet; the printer's unprintable margin stays white.
     m_printer->setFullPage(true);
     m_printer->setPageSize(QPageSize(QSizeF(paper.x, paper.y), QPageSize::Point, {}, QPageSize::FuzzyMatch));
     m_printer->setPageOrientation(QPageLayout::Portrait);

@@ -9,22 +9,22 @@
 
 namespace inin::viewer {
 
-/// One job of a printer that takes no PDF: its pages are painted, in points.
+/// One job for a printer that does not accept PDF: its pages are painted, in points.
 class PaintedJob {
 public:
-    /// `order` must outlive this. A null printer refuses.
+    /// `order` must outlive this. A null printer counts as one that refuses.
     PaintedJob(std::unique_ptr<QPrinter> printer, const PrintOrder &order, const QString &name, Point paper);
     PaintedJob(const PaintedJob &) = delete;
     PaintedJob &operator=(const PaintedJob &) = delete;
     ~PaintedJob();
 
     [[nodiscard]] bool isGood() const;
-    /// How often the letters must be painted for the copies that are wanted.
+    /// How often the letters must be painted for the requested copies.
     [[nodiscard]] int rounds() const { return m_rounds; }
-    /// The painter of a new page.
+    /// Starts a new page and returns its painter.
     QPainter &page();
     bool finish();
-    /// False when the system cannot take a job back: then the pages that it has go to the printer.
+    /// Withdraws the job. Returns false when the system cannot; the pages painted so far are then printed.
     bool takeBack();
 
 private:

@@ -118,7 +118,7 @@ void PdfDialog::accept()
 {
     if (m_each->isChecked()) {
         m_settings.setFileNamePattern(m_pattern->text());
-        // Settings that cannot be written are no reason not to go on.
+        // Unwritable settings must not prevent saving.
         (void)m_settings.save();
     }
     QDialog::accept();

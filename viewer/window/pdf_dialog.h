@@ -15,14 +15,14 @@ namespace inin::viewer {
 
 struct OpenLetters;
 
-/// What becomes of the letters as PDF.
+/// How the letters are saved as PDF.
 struct PdfOrder {
     bool onlyTicked = true;
     bool fileEach = false;
-    QString pattern; ///< of the names, when each letter has its file
+    QString pattern; ///< of the file names, when each letter has its own file
 };
 
-/// Asks which letters become PDF files and what the files are called.
+/// Lets the user choose which letters are saved as PDF and how the files are named.
 class PdfDialog : public QDialog {
 public:
     PdfDialog(const OpenLetters &letters, ViewerSettings &settings, QWidget *parent = nullptr);

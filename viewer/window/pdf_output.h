@@ -10,11 +10,11 @@
 
 namespace inin::viewer {
 
-/// The files that one PDF a letter would make, with their folder.
+/// The paths of the files when each letter is saved as a PDF of its own.
 [[nodiscard]] std::vector<std::string> letterPdfPaths(const LetterSet &set, std::span<const std::size_t> which,
                                                       const std::string &folder, const std::string &pattern);
-/// Writes one PDF a letter; gives how many are written, whole ones only. A RuntimeError with a sentence when one cannot
-/// be written; those before it stay.
+/// Writes one PDF per letter and returns the number of complete files. Throws a RuntimeError with a sentence when one
+/// cannot be written; the files before it are kept.
 std::size_t writeLetterPdfs(const std::vector<std::string> &paths, LetterPress &press,
                             std::span<const std::size_t> which, const Progress &progress);
 

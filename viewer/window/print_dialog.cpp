@@ -31,7 +31,7 @@ constexpr double kTenths = 10;
 
 struct DuplexChoice {
     const char *text;
-    /// Nothing for the printer's own setting.
+    /// Empty for the printer's own setting.
     std::optional<QPrinter::DuplexMode> mode;
 };
 constexpr DuplexChoice kDuplex[] = {
@@ -87,7 +87,7 @@ PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vect
 {
     setObjectName(u"printDialog"_s);
     setWindowTitle(u"印刷"_s);
-    // The Tab key follows the order in which the widgets are made: that of the screen.
+    // The Tab key follows the order in which widgets are created: create them in screen order.
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(printerGroup());
     layout->addWidget(jobGroup());
@@ -155,8 +155,7 @@ QWidget *PrintDialog::jobGroup()
     const int perJob = m_settings.lettersPerJob();
     m_perJob->setValue(perJob == 0 ? kUsualPerJob : perJob);
     (perJob == 0 ? m_oneJob : m_manyJobs)->setChecked(true);
-    // The box is never disabled: Tab would skip it until the option's key has taken effect. A number that is entered
-    // into it chooses the option.
+    // Never disable this box: Tab would skip it until the option's key has taken effect. Typing selects the option.
     const auto chooseManyJobs = [this] { m_manyJobs->setChecked(true); };
     QObject::connect(m_perJob, &QSpinBox::valueChanged, this, chooseManyJobs);
     QObject::connect(m_perJob->findChild<QLineEdit *>(), &QLineEdit::textEdited, this, chooseManyJobs);
@@ -243,7 +242,7 @@ void PrintDialog::remember()
     m_settings.setPrinter(chosen.printer);
     m_settings.setOffset(chosen.printer, chosen.offset);
     m_settings.setLettersPerJob(static_cast<int>(chosen.lettersPerJob));
-    // Settings that cannot be written are no reason not to print.
+    // Unwritable settings must not prevent printing.
     (void)m_settings.save();
 }
 
@@ -258,7 +257,7 @@ void PrintDialog::printRulers()
 
 void PrintDialog::accept()
 {
-    // While the box cannot be read the ticks are not what it shows.
+    // While the text is invalid, the ticks differ from what the box shows.
     if (!m_range->isReadable() || m_ticks.count() == 0) return m_range->focusBox();
     remember();
     QDialog::accept();

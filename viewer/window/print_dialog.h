@@ -19,27 +19,27 @@ namespace inin::viewer {
 class LetterTicks;
 class RangeBox;
 
-/// A printer that can be chosen.
+/// A printer that the user can choose.
 struct PrinterChoice {
     QString name;
-    QString description; ///< shown; the name where a printer has none
+    QString description; ///< as shown; the name for a printer without a description
     bool isDefault = false;
-    QPrinter::DuplexMode duplex = QPrinter::DuplexNone; ///< its own setting
+    QPrinter::DuplexMode duplex = QPrinter::DuplexNone; ///< its default
 };
 [[nodiscard]] std::vector<PrinterChoice> systemPrinters();
 
-/// Asks how and which letters are printed. Ticks are set at once; the rest is remembered when printing is chosen.
+/// Lets the user choose how and which letters are printed. Ticks change at once; printing saves the rest.
 class PrintDialog : public QDialog {
 public:
     PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vector<PrinterChoice> printers,
                 QWidget *parent = nullptr);
 
     [[nodiscard]] PrintOrder order() const;
-    /// What the check found, in a line.
+    /// Shows the check's result in one line.
     void showCheck(const QString &text);
     /// Called when the user has changed the ticks.
     std::function<void()> onTicksChanged;
-    /// Prints the page with rulers and gives a fault's sentence.
+    /// Prints the page of rulers; returns an error sentence or an empty text.
     std::function<std::string(const PrintOrder &)> onRulerPage;
 
 protected:

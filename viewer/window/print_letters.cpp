@@ -34,7 +34,7 @@ QString jobName(const LetterSet &set, std::span<const std::size_t> which)
     return u"%1（%2-%3番）"_s.arg(title).arg(which.front() + 1).arg(which.back() + 1);
 }
 
-/// How a job ended, and how many of its letters went out.
+/// How a job ended, and how many of its letters were sent.
 struct JobResult {
     enum class End { done, cancelled, refused };
     End end = End::done;
@@ -56,7 +56,7 @@ struct JobOrder {
 
 JobResult spoolJob(const JobOrder &job, const SpoolPdf &spool, const PrintProgress &tell)
 try {
-    // It holds what is nobody else's business: the folder is the user's alone, and goes with its file.
+    // The letters are confidential: only the user can read the folder, and it is deleted together with the file.
     const QTemporaryDir folder;
     if (!folder.isValid())
         throw RuntimeError(error_number::pathAccess, "印刷用の一時ファイルを置くフォルダーを作成できません。");
@@ -109,7 +109,7 @@ JobResult runJob(const JobOrder &job, const PrintRoads &roads, const PrintProgre
 std::unique_ptr<QPrinter> systemPrinter(const PrintOrder &order)
 {
     const QPrinterInfo info = QPrinterInfo::printerInfo(order.printer);
-    // A printer that is not there any more would leave the toolkit writing a file.
+    // For a printer that no longer exists the toolkit would write a file.
     if (order.printer.isEmpty() || info.isNull()) return nullptr;
     return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }

@@ -9,12 +9,12 @@
 
 namespace inin::viewer {
 
-/// How letters are printed; which, the ticks say.
+/// How letters are printed. The ticks determine which.
 struct PrintOrder {
     QString printer;
     int copies = 1;
     QPrinter::DuplexMode duplex = QPrinter::DuplexAuto;
-    std::size_t lettersPerJob = 0; ///< 0 is one job for all
+    std::size_t lettersPerJob = 0; ///< 0 means one job for all
     PrinterOffset offset;
 };
 

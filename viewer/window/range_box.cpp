@@ -36,7 +36,7 @@ RangeBox::RangeBox(QWidget *parent)
     layout->setColumnStretch(1, 1);
     setFocusProxy(m_box);
     QObject::connect(m_box, &QLineEdit::textEdited, this, [this] { read(); });
-    // What was typed as "1,2,3" is left as it is while typing, and becomes "1-3" when it is done.
+    // "1,2,3" stays as it is while the user types, and becomes "1-3" afterwards.
     QObject::connect(m_box, &QLineEdit::editingFinished, this, [this] {
         if (m_isReadable) ticksChanged();
     });
@@ -58,7 +58,7 @@ void RangeBox::ticksChanged()
     if (m_ticks == nullptr) return;
     m_isReadable = true;
     m_fault->hide();
-    // A text that is set anew could not be undone any more.
+    // Setting the text again would clear the undo history.
     if (const QString text = qtText(m_ticks->text()); text != m_box->text()) {
         m_box->setText(text);
         m_box->setCursorPosition(0);

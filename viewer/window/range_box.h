@@ -11,20 +11,20 @@ namespace inin::viewer {
 
 class LetterTicks;
 
-/// The box "1-3,5" with the number of letters it means. Box and ticks agree whenever the box can be read; while it cannot,
-/// a sentence tells so and the ticks stay.
+/// The box "1-3,5" with the number of selected letters. Box and ticks agree while the text is valid; otherwise the
+/// ticks stay and a sentence reports the error.
 class RangeBox : public QWidget {
 public:
     explicit RangeBox(QWidget *parent = nullptr);
 
-    /// Must outlive its showing.
+    /// `ticks` must stay valid while it is shown.
     void showTicks(LetterTicks *ticks);
-    /// Ticks were set elsewhere.
+    /// Call after changing ticks elsewhere.
     void ticksChanged();
-    /// False while the box holds what is no list of letters.
+    /// False while the text is not a list of letters.
     [[nodiscard]] bool isReadable() const { return m_isReadable; }
     void focusBox();
-    /// Called when the user has changed the ticks by the box.
+    /// Called when the user changes ticks in the box.
     std::function<void()> onChanged;
 
 private:

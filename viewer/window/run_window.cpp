@@ -21,7 +21,7 @@ int runWindow(std::string programName, const std::string &scriptPath, const std:
         auto open = std::make_unique<OpenLetters>(scriptPath);
         if (!letters.empty()) open->ticks.setText(letters);
         ViewerWindow window(scriptPath, std::move(open), services);
-        // The toolkit alone would not ask.
+        // The toolkit ignores the show state that the starting program requests.
         startsMaximised() ? window.showMaximized() : window.show();
         window.start();
         return QApplication::exec();

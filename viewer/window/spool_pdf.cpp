@@ -19,7 +19,7 @@ struct Sides {
     QPrinter::DuplexMode mode;
     const char *option;
 };
-/// Nothing for the automatic one: the queue then decides.
+/// The automatic setting has no entry: the queue then decides.
 constexpr Sides kSides[] = {{QPrinter::DuplexNone, "sides=one-sided"},
                             {QPrinter::DuplexLongSide, "sides=two-sided-long-edge"},
                             {QPrinter::DuplexShortSide, "sides=two-sided-short-edge"}};
@@ -28,7 +28,7 @@ struct Media {
     Paper paper;
     const char *option;
 };
-/// By the names of the printer working group, which every queue knows; a bare "B5" is another paper to some.
+/// The printer working group's names, which every queue knows; some queues take a bare "B5" for another paper.
 constexpr Media kMedia[] = {{Paper::A4, "media=iso_a4_210x297mm"},
                             {Paper::A5, "media=iso_a5_148x210mm"},
                             {Paper::B5, "media=jis_b5_182x257mm"}};
@@ -67,7 +67,7 @@ SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bo
         isKilled = true;
         process.kill();
     }
-    // It may well have come to its end before it was to be stopped.
+    // The process may have finished before it was killed.
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 &&
         process.error() != QProcess::FailedToStart)
         return {End::taken, {}};

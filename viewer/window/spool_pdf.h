@@ -11,9 +11,9 @@
 
 namespace inin::viewer {
 
-/// A finished PDF that is to be printed as it is; the offset is in it already.
+/// A finished PDF to be printed unchanged; the offset is already applied.
 struct SpoolJob {
-    QString pdf; ///< the file's path; it may go as soon as the job is taken
+    QString pdf; ///< path of the file; it may be deleted once the job is accepted
     QString title;
     Paper paper = Paper::A4;
     PrintOrder order;
@@ -22,17 +22,17 @@ struct SpoolJob {
 struct SpoolResult {
     enum class End { taken, refused, cancelled };
     End end = End::taken;
-    std::string words; ///< the system's own, when it refused
+    std::string words; ///< the system's own message when it refused
 };
 
-/// Hands a job to the system. While that takes time `goesOn` is asked again and again; false takes the job back.
+/// Passes a job to the system. Calls `goesOn` repeatedly meanwhile and withdraws the job when it returns false.
 using SpoolPdf = std::function<SpoolResult(const SpoolJob &job, const std::function<bool()> &goesOn)>;
 
-/// By the system's `lp`, which takes a PDF as it is; empty where there is none.
+/// Uses the system's `lp`, which prints a PDF unchanged; empty where there is none.
 [[nodiscard]] SpoolPdf systemSpool();
-/// What `lp` is told.
+/// The arguments for `lp`.
 [[nodiscard]] QStringList lpArguments(const SpoolJob &job);
-/// Runs `lp`, the program at that path.
+/// Runs the `lp` program at this path.
 [[nodiscard]] SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bool()> &goesOn);
 
 } // namespace inin::viewer

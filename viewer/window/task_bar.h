@@ -11,13 +11,13 @@ class QProgressBar;
 
 namespace inin::viewer {
 
-/// Tells how far a long task is and lets it be cancelled; it shows itself after half a second. The task runs in pieces
-/// between which the window stays awake.
+/// Shows the progress of a long task and lets the user cancel it; it appears after half a second. The task reports
+/// progress in small steps, so that the window stays responsive.
 class TaskBar : public QWidget {
 public:
     explicit TaskBar(QWidget *parent = nullptr);
 
-    /// Runs a task with a function that it calls with what is done, and that is false when it must end.
+    /// Runs a task. The task reports progress through its argument and must end when that returns false.
     void run(const QString &title, std::size_t total,
              const std::function<void(const std::function<bool(std::size_t done)> &)> &task);
     [[nodiscard]] bool isRunning() const { return m_isRunning; }

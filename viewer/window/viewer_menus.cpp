@@ -13,7 +13,7 @@
 
 #include <functional>
 
-// The window's menus, keys and tools.
+// The window's menus, keys and tool bar.
 
 namespace inin::viewer {
 
@@ -21,14 +21,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An entry with its keys; the first of them is shown.
+/// Adds an entry with its keys; the menu shows the first one.
 QAction *addEntry(QMenu *menu, const char *name, const QString &text, const QList<QKeySequence> &keys,
                   std::function<void()> what)
 {
     QAction *const action = menu->addAction(text);
     action->setObjectName(QLatin1String(name));
     action->setShortcuts(keys);
-    // On a tool the letter of the menu's key would only be in the way.
+    // Tool buttons omit the menu's access key, which has no effect there.
     action->setIconText(text.section(u"(&"_s, 0, 0));
     if (!keys.empty())
         action->setToolTip(u"%1（%2）"_s.arg(action->iconText(), keys.front().toString(QKeySequence::NativeText)));

@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <numeric>
 
-// What leaves the window: printed letters and PDF files.
+// The window's output: printed letters and PDF files.
 
 namespace inin::viewer {
 
@@ -29,7 +29,7 @@ QString numbersText(std::span<const std::size_t> letters)
 
 } // namespace
 
-/// Runs a task that may take long. It gives true when it came to its end; a window that was to close behind it then does.
+/// Runs a long task, which returns true when it completes. The window then closes if the user chose that meanwhile.
 void ViewerWindow::runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task)
 {
     if (m_task->isRunning()) return;
@@ -42,7 +42,7 @@ void ViewerWindow::runTask(const QString &title, std::size_t total, const std::f
             return tell(done);
         });
     });
-    // A task that failed has something to show; one that was cancelled in order to close has told it.
+    // A failed task has an error to show; a task cancelled by closing has already shown its result.
     const bool closes = m_closesAfterTask && isDone;
     m_closesAfterTask = false;
     if (closes) QTimer::singleShot(0, this, [this] { close(); });
@@ -66,7 +66,7 @@ std::unique_ptr<PrintDialog> ViewerWindow::printDialog()
 void ViewerWindow::askPrint()
 {
     if (m_task->isRunning()) return;
-    // Nothing is printed while the box shows other letters than those that are ticked.
+    // Print nothing while the box shows other letters than those that are ticked.
     if (!m_range->isReadable()) return m_range->focusBox();
     const std::unique_ptr<PrintDialog> dialog = printDialog();
     if (dialog->exec() == QDialog::Accepted)
@@ -84,7 +84,7 @@ void ViewerWindow::print(const PrintOrder &order)
     runTask(u"印刷しています"_s, which.size(), [&](const Progress &progress) {
         const PrintResult result = printLetters(*m_letters, which, order, m_services.roads, progress);
         tellPrinted(result, which);
-        // Cancelled in order to close counts as an end; a refusal keeps the window.
+        // A print that was cancelled in order to close counts as complete; a refusal keeps the window open.
         return result.fault.empty();
     });
 }
@@ -132,11 +132,11 @@ void ViewerWindow::savePdf(const PdfOrder &order)
     }
 }
 
-/// The next month's letters will be saved beside this month's.
+/// The next month's letters are usually saved beside this month's.
 void ViewerWindow::keepPdfFolder(const QString &folder)
 {
     m_settings.setPdfFolder(folder);
-    // Settings that cannot be written are no reason not to go on.
+    // Unwritable settings must not interrupt the work.
     (void)m_settings.save();
 }
 

@@ -31,7 +31,7 @@ void tell(QWidget *parent, QMessageBox::Icon icon, const QString &text)
 {
     QMessageBox box(icon, u"委任状"_s, text, QMessageBox::NoButton, parent);
     box.addButton(u"OK"_s, QMessageBox::AcceptRole);
-    // The numbers that were not printed are written down somewhere, as a rule.
+    // Users usually note down the numbers that were not printed.
     const auto *const copy = new QShortcut(QKeySequence::Copy, &box); // owned by the box
     QObject::connect(copy, &QShortcut::activated, &box, [&text] { QGuiApplication::clipboard()->setText(text); });
     box.exec();
@@ -46,7 +46,7 @@ bool mayReplace(QWidget *parent, const QString &text)
     return box.clickedButton() == replace;
 }
 
-/// Where a person looks first; a fresh account has no folder for documents yet.
+/// The folder where users look first; a new account may have no documents folder yet.
 QString folderOrDocuments(const QString &folder)
 {
     if (!folder.isEmpty()) return folder;
@@ -58,7 +58,7 @@ QString askPdfFile(QWidget *parent, const QString &folder, const QString &name)
 {
     QFileDialog dialog(parent, u"PDF に保存"_s, folderOrDocuments(folder), u"PDF ファイル (*.pdf)"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    // The dialog itself adds the ending, before it asks about a file of that name.
+    // The dialog itself adds the extension, before it asks about an existing file.
     dialog.setDefaultSuffix(u"pdf"_s);
     dialog.selectFile(name);
     const bool isChosen = dialog.exec() == QDialog::Accepted;

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostPerJob = 10000;
-/// Further than this no printer is off; a settings file that says so was spoilt by hand.
+/// No real printer has a larger offset; a larger value in the settings file is corrupt.
 constexpr int kMostOffset = 500;
 
 QString ownPath()
@@ -22,7 +22,7 @@ QString ownPath()
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/formviewer/formviewer.ini"_s;
 }
 
-/// A printer's name may hold what parts keys.
+/// A printer's name may contain the separator of keys.
 QString offsetKey(const QString &printer, const char *direction)
 {
     const QString name = QString::fromLatin1(QUrl::toPercentEncoding(printer));

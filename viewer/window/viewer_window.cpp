@@ -29,7 +29,7 @@ namespace {
 constexpr int kFirstWidth = 1200, kFirstHeight = 820;
 constexpr int kListWidth = 480, kPageWidth = 720;
 constexpr int kPageShare = 560, kCheckShare = 200;
-/// Letters that are judged between two looks at what the user does.
+/// Letters that are checked between two passes of the event loop.
 constexpr std::size_t kCheckedAtOnce = 200;
 
 } // namespace
@@ -59,7 +59,7 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
 
 ViewerWindow::~ViewerWindow()
 {
-    // A box that loses the focus reads itself: while there are letters still.
+    // A box that loses the focus evaluates its text: make it do so while the letters still exist.
     if (QWidget *const box = focusWidget()) box->clearFocus();
 }
 
@@ -108,11 +108,11 @@ QWidget *ViewerWindow::buildPage()
     return side;
 }
 
-/// Puts letters into the window in the place of those before.
+/// Replaces the letters in the window.
 void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
 {
     const bool isFirst = !m_letters;
-    // The old ones are let go when nothing shows them any more.
+    // The old letters are released once no widget shows them.
     const std::unique_ptr<OpenLetters> old = std::exchange(m_letters, std::move(letters));
     const std::unique_ptr<LetterFinder> oldFinder = std::exchange(m_finder, std::make_unique<LetterFinder>(*m_letters));
     m_checkTimer.stop();
@@ -147,7 +147,7 @@ void ViewerWindow::start()
 {
     const Ending ending = m_letters->set.ending;
     if (ending != Ending::print && ending != Ending::printByDialog) return;
-    // A warning stays on the screen until somebody has seen it.
+    // With warnings the window stays open until the user has seen them.
     m_closesWhenPrinted = m_letters->set.warnings.empty();
     whenPlaced([this, ending] {
         if (ending == Ending::printByDialog) return askPrint();
@@ -156,12 +156,12 @@ void ViewerWindow::start()
     });
 }
 
-/// Does something when the system has given the window its place: a dialog that is opened earlier stands anywhere. A window
-/// that is never seen, on another desktop say, holds nothing up.
+/// Runs `what` once the system has placed the window: a dialog that opens earlier appears in the wrong place. After a
+/// while it runs anyway, for a window on another desktop may never become visible.
 void ViewerWindow::whenPlaced(std::function<void()> what)
 {
     constexpr int kLookEvery = 10, kMostLooks = 100;
-    auto *const timer = new QTimer(this); // owned by the window until it has done its work
+    auto *const timer = new QTimer(this); // owned by the window until it has finished
     timer->callOnTimeout([this, timer, what = std::move(what), looks = 0]() mutable {
         const bool isSeen = windowHandle() != nullptr && windowHandle()->isExposed();
         if (!isSeen && ++looks < kMostLooks) return timer->start(kLookEvery);
@@ -207,7 +207,7 @@ void ViewerWindow::checkMore()
 
 void ViewerWindow::finishCheck()
 {
-    // The first page starts the check; before it is painted there is none.
+    // Painting the first page starts the check; start it now if that has not happened yet.
     if (m_page->onFirstPaint) std::exchange(m_page->onFirstPaint, {})();
     if (!m_check) return;
     while (m_check->judge(kCheckedAtOnce)) {
@@ -249,7 +249,7 @@ void ViewerWindow::find(Direction direction)
     showFound(m_finder->next(m_find->text(), m_page->letter(), direction));
 }
 
-/// While a text is typed, a letter that still holds it stays.
+/// While a text is typed, the current letter stays as long as it contains the text.
 void ViewerWindow::findTyped()
 {
     const std::size_t now = m_page->letter();
@@ -275,7 +275,7 @@ void ViewerWindow::fileChanged(const std::string &path)
 
 void ViewerWindow::reload()
 {
-    // The notice stays for afterwards.
+    // Keep the notice for later.
     if (m_task->isRunning()) return statusBar()->showMessage(u"終わってから読み込んでください。"_s);
     try {
         adopt(std::make_unique<OpenLetters>(m_scriptPath));
@@ -293,7 +293,7 @@ void ViewerWindow::tell(QMessageBox::Icon icon, const QString &text)
 void ViewerWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    // Whoever comes back to the window sees at once that the file is another.
+    // Detect a changed file as soon as the user returns to the window.
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_watch.look();
 }
 
@@ -301,7 +301,7 @@ void ViewerWindow::closeEvent(QCloseEvent *event)
 {
     if (!m_task->isRunning()) {
         m_settings.setWindowPlace(saveGeometry());
-        // A window place that cannot be kept is no reason to stay.
+        // A window position that cannot be saved must not prevent closing.
         (void)m_settings.save();
         event->accept();
         return;

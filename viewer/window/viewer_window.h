@@ -32,29 +32,29 @@ class PageView;
 class RangeBox;
 class TaskBar;
 
-/// The window of the letters of one script: list, page, check, and what goes out.
+/// The window for the letters of one script: list, page, check and output.
 class ViewerWindow : public QMainWindow {
 public:
     ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> letters,
                  ViewerServices services = realServices());
     ~ViewerWindow() override;
 
-    /// Does what the script's last line asks for: shows the letters, asks how to print them, or prints them.
+    /// Follows the script's last line: shows the letters, opens the print dialog, or prints.
     void start();
 
     [[nodiscard]] OpenLetters &letters() { return *m_letters; }
     [[nodiscard]] const std::vector<Finding> &findings() const { return m_findings.all(); }
     void showLetter(std::size_t letter);
-    /// Judges what has not been judged yet, at once.
+    /// Checks the remaining letters at once.
     void finishCheck();
-    /// Looks whether a file has changed, without waiting for the next look.
+    /// Checks now whether a file has changed.
     void lookAtFiles() { m_watch.look(); }
     void reload();
 
-    /// Asks how, then prints the ticked letters.
+    /// Opens the print dialog, then prints the ticked letters.
     void askPrint();
     void print(const PrintOrder &order);
-    /// Asks which and how, then writes PDF files.
+    /// Lets the user choose letters and file names, then writes PDF files.
     void askPdf();
     void savePdf(const PdfOrder &order);
 
@@ -73,7 +73,7 @@ private:
     QWidget *buildList();
     QWidget *buildPage();
     void adopt(std::unique_ptr<OpenLetters> letters);
-    /// The warnings about the letter files, a line each.
+    /// The warnings about the letter files, one per line.
     [[nodiscard]] QString warningText() const;
     void whenPlaced(std::function<void()> what);
     void startCheck();
@@ -101,12 +101,12 @@ private:
     ViewerSettings m_settings;
     std::unique_ptr<OpenLetters> m_letters;
     std::unique_ptr<LetterFinder> m_finder;
-    std::unique_ptr<LetterCheck> m_check; ///< while letters are being judged
+    std::unique_ptr<LetterCheck> m_check; ///< set while letters are being checked
     FindingIndex m_findings;
     QTimer m_checkTimer;
     FileWatch m_watch;
     LetterListModel m_model;
-    std::vector<QAction *> m_idleActions; ///< those that wait while a task runs
+    std::vector<QAction *> m_idleActions; ///< those that are disabled while a task runs
     LetterList *m_list = nullptr;
     PageView *m_page = nullptr;
     CheckPanel *m_checkPanel = nullptr;
@@ -118,7 +118,7 @@ private:
     QLineEdit *m_find = nullptr;
     QLabel *m_found = nullptr;
     QLabel *m_zoom = nullptr;
-    QString m_taskState; ///< how far the running task is, in words
+    QString m_taskState; ///< progress of the running task, in words
     bool m_isAsking = false, m_closesAfterTask = false, m_closesWhenPrinted = false;
 };
 

@@ -4,7 +4,7 @@ namespace inin::viewer {
 
 SpoolPdf systemSpool()
 {
-    return {}; // its queues take what a driver has painted
+    return {}; // its queues accept only pages that a driver has painted
 }
 
 } // namespace inin::viewer

@@ -16,13 +16,13 @@ namespace inin::odbc {
 
 namespace {
 
-// Types of SQL Server that ODBC's own headers do not know.
+// SQL Server types that the ODBC headers do not define.
 constexpr std::int16_t kSqlVariant = -150, kSqlXml = -152;
 
-/// Above this many characters a column counts as long; the server's own longest short one.
+/// A column of more characters is treated as long. This is the server's limit for a column that is not (max).
 constexpr std::size_t kLongestText = 8000;
 constexpr std::size_t kLongestBytes = 8000;
-/// Digits, sign, point and the zero before it.
+/// Digits, sign, decimal point and a leading zero.
 constexpr std::size_t kDecimalExtra = 4;
 constexpr std::size_t kGuidWidth = 37;
 
@@ -31,7 +31,7 @@ struct TypeRow {
     std::int32_t adoType;
     ColumnForm form;
     std::int16_t cType;
-    std::size_t width; ///< 0: by the column's size
+    std::size_t width; ///< 0: derived from the column size
     bool isLong = false;
 };
 constexpr TypeRow kTypes[] = {
@@ -63,16 +63,16 @@ constexpr TypeRow kTypes[] = {
     {SQL_LONGVARBINARY, 205, ColumnForm::bytes, SQL_C_BINARY, 0, true},
 };
 
-/// A type that is not listed (a time with a zone, for one) is read as text.
+/// Types that are not listed (for example a time with a zone) are read as text.
 constexpr TypeRow kUnknownType{0, 202, ColumnForm::text, SQL_C_WCHAR, 0};
 
-/// 0 for a long column. A driver tells the size of nvarchar(max) as 0.
+/// 0 for a long column. Drivers report the size of nvarchar(max) as 0.
 std::size_t widthOf(const TypeRow &type, std::size_t size)
 {
     if (type.width != 0 || type.isLong) return type.width;
     if (type.form == ColumnForm::decimal) return std::min<std::size_t>(size, kLongestText) + kDecimalExtra;
     if (type.form == ColumnForm::bytes) return size > kLongestBytes ? 0 : size;
-    // The size may count characters, and one beyond the first plane takes two units; a NUL stands behind.
+    // The size may be in characters, and a character outside the BMP takes two units; one more for the NUL.
     return size == 0 || size > kLongestText ? 0 : (2 * size + 1) * sizeof(SQLWCHAR);
 }
 
@@ -95,13 +95,13 @@ Variant bigInteger(std::int64_t value)
     return static_cast<double>(value);
 }
 
-/// The double that is meant: 0.1 as a single is not the single's exact value written with more digits.
+/// Convert by way of the shortest decimal text: 0.1 as a single must become 0.1 as a double, not 0.10000000149.
 double singleValue(float value)
 {
     std::array<char, 32> digits{};
     const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
     double result = value;
-    (void)std::from_chars(digits.data(), written.ptr, result); // infinity and the like stay as they are
+    (void)std::from_chars(digits.data(), written.ptr, result); // infinity and NaN stay as they are
     return result;
 }
 
@@ -113,7 +113,7 @@ Variant decimalValue(std::string_view digits)
     return value;
 }
 
-/// A year that the runtime's dates do not reach stays a text.
+/// A year outside the range of the runtime's dates stays text.
 Variant dateOrText(const DateParts &parts, double secondFraction)
 {
     constexpr double kSecondsPerDay = 86400;
@@ -135,7 +135,7 @@ Variant timeValue(const SQL_TIME_STRUCT &value)
     return Date((value.hour * 3600 + value.minute * 60 + value.second) / 86400.0);
 }
 
-/// As ADO writes one: in braces and capitals.
+/// As ADO writes one: in braces and upper case.
 std::string guidText(std::string_view digits)
 {
     std::string text = "{";
@@ -173,11 +173,11 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
         return static_cast<std::int32_t>(read<SQLINTEGER>(cell));
     case ColumnForm::bigInteger:
         return bigInteger(read<SQLBIGINT>(cell));
-    case ColumnForm::bit: // ADO's True is -1 as a number
+    case ColumnForm::bit: // in ADO, True is -1 as a number
         return static_cast<std::int16_t>(*cell == std::byte{0} ? 0 : -1);
     case ColumnForm::single:
         return singleValue(read<float>(cell));
-    case ColumnForm::number: // a driver that gives a single here tells so by its length
+    case ColumnForm::number: // a driver that returns a single here shows it by the length
         return length == sizeof(float) ? singleValue(read<float>(cell)) : read<double>(cell);
     case ColumnForm::decimal:
         return decimalValue(chars(cell, length));
@@ -194,7 +194,7 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
     case ColumnForm::bytes:
         return Binary(cell, cell + length);
     case ColumnForm::utf8Text:
-        return utf8FromUtf16(utf16FromUtf8(chars(cell, length))); // a cut text may end within a character
+        return utf8FromUtf16(utf16FromUtf8(chars(cell, length))); // truncated text may end within a character
     case ColumnForm::text:
         break;
     }

@@ -13,7 +13,7 @@ struct KeyRow {
     std::string_view key;
     Part part;
 };
-/// Names of ADO's providers first, then those of ODBC's drivers.
+/// The names in ADO providers, then those in ODBC drivers.
 constexpr KeyRow kKeys[] = {
     {"provider", Part::provider},
     {"data source", Part::server},
@@ -165,7 +165,7 @@ ConnectionParts readConnectionParts(const ConnectionText &text)
     for (const ConnectionPair &pair : text.pairs) {
         const std::optional<Part> part = partOfKey(pair.key);
         if (part && isOdbc)
-            parts.texts.try_emplace(*part, pair.value); // the first of two counts in ODBC, the last in ADO
+            parts.texts.try_emplace(*part, pair.value); // of a repeated key ODBC uses the first, ADO the last
         else if (part)
             parts.texts.insert_or_assign(*part, pair.value);
         else if (isOdbc)

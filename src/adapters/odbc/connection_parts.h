@@ -12,7 +12,7 @@
 
 namespace inin::odbc {
 
-/// What a key of a connection string is about, whichever of its names it bears.
+/// The meaning of a connection string key, independent of its spelling.
 enum class Part : std::uint8_t {
     server,
     port,
@@ -44,27 +44,27 @@ enum class Part : std::uint8_t {
 
 enum class Encryption : std::uint8_t { no, request, yes, strict };
 
-/// Seconds that a log-in may take where the string names no other number; 0 would wait for ever.
+/// Log-in timeout in seconds for a string that specifies none; 0 would wait forever.
 inline constexpr std::int32_t kDefaultLoginTimeout = 15;
 
-/// A connection to SQL Server as a string means it, free of the spelling of any provider or driver.
+/// A connection to SQL Server, independent of the spelling of any provider or driver.
 struct ConnectionParts {
     std::map<Part, std::string> texts;
-    /// Keys of ODBC's form that no Part stands for, with their values as written.
+    /// Keys of ODBC's form that have no Part, with their values as written.
     std::vector<std::pair<std::string, std::string>> others;
     ServerAddress server;
     bool integrated = false;
     std::optional<Encryption> encrypt;
     std::optional<bool> trustCertificate;
     std::int32_t loginTimeout = kDefaultLoginTimeout;
-    std::string problem; ///< why the string makes no connection; never holds a value of it, but the provider's name
+    std::string problem; ///< why the string cannot be used; contains no value of it except the provider's name
 
-    /// Empty when the string does not name it.
+    /// Empty when the string has no such part.
     [[nodiscard]] std::string text(Part part) const;
     [[nodiscard]] bool has(Part part) const { return texts.contains(part); }
 };
 
-/// What a key is about; nothing for a key without a meaning here. `key` is in lower case.
+/// The meaning of a key, if it has one here. `key` is in lower case.
 [[nodiscard]] std::optional<Part> partOfKey(std::string_view key);
 [[nodiscard]] ConnectionParts readConnectionParts(const ConnectionText &text);
 

@@ -24,7 +24,7 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
-/// "Initial   Catalog" and "initial catalog" are one key.
+/// "Initial   Catalog" and "initial catalog" are the same key.
 std::string normalKey(std::string_view key)
 {
     std::string normal;
@@ -49,7 +49,7 @@ private:
     {
         const std::size_t semicolon = std::min(m_text.find(';', m_at), m_text.size());
         const std::size_t equals = m_text.find('=', m_at);
-        if (equals >= semicolon) { // nothing between two semicolons, or a word without a value
+        if (equals >= semicolon) { // an empty item, or a word without a value
             if (!trimmed(m_text.substr(m_at, semicolon - m_at)).empty()) fail("a part of it is no key with a value");
             m_at = semicolon + 1;
             return;
@@ -82,7 +82,7 @@ private:
         ++m_at;
     }
 
-    /// The closing sign that stands twice is one character of the value.
+    /// A doubled closing character is one character of the value.
     bool readQuoted(char closing, std::string &value)
     {
         for (++m_at; m_at < m_text.size(); ++m_at) {

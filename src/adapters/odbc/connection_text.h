@@ -10,30 +10,30 @@ namespace inin::odbc {
 
 /// One `key=value` of a connection string.
 struct ConnectionPair {
-    std::string key;      ///< in lower case, blanks within it made single
-    std::string shownKey; ///< as written, without the blanks around it
-    std::string value;    ///< as meant: without quotes or braces
-    std::string raw;      ///< as written, quotes and braces included
+    std::string key;      ///< in lower case, with inner runs of blanks reduced to one
+    std::string shownKey; ///< as written, trimmed
+    std::string value;    ///< without quotes or braces
+    std::string raw;      ///< as written, with quotes or braces
 };
 
-/// A connection string taken apart. ADO and ODBC quote differently: in ADO's form "…" and '…' hold a value, with the
-/// quote doubled inside, in ODBC's form {…} does, with the closing brace doubled.
+/// A parsed connection string. Quoting differs: ADO puts a value in "…" or '…' and doubles the quote inside; ODBC puts
+/// it in {…} and doubles the closing brace inside.
 struct ConnectionText {
     enum class Form : std::uint8_t { ado, odbc };
     Form form = Form::ado;
     std::vector<ConnectionPair> pairs;
-    std::string problem; ///< why the string cannot be read; never holds a value of it
+    std::string problem; ///< why the string cannot be read; contains no value of it
 
-    /// The last value of a key in ADO's form, the first in ODBC's; nothing when there is none.
+    /// The value of a key, if there is one: the last one in ADO's form, the first in ODBC's.
     [[nodiscard]] std::optional<std::string> value(std::string_view key) const;
 };
 
-/// Reads a string of either form; a text without any "=" is the name of a data source.
+/// Reads a string of either form; text without "=" is the name of a data source.
 [[nodiscard]] ConnectionText readConnectionText(std::string_view text);
-/// Reads one of ODBC's form, as it stands inside another string.
+/// Reads a string of ODBC's form that is part of another string.
 [[nodiscard]] ConnectionText readOdbcText(std::string_view text);
 
-/// The value as an ODBC string holds it: in braces where a sign in it would be read as more than itself.
+/// The value as written in an ODBC string: in braces if it contains a special character.
 [[nodiscard]] std::string odbcQuoted(std::string_view value);
 
 } // namespace inin::odbc

@@ -10,7 +10,7 @@ namespace inin::odbc {
 namespace {
 
 struct NativeRow {
-    std::int32_t native; ///< SQL Server's number of the message
+    std::int32_t native; ///< SQL Server's message number
     std::int32_t number;
 };
 constexpr NativeRow kNatives[] = {
@@ -20,7 +20,7 @@ constexpr NativeRow kNatives[] = {
 };
 
 struct StateRow {
-    std::string_view start; ///< of the SQL state; the first row that fits counts
+    std::string_view start; ///< prefix of the SQL state; the first matching row applies
     std::int32_t number;
 };
 constexpr StateRow kStates[] = {
@@ -31,21 +31,21 @@ constexpr StateRow kStates[] = {
     {"42", ado_error::faultyStatement}, {"S0", ado_error::faultyStatement}, {"HY019", ado_error::faultyStatement},
 };
 
-/// Some servers and drivers tell a missing table under the state of any faulty statement, and a refused log-in under
-/// that of an unreachable server: their words tell more.
+/// Some servers and drivers report a missing table with the SQL state of any faulty statement, and a refused log-in
+/// with that of an unreachable server. The message text distinguishes them.
 struct WordsRow {
     std::string_view first;
-    std::string_view second; ///< behind the first, may be empty
+    std::string_view second; ///< follows the first, may be empty
     std::int32_t number;
 };
 constexpr WordsRow kWords[] = {
     {"Invalid object name", "", ado_error::noSuchTable},
-    {"column \"", "\" does not exist", ado_error::faultyStatement}, // of a relation that is there
+    {"column \"", "\" does not exist", ado_error::faultyStatement}, // the relation itself exists
     {"relation \"", "\" does not exist", ado_error::noSuchTable},
     {"no such table", "", ado_error::noSuchTable},
     {"Login failed for user", "", ado_error::logInRefused},
     {"password authentication failed", "", ado_error::logInRefused},
-    {"Couldn't parse SQL", "", ado_error::faultyStatement}, // of the driver for Jet files, which tells no state
+    {"Couldn't parse SQL", "", ado_error::faultyStatement}, // from the driver for Jet files, which reports no SQL state
 };
 
 std::int32_t numberOf(const DiagnosticRecord &record, std::string_view words)
@@ -67,7 +67,7 @@ bool isWordByte(char c)
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// A short secret is left out where it is a word of its own, or half of all messages would be stars.
+/// A short secret is masked only as a whole word; otherwise ordinary words would be masked as well.
 void hide(std::string &text, const std::string &secret)
 {
     constexpr std::size_t kShort = 4;
@@ -86,11 +86,11 @@ void hide(std::string &text, const std::string &secret)
 
 constexpr std::string_view kNoReason = "the driver failed and told no reason";
 
-/// FreeTDS adds this record to every failed log-in, and uses the second text for a connection that broke.
+/// FreeTDS adds this record to every failed log-in; it uses the second text for a broken connection.
 constexpr std::string_view kNoConnection = "Unable to connect to data source";
 constexpr std::string_view kUnknown = "Unknown error";
 
-/// The text of the entry at `chief`, followed by what the other entries add to it in parentheses.
+/// The text of the entry at `chief`, followed by the additional texts of the other entries in parentheses.
 std::string logInText(const std::vector<ProviderError> &errors, std::size_t chief)
 {
     std::vector<std::string_view> texts{errors[chief].Description, kNoConnection, ""};
@@ -158,7 +158,7 @@ void raiseRecords(std::vector<ProviderError> &errors, const std::vector<Diagnost
     const auto first = std::ranges::find_if_not(records, &DiagnosticRecord::isWarning);
     const std::size_t chief = first == records.end() ? 0 : static_cast<std::size_t>(first - records.begin());
     ProviderError &error = errors[chief];
-    // A timeout that took the connection with it is still a timeout.
+    // A timeout that also broke the connection is reported as a timeout.
     if (failure == Failure::lostConnection && error.Number == ado_error::unspecified)
         error.Description = lostConnectionText(error.Description);
     throw RuntimeError(error.Number, failure == Failure::logIn ? logInText(errors, chief) : error.Description);

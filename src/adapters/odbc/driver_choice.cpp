@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kNumberedStart = "odbc driver ";
 constexpr std::string_view kNumberedEnd = " for sql server";
 
-/// Microsoft's drivers before the numbered ones, the newest first.
+/// Microsoft's drivers from before the numbered ones, newest first.
 constexpr std::string_view kOlderDrivers[] = {"sql server native client 11.0", "sql server native client 10.0",
                                               "sql native client", "sql server"};
 
@@ -42,7 +42,7 @@ OdbcDriver driverNamed(std::string_view name)
     if (lower.starts_with(kNumberedStart) && lower.ends_with(kNumberedEnd)) {
         driver.family = DriverFamily::microsoft;
         const std::string_view number = std::string_view(lower).substr(kNumberedStart.size());
-        (void)std::from_chars(number.data(), number.data() + number.size(), driver.version); // stays 0 for no number
+        (void)std::from_chars(number.data(), number.data() + number.size(), driver.version); // stays 0 without a number
     }
     const std::size_t library = lower.find("msodbcsql");
     if (library != std::string::npos) {

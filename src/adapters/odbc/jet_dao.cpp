@@ -9,7 +9,7 @@ namespace inin::odbc {
 
 namespace {
 
-/// The older files and those of the newer engine say what they are behind their first four bytes.
+/// Files of the older and of the newer engine carry their type after the first four bytes.
 bool isJetFile(std::string_view start)
 {
     constexpr std::size_t kNamePlace = 4;
@@ -18,7 +18,7 @@ bool isJetFile(std::string_view start)
     return name.starts_with("Standard Jet DB") || name.starts_with("Standard ACE DB");
 }
 
-/// In braces only where it must be: the driver outside Windows takes none, and so no path with a semicolon.
+/// Braces only where required: the driver outside Windows does not support them, and so no path with a semicolon.
 std::string valueOf(const std::string &path)
 {
     if (path.find(';') == std::string::npos && !path.starts_with('{')) return path;

@@ -9,14 +9,14 @@
 
 namespace inin::odbc {
 
-/// The driver for Jet files: of the system on Windows, of a package elsewhere (see mdb_driver.h).
+/// The driver for Jet files: part of the system on Windows, from a package elsewhere (see mdb_driver.h).
 [[nodiscard]] std::string jetDriver();
-/// What that driver can do: outside Windows it only reads.
+/// What that driver supports: outside Windows it is read-only.
 [[nodiscard]] DaoAccess jetAccess();
 
-/// Jet files behind the older library's port: a database's name is the path of its file. `resolvePath` turns it, a path
-/// of the suite, into one that the system opens. `driver` is a registered name or jetDriver(); without it an opening is
-/// error 3151.
+/// Opens Jet files through the older library's port: a database's name is the path of its file. `resolvePath` turns
+/// that path of the suite into one of the system. `driver` is a registered name or jetDriver(); if it is missing,
+/// opening is error 3151.
 [[nodiscard]] std::unique_ptr<DaoEngine> makeJetDao(std::function<std::string(const std::string &)> resolvePath,
                                                     std::string driver = jetDriver());
 

@@ -10,7 +10,7 @@ namespace inin::odbc {
 
 namespace {
 
-/// More than any statement of one table's columns; what room the driver has for one is not told.
+/// Longer than any statement that lists one table's columns. The driver does not document its limit.
 constexpr std::size_t kLongestStatement = 4000;
 
 bool needsBrackets(const Token &token)
@@ -59,7 +59,7 @@ std::string mdbDriverLibrary()
     std::error_code error;
     for (const char *root : {"/usr/lib", "/usr/lib64", "/usr/local/lib"}) {
         if (fs::exists(fs::path(root) / kLibrary, error)) return (fs::path(root) / kLibrary).string();
-        // A folder for each machine type stands between.
+        // There is a folder for each machine type in between.
         for (fs::directory_iterator entry(root, error), end; !error && entry != end; entry.increment(error))
             if (fs::path library = entry->path() / kLibrary; fs::exists(library, error)) return library.string();
     }

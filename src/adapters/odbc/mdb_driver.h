@@ -7,37 +7,37 @@
 
 namespace inin::odbc {
 
-// The driver that reads Jet files outside Windows keeps few of ODBC's promises. What it needs done differently:
-// - Of a bound column's length it writes 32 bits only, and a text that does not fit it cuts, so nothing is bound: each
-//   value is fetched by itself, into a buffer that holds the longest text that the driver gives.
-// - It minds the caller's types little: texts come as UTF-8, a single comes where a double was asked for. A negative
-//   whole number of 16 bits it takes for too large, but not where one of 32 bits is asked for.
-// - It tells neither how many rows a fetch gave nor the present database; what it leaves there is chance.
-// - It opens every file, even one that holds no database.
-// - Its scanner takes ASCII names only, others in brackets, and no semicolon at the end.
-// - Its conditions find the wrong rows without a word: with NULL, dates, currency, decimals, bytes and negative numbers
-//   of 16 bits. So a statement with conditions is refused: who wants some of the rows reads them all and chooses.
-// What stays, and is the driver's:
-// - Values: a text ends behind 16383 bytes; an empty text is NULL; currency is a number without its type; a decimal and a
-//   GUID come as text, bytes as text up to the first 0; a date before the end of 1899 comes as the text "1900-01-00".
+// The driver that reads Jet files outside Windows deviates from ODBC. Workarounds in this adapter:
+// - It writes only 32 bits of a bound column's length and truncates text that does not fit. Therefore nothing is
+//   bound: each value is fetched by itself, into a buffer for the longest text that the driver returns.
+// - It ignores most requested types: text is UTF-8, and a single is returned where a double was requested. A negative
+//   16-bit number fails as out of range unless a 32-bit number is requested.
+// - The row count of a fetch and the current database are undefined; they are not read.
+// - It opens any file, even one without a database.
+// - Its scanner reads only ASCII names (others in brackets) and no semicolon at the end.
+// - Its conditions silently select wrong rows for NULL, dates, currency, decimals, bytes and negative 16-bit numbers.
+//   Therefore a statement with conditions is refused: read all rows and filter them here.
+// Limits that remain:
+// - Values: text is cut after 16383 bytes; an empty text is NULL; currency is a number without its type; decimals and
+//   GUIDs are text; bytes are text up to the first 0; a date before the end of 1899 is the text "1900-01-00".
 // - Statements: columns of one table; no ORDER BY, DISTINCT, alias or join.
-// - Paths: none with a semicolon.
-// - Failures: one text for all, without the SQL state; the reason goes to the error stream of the process.
+// - Paths: no semicolons.
+// - Failures: one text for all, without SQL state; the reason is written to the error stream of the process.
 
-/// True for the name by which that driver calls its database.
+/// True if SQLGetInfo reports the database name of that driver.
 [[nodiscard]] bool isMdbDriver(std::string_view databaseName);
 /// A statement that every Jet file can run.
 inline constexpr const char *kMdbCatalogue = "SELECT Id FROM MSysObjects";
-/// The column as its values can be had from that driver.
+/// The column adjusted to the types in which that driver delivers its values.
 [[nodiscard]] OdbcColumn mdbColumn(OdbcColumn column);
-/// A statement as the driver's scanner takes it, or why it must not be given to the driver.
+/// A statement in the form that the driver's scanner accepts, or why it must not be sent to the driver.
 struct MdbStatement {
     std::string text;
     std::string problem;
 };
 [[nodiscard]] MdbStatement mdbStatement(std::string_view sql);
-/// The library of that driver which takes statements in UTF-16: its package registers only the one that takes them in
-/// the process's code page. The registered name when there is no such file.
+/// The library of that driver that accepts UTF-16 statements; the driver's package registers only the one for the
+/// process's code page. The registered name if that file does not exist.
 [[nodiscard]] std::string mdbDriverLibrary();
 
 } // namespace inin::odbc

@@ -1,7 +1,7 @@
 #pragma once
 
-// ODBC's own headers, the wide character as UTF-16 everywhere. For the bodies of this adapter, never for its headers.
-#ifdef _WIN32 // there the headers below are made of its types
+// ODBC's headers, with UTF-16 wide characters on every system. Include it in this adapter's .cpp files only.
+#ifdef _WIN32 // the headers below need its types
 #include <windows.h>
 #endif
 #include <sql.h>
@@ -17,7 +17,7 @@ namespace inin::odbc {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager must take UTF-16");
 
-/// ODBC's calls take their texts without const, and read them only.
+/// ODBC's functions take input text as non-const but do not change it.
 [[nodiscard]] inline SQLWCHAR *wide(const std::u16string &text)
 {
     return const_cast<SQLWCHAR *>(static_cast<const SQLWCHAR *>(static_cast<const void *>(text.data())));
@@ -28,7 +28,7 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager must tak
     return {static_cast<const char16_t *>(static_cast<const void *>(text)), count};
 }
 
-/// A number in the place of a pointer, as ODBC's attributes have it.
+/// A number as a pointer, as ODBC's attributes require.
 [[nodiscard]] inline SQLPOINTER asPointer(std::uintptr_t number)
 {
     return reinterpret_cast<SQLPOINTER>(number); // NOLINT(performance-no-int-to-ptr): the interface wants it so

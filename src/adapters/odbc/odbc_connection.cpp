@@ -29,7 +29,7 @@ OdbcConnection::~OdbcConnection()
     if (m_lease) giveBack();
 }
 
-/// The words of a refusal never hold the connection string, which may hold a password.
+/// The text of a refusal never contains the connection string, which may contain a password.
 void OdbcConnection::Open(const std::string &connectionString, const std::string &user, const std::string &password,
                           std::int32_t)
 {

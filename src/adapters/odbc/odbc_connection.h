@@ -11,20 +11,20 @@
 
 namespace inin::odbc {
 
-/// What all sessions of one library object share.
+/// State that all sessions of one library object share.
 struct OdbcShared {
     IdlePool<OdbcSession> pool;
-    std::shared_ptr<OdbcEnvironment> environment; ///< made at the first log-in
-    std::vector<std::string> drivers;             ///< what a connection string may name
-    std::int64_t logIns = 0;                      ///< physical ones, told to the benchmark
+    std::shared_ptr<OdbcEnvironment> environment; ///< created at the first log-in
+    std::vector<std::string> drivers;             ///< the drivers that a connection string may name
+    std::int64_t logIns = 0;                      ///< number of physical log-ins, for the benchmark
 
-    /// A new physical connection.
+    /// Creates a new physical connection.
     [[nodiscard]] std::unique_ptr<OdbcSession> logIn(const OdbcString &target, std::vector<ProviderError> &errors);
     void loadDrivers();
 };
 
-/// What a session has of the database while it is open. A record set shares it, and finds the connection gone when the
-/// session was closed under it.
+/// The database side of an open session. A record set shares it, and finds no connection in it once the session is
+/// closed.
 struct OdbcLease {
     std::unique_ptr<OdbcSession> session;
     std::shared_ptr<std::vector<ProviderError>> errors;
@@ -35,7 +35,7 @@ public:
     explicit OdbcConnection(std::shared_ptr<OdbcShared> shared) : m_shared(std::move(shared)) {}
     ~OdbcConnection() override;
 
-    /// Open also after the connection was lost, as with ADO: the next operation fails, and Close and Open help.
+    /// Remains open after the connection was lost, as in ADO: the next operation fails; Close and Open recover.
     [[nodiscard]] std::int32_t State() const override { return m_lease ? adStateOpen : adStateClosed; }
     void Open(const std::string &connectionString, const std::string &user, const std::string &password,
               std::int32_t options) override;

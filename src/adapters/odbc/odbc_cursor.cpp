@@ -59,7 +59,7 @@ void OdbcCursor::describe()
     }
 }
 
-/// The next block, of which some rows may be good before it failed.
+/// Fetches the next block. It may contain good rows before a failure.
 void OdbcCursor::fetch()
 {
     m_row = 0;
@@ -69,7 +69,7 @@ void OdbcCursor::fetch()
     m_atEnd = outcome == RowBlock::Outcome::end;
 }
 
-/// Raises a failure when its row has come.
+/// Raises a pending failure when the cursor reaches its row.
 void OdbcCursor::arrive()
 {
     const std::size_t count = m_isKept ? m_kept.size() : m_block->count();

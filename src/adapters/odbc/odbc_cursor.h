@@ -16,26 +16,26 @@ namespace inin::odbc {
 
 class OdbcSession;
 
-/// The rows of one SELECT, read forward. They stream from the server until the connection is wanted for another
-/// statement: then the rest is read to this side, because a server has one open result on a connection.
+/// The rows of one SELECT, forward only. They stream from the server until another statement needs the connection; then
+/// the remaining rows are read into memory, because a server has one open result per connection.
 class OdbcCursor {
 public:
-    /// Takes a statement that has been executed, and reads its first rows.
+    /// Takes an executed statement and reads its first rows.
     OdbcCursor(OdbcSession &session, std::unique_ptr<OdbcHandle> statement);
 
     [[nodiscard]] bool atEnd() const { return m_atEnd; }
-    /// On to the next row. After a failure there is no current row any more.
+    /// Moves to the next row. After a failure there is no current row.
     void next();
     [[nodiscard]] Variant value(std::size_t column) const;
 
     [[nodiscard]] const std::vector<OdbcColumn> &columns() const { return m_columns; }
-    /// columns().size() when there is none. Asked for each value of each row, so the answers are kept by name.
+    /// columns().size() if there is none. Called for each value of each row, so results are cached by name.
     [[nodiscard]] std::size_t fieldIndex(std::string_view name) const;
 
-    /// Reads all rows that are left to this side and frees the statement. A failure waits for the reader to come to
-    /// its row.
+    /// Reads all remaining rows into memory and frees the statement. A failure is raised when the cursor reaches its
+    /// row.
     void keepRest();
-    /// Frees the statement; nothing can be read any more.
+    /// Frees the statement; nothing can be read afterwards.
     void close();
 
 private:
@@ -52,7 +52,7 @@ private:
     std::unique_ptr<OdbcHandle> m_statement;
     std::vector<OdbcColumn> m_columns;
     std::unique_ptr<RowBlock> m_block;
-    std::size_t m_row = 0; ///< within the block, or within the kept rows
+    std::size_t m_row = 0; ///< within the block or the kept rows
     bool m_isKept = false;
     std::vector<std::vector<Variant>> m_kept;
     bool m_hasFailed = false;

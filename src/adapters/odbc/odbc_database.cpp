@@ -16,7 +16,7 @@ public:
     [[nodiscard]] std::int64_t logIns() const override { return m_shared->logIns; }
 
 private:
-    /// Shared with the sessions, which may outlive the library and then log off themselves.
+    /// Shared with the sessions, which may outlive the library and log off later.
     std::shared_ptr<OdbcShared> m_shared = std::make_shared<OdbcShared>();
 };
 

@@ -7,11 +7,11 @@
 
 namespace inin::odbc {
 
-/// SQL Server (or any server with an ODBC driver) behind the database port. Takes an ADO connection string, an ODBC one
-/// or the name of a data source. Physical connections are kept idle for a minute, by connection string.
+/// The database port on SQL Server (or any server with an ODBC driver). Accepts an ADO connection string, an ODBC one
+/// or the name of a data source. Idle physical connections are kept for a minute, by connection string.
 class OdbcDatabase : public Database {
 public:
-    /// How many physical log-ins there have been.
+    /// The number of physical log-ins so far.
     [[nodiscard]] virtual std::int64_t logIns() const = 0;
 };
 

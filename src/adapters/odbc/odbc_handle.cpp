@@ -18,7 +18,7 @@ SQLSMALLINT codeOf(OdbcHandle::Kind kind)
     return kCodes.at(static_cast<std::size_t>(kind));
 }
 
-/// A driver that reports without end must not hang the program.
+/// A driver that returns records endlessly must not hang the program.
 constexpr SQLSMALLINT kMostRecords = 100;
 
 std::u16string recordWords(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number, DiagnosticRecord &record)
@@ -41,13 +41,13 @@ std::u16string recordWords(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT numbe
     return words;
 }
 
-/// The text that a call wrote; `length` may be that of a text that was cut.
+/// The text that a call wrote; `length` may be that of the untruncated text.
 template <std::size_t Size> std::string textIn(const std::array<SQLWCHAR, Size> &buffer, SQLSMALLINT length)
 {
     return utf8FromUtf16(units(buffer.data(), std::min(static_cast<std::size_t>(length), Size)));
 }
 
-/// The value of "Driver" among a driver's attributes, each "key=value" and ended by a NUL; empty where there is none.
+/// The value of "Driver" in a driver's attributes, a list of "key=value" each ended by a NUL; empty if there is none.
 std::string libraryIn(std::string_view attributes)
 {
     constexpr std::string_view kKey = "Driver=";

@@ -9,18 +9,18 @@
 
 namespace inin::odbc {
 
-/// One handle of ODBC, freed with its owner. Handles never show outside this adapter: its headers know them as void *.
+/// One ODBC handle (RAII). Handles do not leave this adapter: its headers declare them as void *.
 class OdbcHandle {
 public:
     enum class Kind : std::uint8_t { environment, connection, statement };
-    /// Error 7 when the driver manager gives none.
+    /// Error 7 if the driver manager does not allocate one.
     OdbcHandle(Kind kind, void *parent);
     OdbcHandle(const OdbcHandle &) = delete;
     OdbcHandle &operator=(const OdbcHandle &) = delete;
     ~OdbcHandle();
 
     [[nodiscard]] void *get() const { return m_handle; }
-    /// What the last call on the handle told. Asked for at once: nearly every other call empties it.
+    /// The diagnostic records of the last call on the handle. Read them at once: nearly every other call clears them.
     [[nodiscard]] std::vector<DiagnosticRecord> records() const;
 
 private:
@@ -28,12 +28,12 @@ private:
     void *m_handle = nullptr;
 };
 
-/// The driver manager, as one library object and its connections share it.
+/// The driver manager's environment, shared by one library object and its connections.
 class OdbcEnvironment {
 public:
     OdbcEnvironment();
     [[nodiscard]] void *get() const { return m_handle.get(); }
-    /// The drivers that are registered: each by its name, and then by its library where that is registered as a path.
+    /// The registered drivers: each by its name, then by its library if that is registered as a path.
     [[nodiscard]] std::vector<std::string> drivers() const;
 
 private:

@@ -80,7 +80,7 @@ void OdbcRecordset::MoveNext()
         m_cursor->next();
 }
 
-/// On the server's side the statement runs anew.
+/// With a server-side cursor the statement runs again.
 void OdbcRecordset::MoveFirst()
 {
     OdbcCursor &rows = cursor();
@@ -97,7 +97,7 @@ void OdbcRecordset::MoveLast()
     m_row = m_rows.empty() ? 0 : m_rows.size() - 1;
 }
 
-/// The only sure count: the rows that were read.
+/// A driver's count is unreliable; count the rows that were read.
 std::int32_t OdbcRecordset::RecordCount() const
 {
     (void)cursor(); // raises when closed

@@ -12,7 +12,7 @@
 
 namespace inin::odbc {
 
-/// Rows of one SELECT. On the server's side they stream in blocks, on the client's all are read at the opening.
+/// The rows of one SELECT. A server-side cursor streams them in blocks, a client-side one reads all on opening.
 class OdbcRecordset : public Recordset {
 public:
     OdbcRecordset() = default;
@@ -35,11 +35,11 @@ public:
     [[nodiscard]] Variant Value(std::size_t index) const override;
 
 private:
-    /// False also when the session was closed under the record set.
+    /// Also false when the session was closed while the record set was open.
     [[nodiscard]] bool isOpen() const { return m_cursor && m_lease->session; }
-    /// Error 3704 when it is closed.
+    /// Error 3704 if it is closed.
     [[nodiscard]] OdbcCursor &cursor() const;
-    /// Error 3265 when there is none.
+    /// Error 3265 if there is none.
     [[nodiscard]] const OdbcColumn &column(std::size_t index) const;
     void readAll();
     void release();
@@ -47,7 +47,7 @@ private:
     std::shared_ptr<OdbcLease> m_lease;
     std::shared_ptr<OdbcCursor> m_cursor;
     std::string m_sql;
-    std::vector<std::vector<Variant>> m_rows; ///< on the client's side
+    std::vector<std::vector<Variant>> m_rows; ///< client-side cursor only
     std::size_t m_row = 0;
     bool m_client = false;
 };

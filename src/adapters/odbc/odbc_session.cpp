@@ -12,7 +12,7 @@ namespace inin::odbc {
 
 namespace {
 
-/// A connection that the server does not answer on within this time is not worth waiting for.
+/// A connection on which the server does not answer within this time is given up.
 constexpr std::int32_t kLivenessSeconds = 5;
 
 bool isBlankText(const std::string &sql)
@@ -20,7 +20,7 @@ bool isBlankText(const std::string &sql)
     return sql.find_first_not_of(" \t\r\n;") == std::string::npos;
 }
 
-/// Success, also that of a statement that touched no row or makes no rows at all.
+/// Success, including a statement that changes no row or returns none.
 bool isDone(SQLRETURN result)
 {
     return SQL_SUCCEEDED(result) || result == SQL_NO_DATA;
@@ -35,7 +35,7 @@ OdbcSession::OdbcSession(std::shared_ptr<OdbcEnvironment> environment, const Odb
     SQLSetConnectAttrW(m_handle.get(), SQL_ATTR_LOGIN_TIMEOUT,
                        asPointer(static_cast<std::uintptr_t>(target.loginTimeout)), 0);
     const std::u16string text = utf16FromUtf8(target.text);
-    std::array<SQLWCHAR, 1024> completed{}; // the driver's own version of the string, of no interest
+    std::array<SQLWCHAR, 1024> completed{}; // the completed connection string, unused
     SQLSMALLINT length = 0;
     const SQLRETURN result =
         SQLDriverConnectW(m_handle.get(), nullptr, wide(text), static_cast<SQLSMALLINT>(text.size()), completed.data(),
@@ -46,7 +46,7 @@ OdbcSession::OdbcSession(std::shared_ptr<OdbcEnvironment> environment, const Odb
     m_firstDatabase = defaultDatabase();
 }
 
-/// The server rolls an open transaction back by itself, but a driver refuses to disconnect while there is one.
+/// The server rolls back an open transaction by itself, but a driver refuses to disconnect during one.
 OdbcSession::~OdbcSession()
 {
     if (const auto reading = m_reading.lock()) reading->close();
@@ -54,7 +54,7 @@ OdbcSession::~OdbcSession()
     SQLDisconnect(m_handle.get());
 }
 
-/// That driver opens any file; only the first statement shows whether there is a database in it.
+/// That driver opens any file; only the first statement shows whether it contains a database.
 void OdbcSession::checkMdbFile(Errors &errors) const
 {
     const std::unique_ptr<OdbcHandle> statement = newStatement(kDefaultCommandTimeout);
@@ -63,7 +63,7 @@ void OdbcSession::checkMdbFile(Errors &errors) const
         raise(errors, ownError(ado_error::unspecified, "08001", "the file cannot be read as a Jet database"));
 }
 
-/// The name of the product behind the driver.
+/// The product name of the database.
 std::string OdbcSession::databaseName() const
 {
     std::array<SQLWCHAR, 64> name{};
@@ -83,7 +83,7 @@ std::string OdbcSession::defaultDatabase() const
     const SQLRETURN result = SQLGetConnectAttrW(m_handle.get(), SQL_ATTR_CURRENT_CATALOG, name.data(),
                                                 static_cast<SQLINTEGER>(sizeof name), &bytes);
     if (!SQL_SUCCEEDED(result) || bytes < 0) return {};
-    // Some drivers count the NUL, some do not: it ends the name in any case.
+    // Some drivers count the NUL, some do not: end the name at the NUL in either case.
     std::u16string_view text = units(name.data(), name.size());
     return utf8FromUtf16(text.substr(0, std::min(text.find(u'\0'), text.size())));
 }
@@ -92,7 +92,7 @@ std::unique_ptr<OdbcHandle> OdbcSession::newStatement(std::int32_t timeout) cons
 {
     auto statement = std::make_unique<OdbcHandle>(OdbcHandle::Kind::statement, m_handle.get());
     SQLSetStmtAttrW(statement->get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(timeout)), 0);
-    // The texts are the server's own: nothing in them is an escape of ODBC. A driver that does not know this goes on.
+    // The statements are in the server's own language: disable ODBC escapes. Not every driver has this attribute.
     SQLSetStmtAttrW(statement->get(), SQL_ATTR_NOSCAN, asPointer(SQL_NOSCAN_ON), 0);
     return statement;
 }
@@ -112,7 +112,7 @@ std::unique_ptr<OdbcHandle> OdbcSession::run(const std::string &sql)
     const std::u16string text = utf16FromUtf8(spelled(sql));
     std::unique_ptr<OdbcHandle> statement = newStatement(m_timeout);
     const SQLRETURN result = SQLExecDirectW(statement->get(), wide(text), static_cast<SQLINTEGER>(text.size()));
-    // The records come first: any further call would empty them.
+    // Read the records first: any further call would clear them.
     if (result != SQL_SUCCESS) checkRecords(*statement, isDone(result));
     return statement;
 }
@@ -128,7 +128,7 @@ std::shared_ptr<OdbcCursor> OdbcSession::openReading(const std::string &sql)
 
 std::int32_t OdbcSession::execute(const std::string &sql)
 {
-    if (isBlankText(sql)) return -1; // a server runs blank text without complaint
+    if (isBlankText(sql)) return -1; // a server accepts blank text without error
     const std::unique_ptr<OdbcHandle> statement = run(sql);
     SQLLEN affected = -1;
     while (true) {
@@ -139,7 +139,7 @@ std::int32_t OdbcSession::execute(const std::string &sql)
             affected = affected < 0 ? rows : affected + rows;
         const SQLRETURN result = SQLMoreResults(statement->get());
         if (result == SQL_NO_DATA) break;
-        // A statement further on in the text has failed.
+        // A later statement of the text failed.
         if (result != SQL_SUCCESS) checkRecords(*statement, SQL_SUCCEEDED(result));
     }
     return static_cast<std::int32_t>(std::min<SQLLEN>(affected, std::numeric_limits<std::int32_t>::max()));
@@ -191,14 +191,14 @@ bool OdbcSession::tidy()
     if (const auto reading = m_reading.lock()) reading->close();
     m_reading.reset();
     m_timeout = kDefaultCommandTimeout;
-    if (m_isMdb || m_isLost || isMarkedDead()) return false; // a closed file is let go
+    if (m_isMdb || m_isLost || isMarkedDead()) return false; // an idle Jet file is closed
     if (m_inTransaction) {
         if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, m_handle.get(), SQL_ROLLBACK))) return false;
         m_inTransaction = false;
         if (!SQL_SUCCEEDED(SQLSetConnectAttrW(m_handle.get(), SQL_ATTR_AUTOCOMMIT, asPointer(SQL_AUTOCOMMIT_ON), 0)))
             return false;
     }
-    // A session that turned to another database would surprise the next one.
+    // A session that changed its database would surprise the next user of the connection.
     return defaultDatabase() == m_firstDatabase;
 }
 

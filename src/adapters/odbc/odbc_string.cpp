@@ -10,8 +10,8 @@ namespace inin::odbc {
 
 namespace {
 
-/// Where the string leaves encryption open, an old site goes on as under its old provider, which neither encrypted nor
-/// validated; a provider or driver that did so by itself is still taken at its word.
+/// A string that does not mention encryption connects as with the older providers, which neither encrypted nor
+/// validated; a provider or driver that encrypts by default keeps its default.
 struct EncryptionWish {
     std::optional<Encryption> encrypt;
     std::optional<bool> trust;
@@ -32,7 +32,7 @@ EncryptionWish encryptionWish(const ConnectionParts &parts, const OdbcDriver &dr
     return wish;
 }
 
-/// True for a value that a driver would cut or take for another one without braces around it.
+/// True for a value that a driver would truncate or misread without braces.
 bool needsBraces(const std::string &value)
 {
     return value.find(';') != std::string::npos || value.starts_with('{') || trim(value) != value;
@@ -40,7 +40,7 @@ bool needsBraces(const std::string &value)
 
 enum KnownBy : unsigned { microsoft = 1, freeTds = 2, bothDrivers = microsoft | freeTds };
 
-/// A key whose value stands in the string as it was given.
+/// A key whose value is copied unchanged.
 struct PlainKey {
     std::string_view key;
     Part part;
@@ -58,7 +58,7 @@ constexpr PlainKey kPlainKeys[] = {
     {"Authentication", Part::authentication, microsoft},
 };
 
-/// Writes `key=value;` for a server. How a driver spells the server, a value and the encryption is its own writer's.
+/// Writes `key=value;` for a server. Subclasses spell the server, values and encryption for their driver.
 class ServerStringWriter {
 public:
     ServerStringWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver, KnownBy family)
@@ -91,7 +91,7 @@ public:
 protected:
     [[nodiscard]] const ConnectionParts &parts() const { return m_parts; }
     void add(std::string_view key, std::string_view raw) { m_text.append(key).append("=").append(raw).append(";"); }
-    /// What the driver cannot do; the last complaint stays.
+    /// Records what the driver does not support; the last problem wins.
     void complain(std::string problem) { m_problem = std::move(problem); }
 
 private:
@@ -112,7 +112,7 @@ private:
     std::string m_problem;
 };
 
-/// As Microsoft's drivers and the driver manager read it.
+/// The spelling of Microsoft's drivers and the driver manager.
 class MicrosoftWriter : public ServerStringWriter {
 public:
     MicrosoftWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
@@ -134,8 +134,8 @@ private:
     }
 };
 
-/// As FreeTDS reads it: the port in a key of its own, a value in braces only where it must be and always with a semicolon
-/// behind it, TLS by a key of its own name.
+/// The spelling of FreeTDS: a separate key for the port, braces only where required and then always followed by a
+/// semicolon, and its own key for TLS.
 class FreeTdsWriter : public ServerStringWriter {
 public:
     FreeTdsWriter(const ConnectionParts &parts, const OdbcDriver &driver, bool isNamedDriver)
@@ -157,13 +157,13 @@ private:
             add("Server", host);
             add("Port", std::to_string(server.port.value_or(kUsualPort)));
         } else {
-            add("Server", host + "\\" + server.instance); // the server's browser tells the port
+            add("Server", host + "\\" + server.instance); // the server's browser service supplies the port
         }
         add("TDS_Version", tdsVersion());
         add("ClientCharset", "UTF-8");
     }
 
-    /// Before 7.2 (and 8.0 is an old name of 7.1) the driver hangs or mixes results up.
+    /// Older protocols than 7.2 (8.0 is an old name of 7.1) make the driver hang or mix up results.
     [[nodiscard]] std::string tdsVersion() const
     {
         const std::string wanted = asciiLower(parts().text(Part::tdsVersion));
@@ -191,8 +191,8 @@ private:
     }
 };
 
-/// Writes the string for a data source of the system's list or for a driver that is not for SQL Server: keys and values
-/// as written, but ADO's names of user, password and database replaced by those of ODBC.
+/// Writes the string for a system data source or for a driver that is not for SQL Server: keys and values unchanged,
+/// except that ADO's names for user, password and database become those of ODBC.
 class PlainStringWriter {
 public:
     PlainStringWriter(const ConnectionText &text, const ConnectionParts &parts, const LogIn &logIn)
@@ -232,7 +232,7 @@ private:
             add(key, m_isBridge ? odbcQuoted(pair.value) : pair.raw);
     }
 
-    /// Only a data source and MSDASQL are known to take a password under this name alone.
+    /// Only data sources and MSDASQL are known to accept a password under this name alone.
     [[nodiscard]] std::string odbcKey(const ConnectionPair &pair) const
     {
         if (pair.key == "user id") return "UID";
@@ -241,8 +241,8 @@ private:
         return pair.shownKey;
     }
 
-    /// Which driver reads the value is unknown, and drivers differ about a "}" between braces: some double it, FreeTDS
-    /// does not. So a value with one is written without braces, or refused.
+    /// The reading driver is unknown, and drivers differ on "}" in a braced value: some expect it doubled, FreeTDS does
+    /// not. Write such a value without braces, or refuse it.
     void addLogIn(std::string_view key, Part part)
     {
         const std::string value = m_parts.text(part);
@@ -262,7 +262,7 @@ private:
     std::string m_problem;
 };
 
-/// MSDASQL passes its Extended Properties to ODBC unchanged; the other pairs are quoted for ODBC.
+/// MSDASQL passes its Extended Properties to ODBC unchanged; quote the other pairs for ODBC.
 ConnectionText bridgedText(const ConnectionText &text)
 {
     const std::optional<std::string> extended = text.value("extended properties");
@@ -298,7 +298,7 @@ public:
     }
 
 private:
-    /// The driver manager would run any file as a driver, whoever wrote its path into the string.
+    /// The driver manager would load any file as a driver, whatever the source of the string.
     [[nodiscard]] bool namesForeignLibrary() const
     {
         return std::ranges::any_of(m_text.pairs, [this](const ConnectionPair &pair) {

@@ -10,11 +10,11 @@ namespace inin::odbc {
 
 namespace {
 
-/// Memory of one block, and rows beyond which a larger block saves nothing.
+/// Memory of one block, and the number of rows above which a larger block is no faster.
 constexpr std::size_t kBlockBytes = 1U << 20U;
 constexpr std::size_t kMostRows = 512;
 constexpr std::size_t kPieceBytes = 32768;
-/// Stands in the count of fetched rows until a driver writes its own; one that never does fetches single rows.
+/// Initial value of the fetched-row count. A driver that never writes the count fetches single rows.
 constexpr std::uintptr_t kUntold = UINTPTR_MAX;
 
 static_assert(sizeof(SQLLEN) == sizeof(std::intptr_t) && sizeof(SQLULEN) == sizeof(std::uintptr_t));
@@ -24,14 +24,14 @@ SQLLEN *lengthsOf(std::vector<std::intptr_t> &lengths)
     return static_cast<SQLLEN *>(static_cast<void *>(lengths.data()));
 }
 
-/// Bytes that a NUL behind a text takes away from its buffer.
+/// Bytes of a buffer that the terminating NUL occupies.
 std::size_t endMark(const OdbcColumn &column)
 {
     return column.cType == SQL_C_WCHAR ? sizeof(SQLWCHAR) : column.cType == SQL_C_CHAR ? 1 : 0;
 }
 
-/// Bytes of a full piece. A driver that stops a unit before the buffer's end, because a pair would not fit whole, has its
-/// NUL there.
+/// Bytes in a full piece. A driver that stops one unit early, because a surrogate pair would not fit, puts its NUL
+/// there.
 std::size_t pieceLength(const OdbcColumn &column, const std::byte *piece, std::size_t room)
 {
     if (column.cType != SQL_C_WCHAR) return room;
@@ -94,7 +94,7 @@ RowBlock::Outcome RowBlock::fetch()
     return Outcome::rows;
 }
 
-/// A failure behind the last row must not pass for the end: the rows would be too few without a word.
+/// A failure after the last row must not pass for the end of rows: rows would be missing silently.
 RowBlock::Outcome RowBlock::endOfRows()
 {
     if (SQLMoreResults(m_statement.get()) != SQL_ERROR) return Outcome::end;
@@ -115,7 +115,7 @@ bool RowBlock::readPieces()
     return true;
 }
 
-/// A piece may end within a character or between the halves of a pair, so the bytes are joined before they are read.
+/// A piece may end within a character or a surrogate pair, so join the bytes before decoding.
 bool RowBlock::readPiece(std::size_t column, Variant &value)
 {
     const OdbcColumn &own = m_columns[column];

@@ -10,9 +10,9 @@
 
 namespace inin::odbc {
 
-/// The rows of a statement as they come from the driver, a block at a time. Columns up to the first long one are bound
-/// to row arrays; where there is a long one, rows come singly, and from there on each value is fetched once, in order
-/// and in pieces, because a driver gives it no second time.
+/// Fetches the rows of a statement in blocks. Columns before the first long one are bound to row arrays. With a long
+/// column rows are fetched singly, and its value and those after it are fetched once each, in order and in pieces,
+/// because a driver returns them only once.
 class RowBlock {
 public:
     enum class Outcome : std::uint8_t { rows, end, failed };
@@ -20,9 +20,9 @@ public:
     /// Binds the columns; `statement` must outlive the block.
     RowBlock(const OdbcHandle &statement, const std::vector<OdbcColumn> &columns);
 
-    /// Fetches the next block. With `failed` the rows before the failure can still be read, and `failure` tells why.
+    /// Fetches the next block. With `failed` the rows before the failure can still be read; `failure` has the reason.
     Outcome fetch();
-    /// Rows that can be read.
+    /// The number of readable rows.
     [[nodiscard]] std::size_t count() const { return m_count; }
     [[nodiscard]] const std::vector<DiagnosticRecord> &failure() const { return m_failure; }
     [[nodiscard]] Variant value(std::size_t row, std::size_t column) const;
@@ -30,7 +30,7 @@ public:
 private:
     struct Bound {
         std::vector<std::byte> cells;
-        std::vector<std::intptr_t> lengths; ///< bytes of a value, or a negative mark for NULL
+        std::vector<std::intptr_t> lengths; ///< bytes of a value, or ODBC's negative indicator for NULL
     };
     void bind(std::size_t column);
     Outcome endOfRows();
@@ -39,10 +39,10 @@ private:
 
     const OdbcHandle &m_statement;
     const std::vector<OdbcColumn> &m_columns;
-    std::size_t m_firstLong = 0; ///< the number of columns where none is long
+    std::size_t m_firstLong = 0; ///< the number of columns if none is long
     std::size_t m_capacity = 1;
     std::vector<Bound> m_bound;
-    std::vector<Variant> m_pieces; ///< the present row from the first long column on
+    std::vector<Variant> m_pieces; ///< values of the current row from the first long column on
     std::uintptr_t m_fetched = 0;
     std::vector<std::uint16_t> m_status;
     std::size_t m_count = 0;

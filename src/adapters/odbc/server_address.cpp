@@ -20,7 +20,7 @@ std::optional<std::uint16_t> portFrom(std::string_view text)
     return error == std::errc() && stopped == end && port != 0 ? std::optional(port) : std::nullopt;
 }
 
-/// "host:1433" is not ADO's way to write a port, but it can mean nothing else; an IPv6 address has several colons.
+/// "host:1433" is not ADO's syntax for a port but is unambiguous; an IPv6 address has several colons.
 void readColonPort(ServerAddress &address)
 {
     const std::size_t colon = address.host.find(':');
@@ -41,7 +41,7 @@ ServerAddress readServerAddress(std::string_view dataSource)
         address.protocol = prefix;
         rest = ltrim(rest.substr(colon + 1));
     }
-    // A named pipe has backslashes and commas of its own.
+    // A named pipe contains backslashes and commas of its own.
     const bool isPipe = address.protocol == "np" && rest.starts_with("\\\\");
     const std::size_t comma = isPipe ? std::string::npos : rest.rfind(',');
     if (comma != std::string::npos) {

@@ -12,9 +12,9 @@ namespace inin::odbc {
 
 namespace {
 
-/// Words that no reading statement holds outside its quotes. The server ends a statement wherever the next begins, even
-/// without a semicolon, so each word that begins one is here; they are all reserved, so no column bears one bare. INTO
-/// makes a SELECT write a new table; the last row hands texts to other servers or takes messages from queues.
+/// Words that a read-only statement never contains outside quotes. The server starts a new statement at a keyword even
+/// without a semicolon, so every word that begins one is listed; all are reserved, so no unquoted column has such a
+/// name. INTO makes a SELECT create a table; the last row passes text to other servers or receives queue messages.
 constexpr std::string_view kForbidden[] = {
     "add",         "alter",     "backup",         "begin",      "break",      "bulk",
     "checkpoint",  "close",     "commit",         "continue",   "create",     "dbcc",
@@ -28,7 +28,7 @@ constexpr std::string_view kForbidden[] = {
     "while",       "writetext", "opendatasource", "openquery",  "openrowset", "receive",
     "conversation"};
 
-/// What may stand before a further SELECT of the same statement.
+/// Words that may precede a further SELECT of the same statement.
 constexpr std::string_view kBeforeSelect[] = {"union", "all", "except", "intersect"};
 
 bool isAny(const Token &token, const auto &words)
@@ -41,14 +41,14 @@ struct Range {
     char32_t first;
     char32_t last;
 };
-/// Characters of names beside ASCII: kana, kanji, the full-width digits and letters. Everything else (a blank of another
-/// width, a mark that changes direction) could be a gap to the server where this reader sees a name.
+/// Non-ASCII characters of names: kana, kanji, full-width digits and Latin characters. Any other (a wide blank, a
+/// direction mark) might separate words for the server where this scanner sees one name.
 constexpr Range kNameCharacters[] = {
     {0x3005, 0x3007}, {0x3041, 0x3096}, {0x3099, 0x309F}, {0x30A1, 0x30FF}, {0x3400, 0x4DBF}, {0x4E00, 0x9FFF},
     {0xF900, 0xFAFF}, {0xFF10, 0xFF19}, {0xFF21, 0xFF3A}, {0xFF41, 0xFF5A}, {0xFF66, 0xFF9F}, {0x20000, 0x3FFFF},
 };
 
-/// The next character of a UTF-8 text, which shrinks by it; 0xFFFD for a byte that begins none.
+/// Removes and returns the next character of a UTF-8 text; 0xFFFD for a byte that does not begin one.
 char32_t takeCharacter(std::string_view &text)
 {
     const auto byte = [&text](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
@@ -82,8 +82,8 @@ bool isPlainName(std::string_view word)
     return true;
 }
 
-/// Marks at which a server might end a comment that this reader goes on with: a lone carriage return, vertical tab, form
-/// feed, and Unicode's own line ends.
+/// Characters that might end a comment for the server but not for this scanner: a lone carriage return, vertical tab,
+/// form feed, and Unicode's line ends.
 constexpr std::string_view kDoubtfulLineEnds[] = {"\v", "\f", "\u0085", "\u2028", "\u2029"};
 
 bool isSoundGap(std::string_view gap)
@@ -127,7 +127,7 @@ private:
         return at > 0 && m_tokens[at - 1].kind == kind && gapBefore(at).empty();
     }
 
-    /// What is wrong with one token by itself.
+    /// The problem with a single token, or empty.
     [[nodiscard]] std::string wordProblem(std::size_t at) const
     {
         const Token &token = m_tokens[at];
@@ -139,7 +139,7 @@ private:
         if (token.isSymbol(".") && !isNameBefore(at)) return "a point that is behind no name";
         if (token.kind == TokenKind::word) {
             if (!isPlainName(token.text)) return "a character that no name holds";
-            // The server takes 1e for a whole number: what follows would be a word of its own.
+            // The server reads 1e as a number, so what follows would be a separate word.
             if (follows(at, TokenKind::number) || follows(at, TokenKind::binary)) return "a number with a tail";
         }
         if (token.kind == TokenKind::text && follows(at, TokenKind::word))
@@ -157,8 +157,8 @@ private:
         return m_tokens[at].kind == TokenKind::number && gapBefore(at).empty();
     }
 
-    /// A SELECT begins the statement, or goes on with one, or stands in brackets of its own; behind WITH the chief one
-    /// comes after the brackets of the last named part.
+    /// A SELECT may begin the statement, continue it (UNION), or be in parentheses. After WITH the main SELECT follows
+    /// the parentheses of the last common table expression.
     [[nodiscard]] bool isOneSelect() const
     {
         const bool isWith = m_tokens[0].isWord("with");
@@ -178,7 +178,7 @@ private:
         }
         return depth == 0 && hasChief;
     }
-    /// NEXT VALUE FOR moves a sequence on.
+    /// NEXT VALUE FOR changes a sequence.
     [[nodiscard]] bool isNextValue(std::size_t at) const
     {
         return at + 2 < m_tokens.size() && m_tokens[at].isWord("next") && m_tokens[at + 1].isWord("value") &&

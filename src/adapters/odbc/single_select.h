@@ -5,8 +5,8 @@
 
 namespace inin::odbc {
 
-/// Why a text is not one SELECT (or WITH … SELECT) of the server's language and nothing else; empty when it is one.
-/// A text that could mean more to the server than to this reader is refused, whatever it means.
+/// Why a text is not exactly one SELECT (or WITH … SELECT) of the server's language; empty if it is. A text that the
+/// server might read differently from this scanner is refused, even if harmless.
 [[nodiscard]] std::string singleSelectProblem(std::string_view sql);
 
 } // namespace inin::odbc

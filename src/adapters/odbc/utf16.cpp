@@ -18,7 +18,7 @@ bool isLead(char16_t unit)
     return unit >= 0xD800 && unit <= 0xDBFF;
 }
 
-/// The character at `at`, which moves behind it; a byte that begins none is taken alone.
+/// Returns the character at `at` and advances past it; a byte that does not begin one is a character of its own.
 char32_t takeUtf8(std::string_view text, std::size_t &at)
 {
     const auto byte = [&text](std::size_t index) { return static_cast<std::uint8_t>(text[index]); };

@@ -5,7 +5,7 @@
 
 namespace inin::odbc {
 
-// ODBC's wide functions take UTF-16. A byte or a unit that is no character becomes U+FFFD, as at every edge.
+// Conversions for ODBC's wide functions. Malformed bytes and unpaired surrogates become U+FFFD, as in every conversion.
 [[nodiscard]] std::u16string utf16FromUtf8(std::string_view text);
 [[nodiscard]] std::string utf8FromUtf16(std::u16string_view text);
 

@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kExtension = ".exe";
-/// The option of the form tools; the path of the command script follows.
+/// The form tool's option, followed by the path of the command script.
 constexpr std::string_view kScriptOption = "/c";
 constexpr std::string_view kScriptOptionInLine = " /c ";
 
@@ -30,14 +30,14 @@ bool isProgram(const std::string &systemPath)
     return stat(systemPath.c_str(), &status) == 0 && S_ISREG(status.st_mode) && access(systemPath.c_str(), X_OK) == 0;
 }
 
-/// The name as it is given, then with the extension or without it: a site's tools may bear either.
+/// The name as given, then with or without the extension: both spellings occur among a site's tools.
 std::vector<std::string> spellings(const std::string &name)
 {
     if (foldedName(name).ends_with(kExtension)) return {name, name.substr(0, name.size() - kExtension.size())};
     return {name, name + std::string(kExtension)};
 }
 
-/// The absolute folders of PATH, each with its slash. A relative one would mean another folder from each current one.
+/// The absolute folders of PATH, each with a trailing slash. A relative one would depend on the current folder.
 std::vector<std::string> systemFolders()
 {
     std::vector<std::string> folders;
@@ -50,7 +50,7 @@ std::vector<std::string> systemFolders()
     return folders;
 }
 
-/// The folders in which a name without a folder is looked for.
+/// The folders that are searched for a name without a folder.
 std::vector<std::string> searchFolders()
 {
     std::vector<std::string> folders = systemFolders();
@@ -58,7 +58,7 @@ std::vector<std::string> searchFolders()
     return folders;
 }
 
-/// The size of the beginning of a line that is the path of the current folder with its separator; 0 where it is not.
+/// The length of the current folder's path with its separator if the line starts with it, else 0.
 std::size_t currentFolderSize(std::string_view line)
 {
     std::error_code error;
@@ -66,7 +66,7 @@ std::size_t currentFolderSize(std::string_view line)
     return !error && withSlashes(std::string(line.substr(0, folder.size()))) == folder ? folder.size() : 0;
 }
 
-/// An argument that names a path gets the system's separators; any other keeps its backslashes.
+/// A path argument gets the system's separators; other arguments keep their backslashes.
 std::string passedOn(const std::string &argument)
 {
     constexpr std::string_view beginnings[] = {"/", "./", "../", ".\\", "..\\"};
@@ -74,7 +74,7 @@ std::string passedOn(const std::string &argument)
     return path ? withSlashes(argument) : argument;
 }
 
-/// Split at blanks outside of double quotes; the quotes go.
+/// Splits at blanks outside double quotes and removes the quotes.
 std::vector<std::string> splitArguments(std::string_view text)
 {
     std::vector<std::string> arguments;

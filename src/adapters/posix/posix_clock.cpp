@@ -20,7 +20,7 @@ public:
     Date now() override
     {
         const std::tm parts = localParts(std::time(nullptr));
-        // A leap second is the last second of its minute: a Date has none.
+        // A Date cannot represent a leap second: report the last second of the minute.
         const int second = parts.tm_sec > 59 ? 59 : parts.tm_sec;
         return dateOf({parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, second});
     }

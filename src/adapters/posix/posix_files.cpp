@@ -21,18 +21,18 @@ namespace inin {
 
 namespace {
 
-/// A new file may hold what concerns patients.
+/// A new file may contain patient data.
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
-/// For a name that others create and remove at the same time.
+/// Attempts at a name that other processes create and remove at the same time.
 constexpr int kAttempts = 100;
-/// Not to wait where a pipe bears the name: it reads as an empty file and takes nothing.
+/// Do not block if the name is a pipe: it reads as an empty file and cannot be written.
 constexpr int kOpenFlags = O_CLOEXEC | O_NONBLOCK;
 
 struct ErrorRule {
     int systemError;
     std::int32_t number;
 };
-/// What the runtime calls the failures of the system; errorNumber adds the refusals.
+/// The runtime's error numbers for system errors; errorNumber adds the access errors.
 constexpr ErrorRule kErrorRules[] = {
     {ENOENT, error_number::fileNotFound}, {ENOTDIR, error_number::pathNotFound},
     {ELOOP, error_number::pathNotFound},  {EISDIR, error_number::pathAccess},
@@ -46,7 +46,7 @@ constexpr ErrorRule kErrorRules[] = {
 };
 
 struct SplitPath {
-    std::string folder; ///< with its slash; empty for the current folder
+    std::string folder; ///< with a trailing slash; empty for the current folder
     std::string name;
 };
 
@@ -58,7 +58,7 @@ SplitPath split(const std::string &place)
 
 std::int32_t errorNumber(int systemError, const std::string &place)
 {
-    // A file that refuses is read-only; else it is the folder or the path.
+    // Access was denied: a file is read-only; otherwise the folder or the path is the cause.
     if (systemError == EACCES || systemError == EPERM || systemError == EROFS)
         return isFileAt(place) ? error_number::permissionDenied : error_number::pathAccess;
     const std::string folder = split(place).folder;
@@ -72,8 +72,8 @@ std::int32_t errorNumber(int systemError, const std::string &place)
     throw RuntimeError(errorNumber(systemError, place));
 }
 
-/// The system's path of a file that is to be opened or deleted. The marks of a search and the other signs that no name
-/// of the suite's file system holds are refused before the system would take them.
+/// The system's path of a file to open or delete. Wildcards and other characters that the suite's file system does not
+/// allow in names are refused; this system would accept them.
 std::string filePath(const std::string &path)
 {
     const std::string name = path.substr(path.find_last_of("\\/") + 1);
@@ -88,7 +88,7 @@ public:
     PosixOutput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
     ~PosixOutput() override
     {
-        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // the destructor has no caller to report a failure to
+        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // a destructor cannot report a failure
     }
 
     void write(std::string_view bytes) override
@@ -106,7 +106,7 @@ public:
     }
 
 private:
-    /// What failed once is not tried again: the file stays as far as it was written.
+    /// After a failure nothing more is written: the file stays as it is.
     bool put(std::string_view bytes)
     {
         if (writeAll(m_file, bytes)) {
@@ -120,7 +120,7 @@ private:
         return false;
     }
 
-    /// A failed write may have stored the bytes up to the end of a line; then that line end is removed.
+    /// A failed write may have stored the bytes up to the end of a line; remove that line end.
     void removeLineEnd(std::string_view bytes) const
     {
         const off_t end = lseek(m_file.get(), 0, SEEK_CUR);
@@ -132,11 +132,11 @@ private:
 
     FileDescriptor m_file;
     std::string m_path;
-    off_t m_size = 0; ///< of what was written without a failure
+    off_t m_size = 0; ///< of what was written successfully
     OutputBuffer m_buffer;
 };
 
-/// A file whose lock lasts as long as its descriptor.
+/// A file that is locked as long as its descriptor is open.
 class PosixLockedOutput : public OutputFile {
 public:
     PosixLockedOutput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
@@ -156,13 +156,13 @@ private:
     std::string m_path;
 };
 
-/// True when no file or link has that name any more; a folder keeps its name.
+/// True if no file or link has that name any more; folders are not removed.
 bool isRemoved(const std::string &place)
 {
     return unlink(place.c_str()) == 0 || errno == ENOENT;
 }
 
-/// Creates the file in place of a file or a link of that name. Not open with EEXIST when the old one cannot be removed.
+/// Creates the file in place of a file or link of that name. Not open, with EEXIST, if the old one cannot be removed.
 FileDescriptor createAnew(const std::string &place)
 {
     int created = -1;
@@ -174,24 +174,24 @@ FileDescriptor createAnew(const std::string &place)
     return FileDescriptor(created);
 }
 
-/// For a device, or a file that its folder does not let go.
+/// For a device, or a file that cannot be removed from its folder.
 FileDescriptor openInPlace(const std::string &place)
 {
     return FileDescriptor(open(place.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | kOpenFlags, kOwnerOnly));
 }
 
-/// False when the name was removed, or given to another file, since the file was opened.
+/// False if the name was removed or reused for another file after opening.
 bool isNamed(const struct stat &opened, const std::string &place)
 {
     struct stat named {};
     return lstat(place.c_str(), &named) == 0 && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
-/// One attempt to lock the file. Nothing when another attempt is due: the name was removed or replaced meanwhile.
+/// One attempt to lock the file. Returns nothing if the name was removed or replaced meanwhile: try again.
 std::optional<LockedFile> tryToLock(const std::string &place)
 {
     using State = LockedFile::State;
-    // The file holds nothing about patients, and every user of the site should be able to lock it: the mask decides.
+    // No patient data is in this file, and every user of the site must be able to lock it: leave it to the umask.
     FileDescriptor file(open(place.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | kOpenFlags, 0666));
     const bool isLink = !file.isOpen() && errno == ELOOP;
     if (!file.isOpen() && !isLink) return LockedFile{};
@@ -200,13 +200,13 @@ std::optional<LockedFile> tryToLock(const std::string &place)
     struct stat opened {};
     if (file.isOpen() && fstat(file.get(), &opened) != 0) return LockedFile{};
     if (file.isOpen() && !isNamed(opened, place)) return std::nullopt;
-    if (isLink || opened.st_nlink > 1) // emptying it would empty a file elsewhere
+    if (isLink || opened.st_nlink > 1) // truncating it would truncate a file elsewhere
         return isRemoved(place) ? std::nullopt : std::optional(LockedFile{});
     if (ftruncate(file.get(), 0) != 0) return LockedFile{};
     return LockedFile{State::locked, std::make_unique<PosixLockedOutput>(std::move(file), place)};
 }
 
-/// Many devices can be read without an end.
+/// Many devices supply bytes without end.
 bool isDevice(const FileDescriptor &file)
 {
     struct stat status {};
@@ -244,10 +244,10 @@ public:
         if (isThere && S_ISREG(old.st_mode) && isReadOnly(old)) fail(EACCES, place);
         const bool isReplaced = !isThere || S_ISREG(old.st_mode) || S_ISLNK(old.st_mode);
         FileDescriptor file = isReplaced ? createAnew(place) : openInPlace(place);
-        // A folder that permits no removal may still hold a file that can be written.
+        // A folder that permits no removal may still contain a writable file.
         if (!file.isOpen() && errno == EEXIST) file = openInPlace(place);
         if (!file.isOpen()) fail(errno, place);
-        // Another user's file is not trusted with its rights: it may have been put there to read what follows.
+        // Do not copy the permissions of another user's file: it may have been planted to read the new content.
         if (isThere && S_ISREG(old.st_mode) && old.st_uid == geteuid()) (void)!fchmod(file.get(), old.st_mode & 0777);
         return std::make_unique<PosixOutput>(std::move(file), place);
     }
@@ -274,14 +274,14 @@ public:
     {
         const std::string asGiven = withSlashes(path);
         const SplitPath given = split(asGiven);
-        // Most searches ask for one file by its right name.
+        // Most searches name one file with its exact case.
         if (isFileAt(asGiven)) return given.name;
         if (given.name.find_first_of("*?") == std::string::npos && !given.name.empty()) {
             const std::string found = systemPath(path);
             return isFileAt(found) ? split(found).name : std::string();
         }
         if (path.empty()) return {};
-        // "*.*" fits every name, one without a dot too.
+        // "*.*" matches every name, also one without a dot.
         const bool every = given.name.empty() || given.name == "*.*";
         return firstFile(systemPath(given.folder), every ? "*" : foldedName(given.name));
     }
@@ -295,7 +295,7 @@ public:
         struct stat status {};
         if (lstat(place.c_str(), &status) == 0 && isReadOnly(status)) fail(EACCES, place);
         if (unlink(place.c_str()) == 0) return;
-        // The file itself can be written: it is the folder that refuses.
+        // The file itself is writable: the folder denies the removal.
         if ((errno == EACCES || errno == EPERM || errno == EROFS) && isWritableFile(place))
             throw RuntimeError(error_number::pathAccess);
         fail(errno, place);
@@ -303,7 +303,7 @@ public:
 
     std::string applicationFolder() override { return m_applicationFolder; }
 
-    void changeDrive(const std::string &) override {} // one tree, no drives
+    void changeDrive(const std::string &) override {} // a single tree without drives
 
     void changeFolder(const std::string &path) override
     {

@@ -25,10 +25,10 @@ struct CloseMounts {
     void operator()(std::FILE *mounts) const { endmntent(mounts); }
 };
 
-/// Kinds of file systems without a device of their own that hold a person's folders.
+/// File systems without a device of their own that contain users' folders.
 constexpr std::string_view kSharedKinds[] = {"nfs",    "nfs4",     "cifs",       "smb3",        "9p",
                                              "vboxsf", "virtiofs", "fuse.sshfs", "fuse.rclone", "fuse.davfs"};
-/// Places that belong to the system, whatever is mounted there.
+/// Places that belong to the system, even if a file system is mounted there.
 constexpr std::string_view kSystemPlaces[] = {"/boot", "/snap", "/proc", "/sys", "/dev"};
 
 bool isWithin(std::string_view path, std::string_view folder)
@@ -36,7 +36,7 @@ bool isWithin(std::string_view path, std::string_view folder)
     return path.starts_with(folder) && (folder == kRoot || path.size() == folder.size() || path[folder.size()] == '/');
 }
 
-/// True for a mounted place that a person would look for folders in.
+/// True for a mount point in which a user would look for folders.
 bool isDrive(const mntent &mount)
 {
     const std::string_view place = mount.mnt_dir;
@@ -45,7 +45,7 @@ bool isDrive(const mntent &mount)
     if (!isShared && !std::string_view(mount.mnt_fsname).starts_with("/dev/")) return false;
     if (std::ranges::any_of(kSystemPlaces, [&](std::string_view system) { return isWithin(place, system); }))
         return false;
-    // A container mounts single files. A place that does not answer stays: the person is told when it is chosen.
+    // A container mounts single files. A mount that does not answer stays listed: choosing it reports the error.
     return !isFileAt(mount.mnt_dir);
 }
 
@@ -65,7 +65,7 @@ bool isDrive(const mntent &mount)
     }
 }
 
-/// The folder's path from the root, without "." and ".." and without a slash at its end.
+/// The absolute path of a folder, without "." and ".." and without a trailing slash.
 std::string wholePath(const std::string &path)
 {
     std::error_code error;
@@ -80,7 +80,7 @@ std::string joined(const std::string &folder, const std::string &name)
     return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
-/// From the drive's own root down to the folder.
+/// The folders from the drive's root down to the folder itself.
 std::vector<FolderPlace> placesAbove(const std::string &drive, const std::string &folder)
 {
     std::vector<FolderPlace> places{{drive, drive}};
@@ -92,7 +92,7 @@ std::vector<FolderPlace> placesAbove(const std::string &drive, const std::string
     return places;
 }
 
-/// Names that begin with a dot are the programs' own and stay out of a person's sight.
+/// Hide names that begin with a dot: programs use them for themselves.
 std::vector<FolderPlace> placesInside(const std::string &folder)
 {
     const FolderHandle open(opendir(folder.c_str()));
@@ -131,7 +131,7 @@ public:
     {
         const std::string folder = wholePath(path);
         std::vector<FolderPlace> inside = placesInside(folder);
-        // The root is in every path, and the list is in order: the last drive that fits is the nearest.
+        // The root is a prefix of every path and the list is sorted: the last match is the innermost mount.
         std::string drive = kRoot;
         for (const std::string &place : drives())
             if (isWithin(folder, place)) drive = place;

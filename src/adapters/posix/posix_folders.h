@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// The folders of a system whose table of mounts is that file.
+/// The folders of a system, with the mount table read from that file.
 [[nodiscard]] std::unique_ptr<Folders> makeMountedFolders(std::string mounts);
 
 } // namespace inin

@@ -7,7 +7,7 @@ namespace {
 
 class PosixLocale : public Locale {
 public:
-    /// The Japanese form, whatever LANG says: texts and statements of the suite are built from it.
+    /// The Japanese form regardless of LANG: the suite's texts and statements are built from it.
     Regional regional() override { return Regional{}; }
     std::string toCodePage(std::string_view utf8) override { return encodeCp932(utf8); }
     std::string fromCodePage(std::string_view bytes) override { return decodeCp932(bytes); }

@@ -21,8 +21,8 @@ namespace inin {
 
 namespace {
 
-/// Becomes the program; comes back only by telling errno through `report`. Between fork and exec nothing but system
-/// calls may stand.
+/// Executes the program; if that fails, writes errno to `report` and exits. Only async-signal-safe calls are allowed
+/// between fork and exec.
 [[noreturn]] void becomeProgram(const char *program, char *const *arguments, int nullDevice, int report)
 {
     setsid();
@@ -33,8 +33,8 @@ namespace {
     _exit(127);
 }
 
-/// Starts a program as a grandchild: the child in between ends at once and is waited for, so that no zombie stays.
-/// True once the program runs; a failed exec comes through a pipe that a good one closes.
+/// Starts a program as a grandchild; the child exits at once and is waited for, so that no zombie remains. Returns true
+/// once the program runs: the pipe is closed by a successful exec and carries errno of a failed one.
 bool spawn(const std::string &program, std::vector<std::string> arguments)
 {
     arguments.insert(arguments.begin(), program);
@@ -68,7 +68,7 @@ class PosixProcesses : public Processes {
 public:
     explicit PosixProcesses(std::function<void()> end) : m_end(std::move(end)) {}
 
-    /// The window style has no counterpart here: the window manager places windows.
+    /// The window style has no counterpart: the window manager places windows.
     void start(const std::string &commandLine, WindowStyle) override
     {
         const auto command = parseCommandLine(commandLine);
@@ -78,7 +78,7 @@ public:
     void openAddress(const std::string &address) override
     {
         if (!isWebAddress(address)) return;
-        // The result is not reported.
+        // The port does not report the result.
         if (const auto opener = findSystemProgram("xdg-open")) (void)spawn(*opener, {address});
     }
 

@@ -18,16 +18,16 @@ namespace inin {
 
 namespace {
 
-/// An argument in the code page; one that is not given stays so.
+/// An argument in the code page; a missing one stays missing.
 std::optional<std::string> argument(const Profile::Text &text)
 {
     return text ? std::optional(encodeCp932(*text)) : std::nullopt;
 }
 
-/// Opens the name as it is given; only a name that is not there is looked for in other case.
+/// Opens the name as given; a different case is tried only if that does not exist.
 FileDescriptor openForReading(const std::string &path)
 {
-    // Not to wait where a pipe bears the name.
+    // Do not block if the name is a pipe.
     constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
     const int asGiven = open(withSlashes(path).c_str(), flags);
     if (asGiven >= 0 || (errno != ENOENT && errno != ENOTDIR)) return FileDescriptor(asGiven);
@@ -36,7 +36,7 @@ FileDescriptor openForReading(const std::string &path)
 
 enum class Found { file, nothing, unreadable };
 
-/// The file's bytes and status by one opening.
+/// Reads the file's bytes and status in one opening.
 Found readWhole(const std::string &path, std::string &bytes, struct stat &status)
 {
     const FileDescriptor file = openForReading(path);
@@ -50,12 +50,12 @@ std::string bytesOf(const std::string &path)
 {
     std::string bytes;
     struct stat status {};
-    // This system has no folder of its own for bare names: nothing is read from it, and a write to it is refused.
+    // This system has no folder for bare names: reading finds nothing, writing is refused.
     if (isBareProfileName(path) || readWhole(path, bytes, status) != Found::file) return {};
     return bytes;
 }
 
-/// Where a link leads, the path itself when it is none or leads nowhere.
+/// The target of a link; the path itself if it is not a link or the link is broken.
 std::string targetOf(const std::string &systemPath)
 {
     const std::unique_ptr<char, decltype(&std::free)> real(realpath(systemPath.c_str(), nullptr), &std::free);
@@ -68,7 +68,7 @@ bool isLink(const std::string &systemPath)
     return lstat(systemPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-/// For a folder that takes no new file, or a link that leads nowhere yet: the old bytes are written over.
+/// For a folder that allows no new file, or a broken link: the old bytes are overwritten.
 bool writeInPlace(const std::string &systemPath, const std::string &bytes)
 {
     FileDescriptor file(open(systemPath.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));

@@ -3,11 +3,11 @@
 
 namespace inin::qt {
 
-/// The picture's size is the form's own matter.
+/// The form sets the size of the picture itself.
 void layOutBack(FormWindow &window)
 {
     window.setOpening(FormWindow::Opening::maximised, FormWindow::Sizing::free);
-    // There is no text in it: when the letters are there, it need not be painted anew behind the next window.
+    // The window has no text. With a fixed font it is not repainted under the next window when the fonts are ready.
     QFont own = window.font();
     own.setResolveMask(QFont::AllPropertiesResolved);
     window.setFont(own);

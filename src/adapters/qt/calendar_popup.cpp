@@ -23,7 +23,7 @@ QDate toQt(Date date)
     return {parts.year, parts.month, parts.day};
 }
 
-/// Sundays red and Saturdays blue, as calendars hang on Japanese walls.
+/// Sundays are red and Saturdays blue, as on Japanese wall calendars.
 void colourWeekend(QCalendarWidget &calendar)
 {
     const bool dark = isDark(calendar.palette());
@@ -111,7 +111,7 @@ void CalendarPopup::choose(const QDate &day)
     if (tell) tell(chosen);
 }
 
-/// The return key chooses, as a click does; the calendar widget tells of it only in some of its states.
+/// The return key selects the day like a click. The calendar widget reports the key only in some of its states.
 bool CalendarPopup::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {

@@ -11,7 +11,7 @@ class QLabel;
 
 namespace inin::qt {
 
-/// A month to choose a day from, with its era and its western year above. Deletes itself when it is closed.
+/// A month view to pick a day from, with the era and the western year above it. Deletes itself when it is closed.
 class CalendarPopup : public QFrame {
 public:
     CalendarPopup(Date shown, QWidget *parent);

@@ -31,7 +31,7 @@ void ClearStyle::drawControl(ControlElement element, const QStyleOption *option,
 
 namespace {
 
-/// The border of a group box below its title, without the tint that the style below lays over the inside.
+/// Draws the border of a group box below its title, without the tint that the base style lays over the inside.
 void drawGroupFrame(const QStyleOption &option, QPainter &painter, int titleHeight)
 {
     constexpr qreal kRadius = 3;
@@ -47,7 +47,7 @@ void drawGroupFrame(const QStyleOption &option, QPainter &painter, int titleHeig
     painter.restore();
 }
 
-/// The face of a push button inside its edge. The style below would make it paler than the button's colour.
+/// Draws the face of a push button inside its edge. The base style would make it paler than the button's colour.
 void drawFace(const QStyleOption &option, QPainter &painter)
 {
     constexpr int kEdge = 2;                                  // the outline and the light line inside it
@@ -68,7 +68,7 @@ void drawFace(const QStyleOption &option, QPainter &painter)
     painter.fillRect(face, gradient);
 }
 
-/// Options and check boxes: the style below draws their outline darker than the window, whatever the window's colour is.
+/// Draws the outline of options and check boxes. The base style always draws it darker than the window.
 void drawIndicatorOutline(const QStyleOption &option, QPainter &painter, bool isRound)
 {
     QColor outline = option.palette.color(QPalette::WindowText);

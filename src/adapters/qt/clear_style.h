@@ -4,9 +4,9 @@
 
 namespace inin::qt {
 
-/// The style of all windows. It differs from the style below it in four things: a menu that the keys have reached in its
-/// bar is marked like an open one; on a dark desktop options and check boxes have a visible outline; a group box shows the
-/// colour behind it, without a tint; the middle of a push button's face has exactly the button's colour.
+/// The style of all windows. It differs from its base style in four ways: a focused menu in the menu bar is highlighted
+/// like an open one; options and check boxes have a visible outline on a dark desktop; a group box has its parent's
+/// background colour without a tint; the centre of a push button has exactly the button's colour.
 class ClearStyle : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;

@@ -24,12 +24,12 @@ namespace inin::qt {
 
 namespace {
 
-/// What every kind of control has.
+/// Shows the attributes that all kinds of controls share.
 void refreshCommon(const Control &control, QWidget &widget)
 {
     widget.setEnabled(control.Enabled);
     widget.setVisible(control.Visible);
-    // A date box tells in its tool tip what it cannot read.
+    // A date box uses its tool tip for the text that it cannot read.
     if (!control.ToolTipText.get().empty()) widget.setToolTip(toQt(control.ToolTipText));
     if (control.BackColor != -1) paintWith(widget, control.BackColor);
 }
@@ -37,7 +37,7 @@ void refreshCommon(const Control &control, QWidget &widget)
 void refreshItems(const ListBox &list, QComboBox &combo)
 {
     const QSignalBlocker quiet(combo);
-    // A list only grows, or begins anew.
+    // The items of a list are only appended to, or cleared and filled again.
     if (combo.count() > list.ListCount()) combo.clear();
     for (int index = combo.count(); index < list.ListCount(); ++index)
         combo.addItem(toQt(list.items()[static_cast<std::size_t>(index)].text));

@@ -10,20 +10,20 @@
 
 namespace inin::qt {
 
-/// Makes a widget for each control record and keeps the two alike: what is assigned to the record shows in the widget, what
-/// a person does to the widget is assigned to the record or raises its event. There is no rule here. Menu entries have
-/// no widget; see FormMenu.
+/// Creates a widget for each control record and keeps the two in step: an assignment to the record is shown in the
+/// widget, and user input is assigned to the record or raises its event. It contains no business rules. Menu entries
+/// have no widget; see FormMenu.
 class ControlMirror : private ControlVisitor {
 public:
     ControlMirror(QWidget &content, const ViewServices &services) : m_content(content), m_services(services) {}
 
-    /// The widget of a control, made on the first call and owned by its container's widget; its objectName is the
+    /// The widget of a control, created on the first call and owned by its container's widget. Its objectName is the
     /// control's name. nullptr for a menu entry.
     QWidget *make(Control &control);
     [[nodiscard]] QWidget *widgetOf(const Control &control) const;
-    /// The control of a widget or of the nearest widget around it, nullptr for none.
+    /// The control of a widget or of its nearest ancestor that has one, or nullptr.
     [[nodiscard]] Control *controlOf(const QWidget *widget) const;
-    /// Shows all records anew, for colours that follow the desktop's.
+    /// Shows all records again, for example after a change of the desktop's colours.
     void refreshAll() const;
 
 private:
@@ -42,7 +42,7 @@ private:
     void keepOpenList(ListBox &control);
 
     [[nodiscard]] QWidget *parentFor(const Control &control) const;
-    /// Keeps the widget and shows the record in it, now and after each change.
+    /// Stores the widget and shows the record in it, now and after each change.
     void keep(Control &control, QWidget *widget, std::function<void()> refresh);
 
     QWidget &m_content;

@@ -15,7 +15,7 @@ namespace inin::qt {
 
 namespace {
 
-/// Longer than any date, and short enough that a text that was dropped by mistake harms nobody.
+/// Longer than any date, and short enough that a text dropped by mistake does no harm.
 constexpr int kMostLetters = 64;
 
 int lettersOf(const std::string &text, std::size_t bytes)
@@ -64,7 +64,7 @@ void DateEdit::commit()
     if (onEdited) onEdited(m_value);
 }
 
-/// Takes a date that was entered by hand. Undo brings back the typed text and the date before it.
+/// Accepts a date entered by hand. Undo restores the typed text and the previous date.
 void DateEdit::take(const Variant &value, const std::string &notice)
 {
     const bool isNew = !(m_value == value);
@@ -78,7 +78,7 @@ void DateEdit::take(const Variant &value, const std::string &notice)
     if (isNew && onEdited) onEdited(m_value);
 }
 
-/// Shows a sentence about the text by colour, by a sign, in words at the box and to a screen reader.
+/// Shows a remark about the text by colour, by an icon, as text at the box and to screen readers.
 void DateEdit::remark(const std::string &complaint, const std::string &notice)
 {
     if (complaint == m_complaint && notice == m_notice) return;
@@ -87,7 +87,7 @@ void DateEdit::remark(const std::string &complaint, const std::string &notice)
     const bool isUnreadable = !complaint.empty();
     const bool isMarked = !sentence().empty();
     markReading(*this, isUnreadable ? Reading::unreadable : isMarked ? Reading::doubtful : Reading::plain);
-    // Icons are looked up with the first sentence: the search walks the desktop's icon folders, too long for a start.
+    // Look up the icons with the first remark only: scanning the desktop's icon folders is too slow for program start.
     if (isMarked)
         m_sign->setIcon(
             style()->standardIcon(isUnreadable ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation));
@@ -98,8 +98,8 @@ void DateEdit::remark(const std::string &complaint, const std::string &notice)
     explain();
 }
 
-/// Shows the sentence at the box. A tip disappears with the next change of the focus, which may be under way: the box is
-/// read when it is left.
+/// Shows the remark at the box. A tool tip disappears with the next change of focus, which may be under way because the
+/// box is read when it loses the focus.
 void DateEdit::explain()
 {
     QTimer::singleShot(0, this, [this] {
@@ -108,10 +108,10 @@ void DateEdit::explain()
     });
 }
 
-/// Below the box, but not under a mouse that rests there: the tip would be gone at once, as if the mouse had left its place.
+/// Below the box, but not under the mouse pointer: there the tip would close at once, as if the pointer had left.
 QPoint DateEdit::sentencePlace(const QString &words) const
 {
-    constexpr int kPointer = 24; // the toolkit shows a tip by a pointer's height further down
+    constexpr int kPointer = 24; // the toolkit shows a tip this much (the height of a pointer) further down
     constexpr int kTipMargin = 8;
     const QSize tip = QFontMetrics(QToolTip::font()).size(Qt::TextSingleLine, words);
     const QRect below(mapToGlobal(QPoint(0, height())), tip + QSize(kPointer, kPointer + kTipMargin));
@@ -143,7 +143,7 @@ void DateEdit::keyPressEvent(QKeyEvent *event)
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
         if (!isPlain) break;
-        // As in a calendar: page up is the month before.
+        // As in a calendar, page up is the previous month.
         return step(DatePart::month, isUp ? -1 : 1);
     case Qt::Key_Semicolon:
         if (event->modifiers() != Qt::ControlModifier) break;
@@ -164,7 +164,7 @@ void DateEdit::stepAtCursor(int by)
     step(date != nullptr ? placeAtCursor(*date).part : DatePart::day, by);
 }
 
-/// Steps and marks the part that was stepped. An empty box begins with today; an unreadable one is left to its typist.
+/// Steps a part of the date and selects it. An empty box starts at today; unreadable text is left unchanged.
 void DateEdit::step(DatePart part, int by)
 {
     commit();
@@ -213,7 +213,7 @@ QSize DateEdit::sizeHint() const
 {
     const QSize usual = TypedBox::sizeHint();
     constexpr int kMargins = 12;
-    // The widest date and both signs.
+    // The widest date and both icons.
     const int text = fontMetrics().horizontalAdvance(toQt(typedDateText(dateOf({2026, 12, 28}), m_format)));
     return {text + 2 * (usual.height() - 4) + kMargins, usual.height()};
 }

@@ -11,24 +11,24 @@ class QAction;
 
 namespace inin::qt {
 
-/// A box for a date that takes whatever a person types and shows it with its era. Up and down step the part under the
-/// cursor, page up and page down the month, Ctrl+; is today, Alt+Down opens a calendar. Empty is Null. A text that cannot be
-/// read stays in the box, marked and with a sentence, and counts as Null; a doubtful date is taken and marked otherwise.
+/// A box for a date that accepts any typed text and shows the date with its era. Up and down step the part under the
+/// cursor, page up and page down the month; Ctrl+; enters today, Alt+Down opens a calendar. An empty box is Null.
+/// Unreadable text stays highlighted with a remark and counts as Null; a doubtful date is accepted with another colour.
 class DateEdit : public TypedBox {
 public:
     DateEdit(std::string format, std::function<Date()> today, QWidget *parent);
 
-    /// Shows a value that came from outside the box.
+    /// Shows a value that was not entered in the box.
     void setValue(const Variant &value);
     [[nodiscard]] const Variant &value() const { return m_value; }
     void commit() override;
-    /// The sentence about a text that cannot be read, empty when there is none.
+    /// The remark about unreadable text; empty when there is none.
     [[nodiscard]] const std::string &complaint() const { return m_complaint; }
-    /// The sentence about a date that was taken but is doubtful, empty when there is none.
+    /// The remark about a date that is accepted but doubtful; empty when there is none.
     [[nodiscard]] const std::string &notice() const { return m_notice; }
     void openCalendar();
 
-    /// Each change by hand.
+    /// Called for each change by the user.
     std::function<void(const Variant &value)> onEdited;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -57,7 +57,7 @@ private:
     std::string m_complaint;
     std::string m_notice;
     QAction *m_sign = nullptr; ///< owned by the box
-    bool m_isTyped = false;    ///< something was typed that has not been read yet
+    bool m_isTyped = false;    ///< text was typed and has not been read yet
 };
 
 } // namespace inin::qt

@@ -33,7 +33,7 @@ void EventEdge::readBeforeEvents(TypedBox &box)
     m_boxes.emplace_back(&box);
 }
 
-/// A box that finds a new value raises an event itself, which may open a window with more boxes.
+/// A box that reads a new value raises an event itself, which may open a window with more boxes.
 void EventEdge::readBoxes() const
 {
     for (std::size_t i = 0; i < m_boxes.size(); ++i)
@@ -43,7 +43,7 @@ void EventEdge::readBoxes() const
 void EventEdge::exec(QEventLoop &loop)
 {
     m_loops.push_back(&loop);
-    // An event may have failed before the loop began, which a quit does not survive.
+    // If an event failed before the loop began, its quit would be lost: do not start the loop.
     if (!m_kept) loop.exec();
     m_loops.pop_back();
     throwKept();

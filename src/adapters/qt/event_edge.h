@@ -12,21 +12,21 @@ namespace inin::qt {
 
 class TypedBox;
 
-/// Where the toolkit's events enter the logic. Nothing may be thrown through the toolkit's loops: an exception that leaves
-/// an event is kept here, the innermost loop ends, and the code that runs that loop rethrows it.
+/// The boundary where toolkit events enter the program. No exception may pass through the toolkit's loops: an exception
+/// that leaves an event is stored here, the innermost loop ends, and the code that runs that loop rethrows it.
 class EventEdge {
 public:
-    /// Runs an event procedure after every registered box has read its text, so that the procedure sees what the person
-    /// sees, whether it was started by mouse, menu, button or key. A RuntimeError that leaves the procedure goes on as an
-    /// UnhandledError. Once an exception is kept, the program is about to end and later events do nothing.
+    /// Runs an event procedure after every registered box has read its text, so that the procedure works with what the
+    /// user sees, however it was started (mouse, menu, button, key). A RuntimeError that leaves the procedure becomes
+    /// an UnhandledError. Once an exception is stored, the program is about to end and later events do nothing.
     void run(const std::function<void()> &procedure);
     /// Registers a box until it is destroyed.
     void readBeforeEvents(TypedBox &box);
-    /// Runs a loop to its end, or until an event fails.
+    /// Runs a loop until it ends or an event fails.
     void exec(QEventLoop &loop);
-    /// Keeps an exception that left an event and ends the innermost loop. The first one counts.
+    /// Stores an exception that left an event and ends the innermost loop. Only the first exception is stored.
     void keep(std::exception_ptr fault);
-    /// Rethrows the exception that was kept, if there is one.
+    /// Rethrows the stored exception, if any.
     void throwKept();
 
 private:

@@ -27,8 +27,7 @@ constexpr int kListHeight = 260;
 constexpr int kButtonWidth = 100;
 constexpr int kButtonHeight = 30;
 
-/// Each folder stands below the one that holds it, further to the right. Those on the way down to the open one, and it
-/// itself, show an open folder.
+/// Indents each folder below its parent. The open folder and its ancestors have the icon of an open folder.
 void dressFolder(QListWidgetItem &item, const ListBox &folders, int index)
 {
     constexpr qsizetype kIndent = 2;

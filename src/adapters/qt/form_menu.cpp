@@ -21,14 +21,14 @@ void refresh(const MenuEntry &entry, QAction &action)
     const QString caption = toQt(entry.Caption);
     const QString key = keyText(entry.Shortcut);
     action.setSeparator(caption == QLatin1String("-"));
-    // The toolkit writes the text of a separator beside its line.
+    // The toolkit would draw the text of a separator next to its line.
     action.setText(action.isSeparator() ? QString() : key.isEmpty() ? caption : caption + '\t' + key);
     action.setEnabled(entry.Enabled);
     action.setVisible(entry.Visible);
 }
 
-/// A menu that is closed without a choice would leave the bar waiting for keys, so that none reaches the form: one escape
-/// leads all the way back.
+/// A menu closed without a choice would leave the menu bar with the keyboard focus, so that no key reaches the form.
+/// One escape leaves the bar as well.
 void comeBackFrom(QMenu &menu, QMenuBar &bar)
 {
     QObject::connect(&menu, &QMenu::aboutToHide, &bar, [&bar] {
@@ -44,7 +44,7 @@ QAction *makeAction(MenuEntry &entry, QMenuBar &bar, std::map<const Control *, Q
                     const ViewServices &services)
 {
     const auto menu = menus.find(entry.Container);
-    // An entry that stands in no menu and does something stands in the bar itself.
+    // An entry outside all menus that has an action is placed in the bar itself.
     if (menu == menus.end() && !entry.onClick) {
         QMenu *top = bar.addMenu(QString());
         menus[&entry] = top;

@@ -25,8 +25,8 @@ namespace inin::qt {
 
 namespace {
 
-/// Its usual size is that of its content. The toolkit's own counts in lines of text, and would read the system's fonts for
-/// a window that shows none.
+/// A scroll area with the preferred size of its content. The toolkit's own preferred size is in lines of text, which
+/// would load the system's fonts even for a window without text.
 class ContentArea : public QScrollArea {
 public:
     using QScrollArea::QScrollArea;
@@ -44,7 +44,7 @@ FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     if (QMenuBar *menu = makeFormMenu(form, services, this)) layout->setMenuBar(menu);
-    // On a screen too small for the form, it is walked with scroll bars instead of being cut.
+    // On a screen too small for the form, it is scrolled instead of cut off.
     auto *scroll = new ContentArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
@@ -92,7 +92,7 @@ void FormWindow::open()
         if (control->TabIndex == 0) moveFocus(*control);
 }
 
-/// Centres the window at the size of its content, or as much of it as the screen has room for.
+/// Centres the window at the size of its content, or at the largest size that the screen has room for.
 void FormWindow::fitToScreen()
 {
     constexpr int kTitleBar = 40;
@@ -113,7 +113,7 @@ void FormWindow::fitToScreen()
     move(room.topLeft() + QPoint((room.width() - size.width()) / 2, (room.height() - size.height()) / 2));
 }
 
-/// The tab key walks the controls by their TabIndex; whatever has none is no stop.
+/// The tab key follows TabIndex; controls without one are skipped.
 void FormWindow::orderTabs()
 {
     std::vector<Control *> stops;
@@ -159,7 +159,7 @@ bool FormWindow::eventFilter(QObject *watched, QEvent *event)
     auto *widget = qobject_cast<QWidget *>(watched);
     if (event->type() == QEvent::KeyPress && widget != nullptr)
         return dealKey(widget, *static_cast<QKeyEvent *>(event));
-    // A wheel that passes over a list must not choose another entry unseen.
+    // The wheel must not change the selection of a list that does not have the focus.
     if (event->type() == QEvent::Wheel && qobject_cast<QComboBox *>(watched) != nullptr && !widget->hasFocus()) {
         event->ignore();
         return true;
@@ -167,12 +167,12 @@ bool FormWindow::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-/// Gives the form's keys to the form; true when the widget must not see the key.
+/// Passes a key to the form; true when the widget must not receive it.
 bool FormWindow::dealKey(QWidget *widget, const QKeyEvent &event)
 {
     const std::int16_t code = keyCode(event);
     if (code == 0) return false;
-    if (event.isAutoRepeat()) return true; // a key that is held down prints once
+    if (event.isAutoRepeat()) return true; // a key that is held down triggers only once
     const QPointer<QWidget> guard(widget);
     bool isLeft = false;
     m_services.edge.run([&] { isLeft = m_form.key(m_mirror.controlOf(widget), code); });
@@ -183,7 +183,7 @@ bool FormWindow::dealKey(QWidget *widget, const QKeyEvent &event)
     return code == kReturnKey;
 }
 
-/// A window whose every control is disabled still has its keys; all other keys come through the controls.
+/// A window with all controls disabled still handles its keys; all other keys arrive through the controls.
 void FormWindow::keyPressEvent(QKeyEvent *event)
 {
     if (focusWidget() != nullptr || !dealKey(this, *event)) QWidget::keyPressEvent(event);
@@ -191,7 +191,7 @@ void FormWindow::keyPressEvent(QKeyEvent *event)
 
 void FormWindow::closeEvent(QCloseEvent *event)
 {
-    // The form decides; when it goes, whoever shows it hides the window.
+    // The form decides whether it unloads; if so, the code that shows it hides the window.
     event->ignore();
     m_services.edge.run([&] { m_form.unload(true); });
 }

@@ -10,8 +10,8 @@
 
 namespace inin::qt {
 
-/// A form on the screen. It mirrors the form's attributes and raises its events; how the controls stand is the matter of
-/// the form's view (see view_registry.h). The form must outlive every event, not the window itself.
+/// A form on the screen. It mirrors the form's attributes and raises its events; the form's view lays out the controls
+/// (see view_registry.h). The form must outlive every event, but not the window itself.
 class FormWindow : public QWidget {
 public:
     enum class Opening { centred, maximised };
@@ -20,25 +20,25 @@ public:
     FormWindow(Form &form, const ViewServices &services, QWidget *owner);
 
     [[nodiscard]] Form &form() const { return m_form; }
-    /// Where a view lays out the widgets.
+    /// The parent of the widgets, for a view to lay them out.
     [[nodiscard]] QWidget &content() { return *m_content; }
-    /// The widget of the control of that name; a view that names a control that the form lacks is a fault of ours.
+    /// The widget of the named control. A view that names a control missing from the form is a programming error.
     [[nodiscard]] QWidget &widget(const char *controlName) const;
     template <class T> [[nodiscard]] T &widgetAs(const char *controlName) const
     {
         return dynamic_cast<T &>(widget(controlName));
     }
     [[nodiscard]] const ControlMirror &mirror() const { return m_mirror; }
-    /// Says how the window comes up; the size is that of its content.
+    /// Sets how the window opens; its size is that of its content.
     void setOpening(Opening opening, Sizing sizing);
-    /// The content's size on a screen that has room for it; without it the smallest size that shows everything.
+    /// The content's size on a screen that has room for it. Default: the smallest size that shows everything.
     void setPreferredSize(QSize size) { m_preferredSize = size; }
 
     void open();
     [[nodiscard]] Control *activeControl() const;
     void moveFocus(const Control &control);
     void sendTab();
-    /// The window became the one that a person works in.
+    /// Called when the window becomes the active one.
     std::function<void()> onActivated;
 
 protected:

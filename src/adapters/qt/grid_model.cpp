@@ -17,12 +17,12 @@ int GridModel::columnCount(const QModelIndex &parent) const
 
 QVariant GridModel::data(const QModelIndex &index, int role) const
 {
-    // The record may have lost rows that the view still has: with its redraw off it tells nobody.
+    // The record may have lost rows that the view still has: it does not notify the view while its redraw is off.
     if (!index.isValid() || index.row() >= m_grid.RowCount()) return {};
     const auto column = static_cast<std::int16_t>(index.column() + 1);
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole: // a long address shows whole
+    case Qt::ToolTipRole: // shows the whole of a long address
         return toQt(m_grid.text(index.row() + 1, column));
     case Qt::TextAlignmentRole:
         return alignment(index.column());
@@ -39,7 +39,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     return {};
 }
 
-/// Numbers stand at the right, under a header that does too.
+/// Numbers and their headers are right-aligned.
 int GridModel::alignment(int column) const
 {
     const bool isNumber = m_grid.columns()[static_cast<std::size_t>(column)].kind == Grid::CellKind::number;

@@ -11,7 +11,7 @@ namespace inin::qt {
 
 namespace inin::qt {
 
-/// A grid record as a table of the toolkit: nothing is copied, a cell is read when it is painted.
+/// A grid record as an item model. Nothing is copied: each cell is read when it is painted.
 class GridModel : public QAbstractTableModel {
 public:
     GridModel(const Grid &grid, QObject *parent) : QAbstractTableModel(parent), m_grid(grid) {}
@@ -20,14 +20,14 @@ public:
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    /// The record's rows, cells or columns have changed.
+    /// Resets the model after the record's rows, cells or columns have changed.
     void readAnew();
 
 private:
     [[nodiscard]] int alignment(int column) const;
 
     const Grid &m_grid;
-    int m_rows = 0; ///< as many as the view has been told of
+    int m_rows = 0; ///< the number of rows reported to the view
 };
 
 } // namespace inin::qt

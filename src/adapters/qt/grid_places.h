@@ -8,18 +8,18 @@ namespace inin::qt {
 
 class FormWindow;
 
-/// Where a control stands in the grid of its frame.
+/// The position of a control in the grid of its frame.
 struct GridPlace {
     const char *control;
     int row;
     int column;
     int columns = 1;
-    const char *spoken = nullptr; ///< what a screen reader says for a control without words of its own
+    const char *spoken = nullptr; ///< the accessible name of a control without a caption
 };
 
-/// Puts the controls into the grids of their containers; a container gets its grid with the first control.
+/// Adds the controls to the grids of their containers; a container gets its grid with its first control.
 void placeInGrids(FormWindow &window, std::span<const GridPlace> places);
-/// The grid of a frame, made if it has none.
+/// The grid of a frame, created on first use.
 [[nodiscard]] QGridLayout &gridOfFrame(FormWindow &window, const char *frame);
 
 } // namespace inin::qt

@@ -26,7 +26,7 @@ GridView::GridView(Grid &grid, EventEdge &edge, QWidget *parent)
     setTabKeyNavigation(false);
     setWordWrap(false);
     verticalHeader()->hide();
-    // One height for all rows: with 30,000 of them none may be measured.
+    // A fixed height for all rows: measuring each of 30,000 rows would be too slow.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMargin);
     horizontalHeader()->setHighlightSections(false);
@@ -81,14 +81,14 @@ void GridView::currentChanged(const QModelIndex &current, const QModelIndex &pre
     m_edge.run([&] { m_grid.ActiveRow = current.row() + 1; });
 }
 
-/// With its redraw off the record may have lost rows that are still on the screen, while a box tells that none were found:
-/// their place shows as empty as the grid is, not as rows without words.
+/// While its redraw is off, the record may have lost rows that are still on the screen, for example while a box reports
+/// that none were found. Their area is painted like the empty grid, not as rows without text.
 void GridView::paintEvent(QPaintEvent *event)
 {
     if (m_grid.RowCount() > 0 || m_model->rowCount() == 0) QTableView::paintEvent(event);
 }
 
-/// The chosen row as it is seen, for a spreadsheet or a letter: its columns parted by tabs.
+/// Copies the selected row as displayed, for a spreadsheet or a letter: its columns separated by tabs.
 void GridView::copyRow() const
 {
     if (!currentIndex().isValid()) return;
@@ -98,7 +98,7 @@ void GridView::copyRow() const
     QGuiApplication::clipboard()->setText(texts.join(QLatin1Char('\t')));
 }
 
-/// Home and End walk the rows: there is nothing to walk along a row that is chosen whole.
+/// Home and End move between rows: a selected row has no cell cursor to move.
 void GridView::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Copy)) return copyRow();

@@ -17,12 +17,12 @@ namespace inin::qt {
 
 class GridModel;
 
-/// A grid record on the screen. Rows are chosen whole and one at a time; the order is the statement's, so the header does
-/// not sort.
+/// A grid record on the screen. Whole rows are selected, one at a time. The order is that of the SQL statement, so the
+/// header does not sort.
 class GridView : public QTableView {
 public:
     GridView(Grid &grid, EventEdge &edge, QWidget *parent);
-    /// Shows the record's rows, its active row and the row that is to be in sight.
+    /// Shows the record's rows and its active row, and scrolls to the row that must be visible.
     void refresh();
 
 protected:
@@ -38,7 +38,7 @@ private:
     Grid &m_grid;
     EventEdge &m_edge;
     GridModel *m_model;             ///< owned by the view
-    std::uint64_t m_revision = ~0U; ///< of the record, as it was last read
+    std::uint64_t m_revision = ~0U; ///< the record's revision at the last read
     std::int32_t m_rowInSight = 0;
     bool m_isRefreshing = false;
 };

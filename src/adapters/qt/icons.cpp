@@ -8,7 +8,7 @@ namespace inin::qt {
 
 namespace {
 
-/// The drawings stand in a square of this side.
+/// The side of the square that the icons are drawn in.
 constexpr double kSide = 24;
 constexpr double kStroke = 1.6;
 

@@ -14,11 +14,11 @@ namespace inin::qt {
 
 namespace {
 
-/// Fonts with even strokes, which small sizes need, the clearest on a screen first.
-/// Those of Windows are called so in every language of it.
+/// Fonts with even strokes, which small sizes need, the clearest on a screen first. The names of the Windows fonts are
+/// the same in all its languages.
 constexpr const char *kGoodFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI", "MS UI Gothic",
                                       "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
-/// What the screen is drawn for, and the smallest at which the strokes of 﨑 or 療 stay apart.
+/// The size that the screen is designed for, and the smallest at which the strokes of 﨑 or 療 stay distinct.
 constexpr double kPointSize = 9.75;
 
 } // namespace
@@ -35,7 +35,7 @@ void FontReading::begin()
     if (m_hasBegun) return;
     m_hasBegun = true;
     m_hasJapanese = std::async(std::launch::async, [] {
-        // The toolkit guards its list of fonts by a lock of its own; the first question reads all of them.
+        // The toolkit locks its list of fonts itself. The first query reads all fonts.
         return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
     });
 }

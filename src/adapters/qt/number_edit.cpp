@@ -15,8 +15,8 @@ namespace {
 constexpr char16_t kFullWidthZero = u'０';
 constexpr char16_t kFullWidthNine = u'９';
 
-/// Turns full-width digits into digits and refuses everything else, so that the box never holds another character. A zero
-/// in front of another digit goes: who types over the 0 of an untouched box means the new digit alone.
+/// Converts full-width digits to digits and refuses everything else, so that the box never contains another character.
+/// A zero before another digit is removed: typing after the 0 of an untouched box enters the new digit alone.
 class DigitsOnly : public QValidator {
 public:
     DigitsOnly(const NumberEdit::Limits &limits, QObject *parent)
@@ -40,7 +40,7 @@ public:
         bool fits = false;
         const int number = text.toInt(&fits);
         if (!fits || number > m_most) return Invalid;
-        // Fewer digits than the least number has may still grow.
+        // A number with fewer digits than the minimum may still grow.
         return number < m_least ? Intermediate : Acceptable;
     }
 

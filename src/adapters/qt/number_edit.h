@@ -10,8 +10,8 @@
 
 namespace inin::qt {
 
-/// A box for a whole number: digits only, full-width digits are taken as digits, empty is Null. A number beyond the upper
-/// limit or 32 bits cannot be typed.
+/// A box for a whole number. It accepts only digits, full-width ones too; empty is Null. A number above the upper limit
+/// or beyond 32 bits cannot be typed.
 class NumberEdit : public TypedBox {
 public:
     struct Limits {
@@ -19,12 +19,12 @@ public:
     };
     NumberEdit(const Limits &limits, std::string format, QWidget *parent);
 
-    /// Shows a value that came from outside the box.
+    /// Shows a value that was not entered in the box.
     void setValue(const Variant &value);
     [[nodiscard]] const Variant &value() const { return m_value; }
-    /// A number below the lower limit gives way to the last good one; any other was taken at its last key.
+    /// Replaces a number below the lower limit by the last valid one. Any other number was accepted while it was typed.
     void commit() override;
-    /// Each change by hand.
+    /// Called for each change by the user.
     std::function<void(const Variant &value)> onEdited;
 
 private:

@@ -11,13 +11,13 @@ namespace inin::qt {
 OpenList::OpenList(QWidget *parent) : QListWidget(parent)
 {
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setUniformItemSizes(true); // a folder may hold thousands
+    setUniformItemSizes(true); // a folder may contain thousands
 }
 
 void OpenList::refresh(const ListBox &list)
 {
     const QSignalBlocker quiet(this);
-    // A list only grows, or begins anew.
+    // The items of a list are only appended to, or cleared and filled again.
     if (count() > list.ListCount()) clear();
     for (int index = count(); index < list.ListCount(); ++index) {
         addItem(toQt(list.items()[static_cast<std::size_t>(index)].text));

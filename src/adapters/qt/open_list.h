@@ -8,14 +8,14 @@
 
 namespace inin::qt {
 
-/// The widget of a list that shows all its items under one another.
+/// The widget of a list that shows all its items one below the other.
 class OpenList : public QListWidget {
 public:
     explicit OpenList(QWidget *parent);
 
-    /// Shows the record's items and its choice; raises nothing.
+    /// Shows the record's items and its selection without raising events.
     void refresh(const ListBox &list);
-    /// Gives an item a look beyond its text; the view sets it, and what is there already is dressed at once.
+    /// Sets the formatting of items beyond their text. A view sets it; existing items are formatted at once.
     void setDress(const ListBox &list,
                   std::function<void(QListWidgetItem &item, const ListBox &list, int index)> dress);
 

@@ -4,15 +4,15 @@
 
 namespace inin::qt {
 
-/// A radio button whose group is kept elsewhere, by the control record. Each is a stop of the tab key; the arrows walk and
-/// mark the options of the same frame.
+/// A radio button whose group is managed by its control record. Each is a tab stop; the arrow keys move through the
+/// options of the same frame and select them.
 class OptionMark : public QRadioButton {
 public:
     explicit OptionMark(QWidget *parent);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    /// A click marks; it never takes the mark away.
+    /// A click selects the option and never clears it.
     void nextCheckState() override { setChecked(true); }
 
 private:

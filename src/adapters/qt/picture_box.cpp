@@ -6,7 +6,7 @@
 namespace inin::qt {
 
 namespace {
-/// Milliseconds. Smoothing a wallpaper takes long, and the next window of a start is not to wait for it.
+/// Milliseconds. Smoothing a wallpaper is slow, and the next window at program start must not wait for it.
 constexpr int kSettled = 150;
 } // namespace
 
@@ -14,7 +14,7 @@ void PictureBox::setPicture(const QPixmap &picture)
 {
     m_picture = picture;
     m_smooth = {};
-    // What lies under it need not be painted first.
+    // Widgets under an opaque picture need not be painted first.
     setAttribute(Qt::WA_OpaquePaintEvent, !picture.isNull() && !picture.hasAlpha());
     update();
 }

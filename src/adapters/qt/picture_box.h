@@ -5,8 +5,8 @@
 
 namespace inin::qt {
 
-/// A picture stretched over its whole widget; its proportions are not kept. The first paint at a size is quick and rough,
-/// so that a start does not wait for a wallpaper; the smooth one follows when nothing else is to be done.
+/// A picture stretched over its whole widget, ignoring its proportions. The first paint at a size is quick and rough,
+/// so that program start does not wait for a wallpaper; the smooth one follows when the program is idle.
 class PictureBox : public QWidget {
 public:
     using QWidget::QWidget;
@@ -21,7 +21,7 @@ private:
     void smoothLater();
 
     QPixmap m_picture;
-    QPixmap m_smooth; ///< at the widget's size, null until it is made
+    QPixmap m_smooth; ///< at the widget's size, null until it is created
     bool m_isPlanned = false;
 };
 

@@ -6,7 +6,7 @@ namespace inin::qt {
 
 namespace {
 
-// Where the numbers stand in a bitmap file, all of them with the low byte first: the file's header, then the picture's.
+// Offsets in a bitmap file: the file header, then the picture header. All numbers are little-endian.
 constexpr qsizetype kPixelsAt = 10;
 constexpr qsizetype kPictureHeader = 14;
 constexpr qsizetype kWidthAt = 18;
@@ -16,9 +16,9 @@ constexpr qsizetype kCompressionAt = 30;
 constexpr qsizetype kHeaders = 54;
 
 constexpr qsizetype kPixelBytes = 3;
-/// A row is filled up to a multiple of this many bytes.
+/// A row is padded to a multiple of this many bytes.
 constexpr qsizetype kRowUnit = 4;
-/// Larger than any screen, and small enough that sizes stay far from their limits.
+/// Larger than any screen, and small enough that no size overflows.
 constexpr qint32 kMostPixels = 1 << 15;
 
 template <class Number> Number numberAt(const QByteArray &file, qsizetype place)
@@ -48,7 +48,7 @@ QImage plainBitmap(const QByteArray &file)
 
     QImage picture(width, height, QImage::Format_RGB32);
     for (qint32 row = 0; row < height; ++row) {
-        // The lowest row of the picture is the first one of the file.
+        // The rows are stored from bottom to top.
         const auto *from = reinterpret_cast<const uchar *>(file.constData()) + first + (height - 1 - row) * rowBytes;
         auto *to = reinterpret_cast<QRgb *>(picture.scanLine(row));
         for (qint32 column = 0; column < width; ++column, from += kPixelBytes)

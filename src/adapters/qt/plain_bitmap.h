@@ -5,9 +5,9 @@
 
 namespace inin::qt {
 
-/// The picture of a bitmap file of the plain kind, with 24 bits a pixel and not compressed, as the suite's wallpapers are.
-/// Null for every other content, a damaged one too, which the toolkit may know. It takes pictures of each kind by a library
-/// of its own and loads all of these to read one, which a start need not wait for.
+/// Decodes an uncompressed bitmap file with 24 bits per pixel, as the suite's wallpapers are. Null for any other or
+/// damaged content, which the toolkit may be able to decode. The toolkit has a plug-in for each picture format and
+/// loads all of them to read one picture, which would delay program start.
 [[nodiscard]] QImage plainBitmap(const QByteArray &file);
 
 } // namespace inin::qt

@@ -9,7 +9,7 @@ namespace inin::qt {
 
 void setPointerShape(std::int16_t kind)
 {
-    // The toolkit stacks the shapes; the program's pointer is only the one or the other.
+    // The toolkit stacks the pointer shapes; the program has only one at a time.
     while (QGuiApplication::overrideCursor() != nullptr) QGuiApplication::restoreOverrideCursor();
     if (kind == kPointerHourglass) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }

@@ -4,10 +4,10 @@
 
 namespace inin::qt {
 
-/// The mouse pointer over all windows of the program: kPointerHourglass, or anything else for the usual one.
+/// Sets the mouse pointer over all windows of the program: kPointerHourglass, or any other value for the normal one.
 void setPointerShape(std::int16_t kind);
 
-/// Gives the usual pointer back for as long as it lives, for a box that waits for an answer in the middle of work.
+/// Restores the normal pointer for its lifetime, for a box that waits for an answer in the middle of work.
 class UsualPointer {
 public:
     UsualPointer();

@@ -16,7 +16,7 @@ namespace inin::qt {
 
 namespace {
 
-/// The frames stand under one another; twips.
+/// The frames are stacked from top to bottom; twips.
 struct FramePlace {
     const char *frame;
     int top;
@@ -32,7 +32,7 @@ constexpr int kBarTop = 9990;
 constexpr int kBarHeight = 1035;
 constexpr int kCommandWidth = 1455;
 constexpr int kCommandHeight = 735;
-constexpr int kIcon = 24; // pixels, as the following
+constexpr int kIcon = 24; // pixels, also below
 constexpr int kCommandMargin = 16;
 
 constexpr GridPlace kPlaces[] = {
@@ -81,7 +81,7 @@ constexpr GridPlace kPlaces[] = {
     {"btnPrint(6)", 0, 3},
 };
 
-/// The column of a grid that takes what is left, so that all others stand at the left.
+/// The column of a grid that receives the remaining width, so that all others are left-aligned.
 struct FreeColumn {
     const char *frame;
     int column;
@@ -123,7 +123,7 @@ void dressCommands(FormWindow &window)
         auto &button = window.widgetAs<QPushButton>(command.button);
         button.setIcon(command.icon(button.palette()));
         button.setIconSize({kIcon, kIcon});
-        // A larger font widens the button rather than losing letters.
+        // A larger font widens the button instead of cutting its text.
         const int text = button.fontMetrics().horizontalAdvance(button.text()) + kIcon + kCommandMargin;
         button.setFixedSize(std::max(pixels(kCommandWidth), text), pixels(kCommandHeight));
     }
@@ -133,8 +133,8 @@ void dressCommands(FormWindow &window)
     bar.setHorizontalSpacing(16);
 }
 
-/// Places the frames at their tops. A font that is larger than the one the screen was designed for makes a frame higher and
-/// moves the frames below it down: no text is ever cut.
+/// Places the frames one below the other. A font larger than the design size makes a frame higher and moves the frames
+/// below it down, so that text is never cut.
 void stackFrames(FormWindow &window)
 {
     int moved = 0;

@@ -26,7 +26,7 @@ QMessageBox::Icon boxIcon(Icon icon)
     return QMessageBox::NoIcon;
 }
 
-/// Whoever reports an error to others copies its words, as boxes of Windows let him.
+/// Ctrl+C copies the text of the box, as in Windows, for users who report an error.
 void copyByKey(QMessageBox &box)
 {
     const auto *const copy = new QShortcut(QKeySequence::Copy, &box); // owned by the box
@@ -51,7 +51,7 @@ int QtMessageBoxes::pressed(QMessageBox::StandardButtons buttons, const std::str
     if (m_beforeText) m_beforeText();
     const UsualPointer pointer;
     QMessageBox box(QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText); // a text may hold what looks like markup
+    box.setTextFormat(Qt::PlainText); // the text may contain something like markup
     box.setText(toQt(text).replace("\r\n", "\n").replace('\r', '\n'));
     box.setIcon(boxIcon(icon));
     box.setWindowTitle(toQt(title.empty() ? std::string(kApplicationTitle) : title));

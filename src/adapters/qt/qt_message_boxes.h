@@ -7,10 +7,10 @@
 
 namespace inin::qt {
 
-/// Boxes over the window that a person works in. Line ends are CR, LF or both.
+/// Message boxes over the active window. Line ends are CR, LF or both.
 class QtMessageBoxes : public MessageBoxes {
 public:
-    /// `beforeText` is called before each box, as ViewServices says.
+    /// `beforeText` is called before each box; see ViewServices.
     explicit QtMessageBoxes(EventEdge &edge, std::function<void()> beforeText = {})
         : m_edge(edge), m_beforeText(std::move(beforeText))
     {
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] bool askRetry(const std::string &text, Icon icon, const std::string &title) override;
 
 private:
-    /// Shows a box with these buttons and returns the one that was pressed.
+    /// Shows a box with these buttons and returns the one pressed.
     int pressed(QMessageBox::StandardButtons buttons, const std::string &text, Icon icon, const std::string &title);
 
     EventEdge &m_edge;

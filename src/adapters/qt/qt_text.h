@@ -12,7 +12,7 @@ inline QString toQt(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// For an attribute of a control, and for a literal.
+// One for an attribute of a control, one for a literal.
 inline QString toQt(const std::string &text)
 {
     return QString::fromStdString(text);

@@ -16,28 +16,28 @@ namespace inin::qt {
 
 namespace {
 
-/// Milliseconds. A window that the system does not let be seen, on another desktop say, holds nothing up for long.
+/// Milliseconds. Limits the wait for a window that the system does not show, for example on another desktop.
 constexpr int kPatience = 500;
 
-/// True when there is something to read on a form: a picture alone needs no letters.
+/// True when the form has text. A form with only a picture needs no font.
 bool hasText(const Form &form)
 {
     return std::ranges::any_of(
         form.controls(), [](const Control *control) { return dynamic_cast<const ImageBox *>(control) == nullptr; });
 }
 
-/// Whoever shows a window that does not wait for a person goes on with work of his own: he does so in front of a window that
-/// can be seen, not of an empty place. What a person does meanwhile stays in the queue.
+/// Waits until the window is painted. The caller of a modeless form continues with other work, and an empty window
+/// would be on the screen during that work. User input meanwhile stays in the queue.
 void waitUntilPainted(const FormWindow &window)
 {
-    QTimer patience; // its end is an event that the loop below wakes at
+    QTimer patience; // its timeout is an event that wakes the loop below
     patience.setSingleShot(true);
     patience.start(kPatience);
     while (window.isVisible() && !window.windowHandle()->isExposed() && patience.isActive())
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
 }
 
-/// Takes a modal window away when its show ends, by an error too.
+/// Removes a modal window at the end of its scope, also after an error.
 class AtEnd {
 public:
     explicit AtEnd(std::function<void()> action) : m_action(std::move(action)) {}
@@ -56,7 +56,7 @@ QtWindows::QtWindows(Files &files, ViewServices services) : m_files(files), m_se
 QtWindows::~QtWindows()
 {
     setPointerShape(kPointerDefault);
-    // The forms may be gone already; the windows on top belong to those below.
+    // The forms may be destroyed already. Upper windows are children of lower ones: destroy them from the top.
     while (!m_windows.empty()) m_windows.pop_back();
 }
 
@@ -64,7 +64,7 @@ void QtWindows::show(Form &form, Modality modality)
 {
     listenToPointer(form);
     form.load();
-    if (!form.isLoaded()) return; // its own load has unloaded it: it is never seen
+    if (!form.isLoaded()) return; // its own load has unloaded it: it is never shown
     FormWindow &window = open(form, modality);
     if (modality == Modality::modeless) {
         waitUntilPainted(window);
@@ -74,7 +74,7 @@ void QtWindows::show(Form &form, Modality modality)
     runUntilUnloaded(form);
 }
 
-/// Whoever listens already goes on listening.
+/// A form that is already connected stays connected.
 void QtWindows::listenToPointer(Form &form)
 {
     form.onMousePointer = [before = form.onMousePointer](std::int16_t kind) {
@@ -101,7 +101,7 @@ FormWindow &QtWindows::open(Form &form, Modality modality)
 void QtWindows::runUntilUnloaded(Form &form)
 {
     QEventLoop loop;
-    // The watcher stays with the form; the loop does not.
+    // The watcher lives as long as the form, the loop does not.
     form.watch([&form, guard = QPointer<QEventLoop>(&loop)] {
         if (guard && !form.isLoaded()) guard->quit();
     });
@@ -109,7 +109,7 @@ void QtWindows::runUntilUnloaded(Form &form)
     while (form.isLoaded()) m_services.edge.exec(loop);
 }
 
-/// The program's own windows take turns; a box or another program in front changes nothing.
+/// Only the program's own windows are activated in turn; a box or another program in front raises no event.
 void QtWindows::activate(FormWindow &window)
 {
     if (m_active == &window) return;

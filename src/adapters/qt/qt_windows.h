@@ -12,7 +12,7 @@ namespace inin::qt {
 
 class FormWindow;
 
-/// The window system with real windows. A modal form runs a loop of its own until it is unloaded.
+/// The window system with real windows. A modal form runs its own loop until it is unloaded.
 class QtWindows : public Windows {
 public:
     QtWindows(Files &files, ViewServices services);
@@ -26,9 +26,9 @@ public:
     void sendTab(Form &form) override;
     [[nodiscard]] Control *activeControl(Form &form) override;
 
-    /// The window of a form that is shown, nullptr for none.
+    /// The window of a shown form, or nullptr.
     [[nodiscard]] FormWindow *windowOf(const Form &form) const;
-    /// The window that is shown on top of the others, nullptr for none.
+    /// The topmost window, or nullptr.
     [[nodiscard]] FormWindow *topWindow() const;
 
 private:
@@ -40,7 +40,7 @@ private:
 
     Files &m_files;
     ViewServices m_services;
-    std::vector<std::unique_ptr<FormWindow>> m_windows; ///< the last one is on top
+    std::vector<std::unique_ptr<FormWindow>> m_windows; ///< the last one is the topmost
     const FormWindow *m_active = nullptr;
 };
 

@@ -17,12 +17,12 @@ namespace inin::qt {
 
 namespace {
 
-/// A box of the conditions with its control's caption as a label in front of it.
+/// The box of a condition, with its caption as a label to its left.
 struct ConditionPlace {
     const char *control;
     int row;
-    int column; ///< of the label; the box stands behind it
-    int width;  ///< in letters
+    int column; ///< of the label; the box is in the next column
+    int width;  ///< in characters
 };
 constexpr ConditionPlace kCommonConditions[] = {
     {"in_SiboriID", 0, 0, 10},
@@ -43,7 +43,7 @@ constexpr int kCommandWidth = 110;
 constexpr int kCommandHeight = 36;
 constexpr int kConditionColumns = 6;
 
-/// The parts of a search window from the top.
+/// The parts of a search window from top to bottom.
 struct SearchLayout {
     QGridLayout *conditions;
     QVBoxLayout *window;
@@ -88,7 +88,7 @@ QHBoxLayout *commandRow(FormWindow &window)
 SearchLayout layOutCommon(FormWindow &window)
 {
     window.setOpening(FormWindow::Opening::centred, FormWindow::Sizing::free);
-    auto *all = new QVBoxLayout(&window.content()); // owned by the content, as all that is put into it
+    auto *all = new QVBoxLayout(&window.content()); // owned by the content, as everything in it
     all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     all->setSpacing(kGap);
     auto *conditions = new QGridLayout;
@@ -104,7 +104,7 @@ SearchLayout layOutCommon(FormWindow &window)
     return {conditions, all};
 }
 
-/// The kinds of treatment stand in one row behind the staff.
+/// The kinds of treatment are in one row, after the staff.
 void placeKinds(FormWindow &window, QGridLayout &grid)
 {
     auto *kinds = new QHBoxLayout;

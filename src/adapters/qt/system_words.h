@@ -2,11 +2,11 @@
 
 namespace inin::qt {
 
-// What a person is told in the words of the system that the program runs on.
+// Messages in the terms of the operating system that the program runs on.
 
-/// In English too, for without the letters nobody can read the Japanese.
+/// In English too: without a Japanese font the Japanese text is unreadable.
 extern const char *const kWhatToInstall;
-/// A line for the standard error.
+/// A line for the standard error stream.
 extern const char *const kNoScreen;
 
 } // namespace inin::qt

@@ -11,11 +11,11 @@ namespace inin::qt {
 namespace {
 
 constexpr int kMiddle = 128;
-/// Below this saturation a colour is a grey, which belongs to the desktop.
+/// A colour below this saturation is a grey, which is replaced by the desktop's own.
 constexpr int kGrey = 24;
 constexpr float kDarkLightness = 0.26F;
 
-/// The light desktop's window colour is that of the frames, so that all of it is of one piece.
+/// The window colour of the light theme is that of the frames, so that the whole window has one colour.
 constexpr QRgb kWindow = 0xFFF6F6F6;
 
 QPalette lightPalette(QPalette palette)

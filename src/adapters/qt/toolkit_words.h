@@ -4,7 +4,7 @@ class QApplication;
 
 namespace inin::qt {
 
-/// The toolkit's own words (the buttons of its boxes, the menus of its text boxes) in Japanese, where the system has them.
+/// Loads the toolkit's own Japanese texts (buttons of its boxes, menus of its text boxes) if they are installed.
 void useJapaneseWords(QApplication &application);
 
 } // namespace inin::qt

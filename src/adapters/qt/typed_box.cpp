@@ -6,7 +6,7 @@ namespace inin::qt {
 
 void TypedBox::focusOutEvent(QFocusEvent *event)
 {
-    // Another program's window in front, or a menu, does not end the typing. What a menu starts reads the box first.
+    // The box is not read when another program's window or a menu takes the focus. A menu's event reads the box first.
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) commit();
     QLineEdit::focusOutEvent(event);
 }

@@ -4,12 +4,12 @@
 
 namespace inin::qt {
 
-/// An edit box that reads its text as a whole, not at each key: when the box is left, and before each event of a form
-/// (see EventEdge).
+/// An edit box that reads its text as a whole, not at each key: when it loses the focus, and before each event of a
+/// form (see EventEdge).
 class TypedBox : public QLineEdit {
 public:
     using QLineEdit::QLineEdit;
-    /// Reads what was typed since the last reading; without such a text it does nothing.
+    /// Reads the text typed since the last reading; does nothing without such a text.
     virtual void commit() = 0;
 
 protected:

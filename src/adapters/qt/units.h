@@ -4,7 +4,7 @@
 
 namespace inin::qt {
 
-/// The forms count in twips; a logical pixel of the toolkit, which scales with the desktop, is 15 of them.
+/// The forms use twips. A logical pixel of the toolkit, which scales with the desktop, is 15 twips.
 inline constexpr int kTwipsPerPixel = 15;
 
 [[nodiscard]] inline constexpr int pixels(std::int32_t twips)

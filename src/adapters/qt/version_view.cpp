@@ -23,10 +23,10 @@ constexpr int kButtonHeight = 34;
 constexpr int kMargin = 12;
 constexpr int kGap = 10;
 
-/// Where the controls stand under the title picture, row by row.
+/// The controls below the title picture, row by row.
 constexpr const char *kRows[] = {"laVer", "lstVer", "shp01", "btnReturn"};
 
-/// The suite's name on a band of its green, sharp at every scale.
+/// The suite's name on a green band, sharp at every scale.
 QPixmap titlePicture(const QFont &font, qreal scale)
 {
     constexpr int kIndent = 18;

@@ -15,7 +15,7 @@ struct RegisteredView {
     FormView view;
 };
 
-/// A new window joins here.
+/// Register new windows here.
 constexpr RegisteredView kViews[] = {
     {"frmBack", layOutBack},
     {"frmPrintInin", layOutPrintInin},

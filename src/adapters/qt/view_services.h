@@ -8,13 +8,13 @@
 
 namespace inin::qt {
 
-/// What the windows ask of the rest of the program.
+/// The services that the windows need from the rest of the program.
 struct ViewServices {
     EventEdge &edge;
     std::function<Date()> today;
-    /// A path of the suite, with backslashes, as this system writes it.
+    /// Converts a path of the suite, with backslashes, to a path of this system.
     std::function<std::string(const std::string &)> systemPath;
-    /// Called before a window or a box with text in it; without it the letters are ready.
+    /// Called before a window or box with text is shown. Empty when the fonts are ready.
     std::function<void()> beforeText = {};
 };
 

@@ -17,7 +17,7 @@ constexpr int kButtonHeight = 30;
 constexpr int kPicture = 32;
 constexpr int kMargin = 6;
 
-/// The form asks for the sizes of its text and its button, and moves the text.
+/// Reports the sizes of the text and the button to the form, which moves the text.
 void tellSizes(FormWindow &window)
 {
     auto &label = window.widgetAs<QLabel>("laMsg");
@@ -36,8 +36,8 @@ void tellSizes(FormWindow &window)
 
 } // namespace
 
-/// A small notice: the picture on the left, the text in the middle of what is left, the button below. The form moves its
-/// label by the sizes that it is told here.
+/// A small notice: the picture on the left, the text in the middle of the remaining width, the button below. The form
+/// moves its label by the sizes reported here.
 void layOutWaitMsg(FormWindow &window)
 {
     window.setOpening(FormWindow::Opening::centred, FormWindow::Sizing::free);

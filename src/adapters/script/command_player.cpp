@@ -8,7 +8,7 @@ namespace inin::script {
 
 namespace {
 
-/// Does nothing but refuse every kind of control; an act overrides the kinds that it knows.
+/// Refuses every kind of control. Each derived class overrides the kinds that it supports.
 class Act : public ControlVisitor {
 public:
     explicit Act(const ScriptCommand &command) : m_command(command) {}
@@ -92,7 +92,7 @@ public:
     }
     void visit(OptionButton &option) override
     {
-        // A person marks an option by marking it; only code takes a mark away.
+        // A user can only select an option; only the program can clear it.
         if (!to().is_boolean() || (to() == false && !command().force)) fail("an option takes true");
         option.Value = to().get<bool>();
     }
@@ -124,7 +124,7 @@ public:
     }
 };
 
-/// Makes a row the active one, as a click does, or hits it with a double click; row 0 is the header.
+/// Makes a row the active one, like a click, or double-clicks it; row 0 is the header.
 class HitRow : public Act {
 public:
     using Act::Act;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// A verb is the key that names the command; the other keys that may stand beside it.
+/// A verb is the key that names the command; the companion is the other key that it allows.
 struct Verb {
     const char *key;
     const char *companion; ///< nullptr for none
@@ -24,7 +24,7 @@ constexpr Verb kVerbs[] = {
 };
 constexpr const char *kForce = "force";
 
-/// One line being read; knows its number for the words of a failure.
+/// A reader of one line; it puts the line number into error messages.
 class LineReader {
 public:
     LineReader(std::size_t line, const Json &object) : m_line(line), m_object(object) {}
@@ -120,8 +120,8 @@ bool isSkipped(std::string_view line)
     return line.starts_with('#') || line.find_first_not_of(" \t\r") == std::string_view::npos;
 }
 
-/// A command is a single object of plain values. Deeper values are refused as they are read: copying and destroying them
-/// takes a call for each level, and a line of brackets would overflow the stack.
+/// A command is a single object of plain values. Deeper values are refused during parsing: copying and destroying them
+/// is recursive, and a line of brackets would overflow the stack.
 Json parse(std::size_t line, const std::string &text)
 try {
     const auto refuseDeeper = [line](int depth, Json::parse_event_t event, const Json &) {

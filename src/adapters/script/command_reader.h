@@ -12,7 +12,7 @@
 
 namespace inin::script {
 
-/// A command that cannot be played. It ends the play, so it is no RuntimeError that the program could trap.
+/// A command that cannot be played. It ends the play, so it is not a RuntimeError, which the program could trap.
 class BadCommand : public std::exception {
 public:
     BadCommand(std::size_t line, const std::string &why) : m_text("line " + std::to_string(line) + ": " + why) {}
@@ -29,14 +29,14 @@ struct ScriptCommand {
     CommandKind kind = CommandKind::state;
     std::size_t line = 0;     ///< 1 is the first
     std::string control;      ///< click, set, choose, key; empty for the window
-    Json to;                  ///< set: what goes into the control, not yet read
+    Json to;                  ///< set: the new value, not yet converted
     std::int16_t number = 0;  ///< choose: the index; key: the code
     std::int32_t row = 0;     ///< 1 is the first
     bool doubleClick = false; ///< row
-    bool force = false;       ///< acts on the record itself, as the program's own code would
+    bool force = false;       ///< acts on the record directly, as the program's own code would
 };
 
-/// A JSON value as a whole number of that type; nothing for any other value and for one beyond the type.
+/// Converts a JSON value to a whole number of that type; nothing for any other value and for one out of range.
 template <class T> [[nodiscard]] std::optional<T> wholeNumber(const Json &value)
 {
     if (!value.is_number_integer()) return std::nullopt;
@@ -50,7 +50,7 @@ template <class T> [[nodiscard]] std::optional<T> wholeNumber(const Json &value)
 class CommandReader {
 public:
     explicit CommandReader(std::istream &in) : m_in(in) {}
-    /// Nothing at the end of the input; BadCommand for a line that is no command.
+    /// Returns nothing at the end of the input; throws BadCommand for a line that is not a command.
     [[nodiscard]] std::optional<ScriptCommand> next();
 
 private:

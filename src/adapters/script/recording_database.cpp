@@ -16,11 +16,11 @@ public:
     }
     RecordingConnection(const RecordingConnection &) = delete;
     RecordingConnection &operator=(const RecordingConnection &) = delete;
-    /// A connection that is dropped while it is open ends its session too.
+    /// Destroying an open connection ends its session, too.
     ~RecordingConnection() override { recordEnd(); }
 
-    /// Told before it runs, so that a statement that fails or hangs stands in the transcript. On a closed connection
-    /// nothing runs and nothing is told.
+    /// Recorded before it runs, so that a statement that fails or hangs is in the transcript. On a closed connection
+    /// nothing runs and nothing is recorded.
     void tellStatement(const std::string &sql)
     {
         if (m_session != 0) m_transcript.write({{"event", "sql"}, {"session", m_session}, {"text", sql}});

@@ -5,8 +5,8 @@
 
 namespace inin::script {
 
-/// Passes everything on to another database and tells sessions and statements. Sessions are counted from 1, one for
-/// each successful Open. A connection string is never told: it may hold a password.
+/// Forwards to another database and records sessions and statements. Sessions are numbered from 1; each successful Open
+/// is one session. Connection strings are never recorded, because they may contain a password.
 class RecordingDatabase : public Database {
 public:
     RecordingDatabase(Database &inner, Transcript &transcript) : m_inner(inner), m_transcript(transcript) {}
@@ -15,7 +15,7 @@ public:
     [[nodiscard]] std::unique_ptr<Recordset> newRecordset() override;
     [[nodiscard]] bool isWriterBusy() const override { return m_inner.isWriterBusy(); }
 
-    /// For the recording connections: the number of a session that has just been opened.
+    /// For the recording connections: the number of a newly opened session.
     [[nodiscard]] int nextSession() { return ++m_sessions; }
 
 private:

@@ -18,7 +18,7 @@ double StandingClock::timer()
 
 namespace {
 
-/// The digits of one part of a moment and the sign that must follow them.
+/// The digits of one part of a moment and the character that must follow them.
 struct MomentPart {
     std::int32_t DateParts::*part;
     std::size_t digits;

@@ -7,7 +7,7 @@
 
 namespace inin::script {
 
-/// A clock that stands still at a given moment. Its timer starts there and runs on: a wait must come to its end.
+/// A clock that is stopped at a given moment. Its timer starts at that moment and runs, so that every wait ends.
 class StandingClock : public Clock {
 public:
     explicit StandingClock(Date now) : m_now(now) {}

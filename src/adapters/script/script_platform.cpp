@@ -48,7 +48,7 @@ std::unique_ptr<Clock> makeClock(const ScriptOptions &options)
     return makeSystemClock();
 }
 
-/// Only starts and the computer's name are asked of the system's processes; the end belongs to the play.
+/// The system's processes are used only for starts and the computer's name; the end statement is handled by the play.
 [[noreturn]] void endOfAnother()
 {
     throw std::logic_error("the end statement went past the play");

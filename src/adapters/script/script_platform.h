@@ -8,10 +8,10 @@
 
 namespace inin::script {
 
-/// Thrown by the end statement. No RuntimeError, so that nothing in the program traps it.
+/// Thrown by the end statement. Not a RuntimeError, so that nothing in the program traps it.
 struct ScriptEnded {};
 
-/// Each box is written to the transcript and answered at once: with OK, a question with Cancel, so that no play hangs.
+/// Records each box and answers it at once (OK, or Cancel for a question), so that no play hangs.
 class ScriptBoxes : public MessageBoxes {
 public:
     explicit ScriptBoxes(Transcript &transcript) : m_transcript(transcript) {}
@@ -22,8 +22,8 @@ private:
     Transcript &m_transcript;
 };
 
-/// Starts are told, and really made where the command line of the play says so. An address is only ever told: a play
-/// has nobody in front of it who would read the page.
+/// Records each start, and starts the program only if the command line of the play asks for it. An address is only
+/// recorded: a play has no user who would read the page.
 class ScriptProcesses : public Processes {
 public:
     ScriptProcesses(Transcript &transcript, std::unique_ptr<Processes> system, bool startProcesses)
@@ -42,7 +42,7 @@ private:
     bool m_startProcesses;
 };
 
-/// All ports of a play, kept alive for as long as the program runs.
+/// All ports of a play, with the lifetime of the program.
 class ScriptPlatform {
 public:
     ScriptPlatform(const ScriptOptions &options, Transcript &transcript, CommandReader &commands, Database &database);

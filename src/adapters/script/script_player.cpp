@@ -9,7 +9,7 @@ namespace inin::script {
 
 namespace {
 
-/// Runs the program; what ends it becomes the exit code.
+/// Runs the program and converts the way it ends to the exit code.
 int runToEnd(const ScriptStreams &streams, Transcript &transcript, const std::function<void()> &program)
 try {
     program();

@@ -10,18 +10,18 @@
 
 namespace inin::script {
 
-/// What `inin-script` was told on its command line.
+/// The command line options of `inin-script`.
 struct ScriptOptions {
     std::string applicationFolder;
-    std::optional<Date> now;     ///< the clock stands still there
-    bool startProcesses = false; ///< else a start is only told
+    std::optional<Date> now;     ///< stops the clock at this moment
+    bool startProcesses = false; ///< otherwise a start is only recorded
 };
 
-/// Where a play comes from and goes to.
+/// The input and output of a play.
 struct ScriptStreams {
-    std::istream &commands;   ///< one JSON object a line
-    std::ostream &transcript; ///< what happens, one JSON object a line
-    std::ostream &errors;     ///< words for the person who wrote the commands
+    std::istream &commands;   ///< one JSON object per line
+    std::ostream &transcript; ///< the events, one JSON object per line
+    std::ostream &errors;     ///< messages for the author of the commands
 };
 
 /// Exit codes of a play.
@@ -29,12 +29,12 @@ inline constexpr int kPlayedToTheEnd = 0;
 inline constexpr int kPlayBroke = 1;
 inline constexpr int kBadCommand = 2;
 
-/// Plays the screen. `run` is the program: it is given a platform and comes back, or ends by the end statement.
-/// kPlayedToTheEnd: it ended by itself; kPlayBroke: a run-time error ended it, or a fault of ours; kBadCommand.
+/// Plays the commands. `run` is the program: it receives a platform and returns, or ends by the end statement.
+/// Returns kPlayedToTheEnd if the program ended by itself, kPlayBroke after an uncaught error, or kBadCommand.
 [[nodiscard]] int playScript(const ScriptOptions &options, const ScriptStreams &streams, Database &database,
                              const std::function<void(const Platform &)> &run);
 
-/// Reads "YYYY-MM-DD HH:MM:SS"; nothing for any other form and for a day or time that does not exist.
+/// Reads "YYYY-MM-DD HH:MM:SS"; nothing for any other format and for a day or time that does not exist.
 [[nodiscard]] std::optional<Date> readMoment(std::string_view text);
 
 } // namespace inin::script

@@ -12,18 +12,18 @@
 namespace inin::script {
 
 namespace {
-/// How often a form may refuse its control box after the last command before the play is given up.
+/// The number of times that a form may refuse to close after the last command before the play fails.
 constexpr int kRefusedClosings = 100;
-/// Stands in a refusal for the grid that a form lacks.
+/// Names the grid in a refusal when the form has none.
 constexpr const char *kNoGrid = "grid";
 } // namespace
 
 void ScriptWindows::show(Form &form, Modality modality)
 try {
     form.onMousePointer = [this](std::int16_t kind) { m_transcript.pointer(kind); };
-    m_focus[&form] = nullptr; // a new form may lie where an old one lay
+    m_focus[&form] = nullptr; // a new form may have the address of a destroyed one
     form.load();
-    if (!form.isLoaded()) return; // its own load has unloaded it: it is never seen
+    if (!form.isLoaded()) return; // its own load has unloaded it: it is never shown
     m_transcript.followWindow(form);
     atEventEdge([&] {
         form.Form_Resize();
@@ -32,7 +32,7 @@ try {
     if (modality == Modality::modal)
         while (form.isLoaded()) playNext(form);
 } catch (const UnhandledError &unhandled) {
-    // Told here, before the program's objects are torn down on the way out.
+    // Recorded here, before unwinding destroys the program's objects.
     m_transcript.fatal(unhandled.error().number(), unhandled.error().description());
     throw;
 }
@@ -71,7 +71,7 @@ void ScriptWindows::playControl(Form &form, const ScriptCommand &command)
     playOn(form, *control, command);
 }
 
-/// The command names no control: it is for the form's grid.
+/// The command does not name a control: it applies to the form's grid.
 void ScriptWindows::playRow(Form &form, const ScriptCommand &command)
 {
     if (Grid *grid = gridOf(form)) return playOn(form, *grid, command);
@@ -108,7 +108,7 @@ void ScriptWindows::beep()
     m_transcript.beep();
 }
 
-/// The focus goes to the next control in tab order that can be used, and from the last to the first.
+/// Moves the focus to the next usable control in tab order; the first follows the last.
 void ScriptWindows::sendTab(Form &form)
 {
     std::vector<Control *> stops;

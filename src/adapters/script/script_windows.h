@@ -11,8 +11,8 @@
 
 namespace inin::script {
 
-/// Forms without a screen: what a modal form's user does comes from the commands. A command goes to the topmost modal
-/// form, which is the one that reads. At the end of the commands the control box is pressed again and again.
+/// Forms without a screen: the commands replace the user of a modal form. Each command is applied to the topmost modal
+/// form, whose loop reads it. At the end of the commands the control box closes the form, repeatedly if it refuses.
 class ScriptWindows : public Windows {
 public:
     ScriptWindows(Transcript &transcript, CommandReader &commands, Files &files, Regional regional)
@@ -23,7 +23,7 @@ public:
     void show(Form &form, Modality modality) override;
     void checkPicture(const std::string &path) override;
     void beep() override;
-    /// Events come from commands alone, so none can be waiting.
+    /// Events are raised only by commands, so none can be waiting.
     void giveTime() override {}
     void moveFocus(Form &form, Control &control) override { m_focus[&form] = &control; }
     void sendTab(Form &form) override;

@@ -11,7 +11,7 @@ namespace inin::script {
 
 namespace {
 
-/// A date box's day as the commands write it, whatever the system's own date form.
+/// A date box's day in the format of the commands, independent of the system's date format.
 std::string dayText(Date date)
 {
     const DateParts parts = partsOf(date);
@@ -35,7 +35,7 @@ Json numberOrText(const Variant &value, const Regional &regional)
         value.value());
 }
 
-/// Writes the attributes of one control: those of its kind first, then whether it can be used.
+/// Writes the attributes of one control: those of its kind first, then Enabled and Visible.
 class AttributeWriter : public ControlVisitor {
 public:
     explicit AttributeWriter(const Regional &regional) : m_regional(regional) {}
@@ -52,7 +52,7 @@ public:
     void visit(CheckBox &control) override
     {
         m_attributes["Value"] = control.Value.get();
-        // Only the search windows word a check box at run time; it is told where there are words.
+        // Only the search windows set the caption of a check box at run time; it is written where it is not empty.
         if (!control.Caption.get().empty()) caption(control);
     }
     void visit(NumberBox &control) override { m_attributes["Value"] = numberOrText(control.Value, m_regional); }

@@ -39,7 +39,7 @@ void TellingProcesses::end()
 {
     m_transcript.end(0);
     m_inner.end();
-    // The compiler does not see through the port that nothing comes back from there.
+    // The compiler does not know that end() never returns.
     throw std::logic_error("the end statement came back");
 }
 
@@ -47,11 +47,11 @@ void TellingWindows::show(Form &form, Modality modality)
 try {
     form.onMousePointer = [this](std::int16_t kind) { m_transcript.pointer(kind); };
     form.load();
-    if (!form.isLoaded()) return; // its own load has unloaded it: it is never seen
+    if (!form.isLoaded()) return; // its own load has unloaded it: it is never shown
     m_transcript.followWindow(form);
     m_inner.show(form, modality);
 } catch (const UnhandledError &unhandled) {
-    // Told here, before the program's objects are torn down on the way out.
+    // Recorded here, before unwinding destroys the program's objects.
     m_transcript.fatal(unhandled.error().number(), unhandled.error().description());
     throw;
 }

@@ -8,8 +8,8 @@
 
 namespace inin::script {
 
-// Ports that pass everything on to other ones and tell of it in a transcript, in the words of a played script. With them
-// the desktop program leaves the same trail as a play.
+// Ports that forward to other ones and record what happens in a transcript, with the events of a played script. With
+// them the desktop program writes the same transcript as a play.
 
 class TellingBoxes : public MessageBoxes {
 public:
@@ -36,7 +36,7 @@ private:
     Processes &m_inner;
 };
 
-/// A form is told as shown once it is loaded.
+/// A form is recorded as shown once it is loaded.
 class TellingWindows : public Windows {
 public:
     TellingWindows(Transcript &transcript, Windows &inner) : m_transcript(transcript), m_inner(inner) {}

@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// A data source without a folder of its own lies in the application folder, wherever the program was started.
+/// A Data Source without a folder is in the application folder, independent of the current folder at the start.
 inline std::function<std::string(const std::string &)> dataSourceIn(const std::string &folder)
 {
     return [folder](const std::string &dataSource) {

@@ -22,7 +22,7 @@ struct Providers {
     }
 };
 
-/// Becomes a connection of one adapter when it is opened, and of another perhaps when it is opened again.
+/// Opens a connection of the adapter that the connection string selects; reopening may select another one.
 class ChoosingConnection : public Connection {
 public:
     explicit ChoosingConnection(std::shared_ptr<Providers> providers) : m_providers(std::move(providers)) {}
@@ -58,7 +58,7 @@ public:
     void RollbackTrans() override { opened().RollbackTrans(); }
     [[nodiscard]] std::vector<ProviderError> &Errors() override { return m_inner ? m_inner->Errors() : m_errors; }
 
-    /// The adapter's own connection; error 3704 when there is none.
+    /// The adapter's own connection; error 3704 if there is none.
     [[nodiscard]] Connection &opened() const
     {
         if (!m_inner) raiseClosed();
@@ -78,7 +78,7 @@ private:
     std::int32_t m_timeout = kDefaultCommandTimeout;
 };
 
-/// Becomes a record set of the adapter that its connection is of.
+/// Opens a record set of the same adapter as its connection.
 class ChoosingRecordset : public Recordset {
 public:
     void setCursorLocation(std::int32_t location) override

@@ -8,9 +8,9 @@
 
 namespace inin {
 
-/// The database of every program: each connection string picks its adapter. `Provider=SQLite` is the embedded database,
-/// everything else (an ADO string for SQL Server, an ODBC string, the name of a data source) goes through ODBC.
-/// `resolvePath` turns an embedded database's Data Source, a path of the suite, into one that the system opens.
+/// The database of every program: the connection string selects the adapter. `Provider=SQLite` selects the embedded
+/// database; anything else (an ADO string for SQL Server, an ODBC string, the name of a data source) selects ODBC.
+/// `resolvePath` converts the Data Source of an embedded database, a path of the suite, to one of the system.
 [[nodiscard]] std::unique_ptr<Database> makeSuiteDatabase(std::function<std::string(const std::string &)> resolvePath);
 
 } // namespace inin

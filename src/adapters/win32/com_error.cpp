@@ -15,7 +15,7 @@ struct ComErrorRule {
     HRESULT result;
     std::int32_t number;
 };
-/// Results that the runtime has numbers of its own for.
+/// HRESULTs that have error numbers of the runtime.
 constexpr ComErrorRule kComErrorRules[] = {
     {DISP_E_UNKNOWNNAME, error_number::noSuchMember},
     {DISP_E_MEMBERNOTFOUND, error_number::noSuchMember},
@@ -47,7 +47,7 @@ std::int32_t comErrorNumber(HRESULT result)
     return rule != std::end(kComErrorRules) ? rule->number : result;
 }
 
-/// The system's own sentence about a result, without the line end behind it.
+/// The system's message for an HRESULT, without the trailing line end.
 std::string systemSentence(HRESULT result)
 {
     std::array<wchar_t, 1024> buffer{};
@@ -58,7 +58,7 @@ std::string systemSentence(HRESULT result)
     return sentence.substr(0, sentence.find_last_not_of("\r\n ") + 1);
 }
 
-/// The runtime's words where the number is its own, else the system's under its heading.
+/// The runtime's description of a number of its own; otherwise the system's message after its heading.
 std::string comErrorText(std::int32_t number)
 {
     if (number > 0) return runtimeDescription(number);

@@ -6,7 +6,7 @@
 
 namespace inin {
 
-/// What an object tells of its own failure.
+/// An object's own description of a failure.
 class ComException {
 public:
     ComException() = default;
@@ -14,14 +14,14 @@ public:
     ComException &operator=(const ComException &) = delete;
     ~ComException();
     [[nodiscard]] EXCEPINFO *address() { return &m_told; }
-    /// Raises it by the object's own number and words.
+    /// Raises it with the object's own number and text.
     [[noreturn]] void fail();
 
 private:
     EXCEPINFO m_told{};
 };
 
-/// Raises what the runtime calls a failure of the system's object calls.
+/// Raises the runtime's error for a failed COM call.
 [[noreturn]] void failCom(HRESULT result);
 inline void checkCom(HRESULT result)
 {

@@ -9,7 +9,7 @@ namespace inin {
 struct ReleaseCom {
     void operator()(IUnknown *object) const { object->Release(); }
 };
-/// One reference to an object of the system, given back with its owner.
+/// Owns one reference to a COM object.
 template <class Interface> using ComPointer = std::unique_ptr<Interface, ReleaseCom>;
 
 } // namespace inin

@@ -24,7 +24,7 @@ void *allocated(void *memory)
     return memory;
 }
 
-/// The bytes of an array of the system, held in place while they are copied.
+/// Locks a SAFEARRAY while its bytes are copied.
 class ArrayBytes {
 public:
     explicit ArrayBytes(SAFEARRAY *array) : m_array(array) { checkCom(SafeArrayAccessData(m_array, &m_bytes)); }
@@ -68,7 +68,7 @@ struct ComOfValue {
         made.date = value.days();
         return made;
     }
-    /// An empty text is a text without characters, never a null pointer; a NUL inside is carried.
+    /// Empty text becomes an empty BSTR, never a null pointer; a NUL inside is kept.
     VARIANT operator()(const std::string &text) const
     {
         const std::wstring wide = wideFromUtf8(text);
@@ -88,7 +88,7 @@ struct ComOfValue {
     }
 };
 
-/// Types that the runtime's values lack, and the one that holds their values.
+/// Types that Variant lacks, with the type that can represent their values.
 struct WideningRule {
     VARENUM given;
     VARENUM held;

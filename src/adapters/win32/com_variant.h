@@ -12,11 +12,11 @@
 
 namespace inin {
 
-/// A VARIANT of the system with what it holds.
+/// Owns a VARIANT and its content.
 class ComVariant {
 public:
     ComVariant() { VariantInit(&m_value); }
-    /// The value in the type that a late-bound call gives it: text as BSTR, bytes as an array of them.
+    /// The value in the type that a late-bound call passes: text as BSTR, bytes as an array of bytes.
     explicit ComVariant(const Variant &value);
     ComVariant(ComVariant &&other) noexcept : m_value(other.m_value) { VariantInit(&other.m_value); }
     ComVariant &operator=(ComVariant &&other) noexcept
@@ -33,7 +33,7 @@ private:
     VARIANT m_value;
 };
 
-/// Arguments as a late-bound call takes them: by value, the last one first.
+/// The arguments of a late-bound call: by value, in reverse order.
 class ComArguments {
 public:
     explicit ComArguments(std::span<const Variant> arguments);
@@ -42,11 +42,11 @@ public:
 
 private:
     std::vector<ComVariant> m_owned;
-    std::vector<VARIANTARG> m_borrowed; // the same values side by side, as the call wants them
+    std::vector<VARIANTARG> m_borrowed; // the same values in a contiguous array, as IDispatch::Invoke requires
 };
 
-/// What an object gave back. A mark is -1 or 0, a number that fits no whole number of the runtime a double. What the
-/// runtime's values cannot hold (an object, an array of anything but bytes) counts as Empty.
+/// Converts an object's result. A boolean becomes -1 or 0, a number outside the runtime's integers a double. A value
+/// that Variant cannot represent (an object, an array of anything but bytes) becomes Empty.
 [[nodiscard]] Variant valueOfCom(VARIANT &given);
 
 } // namespace inin

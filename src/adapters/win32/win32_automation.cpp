@@ -11,10 +11,10 @@ namespace inin {
 
 namespace {
 
-/// The system's objects on the thread that made this; it ends behind the last of them, which all hold it.
+/// COM on the thread that creates this. All objects share it, so it ends after the last of them.
 class ComApartment {
 public:
-    /// A thread that something else has set up in another way serves as well.
+    /// A thread that was initialized in another mode is usable as well.
     ComApartment() : m_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
     ComApartment(const ComApartment &) = delete;
     ComApartment &operator=(const ComApartment &) = delete;
@@ -59,7 +59,7 @@ private:
         const DISPID id = idOf(member);
         ComArguments arguments(values);
         DISPPARAMS parameters{arguments.data(), nullptr, arguments.count(), 0};
-        // The value that a property gets is an argument by name.
+        // A property's new value is passed as a named argument.
         DISPID assigned = DISPID_PROPERTYPUT;
         const bool put = kind == DISPATCH_PROPERTYPUT;
         if (put) {
@@ -76,11 +76,11 @@ private:
         return valueOfCom(*result.address());
     }
 
-    std::shared_ptr<ComApartment> m_apartment; // above the object: it goes after it
+    std::shared_ptr<ComApartment> m_apartment; // declared before the object, so destroyed after it
     ComPointer<IDispatch> m_object;
 };
 
-/// Nobody of that name, or one that does not start, is the same to the caller; only a refusal of the system is told apart.
+/// An unknown class and one that fails to start are reported alike; only a denied access differs.
 [[noreturn]] void failCreation(HRESULT result)
 {
     failCom(result == E_ACCESSDENIED ? result : REGDB_E_CLASSNOTREG);
@@ -107,7 +107,7 @@ class Win32Automation : public Automation {
 public:
     std::unique_ptr<AutomationObject> create(const std::string &programId) override
     {
-        // With the first object: most runs of a program need none.
+        // Created with the first object: most runs need none.
         if (!m_apartment) m_apartment = std::make_shared<ComApartment>();
         return std::make_unique<Win32AutomationObject>(m_apartment, lateBound(*created(programId)));
     }

@@ -15,7 +15,7 @@ struct FileErrorRule {
     DWORD systemError;
     std::int32_t number;
 };
-/// Not in every header: a quota of the disk is used up.
+/// Missing in some headers: a disk quota is exceeded.
 constexpr DWORD kDiskQuotaExceeded = 1295;
 
 constexpr FileErrorRule kFileErrorRules[] = {
@@ -59,7 +59,7 @@ std::optional<DWORD> attributesOf(const std::wstring &path)
 
 std::int32_t fileErrorNumber(std::uint32_t systemError, const std::wstring &path)
 {
-    // A file that refuses is read-only; else it is the folder or the path.
+    // Access was denied: a file is read-only; otherwise the folder or the path is the cause.
     if (systemError == ERROR_ACCESS_DENIED)
         return isWin32File(path) ? error_number::permissionDenied : error_number::pathAccess;
     const auto *const rule = std::ranges::find(kFileErrorRules, systemError, &FileErrorRule::systemError);
@@ -93,7 +93,7 @@ void removeWin32Link(const std::wstring &path)
     const HANDLE search = FindFirstFileW(path.c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return;
     FindClose(search);
-    // Other marks of this kind are of files, of a cloud folder for example.
+    // Other reparse points are real files, for example in a cloud folder.
     if (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK) DeleteFileW(path.c_str());
 }
 

@@ -12,11 +12,11 @@ namespace inin {
 
 namespace {
 
-/// A reader of ours never keeps the form tool from its files, nor the form tool us.
+/// Share all access: this program and the form tool must not lock each other out of a file.
 constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
-/// The system's path of a file that is to be opened or deleted. The marks of a search and the other signs that no name
-/// holds are refused before the system would take them; a colon behind a drive names a stream, so it passes there only.
+/// The system's path of a file to open or delete. Wildcards and other characters that names cannot contain are refused
+/// before the system would accept them; a colon other than the drive's would name an alternate stream.
 std::wstring filePath(const std::string &path)
 {
     const std::string name = path.substr(path.find_last_of("\\/") + 1);
@@ -31,7 +31,7 @@ public:
     Win32Output(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
     ~Win32Output() override
     {
-        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // the destructor has no caller to report a failure to
+        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // a destructor cannot report a failure
     }
 
     void write(std::string_view bytes) override
@@ -50,7 +50,7 @@ public:
     }
 
 private:
-    /// What failed once is not tried again: the file stays as far as it was written.
+    /// After a failure nothing more is written: the file stays as it is.
     bool put(std::string_view bytes)
     {
         if (writeAll(m_file, bytes)) {
@@ -64,7 +64,7 @@ private:
         return false;
     }
 
-    /// A failed write may have stored the bytes up to the end of a line; then that line end is removed.
+    /// A failed write may have stored the bytes up to the end of a line; remove that line end.
     void removeLineEnd(std::string_view bytes) const
     {
         LARGE_INTEGER end{};
@@ -76,12 +76,12 @@ private:
 
     Win32FileHandle m_file;
     std::wstring m_path;
-    LONGLONG m_size = 0; ///< of what was written without a failure
+    LONGLONG m_size = 0; ///< of what was written successfully
     OutputBuffer m_buffer;
 };
 
-/// A file whose lock lasts as long as its handle. A single byte far beyond the content is locked: the system keeps others
-/// from reading what is locked.
+/// A file that is locked as long as its handle is open. The lock is on a single byte far beyond the content, because
+/// Windows does not let others read locked bytes.
 class Win32LockedOutput : public OutputFile {
 public:
     Win32LockedOutput(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
@@ -128,7 +128,7 @@ struct CloseSearch {
     void operator()(void *search) const { FindClose(search); }
 };
 
-/// The first name that the system lists for the pattern and that an ordinary file bears.
+/// The first ordinary file that the system lists for the pattern.
 std::wstring firstOrdinaryFile(const std::wstring &pattern)
 {
     constexpr DWORD unordinary = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
@@ -147,7 +147,7 @@ public:
     explicit Win32Files(std::string applicationFolder) : m_applicationFolder(std::move(applicationFolder))
     {
         refuseBoxesOfTheSystem();
-        // The root of a drive keeps its separator: "C:" alone would be the drive's current folder.
+        // A drive's root keeps its separator: "C:" alone would be the drive's current folder.
         while (m_applicationFolder.size() > 3 &&
                m_applicationFolder.find_last_of("\\/") + 1 == m_applicationFolder.size())
             m_applicationFolder.pop_back();
@@ -156,7 +156,7 @@ public:
     std::unique_ptr<OutputFile> openForOutput(const std::string &path) override
     {
         const std::wstring file = filePath(path);
-        // To an administrator too, wherever the system would let him.
+        // Applies to administrators too, where the system would permit it.
         if (isReadOnlyWin32File(file)) failFile(ERROR_ACCESS_DENIED, file);
         removeWin32Link(file);
         Win32FileHandle handle(
@@ -188,7 +188,7 @@ public:
         Win32FileHandle handle(
             CreateFileW(file.c_str(), GENERIC_READ, kShared, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!handle.isOpen()) failFile(GetLastError(), file);
-        // A device, which may be readable without an end.
+        // A device may supply bytes without end.
         if (GetFileType(handle.get()) != FILE_TYPE_DISK) failFile(ERROR_NOT_READY, file);
         return std::make_unique<Win32Input>(std::move(handle), file);
     }
@@ -209,14 +209,14 @@ public:
         if (isReadOnlyWin32File(file)) failFile(ERROR_ACCESS_DENIED, file);
         if (DeleteFileW(file.c_str()) != 0) return;
         const DWORD error = GetLastError();
-        // The file itself would let: it is the folder that refuses.
+        // The file itself permits the removal: the folder denies it.
         if (error == ERROR_ACCESS_DENIED) throw RuntimeError(error_number::pathAccess);
         failFile(error, file);
     }
 
     std::string applicationFolder() override { return m_applicationFolder; }
 
-    /// A path without a drive of its own, a share or a name alone, changes none.
+    /// A path without a drive (on a share, or a bare name) changes nothing.
     void changeDrive(const std::string &path) override
     {
         if (path.size() < 2 || path[1] != ':') return;

@@ -16,11 +16,11 @@ struct CloseFolderSearch {
     void operator()(void *search) const { FindClose(search); }
 };
 
-/// A drive that is listed is there, so what does not answer below its root is the medium.
+/// A listed drive exists, so an error at its root is caused by the medium.
 bool isRootOfListedDrive(const std::wstring &folder)
 {
     if (folder.size() != 3 || folder[1] != L':') return false;
-    const int letter = folder[0] | 0x20; // ASCII lower case
+    const int letter = folder[0] | 0x20; // converts ASCII to lower case
     return letter >= 'a' && letter <= 'z' && (GetLogicalDrives() >> (letter - 'a') & 1U) != 0;
 }
 
@@ -43,7 +43,7 @@ std::int32_t folderErrorNumber(DWORD systemError, const std::wstring &folder)
     }
 }
 
-/// The whole path without a separator behind it, but for the root of a drive: "C:" by itself means "C:\".
+/// The absolute path without a trailing separator, except for a drive's root: "C:" alone means "C:\".
 std::wstring wholeFolder(const std::string &path)
 {
     std::wstring given = wideFromUtf8(path);
@@ -55,7 +55,7 @@ std::wstring wholeFolder(const std::string &path)
     return whole;
 }
 
-/// "C:\" or "\\server\share" with its separator.
+/// "C:\" or "\\server\share" with a trailing separator.
 std::wstring driveOf(const std::wstring &folder)
 {
     if (!folder.starts_with(L"\\\\")) return folder.substr(0, 3);
@@ -74,7 +74,7 @@ std::vector<FolderPlace> placesAbove(const std::wstring &drive, const std::wstri
     return places;
 }
 
-/// Hidden folders and those of the system stay out of a person's sight.
+/// Hide hidden and system folders.
 std::vector<FolderPlace> placesInside(const std::wstring &folder)
 {
     const std::wstring start = folder.ends_with(L'\\') ? folder : folder + L"\\";

@@ -16,7 +16,7 @@ public:
         if (size <= 1) return Regional{};
         std::wstring picture(static_cast<std::size_t>(size), L'\0');
         GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SSHORTDATE, picture.data(), size);
-        picture.pop_back(); // the call counts the closing NUL
+        picture.pop_back(); // the length includes the final NUL
         return Regional{utf8FromWide(picture)};
     }
     std::string toCodePage(std::string_view utf8) override { return ansiFromUtf8(utf8); }

@@ -32,7 +32,7 @@ WORD showOf(WindowStyle style)
     return SW_SHOWNORMAL;
 }
 
-/// The path of names of 8.3, the surest way to start what lies deep; the path itself on a drive that keeps no such names.
+/// The path with 8.3 names, the most reliable way to start a program in a deep folder; unchanged if there are none.
 std::wstring shortNameOf(const std::wstring &path)
 {
     std::wstring name(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
@@ -40,15 +40,15 @@ std::wstring shortNameOf(const std::wstring &path)
     return name.empty() ? path : name;
 }
 
-/// A file keeps its own name, by which a program may know what it is to do.
+/// The file keeps its long name, because a program may choose its task by its own name.
 std::wstring inShortFolder(const std::wstring &file)
 {
     const std::size_t slash = file.find_last_of(L'\\');
     return shortNameOf(file.substr(0, slash)) + file.substr(slash);
 }
 
-/// What a program takes over as its current folder: empty for the one that this program is in, which it takes by itself
-/// unless that lies beyond the classic limit.
+/// The current folder to pass to a started program; empty if it can inherit this program's, which works up to the
+/// classic limit.
 std::wstring folderToTakeOver()
 {
     std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
@@ -59,10 +59,10 @@ std::wstring folderToTakeOver()
     return name.starts_with(kUnlimited) ? name.substr(kUnlimited.size()) : name;
 }
 
-/// One call of the system; without a program it looks for one at the shortest beginning of the line that names a file.
+/// Calls CreateProcess. Without a program the system uses the shortest prefix of the line that names a file.
 bool isStarted(const wchar_t *program, const std::string &commandLine, WindowStyle style)
 {
-    std::wstring line = wideFromUtf8(commandLine); // the call may write into it
+    std::wstring line = wideFromUtf8(commandLine); // the call may modify it
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
@@ -79,10 +79,10 @@ bool isStarted(const wchar_t *program, const std::string &commandLine, WindowSty
 
 struct DeepProgram {
     std::wstring file;
-    std::string commandLine; ///< with the program in quotes, as the system itself hands a path with blanks over
+    std::string commandLine; ///< with the program in quotes, as the system passes on a path with blanks
 };
 
-/// The program of a line when it lies beyond the classic limit of paths, where the system does not look by itself.
+/// The program of a command line if its path exceeds the classic limit, where the system does not search.
 std::optional<DeepProgram> deepProgramOf(const std::string &commandLine)
 {
     std::size_t blank = 0;

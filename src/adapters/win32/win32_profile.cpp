@@ -17,13 +17,13 @@ namespace inin {
 
 namespace {
 
-/// What is not given is a null pointer.
+/// A missing argument is a null pointer.
 const char *pointerTo(const std::optional<std::string> &argument)
 {
     return argument ? argument->c_str() : nullptr;
 }
 
-/// Only the separators are turned: a name without a folder stays one, it means the folder of Windows itself.
+/// Replace only the separators: a name without a folder means the folder of Windows, so it stays bare.
 std::string toldPath(const std::string &file)
 {
     std::string path = file;
@@ -58,7 +58,7 @@ public:
                                                       ansiFromUtf8(defaultValue).c_str(), buffer.data(),
                                                       static_cast<DWORD>(buffer.size()), toldPath(file).c_str());
         const std::string_view bytes(buffer.data(), filled);
-        // A double byte that did not fit whole is counted, but stands as a NUL; only in a list a NUL ends a name.
+        // The call counts a double byte that did not fit but stores a NUL for it. In a list, NULs separate the names.
         return utf8FromAnsi(section && key ? bytes.substr(0, bytes.find('\0')) : bytes);
     }
 
@@ -87,13 +87,13 @@ public:
     std::int32_t WritePrivateProfileString(const Text &section, const Text &key, const Text &value,
                                            const std::string &file) override
     {
-        // To an administrator too, wherever the system would let him.
+        // Applies to administrators too, where the system would permit it.
         if (isReadOnlyWin32File(widePath(file))) return 0;
         return implementationFor(file).WritePrivateProfileString(section, key, value, file);
     }
 
 private:
-    /// The calls would read a file that is too large to its end; by bytes it is unreadable.
+    /// The ANSI calls would read all of a file that is too large; the other implementation reports it as unreadable.
     [[nodiscard]] Profile &implementationFor(const std::string &file) const
     {
         return canBeTold(file) && !isTooLarge(file) ? *m_calls : *m_bytes;

@@ -24,7 +24,7 @@ bool readWhole(const Win32FileHandle &file, std::string &bytes)
            readUpTo(file, static_cast<std::size_t>(size.QuadPart), bytes);
 }
 
-/// Empty for what cannot be read: every name in it is then missing.
+/// Empty if the file cannot be read: all its keys are then missing.
 std::string bytesOf(const std::string &file)
 {
     if (isBareProfileName(file)) return {};
@@ -41,20 +41,20 @@ bool goTo(const Win32FileHandle &file, std::size_t place)
     return SetFilePointerEx(file.get(), at, nullptr, FILE_BEGIN) != 0;
 }
 
-/// The room is taken before a byte changes, so that a full disk leaves the file whole.
+/// Disk space is reserved before a byte changes, so that a full disk leaves the file intact.
 bool isOverwritten(Win32FileHandle &file, std::size_t sizeBefore, std::string_view bytes)
 {
     if (bytes.size() > sizeBefore && !(goTo(file, bytes.size()) && SetEndOfFile(file.get()) != 0)) return false;
     return goTo(file, 0) && writeAll(file, bytes) && SetEndOfFile(file.get()) != 0 && file.close();
 }
 
-/// A new file that could not be filled does not stay.
+/// Removes a new file that could not be filled.
 bool isCreated(const std::wstring &path, std::string_view bytes)
 {
     Win32FileHandle file = opened(path, GENERIC_WRITE, 0, CREATE_NEW);
     if (!file.isOpen()) return false;
     if (isOverwritten(file, 0, bytes)) return true;
-    if (file.isOpen()) (void)file.close(); // the failure before is the one that counts
+    if (file.isOpen()) (void)file.close(); // the earlier failure is the one that is reported
     DeleteFileW(path.c_str());
     return false;
 }
@@ -79,7 +79,7 @@ public:
     {
         if (isBareProfileName(file)) return 0;
         const std::wstring path = widePath(file);
-        // As with the platform's call others may read meanwhile, but none may write.
+        // As with the platform's call, others may read meanwhile but not write.
         Win32FileHandle old = opened(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING);
         if (!old.isOpen() && GetLastError() != ERROR_FILE_NOT_FOUND) return 0;
         std::string before;

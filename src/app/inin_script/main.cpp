@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kBadCommandLine = 2;
 
-/// What is wrong with the folder of a command line, empty when it is there.
+/// The problem with the folder on a command line; empty if the folder exists.
 std::string existingFolder(const std::string &folder)
 {
     std::error_code error;
@@ -33,7 +33,7 @@ int play(const script::ScriptOptions &options)
     });
 }
 
-/// Errors on standard error go through std::cerr, which does not throw when nothing takes them.
+/// Prints errors with std::cerr, which does not throw if standard error is closed.
 int run(int argc, char **argv)
 {
     CLI::App line{"Plays the conditions screen from commands, one JSON object a line, without a window.",
@@ -46,7 +46,7 @@ int run(int argc, char **argv)
     line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
     try {
         std::vector<std::string> arguments = programArguments(argc, argv);
-        std::ranges::reverse(arguments); // the reader takes them from the back
+        std::ranges::reverse(arguments); // the parser reads them from the back
         line.parse(std::move(arguments));
     } catch (const CLI::ParseError &error) {
         return line.exit(error) == 0 ? 0 : kBadCommandLine;

@@ -18,7 +18,7 @@ namespace inin::site {
 namespace {
 
 constexpr int kDone = 0;
-constexpr int kFound = 1; // also: could not be made
+constexpr int kFound = 1; // or the site could not be made
 constexpr int kBadCommand = 2;
 
 void makeServer(const MakeCommand &command)
@@ -28,7 +28,7 @@ void makeServer(const MakeCommand &command)
                                   command.order.patients, yearMonthText(command.order.month), command.order.seed));
 }
 
-/// The form viewer that was built with this program; empty when there is none.
+/// The form viewer that was built with this program; empty if there is none.
 std::filesystem::path formViewerBeside()
 {
     std::error_code error;
@@ -40,7 +40,7 @@ std::filesystem::path formViewerBeside()
 struct Run {
     int operator()(const MakeCommand &command) const
     {
-        // Made first: a string that is too long for the suite is told before anything is written.
+        // Made first, so that a string that is too long for the suite is reported before anything is written.
         const std::string connection = command.into.empty() ? std::string() : connectionFile(command.into);
         if (!command.into.empty()) makeServer(command);
         if (command.folder.empty()) return kDone;

@@ -10,12 +10,12 @@ namespace inin::site {
 
 namespace {
 
-/// No branch is that large; the bound keeps a slip of the finger from filling the disk.
+/// More than any branch has; the limit prevents a typing error from filling the disk.
 constexpr std::int64_t kMostPatients = 1000000;
-/// With the first entry and the ended ones still fewer than a list of the screen can count.
+/// With the first entry and the stopped staff this is still below the 16-bit limit of a list on the screen.
 constexpr std::int64_t kMostStaff = 30000;
 
-/// Texts as they were given; each is judged with a sentence of its own.
+/// The option values as given; each is validated with a message of its own.
 struct Given {
     std::string folder;
     std::string into;

@@ -9,8 +9,8 @@
 namespace inin::site {
 
 struct MakeCommand {
-    std::filesystem::path folder; ///< empty with `into`: rows only
-    std::string into{};           ///< connection string of a server's database that gets the rows, may be empty
+    std::filesystem::path folder; ///< empty if `into` is given: rows only
+    std::string into{};           ///< connection string of a server database to fill; may be empty
     SiteOrder order;
     Overwrite overwrite = Overwrite::onlyOwnFolder;
 };
@@ -20,7 +20,7 @@ struct CheckCommand {
 struct HelpCommand {
     std::string text;
 };
-/// A command line that makes no sense, with the sentence to show.
+/// An invalid command line, with the sentence to show.
 struct BadCommand {
     std::string sentence;
 };

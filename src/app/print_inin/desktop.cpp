@@ -10,7 +10,7 @@ namespace inin {
 
 namespace {
 
-/// The end statement: nothing of the program runs behind it, no destructor either.
+/// The end statement: nothing of the program runs after it, not even destructors.
 [[noreturn]] void endAtOnce()
 {
     std::_Exit(0);

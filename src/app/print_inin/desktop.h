@@ -10,8 +10,8 @@
 
 namespace inin {
 
-/// The ports of this system with real windows, for a site's folder. What is shown on them throws NoJapaneseFont when its
-/// text could not be read.
+/// The ports of this system with real windows, for a site's folder. Showing a window throws NoJapaneseFont if no
+/// installed font can display its text.
 class Desktop {
 public:
     Desktop(const std::string &folder, qt::EventEdge &edge);

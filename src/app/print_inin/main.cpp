@@ -1,6 +1,6 @@
-// PrintInin: the desktop program. It takes no arguments; its folder is the one in which the executable lies, or the one
-// that the environment variable ININ_APP_DIR names. ININ_TRANSCRIPT names a file that is to be told what happens, for
-// support and tests.
+// PrintInin: the desktop program. It takes no arguments; its folder is that of the executable, or the one in the
+// environment variable ININ_APP_DIR. ININ_TRANSCRIPT names a file to which all events are written, for support and
+// tests.
 
 #include "adapters/native/native_platform.h"
 #include "adapters/qt/qt_text.h"
@@ -34,7 +34,7 @@ constexpr const char *kFolderVariable = "ININ_APP_DIR";
 constexpr const char *kTranscriptVariable = "ININ_TRANSCRIPT";
 constexpr int kBroken = 1;
 
-/// The toolkit reads the environment and its own place in every system's whole character set.
+/// Use the toolkit: it reads the environment and the program's path in Unicode on every system.
 std::string applicationFolder()
 {
     const QString named = qEnvironmentVariable(kFolderVariable);
@@ -43,7 +43,7 @@ std::string applicationFolder()
     return textOf(path.make_preferred());
 }
 
-/// The toolkit gives up without a display by an abort, which leaves a dump and no word that a person understands.
+/// Without a display the toolkit aborts, with a core dump and no message that a user understands.
 void sayWhyAndEnd(QtMsgType type, const QMessageLogContext &, const QString &message)
 {
     std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
@@ -58,10 +58,10 @@ void runOn(const Platform &platform)
     Main(app);
 }
 
-/// Runs with everything told, in the words of a played script.
+/// Runs and writes every event to a file, in the format of a played script.
 void runTold(const Platform &inner, const std::string &file)
 {
-    createForOwner(file);                              // the statements hold names, the help address a password
+    createForOwner(file);                              // statements contain names, the help address a password
     std::ofstream out(pathOf(file), std::ios::binary); // the same bytes on every system
     script::Transcript transcript(out);
     script::TellingBoxes boxes(transcript, inner.boxes);
@@ -80,7 +80,7 @@ void runProgram(qt::EventEdge &edge)
     runTold(desktop.platform(), qt::fromQt(transcript));
 }
 
-/// Runs with the windows gone: the forms behind them are.
+/// Reports a failure after the forms and their windows are gone.
 int report(const char *title, const std::string &text)
 {
     std::fprintf(stderr, "PrintInin: %s\n", text.c_str());
@@ -97,7 +97,7 @@ try {
 } catch (const RuntimeError &error) {
     return report(kApplicationTitle, numberedText(error));
 } catch (const std::exception &fault) {
-    return report("PrintInin", fault.what()); // a title that can be read without Japanese letters
+    return report("PrintInin", fault.what()); // a title that is readable without Japanese glyphs
 }
 
 } // namespace
@@ -112,7 +112,7 @@ try {
     inin::qt::EventEdge edge;
     inin::qt::WindowApplication application(noArguments, argv);
     application.onFault = [&edge](std::exception_ptr fault) { edge.keep(std::move(fault)); };
-    QApplication::setQuitOnLastWindowClosed(false); // the program's own unload decides
+    QApplication::setQuitOnLastWindowClosed(false); // the program's unload decides when to quit
     QApplication::setApplicationDisplayName({});
     inin::qt::applyTheme(application);
     inin::qt::useJapaneseWords(application);

@@ -1,9 +1,9 @@
-// STAND-IN of the demo site, on Windows, for the suite's menu program and for the outside form tools; it is none of them.
-// It knows by the name under which it lies there what it stands in for:
-// - Main.exe notes the argument that it was started with in "Main.log" beside it, and ends.
-// - A form tool starts the form viewer that "formviewer.path" beside it names, with its own name and arguments; a copy of
-//   the viewer would need the viewer's libraries in each site. Without that file it copies the command script behind "/c"
-//   beside itself, as NAME.WfdCom.dat.
+// The substitute in a demo site on Windows for the suite's menu program and the outside form tools; it is none of them.
+// It chooses its part by its own file name:
+// - Main.exe writes the argument that it was started with to "Main.log" beside it, and ends.
+// - A form tool starts the form viewer named in "formviewer.path" beside it, with its own name and arguments; a copy
+//   of the viewer would need the viewer's libraries in each site. Without that file it copies the command script given
+//   after "/c" to NAME.WfdCom.dat beside itself.
 
 #include <string>
 
@@ -25,7 +25,7 @@ int fail(const std::wstring &why)
     return kFailed;
 }
 
-/// Whole and with the prefix that lifts the classic limit of 260 characters.
+/// The absolute path, with the prefix that lifts the classic limit of 260 characters.
 std::wstring unlimited(const std::wstring &path)
 {
     std::wstring full(kLongestPath, L'\0');
@@ -58,7 +58,7 @@ private:
 std::string utf8Of(const std::wstring &wide)
 {
     const int length = static_cast<int>(wide.size());
-    std::string text(wide.size() * 3, '\0'); // no UTF-16 unit takes more
+    std::string text(wide.size() * 3, '\0'); // a UTF-16 unit takes at most three bytes
     text.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, text.data(),
                                                              static_cast<int>(text.size()), nullptr, nullptr)));
     return text;
@@ -66,7 +66,7 @@ std::string utf8Of(const std::wstring &wide)
 
 std::wstring wideOf(const std::string &text)
 {
-    std::wstring wide(text.size(), L'\0'); // no character takes more units than bytes
+    std::wstring wide(text.size(), L'\0'); // never more units than bytes
     wide.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
                                                              wide.data(), static_cast<int>(wide.size()))));
     return wide;
@@ -79,7 +79,7 @@ std::wstring ownFile()
     return file;
 }
 
-/// The command line behind the program's name, with its quotes.
+/// The command line after the program's name, including quotes.
 std::wstring argumentsOf(const std::wstring &line)
 {
     const bool isQuoted = line.starts_with(L'"');
@@ -100,7 +100,7 @@ int noteArguments(const std::wstring &log, const std::wstring &arguments)
     return kDone;
 }
 
-/// The viewer that a site's note names; empty without one.
+/// The viewer named in a site's "formviewer.path"; empty if there is none.
 std::wstring viewerNamedBy(const std::wstring &note)
 {
     const FileHandle file(note, GENERIC_READ, OPEN_EXISTING);
@@ -113,7 +113,7 @@ std::wstring viewerNamedBy(const std::wstring &note)
     return wideOf(text);
 }
 
-/// The viewer reads from its name what it is to do, and takes over the window's state and the right to the front.
+/// The viewer chooses its mode by its name. It inherits the window state and the right to the foreground.
 int startViewer(const std::wstring &viewer, const std::wstring &name, const std::wstring &arguments)
 {
     std::wstring line = L"\"" + name + L"\" " + arguments;
@@ -134,7 +134,7 @@ int startViewer(const std::wstring &viewer, const std::wstring &name, const std:
     return kDone;
 }
 
-/// The command line is not quoted, so all that stands behind "/c" is the path.
+/// The command line is not quoted, so everything after "/c" is the path.
 int copyScript(const std::wstring &self, const std::wstring &arguments)
 {
     const std::wstring spaced = L" " + arguments;

@@ -7,7 +7,7 @@
 using namespace inin;
 using namespace std::string_literals;
 
-// What the files do on every system. What one of them does by itself stands in its own tests.
+// Behaviour of files on every system. Differences of one system are tested in its own folder.
 
 namespace {
 
@@ -31,7 +31,7 @@ std::int32_t removeError(const std::string &path)
     return errorOf([&] { anyFiles()->remove(path); });
 }
 
-/// A folder with a file that is closed to writing, a plain one and a folder.
+/// A folder with a read-only file, an ordinary file and a folder.
 struct FullFolder {
     TempFolder folder;
     FullFolder()
@@ -57,7 +57,7 @@ struct Refusal {
 
 } // namespace
 
-TEST_CASE("an output file replaces the old one and holds every byte")
+TEST_CASE("an output file replaces the old one and contains every byte")
 {
     const TempFolder folder;
     folder.put("委任状.csv", std::string(100000, 'x'));
@@ -87,7 +87,7 @@ TEST_CASE("an output file never ends at a line end before it is closed")
 {
     const TempFolder folder;
     std::string expected;
-    // Lines that fill the buffer of an output file to the byte, and lines that do not.
+    // Lines that fill the buffer of an output file exactly, and lines that do not.
     for (const std::size_t length : {1024U, 333U}) {
         const std::string line = std::string(length - 2, 'x') + "\r\n";
         const auto file = anyFiles()->openForOutput(folder / "x");
@@ -105,7 +105,7 @@ TEST_CASE("an output file never ends at a line end before it is closed")
     }
 }
 
-TEST_CASE("an output file of line ends alone is whole once it is closed")
+TEST_CASE("an output file that consists of line ends is complete once it is closed")
 {
     const TempFolder folder;
     const auto file = anyFiles()->openForOutput(folder / "x");
@@ -115,7 +115,7 @@ TEST_CASE("an output file of line ends alone is whole once it is closed")
     CHECK(folder.bytes("x") == std::string(100000, '\n'));
 }
 
-TEST_CASE("an output file that is given up has every byte but its last line end")
+TEST_CASE("a discarded output file contains every byte except its last line end")
 {
     const TempFolder folder;
     anyFiles()->openForOutput(folder / "x")->write("abc");
@@ -124,7 +124,7 @@ TEST_CASE("an output file that is given up has every byte but its last line end"
     CHECK(folder.bytes("y") == "abc\r\ndef");
 }
 
-TEST_CASE("a file is locked for one user at a time, until it is closed or given up")
+TEST_CASE("a file is locked by one user at a time, until it is closed or discarded")
 {
     using State = LockedFile::State;
     const TempFolder folder;
@@ -133,12 +133,12 @@ TEST_CASE("a file is locked for one user at a time, until it is closed or given 
     CHECK(anyFiles()->openLocked(folder / "委任状.run").state == State::busy);
 
     first.output->close();
-    CHECK(anyFiles()->openLocked(folder / "委任状.run").state == State::locked); // and given up at once
+    CHECK(anyFiles()->openLocked(folder / "委任状.run").state == State::locked); // and discarded at once
     CHECK(anyFiles()->openLocked(folder / "委任状.run").state == State::locked);
     CHECK(folder.entries() == 1);
 }
 
-TEST_CASE("a locked file is emptied by who locks it, and can be read by others byte by byte as it grows")
+TEST_CASE("locking a file empties it, and others can read it byte by byte as it grows")
 {
     const TempFolder folder;
     folder.put("x", "a longer text of the run before");
@@ -152,7 +152,7 @@ TEST_CASE("a locked file is emptied by who locks it, and can be read by others b
     CHECK(anyFiles()->openForInput(folder / "x")->read(10) == "one\ntwo\n");
 }
 
-TEST_CASE("a file that cannot be created has no lock")
+TEST_CASE("a file that cannot be created cannot be locked")
 {
     const TempFolder folder;
     folder.put("file", "");
@@ -161,7 +161,7 @@ TEST_CASE("a file that cannot be created has no lock")
     CHECK(folder.names() == std::vector<std::string>{"file"});
 }
 
-TEST_CASE("an input file gives its bytes piece by piece and then nothing")
+TEST_CASE("an input file returns its bytes piece by piece and then nothing")
 {
     const TempFolder folder;
     folder.put("x", "abc\0d"s);
@@ -172,7 +172,7 @@ TEST_CASE("an input file gives its bytes piece by piece and then nothing")
     CHECK(file->read(10) == "");
 }
 
-TEST_CASE("a file that cannot be opened for output is told by the runtime's number")
+TEST_CASE("a file that cannot be opened for output fails with the runtime's number")
 {
     const FullFolder full;
     const Refusal refusals[] = {
@@ -186,7 +186,7 @@ TEST_CASE("a file that cannot be opened for output is told by the runtime's numb
     }
 }
 
-TEST_CASE("a file that cannot be opened for input is told by the runtime's number")
+TEST_CASE("a file that cannot be opened for input fails with the runtime's number")
 {
     const FullFolder full;
     const Refusal refusals[] = {
@@ -200,7 +200,7 @@ TEST_CASE("a file that cannot be opened for input is told by the runtime's numbe
     }
 }
 
-TEST_CASE("a file that cannot be deleted is told by the runtime's number")
+TEST_CASE("a file that cannot be deleted fails with the runtime's number")
 {
     const FullFolder full;
     const Refusal refusals[] = {
@@ -218,7 +218,7 @@ TEST_CASE("a file that cannot be deleted is told by the runtime's number")
     }
 }
 
-TEST_CASE("a deleted file is gone, whatever the case of its name")
+TEST_CASE("a file is deleted by its name in any case")
 {
     const TempFolder folder;
     folder.put("x.csv", "");
@@ -243,7 +243,7 @@ TEST_CASE("a directory search finds one file by its name")
     CHECK(files->directorySearch("") == "");
 }
 
-TEST_CASE("a directory search finds a file that fits the pattern")
+TEST_CASE("a directory search finds a file that matches the pattern")
 {
     const TempFolder folder;
     folder.put("委任状37_01.wfd", "");
@@ -255,7 +255,7 @@ TEST_CASE("a directory search finds a file that fits the pattern")
     CHECK(files->directorySearch(folder / "none/*") == "");
 }
 
-TEST_CASE("a directory search of a folder with a backslash behind it finds its first file")
+TEST_CASE("a directory search of a folder with a trailing backslash finds its first file")
 {
     const TempFolder folder;
     const auto files = anyFiles();
@@ -267,7 +267,7 @@ TEST_CASE("a directory search of a folder with a backslash behind it finds its f
     CHECK(files->directorySearch(folder.path() + "\\SUB\\") == "");
 }
 
-TEST_CASE("only a folder is a folder")
+TEST_CASE("only a folder counts as a folder")
 {
     const TempFolder folder;
     folder.put("x", "");
@@ -300,7 +300,7 @@ TEST_CASE("the current folder is what the operating system reports after a chang
     CHECK(std::filesystem::equivalent(pathOf(files->currentFolder()), there));
 }
 
-TEST_CASE("the application folder bears no separator behind it, but a root keeps its own")
+TEST_CASE("the application folder has no trailing separator, except a root")
 {
     const TempFolder folder;
     const std::string root = textOf(folder.folder().root_path());

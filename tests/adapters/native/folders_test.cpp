@@ -10,7 +10,7 @@
 
 using namespace inin;
 
-// What the folders do on every system. What one of them does by itself stands in its own tests.
+// Behaviour of folders on every system. Differences of one system are tested in its own folder.
 
 namespace {
 
@@ -25,7 +25,7 @@ Texts namesOf(const std::vector<FolderPlace> &places)
 
 } // namespace
 
-TEST_CASE("a folder is told with the way down from its drive and the folders in it by name, without its files")
+TEST_CASE("a folder has the path from its drive and its subfolders by name, without files")
 {
     const TempFolder folder;
     for (const char *name : {"写真", "写真/b", "写真/A", "写真/令和"})
@@ -41,7 +41,7 @@ TEST_CASE("a folder is told with the way down from its drive and the folders in 
     CHECK(contents.above.back().path == systemPath(folder / "写真"));
 }
 
-TEST_CASE("a folder is found by a path with backslashes and with a separator at its end")
+TEST_CASE("a folder is found by a path with backslashes and with a trailing separator")
 {
     const TempFolder folder;
     std::filesystem::create_directories(pathOf(folder / "disk/inner"));
@@ -52,7 +52,7 @@ TEST_CASE("a folder is found by a path with backslashes and with a separator at 
     }
 }
 
-TEST_CASE("a path without its root lies in the current folder")
+TEST_CASE("a path without a root is relative to the current folder")
 {
     const TempFolder folder;
     std::filesystem::create_directory(pathOf(folder / "inner"));
@@ -60,7 +60,7 @@ TEST_CASE("a path without its root lies in the current folder")
     CHECK(makeSystemFolders()->open("inner").above.back().path == systemPath(folder / "inner"));
 }
 
-TEST_CASE("the root has itself above and its folders inside")
+TEST_CASE("the path of the root is the root itself, and its folders are listed")
 {
     const TempFolder folder;
     const std::string root = textOf(folder.folder().root_path());
@@ -71,7 +71,7 @@ TEST_CASE("the root has itself above and its folders inside")
     CHECK(contents.inside[0].path == root + contents.inside[0].name);
 }
 
-TEST_CASE("what is no folder is error 76")
+TEST_CASE("opening anything but a folder is error 76")
 {
     const TempFolder folder;
     folder.put("file", "");

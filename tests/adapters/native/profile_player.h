@@ -9,14 +9,14 @@
 
 namespace inin {
 
-/// False for a case with a byte beyond the code page in a name: it cannot be asked for in UTF-8.
+/// False for a case with a byte outside the code page in a name, which cannot be expressed in UTF-8.
 [[nodiscard]] bool canBeAskedFor(const ProfileCase &one);
 
-/// The bytes of a file; nothing when there is none.
+/// The bytes of a file; nothing if it does not exist.
 [[nodiscard]] std::optional<std::string> bytesAt(const std::filesystem::path &file);
 
-/// Plays the calls of a case on the file that the profile finds at `path` and that stands at `file`, and gives the
-/// differences to the recording; empty for none.
+/// Makes the calls of a case on a file, which the profile finds at `path` and the test at `file`. Returns the
+/// differences from the recording; empty if there are none.
 [[nodiscard]] std::string differences(const ProfileCase &one, Profile &profile, const std::string &path,
                                       const std::filesystem::path &file);
 

@@ -11,11 +11,11 @@
 using namespace inin;
 using namespace std::string_literals;
 
-// What the profile calls do on every system. What one of them does by itself stands in its own tests.
+// Behaviour of the profile calls on every system. Differences of one system are tested in its own folder.
 
 namespace {
 
-/// The profile class over real files.
+/// The profile class on real files.
 struct RealWorld {
     FakeWorld world;
     std::unique_ptr<Files> files = makeSystemFiles(textOf(std::filesystem::current_path()));
@@ -34,7 +34,7 @@ std::string manyLines(std::size_t size)
 
 } // namespace
 
-TEST_CASE("every recorded profile call gives on a real file what the platform gave")
+TEST_CASE("every recorded profile call has the platform's result on a real file")
 {
     std::size_t played = 0;
     const auto profile = makeSystemProfile();
@@ -63,7 +63,7 @@ TEST_CASE("a profile file of more than 16 MB is unreadable and is not written")
     CHECK(std::filesystem::file_size(pathOf(file)) == kMostSettingsBytes + 1);
 }
 
-TEST_CASE("a profile file is found whichever separator its path has, and under a Japanese name")
+TEST_CASE("a profile file is found with either separator in its path, and under a Japanese name")
 {
     const TempFolder folder;
     const auto profile = makeSystemProfile();
@@ -72,7 +72,7 @@ TEST_CASE("a profile file is found whichever separator its path has, and under a
     CHECK(profile->GetPrivateProfileString("委任状", "印刷種別", "", 256, folder / "印刷設定.ini") == "1");
 }
 
-TEST_CASE("a profile file is found whatever the case of its path")
+TEST_CASE("a profile file is found by a path in any case")
 {
     const TempFolder folder;
     std::filesystem::create_directory(pathOf(folder / "Data"));
@@ -84,7 +84,7 @@ TEST_CASE("a profile file is found whatever the case of its path")
     CHECK(folder.bytes("Data/印刷設定.INI") == "[s]\r\nk=new\r\n");
 }
 
-TEST_CASE("a refused write gives 0 and leaves the file and the folder as they were")
+TEST_CASE("a refused write returns 0 and changes neither the file nor the folder")
 {
     const TempFolder folder;
     const std::string readOnly = folder.putReadOnly("x.ini", "[s]\r\nk=old\r\n");
@@ -102,7 +102,7 @@ TEST_CASE("a refused write gives 0 and leaves the file and the folder as they we
     CHECK(folder.entries() == 2);
 }
 
-TEST_CASE("what is no file reads as an empty profile")
+TEST_CASE("anything but a file reads as an empty profile")
 {
     const TempFolder folder;
     const auto profile = makeSystemProfile();
@@ -113,7 +113,7 @@ TEST_CASE("what is no file reads as an empty profile")
     }
 }
 
-TEST_CASE("a read without a section or key has no number but the default, one without room no text")
+TEST_CASE("a number without a section or key is the default, and a buffer of size 0 gets no text")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[a]\r\nk=3\r\n");
@@ -135,7 +135,7 @@ TEST_CASE("a value outside the code page is written as question marks")
     CHECK(folder.bytes("x.ini") == "[s]\r\n\x96\xBC\x91\x4F=\xFB\xFC??\r\n");
 }
 
-TEST_CASE("a strange profile file is read by the profile class without a crash or a find")
+TEST_CASE("the profile class reads arbitrary bytes without a crash and finds nothing")
 {
     struct Row {
         std::string name, bytes;
@@ -164,7 +164,7 @@ TEST_CASE("a strange profile file is read by the profile class without a crash o
     }
 }
 
-TEST_CASE("the profile class tells a missing file by its name and reads it as empty")
+TEST_CASE("the profile class reports a missing file by its name and reads it as empty")
 {
     RealWorld real;
     const TempFolder folder;
@@ -177,7 +177,7 @@ TEST_CASE("the profile class tells a missing file by its name and reads it as em
     CHECK(file.nGetProfileLong("s", "k") == 0);
 }
 
-TEST_CASE("the profile class gives 0 for a write to a read-only file and keeps its error text")
+TEST_CASE("the profile class returns 0 for a write to a read-only file and keeps its error text")
 {
     RealWorld real;
     const TempFolder folder;

@@ -1,4 +1,4 @@
-// What holds on every driver: each claim is run over SQLite's and over PostgreSQL's.
+// Claims that hold for every driver: each runs on SQLite's and on PostgreSQL's.
 
 #include "adapters/odbc/driver_stage.h"
 
@@ -28,7 +28,7 @@ Session numbersSession(const std::string &driver, int count)
 
 } // namespace
 
-TEST_CASE("rows come forward, block after block, each once")
+TEST_CASE("rows are read forward, block after block, each once")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 1500);
@@ -57,7 +57,7 @@ TEST_CASE("a SELECT without rows is at its end at once and has its columns")
     }
 }
 
-TEST_CASE("Japanese text comes through in both directions, also outside code page 932")
+TEST_CASE("Japanese text is unchanged in both directions, also outside code page 932")
 {
     // SQLite's driver has no wide functions, and the driver manager cuts every character to a byte for it.
     for (const std::string &driver : {postgres()}) {
@@ -71,7 +71,7 @@ TEST_CASE("Japanese text comes through in both directions, also outside code pag
     }
 }
 
-TEST_CASE("a long text comes in pieces and is whole, with pairs on the borders of the pieces")
+TEST_CASE("a long text is fetched in pieces and is complete, with surrogate pairs across the pieces")
 {
     std::string plain, pairs = "a";
     for (int n = 0; plain.size() < 150000; ++n) plain += std::to_string(n) + " ";
@@ -86,7 +86,7 @@ TEST_CASE("a long text comes in pieces and is whole, with pairs on the borders o
         session.run("INSERT INTO longs VALUES (1, '" + text + "', 7), (2, NULL, 8), (3, '', 9), (4, 'short', NULL)");
         const auto rows = session.open("SELECT id, t, n FROM longs ORDER BY id");
         CHECK((rows->Value(1) == Variant(text)));
-        CHECK((rows->Value(1) == Variant(text))); // a second look
+        CHECK((rows->Value(1) == Variant(text))); // a second read
         CHECK(rows->Value(2) == Variant(std::int32_t{7}));
         rows->MoveNext();
         CHECK(rows->Value(1).isNull());
@@ -102,7 +102,7 @@ TEST_CASE("a long text comes in pieces and is whole, with pairs on the borders o
     }
 }
 
-TEST_CASE("of two columns of one name the first answers, and a name that is not there is error 3265")
+TEST_CASE("of two columns with one name the first is found, and an unknown name is error 3265")
 {
     for (const std::string &driver : drivers()) {
         const Session session(driver);
@@ -116,7 +116,7 @@ TEST_CASE("of two columns of one name the first answers, and a name that is not 
     }
 }
 
-TEST_CASE("a second statement runs while a record set is open, which then goes on where it was")
+TEST_CASE("a second statement runs while a record set is open, which then continues at its row")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 900);
@@ -134,7 +134,7 @@ TEST_CASE("a second statement runs while a record set is open, which then goes o
     }
 }
 
-TEST_CASE("a record set goes on behind a commit and behind a rollback")
+TEST_CASE("a record set continues after a commit and after a rollback")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 5);
@@ -149,7 +149,7 @@ TEST_CASE("a record set goes on behind a commit and behind a rollback")
     }
 }
 
-TEST_CASE("rows that a statement changes are counted; a statement that changes none gives -1")
+TEST_CASE("changed rows are counted; a statement that changes none returns -1")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 4);
@@ -162,7 +162,7 @@ TEST_CASE("rows that a statement changes are counted; a statement that changes n
     }
 }
 
-TEST_CASE("a transaction is kept by a commit and taken back by a rollback")
+TEST_CASE("a commit keeps a transaction and a rollback undoes it")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 1);
@@ -178,7 +178,7 @@ TEST_CASE("a transaction is kept by a commit and taken back by a rollback")
     }
 }
 
-TEST_CASE("a second BeginTrans and an end without a beginning are refused")
+TEST_CASE("a second BeginTrans is refused, and so is an end without a transaction")
 {
     for (const std::string &driver : drivers()) {
         const Session session(driver);
@@ -191,7 +191,7 @@ TEST_CASE("a second BeginTrans and an end without a beginning are refused")
     }
 }
 
-TEST_CASE("what a session left open in a transaction is taken back when it closes")
+TEST_CASE("closing a session undoes its open transaction")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 1);
@@ -204,11 +204,11 @@ TEST_CASE("what a session left open in a transaction is taken back when it close
     }
 }
 
-TEST_CASE("a faulty statement is told with an entry of the error list and leaves the session usable")
+TEST_CASE("a faulty statement adds an entry to the error list and leaves the session usable")
 {
     struct Row {
         std::string driver;
-        std::int32_t number; ///< SQLite's driver tells no more than that there was an error
+        std::int32_t number; ///< SQLite's driver reports only that there was an error
     };
     for (const Row &row : {Row{sqliteFile(), -2147467259}, Row{postgres(), -2147217900}}) {
         const Session session(row.driver);
@@ -222,7 +222,7 @@ TEST_CASE("a faulty statement is told with an entry of the error list and leaves
     }
 }
 
-TEST_CASE("a table that is not there has a number of its own")
+TEST_CASE("a missing table has its own error number")
 {
     for (const std::string &driver : drivers()) {
         const Session session(driver);
@@ -231,7 +231,7 @@ TEST_CASE("a table that is not there has a number of its own")
     }
 }
 
-TEST_CASE("a read-only record set writes nothing, and the server is not asked")
+TEST_CASE("a read-only record set refuses a write without calling the server")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 1);
@@ -245,7 +245,7 @@ TEST_CASE("a read-only record set writes nothing, and the server is not asked")
     }
 }
 
-TEST_CASE("a record set on the client's side knows its count and can go back")
+TEST_CASE("a client-side record set knows its row count and can move back")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 600);
@@ -260,7 +260,7 @@ TEST_CASE("a record set on the client's side knows its count and can go back")
     }
 }
 
-TEST_CASE("MoveFirst on the server's side runs the statement anew; MoveLast is no way")
+TEST_CASE("MoveFirst on a server-side record set runs the statement again; MoveLast is not supported")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 3);
@@ -272,7 +272,7 @@ TEST_CASE("MoveFirst on the server's side runs the statement anew; MoveLast is n
     }
 }
 
-TEST_CASE("closed objects are error 3704, open ones 3705")
+TEST_CASE("operations on closed objects are error 3704, opening open ones is error 3705")
 {
     for (const std::string &driver : drivers()) {
         const Session session(driver);
@@ -293,7 +293,7 @@ TEST_CASE("closed objects are error 3704, open ones 3705")
     }
 }
 
-TEST_CASE("a record set finds itself closed when its session was closed under it")
+TEST_CASE("a record set is closed when its session is closed")
 {
     for (const std::string &driver : drivers()) {
         const Session session = numbersSession(driver, 3);
@@ -305,7 +305,7 @@ TEST_CASE("a record set finds itself closed when its session was closed under it
     }
 }
 
-TEST_CASE("sessions one after the other share one log-in, sessions side by side do not")
+TEST_CASE("consecutive sessions share one log-in, simultaneous ones do not")
 {
     for (const std::string &driver : drivers()) {
         const std::shared_ptr<OdbcDatabase> library = makeOdbcDatabase();
@@ -320,7 +320,7 @@ TEST_CASE("sessions one after the other share one log-in, sessions side by side 
     }
 }
 
-TEST_CASE("a session that left a record set open gives its connection back clean")
+TEST_CASE("a session that closes with an open record set returns a clean connection")
 {
     for (const std::string &driver : drivers()) {
         const std::shared_ptr<OdbcDatabase> library = makeOdbcDatabase();
@@ -338,13 +338,13 @@ TEST_CASE("a session that left a record set open gives its connection back clean
     }
 }
 
-TEST_CASE("the default database is the one that the string names")
+TEST_CASE("the default database is the one in the connection string")
 {
     const Session session(postgres());
     CHECK(session.connection->DefaultDatabase() == "postgres");
 }
 
-TEST_CASE("a negative command timeout is refused, another is kept over a new opening")
+TEST_CASE("a negative command timeout is refused; a valid one is kept when the session is reopened")
 {
     for (const std::string &driver : drivers()) {
         const Session session(driver);

@@ -27,7 +27,7 @@ try {
 
 } // namespace
 
-TEST_CASE("a diagnostic record bears ADO's number")
+TEST_CASE("a diagnostic record has ADO's number")
 {
     for (const NumberRow &row :
          {NumberRow{"42000", 102, "[FreeTDS][SQL Server]Incorrect syntax near 'x'.", -2147217900},
@@ -62,7 +62,7 @@ TEST_CASE("a diagnostic record bears ADO's number")
     }
 }
 
-TEST_CASE("an entry has the words without the makers' brackets, and the component as its source")
+TEST_CASE("an entry has the text without the bracketed prefixes, and the component as its source")
 {
     const ProviderError error = providerErrorOf(
         {"42S02", 208, "[Microsoft][ODBC Driver 18 for SQL Server][SQL Server]オブジェクト名 'X' が無効です。"}, {});
@@ -72,27 +72,27 @@ TEST_CASE("an entry has the words without the makers' brackets, and the componen
     CHECK(error.NativeError == 208);
 }
 
-TEST_CASE("words without brackets stay, and a lone bracket too")
+TEST_CASE("text without brackets is unchanged, and so is a single bracket")
 {
     CHECK(providerErrorOf({"HY000", 0, "plain words"}, {}).Description == "plain words");
     CHECK(providerErrorOf({"HY000", 0, "plain words"}, {}).Source == "ODBC");
     CHECK(providerErrorOf({"HY000", 0, "[open"}, {}).Description == "[open");
 }
 
-TEST_CASE("a secret in a driver's words is left out")
+TEST_CASE("a secret in a driver's text is masked")
 {
     CHECK(providerErrorOf({"08001", 0, "[X]cannot use PWD=geheim; here"}, {"geheim"}).Description ==
           "cannot use PWD=***; here");
     CHECK(providerErrorOf({"08001", 0, "xgeheimx"}, {"geheim"}).Description == "x***x");
 }
 
-TEST_CASE("a short secret is left out where it is a word of its own")
+TEST_CASE("a short secret is masked only where it is a whole word")
 {
     CHECK(providerErrorOf({"08001", 0, "PWD=a; at a bar"}, {"a"}).Description == "PWD=***; at *** bar");
     CHECK(providerErrorOf({"08001", 0, "nothing"}, {""}).Description == "nothing");
 }
 
-TEST_CASE("each record becomes an entry, and the first is raised")
+TEST_CASE("each record becomes an entry, and the first one is raised")
 {
     std::vector<ProviderError> errors(3);
     const auto error = raised(errors, {{"42000", 18456, "Login failed"}, {"08001", 0, "Unable to connect"}});
@@ -113,7 +113,7 @@ TEST_CASE("a warning before an error is listed but not raised")
     CHECK(errors.size() == 2);
 }
 
-TEST_CASE("a failure that tells warnings only raises the first of them")
+TEST_CASE("a failure with warnings only raises the first of them")
 {
     std::vector<ProviderError> errors;
     const auto error = raised(errors, {{"01000", 20017, "unexpected end"}});
@@ -132,7 +132,7 @@ TEST_CASE("a failure without any record gets an entry of its own")
     CHECK(errors[0].Description == "the driver failed and told no reason");
 }
 
-TEST_CASE("a failed log-in is raised with the texts of all its records, each once and without secrets")
+TEST_CASE("a failed log-in is raised with the distinct texts of all its records, without secrets")
 {
     std::vector<ProviderError> errors;
     const auto text = [&errors](const std::vector<DiagnosticRecord> &records) {
@@ -152,7 +152,7 @@ TEST_CASE("a failed log-in is raised with the texts of all its records, each onc
     CHECK(errors.size() == 1);
 }
 
-TEST_CASE("a lost connection is raised and listed as a sentence, with the driver's text where it has one")
+TEST_CASE("a lost connection is raised and listed as a sentence, with the driver's text if there is one")
 {
     struct Row {
         std::vector<DiagnosticRecord> records;
@@ -174,14 +174,14 @@ TEST_CASE("a lost connection is raised and listed as a sentence, with the driver
     }
 }
 
-TEST_CASE("a failure among warnings is one, warnings and notices alone are none")
+TEST_CASE("records with an error among warnings are a failure; warnings and notices alone are not")
 {
     CHECK(tellsFailure({{"01000", 0, ""}, {"22012", 8134, ""}}));
     CHECK_FALSE(tellsFailure({{"01000", 0, ""}, {"00000", 0, ""}}));
     CHECK_FALSE(tellsFailure({}));
 }
 
-TEST_CASE("a lost connection is known by its state")
+TEST_CASE("a lost connection is recognized by its SQL state")
 {
     CHECK(tellsLostConnection({{"HY000", 0, ""}, {"08S01", 0, ""}}));
     CHECK(tellsLostConnection({{"57P01", 1, ""}}));

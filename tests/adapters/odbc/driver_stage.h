@@ -32,7 +32,8 @@ inline std::string sqliteFile()
 
 /// A connected session on a real driver.
 struct Session {
-    explicit Session(const std::string &connectionString, std::shared_ptr<odbc::OdbcDatabase> library = odbc::makeOdbcDatabase())
+    explicit Session(const std::string &connectionString,
+                     std::shared_ptr<odbc::OdbcDatabase> library = odbc::makeOdbcDatabase())
         : database(std::move(library)), connection(database->newConnection())
     {
         connection->Open(connectionString, "", "", -1);
@@ -58,7 +59,7 @@ struct Session {
         const std::vector<Variant> values = column(sql);
         return values.size() == 1 ? values[0] : Variant("not one row");
     }
-    /// A new empty table.
+    /// Creates an empty table.
     void table(const std::string &name, const std::string &columns) const
     {
         run("DROP TABLE IF EXISTS " + name);
@@ -69,7 +70,7 @@ struct Session {
     std::unique_ptr<Connection> connection;
 };
 
-/// The error that a call raises; number 0 when it raises none.
+/// The error that a call raises; number 0 if it raises none.
 inline RuntimeError errorOf(const std::function<void()> &call)
 try {
     call();

@@ -1,4 +1,4 @@
-// Faults of statements and connections, over PostgreSQL's driver.
+// Faults of statements and connections, on PostgreSQL's driver.
 
 #include "adapters/odbc/driver_stage.h"
 #include "adapters/odbc/odbc_string.h"
@@ -13,7 +13,7 @@ using namespace inin::test;
 
 namespace {
 
-/// A second session that ends the connection of the first.
+/// Ends the connection of a session from a second session.
 void endConnectionOf(const Session &session)
 {
     const Variant process = session.value("SELECT pg_backend_pid() AS a");
@@ -48,7 +48,7 @@ double secondsOf(const std::function<void()> &call)
 
 } // namespace
 
-TEST_CASE("a broken constraint has its number: a key twice, a NULL that is not allowed")
+TEST_CASE("a violated constraint has its number: a duplicate key, a NULL that is not allowed")
 {
     const Session session(postgres());
     session.table("keyed", "n INTEGER PRIMARY KEY, t VARCHAR(3) NOT NULL");
@@ -62,7 +62,7 @@ TEST_CASE("a broken constraint has its number: a key twice, a NULL that is not a
     CHECK(errorOf([&] { (void)session.open("SELECT 1 / 0"); }).number() == -2147217900);
 }
 
-TEST_CASE("a failure in the middle of the rows comes when its row comes, not earlier")
+TEST_CASE("a failure in the middle of the rows is raised at its row, not earlier")
 {
     const Session session(postgres() + ";UseDeclareFetch=1;Fetch=50");
     const auto rows = session.open("SELECT 1000 / (700 - n) AS a FROM generate_series(1, 2000) AS n");
@@ -71,18 +71,18 @@ TEST_CASE("a failure in the middle of the rows comes when its row comes, not ear
         for (; !rows->isEndOfFile(); rows->MoveNext()) ++read;
     });
     CHECK(error.number() == -2147217900);
-    CHECK(read >= 512); // this driver drops the good rows of the block that failed
+    CHECK(read >= 512); // this driver drops the good rows of the failed block
     CHECK(read <= 699);
     CHECK(rows->isEndOfFile());
     CHECK(session.connection->Errors().size() == 1);
 }
 
-TEST_CASE("a failure behind rows that were kept on this side comes when its row comes")
+TEST_CASE("a failure after rows that were kept in memory is raised at its row")
 {
     const Session session(postgres() + ";UseDeclareFetch=1;Fetch=50");
     const auto rows = session.open("SELECT 1000 / (700 - n) AS a FROM generate_series(1, 2000) AS n");
     const RuntimeError second = errorOf([&] { (void)session.open("SELECT 1 AS a"); });
-    (void)second; // the server has ended its transaction; whether a second statement runs in it is the server's affair
+    (void)second; // the server has ended its transaction; whether a second statement runs in it depends on the server
     std::int32_t read = 0;
     const RuntimeError error = errorOf([&] {
         for (; !rows->isEndOfFile(); rows->MoveNext()) ++read;
@@ -92,7 +92,7 @@ TEST_CASE("a failure behind rows that were kept on this side comes when its row 
     CHECK(read <= 699);
 }
 
-TEST_CASE("a command that takes too long ends with the number of a timeout")
+TEST_CASE("a command that takes too long fails with the number of a timeout")
 {
     const Session session(postgres());
     session.connection->setCommandTimeout(1);
@@ -103,7 +103,7 @@ TEST_CASE("a command that takes too long ends with the number of a timeout")
     CHECK(session.value("SELECT 1") == Variant(std::int32_t{1}));
 }
 
-TEST_CASE("after a lost connection the next operation fails with an error list and the session can be opened anew")
+TEST_CASE("after a lost connection the next operation fails with an error list and the session can be reopened")
 {
     const Session session(postgres());
     endConnectionOf(session);
@@ -127,7 +127,7 @@ TEST_CASE("every operation on a lost connection fails and none hangs")
     CHECK(errorOf([&] { session.connection->Close(); }).number() == 0);
 }
 
-TEST_CASE("a connection that is lost in a transaction fails its end and leaves no transaction behind")
+TEST_CASE("a connection that is lost in a transaction fails at its end and leaves no transaction open")
 {
     const Session session(postgres());
     session.table("left_open", "n INTEGER");
@@ -140,7 +140,7 @@ TEST_CASE("a connection that is lost in a transaction fails its end and leaves n
     CHECK(session.column("SELECT n FROM left_open").empty());
 }
 
-TEST_CASE("an idle connection that was lost is not handed out again")
+TEST_CASE("an idle connection that was lost is not reused")
 {
     const std::shared_ptr<OdbcDatabase> library = makeOdbcDatabase();
     {
@@ -152,7 +152,7 @@ TEST_CASE("an idle connection that was lost is not handed out again")
     CHECK(library->logIns() == 2);
 }
 
-TEST_CASE("a refused log-in has its number, leaves the session closed and tells no password")
+TEST_CASE("a refused log-in has its number, leaves the session closed and reveals no password")
 {
     const auto database = makeOdbcDatabase();
     const auto connection = database->newConnection();
@@ -167,7 +167,7 @@ TEST_CASE("a refused log-in has its number, leaves the session closed and tells 
     CHECK(connection->State() == adStateOpen);
 }
 
-TEST_CASE("a user and password that are given beside the string are the ones that count")
+TEST_CASE("a user and password passed beside the string take precedence")
 {
     const auto database = makeOdbcDatabase();
     const auto connection = database->newConnection();
@@ -176,7 +176,7 @@ TEST_CASE("a user and password that are given beside the string are the ones tha
     CHECK(connection->State() == adStateOpen);
 }
 
-TEST_CASE("a database that is not there, a driver that is not there, a name that is not there: each is told")
+TEST_CASE("a missing database, an unknown driver and an unknown data source are each reported")
 {
     const auto database = makeOdbcDatabase();
     const auto connection = database->newConnection();
@@ -196,7 +196,7 @@ TEST_CASE("a database that is not there, a driver that is not there, a name that
     CHECK(connection->State() == adStateClosed);
 }
 
-TEST_CASE("a message of the server is no failure, at the log-in and at a statement")
+TEST_CASE("a server message is not a failure, at the log-in and at a statement")
 {
     const Session session(postgres() + ";ConnSettings={DO $$BEGIN RAISE NOTICE 'hello'; END$$}");
     CHECK(session.connection->State() == adStateOpen);
@@ -204,7 +204,7 @@ TEST_CASE("a message of the server is no failure, at the log-in and at a stateme
     CHECK(session.connection->Errors().empty());
 }
 
-TEST_CASE("a faulty statement within a transaction leaves its end to the caller")
+TEST_CASE("after a faulty statement in a transaction the caller decides how it ends")
 {
     const Session session(postgres());
     session.table("within", "n INTEGER");
@@ -215,7 +215,7 @@ TEST_CASE("a faulty statement within a transaction leaves its end to the caller"
     CHECK(session.column("SELECT n FROM within").empty());
 }
 
-TEST_CASE("a statement further on in a batch that fails is told")
+TEST_CASE("a failing later statement of a batch is reported")
 {
     const Session session(postgres());
     session.table("batch", "n INTEGER PRIMARY KEY");
@@ -224,7 +224,7 @@ TEST_CASE("a statement further on in a batch that fails is told")
           -2147217873);
 }
 
-TEST_CASE("a session that turned to other settings of its own database does not disturb the next one")
+TEST_CASE("a session that changed settings of its own database does not affect the next one")
 {
     const std::shared_ptr<OdbcDatabase> library = makeOdbcDatabase();
     {

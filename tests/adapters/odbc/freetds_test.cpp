@@ -1,4 +1,4 @@
-// How FreeTDS reads our connection strings and how it reports, over a peer that speaks the server's protocol.
+// How FreeTDS reads our connection strings and reports errors, tested with a peer that speaks the server's protocol.
 
 #include "adapters/odbc/connection_text.h"
 #include "adapters/odbc/driver_stage.h"
@@ -28,7 +28,7 @@ double secondsOf(const std::function<void()> &call)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// A data source for FreeTDS, in a list of its own that the driver manager reads instead of the user's.
+/// A data source for FreeTDS, in a separate list that the driver manager reads instead of the user's.
 std::string dataSourceFor(const TdsPeer &peer)
 {
     static const std::string list = fromEnvironment("ININ_ODBC_FOLDER") + "/odbc.ini";
@@ -60,7 +60,7 @@ TEST_CASE("an ADO string logs in through FreeTDS with its user, password, databa
     CHECK(session.connection->DefaultDatabase() == "Massage");
 }
 
-TEST_CASE("FreeTDS gets every password as it is meant")
+TEST_CASE("FreeTDS receives every password unchanged")
 {
     for (const PasswordRow &row : {PasswordRow{"\"a;b\"", "a;b"},
                                    {"\"a;b}\"", "a;b}"},
@@ -108,7 +108,7 @@ TEST_CASE("user, password and database reach FreeTDS through a data source, in e
     }
 }
 
-TEST_CASE("an ODBC string with ADO's keys and blanks lands in the database that it names")
+TEST_CASE("an ODBC string with ADO's keys and blanks opens the database that it names")
 {
     const TdsPeer peer(TdsManner::willing);
     const Session session("Driver=FreeTDS;Server=tcp:127.0.0.1," + std::to_string(peer.port()) +
@@ -117,7 +117,7 @@ TEST_CASE("an ODBC string with ADO's keys and blanks lands in the database that 
     CHECK(peer.logIns().at(0).user == "sa");
 }
 
-TEST_CASE("a Japanese statement reaches the server unchanged, whatever the locale")
+TEST_CASE("a Japanese statement reaches the server unchanged in every locale")
 {
     const TdsPeer peer(TdsManner::willing);
     const Session session(adoString(peer, "User ID=sa;Password=p"));
@@ -126,7 +126,7 @@ TEST_CASE("a Japanese statement reaches the server unchanged, whatever the local
     CHECK(peer.statements().back() == "SELECT 1 AS a FROM t WHERE c = '髙橋 𠮷 {fn x}'");
 }
 
-TEST_CASE("a refused log-in has its number and native error, and no password in its words")
+TEST_CASE("a refused log-in has its number and native error, and no password in its text")
 {
     const TdsPeer peer(TdsManner::refusing);
     const auto database = makeOdbcDatabase();
@@ -143,7 +143,7 @@ TEST_CASE("a refused log-in has its number and native error, and no password in 
     CHECK(connection->State() == adStateClosed);
 }
 
-TEST_CASE("a server that never answers ends the log-in after the string's own seconds")
+TEST_CASE("a log-in to a server that never answers ends after the timeout in the string")
 {
     const TdsPeer peer(TdsManner::mute);
     const auto database = makeOdbcDatabase();
@@ -172,7 +172,7 @@ TEST_CASE("PostgreSQL's driver, too, gives up on a server that never answers")
     CHECK(seconds < 8);
 }
 
-TEST_CASE("a closed port is told with the records of FreeTDS")
+TEST_CASE("a closed port is reported with the records of FreeTDS")
 {
     std::uint16_t port = 0;
     {
@@ -209,7 +209,7 @@ TEST_CASE("a log-in that fails before it reaches the server is raised with the d
     }
 }
 
-TEST_CASE("a connection that breaks between two statements fails the next one with a sentence, and opens again")
+TEST_CASE("a connection that breaks between two statements fails the next one with a sentence, and can be reopened")
 {
     TdsPeer peer(TdsManner::willing);
     const std::string text = adoString(peer, "User ID=sa;Password=p");
@@ -226,7 +226,7 @@ TEST_CASE("a connection that breaks between two statements fails the next one wi
     CHECK(peer.logIns().size() == 2);
 }
 
-TEST_CASE("a failure and a break behind the first rows are told, and never pass for the end of the rows")
+TEST_CASE("a failure and a break after the first rows are reported, never taken for the end of the rows")
 {
     struct Row {
         const char *sql;
@@ -246,7 +246,7 @@ TEST_CASE("a failure and a break behind the first rows are told, and never pass 
     }
 }
 
-TEST_CASE("a failure behind rows that were kept for a second statement waits for its row")
+TEST_CASE("a failure after rows that were kept for a second statement is raised at its row")
 {
     const TdsPeer peer(TdsManner::willing);
     const Session session(adoString(peer, "User ID=sa;Password=p"));
@@ -257,10 +257,10 @@ TEST_CASE("a failure behind rows that were kept for a second statement waits for
     const RuntimeError later = errorOf([&] {
         while (atOnce.number() == 0 && !rows->isEndOfFile()) rows->MoveNext();
     });
-    CHECK((atOnce.number() == -2147217900) != (later.number() == -2147217900)); // told once, sooner or later
+    CHECK((atOnce.number() == -2147217900) != (later.number() == -2147217900)); // reported once, now or later
 }
 
-TEST_CASE("a value for a parameter that nobody gives is refused or told, never silent")
+TEST_CASE("a parameter without a value is refused or reported, never ignored")
 {
     const TdsPeer peer(TdsManner::willing);
     const Session session(adoString(peer, "User ID=sa;Password=p"));

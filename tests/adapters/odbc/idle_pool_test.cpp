@@ -12,7 +12,7 @@ struct State {
     int tidied = 0;
 };
 
-/// The test keeps the state, so it can look when the pool has closed the handle.
+/// The test owns the state, so it can see when the pool closes the handle.
 struct Handle {
     std::shared_ptr<State> state = std::make_shared<State>();
     [[nodiscard]] bool isAlive() const { return state->alive; }
@@ -37,7 +37,7 @@ struct Pool {
 
 } // namespace
 
-TEST_CASE("a connection that came back is handed out again, tidied, for the same string only")
+TEST_CASE("a returned connection is reused after a cleanup, for the same string only")
 {
     Pool own;
     const std::shared_ptr<State> state = own.put("a");
@@ -71,7 +71,7 @@ TEST_CASE("a dead connection is dropped and the next one is tried")
     CHECK(own.pool.idleCount() == 0);
 }
 
-TEST_CASE("a connection that cannot be tidied is not kept")
+TEST_CASE("a connection that cannot be cleaned up is not kept")
 {
     Pool own;
     auto handle = std::make_unique<Handle>();
@@ -80,7 +80,7 @@ TEST_CASE("a connection that cannot be tidied is not kept")
     CHECK(own.pool.idleCount() == 0);
 }
 
-TEST_CASE("four idle connections of a string are kept, not five")
+TEST_CASE("at most four idle connections per string are kept")
 {
     Pool own;
     for (int count = 0; count < 5; ++count) own.put("a");

@@ -152,7 +152,7 @@ TEST_CASE("an ADO string becomes one for Microsoft's driver")
     });
 }
 
-TEST_CASE("the newest driver of Microsoft is picked, FreeTDS only without one")
+TEST_CASE("Microsoft's newest driver is chosen, and FreeTDS only without one")
 {
     const std::string text = "Provider=SQLOLEDB;Data Source=h;User ID=u;Password=p;Encrypt=no";
     CHECK(odbcStringFor(text, {"FreeTDS", "SQL Server", "ODBC Driver 13 for SQL Server"}).text ==
@@ -165,7 +165,8 @@ TEST_CASE("the newest driver of Microsoft is picked, FreeTDS only without one")
           "Driver={FreeTDS};Server=h;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=u;PWD=p;Encryption=off;");
 }
 
-TEST_CASE("an old site stays unencrypted under a driver that would encrypt, and an explicit key wins")
+TEST_CASE(
+    "without a key the connection stays unencrypted under a driver that encrypts by default, and an explicit key wins")
 {
     checkAll({
         {"Provider=SQLOLEDB;Data Source=h;User ID=u;Password=p", k18,
@@ -222,7 +223,7 @@ TEST_CASE("an ADO string becomes one that FreeTDS reads")
     });
 }
 
-TEST_CASE("an ODBC string for FreeTDS is spelled as FreeTDS reads it")
+TEST_CASE("an ODBC string for FreeTDS is rewritten in the spelling of FreeTDS")
 {
     const std::string start = "Driver={FreeTDS};Server=h;Port=1500;TDS_Version=7.4;ClientCharset=UTF-8;";
     checkAll({
@@ -247,7 +248,7 @@ TEST_CASE("an ODBC string for FreeTDS is spelled as FreeTDS reads it")
     });
 }
 
-TEST_CASE("a data source of the system's list and a driver for another server go through")
+TEST_CASE("a system data source and a driver for another server are passed on")
 {
     checkAll({
         {"massage", k18, "DSN=massage;"},
@@ -275,7 +276,8 @@ TEST_CASE("a data source of the system's list and a driver for another server go
     });
 }
 
-TEST_CASE("a password with a closing brace reaches a data source in no braces, for drivers read those differently")
+TEST_CASE(
+    "a password with a closing brace is passed to a data source without braces, because drivers read those differently")
 {
     checkAll({
         {"Provider=MSDASQL;Data Source=massage;User ID=u;Password=a}b", k18, "DSN=massage;UID=u;PWD=a}b;"},
@@ -290,7 +292,7 @@ TEST_CASE("a password with a closing brace reaches a data source in no braces, f
           "start or end");
 }
 
-TEST_CASE("a string that makes no connection is refused with its reason")
+TEST_CASE("an unusable string is refused with its reason")
 {
     for (const BadRow &row : kBadRows) {
         CAPTURE(row.problem);
@@ -298,7 +300,7 @@ TEST_CASE("a string that makes no connection is refused with its reason")
     }
 }
 
-TEST_CASE("a driver's library that is not registered is refused in every form of string")
+TEST_CASE("an unregistered driver library is refused in every form of string")
 {
     const Drivers elsewhere{"FreeTDS", "/usr/lib/odbc/libtdsodbc.so", "SQLite3"};
     for (const char *text : {"Driver=/home/x/libtdsodbc.so;Server=h;UID=u;PWD=p", "driver = {/home/x/any.so} ;Server=h",
@@ -315,7 +317,7 @@ TEST_CASE("a driver's library that is not registered is refused in every form of
     CHECK(odbcStringFor("Driver={/usr/lib/odbc/libtdsodbc.so};Server=h", elsewhere).problem == "");
 }
 
-TEST_CASE("no refusal tells the password")
+TEST_CASE("no refusal reveals the password")
 {
     for (const BadRow &row : kBadRows) CHECK(row.problem.find("geheim") == std::string::npos);
     for (const BadRow &row : kBadRows)
@@ -332,7 +334,7 @@ TEST_CASE("a password is listed as a secret in every form of string")
     }
 }
 
-TEST_CASE("a log-in may take 15 seconds unless the string says otherwise")
+TEST_CASE("the log-in timeout is 15 seconds unless the string specifies another")
 {
     struct TimeoutRow {
         const char *text;
@@ -350,7 +352,7 @@ TEST_CASE("a log-in may take 15 seconds unless the string says otherwise")
     }
 }
 
-TEST_CASE("a user that was given beside the string wins over the string's")
+TEST_CASE("a user passed beside the string overrides the one in the string")
 {
     const LogIn logIn{"other", "pass"};
     CHECK(odbcStringFor("Provider=SQLOLEDB;Data Source=h;User ID=u;Password=p", k17, logIn).text ==
@@ -361,7 +363,7 @@ TEST_CASE("a user that was given beside the string wins over the string's")
     CHECK(odbcStringFor("DSN=massage", k17, logIn).secrets == std::vector<std::string>{"pass"});
 }
 
-TEST_CASE("a string can be turned to another database of its server")
+TEST_CASE("a string can be changed to another database of its server")
 {
     CHECK(withDatabase("Provider=SQLOLEDB;Initial Catalog=a;Data Source=h;Password=\"x;y\"", "scratch") ==
           "Provider=SQLOLEDB;Data Source=h;Password=\"x;y\";Initial Catalog=scratch");

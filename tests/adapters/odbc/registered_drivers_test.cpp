@@ -1,4 +1,4 @@
-// What a connection string may name when the system's list of drivers is registered/odbcinst.ini.
+// Which drivers a connection string may name when the system's list of drivers is registered/odbcinst.ini.
 
 #include "adapters/odbc/driver_stage.h"
 #include "adapters/odbc/odbc_handle.h"
@@ -19,12 +19,12 @@ std::string openingError(const std::string &connectionString)
 
 } // namespace
 
-TEST_CASE("a registered driver is listed by its name, and by its library where that is a path")
+TEST_CASE("a registered driver is listed by its name, and by its library if that is a path")
 {
     CHECK(OdbcEnvironment().drivers() == std::vector<std::string>{"Own", "/opt/own/libown.so", "FreeTDS"});
 }
 
-TEST_CASE("the path of a registered library reaches the driver manager, another path is refused before that")
+TEST_CASE("the path of a registered library reaches the driver manager; any other path is refused earlier")
 {
     CHECK(openingError("Driver=/opt/own/libown.so;Server=h") == "Can't open lib '/opt/own/libown.so' : file not found");
     CHECK(openingError("Driver=/opt/own/libother.so;Server=h") ==

@@ -69,7 +69,7 @@ const std::vector<std::string> kWrites{
     "BACKUP DATABASE x TO DISK = 'x'",
 };
 
-/// What may stand between two statements, or seems to hide what follows.
+/// Texts that may separate two statements, or seem to hide what follows.
 const std::vector<std::string> kSeparators{
     " ",      ";",      "\n",      "\t",          "\r",       "\v",     "\f",     ";;",
     "; ; ",   "/**/",   "/* x */", "/* /* */ */", "-- x\n",   "--\n",   "--\r\n", "/*--*/",
@@ -82,7 +82,7 @@ const std::vector<std::string> kSeparators{
 
 } // namespace
 
-TEST_CASE("one SELECT is read, whatever stands in its quotes and comments")
+TEST_CASE("a single SELECT is accepted, whatever its quotes and comments contain")
 {
     for (const std::string &sql : kReads) {
         CAPTURE(sql);
@@ -90,7 +90,7 @@ TEST_CASE("one SELECT is read, whatever stands in its quotes and comments")
     }
 }
 
-TEST_CASE("what is no SELECT is refused")
+TEST_CASE("any other statement is refused")
 {
     for (const std::string &sql : kWrites) {
         CAPTURE(sql);
@@ -124,7 +124,7 @@ TEST_CASE("a SELECT that writes is refused")
     }
 }
 
-TEST_CASE("a quote, a bracket or a comment without its end is refused")
+TEST_CASE("an unterminated quote, bracket or comment is refused")
 {
     for (const char *sql : {"SELECT 'a", "SELECT N'a", "SELECT [a", "SELECT \"a", "SELECT 1 /* a",
                             "SELECT 1 /* /* a */", "SELECT 'a''", "SELECT [a]]"}) {
@@ -133,7 +133,7 @@ TEST_CASE("a quote, a bracket or a comment without its end is refused")
     }
 }
 
-TEST_CASE("a word behind a number is refused, because the server ends the number earlier than it seems")
+TEST_CASE("a word directly after a number is refused, because the server ends the number earlier than it seems")
 {
     for (const char *sql :
          {"SELECT 1edelete FROM t", "SELECT 1.edrop TABLE t", "SELECT .5einsert INTO t VALUES (1)",
@@ -143,7 +143,7 @@ TEST_CASE("a word behind a number is refused, because the server ends the number
     }
 }
 
-TEST_CASE("a blank that is none to this reader is refused")
+TEST_CASE("a blank that this scanner does not treat as one is refused")
 {
     for (const char *blank :
          {"\u00A0", "\u0085", "\u1680", "\u2003", "\u2028", "\u200B", "\uFEFF", "\x80", "\xE3\x80"}) {
@@ -153,7 +153,7 @@ TEST_CASE("a blank that is none to this reader is refused")
     }
 }
 
-TEST_CASE("a comment whose end is in doubt is refused")
+TEST_CASE("a comment with an ambiguous end is refused")
 {
     for (const char *end : {"\r", "\v", "\f", "\u0085", "\u2028", "\u2029"}) {
         CHECK_FALSE(isAccepted(std::string("SELECT 1 -- x") + end + "DELETE FROM t"));
@@ -161,19 +161,19 @@ TEST_CASE("a comment whose end is in doubt is refused")
     }
 }
 
-TEST_CASE("a mark for a value and an escape of ODBC are refused")
+TEST_CASE("a parameter marker and an ODBC escape are refused")
 {
     CHECK(singleSelectProblem("SELECT 1 WHERE a = ?") == "a value for a parameter is missing");
     CHECK(singleSelectProblem("SELECT {fn user()}") == "an escape of ODBC is no part of a statement");
     CHECK(isAccepted("SELECT '?', [?], '{fn x}'"));
 }
 
-TEST_CASE("no separator brings a writing statement behind a reading one")
+TEST_CASE("no separator makes a writing statement acceptable after a reading one")
 {
     for (const std::string &read : kReads)
         for (const std::string &separator : kSeparators)
             for (const std::string &write : kWrites) {
-                // A comment at the end of the read hides what follows, and DBCC is the digits of a binary value.
+                // A comment at the end of the SELECT hides what follows, and DBCC is read as digits of a binary value.
                 const bool isHidden = read.find("-- DELETE FROM t; DROP") != std::string::npos;
                 if (isHidden && separator.find('\n') == std::string::npos) continue;
                 if (separator.ends_with("0x") && write.starts_with("DBCC")) continue;
@@ -184,7 +184,7 @@ TEST_CASE("no separator brings a writing statement behind a reading one")
             }
 }
 
-TEST_CASE("no random splice of a write into a read is let through")
+TEST_CASE("no random splice of a write into a SELECT is accepted")
 {
     std::mt19937 dice(20240615);
     const auto pick = [&dice](const std::vector<std::string> &from) { return from[dice() % from.size()]; };
@@ -201,10 +201,10 @@ TEST_CASE("no random splice of a write into a read is let through")
         CAPTURE(sql);
         REQUIRE(fuzz::ServerReader(sql).firstWrite() == "");
     }
-    CHECK(accepted > 100); // writes within quotes: the check is no blanket refusal
+    CHECK(accepted > 100); // writes within quotes: the check does not refuse everything
 }
 
-TEST_CASE("no random change of single characters lets a write through")
+TEST_CASE("no random change of single characters makes a write acceptable")
 {
     std::mt19937 dice(19890108);
     const std::string signs = "'\"[]-/*;() \n\r\t{}$@#0eExX.,\\`";
@@ -225,7 +225,7 @@ TEST_CASE("no random change of single characters lets a write through")
     }
 }
 
-TEST_CASE("every statement that the scenarios read is let through, and the one that they smuggle is not")
+TEST_CASE("every statement of the scenarios is accepted except the injected one")
 {
     int statements = 0;
     for (const auto &entry : std::filesystem::directory_iterator(ININ_SCENARIOS)) {
@@ -238,7 +238,7 @@ TEST_CASE("every statement that the scenarios read is let through, and the one t
             if (!sql.starts_with("SELECT") && !sql.starts_with("select")) continue;
             CAPTURE(sql);
             ++statements;
-            // One play types a quote and a DELETE into a filter.
+            // One scenario types a quote and a DELETE into a filter.
             CHECK(isAccepted(sql) == (sql.find("'; DELETE") == std::string::npos));
         }
     }

@@ -38,7 +38,7 @@ std::string wide(std::string_view text)
     return bytes;
 }
 
-/// A text with its number of characters before it, in `count` bytes.
+/// A text preceded by its number of characters in `count` bytes.
 std::string counted(std::string_view text, int count)
 {
     return little(odbc::utf16FromUtf8(text).size(), count) + wide(text);
@@ -63,7 +63,7 @@ std::string token(char kind, const std::string &body)
 
 std::string preLogInAnswer()
 {
-    // Two options: the version, and that there is no encryption.
+    // Two options: the version, and no encryption.
     return std::string("\x00\x00\x0B\x00\x06\x01\x00\x11\x00\x01\xFF", 11) +
            std::string("\x0F\x00\x07\xD0\x00\x00", 6) + "\x02";
 }
@@ -129,7 +129,7 @@ bool readAll(int socket, char *place, std::size_t count)
     return true;
 }
 
-/// One message, which may come in several packets.
+/// Reads one message, which may consist of several packets.
 bool readMessage(int socket, std::uint8_t &type, std::string &payload)
 {
     payload.clear();
@@ -213,7 +213,7 @@ void TdsPeer::serve(int socket)
     shutdown(socket, SHUT_RDWR);
 }
 
-/// False when the connection is to end.
+/// Returns false when the connection should be closed.
 bool TdsPeer::answer(int socket, std::uint8_t type, const std::string &payload)
 {
     if (type == kPreLogIn) return send(socket, preLogInAnswer());

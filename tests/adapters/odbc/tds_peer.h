@@ -12,7 +12,7 @@
 
 namespace inin::test {
 
-/// What a client told at its log-in.
+/// What a client sent in its log-in.
 struct TdsLogIn {
     std::string user;
     std::string password;
@@ -22,13 +22,13 @@ struct TdsLogIn {
 
 /// How the peer behaves.
 enum class TdsManner : std::uint8_t {
-    mute,     ///< takes connections and never says a word
+    mute,     ///< accepts connections and never answers
     refusing, ///< refuses every log-in as a wrong password
-    willing   ///< lets everybody in; answers SELECT by a row with the number 1 and everything else by nothing
+    willing   ///< accepts every log-in; answers SELECT with a row with the number 1 and other statements with no rows
 };
 
-/// A listener on loopback that speaks as much of a SQL Server's protocol as a log-in and a statement need. It stands in
-/// where no real server can be had: what it shows is how the driver reads our connection string, and how it reports.
+/// A listener on loopback that speaks as much of SQL Server's protocol as a log-in and a statement need. It shows
+/// without a real server how the driver reads our connection strings and how it reports errors.
 class TdsPeer {
 public:
     explicit TdsPeer(TdsManner manner);
@@ -39,7 +39,7 @@ public:
     [[nodiscard]] std::uint16_t port() const { return m_port; }
     [[nodiscard]] std::vector<TdsLogIn> logIns() const;
     [[nodiscard]] std::vector<std::string> statements() const;
-    /// Ends all connections without a word, as a network does that breaks.
+    /// Closes all connections abruptly, like a broken network.
     void hangUp();
 
 private:

@@ -1,4 +1,4 @@
-// Types and NULLs, over PostgreSQL's driver.
+// Types and NULLs, on PostgreSQL's driver.
 
 #include "adapters/odbc/driver_stage.h"
 
@@ -31,7 +31,7 @@ Binary bytes(std::initializer_list<int> values)
 
 } // namespace
 
-TEST_CASE("a value of each type arrives as the runtime's own")
+TEST_CASE("a value of each type arrives as the runtime's own type")
 {
     const Session session(postgres() + ";BoolsAsChar=0");
     for (const TypeRow &row : {
@@ -62,7 +62,7 @@ TEST_CASE("a value of each type arrives as the runtime's own")
     }
 }
 
-TEST_CASE("the fraction of a second stays in a date")
+TEST_CASE("a date keeps fractions of a second")
 {
     const Session session(postgres());
     const Variant value = session.value("SELECT TIMESTAMP '2024-06-28 10:30:15.250' AS a");
@@ -73,7 +73,7 @@ TEST_CASE("the fraction of a second stays in a date")
     CHECK(early.getIf<Date>()->days() == doctest::Approx(-1.25 - 0.5 / 86400));
 }
 
-TEST_CASE("a day before the runtime's calendar stays a text")
+TEST_CASE("a day before the runtime's calendar stays text")
 {
     const Session session(postgres());
     CHECK(session.value("SELECT DATE '0044-03-15' AS a") == Variant("0044-03-15"));
@@ -89,7 +89,7 @@ TEST_CASE("NULL of each type is Null")
     }
 }
 
-TEST_CASE("a block mixes NULLs and values of bound columns row by row")
+TEST_CASE("a block of bound columns mixes NULLs and values row by row")
 {
     const Session session(postgres());
     const auto rows = session.open("SELECT n, CASE WHEN n % 3 = 0 THEN NULL ELSE CAST(n AS varchar(9)) END AS t"
@@ -104,7 +104,7 @@ TEST_CASE("a block mixes NULLs and values of bound columns row by row")
     CHECK(rows->isEndOfFile());
 }
 
-TEST_CASE("short binary values come in blocks")
+TEST_CASE("short binary values are fetched in blocks")
 {
     const Session session(postgres() + ";ByteaAsLongVarBinary=0");
     const auto rows = session.open("SELECT CAST('\\x00ff10' AS bytea) AS a UNION ALL SELECT NULL UNION ALL SELECT ''");
@@ -116,7 +116,7 @@ TEST_CASE("short binary values come in blocks")
     CHECK((rows->Value(0) == Variant(Binary())));
 }
 
-TEST_CASE("a picture of many pieces is whole")
+TEST_CASE("a picture of many pieces is complete")
 {
     const Session session(postgres());
     const Variant value = session.value("SELECT decode(repeat('00ff7f0a0d', 30000), 'hex') AS a");
@@ -126,7 +126,7 @@ TEST_CASE("a picture of many pieces is whole")
     CHECK((*value.getIf<Binary>())[149996] == std::byte{0xff});
 }
 
-TEST_CASE("what was kept on this side for a second statement has all types")
+TEST_CASE("rows kept in memory for a second statement have all types")
 {
     const Session session(postgres());
     const auto rows = session.open("SELECT 1 AS a, 'x' AS b, DATE '2024-06-28' AS c, CAST(NULL AS text) AS d"

@@ -5,13 +5,13 @@
 using namespace inin;
 using namespace inin::odbc;
 
-TEST_CASE("Japanese text and characters beyond the first plane go to UTF-16 and back")
+TEST_CASE("Japanese text and characters outside the BMP convert to UTF-16 and back")
 {
     CHECK(utf16FromUtf8("aé委𠮷") == u"aé委𠮷");
     CHECK(utf8FromUtf16(u"aé委𠮷😀") == "aé委𠮷😀");
 }
 
-TEST_CASE("each byte that is no UTF-8 becomes one replacement character")
+TEST_CASE("each malformed UTF-8 byte becomes one replacement character")
 {
     CHECK(utf16FromUtf8("a\x80z") == u"a\uFFFDz");
     CHECK(utf16FromUtf8("\xC0\xAF") == u"\uFFFD\uFFFD");
@@ -20,7 +20,7 @@ TEST_CASE("each byte that is no UTF-8 becomes one replacement character")
     CHECK(utf16FromUtf8("\xF5\x80\x80\x80") == u"\uFFFD\uFFFD\uFFFD\uFFFD");
 }
 
-TEST_CASE("half of a pair becomes a replacement character")
+TEST_CASE("an unpaired surrogate becomes a replacement character")
 {
     const std::u16string lead{u'a', char16_t{0xD842}, u'b'};
     const std::u16string trail{char16_t{0xDFB7}, u'b'};

@@ -13,7 +13,7 @@ using namespace inin;
 
 namespace {
 
-/// Two folders with programs: the current one and one of PATH.
+/// Two folders with programs: the current one and one in PATH.
 struct Programs {
     Programs()
     {
@@ -70,7 +70,7 @@ TEST_CASE("a program is found in any case, with and without its extension")
     CHECK(programOf("both") == "./both");
 }
 
-TEST_CASE("a program that names its folder is found there only")
+TEST_CASE("a program with a folder in its name is found only there")
 {
     const Programs programs;
     CHECK(programOf(programs.here.path() + "\\MAIN.EXE 2") == programs.here / "Main.exe");
@@ -78,7 +78,7 @@ TEST_CASE("a program that names its folder is found there only")
     CHECK(programOf(".\\main.exe") == "./Main.exe");
 }
 
-TEST_CASE("neither a folder nor a file without the right to run is a program")
+TEST_CASE("a folder is not a program, nor is a file without execute permission")
 {
     const Programs programs;
     CHECK(programOf("data.exe") == "none");
@@ -96,7 +96,7 @@ TEST_CASE("a name with blanks is found with quotes and without")
     CHECK(programOf("\"\" x") == "none");
 }
 
-TEST_CASE("no beginning of the application folder's own path is a program")
+TEST_CASE("a prefix of the application folder's own path is never taken for a program")
 {
     const TempFolder parent;
     const std::string site = parent / "My  Site";
@@ -126,7 +126,7 @@ TEST_CASE("the paths before and after /c keep their blanks")
     CHECK(argumentsOf("plain /c") == Arguments{"/c"});
 }
 
-TEST_CASE("a program of the system is never looked for in the current folder")
+TEST_CASE("a program of the system is never searched in the current folder")
 {
     const Programs programs;
     CHECK(findSystemProgram("plain") == programs.onPath / "plain");
@@ -135,14 +135,14 @@ TEST_CASE("a program of the system is never looked for in the current folder")
     CHECK(findSystemProgram("plain") == std::nullopt);
 }
 
-TEST_CASE("the shortest beginning that is a program is started")
+TEST_CASE("the shortest prefix that is a program is started")
 {
     const Programs programs;
     CHECK(programOf("plain Main.exe") == "./plain");
     CHECK(argumentsOf("plain Main.exe") == Arguments{"Main.exe"});
 }
 
-TEST_CASE("arguments are split at blanks outside of quotes")
+TEST_CASE("arguments are split at blanks outside quotes")
 {
     const Programs programs;
     CHECK(argumentsOf("plain") == Arguments{});
@@ -152,7 +152,7 @@ TEST_CASE("arguments are split at blanks outside of quotes")
     CHECK(argumentsOf("plain $HOME `id` ;x *") == Arguments{"$HOME", "`id`", ";x", "*"});
 }
 
-TEST_CASE("an argument that names a path gets slashes, any other keeps its backslashes")
+TEST_CASE("a path argument gets slashes, any other keeps its backslashes")
 {
     const Programs programs;
     CHECK(argumentsOf("plain /c ./TMP\\WfdCom.dat") == Arguments{"/c", "./TMP/WfdCom.dat"});

@@ -11,8 +11,8 @@ namespace inin {
 
 inline constexpr uid_t kOrdinaryUser = 65534;
 
-/// Runs `body` in a child process as an ordinary user, for whom the rights of a file count, and gives the text that it
-/// returned. A test that root runs gives up its rights first; any other is one already.
+/// Runs `body` in a child process as an ordinary user, to whom file permissions apply, and returns its text. A test run
+/// by root drops its privileges first.
 inline std::string asOrdinaryUser(const std::function<std::string()> &body)
 {
     int ends[2];

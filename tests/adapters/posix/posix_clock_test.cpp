@@ -11,7 +11,7 @@ using namespace inin;
 
 namespace {
 
-/// A time zone for one test.
+/// Sets a time zone for one test.
 class Zone {
 public:
     explicit Zone(const char *name)
@@ -44,7 +44,7 @@ TEST_CASE("now is the local time to the second")
     CHECK(std::abs(days * 86400 - std::round(days * 86400)) < 0.001);
 }
 
-TEST_CASE("the timer counts the seconds since midnight with their fraction")
+TEST_CASE("the timer returns the seconds since midnight with their fraction")
 {
     const Zone japan("JST-9");
     const auto clock = makeSystemClock();
@@ -61,13 +61,13 @@ TEST_CASE("the timer counts the seconds since midnight with their fraction")
     CHECK(fraction);
 }
 
-TEST_CASE("the short date form is the Japanese one whatever the environment says")
+TEST_CASE("the short date format is the Japanese one in every environment")
 {
     setenv("LANG", "en_US.UTF-8", 1);
     CHECK(makeSystemLocale()->regional().shortDate == "yyyy/MM/dd");
 }
 
-TEST_CASE("the locale speaks code page 932")
+TEST_CASE("the locale's code page is 932")
 {
     const auto locale = makeSystemLocale();
     CHECK(locale->toCodePage("委任状é") == "\x88\xCF\x94\x43\x8F\xF3?");

@@ -45,7 +45,7 @@ mode_t modeOf(const std::string &path)
 
 } // namespace
 
-TEST_CASE("a name that is longer than the system's names is told as 52")
+TEST_CASE("a name longer than the system's limit is error 52")
 {
     const TempFolder folder;
     CHECK(openOutputError(folder / std::string(300, 'x')) == 52);
@@ -53,12 +53,12 @@ TEST_CASE("a name that is longer than the system's names is told as 52")
     CHECK(folder.entries() == 0);
 }
 
-TEST_CASE("a change to the folder without a name is told as 76")
+TEST_CASE("a change to a folder with an empty name is error 76")
 {
     CHECK(errorOf([] { makeSystemFiles("/")->changeFolder(""); }) == 76);
 }
 
-TEST_CASE("a folder that refuses is told as 75, a file that refuses as 70")
+TEST_CASE("denied access to a folder is error 75, to a file error 70")
 {
     const TempFolder folder;
     chmod(folder.put("x", "old").c_str(), 0444);
@@ -73,7 +73,7 @@ TEST_CASE("a folder that refuses is told as 75, a file that refuses as 70")
     CHECK(told == "75 70 70 70");
 }
 
-TEST_CASE("a folder that lets nobody delete a writable file is told as 75")
+TEST_CASE("a writable file that its folder does not allow to be deleted is error 75")
 {
     const TempFolder folder;
     chmod(folder.put("x", "old").c_str(), 0666);
@@ -81,7 +81,7 @@ TEST_CASE("a folder that lets nobody delete a writable file is told as 75")
     CHECK(asOrdinaryUser([&] { return std::to_string(removeError(folder / "x")); }) == "75");
 }
 
-TEST_CASE("too many open files are told as 67")
+TEST_CASE("too many open files are error 67")
 {
     const TempFolder folder;
     const std::string file = folder.put("x", "");
@@ -95,13 +95,13 @@ TEST_CASE("too many open files are told as 67")
         const std::int32_t number = errorOf([&] {
             while (open.size() < 100) open.push_back(files->openForInput(file));
         });
-        setrlimit(RLIMIT_NOFILE, &before); // a sanitizer looks at what is closed by a file of its own
+        setrlimit(RLIMIT_NOFILE, &before); // a sanitizer opens a file to inspect what is closed
         return std::to_string(number);
     });
     CHECK(told == "67");
 }
 
-TEST_CASE("a full device is told as 61 by the write that fills the buffer, and by the close")
+TEST_CASE("a full device is error 61 at the write that fills the buffer and at the close")
 {
     const auto files = makeSystemFiles("/");
     const auto written = files->openForOutput("/dev/full");
@@ -112,7 +112,7 @@ TEST_CASE("a full device is told as 61 by the write that fills the buffer, and b
     CHECK(errorOf([&] { closed->close(); }) == 0); // it is closed by now
 }
 
-TEST_CASE("a full disk is told as 61 and the file stays as far as it was written")
+TEST_CASE("a full disk is error 61 and the file keeps what was written")
 {
     const TempFolder folder;
     const SmallDisk disk(folder.path());
@@ -164,12 +164,12 @@ TEST_CASE("a disk that is full at a line end leaves a file that does not end the
         setrlimit(RLIMIT_FSIZE, &free);
         return std::to_string(written) + " " + std::to_string(errorOf([&] { file->close(); }));
     });
-    CHECK(told == "61 0"); // what failed once is not tried again
+    CHECK(told == "61 0"); // a failed write is not repeated
     CHECK(folder.bytes("x").size() == 49998);
     CHECK(folder.bytes("x").back() == 'x');
 }
 
-TEST_CASE("a new file is its owner's alone, and a user's earlier file keeps its rights")
+TEST_CASE("a new file is readable by its owner only, and the user's existing file keeps its permissions")
 {
     const TempFolder folder;
     struct Row {
@@ -185,7 +185,7 @@ TEST_CASE("a new file is its owner's alone, and a user's earlier file keeps its 
     }
 }
 
-TEST_CASE("a file that another user left in a shared folder is replaced by a file of this user alone")
+TEST_CASE("another user's file in a shared folder is replaced by a file of this user only")
 {
     if (geteuid() != 0) {
         MESSAGE("only root can make a file of another user: not run");
@@ -207,7 +207,7 @@ TEST_CASE("a file that another user left in a shared folder is replaced by a fil
     CHECK(folder.names() == std::vector<std::string>{"b"});
 }
 
-TEST_CASE("a link that bears a file's name is replaced by a file, and what it leads to stays")
+TEST_CASE("a link under a file's name is replaced by a file, and its target is unchanged")
 {
     const TempFolder folder, elsewhere;
     elsewhere.put("soft", "kept");
@@ -226,7 +226,7 @@ TEST_CASE("a link that bears a file's name is replaced by a file, and what it le
     CHECK(elsewhere.entries() == 2);
 }
 
-TEST_CASE("a link that bears the name of a locked file is replaced by a file, and what it leads to stays")
+TEST_CASE("a link under a locked file's name is replaced by a file, and its target is unchanged")
 {
     const TempFolder folder, elsewhere;
     elsewhere.put("hard", "kept");
@@ -242,7 +242,7 @@ TEST_CASE("a link that bears the name of a locked file is replaced by a file, an
     CHECK(elsewhere.entries() == 1);
 }
 
-TEST_CASE("a link to a file that refuses writes can be removed")
+TEST_CASE("a link to a read-only file can be removed")
 {
     const TempFolder folder;
     folder.putReadOnly("target", "kept");
@@ -251,7 +251,7 @@ TEST_CASE("a link to a file that refuses writes can be removed")
     CHECK(folder.bytes("target") == "kept");
 }
 
-TEST_CASE("a file that its folder does not let go is written in place")
+TEST_CASE("a file that cannot be removed from its folder is overwritten in place")
 {
     const TempFolder folder;
     chmod(folder.put("x", "a longer old text").c_str(), 0666);
@@ -283,7 +283,7 @@ TEST_CASE("a lock ends with the process that held it")
     close(ends[1]);
 }
 
-TEST_CASE("a locked file that was removed meanwhile is created anew")
+TEST_CASE("a locked file that was removed meanwhile is created again")
 {
     const TempFolder folder;
     const LockedFile first = makeSystemFiles("/")->openLocked(folder / "x");
@@ -293,7 +293,7 @@ TEST_CASE("a locked file that was removed meanwhile is created anew")
     CHECK(makeSystemFiles("/")->openLocked(folder / "x").state == LockedFile::State::busy);
 }
 
-TEST_CASE("a folder without rights has no lock")
+TEST_CASE("a lock fails in a folder without write permission")
 {
     const TempFolder folder;
     chmod(folder.path().c_str(), 0555);
@@ -303,7 +303,7 @@ TEST_CASE("a folder without rights has no lock")
           }) == "none");
 }
 
-TEST_CASE("a pipe that bears a file's name keeps nobody waiting: it reads as empty and takes nothing")
+TEST_CASE("a pipe under a file's name does not block: it reads as empty and refuses writes")
 {
     const TempFolder folder;
     REQUIRE(mkfifo((folder / "Massage.ini").c_str(), 0600) == 0);
@@ -312,14 +312,14 @@ TEST_CASE("a pipe that bears a file's name keeps nobody waiting: it reads as emp
     CHECK(openOutputError(folder.path() + "\\Massage.ini") == 71);
 }
 
-TEST_CASE("a device under a file's name cannot be read: 71")
+TEST_CASE("a device under a file's name cannot be read and is error 71")
 {
     const TempFolder folder;
     std::filesystem::create_symlink("/dev/zero", folder / "Massage.ini");
     CHECK(errorOf([&] { (void)makeSystemFiles("/")->openForInput(folder.path() + "\\Massage.ini"); }) == 71);
 }
 
-TEST_CASE("a directory search finds the first file that fits the pattern")
+TEST_CASE("a directory search finds the first file that matches the pattern")
 {
     const TempFolder folder;
     for (const char *name : {"b.csv", "A.csv", "c.txt", "plain", "委任状.csv", ".hidden"}) folder.put(name, "");
@@ -340,7 +340,7 @@ TEST_CASE("a directory search finds the first file that fits the pattern")
     CHECK(files->directorySearch(folder / "none/*") == "");
 }
 
-TEST_CASE("a pattern of many stars is answered at once")
+TEST_CASE("a pattern of many stars is matched at once")
 {
     const TempFolder folder;
     folder.put(std::string(200, 'a'), "");
@@ -349,7 +349,7 @@ TEST_CASE("a pattern of many stars is answered at once")
     CHECK(makeSystemFiles("/")->directorySearch(folder / (pattern + "b")) == "");
 }
 
-TEST_CASE("a current folder that was taken away is told as 76")
+TEST_CASE("a removed current folder is error 76")
 {
     const TempFolder folder;
     const CurrentFolder back(folder.path());

@@ -18,7 +18,7 @@ using Texts = std::vector<std::string>;
 
 struct FoldersFixture {
     TempFolder temp;
-    /// A table of mounts; "@" stands for the temporary folder.
+    /// Writes a mount table in which "@" means the temporary folder.
     [[nodiscard]] std::unique_ptr<Folders> foldersOver(std::string mounts) const
     {
         for (std::size_t at = 0; (at = mounts.find('@', at)) != std::string::npos;) mounts.replace(at, 1, temp.path());
@@ -36,7 +36,7 @@ Texts namesOf(const std::vector<FolderPlace> &places)
 
 } // namespace
 
-TEST_CASE("the drives are the root and the places where a person's disks are mounted, in order")
+TEST_CASE("the drives are the root and the mount points of users' disks, in order")
 {
     const FoldersFixture fixture;
     fixture.makeFolder("写真 1");
@@ -55,7 +55,7 @@ TEST_CASE("the drives are the root and the places where a person's disks are mou
     CHECK(folders->drives() == Texts{"/", fixture.temp / "net", fixture.temp / "写真 1"});
 }
 
-TEST_CASE("a mounted place that does not answer stays in the list and is error 76 when it is opened")
+TEST_CASE("a mount point that does not answer is listed and is error 76 when it is opened")
 {
     const FoldersFixture fixture;
     const auto folders = fixture.foldersOver("/dev/sdb1 @/gone vfat rw 0 0\n");
@@ -63,19 +63,19 @@ TEST_CASE("a mounted place that does not answer stays in the list and is error 7
     CHECK(errorOf([&] { return folders->open(fixture.temp / "gone"); }) == 76);
 }
 
-TEST_CASE("without a table of mounts the root is the only drive")
+TEST_CASE("without a mount table the root is the only drive")
 {
     CHECK(makeMountedFolders("/nonexistent/mounts")->drives() == Texts{"/"});
 }
 
-TEST_CASE("this system's own table has the root first")
+TEST_CASE("this system's own mount table has the root first")
 {
     const Texts drives = makeSystemFolders()->drives();
     REQUIRE_FALSE(drives.empty());
     CHECK(drives[0] == "/");
 }
 
-TEST_CASE("a folder is told with the way down from its drive and the folders in it by name")
+TEST_CASE("a folder has the path from its drive and its subfolders by name")
 {
     const FoldersFixture fixture;
     for (const char *name : {"disk/写真/b", "disk/写真/A", "disk/写真/a", "disk/写真/令和", "disk/写真/.hidden"})
@@ -93,7 +93,7 @@ TEST_CASE("a folder is told with the way down from its drive and the folders in 
     CHECK(contents.inside[2].path == fixture.temp / "disk/写真/b");
 }
 
-TEST_CASE("a path is found with backslashes, in any case and with a separator at its end")
+TEST_CASE("a path is found with backslashes, in any case and with a trailing separator")
 {
     const FoldersFixture fixture;
     fixture.makeFolder("Disk/Inner");
@@ -104,14 +104,14 @@ TEST_CASE("a path is found with backslashes, in any case and with a separator at
     }
 }
 
-TEST_CASE("a folder whose name begins like a drive's does not lie on it")
+TEST_CASE("a folder whose name starts like a drive's is not on that drive")
 {
     const FoldersFixture fixture;
     fixture.makeFolder("disk2");
     CHECK(fixture.foldersOver("/dev/sdb1 @/disk vfat rw 0 0\n")->open(fixture.temp / "disk2").drive == "/");
 }
 
-TEST_CASE("a folder that may not be read is error 75")
+TEST_CASE("an unreadable folder is error 75")
 {
     const FoldersFixture fixture;
     fixture.makeFolder("closed");

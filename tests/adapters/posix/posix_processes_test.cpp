@@ -25,13 +25,13 @@ std::unique_ptr<Processes> processes()
     return makeSystemProcesses([] {});
 }
 
-/// A folder that is current and first in PATH, for programs of the test.
+/// A folder for the test's programs, current and first in PATH.
 struct Stage {
     void program(const std::string &name, const std::string &script) const
     {
         chmod(folder.put(name, "#!/bin/sh\n" + script).c_str(), 0755);
     }
-    /// The bytes of a file that a started program writes whole under this name, at most ten seconds later.
+    /// The bytes of a file that a started program completes under this name; waits at most ten seconds.
     [[nodiscard]] std::string awaited(const std::string &name) const
     {
         for (int wait = 0; wait < 1000 && !folder.has(name); ++wait)
@@ -51,7 +51,7 @@ std::int32_t startError(const std::string &line)
 
 } // namespace
 
-TEST_CASE("a started program gets its arguments and the folder of the suite")
+TEST_CASE("a started program gets its arguments and the suite's folder")
 {
     const Stage stage;
     stage.program("wfrfv10.exe", "{ printf '%s|' \"$@\"; pwd; } > told.part; mv told.part told\n");
@@ -63,7 +63,7 @@ TEST_CASE("a started program gets its arguments and the folder of the suite")
 TEST_CASE("a start does not wait for the program and leaves no child process")
 {
     const Stage stage;
-    // It runs until it is asked to end, or for ten seconds, so that a start that waits ends as well.
+    // It runs until the file "end" exists, or for ten seconds, so that a start that waits ends as well.
     stage.program("slow", "for turn in $(seq 500); do [ -e end ] && break; sleep 0.02; done\n: > ended\n");
 
     processes()->start("slow", WindowStyle::normalFocus);
@@ -77,7 +77,7 @@ TEST_CASE("a start does not wait for the program and leaves no child process")
     CHECK(errno == ECHILD);
 }
 
-TEST_CASE("a started program reads nothing and writes nowhere")
+TEST_CASE("a started program has no input and no output")
 {
     const Stage stage;
     stage.program("p", "ends=$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2)\n"
@@ -86,7 +86,7 @@ TEST_CASE("a started program reads nothing and writes nowhere")
     CHECK(stage.awaited("told") == "/dev/null\n/dev/null\n/dev/null");
 }
 
-TEST_CASE("a program that is not there or cannot run is error 53")
+TEST_CASE("a missing or non-executable program is error 53")
 {
     const Stage stage;
     chmod(stage.folder.put("broken", "#!/no/such/interpreter\n").c_str(), 0755);
@@ -103,7 +103,7 @@ TEST_CASE("a program that is not there or cannot run is error 53")
     CHECK(startError("") == 53);
 }
 
-TEST_CASE("a web address is opened as it is given, never by a shell")
+TEST_CASE("a web address is opened unchanged and without a shell")
 {
     const Stage stage;
     stage.program("xdg-open", "printf '%s' \"$#|$1\" > told.part; mv told.part told\n");
@@ -111,7 +111,7 @@ TEST_CASE("a web address is opened as it is given, never by a shell")
     CHECK(stage.awaited("told") == "1|https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
 }
 
-TEST_CASE("a program in the application folder opens no web address")
+TEST_CASE("a program in the application folder is never used to open a web address")
 {
     const Stage stage;
     const TempFolder elsewhere;
@@ -125,7 +125,7 @@ TEST_CASE("a program in the application folder opens no web address")
     CHECK_FALSE(stage.folder.has("told"));
 }
 
-TEST_CASE("nothing but a web address is opened")
+TEST_CASE("only a web address is opened")
 {
     const Stage stage;
     stage.program("xdg-open", "printf '%s\\n' \"$1\" > \"told$(date +%N)\"\n");
@@ -135,14 +135,14 @@ TEST_CASE("nothing but a web address is opened")
     CHECK(stage.folder.entries() == 1);
 }
 
-TEST_CASE("an address without a program to open it is told to nobody")
+TEST_CASE("a missing program for web addresses is not reported")
 {
     const SearchPath restored("");
     setenv("PATH", "/no/such/folder", 1);
     CHECK_NOTHROW(processes()->openAddress("http://example.jp/"));
 }
 
-TEST_CASE("the computer's name is given when it fits with its NUL")
+TEST_CASE("the computer's name is returned if it fits with its NUL")
 {
     char buffer[256] = {};
     REQUIRE(gethostname(buffer, sizeof buffer - 1) == 0);
@@ -153,14 +153,14 @@ TEST_CASE("the computer's name is given when it fits with its NUL")
     CHECK(processes()->computerName(0) == std::nullopt);
 }
 
-TEST_CASE("the end statement does what this program does at its end")
+TEST_CASE("the end statement calls this program's own end")
 {
     struct Ended {};
     const auto ending = makeSystemProcesses([] { throw Ended{}; });
     CHECK_THROWS_AS(ending->end(), Ended);
 }
 
-TEST_CASE("an end that comes back ends the process all the same, with the code 0")
+TEST_CASE("an end that returns still ends the process, with the code 0")
 {
     const pid_t child = fork();
     if (child == 0) makeSystemProcesses([] {})->end();

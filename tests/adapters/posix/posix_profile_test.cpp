@@ -32,7 +32,7 @@ mode_t modeOf(const std::string &path)
 
 } // namespace
 
-TEST_CASE("a write takes the old file's place with its rights and leaves no other file")
+TEST_CASE("a write replaces the file, keeps its permissions and leaves no other file")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
@@ -45,7 +45,7 @@ TEST_CASE("a write takes the old file's place with its rights and leaves no othe
     CHECK(folder.entries() == 1);
 }
 
-TEST_CASE("a write of what stands there leaves the file alone")
+TEST_CASE("a write of the existing value does not change the file")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[s]\r\nk=v\r\n");
@@ -59,7 +59,7 @@ TEST_CASE("a write of what stands there leaves the file alone")
     CHECK(after.st_ino == before.st_ino);
 }
 
-TEST_CASE("a write goes through a link to the file that it leads to")
+TEST_CASE("a write follows a link to its target")
 {
     const TempFolder folder, elsewhere;
     elsewhere.put("real.ini", "[s]\r\nk=old\r\n");
@@ -76,7 +76,7 @@ TEST_CASE("a write goes through a link to the file that it leads to")
     CHECK(std::filesystem::is_symlink(folder / "y.ini"));
 }
 
-TEST_CASE("a write keeps the owner of a file that belongs to another user")
+TEST_CASE("a write keeps the owner of another user's file")
 {
     if (geteuid() != 0) {
         MESSAGE("only root can make a file of another user: not run");
@@ -98,7 +98,7 @@ TEST_CASE("a write keeps the owner of a file that belongs to another user")
     CHECK(folder.entries() == 1);
 }
 
-TEST_CASE("a full disk refuses a write and keeps the old file whole")
+TEST_CASE("on a full disk a write is refused and the old file is intact")
 {
     const TempFolder folder;
     const SmallDisk disk(folder.path());
@@ -116,7 +116,7 @@ TEST_CASE("a full disk refuses a write and keeps the old file whole")
     CHECK(folder.entries() == 2); // the file that fills the disk is the other
 }
 
-TEST_CASE("a write keeps a file that only its owner may read so")
+TEST_CASE("a write keeps a file readable by its owner only")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
@@ -150,13 +150,13 @@ TEST_CASE("a new profile has the rights that the process's mask leaves")
     CHECK(modeOf(folder / "new.ini") == 0644);
 }
 
-TEST_CASE("a signal that ends the program while it writes leaves the old file and no other")
+TEST_CASE("a signal that ends the program during a write leaves the old file and no other")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
     const pid_t child = fork();
     if (child == 0) {
-        // The write itself meets the signal: it goes beyond the size that the system allows.
+        // The write itself causes the signal: it exceeds the allowed file size.
         const rlimit small{8, 8};
         signal(SIGXFSZ, SIG_DFL);
         setrlimit(RLIMIT_FSIZE, &small);
@@ -170,7 +170,7 @@ TEST_CASE("a signal that ends the program while it writes leaves the old file an
     CHECK(folder.entries() == 1);
 }
 
-TEST_CASE("a write succeeds where a file cannot be created without a name")
+TEST_CASE("a write succeeds where unnamed files are not supported")
 {
     const TempFolder folder;
     const std::string path = folder.put("x.ini", "[s]\r\nk=old\r\n");
@@ -178,7 +178,7 @@ TEST_CASE("a write succeeds where a file cannot be created without a name")
     REQUIRE(pipe(ends) == 0);
     const pid_t child = fork();
     if (child == 0) {
-        // Without the folder of open files a file never gets a name later.
+        // Without /proc an unnamed file cannot be named later.
         const bool isHidden = unshare(CLONE_NEWNS) == 0 && mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
                               mount("tmpfs", "/proc", "tmpfs", 0, nullptr) == 0;
         const std::int32_t written =

@@ -11,7 +11,7 @@ using namespace inin;
 
 namespace {
 
-/// The mode of the file that a case of the group "readonly" names.
+/// The permissions of the file in a case of the group "readonly".
 mode_t modeNamed(const ProfileCase &one)
 {
     if (one.name.find("0444") != std::string::npos) return 0444;
@@ -33,7 +33,7 @@ std::string differencesOfRights(const ProfileCase &one)
     if (closedFolder) chmod(folder.path().c_str(), 0555);
     std::string told = asOrdinaryUser([&] {
         ProfileCase calls = one;
-        for (ProfileStep &step : calls.steps) step.tellsFile = false; // the child may not look at every file
+        for (ProfileStep &step : calls.steps) step.tellsFile = false; // the child may not read every file
         return differences(calls, *makeSystemProfile(), folder / name, folder / name);
     });
     chmod(folder.path().c_str(), 0755);
@@ -45,7 +45,7 @@ std::string differencesOfRights(const ProfileCase &one)
 
 } // namespace
 
-TEST_CASE("an ordinary user reads and writes profile files as their rights allow")
+TEST_CASE("an ordinary user reads and writes profile files as their permissions allow")
 {
     std::size_t played = 0;
     for (const ProfileCase &one : recordedProfileCases()) {
@@ -66,7 +66,7 @@ TEST_CASE("every recorded path finds its file")
         const CurrentFolder current(folder.path());
         for (const std::string name : {"Sorvin.ver", "bare.ini", "印刷設定.ini"})
             folder.put(name, one.file.value_or("[s]\r\nk=old\r\n"));
-        // A file of the recorded folder is the file of that name in the folder of this test.
+        // A file of the recorded folder is the file of that name in this test's folder.
         std::string path = one.path;
         if (const auto last = path.find("path"); last != std::string::npos) path.replace(0, last + 4, folder.path());
         CHECK(differences(one, *makeSystemProfile(), path, folder / "Sorvin.ver") == "");

@@ -5,7 +5,7 @@
 
 namespace inin {
 
-/// The search path of programs for one test: `first` before the system's own folders.
+/// Puts `first` in front of the system's PATH for one test.
 class SearchPath {
 public:
     explicit SearchPath(const std::string &first)

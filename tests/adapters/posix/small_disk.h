@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// A disk of 64 KiB in memory over a folder; only root may mount one.
+/// A disk of 64 KiB in memory over a folder; only root can mount one.
 class SmallDisk {
 public:
     explicit SmallDisk(std::string folder)
@@ -21,7 +21,7 @@ public:
         if (m_there) umount2(m_folder.c_str(), MNT_DETACH);
     }
     [[nodiscard]] bool isThere() const { return m_there; }
-    /// Takes every free byte.
+    /// Uses up all free space.
     void fill() const
     {
         std::ofstream file(m_folder + "/ballast", std::ios::binary);

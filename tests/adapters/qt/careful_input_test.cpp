@@ -1,4 +1,4 @@
-// What a careless hand does to the windows, and what must not come of it.
+// Careless user input on the windows must have no side effects.
 
 #include "adapters/qt/working_program.h"
 
@@ -24,7 +24,7 @@ void press(QWidget &widget, Qt::Key key, bool isHeldDown)
     QApplication::sendEvent(&widget, &event);
 }
 
-/// A notch of the wheel towards the user, as the list below the mouse gets it.
+/// Turns the wheel over a list by one notch towards the user.
 void turnWheel(QWidget &widget)
 {
     const QPointF place(5, 5);
@@ -35,13 +35,13 @@ void turnWheel(QWidget &widget)
 
 } // namespace
 
-TEST_CASE("a function key that is held down counts once")
+TEST_CASE("a held-down function key counts once")
 {
     Program program;
     program.act([&] {
         QWidget &option = program.widget("optPrint(0)");
         option.setFocus();
-        // Escape would leave the screen: a repeated one does not.
+        // Escape would leave the screen, but a repeated one must not.
         press(option, Qt::Key_Escape, kHeldDown);
         press(option, Qt::Key_F12, kHeldDown);
         CHECK(program.world.processes.started.empty());
@@ -51,7 +51,7 @@ TEST_CASE("a function key that is held down counts once")
     CHECK(program.runs());
 }
 
-TEST_CASE("a function key with Shift, Ctrl or Alt is none of the screen's")
+TEST_CASE("function keys with Shift, Ctrl or Alt do nothing on the screen")
 {
     Program program;
     program.act([&] {
@@ -63,7 +63,7 @@ TEST_CASE("a function key with Shift, Ctrl or Alt is none of the screen's")
     CHECK(program.runs());
 }
 
-TEST_CASE("a wheel that passes over a list chooses nothing, and in a list that has the focus it does")
+TEST_CASE("the wheel changes the entry of a list only while the list has the focus")
 {
     Program program;
     program.act([&] {
@@ -80,7 +80,7 @@ TEST_CASE("a wheel that passes over a list chooses nothing, and in a list that h
     CHECK(program.runs());
 }
 
-TEST_CASE("picking the staff member that the list already shows puts his number back into the box")
+TEST_CASE("picking the staff member already shown in the list restores the number in the box")
 {
     Program program;
     program.act([&] {
@@ -102,13 +102,13 @@ TEST_CASE("picking the staff member that the list already shows puts his number 
         QTest::mouseClick(&list, Qt::LeftButton, {}, list.rect().center());
         QTest::keyClick(list.view(), Qt::Key_Escape);
         CHECK(program.form.imNum_StaffNo.Value.get() == Variant(std::int32_t{9}));
-        program.form.cbSejyutsu.ListIndex = 1; // an assignment of the program's own
+        program.form.cbSejyutsu.ListIndex = 1; // assigned by the program, not picked
         CHECK(program.form.imNum_StaffNo.Value.get() == Variant(std::int32_t{9}));
     });
     CHECK(program.runs());
 }
 
-TEST_CASE("what looks like markup in a box is shown letter by letter")
+TEST_CASE("text like markup is shown literally in a box")
 {
     WindowFixture fixture;
     auto format = Qt::AutoText;
@@ -121,7 +121,7 @@ TEST_CASE("what looks like markup in a box is shown letter by letter")
     CHECK(format == Qt::PlainText);
 }
 
-TEST_CASE("a patient's name that looks like markup is shown letter by letter")
+TEST_CASE("a patient's name like markup is shown literally")
 {
     Program program;
     program.act([&] {
@@ -133,14 +133,14 @@ TEST_CASE("a patient's name that looks like markup is shown letter by letter")
     CHECK(program.runs());
 }
 
-TEST_CASE("a search window that the window manager closes in the middle of its search stays, and says no")
+TEST_CASE("a search window refuses to be closed by the window manager during its search")
 {
     Program program;
     program.act([&] { program.click("btn_KanjaSelect"); });
     bool wasAsked = false, hasGone = false;
     program.act([&] {
         FormWindow &search = program.top();
-        // It arrives where the search gives time to waiting events.
+        // The close event is delivered when the search processes waiting events.
         QTimer::singleShot(0, &search, [&] {
             wasAsked = true;
             hasGone = search.close();
@@ -149,7 +149,7 @@ TEST_CASE("a search window that the window manager closes in the middle of its s
         CHECK(wasAsked);
         CHECK(!hasGone);
         CHECK(search.isVisible());
-        if (hasGone) search.show(); // else nothing would end the program
+        if (hasGone) search.show(); // otherwise the program would never end
     });
     program.act([&] { program.key(Qt::Key_F12); });
     CHECK(program.runs());
@@ -157,7 +157,7 @@ TEST_CASE("a search window that the window manager closes in the middle of its s
 
 namespace {
 
-/// A form without controls of note that writes down how its window took turns.
+/// A form that records the activations of its window.
 struct TurnTaker : Form {
     explicit TurnTaker(const char *name) : Form(name) { add(button); }
     void Form_Activate() override { turns += "+"; }
@@ -168,7 +168,7 @@ struct TurnTaker : Form {
 
 } // namespace
 
-TEST_CASE("a window that another one of the program covers is told so, and told again when it is back")
+TEST_CASE("a window is deactivated when another window of the program covers it and activated when that one closes")
 {
     WindowFixture fixture;
     TurnTaker below("frmBelow");

@@ -27,7 +27,7 @@ Date day(std::int32_t year, std::int32_t month, std::int32_t dayOfMonth)
     return dateOf({year, month, dayOfMonth});
 }
 
-/// A box on a shown window; today is 20 November 2026.
+/// A box in a shown window; today is 20 November 2026.
 struct Box {
     explicit Box(const char *format = "ggg ee年mm月dd日")
         : edit(
@@ -72,7 +72,7 @@ CalendarPopup &openCalendar(Box &box)
 
 } // namespace
 
-TEST_CASE("a date shows with its era, and what is typed is shown so too")
+TEST_CASE("a date is shown with its era, a typed one too")
 {
     Box box;
     CHECK(box.shown() == "令和 08年11月21日");
@@ -81,7 +81,7 @@ TEST_CASE("a date shows with its era, and what is typed is shown so too")
     CHECK(box.edits == std::vector<Variant>{day(2019, 5, 1)});
 }
 
-TEST_CASE("a typed date counts when the box is left, and once")
+TEST_CASE("a typed date counts once, when the box loses the focus")
 {
     Box box;
     QLineEdit next(&box.window);
@@ -101,7 +101,7 @@ TEST_CASE("an emptied box is Null")
     CHECK(box.edit.complaint() == "");
 }
 
-TEST_CASE("what cannot be read stays, is marked and explained, and counts as Null")
+TEST_CASE("unreadable text stays in the box, is highlighted with a remark and counts as Null")
 {
     Box box;
     box.enter("R8.13.1");
@@ -114,7 +114,7 @@ TEST_CASE("what cannot be read stays, is marked and explained, and counts as Nul
     REQUIRE(box.edits.size() == 1);
     CHECK(box.edits[0].isNull());
 
-    SUBCASE("until it is mended")
+    SUBCASE("until it is corrected")
     {
         box.enter("R8.12.1");
         CHECK(box.edit.complaint() == "");
@@ -122,12 +122,12 @@ TEST_CASE("what cannot be read stays, is marked and explained, and counts as Nul
         CHECK_FALSE(box.edit.actions().front()->isVisible());
         CHECK(box.edits.back() == Variant(day(2026, 12, 1)));
     }
-    SUBCASE("also when an arrow is pressed")
+    SUBCASE("also when an arrow key is pressed")
     {
         box.key(Qt::Key_Up);
         CHECK(box.shown() == "R8.13.1");
     }
-    SUBCASE("also when the box is left again")
+    SUBCASE("also when the box loses the focus again")
     {
         QLineEdit next(&box.window);
         next.show();
@@ -143,7 +143,7 @@ TEST_CASE("what cannot be read stays, is marked and explained, and counts as Nul
     }
 }
 
-TEST_CASE("a doubtful date is taken, marked otherwise than an unreadable text, and explained")
+TEST_CASE("a doubtful date is accepted with a remark and has another colour than unreadable text")
 {
     Box box;
     box.enter("zz");
@@ -174,7 +174,7 @@ TEST_CASE("a doubtful date is taken, marked otherwise than an unreadable text, a
     CHECK(box.edit.palette().color(QPalette::Base) == QApplication::palette().color(QPalette::Base));
 }
 
-TEST_CASE("the sentence about what cannot be read stands below the box when it is left and when it is entered again")
+TEST_CASE("the remark about unreadable text is shown when the box loses the focus and when it gets it again")
 {
     Box box;
     QLineEdit next(&box.window);
@@ -192,11 +192,11 @@ TEST_CASE("the sentence about what cannot be read stands below the box when it i
     box.enter("R8.12.1");
 }
 
-TEST_CASE("up and down step the part under the cursor and mark it")
+TEST_CASE("up and down step the part under the cursor and select it")
 {
     Box box;
     struct Row {
-        int cursor; ///< in letters of 令和 08年11月21日
+        int cursor; ///< in characters of 令和 08年11月21日
         const char *shown;
         const char *selected;
     };
@@ -213,7 +213,7 @@ TEST_CASE("up and down step the part under the cursor and mark it")
     }
 }
 
-TEST_CASE("page up and page down step the month, and a short month takes its last day")
+TEST_CASE("page up and page down step the month, and a day missing in the new month becomes its last")
 {
     Box box;
     box.edit.setValue(day(2026, 3, 31));
@@ -223,7 +223,7 @@ TEST_CASE("page up and page down step the month, and a short month takes its las
     CHECK(box.shown() == "令和 08年03月28日");
 }
 
-TEST_CASE("Ctrl+; is today, and where months are shown the first of today's month")
+TEST_CASE("Ctrl+; enters today, in a box for months the first day of today's month")
 {
     Box box;
     box.key(Qt::Key_Semicolon, Qt::ControlModifier);
@@ -234,7 +234,7 @@ TEST_CASE("Ctrl+; is today, and where months are shown the first of today's mont
     CHECK(month.shown() == "令和 08年11月");
 }
 
-TEST_CASE("an arrow in an empty box begins with today")
+TEST_CASE("an arrow key in an empty box enters today")
 {
     Box box;
     box.edit.setValue(Null{});
@@ -242,7 +242,7 @@ TEST_CASE("an arrow in an empty box begins with today")
     CHECK(box.shown() == "令和 08年11月20日");
 }
 
-TEST_CASE("the calendar shows era and western year, and the return key chooses from it")
+TEST_CASE("the calendar shows the era and the western year, and the return key picks the selected day")
 {
     Box box;
     CalendarPopup &calendar = openCalendar(box);
@@ -269,7 +269,7 @@ TEST_CASE("escape closes the calendar and changes nothing")
     CHECK(box.edits.empty());
 }
 
-TEST_CASE("a million letters dropped into a date box leave a short text that is marked")
+TEST_CASE("a million characters dropped into a date box leave a short, highlighted text")
 {
     Box box;
     box.enter(std::string(1000000, 'x').c_str());
@@ -277,7 +277,7 @@ TEST_CASE("a million letters dropped into a date box leave a short text that is 
     CHECK_FALSE(box.edit.complaint().empty());
 }
 
-TEST_CASE("a date box takes an input method and needs no Latin keyboard")
+TEST_CASE("a date box accepts an input method and needs no Latin keyboard")
 {
     const Box box;
     CHECK(box.edit.inputMethodQuery(Qt::ImEnabled).toBool());

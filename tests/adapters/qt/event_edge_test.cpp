@@ -26,7 +26,7 @@ void press(WindowFixture &fixture)
     QTest::mouseClick(&fixture.windows.topWindow()->widget("cmdOK"), Qt::LeftButton);
 }
 
-/// Counts the toolkit's warnings about an exception that has gone through its loops.
+/// Counts the toolkit's warnings about an exception that passed through its loops.
 class LoopWatch {
 public:
     LoopWatch() : m_before(qInstallMessageHandler(note)) { s_warnings = 0; }
@@ -46,7 +46,7 @@ private:
 
 } // namespace
 
-TEST_CASE("an exception that leaves an event procedure ends the show of its form and reaches the code that showed it")
+TEST_CASE("an exception that leaves an event procedure ends the show of its form and reaches the caller of show")
 {
     WindowFixture fixture;
     OneButton form;
@@ -56,7 +56,7 @@ TEST_CASE("an exception that leaves an event procedure ends the show of its form
         fixture.turns.then([&] { press(fixture); });
         CHECK_THROWS_AS(fixture.windows.show(form, Modality::modal), std::bad_alloc);
     }
-    SUBCASE("another exception of the language")
+    SUBCASE("another C++ exception")
     {
         form.button.onClick = [] { throw std::logic_error("fault"); };
         fixture.turns.then([&] { press(fixture); });
@@ -72,7 +72,7 @@ TEST_CASE("an exception that leaves an event procedure ends the show of its form
 }
 
 TEST_CASE(
-    "an exception in an event outside the form's procedures ends the show without going through the toolkit's loops")
+    "an exception in an event outside the form's procedures ends the show without passing through the toolkit's loops")
 {
     const LoopWatch watch;
     WindowFixture fixture;
@@ -86,7 +86,7 @@ TEST_CASE(
     CHECK(LoopWatch::warnings() == 0);
 }
 
-TEST_CASE("an exception that leaves an event under a box is rethrown when the box is answered")
+TEST_CASE("an exception that leaves an event during a box is rethrown when the box is answered")
 {
     WindowFixture fixture;
     OneButton form;

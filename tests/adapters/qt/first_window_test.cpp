@@ -1,4 +1,4 @@
-// What a person sees first: the window with the picture, before the work of the start goes on behind it.
+// The start as the user sees it: the background window is shown before the program continues its start.
 
 #include "adapters/qt/window_fixture.h"
 #include "shell/back_form.h"
@@ -18,7 +18,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// Milliseconds, more than a paint that was asked for waits for the next picture of the display.
+/// Milliseconds, longer than a requested paint waits for the next frame of the display.
 constexpr int kPaintTime = 60;
 
 /// Counts the paints of a window's widgets.
@@ -38,7 +38,7 @@ private:
     int m_paints = 0;
 };
 
-/// A site without a wallpaper: the windows look at real pictures only.
+/// A site without a wallpaper: the windows read only real picture files.
 struct Start : WindowFixture {
     Start() { world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_ICON=\\ICON\nWALLPAPER=none.bmp\nBASEID=0102\n"); }
 };
@@ -58,7 +58,7 @@ protected:
 
 } // namespace
 
-TEST_CASE("the next window's load begins when the background has been painted")
+TEST_CASE("the next window is loaded only after the background has been painted")
 {
     Start start;
     frmBack background(start.app);
@@ -77,7 +77,7 @@ TEST_CASE("the next window's load begins when the background has been painted")
     CHECK(paints > 0);
 }
 
-TEST_CASE("the letters come without another paint of the background")
+TEST_CASE("setting the font does not repaint the background")
 {
     Start start;
     frmBack background(start.app);
@@ -93,7 +93,7 @@ TEST_CASE("the letters come without another paint of the background")
     CHECK(watch.paints() == 0);
 }
 
-TEST_CASE("letters are asked for before the first text, not for the background's picture")
+TEST_CASE("the font is requested before the first text, not for the background picture")
 {
     Start start;
     int asked = 0;

@@ -1,4 +1,4 @@
-// Windows and the room that a screen has for them, at whatever scale QT_SCALE_FACTOR says.
+// The size of the windows on the screen, at the scale set by QT_SCALE_FACTOR.
 
 #include "adapters/qt/qt_window_set.h"
 
@@ -13,7 +13,7 @@
 using namespace inin;
 using namespace inin::qt;
 
-TEST_CASE("no window is larger than its screen, and its corner stands on it")
+TEST_CASE("no window is larger than its screen, and its top left corner is on the screen")
 {
     bool fillsScreen = false;
     forEachWindow([&](FormWindow &window) {
@@ -25,11 +25,11 @@ TEST_CASE("no window is larger than its screen, and its corner stands on it")
         CHECK(room.contains(window.frameGeometry().topLeft()));
         fillsScreen = fillsScreen || window.width() == room.width();
     });
-    // The search windows want more than the small screen of the tests has.
+    // The search windows need more than the small screen of the tests.
     CHECK(fillsScreen);
 }
 
-TEST_CASE("a window that is walked from top to bottom is not walked from side to side where there is room")
+TEST_CASE("a window that scrolls vertically does not scroll horizontally if the screen is wide enough")
 {
     forEachWindow([&](FormWindow &window) {
         window.open();

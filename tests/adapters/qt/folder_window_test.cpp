@@ -1,4 +1,4 @@
-// The folder selection as a person works it.
+// The folder selection, operated by mouse and keys.
 
 #include "adapters/qt/qt_window_set.h"
 #include "common/select_folder.h"
@@ -16,7 +16,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// A selection whose window is worked by turns.
+/// A folder selection whose window is operated in turns.
 struct Selection {
     Selection()
     {
@@ -56,7 +56,7 @@ QStringList textsOf(const QListWidget &list)
 
 } // namespace
 
-TEST_CASE("a click marks a folder, a double click and the return key open it")
+TEST_CASE("a click selects a folder, a double click and the return key open it")
 {
     Selection selection;
     selection.run({
@@ -81,7 +81,7 @@ TEST_CASE("a click marks a folder, a double click and the return key open it")
     CHECK(selection.select.SelFolder() == "C:");
 }
 
-TEST_CASE("another drive shows its folders, and the cancel button leaves everything as it was")
+TEST_CASE("another drive shows its folders, and the cancel button changes nothing")
 {
     Selection selection;
     selection.select.SelFolder("C:\\SUITE\\TMP");
@@ -97,7 +97,7 @@ TEST_CASE("another drive shows its folders, and the cancel button leaves everyth
     CHECK(selection.select.SelFolder() == "C:\\SUITE\\TMP");
 }
 
-TEST_CASE("the arrow keys walk the folders, escape and F12 leave the window")
+TEST_CASE("the arrow keys move through the folders, escape and F12 close the window")
 {
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_F12}) {
         Selection selection;
@@ -113,7 +113,7 @@ TEST_CASE("the arrow keys walk the folders, escape and F12 leave the window")
     }
 }
 
-TEST_CASE("a folder below another one stands further to the right")
+TEST_CASE("a folder is indented below its parent")
 {
     const WindowSet set;
     const auto &list = set.folder->widgetAs<QListWidget>("dilFolder");
@@ -127,7 +127,7 @@ TEST_CASE("a folder below another one stands further to the right")
     CHECK(blanksOf(3) == blanksOf(2));
 }
 
-TEST_CASE("the version window shows its lines, its name in a box and its picture across the top")
+TEST_CASE("the version window shows its lines, its name in a box and its picture at full width")
 {
     const WindowSet set;
     CHECK(textsOf(set.version->widgetAs<QListWidget>("lstVer")) == QStringList{"Ver 3.14:", "2026/11/01:"});

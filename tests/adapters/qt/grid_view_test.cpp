@@ -26,7 +26,7 @@ struct GridOnScreen {
         view.activateWindow();
         REQUIRE(QTest::qWaitForWindowActive(&view));
         grid.onDblClick = [this](std::int32_t row) { doubleClicks.push_back(row); };
-        // As the mirror does.
+        // ControlMirror does the same.
         grid.watch([this] { view.refresh(); });
     }
     void fill(std::int32_t rows)
@@ -78,7 +78,7 @@ public:
 
 } // namespace
 
-TEST_CASE("30,000 rows cost no more measuring, painting and widgets than the rows in sight")
+TEST_CASE("30,000 rows cost no more measuring, painting and widgets than the visible rows")
 {
     constexpr int kRows = 30000;
     GridOnScreen screen;
@@ -89,7 +89,7 @@ TEST_CASE("30,000 rows cost no more measuring, painting and widgets than the row
     const auto checkWork = [&] {
         CHECK(counting.measured == 0);
         CHECK(counting.painted > 0);
-        CHECK(counting.painted <= 4 * cellsInSight); // a few paints of what is in sight
+        CHECK(counting.painted <= 4 * cellsInSight); // a few paints of the visible cells
         counting.painted = 0;
     };
 
@@ -107,7 +107,7 @@ TEST_CASE("30,000 rows cost no more measuring, painting and widgets than the row
     screen.view.setItemDelegate(nullptr);
 }
 
-TEST_CASE("a column of width 0 is not seen, and the header does not sort")
+TEST_CASE("a column of width 0 is hidden, and the header does not sort")
 {
     GridOnScreen screen;
     screen.fill(3);
@@ -138,7 +138,7 @@ TEST_CASE("a double click on the header raises the event with row 0")
     CHECK(screen.doubleClicks == std::vector<std::int32_t>{0});
 }
 
-TEST_CASE("arrows, Home and End walk the rows")
+TEST_CASE("the arrow keys, Home and End move between the rows")
 {
     GridOnScreen screen;
     screen.fill(5);
@@ -148,7 +148,7 @@ TEST_CASE("arrows, Home and End walk the rows")
     }
 }
 
-TEST_CASE("a row that the program makes active is shown as chosen and brought into sight")
+TEST_CASE("a row activated by the program is selected and scrolled into view")
 {
     GridOnScreen screen;
     screen.fill(1000);
@@ -158,7 +158,7 @@ TEST_CASE("a row that the program makes active is shown as chosen and brought in
     CHECK(screen.view.viewport()->rect().intersects(screen.view.visualRect(screen.view.model()->index(699, 2))));
 }
 
-TEST_CASE("rows that go away while nothing is drawn are not read any more")
+TEST_CASE("rows removed while the redraw is off are not read any more")
 {
     GridOnScreen screen;
     screen.fill(10);
@@ -172,7 +172,7 @@ TEST_CASE("rows that go away while nothing is drawn are not read any more")
     CHECK(screen.grid.ActiveRow == 0);
 }
 
-TEST_CASE("rows that the record has lost with its redraw off leave no lines behind")
+TEST_CASE("rows removed while the redraw is off leave no lines on the screen")
 {
     GridOnScreen screen;
     screen.fill(5);

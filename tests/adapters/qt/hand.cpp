@@ -41,7 +41,7 @@ bool canBeUsed(const QWidget &widget)
 
 void click(QWidget &widget)
 {
-    // An option or a check box takes a click only on its sign and its words, which stand at the left.
+    // An option or a check box can be clicked only on its indicator and its caption, which are left-aligned.
     const bool isCheckable =
         qobject_cast<QAbstractButton *>(&widget) != nullptr && qobject_cast<QAbstractButton *>(&widget)->isCheckable();
     QTest::mouseClick(&widget, Qt::LeftButton, {},
@@ -54,7 +54,7 @@ void selectAll(QLineEdit &box)
     QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
 }
 
-/// Text as an input method hands it over, in one piece.
+/// Enters text like an input method, in one piece.
 void enterText(QLineEdit &box, const std::string &text)
 {
     selectAll(box);
@@ -191,7 +191,7 @@ HandResult actByHand(FormWindow &window, const ScriptCommand &command)
     const bool isBeyond = list != nullptr && (command.number < 0 || command.number >= list->ListCount());
     if (isBeyond) return HandResult::refused;
     const bool wasUsable = isUsable(window, *control);
-    // What is hidden is nowhere to be hit; what is disabled is hit and must not mind.
+    // A hidden control cannot be clicked at all; a disabled one is clicked and must ignore it.
     const QWidget *widget = window.mirror().widgetOf(*control);
     if (wasUsable || (widget != nullptr && widget->isVisible())) ByHand(window, command).act(*control);
     return wasUsable ? HandResult::done : HandResult::refused;
@@ -199,7 +199,7 @@ HandResult actByHand(FormWindow &window, const ScriptCommand &command)
 
 namespace {
 
-/// Looks at one widget and says what it shows otherwise than its record.
+/// Compares one widget with its record and describes the first difference.
 class MirrorLook : private ControlVisitor {
 public:
     [[nodiscard]] std::string faultOf(Control &control, QWidget *widget)
@@ -236,7 +236,7 @@ private:
         const TypedDate shown = readTypedDate(
             fromQt(as<QLineEdit>().text()),
             {Date(46000), control.Format.find('d') != std::string::npos ? DateGrain::day : DateGrain::month, eras()});
-        // A box that shows months hides the day.
+        // A box for months hides the day.
         const bool isSame = date == nullptr
                                 ? !shown.date
                                 : shown.date && Year(*shown.date) == Year(*date) && Month(*shown.date) == Month(*date);

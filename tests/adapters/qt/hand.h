@@ -9,11 +9,11 @@ using namespace script;
 
 enum class HandResult { done, refused };
 
-/// Does with mouse and keys on the real widgets what a command says. A widget that is hidden or disabled is hit all the
-/// same, and then told as refused.
+/// Executes a command with mouse and keys on the real widgets. A disabled widget receives the input too; the result for
+/// a disabled or hidden one is `refused`.
 [[nodiscard]] HandResult actByHand(FormWindow &window, const ScriptCommand &command);
 
-/// The first difference between what the widgets of a window show and what their records hold, empty for none.
+/// Describes the first difference between the widgets of a window and their records; empty for none.
 [[nodiscard]] std::string mirrorFault(const FormWindow &window);
 
 } // namespace inin::qt

@@ -12,7 +12,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// A form of one drop-down list and one that stands open.
+/// A form with a drop-down list and an open list.
 struct TwoLists : Form {
     TwoLists() : Form("frmLists")
     {
@@ -42,7 +42,7 @@ using Texts = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("a list that is filled anew shows the new entries alone, and which of them is chosen")
+TEST_CASE("a list that is filled again shows only the new entries and the new selection")
 {
     WindowFixture fixture;
     TwoLists form;

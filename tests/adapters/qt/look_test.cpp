@@ -1,4 +1,4 @@
-// How the windows look, at whatever scale QT_SCALE_FACTOR says: the test program is run at several.
+// The layout and the colours of the windows; the test program runs at several scales, set by QT_SCALE_FACTOR.
 
 #include "adapters/qt/qt_window_set.h"
 #include "adapters/qt/theme.h"
@@ -24,20 +24,20 @@ namespace {
 
 bool showsText(const QWidget &widget)
 {
-    // A tool button has no text here: it is the sign in a date box.
+    // A tool button has no text here: it is the icon in a date box.
     if (qobject_cast<const QToolButton *>(&widget) != nullptr) return false;
     return qobject_cast<const QAbstractButton *>(&widget) != nullptr ||
            qobject_cast<const QLabel *>(&widget) != nullptr || qobject_cast<const QGroupBox *>(&widget) != nullptr ||
            dynamic_cast<const DateEdit *>(&widget) != nullptr;
 }
 
-/// True for a text whose width no layout can know: it is told whole in another way.
+/// True for text of unlimited width: it is shown in full elsewhere.
 bool mayBeCut(const QWidget &widget)
 {
     return widget.objectName() == "lbl_1ranInf" || widget.objectName() == "lbl_SelKanja";
 }
 
-/// What the text needs, with the icon in front of it. A style would rather have its push buttons wider than that.
+/// The size that the text and its icon need. A style would prefer wider push buttons.
 QSize needOf(const QWidget &widget)
 {
     constexpr int kMargin = 8;
@@ -92,10 +92,10 @@ TEST_CASE("no text is cut at this scale")
     forEachWindow([](FormWindow &window) { checkNothingIsCut(window); });
 }
 
-TEST_CASE("no widget covers another one, and none leaves its frame")
+TEST_CASE("no widget overlaps another one, and each stays within its frame")
 {
     forEachWindow([](FormWindow &window) {
-        if (window.objectName() == "frmWaitMsg") return; // its pictures lie on one another
+        if (window.objectName() == "frmWaitMsg") return; // its pictures overlap on purpose
         std::vector<QWidget *> seen;
         for (Control *control : window.form().controls()) {
             QWidget *widget = window.mirror().widgetOf(*control);
@@ -111,7 +111,7 @@ TEST_CASE("no widget covers another one, and none leaves its frame")
     });
 }
 
-TEST_CASE("every control that a person can use has a name that a screen reader says")
+TEST_CASE("every usable control has an accessible name")
 {
     forEachWindow([](FormWindow &window) {
         for (Control *control : window.form().controls()) {
@@ -125,7 +125,7 @@ TEST_CASE("every control that a person can use has a name that a screen reader s
     });
 }
 
-TEST_CASE("text boxes take an input method")
+TEST_CASE("text boxes accept an input method")
 {
     forEachWindow([](FormWindow &window) {
         for (const QLineEdit *box : window.findChildren<QLineEdit *>()) {
@@ -135,7 +135,7 @@ TEST_CASE("text boxes take an input method")
     });
 }
 
-TEST_CASE("every text is readable on a light desktop and on a dark one")
+TEST_CASE("all text is readable on a light desktop and on a dark one")
 {
     const QPalette light = QApplication::palette();
     REQUIRE_FALSE(isDark(light));
@@ -145,7 +145,7 @@ TEST_CASE("every text is readable on a light desktop and on a dark one")
     QApplication::setPalette(light);
 }
 
-TEST_CASE("a control's blue-green-red colour is shown as it is on a light desktop, and keeps its hue on a dark one")
+TEST_CASE("a control's colour is exact on a light desktop and keeps its hue on a dark one")
 {
     const QPalette light = QApplication::palette();
     CHECK(themedColour(0x00C0E0FF, light)->name() == "#ffe0c0");
@@ -157,11 +157,11 @@ TEST_CASE("a control's blue-green-red colour is shown as it is on a light deskto
     CHECK_FALSE(themedColour(-1, light));
 }
 
-TEST_CASE("the inside of every frame and the middle of every command's face have the required colour, as painted")
+TEST_CASE("the inside of every frame and the centre of every command button are painted in the required colour")
 {
     const WindowSet set;
     FormWindow &window = *set.print;
-    const QImage painted = window.content().grab().toImage(); // whole, where the screen has room for a part of it
+    const QImage painted = window.content().grab().toImage(); // all of it, also when the screen shows only a part
     const auto colourAt = [&](const QWidget &widget, QPoint place) {
         return painted
             .pixelColor((QPointF(widget.mapTo(&window.content(), place)) * painted.devicePixelRatio()).toPoint())
@@ -183,7 +183,7 @@ TEST_CASE("the inside of every frame and the middle of every command's face have
     }
 }
 
-TEST_CASE("the frames of the conditions screen stand at their tops, the commands have their size")
+TEST_CASE("the frames of the conditions screen have their position and height, the command buttons their size")
 {
     struct FrameRow {
         const char *frame;
@@ -211,7 +211,7 @@ TEST_CASE("the frames of the conditions screen stand at their tops, the commands
     }
 }
 
-TEST_CASE("a larger desktop font makes room instead of cutting")
+TEST_CASE("a larger desktop font makes the frames higher instead of cutting text")
 {
     const QFont usual = QApplication::font();
     QFont large = usual;
@@ -225,7 +225,7 @@ TEST_CASE("a larger desktop font makes room instead of cutting")
     QApplication::setFont(usual);
 }
 
-TEST_CASE("the commands say what they do")
+TEST_CASE("the command buttons describe themselves in tool tips")
 {
     const WindowSet set;
     CHECK(set.print->widget("btnPrint(0)").toolTip() == QString::fromUtf8("実績一覧を印刷します。"));

@@ -40,21 +40,21 @@ struct NumberBoxOnScreen {
 
 } // namespace
 
-TEST_CASE("a number is taken at each key")
+TEST_CASE("a number is accepted at each key")
 {
     NumberBoxOnScreen box;
     QTest::keyClicks(&box.edit, "12");
     CHECK(box.edits == std::vector<Variant>{std::int32_t{1}, std::int32_t{12}});
 }
 
-TEST_CASE("only digits come in")
+TEST_CASE("only digits are accepted")
 {
     NumberBoxOnScreen box;
     QTest::keyClicks(&box.edit, "1a-2.+ ,3");
     CHECK(box.shown() == "123");
 }
 
-TEST_CASE("full-width digits from an input method are taken as digits")
+TEST_CASE("full-width digits from an input method are accepted as digits")
 {
     NumberBoxOnScreen box;
     box.compose("１２３４５６７８９０");
@@ -62,7 +62,7 @@ TEST_CASE("full-width digits from an input method are taken as digits")
     CHECK(box.edits.back() == Variant(std::int32_t{1234567890}));
 }
 
-TEST_CASE("a digit typed behind the zero of an untouched box takes its place")
+TEST_CASE("a digit typed after the zero of an untouched box replaces the zero")
 {
     NumberBoxOnScreen box;
     box.edit.setValue(std::int32_t{0});
@@ -75,7 +75,7 @@ TEST_CASE("a digit typed behind the zero of an untouched box takes its place")
     CHECK(box.edit.cursorPosition() == 0);
 }
 
-TEST_CASE("an emptied box is Null, and Null is shown empty")
+TEST_CASE("an emptied box is Null, and Null is shown as an empty box")
 {
     NumberBoxOnScreen box;
     QTest::keyClicks(&box.edit, "7");
@@ -87,7 +87,7 @@ TEST_CASE("an emptied box is Null, and Null is shown empty")
     CHECK(box.shown() == "");
 }
 
-TEST_CASE("the greatest number of 32 bits is taken, one more is not")
+TEST_CASE("the greatest number of 32 bits is accepted, the next one is not")
 {
     NumberBoxOnScreen box;
     box.compose("2147483647");
@@ -97,7 +97,7 @@ TEST_CASE("the greatest number of 32 bits is taken, one more is not")
     CHECK(box.shown() == "2147483647");
 }
 
-TEST_CASE("a day box takes 1 to 31")
+TEST_CASE("a day box accepts 1 to 31")
 {
     NumberBoxOnScreen box({1, 31});
     QTest::keyClicks(&box.edit, "32");
@@ -107,7 +107,7 @@ TEST_CASE("a day box takes 1 to 31")
     CHECK(box.edits.back() == Variant(std::int32_t{31}));
 }
 
-TEST_CASE("a number below the least one is not told and gives way to the last good one")
+TEST_CASE("a number below the minimum raises no event and is replaced by the last valid one")
 {
     NumberBoxOnScreen box({1, 31});
     box.edit.setValue(std::int32_t{12});
@@ -120,7 +120,7 @@ TEST_CASE("a number below the least one is not told and gives way to the last go
     CHECK(box.shown() == "12");
 }
 
-TEST_CASE("a megabyte of text or of digits dropped into a number box changes nothing")
+TEST_CASE("a megabyte of text or digits dropped into a number box changes nothing")
 {
     NumberBoxOnScreen box;
     box.edit.setValue(std::int32_t{12});
@@ -131,7 +131,7 @@ TEST_CASE("a megabyte of text or of digits dropped into a number box changes not
     }
 }
 
-TEST_CASE("an input method is offered digits")
+TEST_CASE("a number box requests digits from an input method")
 {
     NumberBoxOnScreen box;
     CHECK(box.edit.inputMethodQuery(Qt::ImEnabled).toBool());

@@ -1,4 +1,4 @@
-// The wallpaper's own reader beside the toolkit's, and what it leaves to the toolkit.
+// The reader for wallpapers, compared with the toolkit's own, and the files that it leaves to the toolkit.
 
 #include "adapters/qt/plain_bitmap.h"
 
@@ -13,7 +13,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// A picture whose every pixel differs from its neighbours.
+/// A picture with different pixels side by side.
 QImage chequered(int width, int height)
 {
     QImage picture(width, height, QImage::Format_RGB32);
@@ -22,7 +22,7 @@ QImage chequered(int width, int height)
     return picture;
 }
 
-/// As the toolkit writes it: 24 bits a pixel, not compressed.
+/// The bitmap file as the toolkit writes it: 24 bits per pixel, uncompressed.
 QByteArray bitmapOf(const QImage &picture)
 {
     QByteArray file;
@@ -34,7 +34,7 @@ QByteArray bitmapOf(const QImage &picture)
 
 } // namespace
 
-TEST_CASE("a bitmap has its pixels in their places at every filling of its rows")
+TEST_CASE("every pixel of a bitmap is in its place at every row padding")
 {
     for (int width = 1; width <= 5; ++width) {
         const QImage picture = chequered(width, 3);
@@ -43,14 +43,14 @@ TEST_CASE("a bitmap has its pixels in their places at every filling of its rows"
     }
 }
 
-TEST_CASE("the two pixels of a bitmap written by hand are red and blue, the lower row first")
+TEST_CASE("a hand-written bitmap of two pixels is read with its lower row first")
 {
     const std::array<unsigned char, 62> bytes{
-        'B', 'M', 62,  0, 0,   0, 0, 0, 0, 0, 54, 0, 0, 0,        // the file: its size, where the pixels begin
+        'B', 'M', 62,  0, 0,   0, 0, 0, 0, 0, 54, 0, 0, 0,        // the file: its size, offset of the pixels
         40,  0,   0,   0, 1,   0, 0, 0, 2, 0, 0,  0, 1, 0, 24, 0, // the picture: 1 by 2, one plane, 24 bits
         0,   0,   0,   0, 8,   0, 0, 0, 0, 0, 0,  0, 0, 0, 0,  0, // not compressed
         0,   0,   0,   0, 0,   0, 0, 0,                           // no colour table
-        0,   0,   255, 0, 255, 0, 0, 0,                           // blue, green, red and a filling, twice
+        0,   0,   255, 0, 255, 0, 0, 0,                           // blue, green, red and padding, twice
     };
     const QImage picture = plainBitmap(QByteArray(reinterpret_cast<const char *>(bytes.data()), bytes.size()));
     REQUIRE(picture.size() == QSize(1, 2));
@@ -58,12 +58,12 @@ TEST_CASE("the two pixels of a bitmap written by hand are red and blue, the lowe
     CHECK(picture.pixelColor(0, 0) == QColor(0, 0, 255));
 }
 
-TEST_CASE("what is no plain bitmap is left to the toolkit")
+TEST_CASE("files other than plain bitmaps are left to the toolkit")
 {
     const QByteArray good = bitmapOf(chequered(4, 3));
     struct Case {
         const char *what;
-        qsizetype place; ///< of the one byte that differs
+        qsizetype place; ///< of the changed byte
         char value;
     };
     constexpr Case kCases[] = {
@@ -86,7 +86,7 @@ TEST_CASE("what is no plain bitmap is left to the toolkit")
     }
 }
 
-TEST_CASE("a bitmap that was cut off is left to the toolkit at every length")
+TEST_CASE("a bitmap truncated at any length is left to the toolkit")
 {
     const QByteArray good = bitmapOf(chequered(3, 2));
     for (qsizetype length = 0; length < good.size(); ++length) {

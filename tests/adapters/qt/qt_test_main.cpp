@@ -1,4 +1,4 @@
-// A test program with windows: they stand on no screen unless QT_QPA_PLATFORM names one.
+// The main function of the test programs with windows. They are shown on no screen unless QT_QPA_PLATFORM names one.
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The screenless platform says at each window what it cannot do.
+/// The offscreen platform logs for each window what it does not support.
 void passOn(QtMsgType, const QMessageLogContext &, const QString &message)
 {
     if (!message.contains("This plugin does not support")) std::fprintf(stderr, "%s\n", message.toUtf8().constData());

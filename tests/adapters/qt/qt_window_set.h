@@ -14,7 +14,7 @@
 
 namespace inin::qt {
 
-/// One window of each form, shown, with nothing of the program running behind it.
+/// A shown window of each form, without a running program.
 struct WindowSet {
     WindowSet();
     WindowFixture world;
@@ -28,7 +28,7 @@ struct WindowSet {
     std::unique_ptr<FormWindow> print, patient, staff, wait, version, folder;
 };
 
-/// Each window of a fresh set.
+/// Calls `look` with each window of a new set.
 void forEachWindow(const std::function<void(FormWindow &window)> &look);
 
 } // namespace inin::qt

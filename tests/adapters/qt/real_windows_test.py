@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Works the built program on a display of its own, with a window manager, as a person does: by the keys of a keyboard.
+"""Tests the built program on its own display with a window manager, operated by the keyboard like a user.
 
 real_windows_test.py PRINTININ ININ-SITE [CASE...]
-Each case makes a demo site, starts the program on it, and looks at its transcript, at what the site's stand-ins noted, and
-at the exit code.
+Each case creates a demo site, starts the program on it, and checks its transcript, the notes of the site's stand-ins and
+the exit code.
 """
 import json
 import os
@@ -95,7 +95,7 @@ class Program:
             return []
 
     def told(self):
-        """What a person sees and starts, without the statements and the pointer."""
+        """The windows, boxes and starts, without the statements and the pointer."""
         return [event for event in self.events() if event["event"] not in ("sql", "connect", "disconnect", "pointer")]
 
     def wait_title(self, title):
@@ -103,7 +103,7 @@ class Program:
         time.sleep(0.2)
 
     def bring_back(self):
-        """The program's own window in front of what it has started; nothing to do where that shows no window."""
+        """Activates the program's own window after a start; nothing to do where the started program has no window."""
 
     def wait_told(self, **wanted):
         wait_for(f"{wanted} in {self.told()}",
@@ -122,7 +122,7 @@ def expect(what, seen, wanted):
 
 
 def make_site(folder):
-    """A demo site whose form tools only note how they were started: a preview of their own would take the keys."""
+    """A demo site whose form tools only record how they were started: a real preview would take the keys."""
     site = folder + "/demo"
     subprocess.run([ININ_SITE, "make", site, "--patients", "40", "--seed", "3"], check=True, stdout=subprocess.DEVNULL)
     for tool in ("wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"):
@@ -149,8 +149,8 @@ def window(name, shown):
 
 
 def work_a_print(program, display, look=lambda name: None):
-    """F2 without a target date is refused; with one patient picked F1 prints and F2 previews; F12 leaves. Returns the exit
-    code."""
+    """F2 without a target date is refused; with a picked patient F1 prints and F2 previews; F12 closes the screen. Returns
+    the exit code."""
     program.wait_title("委任状印刷")
     look("conditions")
     display.key("F2")
@@ -158,7 +158,7 @@ def work_a_print(program, display, look=lambda name: None):
     look("box")
     display.key("Return")
     program.wait_title("委任状印刷")
-    # Standard letter, no target, a patient, the month, agents, a period of its own.
+    # Standard letter, no target, a patient, the month, agents, an entered period.
     display.key("space", *["Tab"] * 5, "space", *["Tab"] * 4, "space")
     program.wait_title("利用者マスター検索")
     look("patients")
@@ -204,7 +204,7 @@ def print_of_one_patient(site, display):
 
 
 def closing_at_every_state(site, display):
-    """The window manager closes a box, a search window and the screen, each as a person expects."""
+    """The window manager closes a box, a search window and the screen, each without side effects."""
     with Program(display, site) as program:
         program.wait_title("委任状印刷")
         display.key("F2")
@@ -226,7 +226,7 @@ def closing_at_every_state(site, display):
 
 
 def a_second_start(site, display):
-    """Two of them run side by side, and each leaves by itself."""
+    """Two instances run at the same time, and each ends on its own."""
     with Program(display, site) as first:
         first.wait_title("委任状印刷")
         with Program(display, site) as second:
@@ -241,7 +241,7 @@ def a_second_start(site, display):
 
 
 def a_display_that_vanishes(site, _):
-    """The program ends with an error code and words, not by a signal."""
+    """The program ends with an error code and a message, not by a signal."""
     with Display() as doomed, Program(doomed, site) as program:
         program.wait_title("委任状印刷")
         doomed.server.kill()
@@ -259,7 +259,7 @@ def no_display_at_all(site, display):
 
 
 def no_japanese_font(site, display):
-    """Says which package is missing, and ends."""
+    """The program names the missing package and ends."""
     with tempfile.TemporaryDirectory() as empty:
         fonts = empty + "/fonts.conf"
         with open(fonts, "w", encoding="utf-8") as file:

@@ -19,7 +19,7 @@ using namespace script;
 
 namespace {
 constexpr int kRefusedClosings = 100;
-/// Milliseconds. With none, several turns run in one pass of a loop that has been told to quit in between.
+/// Milliseconds. With 0, several turns would run in one pass of a loop that was asked to quit in between.
 constexpr int kSoon = 1;
 } // namespace
 
@@ -39,7 +39,7 @@ void Robot::comeBackSoon()
     QTimer::singleShot(kSoon, &m_context, [this] { takeTurn(); });
 }
 
-/// There is always one turn to come, so that a loop inside the current turn is served too.
+/// The next turn is always scheduled first, so that a loop inside the current turn has turns, too.
 void Robot::takeTurn()
 {
     comeBackSoon();
@@ -47,7 +47,7 @@ void Robot::takeTurn()
     FormWindow *top = m_windows->topWindow();
     const bool isPlayed = top != nullptr && top->isVisible() && top->isModal();
     if (!isPlayed) return;
-    // Keys go to the window that is active; a person clicks it first.
+    // Keys are delivered to the active window; a user would click it first.
     if (!top->isActiveWindow()) return top->activateWindow();
     if (const std::string fault = mirrorFault(*top); !fault.empty()) m_errors += fault + "\n";
     playNext(*top);

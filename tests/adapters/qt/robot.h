@@ -16,23 +16,23 @@ namespace inin::qt {
 
 using namespace script;
 
-/// Sits in front of the windows and plays the commands one by one, each when the program waits for a person: it answers
-/// boxes, and gives every other command to the window on top.
+/// Plays the commands of a play on the windows, one each time the program waits for the user: it answers boxes and
+/// applies every other command to the topmost window.
 class Robot {
 public:
-    /// `written` tells how much of the transcript stands there.
+    /// `written` returns the current length of the transcript.
     Robot(const Play &play, Transcript &transcript, std::function<std::size_t()> written, Regional regional);
 
-    /// The windows in front of which it sits; it begins when the program first waits.
+    /// Attaches to the windows; the first command is played when the program first waits.
     void sitDown(QtWindows &windows);
-    /// The program works and only lets events run: a person's turn has not come.
+    /// The program is processing events during its work: no command may be played until goOn().
     void wait() { ++m_waiting; }
     void goOn() { --m_waiting; }
 
-    /// Where in the transcript each command was asked for.
+    /// The length of the transcript at the time of each command.
     [[nodiscard]] const std::vector<std::size_t> &marks() const { return m_marks; }
     [[nodiscard]] const std::string &errors() const { return m_errors; }
-    /// A window was still open after the last step, and the play has no step for the end of its commands.
+    /// True when a window was still open after the last step and the play has no step for the end of its commands.
     [[nodiscard]] bool ranOut() const { return m_ranOut; }
 
 private:
@@ -48,7 +48,7 @@ private:
     std::function<std::size_t()> m_written;
     Regional m_regional;
     QtWindows *m_windows = nullptr;
-    QObject m_context;      ///< what was planned is off when the robot is gone
+    QObject m_context;      ///< cancels the scheduled turn with the robot
     std::size_t m_next = 1; // step 0 is the start
     int m_waiting = 0;
     int m_closings = 0;

@@ -1,5 +1,5 @@
-// Writes a picture of each window of the program on a site: screenshots SITE FOLDER [--dark]. Every picture is of the real
-// windows over the site's database; the clock stands still, so that two runs give the same pictures.
+// Writes a screenshot of each window of the program on a site: screenshots SITE FOLDER [--dark]. The windows are the
+// real ones over the site's database; the clock is stopped, so that two runs give the same pictures.
 
 #include "adapters/native/native_platform.h"
 #include "adapters/qt/date_edit.h"
@@ -88,7 +88,7 @@ private:
 
     void take(QWidget &widget, const std::string &name)
     {
-        m_turns.hold([] { QTest::qWait(20); }); // what was planned to be painted is painted
+        m_turns.hold([] { QTest::qWait(20); }); // waits until everything scheduled is painted
         const std::string file = m_folder + "/" + name + m_ending + ".png";
         if (!savePicture(widget.grab(), toQt(file))) std::fprintf(stderr, "cannot write %s\n", file.c_str());
     }
@@ -113,7 +113,7 @@ private:
         calendar->close();
     }
     void chooseRow() { top().widgetAs<QTableView>("spr_1ran").selectRow(3); }
-    /// Nothing of the program opens it, and it would go away by itself.
+    /// Opens the notice, which the program itself does not open and which closes by itself.
     void takeNotice()
     {
         frmWaitMsg notice(m_app);
@@ -133,7 +133,7 @@ private:
         window.open();
         take(window, "version");
     }
-    /// Nothing of the program opens it.
+    /// Opens the folder selection, which the program itself does not open.
     void takeFolders()
     {
         FakeFolders folders;

@@ -1,4 +1,4 @@
-// The search windows over the conditions screen, worked by a person in a fake world.
+// The search windows over the conditions screen, operated by mouse and keys in a fake world.
 
 #include "adapters/qt/working_program.h"
 
@@ -18,13 +18,13 @@ void dropText(QWidget &target, const QString &text)
     QMimeData data;
     data.setText(text);
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    // Past the toolkit's own drag, which there is none of.
+    // Delivered to the target directly: the toolkit's own handling expects a drag in progress.
     static_cast<QObject &>(target).event(&drop);
 }
 
 } // namespace
 
-TEST_CASE("a patient is picked with the keyboard alone")
+TEST_CASE("a patient is picked by keyboard alone")
 {
     Program program;
     program.act([&] {
@@ -45,7 +45,7 @@ TEST_CASE("a patient is picked with the keyboard alone")
     CHECK(program.runs());
 }
 
-TEST_CASE("a search window that is closed by its control box leaves everybody chosen")
+TEST_CASE("a search window closed by its control box leaves the selection on all patients")
 {
     Program program;
     program.act([&] { program.click("btn_KanjaSelect"); });
@@ -55,13 +55,13 @@ TEST_CASE("a search window that is closed by its control box leaves everybody ch
     CHECK(program.handedBack());
 }
 
-TEST_CASE("a search window cannot be closed in the middle of its search")
+TEST_CASE("a search window cannot be closed during its search")
 {
     Program program;
     program.act([&] { program.click("btn_KanjaSelect"); });
     program.act([&] {
         FormWindow &search = program.top();
-        // It arrives where the search gives time to waiting events.
+        // The close event is delivered when the search processes waiting events.
         QApplication::postEvent(&search, new QCloseEvent);
         program.key(Qt::Key_F4);
         CHECK(search.isVisible());
@@ -71,7 +71,7 @@ TEST_CASE("a search window cannot be closed in the middle of its search")
     CHECK(program.runs());
 }
 
-TEST_CASE("a box over a search window waits for its answer, and the window stays")
+TEST_CASE("a box over a search window waits for its answer, and the window stays open")
 {
     Program program;
     std::string box;
@@ -86,7 +86,7 @@ TEST_CASE("a box over a search window waits for its answer, and the window stays
     CHECK(box == "有効な行が選択されていません！");
 }
 
-TEST_CASE("the return key walks the boxes of a search window, and does nothing on its buttons")
+TEST_CASE("the return key moves through the boxes of a search window and does nothing on its buttons")
 {
     Program program;
     std::vector<std::string> walked;
@@ -107,7 +107,7 @@ TEST_CASE("the return key walks the boxes of a search window, and does nothing o
     CHECK(path == "in_SiboriID txt_SiboriName txt_SiboriKana chkEndSejutsuha but_Read but_Read ");
 }
 
-TEST_CASE("a megabyte of text dropped into a text box is cut to what the box holds, and is what the search is given")
+TEST_CASE("a megabyte of text dropped into a text box is cut to the length of the box, and the search uses the rest")
 {
     Program program;
     program.act([&] { program.click("btn_KanjaSelect"); });

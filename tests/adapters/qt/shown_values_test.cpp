@@ -19,7 +19,7 @@
 using namespace inin;
 using namespace inin::qt;
 
-TEST_CASE("numbers of a grid stand at the right, texts at the left, and each header above its own")
+TEST_CASE("numbers of a grid are right-aligned, texts left-aligned, and headers like their columns")
 {
     Grid grid{"spr_1ran", {{"ID No.", Grid::CellKind::number, 8}, {"氏名", Grid::CellKind::text, 20}}};
     grid.setRowCount(1);
@@ -56,7 +56,7 @@ TEST_CASE("the calendar offers no day before the first era")
     edit.findChild<QFrame *>("calendar")->close();
 }
 
-TEST_CASE("letters of windows are at least as large as Japanese ones need, and as large as the desktop wants")
+TEST_CASE("the font size is the desktop's, but at least the minimum for Japanese text")
 {
     QFont font = QApplication::font();
     font.setPointSizeF(6);
@@ -65,7 +65,7 @@ TEST_CASE("letters of windows are at least as large as Japanese ones need, and a
     CHECK(japaneseFont(font).pointSizeF() == 14);
 }
 
-TEST_CASE("a picture that is stretched is smooth as soon as the windows have settled")
+TEST_CASE("a stretched picture is smooth once the windows have settled")
 {
     QPixmap picture(2, 1);
     picture.fill(Qt::black);
@@ -83,7 +83,7 @@ TEST_CASE("a picture that is stretched is smooth as soon as the windows have set
     CHECK(box.grab().toImage().pixelColor(3, 10).lightness() < 60);
 }
 
-TEST_CASE("a column of a grid is as wide as the letters that it is made for")
+TEST_CASE("a column of a grid is as wide as its number of characters")
 {
     EventEdge edge;
     Grid grid{"spr_1ran",

@@ -10,7 +10,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// Three buttons, of which the last comes first and the middle one is no stop.
+/// Three buttons: the last has the lowest TabIndex, the middle one has none.
 struct ThreeButtons : Form {
     ThreeButtons() : Form("frmButtons")
     {
@@ -25,7 +25,7 @@ struct ThreeButtons : Form {
 
 } // namespace
 
-TEST_CASE("the tab key goes by the numbers of the controls, and past those without one")
+TEST_CASE("the tab key follows the TabIndex of the controls and skips those without one")
 {
     WindowFixture fixture;
     ThreeButtons form;

@@ -10,7 +10,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// The application's palette for as long as a test lasts.
+/// Restores the application's palette at the end of a test.
 class PaletteForNow {
 public:
     explicit PaletteForNow(const QPalette &palette) : m_before(QApplication::palette()) { change(palette); }
@@ -29,7 +29,7 @@ private:
 
 } // namespace
 
-TEST_CASE("a desktop that turns dark while the program runs takes the coloured controls along, and back")
+TEST_CASE("coloured controls follow a desktop that turns dark and light again while the program runs")
 {
     const WindowSet set;
     const PaletteForNow now(QApplication::palette());

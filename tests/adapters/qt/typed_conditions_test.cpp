@@ -1,4 +1,4 @@
-// Whatever starts a run, it uses what the boxes show: a text that was just typed is read first.
+// A run uses what the boxes show, however it was started: text just typed is read first.
 
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/number_edit.h"
@@ -18,7 +18,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// How a person starts print or preview without leaving the box first.
+/// The ways to start print or preview without leaving the box first.
 enum class Start { menuByMouse, menuByKeys, functionKey, button, accessibility };
 constexpr Start kStarts[] = {Start::menuByMouse, Start::menuByKeys, Start::functionKey, Start::button,
                              Start::accessibility};
@@ -77,7 +77,7 @@ void typeInto(Program &program, const char *control, const char *text)
     QTest::keyClicks(&box, toQt(text));
 }
 
-/// Marks planned data of a target month.
+/// Selects planned data of a target month.
 void markConditions(Program &program)
 {
     for (const char *option :
@@ -85,7 +85,7 @@ void markConditions(Program &program)
         program.click(option);
 }
 
-/// True when a statement with both parts was opened.
+/// True when a statement that contains both texts was opened.
 bool wasAsked(const Program &program, const char *table, const char *value)
 {
     return std::ranges::any_of(program.world.database.log, [&](const std::string &line) {
@@ -93,7 +93,7 @@ bool wasAsked(const Program &program, const char *table, const char *value)
     });
 }
 
-/// Types into a box and starts a command, for each way to start it; then looks at the run and answers its boxes.
+/// Types into a box and starts a command in each possible way, then inspects the run and answers its boxes.
 void forEachStart(const char *control, const char *text, int boxes,
                   const std::function<void(Program &program, const std::string &firstBox)> &look)
 {
@@ -120,7 +120,7 @@ void forEachStart(const char *control, const char *text, int boxes,
 
 } // namespace
 
-TEST_CASE("a month typed into its box is the month of the run, whatever starts the run")
+TEST_CASE("a month typed into its box is used however the run is started")
 {
     forEachStart("imD_Out", "R8.12", 1, [](Program &program, const std::string &box) {
         CHECK(box == "該当する患者データがありません。");
@@ -129,7 +129,7 @@ TEST_CASE("a month typed into its box is the month of the run, whatever starts t
     });
 }
 
-TEST_CASE("an unreadable month refuses the run and stays as it was typed, whatever starts the run")
+TEST_CASE("an unreadable month refuses the run and stays as typed however the run is started")
 {
     forEachStart("imD_Out", "zz", 2, [](Program &program, const std::string &box) {
         CHECK(box == "(94)Null の使い方が不正です。");
@@ -140,7 +140,7 @@ TEST_CASE("an unreadable month refuses the run and stays as it was typed, whatev
     });
 }
 
-TEST_CASE("a patient number typed into its box is the number of the run, whatever starts the run")
+TEST_CASE("a patient number typed into its box is used however the run is started")
 {
     forEachStart("imNum_CD", "21", 1, [](Program &program, const std::string &) {
         CHECK(wasAsked(program, "SCHEDULE", "RIYOUSHA.nIDNo = 21"));
@@ -148,7 +148,7 @@ TEST_CASE("a patient number typed into its box is the number of the run, whateve
     });
 }
 
-TEST_CASE("letters typed into a number box are not taken, whatever starts the run")
+TEST_CASE("Latin letters typed into a number box are refused however the run is started")
 {
     forEachStart("imNum_CD", "zz", 1, [](Program &program, const std::string &) {
         CHECK(fromQt(dynamic_cast<QLineEdit &>(program.widget("imNum_CD")).text()).empty());
@@ -156,7 +156,7 @@ TEST_CASE("letters typed into a number box are not taken, whatever starts the ru
     });
 }
 
-TEST_CASE("a day below the first gives way to the last good one before an event of the form")
+TEST_CASE("a day below 1 is replaced by the last valid one before an event of the form")
 {
     Program program;
     program.act([&] {
@@ -171,7 +171,7 @@ TEST_CASE("a day below the first gives way to the last good one before an event 
     CHECK(program.runs());
 }
 
-TEST_CASE("a box's own menu, a menu that is closed again, and another program in front leave the typing as it is")
+TEST_CASE("a box's own menu, a cancelled menu and another program's window leave the typed text unread")
 {
     Program program;
     program.act([&] {

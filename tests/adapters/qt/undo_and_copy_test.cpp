@@ -21,7 +21,7 @@ using namespace inin::qt;
 
 namespace {
 
-/// A date box in the middle of a window; it holds 21 November 2026.
+/// A date box in the middle of a window; its date is 21 November 2026.
 struct DateOnWindow {
     DateOnWindow()
     {
@@ -46,7 +46,7 @@ struct DateOnWindow {
     DateEdit edit{"ggg ee年mm月dd日", [] { return dateOf({2026, 11, 20}); }, &window};
 };
 
-/// Where the tip of the box is seen.
+/// The position of the visible tool tip.
 QRect tipPlace()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -56,7 +56,7 @@ QRect tipPlace()
     return (*tip)->geometry();
 }
 
-/// A grid of a hidden number, a shown one and a name.
+/// A grid with a hidden number, a visible number and a name.
 struct GridOnWindow {
     GridOnWindow()
     {
@@ -80,7 +80,7 @@ struct GridOnWindow {
 
 } // namespace
 
-TEST_CASE("a date that was typed is undone to what was typed, and on to the date before")
+TEST_CASE("undo of a typed date restores the typed text, then the previous date")
 {
     DateOnWindow box;
     box.enter("R8.5.1");
@@ -104,7 +104,7 @@ TEST_CASE("a step of the arrow keys is undone as a whole")
     CHECK(box.edit.value() == Variant(dateOf({2026, 11, 21})));
 }
 
-TEST_CASE("a date that the program assigns cannot be undone")
+TEST_CASE("a date assigned by the program cannot be undone")
 {
     DateOnWindow box;
     box.enter("R8.5.1");
@@ -113,18 +113,18 @@ TEST_CASE("a date that the program assigns cannot be undone")
     CHECK(box.shown() == "令和 08年01月01日");
 }
 
-TEST_CASE("the sentence about a date stands below the box, and above it where the mouse rests below")
+TEST_CASE("the remark about a date is shown below the box, or above it if the mouse pointer is below")
 {
     DateOnWindow box;
     const QRect place(box.edit.mapToGlobal(QPoint(0, 0)), box.edit.size());
-    SUBCASE("the mouse is elsewhere")
+    SUBCASE("the mouse pointer is elsewhere")
     {
         QCursor::setPos(place.topLeft() - QPoint(0, 60));
         box.enter("abc");
         QApplication::processEvents();
         CHECK(tipPlace().top() > place.bottom());
     }
-    SUBCASE("the mouse rests below the box")
+    SUBCASE("the mouse pointer is below the box")
     {
         QCursor::setPos(place.bottomLeft() + QPoint(30, 25));
         box.enter("abc");
@@ -136,7 +136,7 @@ TEST_CASE("the sentence about a date stands below the box, and above it where th
     QToolTip::hideText();
 }
 
-TEST_CASE("the chosen row of a grid is copied as it is seen, its columns parted by tabs")
+TEST_CASE("the selected row of a grid is copied as displayed, its columns separated by tabs")
 {
     GridOnWindow screen;
     screen.grid.ActiveRow = 2;
@@ -145,7 +145,7 @@ TEST_CASE("the chosen row of a grid is copied as it is seen, its columns parted 
     CHECK(fromQt(QGuiApplication::clipboard()->text()) == "20\t利用者2");
 }
 
-TEST_CASE("copying from a grid without a chosen row leaves the clipboard alone")
+TEST_CASE("copying from a grid without a selected row leaves the clipboard unchanged")
 {
     GridOnWindow screen;
     QGuiApplication::clipboard()->setText(QStringLiteral("前"));
@@ -169,7 +169,7 @@ TEST_CASE("a question is answered by its two buttons, and Escape is Cancel")
     CHECK_FALSE(answered([](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); }));
 }
 
-TEST_CASE("the words of a message box are copied by Ctrl+C")
+TEST_CASE("Ctrl+C copies the text of a message box")
 {
     EventEdge edge;
     QtMessageBoxes boxes(edge);

@@ -29,7 +29,7 @@ using namespace sqlite;
 
 namespace {
 
-/// Notes each window that comes up or goes away, as the toolkit tells of it.
+/// Records each window that the toolkit shows or hides.
 class WindowWatch : public QObject {
 public:
     WindowWatch() { QApplication::instance()->installEventFilter(this); }
@@ -49,7 +49,7 @@ private:
     std::string m_seen;
 };
 
-/// The windows that a transcript tells of, in the watch's words.
+/// The windows recorded in a transcript, in the format of WindowWatch.
 std::string toldWindows(const std::string &transcript)
 {
     std::string told;
@@ -62,7 +62,7 @@ std::string toldWindows(const std::string &transcript)
     return told;
 }
 
-/// Holds the robot back while the program only lets waiting events run.
+/// Pauses the robot while the program only processes waiting events.
 class PatientWindows : public QtWindows {
 public:
     PatientWindows(Files &files, ViewServices services, Robot &robot)
@@ -85,7 +85,7 @@ private:
     throw std::logic_error("the end statement went past the play");
 }
 
-/// The program with real windows over the play's site.
+/// The program with real windows on the play's site.
 class Stage {
 public:
     Stage(const Play &play, const TemporarySite &site, std::ostringstream &text)
@@ -113,7 +113,7 @@ public:
     } catch (const ScriptEnded &) {
         return kPlayedToTheEnd;
     } catch (const UnhandledError &) {
-        return kPlayBroke; // told where it ended the windows
+        return kPlayBroke; // reported where it ended the windows
     }
 
     [[nodiscard]] const Robot &robot() const { return m_robot; }
@@ -150,7 +150,7 @@ std::vector<std::vector<std::string>> stepsOf(const std::string &transcript, std
 
 PlayRecord WindowDriver::run(const Play &play, const TemporarySite &site)
 {
-    const CurrentFolder keep; // the program makes its own current
+    const CurrentFolder keep; // the program changes the current folder
     std::ostringstream text;
     PlayRecord record;
     {

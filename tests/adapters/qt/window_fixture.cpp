@@ -15,10 +15,10 @@
 namespace inin::qt {
 
 namespace {
-/// Milliseconds. With none, several turns run in one pass of a loop that has been told to quit in between.
+/// Milliseconds. With 0, several turns would run in one pass of a loop that was asked to quit in between.
 constexpr int kSoon = 1;
 
-/// The application that the test program's main has made.
+/// The application created by the main function of the test program.
 WindowApplication &testApplication()
 {
     return dynamic_cast<WindowApplication &>(*QCoreApplication::instance());
@@ -47,7 +47,7 @@ void Turns::then(std::function<void()> act)
     plan();
 }
 
-/// The next act is planned before the current one runs, so that a loop inside it is served.
+/// The next act is scheduled before the current one runs, so that a loop inside it has turns, too.
 void Turns::plan()
 {
     if (m_isPlanned || m_acts.empty()) return;
@@ -78,14 +78,13 @@ void Turns::hold(const std::function<void()> &work)
     --m_held;
 }
 
-/// A window that has just been closed is still on its way out, and keys go to the window that is active: a person clicks
-/// it first.
+/// A closed window may not be gone yet. Keys are delivered to the active window, which a user would click first.
 bool TurnWindows::isReady() const
 {
     QWidget *box = QApplication::activeModalWidget();
     QWidget *wanted = qobject_cast<QMessageBox *>(box) != nullptr ? box : topWindow();
     if (wanted == nullptr) return true;
-    // In front of a window that does not wait for a person, the program is still at work.
+    // While a modeless window is topmost, the program is still working.
     if (!wanted->isVisible() || !wanted->isModal()) return false;
     if (!wanted->isActiveWindow()) wanted->activateWindow();
     return wanted->isActiveWindow();

@@ -14,16 +14,16 @@
 
 namespace inin::qt {
 
-/// Acts that are run one by one, each in a turn of its own of whatever event loop runs then.
+/// Runs acts one by one, each in its own turn of the current event loop.
 class Turns {
 public:
     void then(std::function<void()> act);
     [[nodiscard]] bool isOver() const { return m_acts.empty(); }
-    /// Lets waiting events run without a turn among them: the program, or an act, is still at work.
+    /// Processes waiting events without running an act: the program, or an act, is still working.
     void hold(const std::function<void()> &work);
-    /// What an act failed with: nothing may be thrown through the toolkit's loops. Empty when all went well.
+    /// The error of a failed act, empty for none. Acts must not throw through the toolkit's loops.
     [[nodiscard]] const std::string &failure() const { return m_failure; }
-    /// Asked before each turn; a turn that is not due yet comes again.
+    /// Called before each turn; a turn that is not due yet is tried again.
     std::function<bool()> isDue;
 
 private:
@@ -36,7 +36,7 @@ private:
     std::string m_failure;
 };
 
-/// Real windows that give time to events, but no turn to a person.
+/// Real windows that process waiting events without running an act.
 class TurnWindows : public QtWindows {
 public:
     TurnWindows(Files &files, ViewServices services, Turns &turns)
@@ -71,7 +71,7 @@ struct WindowFixture {
                      world.locale, world.automation}};
 };
 
-/// Clicks the OK of the box on top, which must be there; gives back its text.
+/// Clicks OK in the topmost box, which must exist, and returns its text.
 std::string answerTopBox();
 
 } // namespace inin::qt

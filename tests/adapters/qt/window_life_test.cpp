@@ -1,4 +1,4 @@
-// The conditions screen and the boxes, worked by a person in a fake world.
+// The conditions screen and the boxes, operated by mouse and keys in a fake world.
 
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/picture_box.h"
@@ -28,7 +28,7 @@
 using namespace inin;
 using namespace inin::qt;
 
-TEST_CASE("every way out of the screen hands back to the menu program")
+TEST_CASE("every way to leave the screen starts the menu program")
 {
     Program program;
     SUBCASE("F12")
@@ -51,7 +51,7 @@ TEST_CASE("every way out of the screen hands back to the menu program")
     CHECK(program.handedBack());
 }
 
-TEST_CASE("the tab key walks the screen from the top, and from its end to its beginning")
+TEST_CASE("the tab key moves through the screen from the top, and from its end to its beginning")
 {
     Program program;
     std::vector<std::string> walked;
@@ -72,12 +72,12 @@ TEST_CASE("the tab key walks the screen from the top, and from its end to its be
     CHECK(program.handedBack());
 }
 
-TEST_CASE("on a screen too low for the form the tab key brings the commands into sight whole")
+TEST_CASE("on a low screen the tab key scrolls the whole command button into view")
 {
     Program program;
     program.act([&] {
         const QWidget &last = program.widget("btnPrint(6)");
-        program.top().setFixedHeight(600); // as a low screen has room for
+        program.top().setFixedHeight(600); // the height of a low screen
         CHECK(last.visibleRegion().isEmpty());
         program.widget("imSyomei").setFocus();
         for (int stop = 0; stop < 3; ++stop) program.key(Qt::Key_Tab);
@@ -87,7 +87,7 @@ TEST_CASE("on a screen too low for the form the tab key brings the commands into
     CHECK(program.runs());
 }
 
-TEST_CASE("the arrow keys mark the options of a frame, the hidden one never")
+TEST_CASE("the arrow keys select the options of a frame except the hidden one")
 {
     Program program;
     program.act([&] {
@@ -102,7 +102,7 @@ TEST_CASE("the arrow keys mark the options of a frame, the hidden one never")
     CHECK(program.runs());
 }
 
-TEST_CASE("a click on a marked option leaves it marked")
+TEST_CASE("a click on a selected option leaves it selected")
 {
     Program program;
     program.act([&] {
@@ -114,7 +114,7 @@ TEST_CASE("a click on a marked option leaves it marked")
     CHECK(program.runs());
 }
 
-TEST_CASE("the space bar and the return key press the button in focus")
+TEST_CASE("the space bar and the return key press the button with the focus")
 {
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
         Program program;
@@ -143,7 +143,7 @@ TEST_CASE("Alt and the access key open a menu")
     CHECK(program.runs());
 }
 
-TEST_CASE("escape closes a menu and leads back to the control that had the focus")
+TEST_CASE("escape closes a menu and returns the focus to the control that had it")
 {
     Program program;
     program.act([&] {
@@ -160,7 +160,7 @@ TEST_CASE("escape closes a menu and leads back to the control that had the focus
     CHECK(program.runs());
 }
 
-TEST_CASE("a date that stands typed in its box counts for a print by the function key")
+TEST_CASE("a date typed into its box counts for a print by the function key")
 {
     Program program;
     program.act([&] {
@@ -175,7 +175,7 @@ TEST_CASE("a date that stands typed in its box counts for a print by the functio
     CHECK(program.form.imD_Out.Value.get() == Variant(DateSerial(2019, 4, 1)));
 }
 
-TEST_CASE("a print with an unreadable target month is refused, and the text stands as it was typed")
+TEST_CASE("a print with an unreadable target month is refused, and the text stays as typed")
 {
     Program program;
     std::string box;
@@ -195,7 +195,7 @@ TEST_CASE("a print with an unreadable target month is refused, and the text stan
     CHECK(box == "(94)Null の使い方が不正です。");
 }
 
-TEST_CASE("a thousand quick clicks on print and preview are a thousand answers, one after the other")
+TEST_CASE("a thousand quick clicks on print and preview give a thousand runs, one after the other")
 {
     constexpr int kClicks = 1000;
     Program program;
@@ -203,7 +203,7 @@ TEST_CASE("a thousand quick clicks on print and preview are a thousand answers, 
     int deepest = 0;
     int running = 0;
     program.form.onMousePointer = [&](std::int16_t kind) {
-        // The pointer is set back twice at the end of a run.
+        // The pointer is reset twice at the end of a run.
         running = kind == kPointerHourglass ? running + 1 : 0;
         deepest = std::max(deepest, running);
     };
@@ -224,7 +224,7 @@ TEST_CASE("a thousand quick clicks on print and preview are a thousand answers, 
     CHECK(deepest == 1);
 }
 
-TEST_CASE("the hourglass stands over all windows, and makes way for a box")
+TEST_CASE("the hourglass is shown over all windows and hidden during a box")
 {
     WindowFixture fixture;
     setPointerShape(kPointerHourglass);
@@ -242,7 +242,7 @@ TEST_CASE("the hourglass stands over all windows, and makes way for a box")
     CHECK(QGuiApplication::overrideCursor() == nullptr);
 }
 
-TEST_CASE("a box shows its text as it is, its lines as lines, and the application's title without one of its own")
+TEST_CASE("a box shows its text literally with its line breaks, and the application's title if it has none of its own")
 {
     WindowFixture fixture;
     std::string text, title;
@@ -263,13 +263,13 @@ TEST_CASE("a box shows its text as it is, its lines as lines, and the applicatio
 
 namespace {
 
-/// A form of one picture.
+/// A form with one picture.
 struct OnePicture : Form {
     OnePicture() : Form("frmPicture") { add(image); }
     ImageBox image{"ImgWall"};
 };
 
-/// True when the window of a form with this picture shows something.
+/// True when the window of a form with this picture shows it.
 bool isPainted(WindowFixture &fixture, const std::string &path)
 {
     OnePicture form;
@@ -280,7 +280,7 @@ bool isPainted(WindowFixture &fixture, const std::string &path)
 
 } // namespace
 
-TEST_CASE("a picture of a known kind that cannot be painted leaves its place bare, a file that is none is refused")
+TEST_CASE("a picture with a known signature that cannot be decoded is left blank, a file without one is refused")
 {
     const QTemporaryDir folder;
     const std::string path = fromQt(folder.filePath("wall.bmp"));
@@ -297,12 +297,12 @@ TEST_CASE("a picture of a known kind that cannot be painted leaves its place bar
 
     for (const char *format : {"bmp", "png", "gif", "jpg", "ico"}) {
         CAPTURE(format);
-        if (!QPixmap(16, 16).save(toQt(path), format)) continue; // GIF is read only
+        if (!QPixmap(16, 16).save(toQt(path), format)) continue; // the toolkit cannot write GIF
         CHECK(isPainted(fixture, path));
     }
 }
 
-TEST_CASE("the screen opens over a wallpaper that cannot be painted")
+TEST_CASE("the screen opens over a wallpaper that cannot be decoded")
 {
     Program program;
     program.world.files.putText("C:\\SUITE\\Massage.ini", "SYSTEM_SYS=\\SYS\nSYSTEM_TMP=\\TMP\nSYSTEM_ICON=\\ICON\n"
@@ -316,7 +316,7 @@ TEST_CASE("the screen opens over a wallpaper that cannot be painted")
     CHECK(program.handedBack());
 }
 
-TEST_CASE("a notice goes away by itself")
+TEST_CASE("a notice closes by itself")
 {
     WindowFixture fixture;
     frmWaitMsg notice(fixture.app);

@@ -13,14 +13,14 @@ using namespace inin::qt;
 
 namespace {
 
-/// A play of commands that nobody could give by hand is not for the windows.
+/// False for a play with commands that a user could not give by hand.
 bool isForWindows(const Play &play)
 {
     constexpr int kBadCommand = 2;
     return play.exitCode != kBadCommand;
 }
 
-/// Every event with the site's folder taken out: the two plays have one each.
+/// Every event without the site's folder, which differs between the two plays.
 std::string told(const PlayRecord &record, const TemporarySite &site)
 {
     std::string all;
@@ -33,7 +33,7 @@ std::string told(const PlayRecord &record, const TemporarySite &site)
 
 } // namespace
 
-TEST_CASE("the real windows tell the same story as the screen without a window")
+TEST_CASE("the real windows and the script adapter write the same transcript")
 {
     for (const std::string &file : playFiles()) {
         const Play play = readPlay(file);
@@ -52,7 +52,7 @@ TEST_CASE("the real windows tell the same story as the screen without a window")
     }
 }
 
-TEST_CASE("at least ten plays are driven through the windows, the search windows among them")
+TEST_CASE("at least ten plays are driven through the windows, some with the search windows")
 {
     const std::vector<std::string> files = playFiles();
     const auto opens = [](const std::string &form) {

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Works PrintInin.exe under Wine as real_windows_test.py works the program of this system, and holds the two against each
-other: what happened, the letters, the command script, the settings.
+"""Operates PrintInin.exe under Wine as real_windows_test.py operates the program on this system, and compares the two:
+events, letters, command script, settings.
 
 wine_windows_test.py PRINTININ ININ-SITE ZIP PICTURES [CASE...]
-PRINTININ and ININ-SITE are this system's programs; ZIP is what an installer unpacks, PICTURES the folder for screenshots.
-WINEPREFIX names the Windows. scripts/test-windows --windows calls this.
+PRINTININ and ININ-SITE are this system's programs; ZIP is the archive that an installer unpacks, PICTURES the folder for
+screenshots. WINEPREFIX selects the Windows installation. scripts/test-windows --windows calls this.
 """
 import contextlib
 import os
@@ -18,23 +18,23 @@ import zipfile
 import real_windows_test as real
 from real_windows_test import Display, Failed, Program, expect, noted, wait_for, window, work_a_print
 
-# What a Japanese Windows is called by its own; a name with a blank and letters that only its code page can hold.
+# A folder name as on a Japanese Windows, with a blank and characters that only its code page has.
 FOLDER = "委任状 デモ"
 FORM_TOOLS = ("wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe")
-# The settings stand in the words of the program, so both systems must write them alike.
-# Of the 1280 points of the display, less what frames may take.
+# The 1280 pixels of the display, less the window frames.
 FULL_WIDTH = 1260
+# The settings contain the program's own texts, so both systems must write them alike.
 COMPARED = ("TMP/委任状.csv", "TMP/WfdCom.dat", "Massage.ini", "adodb.ini", "Sorvin.ver", "DATA/印刷設定.ini")
 
 
 def wine(*arguments, **options):
-    """A program without windows, in a Wine of its own."""
+    """Runs a program without windows in a separate Wine session."""
     subprocess.run(["wine", *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True, **options)
     stop_wine()
 
 
 class WineProgram(Program):
-    """PrintInin.exe of a folder, started there as the menu program does: no argument, its own folder."""
+    """PrintInin.exe of a folder, started there as by the menu program: without arguments, in its own folder."""
 
     def start(self, environment):
         environment = {name: text for name, text in environment.items() if not name.startswith("QT_")}
@@ -48,7 +48,7 @@ class WineProgram(Program):
         super().__exit__(kind, *rest)
 
     def bring_back(self):
-        """What was started has had time to read its script, and may stand in front: titles tell the windows apart."""
+        """Gives the started program time to read its script. It may be in the foreground: titles identify the windows."""
         time.sleep(1.0)
         if self.display.active_title() == "委任状印刷":
             return
@@ -59,7 +59,7 @@ class WineProgram(Program):
 
 
 class WineDisplay(Display):
-    """Wine keeps to the display on which its desktop came up, or to none, so each display has a Wine of its own."""
+    """A display with its own Wine: Wine stays on the display of its desktop, or on none."""
 
     def __enter__(self):
         stop_wine()
@@ -87,7 +87,7 @@ def windows_path(path):
 
 
 def unpack(folder):
-    """A demo site with the programs in it, as the guide tells an installer."""
+    """A demo site with the programs in it, as in the installation guide."""
     with zipfile.ZipFile(ZIP) as packed:
         packed.extractall(folder)
     wine("inin-site.exe", "make", ".", "--force", "--patients", "40", "--seed", "3", cwd=folder)
@@ -97,21 +97,21 @@ def make_site(_):
     shutil.rmtree(drive_c() + "/" + FOLDER, ignore_errors=True)
     site = drive_c() + "/" + FOLDER
     os.makedirs(site)
-    # What a Japanese Windows has from the start. Wine forgets it when it was run in another language.
+    # A Japanese Windows has this setting from the start. Wine loses it when it has run in another language.
     wine("reg", "add", r"HKCU\Control Panel\International", "/v", "sShortDate", "/d", "yyyy/MM/dd", "/f")
     unpack(site)
     return site
 
 
 def without_viewer(site):
-    """The form tools copy the command script beside themselves, and show no window that takes the keys."""
+    """Makes the form tools only copy the command script, without a window that would take the keys."""
     note = site + "/formviewer.path"
     if os.path.exists(note):
         os.remove(note)
 
 
 class Pictures:
-    """Takes a picture of the whole screen at a stage of a play."""
+    """Takes screenshots of the whole screen at the stages of a case."""
 
     def __init__(self, display, case):
         self.display = display
@@ -125,7 +125,7 @@ class Pictures:
 
 
 def bytes_of(path, folder=None):
-    """A file's bytes, without the application folder where one is given; None without a file."""
+    """A file's bytes, with $APP for the application folder if one is passed; None without a file."""
     try:
         with open(path, "rb") as file:
             return file.read().replace((folder or "\0").encode("cp932"), b"$APP")
@@ -138,7 +138,7 @@ def noted_bytes(path):
 
 
 def neutral(events, *folders):
-    """The events without the application folder, the one thing in which the systems may differ."""
+    """The events with $APP for the application folder, the only permitted difference between the systems."""
     def told(value):
         if isinstance(value, str):
             for folder in folders:
@@ -148,7 +148,7 @@ def neutral(events, *folders):
 
 
 def the_same_as_here(site, display):
-    """One play on both systems: every event, statements included, and every file that is written."""
+    """The same operation on both systems gives the same events, statements included, and the same files."""
     without_viewer(site)
     with WineProgram(display, site) as program:
         expect("exit code", work_a_print(program, display, Pictures(display, "print")), 0)
@@ -176,8 +176,8 @@ def the_same_as_here(site, display):
 
 
 def the_preview_is_the_form_viewer(site, display):
-    """With the form viewer in the site's folder the form tools' names start it; it stands in front over the whole screen,
-    as a preview is started, and goes on by itself."""
+    """If the form viewer is in the site's folder, it is started under the form tools' names; as a preview it covers the
+    whole screen and outlives the program."""
     take = Pictures(display, "viewer")
 
     def look(stage):
@@ -196,7 +196,7 @@ def the_preview_is_the_form_viewer(site, display):
 
 
 def every_other_window(site, display):
-    """Opened to be looked at: menus, the calendar, the search for staff, the version."""
+    """Opens the menus, the calendar, the search for staff and the version for screenshots."""
     look = Pictures(display, "other")
 
     def click(x, y, button="1"):
@@ -216,7 +216,7 @@ def every_other_window(site, display):
         click(147, 278)
         program.wait_told(event="window", name="frm施術者検索", shown=True)
         look("staff")
-        # Not by F12: Wine loses the key's release with the window, and takes the next one for a key that is held down.
+        # Not by F12: Wine loses the key's release with the window and takes the next F12 for a key held down.
         display.key("alt+F4")
         program.wait_title("委任状印刷")
         click(95, 8)
@@ -227,7 +227,7 @@ def every_other_window(site, display):
 
 
 def through_boxes(program, display, *texts):
-    """Each text is told in a box, which a person closes; what else is told comes in between."""
+    """Expects a box with each text and closes it; other events may occur in between."""
     seen = 0
     for text in texts:
         def told():
@@ -248,7 +248,7 @@ def leave(program, display):
 
 
 def a_path_of_more_than_300_characters(programs, display):
-    """The site lies deep; the programs lie elsewhere, for the system starts none from there by a click."""
+    """The site has a long path; the programs are elsewhere, because the system starts none from a path that long."""
     without_viewer(programs)
     with deep_site() as site:
         with WineProgram(display, programs, ININ_APP_DIR=windows_path(site)) as program:
@@ -277,7 +277,7 @@ def deep_site():
 
 
 def a_code_page_that_is_not_932(site, display):
-    """The settings cannot be read by their Japanese names. That is told, and the program goes on."""
+    """The Japanese names in the settings cannot be read. The program reports it and continues."""
     missing = "でエラー\r\n接続文字列取得できません。"
     with WineProgram(display, site, LC_ALL="C.UTF-8") as program:
         through_boxes(program, display, "loadInitCorp " + missing, "Form_Load() " + missing)
@@ -285,7 +285,7 @@ def a_code_page_that_is_not_932(site, display):
 
 
 def a_folder_that_cannot_be_written(site, display):
-    """Refused as on a folder that is read-only, which a superuser under Wine may write: the print ends the program."""
+    """Refused like a read-only folder, which a superuser under Wine may write to: the print ends the program."""
     without_viewer(site)
     shutil.rmtree(site + "/TMP")
     look = Pictures(display, "unwritable")
@@ -306,11 +306,11 @@ def a_folder_that_cannot_be_written(site, display):
 
 
 class Ended(Exception):
-    """The play is over before its end."""
+    """The case is over before the end of its steps."""
 
 
 def a_driver_that_is_missing(site, display):
-    """Told with each connection, and the program goes on."""
+    """The error is reported at each connection, and the program continues."""
     with open(site + "/adodb.ini", "w", encoding="cp932", newline="\r\n") as file:
         file.write("[接続情報]\n接続情報=Provider=SQLOLEDB;Data Source=srv;Initial Catalog=db;User ID=a;Password=b\n")
     missing = "でエラー\r\n(-2147467259)no ODBC driver for SQL Server is installed"

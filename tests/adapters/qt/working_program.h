@@ -16,11 +16,11 @@
 
 namespace inin::qt {
 
-/// The program from its start; acts come one by one once the conditions screen waits for a person.
+/// The program from its start; acts run one by one once the conditions screen waits for the user.
 struct Program : WindowFixture {
     Program()
     {
-        // The windows look at real pictures only, and the fake world has none.
+        // The windows read only real picture files, and the fake world has none.
         world.files.putText("C:\\SUITE\\Massage.ini",
                             "SYSTEM_SYS=\\SYS\nSYSTEM_TMP=\\TMP\nSYSTEM_ICON=\\ICON\n"
                             "SYSTEM_DATA=\\DATA\nWALLPAPER=none.bmp\nBASEID=0102\n終了患者施術期間=3\n");
@@ -40,10 +40,10 @@ struct Program : WindowFixture {
         result.rows = std::move(rows);
         world.database.resultsByText.emplace_back(part, std::move(result));
     }
-    /// True when the program ended by its own end statement.
+    /// Runs the program; true when it ended by its own end statement.
     [[nodiscard]] bool runs()
     {
-        // Whatever a test has left open is closed, so that a test that fails does not hang.
+        // Closes all windows that a test left open, so that a failing test does not hang.
         for (int closings = 0; closings < 3; ++closings)
             turns.then([] {
                 if (QApplication::activeModalWidget() != nullptr) QApplication::activeModalWidget()->close();

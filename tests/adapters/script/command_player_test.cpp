@@ -9,7 +9,7 @@ using Log = std::vector<std::string>;
 
 namespace {
 
-/// The form's events between its showing and its closing.
+/// The form's log between its activation and its closing.
 Log playedOn(StageForm &form, const std::string &commands)
 {
     static_cast<void>(playOn(form, commands));
@@ -37,7 +37,7 @@ std::string complaint(const std::string &command)
 
 } // namespace
 
-TEST_CASE("a click marks an option and fires its event once")
+TEST_CASE("a click selects an option and raises its event once")
 {
     StageForm form;
     CHECK(playedOn(form, "{\"click\":\"opt(1)\"}\n{\"click\":\"opt(1)\"}\n") == Log{"opt 1"});
@@ -59,14 +59,14 @@ TEST_CASE("a click presses a button and a menu entry")
     CHECK(playedOn(form, "{\"click\":\"btn\"}\n{\"click\":\"mnu\"}\n") == Log{"btn", "mnu"});
 }
 
-TEST_CASE("a click on a menu without a rule does nothing")
+TEST_CASE("a click on a menu entry without an action does nothing")
 {
     StageForm form;
     form.mnu.onClick = nullptr;
     CHECK(playedOn(form, R"({"click":"mnu"})").empty());
 }
 
-TEST_CASE("a date box takes a date's text and null")
+TEST_CASE("a date box accepts the text of a date, and null")
 {
     StageForm form;
     CHECK(playedOn(form, R"({"set":"dat","to":"2024/05/01"})") == Log{"dat"});
@@ -75,7 +75,7 @@ TEST_CASE("a date box takes a date's text and null")
     CHECK(form.dat.Value.get().isNull());
 }
 
-TEST_CASE("a number box takes a whole number and null")
+TEST_CASE("a number box accepts a whole number, and null")
 {
     StageForm form;
     static_cast<void>(playOn(form, R"({"set":"num","to":31})"));
@@ -84,7 +84,7 @@ TEST_CASE("a number box takes a whole number and null")
     CHECK(form.num.Value.get().isNull());
 }
 
-TEST_CASE("a number beyond the box's limits is refused to a person and taken by force")
+TEST_CASE("a number outside the box's limits is refused to a user and accepted with force")
 {
     StageForm form;
     CHECK(playOn(form, "{\"set\":\"num\",\"to\":0}\n{\"set\":\"num\",\"to\":32}\n") ==
@@ -94,7 +94,7 @@ TEST_CASE("a number beyond the box's limits is refused to a person and taken by 
     CHECK(form.num.Value.get() == Variant(std::int32_t{32}));
 }
 
-TEST_CASE("a text box takes a text")
+TEST_CASE("a text box accepts a text")
 {
     StageForm form;
     static_cast<void>(playOn(form, R"({"set":"txt","to":"髙橋"})"));
@@ -116,7 +116,7 @@ TEST_CASE("a check box is set by 0, 1, true and false")
     }
 }
 
-TEST_CASE("an option is set by true, and unmarked by force only")
+TEST_CASE("an option is set by true and cleared only with force")
 {
     StageForm form;
     CHECK(playedOn(form, R"x({"set":"opt(0)","to":true})x") == Log{"opt 0"});
@@ -125,14 +125,14 @@ TEST_CASE("an option is set by true, and unmarked by force only")
     CHECK(form.opt.marked() == -1);
 }
 
-TEST_CASE("a list's entry is chosen by its index")
+TEST_CASE("a list entry is selected by its index")
 {
     StageForm form;
     CHECK(playedOn(form, R"({"choose":"lst","to":1})") == Log{"lst"});
     CHECK(form.lst.ListIndex == 1);
 }
 
-TEST_CASE("choosing the entry that is chosen already fires its click, and by force fires nothing")
+TEST_CASE("selecting the selected entry again raises its click event, with force it raises none")
 {
     const std::string choose = "{\"choose\":\"lst\",\"to\":1}\n";
     const std::string force = "{\"choose\":\"lst\",\"to\":1,\"force\":true}\n";
@@ -141,7 +141,7 @@ TEST_CASE("choosing the entry that is chosen already fires its click, and by for
     CHECK(playedOn(once, choose + force) == Log{"lst"});
 }
 
-TEST_CASE("an index that the list lacks is refused to a person")
+TEST_CASE("an index outside the list is refused to a user")
 {
     StageForm form;
     form.lst.ListIndex = 1;
@@ -150,7 +150,7 @@ TEST_CASE("an index that the list lacks is refused to a person")
     CHECK(form.lst.ListIndex == 1);
 }
 
-TEST_CASE("by force a list can be left without a choice")
+TEST_CASE("with force the selection of a list can be cleared")
 {
     StageForm form;
     form.lst.ListIndex = 1;
@@ -158,25 +158,25 @@ TEST_CASE("by force a list can be left without a choice")
     CHECK(form.lst.ListIndex == -1);
 }
 
-TEST_CASE("an index that the list lacks, by force, is the run-time error that code would get")
+TEST_CASE("with force an index outside the list raises the same run-time error as the program's own code")
 {
     StageForm form;
     CHECK_THROWS_AS(static_cast<void>(playOn(form, R"({"choose":"lst","to":2,"force":true})")), UnhandledError);
 }
 
-TEST_CASE("a key goes to its control")
+TEST_CASE("a key is sent to its control")
 {
     StageForm form;
     CHECK(playedOn(form, R"({"key":"num","code":13})") == Log{"key 13"});
 }
 
-TEST_CASE("a key of the window presses a menu's short-cut")
+TEST_CASE("a key without a control triggers a menu's short-cut")
 {
     StageForm form;
     CHECK(playedOn(form, R"({"key":"","code":112})") == Log{"mnu"});
 }
 
-TEST_CASE("nothing happens to a disabled control, and it is told")
+TEST_CASE("a command for a disabled control does nothing and is recorded as refused")
 {
     for (const std::string command : {R"({"click":"btn"})", R"({"set":"btn","to":1})", R"({"choose":"btn","to":1})",
                                       R"({"key":"btn","code":13})"}) {
@@ -188,7 +188,7 @@ TEST_CASE("nothing happens to a disabled control, and it is told")
     }
 }
 
-TEST_CASE("nothing happens to a hidden control, nor to one in a disabled frame")
+TEST_CASE("a command for a hidden control or one in a disabled frame does nothing")
 {
     StageForm hidden;
     hidden.chk.Visible = false;
@@ -201,7 +201,7 @@ TEST_CASE("nothing happens to a hidden control, nor to one in a disabled frame")
     CHECK(framed.opt.marked() == -1);
 }
 
-TEST_CASE("force acts on a control that a person cannot reach")
+TEST_CASE("force acts on a control that a user cannot reach")
 {
     StageForm form;
     form.fraBox.Enabled = false;
@@ -211,7 +211,7 @@ TEST_CASE("force acts on a control that a person cannot reach")
                          "{\"key\":\"num\",\"code\":13,\"force\":true}\n") == Log{"opt 0", "btn", "key 13"});
 }
 
-TEST_CASE("a command that cannot be played names its line and the reason")
+TEST_CASE("the error of a command that cannot be played names its line and the reason")
 {
     struct Row {
         std::string line;

@@ -63,14 +63,14 @@ TEST_CASE("each command is read with its values")
     CHECK(readOne(R"({"state":true})").kind == CommandKind::state);
 }
 
-TEST_CASE("blank lines, comments, a byte order mark and CR at the line's end are no commands")
+TEST_CASE("blank lines, comments, a byte order mark and a CR at the end of a line are skipped")
 {
     const ScriptCommand command = readOne("\xEF\xBB\xBF# a comment\r\n\r\n \t\n{\"state\":true}\r\n");
     CHECK(command.kind == CommandKind::state);
     CHECK(command.line == 4);
 }
 
-TEST_CASE("the end of the input is no command")
+TEST_CASE("the end of the input gives no command")
 {
     std::istringstream in("# nothing\n");
     CHECK_FALSE(CommandReader(in).next().has_value());
@@ -84,7 +84,7 @@ TEST_CASE("a last line without a line end is read")
     CHECK(reader.next()->kind == CommandKind::close);
 }
 
-TEST_CASE("a line that is no command is refused with its number and the reason")
+TEST_CASE("a line that is not a command is refused with its number and the reason")
 {
     struct Row {
         std::string line;
@@ -117,7 +117,7 @@ TEST_CASE("a line that is no command is refused with its number and the reason")
     }
 }
 
-TEST_CASE("an array or object as a value is refused, however deep it is")
+TEST_CASE("an array or object as a value is refused, however deeply nested")
 {
     const std::string reason = "line 1: a value must not be an array or an object";
     CHECK(complaint(R"({"set":"a","to":[1]})") == reason);
@@ -127,7 +127,7 @@ TEST_CASE("an array or object as a value is refused, however deep it is")
     CHECK(complaint("{\"set\":\"a\",\"to\":" + std::string(depth, '[') + std::string(depth, ']') + "}") == reason);
 }
 
-TEST_CASE("a line that is no JSON, or no UTF-8, is refused with its number")
+TEST_CASE("a line that is not JSON or not UTF-8 is refused with its number")
 {
     CHECK(complaint("{\"state\":true}\nclick it\n").starts_with("line 2: "));
     CHECK(complaint("{\"click\":\"a\x82\"}").starts_with("line 1: "));

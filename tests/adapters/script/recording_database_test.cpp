@@ -35,7 +35,7 @@ void openRows(Recorded &recorded, Connection &connection, const std::string &sql
 
 } // namespace
 
-TEST_CASE("sessions are counted from 1 and told from their opening to their close")
+TEST_CASE("sessions are numbered from 1 and recorded when they open and close")
 {
     Recorded recorded;
     const auto first = recorded.open();
@@ -55,7 +55,7 @@ TEST_CASE("a connection that is opened again is another session")
     CHECK(recorded.events().back() == R"({"event":"connect","session":2})");
 }
 
-TEST_CASE("an opening that fails is no session and takes no number")
+TEST_CASE("a failed opening is not a session and uses no number")
 {
     Recorded recorded;
     recorded.inner.connectError = -2147467259;
@@ -66,7 +66,7 @@ TEST_CASE("an opening that fails is no session and takes no number")
     CHECK(recorded.events() == Log{R"({"event":"connect","session":1})"});
 }
 
-TEST_CASE("an opening that leaves the connection closed is no session")
+TEST_CASE("an opening that leaves the connection closed is not a session")
 {
     Recorded recorded;
     recorded.inner.stayClosed = true;
@@ -74,7 +74,7 @@ TEST_CASE("an opening that leaves the connection closed is no session")
     CHECK(recorded.events().empty());
 }
 
-TEST_CASE("a close that fails is told when the connection is dropped")
+TEST_CASE("a session whose close fails is recorded as ended when the connection is destroyed")
 {
     Recorded recorded;
     recorded.inner.closeError = 3704;
@@ -86,7 +86,7 @@ TEST_CASE("a close that fails is told when the connection is dropped")
     CHECK(recorded.events().back() == R"({"event":"disconnect","session":1})");
 }
 
-TEST_CASE("a statement is told with its session before it runs")
+TEST_CASE("a statement is recorded with its session before it runs")
 {
     Recorded recorded;
     const auto connection = recorded.open();
@@ -95,7 +95,7 @@ TEST_CASE("a statement is told with its session before it runs")
     CHECK(recorded.events().back() == R"({"event":"sql","session":1,"text":"SELECT '委任'"})");
 }
 
-TEST_CASE("an executed statement is told, too, and gives back its rows affected")
+TEST_CASE("an executed statement is recorded, too, and returns the number of affected rows")
 {
     Recorded recorded;
     const auto connection = recorded.open();
@@ -106,7 +106,7 @@ TEST_CASE("an executed statement is told, too, and gives back its rows affected"
     CHECK(recorded.events().back() == R"({"event":"sql","session":1,"text":"DELETE FROM X"})");
 }
 
-TEST_CASE("a connection string is never told")
+TEST_CASE("a connection string is never recorded")
 {
     Recorded recorded;
     const auto connection = recorded.open();
@@ -116,7 +116,7 @@ TEST_CASE("a connection string is never told")
     CHECK(recorded.inner.connectionStrings == Log{kSecret});
 }
 
-TEST_CASE("rows come through as the inner database gives them")
+TEST_CASE("rows are those of the inner database")
 {
     Recorded recorded;
     const auto connection = recorded.open();

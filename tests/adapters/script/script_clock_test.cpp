@@ -20,7 +20,7 @@ TEST_CASE("a moment is read to the second")
     CHECK(readMoment("2024-02-29 23:59:59").has_value());
 }
 
-TEST_CASE("anything but a moment that exists is refused")
+TEST_CASE("a text other than an existing moment is refused")
 {
     for (const std::string text :
          {"", "2024-06-15", "2024-06-15 10:20", "2024/06/15 10:20:30", "2024-6-15 10:20:30", "2024-06-15T10:20:30",
@@ -32,7 +32,7 @@ TEST_CASE("anything but a moment that exists is refused")
     }
 }
 
-TEST_CASE("a standing clock does not go on, but its timer does")
+TEST_CASE("a stopped clock does not advance, but its timer does")
 {
     StandingClock clock(*readMoment("2024-06-15 01:00:01"));
     const Date first = clock.now();
@@ -45,7 +45,7 @@ TEST_CASE("a standing clock does not go on, but its timer does")
     CHECK(clock.today() == DateSerial(2024, 6, 15));
 }
 
-TEST_CASE("the timer of a standing clock starts again at midnight")
+TEST_CASE("the timer of a stopped clock restarts at midnight")
 {
     StandingClock clock(*readMoment("2024-06-15 23:59:59"));
     CHECK(clock.timer() < 86400.0);

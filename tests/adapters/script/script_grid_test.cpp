@@ -34,7 +34,7 @@ const Log kRefused = {R"({"event":"refused","control":"spr_1ran"})"};
 
 } // namespace
 
-TEST_CASE("a row command makes the row the active one, and hits it when a double click is asked for")
+TEST_CASE("a row command makes the row the active one, and double-clicks it on request")
 {
     GridForm form;
     CHECK(playOn(form, R"({"row":2})").empty());
@@ -47,7 +47,7 @@ TEST_CASE("a row command makes the row the active one, and hits it when a double
     CHECK(other.log == Log{"double 1"});
 }
 
-TEST_CASE("a double click can hit the header, which chooses no row")
+TEST_CASE("a double click on the header activates no row")
 {
     GridForm form;
     CHECK(playOn(form, R"({"row":0,"double":true})").empty());
@@ -55,7 +55,7 @@ TEST_CASE("a double click can hit the header, which chooses no row")
     CHECK(form.log == Log{"double 0"});
 }
 
-TEST_CASE("a row that the grid lacks is refused, and so is any row of a grid that cannot be reached")
+TEST_CASE("a row outside the grid and any row of an unreachable grid are refused")
 {
     for (const char *command : {R"({"row":3})", R"({"row":3,"double":true})", R"({"row":-1})", R"({"row":0})"}) {
         CAPTURE(command);
@@ -69,7 +69,7 @@ TEST_CASE("a row that the grid lacks is refused, and so is any row of a grid tha
     CHECK(form.grid.ActiveRow == 0);
 }
 
-TEST_CASE("a forced row acts on the grid as the program's own code does")
+TEST_CASE("a forced row acts on the grid like the program's own code")
 {
     GridForm form;
     form.box.Enabled = false;
@@ -78,7 +78,7 @@ TEST_CASE("a forced row acts on the grid as the program's own code does")
     CHECK(form.log == Log{"double 1"});
 }
 
-TEST_CASE("a row that was hit has the focus")
+TEST_CASE("a clicked row gives its grid the focus")
 {
     GridForm form;
     ScriptStage stage(R"({"row":1})");
@@ -86,7 +86,7 @@ TEST_CASE("a row that was hit has the focus")
     CHECK(stage.windows().activeControl(form) == &form.grid);
 }
 
-TEST_CASE("the state of a form with a grid tells its title, its columns and its cells")
+TEST_CASE("the state of a form with a grid contains its title, its columns and its cells")
 {
     GridForm form;
     form.grid.ActiveRow = 2;
@@ -97,7 +97,7 @@ TEST_CASE("the state of a form with a grid tells its title, its columns and its 
           R"({"ActiveRow":2,"RowCount":2,"columns":[["ID No.",8],["利用者氏名",0]],"Enabled":true,"Visible":true})");
 }
 
-TEST_CASE("a check box with words tells them")
+TEST_CASE("the state of a check box contains its caption if it has one")
 {
     StageForm form;
     form.chk.Caption = "施術終了した利用者も表示";

@@ -33,7 +33,7 @@ Played play(const std::string &commands, const std::function<void(const Platform
 
 } // namespace
 
-TEST_CASE("a box is told and answered, and without a title it shows the application's")
+TEST_CASE("a box is recorded and answered, and without a title it has the application's")
 {
     const Played played = play("", [](const Platform &platform) {
         platform.boxes.show("起動できません！", Icon::critical);
@@ -48,7 +48,7 @@ TEST_CASE("a box is told and answered, and without a title it shows the applicat
     CHECK(played.code == 0);
 }
 
-TEST_CASE("a question is told as a box and answered with Cancel at once")
+TEST_CASE("a question is recorded as a box and answered with Cancel at once")
 {
     bool again = true;
     const Played played =
@@ -57,7 +57,7 @@ TEST_CASE("a question is told as a box and answered with Cancel at once")
     CHECK_FALSE(again);
 }
 
-TEST_CASE("the end statement ends the play with exit code 0, and nothing is told after it")
+TEST_CASE("the end statement ends the play with exit code 0, and nothing is recorded after it")
 {
     bool cameBack = false;
     const Played played = play("{\"state\":true}\n", [&](const Platform &platform) {
@@ -73,7 +73,7 @@ TEST_CASE("the end statement ends the play with exit code 0, and nothing is told
     CHECK_FALSE(cameBack);
 }
 
-TEST_CASE("without being asked no process is started, only told")
+TEST_CASE("by default processes are only recorded, not started")
 {
     const Played played = play("", [](const Platform &platform) {
         platform.processes.start("no-such-program.exe 2", WindowStyle::normalFocus);
@@ -85,7 +85,7 @@ TEST_CASE("without being asked no process is started, only told")
                                R"({"event":"open","address":"http://www.example.jp/help?page=1"})"});
 }
 
-TEST_CASE("with starts asked for, a program that cannot be started is told, then error 53")
+TEST_CASE("with starts enabled a program that cannot be started is recorded, then error 53")
 {
     const Played played = play(
         "",
@@ -96,33 +96,33 @@ TEST_CASE("with starts asked for, a program that cannot be started is told, then
     CHECK(played.code == 1);
 }
 
-TEST_CASE("the clock stands still at the moment that was asked for")
+TEST_CASE("the clock is stopped at the given moment")
 {
     const Date moment = *readMoment("2024-06-15 10:00:00");
     static_cast<void>(play(
         "", [&](const Platform &platform) { CHECK(platform.clock.now() == moment); }, moment));
 }
 
-TEST_CASE("without a moment the clock is the system's")
+TEST_CASE("without a given moment the clock is the system's")
 {
     static_cast<void>(play("", [&](const Platform &platform) { CHECK(Year(platform.clock.now()) >= 2024); }));
 }
 
-TEST_CASE("a run-time error that leaves the program is told as fatal with exit code 1")
+TEST_CASE("a run-time error that leaves the program is recorded as fatal with exit code 1")
 {
     const Played played = play("", [](const Platform &) { throw RuntimeError(94); });
     CHECK(played.events == Log{R"({"event":"fatal","number":94,"text":"Null の使い方が不正です。"})"});
     CHECK(played.code == 1);
 }
 
-TEST_CASE("an error that an event procedure does not trap is told as fatal with exit code 1")
+TEST_CASE("an error that no event procedure traps is recorded as fatal with exit code 1")
 {
     const Played played = play("", [](const Platform &) { throw UnhandledError(RuntimeError(76)); });
     CHECK(played.events == Log{R"({"event":"fatal","number":76,"text":"パスが見つかりません。"})"});
     CHECK(played.code == 1);
 }
 
-TEST_CASE("a bad command is exit code 2 with its line on the error stream")
+TEST_CASE("a bad command gives exit code 2 and its line on the error stream")
 {
     const Played played = play("# first\n{\"click\":\"nobody\"}\n", [](const Platform &platform) {
         StageForm form;
@@ -133,7 +133,7 @@ TEST_CASE("a bad command is exit code 2 with its line on the error stream")
     CHECK(played.events == Log{R"({"event":"window","name":"frmStage","shown":true})"});
 }
 
-TEST_CASE("a fault of ours is exit code 1 with its words on the error stream")
+TEST_CASE("an internal error gives exit code 1 and its text on the error stream")
 {
     const Played played = play("", [](const Platform &) { throw std::logic_error("a fault"); });
     CHECK(played.code == 1);
@@ -141,7 +141,7 @@ TEST_CASE("a fault of ours is exit code 1 with its words on the error stream")
     CHECK(played.events.empty());
 }
 
-TEST_CASE("a form that never closes is exit code 1 with its name on the error stream")
+TEST_CASE("a form that never closes gives exit code 1 and its name on the error stream")
 {
     const Played played = play("", [](const Platform &platform) {
         StageForm form;
@@ -152,12 +152,12 @@ TEST_CASE("a form that never closes is exit code 1 with its name on the error st
     CHECK(played.errors == "frmStage refuses to close after the last command\n");
 }
 
-TEST_CASE("a program that comes back by itself is exit code 0")
+TEST_CASE("a program that returns by itself gives exit code 0")
 {
     CHECK(play("", [](const Platform &) {}).code == 0);
 }
 
-TEST_CASE("a transcript that cannot be written is exit code 1")
+TEST_CASE("a transcript that cannot be written gives exit code 1")
 {
     FakeDatabase database;
     std::istringstream in;

@@ -19,7 +19,7 @@ namespace inin::script {
     return lines;
 }
 
-/// A form with one control of each kind; `log` tells which events it got.
+/// A form with one control of each kind; `log` has the events that it received.
 class StageForm : public Form {
 public:
     explicit StageForm(const std::string &name = "frmStage") : Form(name)
@@ -57,7 +57,7 @@ public:
     std::vector<std::pair<std::string, Variant>> shownFields;
     std::vector<std::vector<std::string>> shownRows;
     std::function<void()> onLoad;
-    int refusals = 0; ///< how many closings are refused
+    int refusals = 0; ///< the number of closings to refuse
 
     [[nodiscard]] std::vector<std::pair<std::string, Variant>> fields() const override { return shownFields; }
     [[nodiscard]] std::vector<std::vector<std::string>> rows() const override { return shownRows; }
@@ -77,7 +77,7 @@ protected:
     }
 };
 
-/// Script windows over commands that a test wrote.
+/// Script windows with the commands of a test.
 class ScriptStage {
 public:
     explicit ScriptStage(const std::string &commands = {}) : m_in(commands) {}
@@ -94,7 +94,7 @@ private:
     ScriptWindows m_windows{m_transcript, m_reader, files, Regional{}};
 };
 
-/// Shows the form modally with these commands and gives back the events between "shown" and "gone".
+/// Shows the form modally with these commands and returns the events between "shown" and "hidden".
 [[nodiscard]] inline std::vector<std::string> playOn(Form &form, const std::string &commands)
 {
     ScriptStage stage(commands);

@@ -13,7 +13,7 @@ constexpr const char *kGone = R"({"event":"window","name":"frmStage","shown":fal
 
 } // namespace
 
-TEST_CASE("a modal form is told as shown, played to its end and told as gone")
+TEST_CASE("a modal form is recorded as shown, played to its end and recorded as hidden")
 {
     ScriptStage stage;
     StageForm form;
@@ -22,7 +22,7 @@ TEST_CASE("a modal form is told as shown, played to its end and told as gone")
     CHECK(form.log == Log{"resize", "activate", "close by box"});
 }
 
-TEST_CASE("a modeless form is shown and takes no commands")
+TEST_CASE("a modeless form is shown and reads no commands")
 {
     ScriptStage stage(R"({"click":"btn"})");
     StageForm form;
@@ -32,7 +32,7 @@ TEST_CASE("a modeless form is shown and takes no commands")
     CHECK(form.log == Log{"resize", "activate"});
 }
 
-TEST_CASE("the load runs before the form is told as shown")
+TEST_CASE("the load runs before the form is recorded as shown")
 {
     ScriptStage stage;
     StageForm form;
@@ -41,7 +41,7 @@ TEST_CASE("the load runs before the form is told as shown")
     CHECK(stage.events() == Log{R"({"event":"pointer","kind":11})", kShown, kGone});
 }
 
-TEST_CASE("a form that its own load unloads is never told as shown")
+TEST_CASE("a form unloaded by its own load is never recorded as shown")
 {
     ScriptStage stage;
     StageForm form;
@@ -51,7 +51,7 @@ TEST_CASE("a form that its own load unloads is never told as shown")
     CHECK(form.log == Log{"close by code"});
 }
 
-TEST_CASE("a run-time error of the load goes to whoever shows the form")
+TEST_CASE("a run-time error of the load reaches the caller of show")
 {
     ScriptStage stage;
     StageForm form;
@@ -60,7 +60,7 @@ TEST_CASE("a run-time error of the load goes to whoever shows the form")
     CHECK(stage.events().empty());
 }
 
-TEST_CASE("every assignment of the pointer is told, also one that changes nothing")
+TEST_CASE("every assignment of the pointer is recorded, also one that changes nothing")
 {
     StageForm form;
     form.btn.onClick = [&] {
@@ -73,7 +73,7 @@ TEST_CASE("every assignment of the pointer is told, also one that changes nothin
                                                     R"({"event":"pointer","kind":0})"});
 }
 
-TEST_CASE("commands go to the form that was shown last, and to the one below when it is gone")
+TEST_CASE("commands are applied to the form shown last, and to the one below when it closes")
 {
     ScriptStage stage("{\"click\":\"btn\"}\n{\"click\":\"btn\"}\n{\"close\":true}\n{\"click\":\"chk\"}\n");
     StageForm below, above("frmAbove");
@@ -85,7 +85,7 @@ TEST_CASE("commands go to the form that was shown last, and to the one below whe
                                 R"({"event":"window","name":"frmAbove","shown":false})", kGone});
 }
 
-TEST_CASE("a form is told as gone at the moment of its unload")
+TEST_CASE("a form is recorded as hidden at the moment of its unload")
 {
     ScriptStage stage(R"({"click":"btn"})");
     StageForm form;
@@ -97,7 +97,7 @@ TEST_CASE("a form is told as gone at the moment of its unload")
     CHECK(stage.events() == Log{kShown, kGone, R"({"event":"beep"})"});
 }
 
-TEST_CASE("a form that is shown again is told again, once each time")
+TEST_CASE("a form that is shown again is recorded once each time")
 {
     ScriptStage stage;
     StageForm form;
@@ -106,7 +106,7 @@ TEST_CASE("a form that is shown again is told again, once each time")
     CHECK(stage.events() == Log{kShown, kGone, kShown, kGone});
 }
 
-TEST_CASE("the control box that the form refuses leaves it open for the next command")
+TEST_CASE("a form that refuses its control box stays open for the next command")
 {
     StageForm form;
     form.refusals = 1;
@@ -114,7 +114,7 @@ TEST_CASE("the control box that the form refuses leaves it open for the next com
     CHECK(form.log == Log{"resize", "activate", "close by box", "btn", "close by box"});
 }
 
-TEST_CASE("at the end of the commands a form may refuse its closing 99 times")
+TEST_CASE("at the end of the commands a form may refuse to close 99 times")
 {
     StageForm form;
     form.refusals = 99;
@@ -122,7 +122,7 @@ TEST_CASE("at the end of the commands a form may refuse its closing 99 times")
     CHECK_FALSE(form.isLoaded());
 }
 
-TEST_CASE("a form that refuses its closing 100 times ends the play")
+TEST_CASE("a form that refuses to close 100 times ends the play")
 {
     StageForm form;
     form.refusals = 100;
@@ -130,7 +130,7 @@ TEST_CASE("a form that refuses its closing 100 times ends the play")
                          std::runtime_error);
 }
 
-TEST_CASE("an error that an event procedure does not trap is told as fatal and ends the play")
+TEST_CASE("an error that an event procedure does not trap is recorded as fatal and ends the play")
 {
     ScriptStage stage("{\"click\":\"btn\"}\n{\"click\":\"chk\"}\n");
     StageForm form;
@@ -141,7 +141,7 @@ TEST_CASE("an error that an event procedure does not trap is told as fatal and e
     CHECK(form.chk.Value == 0);
 }
 
-TEST_CASE("a bad command ends the play, and nothing is told after it")
+TEST_CASE("a bad command ends the play, and nothing is recorded after it")
 {
     ScriptStage stage("{\"click\":\"nobody\"}\n{\"click\":\"btn\"}\n");
     StageForm form;
@@ -151,13 +151,13 @@ TEST_CASE("a bad command ends the play, and nothing is told after it")
     CHECK(form.log == Log{"resize", "activate"});
 }
 
-TEST_CASE("a row is refused by a form without a grid")
+TEST_CASE("a form without a grid refuses a row command")
 {
     StageForm form;
     CHECK(playOn(form, R"({"row":1,"double":true})") == Log{R"({"event":"refused","control":"grid"})"});
 }
 
-TEST_CASE("a state is written when it is asked for")
+TEST_CASE("a state command writes the state")
 {
     StageForm form;
     const Log events = playOn(form, "{\"state\":true}\n{\"state\":true}\n");
@@ -178,7 +178,7 @@ TEST_CASE("the focus follows the commands")
     CHECK(focus == Log{"btn", "num"});
 }
 
-TEST_CASE("Tab moves the focus in tab order, passes what cannot be used, and begins again behind the last")
+TEST_CASE("Tab moves the focus in tab order, skips unusable controls and starts again after the last")
 {
     ScriptStage stage;
     StageForm form;
@@ -194,7 +194,7 @@ TEST_CASE("Tab moves the focus in tab order, passes what cannot be used, and beg
     CHECK(focus == Log{"num", "dat", "num"});
 }
 
-TEST_CASE("the focus can be moved by the form's own rules")
+TEST_CASE("the form's own code can move the focus")
 {
     ScriptStage stage;
     StageForm form;
@@ -202,14 +202,14 @@ TEST_CASE("the focus can be moved by the form's own rules")
     CHECK(stage.windows().activeControl(form) == &form.txt);
 }
 
-TEST_CASE("a picture is checked by its file")
+TEST_CASE("a picture is checked by the contents of its file")
 {
     ScriptStage stage;
     stage.files.put("C:\\SUITE\\ICON\\note.bmp", "no picture");
     CHECK_THROWS_AS(stage.windows().checkPicture("C:\\SUITE\\ICON\\note.bmp"), RuntimeError);
 }
 
-TEST_CASE("a refused command leaves the focus where it was")
+TEST_CASE("a refused command leaves the focus unchanged")
 {
     ScriptStage stage("{\"click\":\"btn\"}\n{\"click\":\"chk\"}\n");
     StageForm form;
@@ -218,7 +218,7 @@ TEST_CASE("a refused command leaves the focus where it was")
     CHECK(stage.windows().activeControl(form) == &form.btn);
 }
 
-TEST_CASE("a form that is shown again has no focus from the time before")
+TEST_CASE("a form that is shown again has no focus from its previous show")
 {
     ScriptStage stage("{\"click\":\"btn\"}\n");
     StageForm form;

@@ -29,7 +29,7 @@ TEST_CASE("a state event names the window, then its controls in the form's order
                                                "lbl", "mnu", "img"});
 }
 
-TEST_CASE("each kind of control tells the attributes of its kind")
+TEST_CASE("each kind of control writes the attributes of its kind")
 {
     StageForm form;
     form.opt(0).Value = true;
@@ -54,7 +54,7 @@ TEST_CASE("each kind of control tells the attributes of its kind")
     CHECK(control(form, "img") == R"({"Picture":"C:\\wall.bmp","Enabled":true,"Visible":true})");
 }
 
-TEST_CASE("a disabled or hidden control tells its own attributes, whatever its frame says")
+TEST_CASE("a disabled or hidden control writes its own attributes, independent of its frame")
 {
     StageForm form;
     form.fraBox.Enabled = false;
@@ -64,7 +64,7 @@ TEST_CASE("a disabled or hidden control tells its own attributes, whatever its f
     CHECK(control(form, "fraBox") == R"({"Caption":"","Enabled":false,"Visible":true})");
 }
 
-TEST_CASE("a number box tells a number or null")
+TEST_CASE("a number box writes a number or null")
 {
     StageForm form;
     CHECK(control(form, "num") == R"({"Value":null,"Enabled":true,"Visible":true})");
@@ -72,7 +72,7 @@ TEST_CASE("a number box tells a number or null")
     CHECK(control(form, "num") == R"({"Value":-5,"Enabled":true,"Visible":true})");
 }
 
-TEST_CASE("a date box tells its day as yyyy/mm/dd or null, whatever the system's date form")
+TEST_CASE("a date box writes its day as yyyy/mm/dd or null, independent of the system's date format")
 {
     StageForm form;
     CHECK(control(form, "dat") == R"({"Value":null,"Enabled":true,"Visible":true})");

@@ -14,7 +14,7 @@ using namespace inin::script;
 
 namespace {
 
-/// Set while a test has no memory left.
+/// Set while a test simulates exhausted memory.
 bool isMemoryExhausted = false;
 
 /// A stream buffer of a fixed size.
@@ -46,7 +46,7 @@ private:
     std::free(memory);
 }
 
-TEST_CASE("the end of a session is written even when no memory is left")
+TEST_CASE("the end of a session is written even when memory is exhausted")
 {
     FixedBuffer buffer;
     std::ostream out(&buffer);
@@ -57,7 +57,7 @@ TEST_CASE("the end of a session is written even when no memory is left")
     CHECK(buffer.text() == "{\"event\":\"disconnect\",\"session\":7}\n");
 }
 
-TEST_CASE("an event is one line with its keys in the order in which they were put")
+TEST_CASE("an event is one line with its keys in insertion order")
 {
     std::ostringstream out;
     Transcript(out).write({{"event", "box"}, {"text", "b\r\na"}, {"icon", 16}});
@@ -71,21 +71,21 @@ TEST_CASE("an event with a single key is an object, too")
     CHECK(out.str() == "{\"event\":\"beep\"}\n");
 }
 
-TEST_CASE("Japanese stands in the transcript as it is")
+TEST_CASE("Japanese text is written unescaped")
 {
     std::ostringstream out;
     Transcript(out).write({{"event", "box"}, {"text", "委任状 髙﨑"}});
     CHECK(out.str() == "{\"event\":\"box\",\"text\":\"委任状 髙﨑\"}\n");
 }
 
-TEST_CASE("bytes that are no UTF-8 are replaced, not thrown")
+TEST_CASE("bytes that are not UTF-8 are replaced instead of throwing")
 {
     std::ostringstream out;
     Transcript(out).write({{"event", "box"}, {"text", "a\x82z"}});
     CHECK(out.str() == "{\"event\":\"box\",\"text\":\"a\xEF\xBF\xBDz\"}\n");
 }
 
-TEST_CASE("a closed transcript writes nothing any more")
+TEST_CASE("a closed transcript writes nothing")
 {
     std::ostringstream out;
     Transcript transcript(out);
@@ -104,7 +104,7 @@ TEST_CASE("a fatal error is the last event")
     CHECK(out.str() == "{\"event\":\"fatal\",\"number\":94,\"text\":\"Null の使い方が不正です。\"}\n");
 }
 
-TEST_CASE("a stream that takes nothing makes the transcript broken")
+TEST_CASE("a stream that fails makes the transcript broken")
 {
     std::ostringstream out;
     Transcript transcript(out);

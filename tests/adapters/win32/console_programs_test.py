@@ -1,4 +1,4 @@
-"""The console programs on machines that are not as they should be: inin-site and inin-script from the outside, under Wine.
+"""The console programs on machines with a wrong setup: runs inin-site and inin-script under Wine.
 
 console_programs_test.py ININ_SITE ININ_SCRIPT
 """
@@ -18,7 +18,7 @@ NO_CONNECTION = "接続文字列取得できません。"
 
 
 def wine(*arguments, given="", **environment):
-    """Exit code and standard output of a program for Windows."""
+    """Runs a Windows program and returns its exit code and standard output."""
     ran = subprocess.run(["wine", *arguments], input=given.encode(), stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                          env={**os.environ, **environment}, timeout=120, check=False)
     return ran.returncode, ran.stdout.decode(errors="replace")
@@ -29,7 +29,7 @@ def windows_path(path):
 
 
 class Site:
-    """A demo site of a few patients, and the program run on it."""
+    """A demo site with a few patients, and the programs run on it."""
 
     def __init__(self, folder):
         self.folder = folder
@@ -37,7 +37,7 @@ class Site:
         assert code == 0, said
 
     def play(self, commands=(), **environment):
-        """The events of a run that ended by itself, without the statements."""
+        """The exit code and the events of a run, without the SQL statements."""
         lines = "".join(json.dumps(command) + "\n" for command in commands)
         code, said = wine(SCRIPT, "--app", windows_path(self.folder), "--now", "2024-06-15 10:00:00", given=lines,
                           **environment)
@@ -58,7 +58,7 @@ def boxes(events):
 
 
 def set_short_date(form="yyyy/MM/dd"):
-    """The user's form of a date."""
+    """Sets the user's short date format."""
     key = "HKCU\\Control Panel\\International"
     assert wine("reg", "add", key, "/v", "sShortDate", "/d", form, "/f")[0] == 0
 
@@ -77,7 +77,7 @@ class ConsolePrograms(unittest.TestCase):
         self.assertEqual(site.letters(), ["2024/05/31", "2024/05/25", "2024/05/30", "2024/05/29", "2024/05/31",
                                           "2024/05/31"])
 
-    def test_a_short_date_with_an_era_or_the_day_in_front_stands_so_in_the_letters_and_is_warned_of(self):
+    def test_a_short_date_with_an_era_or_the_day_in_front_is_used_in_the_letters_and_found_by_the_check(self):
         site = Site(self.folder / "site")
         self.addCleanup(set_short_date)
         for form, days in (("ggyy/MM/dd", ["令和06/05/31", "令和06/05/25"]), ("d/M/yy", ["31/5/24", "25/5/24"])):
@@ -97,9 +97,9 @@ class ConsolePrograms(unittest.TestCase):
         self.assertEqual(len(site.letters()), 6)
         self.assertTrue((site.folder / "DATA" / "印刷設定.ini").exists())
 
-    def test_under_another_code_page_the_program_tells_what_it_does_not_find_and_goes_on(self):
+    def test_under_another_code_page_the_program_reports_missing_settings_and_continues(self):
         site = Site(self.folder / "site")
-        self.addCleanup(set_short_date)  # Wine sets the form of another language when it meets one
+        self.addCleanup(set_short_date)  # Wine changes the format when the language changes
         code, events = site.play(PRINT, LC_ALL="C.UTF-8")
         self.assertEqual(code, 0)
         self.assertEqual(boxes(events), ["loadInitCorp でエラー\r\n" + NO_CONNECTION,
@@ -108,7 +108,7 @@ class ConsolePrograms(unittest.TestCase):
                                          "患者データの取得に失敗しました。"])
         self.assertEqual(events[-1], {"event": "end", "code": 0})
 
-    def test_a_missing_driver_is_told_at_each_connection_and_the_screen_stands(self):
+    def test_a_missing_driver_is_reported_at_each_connection_and_the_screen_opens(self):
         site = Site(self.folder / "site")
         (self.folder / "odbcinst.ini").touch()
         no_drivers = {"ODBCSYSINI": str(self.folder), "ODBCINI": str(self.folder / "odbc.ini")}
@@ -127,7 +127,7 @@ class ConsolePrograms(unittest.TestCase):
                 self.assertIn("データベースに接続できません。（no ODBC driver for SQL Server is installed）",
                               site.check(**no_drivers))
 
-    def test_a_folder_that_may_not_be_written_ends_a_print_with_error_75_and_keeps_no_settings(self):
+    def test_a_read_only_folder_ends_a_print_with_error_75_and_no_settings_are_stored(self):
         site = Site(self.folder / "site")
         for name in ("TMP", "DATA", "."):
             (site.folder / name).chmod(0o555)

@@ -11,7 +11,7 @@
 
 namespace inin {
 
-/// A folder whose path has far more than 300 characters, half of them Japanese, with blanks.
+/// A folder with a path far longer than 300 characters, half of them Japanese, with blanks.
 class DeepFolder {
 public:
     DeepFolder()
@@ -32,7 +32,7 @@ public:
     }
     [[nodiscard]] const std::string &path() const { return m_levels.back(); }
     [[nodiscard]] std::string operator/(const std::string &name) const { return path() + "\\" + name; }
-    /// The folder on the way down whose path is short.
+    /// The outermost folder, which has a short path.
     [[nodiscard]] const TempFolder &top() const { return m_folder; }
 
 private:

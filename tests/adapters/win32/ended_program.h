@@ -7,7 +7,7 @@
 
 namespace inin {
 
-/// Deletes a program that was started; while it runs it cannot go.
+/// Deletes a program that was started, as soon as it has ended; a running one cannot be deleted.
 inline void removeOnceEnded(const std::string &program)
 {
     constexpr int kTries = 500;

@@ -1,5 +1,5 @@
-// Started by the tests: writes how its window was asked for and the words it was given into the file that its first word
-// names, under another name until it is whole. Behind the word "/line" it writes the rest of the command line as it is.
+// Started by the tests. Writes its window style and its arguments to the file that the first argument names, under
+// another name until it is complete. After the argument "/line" it writes the rest of the command line unchanged.
 
 #include <filesystem>
 #include <fstream>

@@ -1,5 +1,5 @@
-// A document of a form tool as the tests' own object of the system: it lives in a library of its own, is found by its
-// program id, and writes down what is asked of it, a line a call, into the file that ININ_DOCUMENT_NOTES names.
+// A form tool's document as a COM object of the tests. It is in a library of its own, is found by its program id, and
+// writes each call as a line to the file that ININ_DOCUMENT_NOTES names.
 
 #include <array>
 #include <atomic>
@@ -24,7 +24,7 @@ std::string utf8(const wchar_t *text, int size)
     return out;
 }
 
-/// Type and value as the caller gave them; nothing is converted.
+/// Type and value as passed by the caller, without conversion.
 std::string told(const VARIANTARG &argument)
 {
     switch (argument.vt) {
@@ -118,7 +118,7 @@ HRESULT WINAPI fillInLate(EXCEPINFO *told)
     return S_OK;
 }
 
-/// The failures by their name.
+/// The failures by name.
 HRESULT fail(const std::wstring &way, EXCEPINFO *exception)
 {
     if (way == L"code") {
@@ -137,7 +137,7 @@ HRESULT fail(const std::wstring &way, EXCEPINFO *exception)
     } else if (way == L"known") {
         exception->scode = DISP_E_OVERFLOW;
     } else if (way != L"nothing") {
-        return std::wcstol(way.c_str(), nullptr, 10); // the result itself
+        return std::wcstol(way.c_str(), nullptr, 10); // the HRESULT itself
     }
     return DISP_E_EXCEPTION;
 }
@@ -182,7 +182,7 @@ void give(const std::wstring &what, VARIANT &result, IDispatch *self)
     }
 }
 
-/// An object that ends with its last reference; a face that is asked by name is known as such.
+/// Base of an object that ends with its last reference; QueryInterface finds its interface.
 template <class Face> class Counted : public Face {
 public:
     Counted() { ++g_living; }
@@ -291,7 +291,7 @@ extern "C" __declspec(dllexport) HRESULT WINAPI DllGetClassObject(REFCLSID class
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-/// Only when every object is gone.
+/// Only after every object is released.
 extern "C" __declspec(dllexport) HRESULT WINAPI DllCanUnloadNow()
 {
     return g_living == 0 ? S_OK : S_FALSE;

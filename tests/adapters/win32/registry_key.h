@@ -7,8 +7,8 @@
 
 namespace inin {
 
-/// A key below HKEY_LOCAL_MACHINE\Software\Classes for one test, gone with everything under it: Wine looks for classes
-/// there only, not among those of the user.
+/// A key below HKEY_LOCAL_MACHINE\Software\Classes, removed with its content after the test. Wine looks for classes
+/// only there, not among those of the user.
 class ClassesKey {
 public:
     explicit ClassesKey(const std::wstring &name) : m_name(L"Software\\Classes\\" + name)
@@ -20,7 +20,7 @@ public:
     ClassesKey &operator=(const ClassesKey &) = delete;
     ~ClassesKey() { RegDeleteTreeW(HKEY_LOCAL_MACHINE, m_name.c_str()); }
 
-    /// The value of the key `below`, its default one unless it has a name.
+    /// Sets a value of the key `below`; the default value if the name is empty.
     void put(const std::wstring &below, const std::wstring &value, const wchar_t *name = nullptr) const
     {
         const std::wstring key = below.empty() ? m_name : m_name + L"\\" + below;

@@ -24,7 +24,7 @@ try {
     return std::to_string(error.number()) + " " + error.description();
 }
 
-/// A class of the tests' own library, known to the system by a program id.
+/// A class of the tests' own library, registered under a program id.
 class InstalledClass {
 public:
     InstalledClass(const std::wstring &programId, const std::wstring &classId)
@@ -39,7 +39,7 @@ private:
     ClassesKey m_program, m_class;
 };
 
-/// The form tool of the tests and what its documents write down.
+/// The tests' form tool and what its documents record.
 class InstalledTool {
 public:
     InstalledTool() { SetEnvironmentVariableW(L"ININ_DOCUMENT_NOTES", wideFromUtf8(m_folder / "notes").c_str()); }
@@ -47,7 +47,7 @@ public:
     InstalledTool &operator=(const InstalledTool &) = delete;
     ~InstalledTool() { SetEnvironmentVariableW(L"ININ_DOCUMENT_NOTES", nullptr); }
 
-    /// What was asked since the last time.
+    /// The calls since the last time.
     std::string notes()
     {
         const std::string bytes = m_folder.bytes("notes");
@@ -73,7 +73,7 @@ struct DocumentFixture {
     }
 };
 
-/// What the tests' library says; it stays loaded, so that what was not given back is counted.
+/// Asks the tests' library, which stays loaded, whether all its objects were released.
 bool noDocumentIsAlive()
 {
     static const HMODULE library = LoadLibraryW(std::filesystem::absolute(ININ_RECORDING_DOCUMENT).c_str());
@@ -85,7 +85,7 @@ bool noDocumentIsAlive()
 
 } // namespace
 
-TEST_CASE("the form tool's document hears every operation with its arguments in order and in their types")
+TEST_CASE("the form tool's document receives every operation with its arguments in order and in their types")
 {
     InstalledTool tool;
     const auto automation = makeSystemAutomation();
@@ -112,7 +112,7 @@ TEST_CASE("the form tool's document hears every operation with its arguments in 
           "method PrintOutFromDialog\n");
 }
 
-TEST_CASE("a tool that is not installed fails the start with error 429")
+TEST_CASE("a tool that is not installed fails at the start with error 429")
 {
     const auto automation = makeSystemAutomation();
     cls_WfdPrint print(*automation);
@@ -120,7 +120,7 @@ TEST_CASE("a tool that is not installed fails the start with error 429")
     CHECK(print.sErrMsg == "(429)ActiveX コンポーネントはオブジェクトを作成できません。");
 }
 
-TEST_CASE("a tool whose library is gone fails the start with error 429")
+TEST_CASE("a tool with a missing library fails at the start with error 429")
 {
     const ClassesKey program(L"wfrfv.Document.1"), server(L"CLSID\\{6F0A2C31-5B7E-4D52-9C11-3E8A90275401}");
     program.put(L"CLSID", L"{6F0A2C31-5B7E-4D52-9C11-3E8A90275401}");
@@ -131,7 +131,7 @@ TEST_CASE("a tool whose library is gone fails the start with error 429")
     CHECK(print.sErrMsg == "(429)ActiveX コンポーネントはオブジェクトを作成できません。");
 }
 
-TEST_CASE("an object that cannot be asked by name is error 430")
+TEST_CASE("an object without late binding is error 430")
 {
     const InstalledClass faceless(L"Inin.Faceless.1", L"{6F0A2C31-5B7E-4D52-9C11-3E8A90275402}");
     const auto automation = makeSystemAutomation();
@@ -140,7 +140,7 @@ TEST_CASE("an object that cannot be asked by name is error 430")
     CHECK(noDocumentIsAlive());
 }
 
-TEST_CASE("every kind of value goes out in its own type")
+TEST_CASE("every kind of value is passed in its own type")
 {
     struct Row {
         Variant value;
@@ -167,7 +167,7 @@ TEST_CASE("every kind of value goes out in its own type")
     }
 }
 
-TEST_CASE("every kind of value comes back as it went out")
+TEST_CASE("every kind of value is returned as it was passed")
 {
     const Variant values[] = {Variant(),
                               Null{},
@@ -186,7 +186,7 @@ TEST_CASE("every kind of value comes back as it went out")
     }
 }
 
-TEST_CASE("a result of a type that the runtime lacks comes in one that holds it, an object as nothing")
+TEST_CASE("a result of a type that the runtime lacks is returned in one that can represent it, an object as Empty")
 {
     struct Row {
         const char *what;
@@ -212,7 +212,7 @@ TEST_CASE("a result of a type that the runtime lacks comes in one that holds it,
     }
 }
 
-TEST_CASE("a failure of the object has the object's number and words")
+TEST_CASE("a failure of the object has the object's number and text")
 {
     struct Row {
         const char *way;
@@ -234,7 +234,7 @@ TEST_CASE("a failure of the object has the object's number and words")
     }
 }
 
-TEST_CASE("a failed call has the runtime's number for what the system tells")
+TEST_CASE("a failed call has the runtime's number for the system's error")
 {
     struct Row {
         const char *result; // as the object returns it
@@ -262,7 +262,7 @@ TEST_CASE("a failed call has the runtime's number for what the system tells")
     }
 }
 
-TEST_CASE("a result that nobody has a number for keeps its own, under a heading")
+TEST_CASE("a result without a number of the runtime keeps its own, after a heading")
 {
     DocumentFixture fixture;
     const std::string failure = failureOf([&] { fixture.call("Fails", "-2147418113"); });
@@ -270,7 +270,7 @@ TEST_CASE("a result that nobody has a number for keeps its own, under a heading"
     CHECK_FALSE(failure.ends_with("\n"));
 }
 
-TEST_CASE("a member that the object lacks, too few arguments and a wrong type are told apart")
+TEST_CASE("a missing member, too few arguments and a wrong type have different errors")
 {
     DocumentFixture fixture;
     CHECK(failureOf([&] { fixture.call("Close", 1); }) ==
@@ -286,14 +286,14 @@ TEST_CASE("a member that the object lacks, too few arguments and a wrong type ar
           }) == "13 型が一致しません。");
 }
 
-TEST_CASE("a member is found whatever the case of its name")
+TEST_CASE("a member is found by its name in any case")
 {
     DocumentFixture fixture;
     fixture.document->set("TITLE", "x");
     CHECK(fixture.tool.notes() == "put Title: BSTR \"x\"\n");
 }
 
-TEST_CASE("an object is given back with its last holder, and outlives the port that made it")
+TEST_CASE("an object is released with its last owner, and outlives the port that created it")
 {
     std::optional<DocumentFixture> fixture(std::in_place);
     CHECK_FALSE(noDocumentIsAlive());
@@ -306,7 +306,7 @@ TEST_CASE("an object is given back with its last holder, and outlives the port t
     second->set("Title", "x");
 }
 
-TEST_CASE("no object is left when everything is gone")
+TEST_CASE("no object remains after everything is released")
 {
     CHECK(noDocumentIsAlive());
     {
@@ -319,7 +319,7 @@ TEST_CASE("no object is left when everything is gone")
     CHECK(noDocumentIsAlive());
 }
 
-TEST_CASE("an object of the system itself is created, told and asked")
+TEST_CASE("a COM object of the system is created, set and read")
 {
     const auto automation = makeSystemAutomation();
     const auto words = automation->create("Scripting.Dictionary");
@@ -332,7 +332,7 @@ TEST_CASE("an object of the system itself is created, told and asked")
     CHECK(words->call("Exists", std::array<Variant, 1>{"代理人"}) == Variant(std::int16_t{0}));
 }
 
-TEST_CASE("an object of the system itself refuses by the runtime's number")
+TEST_CASE("a COM object of the system fails with the runtime's number")
 {
     const auto words = makeSystemAutomation()->create("Scripting.Dictionary");
     words->call("Add", std::array<Variant, 2>{"a", 1});
@@ -342,7 +342,7 @@ TEST_CASE("an object of the system itself refuses by the runtime's number")
     CHECK(failureOf([&] { (void)words->get("Title"); }).starts_with("438 "));
 }
 
-TEST_CASE("another object of the system looks for a file whose name is not of the code page")
+TEST_CASE("another COM object of the system finds a file whose name is not in the code page")
 {
     const TempFolder folder;
     const std::string file = systemPath(folder.put("𠮷野.gif", ""));

@@ -15,7 +15,7 @@ using namespace inin;
 
 namespace {
 
-/// The partner program, which tells what it was given, in a deep folder.
+/// The partner program, which records its start, in a deep folder.
 class DeepPartner {
 public:
     DeepPartner() { REQUIRE(CopyFileW(wideFromUtf8(ININ_PARTNER).c_str(), widePath(m_program).c_str(), TRUE) != 0); }
@@ -30,7 +30,7 @@ public:
         for (int wait = 0; wait < 1000 && (told = m_folder.top().bytes("told")).empty(); ++wait) Sleep(10);
         return told;
     }
-    /// What it told in the deep folder itself.
+    /// What it recorded in the deep folder itself.
     [[nodiscard]] std::string toldInFolder() const
     {
         const std::filesystem::path file(widePath(m_folder / "told"));
@@ -62,7 +62,7 @@ TEST_CASE("a program at a path of more than 300 characters with blanks is starte
     CHECK(partner.told() == "1\n2\n");
 }
 
-TEST_CASE("a program that is started in such a folder finds files from it")
+TEST_CASE("a program that is started in such a folder finds files relative to it")
 {
     const DeepPartner partner;
     {
@@ -73,7 +73,7 @@ TEST_CASE("a program that is started in such a folder finds files from it")
     CHECK(partner.toldInFolder() == "1\n2\n");
 }
 
-TEST_CASE("a program that is not there at such a path is error 53")
+TEST_CASE("a missing program at such a path is error 53")
 {
     const DeepPartner partner;
     try {

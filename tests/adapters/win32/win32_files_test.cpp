@@ -10,7 +10,7 @@ using namespace inin;
 
 namespace {
 
-/// A program that has a file open and lets nobody in beside it.
+/// A program that has a file open for exclusive use.
 class ClosedToOthers {
 public:
     explicit ClosedToOthers(const std::string &path)
@@ -28,7 +28,7 @@ private:
 
 } // namespace
 
-TEST_CASE("a file that another program keeps to itself refuses with error 70")
+TEST_CASE("a file that another program uses exclusively is error 70")
 {
     const TempFolder folder;
     const ClosedToOthers other(folder.put("x", "abc"));
@@ -38,14 +38,14 @@ TEST_CASE("a file that another program keeps to itself refuses with error 70")
     CHECK(errorOf([&] { files->remove(folder / "x"); }) == 70);
 }
 
-TEST_CASE("a hidden file is no ordinary one")
+TEST_CASE("a hidden file is not an ordinary one")
 {
     const TempFolder folder;
     REQUIRE(SetFileAttributesA(folder.put("hidden.ini", "").c_str(), FILE_ATTRIBUTE_HIDDEN) != 0);
     CHECK(makeSystemFiles("C:\\")->directorySearch(folder / "hidden.ini") == "");
 }
 
-TEST_CASE("a change of the drive follows its letter; a drive that is not there is error 71, and a share changes none")
+TEST_CASE("a change of the drive uses the letter; a missing drive is error 71, and a share changes nothing")
 {
     const TempFolder folder;
     const CurrentFolder keep(folder.folder());

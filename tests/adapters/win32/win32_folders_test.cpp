@@ -27,7 +27,7 @@ std::int32_t openError(const std::string &path)
     return errorOf([&] { return makeSystemFolders()->open(path); });
 }
 
-/// A drive's letter that leads nowhere, as one without a medium.
+/// A drive letter without a target, like a drive without a medium.
 class DriveWithoutMedium {
 public:
     DriveWithoutMedium() { REQUIRE(DefineDosDeviceW(0, L"Y:", L"C:\\no such folder") != 0); }
@@ -38,14 +38,14 @@ public:
 
 } // namespace
 
-TEST_CASE("the drives are the letters that are there")
+TEST_CASE("the drives are the existing letters")
 {
     const auto drives = makeSystemFolders()->drives();
     CHECK(std::ranges::count(drives, "C:\\") == 1);
     CHECK(std::ranges::count(drives, "Q:\\") == 0);
 }
 
-TEST_CASE("a hidden folder stays out of a person's sight")
+TEST_CASE("a hidden folder is not listed")
 {
     const TempFolder folder;
     for (const char *name : {"seen", "hidden"}) std::filesystem::create_directory(pathOf(folder / name));
@@ -57,14 +57,14 @@ TEST_CASE("a hidden folder stays out of a person's sight")
     CHECK(contents.drive == "C:\\");
 }
 
-TEST_CASE("a drive by itself is its root")
+TEST_CASE("a drive alone means its root")
 {
     const FolderContents contents = makeSystemFolders()->open("C:");
     CHECK(namesOf(contents.above) == std::vector<std::string>{"C:\\"});
     CHECK(std::ranges::count(namesOf(contents.inside), "windows") == 1);
 }
 
-TEST_CASE("a folder on a drive that is not there is error 76")
+TEST_CASE("a folder on a missing drive is error 76")
 {
     CHECK(openError("Q:\\x") == 76);
 }
@@ -81,7 +81,9 @@ TEST_CASE("a drive without a medium is listed and is error 71, without a box of 
     CHECK((GetThreadErrorMode() & SEM_FAILCRITICALERRORS) != 0);
 }
 
-TEST_CASE_FIXTURE(FakeWorld, "choosing a drive without a medium is told in the program's words, and the list goes back")
+TEST_CASE_FIXTURE(
+    FakeWorld,
+    "choosing a drive without a medium is reported in the program's words, and the list returns to the previous drive")
 {
     const DriveWithoutMedium drive;
     const auto folders = makeSystemFolders();

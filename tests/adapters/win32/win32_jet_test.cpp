@@ -29,7 +29,7 @@ const std::string kSample = ININ_TEST_DATA "/jet/practice.mdb";
 
 } // namespace
 
-TEST_CASE("a Jet file on a machine without the Access driver is a failed opening with the driver manager's words")
+TEST_CASE("opening a Jet file on a machine without the Access driver fails with the driver manager's text")
 {
     const TempFolder folder;
     const std::string copy = systemPath(folder / "診療所.mdb");
@@ -40,7 +40,7 @@ TEST_CASE("a Jet file on a machine without the Access driver is a failed opening
     CHECK(opening.session.sErrMsg().size() > 6);
 }
 
-TEST_CASE("a file that is no Jet file is refused before any driver is asked")
+TEST_CASE("a file that is not a Jet file is refused without calling a driver")
 {
     const TempFolder folder;
     const Opening opening(systemPath(folder.put("text.mdb", "no database")));

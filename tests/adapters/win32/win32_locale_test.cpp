@@ -9,7 +9,7 @@ using namespace inin;
 
 namespace {
 
-/// The user's short date form for one test.
+/// Sets the user's short date format for one test.
 class ShortDate {
 public:
     explicit ShortDate(const wchar_t *picture)
@@ -27,14 +27,14 @@ private:
 
 } // namespace
 
-TEST_CASE("the short date is the user's own form")
+TEST_CASE("the short date is the user's own format")
 {
     CHECK(makeSystemLocale()->regional().shortDate == "yyyy/MM/dd");
     const ShortDate form(L"d/M/yy");
     CHECK(makeSystemLocale()->regional().shortDate == "d/M/yy");
 }
 
-TEST_CASE("a date follows the user's own form, with an era too, and is read back by it")
+TEST_CASE("a date is written in the user's own format, with an era too, and is read back")
 {
     struct Row {
         const wchar_t *picture;
@@ -53,7 +53,7 @@ TEST_CASE("a date follows the user's own form, with an era too, and is read back
     }
 }
 
-TEST_CASE("the suite's text goes out in the ANSI code page and comes back")
+TEST_CASE("the suite's text survives conversion to the ANSI code page and back")
 {
     REQUIRE(GetACP() == 932);
     const auto locale = makeSystemLocale();
@@ -61,7 +61,7 @@ TEST_CASE("the suite's text goes out in the ANSI code page and comes back")
     CHECK(locale->fromCodePage("\xFB\xFC\x8B\xB4\xB1") == "髙橋ｱ");
 }
 
-TEST_CASE("a character that the code page lacks is one question mark, never one that looks like it")
+TEST_CASE("a character that the code page lacks becomes one question mark, never a similar character")
 {
     const auto locale = makeSystemLocale();
     CHECK(locale->toCodePage("é") == "?");
@@ -70,14 +70,14 @@ TEST_CASE("a character that the code page lacks is one question mark, never one 
     CHECK(locale->toCodePage("a\xFFz") == "a?z");
 }
 
-TEST_CASE("a byte that is no character is U+FFFD")
+TEST_CASE("a byte that is not a character becomes U+FFFD")
 {
     const auto locale = makeSystemLocale();
     CHECK(locale->fromCodePage("a\x81") == "a\uFFFD");
     CHECK(locale->fromCodePage("\xFF z") == "\uFFFD z");
 }
 
-TEST_CASE("UTF-16 of the wide calls and UTF-8 are each other's")
+TEST_CASE("UTF-8 survives conversion to UTF-16 and back")
 {
     CHECK(wideFromUtf8("髙𠮷") == L"\u9AD9\U00020BB7");
     CHECK(utf8FromWide(L"\u9AD9\U00020BB7") == "髙𠮷");
@@ -85,7 +85,7 @@ TEST_CASE("UTF-16 of the wide calls and UTF-8 are each other's")
     CHECK(utf8FromWide(L"").empty());
 }
 
-TEST_CASE("the clock tells the local time of day to its fraction, and the same day in both calls")
+TEST_CASE("the clock reports the local time of day with its fraction, and the same day in both calls")
 {
     const auto clock = makeSystemClock();
     const double timer = clock->timer();

@@ -22,7 +22,7 @@ std::unique_ptr<Processes> processes()
     return makeSystemProcesses([] {});
 }
 
-/// What the started program told; empty after ten seconds without a word.
+/// What the started program recorded; empty if there is nothing after ten seconds.
 std::string toldBy(const TempFolder &folder, const std::string &name)
 {
     std::string told;
@@ -31,7 +31,7 @@ std::string toldBy(const TempFolder &folder, const std::string &name)
     return told;
 }
 
-/// A folder with the partner program in it under another name.
+/// A folder that contains the partner program under another name.
 struct PartnerFolder {
     TempFolder folder;
     std::string program;
@@ -50,7 +50,7 @@ struct PartnerFolder {
     }
 };
 
-/// The partner program as the one that opens addresses: it writes down what it is given, as it is.
+/// Registers the partner program as the one that opens web addresses; it records its command line unchanged.
 class AddressHandler {
 public:
     AddressHandler() : m_before(command())
@@ -62,7 +62,7 @@ public:
     AddressHandler &operator=(const AddressHandler &) = delete;
     ~AddressHandler() { setCommand(m_before); }
 
-    /// What it got for the address, without its line end.
+    /// What it received for the address, without the line end.
     [[nodiscard]] std::string gotFor(const std::string &address) const
     {
         std::filesystem::remove(pathOf(m_folder.folder / "told"));
@@ -70,7 +70,7 @@ public:
         const std::string told = toldBy(m_folder.folder, "told");
         return told.substr(0, told.size() - std::min<std::size_t>(told.size(), 1));
     }
-    /// True when no program is started for the address.
+    /// True if no program is started for the address.
     [[nodiscard]] bool staysQuietFor(const std::string &address) const
     {
         std::filesystem::remove(pathOf(m_folder.folder / "told"));
@@ -100,7 +100,7 @@ private:
 
 } // namespace
 
-TEST_CASE_FIXTURE(PartnerFolder, "a program starts with the window that was asked for")
+TEST_CASE_FIXTURE(PartnerFolder, "a program starts with the requested window style")
 {
     put("wfrfv10.exe");
     const CurrentFolder current(folder.path());
@@ -112,7 +112,7 @@ TEST_CASE_FIXTURE(PartnerFolder, "a program starts with the window that was aske
     CHECK(toldBy(folder, "maximized") == "3\n");
 }
 
-TEST_CASE_FIXTURE(PartnerFolder, "a started program gets its words as the command line has them")
+TEST_CASE_FIXTURE(PartnerFolder, "a started program gets its arguments as on the command line")
 {
     put("tool.exe");
     const CurrentFolder current(folder.path());
@@ -121,7 +121,7 @@ TEST_CASE_FIXTURE(PartnerFolder, "a started program gets its words as the comman
 }
 
 TEST_CASE_FIXTURE(PartnerFolder,
-                  "a path with blanks and Japanese letters is found at its shortest beginning that is a file")
+                  "a path with blanks and Japanese characters is found by the shortest prefix that is a file")
 {
     std::filesystem::create_directory(pathOf(folder / "委任 状"));
     put("委任 状/tool.exe");
@@ -130,7 +130,7 @@ TEST_CASE_FIXTURE(PartnerFolder,
     CHECK(toldBy(folder, "told") == "1\n");
 }
 
-TEST_CASE_FIXTURE(PartnerFolder, "a program that is not there or is none is error 53")
+TEST_CASE_FIXTURE(PartnerFolder, "a missing program, or a file that is not one, is error 53")
 {
     folder.put("text.exe", "no program");
     for (const std::string &line : {std::string("no_such_tool.exe /c x"), folder / "text.exe", std::string()}) {
@@ -144,20 +144,20 @@ TEST_CASE_FIXTURE(PartnerFolder, "a program that is not there or is none is erro
     }
 }
 
-TEST_CASE("the program of the machine that opens web addresses gets the address as it is")
+TEST_CASE("the machine's program for web addresses gets the address unchanged")
 {
     const std::string addresses[] = {
         "http://help.example.jp/massage/index.html?zi=rezama&zp=%2Ftrohs&lk=1",
         "http://help.example.jp/委任状/髙橋𠮷?zi=番&zp=&lk=1",
         "http://help.example.jp/a b  c?zi=\"quoted\" '&|<>^%2F&lk=1",
-        // Wine 8 breaks down on more than some 1000 characters, Windows takes 2083.
+        // Wine 8 fails with more than about 1000 characters, Windows accepts 2083.
         "http://help.example.jp/?zi=" + std::string(900, 'x') + "&lk=1",
     };
     const AddressHandler handler;
     for (const std::string &address : addresses) CHECK(handler.gotFor(address) == address);
 }
 
-TEST_CASE("nothing but a web address is opened")
+TEST_CASE("only a web address is opened")
 {
     const std::string addresses[] = {
         "",
@@ -177,7 +177,7 @@ TEST_CASE("nothing but a web address is opened")
     }
 }
 
-TEST_CASE("the computer's name is told when it fits with its NUL")
+TEST_CASE("the computer's name is returned if it fits with its NUL")
 {
     char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
     DWORD size = sizeof name;

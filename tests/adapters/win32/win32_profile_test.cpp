@@ -28,7 +28,7 @@ private:
     HANDLE m_handle;
 };
 
-/// Plays a case on the file at `path`, which goes away again; empty for no difference.
+/// Runs a case on the file at `path` and deletes it; returns the differences, empty if there are none.
 std::string playedAt(const std::string &path, const ProfileCase &one, Profile &profile)
 {
     const std::filesystem::path file(widePath(path));
@@ -48,7 +48,7 @@ bool canBePlayed(const ProfileCase &one)
 
 } // namespace
 
-TEST_CASE("the calls mend a broken double byte of another line, and refuse a file that another program holds open")
+TEST_CASE("the calls repair a broken double byte of another line, and refuse a file that another program has open")
 {
     std::size_t count = 0;
     for (const ProfileCase &one : recordedProfileCases()) {
@@ -60,7 +60,7 @@ TEST_CASE("the calls mend a broken double byte of another line, and refuse a fil
     CHECK(count == 2);
 }
 
-TEST_CASE("every recorded profile call gives what the platform gave at a path that the calls cannot be told")
+TEST_CASE("every recorded profile call has the platform's result at a path that the ANSI calls cannot open")
 {
     std::size_t count = 0;
     const auto profile = makeSystemProfile();
@@ -76,7 +76,7 @@ TEST_CASE("every recorded profile call gives what the platform gave at a path th
     CHECK(current.entries() == 0);
 }
 
-TEST_CASE("the calls can be told a path of the classic length and of the code page's characters")
+TEST_CASE("the ANSI calls can open a path of the classic length with characters of the code page")
 {
     const std::string deep = "C:\\" + std::string(300, 'x');
     CHECK(canBeTold("C:\\SUITE\\印刷設定.ini"));
@@ -87,11 +87,11 @@ TEST_CASE("the calls can be told a path of the classic length and of the code pa
     CHECK_FALSE(canBeTold("\\\\server\\share\\" + std::string(300, 'x') + "\\x.ini"));
     CHECK_FALSE(canBeTold("C:\\𠮷野\\x.ini"));
     CHECK_FALSE(canBeTold("C:\\SUITE\\Äpfel.ini"));
-    // It would go out as a sign that only looks like it, and the name would be another.
+    // It would become a similar character, and so another name.
     CHECK_FALSE(canBeTold("C:\\SUITE\\1\u301C2.ini"));
 }
 
-TEST_CASE("a name without a folder never means the current one, however deep that lies")
+TEST_CASE("a name without a folder never means the current one, not even a deep one")
 {
     const DeepFolder deep;
     const CurrentFolder keep(widePath(deep.path()));
@@ -104,7 +104,7 @@ TEST_CASE("a name without a folder never means the current one, however deep tha
     CHECK(makeSystemFiles("C:\\")->directorySearch(deep / "*") == "");
 }
 
-TEST_CASE("a profile file is written and read where its path has a character that the code page lacks")
+TEST_CASE("a profile file is written and read at a path with a character that the code page lacks")
 {
     const TempFolder folder, current;
     const CurrentFolder keep(current.folder());
@@ -121,7 +121,7 @@ TEST_CASE("a profile file is written and read where its path has a character tha
     CHECK(current.entries() == 0);
 }
 
-TEST_CASE("a refused write gives 0 at a path that the calls cannot be told, and writes nothing anywhere")
+TEST_CASE("a refused write returns 0 at a path that the ANSI calls cannot open, and writes nothing anywhere")
 {
     const DeepFolder deep;
     const TempFolder current;

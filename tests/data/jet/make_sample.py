@@ -18,7 +18,7 @@ HEADER_KEY = bytes.fromhex("C7DA396B")
 JAPANESE = 0x0411
 CODE_PAGE = 932
 EPOCH = datetime.datetime(1899, 12, 30)
-DELETED = 0xC000  # both flags of a row's place: the space may be used again
+DELETED = 0xC000  # both flags of a row's slot: the space may be reused
 
 # name: code, bytes of a value in the row's fixed part (None: variable part)
 TYPES = {"bool": (1, 0), "byte": (2, 1), "int": (3, 2), "long": (4, 4), "money": (5, 8), "single": (6, 4),
@@ -48,7 +48,7 @@ def days(moment):
 
 
 def compressed(text):
-    """Jet writes text that has only Latin characters with one byte each behind a mark."""
+    """Jet writes text with only Latin-1 characters as one byte each after a prefix."""
     if 1 < len(text) and all(0 < ord(c) < 256 for c in text):
         return b"\xFF\xFE" + text.encode("latin-1")
     return text.encode("utf-16-le")
@@ -83,7 +83,7 @@ class Column:
 
 
 class Writer:
-    """Pages in the order in which they are asked for; 0 to 2 have fixed places."""
+    """Pages in the order of their allocation; 0 to 2 have fixed purposes."""
 
     def __init__(self):
         self.pages = [b"", b"", b""]
@@ -93,7 +93,7 @@ class Writer:
         return len(self.pages) - 1
 
     def data_page(self, number, owner, rows):
-        """Rows stand from the page's end downwards; a row is bytes or (bytes, flag of its place)."""
+        """Rows are stored from the page's end downwards; a row is bytes or (bytes, flag of its slot)."""
         body, places, at = bytearray(PAGE), [], PAGE
         for row in rows:
             data, flag = row if isinstance(row, tuple) else (row, 0)
@@ -113,7 +113,7 @@ class Writer:
         return struct.pack("<BI", 0, 0) + bytes(bits)
 
     def long_value(self, data):
-        """A memo or an OLE value: beside its row, on a page of its own, or on a chain of them."""
+        """A memo or an OLE value: inside its row, on a page of its own, or on a chain of pages."""
         if len(data) <= 64:
             return struct.pack("<III", len(data) | 0x80000000, 0, 0) + data
         if len(data) <= PAGE - 16:
@@ -176,7 +176,7 @@ class Writer:
         self.pages[number] = (struct.pack("<BBHI", 2, 1, free, 0) + block + content).ljust(PAGE, b"\0")
 
     def table(self, number, columns, rows, is_system=False):
-        """`rows` are lists of values; a row that begins with the word "deleted" is marked so."""
+        """`rows` are lists of values; a row that begins with the word "deleted" is flagged as deleted."""
         maps_page, pages, current, used = self.new_page(), [], [], 0
         count = sum(values[0] != "deleted" for values in rows)
         chunks = []

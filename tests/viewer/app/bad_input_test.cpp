@@ -1,4 +1,4 @@
-// What arrives broken, huge or hostile from outside, through the whole program.
+// Damaged, huge and hostile input for the whole program.
 #include "suite_text/code_page_932.h"
 #include "viewer/letters/csv_reader.h"
 #include "viewer/pdf/letters_pdf.h"
@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A letter file with these titles and one ordinary letter.
+/// A letter file with these column names and one ordinary letter.
 std::string csvWith(const std::vector<std::string> &titles)
 {
     std::string first, second;
@@ -29,7 +29,7 @@ std::string csvWith(const std::vector<std::string> &titles)
     return encodeCp932(first + "\r\n" + second + "\r\n");
 }
 
-/// A print job of one ordinary letter on a form of our own.
+/// Writes a print job of one ordinary letter on the given form.
 std::string writeJobWith(const TempFolder &folder, const std::string &form)
 {
     std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -39,7 +39,7 @@ std::string writeJobWith(const TempFolder &folder, const std::string &form)
 
 } // namespace
 
-TEST_CASE("a letter file of nineteen columns is refused by the missing name, unless the form does without it")
+TEST_CASE("a letter file without a column that the form needs is refused with the column's name")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {});
@@ -64,7 +64,7 @@ TEST_CASE("a letter file of nineteen columns is refused by the missing name, unl
     CHECK_FALSE(contains(form, "{{金融機関名２"));
 }
 
-TEST_CASE("a row of nineteen or twenty-one values under twenty titles is shown as unreadable, the others as letters")
+TEST_CASE("a row with a value too few or too many is shown as unreadable, and the other rows as letters")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), ordinaryRow(), ordinaryRow()});
@@ -84,7 +84,7 @@ TEST_CASE("a row of nineteen or twenty-one values under twenty titles is shown a
     for (const std::size_t page : {1U, 2U}) CHECK(contains(packed(pages[page]), "この行は確実に読み取れない"));
 }
 
-TEST_CASE("a letter file without its title row is refused, for its first letter names no columns")
+TEST_CASE("a letter file without its header row is refused")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), longestRow()});
@@ -95,11 +95,11 @@ TEST_CASE("a letter file without its title row is refused, for its first letter 
 
     CHECK(outcome.code == 1);
     CHECK_FALSE(folder.has("o.pdf"));
-    // The values of an ordinary letter hold one text twice, and no column can be told from another then.
+    // The first row is read as the header row. The duplicate value in an ordinary letter is a duplicate column name.
     CHECK(contains(outcome.errors, "見出し行に列「"));
 }
 
-TEST_CASE("32,767 letters become as many pages")
+TEST_CASE("32,767 letters give 32,767 pages")
 {
     TempFolder folder;
     const LetterSet set =
@@ -114,7 +114,7 @@ TEST_CASE("32,767 letters become as many pages")
     CHECK(contains(folder.bytes("o.pdf"), "/Count 32767/"));
 }
 
-TEST_CASE("a NUL, a megabyte in a field and a cut-off last line are told, and the other letters come")
+TEST_CASE("a NUL, a field of a megabyte and a truncated last line are reported, and the other letters are printed")
 {
     TempFolder folder;
     Row nul = ordinaryRow(), megabyte = ordinaryRow();
@@ -137,10 +137,10 @@ TEST_CASE("a NUL, a megabyte in a field and a cut-off last line are told, and th
     CHECK(contains(packed(pages[2]), "髙橋花子"));
 }
 
-TEST_CASE("nothing that a form refers to is ever opened")
+TEST_CASE("a file that a form refers to is never opened")
 {
     TempFolder folder;
-    // Opening a pipe that nobody writes to would wait for ever.
+    // Opening a pipe without a writer would block forever.
     const std::string pipe = folder / "pipe";
     REQUIRE(mkfifo(pipe.c_str(), 0600) == 0);
     std::string form = svgPage("<style>@import url('PIPE'); @font-face{font-family:x;src:url('PIPE')}</style>"
@@ -162,8 +162,7 @@ TEST_CASE("nothing that a form refers to is ever opened")
     CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "本文");
 }
 
-TEST_CASE(
-    "a form with entities, with millions of elements or of an unknown column is told with its path, and no page comes")
+TEST_CASE("a form with entities, a million elements or an unknown column is refused and gives no PDF")
 {
     std::string many;
     for (int i = 0; i < 1'000'000; ++i) many += "<g/>";
@@ -192,13 +191,13 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("files that are too large to be what they are called are refused without being read")
+TEST_CASE("a form, a letter file and a script that are too large are refused without being read")
 {
     constexpr std::uintmax_t kHuge = std::uintmax_t{1} << 36;
     for (const char *name : {kForm, "委任状.csv", "WfdCom.dat"}) {
         TempFolder folder;
         const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
-        fs::resize_file(folder / name, kHuge); // a file with a hole takes no room
+        fs::resize_file(folder / name, kHuge); // a sparse file needs no disk space
         const Outcome outcome = runViewer(folder, "--pdf o.pdf " + script);
         CAPTURE(std::string(name));
         CHECK(outcome.code == 1);

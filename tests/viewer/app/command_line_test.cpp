@@ -19,7 +19,7 @@ template <class Command> Command parsed(const std::vector<std::string> &words)
 
 } // namespace
 
-TEST_CASE("everything behind /c is the script's path, which blanks have cut")
+TEST_CASE("the arguments after /c are joined with blanks to the script's path")
 {
     CHECK(parsed<ViewCommand>({"wfrfv10.exe", "/c", "C:\\my", "site\\TMP\\WfdCom.dat"}).script ==
           "C:\\my site\\TMP\\WfdCom.dat");
@@ -41,7 +41,7 @@ TEST_CASE("the options of a run without a window are read")
     CHECK(parsed<ViewCommand>({"WrVb6Viewer.exe", "/c", "s.dat"}).needsWindow());
 }
 
-TEST_CASE("the merger's name takes an output form and a script")
+TEST_CASE("under the merger's name, an output form and a script are read")
 {
     for (const char *name : {"wfrimg10.exe", "/site/WFRIMG10.EXE", "wfrimg10"}) {
         const auto command = parsed<MergeCommand>({name, "C:\\my", "TMP\\tmp.wfd", "/c", "C:\\my", "TMP\\WfdCom.dat"});
@@ -61,7 +61,7 @@ TEST_CASE("a command line without a script or with an unknown option is refused"
     parsed<ShowHelp>({"formviewer", "--help"});
 }
 
-TEST_CASE("a path of Japanese words and blanks arrives whole, and the PDF is where it was asked for")
+TEST_CASE("paths with Japanese characters and blanks are accepted")
 {
     TempFolder folder;
     fs::create_directory(pathOf(folder / "一時 置場𠮷"));
@@ -75,7 +75,7 @@ TEST_CASE("a path of Japanese words and blanks arrives whole, and the PDF is whe
     CHECK(folder.bytes("一時 置場𠮷/髙橋 様.pdf").starts_with("%PDF-1.5"));
 }
 
-TEST_CASE("the exit code tells whether it was done, failed or made no sense, and the words are UTF-8")
+TEST_CASE("the exit code distinguishes success, failure and an invalid command line, and messages are UTF-8")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {longestRow()});
@@ -90,7 +90,7 @@ TEST_CASE("the exit code tells whether it was done, failed or made no sense, and
     CHECK(contains(runViewer(folder, "--help").output, "--letters"));
 }
 
-TEST_CASE("under the merger's name, in any case, it writes the combined form that the viewer prints")
+TEST_CASE("under the merger's name, in any case, the program writes a combined form that the viewer prints")
 {
     TempFolder folder;
     const std::string dir = folder.path();

@@ -15,7 +15,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// A few bytes of a file changed, dropped or doubled.
+/// Changes, removes or duplicates a few bytes of a file.
 std::string damaged(std::string bytes, std::mt19937 &dice)
 {
     for (unsigned count = 1 + dice() % 4; count > 0 && !bytes.empty(); --count) {
@@ -45,7 +45,7 @@ public:
 
 } // namespace
 
-TEST_CASE("a damaged form is drawn or refused with a sentence, whatever is damaged")
+TEST_CASE("a damaged form is either drawn or refused with a sentence")
 {
     const std::string form = bytesOf(std::string(ININ_SITE) + "/forms/委任状23.wfd");
     std::mt19937 dice(11);
@@ -69,7 +69,7 @@ TEST_CASE("a damaged form is drawn or refused with a sentence, whatever is damag
     CHECK(refused > 40);
 }
 
-TEST_CASE("a letter file cut off anywhere gives whole rows and at most one that is marked")
+TEST_CASE("a letter file truncated anywhere gives complete rows and at most one marked row")
 {
     const std::string csv = csvOf({ordinaryRow(), oddRow(), longestRow()});
     const LetterTable whole = readLetters(csv, TitleRow::first);
@@ -91,13 +91,13 @@ TEST_CASE("a damaged script is read to its end")
                     "SetDataText,\"委任状\",\"C:\\TMP\\委任状.csv\",\",\", \"\"\"\", True\r\n"
                     "PrintOffsetX, 5\r\nSetItemValue,\"a.b\",\"c\"\r\nPrintPaper, A4\r\nPrintOut\r\n");
     std::mt19937 dice(13);
-    int untold = 0;
+    int unnoticed = 0;
     for (int round = 0; round < 2'000; ++round)
-        if (readCommandScript(damaged(script, dice)).notices.empty()) ++untold;
-    CHECK(untold < 2'000);
+        if (readCommandScript(damaged(script, dice)).notices.empty()) ++unnoticed;
+    CHECK(unnoticed < 2'000);
 }
 
-TEST_CASE("a damaged combined form is read or refused")
+TEST_CASE("a damaged combined form is either read or refused")
 {
     const std::string text = combinedFormText({{"/a.wfd", {{"b", "/c.csv", true}}}});
     std::mt19937 dice(14);

@@ -9,7 +9,7 @@ using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("a combined form that its merger is still writing is waited for")
+TEST_CASE("the viewer waits for a combined form that the merger is still writing")
 {
     const TempFolder folder;
     (void)writePrintJob(folder, "委任状23.wfd", {ordinaryRow(), ordinaryRow()});

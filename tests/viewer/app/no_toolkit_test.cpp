@@ -1,4 +1,4 @@
-// The program as it is built without a toolkit.
+// The program in a build without the toolkit.
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -6,7 +6,7 @@
 using namespace inin;
 using namespace inin::viewer::test;
 
-TEST_CASE("a program without a toolkit says that it has no window and no pictures, and leaves nothing behind")
+TEST_CASE("a program without a toolkit refuses windows and pictures with a sentence and leaves no files")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});

@@ -1,4 +1,4 @@
-// The viewer where its standard streams are closed, or lead to a full disk.
+// The viewer with standard streams that are closed or connected to a full disk.
 #include "suite_text/code_page_932.h"
 #include "viewer/support/viewer_world.h"
 
@@ -14,16 +14,16 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// The exit code of the viewer in `folder`, -1 when it aborted; the arguments hold the redirections.
+/// The exit code of the viewer in `folder`, or -1 if it aborted. The arguments include the redirections.
 int codeOf(const TempFolder &folder, const std::string &arguments)
 {
     const std::string command = "cd '" + folder.path() + "' && exec '" ININ_FORMVIEWER "' " + arguments;
     const int status = std::system(command.c_str());
-    // A shell gives 128 and the signal.
+    // A shell returns 128 plus the signal number.
     return WIFEXITED(status) && WEXITSTATUS(status) < 128 ? WEXITSTATUS(status) : -1;
 }
 
-/// Two letters with a notice about each of their scripts' unknown lines.
+/// A print job of two letters whose script has unknown lines, which give notices.
 struct Letters {
     TempFolder folder;
     std::string script = writePrintJob(folder, kForm, {ordinaryRow(), ordinaryRow()});
@@ -32,7 +32,7 @@ struct Letters {
 
 } // namespace
 
-TEST_CASE("notices that cannot be printed cost no letter")
+TEST_CASE("all letters are written even if notices cannot be printed")
 {
     const Letters letters;
     REQUIRE(codeOf(letters.folder, "--pdf with.pdf WfdCom.dat 2>err.txt") == 0);
@@ -44,7 +44,7 @@ TEST_CASE("notices that cannot be printed cost no letter")
     }
 }
 
-TEST_CASE("a failure that cannot be printed is a failure, and no abort")
+TEST_CASE("an error that cannot be printed gives the exit code of a failure, not an abort")
 {
     const TempFolder folder;
     for (const char *errors : {"2>/dev/full", "2>&-"})

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Replaces a piece of a file that is there.
+/// Replaces a part of a file, which must exist.
 void change(const std::string &path, const std::string &from, const std::string &to)
 {
     std::string bytes = bytesOf(path);
@@ -29,7 +29,7 @@ void change(const std::string &path, const std::string &from, const std::string 
 
 } // namespace
 
-TEST_CASE("the letters that are ticked come out as a PDF")
+TEST_CASE("the selected letters are written as a PDF")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, std::vector<Row>(8, ordinaryRow()));
@@ -50,7 +50,7 @@ TEST_CASE("the script is found by either slash and in any case")
     CHECK(folder.has("out.pdf"));
 }
 
-TEST_CASE("a form, a letter file and a script that are missing are told with their paths")
+TEST_CASE("a missing form, letter file or script is reported with its path")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -67,7 +67,7 @@ TEST_CASE("a form, a letter file and a script that are missing are told with the
     CHECK_FALSE(folder.has("o.pdf"));
 }
 
-TEST_CASE("a script without a letter file, and letters without rows, are told")
+TEST_CASE("a script without a letter file and a letter file without rows are reported")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {});
@@ -79,7 +79,7 @@ TEST_CASE("a script without a letter file, and letters without rows, are told")
     CHECK(contains(runViewer(folder, "--pdf o.pdf " + script).errors, "帳票の名前（FileName）がありません。"));
 }
 
-TEST_CASE("a form that is none of ours gives a message and plain lists of the rows")
+TEST_CASE("a form that is not SVG gives a message and a listing of the rows")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), longestRow()});
@@ -98,7 +98,7 @@ TEST_CASE("a form that is none of ours gives a message and plain lists of the ro
     CHECK(contains(packed(pages[1]), longestRow().at("利用者住所")));
 }
 
-TEST_CASE("letters with a column too few are refused by the column's name, with one too many they are printed")
+TEST_CASE("a missing column is refused with its name, and an additional column is accepted")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -113,7 +113,7 @@ TEST_CASE("letters with a column too few are refused by the column's name, with 
     CHECK(contains(packed(pagesOf(folder / "o.pdf").at(0)), "髙橋花子"));
 }
 
-TEST_CASE("a letter file in another order of columns fills the same places")
+TEST_CASE("a letter file with another order of columns fills the same fields")
 {
     TempFolder folder;
     folder.put("f.svg", svgPage("<text x='9' y='9'>甲{{a}}</text><text x='9' y='29'>乙{{b}}</text>"));
@@ -127,7 +127,7 @@ TEST_CASE("a letter file in another order of columns fills the same places")
     }
 }
 
-TEST_CASE("a script that names itself as its letters is told and stays as it was")
+TEST_CASE("a script that names itself as its letter file is reported and stays unchanged")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -141,7 +141,7 @@ TEST_CASE("a script that names itself as its letters is told and stays as it was
     CHECK(bytesOf(script) == before);
 }
 
-TEST_CASE("a PDF that cannot be written leaves nothing behind")
+TEST_CASE("a PDF that cannot be written leaves no file")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -152,12 +152,12 @@ TEST_CASE("a PDF that cannot be written leaves nothing behind")
     CHECK(folder.names() == std::vector<std::string>{"WfdCom.dat", "folder.pdf", "委任状.csv", "委任状37_01.wfd"});
 }
 
-TEST_CASE("a disk that fills up leaves the old PDF and nothing half-written")
+TEST_CASE("a full disk leaves the older PDF and no partial file")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, std::vector<Row>(300, ordinaryRow()));
     folder.put("o.pdf", "old");
-    // The user's limit on a file's size stands in for a full disk: a write fails in the middle.
+    // The user's file size limit simulates a full disk: a write fails in the middle.
     const std::string command =
         "cd '" + folder.path() + "' && (ulimit -f 100; '" ININ_FORMVIEWER "' --pdf o.pdf '" + script + "') 2>err.txt";
 
@@ -169,7 +169,7 @@ TEST_CASE("a disk that fills up leaves the old PDF and nothing half-written")
           std::vector<std::string>{"WfdCom.dat", "err.txt", "o.pdf", "委任状.csv", "委任状37_01.wfd"});
 }
 
-TEST_CASE("a merge writes a combined form that the viewer prints, letters in the order of the reports")
+TEST_CASE("a merge writes a combined form, whose letters the viewer prints in the order of the reports")
 {
     TempFolder folder;
     const std::string dir = folder.path();
@@ -196,7 +196,7 @@ TEST_CASE("a merge writes a combined form that the viewer prints, letters in the
     CHECK(packed(pages[2]) == "二eとg");
 }
 
-TEST_CASE("a merger's script without reports writes nothing and is told")
+TEST_CASE("a merger's script without reports is reported and writes no file")
 {
     TempFolder folder;
     folder.put("s.dat", encodeCp932("Title,\"まとめ\"\r\nFileName,\"\"\r\n"));
@@ -206,7 +206,7 @@ TEST_CASE("a merger's script without reports writes nothing and is told")
     CHECK(folder.names() == std::vector<std::string>{"s.dat"});
 }
 
-TEST_CASE("a combined form keeps paths with quotes and angles, and refuses to hold itself")
+TEST_CASE("a combined form keeps paths with quotes and angle brackets, and cannot contain itself")
 {
     const std::vector<ReportOrder> reports = {{"/a<b>&\"c\".wfd", {{"名", "/d&.csv", false}}}, {"/e.wfd", {}}};
     const std::string text = combinedFormText(reports);
@@ -223,7 +223,7 @@ TEST_CASE("a combined form keeps paths with quotes and angles, and refuses to ho
     CHECK(contains(runViewer(folder, "--pdf o.pdf s.dat").errors, "結合した帳票の中に結合した帳票は置けません。"));
 }
 
-TEST_CASE("an item value takes the place of the text of that name, and one without a place is told")
+TEST_CASE("an item value replaces the text of its name, and one without a text is reported")
 {
     TempFolder folder;
     folder.put("f.svg", svgPage("<text id='件名' x='9' y='9'>元の文</text>"));
@@ -238,7 +238,7 @@ TEST_CASE("an item value takes the place of the text of that name, and one witho
     CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "{{a}}新しい文");
 }
 
-TEST_CASE("an unknown line of a script is told, and the letters come all the same")
+TEST_CASE("an unknown line of a script is reported, and the letters are printed")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -248,7 +248,7 @@ TEST_CASE("an unknown line of a script is told, and the letters come all the sam
     CHECK(outcome.errors == "コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Hello,\"x\"\n");
 }
 
-TEST_CASE("the folder that ININ_FONTS names is the only one that fonts are taken from")
+TEST_CASE("only fonts of the folder in ININ_FONTS are used")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -268,7 +268,7 @@ TEST_CASE("the folder that ININ_FONTS names is the only one that fonts are taken
     CHECK_FALSE(folder.has("none.pdf"));
 }
 
-TEST_CASE("a new PDF is readable by its owner only, one that replaces an older PDF keeps the rights of that")
+TEST_CASE("a new PDF is readable by its owner only, and a replacement keeps the rights of the older PDF")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -282,7 +282,7 @@ TEST_CASE("a new PDF is readable by its owner only, one that replaces an older P
     }
 }
 
-TEST_CASE("the name of a PDF is taken as it is: another case or a dot at the end is another file")
+TEST_CASE("the name of a PDF is used exactly: another case or a final dot is another file")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -296,7 +296,7 @@ TEST_CASE("the name of a PDF is taken as it is: another case or a dot at the end
     CHECK(pagesOf(folder / "y.").size() == 1);
 }
 
-TEST_CASE("a form of another namespace is refused, and gives no blank pages")
+TEST_CASE("a form of another namespace is refused instead of giving blank pages")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -307,7 +307,7 @@ TEST_CASE("a form of another namespace is refused, and gives no blank pages")
     CHECK_FALSE(folder.has("o.pdf"));
 }
 
-TEST_CASE("a form whose own text has a character that no font has is told")
+TEST_CASE("a character in a form's own text that no font has is reported")
 {
     TempFolder folder;
     folder.put("f.svg", svgPage("<text x='9' y='9'>𠮷\U0010FFFD</text>"));

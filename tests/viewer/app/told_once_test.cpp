@@ -6,7 +6,7 @@ using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("letters that are written as PDF and as pictures are told of once")
+TEST_CASE("the problems of letters that are written as PDF and as pictures are reported once")
 {
     const TempFolder folder;
     Row row = ordinaryRow();

@@ -7,7 +7,7 @@ using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("the program's check tells what the window tells of script, form and fonts before it tells of letters")
+TEST_CASE("the command-line check reports the window's notices of script, form and fonts before the findings")
 {
     const TempFolder folder;
     writeBytes(folder / "f.svg", svgPage("<script/><text x='9' y='9'>\U0010FFFD</text>"));
@@ -21,7 +21,7 @@ TEST_CASE("the program's check tells what the window tells of script, form and f
                             "1通を点検しました。注意が必要な委任状はありません。\n");
 }
 
-TEST_CASE("the program reports a difference to the letters of the run, in the check and beside a PDF")
+TEST_CASE("the program reports a difference from the run record, in the check and when it writes a PDF")
 {
     const TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});

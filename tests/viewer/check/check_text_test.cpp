@@ -23,7 +23,7 @@ std::vector<Row> twoLettersOneWithoutHolder()
 
 } // namespace
 
-TEST_CASE("the check tells the cause, where it is mended and the letters")
+TEST_CASE("the check reports the cause, the remedy and the letters")
 {
     const LetterSet set = lettersOn(svgPage(""), twoLettersOneWithoutHolder());
     const LetterNames names(set);
@@ -34,14 +34,14 @@ TEST_CASE("the check tells the cause, where it is mended and the letters")
                                                                    "   2番　丸亀市　乙川　二\n");
 }
 
-TEST_CASE("the check tells that nothing was found")
+TEST_CASE("the check reports that it found nothing")
 {
     const LetterSet set = lettersOn(svgPage(""), twoLettersOneWithoutHolder());
     CHECK(checkText({2, {"お知らせ"}, {}}, LetterNames(set)) ==
           "お知らせ\n2通を点検しました。注意が必要な委任状はありません。\n");
 }
 
-TEST_CASE("the check as JSON counts letters from 1 and keeps the causes' names")
+TEST_CASE("the check as JSON counts letters from 1 and uses the causes' names")
 {
     const LetterSet set = lettersOn(svgPage(""), twoLettersOneWithoutHolder());
     const auto json = nlohmann::json::parse(checkJson(
@@ -59,7 +59,7 @@ TEST_CASE("the check as JSON counts letters from 1 and keeps the causes' names")
     CHECK(json["causes"][1]["findings"][0]["detail"] == "利用者氏名：?");
 }
 
-TEST_CASE("the program's check prints what is found and ends well")
+TEST_CASE("the command-line check prints the findings and exits with success")
 {
     const TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, twoLettersOneWithoutHolder());
@@ -68,7 +68,7 @@ TEST_CASE("the program's check prints what is found and ends well")
     CHECK(contains(outcome.output, "■ 口座名義が入っていません（1通）"));
 }
 
-TEST_CASE("the program's check as JSON judges all letters and tells those that are asked for")
+TEST_CASE("the command-line check as JSON checks all letters and reports the requested ones")
 {
     const TempFolder folder;
     std::vector<Row> rows = twoLettersOneWithoutHolder();

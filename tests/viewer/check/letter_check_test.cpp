@@ -19,7 +19,7 @@ const char *const kBoxedName =
     "data-min-size='3'>{{利用者氏名}}</text>";
 const char *const kDatedForm = "<text x='20' y='36' font-size='5'>{{会社電話番号|yyyy年}}</text>";
 
-/// A form that has a text, so that its pages are not blank.
+/// A form with a text, so that its pages are not blank.
 const char *const kPlainForm = "<text x='20' y='20'>委任状</text>";
 
 /// The findings of letters on a form.
@@ -38,7 +38,7 @@ std::vector<Cause> causesOf(const std::vector<Row> &rows, const std::string &ele
     return causes;
 }
 
-/// The causes of one row that is ordinary but for one column.
+/// The causes for a row that is ordinary except in one column.
 std::vector<Cause> causesWith(const std::string &column, const std::string &value)
 {
     Row row = ordinaryRow();
@@ -55,7 +55,7 @@ std::string repeated(const std::string &text, int times)
 
 using Causes = std::vector<Cause>;
 
-/// A value that must be found, and one beside it that must not.
+/// A value of a column and the causes that it must have; an empty list is a value just inside the rule.
 struct ValueCase {
     const char *column;
     const char *value;
@@ -84,7 +84,7 @@ TEST_CASE("a letter without a company is found")
         {{"会社名称", "", {Cause::noCompany}}, {"会社名称", "　 ", {Cause::noCompany}}, {"会社名称", "鍼", {}}});
 }
 
-TEST_CASE("a bank line of blanks or of nothing but its kinds is found")
+TEST_CASE("a bank line with only blanks or only its kinds is found")
 {
     checkValues({{"金融機関名", "  ", {Cause::blankBank}},
                  {"金融機関名", "", {Cause::blankBank}},
@@ -120,7 +120,7 @@ TEST_CASE("a letter without a householder is found")
     checkValues({{"世帯主名", "", {Cause::noHouseholder}}, {"世帯主名", "西", {}}});
 }
 
-TEST_CASE("a period that is turned round is found, and days are not held against it")
+TEST_CASE("a reversed period is found, and no date is reported as outside it")
 {
     Row row = ordinaryRow();
     row["対象開始日"] = "2024/05/31";
@@ -132,7 +132,7 @@ TEST_CASE("a period that is turned round is found, and days are not held against
     CHECK(causesOf({row}) == Causes{});
 }
 
-TEST_CASE("a signature date outside the period is found, its first and last day are inside")
+TEST_CASE("a signature date outside the period is found, one on its first or last day is not")
 {
     checkValues({{"署名日", "2024/04/30", {Cause::signatureOutside}},
                  {"署名日", "2024/05/01", {}},
@@ -141,7 +141,7 @@ TEST_CASE("a signature date outside the period is found, its first and last day 
                  {"署名日", "", {}}});
 }
 
-TEST_CASE("a last treatment day outside the period is found, in either form of the date")
+TEST_CASE("a last treatment day outside the period is found, in either date format")
 {
     checkValues({{"最終施術日", "24/04/30", {Cause::lastDayOutside}},
                  {"最終施術日", "24/05/01", {}},
@@ -150,7 +150,7 @@ TEST_CASE("a last treatment day outside the period is found, in either form of t
                  {"最終施術日", "", {}}});
 }
 
-TEST_CASE("a text that is no date is found with its column")
+TEST_CASE("an unreadable date is found with its column")
 {
     Row row = ordinaryRow();
     row["署名日"] = "五月吉日";
@@ -160,12 +160,12 @@ TEST_CASE("a text that is no date is found with its column")
     CHECK(findings[0].detail == "署名日 五月吉日");
 }
 
-TEST_CASE("a text that a form shows as a date and that is none is found")
+TEST_CASE("a non-date text that a form shows as a date is found")
 {
     CHECK(causesOf({ordinaryRow()}, kDatedForm) == Causes{Cause::noDate});
 }
 
-TEST_CASE("the same letter twice is found with both numbers, and not as the same person too")
+TEST_CASE("identical letters are found with both numbers, and not as the same person too")
 {
     Row other = ordinaryRow();
     other["利用者氏名"] = "別人";
@@ -179,7 +179,7 @@ TEST_CASE("the same letter twice is found with both numbers, and not as the same
     CHECK(findings[1].letter == 2);
 }
 
-TEST_CASE("the same person twice is found, whatever blanks stand in the name")
+TEST_CASE("the same person twice is found, regardless of blanks in the name")
 {
     Row first = ordinaryRow(), second = ordinaryRow();
     first["利用者氏名"] = "長尾　西";
@@ -189,14 +189,14 @@ TEST_CASE("the same person twice is found, whatever blanks stand in the name")
     CHECK(causesOf({first, second}) == Causes{});
 }
 
-TEST_CASE("a crowd of the same letters names ten of them")
+TEST_CASE("a finding for many identical letters lists ten numbers")
 {
     const auto findings = findingsOf(std::vector<Row>(30, ordinaryRow()));
     REQUIRE(findings.size() == 30);
     CHECK(findings[29].detail == "1-10…番");
 }
 
-TEST_CASE("a character lost to a question mark is found with its column and text")
+TEST_CASE("a character replaced by a question mark is found with its column and text")
 {
     Row row = ordinaryRow();
     row["利用者氏名"] = "土?太郎";
@@ -207,7 +207,7 @@ TEST_CASE("a character lost to a question mark is found with its column and text
     CHECK(causesWith("利用者氏名", "土？太郎") == Causes{});
 }
 
-TEST_CASE("a character that the font lacks, as a site's own one, is found")
+TEST_CASE("a character that the font lacks, such as a user-defined one, is found")
 {
     Row row = ordinaryRow();
     row["利用者氏名"] = "\uE000";
@@ -217,7 +217,7 @@ TEST_CASE("a character that the font lacks, as a site's own one, is found")
     CHECK(findings[0].detail == "利用者氏名：「\uE000」（U+E000）");
 }
 
-TEST_CASE("a text that had to shrink is found, and one that was only tightened is not")
+TEST_CASE("a text that had to shrink is found, one that was only condensed is not")
 {
     Row row = ordinaryRow();
     row["利用者氏名"] = repeated("国", 12);
@@ -226,14 +226,14 @@ TEST_CASE("a text that had to shrink is found, and one that was only tightened i
     CHECK(causesOf({row}, kBoxedName) == Causes{Cause::shrunk});
 }
 
-TEST_CASE("a text that does not fit is found as that alone")
+TEST_CASE("a text that does not fit has only that finding")
 {
     Row row = ordinaryRow();
     row["利用者氏名"] = repeated("国", 60);
     CHECK(causesOf({row}, kBoxedName) == Causes{Cause::doesNotFit});
 }
 
-TEST_CASE("a row that cannot be read is found as that alone")
+TEST_CASE("an unreadable row has only that finding")
 {
     LetterSet set = lettersOn(svgPage(kBoxedName), {ordinaryRow()});
     set.reports.front().letters = readLetters(csvOf({ordinaryRow()}) + "\"?\",\"\"\r\n", TitleRow::first);
@@ -246,7 +246,7 @@ TEST_CASE("a row that cannot be read is found as that alone")
     CHECK(findings[0].detail == "列の数が見出し行より少ない行です。");
 }
 
-TEST_CASE("a page without any text is found, whatever lines are drawn on it")
+TEST_CASE("a page without any text is found, even with lines drawn on it")
 {
     const std::string lines = "<rect x='9' y='9' width='90' height='90' stroke='black'/>";
     CHECK(causesOf({ordinaryRow()}, lines) == Causes{Cause::blankPage});
@@ -254,7 +254,7 @@ TEST_CASE("a page without any text is found, whatever lines are drawn on it")
     CHECK(causesOf({ordinaryRow()}, "<text x='20' y='20'>　</text>") == Causes{Cause::blankPage});
 }
 
-TEST_CASE("a page whose only texts are empty fields is found, letter by letter")
+TEST_CASE("a page whose only texts are empty fields is found for each such letter")
 {
     Row empty = ordinaryRow();
     empty["代表者名"] = "";
@@ -269,7 +269,7 @@ TEST_CASE("a page whose only texts are empty fields is found, letter by letter")
     CHECK(letters == std::vector<std::size_t>{0, 2});
 }
 
-TEST_CASE("findings stand by cause, then by letter")
+TEST_CASE("findings are sorted by cause, then by letter")
 {
     Row holder = ordinaryRow(), company = ordinaryRow();
     holder["口座名義"] = "";
@@ -284,7 +284,7 @@ TEST_CASE("findings stand by cause, then by letter")
     CHECK(findings[2].letter == 1);
 }
 
-TEST_CASE("a file without a rule's columns is not judged by it")
+TEST_CASE("a rule is skipped for a file without the rule's columns")
 {
     LetterSet set = lettersOn(svgPage(kPlainForm), {ordinaryRow()});
     const std::string file = encodeCp932("\"利用者氏名\"\r\n\"長尾\"\r\n");
@@ -295,7 +295,7 @@ TEST_CASE("a file without a rule's columns is not judged by it")
     CHECK(checkLetters(press).empty());
 }
 
-TEST_CASE("a check in pieces finds what a check at once finds")
+TEST_CASE("a check in steps finds the same as a check at once")
 {
     std::vector<Row> rows;
     for (int i = 0; i < 50; ++i) {

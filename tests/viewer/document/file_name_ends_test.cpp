@@ -6,7 +6,8 @@
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("blanks and dots at the ends of a name are left out, for some systems drop them and others hide the file")
+TEST_CASE(
+    "leading and trailing blanks and dots are removed from a name, because some systems drop them or hide the file")
 {
     struct Case {
         const char *patient, *name;

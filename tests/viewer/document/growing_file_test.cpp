@@ -12,7 +12,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// A file, and what another program does to it in each pause of the reader.
+/// A file, and the changes that another program makes to it in each pause of the reader.
 struct Written {
     TempFolder folder;
     std::string path = folder / "a.csv";
@@ -56,7 +56,7 @@ TEST_CASE("an empty or unfinished file that grows is read again until it ends at
     CHECK(file.pauses == 4);
 }
 
-TEST_CASE("an unfinished file that does not change is read as it is after ten looks")
+TEST_CASE("an unfinished file that does not change is read after ten checks")
 {
     Written file;
     writeBytes(file.path, "a\r");
@@ -64,7 +64,7 @@ TEST_CASE("an unfinished file that does not change is read as it is after ten lo
     CHECK(file.pauses == 10);
 }
 
-TEST_CASE("an unfinished file that never stops growing is read as it is after fifty looks")
+TEST_CASE("an unfinished file that never stops growing is read after fifty checks")
 {
     Written file;
     writeBytes(file.path, "");
@@ -73,7 +73,7 @@ TEST_CASE("an unfinished file that never stops growing is read as it is after fi
     CHECK(file.pauses == 50);
 }
 
-TEST_CASE("an unfinished file that is deleted and written anew is read anew")
+TEST_CASE("an unfinished file that is deleted and rewritten is read again")
 {
     Written file;
     writeBytes(file.path, "old");
@@ -82,7 +82,7 @@ TEST_CASE("an unfinished file that is deleted and written anew is read anew")
     CHECK(file.read().bytes == "new\n");
 }
 
-TEST_CASE("a file that is missing or too large is refused without a pause")
+TEST_CASE("a missing or too large file is refused without a pause")
 {
     Written file;
     CHECK(errorWordsOf([&] { return file.read(); }) == "ファイル「" + file.path + "」が見つかりません。");
@@ -91,7 +91,7 @@ TEST_CASE("a file that is missing or too large is refused without a pause")
     CHECK(file.pauses == 0);
 }
 
-TEST_CASE("a file that is about to come is waited for, thirty looks at most")
+TEST_CASE("a file that is expected is waited for during at most thirty checks")
 {
     Written file;
     file.steps.assign(2, [] {});

@@ -28,30 +28,30 @@ using Names = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("a file is named by number, columns and dates of its letter")
+TEST_CASE("a file is named by its letter's number, columns and dates")
 {
     CHECK(namesOf({"長尾　西", "甲"}, "{{番号}}_{{利用者氏名}}_{{対象開始日|ggge年m月}}") ==
           Names{"1_長尾　西_令和6年5月.pdf", "2_甲_令和6年5月.pdf"});
 }
 
-TEST_CASE("numbers in names have as many digits as the last letter, so that names sort as letters do")
+TEST_CASE("numbers in names have as many digits as the last letter, so that names sort in the order of the letters")
 {
     const Names names = namesOf(Names(10, "甲"), "{{番号}}");
     CHECK(names.front() == "01.pdf");
     CHECK(names.back() == "10.pdf");
 }
 
-TEST_CASE("what no file system takes in a name becomes an underline")
+TEST_CASE("a character that file systems do not allow in a name becomes an underscore")
 {
     CHECK(namesOf({"../甲/乙\\丙:丁*?|<>"}, "{{利用者氏名}}") == Names{"_甲_乙_丙_丁_____.pdf"});
 }
 
-TEST_CASE("no name is given twice, whatever its case")
+TEST_CASE("each name is used once, regardless of case")
 {
     CHECK(namesOf({"Abe", "ABE", "Abe"}, "{{利用者氏名}}") == Names{"Abe.pdf", "ABE (2).pdf", "Abe (3).pdf"});
 }
 
-TEST_CASE("a name of nothing is the letter's number")
+TEST_CASE("an empty name becomes the letter's number")
 {
     CHECK(namesOf({"", " . "}, "{{利用者氏名}}") == Names{"1.pdf", "2.pdf"});
 }
@@ -65,7 +65,7 @@ TEST_CASE("a long name is cut between two characters")
     CHECK(namesOf({longName}, "{{利用者氏名}}") == Names{kept + ".pdf"});
 }
 
-TEST_CASE("a name from a column that is not there is refused by its name")
+TEST_CASE("a pattern with an unknown column is refused with the column's name")
 {
     const LetterSet set = lettersOn(svgPage(""), {ordinaryRow()});
     CHECK_THROWS_WITH_AS(LetterFileNames(set, "{{氏名}}", ".pdf"),

@@ -32,7 +32,7 @@ TEST_CASE("a list of letters is read in its order, each letter once")
     }
 }
 
-TEST_CASE("a letter that is not there and a text that is no list are refused")
+TEST_CASE("a letter that does not exist and an invalid list are refused")
 {
     CHECK_THROWS_WITH_AS(static_cast<void>(readLetterList("9", 8)), "9番の委任状はありません（1～8）。", RuntimeError);
     CHECK_THROWS_WITH_AS(static_cast<void>(readLetterList("0", 8)), "0番の委任状はありません（1～8）。", RuntimeError);

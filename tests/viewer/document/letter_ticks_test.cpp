@@ -22,7 +22,7 @@ TEST_CASE("the box's text sets the ticks, in the letters' own order")
     CHECK(ticks.count() == 4);
 }
 
-TEST_CASE("an empty text of the box is no letter, as the box shows it")
+TEST_CASE("an empty text in the box unticks all letters")
 {
     LetterTicks ticks(3);
     ticks.setAll(false);
@@ -32,7 +32,7 @@ TEST_CASE("an empty text of the box is no letter, as the box shows it")
     CHECK(ticks.count() == 0);
 }
 
-TEST_CASE("a text that cannot be read leaves the ticks as they were")
+TEST_CASE("an unreadable text leaves the ticks as they were")
 {
     LetterTicks ticks(5);
     ticks.setText("2,4");
@@ -43,7 +43,7 @@ TEST_CASE("a text that cannot be read leaves the ticks as they were")
     }
 }
 
-TEST_CASE("a tick set twice counts once")
+TEST_CASE("a letter ticked twice counts once")
 {
     LetterTicks ticks(4);
     ticks.set(2, false);

@@ -1,4 +1,4 @@
-// Letters that are missing from a letter file, or added to it by a value, are reported.
+// Missing letters, and additional rows caused by a line end in a value, are reported.
 #include "viewer/document/letter_set.h"
 #include "viewer/support/viewer_world.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 using Sentences = std::vector<std::string>;
 
-/// A print job whose pauses, if the reader makes any, do nothing.
+/// A print job. The reader's pauses return immediately.
 struct Job {
     explicit Job(std::size_t letters)
         : script(writePrintJob(folder, kForm, std::vector<Row>(letters, ordinaryRow()))),
@@ -24,7 +24,7 @@ struct Job {
     {
         return openScript(script, [] {});
     }
-    /// A record of a run that wrote `size` bytes and `letters` letters.
+    /// Writes the record of a run that wrote `size` bytes and `letters` letters.
     void putRecord(std::size_t size, std::size_t letters) const
     {
         folder.put("委任状.run", "PrintInin run 1\r\nholder PC-1 1234\r\ncsv " + std::to_string(size) + "\r\nletters " +
@@ -48,7 +48,7 @@ struct Job {
 
 } // namespace
 
-TEST_CASE("a letter file that stops anywhere inside a line is reported as cut off")
+TEST_CASE("a letter file that ends inside a line is reported as truncated")
 {
     const Job job(3);
     const std::size_t title = job.csv.find('\n') + 1;
@@ -66,7 +66,7 @@ TEST_CASE("a letter file that stops anywhere inside a line is reported as cut of
     CHECK(job.open().warnings.empty());
 }
 
-TEST_CASE("a letter file that grows while it is opened is read whole")
+TEST_CASE("a letter file that grows while it is opened is read completely")
 {
     const Job job(3);
     std::size_t size = 1;
@@ -80,7 +80,7 @@ TEST_CASE("a letter file that grows while it is opened is read whole")
     CHECK(set.letterFiles[0].stamp == stampOf(job.path()));
 }
 
-TEST_CASE("a script that grows while it is opened is read whole")
+TEST_CASE("a script that grows while it is opened is read completely")
 {
     const Job job(1);
     const std::string script = bytesOf(job.script);
@@ -90,7 +90,7 @@ TEST_CASE("a script that grows while it is opened is read whole")
     CHECK(set.ending == Ending::printByDialog);
 }
 
-TEST_CASE("a second letter file that is cut off is reported, though its rows have no pages")
+TEST_CASE("a truncated second letter file is reported, although its rows have no pages")
 {
     const TempFolder folder;
     folder.put("f.svg", svgPage("<text x='9' y='9'>{{名}}{{控え.値}}</text>"));
@@ -103,7 +103,7 @@ TEST_CASE("a second letter file that is cut off is reported, though its rows hav
     CHECK(set.warnings[0].starts_with("「" + folder / "b.csv" + "」は途中で切れているため、"));
 }
 
-TEST_CASE("rows that are more or fewer than the letters of the run are reported")
+TEST_CASE("more or fewer rows than letters of the run are reported")
 {
     const Job job(3);
     job.putRecord(job.csv.size(), 2);
@@ -113,7 +113,7 @@ TEST_CASE("rows that are more or fewer than the letters of the run are reported"
     CHECK(job.open().notices == job.open().warnings);
 }
 
-TEST_CASE("a value with a line end is reported by the number of rows that it makes")
+TEST_CASE("a value with a line end is reported by the changed number of rows")
 {
     const Job job(2);
     std::string csv = job.csv;
@@ -123,7 +123,7 @@ TEST_CASE("a value with a line end is reported by the number of rows that it mak
     CHECK(job.open().warnings == Sentences{job.difference("2", "3")});
 }
 
-TEST_CASE("a record that agrees, or belongs to a letter file of another size, reports nothing")
+TEST_CASE("a record with the same number of letters, or of a letter file of another size, is not reported")
 {
     const Job job(3);
     job.putRecord(job.csv.size(), 3);

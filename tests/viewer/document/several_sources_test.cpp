@@ -11,7 +11,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// What the three letters of a file show of a second file with `rows`.
+/// The values that the three letters of a file show of a second file with `rows`.
 std::vector<std::string> secondFileOf(const std::string &rows)
 {
     const TempFolder folder;
@@ -33,7 +33,7 @@ using Values = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("a second letter file stands beside the first row by row, a single row of it beside all, and never runs over")
+TEST_CASE("the rows of a second letter file are joined to those of the first, and a single row is joined to all")
 {
     CHECK(secondFileOf("\"1\"\r\n\"2\"\r\n\"3\"\r\n\"4\"\r\n") == Values{"1", "2", "3"});
     CHECK(secondFileOf("\"1\"\r\n") == Values{"1", "1", "1"});
@@ -41,7 +41,7 @@ TEST_CASE("a second letter file stands beside the first row by row, a single row
     CHECK(secondFileOf("") == Values{"", "", ""});
 }
 
-TEST_CASE("a data source with another separator or quote than the program's own is told and skipped")
+TEST_CASE("a data source with an unsupported separator or quote is reported and skipped")
 {
     struct Case {
         const char *tail;

@@ -1,4 +1,4 @@
-// Forms as a drawing program saves them after somebody worked on them.
+// Forms as a drawing program saves them after editing.
 #include "viewer/form/svg_reader.h"
 #include "viewer/support/viewer_world.h"
 
@@ -18,7 +18,7 @@ std::string formOfSite(const std::string &name)
     return bytesOf(std::string(ININ_SITE) + "/forms/" + name);
 }
 
-/// What a page is painted with, as text.
+/// Records painted paths and runs as text.
 class Record : public PagePainter {
 public:
     void paint(const PathCommand &path) override
@@ -54,7 +54,7 @@ std::string paintedWith(const std::string &svg, const Row &row)
     return record.all;
 }
 
-/// Every text as the text tool leaves it: in a line of its own, with all that the tool knows of its style.
+/// Rewrites each text as the text tool does: as a line of its own, with all properties of its style.
 std::string withEditedTexts(const std::string &svg)
 {
     static const std::regex text(R"re((<text [^>]*?)x="([^"]*)" y="([^"]*)" style="([^"]*)"([^>]*)>([^<]*)</text>)re");
@@ -77,7 +77,7 @@ void insertBefore(std::string &text, const std::string &place, const std::string
 
 } // namespace
 
-TEST_CASE("a form whose texts went through the editor's text tool paints the same")
+TEST_CASE("a form whose texts were edited with the editor's text tool looks the same")
 {
     for (const char *name : kForms) {
         CAPTURE(std::string(name));
@@ -88,7 +88,7 @@ TEST_CASE("a form whose texts went through the editor's text tool paints the sam
     }
 }
 
-TEST_CASE("the guide's worked change gives one more field in a box of its own")
+TEST_CASE("the example change of the guide adds a field with a box")
 {
     std::string form = formOfSite("委任状37_01.wfd");
     insertBefore(
@@ -119,7 +119,7 @@ TEST_CASE("the guide's worked change gives one more field in a box of its own")
     CHECK(heading.pieces[0].literal == "備考");
 }
 
-TEST_CASE("a box that was moved takes its text along, a text that was moved alone stays in its box")
+TEST_CASE("moving a box moves its text, and moving only the text has no effect")
 {
     const std::string box = "<rect id='b' x='20' y='30' width='50' height='10' style='fill:none' TRANSFORM/>";
     const std::string text =
@@ -134,7 +134,7 @@ TEST_CASE("a box that was moved takes its text along, a text that was moved alon
     CHECK(placed("", "translate(7,0)").left == doctest::Approx(before.left));
 }
 
-TEST_CASE("two lines typed into one text are two lines, and a bold word is told to follow its line")
+TEST_CASE("two lines typed into one text are two lines, and a bold word in a line is reported")
 {
     const FormDocument form = readSvg(svgPage(
         "<text xml:space='preserve' style='font-size:4px;line-height:1.25' x='9' y='9'><tspan "

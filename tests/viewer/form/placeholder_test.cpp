@@ -7,7 +7,7 @@
 using namespace inin;
 using namespace inin::viewer;
 
-TEST_CASE("a text is split into what stands and what is filled in")
+TEST_CASE("a text is split into literal text and placeholders")
 {
     const auto pieces = readPieces("私は{{利用者氏名}}、{{ 署名日 | ggge年m月d日 |　年　月　日}}");
     REQUIRE(pieces.size() == 4);
@@ -16,23 +16,23 @@ TEST_CASE("a text is split into what stands and what is filled in")
     CHECK(pieces[2].literal == "、");
     CHECK(pieces[3].column == "署名日");
     CHECK(pieces[3].pattern == "ggge年m月d日");
-    CHECK(pieces[3].silent == "　年　月　日");
+    CHECK(pieces[3].whenBlank == "　年　月　日");
 }
 
-TEST_CASE("a text without braces is one literal piece, and single braces are letters")
+TEST_CASE("a text without braces is one literal piece, and single braces are plain characters")
 {
     REQUIRE(readPieces("a{b}c").size() == 1);
     CHECK(readPieces("a{b}c")[0].literal == "a{b}c");
     CHECK(readPieces("").empty());
 }
 
-TEST_CASE("braces that stay open or have no name in them are refused")
+TEST_CASE("braces that are not closed or contain no name are refused")
 {
     CHECK_THROWS_WITH_AS(static_cast<void>(readPieces("a{{b")), "「a{{b」の「{{」が閉じられていません。", RuntimeError);
     CHECK_THROWS_WITH_AS(static_cast<void>(readPieces("{{|x}}")), "「{{|x}}」に列の名前がありません。", RuntimeError);
 }
 
-TEST_CASE("a date is written in its era, the first year as 元")
+TEST_CASE("a date is formatted with its era, and the first year is 元")
 {
     struct Case {
         std::string text, pattern, written;
@@ -54,14 +54,14 @@ TEST_CASE("a date is written in its era, the first year as 元")
     for (const Case &each : cases) {
         CAPTURE(each.text);
         CAPTURE(each.pattern);
-        CHECK(writtenDate(each.text, each.pattern) == each.written);
+        CHECK(formattedDate(each.text, each.pattern) == each.written);
     }
 }
 
-TEST_CASE("a text that is no date is none")
+TEST_CASE("a text that is not a date has no formatted date")
 {
     for (const char *text : {"", "二十日", "2024/02/30x", "10:30", "12"}) {
         CAPTURE(text);
-        CHECK_FALSE(writtenDate(text, "ggge年m月d日"));
+        CHECK_FALSE(formattedDate(text, "ggge年m月d日"));
     }
 }

@@ -12,7 +12,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// The colour of the one rectangle of a page.
+/// The colour of the only rectangle of a page.
 Color fillOf(const std::string &styles, const std::string &rect)
 {
     const FormDocument form = readSvg(svgPage("<style>" + styles + "</style>" + rect));
@@ -29,7 +29,7 @@ std::string repeated(const std::string &part, std::size_t times)
     return text;
 }
 
-/// A sheet that is read by itself, and what was reported about it.
+/// A sheet that is read without a document, and the notices about it.
 struct SheetReading {
     StyleSheet sheet;
     std::set<std::string> notices;
@@ -46,7 +46,7 @@ std::vector<std::string> noticesOf(const std::string &styles)
 
 } // namespace
 
-TEST_CASE("a rule holds for the elements of its type, class or id, and for no others")
+TEST_CASE("a rule applies only to elements of its type, class or id")
 {
     const std::string rect = "<rect id='枠1' class='a  frame' width='5' height='5'/>";
     struct Case {
@@ -63,7 +63,7 @@ TEST_CASE("a rule holds for the elements of its type, class or id, and for no ot
     }
 }
 
-TEST_CASE("an id is stronger than a class, a class than a type, and of equals the later rule")
+TEST_CASE("an id is stronger than a class, a class stronger than a type, and a later rule stronger than an earlier one")
 {
     const std::string rect = "<rect id='i' class='c' width='5' height='5'/>";
     CHECK(fillOf("#i{fill:red} .c{fill:green} rect{fill:blue}", rect) == kRed);
@@ -72,7 +72,7 @@ TEST_CASE("an id is stronger than a class, a class than a type, and of equals th
     CHECK(fillOf(".c{fill:green} .c{fill:blue}", rect) == kBlue);
 }
 
-TEST_CASE("a rule is stronger than an attribute, the element's own style than a rule, what is important than both")
+TEST_CASE("a rule overrides an attribute, the style attribute overrides a rule, and !important overrides both")
 {
     CHECK(fillOf("rect{fill:red}", "<rect fill='green' width='5' height='5'/>") == kRed);
     CHECK(fillOf("rect{fill:red}", "<rect style='fill:green' width='5' height='5'/>") == kGreen);
@@ -80,12 +80,12 @@ TEST_CASE("a rule is stronger than an attribute, the element's own style than a 
     CHECK(fillOf("rect{fill:red !important}", "<rect style='fill:green!important' width='5' height='5'/>") == kGreen);
 }
 
-TEST_CASE("what a rule says of a group holds for what is in it")
+TEST_CASE("the rules of a group apply to its members")
 {
     CHECK(fillOf(".g{fill:blue}", "<g class='g'><rect width='5' height='5'/></g>") == kBlue);
 }
 
-TEST_CASE("a sheet holds for the elements before it, in definitions and in CDATA, and several sheets add up")
+TEST_CASE("a sheet applies to elements before it, may be in definitions and in CDATA, and several sheets are combined")
 {
     const FormDocument form =
         readSvg(svgPage("<rect class='a' width='5' height='5'/><rect class='b' width='5' height='5'/>"
@@ -96,7 +96,7 @@ TEST_CASE("a sheet holds for the elements before it, in definitions and in CDATA
     CHECK(form.notices.empty());
 }
 
-TEST_CASE("a sheet's text sizes, fonts and hidden elements are taken, a size in em once")
+TEST_CASE("a sheet's font sizes, fonts and hidden elements are applied, and a size in em is applied once")
 {
     const FormDocument form = readSvg(
         svgPage("<style>text{font-size:2em;font-family:\"IPAexGothic\",'a;b'} .no{display:none}</style>"
@@ -107,7 +107,7 @@ TEST_CASE("a sheet's text sizes, fonts and hidden elements are taken, a size in 
     CHECK(text.size == doctest::Approx(10 * 72 / 25.4));
 }
 
-TEST_CASE("what a sheet has beyond simple selectors is told and left out, the rest of it holds")
+TEST_CASE("unsupported selectors are reported and skipped, and the rest of the sheet applies")
 {
     const std::string rect = "<rect class='c' width='5' height='5'/>";
     for (const char *selector : {"g rect", "g>rect", "rect:hover", "rect[x]", "a+rect", ".", "rect#", "#a#b"}) {
@@ -122,7 +122,7 @@ TEST_CASE("what a sheet has beyond simple selectors is told and left out, the re
     }
 }
 
-TEST_CASE("rules for a whole sheet are told, and nothing is fetched for them")
+TEST_CASE("at-rules are reported and fetch nothing")
 {
     const std::string rules = "@import url('file:///etc/passwd'); @media print { rect { fill: red } } "
                               "@font-face{font-family:x;src:url('x')} rect{fill:blue}";
@@ -131,7 +131,7 @@ TEST_CASE("rules for a whole sheet are told, and nothing is fetched for them")
           std::vector<std::string>{"style 要素の @ で始まる規則は使いません。外部のファイルも読み込みません。"});
 }
 
-TEST_CASE("a sheet that breaks off, closes too much or holds nothing is read to its end")
+TEST_CASE("a sheet that is truncated, empty or has too many closing braces is read to its end")
 {
     for (const char *rules : {"rect{fill:blue", "}}rect{fill:red} ", "", ";", "@", "@media{", "{}", "/* rect{fill:red}",
                               "rect{;;:;fill}", "rect{fill:'}", "a{}b{", ",{fill:red}"}) {
@@ -141,7 +141,7 @@ TEST_CASE("a sheet that breaks off, closes too much or holds nothing is read to 
     CHECK(fillOf("rect{fill:blue", "<rect width='5' height='5'/>") == kBlue);
 }
 
-TEST_CASE("the limit of rules counts rules of every kind, with their classes and declarations")
+TEST_CASE("the limit of rules counts all kinds of rules with their classes and declarations")
 {
     const std::string tooMany = "style 要素の規則が多すぎます。初めのものだけを使います。";
     for (const char *rule : {"@{}", "@x;", "a{}", "a>b{}", "a,a{}", ".a.a.a.a.a{}", "a{fill:red;stroke:red}"}) {
@@ -154,15 +154,15 @@ TEST_CASE("the limit of rules counts rules of every kind, with their classes and
     }
 }
 
-TEST_CASE("an element is held against no more rules than the limit, and the first rules hold")
+TEST_CASE("only the first rules up to the limit apply")
 {
     SheetReading reading;
     reading.add(repeated("*{fill:red;stroke:blue}", 10'000));
-    CHECK(reading.sheet.of("rect", {}).size() == 4'000);
+    CHECK(reading.sheet.declarationsFor("rect", {}).size() == 4'000);
     CHECK(fillOf(repeated("*{fill:red;stroke:blue}", 10'000), "<rect width='1' height='1'/>") == kRed);
 }
 
-TEST_CASE("a sheet is read in a few steps for each of its characters, whatever it repeats")
+TEST_CASE("each character of a sheet is examined only a few times")
 {
     for (const char *part :
          {"@{}",    "@x;", "@", "@(", "a{}", "a>b{}", "a,", "a{b:c}", "<!--", "-->", "<!", "/*", "/**/",
@@ -175,7 +175,7 @@ TEST_CASE("a sheet is read in a few steps for each of its characters, whatever i
     }
 }
 
-TEST_CASE("comment marks are left out wherever they are")
+TEST_CASE("comment delimiters are removed everywhere")
 {
     CHECK(fillOf("&lt;!-- re--&gt;ct{fi&lt;!--ll:b/*x*/; fill:blue} --&gt;", "<rect width='5' height='5'/>") == kBlue);
 }

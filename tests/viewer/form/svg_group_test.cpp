@@ -8,7 +8,7 @@
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("the opacity of a group is multiplied with that of the group around it, and ends with the group")
+TEST_CASE("the opacity of a group is multiplied with that of its parent and ends with the group")
 {
     const FormDocument form = readSvg(svgPage("<g opacity='0.5'><g opacity='0.5'><rect width='5' height='5'/></g>"
                                               "<rect width='5' height='5'/></g><rect width='5' height='5'/>"));
@@ -19,7 +19,7 @@ TEST_CASE("the opacity of a group is multiplied with that of the group around it
     CHECK(fillOf(2) == Color{0, 0, 0});
 }
 
-TEST_CASE("an odd number of dashes is taken twice, so that dash and gap change places")
+TEST_CASE("an odd number of dashes is repeated, so that dashes and gaps alternate")
 {
     const FormDocument form = readSvg(svgPage("<path d='M0 0H9' stroke='#000' style='stroke-dasharray:1 2 3'/>"));
     const auto &dashes = std::get<PathCommand>(form.commands.at(0)).stroke->dashes;
@@ -28,7 +28,7 @@ TEST_CASE("an odd number of dashes is taken twice, so that dash and gap change p
     CHECK(std::vector(dashes.begin(), dashes.begin() + 3) == std::vector(dashes.begin() + 3, dashes.end()));
 }
 
-TEST_CASE("a padding keeps a text from all four sides of its box")
+TEST_CASE("a padding keeps a text away from all four sides of its box")
 {
     const auto boxWith = [](const std::string &padding) {
         const FormDocument form = readSvg(svgPage("<rect id='b' x='10' y='20' width='30' height='8' fill='none'/>"
@@ -44,15 +44,15 @@ TEST_CASE("a padding keeps a text from all four sides of its box")
     CHECK(inner.height == doctest::Approx(4 * kMillimetre));
 }
 
-TEST_CASE("a text stands at the top, the middle or the bottom of its box")
+TEST_CASE("a text is at the top, in the middle or at the bottom of its box")
 {
     const auto verticalOf = [](const std::string &wish) {
         const FormDocument form = readSvg(svgPage("<rect id='b' x='10' y='20' width='30' height='8' fill='none'/>"
                                                   "<text data-box='b' " +
                                                   wish + ">{{名}}</text>"));
-        return std::get<TextCommand>(form.commands.at(0)).fit->vertical;
+        return std::get<TextCommand>(form.commands.at(0)).fit->verticalAlignment;
     };
-    CHECK(verticalOf("") == Vertical::middle);
-    CHECK(verticalOf("data-valign='top'") == Vertical::top);
-    CHECK(verticalOf("data-valign='bottom'") == Vertical::bottom);
+    CHECK(verticalOf("") == VerticalAlignment::middle);
+    CHECK(verticalOf("data-valign='top'") == VerticalAlignment::top);
+    CHECK(verticalOf("data-valign='bottom'") == VerticalAlignment::bottom);
 }

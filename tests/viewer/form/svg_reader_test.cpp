@@ -49,7 +49,7 @@ TEST_CASE("a page has the size of its SVG, in points")
     CHECK(form.height == doctest::Approx(841.8898));
 }
 
-TEST_CASE("shapes come in order, in points from the upper left corner")
+TEST_CASE("shapes are read in order, in points from the upper left corner")
 {
     const FormDocument form =
         readPage("<rect x='10' y='20' width='30' height='5' fill='#fff' stroke='black' stroke-width='0.5'/>"
@@ -75,7 +75,7 @@ TEST_CASE("transforms of groups and elements multiply")
     CHECK(box.width == doctest::Approx(10 * kMm));
 }
 
-TEST_CASE("every letter of path data draws what it says")
+TEST_CASE("each command of path data is drawn")
 {
     struct Case {
         const char *data;
@@ -83,13 +83,13 @@ TEST_CASE("every letter of path data draws what it says")
     };
     const Case cases[] = {
         {"M1 2 L3 4", 1, 2, 3, 4},
-        {"m1,2 3-4", 1, -2, 4, 2}, // a pair behind a move is a line
+        {"m1,2 3-4", 1, -2, 4, 2}, // a pair after a move is a line
         {"M0 0H5V6h-2v-8", 0, -2, 5, 6},
         {"M0 0C1 1 2 2 9 3S4 4 5 5", 0, 0, 16, 5},
         {"M0 0Q6 6 12 0T24 0", 0, -4, 24, 4},
         {"M0 0a5 5 0 0 1 10 0z", 0, -5, 10, 0},
         {"M0 0A5 5 0 0 0 10 0", 0, 0, 10, 5},
-        {"M0 0a5,5 0 0110,0", 0, -5, 10, 0}, // flags need nothing between them
+        {"M0 0a5,5 0 0110,0", 0, -5, 10, 0}, // flags need no separators
         {"M1e1.5.5", 10, 0.5, 10, 0.5},
     };
     for (const Case &each : cases) {
@@ -102,7 +102,7 @@ TEST_CASE("every letter of path data draws what it says")
     }
 }
 
-TEST_CASE("broken path data is read up to its fault")
+TEST_CASE("invalid path data is read up to its error")
 {
     CHECK(readPathData("L5 5").empty());
     CHECK(readPathData("M1 2 L x").size() == 1);
@@ -110,7 +110,7 @@ TEST_CASE("broken path data is read up to its fault")
     CHECK(readPathData("").empty());
 }
 
-TEST_CASE("a text without places of its own inside is one line with its fields")
+TEST_CASE("a text without positioned spans is one line with its fields")
 {
     const FormDocument form =
         readPage("<text id='t' x='10' y='20' style='font-family:\"IPAexMincho\",serif;font-size:4px;"
@@ -130,14 +130,14 @@ TEST_CASE("a text without places of its own inside is one line with its fields")
     CHECK(text.isField());
 }
 
-TEST_CASE("a placeholder that spans of one line cut in two is still one")
+TEST_CASE("a placeholder that is split between spans of a line is one placeholder")
 {
     const FormDocument form = readPage("<text x='1' y='2'><tspan>{{利用者</tspan><tspan>氏名}}</tspan></text>");
     REQUIRE(form.commands.size() == 1);
     CHECK(textAt(form, 0).pieces.front().column == "利用者氏名");
 }
 
-TEST_CASE("spans with places of their own are lines, as Inkscape writes them")
+TEST_CASE("spans with positions are separate lines, as Inkscape writes them")
 {
     const FormDocument form = readPage("<text xml:space='preserve' x='1' y='2'><tspan x='1' y='2'>一行目</tspan>\n"
                                        "<tspan x='1' y='8'>二行目</tspan><tspan x='1' dy='6'>三行目</tspan></text>");
@@ -147,13 +147,13 @@ TEST_CASE("spans with places of their own are lines, as Inkscape writes them")
     CHECK(textAt(form, 2).at.f == doctest::Approx(14 * kMm));
 }
 
-TEST_CASE("blanks collapse unless they are to be kept, and a full-width blank never does")
+TEST_CASE("blanks are collapsed unless the text preserves them, and full-width blanks never are")
 {
     CHECK(textAt(readPage("<text> a \n  b　　c </text>"), 0).pieces[0].literal == "a b　　c");
     CHECK(textAt(readPage("<text xml:space='preserve'> a  b </text>"), 0).pieces[0].literal == " a  b ");
 }
 
-TEST_CASE("a text finds its box by name, wherever the box stands and whether it is drawn")
+TEST_CASE("a text finds its box by id, wherever the box is and even if it is not drawn")
 {
     for (const char *box :
          {"<rect id='b' x='10' y='20' width='30' height='8' fill='none'/>",
@@ -169,7 +169,7 @@ TEST_CASE("a text finds its box by name, wherever the box stands and whether it 
         CHECK(fit.box.left == doctest::Approx(11 * kMm));
         CHECK(fit.box.height == doctest::Approx(6 * kMm));
         CHECK(fit.lines == 3);
-        CHECK(fit.vertical == Vertical::top);
+        CHECK(fit.verticalAlignment == VerticalAlignment::top);
         CHECK(fit.narrowest == doctest::Approx(0.7));
         CHECK(fit.smallest == doctest::Approx(2 * kMm));
         CHECK(fit.leading == doctest::Approx(1.1));
@@ -184,26 +184,26 @@ TEST_CASE("the lines of a boxed text are one text")
     CHECK(textAt(form, 0).pieces[0].literal == "上\n下");
 }
 
-TEST_CASE("a box that is not there is refused by name")
+TEST_CASE("a missing box is refused with its name")
 {
     CHECK(refusal(svgPage("<text data-box='枠'>x</text>")) == "枠「枠」（data-box）がありません。");
 }
 
-TEST_CASE("what is hidden is not drawn")
+TEST_CASE("hidden elements are not drawn")
 {
     CHECK(readPage("<g style='display:none'><rect width='5' height='5'/><text>x</text></g>"
                    "<rect visibility='hidden' width='5' height='5'/><rect width='5' height='5' fill='none'/>")
               .commands.empty());
 }
 
-TEST_CASE("half transparent colours are mixed with the paper's white")
+TEST_CASE("transparent colours are mixed with the white of the paper")
 {
     const FormDocument form =
         readPage("<g opacity='0.5'><rect width='5' height='5' fill='#000' fill-opacity='0.5'/></g>");
     CHECK(pathAt(form, 0).fill == Color{191, 191, 191});
 }
 
-TEST_CASE("what a form cannot show is told once")
+TEST_CASE("each unsupported element is reported once")
 {
     const FormDocument form = readPage("<image href='https://example.invalid/a.png'/><image href='b.png'/>"
                                        "<script>alert(1)</script><use href='#x'/>"
@@ -216,7 +216,7 @@ TEST_CASE("what a form cannot show is told once")
     CHECK(form.commands.size() == 1);
 }
 
-TEST_CASE("a document with entities of its own is refused")
+TEST_CASE("a document with entity declarations is refused")
 {
     CHECK(refusal("<!DOCTYPE svg [<!ENTITY a 'b'>]><svg width='9' height='9'/>") ==
           "実体宣言「a」のあるファイルは開きません。");
@@ -231,7 +231,7 @@ TEST_CASE("an external document type is not fetched")
               .commands.size() == 1);
 }
 
-TEST_CASE("more elements, nesting or text than a form has are refused at the limit, and nothing after it is read")
+TEST_CASE("too many elements, levels or characters are refused at the limit without reading on")
 {
     std::string many, deep;
     for (int i = 0; i < 200'000; ++i) many += "<g/>";
@@ -254,7 +254,7 @@ TEST_CASE("more elements, nesting or text than a form has are refused at the lim
     }
 }
 
-TEST_CASE("XML that is broken or no SVG is refused with a sentence")
+TEST_CASE("malformed XML and XML that is not SVG are refused with a sentence")
 {
     CHECK(refusal("<svg width='9' height='9'><g></svg>").starts_with("XML として読めません（1行目"));
     CHECK(refusal("<html/>") == "SVG の文書ではありません。");
@@ -265,7 +265,7 @@ TEST_CASE("XML that is broken or no SVG is refused with a sentence")
     CHECK(refusal("") != "");
 }
 
-TEST_CASE("only what begins as XML is taken for a form document")
+TEST_CASE("only a file that begins as XML is read as a form document")
 {
     for (const char *yes : {"<?xml version='1.0'?><svg/>", "  \r\n<svg/>", "\xEF\xBB\xBF<svg/>", "<!-- x --><svg/>"}) {
         CAPTURE(std::string(yes));
@@ -277,7 +277,7 @@ TEST_CASE("only what begins as XML is taken for a form document")
     }
 }
 
-TEST_CASE("what is too far out or too large to be drawn is told and left out")
+TEST_CASE("elements that are too far away or too large are reported and not drawn")
 {
     const FormDocument form =
         readPage("<rect width='1e300' height='5'/><g transform='scale(1e200)'><g transform='scale(1e200)'>"
@@ -288,13 +288,13 @@ TEST_CASE("what is too far out or too large to be drawn is told and left out")
                                                    "ページから遠く離れた文字や大きすぎる文字は表示しません。"});
 }
 
-TEST_CASE("a size in percent is a part of the size around it")
+TEST_CASE("a font size in percent is relative to the parent's font size")
 {
     const FormDocument form = readPage("<g style='font-size:8px'><text style='font-size:50%'>x</text></g>");
     CHECK(textAt(form, 0).size == doctest::Approx(4 * kMm));
 }
 
-TEST_CASE("weights from six hundred on are bold, and a text between takes over what is around it")
+TEST_CASE("weights from 600 on are bold, and other text inherits its weight")
 {
     struct Case {
         const char *style;
@@ -314,14 +314,14 @@ TEST_CASE("weights from six hundred on are bold, and a text between takes over w
     CHECK(textAt(readPage("<g font-weight='bold'><text><tspan>x</tspan></text></g>"), 0).isBold);
 }
 
-TEST_CASE("a path of millions of steps ends where no drawing goes")
+TEST_CASE("a path of millions of steps is cut off at the limit")
 {
     std::string data = "M0 0";
     for (int i = 0; i < 1'000'000; ++i) data += "l1 0";
     CHECK(readPathData(data).size() == 200'000);
 }
 
-TEST_CASE("a least size beyond the size or of nothing is brought into bounds")
+TEST_CASE("a smallest size of 0 or above the font size is clamped")
 {
     for (const char *size : {"0", "-3", "99"}) {
         const FormDocument form =

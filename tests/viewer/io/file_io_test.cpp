@@ -23,12 +23,12 @@ std::string refusal(const std::string &path)
 
 void write(const std::string &path, const std::string &bytes)
 {
-    FinishedFile file(path);
+    AtomicFile file(path);
     file.write(bytes);
-    file.finish();
+    file.commit();
 }
 
-/// A path beyond the classic limit of Windows.
+/// A path beyond the 260 characters of the classic Windows limit.
 std::string deepPath(const TempFolder &folder)
 {
     std::string path = folder.path();
@@ -38,48 +38,48 @@ std::string deepPath(const TempFolder &folder)
 
 } // namespace
 
-TEST_CASE("a file is not seen under its name until it is whole, and an unfinished one leaves nothing")
+TEST_CASE("a file gets its name only on commit, and without a commit nothing is left")
 {
     TempFolder folder;
     {
-        FinishedFile file(folder / "a");
+        AtomicFile file(folder / "a");
         file.write(std::string(200'000, 'x'));
         CHECK_FALSE(folder.has("a"));
-        file.finish();
+        file.commit();
     }
     CHECK(fs::file_size(folder / "a") == 200'000);
     CHECK((fs::status(folder / "a").permissions() & fs::perms::owner_read) != fs::perms::none);
     {
-        FinishedFile file(folder / "b");
+        AtomicFile file(folder / "b");
         file.write("half");
     }
     CHECK(folder.names() == std::vector<std::string>{"a"});
 }
 
-TEST_CASE("an older file is replaced as a whole, or stays")
+TEST_CASE("an older file is replaced completely or stays unchanged")
 {
     TempFolder folder;
     folder.put("委任状.pdf", "an older and longer file");
     {
-        FinishedFile file(folder / "委任状.pdf");
+        AtomicFile file(folder / "委任状.pdf");
         file.write("new");
         CHECK(folder.bytes("委任状.pdf") == "an older and longer file");
-        file.finish();
+        file.commit();
     }
     CHECK(folder.bytes("委任状.pdf") == "new");
     CHECK(folder.names().size() == 1);
 }
 
-TEST_CASE("a folder is never read as a file or replaced by one")
+TEST_CASE("a folder is not read as a file or replaced by one")
 {
     TempFolder folder;
     fs::create_directory(folder.folder() / "taken");
     CHECK(refusal(folder / "taken") == "ファイル「" + folder / "taken" + "」は読めるファイルではありません。");
-    CHECK_THROWS_AS(FinishedFile{folder / "taken"}, RuntimeError);
+    CHECK_THROWS_AS(AtomicFile{folder / "taken"}, RuntimeError);
     CHECK(folder.names() == std::vector<std::string>{"taken"});
 }
 
-TEST_CASE("a file that is missing or too large is refused with its path, an empty one is read")
+TEST_CASE("a missing or too large file is refused with its path, and an empty file is read")
 {
     TempFolder folder;
     CHECK(refusal(folder / "x") == "ファイル「" + folder / "x" + "」が見つかりません。");
@@ -92,7 +92,7 @@ TEST_CASE("a file that is missing or too large is refused with its path, an empt
     CHECK(MappedFile(folder / "y").bytes().empty());
 }
 
-TEST_CASE("a path is taken with either slash, in any case, beyond 260 characters and in Japanese")
+TEST_CASE("a path may have either slash, any case, more than 260 characters and Japanese characters")
 {
     TempFolder folder;
     const std::string deep = deepPath(folder);
@@ -108,14 +108,14 @@ TEST_CASE("a path is taken with either slash, in any case, beyond 260 characters
     CHECK(stampOf(path).exists);
     CHECK(stampOf(path).size == 5);
     CHECK_FALSE(stampOf(deep + "/x").exists);
-    // What removes whole folders keeps to the limit everywhere: it finds the rest.
+    // The removal of whole folders obeys the limit, so remove the deep part here.
     std::error_code error;
     for (fs::path rest = pathOf(deep + "/髙橋𠮷.csv"); rest != folder.path(); rest = rest.parent_path())
         fs::remove(unlimitedPath(rest), error);
     CHECK(folder.names().empty());
 }
 
-TEST_CASE("a folder where a file stands in the way is told")
+TEST_CASE("a folder that cannot be created because of a file is reported")
 {
     TempFolder folder;
     folder.put("taken", "x");

@@ -17,7 +17,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// As a program that shows a file keeps it open.
+/// Opens a file as a program that displays it does.
 Win32FileHandle openFor(const std::string &path, DWORD shared)
 {
     return Win32FileHandle(CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING,
@@ -27,15 +27,15 @@ Win32FileHandle openFor(const std::string &path, DWORD shared)
 std::string refusalToWrite(const std::string &path)
 {
     return errorWordsOf([&] {
-        FinishedFile file(path);
+        AtomicFile file(path);
         file.write("new");
-        file.finish();
+        file.commit();
     });
 }
 
 } // namespace
 
-TEST_CASE("a PDF that another program keeps open stays, the failure is told and nothing half-written is left")
+TEST_CASE("a PDF that another program has open is kept, and the failure leaves no partial file")
 {
     const TempFolder folder;
     const std::string path = folder / "委任状.pdf";
@@ -51,7 +51,7 @@ TEST_CASE("a PDF that another program keeps open stays, the failure is told and 
     CHECK(bytesOf(path) == "new");
 }
 
-TEST_CASE("a file that a writer keeps to itself is told as one that cannot be read, one that it shares is read")
+TEST_CASE("a locked file is reported as unreadable, and a shared file is read")
 {
     const TempFolder folder;
     folder.put("a.csv", "rows");
@@ -75,7 +75,7 @@ TEST_CASE("the name of a device is neither read nor written")
     }
 }
 
-TEST_CASE("every font file that the system lists is named once, vertical names and their brackets left out")
+TEST_CASE("each listed font file is returned once, without vertical names and brackets")
 {
     const std::vector<FontFile> files = installedFontFiles();
     CHECK_FALSE(files.empty());

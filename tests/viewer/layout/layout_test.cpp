@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kMm = 72 / 25.4;
 
-/// One run as it was painted.
+/// A painted run.
 struct Painted {
     std::string text;
     double x, y, width, size, stretch;
@@ -41,7 +41,7 @@ public:
     int paths = 0;
 };
 
-/// A form with one field in a box of 50 by 10 millimetres at (20, 30), and what it makes of a value.
+/// A form with one field in a box of 50 by 10 millimetres at (20, 30).
 struct OneField {
     FormDocument form;
     Fonts fonts;
@@ -88,7 +88,7 @@ std::string joined(const std::vector<Painted> &runs)
 
 } // namespace
 
-TEST_CASE("a text that fits stands in the middle of its box's height, as it is")
+TEST_CASE("a text that fits is vertically centred in its box and unchanged")
 {
     OneField field("data-box='枠'");
     const auto runs = field.show("高松市");
@@ -99,14 +99,14 @@ TEST_CASE("a text that fits stands in the middle of its box's height, as it is")
     CHECK(field.marks.empty());
 }
 
-TEST_CASE("a text is put at the side of its box that its anchor names")
+TEST_CASE("a text is aligned in its box by its anchor")
 {
     OneField end("data-box='枠' text-anchor='end'"), middle("data-box='枠' text-anchor='middle'");
     CHECK(end.show("高松市")[0].x == doctest::Approx(58 * kMm));
     CHECK(middle.show("高松市")[0].x == doctest::Approx(39 * kMm));
 }
 
-TEST_CASE("a text that is a little too long is tightened, without a mark")
+TEST_CASE("a text that is a little too long is made narrower, without a mark")
 {
     OneField field("data-box='枠' data-lines='2'");
     const auto runs = field.show(times("西", 15)); // 60 mm into 50
@@ -117,7 +117,7 @@ TEST_CASE("a text that is a little too long is tightened, without a mark")
     CHECK(field.marks.empty());
 }
 
-TEST_CASE("a longer text is broken into a second line before it is made smaller")
+TEST_CASE("a longer text is broken into a second line before its size is reduced")
 {
     OneField field("data-box='枠' data-lines='2'");
     const auto runs = field.show(times("長", 24));
@@ -129,7 +129,7 @@ TEST_CASE("a longer text is broken into a second line before it is made smaller"
     CHECK(field.marks.empty());
 }
 
-TEST_CASE("a text that needs smaller letters is marked as shrunk")
+TEST_CASE("a text that needs a smaller size is marked as shrunk")
 {
     OneField field("data-box='枠' data-lines='2'");
     const auto runs = field.show(times("長", 40));
@@ -140,7 +140,7 @@ TEST_CASE("a text that needs smaller letters is marked as shrunk")
     CHECK_FALSE(field.marks[0].doesNotFit);
 }
 
-TEST_CASE("a text that does not fit at the least size ends with a mark of its cut and is told")
+TEST_CASE("a text that does not fit at the smallest size ends with an ellipsis and is marked")
 {
     OneField field("data-box='枠' data-lines='2'");
     const auto runs = field.show(times("髙", 200));
@@ -154,24 +154,24 @@ TEST_CASE("a text that does not fit at the least size ends with a mark of its cu
     }
 }
 
-TEST_CASE("a field of a megabyte is cut at once")
+TEST_CASE("a field of a megabyte is truncated")
 {
     OneField field("data-box='枠' data-lines='2'");
     CHECK(field.show(std::string(1'000'000, 'x')).size() == 3);
     CHECK(field.marks.at(0).doesNotFit);
 }
 
-TEST_CASE("whatever the text, nothing leaves its box and nothing is lost without a mark")
+TEST_CASE("no text extends beyond its box, and no text is truncated without a mark")
 {
     std::mt19937 dice(7);
     const auto roll = [&](unsigned sides) { return std::uniform_int_distribution<unsigned>(0, sides - 1)(dice); };
-    const std::vector<std::string> letters = {"髙", "﨑", "支", "西", "長", "、", "（", "）",
-                                              "ー", "ｱ",  "ﾞ",  "A",  "i",  "1",  "-"};
+    const std::vector<std::string> characters = {"髙", "﨑", "支", "西", "長", "、", "（", "）",
+                                                 "ー", "ｱ",  "ﾞ",  "A",  "i",  "1",  "-"};
     OneField field("data-box='枠' data-lines='2' data-leading='1.1'");
     for (int round = 0; round < 500; ++round) {
         std::string value;
         for (unsigned length = roll(120); length > 0; --length)
-            value += letters[roll(static_cast<unsigned>(letters.size()))];
+            value += characters[roll(static_cast<unsigned>(characters.size()))];
         CAPTURE(value);
         const auto runs = field.show(value);
         for (const Painted &run : runs) {
@@ -180,12 +180,12 @@ TEST_CASE("whatever the text, nothing leaves its box and nothing is lost without
             CHECK(run.y - 0.88 * run.size >= 30 * kMm - 0.02);
             CHECK(run.y + 0.12 * run.size <= 40 * kMm + 0.02);
         }
-        const bool isTold = !field.marks.empty() && field.marks[0].doesNotFit;
-        if (!isTold) CHECK(joined(runs) == value);
+        const bool isMarked = !field.marks.empty() && field.marks[0].doesNotFit;
+        if (!isMarked) CHECK(joined(runs) == value);
     }
 }
 
-TEST_CASE("lines break neither before closing nor behind opening marks nor inside words")
+TEST_CASE("a line does not end before closing punctuation, after opening punctuation or inside a word")
 {
     CHECK_FALSE(mayBreakBetween(U'町', U'、'));
     CHECK_FALSE(mayBreakBetween(U'（', U'株'));
@@ -196,13 +196,13 @@ TEST_CASE("lines break neither before closing nor behind opening marks nor insid
     CHECK(mayBreakBetween(U'号', U'2'));
 }
 
-TEST_CASE("a value that looks like a placeholder stays text")
+TEST_CASE("a value that looks like a placeholder is plain text")
 {
     OneField field("", "{{値}}{{他}}");
     CHECK(joined(field.show("{{他}}", "x")) == "{{他}}x");
 }
 
-TEST_CASE("an empty value shows what the form has for it, a filled one does not")
+TEST_CASE("an empty value is replaced by the form's text for it")
 {
     OneField field("", "{{値||（空欄）}}");
     CHECK(joined(field.show("")) == "（空欄）");
@@ -210,7 +210,7 @@ TEST_CASE("an empty value shows what the form has for it, a filled one does not"
     CHECK(joined(field.show("x")) == "x");
 }
 
-TEST_CASE("a date pattern that meets no date shows the text and marks it")
+TEST_CASE("a value with a date pattern that is not a date is shown unchanged and marked")
 {
     OneField field("", "{{値|ggge年m月d日}}");
     CHECK(joined(field.show("2019/05/01")) == "令和元年5月1日");
@@ -221,7 +221,7 @@ TEST_CASE("a date pattern that meets no date shows the text and marks it")
     CHECK(field.marks.empty());
 }
 
-TEST_CASE("an unknown column is refused by its name")
+TEST_CASE("an unknown column is refused with its name")
 {
     const FormDocument form = OneField::readForm("", "{{存在しない列}}");
     Fonts fonts;
@@ -245,7 +245,7 @@ TEST_CASE("the characters of the suite's names and banks are in the font")
     CHECK(field.marks.empty());
 }
 
-TEST_CASE("a character that the form's font lacks comes from another, and nothing is told")
+TEST_CASE("a character that the form's font lacks is taken from another font without a notice")
 {
     OneField field("", "{{値}}");
     const auto runs = field.show("西𠮷∑田");
@@ -262,10 +262,10 @@ TEST_CASE("a character that the form's font lacks comes from another, and nothin
     CHECK(runs[3].font == "IPAexMincho");
 }
 
-TEST_CASE("the glyph of a stand-in is no empty box")
+TEST_CASE("the glyph of a fallback font has an outline of its own")
 {
     Fonts fonts;
-    const Font *const font = fonts.fontWith(U'𠮷');
+    const Font *const font = fonts.fallbackFor(U'𠮷');
     REQUIRE(font != nullptr);
     std::vector<ShapedGlyph> glyphs;
     std::vector<char32_t> missing;
@@ -274,10 +274,10 @@ TEST_CASE("the glyph of a stand-in is no empty box")
     CHECK(missing.empty());
     CHECK(glyphs[0].glyph != 0);
     CHECK(font->outlineOf(glyphs[0].glyph).size() > 20);
-    CHECK(fonts.fontWith(U'\U0010FFFD') == nullptr);
+    CHECK(fonts.fallbackFor(U'\U0010FFFD') == nullptr);
 }
 
-TEST_CASE("letter spacing and the middle of a box hold for a text of several fonts")
+TEST_CASE("a text of several fonts is spaced and centred as a whole")
 {
     OneField plain("data-box='枠' text-anchor='middle' letter-spacing='1'", "{{値}}");
     const auto runs = plain.show("西𠮷田");
@@ -287,7 +287,7 @@ TEST_CASE("letter spacing and the middle of a box hold for a text of several fon
     CHECK(runs[0].x == doctest::Approx((45 - 7) * kMm));
 }
 
-TEST_CASE("a text of several fonts is broken into lines and cut like any other")
+TEST_CASE("a text of several fonts is broken into lines and truncated like any other")
 {
     OneField field("data-box='枠' data-lines='2'");
     CHECK(joined(field.show(times("長𠮷", 20))) == times("長𠮷", 20));
@@ -297,7 +297,7 @@ TEST_CASE("a text of several fonts is broken into lines and cut like any other")
     for (const Painted &run : runs) CHECK(run.x + run.width <= 70 * kMm + 0.02);
 }
 
-TEST_CASE("a mark stays in the font of the letter that it belongs to")
+TEST_CASE("a combining mark uses the font of its base character")
 {
     OneField field("", "{{値}}");
     const auto runs = field.show("𠮷\uFE00カ\u3099");
@@ -306,14 +306,14 @@ TEST_CASE("a mark stays in the font of the letter that it belongs to")
     CHECK(runs[1].text == "カ\u3099");
 }
 
-TEST_CASE("a field that runs off the page without a box is told")
+TEST_CASE("a field without a box that extends beyond the page is marked")
 {
     OneField field("", "{{値}}");
     static_cast<void>(field.show(times("西", 60)));
     CHECK(field.marks.at(0).doesNotFit);
 }
 
-TEST_CASE("the table of characters and the shaper give the same glyphs")
+TEST_CASE("the character table and the shaper give the same glyphs")
 {
     Fonts fonts;
     for (const char *family : {"IPAexMincho", "IPAexGothic"}) {
@@ -342,7 +342,7 @@ TEST_CASE("the table of characters and the shaper give the same glyphs")
     }
 }
 
-TEST_CASE("a family that is not installed is replaced by another and told")
+TEST_CASE("a family that is not installed is replaced and reported")
 {
     Fonts fonts;
     static_cast<void>(fonts.font("ない書体"));
@@ -354,7 +354,7 @@ TEST_CASE("a family that is not installed is replaced by another and told")
     CHECK(fonts.notices().size() == 1);
 }
 
-TEST_CASE("a gothic that is not installed is replaced by a gothic, a mincho by a mincho")
+TEST_CASE("a missing gothic is replaced by a gothic, and a missing mincho by a mincho")
 {
     Fonts fonts;
     CHECK(fonts.font("MS Gothic").path() == fonts.font("IPAexGothic").path());
@@ -363,7 +363,7 @@ TEST_CASE("a gothic that is not installed is replaced by a gothic, a mincho by a
     CHECK(fonts.notices().size() == 3);
 }
 
-TEST_CASE("UTF-8 that is broken becomes lost characters and loses nothing else")
+TEST_CASE("invalid UTF-8 bytes become replacement characters, and all other characters are kept")
 {
     std::u32string characters;
     CHECK(appendCharacters("a\xE3\x81\x82\xFFz\xE3\x81", characters, 100));

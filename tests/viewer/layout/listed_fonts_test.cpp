@@ -13,7 +13,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// Where this machine has a font of the tests.
+/// The path of a test font on this machine.
 std::string fontPath(const std::string &family)
 {
     static Fonts fonts;
@@ -39,7 +39,7 @@ std::string fourBytes(std::size_t value)
     return bytes;
 }
 
-/// Two font files as one collection: a directory of fonts, then both with their tables' places moved.
+/// Joins two font files to a collection: a directory, then both fonts with their table offsets adjusted.
 std::string collectionOf(const std::vector<std::string> &fonts)
 {
     constexpr std::size_t kDirectory = 12, kRecord = 16, kPlace = 8;
@@ -61,28 +61,28 @@ std::string collectionOf(const std::vector<std::string> &fonts)
 
 } // namespace
 
-TEST_CASE("a font is found by the name that it is listed under, in either language and any case")
+TEST_CASE("a font is found by its listed name in either language and any case")
 {
     ListedFonts fonts({listed("IPAexGothic", "IPAexゴシック"), listed("IPAexMincho", "IPAex明朝")});
     for (const char *name : {"IPAexMincho", "IPAex明朝", "ipaexmincho"}) {
         CAPTURE(std::string(name));
         const auto found = fonts.find(name);
         REQUIRE(found);
-        CHECK(found->isAsked);
+        CHECK(found->isExact);
         CHECK(found->font.path == fontPath("IPAexMincho"));
     }
 }
 
-TEST_CASE("a file that is not listed, and a family of an unknown name, are found by the names in the files")
+TEST_CASE("an unlisted file and an unknown family are found by the names in the files")
 {
     ListedFonts fonts(
         {listed("IPAexGothic", "IPAexゴシック"), listed("IPAexMincho", ""), listed("DejaVu Serif", "X & Y")});
     CHECK(fonts.find("IPAexMincho")->font.path == fontPath("IPAexMincho"));
     CHECK(fonts.find("DejaVu Serif")->font.path == fontPath("DejaVu Serif"));
-    CHECK(fonts.find("DejaVu Serif")->isAsked);
+    CHECK(fonts.find("DejaVu Serif")->isExact);
 }
 
-TEST_CASE("a family that is missing is replaced by one of its style, and said not to be the one")
+TEST_CASE("a missing family is replaced by one of its style and reported as a substitute")
 {
     ListedFonts fonts({listed("DejaVu Sans", "DejaVu Sans"), listed("IPAexGothic", "IPAexGothic"),
                        listed("IPAexMincho", "IPAexMincho")});
@@ -98,13 +98,12 @@ TEST_CASE("a family that is missing is replaced by one of its style, and said no
         CAPTURE(std::string(each.asked));
         const auto match = fonts.find(each.asked);
         REQUIRE(match);
-        CHECK_FALSE(match->isAsked);
+        CHECK_FALSE(match->isExact);
         CHECK(match->font.path == fontPath(each.found));
     }
 }
 
-TEST_CASE(
-    "the other style, then any font, stands in where a machine has nothing nearer; without fonts nothing is found")
+TEST_CASE("without a family of the same style, the other style is used, then any font, and then none")
 {
     ListedFonts gothicOnly({listed("DejaVu Sans", "DejaVu Sans"), listed("IPAexGothic", "IPAexGothic")});
     CHECK(gothicOnly.find("IPAexMincho")->font.path == fontPath("IPAexGothic"));
@@ -113,7 +112,7 @@ TEST_CASE(
     CHECK_FALSE(ListedFonts({}).find("IPAexMincho"));
 }
 
-TEST_CASE("files that are no fonts, broken ones and missing ones are passed over")
+TEST_CASE("damaged files, missing files and files that are not fonts are skipped")
 {
     TempFolder folder;
     folder.put("a.ttf", "no font");
@@ -127,7 +126,7 @@ TEST_CASE("files that are no fonts, broken ones and missing ones are passed over
     CHECK(fonts.find("IPAexMincho")->font.path == fontPath("IPAexMincho"));
 }
 
-TEST_CASE("a font of a collection is found with its place in it, and writes its own glyphs")
+TEST_CASE("a font of a collection is found with its index and has its own glyphs")
 {
     TempFolder folder;
     const std::string path = folder / "two.ttc";
@@ -143,7 +142,7 @@ TEST_CASE("a font of a collection is found with its place in it, and writes its 
     CHECK(fonts.notices().empty());
 }
 
-TEST_CASE("the font of family registers stands in first for a rare character, and only what no font has is lost")
+TEST_CASE("the font of family registers is the first fallback for a rare character")
 {
     ListedFonts fonts(
         {listed("IPAexMincho", "IPAexMincho"), listed("DejaVu Sans", ""), listed("IPAmjMincho", "IPAmj明朝")});
@@ -153,7 +152,7 @@ TEST_CASE("the font of family registers stands in first for a rare character, an
     CHECK(fonts.withCharacter(U'\U0010FFFD').empty());
 }
 
-TEST_CASE("the fonts of a folder are its font files by name, and a folder that is missing has none")
+TEST_CASE("the font files of a folder are sorted by name, and a missing folder has none")
 {
     TempFolder folder;
     for (const char *name : {"b.TTF", "a.ttc", "c.otf", "readme.txt", "ttf"}) folder.put(name, "x");

@@ -1,4 +1,4 @@
-// Texts that run down: how they stand, fit, and are found again.
+// Vertical text: orientation, layout and extraction from PDF.
 #include "viewer/form/svg_reader.h"
 #include "viewer/layout/upright.h"
 #include "viewer/layout/utf8.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kMm = 72 / 25.4;
 
-/// One run as it was painted: where it begins, where its line ends, and whether its letters stand upright.
+/// A painted run: its start, the end of its line, and whether its characters are upright.
 struct Painted {
     std::string text;
     double x, top, bottom, size, stretch;
@@ -33,9 +33,9 @@ public:
         const ShapedGlyph &first = run.glyphs.front(), &last = run.glyphs.back();
         const double step = run.size * run.stretch / 1000;
         const double begin = double{first.x} * step, end = (double{last.x} + double{last.advance}) * step;
-        const Point from = run.at(run.runsDown ? Point{0, begin} : Point{begin, 0});
-        const Point to = run.at(run.runsDown ? Point{0, end} : Point{end, 0});
-        Painted painted{{}, from.x, from.y, to.y, run.size, run.stretch, run.runsDown};
+        const Point from = run.at(run.isVertical ? Point{0, begin} : Point{begin, 0});
+        const Point to = run.at(run.isVertical ? Point{0, end} : Point{end, 0});
+        Painted painted{{}, from.x, from.y, to.y, run.size, run.stretch, run.isVertical};
         for (const ShapedGlyph &glyph : run.glyphs)
             for (const char32_t character : run.font->charactersOf(glyph.text)) appendUtf8(painted.text, character);
         runs.push_back(painted);
@@ -43,14 +43,14 @@ public:
     std::vector<Painted> runs;
 };
 
-/// A field that runs down in a box of 20 by 60 millimetres at (30, 40), and what it makes of a value.
-struct DownField {
+/// A vertical field in a box of 20 by 60 millimetres at (30, 40).
+struct VerticalField {
     LetterSet set;
     Fonts fonts;
     LetterPress press{set, fonts};
     std::vector<FieldMark> marks;
 
-    explicit DownField(const std::string &attributes, const std::string &value = "", const std::string &style = "")
+    explicit VerticalField(const std::string &attributes, const std::string &value = "", const std::string &style = "")
         : set(lettersOn(svgPage("<rect id='b' x='30' y='40' width='20' height='60' style='fill:none'/>"
                                 "<text x='30' y='40' style='writing-mode:vertical-rl;font-family:IPAexMincho;"
                                 "font-size:4px;" +
@@ -86,16 +86,16 @@ std::string textOfPage(const std::string &svg, const Row &row)
 
 } // namespace
 
-TEST_CASE("each name of a writing direction, new or old, is understood")
+TEST_CASE("each name of a writing mode, new or old, is read")
 {
     struct Case {
         const char *mode;
         WritingMode writing;
     };
-    for (const Case &each : {Case{"vertical-rl", WritingMode::downToLeft}, Case{"tb-rl", WritingMode::downToLeft},
-                             Case{"tb", WritingMode::downToLeft}, Case{"vertical-lr", WritingMode::downToRight},
-                             Case{"lr-tb", WritingMode::across}, Case{"lr", WritingMode::across},
-                             Case{"horizontal-tb", WritingMode::across}}) {
+    for (const Case &each : {Case{"vertical-rl", WritingMode::verticalRl}, Case{"tb-rl", WritingMode::verticalRl},
+                             Case{"tb", WritingMode::verticalRl}, Case{"vertical-lr", WritingMode::verticalLr},
+                             Case{"lr-tb", WritingMode::horizontal}, Case{"lr", WritingMode::horizontal},
+                             Case{"horizontal-tb", WritingMode::horizontal}}) {
         const FormDocument form =
             readSvg(svgPage("<text writing-mode='" + std::string(each.mode) + "' x='9' y='9'>文</text>"));
         CAPTURE(std::string(each.mode));
@@ -104,25 +104,25 @@ TEST_CASE("each name of a writing direction, new or old, is understood")
     }
 }
 
-TEST_CASE("Japanese letters stand upright, Latin ones lie on their side, brackets and long vowels turn")
+TEST_CASE("Japanese characters are upright, Latin characters are rotated, and brackets are transformed")
 {
     for (const char32_t each : U"漢あア、。々〆〒①㈱８Ａ＆") {
-        if (each != 0) CHECK(stanceOf(each) == Stance::upright);
+        if (each != 0) CHECK(glyphOrientationOf(each) == GlyphOrientation::upright);
     }
     for (const char32_t each : U"aZ09-(.ｱｶﾞ") {
-        if (each != 0) CHECK(stanceOf(each) == Stance::sideways);
+        if (each != 0) CHECK(glyphOrientationOf(each) == GlyphOrientation::rotated);
     }
     for (const char32_t each : U"「」（）ー〜…－") {
         if (each == U'〜') continue;
-        if (each != 0) CHECK(stanceOf(each) == Stance::turned);
+        if (each != 0) CHECK(glyphOrientationOf(each) == GlyphOrientation::transformed);
     }
-    CHECK(stanceOf(U'〜') == Stance::turned);
-    CHECK(stanceOf(0x20BB7) == Stance::upright);
+    CHECK(glyphOrientationOf(U'〜') == GlyphOrientation::transformed);
+    CHECK(glyphOrientationOf(0x20BB7) == GlyphOrientation::upright);
 }
 
-TEST_CASE("a text that runs down begins at its place, its middle on it, and goes down a size a letter")
+TEST_CASE("a vertical text is centred on its position and advances by its size for each character")
 {
-    DownField field("", "高松市");
+    VerticalField field("", "高松市");
     const auto runs = field.runs();
     REQUIRE(runs.size() == 1);
     CHECK(runs[0].isUpright);
@@ -131,15 +131,15 @@ TEST_CASE("a text that runs down begins at its place, its middle on it, and goes
     CHECK(runs[0].bottom == doctest::Approx(52 * kMm));
 }
 
-TEST_CASE("an anchor moves a text that runs down along its line")
+TEST_CASE("an anchor moves a vertical text along its line")
 {
-    CHECK(DownField("text-anchor='end'", "高松市").runs()[0].bottom == doctest::Approx(40 * kMm));
-    CHECK(DownField("text-anchor='middle'", "高松市").runs()[0].top == doctest::Approx(34 * kMm));
+    CHECK(VerticalField("text-anchor='end'", "高松市").runs()[0].bottom == doctest::Approx(40 * kMm));
+    CHECK(VerticalField("text-anchor='middle'", "高松市").runs()[0].top == doctest::Approx(34 * kMm));
 }
 
-TEST_CASE("what lies on its side goes on where the upright letters end, and upright letters behind it")
+TEST_CASE("rotated characters follow upright characters without a gap, and upright characters follow them")
 {
-    DownField field("", "令和6年");
+    VerticalField field("", "令和6年");
     const auto runs = field.runs();
     REQUIRE(runs.size() == 3);
     CHECK(runs[1].text == "6");
@@ -148,28 +148,28 @@ TEST_CASE("what lies on its side goes on where the upright letters end, and upri
     CHECK(runs[2].isUpright);
     CHECK(runs[1].top == doctest::Approx(runs[0].bottom));
     CHECK(runs[2].top == doctest::Approx(runs[1].bottom));
-    // Its baseline is left of the line's middle, for its top is to the right.
+    // Its baseline is left of the centre line, because its top is to the right.
     CHECK(runs[1].x < 30 * kMm);
     CHECK(runs[1].x > 28 * kMm);
 }
 
-TEST_CASE("a form may make all letters stand upright, or lie all on their side")
+TEST_CASE("a form may make all characters upright or rotated")
 {
     for (const char *style : {"text-orientation:upright", "glyph-orientation-vertical:0"}) {
-        const auto runs = DownField("", "令和6年", style).runs();
+        const auto runs = VerticalField("", "令和6年", style).runs();
         REQUIRE(runs.size() == 1);
         CHECK(runs[0].isUpright);
         CHECK(runs[0].text == "令和6年");
     }
-    const auto runs = DownField("", "令和6年", "text-orientation:sideways").runs();
+    const auto runs = VerticalField("", "令和6年", "text-orientation:sideways").runs();
     REQUIRE(runs.size() == 1);
     CHECK(!runs[0].isUpright);
 }
 
-TEST_CASE("lines in a box begin at its right side and go to the left, or the other way where the form says so")
+TEST_CASE("vertical lines in a box begin at its right side, or at its left side with vertical-lr")
 {
     const std::string rules = "data-box='b' data-lines='4' data-narrowest='1' data-leading='1.25'";
-    DownField field(rules, times("漢", 40));
+    VerticalField field(rules, times("漢", 40));
     const auto runs = field.runs();
     REQUIRE(runs.size() == 3);
     CHECK(field.marks.empty());
@@ -177,47 +177,47 @@ TEST_CASE("lines in a box begin at its right side and go to the left, or the oth
         CHECK(run.top == doctest::Approx(40 * kMm));
         CHECK(run.bottom <= (100 + 0.01) * kMm);
     }
-    // Three lines of 4 mm, 5 mm from middle to middle, in the middle of 20 mm.
+    // Three lines of 4 mm at distances of 5 mm, centred in 20 mm.
     CHECK(runs[0].x == doctest::Approx(45 * kMm));
     CHECK(runs[1].x == doctest::Approx(40 * kMm));
     CHECK(runs[2].x == doctest::Approx(35 * kMm));
-    const auto other = DownField(rules, times("漢", 40), "writing-mode:vertical-lr").runs();
+    const auto other = VerticalField(rules, times("漢", 40), "writing-mode:vertical-lr").runs();
     CHECK(other[0].x == doctest::Approx(35 * kMm));
     CHECK(other[2].x == doctest::Approx(45 * kMm));
-    CHECK(DownField(rules + " data-valign='top'", "漢").runs()[0].x == doctest::Approx(48 * kMm));
-    CHECK(DownField(rules + " data-valign='bottom'", "漢").runs()[0].x == doctest::Approx(32 * kMm));
+    CHECK(VerticalField(rules + " data-valign='top'", "漢").runs()[0].x == doctest::Approx(48 * kMm));
+    CHECK(VerticalField(rules + " data-valign='bottom'", "漢").runs()[0].x == doctest::Approx(32 * kMm));
 }
 
-TEST_CASE("a long text that runs down is tightened, then smaller, then cut with a mark, and stays in its box")
+TEST_CASE("a long vertical text is made narrower, then smaller, then truncated, and stays in its box")
 {
     struct Case {
-        int letters;
-        bool tightened, shrunk, cut;
+        int characters;
+        bool narrowed, shrunk, truncated;
     };
     for (const Case &each : {Case{15, false, false, false}, Case{17, true, false, false}, Case{25, true, true, false},
                              Case{90, true, true, true}}) {
-        CAPTURE(each.letters);
-        DownField field("data-box='b'", times("漢", each.letters));
+        CAPTURE(each.characters);
+        VerticalField field("data-box='b'", times("漢", each.characters));
         const auto runs = field.runs();
-        CHECK((runs[0].stretch < 1) == each.tightened);
+        CHECK((runs[0].stretch < 1) == each.narrowed);
         CHECK((runs[0].size < 4 * kMm - 0.001) == each.shrunk);
         CHECK((!field.marks.empty() && field.marks[0].shrunk) == each.shrunk);
-        CHECK((!field.marks.empty() && field.marks[0].doesNotFit) == each.cut);
-        CHECK((runs.back().text == "…") == each.cut);
+        CHECK((!field.marks.empty() && field.marks[0].doesNotFit) == each.truncated);
+        CHECK((runs.back().text == "…") == each.truncated);
         CHECK(runs.back().bottom <= (100 + 0.01) * kMm);
     }
 }
 
-TEST_CASE("a text without a box that runs off the page's end is marked")
+TEST_CASE("a vertical text without a box that extends beyond the page is marked")
 {
-    CHECK(DownField("", times("漢", 60)).runs().size() == 1);
-    DownField field("", times("漢", 80));
+    CHECK(VerticalField("", times("漢", 60)).runs().size() == 1);
+    VerticalField field("", times("漢", 80));
     static_cast<void>(field.runs());
     REQUIRE(field.marks.size() == 1);
     CHECK(field.marks[0].doesNotFit);
 }
 
-TEST_CASE("lines that the editor placed side by side are lines of their own, also by their distance")
+TEST_CASE("vertical lines that the editor placed by position or by distance are separate lines")
 {
     const FormDocument form =
         readSvg(svgPage("<text style='writing-mode:tb-rl;font-size:4px' x='90' y='20'><tspan x='90' y='20'>一</tspan>"
@@ -231,7 +231,7 @@ TEST_CASE("lines that the editor placed side by side are lines of their own, als
     }
 }
 
-TEST_CASE("every value that runs down is found again in the PDF as one line, whatever stands or lies in it")
+TEST_CASE("each vertical value is extracted from the PDF as one line")
 {
     for (const char *value : {"髙﨑支西長", "高松市番町１丁目２－３　メゾン（北側）５０１号", "ｶﾌﾞｼｷｶﾞｲｼｬ",
                               "令和6年5月1日", "087-812-3456", "「かぎ」、句点。ー…", "A社㈱①～"}) {
@@ -246,7 +246,7 @@ TEST_CASE("every value that runs down is found again in the PDF as one line, wha
     }
 }
 
-TEST_CASE("texts that run down and across, tightened, bold and spaced, do not mix their texts")
+TEST_CASE("vertical and horizontal texts, narrowed, bold and spaced, are extracted separately")
 {
     const std::string down = "writing-mode:vertical-rl;font-family:IPAexMincho;font-size:4px;";
     const std::string page = textOfPage(svgPage("<rect id='b' x='30' y='40' width='6' height='20' style='fill:none'/>"

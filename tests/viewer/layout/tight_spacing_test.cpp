@@ -9,7 +9,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// Where each run of a line begins and where the next one is due.
+/// The start of each run of a line and the expected start of the next one.
 class RunPlaces : public PagePainter {
 public:
     struct Place {
@@ -28,7 +28,7 @@ public:
 
 } // namespace
 
-TEST_CASE("where a spaced text of several fonts is tightened, its parts stay beside one another")
+TEST_CASE("the parts of a narrowed and spaced text of several fonts stay adjacent")
 {
     const FormDocument form =
         readSvg(svgPage("<rect id='b' x='10' y='20' width='30' height='8' fill='none'/>"

@@ -32,7 +32,7 @@ using Values = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("rows are read under the titles of the first line, in code page 932")
+TEST_CASE("rows are read in code page 932, with the column names of the first line")
 {
     const LetterTable table =
         readLetters("\"\x96\xbc\x91\x4f\",\"b\"\r\n\"\xfb\xfc\x8b\xb4\",\"\"\r\n", TitleRow::first);
@@ -41,23 +41,23 @@ TEST_CASE("rows are read under the titles of the first line, in code page 932")
     CHECK(rowOf(table, 0) == Values{"髙橋", ""});
 }
 
-TEST_CASE("a quote inside a value is kept, at its ends too")
+TEST_CASE("a quote inside or at the ends of a value is kept")
 {
     const LetterTable table = read("\"a\",\"b\"\r\n\"x\"y\",\"\"z\"\"\r\n");
     REQUIRE(table.fault(0) == RowFault::none);
     CHECK(rowOf(table, 0) == Values{"x\"y", "\"z\""});
 }
 
-TEST_CASE("a comma inside a value is kept, also when it is all of it")
+TEST_CASE("a comma inside a value is kept, even as the whole value")
 {
     const LetterTable table = read("\"a\",\"b\",\"c\"\r\n\"x,y\",\",\",\"z\"\r\n");
     REQUIRE(table.fault(0) == RowFault::none);
     CHECK(rowOf(table, 0) == Values{"x,y", ",", "z"});
 }
 
-TEST_CASE("a row that reads in more than one way is marked and has no values")
+TEST_CASE("an ambiguous row is marked and has no values")
 {
-    // Either "x\"," and "y" or "x" and ",\"y": nobody can tell.
+    // The values are either "x\"," and "y" or "x" and ",\"y".
     const LetterTable table = read("\"a\",\"b\"\r\n\"x\",\",\"y\"\r\n");
     REQUIRE(table.size() == 1);
     CHECK(table.fault(0) == RowFault::ambiguous);
@@ -65,7 +65,7 @@ TEST_CASE("a row that reads in more than one way is marked and has no values")
     CHECK(table.rawText(0) == "\"x\",\",\"y\"");
 }
 
-TEST_CASE("a value that holds the separator makes its row one with too many columns")
+TEST_CASE("a value that contains the separator gives its row too many columns")
 {
     CHECK(read("\"a\",\"b\"\r\n\"x\",\"y\",\"z\"\r\n").fault(0) == RowFault::tooManyColumns);
 }
@@ -75,7 +75,7 @@ TEST_CASE("a row with too few columns is marked")
     CHECK(read("\"a\",\"b\"\r\n\"x\"\r\n").fault(0) == RowFault::tooFewColumns);
 }
 
-TEST_CASE("the rows of a value with a line end are marked, and those around them are read")
+TEST_CASE("the rows of a value with a line end are marked, and the rows around them are read")
 {
     const LetterTable table = read("\"a\",\"b\"\r\n\"1\",\"2\"\r\n\"x\",\"y\r\nz\"\r\n\"3\",\"4\"\r\n");
     REQUIRE(table.size() == 4);
@@ -84,20 +84,20 @@ TEST_CASE("the rows of a value with a line end are marked, and those around them
     CHECK(rowOf(table, 3) == Values{"3", "4"});
 }
 
-TEST_CASE("a last line without its end is marked as cut off, whole as it may look")
+TEST_CASE("a last line without a line end is marked as truncated, even if it is a valid row")
 {
     CHECK(read("\"a\",\"b\"\r\n\"x\",\"y\"").fault(0) == RowFault::cutOff);
     CHECK(read("\"a\",\"b\"\r\n\"x\",\"y\"\r").fault(0) == RowFault::cutOff);
     CHECK(read("\"a\",\"b\"\r\n\"x\",\"y").fault(0) == RowFault::cutOff);
 }
 
-TEST_CASE("a file that ends inside its title row is refused as cut off")
+TEST_CASE("a file that ends inside its header row is refused as truncated")
 {
     CHECK(refusal("\"a\",\"b") == "見出し行が途中で切れています。");
     CHECK(refusal("\"a\",\"b\"\r") == "見出し行が途中で切れています。");
 }
 
-TEST_CASE("titles may stand in any order and number")
+TEST_CASE("column names may have any order and number")
 {
     const LetterTable table = read("\"署名日\",\"余分\",\"保険者名\"\r\n\"1\",\"2\",\"3\"\r\n");
     REQUIRE(table.columnOf("保険者名"));
@@ -110,14 +110,14 @@ TEST_CASE("a file without rows has none")
     CHECK(read("\"a\",\"b\"\r\n").size() == 0);
 }
 
-TEST_CASE("an empty file, a first line without quotes and a title that stands twice are refused with a sentence")
+TEST_CASE("an empty file, a first line without quotes and a duplicate column name are refused with a sentence")
 {
     CHECK(refusal("") == "ファイルが空です。");
     CHECK(refusal("FileName,\"x\"\r\n") == "先頭の行が見出し行ではありません。各列を引用符で囲んだ行が必要です。");
     CHECK(refusal("\"a\",\"a\"\r\n") == "見出し行に列「a」が二つあります。");
 }
 
-TEST_CASE("a file without titles names its columns by number, and twenty by the program's titles")
+TEST_CASE("a file without a header row has numbers as column names, or the program's names for twenty columns")
 {
     CHECK(read("\"x\",\"y\"\r\n", TitleRow::none).columns() == Values{"1", "2"});
     std::string line = "\"v1\"";
@@ -129,7 +129,7 @@ TEST_CASE("a file without titles names its columns by number, and twenty by the 
     CHECK(table.value(0, *table.columnOf("署名日")) == "v20");
 }
 
-TEST_CASE("a half character at a row's end takes neither its quote nor its line end")
+TEST_CASE("half a character at the end of a row does not consume the quote or the line end")
 {
     const LetterTable table = readLetters("\"a\",\"b\"\r\n\"x\x83\",\"y\x83\"\r\n\"1\",\"2\"\r\n", TitleRow::first);
     REQUIRE(table.size() == 2);
@@ -137,7 +137,7 @@ TEST_CASE("a half character at a row's end takes neither its quote nor its line 
     CHECK(rowOf(table, 1) == Values{"1", "2"});
 }
 
-TEST_CASE("a NUL and a byte that is no character are shown as lost characters")
+TEST_CASE("a NUL and an invalid byte are shown as replacement characters")
 {
     const LetterTable table = readLetters(std::string("\"a\"\r\n\"x\0\x80y\"\r\n", 13), TitleRow::first);
     REQUIRE(table.size() == 1);
@@ -145,7 +145,7 @@ TEST_CASE("a NUL and a byte that is no character are shown as lost characters")
     CHECK(table.value(0, 0).back() == 'y');
 }
 
-TEST_CASE("a field of a megabyte is read whole")
+TEST_CASE("a field of a megabyte is read completely")
 {
     const std::string megabyte(1'000'000, 'x');
     const LetterTable table = read("\"a\",\"b\"\r\n\"" + megabyte + "\",\"y\"\r\n");
@@ -153,7 +153,7 @@ TEST_CASE("a field of a megabyte is read whole")
     CHECK(table.value(0, 1) == "y");
 }
 
-TEST_CASE("a file of 32,767 rows has that many letters")
+TEST_CASE("a file of 32,767 rows has 32,767 letters")
 {
     std::string text = "\"a\",\"b\"\r\n";
     for (int i = 0; i < 32'767; ++i) text += "\"" + std::to_string(i) + "\",\"x\"\r\n";
@@ -162,7 +162,7 @@ TEST_CASE("a file of 32,767 rows has that many letters")
     CHECK(table.value(32'766, 0) == "32766");
 }
 
-TEST_CASE("rows are the same in whatever order they are asked for, around blank lines and faulty rows too")
+TEST_CASE("rows are the same in any reading order, also next to blank lines and faulty rows")
 {
     std::string text = "\"a\",\"b\"\r\n";
     for (int i = 0; i < 1'000; ++i) {
@@ -181,7 +181,7 @@ TEST_CASE("rows are the same in whatever order they are asked for, around blank 
     }
 }
 
-TEST_CASE("a value stays where it is when other rows are read and the table moves")
+TEST_CASE("a value stays valid when other rows are read and the table is moved")
 {
     std::string text = "\"a\"\r\n";
     for (int i = 0; i < 5'000; ++i) text += "\"" + std::to_string(i) + "番\"\r\n";
@@ -193,7 +193,7 @@ TEST_CASE("a value stays where it is when other rows are read and the table move
     CHECK(moved.value(300, 0) == "300番");
 }
 
-TEST_CASE("a row of random quotes and commas is either read as it was written or marked")
+TEST_CASE("a row of random quotes and commas is either read correctly or marked")
 {
     std::mt19937 dice(20240501);
     const auto roll = [&](unsigned sides) { return std::uniform_int_distribution<unsigned>(0, sides - 1)(dice); };

@@ -6,7 +6,7 @@
 
 using namespace inin::viewer;
 
-TEST_CASE("every reason why a row cannot be read has its sentence, to the byte")
+TEST_CASE("each reason why a row cannot be read has its sentence")
 {
     struct Case {
         RowFault fault;
@@ -23,7 +23,7 @@ TEST_CASE("every reason why a row cannot be read has its sentence, to the byte")
     }
 }
 
-TEST_CASE("a faulty row keeps its text as it is in the file and has no values")
+TEST_CASE("a faulty row keeps its raw text and has no values")
 {
     LetterRows rows(2, "甲乙\"切れた");
     const std::string_view text = rows.text();

@@ -6,7 +6,7 @@
 
 using namespace inin::viewer;
 
-TEST_CASE("a record of a complete run holds the size of the letter file and the number of letters")
+TEST_CASE("the record of a complete run has the size of the letter file and the number of letters")
 {
     for (const char *text : {"PrintInin run 1\r\nholder PC-1 1234\r\ncsv 54321\r\nletters 273\r\n",
                              "PrintInin run 1\nletters 273\ncsv 54321\n"}) {
@@ -18,7 +18,7 @@ TEST_CASE("a record of a complete run holds the size of the letter file and the 
     }
 }
 
-TEST_CASE("a record of a run that is not complete, of another format or with a bad number is none")
+TEST_CASE("a record of an incomplete run, of another format or with an invalid number is ignored")
 {
     for (const char *text :
          {"", "PrintInin run 1\n", "PrintInin run 1\nholder PC-1 1\n", "PrintInin run 1\ncsv 5\n",
@@ -32,7 +32,7 @@ TEST_CASE("a record of a run that is not complete, of another format or with a b
     }
 }
 
-TEST_CASE("a record has the letter file's path with another extension")
+TEST_CASE("a record has the path of the letter file with another extension")
 {
     CHECK(runRecordPath("C:\\TMP\\委任状.csv") == "C:\\TMP\\委任状.run");
     CHECK(runRecordPath("./TMP.d/委任状") == "./TMP.d/委任状.run");

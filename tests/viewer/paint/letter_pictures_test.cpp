@@ -41,7 +41,7 @@ struct Pictures {
 
 } // namespace
 
-TEST_CASE("a kept picture is dot for dot what painting the whole letter gives, on each form, at each scale")
+TEST_CASE("a cached picture has the same pixels as a letter painted as a whole, for each form and scale")
 {
     for (const char *form : kForms) {
         Pictures world(form);
@@ -50,13 +50,13 @@ TEST_CASE("a kept picture is dot for dot what painting the whole letter gives, o
     }
 }
 
-TEST_CASE("pages turned to and fro, and back behind many others, are still the same")
+TEST_CASE("pages that are shown again have the same pictures")
 {
     Pictures world;
     for (const std::size_t letter : {0U, 1U, 0U, 9U, 8U, 7U, 6U, 5U, 0U, 1U}) world.checkAgainstWhole(letter, 72);
 }
 
-TEST_CASE("letters moved by the script's offsets are painted where they belong")
+TEST_CASE("letters with offsets of the script are painted at the right positions")
 {
     Pictures world;
     world.set.offsetX = 35;
@@ -64,7 +64,7 @@ TEST_CASE("letters moved by the script's offsets are painted where they belong")
     for (std::size_t letter = 0; letter < 3; ++letter) world.checkAgainstWhole(letter, 100);
 }
 
-TEST_CASE("a row that could not be read is painted on its own page among the others")
+TEST_CASE("an unreadable row is painted on its own page among the others")
 {
     Pictures world;
     const std::string csv = csvOf({ordinaryRow()}) + "\"a\",\"b\"\r\n" + csvOf({longestRow()});
@@ -72,7 +72,7 @@ TEST_CASE("a row that could not be read is painted on its own page among the oth
     for (std::size_t letter = 0; letter < world.set.size(); ++letter) world.checkAgainstWhole(letter, 72);
 }
 
-TEST_CASE("the pages that were made last are kept, and go with their scale")
+TEST_CASE("the most recent pages are cached, and a new scale clears the cache")
 {
     Pictures world;
     world.pictures.setScale(1);
@@ -86,7 +86,7 @@ TEST_CASE("the pages that were made last are kept, and go with their scale")
     CHECK(!world.pictures.has(4));
 }
 
-TEST_CASE("pictures are kept up to 300 dots an inch and no further")
+TEST_CASE("pictures are cached up to 300 dots per inch")
 {
     Pictures world;
     CHECK(world.pictures.isWorthwhile(300 / kPointsPerInch));

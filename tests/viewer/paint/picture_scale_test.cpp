@@ -6,8 +6,7 @@
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE(
-    "a window that moves to a screen of other dots gets pictures of that screen, also where their size is the same")
+TEST_CASE("a new device pixel ratio gives new pictures, even of the same size")
 {
     const LetterSet set = lettersOn(svgPage("<text x='9' y='9'>{{保険者名}}</text>"), {ordinaryRow()});
     Fonts fonts;
@@ -22,7 +21,7 @@ TEST_CASE(
     CHECK(pictures.of(0).devicePixelRatio() == 2);
 }
 
-TEST_CASE("a ring drawn by the even-odd rule is open on the screen, the same path without it is filled")
+TEST_CASE("a ring with the even-odd rule has a hole on the screen, and without the rule it is filled")
 {
     const auto middle = [](const std::string &rule) {
         const LetterSet set = lettersOn(svgPage("<path " + rule +
@@ -32,7 +31,7 @@ TEST_CASE("a ring drawn by the even-odd rule is open on the screen, the same pat
         Fonts fonts;
         LetterPress press(set, fonts);
         QtGlyphs glyphs;
-        return letterImage(press, 0, 101.6, glyphs).pixelColor(120, 120); // four dots a millimetre
+        return letterImage(press, 0, 101.6, glyphs).pixelColor(120, 120); // four dots per millimetre
     };
     CHECK(middle("fill-rule='evenodd'") == QColor(Qt::white));
     CHECK(middle("") == QColor(Qt::black));

@@ -17,7 +17,7 @@ using namespace inin::viewer::test;
 namespace {
 
 constexpr double kDots = 60;
-// Rounding of edges differs between processors and versions of the toolkit; a line or letter that moved does not pass.
+// Rounding of edges differs between processors and versions of the toolkit. A line or glyph that moved is detected.
 constexpr int kGrayTolerance = 48;
 constexpr double kShareTolerance = 0.0005;
 
@@ -28,7 +28,7 @@ struct Case {
 constexpr Case kCases[] = {
     {"委任状37_01.wfd", "standard"}, {"委任状23.wfd", "aichi"}, {"委任状37_高松市.wfd", "takamatsu"}};
 
-/// How large a share of the pixels differs more than the tolerance; 1 for pictures of other sizes.
+/// The share of pixels that differ by more than the tolerance; 1 for pictures of different sizes.
 double difference(const QImage &a, const QImage &b)
 {
     if (a.size() != b.size()) return 1;
@@ -39,8 +39,8 @@ double difference(const QImage &a, const QImage &b)
     return static_cast<double>(count) / (a.width() * a.height());
 }
 
-/// A wanted change: run once with ININ_WRITE_GOLDENS set, look at the pictures, check them in.
-void holdAgainstGolden(const QImage &picture, const std::string &name)
+/// To change the reference pictures, run once with ININ_WRITE_GOLDENS set, inspect the pictures and commit them.
+void compareWithGolden(const QImage &picture, const std::string &name)
 {
     const QString path = QString::fromStdString(std::string(ININ_TEST_DATA) + "/viewer/" + name);
     CAPTURE(name);
@@ -51,7 +51,7 @@ void holdAgainstGolden(const QImage &picture, const std::string &name)
     CHECK(difference(picture, golden) < kShareTolerance);
 }
 
-/// Two rasterisers differ at every edge; made coarse, what is left is a difference of place or shape.
+/// Rasterisers differ at every edge. At low resolution, only differences of position or shape remain.
 QImage coarse(const QImage &image)
 {
     constexpr int kFactor = 4;
@@ -59,7 +59,7 @@ QImage coarse(const QImage &image)
                         Qt::SmoothTransformation);
 }
 
-/// The first page of a PDF as another program draws it.
+/// The first page of a PDF, rendered by another program.
 QImage rasterized(const std::string &pdf, int dotsPerInch)
 {
     const std::string command =
@@ -70,7 +70,7 @@ QImage rasterized(const std::string &pdf, int dotsPerInch)
     return page;
 }
 
-/// The first letter as it goes to a printer.
+/// Prints the first letter.
 void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
 {
     constexpr int kPrinterDots = 600;
@@ -97,7 +97,7 @@ struct Pictures {
     QImage picture(std::size_t letter) { return letterImage(press, letter, kDots, glyphs); }
 };
 
-/// The upper left corner of one letter on a form of our own, by each way that it can go out.
+/// The upper left corner of a letter on the given form, for each kind of output.
 struct Corner {
     TempFolder folder;
     LetterSet set;
@@ -125,27 +125,27 @@ struct Corner {
 
 } // namespace
 
-TEST_CASE("each form looks as it did, with ordinary, longest and odd data and with none")
+TEST_CASE("each form matches its reference picture with ordinary, longest, odd and blank data")
 {
     constexpr const char *data[] = {"ordinary", "longest", "odd", "blank"};
     for (const Case &each : kCases) {
         Pictures pictures(each.form);
         for (std::size_t letter = 0; letter < 4; ++letter) {
-            holdAgainstGolden(pictures.picture(letter), std::string(each.golden) + "_" + data[letter] + ".png");
+            compareWithGolden(pictures.picture(letter), std::string(each.golden) + "_" + data[letter] + ".png");
         }
     }
 }
 
-TEST_CASE("characters of stand-in fonts look as they did, in the picture and in the PDF")
+TEST_CASE("characters of fallback fonts match the reference picture, in the picture and in the PDF")
 {
     Corner corner("<text x='4' y='14' style='font-family:IPAexMincho;font-size:10px'>西𠮷∑田</text>", 120, 48);
     const QImage picture = corner.picture();
-    holdAgainstGolden(picture, "stand_ins.png");
+    compareWithGolden(picture, "stand_ins.png");
     CHECK(difference(coarse(picture), coarse(corner.inPdf())) < 0.02);
     CHECK(difference(coarse(picture), coarse(picture.copy(corner.place.translated(2, 0)))) > 0.05);
 }
 
-TEST_CASE("a bold text is darker than the same text and takes the same room, on screen, in the PDF and on a printer")
+TEST_CASE("a bold text is darker than a regular one and has the same size, on screen, in the PDF and on a printer")
 {
     const auto inkOf = [](const QImage &image) {
         double ink = 0;
@@ -173,10 +173,10 @@ TEST_CASE("a bold text is darker than the same text and takes the same room, on 
     CHECK(inks[1] > 1.2 * inks[0]);
     CHECK(pdfInks[1] > 1.2 * pdfInks[0]);
     CHECK(printedInks[1] > 1.2 * printedInks[0]);
-    holdAgainstGolden(picture, "bold.png");
+    compareWithGolden(picture, "bold.png");
 }
 
-TEST_CASE("a text that runs down looks as it did, the same in the picture, in the PDF and on a printer")
+TEST_CASE("a vertical text matches the reference picture, in the picture, in the PDF and on a printer")
 {
     const std::string down = "style='writing-mode:vertical-rl;font-family:IPAexMincho;font-size:8px";
     Corner corner("<rect id='b' x='4' y='4' width='10' height='50' fill='none' stroke='#888'"
@@ -186,13 +186,13 @@ TEST_CASE("a text that runs down looks as it did, the same in the picture, in th
                       ";letter-spacing:2px;text-orientation:upright'>5月1日</text>",
                   110, 170);
     const QImage picture = corner.picture();
-    holdAgainstGolden(picture, "running_down.png");
+    compareWithGolden(picture, "running_down.png");
     CHECK(difference(coarse(picture), coarse(corner.inPdf())) < 0.02);
     CHECK(difference(coarse(picture), coarse(picture.copy(corner.place.translated(0, 2)))) > 0.035);
     CHECK(difference(coarse(picture), coarse(corner.onPrinter())) < 0.02);
 }
 
-TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
+TEST_CASE("the comparison of pictures detects a text that moved by a millimetre")
 {
     Pictures pictures(kForm);
     const QImage before = pictures.picture(0);
@@ -200,7 +200,7 @@ TEST_CASE("the comparison of pictures sees a text that moved by a millimetre")
     CHECK(difference(before, pictures.picture(0)) > 10 * kShareTolerance);
 }
 
-TEST_CASE("the picture of a letter and its PDF show the same")
+TEST_CASE("the picture of a letter matches its PDF")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {longestRow()});
@@ -209,12 +209,12 @@ TEST_CASE("the picture of a letter and its PDF show the same")
     REQUIRE(ours.load(QString::fromStdString(folder / "p/001.png")));
     const QImage theirs = rasterized(folder / "o.pdf", 100);
     CHECK(difference(coarse(ours), coarse(theirs)) < 0.01);
-    // The same comparison finds a page that is off by a millimetre.
+    // The same comparison detects a page that is off by a millimetre.
     const QImage moved = ours.copy(4, 0, ours.width(), ours.height());
     CHECK(difference(coarse(moved), coarse(theirs)) > 0.05);
 }
 
-TEST_CASE("large letters are painted with their curves, small ones look the same")
+TEST_CASE("large glyphs are painted with curves, and small ones look the same")
 {
     Fonts fonts;
     const Font &font = fonts.font("IPAexMincho");

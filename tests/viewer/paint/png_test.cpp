@@ -9,7 +9,7 @@ using namespace inin::viewer;
 using namespace inin::viewer::test;
 namespace fs = std::filesystem;
 
-TEST_CASE("the letters that are ticked come out as pictures, beside the PDF")
+TEST_CASE("the selected letters are written as pictures together with the PDF")
 {
     TempFolder folder;
     std::vector<Row> rows(8, ordinaryRow());
@@ -28,7 +28,7 @@ TEST_CASE("the letters that are ticked come out as pictures, beside the PDF")
     CHECK(folder.bytes("pictures/001.png").starts_with("\x89PNG"));
 }
 
-TEST_CASE("pictures are written into the folder of exactly that name, each readable by its owner only")
+TEST_CASE("pictures are written into the folder with exactly the given name, readable by their owner only")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
@@ -38,7 +38,7 @@ TEST_CASE("pictures are written into the folder of exactly that name, each reada
     CHECK(fs::status(folder / "pictures/001.png").permissions() == (fs::perms::owner_read | fs::perms::owner_write));
 }
 
-TEST_CASE("pictures that cannot be written are told, and nothing half-written stays")
+TEST_CASE("pictures that cannot be written are reported, and no partial file is left")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});

@@ -20,12 +20,12 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// The columns that every form of the site shows as they stand.
+/// The columns that all forms of the site show unchanged.
 constexpr const char *kShown[] = {"保険者名",     "利用者氏名",   "利用者住所", "会社名称",   "会社住所",
                                   "代表者名",     "会社電話番号", "金融機関名", "口座番号",   "口座名義",
                                   "保険者地区名", "保険種別",     "世帯主名",   "世帯主電話", "世帯主住所"};
 
-/// Letters on a form of the site, as a PDF, with the marks of each.
+/// Letters on a form of the site as a PDF, with their marks.
 struct Printed {
     TempFolder folder;
     LetterSet set;
@@ -55,7 +55,7 @@ struct Printed {
     }
 };
 
-/// A row of one value that holds all of the text, which is UTF-8.
+/// A row whose only value is the whole text (UTF-8).
 LetterRows oneValue(std::string_view text, std::size_t columns)
 {
     LetterRows rows(columns, std::string(text));
@@ -78,7 +78,7 @@ public:
             out += letters[roll(static_cast<unsigned>(letters.size()))];
         return out;
     }
-    /// A row whose number stands in each of its texts, so that no other row's can be taken for it.
+    /// A row with its number in each value, so that it differs from all other rows.
     Row row(std::size_t number)
     {
         Row row;
@@ -99,7 +99,7 @@ private:
 
 } // namespace
 
-TEST_CASE("page k holds the texts of row k and of no other, whatever letters are ticked in whatever order")
+TEST_CASE("each page has the texts of its row only, for any selection and order of letters")
 {
     for (unsigned seed = 1; seed <= 12; ++seed) {
         RandomRows random(seed);
@@ -128,7 +128,7 @@ TEST_CASE("page k holds the texts of row k and of no other, whatever letters are
     }
 }
 
-TEST_CASE("the values of an ordinary letter are found again on each of the forms")
+TEST_CASE("the values of an ordinary letter can be extracted from the PDF of each form")
 {
     for (const char *form : kForms) {
         CAPTURE(std::string(form));
@@ -147,7 +147,7 @@ TEST_CASE("the values of an ordinary letter are found again on each of the forms
     }
 }
 
-TEST_CASE("the longest values are on each of the forms whole")
+TEST_CASE("the longest values are complete on each form")
 {
     const Row row = longestRow();
     for (const char *form : kForms) {
@@ -162,7 +162,7 @@ TEST_CASE("the longest values are on each of the forms whole")
     }
 }
 
-TEST_CASE("a silent row leaves room to complete the letter by hand")
+TEST_CASE("a blank row leaves space to complete the letter by hand")
 {
     for (const char *form : kForms) {
         CAPTURE(std::string(form));
@@ -172,11 +172,11 @@ TEST_CASE("a silent row leaves room to complete the letter by hand")
     }
 }
 
-TEST_CASE("two characters of one glyph are found again as what they were")
+TEST_CASE("two characters with the same glyph are extracted correctly")
 {
     TempFolder folder;
     LetterSet set = lettersOn(svgPage("<text x='10' y='20' style='font-family:IPAexMincho'>{{a}}</text>"), {});
-    // The radical U+2F40 looks like 支 and is another character; 𠮷 needs two UTF-16 units.
+    // The radical U+2F40 has the same glyph as 支; 𠮷 needs two UTF-16 units.
     set.reports[0].letters = LetterTable({"a"}, {"支\u2F40西\u2EC4長\u2ED1髙﨑𠮷", 1, {0}, oneValue});
     set.reports[0].columns = {"a"};
     Fonts fonts;
@@ -188,7 +188,7 @@ TEST_CASE("two characters of one glyph are found again as what they were")
     CHECK(packed(pagesOf(folder / "out.pdf").at(0)) == "支\u2F40西\u2EC4長\u2ED1髙﨑𠮷");
 }
 
-TEST_CASE("a PDF holds a subset of each font that its texts needed, and their characters are found again")
+TEST_CASE("a PDF embeds a subset of each font that it uses, and its characters can be extracted")
 {
     TempFolder folder;
     const LetterSet set = lettersOn(
@@ -206,7 +206,7 @@ TEST_CASE("a PDF holds a subset of each font that its texts needed, and their ch
     CHECK(pdf.size() < 20'000);
 }
 
-TEST_CASE("a row that cannot be read has a page that says so, and no column of it is guessed")
+TEST_CASE("an unreadable row has a page with a warning and its raw text, and no values")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), ordinaryRow()});
@@ -225,7 +225,7 @@ TEST_CASE("a row that cannot be read has a page that says so, and no column of i
     CHECK(contains(packed(pages[1]), "髙橋花子"));
 }
 
-TEST_CASE("the paper and the offsets of a script move and scale the page")
+TEST_CASE("the paper and the offsets of a script scale and move the page")
 {
     TempFolder folder;
     LetterSet set = lettersOn(svgPage("<text x='10' y='20'>{{保険者名}}</text>"), {ordinaryRow()});
@@ -247,7 +247,7 @@ TEST_CASE("the paper and the offsets of a script move and scale the page")
     CHECK(packed(pagesOf(folder / "a5.pdf").at(0)) == "高松市");
 }
 
-TEST_CASE("a writing that is ended leaves no file and keeps the old one")
+TEST_CASE("a cancelled PDF leaves no file and keeps the older one")
 {
     TempFolder folder;
     const LetterSet set = lettersOn(svgPage("<text>{{保険者名}}</text>"), std::vector<Row>(250, ordinaryRow()));
@@ -255,15 +255,15 @@ TEST_CASE("a writing that is ended leaves no file and keeps the old one")
     LetterPress press(set, fonts);
     std::vector<std::size_t> letters(250);
     folder.put("out.pdf", "old");
-    std::vector<std::size_t> told;
+    std::vector<std::size_t> reported;
 
     const bool isWhole = writeLettersPdf(folder / "out.pdf", press, letters, [&](std::size_t pages) {
-        told.push_back(pages);
+        reported.push_back(pages);
         return pages < 200;
     });
 
     CHECK_FALSE(isWhole);
-    CHECK(told == std::vector<std::size_t>{100, 200});
+    CHECK(reported == std::vector<std::size_t>{100, 200});
     CHECK(folder.bytes("out.pdf") == "old");
     CHECK(folder.names() == std::vector<std::string>{"out.pdf"});
 }
@@ -290,7 +290,7 @@ TEST_CASE("the same letters give the same bytes")
     CHECK(folder.bytes("a.pdf") == folder.bytes("b.pdf"));
 }
 
-TEST_CASE("a PDF reader's checker finds no fault in the file")
+TEST_CASE("a PDF checker finds no error in the file")
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {ordinaryRow(), longestRow(), oddRow()});
@@ -298,7 +298,7 @@ TEST_CASE("a PDF reader's checker finds no fault in the file")
     CHECK(std::system(("qpdf --check '" + folder / "out.pdf" + "' >/dev/null 2>&1").c_str()) == 0);
 }
 
-TEST_CASE("numbers are written as short as they can be")
+TEST_CASE("numbers are written in their shortest form")
 {
     struct Case {
         double number;
@@ -320,7 +320,7 @@ TEST_CASE("numbers are written as short as they can be")
     }
 }
 
-TEST_CASE("numbers beyond every page are written as the largest one, and what is not a number as nothing")
+TEST_CASE("numbers that are too large are clamped, and NaN is written as 0")
 {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     for (const int decimals : {2, 5}) {
@@ -339,7 +339,7 @@ TEST_CASE("numbers beyond every page are written as the largest one, and what is
     CHECK(hundredthsOf(1e300) == 1'000'000'000'000'000);
 }
 
-TEST_CASE("a form with a stroke of any width and dashes of any length gives a PDF that readers open")
+TEST_CASE("a form with strokes of extreme widths and dashes gives a valid PDF")
 {
     TempFolder folder;
     folder.put("f.svg", svgPage("<path d='M1 1L9 9' stroke='red' stroke-width='1e17' stroke-dasharray='1e18 1e300'/>"

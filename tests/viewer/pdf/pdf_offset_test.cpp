@@ -11,7 +11,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// Where the first word of a PDF begins, in points from the upper left corner.
+/// The position of the first word of a PDF, in points from the upper left corner.
 Point firstWord(const std::string &pdf)
 {
     REQUIRE(std::system(("pdftotext -bbox '" + pdf + "' '" + pdf + ".html'").c_str()) == 0);
@@ -26,7 +26,7 @@ Point firstWord(const std::string &pdf)
 
 } // namespace
 
-TEST_CASE("a printer's offset moves a page across, down, or both, and each the other way too")
+TEST_CASE("a printer's offset moves a page horizontally and vertically in both directions")
 {
     const TempFolder folder;
     const LetterSet set = lettersOn(svgPage("<text x='50' y='80'>{{保険者名}}</text>"), {ordinaryRow()});

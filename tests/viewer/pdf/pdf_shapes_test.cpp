@@ -12,7 +12,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// A page of a PDF as another program draws it, four dots a millimetre.
+/// A page of a PDF, rendered by another program with four dots per millimetre.
 class DrawnPage {
 public:
     explicit DrawnPage(const std::string &shapes)
@@ -33,7 +33,7 @@ public:
         REQUIRE(kind == "P5");
         m_dots = file.substr(file.size() - m_width * height);
     }
-    /// From 0, black, to 255; millimetres.
+    /// The brightness at a position in millimetres, from 0 (black) to 255.
     [[nodiscard]] int at(double x, double y) const
     {
         const auto dot = static_cast<std::size_t>(y * 4) * m_width + static_cast<std::size_t>(x * 4);
@@ -49,7 +49,7 @@ constexpr int kBlack = 0, kWhite = 255;
 
 } // namespace
 
-TEST_CASE("a ring drawn by the even-odd rule is open in the PDF, the same path without it is filled")
+TEST_CASE("a ring with the even-odd rule has a hole in the PDF, and without the rule it is filled")
 {
     const std::string squares = "d='M10 10H50V50H10Z M20 20H40V40H20Z'";
     const DrawnPage ring("<path fill-rule='evenodd' " + squares + "/>"), filled("<path " + squares + "/>");
@@ -61,16 +61,16 @@ TEST_CASE("a ring drawn by the even-odd rule is open in the PDF, the same path w
     CHECK(outlined.at(30, 30) == kWhite);
 }
 
-TEST_CASE("a line ends in the PDF as its cap says: at its end, or half its width behind it")
+TEST_CASE("a line with a butt cap ends in the PDF at its end point, other caps add half the width")
 {
-    const auto behindTheEnd = [](const std::string &cap) {
+    const auto beyondEnd = [](const std::string &cap) {
         return DrawnPage("<path d='M20 30H60' fill='none' stroke='#000' stroke-width='10' stroke-linecap='" + cap +
                          "'/>")
             .at(63, 26.5);
     };
-    CHECK(behindTheEnd("butt") == kWhite);
-    CHECK(behindTheEnd("square") == kBlack);
-    // The corner that a round end leaves out lies further away than its middle.
+    CHECK(beyondEnd("butt") == kWhite);
+    CHECK(beyondEnd("square") == kBlack);
+    // A round cap has no corners, but reaches as far as a square cap in the middle.
     const DrawnPage round("<path d='M20 30H60' fill='none' stroke='#000' stroke-width='10' stroke-linecap='round'/>");
     CHECK(round.at(63, 30) == kBlack);
     CHECK(round.at(64.5, 25.5) == kWhite);

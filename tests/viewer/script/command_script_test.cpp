@@ -15,7 +15,7 @@ CommandScript read(const std::string &text)
 
 } // namespace
 
-TEST_CASE("the script of a print run gives its form, title, letters, paper and ending")
+TEST_CASE("a print run's script has form, title, letter file, paper and ending")
 {
     const CommandScript script = read("FileName,\"C:\\SYS\\委任状37_01.wfd\"\r\nTitle,\"委任状\"\r\n"
                                       "SetDataText,\"委任状\",\"C:\\TMP\\委任状.csv\"\r\nPrintPaper, A4\r\n"
@@ -32,7 +32,7 @@ TEST_CASE("the script of a print run gives its form, title, letters, paper and e
     CHECK(script.notices.empty());
 }
 
-TEST_CASE("each ending of a script is known")
+TEST_CASE("each ending of a script is read")
 {
     CHECK(read("PrintOut\r\n").ending == Ending::print);
     CHECK(read("PrintOutFromDialog\r\n").ending == Ending::printByDialog);
@@ -40,7 +40,7 @@ TEST_CASE("each ending of a script is known")
     CHECK(read("Title,\"a\"\r\n").ending == Ending::none);
 }
 
-TEST_CASE("each paper of a script is known, and another is told")
+TEST_CASE("each paper size of a script is read, and an unknown one is reported")
 {
     CHECK(read("PrintPaper, A5\r\n").paper == Paper::A5);
     CHECK(read("PrintPaper, B5\r\n").paper == Paper::B5);
@@ -55,14 +55,14 @@ TEST_CASE("offsets are read with their sign")
     CHECK(script.offsetY == 7);
 }
 
-TEST_CASE("zoom and repeat start are read, and told to have no effect")
+TEST_CASE("zoom and repeat start are reported as having no effect")
 {
     const CommandScript script = read("PrintZoom, 1\r\nSectionRepeatStart, 3\r\n");
     CHECK(script.notices == std::vector<std::string>{"コマンドファイルの1行目の表示倍率の指定は使いません。",
                                                      "コマンドファイルの2行目の繰り返し開始位置の指定は使いません。"});
 }
 
-TEST_CASE("a data source without titles is known by its flag, in both spellings")
+TEST_CASE("the flag of a data source without a header row is read as a number and as a word")
 {
     CHECK_FALSE(read("SetDataText,\"a\",\"b.csv\",,,1\r\n").reports[0].data[0].hasTitles);
     CHECK_FALSE(read(R"(SetDataText,"a","b.csv",",", """", True)").reports[0].data[0].hasTitles);
@@ -78,7 +78,7 @@ TEST_CASE("item values keep their dots, blanks and quotes")
     CHECK(script.items[1].text.empty());
 }
 
-TEST_CASE("a merger's script gives a report for each form, in order")
+TEST_CASE("a merger's script has a report for each form, in order")
 {
     const CommandScript script =
         read("setTitle,\"まとめ\"\r\n"
@@ -95,18 +95,18 @@ TEST_CASE("a merger's script gives a report for each form, in order")
     CHECK(script.notices.empty());
 }
 
-TEST_CASE("commands are known in any case")
+TEST_CASE("commands are case-insensitive")
 {
     CHECK(read("FILENAME,\"x\"\r\ntitle,\"t\"\r\nprintout\r\n").reports[0].form == "x");
     CHECK(read("printOUT\r\n").ending == Ending::print);
 }
 
-TEST_CASE("a quote inside a form's name or a title belongs to it")
+TEST_CASE("a quote inside a form's name or a title is kept")
 {
     CHECK(read("Title,\"a\"b\"\r\n").title == "a\"b");
 }
 
-TEST_CASE("an unknown line is told with its number and skipped")
+TEST_CASE("an unknown line is reported with its number and skipped")
 {
     const CommandScript script = read("Beep\r\nTitle,\"t\"\r\n");
     CHECK(script.title == "t");
@@ -114,7 +114,7 @@ TEST_CASE("an unknown line is told with its number and skipped")
           std::vector<std::string>{"コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Beep"});
 }
 
-TEST_CASE("a known command that is written wrongly is told and skipped")
+TEST_CASE("a known command with wrong arguments is reported and skipped")
 {
     for (const char *line : {"FileName,x", "Title", "SetDataText,\"a\"", "SetDataText,\"a\",\"b", "PrintOffsetX, far",
                              "SetItemValue,\"a\"", "SetDataText,\"a\",\"b\",;,,1", "SetDataText,\"a\",\"b\",,,1,2"}) {
@@ -126,7 +126,7 @@ TEST_CASE("a known command that is written wrongly is told and skipped")
     }
 }
 
-TEST_CASE("blank lines, a missing last line end and NUL bytes stop nothing")
+TEST_CASE("blank lines, a missing last line end and NUL bytes do not end the script")
 {
     CHECK(read("\r\n\r\nTitle,\"t\"").title == "t");
     CHECK(read(std::string("\0\0\r\nTitle,\"t\"\r\n", 15)).title == "t");

@@ -18,7 +18,7 @@ Outcome runViewer(const TempFolder &folder, const std::string &arguments, const 
     const TempFolder outside;
     const std::string program = outside / name;
     fs::create_symlink(ININ_FORMVIEWER, program);
-    // Without a display: a test must not open windows.
+    // Without a display, because a test must not open windows.
     const std::string command = "cd '" + folder.path() + "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" +
                                 program + "' " + arguments + " >'" + outside / "out" + "' 2>'" + outside / "err" + "'";
     const int status = std::system(command.c_str());

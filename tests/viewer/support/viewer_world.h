@@ -10,7 +10,7 @@
 
 namespace inin::viewer::test {
 
-/// A path beyond the classic limit of Windows for calls that mind it.
+/// Lets Windows functions accept a path beyond their classic limit.
 [[nodiscard]] std::filesystem::path unlimitedPath(const std::filesystem::path &path);
 [[nodiscard]] inline std::string writePrintJob(const TempFolder &folder, const std::string &form,
                                                const std::vector<Row> &rows)
@@ -18,18 +18,18 @@ namespace inin::viewer::test {
     return writePrintJob(folder.folder(), form, rows);
 }
 
-/// A form of our own making: a page of A4 in millimetres around `elements`.
+/// A form with `elements` on an A4 page in millimetres.
 [[nodiscard]] std::string svgPage(const std::string &elements);
 
-/// A set of letters on a form, without files.
+/// A set of letters on a form, without any files.
 [[nodiscard]] LetterSet lettersOn(const std::string &svg, const std::vector<Row> &rows);
 
-/// Pages as `pdftotext -raw` gives them.
+/// The pages of a PDF as extracted by `pdftotext -raw`.
 [[nodiscard]] std::vector<std::string> pagesOf(const std::string &pdf);
-/// Without blanks of every width and line ends: a reader of a PDF sees a gap for any of them.
+/// Removes blanks of all widths and line ends, because PDF readers insert them at gaps.
 [[nodiscard]] std::string packed(const std::string &text);
 
-/// The form viewer as a process in `folder`: its exit code, what it wrote.
+/// The result of the form viewer as a process.
 struct Outcome {
     int code = -1;
     std::string output, errors;

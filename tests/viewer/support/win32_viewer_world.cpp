@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A file that a child writes to.
+/// A file for the output of a child process.
 HANDLE createInherited(const std::string &path)
 {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
@@ -32,7 +32,7 @@ Outcome runViewer(const TempFolder &folder, const std::string &arguments, const 
     const TempFolder outside;
     const std::string program = textOf(outside.folder() / (fs::path(name).has_extension() ? name : name + ".exe"));
     fs::copy_file(ININ_FORMVIEWER, program);
-    // The tests quote for a shell of another system.
+    // The tests quote arguments for a POSIX shell.
     std::string line = "\"" + program + "\" " + arguments;
     std::ranges::replace(line, '\'', '"');
     std::wstring wide = wideFromUtf8(line);

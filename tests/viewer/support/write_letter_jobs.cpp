@@ -1,5 +1,5 @@
-// write_letter_jobs FOLDER: a print job for each form of the site, with letters of every sort, in a folder of its own below
-// FOLDER. scripts/test-windows prints them on both systems.
+// write_letter_jobs FOLDER: writes a print job for each form of the site, with letters of all kinds, into a subfolder of
+// FOLDER each. scripts/test-windows prints them on both systems.
 #include "support/file_bytes.h"
 #include "viewer/support/viewer_jobs.h"
 
@@ -10,7 +10,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// What the font of a form lacks comes from another one; what no font has is told.
+/// Characters that the form's font lacks, and one that no font has.
 constexpr const char *kRareCharacters =
     "<svg xmlns='http://www.w3.org/2000/svg' width='210mm' height='297mm' viewBox='0 0 210 297'>"
     "<text x='20' y='20' style='font-family:IPAexMincho'>甲𠮷∑ﬁ乙{{保険者名}}\U0010FFFD</text>"

@@ -23,7 +23,7 @@ struct Checked : WindowWorld {
     }
 };
 
-/// Letters without an account's holder.
+/// Letters without an account holder.
 std::vector<Row> rowsWithoutHolder(int count)
 {
     std::vector<Row> rows = differentRows(count);
@@ -33,7 +33,7 @@ std::vector<Row> rowsWithoutHolder(int count)
 
 } // namespace
 
-TEST_CASE("a letter shows a mark once, however many of its texts have it")
+TEST_CASE("a letter shows a mark once, however many of its fields have that mark")
 {
     std::vector<Row> rows = differentRows(1);
     rows[0]["代表者名"] = "?田";
@@ -44,7 +44,7 @@ TEST_CASE("a letter shows a mark once, however many of its texts have it")
     CHECK(!world.marksOf(0).isEmpty());
 }
 
-TEST_CASE("a notice of the check leads to no letter")
+TEST_CASE("activating a notice of the check selects no letter")
 {
     std::vector<Row> rows = differentRows(3);
     Checked world(rows);
@@ -60,7 +60,7 @@ TEST_CASE("a notice of the check leads to no letter")
     CHECK(list.currentIndex().row() == 2);
 }
 
-TEST_CASE("few findings are read at a glance, many are opened cause by cause")
+TEST_CASE("the check shows a few findings expanded and many collapsed by cause")
 {
     const Checked few(rowsWithoutHolder(30)), many(rowsWithoutHolder(31));
     const auto isOpen = [](const Checked &world) { return world.tree().isExpanded(world.tree().model()->index(0, 0)); };

@@ -31,7 +31,7 @@ struct Checked : WindowWorld {
 
 } // namespace
 
-TEST_CASE("the window judges the letters on opening and tells what it found by cause")
+TEST_CASE("the window checks the letters on opening and lists the findings by cause")
 {
     Checked world;
     REQUIRE(world.tree()->model()->rowCount() == 2);
@@ -73,7 +73,7 @@ TEST_CASE("the list marks the letters that have findings")
               "会社名が入っていません。\n　利用者の代理人か団体請求の指定と、会社情報の登録を確認してください。"));
 }
 
-TEST_CASE("the check neither ticks nor unticks a letter, and prints are not held back by it")
+TEST_CASE("the check changes no tick and does not block printing")
 {
     Checked world;
     CHECK(world.window->letters().ticks.count() == 5);
@@ -81,7 +81,7 @@ TEST_CASE("the check neither ticks nor unticks a letter, and prints are not held
     CHECK(pageCount(world.jobPath(0)) == 5);
 }
 
-TEST_CASE("letters without findings leave only a line")
+TEST_CASE("the check shows a single line when no letter has a finding")
 {
     WindowWorld world(differentRows(2));
     world.openWindow();
@@ -89,7 +89,7 @@ TEST_CASE("letters without findings leave only a line")
     CHECK(!world.find<QTreeView>("checkTree")->isVisible());
 }
 
-TEST_CASE("a form that is none of ours is told among the notices")
+TEST_CASE("an unknown form document is reported among the notices")
 {
     WindowWorld world(differentRows(1));
     world.folder.put("委任状37_01.wfd", std::string("\x01\x02 binary", 9));
@@ -102,7 +102,7 @@ TEST_CASE("a form that is none of ours is told among the notices")
               .endsWith(QStringLiteral("はこのプログラムの帳票（SVG）ではないため、各行の内容を一覧で表示します。")));
 }
 
-TEST_CASE("the name at the end of a finding's line is seen, not cut off")
+TEST_CASE("the name at the end of a finding's line is fully visible")
 {
     std::vector<Row> rows = differentRows(3);
     rows[1]["保険者名"] = "東京都後期高齢者医療広域連合";

@@ -11,7 +11,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// Enough letters that a print lasts until the window is told to close.
+/// Enough letters for the print to be still running when the window is closed.
 constexpr int kMany = 120;
 
 struct Closing : WindowWorld {
@@ -28,7 +28,7 @@ struct Closing : WindowWorld {
 
 } // namespace
 
-TEST_CASE("closing while printing asks and, if so answered, prints all and stays")
+TEST_CASE("closing during a print asks, and the answer to stay prints all and keeps the window open")
 {
     Closing world;
     world.printAndClose(CloseAnswer::keepPrinting);
@@ -50,7 +50,7 @@ TEST_CASE("closing when the print is done loses no page")
     CHECK(world.told.empty());
 }
 
-TEST_CASE("a print that is cancelled to close tells which letters went out, then closes")
+TEST_CASE("a print that is cancelled by closing reports which letters were sent, then the window closes")
 {
     Closing world;
     world.printAndClose(CloseAnswer::cancelAndClose);
@@ -64,7 +64,7 @@ TEST_CASE("a print that is cancelled to close tells which letters went out, then
                                .arg(pages + 1));
 }
 
-TEST_CASE("a refusal keeps the window open though it was to close")
+TEST_CASE("a refusal keeps the window open although it was to close after the print")
 {
     Closing world;
     world.pagesPerJob = 90;
@@ -77,7 +77,7 @@ TEST_CASE("a refusal keeps the window open though it was to close")
         QStringLiteral("送っていない番号も、途中まで印刷されていないか用紙を確認してください。")));
 }
 
-TEST_CASE("a window without a task closes without a question and keeps its place")
+TEST_CASE("a window without a task closes without a question and saves its position")
 {
     WindowWorld world(differentRows(2));
     world.openWindow();

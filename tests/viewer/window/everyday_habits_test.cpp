@@ -31,7 +31,7 @@ QString copied()
 
 } // namespace
 
-TEST_CASE("the selected letters of the list are copied as they are listed, a line each")
+TEST_CASE("the selected letters of the list are copied as listed, one per line")
 {
     Opened world(4);
     auto *const list = world.find<QTableView>("letterList");
@@ -42,7 +42,7 @@ TEST_CASE("the selected letters of the list are copied as they are listed, a lin
     CHECK(copied() == QStringLiteral("2\t%1\t甲2\t\n3\t%1\t甲3\t").arg(insurer));
 }
 
-TEST_CASE("a range that was typed and entered can be undone")
+TEST_CASE("a typed and entered range can be undone")
 {
     Opened world(6);
     auto *const box = world.find<QLineEdit>("rangeBox");
@@ -56,7 +56,7 @@ TEST_CASE("a range that was typed and entered can be undone")
     CHECK(world.window->letters().ticks.text() == "1-6");
 }
 
-TEST_CASE("PDF files are offered the folder of the last time, and the user's documents when it is gone")
+TEST_CASE("saving a PDF offers the last folder, and the user's documents when that folder no longer exists")
 {
     Opened world(2);
     const inin::TempFolder other;
@@ -72,7 +72,7 @@ TEST_CASE("PDF files are offered the folder of the last time, and the user's doc
     CHECK(world.offeredFolders == std::vector<QString>{{}, month, world.pdfFolder, {}});
 }
 
-TEST_CASE("a question for a PDF file that is left without an answer keeps the folder of before")
+TEST_CASE("cancelling the file dialog for a PDF keeps the remembered folder")
 {
     Opened world(2);
     const inin::TempFolder other;
@@ -84,7 +84,7 @@ TEST_CASE("a question for a PDF file that is left without an answer keeps the fo
     CHECK(world.offeredFolders.back() == QString::fromStdString(other.path()));
 }
 
-TEST_CASE("new letters are not loaded while letters are printed, and the notice stays for afterwards")
+TEST_CASE("changed letters cannot be loaded during a print, and the notice stays")
 {
     Opened world(120);
     writeBytes(world.folder / "委任状.csv", csvOf({ordinaryRow()}));
@@ -106,7 +106,7 @@ TEST_CASE("new letters are not loaded while letters are printed, and the notice 
     CHECK(!action->isVisible());
 }
 
-TEST_CASE("letters with marks are unticked also by who does not wait for the check")
+TEST_CASE("marked letters can be unticked before the check has finished")
 {
     std::vector<Row> rows = differentRows(3);
     rows[1]["口座名義"] = "";
@@ -118,7 +118,7 @@ TEST_CASE("letters with marks are unticked also by who does not wait for the che
     CHECK(world.window->letters().ticks.text() == "1,3");
 }
 
-TEST_CASE("nothing is asked for a PDF while the box cannot be read, and the box is where the user is led")
+TEST_CASE("an unreadable box prevents the PDF dialog and gets the focus")
 {
     Opened world(3);
     auto *const box = world.find<QLineEdit>("rangeBox");
@@ -137,7 +137,7 @@ TEST_CASE("nothing is asked for a PDF while the box cannot be read, and the box 
     CHECK(box->selectedText() == QStringLiteral("9"));
 }
 
-TEST_CASE("a window whose dialog was put away stays open behind a print that is asked for later")
+TEST_CASE("a window stays open after a later print when its print dialog was cancelled")
 {
     Opened world(3);
     QTimer::singleShot(50, world.window.get(),
@@ -152,7 +152,7 @@ TEST_CASE("a window whose dialog was put away stays open behind a print that is 
     CHECK(world.window->isVisible());
 }
 
-TEST_CASE("a window whose print was refused stays open behind the print that goes well")
+TEST_CASE("a window whose print was refused stays open after a later successful print")
 {
     Opened world(3);
     world.pagesPerJob = 1;
@@ -169,7 +169,7 @@ TEST_CASE("a window whose print was refused stays open behind the print that goe
     CHECK(world.window->isVisible());
 }
 
-TEST_CASE("a window may go while the box of numbers has the focus")
+TEST_CASE("a window can be destroyed while the box of numbers has the focus")
 {
     Opened world(3);
     auto *const box = world.find<QLineEdit>("rangeBox");

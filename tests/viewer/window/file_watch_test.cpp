@@ -45,14 +45,14 @@ QString patientAt(const WindowWorld &world, int row)
 
 } // namespace
 
-TEST_CASE("a file that stays as it was read is no change")
+TEST_CASE("an unchanged file is not reported")
 {
     Watching world;
     world.look(3);
     CHECK(world.changed.empty());
 }
 
-TEST_CASE("a changed file is told once, when two looks see it the same")
+TEST_CASE("a changed file is reported once, when two checks see the same state")
 {
     Watching world;
     writeBytes(world.path, "ab");
@@ -62,7 +62,7 @@ TEST_CASE("a changed file is told once, when two looks see it the same")
     CHECK(world.changed == std::vector<std::string>{world.path});
 }
 
-TEST_CASE("a file that is still being written is not told")
+TEST_CASE("a file that is still being written is not reported")
 {
     Watching world;
     for (const char *bytes : {"ab", "abc", "abcd"}) {
@@ -74,7 +74,7 @@ TEST_CASE("a file that is still being written is not told")
     CHECK(world.changed.size() == 1);
 }
 
-TEST_CASE("a file that is gone is no change until it is there again")
+TEST_CASE("a deleted file is not reported until it exists again")
 {
     Watching world;
     std::filesystem::remove(world.path);
@@ -85,7 +85,7 @@ TEST_CASE("a file that is gone is no change until it is there again")
     CHECK(world.changed.size() == 1);
 }
 
-TEST_CASE("a file that changes again is told again")
+TEST_CASE("a file that changes again is reported again")
 {
     Watching world;
     writeBytes(world.path, "ab");
@@ -95,7 +95,7 @@ TEST_CASE("a file that changes again is told again")
     CHECK(world.changed.size() == 2);
 }
 
-TEST_CASE("letters stay as they were opened when the file changes, and a notice offers to load it")
+TEST_CASE("a changed file leaves the open letters as they are, and a notice offers to load it")
 {
     WindowWorld world(differentRows(2));
     world.openWindow();
@@ -110,7 +110,7 @@ TEST_CASE("letters stay as they were opened when the file changes, and a notice 
     CHECK(patientAt(world, 0) == QStringLiteral("甲1"));
 }
 
-TEST_CASE("the notice's button loads the new letters, ticks them all and judges them anew")
+TEST_CASE("the notice's button loads the new letters, ticks them all and checks them")
 {
     WindowWorld world(differentRows(2));
     world.openWindow();
@@ -127,7 +127,7 @@ TEST_CASE("the notice's button loads the new letters, ticks them all and judges 
     CHECK(!world.find<QWidget>("noticeBar")->isVisible());
 }
 
-TEST_CASE("letters that cannot be loaded leave those before in place, with a sentence")
+TEST_CASE("letters that cannot be loaded leave the open ones in place and show an error sentence")
 {
     WindowWorld world(differentRows(2));
     world.openWindow();
@@ -141,7 +141,7 @@ TEST_CASE("letters that cannot be loaded leave those before in place, with a sen
 
 namespace {
 
-/// Letters beside which the record of their run counts one more.
+/// Letters whose run record counts one letter more.
 struct OneLetterLost : WindowWorld {
     OneLetterLost() : WindowWorld(differentRows(2))
     {
@@ -153,7 +153,7 @@ const QString kOneLost = QStringLiteral("に書き出された委任状は3通�
 
 } // namespace
 
-TEST_CASE("a difference to the letters of the run is shown above the page, among the notices and before printing")
+TEST_CASE("a difference from the run record is shown above the page, among the notices and before printing")
 {
     OneLetterLost world;
     world.openWindow();
@@ -173,7 +173,7 @@ TEST_CASE("a difference to the letters of the run is shown above the page, among
     CHECK(warned.contains(kOneLost));
 }
 
-TEST_CASE("the notice about lost letters goes away when the letters are loaded whole")
+TEST_CASE("the notice about lost letters disappears when the complete letters are loaded")
 {
     OneLetterLost world;
     world.openWindow();

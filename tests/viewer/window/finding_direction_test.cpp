@@ -14,7 +14,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// Five letters, of which the first, the third and the fourth hold 乙: with three of them the one before is not the next.
+/// Five letters, of which the first, the third and the fourth contain 乙: with three matches, previous and next differ.
 std::vector<Row> rowsWithThree()
 {
     std::vector<Row> rows = differentRows(5);
@@ -24,7 +24,7 @@ std::vector<Row> rowsWithThree()
 
 } // namespace
 
-TEST_CASE("finding backwards goes to the letter before, and round the beginning to the last")
+TEST_CASE("finding backwards shows the previous match and wraps from the first to the last")
 {
     WindowWorld world(rowsWithThree());
     OpenLetters letters(world.script);
@@ -36,7 +36,7 @@ TEST_CASE("finding backwards goes to the letter before, and round the beginning 
     CHECK(finder.next(text, 3, Direction::forward) == std::size_t{0});
 }
 
-TEST_CASE("Shift and Enter in the find box, and Shift and F3, show the letter before")
+TEST_CASE("Shift+Enter in the find box and Shift+F3 show the previous match")
 {
     WindowWorld world(rowsWithThree());
     world.openWindow();
@@ -55,7 +55,7 @@ TEST_CASE("Shift and Enter in the find box, and Shift and F3, show the letter be
     CHECK(shown() == QStringLiteral("4"));
 }
 
-TEST_CASE("a list of numbers becomes its shortest form when the box is left, not while it is typed")
+TEST_CASE("a list of numbers becomes its shortest form when the box loses the focus, not while the user types")
 {
     WindowWorld world(differentRows(6));
     world.openWindow();
@@ -68,7 +68,7 @@ TEST_CASE("a list of numbers becomes its shortest form when the box is left, not
     CHECK(box->text() == QStringLiteral("1-3,5"));
 }
 
-TEST_CASE("a letter that still holds what is typed stays while more of it is typed")
+TEST_CASE("the current letter stays while it contains the text typed so far")
 {
     WindowWorld world(rowsWithThree());
     world.openWindow();

@@ -23,7 +23,7 @@ QString qt(const char *text)
     return QString::fromUtf8(text);
 }
 
-/// As an input method hands a text over: in one piece.
+/// Enters a text in one piece, as an input method does.
 void type(QWidget &box, const char *text)
 {
     QInputMethodEvent event;
@@ -33,7 +33,7 @@ void type(QWidget &box, const char *text)
 
 } // namespace
 
-TEST_CASE("a text is found whatever its width, case, kana and blanks")
+TEST_CASE("a text is found regardless of width, case, kana and blanks")
 {
     for (const KeyCase &each : {KeyCase{"ABC治療院", "ａｂｃ"}, KeyCase{"ﾀｶﾊｼ ｼﾞﾛｳ", "たかはしじろう"},
                                 KeyCase{"長尾　西", "長尾西"}, KeyCase{"１２３番地", "123"}, KeyCase{"ガ", "ｶﾞ"}}) {
@@ -42,7 +42,7 @@ TEST_CASE("a text is found whatever its width, case, kana and blanks")
     }
 }
 
-TEST_CASE("a rare shape of a name is found by the common one, and the other way round")
+TEST_CASE("a rare variant of a name is found by the common one, and vice versa")
 {
     for (const KeyCase &each : {KeyCase{"髙橋", "高橋"}, KeyCase{"山崎", "山﨑"}, KeyCase{"𠮷田", "吉田"}}) {
         CAPTURE(each.name);
@@ -50,7 +50,7 @@ TEST_CASE("a rare shape of a name is found by the common one, and the other way 
     }
 }
 
-TEST_CASE("a text that is not there is not found")
+TEST_CASE("a search for an absent text finds nothing")
 {
     WindowWorld world(differentRows(3));
     OpenLetters letters(world.script);
@@ -60,7 +60,7 @@ TEST_CASE("a text that is not there is not found")
     CHECK(finder.count(qt("")) == 0);
 }
 
-TEST_CASE("no text is found across two values")
+TEST_CASE("a text is not found across two values")
 {
     WindowWorld world(differentRows(1));
     OpenLetters letters(world.script);
@@ -70,7 +70,7 @@ TEST_CASE("no text is found across two values")
     CHECK(!finder.holds(0, qt("甲1香川県")));
 }
 
-TEST_CASE("finding goes on behind the letter at hand and round the end, in both directions")
+TEST_CASE("finding continues after the current letter and wraps around, in both directions")
 {
     std::vector<Row> rows = differentRows(5);
     rows[1]["利用者氏名"] = "乙山";
@@ -86,8 +86,7 @@ TEST_CASE("finding goes on behind the letter at hand and round the end, in both 
     CHECK(finder.count(qt("乙")) == 2);
 }
 
-TEST_CASE(
-    "typing in the find box shows the first letter that holds the text, Enter the next, Shift and Enter the one before")
+TEST_CASE("typing in the find box shows the first match, Enter the next, Shift+Enter the previous")
 {
     std::vector<Row> rows = differentRows(5);
     rows[1]["利用者氏名"] = "乙山";

@@ -23,7 +23,7 @@ struct LargePage : WindowWorld {
         view.show();
     }
     [[nodiscard]] QScrollBar &bar() const { return *view.verticalScrollBar(); }
-    /// Where on the paper the middle of the view is, from 0 to 1.
+    /// The middle of the view as a fraction of the paper's height, from 0 to 1.
     [[nodiscard]] double middle() const
     {
         const QRect paper = view.paperPlace();
@@ -35,7 +35,7 @@ struct LargePage : WindowWorld {
 
 } // namespace
 
-TEST_CASE("what is in the middle of the view stays there when the page is made larger or smaller")
+TEST_CASE("zooming keeps the middle of the view in place")
 {
     LargePage page;
     page.bar().setValue(page.bar().maximum() * 2 / 3);
@@ -47,7 +47,7 @@ TEST_CASE("what is in the middle of the view stays there when the page is made l
     CHECK(page.middle() == doctest::Approx(before).epsilon(0.02));
 }
 
-TEST_CASE("the page keys read on: a next letter begins at its top, one before at its end")
+TEST_CASE("the page keys continue in the next letter at its top and in the previous one at its end")
 {
     LargePage page;
     page.view.showLetter(1);
@@ -60,7 +60,7 @@ TEST_CASE("the page keys read on: a next letter begins at its top, one before at
     CHECK(page.bar().value() == page.bar().maximum());
 }
 
-TEST_CASE("behind the last letter the page keys leave the page where it is")
+TEST_CASE("the page keys do nothing at the end of the last letter")
 {
     LargePage page;
     page.view.showLetter(2);

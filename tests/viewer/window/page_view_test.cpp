@@ -25,7 +25,7 @@ struct Page : WindowWorld {
 
 } // namespace
 
-TEST_CASE("the page fits into the view at first and is the sheet's shape")
+TEST_CASE("the whole page fits into the view at first and has the sheet's proportions")
 {
     Page world;
     const QRect place = world.view.paperPlace();
@@ -34,11 +34,11 @@ TEST_CASE("the page fits into the view at first and is the sheet's shape")
     CHECK(!world.view.verticalScrollBar()->isVisible());
 }
 
-TEST_CASE("at 100 percent the sheet has its own size")
+TEST_CASE("the sheet has its real size at 100 percent")
 {
     Page world;
     world.view.setZoom(1);
-    // A4 at 96 dots an inch, or whatever the screen has.
+    // A4 at 96 dots per inch, or at the screen's own resolution.
     CHECK(world.view.paperPlace().width() == std::lround(210 / 25.4 * world.view.logicalDpiX()));
     CHECK(world.view.paperPlace().height() == std::lround(297 / 25.4 * world.view.logicalDpiY()));
 }
@@ -58,7 +58,7 @@ TEST_CASE("zooming steps through round scales and stops at both ends")
     CHECK(world.view.zoom() == doctest::Approx(0.25));
 }
 
-TEST_CASE("the fitting width leaves no scroll bar below the page")
+TEST_CASE("fitting the width leaves no scroll bar below the page")
 {
     Page world;
     world.view.setFit(PageView::Fit::width);
@@ -81,7 +81,7 @@ TEST_CASE("the page is black on white under a dark palette")
     CHECK(darkest < 60);
 }
 
-TEST_CASE("the view shows what a picture of the letter shows")
+TEST_CASE("the view shows the same pixels as a picture of the letter")
 {
     Page world;
     world.view.setZoom(1);
@@ -92,7 +92,7 @@ TEST_CASE("the view shows what a picture of the letter shows")
     CHECK(difference(shown, picture) < 1);
 }
 
-TEST_CASE("the page keys scroll to the page's end and then ask for the next letter")
+TEST_CASE("the page keys scroll to the end of the page and then request the next letter")
 {
     Page world;
     std::vector<int> turns;
@@ -109,7 +109,7 @@ TEST_CASE("the page keys scroll to the page's end and then ask for the next lett
     CHECK(turns == std::vector<int>{1, -1});
 }
 
-TEST_CASE("a screen reader is told the letter and its texts")
+TEST_CASE("a screen reader gets the letter and its texts")
 {
     Page world;
     world.view.showLetter(1);
@@ -120,7 +120,7 @@ TEST_CASE("a screen reader is told the letter and its texts")
 
 namespace {
 
-/// The view as a screen with so many dots to the pixel shows it.
+/// The view as painted on a screen with this many dots per pixel.
 QImage onScreen(const PageView &view, double ratio)
 {
     QImage screen((view.viewport()->size().toSizeF() * ratio).toSize(), QImage::Format_RGB32);
@@ -132,7 +132,7 @@ QImage onScreen(const PageView &view, double ratio)
 
 } // namespace
 
-TEST_CASE("on a screen of any sharpness the page is dot for dot the letter's picture, never a blurred one")
+TEST_CASE("the page matches the letter's picture dot for dot at every screen resolution")
 {
     Page world;
     for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
@@ -143,13 +143,13 @@ TEST_CASE("on a screen of any sharpness the page is dot for dot the letter's pic
         const double dots = world.view.zoom() * world.view.logicalDpiY() * ratio;
         const QImage letter = letterImage(world.letters.press, world.view.letter(), dots, world.letters.glyphs);
         const QImage shown = screen.copy(QRect(QPoint(qRound(corner.x()), qRound(corner.y())), letter.size()));
-        // The last row and column may be half a pixel of the paper's edge.
+        // The last row and column may contain half a pixel of the paper's edge.
         const QRect inside = letter.rect().adjusted(2, 2, -2, -2);
         CHECK(shown.copy(inside) == letter.copy(inside));
     }
 }
 
-TEST_CASE("the pages before and behind the shown one are made while the user reads")
+TEST_CASE("the pages before and after the current one are painted while the user reads")
 {
     Page world;
     REQUIRE(QTest::qWaitForWindowExposed(&world.view));
@@ -158,7 +158,7 @@ TEST_CASE("the pages before and behind the shown one are made while the user rea
     CHECK(QTest::qWaitFor([&] { return pictures.has(0) && pictures.has(1) && pictures.has(2); }));
 }
 
-TEST_CASE("a scale too large for kept pictures shows the letter all the same")
+TEST_CASE("the view shows a letter at a scale too large for cached pictures")
 {
     Page world;
     world.view.setZoom(4);

@@ -14,7 +14,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// The dialog over three letters.
+/// The dialog for three letters.
 struct Asking : WindowWorld {
     Asking() : WindowWorld(differentRows(3)) {}
     void ask() { dialog = std::make_unique<PdfDialog>(letters, settings); }
@@ -31,7 +31,7 @@ struct Asking : WindowWorld {
 
 } // namespace
 
-TEST_CASE("the ticked letters in one file are what is saved unless something else is chosen")
+TEST_CASE("the default is to save the ticked letters in one file")
 {
     Asking world;
     world.letters.ticks.setText("2");
@@ -46,7 +46,7 @@ TEST_CASE("the ticked letters in one file are what is saved unless something els
     CHECK(world.dialog->order().fileEach);
 }
 
-TEST_CASE("without a ticked letter all are offered, and the ticked ones cannot be chosen")
+TEST_CASE("without ticked letters the dialog offers all letters and disables the choice of the ticked ones")
 {
     Asking world;
     world.letters.ticks.setAll(false);
@@ -55,7 +55,7 @@ TEST_CASE("without a ticked letter all are offered, and the ticked ones cannot b
     CHECK(!world.part<QRadioButton>("pdfTicked")->isEnabled());
 }
 
-TEST_CASE("the names of the files can be written only where each letter has its own, with an example of the first")
+TEST_CASE("the pattern of names is enabled only for one file per letter, with an example of the first name")
 {
     Asking world;
     world.ask();
@@ -68,7 +68,7 @@ TEST_CASE("the names of the files can be written only where each letter has its 
     CHECK(world.example() == QStringLiteral("例：1_甲1.pdf"));
 }
 
-TEST_CASE("a column is put into the name where the cursor stands")
+TEST_CASE("a column is inserted into the pattern at the cursor")
 {
     Asking world;
     world.ask();
@@ -81,7 +81,7 @@ TEST_CASE("a column is put into the name where the cursor stands")
     CHECK(world.example() == QStringLiteral("例：月_甲1.pdf"));
 }
 
-TEST_CASE("a name from a column that is not there is told and cannot be saved, one file can")
+TEST_CASE("a pattern with an unknown column is reported and prevents saving unless one file is chosen")
 {
     Asking world;
     world.ask();
@@ -96,7 +96,7 @@ TEST_CASE("a name from a column that is not there is told and cannot be saved, o
     CHECK(world.maySave());
 }
 
-TEST_CASE("the form of the names is remembered when it was used, and not when the dialog was put away")
+TEST_CASE("the pattern is remembered after saving, but not after cancelling")
 {
     Asking world;
     world.ask();

@@ -24,7 +24,7 @@ struct Writing : WindowWorld {
     TempFolder out;
 };
 
-/// Files of this process may not grow beyond some bytes, as on a full disk.
+/// Limits the size of this process's files to some bytes, like a full disk.
 struct FullDisk {
     explicit FullDisk(rlim_t bytes)
     {
@@ -41,7 +41,7 @@ using Names = std::vector<std::string>;
 
 } // namespace
 
-TEST_CASE("a PDF of the ticked letters holds a page for each, with its own texts")
+TEST_CASE("a PDF of the ticked letters has one page for each, with its own texts")
 {
     Writing world(5);
     world.window->letters().ticks.setText("2,5");
@@ -53,7 +53,7 @@ TEST_CASE("a PDF of the ticked letters holds a page for each, with its own texts
     CHECK_FALSE(contains(pages[1], "甲2"));
 }
 
-TEST_CASE("a PDF of all letters does not look at the ticks")
+TEST_CASE("a PDF of all letters ignores the ticks")
 {
     Writing world(5);
     world.window->letters().ticks.setText("2");
@@ -61,7 +61,7 @@ TEST_CASE("a PDF of all letters does not look at the ticks")
     CHECK(pagesOf(world.out / "out.pdf").size() == 5);
 }
 
-TEST_CASE("a file a letter bears the name of its columns and holds that letter alone")
+TEST_CASE("each file of one letter is named by its columns and contains only that letter")
 {
     Writing world(3);
     world.window->letters().ticks.setText("1,3");
@@ -72,7 +72,7 @@ TEST_CASE("a file a letter bears the name of its columns and holds that letter a
     CHECK(contains(pages[0], "甲3"));
 }
 
-TEST_CASE("files of the same names are written over only when that is wanted")
+TEST_CASE("existing files are overwritten only when the user agrees")
 {
     Writing world(2);
     world.out.put("甲1.pdf", "old");
@@ -87,7 +87,7 @@ TEST_CASE("files of the same names are written over only when that is wanted")
     CHECK(world.out.names() == Names{"甲1.pdf", "甲2.pdf"});
 }
 
-TEST_CASE("a path that cannot be written is told and leaves nothing")
+TEST_CASE("a path that cannot be written is reported, and no file is created")
 {
     Writing world(2);
     world.pdfFile = QString::fromStdString(world.out / "gone/out.pdf");
@@ -97,7 +97,7 @@ TEST_CASE("a path that cannot be written is told and leaves nothing")
     CHECK(world.out.names().empty());
 }
 
-TEST_CASE("a full disk is told, leaves nothing half-written and the older file as it was")
+TEST_CASE("a full disk is reported, leaves no partial file and keeps the old file")
 {
     Writing world(50);
     world.out.put("out.pdf", "old");
@@ -111,7 +111,7 @@ TEST_CASE("a full disk is told, leaves nothing half-written and the older file a
     CHECK(world.out.bytes("out.pdf") == "old");
 }
 
-TEST_CASE("a full disk in the middle of many files leaves whole ones alone")
+TEST_CASE("a full disk in the middle of many files leaves only complete files")
 {
     Writing world(3);
     {
@@ -122,7 +122,7 @@ TEST_CASE("a full disk in the middle of many files leaves whole ones alone")
     CHECK(world.out.names().empty());
 }
 
-TEST_CASE("nothing is asked or written when no letter is ticked")
+TEST_CASE("saving without ticked letters asks for nothing and writes nothing")
 {
     Writing world(2);
     world.window->letters().ticks.setAll(false);
@@ -131,7 +131,7 @@ TEST_CASE("nothing is asked or written when no letter is ticked")
     CHECK(world.out.names().empty());
 }
 
-TEST_CASE("closing while files are written and cancelling leaves whole files alone")
+TEST_CASE("closing and cancelling while files are written leaves only complete files")
 {
     Writing world(300);
     world.closeAnswers = {CloseAnswer::cancelAndClose};

@@ -31,7 +31,7 @@ struct Dialog {
 
 } // namespace
 
-TEST_CASE("the system's own printer is chosen at first, one copy, its own sides, one job")
+TEST_CASE("the dialog preselects the default printer, its own sides, one copy and one job")
 {
     Dialog world;
     const PrintOrder order = world.dialog.order();
@@ -42,7 +42,7 @@ TEST_CASE("the system's own printer is chosen at first, one copy, its own sides,
     CHECK(order.offset == PrinterOffset{});
 }
 
-TEST_CASE("sides follow the chosen printer until they are chosen")
+TEST_CASE("the sides follow the chosen printer until the user chooses them")
 {
     Dialog world;
     world.find<QComboBox>("printer")->setCurrentIndex(0);
@@ -51,7 +51,7 @@ TEST_CASE("sides follow the chosen printer until they are chosen")
     CHECK(world.dialog.order().duplex == QPrinter::DuplexShortSide);
 }
 
-TEST_CASE("an offset is kept for the printer that it was set for")
+TEST_CASE("an offset is remembered for its printer")
 {
     Dialog world;
     world.find<QDoubleSpinBox>("offsetRight")->setValue(1.5);
@@ -65,7 +65,7 @@ TEST_CASE("an offset is kept for the printer that it was set for")
     CHECK(again.order().offset == PrinterOffset{});
 }
 
-TEST_CASE("jobs of n letters are remembered")
+TEST_CASE("the number of letters per job is remembered")
 {
     Dialog world;
     world.find<QRadioButton>("manyJobs")->setChecked(true);
@@ -77,7 +77,7 @@ TEST_CASE("jobs of n letters are remembered")
 
 namespace {
 
-/// Types to whatever has the focus.
+/// Sends keys to the focused widget.
 void typeText(const char *text)
 {
     for (; *text != 0; ++text) QTest::keyClick(QApplication::focusWidget(), *text);
@@ -93,7 +93,7 @@ struct ActiveDialog : Dialog {
 
 } // namespace
 
-TEST_CASE("a number typed right after Alt+M and Tab is the number of letters of a job")
+TEST_CASE("a number typed right after Alt+M and Tab sets the letters per job")
 {
     ActiveDialog world;
     QTest::keyClick(world.dialog.windowHandle(), Qt::Key_M, Qt::AltModifier);
@@ -101,13 +101,13 @@ TEST_CASE("a number typed right after Alt+M and Tab is the number of letters of 
     typeText("100");
     CHECK(world.dialog.order().lettersPerJob == 100);
     CHECK(world.dialog.order().offset == PrinterOffset{});
-    // The option is pressed by its key and released a little later.
+    // The access key presses the option and releases it a little later.
     const auto *const manyJobs = world.find<QRadioButton>("manyJobs");
     REQUIRE(QTest::qWaitFor([&] { return !manyJobs->isDown(); }));
     CHECK(world.dialog.order().lettersPerJob == 100);
 }
 
-TEST_CASE("a number entered into the box of letters for each job chooses separate jobs")
+TEST_CASE("a number entered into the box of letters per job selects separate jobs")
 {
     for (const char *number : {"7", "50"}) {
         CAPTURE(number);
@@ -137,7 +137,7 @@ TEST_CASE("the Tab key follows the order of the boxes on the screen")
     }
     CHECK(names == std::vector<std::string>{"printer", "copies", "duplex", "rangeBox", "oneJob", "lettersPerJob",
                                             "offsetRight", "offsetDown", "rulerPage", "printNow"});
-    constexpr int kSameRow = 8; // boxes of a row differ a little in height
+    constexpr int kSameRow = 8; // boxes in one row differ slightly in their vertical position
     for (std::size_t i = 1; i < places.size(); ++i) {
         CAPTURE(names[i]);
         const int below = places[i].y() - places[i - 1].y();
@@ -156,7 +156,7 @@ TEST_CASE("the dialog does not print while its box cannot be read")
     world.find<QPushButton>("printNow")->click();
     CHECK(world.dialog.isVisible());
     CHECK(world.find<QLabel>("rangeFault")->text() == QStringLiteral("番号の指定「3-x」は読めません。例：1-3,5"));
-    // The refusal has selected the whole box.
+    // The refusal has selected the whole text.
     QTest::keyClick(box, Qt::Key_End);
     QTest::keyClick(box, Qt::Key_Backspace);
     CHECK(world.ticks.text() == "3-9");
@@ -165,7 +165,7 @@ TEST_CASE("the dialog does not print while its box cannot be read")
     CHECK(world.dialog.result() == QDialog::Accepted);
 }
 
-TEST_CASE("without a letter or a printer the dialog cannot print, and says what to do")
+TEST_CASE("without a letter or a printer the dialog cannot print and shows a remedy")
 {
     Dialog world;
     QTest::keyClick(world.find<QLineEdit>("rangeBox"), Qt::Key_A, Qt::ControlModifier);
@@ -179,7 +179,7 @@ TEST_CASE("without a letter or a printer the dialog cannot print, and says what 
     CHECK(none.order().printer.isEmpty());
 }
 
-TEST_CASE("the ruler page is printed with the offset that stands in the boxes")
+TEST_CASE("the ruler page is printed with the offset in the boxes")
 {
     Dialog world;
     std::vector<PrintOrder> orders;
@@ -196,7 +196,7 @@ TEST_CASE("the ruler page is printed with the offset that stands in the boxes")
     CHECK(world.dialog.isVisible());
 }
 
-TEST_CASE("a script that asks for the dialog opens it first, and the window closes when all is printed")
+TEST_CASE("a script that requests the print dialog opens it first, and the window closes after printing")
 {
     WindowWorld world(differentRows(3));
     world.openWindow();
@@ -214,7 +214,7 @@ TEST_CASE("a script that asks for the dialog opens it first, and the window clos
     CHECK(isClosed);
 }
 
-TEST_CASE("a dialog that is put away leaves the letters on the screen")
+TEST_CASE("cancelling the dialog leaves the letters on the screen")
 {
     WindowWorld world(differentRows(3));
     world.openWindow();
@@ -228,7 +228,7 @@ TEST_CASE("a dialog that is put away leaves the letters on the screen")
 
 namespace {
 
-/// The window's script with another last line.
+/// Replaces the last line of the window's script.
 void endScriptWith(const WindowWorld &world, const std::string &line)
 {
     const std::string script = bytesOf(world.script);
@@ -238,7 +238,7 @@ void endScriptWith(const WindowWorld &world, const std::string &line)
 
 } // namespace
 
-TEST_CASE("a script that asks for a print prints without a question, with the remembered settings")
+TEST_CASE("a script that requests a print prints without a question, with the remembered settings")
 {
     WindowWorld world(differentRows(3));
     endScriptWith(world, "PrintOut");
@@ -255,7 +255,7 @@ TEST_CASE("a script that asks for a print prints without a question, with the re
     CHECK(pageCount(world.jobPath(0)) == 3);
 }
 
-TEST_CASE("a print without any printer is told and leaves the letters on the screen")
+TEST_CASE("a print without any printer is reported and leaves the letters on the screen")
 {
     WindowWorld world(differentRows(3));
     endScriptWith(world, "PrintOut");
@@ -268,7 +268,7 @@ TEST_CASE("a print without any printer is told and leaves the letters on the scr
     CHECK(world.window->isVisible());
 }
 
-TEST_CASE("a script that asks for a preview opens nothing but the window")
+TEST_CASE("a script that requests a preview opens only the window")
 {
     WindowWorld world(differentRows(3));
     endScriptWith(world, "ShowWindow,2");

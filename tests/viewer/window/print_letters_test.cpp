@@ -32,7 +32,7 @@ int firstDark(const QImage &image)
 
 } // namespace
 
-TEST_CASE("as many pages are printed as letters are ticked")
+TEST_CASE("the print has as many pages as letters are ticked")
 {
     struct Case {
         const char *range;
@@ -63,12 +63,11 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     };
     CHECK(distance(2) < distance(0));
     CHECK(distance(2) < distance(1));
-    // Two ways of smoothing edges; a page of another letter is about as near, a blank page is far off.
+    // The two pictures differ in antialiasing. A page of another letter is almost as close, a blank page is far off.
     CHECK(distance(2) < 6);
 }
 
-TEST_CASE(
-    "a painted page shows the very letters of the saved one: longest, tightened and odd values, another font's too")
+TEST_CASE("a painted page equals the saved one for the longest, condensed and unusual values and for a second font")
 {
     std::vector<Row> rows{ordinaryRow(), longestRow(), oddRow()};
     rows[0]["利用者氏名"] = "髙﨑𠮷";
@@ -84,7 +83,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("a painted page takes a printer a few kilobytes, not the outline of every letter")
+TEST_CASE("a painted page takes a few kilobytes, without the outline of every character")
 {
     Printing world(60);
     REQUIRE(world.print("1-60", world.order()).isDone());
@@ -103,7 +102,7 @@ TEST_CASE("letters are printed in jobs of n, the last one shorter")
     CHECK(pageCount(world.jobPath(2)) == 1);
 }
 
-TEST_CASE("a printer that makes no copies itself gets the letters as often as they are wanted, set by set")
+TEST_CASE("a printer without support for copies gets all letters once per copy, set by set")
 {
     Printing world(3);
     PrintOrder order = world.order();
@@ -127,7 +126,7 @@ TEST_CASE("an offset moves the page by tenths of a millimetre")
     CHECK(moved <= 29);
 }
 
-TEST_CASE("the sheet is A4 whatever the printer leaves white at its edges")
+TEST_CASE("the sheet is A4 whatever the printer's unprintable margins are")
 {
     Printing world(1);
     REQUIRE(world.print("1", world.order()).isDone());
@@ -136,7 +135,7 @@ TEST_CASE("the sheet is A4 whatever the printer leaves white at its edges")
     CHECK(page.height() == 842);
 }
 
-TEST_CASE("a printer that refuses from the start prints nothing and says so")
+TEST_CASE("a printer that refuses from the start prints nothing, and an error is reported")
 {
     Printing world(3);
     world.outputFolder = world.folder / "gone";
@@ -146,7 +145,7 @@ TEST_CASE("a printer that refuses from the start prints nothing and says so")
     CHECK(result.fault == "プリンター「紙」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。");
 }
 
-TEST_CASE("a printer that is not there refuses")
+TEST_CASE("a missing printer refuses")
 {
     Printing world(1);
     const MakePrinter none = [](const PrintOrder &) { return std::unique_ptr<QPrinter>(); };
@@ -155,7 +154,7 @@ TEST_CASE("a printer that is not there refuses")
     CHECK(!printRulerPage(world.letters, world.order(), {{}, none}).empty());
 }
 
-TEST_CASE("a system printer whose name is not known is none")
+TEST_CASE("an unknown name gives no system printer")
 {
     Printing world(1);
     PrintOrder order = world.order();
@@ -165,7 +164,7 @@ TEST_CASE("a system printer whose name is not known is none")
     CHECK(systemPrinter(order) == nullptr);
 }
 
-TEST_CASE("a printer that refuses in a later job leaves the letters of the jobs before as sent")
+TEST_CASE("a printer that refuses a later job leaves the letters of the earlier jobs as sent")
 {
     Printing world(9);
     PrintOrder order = world.order();
@@ -181,7 +180,7 @@ TEST_CASE("a printer that refuses in a later job leaves the letters of the jobs 
     CHECK(!result.fault.empty());
 }
 
-TEST_CASE("a cancelled print tells how many letters went out")
+TEST_CASE("a cancelled print reports how many letters were sent")
 {
     Printing world(9);
     PrintOrder order = world.order();
@@ -193,7 +192,7 @@ TEST_CASE("a cancelled print tells how many letters went out")
     });
     CHECK(result.isCancelled);
     CHECK(told == std::vector<std::size_t>{1, 2, 3, 4, 5, 6});
-    // A file cannot be taken back: its two pages are out.
+    // Output to a file cannot be withdrawn: the two pages of the job are printed.
     CHECK(result.sent == 6);
     CHECK(pageCount(world.jobPath(1)) == 2);
 }

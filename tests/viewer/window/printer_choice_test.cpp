@@ -6,7 +6,7 @@
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("sides that were chosen for one printer are not taken along to the next")
+TEST_CASE("sides chosen for one printer are not applied to the next one")
 {
     const inin::TempFolder folder;
     ViewerSettings settings(QString::fromStdString(folder / "settings.ini"));

@@ -15,7 +15,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// Sets a variable of the environment for as long as it lives.
+/// Sets an environment variable during its lifetime.
 class Setting {
 public:
     Setting(const char *name, const QByteArray &value) : m_name(name), m_before(qgetenv(name)) { qputenv(name, value); }
@@ -34,7 +34,7 @@ private:
     QByteArray m_before;
 };
 
-/// No file may grow while this lives.
+/// Prevents every file from growing during its lifetime.
 class FullDisk {
 public:
     FullDisk() : m_onSignal(std::signal(SIGXFSZ, SIG_IGN))
@@ -56,7 +56,7 @@ private:
     void (*m_onSignal)(int);
 };
 
-/// A window world whose system has an `lp` that keeps what it is told and given, and then does `behind`.
+/// A window world with an `lp` that saves its arguments and its file and then runs the shell command `behind`.
 struct Spooling : WindowWorld {
     explicit Spooling(int count, const std::string &behind = "") : WindowWorld(differentRows(count))
     {
@@ -105,7 +105,7 @@ int firstDarkColumn(const QImage &image)
 
 } // namespace
 
-TEST_CASE("lp is told printer, copies, title, paper and sides, and given a file that is gone afterwards")
+TEST_CASE("lp gets printer, copies, title, paper and sides, and a file that is deleted afterwards")
 {
     Spooling world(3);
     PrintOrder order = world.order();
@@ -123,7 +123,7 @@ TEST_CASE("lp is told printer, copies, title, paper and sides, and given a file 
     CHECK(!world.wasTold(1));
 }
 
-TEST_CASE("sides that follow the queue are not told to lp, others are")
+TEST_CASE("sides that follow the queue are not passed to lp, others are")
 {
     struct Case {
         QPrinter::DuplexMode duplex;
@@ -139,7 +139,7 @@ TEST_CASE("sides that follow the queue are not told to lp, others are")
     CHECK(lpArguments({}).filter(QStringLiteral("sides=")).isEmpty());
 }
 
-TEST_CASE("the paper of a job is told by the name that means it everywhere")
+TEST_CASE("the paper of a job is passed by its standard name")
 {
     SpoolJob job;
     job.paper = Paper::B5;
@@ -148,7 +148,7 @@ TEST_CASE("the paper of a job is told by the name that means it everywhere")
     CHECK(lpArguments(job).contains(QStringLiteral("media=iso_a5_148x210mm")));
 }
 
-TEST_CASE("page k that the system gets holds the texts of the k-th ticked letter and of no other")
+TEST_CASE("page k of the submitted PDF contains the texts of the k-th ticked letter and of no other")
 {
     Spooling world(9);
     REQUIRE(world.print("2,7-9", world.order()).isDone());
@@ -160,7 +160,7 @@ TEST_CASE("page k that the system gets holds the texts of the k-th ticked letter
             CHECK(contains(packed(pages[page]), names[name]) == (page == name));
 }
 
-TEST_CASE("what the system gets is what saving as PDF writes")
+TEST_CASE("the submitted PDF equals the saved one")
 {
     Spooling world(4);
     REQUIRE(world.print("1,3", world.order()).isDone());
@@ -169,7 +169,7 @@ TEST_CASE("what the system gets is what saving as PDF writes")
     CHECK(bytesOf(world.job(0)) == world.folder.bytes("saved.pdf"));
 }
 
-TEST_CASE("jobs of n letters go to the system one by one and are named by their numbers")
+TEST_CASE("jobs of n letters are submitted one by one and are titled by their numbers")
 {
     Spooling world(9);
     PrintOrder order = world.order();
@@ -182,7 +182,7 @@ TEST_CASE("jobs of n letters go to the system one by one and are named by their 
     CHECK(world.told(1)[5] == "委任状（5-8番）");
 }
 
-TEST_CASE("an offset is in the pages that the system gets, a tenth of a millimetre being a tenth")
+TEST_CASE("the pages of the submitted PDF are moved by the offset in tenths of a millimetre")
 {
     Spooling world(1);
     PrintOrder order = world.order();
@@ -198,7 +198,7 @@ TEST_CASE("an offset is in the pages that the system gets, a tenth of a millimet
     CHECK(std::abs(down + 14) <= 1);
 }
 
-TEST_CASE("a queue that refuses is told in its own words, and the letters count as not sent")
+TEST_CASE("a refusal is reported with the queue's own message, and the letters count as not sent")
 {
     Spooling world(3, "echo 'lp: Error - The printer or class does not exist.' >&2; exit 1");
     const PrintResult result = world.print("1-3", world.order());
@@ -208,7 +208,7 @@ TEST_CASE("a queue that refuses is told in its own words, and the letters count 
                           "（lp: Error - The printer or class does not exist.）");
 }
 
-TEST_CASE("a queue that refuses a later job leaves the letters of the jobs before as sent")
+TEST_CASE("a queue that refuses a later job leaves the letters of the earlier jobs as sent")
 {
     Spooling world(9, "[ $n = 0 ]");
     PrintOrder order = world.order();
@@ -219,7 +219,7 @@ TEST_CASE("a queue that refuses a later job leaves the letters of the jobs befor
     CHECK(!world.wasTold(2));
 }
 
-TEST_CASE("a print that is cancelled before its file is whole hands nothing over")
+TEST_CASE("a print that is cancelled before its file is complete submits nothing")
 {
     Spooling world(250);
     const PrintResult result = world.print("1-250", world.order(), [](std::size_t done) { return done < 200; });
@@ -228,7 +228,7 @@ TEST_CASE("a print that is cancelled before its file is whole hands nothing over
     CHECK(!world.wasTold(0));
 }
 
-TEST_CASE("a print that is cancelled while the system takes its time is taken back")
+TEST_CASE("a print that is cancelled while the system accepts it is withdrawn")
 {
     Spooling world(3, "exec sleep 60");
     int asked = 0;
@@ -240,7 +240,7 @@ TEST_CASE("a print that is cancelled while the system takes its time is taken ba
     CHECK(result.sent == 0);
 }
 
-TEST_CASE("a disk that is full while letters are printed is a refusal with the file's name, and nothing is handed over")
+TEST_CASE("a disk that is full during a print is reported with the file's name, and nothing is submitted")
 {
     Spooling world(1);
     const FullDisk disk;
@@ -250,14 +250,14 @@ TEST_CASE("a disk that is full while letters are printed is a refusal with the f
     CHECK(!world.wasTold(0));
 }
 
-TEST_CASE("without lp there is no such road")
+TEST_CASE("a system without lp has no spooler")
 {
     TempFolder folder;
     const Setting none("PATH", QByteArray::fromStdString(folder.path()));
     CHECK(!systemSpool());
 }
 
-TEST_CASE("the ruler page goes the same road, one copy of it, moved by the offset")
+TEST_CASE("the ruler page is submitted in the same manner, as one copy moved by the offset")
 {
     Spooling world(1);
     PrintOrder order = world.order();
@@ -271,7 +271,7 @@ TEST_CASE("the ruler page goes the same road, one copy of it, moved by the offse
     CHECK(pageCount(world.job(0)) == 1);
 }
 
-TEST_CASE("closing while the system takes the letters asks, and loses none when it waits")
+TEST_CASE("closing while the system accepts the letters asks, and waiting loses no letter")
 {
     Spooling world(120, "sleep 0.5");
     world.openWindow();
@@ -285,7 +285,7 @@ TEST_CASE("closing while the system takes the letters asks, and loses none when 
     CHECK(world.WindowWorld::told.empty());
 }
 
-TEST_CASE("a window that is closed at once while the system takes the letters takes them back and tells which")
+TEST_CASE("closing at once while the system accepts the letters withdraws them and reports which")
 {
     Spooling world(120, "exec sleep 60");
     world.openWindow();
@@ -298,7 +298,8 @@ TEST_CASE("a window that is closed at once while the system takes the letters ta
                                          "印刷を中止しました。\n\n印刷に送った番号：なし\n送っていない番号：1-120")});
 }
 
-TEST_CASE("a refusal of the system's queue tells the numbers that were not sent, and nothing of half a print")
+TEST_CASE(
+    "a refusal of the system's queue reports the numbers that were not sent, without the warning about a partial print")
 {
     Spooling world(9, "echo 'lp: no' >&2; [ $n = 0 ]");
     world.openWindow();

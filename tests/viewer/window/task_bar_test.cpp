@@ -33,7 +33,7 @@ TEST_CASE("a short task shows no progress")
     CHECK(!bar.isRunning());
 }
 
-TEST_CASE("a task shows how far it is after half a second, and is hidden when it is done")
+TEST_CASE("a task shows its progress after half a second, and the bar is hidden at its end")
 {
     TaskBar bar;
     QElapsedTimer since;
@@ -66,7 +66,7 @@ TEST_CASE("the cancel button ends a task")
     CHECK(done == 3);
 }
 
-TEST_CASE("a task that fails leaves the bar ready for the next")
+TEST_CASE("a failed task leaves the bar ready for the next")
 {
     TaskBar bar;
     int changes = 0;

@@ -1,5 +1,5 @@
-// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark]. The letters are those of the
-// script; the printer is made up.
+// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark]. The letters are those
+// of the script; the printer is invented.
 
 #include "support/save_picture.h"
 #include "viewer/window/look.h"
@@ -48,11 +48,11 @@ public:
 private:
     void take(QWidget &widget, const QString &name)
     {
-        QTest::qWait(50); // what was planned to be painted is painted
+        QTest::qWait(50); // lets pending paint events run
         const QString file = m_folder + u"/"_s + name + m_ending + u".png"_s;
         if (!inin::savePicture(widget.grab(), file)) std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
     }
-    /// A dialog runs a loop of its own until it is left.
+    /// A dialog runs its own event loop until it is closed.
     template <class Ask> void inDialog(const Ask &ask, const QString &name)
     {
         QTimer::singleShot(100, &m_window, [this, name] {

@@ -7,7 +7,7 @@ using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("offsets of printers with odd names are kept apart")
+TEST_CASE("offsets of printers with unusual names are kept apart")
 {
     const TempFolder folder;
     const QString path = QString::fromStdString(folder / "s.ini");
@@ -25,7 +25,7 @@ TEST_CASE("offsets of printers with odd names are kept apart")
     CHECK(settings.offsetOf(QStringLiteral("b")) == PrinterOffset{});
 }
 
-TEST_CASE("a spoilt settings file gives offsets and jobs that can be")
+TEST_CASE("a corrupt settings file yields valid offsets and job sizes")
 {
     const TempFolder folder;
     folder.put("s.ini", "[print]\nlettersPerJob=-7\n[printers]\na\\offsetRight=999999\na\\offsetDown=oops\n");
@@ -34,7 +34,7 @@ TEST_CASE("a spoilt settings file gives offsets and jobs that can be")
     CHECK(settings.offsetOf(QStringLiteral("a")) == PrinterOffset{500, 0});
 }
 
-TEST_CASE("settings that cannot be written say so")
+TEST_CASE("saving settings that cannot be written returns false")
 {
     const TempFolder folder;
     folder.put("s", "a file where a folder is due");

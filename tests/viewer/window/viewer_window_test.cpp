@@ -39,7 +39,7 @@ struct Shown : WindowWorld {
 
 } // namespace
 
-TEST_CASE("the list holds number, insurer and patient of every letter")
+TEST_CASE("the list shows number, insurer and patient of every letter")
 {
     Shown world(12);
     CHECK(world.list()->model()->rowCount() == 12);
@@ -64,7 +64,7 @@ TEST_CASE("first, previous, next and last turn the pages and stop at both ends")
     CHECK(world.letter() == "1");
 }
 
-TEST_CASE("a number goes to its letter, and list, page and number agree")
+TEST_CASE("entering a number shows its letter, and list, page and number agree")
 {
     Shown world(30);
     auto *const number = world.find<QSpinBox>("number");
@@ -90,7 +90,7 @@ TEST_CASE("the arrow keys of the list turn the pages")
     CHECK(world.letter() == "1");
 }
 
-TEST_CASE("the blank key unticks and ticks the selected letters, and the box follows")
+TEST_CASE("the Space key unticks and ticks the selected letters, and the box follows")
 {
     Shown world(5);
     QTest::keyClick(world.list(), Qt::Key_Space);
@@ -103,7 +103,7 @@ TEST_CASE("the blank key unticks and ticks the selected letters, and the box fol
     CHECK(world.box() == "3-5");
 }
 
-TEST_CASE("what is typed into the box ticks the list at once")
+TEST_CASE("typing into the box ticks the list at once")
 {
     Shown world(6);
     auto *const box = world.find<QLineEdit>("rangeBox");
@@ -114,7 +114,7 @@ TEST_CASE("what is typed into the box ticks the list at once")
     CHECK(world.list()->model()->index(4, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked);
 }
 
-TEST_CASE("what the box cannot read is told, changes no tick and holds printing back")
+TEST_CASE("an unreadable text in the box is reported, changes no tick and prevents printing")
 {
     Shown world(6);
     auto *const box = world.find<QLineEdit>("rangeBox");
@@ -127,7 +127,7 @@ TEST_CASE("what the box cannot read is told, changes no tick and holds printing 
     CHECK(world.jobs == 0);
 }
 
-TEST_CASE("all and none can be ticked, and marked letters unticked")
+TEST_CASE("all letters can be ticked or unticked, and marked letters unticked")
 {
     std::vector<Row> rows = differentRows(4);
     rows[2]["口座名義"] = "";
@@ -152,7 +152,7 @@ TEST_CASE("nothing is printed when no letter is ticked")
     CHECK(world.told == std::vector<QString>{QStringLiteral("印刷する委任状が選ばれていません。")});
 }
 
-TEST_CASE("every widget that takes the focus has a name for screen readers")
+TEST_CASE("every widget that accepts the focus has a name for screen readers")
 {
     Shown world(3);
     const QList<QWidget *> widgets = world.window->findChildren<QWidget *>();
@@ -183,7 +183,7 @@ TEST_CASE("every command has a key")
     }
 }
 
-TEST_CASE("the tabulator key goes through list, box, page and back")
+TEST_CASE("the Tab key moves through list, box, page and back")
 {
     Shown world(2);
     world.list()->setFocus();
@@ -200,14 +200,14 @@ TEST_CASE("the tabulator key goes through list, box, page and back")
 
 namespace {
 
-/// A window with the keyboard's focus in its list.
+/// A window whose list has the keyboard focus.
 struct Walked : Shown {
     explicit Walked(int count) : Shown(count)
     {
         REQUIRE(QTest::qWaitForWindowActive(window.get()));
         list()->setFocus();
     }
-    /// As a keyboard sends a key: the window's shortcuts act first, and the modifiers are held meanwhile.
+    /// Sends a key as a keyboard does: the window's shortcuts come first, and the modifiers stay pressed meanwhile.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1) const
     {
         for (int i = 0; i < times; ++i) {
@@ -219,7 +219,7 @@ struct Walked : Shown {
 
 } // namespace
 
-TEST_CASE("Space after Ctrl+PageDown unticks only the letter that is shown")
+TEST_CASE("Space after Ctrl+PageDown unticks only the current letter")
 {
     Walked world(6);
     world.press(Qt::Key_PageDown, Qt::ControlModifier, 4);
@@ -228,7 +228,7 @@ TEST_CASE("Space after Ctrl+PageDown unticks only the letter that is shown")
     CHECK(world.box() == "1-4,6");
 }
 
-TEST_CASE("Space after Ctrl+PageUp unticks only the letter that is shown")
+TEST_CASE("Space after Ctrl+PageUp unticks only the current letter")
 {
     Walked world(6);
     world.press(Qt::Key_End);
@@ -240,7 +240,7 @@ TEST_CASE("Space after Ctrl+PageUp unticks only the letter that is shown")
     CHECK(world.box() == "1-4,6");
 }
 
-TEST_CASE("Shift+Down after Ctrl+PageDown extends the selection from the letter that is shown")
+TEST_CASE("Shift+Down after Ctrl+PageDown extends the selection from the current letter")
 {
     Walked world(6);
     world.press(Qt::Key_PageDown, Qt::ControlModifier, 2);
@@ -261,7 +261,7 @@ TEST_CASE("Shift+End and Shift+Home extend the selection to the last and the fir
     CHECK(world.box() == "1-3");
 }
 
-TEST_CASE("Space after a text is pasted into the find box unticks only the letter that is found")
+TEST_CASE("Space after a text is pasted into the find box unticks only the found letter")
 {
     Walked world(30);
     QGuiApplication::clipboard()->setText(QStringLiteral("甲29"));
@@ -273,7 +273,7 @@ TEST_CASE("Space after a text is pasted into the find box unticks only the lette
     CHECK(world.box() == "1-28,30");
 }
 
-TEST_CASE("Space after Shift+F3 unticks only the letter that is found")
+TEST_CASE("Space after Shift+F3 unticks only the found letter")
 {
     Walked world(5);
     world.find<QLineEdit>("find")->setText(QStringLiteral("甲"));

@@ -14,20 +14,20 @@ using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
-TEST_CASE("the windows' letters are Japanese and large enough to tell 療 from 瘡")
+TEST_CASE("the windows use a Japanese font, large enough to distinguish 療 from 瘡")
 {
     const QFont font = QApplication::font();
     CHECK(font.pointSizeF() >= 9.75);
     CHECK(QFontDatabase::writingSystems(QFontInfo(font).family()).contains(QFontDatabase::Japanese));
 }
 
-TEST_CASE("whoever comes back to the window is told at once of a file that has changed")
+TEST_CASE("a changed file is detected at once when the user returns to the window")
 {
     WindowWorld world(differentRows(2));
     world.openWindow();
     REQUIRE(QTest::qWaitForWindowActive(world.window.get()));
     writeBytes(world.folder / "委任状.csv", csvOf({ordinaryRow()}));
-    // Two looks, for a file that is still being written is left alone.
+    // Two checks: a file that is still being written is ignored.
     for (int look = 0; look < 2; ++look) {
         QEvent back(QEvent::ActivationChange);
         QApplication::sendEvent(world.window.get(), &back);
@@ -35,7 +35,7 @@ TEST_CASE("whoever comes back to the window is told at once of a file that has c
     CHECK(world.find<QWidget>("noticeBar")->isVisible());
 }
 
-TEST_CASE("a form whose own text has a character that no font has is told among the window's notices")
+TEST_CASE("a form whose own text has a character that every font lacks is reported among the window's notices")
 {
     const TempFolder folder;
     writeBytes(folder / "f.svg", svgPage("<text x='9' y='9'>\U0010FFFD</text>"));
@@ -48,7 +48,7 @@ TEST_CASE("a form whose own text has a character that no font has is told among 
                                    "」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）"});
 }
 
-TEST_CASE("a dialog that a script asks for waits until the window has its place")
+TEST_CASE("a dialog that a script requests waits until the window is placed")
 {
     WindowWorld world(differentRows(2));
     world.window =
@@ -70,7 +70,7 @@ TEST_CASE("a dialog that a script asks for waits until the window has its place"
     CHECK(QTest::qWaitFor([&] { return wasSeen; }));
 }
 
-TEST_CASE("the words of a message are copied by Ctrl+C")
+TEST_CASE("Ctrl+C copies the text of a message")
 {
     QGuiApplication::clipboard()->clear();
     QTimer::singleShot(0, [] {

@@ -13,13 +13,13 @@ namespace inin::viewer::test {
 
 namespace {
 
-/// The toolkit lives from the first test to the last, without a display.
+/// Keeps one application without a display from the first test to the last.
 struct Toolkit : doctest::IReporter {
     explicit Toolkit(const doctest::ContextOptions & /*options*/) {}
     void test_run_start() override
     {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        // The platform tells of each window that it does not place.
+        // The platform logs a message for each window that it does not place.
         qputenv("QT_LOGGING_RULES", "qt.qpa.*=false;default.warning=true");
         static int count = 1;
         static char name[] = "viewer_window_test";

@@ -13,10 +13,10 @@
 
 namespace inin::viewer::test {
 
-/// `count` ordinary letters of different persons: "甲1", "甲2" …
+/// `count` ordinary letters of different patients: "甲1", "甲2" …
 [[nodiscard]] std::vector<Row> differentRows(int count);
 
-/// A printer that prints PDF files into a folder, one a job, and may refuse a page.
+/// A printer that writes each job as a PDF file into a folder and may refuse a page.
 class PaperPrinter : public QPrinter {
 public:
     explicit PaperPrinter(const QString &path, int pages);
@@ -26,16 +26,16 @@ private:
     int m_pages;
 };
 
-/// A window over letters in a folder of its own, with people and printers that answer as a test wants.
+/// A viewer window with letters in a temporary folder, and with user and printer replaced by test doubles.
 struct WindowWorld {
     explicit WindowWorld(const std::vector<Row> &rows, const std::string &form = kForm);
 
-    /// The paths of the jobs that were printed.
+    /// The path of a printed job.
     [[nodiscard]] std::string jobPath(std::size_t job) const;
     [[nodiscard]] ViewerServices services();
     [[nodiscard]] PrintOrder order() const;
     void openWindow();
-    /// Waits until the letters have been judged and painted.
+    /// Waits until the letters have been checked and painted.
     void settle() const;
     template <class Widget> Widget *find(const char *name) const
     {
@@ -45,8 +45,8 @@ struct WindowWorld {
     TempFolder folder;
     std::string script;
     std::vector<PrinterChoice> printers{{QStringLiteral("紙"), {}, true, QPrinter::DuplexLongSide}};
-    int pagesPerJob = 100000; ///< the printer refuses a page behind so many
-    std::string outputFolder; ///< of the printer; empty is `folder`
+    int pagesPerJob = 100000; ///< the printer refuses a page after this many
+    std::string outputFolder; ///< of the printer; empty means `folder`
     SpoolPdf spool;           ///< empty: the pages are painted
     std::size_t jobs = 0;
     std::vector<PrintOrder> orders;
@@ -54,15 +54,15 @@ struct WindowWorld {
     std::deque<CloseAnswer> closeAnswers;
     std::vector<QString> closeStates;
     QString pdfFile, pdfFolder;
-    std::vector<QString> offeredFolders; ///< where the questions for a file or folder began
+    std::vector<QString> offeredFolders; ///< the folders in which the file dialogs were opened
     bool mayReplace = true;
     std::unique_ptr<ViewerWindow> window;
 };
 
 [[nodiscard]] std::size_t pageCount(const std::string &pdf);
-/// A page of a PDF as a picture of 72 dots an inch; pages from 1.
+/// A page of a PDF as a picture with 72 dots per inch; pages from 1.
 [[nodiscard]] QImage pageImage(const std::string &pdf, int page);
-/// How much two pictures differ, from 0 to 255.
+/// The difference of two pictures, from 0 to 255.
 [[nodiscard]] double difference(const QImage &a, const QImage &b);
 
 } // namespace inin::viewer::test

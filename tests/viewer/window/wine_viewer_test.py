@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Works formviewer.exe under Wine by the keys of a keyboard, and holds its PDF against that of this system's program.
+"""Operates formviewer.exe under Wine by keyboard and compares its PDF with that of the native program.
 
 wine_viewer_test.py FORMVIEWER ZIP SCRIPT PICTURES
-FORMVIEWER is this system's program, ZIP what an installer unpacks, SCRIPT a command script that asks for the print dialog,
-PICTURES the folder for screenshots. WINEPREFIX names the Windows. scripts/test-windows --windows calls this.
+FORMVIEWER is the native program, ZIP the Windows package, SCRIPT a script that requests the print dialog, PICTURES
+the folder for screenshots. WINEPREFIX is the Wine prefix. scripts/test-windows --windows runs this.
 """
 import os
 import subprocess
@@ -24,7 +24,7 @@ def stop_wine():
 
 
 class Viewer:
-    """formviewer.exe of an unpacked folder on a display."""
+    """A running formviewer.exe from an unpacked package."""
 
     def __init__(self, display, folder, *arguments):
         environment = {name: text for name, text in display.environment.items() if not name.startswith("QT_")}
@@ -37,7 +37,7 @@ class Viewer:
         wait_for(f"the title {part}, not {self.display.active_title()}", lambda: part in self.display.active_title())
 
     def wait_chief_window(self):
-        """Wine leaves no window in front when a dialog goes."""
+        """Activates the main window: under Wine no window is active after a dialog closes."""
         def is_in_front():
             for number in self.display.tool("search", "--name", "－ 印刷プレビュー").split():
                 self.display.tool("windowactivate", "--sync", number)
@@ -66,7 +66,7 @@ def bytes_of(path):
 
 
 def printing_then_saving_gives_the_pdf_of_this_system(display, folder):
-    """The script asks for the print dialog; it is closed, and the letters are saved by the window instead."""
+    """Cancels the print dialog that the script requests and saves the letters from the window."""
     viewer = Viewer(display, folder, "/c", SCRIPT)
     viewer.wait_title("印刷 - ")
     viewer.picture("print")

@@ -1,5 +1,5 @@
 -- A small practice, branch 1-1, in May 2024. The staff in charge differ from patient to patient, so that the order of
--- the letters is one.
+-- the letters is defined.
 
 INSERT INTO KYOTEN (iKyotenCd, iKyotenEb, cKyotenName) VALUES (1, 1, '梅田'), (2, 1, '高松');
 
@@ -16,7 +16,7 @@ INSERT INTO HOKENJA (cIDno, cName, cSubAddress, iType) VALUES
     ('39270000', '大阪府後期高齢者医療広域連合', NULL, 2),
     ('00000000', NULL, NULL, NULL);
 
--- Head office, agent and group-billing company; the head office of another branch must never be seen.
+-- Head office, agent and group-billing company; the head office of another branch must never be used.
 INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo, iType, cShamei1, cAddress1, cDaihyo, cTelNo, cKinyuName, iKinSyubetsu,
                   cKinyuSiten, iKinSiten, iKozaType, cKozaBangou, cKozaMeigi1) VALUES
     (1, 1, 1, 0, 'みどり訪問治療株式会社', '大阪市北区梅田１－２－３', '山田 太郎', '06-1111-2222', 'みずき', 1,
@@ -27,9 +27,9 @@ INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo, iType, cShamei1, cAddress1, cDaih
      '中央', 4, 5, '7654321', 'ダンタイセイキユウ'),
     (2, 1, 1, 0, 'よその支店', '高松市', 'よそ', '087-777-8888', 'よそ', 1, 'よそ', 2, 1, '1', 'ヨソ');
 
--- 1 an ordinary patient. 2 billed by the group, with characters that only the code page's extensions hold.
--- 3 has an agent that is not there. 4 ended treatment. 5 is visited again after the 20th and the 22nd.
--- 6 has two visits on one day. 7 has an insurer that is not there. 8 has nothing but a number. 9 is never visited.
+-- 1 is an ordinary patient. 2 is billed by the group; some characters are only in the code page's extensions.
+-- The agent of 3 does not exist. 4 ended treatment. 5 is visited again after the 20th and the 22nd.
+-- 6 has two visits on one day. The insurer of 7 does not exist. 8 has only a number. 9 is never visited.
 INSERT INTO RIYOUSHA (iKyotenCd, iKyotenEb, nIDNo, cName, cAdress1, cHokenNo, iHoken, nTantou, nDairiID, tExpireDay,
                       cSetaiName, cSetaiTelNo, cSetaiAdress1) VALUES
     (1, 1, 1, '青木 一郎', '大阪市北区天神橋１－１', '270017', 1, 11, 2, NULL,

@@ -1,4 +1,4 @@
--- Branch 1-1 for the pick lists: staff who work and one who has stopped, patients whose treatment goes on or has ended.
+-- Branch 1-1 for the pick lists: active staff and one ended member, patients under treatment and ended ones.
 
 INSERT INTO STAFF (iKyotenCd, iKyotenEb, nIDNo, cName, cNameKana, cNameRyaku, iChusiFlg) VALUES
     (1, 1, 11, '佐藤 花子', 'ｻﾄｳ ﾊﾅｺ', '佐藤', 0),
@@ -10,7 +10,7 @@ INSERT INTO HOKEN (iKyotenCd, iKyotenEb, cName, cRyaku, cType, iType) VALUES (0,
 INSERT INTO HOKENJA (cIDno, cName, cSubAddress, iType) VALUES ('270017', '大阪市', '北区', 1);
 INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo, iType, cShamei1) VALUES (1, 1, 1, 0, 'みどり訪問治療株式会社');
 
--- 4 ended before the limit month of April, 5 in it. 8 has nothing but a number.
+-- 4 ended before the limit month of April, 5 during it. 8 has only a number.
 INSERT INTO RIYOUSHA (iKyotenCd, iKyotenEb, nIDNo, cName, cNameKana, cNameRyaku, cTelNo, cAdress1, cAdress2, cHokenNo,
                       nTantou, nTantou2, nTantou5, iSejutsuKubun, tExpireDay) VALUES
     (1, 1, 1, '青木 一郎', 'ｱｵｷ ｲﾁﾛｳ', '天神橋', '06-1234-0001', '大阪市北区天神橋１－１', 'コーポ青空２０１', '270017',
