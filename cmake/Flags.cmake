@@ -31,6 +31,7 @@ if((WIN32 OR ININ_SANITIZE) AND NOT MSVC)
     target_compile_options(inin_test_flags INTERFACE -O0)
 endif()
 if(ININ_FUZZ)
+    # Coverage counters for libFuzzer; the address sanitizer's run-time library supplies them to ordinary programs.
     target_compile_options(inin_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
