@@ -24,6 +24,32 @@ if(ININ_SANITIZE)
         $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(inin_flags INTERFACE -fsanitize=address,undefined)
 endif()
+
+# Hardening, so that damage to memory ends a program instead of being exploited; tests/hardening/check-program checks it.
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported()
+if(WIN32 AND NOT MSVC)
+    target_link_options(inin_flags INTERFACE -Wl,--dynamicbase,--nxcompat,--high-entropy-va)
+elseif(NOT MSVC)
+    target_compile_options(inin_flags INTERFACE -fstack-protector-strong -fstack-clash-protection)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+        target_compile_options(inin_flags INTERFACE -fcf-protection)
+    endif()
+    # Libraries and programs share one kind of position independence: precompiled headers require it, and so does Qt.
+    target_compile_options(inin_flags INTERFACE -fPIC)
+    target_link_options(inin_flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+    # The C library's checks exist in optimized code only, and the sanitizers have their own.
+    if(NOT ININ_SANITIZE AND (NOT CMAKE_BUILD_TYPE STREQUAL "Debug" OR CMAKE_CXX_FLAGS_DEBUG MATCHES "-O[1-3s]"))
+        set(level 3)
+        if((CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 12) OR
+           (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 12))
+            set(level 2)
+        endif()
+        target_compile_options(inin_flags INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=${level})
+    endif()
+endif()
+
 # Additional flags of the test programs.
 add_library(inin_test_flags INTERFACE)
 if((WIN32 OR ININ_SANITIZE) AND NOT MSVC)
