@@ -23,7 +23,7 @@ std::string textOf(const std::vector<TextPiece> &pieces)
     std::string text;
     for (const TextPiece &piece : pieces) {
         if (piece.isField())
-            text.append("{{" + piece.column + "|" + piece.pattern + "|" + piece.silent + "}}");
+            text.append("{{" + piece.column + "|" + piece.pattern + "|" + piece.whenBlank + "}}");
         else
             text += piece.literal;
     }
@@ -44,7 +44,7 @@ void checkDatePattern(std::string_view input)
 {
     const std::string_view date = fuzz::takePart(input);
     constexpr std::size_t kLongestPart = 64; // of what one character of a pattern writes
-    const auto written = writtenDate(date, input);
+    const auto written = formattedDate(date, input);
     require(!written || written->size() <= (input.size() + 1) * kLongestPart,
             "a written date is as long as its pattern");
 }
@@ -74,7 +74,7 @@ void checkStyleSheet(std::string_view input)
     XmlAttributes attributes;
     attributes.add("class", "a b");
     attributes.add("id", "c");
-    for (const StyleDeclaration *declaration : sheet.of("text", attributes))
+    for (const StyleDeclaration *declaration : sheet.declarationsFor("text", attributes))
         require(declaration->name.size() + declaration->value.size() <= input.size(),
                 "a declaration is part of its sheet");
     (void)readDeclarations(input);

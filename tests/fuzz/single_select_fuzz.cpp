@@ -12,7 +12,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const std::string_view text(static_cast<const char *>(static_cast<const void *>(data)), size);
-    if (!inin::singleSelectProblem(text).empty()) return 0;
+    if (!inin::odbc::singleSelectProblem(text).empty()) return 0;
     const std::string write = inin::fuzz::ServerReader(text).firstWrite();
     if (write.empty()) return 0;
     std::fprintf(stderr, "smuggled: %s\n", write.c_str());
