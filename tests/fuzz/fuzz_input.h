@@ -11,7 +11,7 @@
 
 namespace inin::fuzz {
 
-/// Ends the program when a property does not hold. libFuzzer then saves the input.
+/// Aborts when a property is violated; libFuzzer then saves the input.
 inline void require(bool holds, std::string_view property)
 {
     if (holds) return;

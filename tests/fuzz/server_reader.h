@@ -7,19 +7,19 @@
 
 namespace inin::fuzz {
 
-/// Scans a text as permissively as any server of the T-SQL language might: quotes, brackets and nested comments hide
-/// their content, every character that some server treats as a blank is one, and a number ends as early as possible.
-/// Independent of the code under test and simpler: it only searches for a word that begins a writing statement.
+/// Reads a text as the most tolerant T-SQL server would: quotes, brackets and nested comments hide their content, every
+/// character that some server treats as a blank is one, and a number ends as early as possible. It is independent of the
+/// code under test and simpler, as it only searches for a word that begins a writing statement.
 class ServerReader {
 public:
     explicit ServerReader(std::string_view text) : m_text(text) {}
 
-    /// The first word that would write, or a semicolon that is followed by something; empty if there is none.
+    /// The first word that would write, or a semicolon that more text follows; empty when there is none.
     std::string firstWrite()
     {
         while (m_at < m_text.size()) {
             if (skipHidden()) continue;
-            if (m_text[m_at] == ';' && hasMoreBehind()) return ";";
+            if (m_text[m_at] == ';' && hasMoreAfter()) return ";";
             const std::size_t before = m_at;
             std::string word = takeWord();
             for (const char *write :
@@ -39,7 +39,7 @@ private:
         if (c == '\'' || c == '"') return skipQuoted(c);
         if (c == '[') return skipQuoted(']');
         if (m_text.substr(m_at, 2) == "--") {
-            // A server may end the comment at the first character that resembles a line end.
+            // A server may end the comment at any kind of line end.
             m_at = std::min(m_text.find_first_of("\r\n\v\f", m_at), m_text.size());
             return true;
         }
@@ -68,7 +68,7 @@ private:
         ++m_at;
         return true;
     }
-    [[nodiscard]] bool hasMoreBehind() const
+    [[nodiscard]] bool hasMoreAfter() const
     {
         ServerReader rest(m_text.substr(m_at + 1));
         while (rest.m_at < rest.m_text.size()) {
@@ -85,7 +85,7 @@ private:
         }
         return false;
     }
-    /// The size in bytes of the blank (of any width) or zero-width character at this position; 0 if there is none.
+    /// The size in bytes of the blank or zero-width character at `at`; 0 for none.
     [[nodiscard]] std::size_t blankAt(std::size_t at) const
     {
         for (const std::string_view blank :
@@ -95,7 +95,7 @@ private:
             if (m_text.substr(at).starts_with(blank)) return blank.size();
         return 0;
     }
-    /// A number absorbs an "e"; what follows is a separate word.
+    /// A number includes an "e" after it; the text that follows is a word of its own.
     std::string takeWord()
     {
         const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };

@@ -1,5 +1,5 @@
-// Tries to pass a write through the check of read-only record sets: an accepted text must contain no writing word for
-// an independent scanner.
+// Tries to get a writing statement past the check of read-only record sets: an independent reader must find no writing
+// word in a statement that the check accepts.
 
 #include "adapters/odbc/single_select.h"
 #include "fuzz/server_reader.h"

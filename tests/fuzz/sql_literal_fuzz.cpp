@@ -99,7 +99,7 @@ void checkBinary(std::string_view input)
     require(selected(literal) == input, "a binary literal keeps its bytes");
 }
 
-/// A text is accepted wherever the suite's statements have one, beside columns of all kinds.
+/// A text is accepted wherever the suite's statements contain one, with columns of all kinds.
 void checkPlaces(std::string_view input)
 {
     if (hasNul(input)) return;
@@ -112,7 +112,7 @@ void checkPlaces(std::string_view input)
         "UPDATE T SET cName = cName + " + literal + ", tDay = " + literal + " WHERE cName IN (" + literal + ", 'a')",
     };
     for (const std::string &sql : statements) {
-        // A non-date text is refused where a date is required.
+        // A date column refuses a text that is not a date.
         if (!translateSql(sql, schema()).problem.empty()) continue;
         require(prepared(sql) != nullptr, "a translated statement can be prepared");
     }

@@ -25,7 +25,7 @@ namespace {
     std::abort();
 }
 
-/// Skips one blank or comment at `at`; false if there is none.
+/// Skips one blank or comment at `at`; false when there is none.
 bool skipOneGap(std::string_view text, std::size_t &at)
 {
     const std::string_view rest = text.substr(at);
@@ -57,7 +57,7 @@ bool skipOneGap(std::string_view text, std::size_t &at)
     return false;
 }
 
-/// The tokens and the gaps between them are the whole text; the gaps consist of blanks and comments.
+/// The tokens cover the text byte for byte, except for blanks and comments between them.
 void checkCover(std::string_view text, const std::vector<Token> &tokens)
 {
     std::size_t at = 0;
@@ -65,23 +65,23 @@ void checkCover(std::string_view text, const std::vector<Token> &tokens)
         if (token.text.empty()) fail("an empty token", text);
         const std::size_t start = static_cast<std::size_t>(token.text.data() - text.data());
         while (at < start && skipOneGap(text, at)) continue;
-        if (at != start) fail("a token out of its place", text);
+        if (at != start) fail("a token at a wrong position", text);
         at += token.text.size();
     }
     while (skipOneGap(text, at)) continue;
-    if (at != text.size()) fail("a rest that is no gap", text);
+    if (at != text.size()) fail("a remainder that is neither blank nor comment", text);
 }
 
-/// The tokens joined with their gaps are read as the same tokens again.
+/// The tokens, joined with their gaps, are read as the same tokens again.
 void checkJoined(std::string_view text, const std::vector<Token> &tokens)
 {
     std::string joined;
     for (const Token &token : tokens) joined.append(token.gap).append(token.text);
     const std::vector<Token> again = tokenizeSql(joined);
-    if (again.size() != tokens.size()) fail("another count of tokens when joined", text);
+    if (again.size() != tokens.size()) fail("a different number of tokens when joined", text);
     for (std::size_t at = 0; at < tokens.size(); ++at)
         if (again[at].kind != tokens[at].kind || again[at].text != tokens[at].text)
-            fail("another token when joined", text);
+            fail("a different token when joined", text);
 }
 
 struct CloseDatabase {
@@ -89,7 +89,7 @@ struct CloseDatabase {
 };
 using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
 
-/// A database in memory without the adapter's guards: every statement runs.
+/// A database in memory without the adapter's guards: it executes every statement.
 Handle makeDatabase()
 {
     sqlite3 *db = nullptr;
@@ -132,15 +132,16 @@ const SqlSchema &schema()
     return kSchema;
 }
 
-/// A text that is classified as one SELECT changes nothing even without the guards.
+/// A statement that is classified as a single SELECT changes nothing, even without other guards.
 void checkReadOnly(std::string_view text, const std::vector<Token> &tokens)
 {
     const Translation translation = translateSql(tokens, schema());
     if (!translation.problem.empty() || !isSingleSelect(tokens)) return;
     static const Handle kDatabase = makeDatabase();
     static const std::string kState = stateOf(kDatabase.get());
-    (void)sqlite3_exec(kDatabase.get(), translation.text.c_str(), nullptr, nullptr, nullptr); // it may be invalid
-    if (stateOf(kDatabase.get()) != kState) fail("a reading text that writes", text);
+    (void)sqlite3_exec(kDatabase.get(), translation.text.c_str(), nullptr, nullptr,
+                       nullptr); // the statement may be invalid
+    if (stateOf(kDatabase.get()) != kState) fail("a SELECT that writes", text);
 }
 
 } // namespace

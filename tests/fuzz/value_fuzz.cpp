@@ -34,9 +34,10 @@ void checkNumber(std::string_view input)
     using Outcome = NumberReading::Outcome;
     const NumberReading reading = readNumber(input);
     const bool isNumber = reading.outcome == Outcome::number || reading.outcome == Outcome::bits;
-    const std::int32_t due = isNumber                               ? 0
-                             : reading.outcome == Outcome::overflow ? error_number::overflow
-                                                                    : error_number::typeMismatch;
+    // A pattern of 32 bits has no value as a double.
+    const bool isTooLarge = reading.outcome == Outcome::overflow ||
+                            (reading.outcome == Outcome::bits && reading.bits > std::uint32_t{INT32_MAX});
+    const std::int32_t due = isTooLarge ? error_number::overflow : isNumber ? 0 : error_number::typeMismatch;
     require(errorOf([&] { (void)numberFromText(input); }) == due, "a conversion raises the error of the reading");
     require(!isNumeric(Variant(input)) || isNumber, "a numeric text can be read");
     require(reading.outcome != Outcome::number || std::isfinite(reading.value), "a number is finite");
