@@ -191,7 +191,7 @@ bool isNamed(const struct stat &opened, const std::string &place)
 std::optional<LockedFile> tryToLock(const std::string &place)
 {
     using State = LockedFile::State;
-    // No patient data is in this file, and every user of the site must be able to lock it: leave it to the umask.
+    // No patient data is in this file, and every user of the site must be able to lock it, whatever the umask.
     FileDescriptor file(open(place.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | kOpenFlags, 0666));
     const bool isLink = !file.isOpen() && errno == ELOOP;
     if (!file.isOpen() && !isLink) return LockedFile{};
@@ -200,6 +200,7 @@ std::optional<LockedFile> tryToLock(const std::string &place)
     struct stat opened {};
     if (file.isOpen() && fstat(file.get(), &opened) != 0) return LockedFile{};
     if (file.isOpen() && !isNamed(opened, place)) return std::nullopt;
+    (void)fchmod(file.get(), 0666);    // only its owner can do this, and the owner has created it
     if (isLink || opened.st_nlink > 1) // truncating it would truncate a file elsewhere
         return isRemoved(place) ? std::nullopt : std::optional(LockedFile{});
     if (ftruncate(file.get(), 0) != 0) return LockedFile{};

@@ -226,6 +226,18 @@ TEST_CASE("a link under a file's name is replaced by a file, and its target is u
     CHECK(elsewhere.entries() == 2);
 }
 
+TEST_CASE("every user can open a locked file, whatever the mask of its creator")
+{
+    const TempFolder folder;
+    const mode_t mask = umask(077);
+    const LockedFile locked = makeSystemFiles("/")->openLocked(folder / "x");
+    umask(mask);
+
+    struct stat status {};
+    REQUIRE(stat((folder / "x").c_str(), &status) == 0);
+    CHECK((status.st_mode & 0777) == 0666);
+}
+
 TEST_CASE("a link under a locked file's name is replaced by a file, and its target is unchanged")
 {
     const TempFolder folder, elsewhere;
