@@ -16,6 +16,7 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -54,6 +55,21 @@ template <class Widget> Widget *named(Widget *widget, const char *name, const QS
     widget->setAccessibleName(accessible);
     return widget;
 }
+
+/// A number box that ignores the wheel unless it has the focus: scrolling past it must not choose separate jobs.
+class LettersPerJobBox : public QSpinBox {
+public:
+    explicit LettersPerJobBox(QWidget *parent) : QSpinBox(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent *event) override
+    {
+        if (hasFocus())
+            QSpinBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
 
 QDoubleSpinBox *offsetBox(const char *name, const QString &direction, QWidget *parent)
 {
@@ -149,7 +165,7 @@ QWidget *PrintDialog::jobGroup()
     };
     m_oneJob = named(new QRadioButton(u"一度にまとめて印刷する(&O)"_s, group), "oneJob", u"一度にまとめて印刷する"_s);
     m_manyJobs = named(new QRadioButton(u"分けて印刷する(&M)"_s, group), "manyJobs", u"分けて印刷する"_s);
-    m_perJob = named(new QSpinBox(group), "lettersPerJob", u"一回に印刷する通数"_s);
+    m_perJob = named(new LettersPerJobBox(group), "lettersPerJob", u"一回に印刷する通数"_s);
     m_perJob->setRange(1, kMostPerJob);
     m_perJob->setSuffix(u" 通ずつ"_s);
     const int perJob = m_settings.lettersPerJob();

@@ -124,6 +124,19 @@ TEST_CASE("a number entered into the box of letters per job selects separate job
     CHECK(world.dialog.order().lettersPerJob == 51);
 }
 
+TEST_CASE("the wheel over the box of letters per job changes nothing without the focus")
+{
+    Dialog world;
+    auto *const box = world.find<QSpinBox>("lettersPerJob");
+    const QPointF middle = box->rect().center();
+    QWheelEvent turn(middle, box->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                     false);
+    QApplication::sendEvent(box, &turn);
+
+    CHECK(box->value() == 50);
+    CHECK(world.find<QRadioButton>("oneJob")->isChecked());
+}
+
 TEST_CASE("the Tab key follows the order of the boxes on the screen")
 {
     ActiveDialog world;
