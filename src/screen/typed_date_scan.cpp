@@ -101,6 +101,7 @@ void takeTime(TextScan &scan)
 {
     TextScan ahead = scan;
     if (!ahead.accept('T') && !ahead.accept("午前")) ahead.accept("午後");
+    ahead.skipBlanks();
     if (!takeClockNumber(ahead)) return;
     if (ahead.accept(':') ? !takeMinutes(ahead) : !ahead.accept("時") || !takeMinutesInWords(ahead)) return;
     ahead.skipBlanks();
