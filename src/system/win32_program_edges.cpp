@@ -55,7 +55,9 @@ std::filesystem::path programFile()
 // The run-time library reserves the descriptors of closed standard streams: no file gets them.
 void prepareStandardStreams()
 {
-    for (std::FILE *stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+    // A window program may be started without any streams.
+    for (std::FILE *stream : {stdin, stdout, stderr})
+        if (_fileno(stream) >= 0) _setmode(_fileno(stream), _O_BINARY);
     codePageBefore() = GetConsoleOutputCP();
     if (codePageBefore() == 0) return; // no console is attached
     SetConsoleOutputCP(CP_UTF8);
