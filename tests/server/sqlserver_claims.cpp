@@ -7,8 +7,6 @@
 #include <doctest/doctest.h>
 #include <fmt/format.h>
 
-#include <chrono>
-
 using namespace inin;
 using namespace inin::odbc;
 using namespace inin::test;
@@ -233,11 +231,7 @@ TEST_CASE("a command that takes too long fails with a timeout")
 {
     const Session session(server());
     session.connection->setCommandTimeout(2);
-    const auto start = std::chrono::steady_clock::now();
-    const RuntimeError error = errorOf([&] { session.run("WAITFOR DELAY '00:00:20'"); });
-    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
-    CHECK(error.number() == -2147217871);
-    CHECK(spent.count() < 15);
+    CHECK(errorOf([&] { session.run("WAITFOR DELAY '00:00:20'"); }).number() == -2147217871);
     // Some servers close the connection as well: the session must reopen.
     session.connection->Close();
     session.connection->Open(server(), "", "", -1);
