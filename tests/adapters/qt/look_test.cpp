@@ -172,14 +172,18 @@ TEST_CASE("the inside of every frame and the centre of every command button are 
         const QWidget &widget = window.widget(frame);
         CHECK(colourAt(widget, {widget.width() - 5, widget.height() - 5}) == "#f6f6f6");
     }
-    for (const auto &[button, colour] : {std::pair{"btnPrint(0)", "#d0fbd0"},
-                                         {"btnPrint(1)", "#d0fbd0"},
-                                         {"btnPrint(6)", "#d0fbd0"},
-                                         {"btn_StaffSelect", "#ffe0c0"},
-                                         {"btn_KanjaSelect", "#ffe0c0"}}) {
-        CAPTURE(button);
-        const QWidget &widget = window.widget(button);
-        CHECK(colourAt(widget, {5, widget.height() / 2}) == colour);
+    struct ButtonColour {
+        const char *button;
+        const char *colour;
+    };
+    for (const ButtonColour &row : {ButtonColour{"btnPrint(0)", "#d0fbd0"},
+                                    {"btnPrint(1)", "#d0fbd0"},
+                                    {"btnPrint(6)", "#d0fbd0"},
+                                    {"btn_StaffSelect", "#ffe0c0"},
+                                    {"btn_KanjaSelect", "#ffe0c0"}}) {
+        CAPTURE(row.button);
+        const QWidget &widget = window.widget(row.button);
+        CHECK(colourAt(widget, {5, widget.height() / 2}) == row.colour);
     }
 }
 
