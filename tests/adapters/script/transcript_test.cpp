@@ -36,6 +36,11 @@ private:
     return memory;
 }
 
+[[gnu::noinline]] void *operator new(std::size_t size, const std::nothrow_t &) noexcept
+{
+    return isMemoryExhausted ? nullptr : std::malloc(size);
+}
+
 [[gnu::noinline]] void operator delete(void *memory) noexcept
 {
     std::free(memory);
