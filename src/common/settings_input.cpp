@@ -15,7 +15,7 @@ std::string SettingsInput::read()
 {
     std::string piece = m_file->read(kPieceSize);
     m_size += piece.size();
-    if (m_size > kMostSettingsBytes)
+    if (m_size > kMaxSettingsBytes)
         throw RuntimeError(error_number::outOfMemory, "設定ファイル（" + m_path + "）が 16 MB を超えています。");
     return piece;
 }

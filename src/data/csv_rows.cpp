@@ -11,7 +11,7 @@ namespace inin {
 
 namespace {
 
-constexpr std::size_t kMostFields = 257;
+constexpr std::size_t kMaxFields = 257;
 constexpr const char *kBranchColumn = "拠点名";
 
 /// ADO's type codes from first to last; every other one is a character type.
@@ -71,7 +71,7 @@ CsvRows::CsvRows(Recordset &rsData, const Regional &regional, std::optional<std:
     : m_rsData(rsData), m_regional(regional), m_cKyoten(std::move(cKyoten))
 {
     const std::size_t count = rsData.fieldCount();
-    if (count > kMostFields) throw RuntimeError(error_number::subscript);
+    if (count > kMaxFields) throw RuntimeError(error_number::subscript);
     // A second export of the same rows starts at the first row again.
     if (rsData.RecordCount() > 0) rsData.MoveFirst();
     for (std::size_t index = 0; index < count; ++index) m_kinds.push_back(kindOfType(rsData.fieldType(index)));

@@ -119,14 +119,14 @@ try {
 std::int16_t cls_JetDB2CSV::iEndJ2C()
 {
     std::int16_t status = iGood;
-    const auto tell = [&](std::int16_t ended) {
+    const auto report = [&](std::int16_t ended) {
         if (ended == iGood) return;
         headingBox(m_app, headingOf("iEndJ2C"), m_session->sErrMsg());
         status = iBad;
     };
     for (std::unique_ptr<Recordset> &rsData : m_recordsets)
-        if (rsData) tell(m_session->iCloseRecSet(rsData));
-    if (m_session) tell(m_session->iDisConnect());
+        if (rsData) report(m_session->iCloseRecSet(rsData));
+    if (m_session) report(m_session->iDisConnect());
     drop();
     return status;
 }

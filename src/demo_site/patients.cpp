@@ -1,6 +1,6 @@
 #include "demo_site/patients.h"
 
-#include "demo_site/oddities.h"
+#include "demo_site/demo_irregularities.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "demo_site/people.h"
 
 #include "demo_site/companies.h"
-#include "demo_site/oddities.h"
+#include "demo_site/demo_irregularities.h"
 
 #include <fmt/format.h>
 

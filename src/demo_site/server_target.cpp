@@ -10,9 +10,9 @@ namespace inin::site {
 namespace {
 
 /// The server's limit of rows in one statement.
-constexpr std::size_t kMostRows = 1000;
+constexpr std::size_t kMaxRows = 1000;
 /// A longer statement is no faster.
-constexpr std::size_t kMostBytes = 200000;
+constexpr std::size_t kMaxBytes = 200000;
 
 std::string textLiteral(std::string_view text)
 {
@@ -52,7 +52,7 @@ public:
             m_rows += literal(cells[at], m_isDate[at]);
         }
         m_rows += ')';
-        if (++m_count == kMostRows || m_rows.size() > kMostBytes) flush();
+        if (++m_count == kMaxRows || m_rows.size() > kMaxBytes) flush();
     }
 
     void flush()

@@ -1,6 +1,6 @@
 #include "demo_site/visits.h"
 
-#include "demo_site/oddities.h"
+#include "demo_site/demo_irregularities.h"
 
 #include <array>
 

@@ -36,17 +36,17 @@ std::string headingOf(const std::string &name)
     return name + "() でエラー";
 }
 
-std::string insertMap(Site site, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
+std::string insertMap(Branch branch, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
 {
     std::string text = "  INSERT INTO  RIYOUSHA_MAP (  iKyotenCd,  iKyotenEb,  nIDNo,  bAddr1,  bAddr2,  bAddr3,"
                        "  dTimeStamp ) VALUES (       " +
-                       std::to_string(site.iKyotenCd) + "     , " + std::to_string(site.iKyotenEb) + "     , " +
+                       std::to_string(branch.iKyotenCd) + "     , " + std::to_string(branch.iKyotenEb) + "     , " +
                        std::to_string(nIDNo);
     for (const std::string &picture : pictures) text += "     , " + picture;
     return text + "     , getdate())";
 }
 
-std::string updateMap(Site site, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
+std::string updateMap(Branch branch, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
 {
     std::string terms;
     const auto add = [&terms](const char *column, const std::string &picture) {
@@ -58,7 +58,8 @@ std::string updateMap(Site site, std::int32_t nIDNo, const std::array<std::strin
     add("bAddr3", pictures[2]);
     return "  UPDATE  RIYOUSHA_MAP  set " + terms +
            "      ,dTimeStamp = getdate()  WHERE nIDNo =" + std::to_string(nIDNo) +
-           "  and iKyotenCd =" + std::to_string(site.iKyotenCd) + "  and iKyotenEb =" + std::to_string(site.iKyotenEb);
+           "  and iKyotenCd =" + std::to_string(branch.iKyotenCd) +
+           "  and iKyotenEb =" + std::to_string(branch.iKyotenEb);
 }
 
 } // namespace
@@ -72,7 +73,7 @@ bool CorpMap::isPictureThere() const
 }
 
 /// Shows a run-time error under the operation's name and keeps its text as every table does.
-template <class Operation> std::int16_t CorpMap::told(const std::string &name, Operation &&operation)
+template <class Operation> std::int16_t CorpMap::reported(const std::string &name, Operation &&operation)
 {
     return m_table.trapped([&] {
         try {
@@ -98,13 +99,13 @@ std::int16_t CorpMap::connect(const std::string &name)
 
 void CorpMap::iChizuLoad(const std::int32_t &nIDNo, std::int16_t &iStatus)
 {
-    iStatus = told("iChizuLoad", [&] {
+    iStatus = reported("iChizuLoad", [&] {
         if (connect("iChizuLoad") != iGood) return iBad;
-        const Site site = siteOf(m_app);
+        const Branch branch = branchOf(m_app);
         bool isThere = false;
         const std::int16_t status = m_table.walk(
             "  select *  from RIYOUSHA_MAP  where  nIDNo=" + std::to_string(nIDNo) + "  and iKyotenCd=" +
-                std::to_string(site.iKyotenCd) + "  and iKyotenEb=" + std::to_string(site.iKyotenEb),
+                std::to_string(branch.iKyotenCd) + "  and iKyotenEb=" + std::to_string(branch.iKyotenEb),
             [] {}, [&](const Recordset &) { isThere = true; });
         return status == iGood && !isThere ? kNoSuchMap : status;
     });
@@ -122,7 +123,7 @@ void CorpMap::iChizuUpdate(const std::int32_t &nIDNo, std::int16_t &iStatus)
 
 std::int16_t CorpMap::write(const std::string &name, std::int32_t nIDNo, Statement statement)
 {
-    return told(name, [&] {
+    return reported(name, [&] {
         if (nIDNo != kMapTakeOnly && checkWriter(name) != iGood) return iBad;
         // Only the first picture is ever filled.
         const Pictures pictures{takePicture(), kNoPicture, kNoPicture};
@@ -130,7 +131,7 @@ std::int16_t CorpMap::write(const std::string &name, std::int32_t nIDNo, Stateme
         if (connect(name) != iGood) return iBad;
         // A failure leaves the transaction open; it ends with the connection.
         const std::int16_t status =
-            m_table.write(statement(siteOf(m_app), nIDNo, pictures), Transaction::ownUntilDisconnect);
+            m_table.write(statement(branchOf(m_app), nIDNo, pictures), Transaction::ownUntilDisconnect);
         static_cast<void>(m_cADOTo.session->iDisConnect()); // the write has already succeeded or failed
         return status;
     });
@@ -169,7 +170,7 @@ CorpMapHook corpMapHook(App &app)
         if (status != iGood) sErrMsg = map->sErrMsg();
         return status;
     };
-    // The number is always that of the company, not of its row: a site has one map for its company.
+    // The number is always that of the company, not of its row: a branch has one map for its company.
     return {[map, withWords](std::string &sErrMsg) {
                 std::int16_t status = iBad;
                 map->iChizuSave(kMapOfCompany, status);

@@ -10,14 +10,14 @@
 
 namespace inin {
 
-/// The owner of a map: the company's own map has number 0, one per site.
+/// The owner of a map: the company's own map has number 0, one per branch.
 inline constexpr std::int32_t kMapOfCompany = 0;
 /// Only read the picture and delete its file; nothing is written to the database.
 inline constexpr std::int32_t kMapTakeOnly = 99999999;
 /// The status of iChizuLoad if there is no such map.
 inline constexpr std::int16_t kNoSuchMap = -2;
 
-/// The map pictures of the site, written when the map component has left a picture file. Each operation uses a session
+/// The map pictures of the branch, written when the map component has left a picture file. Each operation uses a session
 /// of its own in addition to that of the company table, and so a transaction of its own. Failures of the settings, the
 /// session and the file are shown at once; all error texts are in sErrMsg.
 class CorpMap {
@@ -37,9 +37,9 @@ public:
 
 private:
     using Pictures = std::array<std::string, 3>;
-    using Statement = std::string (*)(Site site, std::int32_t nIDNo, const Pictures &pictures);
+    using Statement = std::string (*)(Branch branch, std::int32_t nIDNo, const Pictures &pictures);
 
-    template <class Operation> [[nodiscard]] std::int16_t told(const std::string &name, Operation &&operation);
+    template <class Operation> [[nodiscard]] std::int16_t reported(const std::string &name, Operation &&operation);
     [[nodiscard]] std::int16_t connect(const std::string &name);
     [[nodiscard]] std::int16_t write(const std::string &name, std::int32_t nIDNo, Statement statement);
     [[nodiscard]] std::int16_t checkWriter(const std::string &name);

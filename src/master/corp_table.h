@@ -21,7 +21,7 @@ struct CorpMapHook {
 /// `eOptions` is ignored. Texts are written into the statements unchanged, quote characters included.
 class cT_CORP {
 public:
-    /// With the site's own map operations (corp_map.h).
+    /// With the branch's own map operations (corp_map.h).
     explicit cT_CORP(App &app);
     cT_CORP(App &app, CorpMapHook mapHook);
 

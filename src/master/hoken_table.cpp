@@ -31,9 +31,9 @@ SelectList<cD_HOKEN> selectList()
     return list;
 }
 
-std::string keyCondition(const cD_HOKEN &row, Site site)
+std::string keyCondition(const cD_HOKEN &row, Branch branch)
 {
-    return "    iType = " + std::to_string(row.iType) + " and" + siteTerm(site);
+    return "    iType = " + std::to_string(row.iType) + " and" + branchTerm(branch);
 }
 
 } // namespace
@@ -52,16 +52,16 @@ std::int16_t cT_HOKEN::iDataRead(const cD_HOKEN *cData)
 std::int16_t cT_HOKEN::iDataInsert(const cD_HOKEN *cData, std::int32_t, Transaction bTransactionFlg)
 {
     return m_table.withRow(cData, [&](const cD_HOKEN &row) {
-        return m_table.write(insertStatement(kHoken, kHokenColumns, row, {siteOf(m_app), {}}), bTransactionFlg);
+        return m_table.write(insertStatement(kHoken, kHokenColumns, row, {branchOf(m_app), {}}), bTransactionFlg);
     });
 }
 
 std::int16_t cT_HOKEN::iDataUpdate(const cD_HOKEN *cData, std::int32_t, Transaction bTransactionFlg)
 {
     return m_table.withRow(cData, [&](const cD_HOKEN &row) {
-        const Site site = siteOf(m_app);
-        return m_table.write(updateStatement(kHoken, kHokenColumns, row, {site, {}}) + " where" +
-                                 keyCondition(row, site),
+        const Branch branch = branchOf(m_app);
+        return m_table.write(updateStatement(kHoken, kHokenColumns, row, {branch, {}}) + " where" +
+                                 keyCondition(row, branch),
                              bTransactionFlg);
     });
 }
@@ -69,7 +69,7 @@ std::int16_t cT_HOKEN::iDataUpdate(const cD_HOKEN *cData, std::int32_t, Transact
 std::int16_t cT_HOKEN::iData削除(const cD_HOKEN *cData, std::int32_t, Transaction bTransactionFlg)
 {
     return m_table.withRow(cData, [&](const cD_HOKEN &row) {
-        return m_table.write(deleteStatement(kHoken) + keyCondition(row, siteOf(m_app)), bTransactionFlg);
+        return m_table.write(deleteStatement(kHoken) + keyCondition(row, branchOf(m_app)), bTransactionFlg);
     });
 }
 

@@ -13,7 +13,7 @@ namespace inin {
 
 namespace {
 
-/// Selects all columns without naming them, so that a column missing at a site does not fail the statement.
+/// Selects all columns without naming them, so that a column missing at a branch does not fail the statement.
 std::string patientSql(const App &app, std::int32_t nCode)
 {
     return "SELECT * FROM RIYOUSHA WHERE nIDNo = " + std::to_string(nCode) +

@@ -47,9 +47,9 @@ std::string printTypeTerm(std::int32_t iPrintType)
 }
 
 /// System-wide forms have no branch condition.
-void addSite(Condition &condition, std::int32_t iPrintType, Site site)
+void addBranch(Condition &condition, std::int32_t iPrintType, Branch branch)
 {
-    if (!isSystemWide(iPrintType)) condition.add(siteTerm(site));
+    if (!isSystemWide(iPrintType)) condition.add(branchTerm(branch));
 }
 
 Condition numberCondition(std::int32_t nIDNo)
@@ -59,21 +59,21 @@ Condition numberCondition(std::int32_t nIDNo)
     return condition;
 }
 
-Condition gridCondition(const Row &row, Site site)
+Condition gridCondition(const Row &row, Branch branch)
 {
     Condition condition;
     condition.add(printTypeTerm(row.iPrintType));
-    addSite(condition, row.iPrintType, site);
+    addBranch(condition, row.iPrintType, branch);
     if (row.iDelFlg == 0) condition.add("    (iDelFlg = 0 OR iDelFlg IS NULL)");
     if (row.iStateNo > 0) condition.add("    iStateNo = " + std::to_string(row.iStateNo));
     return condition;
 }
 
 /// 0 is an ordinary number here; -1 sets no condition.
-Condition readCondition(const Row &row, Site site)
+Condition readCondition(const Row &row, Branch branch)
 {
     Condition condition = row.nIDNo > -1 ? numberCondition(row.nIDNo) : Condition();
-    addSite(condition, row.iPrintType, site);
+    addBranch(condition, row.iPrintType, branch);
     condition.add(printTypeTerm(row.iPrintType));
     return condition;
 }
@@ -98,7 +98,7 @@ std::int16_t cT_SHINSEISYO::iGetMaxIDNo(std::int32_t &nMaxNo, std::int16_t iPrin
 {
     return m_table.trapped([&] {
         Condition condition;
-        addSite(condition, iPrintType, siteOf(m_app));
+        addBranch(condition, iPrintType, branchOf(m_app));
         condition.add(printTypeTerm(iPrintType));
         return m_table.number("  select      max(SHINSEISYO.nIDNo) as nIDNo  FROM      SHINSEISYO" + condition.text(),
                               "nIDNo", nMaxNo);
@@ -110,7 +110,7 @@ std::int16_t cT_SHINSEISYO::iDataReadGrid(const cD_SHINSEISYO *cData)
     return m_table.trapped([&] {
         if (cData == nullptr) throw RuntimeError(error_number::objectNotSet);
         const SelectList<Row> list = selectList();
-        return m_table.read(readStatement(list, gridCondition(*cData, siteOf(m_app))), list.filled());
+        return m_table.read(readStatement(list, gridCondition(*cData, branchOf(m_app))), list.filled());
     });
 }
 
@@ -118,7 +118,7 @@ std::int16_t cT_SHINSEISYO::iDataRead(const cD_SHINSEISYO *cData)
 {
     return m_table.withRow(cData, [&](const Row &row) {
         const SelectList<Row> list = selectList();
-        return m_table.read(readStatement(list, readCondition(row, siteOf(m_app))), list.filled());
+        return m_table.read(readStatement(list, readCondition(row, branchOf(m_app))), list.filled());
     });
 }
 
@@ -126,7 +126,7 @@ std::int16_t cT_SHINSEISYO::iDataInsert(const cD_SHINSEISYO *cData, std::int32_t
 {
     // This table has no column for the computer's name, but a computer without a name is refused all the same.
     return m_table.toWrite(cData, [&](const Row &row, WriteContext context) {
-        if (isSystemWide(row.iPrintType)) context.site = {};
+        if (isSystemWide(row.iPrintType)) context.branch = {};
         return m_table.write(insertStatement(kShinseisyo, kShinseisyoColumns, row, context), bTransactionFlg);
     });
 }
@@ -135,7 +135,7 @@ std::int16_t cT_SHINSEISYO::iDataUpdate(const cD_SHINSEISYO *cData, std::int32_t
 {
     return m_table.toWrite(cData, [&](const Row &row, const WriteContext &context) {
         Condition condition = numberCondition(row.nIDNo);
-        addSite(condition, row.iPrintType, context.site);
+        addBranch(condition, row.iPrintType, context.branch);
         condition.add(printTypeTerm(row.iPrintType));
         return m_table.write(updateStatement(kShinseisyo, kShinseisyoColumns, row, context) + condition.text(),
                              bTransactionFlg);
@@ -145,11 +145,11 @@ std::int16_t cT_SHINSEISYO::iDataUpdate(const cD_SHINSEISYO *cData, std::int32_t
 std::int16_t cT_SHINSEISYO::iData削除(const cD_SHINSEISYO *cData, std::int32_t, Transaction bTransactionFlg)
 {
     return m_table.withRow(cData, [&](const Row &row) {
-        const Site site = siteOf(m_app);
+        const Branch branch = branchOf(m_app);
         std::string sql = deleteStatement(kShinseisyo) + "    nIDNo = " + std::to_string(row.nIDNo);
         if (!isSystemWide(row.iPrintType))
-            sql += "    and iKyotenCd = " + std::to_string(site.iKyotenCd) +
-                   "    and iKyotenEb = " + std::to_string(site.iKyotenEb);
+            sql += "    and iKyotenCd = " + std::to_string(branch.iKyotenCd) +
+                   "    and iKyotenEb = " + std::to_string(branch.iKyotenEb);
         return m_table.write(sql + "    and iPrintType = " + std::to_string(row.iPrintType), bTransactionFlg);
     });
 }

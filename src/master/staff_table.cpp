@@ -82,7 +82,7 @@ std::int16_t cT_STAFF::iDataReadGrid(const cD_STAFF *cData)
     return m_table.withRow(cData, [&](const cD_STAFF &row) {
         const SelectList<cD_STAFF> list = staffSelectList(StaffRead::grid);
         Condition condition = gridCondition(row, "");
-        condition.add(siteTerm(siteOf(m_app)));
+        condition.add(branchTerm(branchOf(m_app)));
         return m_table.read(readStatement("  select", list, condition.text()), list.filled());
     });
 }
@@ -93,7 +93,7 @@ std::int16_t cT_STAFF::iDataRead(const cD_STAFF *cData)
         const SelectList<cD_STAFF> list = staffSelectList(StaffRead::read);
         std::string condition = numberCondition(row);
         if (m_app.iKyotenIdMode == 0)
-            condition += " and" + siteTerm(siteOf(m_app));
+            condition += " and" + branchTerm(branchOf(m_app));
         else if (!row.cName.empty())
             condition += " AND cName = '" + row.cName + "' ";
         return m_table.read(readStatement("  select TOP 1", list, condition), list.filled());
@@ -104,8 +104,9 @@ std::int16_t cT_STAFF::iDataIdentChk(const cD_STAFF *cData)
 {
     return m_table.withRow(cData, [&](const cD_STAFF &row) {
         const SelectList<cD_STAFF> list = staffSelectList(StaffRead::read);
-        return m_table.read(readStatement("  select", list, numberCondition(row) + " and" + siteTerm(siteOf(m_app))),
-                            list.filled());
+        return m_table.read(
+            readStatement("  select", list, numberCondition(row) + " and" + branchTerm(branchOf(m_app))),
+            list.filled());
     });
 }
 
@@ -133,7 +134,7 @@ std::int16_t cT_STAFF::iDataUpdate(const cD_STAFF *cData, std::int32_t, Transact
 {
     return m_table.toWrite(cData, [&](const cD_STAFF &row, const WriteContext &context) {
         std::string sql = updateStatement(kStaff, staffColumns(), row, context) + numberCondition(row);
-        if (m_app.iKyotenIdMode == 0) sql += " and" + siteTerm(context.site);
+        if (m_app.iKyotenIdMode == 0) sql += " and" + branchTerm(context.branch);
         return m_table.write(sql, bTransactionFlg);
     });
 }
@@ -142,7 +143,7 @@ std::int16_t cT_STAFF::iData削除(const cD_STAFF *cData, std::int32_t, Transact
 {
     return m_table.withRow(cData, [&](const cD_STAFF &row) {
         return m_table.write(deleteStatement(kStaff) + "    nIDNo = " + std::to_string(row.nIDNo) + " and" +
-                                 siteTerm(siteOf(m_app)),
+                                 branchTerm(branchOf(m_app)),
                              bTransactionFlg);
     });
 }

@@ -19,9 +19,9 @@ std::int32_t FieldReader::number(const Variant &value) const
     return value.isNull() ? 0 : toLong(value, regional);
 }
 
-std::string siteTerm(Site site)
+std::string branchTerm(Branch branch)
 {
-    return " iKyotenCd = " + std::to_string(site.iKyotenCd) + " and iKyotenEb = " + std::to_string(site.iKyotenEb);
+    return " iKyotenCd = " + std::to_string(branch.iKyotenCd) + " and iKyotenEb = " + std::to_string(branch.iKyotenEb);
 }
 
 std::string spelled(WrittenAs written, const std::string &value, WriteKind kind)
@@ -49,10 +49,10 @@ std::string assignment(const char *name, WrittenAs written, const std::string &v
     return std::string(name) + (isWide ? " =  " : " = ") + spelled(written, value, WriteKind::update);
 }
 
-std::string listItem(std::size_t place, const std::string &text, std::size_t commasBehind)
+std::string listItem(std::size_t place, const std::string &text, std::size_t trailingCommas)
 {
-    if (place < commasBehind) return "      " + text + ",";
-    return (place == commasBehind ? "      " : "     ,") + text;
+    if (place < trailingCommas) return "      " + text + ",";
+    return (place == trailingCommas ? "      " : "     ,") + text;
 }
 
 } // namespace inin

@@ -56,23 +56,23 @@ template <class Row> struct TableColumn {
 struct TableShape {
     std::string_view name;
     /// The first columns of an insert, this many, have their comma after them instead of before the next one.
-    std::size_t commasBehind = 0;
+    std::size_t trailingCommas = 0;
     Unreadable unreadable = Unreadable::raises;
 };
 
 /// The branch of a statement.
-struct Site {
+struct Branch {
     std::int32_t iKyotenCd = 0;
     std::int32_t iKyotenEb = 0;
 };
-[[nodiscard]] inline Site siteOf(const App &app)
+[[nodiscard]] inline Branch branchOf(const App &app)
 {
     return {app.iKyotenCd, app.iKyotenEb};
 }
 
 /// The values of a write that are not in the row.
 struct WriteContext {
-    Site site;
+    Branch branch;
     std::string computerName;
 };
 
@@ -90,13 +90,13 @@ struct FieldReader {
 // Parts of statements that do not depend on the row's type.
 
 /// " iKyotenCd = 1 and iKyotenEb = 2"
-[[nodiscard]] std::string siteTerm(Site site);
+[[nodiscard]] std::string branchTerm(Branch branch);
 /// The value in the notation of that kind of write.
 [[nodiscard]] std::string spelled(WrittenAs written, const std::string &value, WriteKind kind);
 /// "name = 'value'" of a set list.
 [[nodiscard]] std::string assignment(const char *name, WrittenAs written, const std::string &value);
 /// One item of a list of columns or values, with the blanks and the comma for its position.
-[[nodiscard]] std::string listItem(std::size_t place, const std::string &text, std::size_t commasBehind = 0);
+[[nodiscard]] std::string listItem(std::size_t place, const std::string &text, std::size_t trailingCommas = 0);
 
 /// A condition: the first term is prefixed by " where", each further one by " and".
 class Condition {

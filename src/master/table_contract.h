@@ -53,7 +53,7 @@ public:
     template <class Row, class Operation> [[nodiscard]] std::int16_t toWrite(const Row *cData, Operation &&operation)
     {
         return withRow(cData, [&](const Row &row) {
-            WriteContext context{siteOf(m_app), {}};
+            WriteContext context{branchOf(m_app), {}};
             if (computerName(context.computerName) != iGood) return failed("コンピューター名の取得に失敗しました。");
             return static_cast<std::int16_t>(operation(row, context));
         });

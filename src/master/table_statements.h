@@ -64,9 +64,9 @@ template <class Row>
     };
     switch (column.from) {
     case ValueFrom::siteCode:
-        return std::to_string(context.site.iKyotenCd);
+        return std::to_string(context.branch.iKyotenCd);
     case ValueFrom::siteSubCode:
-        return std::to_string(context.site.iKyotenEb);
+        return std::to_string(context.branch.iKyotenEb);
     case ValueFrom::computerName:
         return context.computerName;
     case ValueFrom::row:
@@ -84,9 +84,9 @@ template <class Row, class Columns>
     std::size_t place = 0;
     for (const TableColumn<Row> &column : columns) {
         if (column.written == WrittenAs::never) continue;
-        names += listItem(place, column.name, table.commasBehind);
+        names += listItem(place, column.name, table.trailingCommas);
         values += listItem(place, spelled(column.written, valueText(column, row, context), WriteKind::insert),
-                           table.commasBehind);
+                           table.trailingCommas);
         ++place;
     }
     return " insert into    " + std::string(table.name) + " (" + names + " )values( " + values + " ) ";

@@ -6,6 +6,6 @@ namespace inin {
 
 /// Settings files are small: one with more bytes than this counts as unreadable, because reading it would take all memory
 /// or never end.
-inline constexpr std::size_t kMostSettingsBytes = std::size_t{16} << 20;
+inline constexpr std::size_t kMaxSettingsBytes = std::size_t{16} << 20;
 
 } // namespace inin

@@ -25,7 +25,7 @@ public:
     virtual void checkPicture(const std::string &path) = 0;
     virtual void beep() = 0;
     /// Processes pending events.
-    virtual void giveTime() = 0;
+    virtual void processWaitingEvents() = 0;
     virtual void moveFocus(Form &form, Control &control) = 0;
     virtual void sendTab(Form &form) = 0;
     /// The control with the focus, nullptr for none.

@@ -15,7 +15,7 @@ namespace inin {
 namespace {
 
 constexpr const char *kHeading = "iGetKanjaData でエラー";
-constexpr std::size_t kMostLetters = std::size_t{std::numeric_limits<std::int16_t>::max()} + 1;
+constexpr std::size_t kMaxLetters = std::size_t{std::numeric_limits<std::int16_t>::max()} + 1;
 
 std::int16_t openForward(cT_ADODB &session, Recordset &rsData, const std::string &sql)
 {
@@ -85,7 +85,7 @@ try {
     aIninRow.assign(1, IninRow{});
     // Reserve the largest possible count: unused capacity costs no memory, but growing would move the rows a dozen
     // times.
-    aIninRow.reserve(kMostLetters);
+    aIninRow.reserve(kMaxLetters);
     const TargetDate target(csTargetDate, m_app.regional);
     const ExtractionQuery query = queryFor(rule, target);
     const LetterDates dates = datesOf(target);

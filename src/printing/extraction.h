@@ -12,12 +12,12 @@ namespace inin {
 class LetterReader;
 
 /// The value that is appended directly after a piece of a statement, numbers in plain digits.
-enum class Behind { nothing, iKyotenCd, iKyotenEb, lowerBound, upperBound, nKanjaNo };
+enum class AppendedValue { nothing, iKyotenCd, iKyotenEb, lowerBound, upperBound, nKanjaNo };
 
 /// A statement is one text, appended piece by piece; the pieces include their blanks.
 struct SqlPiece {
     std::string_view text;
-    Behind behind = Behind::nothing;
+    AppendedValue appended = AppendedValue::nothing;
 };
 
 /// The inputs of a statement other than its rule.

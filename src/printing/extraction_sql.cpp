@@ -35,8 +35,8 @@ constexpr SqlPiece kCommonColumns[] = {
 };
 constexpr SqlPiece kCompanyJoin[] = {
     {" LEFT JOIN CORP ON "},
-    {"      CORP.iKyotenCd = ", Behind::iKyotenCd},
-    {"      AND CORP.iKyotenEb = ", Behind::iKyotenEb},
+    {"      CORP.iKyotenCd = ", AppendedValue::iKyotenCd},
+    {"      AND CORP.iKyotenEb = ", AppendedValue::iKyotenEb},
 };
 constexpr std::string_view kHeadOfficeRow = " AND CORP.iType = 0 ";
 constexpr std::string_view kAgentRow = " AND CORP.nIDNo = RIYOUSHA.nDairiID ";
@@ -44,32 +44,32 @@ constexpr std::string_view kAgentRow = " AND CORP.nIDNo = RIYOUSHA.nDairiID ";
 constexpr SqlPiece kGroupJoinsAndBranch[] = {
     {" LEFT JOIN RIYOUSHA_SUB ON "},
     {"          RIYOUSHA_SUB.nIDNo = RIYOUSHA.nIDNo "},
-    {"      AND RIYOUSHA_SUB.iKyotenCd = ", Behind::iKyotenCd},
-    {"      AND RIYOUSHA_SUB.iKyotenEb = ", Behind::iKyotenEb},
+    {"      AND RIYOUSHA_SUB.iKyotenCd = ", AppendedValue::iKyotenCd},
+    {"      AND RIYOUSHA_SUB.iKyotenEb = ", AppendedValue::iKyotenEb},
     {" LEFT JOIN CORP AS DANTAICORP ON "},
-    {"          DANTAICORP.iKyotenCd = ", Behind::iKyotenCd},
-    {"      AND DANTAICORP.iKyotenEb = ", Behind::iKyotenEb},
+    {"          DANTAICORP.iKyotenCd = ", AppendedValue::iKyotenCd},
+    {"      AND DANTAICORP.iKyotenEb = ", AppendedValue::iKyotenEb},
     {"      AND DANTAICORP.iType = 3 "},
     {" WHERE "},
-    {"     RIYOUSHA.iKyotenCd = ", Behind::iKyotenCd},
-    {" AND RIYOUSHA.iKyotenEb = ", Behind::iKyotenEb},
+    {"     RIYOUSHA.iKyotenCd = ", AppendedValue::iKyotenCd},
+    {" AND RIYOUSHA.iKyotenEb = ", AppendedValue::iKyotenEb},
     {" AND HOKENJA.cIDno = RIYOUSHA.cHokenNo "},
 };
 
-std::string valueOf(Behind behind, const ExtractionQuery &query)
+std::string valueOf(AppendedValue appended, const ExtractionQuery &query)
 {
-    switch (behind) {
-    case Behind::nothing:
+    switch (appended) {
+    case AppendedValue::nothing:
         return {};
-    case Behind::iKyotenCd:
+    case AppendedValue::iKyotenCd:
         return std::to_string(query.iKyotenCd);
-    case Behind::iKyotenEb:
+    case AppendedValue::iKyotenEb:
         return std::to_string(query.iKyotenEb);
-    case Behind::lowerBound:
+    case AppendedValue::lowerBound:
         return query.bounds.lower;
-    case Behind::upperBound:
+    case AppendedValue::upperBound:
         return query.bounds.upper;
-    case Behind::nKanjaNo:
+    case AppendedValue::nKanjaNo:
         return std::to_string(query.nKanjaNo);
     }
     return {};
@@ -79,7 +79,7 @@ void append(std::string &sql, std::span<const SqlPiece> pieces, const Extraction
 {
     for (const SqlPiece &piece : pieces) {
         sql += piece.text;
-        sql += valueOf(piece.behind, query);
+        sql += valueOf(piece.appended, query);
     }
 }
 

@@ -14,7 +14,7 @@ constexpr const char *kRunFile = "委任状.run";
 constexpr const char *kFirstLine = "PrintInin run 1\n";
 constexpr std::string_view kHolder = "holder ";
 constexpr std::size_t kComputerNameCapacity = 256;
-constexpr std::size_t kMostBytes = 1024; // far more than the lines of a run need
+constexpr std::size_t kMaxBytes = 1024; // far more than the lines of a run need
 
 // Three seconds: most runs are over by then. Attempts are counted because a clock can stop or be set back.
 constexpr int kAttempts = 30;
@@ -60,7 +60,7 @@ bool RunFile::isBusyForSeconds()
 /// The holder for the operator: "RECEPTION1（プロセス 1234）".
 std::string RunFile::holder()
 try {
-    const std::string text = m_app.platform.files.openForInput(m_path)->read(kMostBytes);
+    const std::string text = m_app.platform.files.openForInput(m_path)->read(kMaxBytes);
     const std::size_t begin = text.find(kHolder);
     const std::size_t end = text.find('\n', begin);
     const std::size_t number = text.rfind(' ', end);

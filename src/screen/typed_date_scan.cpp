@@ -131,7 +131,7 @@ bool isAtDateEnd(TextScan scan)
     return scan.atEnd();
 }
 
-constexpr std::size_t kMostDigits = 8;
+constexpr std::size_t kMaxDigits = 8;
 
 } // namespace
 
@@ -163,7 +163,7 @@ ScannedDate scanTypedDate(std::string_view foldedText, std::span<const Era> eraT
     while (hasSeparator) {
         scan.skipBlanks();
         const std::string_view digits = takeNumber(scan);
-        if (digits.empty() || digits.size() > kMostDigits) return scanned;
+        if (digits.empty() || digits.size() > kMaxDigits) return scanned;
         ScannedDate::Number &number = scanned.numbers.emplace_back();
         number.value = std::stoi(std::string(digits));
         number.digits = digits.size();

@@ -205,7 +205,7 @@ void SearchForm::returnKey()
     const Control *active = windows.activeControl(*this);
     if (!confirmEntry(active) || !goesOnByReturn(active)) return;
     windows.sendTab(*this);
-    windows.giveTime();
+    windows.processWaitingEvents();
 }
 
 std::vector<std::pair<std::string, Variant>> SearchForm::fields() const

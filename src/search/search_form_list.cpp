@@ -133,7 +133,7 @@ std::int16_t SearchForm::search()
     std::int16_t status = iBad;
     {
         const RedrawOff off(spr_1ran);
-        m_app.platform.windows.giveTime();
+        m_app.platform.windows.processWaitingEvents();
         status = iDsp1ranSub();
     }
     if (status == iBad) systemErrorBox();

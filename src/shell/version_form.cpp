@@ -25,7 +25,7 @@ struct VersionLine {
     std::string label;
     std::int16_t owner = 0;
 };
-constexpr std::size_t kMostLines = 20;
+constexpr std::size_t kMaxLines = 20;
 
 /// Sets `value` to the text after the first "=" if the field contains the key at any position.
 void takeValue(const std::string &field, std::string_view key, std::string &value)
@@ -79,7 +79,7 @@ void frmVer::mnF12_Click()
 
 void frmVer::vDspVersion()
 {
-    std::array<VersionLine, kMostLines> lines;
+    std::array<VersionLine, kMaxLines> lines;
     (void)csGetVersionFile(lines[0].text, lines[1].text); // the whole file is not needed here
     if (m_app.iTankaKaitei > 0) lines[2].text = "※令和元年 単価変更対応済";
     for (const VersionLine &line : lines) {

@@ -40,7 +40,7 @@ float frmWaitMsg::wait(float seconds)
     double last = m_app.platform.clock.timer();
     double gone = 0;
     while (gone < seconds && isLoaded()) {
-        m_app.platform.windows.giveTime();
+        m_app.platform.windows.processWaitingEvents();
         const double now = m_app.platform.clock.timer();
         // The timer restarts at midnight. Counting from pass to pass allows a wait across any number of midnights.
         gone += now < last ? now + kSecondsOfDay - last : now - last;

@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLongestConnection = 255;
 
 /// More findings of one kind in a table would hide the others.
-constexpr std::size_t kMostValues = 50;
+constexpr std::size_t kMaxValues = 50;
 
 /// The connection string in "adodb.ini"; adds a finding if there is none.
 std::optional<std::string> connectionText(const fs::path &folder, Findings &findings)
@@ -179,9 +179,9 @@ private:
              !rows->isEndOfFile(); rows->MoveNext())
             for (std::size_t at = 0; at < letter.columns.size(); ++at)
                 checkLetterValue(letter, letter.columns[at], rows->Value(0), rows->Value(at + 1), count);
-        if (count > kMostValues)
+        if (count > kMaxValues)
             m_findings.push_back(fmt::format("テーブル「{}」に、委任状が増えるか崩れる値がほかに{}件あります。",
-                                             letter.table, count - kMostValues));
+                                             letter.table, count - kMaxValues));
     } catch (const RuntimeError &) {
         // A missing table or column is already a finding.
     }
@@ -192,7 +192,7 @@ private:
     {
         const auto *text = value.getIf<std::string>();
         const std::string_view found = text == nullptr ? std::string_view() : breakIn(*text);
-        if (found.empty() || ++count > kMostValues) return;
+        if (found.empty() || ++count > kMaxValues) return;
         m_findings.push_back(
             fmt::format("テーブル「{}」の列「{}」の値（{} = {}）に{}があり、委任状が増えるか崩れます。", letter.table,
                         column, letter.key, key.isNull() ? "NULL" : toText(key, Regional{}), found));

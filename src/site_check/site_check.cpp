@@ -27,7 +27,7 @@ std::optional<std::string> readSettingsFile(const std::filesystem::path &path, c
     const std::filesystem::path real = pathOf(systemPath(textOf(path)));
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(real, error); // also fails for folders and devices
-    if (!error && size <= kMostSettingsBytes) return readSiteFile(path);
+    if (!error && size <= kMaxSettingsBytes) return readSiteFile(path);
     const bool isThere = std::filesystem::exists(real, error);
     findings.push_back(
         isThere ? fmt::format("「{}」を設定ファイルとして読み込めません（16 MB を超えるか、ファイルではありません）。",

@@ -6,7 +6,7 @@
 #include "bench/letter_rows.h"
 #include "bench/noted_texts.h"
 #include "support/file_bytes.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 #include <algorithm>
 #include <exception>
@@ -26,7 +26,7 @@ void writePlainJob(const LetterJob &job)
 {
     const viewer::LetterSet set = viewer::openScript(job.script());
     viewer::Fonts fonts;
-    viewer::LetterPress press(set, fonts);
+    viewer::LetterRenderer press(set, fonts);
     NotedTexts notes(press.paperSize().y);
     press.layoutOf(0).paintShared(notes);
     std::string fontLines, shared, letters;

@@ -6,7 +6,7 @@
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "bench/noted_texts.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 #include <cstdlib>
 #include <exception>
@@ -53,7 +53,7 @@ std::string escaped(const std::string &text)
 }
 
 /// Writes the first letters as one text document in a single XML file.
-void writeDocument(const std::string &path, viewer::LetterPress &press, std::size_t pages)
+void writeDocument(const std::string &path, viewer::LetterRenderer &press, std::size_t pages)
 {
     std::ofstream out(path, std::ios::binary);
     out << R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -116,7 +116,7 @@ int compare(const fs::path &folder)
     const LetterJob job(kLetters);
     const viewer::LetterSet set = viewer::openScript(job.script());
     viewer::Fonts fonts;
-    viewer::LetterPress press(set, fonts);
+    viewer::LetterRenderer press(set, fonts);
     writeDocument(job.file("one.fodt"), press, 1);
     writeDocument(job.file("many.fodt"), press, kPages + 1);
 

@@ -3,7 +3,7 @@
 
 #include "bench/bench_process.h"
 #include "bench/letter_job.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 #include "viewer/paint/qt_page_painter.h"
 
 #include <fmt/format.h>
@@ -46,7 +46,7 @@ int openOnce(const std::string &script)
     const viewer::LetterSet set = viewer::openScript(script);
     const double opened = millisecondsSince(start);
     viewer::Fonts fonts;
-    viewer::LetterPress press(set, fonts);
+    viewer::LetterRenderer press(set, fonts);
     const double prepared = millisecondsSince(start);
     viewer::QtGlyphs glyphs;
     const QImage page = viewer::letterImage(press, 0, kDotsPerInch, glyphs);

@@ -36,7 +36,7 @@ public:
     void show(Form &, Modality) override {}
     void checkPicture(const std::string &) override {}
     void beep() override {}
-    void giveTime() override {}
+    void processWaitingEvents() override {}
     void moveFocus(Form &, Control &) override {}
     void sendTab(Form &) override {}
     Control *activeControl(Form &) override { return nullptr; }

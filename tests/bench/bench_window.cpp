@@ -4,8 +4,8 @@
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "suite_text/code_page_932.h"
-#include "viewer/window/look.h"
 #include "viewer/window/page_view.h"
+#include "viewer/window/viewer_style.h"
 #include "viewer/window/viewer_window.h"
 
 #include <QAbstractScrollArea>
@@ -104,7 +104,7 @@ public:
         m_work.add(worked() - before);
         m_clock.add(milliseconds(since));
     }
-    void tell(const char *what) const
+    void print(const char *what) const
     {
         fmt::print(
             "window: {} {:.1f} ms, the slowest of {} {:.1f} ms; of work {:.1f} and {:.1f} ms (aim: each under 10)\n",
@@ -137,7 +137,7 @@ void turn(ViewerWindow &window, PageView &page, bool reads, const char *what)
             page.viewport()->repaint();
         });
     }
-    times.tell(what);
+    times.print(what);
     window.showLetter(0);
 }
 
@@ -185,32 +185,32 @@ void timeTurning(OpenLetters &letters)
     for (std::size_t i = 1; i <= kTurned; ++i) {
         QImage image;
         kept.time([&] { (void)letters.pictures.of(i); });
-        whole.time([&] { image = letterImage(letters.press, i, kDotsPerInch, letters.glyphs); });
+        whole.time([&] { image = letterImage(letters.renderer, i, kDotsPerInch, letters.glyphs); });
         require(letters.pictures.of(i) == image, "the kept picture is another than the letter");
         require(image != before, "two letters look the same");
         before = image;
     }
     require(inkOf(before) > 1000, "a page is blank");
-    whole.tell("a page painted whole at 150 dpi");
-    kept.tell("a page made from its form's picture at 150 dpi");
+    whole.print("a page painted whole at 150 dpi");
+    kept.print("a page made from its form's picture at 150 dpi");
 }
 
 void timeCheck(OpenLetters &letters)
 {
     QElapsedTimer since;
     since.start();
-    const std::vector<Finding> findings = checkLetters(letters.press);
+    const std::vector<Finding> findings = checkLetters(letters.renderer);
     fmt::print("check: {} letters {:.0f} ms (aim: under 1000)\n", kLetters, milliseconds(since));
     require(findings.size() == 1 && findings[0].letter == kSpoilt && findings[0].cause == Cause::noHolder,
             "the check found other things");
 }
 
-void timeRoad(OpenLetters &letters, const PrintRoads &roads, const QString &path, const char *what)
+void timePath(OpenLetters &letters, const PrintPaths &paths, const QString &path, const char *what)
 {
     letters.ticks.setText(fmt::format("1-{}", kPrinted));
     QElapsedTimer since;
     since.start();
-    const PrintResult result = printLetters(letters, letters.ticks.letters(), {}, roads, {});
+    const PrintResult result = printLetters(letters, letters.ticks.letters(), {}, paths, {});
     const double spent = milliseconds(since);
     require(result.isDone() && result.sent == kPrinted, "the print failed");
     const double bytes = static_cast<double>(QFileInfo(path).size());
@@ -232,8 +232,8 @@ void timePrint(OpenLetters &letters, const bench::LetterJob &job)
         printer->setOutputFileName(path);
         return printer;
     };
-    timeRoad(letters, {spool, {}}, path, "as the system's spooler gets them");
-    timeRoad(letters, {{}, make}, path, "painted on a printer");
+    timePath(letters, {spool, {}}, path, "as the system's spooler gets them");
+    timePath(letters, {{}, make}, path, "painted on a printer");
 }
 
 } // namespace
@@ -245,7 +245,7 @@ try {
     using namespace inin::viewer;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    applyLook(application);
+    applyStyle(application);
     const inin::bench::LetterJob job(kLetters);
     addSpoiltLetter(job);
     timeWindow(job);

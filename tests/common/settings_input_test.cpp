@@ -32,14 +32,14 @@ std::string failureAt(std::size_t size)
 
 TEST_CASE("a settings file of 16 MB is read, a larger one is refused with a sentence")
 {
-    CHECK(failureAt(kMostSettingsBytes) == "");
-    CHECK(failureAt(kMostSettingsBytes + 1) == "設定ファイル（C:\\SUITE\\Massage.ini）が 16 MB を超えています。");
+    CHECK(failureAt(kMaxSettingsBytes) == "");
+    CHECK(failureAt(kMaxSettingsBytes + 1) == "設定ファイル（C:\\SUITE\\Massage.ini）が 16 MB を超えています。");
 }
 
 TEST_CASE("lines and fields are read within the limit of settings files")
 {
     FakeWorld world;
-    world.files.put(kPath, std::string(kMostSettingsBytes + 1, 'x'));
+    world.files.put(kPath, std::string(kMaxSettingsBytes + 1, 'x'));
     std::string line;
     CHECK_THROWS_AS((void)TextInput(world.platform, kPath).readLine(line), RuntimeError);
     CHECK_THROWS_AS((void)FieldInput(world.platform, kPath).next(), RuntimeError);

@@ -1,5 +1,5 @@
 #include "data/csv_fixture.h"
-#include "support/spoiled_database.h"
+#include "support/faulty_database.h"
 
 using namespace inin;
 
@@ -56,10 +56,10 @@ TEST_CASE("a run-time error of the opening is reported with its number")
     for (const Row &given :
          {Row{&RecordsetFaults::creation, "(429)故障 429"}, Row{&RecordsetFaults::cursorLocation, "(429)故障 429"},
           Row{&RecordsetFaults::recordCount, "(429)故障 429"}}) {
-        SpoiledWorld world;
+        FaultyWorld world;
         world.faulty.faults.*given.fault = 429;
         world.database.results.push_back(answer({"a"}, {{"x"}}));
-        cls_JetDB2CSV csv(world.spoiled);
+        cls_JetDB2CSV csv(world.faultyApp);
         std::int32_t nRecSuu = -7;
         CHECK(csv.iInitJ2C("SELECT 1", kFile, nRecSuu) == iBad);
         CHECK(world.boxes.shown == Boxes{critical(std::string("iInitJ2C() でエラー\r\n") + given.words)});
@@ -155,9 +155,9 @@ TEST_CASE("a new opening releases the previous session")
 
 TEST_CASE("a record set or session that does not close fails only the first end")
 {
-    SpoiledWorld world;
+    FaultyWorld world;
     world.database.results.push_back(answer({"a"}, {{"x"}}));
-    cls_JetDB2CSV csv(world.spoiled);
+    cls_JetDB2CSV csv(world.faultyApp);
     std::int32_t nRecSuu = 0;
     REQUIRE(csv.iInitJ2C("SELECT 1", kFile, nRecSuu) == iGood);
     world.faulty.faults.close = 3704;

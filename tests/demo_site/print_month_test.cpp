@@ -25,15 +25,15 @@ TEST_CASE("the scenario of a month's print ends by itself, without a box and wit
     const PrintMonth play;
     CHECK(play.result() == kPlayedToTheEnd);
     CHECK(play.errors().empty());
-    CHECK_FALSE(play.tells("\"event\":\"box\""));
-    CHECK_FALSE(play.tells("\"event\":\"refused\""));
+    CHECK_FALSE(play.reports("\"event\":\"box\""));
+    CHECK_FALSE(play.reports("\"event\":\"refused\""));
 }
 
 TEST_CASE("the scenario of a month's print passes its letters to the form tool and returns to the menu")
 {
     const PrintMonth play;
-    CHECK(play.tells("\"command\":\"wfrfv10.exe /c "));
-    CHECK(play.tells("Main.exe 2\""));
+    CHECK(play.reports("\"command\":\"wfrfv10.exe /c "));
+    CHECK(play.reports("Main.exe 2\""));
 }
 
 TEST_CASE("the scenario of a month's print writes a letter for each patient with a visit and an insurer")

@@ -28,9 +28,9 @@ TEST_CASE("the scenario of a staff member's day ends by itself, without a box an
     const PrintStaffDay play;
     CHECK(play.result() == kPlayedToTheEnd);
     CHECK(play.errors().empty());
-    CHECK_FALSE(play.tells("\"event\":\"box\""));
-    CHECK_FALSE(play.tells("\"event\":\"refused\""));
-    CHECK(play.tells("Main.exe 2\""));
+    CHECK_FALSE(play.reports("\"event\":\"box\""));
+    CHECK_FALSE(play.reports("\"event\":\"refused\""));
+    CHECK(play.reports("Main.exe 2\""));
 }
 
 TEST_CASE("the scenario of a staff member's day queries that member and the index of the insurance kind, twice alike")
@@ -57,8 +57,8 @@ TEST_CASE(
         " AND p.iHoken = 5 AND date(j.tServicyDayStart) = '2024-05-31'");
     REQUIRE(due == 10);
     CHECK(std::ranges::count(play.csv(), '\n') == 1 + 10);
-    CHECK(play.tells("\"iRowCount\":10"));
-    CHECK(play.tells("\"nStaffNo\":8"));
+    CHECK(play.reports("\"iRowCount\":10"));
+    CHECK(play.reports("\"nStaffNo\":8"));
 }
 
 TEST_CASE("the scenario of a staff member's day stores its options")

@@ -25,7 +25,7 @@ SitePlay::SitePlay(const std::string &scenario, const std::string &now)
     });
 }
 
-bool SitePlay::tells(const std::string &text) const
+bool SitePlay::reports(const std::string &text) const
 {
     return m_transcript.str().find(text) != std::string::npos;
 }

@@ -17,7 +17,7 @@ public:
 
     [[nodiscard]] int result() const { return m_result; }
     [[nodiscard]] std::string errors() const { return m_errors.str(); }
-    [[nodiscard]] bool tells(const std::string &text) const;
+    [[nodiscard]] bool reports(const std::string &text) const;
     /// The transcript's lines that contain this text, in order.
     [[nodiscard]] std::vector<std::string> linesWith(const std::string &text) const;
     [[nodiscard]] std::string csv() const { return bytesOf(at("TMP") / pathOf("委任状.csv")); }

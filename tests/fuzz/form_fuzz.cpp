@@ -3,7 +3,7 @@
 // spent on its fonts, so only every fourth input gets one; the others are laid out and checked as they are painted.
 
 #include "fuzz/fuzz_input.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/form/svg_reader.h"
 #include "viewer/letters/csv_reader.h"
@@ -27,7 +27,7 @@ using inin::fuzz::require;
 namespace {
 
 constexpr char kSeparator = '\x1E';
-constexpr std::size_t kMostLetters = 3;
+constexpr std::size_t kMaxLetters = 3;
 /// A form draws at most 20,000 elements, and a page repeats only the fields.
 constexpr std::size_t kLargestPdf = std::size_t{32} << 20U;
 
@@ -85,7 +85,7 @@ public:
     }
 };
 
-void paintAll(LetterPress &press, std::span<const std::size_t> letters)
+void paintAll(LetterRenderer &press, std::span<const std::size_t> letters)
 {
     CheckingPainter painter;
     for (const std::size_t letter : letters) {
@@ -113,9 +113,9 @@ void layOut(std::string_view input)
     LetterSet set;
     set.reports.push_back(reportOf(input));
     if (set.size() == 0) return;
-    LetterPress press(set, fonts);
+    LetterRenderer press(set, fonts);
     (void)press.formNotices();
-    std::vector<std::size_t> letters(std::min(set.size(), kMostLetters));
+    std::vector<std::size_t> letters(std::min(set.size(), kMaxLetters));
     std::iota(letters.begin(), letters.end(), std::size_t{0});
     paintAll(press, letters);
     constexpr std::size_t kInputsPerPdf = 4;

@@ -51,13 +51,13 @@ void checkDatePattern(std::string_view input)
 
 void checkMarkText(std::string_view input)
 {
-    constexpr std::size_t kMostCharacters = 1000, kLongestSentence = 600;
+    constexpr std::size_t kMaxCharacters = 1000, kLongestSentence = 600;
     FieldMark mark;
     mark.shrunk = input.starts_with('a');
     mark.doesNotFit = input.starts_with('b');
     mark.noDate = input.starts_with('c');
     std::u32string characters;
-    (void)appendCharacters(input, characters, kMostCharacters);
+    (void)appendCharacters(input, characters, kMaxCharacters);
     mark.missing.assign(characters.begin(), characters.end());
     const std::string sentence = markText(mark);
     require(sentence.size() <= kLongestSentence, "a sentence shows ten characters at most");

@@ -2,7 +2,7 @@
 
 #include "fuzz/fuzz_input.h"
 #include "suite_text/code_page_932.h"
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 #include "viewer/letters/csv_reader.h"
 #include "viewer/letters/run_record.h"
 #include "viewer/script/command_script.h"

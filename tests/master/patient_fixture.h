@@ -1,7 +1,7 @@
 #pragma once
 
 #include "master/patient_record.h"
-#include "support/spoiled_database.h"
+#include "support/faulty_database.h"
 
 #include <stdexcept>
 #include <string>
@@ -13,11 +13,11 @@ namespace inin {
 using PatientCells = std::vector<std::pair<std::string, Variant>>;
 
 /// Branch 3, sub-branch 1, with a database that returns one patient's row.
-struct PatientFixture : SpoiledWorld {
+struct PatientFixture : FaultyWorld {
     explicit PatientFixture(const PatientCells &cells = {{"cName", "山田　花子"}})
     {
-        spoiled.iKyotenCd = 3;
-        spoiled.iKyotenEb = 1;
+        faultyApp.iKyotenCd = 3;
+        faultyApp.iKyotenEb = 1;
         answer(cells);
     }
     /// The result of the next read.
@@ -31,7 +31,7 @@ struct PatientFixture : SpoiledWorld {
         }
         database.results.push_back(result);
     }
-    std::int16_t read(std::int32_t nCode = 101) { return iGetRiyoushaRec(spoiled, nCode, rec); }
+    std::int16_t read(std::int32_t nCode = 101) { return iGetRiyoushaRec(faultyApp, nCode, rec); }
 
     RIYOUSHA_REC rec;
 };

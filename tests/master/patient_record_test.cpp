@@ -76,8 +76,8 @@ TEST_CASE("the statement contains its three keys in plain digits")
     for (const Row &row : rows) {
         CAPTURE(row.nCode);
         PatientFixture fixture;
-        fixture.spoiled.iKyotenCd = row.iKyotenCd;
-        fixture.spoiled.iKyotenEb = row.iKyotenEb;
+        fixture.faultyApp.iKyotenCd = row.iKyotenCd;
+        fixture.faultyApp.iKyotenEb = row.iKyotenEb;
         CHECK(fixture.read(row.nCode) == -1);
         CHECK(fixture.database.log.at(1) == row.sql);
     }
@@ -137,10 +137,10 @@ TEST_CASE("a failed connect keeps its error text in the program, and a later suc
     fixture.database.connectError = -2147217843;
     fixture.database.connectDescription = "ログインに失敗しました。";
     CHECK(fixture.read() == 0);
-    CHECK(fixture.spoiled.patientConnectError == "(-2147217843)ログインに失敗しました。");
+    CHECK(fixture.faultyApp.patientConnectError == "(-2147217843)ログインに失敗しました。");
     fixture.database.connectError = 0;
     CHECK(fixture.read() == -1);
-    CHECK(fixture.spoiled.patientConnectError == "(-2147217843)ログインに失敗しました。");
+    CHECK(fixture.faultyApp.patientConnectError == "(-2147217843)ログインに失敗しました。");
 }
 
 TEST_CASE("a failure other than the connect keeps no error text")
@@ -150,7 +150,7 @@ TEST_CASE("a failure other than the connect keeps no error text")
     CHECK(fixture.read() == 0);
     fixture.files.remove(kSettings);
     CHECK(fixture.read() == 0);
-    CHECK(fixture.spoiled.patientConnectError.empty());
+    CHECK(fixture.faultyApp.patientConnectError.empty());
 }
 
 TEST_CASE("a run-time error before the row shows its description, gives 0 and leaves the record unchanged")

@@ -2,7 +2,7 @@
 
 #include "master/table_fixture.h"
 #include "support/errors.h"
-#include "support/spoiled_database.h"
+#include "support/faulty_database.h"
 
 #include <array>
 #include <memory>
@@ -68,17 +68,17 @@ template <class Table> void answer(TableFixture<Table> &fixture, const std::vect
 }
 
 /// Counts the record sets that were opened but never closed.
-class CountingDatabase : public SpoiledDatabase {
+class CountingDatabase : public FaultyDatabase {
 public:
-    using SpoiledDatabase::SpoiledDatabase;
+    using FaultyDatabase::FaultyDatabase;
     int open = 0;
     std::unique_ptr<Recordset> newRecordset() override;
 };
 
-class CountingRecordset : public SpoiledRecordset {
+class CountingRecordset : public FaultyRecordset {
 public:
     CountingRecordset(std::unique_ptr<Recordset> inner, CountingDatabase &database)
-        : SpoiledRecordset(std::move(inner), kNoFaults), m_database(database)
+        : FaultyRecordset(std::move(inner), kNoFaults), m_database(database)
     {
     }
     void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
@@ -87,13 +87,13 @@ public:
         CHECK(cursorType == 0);
         CHECK(lockType == 1);
         CHECK(options == 1);
-        SpoiledRecordset::Open(sql, connection, cursorType, lockType, options);
+        FaultyRecordset::Open(sql, connection, cursorType, lockType, options);
         ++m_database.open;
     }
     void Close() override
     {
         --m_database.open;
-        SpoiledRecordset::Close();
+        FaultyRecordset::Close();
     }
 
 private:
@@ -103,7 +103,7 @@ private:
 
 std::unique_ptr<Recordset> CountingDatabase::newRecordset()
 {
-    return std::make_unique<CountingRecordset>(SpoiledDatabase::newRecordset(), *this);
+    return std::make_unique<CountingRecordset>(FaultyDatabase::newRecordset(), *this);
 }
 
 struct CountingFixture : FakeWorld {
@@ -261,7 +261,7 @@ TEST_CASE("the branch of a statement can differ from that of the installation")
     row.cFileName = "a.wfd";
     row.iRate = 4;
     row.iPrintType = 1;
-    CHECK(insertStatement(kStrict, kColumns, row, {Site{0, 0}, {}}) ==
+    CHECK(insertStatement(kStrict, kColumns, row, {Branch{0, 0}, {}}) ==
           " insert into    SAMPLE (      iKyotenCd     ,nIDNo     ,cFileName     ,iRate     ,tUpDateTime"
           "     ,iPrintType )values(       '0'     ,3     ,'a.wfd'     ,4     ,GetDate()     ,1 ) ");
 }

@@ -3,7 +3,7 @@
 #include "master/table_fixture.h"
 #include "master/tariff_session.h"
 #include "support/embedded_world.h"
-#include "support/spoiled_database.h"
+#include "support/faulty_database.h"
 
 using namespace inin;
 
@@ -252,9 +252,9 @@ TEST_CASE("a connection lost between the rows ends the read and keeps the fees a
 
 TEST_CASE("a record set that cannot be created ends in the same box after the session was closed")
 {
-    SpoiledWorld world;
+    FaultyWorld world;
     world.faulty.faults.creation = 429;
-    cls単価 fees(world.spoiled);
+    cls単価 fees(world.faultyApp);
     std::vector<std::string> logAtBox;
     world.boxes.onShow = [&](const ShownBox &) { logAtBox = world.database.log; };
     CHECK(fees.iGetTanka("201904") == 0);

@@ -157,9 +157,9 @@ TEST_CASE("bands are read anew: those of the previous month are gone")
 
 TEST_CASE("a NULL among the bands closes the session and shows the box without class and code")
 {
-    for (const Band &spoiled : {Band{Null{}, 4000}, Band{2300, Null{}}}) {
+    for (const Band &faulty : {Band{Null{}, 4000}, Band{2300, Null{}}}) {
         ChargeFixture world;
-        world.answer({{1800, 2000}, spoiled});
+        world.answer({{1800, 2000}, faulty});
         std::vector<std::string> logAtBox;
         world.boxes.onShow = [&](const ShownBox &) { logAtBox = world.database.log; };
         CHECK(world.charges.iGetOuryohiAll("201904") == 0);

@@ -180,10 +180,10 @@ TEST_CASE_FIXTURE(PrintFixture, "a failing field keeps the fields before it in t
     REQUIRE(form.aIninRow.size() == 2);
     CHECK(form.aIninRow[1].利用者氏名 == "二");
     CHECK(form.aIninRow[1].会社電話番号 == "03-1111-2222");
-    for (const IninField behind :
+    for (const IninField appended :
          {&IninRow::金融機関名, &IninRow::金融機関名２, &IninRow::口座番号, &IninRow::口座名義, &IninRow::最終施術日,
           &IninRow::保険者地区名, &IninRow::世帯主住所, &IninRow::署名日})
-        CHECK(form.aIninRow[1].*behind == "");
+        CHECK(form.aIninRow[1].*appended == "");
     CHECK(form.iRowCount == 0);
 }
 

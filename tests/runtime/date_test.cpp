@@ -113,12 +113,12 @@ TEST_CASE("DateSerial maps two-digit years to 1930 to 2029")
 
 TEST_CASE("DateSerial outside the years 100 to 9999 is an invalid call, at any distance")
 {
-    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
     constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
     CHECK(errorOf([] { return DateSerial(100, 1, 0); }) == 5);
     CHECK(errorOf([] { return DateSerial(9999, 12, 32); }) == 5);
     CHECK(errorOf([] { return DateSerial(-1, 1, 1); }) == 5);
-    CHECK(errorOf([] { return DateSerial(kMost, kMost, kMost); }) == 5);
+    CHECK(errorOf([] { return DateSerial(kMax, kMax, kMax); }) == 5);
     CHECK(errorOf([] { return DateSerial(kLeast, kLeast, kLeast); }) == 5);
 }
 

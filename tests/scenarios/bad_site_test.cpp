@@ -1,6 +1,6 @@
 #include "adapters/native/native_platform.h"
-#include "scenarios/impatient_database.h"
 #include "scenarios/script_driver.h"
+#include "scenarios/short_timeout_database.h"
 #include "support/file_bytes.h"
 
 #ifndef _WIN32
@@ -81,7 +81,7 @@ TEST_CASE_FIXTURE(PrintOnASite,
                   "a print on a database locked by another program times out with a box, and the screen stays open")
 {
     driver.wrapDatabase = [](std::unique_ptr<Database> inner) {
-        return std::make_unique<ImpatientDatabase>(std::move(inner));
+        return std::make_unique<ShortTimeoutDatabase>(std::move(inner));
     };
     std::unique_ptr<OtherProgram> other;
     driver.onCommand = [&](std::size_t command) {

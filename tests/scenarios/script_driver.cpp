@@ -81,7 +81,7 @@ PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
 {
     const CurrentFolder keep; // the program changes the current folder
     ScriptOptions options{site.folder().string(), readMoment(play.now), play.startProcesses};
-    if (!options.now) throw std::runtime_error(play.file + ": now: is no moment");
+    if (!options.now) throw std::runtime_error(play.file + ": now: is not a date and time");
     std::unique_ptr<Database> database =
         makeSqliteDatabase([&site](const std::string &dataSource) { return site.at(dataSource).string(); });
     if (wrapDatabase) database = wrapDatabase(std::move(database));

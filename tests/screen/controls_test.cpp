@@ -10,13 +10,13 @@ using namespace inin;
 TEST_CASE("assigning an attribute notifies its watchers only when the value changes")
 {
     Label label("lbl_SelKanja");
-    int told = 0;
-    label.watch([&] { ++told; });
+    int notifications = 0;
+    label.watch([&] { ++notifications; });
 
     label.Caption = "山田";
     label.Caption = "山田";
 
-    CHECK(told == 1);
+    CHECK(notifications == 1);
     CHECK(label.Caption.get() == "山田");
 }
 

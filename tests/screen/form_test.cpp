@@ -163,16 +163,16 @@ TEST_CASE("an unload that cancels keeps the form loaded, and it can be unloaded 
 TEST_CASE("an unload notifies the watchers of a form unless it is cancelled")
 {
     ProbeForm form;
-    int told = 0;
+    int notifications = 0;
     form.load();
-    form.watch([&] { ++told; });
+    form.watch([&] { ++notifications; });
     form.refuseUnload = true;
     static_cast<void>(form.unload());
-    CHECK(told == 0);
+    CHECK(notifications == 0);
 
     form.refuseUnload = false;
     static_cast<void>(form.unload());
-    CHECK(told == 1);
+    CHECK(notifications == 1);
 }
 
 TEST_CASE("a run-time error of the unload becomes an unhandled error with its number")

@@ -13,12 +13,12 @@ namespace {
 /// A grid of a number and a text column with two rows.
 struct GridFixture {
     Grid grid{"spr_1ran", {{"ID No.", Grid::CellKind::number, 8}, {"利用者氏名", Grid::CellKind::text, 16}}};
-    int told = 0;
+    int notifications = 0;
 
     GridFixture()
     {
         grid.setRowCount(2);
-        grid.watch([this] { ++told; });
+        grid.watch([this] { ++notifications; });
     }
     void fill()
     {
@@ -105,7 +105,7 @@ TEST_CASE("the row to scroll to is kept until the rows are cleared")
     GridFixture fixture;
     fixture.grid.showRow(2);
     CHECK(fixture.grid.RowInSight() == 2);
-    CHECK(fixture.told == 1);
+    CHECK(fixture.notifications == 1);
     fixture.grid.setRowCount(0);
     CHECK(fixture.grid.RowInSight() == 0);
 }
@@ -114,17 +114,17 @@ TEST_CASE("each change notifies the watchers unless ReDraw is off; turning it on
 {
     GridFixture fixture;
     fixture.fill();
-    CHECK(fixture.told == 4);
+    CHECK(fixture.notifications == 4);
     fixture.grid.ReDraw = false;
-    const int before = fixture.told;
+    const int before = fixture.notifications;
     const std::uint64_t revision = fixture.grid.revision();
     fixture.fill();
     fixture.grid.setRowCount(3);
     fixture.grid.showRow(3);
-    CHECK(fixture.told == before);
+    CHECK(fixture.notifications == before);
     CHECK(fixture.grid.revision() > revision);
     fixture.grid.ReDraw = true;
-    CHECK(fixture.told == before + 1);
+    CHECK(fixture.notifications == before + 1);
 }
 
 TEST_CASE("each column has its own width, and 0 hides it")
@@ -133,7 +133,7 @@ TEST_CASE("each column has its own width, and 0 hides it")
     fixture.grid.setColumnWidth(1, 0);
     CHECK(fixture.grid.columns()[0].width == 0);
     CHECK(fixture.grid.columns()[1].width == 16);
-    CHECK(fixture.told == 1);
+    CHECK(fixture.notifications == 1);
 }
 
 TEST_CASE("the grid of a form is found, and a form without one has none")

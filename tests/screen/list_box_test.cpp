@@ -55,14 +55,14 @@ TEST_CASE("a list index out of range is error 380 and keeps the choice")
         CAPTURE(row.index);
         ListFixture fixture;
         fixture.list.ListIndex = std::int16_t{1};
-        int told = 0;
-        fixture.list.watch([&] { ++told; });
+        int notifications = 0;
+        fixture.list.watch([&] { ++notifications; });
 
         CHECK(errorOf([&] { fixture.list.ListIndex = row.index; }) == 380);
 
         CHECK(fixture.list.ListIndex == 1);
         CHECK(fixture.clicks == 1);
-        CHECK(told == 0);
+        CHECK(notifications == 0);
     }
 }
 
@@ -126,15 +126,15 @@ TEST_CASE("clearing a list removes the entries and the choice and fires nothing"
 {
     ListFixture fixture;
     fixture.list.ListIndex = std::int16_t{1};
-    int told = 0;
-    fixture.list.watch([&] { ++told; });
+    int notifications = 0;
+    fixture.list.watch([&] { ++notifications; });
 
     fixture.list.Clear();
 
     CHECK(fixture.list.ListCount() == 0);
     CHECK(fixture.list.ListIndex == -1);
     CHECK(fixture.clicks == 1);
-    CHECK(told == 1);
+    CHECK(notifications == 1);
 }
 
 TEST_CASE("the first choice after a clear fires again")

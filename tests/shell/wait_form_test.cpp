@@ -20,7 +20,7 @@ public:
     std::function<void()> onTime;
     int passes = 0;
     double step = 0.25;
-    void giveTime() override
+    void processWaitingEvents() override
     {
         ++passes;
         m_clock.seconds += step;

@@ -37,7 +37,7 @@ ProfileStep stepOf(const nlohmann::json &object)
     step.returned = object.at("ret");
     step.size = object.value("size", std::size_t{256});
     step.result = bytesOf(object, "result").value_or("");
-    step.tellsFile = object.contains("fileAfter");
+    step.givesFile = object.contains("fileAfter");
     step.fileAfter = bytesOf(object, "fileAfter");
     return step;
 }

@@ -15,7 +15,7 @@ struct ProfileStep {
     std::int32_t returned = 0;
     std::size_t size = 256;
     std::string result;
-    bool tellsFile = false; ///< the recording contains the file after a write
+    bool givesFile = false; ///< the recording contains the file after a write
     std::optional<std::string> fileAfter;
 };
 

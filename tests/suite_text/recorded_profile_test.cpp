@@ -32,7 +32,7 @@ TEST_CASE("every recorded profile call has the platform's result on the bytes")
         auto file = one.file;
         for (const ProfileStep &step : one.steps) {
             CHECK(played(step, file) == recordedResult(step));
-            if (step.tellsFile) CHECK(file == step.fileAfter);
+            if (step.givesFile) CHECK(file == step.fileAfter);
         }
     }
     CHECK(count == 193);

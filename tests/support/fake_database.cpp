@@ -21,13 +21,13 @@ public:
         if (m_database.connectError != 0) throw RuntimeError(m_database.connectError, m_database.connectDescription);
         if (m_database.stayClosed) return;
         m_session = m_database.nextSession();
-        tell("connect");
+        log("connect");
     }
     void Close() override
     {
         if (m_session == 0) throw RuntimeError(error_number::closedObject, "オブジェクトは閉じています。");
         if (m_database.closeError != 0) throw RuntimeError(m_database.closeError, "閉じられません。");
-        tell("disconnect");
+        log("disconnect");
         m_session = 0;
     }
     std::string DefaultDatabase() const override { return m_session == 0 ? std::string() : m_database.defaultDatabase; }
@@ -39,7 +39,7 @@ public:
     }
     std::int32_t Execute(const std::string &sql, std::int32_t) override
     {
-        tell("exec", sql);
+        log("exec", sql);
         if (m_database.executions.empty()) return 0;
         const FakeResult result = m_database.executions.front();
         m_database.executions.pop_front();
@@ -55,7 +55,7 @@ public:
     }
     std::vector<ProviderError> &Errors() override { return m_errors; }
 
-    void tell(const std::string &what, const std::string &text = {})
+    void log(const std::string &what, const std::string &text = {})
     {
         m_database.log.push_back(what + " " + std::to_string(m_session) + (text.empty() ? "" : " " + text));
     }
@@ -70,7 +70,7 @@ public:
 private:
     void transaction(const std::string &what, std::int32_t error)
     {
-        tell(what);
+        log(what);
         if (error != 0) throw RuntimeError(error, "トランザクションの失敗。");
     }
 
@@ -87,7 +87,7 @@ public:
         auto &fake = dynamic_cast<FakeConnection &>(connection);
         if (fake.State() == adStateClosed)
             throw RuntimeError(error_number::closedObject, "オブジェクトは閉じています。");
-        fake.tell("sql", sql);
+        fake.log("sql", sql);
         m_result = fake.answerTo(sql);
         fake.raiseIfAsked(m_result);
         m_open = true;

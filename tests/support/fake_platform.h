@@ -52,13 +52,13 @@ public:
     void closeByControlBox();
     std::int32_t pictureError = 0;
     Control *active = nullptr;
-    /// Called by giveTime, for the waiting events.
+    /// Called by processWaitingEvents, for the waiting events.
     std::function<void()> onTime;
 
     void show(Form &form, Modality modality) override;
     void checkPicture(const std::string &path) override;
     void beep() override { log.emplace_back("beep"); }
-    void giveTime() override
+    void processWaitingEvents() override
     {
         log.emplace_back("time");
         if (onTime) onTime();

@@ -1,7 +1,7 @@
 #include "viewer/app/check_letters.h"
 
 #include "viewer/check/check_text.h"
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -12,11 +12,11 @@ void printCheckReport(const ViewCommand &command)
 {
     const LetterSet set = openScript(command.script);
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
     std::ranges::sort(letters);
-    CheckReport report{letters.size(), set.notices, checkLetters(press)};
-    for (const std::vector<std::string> &more : {fonts.notices(), press.formNotices()})
+    CheckReport report{letters.size(), set.notices, checkLetters(renderer)};
+    for (const std::vector<std::string> &more : {fonts.notices(), renderer.formNotices()})
         report.notices.insert(report.notices.end(), more.begin(), more.end());
     // All letters are checked, even if only some are requested: a duplicate may be among the others.
     std::erase_if(report.findings,

@@ -13,7 +13,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kMergerName = "wfrimg10";
-constexpr double kLeastDots = 20, kMostDots = 1200;
+constexpr double kMinDots = 20, kMaxDots = 1200;
 
 bool isMergerName(std::string_view program)
 {
@@ -38,8 +38,7 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     app.add_option("script", command.script, "コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。");
     app.add_option("--pdf", command.pdf, "委任状を PDF ファイルに書き出します。");
     app.add_option("--png", command.pngFolder, "委任状を一枚ずつ PNG ファイルとしてこのフォルダーに書き出します。");
-    app.add_option("--dpi", command.dotsPerInch, "PNG の解像度（既定は 150）。")
-        ->check(CLI::Range(kLeastDots, kMostDots));
+    app.add_option("--dpi", command.dotsPerInch, "PNG の解像度（既定は 150）。")->check(CLI::Range(kMinDots, kMaxDots));
     app.add_option("--letters", command.letters, "書き出す委任状の番号。例：1-3,7");
     app.add_flag("--check", command.check, "印刷前の点検の結果を表示します。");
     app.add_flag("--json", command.json, "点検の結果を JSON で表示します。");

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewer/app/options.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 namespace inin::viewer {
 
@@ -10,6 +10,6 @@ namespace inin::viewer {
 /// Shows the letters in a window until it is closed. Returns the exit code.
 [[nodiscard]] int showLetters(const ViewCommand &command, const std::string &programName);
 /// Writes letters as pictures into the command's folder.
-void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters);
+void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::vector<std::size_t> &letters);
 
 } // namespace inin::viewer

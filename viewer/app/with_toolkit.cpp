@@ -17,15 +17,15 @@ int showLetters(const ViewCommand &command, const std::string &programName)
     return kBadCommand;
 }
 
-void writePngs(const ViewCommand &command, LetterPress &press, const std::vector<std::size_t> &letters)
+void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::vector<std::size_t> &letters)
 {
     makeFolder(command.pngFolder);
     // With leading zeros, names sort in the order of the letters.
-    const std::size_t digits = std::max<std::size_t>(3, std::to_string(press.set().size()).size());
+    const std::size_t digits = std::max<std::size_t>(3, std::to_string(renderer.set().size()).size());
     QtGlyphs glyphs;
     for (const std::size_t letter : letters) {
         AtomicFile file(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits));
-        file.write(letterPng(press, letter, command.dotsPerInch, glyphs));
+        file.write(letterPng(renderer, letter, command.dotsPerInch, glyphs));
         file.commit();
     }
 }

@@ -10,7 +10,7 @@ int showLetters(const ViewCommand &, const std::string &)
     return kBadCommand;
 }
 
-void writePngs(const ViewCommand &, LetterPress &, const std::vector<std::size_t> &)
+void writePngs(const ViewCommand &, LetterRenderer &, const std::vector<std::size_t> &)
 {
     throw RuntimeError(error_number::invalidCall, "このプログラムは PNG ファイルを書き出せません。");
 }

@@ -4,8 +4,8 @@
 #include "system/program_edges.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
-#include "viewer/document/letter_list.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_numbers.h"
+#include "viewer/document/letter_renderer.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/io/file_io.h"
 #include "viewer/pdf/letters_pdf.h"
@@ -23,10 +23,11 @@ void printNotice(const std::string &sentence)
     printLine(stderr, sentence);
 }
 
-void printMarks(LetterPress &press, std::size_t letter, const std::vector<FieldMark> &marks)
+void printMarks(LetterRenderer &renderer, std::size_t letter, const std::vector<FieldMark> &marks)
 {
     for (const FieldMark &mark : marks)
-        printNotice(fmt::format("{}番 {}：{}", letter + 1, columnNames(press.layoutOf(letter), mark), markText(mark)));
+        printNotice(
+            fmt::format("{}番 {}：{}", letter + 1, columnNames(renderer.layoutOf(letter), mark), markText(mark)));
 }
 
 void printFaults(const LetterSet &set, const std::vector<std::size_t> &letters)
@@ -52,17 +53,17 @@ void writeLetters(const ViewCommand &command)
     const LetterSet set = openScript(command.script);
     for (const std::string &notice : set.notices) printNotice(notice);
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     const std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
     for (const std::string &notice : fonts.notices()) printNotice(notice);
-    for (const std::string &notice : press.formNotices()) printNotice(notice);
+    for (const std::string &notice : renderer.formNotices()) printNotice(notice);
     printFaults(set, letters);
-    press.onMarks = [&](std::size_t letter, const auto &marks) { printMarks(press, letter, marks); };
+    renderer.onMarks = [&](std::size_t letter, const auto &marks) { printMarks(renderer, letter, marks); };
     if (!command.pdf.empty()) {
-        writeLettersPdf(command.pdf, press, letters);
-        press.onMarks = nullptr; // do not print the marks again for the pictures
+        writeLettersPdf(command.pdf, renderer, letters);
+        renderer.onMarks = nullptr; // do not print the marks again for the pictures
     }
-    if (!command.pngFolder.empty()) writePngs(command, press, letters);
+    if (!command.pngFolder.empty()) writePngs(command, renderer, letters);
 }
 
 void writeCombinedForm(const MergeCommand &command)

@@ -13,13 +13,13 @@ namespace {
 
 using Findings = std::span<const Finding>;
 
-/// Calls `tell` with the findings of each cause.
-template <class Tell> void byCause(const std::vector<Finding> &findings, const Tell &tell)
+/// Calls `add` with the findings of each cause.
+template <class Add> void byCause(const std::vector<Finding> &findings, const Add &add)
 {
     for (auto begin = findings.begin(); begin != findings.end();) {
         const Cause cause = begin->cause;
         const auto end = std::find_if(begin, findings.end(), [&](const Finding &f) { return f.cause != cause; });
-        tell(textOf(cause), Findings(begin, end));
+        add(textOf(cause), Findings(begin, end));
         begin = end;
     }
 }

@@ -1,8 +1,8 @@
 #include "viewer/check/letter_check.h"
 
+#include "viewer/check/duplicate_letters.h"
 #include "viewer/check/row_rules.h"
-#include "viewer/check/twins.h"
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 #include "viewer/document/mark_text.h"
 
 #include <fmt/format.h>
@@ -20,7 +20,7 @@ bool isVisible(const ShapedGlyph &glyph)
 }
 
 /// Lays letters out without painting them, to collect their marks. Notes whether a page has a visible character.
-class BlindPainter : public PagePainter {
+class MeasuringPainter : public PagePainter {
 public:
     void startPage() { m_hasText = false; }
     [[nodiscard]] bool hasText() const { return m_hasText; }
@@ -32,14 +32,14 @@ private:
 };
 
 /// Longer lists of numbers are cut: each of thousands of duplicates would list all the others.
-constexpr std::size_t kMostNamed = 10;
+constexpr std::size_t kMaxNamed = 10;
 
-std::string twinsText(const Twins &twins, std::size_t firstLetter)
+std::string groupText(const LetterGroup &group, std::size_t firstLetter)
 {
-    std::vector<std::size_t> letters(twins.begin(),
-                                     twins.begin() + static_cast<std::ptrdiff_t>(std::min(twins.size(), kMostNamed)));
+    std::vector<std::size_t> letters(group.begin(),
+                                     group.begin() + static_cast<std::ptrdiff_t>(std::min(group.size(), kMaxNamed)));
     for (std::size_t &letter : letters) letter += firstLetter;
-    return letterListText(letters) + (twins.size() > kMostNamed ? "…番" : "番");
+    return letterListText(letters) + (group.size() > kMaxNamed ? "…番" : "番");
 }
 
 } // namespace
@@ -47,20 +47,20 @@ std::string twinsText(const Twins &twins, std::size_t firstLetter)
 struct LetterCheck::Rules {
     std::deque<RowRules> ofReports; ///< one for each report
     std::vector<RowFinding> found;
-    BlindPainter painter;
+    MeasuringPainter painter;
 };
 
-LetterCheck::LetterCheck(LetterPress &press) : m_press(press), m_rules(std::make_unique<Rules>())
+LetterCheck::LetterCheck(LetterRenderer &renderer) : m_renderer(renderer), m_rules(std::make_unique<Rules>())
 {
-    for (const LetterReport &report : press.set().reports) m_rules->ofReports.emplace_back(report.letters);
+    for (const LetterReport &report : renderer.set().reports) m_rules->ofReports.emplace_back(report.letters);
 }
 
 LetterCheck::~LetterCheck() = default;
 
 bool LetterCheck::judge(std::size_t letters)
 {
-    const std::size_t count = m_press.set().size();
-    if (m_next == 0) addTwins();
+    const std::size_t count = m_renderer.set().size();
+    if (m_next == 0) addDuplicates();
     for (const std::size_t end = m_next + std::min(letters, count - m_next); m_next < end; ++m_next)
         judgeLetter(m_next);
     return m_next < count;
@@ -68,24 +68,24 @@ bool LetterCheck::judge(std::size_t letters)
 
 void LetterCheck::judgeLetter(std::size_t letter)
 {
-    const LetterSet::Place place = m_press.set().placeOf(letter);
+    const LetterSet::Place place = m_renderer.set().placeOf(letter);
     std::vector<RowFinding> &found = m_rules->found;
     found.clear();
     m_rules->ofReports[place.report].judge(place.row, found);
     for (RowFinding &finding : found) m_found.push_back({finding.cause, letter, std::move(finding.detail)});
-    if (m_press.set().reports[place.report].letters.fault(place.row) == RowFault::none) addMarks(letter);
+    if (m_renderer.set().reports[place.report].letters.fault(place.row) == RowFault::none) addMarks(letter);
 }
 
 void LetterCheck::addMarks(std::size_t letter)
 {
     const bool datesAreTold = std::ranges::count(m_rules->found, Cause::noDate, &RowFinding::cause) != 0;
-    BlindPainter &painter = m_rules->painter;
+    MeasuringPainter &painter = m_rules->painter;
     painter.startPage();
-    const std::vector<FieldMark> &marks = m_press.paintFields(letter, painter);
-    if (!painter.hasText()) m_press.layoutOf(letter).paintShared(painter);
+    const std::vector<FieldMark> &marks = m_renderer.paintFields(letter, painter);
+    if (!painter.hasText()) m_renderer.layoutOf(letter).paintShared(painter);
     if (!painter.hasText()) m_found.push_back({Cause::blankPage, letter, {}});
     for (const FieldMark &mark : marks) {
-        const std::string columns = columnNames(m_press.layoutOf(letter), mark);
+        const std::string columns = columnNames(m_renderer.layoutOf(letter), mark);
         if (mark.noDate && !datesAreTold) m_found.push_back({Cause::noDate, letter, columns});
         if (!mark.missing.empty())
             m_found.push_back(
@@ -98,14 +98,14 @@ void LetterCheck::addMarks(std::size_t letter)
 }
 
 /// Duplicates are searched within one report: a merge may well contain two forms for the same person.
-void LetterCheck::addTwins()
+void LetterCheck::addDuplicates()
 {
     std::size_t first = 0;
-    for (const LetterReport &report : m_press.set().reports) {
-        const auto add = [&](Cause cause, const std::vector<Twins> &groups) {
-            for (const Twins &twins : groups) {
-                const std::string text = twinsText(twins, first);
-                for (const std::size_t row : twins) m_found.push_back({cause, first + row, text});
+    for (const LetterReport &report : m_renderer.set().reports) {
+        const auto add = [&](Cause cause, const std::vector<LetterGroup> &groups) {
+            for (const LetterGroup &group : groups) {
+                const std::string text = groupText(group, first);
+                for (const std::size_t row : group) m_found.push_back({cause, first + row, text});
             }
         };
         add(Cause::sameLetter, sameLetters(report.letters));
@@ -122,10 +122,10 @@ std::vector<Finding> LetterCheck::take()
     return std::move(m_found);
 }
 
-std::vector<Finding> checkLetters(LetterPress &press)
+std::vector<Finding> checkLetters(LetterRenderer &renderer)
 {
-    LetterCheck check(press);
-    while (check.judge(press.set().size())) {
+    LetterCheck check(renderer);
+    while (check.judge(renderer.set().size())) {
     }
     return check.take();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewer/check/cause.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 #include <cstddef>
 #include <memory>
@@ -21,8 +21,8 @@ struct Finding {
 /// done in steps, so that a window stays responsive.
 class LetterCheck {
 public:
-    /// `press` must outlive this.
-    explicit LetterCheck(LetterPress &press);
+    /// `renderer` must outlive this.
+    explicit LetterCheck(LetterRenderer &renderer);
     LetterCheck(const LetterCheck &) = delete;
     LetterCheck &operator=(const LetterCheck &) = delete;
     ~LetterCheck();
@@ -37,15 +37,15 @@ private:
     struct Rules;
     void judgeLetter(std::size_t letter);
     void addMarks(std::size_t letter);
-    void addTwins();
+    void addDuplicates();
 
-    LetterPress &m_press;
+    LetterRenderer &m_renderer;
     std::unique_ptr<Rules> m_rules;
     std::size_t m_next = 0;
     std::vector<Finding> m_found;
 };
 
 /// Checks all letters at once.
-[[nodiscard]] std::vector<Finding> checkLetters(LetterPress &press);
+[[nodiscard]] std::vector<Finding> checkLetters(LetterRenderer &renderer);
 
 } // namespace inin::viewer

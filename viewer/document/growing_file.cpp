@@ -10,9 +10,9 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::chrono::milliseconds kPause{100};
-constexpr int kSettledLooks = 10; ///< a file that is unchanged at this many checks counts as complete
-constexpr int kMostLooks = 50;
-constexpr int kLooksForComing = 30;
+constexpr int kSettledChecks = 10; ///< a file that is unchanged at this many checks counts as complete
+constexpr int kMaxChecks = 50;
+constexpr int kChecksForFile = 30;
 
 } // namespace
 
@@ -34,8 +34,8 @@ ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause
         return ReadFile{readWholeFile(path, limit), stamp};
     };
     ReadFile file = read();
-    for (int looks = 0, settled = 0; isUnfinished(file.bytes) && looks < kMostLooks && settled < kSettledLooks;
-         ++looks) {
+    for (int checks = 0, settled = 0; isUnfinished(file.bytes) && checks < kMaxChecks && settled < kSettledChecks;
+         ++checks) {
         pause();
         const FileStamp now = stampOf(path);
         // A deleted file is about to be created again.
@@ -46,9 +46,9 @@ ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause
     return file;
 }
 
-std::string readComingFile(const std::string &path, std::size_t limit, const Pause &pause)
+std::string waitForFile(const std::string &path, std::size_t limit, const Pause &pause)
 {
-    for (int looks = 0; looks < kLooksForComing && !stampOf(path).exists; ++looks) pause();
+    for (int checks = 0; checks < kChecksForFile && !stampOf(path).exists; ++checks) pause();
     return readWholeFile(path, limit);
 }
 

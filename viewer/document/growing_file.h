@@ -25,6 +25,6 @@ struct ReadFile {
 [[nodiscard]] ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause &pause);
 
 /// Waits up to three seconds for a file that a running program is about to create in one step, and reads it.
-[[nodiscard]] std::string readComingFile(const std::string &path, std::size_t limit, const Pause &pause);
+[[nodiscard]] std::string waitForFile(const std::string &path, std::size_t limit, const Pause &pause);
 
 } // namespace inin::viewer

@@ -20,7 +20,7 @@ namespace {
 constexpr std::size_t kLargestScript = std::size_t{1} << 22;
 constexpr std::size_t kLargestForm = std::size_t{1} << 23;
 constexpr std::size_t kLargestLetterFile = std::size_t{1} << 30;
-constexpr int kMostReports = 100;
+constexpr int kMaxReports = 100;
 
 /// Prefixes an error inside a file with the file's path.
 template <class Body> auto naming(const std::string &path, Body &&body)
@@ -80,7 +80,7 @@ private:
         if (order.form.empty())
             throw RuntimeError(error_number::invalidCall, "コマンドファイルに帳票の名前（FileName）がありません。");
         // A combined form is written by a merge that started just before the viewer and may still be running.
-        const std::string bytes = order.data.empty() ? readComingFile(order.form, kLargestForm, m_pause)
+        const std::string bytes = order.data.empty() ? waitForFile(order.form, kLargestForm, m_pause)
                                                      : readWholeFile(order.form, kLargestForm);
         if (!isCombinedForm(bytes)) {
             addReport(order, bytes);
@@ -88,7 +88,7 @@ private:
         }
         const auto parts = naming(order.form, [&] { return readCombinedForm(bytes); });
         // A combined form that includes itself would never end.
-        if (combined == CombinedForms::refused || parts.size() > kMostReports)
+        if (combined == CombinedForms::refused || parts.size() > kMaxReports)
             throw RuntimeError(error_number::invalidCall,
                                fmt::format("「{}」：結合した帳票の中に結合した帳票は置けません。", order.form));
         for (const ReportOrder &part : parts) openReport(part, CombinedForms::refused);

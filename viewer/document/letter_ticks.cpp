@@ -1,6 +1,6 @@
 #include "viewer/document/letter_ticks.h"
 
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 #include "viewer/layout/utf8.h"
 
 namespace inin::viewer {

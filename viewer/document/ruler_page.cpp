@@ -1,6 +1,6 @@
 #include "viewer/document/ruler_page.h"
 
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 #include "viewer/letters/csv_reader.h"
 
 #include <fmt/format.h>
@@ -43,9 +43,9 @@ TextCommand textAt(Point place, double size, Anchor anchor, std::string text)
 TextCommand textIn(const Box &box, double size, std::string text)
 {
     TextCommand command = textAt({}, size, Anchor::start, std::move(text));
-    constexpr int kMostLines = 40;
+    constexpr int kMaxLines = 40;
     constexpr double kLeading = 1.4;
-    command.fit = FitRule{box, VerticalAlignment::top, kMostLines, kLeading, 1, size / 2};
+    command.fit = FitRule{box, VerticalAlignment::top, kMaxLines, kLeading, 1, size / 2};
     return command;
 }
 

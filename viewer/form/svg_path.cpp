@@ -20,7 +20,7 @@ double angleOf(double ux, double uy, double vx, double vy)
 }
 
 /// More than any drawing of a form has. Longer paths are cut off.
-constexpr std::size_t kMostSteps = 200'000;
+constexpr std::size_t kMaxSteps = 200'000;
 
 /// An elliptical arc between two points, as curves of at most a quarter turn each.
 /// The centre is computed as in the SVG 1.1 recommendation, appendix F.6.
@@ -82,7 +82,7 @@ public:
     Path read()
     {
         char command = 0;
-        while (!m_scan.atEnd() && m_path.size() < kMostSteps) {
+        while (!m_scan.atEnd() && m_path.size() < kMaxSteps) {
             const auto next = m_scan.command();
             if (next) command = *next;
             if (!next && (command == 'Z' || command == 'z')) break; // numbers after a close are an error

@@ -11,7 +11,7 @@ namespace inin::viewer {
 namespace {
 
 /// Far more than an editor writes. Each rule is matched against every element.
-constexpr std::size_t kMostParts = 6000;
+constexpr std::size_t kMaxParts = 6000;
 constexpr std::string_view kBlanks = " \t\r\n";
 
 /// Reads a text from beginning to end. Each search consumes what it has examined, so that the time is linear.
@@ -193,7 +193,7 @@ std::optional<StyleSheet::Selector> StyleSheet::readSelector(std::string_view te
 bool StyleSheet::countParts(std::size_t parts, const NoticeHandler &report)
 {
     m_parts += parts;
-    if (m_parts <= kMostParts) return true;
+    if (m_parts <= kMaxParts) return true;
     report("style 要素の規則が多すぎます。初めのものだけを使います。");
     return false;
 }
@@ -222,7 +222,7 @@ void StyleSheet::add(std::string_view raw, const NoticeHandler &report)
     StyleScanner withComments(raw);
     const std::string bare = withoutComments(withComments);
     StyleScanner text(bare);
-    while (m_parts <= kMostParts && text.skipBlanks()) {
+    while (m_parts <= kMaxParts && text.skipBlanks()) {
         if (text.skip("@")) {
             report("style 要素の @ で始まる規則は使いません。外部のファイルも読み込みません。");
             skipAtRule(text);

@@ -17,7 +17,7 @@ namespace {
 constexpr std::string_view kDataPrefix = "data-";
 constexpr std::string_view kDataNames[] = {"box", "lines", "leading", "narrowest", "min-size", "valign", "padding"};
 constexpr double kSmallestShare = 0.6; ///< of the size, when the form has no data-min-size
-constexpr int kMostLines = 200;
+constexpr int kMaxLines = 200;
 
 double numberOf(std::string_view text, double otherwise, double least, double most)
 {
@@ -140,7 +140,7 @@ FitRule SvgText::readFit(const SvgStyle &style) const
         return found == m_dataAttributes.end() ? std::string_view() : std::string_view(found->second);
     };
     FitRule fit;
-    fit.lines = static_cast<int>(numberOf(attribute("lines"), 1, 1, kMostLines));
+    fit.lines = static_cast<int>(numberOf(attribute("lines"), 1, 1, kMaxLines));
     fit.leading = numberOf(attribute("leading"), fit.leading, 0.5, 5);
     fit.narrowest = numberOf(attribute("narrowest"), fit.narrowest, 0.3, 1);
     const double smallest = readLength(attribute("min-size")).value_or(style.fontSize * kSmallestShare);

@@ -10,7 +10,7 @@ namespace inin::viewer {
 namespace {
 
 /// More than fits on a page. Further characters are not even shaped.
-constexpr std::size_t kMostCharacters = 4000;
+constexpr std::size_t kMaxCharacters = 4000;
 constexpr std::u32string_view kEllipsis = U"…";
 constexpr double kEdge = 0.5; ///< points
 
@@ -47,7 +47,7 @@ FitRule TextSetter::inLineDirection(FitRule rule) const
 void TextSetter::shape(std::string_view text)
 {
     m_characters.clear();
-    m_toFit.isTooLong = !appendCharacters(text, m_characters, kMostCharacters);
+    m_toFit.isTooLong = !appendCharacters(text, m_characters, kMaxCharacters);
     m_toFit.paragraphEnds.clear();
     std::u32string_view rest = m_characters;
     while (true) {

@@ -1,6 +1,6 @@
 #include "viewer/paint/letter_pictures.h"
 
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 #include <QPainter>
 
@@ -15,14 +15,14 @@ namespace {
 /// The current page, its two neighbours and the previously shown one.
 constexpr std::size_t kKept = 4;
 /// A4 at 300 dots per inch; four bytes per dot.
-constexpr double kMostDots = 8.8e6;
+constexpr double kMaxDots = 8.8e6;
 
 } // namespace
 
 bool LetterPictures::isWorthwhile(double scale) const
 {
-    const Point paper = m_press.paperSize();
-    return paper.x * scale * paper.y * scale <= kMostDots;
+    const Point paper = m_renderer.paperSize();
+    return paper.x * scale * paper.y * scale <= kMaxDots;
 }
 
 void LetterPictures::setScale(double scale, double dotsPerPixel)
@@ -58,13 +58,13 @@ const QImage &LetterPictures::of(std::size_t letter)
 
 const QImage &LetterPictures::sharedOf(std::size_t letter)
 {
-    const LetterLayout &layout = m_press.layoutOf(letter);
+    const LetterLayout &layout = m_renderer.layoutOf(letter);
     const auto found = std::ranges::find(m_shared, &layout, &Shared::layout);
     if (found != m_shared.end()) return found->picture;
-    QImage picture = whitePaper(m_press, m_scale);
+    QImage picture = whitePaper(m_renderer, m_scale);
     QPainter painter(&picture);
     painter.scale(m_scale, m_scale);
-    paintShared(m_press, letter, painter, m_glyphs);
+    paintShared(m_renderer, letter, painter, m_glyphs);
     return m_shared.emplace_back(Shared{&layout, std::move(picture)}).picture;
 }
 
@@ -79,7 +79,7 @@ QImage LetterPictures::painted(std::size_t letter, QImage picture)
     }
     QPainter painter(&picture);
     painter.scale(m_scale, m_scale);
-    paintFields(m_press, letter, painter, m_glyphs);
+    paintFields(m_renderer, letter, painter, m_glyphs);
     painter.end();
     picture.setDevicePixelRatio(m_dotsPerPixel);
     return picture;

@@ -16,8 +16,8 @@ class LetterLayout;
 /// turning a page is often immediate. Each picture has exactly the pixels of a letter that is painted as a whole.
 class LetterPictures {
 public:
-    /// `press` and `glyphs` must outlive this object.
-    LetterPictures(LetterPress &press, QtGlyphs &glyphs) : m_press(press), m_glyphs(glyphs) {}
+    /// `renderer` and `glyphs` must outlive this object.
+    LetterPictures(LetterRenderer &renderer, QtGlyphs &glyphs) : m_renderer(renderer), m_glyphs(glyphs) {}
 
     /// Dots per point, and dots per pixel of the toolkit as the pictures' device pixel ratio. A change clears the cache.
     void setScale(double scale, double dotsPerPixel = 1);
@@ -40,7 +40,7 @@ private:
     /// Reuses the memory of `picture` if it is suitable.
     [[nodiscard]] QImage painted(std::size_t letter, QImage picture);
 
-    LetterPress &m_press;
+    LetterRenderer &m_renderer;
     QtGlyphs &m_glyphs;
     double m_scale = 1, m_dotsPerPixel = 1;
     std::vector<Shared> m_shared;

@@ -1,7 +1,7 @@
 #include "viewer/paint/qt_page_painter.h"
 
 #include "runtime/runtime_error.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 #include <QBuffer>
 #include <QGlyphRun>
@@ -261,62 +261,63 @@ bool QtPagePainter::paintAsText(const GlyphRun &run)
 namespace {
 
 template <class Body>
-void onPaper(const LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs, Body &&body)
+void onPaper(const LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs, Body &&body)
 {
     QtPagePainter page(painter, glyphs);
     const QTransform before = painter.transform();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setTransform(qtTransform(press.onPaper(letter)) * before);
+    painter.setTransform(qtTransform(renderer.onPaper(letter)) * before);
     body(page);
     painter.setTransform(before);
 }
 
 } // namespace
 
-void paintShared(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+void paintShared(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
 {
-    onPaper(press, letter, painter, glyphs, [&](QtPagePainter &page) { press.layoutOf(letter).paintShared(page); });
+    onPaper(renderer, letter, painter, glyphs,
+            [&](QtPagePainter &page) { renderer.layoutOf(letter).paintShared(page); });
 }
 
-void paintFields(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+void paintFields(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
 {
-    onPaper(press, letter, painter, glyphs, [&](QtPagePainter &page) { press.paintFields(letter, page); });
+    onPaper(renderer, letter, painter, glyphs, [&](QtPagePainter &page) { renderer.paintFields(letter, page); });
 }
 
-void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
+void paintLetter(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
 {
-    paintShared(press, letter, painter, glyphs);
-    paintFields(press, letter, painter, glyphs);
+    paintShared(renderer, letter, painter, glyphs);
+    paintFields(renderer, letter, painter, glyphs);
 }
 
-QImage whitePaper(const LetterPress &press, double scale)
+QImage whitePaper(const LetterRenderer &renderer, double scale)
 {
-    const Point paper = press.paperSize();
+    const Point paper = renderer.paperSize();
     QImage image(static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale)),
                  QImage::Format_RGB32);
     image.fill(Qt::white);
     return image;
 }
 
-QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
+QImage letterImage(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
 {
     constexpr double kPointsPerInch = 72;
     constexpr double kInchesPerMetre = 1000 / 25.4;
     const double scale = dotsPerInch / kPointsPerInch;
-    QImage image = whitePaper(press, scale);
+    QImage image = whitePaper(renderer, scale);
     image.setDotsPerMeterX(static_cast<int>(std::lround(dotsPerInch * kInchesPerMetre)));
     image.setDotsPerMeterY(image.dotsPerMeterX());
     QPainter painter(&image);
     painter.scale(scale, scale);
-    paintLetter(press, letter, painter, glyphs);
+    paintLetter(renderer, letter, painter, glyphs);
     return image;
 }
 
-std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
+std::string letterPng(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    if (!letterImage(press, letter, dotsPerInch, glyphs).save(&buffer, "PNG"))
+    if (!letterImage(renderer, letter, dotsPerInch, glyphs).save(&buffer, "PNG"))
         throw RuntimeError(error_number::outOfMemory);
     return buffer.data().toStdString();
 }

@@ -12,7 +12,7 @@ class QPainter;
 
 namespace inin::viewer {
 
-class LetterPress;
+class LetterRenderer;
 
 /// A cache of glyph outlines as Qt paths, for all pages of a window.
 class QtGlyphs {
@@ -54,15 +54,15 @@ private:
 };
 
 /// Paints a letter on its paper. The painter's unit must be the point.
-void paintLetter(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+void paintLetter(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
 /// The two halves of paintLetter(): first the part that all letters of the form share, then the letter's fields.
-void paintShared(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
-void paintFields(LetterPress &press, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+void paintShared(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
+void paintFields(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
 /// Blank paper at `scale` dots per point.
-[[nodiscard]] QImage whitePaper(const LetterPress &press, double scale);
+[[nodiscard]] QImage whitePaper(const LetterRenderer &renderer, double scale);
 /// A letter as a picture on white paper. Needs no display.
-[[nodiscard]] QImage letterImage(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
+[[nodiscard]] QImage letterImage(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 /// The same as the bytes of a PNG file.
-[[nodiscard]] std::string letterPng(LetterPress &press, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
+[[nodiscard]] std::string letterPng(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 
 } // namespace inin::viewer

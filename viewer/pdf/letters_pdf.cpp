@@ -17,8 +17,8 @@ constexpr std::size_t kPagesBetweenReports = 100;
 
 class LettersPdf {
 public:
-    LettersPdf(AtomicFile &out, LetterPress &press, Point shift)
-        : m_press(press), m_shift(shift), m_file(out), m_fonts(m_file), m_paper(press.paperSize()),
+    LettersPdf(AtomicFile &out, LetterRenderer &renderer, Point shift)
+        : m_renderer(renderer), m_shift(shift), m_file(out), m_fonts(m_file), m_paper(renderer.paperSize()),
           m_catalog(m_file.reserve()), m_pages(m_file.reserve()), m_resources(m_file.reserve())
     {
     }
@@ -61,7 +61,7 @@ private:
     /// Adds the transform from the form's page to the paper if they differ. In a PDF, y grows upwards.
     void placeOnPaper(std::size_t letter, double formHeight, PdfPainter &painter)
     {
-        const Affine at = m_press.onPaper(letter);
+        const Affine at = m_renderer.onPaper(letter);
         const double x = at.e + m_shift.x, y = m_paper.y - at.f - m_shift.y - at.a * formHeight;
         if (at.a == 1 && std::abs(x) < kNoMove && std::abs(y) < kNoMove) return;
         std::string operators;
@@ -77,13 +77,13 @@ private:
 
     void writePage(std::size_t letter, PdfPainter &painter)
     {
-        LetterLayout &layout = m_press.layoutOf(letter);
+        LetterLayout &layout = m_renderer.layoutOf(letter);
         const std::size_t shared = sharedOf(layout);
         const double height = layout.form().height;
         painter.begin(height);
         placeOnPaper(letter, height, painter);
         painter.add("/S" + std::to_string(shared) + " Do\n");
-        m_press.paintFields(letter, painter);
+        m_renderer.paintFields(letter, painter);
         const int content = m_file.reserve(), page = m_file.reserve();
         m_file.writeStream(content, "", painter.finish(), Compression::fast);
         m_body.clear();
@@ -105,7 +105,7 @@ private:
         writePageTree();
         const int info = m_file.reserve();
         std::string entries = "<</Producer(formviewer)/Title";
-        appendTextString(entries, m_press.set().title);
+        appendTextString(entries, m_renderer.set().title);
         m_file.writeObject(info, entries + ">>");
         m_file.writeObject(m_catalog, fmt::format("<</Type/Catalog/Pages {} 0 R/ViewerPreferences"
                                                   "<</PrintScaling/None>>>>",
@@ -126,7 +126,7 @@ private:
 
     static constexpr double kNoMove = 0.005;
 
-    LetterPress &m_press;
+    LetterRenderer &m_renderer;
     Point m_shift;
     PdfFile m_file;
     PdfFonts m_fonts;
@@ -139,12 +139,12 @@ private:
 
 } // namespace
 
-bool writeLettersPdf(const std::string &path, LetterPress &press, std::span<const std::size_t> letters,
+bool writeLettersPdf(const std::string &path, LetterRenderer &renderer, std::span<const std::size_t> letters,
                      const Progress &progress, Point shift)
 {
     if (letters.empty()) throw RuntimeError(error_number::invalidCall, "委任状が一つも選ばれていません。");
     AtomicFile out(path);
-    if (!LettersPdf(out, press, shift).write(letters, progress)) return false;
+    if (!LettersPdf(out, renderer, shift).write(letters, progress)) return false;
     out.commit();
     return true;
 }

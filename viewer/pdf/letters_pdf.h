@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 #include <functional>
 #include <span>
@@ -14,7 +14,7 @@ using Progress = std::function<bool(std::size_t pages)>;
 /// Writes letters as a PDF, one page each in the given order, shifted by `shift` points to the right and downwards. False
 /// when `progress` cancelled it. Throws a RuntimeError with a sentence when the file cannot be written, and keeps an
 /// older file of that name.
-bool writeLettersPdf(const std::string &path, LetterPress &press, std::span<const std::size_t> letters,
+bool writeLettersPdf(const std::string &path, LetterRenderer &renderer, std::span<const std::size_t> letters,
                      const Progress &progress = {}, Point shift = {});
 
 } // namespace inin::viewer

@@ -49,11 +49,11 @@ QString CheckPanel::heading() const
 void CheckPanel::widenFirstColumn()
 {
     constexpr double kShare = 0.6;
-    constexpr int kLookedAt = 100, kRoom = 12;
+    constexpr int kMeasuredRows = 100, kRoom = 12;
     int widest = 0;
     for (int branch = 0; branch < m_model.rowCount({}); ++branch) {
         const QModelIndex parent = m_model.index(branch, 0, {});
-        for (int row = 0; row < std::min(m_model.rowCount(parent), kLookedAt); ++row)
+        for (int row = 0; row < std::min(m_model.rowCount(parent), kMeasuredRows); ++row)
             widest = std::max(widest,
                               m_tree->fontMetrics().horizontalAdvance(m_model.index(row, 0, parent).data().toString()));
     }

@@ -8,7 +8,7 @@ FileWatch::FileWatch()
 {
     constexpr int kEvery = 1000;
     m_timer.setInterval(kEvery);
-    m_timer.callOnTimeout([this] { look(); });
+    m_timer.callOnTimeout([this] { check(); });
 }
 
 void FileWatch::watch(std::vector<StampedFile> files)
@@ -22,18 +22,18 @@ void FileWatch::watch(std::vector<StampedFile> files)
     m_timer.start();
 }
 
-void FileWatch::look()
+void FileWatch::check()
 {
     for (Watched &file : m_files) {
         const FileStamp now = stampOf(file.read.path);
         const bool isSettled = now == file.last;
         file.last = now;
-        if (!isSettled || !now.exists || now == file.told) continue;
-        file.told = now;
+        if (!isSettled || !now.exists || now == file.reported) continue;
+        file.reported = now;
         // The call comes last: the handler may start to watch other files.
-        const auto tell = onChanged;
+        const auto notify = onChanged;
         const std::string path = file.read.path;
-        if (tell) return tell(path);
+        if (notify) return notify(path);
     }
 }
 

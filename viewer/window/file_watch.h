@@ -17,7 +17,7 @@ public:
 
     void watch(std::vector<StampedFile> files);
     /// Checks now. A file has changed when two checks see the same new state, so that it is complete by then.
-    void look();
+    void check();
     /// Called once for each new state of a file.
     std::function<void(const std::string &path)> onChanged;
 
@@ -25,7 +25,7 @@ private:
     struct Watched {
         StampedFile read;
         FileStamp last; ///< as at the previous check
-        FileStamp told;
+        FileStamp reported;
     };
     QTimer m_timer;
     std::vector<Watched> m_files;

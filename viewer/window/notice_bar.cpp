@@ -1,6 +1,6 @@
 #include "viewer/window/notice_bar.h"
 
-#include "viewer/window/look.h"
+#include "viewer/window/viewer_style.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>

@@ -3,11 +3,11 @@
 namespace inin::viewer {
 
 OpenLetters::OpenLetters(const std::string &scriptPath)
-    : set(openScript(scriptPath)), press(set, fonts), pictures(press, glyphs), names(set), ticks(set.size()),
+    : set(openScript(scriptPath)), renderer(set, fonts), pictures(renderer, glyphs), names(set), ticks(set.size()),
       notices(set.notices)
 {
     notices.insert(notices.end(), fonts.notices().begin(), fonts.notices().end());
-    const std::vector<std::string> ofForms = press.formNotices();
+    const std::vector<std::string> ofForms = renderer.formNotices();
     notices.insert(notices.end(), ofForms.begin(), ofForms.end());
 }
 

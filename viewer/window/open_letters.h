@@ -2,7 +2,7 @@
 
 #include "viewer/check/letter_check.h"
 #include "viewer/document/letter_names.h"
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 #include "viewer/document/letter_ticks.h"
 #include "viewer/paint/letter_pictures.h"
 
@@ -19,7 +19,7 @@ struct OpenLetters {
 
     const LetterSet set;
     Fonts fonts;
-    LetterPress press;
+    LetterRenderer renderer;
     QtGlyphs glyphs;
     LetterPictures pictures; ///< for the screen
     LetterNames names;

@@ -76,7 +76,7 @@ void PageView::describeLetter()
 double PageView::zoom() const
 {
     if (m_letters == nullptr || m_fit == Fit::none) return m_zoom;
-    const Point paper = m_letters->press.paperSize();
+    const Point paper = m_letters->renderer.paperSize();
     const double point = logicalDpiY() / kPointsPerInch;
     // Fitting the page assumes no scroll bars; fitting the width assumes a vertical one.
     const int bar = m_fit == Fit::width ? verticalScrollBar()->sizeHint().width() : 0;
@@ -92,7 +92,7 @@ double PageView::pixelsPerPoint() const
 
 QSize PageView::paperPixels() const
 {
-    const Point paper = m_letters->press.paperSize();
+    const Point paper = m_letters->renderer.paperSize();
     const double scale = pixelsPerPoint();
     return {static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale))};
 }
@@ -189,7 +189,7 @@ void PageView::paintPaper(QPainter &painter, const QRect &place)
     if (!pictures.isWorthwhile(scale)) {
         painter.translate(place.topLeft());
         painter.scale(pixelsPerPoint(), pixelsPerPoint());
-        paintLetter(m_letters->press, m_letter, painter, m_letters->glyphs);
+        paintLetter(m_letters->renderer, m_letter, painter, m_letters->glyphs);
         return;
     }
     pictures.setScale(scale, toDots.m11());

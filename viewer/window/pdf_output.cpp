@@ -14,12 +14,12 @@ std::vector<std::string> letterPdfPaths(const LetterSet &set, std::span<const st
     return paths;
 }
 
-std::size_t writeLetterPdfs(const std::vector<std::string> &paths, LetterPress &press,
+std::size_t writeLetterPdfs(const std::vector<std::string> &paths, LetterRenderer &renderer,
                             std::span<const std::size_t> which, const Progress &progress)
 {
     for (std::size_t i = 0; i < which.size(); ++i) {
         if (progress && !progress(i)) return i;
-        writeLettersPdf(paths[i], press, which.subspan(i, 1));
+        writeLettersPdf(paths[i], renderer, which.subspan(i, 1));
     }
     return which.size();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 #include "viewer/pdf/letters_pdf.h"
 
 #include <cstddef>
@@ -15,7 +15,7 @@ namespace inin::viewer {
                                                       const std::string &folder, const std::string &pattern);
 /// Writes one PDF per letter and returns the number of complete files. Throws a RuntimeError with a sentence when one
 /// cannot be written; the files before it are kept.
-std::size_t writeLetterPdfs(const std::vector<std::string> &paths, LetterPress &press,
+std::size_t writeLetterPdfs(const std::vector<std::string> &paths, LetterRenderer &renderer,
                             std::span<const std::size_t> which, const Progress &progress);
 
 } // namespace inin::viewer

@@ -1,9 +1,9 @@
 #include "viewer/window/print_dialog.h"
 
 #include "viewer/document/letter_ticks.h"
-#include "viewer/window/look.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
+#include "viewer/window/viewer_style.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -26,8 +26,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMostCopies = 99, kMostPerJob = 10000, kUsualPerJob = 50;
-constexpr double kMostOffset = 50, kOffsetStep = 0.1;
+constexpr int kMaxCopies = 99, kMaxPerJob = 10000, kUsualPerJob = 50;
+constexpr double kMaxOffset = 50, kOffsetStep = 0.1;
 constexpr double kTenths = 10;
 
 struct DuplexChoice {
@@ -74,7 +74,7 @@ protected:
 QDoubleSpinBox *offsetBox(const char *name, const QString &direction, QWidget *parent)
 {
     auto *const box = named(new QDoubleSpinBox(parent), name, u"位置の調整、%1、ミリメートル"_s.arg(direction));
-    box->setRange(-kMostOffset, kMostOffset);
+    box->setRange(-kMaxOffset, kMaxOffset);
     box->setDecimals(1);
     box->setSingleStep(kOffsetStep);
     box->setSuffix(u" mm"_s);
@@ -134,7 +134,7 @@ QWidget *PrintDialog::printerGroup()
     auto *const form = new QFormLayout(group);
     m_printer = named(new QComboBox(group), "printer", u"プリンター"_s);
     m_copies = named(new QSpinBox(group), "copies", u"部数"_s);
-    m_copies->setRange(1, kMostCopies);
+    m_copies->setRange(1, kMaxCopies);
     m_copies->setSuffix(u" 部"_s);
     m_duplex = named(new QComboBox(group), "duplex", u"両面印刷"_s);
     for (const DuplexChoice &choice : kDuplex) m_duplex->addItem(QString::fromUtf8(choice.text));
@@ -166,7 +166,7 @@ QWidget *PrintDialog::jobGroup()
     m_oneJob = named(new QRadioButton(u"一度にまとめて印刷する(&O)"_s, group), "oneJob", u"一度にまとめて印刷する"_s);
     m_manyJobs = named(new QRadioButton(u"分けて印刷する(&M)"_s, group), "manyJobs", u"分けて印刷する"_s);
     m_perJob = named(new LettersPerJobBox(group), "lettersPerJob", u"一回に印刷する通数"_s);
-    m_perJob->setRange(1, kMostPerJob);
+    m_perJob->setRange(1, kMaxPerJob);
     m_perJob->setSuffix(u" 通ずつ"_s);
     const int perJob = m_settings.lettersPerJob();
     m_perJob->setValue(perJob == 0 ? kUsualPerJob : perJob);

@@ -1,7 +1,7 @@
 #include "viewer/window/print_letters.h"
 
 #include "runtime/runtime_error.h"
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 #include "viewer/document/ruler_page.h"
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/window/open_letters.h"
@@ -48,13 +48,13 @@ JobResult refused(const PrintOrder &order, const std::string &words = {})
 }
 
 struct JobOrder {
-    LetterPress &press;
+    LetterRenderer &renderer;
     QtGlyphs &glyphs;
     std::span<const std::size_t> which;
     const PrintOrder &order;
 };
 
-JobResult spoolJob(const JobOrder &job, const SpoolPdf &spool, const PrintProgress &tell)
+JobResult spoolJob(const JobOrder &job, const SpoolPdf &spool, const PrintProgress &report)
 try {
     // The letters are confidential: only the user can read the folder, and it is deleted together with the file.
     const QTemporaryDir folder;
@@ -62,11 +62,12 @@ try {
         throw RuntimeError(error_number::pathAccess, "印刷用の一時ファイルを置くフォルダーを作成できません。");
     const QString path = folder.filePath(u"letters.pdf"_s);
     const PrinterOffset &offset = job.order.offset;
-    if (!writeLettersPdf(utf8Text(path), job.press, job.which, tell, {offset.right * kTenth, offset.down * kTenth}))
+    if (!writeLettersPdf(utf8Text(path), job.renderer, job.which, report,
+                         {offset.right * kTenth, offset.down * kTenth}))
         return {JobResult::End::cancelled, 0, {}};
-    const LetterSet &set = job.press.set();
+    const LetterSet &set = job.renderer.set();
     const SpoolJob order{path, jobName(set, job.which), set.paper, job.order};
-    const SpoolResult result = spool(order, [&] { return tell(job.which.size()); });
+    const SpoolResult result = spool(order, [&] { return report(job.which.size()); });
     switch (result.end) {
     case SpoolResult::End::taken:
         return {JobResult::End::done, job.which.size(), {}};
@@ -80,9 +81,10 @@ try {
     return {JobResult::End::refused, 0, error.description()};
 }
 
-JobResult paintJob(const JobOrder &job, const MakePrinter &makePrinter, const PrintProgress &tell)
+JobResult paintJob(const JobOrder &job, const MakePrinter &makePrinter, const PrintProgress &report)
 {
-    PaintedJob paper(makePrinter(job.order), job.order, jobName(job.press.set(), job.which), job.press.paperSize());
+    PaintedJob paper(makePrinter(job.order), job.order, jobName(job.renderer.set(), job.which),
+                     job.renderer.paperSize());
     if (!paper.isGood()) return refused(job.order);
     for (int round = 0; round < paper.rounds(); ++round) {
         for (std::size_t i = 0; i < job.which.size(); ++i) {
@@ -91,17 +93,17 @@ JobResult paintJob(const JobOrder &job, const MakePrinter &makePrinter, const Pr
                 paper.takeBack();
                 return refused(job.order);
             }
-            paintLetter(job.press, job.which[i], painter, job.glyphs);
+            paintLetter(job.renderer, job.which[i], painter, job.glyphs);
             const std::size_t painted = round == 0 ? i + 1 : job.which.size();
-            if (!tell(painted)) return {JobResult::End::cancelled, paper.takeBack() ? 0 : painted, {}};
+            if (!report(painted)) return {JobResult::End::cancelled, paper.takeBack() ? 0 : painted, {}};
         }
     }
     return paper.finish() ? JobResult{JobResult::End::done, job.which.size(), {}} : refused(job.order);
 }
 
-JobResult runJob(const JobOrder &job, const PrintRoads &roads, const PrintProgress &tell)
+JobResult runJob(const JobOrder &job, const PrintPaths &paths, const PrintProgress &report)
 {
-    return roads.spool ? spoolJob(job, roads.spool, tell) : paintJob(job, roads.makePrinter, tell);
+    return paths.spool ? spoolJob(job, paths.spool, report) : paintJob(job, paths.makePrinter, report);
 }
 
 } // namespace
@@ -114,38 +116,38 @@ std::unique_ptr<QPrinter> systemPrinter(const PrintOrder &order)
     return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
 }
 
-PrintRoads systemRoads()
+PrintPaths systemPaths()
 {
     return {systemSpool(), systemPrinter};
 }
 
 PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
-                         const PrintRoads &roads, const PrintProgress &progress)
+                         const PrintPaths &paths, const PrintProgress &progress)
 {
     PrintResult result;
     const std::size_t perJob = order.lettersPerJob == 0 ? which.size() : order.lettersPerJob;
     while (result.sent < which.size()) {
         const auto part = which.subspan(result.sent, std::min(perJob, which.size() - result.sent));
-        const auto tell = [&](std::size_t done) { return !progress || progress(result.sent + done); };
-        const JobResult job = runJob({letters.press, letters.glyphs, part, order}, roads, tell);
+        const auto report = [&](std::size_t done) { return !progress || progress(result.sent + done); };
+        const JobResult job = runJob({letters.renderer, letters.glyphs, part, order}, paths, report);
         result.sent += job.sent;
         result.isCancelled = job.end == JobResult::End::cancelled;
         result.fault = job.fault;
-        result.mayBeOnPaper = job.end == JobResult::End::refused && !roads.spool;
+        result.mayBeOnPaper = job.end == JobResult::End::refused && !paths.spool;
         if (job.end != JobResult::End::done) return result;
     }
     return result;
 }
 
-std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintRoads &roads)
+std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintPaths &paths)
 {
     PrintOrder one = order;
     one.copies = 1;
     const LetterSet set =
         rulerLetters(letters.set.paper, utf8Text(order.printer), order.offset.right, order.offset.down);
-    LetterPress press(set, letters.fonts);
+    LetterRenderer renderer(set, letters.fonts);
     constexpr std::size_t kOnly[] = {0};
-    return runJob({press, letters.glyphs, kOnly, one}, roads, [](std::size_t) { return true; }).fault;
+    return runJob({renderer, letters.glyphs, kOnly, one}, paths, [](std::size_t) { return true; }).fault;
 }
 
 } // namespace inin::viewer

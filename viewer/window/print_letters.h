@@ -20,11 +20,11 @@ using MakePrinter = std::function<std::unique_ptr<QPrinter>(const PrintOrder &)>
 
 /// The two output paths. A system that accepts PDF gets the file that saving writes: identical letters, small and
 /// quickly made. Elsewhere the pages are painted on a printer.
-struct PrintRoads {
+struct PrintPaths {
     SpoolPdf spool; ///< empty where the system does not accept PDF
     MakePrinter makePrinter;
 };
-[[nodiscard]] PrintRoads systemRoads();
+[[nodiscard]] PrintPaths systemPaths();
 
 /// The result of a print. Letters of a refused job count as not sent; those of a cancelled job count as sent when the
 /// system could not withdraw it.
@@ -41,8 +41,8 @@ using PrintProgress = std::function<bool(std::size_t letters)>;
 
 /// Prints letters in the given order, one page each.
 [[nodiscard]] PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which,
-                                       const PrintOrder &order, const PrintRoads &roads, const PrintProgress &progress);
+                                       const PrintOrder &order, const PrintPaths &paths, const PrintProgress &progress);
 /// Prints the page of rulers for measuring an offset. Returns an error sentence or an empty text.
-[[nodiscard]] std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintRoads &roads);
+[[nodiscard]] std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintPaths &paths);
 
 } // namespace inin::viewer

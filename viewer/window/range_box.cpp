@@ -2,8 +2,8 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/document/letter_ticks.h"
-#include "viewer/window/look.h"
 #include "viewer/window/qt_text.h"
+#include "viewer/window/viewer_style.h"
 
 #include <QGridLayout>
 #include <QLabel>

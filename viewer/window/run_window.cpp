@@ -2,8 +2,8 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/io/system_edges.h"
-#include "viewer/window/look.h"
 #include "viewer/window/qt_text.h"
+#include "viewer/window/viewer_style.h"
 #include "viewer/window/viewer_window.h"
 
 #include <QApplication>
@@ -15,7 +15,7 @@ int runWindow(std::string programName, const std::string &scriptPath, const std:
     int argumentCount = 1;
     char *arguments[] = {programName.data(), nullptr};
     QApplication application(argumentCount, arguments);
-    applyLook(application);
+    applyStyle(application);
     const ViewerServices services = realServices();
     try {
         auto open = std::make_unique<OpenLetters>(scriptPath);
@@ -26,7 +26,7 @@ int runWindow(std::string programName, const std::string &scriptPath, const std:
         window.start();
         return QApplication::exec();
     } catch (const RuntimeError &error) {
-        services.tell(nullptr, QMessageBox::Critical, qtText(error.description()));
+        services.showMessage(nullptr, QMessageBox::Critical, qtText(error.description()));
         return 1;
     }
 }

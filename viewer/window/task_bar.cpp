@@ -39,7 +39,7 @@ void TaskBar::setRunning(bool running)
     if (onRunningChanged) onRunningChanged();
 }
 
-bool TaskBar::tell(std::size_t done)
+bool TaskBar::setDone(std::size_t done)
 {
     if (m_since.elapsed() >= kShownAfter) show();
     if (m_awake.elapsed() >= kAwakeEvery) {
@@ -65,7 +65,7 @@ void TaskBar::run(const QString &title, std::size_t total,
     m_awake.start();
     setRunning(true);
     const Stop stop{*this};
-    task([this](std::size_t done) { return tell(done); });
+    task([this](std::size_t done) { return setDone(done); });
 }
 
 } // namespace inin::viewer

@@ -25,7 +25,7 @@ public:
     std::function<void()> onRunningChanged;
 
 private:
-    bool tell(std::size_t done);
+    bool setDone(std::size_t done);
     void setRunning(bool running);
 
     QLabel *m_title;

@@ -1,5 +1,5 @@
 #include "runtime/runtime_error.h"
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 #include "viewer/window/check_panel.h"
 #include "viewer/window/pdf_output.h"
 #include "viewer/window/qt_text.h"
@@ -36,10 +36,10 @@ void ViewerWindow::runTask(const QString &title, std::size_t total, const std::f
     m_closesAfterTask = false;
     bool isDone = false;
     m_taskState = u"%1（0／%2通）。"_s.arg(title).arg(total);
-    m_task->run(title, total, [&](const std::function<bool(std::size_t)> &tell) {
+    m_task->run(title, total, [&](const std::function<bool(std::size_t)> &setDone) {
         isDone = task([&](std::size_t done) {
             m_taskState = u"%1（%2／%3通）。"_s.arg(title).arg(done).arg(total);
-            return tell(done);
+            return setDone(done);
         });
     });
     // A failed task has an error to show; a task cancelled by closing has already shown its result.
@@ -58,7 +58,7 @@ std::unique_ptr<PrintDialog> ViewerWindow::printDialog()
     dialog->showCheck(lines.join(u'\n'));
     dialog->onTicksChanged = [this] { ticksChanged(); };
     dialog->onRulerPage = [this](const PrintOrder &order) {
-        return printRulerPage(*m_letters, order, m_services.roads);
+        return printRulerPage(*m_letters, order, m_services.paths);
     };
     return dialog;
 }
@@ -78,11 +78,11 @@ void ViewerWindow::askPrint()
 void ViewerWindow::print(const PrintOrder &order)
 {
     const std::vector<std::size_t> which = m_letters->ticks.letters();
-    if (which.empty()) return tell(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
+    if (which.empty()) return showMessage(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
     if (order.printer.isEmpty())
-        return tell(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
+        return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
     runTask(u"印刷しています"_s, which.size(), [&](const Progress &progress) {
-        const PrintResult result = printLetters(*m_letters, which, order, m_services.roads, progress);
+        const PrintResult result = printLetters(*m_letters, which, order, m_services.paths, progress);
         tellPrinted(result, which);
         // A print that was cancelled in order to close counts as complete; a refusal keeps the window open.
         return result.fault.empty();
@@ -101,12 +101,13 @@ void ViewerWindow::tellPrinted(const PrintResult &result, const std::vector<std:
     const QString parts = u"\n\n印刷に送った番号：%1\n送っていない番号：%2"_s.arg(
         numbersText(all.first(result.sent)), numbersText(all.subspan(result.sent)));
     if (result.isCancelled)
-        tell(QMessageBox::Information, u"印刷を中止しました。"_s + parts);
+        showMessage(QMessageBox::Information, u"印刷を中止しました。"_s + parts);
     else
-        tell(QMessageBox::Warning,
-             qtText(result.fault) + parts +
-                 (result.mayBeOnPaper ? u"\n\n送っていない番号も、途中まで印刷されていないか用紙を確認してください。"_s
-                                      : QString()));
+        showMessage(QMessageBox::Warning,
+                    qtText(result.fault) + parts +
+                        (result.mayBeOnPaper
+                             ? u"\n\n送っていない番号も、途中まで印刷されていないか用紙を確認してください。"_s
+                             : QString()));
 }
 
 void ViewerWindow::askPdf()
@@ -124,11 +125,11 @@ void ViewerWindow::savePdf(const PdfOrder &order)
         which.resize(m_letters->set.size());
         std::iota(which.begin(), which.end(), std::size_t{0});
     }
-    if (which.empty()) return tell(QMessageBox::Information, u"保存する委任状が選ばれていません。"_s);
+    if (which.empty()) return showMessage(QMessageBox::Information, u"保存する委任状が選ばれていません。"_s);
     try {
         order.fileEach ? writePdfEach(order, which) : writePdf(which);
     } catch (const RuntimeError &error) {
-        tell(QMessageBox::Warning, qtText(error.description()));
+        showMessage(QMessageBox::Warning, qtText(error.description()));
     }
 }
 
@@ -147,7 +148,7 @@ void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
     if (path.isEmpty()) return;
     keepPdfFolder(QFileInfo(path).absolutePath());
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
-        const bool isDone = writeLettersPdf(utf8Text(path), m_letters->press, which, progress);
+        const bool isDone = writeLettersPdf(utf8Text(path), m_letters->renderer, which, progress);
         statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(which.size()).arg(path)
                                         : u"保存を中止しました。ファイルは作られていません。"_s);
         return true;
@@ -165,7 +166,7 @@ void ViewerWindow::writePdfEach(const PdfOrder &order, const std::vector<std::si
     if (old > 0 && !m_services.mayReplace(this, u"同じ名前のファイルが%1個あります。上書きしますか。"_s.arg(old)))
         return;
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
-        const std::size_t written = writeLetterPdfs(paths, m_letters->press, which, progress);
+        const std::size_t written = writeLetterPdfs(paths, m_letters->renderer, which, progress);
         statusBar()->showMessage(written == which.size()
                                      ? u"%1通を「%2」に保存しました。"_s.arg(written).arg(folder)
                                      : u"保存を中止しました。%1通は保存してあります。"_s.arg(written));

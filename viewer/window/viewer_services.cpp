@@ -27,7 +27,7 @@ CloseAnswer askClose(QWidget *parent, const QString &state)
     return box.clickedButton() == later ? CloseAnswer::closeWhenDone : CloseAnswer::keepPrinting;
 }
 
-void tell(QWidget *parent, QMessageBox::Icon icon, const QString &text)
+void showMessage(QWidget *parent, QMessageBox::Icon icon, const QString &text)
 {
     QMessageBox box(icon, u"委任状"_s, text, QMessageBox::NoButton, parent);
     box.addButton(u"OK"_s, QMessageBox::AcceptRole);
@@ -77,7 +77,7 @@ ViewerServices realServices()
 {
     ViewerServices services;
     services.askClose = askClose;
-    services.tell = tell;
+    services.showMessage = showMessage;
     services.mayReplace = mayReplace;
     services.askPdfFile = askPdfFile;
     services.askFolder = askFolder;

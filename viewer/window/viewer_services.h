@@ -14,10 +14,10 @@ enum class CloseAnswer { keepPrinting, closeWhenDone, cancelAndClose };
 /// Services of the user and the system that the window needs; tests replace them.
 struct ViewerServices {
     std::function<std::vector<PrinterChoice>()> printers = systemPrinters;
-    PrintRoads roads = systemRoads();
+    PrintPaths paths = systemPaths();
     /// Lets the user choose what to do when the window is closed during printing or writing.
     std::function<CloseAnswer(QWidget *parent, const QString &state)> askClose;
-    std::function<void(QWidget *parent, QMessageBox::Icon icon, const QString &text)> tell;
+    std::function<void(QWidget *parent, QMessageBox::Icon icon, const QString &text)> showMessage;
     /// Asks whether existing files may be overwritten.
     std::function<bool(QWidget *parent, const QString &text)> mayReplace;
     /// Returns an empty path when the user cancels. Without a folder the user's documents are offered.

@@ -13,9 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMostPerJob = 10000;
+constexpr int kMaxPerJob = 10000;
 /// No real printer has a larger offset; a larger value in the settings file is corrupt.
-constexpr int kMostOffset = 500;
+constexpr int kMaxOffset = 500;
 
 QString ownPath()
 {
@@ -36,7 +36,7 @@ ViewerSettings::ViewerSettings(const QString &path) : m_file(path.isEmpty() ? ow
 PrinterOffset ViewerSettings::offsetOf(const QString &printer) const
 {
     const auto read = [&](const char *direction) {
-        return std::clamp(m_file.value(offsetKey(printer, direction)).toInt(), -kMostOffset, kMostOffset);
+        return std::clamp(m_file.value(offsetKey(printer, direction)).toInt(), -kMaxOffset, kMaxOffset);
     };
     return {read("offsetRight"), read("offsetDown")};
 }
@@ -59,7 +59,7 @@ void ViewerSettings::setPrinter(const QString &printer)
 
 int ViewerSettings::lettersPerJob() const
 {
-    return std::clamp(m_file.value(u"print/lettersPerJob"_s).toInt(), 0, kMostPerJob);
+    return std::clamp(m_file.value(u"print/lettersPerJob"_s).toInt(), 0, kMaxPerJob);
 }
 
 void ViewerSettings::setLettersPerJob(int letters)

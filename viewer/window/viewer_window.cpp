@@ -160,11 +160,11 @@ void ViewerWindow::start()
 /// while it runs anyway, for a window on another desktop may never become visible.
 void ViewerWindow::whenPlaced(std::function<void()> what)
 {
-    constexpr int kLookEvery = 10, kMostLooks = 100;
+    constexpr int kCheckEvery = 10, kMaxChecks = 100;
     auto *const timer = new QTimer(this); // owned by the window until it has finished
-    timer->callOnTimeout([this, timer, what = std::move(what), looks = 0]() mutable {
+    timer->callOnTimeout([this, timer, what = std::move(what), checks = 0]() mutable {
         const bool isSeen = windowHandle() != nullptr && windowHandle()->isExposed();
-        if (!isSeen && ++looks < kMostLooks) return timer->start(kLookEvery);
+        if (!isSeen && ++checks < kMaxChecks) return timer->start(kCheckEvery);
         timer->stop();
         timer->deleteLater();
         what();
@@ -195,7 +195,7 @@ void ViewerWindow::showZoom()
 
 void ViewerWindow::startCheck()
 {
-    m_check = std::make_unique<LetterCheck>(m_letters->press);
+    m_check = std::make_unique<LetterCheck>(m_letters->renderer);
     m_checkTimer.start(0);
 }
 
@@ -281,20 +281,20 @@ void ViewerWindow::reload()
         adopt(std::make_unique<OpenLetters>(m_scriptPath));
         statusBar()->showMessage(u"読み込み直しました。すべての委任状に印が付いています。"_s);
     } catch (const RuntimeError &error) {
-        tell(QMessageBox::Warning, qtText(error.description()) + u"\n前の内容をそのまま表示しています。"_s);
+        showMessage(QMessageBox::Warning, qtText(error.description()) + u"\n前の内容をそのまま表示しています。"_s);
     }
 }
 
-void ViewerWindow::tell(QMessageBox::Icon icon, const QString &text)
+void ViewerWindow::showMessage(QMessageBox::Icon icon, const QString &text)
 {
-    if (m_services.tell) m_services.tell(this, icon, text);
+    if (m_services.showMessage) m_services.showMessage(this, icon, text);
 }
 
 void ViewerWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     // Detect a changed file as soon as the user returns to the window.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_watch.look();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_watch.check();
 }
 
 void ViewerWindow::closeEvent(QCloseEvent *event)

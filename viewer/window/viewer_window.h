@@ -48,7 +48,7 @@ public:
     /// Checks the remaining letters at once.
     void finishCheck();
     /// Checks now whether a file has changed.
-    void lookAtFiles() { m_watch.look(); }
+    void checkFiles() { m_watch.check(); }
     void reload();
 
     /// Opens the print dialog, then prints the ticked letters.
@@ -94,7 +94,7 @@ private:
     void writePdf(const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
     void keepPdfFolder(const QString &folder);
-    void tell(QMessageBox::Icon icon, const QString &text);
+    void showMessage(QMessageBox::Icon icon, const QString &text);
 
     const std::string m_scriptPath;
     ViewerServices m_services;

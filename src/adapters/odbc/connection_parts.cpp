@@ -112,10 +112,10 @@ void readLoginTimeout(ConnectionParts &parts)
 {
     const std::string text = parts.text(Part::loginTimeout);
     if (text.empty()) return;
-    constexpr std::int32_t kMostSeconds = 86400;
+    constexpr std::int32_t kMaxSeconds = 86400;
     std::int32_t seconds = 0;
     const auto [stopped, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    if (error != std::errc() || stopped != text.data() + text.size() || seconds < 0 || seconds > kMostSeconds)
+    if (error != std::errc() || stopped != text.data() + text.size() || seconds < 0 || seconds > kMaxSeconds)
         parts.problem = "the connect timeout is no number of seconds";
     else
         parts.loginTimeout = seconds;

@@ -136,7 +136,7 @@ ProviderError ownError(std::int32_t number, std::string_view sqlState, std::stri
     return {number, std::move(description), "ODBC", std::string(sqlState), 0};
 }
 
-bool tellsFailure(const std::vector<DiagnosticRecord> &records)
+bool isFailureRecord(const std::vector<DiagnosticRecord> &records)
 {
     return !std::ranges::all_of(records, &DiagnosticRecord::isWarning);
 }

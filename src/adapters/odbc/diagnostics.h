@@ -21,7 +21,7 @@ struct DiagnosticRecord {
 
 /// True when a record is more than a warning. FreeTDS reports a failure after the first rows of a block as "success
 /// with info" and then an ordinary end of rows: only the records show that rows are missing.
-[[nodiscard]] bool tellsFailure(const std::vector<DiagnosticRecord> &records);
+[[nodiscard]] bool isFailureRecord(const std::vector<DiagnosticRecord> &records);
 
 /// The record as an entry of ADO's error list: ADO's number, the component as the source, the text without the
 /// bracketed prefixes. Secrets are masked.

@@ -19,7 +19,7 @@ SQLSMALLINT codeOf(OdbcHandle::Kind kind)
 }
 
 /// A driver that returns records endlessly must not hang the program.
-constexpr SQLSMALLINT kMostRecords = 100;
+constexpr SQLSMALLINT kMaxRecords = 100;
 
 std::u16string recordWords(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number, DiagnosticRecord &record)
 {
@@ -74,7 +74,7 @@ OdbcHandle::~OdbcHandle()
 std::vector<DiagnosticRecord> OdbcHandle::records() const
 {
     std::vector<DiagnosticRecord> records;
-    for (SQLSMALLINT number = 1; number <= kMostRecords; ++number) {
+    for (SQLSMALLINT number = 1; number <= kMaxRecords; ++number) {
         DiagnosticRecord record;
         const std::u16string words = recordWords(codeOf(m_kind), m_handle, number, record);
         if (record.sqlState.empty()) break;

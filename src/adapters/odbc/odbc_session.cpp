@@ -222,7 +222,7 @@ bool OdbcSession::isAlive()
 void OdbcSession::checkRecords(const OdbcHandle &statement, bool hasSucceeded)
 {
     const std::vector<DiagnosticRecord> records = statement.records();
-    if (!hasSucceeded || tellsFailure(records)) fail(records);
+    if (!hasSucceeded || isFailureRecord(records)) fail(records);
 }
 
 void OdbcSession::fail(const std::vector<DiagnosticRecord> &records)

@@ -12,7 +12,7 @@ namespace {
 
 /// Memory of one block, and the number of rows above which a larger block is no faster.
 constexpr std::size_t kBlockBytes = 1U << 20U;
-constexpr std::size_t kMostRows = 512;
+constexpr std::size_t kMaxRows = 512;
 constexpr std::size_t kPieceBytes = 32768;
 /// Initial value of the fetched-row count. A driver that never writes the count fetches single rows.
 constexpr std::uintptr_t kUntold = UINTPTR_MAX;
@@ -49,7 +49,7 @@ RowBlock::RowBlock(const OdbcHandle &statement, const std::vector<OdbcColumn> &c
     if (firstLong == columns.end()) {
         std::size_t rowBytes = 0;
         for (const OdbcColumn &column : columns) rowBytes += column.width + sizeof(SQLLEN);
-        m_capacity = std::clamp<std::size_t>(kBlockBytes / std::max<std::size_t>(rowBytes, 1), 1, kMostRows);
+        m_capacity = std::clamp<std::size_t>(kBlockBytes / std::max<std::size_t>(rowBytes, 1), 1, kMaxRows);
     }
     SQLHSTMT handle = m_statement.get();
     if (!SQL_SUCCEEDED(SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, asPointer(m_capacity), 0))) m_capacity = 1;
@@ -83,13 +83,13 @@ RowBlock::Outcome RowBlock::fetch()
         m_fetched = 1;
         m_status[0] = SQL_ROW_SUCCESS;
     }
-    const std::size_t told = SQL_SUCCEEDED(result) ? std::min<std::size_t>(m_fetched, m_capacity) : m_capacity;
+    const std::size_t reported = SQL_SUCCEEDED(result) ? std::min<std::size_t>(m_fetched, m_capacity) : m_capacity;
     const auto isGood = [](std::uint16_t status) {
         return status == SQL_ROW_SUCCESS || status == SQL_ROW_SUCCESS_WITH_INFO;
     };
-    while (m_count < told && isGood(m_status[m_count])) ++m_count;
+    while (m_count < reported && isGood(m_status[m_count])) ++m_count;
     const bool isWhole =
-        SQL_SUCCEEDED(result) && m_count == told && !(result != SQL_SUCCESS && tellsFailure(m_failure));
+        SQL_SUCCEEDED(result) && m_count == reported && !(result != SQL_SUCCESS && isFailureRecord(m_failure));
     if (!isWhole || (m_count > 0 && !readPieces())) return Outcome::failed;
     return Outcome::rows;
 }

@@ -43,7 +43,7 @@ Found readWhole(const std::string &path, std::string &bytes, struct stat &status
     if (!file.isOpen()) return errno == ENOENT ? Found::nothing : Found::unreadable;
     if (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return Found::unreadable;
     const auto size = static_cast<std::size_t>(status.st_size);
-    return size <= kMostSettingsBytes && readUpTo(file, size, bytes) ? Found::file : Found::unreadable;
+    return size <= kMaxSettingsBytes && readUpTo(file, size, bytes) ? Found::file : Found::unreadable;
 }
 
 std::string bytesOf(const std::string &path)

@@ -106,9 +106,9 @@ void CalendarPopup::showTitle()
 void CalendarPopup::choose(const QDate &day)
 {
     const Date chosen = dateOf({day.year(), day.month(), day.day()});
-    const auto tell = onChosen;
+    const auto notify = onChosen;
     close();
-    if (tell) tell(chosen);
+    if (notify) notify(chosen);
 }
 
 /// The return key selects the day like a click. The calendar widget reports the key only in some of its states.

@@ -4,7 +4,7 @@
 #include "adapters/qt/grid_view.h"
 #include "adapters/qt/number_edit.h"
 #include "adapters/qt/open_list.h"
-#include "adapters/qt/option_mark.h"
+#include "adapters/qt/option_radio_button.h"
 #include "adapters/qt/picture_box.h"
 #include "adapters/qt/picture_file.h"
 #include "adapters/qt/qt_text.h"
@@ -104,7 +104,7 @@ void ControlMirror::keep(Control &control, QWidget *widget, std::function<void()
 
 void ControlMirror::visit(OptionButton &control)
 {
-    auto *option = new OptionMark(parentFor(control)); // owned by its parent, as all widgets here
+    auto *option = new OptionRadioButton(parentFor(control)); // owned by its parent, as all widgets here
     QObject::connect(option, &QAbstractButton::clicked, option,
                      [this, &control] { m_services.edge.run([&] { control.Value = true; }); });
     keep(control, option, [&control, option] {

@@ -16,7 +16,7 @@ namespace inin::qt {
 namespace {
 
 /// Longer than any date, and short enough that a text dropped by mistake does no harm.
-constexpr int kMostLetters = 64;
+constexpr int kMaxLength = 64;
 
 int lettersOf(const std::string &text, std::size_t bytes)
 {
@@ -28,7 +28,7 @@ int lettersOf(const std::string &text, std::size_t bytes)
 DateEdit::DateEdit(std::string format, std::function<Date()> today, QWidget *parent)
     : TypedBox(parent), m_format(std::move(format)), m_today(std::move(today))
 {
-    setMaxLength(kMostLetters);
+    setMaxLength(kMaxLength);
     setInputMethodHints(Qt::ImhDate | Qt::ImhNoPredictiveText);
     m_sign = addAction(QIcon(), QLineEdit::LeadingPosition);
     m_sign->setVisible(false);
@@ -86,7 +86,7 @@ void DateEdit::remark(const std::string &complaint, const std::string &notice)
     m_notice = notice;
     const bool isUnreadable = !complaint.empty();
     const bool isMarked = !sentence().empty();
-    markReading(*this, isUnreadable ? Reading::unreadable : isMarked ? Reading::doubtful : Reading::plain);
+    colourByReading(*this, isUnreadable ? Reading::unreadable : isMarked ? Reading::doubtful : Reading::plain);
     // Look up the icons with the first remark only: scanning the desktop's icon folders is too slow for program start.
     if (isMarked)
         m_sign->setIcon(

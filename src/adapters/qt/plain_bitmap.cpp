@@ -19,7 +19,7 @@ constexpr qsizetype kPixelBytes = 3;
 /// A row is padded to a multiple of this many bytes.
 constexpr qsizetype kRowUnit = 4;
 /// Larger than any screen, and small enough that no size overflows.
-constexpr qint32 kMostPixels = 1 << 15;
+constexpr qint32 kMaxPixels = 1 << 15;
 
 template <class Number> Number numberAt(const QByteArray &file, qsizetype place)
 {
@@ -28,7 +28,7 @@ template <class Number> Number numberAt(const QByteArray &file, qsizetype place)
 
 bool isSide(qint32 pixels)
 {
-    return pixels > 0 && pixels <= kMostPixels;
+    return pixels > 0 && pixels <= kMaxPixels;
 }
 
 } // namespace

@@ -136,7 +136,7 @@ void QtWindows::beep()
     QApplication::beep();
 }
 
-void QtWindows::giveTime()
+void QtWindows::processWaitingEvents()
 {
     QApplication::processEvents();
     m_services.edge.throwKept();

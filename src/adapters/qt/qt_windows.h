@@ -21,7 +21,7 @@ public:
     void show(Form &form, Modality modality) override;
     void checkPicture(const std::string &path) override;
     void beep() override;
-    void giveTime() override;
+    void processWaitingEvents() override;
     void moveFocus(Form &form, Control &control) override;
     void sendTab(Form &form) override;
     [[nodiscard]] Control *activeControl(Form &form) override;

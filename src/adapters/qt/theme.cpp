@@ -75,7 +75,7 @@ void paintWith(QWidget &widget, std::int32_t blueGreenRed)
     widget.setPalette(own);
 }
 
-void markReading(QWidget &box, Reading reading)
+void colourByReading(QWidget &box, Reading reading)
 {
     const bool dark = isDark(QApplication::palette());
     QPalette own;

@@ -27,6 +27,6 @@ void paintWith(QWidget &widget, std::int32_t blueGreenRed);
 /// How the text of a box was read; a doubtful one was accepted.
 enum class Reading { plain, doubtful, unreadable };
 /// Colours a box by the result of reading its text.
-void markReading(QWidget &box, Reading reading);
+void colourByReading(QWidget &box, Reading reading);
 
 } // namespace inin::qt

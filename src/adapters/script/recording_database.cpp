@@ -21,7 +21,7 @@ public:
 
     /// Recorded before it runs, so that a statement that fails or hangs is in the transcript. On a closed connection
     /// nothing runs and nothing is recorded.
-    void tellStatement(const std::string &sql)
+    void recordStatement(const std::string &sql)
     {
         if (m_session != 0) m_transcript.write({{"event", "sql"}, {"session", m_session}, {"text", sql}});
     }
@@ -41,7 +41,7 @@ public:
     }
     std::int32_t Execute(const std::string &sql, std::int32_t options) override
     {
-        tellStatement(sql);
+        recordStatement(sql);
         return ForwardingConnection::Execute(sql, options);
     }
 
@@ -62,7 +62,7 @@ public:
     void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
               std::int32_t options) override
     {
-        if (auto *recording = dynamic_cast<RecordingConnection *>(&connection)) recording->tellStatement(sql);
+        if (auto *recording = dynamic_cast<RecordingConnection *>(&connection)) recording->recordStatement(sql);
         ForwardingRecordset::Open(sql, connection, cursorType, lockType, options);
     }
 };

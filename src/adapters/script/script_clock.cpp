@@ -8,7 +8,7 @@
 
 namespace inin::script {
 
-double StandingClock::timer()
+double StoppedClock::timer()
 {
     constexpr double kSecondsOfDay = 86400;
     const DateParts parts = partsOf(m_now);

@@ -8,9 +8,9 @@
 namespace inin::script {
 
 /// A clock that is stopped at a given moment. Its timer starts at that moment and runs, so that every wait ends.
-class StandingClock : public Clock {
+class StoppedClock : public Clock {
 public:
-    explicit StandingClock(Date now) : m_now(now) {}
+    explicit StoppedClock(Date now) : m_now(now) {}
     [[nodiscard]] Date now() override { return m_now; }
     [[nodiscard]] double timer() override;
     void pause(std::chrono::milliseconds time) override { std::this_thread::sleep_for(time); }

@@ -44,7 +44,7 @@ namespace {
 
 std::unique_ptr<Clock> makeClock(const ScriptOptions &options)
 {
-    if (options.now) return std::make_unique<StandingClock>(*options.now);
+    if (options.now) return std::make_unique<StoppedClock>(*options.now);
     return makeSystemClock();
 }
 

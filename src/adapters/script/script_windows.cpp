@@ -75,7 +75,7 @@ void ScriptWindows::playControl(Form &form, const ScriptCommand &command)
 void ScriptWindows::playRow(Form &form, const ScriptCommand &command)
 {
     if (Grid *grid = gridOf(form)) return playOn(form, *grid, command);
-    tellRefused(kNoGrid);
+    recordRefusal(kNoGrid);
 }
 
 void ScriptWindows::playOn(Form &form, Control &control, const ScriptCommand &command)
@@ -83,7 +83,7 @@ void ScriptWindows::playOn(Form &form, Control &control, const ScriptCommand &co
     if (control.isReachable()) m_focus[&form] = &control;
     PlayResult result = PlayResult::done;
     atEventEdge([&] { result = playOnControl(form, control, command, m_regional); });
-    if (result == PlayResult::refused) tellRefused(control.name());
+    if (result == PlayResult::refused) recordRefusal(control.name());
 }
 
 void ScriptWindows::closeAtEnd(Form &form)
@@ -93,7 +93,7 @@ void ScriptWindows::closeAtEnd(Form &form)
     throw std::runtime_error(form.name() + " refuses to close after the last command");
 }
 
-void ScriptWindows::tellRefused(const std::string &control)
+void ScriptWindows::recordRefusal(const std::string &control)
 {
     m_transcript.write({{"event", "refused"}, {"control", control}});
 }

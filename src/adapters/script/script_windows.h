@@ -24,7 +24,7 @@ public:
     void checkPicture(const std::string &path) override;
     void beep() override;
     /// Events are raised only by commands, so none can be waiting.
-    void giveTime() override {}
+    void processWaitingEvents() override {}
     void moveFocus(Form &form, Control &control) override { m_focus[&form] = &control; }
     void sendTab(Form &form) override;
     [[nodiscard]] Control *activeControl(Form &form) override;
@@ -36,7 +36,7 @@ private:
     void playRow(Form &form, const ScriptCommand &command);
     void playOn(Form &form, Control &control, const ScriptCommand &command);
     void closeAtEnd(Form &form);
-    void tellRefused(const std::string &control);
+    void recordRefusal(const std::string &control);
 
     Transcript &m_transcript;
     CommandReader &m_commands;

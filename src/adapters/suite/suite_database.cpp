@@ -23,9 +23,9 @@ struct Providers {
 };
 
 /// Opens a connection of the adapter that the connection string selects; reopening may select another one.
-class ChoosingConnection : public Connection {
+class DispatchingConnection : public Connection {
 public:
-    explicit ChoosingConnection(std::shared_ptr<Providers> providers) : m_providers(std::move(providers)) {}
+    explicit DispatchingConnection(std::shared_ptr<Providers> providers) : m_providers(std::move(providers)) {}
 
     [[nodiscard]] std::int32_t State() const override { return m_inner ? m_inner->State() : adStateClosed; }
     void Open(const std::string &connectionString, const std::string &user, const std::string &password,
@@ -79,7 +79,7 @@ private:
 };
 
 /// Opens a record set of the same adapter as its connection.
-class ChoosingRecordset : public Recordset {
+class DispatchingRecordset : public Recordset {
 public:
     void setCursorLocation(std::int32_t location) override
     {
@@ -90,7 +90,7 @@ public:
               std::int32_t options) override
     {
         if (State() != adStateClosed) raiseOpen();
-        auto *choosing = dynamic_cast<ChoosingConnection *>(&connection);
+        auto *choosing = dynamic_cast<DispatchingConnection *>(&connection);
         if (choosing == nullptr) throw RuntimeError(ado_error::badArgument, "the connection is another provider's");
         m_inner = choosing->provider().newRecordset();
         m_inner->setCursorLocation(m_location);
@@ -120,11 +120,14 @@ private:
     std::int32_t m_location = adUseServer;
 };
 
-class ChoosingDatabase : public Database {
+class DispatchingDatabase : public Database {
 public:
-    explicit ChoosingDatabase(std::shared_ptr<Providers> providers) : m_providers(std::move(providers)) {}
-    std::unique_ptr<Connection> newConnection() override { return std::make_unique<ChoosingConnection>(m_providers); }
-    std::unique_ptr<Recordset> newRecordset() override { return std::make_unique<ChoosingRecordset>(); }
+    explicit DispatchingDatabase(std::shared_ptr<Providers> providers) : m_providers(std::move(providers)) {}
+    std::unique_ptr<Connection> newConnection() override
+    {
+        return std::make_unique<DispatchingConnection>(m_providers);
+    }
+    std::unique_ptr<Recordset> newRecordset() override { return std::make_unique<DispatchingRecordset>(); }
     [[nodiscard]] bool isWriterBusy() const override { return m_providers->sqlite->isWriterBusy(); }
 
 private:
@@ -137,7 +140,7 @@ std::unique_ptr<Database> makeSuiteDatabase(std::function<std::string(const std:
 {
     auto providers = std::make_shared<Providers>(
         Providers{sqlite::makeSqliteDatabase(std::move(resolvePath)), odbc::makeOdbcDatabase()});
-    return std::make_unique<ChoosingDatabase>(std::move(providers));
+    return std::make_unique<DispatchingDatabase>(std::move(providers));
 }
 
 } // namespace inin

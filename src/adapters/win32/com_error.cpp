@@ -71,15 +71,15 @@ std::string comErrorText(std::int32_t number)
 
 ComException::~ComException()
 {
-    for (BSTR text : {m_told.bstrSource, m_told.bstrDescription, m_told.bstrHelpFile}) SysFreeString(text);
+    for (BSTR text : {m_info.bstrSource, m_info.bstrDescription, m_info.bstrHelpFile}) SysFreeString(text);
 }
 
 void ComException::fail()
 {
-    if (m_told.pfnDeferredFillIn != nullptr) m_told.pfnDeferredFillIn(&m_told);
-    const std::int32_t told = m_told.wCode != 0 ? m_told.wCode : comErrorNumber(m_told.scode);
-    const std::int32_t number = told != 0 ? told : error_number::automationError;
-    const std::string words = utf8FromWide({m_told.bstrDescription, SysStringLen(m_told.bstrDescription)});
+    if (m_info.pfnDeferredFillIn != nullptr) m_info.pfnDeferredFillIn(&m_info);
+    const std::int32_t code = m_info.wCode != 0 ? m_info.wCode : comErrorNumber(m_info.scode);
+    const std::int32_t number = code != 0 ? code : error_number::automationError;
+    const std::string words = utf8FromWide({m_info.bstrDescription, SysStringLen(m_info.bstrDescription)});
     throw RuntimeError(number, words.empty() ? comErrorText(number) : words);
 }
 

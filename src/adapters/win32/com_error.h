@@ -13,12 +13,12 @@ public:
     ComException(const ComException &) = delete;
     ComException &operator=(const ComException &) = delete;
     ~ComException();
-    [[nodiscard]] EXCEPINFO *address() { return &m_told; }
+    [[nodiscard]] EXCEPINFO *address() { return &m_info; }
     /// Raises it with the object's own number and text.
     [[noreturn]] void fail();
 
 private:
-    EXCEPINFO m_told{};
+    EXCEPINFO m_info{};
 };
 
 /// Raises the runtime's error for a failed COM call.

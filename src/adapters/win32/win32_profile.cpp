@@ -36,7 +36,7 @@ bool isTooLarge(const std::string &file)
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (isBareProfileName(file) || GetFileAttributesExW(widePath(file).c_str(), GetFileExInfoStandard, &data) == 0)
         return false;
-    return data.nFileSizeHigh != 0 || data.nFileSizeLow > kMostSettingsBytes;
+    return data.nFileSizeHigh != 0 || data.nFileSizeLow > kMaxSettingsBytes;
 }
 
 class CalledProfile : public Profile {

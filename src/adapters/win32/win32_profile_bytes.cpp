@@ -20,7 +20,7 @@ Win32FileHandle opened(const std::wstring &path, DWORD access, DWORD others, DWO
 bool readWhole(const Win32FileHandle &file, std::string &bytes)
 {
     LARGE_INTEGER size{};
-    return GetFileSizeEx(file.get(), &size) != 0 && static_cast<std::size_t>(size.QuadPart) <= kMostSettingsBytes &&
+    return GetFileSizeEx(file.get(), &size) != 0 && static_cast<std::size_t>(size.QuadPart) <= kMaxSettingsBytes &&
            readUpTo(file, static_cast<std::size_t>(size.QuadPart), bytes);
 }
 

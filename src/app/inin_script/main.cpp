@@ -42,8 +42,8 @@ int run(int argc, char **argv)
     std::string now;
     script::ScriptOptions options;
     line.add_option("--app", folder, "application folder")->required()->check(existingFolder);
-    line.add_option("--now", now, "moment at which the clock stands still, \"YYYY-MM-DD HH:MM:SS\"");
-    line.add_flag("--start", options.startProcesses, "really start processes instead of only telling them");
+    line.add_option("--now", now, "moment at which the clock is stopped, \"YYYY-MM-DD HH:MM:SS\"");
+    line.add_flag("--start", options.startProcesses, "start processes instead of only recording them");
     try {
         std::vector<std::string> arguments = programArguments(argc, argv);
         std::ranges::reverse(arguments); // the parser reads them from the back
@@ -52,7 +52,7 @@ int run(int argc, char **argv)
         return line.exit(error) == 0 ? 0 : kBadCommandLine;
     }
     if (!now.empty() && !(options.now = script::readMoment(now))) {
-        std::cerr << "--now: \"" << now << "\" is no moment of the form YYYY-MM-DD HH:MM:SS\n";
+        std::cerr << "--now: \"" << now << "\" is not of the form YYYY-MM-DD HH:MM:SS\n";
         return kBadCommandLine;
     }
     options.applicationFolder = textOf(std::filesystem::canonical(pathOf(folder)));

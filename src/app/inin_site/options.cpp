@@ -11,9 +11,9 @@ namespace inin::site {
 namespace {
 
 /// More than any branch has; the limit prevents a typing error from filling the disk.
-constexpr std::int64_t kMostPatients = 1000000;
+constexpr std::int64_t kMaxPatients = 1000000;
 /// With the first entry and the stopped staff this is still below the 16-bit limit of a list on the screen.
-constexpr std::int64_t kMostStaff = 30000;
+constexpr std::int64_t kMaxStaff = 30000;
 
 /// The option values as given; each is validated with a message of its own.
 struct Given {
@@ -44,16 +44,16 @@ Command makeCommand(const Given &given)
     MakeCommand command{
         pathOf(given.folder), given.into, {}, given.force ? Overwrite::anyFolder : Overwrite::onlyOwnFolder};
     const auto patients = wholeNumber<std::int64_t>(given.patients);
-    if (!patients || *patients < 1 || *patients > kMostPatients) {
-        return BadCommand{fmt::format("--patients には1から{}までの人数を指定してください。", kMostPatients)};
+    if (!patients || *patients < 1 || *patients > kMaxPatients) {
+        return BadCommand{fmt::format("--patients には1から{}までの人数を指定してください。", kMaxPatients)};
     }
     const auto seed = wholeNumber<std::uint64_t>(given.seed);
     if (!seed) return BadCommand{"--seed には0以上の整数を指定してください。"};
     const auto month = given.month.empty() ? currentMonth() : yearMonthFromText(given.month);
     if (!month) return BadCommand{"--month には1990-01から2098-12までの年月をYYYY-MMの形で指定してください。"};
     const auto staff = given.staff.empty() ? std::int64_t{0} : wholeNumber<std::int64_t>(given.staff).value_or(-1);
-    if (staff < (given.staff.empty() ? 0 : 1) || staff > kMostStaff) {
-        return BadCommand{fmt::format("--staff には1から{}までの人数を指定してください。", kMostStaff)};
+    if (staff < (given.staff.empty() ? 0 : 1) || staff > kMaxStaff) {
+        return BadCommand{fmt::format("--staff には1から{}までの人数を指定してください。", kMaxStaff)};
     }
     command.order = {*patients, *seed, *month, staff};
     return command;

@@ -9,7 +9,7 @@
 #include "adapters/qt/toolkit_words.h"
 #include "adapters/qt/window_application.h"
 #include "adapters/script/recording_database.h"
-#include "adapters/script/telling_ports.h"
+#include "adapters/script/recording_ports.h"
 #include "app/print_inin/desktop.h"
 #include "runtime/runtime_error.h"
 #include "shell/error_box.h"
@@ -64,10 +64,10 @@ void runTold(const Platform &inner, const std::string &file)
     createForOwner(file);                              // statements contain names, the help address a password
     std::ofstream out(pathOf(file), std::ios::binary); // the same bytes on every system
     script::Transcript transcript(out);
-    script::TellingBoxes boxes(transcript, inner.boxes);
-    script::TellingWindows windows(transcript, inner.windows);
+    script::RecordingBoxes boxes(transcript, inner.boxes);
+    script::RecordingWindows windows(transcript, inner.windows);
     script::RecordingDatabase database(inner.database, transcript);
-    script::TellingProcesses processes(transcript, inner.processes);
+    script::RecordingProcesses processes(transcript, inner.processes);
     runOn(
         {boxes, windows, database, inner.profile, inner.files, processes, inner.clock, inner.locale, inner.automation});
 }

@@ -47,13 +47,13 @@ std::optional<std::string> bytesAt(const std::filesystem::path &file)
 std::string differences(const ProfileCase &one, Profile &profile, const std::string &path,
                         const std::filesystem::path &file)
 {
-    std::string told;
+    std::string result;
     for (const ProfileStep &step : one.steps) {
         const std::string got = played(step, profile, path);
-        if (got != recordedResult(step)) told += one.id + " " + one.name + ": " + got + "\n";
-        if (step.tellsFile && bytesAt(file) != step.fileAfter) told += one.id + " " + one.name + ": file\n";
+        if (got != recordedResult(step)) result += one.id + " " + one.name + ": " + got + "\n";
+        if (step.givesFile && bytesAt(file) != step.fileAfter) result += one.id + " " + one.name + ": file\n";
     }
-    return told;
+    return result;
 }
 
 } // namespace inin

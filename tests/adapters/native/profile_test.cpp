@@ -54,13 +54,13 @@ TEST_CASE("a profile file of more than 16 MB is unreadable and is not written")
     const TempFolder folder;
     const auto profile = makeSystemProfile();
     const std::string file = folder.put("adodb.ini", "[s]\r\nk=1\r\n");
-    std::filesystem::resize_file(pathOf(file), kMostSettingsBytes);
+    std::filesystem::resize_file(pathOf(file), kMaxSettingsBytes);
     CHECK(profile->GetPrivateProfileInt("s", "k", 5, file) == 1);
-    std::filesystem::resize_file(pathOf(file), kMostSettingsBytes + 1);
+    std::filesystem::resize_file(pathOf(file), kMaxSettingsBytes + 1);
     CHECK(profile->GetPrivateProfileInt("s", "k", 5, file) == 5);
     CHECK(profile->GetPrivateProfileString("s", "k", "none", 256, file) == "none");
     CHECK(profile->WritePrivateProfileString("s", "k", "2", file) == 0);
-    CHECK(std::filesystem::file_size(pathOf(file)) == kMostSettingsBytes + 1);
+    CHECK(std::filesystem::file_size(pathOf(file)) == kMaxSettingsBytes + 1);
 }
 
 TEST_CASE("a profile file is found with either separator in its path, and under a Japanese name")

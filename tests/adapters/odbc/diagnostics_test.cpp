@@ -176,9 +176,9 @@ TEST_CASE("a lost connection is raised and listed as a sentence, with the driver
 
 TEST_CASE("records with an error among warnings are a failure; warnings and notices alone are not")
 {
-    CHECK(tellsFailure({{"01000", 0, ""}, {"22012", 8134, ""}}));
-    CHECK_FALSE(tellsFailure({{"01000", 0, ""}, {"00000", 0, ""}}));
-    CHECK_FALSE(tellsFailure({}));
+    CHECK(isFailureRecord({{"01000", 0, ""}, {"22012", 8134, ""}}));
+    CHECK_FALSE(isFailureRecord({{"01000", 0, ""}, {"00000", 0, ""}}));
+    CHECK_FALSE(isFailureRecord({}));
 }
 
 TEST_CASE("a lost connection is recognized by its SQL state")

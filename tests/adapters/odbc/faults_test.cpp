@@ -30,7 +30,7 @@ std::string password()
     return text.substr(text.find("PWD=") + 4);
 }
 
-bool isTold(const Connection &connection, const std::string &words)
+bool isReported(const Connection &connection, const std::string &words)
 {
     for (const ProviderError &error : const_cast<Connection &>(connection).Errors())
         if (error.Description.find(words) != std::string::npos) return true;
@@ -150,7 +150,7 @@ TEST_CASE("a refused log-in has its number, leaves the session closed and reveal
     CHECK(connection->State() == adStateClosed);
     CHECK_FALSE(connection->Errors().empty());
     CHECK(error.description().find("falsches-geheimnis") == std::string::npos);
-    CHECK_FALSE(isTold(*connection, "falsches-geheimnis"));
+    CHECK_FALSE(isReported(*connection, "falsches-geheimnis"));
     connection->Open(postgres(), "", "", -1);
     CHECK(connection->State() == adStateOpen);
 }
@@ -172,15 +172,15 @@ TEST_CASE("a missing database, an unknown driver and an unknown data source are 
         return errorOf([&] { connection->Open(text, "", "", -1); }).number();
     };
     CHECK(numberOf(withDatabase(postgres(), "no_such_database")) == -2147467259);
-    CHECK(isTold(*connection, "no_such_database"));
+    CHECK(isReported(*connection, "no_such_database"));
     CHECK(numberOf("Driver=/no/such/driver.so;PWD=geheimnis") == -2147467259);
-    CHECK(isTold(*connection, "names a driver by a path that is not registered"));
-    CHECK_FALSE(isTold(*connection, "geheimnis"));
+    CHECK(isReported(*connection, "names a driver by a path that is not registered"));
+    CHECK_FALSE(isReported(*connection, "geheimnis"));
     CHECK(numberOf("no_such_data_source") == -2147467259);
     REQUIRE_FALSE(connection->Errors().empty());
     CHECK(connection->Errors()[0].SQLState == "IM002");
     CHECK(numberOf("Provider=NoSuchProvider;Password=geheimnis") == -2147467259);
-    CHECK_FALSE(isTold(*connection, "geheimnis"));
+    CHECK_FALSE(isReported(*connection, "geheimnis"));
     CHECK(connection->State() == adStateClosed);
 }
 

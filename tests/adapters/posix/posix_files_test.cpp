@@ -65,12 +65,12 @@ TEST_CASE("denied access to a folder is error 75, to a file error 70")
     folder.put("secret", "old");
     chmod((folder / "secret").c_str(), 0000);
     chmod(folder.path().c_str(), 0555);
-    const std::string told = asOrdinaryUser([&] {
+    const std::string result = asOrdinaryUser([&] {
         return std::to_string(openOutputError(folder / "new")) + " " + std::to_string(removeError(folder / "x")) + " " +
                std::to_string(openInputError(folder / "secret")) + " " +
                std::to_string(openOutputError(folder / "secret"));
     });
-    CHECK(told == "75 70 70 70");
+    CHECK(result == "75 70 70 70");
 }
 
 TEST_CASE("a writable file that its folder does not allow to be deleted is error 75")
@@ -85,7 +85,7 @@ TEST_CASE("too many open files are error 67")
 {
     const TempFolder folder;
     const std::string file = folder.put("x", "");
-    const std::string told = asOrdinaryUser([&] {
+    const std::string result = asOrdinaryUser([&] {
         rlimit before{};
         getrlimit(RLIMIT_NOFILE, &before);
         const rlimit few{16, before.rlim_max};
@@ -98,7 +98,7 @@ TEST_CASE("too many open files are error 67")
         setrlimit(RLIMIT_NOFILE, &before); // a sanitizer opens a file to inspect what is closed
         return std::to_string(number);
     });
-    CHECK(told == "67");
+    CHECK(result == "67");
 }
 
 TEST_CASE("a full device is error 61 at the write that fills the buffer and at the close")
@@ -153,7 +153,7 @@ TEST_CASE("a disk that is full at a line end leaves a file that does not end the
     const TempFolder folder;
     chmod(folder.path().c_str(), 0777);
     const std::string line = std::string(98, 'x') + "\r\n";
-    const std::string told = asOrdinaryUser([&] {
+    const std::string result = asOrdinaryUser([&] {
         const rlimit full{50000, RLIM_INFINITY}, free{RLIM_INFINITY, RLIM_INFINITY};
         signal(SIGXFSZ, SIG_IGN);
         const auto file = makeSystemFiles("/")->openForOutput(folder / "x");
@@ -164,7 +164,7 @@ TEST_CASE("a disk that is full at a line end leaves a file that does not end the
         setrlimit(RLIMIT_FSIZE, &free);
         return std::to_string(written) + " " + std::to_string(errorOf([&] { file->close(); }));
     });
-    CHECK(told == "61 0"); // a failed write is not repeated
+    CHECK(result == "61 0"); // a failed write is not repeated
     CHECK(folder.bytes("x").size() == 49998);
     CHECK(folder.bytes("x").back() == 'x');
 }
@@ -194,12 +194,12 @@ TEST_CASE("another user's file in a shared folder is replaced by a file of this 
     const TempFolder folder;
     for (const char *name : {"a", "b"}) chmod(folder.put(name, "root's").c_str(), 0666);
     chmod(folder.path().c_str(), 0777);
-    const std::string told = asOrdinaryUser([&] {
+    const std::string result = asOrdinaryUser([&] {
         const std::int32_t removed = removeError(folder / "a");
         makeSystemFiles("/")->openForOutput(folder / "b")->write("new");
         return std::to_string(removed);
     });
-    CHECK(told == "0");
+    CHECK(result == "0");
     struct stat status {};
     REQUIRE(stat((folder / "b").c_str(), &status) == 0);
     CHECK(status.st_uid == kOrdinaryUser);

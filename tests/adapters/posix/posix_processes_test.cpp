@@ -54,9 +54,9 @@ std::int32_t startError(const std::string &line)
 TEST_CASE("a started program gets its arguments and the suite's folder")
 {
     const Stage stage;
-    stage.program("wfrfv10.exe", "{ printf '%s|' \"$@\"; pwd; } > told.part; mv told.part told\n");
+    stage.program("wfrfv10.exe", "{ printf '%s|' \"$@\"; pwd; } > result.part; mv result.part result\n");
     processes()->start("wfrfv10.exe -c ./TMP\\WfdCom.dat \"a b\" c\\d", WindowStyle::maximizedFocus);
-    CHECK(stage.awaited("told") ==
+    CHECK(stage.awaited("result") ==
           "-c|./TMP/WfdCom.dat|a b|c\\d|" + std::filesystem::canonical(stage.folder.path()).string() + "\n");
 }
 
@@ -81,9 +81,9 @@ TEST_CASE("a started program has no input and no output")
 {
     const Stage stage;
     stage.program("p", "ends=$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2)\n"
-                       "printf '%s' \"$ends\" > told.part; mv told.part told\n");
+                       "printf '%s' \"$ends\" > result.part; mv result.part result\n");
     processes()->start("p", WindowStyle::normalFocus);
-    CHECK(stage.awaited("told") == "/dev/null\n/dev/null\n/dev/null");
+    CHECK(stage.awaited("result") == "/dev/null\n/dev/null\n/dev/null");
 }
 
 TEST_CASE("a missing or non-executable program is error 53")
@@ -106,29 +106,29 @@ TEST_CASE("a missing or non-executable program is error 53")
 TEST_CASE("a web address is opened unchanged and without a shell")
 {
     const Stage stage;
-    stage.program("xdg-open", "printf '%s' \"$#|$1\" > told.part; mv told.part told\n");
+    stage.program("xdg-open", "printf '%s' \"$#|$1\" > result.part; mv result.part result\n");
     processes()->openAddress("https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
-    CHECK(stage.awaited("told") == "1|https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
+    CHECK(stage.awaited("result") == "1|https://example.jp/?zi=a&zp=$(id);\"x y\"&lk=1");
 }
 
 TEST_CASE("a program in the application folder is never used to open a web address")
 {
     const Stage stage;
     const TempFolder elsewhere;
-    stage.program("xdg-open", "touch told\n");
+    stage.program("xdg-open", "touch result\n");
     chmod(elsewhere.put("xdg-open", "#!/bin/sh\n: > " + (elsewhere / "opened") + "\n").c_str(), 0755);
     const SearchPath searched("./:" + elsewhere.path());
     processes()->openAddress("https://example.jp/");
     for (int wait = 0; wait < 1000 && !elsewhere.has("opened"); ++wait)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     CHECK(elsewhere.has("opened"));
-    CHECK_FALSE(stage.folder.has("told"));
+    CHECK_FALSE(stage.folder.has("result"));
 }
 
 TEST_CASE("only a web address is opened")
 {
     const Stage stage;
-    stage.program("xdg-open", "printf '%s\\n' \"$1\" > \"told$(date +%N)\"\n");
+    stage.program("xdg-open", "printf '%s\\n' \"$1\" > \"result$(date +%N)\"\n");
     for (const char *address : {"", "file:///etc/passwd", "httpx://a", "--version", "/bin/sh", "http:"})
         processes()->openAddress(address);
     std::this_thread::sleep_for(std::chrono::milliseconds(300));

@@ -87,10 +87,10 @@ TEST_CASE("a write keeps the owner of another user's file")
     chmod(path.c_str(), 0666);
     REQUIRE(chown(folder.path().c_str(), kOrdinaryUser, kOrdinaryUser) == 0);
 
-    const std::string told = asOrdinaryUser(
+    const std::string result = asOrdinaryUser(
         [&] { return std::to_string(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path)); });
 
-    CHECK(told == "1");
+    CHECK(result == "1");
     struct stat status {};
     REQUIRE(stat(path.c_str(), &status) == 0);
     CHECK(status.st_uid == 0);
@@ -183,21 +183,21 @@ TEST_CASE("a write succeeds where unnamed files are not supported")
                               mount("tmpfs", "/proc", "tmpfs", 0, nullptr) == 0;
         const std::int32_t written =
             isHidden ? makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) : 2;
-        const char told = static_cast<char>('0' + written);
-        (void)!write(ends[1], &told, 1);
+        const char result = static_cast<char>('0' + written);
+        (void)!write(ends[1], &result, 1);
         _exit(0);
     }
-    char told = 0;
-    const bool isTold = read(ends[0], &told, 1) == 1;
+    char result = 0;
+    const bool isReported = read(ends[0], &result, 1) == 1;
     waitpid(child, nullptr, 0);
     close(ends[0]);
     close(ends[1]);
-    REQUIRE(isTold);
-    if (told == '2') {
+    REQUIRE(isReported);
+    if (result == '2') {
         MESSAGE("no folder can be hidden here: not run");
         return;
     }
-    CHECK(told == '1');
+    CHECK(result == '1');
     CHECK(folder.bytes("x.ini") == "[s]\r\nk=new\r\n");
     CHECK(folder.entries() == 1);
 }

@@ -31,16 +31,16 @@ std::string differencesOfRights(const ProfileCase &one)
     }
     chmod((folder / name).c_str(), modeNamed(one));
     if (closedFolder) chmod(folder.path().c_str(), 0555);
-    std::string told = asOrdinaryUser([&] {
+    std::string result = asOrdinaryUser([&] {
         ProfileCase calls = one;
-        for (ProfileStep &step : calls.steps) step.tellsFile = false; // the child may not read every file
+        for (ProfileStep &step : calls.steps) step.givesFile = false; // the child may not read every file
         return differences(calls, *makeSystemProfile(), folder / name, folder / name);
     });
     chmod(folder.path().c_str(), 0755);
     chmod((folder / name).c_str(), 0644);
     const ProfileStep &last = one.steps.back();
-    if (last.tellsFile && bytesAt(folder / name) != last.fileAfter) told += one.id + ": file\n";
-    return told;
+    if (last.givesFile && bytesAt(folder / name) != last.fileAfter) result += one.id + ": file\n";
+    return result;
 }
 
 } // namespace

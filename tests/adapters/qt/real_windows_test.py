@@ -94,7 +94,7 @@ class Program:
         except FileNotFoundError:
             return []
 
-    def told(self):
+    def visible_events(self):
         """The windows, boxes and starts, without the statements and the pointer."""
         return [event for event in self.events() if event["event"] not in ("sql", "connect", "disconnect", "pointer")]
 
@@ -105,9 +105,9 @@ class Program:
     def bring_back(self):
         """Activates the program's own window after a start; nothing to do where the started program has no window."""
 
-    def wait_told(self, **wanted):
-        wait_for(f"{wanted} in {self.told()}",
-                 lambda: any(all(event.get(key) == value for key, value in wanted.items()) for event in self.told()))
+    def wait_event(self, **wanted):
+        wait_for(f"{wanted} in {self.visible_events()}",
+                 lambda: any(all(event.get(key) == value for key, value in wanted.items()) for event in self.visible_events()))
 
     def wait_exit(self):
         try:
@@ -148,33 +148,33 @@ def window(name, shown):
     return {"event": "window", "name": name, "shown": shown}
 
 
-def work_a_print(program, display, look=lambda name: None):
+def work_a_print(program, display, capture=lambda name: None):
     """F2 without a target date is refused; with a picked patient F1 prints and F2 previews; F12 closes the screen. Returns
     the exit code."""
     program.wait_title("委任状印刷")
-    look("conditions")
+    capture("conditions")
     display.key("F2")
     program.wait_title("情報")
-    look("box")
+    capture("box")
     display.key("Return")
     program.wait_title("委任状印刷")
     # Standard letter, no target, a patient, the month, agents, an entered period.
     display.key("space", *["Tab"] * 5, "space", *["Tab"] * 4, "space")
     program.wait_title("利用者マスター検索")
-    look("patients")
+    capture("patients")
     display.key("4", "F4", *["Tab"] * 11, "Home", "F5")
     program.wait_title("委任状印刷")
     display.key(*["Tab"] * 2, "space", *["Tab"] * 5, "space", *["Tab"] * 2, "space")
-    look("conditions-chosen")
+    capture("conditions-chosen")
     display.key("F1")
-    program.wait_told(event="start", style=2)
+    program.wait_event(event="start", style=2)
     time.sleep(0.3)
-    look("printed")
+    capture("printed")
     program.bring_back()
     display.key("F2")
-    program.wait_told(event="start", style=3)
+    program.wait_event(event="start", style=3)
     time.sleep(0.3)
-    look("previewed")
+    capture("previewed")
     program.bring_back()
     display.key("F12")
     return program.wait_exit()
@@ -184,15 +184,15 @@ def print_of_one_patient(site, display):
     with Program(display, site) as program:
         expect("exit code", work_a_print(program, display), 0)
         expect("rights of the transcript", oct(os.stat(program.transcript).st_mode & 0o777), "0o600")
-        told = program.told()
-        expect("the story", [event for event in told if event["event"] != "box"], [
+        events = program.visible_events()
+        expect("the story", [event for event in events if event["event"] != "box"], [
             window("frmBack", True), window("frmPrintInin", True),
             window("frm患者検索", True), window("frm患者検索", False),
             {"event": "start", "command": "wfrfv10.exe /c " + site + "\\TMP\\WfdCom.dat", "style": 2},
             {"event": "start", "command": "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", "style": 3},
             {"event": "start", "command": site + "\\Main.exe 2", "style": 1},
             {"event": "end", "code": 0}])
-        boxes = [event["text"] for event in told if event["event"] == "box"]
+        boxes = [event["text"] for event in events if event["event"] == "box"]
         expect("the boxes", boxes, ["出力対象となる日にちを選択してください。"])
         picked = [event for event in program.events() if event["event"] == "sql" and "nIDNo=4" in event["text"]]
         expect("searches for the one patient", len(picked), 1)
@@ -221,7 +221,7 @@ def closing_at_every_state(site, display):
         program.wait_title("委任状印刷")
         display.key("alt+F4")
         expect("exit code", program.wait_exit(), 0)
-        expect("the end", program.told()[-1], {"event": "end", "code": 0})
+        expect("the end", program.visible_events()[-1], {"event": "end", "code": 0})
         expect("arguments of the menu program", handed_back(site), "2\n")
 
 
@@ -230,7 +230,7 @@ def a_second_start(site, display):
     with Program(display, site) as first:
         first.wait_title("委任状印刷")
         with Program(display, site) as second:
-            second.wait_told(event="window", name="frmPrintInin")
+            second.wait_event(event="window", name="frmPrintInin")
             time.sleep(0.5)
             display.key("F12")
             expect("exit code of the second", second.wait_exit(), 0)
@@ -283,11 +283,11 @@ def overwrite_wallpaper(site, text):
 def a_wallpaper_that_is_no_picture(site, display):
     overwrite_wallpaper(site, "a text")
     with Program(display, site) as program:
-        program.wait_told(event="box", text="起動できません！")
+        program.wait_event(event="box", text="起動できません！")
         program.wait_title("委任状印刷")
         display.key("Return")
         expect("exit code", program.wait_exit(), 0)
-        expect("starts", [event for event in program.told() if event["event"] == "start"], [])
+        expect("starts", [event for event in program.visible_events() if event["event"] == "start"], [])
 
 
 def a_wallpaper_that_cannot_be_painted(site, display):
@@ -296,7 +296,7 @@ def a_wallpaper_that_cannot_be_painted(site, display):
         program.wait_title("委任状印刷")
         display.key("F12")
         expect("exit code", program.wait_exit(), 0)
-        expect("boxes", [event for event in program.told() if event["event"] == "box"], [])
+        expect("boxes", [event for event in program.visible_events() if event["event"] == "box"], [])
 
 
 CASES = [print_of_one_patient, closing_at_every_state, a_second_start, a_display_that_vanishes, no_display_at_all,

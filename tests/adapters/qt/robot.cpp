@@ -1,7 +1,7 @@
 #include "adapters/qt/robot.h"
 
 #include "adapters/qt/form_window.h"
-#include "adapters/qt/hand.h"
+#include "adapters/qt/manual_input.h"
 #include "adapters/script/command_player.h"
 #include "adapters/script/state_writer.h"
 
@@ -88,7 +88,8 @@ void Robot::play(FormWindow &top, const std::string &line)
         return;
     }
     const std::string name = command->kind == CommandKind::row ? "spr_1ran" : command->control;
-    if (actByHand(top, *command) == HandResult::refused) m_transcript.write({{"event", "refused"}, {"control", name}});
+    if (actManually(top, *command) == ManualResult::refused)
+        m_transcript.write({{"event", "refused"}, {"control", name}});
 }
 
 void Robot::closeAtEnd(FormWindow &top)

@@ -8,9 +8,9 @@
 #include "adapters/qt/qt_windows.h"
 #include "adapters/qt/robot.h"
 #include "adapters/script/recording_database.h"
+#include "adapters/script/recording_ports.h"
 #include "adapters/script/script_clock.h"
 #include "adapters/script/script_platform.h"
-#include "adapters/script/telling_ports.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "runtime/runtime_error.h"
 #include "shell/start.h"
@@ -52,14 +52,14 @@ private:
 /// The windows recorded in a transcript, in the format of WindowWatch.
 std::string toldWindows(const std::string &transcript)
 {
-    std::string told;
+    std::string result;
     std::istringstream lines(transcript);
     for (std::string line; std::getline(lines, line);) {
         const Json event = Json::parse(line);
         if (event["event"] == "window")
-            told += event["name"].get<std::string>() + (event["shown"].get<bool>() ? " shown\n" : " gone\n");
+            result += event["name"].get<std::string>() + (event["shown"].get<bool>() ? " shown\n" : " gone\n");
     }
-    return told;
+    return result;
 }
 
 /// Pauses the robot while the program only processes waiting events.
@@ -69,10 +69,10 @@ public:
         : QtWindows(files, std::move(services)), m_robot(robot)
     {
     }
-    void giveTime() override
+    void processWaitingEvents() override
     {
         m_robot.wait();
-        QtWindows::giveTime();
+        QtWindows::processWaitingEvents();
         m_robot.goOn();
     }
 
@@ -99,14 +99,15 @@ public:
 
     [[nodiscard]] int run()
     try {
-        StandingClock clock(readMoment(m_play.now).value());
+        StoppedClock clock(readMoment(m_play.now).value());
         EventEdge edge;
         PatientWindows windows(*m_files, {edge, [&clock] { return clock.today(); }, systemPath}, m_robot);
-        TellingWindows told(m_transcript, windows);
+        RecordingWindows recordingWindows(m_transcript, windows);
         QtMessageBoxes realBoxes(edge);
-        TellingBoxes boxes(m_transcript, realBoxes);
+        RecordingBoxes boxes(m_transcript, realBoxes);
         ScriptProcesses processes(m_transcript, makeSystemProcesses(endOfAnother), m_play.startProcesses);
-        App app(Platform{boxes, told, m_database, *m_profile, *m_files, processes, clock, *m_locale, *m_automation});
+        App app(Platform{boxes, recordingWindows, m_database, *m_profile, *m_files, processes, clock, *m_locale,
+                         *m_automation});
         m_robot.sitDown(windows);
         Main(app);
         return kPlayedToTheEnd;

@@ -44,9 +44,9 @@ public:
     {
         turns.isDue = [this] { return isReady(); };
     }
-    void giveTime() override
+    void processWaitingEvents() override
     {
-        m_turns.hold([this] { QtWindows::giveTime(); });
+        m_turns.hold([this] { QtWindows::processWaitingEvents(); });
     }
 
 private:

@@ -21,7 +21,7 @@ bool isForWindows(const Play &play)
 }
 
 /// Every event without the site's folder, which differs between the two plays.
-std::string told(const PlayRecord &record, const TemporarySite &site)
+std::string result(const PlayRecord &record, const TemporarySite &site)
 {
     std::string all;
     for (const auto &step : record.events) {
@@ -47,7 +47,7 @@ TEST_CASE("the real windows and the script adapter write the same transcript")
 
             CHECK(window.errors == "");
             CHECK_MESSAGE(firstDifference(play, window, windowSite).empty(), firstDifference(play, window, windowSite));
-            CHECK(told(window, windowSite) == told(script, scriptSite));
+            CHECK(result(window, windowSite) == result(script, scriptSite));
         }
     }
 }

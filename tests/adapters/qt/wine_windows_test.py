@@ -139,12 +139,12 @@ def noted_bytes(path):
 
 def neutral(events, *folders):
     """The events with $APP for the application folder, the only permitted difference between the systems."""
-    def told(value):
+    def replaced(value):
         if isinstance(value, str):
             for folder in folders:
                 value = value.replace(folder, "$APP")
         return value
-    return [{name: told(value) for name, value in event.items()} for event in events]
+    return [{name: replaced(value) for name, value in event.items()} for event in events]
 
 
 def the_same_as_here(site, display):
@@ -157,7 +157,7 @@ def the_same_as_here(site, display):
     expect("the script that the preview was given", noted_bytes(site + "/WrVb6Viewer.exe.WfdCom.dat"),
            bytes_of(site + "/TMP/WfdCom.dat"))
     if b"PrintOutFromDialog" not in noted_bytes(site + "/wfrfv10.exe.WfdCom.dat"):
-        raise Failed("the form tool was not told to print")
+        raise Failed("the form tool was not asked to print")
     with tempfile.TemporaryDirectory() as folder:
         own = real.make_site(folder)
         with Program(display, own) as program:
@@ -180,7 +180,7 @@ def the_preview_is_the_form_viewer(site, display):
     whole screen and outlives the program."""
     take = Pictures(display, "viewer")
 
-    def look(stage):
+    def capture(stage):
         if stage == "previewed":
             wait_for(f"the preview, not {display.active_title()}", lambda: "－ 印刷プレビュー" in display.active_title())
             size = display.tool("getactivewindow", "getwindowgeometry", "--shell")
@@ -190,14 +190,14 @@ def the_preview_is_the_form_viewer(site, display):
         take(stage)
 
     with WineProgram(display, site) as program:
-        expect("exit code", work_a_print(program, display, look), 0)
+        expect("exit code", work_a_print(program, display, capture), 0)
         if not display.tool("search", "--name", "－ 印刷プレビュー$"):
             raise Failed("the preview has gone with the program")
 
 
 def every_other_window(site, display):
     """Opens the menus, the calendar, the search for staff and the version for screenshots."""
-    look = Pictures(display, "other")
+    capture = Pictures(display, "other")
 
     def click(x, y, button="1"):
         display.tool("mousemove", "--window", display.tool("getactivewindow"), str(x), str(y), "click", button)
@@ -205,22 +205,22 @@ def every_other_window(site, display):
     with WineProgram(display, site) as program:
         program.wait_title("委任状印刷")
         click(275, 343)
-        look("calendar")
+        capture("calendar")
         display.key("Escape")
         click(237, 278, "3")
-        look("menu-of-a-box")
+        capture("menu-of-a-box")
         display.key("Escape")
         click(30, 8)
-        look("menu")
+        capture("menu")
         click(30, 8)
         click(147, 278)
-        program.wait_told(event="window", name="frm施術者検索", shown=True)
-        look("staff")
+        program.wait_event(event="window", name="frm施術者検索", shown=True)
+        capture("staff")
         # Not by F12: Wine loses the key's release with the window and takes the next F12 for a key held down.
         display.key("alt+F4")
         program.wait_title("委任状印刷")
         click(95, 8)
-        look("menu-help")
+        capture("menu-help")
         click(95, 8)
         time.sleep(0.5)
         leave(program, display)
@@ -230,21 +230,21 @@ def through_boxes(program, display, *texts):
     """Expects a box with each text and closes it; other events may occur in between."""
     seen = 0
     for text in texts:
-        def told():
-            return [event["text"] for event in program.told() if event["event"] == "box"][seen:]
-        wait_for(f"the box {text}, not {told()}", told)
-        expect("box", told()[0], text)
+        def texts():
+            return [event["text"] for event in program.visible_events() if event["event"] == "box"][seen:]
+        wait_for(f"the box {text}, not {texts()}", texts)
+        expect("box", texts()[0], text)
         seen += 1
         time.sleep(0.5)
         display.key("Return")
 
 
 def leave(program, display):
-    program.wait_told(event="window", name="frmPrintInin", shown=True)
+    program.wait_event(event="window", name="frmPrintInin", shown=True)
     program.wait_title("委任状印刷")
     display.key("F12")
     expect("exit code", program.wait_exit(), 0)
-    expect("the end", program.told()[-1], {"event": "end", "code": 0})
+    expect("the end", program.visible_events()[-1], {"event": "end", "code": 0})
 
 
 def a_path_of_more_than_300_characters(programs, display):
@@ -253,7 +253,7 @@ def a_path_of_more_than_300_characters(programs, display):
     with deep_site() as site:
         with WineProgram(display, programs, ININ_APP_DIR=windows_path(site)) as program:
             expect("exit code", work_a_print(program, display, Pictures(display, "deep")), 0)
-            starts = [event["command"] for event in program.told() if event["event"] == "start"]
+            starts = [event["command"] for event in program.visible_events() if event["event"] == "start"]
             expect("starts", starts, [f"wfrfv10.exe /c {windows_path(site)}\\TMP\\WfdCom.dat",
                                       "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", windows_path(site) + "\\Main.exe 2"])
         expect("arguments of the menu program", noted(site + "/Main.log"), "2\n")
@@ -288,21 +288,21 @@ def a_folder_that_cannot_be_written(site, display):
     """Refused like a read-only folder, which a superuser under Wine may write to: the print ends the program."""
     without_viewer(site)
     shutil.rmtree(site + "/TMP")
-    look = Pictures(display, "unwritable")
+    capture = Pictures(display, "unwritable")
 
     def person(stage):
         if stage == "conditions-chosen":
             display.key("F1")
             time.sleep(1.5)
-            look("box")
+            capture("box")
             display.key("Return")
             expect("exit code", program.wait_exit(), 1)
             raise Ended
 
     with contextlib.suppress(Ended), WineProgram(display, site) as program:
         work_a_print(program, display, person)
-    told = program.told()
-    expect("starts", [event for event in told if event["event"] == "start"], [])
+    events = program.visible_events()
+    expect("starts", [event for event in events if event["event"] == "start"], [])
 
 
 class Ended(Exception):

@@ -34,7 +34,7 @@ TEST_CASE("a text other than an existing moment is refused")
 
 TEST_CASE("a stopped clock does not advance, but its timer does")
 {
-    StandingClock clock(*readMoment("2024-06-15 01:00:01"));
+    StoppedClock clock(*readMoment("2024-06-15 01:00:01"));
     const Date first = clock.now();
     const double start = clock.timer();
     CHECK(start >= 3601.0);
@@ -47,7 +47,7 @@ TEST_CASE("a stopped clock does not advance, but its timer does")
 
 TEST_CASE("the timer of a stopped clock restarts at midnight")
 {
-    StandingClock clock(*readMoment("2024-06-15 23:59:59"));
+    StoppedClock clock(*readMoment("2024-06-15 23:59:59"));
     CHECK(clock.timer() < 86400.0);
     while (clock.timer() >= 86399.0) {
     }

@@ -36,8 +36,8 @@ int main()
     int count = 0;
     wchar_t **const words = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count < 2) return 1;
-    const std::filesystem::path told = words[1];
-    std::filesystem::path unfinished = told;
+    const std::filesystem::path result = words[1];
+    std::filesystem::path unfinished = result;
     unfinished += ".new";
     {
         constexpr std::wstring_view mark = L" /line ";
@@ -49,6 +49,6 @@ int main()
         else
             file << utf8(line.substr(raw + mark.size())) << '\n';
     }
-    std::filesystem::rename(unfinished, told);
+    std::filesystem::rename(unfinished, result);
     return 0;
 }

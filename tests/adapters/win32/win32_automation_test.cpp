@@ -144,7 +144,7 @@ TEST_CASE("every kind of value is passed in its own type")
 {
     struct Row {
         Variant value;
-        const char *told;
+        const char *result;
     };
     const Row rows[] = {
         {Variant(), "EMPTY"},
@@ -160,10 +160,10 @@ TEST_CASE("every kind of value is passed in its own type")
     };
     DocumentFixture fixture;
     for (const Row &row : rows) {
-        CAPTURE(row.told);
+        CAPTURE(row.result);
         fixture.call("Echo", row.value);
-        const std::string told = row.value == Variant("a\0委"s) ? "BSTR \"a\0委\""s : std::string(row.told);
-        CHECK(fixture.tool.notes() == "method Echo: " + told + "\n");
+        const std::string result = row.value == Variant("a\0委"s) ? "BSTR \"a\0委\""s : std::string(row.result);
+        CHECK(fixture.tool.notes() == "method Echo: " + result + "\n");
     }
 }
 

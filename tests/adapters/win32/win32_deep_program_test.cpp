@@ -24,26 +24,26 @@ public:
     ~DeepPartner() { removeOnceEnded(m_program); }
     [[nodiscard]] const std::string &folder() const { return m_folder.path(); }
     [[nodiscard]] const std::string &program() const { return m_program; }
-    [[nodiscard]] std::string told() const
+    [[nodiscard]] std::string result() const
     {
-        std::string told;
-        for (int wait = 0; wait < 1000 && (told = m_folder.top().bytes("told")).empty(); ++wait) Sleep(10);
-        return told;
+        std::string result;
+        for (int wait = 0; wait < 1000 && (result = m_folder.top().bytes("result")).empty(); ++wait) Sleep(10);
+        return result;
     }
     /// What it recorded in the deep folder itself.
     [[nodiscard]] std::string toldInFolder() const
     {
-        const std::filesystem::path file(widePath(m_folder / "told"));
-        std::string told;
-        for (int wait = 0; wait < 1000 && told.empty(); ++wait) {
+        const std::filesystem::path file(widePath(m_folder / "result"));
+        std::string result;
+        for (int wait = 0; wait < 1000 && result.empty(); ++wait) {
             Sleep(10);
             std::ifstream stream(file, std::ios::binary);
-            told.assign(std::istreambuf_iterator<char>(stream), {});
+            result.assign(std::istreambuf_iterator<char>(stream), {});
         }
         DeleteFileW(file.c_str());
-        return told;
+        return result;
     }
-    [[nodiscard]] std::string toldPlace() const { return systemPath(m_folder.top() / "told"); }
+    [[nodiscard]] std::string reportPlace() const { return systemPath(m_folder.top() / "result"); }
 
 private:
     DeepFolder m_folder;
@@ -57,9 +57,9 @@ TEST_CASE("a program at a path of more than 300 characters with blanks is starte
     const DeepPartner partner;
     REQUIRE(partner.program().size() > 300);
 
-    makeSystemProcesses([] {})->start(partner.program() + " " + partner.toldPlace() + " 2", WindowStyle::normalFocus);
+    makeSystemProcesses([] {})->start(partner.program() + " " + partner.reportPlace() + " 2", WindowStyle::normalFocus);
 
-    CHECK(partner.told() == "1\n2\n");
+    CHECK(partner.result() == "1\n2\n");
 }
 
 TEST_CASE("a program that is started in such a folder finds files relative to it")
@@ -68,7 +68,7 @@ TEST_CASE("a program that is started in such a folder finds files relative to it
     {
         const CurrentFolder keep;
         REQUIRE(SetCurrentDirectoryW(wideFromUtf8(partner.folder()).c_str()) != 0);
-        makeSystemProcesses([] {})->start("tool.exe ./told 2", WindowStyle::normalFocus);
+        makeSystemProcesses([] {})->start("tool.exe ./result 2", WindowStyle::normalFocus);
     }
     CHECK(partner.toldInFolder() == "1\n2\n");
 }

@@ -23,12 +23,12 @@ std::unique_ptr<Processes> processes()
 }
 
 /// What the started program recorded; empty if there is nothing after ten seconds.
-std::string toldBy(const TempFolder &folder, const std::string &name)
+std::string reportOf(const TempFolder &folder, const std::string &name)
 {
-    std::string told;
-    for (int wait = 0; wait < 1000 && (told = folder.bytes(name)).empty(); ++wait)
+    std::string result;
+    for (int wait = 0; wait < 1000 && (result = folder.bytes(name)).empty(); ++wait)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    return told;
+    return result;
 }
 
 /// A folder that contains the partner program under another name.
@@ -56,7 +56,7 @@ public:
     AddressHandler() : m_before(command())
     {
         const std::string partner = m_folder.put("browser.exe");
-        setCommand(wideFromUtf8("\"" + partner + "\" \"" + systemPath(m_folder.folder / "told") + "\" /line %1"));
+        setCommand(wideFromUtf8("\"" + partner + "\" \"" + systemPath(m_folder.folder / "result") + "\" /line %1"));
     }
     AddressHandler(const AddressHandler &) = delete;
     AddressHandler &operator=(const AddressHandler &) = delete;
@@ -65,18 +65,18 @@ public:
     /// What it received for the address, without the line end.
     [[nodiscard]] std::string gotFor(const std::string &address) const
     {
-        std::filesystem::remove(pathOf(m_folder.folder / "told"));
+        std::filesystem::remove(pathOf(m_folder.folder / "result"));
         processes()->openAddress(address);
-        const std::string told = toldBy(m_folder.folder, "told");
-        return told.substr(0, told.size() - std::min<std::size_t>(told.size(), 1));
+        const std::string result = reportOf(m_folder.folder, "result");
+        return result.substr(0, result.size() - std::min<std::size_t>(result.size(), 1));
     }
     /// True if no program is started for the address.
     [[nodiscard]] bool staysQuietFor(const std::string &address) const
     {
-        std::filesystem::remove(pathOf(m_folder.folder / "told"));
+        std::filesystem::remove(pathOf(m_folder.folder / "result"));
         processes()->openAddress(address);
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
-        return !m_folder.folder.has("told");
+        return !m_folder.folder.has("result");
     }
 
 private:
@@ -107,17 +107,17 @@ TEST_CASE_FIXTURE(PartnerFolder, "a program starts with the requested window sty
     processes()->start("wfrfv10.exe normal", WindowStyle::normalFocus);
     processes()->start("wfrfv10.exe minimized", WindowStyle::minimizedFocus);
     processes()->start("wfrfv10.exe maximized", WindowStyle::maximizedFocus);
-    CHECK(toldBy(folder, "normal") == "1\n");
-    CHECK(toldBy(folder, "minimized") == "2\n");
-    CHECK(toldBy(folder, "maximized") == "3\n");
+    CHECK(reportOf(folder, "normal") == "1\n");
+    CHECK(reportOf(folder, "minimized") == "2\n");
+    CHECK(reportOf(folder, "maximized") == "3\n");
 }
 
 TEST_CASE_FIXTURE(PartnerFolder, "a started program gets its arguments as on the command line")
 {
     put("tool.exe");
     const CurrentFolder current(folder.path());
-    processes()->start("tool.exe told /c \".\\TMP\\Wfd Com.dat\" ./x", WindowStyle::normalFocus);
-    CHECK(toldBy(folder, "told") == "1\n/c\n.\\TMP\\Wfd Com.dat\n./x\n");
+    processes()->start("tool.exe result /c \".\\TMP\\Wfd Com.dat\" ./x", WindowStyle::normalFocus);
+    CHECK(reportOf(folder, "result") == "1\n/c\n.\\TMP\\Wfd Com.dat\n./x\n");
 }
 
 TEST_CASE_FIXTURE(PartnerFolder,
@@ -126,8 +126,8 @@ TEST_CASE_FIXTURE(PartnerFolder,
     std::filesystem::create_directory(pathOf(folder / "委任 状"));
     put("委任 状/tool.exe");
     const CurrentFolder current(folder.path());
-    processes()->start(program + " told", WindowStyle::normalFocus);
-    CHECK(toldBy(folder, "told") == "1\n");
+    processes()->start(program + " result", WindowStyle::normalFocus);
+    CHECK(reportOf(folder, "result") == "1\n");
 }
 
 TEST_CASE_FIXTURE(PartnerFolder, "a missing program, or a file that is not one, is error 53")

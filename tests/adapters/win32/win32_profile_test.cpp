@@ -35,10 +35,10 @@ std::string playedAt(const std::string &path, const ProfileCase &one, Profile &p
     if (one.file) std::ofstream(file, std::ios::binary) << *one.file;
     std::optional<HeldOpen> other;
     if (one.id == kHeldOpenCase) other.emplace(path);
-    std::string told = differences(one, profile, path, file);
+    std::string result = differences(one, profile, path, file);
     other.reset();
     DeleteFileW(file.c_str());
-    return told;
+    return result;
 }
 
 bool canBePlayed(const ProfileCase &one)

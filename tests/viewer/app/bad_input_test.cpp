@@ -105,11 +105,11 @@ TEST_CASE("32,767 letters give 32,767 pages")
     const LetterSet set =
         lettersOn(svgPage("<text x='9' y='9'>{{保険者名}}</text>"), std::vector<Row>(32'767, ordinaryRow()));
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     std::vector<std::size_t> letters(set.size());
     std::iota(letters.begin(), letters.end(), std::size_t{0});
 
-    REQUIRE(writeLettersPdf(folder / "o.pdf", press, letters));
+    REQUIRE(writeLettersPdf(folder / "o.pdf", renderer, letters));
 
     CHECK(contains(folder.bytes("o.pdf"), "/Count 32767/"));
 }

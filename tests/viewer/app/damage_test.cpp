@@ -55,10 +55,10 @@ TEST_CASE("a damaged form is either drawn or refused with a sentence")
         try {
             LetterSet set = lettersOn(form, {ordinaryRow(), longestRow()});
             set.reports[0].form = readSvg(damaged(form, dice));
-            LetterPress press(set, fonts);
+            LetterRenderer renderer(set, fonts);
             Nothing painter;
-            press.layoutOf(0).paintShared(painter);
-            for (std::size_t letter = 0; letter < 2; ++letter) press.paintFields(letter, painter);
+            renderer.layoutOf(0).paintShared(painter);
+            for (std::size_t letter = 0; letter < 2; ++letter) renderer.paintFields(letter, painter);
             ++drawn;
         } catch (const RuntimeError &error) {
             CHECK_FALSE(error.description().empty());

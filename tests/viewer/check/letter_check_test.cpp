@@ -27,8 +27,8 @@ std::vector<Finding> findingsOf(const std::vector<Row> &rows, const std::string 
 {
     const LetterSet set = lettersOn(svgPage(elements), rows);
     Fonts fonts;
-    LetterPress press(set, fonts);
-    return checkLetters(press);
+    LetterRenderer renderer(set, fonts);
+    return checkLetters(renderer);
 }
 
 std::vector<Cause> causesOf(const std::vector<Row> &rows, const std::string &elements = kPlainForm)
@@ -238,8 +238,8 @@ TEST_CASE("an unreadable row has only that finding")
     LetterSet set = lettersOn(svgPage(kBoxedName), {ordinaryRow()});
     set.reports.front().letters = readLetters(csvOf({ordinaryRow()}) + "\"?\",\"\"\r\n", TitleRow::first);
     Fonts fonts;
-    LetterPress press(set, fonts);
-    const auto findings = checkLetters(press);
+    LetterRenderer renderer(set, fonts);
+    const auto findings = checkLetters(renderer);
     REQUIRE(findings.size() == 1);
     CHECK(findings[0].cause == Cause::unreadableRow);
     CHECK(findings[0].letter == 1);
@@ -291,8 +291,8 @@ TEST_CASE("a rule is skipped for a file without the rule's columns")
     set.reports.front().letters = readLetters(file, TitleRow::first);
     set.reports.front().columns = {"利用者氏名"};
     Fonts fonts;
-    LetterPress press(set, fonts);
-    CHECK(checkLetters(press).empty());
+    LetterRenderer renderer(set, fonts);
+    CHECK(checkLetters(renderer).empty());
 }
 
 TEST_CASE("a check in steps finds the same as a check at once")
@@ -306,8 +306,8 @@ TEST_CASE("a check in steps finds the same as a check at once")
     }
     const LetterSet set = lettersOn(svgPage(kBoxedName), rows);
     Fonts fonts;
-    LetterPress press(set, fonts);
-    LetterCheck check(press);
+    LetterRenderer renderer(set, fonts);
+    LetterCheck check(renderer);
     int pieces = 1;
     while (check.judge(3)) ++pieces;
     const auto findings = check.take();

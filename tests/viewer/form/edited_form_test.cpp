@@ -47,10 +47,10 @@ std::string paintedWith(const std::string &svg, const Row &row)
     const LetterSet set = lettersOn(svg, {row});
     CHECK(set.reports[0].form.notices.empty());
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     Record record;
-    press.layoutOf(0).paintShared(record);
-    press.paintFields(0, record);
+    renderer.layoutOf(0).paintShared(record);
+    renderer.paintFields(0, record);
     return record.all;
 }
 
@@ -101,14 +101,14 @@ TEST_CASE("the example change of the guide adds a field with a box")
         "{{保険者地区名}}</tspan></text>");
     const LetterSet set = lettersOn(form, {ordinaryRow(), longestRow()});
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     Record record;
 
-    const auto &marks = press.paintFields(0, record);
+    const auto &marks = renderer.paintFields(0, record);
 
     CHECK(marks.empty());
     CHECK(set.reports[0].form.notices.empty());
-    const auto &fields = press.layoutOf(0).fields();
+    const auto &fields = renderer.layoutOf(0).fields();
     const auto &field = std::get<TextCommand>(set.reports[0].form.commands[fields.back().command]);
     CHECK(field.pieces[0].column == "保険者地区名");
     REQUIRE(field.fit);

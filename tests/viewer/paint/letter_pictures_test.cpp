@@ -26,16 +26,16 @@ struct Pictures {
     TempFolder folder;
     LetterSet set;
     Fonts fonts;
-    LetterPress press{set, fonts};
+    LetterRenderer renderer{set, fonts};
     QtGlyphs glyphs;
-    LetterPictures pictures{press, glyphs};
+    LetterPictures pictures{renderer, glyphs};
     explicit Pictures(const char *form = kForm) : set(openScript(writePrintJob(folder, form, rowsOfAllKinds()))) {}
     void checkAgainstWhole(std::size_t letter, double dotsPerInch)
     {
         CAPTURE(letter);
         CAPTURE(dotsPerInch);
         pictures.setScale(dotsPerInch / kPointsPerInch);
-        CHECK(pictures.of(letter) == letterImage(press, letter, dotsPerInch, glyphs));
+        CHECK(pictures.of(letter) == letterImage(renderer, letter, dotsPerInch, glyphs));
     }
 };
 

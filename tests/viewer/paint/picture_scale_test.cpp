@@ -10,9 +10,9 @@ TEST_CASE("a new device pixel ratio gives new pictures, even of the same size")
 {
     const LetterSet set = lettersOn(svgPage("<text x='9' y='9'>{{保険者名}}</text>"), {ordinaryRow()});
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     QtGlyphs glyphs;
-    LetterPictures pictures(press, glyphs);
+    LetterPictures pictures(renderer, glyphs);
     pictures.setScale(2, 1);
     const QSize dots = pictures.of(0).size();
     CHECK(pictures.of(0).devicePixelRatio() == 1);
@@ -29,9 +29,9 @@ TEST_CASE("a ring with the even-odd rule has a hole on the screen, and without t
                                                 "<text x='9' y='200'>{{保険者名}}</text>"),
                                         {ordinaryRow()});
         Fonts fonts;
-        LetterPress press(set, fonts);
+        LetterRenderer renderer(set, fonts);
         QtGlyphs glyphs;
-        return letterImage(press, 0, 101.6, glyphs).pixelColor(120, 120); // four dots per millimetre
+        return letterImage(renderer, 0, 101.6, glyphs).pixelColor(120, 120); // four dots per millimetre
     };
     CHECK(middle("fill-rule='evenodd'") == QColor(Qt::white));
     CHECK(middle("") == QColor(Qt::black));

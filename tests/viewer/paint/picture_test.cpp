@@ -71,7 +71,7 @@ QImage rasterized(const std::string &pdf, int dotsPerInch)
 }
 
 /// Prints the first letter.
-void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
+void printLetter(LetterRenderer &renderer, const std::string &path, QtGlyphs &glyphs)
 {
     constexpr int kPrinterDots = 600;
     QPdfWriter writer(QString::fromStdString(path));
@@ -80,21 +80,21 @@ void printLetter(LetterPress &press, const std::string &path, QtGlyphs &glyphs)
     writer.setResolution(kPrinterDots);
     QPainter painter(&writer);
     painter.scale(kPrinterDots / 72.0, kPrinterDots / 72.0);
-    paintLetter(press, 0, painter, glyphs);
+    paintLetter(renderer, 0, painter, glyphs);
 }
 
 struct Pictures {
     TempFolder folder;
     LetterSet set;
     Fonts fonts;
-    LetterPress press;
+    LetterRenderer renderer;
     QtGlyphs glyphs;
     explicit Pictures(const char *form)
         : set(openScript(writePrintJob(folder, form, {ordinaryRow(), longestRow(), oddRow(), Row{}}))),
-          press(set, fonts)
+          renderer(set, fonts)
     {
     }
-    QImage picture(std::size_t letter) { return letterImage(press, letter, kDots, glyphs); }
+    QImage picture(std::size_t letter) { return letterImage(renderer, letter, kDots, glyphs); }
 };
 
 /// The upper left corner of a letter on the given form, for each kind of output.
@@ -103,22 +103,22 @@ struct Corner {
     LetterSet set;
     QRect place;
     Fonts fonts;
-    LetterPress press{set, fonts};
+    LetterRenderer renderer{set, fonts};
     QtGlyphs glyphs;
     Corner(const std::string &elements, int width, int height)
         : set(lettersOn(svgPage(elements), {ordinaryRow()})), place(0, 0, width, height)
     {
     }
-    QImage picture() { return letterImage(press, 0, kDots, glyphs).copy(place); }
+    QImage picture() { return letterImage(renderer, 0, kDots, glyphs).copy(place); }
     std::string pdf()
     {
-        REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+        REQUIRE(writeLettersPdf(folder / "o.pdf", renderer, std::vector<std::size_t>{0}));
         return folder / "o.pdf";
     }
     QImage inPdf() { return rasterized(pdf(), static_cast<int>(kDots)).copy(place); }
     QImage onPrinter()
     {
-        printLetter(press, folder / "printed.pdf", glyphs);
+        printLetter(renderer, folder / "printed.pdf", glyphs);
         return rasterized(folder / "printed.pdf", static_cast<int>(kDots)).copy(place);
     }
 };

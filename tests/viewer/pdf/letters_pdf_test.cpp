@@ -30,21 +30,21 @@ struct Printed {
     TempFolder folder;
     LetterSet set;
     Fonts fonts;
-    LetterPress press;
+    LetterRenderer renderer;
     std::vector<std::string> pages;
     std::map<std::size_t, std::vector<std::string>> marked; ///< names of marked columns by letter
 
     Printed(const std::string &form, const std::vector<Row> &rows, std::vector<std::size_t> letters = {})
-        : set(openScript(writePrintJob(folder, form, rows))), press(set, fonts)
+        : set(openScript(writePrintJob(folder, form, rows))), renderer(set, fonts)
     {
         if (letters.empty()) {
             letters.resize(set.size());
             std::iota(letters.begin(), letters.end(), std::size_t{0});
         }
-        press.onMarks = [&](std::size_t letter, const std::vector<FieldMark> &marks) {
-            for (const FieldMark &mark : marks) marked[letter].push_back(columnNames(press.layoutOf(letter), mark));
+        renderer.onMarks = [&](std::size_t letter, const std::vector<FieldMark> &marks) {
+            for (const FieldMark &mark : marks) marked[letter].push_back(columnNames(renderer.layoutOf(letter), mark));
         };
-        REQUIRE(writeLettersPdf(folder / "out.pdf", press, letters));
+        REQUIRE(writeLettersPdf(folder / "out.pdf", renderer, letters));
         pages = pagesOf(folder / "out.pdf");
     }
     [[nodiscard]] bool isMarked(std::size_t letter, const std::string &column) const
@@ -180,10 +180,10 @@ TEST_CASE("two characters with the same glyph are extracted correctly")
     set.reports[0].letters = LetterTable({"a"}, {"支\u2F40西\u2EC4長\u2ED1髙﨑𠮷", 1, {0}, oneValue});
     set.reports[0].columns = {"a"};
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     const std::vector<std::size_t> letters = {0};
 
-    REQUIRE(writeLettersPdf(folder / "out.pdf", press, letters));
+    REQUIRE(writeLettersPdf(folder / "out.pdf", renderer, letters));
 
     CHECK(packed(pagesOf(folder / "out.pdf").at(0)) == "支\u2F40西\u2EC4長\u2ED1髙﨑𠮷");
 }
@@ -194,9 +194,9 @@ TEST_CASE("a PDF embeds a subset of each font that it uses, and its characters c
     const LetterSet set = lettersOn(
         svgPage("<text x='10' y='20' style='font-family:IPAexMincho'>甲𠮷∑乙{{保険者名}}𠮷</text>"), {ordinaryRow()});
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
 
-    REQUIRE(writeLettersPdf(folder / "out.pdf", press, std::vector<std::size_t>{0}));
+    REQUIRE(writeLettersPdf(folder / "out.pdf", renderer, std::vector<std::size_t>{0}));
 
     CHECK(packed(pagesOf(folder / "out.pdf").at(0)) == "甲𠮷∑乙高松市𠮷");
     const std::string pdf = folder.bytes("out.pdf");
@@ -230,19 +230,19 @@ TEST_CASE("the paper and the offsets of a script scale and move the page")
     TempFolder folder;
     LetterSet set = lettersOn(svgPage("<text x='10' y='20'>{{保険者名}}</text>"), {ordinaryRow()});
     Fonts fonts;
-    LetterPress press(set, fonts);
-    CHECK(press.onPaper(0)({0, 0}).x == doctest::Approx(0));
+    LetterRenderer renderer(set, fonts);
+    CHECK(renderer.onPaper(0)({0, 0}).x == doctest::Approx(0));
     set.offsetX = 15;
     set.offsetY = -20;
-    CHECK(press.onPaper(0)({0, 0}).x == doctest::Approx(1.5 * 72 / 25.4));
-    CHECK(press.onPaper(0)({0, 0}).y == doctest::Approx(-2 * 72 / 25.4));
+    CHECK(renderer.onPaper(0)({0, 0}).x == doctest::Approx(1.5 * 72 / 25.4));
+    CHECK(renderer.onPaper(0)({0, 0}).y == doctest::Approx(-2 * 72 / 25.4));
     set.offsetX = set.offsetY = 0;
     set.paper = Paper::A5;
-    CHECK(press.paperSize().x == doctest::Approx(148 * 72 / 25.4));
-    CHECK(press.onPaper(0)({595.28, 841.89}).x <= press.paperSize().x + 0.01);
-    CHECK(press.onPaper(0)({595.28, 841.89}).y <= press.paperSize().y + 0.01);
+    CHECK(renderer.paperSize().x == doctest::Approx(148 * 72 / 25.4));
+    CHECK(renderer.onPaper(0)({595.28, 841.89}).x <= renderer.paperSize().x + 0.01);
+    CHECK(renderer.onPaper(0)({595.28, 841.89}).y <= renderer.paperSize().y + 0.01);
     const std::vector<std::size_t> letters = {0};
-    REQUIRE(writeLettersPdf(folder / "a5.pdf", press, letters));
+    REQUIRE(writeLettersPdf(folder / "a5.pdf", renderer, letters));
     CHECK(contains(folder.bytes("a5.pdf"), "/MediaBox[0 0 419.53 595.28]"));
     CHECK(packed(pagesOf(folder / "a5.pdf").at(0)) == "高松市");
 }
@@ -252,12 +252,12 @@ TEST_CASE("a cancelled PDF leaves no file and keeps the older one")
     TempFolder folder;
     const LetterSet set = lettersOn(svgPage("<text>{{保険者名}}</text>"), std::vector<Row>(250, ordinaryRow()));
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     std::vector<std::size_t> letters(250);
     folder.put("out.pdf", "old");
     std::vector<std::size_t> reported;
 
-    const bool isWhole = writeLettersPdf(folder / "out.pdf", press, letters, [&](std::size_t pages) {
+    const bool isWhole = writeLettersPdf(folder / "out.pdf", renderer, letters, [&](std::size_t pages) {
         reported.push_back(pages);
         return pages < 200;
     });
@@ -273,8 +273,8 @@ TEST_CASE("a PDF of no letters is refused")
     TempFolder folder;
     const LetterSet set = lettersOn(svgPage("<text>{{保険者名}}</text>"), {ordinaryRow()});
     Fonts fonts;
-    LetterPress press(set, fonts);
-    CHECK_THROWS_AS(writeLettersPdf(folder / "out.pdf", press, {}), RuntimeError);
+    LetterRenderer renderer(set, fonts);
+    CHECK_THROWS_AS(writeLettersPdf(folder / "out.pdf", renderer, {}), RuntimeError);
     CHECK(folder.names().empty());
 }
 
@@ -284,8 +284,8 @@ TEST_CASE("the same letters give the same bytes")
     for (const char *name : {"a.pdf", "b.pdf"}) {
         const LetterSet set = lettersOn(svgPage("<text>{{保険者名}}</text>"), {ordinaryRow()});
         Fonts fonts;
-        LetterPress press(set, fonts);
-        REQUIRE(writeLettersPdf(folder / name, press, std::vector<std::size_t>{0}));
+        LetterRenderer renderer(set, fonts);
+        REQUIRE(writeLettersPdf(folder / name, renderer, std::vector<std::size_t>{0}));
     }
     CHECK(folder.bytes("a.pdf") == folder.bytes("b.pdf"));
 }

@@ -31,11 +31,11 @@ TEST_CASE("a printer's offset moves a page horizontally and vertically in both d
     const TempFolder folder;
     const LetterSet set = lettersOn(svgPage("<text x='50' y='80'>{{保険者名}}</text>"), {ordinaryRow()});
     Fonts fonts;
-    LetterPress press(set, fonts);
+    LetterRenderer renderer(set, fonts);
     const std::vector<std::size_t> letters = {0};
     const std::string pdf = folder / "a.pdf";
     const auto placeBy = [&](Point shift) {
-        REQUIRE(writeLettersPdf(pdf, press, letters, {}, shift));
+        REQUIRE(writeLettersPdf(pdf, renderer, letters, {}, shift));
         return firstWord(pdf);
     };
     const Point still = placeBy({0, 0});

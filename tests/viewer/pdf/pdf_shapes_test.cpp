@@ -20,10 +20,10 @@ public:
         const TempFolder folder;
         const LetterSet set = lettersOn(svgPage(shapes + "<text x='5' y='200'>{{保険者名}}</text>"), {ordinaryRow()});
         Fonts fonts;
-        LetterPress press(set, fonts);
+        LetterRenderer renderer(set, fonts);
         const std::vector<std::size_t> letters = {0};
         const std::string pdf = folder / "a.pdf";
-        REQUIRE(writeLettersPdf(pdf, press, letters));
+        REQUIRE(writeLettersPdf(pdf, renderer, letters));
         REQUIRE(std::system(("pdftoppm -r 101.6 -gray -singlefile '" + pdf + "' '" + pdf + "'").c_str()) == 0);
         const std::string file = bytesOf(pdf + ".pgm");
         std::istringstream head(file);

@@ -47,7 +47,7 @@ TEST_CASE("closing when the print is done loses no page")
     CHECK(world.closeStates.size() == 1);
     CHECK(!world.window->isVisible());
     CHECK(pageCount(world.jobPath(0)) == kMany);
-    CHECK(world.told.empty());
+    CHECK(world.messages.empty());
 }
 
 TEST_CASE("a print that is cancelled by closing reports which letters were sent, then the window closes")
@@ -57,11 +57,11 @@ TEST_CASE("a print that is cancelled by closing reports which letters were sent,
     CHECK(!world.window->isVisible());
     const std::size_t pages = pageCount(world.jobPath(0));
     CHECK(pages < kMany);
-    REQUIRE(world.told.size() == 1);
+    REQUIRE(world.messages.size() == 1);
     const QString range = pages == 1 ? QStringLiteral("1") : QStringLiteral("1-%1").arg(pages);
-    CHECK(world.told[0] == QStringLiteral("印刷を中止しました。\n\n印刷に送った番号：%1\n送っていない番号：%2-120")
-                               .arg(range)
-                               .arg(pages + 1));
+    CHECK(world.messages[0] == QStringLiteral("印刷を中止しました。\n\n印刷に送った番号：%1\n送っていない番号：%2-120")
+                                   .arg(range)
+                                   .arg(pages + 1));
 }
 
 TEST_CASE("a refusal keeps the window open although it was to close after the print")
@@ -70,10 +70,10 @@ TEST_CASE("a refusal keeps the window open although it was to close after the pr
     world.pagesPerJob = 90;
     world.printAndClose(CloseAnswer::closeWhenDone);
     CHECK(world.window->isVisible());
-    REQUIRE(world.told.size() == 1);
-    CHECK(world.told[0].contains(QStringLiteral("プリンター「紙」が印刷を受け付けませんでした。")));
-    CHECK(world.told[0].contains(QStringLiteral("送っていない番号：1-120")));
-    CHECK(world.told[0].endsWith(
+    REQUIRE(world.messages.size() == 1);
+    CHECK(world.messages[0].contains(QStringLiteral("プリンター「紙」が印刷を受け付けませんでした。")));
+    CHECK(world.messages[0].contains(QStringLiteral("送っていない番号：1-120")));
+    CHECK(world.messages[0].endsWith(
         QStringLiteral("送っていない番号も、途中まで印刷されていないか用紙を確認してください。")));
 }
 

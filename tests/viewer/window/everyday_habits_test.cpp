@@ -88,8 +88,8 @@ TEST_CASE("changed letters cannot be loaded during a print, and the notice stays
 {
     Opened world(120);
     writeBytes(world.folder / "委任状.csv", csvOf({ordinaryRow()}));
-    world.window->lookAtFiles();
-    world.window->lookAtFiles();
+    world.window->checkFiles();
+    world.window->checkFiles();
     auto *const action = world.find<QPushButton>("noticeAction");
     QString said;
     QTimer::singleShot(0, [&] {
@@ -161,7 +161,7 @@ TEST_CASE("a window whose print was refused stays open after a later successful 
         dialog->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
     });
     world.window->start();
-    REQUIRE(QTest::qWaitFor([&] { return !world.told.empty(); }));
+    REQUIRE(QTest::qWaitFor([&] { return !world.messages.empty(); }));
     world.pagesPerJob = 100;
     world.window->print(world.order());
     QTest::qWait(50);

@@ -27,9 +27,9 @@ struct Watching {
         watch.watch({{path, stampOf(path)}});
         watch.onChanged = [this](const std::string &file) { changed.push_back(file); };
     }
-    void look(int times)
+    void check(int times)
     {
-        for (int i = 0; i < times; ++i) watch.look();
+        for (int i = 0; i < times; ++i) watch.check();
     }
     TempFolder folder;
     std::string path = folder / "a.csv";
@@ -48,7 +48,7 @@ QString patientAt(const WindowWorld &world, int row)
 TEST_CASE("an unchanged file is not reported")
 {
     Watching world;
-    world.look(3);
+    world.check(3);
     CHECK(world.changed.empty());
 }
 
@@ -56,9 +56,9 @@ TEST_CASE("a changed file is reported once, when two checks see the same state")
 {
     Watching world;
     writeBytes(world.path, "ab");
-    world.look(1);
+    world.check(1);
     CHECK(world.changed.empty());
-    world.look(3);
+    world.check(3);
     CHECK(world.changed == std::vector<std::string>{world.path});
 }
 
@@ -67,10 +67,10 @@ TEST_CASE("a file that is still being written is not reported")
     Watching world;
     for (const char *bytes : {"ab", "abc", "abcd"}) {
         writeBytes(world.path, bytes);
-        world.look(1);
+        world.check(1);
     }
     CHECK(world.changed.empty());
-    world.look(1);
+    world.check(1);
     CHECK(world.changed.size() == 1);
 }
 
@@ -78,10 +78,10 @@ TEST_CASE("a deleted file is not reported until it exists again")
 {
     Watching world;
     std::filesystem::remove(world.path);
-    world.look(3);
+    world.check(3);
     CHECK(world.changed.empty());
     writeBytes(world.path, "new");
-    world.look(2);
+    world.check(2);
     CHECK(world.changed.size() == 1);
 }
 
@@ -89,9 +89,9 @@ TEST_CASE("a file that changes again is reported again")
 {
     Watching world;
     writeBytes(world.path, "ab");
-    world.look(2);
+    world.check(2);
     writeBytes(world.path, "abc");
-    world.look(2);
+    world.check(2);
     CHECK(world.changed.size() == 2);
 }
 
@@ -100,8 +100,8 @@ TEST_CASE("a changed file leaves the open letters as they are, and a notice offe
     WindowWorld world(differentRows(2));
     world.openWindow();
     world.folder.put("委任状.csv", csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
-    world.window->lookAtFiles();
-    world.window->lookAtFiles();
+    world.window->checkFiles();
+    world.window->checkFiles();
     const auto *const notice = world.find<QWidget>("noticeBar");
     CHECK(notice->isVisible());
     CHECK(world.find<QLabel>("noticeText")->text() ==
@@ -116,8 +116,8 @@ TEST_CASE("the notice's button loads the new letters, ticks them all and checks 
     world.openWindow();
     world.window->letters().ticks.setAll(false);
     world.folder.put("委任状.csv", csvOf({ordinaryRow(), ordinaryRow(), ordinaryRow()}));
-    world.window->lookAtFiles();
-    world.window->lookAtFiles();
+    world.window->checkFiles();
+    world.window->checkFiles();
     world.find<QPushButton>("noticeAction")->click();
     world.settle();
     CHECK(world.window->letters().set.size() == 3);
@@ -133,9 +133,9 @@ TEST_CASE("letters that cannot be loaded leave the open ones in place and show a
     world.openWindow();
     world.folder.put("委任状.csv", "");
     world.window->reload();
-    REQUIRE(world.told.size() == 1);
-    CHECK(world.told[0].contains(QStringLiteral("ファイルが空です。")));
-    CHECK(world.told[0].endsWith(QStringLiteral("前の内容をそのまま表示しています。")));
+    REQUIRE(world.messages.size() == 1);
+    CHECK(world.messages[0].contains(QStringLiteral("ファイルが空です。")));
+    CHECK(world.messages[0].endsWith(QStringLiteral("前の内容をそのまま表示しています。")));
     CHECK(patientAt(world, 1) == QStringLiteral("甲2"));
 }
 

@@ -78,7 +78,7 @@ TEST_CASE("existing files are overwritten only when the user agrees")
     world.out.put("甲1.pdf", "old");
     world.mayReplace = false;
     world.window->savePdf({false, true, QStringLiteral("{{利用者氏名}}")});
-    CHECK(world.told.front() == QStringLiteral("同じ名前のファイルが1個あります。上書きしますか。"));
+    CHECK(world.messages.front() == QStringLiteral("同じ名前のファイルが1個あります。上書きしますか。"));
     CHECK(world.out.bytes("甲1.pdf") == "old");
     CHECK(world.out.names() == Names{"甲1.pdf"});
     world.mayReplace = true;
@@ -92,8 +92,8 @@ TEST_CASE("a path that cannot be written is reported, and no file is created")
     Writing world(2);
     world.pdfFile = QString::fromStdString(world.out / "gone/out.pdf");
     world.window->savePdf({false, false, {}});
-    REQUIRE(world.told.size() == 1);
-    CHECK(world.told[0].contains(QStringLiteral("に書き込めません。")));
+    REQUIRE(world.messages.size() == 1);
+    CHECK(world.messages[0].contains(QStringLiteral("に書き込めません。")));
     CHECK(world.out.names().empty());
 }
 
@@ -105,8 +105,8 @@ TEST_CASE("a full disk is reported, leaves no partial file and keeps the old fil
         const FullDisk disk(4096);
         world.window->savePdf({false, false, {}});
     }
-    REQUIRE(world.told.size() == 1);
-    CHECK(world.told[0].contains(QStringLiteral("に書き込めません。")));
+    REQUIRE(world.messages.size() == 1);
+    CHECK(world.messages[0].contains(QStringLiteral("に書き込めません。")));
     CHECK(world.out.names() == Names{"out.pdf"});
     CHECK(world.out.bytes("out.pdf") == "old");
 }
@@ -118,7 +118,7 @@ TEST_CASE("a full disk in the middle of many files leaves only complete files")
         const FullDisk disk(4096);
         world.window->savePdf({false, true, QStringLiteral("{{番号}}")});
     }
-    CHECK(world.told.size() == 1);
+    CHECK(world.messages.size() == 1);
     CHECK(world.out.names().empty());
 }
 
@@ -127,7 +127,7 @@ TEST_CASE("saving without ticked letters asks for nothing and writes nothing")
     Writing world(2);
     world.window->letters().ticks.setAll(false);
     world.window->savePdf({true, false, {}});
-    CHECK(world.told == std::vector<QString>{QStringLiteral("保存する委任状が選ばれていません。")});
+    CHECK(world.messages == std::vector<QString>{QStringLiteral("保存する委任状が選ばれていません。")});
     CHECK(world.out.names().empty());
 }
 

@@ -275,8 +275,8 @@ TEST_CASE("a print without any printer is reported and leaves the letters on the
     world.printers.clear();
     world.openWindow();
     world.window->start();
-    CHECK(QTest::qWaitFor([&] { return !world.told.empty(); }));
-    CHECK(world.told ==
+    CHECK(QTest::qWaitFor([&] { return !world.messages.empty(); }));
+    CHECK(world.messages ==
           std::vector<QString>{QStringLiteral("使えるプリンターがありません。PDF に保存することはできます。")});
     CHECK(world.window->isVisible());
 }

@@ -16,7 +16,7 @@ struct Printing : WindowWorld {
     PrintResult print(const std::string &range, const PrintOrder &order, const PrintProgress &progress = {})
     {
         letters.ticks.setText(range);
-        return printLetters(letters, letters.ticks.letters(), order, services().roads, progress);
+        return printLetters(letters, letters.ticks.letters(), order, services().paths, progress);
     }
     OpenLetters letters;
 };
@@ -56,10 +56,10 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     WindowWorld world(rows);
     OpenLetters letters(world.script);
     const std::vector<std::size_t> which{0, 2};
-    REQUIRE(printLetters(letters, which, world.order(), world.services().roads, {}).isDone());
+    REQUIRE(printLetters(letters, which, world.order(), world.services().paths, {}).isDone());
     const QImage page = pageImage(world.jobPath(0), 2);
     const auto distance = [&](std::size_t letter) {
-        return difference(page, letterImage(letters.press, letter, 72, letters.glyphs));
+        return difference(page, letterImage(letters.renderer, letter, 72, letters.glyphs));
     };
     CHECK(distance(2) < distance(0));
     CHECK(distance(2) < distance(1));
@@ -74,9 +74,9 @@ TEST_CASE("a painted page equals the saved one for the longest, condensed and un
     WindowWorld world(rows);
     OpenLetters letters(world.script);
     const std::vector<std::size_t> which{0, 1, 2};
-    REQUIRE(printLetters(letters, which, world.order(), world.services().roads, {}).isDone());
+    REQUIRE(printLetters(letters, which, world.order(), world.services().paths, {}).isDone());
     const std::string saved = world.folder / "saved.pdf";
-    REQUIRE(writeLettersPdf(saved, letters.press, which));
+    REQUIRE(writeLettersPdf(saved, letters.renderer, which));
     for (int page = 1; page <= 3; ++page) {
         CAPTURE(page);
         CHECK(difference(pageImage(world.jobPath(0), page), pageImage(saved, page)) < 0.5);
@@ -185,13 +185,13 @@ TEST_CASE("a cancelled print reports how many letters were sent")
     Printing world(9);
     PrintOrder order = world.order();
     order.lettersPerJob = 4;
-    std::vector<std::size_t> told;
+    std::vector<std::size_t> progress;
     const PrintResult result = world.print("1-9", order, [&](std::size_t letters) {
-        told.push_back(letters);
+        progress.push_back(letters);
         return letters < 6;
     });
     CHECK(result.isCancelled);
-    CHECK(told == std::vector<std::size_t>{1, 2, 3, 4, 5, 6});
+    CHECK(progress == std::vector<std::size_t>{1, 2, 3, 4, 5, 6});
     // Output to a file cannot be withdrawn: the two pages of the job are printed.
     CHECK(result.sent == 6);
     CHECK(pageCount(world.jobPath(1)) == 2);
@@ -201,9 +201,9 @@ TEST_CASE("the ruler page has its lines 30 millimetres from the edges, moved by 
 {
     Printing world(1);
     PrintOrder order = world.order();
-    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
+    REQUIRE(printRulerPage(world.letters, order, world.services().paths).empty());
     order.offset = {0, 50};
-    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
+    REQUIRE(printRulerPage(world.letters, order, world.services().paths).empty());
     const auto darkest = [](const QImage &page) {
         int best = 0, row = 0;
         for (int y = 0; y < page.height() / 2; ++y) {

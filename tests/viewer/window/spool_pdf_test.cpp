@@ -64,8 +64,8 @@ struct Spooling : WindowWorld {
         const std::string lp = folder / "bin/lp";
         writeBytes(lp, "#!/bin/sh\n"
                        "cd \"$(dirname \"$0\")\"\n"
-                       "n=$(ls told* 2>/dev/null | wc -l)\n"
-                       "printf '%s\\n' \"$@\" > told$n\n"
+                       "n=$(ls call* 2>/dev/null | wc -l)\n"
+                       "printf '%s\\n' \"$@\" > call$n\n"
                        "for last; do :; done\n"
                        "cp \"$last\" job$n.pdf\n" +
                            behind + "\n");
@@ -78,18 +78,18 @@ struct Spooling : WindowWorld {
     PrintResult print(const std::string &range, const PrintOrder &order, const PrintProgress &progress = {})
     {
         letters.ticks.setText(range);
-        return printLetters(letters, letters.ticks.letters(), order, services().roads, progress);
+        return printLetters(letters, letters.ticks.letters(), order, services().paths, progress);
     }
     [[nodiscard]] std::string job(int n) const { return folder / ("bin/job" + std::to_string(n) + ".pdf"); }
-    [[nodiscard]] std::vector<std::string> told(int n) const
+    [[nodiscard]] std::vector<std::string> call(int n) const
     {
         std::vector<std::string> lines;
-        const std::string all = folder.bytes("bin/told" + std::to_string(n));
+        const std::string all = folder.bytes("bin/call" + std::to_string(n));
         for (std::size_t begin = 0; begin < all.size(); begin = all.find('\n', begin) + 1)
             lines.push_back(all.substr(begin, all.find('\n', begin) - begin));
         return lines;
     }
-    [[nodiscard]] bool wasTold(int n) const { return folder.has("bin/told" + std::to_string(n)); }
+    [[nodiscard]] bool wasCalled(int n) const { return folder.has("bin/call" + std::to_string(n)); }
 
     OpenLetters letters{script};
     std::optional<Setting> path;
@@ -112,15 +112,15 @@ TEST_CASE("lp gets printer, copies, title, paper and sides, and a file that is d
     order.copies = 2;
     order.duplex = QPrinter::DuplexShortSide;
     REQUIRE(world.print("1-3", order).isDone());
-    std::vector<std::string> told = world.told(0);
-    REQUIRE(!told.empty());
-    CHECK(!std::filesystem::exists(told.back()));
-    CHECK(!std::filesystem::exists(std::filesystem::path(told.back()).parent_path()));
-    told.pop_back();
-    CHECK(told == std::vector<std::string>{"-d", "紙", "-n", "2", "-t", "委任状", "-o", "collate=true", "-o",
+    std::vector<std::string> call = world.call(0);
+    REQUIRE(!call.empty());
+    CHECK(!std::filesystem::exists(call.back()));
+    CHECK(!std::filesystem::exists(std::filesystem::path(call.back()).parent_path()));
+    call.pop_back();
+    CHECK(call == std::vector<std::string>{"-d", "紙", "-n", "2", "-t", "委任状", "-o", "collate=true", "-o",
                                            "print-scaling=none", "-o", "media=iso_a4_210x297mm", "-o",
                                            "sides=two-sided-short-edge"});
-    CHECK(!world.wasTold(1));
+    CHECK(!world.wasCalled(1));
 }
 
 TEST_CASE("sides that follow the queue are not passed to lp, others are")
@@ -165,7 +165,7 @@ TEST_CASE("the submitted PDF equals the saved one")
     Spooling world(4);
     REQUIRE(world.print("1,3", world.order()).isDone());
     const std::vector<std::size_t> which{0, 2};
-    REQUIRE(writeLettersPdf(world.folder / "saved.pdf", world.letters.press, which));
+    REQUIRE(writeLettersPdf(world.folder / "saved.pdf", world.letters.renderer, which));
     CHECK(bytesOf(world.job(0)) == world.folder.bytes("saved.pdf"));
 }
 
@@ -178,8 +178,8 @@ TEST_CASE("jobs of n letters are submitted one by one and are titled by their nu
     CHECK(pageCount(world.job(0)) == 4);
     CHECK(pageCount(world.job(1)) == 4);
     CHECK(pageCount(world.job(2)) == 1);
-    CHECK(!world.wasTold(3));
-    CHECK(world.told(1)[5] == "委任状（5-8番）");
+    CHECK(!world.wasCalled(3));
+    CHECK(world.call(1)[5] == "委任状（5-8番）");
 }
 
 TEST_CASE("the pages of the submitted PDF are moved by the offset in tenths of a millimetre")
@@ -216,7 +216,7 @@ TEST_CASE("a queue that refuses a later job leaves the letters of the earlier jo
     const PrintResult result = world.print("1-9", order);
     CHECK(result.sent == 3);
     CHECK(!result.fault.empty());
-    CHECK(!world.wasTold(2));
+    CHECK(!world.wasCalled(2));
 }
 
 TEST_CASE("a print that is cancelled before its file is complete submits nothing")
@@ -225,7 +225,7 @@ TEST_CASE("a print that is cancelled before its file is complete submits nothing
     const PrintResult result = world.print("1-250", world.order(), [](std::size_t done) { return done < 200; });
     CHECK(result.isCancelled);
     CHECK(result.sent == 0);
-    CHECK(!world.wasTold(0));
+    CHECK(!world.wasCalled(0));
 }
 
 TEST_CASE("a print that is cancelled while the system accepts it is withdrawn")
@@ -234,7 +234,7 @@ TEST_CASE("a print that is cancelled while the system accepts it is withdrawn")
     int asked = 0;
     const PrintResult result = world.print("1-3", world.order(), [&](std::size_t done) {
         CHECK(done == 3);
-        return !world.wasTold(0) || ++asked < 3;
+        return !world.wasCalled(0) || ++asked < 3;
     });
     CHECK(result.isCancelled);
     CHECK(result.sent == 0);
@@ -247,7 +247,7 @@ TEST_CASE("a disk that is full during a print is reported with the file's name, 
     const PrintResult result = world.print("1", world.order());
     CHECK(result.sent == 0);
     CHECK(contains(result.fault, "に書き込めません。"));
-    CHECK(!world.wasTold(0));
+    CHECK(!world.wasCalled(0));
 }
 
 TEST_CASE("a system without lp has no spooler")
@@ -263,8 +263,8 @@ TEST_CASE("the ruler page is submitted in the same manner, as one copy moved by 
     PrintOrder order = world.order();
     order.copies = 5;
     order.offset = {15, -3};
-    REQUIRE(printRulerPage(world.letters, order, world.services().roads).empty());
-    CHECK(world.told(0)[3] == "1");
+    REQUIRE(printRulerPage(world.letters, order, world.services().paths).empty());
+    CHECK(world.call(0)[3] == "1");
     const std::string text = packed(pagesOf(world.job(0)).at(0));
     CHECK(contains(text, "位置調整のテスト"));
     CHECK(contains(text, "プリンター：紙今の調整：右へ1.5mm、下へ-0.3mm"));
@@ -282,7 +282,7 @@ TEST_CASE("closing while the system accepts the letters asks, and waiting loses 
     REQUIRE(world.closeStates.size() == 1);
     CHECK(!world.window->isVisible());
     CHECK(pageCount(world.job(0)) == 120);
-    CHECK(world.WindowWorld::told.empty());
+    CHECK(world.WindowWorld::messages.empty());
 }
 
 TEST_CASE("closing at once while the system accepts the letters withdraws them and reports which")
@@ -294,8 +294,9 @@ TEST_CASE("closing at once while the system accepts the letters withdraws them a
     world.window->print(world.order());
     QApplication::processEvents();
     CHECK(!world.window->isVisible());
-    CHECK(world.WindowWorld::told == std::vector<QString>{QStringLiteral(
-                                         "印刷を中止しました。\n\n印刷に送った番号：なし\n送っていない番号：1-120")});
+    CHECK(world.WindowWorld::messages ==
+          std::vector<QString>{
+              QStringLiteral("印刷を中止しました。\n\n印刷に送った番号：なし\n送っていない番号：1-120")});
 }
 
 TEST_CASE(
@@ -307,7 +308,7 @@ TEST_CASE(
     order.lettersPerJob = 4;
     world.window->print(order);
     CHECK(world.window->isVisible());
-    CHECK(world.WindowWorld::told ==
+    CHECK(world.WindowWorld::messages ==
           std::vector<QString>{QStringLiteral(
               "プリンター「紙」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。\n（lp: no）"
               "\n\n印刷に送った番号：1-4\n送っていない番号：5-9")});

@@ -12,7 +12,7 @@ using namespace inin::viewer;
 
 namespace {
 
-using Tell = std::function<bool(std::size_t)>;
+using SetDone = std::function<bool(std::size_t)>;
 
 void rest()
 {
@@ -25,8 +25,8 @@ TEST_CASE("a short task shows no progress")
 {
     TaskBar bar;
     bool wasSeen = false;
-    bar.run(QStringLiteral("短い"), 3, [&](const Tell &tell) {
-        for (std::size_t i = 1; i <= 3; ++i) wasSeen = !tell(i) || bar.isVisible() || wasSeen;
+    bar.run(QStringLiteral("短い"), 3, [&](const SetDone &setDone) {
+        for (std::size_t i = 1; i <= 3; ++i) wasSeen = !setDone(i) || bar.isVisible() || wasSeen;
     });
     CHECK(!wasSeen);
     CHECK(!bar.isRunning());
@@ -36,10 +36,10 @@ TEST_CASE("a long task shows its progress, and the bar is hidden at its end")
 {
     TaskBar bar;
     int value = 0;
-    bar.run(QStringLiteral("長い"), 1000, [&](const Tell &tell) {
+    bar.run(QStringLiteral("長い"), 1000, [&](const SetDone &setDone) {
         for (std::size_t i = 1; i <= 1000 && !bar.isVisible(); ++i) {
             rest();
-            (void)tell(i);
+            (void)setDone(i);
             value = bar.findChild<QProgressBar *>()->value();
         }
         CHECK(bar.isVisible());
@@ -52,8 +52,8 @@ TEST_CASE("the cancel button ends a task")
 {
     TaskBar bar;
     std::size_t done = 0;
-    bar.run(QStringLiteral("長い"), 1000, [&](const Tell &tell) {
-        while (done < 1000 && tell(done)) {
+    bar.run(QStringLiteral("長い"), 1000, [&](const SetDone &setDone) {
+        while (done < 1000 && setDone(done)) {
             if (++done == 3) bar.findChild<QPushButton *>()->click();
         }
     });
@@ -65,7 +65,7 @@ TEST_CASE("a failed task leaves the bar ready for the next")
     TaskBar bar;
     int changes = 0;
     bar.onRunningChanged = [&] { ++changes; };
-    CHECK_THROWS_AS(bar.run(QStringLiteral("だめ"), 1, [](const Tell &) { throw std::runtime_error("x"); }),
+    CHECK_THROWS_AS(bar.run(QStringLiteral("だめ"), 1, [](const SetDone &) { throw std::runtime_error("x"); }),
                     std::runtime_error);
     CHECK(!bar.isRunning());
     CHECK(changes == 2);

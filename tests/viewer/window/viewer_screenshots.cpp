@@ -2,7 +2,7 @@
 // of the script; the printer is invented.
 
 #include "support/save_picture.h"
-#include "viewer/window/look.h"
+#include "viewer/window/viewer_style.h"
 #include "viewer/window/viewer_window.h"
 
 #include <QApplication>
@@ -81,7 +81,7 @@ int main(int argc, char **argv)
     }
     const bool dark = arguments.contains(u"--dark"_s);
     if (dark) QApplication::setPalette(QPalette(QColor(0x3C, 0x3F, 0x43), QColor(0x2B, 0x2D, 0x30)));
-    applyLook(application);
+    applyStyle(application);
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s);
     const QString ending = (scale == u"1"_s ? QString() : u"@%1x"_s.arg(scale)) + (dark ? u"-dark"_s : QString());
     ViewerPhotographer(arguments[1].toStdString(), arguments[2], ending).run();

@@ -149,7 +149,7 @@ TEST_CASE("nothing is printed when no letter is ticked")
     world.act("tickNone");
     world.window->print(world.order());
     CHECK(world.jobs == 0);
-    CHECK(world.told == std::vector<QString>{QStringLiteral("印刷する委任状が選ばれていません。")});
+    CHECK(world.messages == std::vector<QString>{QStringLiteral("印刷する委任状が選ばれていません。")});
 }
 
 TEST_CASE("every widget that accepts the focus has a name for screen readers")
@@ -208,7 +208,7 @@ struct Walked : Shown {
         list()->setFocus();
     }
     /// Sends a key as a keyboard does: the window's shortcuts come first, and the modifiers stay pressed meanwhile.
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1) const
+    void renderer(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1) const
     {
         for (int i = 0; i < times; ++i) {
             QTest::keyPress(window->windowHandle(), key, modifiers);
@@ -222,8 +222,8 @@ struct Walked : Shown {
 TEST_CASE("Space after Ctrl+PageDown unticks only the current letter")
 {
     Walked world(6);
-    world.press(Qt::Key_PageDown, Qt::ControlModifier, 4);
-    world.press(Qt::Key_Space);
+    world.renderer(Qt::Key_PageDown, Qt::ControlModifier, 4);
+    world.renderer(Qt::Key_Space);
     CHECK(world.letter() == "5");
     CHECK(world.box() == "1-4,6");
 }
@@ -231,11 +231,11 @@ TEST_CASE("Space after Ctrl+PageDown unticks only the current letter")
 TEST_CASE("Space after Ctrl+PageUp unticks only the current letter")
 {
     Walked world(6);
-    world.press(Qt::Key_End);
-    world.press(Qt::Key_PageUp, Qt::ControlModifier);
-    world.press(Qt::Key_PageDown, Qt::ControlModifier);
-    world.press(Qt::Key_PageUp, Qt::ControlModifier);
-    world.press(Qt::Key_Space);
+    world.renderer(Qt::Key_End);
+    world.renderer(Qt::Key_PageUp, Qt::ControlModifier);
+    world.renderer(Qt::Key_PageDown, Qt::ControlModifier);
+    world.renderer(Qt::Key_PageUp, Qt::ControlModifier);
+    world.renderer(Qt::Key_Space);
     CHECK(world.letter() == "5");
     CHECK(world.box() == "1-4,6");
 }
@@ -243,21 +243,21 @@ TEST_CASE("Space after Ctrl+PageUp unticks only the current letter")
 TEST_CASE("Shift+Down after Ctrl+PageDown extends the selection from the current letter")
 {
     Walked world(6);
-    world.press(Qt::Key_PageDown, Qt::ControlModifier, 2);
-    world.press(Qt::Key_Down, Qt::ShiftModifier);
-    world.press(Qt::Key_Space);
+    world.renderer(Qt::Key_PageDown, Qt::ControlModifier, 2);
+    world.renderer(Qt::Key_Down, Qt::ShiftModifier);
+    world.renderer(Qt::Key_Space);
     CHECK(world.box() == "1-2,5-6");
 }
 
 TEST_CASE("Shift+End and Shift+Home extend the selection to the last and the first letter")
 {
     Walked world(6);
-    world.press(Qt::Key_Down, Qt::NoModifier, 2);
-    world.press(Qt::Key_End, Qt::ShiftModifier);
-    world.press(Qt::Key_Space);
+    world.renderer(Qt::Key_Down, Qt::NoModifier, 2);
+    world.renderer(Qt::Key_End, Qt::ShiftModifier);
+    world.renderer(Qt::Key_Space);
     CHECK(world.box() == "1-2");
-    world.press(Qt::Key_Home, Qt::ShiftModifier);
-    world.press(Qt::Key_Space);
+    world.renderer(Qt::Key_Home, Qt::ShiftModifier);
+    world.renderer(Qt::Key_Space);
     CHECK(world.box() == "1-3");
 }
 
@@ -266,9 +266,9 @@ TEST_CASE("Space after a text is pasted into the find box unticks only the found
     Walked world(30);
     QGuiApplication::clipboard()->setText(QStringLiteral("甲29"));
     world.find<QLineEdit>("find")->setFocus();
-    world.press(Qt::Key_V, Qt::ControlModifier);
+    world.renderer(Qt::Key_V, Qt::ControlModifier);
     world.list()->setFocus();
-    world.press(Qt::Key_Space);
+    world.renderer(Qt::Key_Space);
     CHECK(world.letter() == "29");
     CHECK(world.box() == "1-28,30");
 }
@@ -280,8 +280,8 @@ TEST_CASE("Space after Shift+F3 unticks only the found letter")
     const QPoint third = world.list()->visualRect(world.list()->model()->index(2, 2)).center();
     QTest::mouseClick(world.list()->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
     REQUIRE(world.list()->selectionModel()->selectedRows().size() == 2);
-    world.press(Qt::Key_F3, Qt::ShiftModifier);
-    world.press(Qt::Key_Space);
+    world.renderer(Qt::Key_F3, Qt::ShiftModifier);
+    world.renderer(Qt::Key_Space);
     CHECK(world.letter() == "2");
     CHECK(world.box() == "1,3-5");
 }

@@ -1,6 +1,6 @@
 #include "viewer/window/window_world.h"
 
-#include "viewer/window/look.h"
+#include "viewer/window/viewer_style.h"
 
 #include <QApplication>
 #include <QTest>
@@ -25,7 +25,7 @@ struct Toolkit : doctest::IReporter {
         static char name[] = "viewer_window_test";
         static char *arguments[] = {name, nullptr};
         m_application = std::make_unique<QApplication>(count, arguments);
-        applyLook(*m_application);
+        applyStyle(*m_application);
     }
     void test_run_end(const doctest::TestRunStats & /*stats*/) override { m_application.reset(); }
     void report_query(const doctest::QueryData & /*data*/) override {}
@@ -83,8 +83,8 @@ ViewerServices WindowWorld::services()
 {
     ViewerServices services;
     services.printers = [this] { return printers; };
-    services.roads.spool = spool;
-    services.roads.makePrinter = [this](const PrintOrder &order) -> std::unique_ptr<QPrinter> {
+    services.paths.spool = spool;
+    services.paths.makePrinter = [this](const PrintOrder &order) -> std::unique_ptr<QPrinter> {
         orders.push_back(order);
         return std::make_unique<PaperPrinter>(QString::fromStdString(jobPath(jobs++)), pagesPerJob);
     };
@@ -95,9 +95,9 @@ ViewerServices WindowWorld::services()
         closeAnswers.pop_front();
         return answer;
     };
-    services.tell = [this](QWidget *, QMessageBox::Icon, const QString &text) { told.push_back(text); };
+    services.showMessage = [this](QWidget *, QMessageBox::Icon, const QString &text) { messages.push_back(text); };
     services.mayReplace = [this](QWidget *, const QString &text) {
-        told.push_back(text);
+        messages.push_back(text);
         return mayReplace;
     };
     services.askPdfFile = [this](QWidget *, const QString &offered, const QString &) {

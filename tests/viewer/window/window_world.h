@@ -50,7 +50,7 @@ struct WindowWorld {
     SpoolPdf spool;           ///< empty: the pages are painted
     std::size_t jobs = 0;
     std::vector<PrintOrder> orders;
-    std::vector<QString> told;
+    std::vector<QString> messages;
     std::deque<CloseAnswer> closeAnswers;
     std::vector<QString> closeStates;
     QString pdfFile, pdfFolder;

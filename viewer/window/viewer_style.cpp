@@ -1,4 +1,4 @@
-#include "viewer/window/look.h"
+#include "viewer/window/viewer_style.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -15,7 +15,7 @@ namespace {
 constexpr const char *kFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI",
                                   "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
 /// Below this the strokes of 療 merge.
-constexpr double kLeastPoints = 9.75;
+constexpr double kMinPoints = 9.75;
 constexpr int kMiddle = 128;
 
 /// The style draws the edges of boxes darker than the window: on a darker background they would be invisible.
@@ -31,7 +31,7 @@ QPalette readableDark(QPalette palette)
 
 QFont windowFont(QFont font)
 {
-    font.setPointSizeF(std::max(font.pointSizeF(), kLeastPoints));
+    font.setPointSizeF(std::max(font.pointSizeF(), kMinPoints));
     if (QFontDatabase::writingSystems(QFontInfo(font).family()).contains(QFontDatabase::Japanese)) return font;
     const QStringList japanese = QFontDatabase::families(QFontDatabase::Japanese);
     for (const char *good : kFonts)
@@ -45,7 +45,7 @@ QFont windowFont(QFont font)
 
 } // namespace
 
-void applyLook(QApplication &application)
+void applyStyle(QApplication &application)
 {
     // The Japanese texts of the toolkit's own dialogs, where the system has them.
     auto *const texts = new QTranslator(&application);

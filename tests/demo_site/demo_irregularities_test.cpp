@@ -7,7 +7,7 @@ using namespace inin::test;
 
 namespace {
 
-struct Oddity {
+struct Irregularity {
     const char *claim;
     const char *sql; ///< counts rows
     std::int64_t least;
@@ -15,7 +15,7 @@ struct Oddity {
 };
 
 // In three hundred patients.
-constexpr Oddity kOddities[] = {
+constexpr Irregularity kIrregularities[] = {
     {"three in a hundred have ended", "SELECT COUNT(*) FROM RIYOUSHA WHERE tExpireDay IS NOT NULL", 7, 11},
     {"one of these ended in the month and had visits in it",
      "SELECT COUNT(*) FROM RIYOUSHA p WHERE p.tExpireDay LIKE '2024-05-%' AND EXISTS (SELECT 1 FROM SCHEDULE s"
@@ -74,7 +74,7 @@ constexpr const char *kEnteredTables[] = {"RIYOUSHA",     "HOKENJA", "SCHEDULE",
 
 TEST_CASE("each irregularity of real data is in a demo site")
 {
-    for (const Oddity &oddity : kOddities) {
+    for (const Irregularity &oddity : kIrregularities) {
         CAPTURE(oddity.claim);
         const std::int64_t count = countOf(sharedDatabase(), oddity.sql);
         CHECK(count >= oddity.least);

@@ -1,4 +1,4 @@
-#include "viewer/check/twins.h"
+#include "viewer/check/duplicate_letters.h"
 
 #include <algorithm>
 #include <numeric>
@@ -19,10 +19,10 @@ std::vector<std::size_t> readableRows(const LetterTable &table)
 }
 
 /// Sorts the rows by `before` and returns the runs of two and more equivalent rows.
-template <class Before> std::vector<Twins> runsOf(std::vector<std::size_t> rows, const Before &before)
+template <class Before> std::vector<LetterGroup> runsOf(std::vector<std::size_t> rows, const Before &before)
 {
     std::ranges::stable_sort(rows, before);
-    std::vector<Twins> groups;
+    std::vector<LetterGroup> groups;
     for (auto begin = rows.begin(); begin != rows.end();) {
         const auto end = std::find_if(begin, rows.end(), [&](std::size_t row) { return before(*begin, row); });
         if (end - begin > 1) groups.emplace_back(begin, end);
@@ -57,12 +57,12 @@ void appendWithoutBlanks(std::string &out, std::string_view text)
 
 } // namespace
 
-std::vector<Twins> sameLetters(const LetterTable &table)
+std::vector<LetterGroup> sameLetters(const LetterTable &table)
 {
     return runsOf(readableRows(table), comesBefore(table));
 }
 
-std::vector<Twins> samePersons(const LetterTable &table)
+std::vector<LetterGroup> samePersons(const LetterTable &table)
 {
     const auto name = table.columnOf("利用者氏名"), address = table.columnOf("利用者住所");
     if (!name || !address) return {};
@@ -75,12 +75,12 @@ std::vector<Twins> samePersons(const LetterTable &table)
         appendWithoutBlanks(persons[row], table.value(row, *address));
     }
     std::erase_if(rows, [&](std::size_t row) { return persons[row].empty(); });
-    std::vector<Twins> groups =
+    std::vector<LetterGroup> groups =
         runsOf(std::move(rows), [&](std::size_t a, std::size_t b) { return persons[a] < persons[b]; });
     const auto before = comesBefore(table);
-    std::erase_if(groups, [&](const Twins &twins) {
+    std::erase_if(groups, [&](const LetterGroup &group) {
         return std::ranges::none_of(
-            twins, [&](std::size_t row) { return before(row, twins.front()) || before(twins.front(), row); });
+            group, [&](std::size_t row) { return before(row, group.front()) || before(group.front(), row); });
     });
     return groups;
 }

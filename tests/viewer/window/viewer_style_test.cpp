@@ -28,7 +28,7 @@ TEST_CASE("a changed file is detected at once when the user returns to the windo
     REQUIRE(QTest::qWaitForWindowActive(world.window.get()));
     writeBytes(world.folder / "委任状.csv", csvOf({ordinaryRow()}));
     // Two checks: a file that is still being written is ignored.
-    for (int look = 0; look < 2; ++look) {
+    for (int timer = 0; timer < 2; ++timer) {
         QEvent back(QEvent::ActivationChange);
         QApplication::sendEvent(world.window.get(), &back);
     }
@@ -54,15 +54,15 @@ TEST_CASE("a dialog that a script requests waits until the window is placed")
     world.window =
         std::make_unique<ViewerWindow>(world.script, std::make_unique<OpenLetters>(world.script), world.services());
     const auto dialog = [&] { return world.window->findChild<QDialog *>(QStringLiteral("printDialog")); };
-    QTimer look;
+    QTimer timer;
     bool wasSeen = false;
-    look.callOnTimeout([&] {
+    timer.callOnTimeout([&] {
         if (dialog() == nullptr) return;
         wasSeen = true;
         CHECK(world.window->isVisible());
         dialog()->reject();
     });
-    look.start(5);
+    timer.start(5);
     world.window->start();
     QTest::qWait(100);
     CHECK(!wasSeen);
@@ -79,6 +79,6 @@ TEST_CASE("Ctrl+C copies the text of a message")
         QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
         box->findChild<QPushButton *>()->click();
     });
-    realServices().tell(nullptr, QMessageBox::Warning, QStringLiteral("送っていない番号：3-5"));
+    realServices().showMessage(nullptr, QMessageBox::Warning, QStringLiteral("送っていない番号：3-5"));
     CHECK(QGuiApplication::clipboard()->text() == QStringLiteral("送っていない番号：3-5"));
 }

@@ -1,4 +1,4 @@
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 
 #include "runtime/runtime_error.h"
 

@@ -6,9 +6,9 @@ namespace inin::qt {
 
 /// A radio button whose group is managed by its control record. Each is a tab stop; the arrow keys move through the
 /// options of the same frame and select them.
-class OptionMark : public QRadioButton {
+class OptionRadioButton : public QRadioButton {
 public:
-    explicit OptionMark(QWidget *parent);
+    explicit OptionRadioButton(QWidget *parent);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

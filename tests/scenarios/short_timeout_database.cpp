@@ -1,4 +1,4 @@
-#include "scenarios/impatient_database.h"
+#include "scenarios/short_timeout_database.h"
 
 #include "adapters/database/forwarding_database.h"
 
@@ -6,9 +6,9 @@ namespace inin {
 
 namespace {
 
-class ImpatientConnection : public ForwardingConnection {
+class ShortTimeoutConnection : public ForwardingConnection {
 public:
-    explicit ImpatientConnection(std::unique_ptr<Connection> patient) : ForwardingConnection(std::move(patient))
+    explicit ShortTimeoutConnection(std::unique_ptr<Connection> patient) : ForwardingConnection(std::move(patient))
     {
         inner().setCommandTimeout(1);
     }
@@ -21,12 +21,12 @@ private:
 
 } // namespace
 
-std::unique_ptr<Connection> ImpatientDatabase::newConnection()
+std::unique_ptr<Connection> ShortTimeoutDatabase::newConnection()
 {
-    return std::make_unique<ImpatientConnection>(m_inner->newConnection());
+    return std::make_unique<ShortTimeoutConnection>(m_inner->newConnection());
 }
 
-std::unique_ptr<Recordset> ImpatientDatabase::newRecordset()
+std::unique_ptr<Recordset> ShortTimeoutDatabase::newRecordset()
 {
     return std::make_unique<ForwardingRecordset>(m_inner->newRecordset());
 }

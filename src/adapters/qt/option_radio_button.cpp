@@ -1,15 +1,15 @@
-#include "adapters/qt/option_mark.h"
+#include "adapters/qt/option_radio_button.h"
 
 #include <QKeyEvent>
 
 namespace inin::qt {
 
-OptionMark::OptionMark(QWidget *parent) : QRadioButton(parent)
+OptionRadioButton::OptionRadioButton(QWidget *parent) : QRadioButton(parent)
 {
     setAutoExclusive(false);
 }
 
-void OptionMark::keyPressEvent(QKeyEvent *event)
+void OptionRadioButton::keyPressEvent(QKeyEvent *event)
 {
     switch (event->key()) {
     case Qt::Key_Up:
@@ -23,16 +23,16 @@ void OptionMark::keyPressEvent(QKeyEvent *event)
     }
 }
 
-void OptionMark::walk(int step)
+void OptionRadioButton::walk(int step)
 {
-    QList<OptionMark *> usable;
+    QList<OptionRadioButton *> usable;
     for (QObject *sibling : parentWidget()->children())
-        if (auto *option = dynamic_cast<OptionMark *>(sibling);
+        if (auto *option = dynamic_cast<OptionRadioButton *>(sibling);
             option != nullptr && option->isVisible() && option->isEnabled())
             usable.append(option);
     const auto own = usable.indexOf(this);
     if (own < 0 || usable.size() < 2) return;
-    OptionMark *next = usable.at((own + step + usable.size()) % usable.size());
+    OptionRadioButton *next = usable.at((own + step + usable.size()) % usable.size());
     next->setFocus(Qt::TabFocusReason);
     next->click();
 }

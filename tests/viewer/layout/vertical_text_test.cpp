@@ -47,7 +47,7 @@ public:
 struct VerticalField {
     LetterSet set;
     Fonts fonts;
-    LetterPress press{set, fonts};
+    LetterRenderer renderer{set, fonts};
     std::vector<FieldMark> marks;
 
     explicit VerticalField(const std::string &attributes, const std::string &value = "", const std::string &style = "")
@@ -61,7 +61,7 @@ struct VerticalField {
     std::vector<Painted> runs()
     {
         Recorder recorder;
-        marks = press.paintFields(0, recorder);
+        marks = renderer.paintFields(0, recorder);
         return recorder.runs;
     }
 };
@@ -79,8 +79,8 @@ std::string textOfPage(const std::string &svg, const Row &row)
     const LetterSet set = lettersOn(svg, {row});
     CHECK(set.reports[0].form.notices.empty());
     Fonts fonts;
-    LetterPress press(set, fonts);
-    REQUIRE(writeLettersPdf(folder / "o.pdf", press, std::vector<std::size_t>{0}));
+    LetterRenderer renderer(set, fonts);
+    REQUIRE(writeLettersPdf(folder / "o.pdf", renderer, std::vector<std::size_t>{0}));
     return pagesOf(folder / "o.pdf").at(0);
 }
 

@@ -7,11 +7,11 @@
 namespace inin::viewer {
 
 /// Rows of one file that belong together, in ascending order; at least two.
-using Twins = std::vector<std::size_t>;
+using LetterGroup = std::vector<std::size_t>;
 
 /// Rows with the same texts in every column.
-[[nodiscard]] std::vector<Twins> sameLetters(const LetterTable &table);
+[[nodiscard]] std::vector<LetterGroup> sameLetters(const LetterTable &table);
 /// Rows of the same patient, compared by name and address without blanks. Identical rows are left to sameLetters().
-[[nodiscard]] std::vector<Twins> samePersons(const LetterTable &table);
+[[nodiscard]] std::vector<LetterGroup> samePersons(const LetterTable &table);
 
 } // namespace inin::viewer

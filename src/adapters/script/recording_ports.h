@@ -11,9 +11,9 @@ namespace inin::script {
 // Ports that forward to other ones and record what happens in a transcript, with the events of a played script. With
 // them the desktop program writes the same transcript as a play.
 
-class TellingBoxes : public MessageBoxes {
+class RecordingBoxes : public MessageBoxes {
 public:
-    TellingBoxes(Transcript &transcript, MessageBoxes &inner) : m_transcript(transcript), m_inner(inner) {}
+    RecordingBoxes(Transcript &transcript, MessageBoxes &inner) : m_transcript(transcript), m_inner(inner) {}
     void show(const std::string &text, Icon icon, const std::string &title) override;
     [[nodiscard]] bool askRetry(const std::string &text, Icon icon, const std::string &title) override;
 
@@ -22,9 +22,9 @@ private:
     MessageBoxes &m_inner;
 };
 
-class TellingProcesses : public Processes {
+class RecordingProcesses : public Processes {
 public:
-    TellingProcesses(Transcript &transcript, Processes &inner) : m_transcript(transcript), m_inner(inner) {}
+    RecordingProcesses(Transcript &transcript, Processes &inner) : m_transcript(transcript), m_inner(inner) {}
     void start(const std::string &commandLine, WindowStyle style) override;
     void openAddress(const std::string &address) override;
     [[nodiscard]] std::optional<std::string> computerName(std::size_t capacity) override;
@@ -37,13 +37,13 @@ private:
 };
 
 /// A form is recorded as shown once it is loaded.
-class TellingWindows : public Windows {
+class RecordingWindows : public Windows {
 public:
-    TellingWindows(Transcript &transcript, Windows &inner) : m_transcript(transcript), m_inner(inner) {}
+    RecordingWindows(Transcript &transcript, Windows &inner) : m_transcript(transcript), m_inner(inner) {}
     void show(Form &form, Modality modality) override;
     void checkPicture(const std::string &path) override { m_inner.checkPicture(path); }
     void beep() override;
-    void giveTime() override { m_inner.giveTime(); }
+    void processWaitingEvents() override { m_inner.processWaitingEvents(); }
     void moveFocus(Form &form, Control &control) override { m_inner.moveFocus(form, control); }
     void sendTab(Form &form) override { m_inner.sendTab(form); }
     [[nodiscard]] Control *activeControl(Form &form) override { return m_inner.activeControl(form); }

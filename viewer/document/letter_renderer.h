@@ -14,13 +14,13 @@ namespace inin::viewer {
 [[nodiscard]] Point sizeOf(Paper paper);
 
 /// Lays out the letters of a set on pages, for any painter.
-class LetterPress {
+class LetterRenderer {
 public:
     /// Both must outlive this. Throws a RuntimeError for a placeholder without a column.
-    LetterPress(const LetterSet &set, Fonts &fonts);
-    LetterPress(const LetterPress &) = delete;
-    LetterPress &operator=(const LetterPress &) = delete;
-    ~LetterPress();
+    LetterRenderer(const LetterSet &set, Fonts &fonts);
+    LetterRenderer(const LetterRenderer &) = delete;
+    LetterRenderer &operator=(const LetterRenderer &) = delete;
+    ~LetterRenderer();
 
     [[nodiscard]] const LetterSet &set() const { return m_set; }
     /// A sentence for each form whose own text has characters that the font lacks.

@@ -19,9 +19,9 @@ struct RecordsetFaults {
 };
 
 /// A record set that fails where its faults request it and otherwise forwards to another one.
-class SpoiledRecordset : public Recordset {
+class FaultyRecordset : public Recordset {
 public:
-    SpoiledRecordset(std::unique_ptr<Recordset> inner, const RecordsetFaults &faults)
+    FaultyRecordset(std::unique_ptr<Recordset> inner, const RecordsetFaults &faults)
         : m_inner(std::move(inner)), m_faults(faults)
     {
     }
@@ -66,26 +66,26 @@ private:
 };
 
 /// Another database with faulty record sets.
-class SpoiledDatabase : public Database {
+class FaultyDatabase : public Database {
 public:
-    explicit SpoiledDatabase(Database &inner) : m_inner(inner) {}
+    explicit FaultyDatabase(Database &inner) : m_inner(inner) {}
     RecordsetFaults faults;
     std::unique_ptr<Connection> newConnection() override { return m_inner.newConnection(); }
     std::unique_ptr<Recordset> newRecordset() override
     {
         RecordsetFaults::raise(faults.creation);
-        return std::make_unique<SpoiledRecordset>(m_inner.newRecordset(), faults);
+        return std::make_unique<FaultyRecordset>(m_inner.newRecordset(), faults);
     }
 
 private:
     Database &m_inner;
 };
 
-/// A fake world with faulty record sets. `spoiled` sees the faults, `app` of the base does not.
-struct SpoiledWorld : FakeWorld {
-    SpoiledDatabase faulty{database};
-    Platform spoiledPlatform{boxes, windows, faulty, profile, files, processes, clock, locale, automation};
-    App spoiled{spoiledPlatform};
+/// A fake world with faulty record sets. `faultyApp` sees the faults, `app` of the base does not.
+struct FaultyWorld : FakeWorld {
+    FaultyDatabase faulty{database};
+    Platform faultyPlatform{boxes, windows, faulty, profile, files, processes, clock, locale, automation};
+    App faultyApp{faultyPlatform};
 };
 
 } // namespace inin

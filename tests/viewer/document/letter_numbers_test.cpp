@@ -1,5 +1,5 @@
 #include "runtime/runtime_error.h"
-#include "viewer/document/letter_list.h"
+#include "viewer/document/letter_numbers.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "adapters/script/telling_ports.h"
+#include "adapters/script/recording_ports.h"
 
 #include "runtime/runtime_error.h"
 
@@ -6,36 +6,36 @@
 
 namespace inin::script {
 
-void TellingBoxes::show(const std::string &text, Icon icon, const std::string &title)
+void RecordingBoxes::show(const std::string &text, Icon icon, const std::string &title)
 {
     m_transcript.box(text, icon, title);
     m_inner.show(text, icon, title);
 }
 
-bool TellingBoxes::askRetry(const std::string &text, Icon icon, const std::string &title)
+bool RecordingBoxes::askRetry(const std::string &text, Icon icon, const std::string &title)
 {
     m_transcript.box(text, icon, title);
     return m_inner.askRetry(text, icon, title);
 }
 
-void TellingProcesses::start(const std::string &commandLine, WindowStyle style)
+void RecordingProcesses::start(const std::string &commandLine, WindowStyle style)
 {
     m_transcript.start(commandLine, style);
     m_inner.start(commandLine, style);
 }
 
-void TellingProcesses::openAddress(const std::string &address)
+void RecordingProcesses::openAddress(const std::string &address)
 {
     m_transcript.address(address);
     m_inner.openAddress(address);
 }
 
-std::optional<std::string> TellingProcesses::computerName(std::size_t capacity)
+std::optional<std::string> RecordingProcesses::computerName(std::size_t capacity)
 {
     return m_inner.computerName(capacity);
 }
 
-void TellingProcesses::end()
+void RecordingProcesses::end()
 {
     m_transcript.end(0);
     m_inner.end();
@@ -43,7 +43,7 @@ void TellingProcesses::end()
     throw std::logic_error("the end statement came back");
 }
 
-void TellingWindows::show(Form &form, Modality modality)
+void RecordingWindows::show(Form &form, Modality modality)
 try {
     form.onMousePointer = [this](std::int16_t kind) { m_transcript.pointer(kind); };
     form.load();
@@ -56,7 +56,7 @@ try {
     throw;
 }
 
-void TellingWindows::beep()
+void RecordingWindows::beep()
 {
     m_transcript.beep();
     m_inner.beep();

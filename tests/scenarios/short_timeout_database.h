@@ -9,9 +9,9 @@ namespace inin {
 
 /// Another database whose commands wait at most a second, whatever timeout the program sets, so that a test need not
 /// wait three minutes.
-class ImpatientDatabase : public Database {
+class ShortTimeoutDatabase : public Database {
 public:
-    explicit ImpatientDatabase(std::unique_ptr<Database> inner) : m_inner(std::move(inner)) {}
+    explicit ShortTimeoutDatabase(std::unique_ptr<Database> inner) : m_inner(std::move(inner)) {}
     [[nodiscard]] std::unique_ptr<Connection> newConnection() override;
     [[nodiscard]] std::unique_ptr<Recordset> newRecordset() override;
 

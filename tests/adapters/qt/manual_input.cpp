@@ -1,4 +1,4 @@
-#include "adapters/qt/hand.h"
+#include "adapters/qt/manual_input.h"
 
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/grid_view.h"
@@ -137,21 +137,21 @@ private:
     QWidget *m_widget = nullptr;
 };
 
-HandResult pressKey(FormWindow &window, const Control *control, std::int16_t code)
+ManualResult pressKey(FormWindow &window, const Control *control, std::int16_t code)
 {
     QWidget *target = control != nullptr ? window.mirror().widgetOf(*control) : window.focusWidget();
     if (target == nullptr) target = &window;
-    if (!canBeUsed(*target)) return HandResult::refused;
+    if (!canBeUsed(*target)) return ManualResult::refused;
     if (control != nullptr) target->setFocus(Qt::MouseFocusReason);
     QTest::keyClick(target, keyOf(code));
-    return HandResult::done;
+    return ManualResult::done;
 }
 
-HandResult hitRow(FormWindow &window, const Grid &grid, const ScriptCommand &command)
+ManualResult hitRow(FormWindow &window, const Grid &grid, const ScriptCommand &command)
 {
     auto &view = dynamic_cast<GridView &>(*window.mirror().widgetOf(grid));
     const bool isThere = command.row <= grid.RowCount() && (command.row > 0 || command.doubleClick);
-    if (!isThere || !canBeUsed(view)) return HandResult::refused;
+    if (!isThere || !canBeUsed(view)) return ManualResult::refused;
     QWidget *target = view.viewport();
     QPoint place;
     if (command.row == 0) {
@@ -165,7 +165,7 @@ HandResult hitRow(FormWindow &window, const Grid &grid, const ScriptCommand &com
         QTest::mouseClick(target, Qt::LeftButton, {}, place);
     }
     if (command.doubleClick) QTest::mouseDClick(target, Qt::LeftButton, {}, place);
-    return HandResult::done;
+    return ManualResult::done;
 }
 
 bool isUsable(const FormWindow &window, const Control &control)
@@ -177,30 +177,30 @@ bool isUsable(const FormWindow &window, const Control &control)
 
 } // namespace
 
-HandResult actByHand(FormWindow &window, const ScriptCommand &command)
+ManualResult actManually(FormWindow &window, const ScriptCommand &command)
 {
     Form &form = window.form();
     if (command.kind == CommandKind::row) {
         const Grid *grid = gridOf(form);
-        return grid != nullptr ? hitRow(window, *grid, command) : HandResult::refused;
+        return grid != nullptr ? hitRow(window, *grid, command) : ManualResult::refused;
     }
     Control *control = form.find(command.control);
     if (command.kind == CommandKind::key) return pressKey(window, control, command.number);
     if (control == nullptr) throw std::runtime_error("no control " + command.control);
     const auto *list = dynamic_cast<const ListBox *>(control);
     const bool isBeyond = list != nullptr && (command.number < 0 || command.number >= list->ListCount());
-    if (isBeyond) return HandResult::refused;
+    if (isBeyond) return ManualResult::refused;
     const bool wasUsable = isUsable(window, *control);
     // A hidden control cannot be clicked at all; a disabled one is clicked and must ignore it.
     const QWidget *widget = window.mirror().widgetOf(*control);
     if (wasUsable || (widget != nullptr && widget->isVisible())) ByHand(window, command).act(*control);
-    return wasUsable ? HandResult::done : HandResult::refused;
+    return wasUsable ? ManualResult::done : ManualResult::refused;
 }
 
 namespace {
 
 /// Compares one widget with its record and describes the first difference.
-class MirrorLook : private ControlVisitor {
+class MirrorCheck : private ControlVisitor {
 public:
     [[nodiscard]] std::string faultOf(Control &control, QWidget *widget)
     {
@@ -276,7 +276,7 @@ private:
 
 std::string mirrorFault(const FormWindow &window)
 {
-    MirrorLook look;
+    MirrorCheck look;
     for (Control *control : window.form().controls()) {
         std::string fault = look.faultOf(*control, window.mirror().widgetOf(*control));
         if (!fault.empty()) return fault;

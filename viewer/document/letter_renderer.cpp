@@ -1,4 +1,4 @@
-#include "viewer/document/letter_press.h"
+#include "viewer/document/letter_renderer.h"
 
 #include "runtime/runtime_error.h"
 #include "viewer/document/mark_text.h"
@@ -39,7 +39,7 @@ Point sizeOf(Paper paper)
     return {known->width * kPointsPerMillimetre, known->height * kPointsPerMillimetre};
 }
 
-LetterPress::LetterPress(const LetterSet &set, Fonts &fonts)
+LetterRenderer::LetterRenderer(const LetterSet &set, Fonts &fonts)
     : m_set(set),
       m_unreadableForm(listingForm(unreadableColumns(),
                                    "この行は確実に読み取れないため、委任状にしませんでした。CSV を確認してください。"))
@@ -54,9 +54,9 @@ LetterPress::LetterPress(const LetterSet &set, Fonts &fonts)
     m_unreadable = std::make_unique<LetterLayout>(m_unreadableForm, unreadableColumns(), fonts);
 }
 
-LetterPress::~LetterPress() = default;
+LetterRenderer::~LetterRenderer() = default;
 
-std::vector<std::string> LetterPress::formNotices() const
+std::vector<std::string> LetterRenderer::formNotices() const
 {
     std::vector<std::string> notices;
     for (std::size_t i = 0; i < m_layouts.size(); ++i) {
@@ -68,12 +68,12 @@ std::vector<std::string> LetterPress::formNotices() const
     return notices;
 }
 
-Point LetterPress::paperSize() const
+Point LetterRenderer::paperSize() const
 {
     return sizeOf(m_set.paper);
 }
 
-Affine LetterPress::onPaper(std::size_t letter) const
+Affine LetterRenderer::onPaper(std::size_t letter) const
 {
     const LetterSet::Place place = m_set.placeOf(letter);
     const LetterReport &report = m_set.reports[place.report];
@@ -85,21 +85,21 @@ Affine LetterPress::onPaper(std::size_t letter) const
     return moved * Affine{scale, 0, 0, scale, (paper.x - scale * form.width) / 2, (paper.y - scale * form.height) / 2};
 }
 
-LetterLayout &LetterPress::layoutOf(std::size_t letter)
+LetterLayout &LetterRenderer::layoutOf(std::size_t letter)
 {
     const LetterSet::Place place = m_set.placeOf(letter);
     const bool isReadable = m_set.reports[place.report].letters.fault(place.row) == RowFault::none;
     return isReadable ? *m_layouts[place.report] : *m_unreadable;
 }
 
-const std::vector<FieldMark> &LetterPress::paintReadable(const LetterSet::Place &place, PagePainter &painter)
+const std::vector<FieldMark> &LetterRenderer::paintReadable(const LetterSet::Place &place, PagePainter &painter)
 {
     const LetterReport &report = m_set.reports[place.report];
     return m_layouts[place.report]->paintLetter([&](std::size_t column) { return report.value(place.row, column); },
                                                 painter);
 }
 
-const std::vector<FieldMark> &LetterPress::paintFields(std::size_t letter, PagePainter &painter)
+const std::vector<FieldMark> &LetterRenderer::paintFields(std::size_t letter, PagePainter &painter)
 {
     const LetterSet::Place place = m_set.placeOf(letter);
     const LetterTable &letters = m_set.reports[place.report].letters;
