@@ -207,6 +207,17 @@ std::string LetterSet::shownTitle() const
     return title.empty() ? "委任状" : title;
 }
 
+std::string LetterSet::runTitle() const
+{
+    const LetterReport &first = reports.front();
+    const std::string name = first.formPath.substr(first.formPath.find_last_of("/\\") + 1);
+    std::string kind = first.form.title.empty() ? name.substr(0, name.find_last_of('.')) : first.form.title;
+    // The form's title usually begins with the script's.
+    if (!kind.starts_with(shownTitle())) kind = shownTitle() + " " + kind;
+    if (reports.size() > 1) kind += "ほか";
+    return fmt::format("{}　{}通", kind, size());
+}
+
 LetterSet::Place LetterSet::placeOf(std::size_t letter) const
 {
     std::size_t report = 0;

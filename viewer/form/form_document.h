@@ -74,6 +74,7 @@ using DrawCommand = std::variant<PathCommand, TextCommand>;
 
 /// A form as a list of drawing commands in order. Texts with fields are drawn on top of everything else.
 struct FormDocument {
+    std::string title;            ///< the document's own title; may be empty
     double width = 0, height = 0; ///< of the page
     std::vector<DrawCommand> commands;
     /// A sentence for each feature of the file that is not drawn.

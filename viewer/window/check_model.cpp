@@ -79,7 +79,7 @@ QString CheckModel::branchText(const Branch &branch, int column) const
 {
     if (branch.isNotices)
         return column == 0 ? u"お知らせ（%1件）"_s.arg(branch.end - branch.begin)
-                           : u"コマンドファイル、帳票、CSV、書体を読んだときのお知らせです。"_s;
+                           : u"コマンドファイル、帳票、CSV、フォントを読んだときのお知らせです。"_s;
     const CauseText &cause = textOf(m_findings->all()[branch.begin].cause);
     return column == 0 ? u"%1（%2通）"_s.arg(qtText(cause.heading)).arg(branch.letters) : qtText(cause.remedy);
 }

@@ -1,11 +1,11 @@
 #include "viewer/window/check_panel.h"
 
 #include "viewer/check/check_text.h"
+#include "viewer/window/cut_text.h"
 #include "viewer/window/finding_index.h"
 #include "viewer/window/open_letters.h"
 
 #include <QHeaderView>
-#include <QLabel>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -15,7 +15,7 @@ namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
 
-CheckPanel::CheckPanel(QWidget *parent) : QWidget(parent), m_heading(new QLabel(this)), m_tree(new QTreeView(this))
+CheckPanel::CheckPanel(QWidget *parent) : QWidget(parent), m_heading(new CutLabel(this)), m_tree(new QTreeView(this))
 {
     m_heading->setObjectName(u"checkHeading"_s);
     m_tree->setObjectName(u"checkTree"_s);
@@ -63,14 +63,14 @@ void CheckPanel::widenFirstColumn()
 
 void CheckPanel::showRunning()
 {
-    m_heading->setText(u"点検しています…"_s);
+    m_heading->setLine(u"点検しています…"_s);
 }
 
 void CheckPanel::show(const OpenLetters *letters, const FindingIndex *findings)
 {
     m_model.show(letters, findings);
     const std::size_t marked = lettersIn(findings->all());
-    m_heading->setText(marked == 0 ? u"点検：注意が必要な委任状はありません。"_s
+    m_heading->setLine(marked == 0 ? u"点検：注意が必要な委任状はありません。"_s
                                    : u"点検：%1通に注意があります。そのまま印刷することもできます。"_s.arg(marked));
     // Without rows only the heading remains.
     m_tree->setVisible(hasRows());

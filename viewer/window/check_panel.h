@@ -6,10 +6,11 @@
 
 #include <functional>
 
-class QLabel;
 class QTreeView;
 
 namespace inin::viewer {
+
+class CutLabel;
 
 /// The check's findings, below the page. A click or Enter on a letter shows it.
 class CheckPanel : public QWidget {
@@ -30,7 +31,7 @@ private:
     void widenFirstColumn();
 
     CheckModel m_model;
-    QLabel *m_heading;
+    CutLabel *m_heading;
     QTreeView *m_tree;
 };
 

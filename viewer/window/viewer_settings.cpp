@@ -23,10 +23,10 @@ QString ownPath()
 }
 
 /// A printer's name may contain the separator of keys.
-QString offsetKey(const QString &printer, const char *direction)
+QString printerKey(const QString &printer, const char *setting)
 {
     const QString name = QString::fromLatin1(QUrl::toPercentEncoding(printer));
-    return u"printers/"_s + (name.isEmpty() ? u"-"_s : name) + u'/' + QLatin1String(direction);
+    return u"printers/"_s + (name.isEmpty() ? u"-"_s : name) + u'/' + QLatin1String(setting);
 }
 
 } // namespace
@@ -36,15 +36,45 @@ ViewerSettings::ViewerSettings(const QString &path) : m_file(path.isEmpty() ? ow
 PrinterOffset ViewerSettings::offsetOf(const QString &printer) const
 {
     const auto read = [&](const char *direction) {
-        return std::clamp(m_file.value(offsetKey(printer, direction)).toInt(), -kMaxOffset, kMaxOffset);
+        return std::clamp(m_file.value(printerKey(printer, direction)).toInt(), -kMaxOffset, kMaxOffset);
     };
     return {read("offsetRight"), read("offsetDown")};
 }
 
 void ViewerSettings::setOffset(const QString &printer, const PrinterOffset &offset)
 {
-    m_file.setValue(offsetKey(printer, "offsetRight"), offset.right);
-    m_file.setValue(offsetKey(printer, "offsetDown"), offset.down);
+    m_file.setValue(printerKey(printer, "offsetRight"), offset.right);
+    m_file.setValue(printerKey(printer, "offsetDown"), offset.down);
+}
+
+QString ViewerSettings::duplexOf(const QString &printer) const
+{
+    return m_file.value(printerKey(printer, "duplex")).toString();
+}
+
+void ViewerSettings::setDuplex(const QString &printer, const QString &duplex)
+{
+    m_file.setValue(printerKey(printer, "duplex"), duplex);
+}
+
+QString ViewerSettings::trayOf(const QString &printer) const
+{
+    return m_file.value(printerKey(printer, "tray")).toString();
+}
+
+void ViewerSettings::setTray(const QString &printer, const QString &tray)
+{
+    m_file.setValue(printerKey(printer, "tray"), tray);
+}
+
+LetterOrder ViewerSettings::letterOrder() const
+{
+    return m_file.value(u"print/reversed"_s).toBool() ? LetterOrder::reversed : LetterOrder::forward;
+}
+
+void ViewerSettings::setLetterOrder(LetterOrder order)
+{
+    m_file.setValue(u"print/reversed"_s, order == LetterOrder::reversed);
 }
 
 QString ViewerSettings::printer() const
@@ -96,6 +126,22 @@ QByteArray ViewerSettings::windowPlace() const
 void ViewerSettings::setWindowPlace(const QByteArray &place)
 {
     m_file.setValue(u"window/place"_s, place);
+}
+
+ViewLayout ViewerSettings::viewLayout() const
+{
+    const auto pixels = [this](const QString &key) {
+        constexpr int kMostPixels = 20000;
+        return std::clamp(m_file.value(key).toInt(), 0, kMostPixels);
+    };
+    return {pixels(u"window/listWidth"_s), pixels(u"window/checkHeight"_s), m_file.value(u"window/zoom"_s).toString()};
+}
+
+void ViewerSettings::setViewLayout(const ViewLayout &layout)
+{
+    m_file.setValue(u"window/listWidth"_s, layout.listWidth);
+    m_file.setValue(u"window/checkHeight"_s, layout.checkHeight);
+    m_file.setValue(u"window/zoom"_s, layout.zoom);
 }
 
 bool ViewerSettings::save()

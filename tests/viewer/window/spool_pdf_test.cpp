@@ -296,7 +296,7 @@ TEST_CASE("closing at once while the system accepts the letters withdraws them a
     CHECK(!world.window->isVisible());
     CHECK(world.WindowWorld::messages ==
           std::vector<QString>{
-              QStringLiteral("印刷を中止しました。\n\n印刷に送った番号：なし\n送っていない番号：1-120")});
+              QStringLiteral("印刷を中止しました。\n\nプリンターに送った番号：なし\n送っていない番号：1-120")});
 }
 
 TEST_CASE(
@@ -311,5 +311,5 @@ TEST_CASE(
     CHECK(world.WindowWorld::messages ==
           std::vector<QString>{QStringLiteral(
               "プリンター「紙」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。\n（lp: no）"
-              "\n\n印刷に送った番号：1-4\n送っていない番号：5-9")});
+              "\n\nプリンターに送った番号：1-4\n送っていない番号：5-9")});
 }
