@@ -14,6 +14,12 @@ namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kLeastMarks = 5; ///< characters
+
+} // namespace
+
 LetterList::LetterList(ListedLetters &listed, QWidget *parent) : QTableView(parent), m_listed(listed)
 {
     setObjectName(u"letterList"_s);
@@ -36,6 +42,7 @@ LetterList::LetterList(ListedLetters &listed, QWidget *parent) : QTableView(pare
     setColumnWidth(LetterListModel::number, wide * kNumberWidth);
     setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
     setColumnWidth(LetterListModel::patient, wide * kPatientWidth);
+    setColumnWidth(LetterListModel::marks, wide * kLeastMarks);
     // The column of marks gets the remaining width; tooltips show what is cut off.
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
@@ -112,7 +119,7 @@ void LetterList::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
     const int wide = fontMetrics().horizontalAdvance(u'漢');
-    constexpr int kLeastInsurer = 6, kLeastMarks = 6;
+    constexpr int kLeastInsurer = 6;
     const int others =
         columnWidth(LetterListModel::number) + columnWidth(LetterListModel::patient) + wide * kLeastMarks;
     const int room = std::max(viewport()->width() - others, wide * kLeastInsurer);

@@ -39,7 +39,7 @@ struct PrintResult {
 /// Called with the number of finished letters; false ends the print and withdraws the current job.
 using PrintProgress = std::function<bool(std::size_t letters)>;
 
-/// The letters as an order prints them: reversed if it says so.
+/// The letters as an order prints them: reversed if it has that order.
 [[nodiscard]] std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> letters, const PrintOrder &order);
 /// Prints letters in the given sequence, one page each.
 [[nodiscard]] PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which,
