@@ -5,6 +5,7 @@
 #include "common/opl_ini_file.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 
@@ -79,14 +80,12 @@ try {
 
 std::string reversedCharacters(std::string_view text)
 {
-    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-    std::string reversed;
-    reversed.reserve(text.size());
-    while (!text.empty()) {
-        std::size_t start = text.size() - 1;
-        while (start > 0 && continues(text[start])) --start;
-        reversed += text.substr(start);
-        text.remove_suffix(text.size() - start);
+    std::string reversed(text.size(), '\0');
+    for (auto end = reversed.end(); !text.empty();) {
+        const std::string_view character = text.substr(0, firstCharacter(text).bytes);
+        end -= static_cast<std::ptrdiff_t>(character.size());
+        std::ranges::copy(character, end);
+        text.remove_prefix(character.size());
     }
     return reversed;
 }
