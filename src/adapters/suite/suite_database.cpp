@@ -1,11 +1,10 @@
 #include "adapters/suite/suite_database.h"
 
 #include "adapters/database/ado_error.h"
+#include "adapters/database/connection_string.h"
 #include "adapters/odbc/odbc_database.h"
-#include "adapters/sqlite/connection_string.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "runtime/runtime_error.h"
-#include "runtime/text.h"
 
 namespace inin {
 
@@ -17,8 +16,7 @@ struct Providers {
 
     [[nodiscard]] Database &of(const std::string &connectionString) const
     {
-        return equalsIgnoringAsciiCase(sqlite::ConnectionString(connectionString).value("Provider"), "SQLite") ? *sqlite
-                                                                                                               : *odbc;
+        return readConnectionString(connectionString).isForSqlite() ? *sqlite : *odbc;
     }
 };
 

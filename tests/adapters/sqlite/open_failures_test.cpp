@@ -143,6 +143,8 @@ TEST_CASE("the error for a connection string without provider or source does not
                  "this database is opened by Provider=SQLite, not by SQLOLEDB");
     checkRefused(openOf("Provider=SQLite;Password=secret"), "the connection string names no Data Source");
     checkRefused(openOf(""), "the connection string names no Provider");
+    checkRefused(openOf("Provider=SQLite;Data Source=x.db;Password=\"secret"),
+                 "the connection string cannot be read: a quoted value has no end");
 }
 
 TEST_CASE_FIXTURE(TimedSession, "opening a session on a locked file fails after the command timeout")

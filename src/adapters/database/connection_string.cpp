@@ -1,4 +1,4 @@
-#include "adapters/odbc/connection_text.h"
+#include "adapters/database/connection_string.h"
 
 #include "runtime/text.h"
 
@@ -6,7 +6,7 @@
 #include <array>
 #include <cstddef>
 
-namespace inin::odbc {
+namespace inin {
 
 namespace {
 
@@ -37,7 +37,7 @@ class PairReader {
 public:
     PairReader(std::string_view text, std::string_view openingQuotes) : m_text(text), m_opening(openingQuotes) {}
 
-    ConnectionText read(ConnectionText::Form form)
+    ConnectionString read(ConnectionString::Form form)
     {
         m_result.form = form;
         while (m_at < m_text.size() && m_result.problem.empty()) readPair();
@@ -108,10 +108,10 @@ private:
     std::string_view m_text;
     std::string_view m_opening;
     std::size_t m_at = 0;
-    ConnectionText m_result;
+    ConnectionString m_result;
 };
 
-bool namesDriver(const ConnectionText &text)
+bool namesDriver(const ConnectionString &text)
 {
     return std::ranges::any_of(kOdbcKeys, [&text](std::string_view key) { return text.value(key).has_value(); });
 }
@@ -123,7 +123,7 @@ bool isOdbcBridge(std::string_view provider)
 
 } // namespace
 
-std::optional<std::string> ConnectionText::value(std::string_view key) const
+std::optional<std::string> ConnectionString::value(std::string_view key) const
 {
     const auto isKey = [key](const ConnectionPair &pair) { return pair.key == key; };
     if (form == Form::odbc) {
@@ -134,9 +134,14 @@ std::optional<std::string> ConnectionText::value(std::string_view key) const
     return found == pairs.rend() ? std::nullopt : std::optional(found->value);
 }
 
-ConnectionText readOdbcText(std::string_view text)
+bool ConnectionString::isForSqlite() const
 {
-    return PairReader(text, "{").read(ConnectionText::Form::odbc);
+    return equalsIgnoringAsciiCase(value("provider").value_or(""), "SQLite");
+}
+
+ConnectionString readOdbcString(std::string_view text)
+{
+    return PairReader(text, "{").read(ConnectionString::Form::odbc);
 }
 
 std::string odbcQuoted(std::string_view value)
@@ -148,9 +153,9 @@ std::string odbcQuoted(std::string_view value)
     return text + "}";
 }
 
-ConnectionText readConnectionText(std::string_view text)
+ConnectionString readConnectionString(std::string_view text)
 {
-    using Form = ConnectionText::Form;
+    using Form = ConnectionString::Form;
     if (std::ranges::any_of(text, [](char c) { return c == '\0' || c == '\r' || c == '\n'; }))
         return {Form::ado, {}, "the connection string cannot be read: it holds a line end or a NUL"};
     if (trimmed(text).empty()) return {Form::ado, {}, "the connection string is empty"};
@@ -158,12 +163,12 @@ ConnectionText readConnectionText(std::string_view text)
         const std::string name(trimmed(text));
         return {Form::odbc, {{"dsn", "DSN", name, name}}, {}};
     }
-    ConnectionText ado = PairReader(text, "\"'").read(Form::ado);
+    ConnectionString ado = PairReader(text, "\"'").read(Form::ado);
     const std::optional<std::string> provider = ado.value("provider");
     if (provider && isOdbcBridge(*provider)) return PairReader(text, "\"'{").read(Form::ado);
     if (provider || (ado.problem.empty() && !namesDriver(ado))) return ado;
-    ConnectionText odbc = readOdbcText(text);
+    ConnectionString odbc = readOdbcString(text);
     return namesDriver(odbc) ? odbc : ado;
 }
 
-} // namespace inin::odbc
+} // namespace inin
