@@ -1,9 +1,9 @@
 #include "search/patient_search_form.h"
 
+#include "common/error_text.h"
 #include "common/helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
-#include "runtime/text.h"
 #include "search/search_sql.h"
 #include "search/staff_search.h"
 #include "shell/settings.h"
@@ -102,7 +102,7 @@ std::int16_t frm患者検索::iInit(std::int32_t nSeledCode)
     }
     // Deliberate: only the heading of a failed connect has a blank.
     const char *heading = own.step == ConnectStep::connect ? "iInit() でエラー" : "iInit()でエラー";
-    setErrStr(std::string(heading).append(kCrLf).append(own.csErrMsg));
+    setErrStr(headingText(heading, own.csErrMsg));
     return iBad;
 }
 

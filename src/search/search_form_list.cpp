@@ -172,7 +172,7 @@ std::unique_ptr<Recordset> SearchForm::openRows(StartedSession &own, const std::
 {
     std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
     if (own.session->iOpenRecSet(*rsData, sql, adOpenForwardOnly, adLockReadOnly, adCmdText) == iGood) return rsData;
-    m_errStr = std::string(heading).append(kCrLf).append(own.session->sErrMsg());
+    m_errStr = headingText(heading, own.session->sErrMsg());
     return nullptr;
 }
 

@@ -5,9 +5,9 @@
 
 namespace inin {
 
-std::vector<std::string> programArguments(int argc, char **argv)
+std::vector<std::string> commandWords(int argc, char **argv)
 {
-    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+    return {argv, argv + argc};
 }
 
 std::filesystem::path programFile()

@@ -11,6 +11,8 @@ namespace inin {
 
 // The interface between main() and the operating system. Texts are UTF-8, whatever encoding the system uses.
 
+/// The words of the command line. The first is the name that the starting program passed, not the file name.
+[[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
 /// The command line arguments after the program name.
 [[nodiscard]] std::vector<std::string> programArguments(int argc, char **argv);
 /// The program's executable file; empty when the system does not provide it.

@@ -14,7 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -158,4 +158,4 @@ std::optional<Command> parseCommandLine(const std::string &commandLine)
     return std::nullopt;
 }
 
-} // namespace inin
+} // namespace inin::posix

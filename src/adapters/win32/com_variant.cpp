@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <ranges>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -148,4 +148,4 @@ Variant valueOfCom(VARIANT &given)
     return heldValue(value.get());
 }
 
-} // namespace inin
+} // namespace inin::win32

@@ -13,7 +13,7 @@
 
 #include <shellapi.h>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -139,9 +139,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
-{
-    return std::make_unique<Win32Processes>(std::move(end));
-}
+} // namespace inin::win32
 
-} // namespace inin
+std::unique_ptr<inin::Processes> inin::makeSystemProcesses(std::function<void()> end)
+{
+    return std::make_unique<win32::Win32Processes>(std::move(end));
+}

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 
 using namespace inin;
+using namespace inin::posix;
 
 namespace {
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::posix;
 
 namespace {
 

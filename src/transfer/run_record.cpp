@@ -1,13 +1,19 @@
-#include "viewer/letters/run_record.h"
+#include "transfer/run_record.h"
 
 #include <charconv>
 
-namespace inin::viewer {
+namespace inin {
 
 namespace {
 
 constexpr std::string_view kFirstLine = "PrintInin run 1";
+constexpr std::string_view kHolder = "holder ", kFileSize = "csv ", kLetters = "letters ";
 constexpr std::string_view kExtension = ".run";
+
+std::string keyLine(std::string_view key, std::string_view value)
+{
+    return std::string(key).append(value).append("\n");
+}
 
 /// Removes and returns the next line without its end, "\r\n" or "\n"; empty when no ended line is left.
 std::optional<std::string_view> takeLine(std::string_view &rest)
@@ -30,9 +36,9 @@ std::optional<std::uint64_t> readNumber(std::string_view digits)
 }
 
 /// One of the two numbers of a record.
-class NumberLine {
+class RecordNumber {
 public:
-    explicit NumberLine(std::string_view key) : m_key(key) {}
+    explicit RecordNumber(std::string_view key) : m_key(key) {}
 
     /// False for a line of this key that is repeated or has a bad number.
     bool read(std::string_view line)
@@ -51,16 +57,6 @@ private:
 
 } // namespace
 
-std::optional<RunRecord> readRunRecord(std::string_view text)
-{
-    if (takeLine(text) != kFirstLine) return std::nullopt;
-    NumberLine fileSize("csv "), letters("letters ");
-    while (const auto line = takeLine(text))
-        if (!fileSize.read(*line) || !letters.read(*line)) return std::nullopt;
-    if (!fileSize.number() || !letters.number()) return std::nullopt;
-    return RunRecord{*fileSize.number(), *letters.number()};
-}
-
 std::string runRecordPath(std::string_view letterFile)
 {
     const std::size_t name = letterFile.find_last_of("/\\") + 1; // 0 without a folder
@@ -69,4 +65,36 @@ std::string runRecordPath(std::string_view letterFile)
     return std::string(letterFile.substr(0, hasExtension ? dot : letterFile.size())).append(kExtension);
 }
 
-} // namespace inin::viewer
+std::string runStartLines(const RunHolder &holder)
+{
+    return keyLine(kFirstLine, "") + keyLine(kHolder, holder.computer + " " + holder.process);
+}
+
+std::string runEndLines(const RunRecord &record)
+{
+    return keyLine(kFileSize, std::to_string(record.fileSize)) + keyLine(kLetters, std::to_string(record.letters));
+}
+
+std::optional<RunHolder> readRunHolder(std::string_view text)
+{
+    while (const auto next = takeLine(text)) {
+        if (!next->starts_with(kHolder)) continue;
+        const std::string_view words = next->substr(kHolder.size());
+        const std::size_t gap = words.rfind(' ');
+        if (gap == std::string_view::npos) return std::nullopt;
+        return RunHolder{std::string(words.substr(0, gap)), std::string(words.substr(gap + 1))};
+    }
+    return std::nullopt;
+}
+
+std::optional<RunRecord> readRunRecord(std::string_view text)
+{
+    if (takeLine(text) != kFirstLine) return std::nullopt;
+    RecordNumber fileSize(kFileSize), letters(kLetters);
+    while (const auto line = takeLine(text))
+        if (!fileSize.read(*line) || !letters.read(*line)) return std::nullopt;
+    if (!fileSize.number() || !letters.number()) return std::nullopt;
+    return RunRecord{*fileSize.number(), *letters.number()};
+}
+
+} // namespace inin

@@ -1,10 +1,10 @@
-#include "viewer/letters/run_record.h"
+#include "transfer/run_record.h"
 
 #include <doctest/doctest.h>
 
 #include <string>
 
-using namespace inin::viewer;
+using namespace inin;
 
 TEST_CASE("the record of a complete run has the size of the letter file and the number of letters")
 {
@@ -37,4 +37,23 @@ TEST_CASE("a record has the path of the letter file with another extension")
     CHECK(runRecordPath("C:\\TMP\\委任状.csv") == "C:\\TMP\\委任状.run");
     CHECK(runRecordPath("./TMP.d/委任状") == "./TMP.d/委任状.run");
     CHECK(runRecordPath("a.b.csv") == "a.b.run");
+}
+
+TEST_CASE("a run writes its holder at the start, and the numbers when the CSV is finished")
+{
+    CHECK(runStartLines({"RECEPTION1", "1234"}) == "PrintInin run 1\nholder RECEPTION1 1234\n");
+    CHECK(runEndLines({54321, 273}) == "csv 54321\nletters 273\n");
+}
+
+TEST_CASE("the holder is read from the record of a run that has not ended")
+{
+    const auto holder = readRunHolder("PrintInin run 1\nholder 受付 1 1234\ncsv 5");
+    REQUIRE(holder);
+    CHECK(holder->computer == "受付 1");
+    CHECK(holder->process == "1234");
+    for (const char *text :
+         {"", "PrintInin run 1\n", "PrintInin run 1\nholder PC 12", "PrintInin run 1\nholder PC\n"}) {
+        CAPTURE(std::string(text));
+        CHECK_FALSE(readRunHolder(text));
+    }
 }
