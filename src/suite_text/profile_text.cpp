@@ -36,7 +36,7 @@ std::string nameList(std::string_view bytes, LineKind kind, std::size_t size)
 {
     std::string names;
     Lines lines(bytes);
-    for (Line line; lines.read(line);) {
+    for (ProfileLine line; lines.read(line);) {
         const bool comment = kind == LineKind::entry && line.name.starts_with(';');
         if (line.kind == kind && !line.name.empty() && !comment) names.append(line.name).push_back('\0');
     }
@@ -58,7 +58,7 @@ bool endsInLineEnd(std::string_view bytes)
 {
     bool ended = true;
     Lines lines(bytes);
-    for (Line line; lines.read(line);) ended = line.end < line.next;
+    for (ProfileLine line; lines.read(line);) ended = line.end < line.next;
     return ended;
 }
 

@@ -28,7 +28,7 @@ void appendAttribute(std::string &out, std::string_view name, std::string_view v
     out += '"';
 }
 
-class Reader : public XmlHandler {
+class CombinedFormReader : public XmlHandler {
 public:
     std::vector<ReportOrder> reports;
 
@@ -74,7 +74,7 @@ std::string combinedFormText(const std::vector<ReportOrder> &reports)
 
 std::vector<ReportOrder> readCombinedForm(std::string_view bytes)
 {
-    Reader reader;
+    CombinedFormReader reader;
     readXml(bytes, kSpace, reader);
     return std::move(reader.reports);
 }

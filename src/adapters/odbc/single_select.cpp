@@ -38,13 +38,13 @@ bool isAny(const Token &token, const auto &words)
            std::any_of(std::begin(words), std::end(words), [&](std::string_view word) { return token.isWord(word); });
 }
 
-struct Range {
+struct NameRange {
     char32_t first;
     char32_t last;
 };
 /// Non-ASCII characters of names: kana, kanji, full-width digits and Latin characters. Any other (a wide blank, a
 /// direction mark) might separate words for the server where this scanner sees one name.
-constexpr Range kNameCharacters[] = {
+constexpr NameRange kNameCharacters[] = {
     {0x3005, 0x3007}, {0x3041, 0x3096}, {0x3099, 0x309F}, {0x30A1, 0x30FF}, {0x3400, 0x4DBF}, {0x4E00, 0x9FFF},
     {0xF900, 0xFAFF}, {0xFF10, 0xFF19}, {0xFF21, 0xFF3A}, {0xFF41, 0xFF5A}, {0xFF66, 0xFF9F}, {0x20000, 0x3FFFF},
 };
@@ -54,7 +54,7 @@ bool isPlainName(std::string_view word)
     std::u32string characters;
     appendCharacters(characters, word);
     return std::ranges::all_of(characters, [](char32_t character) {
-        return character < 0x80 || std::ranges::any_of(kNameCharacters, [character](const Range &range) {
+        return character < 0x80 || std::ranges::any_of(kNameCharacters, [character](const NameRange &range) {
                    return character >= range.first && character <= range.last;
                });
     });
@@ -74,9 +74,9 @@ bool isSoundGap(std::string_view gap)
     return true;
 }
 
-class Reader {
+class SelectReader {
 public:
-    explicit Reader(std::string_view sql) : m_sql(sql), m_tokens(tokenizeSql(sql)) {}
+    explicit SelectReader(std::string_view sql) : m_sql(sql), m_tokens(tokenizeSql(sql)) {}
 
     std::string problem()
     {
@@ -171,7 +171,7 @@ private:
 
 std::string singleSelectProblem(std::string_view sql)
 {
-    return Reader(sql).problem();
+    return SelectReader(sql).problem();
 }
 
 } // namespace inin::odbc

@@ -24,7 +24,7 @@ std::string complaint(const std::string &text)
     try {
         while (reader.next()) {
         }
-    } catch (const BadCommand &bad) {
+    } catch (const BadScriptCommand &bad) {
         return bad.what();
     }
     return {};
