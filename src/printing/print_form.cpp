@@ -31,8 +31,8 @@ void frmPrintInin::wireEvents()
     optTrust.onClick = [this](std::int16_t Index) { optTrust_Click(Index); };
     optDspPeriod.onClick = [this](std::int16_t Index) { optDspPeriod_Click(Index); };
     optSyomei.onClick = [this](std::int16_t Index) { optSyomei_Click(Index); };
-    imD_Out.onChange = [this] { showPeriodMonth(imD_Out); };
-    imD_LastDay.onChange = [this] { showPeriodMonth(imD_LastDay); };
+    imD_Out.onChange = [this] { imD_Out_Change(); };
+    imD_LastDay.onChange = [this] { imD_LastDay_Change(); };
     cbSejyutsu.onClick = [this] { cbSejyutsu_Click(); };
     chkChushi.onClick = [this] { chkChushi_Click(); };
     btn_StaffSelect.onClick = [this] { btn_StaffSelect_Click(); };

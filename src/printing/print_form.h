@@ -48,13 +48,15 @@ public:
     std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
     std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered
 
-    // Events of the options and lists; their effects on the controls are the table in screen_rules.cpp.
+    // Events of the options, lists and date boxes.
     void optPrint_Click(std::int16_t Index);
     void optObject_Click(std::int16_t Index);
     void optTgtDate_Click(std::int16_t Index);
     void optTrust_Click(std::int16_t Index);
     void optDspPeriod_Click(std::int16_t Index);
     void optSyomei_Click(std::int16_t Index);
+    void imD_Out_Change();
+    void imD_LastDay_Change();
     void cbSejyutsu_Click();
     void chkChushi_Click();
 
@@ -119,8 +121,6 @@ protected:
 
 private:
     void wireEvents();
-    void runClickRule(OptionGroup PrintControls::*group, std::int16_t Index);
-    void runReportedRule(OptionGroup PrintControls::*group, std::int16_t Index, const char *csFuncName);
     void showPeriodMonth(const DateBox &date);
     /// The form's own null-safe conversion: 0 for NULL and for anything that is not a 32-bit number.
     void nNullToLong(const Variant &vValue, std::int32_t &nResult) const;

@@ -48,6 +48,11 @@ try {
     return iBad;
 }
 
+void frmPrintInin::chkChushi_Click()
+{
+    static_cast<void>(setStuff()); // a failure is visible only in csErrMsg
+}
+
 /// On a failure the entries added so far remain. A failed session shows its box here, and the load adds a second box.
 std::int16_t frmPrintInin::nGetFutanKingaku()
 try {

@@ -18,6 +18,13 @@ constexpr const char *kEverybody = "(全員)";
 
 } // namespace
 
+void frmPrintInin::cbSejyutsu_Click()
+{
+    if (cbSejyutsu.ListIndex == -1) return;
+    const std::int32_t nIDNo = cbSejyutsu.ItemData(cbSejyutsu.ListIndex);
+    imNum_StaffNo.Value = nIDNo == kNoChoice ? std::int32_t{0} : nIDNo;
+}
+
 void frmPrintInin::btn_KanjaSelect_Click()
 {
     iSelectKanja();
