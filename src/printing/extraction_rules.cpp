@@ -7,11 +7,14 @@ namespace inin {
 
 namespace {
 
+/// Deliberate: four of the five extractions show this heading, which is the name of none of them.
 constexpr const char *kFailureHeading = "iGetKanjaData でエラー";
 constexpr std::string_view kHeadWithNumber =
     "SELECT HOKENJA.cName as HokenName, RIYOUSHA.cName AS RiyouName, RIYOUSHA.cAdress1 as RiyouAdd, RIYOUSHA.nIDNo, ";
 constexpr std::string_view kAccount = " CORP.iKozaType, CORP.cKozaBangou, CORP.cKozaMeigi1, ";
+/// Extractions by month choose by the patient's main staff member, those by day by the staff member of the visit.
 constexpr std::string_view kMainStaff = " AND RIYOUSHA.nTantou = ";
+/// Deliberate: no second key. The letters of one staff member are in the order of the database.
 constexpr std::string_view kOrderByMainStaff = " ORDER BY RIYOUSHA.nTantou";
 
 constexpr SqlPiece kLatestPlannedOfMonth[] = {
@@ -117,6 +120,7 @@ const ExtractionRule kKanjaDataMonth{
     .from = " FROM HOKENJA, SCHEDULE s1, RIYOUSHA ",
     .visitCondition = kLatestPlannedOfMonth,
     .staffColumn = kMainStaff,
+    // Deliberate: chkExpireDay has an effect on this extraction only.
     .openEndedOnly = " AND RIYOUSHA.tExpireday is NULL",
     .order = kOrderByMainStaff,
     .bounds = &scheduleMonth,

@@ -27,7 +27,7 @@ constexpr PlainText kBeforeBank[] = {
     {&IninRow::会社住所, Column::CorpAdd},    {&IninRow::代表者名, Column::cDaihyo},
     {&IninRow::会社電話番号, Column::cTelNo},
 };
-constexpr PlainText kBehindLastDay[] = {
+constexpr PlainText kAfterLastDay[] = {
     {&IninRow::保険者地区名, Column::cSubAddress}, {&IninRow::保険種別, Column::HOKENSHUBETSU},
     {&IninRow::世帯主名, Column::cSetaiName},      {&IninRow::世帯主電話, Column::RiyouSetaiTel},
     {&IninRow::世帯主住所, Column::cSetaiAdress1},
@@ -61,7 +61,7 @@ void LetterReader::fill(IninRow &letter, const ExtractionRule &rule, const Lette
     letter.口座番号 = accountLine(number(Column::iKozaType), text(Column::cKozaBangou));
     letter.口座名義 = text(Column::cKozaMeigi1);
     letter.最終施術日 = rule.lastTreatmentDay(*this, dates);
-    for (const PlainText &plain : kBehindLastDay) letter.*plain.field = text(plain.column);
+    for (const PlainText &plain : kAfterLastDay) letter.*plain.field = text(plain.column);
     letter.署名日 = dates.signature;
 }
 

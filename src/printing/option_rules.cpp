@@ -80,7 +80,7 @@ void frmPrintInin::imD_LastDay_Change()
     showPeriodMonth(imD_LastDay);
 }
 
-/// An empty box shows no month; only the run reports that it is empty.
+/// The label is hidden, but kept current. An empty box gives an empty label; only the run reports that it is empty.
 void frmPrintInin::showPeriodMonth(const DateBox &date)
 {
     iTPeriodMonth.Caption = csNullToStr(Format(date.Value, "gggee年 mm月", m_app.regional), m_app.regional);

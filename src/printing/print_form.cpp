@@ -1,6 +1,7 @@
 #include "printing/print_form.h"
 
-#include "printing/csv_output.h"
+#include "shell/online_help.h"
+#include "shell/version_form.h"
 
 #include <algorithm>
 
@@ -62,6 +63,7 @@ void frmPrintInin::mnF12_Click()
     unload();
 }
 
+/// The indices 2 to 5 have no button.
 void frmPrintInin::btnPrint_Click(std::int16_t Index)
 {
     switch (Index) {
@@ -76,9 +78,21 @@ void frmPrintInin::btnPrint_Click(std::int16_t Index)
     }
 }
 
-void frmPrintInin::saveCSVInin()
+void frmPrintInin::mnVer_Click()
 {
-    m_csvSize = writeIninCsv(m_app, aIninRow, iRowCount);
+    frmVer window(m_app);
+    window.iSystemId = kOwnSystemId;
+    // Accessing a control of a window loads the window first.
+    window.load();
+    window.laVer.Caption = Caption;
+    m_app.platform.windows.show(window, Modality::modal);
+}
+
+void frmPrintInin::mnDispHelp_Click()
+{
+    setMousePointer(kPointerHourglass);
+    vDispHelp(m_app, kFirstHelpPage);
+    setMousePointer(kPointerDefault);
 }
 
 std::vector<std::pair<std::string, Variant>> frmPrintInin::fields() const

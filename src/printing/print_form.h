@@ -48,7 +48,7 @@ public:
     std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
     std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered
 
-    // Events of the options, lists and date boxes.
+    // option_rules.cpp: events of the options and of the two target dates.
     void optPrint_Click(std::int16_t Index);
     void optObject_Click(std::int16_t Index);
     void optTgtDate_Click(std::int16_t Index);
@@ -57,10 +57,9 @@ public:
     void optSyomei_Click(std::int16_t Index);
     void imD_Out_Change();
     void imD_LastDay_Change();
-    void cbSejyutsu_Click();
-    void chkChushi_Click();
 
-    // Events of the search buttons and of the number boxes, in which only the return key has an effect.
+    // person_choice.cpp: staff member and patient. In the number boxes only the return key has an effect.
+    void cbSejyutsu_Click();
     void btn_StaffSelect_Click();
     void btn_KanjaSelect_Click();
     void imNum_StaffNo_KeyPress(std::int16_t KeyCode);
@@ -73,7 +72,7 @@ public:
     /// Shows the patient search; leaving it without a choice selects all patients.
     void iSelectKanja();
 
-    // Events of the commands.
+    // print_form.cpp: commands and menus.
     void mnF01_Click();
     void mnF02_Click();
     void mnF12_Click();
@@ -81,21 +80,28 @@ public:
     void mnDispHelp_Click();
     void btnPrint_Click(std::int16_t Index);
 
+    // staff_and_insurance_lists.cpp
+    void chkChushi_Click();
     /// Fills the staff list of this branch through the screen's session, including former staff while chkChushi is
     /// ticked. 0, or -1 with the error text in csErrMsg.
     [[nodiscard]] std::int16_t setStuff();
     /// Fills the list of insurance kinds, on a session of its own; the name is historical. 0 or -1. A failed session
     /// shows its own box, and the load shows a second one for every failure.
     [[nodiscard]] std::int16_t nGetFutanKingaku();
+
+    // settings_store.cpp
     /// Sets the options from "印刷設定.ini", which fires their clicks: 1 read, 0 not.
     std::int32_t iLoadPrintSetting();
     /// Writes the kinds and the selected options to "印刷設定.ini".
     void iSavePrintSetting();
 
-    /// The whole run: 1 prints through the tool's dialog, 0 previews.
-    void vRunPrint(std::int16_t iPrintMode);
+    // print_conditions.cpp
     /// Copies the screen into the condition fields. 0, or -1 after a box with the run-time error.
     [[nodiscard]] std::int16_t iGetPrintCond();
+
+    // print_run.cpp
+    /// The whole run: 1 prints through the tool's dialog, 0 previews.
+    void vRunPrint(std::int16_t iPrintMode);
     /// Replaces "委任状.csv" by the rows 0 to iRowCount - 1; file errors go to the caller.
     void saveCSVInin();
 

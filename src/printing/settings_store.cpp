@@ -46,6 +46,7 @@ std::int16_t selectKind(OptionGroup &group, std::int16_t kind)
     return select(group, kind >= 1 && kind <= last ? static_cast<std::int16_t>(kind - 1) : last);
 }
 
+/// Deliberate: an unknown report kind is the Aichi format, a missing or non-numeric one the standard.
 std::int16_t optionOfReport(std::int32_t value)
 {
     return value == 0 ? std::int16_t{0} : value == 2 ? std::int16_t{2} : std::int16_t{1};

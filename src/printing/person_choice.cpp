@@ -1,4 +1,4 @@
-// Selection of the staff member and the patient: by the search windows, or by a number and the return key.
+// Choice of the staff member and the patient: by the search windows, by the list, or by a number and the return key.
 
 #include "platform/key_codes.h"
 #include "printing/print_form.h"
@@ -12,7 +12,7 @@ namespace inin {
 
 namespace {
 
-constexpr std::int32_t kNobody = -1;
+constexpr std::int32_t kNobodyChosen = -1;
 /// The name shown with patient number 0: the search was left without a choice, which means all patients.
 constexpr const char *kEverybody = "(全員)";
 
@@ -40,11 +40,12 @@ std::int32_t frmPrintInin::iSelectStaff(NumberBox *box, ListBox *list)
 {
     cls施術者検索 staff(m_app);
     const std::int16_t status = staff.iDspStart(chkChushi.Value, kAnyConsultation);
-    if (status == kNothingChosen) return kNobody;
+    if (status == kNothingChosen) return kNobodyChosen;
     if (status != iGood) {
         m_app.platform.boxes.show("施術者の検索に失敗しました" + staff.CsErrStr(), Icon::critical);
-        return kNobody;
+        return kNobodyChosen;
     }
+    // A number that is not in the list leaves the list unchanged: the box and the list then show different people.
     if (box != nullptr) box->Value = staff.nSeledCD;
     if (list != nullptr) list->chooseItemData(staff.nSeledCD);
     return staff.nSeledCD;

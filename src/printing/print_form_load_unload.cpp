@@ -26,7 +26,8 @@ void frmPrintInin::Form_Load()
     setDates();
     loadInitCorp(m_app, company);
     iLoadPrintSetting();
-    // Deliberate double box: without a connection both the company preload and the screen report it.
+    // Deliberate double box: without a connection both the company preload and the screen report it. The screen then
+    // opens with empty lists.
     if (!connectScreen()) return;
     if (setStuff() != iGood) {
         m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");

@@ -32,6 +32,7 @@ try {
     };
     // Without a session the table class would fail at its first read with the same text.
     if (!session) throw RuntimeError(error_number::objectNotSet);
+    // Deliberate: no separator between "でエラー" and the error text.
     cT_STAFF staff(m_app);
     if (staff.iInit(*session) != iGood) return failed("setStuff でエラー" + staff.sErrMsg());
     cD_STAFF condition;
