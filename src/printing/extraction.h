@@ -30,7 +30,7 @@ struct ExtractionQuery {
     std::int32_t nStaffNo = 0;
     std::int16_t iHokenIndex = 0;
     std::int16_t iExpireKind = 0;
-    VisitBounds bounds;
+    VisitBounds bounds{};
 };
 
 /// The query for the day of a patient's last visit in a month.

@@ -13,13 +13,8 @@
 
 namespace inin {
 
-class LetterReader;
-struct ExtractionQuery;
 struct ExtractionRule;
-struct LastVisitRule;
-struct LetterDates;
-struct StartedSession;
-struct TargetDate;
+struct LetterConditions;
 
 /// The only working window: reads the conditions of a print run, executes it and keeps its rows.
 class frmPrintInin : public Form, public PrintControls {
@@ -140,13 +135,7 @@ private:
     void readTargetDate();
     void readPeriodKind();
     [[nodiscard]] std::int16_t extract(const ExtractionRule &rule);
-    [[nodiscard]] std::int16_t extractOver(StartedSession &own, const ExtractionRule &rule);
-    [[nodiscard]] ExtractionQuery queryFor(const ExtractionRule &rule, const TargetDate &target) const;
-    [[nodiscard]] LetterDates datesOf(const TargetDate &target) const;
-    [[nodiscard]] std::int16_t readLetters(Recordset &rsData, const ExtractionRule &rule, const LetterDates &dates);
-    [[nodiscard]] bool isLastVisit(LetterReader &reader, const LastVisitRule &rule, const TargetDate &target);
-    [[nodiscard]] std::int32_t lastVisitDay(const LastVisitRule &rule, std::int32_t nRiyoushaNo, std::int32_t nYear,
-                                            std::int32_t nMonth);
+    [[nodiscard]] LetterConditions letterConditions() const;
 
     App &m_app;
     std::uint64_t m_csvSize = 0; ///< size in bytes of the last CSV

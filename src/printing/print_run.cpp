@@ -1,6 +1,7 @@
 #include "formoutput/wfd_print_exe.h"
 #include "printing/csv_output.h"
 #include "printing/form_document_choice.h"
+#include "printing/letter_extraction.h"
 #include "printing/print_form.h"
 #include "printing/run_file.h"
 #include "runtime/text.h"
@@ -86,6 +87,69 @@ void frmPrintInin::outputLetters(std::int16_t iPrintMode)
 void frmPrintInin::saveCSVInin()
 {
     m_csvSize = writeIninCsv(m_app, aIninRow, iRowCount);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataMonth()
+{
+    return extract(kKanjaDataMonth);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataMonth_Jisseki()
+{
+    return extract(kKanjaDataMonth_Jisseki);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataDay()
+{
+    return extract(kKanjaDataDay);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataDay_Jisseki()
+{
+    return extract(kKanjaDataDay_Jisseki);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataNoPeriod()
+{
+    return extract(kKanjaDataNoPeriod);
+}
+
+/// Deliberate: after a failure iRowCount still counts the rows of the previous run, whether or not these remain.
+std::int16_t frmPrintInin::extract(const ExtractionRule &rule)
+{
+    const std::optional<std::int16_t> count =
+        LetterExtraction(m_app, csErrMsg).readLetters(rule, letterConditions(), aIninRow);
+    if (!count) return iBad;
+    iRowCount = *count;
+    return iGood;
+}
+
+LetterConditions frmPrintInin::letterConditions() const
+{
+    return {.csTargetDate = csTargetDate,
+            .query = {.iKyotenCd = m_app.iKyotenCd,
+                      .iKyotenEb = m_app.iKyotenEb,
+                      .iTrustKind = iTrustKind,
+                      .iPrintKind = iPrintKind,
+                      .nKanjaNo = nKanjaNo,
+                      .nStaffNo = nStaffNo,
+                      .iHokenIndex = iHokenIndex,
+                      .iExpireKind = iExpireKind},
+            .iDspPeriodKind = iDspPeriodKind,
+            .iSyomeiKind = iSyomeiKind,
+            .imSetDateFrom = imSetDateFrom.Value,
+            .imSetDateTo = imSetDateTo.Value,
+            .imSyomei = imSyomei.Value};
+}
+
+std::int32_t frmPrintInin::getLastScheduleDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth)
+{
+    return LetterExtraction(m_app, csErrMsg).lastVisitDay(kLastScheduleDay, nRiyoushaNo, nYear, nMonth);
+}
+
+std::int32_t frmPrintInin::getLastJissekieDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth)
+{
+    return LetterExtraction(m_app, csErrMsg).lastVisitDay(kLastJissekieDay, nRiyoushaNo, nYear, nMonth);
 }
 
 } // namespace inin
