@@ -58,7 +58,7 @@ try {
     letters.reserve(kMaxLetters);
     const TargetDate target(conditions.csTargetDate, m_app.regional);
     ExtractionQuery query = conditions.query;
-    query.bounds = rule.bounds(target, m_app.regional);
+    query.bounds = (target.*rule.bounds)();
     const LetterDates dates = datesOf(conditions, target);
     std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
     if (openForward(*own.session, *rsData, extractionSql(rule, query)) != iGood) {
@@ -79,8 +79,8 @@ LetterDates LetterExtraction::datesOf(const LetterConditions &conditions, const 
     const auto dayText = [this](const Variant &date) { return formatText(date, "yyyy/mm/dd", m_app.regional); };
     LetterDates dates{target, {}, {}, {}};
     if (conditions.iDspPeriodKind == 1) {
-        dates.periodStart = firstOfMonthText(target, m_app.regional);
-        dates.periodEnd = lastOfMonthText(target, m_app.regional);
+        dates.periodStart = target.firstOfMonth();
+        dates.periodEnd = target.lastOfMonth();
     } else {
         // Deliberate: an end before the start is printed as entered.
         dates.periodStart = dayText(conditions.imSetDateFrom);
@@ -120,7 +120,8 @@ try {
     query.iKyotenCd = m_app.iKyotenCd;
     query.iKyotenEb = m_app.iKyotenEb;
     query.nKanjaNo = nRiyoushaNo;
-    query.bounds = rule.bounds(nYear, nMonth, m_app.regional);
+    const VisitMonth month{nYear, nMonth, m_app.regional};
+    query.bounds = (month.*rule.bounds)();
     std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
     if (openForward(*own.session, *rsData, lastVisitSql(rule, query)) != iGood) {
         headingBox(m_app, heading(rule), own.session->sErrMsg());
@@ -132,7 +133,7 @@ try {
         // Deliberate: both helpers show this text, although the second one is not getLastScheduleDay.
         headingBox(m_app, "getLastScheduleDay で０件取得", own.session->sErrMsg());
     else
-        day = rule.dayOf(rsData->Value(rsData->fieldIndex(rule.column)), m_app.regional);
+        day = (month.*rule.dayOf)(rsData->Value(rsData->fieldIndex(rule.column)));
     close(*own.session, rsData);
     return day;
 } catch (const RuntimeError &error) {

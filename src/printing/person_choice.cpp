@@ -57,7 +57,7 @@ void frmPrintInin::imNum_StaffNo_KeyPress(std::int16_t KeyCode)
 try {
     if (KeyCode != kReturnKey) return;
     const Variant &value = imNum_StaffNo.Value;
-    const std::int32_t nIDNo = value.isNull() ? 0 : toLong(value, m_app.regional);
+    const std::int32_t nIDNo = value.isNull() ? 0 : toLong(value);
     static_cast<void>(iChkStaffNo(nIDNo, cbSejyutsu)); // it has already shown its failure
 } catch (const RuntimeError &error) {
     m_app.platform.boxes.show("Error:" + error.description(), Icon::none);
@@ -105,7 +105,7 @@ void frmPrintInin::imNum_CD_KeyPress(std::int16_t KeyCode)
     if (KeyCode != kReturnKey) return;
     cls患者検索 patients(m_app);
     // For an unknown number the label is empty; the screen reports nothing else.
-    static_cast<void>(patients.iSetRiyouName(toLong(imNum_CD.Value, m_app.regional), lbl_SelKanja));
+    static_cast<void>(patients.iSetRiyouName(toLong(imNum_CD.Value), lbl_SelKanja));
 }
 
 } // namespace inin

@@ -8,9 +8,9 @@ namespace inin {
 
 namespace {
 
-std::int32_t numberOrMinusOne(const Variant &value, const Regional &regional)
+std::int32_t numberOrMinusOne(const Variant &value)
 {
-    return value.isNull() ? -1 : toLong(value, regional);
+    return value.isNull() ? -1 : toLong(value);
 }
 
 } // namespace
@@ -21,8 +21,8 @@ try {
     iObjectKind = static_cast<std::int16_t>(optObject(0).Value ? 1 : optObject(1).Value ? 2 : 3);
     iTrustKind = optTrust(0).Value ? 1 : 2;
     readPeriodKind();
-    nKanjaNo = numberOrMinusOne(imNum_CD.Value, m_app.regional);
-    nStaffNo = numberOrMinusOne(imNum_StaffNo.Value, m_app.regional);
+    nKanjaNo = numberOrMinusOne(imNum_CD.Value);
+    nStaffNo = numberOrMinusOne(imNum_StaffNo.Value);
     // Deliberate: the SQL uses the position in the list, not the entry's item data.
     iHokenIndex = cmbHoken.ListIndex;
     iExpireKind = chkExpireDay.Value;
@@ -70,10 +70,10 @@ void frmPrintInin::readPeriodKind()
     if (iDspPeriodKind == 1) return;
     const Date target = toDate(csTargetDate, m_app.regional);
     const Variant lastDay = Day(DateSerial(Year(target), Month(target) + 1, 0));
-    const Variant a = vMin(inPeriodFrom.Value, lastDay, m_app.regional);
-    const Variant b = vMin(inPeriodTo.Value, lastDay, m_app.regional);
-    iPeriodFromDay = toInteger(vMin(a, b, m_app.regional), m_app.regional);
-    iPeriodToDay = toInteger(vMax(a, b, m_app.regional), m_app.regional);
+    const Variant a = vMin(inPeriodFrom.Value, lastDay);
+    const Variant b = vMin(inPeriodTo.Value, lastDay);
+    iPeriodFromDay = toInteger(vMin(a, b));
+    iPeriodToDay = toInteger(vMax(a, b));
 }
 
 } // namespace inin

@@ -26,10 +26,10 @@ std::string readText(clsOplIniFile &file, const char *key)
 }
 
 /// A number beyond 16 bits is an overflow; a non-numeric text gives the default.
-std::int16_t readKind(clsOplIniFile &file, const char *key, const Regional &regional)
+std::int16_t readKind(clsOplIniFile &file, const char *key)
 {
     const Variant text = readText(file, key);
-    return isNumeric(text) ? toInteger(text, regional) : kDefaultKind;
+    return isNumeric(text) ? toInteger(text) : kDefaultKind;
 }
 
 /// Assigns the options in the order of their indices; the one that becomes selected fires its click. Returns its index.
@@ -52,9 +52,9 @@ std::int16_t optionOfReport(std::int32_t value)
     return value == 0 ? std::int16_t{0} : value == 2 ? std::int16_t{2} : std::int16_t{1};
 }
 
-bool isZero(const std::string &text, const Regional &regional)
+bool isZero(const std::string &text)
 {
-    return isNumeric(text) && toDouble(text, regional) == 0;
+    return isNumeric(text) && toDouble(text) == 0;
 }
 
 void plainErrorBox(App &app, const std::string &text)
@@ -66,7 +66,7 @@ void plainErrorBox(App &app, const std::string &text)
 
 void frmPrintInin::nNullToLong(const Variant &vValue, std::int32_t &nResult) const
 {
-    nResult = inin::nNullToLong(vValue, m_app.regional);
+    nResult = inin::nNullToLong(vValue);
 }
 
 /// The order matters, because the option that becomes selected fires its click: the report is read after the kinds, so
@@ -76,23 +76,23 @@ std::int32_t frmPrintInin::iLoadPrintSetting()
 try {
     clsOplIniFile file(m_app.platform);
     if (file.iInit(csDataDir(m_app) + kStoreFile) != iGood) return 0;
-    iObjectKind = readKind(file, kObjectKey, m_app.regional);
+    iObjectKind = readKind(file, kObjectKey);
     selectKind(optObject, iObjectKind);
-    iTrustKind = readKind(file, kTrustKey, m_app.regional);
+    iTrustKind = readKind(file, kTrustKey);
     selectKind(optTrust, iTrustKind);
-    iTgtDateKind = readKind(file, kTgtDateKey, m_app.regional);
+    iTgtDateKind = readKind(file, kTgtDateKey);
     const std::int16_t target = selectKind(optTgtDate, iTgtDateKind);
     frmObject.Enabled = target != 2;
     imD_Out.Enabled = target == 0;
     imD_LastDay.Enabled = target == 1;
-    iDspPeriodKind = readKind(file, kDspPeriodKey, m_app.regional);
+    iDspPeriodKind = readKind(file, kDspPeriodKey);
     const bool isEnteredPeriod = selectKind(optDspPeriod, iDspPeriodKind) == 1;
     imSetDateFrom.Enabled = isEnteredPeriod;
     imSetDateTo.Enabled = isEnteredPeriod;
     std::int32_t report = 0;
     nNullToLong(readText(file, kReportKey), report);
     select(optPrint, optionOfReport(report));
-    const bool isAutomatic = isZero(readText(file, kSignatureKey), m_app.regional);
+    const bool isAutomatic = isZero(readText(file, kSignatureKey));
     select(optSyomei, isAutomatic ? std::int16_t{0} : std::int16_t{1});
     imSyomei.Enabled = !isAutomatic;
     return 1;
