@@ -10,7 +10,7 @@ constexpr const char *kFailureHeading = "iGetKanjaData でエラー";
 constexpr std::string_view kHeadWithNumber =
     "SELECT HOKENJA.cName as HokenName, RIYOUSHA.cName AS RiyouName, RIYOUSHA.cAdress1 as RiyouAdd, RIYOUSHA.nIDNo, ";
 constexpr std::string_view kAccount = " CORP.iKozaType, CORP.cKozaBangou, CORP.cKozaMeigi1, ";
-/// Extractions by month choose by the patient's main staff member, those by day by the staff member of the visit.
+/// Only the extractions by day choose by the staff member of the visit, the others by the patient's main one.
 constexpr std::string_view kMainStaff = " AND RIYOUSHA.nTantou = ";
 /// Deliberate: no second key. The letters of one staff member are in the order of the database.
 constexpr std::string_view kOrderByMainStaff = " ORDER BY RIYOUSHA.nTantou";
