@@ -19,8 +19,4 @@ inline constexpr const char *kCsvFile = "委任状.csv";
 /// bytes. File errors, and error 9 if there are fewer rows, go to the caller; the part written so far remains.
 std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount);
 
-/// The entry of "帳票Format.ini" in the data folder: the name of another form document, empty without file or entry. A
-/// run-time error shows a box and gives the empty text, so that the run uses the form of the report kind.
-[[nodiscard]] std::string csGetFormatFile(App &app, const std::string &csSection, const std::string &csKey);
-
 } // namespace inin

@@ -119,7 +119,7 @@ void frm患者検索::readSettings()
     // without the column.
     m_limitMonth = kNoLimitMonth;
     spr_1ran.setColumnWidth(kAreaColumn, 0);
-    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);
+    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no));
     if (m_endedMonths == 0) return;
     m_limitMonth = monthText(app(), 1 - m_endedMonths);
     chkEndKanja.Caption = monthText(app(), -m_endedMonths) + "以前に、施術の終了した利用者も表示する。";
@@ -195,7 +195,7 @@ bool frm患者検索::confirmEntry(const Control *active)
 
 bool frm患者検索::lookUpStaff()
 {
-    const std::int32_t number = nNullToLong(imNum_StaffNo.Value, app().regional);
+    const std::int32_t number = nNullToLong(imNum_StaffNo.Value);
     if (number == 0) {
         cbo_Sejutusha.ListIndex = 0;
         return true;

@@ -118,7 +118,7 @@ void frmVer::readVersionIni(std::int16_t systemId)
         if (isFirst) {
             laVer.Caption = name;
             laVer.Caption = text;
-        } else if (systemId == 0 || toInteger(Variant(owner), m_app.regional) == systemId) {
+        } else if (systemId == 0 || toInteger(Variant(owner)) == systemId) {
             lstVer.AddItem(trim(text), 0);
         }
     }

@@ -1,6 +1,7 @@
 #include "master/corp_map.h"
 
 #include "adapters/native/native_platform.h"
+#include "master/corp_table.h"
 #include "master/embedded_fixture.h"
 #include "support/temp_folder.h"
 

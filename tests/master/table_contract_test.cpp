@@ -50,6 +50,10 @@ public:
     {
         return m_table.trapped([&] { return m_table.number("MAX", "nIDNo", result); });
     }
+    std::int16_t write(const AfterExecution &afterExecution)
+    {
+        return m_table.trapped([&] { return m_table.write("INSERT", Transaction::own, afterExecution); });
+    }
     const std::string &sErrMsg() const { return m_table.sErrMsg(); }
     std::int32_t count() const { return m_table.count(); }
     const SampleRow &row(std::int32_t index) const { return m_table.row(index); }
@@ -252,6 +256,14 @@ TEST_CASE("an aggregate without its row is the runtime's error")
     CHECK(sample->maximum(result) == iBad);
     CHECK(sample->sErrMsg().starts_with("3021\r\n"));
     CHECK(result == 7);
+}
+
+TEST_CASE("a run-time error between statement and commit fails the write and rolls it back")
+{
+    TableFixture<SampleTable> sample;
+    CHECK(sample->write([](std::string &) -> std::int16_t { throw RuntimeError(53); }) == iBad);
+    CHECK(sample->sErrMsg() == "53\r\nファイルが見つかりません。");
+    CHECK(sample.database.log == Log{"begin 1", "exec 1 INSERT", "rollback 1"});
 }
 
 TEST_CASE("the branch of a statement can differ from that of the installation")

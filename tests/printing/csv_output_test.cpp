@@ -11,7 +11,6 @@ namespace inin {
 namespace {
 
 constexpr const char *kCsv = "C:\\SUITE\\TMP\\委任状.csv";
-constexpr const char *kFormats = "C:\\SUITE\\DATA\\帳票Format.ini";
 
 const std::string kTitleLine =
     "\"対象開始日\",\"対象終了日\",\"保険者名\",\"利用者氏名\",\"利用者住所\",\"会社名称\",\"会社住所\",\"代表者名\","
@@ -200,38 +199,6 @@ TEST_CASE_FIXTURE(CsvFixture, "a count beyond the remaining rows is error 9 afte
 
     CHECK(errorOf([&] { form.saveCSVInin(); }) == 9);
     CHECK(csv().find("一") != std::string::npos);
-}
-
-TEST_CASE_FIXTURE(CsvFixture, "a missing format file gives no form and shows nothing")
-{
-    CHECK(csGetFormatFile(world.app, "委任状", "委任状") == "");
-    CHECK(world.boxes.shown.empty());
-}
-
-TEST_CASE("the entry of the format file is cut at the first NUL and trimmed on the right only")
-{
-    struct Row {
-        const char *text;
-        const char *form;
-    };
-    for (const Row &row :
-         {Row{"[委任状]\n委任状=特別.wfd\n", "特別.wfd"}, Row{"[委任状]\n委任状=特別.wfd   \n", "特別.wfd"},
-          Row{"[委任状]\n委任状=\"  特別.wfd  \"\n", "  特別.wfd"}, Row{"[委任状]\n委任状=\n", ""},
-          Row{"[委任状]\n", ""}, Row{"[ほか]\n委任状=x.wfd\n", ""}, Row{"[委任状]\nほか=x.wfd\n", ""}, Row{"", ""}}) {
-        PrintFixture fixture;
-        fixture.world.files.putText(kFormats, row.text);
-        CAPTURE(row.text);
-        CHECK(csGetFormatFile(fixture.world.app, "委任状", "委任状") == row.form);
-        CHECK(fixture.world.boxes.shown.empty());
-    }
-}
-
-TEST_CASE_FIXTURE(CsvFixture, "a run-time error while reading the format file shows a plain box and gives no form")
-{
-    world.files.openInputErrors["c:\\suite\\massage.ini"] = 71;
-
-    CHECK(csGetFormatFile(world.app, "委任状", "委任状") == "");
-    CHECK(onlyBox() == ShownBox{"Error:ディスクが準備されていません。", Icon::none, ""});
 }
 
 } // namespace inin

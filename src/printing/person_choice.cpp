@@ -1,4 +1,4 @@
-// Selection of the staff member and the patient: by the search windows, or by a number and the return key.
+// Choice of the staff member and the patient: by the search windows, by the list, or by a number and the return key.
 
 #include "platform/key_codes.h"
 #include "printing/print_form.h"
@@ -12,11 +12,18 @@ namespace inin {
 
 namespace {
 
-constexpr std::int32_t kNobody = -1;
+constexpr std::int32_t kNobodyChosen = -1;
 /// The name shown with patient number 0: the search was left without a choice, which means all patients.
 constexpr const char *kEverybody = "(全員)";
 
 } // namespace
+
+void frmPrintInin::cbSejyutsu_Click()
+{
+    if (cbSejyutsu.ListIndex == -1) return;
+    const std::int32_t nIDNo = cbSejyutsu.ItemData(cbSejyutsu.ListIndex);
+    imNum_StaffNo.Value = nIDNo == kNoChoice ? std::int32_t{0} : nIDNo;
+}
 
 void frmPrintInin::btn_KanjaSelect_Click()
 {
@@ -33,11 +40,12 @@ std::int32_t frmPrintInin::iSelectStaff(NumberBox *box, ListBox *list)
 {
     cls施術者検索 staff(m_app);
     const std::int16_t status = staff.iDspStart(chkChushi.Value, kAnyConsultation);
-    if (status == kNothingChosen) return kNobody;
+    if (status == kNothingChosen) return kNobodyChosen;
     if (status != iGood) {
         m_app.platform.boxes.show("施術者の検索に失敗しました" + staff.CsErrStr(), Icon::critical);
-        return kNobody;
+        return kNobodyChosen;
     }
+    // A number that is not in the list leaves the list unchanged: the box and the list then show different people.
     if (box != nullptr) box->Value = staff.nSeledCD;
     if (list != nullptr) list->chooseItemData(staff.nSeledCD);
     return staff.nSeledCD;
@@ -49,7 +57,7 @@ void frmPrintInin::imNum_StaffNo_KeyPress(std::int16_t KeyCode)
 try {
     if (KeyCode != kReturnKey) return;
     const Variant &value = imNum_StaffNo.Value;
-    const std::int32_t nIDNo = value.isNull() ? 0 : toLong(value, m_app.regional);
+    const std::int32_t nIDNo = value.isNull() ? 0 : toLong(value);
     static_cast<void>(iChkStaffNo(nIDNo, cbSejyutsu)); // it has already shown its failure
 } catch (const RuntimeError &error) {
     m_app.platform.boxes.show("Error:" + error.description(), Icon::none);
@@ -97,7 +105,7 @@ void frmPrintInin::imNum_CD_KeyPress(std::int16_t KeyCode)
     if (KeyCode != kReturnKey) return;
     cls患者検索 patients(m_app);
     // For an unknown number the label is empty; the screen reports nothing else.
-    static_cast<void>(patients.iSetRiyouName(toLong(imNum_CD.Value, m_app.regional), lbl_SelKanja));
+    static_cast<void>(patients.iSetRiyouName(toLong(imNum_CD.Value), lbl_SelKanja));
 }
 
 } // namespace inin

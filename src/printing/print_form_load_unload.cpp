@@ -6,27 +6,13 @@
 
 namespace inin {
 
-namespace {
-
-/// Converts the text "year/month/day" in plain digits, as the date boxes do with the text that the load assigns.
-Date dateFromDigits(std::int16_t year, std::int16_t month, std::int16_t day, const Regional &regional)
-{
-    return toDate(std::to_string(year) + "/" + std::to_string(month) + "/" + std::to_string(day), regional);
-}
-
-Date firstOfMonth(Date today, const Regional &regional)
-{
-    return dateFromDigits(Year(today), Month(today), 1, regional);
-}
-
-} // namespace
-
 void frmPrintInin::Form_Load()
 {
     setDates();
     loadInitCorp(m_app, company);
     iLoadPrintSetting();
-    // Deliberate double box: without a connection both the company preload and the screen report it.
+    // Deliberate double box: without a connection both the company preload and the screen report it. The screen then
+    // opens with empty lists.
     if (!connectScreen()) return;
     if (setStuff() != iGood) {
         m_app.platform.boxes.show(csErrMsg, Icon::critical, "委任状印刷");
@@ -42,10 +28,15 @@ void frmPrintInin::Form_Load()
 void frmPrintInin::setDates()
 {
     Clock &clock = m_app.platform.clock;
-    imD_Out.Value = firstOfMonth(clock.now(), m_app.regional);
+    // Converts the text "year/month/day" in plain digits, as the date boxes do with the text that is assigned to them.
+    const auto dayOfMonth = [this](Date month, int day) {
+        return toDate(std::to_string(Year(month)) + "/" + std::to_string(Month(month)) + "/" + std::to_string(day),
+                      m_app.regional);
+    };
+    imD_Out.Value = dayOfMonth(clock.now(), 1);
     const Date today = clock.now();
-    imD_LastDay.Value = dateFromDigits(Year(today), Month(today), Day(today), m_app.regional);
-    imSetDateFrom.Value = firstOfMonth(clock.now(), m_app.regional);
+    imD_LastDay.Value = dayOfMonth(today, Day(today));
+    imSetDateFrom.Value = dayOfMonth(clock.now(), 1);
     const Date month = clock.now();
     imSetDateTo.Value = DateSerial(Year(month), Month(month) + 1, 0);
     imSyomei.Value = imSetDateFrom.Value;

@@ -1,11 +1,8 @@
-// Selection of a staff member and a patient on the conditions screen.
+// Choice of a staff member and a patient on the conditions screen.
 
 #include "platform/key_codes.h"
-#include "printing/print_form.h"
+#include "printing/rules_fixture.h"
 #include "screen/grid.h"
-#include "support/fake_platform.h"
-
-#include <doctest/doctest.h>
 
 using namespace inin;
 
@@ -21,11 +18,11 @@ FakeResult answerOf(std::vector<std::string> columns, std::vector<std::vector<Va
 
 /// A screen with the staff 11 and 12 in its list, over a database with the staff 11, 12 and 77 and the patients 21 and
 /// 22.
-struct SelectionFixture {
+struct ChoiceFixture {
     FakeWorld world;
     frmPrintInin form{world.app};
 
-    SelectionFixture()
+    ChoiceFixture()
     {
         form.cbSejyutsu.AddItem("－ 指定なし －", -1);
         form.cbSejyutsu.AddItem("佐藤 花子", 11);
@@ -82,7 +79,7 @@ Variant number(std::int32_t value)
 
 TEST_CASE("the staff button shows the staff window and writes the choice to box and list")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.chooseRow(2);
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.world.windows.log.front() == "show frm施術者検索");
@@ -92,7 +89,7 @@ TEST_CASE("the staff button shows the staff window and writes the choice to box 
 
 TEST_CASE("a staff window closed without a choice leaves the screen unchanged")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
     screen.leave();
     screen.form.btn_StaffSelect.onClick();
@@ -103,7 +100,7 @@ TEST_CASE("a staff window closed without a choice leaves the screen unchanged")
 
 TEST_CASE("a chosen staff member who is not in the list is shown in the box, and the list differs")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
     screen.chooseRow(3);
     screen.form.btn_StaffSelect.onClick();
@@ -113,7 +110,7 @@ TEST_CASE("a chosen staff member who is not in the list is shown in the box, and
 
 TEST_CASE("a staff number that occurs twice in the list selects the first entry")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.cbSejyutsu.AddItem("鈴木 次郎（再）", 12);
     screen.chooseRow(2);
     screen.form.btn_StaffSelect.onClick();
@@ -126,7 +123,7 @@ TEST_CASE("a staff number that occurs twice in the list selects the first entry"
 
 TEST_CASE("the staff window includes former staff if the screen does, and never sets a consultation")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.leave();
     screen.form.btn_StaffSelect.onClick();
     CHECK(screen.lastSql().find(" where (iChusiFlg = 0 OR iChusiFlg IS NULL) and") != std::string::npos);
@@ -140,7 +137,7 @@ TEST_CASE("the staff window includes former staff if the screen does, and never 
 
 TEST_CASE("a staff search without box and list returns the number, and -1 without a choice")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.chooseRow(2);
     CHECK(screen.form.iSelectStaff() == 12);
     CHECK(screen.form.cbSejyutsu.ListIndex == 0);
@@ -172,7 +169,7 @@ FakeResult failure()
 
 TEST_CASE("a failed staff search shows the error text of its class and gives -1")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.answer("FROM STAFF  WHERE nIDNo >= 0", failure());
     failBoxes(screen.world, 3);
     CHECK(screen.form.iSelectStaff(&screen.form.imNum_StaffNo, &screen.form.cbSejyutsu) == -1);
@@ -181,10 +178,39 @@ TEST_CASE("a failed staff search shows the error text of its class and gives -1"
           ShownBox{"施術者の検索に失敗しました(7)メモリが不足しています。", Icon::critical, ""});
 }
 
+TEST_CASE("the staff list writes the chosen number into the number box")
+{
+    struct Row {
+        std::int16_t ListIndex;
+        std::int32_t number;
+    };
+    for (const Row &row : {Row{0, 0}, Row{1, 11}, Row{2, 2147483647}, Row{3, 0}}) {
+        RulesFixture fixture;
+        ListBox &list = fixture.form.cbSejyutsu;
+        list.AddItem("－ 指定なし －", -1);
+        list.AddItem("佐藤 花子", 11);
+        list.AddItem("鈴木 次郎", 2147483647);
+        list.AddItem("番号なし", 0);
+        list.ListIndex = row.ListIndex;
+        CAPTURE(row.ListIndex);
+        CHECK(fixture.form.imNum_StaffNo.Value.get() == Variant(row.number));
+    }
+}
+
+TEST_CASE_FIXTURE(RulesFixture, "a staff list without a choice leaves the number box unchanged")
+{
+    form.cbSejyutsu.AddItem("佐藤 花子", 11);
+    form.cbSejyutsu.ListIndex = std::int16_t{0};
+    form.imNum_StaffNo.Value = std::int32_t{77};
+    form.cbSejyutsu.ListIndex = std::int16_t{-1};
+
+    CHECK(form.imNum_StaffNo.Value.get() == Variant(std::int32_t{77}));
+}
+
 TEST_CASE("the return key in a staff number that is empty or 0 selects the first entry without a look-up")
 {
     for (const Variant &value : {kNoNumber, number(0)}) {
-        SelectionFixture screen;
+        ChoiceFixture screen;
         screen.form.cbSejyutsu.ListIndex = std::int16_t{2};
         screen.returnIn(screen.form.imNum_StaffNo, value);
         CHECK(screen.form.cbSejyutsu.ListIndex == 0);
@@ -194,7 +220,7 @@ TEST_CASE("the return key in a staff number that is empty or 0 selects the first
 
 TEST_CASE("the return key in a staff number selects the entry of a usable one")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.checkAnswers({{"鈴木 次郎", Null{}}});
     screen.returnIn(screen.form.imNum_StaffNo, number(12));
     CHECK(screen.lastSql() ==
@@ -205,7 +231,7 @@ TEST_CASE("the return key in a staff number selects the entry of a usable one")
 
 TEST_CASE("a usable staff number that is not in the list leaves the list unchanged")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
     screen.checkAnswers({{"新人 五郎", std::int16_t{0}}});
     CHECK(screen.form.iChkStaffNo(77, screen.form.cbSejyutsu) == 0);
@@ -214,7 +240,7 @@ TEST_CASE("a usable staff number that is not in the list leaves the list unchang
 
 TEST_CASE("an unknown staff number shows an error and leaves box and list unchanged")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.cbSejyutsu.ListIndex = std::int16_t{1};
     screen.checkAnswers({});
     screen.returnIn(screen.form.imNum_StaffNo, number(99));
@@ -227,7 +253,7 @@ TEST_CASE("an unknown staff number shows an error and leaves box and list unchan
 
 TEST_CASE("the number of a former staff member is usable only if the screen includes former staff")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.checkAnswers({{"鈴木 次郎", std::int16_t{1}}});
     CHECK(screen.form.iChkStaffNo(12, screen.form.cbSejyutsu) == -1);
     CHECK(screen.form.cbSejyutsu.ListIndex == 0);
@@ -240,7 +266,7 @@ TEST_CASE("the number of a former staff member is usable only if the screen incl
 
 TEST_CASE("a lost connection in the check shows two boxes: the reason, and the failed search")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.world.database.connectError = ado_error::unspecified;
     screen.returnIn(screen.form.imNum_StaffNo, number(12));
     CHECK(screen.world.boxes.shown ==
@@ -250,7 +276,7 @@ TEST_CASE("a lost connection in the check shows two boxes: the reason, and the f
 
 TEST_CASE("a run-time error while selecting a number is a box without icon")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.cbSejyutsu.Clear(); // number 0 selects the first entry, and there is none
     screen.returnIn(screen.form.imNum_StaffNo, number(0));
     CHECK(screen.world.boxes.shown.size() == 1);
@@ -260,14 +286,14 @@ TEST_CASE("a run-time error while selecting a number is a box without icon")
 
 TEST_CASE("a run-time error in the return key of the staff number shows its text only")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.returnIn(screen.form.imNum_StaffNo, Variant("十二"));
     CHECK(screen.world.boxes.shown == std::vector{ShownBox{"Error:型が一致しません。", Icon::none, ""}});
 }
 
 TEST_CASE("keys other than return look up nothing")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.imNum_StaffNo.Value = number(12);
     screen.form.key(&screen.form.imNum_StaffNo, 50);
     screen.form.key(&screen.form.imNum_CD, 50); // even in an empty box
@@ -277,7 +303,7 @@ TEST_CASE("keys other than return look up nothing")
 
 TEST_CASE("a chosen patient is shown on the screen by number and name")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.chooseRow(2);
     screen.form.btn_KanjaSelect.onClick();
     CHECK(screen.form.imNum_CD.Value.get() == number(22));
@@ -286,7 +312,7 @@ TEST_CASE("a chosen patient is shown on the screen by number and name")
 
 TEST_CASE("a chosen patient with number 0 is shown by name, unlike a window closed without a choice")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.answer("FROM RIYOUSHA  WHERE", answerOf({"iKyotenCd", "iKyotenEb", "nIDNo", "cName", "cNameKana",
                                                     "cNameRyaku", "cTelNo", "cAdress1", "cAdress2"},
                                                    {{1, 2, std::int32_t{0}, "番号 なし", "", "", "", "", ""}}));
@@ -298,7 +324,7 @@ TEST_CASE("a chosen patient with number 0 is shown by name, unlike a window clos
 
 TEST_CASE("a patient window closed without a choice means all patients: number 0, not an empty box")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.imNum_CD.Value = number(21);
     screen.form.lbl_SelKanja.Caption = "青木 一郎";
     screen.leave();
@@ -309,7 +335,7 @@ TEST_CASE("a patient window closed without a choice means all patients: number 0
 
 TEST_CASE("a failed patient search shows an error and leaves number and name unchanged")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.form.imNum_CD.Value = number(21);
     screen.form.lbl_SelKanja.Caption = "青木 一郎";
     screen.world.database.connectError = ado_error::unspecified;
@@ -323,7 +349,7 @@ TEST_CASE("a failed patient search shows an error and leaves number and name unc
 
 TEST_CASE("a run-time error in the patient search is a box without icon, with its number")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.chooseRow(1);
     screen.form.lbl_SelKanja.watch([] { throw RuntimeError(error_number::outOfMemory); });
     screen.form.btn_KanjaSelect.onClick();
@@ -332,7 +358,7 @@ TEST_CASE("a run-time error in the patient search is a box without icon, with it
 
 TEST_CASE("the return key in a patient number shows the name, or nothing for an unknown number")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     screen.answer("SELECT * FROM RIYOUSHA WHERE nIDNo = 21 ",
                   answerOf({"nIDNo", "cName"}, {{std::int32_t{21}, " 青木 一郎 "}}));
     screen.returnIn(screen.form.imNum_CD, number(21));
@@ -344,7 +370,7 @@ TEST_CASE("the return key in a patient number shows the name, or nothing for an 
 
 TEST_CASE("the return key in an empty patient number is an untrapped error")
 {
-    SelectionFixture screen;
+    ChoiceFixture screen;
     try {
         screen.returnIn(screen.form.imNum_CD, kNoNumber);
         FAIL("no error");

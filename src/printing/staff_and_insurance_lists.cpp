@@ -32,6 +32,7 @@ try {
     };
     // Without a session the table class would fail at its first read with the same text.
     if (!session) throw RuntimeError(error_number::objectNotSet);
+    // Deliberate: no separator between "でエラー" and the error text.
     cT_STAFF staff(m_app);
     if (staff.iInit(*session) != iGood) return failed("setStuff でエラー" + staff.sErrMsg());
     cD_STAFF condition;
@@ -46,6 +47,11 @@ try {
 } catch (const RuntimeError &error) {
     csErrMsg = "setStuff でエラー" + numberLineText(error);
     return iBad;
+}
+
+void frmPrintInin::chkChushi_Click()
+{
+    static_cast<void>(setStuff()); // a failure is visible only in csErrMsg
 }
 
 /// On a failure the entries added so far remain. A failed session shows its box here, and the load adds a second box.
