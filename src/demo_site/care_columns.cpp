@@ -64,7 +64,7 @@ Cell roomShare(const Patient &, Dice &dice)
     return dice.oneIn(50) ? Cell{std::int64_t{0}} : Cell{kNull};
 }
 
-constexpr PatientColumn kColumns[] = {
+constexpr PatientColumn kCareColumns[] = {
     {"cByoumei", illness},
     {"iKaigoLevel", number<0, 5>},
     {"iFutanritsu", number<1, 3>},
@@ -197,7 +197,7 @@ constexpr PatientColumn kColumns[] = {
 
 std::span<const PatientColumn> careColumns()
 {
-    return kColumns;
+    return kCareColumns;
 }
 
 } // namespace inin::site

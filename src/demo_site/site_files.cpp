@@ -39,7 +39,7 @@ struct Form {
     std::string_view name;
     std::string_view (*text)();
 };
-constexpr Form kForms[] = {
+constexpr Form kSiteForms[] = {
     {"委任状37_01.wfd", standardForm},
     {"委任状23.wfd", aichiForm},
     {"委任状37_高松市.wfd", takamatsuForm},
@@ -101,7 +101,7 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / kWallpaperFile, wallpaper());
-    for (const Form &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
+    for (const Form &form : kSiteForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
     writeStandIns(folder, formViewer);
 }
 

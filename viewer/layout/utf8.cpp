@@ -74,7 +74,6 @@ void appendUtf8(std::string &text, char32_t character)
 
 bool isBlankText(std::string_view text)
 {
-    constexpr std::string_view kWideBlank = "\u3000";
     while (!text.empty()) {
         if (text.front() == ' ')
             text.remove_prefix(1);

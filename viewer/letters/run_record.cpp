@@ -10,7 +10,7 @@ constexpr std::string_view kFirstLine = "PrintInin run 1";
 constexpr std::string_view kExtension = ".run";
 
 /// Removes and returns the next line without its end, "\r\n" or "\n"; empty when no ended line is left.
-std::optional<std::string_view> takeLine(std::string_view &rest)
+std::optional<std::string_view> nextLine(std::string_view &rest)
 {
     const std::size_t end = rest.find('\n');
     if (end == std::string_view::npos) return std::nullopt;
@@ -53,9 +53,9 @@ private:
 
 std::optional<RunRecord> readRunRecord(std::string_view text)
 {
-    if (takeLine(text) != kFirstLine) return std::nullopt;
+    if (nextLine(text) != kFirstLine) return std::nullopt;
     NumberLine fileSize("csv "), letters("letters ");
-    while (const auto line = takeLine(text))
+    while (const auto line = nextLine(text))
         if (!fileSize.read(*line) || !letters.read(*line)) return std::nullopt;
     if (!fileSize.number() || !letters.number()) return std::nullopt;
     return RunRecord{*fileSize.number(), *letters.number()};
