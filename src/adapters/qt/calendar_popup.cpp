@@ -17,7 +17,7 @@ namespace inin::qt {
 
 namespace {
 
-QDate toQt(Date date)
+QDate toQDate(Date date)
 {
     const DateParts parts = partsOf(date);
     return {parts.year, parts.month, parts.day};
@@ -42,7 +42,7 @@ QToolButton *pageButton(Qt::ArrowType arrow, const char *name, QWidget *parent)
     button->setArrowType(arrow);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
-    button->setAccessibleName(qt::toQt(name));
+    button->setAccessibleName(toQt(name));
     return button;
 }
 
@@ -61,8 +61,8 @@ CalendarPopup::CalendarPopup(Date shown, QWidget *parent)
     m_calendar->setNavigationBarVisible(false);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     m_calendar->setFirstDayOfWeek(Qt::Sunday);
-    m_calendar->setMinimumDate(toQt(eras().front().first));
-    m_calendar->setSelectedDate(toQt(shown));
+    m_calendar->setMinimumDate(toQDate(eras().front().first));
+    m_calendar->setSelectedDate(toQDate(shown));
     m_calendar->setAccessibleName(tr("日付"));
     colourWeekend(*m_calendar);
 
@@ -100,7 +100,7 @@ void CalendarPopup::openBelow(const QWidget &box)
 
 void CalendarPopup::showTitle()
 {
-    m_title->setText(qt::toQt(monthTitle(m_calendar->yearShown(), m_calendar->monthShown())));
+    m_title->setText(toQt(monthTitle(m_calendar->yearShown(), m_calendar->monthShown())));
 }
 
 void CalendarPopup::choose(const QDate &day)
