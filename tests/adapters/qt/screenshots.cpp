@@ -63,7 +63,8 @@ private:
         m_turns.then([this] { click("optPrint(0)"); });
         m_turns.then([this] { typeWrongDate(); });
         m_turns.then([this] { takeTop("conditions-unreadable-date"); });
-        m_turns.then([this] { openCalendar(); });
+        m_turns.then([this] { takeCalendar("imSetDateFrom", "calendar"); });
+        m_turns.then([this] { takeCalendar("imD_Out", "calendar-months"); });
         m_turns.then([this] { click("btn_StaffSelect"); });
         m_turns.then([this] {
             takeTop("staff-search");
@@ -105,12 +106,12 @@ private:
         QTest::keyClicks(&box, "R8.11.31");
         box.commit();
     }
-    void openCalendar()
+    void takeCalendar(const char *control, const std::string &name)
     {
-        auto &box = top().widgetAs<DateEdit>("imSetDateFrom");
+        auto &box = top().widgetAs<DateEdit>(control);
         box.openCalendar();
         auto *calendar = box.findChild<QFrame *>("calendar");
-        take(*calendar, "calendar");
+        take(*calendar, name);
         calendar->close();
     }
     void chooseRow() { top().widgetAs<QTableView>("spr_1ran").selectRow(3); }
