@@ -13,6 +13,8 @@ namespace inin {
 
 /// The command line arguments after the program name.
 [[nodiscard]] std::vector<std::string> programArguments(int argc, char **argv);
+/// The value of an environment variable; empty if it is not set.
+[[nodiscard]] std::string environmentText(const std::string &name);
 /// The program's executable file; empty when the system does not provide it.
 [[nodiscard]] std::filesystem::path programFile();
 
