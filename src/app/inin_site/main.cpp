@@ -88,7 +88,7 @@ struct Run {
         if (!into.empty()) makeServer(command, into);
         if (command.folder.empty()) return kDone;
         makeSite(command.folder, command.order, command.overwrite, formViewerBeside());
-        if (!connection.empty()) writeFile(command.folder / "adodb.ini", connection);
+        if (!connection.empty()) writeConnectionFile(command.folder, connection);
         printLine(stdout,
                   fmt::format("見本サイト「{}」を作りました。（利用者{}人、対象月{}、種{}）", textOf(command.folder),
                               command.order.patients, yearMonthText(command.order.month), command.order.seed));
