@@ -1,6 +1,7 @@
 #include "site_check/site_check.h"
 
 #include "adapters/sqlite/sqlite_database.h"
+#include "common/helpers.h"
 #include "demo_site/demo_irregularities.h"
 #include "demo_site/schema.h"
 #include "demo_site/site_files.h"
@@ -134,12 +135,10 @@ private:
             branch.code, branch.subCode);
         std::vector<std::string> patients, demoPatients;
         for (const auto rows = open(agents); !rows->isEndOfFile(); rows->MoveNext()) {
-            const Variant number = rows->Value(0);
-            const bool isOfDemo =
-                origin == Origin::demo && !number.isNull() && kMissingAgent.has(toLong(number, Regional{}));
-            const Variant name = rows->Value(1);
+            const std::int32_t number = nNullToLong(rows->Value(0), Regional{});
+            const bool isOfDemo = origin == Origin::demo && kMissingAgent.has(number);
             (isOfDemo ? demoPatients : patients)
-                .push_back(keyText(number) + " " + (name.isNull() ? "" : toText(name, Regional{})));
+                .push_back(fmt::format("{} {}", number, csNullToStr(rows->Value(1), Regional{})));
         }
         addMissingAgents(FindingKind::missingAgent, patients);
         addMissingAgents(FindingKind::demoMissingAgent, demoPatients);

@@ -17,9 +17,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <map>
-#include <utility>
 
 namespace inin::site {
 

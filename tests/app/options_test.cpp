@@ -2,16 +2,18 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <vector>
 
 using namespace inin::site;
 
 namespace {
 
-Command read(std::vector<const char *> arguments, const std::string &connection = {})
+Command read(std::vector<const char *> arguments, const std::string &connection = {},
+             inin::HelpLanguage language = inin::HelpLanguage::japanese)
 {
     arguments.insert(arguments.begin(), "inin-site");
-    return readCommandLine(static_cast<int>(arguments.size()), arguments.data(), connection);
+    return readCommandLine(static_cast<int>(arguments.size()), arguments.data(), connection, language);
 }
 
 std::string sentenceOf(const Command &command)
@@ -204,6 +206,23 @@ TEST_CASE("an empty connection string is refused")
 TEST_CASE("an empty folder name is refused")
 {
     CHECK(sentenceOf(read({"make", ""})) == "フォルダーを指定してください。");
+}
+
+TEST_CASE("the help pages have no English word of the parser in Japanese, and no Japanese one in English")
+{
+    const auto helpOf = [](inin::HelpLanguage language, std::vector<const char *> line) {
+        return std::get<HelpCommand>(read(std::move(line), {}, language)).text;
+    };
+    for (const std::vector<const char *> &line :
+         {std::vector<const char *>{"--help"}, {"make", "--help"}, {"check", "--help"}, {"why", "--help"}}) {
+        const std::string japanese = helpOf(inin::HelpLanguage::japanese, line),
+                          english = helpOf(inin::HelpLanguage::english, line);
+        for (const char *word : {"Usage", "Options", "OPTIONS", "Positionals", "REQUIRED", "Subcommand", "TEXT"})
+            CHECK(japanese.find(word) == std::string::npos);
+        CHECK(japanese.find("使い方") != std::string::npos);
+        CHECK(
+            std::ranges::all_of(english, [](char character) { return static_cast<unsigned char>(character) < 0x80; }));
+    }
 }
 
 TEST_CASE("a request for help is not an invalid command")

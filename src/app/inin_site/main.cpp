@@ -135,8 +135,8 @@ int run(int argc, char **argv)
     const std::vector<std::string> words = programArguments(argc, argv);
     std::vector<const char *> line = {"inin-site"};
     for (const std::string &word : words) line.push_back(word.c_str());
-    return std::visit(
-        Run{}, readCommandLine(static_cast<int>(line.size()), line.data(), environmentText(kConnectionVariable)));
+    return std::visit(Run{}, readCommandLine(static_cast<int>(line.size()), line.data(),
+                                             environmentText(kConnectionVariable), helpLanguage()));
 }
 
 } // namespace

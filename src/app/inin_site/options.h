@@ -1,5 +1,6 @@
 #pragma once
 
+#include "command_line/command_help.h"
 #include "demo_site/site_maker.h"
 #include "due_letters/due_letters.h"
 
@@ -42,6 +43,7 @@ using Command = std::variant<MakeCommand, CheckCommand, WhyCommand, HelpCommand,
 inline constexpr const char *kConnectionVariable = "ININ_CONNECTION";
 
 /// `connection` is the value of kConnectionVariable, which counts if the command line has no connection.
-[[nodiscard]] Command readCommandLine(int argc, const char *const *argv, const std::string &connection = {});
+[[nodiscard]] Command readCommandLine(int argc, const char *const *argv, const std::string &connection,
+                                      HelpLanguage language);
 
 } // namespace inin::site
