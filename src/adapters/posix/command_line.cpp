@@ -51,10 +51,10 @@ std::vector<std::string> systemFolders()
 }
 
 /// The folders that are searched for a name without a folder.
-std::vector<std::string> searchFolders()
+std::vector<std::string> searchFolders(const std::string &current)
 {
     std::vector<std::string> folders = systemFolders();
-    folders.insert(folders.begin(), "./");
+    folders.insert(folders.begin(), current + "/");
     return folders;
 }
 
@@ -134,7 +134,7 @@ std::optional<std::string> findProgram(const std::string &name)
 {
     if (name.empty()) return std::nullopt;
     const bool withFolder = name.find_first_of("\\/") != std::string::npos;
-    return findProgram(name, withFolder ? std::vector<std::string>{""} : searchFolders());
+    return findProgram(name, withFolder ? std::vector<std::string>{""} : searchFolders("."));
 }
 
 std::optional<std::string> findSystemProgram(const std::string &name)
@@ -159,3 +159,8 @@ std::optional<Command> parseCommandLine(const std::string &commandLine)
 }
 
 } // namespace inin::posix
+
+bool inin::canStart(const std::string &folder, const std::string &name)
+{
+    return posix::findProgram(name, posix::searchFolders(folder)).has_value();
+}
