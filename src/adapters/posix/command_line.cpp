@@ -120,7 +120,7 @@ std::optional<Command> quotedCommand(std::string_view line)
     return Command{*program, argumentsOf(line.substr(std::min(end + 1, line.size())))};
 }
 
-std::optional<std::string> findProgram(const std::string &name, const std::vector<std::string> &folders)
+std::optional<std::string> programIn(const std::vector<std::string> &folders, const std::string &name)
 {
     for (const std::string &folder : folders)
         for (const std::string &spelling : spellings(name))
@@ -134,7 +134,7 @@ std::optional<std::string> findProgram(const std::string &name)
 {
     if (name.empty()) return std::nullopt;
     const bool withFolder = name.find_first_of("\\/") != std::string::npos;
-    return findProgram(name, withFolder ? std::vector<std::string>{""} : searchFolders("."));
+    return programIn(withFolder ? std::vector<std::string>{""} : searchFolders("."), name);
 }
 
 std::optional<std::string> findSystemProgram(const std::string &name)
@@ -162,5 +162,5 @@ std::optional<Command> parseCommandLine(const std::string &commandLine)
 
 bool inin::canStart(const std::string &folder, const std::string &name)
 {
-    return posix::findProgram(name, posix::searchFolders(folder)).has_value();
+    return posix::programIn(posix::searchFolders(folder), name).has_value();
 }
