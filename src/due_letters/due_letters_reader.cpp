@@ -60,36 +60,36 @@ struct VisitTable {
     std::string_view visit;
     std::string_view within; ///< the condition on the visit, with its bounds
     const LastVisitRule &lastVisit;
-    VisitBounds (*monthBounds)(const TargetDate &target, const Regional &regional);
+    VisitBounds (TargetDate::*monthBounds)() const;
 };
 
-const VisitTable kPlanned{"SCHEDULE",       "nIDRiyoushaNo", "nIDStaffNo", "nDate", "nDate BETWEEN {} AND {}",
-                          kLastScheduleDay, &scheduleMonth};
+const VisitTable kPlanned{"SCHEDULE",       "nIDRiyoushaNo",           "nIDStaffNo", "nDate", "nDate BETWEEN {} AND {}",
+                          kLastScheduleDay, &TargetDate::scheduleMonth};
 const VisitTable kActual{"JISSEKI",
                          "nRiyoushaIDNo",
                          "nStaffIDNo",
                          "tServicyDayStart",
                          "tServicyDayStart >= '{}' AND tServicyDayStart < '{}'",
                          kLastJissekieDay,
-                         &jissekiMonth};
+                         &TargetDate::jissekiMonth};
 
 /// The last visit of a month is found within slightly other bounds than the visits of the month.
-VisitBounds boundsOf(const VisitTable &table, const Source &source, const Conditions &conditions)
+VisitBounds boundsOf(const VisitTable &table, const VisitMonth &month, const Conditions &conditions)
 {
-    if (conditions.lastDay) return table.lastVisit.bounds(conditions.year, conditions.month, source.regional);
-    const TargetDate target(fmt::format("{:04}/{:02}/1", conditions.year, conditions.month), source.regional);
-    return table.monthBounds(target, source.regional);
+    if (conditions.lastDay) return (month.*table.lastVisit.bounds)();
+    const TargetDate target(fmt::format("{:04}/{:02}/1", month.nYear, month.nMonth), month.regional);
+    return (target.*table.monthBounds)();
 }
 
-double momentOf(const Variant &visit, const Regional &regional)
+double momentOf(const Variant &visit)
 {
     const Date *date = visit.getIf<Date>();
-    return date != nullptr ? date->days() : nNullToLong(visit, regional);
+    return date != nullptr ? date->days() : nNullToLong(visit);
 }
 
-std::optional<std::int32_t> numberOrNone(const Variant &value, const Regional &regional)
+std::optional<std::int32_t> numberOrNone(const Variant &value)
 {
-    return value.isNull() ? std::nullopt : std::optional(nNullToLong(value, regional));
+    return value.isNull() ? std::nullopt : std::optional(nNullToLong(value));
 }
 
 VisitsOfPatients readVisits(const Source &source, const Conditions &conditions)
@@ -97,7 +97,8 @@ VisitsOfPatients readVisits(const Source &source, const Conditions &conditions)
     VisitsOfPatients visits;
     if (conditions.visits == Visits::ignored) return visits;
     const VisitTable &table = conditions.visits == Visits::planned ? kPlanned : kActual;
-    const VisitBounds bounds = boundsOf(table, source, conditions);
+    const VisitMonth month{conditions.year, conditions.month, source.regional};
+    const VisitBounds bounds = boundsOf(table, month, conditions);
     const std::string sql = fmt::format("SELECT {0}, {1}, {2} FROM {3} WHERE {4} AND ", table.patient, table.staff,
                                         table.visit, table.table, branchCondition(source, table.table)) +
                             fmt::format(fmt::runtime(table.within), bounds.lower, bounds.upper) +
@@ -105,21 +106,20 @@ VisitsOfPatients readVisits(const Source &source, const Conditions &conditions)
     read(source, sql, [&](const Recordset &row) {
         if (row.Value(0).isNull()) return;
         const Variant visit = row.Value(2);
-        visits[nNullToLong(row.Value(0), source.regional)].push_back({table.lastVisit.dayOf(visit, source.regional),
-                                                                      momentOf(visit, source.regional),
-                                                                      numberOrNone(row.Value(1), source.regional)});
+        visits[nNullToLong(row.Value(0))].push_back(
+            {(month.*table.lastVisit.dayOf)(visit), momentOf(visit), numberOrNone(row.Value(1))});
     });
     return visits;
 }
 
 PatientRow patientOf(const Recordset &row, const Regional &regional)
 {
-    const auto number = [&](std::size_t index) { return nNullToLong(row.Value(index), regional); };
+    const auto number = [&](std::size_t index) { return nNullToLong(row.Value(index)); };
     const Variant endDay = row.Value(4);
     return {.number = number(0),
             .name = csNullToStr(row.Value(1), regional),
-            .mainStaff = numberOrNone(row.Value(2), regional),
-            .insuranceKind = numberOrNone(row.Value(3), regional),
+            .mainStaff = numberOrNone(row.Value(2)),
+            .insuranceKind = numberOrNone(row.Value(3)),
             .endDay = endDay.isNull() ? std::nullopt : std::optional(csNullToStr(endDay, regional)),
             .insurers = number(5),
             .companies = number(6),

@@ -135,7 +135,7 @@ private:
             branch.code, branch.subCode);
         std::vector<std::string> patients, demoPatients;
         for (const auto rows = open(agents); !rows->isEndOfFile(); rows->MoveNext()) {
-            const std::int32_t number = nNullToLong(rows->Value(0), Regional{});
+            const std::int32_t number = nNullToLong(rows->Value(0));
             const bool isOfDemo = origin == Origin::demo && kMissingAgent.has(number);
             (isOfDemo ? demoPatients : patients)
                 .push_back(fmt::format("{} {}", number, csNullToStr(rows->Value(1), Regional{})));
