@@ -73,16 +73,11 @@ const VisitTable kActual{"JISSEKI",
                          kLastJissekieDay,
                          &TargetDate::jissekiMonth};
 
-VisitMonth monthOf(const Source &source, const Conditions &conditions)
-{
-    return {conditions.year, conditions.month, source.regional};
-}
-
 /// The last visit of a month is found within slightly other bounds than the visits of the month.
-VisitBounds boundsOf(const VisitTable &table, const Source &source, const Conditions &conditions)
+VisitBounds boundsOf(const VisitTable &table, const VisitMonth &month, const Conditions &conditions)
 {
-    if (conditions.lastDay) return (monthOf(source, conditions).*table.lastVisit.bounds)();
-    const TargetDate target(fmt::format("{:04}/{:02}/1", conditions.year, conditions.month), source.regional);
+    if (conditions.lastDay) return (month.*table.lastVisit.bounds)();
+    const TargetDate target(fmt::format("{:04}/{:02}/1", month.nYear, month.nMonth), month.regional);
     return (target.*table.monthBounds)();
 }
 
@@ -102,12 +97,12 @@ VisitsOfPatients readVisits(const Source &source, const Conditions &conditions)
     VisitsOfPatients visits;
     if (conditions.visits == Visits::ignored) return visits;
     const VisitTable &table = conditions.visits == Visits::planned ? kPlanned : kActual;
-    const VisitBounds bounds = boundsOf(table, source, conditions);
+    const VisitMonth month{conditions.year, conditions.month, source.regional};
+    const VisitBounds bounds = boundsOf(table, month, conditions);
     const std::string sql = fmt::format("SELECT {0}, {1}, {2} FROM {3} WHERE {4} AND ", table.patient, table.staff,
                                         table.visit, table.table, branchCondition(source, table.table)) +
                             fmt::format(fmt::runtime(table.within), bounds.lower, bounds.upper) +
                             numberCondition(table.patient, conditions.patient);
-    const VisitMonth month = monthOf(source, conditions);
     read(source, sql, [&](const Recordset &row) {
         if (row.Value(0).isNull()) return;
         const Variant visit = row.Value(2);
