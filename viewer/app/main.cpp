@@ -50,7 +50,7 @@ int main(int argc, char **argv)
     using namespace inin::viewer;
     prepareStreams();
     const auto run = [&] {
-        const std::vector<std::string> words = commandWords(argc, argv);
+        const std::vector<std::string> words = inin::commandWords(argc, argv);
         return std::visit(RunCommand{words.empty() ? std::string() : words.front()}, readViewerCommand(words));
     };
     return inin::runProgram(kFailed, run, [](const std::string &message) { showFailure("formviewer: " + message); });

@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 #include "viewer/form/date_pattern.h"
 
 #include <fmt/format.h>
@@ -31,12 +32,7 @@ std::string fileNameOf(std::string_view text)
         const bool isControl = static_cast<unsigned char>(letter) < 0x20 || letter == 0x7F;
         name += isControl || kRefused.find(letter) != kRefused.npos ? '_' : letter;
     }
-    if (name.size() > kLongest) {
-        // Cut before a whole character: remove its continuation bytes too.
-        std::size_t end = kLongest;
-        while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
-        name.resize(end);
-    }
+    name.resize(characterStart(name, std::min(name.size(), kLongest)));
     // Some systems drop blanks and dots at a name's end, and hide names that begin with a dot.
     while (!name.empty() && (name.back() == ' ' || name.back() == '.')) name.pop_back();
     name.erase(0, name.find_first_not_of(" ."));

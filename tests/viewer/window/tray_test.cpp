@@ -14,7 +14,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-QString qt(const char *text)
+QString words(const char *text)
 {
     return QString::fromUtf8(text);
 }
@@ -33,15 +33,16 @@ struct TrayDialog {
     TempFolder folder;
     ViewerSettings settings{QString::fromStdString(folder / "settings.ini")};
     LetterTicks ticks{3};
-    std::vector<PrinterChoice> printers{{qt("一階"),
+    std::vector<PrinterChoice> printers{{words("一階"),
                                          {},
                                          true,
                                          QPrinter::DuplexNone,
                                          [] {
-                                             return std::vector<TrayChoice>{{qt("InputSlot=Tray1"), qt("トレイ 1")},
-                                                                            {qt("InputSlot=Tray2"), qt("トレイ 2")}};
+                                             return std::vector<TrayChoice>{
+                                                 {words("InputSlot=Tray1"), words("トレイ 1")},
+                                                 {words("InputSlot=Tray2"), words("トレイ 2")}};
                                          }},
-                                        {qt("二階"), {}, false, QPrinter::DuplexLongSide}};
+                                        {words("二階"), {}, false, QPrinter::DuplexLongSide}};
     PrintDialog dialog{ticks, settings, printers};
 
     template <class Widget> static Widget *find(PrintDialog &dialog, const char *name)
@@ -62,12 +63,12 @@ TEST_CASE("the dialog offers the printer's trays and keeps duplex, tray and orde
     tray->setCurrentIndex(2);
     TrayDialog::find<QComboBox>(world.dialog, "duplex")->setCurrentIndex(3);
     TrayDialog::find<QCheckBox>(world.dialog, "reversed")->setChecked(true);
-    CHECK(world.dialog.order().tray == qt("InputSlot=Tray2"));
+    CHECK(world.dialog.order().tray == words("InputSlot=Tray2"));
     CHECK(world.dialog.order().letterOrder == LetterOrder::reversed);
     TrayDialog::find<QPushButton>(world.dialog, "printNow")->click();
 
     PrintDialog again(world.ticks, world.settings, world.printers);
-    CHECK(again.order().tray == qt("InputSlot=Tray2"));
+    CHECK(again.order().tray == words("InputSlot=Tray2"));
     CHECK(again.order().duplex == QPrinter::DuplexShortSide);
     CHECK(again.order().letterOrder == LetterOrder::reversed);
     // Both belong to the printer.
@@ -80,8 +81,8 @@ TEST_CASE("the dialog offers the printer's trays and keeps duplex, tray and orde
 TEST_CASE("a remembered tray that the printer no longer has is the printer's own setting")
 {
     TrayDialog world;
-    world.settings.setTray(qt("一階"), qt("InputSlot=Tray9"));
-    world.settings.setDuplex(qt("一階"), qt("oops"));
+    world.settings.setTray(words("一階"), words("InputSlot=Tray9"));
+    world.settings.setDuplex(words("一階"), words("oops"));
     const PrintDialog again(world.ticks, world.settings, world.printers);
     CHECK(again.order().tray.isEmpty());
     CHECK(again.order().duplex == QPrinter::DuplexNone);
@@ -89,25 +90,26 @@ TEST_CASE("a remembered tray that the printer no longer has is the printer's own
 
 TEST_CASE("the trays are read from the list of a printer's options")
 {
-    const std::vector<TrayChoice> trays = traysInOptions(qt("PageSize/Media Size: *A4 A5\n"
-                                                            "InputSlot/Media Source: *Auto Tray1 tray-2 Manual Roll\n"
-                                                            "Duplex/2-Sided Printing: *None DuplexNoTumble\n"));
+    const std::vector<TrayChoice> trays =
+        traysInOptions(words("PageSize/Media Size: *A4 A5\n"
+                             "InputSlot/Media Source: *Auto Tray1 tray-2 Manual Roll\n"
+                             "Duplex/2-Sided Printing: *None DuplexNoTumble\n"));
     std::vector<std::string> texts;
     for (const TrayChoice &tray : trays) texts.push_back((tray.key + u'|' + tray.text).toStdString());
     CHECK(texts == std::vector<std::string>{"InputSlot=Auto|自動", "InputSlot=Tray1|トレイ 1",
                                             "InputSlot=tray-2|トレイ 2", "InputSlot=Manual|手差し",
                                             "InputSlot=Roll|Roll"});
-    CHECK(traysInOptions(qt("PageSize/Media Size: *A4\n")).empty());
+    CHECK(traysInOptions(words("PageSize/Media Size: *A4\n")).empty());
     CHECK(traysInOptions({}).empty());
 }
 
 TEST_CASE("the system's print command gets the tray as an option, and none for the printer's own setting")
 {
     SpoolJob job;
-    CHECK(!lpArguments(job).join(u' ').contains(qt("InputSlot")));
-    job.order.tray = qt("InputSlot=Tray2");
-    job.pdf = qt("a.pdf");
-    CHECK(lpArguments(job).join(u' ').endsWith(qt("-o InputSlot=Tray2 a.pdf")));
+    CHECK(!lpArguments(job).join(u' ').contains(words("InputSlot")));
+    job.order.tray = words("InputSlot=Tray2");
+    job.pdf = words("a.pdf");
+    CHECK(lpArguments(job).join(u' ').endsWith(words("-o InputSlot=Tray2 a.pdf")));
 }
 
 TEST_CASE("a painted job uses the chosen tray, and the printer's own one without a choice")
@@ -116,17 +118,17 @@ TEST_CASE("a painted job uses the chosen tray, and the printer's own one without
     const QString path = QString::fromStdString(folder / "o.pdf");
     auto used = QPrinter::Envelope;
     PrintOrder order;
-    const auto print = [&] { PaintedJob(std::make_unique<TrayPrinter>(path, used), order, qt("名"), {595, 842}); };
+    const auto print = [&] { PaintedJob(std::make_unique<TrayPrinter>(path, used), order, words("名"), {595, 842}); };
     print();
     const QPrinter::PaperSource own = used;
     order.tray = paintedTrayChoice(QPrinter::Lower).key;
     print();
     CHECK(used == QPrinter::Lower);
-    order.tray = qt("InputSlot=Tray1");
+    order.tray = words("InputSlot=Tray1");
     print();
     CHECK(used == own);
-    CHECK(paintedTrayChoice(QPrinter::Lower).text == qt("下段"));
-    CHECK(paintedTrayChoice(QPrinter::Tractor).text == qt("トレイ ") + QString::number(QPrinter::Tractor));
+    CHECK(paintedTrayChoice(QPrinter::Lower).text == words("下段"));
+    CHECK(paintedTrayChoice(QPrinter::Tractor).text == words("トレイ ") + QString::number(QPrinter::Tractor));
 }
 
 TEST_CASE("letters are printed in the order of their numbers or reversed, painted and spooled alike")
@@ -172,5 +174,5 @@ TEST_CASE("a reversed print that was refused names the letters that were sent an
     world.window = std::make_unique<ViewerWindow>(world.script, std::make_unique<OpenLetters>(world.script), services);
     world.window->print(order);
     REQUIRE(world.messages.size() == 1);
-    CHECK(world.messages[0].contains(qt("プリンターに送った番号：3-4\n送っていない番号：1-2")));
+    CHECK(world.messages[0].contains(words("プリンターに送った番号：3-4\n送っていない番号：1-2")));
 }
