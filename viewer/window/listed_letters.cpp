@@ -18,18 +18,6 @@ void ListedLetters::refresh()
     sort(sortColumn(), sortOrder());
 }
 
-void ListedLetters::setFilter(ListFilter filter)
-{
-    m_filter = filter;
-    refresh();
-}
-
-void ListedLetters::setFound(std::vector<bool> found)
-{
-    m_found = std::move(found);
-    if (m_filter == ListFilter::found) refresh();
-}
-
 bool ListedLetters::isNumberOrder() const
 {
     return sortColumn() < 0 || (sortColumn() == LetterListModel::number && sortOrder() == Qt::AscendingOrder);

@@ -14,17 +14,17 @@ class LetterListModel;
 enum class ListFilter { all, flagged, ticked, found };
 
 /// The letters that the list shows, in its order. Both are for viewing only: letters are printed by their ticks, in the
-/// order of their numbers. Changed ticks and findings take effect with refresh(), so that a letter that is unticked by
-/// mistake stays where it is.
+/// order of their numbers. Changes of the filter, the ticks and the findings take effect with refresh(), so that a letter
+/// that is unticked by mistake stays where it is.
 class ListedLetters : public QSortFilterProxyModel {
 public:
     /// `model` must outlive this.
     explicit ListedLetters(LetterListModel &model);
 
-    void setFilter(ListFilter filter);
+    void setFilter(ListFilter filter) { m_filter = filter; }
     [[nodiscard]] ListFilter filter() const { return m_filter; }
     /// For each letter whether the search has found it, for ListFilter::found; empty without a search, which lists all.
-    void setFound(std::vector<bool> found);
+    void setFound(std::vector<bool> found) { m_found = std::move(found); }
     /// Filters and sorts again.
     void refresh();
 

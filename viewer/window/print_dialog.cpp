@@ -226,6 +226,7 @@ void PrintDialog::showPrinter()
     if (m_printers.empty()) return;
     const PrinterChoice &printer = m_printers[static_cast<std::size_t>(m_printer->currentIndex())];
     m_duplex->setItemText(0, u"プリンターの設定どおり（%1）"_s.arg(QString::fromUtf8(duplexText(printer.duplex))));
+    m_printer->setToolTip(m_printer->currentText()); // a long name is cut
     const QString duplex = m_settings.duplexOf(printer.name);
     const auto *const last =
         std::ranges::find_if(kDuplex, [&](const DuplexChoice &choice) { return duplex == QLatin1String(choice.name); });

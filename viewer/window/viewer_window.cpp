@@ -79,8 +79,11 @@ void ViewerWindow::fitToScreen()
     const QScreen *const there = QGuiApplication::screenAt(geometry().center());
     const QRect room = (there != nullptr ? there : screen())->availableGeometry();
     const WindowFit fit = fitWindow(size(), room.size());
-    // A maximised window keeps the size to which it returns.
-    if (!isMaximized()) setGeometry(movedInto({pos(), fit.size}, room));
+    // The system chooses the place of a first window. A maximised one keeps the size to which it returns.
+    if (m_settings.windowPlace().isEmpty())
+        resize(fit.size);
+    else if (!isMaximized())
+        setGeometry(movedInto({geometry().topLeft(), fit.size}, room));
     if (fit.isMaximised) setWindowState(windowState() | Qt::WindowMaximized);
 }
 
@@ -246,7 +249,10 @@ void ViewerWindow::showLetter(std::size_t letter)
     if (letter >= m_letters->set.size()) return;
     m_page->showLetter(letter);
     // List, page and number agree: a letter that the list hides makes it show all letters.
-    if (!m_listed.indexOf(letter).isValid()) m_listed.setFilter(ListFilter::all);
+    if (!m_listed.indexOf(letter).isValid()) {
+        m_listed.setFilter(ListFilter::all);
+        m_listed.refresh();
+    }
     if (m_list->current() != letter) m_list->setCurrent(letter);
     showListNote();
     m_number->setValue(static_cast<int>(letter) + 1);
@@ -362,8 +368,8 @@ void ViewerWindow::showFound(const std::vector<bool> &found, std::optional<std::
     const auto count = std::ranges::count(found, true);
     m_found->setText(!isSearch ? QString() : count > 0 ? u"%1通"_s.arg(count) : u"ありません"_s);
     m_listed.setFound(isSearch ? found : std::vector<bool>());
-    if (letter) return showLetter(*letter);
     if (m_listed.filter() == ListFilter::found) refreshList();
+    if (letter) showLetter(*letter);
 }
 
 void ViewerWindow::showNextFlagged(Direction direction)

@@ -134,6 +134,21 @@ TEST_CASE("a text without a match empties the list of found letters, and an empt
     CHECK(world.listed().size() == 6);
 }
 
+TEST_CASE("the list of found letters follows the typed text and shows its first letter")
+{
+    Filtered world;
+    world.window->setFilter(ListFilter::found);
+    world.window->showLetter(5);
+    world.search(QStringLiteral("乙"));
+    CHECK(world.listed() == Numbers{"3", "5"});
+    CHECK(world.shownNumber() == "3");
+    world.search(QStringLiteral("乙山"));
+    CHECK(world.shownNumber() == "5");
+    world.search(QStringLiteral("乙山丙"));
+    CHECK(world.listed().empty());
+    CHECK(world.shownNumber() == "5");
+}
+
 TEST_CASE("a click on a heading sorts the list for viewing; the print order stays and is stated")
 {
     Filtered world;
