@@ -3,7 +3,7 @@
 #include "adapters/native/native_platform.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/suite/suite_database.h"
-#include "demo_site/schema.h"
+#include "demo_site/database_maker.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"

@@ -5,7 +5,7 @@
 #include "adapters/sqlite/sql_translator.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
-#include "demo_site/schema.h"
+#include "demo_site/database_maker.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,6 @@
 #include "app/inin_site/options.h"
 #include "demo_site/server_maker.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_ins.h"
+#include "demo_site/site_maker.h"
 #include "site_check/site_check.h"
 #include "system/file_path.h"
 #include "system/program_edges.h"

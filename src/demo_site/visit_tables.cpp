@@ -1,4 +1,4 @@
-#include "demo_site/visits.h"
+#include "demo_site/demo_tables.h"
 
 #include "demo_site/demo_irregularities.h"
 
@@ -17,8 +17,8 @@ constexpr int kMinutesBetween = 30;
 constexpr int kLastSlot = 16; // 17:00
 
 struct Visits {
-    Insert planned;
-    Insert actual;
+    RowSink &planned;
+    RowSink &actual;
 };
 
 bool isVisitDay(const Patient &patient, Day day)
@@ -28,7 +28,7 @@ bool isVisitDay(const Patient &patient, Day day)
 }
 
 /// One visit in twenty is cancelled; one in ten is made by the second member of staff, planned or actual.
-void writeVisit(Visits &visits, const Patient &patient, Day day, Dice &dice)
+void writeVisit(const Visits &visits, const Patient &patient, Day day, Dice &dice)
 {
     const std::int64_t staff = patient.staff[dice.oneIn(10) ? 1 : 0];
     const std::int64_t substitute = patient.staff[dice.oneIn(10) ? 2 : 0];
@@ -40,7 +40,7 @@ void writeVisit(Visits &visits, const Patient &patient, Day day, Dice &dice)
 }
 
 /// The last day is planned twice, and two actual visits share the latest time: each case produces a second letter.
-void writeSecondVisit(Visits &visits, const Patient &patient, Day day)
+void writeSecondVisit(const Visits &visits, const Patient &patient, Day day)
 {
     constexpr int kEvening = 19 * 60;
     const std::int64_t staff = patient.staff[0];
@@ -50,7 +50,7 @@ void writeSecondVisit(Visits &visits, const Patient &patient, Day day)
     }
 }
 
-void writeMonth(Visits &visits, const Patient &patient, YearMonth month, Dice &dice)
+void writeMonth(const Visits &visits, const Patient &patient, YearMonth month, Dice &dice)
 {
     std::optional<Day> last;
     for (Day day = dayOfMonth(month, 1); day <= lastDayOf(month); day += std::chrono::days{1}) {
@@ -62,7 +62,7 @@ void writeMonth(Visits &visits, const Patient &patient, YearMonth month, Dice &d
 }
 
 /// Visits that were created but never filled in: each column except the branch is NULL once.
-void writeUnfinishedVisits(Visits &visits, YearMonth month)
+void writeUnfinishedVisits(const Visits &visits, YearMonth month)
 {
     const Day day = dayOfMonth(month, 15);
     const std::int64_t patient = 1;
@@ -79,7 +79,7 @@ void writeUnfinishedVisits(Visits &visits, YearMonth month)
 
 void writeVisits(RowTarget &database, const SiteOrder &order)
 {
-    Visits visits{Insert(database, "SCHEDULE", kPlannedColumns), Insert(database, "JISSEKI", kActualColumns)};
+    const Visits visits{database.into("SCHEDULE", kPlannedColumns), database.into("JISSEKI", kActualColumns)};
     const std::chrono::months oneMonth{1};
     const std::array months{order.month - oneMonth, order.month, order.month + oneMonth};
     for (std::int64_t number = 1; number <= order.patients; ++number) {
