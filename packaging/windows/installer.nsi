@@ -1,5 +1,5 @@
-; The installer for Windows. make-installer passes VERSION, PAYLOAD (a folder with the files to install), SIZE (in KB),
-; PUT and FOLDERS (scripts with one macro call for each file and folder), and OUT.
+; The installer for Windows. make-installer passes VERSION, SIZE (in KB),
+; PUT and FOLDERS (scripts with a call for each file and folder), ICON and OUT.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -117,6 +117,7 @@ Var isUpdate ; 1 if the folder has a list of installed files
     !insertmacro refuseIfInUse "formviewer.exe"
     !insertmacro refuseIfInUse "inin-script.exe"
     !insertmacro refuseIfInUse "inin-site.exe"
+    !insertmacro refuseIfInUse "inin-stand-in.exe"
 !macroend
 
 ; A list of installed files is only trusted within the folder.

@@ -10,8 +10,6 @@ namespace inin::site {
 [[nodiscard]] std::string_view demoDataText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
-/// On Windows a single program, which chooses its part by its own file name.
-[[nodiscard]] std::string_view standInProgram();
 [[nodiscard]] std::string_view standardForm();
 [[nodiscard]] std::string_view aichiForm();
 [[nodiscard]] std::string_view takamatsuForm();

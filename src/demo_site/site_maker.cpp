@@ -1,14 +1,22 @@
 #include "demo_site/site_maker.h"
 
+#include "adapters/sqlite/connection_string.h"
 #include "demo_site/database_maker.h"
 #include "demo_site/embedded.h"
 #include "runtime/runtime_error.h"
+#include "runtime/text.h"
 #include "suite_text/code_page_932.h"
+#include "suite_text/profile_text.h"
+#include "suite_text/unicode_mark.h"
 #include "system/file_path.h"
+#include "system/program_version.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <fstream>
+#include <optional>
+#include <vector>
 
 namespace inin::site {
 
@@ -18,6 +26,7 @@ namespace fs = std::filesystem;
 
 /// Written to every folder that `make` creates; `make` may write to a folder that contains it.
 constexpr std::string_view kMarkerFile = ".inin-site";
+constexpr std::size_t kLongestConnection = 4096;
 
 constexpr std::string_view kSettings = "[Sorvin総合システム]\n"
                                        "SYSTEM_SYS=\\SYS\n"
@@ -35,11 +44,7 @@ constexpr std::string_view kFormsNote =
     "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
     "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n";
 
-struct Form {
-    std::string_view name;
-    std::string_view (*text)();
-};
-constexpr Form kForms[] = {
+constexpr DemoForm kForms[] = {
     {"委任状37_01.wfd", standardForm},
     {"委任状23.wfd", aichiForm},
     {"委任状37_高松市.wfd", takamatsuForm},
@@ -58,8 +63,8 @@ void writeSuiteText(const fs::path &path, std::string_view text)
 
 std::string versionText(const SiteOrder &order)
 {
-    return fmt::format("VERSION=見本サイト 0.1.0\nUUPDATE={}\n[OnlineHelp]\nADDRESS=https://example.invalid/help\n",
-                       yearMonthText(order.month));
+    return fmt::format("VERSION=見本サイト {}\nUUPDATE={}\n[OnlineHelp]\nADDRESS=https://example.invalid/help\n",
+                       programVersion(), yearMonthText(order.month));
 }
 
 std::string markerText(const SiteOrder &order)
@@ -89,15 +94,67 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / "wall.bmp", wallpaper());
-    for (const Form &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
-    writeStandIns(folder, formViewer);
+    for (const DemoForm &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
+    writeMenu(folder / kMenu);
+    for (const std::string_view tool : kFormTools) writeFormTool(folder / tool, formViewer);
+}
+
+std::string bytesOf(const fs::path &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+bool namesServer(const fs::path &connectionFile)
+{
+    const std::string connection = decodeCp932(profileString(bytesOf(connectionFile), encodeCp932("接続情報"),
+                                                             encodeCp932("接続情報"), "", kLongestConnection));
+    return !connection.empty() &&
+           !equalsIgnoringAsciiCase(sqlite::ConnectionString(connection).value("Provider"), "SQLite");
+}
+
+void refuseSuite(const fs::path &folder, const std::string &why)
+{
+    throw RuntimeError(error_number::pathAccess,
+                       fmt::format("「{}」は総合システムのフォルダーのようです（{}）。何も書き込みませんでした。"
+                                   "見本サイトは別のフォルダーに作ってください。",
+                                   textOf(folder), why));
+}
+
+/// Protects a practice's own files, which no option may put at risk.
+void refuseSuiteFolder(const fs::path &folder)
+{
+    std::error_code error;
+    std::vector<std::string_view> programs(std::begin(kFormTools), std::end(kFormTools));
+    programs.push_back(kMenu);
+    for (const std::string_view name : programs) {
+        const fs::path program = folder / name;
+        if (fs::exists(fs::symlink_status(program, error)) && !isOwnProgram(program))
+            refuseSuite(folder, fmt::format("「{}」があります", name));
+    }
+    // A demo site's own connection may name a server that was filled with demo data.
+    if (!fs::exists(folder / kMarkerFile, error) && namesServer(folder / "adodb.ini"))
+        refuseSuite(folder, "「adodb.ini」の接続先がサーバーです");
+}
+
+/// True if a package was unpacked into the folder and nothing else is there. The package has a list of its files.
+bool hasOnlyPackage(const fs::path &folder)
+{
+    const std::optional<std::string> list = unmarked(bytesOf(folder / "guide" / "installed.txt"));
+    if (!list) return false;
+    const std::string lines = "\n" + *list;
+    const fs::directory_iterator entries(folder);
+    return std::all_of(begin(entries), end(entries), [&](const fs::directory_entry &entry) {
+        const std::string name = "\n" + encodeCp932(textOf(entry.path().filename()));
+        return lines.find(name + (entry.is_directory() ? "\\" : "\r")) != lines.npos;
+    });
 }
 
 void refuseForeignFolder(const fs::path &folder)
 {
     std::error_code error;
     if (!fs::exists(folder, error) || fs::exists(folder / kMarkerFile, error)) return;
-    if (fs::is_directory(folder, error) && fs::is_empty(folder, error)) return;
+    if (fs::is_directory(folder, error) && (fs::is_empty(folder, error) || hasOnlyPackage(folder))) return;
     throw RuntimeError(
         error_number::pathAccess,
         fmt::format("「{}」は空のフォルダーでも inin-site が作ったフォルダーでもないので、何も書き込みませんでした。"
@@ -136,6 +193,11 @@ void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 
 } // namespace
 
+std::span<const DemoForm> demoForms()
+{
+    return kForms;
+}
+
 void writeFile(const fs::path &path, std::string_view bytes)
 {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
@@ -148,6 +210,7 @@ void writeFile(const fs::path &path, std::string_view bytes)
 
 void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite, const fs::path &formViewer)
 {
+    refuseSuiteFolder(folder);
     if (overwrite == Overwrite::onlyOwnFolder) refuseForeignFolder(folder);
     writeSiteFiles(folder, order, formViewer);
     replaceDatabase(folder, order);

@@ -3,6 +3,7 @@
 #include "demo_site/people.h"
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -10,14 +11,23 @@ namespace inin::site {
 
 enum class Overwrite { onlyOwnFolder, anyFolder };
 
-/// Makes a demo site in a new or empty folder, or again in one that this tool made. Any other folder is refused unless
-/// `anyFolder` is set; files that `make` does not write are kept there. `formViewer` is the program to start under the
-/// form tools' names; without one they are substitutes. Failures raise RuntimeError.
+/// Makes a demo site in a new or empty folder, or again in one that this tool made; an unpacked package counts as empty. Any
+/// other folder is refused unless `anyFolder` is set; files that `make` does not write are kept there. The folder of a real
+/// suite is always refused: one with another maker's menu program or form tools, or with a connection to a server.
+/// `formViewer` is the program to start under the form tools' names; without one they are substitutes. Failures raise
+/// RuntimeError.
 void makeSite(const std::filesystem::path &folder, const SiteOrder &order, Overwrite overwrite,
               const std::filesystem::path &formViewer = {});
 
 /// Replaces a file; raises RuntimeError with a sentence on failure.
 void writeFile(const std::filesystem::path &path, std::string_view bytes);
+
+/// A form document that is compiled into the program.
+struct DemoForm {
+    std::string_view name;
+    std::string_view (*text)();
+};
+[[nodiscard]] std::span<const DemoForm> demoForms();
 
 /// A 24-bit bitmap of sky over fields.
 [[nodiscard]] std::string wallpaper();
@@ -26,9 +36,12 @@ void writeFile(const std::filesystem::path &path, std::string_view bytes);
 inline constexpr std::string_view kMenu = "Main.exe";
 inline constexpr std::string_view kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
 
-/// Writes these programs to a site's folder: a substitute of the menu program, and as the form tools the form viewer, or
-/// substitutes if `formViewer` is empty. Raises RuntimeError with a sentence on failure.
-void writeStandIns(const std::filesystem::path &folder, const std::filesystem::path &formViewer);
+/// Writes the substitute of the menu program. Raises RuntimeError with a sentence on failure.
+void writeMenu(const std::filesystem::path &file);
+/// Writes a form tool that starts the form viewer, or a substitute if `formViewer` is empty. Raises as writeMenu().
+void writeFormTool(const std::filesystem::path &file, const std::filesystem::path &formViewer);
+/// Whether a menu program or form tool was written by these, or is the form viewer itself.
+[[nodiscard]] bool isOwnProgram(const std::filesystem::path &file);
 /// The file name of the form viewer on this system.
 [[nodiscard]] std::filesystem::path formViewerName();
 
