@@ -40,6 +40,11 @@ std::string rowLine(const IninRow &row)
 
 } // namespace
 
+std::span<const std::string_view> letterColumnTitles()
+{
+    return kTitles;
+}
+
 std::string transferPath(App &app, const std::string &name, WarnIfMissing warn)
 {
     return csTmpDir(app, warn) + name;

@@ -7,10 +7,14 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace inin {
 
 inline constexpr const char *kCsvFile = "委任状.csv";
+
+/// The column titles of the CSV, in order: the names that a form document may use.
+[[nodiscard]] std::span<const std::string_view> letterColumnTitles();
 
 /// The path of a file next to the CSV: csTmpDir and the name.
 [[nodiscard]] std::string transferPath(App &app, const std::string &name, WarnIfMissing warn);

@@ -123,6 +123,11 @@ Date stepped(Date date, DatePart part, int by, std::span<const Era> eraTable)
     return moved < eraTable.front().first || moved.days() >= kAfterLastDay ? date : moved;
 }
 
+std::string yearTitle(std::int32_t year, std::span<const Era> eraTable)
+{
+    return fmt::format("{}（{}年）", yearsTitle(dateOf({year, 1, 1}), dateOf({year, 12, 31}), eraTable), year);
+}
+
 std::string monthTitle(std::int32_t year, std::int32_t month, std::span<const Era> eraTable)
 {
     const Date first = dateOf({year, month, 1});

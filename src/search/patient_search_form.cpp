@@ -17,7 +17,7 @@ namespace {
 using Kind = Grid::CellKind;
 
 constexpr std::int16_t kAreaColumn = 1;
-constexpr SearchColumn kColumns[] = {
+constexpr SearchColumn kPatientColumns[] = {
     {"拠点 No.", Kind::number, 8, "iKyotenCd", "iKyotenEb"},
     {"ID No.", Kind::number, 8, "nIDNo"},
     {"利用者氏名", Kind::text, 16, "cName"},
@@ -28,12 +28,12 @@ constexpr SearchColumn kColumns[] = {
     {"名称地区", Kind::text, 12, "cNameRyaku"},
 };
 // Deliberate: the message for an empty staff list also mentions patients.
-constexpr SearchDesign kDesign{
+constexpr SearchDesign kPatientDesign{
     "frm患者検索",
     "利用者マスター検索",
     "chkEndKanja",
     "施術終了した利用者も表示",
-    kColumns,
+    kPatientColumns,
     2,
     3,
     kAreaColumn,
@@ -78,7 +78,7 @@ std::string conditionsText(const SearchFilter &filter)
 
 } // namespace
 
-frm患者検索::frm患者検索(App &app) : SearchForm(app, kDesign)
+frm患者検索::frm患者検索(App &app) : SearchForm(app, kPatientDesign)
 {
     addCommon();
     addLabelled(imNum_StaffNo, "施術者");

@@ -18,7 +18,7 @@ constexpr std::int16_t kRead = 1;
 constexpr std::int16_t kFailed = -1;
 
 /// The value after a key at the very beginning of a field.
-void takeValue(const std::string &field, std::string_view key, std::string &value)
+void takeAfterKey(const std::string &field, std::string_view key, std::string &value)
 {
     if (field.starts_with(key)) value = field.substr(key.size());
 }
@@ -70,8 +70,8 @@ try {
     FieldInput file(app.platform, app.gcsAppPath + "\\EmapUser.ini");
     while (!file.isAtEnd()) {
         const std::string field = file.next();
-        takeValue(field, "ZENRIN_USER=", csUser);
-        takeValue(field, "ZENRIN_PWD=", csPwd);
+        takeAfterKey(field, "ZENRIN_USER=", csUser);
+        takeAfterKey(field, "ZENRIN_PWD=", csPwd);
     }
     return kRead;
 } catch (const RuntimeError &) {

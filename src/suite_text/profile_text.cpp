@@ -7,7 +7,7 @@ namespace inin {
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kNewLineEnd = "\r\n";
 /// The platform reads a double byte that is not a character as "・".
 constexpr std::string_view kUnknownPair = "\x81\x45";
 
@@ -66,8 +66,8 @@ bool endsInLineEnd(std::string_view bytes)
 std::string inserted(std::string_view bytes, std::size_t at, const std::string &line)
 {
     std::string out(bytes.substr(0, at));
-    if (!endsInLineEnd(out)) out += kLineEnd;
-    return out.append(line).append(kLineEnd).append(bytes.substr(at));
+    if (!endsInLineEnd(out)) out += kNewLineEnd;
+    return out.append(line).append(kNewLineEnd).append(bytes.substr(at));
 }
 
 std::string replaced(std::string_view bytes, std::size_t begin, std::size_t end, std::string_view by)

@@ -1,5 +1,7 @@
 #include "system/program_edges.h"
 
+#include <cstdlib>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -8,6 +10,12 @@ namespace inin {
 std::vector<std::string> commandWords(int argc, char **argv)
 {
     return {argv, argv + argc};
+}
+
+std::string environmentText(const std::string &name)
+{
+    const char *value = std::getenv(name.c_str());
+    return value == nullptr ? std::string() : value;
 }
 
 std::filesystem::path programFile()

@@ -15,6 +15,8 @@ namespace inin {
 [[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
 /// The command line arguments after the program name.
 [[nodiscard]] std::vector<std::string> programArguments(int argc, char **argv);
+/// The value of an environment variable; empty if it is not set.
+[[nodiscard]] std::string environmentText(const std::string &name);
 /// The program's executable file; empty when the system does not provide it.
 [[nodiscard]] std::filesystem::path programFile();
 

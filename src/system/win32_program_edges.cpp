@@ -44,6 +44,12 @@ std::vector<std::string> commandWords(int, char **)
     return words;
 }
 
+std::string environmentText(const std::string &name)
+{
+    const wchar_t *value = _wgetenv(wideFromUtf8(name).c_str());
+    return value == nullptr ? std::string() : utf8FromWide(value);
+}
+
 std::filesystem::path programFile()
 {
     constexpr std::size_t longestPath = 32768;

@@ -16,7 +16,7 @@ std::string keyLine(std::string_view key, std::string_view value)
 }
 
 /// Removes and returns the next line without its end, "\r\n" or "\n"; empty when no ended line is left.
-std::optional<std::string_view> takeLine(std::string_view &rest)
+std::optional<std::string_view> nextLine(std::string_view &rest)
 {
     const std::size_t end = rest.find('\n');
     if (end == std::string_view::npos) return std::nullopt;
@@ -77,7 +77,7 @@ std::string runEndLines(const RunRecord &record)
 
 std::optional<RunHolder> readRunHolder(std::string_view text)
 {
-    while (const auto next = takeLine(text)) {
+    while (const auto next = nextLine(text)) {
         if (!next->starts_with(kHolder)) continue;
         const std::string_view words = next->substr(kHolder.size());
         const std::size_t gap = words.rfind(' ');
@@ -89,9 +89,9 @@ std::optional<RunHolder> readRunHolder(std::string_view text)
 
 std::optional<RunRecord> readRunRecord(std::string_view text)
 {
-    if (takeLine(text) != kFirstLine) return std::nullopt;
+    if (nextLine(text) != kFirstLine) return std::nullopt;
     RecordNumber fileSize(kFileSize), letters(kLetters);
-    while (const auto line = takeLine(text))
+    while (const auto line = nextLine(text))
         if (!fileSize.read(*line) || !letters.read(*line)) return std::nullopt;
     if (!fileSize.number() || !letters.number()) return std::nullopt;
     return RunRecord{*fileSize.number(), *letters.number()};

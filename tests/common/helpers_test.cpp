@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 
@@ -12,8 +13,6 @@
 
 namespace inin {
 namespace {
-
-const Regional kRegional;
 
 Variant least(const Variant &a, const Variant &b)
 {

@@ -5,6 +5,7 @@
 #include "runtime/date_text.h"
 #include "runtime/format.h"
 #include "runtime/number_text.h"
+#include "support/regional.h"
 
 #include <cmath>
 #include <functional>
@@ -15,8 +16,6 @@ using namespace inin;
 using inin::fuzz::require;
 
 namespace {
-
-const Regional kRegional;
 
 /// The number of the error that a conversion raises, 0 for none.
 std::int32_t errorOf(const std::function<void()> &conversion)

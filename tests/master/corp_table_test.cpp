@@ -9,46 +9,46 @@ namespace {
 
 using CorpFixture = TableFixture<cT_CORP>;
 
-const std::vector<std::string> kColumns = {"cAddress1",
-                                           "cAddress2",
-                                           "cAddressKana",
-                                           "cDaihyo",
-                                           "cDaihyoKana",
-                                           "cFaxNo",
-                                           "cKinyuName",
-                                           "cKinyuSiten",
-                                           "cKozaBangou",
-                                           "cKozaKana",
-                                           "cKozaMeigi1",
-                                           "cKozaMeigi2",
-                                           "cShamei1",
-                                           "cShamei2",
-                                           "cShameiKana1",
-                                           "cShameiKana2",
-                                           "cTelNo",
-                                           "cYubinNo",
-                                           "iKinSiten",
-                                           "iKinSyubetsu",
-                                           "iKozaKubun",
-                                           "iKozaType",
-                                           "iType",
-                                           "nIDNo",
-                                           "nLat",
-                                           "nLon",
-                                           "cPcName",
-                                           "tUpDateTime",
-                                           "cKinyuNo",
-                                           "cKinyuSitenNo",
-                                           "cJigyousyoNo",
-                                           "cJigyousyoNo2",
-                                           "cJigyouReceiptName",
-                                           "cMailDestination",
-                                           "cMailDestinationZipNo",
-                                           "cHokenTourokuKubetsu",
-                                           "cPersonalNumberCorp",
-                                           "iKyotenToshiNo",
-                                           "cKokuhoTourokuNo",
-                                           "cEmail"};
+const std::vector<std::string> kCorpColumns = {"cAddress1",
+                                               "cAddress2",
+                                               "cAddressKana",
+                                               "cDaihyo",
+                                               "cDaihyoKana",
+                                               "cFaxNo",
+                                               "cKinyuName",
+                                               "cKinyuSiten",
+                                               "cKozaBangou",
+                                               "cKozaKana",
+                                               "cKozaMeigi1",
+                                               "cKozaMeigi2",
+                                               "cShamei1",
+                                               "cShamei2",
+                                               "cShameiKana1",
+                                               "cShameiKana2",
+                                               "cTelNo",
+                                               "cYubinNo",
+                                               "iKinSiten",
+                                               "iKinSyubetsu",
+                                               "iKozaKubun",
+                                               "iKozaType",
+                                               "iType",
+                                               "nIDNo",
+                                               "nLat",
+                                               "nLon",
+                                               "cPcName",
+                                               "tUpDateTime",
+                                               "cKinyuNo",
+                                               "cKinyuSitenNo",
+                                               "cJigyousyoNo",
+                                               "cJigyousyoNo2",
+                                               "cJigyouReceiptName",
+                                               "cMailDestination",
+                                               "cMailDestinationZipNo",
+                                               "cHokenTourokuKubetsu",
+                                               "cPersonalNumberCorp",
+                                               "iKyotenToshiNo",
+                                               "cKokuhoTourokuNo",
+                                               "cEmail"};
 
 } // namespace
 
@@ -56,10 +56,10 @@ TEST_CASE("the read of a company fills each of its texts, trimmed on both sides"
 {
     CorpFixture corp;
     std::vector<GivenRow> rows(1);
-    for (const std::string &column : kColumns)
+    for (const std::string &column : kCorpColumns)
         if (column.front() == 'c') rows[0].emplace_back(column, Variant("  " + column + "の値 "));
     rows[0].emplace_back("tUpDateTime", Variant(DateSerial(2024, 5, 1)));
-    corp.database.results.push_back(rowsOf(kColumns, rows));
+    corp.database.results.push_back(rowsOf(kCorpColumns, rows));
     const cD_CORP fresh;
     REQUIRE(corp->iDataRead(&fresh) == iGood);
     const cD_CORP &row = corp->clsCORP(0);
@@ -99,15 +99,15 @@ TEST_CASE("the read of a company fills each of its texts, trimmed on both sides"
 TEST_CASE("the read of a company fills each of its numbers")
 {
     CorpFixture corp;
-    corp.database.results.push_back(rowsOf(kColumns, {{{"iKinSiten", std::int32_t{1}},
-                                                       {"iKinSyubetsu", " 2 "},
-                                                       {"iKozaKubun", std::int16_t{3}},
-                                                       {"iKozaType", 4.0},
-                                                       {"iType", std::int32_t{70000}},
-                                                       {"nIDNo", std::int32_t{6}},
-                                                       {"nLat", std::int32_t{34340000}},
-                                                       {"nLon", std::int32_t{134040000}},
-                                                       {"iKyotenToshiNo", std::int32_t{9}}}}));
+    corp.database.results.push_back(rowsOf(kCorpColumns, {{{"iKinSiten", std::int32_t{1}},
+                                                           {"iKinSyubetsu", " 2 "},
+                                                           {"iKozaKubun", std::int16_t{3}},
+                                                           {"iKozaType", 4.0},
+                                                           {"iType", std::int32_t{70000}},
+                                                           {"nIDNo", std::int32_t{6}},
+                                                           {"nLat", std::int32_t{34340000}},
+                                                           {"nLon", std::int32_t{134040000}},
+                                                           {"iKyotenToshiNo", std::int32_t{9}}}}));
     const cD_CORP fresh;
     REQUIRE(corp->iDataReadChk(&fresh) == iGood);
     const cD_CORP &row = corp->clsCORP(0);
@@ -125,7 +125,7 @@ TEST_CASE("the read of a company fills each of its numbers")
 TEST_CASE("a company with only NULLs has zeros where a fresh row has -1")
 {
     CorpFixture corp;
-    corp.database.results.push_back(rowsOf(kColumns, {{}}));
+    corp.database.results.push_back(rowsOf(kCorpColumns, {{}}));
     const cD_CORP fresh;
     REQUIRE(corp->iDataRead(&fresh) == iGood);
     const cD_CORP &row = corp->clsCORP(0);
@@ -142,9 +142,9 @@ TEST_CASE("both company grids fill their columns and leave the others as in a fr
         CAPTURE(isConditioned);
         CorpFixture corp;
         std::vector<GivenRow> rows(1);
-        for (const std::string &column : kColumns)
+        for (const std::string &column : kCorpColumns)
             rows[0].emplace_back(column, column.front() == 'c' ? Variant(column) : Variant(std::int32_t{8}));
-        corp.database.results.push_back(rowsOf(kColumns, rows));
+        corp.database.results.push_back(rowsOf(kCorpColumns, rows));
         const cD_CORP fresh;
         REQUIRE((isConditioned ? corp->iDataReadGrid_Jouken(&fresh) : corp->iDataReadGrid()) == iGood);
         const cD_CORP &row = corp->clsCORP(0);

@@ -6,7 +6,7 @@ namespace inin {
 
 namespace {
 
-constexpr const char *kStore = "C:\\SUITE\\DATA\\印刷設定.ini";
+constexpr const char *kStoredSettings = "C:\\SUITE\\DATA\\印刷設定.ini";
 
 std::string textOf(const ListBox &list)
 {
@@ -66,7 +66,7 @@ TEST_CASE_FIXTURE(PrintFixture, "a load across midnight at the month's end reads
 TEST_CASE_FIXTURE(PrintFixture,
                   "the load reads the company and the store, connects, fills the staff list, then the insurance list")
 {
-    world.files.putText(kStore, "[委任状]\n対象データ=2\n");
+    world.files.putText(kStoredSettings, "[委任状]\n対象データ=2\n");
     std::vector<std::string> &log = world.database.log;
     form.optObject.onClick = [&log](std::int16_t) { log.emplace_back("store"); };
     form.load();
@@ -102,7 +102,7 @@ TEST_CASE_FIXTURE(PrintFixture, "the dates are set before the company is read")
 TEST_CASE("an opened screen shows these values")
 {
     PrintFixture fixture;
-    fixture.world.files.putText(kStore, "[委任状]\n");
+    fixture.world.files.putText(kStoredSettings, "[委任状]\n");
     frmPrintInin form(fixture.world.app);
     form.load();
 
@@ -141,7 +141,7 @@ TEST_CASE_FIXTURE(PrintFixture,
 
 TEST_CASE_FIXTURE(PrintFixture, "a store that fails in the middle shows its box, and the load continues")
 {
-    world.files.putText(kStore, "[委任状]\n受任者=99999\n");
+    world.files.putText(kStoredSettings, "[委任状]\n受任者=99999\n");
     form.load();
 
     CHECK(onlyBox() == ShownBox{"Error:オーバーフローしました。", Icon::none, ""});
@@ -168,7 +168,7 @@ TEST_CASE("a load that cannot connect shows one box each for company and screen,
     for (const Row &row : rows) {
         PrintFixture fixture;
         row.spoil(fixture.world);
-        fixture.world.files.putText(kStore, "[委任状]\n対象データ=2\n");
+        fixture.world.files.putText(kStoredSettings, "[委任状]\n対象データ=2\n");
         frmPrintInin form(fixture.world.app);
         CAPTURE(row.what);
         form.load();

@@ -1,6 +1,7 @@
 #include "runtime/conversion.h"
 
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 
@@ -10,8 +11,6 @@
 
 namespace inin {
 namespace {
-
-const Regional kRegional;
 
 TEST_CASE("halves round to the nearest even number")
 {

@@ -1,6 +1,7 @@
 #include "runtime/conversion.h"
 #include "runtime/number_text.h"
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 

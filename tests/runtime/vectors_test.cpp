@@ -1,6 +1,7 @@
 #include "runtime/conversion.h"
 #include "runtime/format.h"
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 #include <fmt/format.h>
@@ -18,7 +19,6 @@ namespace inin {
 namespace {
 
 using Json = nlohmann::json;
-const Regional kRegional;
 
 std::vector<Json> casesOf(std::string_view kind)
 {

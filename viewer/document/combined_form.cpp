@@ -7,7 +7,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kSpace = "urn:inin:combined-form";
-constexpr std::string_view kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<combined-form xmlns=\"";
+constexpr std::string_view kXmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<combined-form xmlns=\"";
 
 void appendAttribute(std::string &out, std::string_view name, std::string_view value)
 {
@@ -47,12 +47,12 @@ public:
 
 bool isCombinedForm(std::string_view bytes)
 {
-    return bytes.starts_with(kHead) && bytes.substr(kHead.size()).starts_with(kSpace);
+    return bytes.starts_with(kXmlHead) && bytes.substr(kXmlHead.size()).starts_with(kSpace);
 }
 
 std::string combinedFormText(const std::vector<ReportOrder> &reports)
 {
-    std::string out(kHead);
+    std::string out(kXmlHead);
     out += kSpace;
     out += "\">\n";
     for (const ReportOrder &report : reports) {

@@ -39,6 +39,35 @@ std::string fileNameOf(std::string_view text)
     return name;
 }
 
+/// The first and the last month of some dates.
+class MonthSpan {
+public:
+    void add(std::string_view date)
+    {
+        // Most letters have the dates of the letter before.
+        if (date == m_last) return;
+        m_last = date;
+        const std::optional<std::string> order = formattedDate(date, "yyyymm");
+        if (!order) return;
+        const Month month{*order, formattedDate(date, "ge.mm").value_or(*order)};
+        if (!m_from || month.order < m_from->order) m_from = month;
+        if (!m_to || month.order > m_to->order) m_to = month;
+    }
+    /// "_R8.11", "_R8.11-R9.01", or empty without a date.
+    [[nodiscard]] std::string text() const
+    {
+        if (!m_from) return {};
+        return "_" + m_from->text + (m_from->order == m_to->order ? "" : "-" + m_to->text);
+    }
+
+private:
+    struct Month {
+        std::string order, text;
+    };
+    std::optional<Month> m_from, m_to;
+    std::string m_last;
+};
+
 } // namespace
 
 LetterFileNames::LetterFileNames(const LetterSet &set, std::string_view pattern, std::string_view ending)
@@ -82,6 +111,18 @@ std::string LetterFileNames::nameOf(std::size_t letter)
     std::string free = name;
     for (int twin = 2; !m_given.insert(asciiLower(free)).second; ++twin) free = fmt::format("{} ({})", name, twin);
     return free + m_ending;
+}
+
+std::string fileNameOfAll(const LetterSet &set, std::span<const std::size_t> which, std::string_view ending)
+{
+    MonthSpan months;
+    for (const char *const name : {"対象開始日", "対象終了日"})
+        for (const std::size_t letter : which) {
+            const LetterSet::Place place = set.placeOf(letter);
+            const LetterTable &table = set.reports[place.report].letters;
+            if (const auto column = table.columnOf(name)) months.add(table.value(place.row, *column));
+        }
+    return fileNameOf(set.shownTitle() + months.text()) + std::string(ending);
 }
 
 } // namespace inin::viewer

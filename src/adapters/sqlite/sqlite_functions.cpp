@@ -103,11 +103,11 @@ struct FunctionRow {
     int arguments;
     void (*body)(sqlite3_context *, int, sqlite3_value **);
 };
-constexpr std::array<FunctionRow, 5> kFunctions{{{"like", 2, guarded<like>},
-                                                 {"like", 3, guarded<like>},
-                                                 {"substring", 3, guarded<substring>},
-                                                 {"inin_left", 2, guarded<leftPart>},
-                                                 {"inin_date_text", 2, guarded<dateText>}}};
+constexpr std::array<FunctionRow, 5> kRegisteredFunctions{{{"like", 2, guarded<like>},
+                                                           {"like", 3, guarded<like>},
+                                                           {"substring", 3, guarded<substring>},
+                                                           {"inin_left", 2, guarded<leftPart>},
+                                                           {"inin_date_text", 2, guarded<dateText>}}};
 
 template <int (*compare)(std::string_view, std::string_view)>
 int collate(void *, int aSize, const void *a, int bSize, const void *b)
@@ -124,7 +124,7 @@ int registerSqlFunctions(sqlite3 *db)
     int code = sqlite3_create_collation(db, kTextCollation.data(), SQLITE_UTF8, nullptr, collate<compareJapanese>);
     if (code == SQLITE_OK)
         code = sqlite3_create_collation(db, kDateCollation.data(), SQLITE_UTF8, nullptr, collate<compareDateTexts>);
-    for (const FunctionRow &row : kFunctions)
+    for (const FunctionRow &row : kRegisteredFunctions)
         if (code == SQLITE_OK)
             code = sqlite3_create_function(db, row.name, row.arguments, kFlags, nullptr, row.body, nullptr, nullptr);
     return code;

@@ -5,7 +5,6 @@
 #include "system/win32_text.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace inin::win32 {
 
@@ -134,9 +133,8 @@ Variant heldValue(const VARIANT &value)
 
 ComVariant::ComVariant(const Variant &value) : m_value(std::visit(ComOfValue{}, value.value())) {}
 
-ComArguments::ComArguments(std::span<const Variant> arguments)
+ComArguments::ComArguments(std::span<const Variant> arguments) : m_owned(arguments.rbegin(), arguments.rend())
 {
-    for (const Variant &argument : std::views::reverse(arguments)) m_owned.emplace_back(argument);
     for (const ComVariant &owned : m_owned) m_borrowed.push_back(owned.get());
 }
 

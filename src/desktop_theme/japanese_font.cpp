@@ -1,16 +1,15 @@
-#include "adapters/qt/japanese_font.h"
+#include "desktop_theme/japanese_font.h"
 
-#include "adapters/qt/system_words.h"
+#include "desktop_theme/change_filter.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QStringList>
-#include <QTimer>
 
 #include <algorithm>
 
-namespace inin::qt {
+namespace inin::theme {
 
 namespace {
 
@@ -18,35 +17,10 @@ namespace {
 /// the same in all its languages.
 constexpr const char *kGoodFonts[] = {"Noto Sans CJK JP", "Noto Sans JP", "Yu Gothic UI", "Meiryo UI", "MS UI Gothic",
                                       "Hiragino Sans",    "IPAexGothic",  "IPAGothic",    "VL Gothic"};
-/// The size that the screen is designed for, and the smallest at which the strokes of 﨑 or 療 stay distinct.
+/// The size that the screens are designed for, and the smallest at which the strokes of 﨑 or 療 stay distinct.
 constexpr double kPointSize = 9.75;
 
 } // namespace
-
-NoJapaneseFont::NoJapaneseFont() : std::runtime_error(kWhatToInstall) {}
-
-FontReading::FontReading()
-{
-    QTimer::singleShot(0, &m_firstWait, [this] { begin(); });
-}
-
-void FontReading::begin()
-{
-    if (m_hasBegun) return;
-    m_hasBegun = true;
-    m_hasJapanese = std::async(std::launch::async, [] {
-        // The toolkit locks its list of fonts itself. The first query reads all fonts.
-        return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
-    });
-}
-
-void FontReading::finish()
-{
-    begin();
-    if (!m_hasJapanese.valid()) return;
-    if (!m_hasJapanese.get()) throw NoJapaneseFont();
-    QApplication::setFont(japaneseFont(QApplication::font()));
-}
 
 QFont japaneseFont(const QFont &desktop)
 {
@@ -64,4 +38,14 @@ QFont japaneseFont(const QFont &desktop)
     return font;
 }
 
-} // namespace inin::qt
+void useJapaneseFont(QApplication &application)
+{
+    const auto restore = [] {
+        const QFont font = japaneseFont(QApplication::font());
+        if (font != QApplication::font()) QApplication::setFont(font);
+    };
+    restore();
+    new ChangeFilter(application, QEvent::ApplicationFontChange, restore); // owned by the application
+}
+
+} // namespace inin::theme

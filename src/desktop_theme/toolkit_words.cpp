@@ -1,10 +1,10 @@
-#include "adapters/qt/toolkit_words.h"
+#include "desktop_theme/toolkit_words.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
 
-namespace inin::qt {
+namespace inin::theme {
 
 void useJapaneseWords(QApplication &application)
 {
@@ -13,4 +13,4 @@ void useJapaneseWords(QApplication &application)
         QApplication::installTranslator(words);
 }
 
-} // namespace inin::qt
+} // namespace inin::theme

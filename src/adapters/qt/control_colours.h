@@ -6,18 +6,9 @@
 #include <cstdint>
 #include <optional>
 
-class QApplication;
 class QWidget;
 
 namespace inin::qt {
-
-/// Applies one style on every desktop, with light or dark colours like the desktop's. The font is set later, by
-/// FontReading.
-void applyTheme(QApplication &application);
-
-[[nodiscard]] bool isDark(const QPalette &palette);
-/// The plain dark palette, for desktops that report no colours of their own and for screenshots.
-[[nodiscard]] QPalette darkPalette();
 
 /// A control's colour (blue-green-red) adapted to the desktop: on a dark one, greys are replaced by the desktop's own
 /// and other colours keep their hue.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFont>
 #include <QObject>
 
 #include <future>
@@ -31,8 +30,5 @@ private:
     bool m_hasBegun = false;
     std::future<bool> m_hasJapanese; ///< consumed by the first finish
 };
-
-/// The desktop's own font if it has Japanese characters, otherwise the best installed one at the same size.
-[[nodiscard]] QFont japaneseFont(const QFont &desktop);
 
 } // namespace inin::qt

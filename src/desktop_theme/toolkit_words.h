@@ -2,9 +2,9 @@
 
 class QApplication;
 
-namespace inin::qt {
+namespace inin::theme {
 
 /// Loads the toolkit's own Japanese texts (buttons of its boxes, menus of its text boxes) if they are installed.
 void useJapaneseWords(QApplication &application);
 
-} // namespace inin::qt
+} // namespace inin::theme
