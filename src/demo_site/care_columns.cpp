@@ -64,7 +64,7 @@ Cell roomShare(const Patient &, Dice &dice)
     return dice.oneIn(50) ? Cell{std::int64_t{0}} : Cell{kNull};
 }
 
-constexpr DemoPatientColumn kColumns[] = {
+constexpr DemoPatientColumn kCareColumns[] = {
     {"cByoumei", illness},
     {"iKaigoLevel", number<0, 5>},
     {"iFutanritsu", number<1, 3>},
@@ -197,7 +197,7 @@ constexpr DemoPatientColumn kColumns[] = {
 
 std::span<const DemoPatientColumn> careColumns()
 {
-    return kColumns;
+    return kCareColumns;
 }
 
 } // namespace inin::site

@@ -48,7 +48,7 @@ Cell householderBirthday(const Patient &patient, Dice &dice)
                                             : patient.birthday - std::chrono::days{365 * yearsOlder});
 }
 
-constexpr DemoPatientColumn kColumns[] = {
+constexpr DemoPatientColumn kPersonColumns[] = {
     {"iKyotenCd", [](const Patient &, Dice &) -> Cell { return kBranchCode; }},
     {"iKyotenEb", [](const Patient &, Dice &) -> Cell { return kBranchSubCode; }},
     {"nIDNo", [](const Patient &patient, Dice &) -> Cell { return patient.number; }},
@@ -116,7 +116,7 @@ constexpr DemoPatientColumn kColumns[] = {
 
 std::span<const DemoPatientColumn> personColumns()
 {
-    return kColumns;
+    return kPersonColumns;
 }
 
 } // namespace inin::site

@@ -73,7 +73,7 @@ Cell licence(const Employee &, Dice &dice)
     return std::string(dice.pick(std::span{kLicences}));
 }
 
-constexpr DemoStaffColumn kColumns[] = {
+constexpr DemoStaffColumn kStaffColumns[] = {
     {"iKyotenCd", [](const Employee &, Dice &) -> Cell { return kBranchCode; }},
     {"iKyotenEb", [](const Employee &employee, Dice &) -> Cell { return employee.subCode; }},
     {"nIDNo", [](const Employee &employee, Dice &) -> Cell { return employee.number; }},
@@ -160,8 +160,8 @@ bool isNullHere(std::int64_t number, std::size_t column)
 void writeEmployee(Insert &insert, const Employee &employee, Dice &dice)
 {
     std::vector<Cell> row;
-    for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-        row.push_back(kColumns[i].value(employee, dice));
+    for (std::size_t i = 0; i < std::size(kStaffColumns); ++i) {
+        row.push_back(kStaffColumns[i].value(employee, dice));
         if (isNullHere(employee.number, i)) row.back() = kNull;
     }
     insert.row(row);
@@ -170,7 +170,7 @@ void writeEmployee(Insert &insert, const Employee &employee, Dice &dice)
 /// A row that was created but never filled in; inactive, so that the lists show no empty line.
 void writeBlankEmployee(Insert &insert, std::int64_t number)
 {
-    std::vector<Cell> row(std::size(kColumns), kNull);
+    std::vector<Cell> row(std::size(kStaffColumns), kNull);
     row[0] = kBranchCode;
     row[1] = kBranchSubCode;
     row[2] = number;
@@ -183,7 +183,7 @@ void writeBlankEmployee(Insert &insert, std::int64_t number)
 void writeStaff(RowTarget &database, const SiteOrder &order)
 {
     std::vector<std::string_view> names;
-    for (const DemoStaffColumn &column : kColumns) names.push_back(column.name);
+    for (const DemoStaffColumn &column : kStaffColumns) names.push_back(column.name);
     Insert insert(database, "STAFF", names);
     for (const std::int64_t subCode : {kBranchSubCode, kOtherSubCode}) {
         const std::int64_t count = subCode == kBranchSubCode ? staffCount(order) : kOtherStaff;
