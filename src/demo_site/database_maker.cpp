@@ -1,6 +1,6 @@
 #include "demo_site/database_maker.h"
 
-#include "adapters/sqlite/file_calls.h"
+#include "adapters/sqlite/sqlite_file.h"
 #include "demo_site/demo_tables.h"
 #include "demo_site/embedded.h"
 #include "platform/database.h"

@@ -28,8 +28,10 @@ public:
     void next();
     [[nodiscard]] Variant value(std::size_t column) const;
 
-    [[nodiscard]] const std::vector<OdbcColumn> &columns() const { return m_columns; }
-    /// columns().size() if there is none. Called for each value of each row, so results are cached by name.
+    [[nodiscard]] std::size_t fieldCount() const { return m_columns.size(); }
+    [[nodiscard]] std::string fieldName(std::size_t index) const { return m_columns[index].name; }
+    [[nodiscard]] std::int32_t declaredType(std::size_t index) const { return m_columns[index].adoType; }
+    /// fieldCount() if there is none. Called for each value of each row, so results are cached by name.
     [[nodiscard]] std::size_t fieldIndex(std::string_view name) const;
 
     /// Reads all remaining rows into memory and frees the statement. A failure is raised when the cursor reaches its

@@ -2,9 +2,6 @@
 
 #include "adapters/sqlite/connection_string.h"
 #include "adapters/sqlite/sqlite_connection.h"
-#include "adapters/sqlite/sqlite_handle.h"
-#include "adapters/sqlite/sqlite_pool.h"
-#include "adapters/sqlite/sqlite_recordset.h"
 #include "runtime/text.h"
 
 #include <sqlite3.h>
@@ -47,8 +44,8 @@ bool isSoundSqliteDatabase(const std::string &connectionString,
     const ConnectionString parts(connectionString);
     if (!equalsIgnoringAsciiCase(parts.value("Provider"), "SQLite")) return true;
     const std::string source = parts.value("Data Source");
-    std::vector<ProviderError> errors;
-    return SqliteHandle(resolvePath(source), source, kDefaultCommandTimeout, errors).passesIntegrityCheck(errors);
+    SqliteHandle file(resolvePath(source), source, kDefaultCommandTimeout, std::make_shared<SqliteHandle::Errors>());
+    return file.passesIntegrityCheck();
 }
 
 } // namespace inin::sqlite

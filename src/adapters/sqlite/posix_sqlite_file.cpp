@@ -1,4 +1,4 @@
-#include "adapters/sqlite/file_identity.h"
+#include "adapters/sqlite/sqlite_file.h"
 
 #include <sys/stat.h>
 
