@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/database/ado_error.h"
-#include "adapters/sqlite/sql_schema.h"
+#include "adapters/sqlite/sql_names.h"
 #include "adapters/sqlite/sqlite_file.h"
 #include "adapters/sqlite/sqlite_statement.h"
 #include "platform/database.h"

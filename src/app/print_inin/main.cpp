@@ -8,7 +8,6 @@
 #include "adapters/qt/theme.h"
 #include "adapters/qt/toolkit_words.h"
 #include "adapters/qt/window_application.h"
-#include "adapters/script/recording_database.h"
 #include "adapters/script/recording_ports.h"
 #include "app/print_inin/desktop.h"
 #include "runtime/runtime_error.h"

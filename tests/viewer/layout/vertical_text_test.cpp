@@ -1,6 +1,6 @@
 // Vertical text: orientation, layout and extraction from PDF.
 #include "viewer/form/svg_reader.h"
-#include "viewer/layout/upright.h"
+#include "viewer/layout/mixed_text.h"
 #include "viewer/layout/utf8.h"
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/support/viewer_world.h"
