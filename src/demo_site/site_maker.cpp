@@ -35,11 +35,11 @@ constexpr std::string_view kFormsNote =
     "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
     "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n";
 
-struct Form {
+struct DemoForm {
     std::string_view name;
     std::string_view (*text)();
 };
-constexpr Form kForms[] = {
+constexpr DemoForm kForms[] = {
     {"委任状37_01.wfd", standardForm},
     {"委任状23.wfd", aichiForm},
     {"委任状37_高松市.wfd", takamatsuForm},
@@ -89,7 +89,7 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / "wall.bmp", wallpaper());
-    for (const Form &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
+    for (const DemoForm &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
     writeStandIns(folder, formViewer);
 }
 
