@@ -16,9 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Written to every folder that `make` creates; `make` may write to a folder that contains it.
-constexpr std::string_view kMarkerFile = ".inin-site";
-
 constexpr std::string_view kSettings = "[Sorvin総合システム]\n"
                                        "SYSTEM_SYS=\\SYS\n"
                                        "SYSTEM_TMP=\\TMP\n"
@@ -46,14 +43,19 @@ constexpr DemoForm kForms[] = {
 };
 
 /// Text files of the suite: code page 932, CR LF.
-void writeSuiteText(const fs::path &path, std::string_view text)
+std::string suiteText(std::string_view text)
 {
     std::string lines;
     for (const char character : text) {
         if (character == '\n') lines += '\r';
         lines += character;
     }
-    writeFile(path, encodeCp932(lines));
+    return encodeCp932(lines);
+}
+
+void writeSuiteText(const fs::path &path, std::string_view text)
+{
+    writeFile(path, suiteText(text));
 }
 
 std::string versionText(const SiteOrder &order)
@@ -82,10 +84,9 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
 {
     makeFolder(folder);
     writeFile(folder / kMarkerFile, markerText(order)); // first, so that an aborted run can be repeated
-    for (const std::string_view name : {"SYS", "TMP", "ICON", "DATA"}) makeFolder(folder / name);
+    for (const std::string_view name : kFolders) makeFolder(folder / name);
     writeSuiteText(folder / "Massage.ini", kSettings);
-    createForOwner(textOf(folder / "adodb.ini")); // a connection string may hold a password
-    writeSuiteText(folder / "adodb.ini", kConnection);
+    writeConnectionFile(folder, suiteText(kConnection));
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / "wall.bmp", wallpaper());
@@ -144,6 +145,16 @@ void writeFile(const fs::path &path, std::string_view bytes)
     if (!file) {
         throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", textOf(path)));
     }
+}
+
+void writeConnectionFile(const fs::path &folder, std::string_view bytes)
+{
+    // A new file, because a program may still have the old one open.
+    const fs::path path = folder / "adodb.ini";
+    std::error_code error;
+    fs::remove(path, error);
+    createForOwner(textOf(path));
+    writeFile(path, bytes);
 }
 
 void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite, const fs::path &formViewer)

@@ -2,11 +2,16 @@
 
 #include "demo_site/people.h"
 
+#include <array>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace inin::site {
+
+/// Written to every folder that `make` creates; `make` may write to a folder that contains it.
+inline constexpr std::string_view kMarkerFile = ".inin-site";
+inline constexpr std::array<std::string_view, 4> kFolders{"SYS", "TMP", "ICON", "DATA"};
 
 enum class Overwrite { onlyOwnFolder, anyFolder };
 
@@ -18,6 +23,10 @@ void makeSite(const std::filesystem::path &folder, const SiteOrder &order, Overw
 
 /// Replaces a file; raises RuntimeError with a sentence on failure.
 void writeFile(const std::filesystem::path &path, std::string_view bytes);
+
+/// Replaces "adodb.ini", which may contain a password: afterwards only its owner can read it (on Windows the folder
+/// decides).
+void writeConnectionFile(const std::filesystem::path &folder, std::string_view bytes);
 
 /// A 24-bit bitmap of sky over fields.
 [[nodiscard]] std::string wallpaper();

@@ -1,10 +1,7 @@
 #include "master/corp_table.h"
 
-#include "master/corp_map.h"
-
 #include <cstddef>
 #include <span>
-#include <utility>
 
 namespace inin {
 
@@ -118,12 +115,6 @@ std::string readStatement(const SelectList<cD_CORP> &list, const std::string &co
     return "  select" + list.text() + "  FROM      CORP" + condition + "  order by      nIDNo";
 }
 
-/// Wraps the hook for a write, if maps are enabled.
-AfterExecution mapTurn(const App &app, const std::function<std::int16_t(std::string &)> &hook)
-{
-    return app.cChizuFlg == "1" && hook ? hook : AfterExecution();
-}
-
 } // namespace
 
 std::string_view cD_CORP::sType(const std::int32_t &nCode)
@@ -146,9 +137,7 @@ std::string_view cD_CORP::sKozaType(const std::int32_t &nCode)
     return wordOfCode(kKozaTypeWords, 1, nCode);
 }
 
-cT_CORP::cT_CORP(App &app) : cT_CORP(app, corpMapHook(app)) {}
-
-cT_CORP::cT_CORP(App &app, CorpMapHook mapHook) : TableClass(app, kCorp), m_mapHook(std::move(mapHook)) {}
+cT_CORP::cT_CORP(App &app) : TableClass(app, kCorp), m_map(app) {}
 
 std::int16_t cT_CORP::iGetMaxIDNo(std::int32_t &nMaxNo)
 {
@@ -195,10 +184,10 @@ std::int16_t cT_CORP::iDataReadGrid_Jouken(const cD_CORP *cData)
 std::int16_t cT_CORP::iDataInsert(const cD_CORP *cData, std::int32_t, Transaction bTransactionFlg)
 {
     return m_table.toWrite(cData, [&](const cD_CORP &row, const WriteContext &context) {
-        const AfterExecution map = mapTurn(m_app, m_mapHook.afterInsert);
         return m_table.write(insertStatement(kCorp, kCorpColumns, row, context), bTransactionFlg,
-                             [&map](std::string &sErrMsg) {
-                                 if (map) static_cast<void>(map(sErrMsg)); // the insert is valid without its map
+                             [this](std::string &sErrMsg) {
+                                 // The insert is valid without its map.
+                                 if (hasMap()) static_cast<void>(m_map.saveForCompany(sErrMsg));
                                  return iGood;
                              });
     });
@@ -209,7 +198,9 @@ std::int16_t cT_CORP::iDataUpdate(const cD_CORP *cData, std::int32_t, Transactio
     return m_table.toWrite(cData, [&](const cD_CORP &row, const WriteContext &context) {
         return m_table.write(updateStatement(kCorp, kCorpColumns, row, context) +
                                  " where    nIDNo = " + std::to_string(row.nIDNo) + " and" + branchTerm(context.branch),
-                             bTransactionFlg, mapTurn(m_app, m_mapHook.afterUpdate));
+                             bTransactionFlg, [this](std::string &sErrMsg) {
+                                 return hasMap() ? m_map.saveOrUpdateForCompany(sErrMsg) : iGood;
+                             });
     });
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "master/corp_map.h"
 #include "master/table_contract.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -34,21 +34,11 @@ struct cD_CORP {
     std::string cKokuhoTourokuNo, cEmail;
 };
 
-/// The map operations in a write of a company: called after the statement and before its commit while the process-wide
-/// cChizuFlg is "1". An empty function is not called. Error texts go to the company table's sErrMsg.
-struct CorpMapHook {
-    /// Its status is ignored: the company is saved without its map.
-    std::function<std::int16_t(std::string &sErrMsg)> afterInsert;
-    /// A status other than 0 fails the update.
-    std::function<std::int16_t(std::string &sErrMsg)> afterUpdate;
-};
-
-/// The companies of this branch.
+/// The companies of this branch. While the process-wide cChizuFlg is "1", an insert and an update write the company's map
+/// between statement and commit.
 class cT_CORP : public TableClass<cD_CORP> {
 public:
-    /// With the branch's own map operations (corp_map.h).
     explicit cT_CORP(App &app);
-    cT_CORP(App &app, CorpMapHook mapHook);
 
     /// A row of the last read, from 0; error 9 outside. Valid until the next read.
     [[nodiscard]] const cD_CORP &clsCORP(std::int32_t nIdx) const { return rowAt(nIdx); }
@@ -71,7 +61,9 @@ public:
     [[nodiscard]] std::int16_t iDataReadGrid_Jouken(const cD_CORP *cData);
 
 private:
-    CorpMapHook m_mapHook;
+    [[nodiscard]] bool hasMap() const { return m_app.cChizuFlg == "1"; }
+
+    CorpMap m_map;
 };
 
 } // namespace inin

@@ -11,17 +11,17 @@ namespace {
 
 using Kind = Grid::CellKind;
 
-constexpr SearchColumn kColumns[] = {
+constexpr SearchColumn kStaffColumns[] = {
     {"IDNo.", Kind::number, 8, "nIDNo"},
     {"施術者名", Kind::text, 20, "cName"},
     {"フリガナ", Kind::text, 20, "cNameKana"},
 };
-constexpr SearchDesign kDesign{
+constexpr SearchDesign kStaffDesign{
     "frm施術者検索",
     "施術者検索",
     "chkEndSejutsuha",
     "管理を終了した施術者も表示する",
-    kColumns,
+    kStaffColumns,
     1,
     2,
     0,
@@ -34,7 +34,7 @@ constexpr std::int16_t kNotUsable = 1;
 
 } // namespace
 
-frm施術者検索::frm施術者検索(App &app) : SearchForm(app, kDesign)
+frm施術者検索::frm施術者検索(App &app) : SearchForm(app, kStaffDesign)
 {
     addCommon();
     addCommands();
@@ -102,7 +102,7 @@ try {
 std::string cls施術者検索::whyNotUsable(const Recordset &rsData, std::int16_t iKanriEnd) const
 {
     if (rsData.isEndOfFile()) return "対象の施術者が存在しません。";
-    const bool hasEnded = nNullToLong(rsData.Field("iChusiFlg"), m_app.regional) == 1;
+    const bool hasEnded = nNullToLong(rsData.Field("iChusiFlg")) == 1;
     return hasEnded && iKanriEnd == 0 ? "管理対象から外れています。" : std::string();
 }
 

@@ -1,5 +1,7 @@
 #include "viewer/check/duplicate_letters.h"
 
+#include "viewer/layout/utf8.h"
+
 #include <algorithm>
 #include <numeric>
 #include <string>
@@ -7,8 +9,6 @@
 namespace inin::viewer {
 
 namespace {
-
-constexpr std::string_view kWideBlank = "\u3000";
 
 std::vector<std::size_t> readableRows(const LetterTable &table)
 {

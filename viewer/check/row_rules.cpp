@@ -2,6 +2,7 @@
 
 #include "runtime/date_text.h"
 #include "runtime/regional.h"
+#include "viewer/layout/utf8.h"
 
 #include <fmt/format.h>
 
@@ -13,7 +14,6 @@ namespace inin::viewer {
 
 namespace {
 
-constexpr std::string_view kWideBlank = "\u3000";
 constexpr std::string_view kReplacement = "\uFFFD";
 constexpr std::string_view kBankWords[] = {"", "銀行", "金庫", "農協", "郵便局"};
 constexpr std::string_view kBranchWords[] = {"", "本店", "支店", "本所", "支所", "出張所"};

@@ -1,9 +1,8 @@
 #include "adapters/sqlite/sqlite_database.h"
 
+#include "adapters/database/connection_string.h"
 #include "adapters/database/dao_over_ado.h"
-#include "adapters/sqlite/connection_string.h"
 #include "adapters/sqlite/sqlite_connection.h"
-#include "runtime/text.h"
 
 #include <sqlite3.h>
 
@@ -57,9 +56,9 @@ std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std
 bool isSoundSqliteDatabase(const std::string &connectionString,
                            const std::function<std::string(const std::string &)> &resolvePath)
 {
-    const ConnectionString parts(connectionString);
-    if (!equalsIgnoringAsciiCase(parts.value("Provider"), "SQLite")) return true;
-    const std::string source = parts.value("Data Source");
+    const ConnectionString parts = readConnectionString(connectionString);
+    if (!parts.isForSqlite()) return true;
+    const std::string source = parts.value("data source").value_or("");
     SqliteHandle file(resolvePath(source), source, kDefaultCommandTimeout, std::make_shared<SqliteHandle::Errors>());
     return file.passesIntegrityCheck();
 }

@@ -1,6 +1,6 @@
 #include "adapters/sqlite/sqlite_error.h"
 
-#include "adapters/sqlite/japanese_text.h"
+#include "runtime/utf8.h"
 
 #include <sqlite3.h>
 
@@ -39,7 +39,7 @@ constexpr MessageRow kMessages[] = {
 ProviderError providerError(sqlite3 *db, int code)
 {
     const int extended = db == nullptr ? code : sqlite3_extended_errcode(db);
-    const std::string message = soundUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
+    const std::string message = validUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
     ProviderError error =
         providerError(ado_error::unspecified, "HY000", message, extended == SQLITE_OK ? code : extended);
     const int primary = code & 0xFF;
