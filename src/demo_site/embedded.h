@@ -7,6 +7,7 @@ namespace inin::site {
 // Files of the folder site/ that are compiled into the program.
 [[nodiscard]] std::string_view schemaText();
 [[nodiscard]] std::string_view serverSchemaText();
+[[nodiscard]] std::string_view demoDataText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
 /// On Windows a single program, which chooses its part by its own file name.

@@ -1,8 +1,6 @@
-#include "demo_site/stand_ins.h"
+#include "demo_site/site_maker.h"
 
 #include "demo_site/embedded.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_in_names.h"
 #include "system/file_path.h"
 
 namespace inin::site {

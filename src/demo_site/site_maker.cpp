@@ -1,17 +1,98 @@
 #include "demo_site/site_maker.h"
 
 #include "demo_site/database_maker.h"
-#include "demo_site/site_files.h"
+#include "demo_site/embedded.h"
 #include "runtime/runtime_error.h"
+#include "suite_text/code_page_932.h"
 #include "system/file_path.h"
 
 #include <fmt/format.h>
+
+#include <fstream>
 
 namespace inin::site {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::string_view kSettings = "[Sorvin総合システム]\n"
+                                       "SYSTEM_SYS=\\SYS\n"
+                                       "SYSTEM_TMP=\\TMP\n"
+                                       "SYSTEM_ICON=\\ICON\n"
+                                       "SYSTEM_DATA=\\DATA\n"
+                                       "WALLPAPER=wall.bmp\n"
+                                       "BASEID=0101\n"
+                                       "終了患者施術期間=3\n";
+
+constexpr std::string_view kConnection = "[接続情報]\n"
+                                         "接続情報=Provider=SQLite;Data Source=demo.db\n";
+
+constexpr std::string_view kFormsNote =
+    "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
+    "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n";
+
+struct DemoForm {
+    std::string_view name;
+    std::string_view (*text)();
+};
+constexpr DemoForm kForms[] = {
+    {"委任状37_01.wfd", standardForm},
+    {"委任状23.wfd", aichiForm},
+    {"委任状37_高松市.wfd", takamatsuForm},
+};
+
+/// Text files of the suite: code page 932, CR LF.
+std::string suiteText(std::string_view text)
+{
+    std::string lines;
+    for (const char character : text) {
+        if (character == '\n') lines += '\r';
+        lines += character;
+    }
+    return encodeCp932(lines);
+}
+
+void writeSuiteText(const fs::path &path, std::string_view text)
+{
+    writeFile(path, suiteText(text));
+}
+
+std::string versionText(const SiteOrder &order)
+{
+    return fmt::format("VERSION=見本サイト 0.1.0\nUUPDATE={}\n[OnlineHelp]\nADDRESS=https://example.invalid/help\n",
+                       yearMonthText(order.month));
+}
+
+std::string markerText(const SiteOrder &order)
+{
+    return fmt::format("inin-site が作った見本サイトです。もう一度 make すると、中身は作り直されます。\n"
+                       "patients={} seed={} month={}\n",
+                       order.patients, order.seed, yearMonthText(order.month));
+}
+
+void makeFolder(const fs::path &path)
+{
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (error) {
+        throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", textOf(path)));
+    }
+}
+
+void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::path &formViewer)
+{
+    makeFolder(folder);
+    writeFile(folder / kMarkerFile, markerText(order)); // first, so that an aborted run can be repeated
+    for (const std::string_view name : kFolders) makeFolder(folder / name);
+    writeSuiteText(folder / "Massage.ini", kSettings);
+    writeConnectionFile(folder, suiteText(kConnection));
+    writeSuiteText(folder / "Sorvin.ver", versionText(order));
+    writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
+    writeFile(folder / "ICON" / "wall.bmp", wallpaper());
+    for (const DemoForm &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
+    writeStandIns(folder, formViewer);
+}
 
 void refuseForeignFolder(const fs::path &folder)
 {
@@ -42,7 +123,7 @@ void makeAndRename(const fs::path &unfinished, const fs::path &target, const Sit
 /// run leaves the unfinished file, which the next run removes.
 void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 {
-    const fs::path target = folder / kDatabaseFile;
+    const fs::path target = folder / "demo.db";
     fs::path unfinished = target;
     unfinished += ".new";
     try {
@@ -55,6 +136,26 @@ void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 }
 
 } // namespace
+
+void writeFile(const fs::path &path, std::string_view bytes)
+{
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) {
+        throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", textOf(path)));
+    }
+}
+
+void writeConnectionFile(const fs::path &folder, std::string_view bytes)
+{
+    // A new file, because a program may still have the old one open.
+    const fs::path path = folder / "adodb.ini";
+    std::error_code error;
+    fs::remove(path, error);
+    createForOwner(textOf(path));
+    writeFile(path, bytes);
+}
 
 void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite, const fs::path &formViewer)
 {

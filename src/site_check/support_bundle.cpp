@@ -2,8 +2,8 @@
 
 #include "adapters/database/connection_string.h"
 #include "adapters/odbc/connection_parts.h"
-#include "demo_site/schema.h"
-#include "demo_site/site_files.h"
+#include "demo_site/database_maker.h"
+#include "demo_site/site_maker.h"
 #include "demo_site/stand_in_names.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"

@@ -80,4 +80,7 @@ struct FormDocument {
     std::vector<std::string> notices;
 };
 
+/// The fallback for a form that cannot be read: `heading` and a table of column names and values.
+[[nodiscard]] FormDocument listingForm(const std::vector<std::string> &columns, const std::string &heading);
+
 } // namespace inin::viewer

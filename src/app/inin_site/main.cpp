@@ -1,7 +1,6 @@
 #include "app/inin_site/options.h"
 #include "demo_site/server_maker.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_ins.h"
+#include "demo_site/site_maker.h"
 #include "due_letters/due_letters_text.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"

@@ -1,6 +1,6 @@
 #include "adapters/database/dao_error.h"
 #include "adapters/sqlite/database_file.h"
-#include "adapters/sqlite/sqlite_dao.h"
+#include "adapters/sqlite/sqlite_database.h"
 #include "data/dao_session.h"
 #include "system/file_path.h"
 

@@ -1,5 +1,4 @@
 #include "adapters/sqlite/sqlite_connection.h"
-#include "adapters/sqlite/sqlite_recordset.h"
 
 #include "adapters/sqlite/database_file.h"
 

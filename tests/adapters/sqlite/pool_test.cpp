@@ -1,4 +1,4 @@
-#include "adapters/sqlite/sqlite_pool.h"
+#include "adapters/sqlite/sqlite_connection.h"
 
 #include "adapters/sqlite/database_file.h"
 
@@ -27,7 +27,7 @@ struct PoolWithFakeClock {
     SqlitePool::TimePoint now{};
     SqlitePool pool{[this] { return now; }};
     DatabaseFile file{kTableOfOne};
-    std::vector<ProviderError> errors;
+    std::shared_ptr<std::vector<ProviderError>> errors = std::make_shared<std::vector<ProviderError>>();
 
     std::unique_ptr<SqliteHandle> open(const DatabaseFile &of)
     {
