@@ -1,5 +1,6 @@
 #include "viewer/app/options.h"
 
+#include "runtime/date_text.h"
 #include "runtime/text.h"
 
 #include <CLI/CLI.hpp>
@@ -13,6 +14,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kMergerName = "wfrimg10";
+constexpr std::int16_t kFirstYear = 1900;
 constexpr double kMinDots = 20, kMaxDots = 1200;
 
 bool isMergerName(std::string_view program)
@@ -29,6 +31,31 @@ std::string joined(std::vector<std::string>::const_iterator begin, std::vector<s
     return whole;
 }
 
+/// The causes of names that are separated by commas.
+CauseSet causesOf(std::string_view names)
+{
+    CauseSet causes;
+    for (bool isMore = true; isMore;) {
+        const std::size_t comma = names.find(',');
+        const std::string_view name = names.substr(0, comma);
+        const std::optional<Cause> cause = causeNamed(name);
+        if (!cause)
+            throw CLI::ValidationError("--without-check", "「" + std::string(name) + "」という点検はありません。");
+        causes.set(static_cast<std::size_t>(*cause));
+        isMore = comma != std::string_view::npos;
+        if (isMore) names.remove_prefix(comma + 1);
+    }
+    return causes;
+}
+
+Date dayOfOption(const std::string &text)
+{
+    const std::optional<Date> day = readDate(text, Regional{});
+    if (!day || Year(*day) < kFirstYear)
+        throw CLI::ValidationError("--today", "「" + text + "」は日付ではありません。");
+    return dayOf(*day);
+}
+
 ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptAfterSwitch)
 {
     CLI::App app("委任状の印刷プレビュー、印刷、PDF 出力", "formviewer");
@@ -42,6 +69,12 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     app.add_option("--letters", command.letters, "書き出す委任状の番号。例：1-3,7");
     app.add_flag("--check", command.check, "印刷前の点検の結果を表示します。");
     app.add_flag("--json", command.json, "点検の結果を JSON で表示します。");
+    app.add_option_function<std::string>(
+        "--without-check", [&](const std::string &names) { command.withoutChecks |= causesOf(names); },
+        "行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk");
+    app.add_option_function<std::string>(
+        "--today", [&](const std::string &day) { command.today = dayOfOption(day); },
+        "点検でこの日を今日とします（既定は今日）。例：2024-05-20");
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back
         app.parse(std::move(arguments));

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "runtime/date.h"
+
 #include <string>
 #include <vector>
 
 namespace inin::viewer {
 
-// The program's environment: arguments, streams, variables. All text is UTF-8.
+// The program's environment: arguments, streams, variables, calendar. All text is UTF-8.
 
 /// The words of the command line. The first is the name by which the program was started, which selects its function.
 [[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
@@ -21,5 +23,7 @@ void showFailure(const std::string &sentence);
 [[nodiscard]] bool startsMaximised();
 /// An environment variable; empty if it is not set.
 [[nodiscard]] std::string environmentText(const std::string &name);
+/// The present day by the local clock.
+[[nodiscard]] Date presentDay();
 
 } // namespace inin::viewer

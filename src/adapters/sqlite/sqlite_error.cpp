@@ -1,6 +1,6 @@
 #include "adapters/sqlite/sqlite_error.h"
 
-#include "adapters/sqlite/japanese_text.h"
+#include "suite_text/japanese_text.h"
 
 #include <sqlite3.h>
 

@@ -1,8 +1,8 @@
 #include "adapters/sqlite/sqlite_statement.h"
 
-#include "adapters/sqlite/japanese_text.h"
 #include "adapters/sqlite/sql_date_text.h"
 #include "runtime/text.h"
+#include "suite_text/japanese_text.h"
 
 #include <sqlite3.h>
 

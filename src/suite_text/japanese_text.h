@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin::sqlite {
+namespace inin {
 
 /// Folds a text as the server's usual Japanese collation compares it: ignoring case (small kana equal large ones),
 /// width and kana type, but not 濁点 and accents. ﾔﾏﾀﾞ, ヤマダ, ヤマタ゛ and やまだ are equal, やまた differs. In the
@@ -45,4 +45,4 @@ void decodeUtf8(std::string_view text, std::u32string &decoded);
 /// The text with U+FFFD in place of each invalid byte.
 [[nodiscard]] std::string soundUtf8(std::string_view text);
 
-} // namespace inin::sqlite
+} // namespace inin

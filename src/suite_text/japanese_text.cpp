@@ -1,11 +1,11 @@
-#include "adapters/sqlite/japanese_text.h"
+#include "suite_text/japanese_text.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
-namespace inin::sqlite {
+namespace inin {
 
 namespace {
 
@@ -410,4 +410,4 @@ bool LikePattern::matches(std::string_view text) const
     return element == m_elements.size();
 }
 
-} // namespace inin::sqlite
+} // namespace inin
