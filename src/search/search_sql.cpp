@@ -72,7 +72,7 @@ std::string staffConditions(const App &app, const SearchFilter &filter)
     if (!filter.kana.empty()) inner.add(holds(" cNameKana", filter.kana));
     if (filter.includeEnded == 0) inner.add(" (iChusiFlg = 0 OR iChusiFlg IS NULL)");
     if (filter.number > 0) inner.add(" nIDNo = " + std::to_string(filter.number));
-    inner.add(siteTerm(siteOf(app)));
+    inner.add(branchTerm(branchOf(app)));
     return inner.text();
 }
 
