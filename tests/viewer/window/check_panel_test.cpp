@@ -186,3 +186,13 @@ TEST_CASE("the name at the end of a finding's line is fully visible")
     REQUIRE(text.endsWith(QStringLiteral("勅使河原　茂左衛門")));
     CHECK(tree->columnWidth(0) >= tree->fontMetrics().horizontalAdvance(text) + 2 * tree->indentation());
 }
+
+TEST_CASE("a single letter of the Aichi form opens with the notice to compare the name")
+{
+    WindowWorld world(differentRows(1), "委任状23.wfd");
+    world.openWindow();
+    CHECK(world.find<QLabel>("noticeText")->text() ==
+          QStringLiteral(
+              "この様式は一通だけ出力されます。印刷の前に、利用者の氏名と住所が正しいことを確認してください。"));
+    CHECK(world.find<QWidget>("noticeBar")->isVisible());
+}
