@@ -8,7 +8,7 @@
 
 namespace inin::viewer {
 
-/// A cause that holds for nearly all letters of a run: it says something about the run, not about single letters.
+/// A cause that holds for nearly all letters of a run: it describes the run, not single letters.
 struct RunNote {
     Cause cause = Cause::unreadableRow;
     std::size_t letters = 0; ///< for which it holds

@@ -1,7 +1,10 @@
 #include "viewer/check/cause.h"
 
+#include "support/file_bytes.h"
+
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -88,4 +91,36 @@ TEST_CASE("every cause has its own name, mark, heading and remedy, to the byte")
         CHECK(text.heading == expected.heading);
         CHECK(text.remedy == expected.remedy);
     }
+}
+
+TEST_CASE("each remedy names the screen of the suite or of this program, or the form")
+{
+    constexpr std::array<std::string_view, 5> kPlaces = {"利用者マスター", "本社情報", "代理人情報", "条件の画面",
+                                                         "帳票"};
+    for (const CauseText &expected : kExpected) {
+        const std::string_view remedy = textOf(expected.cause).remedy;
+        CAPTURE(std::string(remedy));
+        CHECK(std::ranges::any_of(kPlaces, [&](std::string_view place) { return remedy.find(place) != remedy.npos; }));
+    }
+}
+
+TEST_CASE("a cause is found by its name, and an unknown name has none")
+{
+    for (const CauseText &expected : kExpected) CHECK(causeNamed(expected.name) == expected.cause);
+    CHECK(!causeNamed("noSuchCause"));
+    CHECK(!causeNamed(""));
+}
+
+TEST_CASE("the manual lists all causes in report order, with their headings, marks, remedies and names")
+{
+    const std::string manual = inin::bytesOf(std::string(ININ_DOCS) + "/manual.md");
+    std::string table = "| 点検の言葉 | 対処 | 名前 |\n|---|---|---|\n";
+    for (std::size_t i = 0; i < kCauses; ++i) {
+        const CauseText &text = textOf(static_cast<Cause>(i));
+        table += "| " + std::string(text.heading) + "（" + std::string(text.mark) + "） | " + std::string(text.remedy) +
+                 " | `" + std::string(text.name) + "` |\n";
+    }
+    const std::size_t begin = manual.find("| 点検の言葉 |");
+    REQUIRE(begin != manual.npos);
+    CHECK(manual.substr(begin, manual.find("\n\n", begin) + 1 - begin) == table);
 }

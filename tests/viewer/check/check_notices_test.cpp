@@ -17,7 +17,7 @@ TEST_CASE("the command-line check reports the window's notices of script, form a
     CHECK(outcome.code == 0);
     CHECK(outcome.output == "コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Hop,1\n"
                             "「f.svg」：スクリプトは実行しません。\n"
-                            "「f.svg」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）\n"
+                            "「f.svg」：帳票の文字のうち、フォントにないものがあります：「\U0010FFFD」（U+10FFFD）\n"
                             "1通を点検しました。注意が必要な委任状はありません。\n");
 }
 
