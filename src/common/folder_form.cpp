@@ -106,8 +106,7 @@ void frmSelFolder::Form_KeyDown(std::int16_t &KeyCode)
 try {
     if (KeyCode == kF12Key) cmdCancel_Click();
 } catch (const RuntimeError &error) {
-    m_platform.boxes.show(std::string("フォームKeyDown()でエラー").append(kCrLf).append(numberLineText(error)),
-                          Icon::critical);
+    m_platform.boxes.show(headingText("フォームKeyDown()でエラー", numberLineText(error)), Icon::critical);
 }
 
 } // namespace inin

@@ -64,7 +64,7 @@ Cell roomShare(const Patient &, Dice &dice)
     return dice.oneIn(50) ? Cell{std::int64_t{0}} : Cell{kNull};
 }
 
-constexpr PatientColumn kColumns[] = {
+constexpr DemoPatientColumn kColumns[] = {
     {"cByoumei", illness},
     {"iKaigoLevel", number<0, 5>},
     {"iFutanritsu", number<1, 3>},
@@ -195,7 +195,7 @@ constexpr PatientColumn kColumns[] = {
 
 } // namespace
 
-std::span<const PatientColumn> careColumns()
+std::span<const DemoPatientColumn> careColumns()
 {
     return kColumns;
 }

@@ -26,7 +26,7 @@ struct FormRow {
     std::string_view file;
     std::string_view title;
 };
-constexpr FormRow kForms[] = {
+constexpr FormRow kFormRows[] = {
     {0, 1, 0, "申請書_マッサージ.wfd", "療養費支給申請書（マッサージ）"},
     {0, 2, 0, "申請書_鍼灸.wfd", "療養費支給申請書（はり・きゅう）"},
     {0, 1, 1, "総括票.wfd", "総括票"},
@@ -107,7 +107,7 @@ void writeForms(RowTarget &database, const SiteOrder &order)
     Insert insert(database, "SHINSEISYO", kColumns);
     const std::string updated = isoText(dayOfMonth(order.month, 1), 9 * 60);
     const Cell zero = std::int64_t{0};
-    for (const FormRow &row : kForms) {
+    for (const FormRow &row : kFormRows) {
         insert.row({row.branch, row.branch, row.number, text(row.file), text(row.title), zero, zero, kNull, zero, zero,
                     zero, std::int64_t{37}, zero, updated, row.printType, zero, zero, zero, zero});
     }

@@ -41,7 +41,7 @@ constexpr Company kCompanies[] = {
      1},
 };
 
-constexpr std::string_view kColumns[] = {
+constexpr std::string_view kCompanyColumns[] = {
     "iKyotenCd",
     "iKyotenEb",
     "nIDNo",
@@ -86,14 +86,14 @@ constexpr std::string_view kColumns[] = {
     "cEmail",
 };
 
-Cell text(std::string_view value)
+Cell textCell(std::string_view value)
 {
     return std::string(value);
 }
 
 Cell textOrNull(std::string_view value)
 {
-    return value.empty() ? Cell{kNull} : text(value);
+    return value.empty() ? Cell{kNull} : textCell(value);
 }
 
 std::vector<Cell> rowOf(const Company &company, const SiteOrder &order)
@@ -106,9 +106,9 @@ std::vector<Cell> rowOf(const Company &company, const SiteOrder &order)
         company.subCode,
         company.number,
         company.type,
-        text(company.name1),
+        textCell(company.name1),
         textOrNull(company.name2),
-        text(company.kana),
+        textCell(company.kana),
         kNull,
         home.address1,
         textOrNull(home.address2),
@@ -118,16 +118,16 @@ std::vector<Cell> rowOf(const Company &company, const SiteOrder &order)
         makeTelephone(dice),
         head.kanji,
         head.kana,
-        text(company.bank),
+        textCell(company.bank),
         company.bankKind,
-        text(company.office),
+        textCell(company.office),
         company.officeKind,
         company.accountKind,
         std::int64_t{1},
         makeDigits(dice, 7),
-        text(company.name1),
+        textCell(company.name1),
         textOrNull(company.name2),
-        text(company.kana),
+        textCell(company.kana),
         std::int64_t{34340000 + dice.between(0, 9999)},
         std::int64_t{134040000 + dice.between(0, 9999)},
         std::string("DEMO-PC"),
@@ -136,7 +136,7 @@ std::vector<Cell> rowOf(const Company &company, const SiteOrder &order)
         makeDigits(dice, 3),
         makeDigits(dice, 10),
         kNull,
-        text(company.name1),
+        textCell(company.name1),
         home.address1,
         home.postalCode,
         makeDigits(dice, 6),
@@ -151,9 +151,9 @@ std::vector<Cell> rowOf(const Company &company, const SiteOrder &order)
 
 void writeCompanies(RowTarget &database, const SiteOrder &order)
 {
-    Insert insert(database, "CORP", kColumns);
+    Insert insert(database, "CORP", kCompanyColumns);
     for (const Company &company : kCompanies) insert.row(rowOf(company, order));
-    std::vector<Cell> blank(std::size(kColumns), kNull);
+    std::vector<Cell> blank(std::size(kCompanyColumns), kNull);
     blank[0] = kBranchCode;
     blank[1] = kBranchSubCode;
     blank[2] = kBlankCompany;

@@ -11,17 +11,17 @@ namespace {
 /// iKyotenCd, iKyotenEb and nIDNo are the first columns and never NULL.
 constexpr std::size_t kKeyColumns = 3;
 
-std::vector<PatientColumn> allColumns()
+std::vector<DemoPatientColumn> allColumns()
 {
-    std::vector<PatientColumn> columns(personColumns().begin(), personColumns().end());
+    std::vector<DemoPatientColumn> columns(personColumns().begin(), personColumns().end());
     columns.insert(columns.end(), careColumns().begin(), careColumns().end());
     return columns;
 }
 
-std::vector<std::string_view> namesOf(std::span<const PatientColumn> columns)
+std::vector<std::string_view> namesOf(std::span<const DemoPatientColumn> columns)
 {
     std::vector<std::string_view> names;
-    for (const PatientColumn &column : columns) names.push_back(column.name);
+    for (const DemoPatientColumn &column : columns) names.push_back(column.name);
     return names;
 }
 
@@ -36,7 +36,7 @@ Cell sideFlag(std::int64_t number)
 void writePatients(RowTarget &database, const SiteOrder &order)
 {
     constexpr std::string_view kSideColumns[] = {"iKyotenCd", "iKyotenEb", "nIDNo", "iDantaiUmu"};
-    const std::vector<PatientColumn> columns = allColumns();
+    const std::vector<DemoPatientColumn> columns = allColumns();
     Insert patients(database, "RIYOUSHA", namesOf(columns));
     Insert sides(database, "RIYOUSHA_SUB", kSideColumns);
     std::vector<Cell> row(columns.size());

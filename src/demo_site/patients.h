@@ -9,14 +9,14 @@
 namespace inin::site {
 
 /// A column of RIYOUSHA and its value. Random values are drawn in table order.
-struct PatientColumn {
+struct DemoPatientColumn {
     std::string_view name;
     Cell (*value)(const Patient &patient, Dice &dice);
 };
 /// Name, address, householder, place on the map, staff, insurance numbers.
-[[nodiscard]] std::span<const PatientColumn> personColumns();
+[[nodiscard]] std::span<const DemoPatientColumn> personColumns();
 /// Illness, treatment, consents, certifier and applicant, bank, later columns.
-[[nodiscard]] std::span<const PatientColumn> careColumns();
+[[nodiscard]] std::span<const DemoPatientColumn> careColumns();
 
 /// Fills RIYOUSHA and RIYOUSHA_SUB.
 void writePatients(RowTarget &database, const SiteOrder &order);

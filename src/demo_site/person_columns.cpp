@@ -48,7 +48,7 @@ Cell householderBirthday(const Patient &patient, Dice &dice)
                                             : patient.birthday - std::chrono::days{365 * yearsOlder});
 }
 
-constexpr PatientColumn kColumns[] = {
+constexpr DemoPatientColumn kColumns[] = {
     {"iKyotenCd", [](const Patient &, Dice &) -> Cell { return kBranchCode; }},
     {"iKyotenEb", [](const Patient &, Dice &) -> Cell { return kBranchSubCode; }},
     {"nIDNo", [](const Patient &patient, Dice &) -> Cell { return patient.number; }},
@@ -114,7 +114,7 @@ constexpr PatientColumn kColumns[] = {
 
 } // namespace
 
-std::span<const PatientColumn> personColumns()
+std::span<const DemoPatientColumn> personColumns()
 {
     return kColumns;
 }

@@ -36,11 +36,11 @@ constexpr std::string_view kFormsNote =
     "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n"
     "委任状23_空欄.wfd は空欄の様式です。DATA\\帳票Format.ini に名前を書くと、この様式で印刷されます。\n";
 
-struct Form {
+struct DemoForm {
     std::string_view name;
     std::string_view (*text)();
 };
-constexpr Form kForms[] = {
+constexpr DemoForm kForms[] = {
     {"委任状37_01.wfd", standardForm},
     {"委任状23.wfd", aichiForm},
     {"委任状23_空欄.wfd", blankAichiForm},
@@ -48,14 +48,19 @@ constexpr Form kForms[] = {
 };
 
 /// Text files of the suite: code page 932, CR LF.
-void writeSuiteText(const fs::path &path, std::string_view text)
+std::string suiteText(std::string_view text)
 {
     std::string lines;
     for (const char character : text) {
         if (character == '\n') lines += '\r';
         lines += character;
     }
-    writeFile(path, encodeCp932(lines));
+    return encodeCp932(lines);
+}
+
+void writeSuiteText(const fs::path &path, std::string_view text)
+{
+    writeFile(path, suiteText(text));
 }
 
 std::string versionText(const SiteOrder &order)
@@ -92,18 +97,27 @@ void writeFile(const fs::path &path, std::string_view bytes)
     }
 }
 
+void writeConnectionFile(const fs::path &folder, std::string_view bytes)
+{
+    // A new file, because a program may still have the old one open.
+    const fs::path path = folder / "adodb.ini";
+    std::error_code error;
+    fs::remove(path, error);
+    createForOwner(textOf(path));
+    writeFile(path, bytes);
+}
+
 void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::path &formViewer)
 {
     makeFolder(folder);
     writeFile(folder / kMarkerFile, markerText(order)); // first, so that an aborted run can be repeated
     for (const std::string_view name : kFolders) makeFolder(folder / name);
     writeSuiteText(folder / "Massage.ini", kSettings);
-    createForOwner(textOf(folder / "adodb.ini")); // a connection string may hold a password
-    writeSuiteText(folder / "adodb.ini", kConnection);
+    writeConnectionFile(folder, suiteText(kConnection));
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / kWallpaperFile, wallpaper());
-    for (const Form &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
+    for (const DemoForm &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
     writeStandIns(folder, formViewer);
 }
 

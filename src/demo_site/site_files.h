@@ -18,6 +18,9 @@ inline constexpr std::array<std::string_view, 4> kFolders{"SYS", "TMP", "ICON", 
 void writeSiteFiles(const std::filesystem::path &folder, const SiteOrder &order,
                     const std::filesystem::path &formViewer);
 
+/// Replaces "adodb.ini", which may contain a password: afterwards only its owner can read it (on
+/// Windows the folder decides).
+void writeConnectionFile(const std::filesystem::path &folder, std::string_view bytes);
 /// Replaces a file; raises RuntimeError with a sentence on failure.
 void writeFile(const std::filesystem::path &path, std::string_view bytes);
 

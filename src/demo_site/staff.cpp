@@ -23,7 +23,7 @@ struct Employee {
     Day entered;
 };
 
-struct StaffColumn {
+struct DemoStaffColumn {
     std::string_view name;
     Cell (*value)(const Employee &employee, Dice &dice);
 };
@@ -73,7 +73,7 @@ Cell licence(const Employee &, Dice &dice)
     return std::string(dice.pick(std::span{kLicences}));
 }
 
-constexpr StaffColumn kColumns[] = {
+constexpr DemoStaffColumn kColumns[] = {
     {"iKyotenCd", [](const Employee &, Dice &) -> Cell { return kBranchCode; }},
     {"iKyotenEb", [](const Employee &employee, Dice &) -> Cell { return employee.subCode; }},
     {"nIDNo", [](const Employee &employee, Dice &) -> Cell { return employee.number; }},
@@ -183,7 +183,7 @@ void writeBlankEmployee(Insert &insert, std::int64_t number)
 void writeStaff(RowTarget &database, const SiteOrder &order)
 {
     std::vector<std::string_view> names;
-    for (const StaffColumn &column : kColumns) names.push_back(column.name);
+    for (const DemoStaffColumn &column : kColumns) names.push_back(column.name);
     Insert insert(database, "STAFF", names);
     for (const std::int64_t subCode : {kBranchSubCode, kOtherSubCode}) {
         const std::int64_t count = subCode == kBranchSubCode ? staffCount(order) : kOtherStaff;

@@ -1,9 +1,6 @@
 #include "master/corp_table.h"
 
 #include "master/corp_columns.h"
-#include "master/corp_map.h"
-
-#include <utility>
 
 namespace inin {
 
@@ -35,17 +32,9 @@ std::string readStatement(const SelectList<cD_CORP> &list, const std::string &co
     return "  select" + list.text() + "  FROM      CORP" + condition + "  order by      nIDNo";
 }
 
-/// Wraps the hook for a write, if maps are enabled.
-AfterExecution mapTurn(const App &app, const std::function<std::int16_t(std::string &)> &hook)
-{
-    return app.cChizuFlg == "1" && hook ? hook : AfterExecution();
-}
-
 } // namespace
 
-cT_CORP::cT_CORP(App &app) : cT_CORP(app, corpMapHook(app)) {}
-
-cT_CORP::cT_CORP(App &app, CorpMapHook mapHook) : m_app(app), m_mapHook(std::move(mapHook)), m_table(app, kCorp) {}
+cT_CORP::cT_CORP(App &app) : m_app(app), m_map(app), m_table(app, kCorp) {}
 
 std::int16_t cT_CORP::iGetMaxIDNo(std::int32_t &nMaxNo)
 {
@@ -92,10 +81,10 @@ std::int16_t cT_CORP::iDataReadGrid_Jouken(const cD_CORP *cData)
 std::int16_t cT_CORP::iDataInsert(const cD_CORP *cData, std::int32_t, Transaction bTransactionFlg)
 {
     return m_table.toWrite(cData, [&](const cD_CORP &row, const WriteContext &context) {
-        const AfterExecution map = mapTurn(m_app, m_mapHook.afterInsert);
         return m_table.write(insertStatement(kCorp, corpColumns(), row, context), bTransactionFlg,
-                             [&map](std::string &sErrMsg) {
-                                 if (map) static_cast<void>(map(sErrMsg)); // the insert is valid without its map
+                             [this](std::string &sErrMsg) {
+                                 // The insert is valid without its map.
+                                 if (hasMap()) static_cast<void>(m_map.saveForCompany(sErrMsg));
                                  return iGood;
                              });
     });
@@ -106,7 +95,9 @@ std::int16_t cT_CORP::iDataUpdate(const cD_CORP *cData, std::int32_t, Transactio
     return m_table.toWrite(cData, [&](const cD_CORP &row, const WriteContext &context) {
         return m_table.write(updateStatement(kCorp, corpColumns(), row, context) +
                                  " where    nIDNo = " + std::to_string(row.nIDNo) + " and" + branchTerm(context.branch),
-                             bTransactionFlg, mapTurn(m_app, m_mapHook.afterUpdate));
+                             bTransactionFlg, [this](std::string &sErrMsg) {
+                                 return hasMap() ? m_map.saveOrUpdateForCompany(sErrMsg) : iGood;
+                             });
     });
 }
 

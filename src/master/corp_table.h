@@ -1,29 +1,19 @@
 #pragma once
 
+#include "master/corp_map.h"
 #include "master/corp_row.h"
 #include "master/table_contract.h"
 
-#include <functional>
 #include <string>
 
 namespace inin {
 
-/// The map operations in a write of a company: called after the statement and before its commit while the process-wide
-/// cChizuFlg is "1". An empty function is not called. Error texts go to the company table's sErrMsg.
-struct CorpMapHook {
-    /// Its status is ignored: the company is saved without its map.
-    std::function<std::int16_t(std::string &sErrMsg)> afterInsert;
-    /// A status other than 0 fails the update.
-    std::function<std::int16_t(std::string &sErrMsg)> afterUpdate;
-};
-
 /// The companies of this branch. Statuses are 0 or -1, with the reason in sErrMsg. nullptr is a row that is Nothing.
-/// `eOptions` is ignored. Texts are written into the statements unchanged, quote characters included.
+/// `eOptions` is ignored. Texts are written into the statements unchanged, quote characters included. While the
+/// process-wide cChizuFlg is "1", an insert and an update write the company's map between statement and commit.
 class cT_CORP {
 public:
-    /// With the branch's own map operations (corp_map.h).
     explicit cT_CORP(App &app);
-    cT_CORP(App &app, CorpMapHook mapHook);
 
     [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
     /// A row of the last read, from 0; error 9 outside. Valid until the next read.
@@ -52,8 +42,10 @@ public:
     [[nodiscard]] std::int16_t iDataReadGrid_Jouken(const cD_CORP *cData);
 
 private:
+    [[nodiscard]] bool hasMap() const { return m_app.cChizuFlg == "1"; }
+
     App &m_app;
-    CorpMapHook m_mapHook;
+    CorpMap m_map;
     TableContract<cD_CORP> m_table;
 };
 

@@ -20,35 +20,36 @@ std::string patientSql(const App &app, std::int32_t nCode)
            " and iKyotenCd = " + std::to_string(app.iKyotenCd) + " and iKyotenEb = " + std::to_string(app.iKyotenEb);
 }
 
-void assign(std::int32_t &field, const Variant &value, const Regional &regional)
-{
-    field = toLong(value, regional);
-}
-void assign(std::int16_t &field, const Variant &value, const Regional &regional)
-{
-    field = toInteger(value, regional);
-}
-void assign(Date &field, const Variant &value, const Regional &regional)
-{
-    field = toDate(value, regional);
-}
-void assign(std::string &field, const Variant &value, const Regional &regional)
-{
-    field = toText(value, regional);
-}
-template <std::size_t N> void assign(FixedText<N> &field, const Variant &value, const Regional &regional)
-{
-    field = toText(value, regional);
-}
+/// Reads the current row into a record.
+class PatientReader {
+public:
+    PatientReader(const Recordset &rsData, const Regional &regional, RIYOUSHA_REC &rec)
+        : m_rsData(rsData), m_regional(regional), m_rec(rec)
+    {
+    }
+    void read(const PatientColumn &column);
 
-/// Applies the column's rule to a value before its conversion; no value if the field is to stay unchanged.
-std::optional<Variant> valueByRule(NullRule rule, Variant value, const Regional &regional)
+private:
+    [[nodiscard]] std::optional<Variant> valueOf(const PatientColumn &column) const;
+    void assign(std::int32_t &field, const Variant &value) const { field = toLong(value); }
+    void assign(std::int16_t &field, const Variant &value) const { field = toInteger(value); }
+    void assign(Date &field, const Variant &value) const { field = toDate(value, m_regional); }
+    template <class Text> void assign(Text &field, const Variant &value) const { field = toText(value, m_regional); }
+
+    const Recordset &m_rsData;
+    const Regional &m_regional;
+    RIYOUSHA_REC &m_rec;
+};
+
+/// The column's value by its rule, before its conversion; no value if the field is to stay unchanged.
+std::optional<Variant> PatientReader::valueOf(const PatientColumn &column) const
 {
-    switch (rule) {
+    Variant value = m_rsData.Field(column.name);
+    switch (column.rule) {
     case NullRule::empty:
-        return csNullToStr(value, regional);
+        return csNullToStr(value, m_regional);
     case NullRule::zero:
-        return nNullToLong(value, regional);
+        return nNullToLong(value);
     case NullRule::guarded:
         break;
     }
@@ -58,11 +59,10 @@ std::optional<Variant> valueByRule(NullRule rule, Variant value, const Regional 
 
 /// A column that the database lacks and a value that cannot be converted leave their field unchanged: sites differ in
 /// the later columns, and most callers need only the name.
-void readColumn(const Recordset &rsData, const PatientColumn &column, const Regional &regional, RIYOUSHA_REC &rec)
+void PatientReader::read(const PatientColumn &column)
 try {
-    const std::optional<Variant> value = valueByRule(column.rule, rsData.Field(column.name), regional);
-    if (!value) return;
-    std::visit([&](auto field) { assign(rec.*field, *value, regional); }, column.field);
+    const std::optional<Variant> value = valueOf(column);
+    if (value) std::visit([&](auto field) { assign(m_rec.*field, *value); }, column.field);
 } catch (const RuntimeError &) {
     return;
 }
@@ -108,7 +108,8 @@ std::int16_t iGetRiyoushaRec(App &app, std::int32_t nCode, RIYOUSHA_REC &rec)
     OpenPatient patient;
     if (!openPatient(app, nCode, patient)) return kPatientNotRead;
     RIYOUSHA_REC row;
-    for (const PatientColumn &column : patientColumns()) readColumn(*patient.rsData, column, app.regional, row);
+    PatientReader reader(*patient.rsData, app.regional, row);
+    for (const PatientColumn &column : patientColumns()) reader.read(column);
     close(patient);
     rec = std::move(row);
     return kPatientRead;

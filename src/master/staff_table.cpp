@@ -30,9 +30,9 @@ std::string readStatement(const char *select, const SelectList<cD_STAFF> &list, 
     return select + list.text() + "  FROM      STAFF" + condition + "  order by      nIDNo";
 }
 
-std::string twoDigits(std::int16_t code, const Regional &regional)
+std::string twoDigits(std::int16_t code)
 {
-    return formatText(code, "00", regional);
+    return formatText(code, "00", Regional{}); // the settings have no effect on a number
 }
 
 } // namespace
@@ -43,7 +43,7 @@ std::int16_t cT_STAFF::iGetMaxIDNo(std::int32_t &nMaxNo)
 {
     return m_table.trapped([&] {
         const bool isNumberedByBranch = m_app.iKyotenIdMode == 1;
-        const std::string subCode = twoDigits(m_app.iKyotenEb, m_app.regional);
+        const std::string subCode = twoDigits(m_app.iKyotenEb);
         std::string sql = "  select      max(STAFF.nIDNo) as nIDNo  FROM      STAFF  where iKyotenCd = " +
                           std::to_string(m_app.iKyotenCd) + "  and iKyotenEb = " + std::to_string(m_app.iKyotenEb);
         if (isNumberedByBranch) {
@@ -55,8 +55,7 @@ std::int16_t cT_STAFF::iGetMaxIDNo(std::int32_t &nMaxNo)
         if (status != iGood) return status;
         // Deliberate: the seed has the code with two digits, the prefix has it unpadded. Their numbers agree except for
         // branch code 0, which never finds its seed again.
-        if (found == 0 && isNumberedByBranch)
-            found = toLong(Variant(twoDigits(m_app.iKyotenCd, m_app.regional) + subCode + "0000"), m_app.regional);
+        if (found == 0 && isNumberedByBranch) found = toLong(Variant(twoDigits(m_app.iKyotenCd) + subCode + "0000"));
         nMaxNo = found;
         return iGood;
     });

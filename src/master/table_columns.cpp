@@ -15,8 +15,8 @@ std::string FieldReader::text(const Variant &value) const
 
 std::int32_t FieldReader::number(const Variant &value) const
 {
-    if (unreadable == Unreadable::countsAsZero) return nNullToLong(value, regional);
-    return value.isNull() ? 0 : toLong(value, regional);
+    if (unreadable == Unreadable::countsAsZero) return nNullToLong(value);
+    return value.isNull() ? 0 : toLong(value);
 }
 
 std::string branchTerm(Branch branch)

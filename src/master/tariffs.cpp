@@ -26,13 +26,6 @@ constexpr FeeCode kFeeCodes[] = {
     {9, 12, &Fees::n実費交通費},
 };
 
-/// The leading number of a field's text, so that one unreadable fee does not prevent all later ones. NULL is still an
-/// error.
-double numberOf(const Recordset &rsData, const char *column, const Regional &regional)
-{
-    return leadingNumber(toText(rsData.Field(column), regional));
-}
-
 /// The current row, for error texts: values not yet read are still those of the previous row.
 struct CurrentRow {
     std::int16_t iTankaKbn = 0;
@@ -42,10 +35,13 @@ struct CurrentRow {
 
 void readFee(const Recordset &rsData, const Regional &regional, CurrentRow &current, Fees &fees)
 {
+    // The leading number of a field's text, so that one unreadable fee does not prevent all later ones. NULL is still
+    // an error.
+    const auto number = [&](const char *column) { return leadingNumber(toText(rsData.Field(column), regional)); };
     current.any = true;
-    current.iTankaKbn = toInteger(numberOf(rsData, "iTankaKbn", regional));
-    current.nTankaCode = toLong(numberOf(rsData, "nTankaCode", regional));
-    const std::int32_t nTanka = toLong(numberOf(rsData, "nTanka", regional));
+    current.iTankaKbn = toInteger(number("iTankaKbn"));
+    current.nTankaCode = toLong(number("nTankaCode"));
+    const std::int32_t nTanka = toLong(number("nTanka"));
     for (const FeeCode &code : kFeeCodes)
         if (code.iTankaKbn == current.iTankaKbn && code.nTankaCode == current.nTankaCode) fees.*code.fee = nTanka;
 }

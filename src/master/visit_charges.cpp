@@ -22,8 +22,8 @@ try {
         const std::size_t size = static_cast<std::size_t>(count) + 1;
         m_charges.resize(size);
         m_limits.resize(size);
-        m_charges.back() = toLong(rsData.Field("nKingakuOuryou"), m_app.regional);
-        m_limits.back() = toLong(rsData.Field("nMaxLen"), m_app.regional);
+        m_charges.back() = toLong(rsData.Field("nKingakuOuryou"));
+        m_limits.back() = toLong(rsData.Field("nMaxLen"));
         count = narrow(count + 1);
     };
     if (!session.walk(monthStatement("往療費区分", csYM, "nMaxLen"), clear, append)) return 0;

@@ -1,9 +1,9 @@
 #include "search/patient_search_form.h"
 
+#include "common/error_text.h"
 #include "common/helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
-#include "runtime/text.h"
 #include "search/search_sql.h"
 #include "search/staff_search.h"
 #include "shell/settings.h"
@@ -17,7 +17,7 @@ namespace {
 using Kind = Grid::CellKind;
 
 constexpr std::int16_t kAreaColumn = 1;
-constexpr SearchColumn kColumns[] = {
+constexpr SearchColumn kPatientColumns[] = {
     {"拠点 No.", Kind::number, 8, "iKyotenCd", "iKyotenEb"},
     {"ID No.", Kind::number, 8, "nIDNo"},
     {"利用者氏名", Kind::text, 16, "cName"},
@@ -28,12 +28,12 @@ constexpr SearchColumn kColumns[] = {
     {"名称地区", Kind::text, 12, "cNameRyaku"},
 };
 // Deliberate: the message for an empty staff list also mentions patients.
-constexpr SearchDesign kDesign{
+constexpr SearchDesign kPatientDesign{
     "frm患者検索",
     "利用者マスター検索",
     "chkEndKanja",
     "施術終了した利用者も表示",
-    kColumns,
+    kPatientColumns,
     2,
     3,
     kAreaColumn,
@@ -78,7 +78,7 @@ std::string conditionsText(const SearchFilter &filter)
 
 } // namespace
 
-frm患者検索::frm患者検索(App &app) : SearchForm(app, kDesign)
+frm患者検索::frm患者検索(App &app) : SearchForm(app, kPatientDesign)
 {
     addCommon();
     addLabelled(imNum_StaffNo, "施術者");
@@ -102,7 +102,7 @@ std::int16_t frm患者検索::iInit(std::int32_t nSeledCode)
     }
     // Deliberate: only the heading of a failed connect has a blank.
     const char *heading = own.step == ConnectStep::connect ? "iInit() でエラー" : "iInit()でエラー";
-    setErrStr(std::string(heading).append(kCrLf).append(own.csErrMsg));
+    setErrStr(headingText(heading, own.csErrMsg));
     return iBad;
 }
 
@@ -119,7 +119,7 @@ void frm患者検索::readSettings()
     // without the column.
     m_limitMonth = kNoLimitMonth;
     spr_1ran.setColumnWidth(kAreaColumn, 0);
-    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);
+    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no));
     if (m_endedMonths == 0) return;
     m_limitMonth = monthText(app(), 1 - m_endedMonths);
     chkEndKanja.Caption = monthText(app(), -m_endedMonths) + "以前に、施術の終了した利用者も表示する。";
@@ -195,7 +195,7 @@ bool frm患者検索::confirmEntry(const Control *active)
 
 bool frm患者検索::lookUpStaff()
 {
-    const std::int32_t number = nNullToLong(imNum_StaffNo.Value, app().regional);
+    const std::int32_t number = nNullToLong(imNum_StaffNo.Value);
     if (number == 0) {
         cbo_Sejutusha.ListIndex = 0;
         return true;

@@ -54,7 +54,7 @@ try {
 std::string cls施術者検索::whyNotUsable(const Recordset &rsData, std::int16_t iKanriEnd) const
 {
     if (rsData.isEndOfFile()) return "対象の施術者が存在しません。";
-    const bool hasEnded = nNullToLong(rsData.Field("iChusiFlg"), m_app.regional) == 1;
+    const bool hasEnded = nNullToLong(rsData.Field("iChusiFlg")) == 1;
     return hasEnded && iKanriEnd == 0 ? "管理対象から外れています。" : std::string();
 }
 

@@ -8,17 +8,17 @@ namespace {
 
 using Kind = Grid::CellKind;
 
-constexpr SearchColumn kColumns[] = {
+constexpr SearchColumn kStaffColumns[] = {
     {"IDNo.", Kind::number, 8, "nIDNo"},
     {"施術者名", Kind::text, 20, "cName"},
     {"フリガナ", Kind::text, 20, "cNameKana"},
 };
-constexpr SearchDesign kDesign{
+constexpr SearchDesign kStaffDesign{
     "frm施術者検索",
     "施術者検索",
     "chkEndSejutsuha",
     "管理を終了した施術者も表示する",
-    kColumns,
+    kStaffColumns,
     1,
     2,
     0,
@@ -28,7 +28,7 @@ constexpr SearchDesign kDesign{
 
 } // namespace
 
-frm施術者検索::frm施術者検索(App &app) : SearchForm(app, kDesign)
+frm施術者検索::frm施術者検索(App &app) : SearchForm(app, kStaffDesign)
 {
     addCommon();
     addCommands();

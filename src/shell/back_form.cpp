@@ -17,7 +17,7 @@ std::int16_t codeOfBase(App &app, std::size_t start)
     const std::string base = toText(vGetSystemValue(app, "BASEID", WarnIfMissing::no), app.regional);
     const std::string code = mid(base, start, kCodeLength);
     if (length(code) < kCodeLength) throw RuntimeError(error_number::typeMismatch);
-    return toInteger(Variant(code), app.regional);
+    return toInteger(Variant(code));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "suite_text/japanese_text.h"
 
+#include "runtime/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -8,8 +10,6 @@
 namespace inin {
 
 namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
 
 /// The full-width forms of the half-width katakana U+FF61 to U+FF9F, in this order.
 constexpr std::u32string_view kFromHalfWidth = U"。「」、・ヲァィゥェォャュョッーアイウエオカキクケコサシスセソ"
@@ -70,66 +70,6 @@ constexpr UpperCase kUpperCase[] = {
     {0x4C1, 0x4CD, 1, 2},      {0x4D0, 0x52E, 1, 2},     {0x1E00, 0x1E94, 1, 2},  {0x1EA0, 0x1EFE, 1, 2},
     {0x2160, 0x216B, 0x10, 1}, {0x24B6, 0x24CF, 0x1A, 1}};
 constexpr char32_t kUpperYWithDiaeresis = 0x178, kLowerYWithDiaeresis = 0xFF;
-
-bool isAscii(char c)
-{
-    return static_cast<unsigned char>(c) < 0x80;
-}
-
-bool isContinuation(std::string_view text, std::size_t at)
-{
-    return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
-}
-
-/// Decodes the code point at `at` and moves `at` past it. Sets `sound` to false for an invalid byte.
-char32_t decodeOne(std::string_view text, std::size_t &at, bool &sound)
-{
-    const auto lead = static_cast<unsigned char>(text[at]);
-    if (lead < 0x80) {
-        ++at;
-        return lead;
-    }
-    const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2U
-                               : lead >= 0xE0 && lead <= 0xEF ? 3U
-                               : lead >= 0xF0 && lead <= 0xF4 ? 4U
-                                                              : 1U;
-    bool whole = length > 1;
-    for (std::size_t i = 1; i < length; ++i) whole = whole && isContinuation(text, at + i);
-    char32_t code = lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; whole && i < length; ++i)
-        code = (code << 6U) | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
-    const bool real = whole && !(length == 3 && (code < 0x800 || (code >= 0xD800 && code < 0xE000))) &&
-                      !(length == 4 && (code < 0x10000 || code > 0x10FFFF));
-    sound = sound && real;
-    at += real ? length : 1;
-    return real ? code : kReplacement;
-}
-
-/// True for a valid three-byte sequence from U+1000 to U+CFFF, which includes kana and most kanji; there are no
-/// overlong forms or surrogates in that range.
-bool isCommonThree(std::string_view text, std::size_t at)
-{
-    const auto lead = static_cast<unsigned char>(text[at]);
-    return lead >= 0xE1 && lead <= 0xEC && isContinuation(text, at + 1) && isContinuation(text, at + 2);
-}
-
-void appendUtf8(std::string &text, char32_t code)
-{
-    const auto byte = [&text](char32_t value) { text += static_cast<char>(static_cast<unsigned char>(value)); };
-    if (code < 0x80) return byte(code);
-    if (code < 0x800) {
-        byte(0xC0U | (code >> 6U));
-    } else {
-        if (code < 0x10000) {
-            byte(0xE0U | (code >> 12U));
-        } else {
-            byte(0xF0U | (code >> 18U));
-            byte(0x80U | ((code >> 12U) & 0x3FU));
-        }
-        byte(0x80U | ((code >> 6U) & 0x3FU));
-    }
-    byte(0x80U | (code & 0x3FU));
-}
 
 constexpr char32_t foldAscii(char32_t c)
 {
@@ -206,10 +146,10 @@ private:
     /// The next character that is significant in comparisons.
     char32_t weighted(std::size_t &at) const
     {
-        bool sound = true;
         while (at < m_text.size()) {
-            const char32_t c = decodeOne(m_text, at, sound);
-            if (!isVariationSelector(c)) return c;
+            const DecodedCharacter next = firstCharacter(m_text.substr(at));
+            at += next.bytes;
+            if (!isVariationSelector(next.character)) return next.character;
         }
         return kEnd;
     }
@@ -227,23 +167,14 @@ private:
     std::size_t m_at = 0;
 };
 
-/// The start of the character that contains the byte at `at`.
-std::size_t characterStart(std::string_view text, std::size_t at)
-{
-    while (at > 0 && isContinuation(text, at)) --at;
-    return at;
-}
-
 /// The position from which to compare two texts whose first `same` bytes are equal: before the last character that
 /// could combine with a following 濁点 or 半濁点.
 std::size_t comparisonStart(std::string_view a, std::string_view b, std::size_t same)
 {
     std::size_t at = std::min(characterStart(a, same), characterStart(b, same));
-    bool sound = true;
     while (at > 0 && !isAscii(a[at - 1])) {
         at = characterStart(a, at - 1);
-        std::size_t next = at;
-        if (!isVariationSelector(decodeOne(a, next, sound))) break;
+        if (!isVariationSelector(firstCharacter(a.substr(at)).character)) break;
     }
     return at;
 }
@@ -253,36 +184,14 @@ std::string_view withoutBlanksAtEnd(std::string_view text)
 {
     while (!text.empty() && (text.back() == ' ' || !isAscii(text.back()))) {
         const std::size_t last = characterStart(text, text.size() - 1);
-        std::size_t next = last;
-        bool sound = true;
-        const char32_t c = decodeOne(text, next, sound);
-        if (next != text.size() || (c != U' ' && c != 0x3000 && !isVariationSelector(c))) break;
+        const char32_t c = firstCharacter(text.substr(last)).character;
+        if (c != U' ' && c != 0x3000 && !isVariationSelector(c)) break;
         text = text.substr(0, last);
     }
     return text;
 }
 
 } // namespace
-
-void decodeUtf8(std::string_view text, std::u32string &decoded)
-{
-    decoded.clear();
-    bool sound = true;
-    for (std::size_t at = 0; at < text.size();) decoded += decodeOne(text, at, sound);
-}
-
-std::string soundUtf8(std::string_view text)
-{
-    // Called for each text of each row; nearly all characters are of these two kinds.
-    std::size_t at = 0;
-    while (at < text.size() && (isAscii(text[at]) || isCommonThree(text, at))) at += isAscii(text[at]) ? 1U : 3U;
-    bool sound = true;
-    while (sound && at < text.size()) (void)decodeOne(text, at, sound);
-    if (sound) return std::string(text);
-    std::string repaired;
-    for (at = 0; at < text.size();) appendUtf8(repaired, decodeOne(text, at, sound));
-    return repaired;
-}
 
 void foldJapanese(std::string_view text, std::u32string &folded)
 {
@@ -320,18 +229,17 @@ int compareJapanese(std::string_view a, std::string_view b)
 LikePattern::LikePattern(std::string_view pattern, char32_t escape)
 {
     std::string literal;
-    bool sound = true;
     for (std::size_t at = 0; at < pattern.size();) {
-        std::size_t next = at;
-        char32_t c = decodeOne(pattern, next, sound);
-        const bool isEscaped = escape != 0 && c == escape && next < pattern.size();
+        DecodedCharacter next = firstCharacter(pattern.substr(at));
+        const char32_t c = next.character;
+        const bool isEscaped = escape != 0 && c == escape && at + next.bytes < pattern.size();
         if (isEscaped) {
-            at = next;
-            (void)decodeOne(pattern, next, sound);
+            at += next.bytes;
+            next = firstCharacter(pattern.substr(at));
         }
         if (isEscaped || (c != U'%' && c != U'_' && c != U'[')) {
-            literal += pattern.substr(at, next - at);
-            at = next;
+            literal += pattern.substr(at, next.bytes);
+            at += next.bytes;
             continue;
         }
         addLiteral(literal);
@@ -341,7 +249,7 @@ LikePattern::LikePattern(std::string_view pattern, char32_t escape)
             continue;
         }
         m_elements.push_back({c == U'%' ? Kind::run : Kind::any});
-        at = next;
+        at += next.bytes;
     }
     addLiteral(literal);
 }

@@ -39,10 +39,4 @@ private:
     std::vector<Element> m_elements;
 };
 
-/// UTF-8 to code points, with U+FFFD for each invalid byte.
-void decodeUtf8(std::string_view text, std::u32string &decoded);
-
-/// The text with U+FFFD in place of each invalid byte.
-[[nodiscard]] std::string soundUtf8(std::string_view text);
-
 } // namespace inin

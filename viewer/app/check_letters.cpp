@@ -9,7 +9,7 @@
 
 namespace inin::viewer {
 
-void printCheckReport(const ViewCommand &command)
+std::size_t printCheckReport(const ViewCommand &command)
 {
     const LetterSet set = openScript(command.script);
     Fonts fonts;
@@ -28,6 +28,7 @@ void printCheckReport(const ViewCommand &command)
     const LetterNames names(set);
     const std::string text = command.json ? checkJson(report, names) : checkText(report, names);
     (void)std::fputs(text.c_str(), stdout); // a failure is detected when the program ends
+    return lettersIn(report.findings);
 }
 
 } // namespace inin::viewer

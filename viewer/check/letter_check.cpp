@@ -4,7 +4,7 @@
 #include "viewer/check/row_rules.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/document/mark_text.h"
-#include "viewer/layout/utf8.h"
+#include "viewer/form/placeholder.h"
 
 #include <fmt/format.h>
 

@@ -1,12 +1,12 @@
 #include "viewer/document/letter_set.h"
 
 #include "runtime/runtime_error.h"
+#include "transfer/run_record.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/form/listing_form.h"
 #include "viewer/form/svg_reader.h"
 #include "viewer/io/file_io.h"
 #include "viewer/letters/csv_reader.h"
-#include "viewer/letters/run_record.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
 #include "viewer/document/mark_text.h"
 
-#include "viewer/layout/utf8.h"
+#include "runtime/utf8.h"
 
 #include <fmt/format.h>
 

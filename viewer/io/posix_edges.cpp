@@ -11,11 +11,6 @@
 
 namespace inin::viewer {
 
-std::vector<std::string> commandWords(int argc, char **argv)
-{
-    return {argv, argv + argc};
-}
-
 void prepareStreams()
 {
     prepareStandardStreams();

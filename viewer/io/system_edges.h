@@ -3,14 +3,11 @@
 #include "runtime/date.h"
 
 #include <string>
-#include <vector>
 
 namespace inin::viewer {
 
-// The program's environment: arguments, streams, variables, calendar. All text is UTF-8.
+// The program's environment: streams, variables, calendar. All text is UTF-8.
 
-/// The words of the command line. The first is the name by which the program was started, which selects its function.
-[[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
 /// Prepares the standard streams. Must be called before any file is opened. A GUI program that was started from a console
 /// then writes to it, and a write beyond the user's file size limit fails instead of killing the program.
 void prepareStreams();

@@ -7,9 +7,7 @@
 #include "system/file_path.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
-#include <fstream>
 
 namespace inin {
 
@@ -170,11 +168,7 @@ private:
         std::error_code error;
         if (!std::filesystem::is_regular_file(path, error)) throw daoError(dao_error::fileNotFound);
         constexpr std::size_t kStart = 64;
-        std::array<char, kStart> start{};
-        std::ifstream file(path, std::ios::binary);
-        file.read(start.data(), start.size());
-        const std::string_view bytes(start.data(), static_cast<std::size_t>(file.gcount()));
-        if (!m_kind->isOfThisKind(bytes)) throw daoError(dao_error::unknownFormat);
+        if (!m_kind->isOfThisKind(startOfFile(path, kStart))) throw daoError(dao_error::unknownFormat);
     }
 
     std::unique_ptr<Connection> connect(const std::string &connectionString) const

@@ -158,10 +158,10 @@ std::optional<Part> partOfKey(std::string_view key)
     return found == std::end(kKeys) ? std::nullopt : std::optional(found->part);
 }
 
-ConnectionParts readConnectionParts(const ConnectionText &text)
+ConnectionParts readConnectionParts(const ConnectionString &text)
 {
     ConnectionParts parts;
-    const bool isOdbc = text.form == ConnectionText::Form::odbc;
+    const bool isOdbc = text.form == ConnectionString::Form::odbc;
     for (const ConnectionPair &pair : text.pairs) {
         const std::optional<Part> part = partOfKey(pair.key);
         if (part && isOdbc)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/odbc/connection_text.h"
+#include "adapters/database/connection_string.h"
 #include "adapters/odbc/server_address.h"
 
 #include <cstdint>
@@ -66,6 +66,6 @@ struct ConnectionParts {
 
 /// The meaning of a key, if it has one here. `key` is in lower case.
 [[nodiscard]] std::optional<Part> partOfKey(std::string_view key);
-[[nodiscard]] ConnectionParts readConnectionParts(const ConnectionText &text);
+[[nodiscard]] ConnectionParts readConnectionParts(const ConnectionString &text);
 
 } // namespace inin::odbc

@@ -3,8 +3,8 @@
 #include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_api.h"
 #include "adapters/odbc/odbc_session.h"
-#include "adapters/odbc/utf16.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 #include <array>

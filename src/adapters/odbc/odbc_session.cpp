@@ -3,7 +3,7 @@
 #include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_api.h"
 #include "adapters/odbc/single_select.h"
-#include "adapters/odbc/utf16.h"
+#include "runtime/utf8.h"
 
 #include <array>
 #include <limits>

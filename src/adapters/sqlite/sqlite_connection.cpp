@@ -1,6 +1,6 @@
 #include "adapters/sqlite/sqlite_connection.h"
 
-#include "adapters/sqlite/connection_string.h"
+#include "adapters/database/connection_string.h"
 #include "adapters/sqlite/sqlite_error.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
@@ -35,24 +35,25 @@ void SqliteConnection::Open(const std::string &connectionString, const std::stri
     m_lease = std::make_shared<SqliteLease>(SqliteLease{std::move(handle), m_errors});
     if (m_connectionString == connectionString && !m_database.empty()) return;
     m_connectionString = connectionString;
-    m_database = databaseName(ConnectionString(connectionString).value("Data Source"));
+    m_database = databaseName(readConnectionString(connectionString).value("data source").value_or(""));
 }
 
 /// The error messages do not contain the connection string, because it may contain a password.
 std::unique_ptr<SqliteHandle> SqliteConnection::openFile(const std::string &connectionString)
 {
-    const ConnectionString parts(connectionString);
-    const std::string provider = parts.value("Provider");
-    if (!equalsIgnoringAsciiCase(provider, "SQLite"))
-        raise(*m_errors,
-              providerError(ado_error::unspecified, "IM002",
-                            provider.empty() ? "the connection string names no Provider"
-                                             : "this database is opened by Provider=SQLite, not by " + provider));
-    const std::string source = parts.value("Data Source");
-    if (source.empty())
-        raise(*m_errors, providerError(ado_error::unspecified, "IM002", "the connection string names no Data Source"));
+    const auto refuse = [this](const std::string &why) {
+        raise(*m_errors, providerError(ado_error::unspecified, "IM002", why));
+    };
+    const ConnectionString parts = readConnectionString(connectionString);
+    const std::string provider = parts.value("provider").value_or("");
+    if (provider.empty()) refuse("the connection string names no Provider");
+    if (!parts.isForSqlite()) refuse("this database is opened by Provider=SQLite, not by " + provider);
+    if (!parts.problem.empty()) refuse(parts.problem);
+    const std::string source = parts.value("data source").value_or("");
+    if (source.empty()) refuse("the connection string names no Data Source");
     auto handle = std::make_unique<SqliteHandle>(m_resolvePath(source), source, m_timeout, *m_errors, m_pool->clock());
-    if (equalsIgnoringAsciiCase(parts.value("Mode"), "Share Exclusive")) handle->lockExclusively(*m_errors);
+    if (equalsIgnoringAsciiCase(parts.value("mode").value_or(""), "Share Exclusive"))
+        handle->lockExclusively(*m_errors);
     return handle;
 }
 

@@ -1,11 +1,10 @@
 #include "adapters/sqlite/sqlite_database.h"
 
-#include "adapters/sqlite/connection_string.h"
+#include "adapters/database/connection_string.h"
 #include "adapters/sqlite/sqlite_connection.h"
 #include "adapters/sqlite/sqlite_handle.h"
 #include "adapters/sqlite/sqlite_pool.h"
 #include "adapters/sqlite/sqlite_recordset.h"
-#include "runtime/text.h"
 
 #include <sqlite3.h>
 
@@ -44,9 +43,9 @@ std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std
 bool isSoundSqliteDatabase(const std::string &connectionString,
                            const std::function<std::string(const std::string &)> &resolvePath)
 {
-    const ConnectionString parts(connectionString);
-    if (!equalsIgnoringAsciiCase(parts.value("Provider"), "SQLite")) return true;
-    const std::string source = parts.value("Data Source");
+    const ConnectionString parts = readConnectionString(connectionString);
+    if (!parts.isForSqlite()) return true;
+    const std::string source = parts.value("data source").value_or("");
     std::vector<ProviderError> errors;
     return SqliteHandle(resolvePath(source), source, kDefaultCommandTimeout, errors).passesIntegrityCheck(errors);
 }

@@ -1,6 +1,6 @@
 #include "adapters/sqlite/sqlite_error.h"
 
-#include "suite_text/japanese_text.h"
+#include "runtime/utf8.h"
 
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -72,7 +72,7 @@ std::string shownMessage(int code, std::string_view message)
 ProviderError providerError(sqlite3 *db, int code)
 {
     const int extended = db == nullptr ? code : sqlite3_extended_errcode(db);
-    const std::string message = soundUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
+    const std::string message = validUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
     ProviderError error = providerError(ado_error::unspecified, "HY000", shownMessage(code, message),
                                         extended == SQLITE_OK ? code : extended);
     const int primary = primaryCode(code);

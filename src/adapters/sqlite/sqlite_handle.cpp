@@ -12,8 +12,6 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <array>
-#include <fstream>
 #include <limits>
 #include <utility>
 
@@ -31,11 +29,9 @@ constexpr int kBloomFilter = 0x00080000;
 bool isDatabaseFile(const std::string &path, bool &isEmpty)
 {
     constexpr std::string_view kHeader("SQLite format 3\0", 16);
-    std::array<char, 16> start{};
-    std::ifstream file(pathOf(path), std::ios::binary);
-    file.read(start.data(), start.size());
-    isEmpty = file.gcount() == 0;
-    return std::string_view(start.data(), static_cast<std::size_t>(file.gcount())) == kHeader;
+    const std::string start = startOfFile(pathOf(path), kHeader.size());
+    isEmpty = start.empty();
+    return start == kHeader;
 }
 
 std::unique_ptr<SqliteStatement> prepareInternal(sqlite3 *db, const char *sql)

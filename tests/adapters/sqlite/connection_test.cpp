@@ -13,16 +13,16 @@ using namespace inin::sqlite;
 
 namespace {
 
-constexpr std::int32_t kClosed = 3704, kOpen = 3705, kBadArgument = 3001;
+constexpr std::int32_t kNotOpen = 3704, kAlreadyOpen = 3705, kBadArgument = 3001;
 
-const char *const kTable = "CREATE TABLE T (nID INTEGER PRIMARY KEY, cName TEXT NOT NULL);"
-                           "INSERT INTO T VALUES (1, 'a'), (2, 'b')";
+const char *const kTableOfNames = "CREATE TABLE T (nID INTEGER PRIMARY KEY, cName TEXT NOT NULL);"
+                                  "INSERT INTO T VALUES (1, 'a'), (2, 'b')";
 
 } // namespace
 
 TEST_CASE("a session is closed until it is opened, and again after it is closed")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     const auto database = plainDatabase();
     const auto connection = database->newConnection();
     CHECK(connection->State() == adStateClosed);
@@ -36,22 +36,22 @@ TEST_CASE("a session is closed until it is opened, and again after it is closed"
 
 TEST_CASE("an open session cannot be opened again, and a closed session can only be opened")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
-    CHECK(raisedBy([&] { session.connection().Open(file.connectionString(), "", "", -1); }).number == kOpen);
+    CHECK(raisedBy([&] { session.connection().Open(file.connectionString(), "", "", -1); }).number == kAlreadyOpen);
     CHECK(session.connection().State() == adStateOpen);
     session.connection().Close();
-    CHECK(raisedBy([&] { session.connection().Close(); }).number == kClosed);
-    CHECK(raisedBy([&] { session.execute("DELETE FROM T"); }).number == kClosed);
-    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == kClosed);
-    CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == kClosed);
-    CHECK(raisedBy([&] { session.connection().RollbackTrans(); }).number == kClosed);
+    CHECK(raisedBy([&] { session.connection().Close(); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.execute("DELETE FROM T"); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.connection().RollbackTrans(); }).number == kNotOpen);
     CHECK(file.value("SELECT count(*) FROM T") == "2");
 }
 
 TEST_CASE("the default database is the name of the file, and empty while the session is closed")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     const auto database = makeSqliteDatabaseAt(file.path());
     struct Row {
         const char *source, *name;
@@ -71,7 +71,7 @@ TEST_CASE("the default database is the name of the file, and empty while the ses
 
 TEST_CASE("Execute returns the number of affected rows, and -1 for other statements")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     CHECK(session.execute("INSERT INTO T VALUES (3, 'c'), (4, 'd')") == 2);
     CHECK(session.execute("UPDATE T SET cName = 'x'") == 4);
@@ -87,7 +87,7 @@ TEST_CASE("Execute returns the number of affected rows, and -1 for other stateme
 
 TEST_CASE("a command timeout survives closing and opening, and cannot be negative")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     CHECK(session.connection().CommandTimeout() == 30);
     session.connection().setCommandTimeout(180);
@@ -99,7 +99,7 @@ TEST_CASE("a command timeout survives closing and opening, and cannot be negativ
 
 TEST_CASE("a failure leaves one entry in the error list, which the next failure replaces")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     struct Row {
         std::string_view sql, description, state;
@@ -154,7 +154,7 @@ TEST_CASE("a common error is shown in Japanese with the provider's message in br
 
 TEST_CASE("a write that violates a constraint is reported as such and changes nothing")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     constexpr std::int32_t kPrimaryKey = 1555, kNotNull = 1299; // SQLite's extended codes
     CHECK(raisedBy([&] { session.execute("INSERT INTO T VALUES (9, 'x'), (1, 'x')"); }).number ==

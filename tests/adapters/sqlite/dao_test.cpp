@@ -56,7 +56,7 @@ struct DaoFile {
     std::unique_ptr<DaoEngine> engine = plainEngine();
 };
 
-using Names = std::vector<std::string>;
+using TableNames = std::vector<std::string>;
 
 /// Checks that the file opens as a database under another name.
 void openRenamed(DaoFile &at, const std::string &name)
@@ -65,7 +65,7 @@ void openRenamed(DaoFile &at, const std::string &name)
     {
         OpenDao open(*at.engine, name);
         CHECK(open.status == 0);
-        CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+        CHECK(open.names("STAFF") == TableNames{"山田", "鈴木"});
     }
     at.engine.reset(); // with its idle connection, which would lock the file on Windows
     CHECK(std::filesystem::remove(pathOf(name)));
@@ -78,11 +78,11 @@ TEST_CASE("rows are read by statement and by table name, streamed and at once")
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
     for (const std::int32_t type : {dbOpenSnapshot, dbOpenForwardOnly}) {
-        CHECK(open.names("SELECT * FROM STAFF ORDER BY nIDNo DESC", type) == Names{"鈴木", "山田"});
-        CHECK(open.names("STAFF", type) == Names{"山田", "鈴木"});
+        CHECK(open.names("SELECT * FROM STAFF ORDER BY nIDNo DESC", type) == TableNames{"鈴木", "山田"});
+        CHECK(open.names("STAFF", type) == TableNames{"山田", "鈴木"});
     }
-    CHECK(open.names("STAFF", dbOpenTable) == Names{"山田", "鈴木"});
-    CHECK(open.names("[STAFF]") == Names{"山田", "鈴木"});
+    CHECK(open.names("STAFF", dbOpenTable) == TableNames{"山田", "鈴木"});
+    CHECK(open.names("[STAFF]") == TableNames{"山田", "鈴木"});
 }
 
 TEST_CASE("a table name with a blank opens as a table")
@@ -219,10 +219,10 @@ TEST_CASE("a commit keeps the changes of a transaction, and a rollback undoes th
     OpenDao open(*at.engine, at.file.path());
     REQUIRE(open.session.iBeginTrans() == 0);
     CHECK(open.session.iExecSQL("DELETE FROM STAFF WHERE nIDNo = 1") == 0);
-    CHECK(open.names("STAFF") == Names{"鈴木"});
+    CHECK(open.names("STAFF") == TableNames{"鈴木"});
     CHECK(at.file.value("SELECT count(*) FROM STAFF") == "2");
     CHECK(open.session.iRollbackTrans() == 0);
-    CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+    CHECK(open.names("STAFF") == TableNames{"山田", "鈴木"});
     REQUIRE(open.session.iBeginTrans() == 0);
     CHECK(open.session.iExecSQL("DELETE FROM STAFF WHERE nIDNo = 1") == 0);
     CHECK(open.session.iCommitTrans() == 0);
@@ -325,7 +325,7 @@ TEST_CASE("a closed session can be opened again")
     OpenDao open(*at.engine, at.file.path());
     CHECK(open.session.iDbClose() == 0);
     CHECK(open.session.iDbOpen() == 0);
-    CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+    CHECK(open.names("STAFF") == TableNames{"山田", "鈴木"});
 }
 
 TEST_CASE("a database that is opened exclusively is in use for all other sessions until it is closed")
@@ -333,7 +333,7 @@ TEST_CASE("a database that is opened exclusively is in use for all other session
     DaoFile at;
     OpenDao alone(*at.engine, at.file.path(), kExclusive);
     REQUIRE(alone.status == 0);
-    CHECK(alone.names("STAFF") == Names{"山田", "鈴木"});
+    CHECK(alone.names("STAFF") == TableNames{"山田", "鈴木"});
     for (const std::int16_t other : {kShared, kExclusive}) {
         const OpenDao refused(*at.engine, at.file.path(), other);
         CHECK(refused.status == -1);

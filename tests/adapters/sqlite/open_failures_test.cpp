@@ -52,7 +52,7 @@ void checkRefused(const Opening &opening, const std::string &description)
     CHECK(opening.errors[0].Description == description);
 }
 
-const char *const kTable = "CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1), (2)";
+const char *const kTableOfTwo = "CREATE TABLE T (nID INTEGER); INSERT INTO T VALUES (1), (2)";
 const char *const kEndless = "WITH r(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM r) SELECT count(*) FROM r";
 /// Each row takes SQLite long enough to check the timeout.
 const char *const kSlowRows = "SELECT (WITH r(n) AS (SELECT T.nID UNION ALL SELECT n + 1 FROM r WHERE n < 5000) "
@@ -60,7 +60,7 @@ const char *const kSlowRows = "SELECT (WITH r(n) AS (SELECT T.nID UNION ALL SELE
 
 /// A session with a timeout of one second by a simulated clock, which advances by `tick` at each timeout check.
 struct TimedSession {
-    DatabaseFile file{kTable};
+    DatabaseFile file{kTableOfTwo};
     SqlitePool::TimePoint now{};
     std::chrono::milliseconds tick{0};
     SqliteConnection connection{std::make_shared<SqlitePool>([this] { return now += tick; }),
@@ -150,6 +150,8 @@ TEST_CASE("the error for a connection string without provider or source does not
                  "this database is opened by Provider=SQLite, not by SQLOLEDB");
     checkRefused(openOf("Provider=SQLite;Password=secret"), "the connection string names no Data Source");
     checkRefused(openOf(""), "the connection string names no Provider");
+    checkRefused(openOf("Provider=SQLite;Data Source=x.db;Password=\"secret"),
+                 "the connection string cannot be read: a quoted value has no end");
 }
 
 TEST_CASE_FIXTURE(TimedSession, "opening a session on a locked file fails after the command timeout")
@@ -189,7 +191,7 @@ TEST_CASE_FIXTURE(TimedSession, "a statement that timed out at a lock runs once 
 
 TEST_CASE("a session waits for another program's lock, even while another session of its own program is open")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfTwo);
     Session session(file);
     const auto idle = session.database().newConnection();
     idle->Open(file.connectionString(), "", "", -1);
@@ -203,7 +205,7 @@ TEST_CASE("a session waits for another program's lock, even while another sessio
 
 TEST_CASE("a commit waits for another program's reading, even while another session of its own program is open")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfTwo);
     Session session(file), otherProgram(file);
     const auto idle = session.database().newConnection();
     idle->Open(file.connectionString(), "", "", -1);

@@ -60,12 +60,12 @@ TEST_CASE("the check as JSON counts letters from 1 and uses the causes' names")
     CHECK(json["causes"][1]["findings"][0]["detail"] == "利用者氏名：?");
 }
 
-TEST_CASE("the command-line check prints the findings and exits with success")
+TEST_CASE("the command-line check prints the findings and exits with 1")
 {
     const TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, twoLettersOneWithoutHolder());
     const Outcome outcome = runViewer(folder, "--check --today 2024-05-20 '" + script + "'");
-    CHECK(outcome.code == 0);
+    CHECK(outcome.code == 1);
     CHECK(contains(outcome.output, "■ 口座名義が入っていません（1通）"));
 }
 
@@ -76,7 +76,7 @@ TEST_CASE("the command-line check as JSON checks all letters and reports the req
     rows.push_back(rows[1]);
     const std::string script = writePrintJob(folder, kForm, rows);
     const Outcome outcome = runViewer(folder, "--check --json --today 2024-05-20 --letters 2 '" + script + "'");
-    REQUIRE(outcome.code == 0);
+    REQUIRE(outcome.code == 1);
     const auto json = nlohmann::json::parse(outcome.output);
     CHECK(json["letters"] == 1);
     REQUIRE(json["causes"].size() == 2);

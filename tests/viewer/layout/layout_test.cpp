@@ -1,7 +1,7 @@
 #include "runtime/runtime_error.h"
+#include "runtime/utf8.h"
 #include "viewer/layout/letter_layout.h"
 #include "viewer/layout/text_fit.h"
-#include "viewer/layout/utf8.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -361,12 +361,4 @@ TEST_CASE("a missing gothic is replaced by a gothic, and a missing mincho by a m
     CHECK(fonts.font("Meiryo UI").path() == fonts.font("IPAexGothic").path());
     CHECK(contains(fonts.font("Yu Mincho").postScriptName(), "Mincho"));
     CHECK(fonts.notices().size() == 3);
-}
-
-TEST_CASE("invalid UTF-8 bytes become replacement characters, and all other characters are kept")
-{
-    std::u32string characters;
-    CHECK(appendCharacters("a\xE3\x81\x82\xFFz\xE3\x81", characters, 100));
-    CHECK(characters == U"aあ\uFFFDz\uFFFD");
-    CHECK_FALSE(appendCharacters("abc", characters, 2));
 }
