@@ -1,7 +1,7 @@
 #include "site_check/support_bundle.h"
 
+#include "adapters/database/connection_string.h"
 #include "adapters/odbc/connection_parts.h"
-#include "adapters/odbc/connection_text.h"
 #include "demo_site/schema.h"
 #include "demo_site/site_files.h"
 #include "demo_site/stand_in_names.h"
@@ -125,7 +125,7 @@ constexpr ShownPart kShownParts[] = {
     {odbc::Part::fileSourceName, "file data source"},
 };
 
-std::string shownPair(const odbc::ConnectionPair &pair)
+std::string shownPair(const ConnectionPair &pair)
 {
     const auto part = odbc::partOfKey(pair.key);
     const auto *shown = part ? std::ranges::find(kShownParts, *part, &ShownPart::part) : std::end(kShownParts);
@@ -144,9 +144,9 @@ std::string connectionSettings(const std::optional<std::string> &connection)
 {
     std::string lines = "[adodb.ini]\n";
     if (!connection) return lines + "（読めません）\n";
-    const odbc::ConnectionText text = odbc::readConnectionText(*connection);
+    const ConnectionString text = readConnectionString(*connection);
     if (!text.problem.empty()) return lines + "（接続文字列の書き方が正しくありません）\n";
-    for (const odbc::ConnectionPair &pair : text.pairs) lines += shownPair(pair);
+    for (const ConnectionPair &pair : text.pairs) lines += shownPair(pair);
     return lines;
 }
 

@@ -88,13 +88,13 @@ void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
     app.add_flag("--json", command.json,
                  text("点検の結果を JSON で表示します。", "Prints the findings of the check as JSON."));
     addRead("--without-check", text("名前", "NAMES"),
-                 text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
-                      "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
-                 [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
+            text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
+                 "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
+            [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
     addRead("--today", text("日付", "DATE"),
-                 text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
-                      "The day that the check compares dates with (default: today), such as 2024-05-20."),
-                 [&command](const std::string &day) { command.today = dayOfOption(day); });
+            text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
+                 "The day that the check compares dates with (default: today), such as 2024-05-20."),
+            [&command](const std::string &day) { command.today = dayOfOption(day); });
 }
 
 ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptAfterSwitch)

@@ -2,6 +2,7 @@
 
 #include "runtime/date_text.h"
 #include "runtime/regional.h"
+#include "viewer/form/placeholder.h"
 
 #include <fmt/format.h>
 
@@ -14,7 +15,6 @@ namespace inin::viewer {
 
 namespace {
 
-constexpr std::string_view kWideBlank = "\u3000";
 constexpr std::string_view kReplacement = "\uFFFD";
 constexpr std::string_view kBankColumn = "金融機関名", kSecondBankColumn = "金融機関名２";
 constexpr std::int32_t kLongestPeriod = 2, kLongestDistance = 24; ///< months
