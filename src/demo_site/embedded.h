@@ -14,6 +14,7 @@ namespace inin::site {
 [[nodiscard]] std::string_view standInProgram();
 [[nodiscard]] std::string_view standardForm();
 [[nodiscard]] std::string_view aichiForm();
+[[nodiscard]] std::string_view blankAichiForm();
 [[nodiscard]] std::string_view takamatsuForm();
 
 } // namespace inin::site

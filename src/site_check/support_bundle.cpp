@@ -4,7 +4,6 @@
 #include "adapters/odbc/connection_parts.h"
 #include "demo_site/database_maker.h"
 #include "demo_site/site_maker.h"
-#include "demo_site/stand_in_names.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"

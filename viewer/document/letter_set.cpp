@@ -149,6 +149,7 @@ private:
         report.form = naming(report.formPath, [&] { return readSvg(bytes); });
         for (const std::string &notice : report.form.notices)
             m_set.notices.push_back(fmt::format("「{}」：{}", report.formPath, notice));
+        if (report.letters.size() == 1 && !report.form.singleNotice.empty()) warn(report.form.singleNotice);
     }
 
     /// An item text replaces the form text whose id is the item's name.

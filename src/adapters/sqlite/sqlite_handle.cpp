@@ -68,8 +68,8 @@ SqliteHandle::~SqliteHandle() = default;
 void SqliteHandle::openFile(const std::string &displayPath)
 {
     const std::optional<FileIdentity> identity = fileIdentity(m_path);
-    const auto refuse = [this](std::string message, int code) {
-        raise(*m_errors, providerError(ado_error::unspecified, "HY000", std::move(message), code));
+    const auto refuse = [this](const std::string &message, int code) {
+        raise(*m_errors, providerError(ado_error::unspecified, "HY000", shownMessage(code, message), code));
     };
     if (!identity) refuse("unable to open database file: " + displayPath, SQLITE_CANTOPEN);
     m_identity = *identity;

@@ -219,7 +219,8 @@ TEST_CASE("opening a session fails when the file of an idle connection was delet
     fs::remove(file.path());
     const Raised raised = raisedBy([&] { (void)firstName(*database, file); });
     CHECK(raised.number == ado_error::unspecified);
-    CHECK(raised.description == "unable to open database file: " + file.path());
+    CHECK(raised.description ==
+          "データベースのファイルを開けません。（unable to open database file: " + file.path() + "）");
     CHECK_FALSE(fs::exists(file.path())); // nor is it created
 }
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace inin::sqlite {
+namespace inin {
 
 /// Folds a text as the server's usual Japanese collation compares it: ignoring case (small kana equal large ones),
 /// width and kana type, but not 濁点 and accents. ﾔﾏﾀﾞ, ヤマダ, ヤマタ゛ and やまだ are equal, やまた differs. In the
@@ -39,4 +39,4 @@ private:
     std::vector<Element> m_elements;
 };
 
-} // namespace inin::sqlite
+} // namespace inin

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/japanese_text.h"
+#include "suite_text/japanese_text.h"
 
 #include <doctest/doctest.h>
 
@@ -6,7 +6,6 @@
 #include <string_view>
 
 using namespace inin;
-using namespace inin::sqlite;
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/japanese_text.h"
+#include "suite_text/japanese_text.h"
 
 #include "runtime/utf8.h"
 
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace inin::sqlite {
+namespace inin {
 
 namespace {
 
@@ -318,4 +318,4 @@ bool LikePattern::matches(std::string_view text) const
     return element == m_elements.size();
 }
 
-} // namespace inin::sqlite
+} // namespace inin
