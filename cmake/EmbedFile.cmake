@@ -7,14 +7,11 @@ file(WRITE "${TO}" "#include \"${HEADER}\"
 
 namespace inin::site {
 
-namespace {
-constexpr unsigned char kBytes[] = {
-    ${bytes}
-};
-} // namespace
-
 std::string_view ${NAME}()
 {
+    static constexpr unsigned char kBytes[] = {
+    ${bytes}
+    };
     return {reinterpret_cast<const char *>(kBytes), sizeof kBytes};
 }
 

@@ -14,6 +14,10 @@ else()
         target_compile_options(inin_flags INTERFACE $<$<CONFIG:Release>:-Wno-restrict>)
     endif()
 endif()
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # In a group, g++ takes a source file for a header and warns of its unnamed namespace.
+    target_compile_options(inin_flags INTERFACE -Wno-subobject-linkage)
+endif()
 if(ININ_WERROR AND NOT MSVC)
     target_compile_options(inin_flags INTERFACE -Werror)
 endif()
@@ -52,9 +56,9 @@ endif()
 
 # Additional flags of the test programs.
 add_library(inin_test_flags INTERFACE)
-if((WIN32 OR ININ_SANITIZE) AND NOT MSVC)
-    # Unoptimized: tests take longer to compile than to run.
-    target_compile_options(inin_test_flags INTERFACE -O0)
+if((WIN32 OR ININ_SANITIZE OR CMAKE_BUILD_TYPE STREQUAL "Debug") AND NOT MSVC)
+    # Unoptimized: tests take longer to compile than to run. Without optimization there are no checks of the C library.
+    target_compile_options(inin_test_flags INTERFACE -O0 -U_FORTIFY_SOURCE)
 endif()
 if(ININ_FUZZ)
     # Coverage counters for libFuzzer; the address sanitizer's run-time library supplies them to ordinary programs.

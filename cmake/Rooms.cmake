@@ -1,7 +1,15 @@
+# The presets dev and asan compile the sources of a target in groups (CMAKE_UNITY_BUILD): most of the time goes into the
+# headers that they share. The sources of a group see each other's names; the other presets compile each file by itself
+# and so show what it forgets to include. ALONE lists sources that do not fit into a group.
+function(inin_compile_alone)
+    set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # A room is one folder of src/ as a static library. LINKS lists the rooms that it may use; TOOLKIT means that it draws
 # windows.
 function(inin_room name)
-    cmake_parse_arguments(ROOM "TOOLKIT" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    cmake_parse_arguments(ROOM "TOOLKIT" "" "SOURCES;ALONE;LINKS;PRIVATE_LINKS" ${ARGN})
+    inin_compile_alone(${ROOM_ALONE})
     add_library(${name} STATIC ${ROOM_SOURCES})
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${name} PUBLIC ${ROOM_LINKS} PRIVATE inin_flags ${ROOM_PRIVATE_LINKS})

@@ -11,7 +11,12 @@ std::string numberedText(const RuntimeError &error)
 
 std::string numberLineText(const RuntimeError &error)
 {
-    return std::to_string(error.number()).append(kCrLf).append(error.description());
+    return headingText(std::to_string(error.number()), error.description());
+}
+
+std::string headingText(std::string_view heading, std::string_view text)
+{
+    return std::string(heading).append(kCrLf).append(text);
 }
 
 } // namespace inin

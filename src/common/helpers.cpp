@@ -25,7 +25,7 @@ std::weak_ordering compareTexts(std::string_view a, std::string_view b)
 
 /// The runtime's comparison of two variants, neither of them Null: an Empty adopts the type of the other side, and a
 /// number is less than every text.
-std::partial_ordering compare(const Variant &a, const Variant &b, const Regional &regional)
+std::partial_ordering compare(const Variant &a, const Variant &b)
 {
     const auto *textA = a.getIf<std::string>();
     const auto *textB = b.getIf<std::string>();
@@ -34,21 +34,21 @@ std::partial_ordering compare(const Variant &a, const Variant &b, const Regional
     if (textB != nullptr && a.isEmpty()) return compareTexts("", *textB);
     if (textA != nullptr || textB != nullptr)
         return textA != nullptr ? std::partial_ordering::greater : std::partial_ordering::less;
-    return toDouble(a, regional) <=> toDouble(b, regional);
+    return toDouble(a) <=> toDouble(b);
 }
 
 } // namespace
 
-Variant vMin(const Variant &a, const Variant &b, const Regional &regional)
+Variant vMin(const Variant &a, const Variant &b)
 {
     if (a.isNull() || b.isNull()) return a;
-    return std::is_lt(compare(b, a, regional)) ? b : a;
+    return std::is_lt(compare(b, a)) ? b : a;
 }
 
-Variant vMax(const Variant &a, const Variant &b, const Regional &regional)
+Variant vMax(const Variant &a, const Variant &b)
 {
     if (a.isNull() || b.isNull()) return a;
-    return std::is_gt(compare(b, a, regional)) ? b : a;
+    return std::is_gt(compare(b, a)) ? b : a;
 }
 
 std::string csNullToStr(const Variant &value, const Regional &regional)
@@ -69,11 +69,11 @@ try {
     return {};
 }
 
-std::int32_t nNullToLong(const Variant &value, const Regional &regional)
+std::int32_t nNullToLong(const Variant &value)
 try {
     // Columns without a number are common: detect them without the cost of an exception.
     const bool isOtherText = value.getIf<std::string>() != nullptr && !isNumeric(value);
-    return value.isNull() || isOtherText ? 0 : toLong(value, regional);
+    return value.isNull() || isOtherText ? 0 : toLong(value);
 } catch (const RuntimeError &) {
     return 0;
 }

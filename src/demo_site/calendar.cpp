@@ -25,7 +25,7 @@ Parts partsOf(Day day)
     return {int{date.year()}, unsigned{date.month()}, unsigned{date.day()}};
 }
 
-std::optional<int> digits(std::string_view text)
+std::optional<int> readDigits(std::string_view text)
 {
     int value = 0;
     for (const char character : text) {
@@ -40,8 +40,8 @@ std::optional<int> digits(std::string_view text)
 std::optional<YearMonth> yearMonthFromText(std::string_view text)
 {
     if (text.size() != 7 || text[4] != '-') return std::nullopt;
-    const auto year = digits(text.substr(0, 4));
-    const auto month = digits(text.substr(5));
+    const auto year = readDigits(text.substr(0, 4));
+    const auto month = readDigits(text.substr(5));
     if (!year || !month || *year < kFirstYear || *year > kLastYear || *month < 1 || *month > 12) return std::nullopt;
     return std::chrono::year{*year} / std::chrono::month{static_cast<unsigned>(*month)};
 }

@@ -1,6 +1,6 @@
 #include "demo_site/database_maker.h"
 
-#include "adapters/sqlite/file_calls.h"
+#include "adapters/sqlite/sqlite_file.h"
 #include "demo_site/demo_tables.h"
 #include "demo_site/embedded.h"
 #include "platform/database.h"
@@ -79,7 +79,7 @@ private:
     StatementHandle m_statement;
 };
 
-std::string textOf(const StatementHandle &statement, int column)
+std::string columnText(const StatementHandle &statement, int column)
 {
     const unsigned char *text = sqlite3_column_text(statement.get(), column);
     return {text, text + sqlite3_column_bytes(statement.get(), column)};
@@ -89,7 +89,8 @@ std::vector<SchemaColumn> columnsOf(SqliteWriter &database, const std::string &t
 {
     std::vector<SchemaColumn> columns;
     const StatementHandle statement = database.prepare("SELECT name, type FROM pragma_table_info('" + table + "')");
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) columns.push_back({textOf(statement, 0), textOf(statement, 1)});
+    while (sqlite3_step(statement.get()) == SQLITE_ROW)
+        columns.push_back({columnText(statement, 0), columnText(statement, 1)});
     return columns;
 }
 
@@ -125,7 +126,7 @@ std::vector<TableColumns> schemaTables()
         database.prepare("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid");
     std::vector<TableColumns> tables;
     while (sqlite3_step(names.get()) == SQLITE_ROW) {
-        const std::string name = textOf(names, 0);
+        const std::string name = columnText(names, 0);
         tables.push_back({name, columnsOf(database, name)});
     }
     return tables;

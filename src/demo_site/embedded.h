@@ -12,6 +12,7 @@ namespace inin::site {
 [[nodiscard]] std::string_view formToolStandIn();
 [[nodiscard]] std::string_view standardForm();
 [[nodiscard]] std::string_view aichiForm();
+[[nodiscard]] std::string_view blankAichiForm();
 [[nodiscard]] std::string_view takamatsuForm();
 
 } // namespace inin::site

@@ -1,6 +1,6 @@
 #include "demo_site/site_maker.h"
 
-#include "adapters/sqlite/connection_string.h"
+#include "adapters/database/connection_string.h"
 #include "demo_site/database_maker.h"
 #include "demo_site/embedded.h"
 #include "runtime/runtime_error.h"
@@ -24,8 +24,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Written to every folder that `make` creates; `make` may write to a folder that contains it.
-constexpr std::string_view kMarkerFile = ".inin-site";
 constexpr std::size_t kLongestConnection = 4096;
 
 constexpr std::string_view kSettings = "[Sorvin総合システム]\n"
@@ -42,23 +40,30 @@ constexpr std::string_view kConnection = "[接続情報]\n"
 
 constexpr std::string_view kFormsNote =
     "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
-    "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n";
+    "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n"
+    "委任状23_空欄.wfd は空欄の様式です。DATA\\帳票Format.ini に名前を書くと、この様式で印刷されます。\n";
 
 constexpr DemoForm kForms[] = {
     {"委任状37_01.wfd", standardForm},
     {"委任状23.wfd", aichiForm},
+    {"委任状23_空欄.wfd", blankAichiForm},
     {"委任状37_高松市.wfd", takamatsuForm},
 };
 
 /// Text files of the suite: code page 932, CR LF.
-void writeSuiteText(const fs::path &path, std::string_view text)
+std::string suiteText(std::string_view text)
 {
     std::string lines;
     for (const char character : text) {
         if (character == '\n') lines += '\r';
         lines += character;
     }
-    writeFile(path, encodeCp932(lines));
+    return encodeCp932(lines);
+}
+
+void writeSuiteText(const fs::path &path, std::string_view text)
+{
+    writeFile(path, suiteText(text));
 }
 
 std::string versionText(const SiteOrder &order)
@@ -87,10 +92,9 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
 {
     makeFolder(folder);
     writeFile(folder / kMarkerFile, markerText(order)); // first, so that an aborted run can be repeated
-    for (const std::string_view name : {"SYS", "TMP", "ICON", "DATA"}) makeFolder(folder / name);
+    for (const std::string_view name : kFolders) makeFolder(folder / name);
     writeSuiteText(folder / "Massage.ini", kSettings);
-    createForOwner(textOf(folder / "adodb.ini")); // a connection string may hold a password
-    writeSuiteText(folder / "adodb.ini", kConnection);
+    writeConnectionFile(folder, suiteText(kConnection));
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
     writeFile(folder / "ICON" / "wall.bmp", wallpaper());
@@ -109,8 +113,7 @@ bool namesServer(const fs::path &connectionFile)
 {
     const std::string connection = decodeCp932(profileString(bytesOf(connectionFile), encodeCp932("接続情報"),
                                                              encodeCp932("接続情報"), "", kLongestConnection));
-    return !connection.empty() &&
-           !equalsIgnoringAsciiCase(sqlite::ConnectionString(connection).value("Provider"), "SQLite");
+    return !connection.empty() && !readConnectionString(connection).isForSqlite();
 }
 
 void refuseSuite(const fs::path &folder, const std::string &why)
@@ -206,6 +209,16 @@ void writeFile(const fs::path &path, std::string_view bytes)
     if (!file) {
         throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", textOf(path)));
     }
+}
+
+void writeConnectionFile(const fs::path &folder, std::string_view bytes)
+{
+    // A new file, because a program may still have the old one open.
+    const fs::path path = folder / "adodb.ini";
+    std::error_code error;
+    fs::remove(path, error);
+    createForOwner(textOf(path));
+    writeFile(path, bytes);
 }
 
 void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite, const fs::path &formViewer)

@@ -2,12 +2,17 @@
 
 #include "demo_site/people.h"
 
+#include <array>
 #include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace inin::site {
+
+/// Written to every folder that `make` creates; `make` may write to a folder that contains it.
+inline constexpr std::string_view kMarkerFile = ".inin-site";
+inline constexpr std::array<std::string_view, 4> kFolders{"SYS", "TMP", "ICON", "DATA"};
 
 enum class Overwrite { onlyOwnFolder, anyFolder };
 
@@ -28,6 +33,9 @@ struct DemoForm {
     std::string_view (*text)();
 };
 [[nodiscard]] std::span<const DemoForm> demoForms();
+/// Replaces "adodb.ini", which may contain a password: afterwards only its owner can read it (on Windows the folder
+/// decides).
+void writeConnectionFile(const std::filesystem::path &folder, std::string_view bytes);
 
 /// A 24-bit bitmap of sky over fields.
 [[nodiscard]] std::string wallpaper();

@@ -27,12 +27,12 @@ constexpr std::array<Stop, 4> kStops{{
     {kHeight - 1, {150, 186, 214}},
 }};
 
-struct Field {
+struct HeaderField {
     std::uint32_t value;
     int bytes;
 };
 /// The file header and the information header of a bitmap without a palette, after its first two characters.
-constexpr Field kHeader[] = {
+constexpr HeaderField kHeader[] = {
     {kHeaderSize + kPixelBytes, 4},
     {0, 4},
     {kHeaderSize, 4},
@@ -65,7 +65,7 @@ Colour colourOf(int row)
 std::string wallpaper()
 {
     std::string bytes = "BM";
-    for (const Field &field : kHeader)
+    for (const HeaderField &field : kHeader)
         for (int at = 0; at < field.bytes; ++at) bytes += static_cast<char>(field.value >> (8 * at) & 0xFFU);
     for (int row = 0; row < kHeight; ++row) {
         const Colour colour = colourOf(row);

@@ -10,8 +10,8 @@ namespace inin {
 namespace {
 
 constexpr const char *kProgramId = "wfrfv.Document.1";
-constexpr std::int16_t kGood = 0;
-constexpr std::int16_t kBad = -1;
+constexpr std::int16_t kSuccess = 0;
+constexpr std::int16_t kFailure = -1;
 
 // Numbers defined by the form tool.
 constexpr std::int16_t kWithTitleRow = 0;
@@ -85,10 +85,10 @@ AutomationObject &cls_WfdPrint::document()
 std::int16_t cls_WfdPrint::trapped(const std::function<void()> &steps)
 try {
     steps();
-    return kGood;
+    return kSuccess;
 } catch (const RuntimeError &error) {
     sErrMsg = numberedText(error);
-    return kBad;
+    return kFailure;
 }
 
 } // namespace inin

@@ -163,29 +163,29 @@ std::string CorpMap::takePicture() const
     return digits.empty() ? kNoPicture : "0x" + digits;
 }
 
-CorpMapHook corpMapHook(App &app)
+std::int16_t CorpMap::withWords(std::int16_t iStatus, std::string &sErrMsg) const
 {
-    const auto map = std::make_shared<CorpMap>(app);
-    const auto withWords = [map](std::int16_t status, std::string &sErrMsg) {
-        if (status != iGood) sErrMsg = map->sErrMsg();
-        return status;
-    };
-    // The number is always that of the company, not of its row: a branch has one map for its company.
-    return {[map, withWords](std::string &sErrMsg) {
-                std::int16_t status = iBad;
-                map->iChizuSave(kMapOfCompany, status);
-                return withWords(status, sErrMsg);
-            },
-            [map, withWords](std::string &sErrMsg) {
-                if (!map->isPictureThere()) return iGood;
-                std::int16_t status = iBad;
-                map->iChizuLoad(kMapOfCompany, status);
-                if (status == kNoSuchMap)
-                    map->iChizuSave(kMapOfCompany, status);
-                else
-                    map->iChizuUpdate(kMapOfCompany, status);
-                return withWords(status, sErrMsg);
-            }};
+    if (iStatus != iGood) sErrMsg = m_table.sErrMsg();
+    return iStatus;
+}
+
+std::int16_t CorpMap::saveForCompany(std::string &sErrMsg)
+{
+    std::int16_t iStatus = iBad;
+    iChizuSave(kMapOfCompany, iStatus);
+    return withWords(iStatus, sErrMsg);
+}
+
+std::int16_t CorpMap::saveOrUpdateForCompany(std::string &sErrMsg)
+{
+    if (!isPictureThere()) return iGood;
+    std::int16_t iStatus = iBad;
+    iChizuLoad(kMapOfCompany, iStatus);
+    if (iStatus == kNoSuchMap)
+        iChizuSave(kMapOfCompany, iStatus);
+    else
+        iChizuUpdate(kMapOfCompany, iStatus); // also after a failed load
+    return withWords(iStatus, sErrMsg);
 }
 
 } // namespace inin

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "data/connection_settings.h"
-#include "master/corp_table.h"
 #include "master/table_contract.h"
 
 #include <array>
@@ -35,6 +34,12 @@ public:
     /// The same, but replaces the picture in the row. Without a picture the statement has an empty set list and fails.
     void iChizuUpdate(const std::int32_t &nIDNo, std::int16_t &iStatus);
 
+    // The map in a write of cT_CORP, whose error text receives that of a failure. 0 or -1. The number is always that of
+    // the company, not of its row: a branch has one map for its company.
+    [[nodiscard]] std::int16_t saveForCompany(std::string &sErrMsg);
+    /// Without a picture it does nothing.
+    [[nodiscard]] std::int16_t saveOrUpdateForCompany(std::string &sErrMsg);
+
 private:
     using Pictures = std::array<std::string, 3>;
     using Statement = std::string (*)(Branch branch, std::int32_t nIDNo, const Pictures &pictures);
@@ -44,13 +49,11 @@ private:
     [[nodiscard]] std::int16_t write(const std::string &name, std::int32_t nIDNo, Statement statement);
     [[nodiscard]] std::int16_t checkWriter(const std::string &name);
     [[nodiscard]] std::string takePicture() const;
+    [[nodiscard]] std::int16_t withWords(std::int16_t iStatus, std::string &sErrMsg) const;
 
     App &m_app;
     StartedSession m_cADOTo;
     TableSession m_table;
 };
-
-/// The map operations that cT_CORP calls in its writes.
-[[nodiscard]] CorpMapHook corpMapHook(App &app);
 
 } // namespace inin

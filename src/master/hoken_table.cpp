@@ -23,7 +23,7 @@ constexpr HokenColumn kHokenColumns[] = {
     {{"iType", &cD_HOKEN::iType, number}, true},
 };
 
-SelectList<cD_HOKEN> selectList()
+SelectList<cD_HOKEN> insuranceList()
 {
     SelectList<cD_HOKEN> list(kHoken.name);
     for (const HokenColumn &column : kHokenColumns)
@@ -38,12 +38,12 @@ std::string keyCondition(const cD_HOKEN &row, Branch branch)
 
 } // namespace
 
-cT_HOKEN::cT_HOKEN(App &app) : m_app(app), m_table(app, kHoken) {}
+cT_HOKEN::cT_HOKEN(App &app) : TableClass(app, kHoken) {}
 
 std::int16_t cT_HOKEN::iDataRead(const cD_HOKEN *cData)
 {
     return m_table.withRow(cData, [&](const cD_HOKEN &) {
-        const SelectList<cD_HOKEN> list = selectList();
+        const SelectList<cD_HOKEN> list = insuranceList();
         // Deliberate: unlike every other master, this read has no branch condition and reads all branches.
         return m_table.read("  select" + list.text() + "  FROM      HOKEN  order by      iType", list.filled());
     });

@@ -78,7 +78,7 @@ Condition readCondition(const Row &row, Branch branch)
     return condition;
 }
 
-SelectList<Row> selectList()
+SelectList<Row> formList()
 {
     SelectList<Row> list(kShinseisyo.name);
     for (const TableColumn<Row> &column : kShinseisyoColumns) list.add(column, SelectForm::aliased);
@@ -92,7 +92,7 @@ std::string readStatement(const SelectList<Row> &list, const Condition &conditio
 
 } // namespace
 
-cT_SHINSEISYO::cT_SHINSEISYO(App &app) : m_app(app), m_table(app, kShinseisyo) {}
+cT_SHINSEISYO::cT_SHINSEISYO(App &app) : TableClass(app, kShinseisyo) {}
 
 std::int16_t cT_SHINSEISYO::iGetMaxIDNo(std::int32_t &nMaxNo, std::int16_t iPrintType)
 {
@@ -109,7 +109,7 @@ std::int16_t cT_SHINSEISYO::iDataReadGrid(const cD_SHINSEISYO *cData)
 {
     return m_table.trapped([&] {
         if (cData == nullptr) throw RuntimeError(error_number::objectNotSet);
-        const SelectList<Row> list = selectList();
+        const SelectList<Row> list = formList();
         return m_table.read(readStatement(list, gridCondition(*cData, branchOf(m_app))), list.filled());
     });
 }
@@ -117,7 +117,7 @@ std::int16_t cT_SHINSEISYO::iDataReadGrid(const cD_SHINSEISYO *cData)
 std::int16_t cT_SHINSEISYO::iDataRead(const cD_SHINSEISYO *cData)
 {
     return m_table.withRow(cData, [&](const Row &row) {
-        const SelectList<Row> list = selectList();
+        const SelectList<Row> list = formList();
         return m_table.read(readStatement(list, readCondition(row, branchOf(m_app))), list.filled());
     });
 }

@@ -1,18 +1,12 @@
 #include "printing/csv_output.h"
 
 #include "common/helpers.h"
-#include "common/opl_ini_file.h"
 #include "common/text_file.h"
-#include "data/ado_session.h"
-#include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
-#include "runtime/text.h"
 
 namespace inin {
 
 namespace {
-
-constexpr const char *kFormatFile = "帳票Format.ini";
 
 /// The column titles that the form documents bind to; deliberately not derived from the record's field names.
 constexpr std::string_view kTitles[] = {
@@ -46,9 +40,14 @@ std::string rowLine(const IninRow &row)
 
 } // namespace
 
+std::span<const std::string_view> letterColumnTitles()
+{
+    return kTitles;
+}
+
 std::string transferPath(App &app, const std::string &name, WarnIfMissing warn)
 {
-    return app.gcsAppPath + toText(vGetSystemValue(app, "SYSTEM_TMP", warn), app.regional) + "\\" + name;
+    return csTmpDir(app, warn) + name;
 }
 
 std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount)
@@ -68,16 +67,6 @@ std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int
     }
     csv.close();
     return csv.size();
-}
-
-std::string csGetFormatFile(App &app, const std::string &csSection, const std::string &csKey)
-try {
-    clsOplIniFile formatFile(app.platform);
-    if (formatFile.iInit(csDataDir(app) + kFormatFile) == iBad) return {};
-    return rtrim(csCutNul(formatFile.csGetProfileString(csSection, csKey)));
-} catch (const RuntimeError &error) {
-    app.platform.boxes.show("Error:" + error.description(), Icon::none);
-    return {};
 }
 
 } // namespace inin

@@ -7,20 +7,20 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace inin {
 
 inline constexpr const char *kCsvFile = "委任状.csv";
 
-/// The path of a file next to the CSV: the application folder, the value of SYSTEM_TMP, a backslash and the name.
+/// The column titles of the CSV, in order: the names that a form document may use.
+[[nodiscard]] std::span<const std::string_view> letterColumnTitles();
+
+/// The path of a file next to the CSV: csTmpDir and the name.
 [[nodiscard]] std::string transferPath(App &app, const std::string &name, WarnIfMissing warn);
 
 /// Replaces the CSV in the temporary folder by a title line and the rows 0 to iRowCount - 1 and returns its size in
 /// bytes. File errors, and error 9 if there are fewer rows, go to the caller; the part written so far remains.
 std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount);
-
-/// The entry of "帳票Format.ini" in the data folder: the name of another form document, empty without file or entry. A
-/// run-time error shows a box and gives the empty text, so that the run uses the form of the report kind.
-[[nodiscard]] std::string csGetFormatFile(App &app, const std::string &csSection, const std::string &csKey);
 
 } // namespace inin

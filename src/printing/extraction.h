@@ -30,7 +30,7 @@ struct ExtractionQuery {
     std::int32_t nStaffNo = 0;
     std::int16_t iHokenIndex = 0;
     std::int16_t iExpireKind = 0;
-    VisitBounds bounds;
+    VisitBounds bounds{};
 };
 
 /// The query for the day of a patient's last visit in a month.
@@ -38,8 +38,8 @@ struct LastVisitRule {
     const char *procedure;
     std::span<const SqlPiece> pieces;
     std::string_view column; ///< the visit, read from the first row
-    VisitBounds (*bounds)(std::int32_t nYear, std::int32_t nMonth, const Regional &regional);
-    std::int32_t (*dayOf)(const Variant &visit, const Regional &regional);
+    VisitBounds (VisitMonth::*bounds)() const;
+    std::int32_t (VisitMonth::*dayOf)(const Variant &visit) const;
 };
 
 /// The differences of one extraction from the others.
@@ -54,9 +54,9 @@ struct ExtractionRule {
     std::string_view staffColumn;
     std::string_view openEndedOnly; ///< added unless ended patients are included
     std::string_view order;
-    VisitBounds (*bounds)(const TargetDate &target, const Regional &regional);
+    VisitBounds (TargetDate::*bounds)() const;
     const LastVisitRule *lastVisit; ///< only patients whose last visit is on the target day; nullptr for all
-    std::string (*lastTreatmentDay)(LetterReader &reader, const LetterDates &dates);
+    std::string (LetterReader::*lastTreatmentDay)(const LetterDates &dates);
 };
 
 extern const ExtractionRule kKanjaDataMonth;

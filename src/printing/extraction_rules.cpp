@@ -1,17 +1,18 @@
-#include "common/helpers.h"
 #include "printing/extraction.h"
 #include "printing/letter_reader.h"
-#include "runtime/conversion.h"
 
 namespace inin {
 
 namespace {
 
+/// Deliberate: four of the five extractions show this heading, which is the name of none of them.
 constexpr const char *kFailureHeading = "iGetKanjaData でエラー";
 constexpr std::string_view kHeadWithNumber =
     "SELECT HOKENJA.cName as HokenName, RIYOUSHA.cName AS RiyouName, RIYOUSHA.cAdress1 as RiyouAdd, RIYOUSHA.nIDNo, ";
 constexpr std::string_view kAccount = " CORP.iKozaType, CORP.cKozaBangou, CORP.cKozaMeigi1, ";
+/// Only the extractions by day choose by the staff member of the visit, the others by the patient's main one.
 constexpr std::string_view kMainStaff = " AND RIYOUSHA.nTantou = ";
+/// Deliberate: no second key. The letters of one staff member are in the order of the database.
 constexpr std::string_view kOrderByMainStaff = " ORDER BY RIYOUSHA.nTantou";
 
 constexpr SqlPiece kLatestPlannedOfMonth[] = {
@@ -79,32 +80,22 @@ constexpr SqlPiece kJissekiOfPatient[] = {
     {" ORDER BY tServicyDayStart DESC"},
 };
 
-std::int32_t dayOfNumber(const Variant &nDate, const Regional &regional)
-{
-    return nNullToLong(nDate, regional) % 100;
-}
-
-std::int32_t dayOfText(const Variant &tServicyDayStart, const Regional &regional)
-{
-    return Day(toDate(csNullToStr(tServicyDayStart, regional), regional));
-}
-
 } // namespace
 
 const LastVisitRule kLastScheduleDay{
     .procedure = "getLastScheduleDay",
     .pieces = kScheduleOfPatient,
     .column = "nDate",
-    .bounds = &scheduleMonthFromZero,
-    .dayOf = &dayOfNumber,
+    .bounds = &VisitMonth::scheduleFromZero,
+    .dayOf = &VisitMonth::dayOfNumber,
 };
 
 const LastVisitRule kLastJissekieDay{
     .procedure = "getLastJissekieDay",
     .pieces = kJissekiOfPatient,
     .column = "tServicyDayStart",
-    .bounds = &jissekiMonthByDates,
-    .dayOf = &dayOfText,
+    .bounds = &VisitMonth::jissekiByDates,
+    .dayOf = &VisitMonth::dayOfText,
 };
 
 const ExtractionRule kKanjaDataMonth{
@@ -117,11 +108,12 @@ const ExtractionRule kKanjaDataMonth{
     .from = " FROM HOKENJA, SCHEDULE s1, RIYOUSHA ",
     .visitCondition = kLatestPlannedOfMonth,
     .staffColumn = kMainStaff,
+    // Deliberate: chkExpireDay has an effect on this extraction only.
     .openEndedOnly = " AND RIYOUSHA.tExpireday is NULL",
     .order = kOrderByMainStaff,
-    .bounds = &scheduleMonth,
+    .bounds = &TargetDate::scheduleMonth,
     .lastVisit = nullptr,
-    .lastTreatmentDay = &lastDayOfSchedule,
+    .lastTreatmentDay = &LetterReader::lastDayOfSchedule,
 };
 
 const ExtractionRule kKanjaDataMonth_Jisseki{
@@ -137,9 +129,9 @@ const ExtractionRule kKanjaDataMonth_Jisseki{
     .staffColumn = kMainStaff,
     .openEndedOnly = {},
     .order = kOrderByMainStaff,
-    .bounds = &jissekiMonth,
+    .bounds = &TargetDate::jissekiMonth,
     .lastVisit = nullptr,
-    .lastTreatmentDay = &lastDayOfJisseki,
+    .lastTreatmentDay = &LetterReader::lastDayOfJisseki,
 };
 
 const ExtractionRule kKanjaDataDay{
@@ -153,9 +145,9 @@ const ExtractionRule kKanjaDataDay{
     .staffColumn = " AND SCHEDULE.nIDStaffNo = ",
     .openEndedOnly = {},
     .order = " ORDER BY SCHEDULE.nIDStaffNo",
-    .bounds = &scheduleDay,
+    .bounds = &TargetDate::scheduleDay,
     .lastVisit = &kLastScheduleDay,
-    .lastTreatmentDay = &targetDay,
+    .lastTreatmentDay = &LetterReader::targetDay,
 };
 
 const ExtractionRule kKanjaDataDay_Jisseki{
@@ -169,9 +161,9 @@ const ExtractionRule kKanjaDataDay_Jisseki{
     .staffColumn = " AND JISSEKI.nStaffIDNo = ",
     .openEndedOnly = {},
     .order = " ORDER BY JISSEKI.nStaffIDNo",
-    .bounds = &jissekiDay,
+    .bounds = &TargetDate::jissekiDay,
     .lastVisit = &kLastJissekieDay,
-    .lastTreatmentDay = &targetDay,
+    .lastTreatmentDay = &LetterReader::targetDay,
 };
 
 const ExtractionRule kKanjaDataNoPeriod{
@@ -186,9 +178,9 @@ const ExtractionRule kKanjaDataNoPeriod{
     .staffColumn = kMainStaff,
     .openEndedOnly = {},
     .order = kOrderByMainStaff,
-    .bounds = &noBounds,
+    .bounds = &TargetDate::noBounds,
     .lastVisit = nullptr,
-    .lastTreatmentDay = &endOfPeriod,
+    .lastTreatmentDay = &LetterReader::endOfPeriod,
 };
 
 } // namespace inin

@@ -40,7 +40,8 @@ constexpr SqlPiece kCompanyJoin[] = {
 };
 constexpr std::string_view kHeadOfficeRow = " AND CORP.iType = 0 ";
 constexpr std::string_view kAgentRow = " AND CORP.nIDNo = RIYOUSHA.nDairiID ";
-/// Every statement has these joins, even if no column uses them. The conditions common to all statements follow.
+/// Every statement has these joins, even if no column uses them: a branch with several group-billing companies (type 3)
+/// gets each letter once for each of them. The conditions common to all statements follow.
 constexpr SqlPiece kGroupJoinsAndBranch[] = {
     {" LEFT JOIN RIYOUSHA_SUB ON "},
     {"          RIYOUSHA_SUB.nIDNo = RIYOUSHA.nIDNo "},
@@ -112,6 +113,8 @@ void appendFilter(std::string &sql, std::string_view condition, std::int32_t num
 
 } // namespace
 
+/// Deliberate: without DISTINCT. A patient with two qualifying visits gets two letters. With head-office data the two
+/// extractions by month select the visit twice, in head and accountPiece.
 std::string extractionSql(const ExtractionRule &rule, const ExtractionQuery &query)
 {
     const bool isSingle = query.iPrintKind == kSingleLetterKind && !rule.singleHead.empty();

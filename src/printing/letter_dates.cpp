@@ -1,5 +1,6 @@
 #include "printing/letter_dates.h"
 
+#include "common/helpers.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
 
@@ -20,8 +21,8 @@ std::string serialText(std::int32_t year, std::int32_t month, std::int32_t day, 
 
 } // namespace
 
-TargetDate::TargetDate(const std::string &csTargetDate, const Regional &regional)
-    : text(csTargetDate), year(0), month(0), day(0)
+TargetDate::TargetDate(const std::string &csTargetDate, const Regional &settings)
+    : text(csTargetDate), regional(settings), year(0), month(0), day(0)
 {
     const Date date = toDate(csTargetDate, regional);
     year = Year(date);
@@ -29,50 +30,54 @@ TargetDate::TargetDate(const std::string &csTargetDate, const Regional &regional
     day = Day(date);
 }
 
-VisitBounds scheduleMonth(const TargetDate &target, const Regional & /*regional*/)
+VisitBounds TargetDate::scheduleMonth() const
 {
-    return {visitNumber(target.year, target.month, 1), visitNumber(target.year, target.month, 99)};
+    return {visitNumber(year, month, 1), visitNumber(year, month, 99)};
 }
 
-VisitBounds scheduleDay(const TargetDate &target, const Regional & /*regional*/)
+VisitBounds TargetDate::scheduleDay() const
 {
-    return {visitNumber(target.year, target.month, target.day), {}};
+    return {visitNumber(year, month, day), {}};
 }
 
-VisitBounds jissekiMonth(const TargetDate &target, const Regional &regional)
+VisitBounds TargetDate::jissekiMonth() const
 {
-    return {firstOfMonthText(target, regional), serialText(target.year, target.month + 1, 1, regional)};
+    return {firstOfMonth(), serialText(year, month + 1, 1, regional)};
 }
 
-VisitBounds jissekiDay(const TargetDate &target, const Regional &regional)
+VisitBounds TargetDate::jissekiDay() const
 {
-    return {serialText(target.year, target.month, target.day, regional),
-            serialText(target.year, target.month, target.day + 1, regional)};
+    return {serialText(year, month, day, regional), serialText(year, month, day + 1, regional)};
 }
 
-VisitBounds noBounds(const TargetDate & /*target*/, const Regional & /*regional*/)
+std::string TargetDate::firstOfMonth() const
 {
-    return {};
+    return formatText(text, "yyyy/mm", regional) + "/01";
 }
 
-VisitBounds scheduleMonthFromZero(std::int32_t nYear, std::int32_t nMonth, const Regional & /*regional*/)
+std::string TargetDate::lastOfMonth() const
+{
+    return dateText(lastDayOfMonth(year, month), regional);
+}
+
+VisitBounds VisitMonth::scheduleFromZero() const
 {
     return {visitNumber(nYear, nMonth, 0), visitNumber(nYear, nMonth, 99)};
 }
 
-VisitBounds jissekiMonthByDates(std::int32_t nYear, std::int32_t nMonth, const Regional &regional)
+VisitBounds VisitMonth::jissekiByDates() const
 {
     return {serialText(nYear, nMonth, 1, regional), serialText(nYear, toLong(nMonth + 1.0), 1, regional)};
 }
 
-std::string firstOfMonthText(const TargetDate &target, const Regional &regional)
+std::int32_t VisitMonth::dayOfNumber(const Variant &nDate) const
 {
-    return formatText(target.text, "yyyy/mm", regional) + "/01";
+    return nNullToLong(nDate) % 100;
 }
 
-std::string lastOfMonthText(const TargetDate &target, const Regional &regional)
+std::int32_t VisitMonth::dayOfText(const Variant &tServicyDayStart) const
 {
-    return serialText(target.year, target.month + 1, 0, regional);
+    return Day(toDate(csNullToStr(tServicyDayStart, regional), regional));
 }
 
 } // namespace inin

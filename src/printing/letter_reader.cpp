@@ -27,7 +27,7 @@ constexpr PlainText kBeforeBank[] = {
     {&IninRow::会社住所, Column::CorpAdd},    {&IninRow::代表者名, Column::cDaihyo},
     {&IninRow::会社電話番号, Column::cTelNo},
 };
-constexpr PlainText kBehindLastDay[] = {
+constexpr PlainText kAfterLastDay[] = {
     {&IninRow::保険者地区名, Column::cSubAddress}, {&IninRow::保険種別, Column::HOKENSHUBETSU},
     {&IninRow::世帯主名, Column::cSetaiName},      {&IninRow::世帯主電話, Column::RiyouSetaiTel},
     {&IninRow::世帯主住所, Column::cSetaiAdress1},
@@ -49,7 +49,7 @@ std::string LetterReader::text(Column column)
 
 std::int32_t LetterReader::number(Column column)
 {
-    return nNullToLong(value(column), m_regional);
+    return nNullToLong(value(column));
 }
 
 void LetterReader::fill(IninRow &letter, const ExtractionRule &rule, const LetterDates &dates)
@@ -60,8 +60,8 @@ void LetterReader::fill(IninRow &letter, const ExtractionRule &rule, const Lette
     fillBank(letter);
     letter.口座番号 = accountLine(number(Column::iKozaType), text(Column::cKozaBangou));
     letter.口座名義 = text(Column::cKozaMeigi1);
-    letter.最終施術日 = rule.lastTreatmentDay(*this, dates);
-    for (const PlainText &plain : kBehindLastDay) letter.*plain.field = text(plain.column);
+    letter.最終施術日 = (this->*rule.lastTreatmentDay)(dates);
+    for (const PlainText &plain : kAfterLastDay) letter.*plain.field = text(plain.column);
     letter.署名日 = dates.signature;
 }
 
@@ -75,25 +75,25 @@ void LetterReader::fillBank(IninRow &letter)
     letter.金融機関名２ = secondBankLine(letter.金融機関名, cKinyuName, cKinyuSiten);
 }
 
-std::string lastDayOfSchedule(LetterReader &reader, const LetterDates &dates)
+std::string LetterReader::lastDayOfSchedule(const LetterDates &dates)
 {
-    const std::int32_t day = reader.number(Column::nDate) % 100;
-    return dateText(DateSerial(dates.target.year, dates.target.month, day), reader.regional());
+    const std::int32_t day = number(Column::nDate) % 100;
+    return dateText(DateSerial(dates.target.year, dates.target.month, day), m_regional);
 }
 
 /// Deliberate: a two-digit year, unlike every other date of the letter.
-std::string lastDayOfJisseki(LetterReader &reader, const LetterDates & /*dates*/)
+std::string LetterReader::lastDayOfJisseki(const LetterDates & /*dates*/)
 {
-    return formatText(reader.text(Column::tServicyDayStart), "yy/MM/dd", reader.regional());
+    return formatText(text(Column::tServicyDayStart), "yy/MM/dd", m_regional);
 }
 
-std::string targetDay(LetterReader & /*reader*/, const LetterDates &dates)
+std::string LetterReader::targetDay(const LetterDates &dates)
 {
     return dates.target.text;
 }
 
 /// This extraction reads no visits, so the end of the period replaces the last treatment day.
-std::string endOfPeriod(LetterReader & /*reader*/, const LetterDates &dates)
+std::string LetterReader::endOfPeriod(const LetterDates &dates)
 {
     return dates.periodEnd;
 }

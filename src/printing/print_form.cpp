@@ -1,6 +1,7 @@
 #include "printing/print_form.h"
 
-#include "printing/csv_output.h"
+#include "shell/online_help.h"
+#include "shell/version_form.h"
 
 #include <algorithm>
 
@@ -31,8 +32,8 @@ void frmPrintInin::wireEvents()
     optTrust.onClick = [this](std::int16_t Index) { optTrust_Click(Index); };
     optDspPeriod.onClick = [this](std::int16_t Index) { optDspPeriod_Click(Index); };
     optSyomei.onClick = [this](std::int16_t Index) { optSyomei_Click(Index); };
-    imD_Out.onChange = [this] { showPeriodMonth(imD_Out); };
-    imD_LastDay.onChange = [this] { showPeriodMonth(imD_LastDay); };
+    imD_Out.onChange = [this] { imD_Out_Change(); };
+    imD_LastDay.onChange = [this] { imD_LastDay_Change(); };
     cbSejyutsu.onClick = [this] { cbSejyutsu_Click(); };
     chkChushi.onClick = [this] { chkChushi_Click(); };
     btn_StaffSelect.onClick = [this] { btn_StaffSelect_Click(); };
@@ -62,6 +63,7 @@ void frmPrintInin::mnF12_Click()
     unload();
 }
 
+/// The indices 2 to 5 have no button.
 void frmPrintInin::btnPrint_Click(std::int16_t Index)
 {
     switch (Index) {
@@ -76,9 +78,21 @@ void frmPrintInin::btnPrint_Click(std::int16_t Index)
     }
 }
 
-void frmPrintInin::saveCSVInin()
+void frmPrintInin::mnVer_Click()
 {
-    m_csvSize = writeIninCsv(m_app, aIninRow, iRowCount);
+    frmVer window(m_app);
+    window.iSystemId = kOwnSystemId;
+    // Accessing a control of a window loads the window first.
+    window.load();
+    window.laVer.Caption = Caption;
+    m_app.platform.windows.show(window, Modality::modal);
+}
+
+void frmPrintInin::mnDispHelp_Click()
+{
+    setMousePointer(kPointerHourglass);
+    vDispHelp(m_app, kFirstHelpPage);
+    setMousePointer(kPointerDefault);
 }
 
 std::vector<std::pair<std::string, Variant>> frmPrintInin::fields() const

@@ -13,13 +13,8 @@
 
 namespace inin {
 
-class LetterReader;
-struct ExtractionQuery;
 struct ExtractionRule;
-struct LastVisitRule;
-struct LetterDates;
-struct StartedSession;
-struct TargetDate;
+struct LetterConditions;
 
 /// The only working window: reads the conditions of a print run, executes it and keeps its rows.
 class frmPrintInin : public Form, public PrintControls {
@@ -48,17 +43,18 @@ public:
     std::int16_t iPrintKind = 0;  ///< 0, 1, 2: the report kind
     std::int16_t iSyomeiKind = 0; ///< 0 automatic signature date, 1 entered
 
-    // Events of the options and lists; their effects on the controls are the table in screen_rules.cpp.
+    // option_rules.cpp: events of the options and of the two target dates.
     void optPrint_Click(std::int16_t Index);
     void optObject_Click(std::int16_t Index);
     void optTgtDate_Click(std::int16_t Index);
     void optTrust_Click(std::int16_t Index);
     void optDspPeriod_Click(std::int16_t Index);
     void optSyomei_Click(std::int16_t Index);
-    void cbSejyutsu_Click();
-    void chkChushi_Click();
+    void imD_Out_Change();
+    void imD_LastDay_Change();
 
-    // Events of the search buttons and of the number boxes, in which only the return key has an effect.
+    // person_choice.cpp: staff member and patient. In the number boxes only the return key has an effect.
+    void cbSejyutsu_Click();
     void btn_StaffSelect_Click();
     void btn_KanjaSelect_Click();
     void imNum_StaffNo_KeyPress(std::int16_t KeyCode);
@@ -71,7 +67,7 @@ public:
     /// Shows the patient search; leaving it without a choice selects all patients.
     void iSelectKanja();
 
-    // Events of the commands.
+    // print_form.cpp: commands and menus.
     void mnF01_Click();
     void mnF02_Click();
     void mnF12_Click();
@@ -79,21 +75,28 @@ public:
     void mnDispHelp_Click();
     void btnPrint_Click(std::int16_t Index);
 
+    // staff_and_insurance_lists.cpp
+    void chkChushi_Click();
     /// Fills the staff list of this branch through the screen's session, including former staff while chkChushi is
     /// ticked. 0, or -1 with the error text in csErrMsg.
     [[nodiscard]] std::int16_t setStuff();
     /// Fills the list of insurance kinds, on a session of its own; the name is historical. 0 or -1. A failed session
     /// shows its own box, and the load shows a second one for every failure.
     [[nodiscard]] std::int16_t nGetFutanKingaku();
+
+    // settings_store.cpp
     /// Sets the options from "印刷設定.ini", which fires their clicks: 1 read, 0 not.
     std::int32_t iLoadPrintSetting();
     /// Writes the kinds and the selected options to "印刷設定.ini".
     void iSavePrintSetting();
 
-    /// The whole run: 1 prints through the tool's dialog, 0 previews.
-    void vRunPrint(std::int16_t iPrintMode);
+    // print_conditions.cpp
     /// Copies the screen into the condition fields. 0, or -1 after a box with the run-time error.
     [[nodiscard]] std::int16_t iGetPrintCond();
+
+    // print_run.cpp
+    /// The whole run: 1 prints through the tool's dialog, 0 previews.
+    void vRunPrint(std::int16_t iPrintMode);
     /// Replaces "委任状.csv" by the rows 0 to iRowCount - 1; file errors go to the caller.
     void saveCSVInin();
 
@@ -119,8 +122,6 @@ protected:
 
 private:
     void wireEvents();
-    void runClickRule(OptionGroup PrintControls::*group, std::int16_t Index);
-    void runReportedRule(OptionGroup PrintControls::*group, std::int16_t Index, const char *csFuncName);
     void showPeriodMonth(const DateBox &date);
     /// The form's own null-safe conversion: 0 for NULL and for anything that is not a 32-bit number.
     void nNullToLong(const Variant &vValue, std::int32_t &nResult) const;
@@ -134,13 +135,7 @@ private:
     void readTargetDate();
     void readPeriodKind();
     [[nodiscard]] std::int16_t extract(const ExtractionRule &rule);
-    [[nodiscard]] std::int16_t extractOver(StartedSession &own, const ExtractionRule &rule);
-    [[nodiscard]] ExtractionQuery queryFor(const ExtractionRule &rule, const TargetDate &target) const;
-    [[nodiscard]] LetterDates datesOf(const TargetDate &target) const;
-    [[nodiscard]] std::int16_t readLetters(Recordset &rsData, const ExtractionRule &rule, const LetterDates &dates);
-    [[nodiscard]] bool isLastVisit(LetterReader &reader, const LastVisitRule &rule, const TargetDate &target);
-    [[nodiscard]] std::int32_t lastVisitDay(const LastVisitRule &rule, std::int32_t nRiyoushaNo, std::int32_t nYear,
-                                            std::int32_t nMonth);
+    [[nodiscard]] LetterConditions letterConditions() const;
 
     App &m_app;
     std::uint64_t m_csvSize = 0; ///< size in bytes of the last CSV

@@ -1,12 +1,10 @@
-#include "common/helpers.h"
 #include "formoutput/wfd_print_exe.h"
 #include "printing/csv_output.h"
+#include "printing/form_document_choice.h"
+#include "printing/letter_extraction.h"
 #include "printing/print_form.h"
 #include "printing/run_file.h"
-#include "runtime/conversion.h"
-#include "runtime/format.h"
 #include "runtime/text.h"
-#include "shell/error_box.h"
 #include "shell/settings.h"
 
 namespace inin {
@@ -15,48 +13,15 @@ namespace {
 
 constexpr const char *kReport = "委任状";
 
-struct ReportKind {
-    std::int16_t iPrintKind;
-    const char *formDocument;
-};
-/// The last row serves any other kind.
-constexpr ReportKind kReportKinds[] = {{1, "委任状23.wfd"}, {2, "委任状37_高松市.wfd"}, {0, "委任状37_01.wfd"}};
-
-std::string formDocumentOf(std::int16_t iPrintKind)
-{
-    const ReportKind *kind = kReportKinds;
-    while (kind->iPrintKind != iPrintKind && kind != std::end(kReportKinds) - 1) ++kind;
-    return kind->formDocument;
-}
-
-using Extraction = std::int16_t (frmPrintInin::*)();
-
-struct Dispatch {
-    std::int16_t iObjectKind;
-    std::int16_t iTgtDateKind;
-    Extraction extraction;
-};
-constexpr std::int16_t kAnyKind = 0;
-/// Deliberate: planned or actual data without a period has no extraction. The run prints the rows of the previous run,
-/// or reports that there are none.
-constexpr Dispatch kDispatch[] = {
-    {3, kAnyKind, &frmPrintInin::iGetKanjaDataNoPeriod}, {1, 1, &frmPrintInin::iGetKanjaDataMonth},
-    {2, 1, &frmPrintInin::iGetKanjaDataMonth_Jisseki},   {1, 2, &frmPrintInin::iGetKanjaDataDay},
-    {2, 2, &frmPrintInin::iGetKanjaDataDay_Jisseki},
-};
-
 std::int16_t runExtraction(frmPrintInin &form)
 {
-    for (const Dispatch &line : kDispatch)
-        if (line.iObjectKind == form.iObjectKind &&
-            (line.iTgtDateKind == kAnyKind || line.iTgtDateKind == form.iTgtDateKind))
-            return (form.*line.extraction)();
+    if (form.iObjectKind == 3) return form.iGetKanjaDataNoPeriod();
+    const bool isPlanned = form.iObjectKind == 1;
+    if (form.iTgtDateKind == 1) return isPlanned ? form.iGetKanjaDataMonth() : form.iGetKanjaDataMonth_Jisseki();
+    if (form.iTgtDateKind == 2) return isPlanned ? form.iGetKanjaDataDay() : form.iGetKanjaDataDay_Jisseki();
+    // Deliberate: planned or actual data without a period has no extraction. The run prints the rows of the previous
+    // run without saying so, or reports that there are none.
     return iGood;
-}
-
-std::int32_t numberOrMinusOne(const Variant &value, const Regional &regional)
-{
-    return value.isNull() ? -1 : toLong(value, regional);
 }
 
 } // namespace
@@ -100,10 +65,7 @@ void frmPrintInin::outputLetters(std::int16_t iPrintMode)
     // program.
     saveCSVInin();
     run.setLetters(m_csvSize, iRowCount);
-    // An entry in "帳票Format.ini" replaces the form document of every report kind. The query still depends on
-    // iPrintKind.
-    std::string form = csGetFormatFile(m_app, kReport, kReport);
-    if (form.empty()) form = formDocumentOf(iPrintKind);
+    const std::string form = formDocument(m_app, iPrintKind);
     cls_WfdPrintExe output(m_app);
     if (output.iInit(csSysDir(m_app) + form, kReport) == iGood) {
         // The results are deliberately ignored: a tool that did not start is visible only in sErrMsg, and the run ends
@@ -118,65 +80,76 @@ void frmPrintInin::outputLetters(std::int16_t iPrintMode)
                                   Icon::critical);
     }
     run.unlock();
+    // Deliberate: the settings are stored after a failed output too.
     iSavePrintSetting();
 }
 
-std::int16_t frmPrintInin::iGetPrintCond()
-try {
-    readTargetDate();
-    iObjectKind = static_cast<std::int16_t>(optObject(0).Value ? 1 : optObject(1).Value ? 2 : 3);
-    iTrustKind = optTrust(0).Value ? 1 : 2;
-    readPeriodKind();
-    nKanjaNo = numberOrMinusOne(imNum_CD.Value, m_app.regional);
-    nStaffNo = numberOrMinusOne(imNum_StaffNo.Value, m_app.regional);
-    // Deliberate: the SQL uses the position in the list, not the entry's item data.
-    iHokenIndex = cmbHoken.ListIndex;
-    iExpireKind = chkExpireDay.Value;
-    iPrintKind = markedPrintKind();
-    iSyomeiKind = markedSyomeiKind();
+void frmPrintInin::saveCSVInin()
+{
+    m_csvSize = writeIninCsv(m_app, aIninRow, iRowCount);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataMonth()
+{
+    return extract(kKanjaDataMonth);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataMonth_Jisseki()
+{
+    return extract(kKanjaDataMonth_Jisseki);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataDay()
+{
+    return extract(kKanjaDataDay);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataDay_Jisseki()
+{
+    return extract(kKanjaDataDay_Jisseki);
+}
+
+std::int16_t frmPrintInin::iGetKanjaDataNoPeriod()
+{
+    return extract(kKanjaDataNoPeriod);
+}
+
+/// Deliberate: after a failure iRowCount still counts the rows of the previous run, whether or not these remain.
+std::int16_t frmPrintInin::extract(const ExtractionRule &rule)
+{
+    const std::optional<std::int16_t> count =
+        LetterExtraction(m_app, csErrMsg).readLetters(rule, letterConditions(), aIninRow);
+    if (!count) return iBad;
+    iRowCount = *count;
     return iGood;
-} catch (const RuntimeError &error) {
-    m_app.platform.boxes.show(numberedText(error), Icon::none);
-    return iBad;
 }
 
-std::int16_t frmPrintInin::markedPrintKind()
+LetterConditions frmPrintInin::letterConditions() const
 {
-    return static_cast<std::int16_t>(optPrint(0).Value ? 0 : optPrint(2).Value ? 2 : 1);
+    return {.csTargetDate = csTargetDate,
+            .query = {.iKyotenCd = m_app.iKyotenCd,
+                      .iKyotenEb = m_app.iKyotenEb,
+                      .iTrustKind = iTrustKind,
+                      .iPrintKind = iPrintKind,
+                      .nKanjaNo = nKanjaNo,
+                      .nStaffNo = nStaffNo,
+                      .iHokenIndex = iHokenIndex,
+                      .iExpireKind = iExpireKind},
+            .iDspPeriodKind = iDspPeriodKind,
+            .iSyomeiKind = iSyomeiKind,
+            .imSetDateFrom = imSetDateFrom.Value,
+            .imSetDateTo = imSetDateTo.Value,
+            .imSyomei = imSyomei.Value};
 }
 
-std::int16_t frmPrintInin::markedSyomeiKind()
+std::int32_t frmPrintInin::getLastScheduleDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth)
 {
-    return optSyomei(0).Value ? 0 : 1;
+    return LetterExtraction(m_app, csErrMsg).lastVisitDay(kLastScheduleDay, nRiyoushaNo, nYear, nMonth);
 }
 
-void frmPrintInin::readTargetDate()
+std::int32_t frmPrintInin::getLastJissekieDay(std::int32_t nRiyoushaNo, std::int32_t nYear, std::int32_t nMonth)
 {
-    if (optTgtDate(0).Value) {
-        iTgtDateKind = 1;
-        csTargetDate = formatText(imD_Out.Value, "yyyy/mm/1", m_app.regional);
-    } else if (optTgtDate(1).Value) {
-        iTgtDateKind = 2;
-        csTargetDate = formatText(imD_LastDay.Value, "yyyy/mm/dd", m_app.regional);
-    } else if (optTgtDate(2).Value) {
-        iTgtDateKind = 3;
-        const Date today = m_app.platform.clock.now();
-        csTargetDate =
-            std::to_string(Year(today)) + "/" + std::to_string(Month(today)) + "/" + std::to_string(Day(today));
-    }
-}
-
-/// The day boxes are hidden and the fields are never read, but a failure here still ends the run.
-void frmPrintInin::readPeriodKind()
-{
-    iDspPeriodKind = optDspPeriod(0).Value ? 1 : 2;
-    if (iDspPeriodKind == 1) return;
-    const Date target = toDate(csTargetDate, m_app.regional);
-    const Variant lastDay = Day(DateSerial(Year(target), Month(target) + 1, 0));
-    const Variant a = vMin(inPeriodFrom.Value, lastDay, m_app.regional);
-    const Variant b = vMin(inPeriodTo.Value, lastDay, m_app.regional);
-    iPeriodFromDay = toInteger(vMin(a, b, m_app.regional), m_app.regional);
-    iPeriodToDay = toInteger(vMax(a, b, m_app.regional), m_app.regional);
+    return LetterExtraction(m_app, csErrMsg).lastVisitDay(kLastJissekieDay, nRiyoushaNo, nYear, nMonth);
 }
 
 } // namespace inin

@@ -3,6 +3,7 @@
 #include "printing/csv_output.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "transfer/run_record.h"
 
 #include <chrono>
 
@@ -10,11 +11,8 @@ namespace inin {
 
 namespace {
 
-constexpr const char *kRunFile = "委任状.run";
-constexpr const char *kFirstLine = "PrintInin run 1\n";
-constexpr std::string_view kHolder = "holder ";
+constexpr const char *kUnknownHolder = "ほかのプログラム";
 constexpr std::size_t kComputerNameCapacity = 256;
-constexpr std::size_t kMaxBytes = 1024; // far more than the lines of a run need
 
 // Three seconds: most runs are over by then. Attempts are counted because a clock can stop or be set back.
 constexpr int kAttempts = 30;
@@ -24,7 +22,7 @@ constexpr std::chrono::milliseconds kPause{100};
 
 bool RunFile::lock()
 try {
-    m_path = transferPath(m_app, kRunFile, WarnIfMissing::no);
+    m_path = runRecordPath(transferPath(m_app, kCsvFile, WarnIfMissing::no));
     while (isBusyForSeconds()) {
         const std::string text =
             (holder() + "が委任状を出力しています。")
@@ -33,9 +31,9 @@ try {
         if (!m_app.platform.boxes.askRetry(text, Icon::exclamation)) return false;
     }
     if (!m_file) return true;
-    const std::string computer = m_app.platform.processes.computerName(kComputerNameCapacity).value_or("?");
-    write(kFirstLine + std::string(kHolder) + computer + " " + std::to_string(m_app.platform.processes.processId()) +
-          "\n");
+    Processes &processes = m_app.platform.processes;
+    write(runStartLines(
+        {processes.computerName(kComputerNameCapacity).value_or("?"), std::to_string(processes.processId())}));
     return true;
 } catch (const RuntimeError &) {
     return true; // the CSV reports an unusable path
@@ -60,20 +58,15 @@ bool RunFile::isBusyForSeconds()
 /// The holder for the operator: "RECEPTION1（プロセス 1234）".
 std::string RunFile::holder()
 try {
-    const std::string text = m_app.platform.files.openForInput(m_path)->read(kMaxBytes);
-    const std::size_t begin = text.find(kHolder);
-    const std::size_t end = text.find('\n', begin);
-    const std::size_t number = text.rfind(' ', end);
-    const std::size_t name = begin + kHolder.size();
-    if (begin == std::string::npos || end == std::string::npos || number < name) return "ほかのプログラム";
-    return text.substr(name, number - name) + "（プロセス " + text.substr(number + 1, end - number - 1) + "）";
+    const auto found = readRunHolder(m_app.platform.files.openForInput(m_path)->read(kLargestRunRecord));
+    return found ? found->computer + "（プロセス " + found->process + "）" : kUnknownHolder;
 } catch (const RuntimeError &) {
-    return "ほかのプログラム";
+    return kUnknownHolder;
 }
 
 void RunFile::setLetters(std::uint64_t csvSize, std::int16_t letters)
 {
-    write("csv " + std::to_string(csvSize) + "\nletters " + std::to_string(letters) + "\n");
+    write(runEndLines({csvSize, static_cast<std::uint64_t>(letters)}));
 }
 
 void RunFile::write(const std::string &lines)

@@ -9,16 +9,8 @@
 namespace inin {
 
 /// "委任状.run" next to the CSV. A run locks it from the removal of the old CSV until the form tool is started, so that two
-/// programs on one site do not mix their letters and scripts. The file remains and describes the last run; the form viewer
-/// compares it with the CSV:
-///
-///     PrintInin run 1
-///     holder RECEPTION1 1234
-///     csv 54321
-///     letters 273
-///
-/// Each line ends with LF. `holder` is the computer's name and the process id, `csv` the size of the finished CSV in bytes,
-/// `letters` the number of letters in it. The last two lines are missing while the CSV is being written.
+/// programs on one site do not mix their letters and scripts. The file remains and describes the last run
+/// (`transfer/run_record.h`); the form viewer compares it with the CSV.
 /// If the file cannot be created or locked, the run continues without it.
 class RunFile {
 public:

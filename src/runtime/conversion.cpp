@@ -103,15 +103,15 @@ Date dateFromNumber(double days)
 
 } // namespace
 
-std::int16_t toInteger(const Variant &value, const Regional &)
+std::int16_t toInteger(const Variant &value)
 {
     return wholeOfValue<std::int16_t>(value);
 }
-std::int32_t toLong(const Variant &value, const Regional &)
+std::int32_t toLong(const Variant &value)
 {
     return wholeOfValue<std::int32_t>(value);
 }
-double toDouble(const Variant &value, const Regional &)
+double toDouble(const Variant &value)
 {
     return std::visit(DoubleOfValue{}, value.value());
 }

@@ -12,9 +12,9 @@ namespace inin {
 // The runtime's conversions. Halves round to even. A value outside the type is error 6, non-numeric or non-date text
 // error 13, Null error 94. Empty counts as 0 and as the empty text.
 
-[[nodiscard]] std::int16_t toInteger(const Variant &value, const Regional &regional);
-[[nodiscard]] std::int32_t toLong(const Variant &value, const Regional &regional);
-[[nodiscard]] double toDouble(const Variant &value, const Regional &regional);
+[[nodiscard]] std::int16_t toInteger(const Variant &value);
+[[nodiscard]] std::int32_t toLong(const Variant &value);
+[[nodiscard]] double toDouble(const Variant &value);
 /// The default text; a date in the short date format, followed by a blank and H:nn:ss if it has a time.
 [[nodiscard]] std::string toText(const Variant &value, const Regional &regional);
 /// Text is read in the order of the short date format first, then in the other customary orders; the year is required.

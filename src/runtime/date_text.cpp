@@ -14,7 +14,7 @@ namespace inin {
 namespace {
 
 /// A number in the text; its role is y, m or d if 年, 月 or 日 follows it.
-struct DatePart {
+struct DateNumber {
     std::int32_t value = 0;
     char role = '\0';
 };
@@ -165,7 +165,7 @@ private:
     {
         if (m_count == m_found.size()) return false;
         if (m_era != nullptr && m_count == 0 && (value == 0 || value > kLongestEra)) return false;
-        DatePart &part = m_found[m_count++];
+        DateNumber &part = m_found[m_count++];
         part.value = value;
         for (const RoleWord &entry : kRoleWords)
             if (part.role == '\0' && m_scan.accept(entry.word)) part.role = entry.role;
@@ -176,7 +176,7 @@ private:
     }
 
     /// A year after the end of an era is counted on from its start.
-    bool toYearOfEra(DatePart &year) const
+    bool toYearOfEra(DateNumber &year) const
     {
         if (year.role != '\0' && year.role != 'y') return false;
         year = {Year(m_era->first) + year.value - 1, 'y'};
@@ -227,7 +227,7 @@ private:
         std::int32_t month = 0;
         std::int32_t day = 1;
         for (std::size_t i = 0; i < m_count; ++i) {
-            const DatePart &part = m_found[i];
+            const DateNumber &part = m_found[i];
             if (part.role != '\0' && part.role != order[i]) return std::nullopt;
             // Of two parts a small number without 年 is not a year: "5/1" has none.
             if (order[i] == 'y' && m_count == 2 && part.role == '\0' && part.value < 100) return std::nullopt;
@@ -247,7 +247,7 @@ private:
 
     TextScan m_scan;
     const Regional &m_regional;
-    std::array<DatePart, 3> m_found{};
+    std::array<DateNumber, 3> m_found{};
     std::size_t m_count = 0;
     bool m_awaiting = false; // a separator after the last part awaits another part
     bool m_hasTime = false;

@@ -196,7 +196,7 @@ Variant Format(const Variant &value, std::string_view pattern, const Regional &r
     }
     if (value.getIf<Date>() != nullptr) return toText(value, regional);
     if (value.getIf<std::string>() != nullptr && !isNumeric(value)) return value;
-    return writeNumber(toDouble(value, regional), pattern);
+    return writeNumber(toDouble(value), pattern);
 }
 
 std::string formatText(const Variant &value, std::string_view pattern, const Regional &regional)

@@ -1,57 +1,13 @@
 #include "runtime/text.h"
 
 #include "runtime/runtime_error.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 
 namespace inin {
 
 namespace {
-
-struct Character {
-    std::size_t bytes;
-    std::size_t units;
-};
-
-unsigned char byteAt(std::string_view text, std::size_t position)
-{
-    return static_cast<unsigned char>(text[position]);
-}
-
-bool isContinuation(std::string_view text, std::size_t position)
-{
-    return position < text.size() && (byteAt(text, position) & 0xC0U) == 0x80U;
-}
-
-/// The second byte rules out overlong forms, surrogates and code points above U+10FFFF.
-bool isSecondByte(unsigned char lead, unsigned char second)
-{
-    switch (lead) {
-    case 0xE0:
-        return second >= 0xA0;
-    case 0xED:
-        return second < 0xA0;
-    case 0xF0:
-        return second >= 0x90;
-    case 0xF4:
-        return second < 0x90;
-    default:
-        return true;
-    }
-}
-
-/// The character at a position in the text; a byte that does not begin one counts as one unit.
-Character characterAt(std::string_view text, std::size_t position)
-{
-    constexpr Character kByte{1, 1};
-    const unsigned char lead = byteAt(text, position);
-    if (lead < 0xC2 || lead > 0xF4) return kByte;
-    const std::size_t bytes = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    for (std::size_t i = 1; i < bytes; ++i)
-        if (!isContinuation(text, position + i)) return kByte;
-    if (!isSecondByte(lead, byteAt(text, position + 1))) return kByte;
-    return {bytes, bytes == 4 ? std::size_t{2} : std::size_t{1}};
-}
 
 struct Prefix {
     std::size_t bytes = 0;
@@ -63,10 +19,11 @@ Prefix prefixOf(std::string_view text, std::size_t units)
 {
     Prefix prefix;
     while (prefix.bytes < text.size()) {
-        const Character next = characterAt(text, prefix.bytes);
-        if (next.units > units - prefix.units) break;
+        const DecodedCharacter next = firstCharacter(text.substr(prefix.bytes));
+        const std::size_t nextUnits = utf16Units(next.character);
+        if (nextUnits > units - prefix.units) break;
         prefix.bytes += next.bytes;
-        prefix.units += next.units;
+        prefix.units += nextUnits;
     }
     return prefix;
 }
@@ -117,7 +74,7 @@ std::string mid(std::string_view text, std::size_t start, std::size_t units)
     Prefix before = prefixOf(text, start - 1);
     if (before.bytes == text.size()) return {};
     if (before.units < start - 1) { // the start is inside a surrogate pair, which is skipped
-        before.bytes += characterAt(text, before.bytes).bytes;
+        before.bytes += firstCharacter(text.substr(before.bytes)).bytes;
         units -= std::min<std::size_t>(units, 1);
     }
     return left(text.substr(before.bytes), units);

@@ -1,6 +1,7 @@
 #include "runtime/text_scan.h"
 
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 
@@ -18,7 +19,7 @@ std::size_t blankAt(std::string_view text)
 {
     if (text.empty()) return 0;
     if (text.front() == ' ' || (text.front() >= '\t' && text.front() <= '\r')) return 1;
-    if (static_cast<unsigned char>(text.front()) < 0x80) return 0;
+    if (isAscii(text.front())) return 0;
     for (const std::string_view blank : kWideBlanks)
         if (text.starts_with(blank)) return blank.size();
     return 0;

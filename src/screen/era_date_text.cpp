@@ -16,7 +16,7 @@ namespace {
 constexpr std::int32_t kLastYear = 9999;
 constexpr std::int32_t kMonths = 12;
 
-struct TextPiece {
+struct DateTextPiece {
     char letter = '\0';
     std::string text;
 };
@@ -39,9 +39,9 @@ std::string eraText(char letter, std::size_t count, Date date, std::span<const E
 }
 
 /// The pieces of a pattern, formatted for a date. The eras are from the table; everything else is formatted by Format.
-std::vector<TextPiece> piecesOf(Date date, std::string_view pattern, std::span<const Era> eraTable)
+std::vector<DateTextPiece> piecesOf(Date date, std::string_view pattern, std::span<const Era> eraTable)
 {
-    std::vector<TextPiece> pieces;
+    std::vector<DateTextPiece> pieces;
     while (!pattern.empty()) {
         const char letter = pattern.front();
         const bool isField = std::string_view("geymd").find(letter) != std::string_view::npos;
@@ -88,7 +88,7 @@ const Era *eraIn(std::span<const Era> eraTable, Date date)
 std::string typedDateText(Date date, std::string_view pattern, std::span<const Era> eraTable)
 {
     std::string text;
-    for (const TextPiece &piece : piecesOf(date, pattern, eraTable)) text += piece.text;
+    for (const DateTextPiece &piece : piecesOf(date, pattern, eraTable)) text += piece.text;
     return text;
 }
 
@@ -96,7 +96,7 @@ DatePartPlace partAt(Date date, std::string_view pattern, std::size_t position, 
 {
     DatePartPlace place;
     std::size_t at = 0;
-    for (const TextPiece &piece : piecesOf(date, pattern, eraTable)) {
+    for (const DateTextPiece &piece : piecesOf(date, pattern, eraTable)) {
         const std::size_t end = at + piece.text.size();
         // Between two parts, the one on the left counts: its last digit is the one just typed.
         if (piece.letter != '\0' && (at <= position || place.end == 0)) place = {partOf(piece.letter), at, end};
@@ -121,6 +121,11 @@ Date stepped(Date date, DatePart part, int by, std::span<const Era> eraTable)
     const Date moved = part == DatePart::day ? Date(dayOf(date).days() + by) : dateOf(parts);
     constexpr double kAfterLastDay = 2958466; // 10000-01-01
     return moved < eraTable.front().first || moved.days() >= kAfterLastDay ? date : moved;
+}
+
+std::string yearTitle(std::int32_t year, std::span<const Era> eraTable)
+{
+    return fmt::format("{}（{}年）", yearsTitle(dateOf({year, 1, 1}), dateOf({year, 12, 31}), eraTable), year);
 }
 
 std::string monthTitle(std::int32_t year, std::int32_t month, std::span<const Era> eraTable)

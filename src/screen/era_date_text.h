@@ -55,6 +55,9 @@ struct DatePartPlace {
 /// A month with its era and its western year: 令和8年（2026年）11月. Both eras if the era changed in that month.
 [[nodiscard]] std::string monthTitle(std::int32_t year, std::int32_t month, std::span<const Era> eraTable = eras());
 
+/// A year with its era and its western number: 令和8年（2026年）. Both eras if the era changed in that year.
+[[nodiscard]] std::string yearTitle(std::int32_t year, std::span<const Era> eraTable = eras());
+
 /// The era of a day, nullptr before the first era.
 [[nodiscard]] const Era *eraIn(std::span<const Era> eraTable, Date date);
 

@@ -55,10 +55,9 @@ const Era *takeEra(TextScan &scan, std::span<const Era> eraTable)
 
 ScannedDate::Unit takeUnit(TextScan &scan)
 {
-    using Unit = ScannedDate::Unit;
-    if (scan.accept("年")) return Unit::year;
-    if (scan.accept("月")) return Unit::month;
-    return scan.accept("日") ? Unit::day : Unit::none;
+    if (scan.accept("年")) return ScannedDate::Unit::year;
+    if (scan.accept("月")) return ScannedDate::Unit::month;
+    return scan.accept("日") ? ScannedDate::Unit::day : ScannedDate::Unit::none;
 }
 
 /// Reads digits; the first year of an era may be written 元.

@@ -1,11 +1,13 @@
 #include "search/patient_search_form.h"
 
+#include "common/error_text.h"
 #include "common/helpers.h"
+#include "master/patient_record.h"
 #include "runtime/conversion.h"
 #include "runtime/format.h"
-#include "runtime/text.h"
 #include "search/search_sql.h"
-#include "search/staff_search.h"
+#include "search/staff_search_form.h"
+#include "shell/error_box.h"
 #include "shell/settings.h"
 
 #include <array>
@@ -17,7 +19,7 @@ namespace {
 using Kind = Grid::CellKind;
 
 constexpr std::int16_t kAreaColumn = 1;
-constexpr SearchColumn kColumns[] = {
+constexpr SearchColumn kPatientColumns[] = {
     {"拠点 No.", Kind::number, 8, "iKyotenCd", "iKyotenEb"},
     {"ID No.", Kind::number, 8, "nIDNo"},
     {"利用者氏名", Kind::text, 16, "cName"},
@@ -28,12 +30,12 @@ constexpr SearchColumn kColumns[] = {
     {"名称地区", Kind::text, 12, "cNameRyaku"},
 };
 // Deliberate: the message for an empty staff list also mentions patients.
-constexpr SearchDesign kDesign{
+constexpr SearchDesign kPatientDesign{
     "frm患者検索",
     "利用者マスター検索",
     "chkEndKanja",
     "施術終了した利用者も表示",
-    kColumns,
+    kPatientColumns,
     2,
     3,
     kAreaColumn,
@@ -78,7 +80,7 @@ std::string conditionsText(const SearchFilter &filter)
 
 } // namespace
 
-frm患者検索::frm患者検索(App &app) : SearchForm(app, kDesign)
+frm患者検索::frm患者検索(App &app) : SearchForm(app, kPatientDesign)
 {
     addCommon();
     addLabelled(imNum_StaffNo, "施術者");
@@ -102,7 +104,7 @@ std::int16_t frm患者検索::iInit(std::int32_t nSeledCode)
     }
     // Deliberate: only the heading of a failed connect has a blank.
     const char *heading = own.step == ConnectStep::connect ? "iInit() でエラー" : "iInit()でエラー";
-    setErrStr(std::string(heading).append(kCrLf).append(own.csErrMsg));
+    setErrStr(headingText(heading, own.csErrMsg));
     return iBad;
 }
 
@@ -119,7 +121,7 @@ void frm患者検索::readSettings()
     // without the column.
     m_limitMonth = kNoLimitMonth;
     spr_1ran.setColumnWidth(kAreaColumn, 0);
-    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no), app().regional);
+    m_endedMonths = toInteger(vGetSystemValue(app(), "終了患者施術期間", WarnIfMissing::no));
     if (m_endedMonths == 0) return;
     m_limitMonth = monthText(app(), 1 - m_endedMonths);
     chkEndKanja.Caption = monthText(app(), -m_endedMonths) + "以前に、施術の終了した利用者も表示する。";
@@ -195,7 +197,7 @@ bool frm患者検索::confirmEntry(const Control *active)
 
 bool frm患者検索::lookUpStaff()
 {
-    const std::int32_t number = nNullToLong(imNum_StaffNo.Value, app().regional);
+    const std::int32_t number = nNullToLong(imNum_StaffNo.Value);
     if (number == 0) {
         cbo_Sejutusha.ListIndex = 0;
         return true;
@@ -212,6 +214,64 @@ bool frm患者検索::lookUpStaff()
 void frm患者検索::tellStaffFailure(const std::string &words)
 {
     app().platform.boxes.show("施術者の検索に失敗しました" + words, Icon::critical);
+}
+
+std::int16_t cls患者検索::iDspStart()
+try {
+    frm患者検索 window(m_app);
+    if (window.iInit(nSeledCD) != iGood) {
+        m_errStr = window.CsErrStr();
+        return iBad;
+    }
+    m_app.platform.windows.show(window, Modality::modal);
+    if (!window.isChosen()) return kNothingChosen;
+    window.vGetSeledInf(nSeledCD, m_seledName, &iArea);
+    return iGood;
+} catch (const RuntimeError &error) {
+    m_errStr = numberedText(error);
+    return iBad;
+}
+
+std::int16_t cls患者検索::iSetRiyouName(std::int32_t nCode, Label &Ctrl)
+{
+    return writeName(nCode, Ctrl.Caption);
+}
+
+std::int16_t cls患者検索::iSetRiyouName2(std::int32_t nCode, Label &Ctrl)
+{
+    return writeName(nCode, Ctrl.Caption);
+}
+
+std::int16_t cls患者検索::iSetRiyouName2(std::int32_t nCode, TextBox &Ctrl)
+{
+    return writeName(nCode, Ctrl.Text);
+}
+
+std::string cls患者検索::csSetRiyouName_Text(std::int32_t nCode)
+try {
+    return readName(nCode).value_or(std::string());
+} catch (const RuntimeError &error) {
+    m_errStr = numberedText(error);
+    return {};
+}
+
+std::int16_t cls患者検索::writeName(std::int32_t nCode, Attribute<std::string> &target)
+try {
+    target = "";
+    const std::optional<std::string> name = readName(nCode);
+    if (!name) return iBad;
+    target = *name;
+    return iGood;
+} catch (const RuntimeError &error) {
+    m_errStr = numberedText(error);
+    return iBad;
+}
+
+std::optional<std::string> cls患者検索::readName(std::int32_t nCode)
+{
+    RIYOUSHA_REC patient;
+    if (iGetRiyoushaRec(m_app, nCode, patient) != kPatientRead) return std::nullopt;
+    return trim(csCutNul(patient.cName));
 }
 
 } // namespace inin

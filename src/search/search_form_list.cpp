@@ -57,10 +57,7 @@ private:
         std::size_t second;
     };
 
-    [[nodiscard]] std::int32_t number(std::size_t place) const
-    {
-        return nNullToLong(m_rsData.Value(place), m_regional);
-    }
+    [[nodiscard]] std::int32_t number(std::size_t place) const { return nNullToLong(m_rsData.Value(place)); }
     /// The rows of a list usually belong to one branch, so the last result is cached.
     [[nodiscard]] std::int32_t joined(std::int32_t first, std::int32_t second)
     {
@@ -68,7 +65,7 @@ private:
             m_first = first;
             m_second = second;
             m_joinedText = formatText(first, "00", m_regional) + formatText(second, "00", m_regional);
-            m_joined = toLong(Variant(m_joinedText), m_regional);
+            m_joined = toLong(Variant(m_joinedText));
         }
         return m_joined;
     }
@@ -117,8 +114,7 @@ try {
     }
     m_staff.clear();
     for (; !rsData->isEndOfFile(); rsData->MoveNext())
-        m_staff.push_back(
-            {nNullToLong(rsData->Field("nIDNo"), m_app.regional), csNullRTrim(rsData->Field("cName"), m_app.regional)});
+        m_staff.push_back({nNullToLong(rsData->Field("nIDNo")), csNullRTrim(rsData->Field("cName"), m_app.regional)});
     showStaff(m_staff);
     return iGood;
 } catch (const RuntimeError &error) {
@@ -172,7 +168,7 @@ std::unique_ptr<Recordset> SearchForm::openRows(StartedSession &own, const std::
 {
     std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
     if (own.session->iOpenRecSet(*rsData, sql, adOpenForwardOnly, adLockReadOnly, adCmdText) == iGood) return rsData;
-    m_errStr = std::string(heading).append(kCrLf).append(own.session->sErrMsg());
+    m_errStr = headingText(heading, own.session->sErrMsg());
     return nullptr;
 }
 
@@ -212,7 +208,7 @@ SearchFilter SearchForm::readFilter() const
     filter.name = txt_SiboriName.Text;
     filter.kana = txt_SiboriKana.Text;
     filter.includeEnded = m_endedCheck.Value;
-    filter.number = nNullToLong(in_SiboriID.Value, m_app.regional);
+    filter.number = nNullToLong(in_SiboriID.Value);
     return filter;
 }
 

@@ -24,7 +24,7 @@ void vErrorBox(App &app, const RuntimeError &error, const std::string &csTitle, 
 
 void headingBox(App &app, const std::string &heading, const std::string &text)
 {
-    app.platform.boxes.show(std::string(heading).append(kCrLf).append(text), Icon::critical);
+    app.platform.boxes.show(headingText(heading, text), Icon::critical);
 }
 
 } // namespace inin

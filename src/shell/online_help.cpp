@@ -5,6 +5,7 @@
 #include "common/opl_ini_file.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 
@@ -17,7 +18,7 @@ constexpr std::int16_t kRead = 1;
 constexpr std::int16_t kFailed = -1;
 
 /// The value after a key at the very beginning of a field.
-void takeValue(const std::string &field, std::string_view key, std::string &value)
+void takeAfterKey(const std::string &field, std::string_view key, std::string &value)
 {
     if (field.starts_with(key)) value = field.substr(key.size());
 }
@@ -69,8 +70,8 @@ try {
     FieldInput file(app.platform, app.gcsAppPath + "\\EmapUser.ini");
     while (!file.isAtEnd()) {
         const std::string field = file.next();
-        takeValue(field, "ZENRIN_USER=", csUser);
-        takeValue(field, "ZENRIN_PWD=", csPwd);
+        takeAfterKey(field, "ZENRIN_USER=", csUser);
+        takeAfterKey(field, "ZENRIN_PWD=", csPwd);
     }
     return kRead;
 } catch (const RuntimeError &) {
@@ -79,14 +80,12 @@ try {
 
 std::string reversedCharacters(std::string_view text)
 {
-    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-    std::string reversed;
-    reversed.reserve(text.size());
-    while (!text.empty()) {
-        std::size_t start = text.size() - 1;
-        while (start > 0 && continues(text[start])) --start;
-        reversed += text.substr(start);
-        text.remove_suffix(text.size() - start);
+    std::string reversed(text.size(), '\0');
+    for (auto end = reversed.end(); !text.empty();) {
+        const std::string_view character = text.substr(0, firstCharacter(text).bytes);
+        end -= static_cast<std::ptrdiff_t>(character.size());
+        std::ranges::copy(character, end);
+        text.remove_prefix(character.size());
     }
     return reversed;
 }

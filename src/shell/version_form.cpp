@@ -28,7 +28,7 @@ struct VersionLine {
 constexpr std::size_t kMaxLines = 20;
 
 /// Sets `value` to the text after the first "=" if the field contains the key at any position.
-void takeValue(const std::string &field, std::string_view key, std::string &value)
+void takeAfterEquals(const std::string &field, std::string_view key, std::string &value)
 {
     if (field.find(key) != std::string::npos) value = field.substr(field.find('=') + 1);
 }
@@ -98,8 +98,8 @@ std::string frmVer::csGetVersionFile(std::string &csVersion, std::string &csUpda
         FieldInput file(m_app.platform, path);
         while (!file.isAtEnd()) {
             const std::string field = file.next();
-            takeValue(field, "VERSION=", csVersion);
-            takeValue(field, "UUPDATE=", csUpdate);
+            takeAfterEquals(field, "VERSION=", csVersion);
+            takeAfterEquals(field, "UUPDATE=", csUpdate);
             whole.append(field).append(kCrLf);
         }
     } catch (const RuntimeError &) {
@@ -118,7 +118,7 @@ void frmVer::readVersionIni(std::int16_t systemId)
         if (isFirst) {
             laVer.Caption = name;
             laVer.Caption = text;
-        } else if (systemId == 0 || toInteger(Variant(owner), m_app.regional) == systemId) {
+        } else if (systemId == 0 || toInteger(Variant(owner)) == systemId) {
             lstVer.AddItem(trim(text), 0);
         }
     }

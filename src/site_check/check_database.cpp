@@ -1,14 +1,13 @@
 #include "site_check/site_check.h"
 
-#include "adapters/native/native_platform.h"
 #include "adapters/sqlite/sqlite_database.h"
-#include "adapters/suite/suite_database.h"
+#include "common/helpers.h"
 #include "demo_site/database_maker.h"
+#include "demo_site/demo_irregularities.h"
+#include "demo_site/site_maker.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
-#include "suite_text/code_page_932.h"
-#include "suite_text/profile_text.h"
 #include "system/file_path.h"
 
 #include <fmt/format.h>
@@ -21,30 +20,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The longest connection string for the suite's buffer of 256 bytes.
-constexpr std::size_t kLongestConnection = 255;
+/// A demo site has patients without a known agent on purpose.
+enum class Origin { practice, demo };
 
 /// More findings of one kind in a table would hide the others.
 constexpr std::size_t kMaxValues = 50;
-
-/// The connection string in "adodb.ini"; adds a finding if there is none.
-std::optional<std::string> connectionText(const fs::path &folder, Findings &findings)
-{
-    const auto bytes = readSettingsFile(folder / "adodb.ini", "接続情報ファイル「adodb.ini」がありません。", findings);
-    if (!bytes) return std::nullopt;
-    const std::string name = encodeCp932("接続情報");
-    const std::string value = profileString(*bytes, name, name, "", 2 * kLongestConnection);
-    if (value.size() > kLongestConnection) {
-        findings.push_back(fmt::format("adodb.ini の接続文字列が{}バイトを超えています。", kLongestConnection));
-        return std::nullopt;
-    }
-    const std::string text = rtrim(decodeCp932(value));
-    if (text.empty()) {
-        findings.push_back("adodb.ini に接続文字列（セクションも項目も「接続情報」）がありません。");
-        return std::nullopt;
-    }
-    return text;
-}
 
 /// Columns whose values are written to the letters unchanged.
 struct LetterColumns {
@@ -72,34 +52,29 @@ std::string_view breakIn(std::string_view value)
     return hasSeparator || value.starts_with(",\"") || value.ends_with("\",") ? "列の区切り（\",\"）" : "";
 }
 
-/// A data source is relative to the site's folder, which is the program's current folder.
-std::string pathFrom(const fs::path &folder, const std::string &path)
+std::string keyText(const Variant &key)
 {
-    const std::string real = systemPath(path);
-    return isAbsolutePath(real) ? real : systemPath(textOf(folder / pathOf(real)));
+    return key.isNull() ? "NULL" : toText(key, Regional{});
 }
 
 /// An open database and its checks.
 class DatabaseCheck {
 public:
-    DatabaseCheck(Database &database, Findings &findings)
-        : m_database(database), m_connection(database.newConnection()), m_findings(findings)
-    {
-    }
-
-    void connect(const std::string &connectionString) { m_connection->Open(connectionString, "", "", 0); }
+    DatabaseCheck(SiteDatabase &site, Findings &findings) : m_site(site), m_findings(findings) {}
 
     void checkTables()
     {
         for (const TableColumns &table : schemaTables()) checkTable(table);
     }
 
-    void checkRows(const Branch &branch)
+    void checkRows(const Branch &branch, Origin origin)
     {
         const std::string where = fmt::format("iKyotenCd = {} AND iKyotenEb = {}", branch.code, branch.subCode);
-        checkCount("本社", fmt::format("SELECT nIDNo FROM CORP WHERE {} AND iType = 0", where));
-        checkCount("団体請求", fmt::format("SELECT nIDNo FROM CORP WHERE {} AND iType = 3", where));
-        checkAgents(branch);
+        const std::string companies = "SELECT nIDNo FROM CORP WHERE " + where;
+        checkCount("本社", companies + " AND iType = 0", FindingKind::noHeadOffice, FindingKind::severalHeadOffices);
+        checkCount("団体請求", companies + " AND iType = 3", FindingKind::noGroupCompany,
+                   FindingKind::severalGroupCompanies);
+        checkAgents(branch, origin);
         checkStaff(where);
         for (const LetterColumns &letter : kLetterColumns)
             checkLetterValues(letter, letter.isOfBranch ? " WHERE " + where : std::string());
@@ -108,8 +83,8 @@ public:
 private:
     std::unique_ptr<Recordset> open(const std::string &sql)
     {
-        std::unique_ptr<Recordset> rows = m_database.newRecordset();
-        rows->Open(sql, *m_connection, adOpenForwardOnly, adLockReadOnly, adCmdText);
+        std::unique_ptr<Recordset> rows = m_site.database->newRecordset();
+        rows->Open(sql, *m_site.connection, adOpenForwardOnly, adLockReadOnly, adCmdText);
         return rows;
     }
 
@@ -120,10 +95,12 @@ private:
         for (std::size_t i = 0; i < rows->fieldCount(); ++i) present.push_back(asciiLower(rows->fieldName(i)));
         for (const SchemaColumn &column : table.columns) {
             if (std::ranges::find(present, asciiLower(column.name)) != present.end()) continue;
-            m_findings.push_back(fmt::format("テーブル「{}」に列「{}」がありません。", table.name, column.name));
+            m_findings.push_back({FindingKind::missingColumn, table.name + "." + column.name,
+                                  fmt::format("テーブル「{}」に列「{}」がありません。", table.name, column.name)});
         }
     } catch (const RuntimeError &) {
-        m_findings.push_back(fmt::format("テーブル「{}」がありません。", table.name));
+        m_findings.push_back(
+            {FindingKind::missingTable, table.name, fmt::format("テーブル「{}」がありません。", table.name)});
     }
 
     std::int32_t count(const std::string &sql)
@@ -135,29 +112,53 @@ private:
     }
 
     /// Without such a company the letters lack it; with several each letter is repeated.
-    void checkCount(std::string_view role, const std::string &sql)
+    void checkCount(std::string_view role, const std::string &sql, FindingKind none, FindingKind several)
     try {
         const std::int32_t number = count(sql);
-        if (number == 1) return;
-        m_findings.push_back(
-            number == 0 ? fmt::format("この拠点に{}の会社（CORP）がありません。", role)
-                        : fmt::format("この拠点に{}の会社（CORP）が{}件あり、委任状が重複します。", role, number));
+        if (number == 0)
+            m_findings.push_back({none, "CORP", fmt::format("この拠点に{}の会社（CORP）がありません。", role)});
+        else if (number > 1)
+            m_findings.push_back(
+                {several, "CORP",
+                 fmt::format("この拠点に{}の会社（CORP）が{}件あり、委任状が重複します。", role, number)});
     } catch (const RuntimeError &) {
         // A missing table or column is already a finding.
     }
 
-    void checkAgents(const Branch &branch)
+    /// Patients whose agent is unknown; their letters for the agent lack the company and the bank.
+    void checkAgents(const Branch &branch, Origin origin)
     try {
         const std::string agents = fmt::format(
-            "SELECT RIYOUSHA.nIDNo FROM RIYOUSHA LEFT JOIN CORP ON CORP.iKyotenCd = {0} AND CORP.iKyotenEb = {1}"
-            " AND CORP.nIDNo = RIYOUSHA.nDairiID WHERE RIYOUSHA.iKyotenCd = {0} AND RIYOUSHA.iKyotenEb = {1}"
-            " AND RIYOUSHA.nDairiID > 0 AND CORP.nIDNo IS NULL",
+            "SELECT RIYOUSHA.nIDNo, RIYOUSHA.cName FROM RIYOUSHA LEFT JOIN CORP ON CORP.iKyotenCd = {0}"
+            " AND CORP.iKyotenEb = {1} AND CORP.nIDNo = RIYOUSHA.nDairiID WHERE RIYOUSHA.iKyotenCd = {0}"
+            " AND RIYOUSHA.iKyotenEb = {1} AND RIYOUSHA.nDairiID > 0 AND CORP.nIDNo IS NULL ORDER BY RIYOUSHA.nIDNo",
             branch.code, branch.subCode);
-        const std::int32_t number = count(agents);
-        if (number > 0)
-            m_findings.push_back(fmt::format("代理人（nDairiID）が会社（CORP）にない利用者が{}人います。", number));
+        std::vector<std::string> patients, demoPatients;
+        for (const auto rows = open(agents); !rows->isEndOfFile(); rows->MoveNext()) {
+            const std::int32_t number = nNullToLong(rows->Value(0));
+            const bool isOfDemo = origin == Origin::demo && kMissingAgent.has(number);
+            (isOfDemo ? demoPatients : patients)
+                .push_back(fmt::format("{} {}", number, csNullToStr(rows->Value(1), Regional{})));
+        }
+        addMissingAgents(FindingKind::missingAgent, patients);
+        addMissingAgents(FindingKind::demoMissingAgent, demoPatients);
     } catch (const RuntimeError &) {
         // As above.
+    }
+
+    void addMissingAgents(FindingKind kind, const std::vector<std::string> &patients)
+    {
+        if (patients.empty()) return;
+        const std::size_t shown = std::min(patients.size(), kMaxValues);
+        const std::string others = shown < patients.size() ? fmt::format("、ほか{}人", patients.size() - shown) : "";
+        const std::string who = fmt::format(
+            "{}{}", fmt::join(patients.begin(), patients.begin() + static_cast<std::ptrdiff_t>(shown), "、"), others);
+        m_findings.push_back(
+            {kind, "RIYOUSHA.nDairiID",
+             fmt::format(
+                 "代理人（nDairiID）が会社（CORP）にない利用者が{}人います（{}）。代理人あての委任状の会社と口座が"
+                 "空になるので、利用者の代理人を選び直すか、その番号の会社を登録してください。",
+                 patients.size(), who)});
     }
 
     /// The program's staff list contains active staff only; if it is empty, the screen closes at once.
@@ -165,7 +166,8 @@ private:
     try {
         if (count(fmt::format("SELECT TOP 1 nIDNo FROM STAFF WHERE {} AND (iChusiFlg = 0 OR iChusiFlg IS NULL)",
                               where)) == 0)
-            m_findings.push_back("この拠点に施術者（STAFF）がいないので、画面が開きません。");
+            m_findings.push_back(
+                {FindingKind::noStaff, "STAFF", "この拠点に施術者（STAFF）がいないので、画面が開きません。"});
     } catch (const RuntimeError &) {
         // As above.
     }
@@ -180,8 +182,9 @@ private:
             for (std::size_t at = 0; at < letter.columns.size(); ++at)
                 checkLetterValue(letter, letter.columns[at], rows->Value(0), rows->Value(at + 1), count);
         if (count > kMaxValues)
-            m_findings.push_back(fmt::format("テーブル「{}」に、委任状が増えるか崩れる値がほかに{}件あります。",
-                                             letter.table, count - kMaxValues));
+            m_findings.push_back({FindingKind::moreBreakingValues, std::string(letter.table),
+                                  fmt::format("テーブル「{}」に、委任状が増えるか崩れる値がほかに{}件あります。",
+                                              letter.table, count - kMaxValues)});
     } catch (const RuntimeError &) {
         // A missing table or column is already a finding.
     }
@@ -194,14 +197,29 @@ private:
         const std::string_view found = text == nullptr ? std::string_view() : breakIn(*text);
         if (found.empty() || ++count > kMaxValues) return;
         m_findings.push_back(
-            fmt::format("テーブル「{}」の列「{}」の値（{} = {}）に{}があり、委任状が増えるか崩れます。", letter.table,
-                        column, letter.key, key.isNull() ? "NULL" : toText(key, Regional{}), found));
+            {FindingKind::breakingValue, fmt::format("{}.{}", letter.table, column),
+             fmt::format("テーブル「{}」の列「{}」の値（{} = {}）に{}があり、委任状が増えるか崩れます。", letter.table,
+                         column, letter.key, keyText(key), found)});
     }
 
-    Database &m_database;
-    std::unique_ptr<Connection> m_connection;
+    SiteDatabase &m_site;
     Findings &m_findings;
 };
+
+/// Opens the database of a connection string if it is sound; otherwise adds a finding.
+std::optional<SiteDatabase> openSound(const fs::path &folder, const std::string &text, Findings &findings)
+try {
+    SiteDatabase site = openSiteDatabase(folder, text);
+    const auto resolvePath = [&folder](const std::string &path) { return dataSourceOf(folder, path); };
+    if (sqlite::isSoundSqliteDatabase(text, resolvePath)) return site;
+    findings.push_back({FindingKind::damagedDatabase, "adodb.ini",
+                        "データベースのファイルが壊れています。控えのファイルに戻してください。"});
+    return std::nullopt;
+} catch (const RuntimeError &error) {
+    findings.push_back({FindingKind::cannotConnect, "adodb.ini",
+                        fmt::format("データベースに接続できません。（{}）", error.description())});
+    return std::nullopt;
+}
 
 } // namespace
 
@@ -209,21 +227,11 @@ void checkDatabase(const fs::path &folder, const std::optional<Branch> &branch, 
 {
     const auto text = connectionText(folder, findings);
     if (!text) return;
-    const auto resolvePath = [&folder](const std::string &path) { return pathFrom(folder, path); };
-    const std::unique_ptr<Database> database = makeSuiteDatabase(resolvePath);
-    DatabaseCheck check(*database, findings);
-    try {
-        check.connect(*text);
-        if (!sqlite::isSoundSqliteDatabase(*text, resolvePath)) {
-            findings.push_back("データベースのファイルが壊れています。控えのファイルに戻してください。");
-            return;
-        }
-    } catch (const RuntimeError &error) {
-        findings.push_back(fmt::format("データベースに接続できません。（{}）", error.description()));
-        return;
-    }
+    auto site = openSound(folder, *text, findings);
+    if (!site) return;
+    DatabaseCheck check(*site, findings);
     check.checkTables();
-    if (branch) check.checkRows(*branch);
+    if (branch) check.checkRows(*branch, isThere(folder / kMarkerFile) ? Origin::demo : Origin::practice);
 }
 
 } // namespace inin::site

@@ -22,17 +22,19 @@ void checkCodePage(Locale &system, Findings &findings)
 {
     if (system.toCodePage(kConnectionKey) == encodeCp932(kConnectionKey)) return;
     findings.push_back(
-        "このコンピューターの「Unicode 対応ではないプログラムの言語」が日本語ではないので、設定ファイルの"
-        "日本語の項目を読めません。");
+        {FindingKind::otherCodePage, "",
+         "このコンピューターの「Unicode 対応ではないプログラムの言語」が日本語ではないので、設定ファイルの"
+         "日本語の項目を読めません。"});
 }
 
 /// Statements and letters contain dates in this format. With an era or a day in front these would be wrong or invalid.
 void checkShortDate(const Regional &regional, Findings &findings)
 {
     if (std::ranges::find(kReadableForms, regional.shortDate) != std::end(kReadableForms)) return;
-    findings.push_back(fmt::format("このコンピューターの短い日付の形式が「{}」なので、データベースが日付を正しく"
-                                   "読めません（「yyyy/MM/dd」にしてください）。",
-                                   regional.shortDate));
+    findings.push_back({FindingKind::unreadableShortDate, "",
+                        fmt::format("このコンピューターの短い日付の形式が「{}」なので、データベースが日付を正しく"
+                                    "読めません（「yyyy/MM/dd」にしてください）。",
+                                    regional.shortDate)});
 }
 
 } // namespace inin::site

@@ -2,28 +2,25 @@
 
 #include "platform/locale.h"
 #include "runtime/regional.h"
+#include "site_check/finding.h"
+#include "site_check/site_settings.h"
 
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace inin::site {
 
-/// The findings of a check, one sentence each; empty if there is no problem.
-using Findings = std::vector<std::string>;
-
-/// Checks the settings, folders, form documents and database of a site. Writes nothing.
+/// Checks the settings, folders, programs, form documents and database of a site. Writes nothing.
 [[nodiscard]] Findings checkSite(const std::filesystem::path &folder);
 
 // The parts of checkSite().
 
-struct Branch {
-    int code = 0;
-    int subCode = 0;
-};
 /// Returns the branch if "BASEID" names one.
 [[nodiscard]] std::optional<Branch> checkSettings(const std::filesystem::path &folder, Findings &findings);
+void checkForms(const std::filesystem::path &folder, const Settings &settings, Findings &findings);
+/// The menu program and the form tools.
+void checkPrograms(const std::filesystem::path &folder, Findings &findings);
 /// Without a branch only tables and columns are checked, not the rows.
 void checkDatabase(const std::filesystem::path &folder, const std::optional<Branch> &branch, Findings &findings);
 
@@ -31,11 +28,5 @@ void checkDatabase(const std::filesystem::path &folder, const std::optional<Bran
 void checkCodePage(Locale &system, Findings &findings);
 /// The system's date format, which is the same for every site that is checked on this computer.
 void checkShortDate(const Regional &regional, Findings &findings);
-
-/// The bytes of a file, found by its name in any case; nothing if it cannot be read.
-[[nodiscard]] std::optional<std::string> readSiteFile(const std::filesystem::path &path);
-/// The same for a settings file; one that is missing, not a file or too large is reported as a finding.
-[[nodiscard]] std::optional<std::string> readSettingsFile(const std::filesystem::path &path, const std::string &missing,
-                                                          Findings &findings);
 
 } // namespace inin::site

@@ -2,8 +2,7 @@
 
 #include "demo_site/site_maker.h"
 #include "runtime/runtime_error.h"
-#include "runtime/text.h"
-#include "suite_text/code_page_932.h"
+#include "site_check/site_settings.h"
 #include "system/file_path.h"
 
 #include <fmt/format.h>
@@ -24,22 +23,13 @@ std::optional<std::string> bytesOf(const fs::path &path)
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-/// The folder of the form documents as the suite reads it: the text after the first "SYSTEM_SYS=".
+/// The folder that the suite takes form documents from.
 fs::path formFolder(const fs::path &site)
 {
-    const fs::path settings = pathOf(systemPath(textOf(site / "Massage.ini")));
-    const std::optional<std::string> bytes = bytesOf(settings);
-    if (!bytes)
-        throw RuntimeError(
-            error_number::fileNotFound,
-            fmt::format("「{}」がありません。総合システムのフォルダーを指定してください。", textOf(settings)));
-    constexpr std::string_view kKey = "SYSTEM_SYS=";
-    const std::string text = "\n" + decodeCp932(*bytes);
-    const std::size_t begin = text.find("\n" + std::string(kKey));
-    if (begin == text.npos)
-        throw RuntimeError(error_number::pathNotFound, "Massage.ini に項目「SYSTEM_SYS」がありません。");
-    const std::size_t value = begin + 1 + kKey.size();
-    return pathOf(systemPath(textOf(site) + trim(text.substr(value, text.find_first_of("\r\n", value) - value))));
+    Findings findings;
+    if (const auto settings = readSettings(site, findings))
+        if (const auto value = valueOf(*settings, "SYSTEM_SYS", findings)) return joined(site, *value);
+    throw RuntimeError(error_number::pathNotFound, findings.front().sentence);
 }
 
 /// Renames a document to the first free name: "委任状23.wfd.1", "委任状23.wfd.2", …

@@ -1,5 +1,6 @@
 #include "suite_text/code_page_932.h"
 
+#include "runtime/utf8.h"
 #include "suite_text/code_page_table.h"
 
 #include <array>
@@ -13,9 +14,6 @@
 namespace inin {
 
 namespace {
-
-constexpr char16_t kReplacement = 0xFFFD;
-constexpr char32_t kNoCharacter = 0xFFFFFFFF;
 
 constexpr bool isTrail(unsigned char byte)
 {
@@ -95,38 +93,11 @@ const Tables &tables()
     return *built;
 }
 
-struct Decoded {
-    char32_t character;
-    std::size_t size;
-};
-
-/// The next character of a UTF-8 text. A malformed sequence yields kNoCharacter and the size of its well-formed part,
-/// at least 1: one broken character becomes one "?" and does not hide what follows.
-Decoded nextCharacter(std::string_view text)
-{
-    const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
-    const unsigned first = byteAt(0);
-    if (first < 0x80) return {first, 1};
-    if (first < 0xC2 || first > 0xF4) return {kNoCharacter, 1};
-    const std::size_t size = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    char32_t character = first & (0x7FU >> size);
-    for (std::size_t at = 1; at < size; ++at) {
-        if (at == text.size()) return {kNoCharacter, at};
-        const unsigned byte = byteAt(at);
-        // The second byte rules out overlong forms, surrogates and code points above U+10FFFF.
-        const unsigned low = at > 1 ? 0x80 : first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
-        const unsigned high = at > 1 ? 0xBF : first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
-        if (byte < low || byte > high) return {kNoCharacter, at};
-        character = character << 6 | (byte & 0x3FU);
-    }
-    return {character, size};
-}
-
 /// Appends the leading ASCII run of `text` and returns its length: most bytes of a statement or path are ASCII.
 std::size_t takeAscii(std::string &out, std::string_view text)
 {
     std::size_t size = 0;
-    while (size < text.size() && static_cast<unsigned char>(text[size]) < 0x80) ++size;
+    while (size < text.size() && isAscii(text[size])) ++size;
     out.append(text.data(), size);
     return size;
 }
@@ -148,19 +119,6 @@ char16_t cp932Unit(unsigned char byte)
     return tables().single[byte];
 }
 
-void appendUtf8(std::string &out, char16_t unit)
-{
-    const unsigned value = unit;
-    if (value < 0x80) {
-        out += static_cast<char>(value);
-    } else if (value < 0x800) {
-        out += {static_cast<char>(0xC0 | value >> 6), static_cast<char>(0x80 | (value & 0x3F))};
-    } else {
-        out += {static_cast<char>(0xE0 | value >> 12), static_cast<char>(0x80 | (value >> 6 & 0x3F)),
-                static_cast<char>(0x80 | (value & 0x3F))};
-    }
-}
-
 std::string encodeCp932(std::string_view utf8)
 {
     const Tables &table = tables();
@@ -168,8 +126,8 @@ std::string encodeCp932(std::string_view utf8)
     std::string out(utf8.size(), '\0');
     char *end = out.data();
     for (std::size_t at = 0; at < utf8.size();) {
-        const Decoded next = nextCharacter(utf8.substr(at));
-        at += next.size;
+        const DecodedCharacter next = firstCharacter(utf8.substr(at));
+        at += next.bytes;
         const unsigned code = next.character < 0x80      ? static_cast<unsigned>(next.character)
                               : next.character < 0x10000 ? table.code[next.character]
                                                          : 0;
@@ -187,7 +145,7 @@ std::string decodeCp932(std::string_view bytes)
     out.reserve(bytes.size() + bytes.size() / 2);
     for (std::size_t at = 0; at < bytes.size();) {
         const auto byte = static_cast<unsigned char>(bytes[at]);
-        if (byte < 0x80) {
+        if (isAscii(bytes[at])) {
             at += takeAscii(out, bytes.substr(at));
             continue;
         }
@@ -196,7 +154,7 @@ std::string decodeCp932(std::string_view bytes)
         // A lead byte consumes a trail byte even if the pair is not a character; any other byte is one by itself.
         if (isCp932Lead(byte) && at < bytes.size() && isTrail(static_cast<unsigned char>(bytes[at])))
             unit = table.pair[pairOf(byte, static_cast<unsigned char>(bytes[at++]))];
-        appendUtf8(out, unit == 0 ? kReplacement : unit);
+        appendUtf8(out, unit == 0 ? kReplacementCharacter : unit);
     }
     return out;
 }

@@ -65,10 +65,10 @@ bool isBroken(std::string_view character)
     return isCp932Lead(static_cast<unsigned char>(character[0])) && (character.size() == 1 || unitOf(character) == 0);
 }
 
-bool Lines::read(Line &line)
+bool Lines::read(ProfileLine &line)
 {
     if (m_at >= m_bytes.size()) return false;
-    line = Line{};
+    line = ProfileLine{};
     line.begin = m_at;
     std::size_t equals = std::string_view::npos, bracket = std::string_view::npos, at = m_at;
     for (; at < m_bytes.size(); at += characterAt(m_bytes, at).size()) {
@@ -84,7 +84,7 @@ bool Lines::read(Line &line)
     return true;
 }
 
-void Lines::classify(Line &line, std::size_t equals, std::size_t bracket) const
+void Lines::classify(ProfileLine &line, std::size_t equals, std::size_t bracket) const
 {
     const std::string_view content = trimmedBoth(m_bytes.substr(line.begin, line.end - line.begin));
     // A section title ends at the last bracket of its line: "[a]b]" names "a]b".
@@ -108,7 +108,7 @@ std::optional<Section> findSection(std::string_view bytes, std::string_view name
     std::optional<Section> found;
     if (name.empty()) found = Section{};
     Lines lines(bytes);
-    for (Line line; lines.read(line);) {
+    for (ProfileLine line; lines.read(line);) {
         if (line.kind == LineKind::section) {
             if (found) break;
             if (sameName(line.name, name)) found = Section{line.begin, line.next, line.next, line.next};
@@ -120,11 +120,11 @@ std::optional<Section> findSection(std::string_view bytes, std::string_view name
     return found;
 }
 
-std::optional<Line> findKey(std::string_view bytes, const Section &section, std::string_view key)
+std::optional<ProfileLine> findKey(std::string_view bytes, const Section &section, std::string_view key)
 {
     key = trimmedBoth(untilNul(key));
     Lines lines(bytes.substr(section.begin, section.end - section.begin));
-    for (Line line; lines.read(line);) {
+    for (ProfileLine line; lines.read(line);) {
         if (line.isBlank() || !sameName(line.name, key)) continue;
         for (std::size_t *place : {&line.begin, &line.valueBegin, &line.end, &line.next}) *place += section.begin;
         return line;

@@ -23,7 +23,7 @@ namespace inin {
 
 enum class LineKind { section, entry, other };
 
-struct Line {
+struct ProfileLine {
     LineKind kind = LineKind::other;
     std::string_view name;  ///< the section or key, trimmed and cut at a NUL; the whole line if it has no "="
     std::string_view value; ///< untrimmed
@@ -40,10 +40,10 @@ class Lines {
 public:
     explicit Lines(std::string_view bytes) : m_bytes(bytes) {}
     /// False at the end of the bytes.
-    bool read(Line &line);
+    bool read(ProfileLine &line);
 
 private:
-    void classify(Line &line, std::size_t equals, std::size_t bracket) const;
+    void classify(ProfileLine &line, std::size_t equals, std::size_t bracket) const;
 
     std::string_view m_bytes;
     std::size_t m_at = 0;
@@ -63,6 +63,6 @@ struct Section {
 
 [[nodiscard]] std::optional<Section> findSection(std::string_view bytes, std::string_view name);
 /// The first line of the section with this key; its offsets refer to the whole file.
-[[nodiscard]] std::optional<Line> findKey(std::string_view bytes, const Section &section, std::string_view key);
+[[nodiscard]] std::optional<ProfileLine> findKey(std::string_view bytes, const Section &section, std::string_view key);
 
 } // namespace inin

@@ -7,7 +7,7 @@ namespace inin {
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kNewLineEnd = "\r\n";
 /// The platform reads a double byte that is not a character as "・".
 constexpr std::string_view kUnknownPair = "\x81\x45";
 
@@ -36,7 +36,7 @@ std::string nameList(std::string_view bytes, LineKind kind, std::size_t size)
 {
     std::string names;
     Lines lines(bytes);
-    for (Line line; lines.read(line);) {
+    for (ProfileLine line; lines.read(line);) {
         const bool comment = kind == LineKind::entry && line.name.starts_with(';');
         if (line.kind == kind && !line.name.empty() && !comment) names.append(line.name).push_back('\0');
     }
@@ -58,7 +58,7 @@ bool endsInLineEnd(std::string_view bytes)
 {
     bool ended = true;
     Lines lines(bytes);
-    for (Line line; lines.read(line);) ended = line.end < line.next;
+    for (ProfileLine line; lines.read(line);) ended = line.end < line.next;
     return ended;
 }
 
@@ -66,8 +66,8 @@ bool endsInLineEnd(std::string_view bytes)
 std::string inserted(std::string_view bytes, std::size_t at, const std::string &line)
 {
     std::string out(bytes.substr(0, at));
-    if (!endsInLineEnd(out)) out += kLineEnd;
-    return out.append(line).append(kLineEnd).append(bytes.substr(at));
+    if (!endsInLineEnd(out)) out += kNewLineEnd;
+    return out.append(line).append(kNewLineEnd).append(bytes.substr(at));
 }
 
 std::string replaced(std::string_view bytes, std::size_t begin, std::size_t end, std::string_view by)

@@ -1,5 +1,6 @@
 #include "suite_text/unicode_mark.h"
 
+#include "runtime/utf8.h"
 #include "suite_text/code_page_932.h"
 
 #include <cstddef>
@@ -30,21 +31,15 @@ char16_t unitAt(std::string_view utf16, std::size_t at, Encoding encoding)
     return static_cast<char16_t>(encoding == Encoding::utf16Big ? first << 8 | second : second << 8 | first);
 }
 
-/// The marked text in UTF-8. A surrogate pair becomes U+FFFD, because the code page has no such character; so does an
-/// odd last byte, which must not be dropped silently.
+/// The marked text in UTF-8. An odd last byte becomes U+FFFD, because it must not be dropped silently.
 std::string utf8Text(std::string_view bytes, const Mark &mark)
 {
     bytes.remove_prefix(mark.bytes.size());
     if (mark.encoding == Encoding::utf8) return std::string(bytes);
-    std::string out;
-    bool secondOfPair = false;
-    for (std::size_t at = 0; at < bytes.size(); at += 2) {
-        const char16_t unit = at + 1 < bytes.size() ? unitAt(bytes, at, mark.encoding) : u'\uFFFD';
-        const bool high = unit >= 0xD800 && unit < 0xDC00, low = unit >= 0xDC00 && unit < 0xE000;
-        if (!low || !secondOfPair) appendUtf8(out, high || low ? u'\uFFFD' : unit);
-        secondOfPair = high;
-    }
-    return out;
+    std::u16string units;
+    for (std::size_t at = 0; at < bytes.size(); at += 2)
+        units += at + 1 < bytes.size() ? unitAt(bytes, at, mark.encoding) : char16_t{kReplacementCharacter};
+    return utf8FromUtf16(units);
 }
 
 std::string utf16Text(std::string_view codePage, Encoding encoding)

@@ -1,5 +1,6 @@
 #include "suite_text/win32_ansi_text.h"
 
+#include "runtime/utf8.h"
 #include "suite_text/code_page_932.h"
 #include "system/win32_text.h"
 
@@ -16,8 +17,8 @@ std::wstring withoutPairs(const std::wstring &wide)
 {
     std::wstring out;
     for (const wchar_t unit : wide) {
-        if (unit >= 0xDC00 && unit < 0xE000) continue;
-        out += unit >= 0xD800 && unit < 0xDC00 ? L'?' : unit;
+        if (isLowSurrogate(unit)) continue;
+        out += isHighSurrogate(unit) ? L'?' : unit;
     }
     return out;
 }

@@ -1,5 +1,6 @@
 #include "system/directory_search.h"
 
+#include "runtime/utf8.h"
 #include "system/posix_io.h"
 
 #include <string_view>
@@ -8,14 +9,6 @@
 namespace inin {
 
 namespace {
-
-/// The number of bytes of the first UTF-8 character.
-std::size_t characterSize(std::string_view text)
-{
-    std::size_t size = 1;
-    while (size < text.size() && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) ++size;
-    return size;
-}
 
 /// True if the name matches a pattern of "*" and "?". On a mismatch only the last "*" is extended: no pattern is slow.
 bool fits(std::string_view name, std::string_view pattern)
@@ -29,10 +22,10 @@ bool fits(std::string_view name, std::string_view pattern)
             nameAtStar = name;
             starred = true;
         } else if (pattern.starts_with('?') || (!pattern.empty() && pattern.front() == name.front())) {
-            name.remove_prefix(pattern.front() == '?' ? characterSize(name) : 1);
+            name.remove_prefix(pattern.front() == '?' ? firstCharacter(name).bytes : 1);
             pattern.remove_prefix(1);
         } else if (starred) {
-            nameAtStar.remove_prefix(characterSize(nameAtStar));
+            nameAtStar.remove_prefix(firstCharacter(nameAtStar).bytes);
             name = nameAtStar;
             pattern = patternAtStar;
         } else {

@@ -25,6 +25,8 @@ namespace inin {
 [[nodiscard]] std::string systemPath(const std::string &path);
 /// True for a path that does not start at the current folder; on Windows a path with a drive letter is absolute.
 [[nodiscard]] bool isAbsolutePath(const std::string &path);
+/// The first bytes of a file, at most `size`; none if it cannot be read.
+[[nodiscard]] std::string startOfFile(const std::filesystem::path &path, std::size_t size);
 /// Creates an empty file that only its owner may read and write, for personal data or passwords. An existing file keeps
 /// its rights and content. Windows: does nothing, because a new file gets the rights of its folder. A failure shows when
 /// the caller opens the file.

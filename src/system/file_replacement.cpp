@@ -53,14 +53,6 @@ bool lock(const FileDescriptor &file)
     return flock(file.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
-bool isNamed(const FileDescriptor &file, const std::string &path)
-{
-    struct stat opened {
-    }, named{};
-    return fstat(file.get(), &opened) == 0 && lstat(path.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
-           opened.st_ino == named.st_ino;
-}
-
 /// Removes temporary files that killed processes left in the folder.
 void removeAbandoned(const std::string &folder)
 {

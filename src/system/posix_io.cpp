@@ -67,6 +67,14 @@ bool isFileAt(const std::string &systemPath)
     return stat(systemPath.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
+bool isNamed(const FileDescriptor &file, const std::string &systemPath)
+{
+    struct stat opened {
+    }, named{};
+    return fstat(file.get(), &opened) == 0 && lstat(systemPath.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+           opened.st_ino == named.st_ino;
+}
+
 bool isReadOnly(const struct stat &status)
 {
     constexpr mode_t anyWrite = S_IWUSR | S_IWGRP | S_IWOTH;

@@ -44,6 +44,8 @@ using FolderHandle = std::unique_ptr<DIR, CloseFolder>;
 [[nodiscard]] bool isFolderAt(const std::string &systemPath);
 /// True if the path exists and is not a folder.
 [[nodiscard]] bool isFileAt(const std::string &systemPath);
+/// True if the path still names the open file: it may have been removed, or reused for another file, after opening.
+[[nodiscard]] bool isNamed(const FileDescriptor &file, const std::string &systemPath);
 /// True for a file without any write permission: the suite's file system shows it as read-only for every user.
 [[nodiscard]] bool isReadOnly(const struct stat &status);
 /// True if the file is not read-only and the system allows this user to write it.

@@ -1,13 +1,21 @@
 #include "system/program_edges.h"
 
+#include <cstdlib>
+
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace inin {
 
-std::vector<std::string> programArguments(int argc, char **argv)
+std::vector<std::string> commandWords(int argc, char **argv)
 {
-    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+    return {argv, argv + argc};
+}
+
+std::string environmentText(const std::string &name)
+{
+    const char *value = std::getenv(name.c_str());
+    return value == nullptr ? std::string() : value;
 }
 
 std::filesystem::path programFile()

@@ -13,6 +13,13 @@ constexpr int kSuccess = 0;
 
 } // namespace
 
+std::vector<std::string> programArguments(int argc, char **argv)
+{
+    std::vector<std::string> words = commandWords(argc, argv);
+    if (!words.empty()) words.erase(words.begin());
+    return words;
+}
+
 void printLine(std::FILE *stream, std::string_view line) noexcept
 {
     (void)std::fwrite(line.data(), 1, line.size(), stream);

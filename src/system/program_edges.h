@@ -11,8 +11,12 @@ namespace inin {
 
 // The interface between main() and the operating system. Texts are UTF-8, whatever encoding the system uses.
 
+/// The words of the command line. The first is the name that the starting program passed, not the file name.
+[[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
 /// The command line arguments after the program name.
 [[nodiscard]] std::vector<std::string> programArguments(int argc, char **argv);
+/// The value of an environment variable; empty if it is not set.
+[[nodiscard]] std::string environmentText(const std::string &name);
 /// The program's executable file; empty when the system does not provide it.
 [[nodiscard]] std::filesystem::path programFile();
 

@@ -35,13 +35,19 @@ void giveBackConsole()
 } // namespace
 
 /// main() receives its arguments in the ANSI code page, which may lack a character of a path.
-std::vector<std::string> programArguments(int, char **)
+std::vector<std::string> commandWords(int, char **)
 {
     int count = 0;
-    const std::unique_ptr<wchar_t *, FreeLocal> words(CommandLineToArgvW(GetCommandLineW(), &count));
-    std::vector<std::string> arguments;
-    for (int at = 1; words && at < count; ++at) arguments.push_back(utf8FromWide(words.get()[at]));
-    return arguments;
+    const std::unique_ptr<wchar_t *, FreeLocal> wide(CommandLineToArgvW(GetCommandLineW(), &count));
+    std::vector<std::string> words;
+    for (int at = 0; wide && at < count; ++at) words.push_back(utf8FromWide(wide.get()[at]));
+    return words;
+}
+
+std::string environmentText(const std::string &name)
+{
+    const wchar_t *value = _wgetenv(wideFromUtf8(name).c_str());
+    return value == nullptr ? std::string() : utf8FromWide(value);
 }
 
 std::filesystem::path programFile()

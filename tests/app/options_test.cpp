@@ -2,16 +2,18 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <vector>
 
 using namespace inin::site;
 
 namespace {
 
-Command read(std::vector<const char *> arguments)
+Command read(std::vector<const char *> arguments, const std::string &connection = {},
+             inin::HelpLanguage language = inin::HelpLanguage::japanese)
 {
     arguments.insert(arguments.begin(), "inin-site");
-    return readCommandLine(static_cast<int>(arguments.size()), arguments.data());
+    return readCommandLine(static_cast<int>(arguments.size()), arguments.data(), connection, language);
 }
 
 std::string sentenceOf(const Command &command)
@@ -82,6 +84,87 @@ TEST_CASE("check accepts a folder")
     CHECK(std::get<CheckCommand>(read({"check", "there"})).folder == "there");
 }
 
+TEST_CASE("check prints lines by default, and accepts JSON and a bundle for support")
+{
+    CHECK(std::get<CheckCommand>(read({"check", "there"})).form == OutputForm::lines);
+    CHECK(std::get<CheckCommand>(read({"check", "there"})).bundle.empty());
+    const auto command = std::get<CheckCommand>(read({"check", "there", "--json", "--bundle", "site.zip"}));
+    CHECK(command.form == OutputForm::json);
+    CHECK(command.bundle == "site.zip");
+    CHECK(sentenceOf(read({"check", "there", "--bundle", ""})) == "--bundle には zip の名前を指定してください。");
+}
+
+TEST_CASE("why asks for the planned visits of a month and the head office by default")
+{
+    const auto command = std::get<WhyCommand>(read({"why", "there", "--month", "2024-05"}));
+    CHECK(command.folder == "there");
+    CHECK(command.conditions.visits == inin::due::Visits::planned);
+    CHECK(command.conditions.year == 2024);
+    CHECK(command.conditions.month == 5);
+    CHECK_FALSE(command.conditions.lastDay);
+    CHECK(command.conditions.trustee == inin::due::Trustee::headOffice);
+    CHECK(command.conditions.staff == 0);
+    CHECK(std::get<WhyCommand>(read({"why", "there"})).conditions.year > 2000);
+}
+
+TEST_CASE("why accepts every condition of the screen")
+{
+    const auto command =
+        std::get<WhyCommand>(read({"why", "there", "--last-day", "2024-05-31", "--visits", "actual", "--agent",
+                                   "--patient", "5", "--staff", "8", "--insurance", "2", "--ended", "--json"}));
+    CHECK(command.conditions.visits == inin::due::Visits::actual);
+    CHECK(command.conditions.lastDay == 31);
+    CHECK(command.conditions.month == 5);
+    CHECK(command.conditions.trustee == inin::due::Trustee::agent);
+    CHECK(command.conditions.patient == 5);
+    CHECK(command.conditions.staff == 8);
+    CHECK(command.conditions.insuranceKind == 2);
+    CHECK(command.conditions.includesEnded);
+    CHECK(command.form == OutputForm::json);
+}
+
+TEST_CASE("without visits the last day has no effect, as on the screen")
+{
+    const auto command = std::get<WhyCommand>(read({"why", "there", "--visits", "none", "--last-day", "2024-05-31"}));
+    CHECK(command.conditions.visits == inin::due::Visits::ignored);
+    CHECK_FALSE(command.conditions.lastDay);
+}
+
+TEST_CASE("each condition of why with an invalid value has its own message")
+{
+    const char *const badDay = "--last-day には1990-01-01から2098-12-31までの日付をYYYY-MM-DDの形で指定してください。";
+    const BadOption options[] = {
+        {"--month", "2024-13", kBadMonth},
+        {"--last-day", "2024-02-30", badDay},
+        {"--last-day", "2024-05", badDay},
+        {"--last-day", "2024-05-1x", badDay},
+        {"--visits", "all", "--visits には planned、actual、none のどれかを指定してください。"},
+        {"--patient", "0", "--patient には1以上の番号を指定してください。"},
+        {"--staff", "x", "--staff には1以上の番号を指定してください。"},
+        {"--insurance", "-1", "--insurance には1以上の番号を指定してください。"},
+    };
+    for (const BadOption &bad : options) {
+        CAPTURE(bad.option);
+        CAPTURE(bad.value);
+        CHECK(sentenceOf(read({"why", "here", bad.option, bad.value})) == bad.sentence);
+    }
+    CHECK(sentenceOf(read({"why", "here", "--month", "2024-05", "--last-day", "2024-05-31"})) ==
+          "--month と --last-day は、どちらか一つを指定してください。");
+}
+
+TEST_CASE("make takes its connection from the command line, a file or the environment, in this order")
+{
+    CHECK(std::get<MakeCommand>(read({"make", "here", "--into", "DSN=a"}, "DSN=b")).into == "DSN=a");
+    const auto file = std::get<MakeCommand>(read({"make", "--connection-file", "secret.txt"}, "DSN=b"));
+    CHECK(file.connectionFile == "secret.txt");
+    CHECK(file.into.empty());
+    CHECK(std::get<MakeCommand>(read({"make"}, "DSN=b")).into == "DSN=b");
+    CHECK(std::get<MakeCommand>(read({"make", "here"}, "DSN=b")).into == "DSN=b");
+    CHECK(sentenceOf(read({"make", "--into", "DSN=a", "--connection-file", "secret.txt"})) ==
+          "--into と --connection-file は、どちらか一つを指定してください。");
+    CHECK(sentenceOf(read({"make", "--connection-file", ""})) == "--connection-file にはファイルを指定してください。");
+}
+
 TEST_CASE("each option with an invalid value has its own message")
 {
     for (const BadOption &bad : kBadOptions) {
@@ -120,9 +203,39 @@ TEST_CASE("an empty connection string is refused")
     CHECK(sentenceOf(read({"make", "", "--into", "DSN=massage"})) == "フォルダーを指定してください。");
 }
 
+TEST_CASE("forms keeps existing form documents without --replace")
+{
+    CHECK(std::get<FormsCommand>(read({"forms", "here"})).existing == Existing::keep);
+    CHECK(std::get<FormsCommand>(read({"forms", "here", "--replace"})).existing == Existing::replace);
+    CHECK(std::get<ToolsCommand>(read({"tools", "here"})).folder == "here");
+    CHECK(sentenceOf(read({"forms", ""})) == "フォルダーを指定してください。");
+    CHECK(sentenceOf(read({"tools", ""})) == "フォルダーを指定してください。");
+}
+
 TEST_CASE("an empty folder name is refused")
 {
     CHECK(sentenceOf(read({"make", ""})) == "フォルダーを指定してください。");
+}
+
+TEST_CASE("the help pages have no English word of the parser in Japanese, and no Japanese one in English")
+{
+    const auto helpOf = [](inin::HelpLanguage language, std::vector<const char *> line) {
+        return std::get<HelpCommand>(read(std::move(line), {}, language)).text;
+    };
+    for (const std::vector<const char *> &line : {std::vector<const char *>{"--help"},
+                                                  {"make", "--help"},
+                                                  {"check", "--help"},
+                                                  {"why", "--help"},
+                                                  {"forms", "--help"},
+                                                  {"tools", "--help"}}) {
+        const std::string japanese = helpOf(inin::HelpLanguage::japanese, line),
+                          english = helpOf(inin::HelpLanguage::english, line);
+        for (const char *word : {"Usage", "Options", "OPTIONS", "Positionals", "REQUIRED", "Subcommand", "TEXT"})
+            CHECK(japanese.find(word) == std::string::npos);
+        CHECK(japanese.find("使い方") != std::string::npos);
+        CHECK(
+            std::ranges::all_of(english, [](char character) { return static_cast<unsigned char>(character) < 0x80; }));
+    }
 }
 
 TEST_CASE("a request for help is not an invalid command")

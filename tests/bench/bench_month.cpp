@@ -1,7 +1,7 @@
 // From the database to the CSV of a month's letters, as a whole process, compared with the sqlite3 command writing the
 // result of the same statement as CSV.
 
-#include "adapters/sqlite/sql_schema.h"
+#include "adapters/sqlite/sql_names.h"
 #include "adapters/sqlite/sql_translator.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"

@@ -68,7 +68,7 @@ std::string monthStatement()
     query.iKyotenCd = 1;
     query.iKyotenEb = 1;
     query.iTrustKind = 1;
-    query.bounds = kKanjaDataMonth.bounds(target, regional);
+    query.bounds = (target.*kKanjaDataMonth.bounds)();
     return extractionSql(kKanjaDataMonth, query);
 }
 

@@ -5,11 +5,11 @@
 // of an empty window. All processes are started anew each time, as a user starts them, and alternate, so that other
 // load affects all alike. Without a display they paint offscreen.
 
-#include "adapters/qt/theme.h"
 #include "app/print_inin/desktop.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
 #include "bench/end_at_paint.h"
+#include "desktop_theme/theme.h"
 #include "shell/start.h"
 
 #include <QApplication>
@@ -37,7 +37,7 @@ int startUpTo(const char *window, const char *folder, char **argv)
     int noArguments = 1;
     QApplication application(noArguments, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    applyTheme(application);
+    theme::applyTheme(application);
     EndAtPaint::of(window);
     EventEdge edge;
     Desktop desktop(folder, edge);

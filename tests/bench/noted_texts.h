@@ -1,7 +1,7 @@
 #pragma once
 
+#include "runtime/utf8.h"
 #include "viewer/layout/page_painter.h"
-#include "viewer/layout/utf8.h"
 
 #include <fmt/format.h>
 
@@ -26,7 +26,7 @@ public:
         if (found == fonts.end()) fonts.push_back(run.font);
         std::string text;
         for (const viewer::ShapedGlyph &glyph : run.glyphs)
-            for (const char32_t character : run.font->charactersOf(glyph.text)) viewer::appendUtf8(text, character);
+            for (const char32_t character : run.font->charactersOf(glyph.text)) appendUtf8(text, character);
         texts.push_back(std::move(text));
     }
     void clear()

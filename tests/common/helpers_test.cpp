@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 
@@ -13,15 +14,13 @@
 namespace inin {
 namespace {
 
-const Regional kRegional;
-
 Variant least(const Variant &a, const Variant &b)
 {
-    return vMin(a, b, kRegional);
+    return vMin(a, b);
 }
 Variant most(const Variant &a, const Variant &b)
 {
-    return vMax(a, b, kRegional);
+    return vMax(a, b);
 }
 
 TEST_CASE("the lesser and the greater of two numbers are found by value, whatever their types")
@@ -162,19 +161,19 @@ TEST_CASE("nNullToLong gives a 32-bit number and rounds halves to even")
         {2147483647.4, 2147483647},
         {-2147483648.0, std::numeric_limits<std::int32_t>::min()},
     };
-    for (const Row &row : rows) CHECK(nNullToLong(row.value, kRegional) == row.expected);
+    for (const Row &row : rows) CHECK(nNullToLong(row.value) == row.expected);
 }
 
 TEST_CASE("nNullToLong gives 0 for Null and for any failure")
 {
-    CHECK(nNullToLong(Null{}, kRegional) == 0);
-    CHECK(nNullToLong("", kRegional) == 0);
-    CHECK(nNullToLong("12a", kRegional) == 0);
-    CHECK(nNullToLong("2024/05/01", kRegional) == 0);
-    CHECK(nNullToLong(2147483648.0, kRegional) == 0);
-    CHECK(nNullToLong("2147483648", kRegional) == 0);
-    CHECK(nNullToLong(-2147483649.0, kRegional) == 0);
-    CHECK(nNullToLong(Binary{std::byte{1}}, kRegional) == 0);
+    CHECK(nNullToLong(Null{}) == 0);
+    CHECK(nNullToLong("") == 0);
+    CHECK(nNullToLong("12a") == 0);
+    CHECK(nNullToLong("2024/05/01") == 0);
+    CHECK(nNullToLong(2147483648.0) == 0);
+    CHECK(nNullToLong("2147483648") == 0);
+    CHECK(nNullToLong(-2147483649.0) == 0);
+    CHECK(nNullToLong(Binary{std::byte{1}}) == 0);
 }
 
 } // namespace

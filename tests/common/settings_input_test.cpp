@@ -1,5 +1,4 @@
 #include "common/field_input.h"
-#include "common/settings_input.h"
 #include "common/text_file.h"
 #include "platform/settings_limit.h"
 #include "runtime/runtime_error.h"
@@ -11,14 +10,14 @@ using namespace inin;
 
 namespace {
 
-const std::string kPath = "C:\\SUITE\\Massage.ini";
+const std::string kSettingsPath = "C:\\SUITE\\Massage.ini";
 
 /// The description of the error that reading a file of that size to its end raises; empty without one.
 std::string failureAt(std::size_t size)
 {
     FakeWorld world;
-    world.files.put(kPath, std::string(size, 'x'));
-    SettingsInput file(world.files, kPath);
+    world.files.put(kSettingsPath, std::string(size, 'x'));
+    SettingsInput file(world.files, kSettingsPath);
     try {
         while (!file.read().empty()) continue;
     } catch (const RuntimeError &error) {
@@ -39,8 +38,8 @@ TEST_CASE("a settings file of 16 MB is read, a larger one is refused with a sent
 TEST_CASE("lines and fields are read within the limit of settings files")
 {
     FakeWorld world;
-    world.files.put(kPath, std::string(kMaxSettingsBytes + 1, 'x'));
+    world.files.put(kSettingsPath, std::string(kMaxSettingsBytes + 1, 'x'));
     std::string line;
-    CHECK_THROWS_AS((void)TextInput(world.platform, kPath).readLine(line), RuntimeError);
-    CHECK_THROWS_AS((void)FieldInput(world.platform, kPath).next(), RuntimeError);
+    CHECK_THROWS_AS((void)TextInput(world.platform, kSettingsPath).readLine(line), RuntimeError);
+    CHECK_THROWS_AS((void)FieldInput(world.platform, kSettingsPath).next(), RuntimeError);
 }

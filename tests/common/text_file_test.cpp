@@ -12,13 +12,13 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string kPath = "C:\\SUITE\\TMP\\x.txt";
+const std::string kTextPath = "C:\\SUITE\\TMP\\x.txt";
 
 std::vector<std::string> linesOf(const std::string &bytes)
 {
     FakeWorld world;
-    world.files.put(kPath, bytes);
-    TextInput file(world.platform, kPath);
+    world.files.put(kTextPath, bytes);
+    TextInput file(world.platform, kTextPath);
     std::vector<std::string> lines;
     for (std::string line; file.readLine(line);) lines.push_back(line);
     return lines;
@@ -31,29 +31,29 @@ using Texts = std::vector<std::string>;
 TEST_CASE("each printed line is in the code page and ends with CR LF")
 {
     FakeWorld world;
-    TextOutput file(world.platform, kPath);
+    TextOutput file(world.platform, kTextPath);
     file.printLine("\"委任状\",\"é\"");
     file.printLine("");
     file.close();
-    CHECK(world.files.bytes(kPath) == "\"\x88\xCF\x94\x43\x8F\xF3\",\"?\"\r\n\r\n");
+    CHECK(world.files.bytes(kTextPath) == "\"\x88\xCF\x94\x43\x8F\xF3\",\"?\"\r\n\r\n");
 }
 
 TEST_CASE("a line is written in one call")
 {
     FakeWorld world;
     world.files.failingWrite = 2;
-    TextOutput file(world.platform, kPath);
+    TextOutput file(world.platform, kTextPath);
     file.printLine("first");
     CHECK_THROWS_AS(file.printLine("second"), RuntimeError);
-    CHECK(world.files.bytes(kPath) == "first\r\n");
+    CHECK(world.files.bytes(kTextPath) == "first\r\n");
 }
 
 TEST_CASE("an existing file is truncated")
 {
     FakeWorld world;
-    world.files.put(kPath, "old");
-    TextOutput(world.platform, kPath).close();
-    CHECK(world.files.bytes(kPath) == "");
+    world.files.put(kTextPath, "old");
+    TextOutput(world.platform, kTextPath).close();
+    CHECK(world.files.bytes(kTextPath) == "");
 }
 
 TEST_CASE("errors of the file go to the caller")

@@ -10,7 +10,7 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-const ProviderError kServerError{-2147217900, "構文が正しくありません。", "Provider", "42000", 170};
+const ProviderError kSyntaxError{-2147217900, "構文が正しくありません。", "Provider", "42000", 170};
 
 } // namespace
 
@@ -62,7 +62,7 @@ TEST_CASE("a second iConnect opens nothing and resets the timeout")
 TEST_CASE("an error of the open gives only the error, and the provider's list is lost and cleared")
 {
     ProbeFixture fixture;
-    fixture.database.probe.errors = {kServerError};
+    fixture.database.probe.errors = {kSyntaxError};
     fixture.database.probe.failure = -2147217843;
     CHECK(fixture.session.iConnect() == -1);
     CHECK(fixture.session.sErrMsg() == "(-2147217843)失敗しました。");
@@ -73,7 +73,7 @@ TEST_CASE("a session that is not opened and has a list gives the earlier text an
 {
     FakeWorld world;
     world.database.stayClosed = true;
-    world.database.connectErrors = {kServerError};
+    world.database.connectErrors = {kSyntaxError};
     cT_ADODB session(world.app);
     REQUIRE(session.iDisConnect() == -1);
     CHECK(session.iConnect() == -1);
@@ -176,7 +176,7 @@ TEST_CASE("iDisConnect on a session that never connected fails with the runtime'
 TEST_CASE("a failed iDisConnect loses the provider's list, and the session stays connected")
 {
     ProbeFixture fixture;
-    fixture.failOpen({kServerError});
+    fixture.failOpen({kSyntaxError});
     CHECK(fixture.session.iDisConnect() == -1);
     CHECK(fixture.session.sErrMsg() == "(-2147217900)失敗しました。");
     CHECK(fixture.database.probe.errors.empty());

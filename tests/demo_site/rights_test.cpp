@@ -2,6 +2,7 @@
 
 #include "adapters/native/native_platform.h"
 #include "demo_site/scratch_site.h"
+#include "demo_site/site_maker.h"
 #include "system/file_path.h"
 
 #include <doctest/doctest.h>
@@ -46,14 +47,24 @@ TEST_CASE("only the owner can read the journal of the demo's database")
     sqlite3_close(database);
 }
 
-TEST_CASE("existing files keep their permissions when a site is made again")
+TEST_CASE("a database keeps its permissions when a site is made again; a connection string is the owner's again")
 {
     const TempFolder folder;
     makeAgain(folder);
     for (const char *name : {"demo.db", "adodb.ini"}) fs::permissions(folder.folder() / name, kGroupToo);
     makeAgain(folder);
     CHECK(rightsOf(folder.folder() / "demo.db") == kGroupToo);
-    CHECK(rightsOf(folder.folder() / "adodb.ini") == kGroupToo);
+    CHECK(rightsOf(folder.folder() / "adodb.ini") == kOwnerOnly);
+}
+
+TEST_CASE("a connection string replaces a link, whose target keeps its content")
+{
+    const TempFolder folder;
+    folder.put("other", "kept");
+    fs::create_symlink("other", folder.folder() / "adodb.ini");
+    site::writeConnectionFile(folder.folder(), "secret");
+    CHECK(folder.bytes("adodb.ini") == "secret");
+    CHECK(folder.bytes("other") == "kept");
 }
 
 TEST_CASE("a file created for its owner is empty, and an existing one is unchanged")

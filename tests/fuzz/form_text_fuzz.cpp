@@ -2,12 +2,12 @@
 // about characters without a glyph.
 
 #include "fuzz/fuzz_input.h"
+#include "runtime/utf8.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/form/date_pattern.h"
 #include "viewer/form/placeholder.h"
 #include "viewer/form/svg_style_sheet.h"
-#include "viewer/layout/utf8.h"
 
 #include <set>
 #include <string>
@@ -57,7 +57,7 @@ void checkMarkText(std::string_view input)
     mark.doesNotFit = input.starts_with('b');
     mark.noDate = input.starts_with('c');
     std::u32string characters;
-    (void)appendCharacters(input, characters, kMaxCharacters);
+    (void)appendCharacters(characters, input, kMaxCharacters);
     mark.missing.assign(characters.begin(), characters.end());
     const std::string sentence = markText(mark);
     require(sentence.size() <= kLongestSentence, "a sentence shows ten characters at most");

@@ -76,7 +76,7 @@ void playAll(std::string_view input)
     AnyForm form;
     try {
         while (const auto command = reader.next()) play(form, *command);
-    } catch (const BadCommand &bad) {
+    } catch (const BadScriptCommand &bad) {
         require(std::string_view(bad.what()).starts_with("line "), "a bad command names its line");
     }
 }

@@ -2,9 +2,9 @@
 
 #include "fuzz/fuzz_input.h"
 #include "suite_text/code_page_932.h"
+#include "transfer/run_record.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/letters/csv_reader.h"
-#include "viewer/letters/run_record.h"
 #include "viewer/script/command_script.h"
 
 #include <string>
@@ -81,8 +81,7 @@ void checkRunRecord(std::string_view input)
 {
     const auto record = readRunRecord(input);
     if (!record) return;
-    const auto again = readRunRecord("PrintInin run 1\ncsv " + std::to_string(record->fileSize) + "\nletters " +
-                                     std::to_string(record->letters) + "\n");
+    const auto again = readRunRecord(runStartLines({"PC-1", "1"}) + runEndLines(*record));
     require(again && again->fileSize == record->fileSize && again->letters == record->letters,
             "a written record is read the same");
 }

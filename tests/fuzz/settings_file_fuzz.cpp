@@ -14,6 +14,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::posix;
 using inin::fuzz::require;
 
 namespace {

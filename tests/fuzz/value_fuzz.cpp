@@ -5,6 +5,7 @@
 #include "runtime/date_text.h"
 #include "runtime/format.h"
 #include "runtime/number_text.h"
+#include "support/regional.h"
 
 #include <cmath>
 #include <functional>
@@ -15,8 +16,6 @@ using namespace inin;
 using inin::fuzz::require;
 
 namespace {
-
-const Regional kRegional;
 
 /// The number of the error that a conversion raises, 0 for none.
 std::int32_t errorOf(const std::function<void()> &conversion)
@@ -59,15 +58,15 @@ void checkWholeNumbers(std::string_view input)
 {
     const Variant text(input);
     std::int32_t whole = 0;
-    const std::int32_t error = errorOf([&] { whole = toLong(text, kRegional); });
+    const std::int32_t error = errorOf([&] { whole = toLong(text); });
     require(error == 0 || error == error_number::overflow || error == error_number::typeMismatch,
             "a text is converted, too large or of another type");
     // &HFFFF is 65535 as a 32-bit number and -1 as a 16-bit one.
     if (error != 0 || readNumber(input).outcome == NumberReading::Outcome::bits) return;
     const bool fits = whole >= INT16_MIN && whole <= INT16_MAX;
-    require(errorOf([&] { (void)toInteger(text, kRegional); }) == (fits ? 0 : error_number::overflow),
+    require(errorOf([&] { (void)toInteger(text); }) == (fits ? 0 : error_number::overflow),
             "a 16-bit number is a 32-bit number that fits");
-    require(std::abs(toDouble(text, kRegional) - whole) <= 0.5, "a whole number is the nearest one");
+    require(std::abs(toDouble(text) - whole) <= 0.5, "a whole number is the nearest one");
 }
 
 /// A line with the short date format, then a text.
@@ -96,7 +95,7 @@ void checkFormat(std::string_view input)
     const Variant text(input);
     require(formatText(text, pattern, kRegional).size() <= longest, "a formatted text is as long as its pattern");
     if (isNumeric(text))
-        require(formatText(Variant(toDouble(text, kRegional)), pattern, kRegional).size() <= longest,
+        require(formatText(Variant(toDouble(text)), pattern, kRegional).size() <= longest,
                 "a formatted number is as long as its pattern");
     if (const auto date = readDate(input, kRegional))
         require(formatText(Variant(*date), pattern, kRegional).size() <= longest,

@@ -1,6 +1,7 @@
 #include "master/corp_map.h"
 
 #include "adapters/native/native_platform.h"
+#include "master/corp_table.h"
 #include "master/embedded_fixture.h"
 #include "support/temp_folder.h"
 
@@ -14,7 +15,7 @@ using namespace inin;
 
 namespace {
 
-constexpr const char *kPicture = "./zenrinCGI/zenrin.gif";
+constexpr const char *kMapPicture = "./zenrinCGI/zenrin.gif";
 
 struct MapOfSite : EmbeddedWorld {
     std::int16_t status(void (CorpMap::*operation)(const std::int32_t &, std::int16_t &), std::int32_t nIDNo)
@@ -31,7 +32,7 @@ struct MapOfSite : EmbeddedWorld {
     CorpMap map{site};
 };
 
-using CorpFixture = EmbeddedFixture<cT_CORP>;
+using EmbeddedCorpFixture = EmbeddedFixture<cT_CORP>;
 
 /// The current folder, with the picture's folder in it.
 class PictureFolder {
@@ -51,13 +52,13 @@ TEST_CASE("a missing map is reported, then saved, found and updated")
 {
     MapOfSite world;
     CHECK(world.status(&CorpMap::iChizuLoad, 7) == kNoSuchMap);
-    world.files.put(kPicture, "GIF");
+    world.files.put(kMapPicture, "GIF");
     REQUIRE_MESSAGE(world.status(&CorpMap::iChizuSave, 7) == iGood, world.map.sErrMsg());
     CHECK(world.pictures(7) == "474946 00 00");
     CHECK(world.status(&CorpMap::iChizuLoad, 7) == iGood);
 
     world.run("UPDATE RIYOUSHA_MAP SET bAddr2 = x'22', dTimeStamp = NULL");
-    world.files.put(kPicture, "new");
+    world.files.put(kMapPicture, "new");
     REQUIRE_MESSAGE(world.status(&CorpMap::iChizuUpdate, 7) == iGood, world.map.sErrMsg());
     CHECK(world.pictures(7) == "6E6577 22 00");
     CHECK(world.value("SELECT dTimeStamp IS NOT NULL FROM RIYOUSHA_MAP") == "1");
@@ -77,25 +78,25 @@ TEST_CASE("a map is separate for each site")
 TEST_CASE("a second save of a map is refused and keeps the first one")
 {
     MapOfSite world;
-    world.files.put(kPicture, "1");
+    world.files.put(kMapPicture, "1");
     REQUIRE(world.status(&CorpMap::iChizuSave, 0) == iGood);
-    world.files.put(kPicture, "2");
+    world.files.put(kMapPicture, "2");
     CHECK(world.status(&CorpMap::iChizuSave, 0) == iBad);
     CHECK(world.map.sErrMsg().starts_with("ERR:iExecSQL (-2147217873)"));
     CHECK(world.pictures(0) == "31 00 00");
-    CHECK_FALSE(world.files.has(kPicture));
+    CHECK_FALSE(world.files.has(kMapPicture));
 }
 
 TEST_CASE("an update with no picture or an empty one is an invalid statement and keeps the map")
 {
     MapOfSite world;
-    world.files.put(kPicture, "1");
+    world.files.put(kMapPicture, "1");
     REQUIRE(world.status(&CorpMap::iChizuSave, 0) == iGood);
     CHECK(world.status(&CorpMap::iChizuUpdate, 0) == iBad);
     CHECK(world.map.sErrMsg().starts_with("ERR:iExecSQL (-2147217900)"));
-    world.files.put(kPicture, "");
+    world.files.put(kMapPicture, "");
     CHECK(world.status(&CorpMap::iChizuUpdate, 0) == iBad);
-    CHECK_FALSE(world.files.has(kPicture));
+    CHECK_FALSE(world.files.has(kMapPicture));
     CHECK(world.pictures(0) == "31 00 00");
 }
 
@@ -136,15 +137,15 @@ TEST_CASE("a picture of 20 MB in the current folder is written to the database c
 
 TEST_CASE("writes of a company save the site's map with it")
 {
-    CorpFixture corp;
+    EmbeddedCorpFixture corp;
     corp.site.cChizuFlg = "1";
     cD_CORP row;
     row.nIDNo = 55;
-    corp.files.put(kPicture, "A");
+    corp.files.put(kMapPicture, "A");
     REQUIRE_MESSAGE(corp->iDataInsert(&row, 0) == iGood, corp->sErrMsg());
     CHECK(corp.value("SELECT nIDNo || hex(bAddr1) FROM RIYOUSHA_MAP") == "041");
 
-    corp.files.put(kPicture, "B");
+    corp.files.put(kMapPicture, "B");
     row.cShamei1 = "新社名";
     REQUIRE_MESSAGE(corp->iDataUpdate(&row, 0) == iGood, corp->sErrMsg());
     CHECK(corp.value("SELECT hex(bAddr1) FROM RIYOUSHA_MAP") == "42");
@@ -154,10 +155,10 @@ TEST_CASE("writes of a company save the site's map with it")
 
 TEST_CASE("an update of a company without its map row inserts one")
 {
-    CorpFixture corp;
+    EmbeddedCorpFixture corp;
     corp.site.cChizuFlg = "1";
     corp.run("INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo) VALUES (1,2,55)");
-    corp.files.put(kPicture, "B");
+    corp.files.put(kMapPicture, "B");
     cD_CORP row;
     row.nIDNo = 55;
     REQUIRE_MESSAGE(corp->iDataUpdate(&row, 0) == iGood, corp->sErrMsg());
@@ -166,10 +167,10 @@ TEST_CASE("an update of a company without its map row inserts one")
 
 TEST_CASE("a map that is refused inside the company's own transaction keeps its picture on disk")
 {
-    CorpFixture corp;
+    EmbeddedCorpFixture corp;
     corp.site.cChizuFlg = "1";
     corp.run("INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo, cShamei1) VALUES (1,2,55,'旧社名')");
-    corp.files.put(kPicture, "B");
+    corp.files.put(kMapPicture, "B");
     cD_CORP row;
     row.nIDNo = 55;
     row.cShamei1 = "新社名";
@@ -177,27 +178,27 @@ TEST_CASE("a map that is refused inside the company's own transaction keeps its 
     CHECK(corp->sErrMsg().starts_with("ERR:BeginTrans (-2147217871)"));
     CHECK(corp.value("SELECT cShamei1 FROM CORP") == "旧社名");
     CHECK(corp.value("SELECT COUNT(*) FROM RIYOUSHA_MAP") == "0");
-    CHECK(corp.files.has(kPicture));
+    CHECK(corp.files.has(kMapPicture));
 
     row.nIDNo = 56; // an insert succeeds without its map
     CHECK(corp->iDataInsert(&row, 0, Transaction::own) == iGood);
     CHECK(corp.value("SELECT COUNT(*) FROM CORP") == "2");
     CHECK(corp.value("SELECT COUNT(*) FROM RIYOUSHA_MAP") == "0");
-    CHECK(corp.files.has(kPicture));
+    CHECK(corp.files.has(kMapPicture));
 
     row.nIDNo = 55;
     REQUIRE_MESSAGE(corp->iDataUpdate(&row, 0) == iGood, corp->sErrMsg());
     CHECK(corp.value("SELECT hex(bAddr1) FROM RIYOUSHA_MAP") == "42");
-    CHECK_FALSE(corp.files.has(kPicture));
+    CHECK_FALSE(corp.files.has(kMapPicture));
 }
 
 TEST_CASE("a picture that is only read needs no writer")
 {
-    CorpFixture corp;
-    corp.files.put(kPicture, "B");
+    EmbeddedCorpFixture corp;
+    corp.files.put(kMapPicture, "B");
     REQUIRE(corp.session.iBeginTrans() == iGood);
     std::int16_t status = 99;
     CorpMap(corp.site).iChizuSave(kMapTakeOnly, status);
     CHECK(status == iGood);
-    CHECK_FALSE(corp.files.has(kPicture));
+    CHECK_FALSE(corp.files.has(kMapPicture));
 }

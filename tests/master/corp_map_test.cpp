@@ -1,5 +1,6 @@
 #include "master/corp_map.h"
 
+#include "master/corp_table.h"
 #include "master/table_fixture.h"
 
 using namespace inin;
@@ -55,7 +56,7 @@ FakeResult oneMap()
     return result;
 }
 
-/// A company table on session 1 with the real map writer. Map sessions count from 2.
+/// A company table on session 1 with a map. Map sessions count from 2.
 struct CompanyWorld : TableFixture<cT_CORP> {
     CompanyWorld() { app.cChizuFlg = "1"; }
     /// The log with statements reduced to their kind and table.
@@ -278,15 +279,43 @@ TEST_CASE("an update of a company without a picture leaves the map unchanged")
     CHECK(corp.steps() == Log{"begin 1", "exec 1", "commit 1"});
 }
 
-TEST_CASE("unless the flag is the text 1, a write of a company leaves picture and map unchanged")
+TEST_CASE("an update of a company writes the map in the caller's transaction too")
 {
     CompanyWorld corp;
-    corp.app.cChizuFlg = "";
     corp.files.put(kPicture, "A");
-    CHECK(corp->iDataInsert(&corp.row, 0) == iGood);
     CHECK(corp->iDataUpdate(&corp.row, 0) == iGood);
-    CHECK(corp.steps() == Log{"exec 1", "exec 1"});
-    CHECK(corp.files.has(kPicture));
+    CHECK(corp.steps() == Log{"exec 1", "connect 2", "sql 2 map", "disconnect 2", "connect 3", "begin 3", "exec 3 map",
+                              "commit 3", "disconnect 3"});
+}
+
+TEST_CASE("unless the flag is the text 1, a write of a company leaves picture and map unchanged")
+{
+    for (const char *flag : {"", "0", " 1", "１"}) {
+        CAPTURE(flag);
+        CompanyWorld corp;
+        corp.app.cChizuFlg = flag;
+        corp.files.put(kPicture, "A");
+        CHECK(corp->iDataInsert(&corp.row, 0, Transaction::own) == iGood);
+        CHECK(corp->iDataUpdate(&corp.row, 0, Transaction::own) == iGood);
+        CHECK(corp.steps() == Log{"begin 1", "exec 1", "commit 1", "begin 1", "exec 1", "commit 1"});
+        CHECK(corp.files.has(kPicture));
+    }
+}
+
+TEST_CASE("a delete of a company and a failed statement leave picture and map unchanged")
+{
+    CompanyWorld deleted;
+    deleted.files.put(kPicture, "A");
+    CHECK(deleted->iData削除(&deleted.row, 0, Transaction::own) == iGood);
+    CHECK(deleted.steps() == Log{"begin 1", "exec 1", "commit 1"});
+    CHECK(deleted.files.has(kPicture));
+
+    CompanyWorld failed;
+    failed.files.put(kPicture, "A");
+    failed.database.executions.push_back(failure(-2147217900, "構文。"));
+    CHECK(failed->iDataUpdate(&failed.row, 0, Transaction::own) == iBad);
+    CHECK(failed.steps() == Log{"begin 1", "exec 1", "rollback 1"});
+    CHECK(failed.files.has(kPicture));
 }
 
 TEST_CASE(

@@ -9,7 +9,7 @@ namespace {
 using CorpFixture = TableFixture<cT_CORP>;
 
 // The list of the full read as sent.
-const std::string kReadList =
+const std::string kCorpReadList =
     "      CORP.cAddress1 as cAddress1     ,CORP.cAddress2 as cAddress2     ,CORP.cAddressKana as cAddressKana"
     "     ,CORP.cDaihyo as cDaihyo     ,CORP.cDaihyoKana as cDaihyoKana     ,CORP.cFaxNo as cFaxNo"
     "     ,CORP.cKinyuName as cKinyuName     ,CORP.cKinyuSiten as cKinyuSiten     ,CORP.cKozaBangou as cKozaBangou"
@@ -33,13 +33,13 @@ const std::string kGridListBeginning =
     "     ,CORP.cTelNo as cTelNo     ,CORP.cYubinNo as cYubinNo     ,CORP.iType as iType     ,CORP.nIDNo as nIDNo"
     "     ,CORP.cMailDestination as cMailDestination     ,CORP.cMailDestinationZipNo as cMailDestinationZipNo";
 
-const std::string kRead = "sql 1   select" + kReadList + "  FROM      CORP";
+const std::string kCorpRead = "sql 1   select" + kCorpReadList + "  FROM      CORP";
 const std::string kConditionedGrid =
     "sql 1   select" + kGridListBeginning +
     "     ,CORP.cHokenTourokuKubetsu as cHokenTourokuKubetsu     ,CORP.cPersonalNumberCorp as cPersonalNumberCorp"
     "     ,CORP.iKyotenToshiNo as iKyotenToshiNo     ,CORP.cKokuhoTourokuNo as cKokuhoTourokuNo"
     "     ,CORP.cEmail as cEmail  FROM      CORP";
-constexpr const char *kOrder = "  order by      nIDNo";
+constexpr const char *kCorpOrder = "  order by      nIDNo";
 
 /// A row with a value in each column.
 cD_CORP headOffice()
@@ -113,7 +113,7 @@ TEST_CASE("companies are read by branch, and by number and kind if these are abo
         condition.nIDNo = row.nIDNo;
         condition.iType = row.iType;
         CHECK(corp->iDataRead(&condition) == iGood);
-        CHECK(corp.database.log == Log{kRead + row.condition + kOrder});
+        CHECK(corp.database.log == Log{kCorpRead + row.condition + kCorpOrder});
     }
 }
 
@@ -137,7 +137,7 @@ TEST_CASE("the check of a company reads all others than its number")
         condition.nIDNo = row.nIDNo;
         condition.iType = row.iType;
         CHECK(corp->iDataReadChk(&condition) == iGood);
-        CHECK(corp.database.log == Log{kRead + row.condition + kOrder});
+        CHECK(corp.database.log == Log{kCorpRead + row.condition + kCorpOrder});
     }
 }
 
@@ -180,7 +180,7 @@ TEST_CASE("the conditioned company grid adds each term that is set after the bra
         condition.cShameiKana1 = row.cShameiKana1;
         CHECK(corp->iDataReadGrid_Jouken(&condition) == iGood);
         CHECK(corp.database.log ==
-              Log{kConditionedGrid + " where iKyotenCd = 1 and iKyotenEb = 2" + row.condition + kOrder});
+              Log{kConditionedGrid + " where iKyotenCd = 1 and iKyotenEb = 2" + row.condition + kCorpOrder});
     }
 }
 

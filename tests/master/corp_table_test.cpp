@@ -9,81 +9,46 @@ namespace {
 
 using CorpFixture = TableFixture<cT_CORP>;
 
-const std::vector<std::string> kColumns = {"cAddress1",
-                                           "cAddress2",
-                                           "cAddressKana",
-                                           "cDaihyo",
-                                           "cDaihyoKana",
-                                           "cFaxNo",
-                                           "cKinyuName",
-                                           "cKinyuSiten",
-                                           "cKozaBangou",
-                                           "cKozaKana",
-                                           "cKozaMeigi1",
-                                           "cKozaMeigi2",
-                                           "cShamei1",
-                                           "cShamei2",
-                                           "cShameiKana1",
-                                           "cShameiKana2",
-                                           "cTelNo",
-                                           "cYubinNo",
-                                           "iKinSiten",
-                                           "iKinSyubetsu",
-                                           "iKozaKubun",
-                                           "iKozaType",
-                                           "iType",
-                                           "nIDNo",
-                                           "nLat",
-                                           "nLon",
-                                           "cPcName",
-                                           "tUpDateTime",
-                                           "cKinyuNo",
-                                           "cKinyuSitenNo",
-                                           "cJigyousyoNo",
-                                           "cJigyousyoNo2",
-                                           "cJigyouReceiptName",
-                                           "cMailDestination",
-                                           "cMailDestinationZipNo",
-                                           "cHokenTourokuKubetsu",
-                                           "cPersonalNumberCorp",
-                                           "iKyotenToshiNo",
-                                           "cKokuhoTourokuNo",
-                                           "cEmail"};
-
-/// A company table with a map writer that records its calls.
-struct MapFixture : FakeWorld {
-    MapFixture()
-    {
-        REQUIRE(session.iInit("Provider=Fake") == iGood);
-        REQUIRE(session.iConnect() == iGood);
-        REQUIRE(table.iInit(session) == iGood);
-        database.log.clear();
-        row.nIDNo = 5;
-    }
-    std::int16_t turn(const char *name, std::string &sErrMsg)
-    {
-        database.log.emplace_back(name);
-        if (!words.empty()) sErrMsg = words;
-        if (raises != 0) throw RuntimeError(raises);
-        return status;
-    }
-    /// The log with statements reduced to their kind.
-    [[nodiscard]] Log steps() const
-    {
-        Log steps;
-        for (const std::string &line : database.log) steps.push_back(line.substr(0, line.find(' ')));
-        return steps;
-    }
-
-    std::int16_t status = iGood;
-    std::int32_t raises = 0;
-    std::string words;
-    cT_ADODB session{app};
-    cT_CORP table{app,
-                  {[this](std::string &sErrMsg) { return turn("map-insert", sErrMsg); },
-                   [this](std::string &sErrMsg) { return turn("map-update", sErrMsg); }}};
-    cD_CORP row;
-};
+const std::vector<std::string> kCorpColumns = {"cAddress1",
+                                               "cAddress2",
+                                               "cAddressKana",
+                                               "cDaihyo",
+                                               "cDaihyoKana",
+                                               "cFaxNo",
+                                               "cKinyuName",
+                                               "cKinyuSiten",
+                                               "cKozaBangou",
+                                               "cKozaKana",
+                                               "cKozaMeigi1",
+                                               "cKozaMeigi2",
+                                               "cShamei1",
+                                               "cShamei2",
+                                               "cShameiKana1",
+                                               "cShameiKana2",
+                                               "cTelNo",
+                                               "cYubinNo",
+                                               "iKinSiten",
+                                               "iKinSyubetsu",
+                                               "iKozaKubun",
+                                               "iKozaType",
+                                               "iType",
+                                               "nIDNo",
+                                               "nLat",
+                                               "nLon",
+                                               "cPcName",
+                                               "tUpDateTime",
+                                               "cKinyuNo",
+                                               "cKinyuSitenNo",
+                                               "cJigyousyoNo",
+                                               "cJigyousyoNo2",
+                                               "cJigyouReceiptName",
+                                               "cMailDestination",
+                                               "cMailDestinationZipNo",
+                                               "cHokenTourokuKubetsu",
+                                               "cPersonalNumberCorp",
+                                               "iKyotenToshiNo",
+                                               "cKokuhoTourokuNo",
+                                               "cEmail"};
 
 } // namespace
 
@@ -91,10 +56,10 @@ TEST_CASE("the read of a company fills each of its texts, trimmed on both sides"
 {
     CorpFixture corp;
     std::vector<GivenRow> rows(1);
-    for (const std::string &column : kColumns)
+    for (const std::string &column : kCorpColumns)
         if (column.front() == 'c') rows[0].emplace_back(column, Variant("  " + column + "の値 "));
     rows[0].emplace_back("tUpDateTime", Variant(DateSerial(2024, 5, 1)));
-    corp.database.results.push_back(rowsOf(kColumns, rows));
+    corp.database.results.push_back(rowsOf(kCorpColumns, rows));
     const cD_CORP fresh;
     REQUIRE(corp->iDataRead(&fresh) == iGood);
     const cD_CORP &row = corp->clsCORP(0);
@@ -134,15 +99,15 @@ TEST_CASE("the read of a company fills each of its texts, trimmed on both sides"
 TEST_CASE("the read of a company fills each of its numbers")
 {
     CorpFixture corp;
-    corp.database.results.push_back(rowsOf(kColumns, {{{"iKinSiten", std::int32_t{1}},
-                                                       {"iKinSyubetsu", " 2 "},
-                                                       {"iKozaKubun", std::int16_t{3}},
-                                                       {"iKozaType", 4.0},
-                                                       {"iType", std::int32_t{70000}},
-                                                       {"nIDNo", std::int32_t{6}},
-                                                       {"nLat", std::int32_t{34340000}},
-                                                       {"nLon", std::int32_t{134040000}},
-                                                       {"iKyotenToshiNo", std::int32_t{9}}}}));
+    corp.database.results.push_back(rowsOf(kCorpColumns, {{{"iKinSiten", std::int32_t{1}},
+                                                           {"iKinSyubetsu", " 2 "},
+                                                           {"iKozaKubun", std::int16_t{3}},
+                                                           {"iKozaType", 4.0},
+                                                           {"iType", std::int32_t{70000}},
+                                                           {"nIDNo", std::int32_t{6}},
+                                                           {"nLat", std::int32_t{34340000}},
+                                                           {"nLon", std::int32_t{134040000}},
+                                                           {"iKyotenToshiNo", std::int32_t{9}}}}));
     const cD_CORP fresh;
     REQUIRE(corp->iDataReadChk(&fresh) == iGood);
     const cD_CORP &row = corp->clsCORP(0);
@@ -160,7 +125,7 @@ TEST_CASE("the read of a company fills each of its numbers")
 TEST_CASE("a company with only NULLs has zeros where a fresh row has -1")
 {
     CorpFixture corp;
-    corp.database.results.push_back(rowsOf(kColumns, {{}}));
+    corp.database.results.push_back(rowsOf(kCorpColumns, {{}}));
     const cD_CORP fresh;
     REQUIRE(corp->iDataRead(&fresh) == iGood);
     const cD_CORP &row = corp->clsCORP(0);
@@ -177,9 +142,9 @@ TEST_CASE("both company grids fill their columns and leave the others as in a fr
         CAPTURE(isConditioned);
         CorpFixture corp;
         std::vector<GivenRow> rows(1);
-        for (const std::string &column : kColumns)
+        for (const std::string &column : kCorpColumns)
             rows[0].emplace_back(column, column.front() == 'c' ? Variant(column) : Variant(std::int32_t{8}));
-        corp.database.results.push_back(rowsOf(kColumns, rows));
+        corp.database.results.push_back(rowsOf(kCorpColumns, rows));
         const cD_CORP fresh;
         REQUIRE((isConditioned ? corp->iDataReadGrid_Jouken(&fresh) : corp->iDataReadGrid()) == iGood);
         const cD_CORP &row = corp->clsCORP(0);
@@ -242,92 +207,4 @@ TEST_CASE("the conditioned company grid without a condition row is the runtime's
     CHECK(corp->iDataReadGrid_Jouken(nullptr) == iBad);
     CHECK(corp->sErrMsg() == "91\r\nオブジェクト変数または With ブロック変数が設定されていません。");
     CHECK(corp.database.log.empty());
-}
-
-TEST_CASE("the map writer is called after the statement and before the commit")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    CHECK(corp.table.iDataInsert(&corp.row, 0, Transaction::own) == iGood);
-    CHECK(corp.table.iDataUpdate(&corp.row, 0, Transaction::own) == iGood);
-    CHECK(corp.steps() == Log{"begin", "exec", "map-insert", "commit", "begin", "exec", "map-update", "commit"});
-}
-
-TEST_CASE("the map writer is called in the caller's transaction too")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    CHECK(corp.table.iDataUpdate(&corp.row, 0) == iGood);
-    CHECK(corp.steps() == Log{"exec", "map-update"});
-}
-
-TEST_CASE("unless the flag is the text 1, no map is written")
-{
-    for (const char *flag : {"", "0", " 1", "１"}) {
-        CAPTURE(flag);
-        MapFixture corp;
-        corp.app.cChizuFlg = flag;
-        CHECK(corp.table.iDataInsert(&corp.row, 0, Transaction::own) == iGood);
-        CHECK(corp.table.iDataUpdate(&corp.row, 0, Transaction::own) == iGood);
-        CHECK(corp.steps() == Log{"begin", "exec", "commit", "begin", "exec", "commit"});
-    }
-}
-
-TEST_CASE("a delete of a company does not call the map writer")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    CHECK(corp.table.iData削除(&corp.row, 0, Transaction::own) == iGood);
-    CHECK(corp.steps() == Log{"begin", "exec", "commit"});
-}
-
-TEST_CASE("a failed statement does not call the map writer")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    corp.database.executions.push_back(failure(-2147217900, "構文。"));
-    CHECK(corp.table.iDataUpdate(&corp.row, 0, Transaction::own) == iBad);
-    CHECK(corp.steps() == Log{"begin", "exec", "rollback"});
-}
-
-TEST_CASE("a map that was not written fails an update with its error text and rolls it back")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    corp.status = iBad;
-    corp.words = "地図の失敗。";
-    CHECK(corp.table.iDataUpdate(&corp.row, 0, Transaction::own) == iBad);
-    CHECK(corp.table.sErrMsg() == "地図の失敗。");
-    CHECK(corp.steps() == Log{"begin", "exec", "map-update", "rollback"});
-}
-
-TEST_CASE("an insert succeeds without its map")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    corp.status = iBad;
-    CHECK(corp.table.iDataInsert(&corp.row, 0, Transaction::own) == iGood);
-    CHECK(corp.steps() == Log{"begin", "exec", "map-insert", "commit"});
-}
-
-TEST_CASE("a run-time error of the map writer fails either write and rolls it back")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    corp.raises = 53;
-    CHECK(corp.table.iDataInsert(&corp.row, 0, Transaction::own) == iBad);
-    CHECK(corp.table.sErrMsg() == "53\r\nファイルが見つかりません。");
-    CHECK(corp.table.iDataUpdate(&corp.row, 0, Transaction::own) == iBad);
-    CHECK(corp.steps() == Log{"begin", "exec", "map-insert", "rollback", "begin", "exec", "map-update", "rollback"});
-}
-
-TEST_CASE("an empty map function is not called")
-{
-    MapFixture corp;
-    corp.app.cChizuFlg = "1";
-    cT_CORP table(corp.app, CorpMapHook{});
-    REQUIRE(table.iInit(corp.session) == iGood);
-    CHECK(table.iDataInsert(&corp.row, 0) == iGood);
-    CHECK(table.iDataUpdate(&corp.row, 0) == iGood);
-    CHECK(corp.steps() == Log{"exec", "exec"});
 }

@@ -10,9 +10,9 @@ using namespace inin;
 
 namespace {
 
-using StaffFixture = EmbeddedFixture<cT_STAFF>;
-using CorpFixture = EmbeddedFixture<cT_CORP>;
-using HokenFixture = EmbeddedFixture<cT_HOKEN>;
+using EmbeddedStaffFixture = EmbeddedFixture<cT_STAFF>;
+using EmbeddedCorpFixture = EmbeddedFixture<cT_CORP>;
+using EmbeddedHokenFixture = EmbeddedFixture<cT_HOKEN>;
 
 cD_STAFF staffMember(std::int32_t nIDNo, const std::string &cName)
 {
@@ -47,11 +47,11 @@ template <class Fixture, class Number> std::string numbers(Fixture &fixture, Num
         text += (index == 0 ? "" : " ") + std::to_string(number(index));
     return text;
 }
-std::string numbers(StaffFixture &staff)
+std::string numbers(EmbeddedStaffFixture &staff)
 {
     return numbers(staff, [&](std::int32_t index) { return staff->clsSTAFF(index).nIDNo; });
 }
-std::string numbers(CorpFixture &corp)
+std::string numbers(EmbeddedCorpFixture &corp)
 {
     return numbers(corp, [&](std::int32_t index) { return corp->clsCORP(index).nIDNo; });
 }
@@ -65,7 +65,7 @@ constexpr const char *kStaffOfTwoBranches =
 
 TEST_CASE("a staff member is read back as written")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     cD_STAFF row = staffMember(12, "山田太郎");
     row.cAdress1 = "高松市番町1";
     row.cNameRyaku = "山";
@@ -106,7 +106,7 @@ TEST_CASE("a staff member is read back as written")
 
 TEST_CASE("an empty vehicle text is NULL after an insert and an empty text after an update")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     const cD_STAFF row = staffMember(12, "山田");
     REQUIRE_MESSAGE(staff->iDataInsert(&row, 0, Transaction::own) == iGood, staff->sErrMsg());
     for (const char *column : {"cVehicleNumber", "cVehicleComment", "cEmployeeNumber", "tBirthday"})
@@ -119,7 +119,7 @@ TEST_CASE("an empty vehicle text is NULL after an insert and an empty text after
 
 TEST_CASE("an update of a staff member changes only the one of this branch")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     const cD_STAFF row = staffMember(3, "山田次郎");
     REQUIRE_MESSAGE(staff->iDataUpdate(&row, 0, Transaction::own) == iGood, staff->sErrMsg());
@@ -130,7 +130,7 @@ TEST_CASE("an update of a staff member changes only the one of this branch")
 
 TEST_CASE("if numbers span the branches, an update changes the staff member of the number in every branch")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     staff.site.iKyotenIdMode = 1;
     const cD_STAFF row = staffMember(3, "山田次郎");
@@ -140,7 +140,7 @@ TEST_CASE("if numbers span the branches, an update changes the staff member of t
 
 TEST_CASE("a delete removes only the staff member of this branch")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     const cD_STAFF row = staffMember(3, "");
     REQUIRE_MESSAGE(staff->iData削除(&row, 0, Transaction::own) == iGood, staff->sErrMsg());
@@ -150,7 +150,7 @@ TEST_CASE("a delete removes only the staff member of this branch")
 
 TEST_CASE("the staff grid lists the active staff of the branch by number, NULL included")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     cD_STAFF condition;
     REQUIRE_MESSAGE(staff->iDataReadGrid(&condition) == iGood, staff->sErrMsg());
@@ -165,7 +165,7 @@ TEST_CASE("the staff grid lists the active staff of the branch by number, NULL i
 
 TEST_CASE("the grid of all branches gives each branch its name, or none if the branch is unknown")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     const cD_STAFF condition;
     REQUIRE_MESSAGE(staff->iDataReadGrid_AllKyoten(&condition) == iGood, staff->sErrMsg());
@@ -179,7 +179,7 @@ TEST_CASE("the grid of all branches gives each branch its name, or none if the b
 
 TEST_CASE("the check of a staff number finds only those of this branch")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     cD_STAFF condition = staffMember(3, "");
     REQUIRE_MESSAGE(staff->iDataIdentChk(&condition) == iGood, staff->sErrMsg());
@@ -192,7 +192,7 @@ TEST_CASE("the check of a staff number finds only those of this branch")
 
 TEST_CASE("a staff name is counted across the branches without the given number")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     CHECK(staff->iChkStaffName(1, "別の山田") == 1);
     CHECK(staff->iChkStaffName(3, "別の山田") == 0);
@@ -201,7 +201,7 @@ TEST_CASE("a staff name is counted across the branches without the given number"
 
 TEST_CASE("the highest staff number is that of the branch, or of its prefix if numbers span the branches")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     std::int32_t nMaxNo = -5;
     REQUIRE_MESSAGE(staff->iGetMaxIDNo(nMaxNo) == iGood, staff->sErrMsg());
     CHECK(nMaxNo == 0);
@@ -219,7 +219,7 @@ TEST_CASE("the highest staff number is that of the branch, or of its prefix if n
 
 TEST_CASE("a staff name with a single quote breaks each statement that contains it and changes nothing")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     staff.run(kStaffOfTwoBranches);
     const cD_STAFF row = staffMember(3, "O'Neil");
     CHECK(staff->iDataReadGrid(&row) == iBad);
@@ -234,7 +234,7 @@ TEST_CASE("a staff name with a single quote breaks each statement that contains 
 
 TEST_CASE("a second staff member with the same number is refused and the transaction is closed")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     const cD_STAFF row = staffMember(12, "山田");
     REQUIRE_MESSAGE(staff->iDataInsert(&row, 0, Transaction::own) == iGood, staff->sErrMsg());
     CHECK(staff->iDataInsert(&row, 0, Transaction::own) == iBad);
@@ -246,7 +246,7 @@ TEST_CASE("a second staff member with the same number is refused and the transac
 
 TEST_CASE("writes without the flag are part of the caller's transaction")
 {
-    StaffFixture staff;
+    EmbeddedStaffFixture staff;
     const cD_STAFF row = staffMember(12, "山田");
     REQUIRE(staff.session.iBeginTrans() == iGood);
     REQUIRE_MESSAGE(staff->iDataInsert(&row, 0) == iGood, staff->sErrMsg());
@@ -261,7 +261,7 @@ TEST_CASE("writes without the flag are part of the caller's transaction")
 
 TEST_CASE("a company is read back as written")
 {
-    CorpFixture corp;
+    EmbeddedCorpFixture corp;
     cD_CORP row = company(5, 0, "会社一");
     row.cAddress1 = "高松市番町1";
     row.cKozaMeigi2 = "口座";
@@ -297,7 +297,7 @@ TEST_CASE("a company is read back as written")
 
 TEST_CASE("companies are read by number and kind, the others by the check, a list by parts of a name")
 {
-    CorpFixture corp;
+    EmbeddedCorpFixture corp;
     for (const cD_CORP &row : {company(0, 0, "本社"), company(2, 1, "代理人"), company(3, 3, "団体の会社")})
         REQUIRE_MESSAGE(corp->iDataInsert(&row, 0, Transaction::own) == iGood, corp->sErrMsg());
     corp.run("INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo, iType, cShamei1) VALUES (9,9,7,0,'別の本社')");
@@ -324,7 +324,7 @@ TEST_CASE("companies are read by number and kind, the others by the check, a lis
 
 TEST_CASE("a company is updated and deleted in this branch only")
 {
-    CorpFixture corp;
+    EmbeddedCorpFixture corp;
     corp.run("INSERT INTO CORP (iKyotenCd, iKyotenEb, nIDNo, iType, cShamei1) VALUES (9,9,5,0,'別'), (1,2,5,0,'前')");
     const cD_CORP row = company(5, 2, "後");
     REQUIRE_MESSAGE(corp->iDataUpdate(&row, 0, Transaction::own) == iGood, corp->sErrMsg());
@@ -337,7 +337,7 @@ TEST_CASE("a company is updated and deleted in this branch only")
 
 TEST_CASE("a company name with a single quote breaks the write statement")
 {
-    CorpFixture corp;
+    EmbeddedCorpFixture corp;
     const cD_CORP row = company(5, 0, "O'Neil");
     CHECK(corp->iDataInsert(&row, 0, Transaction::own) == iBad);
     CHECK(corp->sErrMsg().starts_with("ERR:iExecSQL (-2147217900)"));
@@ -346,7 +346,7 @@ TEST_CASE("a company name with a single quote breaks the write statement")
 
 TEST_CASE("insurance kinds are written, updated, read in order and deleted")
 {
-    HokenFixture hoken;
+    EmbeddedHokenFixture hoken;
     for (const cD_HOKEN &row : {kind(70000, "後期"), kind(1, "国保"), kind(2, "社保")})
         REQUIRE_MESSAGE(hoken->iDataInsert(&row, 0, Transaction::own) == iGood, hoken->sErrMsg());
     hoken.run("INSERT INTO HOKEN (iKyotenCd, iKyotenEb, cType, iType) VALUES (9,9,'国保',1), (1,2,NULL,NULL)");
@@ -368,7 +368,7 @@ TEST_CASE("insurance kinds are written, updated, read in order and deleted")
 
 TEST_CASE("an insurance kind with a single quote breaks the write statement")
 {
-    HokenFixture hoken;
+    EmbeddedHokenFixture hoken;
     const cD_HOKEN row = kind(1, "国'保");
     CHECK(hoken->iDataInsert(&row, 0, Transaction::own) == iBad);
     CHECK(hoken->sErrMsg().starts_with("ERR:iExecSQL (-2147217900)"));

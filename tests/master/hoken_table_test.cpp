@@ -6,14 +6,14 @@ using namespace inin;
 
 namespace {
 
-const std::vector<std::string> kColumns = {"cName", "cRyaku", "cType", "iType"};
+const std::vector<std::string> kHokenColumns = {"cName", "cRyaku", "cType", "iType"};
 
-constexpr const char *kRead = "sql 1   select      HOKEN.cName as cName     ,HOKEN.cRyaku as cRyaku"
-                              "     ,HOKEN.cType as cType     ,HOKEN.iType as iType  FROM      HOKEN"
-                              "  order by      iType";
+constexpr const char *kHokenRead = "sql 1   select      HOKEN.cName as cName     ,HOKEN.cRyaku as cRyaku"
+                                   "     ,HOKEN.cType as cType     ,HOKEN.iType as iType  FROM      HOKEN"
+                                   "  order by      iType";
 
 struct HokenFixture : TableFixture<cT_HOKEN> {
-    void answer(const std::vector<GivenRow> &rows) { database.results.push_back(rowsOf(kColumns, rows)); }
+    void answer(const std::vector<GivenRow> &rows) { database.results.push_back(rowsOf(kHokenColumns, rows)); }
     std::int16_t readAll()
     {
         const cD_HOKEN any;
@@ -48,7 +48,7 @@ TEST_CASE("the insurance kinds are read completely, without a branch, in order o
 {
     HokenFixture hoken;
     CHECK(hoken.readAll() == iGood);
-    CHECK(hoken.database.log == Log{kRead});
+    CHECK(hoken.database.log == Log{kHokenRead});
 }
 
 TEST_CASE("the row given to the read of insurance kinds sets no condition")
@@ -56,7 +56,7 @@ TEST_CASE("the row given to the read of insurance kinds sets no condition")
     HokenFixture hoken;
     const cD_HOKEN row = kokuho();
     CHECK(hoken->iDataRead(&row) == iGood);
-    CHECK(hoken.database.log == Log{kRead});
+    CHECK(hoken.database.log == Log{kHokenRead});
 }
 
 TEST_CASE("each insurance kind has its texts, trimmed on both sides, and its number")

@@ -36,7 +36,7 @@ struct EmbeddedPatients : EmbeddedWorld {
     RIYOUSHA_REC rec;
 };
 
-RIYOUSHA_REC filledRecord()
+RIYOUSHA_REC fullRow()
 {
     RIYOUSHA_REC rec;
     for (const PatientCase &row : patientCases()) row.expect(rec);
@@ -50,7 +50,7 @@ TEST_CASE("a site's patient table has all 181 columns, and a filled row is read 
     EmbeddedPatients patients;
     patients.insert(100001, true);
     CHECK(patients.read(100001) == -1);
-    CHECK(patients.rec == filledRecord());
+    CHECK(patients.rec == fullRow());
     CHECK(patients.boxes.shown.empty());
 }
 
@@ -86,7 +86,7 @@ TEST_CASE("patients of a site without the later columns are read all the same")
     patients.insert(100001, true);
     patients.run("ALTER TABLE RIYOUSHA DROP COLUMN cFMCode; ALTER TABLE RIYOUSHA DROP COLUMN iRoomAnbunUmu;"
                  "ALTER TABLE RIYOUSHA DROP COLUMN cNameRyaku");
-    RIYOUSHA_REC expected = filledRecord();
+    RIYOUSHA_REC expected = fullRow();
     expected.cFMCode = 0;
     expected.cNameRyaku.clear();
     expected.tDouishoSaishutokuTo = Date(40168);

@@ -8,7 +8,7 @@ using namespace inin;
 
 namespace {
 
-using FormFixture = EmbeddedFixture<cT_SHINSEISYO>;
+using EmbeddedFormFixture = EmbeddedFixture<cT_SHINSEISYO>;
 
 cD_SHINSEISYO form(std::int32_t iPrintType, std::int32_t nIDNo, const std::string &cDispName = "申請書")
 {
@@ -19,13 +19,13 @@ cD_SHINSEISYO form(std::int32_t iPrintType, std::int32_t nIDNo, const std::strin
     return row;
 }
 
-void insert(FormFixture &forms, const cD_SHINSEISYO &row)
+void insert(EmbeddedFormFixture &forms, const cD_SHINSEISYO &row)
 {
     REQUIRE_MESSAGE(forms->iDataInsert(&row, 0, Transaction::own) == iGood, forms->sErrMsg());
 }
 
 /// The numbers of the rows read, joined: "1 2 3".
-std::string numbers(FormFixture &forms)
+std::string numbers(EmbeddedFormFixture &forms)
 {
     std::string text;
     for (std::int32_t index = 0; index < forms->nデータ数(); ++index)
@@ -33,13 +33,13 @@ std::string numbers(FormFixture &forms)
     return text;
 }
 
-std::string read(FormFixture &forms, const cD_SHINSEISYO &condition)
+std::string read(EmbeddedFormFixture &forms, const cD_SHINSEISYO &condition)
 {
     REQUIRE_MESSAGE(forms->iDataRead(&condition) == iGood, forms->sErrMsg());
     return numbers(forms);
 }
 
-std::string readGrid(FormFixture &forms, const cD_SHINSEISYO &condition)
+std::string readGrid(EmbeddedFormFixture &forms, const cD_SHINSEISYO &condition)
 {
     REQUIRE_MESSAGE(forms->iDataReadGrid(&condition) == iGood, forms->sErrMsg());
     return numbers(forms);
@@ -49,7 +49,7 @@ std::string readGrid(FormFixture &forms, const cD_SHINSEISYO &condition)
 
 TEST_CASE("a claim form is read back as written")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     cD_SHINSEISYO row = form(2, 5, "療養費支給申請書");
     row.cFileName = "申請書.wfd";
     row.iStateNo = 37;
@@ -70,7 +70,7 @@ TEST_CASE("a claim form is read back as written")
 
 TEST_CASE("a system-wide claim form is read by every site, any other only by its own")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     insert(forms, form(1, 1));
     insert(forms, form(2, 2));
     CHECK(forms.value("SELECT iKyotenCd || '/' || iKyotenEb FROM SHINSEISYO WHERE iPrintType = 1") == "0/0");
@@ -86,7 +86,7 @@ TEST_CASE("a system-wide claim form is read by every site, any other only by its
 
 TEST_CASE("number -1 reads all claim forms of the print type and number 0 reads number 0")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     for (const std::int32_t nIDNo : {3, 1, 0}) insert(forms, form(2, nIDNo));
     insert(forms, form(3, 8));
     CHECK(read(forms, form(2, -1)) == "0 1 3");
@@ -96,7 +96,7 @@ TEST_CASE("number -1 reads all claim forms of the print type and number 0 reads 
 
 TEST_CASE("the grid hides deleted claim forms unless requested, and NULL is not deleted")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     forms.run("INSERT INTO SHINSEISYO (iKyotenCd, iKyotenEb, nIDNo, iPrintType, iDelFlg, iStateNo) VALUES"
               " (1,2,1,2,0,37), (1,2,2,2,1,37), (1,2,3,2,NULL,13)");
     cD_SHINSEISYO condition = form(2, 0);
@@ -109,7 +109,7 @@ TEST_CASE("the grid hides deleted claim forms unless requested, and NULL is not 
 
 TEST_CASE("an update of a claim form changes only the one of its print type and site")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     forms.run("INSERT INTO SHINSEISYO (iKyotenCd, iKyotenEb, nIDNo, iPrintType, cDispName) VALUES"
               " (1,2,1,2,'own'), (1,2,1,3,'other type'), (9,9,1,2,'other site'), (0,0,1,1,'wide')");
     const cD_SHINSEISYO own = form(2, 1, "新"), wide = form(1, 1, "全社");
@@ -122,7 +122,7 @@ TEST_CASE("an update of a claim form changes only the one of its print type and 
 
 TEST_CASE("a delete of a claim form removes only the one of its print type and site")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     forms.run("INSERT INTO SHINSEISYO (iKyotenCd, iKyotenEb, nIDNo, iPrintType) VALUES"
               " (1,2,1,2), (1,2,1,3), (9,9,1,2), (0,0,1,1)");
     const cD_SHINSEISYO own = form(2, 1), wide = form(1, 1);
@@ -134,7 +134,7 @@ TEST_CASE("a delete of a claim form removes only the one of its print type and s
 
 TEST_CASE("the highest number of a claim form is that of its print type and site")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     forms.run("INSERT INTO SHINSEISYO (iKyotenCd, iKyotenEb, nIDNo, iPrintType) VALUES"
               " (1,2,4,2), (9,9,90,2), (0,0,7,1)");
     std::int32_t nMaxNo = -1;
@@ -148,7 +148,7 @@ TEST_CASE("the highest number of a claim form is that of its print type and site
 
 TEST_CASE("a claim form with existing keys is refused and changes nothing")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     insert(forms, form(2, 1, "first"));
     const cD_SHINSEISYO again = form(2, 1, "second");
     CHECK(forms->iDataInsert(&again, 0, Transaction::own) == iBad);
@@ -158,7 +158,7 @@ TEST_CASE("a claim form with existing keys is refused and changes nothing")
 
 TEST_CASE("a quote in a claim form's name breaks the statement and is refused")
 {
-    FormFixture forms;
+    EmbeddedFormFixture forms;
     const cD_SHINSEISYO row = form(2, 1, "O'Neil");
     CHECK(forms->iDataInsert(&row, 0, Transaction::own) == iBad);
     CHECK(forms->sErrMsg().starts_with("ERR:iExecSQL (-2147217900)"));

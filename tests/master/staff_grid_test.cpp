@@ -9,9 +9,9 @@ using namespace inin;
 namespace {
 
 const std::string kBeforeCondition = "sql 1   select" + kStaffGridList + "  FROM      STAFF";
-constexpr const char *kOrder = "  order by      nIDNo";
+constexpr const char *kStaffOrder = "  order by      nIDNo";
 
-struct StaffFixture : TableFixture<cT_STAFF> {
+struct StaffGridFixture : TableFixture<cT_STAFF> {
     void answer(const std::vector<GivenRow> &rows) { database.results.push_back(rowsOf(kStaffGridColumns, rows)); }
     std::int16_t readGrid()
     {
@@ -29,12 +29,12 @@ std::int32_t whole(std::int32_t number)
 
 TEST_CASE("a fresh condition row lists the active staff of the branch in order of their numbers")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     CHECK(staff.readGrid() == iGood);
     CHECK(staff.database.log == Log{kBeforeCondition +
                                     " where     (iChusiFlg = 0 OR iChusiFlg IS NULL) and iKyotenCd = 1"
                                     " and iKyotenEb = 2" +
-                                    kOrder});
+                                    kStaffOrder});
 }
 
 TEST_CASE("each condition of the staff grid is present if its field is set")
@@ -64,20 +64,20 @@ TEST_CASE("each condition of the staff grid is present if its field is set")
     };
     for (const Row &row : rows) {
         CAPTURE(row.claim);
-        StaffFixture staff;
+        StaffGridFixture staff;
         cD_STAFF condition;
         condition.iChusiFlg = row.iChusiFlg;
         condition.nIDNo = row.nIDNo;
         condition.cName = row.cName;
         condition.cNameKana = row.cNameKana;
         CHECK(staff->iDataReadGrid(&condition) == iGood);
-        CHECK(staff.database.log == Log{kBeforeCondition + row.condition + kOrder});
+        CHECK(staff.database.log == Log{kBeforeCondition + row.condition + kStaffOrder});
     }
 }
 
 TEST_CASE("the staff grid reads the branch of this installation whatever the condition row's branch")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.app.iKyotenCd = 0;
     staff.app.iKyotenEb = 32767;
     cD_STAFF condition;
@@ -85,12 +85,12 @@ TEST_CASE("the staff grid reads the branch of this installation whatever the con
     condition.iKyotenId = 8;
     condition.iKyotenEb = 9;
     CHECK(staff->iDataReadGrid(&condition) == iGood);
-    CHECK(staff.database.log == Log{kBeforeCondition + " where iKyotenCd = 0 and iKyotenEb = 32767" + kOrder});
+    CHECK(staff.database.log == Log{kBeforeCondition + " where iKyotenCd = 0 and iKyotenEb = 32767" + kStaffOrder});
 }
 
 TEST_CASE("the staff grid fills each of its texts, trimmed on both sides")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.answer({{{"cAdress1", " 高松市番町1 "},
                    {"cAdress2", "2階 "},
                    {"cFaxNo", "087-1"},
@@ -144,7 +144,7 @@ TEST_CASE("the staff grid fills each of its texts, trimmed on both sides")
 
 TEST_CASE("the staff grid fills each of its numbers")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.answer({{{"iChusiFlg", std::int16_t{1}},
                    {"nIDNo", whole(2000000001)},
                    {"iSexKubun", " 2 "},
@@ -183,7 +183,7 @@ TEST_CASE("the staff grid fills each of its numbers")
 
 TEST_CASE("the dates of a staff member are texts in the short date format")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.answer({{{"tBirthday", DateSerial(1980, 5, 1)}, {"tNyusyaDay", Date(45413.5)}, {"tKisanDay", " 2024/1/2 "}}});
     REQUIRE(staff.readGrid() == iGood);
     CHECK(staff->clsSTAFF(0).sBirthday == "1980/05/01");
@@ -193,7 +193,7 @@ TEST_CASE("the dates of a staff member are texts in the short date format")
 
 TEST_CASE("a staff member with only NULLs has empty texts and zeros in the columns of the grid")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.answer({{}});
     REQUIRE(staff.readGrid() == iGood);
     REQUIRE(staff->nデータ数() == 1);
@@ -210,7 +210,7 @@ TEST_CASE("a staff member with only NULLs has empty texts and zeros in the colum
 
 TEST_CASE("the staff grid leaves unchanged the properties that it does not read")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     std::vector<std::string> columns = kStaffGridColumns;
     columns.insert(columns.end(), {"cNameRyaku", "cRken", "iKyotenCd", "cPcName"});
     staff.database.results.push_back(
@@ -227,7 +227,7 @@ TEST_CASE("a flag or a 16-bit number of a staff member beyond 16 bits overflows"
 {
     for (const char *column : {"iChusiFlg", "iTecAbi", "iSpeechAbi", "iClaimRate", "iStaffHokenTouroku"}) {
         CAPTURE(column);
-        StaffFixture staff;
+        StaffGridFixture staff;
         staff.answer({{{"nIDNo", whole(1)}, {column, whole(32767)}}, {{"nIDNo", whole(2)}, {column, whole(32768)}}});
         CHECK(staff.readGrid() == iBad);
         CHECK(staff->sErrMsg() == "6\r\nオーバーフローしました。");
@@ -237,7 +237,7 @@ TEST_CASE("a flag or a 16-bit number of a staff member beyond 16 bits overflows"
 
 TEST_CASE("a branch without staff is a successful read of no rows")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     CHECK(staff.readGrid() == iGood);
     CHECK(staff->nデータ数() == 0);
     CHECK(staff->sErrMsg().empty());
@@ -247,7 +247,7 @@ TEST_CASE("staff lists of 1 and of 5,000 keep the order of the read")
 {
     for (const std::int32_t count : {1, 5000}) {
         CAPTURE(count);
-        StaffFixture staff;
+        StaffGridFixture staff;
         std::vector<GivenRow> rows;
         for (std::int32_t number = 1; number <= count; ++number)
             rows.push_back({{"nIDNo", number}, {"cName", "施術者" + std::to_string(number)}});
@@ -264,7 +264,7 @@ TEST_CASE("staff lists of 1 and of 5,000 keep the order of the read")
 
 TEST_CASE("a second read replaces the staff")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.answer({{{"nIDNo", whole(1)}}, {{"nIDNo", whole(2)}}});
     staff.answer({{{"nIDNo", whole(3)}}});
     REQUIRE(staff.readGrid() == iGood);
@@ -275,7 +275,7 @@ TEST_CASE("a second read replaces the staff")
 
 TEST_CASE("a name with a single quote is a failed opening of its statement")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.answer({{{"nIDNo", whole(1)}}});
     REQUIRE(staff.readGrid() == iGood);
     staff.database.results.push_back(failure(-2147217900, "'Neil' 付近に不適切な構文があります。"));
@@ -290,7 +290,7 @@ TEST_CASE("a name with a single quote is a failed opening of its statement")
 
 TEST_CASE("a connection lost in the row loop keeps the staff read completely before")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     FakeResult result =
         rowsOf(kStaffGridColumns, {{{"nIDNo", whole(1)}}, {{"nIDNo", whole(2)}}, {{"nIDNo", whole(3)}}});
     result.failingMove = 2;
@@ -303,7 +303,7 @@ TEST_CASE("a connection lost in the row loop keeps the staff read completely bef
 
 TEST_CASE("a column missing in the result ends the read at the first row")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.database.results.push_back(rowsOf({"cAdress1"}, {{{"cAdress1", "高松市"}}}));
     CHECK(staff.readGrid() == iBad);
     CHECK(staff->sErrMsg() == "3265\r\n要求された名前、または序数に対応する項目がコレクションで見つかりません。");
@@ -312,7 +312,7 @@ TEST_CASE("a column missing in the result ends the read at the first row")
 
 TEST_CASE("a staff grid without a condition row fails and sends nothing")
 {
-    StaffFixture staff;
+    StaffGridFixture staff;
     staff.answer({{{"nIDNo", whole(1)}}});
     REQUIRE(staff.readGrid() == iGood);
     staff.database.log.clear();

@@ -10,7 +10,7 @@ namespace {
 using StaffFixture = TableFixture<cT_STAFF>;
 
 // The list of a single read as sent: that of the grid followed by thirteen names.
-const std::string kReadList =
+const std::string kStaffReadList =
     kStaffGridList + "     ,STAFF.cKaiNo2     ,STAFF.cKaiNo3     ,STAFF.cNameRyaku     ,STAFF.cRken     ,STAFF.cRno"
                      "     ,STAFF.iShikakuKubun     ,STAFF.iSyokushuKubun     ,STAFF.iYaku     ,STAFF.tKousinDay"
                      "     ,STAFF.tRday     ,STAFF.tTourokuDay     ,STAFF.cPcName     ,STAFF.tUpDateTime";
@@ -109,7 +109,7 @@ TEST_CASE("one staff member is read by number and branch, or by number and name 
         condition.nIDNo = 12;
         condition.cName = row.cName;
         CHECK(staff->iDataRead(&condition) == iGood);
-        CHECK(staff.database.log == Log{"sql 1   select TOP 1" + kReadList + "  FROM      STAFF" +
+        CHECK(staff.database.log == Log{"sql 1   select TOP 1" + kStaffReadList + "  FROM      STAFF" +
                                         std::string(row.condition) + "  order by      nIDNo"});
     }
 }
@@ -119,7 +119,7 @@ TEST_CASE("the read of one staff member accepts any number, even a fresh row's -
     StaffFixture staff;
     const cD_STAFF fresh;
     CHECK(staff->iDataRead(&fresh) == iGood);
-    CHECK(staff.database.log == Log{"sql 1   select TOP 1" + kReadList +
+    CHECK(staff.database.log == Log{"sql 1   select TOP 1" + kStaffReadList +
                                     "  FROM      STAFF where    nIDNo = -1 and iKyotenCd = 1"
                                     " and iKyotenEb = 2  order by      nIDNo"});
 }
@@ -134,7 +134,7 @@ TEST_CASE("the check of a number reads all with that number in this branch, what
         condition.nIDNo = 12;
         condition.cName = "山田";
         CHECK(staff->iDataIdentChk(&condition) == iGood);
-        CHECK(staff.database.log == Log{"sql 1   select" + kReadList +
+        CHECK(staff.database.log == Log{"sql 1   select" + kStaffReadList +
                                         "  FROM      STAFF where    nIDNo = 12 and iKyotenCd = 1"
                                         " and iKyotenEb = 2  order by      nIDNo"});
     }

@@ -9,59 +9,59 @@ namespace {
 
 using StaffFixture = TableFixture<cT_STAFF>;
 
-const std::vector<std::string> kColumns = {"cAdress1",
-                                           "cAdress2",
-                                           "cFaxNo",
-                                           "cKaiNo",
-                                           "cKaiNo2",
-                                           "cKaiNo3",
-                                           "cMobNo",
-                                           "cName",
-                                           "cNameKana",
-                                           "cNameRyaku",
-                                           "cRken",
-                                           "cRno",
-                                           "cTelNo",
-                                           "cYubinNo",
-                                           "iChusiFlg",
-                                           "iSexKubun",
-                                           "iShikakuKubun",
-                                           "iSyokushuKubun",
-                                           "iYaku",
-                                           "nIDNo",
-                                           "cEmail",
-                                           "iTecAbi",
-                                           "iSpeechAbi",
-                                           "cPhysical",
-                                           "iClaimRate",
-                                           "cSikaku",
-                                           "cTourokuNo",
-                                           "cSmileCd",
-                                           "tBirthday",
-                                           "tKousinDay",
-                                           "tNyusyaDay",
-                                           "tKisanDay",
-                                           "tRday",
-                                           "tTourokuDay",
-                                           "cPcName",
-                                           "tUpDateTime",
-                                           "cTourokuNo2",
-                                           "iVehicleType",
-                                           "cVehicleNumber",
-                                           "cVehicleComment",
-                                           "cEmployeeNumber",
-                                           "iLookAllRiyousya",
-                                           "iWebLicense",
-                                           "iLookCharge",
-                                           "iStaffHokenTouroku",
-                                           "cShikaiNo",
-                                           "cShikaiNo_Josei",
-                                           "iContractType",
-                                           "nLat",
-                                           "nLon",
-                                           "cIninTourokuNo",
-                                           "iIninTourokuChk",
-                                           "iKanriSekininFlg"};
+const std::vector<std::string> kStaffColumns = {"cAdress1",
+                                                "cAdress2",
+                                                "cFaxNo",
+                                                "cKaiNo",
+                                                "cKaiNo2",
+                                                "cKaiNo3",
+                                                "cMobNo",
+                                                "cName",
+                                                "cNameKana",
+                                                "cNameRyaku",
+                                                "cRken",
+                                                "cRno",
+                                                "cTelNo",
+                                                "cYubinNo",
+                                                "iChusiFlg",
+                                                "iSexKubun",
+                                                "iShikakuKubun",
+                                                "iSyokushuKubun",
+                                                "iYaku",
+                                                "nIDNo",
+                                                "cEmail",
+                                                "iTecAbi",
+                                                "iSpeechAbi",
+                                                "cPhysical",
+                                                "iClaimRate",
+                                                "cSikaku",
+                                                "cTourokuNo",
+                                                "cSmileCd",
+                                                "tBirthday",
+                                                "tKousinDay",
+                                                "tNyusyaDay",
+                                                "tKisanDay",
+                                                "tRday",
+                                                "tTourokuDay",
+                                                "cPcName",
+                                                "tUpDateTime",
+                                                "cTourokuNo2",
+                                                "iVehicleType",
+                                                "cVehicleNumber",
+                                                "cVehicleComment",
+                                                "cEmployeeNumber",
+                                                "iLookAllRiyousya",
+                                                "iWebLicense",
+                                                "iLookCharge",
+                                                "iStaffHokenTouroku",
+                                                "cShikaiNo",
+                                                "cShikaiNo_Josei",
+                                                "iContractType",
+                                                "nLat",
+                                                "nLon",
+                                                "cIninTourokuNo",
+                                                "iIninTourokuChk",
+                                                "iKanriSekininFlg"};
 
 } // namespace
 
@@ -98,20 +98,20 @@ TEST_CASE("a fresh staff member has empty texts")
 TEST_CASE("the read of one staff member fills the properties that the grid omits")
 {
     StaffFixture staff;
-    staff.database.results.push_back(rowsOf(kColumns, {{{"nIDNo", std::int32_t{12}},
-                                                        {"cNameRyaku", " 略 "},
-                                                        {"cRken", "県"},
-                                                        {"cRno", "番"},
-                                                        {"cKaiNo2", "会2"},
-                                                        {"cKaiNo3", "会3"},
-                                                        {"iShikakuKubun", std::int32_t{2}},
-                                                        {"iSyokushuKubun", std::int32_t{3}},
-                                                        {"iYaku", std::int32_t{4}},
-                                                        {"tKousinDay", DateSerial(2024, 4, 1)},
-                                                        {"tRday", DateSerial(2024, 4, 2)},
-                                                        {"tTourokuDay", DateSerial(2024, 4, 3)},
-                                                        {"cPcName", "PC "},
-                                                        {"tUpDateTime", Date(45413.5)}}}));
+    staff.database.results.push_back(rowsOf(kStaffColumns, {{{"nIDNo", std::int32_t{12}},
+                                                             {"cNameRyaku", " 略 "},
+                                                             {"cRken", "県"},
+                                                             {"cRno", "番"},
+                                                             {"cKaiNo2", "会2"},
+                                                             {"cKaiNo3", "会3"},
+                                                             {"iShikakuKubun", std::int32_t{2}},
+                                                             {"iSyokushuKubun", std::int32_t{3}},
+                                                             {"iYaku", std::int32_t{4}},
+                                                             {"tKousinDay", DateSerial(2024, 4, 1)},
+                                                             {"tRday", DateSerial(2024, 4, 2)},
+                                                             {"tTourokuDay", DateSerial(2024, 4, 3)},
+                                                             {"cPcName", "PC "},
+                                                             {"tUpDateTime", Date(45413.5)}}}));
     cD_STAFF condition;
     condition.nIDNo = 12;
     REQUIRE(staff->iDataRead(&condition) == iGood);
@@ -136,7 +136,7 @@ TEST_CASE("the read of one staff member fills the properties that the grid omits
 TEST_CASE("a single read of only NULLs turns every -1 of the fresh row into 0")
 {
     StaffFixture staff;
-    staff.database.results.push_back(rowsOf(kColumns, {{}}));
+    staff.database.results.push_back(rowsOf(kStaffColumns, {{}}));
     const cD_STAFF fresh;
     REQUIRE(staff->iDataIdentChk(&fresh) == iGood);
     const cD_STAFF &row = staff->clsSTAFF(0);
@@ -182,9 +182,9 @@ TEST_CASE("a failed query of the highest number keeps the caller's number")
 
 TEST_CASE("reads and checks of staff without a condition row fail in the same way")
 {
-    using Read = std::int16_t (cT_STAFF::*)(const cD_STAFF *);
-    for (const Read read : {&cT_STAFF::iDataReadGrid, &cT_STAFF::iDataRead, &cT_STAFF::iDataIdentChk,
-                            &cT_STAFF::iDataReadGrid_AllKyoten}) {
+    using ReadOperation = std::int16_t (cT_STAFF::*)(const cD_STAFF *);
+    for (const ReadOperation read : {&cT_STAFF::iDataReadGrid, &cT_STAFF::iDataRead, &cT_STAFF::iDataIdentChk,
+                                     &cT_STAFF::iDataReadGrid_AllKyoten}) {
         StaffFixture staff;
         CHECK(((*staff.operator->()).*read)(nullptr) == iBad);
         CHECK(staff->sErrMsg() == "STAFFが無効です。");

@@ -27,7 +27,7 @@ using enum ValueFrom;
 constexpr TableShape kStrict{"SAMPLE"};
 constexpr TableShape kForgiving{"SAMPLE", 0, Unreadable::countsAsZero};
 
-constexpr TableColumn<SampleRow> kColumns[] = {
+constexpr TableColumn<SampleRow> kSampleColumns[] = {
     {"iKyotenCd", {}, quoted, siteCode, OnUpdate::kept},
     {"nIDNo", &SampleRow::nIDNo, number, row, OnUpdate::kept},
     {"cFileName", &SampleRow::cFileName, quoted},
@@ -44,11 +44,17 @@ public:
     std::int16_t iInit(cT_ADODB &session) { return m_table.init(session); }
     std::int16_t read()
     {
-        return m_table.trapped([&] { return m_table.read("SELECT", {&kColumns[1], &kColumns[2], &kColumns[3]}); });
+        return m_table.trapped([&] {
+            return m_table.read("SELECT", {&kSampleColumns[1], &kSampleColumns[2], &kSampleColumns[3]});
+        });
     }
     std::int16_t maximum(std::int32_t &result)
     {
         return m_table.trapped([&] { return m_table.number("MAX", "nIDNo", result); });
+    }
+    std::int16_t write(const AfterExecution &afterExecution)
+    {
+        return m_table.trapped([&] { return m_table.write("INSERT", Transaction::own, afterExecution); });
     }
     const std::string &sErrMsg() const { return m_table.sErrMsg(); }
     std::int32_t count() const { return m_table.count(); }
@@ -254,6 +260,14 @@ TEST_CASE("an aggregate without its row is the runtime's error")
     CHECK(result == 7);
 }
 
+TEST_CASE("a run-time error between statement and commit fails the write and rolls it back")
+{
+    TableFixture<SampleTable> sample;
+    CHECK(sample->write([](std::string &) -> std::int16_t { throw RuntimeError(53); }) == iBad);
+    CHECK(sample->sErrMsg() == "53\r\nファイルが見つかりません。");
+    CHECK(sample.database.log == Log{"begin 1", "exec 1 INSERT", "rollback 1"});
+}
+
 TEST_CASE("the branch of a statement can differ from that of the installation")
 {
     SampleRow row;
@@ -261,7 +275,7 @@ TEST_CASE("the branch of a statement can differ from that of the installation")
     row.cFileName = "a.wfd";
     row.iRate = 4;
     row.iPrintType = 1;
-    CHECK(insertStatement(kStrict, kColumns, row, {Branch{0, 0}, {}}) ==
+    CHECK(insertStatement(kStrict, kSampleColumns, row, {Branch{0, 0}, {}}) ==
           " insert into    SAMPLE (      iKyotenCd     ,nIDNo     ,cFileName     ,iRate     ,tUpDateTime"
           "     ,iPrintType )values(       '0'     ,3     ,'a.wfd'     ,4     ,GetDate()     ,1 ) ");
 }
@@ -271,7 +285,7 @@ TEST_CASE("an update begins with the first column that it sets, and keys are unc
     SampleRow row;
     row.nIDNo = 3;
     row.cFileName = "a.wfd";
-    CHECK(updateStatement(kStrict, kColumns, row, {}) ==
+    CHECK(updateStatement(kStrict, kSampleColumns, row, {}) ==
           " update      SAMPLE set       cFileName = 'a.wfd'     ,iRate =  0     ,tUpDateTime = GetDate()");
 }
 

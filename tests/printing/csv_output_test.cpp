@@ -10,8 +10,7 @@ namespace inin {
 
 namespace {
 
-constexpr const char *kCsv = "C:\\SUITE\\TMP\\委任状.csv";
-constexpr const char *kFormats = "C:\\SUITE\\DATA\\帳票Format.ini";
+constexpr const char *kLetterFile = "C:\\SUITE\\TMP\\委任状.csv";
 
 const std::string kTitleLine =
     "\"対象開始日\",\"対象終了日\",\"保険者名\",\"利用者氏名\",\"利用者住所\",\"会社名称\",\"会社住所\",\"代表者名\","
@@ -26,7 +25,7 @@ struct CsvFixture : PrintFixture {
         for (const std::string &name : names) form.aIninRow.emplace_back().利用者氏名 = name;
         form.iRowCount = static_cast<std::int16_t>(names.size());
     }
-    [[nodiscard]] std::string csv() const { return fromCp932(world.files.bytes(kCsv)); }
+    [[nodiscard]] std::string csv() const { return fromCp932(world.files.bytes(kLetterFile)); }
 };
 
 } // namespace
@@ -47,7 +46,7 @@ TEST_CASE_FIXTURE(CsvFixture, "the title line is these bytes of code page 932")
     letters({"x"});
     form.saveCSVInin();
 
-    const std::string bytes = world.files.bytes(kCsv);
+    const std::string bytes = world.files.bytes(kLetterFile);
     CHECK(bytes.substr(0, 12) == "\"\x91\xCE\x8F\xDB\x8A\x4A\x8E\x6E\x93\xFA\"");
     const std::string title = bytes.substr(0, bytes.find("\r\n"));
     CHECK(title.ends_with("\"\x8B\xE0\x97\x5A\x8B\x40\x8A\xD6\x96\xBC\x82\x51\",\"\x8F\x90\x96\xBC\x93\xFA\""));
@@ -79,7 +78,7 @@ TEST_CASE_FIXTURE(CsvFixture,
     letters({"髙﨑𠮷"});
     form.saveCSVInin();
 
-    CHECK(world.files.bytes(kCsv).find("\"\xFB\xFC\xFA\xB1?\"") != std::string::npos);
+    CHECK(world.files.bytes(kLetterFile).find("\"\xFB\xFC\xFA\xB1?\"") != std::string::npos);
 }
 
 TEST_CASE_FIXTURE(CsvFixture, "letters are written in the order of their array, up to the row count")
@@ -103,8 +102,8 @@ TEST_CASE_FIXTURE(CsvFixture, "a new run replaces the file of the previous run")
     form.saveCSVInin();
 
     CHECK(csv().find("一") == std::string::npos);
-    const std::string removal = std::string("remove ") + kCsv;
-    const std::string opening = std::string("open >") + kCsv;
+    const std::string removal = std::string("remove ") + kLetterFile;
+    const std::string opening = std::string("open >") + kLetterFile;
     const auto removed = std::ranges::find(world.files.log, removal);
     REQUIRE(removed != world.files.log.end());
     CHECK(std::ranges::find(removed, world.files.log.end(), opening) != world.files.log.end());
@@ -115,7 +114,7 @@ TEST_CASE_FIXTURE(CsvFixture, "without an earlier file nothing is deleted")
     letters({"一"});
     form.saveCSVInin();
 
-    CHECK(std::ranges::find(world.files.log, std::string("remove ") + kCsv) == world.files.log.end());
+    CHECK(std::ranges::find(world.files.log, std::string("remove ") + kLetterFile) == world.files.log.end());
 }
 
 TEST_CASE_FIXTURE(CsvFixture, "the file is in the folder of the setting, blanks included")
@@ -156,7 +155,7 @@ TEST_CASE_FIXTURE(CsvFixture, "an error of the opening goes to the caller, and t
     world.files.openOutputErrors["c:\\suite\\tmp\\委任状.csv"] = 75;
 
     CHECK(errorOf([&] { form.saveCSVInin(); }) == 75);
-    CHECK_FALSE(world.files.has(kCsv));
+    CHECK_FALSE(world.files.has(kLetterFile));
 }
 
 TEST_CASE_FIXTURE(CsvFixture, "a missing temporary folder is error 76")
@@ -200,38 +199,6 @@ TEST_CASE_FIXTURE(CsvFixture, "a count beyond the remaining rows is error 9 afte
 
     CHECK(errorOf([&] { form.saveCSVInin(); }) == 9);
     CHECK(csv().find("一") != std::string::npos);
-}
-
-TEST_CASE_FIXTURE(CsvFixture, "a missing format file gives no form and shows nothing")
-{
-    CHECK(csGetFormatFile(world.app, "委任状", "委任状") == "");
-    CHECK(world.boxes.shown.empty());
-}
-
-TEST_CASE("the entry of the format file is cut at the first NUL and trimmed on the right only")
-{
-    struct Row {
-        const char *text;
-        const char *form;
-    };
-    for (const Row &row :
-         {Row{"[委任状]\n委任状=特別.wfd\n", "特別.wfd"}, Row{"[委任状]\n委任状=特別.wfd   \n", "特別.wfd"},
-          Row{"[委任状]\n委任状=\"  特別.wfd  \"\n", "  特別.wfd"}, Row{"[委任状]\n委任状=\n", ""},
-          Row{"[委任状]\n", ""}, Row{"[ほか]\n委任状=x.wfd\n", ""}, Row{"[委任状]\nほか=x.wfd\n", ""}, Row{"", ""}}) {
-        PrintFixture fixture;
-        fixture.world.files.putText(kFormats, row.text);
-        CAPTURE(row.text);
-        CHECK(csGetFormatFile(fixture.world.app, "委任状", "委任状") == row.form);
-        CHECK(fixture.world.boxes.shown.empty());
-    }
-}
-
-TEST_CASE_FIXTURE(CsvFixture, "a run-time error while reading the format file shows a plain box and gives no form")
-{
-    world.files.openInputErrors["c:\\suite\\massage.ini"] = 71;
-
-    CHECK(csGetFormatFile(world.app, "委任状", "委任状") == "");
-    CHECK(onlyBox() == ShownBox{"Error:ディスクが準備されていません。", Icon::none, ""});
 }
 
 } // namespace inin

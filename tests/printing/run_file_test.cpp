@@ -13,8 +13,8 @@ namespace {
 
 using State = LockedFile::State;
 
-constexpr const char *kCsv = "C:\\SUITE\\TMP\\委任状.csv";
-constexpr const char *kScript = "C:\\SUITE\\TMP\\WfdCom.dat";
+constexpr const char *kLockedCsv = "C:\\SUITE\\TMP\\委任状.csv";
+constexpr const char *kLockedScript = "C:\\SUITE\\TMP\\WfdCom.dat";
 constexpr const char *kRun = "C:\\SUITE\\TMP\\委任状.run";
 constexpr const char *kHolderLines = "PrintInin run 1\nholder RECEPTION1 1234\n";
 
@@ -37,7 +37,7 @@ struct TwoLetters : PrintFixture {
     {
         return std::ranges::count(world.files.log, std::string("lock ") + kRun);
     }
-    [[nodiscard]] bool isPrinted() const { return world.files.has(kCsv) && world.processes.started.size() == 1; }
+    [[nodiscard]] bool isPrinted() const { return world.files.has(kLockedCsv) && world.processes.started.size() == 1; }
 };
 
 } // namespace
@@ -47,7 +47,7 @@ TEST_CASE_FIXTURE(TwoLetters, "a run writes the holder, the size of the CSV and 
     form.vRunPrint(1);
 
     CHECK(world.files.bytes(kRun) ==
-          std::string(kHolderLines) + "csv " + std::to_string(world.files.bytes(kCsv).size()) + "\nletters 2\n");
+          std::string(kHolderLines) + "csv " + std::to_string(world.files.bytes(kLockedCsv).size()) + "\nletters 2\n");
     CHECK(world.boxes.shown.empty());
 }
 
@@ -65,15 +65,18 @@ TEST_CASE_FIXTURE(TwoLetters, "a run that fails in the CSV leaves only the holde
 TEST_CASE_FIXTURE(TwoLetters,
                   "the lock extends from the removal of the old CSV to the start of the tool, without the store")
 {
-    world.files.put(kCsv, "old");
+    world.files.put(kLockedCsv, "old");
     world.processes.onStart = [this] { world.files.log.emplace_back("start of the tool"); };
     world.files.log.clear();
     form.vRunPrint(1);
 
-    const std::string expected[] = {
-        std::string("lock ") + kRun,           std::string("remove ") + kCsv, std::string("open >") + kCsv,
-        std::string("open >") + kScript,       "start of the tool",           std::string("unlock ") + kRun,
-        "search C:\\SUITE\\DATA\\印刷設定.ini"};
+    const std::string expected[] = {std::string("lock ") + kRun,
+                                    std::string("remove ") + kLockedCsv,
+                                    std::string("open >") + kLockedCsv,
+                                    std::string("open >") + kLockedScript,
+                                    "start of the tool",
+                                    std::string("unlock ") + kRun,
+                                    "search C:\\SUITE\\DATA\\印刷設定.ini"};
     auto at = world.files.log.cbegin();
     for (const std::string &event : expected) {
         CAPTURE(event);
@@ -111,14 +114,14 @@ TEST_CASE_FIXTURE(TwoLetters, "a run cancelled by the operator writes, starts an
 {
     std::vector<std::int16_t> pointers;
     form.onMousePointer = [&pointers](std::int16_t kind) { pointers.push_back(kind); };
-    world.files.put(kCsv, "the other program's");
+    world.files.put(kLockedCsv, "the other program's");
     holdFor(1000);
     form.vRunPrint(1);
 
     CHECK(world.boxes.shown.size() == 1);
     CHECK(attempts() == 30);
-    CHECK(world.files.bytes(kCsv) == "the other program's");
-    CHECK_FALSE(world.files.has(kScript));
+    CHECK(world.files.bytes(kLockedCsv) == "the other program's");
+    CHECK_FALSE(world.files.has(kLockedScript));
     CHECK(world.processes.started.empty());
     CHECK_FALSE(world.files.has("C:\\SUITE\\DATA\\印刷設定.ini"));
     CHECK(pointers == std::vector<std::int16_t>{11, 0});

@@ -1,6 +1,7 @@
 #include "runtime/conversion.h"
 
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 
@@ -10,8 +11,6 @@
 
 namespace inin {
 namespace {
-
-const Regional kRegional;
 
 TEST_CASE("halves round to the nearest even number")
 {
@@ -57,9 +56,9 @@ TEST_CASE("narrowing to 16 bits refuses larger numbers")
 TEST_CASE("Null where a value is required is error 94")
 {
     const Variant null(Null{});
-    CHECK(errorOf([&] { return toInteger(null, kRegional); }) == 94);
-    CHECK(errorOf([&] { return toLong(null, kRegional); }) == 94);
-    CHECK(errorOf([&] { return toDouble(null, kRegional); }) == 94);
+    CHECK(errorOf([&] { return toInteger(null); }) == 94);
+    CHECK(errorOf([&] { return toLong(null); }) == 94);
+    CHECK(errorOf([&] { return toDouble(null); }) == 94);
     CHECK(errorOf([&] { return toText(null, kRegional); }) == 94);
     CHECK(errorOf([&] { return toDate(null, kRegional); }) == 94);
 }
@@ -67,28 +66,28 @@ TEST_CASE("Null where a value is required is error 94")
 TEST_CASE("bytes do not convert to another type")
 {
     const Variant bytes(Binary{std::byte{1}});
-    CHECK(errorOf([&] { return toInteger(bytes, kRegional); }) == 13);
-    CHECK(errorOf([&] { return toLong(bytes, kRegional); }) == 13);
-    CHECK(errorOf([&] { return toDouble(bytes, kRegional); }) == 13);
+    CHECK(errorOf([&] { return toInteger(bytes); }) == 13);
+    CHECK(errorOf([&] { return toLong(bytes); }) == 13);
+    CHECK(errorOf([&] { return toDouble(bytes); }) == 13);
     CHECK(errorOf([&] { return toText(bytes, kRegional); }) == 13);
     CHECK(errorOf([&] { return toDate(bytes, kRegional); }) == 13);
 }
 
 TEST_CASE("Empty converts to 0, to the empty text and to the zero day")
 {
-    CHECK(toInteger(Variant(), kRegional) == 0);
-    CHECK(toLong(Variant(), kRegional) == 0);
-    CHECK(toDouble(Variant(), kRegional) == 0);
+    CHECK(toInteger(Variant()) == 0);
+    CHECK(toLong(Variant()) == 0);
+    CHECK(toDouble(Variant()) == 0);
     CHECK(toText(Variant(), kRegional).empty());
     CHECK(toDate(Variant(), kRegional) == Date(0));
 }
 
 TEST_CASE("a date converts to its number of days")
 {
-    CHECK(toLong(Variant(Date(45413.25)), kRegional) == 45413);
-    CHECK(toDouble(Variant(Date(45413.25)), kRegional) == 45413.25);
-    CHECK(errorOf([] { return toInteger(Variant(Date(45413)), kRegional); }) == 6);
-    CHECK(toInteger(Variant(Date(-1.5)), kRegional) == -2);
+    CHECK(toLong(Variant(Date(45413.25))) == 45413);
+    CHECK(toDouble(Variant(Date(45413.25))) == 45413.25);
+    CHECK(errorOf([] { return toInteger(Variant(Date(45413))); }) == 6);
+    CHECK(toInteger(Variant(Date(-1.5))) == -2);
 }
 
 TEST_CASE("a number converts to the date of its days, within the years 100 to 9999")

@@ -1,5 +1,6 @@
 #include "runtime/conversion.h"
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 
@@ -8,8 +9,6 @@
 
 namespace inin {
 namespace {
-
-const Regional kRegional;
 
 Date read(std::string_view text, const Regional &regional = kRegional)
 {

@@ -1,6 +1,7 @@
 #include "runtime/format.h"
 
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 
@@ -9,8 +10,6 @@
 
 namespace inin {
 namespace {
-
-const Regional kRegional;
 
 struct DateRow {
     DateParts date;

@@ -1,6 +1,7 @@
 #include "runtime/conversion.h"
 #include "runtime/number_text.h"
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 
@@ -10,8 +11,6 @@
 
 namespace inin {
 namespace {
-
-const Regional kRegional;
 
 TEST_CASE("numeric text may have blanks, a sign, commas, a point, an exponent or parentheses")
 {
@@ -106,8 +105,8 @@ TEST_CASE("all digits of a numeric text count")
     CHECK(numberFromText("123456789.123456789") == 123456789.123456789);
     CHECK(numberFromText("12345678901234567") == 12345678901234567.0);
     CHECK(numberFromText("0.49999999999999994") == 0.49999999999999994);
-    CHECK(toLong(Variant("0.49999999999999994"), kRegional) == 0);
-    CHECK(toLong(Variant("2.5000000000000004"), kRegional) == 3);
+    CHECK(toLong(Variant("0.49999999999999994")) == 0);
+    CHECK(toLong(Variant("2.5000000000000004")) == 3);
 }
 
 TEST_CASE("a NUL ends a numeric text")
@@ -122,19 +121,19 @@ TEST_CASE("a NUL ends a numeric text")
 
 TEST_CASE("an &H or &O text is the bit pattern of the required type")
 {
-    CHECK(toInteger(Variant("&H7FFF"), kRegional) == 32767);
-    CHECK(toInteger(Variant("&hffff"), kRegional) == -1);
-    CHECK(toLong(Variant("&HFFFF"), kRegional) == 65535);
-    CHECK(toLong(Variant("&H80000000"), kRegional) == std::numeric_limits<std::int32_t>::min());
-    CHECK(toLong(Variant("&O17"), kRegional) == 15);
-    CHECK(toDouble(Variant("&H7FFFFFFF"), kRegional) == 2147483647.0);
+    CHECK(toInteger(Variant("&H7FFF")) == 32767);
+    CHECK(toInteger(Variant("&hffff")) == -1);
+    CHECK(toLong(Variant("&HFFFF")) == 65535);
+    CHECK(toLong(Variant("&H80000000")) == std::numeric_limits<std::int32_t>::min());
+    CHECK(toLong(Variant("&O17")) == 15);
+    CHECK(toDouble(Variant("&H7FFFFFFF")) == 2147483647.0);
 }
 
 TEST_CASE("an &H text with more bits than the type overflows")
 {
-    CHECK(errorOf([] { return toInteger(Variant("&H10000"), kRegional); }) == 6);
-    CHECK(errorOf([] { return toLong(Variant("&H100000000"), kRegional); }) == 6);
-    CHECK(errorOf([] { return toDouble(Variant("&H80000000"), kRegional); }) == 6);
+    CHECK(errorOf([] { return toInteger(Variant("&H10000")); }) == 6);
+    CHECK(errorOf([] { return toLong(Variant("&H100000000")); }) == 6);
+    CHECK(errorOf([] { return toDouble(Variant("&H80000000")); }) == 6);
 }
 
 TEST_CASE("numbers, Empty and numeric texts are numeric")

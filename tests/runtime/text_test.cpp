@@ -41,32 +41,6 @@ TEST_CASE("length counts UTF-16 units")
     }
 }
 
-TEST_CASE("each byte that begins no character counts as one unit")
-{
-    struct Row {
-        std::string_view text;
-        std::size_t units;
-        std::string_view fault;
-    };
-    const Row rows[] = {
-        {"\x80", 1, "a continuation alone"},
-        {"\xE5\xA7", 2, "a character cut at the end of the text"},
-        {"\xE5"
-         "a",
-         2, "a lead before ASCII"},
-        {"\xC0\xAF", 2, "an overlong slash"},
-        {"\xE0\x80\xAF", 3, "an overlong slash of three bytes"},
-        {"\xF0\x80\x80\xAF", 4, "an overlong slash of four bytes"},
-        {"\xED\xA0\x80", 3, "half a pair"},
-        {"\xF4\x90\x80\x80", 4, "beyond the last plane"},
-        {"\xFF\xFE", 2, "bytes that UTF-8 never uses"},
-    };
-    for (const Row &row : rows) {
-        CAPTURE(row.fault);
-        CHECK(length(row.text) == row.units);
-    }
-}
-
 TEST_CASE("left returns the first units and omits a surrogate pair across the cut")
 {
     struct Row {

@@ -1,6 +1,7 @@
 #include "runtime/conversion.h"
 #include "runtime/format.h"
 #include "support/errors.h"
+#include "support/regional.h"
 
 #include <doctest/doctest.h>
 #include <fmt/format.h>
@@ -18,7 +19,6 @@ namespace inin {
 namespace {
 
 using Json = nlohmann::json;
-const Regional kRegional;
 
 std::vector<Json> casesOf(std::string_view kind)
 {
@@ -93,9 +93,9 @@ TEST_CASE("every recorded text converts to the recorded numbers or errors")
     for (const Json &entry : cases) {
         const Variant text(entry.at("text").get<std::string>());
         CAPTURE(entry.dump());
-        checkResult(entry.at("i2"), [&] { return toInteger(text, kRegional); });
-        checkResult(entry.at("i4"), [&] { return toLong(text, kRegional); });
-        checkResult(entry.at("r8"), [&] { return toDouble(text, kRegional); });
+        checkResult(entry.at("i2"), [&] { return toInteger(text); });
+        checkResult(entry.at("i4"), [&] { return toLong(text); });
+        checkResult(entry.at("r8"), [&] { return toDouble(text); });
     }
 }
 
@@ -106,8 +106,8 @@ TEST_CASE("every recorded double converts to the recorded whole numbers and text
     for (const Json &entry : cases) {
         const Variant number(doubleOf(entry.at("in")));
         CAPTURE(entry.dump());
-        checkResult(entry.at("i2"), [&] { return toInteger(number, kRegional); });
-        checkResult(entry.at("i4"), [&] { return toLong(number, kRegional); });
+        checkResult(entry.at("i2"), [&] { return toInteger(number); });
+        checkResult(entry.at("i4"), [&] { return toLong(number); });
         checkResult(entry.at("bstr"), [&] { return toText(number, kRegional); });
     }
 }

@@ -329,6 +329,13 @@ TEST_CASE("a month title has the era and the western year, and both eras if the 
     CHECK(monthTitle(1868, 1) == "明治元年（1868年）1月");
 }
 
+TEST_CASE("a year title has the era and the western year, and both eras if the era changed in that year")
+{
+    CHECK(yearTitle(2026) == "令和8年（2026年）");
+    CHECK(yearTitle(2019) == "平成31年・令和元年（2019年）");
+    CHECK(yearTitle(1868) == "明治元年（1868年）");
+}
+
 TEST_CASE("the part at the cursor is the one that ends or begins there, the left one if both do")
 {
     struct Row {

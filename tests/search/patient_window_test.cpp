@@ -12,7 +12,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-struct PatientsFixture : ListFixture<PatientList> {
+struct PatientWindowFixture : ListFixture<PatientList> {
     void setting(const std::string &line) { world.files.putText("C:\\SUITE\\Massage.ini", "BASEID=0102\n" + line); }
     /// The condition on ended patients in the last statement.
     [[nodiscard]] std::string limit() const
@@ -34,7 +34,7 @@ struct PatientsFixture : ListFixture<PatientList> {
 
 TEST_CASE("the patients' window shows these captions and columns")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.init();
     CHECK(list.window.name() == "frm患者検索");
     CHECK(list.window.Caption.get() == "利用者マスター検索");
@@ -57,7 +57,7 @@ TEST_CASE("the patients' window shows these captions and columns")
 
 TEST_CASE("a patient's row has the hidden number of the branch, then number, names, telephone and home")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     CHECK(rowTexts(list.window.spr_1ran, 1) ==
           Texts{"102", "21", "青木 一郎", "ｶﾅ", "06-1234-0001", "大阪市北区１－１", "２０１号", "梅田"});
@@ -76,7 +76,7 @@ TEST_CASE("the branch's number concatenates two digits of each code")
                         {std::int16_t{1}, std::int16_t{123}, "1123"}, {Null{}, std::int16_t{5}, "5"}};
     for (const Row &row : rows) {
         CAPTURE(row.number);
-        PatientsFixture list;
+        PatientWindowFixture list;
         FakeResult found = PatientList::nullRow();
         found.rows[0][0] = row.iKyotenCd;
         found.rows[0][1] = row.iKyotenEb;
@@ -88,7 +88,7 @@ TEST_CASE("the branch's number concatenates two digits of each code")
 
 TEST_CASE("each row has the number of its own branch")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     FakeResult found = PatientList::nullRow();
     found.rows.resize(4, found.rows[0]);
     for (const auto &[row, code, subCode] : {std::array<std::int16_t, 3>{0, 1, 2}, {1, 3, 2}, {2, 3, 4}, {3, 1, 2}}) {
@@ -104,7 +104,7 @@ TEST_CASE("each row has the number of its own branch")
 
 TEST_CASE("a branch's number beyond 32 bits is a system error")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     FakeResult found = PatientList::nullRow();
     found.rows[0][0] = std::int16_t{32767};
@@ -116,7 +116,7 @@ TEST_CASE("a branch's number beyond 32 bits is a system error")
 
 TEST_CASE("choosing a patient's row returns number, name and the branch's number")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     list.window.spr_1ran.onDblClick(3);
     std::int32_t nSeledCD = 0, iArea = 0;
@@ -148,7 +148,7 @@ TEST_CASE("the setting of months after the end determines the limit month and th
     };
     for (const Row &row : rows) {
         CAPTURE(row.what);
-        PatientsFixture list;
+        PatientWindowFixture list;
         list.setting(row.line);
         list.opened();
         CHECK(list.limit() == row.limit);
@@ -158,7 +158,7 @@ TEST_CASE("the setting of months after the end determines the limit month and th
 
 TEST_CASE("the limit month is counted from the month, even on its 31st day")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.world.clock.current = DateSerial(2024, 3, 31);
     list.setting("終了患者施術期間=2\n");
     list.opened();
@@ -180,7 +180,7 @@ TEST_CASE("a bad setting of months is a system error, and the list opens without
     };
     for (const Row &row : rows) {
         CAPTURE(row.line);
-        PatientsFixture list;
+        PatientWindowFixture list;
         list.setting(row.line);
         list.init();
         open(list.window);
@@ -196,7 +196,7 @@ TEST_CASE("a bad setting of months is a system error, and the list opens without
 
 TEST_CASE("the first list omits ended patients and has no other condition")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     CHECK(list.statements().back() ==
           "SELECT   iKyotenCd, iKyotenEb,  nIDNo, cName, cNameKana, cNameRyaku,  cTelNo, cAdress1, cAdress2  FROM "
@@ -211,7 +211,7 @@ TEST_CASE("the first list omits ended patients and has no other condition")
 
 TEST_CASE("all boxes together set all conditions of a patient search")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     list.window.txt_SiboriName.Text = "青木";
     list.window.txt_SiboriKana.Text = "ｱｵｷ";
@@ -261,7 +261,7 @@ TEST_CASE("the information has the time and each condition that is set, in this 
     };
     for (const Row &row : rows) {
         CAPTURE(row.text);
-        PatientsFixture list;
+        PatientWindowFixture list;
         list.opened();
         row.set(list.window);
         CHECK(list.infoOfSearch() == row.text);
@@ -270,7 +270,7 @@ TEST_CASE("the information has the time and each condition that is set, in this 
 
 TEST_CASE("the information begins with the time of the search")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.world.clock.current = Date(DateSerial(2024, 6, 15).days() + (9 * 3600 + 5 * 60 + 7) / 86400.0);
     list.opened();
     CHECK(list.window.lbl_1ranInf.Caption.get() == "09:05:07  抽出条件：");
@@ -278,7 +278,7 @@ TEST_CASE("the information begins with the time of the search")
 
 TEST_CASE("the information is empty if nothing is found or the search fails")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     list.answer(kPatientsFound, patientRows({}));
     press(list.window.but_Read);
@@ -292,7 +292,7 @@ TEST_CASE("the information is empty if nothing is found or the search fails")
 
 TEST_CASE("the staff list begins with the entry for no choice, followed by the branch's staff in order")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.answer(kStaffList, staffRows({{std::int32_t{11}, "佐藤 花子 ", ""}, {Null{}, Null{}, Null{}}}));
     list.opened();
     REQUIRE(list.window.cbo_Sejutusha.ListCount() == 3);
@@ -307,7 +307,7 @@ TEST_CASE("the staff list begins with the entry for no choice, followed by the b
 
 TEST_CASE("selecting an entry of the staff list writes its number into the box")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     list.window.cbo_Sejutusha.ListIndex = std::int16_t{2};
     CHECK(list.window.imNum_StaffNo.Value.get() == Variant(std::int32_t{12}));
@@ -317,7 +317,7 @@ TEST_CASE("selecting an entry of the staff list writes its number into the box")
 
 TEST_CASE("a staff member of number 0 is in the list, but sets no condition")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.answer(kStaffList, staffRows({{std::int32_t{0}, "番号 なし", ""}, {std::int32_t{11}, "佐藤 花子", ""}}));
     list.opened();
     list.window.cbo_Sejutusha.ListIndex = std::int16_t{1};
@@ -328,7 +328,7 @@ TEST_CASE("a staff member of number 0 is in the list, but sets no condition")
 
 TEST_CASE("patient number 0 sets no condition")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     list.window.in_SiboriID.Value = std::int32_t{0};
     CHECK(list.infoOfSearch() == "抽出条件：");
@@ -337,7 +337,7 @@ TEST_CASE("patient number 0 sets no condition")
 
 TEST_CASE("a staff number typed but not confirmed sets no condition")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.opened();
     list.window.imNum_StaffNo.Value = std::int32_t{12};
     press(list.window.but_Read);
@@ -390,7 +390,7 @@ TEST_CASE("a failed opening keeps its error text and shows nothing")
 
 TEST_CASE("more staff than a list can count is a system error, and the window closes")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     list.answer(kStaffList, staffRows(std::vector<std::vector<Variant>>(32767, {std::int32_t{1}, "佐藤", ""})));
     list.init();
     open(list.window);
@@ -400,7 +400,7 @@ TEST_CASE("more staff than a list can count is a system error, and the window cl
 
 TEST_CASE("30,000 patients are all listed")
 {
-    PatientsFixture list;
+    PatientWindowFixture list;
     std::vector<std::vector<Variant>> rows(
         30000, {std::int16_t{1}, std::int16_t{2}, std::int32_t{0}, "青木 一郎", "ｱｵｷ ｲﾁﾛｳ", "", "", "", ""});
     for (std::size_t index = 0; index < rows.size(); ++index) rows[index][2] = static_cast<std::int32_t>(index + 1);

@@ -5,6 +5,8 @@
 #include "demo_site/database_maker.h"
 #include "demo_site/embedded.h"
 #include "demo_site/server_maker.h"
+#include "due_letters/due_letters_reader.h"
+#include "due_letters/due_letters_text.h"
 #include "runtime/conversion.h"
 #include "support/replace_all.h"
 
@@ -70,26 +72,53 @@ RuntimeError makeError(const Session &session, site::Overwrite overwrite, const 
     });
 }
 
+/// The demo's rows on the server and in an embedded database.
+struct TwoDatabases {
+    Session server{postgres()};
+    std::string file = fromEnvironment("ININ_ODBC_FOLDER") + "/demo.db";
+    std::unique_ptr<Database> embedded = makeSqliteDatabase([this](const std::string &) { return file; });
+    std::unique_ptr<Connection> connection = embedded->newConnection();
+
+    TwoDatabases()
+    {
+        dropAll(server);
+        site::makeServerDatabase(*server.database, *server.connection, {schema(), {"'\\x", "'"}}, order(),
+                                 site::Overwrite::onlyOwnFolder);
+        std::filesystem::remove(file);
+        site::makeDatabase(file, order());
+        connection->Open("Provider=SQLite;Data Source=demo.db", "", "", -1);
+    }
+};
+
 } // namespace
 
 TEST_CASE("a server gets the same rows as the embedded database, in every table and column")
 {
-    const Session session(postgres());
-    dropAll(session);
-    site::makeServerDatabase(*session.database, *session.connection, {schema(), {"'\\x", "'"}}, order(),
-                             site::Overwrite::onlyOwnFolder);
-    const std::string file = fromEnvironment("ININ_ODBC_FOLDER") + "/demo.db";
-    std::filesystem::remove(file);
-    site::makeDatabase(file, order());
-    const auto embedded = makeSqliteDatabase([&file](const std::string &) { return std::string(file); });
-    const auto connection = embedded->newConnection();
-    connection->Open("Provider=SQLite;Data Source=demo.db", "", "", -1);
-
+    const TwoDatabases both;
     for (const site::TableColumns &table : site::schemaTables()) {
         CAPTURE(table.name);
-        const auto ours = rowsOf(*session.database, *session.connection, table);
+        const auto ours = rowsOf(*both.server.database, *both.server.connection, table);
         CHECK_FALSE(ours.empty());
-        CHECK((ours == rowsOf(*embedded, *connection, table)));
+        CHECK((ours == rowsOf(*both.embedded, *both.connection, table)));
+    }
+}
+
+TEST_CASE("the letters that are due, and the reasons of the others, are the same on a server")
+{
+    const TwoDatabases both;
+    const Regional regional;
+    const due::Source server{*both.server.database, *both.server.connection, 1, 1, regional};
+    const due::Source embedded{*both.embedded, *both.connection, 1, 1, regional};
+    for (const due::Conditions &conditions : {
+             due::Conditions{.year = 2024, .month = 5},
+             due::Conditions{.visits = due::Visits::actual, .year = 2024, .month = 5, .trustee = due::Trustee::agent},
+             due::Conditions{.year = 2024, .month = 5, .lastDay = 31, .staff = 3},
+             due::Conditions{.visits = due::Visits::actual, .year = 2024, .month = 5, .lastDay = 30},
+             due::Conditions{.visits = due::Visits::ignored, .year = 2024, .month = 5, .insuranceKind = 2},
+         }) {
+        const auto lines = due::linesOf(due::dueLetters(server, conditions), conditions);
+        CHECK(lines.size() > 10);
+        CHECK(lines == due::linesOf(due::dueLetters(embedded, conditions), conditions));
     }
 }
 

@@ -14,7 +14,7 @@ using namespace inin;
 
 namespace {
 
-constexpr const char *kVersionFile = "C:\\SUITE\\Sorvin.ver";
+constexpr const char *kListedFile = "C:\\SUITE\\Sorvin.ver";
 
 struct VersionFixture : FakeWorld {
     frmVer form{app};
@@ -27,7 +27,7 @@ struct VersionFixture : FakeWorld {
     }
     std::vector<std::string> linesOf(const std::string &file)
     {
-        files.putText(kVersionFile, file);
+        files.putText(kListedFile, file);
         form.load();
         return lines();
     }
@@ -166,7 +166,7 @@ TEST_CASE("a window that is loaded a second time shows its lines once")
 TEST_CASE("the version file is returned completely, its fields joined by CR LF")
 {
     VersionFixture fixture;
-    fixture.files.putText(kVersionFile, "[a]\nVERSION=3,14\n\"x\"\nlast");
+    fixture.files.putText(kListedFile, "[a]\nVERSION=3,14\n\"x\"\nlast");
     std::string csVersion = "old version";
     std::string csUpdate = "old update";
     CHECK(fixture.form.csGetVersionFile(csVersion, csUpdate) == "[a]\r\nVERSION=3\r\n14\r\nx\r\nlast\r\n");
@@ -188,7 +188,7 @@ TEST_CASE("a read that fails in the middle keeps the texts already read, without
 {
     FakeWorld world;
     BrokenFiles files;
-    files.putText(kVersionFile, "VERSION=a\nUUP");
+    files.putText(kListedFile, "VERSION=a\nUUP");
     const Platform platform{world.boxes,     world.windows, world.database, world.profile,   files,
                             world.processes, world.clock,   world.locale,   world.automation};
     App app(platform);

@@ -12,7 +12,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr int kDone = 0;
-constexpr int kFailed = 1;
+constexpr int kFailed = 1; // or the check has findings
 
 struct RunCommand {
     std::string programName;
@@ -20,9 +20,9 @@ struct RunCommand {
     int operator()(const ViewCommand &command) const
     {
         if (command.needsWindow()) return showLetters(command, programName);
-        if (command.check) printCheckReport(command);
+        const bool isFlagged = command.check && printCheckReport(command) > 0;
         if (!command.pdf.empty() || !command.pngFolder.empty()) writeLetters(command);
-        return kDone;
+        return isFlagged ? kFailed : kDone;
     }
     int operator()(const MergeCommand &command) const
     {
@@ -50,7 +50,7 @@ int main(int argc, char **argv)
     using namespace inin::viewer;
     prepareStreams();
     const auto run = [&] {
-        const std::vector<std::string> words = commandWords(argc, argv);
+        const std::vector<std::string> words = inin::commandWords(argc, argv);
         return std::visit(RunCommand{words.empty() ? std::string() : words.front()}, readViewerCommand(words));
     };
     return inin::runProgram(kFailed, run, [](const std::string &message) { showFailure("formviewer: " + message); });

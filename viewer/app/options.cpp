@@ -1,10 +1,11 @@
 #include "viewer/app/options.h"
 
+#include "command_line/command_help.h"
+#include "runtime/date_text.h"
 #include "runtime/text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +14,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kMergerName = "wfrimg10";
+constexpr std::int16_t kFirstYear = 1900;
 constexpr double kMinDots = 20, kMaxDots = 1200;
 
 bool isMergerName(std::string_view program)
@@ -29,26 +31,90 @@ std::string joined(std::vector<std::string>::const_iterator begin, std::vector<s
     return whole;
 }
 
+/// The causes of names that are separated by commas.
+CauseSet causesOf(std::string_view names)
+{
+    CauseSet causes;
+    for (bool isMore = true; isMore;) {
+        const std::size_t comma = names.find(',');
+        const std::string_view name = names.substr(0, comma);
+        const std::optional<Cause> cause = causeNamed(name);
+        if (!cause)
+            throw CLI::ValidationError("--without-check", "「" + std::string(name) + "」という点検はありません。");
+        causes.set(static_cast<std::size_t>(*cause));
+        isMore = comma != std::string_view::npos;
+        if (isMore) names.remove_prefix(comma + 1);
+    }
+    return causes;
+}
+
+Date dayOfOption(const std::string &text)
+{
+    const std::optional<Date> day = readDate(text, Regional{});
+    if (!day || Year(*day) < kFirstYear)
+        throw CLI::ValidationError("--today", "「" + text + "」は日付ではありません。");
+    return dayOf(*day);
+}
+
+/// The options of a command without "/c" and with their help.
+void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
+{
+    const auto text = [language](std::string_view japanese, std::string_view english) {
+        return HelpText{japanese, english}.in(language);
+    };
+    const auto add = [&](const char *name, auto &value, const std::string &valueName, const std::string &description) {
+        return app.add_option(name, value, description)->option_text(valueName);
+    };
+    const auto addRead = [&](const char *name, const std::string &valueName, const std::string &description,
+                             const std::function<void(const std::string &)> &read) {
+        app.add_option_function<std::string>(name, read, description)->option_text(valueName);
+    };
+    add("script", command.script, text("コマンドファイル", "SCRIPT"),
+        text("コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。",
+             "Command script (WfdCom.dat); \"/c PATH\" is another form."));
+    add("--pdf", command.pdf, text("ファイル", "FILE"),
+        text("委任状を PDF ファイルに書き出します。", "Writes the letters to a PDF file."));
+    add("--png", command.pngFolder, text("フォルダー", "FOLDER"),
+        text("委任状を一枚ずつ PNG ファイルとしてこのフォルダーに書き出します。",
+             "Writes each letter as a PNG file into this folder."));
+    add("--dpi", command.dotsPerInch, text("数", "NUMBER"),
+        text("PNG の解像度、20 から 1200（既定は 150）。", "Resolution of the PNG files, 20 to 1200 (default: 150)."))
+        ->check(CLI::Range(kMinDots, kMaxDots));
+    add("--letters", command.letters, text("番号", "NUMBERS"),
+        text("書き出す委任状の番号。例：1-3,7", "Numbers of the letters, such as 1-3,7."));
+    app.add_flag("--check", command.check,
+                 text("印刷前の点検の結果を表示します。注意のある委任状があれば終了コード 1、なければ 0 です。",
+                      "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
+    app.add_flag("--json", command.json,
+                 text("点検の結果を JSON で表示します。", "Prints the findings of the check as JSON."));
+    addRead("--without-check", text("名前", "NAMES"),
+            text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
+                 "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
+            [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
+    addRead("--today", text("日付", "DATE"),
+            text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
+                 "The day that the check compares dates with (default: today), such as 2024-05-20."),
+            [&command](const std::string &day) { command.today = dayOfOption(day); });
+}
+
 ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptAfterSwitch)
 {
-    CLI::App app("委任状の印刷プレビュー、印刷、PDF 出力", "formviewer");
+    const HelpLanguage language = helpLanguage();
+    CLI::App app(
+        HelpText{"委任状の印刷プレビュー、印刷、PDF 出力", "Shows, checks, prints and saves letters"}.in(language),
+        "formviewer");
+    setHelpLanguage(app, language);
     // An argument with a leading slash is a path on every system.
     app.allow_windows_style_options(false);
     ViewCommand command;
-    app.add_option("script", command.script, "コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。");
-    app.add_option("--pdf", command.pdf, "委任状を PDF ファイルに書き出します。");
-    app.add_option("--png", command.pngFolder, "委任状を一枚ずつ PNG ファイルとしてこのフォルダーに書き出します。");
-    app.add_option("--dpi", command.dotsPerInch, "PNG の解像度（既定は 150）。")->check(CLI::Range(kMinDots, kMaxDots));
-    app.add_option("--letters", command.letters, "書き出す委任状の番号。例：1-3,7");
-    app.add_flag("--check", command.check, "印刷前の点検の結果を表示します。");
-    app.add_flag("--json", command.json, "点検の結果を JSON で表示します。");
+    addOptions(app, command, language);
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back
         app.parse(std::move(arguments));
     } catch (const CLI::CallForHelp &) {
         return ShowHelp{app.help()};
     } catch (const CLI::ParseError &error) {
-        return BadCommandLine{std::string("formviewer: ") + error.what()};
+        return BadCommandLine{"formviewer: " + refusedCommandLine("formviewer", error.what(), language)};
     }
     if (!scriptAfterSwitch.empty()) command.script = scriptAfterSwitch;
     if (command.script.empty()) return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};

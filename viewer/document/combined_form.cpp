@@ -7,7 +7,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kSpace = "urn:inin:combined-form";
-constexpr std::string_view kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<combined-form xmlns=\"";
+constexpr std::string_view kXmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<combined-form xmlns=\"";
 
 void appendAttribute(std::string &out, std::string_view name, std::string_view value)
 {
@@ -28,7 +28,7 @@ void appendAttribute(std::string &out, std::string_view name, std::string_view v
     out += '"';
 }
 
-class Reader : public XmlHandler {
+class CombinedFormReader : public XmlHandler {
 public:
     std::vector<ReportOrder> reports;
 
@@ -47,12 +47,12 @@ public:
 
 bool isCombinedForm(std::string_view bytes)
 {
-    return bytes.starts_with(kHead) && bytes.substr(kHead.size()).starts_with(kSpace);
+    return bytes.starts_with(kXmlHead) && bytes.substr(kXmlHead.size()).starts_with(kSpace);
 }
 
 std::string combinedFormText(const std::vector<ReportOrder> &reports)
 {
-    std::string out(kHead);
+    std::string out(kXmlHead);
     out += kSpace;
     out += "\">\n";
     for (const ReportOrder &report : reports) {
@@ -74,7 +74,7 @@ std::string combinedFormText(const std::vector<ReportOrder> &reports)
 
 std::vector<ReportOrder> readCombinedForm(std::string_view bytes)
 {
-    Reader reader;
+    CombinedFormReader reader;
     readXml(bytes, kSpace, reader);
     return std::move(reader.reports);
 }

@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 #include "viewer/form/date_pattern.h"
 
 #include <fmt/format.h>
@@ -31,17 +32,41 @@ std::string fileNameOf(std::string_view text)
         const bool isControl = static_cast<unsigned char>(letter) < 0x20 || letter == 0x7F;
         name += isControl || kRefused.find(letter) != kRefused.npos ? '_' : letter;
     }
-    if (name.size() > kLongest) {
-        // Cut before a whole character: remove its continuation bytes too.
-        std::size_t end = kLongest;
-        while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
-        name.resize(end);
-    }
+    name.resize(characterStart(name, std::min(name.size(), kLongest)));
     // Some systems drop blanks and dots at a name's end, and hide names that begin with a dot.
     while (!name.empty() && (name.back() == ' ' || name.back() == '.')) name.pop_back();
     name.erase(0, name.find_first_not_of(" ."));
     return name;
 }
+
+/// The first and the last month of some dates.
+class MonthSpan {
+public:
+    void add(std::string_view date)
+    {
+        // Most letters have the dates of the letter before.
+        if (date == m_last) return;
+        m_last = date;
+        const std::optional<std::string> order = formattedDate(date, "yyyymm");
+        if (!order) return;
+        const Month month{*order, formattedDate(date, "ge.mm").value_or(*order)};
+        if (!m_from || month.order < m_from->order) m_from = month;
+        if (!m_to || month.order > m_to->order) m_to = month;
+    }
+    /// "_R8.11", "_R8.11-R9.01", or empty without a date.
+    [[nodiscard]] std::string text() const
+    {
+        if (!m_from) return {};
+        return "_" + m_from->text + (m_from->order == m_to->order ? "" : "-" + m_to->text);
+    }
+
+private:
+    struct Month {
+        std::string order, text;
+    };
+    std::optional<Month> m_from, m_to;
+    std::string m_last;
+};
 
 } // namespace
 
@@ -86,6 +111,18 @@ std::string LetterFileNames::nameOf(std::size_t letter)
     std::string free = name;
     for (int twin = 2; !m_given.insert(asciiLower(free)).second; ++twin) free = fmt::format("{} ({})", name, twin);
     return free + m_ending;
+}
+
+std::string fileNameOfAll(const LetterSet &set, std::span<const std::size_t> which, std::string_view ending)
+{
+    MonthSpan months;
+    for (const char *const name : {"対象開始日", "対象終了日"})
+        for (const std::size_t letter : which) {
+            const LetterSet::Place place = set.placeOf(letter);
+            const LetterTable &table = set.reports[place.report].letters;
+            if (const auto column = table.columnOf(name)) months.add(table.value(place.row, *column));
+        }
+    return fileNameOf(set.shownTitle() + months.text()) + std::string(ending);
 }
 
 } // namespace inin::viewer

@@ -3,6 +3,7 @@
 #include "viewer/document/letter_set.h"
 
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,5 +27,10 @@ private:
     std::string m_ending;
     std::set<std::string> m_given; ///< in ASCII lower case
 };
+
+/// The file name offered for these letters together: the title with the months of their periods, "委任状_R8.11.pdf", or
+/// "委任状_R8.11-R9.01.pdf" from the first month to the last. Without a readable period it is the title alone.
+[[nodiscard]] std::string fileNameOfAll(const LetterSet &set, std::span<const std::size_t> which,
+                                        std::string_view ending);
 
 } // namespace inin::viewer

@@ -1,7 +1,7 @@
 #include "viewer/document/letter_ticks.h"
 
 #include "viewer/document/letter_numbers.h"
-#include "viewer/layout/utf8.h"
+#include "viewer/form/placeholder.h"
 
 namespace inin::viewer {
 

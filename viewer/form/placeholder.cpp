@@ -46,4 +46,11 @@ std::vector<TextPiece> readPieces(std::string_view text)
     return pieces;
 }
 
+bool isBlankText(std::string_view text)
+{
+    while (text.starts_with(' ') || text.starts_with(kWideBlank))
+        text.remove_prefix(text.starts_with(' ') ? 1 : kWideBlank.size());
+    return text.empty();
+}
+
 } // namespace inin::viewer

@@ -1,6 +1,7 @@
 #include "viewer/form/svg_style_sheet.h"
 
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <fmt/format.h>
 
@@ -112,7 +113,7 @@ void skipAtRule(StyleScanner &text)
 bool isNameCharacter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
+           !isAscii(c);
 }
 
 std::string_view takeName(std::string_view &text)

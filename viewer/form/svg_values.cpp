@@ -14,7 +14,7 @@ namespace inin::viewer {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n,";
+constexpr std::string_view kSeparators = " \t\r\n,";
 
 struct Unit {
     std::string_view name;
@@ -79,7 +79,7 @@ Affine oneTransform(std::string_view name, const std::vector<double> &n)
 
 void NumberScan::skipBlanks()
 {
-    m_rest.remove_prefix(std::min(m_rest.find_first_not_of(kBlanks), m_rest.size()));
+    m_rest.remove_prefix(std::min(m_rest.find_first_not_of(kSeparators), m_rest.size()));
 }
 
 bool NumberScan::atEnd()
@@ -150,7 +150,7 @@ Affine readTransform(std::string_view text)
         const std::size_t open = text.find('('), close = text.find(')');
         if (open == std::string_view::npos || close == std::string_view::npos || close < open) return whole;
         std::string_view name = text.substr(0, open);
-        name.remove_prefix(std::min(name.find_first_not_of(kBlanks), name.size()));
+        name.remove_prefix(std::min(name.find_first_not_of(kSeparators), name.size()));
         whole = whole * oneTransform(rtrim(name), readNumbers(text.substr(open + 1, close - open - 1)));
         text.remove_prefix(close + 1);
     }

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "runtime/date.h"
+
 #include <string>
-#include <vector>
 
 namespace inin::viewer {
 
-// The program's environment: arguments, streams, variables. All text is UTF-8.
+// The program's environment: streams, variables, calendar. All text is UTF-8.
 
-/// The words of the command line. The first is the name by which the program was started, which selects its function.
-[[nodiscard]] std::vector<std::string> commandWords(int argc, char **argv);
 /// Prepares the standard streams. Must be called before any file is opened. A GUI program that was started from a console
 /// then writes to it, and a write beyond the user's file size limit fails instead of killing the program.
 void prepareStreams();
@@ -21,5 +20,7 @@ void showFailure(const std::string &sentence);
 [[nodiscard]] bool startsMaximised();
 /// An environment variable; empty if it is not set.
 [[nodiscard]] std::string environmentText(const std::string &name);
+/// The present day by the local clock.
+[[nodiscard]] Date presentDay();
 
 } // namespace inin::viewer

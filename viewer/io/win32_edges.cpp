@@ -4,19 +4,12 @@
 #include "system/win32_text.h"
 
 #include <cstdio>
-#include <memory>
 
 #include <windows.h>
-
-#include <shellapi.h>
 
 namespace inin::viewer {
 
 namespace {
-
-struct LocalDeleter {
-    void operator()(void *memory) const { LocalFree(memory); }
-};
 
 struct StandardStream {
     DWORD handle;
@@ -30,16 +23,6 @@ bool isConnected(DWORD handle)
 }
 
 } // namespace
-
-std::vector<std::string> commandWords(int argc, char **argv)
-{
-    // The first word is the name that the starting program passed, not the file name: a form tool may pass its own name.
-    int count = 0;
-    const std::unique_ptr<wchar_t *, LocalDeleter> words(CommandLineToArgvW(GetCommandLineW(), &count));
-    std::vector<std::string> all = {count > 0 ? utf8FromWide(*words.get()) : std::string()};
-    for (std::string &word : programArguments(argc, argv)) all.push_back(std::move(word));
-    return all;
-}
 
 void prepareStreams()
 {
@@ -81,6 +64,13 @@ std::string environmentText(const std::string &name)
     std::wstring value(GetEnvironmentVariableW(wide.c_str(), nullptr, 0), L'\0');
     value.resize(GetEnvironmentVariableW(wide.c_str(), value.data(), static_cast<DWORD>(value.size())));
     return utf8FromWide(value);
+}
+
+Date presentDay()
+{
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    return DateSerial(now.wYear, now.wMonth, now.wDay);
 }
 
 } // namespace inin::viewer

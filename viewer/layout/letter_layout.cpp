@@ -2,8 +2,8 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/form/date_pattern.h"
+#include "viewer/form/placeholder.h"
 #include "viewer/layout/text_setter.h"
-#include "viewer/layout/utf8.h"
 
 #include <fmt/format.h>
 

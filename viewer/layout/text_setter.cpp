@@ -1,7 +1,7 @@
 #include "viewer/layout/text_setter.h"
 
+#include "runtime/utf8.h"
 #include "viewer/layout/fonts.h"
-#include "viewer/layout/utf8.h"
 
 #include <algorithm>
 
@@ -47,7 +47,7 @@ FitRule TextSetter::inLineDirection(FitRule rule) const
 void TextSetter::shape(std::string_view text)
 {
     m_characters.clear();
-    m_toFit.isTooLong = !appendCharacters(text, m_characters, kMaxCharacters);
+    m_toFit.isTooLong = !appendCharacters(m_characters, text, kMaxCharacters);
     m_toFit.paragraphEnds.clear();
     std::u32string_view rest = m_characters;
     while (true) {

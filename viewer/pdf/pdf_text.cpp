@@ -1,6 +1,6 @@
 #include "viewer/pdf/pdf_text.h"
 
-#include "viewer/layout/utf8.h"
+#include "runtime/utf8.h"
 
 #include <fmt/format.h>
 
@@ -44,11 +44,6 @@ std::int64_t scaled(double number, int decimals)
     return std::llround(std::clamp(number, -kLargest, kLargest) * factor);
 }
 
-void appendUnit(std::string &out, char32_t unit)
-{
-    fmt::format_to(std::back_inserter(out), "{:04X}", static_cast<std::uint32_t>(unit));
-}
-
 } // namespace
 
 void appendNumber(std::string &out, double number, int decimals)
@@ -68,20 +63,15 @@ void appendHundredths(std::string &out, std::int64_t hundredths)
 
 void appendUtf16Hex(std::string &out, std::u32string_view characters)
 {
-    for (const char32_t character : characters) {
-        if (character < 0x10000) {
-            appendUnit(out, character);
-            continue;
-        }
-        appendUnit(out, 0xD800 + (character - 0x10000) / 0x400);
-        appendUnit(out, 0xDC00 + (character - 0x10000) % 0x400);
-    }
+    std::u16string units;
+    for (const char32_t character : characters) appendUtf16(units, character);
+    for (const char16_t unit : units) fmt::format_to(std::back_inserter(out), "{:04X}", static_cast<unsigned>(unit));
 }
 
 void appendTextString(std::string &out, std::string_view utf8)
 {
     std::u32string characters;
-    appendCharacters(utf8, characters, utf8.size());
+    appendCharacters(characters, utf8);
     out += "<FEFF";
     appendUtf16Hex(out, characters);
     out += '>';

@@ -28,8 +28,8 @@ LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(par
     verticalHeader()->hide();
     // A fixed row height avoids measuring ten thousand rows one by one.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    constexpr int kRowRoom = 8;
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
+    constexpr int kRowPadding = 8;
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     const int wide = fontMetrics().horizontalAdvance(u'漢');
     constexpr int kNumberWidth = 5, kInsurerWidth = 12, kPatientWidth = 8;
     setColumnWidth(LetterListModel::number, wide * kNumberWidth);

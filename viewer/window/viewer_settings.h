@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/check/cause.h"
+
 #include <QByteArray>
 #include <QSettings>
 #include <QString>
@@ -34,6 +36,9 @@ public:
     void setPdfFolder(const QString &folder);
     [[nodiscard]] QByteArray windowPlace() const;
     void setWindowPlace(const QByteArray &place);
+    /// The causes that the check leaves out.
+    [[nodiscard]] CauseSet switchedOffCauses() const;
+    void setSwitchedOffCauses(const CauseSet &causes);
     /// Writes changed settings; false when the file cannot be written.
     bool save();
 

@@ -8,7 +8,6 @@ namespace inin::viewer {
 
 /// Sets one style for every desktop, in the desktop's light or dark colours, with fonts for Japanese.
 void applyStyle(QApplication &application);
-[[nodiscard]] bool isDark(const QPalette &palette);
 /// For a line that should be noticed.
 [[nodiscard]] QPalette noticePalette(QPalette palette);
 /// For a line that reports a problem.

@@ -96,6 +96,7 @@ QWidget *ViewerWindow::buildPage()
     m_page->onZoom = [this] { showZoom(); };
     m_page->onTurn = [this](int by) { step(by); };
     m_checkPanel->onLetter = [this](std::size_t letter) { showLetter(letter); };
+    m_checkPanel->onSwitched = [this](Cause cause, bool isOn) { switchCheck(cause, isOn); };
     m_task->onRunningChanged = [this] {
         for (QAction *action : m_idleActions) action->setEnabled(!m_task->isRunning());
     };
@@ -117,12 +118,13 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     const std::unique_ptr<LetterFinder> oldFinder = std::exchange(m_finder, std::make_unique<LetterFinder>(*m_letters));
     m_checkTimer.stop();
     m_check.reset();
+    m_allFindings.clear();
     m_findings = {};
     setWindowTitle(u"%1 － 印刷プレビュー"_s.arg(qtText(m_letters->set.shownTitle())));
     m_model.showLetters(m_letters.get(), &m_findings);
     m_page->showLetters(m_letters.get());
     m_range->showTicks(&m_letters->ticks);
-    m_checkPanel->show(m_letters.get(), &m_findings);
+    m_checkPanel->show(m_letters.get(), &m_findings, m_settings.switchedOffCauses());
     m_checkPanel->showRunning();
     const int count = static_cast<int>(m_letters->set.size());
     m_number->setRange(1, count);
@@ -195,7 +197,7 @@ void ViewerWindow::showZoom()
 
 void ViewerWindow::startCheck()
 {
-    m_check = std::make_unique<LetterCheck>(m_letters->renderer);
+    m_check = std::make_unique<LetterCheck>(m_letters->renderer, m_services.today());
     m_checkTimer.start(0);
 }
 
@@ -218,11 +220,23 @@ void ViewerWindow::finishCheck()
 void ViewerWindow::showFindings()
 {
     m_checkTimer.stop();
-    m_findings = FindingIndex(m_check->take());
+    if (m_check) m_allFindings = m_check->take();
     m_check.reset();
+    const CauseSet switchedOff = m_settings.switchedOffCauses();
+    m_findings = FindingIndex(resultOf(m_allFindings, m_letters->set.size(), switchedOff));
     m_model.findingsChanged();
-    m_checkPanel->show(m_letters.get(), &m_findings);
+    m_checkPanel->show(m_letters.get(), &m_findings, switchedOff);
     m_pageSplit->setSizes(m_checkPanel->hasRows() ? QList<int>{kPageShare, kCheckShare} : QList<int>{1, 0});
+}
+
+void ViewerWindow::switchCheck(Cause cause, bool isOn)
+{
+    CauseSet switchedOff = m_settings.switchedOffCauses();
+    switchedOff.set(static_cast<std::size_t>(cause), !isOn);
+    m_settings.setSwitchedOffCauses(switchedOff);
+    (void)m_settings.save(); // unwritable settings must not interrupt the work
+    finishCheck();
+    showFindings();
 }
 
 void ViewerWindow::tickAll(bool ticked)

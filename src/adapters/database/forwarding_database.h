@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/database/ado_error.h"
 #include "platform/database.h"
 
 #include <memory>
@@ -36,33 +37,42 @@ private:
     std::unique_ptr<Connection> m_inner;
 };
 
-/// A record set that forwards every call to another one. Open() unwraps a forwarding connection, because a provider's
+/// A record set that forwards every call to another one, error 3704 if there is none. Open() unwraps a forwarding connection, because a provider's
 /// record set accepts only connections of its own provider.
 class ForwardingRecordset : public Recordset {
 public:
-    explicit ForwardingRecordset(std::unique_ptr<Recordset> inner) : m_inner(std::move(inner)) {}
+    explicit ForwardingRecordset(std::unique_ptr<Recordset> inner = nullptr) : m_inner(std::move(inner)) {}
 
-    void setCursorLocation(std::int32_t location) override { m_inner->setCursorLocation(location); }
+    void setCursorLocation(std::int32_t location) override { inner().setCursorLocation(location); }
     void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
               std::int32_t options) override
     {
         auto *forwarding = dynamic_cast<ForwardingConnection *>(&connection);
-        m_inner->Open(sql, forwarding != nullptr ? forwarding->inner() : connection, cursorType, lockType, options);
+        inner().Open(sql, forwarding != nullptr ? forwarding->inner() : connection, cursorType, lockType, options);
     }
-    void Close() override { m_inner->Close(); }
-    [[nodiscard]] std::int32_t State() const override { return m_inner->State(); }
-    [[nodiscard]] bool isEndOfFile() const override { return m_inner->isEndOfFile(); }
-    void MoveNext() override { m_inner->MoveNext(); }
-    void MoveFirst() override { m_inner->MoveFirst(); }
-    void MoveLast() override { m_inner->MoveLast(); }
-    [[nodiscard]] std::int32_t RecordCount() const override { return m_inner->RecordCount(); }
-    [[nodiscard]] std::size_t fieldCount() const override { return m_inner->fieldCount(); }
-    [[nodiscard]] std::string fieldName(std::size_t index) const override { return m_inner->fieldName(index); }
-    [[nodiscard]] std::int32_t fieldType(std::size_t index) const override { return m_inner->fieldType(index); }
-    [[nodiscard]] std::size_t fieldIndex(std::string_view name) const override { return m_inner->fieldIndex(name); }
-    [[nodiscard]] Variant Value(std::size_t index) const override { return m_inner->Value(index); }
+    void Close() override { inner().Close(); }
+    [[nodiscard]] std::int32_t State() const override { return m_inner ? m_inner->State() : adStateClosed; }
+    [[nodiscard]] bool isEndOfFile() const override { return inner().isEndOfFile(); }
+    void MoveNext() override { inner().MoveNext(); }
+    void MoveFirst() override { inner().MoveFirst(); }
+    void MoveLast() override { inner().MoveLast(); }
+    [[nodiscard]] std::int32_t RecordCount() const override { return inner().RecordCount(); }
+    [[nodiscard]] std::size_t fieldCount() const override { return inner().fieldCount(); }
+    [[nodiscard]] std::string fieldName(std::size_t index) const override { return inner().fieldName(index); }
+    [[nodiscard]] std::int32_t fieldType(std::size_t index) const override { return inner().fieldType(index); }
+    [[nodiscard]] std::size_t fieldIndex(std::string_view name) const override { return inner().fieldIndex(name); }
+    [[nodiscard]] Variant Value(std::size_t index) const override { return inner().Value(index); }
+
+protected:
+    void forwardTo(std::unique_ptr<Recordset> inner) { m_inner = std::move(inner); }
 
 private:
+    [[nodiscard]] Recordset &inner() const
+    {
+        if (!m_inner) raiseClosed();
+        return *m_inner;
+    }
+
     std::unique_ptr<Recordset> m_inner;
 };
 

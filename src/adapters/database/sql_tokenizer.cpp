@@ -1,6 +1,7 @@
 #include "adapters/database/sql_tokenizer.h"
 
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <array>
 #include <cstddef>
@@ -25,8 +26,7 @@ bool isHexDigit(char c)
 }
 bool startsWord(char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' || c == '@' ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' || c == '@' || !isAscii(c);
 }
 
 class Scanner {

@@ -24,6 +24,8 @@ namespace inin {
 [[nodiscard]] std::unique_ptr<Locale> makeSystemLocale();
 /// `end` implements the end statement of this program and must not return. If it is empty, the process exits.
 [[nodiscard]] std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end);
+/// True if a command line that begins with this name starts a program while `folder` is the current folder.
+[[nodiscard]] bool canStart(const std::string &folder, const std::string &name);
 /// Late-bound objects from the registry of Windows, on the thread that creates the first one; other systems have none.
 [[nodiscard]] std::unique_ptr<Automation> makeSystemAutomation();
 

@@ -1,8 +1,8 @@
 #include "adapters/odbc/column.h"
 
 #include "adapters/odbc/odbc_api.h"
-#include "adapters/odbc/utf16.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <fmt/format.h>
 

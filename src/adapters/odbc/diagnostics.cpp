@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 
@@ -63,8 +64,7 @@ std::int32_t numberOf(const DiagnosticRecord &record, std::string_view words)
 
 bool isWordByte(char c)
 {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || !isAscii(c);
 }
 
 /// A short secret is masked only as a whole word; otherwise ordinary words would be masked as well.

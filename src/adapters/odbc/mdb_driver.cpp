@@ -2,6 +2,7 @@
 
 #include "adapters/database/sql_tokenizer.h"
 #include "adapters/odbc/odbc_api.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -15,8 +16,7 @@ constexpr std::size_t kLongestStatement = 4000;
 
 bool needsBrackets(const Token &token)
 {
-    return token.kind == TokenKind::word &&
-           std::ranges::any_of(token.text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    return token.kind == TokenKind::word && std::ranges::any_of(token.text, [](char c) { return !isAscii(c); });
 }
 
 } // namespace

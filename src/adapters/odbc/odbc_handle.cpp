@@ -2,8 +2,8 @@
 
 #include "adapters/odbc/driver_choice.h"
 #include "adapters/odbc/odbc_api.h"
-#include "adapters/odbc/utf16.h"
 #include "runtime/runtime_error.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #include "adapters/odbc/mdb_driver.h"
 #include "adapters/odbc/odbc_api.h"
 #include "adapters/odbc/single_select.h"
-#include "adapters/odbc/utf16.h"
+#include "runtime/utf8.h"
 
 #include <array>
 #include <limits>
@@ -124,6 +124,12 @@ std::shared_ptr<OdbcCursor> OdbcSession::openReading(const std::string &sql)
     auto cursor = std::make_shared<OdbcCursor>(*this, run(sql));
     m_reading = cursor;
     return cursor;
+}
+
+void OdbcSession::restart(std::shared_ptr<OdbcCursor> &cursor, const std::string &sql)
+{
+    cursor->close();
+    cursor = openReading(sql);
 }
 
 std::int32_t OdbcSession::execute(const std::string &sql)

@@ -195,8 +195,8 @@ private:
 /// except that ADO's names for user, password and database become those of ODBC.
 class PlainStringWriter {
 public:
-    PlainStringWriter(const ConnectionText &text, const ConnectionParts &parts, const LogIn &logIn)
-        : m_text(text), m_parts(parts), m_logIn(logIn), m_isBridge(text.form == ConnectionText::Form::ado),
+    PlainStringWriter(const ConnectionString &text, const ConnectionParts &parts, const LogIn &logIn)
+        : m_text(text), m_parts(parts), m_logIn(logIn), m_isBridge(text.form == ConnectionString::Form::ado),
           m_isDataSource(parts.has(Part::dataSourceName) || parts.has(Part::fileSourceName) ||
                          (m_isBridge && !parts.has(Part::driver)))
     {
@@ -253,7 +253,7 @@ private:
         add(key, m_isDataSource && hasBrace ? value : odbcQuoted(value));
     }
 
-    const ConnectionText &m_text;
+    const ConnectionString &m_text;
     const ConnectionParts &m_parts;
     const LogIn &m_logIn;
     bool m_isBridge;
@@ -263,11 +263,11 @@ private:
 };
 
 /// MSDASQL passes its Extended Properties to ODBC unchanged; quote the other pairs for ODBC.
-ConnectionText bridgedText(const ConnectionText &text)
+ConnectionString bridgedText(const ConnectionString &text)
 {
     const std::optional<std::string> extended = text.value("extended properties");
     if (!extended) return text;
-    ConnectionText inner = readOdbcText(*extended);
+    ConnectionString inner = readOdbcString(*extended);
     for (const ConnectionPair &pair : text.pairs)
         if (pair.key != "extended properties" && pair.key != "provider")
             inner.pairs.push_back({pair.key, pair.shownKey, pair.value, odbcQuoted(pair.value)});
@@ -276,7 +276,7 @@ ConnectionText bridgedText(const ConnectionText &text)
 
 class StringMaker {
 public:
-    StringMaker(ConnectionText text, const std::vector<std::string> &installed, const LogIn &logIn)
+    StringMaker(ConnectionString text, const std::vector<std::string> &installed, const LogIn &logIn)
         : m_text(std::move(text)), m_parts(readConnectionParts(m_text)), m_installed(installed), m_logIn(logIn)
     {
         if (m_logIn.user.empty()) return;
@@ -332,7 +332,7 @@ private:
     void writePlain() { m_result.text = PlainStringWriter(m_text, m_parts, m_logIn).write(m_result.problem); }
     void refuse(std::string why) { m_result.problem = std::move(why); }
 
-    ConnectionText m_text;
+    ConnectionString m_text;
     ConnectionParts m_parts;
     const std::vector<std::string> &m_installed;
     const LogIn &m_logIn;
@@ -344,17 +344,17 @@ private:
 OdbcString odbcStringFor(std::string_view connectionString, const std::vector<std::string> &installedDrivers,
                          const LogIn &logIn)
 {
-    return StringMaker(bridgedText(readConnectionText(connectionString)), installedDrivers, logIn).make();
+    return StringMaker(bridgedText(readConnectionString(connectionString)), installedDrivers, logIn).make();
 }
 
 std::string withDatabase(std::string_view connectionString, std::string_view database)
 {
-    const ConnectionText text = readConnectionText(connectionString);
+    const ConnectionString text = readConnectionString(connectionString);
     std::string result;
     for (const ConnectionPair &pair : text.pairs)
         if (partOfKey(pair.key) != Part::database)
             result.append(pair.shownKey).append("=").append(pair.raw).append(";");
-    const bool isOdbc = text.form == ConnectionText::Form::odbc;
+    const bool isOdbc = text.form == ConnectionString::Form::odbc;
     return result.append(isOdbc ? "Database=" : "Initial Catalog=").append(database);
 }
 

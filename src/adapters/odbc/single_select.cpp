@@ -1,6 +1,7 @@
 #include "adapters/odbc/single_select.h"
 
 #include "adapters/database/sql_tokenizer.h"
+#include "runtime/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -37,49 +38,26 @@ bool isAny(const Token &token, const auto &words)
            std::any_of(std::begin(words), std::end(words), [&](std::string_view word) { return token.isWord(word); });
 }
 
-struct Range {
+struct NameRange {
     char32_t first;
     char32_t last;
 };
 /// Non-ASCII characters of names: kana, kanji, full-width digits and Latin characters. Any other (a wide blank, a
 /// direction mark) might separate words for the server where this scanner sees one name.
-constexpr Range kNameCharacters[] = {
+constexpr NameRange kNameCharacters[] = {
     {0x3005, 0x3007}, {0x3041, 0x3096}, {0x3099, 0x309F}, {0x30A1, 0x30FF}, {0x3400, 0x4DBF}, {0x4E00, 0x9FFF},
     {0xF900, 0xFAFF}, {0xFF10, 0xFF19}, {0xFF21, 0xFF3A}, {0xFF41, 0xFF5A}, {0xFF66, 0xFF9F}, {0x20000, 0x3FFFF},
 };
 
-/// Removes and returns the next character of a UTF-8 text; 0xFFFD for a byte that does not begin one.
-char32_t takeCharacter(std::string_view &text)
-{
-    const auto byte = [&text](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
-    const std::uint8_t first = byte(0);
-    const std::size_t size = first < 0x80   ? 1
-                             : first < 0xC2 ? 0
-                             : first < 0xE0 ? 2
-                             : first < 0xF0 ? 3
-                             : first < 0xF5 ? 4
-                                            : 0;
-    char32_t character = size == 1 ? first : first & (0x7FU >> size);
-    bool isSound = size != 0 && size <= text.size();
-    for (std::size_t at = 1; isSound && at < size; ++at) {
-        isSound = (byte(at) & 0xC0U) == 0x80;
-        character = (character << 6U) | (byte(at) & 0x3FU);
-    }
-    text.remove_prefix(isSound ? size : 1);
-    return isSound ? character : 0xFFFD;
-}
-
 bool isPlainName(std::string_view word)
 {
-    while (!word.empty()) {
-        const char32_t character = takeCharacter(word);
-        if (character < 0x80) continue;
-        const auto isInside = [character](const Range &range) {
-            return character >= range.first && character <= range.last;
-        };
-        if (std::none_of(std::begin(kNameCharacters), std::end(kNameCharacters), isInside)) return false;
-    }
-    return true;
+    std::u32string characters;
+    appendCharacters(characters, word);
+    return std::ranges::all_of(characters, [](char32_t character) {
+        return character < 0x80 || std::ranges::any_of(kNameCharacters, [character](const NameRange &range) {
+                   return character >= range.first && character <= range.last;
+               });
+    });
 }
 
 /// Characters that might end a comment for the server but not for this scanner: a lone carriage return, vertical tab,
@@ -96,9 +74,9 @@ bool isSoundGap(std::string_view gap)
     return true;
 }
 
-class Reader {
+class SelectReader {
 public:
-    explicit Reader(std::string_view sql) : m_sql(sql), m_tokens(tokenizeSql(sql)) {}
+    explicit SelectReader(std::string_view sql) : m_sql(sql), m_tokens(tokenizeSql(sql)) {}
 
     std::string problem()
     {
@@ -193,7 +171,7 @@ private:
 
 std::string singleSelectProblem(std::string_view sql)
 {
-    return Reader(sql).problem();
+    return SelectReader(sql).problem();
 }
 
 } // namespace inin::odbc

@@ -14,7 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -51,10 +51,10 @@ std::vector<std::string> systemFolders()
 }
 
 /// The folders that are searched for a name without a folder.
-std::vector<std::string> searchFolders()
+std::vector<std::string> searchFolders(const std::string &current)
 {
     std::vector<std::string> folders = systemFolders();
-    folders.insert(folders.begin(), "./");
+    folders.insert(folders.begin(), current + "/");
     return folders;
 }
 
@@ -120,7 +120,7 @@ std::optional<Command> quotedCommand(std::string_view line)
     return Command{*program, argumentsOf(line.substr(std::min(end + 1, line.size())))};
 }
 
-std::optional<std::string> findProgram(const std::string &name, const std::vector<std::string> &folders)
+std::optional<std::string> programIn(const std::vector<std::string> &folders, const std::string &name)
 {
     for (const std::string &folder : folders)
         for (const std::string &spelling : spellings(name))
@@ -134,7 +134,7 @@ std::optional<std::string> findProgram(const std::string &name)
 {
     if (name.empty()) return std::nullopt;
     const bool withFolder = name.find_first_of("\\/") != std::string::npos;
-    return findProgram(name, withFolder ? std::vector<std::string>{""} : searchFolders());
+    return programIn(withFolder ? std::vector<std::string>{""} : searchFolders("."), name);
 }
 
 std::optional<std::string> findSystemProgram(const std::string &name)
@@ -158,4 +158,9 @@ std::optional<Command> parseCommandLine(const std::string &commandLine)
     return std::nullopt;
 }
 
-} // namespace inin
+} // namespace inin::posix
+
+bool inin::canStart(const std::string &folder, const std::string &name)
+{
+    return posix::programIn(posix::searchFolders(folder), name).has_value();
+}

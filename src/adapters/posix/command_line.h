@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace inin {
+namespace inin::posix {
 
 struct Command {
     std::string program; ///< a path of the system
@@ -23,4 +23,4 @@ struct Command {
 /// current folder. The texts before and after " /c " are unquoted paths, each a single argument with all its blanks.
 [[nodiscard]] std::optional<Command> parseCommandLine(const std::string &commandLine);
 
-} // namespace inin
+} // namespace inin::posix

@@ -1,11 +1,7 @@
 #include "adapters/native/native_platform.h"
 #include "adapters/native/no_automation.h"
 
-namespace inin {
-
-std::unique_ptr<Automation> makeSystemAutomation()
+std::unique_ptr<inin::Automation> inin::makeSystemAutomation()
 {
     return makeNoAutomation();
 }
-
-} // namespace inin

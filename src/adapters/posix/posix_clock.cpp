@@ -4,7 +4,7 @@
 #include <ctime>
 #include <thread>
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -39,9 +39,9 @@ public:
 
 } // namespace
 
-std::unique_ptr<Clock> makeSystemClock()
-{
-    return std::make_unique<PosixClock>();
-}
+} // namespace inin::posix
 
-} // namespace inin
+std::unique_ptr<inin::Clock> inin::makeSystemClock()
+{
+    return std::make_unique<posix::PosixClock>();
+}

@@ -1,8 +1,9 @@
 #include "adapters/native/native_platform.h"
+#include "adapters/native/open_file.h"
+#include "adapters/native/path_rules.h"
 #include "runtime/runtime_error.h"
 #include "system/directory_search.h"
 #include "system/file_path.h"
-#include "system/output_buffer.h"
 #include "system/posix_io.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -72,89 +73,26 @@ std::int32_t errorNumber(int systemError, const std::string &place)
     throw RuntimeError(errorNumber(systemError, place));
 }
 
-/// The system's path of a file to open or delete. Wildcards and other characters that the suite's file system does not
-/// allow in names are refused; this system would accept them.
 std::string filePath(const std::string &path)
 {
-    const std::string name = path.substr(path.find_last_of("\\/") + 1);
-    if (path.empty() || path.find('\0') != std::string::npos || name.find_first_of("*?\"<>|") != std::string::npos)
-        throw RuntimeError(error_number::badFileName);
-    if (name.empty()) throw RuntimeError(error_number::pathAccess);
+    checkFilePath(path);
     return systemPath(path);
 }
 
-class PosixOutput : public OutputFile {
-public:
-    PosixOutput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
-    ~PosixOutput() override
-    {
-        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // a destructor cannot report a failure
-    }
-
-    void write(std::string_view bytes) override
-    {
-        m_buffer.add(bytes);
-        if (!put(m_buffer.takeDue())) fail(errno, m_path);
-    }
-
-    void close() override
-    {
-        if (!m_file.isOpen()) return;
-        const int writeError = put(m_buffer.takeAll()) ? 0 : errno;
-        const int closeError = m_file.close() ? 0 : errno;
-        if (writeError != 0 || closeError != 0) fail(writeError != 0 ? writeError : closeError, m_path);
-    }
-
-private:
-    /// After a failure nothing more is written: the file stays as it is.
-    bool put(std::string_view bytes)
-    {
-        if (writeAll(m_file, bytes)) {
-            m_size += static_cast<off_t>(bytes.size());
-            return true;
-        }
-        const int error = errno;
-        removeLineEnd(bytes);
-        m_buffer = {};
-        errno = error;
-        return false;
-    }
-
-    /// A failed write may have stored the bytes up to the end of a line; remove that line end.
-    void removeLineEnd(std::string_view bytes) const
-    {
-        const off_t end = lseek(m_file.get(), 0, SEEK_CUR);
-        if (end <= m_size) return;
-        const std::string_view stored = bytes.substr(0, static_cast<std::size_t>(end - m_size));
-        const std::size_t kept = lengthWithoutLineEnd(stored);
-        if (kept < stored.size()) (void)!ftruncate(m_file.get(), m_size + static_cast<off_t>(kept));
-    }
-
-    FileDescriptor m_file;
-    std::string m_path;
-    off_t m_size = 0; ///< of what was written successfully
-    OutputBuffer m_buffer;
+struct PosixFileCalls {
+    using Handle = FileDescriptor;
+    using Path = std::string;
+    using Error = int;
+    static Error lastError() { return errno; }
+    static void setLastError(Error error) { errno = error; }
+    [[noreturn]] static void fail(Error error, const Path &path) { posix::fail(error, path); }
+    static std::int64_t position(const Handle &file) { return lseek(file.get(), 0, SEEK_CUR); }
+    static void cutAt(const Handle &file, std::int64_t size) { (void)!ftruncate(file.get(), size); }
 };
-
-/// A file that is locked as long as its descriptor is open.
-class PosixLockedOutput : public OutputFile {
-public:
-    PosixLockedOutput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
-
-    void write(std::string_view bytes) override
-    {
-        if (!writeAll(m_file, bytes)) fail(errno, m_path);
-    }
-
-    void close() override
-    {
-        if (!m_file.close()) fail(errno, m_path);
-    }
-
-private:
-    FileDescriptor m_file;
-    std::string m_path;
-};
+using PosixOutput = OpenOutput<PosixFileCalls>;
+/// Locked by flock(), which lasts as long as the descriptor is open.
+using PosixLockedOutput = OpenLockedOutput<PosixFileCalls>;
+using PosixInput = OpenInput<PosixFileCalls>;
 
 /// True if no file or link has that name any more; folders are not removed.
 bool isRemoved(const std::string &place)
@@ -180,13 +118,6 @@ FileDescriptor openInPlace(const std::string &place)
     return FileDescriptor(open(place.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | kOpenFlags, kOwnerOnly));
 }
 
-/// False if the name was removed or reused for another file after opening.
-bool isNamed(const struct stat &opened, const std::string &place)
-{
-    struct stat named {};
-    return lstat(place.c_str(), &named) == 0 && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
-
 /// One attempt to lock the file. Returns nothing if the name was removed or replaced meanwhile: try again.
 std::optional<LockedFile> tryToLock(const std::string &place)
 {
@@ -199,7 +130,7 @@ std::optional<LockedFile> tryToLock(const std::string &place)
         return LockedFile{errno == EWOULDBLOCK ? State::busy : State::unavailable, nullptr};
     struct stat opened {};
     if (file.isOpen() && fstat(file.get(), &opened) != 0) return LockedFile{};
-    if (file.isOpen() && !isNamed(opened, place)) return std::nullopt;
+    if (file.isOpen() && !isNamed(file, place)) return std::nullopt;
     (void)fchmod(file.get(), 0666);    // only its owner can do this, and the owner has created it
     if (isLink || opened.st_nlink > 1) // truncating it would truncate a file elsewhere
         return isRemoved(place) ? std::nullopt : std::optional(LockedFile{});
@@ -213,22 +144,6 @@ bool isDevice(const FileDescriptor &file)
     struct stat status {};
     return fstat(file.get(), &status) == 0 && (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode));
 }
-
-class PosixInput : public InputFile {
-public:
-    PosixInput(FileDescriptor file, std::string path) : m_file(std::move(file)), m_path(std::move(path)) {}
-
-    std::string read(std::size_t size) override
-    {
-        std::string bytes;
-        if (!readUpTo(m_file, size, bytes)) fail(errno, m_path);
-        return bytes;
-    }
-
-private:
-    FileDescriptor m_file;
-    std::string m_path;
-};
 
 class PosixFiles : public Files {
 public:
@@ -330,9 +245,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder)
-{
-    return std::make_unique<PosixFiles>(std::move(applicationFolder));
-}
+} // namespace inin::posix
 
-} // namespace inin
+std::unique_ptr<inin::Files> inin::makeSystemFiles(std::string applicationFolder)
+{
+    return std::make_unique<posix::PosixFiles>(std::move(applicationFolder));
+}

@@ -1,6 +1,7 @@
 #include "adapters/posix/posix_folders.h"
 
 #include "adapters/native/native_platform.h"
+#include "adapters/native/path_rules.h"
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
 #include "system/posix_io.h"
@@ -15,7 +16,7 @@
 
 #include <mntent.h>
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -80,18 +81,6 @@ std::string joined(const std::string &folder, const std::string &name)
     return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
-/// The folders from the drive's root down to the folder itself.
-std::vector<FolderPlace> placesAbove(const std::string &drive, const std::string &folder)
-{
-    std::vector<FolderPlace> places{{drive, drive}};
-    for (std::size_t at = drive == kRoot ? 1 : drive.size() + 1; at < folder.size();) {
-        const std::size_t end = std::min(folder.find('/', at), folder.size());
-        places.push_back({folder.substr(at, end - at), folder.substr(0, end)});
-        at = end + 1;
-    }
-    return places;
-}
-
 /// Hide names that begin with a dot: programs use them for themselves.
 std::vector<FolderPlace> placesInside(const std::string &folder)
 {
@@ -135,7 +124,7 @@ public:
         std::string drive = kRoot;
         for (const std::string &place : drives())
             if (isWithin(folder, place)) drive = place;
-        return {drive, placesAbove(drive, folder), std::move(inside)};
+        return {drive, placesAbove(drive, folder, '/'), std::move(inside)};
     }
 
 private:
@@ -149,9 +138,9 @@ std::unique_ptr<Folders> makeMountedFolders(std::string mounts)
     return std::make_unique<PosixFolders>(std::move(mounts));
 }
 
-std::unique_ptr<Folders> makeSystemFolders()
-{
-    return makeMountedFolders("/proc/self/mounts");
-}
+} // namespace inin::posix
 
-} // namespace inin
+std::unique_ptr<inin::Folders> inin::makeSystemFolders()
+{
+    return posix::makeMountedFolders("/proc/self/mounts");
+}

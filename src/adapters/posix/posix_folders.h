@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-namespace inin {
+namespace inin::posix {
 
 /// The folders of a system, with the mount table read from that file.
 [[nodiscard]] std::unique_ptr<Folders> makeMountedFolders(std::string mounts);
 
-} // namespace inin
+} // namespace inin::posix

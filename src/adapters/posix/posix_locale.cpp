@@ -1,7 +1,7 @@
 #include "adapters/native/native_platform.h"
 #include "suite_text/code_page_932.h"
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -15,9 +15,9 @@ public:
 
 } // namespace
 
-std::unique_ptr<Locale> makeSystemLocale()
-{
-    return std::make_unique<PosixLocale>();
-}
+} // namespace inin::posix
 
-} // namespace inin
+std::unique_ptr<inin::Locale> inin::makeSystemLocale()
+{
+    return std::make_unique<posix::PosixLocale>();
+}

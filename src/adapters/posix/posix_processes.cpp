@@ -17,7 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -106,9 +106,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
-{
-    return std::make_unique<PosixProcesses>(std::move(end));
-}
+} // namespace inin::posix
 
-} // namespace inin
+std::unique_ptr<inin::Processes> inin::makeSystemProcesses(std::function<void()> end)
+{
+    return std::make_unique<posix::PosixProcesses>(std::move(end));
+}

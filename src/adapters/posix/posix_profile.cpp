@@ -14,7 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace inin {
+namespace inin::posix {
 
 namespace {
 
@@ -118,9 +118,9 @@ public:
 
 } // namespace
 
-std::unique_ptr<Profile> makeSystemProfile()
-{
-    return std::make_unique<PosixProfile>();
-}
+} // namespace inin::posix
 
-} // namespace inin
+std::unique_ptr<inin::Profile> inin::makeSystemProfile()
+{
+    return std::make_unique<posix::PosixProfile>();
+}

@@ -11,7 +11,7 @@ void layOutBack(FormWindow &window)
     QFont own = window.font();
     own.setResolveMask(QFont::AllPropertiesResolved);
     window.setFont(own);
-    window.widget("ImgWall").setAccessibleName(QObject::tr("背景の絵"));
+    window.widget("ImgWall").setAccessibleName(QObject::tr("背景の画像"));
 }
 
 } // namespace inin::qt

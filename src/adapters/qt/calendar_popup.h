@@ -1,32 +1,24 @@
 #pragma once
 
-#include "runtime/date.h"
-
-#include <QFrame>
-
-#include <functional>
+#include "adapters/qt/date_popup.h"
 
 class QCalendarWidget;
-class QLabel;
 
 namespace inin::qt {
 
-/// A month view to pick a day from, with the era and the western year above it. Deletes itself when it is closed.
-class CalendarPopup : public QFrame {
+/// A month view to pick a day from, with the era and the western year above it.
+class CalendarPopup : public DatePopup {
 public:
-    CalendarPopup(Date shown, QWidget *parent);
-    void openBelow(const QWidget &box);
-    std::function<void(Date chosen)> onChosen;
+    CalendarPopup(Date shown, Date today, QWidget *parent);
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void turnPage(int by) override;
+    bool dealKey(int key) override;
 
 private:
     void showTitle();
-    void choose(const QDate &day);
 
-    QCalendarWidget *m_calendar = nullptr; ///< owned by the popup
-    QLabel *m_title = nullptr;             ///< owned by the popup
+    QCalendarWidget *m_calendar; ///< owned by the popup
 };
 
 } // namespace inin::qt

@@ -1,6 +1,9 @@
 #include "adapters/qt/control_mirror.h"
 
+#include "adapters/qt/control_colours.h"
 #include "adapters/qt/date_edit.h"
+#include "adapters/qt/drop_down_list.h"
+#include "adapters/qt/elided_label.h"
 #include "adapters/qt/grid_view.h"
 #include "adapters/qt/number_edit.h"
 #include "adapters/qt/open_list.h"
@@ -8,14 +11,11 @@
 #include "adapters/qt/picture_box.h"
 #include "adapters/qt/picture_file.h"
 #include "adapters/qt/qt_text.h"
-#include "adapters/qt/theme.h"
 #include "adapters/qt/units.h"
 #include "screen/grid.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -39,8 +39,11 @@ void refreshItems(const ListBox &list, QComboBox &combo)
     const QSignalBlocker quiet(combo);
     // The items of a list are only appended to, or cleared and filled again.
     if (combo.count() > list.ListCount()) combo.clear();
-    for (int index = combo.count(); index < list.ListCount(); ++index)
-        combo.addItem(toQt(list.items()[static_cast<std::size_t>(index)].text));
+    for (int index = combo.count(); index < list.ListCount(); ++index) {
+        const QString text = toQt(list.items()[static_cast<std::size_t>(index)].text);
+        combo.addItem(text);
+        combo.setItemData(index, text, Qt::ToolTipRole); // shows the whole of a long name
+    }
     combo.setCurrentIndex(list.ListIndex);
 }
 
@@ -169,7 +172,7 @@ void ControlMirror::visit(TextBox &control)
 void ControlMirror::visit(ListBox &control)
 {
     if (control.Style == ListStyle::open) return keepOpenList(control);
-    auto *combo = new QComboBox(parentFor(control));
+    auto *combo = new DropDownList(parentFor(control));
     QObject::connect(combo, &QComboBox::activated, combo, [this, &control](int index) {
         m_services.edge.run([&] { control.pick(static_cast<std::int16_t>(index)); });
     });
@@ -189,7 +192,7 @@ void ControlMirror::keepOpenList(ListBox &control)
 
 void ControlMirror::visit(Label &control)
 {
-    auto *label = new QLabel(parentFor(control));
+    auto *label = new ElidedLabel(parentFor(control));
     label->setTextFormat(Qt::PlainText);
     label->setAutoFillBackground(control.BackColor != -1);
     keep(control, label, [&control, label] { label->setText(toQt(control.Caption)); });

@@ -1,12 +1,14 @@
 #include "adapters/qt/date_edit.h"
 
 #include "adapters/qt/calendar_popup.h"
+#include "adapters/qt/control_colours.h"
 #include "adapters/qt/icons.h"
+#include "adapters/qt/month_popup.h"
 #include "adapters/qt/qt_text.h"
-#include "adapters/qt/theme.h"
 
 #include <QAction>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QToolTip>
@@ -108,14 +110,25 @@ void DateEdit::explain()
     });
 }
 
-/// Below the box, but not under the mouse pointer: there the tip would close at once, as if the pointer had left.
+/// Above the box or, where that is not possible, beside the window: below it the tip would cover the fields that are
+/// filled in next. Not under the mouse pointer: there the tip would close at once, as if the pointer had left.
 QPoint DateEdit::sentencePlace(const QString &words) const
 {
-    constexpr int kPointer = 24; // the toolkit shows a tip this much (the height of a pointer) further down
+    constexpr int kPointer = 24; // the toolkit shows a tip up to this much (the height of a pointer) further down
     constexpr int kTipMargin = 8;
-    const QSize tip = QFontMetrics(QToolTip::font()).size(Qt::TextSingleLine, words);
-    const QRect below(mapToGlobal(QPoint(0, height())), tip + QSize(kPointer, kPointer + kTipMargin));
-    return below.contains(QCursor::pos()) ? mapToGlobal(QPoint(0, -below.height())) : below.topLeft();
+    const QSize tip =
+        QFontMetrics(QToolTip::font()).size(Qt::TextSingleLine, words) + QSize(kPointer, kPointer + kTipMargin);
+    const QRect screenRoom = screen()->availableGeometry(), frame = window()->frameGeometry();
+    const QPoint box = mapToGlobal(QPoint(0, 0));
+    const QPoint above = box - QPoint(0, tip.height());
+    const QPoint right(frame.right(), box.y() - kPointer), left(frame.left() - tip.width(), box.y() - kPointer);
+    const auto fits = [&](QPoint place) {
+        const QRect room(place, tip);
+        return screenRoom.contains(room) && !room.contains(QCursor::pos());
+    };
+    for (const QPoint &place : {above, right, left})
+        if (fits(place)) return place;
+    return above;
 }
 
 DateContext DateEdit::context() const
@@ -195,7 +208,10 @@ void DateEdit::openCalendar()
     if (isReadOnly() || !isEnabled()) return;
     commit();
     const Date *date = m_value.getIf<Date>();
-    auto *calendar = new CalendarPopup(date != nullptr ? *date : m_today(), this); // deletes itself when it is closed
+    const Date today = m_today(), shown = date != nullptr ? *date : today;
+    const bool isMonth = context().grain == DateGrain::month;
+    DatePopup *calendar = isMonth ? static_cast<DatePopup *>(new MonthPopup(shown, today, this))
+                                  : new CalendarPopup(shown, today, this); // deletes itself when it is closed
     calendar->onChosen = [this](Date chosen) {
         take(chosen);
         selectAll();

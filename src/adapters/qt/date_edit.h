@@ -12,8 +12,9 @@ class QAction;
 namespace inin::qt {
 
 /// A box for a date that accepts any typed text and shows the date with its era. Up and down step the part under the
-/// cursor, page up and page down the month; Ctrl+; enters today, Alt+Down opens a calendar. An empty box is Null.
-/// Unreadable text stays highlighted with a remark and counts as Null; a doubtful date is accepted with another colour.
+/// cursor, page up and page down the month; Ctrl+; enters today, Alt+Down opens a calendar, in a box for months the
+/// months of a year. An empty box is Null. Unreadable text stays highlighted with a remark and counts as Null; a
+/// doubtful date is accepted with another colour.
 class DateEdit : public TypedBox {
 public:
     DateEdit(std::string format, std::function<Date()> today, QWidget *parent);

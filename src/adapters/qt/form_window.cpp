@@ -37,7 +37,7 @@ public:
 
 FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     : QWidget(owner, Qt::Window), m_form(form), m_services(services), m_content(new QWidget),
-      m_mirror(*m_content, services)
+      m_scroll(new ContentArea(this)), m_mirror(*m_content, services)
 {
     setObjectName(toQt(form.name()));
     auto *layout = new QVBoxLayout(this);
@@ -45,12 +45,12 @@ FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     layout->setSpacing(0);
     if (QMenuBar *menu = makeFormMenu(form, services, this)) layout->setMenuBar(menu);
     // On a screen too small for the form, it is scrolled instead of cut off.
-    auto *scroll = new ContentArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(m_content);
-    layout->addWidget(scroll);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidget(m_content);
+    layout->addWidget(m_scroll);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { scrollTo(now); });
 
     for (Control *control : form.controls())
         if (QWidget *widget = m_mirror.make(*control)) widget->installEventFilter(this);
@@ -78,6 +78,12 @@ void FormWindow::setOpening(Opening opening, Sizing sizing)
     m_sizing = sizing;
 }
 
+void FormWindow::setFoot(QWidget &foot)
+{
+    m_foot = &foot;
+    layout()->addWidget(m_foot);
+}
+
 void FormWindow::open()
 {
     if (m_opening == Opening::maximised) {
@@ -97,9 +103,10 @@ void FormWindow::fitToScreen()
 {
     constexpr int kTitleBar = 40;
     const QRect room = screen()->availableGeometry().adjusted(0, 0, 0, -kTitleBar);
-    const QSize menu = layout()->menuBar() != nullptr ? layout()->menuBar()->sizeHint() : QSize(0, 0);
+    const int menu = layout()->menuBar() != nullptr ? layout()->menuBar()->sizeHint().height() : 0;
+    const int foot = m_foot != nullptr ? m_foot->minimumHeight() : 0;
     const QSize least = m_content->minimumSize().expandedTo(m_content->minimumSizeHint());
-    QSize wanted = least.expandedTo(m_preferredSize) + QSize(0, menu.height());
+    QSize wanted = least.expandedTo(m_preferredSize) + QSize(0, menu + foot);
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     if (wanted.height() > room.height()) wanted.rwidth() += scrollBar;
     const QSize size = wanted.boundedTo(room.size());
@@ -128,6 +135,13 @@ void FormWindow::orderTabs()
     std::ranges::stable_sort(stops, {}, &Control::TabIndex);
     for (std::size_t i = 1; i < stops.size(); ++i)
         setTabOrder(m_mirror.widgetOf(*stops[i - 1]), m_mirror.widgetOf(*stops[i]));
+}
+
+/// The toolkit itself follows only the tab key.
+void FormWindow::scrollTo(QWidget *widget)
+{
+    constexpr int kMargin = 24; // shows the title of the frame, too
+    if (widget != nullptr && m_content->isAncestorOf(widget)) m_scroll->ensureWidgetVisible(widget, kMargin, kMargin);
 }
 
 Control *FormWindow::activeControl() const

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+class QScrollArea;
+
 namespace inin::qt {
 
 /// A form on the screen. It mirrors the form's attributes and raises its events; the form's view lays out the controls
@@ -34,6 +36,9 @@ public:
     /// The content's size on a screen that has room for it. Default: the smallest size that shows everything.
     void setPreferredSize(QSize size) { m_preferredSize = size; }
 
+    /// Keeps a control below the scrolled content, so that it is visible on every screen.
+    void setFoot(QWidget &foot);
+
     void open();
     [[nodiscard]] Control *activeControl() const;
     void moveFocus(const Control &control);
@@ -50,12 +55,15 @@ protected:
 
 private:
     void orderTabs();
+    void scrollTo(QWidget *widget);
     void fitToScreen();
     [[nodiscard]] bool dealKey(QWidget *widget, const QKeyEvent &event);
 
     Form &m_form;
     const ViewServices &m_services;
-    QWidget *m_content; ///< owned by the window
+    QWidget *m_content;        ///< owned by the window, as the next two
+    QScrollArea *m_scroll;     ///< of the content
+    QWidget *m_foot = nullptr; ///< below it; nullptr for none
     ControlMirror m_mirror;
     QSize m_preferredSize;
     Opening m_opening = Opening::centred;

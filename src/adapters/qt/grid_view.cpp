@@ -64,6 +64,12 @@ void GridView::refresh()
     m_isRefreshing = false;
 }
 
+void GridView::enterByKey()
+{
+    setFocus(Qt::ShortcutFocusReason);
+    if (!currentIndex().isValid() && m_model->rowCount() > 0) selectRow(0);
+}
+
 void GridView::showColumns()
 {
     const int letter = fontMetrics().horizontalAdvance(QLatin1Char('0'));

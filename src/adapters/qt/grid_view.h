@@ -24,6 +24,8 @@ public:
     GridView(Grid &grid, EventEdge &edge, QWidget *parent);
     /// Shows the record's rows and its active row, and scrolls to the row that must be visible.
     void refresh();
+    /// Moves the focus here; selects the first row if none is selected.
+    void enterByKey();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -21,6 +21,7 @@ void OpenList::refresh(const ListBox &list)
     if (count() > list.ListCount()) clear();
     for (int index = count(); index < list.ListCount(); ++index) {
         addItem(toQt(list.items()[static_cast<std::size_t>(index)].text));
+        item(index)->setToolTip(item(index)->text()); // shows the whole of a long name
         if (m_dress) m_dress(*item(index), list, index);
     }
     if (currentRow() == list.ListIndex) return;

@@ -1,6 +1,8 @@
+#include "adapters/qt/elided_label.h"
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/grid_places.h"
 #include "adapters/qt/icons.h"
+#include "adapters/qt/number_edit.h"
 #include "adapters/qt/units.h"
 #include "adapters/qt/view_registry.h"
 
@@ -8,6 +10,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -133,7 +136,7 @@ void dressCommands(FormWindow &window)
     bar.setHorizontalSpacing(16);
 }
 
-/// Places the frames one below the other. A font larger than the design size makes a frame higher and moves the frames
+/// Places the frames one below the other, and the command buttons in a bar that is not scrolled with them. A font larger than the design size makes a frame higher and moves the frames
 /// below it down, so that text is never cut.
 void stackFrames(FormWindow &window)
 {
@@ -147,10 +150,50 @@ void stackFrames(FormWindow &window)
         frame.setGeometry(pixels(kFrameLeft), pixels(place.top) + moved, pixels(kFrameWidth) + wider, height);
         moved += height - pixels(place.height);
     }
-    const QSize client(pixels(window.form().Width) + wider, pixels(window.form().Height) + moved);
-    window.widget("Picture1").setGeometry(0, pixels(kBarTop) + moved, client.width(), pixels(kBarHeight));
-    window.content().setMinimumSize(client);
+    window.content().setMinimumSize(pixels(window.form().Width) + wider, pixels(kBarTop) + moved);
+    window.widget("Picture1").setFixedHeight(pixels(kBarHeight));
+    window.setFoot(window.widget("Picture1"));
 }
+
+/// Shows the name in grey while it belongs to another number than the typed one.
+class NameOfNumber : public QObject {
+public:
+    NameOfNumber(NumberEdit &box, ElidedLabel &name, Label &caption)
+        : QObject(&box), m_box(box), m_name(name), m_named(box.text())
+    {
+        connect(&box, &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
+        connect(&box, &QLineEdit::textChanged, this, [this](const QString &text) {
+            if (!m_isTyping) m_named = text; // the program assigns number and name together
+            m_isTyping = false;
+            show();
+        });
+        caption.watch([guard = QPointer<NameOfNumber>(this)] {
+            if (guard) guard->takeName();
+        });
+    }
+
+private:
+    /// A new name belongs to the present number. The record reports other changes, too.
+    void takeName()
+    {
+        if (m_name.text() == m_shown) return;
+        m_shown = m_name.text();
+        m_named = m_box.text();
+        show();
+    }
+    void show()
+    {
+        const bool isOther = m_box.text() != m_named && !m_name.text().isEmpty();
+        m_name.setForegroundRole(isOther ? QPalette::PlaceholderText : QPalette::WindowText);
+        m_name.setToolTip(isOther ? tr("番号を変える前の利用者の名前です。") : QString());
+    }
+
+    NumberEdit &m_box;
+    ElidedLabel &m_name;
+    QString m_named; ///< the number that the name belongs to
+    QString m_shown; ///< the name
+    bool m_isTyping = false;
+};
 
 } // namespace
 
@@ -162,6 +205,9 @@ void layOutPrintInin(FormWindow &window)
     dressFilters(window);
     dressCommands(window);
     stackFrames(window);
+    auto &number = window.widgetAs<NumberEdit>("imNum_CD");
+    new NameOfNumber(number, window.widgetAs<ElidedLabel>("lbl_SelKanja"), // owned by the box
+                     dynamic_cast<Label &>(*window.form().find("lbl_SelKanja")));
 }
 
 } // namespace inin::qt

@@ -1,5 +1,6 @@
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/grid_places.h"
+#include "adapters/qt/grid_view.h"
 #include "adapters/qt/icons.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/view_registry.h"
@@ -9,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <span>
@@ -29,13 +31,21 @@ constexpr ConditionPlace kCommonConditions[] = {
     {"txt_SiboriName", 0, 2, 16},
     {"txt_SiboriKana", 0, 4, 16},
 };
-constexpr ConditionPlace kPatientConditions[] = {{"imNum_StaffNo", 1, 0, 10}};
+// The rows follow the tab order.
+constexpr int kPatientLastRow = 2;
+constexpr int kStaffLastRow = 1;
+constexpr ConditionPlace kPatientConditions[] = {{"imNum_StaffNo", kPatientLastRow, 0, 10}};
 constexpr GridPlace kPatientPlaces[] = {
-    {"cbo_Sejutusha", 1, 2, 2, "担当の施術者"},
-    {"btn_StaffSelect", 1, 4, 1, "施術者を検索"},
-    {"chkEndKanja", 2, 1, 5},
+    {"chkEndKanja", 1, 1, 5},
+    {"cbo_Sejutusha", kPatientLastRow, 2, 2, "担当の施術者"},
+    {"btn_StaffSelect", kPatientLastRow, 4, 1, "施術者を検索"},
 };
-constexpr GridPlace kStaffPlaces[] = {{"chkEndSejutsuha", 1, 1, 5}};
+constexpr GridPlace kStaffPlaces[] = {{"chkEndSejutsuha", kStaffLastRow, 1, 5}};
+
+/// The boxes from which the down key goes to the list. In a drop-down list and in options it changes the choice.
+constexpr const char *kPatientBoxes[] = {"in_SiboriID", "txt_SiboriName", "txt_SiboriKana", "chkEndKanja",
+                                         "imNum_StaffNo"};
+constexpr const char *kStaffBoxes[] = {"in_SiboriID", "txt_SiboriName", "txt_SiboriKana", "chkEndSejutsuha"};
 
 constexpr int kMargin = 10;
 constexpr int kGap = 8;
@@ -58,6 +68,8 @@ void placeConditions(FormWindow &window, QGridLayout &grid, std::span<const Cond
         label->setBuddy(&box);
         box.setAccessibleName(words);
         box.setMinimumWidth(place.width * box.fontMetrics().horizontalAdvance('0'));
+        // Beside its box, also in a column that another row makes wider.
+        if (place.column > 0) label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         grid.addWidget(label, place.row, place.column);
         grid.addWidget(&box, place.row, place.column + 1);
     }
@@ -85,7 +97,18 @@ QHBoxLayout *commandRow(FormWindow &window)
     return row;
 }
 
-SearchLayout layOutCommon(FormWindow &window)
+/// The down key goes from a condition to the list, to its selected row or to its first.
+void leadToList(FormWindow &window, std::span<const char *const> conditions)
+{
+    auto &list = window.widgetAs<GridView>("spr_1ran");
+    for (const char *condition : conditions) {
+        auto *down = new QShortcut(Qt::Key_Down, &window.widget(condition)); // owned by the box
+        down->setContext(Qt::WidgetShortcut);
+        QObject::connect(down, &QShortcut::activated, &list, [&list] { list.enterByKey(); });
+    }
+}
+
+SearchLayout layOutCommon(FormWindow &window, int lastRow)
 {
     window.setOpening(FormWindow::Opening::centred, FormWindow::Sizing::free);
     auto *all = new QVBoxLayout(&window.content()); // owned by the content, as everything in it
@@ -97,7 +120,7 @@ SearchLayout layOutCommon(FormWindow &window)
     conditions->setColumnStretch(kConditionColumns, 1);
     all->addLayout(conditions);
     placeConditions(window, *conditions, kCommonConditions);
-    conditions->addWidget(&window.widget("but_Read"), 0, kConditionColumns + 1);
+    conditions->addWidget(&window.widget("but_Read"), lastRow, kConditionColumns + 1);
     window.widget("but_Read").setMinimumSize(kCommandWidth, kCommandHeight);
     all->addWidget(&window.widget("spr_1ran"), 1);
     window.widget("spr_1ran").setAccessibleName(QObject::tr("一覧"));
@@ -112,15 +135,16 @@ void placeKinds(FormWindow &window, QGridLayout &grid)
     for (const char *kind : {"opt_SejutsuKubun(0)", "opt_SejutsuKubun(1)", "opt_SejutsuKubun(2)"})
         kinds->addWidget(&window.widget(kind));
     kinds->addStretch(1);
-    grid.addLayout(kinds, 1, kConditionColumns - 1, 1, 3);
+    grid.addLayout(kinds, kPatientLastRow, kConditionColumns - 1, 1, 2);
 }
 
 } // namespace
 
 void layOutPatientSearch(FormWindow &window)
 {
-    const SearchLayout layout = layOutCommon(window);
+    const SearchLayout layout = layOutCommon(window, kPatientLastRow);
     placeConditions(window, *layout.conditions, kPatientConditions);
+    leadToList(window, kPatientBoxes);
     placeWidgets(window, *layout.conditions, kPatientPlaces);
     placeKinds(window, *layout.conditions);
     auto &info = window.widgetAs<QLabel>("lbl_1ranInf");
@@ -132,7 +156,8 @@ void layOutPatientSearch(FormWindow &window)
 
 void layOutStaffSearch(FormWindow &window)
 {
-    const SearchLayout layout = layOutCommon(window);
+    const SearchLayout layout = layOutCommon(window, kStaffLastRow);
+    leadToList(window, kStaffBoxes);
     placeWidgets(window, *layout.conditions, kStaffPlaces);
     layout.window->addLayout(commandRow(window));
     window.setPreferredSize({860, 520});

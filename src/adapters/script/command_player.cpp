@@ -34,7 +34,7 @@ public:
 protected:
     [[nodiscard]] const ScriptCommand &command() const { return m_command; }
     void refuse() { m_result = PlayResult::refused; }
-    [[noreturn]] void fail(const std::string &why) const { throw BadCommand(m_command.line, why); }
+    [[noreturn]] void fail(const std::string &why) const { throw BadScriptCommand(m_command.line, why); }
 
 private:
     [[noreturn]] void wrongKind(const Control &control) const
@@ -160,7 +160,7 @@ PlayResult playOnControl(Form &form, Control &control, const ScriptCommand &comm
     case CommandKind::state:
         break;
     }
-    throw BadCommand(command.line, "the command names no control");
+    throw BadScriptCommand(command.line, "the command names no control");
 }
 
 } // namespace inin::script

@@ -109,7 +109,7 @@ private:
     }
 
     [[nodiscard]] static std::string quoted(const std::string &key) { return "\"" + key + "\""; }
-    [[noreturn]] void fail(const std::string &why) const { throw BadCommand(m_line, why); }
+    [[noreturn]] void fail(const std::string &why) const { throw BadScriptCommand(m_line, why); }
 
     std::size_t m_line;
     const Json &m_object;
@@ -126,14 +126,14 @@ Json parse(std::size_t line, const std::string &text)
 try {
     const auto refuseDeeper = [line](int depth, Json::parse_event_t event, const Json &) {
         const bool opens = event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
-        if (opens && depth > 0) throw BadCommand(line, "a value must not be an array or an object");
+        if (opens && depth > 0) throw BadScriptCommand(line, "a value must not be an array or an object");
         return true;
     };
     Json object = Json::parse(text, refuseDeeper);
-    if (!object.is_object()) throw BadCommand(line, "a command is a JSON object");
+    if (!object.is_object()) throw BadScriptCommand(line, "a command is a JSON object");
     return object;
 } catch (const Json::exception &error) {
-    throw BadCommand(line, error.what());
+    throw BadScriptCommand(line, error.what());
 }
 
 } // namespace

@@ -13,9 +13,9 @@
 namespace inin::script {
 
 /// A command that cannot be played. It ends the play, so it is not a RuntimeError, which the program could trap.
-class BadCommand : public std::exception {
+class BadScriptCommand : public std::exception {
 public:
-    BadCommand(std::size_t line, const std::string &why) : m_text("line " + std::to_string(line) + ": " + why) {}
+    BadScriptCommand(std::size_t line, const std::string &why) : m_text("line " + std::to_string(line) + ": " + why) {}
     [[nodiscard]] const char *what() const noexcept override { return m_text.c_str(); }
 
 private:
@@ -50,7 +50,7 @@ template <class T> [[nodiscard]] std::optional<T> wholeNumber(const Json &value)
 class CommandReader {
 public:
     explicit CommandReader(std::istream &in) : m_in(in) {}
-    /// Returns nothing at the end of the input; throws BadCommand for a line that is not a command.
+    /// Returns nothing at the end of the input; throws BadScriptCommand for a line that is not a command.
     [[nodiscard]] std::optional<ScriptCommand> next();
 
 private:

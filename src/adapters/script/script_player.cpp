@@ -16,7 +16,7 @@ try {
     return kPlayedToTheEnd;
 } catch (const ScriptEnded &) {
     return kPlayedToTheEnd;
-} catch (const BadCommand &bad) {
+} catch (const BadScriptCommand &bad) {
     streams.errors << bad.what() << '\n';
     return kBadCommand;
 } catch (const UnhandledError &unhandled) {

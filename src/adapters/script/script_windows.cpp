@@ -41,7 +41,7 @@ void ScriptWindows::playNext(Form &form)
 try {
     if (const std::optional<ScriptCommand> command = m_commands.next()) return play(form, *command);
     closeAtEnd(form);
-} catch (const BadCommand &) {
+} catch (const BadScriptCommand &) {
     m_transcript.close();
     throw;
 }
@@ -67,7 +67,8 @@ void ScriptWindows::play(Form &form, const ScriptCommand &command)
 void ScriptWindows::playControl(Form &form, const ScriptCommand &command)
 {
     Control *control = form.find(command.control);
-    if (control == nullptr) throw BadCommand(command.line, form.name() + " has no control \"" + command.control + "\"");
+    if (control == nullptr)
+        throw BadScriptCommand(command.line, form.name() + " has no control \"" + command.control + "\"");
     playOn(form, *control, command);
 }
 

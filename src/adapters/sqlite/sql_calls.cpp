@@ -16,15 +16,15 @@ struct Function {
     std::string_view spelled;
     Returns returns;
 };
-constexpr std::array<Function, 9> kFunctions{{{"left", "inin_left", Returns::text},
-                                              {"substring", "SUBSTRING", Returns::text},
-                                              {"isnull", "IFNULL", Returns::argument},
-                                              {"upper", "UPPER", Returns::text},
-                                              {"lower", "LOWER", Returns::text},
-                                              {"rtrim", "RTRIM", Returns::text},
-                                              {"ltrim", "LTRIM", Returns::text},
-                                              {"max", "max", Returns::argument},
-                                              {"min", "min", Returns::argument}}};
+constexpr std::array<Function, 9> kTranslatedFunctions{{{"left", "inin_left", Returns::text},
+                                                        {"substring", "SUBSTRING", Returns::text},
+                                                        {"isnull", "IFNULL", Returns::argument},
+                                                        {"upper", "UPPER", Returns::text},
+                                                        {"lower", "LOWER", Returns::text},
+                                                        {"rtrim", "RTRIM", Returns::text},
+                                                        {"ltrim", "LTRIM", Returns::text},
+                                                        {"max", "max", Returns::argument},
+                                                        {"min", "min", Returns::argument}}};
 constexpr std::array<std::string_view, 4> kTextTypes{"varchar", "nvarchar", "char", "nchar"};
 
 /// The present local time in the format of date columns.
@@ -51,7 +51,7 @@ SqlExpression SqlRewriter::call(const Token &name, std::string path)
         SqlExpression converted = convertCall(arguments);
         if (!converted.text.empty()) return converted;
     }
-    for (const Function &function : kFunctions) {
+    for (const Function &function : kTranslatedFunctions) {
         if (!name.isWord(function.name)) continue;
         // MAX and MIN keep their spelling, the others take SQLite's.
         if (function.returns != Returns::argument || function.spelled == "IFNULL") path = function.spelled;

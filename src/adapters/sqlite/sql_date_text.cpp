@@ -16,9 +16,9 @@ struct Moment {
     std::string fraction; ///< digits after the seconds, without trailing zeros
 };
 
-class Reader {
+class DateTextReader {
 public:
-    explicit Reader(std::string_view text) : m_text(text) {}
+    explicit DateTextReader(std::string_view text) : m_text(text) {}
     [[nodiscard]] bool atEnd() const { return m_at == m_text.size(); }
     [[nodiscard]] std::size_t digitsAhead() const
     {
@@ -62,7 +62,7 @@ private:
     std::size_t m_at = 0;
 };
 
-bool readTime(Reader &reader, std::size_t hourDigits, Moment &moment)
+bool readTime(DateTextReader &reader, std::size_t hourDigits, Moment &moment)
 {
     DateParts &parts = moment.parts;
     if (!reader.number(hourDigits, 2, parts.hour) || !reader.take(':') || !reader.exactly(2, parts.minute))
@@ -83,7 +83,7 @@ std::int32_t fullYear(std::int32_t year, std::size_t digits)
     return year + (year < 50 ? 2000 : 1900);
 }
 
-bool readDay(Reader &reader, DateParts &parts)
+bool readDay(DateTextReader &reader, DateParts &parts)
 {
     const std::size_t digits = reader.digitsAhead();
     if (digits == 8)
@@ -100,7 +100,7 @@ std::optional<Moment> readLiteral(std::string_view text)
     const std::string trimmed = trim(text);
     Moment moment;
     if (trimmed.empty()) return moment;
-    Reader reader(trimmed);
+    DateTextReader reader(trimmed);
     if (!readDay(reader, moment.parts) || !isRealDay(moment.parts) || moment.parts.year < 1753) return std::nullopt;
     if (reader.atEnd()) return moment;
     if (!reader.take('T') && !reader.take(' ')) return std::nullopt;
@@ -113,7 +113,7 @@ std::optional<Moment> readColumn(std::string_view text)
 {
     Moment moment;
     DateParts &parts = moment.parts;
-    Reader reader(text);
+    DateTextReader reader(text);
     if (!reader.number(4, 4, parts.year) || !reader.take('-') || !reader.number(2, 2, parts.month) ||
         !reader.take('-') || !reader.number(2, 2, parts.day) || !isRealDay(parts))
         return std::nullopt;

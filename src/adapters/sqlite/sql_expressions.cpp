@@ -17,22 +17,22 @@ struct Comparison {
     std::string_view mirrored;
     std::string_view spelled;
 };
-constexpr std::array<Comparison, 9> kComparisons{{{"=", "=", "="},
-                                                  {"<>", "<>", "<>"},
-                                                  {"!=", "!=", "!="},
-                                                  {"<", ">", "<"},
-                                                  {">", "<", ">"},
-                                                  {"<=", ">=", "<="},
-                                                  {">=", "<=", ">="},
-                                                  {"!<", "<=", ">="},
-                                                  {"!>", ">=", "<="}}};
+constexpr std::array<Comparison, 9> kMirroredComparisons{{{"=", "=", "="},
+                                                          {"<>", "<>", "<>"},
+                                                          {"!=", "!=", "!="},
+                                                          {"<", ">", "<"},
+                                                          {">", "<", ">"},
+                                                          {"<=", ">=", "<="},
+                                                          {">=", "<=", ">="},
+                                                          {"!<", "<=", ">="},
+                                                          {"!>", ">=", "<="}}};
 
 const Comparison *comparisonOf(const Token &token)
 {
     if (token.kind != TokenKind::symbol) return nullptr;
-    const auto *found = std::find_if(kComparisons.begin(), kComparisons.end(),
+    const auto *found = std::find_if(kMirroredComparisons.begin(), kMirroredComparisons.end(),
                                      [&](const Comparison &comparison) { return comparison.symbol == token.text; });
-    return found == kComparisons.end() ? nullptr : found;
+    return found == kMirroredComparisons.end() ? nullptr : found;
 }
 
 bool isArithmetic(const Token &token)

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array<std::string_view, 16> kParameters{"?1", "?2",  "?3",  "?4",  "?5",  "?6",  "?7",  "?8",
                                                        "?9", "?10", "?11", "?12", "?13", "?14", "?15", "?16"};
-constexpr std::array<std::string_view, 7> kComparisons{"=", "<", ">", "<=", ">=", "<>", "!="};
+constexpr std::array<std::string_view, 7> kComparisonSymbols{"=", "<", ">", "<=", ">=", "<>", "!="};
 
 std::optional<std::int64_t> wholeNumber(const Token &token)
 {
@@ -25,7 +25,7 @@ std::optional<std::int64_t> wholeNumber(const Token &token)
 
 bool isComparison(const Token &token)
 {
-    for (const std::string_view symbol : kComparisons)
+    for (const std::string_view symbol : kComparisonSymbols)
         if (token.isSymbol(symbol)) return true;
     return false;
 }

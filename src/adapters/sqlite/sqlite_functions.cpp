@@ -1,9 +1,10 @@
 #include "adapters/sqlite/sqlite_functions.h"
 
-#include "adapters/sqlite/japanese_text.h"
 #include "adapters/sqlite/sql_date_text.h"
 #include "adapters/sqlite/sql_rewriter.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
+#include "suite_text/japanese_text.h"
 
 #include <sqlite3.h>
 
@@ -57,7 +58,7 @@ void like(sqlite3_context *context, int count, sqlite3_value **values)
         char32_t escape = 0;
         if (count == 3) {
             std::u32string sign;
-            decodeUtf8(textOf(values[2]), sign);
+            appendCharacters(sign, textOf(values[2]));
             if (sign.size() != 1) return sqlite3_result_error(context, "ESCAPE wants a single character", -1);
             escape = sign.front();
         }
@@ -80,7 +81,7 @@ void substring(sqlite3_context *context, int, sqlite3_value **values)
         units += start - 1;
         start = 1;
     }
-    const std::string text = soundUtf8(textOf(values[0]));
+    const std::string text = validUtf8(textOf(values[0]));
     returnText(context, units <= 0 ? std::string()
                                    : mid(text, static_cast<std::size_t>(start), static_cast<std::size_t>(units)));
 }
@@ -89,7 +90,7 @@ void leftPart(sqlite3_context *context, int, sqlite3_value **values)
 {
     const std::int64_t units = sqlite3_value_int64(values[1]);
     if (units < 0) return sqlite3_result_error(context, "the length of LEFT is negative", -1);
-    returnText(context, left(soundUtf8(textOf(values[0])), static_cast<std::size_t>(units)));
+    returnText(context, left(validUtf8(textOf(values[0])), static_cast<std::size_t>(units)));
 }
 
 void dateText(sqlite3_context *context, int, sqlite3_value **values)
@@ -102,11 +103,11 @@ struct FunctionRow {
     int arguments;
     void (*body)(sqlite3_context *, int, sqlite3_value **);
 };
-constexpr std::array<FunctionRow, 5> kFunctions{{{"like", 2, guarded<like>},
-                                                 {"like", 3, guarded<like>},
-                                                 {"substring", 3, guarded<substring>},
-                                                 {"inin_left", 2, guarded<leftPart>},
-                                                 {"inin_date_text", 2, guarded<dateText>}}};
+constexpr std::array<FunctionRow, 5> kRegisteredFunctions{{{"like", 2, guarded<like>},
+                                                           {"like", 3, guarded<like>},
+                                                           {"substring", 3, guarded<substring>},
+                                                           {"inin_left", 2, guarded<leftPart>},
+                                                           {"inin_date_text", 2, guarded<dateText>}}};
 
 template <int (*compare)(std::string_view, std::string_view)>
 int collate(void *, int aSize, const void *a, int bSize, const void *b)
@@ -123,7 +124,7 @@ int registerSqlFunctions(sqlite3 *db)
     int code = sqlite3_create_collation(db, kTextCollation.data(), SQLITE_UTF8, nullptr, collate<compareJapanese>);
     if (code == SQLITE_OK)
         code = sqlite3_create_collation(db, kDateCollation.data(), SQLITE_UTF8, nullptr, collate<compareDateTexts>);
-    for (const FunctionRow &row : kFunctions)
+    for (const FunctionRow &row : kRegisteredFunctions)
         if (code == SQLITE_OK)
             code = sqlite3_create_function(db, row.name, row.arguments, kFlags, nullptr, row.body, nullptr, nullptr);
     return code;

@@ -1,8 +1,8 @@
 #include "adapters/sqlite/sqlite_statement.h"
 
-#include "adapters/sqlite/japanese_text.h"
 #include "adapters/sqlite/sql_date_text.h"
 #include "runtime/text.h"
+#include "runtime/utf8.h"
 
 #include <sqlite3.h>
 
@@ -55,7 +55,7 @@ Variant textValue(std::string_view text, ColumnKind kind)
 {
     if (kind == ColumnKind::date)
         if (const std::optional<Date> date = dateFromColumn(text)) return *date;
-    return soundUtf8(text);
+    return validUtf8(text);
 }
 
 Variant bytesValue(sqlite3_stmt *statement, int column)

@@ -1,11 +1,11 @@
 #include "adapters/suite/suite_database.h"
 
 #include "adapters/database/ado_error.h"
+#include "adapters/database/connection_string.h"
+#include "adapters/database/forwarding_database.h"
 #include "adapters/odbc/odbc_database.h"
-#include "adapters/sqlite/connection_string.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "runtime/runtime_error.h"
-#include "runtime/text.h"
 
 namespace inin {
 
@@ -17,8 +17,7 @@ struct Providers {
 
     [[nodiscard]] Database &of(const std::string &connectionString) const
     {
-        return equalsIgnoringAsciiCase(sqlite::ConnectionString(connectionString).value("Provider"), "SQLite") ? *sqlite
-                                                                                                               : *odbc;
+        return readConnectionString(connectionString).isForSqlite() ? *sqlite : *odbc;
     }
 };
 
@@ -79,7 +78,7 @@ private:
 };
 
 /// Opens a record set of the same adapter as its connection.
-class DispatchingRecordset : public Recordset {
+class DispatchingRecordset : public ForwardingRecordset {
 public:
     void setCursorLocation(std::int32_t location) override
     {
@@ -92,31 +91,12 @@ public:
         if (State() != adStateClosed) raiseOpen();
         auto *choosing = dynamic_cast<DispatchingConnection *>(&connection);
         if (choosing == nullptr) throw RuntimeError(ado_error::badArgument, "the connection is another provider's");
-        m_inner = choosing->provider().newRecordset();
-        m_inner->setCursorLocation(m_location);
-        m_inner->Open(sql, choosing->opened(), cursorType, lockType, options);
+        forwardTo(choosing->provider().newRecordset());
+        ForwardingRecordset::setCursorLocation(m_location);
+        ForwardingRecordset::Open(sql, choosing->opened(), cursorType, lockType, options);
     }
-    void Close() override { opened().Close(); }
-    [[nodiscard]] std::int32_t State() const override { return m_inner ? m_inner->State() : adStateClosed; }
-    [[nodiscard]] bool isEndOfFile() const override { return opened().isEndOfFile(); }
-    void MoveNext() override { opened().MoveNext(); }
-    void MoveFirst() override { opened().MoveFirst(); }
-    void MoveLast() override { opened().MoveLast(); }
-    [[nodiscard]] std::int32_t RecordCount() const override { return opened().RecordCount(); }
-    [[nodiscard]] std::size_t fieldCount() const override { return opened().fieldCount(); }
-    [[nodiscard]] std::string fieldName(std::size_t index) const override { return opened().fieldName(index); }
-    [[nodiscard]] std::int32_t fieldType(std::size_t index) const override { return opened().fieldType(index); }
-    [[nodiscard]] std::size_t fieldIndex(std::string_view name) const override { return opened().fieldIndex(name); }
-    [[nodiscard]] Variant Value(std::size_t index) const override { return opened().Value(index); }
 
 private:
-    [[nodiscard]] Recordset &opened() const
-    {
-        if (!m_inner) raiseClosed();
-        return *m_inner;
-    }
-
-    std::unique_ptr<Recordset> m_inner;
     std::int32_t m_location = adUseServer;
 };
 

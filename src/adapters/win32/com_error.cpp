@@ -7,7 +7,7 @@
 #include <array>
 #include <iterator>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -89,4 +89,4 @@ void failCom(HRESULT result)
     throw RuntimeError(number, comErrorText(number));
 }
 
-} // namespace inin
+} // namespace inin::win32

@@ -4,7 +4,7 @@
 
 #include <oleauto.h>
 
-namespace inin {
+namespace inin::win32 {
 
 /// An object's own description of a failure.
 class ComException {
@@ -28,4 +28,4 @@ inline void checkCom(HRESULT result)
     if (FAILED(result)) failCom(result);
 }
 
-} // namespace inin
+} // namespace inin::win32

@@ -4,7 +4,7 @@
 
 #include <objbase.h>
 
-namespace inin {
+namespace inin::win32 {
 
 struct ReleaseCom {
     void operator()(IUnknown *object) const { object->Release(); }
@@ -12,4 +12,4 @@ struct ReleaseCom {
 /// Owns one reference to a COM object.
 template <class Interface> using ComPointer = std::unique_ptr<Interface, ReleaseCom>;
 
-} // namespace inin
+} // namespace inin::win32

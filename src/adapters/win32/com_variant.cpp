@@ -5,9 +5,8 @@
 #include "system/win32_text.h"
 
 #include <algorithm>
-#include <ranges>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -134,9 +133,8 @@ Variant heldValue(const VARIANT &value)
 
 ComVariant::ComVariant(const Variant &value) : m_value(std::visit(ComOfValue{}, value.value())) {}
 
-ComArguments::ComArguments(std::span<const Variant> arguments)
+ComArguments::ComArguments(std::span<const Variant> arguments) : m_owned(arguments.rbegin(), arguments.rend())
 {
-    for (const Variant &argument : std::views::reverse(arguments)) m_owned.emplace_back(argument);
     for (const ComVariant &owned : m_owned) m_borrowed.push_back(owned.get());
 }
 
@@ -148,4 +146,4 @@ Variant valueOfCom(VARIANT &given)
     return heldValue(value.get());
 }
 
-} // namespace inin
+} // namespace inin::win32

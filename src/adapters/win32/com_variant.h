@@ -10,7 +10,7 @@
 
 #include <oleauto.h>
 
-namespace inin {
+namespace inin::win32 {
 
 /// Owns a VARIANT and its content.
 class ComVariant {
@@ -49,4 +49,4 @@ private:
 /// that Variant cannot represent (an object, an array of anything but bytes) becomes Empty.
 [[nodiscard]] Variant valueOfCom(VARIANT &given);
 
-} // namespace inin
+} // namespace inin::win32

@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -118,9 +118,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Automation> makeSystemAutomation()
-{
-    return std::make_unique<Win32Automation>();
-}
+} // namespace inin::win32
 
-} // namespace inin
+std::unique_ptr<inin::Automation> inin::makeSystemAutomation()
+{
+    return std::make_unique<win32::Win32Automation>();
+}

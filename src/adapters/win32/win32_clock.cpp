@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -32,9 +32,9 @@ public:
 
 } // namespace
 
-std::unique_ptr<Clock> makeSystemClock()
-{
-    return std::make_unique<Win32Clock>();
-}
+} // namespace inin::win32
 
-} // namespace inin
+std::unique_ptr<inin::Clock> inin::makeSystemClock()
+{
+    return std::make_unique<win32::Win32Clock>();
+}

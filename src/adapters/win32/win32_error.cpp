@@ -7,7 +7,7 @@
 
 #include <windows.h>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -102,4 +102,4 @@ bool isReadOnlyWin32File(const std::wstring &path)
     return isWin32File(path) && (attributesOf(path).value_or(0) & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
-} // namespace inin
+} // namespace inin::win32

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace inin {
+namespace inin::win32 {
 
 /// The runtime's number for a system error that concerns the file at `path`.
 [[nodiscard]] std::int32_t fileErrorNumber(std::uint32_t systemError, const std::wstring &path);
@@ -22,4 +22,4 @@ void refuseBoxesOfTheSystem();
 /// Other files stay; so does a link that cannot be removed.
 void removeWin32Link(const std::wstring &path);
 
-} // namespace inin
+} // namespace inin::win32

@@ -1,128 +1,58 @@
 #include "adapters/native/native_platform.h"
+#include "adapters/native/open_file.h"
+#include "adapters/native/path_rules.h"
 #include "adapters/win32/win32_error.h"
 #include "runtime/runtime_error.h"
-#include "system/output_buffer.h"
 #include "system/win32_handle.h"
 #include "system/win32_path.h"
 #include "system/win32_text.h"
 
 #include <utility>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
 /// Share all access: this program and the form tool must not lock each other out of a file.
 constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
-/// The system's path of a file to open or delete. Wildcards and other characters that names cannot contain are refused
-/// before the system would accept them; a colon other than the drive's would name an alternate stream.
 std::wstring filePath(const std::string &path)
 {
-    const std::string name = path.substr(path.find_last_of("\\/") + 1);
-    if (path.empty() || path.find('\0') != std::string::npos || name.find_first_of("*?\"<>|") != std::string::npos)
-        throw RuntimeError(error_number::badFileName);
-    if (name.empty()) throw RuntimeError(error_number::pathAccess);
+    checkFilePath(path);
     return widePath(path);
 }
 
-class Win32Output : public OutputFile {
-public:
-    Win32Output(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
-    ~Win32Output() override
+struct Win32FileCalls {
+    using Handle = Win32FileHandle;
+    using Path = std::wstring;
+    using Error = DWORD;
+    static Error lastError() { return GetLastError(); }
+    static void setLastError(Error error) { SetLastError(error); }
+    [[noreturn]] static void fail(Error error, const Path &path) { failFile(error, path); }
+    static std::int64_t position(const Handle &file)
     {
-        if (m_file.isOpen()) (void)put(m_buffer.takeCutOff()); // a destructor cannot report a failure
+        LARGE_INTEGER at{};
+        return SetFilePointerEx(file.get(), {}, &at, FILE_CURRENT) != 0 ? at.QuadPart : -1;
     }
-
-    void write(std::string_view bytes) override
+    static void cutAt(const Handle &file, std::int64_t size)
     {
-        m_buffer.add(bytes);
-        if (!put(m_buffer.takeDue())) failFile(GetLastError(), m_path);
+        LARGE_INTEGER at{};
+        at.QuadPart = size;
+        if (SetFilePointerEx(file.get(), at, nullptr, FILE_BEGIN) != 0) SetEndOfFile(file.get());
     }
-
-    void close() override
-    {
-        if (!m_file.isOpen()) return;
-        const DWORD writeError = put(m_buffer.takeAll()) ? ERROR_SUCCESS : GetLastError();
-        const DWORD closeError = m_file.close() ? ERROR_SUCCESS : GetLastError();
-        if (writeError != ERROR_SUCCESS || closeError != ERROR_SUCCESS)
-            failFile(writeError != ERROR_SUCCESS ? writeError : closeError, m_path);
-    }
-
-private:
-    /// After a failure nothing more is written: the file stays as it is.
-    bool put(std::string_view bytes)
-    {
-        if (writeAll(m_file, bytes)) {
-            m_size += static_cast<LONGLONG>(bytes.size());
-            return true;
-        }
-        const DWORD error = GetLastError();
-        removeLineEnd(bytes);
-        m_buffer = {};
-        SetLastError(error);
-        return false;
-    }
-
-    /// A failed write may have stored the bytes up to the end of a line; remove that line end.
-    void removeLineEnd(std::string_view bytes) const
-    {
-        LARGE_INTEGER end{};
-        if (SetFilePointerEx(m_file.get(), {}, &end, FILE_CURRENT) == 0 || end.QuadPart <= m_size) return;
-        const std::string_view stored = bytes.substr(0, static_cast<std::size_t>(end.QuadPart - m_size));
-        end.QuadPart = m_size + static_cast<LONGLONG>(lengthWithoutLineEnd(stored));
-        if (SetFilePointerEx(m_file.get(), end, nullptr, FILE_BEGIN) != 0) SetEndOfFile(m_file.get());
-    }
-
-    Win32FileHandle m_file;
-    std::wstring m_path;
-    LONGLONG m_size = 0; ///< of what was written successfully
-    OutputBuffer m_buffer;
 };
+using Win32Output = OpenOutput<Win32FileCalls>;
+using Win32LockedOutput = OpenLockedOutput<Win32FileCalls>;
+using Win32Input = OpenInput<Win32FileCalls>;
 
-/// A file that is locked as long as its handle is open. The lock is on a single byte far beyond the content, because
-/// Windows does not let others read locked bytes.
-class Win32LockedOutput : public OutputFile {
-public:
-    Win32LockedOutput(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
-
-    static bool isLocked(const Win32FileHandle &file)
-    {
-        OVERLAPPED place{};
-        place.OffsetHigh = 0x40000000;
-        return LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) != 0;
-    }
-
-    void write(std::string_view bytes) override
-    {
-        if (!writeAll(m_file, bytes)) failFile(GetLastError(), m_path);
-    }
-
-    void close() override
-    {
-        if (m_file.isOpen() && !m_file.close()) failFile(GetLastError(), m_path);
-    }
-
-private:
-    Win32FileHandle m_file;
-    std::wstring m_path;
-};
-
-class Win32Input : public InputFile {
-public:
-    Win32Input(Win32FileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
-
-    std::string read(std::size_t size) override
-    {
-        std::string bytes;
-        if (!readUpTo(m_file, size, bytes)) failFile(GetLastError(), m_path);
-        return bytes;
-    }
-
-private:
-    Win32FileHandle m_file;
-    std::wstring m_path;
-};
+/// The lock lasts as long as the handle is open. It is on a single byte far beyond the content, because Windows does
+/// not let others read locked bytes.
+bool isLocked(const Win32FileHandle &file)
+{
+    OVERLAPPED place{};
+    place.OffsetHigh = 0x40000000;
+    return LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) != 0;
+}
 
 struct CloseSearch {
     void operator()(void *search) const { FindClose(search); }
@@ -173,7 +103,7 @@ public:
         Win32FileHandle handle(
             CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!handle.isOpen()) return {};
-        if (!Win32LockedOutput::isLocked(handle)) {
+        if (!isLocked(handle)) {
             const DWORD error = GetLastError();
             const bool isBusy = error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING;
             return {isBusy ? State::busy : State::unavailable, nullptr};
@@ -246,9 +176,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Files> makeSystemFiles(std::string applicationFolder)
-{
-    return std::make_unique<Win32Files>(std::move(applicationFolder));
-}
+} // namespace inin::win32
 
-} // namespace inin
+std::unique_ptr<inin::Files> inin::makeSystemFiles(std::string applicationFolder)
+{
+    return std::make_unique<win32::Win32Files>(std::move(applicationFolder));
+}

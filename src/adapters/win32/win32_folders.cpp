@@ -1,4 +1,5 @@
 #include "adapters/native/native_platform.h"
+#include "adapters/native/path_rules.h"
 #include "adapters/win32/win32_error.h"
 #include "runtime/runtime_error.h"
 #include "system/win32_path.h"
@@ -8,7 +9,7 @@
 
 #include <windows.h>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -63,17 +64,6 @@ std::wstring driveOf(const std::wstring &folder)
     return folder.substr(0, share) + L"\\";
 }
 
-std::vector<FolderPlace> placesAbove(const std::wstring &drive, const std::wstring &folder)
-{
-    std::vector<FolderPlace> places{{utf8FromWide(drive), utf8FromWide(drive)}};
-    for (std::size_t at = drive.size(); at < folder.size();) {
-        const std::size_t end = std::min(folder.find(L'\\', at), folder.size());
-        places.push_back({utf8FromWide(folder.substr(at, end - at)), utf8FromWide(folder.substr(0, end))});
-        at = end + 1;
-    }
-    return places;
-}
-
 /// Hide hidden and system folders.
 std::vector<FolderPlace> placesInside(const std::wstring &folder)
 {
@@ -115,16 +105,16 @@ public:
     FolderContents open(const std::string &path) override
     {
         const std::wstring folder = wholeFolder(path);
-        const std::wstring drive = driveOf(folder);
-        return {utf8FromWide(drive), placesAbove(drive, folder), placesInside(folder)};
+        const std::string drive = utf8FromWide(driveOf(folder));
+        return {drive, placesAbove(drive, utf8FromWide(folder), '\\'), placesInside(folder)};
     }
 };
 
 } // namespace
 
-std::unique_ptr<Folders> makeSystemFolders()
-{
-    return std::make_unique<Win32Folders>();
-}
+} // namespace inin::win32
 
-} // namespace inin
+std::unique_ptr<inin::Folders> inin::makeSystemFolders()
+{
+    return std::make_unique<win32::Win32Folders>();
+}

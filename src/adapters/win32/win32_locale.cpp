@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -25,9 +25,9 @@ public:
 
 } // namespace
 
-std::unique_ptr<Locale> makeSystemLocale()
-{
-    return std::make_unique<Win32Locale>();
-}
+} // namespace inin::win32
 
-} // namespace inin
+std::unique_ptr<inin::Locale> inin::makeSystemLocale()
+{
+    return std::make_unique<win32::Win32Locale>();
+}

@@ -13,7 +13,7 @@
 
 #include <shellapi.h>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -98,6 +98,20 @@ std::optional<DeepProgram> deepProgramOf(const std::string &commandLine)
     return std::nullopt;
 }
 
+/// The file with this name in the folders that the system searches for programs; empty if there is none.
+std::wstring foundFile(const std::wstring &name)
+{
+    std::wstring path(SearchPathW(nullptr, name.c_str(), L".exe", 0, nullptr, nullptr), L'\0');
+    path.resize(SearchPathW(nullptr, name.c_str(), L".exe", static_cast<DWORD>(path.size()), path.data(), nullptr));
+    return path;
+}
+
+bool isProgram(const std::wstring &path)
+{
+    DWORD kind = 0;
+    return !path.empty() && GetBinaryTypeW(path.c_str(), &kind) != 0;
+}
+
 class Win32Processes : public Processes {
 public:
     explicit Win32Processes(std::function<void()> end) : m_end(std::move(end)) {}
@@ -139,9 +153,15 @@ private:
 
 } // namespace
 
-std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end)
+} // namespace inin::win32
+
+std::unique_ptr<inin::Processes> inin::makeSystemProcesses(std::function<void()> end)
 {
-    return std::make_unique<Win32Processes>(std::move(end));
+    return std::make_unique<win32::Win32Processes>(std::move(end));
 }
 
-} // namespace inin
+bool inin::canStart(const std::string &folder, const std::string &name)
+{
+    using namespace win32;
+    return isProgram(widePath(folder + "\\" + name)) || isProgram(foundFile(wideFromUtf8(name)));
+}

@@ -13,7 +13,7 @@
 #include <limits>
 #include <vector>
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -121,9 +121,9 @@ std::unique_ptr<Profile> makeCalledProfile()
     return std::make_unique<CalledProfile>();
 }
 
-std::unique_ptr<Profile> makeSystemProfile()
-{
-    return std::make_unique<Win32Profile>();
-}
+} // namespace inin::win32
 
-} // namespace inin
+std::unique_ptr<inin::Profile> inin::makeSystemProfile()
+{
+    return std::make_unique<win32::Win32Profile>();
+}

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-namespace inin {
+namespace inin::win32 {
 
 // The profile port has two implementations. Usually the platform's ANSI calls do the work, as in the suite's other
 // programs. They lose a path beyond the classic limit and replace a character outside the code page by "?"; 8.3 names
@@ -22,4 +22,4 @@ namespace inin {
 /// An argument in the ANSI code page; a missing one stays missing.
 [[nodiscard]] std::optional<std::string> ansiArgument(const Profile::Text &text);
 
-} // namespace inin
+} // namespace inin::win32

@@ -7,7 +7,7 @@
 #include "system/win32_text.h"
 #include "system/windows_names.h"
 
-namespace inin {
+namespace inin::win32 {
 
 namespace {
 
@@ -98,4 +98,4 @@ std::unique_ptr<Profile> makeProfileByBytes()
     return std::make_unique<ProfileByBytes>();
 }
 
-} // namespace inin
+} // namespace inin::win32

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/qt/japanese_font.h"
+#include "adapters/qt/font_reading.h"
 #include "adapters/qt/qt_message_boxes.h"
 #include "adapters/qt/qt_windows.h"
 #include "platform/platform.h"

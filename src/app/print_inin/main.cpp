@@ -5,12 +5,11 @@
 #include "adapters/native/native_platform.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/system_words.h"
-#include "adapters/qt/theme.h"
-#include "adapters/qt/toolkit_words.h"
 #include "adapters/qt/window_application.h"
-#include "adapters/script/recording_database.h"
 #include "adapters/script/recording_ports.h"
 #include "app/print_inin/desktop.h"
+#include "desktop_theme/theme.h"
+#include "desktop_theme/toolkit_words.h"
 #include "runtime/runtime_error.h"
 #include "shell/error_box.h"
 #include "shell/start.h"
@@ -114,8 +113,8 @@ try {
     application.onFault = [&edge](std::exception_ptr fault) { edge.keep(std::move(fault)); };
     QApplication::setQuitOnLastWindowClosed(false); // the program's unload decides when to quit
     QApplication::setApplicationDisplayName({});
-    inin::qt::applyTheme(application);
-    inin::qt::useJapaneseWords(application);
+    inin::theme::applyTheme(application);
+    inin::theme::useJapaneseWords(application);
     return inin::run(edge);
 } catch (const std::exception &fault) {
     std::fprintf(stderr, "PrintInin: %s\n", fault.what());

@@ -5,6 +5,7 @@
 //   of the viewer would need the viewer's libraries in each site. Without that file it copies the command script given
 //   after "/c" to NAME.WfdCom.dat beside itself.
 
+#include <cstddef>
 #include <string>
 
 #include <windows.h>
@@ -105,7 +106,7 @@ std::wstring viewerNamedBy(const std::wstring &note)
 {
     const FileHandle file(note, GENERIC_READ, OPEN_EXISTING);
     if (!file.isOpen()) return {};
-    std::string text(3 * kLongestPath, '\0');
+    std::string text(std::size_t{3} * kLongestPath, '\0');
     DWORD count = 0;
     if (ReadFile(file.get(), text.data(), static_cast<DWORD>(text.size()), &count, nullptr) == 0) return {};
     text.resize(count);

@@ -1,6 +1,6 @@
 // How FreeTDS reads our connection strings and reports errors, tested with a peer that speaks the server's protocol.
 
-#include "adapters/odbc/connection_text.h"
+#include "adapters/database/connection_string.h"
 #include "adapters/odbc/driver_stage.h"
 #include "adapters/odbc/tds_peer.h"
 

@@ -153,6 +153,17 @@ TEST_CASE("a blank that this scanner does not treat as one is refused")
     }
 }
 
+TEST_CASE("an overlong form is refused, whatever it would encode")
+{
+    constexpr std::string_view kBlank = "\xE0\x80\xA0", kComma = "\xF0\x80\x80\xAC", kKana = "\xF0\x83\x82\xAB",
+                               kNul{"\xE0\x80\x80"};
+    for (const std::string_view overlong : {kBlank, kComma, kKana, kNul}) {
+        CAPTURE(overlong);
+        CHECK_FALSE(isAccepted("SELECT a" + std::string(overlong) + "b FROM t"));
+        CHECK_FALSE(isAccepted("SELECT 1" + std::string(overlong) + "DELETE FROM t"));
+    }
+}
+
 TEST_CASE("a comment with an ambiguous end is refused")
 {
     for (const char *end : {"\r", "\v", "\f", "\u0085", "\u2028", "\u2029"}) {

@@ -1,6 +1,6 @@
 #include "adapters/odbc/tds_peer.h"
 
-#include "adapters/odbc/utf16.h"
+#include "runtime/utf8.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -34,21 +34,21 @@ std::uint64_t number(const std::string &bytes, std::size_t at, std::size_t count
 std::string wide(std::string_view text)
 {
     std::string bytes;
-    for (const char16_t unit : odbc::utf16FromUtf8(text)) bytes += little(unit, 2);
+    for (const char16_t unit : utf16FromUtf8(text)) bytes += little(unit, 2);
     return bytes;
 }
 
 /// A text preceded by its number of characters in `count` bytes.
 std::string counted(std::string_view text, int count)
 {
-    return little(odbc::utf16FromUtf8(text).size(), count) + wide(text);
+    return little(utf16FromUtf8(text).size(), count) + wide(text);
 }
 
 std::string narrow(const std::string &bytes)
 {
     std::u16string units;
     for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) units += static_cast<char16_t>(number(bytes, at, 2));
-    return odbc::utf8FromUtf16(units);
+    return utf8FromUtf16(units);
 }
 
 std::string done(std::uint16_t status, std::uint64_t rows)

@@ -1,3 +1,4 @@
+#include "adapters/native/native_platform.h"
 #include "adapters/posix/command_line.h"
 
 #include "search_path.h"
@@ -10,6 +11,7 @@
 #include <sys/stat.h>
 
 using namespace inin;
+using namespace inin::posix;
 
 namespace {
 
@@ -150,6 +152,19 @@ TEST_CASE("arguments are split at blanks outside quotes")
     CHECK(argumentsOf("plain \"a b\" c\" \"d \"\"") == Arguments{"a b", "c d", ""});
     CHECK(argumentsOf("plain \"open end") == Arguments{"open end"});
     CHECK(argumentsOf("plain $HOME `id` ;x *") == Arguments{"$HOME", "`id`", ";x", "*"});
+}
+
+TEST_CASE_FIXTURE(
+    Programs, "a program can be started from a site that is not the current folder, as a command line finds it there")
+{
+    const CurrentFolder elsewhere(onPath.folder());
+    CHECK(canStart(here.path(), "Main.exe"));
+    CHECK(canStart(here.path(), "MAIN"));
+    CHECK(canStart(here.path(), "plain.exe"));
+    CHECK(canStart(here.path(), "wfrfv10.exe")); // in PATH
+    CHECK_FALSE(canStart(here.path(), "data.exe"));
+    CHECK_FALSE(canStart(here.path(), "folder.exe"));
+    CHECK_FALSE(canStart(here.path(), "missing.exe"));
 }
 
 TEST_CASE("a path argument gets slashes, any other keeps its backslashes")

@@ -31,7 +31,7 @@ std::int32_t openInputError(const std::string &path)
     return errorOf([&] { return makeSystemFiles("/")->openForInput(path); });
 }
 
-std::int32_t removeError(const std::string &path)
+std::int32_t removalError(const std::string &path)
 {
     return errorOf([&] { makeSystemFiles("/")->remove(path); });
 }
@@ -66,8 +66,8 @@ TEST_CASE("denied access to a folder is error 75, to a file error 70")
     chmod((folder / "secret").c_str(), 0000);
     chmod(folder.path().c_str(), 0555);
     const std::string result = asOrdinaryUser([&] {
-        return std::to_string(openOutputError(folder / "new")) + " " + std::to_string(removeError(folder / "x")) + " " +
-               std::to_string(openInputError(folder / "secret")) + " " +
+        return std::to_string(openOutputError(folder / "new")) + " " + std::to_string(removalError(folder / "x")) +
+               " " + std::to_string(openInputError(folder / "secret")) + " " +
                std::to_string(openOutputError(folder / "secret"));
     });
     CHECK(result == "75 70 70 70");
@@ -78,7 +78,7 @@ TEST_CASE("a writable file that its folder does not allow to be deleted is error
     const TempFolder folder;
     chmod(folder.put("x", "old").c_str(), 0666);
     chmod(folder.path().c_str(), 0555);
-    CHECK(asOrdinaryUser([&] { return std::to_string(removeError(folder / "x")); }) == "75");
+    CHECK(asOrdinaryUser([&] { return std::to_string(removalError(folder / "x")); }) == "75");
 }
 
 TEST_CASE("too many open files are error 67")
@@ -195,7 +195,7 @@ TEST_CASE("another user's file in a shared folder is replaced by a file of this 
     for (const char *name : {"a", "b"}) chmod(folder.put(name, "root's").c_str(), 0666);
     chmod(folder.path().c_str(), 0777);
     const std::string result = asOrdinaryUser([&] {
-        const std::int32_t removed = removeError(folder / "a");
+        const std::int32_t removed = removalError(folder / "a");
         makeSystemFiles("/")->openForOutput(folder / "b")->write("new");
         return std::to_string(removed);
     });
@@ -259,7 +259,7 @@ TEST_CASE("a link to a read-only file can be removed")
     const TempFolder folder;
     folder.putReadOnly("target", "kept");
     std::filesystem::create_symlink(folder / "target", folder / "link");
-    CHECK(removeError(folder / "link") == 0);
+    CHECK(removalError(folder / "link") == 0);
     CHECK(folder.bytes("target") == "kept");
 }
 

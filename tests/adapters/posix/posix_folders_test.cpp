@@ -11,6 +11,7 @@
 #include <vector>
 
 using namespace inin;
+using namespace inin::posix;
 
 namespace {
 
@@ -27,7 +28,7 @@ struct FoldersFixture {
     void makeFolder(const std::string &name) const { std::filesystem::create_directories(temp / name); }
 };
 
-Texts namesOf(const std::vector<FolderPlace> &places)
+Texts placeNames(const std::vector<FolderPlace> &places)
 {
     Texts names;
     for (const FolderPlace &place : places) names.push_back(place.name);
@@ -87,9 +88,9 @@ TEST_CASE("a folder has the path from its drive and its subfolders by name")
     const FolderContents contents = folders->open(fixture.temp / "disk/写真");
 
     CHECK(contents.drive == fixture.temp / "disk");
-    CHECK(namesOf(contents.above) == Texts{fixture.temp / "disk", "写真"});
+    CHECK(placeNames(contents.above) == Texts{fixture.temp / "disk", "写真"});
     CHECK(contents.above.back().path == fixture.temp / "disk/写真");
-    CHECK(namesOf(contents.inside) == Texts{"A", "a", "b", "link", "令和"});
+    CHECK(placeNames(contents.inside) == Texts{"A", "a", "b", "link", "令和"});
     CHECK(contents.inside[2].path == fixture.temp / "disk/写真/b");
 }
 

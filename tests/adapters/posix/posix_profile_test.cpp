@@ -23,7 +23,7 @@ using namespace std::string_literals;
 
 namespace {
 
-mode_t modeOf(const std::string &path)
+mode_t permissionsOf(const std::string &path)
 {
     struct stat status {};
     REQUIRE(lstat(path.c_str(), &status) == 0);
@@ -41,7 +41,7 @@ TEST_CASE("a write replaces the file, keeps its permissions and leaves no other 
     CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
 
     CHECK(folder.bytes("x.ini") == "[s]\r\nk=new\r\n");
-    CHECK(modeOf(path) == 0640);
+    CHECK(permissionsOf(path) == 0640);
     CHECK(folder.entries() == 1);
 }
 
@@ -124,7 +124,7 @@ TEST_CASE("a write keeps a file readable by its owner only")
 
     CHECK(makeSystemProfile()->WritePrivateProfileString("s", "k", "new", path) == 1);
 
-    CHECK(modeOf(path) == 0600);
+    CHECK(permissionsOf(path) == 0600);
 }
 
 TEST_CASE("a write removes the unfinished file that a killed process left in the folder")
@@ -147,7 +147,7 @@ TEST_CASE("a new profile has the rights that the process's mask leaves")
     umask(mask);
 
     CHECK(written == 1);
-    CHECK(modeOf(folder / "new.ini") == 0644);
+    CHECK(permissionsOf(folder / "new.ini") == 0644);
 }
 
 TEST_CASE("a signal that ends the program during a write leaves the old file and no other")

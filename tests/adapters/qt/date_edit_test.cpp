@@ -11,6 +11,8 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QPointer>
+#include <QPushButton>
+#include <QToolButton>
 #include <QToolTip>
 #include <QtTest/QTest>
 
@@ -62,12 +64,19 @@ struct Box {
     std::vector<Variant> edits;
 };
 
+QFrame &openPopup(Box &box)
+{
+    // A closed calendar is deleted with the next event.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    box.key(Qt::Key_Down, Qt::AltModifier);
+    auto *popup = box.edit.findChild<QFrame *>("calendar");
+    REQUIRE(popup != nullptr);
+    return *popup;
+}
+
 CalendarPopup &openCalendar(Box &box)
 {
-    box.key(Qt::Key_Down, Qt::AltModifier);
-    auto *calendar = box.edit.findChild<QFrame *>("calendar");
-    REQUIRE(calendar != nullptr);
-    return dynamic_cast<CalendarPopup &>(*calendar);
+    return dynamic_cast<CalendarPopup &>(openPopup(box));
 }
 
 } // namespace
@@ -256,6 +265,68 @@ TEST_CASE("the calendar shows the era and the western year, and the return key p
                     Qt::Key_Return);
     CHECK(box.shown() == "平成 31年04月30日");
     CHECK(box.edits.back() == Variant(day(2019, 4, 30)));
+}
+
+TEST_CASE("the button below the calendar picks today, by mouse and by key")
+{
+    Box box;
+    QTest::mouseClick(openCalendar(box).findChild<QPushButton *>("calendarToday"), Qt::LeftButton);
+    CHECK(box.edits.back() == Variant(day(2026, 11, 20)));
+    box.edit.setValue(day(2026, 3, 1));
+    auto *today = openCalendar(box).findChild<QPushButton *>("calendarToday");
+    CHECK(fromQt(today->text()) == "今日");
+    QTest::keyClick(today, Qt::Key_Return);
+    CHECK(box.shown() == "令和 08年11月20日");
+}
+
+TEST_CASE("a box for months opens the months of the year, and a click picks one")
+{
+    Box box("ggg ee年mm月");
+    QFrame &months = openPopup(box);
+    CHECK(fromQt(months.findChild<QLabel *>("calendarTitle")->text()) == "令和8年（2026年）");
+    CHECK(fromQt(months.findChild<QPushButton *>("calendarToday")->text()) == "今月");
+    CHECK(months.findChild<QToolButton *>("month11")->isChecked());
+    QTest::mouseClick(months.findChild<QToolButton *>("month4"), Qt::LeftButton);
+    CHECK(box.shown() == "令和 08年04月");
+    CHECK(box.edits.back() == Variant(day(2026, 4, 1)));
+}
+
+TEST_CASE("the months are picked by the arrow keys, over the end of the year too")
+{
+    Box box("ggg ee年mm月");
+    QFrame &months = openPopup(box);
+    const auto key = [&](Qt::Key code) { QTest::keyClick(months.focusProxy(), code); };
+    key(Qt::Key_Right);
+    CHECK(months.focusProxy()->objectName() == "month12");
+    key(Qt::Key_Right);
+    CHECK(fromQt(months.findChild<QLabel *>("calendarTitle")->text()) == "令和9年（2027年）");
+    key(Qt::Key_Down);
+    key(Qt::Key_PageUp);
+    key(Qt::Key_Return);
+    CHECK(box.edits.back() == Variant(day(2026, 5, 1)));
+}
+
+TEST_CASE("the months before the first era cannot be picked")
+{
+    Box box("ggg ee年mm月");
+    box.edit.setValue(day(1868, 2, 1));
+    QFrame &months = openPopup(box);
+    CHECK_FALSE(months.findChild<QToolButton *>("month1")->isEnabled());
+    CHECK(months.findChild<QToolButton *>("month2")->isEnabled());
+    QTest::keyClick(months.focusProxy(), Qt::Key_PageUp);
+    CHECK(fromQt(months.findChild<QLabel *>("calendarTitle")->text()) == "明治元年（1868年）");
+    QTest::keyClick(months.focusProxy(), Qt::Key_Left);
+    QTest::keyClick(months.focusProxy(), Qt::Key_Return);
+    CHECK(box.edits.empty());
+    CHECK(box.shown() == "明治 01年02月");
+}
+
+TEST_CASE("the button below the months picks the first day of this month")
+{
+    Box box("ggg ee年mm月");
+    box.edit.setValue(day(2019, 4, 1));
+    QTest::mouseClick(openPopup(box).findChild<QPushButton *>("calendarToday"), Qt::LeftButton);
+    CHECK(box.edits.back() == Variant(day(2026, 11, 1)));
 }
 
 TEST_CASE("escape closes the calendar and changes nothing")

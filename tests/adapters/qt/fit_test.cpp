@@ -1,4 +1,5 @@
-// The size of the windows on the screen, at the scale set by QT_SCALE_FACTOR.
+// The size of the windows on the screen, at the scale set by QT_SCALE_FACTOR. The test suite "screens" also runs on the
+// screens that CMakeLists.txt lists.
 
 #include "adapters/qt/qt_window_set.h"
 
@@ -42,3 +43,71 @@ TEST_CASE("a window that scrolls vertically does not scroll horizontally if the 
         CHECK(window.findChild<QScrollArea *>()->horizontalScrollBar()->maximum() == 0);
     });
 }
+
+TEST_SUITE_BEGIN("screens");
+
+namespace {
+
+bool isWhole(const QWidget &widget)
+{
+    return widget.visibleRegion().boundingRect() == widget.rect();
+}
+
+/// The screens of the ordinary test runs are smaller than any that the program supports.
+bool isTooSmall()
+{
+    constexpr int kLeastWidth = 960; // logical pixels, of 1920 at 200 %
+    return QApplication::primaryScreen()->availableGeometry().width() < kLeastWidth;
+}
+
+} // namespace
+
+TEST_CASE("the conditions screen with its title bar fits on the screen, and its command buttons are whole")
+{
+    if (isTooSmall()) return;
+    const WindowSet set;
+    FormWindow &window = *set.print;
+    window.open();
+    constexpr int kTitleBar = 40;
+    CHECK(window.height() + kTitleBar <= window.screen()->availableGeometry().height());
+    CHECK(window.width() <= window.screen()->availableGeometry().width());
+    for (const char *command : {"btnPrint(0)", "btnPrint(1)", "btnPrint(6)"}) {
+        CAPTURE(command);
+        CHECK(isWhole(window.widget(command)));
+    }
+}
+
+TEST_CASE("every control of the conditions screen is whole when it has the focus")
+{
+    if (isTooSmall()) return;
+    const WindowSet set;
+    FormWindow &window = *set.print;
+    window.open();
+    int seen = 0;
+    for (const Control *control : window.form().controls()) {
+        const QWidget *widget = window.mirror().widgetOf(*control);
+        if (widget == nullptr || control->TabIndex < 0 || !widget->isVisible() || !widget->isEnabled()) continue;
+        window.moveFocus(*control);
+        QApplication::processEvents();
+        CAPTURE(control->name());
+        CHECK(isWhole(*widget));
+        ++seen;
+    }
+    CHECK(seen > 20);
+}
+
+TEST_CASE("the list and the command buttons of the search windows are whole")
+{
+    if (isTooSmall()) return;
+    const WindowSet set;
+    for (FormWindow *window : {set.patient.get(), set.staff.get()}) {
+        window->open();
+        QApplication::processEvents();
+        for (const char *control : {"spr_1ran", "but_Read", "but_Act(0)", "but_Act(1)"}) {
+            CAPTURE(control);
+            CHECK(isWhole(window->widget(control)));
+        }
+    }
+}
+
+TEST_SUITE_END();

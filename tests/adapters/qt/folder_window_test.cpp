@@ -1,7 +1,7 @@
 // The folder selection, operated by mouse and keys.
 
 #include "adapters/qt/qt_window_set.h"
-#include "common/select_folder.h"
+#include "common/folder_form.h"
 #include "runtime/runtime_error.h"
 
 #include <doctest/doctest.h>
@@ -47,7 +47,7 @@ struct Selection {
     }
 };
 
-QStringList textsOf(const QListWidget &list)
+QStringList trimmedTextsOf(const QListWidget &list)
 {
     QStringList texts;
     for (int row = 0; row < list.count(); ++row) texts.append(list.item(row)->text().trimmed());
@@ -61,7 +61,7 @@ TEST_CASE("a click selects a folder, a double click and the return key open it")
     Selection selection;
     selection.run({
         [&] {
-            CHECK(textsOf(selection.list()) == QStringList{"C:\\", "SUITE", "TMP", "DATA"});
+            CHECK(trimmedTextsOf(selection.list()) == QStringList{"C:\\", "SUITE", "TMP", "DATA"});
             CHECK(selection.list().currentRow() == 1);
             selection.click(2);
             CHECK(selection.form().dilFolder.ListIndex == 2);
@@ -70,7 +70,7 @@ TEST_CASE("a click selects a folder, a double click and the return key open it")
         [&] { selection.doubleClick(2); },
         [&] {
             CHECK(selection.form().dilFolder.Path() == "C:\\SUITE\\TMP");
-            CHECK(textsOf(selection.list()) == QStringList{"C:\\", "SUITE", "TMP"});
+            CHECK(trimmedTextsOf(selection.list()) == QStringList{"C:\\", "SUITE", "TMP"});
             CHECK(selection.list().currentRow() == 2);
             selection.click(0);
             QTest::keyClick(&selection.list(), Qt::Key_Return);
@@ -90,7 +90,7 @@ TEST_CASE("another drive shows its folders, and the cancel button changes nothin
             auto &drives = selection.top().widgetAs<QComboBox>("drlDrive");
             drives.setFocus();
             QTest::keyClick(&drives, Qt::Key_Down);
-            CHECK(textsOf(selection.list()) == QStringList{"D:\\", QString::fromUtf8("写真")});
+            CHECK(trimmedTextsOf(selection.list()) == QStringList{"D:\\", QString::fromUtf8("写真")});
         },
         [&] { selection.press("cmdCancel"); },
     });
@@ -130,7 +130,7 @@ TEST_CASE("a folder is indented below its parent")
 TEST_CASE("the version window shows its lines, its name in a box and its picture at full width")
 {
     const WindowSet set;
-    CHECK(textsOf(set.version->widgetAs<QListWidget>("lstVer")) == QStringList{"Ver 3.14:", "2026/11/01:"});
+    CHECK(trimmedTextsOf(set.version->widgetAs<QListWidget>("lstVer")) == QStringList{"Ver 3.14:", "2026/11/01:"});
     CHECK(set.version->windowTitle() == "System Version.");
     const QWidget &picture = set.version->widget("PicTitle");
     CHECK(picture.width() == set.version->content().width());

@@ -2,9 +2,9 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
-#include "adapters/qt/japanese_font.h"
-#include "adapters/qt/theme.h"
+#include "adapters/qt/font_reading.h"
 #include "adapters/qt/window_application.h"
+#include "desktop_theme/theme.h"
 
 #include <cstdio>
 
@@ -24,7 +24,7 @@ int main(int argc, char **argv)
     qInstallMessageHandler(passOn);
     inin::qt::WindowApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    inin::qt::applyTheme(application);
+    inin::theme::applyTheme(application);
     inin::qt::FontReading().finish();
     doctest::Context context(argc, argv);
     return context.run();

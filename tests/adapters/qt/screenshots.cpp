@@ -3,14 +3,15 @@
 
 #include "adapters/native/native_platform.h"
 #include "adapters/qt/date_edit.h"
-#include "adapters/qt/japanese_font.h"
+#include "adapters/qt/font_reading.h"
 #include "adapters/qt/qt_text.h"
-#include "adapters/qt/theme.h"
 #include "adapters/qt/units.h"
 #include "adapters/qt/window_fixture.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/suite/data_source.h"
 #include "common/folder_form.h"
+#include "desktop_theme/application_icon.h"
+#include "desktop_theme/theme.h"
 #include "shell/start.h"
 #include "shell/version_form.h"
 #include "shell/wait_form.h"
@@ -62,7 +63,8 @@ private:
         m_turns.then([this] { click("optPrint(0)"); });
         m_turns.then([this] { typeWrongDate(); });
         m_turns.then([this] { takeTop("conditions-unreadable-date"); });
-        m_turns.then([this] { openCalendar(); });
+        m_turns.then([this] { takeCalendar("imSetDateFrom", "calendar"); });
+        m_turns.then([this] { takeCalendar("imD_Out", "calendar-months"); });
         m_turns.then([this] { click("btn_StaffSelect"); });
         m_turns.then([this] {
             takeTop("staff-search");
@@ -104,12 +106,12 @@ private:
         QTest::keyClicks(&box, "R8.11.31");
         box.commit();
     }
-    void openCalendar()
+    void takeCalendar(const char *control, const std::string &name)
     {
-        auto &box = top().widgetAs<DateEdit>("imSetDateFrom");
+        auto &box = top().widgetAs<DateEdit>(control);
         box.openCalendar();
         auto *calendar = box.findChild<QFrame *>("calendar");
-        take(*calendar, "calendar");
+        take(*calendar, name);
         calendar->close();
     }
     void chooseRow() { top().widgetAs<QTableView>("spr_1ran").selectRow(3); }
@@ -166,6 +168,16 @@ private:
     std::string m_ending;
 };
 
+/// The icon of the programs, for the files of the Windows programs.
+void saveIcons(const QString &folder)
+{
+    for (const int side : {16, 24, 32, 48, 64, 256}) {
+        const QString file = QStringLiteral("%1/icon-%2.png").arg(folder).arg(side, 3, 10, QLatin1Char('0'));
+        if (!theme::applicationIcon().pixmap(QSize(side, side), 1.0).save(file))
+            std::fprintf(stderr, "cannot write %s\n", fromQt(file).c_str());
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -179,11 +191,12 @@ int main(int argc, char **argv)
         return 2;
     }
     const bool dark = arguments.contains("--dark");
-    if (dark) QApplication::setPalette(darkPalette());
-    applyTheme(application);
+    if (dark) QApplication::setPalette(theme::darkPalette());
+    theme::applyTheme(application);
     FontReading().finish();
     const std::string scale = fromQt(qEnvironmentVariable("QT_SCALE_FACTOR", "1"));
     const std::string ending = (scale == "1" ? "" : "@" + scale + "x") + (dark ? std::string("-dark") : "");
+    if (ending.empty()) saveIcons(arguments[2]); // before the program changes the current folder
     Photographer(std::filesystem::canonical(fromQt(arguments[1])),
                  std::filesystem::absolute(fromQt(arguments[2])).string(), ending)
         .run();

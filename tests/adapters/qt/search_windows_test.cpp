@@ -1,9 +1,11 @@
 // The search windows over the conditions screen, operated by mouse and keys in a fake world.
 
 #include "adapters/qt/working_program.h"
+#include "screen/grid.h"
 
 #include <QCloseEvent>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTableView>
@@ -105,6 +107,79 @@ TEST_CASE("the return key moves through the boxes of a search window and does no
     std::string path;
     for (const std::string &stop : walked) path += stop + " ";
     CHECK(path == "in_SiboriID txt_SiboriName txt_SiboriKana chkEndSejutsuha but_Read but_Read ");
+}
+
+TEST_CASE("the down key goes from a condition to the list and selects its first row, a selected row stays selected")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        const auto &grid = dynamic_cast<const Grid &>(*program.top().form().find("spr_1ran"));
+        for (const char *box : {"in_SiboriID", "txt_SiboriName", "txt_SiboriKana", "chkEndKanja", "imNum_StaffNo"}) {
+            CAPTURE(box);
+            program.widget(box).setFocus();
+            program.key(Qt::Key_Down);
+            CHECK(program.focused() == "spr_1ran");
+            CHECK(grid.ActiveRow == 1);
+        }
+        program.key(Qt::Key_Down);
+        program.widget("txt_SiboriName").setFocus();
+        program.key(Qt::Key_Down);
+        CHECK(grid.ActiveRow == 2);
+        program.key(Qt::Key_F5);
+    });
+    program.act([&] { CHECK(program.form.imNum_CD.Value.get() == Variant(std::int32_t{22})); });
+    CHECK(program.runs());
+}
+
+TEST_CASE("the tab key walks through the search windows row by row, from left to right")
+{
+    Program program;
+    const auto walksByEye = [&] {
+        program.widget("in_SiboriID").setFocus();
+        const QWidget *before = program.top().focusWidget();
+        while (program.focused() != "spr_1ran") {
+            program.key(Qt::Key_Tab);
+            const QWidget *now = program.top().focusWidget();
+            const QRect last(before->mapTo(&program.top(), QPoint()), before->size());
+            const QRect next(now->mapTo(&program.top(), QPoint()), now->size());
+            CAPTURE(program.focused());
+            CHECK((next.left() > last.right() || next.top() > last.bottom()));
+            before = now;
+        }
+    };
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        walksByEye();
+        program.key(Qt::Key_F12);
+    });
+    program.act([&] { program.click("btn_StaffSelect"); });
+    program.act([&] {
+        walksByEye();
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("the label of each condition is next to its box")
+{
+    Program program;
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        int labels = 0;
+        for (const QLabel *label : program.top().findChildren<QLabel *>()) {
+            const QWidget *box = label->buddy();
+            if (box == nullptr) continue;
+            ++labels;
+            CAPTURE(fromQt(label->text()));
+            const int end = label->geometry().left() +
+                            (label->alignment() & Qt::AlignRight ? label->width() : label->sizeHint().width());
+            CHECK(box->geometry().left() - end < 40);
+        }
+        CHECK(labels == 4);
+        program.key(Qt::Key_F12);
+    });
+    CHECK(program.runs());
 }
 
 TEST_CASE("a megabyte of text dropped into a text box is cut to the length of the box, and the search uses the rest")

@@ -1,9 +1,9 @@
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/grid_model.h"
 #include "adapters/qt/grid_view.h"
-#include "adapters/qt/japanese_font.h"
 #include "adapters/qt/picture_box.h"
 #include "adapters/qt/qt_text.h"
+#include "desktop_theme/japanese_font.h"
 #include "screen/grid.h"
 
 #include <doctest/doctest.h>
@@ -60,9 +60,9 @@ TEST_CASE("the font size is the desktop's, but at least the minimum for Japanese
 {
     QFont font = QApplication::font();
     font.setPointSizeF(6);
-    CHECK(japaneseFont(font).pointSizeF() == 9.75);
+    CHECK(theme::japaneseFont(font).pointSizeF() == 9.75);
     font.setPointSizeF(14);
-    CHECK(japaneseFont(font).pointSizeF() == 14);
+    CHECK(theme::japaneseFont(font).pointSizeF() == 14);
 }
 
 TEST_CASE("a stretched picture is smooth once the windows have settled")

@@ -1,8 +1,12 @@
 // The layout and the colours of the windows; the test program runs at several scales, set by QT_SCALE_FACTOR.
 
+#include "adapters/qt/control_colours.h"
+#include "adapters/qt/grid_view.h"
 #include "adapters/qt/qt_window_set.h"
-#include "adapters/qt/theme.h"
 #include "adapters/qt/units.h"
+#include "desktop_theme/contrast.h"
+#include "desktop_theme/theme.h"
+#include "support/rendered_contrast.h"
 
 #include <doctest/doctest.h>
 
@@ -13,12 +17,15 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
 #include <QTableView>
 #include <QToolButton>
 #include <QtTest/QTest>
 
 using namespace inin;
 using namespace inin::qt;
+using namespace inin::theme;
 
 namespace {
 
@@ -59,19 +66,6 @@ void checkNothingIsCut(const FormWindow &window)
     }
 }
 
-double contrast(const QColor &a, const QColor &b)
-{
-    const auto light = [](const QColor &colour) {
-        const auto linear = [](double part) {
-            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF()) +
-               0.05;
-    };
-    const double first = light(a), second = light(b);
-    return std::max(first, second) / std::min(first, second);
-}
-
 void checkContrast(FormWindow &window)
 {
     constexpr double kReadable = 4.5;
@@ -80,8 +74,8 @@ void checkContrast(FormWindow &window)
         const bool isButton = qobject_cast<const QAbstractButton *>(widget) != nullptr;
         const QPalette &palette = widget->palette();
         CAPTURE(widget->objectName().toStdString());
-        CHECK(contrast(palette.color(isButton ? QPalette::ButtonText : QPalette::WindowText),
-                       palette.color(isButton ? QPalette::Button : QPalette::Window)) > kReadable);
+        CHECK(contrastRatio(palette.color(isButton ? QPalette::ButtonText : QPalette::WindowText),
+                            palette.color(isButton ? QPalette::Button : QPalette::Window)) > kReadable);
     }
 }
 
@@ -145,6 +139,48 @@ TEST_CASE("all text is readable on a light desktop and on a dark one")
     QApplication::setPalette(light);
 }
 
+TEST_CASE("greyed text and marks of the conditions screen have a contrast of at least 3")
+{
+    const QPalette light = QApplication::palette();
+    for (const QPalette &palette : {light, darkPalette()}) {
+        const PaletteForNow now(palette);
+        const WindowSet set;
+        set.print->widgetAs<QAbstractButton>("optPrint(1)").click();
+        int greyed = 0;
+        for (QWidget *widget : set.print->findChildren<QWidget *>()) {
+            if (!showsText(*widget) || !widget->isVisible() || widget->isEnabled()) continue;
+            const auto *label = qobject_cast<const QLabel *>(widget);
+            if (label != nullptr && label->text().isEmpty()) continue;
+            CAPTURE(isDark(palette));
+            CAPTURE(widget->objectName().toStdString());
+            CHECK(paintedContrast(*widget) >= 3);
+            if (qobject_cast<const QRadioButton *>(widget) != nullptr)
+                CHECK(paintedContrast(paintedImage(*widget), indicatorRect(*widget, QStyle::SE_RadioButtonIndicator)) >=
+                      3);
+            ++greyed;
+        }
+        CHECK(greyed > 10);
+    }
+}
+
+TEST_CASE("the selected row of a search list has a contrast of at least 4.5")
+{
+    const QPalette light = QApplication::palette();
+    for (const QPalette &palette : {light, darkPalette()}) {
+        const PaletteForNow now(palette);
+        WindowSet set;
+        Grid &grid = set.patientForm.spr_1ran;
+        grid.setRowCount(2);
+        for (std::int32_t row = 1; row <= 2; ++row) grid.setText(row, 3, "青木 一郎");
+        auto &view = set.patient->widgetAs<GridView>("spr_1ran");
+        view.refresh();
+        view.enterByKey();
+        const QRect row = view.visualRect(view.model()->index(0, 2)).adjusted(2, 2, -2, -2);
+        CAPTURE(isDark(palette));
+        CHECK(paintedContrast(paintedImage(*view.viewport()), row) >= 4.5);
+    }
+}
+
 TEST_CASE("a control's colour is exact on a light desktop and keeps its hue on a dark one")
 {
     const QPalette light = QApplication::palette();
@@ -161,15 +197,13 @@ TEST_CASE("the inside of every frame and the centre of every command button are 
 {
     const WindowSet set;
     FormWindow &window = *set.print;
-    const QImage painted = window.content().grab().toImage(); // all of it, also when the screen shows only a part
-    const auto colourAt = [&](const QWidget &widget, QPoint place) {
-        return painted
-            .pixelColor((QPointF(widget.mapTo(&window.content(), place)) * painted.devicePixelRatio()).toPoint())
-            .name();
+    const auto colourAt = [&](QWidget &widget, QPoint place) {
+        const QImage painted = paintedImage(widget);
+        return painted.pixelColor((QPointF(place) * painted.devicePixelRatio()).toPoint()).name();
     };
     for (const char *frame : {"Frame3", "frmObject", "fraJisseki(1)", "Frame2", "Frame1", "Frame4", "Picture1"}) {
         CAPTURE(frame);
-        const QWidget &widget = window.widget(frame);
+        QWidget &widget = window.widget(frame);
         CHECK(colourAt(widget, {widget.width() - 5, widget.height() - 5}) == "#f6f6f6");
     }
     struct ButtonColour {
@@ -182,7 +216,7 @@ TEST_CASE("the inside of every frame and the centre of every command button are 
                                     {"btn_StaffSelect", "#ffe0c0"},
                                     {"btn_KanjaSelect", "#ffe0c0"}}) {
         CAPTURE(row.button);
-        const QWidget &widget = window.widget(row.button);
+        QWidget &widget = window.widget(row.button);
         CHECK(colourAt(widget, {5, widget.height() / 2}) == row.colour);
     }
 }
@@ -197,8 +231,7 @@ TEST_CASE("the frames of the conditions screen have their position and height, t
     FormWindow &window = *set.print;
     for (const FrameRow &row :
          {FrameRow{"Frame3", 120, 1495}, FrameRow{"frmObject", 1720, 1515}, FrameRow{"fraJisseki(1)", 3280, 2985},
-          FrameRow{"Frame2", 6310, 735}, FrameRow{"Frame1", 7120, 1695}, FrameRow{"Frame4", 8940, 855},
-          FrameRow{"Picture1", 9990, 1035}}) {
+          FrameRow{"Frame2", 6310, 735}, FrameRow{"Frame1", 7120, 1695}, FrameRow{"Frame4", 8940, 855}}) {
         CAPTURE(row.frame);
         const QRect place = window.widget(row.frame).geometry();
         CHECK(place.top() == row.top / 15);
@@ -206,7 +239,10 @@ TEST_CASE("the frames of the conditions screen have their position and height, t
     }
     CHECK(window.widget("Frame3").geometry().left() == 8);
     CHECK(window.widget("Frame3").width() == 453);
-    CHECK(window.content().minimumSize() == QSize(468, 735));
+    // The button bar is directly below the frames, unless a low screen shows only a part of them.
+    CHECK(window.content().minimumSize() == QSize(468, 9990 / 15));
+    CHECK(window.widget("Picture1").height() == 1035 / 15);
+    CHECK(window.widget("Picture1").y() == window.findChild<QScrollArea *>()->geometry().bottom() + 1);
     int right = 0;
     for (const char *command : {"btnPrint(0)", "btnPrint(1)", "btnPrint(6)"}) {
         CHECK(window.widget(command).size() == QSize(97, 49));
@@ -224,7 +260,7 @@ TEST_CASE("a larger desktop font makes the frames higher instead of cutting text
     {
         const WindowSet set;
         checkNothingIsCut(*set.print);
-        CHECK(set.print->content().minimumHeight() > 735);
+        CHECK(set.print->content().minimumHeight() > 666);
     }
     QApplication::setFont(usual);
 }

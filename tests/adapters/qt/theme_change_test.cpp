@@ -1,5 +1,6 @@
 #include "adapters/qt/qt_window_set.h"
-#include "adapters/qt/theme.h"
+#include "desktop_theme/theme.h"
+#include "support/rendered_contrast.h"
 
 #include <doctest/doctest.h>
 
@@ -8,27 +9,6 @@
 using namespace inin;
 using namespace inin::qt;
 
-namespace {
-
-/// Restores the application's palette at the end of a test.
-class PaletteForNow {
-public:
-    explicit PaletteForNow(const QPalette &palette) : m_before(QApplication::palette()) { change(palette); }
-    PaletteForNow(const PaletteForNow &) = delete;
-    PaletteForNow &operator=(const PaletteForNow &) = delete;
-    ~PaletteForNow() { change(m_before); }
-    static void change(const QPalette &palette)
-    {
-        QApplication::setPalette(palette);
-        QApplication::processEvents();
-    }
-
-private:
-    QPalette m_before;
-};
-
-} // namespace
-
 TEST_CASE("coloured controls follow a desktop that turns dark and light again while the program runs")
 {
     const WindowSet set;
@@ -36,7 +16,7 @@ TEST_CASE("coloured controls follow a desktop that turns dark and light again wh
     const auto colour = [&] { return set.print->widget("btnPrint(0)").palette().color(QPalette::Button); };
     const QColor light = colour();
     REQUIRE(light == QColor("#d0fbd0"));
-    PaletteForNow::change(darkPalette());
+    PaletteForNow::change(theme::darkPalette());
     CHECK(colour().lightness() < 100);
     CHECK(colour().green() > colour().red());
     PaletteForNow::change(QPalette(QColor("#f6f6f6")));

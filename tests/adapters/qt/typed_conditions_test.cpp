@@ -19,9 +19,9 @@ using namespace inin::qt;
 namespace {
 
 /// The ways to start print or preview without leaving the box first.
-enum class Start { menuByMouse, menuByKeys, functionKey, button, accessibility };
-constexpr Start kStarts[] = {Start::menuByMouse, Start::menuByKeys, Start::functionKey, Start::button,
-                             Start::accessibility};
+enum class StartBy { menuByMouse, menuByKeys, functionKey, button, accessibility };
+constexpr StartBy kStarts[] = {StartBy::menuByMouse, StartBy::menuByKeys, StartBy::functionKey, StartBy::button,
+                               StartBy::accessibility};
 
 struct Command {
     const char *entry;
@@ -53,18 +53,18 @@ void pickByKeys(Program &program, const char *entry)
     QTest::keyClick(menu, Qt::Key_Return);
 }
 
-void start(Program &program, Start by, const Command &command)
+void start(Program &program, StartBy by, const Command &command)
 {
     switch (by) {
-    case Start::menuByMouse:
+    case StartBy::menuByMouse:
         return pickByMouse(program.top(), command.entry);
-    case Start::menuByKeys:
+    case StartBy::menuByKeys:
         return pickByKeys(program, command.entry);
-    case Start::functionKey:
+    case StartBy::functionKey:
         return program.key(command.key);
-    case Start::button:
+    case StartBy::button:
         return program.click(command.button);
-    case Start::accessibility: // the focus stays in the box
+    case StartBy::accessibility: // the focus stays in the box
         return program.top().findChild<QAction *>(command.entry)->trigger();
     }
 }
@@ -97,7 +97,7 @@ bool wasAsked(const Program &program, const char *table, const char *value)
 void forEachStart(const char *control, const char *text, int boxes,
                   const std::function<void(Program &program, const std::string &firstBox)> &look)
 {
-    for (const Start by : kStarts)
+    for (const StartBy by : kStarts)
         for (const Command &command : kCommands) {
             CAPTURE(static_cast<int>(by));
             CAPTURE(command.entry);

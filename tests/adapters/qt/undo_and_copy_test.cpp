@@ -113,25 +113,30 @@ TEST_CASE("a date assigned by the program cannot be undone")
     CHECK(box.shown() == "令和 08年01月01日");
 }
 
-TEST_CASE("the remark about a date is shown below the box, or above it if the mouse pointer is below")
+TEST_CASE("the remark about a date covers no field below the box, nor the mouse pointer")
 {
     DateOnWindow box;
+    QLineEdit next(&box.window);
+    next.setGeometry(box.edit.geometry().translated(0, box.edit.height()));
+    next.show();
     const QRect place(box.edit.mapToGlobal(QPoint(0, 0)), box.edit.size());
-    SUBCASE("the mouse pointer is elsewhere")
+    SUBCASE("the mouse pointer is elsewhere: it is above the box")
     {
-        QCursor::setPos(place.topLeft() - QPoint(0, 60));
-        box.enter("abc");
-        QApplication::processEvents();
-        CHECK(tipPlace().top() > place.bottom());
-    }
-    SUBCASE("the mouse pointer is below the box")
-    {
-        QCursor::setPos(place.bottomLeft() + QPoint(30, 25));
+        QCursor::setPos(place.bottomLeft() + QPoint(0, 60));
         box.enter("abc");
         QApplication::processEvents();
         CHECK(tipPlace().bottom() <= place.top());
+    }
+    SUBCASE("the mouse pointer is above the box: it is beside the window")
+    {
+        box.window.resize(100, box.window.height()); // leaves room for the tip on the small screen of the tests
+        QCursor::setPos(place.topLeft() + QPoint(30, -15));
+        box.enter("abc");
+        QApplication::processEvents();
+        CHECK(tipPlace().left() >= box.window.frameGeometry().right());
         CHECK(!tipPlace().contains(QCursor::pos()));
     }
+    CHECK(!tipPlace().intersects(QRect(next.mapToGlobal(QPoint(0, 0)), next.size())));
     box.edit.setValue(Null{});
     QToolTip::hideText();
 }

@@ -1,23 +1,29 @@
 // The conditions screen and the boxes, operated by mouse and keys in a fake world.
 
 #include "adapters/qt/date_edit.h"
+#include "adapters/qt/drop_down_list.h"
+#include "adapters/qt/elided_label.h"
 #include "adapters/qt/picture_box.h"
 #include "adapters/qt/pointer_shape.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/working_program.h"
 #include "printing/print_fixture.h"
 #include "runtime/runtime_error.h"
-#include "shell/back_form.h"
+#include "shell/start.h"
 #include "shell/wait_form.h"
+#include "support/rendered_contrast.h"
 
 #include <doctest/doctest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
 #include <QTemporaryDir>
+#include <QToolTip>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -72,17 +78,128 @@ TEST_CASE("the tab key moves through the screen from the top, and from its end t
     CHECK(program.handedBack());
 }
 
-TEST_CASE("on a low screen the tab key scrolls the whole command button into view")
+namespace {
+
+bool isWhole(const QWidget &widget)
+{
+    return widget.visibleRegion().boundingRect() == widget.rect();
+}
+
+} // namespace
+
+TEST_CASE("on a low screen the command buttons stay visible while the conditions are scrolled")
 {
     Program program;
     program.act([&] {
-        const QWidget &last = program.widget("btnPrint(6)");
-        program.top().setFixedHeight(600); // the height of a low screen
-        CHECK(last.visibleRegion().isEmpty());
-        program.widget("imSyomei").setFocus();
-        for (int stop = 0; stop < 3; ++stop) program.key(Qt::Key_Tab);
-        CHECK(program.focused() == "btnPrint(6)");
-        CHECK(last.visibleRegion().boundingRect() == last.rect());
+        program.top().setFixedHeight(400);
+        for (const char *field : {"optPrint(0)", "imSyomei"}) {
+            program.widget(field).setFocus();
+            QApplication::processEvents();
+            for (const char *command : {"btnPrint(0)", "btnPrint(1)", "btnPrint(6)"}) {
+                CAPTURE(field);
+                CAPTURE(command);
+                CHECK(isWhole(program.widget(command)));
+            }
+        }
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("on a low screen the conditions are scrolled to the focus by the tab key, an arrow key and the program")
+{
+    Program program;
+    program.act([&] {
+        program.top().setFixedHeight(400);
+        QApplication::processEvents();
+        CHECK_FALSE(isWhole(program.widget("imSyomei")));
+        program.widget("imSetDateTo").setFocus();
+        for (int stop = 0; stop < 2; ++stop) program.key(Qt::Key_Tab);
+        CHECK(program.focused() == "optSyomei(1)");
+        CHECK(isWhole(program.widget("optSyomei(1)")));
+        program.widget("optPrint(0)").setFocus();
+        CHECK(isWhole(program.widget("optPrint(0)")));
+        program.top().setFixedHeight(220);
+        program.key(Qt::Key_Up); // from the first option to the last
+        CHECK(program.focused() == "optPrint(2)");
+        CHECK(isWhole(program.widget("optPrint(2)")));
+        program.top().moveFocus(program.form.imSyomei);
+        CHECK(isWhole(program.widget("imSyomei")));
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("the first field has a visible focus frame when the screen opens")
+{
+    Program program;
+    program.act([&] {
+        QWidget &first = program.widget("optPrint(0)");
+        CHECK(program.focused() == "optPrint(0)");
+        const QImage with = paintedImage(first);
+        program.widget("imSyomei").setFocus(Qt::OtherFocusReason);
+        QApplication::processEvents();
+        CHECK(with != paintedImage(first));
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("the name of the patient is grey while it belongs to another number than the one in the box")
+{
+    Program program;
+    const auto isGrey = [&] { return program.widget("lbl_SelKanja").foregroundRole() == QPalette::PlaceholderText; };
+    program.act([&] { program.click("btn_KanjaSelect"); });
+    program.act([&] {
+        program.widget("spr_1ran").setFocus();
+        program.key(Qt::Key_Down);
+        program.key(Qt::Key_F5);
+    });
+    program.act([&] {
+        REQUIRE(program.form.lbl_SelKanja.Caption.get() == "青木 一郎");
+        CHECK_FALSE(isGrey());
+        QWidget &box = program.widget("imNum_CD");
+        box.setFocus();
+        QTest::keyClick(&box, Qt::Key_End);
+        QTest::keyClick(&box, Qt::Key_2);
+        CHECK(isGrey());
+        CHECK_FALSE(program.widget("lbl_SelKanja").toolTip().isEmpty());
+        QTest::keyClick(&box, Qt::Key_Backspace);
+        CHECK_FALSE(isGrey());
+        CHECK(program.widget("lbl_SelKanja").toolTip().isEmpty());
+        QTest::keyClick(&box, Qt::Key_Backspace);
+        CHECK(isGrey());
+        program.form.imNum_CD.Value = std::int32_t{22}; // the same name by chance
+        CHECK_FALSE(isGrey());
+    });
+    CHECK(program.runs());
+}
+
+TEST_CASE("a name without room ends in an ellipsis, and its tool tip shows all of it")
+{
+    Program program;
+    program.act([&] {
+        const auto isCut = [&] { return dynamic_cast<ElidedLabel &>(program.widget("lbl_SelKanja")).isCut(); };
+        program.form.lbl_SelKanja.Caption = "青木 一郎";
+        CHECK_FALSE(isCut());
+        const std::string name = "とても長い名前の利用者とても長い名前の利用者とても長い名前の利用者";
+        program.form.lbl_SelKanja.Caption = name;
+        CHECK(isCut());
+        QWidget &label = program.widget("lbl_SelKanja");
+        QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&label, &asked);
+        CHECK(fromQt(QToolTip::text()) == name);
+
+        program.form.cbSejyutsu.AddItem(name, 99);
+        program.form.cbSejyutsu.chooseItemData(99);
+        auto &list = dynamic_cast<DropDownList &>(program.widget("cbSejyutsu"));
+        CHECK(list.isCut());
+        QApplication::sendEvent(&list, &asked);
+        CHECK(fromQt(QToolTip::text()) == name);
+        CHECK(fromQt(list.currentData(Qt::ToolTipRole).toString()) == name);
+        list.showPopup();
+        CHECK(list.view()->textElideMode() == Qt::ElideRight);
+        list.hidePopup();
+        program.form.cbSejyutsu.ListIndex = 0;
+        CHECK_FALSE(list.isCut());
+        QToolTip::hideText();
     });
     CHECK(program.runs());
 }

@@ -29,7 +29,7 @@ std::string complaint(const std::string &command)
     StageForm form;
     try {
         static_cast<void>(playOn(form, command));
-    } catch (const BadCommand &bad) {
+    } catch (const BadScriptCommand &bad) {
         return bad.what();
     }
     return {};

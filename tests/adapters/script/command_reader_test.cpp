@@ -17,14 +17,14 @@ ScriptCommand readOne(const std::string &text)
     return *command;
 }
 
-std::string complaint(const std::string &text)
+std::string readingFault(const std::string &text)
 {
     std::istringstream in(text);
     CommandReader reader(in);
     try {
         while (reader.next()) {
         }
-    } catch (const BadCommand &bad) {
+    } catch (const BadScriptCommand &bad) {
         return bad.what();
     }
     return {};
@@ -113,23 +113,23 @@ TEST_CASE("a line that is not a command is refused with its number and the reaso
     };
     for (const Row &row : kRows) {
         CAPTURE(row.line);
-        CHECK(complaint("# first\n" + row.line) == "line 2: " + row.reason);
+        CHECK(readingFault("# first\n" + row.line) == "line 2: " + row.reason);
     }
 }
 
 TEST_CASE("an array or object as a value is refused, however deeply nested")
 {
     const std::string reason = "line 1: a value must not be an array or an object";
-    CHECK(complaint(R"({"set":"a","to":[1]})") == reason);
-    CHECK(complaint(R"({"set":"a","to":{"b":1}})") == reason);
-    CHECK(complaint(R"([["click"]])") == reason);
+    CHECK(readingFault(R"({"set":"a","to":[1]})") == reason);
+    CHECK(readingFault(R"({"set":"a","to":{"b":1}})") == reason);
+    CHECK(readingFault(R"([["click"]])") == reason);
     const std::size_t depth = 200000;
-    CHECK(complaint("{\"set\":\"a\",\"to\":" + std::string(depth, '[') + std::string(depth, ']') + "}") == reason);
+    CHECK(readingFault("{\"set\":\"a\",\"to\":" + std::string(depth, '[') + std::string(depth, ']') + "}") == reason);
 }
 
 TEST_CASE("a line that is not JSON or not UTF-8 is refused with its number")
 {
-    CHECK(complaint("{\"state\":true}\nclick it\n").starts_with("line 2: "));
-    CHECK(complaint("{\"click\":\"a\x82\"}").starts_with("line 1: "));
-    CHECK(complaint("{\"state\":true} {\"state\":true}").starts_with("line 1: "));
+    CHECK(readingFault("{\"state\":true}\nclick it\n").starts_with("line 2: "));
+    CHECK(readingFault("{\"click\":\"a\x82\"}").starts_with("line 1: "));
+    CHECK(readingFault("{\"state\":true} {\"state\":true}").starts_with("line 1: "));
 }

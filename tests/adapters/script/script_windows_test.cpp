@@ -145,7 +145,7 @@ TEST_CASE("a bad command ends the play, and nothing is recorded after it")
 {
     ScriptStage stage("{\"click\":\"nobody\"}\n{\"click\":\"btn\"}\n");
     StageForm form;
-    CHECK_THROWS_AS(stage.windows().show(form, Modality::modal), BadCommand);
+    CHECK_THROWS_AS(stage.windows().show(form, Modality::modal), BadScriptCommand);
     stage.windows().beep();
     CHECK(stage.events() == Log{kShown});
     CHECK(form.log == Log{"resize", "activate"});

@@ -13,7 +13,7 @@ namespace {
 using Texts = std::vector<std::string>;
 
 /// Two names in three spellings.
-struct Names {
+struct NamesInOrder {
     DatabaseFile file{"CREATE TABLE T (n INTEGER, cName TEXT);"
                       "INSERT INTO T VALUES (1, 'ヤマダ'), (2, 'やまだ'), (3, 'ﾔﾏﾀﾞ'), (4, 'b'), (5, 'B'), (6, 'ａ')"};
     Session session{file};
@@ -21,7 +21,7 @@ struct Names {
 
 } // namespace
 
-TEST_CASE_FIXTURE(Names, "DISTINCT merges texts that are equal under the collation")
+TEST_CASE_FIXTURE(NamesInOrder, "DISTINCT merges texts that are equal under the collation")
 {
     const auto rows = session.open("SELECT DISTINCT cName FROM T ORDER BY cName");
     CHECK(rows->fieldName(0) == "cName");
@@ -35,7 +35,7 @@ TEST_CASE_FIXTURE(Names, "DISTINCT merges texts that are equal under the collati
     CHECK(session.value("SELECT COUNT(*) FROM (SELECT DISTINCT LEFT(cName, 9) AS x FROM T) y") == "3");
 }
 
-TEST_CASE_FIXTURE(Names, "GROUP BY groups texts that are equal under the collation")
+TEST_CASE_FIXTURE(NamesInOrder, "GROUP BY groups texts that are equal under the collation")
 {
     CHECK(session.rows("SELECT min(n) AS n, count(*) AS m FROM T GROUP BY cName HAVING count(*) > 1 ORDER BY min(n)",
                        {"n", "m"}) == Texts{"1|3", "4|2"});
@@ -43,7 +43,7 @@ TEST_CASE_FIXTURE(Names, "GROUP BY groups texts that are equal under the collati
           Texts{"1", "1", "1", "1", "2"});
 }
 
-TEST_CASE_FIXTURE(Names, "MIN and MAX compare by the collation")
+TEST_CASE_FIXTURE(NamesInOrder, "MIN and MAX compare by the collation")
 {
     CHECK(session.value("SELECT MIN(cName) FROM T") == "ａ"); // its code point is greater than that of B
     CHECK(session.value("SELECT MAX(cName) FROM T WHERE n > 3") != "ａ");
@@ -51,14 +51,14 @@ TEST_CASE_FIXTURE(Names, "MIN and MAX compare by the collation")
           Texts{"1", "2", "3"});
 }
 
-TEST_CASE_FIXTURE(Names, "CASE with an operand compares texts under the collation")
+TEST_CASE_FIXTURE(NamesInOrder, "CASE with an operand compares texts under the collation")
 {
     CHECK(
         session.firstColumn("SELECT CASE cName WHEN N'やまだ' THEN 1 WHEN 'Ｂ' THEN 2 ELSE 3 END FROM T ORDER BY n") ==
         Texts{"1", "1", "1", "2", "2", "3"});
 }
 
-TEST_CASE_FIXTURE(Names, "a joined text sorts under the collation as a whole")
+TEST_CASE_FIXTURE(NamesInOrder, "a joined text sorts under the collation as a whole")
 {
     CHECK(session.firstColumn("SELECT n FROM T WHERE n > 3 ORDER BY cName + 'x', n") == Texts{"6", "4", "5"});
 }

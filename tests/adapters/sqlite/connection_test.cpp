@@ -1,6 +1,8 @@
 #include "adapters/sqlite/database_file.h"
+#include "adapters/sqlite/sqlite_error.h"
 
 #include <doctest/doctest.h>
+#include <sqlite3.h>
 
 #include <memory>
 #include <string>
@@ -11,16 +13,16 @@ using namespace inin::sqlite;
 
 namespace {
 
-constexpr std::int32_t kClosed = 3704, kOpen = 3705, kBadArgument = 3001;
+constexpr std::int32_t kNotOpen = 3704, kAlreadyOpen = 3705, kBadArgument = 3001;
 
-const char *const kTable = "CREATE TABLE T (nID INTEGER PRIMARY KEY, cName TEXT NOT NULL);"
-                           "INSERT INTO T VALUES (1, 'a'), (2, 'b')";
+const char *const kTableOfNames = "CREATE TABLE T (nID INTEGER PRIMARY KEY, cName TEXT NOT NULL);"
+                                  "INSERT INTO T VALUES (1, 'a'), (2, 'b')";
 
 } // namespace
 
 TEST_CASE("a session is closed until it is opened, and again after it is closed")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     const auto database = plainDatabase();
     const auto connection = database->newConnection();
     CHECK(connection->State() == adStateClosed);
@@ -34,22 +36,22 @@ TEST_CASE("a session is closed until it is opened, and again after it is closed"
 
 TEST_CASE("an open session cannot be opened again, and a closed session can only be opened")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
-    CHECK(raisedBy([&] { session.connection().Open(file.connectionString(), "", "", -1); }).number == kOpen);
+    CHECK(raisedBy([&] { session.connection().Open(file.connectionString(), "", "", -1); }).number == kAlreadyOpen);
     CHECK(session.connection().State() == adStateOpen);
     session.connection().Close();
-    CHECK(raisedBy([&] { session.connection().Close(); }).number == kClosed);
-    CHECK(raisedBy([&] { session.execute("DELETE FROM T"); }).number == kClosed);
-    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == kClosed);
-    CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == kClosed);
-    CHECK(raisedBy([&] { session.connection().RollbackTrans(); }).number == kClosed);
+    CHECK(raisedBy([&] { session.connection().Close(); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.execute("DELETE FROM T"); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.connection().BeginTrans(); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.connection().CommitTrans(); }).number == kNotOpen);
+    CHECK(raisedBy([&] { session.connection().RollbackTrans(); }).number == kNotOpen);
     CHECK(file.value("SELECT count(*) FROM T") == "2");
 }
 
 TEST_CASE("the default database is the name of the file, and empty while the session is closed")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     const auto database = makeSqliteDatabaseAt(file.path());
     struct Row {
         const char *source, *name;
@@ -69,7 +71,7 @@ TEST_CASE("the default database is the name of the file, and empty while the ses
 
 TEST_CASE("Execute returns the number of affected rows, and -1 for other statements")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     CHECK(session.execute("INSERT INTO T VALUES (3, 'c'), (4, 'd')") == 2);
     CHECK(session.execute("UPDATE T SET cName = 'x'") == 4);
@@ -85,7 +87,7 @@ TEST_CASE("Execute returns the number of affected rows, and -1 for other stateme
 
 TEST_CASE("a command timeout survives closing and opening, and cannot be negative")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     CHECK(session.connection().CommandTimeout() == 30);
     session.connection().setCommandTimeout(180);
@@ -97,7 +99,7 @@ TEST_CASE("a command timeout survives closing and opening, and cannot be negativ
 
 TEST_CASE("a failure leaves one entry in the error list, which the next failure replaces")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     struct Row {
         std::string_view sql, description, state;
@@ -105,10 +107,12 @@ TEST_CASE("a failure leaves one entry in the error list, which the next failure 
     };
     constexpr std::int32_t kNative = 1; // SQLite's code for all errors in a statement
     static constexpr Row kRows[] = {
-        {"SELECT * FROM MISSING", "no such table: MISSING", "42S02", ado_error::noSuchTable},
-        {"SELECT missing FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
-        {"SELECT T.missing FROM T", "no such column: T.missing", "42S22", ado_error::faultyStatement},
-        {"SELECT \"missing\" FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
+        {"SELECT * FROM MISSING", "テーブルがありません。（no such table: MISSING）", "42S02", ado_error::noSuchTable},
+        {"SELECT missing FROM T", "列がありません。（no such column: missing）", "42S22", ado_error::faultyStatement},
+        {"SELECT T.missing FROM T", "列がありません。（no such column: T.missing）", "42S22",
+         ado_error::faultyStatement},
+        {"SELECT \"missing\" FROM T", "列がありません。（no such column: missing）", "42S22",
+         ado_error::faultyStatement},
         {"SELECT FROM T", "near \"FROM\": syntax error", "42000", ado_error::faultyStatement},
         {"SELECT inexistent(1)", "no such function: inexistent", "42000", ado_error::faultyStatement},
         {"SELECT 'a", "the quoted text or name has no end", "42000", ado_error::faultyStatement},
@@ -128,9 +132,29 @@ TEST_CASE("a failure leaves one entry in the error list, which the next failure 
     }
 }
 
+TEST_CASE("a common error is shown in Japanese with the provider's message in brackets, any other as it is")
+{
+    struct Row {
+        int code;
+        std::string_view message, shown;
+    };
+    static constexpr Row kRows[] = {
+        {SQLITE_LOCKED, "database table is locked",
+         "データベースがほかのプログラムに使われています。（database table is locked）"},
+        {SQLITE_CONSTRAINT_UNIQUE, "UNIQUE constraint failed: T.nID",
+         "データの制約に反するため、書き込めません。（UNIQUE constraint failed: T.nID）"},
+        {SQLITE_FULL, "database or disk is full", "ディスクの空きがありません。（database or disk is full）"},
+        {SQLITE_READONLY_DIRECTORY, "attempt to write a readonly database",
+         "データベースは読み取り専用です。（attempt to write a readonly database）"},
+        {SQLITE_ERROR, "near \"FROM\": syntax error", "near \"FROM\": syntax error"},
+        {SQLITE_INTERRUPT, "interrupted", "interrupted"},
+    };
+    for (const Row &row : kRows) CHECK(sqlite::shownMessage(row.code, row.message) == row.shown);
+}
+
 TEST_CASE("a write that violates a constraint is reported as such and changes nothing")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfNames);
     Session session(file);
     constexpr std::int32_t kPrimaryKey = 1555, kNotNull = 1299; // SQLite's extended codes
     CHECK(raisedBy([&] { session.execute("INSERT INTO T VALUES (9, 'x'), (1, 'x')"); }).number ==

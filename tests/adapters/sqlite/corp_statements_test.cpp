@@ -12,7 +12,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string kSite = " iKyotenCd = 1 and iKyotenEb = 1";
+const std::string kCorpBranch = " iKyotenCd = 1 and iKyotenEb = 1";
 
 /// The whole select list of the company table. All but three columns have aliases.
 const std::string kList =
@@ -37,19 +37,19 @@ const std::string kGridHead =
     "     ,CORP.cFaxNo as cFaxNo     ,CORP.cShamei1 as cShamei1     ,CORP.cShamei2 as cShamei2     ,CORP.cTelNo as cTelNo"
     "     ,CORP.cYubinNo as cYubinNo     ,CORP.iType as iType     ,CORP.nIDNo as nIDNo"
     "     ,CORP.cMailDestination as cMailDestination     ,CORP.cMailDestinationZipNo as cMailDestinationZipNo";
-const std::string kGrid = kGridHead +
-                          "     ,cHokenTourokuKubetsu     ,cPersonalNumberCorp     ,iKyotenToshiNo"
-                          "     ,cKokuhoTourokuNo     ,cEmail  FROM      CORP where" +
-                          kSite;
+const std::string kCorpGrid = kGridHead +
+                              "     ,cHokenTourokuKubetsu     ,cPersonalNumberCorp     ,iKyotenToshiNo"
+                              "     ,cKokuhoTourokuNo     ,cEmail  FROM      CORP where" +
+                              kCorpBranch;
 const std::string kGridJouken =
     kGridHead +
     "     ,CORP.cHokenTourokuKubetsu as cHokenTourokuKubetsu     ,CORP.cPersonalNumberCorp as cPersonalNumberCorp"
     "     ,CORP.iKyotenToshiNo as iKyotenToshiNo     ,CORP.cKokuhoTourokuNo as cKokuhoTourokuNo"
     "     ,CORP.cEmail as cEmail  FROM      CORP where" +
-    kSite;
-const std::string kOrder = "  order by      nIDNo";
+    kCorpBranch;
+const std::string kCorpOrder = "  order by      nIDNo";
 
-const std::string kInsert =
+const std::string kCorpInsert =
     " insert into    CORP (      iKyotenCd,      iKyotenEb,      cAddress1     ,cAddress2     ,cAddressKana     ,cDaihyo"
     "     ,cDaihyoKana     ,cFaxNo     ,cKinyuName     ,cKinyuSiten     ,cKozaBangou     ,cKozaKana     ,cKozaMeigi1"
     "     ,cKozaMeigi2     ,cShamei1     ,cShamei2     ,cShameiKana1     ,cShameiKana2     ,cTelNo     ,cYubinNo"
@@ -66,61 +66,63 @@ const std::string kInsert =
 
 TEST_CASE_FIXTURE(PracticeSession, "all columns of a branch's companies are read, ordered by number")
 {
-    CHECK(session.rows(kList + " where" + kSite + kOrder, {"nIDNo", "cShamei1", "iType", "tUpDateTime", "nLat"}) ==
+    CHECK(session.rows(kList + " where" + kCorpBranch + kCorpOrder,
+                       {"nIDNo", "cShamei1", "iType", "tUpDateTime", "nLat"}) ==
           Texts{"0|本社|0|<2024-04-01 10:20:30>|NULL", "2|代理人|1|NULL|NULL", "9|団体|3|NULL|NULL"});
-    CHECK(session.open(kList + " where" + kSite + kOrder)->fieldCount() == 40);
+    CHECK(session.open(kList + " where" + kCorpBranch + kCorpOrder)->fieldCount() == 40);
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "a company is found by its number, including 0, and by its kind")
 {
     const Texts name{"cShamei1"};
-    CHECK(session.rows(kList + " where    nIDNo = 0 and" + kSite + kOrder, name) == Texts{"本社"});
-    CHECK(session.rows(kList + " where    nIDNo = 9 and" + kSite + " and     iType = 3" + kOrder, name) ==
+    CHECK(session.rows(kList + " where    nIDNo = 0 and" + kCorpBranch + kCorpOrder, name) == Texts{"本社"});
+    CHECK(session.rows(kList + " where    nIDNo = 9 and" + kCorpBranch + " and     iType = 3" + kCorpOrder, name) ==
           Texts{"団体"});
-    CHECK(session.rows(kList + " where    nIDNo = 9 and" + kSite + " and     iType = 0" + kOrder, name).empty());
+    CHECK(session.rows(kList + " where    nIDNo = 9 and" + kCorpBranch + " and     iType = 0" + kCorpOrder, name)
+              .empty());
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the preload at startup reads only the branch's head office")
 {
-    CHECK(session.rows(kList + " where" + kSite + " and     iType = 0" + kOrder, {"cShamei1", "cKinyuName"}) ==
-          Texts{"本社|百十四"});
-    CHECK(session.rows(kList + " where iKyotenCd = 1 and iKyotenEb = 3 and     iType = 0" + kOrder, {"cShamei1"})
+    CHECK(session.rows(kList + " where" + kCorpBranch + " and     iType = 0" + kCorpOrder,
+                       {"cShamei1", "cKinyuName"}) == Texts{"本社|百十四"});
+    CHECK(session.rows(kList + " where iKyotenCd = 1 and iKyotenEb = 3 and     iType = 0" + kCorpOrder, {"cShamei1"})
               .empty());
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the duplicate check lists the companies with other numbers")
 {
-    CHECK(session.rows(kList + " where    nIDNo <> 2 and" + kSite + kOrder, {"nIDNo"}) == Texts{"0", "9"});
-    CHECK(session.rows(kList + " where    nIDNo <> 2 and" + kSite + " and     iType = 3" + kOrder, {"nIDNo"}) ==
-          Texts{"9"});
+    CHECK(session.rows(kList + " where    nIDNo <> 2 and" + kCorpBranch + kCorpOrder, {"nIDNo"}) == Texts{"0", "9"});
+    CHECK(session.rows(kList + " where    nIDNo <> 2 and" + kCorpBranch + " and     iType = 3" + kCorpOrder,
+                       {"nIDNo"}) == Texts{"9"});
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the company grid filters by number and by parts of the name and kana")
 {
-    CHECK(session.rows(kGrid + kOrder, {"nIDNo", "cShamei1"}) == Texts{"0|本社", "2|代理人", "9|団体"});
-    CHECK(session.rows(kGridJouken + " and     CORP.nIDNo = 2" + kOrder, {"cShamei1"}) == Texts{"代理人"});
-    CHECK(session.rows(kGridJouken + " and     CORP.cShamei1 LIKE '%理%'" + kOrder, {"nIDNo"}) == Texts{"2"});
+    CHECK(session.rows(kCorpGrid + kCorpOrder, {"nIDNo", "cShamei1"}) == Texts{"0|本社", "2|代理人", "9|団体"});
+    CHECK(session.rows(kGridJouken + " and     CORP.nIDNo = 2" + kCorpOrder, {"cShamei1"}) == Texts{"代理人"});
+    CHECK(session.rows(kGridJouken + " and     CORP.cShamei1 LIKE '%理%'" + kCorpOrder, {"nIDNo"}) == Texts{"2"});
     file.run("UPDATE CORP SET cShameiKana1 = 'ダイリニン' WHERE nIDNo = 2 AND iKyotenEb = 1");
-    CHECK(session.rows(kGridJouken + " and     CORP.cShameiKana1 LIKE '%ﾀﾞｲﾘ%'" + kOrder, {"nIDNo"}) == Texts{"2"});
-    CHECK(session.rows(kGridJouken + " and     CORP.cShameiKana1 LIKE '%たいり%'" + kOrder, {"nIDNo"}).empty());
+    CHECK(session.rows(kGridJouken + " and     CORP.cShameiKana1 LIKE '%ﾀﾞｲﾘ%'" + kCorpOrder, {"nIDNo"}) == Texts{"2"});
+    CHECK(session.rows(kGridJouken + " and     CORP.cShameiKana1 LIKE '%たいり%'" + kCorpOrder, {"nIDNo"}).empty());
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the highest company number of a branch is NULL where the branch has none")
 {
     const std::string sql = "  select      max(CORP.nIDNo) as nIDNo  FROM      CORP where";
-    CHECK(session.rows(sql + kSite, {"nIDNo"}) == Texts{"9"});
+    CHECK(session.rows(sql + kCorpBranch, {"nIDNo"}) == Texts{"9"});
     CHECK(session.rows(sql + " iKyotenCd = 7 and iKyotenEb = 7", {"nIDNo"}) == Texts{"NULL"});
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "a company is inserted with a quoted branch, unquoted numbers and the present time")
 {
-    CHECK(session.execute(kInsert) == 1);
-    CHECK(session.rows(kList + " where    nIDNo = 5 and" + kSite + kOrder,
+    CHECK(session.execute(kCorpInsert) == 1);
+    CHECK(session.rows(kList + " where    nIDNo = 5 and" + kCorpBranch + kCorpOrder,
                        {"cAddress1", "cAddress2", "cShamei1", "iKinSiten", "nLat", "cPcName", "cEmail"}) ==
           Texts{"新住所||2024/5/1|2|-34|PC1|a@example.jp"});
     CHECK(file.value("SELECT typeof(iKyotenCd) || (abs(julianday('now', 'localtime') - julianday(tUpDateTime)) < 0.01)"
                      " FROM CORP WHERE nIDNo = 5") == "integer1");
-    const Raised again = raisedBy([&] { session.execute(kInsert); });
+    const Raised again = raisedBy([&] { session.execute(kCorpInsert); });
     CHECK(again.number == ado_error::constraint);
 }
 

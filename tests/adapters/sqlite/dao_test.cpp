@@ -1,6 +1,6 @@
 #include "adapters/database/dao_error.h"
 #include "adapters/sqlite/database_file.h"
-#include "adapters/sqlite/sqlite_dao.h"
+#include "adapters/sqlite/sqlite_database.h"
 #include "data/dao_session.h"
 #include "system/file_path.h"
 
@@ -56,7 +56,7 @@ struct DaoFile {
     std::unique_ptr<DaoEngine> engine = plainEngine();
 };
 
-using Names = std::vector<std::string>;
+using TableNames = std::vector<std::string>;
 
 /// Checks that the file opens as a database under another name.
 void openRenamed(DaoFile &at, const std::string &name)
@@ -65,7 +65,7 @@ void openRenamed(DaoFile &at, const std::string &name)
     {
         OpenDao open(*at.engine, name);
         CHECK(open.status == 0);
-        CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+        CHECK(open.names("STAFF") == TableNames{"山田", "鈴木"});
     }
     at.engine.reset(); // with its idle connection, which would lock the file on Windows
     CHECK(std::filesystem::remove(pathOf(name)));
@@ -78,11 +78,11 @@ TEST_CASE("rows are read by statement and by table name, streamed and at once")
     DaoFile at;
     OpenDao open(*at.engine, at.file.path());
     for (const std::int32_t type : {dbOpenSnapshot, dbOpenForwardOnly}) {
-        CHECK(open.names("SELECT * FROM STAFF ORDER BY nIDNo DESC", type) == Names{"鈴木", "山田"});
-        CHECK(open.names("STAFF", type) == Names{"山田", "鈴木"});
+        CHECK(open.names("SELECT * FROM STAFF ORDER BY nIDNo DESC", type) == TableNames{"鈴木", "山田"});
+        CHECK(open.names("STAFF", type) == TableNames{"山田", "鈴木"});
     }
-    CHECK(open.names("STAFF", dbOpenTable) == Names{"山田", "鈴木"});
-    CHECK(open.names("[STAFF]") == Names{"山田", "鈴木"});
+    CHECK(open.names("STAFF", dbOpenTable) == TableNames{"山田", "鈴木"});
+    CHECK(open.names("[STAFF]") == TableNames{"山田", "鈴木"});
 }
 
 TEST_CASE("a table name with a blank opens as a table")
@@ -154,9 +154,10 @@ TEST_CASE("a failed statement has DAO's error number and the provider's message"
     OpenDao open(*at.engine, at.file.path());
     for (const Faulty &each :
          {Faulty{"DELTE FROM STAFF", "3075\r\nonly one statement that reads or changes data can be run"},
-          Faulty{"DELETE FROM NONE", "3078\r\nno such table: NONE"},
+          Faulty{"DELETE FROM NONE", "3078\r\nテーブルがありません。（no such table: NONE）"},
           Faulty{"SELECT * FROM STAFF", "3065\r\nSELECT は Execute で実行できません。"},
-          Faulty{"INSERT INTO STAFF VALUES (1, 'x')", "3022\r\nUNIQUE constraint failed: STAFF.nIDNo"}}) {
+          Faulty{"INSERT INTO STAFF VALUES (1, 'x')",
+                 "3022\r\nデータの制約に反するため、書き込めません。（UNIQUE constraint failed: STAFF.nIDNo）"}}) {
         CAPTURE(each.sql);
         CHECK(open.session.iExecSQL(each.sql) == -1);
         CHECK(open.session.sErrMsg() == each.words);
@@ -218,10 +219,10 @@ TEST_CASE("a commit keeps the changes of a transaction, and a rollback undoes th
     OpenDao open(*at.engine, at.file.path());
     REQUIRE(open.session.iBeginTrans() == 0);
     CHECK(open.session.iExecSQL("DELETE FROM STAFF WHERE nIDNo = 1") == 0);
-    CHECK(open.names("STAFF") == Names{"鈴木"});
+    CHECK(open.names("STAFF") == TableNames{"鈴木"});
     CHECK(at.file.value("SELECT count(*) FROM STAFF") == "2");
     CHECK(open.session.iRollbackTrans() == 0);
-    CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+    CHECK(open.names("STAFF") == TableNames{"山田", "鈴木"});
     REQUIRE(open.session.iBeginTrans() == 0);
     CHECK(open.session.iExecSQL("DELETE FROM STAFF WHERE nIDNo = 1") == 0);
     CHECK(open.session.iCommitTrans() == 0);
@@ -324,7 +325,7 @@ TEST_CASE("a closed session can be opened again")
     OpenDao open(*at.engine, at.file.path());
     CHECK(open.session.iDbClose() == 0);
     CHECK(open.session.iDbOpen() == 0);
-    CHECK(open.names("STAFF") == Names{"山田", "鈴木"});
+    CHECK(open.names("STAFF") == TableNames{"山田", "鈴木"});
 }
 
 TEST_CASE("a database that is opened exclusively is in use for all other sessions until it is closed")
@@ -332,7 +333,7 @@ TEST_CASE("a database that is opened exclusively is in use for all other session
     DaoFile at;
     OpenDao alone(*at.engine, at.file.path(), kExclusive);
     REQUIRE(alone.status == 0);
-    CHECK(alone.names("STAFF") == Names{"山田", "鈴木"});
+    CHECK(alone.names("STAFF") == TableNames{"山田", "鈴木"});
     for (const std::int16_t other : {kShared, kExclusive}) {
         const OpenDao refused(*at.engine, at.file.path(), other);
         CHECK(refused.status == -1);

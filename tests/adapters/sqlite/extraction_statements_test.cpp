@@ -40,9 +40,9 @@ const std::string kSubAndGroup = " LEFT JOIN RIYOUSHA_SUB ON "
                                  "          DANTAICORP.iKyotenCd = 1"
                                  "      AND DANTAICORP.iKyotenEb = 1"
                                  "      AND DANTAICORP.iType = 3 ";
-const std::string kPatient = " WHERE "
-                             "     RIYOUSHA.iKyotenCd = 1 AND RIYOUSHA.iKyotenEb = 1"
-                             " AND HOKENJA.cIDno = RIYOUSHA.cHokenNo ";
+const std::string kPatientJoin = " WHERE "
+                                 "     RIYOUSHA.iKyotenCd = 1 AND RIYOUSHA.iKyotenEb = 1"
+                                 " AND HOKENJA.cIDno = RIYOUSHA.cHokenNo ";
 
 /// The differences between the five extractions.
 struct Extraction {
@@ -52,14 +52,14 @@ struct Extraction {
     {
         return head + kHeadOfficeName + account + kHeadOfficeKinds + kInsurerAndHousehold + from +
                " LEFT JOIN CORP ON       CORP.iKyotenCd = 1      AND CORP.iKyotenEb = 1 AND CORP.iType = 0 " +
-               kSubAndGroup + kPatient + visit + order;
+               kSubAndGroup + kPatientJoin + visit + order;
     }
     [[nodiscard]] std::string agent() const
     {
         return head + kAgent + kInsurerAndHousehold + from +
                " LEFT JOIN CORP ON       CORP.iKyotenCd = 1      AND CORP.iKyotenEb = 1"
                " AND CORP.nIDNo = RIYOUSHA.nDairiID " +
-               kSubAndGroup + kPatient + visit + order;
+               kSubAndGroup + kPatientJoin + visit + order;
     }
 };
 

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/japanese_text.h"
+#include "suite_text/japanese_text.h"
 
 #include "adapters/sqlite/database_file.h"
 
@@ -13,7 +13,7 @@ using namespace inin::sqlite;
 
 namespace {
 
-struct Row {
+struct LikeRow {
     std::string_view text, pattern;
     bool matches;
 };
@@ -22,7 +22,7 @@ struct Row {
 
 TEST_CASE("LIKE matches by wildcards, classes and the collation")
 {
-    static constexpr Row kRows[] = {
+    static constexpr LikeRow kRows[] = {
         {"やまだ たろう", "%ﾔﾏﾀﾞ%", true},
         {"ヤマダ", "%ﾔﾏﾀﾞ%", true},
         {"ﾔﾏﾀﾞ ﾀﾛｳ", "%やまだ%", true},
@@ -77,7 +77,7 @@ TEST_CASE("LIKE matches by wildcards, classes and the collation")
         {"abc ", "abc%", true},
         {"a\nb", "a%b", true},
     };
-    for (const Row &row : kRows) {
+    for (const LikeRow &row : kRows) {
         CAPTURE(row.text);
         CAPTURE(row.pattern);
         CHECK(LikePattern(row.pattern).matches(row.text) == row.matches);

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/sqlite_pool.h"
+#include "adapters/sqlite/sqlite_connection.h"
 
 #include "adapters/sqlite/database_file.h"
 
@@ -20,14 +20,14 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-const char *const kTable = "CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('before')";
+const char *const kTableOfOne = "CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('before')";
 
 /// A pool whose clock moves only when the test sets it.
 struct PoolWithFakeClock {
     SqlitePool::TimePoint now{};
     SqlitePool pool{[this] { return now; }};
-    DatabaseFile file{kTable};
-    std::vector<ProviderError> errors;
+    DatabaseFile file{kTableOfOne};
+    std::shared_ptr<std::vector<ProviderError>> errors = std::make_shared<std::vector<ProviderError>>();
 
     std::unique_ptr<SqliteHandle> open(const DatabaseFile &of)
     {
@@ -150,7 +150,7 @@ TEST_CASE_FIXTURE(PoolWithFakeClock, "a connection whose file was deleted or rep
     fs::remove(file.path());
     CHECK(pool.take("a") == nullptr);
 
-    file.run(kTable);
+    file.run(kTableOfOne);
     pool.giveBack("a", open());
     const DatabaseFile other("CREATE TABLE T (cName TEXT)");
     fs::rename(other.path(), file.path());
@@ -178,7 +178,7 @@ TEST_CASE_FIXTURE(PoolWithFakeClock, "a connection whose file was overwritten in
 
 TEST_CASE("a file that was overwritten in place with the same header is read again")
 {
-    const DatabaseFile file(kTable), other("CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('after!')");
+    const DatabaseFile file(kTableOfOne), other("CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('after!')");
     setLastWrite(file, std::chrono::hours(-1));
     const auto database = plainDatabase();
     CHECK(firstName(*database, file) == "before");
@@ -190,7 +190,7 @@ TEST_CASE("a file that was overwritten in place with the same header is read aga
 
 TEST_CASE("consecutive sessions share one open file, and concurrent sessions do not")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfOne);
     const auto database = plainDatabase();
     for (int i = 0; i < 3; ++i) CHECK(firstName(*database, file) == "before");
     CHECK_TIMES_OPEN(file, 1);
@@ -203,7 +203,7 @@ TEST_CASE("consecutive sessions share one open file, and concurrent sessions do 
 #ifndef _WIN32
 TEST_CASE("a file that replaced another one is read by the next session")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfOne);
     const auto database = plainDatabase();
     CHECK(firstName(*database, file) == "before");
     const DatabaseFile other("CREATE TABLE T (cName TEXT); INSERT INTO T VALUES ('after')");
@@ -213,13 +213,14 @@ TEST_CASE("a file that replaced another one is read by the next session")
 
 TEST_CASE("opening a session fails when the file of an idle connection was deleted")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfOne);
     const auto database = plainDatabase();
     CHECK(firstName(*database, file) == "before");
     fs::remove(file.path());
     const Raised raised = raisedBy([&] { (void)firstName(*database, file); });
     CHECK(raised.number == ado_error::unspecified);
-    CHECK(raised.description == "unable to open database file: " + file.path());
+    CHECK(raised.description ==
+          "データベースのファイルを開けません。（unable to open database file: " + file.path() + "）");
     CHECK_FALSE(fs::exists(file.path())); // nor is it created
 }
 
@@ -227,7 +228,7 @@ TEST_CASE("opening a session fails when the file of an idle connection was delet
 
 TEST_CASE("an idle connection reads the changes of other programs")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfOne);
     const auto database = plainDatabase();
     CHECK(firstName(*database, file) == "before");
     file.run("UPDATE T SET cName = 'changed'");
@@ -236,7 +237,7 @@ TEST_CASE("an idle connection reads the changes of other programs")
 
 TEST_CASE("the next session on an idle connection has its own command timeout and error list")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfOne);
     const auto database = plainDatabase();
     {
         const auto connection = database->newConnection();
@@ -252,7 +253,7 @@ TEST_CASE("the next session on an idle connection has its own command timeout an
 
 TEST_CASE("a session that outlives the Database object closes its file at its end")
 {
-    const DatabaseFile file(kTable);
+    const DatabaseFile file(kTableOfOne);
     auto database = plainDatabase();
     auto connection = database->newConnection();
     connection->Open(file.connectionString(), "", "", -1);

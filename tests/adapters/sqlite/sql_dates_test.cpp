@@ -24,7 +24,7 @@ constexpr const char *kMoments = "CREATE TABLE V (n INTEGER, t DATETIME, c TEXT)
                                  "(7, '2024-05-02', ''),"
                                  "(8, NULL, NULL)";
 
-struct Row {
+struct DateRow {
     const char *condition;
     Texts numbers;
 };
@@ -35,7 +35,7 @@ TEST_CASE("a date column compares by time, whatever the format of its values")
 {
     const DatabaseFile file(kMoments);
     Session session(file);
-    const Row rows[] = {
+    const DateRow rows[] = {
         {"t >= '2024/5/1'", {"2", "3", "4", "5", "6", "7"}},
         {"t > '2024/05/01'", {"5", "6", "7"}},
         {"t <= '2024-05-01'", {"1", "2", "3", "4"}},
@@ -65,7 +65,7 @@ TEST_CASE("a date column compares by time, whatever the format of its values")
         {"SUBSTRING(CONVERT(VARCHAR, t, 111),1,7) = '2024/04'", {"1"}},
         {"CONVERT(VARCHAR, c, 112) = '2024/05/01'", {"2", "3"}},
     };
-    for (const Row &row : rows) {
+    for (const DateRow &row : rows) {
         CAPTURE(row.condition);
         CHECK(session.firstColumn(std::string("SELECT n FROM V WHERE ") + row.condition + " ORDER BY n") ==
               row.numbers);

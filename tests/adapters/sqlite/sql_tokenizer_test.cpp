@@ -39,7 +39,7 @@ std::string tokens(std::string_view sql)
     return all;
 }
 
-struct Row {
+struct TokenRow {
     std::string_view sql;
     std::string_view tokens;
 };
@@ -48,7 +48,7 @@ struct Row {
 
 TEST_CASE("the tokenizer distinguishes words, names, numbers, binary values, texts and symbols")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TokenRow kRows[] = {
         {"", ""},
         {"  \t\r\n ", ""},
         {"SELECT a1,b_2", "word:SELECT word:a1 symbol:, word:b_2"},
@@ -77,7 +77,7 @@ TEST_CASE("the tokenizer distinguishes words, names, numbers, binary values, tex
         {"@name @@ROWCOUNT #temp a#b$c", "word:@name word:@@ROWCOUNT word:#temp word:a#b$c"},
         {"?", "symbol:?"},
     };
-    for (const Row &row : kRows) {
+    for (const TokenRow &row : kRows) {
         CAPTURE(row.sql);
         CHECK(tokens(row.sql) == row.tokens);
     }
@@ -85,7 +85,7 @@ TEST_CASE("the tokenizer distinguishes words, names, numbers, binary values, tex
 
 TEST_CASE("the tokenizer removes comments, including nested ones, but not those inside quotes")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TokenRow kRows[] = {
         {"a -- b ' c\nd", "word:a word:d"},
         {"a --", "word:a"},
         {"a /* b ' c */ d", "word:a word:d"},
@@ -97,7 +97,7 @@ TEST_CASE("the tokenizer removes comments, including nested ones, but not those 
         {"a - - b", "word:a symbol:- symbol:- word:b"},
         {"a / * b", "word:a symbol:/ symbol:* word:b"},
     };
-    for (const Row &row : kRows) {
+    for (const TokenRow &row : kRows) {
         CAPTURE(row.sql);
         CHECK(tokens(row.sql) == row.tokens);
     }
@@ -105,7 +105,7 @@ TEST_CASE("the tokenizer removes comments, including nested ones, but not those 
 
 TEST_CASE("an unterminated token and an unknown byte are invalid")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TokenRow kRows[] = {
         {"a 'b", "word:a invalid:'b"},
         {"'b''", "invalid:'b''"},
         {"N'b", "invalid:N'b"},
@@ -119,7 +119,7 @@ TEST_CASE("an unterminated token and an unknown byte are invalid")
         {std::string_view("'a\0b'", 5), std::string_view("invalid:'a\0b'", 13)},
         {"\x01", "invalid:\x01"},
     };
-    for (const Row &row : kRows) {
+    for (const TokenRow &row : kRows) {
         CAPTURE(row.sql);
         CHECK(tokens(row.sql) == row.tokens);
     }

@@ -30,13 +30,13 @@ const SqlSchema &schema()
     return kSchema;
 }
 
-struct Row {
+struct TranslationRow {
     std::string_view sql, expected;
 };
 
-template <std::size_t count> void checkAll(const Row (&rows)[count])
+template <std::size_t count> void checkAll(const TranslationRow (&rows)[count])
 {
-    for (const Row &row : rows) {
+    for (const TranslationRow &row : rows) {
         CAPTURE(row.sql);
         const Translation translation = translateSql(row.sql, schema());
         CHECK(translation.problem == "");
@@ -48,7 +48,7 @@ template <std::size_t count> void checkAll(const Row (&rows)[count])
 
 TEST_CASE("TOP becomes a LIMIT at the end of its own SELECT")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT TOP 1 nIDNo FROM RIYOUSHA ORDER BY nIDNo", "SELECT nIDNo FROM RIYOUSHA ORDER BY nIDNo LIMIT 1"},
         {"  select TOP 1      STAFF.nIDNo as nIDNo  FROM      STAFF",
          "  select      STAFF.nIDNo as nIDNo  FROM      STAFF LIMIT 1"},
@@ -72,7 +72,7 @@ TEST_CASE("TOP becomes a LIMIT at the end of its own SELECT")
 
 TEST_CASE("CONVERT to text formats a date by its style and does not change a text")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT CONVERT(VARCHAR, tExpireDay, 111) FROM RIYOUSHA",
          "SELECT inin_date_text(tExpireDay, 111) FROM RIYOUSHA"},
         {"SELECT convert(varchar,tExpireDay,112) FROM RIYOUSHA",
@@ -95,7 +95,7 @@ TEST_CASE("CONVERT to text formats a date by its style and does not change a tex
 
 TEST_CASE("LEFT is a function before a bracket and a join elsewhere")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT max(nIDNo) FROM STAFF where LEFT(nIDNo,4) = '0102'",
          "SELECT max(nIDNo) FROM STAFF where inin_left(nIDNo,4) = '0102' COLLATE ININ_JA"},
         {"SELECT LEFT (cName, 1) FROM STAFF", "SELECT inin_left (cName, 1) FROM STAFF"},
@@ -107,7 +107,7 @@ TEST_CASE("LEFT is a function before a bracket and a join elsewhere")
 
 TEST_CASE("+ concatenates texts and adds numbers, depending on its operands")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT * FROM 療養費単価 WHERE SUBSTRING(CONVERT(VARCHAR, cStartDate, 112),1,4)+SUBSTRING(CONVERT(VARCHAR, cStartDate, 112),6,2) <=   '201904'",
          "SELECT * FROM 療養費単価 WHERE SUBSTRING((cStartDate),1,4)||SUBSTRING((cStartDate),6,2) <=   '201904' COLLATE ININ_JA"},
         {"SELECT cName + '様' FROM STAFF", "SELECT cName || '様' FROM STAFF"},
@@ -125,7 +125,7 @@ TEST_CASE("+ concatenates texts and adds numbers, depending on its operands")
 
 TEST_CASE("0x values become binary literals of whole bytes")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"UPDATE MAP set bAddr1 = 0x00", "UPDATE MAP set bAddr1 = x'00'"},
         {"INSERT INTO MAP (bAddr1)VALUES (       0xFFd8, 0x00,0x)",
          "INSERT INTO MAP (bAddr1)VALUES (       x'FFd8', x'00',x'')"},
@@ -137,7 +137,7 @@ TEST_CASE("0x values become binary literals of whole bytes")
 
 TEST_CASE("GetDate in any case is the local time")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"UPDATE STAFF set x = GetDate()", "UPDATE STAFF set x = datetime('now','localtime')"},
         {"INSERT INTO STAFF (x) VALUES (     getdate())",
          "INSERT INTO STAFF (x) VALUES (     datetime('now','localtime'))"},
@@ -148,7 +148,7 @@ TEST_CASE("GetDate in any case is the local time")
 
 TEST_CASE("a date literal compared with a date column has the column's format")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024/5/1'",
          "SELECT 1 FROM RIYOUSHA WHERE tExpireDay >= '2024-05-01'"},
         {"SELECT 1 FROM RIYOUSHA WHERE tExpireDay < '20240501'",
@@ -226,7 +226,7 @@ TEST_CASE("a qualifier is an alias or table of its own FROM, regardless of other
 
 TEST_CASE("a date literal stored in a date column has the stored format")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"UPDATE RIYOUSHA set tExpireDay =  '2024/5/1', cName = '2024/5/1' where tExpireDay = '2024/5/1'",
          "UPDATE RIYOUSHA set tExpireDay =  '2024-05-01 00:00:00', cName = '2024/5/1' where tExpireDay BETWEEN '2024-05-01' AND '2024-05-01 00:00:00.000'"},
         {" insert into RIYOUSHA (nIDNo,tExpireDay,cName)values( 1,'2024/5/1 9:30:15','2024/5/1' ) ",
@@ -240,7 +240,7 @@ TEST_CASE("a date literal stored in a date column has the stored format")
 
 TEST_CASE("a date compared with a text column, or within a text, is unchanged")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT 1 FROM 療養費単価 WHERE cStartDate <= '2024/05/01'",
          "SELECT 1 FROM 療養費単価 WHERE cStartDate <= '2024/05/01' COLLATE ININ_JA"},
         {"SELECT 1 FROM STAFF WHERE cName LIKE '2024/05/01'", "SELECT 1 FROM STAFF WHERE cName LIKE '2024/05/01'"},
@@ -254,7 +254,7 @@ TEST_CASE("a date compared with a text column, or within a text, is unchanged")
 
 TEST_CASE("texts compare and sort under the server's collation, numbers and keys without it")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT 1 FROM STAFF WHERE nIDNo != 5 AND cName = '山田' ",
          "SELECT 1 FROM STAFF WHERE nIDNo != 5 AND cName = '山田' COLLATE ININ_JA"},
         {"SELECT 1 FROM RIYOUSHA, HOKENJA WHERE HOKENJA.cIDno = RIYOUSHA.cHokenNo ",
@@ -291,7 +291,7 @@ TEST_CASE("texts compare and sort under the server's collation, numbers and keys
 
 TEST_CASE("LIKE and its pattern are unchanged, as its function applies the collation")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT 1 FROM STAFF WHERE cName LIKE '%ﾔﾏﾀﾞ%' AND nIDNo LIKE '1_'",
          "SELECT 1 FROM STAFF WHERE cName LIKE '%ﾔﾏﾀﾞ%' AND nIDNo LIKE '1_'"},
         {"SELECT 1 FROM STAFF WHERE cName not like N'[0-9]%'", "SELECT 1 FROM STAFF WHERE cName not like '[0-9]%'"},
@@ -305,7 +305,7 @@ TEST_CASE("LIKE and its pattern are unchanged, as its function applies the colla
 
 TEST_CASE("a quoted text is unchanged, whatever it contains")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT 'LEFT(a,1) + 0xFF /* x */ -- y [z] \"w\" ''v''; TOP 1'",
          "SELECT 'LEFT(a,1) + 0xFF /* x */ -- y [z] \"w\" ''v''; TOP 1'"},
         {"SELECT N'山田'", "SELECT '山田'"},
@@ -318,7 +318,7 @@ TEST_CASE("a quoted text is unchanged, whatever it contains")
 
 TEST_CASE("comments are not passed to SQLite")
 {
-    static constexpr Row kRows[] = {
+    static constexpr TranslationRow kRows[] = {
         {"SELECT/* a /* b */ c */1 -- d\n, 2", "SELECT 1 , 2"},
         {"SELECT 1 -- '", "SELECT 1"},
     };

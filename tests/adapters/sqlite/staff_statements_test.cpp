@@ -12,11 +12,11 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string kSite = " iKyotenCd = 1 and iKyotenEb = 1";
-const std::string kOrder = "  order by      nIDNo";
+const std::string kStaffBranch = " iKyotenCd = 1 and iKyotenEb = 1";
+const std::string kStaffOrder = "  order by      nIDNo";
 
 /// The select list of the staff grid, in which some names appear twice.
-const std::string kGrid =
+const std::string kStaffGrid =
     "  select      STAFF.cAdress1 as cAdress1     ,STAFF.cAdress2 as cAdress2     ,STAFF.cFaxNo as cFaxNo"
     "     ,STAFF.cKaiNo as cKaiNo     ,STAFF.cMobNo as cMobNo     ,STAFF.cName as cName     ,STAFF.cNameKana as cNameKana"
     "     ,STAFF.cTelNo as cTelNo     ,STAFF.cYubinNo as cYubinNo     ,STAFF.iChusiFlg as iChusiFlg"
@@ -41,7 +41,7 @@ std::string oneOnly(const std::string &select)
     return "  select TOP 1" + select.substr(std::string("  select").size());
 }
 
-const std::string kInsert =
+const std::string kStaffInsert =
     " insert into    STAFF (      iKyotenCd     ,iKyotenEb     ,cAdress1     ,cAdress2     ,cFaxNo     ,cKaiNo     ,cKaiNo2"
     "     ,cKaiNo3     ,cMobNo     ,cName     ,cNameKana     ,cNameRyaku     ,cRken     ,cRno     ,cTelNo     ,cYubinNo"
     "     ,iChusiFlg     ,iSexKubun     ,iShikakuKubun     ,iSyokushuKubun     ,iYaku     ,nIDNo     ,cEmail     ,iTecAbi"
@@ -60,46 +60,50 @@ const std::string kInsert =
 
 TEST_CASE_FIXTURE(PracticeSession, "the staff grid lists the active staff by number, and NULL means active")
 {
-    const std::string active = kGrid + kFrom + " where     (iChusiFlg = 0 OR iChusiFlg IS NULL)";
-    CHECK(session.rows(active + " and" + kSite + kOrder, {"nIDNo", "cName", "iChusiFlg"}) ==
+    const std::string active = kStaffGrid + kFrom + " where     (iChusiFlg = 0 OR iChusiFlg IS NULL)";
+    CHECK(session.rows(active + " and" + kStaffBranch + kStaffOrder, {"nIDNo", "cName", "iChusiFlg"}) ==
           Texts{"3|施術三子|0", "4|施術四郎|NULL"});
-    CHECK(session.rows(active + " and     nIDNo = 4 and" + kSite + kOrder, {"nIDNo"}) == Texts{"4"});
+    CHECK(session.rows(active + " and     nIDNo = 4 and" + kStaffBranch + kStaffOrder, {"nIDNo"}) == Texts{"4"});
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the staff grid without the condition for active staff lists the stopped staff too")
 {
-    CHECK(session.rows(kGrid + kFrom + " where" + kSite + kOrder, {"nIDNo", "tBirthday", "tNyusyaDay"}) ==
+    CHECK(session.rows(kStaffGrid + kFrom + " where" + kStaffBranch + kStaffOrder,
+                       {"nIDNo", "tBirthday", "tNyusyaDay"}) ==
           Texts{"3|<1980-05-01 00:00:00>|NULL", "4|NULL|NULL", "5|NULL|NULL"});
-    CHECK(session.rows(kGrid + kFrom + " where iKyotenCd = 7 and iKyotenEb = 7" + kOrder, {"nIDNo"}).empty());
+    CHECK(session.rows(kStaffGrid + kFrom + " where iKyotenCd = 7 and iKyotenEb = 7" + kStaffOrder, {"nIDNo"}).empty());
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the staff grid filters by parts of the name and kana")
 {
-    CHECK(session.rows(kGrid + kFrom + " where     cName LIKE '%三子%' and     cNameKana LIKE '%ｾｼﾞｭﾂ%' and" + kSite +
-                           kOrder,
+    CHECK(session.rows(kStaffGrid + kFrom + " where     cName LIKE '%三子%' and     cNameKana LIKE '%ｾｼﾞｭﾂ%' and" +
+                           kStaffBranch + kStaffOrder,
                        {"cName"}) == Texts{"施術三子"});
-    CHECK(
-        session.rows(kGrid + kFrom + " where     cNameKana LIKE '%せしゅつ%' and" + kSite + kOrder, {"cName"}).empty());
+    CHECK(session
+              .rows(kStaffGrid + kFrom + " where     cNameKana LIKE '%せしゅつ%' and" + kStaffBranch + kStaffOrder,
+                    {"cName"})
+              .empty());
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "a staff member is read by number and branch, or by number and name in all branches")
 {
-    const std::string read = oneOnly(kGrid) + kReadMore + kFrom + " where    nIDNo = 3";
-    CHECK(session.rows(read + " and iKyotenCd = 1 and iKyotenEb = 1" + kOrder,
+    const std::string read = oneOnly(kStaffGrid) + kReadMore + kFrom + " where    nIDNo = 3";
+    CHECK(session.rows(read + " and iKyotenCd = 1 and iKyotenEb = 1" + kStaffOrder,
                        {"cName", "cNameRyaku", "cRken", "iYaku"}) == Texts{"施術三子|三子|NULL|NULL"});
-    CHECK(session.rows(read + " AND cName = '別拠点の者' " + kOrder, {"cName"}) == Texts{"別拠点の者"});
-    CHECK(session.rows(read + kOrder, {"nIDNo"}) == Texts{"3"}); // two branches have a 3
+    CHECK(session.rows(read + " AND cName = '別拠点の者' " + kStaffOrder, {"cName"}) == Texts{"別拠点の者"});
+    CHECK(session.rows(read + kStaffOrder, {"nIDNo"}) == Texts{"3"}); // two branches have a 3
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the identity check reads all rows of a staff number in the branch")
 {
-    CHECK(session.rows(kGrid + kReadMore + kFrom + " where    nIDNo = 5 and iKyotenCd = 1 and iKyotenEb = 1" + kOrder,
+    CHECK(session.rows(kStaffGrid + kReadMore + kFrom + " where    nIDNo = 5 and iKyotenCd = 1 and iKyotenEb = 1" +
+                           kStaffOrder,
                        {"cName", "iChusiFlg"}) == Texts{"中止五郎|1"});
 }
 
 TEST_CASE_FIXTURE(PracticeSession, "the staff of all branches are listed with the names of their branches")
 {
-    const std::string sql = kGrid + "     ,STAFF.iKyotenCd     ,STAFF.iKyotenEb     ,KYOTEN.cKyotenName" + kFrom +
+    const std::string sql = kStaffGrid + "     ,STAFF.iKyotenCd     ,STAFF.iKyotenEb     ,KYOTEN.cKyotenName" + kFrom +
                             "  LEFT JOIN KYOTEN ON      KYOTEN.iKyotenCd = STAFF.iKyotenCd"
                             "  AND KYOTEN.iKyotenEb = STAFF.iKyotenEb";
     const std::string order = "  order by      STAFF.iKyotenCd, STAFF.iKyotenEb, STAFF.nIDNo";
@@ -138,8 +142,8 @@ TEST_CASE_FIXTURE(PracticeSession, "the highest staff number is that of the bran
 
 TEST_CASE_FIXTURE(PracticeSession, "a staff member is inserted with dates in any format or NULL")
 {
-    CHECK(session.execute(kInsert) == 1);
-    CHECK(session.rows(oneOnly(kGrid) + kReadMore + kFrom + " where    nIDNo = 6" + kOrder,
+    CHECK(session.execute(kStaffInsert) == 1);
+    CHECK(session.rows(oneOnly(kStaffGrid) + kReadMore + kFrom + " where    nIDNo = 6" + kStaffOrder,
                        {"cName", "tBirthday", "tNyusyaDay", "tKousinDay", "cVehicleNumber", "iSexKubun", "cPcName"}) ==
           Texts{"新人六子|<1990-02-28 00:00:00>|<2024-04-01 00:00:00>|NULL|NULL|-1|PC1"});
 }

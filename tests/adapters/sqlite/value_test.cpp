@@ -10,7 +10,7 @@ using namespace inin::sqlite;
 
 namespace {
 
-struct Row {
+struct ValueRow {
     std::string_view declared, written, shown;
     std::int32_t type; ///< ADO's code
 };
@@ -21,7 +21,7 @@ constexpr std::int32_t kSmallInt = 2, kInteger = 3, kDouble = 5, kDateTime = 135
 
 TEST_CASE("a value has its own type, and its field the declared type of the column")
 {
-    static constexpr Row kRows[] = {
+    static constexpr ValueRow kRows[] = {
         {"INTEGER", "12", "12", kInteger},
         {"INTEGER", "-2147483648", "-2147483648", kInteger},
         {"INTEGER", "2147483648", "2147483648", kInteger}, // beyond 32 bits it is a double
@@ -48,7 +48,7 @@ TEST_CASE("a value has its own type, and its field the declared type of the colu
         {"INTEGER", "'１２'", "１２", kInteger},
         {"INTEGER", "'12'", "12", kInteger},
     };
-    for (const Row &row : kRows) {
+    for (const ValueRow &row : kRows) {
         CAPTURE(row.declared);
         CAPTURE(row.written);
         const DatabaseFile file("CREATE TABLE T (x " + std::string(row.declared) + "); INSERT INTO T VALUES (" +

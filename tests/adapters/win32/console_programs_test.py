@@ -86,7 +86,7 @@ class ConsolePrograms(unittest.TestCase):
                 code, events = site.play(PRINT)
                 self.assertEqual((code, boxes(events)), (0, []))
                 self.assertEqual(site.letters()[:2], days)
-                self.assertIn(f"このコンピューターの短い日付の形式が「{form}」なので、データベースが日付を正しく読めません"
+                self.assertIn(f"[602] このコンピューターの短い日付の形式が「{form}」なので、データベースが日付を正しく読めません"
                               "（「yyyy/MM/dd」にしてください）。", site.check())
 
     def test_a_site_at_a_path_of_more_than_300_characters_prints(self):
@@ -124,7 +124,7 @@ class ConsolePrograms(unittest.TestCase):
                                                  "患者データの取得に失敗しました。"])
                 self.assertIn({"event": "window", "name": "frmPrintInin", "shown": True}, events)
                 self.assertEqual(events[-1], {"event": "end", "code": 0})
-                self.assertIn("データベースに接続できません。（no ODBC driver for SQL Server is installed）",
+                self.assertIn("[403] データベースに接続できません。（no ODBC driver for SQL Server is installed）",
                               site.check(**no_drivers))
 
     def test_a_read_only_folder_ends_a_print_with_error_75_and_no_settings_are_stored(self):

@@ -25,7 +25,7 @@ std::string utf8(const wchar_t *text, int size)
 }
 
 /// Type and value as passed by the caller, without conversion.
-std::string result(const VARIANTARG &argument)
+std::string argumentText(const VARIANTARG &argument)
 {
     switch (argument.vt) {
     case VT_EMPTY:
@@ -233,7 +233,7 @@ public:
         const auto &row = kMembers[id - 1];
         std::string line = kindOf(flags) + " " + utf8(row.name, lstrlenW(row.name));
         for (UINT at = given->cArgs; at > 0; --at)
-            line += (at == given->cArgs ? ": " : ", ") + result(given->rgvarg[at - 1]);
+            line += (at == given->cArgs ? ": " : ", ") + argumentText(given->rgvarg[at - 1]);
         if (given->cNamedArgs != (flags == DISPATCH_PROPERTYPUT ? 1U : 0U)) line += " with a wrong name";
         if (flags == DISPATCH_PROPERTYPUT && given->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)
             line += " named wrongly";

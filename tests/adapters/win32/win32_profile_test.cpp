@@ -9,6 +9,7 @@
 #include <doctest/doctest.h>
 
 using namespace inin;
+using namespace inin::win32;
 
 namespace {
 

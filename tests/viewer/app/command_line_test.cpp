@@ -39,6 +39,12 @@ TEST_CASE("the options of a run without a window are read")
     CHECK(parsed<ViewCommand>({"formviewer", "--check", "/site/s.dat"}).script == "/site/s.dat");
     CHECK(parsed<ViewCommand>({"formviewer", "--check", "--json", "s.dat"}).json);
     CHECK(parsed<ViewCommand>({"WrVb6Viewer.exe", "/c", "s.dat"}).needsWindow());
+    const auto check = parsed<ViewCommand>(
+        {"formviewer", "--check", "--without-check", "shrunk,noHolder", "--today", "2024-05-20", "s.dat"});
+    CHECK(check.withoutChecks.count() == 2);
+    CHECK(check.withoutChecks.test(static_cast<std::size_t>(Cause::shrunk)));
+    CHECK(check.today == DateSerial(2024, 5, 20));
+    CHECK(check.script == "s.dat");
 }
 
 TEST_CASE("under the merger's name, an output form and a script are read")
@@ -58,6 +64,8 @@ TEST_CASE("a command line without a script or with an unknown option is refused"
     parsed<BadCommandLine>({"formviewer", "/c"});
     parsed<BadCommandLine>({"formviewer", "--colour", "s.dat"});
     parsed<BadCommandLine>({"formviewer", "--dpi", "0", "s.dat"});
+    parsed<BadCommandLine>({"formviewer", "--check", "--without-check", "noSuchCause", "s.dat"});
+    parsed<BadCommandLine>({"formviewer", "--check", "--today", "soon", "s.dat"});
     parsed<ShowHelp>({"formviewer", "--help"});
 }
 
@@ -79,15 +87,42 @@ TEST_CASE("the exit code distinguishes success, failure and an invalid command l
 {
     TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, {longestRow()});
-    CHECK(runViewer(folder, "--check " + script).code == 0);
     CHECK(contains(runViewer(folder, "--check " + script).output, "髙﨑勘解由"));
     CHECK(runViewer(folder, "--check --json " + script).output.starts_with("{"));
     const Outcome missing = runViewer(folder, "--pdf o.pdf 無い.dat");
     CHECK(missing.code == 1);
     CHECK(missing.errors == "formviewer: ファイル「無い.dat」が見つかりません。\n");
-    CHECK(runViewer(folder, "--colour").code == 2);
+    const Outcome refused = runViewer(folder, "--colour");
+    CHECK(refused.code == 2);
+    CHECK(contains(refused.errors, "使い方は formviewer --help で見られます。（"));
     CHECK(runViewer(folder, "/c").errors == "formviewer: 「/c」の後にコマンドファイルがありません。\n");
-    CHECK(contains(runViewer(folder, "--help").output, "--letters"));
+}
+
+TEST_CASE("a check ends with 1 when a letter has findings and with 0 when none has, with and without other output")
+{
+    TempFolder folder;
+    const std::string good = writePrintJob(folder, kForm, {ordinaryRow()});
+    CHECK(runViewer(folder, "--check --today 2024-05-20 " + good).code == 0);
+    CHECK(runViewer(folder, "--check --today 2024-05-20 --pdf o.pdf " + good).code == 0);
+    const std::string flagged = writePrintJob(folder, kForm, {ordinaryRow(), longestRow()});
+    CHECK(runViewer(folder, "--check --today 2024-05-20 " + flagged).code == 1);
+    CHECK(runViewer(folder, "--check --json --today 2024-05-20 " + flagged).code == 1);
+    CHECK(runViewer(folder, "--check --today 2024-05-20 --letters 1 " + flagged).code == 0);
+    fs::remove(pathOf(folder / "o.pdf"));
+    CHECK(runViewer(folder, "--check --today 2024-05-20 --pdf o.pdf " + flagged).code == 1);
+    CHECK(folder.has("o.pdf"));
+}
+
+TEST_CASE("the help is in Japanese throughout, and in English for an English locale")
+{
+    TempFolder folder;
+    const std::string japanese = runViewer(folder, "--help").output;
+    CHECK(contains(japanese, "使い方: formviewer [オプション] [コマンドファイル]"));
+    CHECK(contains(japanese, "--letters 番号"));
+    for (const char *english : {"Usage", "Options", "OPTIONS", "TEXT", "FLOAT", "Print this"}) {
+        CAPTURE(english);
+        CHECK(!contains(japanese, english));
+    }
 }
 
 TEST_CASE("under the merger's name, in any case, the program writes a combined form that the viewer prints")

@@ -71,3 +71,41 @@ TEST_CASE("a pattern with an unknown column is refused with the column's name")
     CHECK_THROWS_WITH_AS(LetterFileNames(set, "{{氏名}}", ".pdf"),
                          "ファイル名の「{{氏名}}」の列「氏名」が CSV にありません。", RuntimeError);
 }
+
+namespace {
+
+struct Period {
+    std::string from, to;
+};
+
+std::string nameOfPeriods(const std::vector<Period> &periods, const std::vector<std::size_t> &which)
+{
+    std::vector<Row> rows;
+    for (const Period &period : periods) {
+        rows.push_back(ordinaryRow());
+        rows.back()["対象開始日"] = period.from;
+        rows.back()["対象終了日"] = period.to;
+    }
+    LetterSet set = lettersOn(svgPage(""), rows);
+    set.title.clear();
+    return fileNameOfAll(set, which, ".pdf");
+}
+
+} // namespace
+
+TEST_CASE("the file of all letters is named by their month, and by the first and the last of several months")
+{
+    const Period november{"2026/11/01", "2026/11/30"}, may{"2027/05/01", "2027/05/31"};
+    CHECK(nameOfPeriods({november, november}, {0, 1}) == "委任状_R8.11.pdf");
+    CHECK(nameOfPeriods({may, november}, {0, 1}) == "委任状_R8.11-R9.05.pdf");
+    CHECK(nameOfPeriods({{"2026/11/16", "2026/12/15"}}, {0}) == "委任状_R8.11-R8.12.pdf");
+}
+
+TEST_CASE("only the saved letters and readable dates count for the month in the file name")
+{
+    const Period november{"2026/11/01", "2026/11/30"}, may{"2027/05/01", "2027/05/31"}, none{"", "?"};
+    CHECK(nameOfPeriods({november, may}, {1}) == "委任状_R9.05.pdf");
+    CHECK(nameOfPeriods({none, november}, {0, 1}) == "委任状_R8.11.pdf");
+    CHECK(nameOfPeriods({none}, {0}) == "委任状.pdf");
+    CHECK(nameOfPeriods({{"2019/05/01", "2019/05/31"}}, {0}) == "委任状_R元.05.pdf");
+}

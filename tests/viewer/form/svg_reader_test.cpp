@@ -12,7 +12,7 @@ using namespace inin::viewer::test;
 
 namespace {
 
-constexpr double kMm = 72 / 25.4;
+constexpr double kMillimetre = 72 / 25.4;
 
 const PathCommand &pathAt(const FormDocument &form, std::size_t i)
 {
@@ -23,7 +23,7 @@ const TextCommand &textAt(const FormDocument &form, std::size_t i)
     return std::get<TextCommand>(form.commands.at(i));
 }
 
-std::string refusal(const std::string &svg)
+std::string svgRefusal(const std::string &svg)
 {
     return errorWordsOf([&] { return readSvg(svg); });
 }
@@ -57,12 +57,12 @@ TEST_CASE("shapes are read in order, in points from the upper left corner")
                  "<circle cx='50' cy='50' r='10' fill='none' stroke='red'/>");
     REQUIRE(form.commands.size() == 3);
     const Box box = boundsOf(pathAt(form, 0).path);
-    CHECK(box.left == doctest::Approx(10 * kMm));
-    CHECK(box.bottom() == doctest::Approx(25 * kMm));
+    CHECK(box.left == doctest::Approx(10 * kMillimetre));
+    CHECK(box.bottom() == doctest::Approx(25 * kMillimetre));
     CHECK(pathAt(form, 0).fill == Color{255, 255, 255});
-    CHECK(pathAt(form, 0).stroke->width == doctest::Approx(0.5 * kMm));
+    CHECK(pathAt(form, 0).stroke->width == doctest::Approx(0.5 * kMillimetre));
     CHECK(pathAt(form, 1).stroke->color == Color{16, 32, 48});
-    CHECK(boundsOf(pathAt(form, 2).path).right() == doctest::Approx(60 * kMm));
+    CHECK(boundsOf(pathAt(form, 2).path).right() == doctest::Approx(60 * kMillimetre));
 }
 
 TEST_CASE("transforms of groups and elements multiply")
@@ -70,9 +70,9 @@ TEST_CASE("transforms of groups and elements multiply")
     const FormDocument form = readPage("<g transform='translate(10,0)'><g transform='scale(2)'>"
                                        "<rect transform='matrix(1 0 0 1 3 4)' width='5' height='5'/></g></g>");
     const Box box = boundsOf(pathAt(form, 0).path);
-    CHECK(box.left == doctest::Approx(16 * kMm));
-    CHECK(box.top == doctest::Approx(8 * kMm));
-    CHECK(box.width == doctest::Approx(10 * kMm));
+    CHECK(box.left == doctest::Approx(16 * kMillimetre));
+    CHECK(box.top == doctest::Approx(8 * kMillimetre));
+    CHECK(box.width == doctest::Approx(10 * kMillimetre));
 }
 
 TEST_CASE("each command of path data is drawn")
@@ -119,11 +119,11 @@ TEST_CASE("a text without positioned spans is one line with its fields")
     const TextCommand &text = textAt(form, 0);
     CHECK(text.id == "t");
     CHECK(text.family == "IPAexMincho");
-    CHECK(text.size == doctest::Approx(4 * kMm));
+    CHECK(text.size == doctest::Approx(4 * kMillimetre));
     CHECK(text.anchor == Anchor::middle);
     CHECK(text.color == Color{0x33, 0x33, 0x33});
-    CHECK(text.at.e == doctest::Approx(10 * kMm));
-    CHECK(text.at.f == doctest::Approx(20 * kMm));
+    CHECK(text.at.e == doctest::Approx(10 * kMillimetre));
+    CHECK(text.at.f == doctest::Approx(20 * kMillimetre));
     REQUIRE(text.pieces.size() == 2);
     CHECK(text.pieces[0].literal == "氏名　");
     CHECK(text.pieces[1].column == "利用者氏名");
@@ -143,8 +143,8 @@ TEST_CASE("spans with positions are separate lines, as Inkscape writes them")
                                        "<tspan x='1' y='8'>二行目</tspan><tspan x='1' dy='6'>三行目</tspan></text>");
     REQUIRE(form.commands.size() == 3);
     CHECK(textAt(form, 1).pieces[0].literal == "二行目");
-    CHECK(textAt(form, 1).at.f == doctest::Approx(8 * kMm));
-    CHECK(textAt(form, 2).at.f == doctest::Approx(14 * kMm));
+    CHECK(textAt(form, 1).at.f == doctest::Approx(8 * kMillimetre));
+    CHECK(textAt(form, 2).at.f == doctest::Approx(14 * kMillimetre));
 }
 
 TEST_CASE("blanks are collapsed unless the text preserves them, and full-width blanks never are")
@@ -166,12 +166,12 @@ TEST_CASE("a text finds its box by id, wherever the box is and even if it is not
                                            std::string(box));
         REQUIRE(textAt(form, 0).fit);
         const FitRule &fit = *textAt(form, 0).fit;
-        CHECK(fit.box.left == doctest::Approx(11 * kMm));
-        CHECK(fit.box.height == doctest::Approx(6 * kMm));
+        CHECK(fit.box.left == doctest::Approx(11 * kMillimetre));
+        CHECK(fit.box.height == doctest::Approx(6 * kMillimetre));
         CHECK(fit.lines == 3);
         CHECK(fit.verticalAlignment == VerticalAlignment::top);
         CHECK(fit.narrowest == doctest::Approx(0.7));
-        CHECK(fit.smallest == doctest::Approx(2 * kMm));
+        CHECK(fit.smallest == doctest::Approx(2 * kMillimetre));
         CHECK(fit.leading == doctest::Approx(1.1));
     }
 }
@@ -186,7 +186,7 @@ TEST_CASE("the lines of a boxed text are one text")
 
 TEST_CASE("a missing box is refused with its name")
 {
-    CHECK(refusal(svgPage("<text data-box='枠'>x</text>")) == "枠「枠」（data-box）がありません。");
+    CHECK(svgRefusal(svgPage("<text data-box='枠'>x</text>")) == "枠「枠」（data-box）がありません。");
 }
 
 TEST_CASE("hidden elements are not drawn")
@@ -218,9 +218,9 @@ TEST_CASE("each unsupported element is reported once")
 
 TEST_CASE("a document with entity declarations is refused")
 {
-    CHECK(refusal("<!DOCTYPE svg [<!ENTITY a 'b'>]><svg width='9' height='9'/>") ==
+    CHECK(svgRefusal("<!DOCTYPE svg [<!ENTITY a 'b'>]><svg width='9' height='9'/>") ==
           "実体宣言「a」のあるファイルは開きません。");
-    CHECK(refusal("<!DOCTYPE svg [<!ENTITY a SYSTEM 'file:///etc/passwd'>]><svg width='9' height='9'>&a;</svg>") ==
+    CHECK(svgRefusal("<!DOCTYPE svg [<!ENTITY a SYSTEM 'file:///etc/passwd'>]><svg width='9' height='9'>&a;</svg>") ==
           "実体宣言「a」のあるファイルは開きません。");
 }
 
@@ -239,14 +239,14 @@ TEST_CASE("too many elements, levels or characters are refused at the limit with
     const std::string text = "<text>" + std::string(2'000'000, 'x') + "</text>";
     struct Case {
         const std::string &elements;
-        const char *refusal;
+        const char *svgRefusal;
         std::size_t opened;
     };
     for (const Case &each :
          {Case{many, "要素が多すぎます（20000個まで）。", 20'000},
           Case{deep, "要素の入れ子が深すぎます（100段まで）。", 100}, Case{text, "文字が多すぎます。", 2}}) {
-        CAPTURE(std::string(each.refusal));
-        CHECK(refusal(svgPage(each.elements)) == each.refusal);
+        CAPTURE(std::string(each.svgRefusal));
+        CHECK(svgRefusal(svgPage(each.elements)) == each.svgRefusal);
         XmlCounter counter;
         CHECK_THROWS_AS(readXml(svgPage(each.elements), "", counter), RuntimeError);
         CHECK(counter.opened == each.opened);
@@ -256,13 +256,13 @@ TEST_CASE("too many elements, levels or characters are refused at the limit with
 
 TEST_CASE("malformed XML and XML that is not SVG are refused with a sentence")
 {
-    CHECK(refusal("<svg width='9' height='9'><g></svg>").starts_with("XML として読めません（1行目"));
-    CHECK(refusal("<html/>") == "SVG の文書ではありません。");
-    CHECK(refusal("<svg xmlns='http://example.invalid/svg' width='9' height='9'/>") == "SVG の文書ではありません。");
-    CHECK(refusal("<svg/>") == "用紙の大きさ（width と height）がありません。");
-    CHECK(refusal("<svg width='-5' height='9'/>") == "用紙の大きさ（width と height）がありません。");
-    CHECK(refusal("<svg width='1e9' height='1e9'/>") == "用紙の大きさ（width と height）がありません。");
-    CHECK(refusal("") != "");
+    CHECK(svgRefusal("<svg width='9' height='9'><g></svg>").starts_with("XML として読めません（1行目"));
+    CHECK(svgRefusal("<html/>") == "SVG の文書ではありません。");
+    CHECK(svgRefusal("<svg xmlns='http://example.invalid/svg' width='9' height='9'/>") == "SVG の文書ではありません。");
+    CHECK(svgRefusal("<svg/>") == "用紙の大きさ（width と height）がありません。");
+    CHECK(svgRefusal("<svg width='-5' height='9'/>") == "用紙の大きさ（width と height）がありません。");
+    CHECK(svgRefusal("<svg width='1e9' height='1e9'/>") == "用紙の大きさ（width と height）がありません。");
+    CHECK(svgRefusal("") != "");
 }
 
 TEST_CASE("only a file that begins as XML is read as a form document")
@@ -291,7 +291,7 @@ TEST_CASE("elements that are too far away or too large are reported and not draw
 TEST_CASE("a font size in percent is relative to the parent's font size")
 {
     const FormDocument form = readPage("<g style='font-size:8px'><text style='font-size:50%'>x</text></g>");
-    CHECK(textAt(form, 0).size == doctest::Approx(4 * kMm));
+    CHECK(textAt(form, 0).size == doctest::Approx(4 * kMillimetre));
 }
 
 TEST_CASE("weights from 600 on are bold, and other text inherits its weight")
@@ -328,6 +328,6 @@ TEST_CASE("a smallest size of 0 or above the font size is clamped")
             readPage("<rect id='b' width='9' height='9' fill='none'/><text data-box='b' data-min-size='" +
                      std::string(size) + "' style='font-size:4px'>x</text>");
         CHECK(textAt(form, 0).fit->smallest > 0);
-        CHECK(textAt(form, 0).fit->smallest <= 4 * kMm + 0.001);
+        CHECK(textAt(form, 0).fit->smallest <= 4 * kMillimetre + 0.001);
     }
 }

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string refusal(const std::string &path)
+std::string readRefusal(const std::string &path)
 {
     return errorWordsOf([&] { return readWholeFile(path, 10); });
 }
@@ -74,7 +74,7 @@ TEST_CASE("a folder is not read as a file or replaced by one")
 {
     TempFolder folder;
     fs::create_directory(folder.folder() / "taken");
-    CHECK(refusal(folder / "taken") == "ファイル「" + folder / "taken" + "」は読めるファイルではありません。");
+    CHECK(readRefusal(folder / "taken") == "ファイル「" + folder / "taken" + "」は読めるファイルではありません。");
     CHECK_THROWS_AS(AtomicFile{folder / "taken"}, RuntimeError);
     CHECK(folder.names() == std::vector<std::string>{"taken"});
 }
@@ -82,10 +82,10 @@ TEST_CASE("a folder is not read as a file or replaced by one")
 TEST_CASE("a missing or too large file is refused with its path, and an empty file is read")
 {
     TempFolder folder;
-    CHECK(refusal(folder / "x") == "ファイル「" + folder / "x" + "」が見つかりません。");
-    CHECK(refusal(folder / "x" + "/y") == "ファイル「" + folder / "x" + "/y」が見つかりません。");
+    CHECK(readRefusal(folder / "x") == "ファイル「" + folder / "x" + "」が見つかりません。");
+    CHECK(readRefusal(folder / "x" + "/y") == "ファイル「" + folder / "x" + "/y」が見つかりません。");
     folder.put("x", "eleven byte");
-    CHECK(refusal(folder / "x") == "ファイル「" + folder / "x" + "」は大きすぎます。");
+    CHECK(readRefusal(folder / "x") == "ファイル「" + folder / "x" + "」は大きすぎます。");
     folder.put("x", "");
     CHECK(readWholeFile(folder / "x").empty());
     CHECK(MappedFile(folder / "x").bytes().empty());

@@ -1,7 +1,7 @@
 #include "runtime/runtime_error.h"
+#include "runtime/utf8.h"
 #include "viewer/layout/letter_layout.h"
 #include "viewer/layout/text_fit.h"
-#include "viewer/layout/utf8.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -345,10 +345,10 @@ TEST_CASE("the character table and the shaper give the same glyphs")
 TEST_CASE("a family that is not installed is replaced and reported")
 {
     Fonts fonts;
-    static_cast<void>(fonts.font("ない書体"));
-    static_cast<void>(fonts.font("ない書体"));
+    static_cast<void>(fonts.font("ないフォント"));
+    static_cast<void>(fonts.font("ないフォント"));
     REQUIRE(fonts.notices().size() == 1);
-    CHECK(fonts.notices()[0].starts_with("書体「ない書体」がないので「"));
+    CHECK(fonts.notices()[0].starts_with("フォント「ないフォント」がないので「"));
     static_cast<void>(fonts.font("serif"));
     static_cast<void>(fonts.font("IPAex明朝"));
     CHECK(fonts.notices().size() == 1);
@@ -361,12 +361,4 @@ TEST_CASE("a missing gothic is replaced by a gothic, and a missing mincho by a m
     CHECK(fonts.font("Meiryo UI").path() == fonts.font("IPAexGothic").path());
     CHECK(contains(fonts.font("Yu Mincho").postScriptName(), "Mincho"));
     CHECK(fonts.notices().size() == 3);
-}
-
-TEST_CASE("invalid UTF-8 bytes become replacement characters, and all other characters are kept")
-{
-    std::u32string characters;
-    CHECK(appendCharacters("a\xE3\x81\x82\xFFz\xE3\x81", characters, 100));
-    CHECK(characters == U"aあ\uFFFDz\uFFFD");
-    CHECK_FALSE(appendCharacters("abc", characters, 2));
 }

@@ -23,7 +23,7 @@ std::vector<std::string> rowOf(const LetterTable &table, std::size_t row)
     return values;
 }
 
-std::string refusal(const std::string &bytes)
+std::string csvRefusal(const std::string &bytes)
 {
     return errorWordsOf([&] { return readLetters(bytes, TitleRow::first); });
 }
@@ -93,8 +93,8 @@ TEST_CASE("a last line without a line end is marked as truncated, even if it is 
 
 TEST_CASE("a file that ends inside its header row is refused as truncated")
 {
-    CHECK(refusal("\"a\",\"b") == "見出し行が途中で切れています。");
-    CHECK(refusal("\"a\",\"b\"\r") == "見出し行が途中で切れています。");
+    CHECK(csvRefusal("\"a\",\"b") == "見出し行が途中で切れています。");
+    CHECK(csvRefusal("\"a\",\"b\"\r") == "見出し行が途中で切れています。");
 }
 
 TEST_CASE("column names may have any order and number")
@@ -112,9 +112,9 @@ TEST_CASE("a file without rows has none")
 
 TEST_CASE("an empty file, a first line without quotes and a duplicate column name are refused with a sentence")
 {
-    CHECK(refusal("") == "ファイルが空です。");
-    CHECK(refusal("FileName,\"x\"\r\n") == "先頭の行が見出し行ではありません。各列を引用符で囲んだ行が必要です。");
-    CHECK(refusal("\"a\",\"a\"\r\n") == "見出し行に列「a」が二つあります。");
+    CHECK(csvRefusal("") == "ファイルが空です。");
+    CHECK(csvRefusal("FileName,\"x\"\r\n") == "先頭の行が見出し行ではありません。各列を引用符で囲んだ行が必要です。");
+    CHECK(csvRefusal("\"a\",\"a\"\r\n") == "見出し行に列「a」が二つあります。");
 }
 
 TEST_CASE("a file without a header row has numbers as column names, or the program's names for twenty columns")

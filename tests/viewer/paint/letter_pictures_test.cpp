@@ -22,14 +22,16 @@ std::vector<Row> rowsOfAllKinds()
     return rows;
 }
 
-struct Pictures {
+struct CachedPictures {
     TempFolder folder;
     LetterSet set;
     Fonts fonts;
     LetterRenderer renderer{set, fonts};
     QtGlyphs glyphs;
     LetterPictures pictures{renderer, glyphs};
-    explicit Pictures(const char *form = kForm) : set(openScript(writePrintJob(folder, form, rowsOfAllKinds()))) {}
+    explicit CachedPictures(const char *form = kForm) : set(openScript(writePrintJob(folder, form, rowsOfAllKinds())))
+    {
+    }
     void checkAgainstWhole(std::size_t letter, double dotsPerInch)
     {
         CAPTURE(letter);
@@ -44,7 +46,7 @@ struct Pictures {
 TEST_CASE("a cached picture has the same pixels as a letter painted as a whole, for each form and scale")
 {
     for (const char *form : kForms) {
-        Pictures world(form);
+        CachedPictures world(form);
         for (const double dots : {31.7, 96.0, 150.0})
             for (std::size_t letter = 0; letter < 5; ++letter) world.checkAgainstWhole(letter, dots);
     }
@@ -52,13 +54,13 @@ TEST_CASE("a cached picture has the same pixels as a letter painted as a whole, 
 
 TEST_CASE("pages that are shown again have the same pictures")
 {
-    Pictures world;
+    CachedPictures world;
     for (const std::size_t letter : {0U, 1U, 0U, 9U, 8U, 7U, 6U, 5U, 0U, 1U}) world.checkAgainstWhole(letter, 72);
 }
 
 TEST_CASE("letters with offsets of the script are painted at the right positions")
 {
-    Pictures world;
+    CachedPictures world;
     world.set.offsetX = 35;
     world.set.offsetY = -20;
     for (std::size_t letter = 0; letter < 3; ++letter) world.checkAgainstWhole(letter, 100);
@@ -66,7 +68,7 @@ TEST_CASE("letters with offsets of the script are painted at the right positions
 
 TEST_CASE("an unreadable row is painted on its own page among the others")
 {
-    Pictures world;
+    CachedPictures world;
     const std::string csv = csvOf({ordinaryRow()}) + "\"a\",\"b\"\r\n" + csvOf({longestRow()});
     world.set.reports[0].letters = readLetters(csv, TitleRow::first);
     for (std::size_t letter = 0; letter < world.set.size(); ++letter) world.checkAgainstWhole(letter, 72);
@@ -74,7 +76,7 @@ TEST_CASE("an unreadable row is painted on its own page among the others")
 
 TEST_CASE("the most recent pages are cached, and a new scale clears the cache")
 {
-    Pictures world;
+    CachedPictures world;
     world.pictures.setScale(1);
     for (std::size_t letter = 0; letter < 4; ++letter) (void)world.pictures.of(letter);
     (void)world.pictures.of(0);
@@ -88,7 +90,7 @@ TEST_CASE("the most recent pages are cached, and a new scale clears the cache")
 
 TEST_CASE("pictures are cached up to 300 dots per inch")
 {
-    Pictures world;
+    CachedPictures world;
     CHECK(world.pictures.isWorthwhile(300 / kPointsPerInch));
     CHECK(!world.pictures.isWorthwhile(600 / kPointsPerInch));
 }

@@ -18,8 +18,9 @@ Outcome runViewer(const TempFolder &folder, const std::string &arguments, const 
     const TempFolder outside;
     const std::string program = outside / name;
     fs::create_symlink(ININ_FORMVIEWER, program);
-    // Without a display, because a test must not open windows.
-    const std::string command = "cd '" + folder.path() + "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" +
+    // Without a display, because a test must not open windows, and without the language of the developer.
+    const std::string command = "cd '" + folder.path() +
+                                "' && env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u LANG LC_ALL=C.UTF-8 '" +
                                 program + "' " + arguments + " >'" + outside / "out" + "' 2>'" + outside / "err" + "'";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, outside.bytes("out"), outside.bytes("err")};

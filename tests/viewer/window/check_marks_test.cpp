@@ -10,8 +10,8 @@ using namespace inin::viewer::test;
 
 namespace {
 
-struct Checked : WindowWorld {
-    explicit Checked(const std::vector<Row> &rows, const std::string &form = "委任状37_01.wfd")
+struct MarkedLetters : WindowWorld {
+    explicit MarkedLetters(const std::vector<Row> &rows, const std::string &form = "委任状37_01.wfd")
         : WindowWorld(rows, form)
     {
         openWindow();
@@ -23,11 +23,11 @@ struct Checked : WindowWorld {
     }
 };
 
-/// Letters without an account holder.
+/// Letters without an account holder, and as many with one.
 std::vector<Row> rowsWithoutHolder(int count)
 {
-    std::vector<Row> rows = differentRows(count);
-    for (Row &row : rows) row["口座名義"] = "";
+    std::vector<Row> rows = differentRows(2 * count);
+    for (int i = 0; i < count; ++i) rows[static_cast<std::size_t>(i)]["口座名義"] = "";
     return rows;
 }
 
@@ -38,7 +38,7 @@ TEST_CASE("a letter shows a mark once, however many of its fields have that mark
     std::vector<Row> rows = differentRows(1);
     rows[0]["代表者名"] = "?田";
     rows[0]["会社住所"] = "?町";
-    const Checked world(rows);
+    const MarkedLetters world(rows);
     REQUIRE(world.window->findings().size() == 2);
     CHECK(!world.marksOf(0).contains(u'、'));
     CHECK(!world.marksOf(0).isEmpty());
@@ -47,7 +47,7 @@ TEST_CASE("a letter shows a mark once, however many of its fields have that mark
 TEST_CASE("activating a notice of the check selects no letter")
 {
     std::vector<Row> rows = differentRows(3);
-    Checked world(rows);
+    MarkedLetters world(rows);
     writeBytes(world.script, "Hop,1\r\n" + bytesOf(world.script));
     world.window->reload();
     world.settle();
@@ -62,8 +62,10 @@ TEST_CASE("activating a notice of the check selects no letter")
 
 TEST_CASE("the check shows a few findings expanded and many collapsed by cause")
 {
-    const Checked few(rowsWithoutHolder(30)), many(rowsWithoutHolder(31));
-    const auto isOpen = [](const Checked &world) { return world.tree().isExpanded(world.tree().model()->index(0, 0)); };
+    const MarkedLetters few(rowsWithoutHolder(30)), many(rowsWithoutHolder(31));
+    const auto isOpen = [](const MarkedLetters &world) {
+        return world.tree().isExpanded(world.tree().model()->index(0, 0));
+    };
     CHECK(isOpen(few));
     CHECK(!isOpen(many));
 }

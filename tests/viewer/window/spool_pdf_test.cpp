@@ -35,17 +35,17 @@ private:
 };
 
 /// Prevents every file from growing during its lifetime.
-class FullDisk {
+class FullSpoolDisk {
 public:
-    FullDisk() : m_onSignal(std::signal(SIGXFSZ, SIG_IGN))
+    FullSpoolDisk() : m_onSignal(std::signal(SIGXFSZ, SIG_IGN))
     {
         ::getrlimit(RLIMIT_FSIZE, &m_before);
         const rlimit small{1000, m_before.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &small);
     }
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-    ~FullDisk()
+    FullSpoolDisk(const FullSpoolDisk &) = delete;
+    FullSpoolDisk &operator=(const FullSpoolDisk &) = delete;
+    ~FullSpoolDisk()
     {
         ::setrlimit(RLIMIT_FSIZE, &m_before);
         std::signal(SIGXFSZ, m_onSignal);
@@ -243,7 +243,7 @@ TEST_CASE("a print that is cancelled while the system accepts it is withdrawn")
 TEST_CASE("a disk that is full during a print is reported with the file's name, and nothing is submitted")
 {
     Spooling world(1);
-    const FullDisk disk;
+    const FullSpoolDisk disk;
     const PrintResult result = world.print("1", world.order());
     CHECK(result.sent == 0);
     CHECK(contains(result.fault, "に書き込めません。"));

@@ -1,6 +1,7 @@
 // Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark]. The letters are those
 // of the script; the printer is invented.
 
+#include "desktop_theme/theme.h"
 #include "support/save_picture.h"
 #include "viewer/window/viewer_style.h"
 #include "viewer/window/viewer_window.h"
@@ -80,7 +81,7 @@ int main(int argc, char **argv)
         return 2;
     }
     const bool dark = arguments.contains(u"--dark"_s);
-    if (dark) QApplication::setPalette(QPalette(QColor(0x3C, 0x3F, 0x43), QColor(0x2B, 0x2D, 0x30)));
+    if (dark) QApplication::setPalette(inin::theme::darkPalette());
     applyStyle(application);
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s);
     const QString ending = (scale == u"1"_s ? QString() : u"@%1x"_s.arg(scale)) + (dark ? u"-dark"_s : QString());

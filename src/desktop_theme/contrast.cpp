@@ -1,0 +1,45 @@
+#include "desktop_theme/contrast.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace inin::theme {
+
+namespace {
+
+double linear(double part)
+{
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor &colour)
+{
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+} // namespace
+
+double contrastRatio(const QColor &a, const QColor &b)
+{
+    constexpr double kFlare = 0.05;
+    const double first = luminance(a) + kFlare, second = luminance(b) + kFlare;
+    return std::max(first, second) / std::min(first, second);
+}
+
+QColor withContrast(const QColor &colour, const QColor &background, double ratio)
+{
+    // The luminance at which black and white have the same contrast.
+    constexpr double kMiddle = 0.179;
+    constexpr int kSteps = 256;
+    if (contrastRatio(colour, background) >= ratio) return colour;
+    const float end = luminance(background) > kMiddle ? 0.0F : 1.0F;
+    const float begin = colour.lightnessF();
+    QColor result = colour;
+    for (int step = 1; step <= kSteps && contrastRatio(result, background) < ratio; ++step)
+        result = QColor::fromHslF(std::max(colour.hslHueF(), 0.0F), colour.hslSaturationF(),
+                                  begin + (end - begin) * static_cast<float>(step) / kSteps)
+                     .toRgb();
+    return result;
+}
+
+} // namespace inin::theme

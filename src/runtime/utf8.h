@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace inin {
+
+// UTF-8 and UTF-16. Malformed text has one rule, which Unicode recommends and Windows follows: one U+FFFD replaces the
+// longest part that could begin a character, else a single byte. A truncated character thus becomes one U+FFFD. So does
+// each byte of an overlong form, of a surrogate, of a code point above U+10FFFF and of a run of continuation bytes, and
+// each unpaired surrogate of UTF-16.
+
+inline constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+[[nodiscard]] constexpr bool isAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+[[nodiscard]] constexpr bool isHighSurrogate(char32_t unit)
+{
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+[[nodiscard]] constexpr bool isLowSurrogate(char32_t unit)
+{
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+/// The number of UTF-16 units of a character.
+[[nodiscard]] constexpr std::size_t utf16Units(char32_t character)
+{
+    return character < 0x10000 ? 1 : 2;
+}
+
+struct DecodedCharacter {
+    char32_t character; ///< U+FFFD for malformed bytes
+    std::size_t bytes;  ///< at least 1
+    bool isValid;
+};
+
+/// The first character of a text, which must not be empty.
+[[nodiscard]] DecodedCharacter firstCharacter(std::string_view text);
+/// The position of the character that contains the byte at `at`; a position at or after the end is returned unchanged.
+[[nodiscard]] std::size_t characterStart(std::string_view text, std::size_t at);
+/// Appends at most `most` characters of a text. False when the text has more.
+bool appendCharacters(std::u32string &characters, std::string_view text, std::size_t most = std::string_view::npos);
+/// Appends a character; one that UTF-8 cannot encode is appended as U+FFFD.
+void appendUtf8(std::string &text, char32_t character);
+/// The text with malformed bytes replaced.
+[[nodiscard]] std::string validUtf8(std::string_view text);
+
+/// Appends a character as one unit or as a surrogate pair.
+void appendUtf16(std::u16string &units, char32_t character);
+[[nodiscard]] std::u16string utf16FromUtf8(std::string_view text);
+[[nodiscard]] std::string utf8FromUtf16(std::u16string_view units);
+
+} // namespace inin

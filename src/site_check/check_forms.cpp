@@ -1,0 +1,71 @@
+#include "site_check/site_check.h"
+
+#include "printing/csv_output.h"
+#include "runtime/runtime_error.h"
+#include "system/file_path.h"
+#include "viewer/form/svg_reader.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+#include <variant>
+
+namespace inin::site {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kForms[] = {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"};
+
+/// The columns that a form names and the letter file lacks.
+std::set<std::string> unknownColumns(const viewer::FormDocument &form)
+{
+    std::set<std::string> unknown;
+    for (const viewer::DrawCommand &command : form.commands) {
+        const auto *text = std::get_if<viewer::TextCommand>(&command);
+        if (text == nullptr) continue;
+        for (const viewer::TextPiece &piece : text->pieces)
+            if (piece.isField() && std::ranges::find(letterColumnTitles(), piece.column) == letterColumnTitles().end())
+                unknown.insert(piece.column);
+    }
+    return unknown;
+}
+
+void checkForm(const std::string &bytes, const std::string &form, const std::string &subject, Findings &findings)
+try {
+    if (!bytes.empty() && !viewer::looksLikeXml(bytes)) {
+        findings.push_back({FindingKind::foreignForm, subject,
+                            fmt::format("帳票「{}」は SVG ではありません。formviewer では一覧になります。", form)});
+        return;
+    }
+    for (const std::string &column : unknownColumns(viewer::readSvg(bytes)))
+        findings.push_back({FindingKind::unknownFormColumn, subject,
+                            fmt::format("帳票「{}」の列「{}」は委任状にないので、開けません。", form, column)});
+} catch (const RuntimeError &error) {
+    findings.push_back({FindingKind::unreadableForm, subject,
+                        fmt::format("帳票「{}」を読み込めません。（{}）", form, error.description())});
+}
+
+} // namespace
+
+/// An entry in "帳票Format.ini" replaces all three form documents.
+void checkForms(const fs::path &folder, const Settings &settings, Findings &findings)
+{
+    const auto sys = settings.find("SYSTEM_SYS");
+    if (sys == settings.end()) return;
+    const std::string ownForm = formOfFormatFile(folder, settings);
+    std::vector<std::string> forms(std::begin(kForms), std::end(kForms));
+    if (!ownForm.empty()) forms = {ownForm};
+    for (const std::string &form : forms) {
+        const std::string subject = ownForm.empty() ? form : "帳票Format.ini";
+        if (const auto bytes = readSiteFile(joined(folder, sys->second) / pathOf(form)))
+            checkForm(*bytes, form, subject, findings);
+        else
+            findings.push_back({FindingKind::missingForm, subject,
+                                fmt::format("帳票「{}」がフォルダー「{}」にありません。", form, sys->second)});
+    }
+}
+
+} // namespace inin::site
