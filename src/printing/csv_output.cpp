@@ -2,7 +2,6 @@
 
 #include "common/helpers.h"
 #include "common/text_file.h"
-#include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 
 namespace inin {
@@ -48,7 +47,7 @@ std::span<const std::string_view> letterColumnTitles()
 
 std::string transferPath(App &app, const std::string &name, WarnIfMissing warn)
 {
-    return app.gcsAppPath + toText(vGetSystemValue(app, "SYSTEM_TMP", warn), app.regional) + "\\" + name;
+    return csTmpDir(app, warn) + name;
 }
 
 std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int16_t iRowCount)

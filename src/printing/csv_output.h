@@ -16,7 +16,7 @@ inline constexpr const char *kCsvFile = "委任状.csv";
 /// The column titles of the CSV, in order: the names that a form document may use.
 [[nodiscard]] std::span<const std::string_view> letterColumnTitles();
 
-/// The path of a file next to the CSV: the application folder, the value of SYSTEM_TMP, a backslash and the name.
+/// The path of a file next to the CSV: csTmpDir and the name.
 [[nodiscard]] std::string transferPath(App &app, const std::string &name, WarnIfMissing warn);
 
 /// Replaces the CSV in the temporary folder by a title line and the rows 0 to iRowCount - 1 and returns its size in

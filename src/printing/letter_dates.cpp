@@ -57,7 +57,7 @@ std::string TargetDate::firstOfMonth() const
 
 std::string TargetDate::lastOfMonth() const
 {
-    return serialText(year, month + 1, 0, regional);
+    return dateText(lastDayOfMonth(year, month), regional);
 }
 
 VisitBounds VisitMonth::scheduleFromZero() const

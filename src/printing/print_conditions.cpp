@@ -69,7 +69,7 @@ void frmPrintInin::readPeriodKind()
     iDspPeriodKind = optDspPeriod(0).Value ? 1 : 2;
     if (iDspPeriodKind == 1) return;
     const Date target = toDate(csTargetDate, m_app.regional);
-    const Variant lastDay = Day(DateSerial(Year(target), Month(target) + 1, 0));
+    const Variant lastDay = Day(lastDayOfMonth(Year(target), Month(target)));
     const Variant a = vMin(inPeriodFrom.Value, lastDay);
     const Variant b = vMin(inPeriodTo.Value, lastDay);
     iPeriodFromDay = toInteger(vMin(a, b));

@@ -38,7 +38,7 @@ void frmPrintInin::setDates()
     imD_LastDay.Value = dayOfMonth(today, Day(today));
     imSetDateFrom.Value = dayOfMonth(clock.now(), 1);
     const Date month = clock.now();
-    imSetDateTo.Value = DateSerial(Year(month), Month(month) + 1, 0);
+    imSetDateTo.Value = lastDayOfMonth(Year(month), Month(month));
     imSyomei.Value = imSetDateFrom.Value;
 }
 

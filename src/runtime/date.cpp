@@ -119,6 +119,11 @@ Date DateSerial(std::int32_t year, std::int32_t month, std::int32_t day)
     return Date(static_cast<double>(days));
 }
 
+Date lastDayOfMonth(std::int32_t year, std::int32_t month)
+{
+    return DateSerial(year, month + 1, 0);
+}
+
 std::int16_t Year(Date date)
 {
     return static_cast<std::int16_t>(partsOf(date).year);

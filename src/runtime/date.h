@@ -41,6 +41,9 @@ struct DateParts {
 /// month. Years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Error 5 outside the years 100 to 9999.
 [[nodiscard]] Date DateSerial(std::int32_t year, std::int32_t month, std::int32_t day);
 
+/// The last day of a month of that year, with the carry and the errors of DateSerial.
+[[nodiscard]] Date lastDayOfMonth(std::int32_t year, std::int32_t month);
+
 /// Expands a two-digit year: 0 to 29 is 2000 to 2029, 30 to 99 is 1930 to 1999. Others are returned unchanged.
 [[nodiscard]] std::int32_t fullYear(std::int32_t year);
 

@@ -27,9 +27,9 @@ std::optional<std::string> findValue(App &app, const std::string &path, const st
     return std::nullopt;
 }
 
-std::string folderOf(App &app, const char *key)
+std::string folderOf(App &app, const char *key, WarnIfMissing warn = WarnIfMissing::yes)
 {
-    return app.gcsAppPath + toText(vGetSystemValue(app, key, WarnIfMissing::yes), app.regional) + "\\";
+    return app.gcsAppPath + toText(vGetSystemValue(app, key, warn), app.regional) + "\\";
 }
 
 } // namespace
@@ -67,9 +67,9 @@ std::string csSysDir(App &app)
     return folderOf(app, "SYSTEM_SYS");
 }
 
-std::string csTmpDir(App &app)
+std::string csTmpDir(App &app, WarnIfMissing warn)
 {
-    return folderOf(app, "SYSTEM_TMP");
+    return folderOf(app, "SYSTEM_TMP", warn);
 }
 
 std::string csIconDir(App &app)

@@ -22,8 +22,9 @@ enum class WarnIfMissing { no, yes };
 [[nodiscard]] bool bFileExists(App &app, const std::string &csPath);
 
 // gcsAppPath, the key's value and a closing backslash; a missing key shows the warning box.
-[[nodiscard]] std::string csSysDir(App &app);  ///< "SYSTEM_SYS", the form documents
-[[nodiscard]] std::string csTmpDir(App &app);  ///< "SYSTEM_TMP", the CSV and the command files
+[[nodiscard]] std::string csSysDir(App &app); ///< "SYSTEM_SYS", the form documents
+/// "SYSTEM_TMP", the CSV and the command files
+[[nodiscard]] std::string csTmpDir(App &app, WarnIfMissing warn = WarnIfMissing::yes);
 [[nodiscard]] std::string csIconDir(App &app); ///< "SYSTEM_ICON", the wallpaper
 [[nodiscard]] std::string csDataDir(App &app); ///< "SYSTEM_DATA", "印刷設定.ini" and "帳票Format.ini"
 

@@ -1,10 +1,9 @@
 #include "site_check/support_bundle.h"
 
+#include "adapters/database/connection_string.h"
 #include "adapters/odbc/connection_parts.h"
-#include "adapters/odbc/connection_text.h"
-#include "demo_site/schema.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_in_names.h"
+#include "demo_site/database_maker.h"
+#include "demo_site/site_maker.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
@@ -13,6 +12,7 @@
 #include "suite_text/code_page_932.h"
 #include "suite_text/profile_text.h"
 #include "system/file_path.h"
+#include "system/program_version.h"
 
 #include <fmt/format.h>
 
@@ -125,7 +125,7 @@ constexpr ShownPart kShownParts[] = {
     {odbc::Part::fileSourceName, "file data source"},
 };
 
-std::string shownPair(const odbc::ConnectionPair &pair)
+std::string shownPair(const ConnectionPair &pair)
 {
     const auto part = odbc::partOfKey(pair.key);
     const auto *shown = part ? std::ranges::find(kShownParts, *part, &ShownPart::part) : std::end(kShownParts);
@@ -144,9 +144,9 @@ std::string connectionSettings(const std::optional<std::string> &connection)
 {
     std::string lines = "[adodb.ini]\n";
     if (!connection) return lines + "（読めません）\n";
-    const odbc::ConnectionText text = odbc::readConnectionText(*connection);
+    const ConnectionString text = readConnectionString(*connection);
     if (!text.problem.empty()) return lines + "（接続文字列の書き方が正しくありません）\n";
-    for (const odbc::ConnectionPair &pair : text.pairs) lines += shownPair(pair);
+    for (const ConnectionPair &pair : text.pairs) lines += shownPair(pair);
     return lines;
 }
 
@@ -249,7 +249,7 @@ std::string supportBundle(const fs::path &folder, const Findings &findings)
     Findings ignored;
     const auto connection = connectionText(folder, ignored);
     ZipFile zip;
-    zip.add("version.txt", "inin-site " ININ_VERSION "\n");
+    zip.add("version.txt", fmt::format("inin-site {} {}\n", programVersion(), ININ_SYSTEM));
     zip.add("settings.txt", settingsText(folder, connection));
     zip.add("check.json", jsonOf(findings, Details::withoutSentences) + "\n");
     zip.add("tables.txt", tablesText(folder, connection));

@@ -102,6 +102,14 @@ TEST_CASE("DateSerial carries months and days over")
     }
 }
 
+TEST_CASE("the last day of a month follows the leap years and the carry of months")
+{
+    CHECK(lastDayOfMonth(2024, 2) == DateSerial(2024, 2, 29));
+    CHECK(lastDayOfMonth(2023, 2) == DateSerial(2023, 2, 28));
+    CHECK(lastDayOfMonth(2023, 12) == DateSerial(2023, 12, 31));
+    CHECK(lastDayOfMonth(2023, 13) == DateSerial(2024, 1, 31));
+}
+
 TEST_CASE("DateSerial maps two-digit years to 1930 to 2029")
 {
     CHECK(Year(DateSerial(0, 1, 1)) == 2000);

@@ -2,7 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/document/mark_text.h"
-#include "viewer/form/listing_form.h"
+#include "viewer/form/form_document.h"
 
 #include <fmt/format.h>
 

@@ -3,7 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "transfer/run_record.h"
 #include "viewer/document/combined_form.h"
-#include "viewer/form/listing_form.h"
+#include "viewer/form/form_document.h"
 #include "viewer/form/svg_reader.h"
 #include "viewer/io/file_io.h"
 #include "viewer/letters/csv_reader.h"
@@ -149,6 +149,7 @@ private:
         report.form = naming(report.formPath, [&] { return readSvg(bytes); });
         for (const std::string &notice : report.form.notices)
             m_set.notices.push_back(fmt::format("「{}」：{}", report.formPath, notice));
+        if (report.letters.size() == 1 && !report.form.singleNotice.empty()) warn(report.form.singleNotice);
     }
 
     /// An item text replaces the form text whose id is the item's name.

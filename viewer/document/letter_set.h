@@ -33,7 +33,7 @@ struct LetterSet {
     std::string title;
     std::vector<LetterReport> reports;
     std::vector<std::string> notices;     ///< of the script, the forms and the letter files
-    std::vector<std::string> warnings;    ///< the notices about letters that may be missing or surplus
+    std::vector<std::string> warnings;    ///< the notices to read before printing
     std::vector<StampedFile> letterFiles; ///< as they were just before they were read
     Paper paper = Paper::A4;
     Ending ending = Ending::none;

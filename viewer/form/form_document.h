@@ -79,6 +79,11 @@ struct FormDocument {
     std::vector<DrawCommand> commands;
     /// A sentence for each feature of the file that is not drawn.
     std::vector<std::string> notices;
+    /// A sentence to show when the form is filled for a single letter; empty for none.
+    std::string singleNotice;
 };
+
+/// The fallback for a form that cannot be read: `heading` and a table of column names and values.
+[[nodiscard]] FormDocument listingForm(const std::vector<std::string> &columns, const std::string &heading);
 
 } // namespace inin::viewer

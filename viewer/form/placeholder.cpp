@@ -48,7 +48,6 @@ std::vector<TextPiece> readPieces(std::string_view text)
 
 bool isBlankText(std::string_view text)
 {
-    constexpr std::string_view kWideBlank = "\u3000";
     while (text.starts_with(' ') || text.starts_with(kWideBlank))
         text.remove_prefix(text.starts_with(' ') ? 1 : kWideBlank.size());
     return text.empty();

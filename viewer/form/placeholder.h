@@ -18,6 +18,8 @@ struct TextPiece {
 /// Splits a text at `{{列名}}`, `{{列名|pattern}}` and `{{列名|pattern|text for an empty value}}`. Throws a RuntimeError
 /// with a sentence if braces are not closed or contain no name.
 [[nodiscard]] std::vector<TextPiece> readPieces(std::string_view text);
+/// The full-width blank.
+inline constexpr std::string_view kWideBlank = "\u3000";
 /// True for an empty text and for one of blanks only, full-width ones included.
 [[nodiscard]] bool isBlankText(std::string_view text);
 

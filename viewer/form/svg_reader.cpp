@@ -181,6 +181,7 @@ private:
     void openRoot(std::string_view name, const XmlAttributes &attributes)
     {
         if (name != "svg") throw RuntimeError(error_number::invalidCall, "SVG の文書ではありません。");
+        m_form.singleNotice = attributes.get("data-single-notice");
         Level level;
         level.transform = pageTransform(attributes);
         level.style.apply(attributes, m_sheet.declarationsFor(name, attributes), noticeHandler());

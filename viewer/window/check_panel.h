@@ -17,14 +17,16 @@ class CheckPanel : public QWidget {
 public:
     explicit CheckPanel(QWidget *parent = nullptr);
 
-    /// Both must stay valid while they are shown.
-    void show(const OpenLetters *letters, const FindingIndex *findings);
+    /// Letters and findings must stay valid while they are shown.
+    void show(const OpenLetters *letters, const FindingIndex *findings, const CauseSet &switchedOff);
     /// Shows that the letters are being checked.
     void showRunning();
     /// The result in one line.
     [[nodiscard]] QString heading() const;
     [[nodiscard]] bool hasRows() const { return m_model.rowCount() > 0; }
     std::function<void(std::size_t letter)> onLetter;
+    /// The user switches a cause on or off.
+    std::function<void(Cause cause, bool isOn)> onSwitched;
 
 private:
     void open(const QModelIndex &index) const;

@@ -55,7 +55,7 @@ std::unique_ptr<PrintDialog> ViewerWindow::printDialog(LetterTicks &ticks)
     auto dialog = std::make_unique<PrintDialog>(ticks, m_settings, m_services.printers(), this);
     QStringList lines;
     if (const QString warnings = warningText(); !warnings.isEmpty()) lines << warnings;
-    if (!m_findings.all().empty()) lines << m_checkPanel->heading();
+    if (!m_findings.all().empty() || !m_findings.runNotes().empty()) lines << m_checkPanel->heading();
     dialog->showCheck(lines.join(u'\n'));
     dialog->onTicksChanged = [this] { ticksChanged(); };
     dialog->onRulerPage = [this](const PrintOrder &order) {

@@ -1,5 +1,7 @@
 #include "viewer/window/viewer_settings.h"
 
+#include "viewer/window/qt_text.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -142,6 +144,22 @@ void ViewerSettings::setViewLayout(const ViewLayout &layout)
     m_file.setValue(u"window/listWidth"_s, layout.listWidth);
     m_file.setValue(u"window/checkHeight"_s, layout.checkHeight);
     m_file.setValue(u"window/zoom"_s, layout.zoom);
+}
+
+CauseSet ViewerSettings::switchedOffCauses() const
+{
+    CauseSet causes;
+    for (const QString &name : m_file.value(u"check/switchedOff"_s).toStringList())
+        if (const std::optional<Cause> cause = causeNamed(utf8Text(name))) causes.set(static_cast<std::size_t>(*cause));
+    return causes;
+}
+
+void ViewerSettings::setSwitchedOffCauses(const CauseSet &causes)
+{
+    QStringList names;
+    for (std::size_t i = 0; i < kCauses; ++i)
+        if (causes.test(i)) names << qtText(textOf(static_cast<Cause>(i)).name);
+    m_file.setValue(u"check/switchedOff"_s, names);
 }
 
 bool ViewerSettings::save()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/check/cause.h"
+
 #include <QByteArray>
 #include <QSettings>
 #include <QString>
@@ -53,6 +55,9 @@ public:
     void setWindowPlace(const QByteArray &place);
     [[nodiscard]] ViewLayout viewLayout() const;
     void setViewLayout(const ViewLayout &layout);
+    /// The causes that the check leaves out.
+    [[nodiscard]] CauseSet switchedOffCauses() const;
+    void setSwitchedOffCauses(const CauseSet &causes);
     /// Writes changed settings; false when the file cannot be written.
     bool save();
 

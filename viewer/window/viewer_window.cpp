@@ -154,6 +154,7 @@ QWidget *ViewerWindow::buildPage()
     m_page->onZoom = [this] { showZoom(); };
     m_page->onTurn = [this](int by) { step(by); };
     m_checkPanel->onLetter = [this](std::size_t letter) { showLetter(letter); };
+    m_checkPanel->onSwitched = [this](Cause cause, bool isOn) { switchCheck(cause, isOn); };
     m_task->onRunningChanged = [this] {
         for (QAction *action : m_idleActions) action->setEnabled(!m_task->isRunning());
     };
@@ -176,12 +177,13 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     m_checkTimer.stop();
     m_check.reset();
     if (!isFirst && m_checkPanel->hasRows()) m_checkHeight = m_pageSplit->sizes()[1];
+    m_allFindings.clear();
     m_findings = {};
     setWindowTitle(u"%1 － 印刷プレビュー"_s.arg(runTitle()));
     m_model.showLetters(m_letters.get(), &m_findings);
     m_page->showLetters(m_letters.get());
     m_range->showTicks(&m_letters->ticks);
-    m_checkPanel->show(m_letters.get(), &m_findings);
+    m_checkPanel->show(m_letters.get(), &m_findings, m_settings.switchedOffCauses());
     m_checkPanel->showRunning();
     const int count = static_cast<int>(m_letters->set.size());
     const QSignalBlocker quiet(m_number); // the list does not show the new letters yet
@@ -277,7 +279,7 @@ void ViewerWindow::showZoom()
 
 void ViewerWindow::startCheck()
 {
-    m_check = std::make_unique<LetterCheck>(m_letters->renderer);
+    m_check = std::make_unique<LetterCheck>(m_letters->renderer, m_services.today());
     m_checkTimer.start(0);
 }
 
@@ -300,14 +302,27 @@ void ViewerWindow::finishCheck()
 void ViewerWindow::showFindings()
 {
     m_checkTimer.stop();
-    m_findings = FindingIndex(m_check->take());
+    if (m_check) m_allFindings = m_check->take();
     m_check.reset();
+    const CauseSet switchedOff = m_settings.switchedOffCauses();
+    m_findings = FindingIndex(resultOf(m_allFindings, m_letters->set.size(), switchedOff));
     m_model.findingsChanged();
-    m_checkPanel->show(m_letters.get(), &m_findings);
+    m_checkPanel->show(m_letters.get(), &m_findings, switchedOff);
     const int whole = m_pageSplit->height();
     const int check = m_checkHeight > 0 ? m_checkHeight : static_cast<int>(whole * kCheckShare);
     m_pageSplit->setSizes(m_checkPanel->hasRows() ? QList<int>{std::max(1, whole - check), check} : QList<int>{1, 0});
     if (m_listed.filter() == ListFilter::flagged || !m_listed.isNumberOrder()) refreshList();
+}
+
+void ViewerWindow::switchCheck(Cause cause, bool isOn)
+{
+    CauseSet switchedOff = m_settings.switchedOffCauses();
+    switchedOff.set(static_cast<std::size_t>(cause), !isOn);
+    m_settings.setSwitchedOffCauses(switchedOff);
+    (void)m_settings.save(); // unwritable settings must not interrupt the work
+    finishCheck();
+    if (m_checkPanel->hasRows()) m_checkHeight = m_pageSplit->sizes()[1];
+    showFindings();
 }
 
 void ViewerWindow::tickAll(bool ticked)

@@ -91,6 +91,7 @@ private:
     void startCheck();
     void checkMore();
     void showFindings();
+    void switchCheck(Cause cause, bool isOn);
     void showZoom();
     void step(int by);
     void tickAll(bool ticked);
@@ -123,6 +124,7 @@ private:
     std::unique_ptr<OpenLetters> m_letters;
     std::unique_ptr<LetterFinder> m_finder;
     std::unique_ptr<LetterCheck> m_check; ///< set while letters are being checked
+    std::vector<Finding> m_allFindings;   ///< by the check, whether or not its cause is switched on
     FindingIndex m_findings;
     QTimer m_checkTimer;
     FileWatch m_watch;

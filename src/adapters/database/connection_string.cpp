@@ -12,15 +12,15 @@ namespace {
 
 constexpr std::array<std::string_view, 3> kOdbcKeys{"driver", "dsn", "filedsn"};
 
-bool isBlank(char c)
+bool isBlankInLine(char c)
 {
     return c == ' ' || c == '\t';
 }
 
 std::string_view trimmed(std::string_view text)
 {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    while (!text.empty() && isBlankInLine(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlankInLine(text.back())) text.remove_suffix(1);
     return text;
 }
 
@@ -29,7 +29,7 @@ std::string normalKey(std::string_view key)
 {
     std::string normal;
     for (const char c : trimmed(key))
-        if (!isBlank(c) || normal.back() != ' ') normal += isBlank(c) ? ' ' : c;
+        if (!isBlankInLine(c) || normal.back() != ' ') normal += isBlankInLine(c) ? ' ' : c;
     return asciiLower(normal);
 }
 
@@ -64,7 +64,7 @@ private:
 
     void readValue(ConnectionPair &pair)
     {
-        while (m_at < m_text.size() && isBlank(m_text[m_at])) ++m_at;
+        while (m_at < m_text.size() && isBlankInLine(m_text[m_at])) ++m_at;
         const std::size_t start = m_at;
         if (m_at < m_text.size() && m_opening.find(m_text[m_at]) != std::string_view::npos) {
             const char closing = m_text[m_at] == '{' ? '}' : m_text[m_at];

@@ -196,9 +196,9 @@ int main(int argc, char **argv)
     FontReading().finish();
     const std::string scale = fromQt(qEnvironmentVariable("QT_SCALE_FACTOR", "1"));
     const std::string ending = (scale == "1" ? "" : "@" + scale + "x") + (dark ? std::string("-dark") : "");
+    if (ending.empty()) saveIcons(arguments[2]); // before the program changes the current folder
     Photographer(std::filesystem::canonical(fromQt(arguments[1])),
                  std::filesystem::absolute(fromQt(arguments[2])).string(), ending)
         .run();
-    if (ending.empty()) saveIcons(arguments[2]);
     return 0;
 }
