@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include <charconv>
-#include <limits>
 
 namespace inin::site {
 
