@@ -18,7 +18,7 @@ TEST_CASE("the check of a demo site's letters finds the three patients without a
     LetterRenderer renderer(set, fonts);
     const LetterTable &letters = set.reports.front().letters;
     std::vector<std::string> patients;
-    for (const Finding &finding : checkLetters(renderer, DateSerial(2024, 5, 20)))
+    for (const viewer::Finding &finding : checkLetters(renderer, DateSerial(2024, 5, 20)))
         if (finding.cause == Cause::noPatientAddress)
             patients.emplace_back(letters.value(finding.letter, letters.columnOf("利用者氏名").value()));
     CHECK(patients == std::vector<std::string>{"香川　和子", "藤原　ヨネ", "遠藤　明美"});

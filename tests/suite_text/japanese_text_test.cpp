@@ -9,11 +9,11 @@ using namespace inin;
 
 namespace {
 
-struct Pair {
+struct TextPair {
     std::string_view a, b;
     bool same;
 };
-constexpr Pair kPairs[] = {
+constexpr TextPair kPairs[] = {
     // width
     {"ABC", "ＡＢＣ", true},
     {"123", "１２３", true},
@@ -136,7 +136,7 @@ constexpr Pair kPairs[] = {
 
 TEST_CASE("texts are compared without case, width and kana type, but with 濁点 and accents")
 {
-    for (const Pair &pair : kPairs) {
+    for (const TextPair &pair : kPairs) {
         CAPTURE(pair.a);
         CAPTURE(pair.b);
         CHECK((compareJapanese(pair.a, pair.b) == 0) == pair.same);
