@@ -104,7 +104,7 @@ Var isUpdate ; 1 if the folder has a list of installed files
         ClearErrors
         FileOpen $R0 "$INSTDIR\PrintInin-write-test.tmp" w
         ${If} ${Errors}
-            !insertmacro refuse ${NOT_WRITABLE} "「$INSTDIR」に書き込めません。フォルダーへの書き込みの権利を確かめるか、管理者として実行してください。"
+            !insertmacro refuse ${NOT_WRITABLE} "「$INSTDIR」に書き込めません。フォルダーへの書き込みの権限を確かめるか、管理者として実行してください。"
         ${Else}
             FileClose $R0
             Delete "$INSTDIR\PrintInin-write-test.tmp"
@@ -250,7 +250,7 @@ Function checkSite
     ${IfNot} ${FileExists} "$INSTDIR\inin-site.exe"
         Return
     ${EndIf}
-    DetailPrint "サイトを点検しています…"
+    DetailPrint "サイトを検査しています…"
     ReadEnvStr $0 COMSPEC
     nsExec::Exec '"$0" /c ""$INSTDIR\inin-site.exe" check "$INSTDIR" > "$INSTDIR\guide\check.txt" 2>&1"'
     Pop $0
@@ -263,7 +263,7 @@ Function checkSite
     System::Free $R1
     StrCpy $R3 $R3 $R4
     DetailPrint $R3
-    MessageBox MB_OK|MB_ICONINFORMATION "サイトの点検の結果です（guide\check.txt にも書いてあります）。$\r$\n$\r$\n$R3" /SD IDOK
+    MessageBox MB_OK|MB_ICONINFORMATION "サイトの検査の結果です（guide\check.txt にも書いてあります）。$\r$\n$\r$\n$R3" /SD IDOK
 FunctionEnd
 
 Section
@@ -280,7 +280,7 @@ Section
     SetOutPath $INSTDIR
     !include "${PUT}"
     ${If} ${Errors}
-        !insertmacro refuse ${NOT_COMPLETE} "書き込めないファイルがありました。ディスクの空きと、フォルダーへの書き込みの権利を確かめてから、もう一度インストールしてください。"
+        !insertmacro refuse ${NOT_COMPLETE} "書き込めないファイルがありました。ディスクの空きと、フォルダーへの書き込みの権限を確かめてから、もう一度インストールしてください。"
         !insertmacro refuseIfNeeded
     ${EndIf}
     ${If} $isUpdate = 1

@@ -40,7 +40,7 @@ constexpr std::string_view kConnection = "[接続情報]\n"
 
 constexpr std::string_view kFormsNote =
     "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
-    "二重の波括弧の中は CSV の列の名前で、印刷のときに値と入れ替わります。\n"
+    "二重の波かっこの中は CSV の列の名前で、印刷のときに値と入れ替わります。\n"
     "委任状23_空欄.wfd は空欄の様式です。DATA\\帳票Format.ini に名前を書くと、この様式で印刷されます。\n";
 
 constexpr DemoForm kForms[] = {

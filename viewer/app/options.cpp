@@ -75,7 +75,7 @@ void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
     add("--pdf", command.pdf, text("ファイル", "FILE"),
         text("委任状を PDF ファイルに書き出します。", "Writes the letters to a PDF file."));
     add("--png", command.pngFolder, text("フォルダー", "FOLDER"),
-        text("委任状を一枚ずつ PNG ファイルとしてこのフォルダーに書き出します。",
+        text("委任状を一通ずつ PNG ファイルとしてこのフォルダーに書き出します。",
              "Writes each letter as a PNG file into this folder."));
     add("--dpi", command.dotsPerInch, text("数", "NUMBER"),
         text("PNG の解像度、20 から 1200（既定は 150）。", "Resolution of the PNG files, 20 to 1200 (default: 150)."))

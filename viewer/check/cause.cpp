@@ -11,7 +11,7 @@ constexpr std::array<CauseText, kCauses> kTexts = {{
     {Cause::unreadableRow, "unreadableRow", "読めない行", "読み取れない行です",
      "利用者マスター、本社情報、代理人情報から引用符を取り、条件の画面からもう一度出力してください。"},
     {Cause::blankPage, "blankPage", "白紙", "文字が一つも印刷されない委任状です",
-     "帳票の文書と、条件の画面で選んだ条件を確認してください。"},
+     "帳票のファイルと、条件の画面で選んだ条件を確認してください。"},
     {Cause::noPatient, "noPatient", "利用者なし", "利用者名が入っていません",
      "利用者マスターに氏名を登録してください。"},
     {Cause::noPatientAddress, "noPatientAddress", "利用者住所なし", "利用者の住所が入っていません",

@@ -33,7 +33,7 @@ try {
 std::string cutOffText(const std::string &path)
 {
     return fmt::format(
-        "「{}」は途中で切れているため、委任状が足りないおそれがあります。印刷の画面から出力し直してください。", path);
+        "「{}」は途中で切れているため、委任状が足りないおそれがあります。条件の画面から出力し直してください。", path);
 }
 
 /// A sentence when the run record of a letter file of this size has another number of letters.

@@ -70,7 +70,7 @@ void SvgText::readDataAttributes(const XmlAttributes &attributes)
         if (!name.starts_with(kDataPrefix)) continue;
         const std::string_view own = name.substr(kDataPrefix.size());
         if (std::ranges::find(kDataNames, own) == std::end(kDataNames))
-            m_report(fmt::format("属性「{}」は知りません。", name));
+            m_report(fmt::format("属性「{}」には対応していません。", name));
         else
             m_dataAttributes.insert_or_assign(std::string(own), std::string(value));
     }

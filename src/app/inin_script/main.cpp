@@ -50,7 +50,7 @@ int run(int argc, char **argv)
         ->required()
         ->check(existingFolder);
     line.add_option("--now", now,
-                    HelpText{"止めた時計の日時 \"YYYY-MM-DD HH:MM:SS\"。",
+                    HelpText{"現在とみなす日時 \"YYYY-MM-DD HH:MM:SS\"。",
                              "Moment at which the clock is stopped, \"YYYY-MM-DD HH:MM:SS\"."}
                         .in(language))
         ->option_text(HelpText{"日時", "MOMENT"}.in(language));

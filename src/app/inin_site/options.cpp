@@ -81,7 +81,7 @@ public:
         option("--connection-file", m_connectionFile, kFile,
                {"接続文字列を一行目に書いたファイル。", "File with the connection string in its first line."});
         option("--patients", m_patients, kCount,
-               {"利用者の人数。100人以上で見本の変わり種がそろいます。",
+               {"利用者の人数。100人以上で見本の特殊な例がそろいます。",
                 "Number of patients; 100 have every irregularity of the demo."})
             ->capture_default_str();
         option("--seed", m_seed, kNumber,

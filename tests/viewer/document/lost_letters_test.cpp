@@ -33,7 +33,7 @@ struct Job {
     [[nodiscard]] std::string cutOff() const
     {
         return "「" + path() +
-               "」は途中で切れているため、委任状が足りないおそれがあります。印刷の画面から出力し直してください。";
+               "」は途中で切れているため、委任状が足りないおそれがあります。条件の画面から出力し直してください。";
     }
     [[nodiscard]] std::string difference(const std::string &letters, const std::string &rows) const
     {

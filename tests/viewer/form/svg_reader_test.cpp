@@ -212,7 +212,7 @@ TEST_CASE("each unsupported element is reported once")
           std::vector<std::string>{"画像は表示しません。外部のファイルも読み込みません。", "スクリプトは実行しません。",
                                    "複製（use）は表示しません。複製を独立したオブジェクトにしてください。",
                                    "文字の下線など（text-decoration）には対応していません。",
-                                   "属性「data-bocks」は知りません。"});
+                                   "属性「data-bocks」には対応していません。"});
     CHECK(form.commands.size() == 1);
 }
 
