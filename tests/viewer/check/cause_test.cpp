@@ -114,13 +114,13 @@ TEST_CASE("a cause is found by its name, and an unknown name has none")
 TEST_CASE("the manual lists all causes in report order, with their headings, marks, remedies and names")
 {
     const std::string manual = inin::bytesOf(std::string(ININ_DOCS) + "/manual.md");
-    std::string table = "| 点検の言葉 | 対処 | 名前 |\n|---|---|---|\n";
+    std::string table = "| 点検の表示（短い名前） | 対処 | 名前 |\n|---|---|---|\n";
     for (std::size_t i = 0; i < kCauses; ++i) {
         const CauseText &text = textOf(static_cast<Cause>(i));
         table += "| " + std::string(text.heading) + "（" + std::string(text.mark) + "） | " + std::string(text.remedy) +
                  " | `" + std::string(text.name) + "` |\n";
     }
-    const std::size_t begin = manual.find("| 点検の言葉 |");
+    const std::size_t begin = manual.find("| 点検の表示（短い名前） |");
     REQUIRE(begin != manual.npos);
     CHECK(manual.substr(begin, manual.find("\n\n", begin) + 1 - begin) == table);
 }
