@@ -97,7 +97,7 @@ void checkPrintSettings(const fs::path &folder, const Settings &settings, Findin
     if (isThere(joined(folder, data->second) / pathOf(kPrintSettings))) return;
     findings.push_back(
         {FindingKind::noPrintSettings, kPrintSettings,
-         "「印刷設定.ini」がまだありません。何も選ばずに印刷すると、愛知県の様式で、代理人あてになります。はじめての"
+         "「印刷設定.ini」がまだありません。「対象月」だけを選んで印刷すると、愛知県の様式で、代理人あてになります。はじめての"
          "印刷では「委任状（標準）」、「予定データが入力されている利用者を対象」、「本社情報を出力」、「対象月」、"
          "「月初～月末を設定」、署名日の「自動設定」のように、枠ごとに一つずつ選んでください。"});
 }
