@@ -21,7 +21,7 @@ constexpr DWORD kLongestPath = 32768;
 
 int fail(const std::wstring &why)
 {
-    const std::wstring text = L"これは見本サイトの代用プログラムで、本物ではありません。\n\n" + why;
+    const std::wstring text = L"これは、メニューや帳票ツールの代わりに置かれたプログラムです。\n\n" + why;
     MessageBoxW(nullptr, text.c_str(), kTitle, MB_OK | MB_ICONEXCLAMATION);
     return kFailed;
 }
