@@ -31,26 +31,44 @@ def windows_path(path):
 class Site:
     """A demo site with a few patients, and the programs run on it."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, name=None):
         self.folder = folder
-        code, said = wine(SITE, "make", windows_path(folder), "--patients", "5", "--month", "2024-05")
+        self.name = name or windows_path(folder)
+        code, said = wine(SITE, "make", self.name, "--patients", "5", "--month", "2024-05")
         assert code == 0, said
 
     def play(self, commands=(), **environment):
         """The exit code and the events of a run, without the SQL statements."""
         lines = "".join(json.dumps(command) + "\n" for command in commands)
-        code, said = wine(SCRIPT, "--app", windows_path(self.folder), "--now", "2024-06-15 10:00:00", given=lines,
+        code, said = wine(SCRIPT, "--app", self.name, "--now", "2024-06-15 10:00:00", given=lines,
                           **environment)
         events = [json.loads(line) for line in said.splitlines()]
         return code, [event for event in events if event["event"] != "sql"]
 
     def check(self, **environment):
-        return wine(SITE, "check", windows_path(self.folder), **environment)[1].splitlines()
+        return wine(SITE, "check", self.name, **environment)[1].splitlines()
 
     def letters(self):
         """The day of the last visit in each letter."""
         lines = (self.folder / "TMP" / "委任状.csv").read_bytes().decode("cp932").splitlines()[1:]
         return [line.split('","')[12] for line in lines]
+
+
+class Share:
+    """A folder that Wine shows as a share of a server: it looks for shares in a folder of its prefix."""
+
+    def __init__(self, folder):
+        prefix = pathlib.Path(os.environ.get("WINEPREFIX", pathlib.Path.home() / ".wine"))
+        self.server = prefix / "dosdevices" / "unc" / folder.name
+        self.server.mkdir(parents=True)
+        (self.server / "share").symlink_to(folder)
+
+    def path(self, name):
+        return f"\\\\{self.server.name}\\share\\{name}"
+
+    def remove(self):
+        (self.server / "share").unlink()
+        self.server.rmdir()
 
 
 def boxes(events):
@@ -96,6 +114,17 @@ class ConsolePrograms(unittest.TestCase):
         self.assertEqual((code, boxes(events)), (0, []))
         self.assertEqual(len(site.letters()), 6)
         self.assertTrue((site.folder / "DATA" / "印刷設定.ini").exists())
+
+    def test_a_site_on_a_share_is_made_checked_and_printed(self):
+        share = Share(self.folder)
+        self.addCleanup(share.remove)
+        site = Site(self.folder / "委任 状", share.path("委任 状"))
+        self.assertEqual(site.check()[-1], "問題は見つかりませんでした。")
+        code, events = site.play(PRINT)
+        self.assertEqual((code, boxes(events)), (0, []))
+        self.assertEqual(len(site.letters()), 6)
+        starts = [event["command"] for event in events if event["event"] == "start"]
+        self.assertEqual(starts[-1], share.path("委任 状") + "\\Main.exe 2")
 
     def test_under_another_code_page_the_program_reports_missing_settings_and_continues(self):
         site = Site(self.folder / "site")
