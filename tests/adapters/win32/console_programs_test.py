@@ -1,17 +1,18 @@
 """The console programs on machines with a wrong setup: runs inin-site and inin-script under Wine.
 
-console_programs_test.py ININ_SITE ININ_SCRIPT
+console_programs_test.py ININ_SITE ININ_SCRIPT SYSTEM_TEST
 """
 import json
 import os
 import pathlib
+import pty
 import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
-SITE, SCRIPT = sys.argv[1:3]
+SITE, SCRIPT, SYSTEM_TEST = sys.argv[1:4]
 PRINT = [{"click": "optPrint(0)"}, {"click": "optObject(0)"}, {"click": "optTgtDate(0)"}, {"click": "optDspPeriod(0)"},
          {"set": "imD_Out", "to": "2024/05/01"}, {"click": "btnPrint(0)"}, {"click": "btnPrint(6)"}]
 NO_CONNECTION = "接続文字列取得できません。"
@@ -22,6 +23,21 @@ def wine(*arguments, given="", **environment):
     ran = subprocess.run(["wine", *arguments], input=given.encode(), stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                          env={**os.environ, **environment}, timeout=120, check=False)
     return ran.returncode, ran.stdout.decode(errors="replace")
+
+
+def wine_on_console(*arguments):
+    """Runs a Windows program on a console and returns its exit code and what a terminal receives."""
+    process, terminal = pty.fork()
+    if process == 0:
+        os.execvpe("wine", ["wine", *arguments], {**os.environ, "TERM": "xterm"})
+    received = b""
+    try:
+        while part := os.read(terminal, 4096):
+            received += part
+    except OSError:  # the program has ended
+        pass
+    os.close(terminal)
+    return os.waitstatus_to_exitcode(os.waitpid(process, 0)[1]), received.decode(errors="replace")
 
 
 def windows_path(path):
@@ -125,6 +141,13 @@ class ConsolePrograms(unittest.TestCase):
         self.assertEqual(len(site.letters()), 6)
         starts = [event["command"] for event in events if event["event"] == "start"]
         self.assertEqual(starts[-1], share.path("委任 状") + "\\Main.exe 2")
+
+    def test_a_console_keeps_its_code_page_and_shows_japanese_text(self):
+        code, shown = wine_on_console(SYSTEM_TEST, "-tc=a console *")
+        self.assertEqual(code, 0, shown)
+        self.assertIn("1 passed", shown)
+        site = Site(self.folder / "site")
+        self.assertIn("問題は見つかりませんでした。", wine_on_console(SITE, "check", site.name)[1])
 
     def test_under_another_code_page_the_program_reports_missing_settings_and_continues(self):
         site = Site(self.folder / "site")
