@@ -1,8 +1,15 @@
 #include "common/field_input.h"
 
+#include "platform/settings_limit.h"
 #include "runtime/runtime_error.h"
 
 namespace inin {
+
+namespace {
+
+constexpr std::size_t kPieceSize = 65536;
+
+} // namespace
 
 FieldInput::FieldInput(const Platform &platform, const std::string &path)
     : m_locale(platform.locale), m_file(platform.files, path)
@@ -65,6 +72,17 @@ std::string FieldInput::quotedBytes()
     while (peek() != kNoByte && peek() != '"') bytes += take();
     if (peek() == '"') take();
     return bytes;
+}
+
+SettingsInput::SettingsInput(Files &files, const std::string &path) : m_path(path), m_file(files.openForInput(path)) {}
+
+std::string SettingsInput::read()
+{
+    std::string piece = m_file->read(kPieceSize);
+    m_size += piece.size();
+    if (m_size > kMaxSettingsBytes)
+        throw RuntimeError(error_number::outOfMemory, "設定ファイル（" + m_path + "）が 16 MB を超えています。");
+    return piece;
 }
 
 } // namespace inin

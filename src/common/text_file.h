@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/settings_input.h"
+#include "common/field_input.h"
 #include "platform/platform.h"
 
 #include <cstdint>

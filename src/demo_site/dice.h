@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace inin::site {
 
@@ -33,10 +32,7 @@ public:
         return low + static_cast<int>(below(static_cast<std::size_t>(sides)));
     }
     [[nodiscard]] bool oneIn(std::size_t count) { return below(count) == 0; }
-    template <class T, std::size_t N> [[nodiscard]] const T &pick(std::span<const T, N> pool)
-    {
-        return pool[below(pool.size())];
-    }
+    template <class Pool> [[nodiscard]] const auto &pick(const Pool &pool) { return pool[below(pool.size())]; }
 
 private:
     std::uint64_t m_state;

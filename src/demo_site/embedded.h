@@ -7,12 +7,12 @@ namespace inin::site {
 // Files of the folder site/ that are compiled into the program.
 [[nodiscard]] std::string_view schemaText();
 [[nodiscard]] std::string_view serverSchemaText();
+[[nodiscard]] std::string_view demoDataText();
 [[nodiscard]] std::string_view menuStandIn();
 [[nodiscard]] std::string_view formToolStandIn();
-/// On Windows a single program, which chooses its part by its own file name.
-[[nodiscard]] std::string_view standInProgram();
 [[nodiscard]] std::string_view standardForm();
 [[nodiscard]] std::string_view aichiForm();
+[[nodiscard]] std::string_view blankAichiForm();
 [[nodiscard]] std::string_view takamatsuForm();
 
 } // namespace inin::site

@@ -1,6 +1,6 @@
 #include "demo_site/people.h"
 
-#include "demo_site/companies.h"
+#include "demo_site/demo_data.h"
 #include "demo_site/demo_irregularities.h"
 
 #include <fmt/format.h>
@@ -20,33 +20,41 @@ constexpr const char *kLongAddress =
 /// From this age on a patient is insured under the late-stage scheme.
 constexpr int kLateStageAge = 75;
 
-PersonName nameOf(const Word &family, const Word &given)
+PersonName nameOf(const DataRow &family, const DataRow &given)
 {
-    return {fmt::format("{}　{}", family.kanji, given.kanji), fmt::format("{}　{}", family.kana, given.kana)};
+    return {fmt::format("{}　{}", family[0], given[0]), fmt::format("{}　{}", family[1], given[1])};
+}
+
+const DataRow &givenName(Dice &dice, bool isFemale)
+{
+    return pickRow(dice, isFemale ? "female names" : "male names");
 }
 
 PersonName patientName(std::int64_t number, Dice &dice, bool isFemale)
 {
     PersonName name = makeName(dice, isFemale);
-    const Word &given = dice.pick(isFemale ? femaleNames() : maleNames());
-    if (number == kVendorCharacterPatient1) return nameOf(familyNames()[0], given);
-    if (number == kVendorCharacterPatient2) return nameOf(familyNames()[1], given);
+    const DataRow &given = givenName(dice, isFemale);
+    const std::vector<DataRow> &families = dataSection("family names").rows;
+    if (number == kVendorCharacterPatient1) return nameOf(families[0], given);
+    if (number == kVendorCharacterPatient2) return nameOf(families[1], given);
     if (number == kLongNamePatient) return {kLongName, kLongNameKana};
     return name;
 }
 
-void moveToLongAddress(Home &home)
+void moveTo(Home &home, const DataRow &city)
 {
-    home.city = &cities().front();
-    home.address1 = kLongAddress;
+    home.nationalInsurer = city[2];
+    home.lateStageInsurer = city[3];
 }
 
-const Insurer &insurerOf(const Home &home, int age, Dice &dice)
+Insurer insurerOf(const Home &home, int age, Dice &dice)
 {
-    const std::size_t city = static_cast<std::size_t>(home.city->insurer);
-    if (age >= kLateStageAge) return lateStageInsurers()[city < 4 ? 0 : city < 7 ? 1 : 2];
-    if (dice.oneIn(3)) return dice.pick(associationInsurers());
-    return nationalInsurers()[city];
+    const std::string_view number = age >= kLateStageAge ? home.lateStageInsurer
+                                    : dice.oneIn(3)      ? pickRow(dice, "health insurance associations")[0]
+                                                         : home.nationalInsurer;
+    const std::vector<DataRow> &insurers = dataSection("HOKENJA").rows;
+    const DataRow &row = *std::ranges::find(insurers, number, [](const DataRow &insurer) { return insurer[0]; });
+    return {row[0], row[1], row[2], row[3].front() - '0'};
 }
 
 /// One third each ended a year ago, in the previous month and in the current month.
@@ -67,7 +75,11 @@ std::array<std::int64_t, 3> staffOf(const SiteOrder &order, Dice &dice)
 
 std::int64_t agentOf(std::int64_t number, Dice &dice)
 {
-    const std::int64_t agent = kFirstAgent + dice.between(0, kAgents - 1);
+    // nIDNo of the agents in CORP, and the distance to numbers that CORP does not contain.
+    constexpr int kFirstAgent = 11;
+    constexpr int kLastAgent = 18;
+    constexpr std::int64_t kNoSuchCompany = 9000;
+    const std::int64_t agent = dice.between(kFirstAgent, kLastAgent);
     return kMissingAgent.has(number) ? kNoSuchCompany + agent : agent;
 }
 
@@ -89,8 +101,8 @@ void putHouseholder(Patient &patient, Dice &dice)
 
 PersonName makeName(Dice &dice, bool isFemale)
 {
-    const Word &family = dice.pick(familyNames());
-    return nameOf(family, dice.pick(isFemale ? femaleNames() : maleNames()));
+    const DataRow &family = pickRow(dice, "family names");
+    return nameOf(family, givenName(dice, isFemale));
 }
 
 std::string makeDigits(Dice &dice, int count)
@@ -107,16 +119,16 @@ std::string makeTelephone(Dice &dice)
 
 Home makeHome(Dice &dice)
 {
-    const City &city = dice.pick(cities());
-    const Word &town = dice.pick(towns());
-    const Word &house = dice.pick(houses());
+    const DataRow &city = pickRow(dice, "cities");
+    const DataRow &town = pickRow(dice, "towns");
+    const DataRow &house = pickRow(dice, "houses");
     Home home;
-    home.city = &city;
+    moveTo(home, city);
     home.postalCode = "000-" + makeDigits(dice, 4);
-    home.address1 = fmt::format("{}{}{}丁目{}番{}号", city.name, town.kanji, dice.between(1, 6), dice.between(1, 40),
+    home.address1 = fmt::format("{}{}{}丁目{}番{}号", city[0], town[0], dice.between(1, 6), dice.between(1, 40),
                                 dice.between(1, 30));
-    home.kana = fmt::format("{}{}", city.kana, town.kana);
-    if (dice.oneIn(4)) home.address2 = fmt::format("{}{}号室", house.kanji, dice.between(101, 512));
+    home.kana = fmt::format("{}{}", city[1], town[1]);
+    if (dice.oneIn(4)) home.address2 = fmt::format("{}{}号室", house[0], dice.between(101, 512));
     home.telephone = makeTelephone(dice);
     return home;
 }
@@ -134,12 +146,15 @@ Patient makePatient(const SiteOrder &order, std::int64_t number)
     patient.isFemale = !dice.oneIn(3);
     patient.name = patientName(number, dice, patient.isFemale);
     patient.home = makeHome(dice);
-    if (number == kLongAddressPatient) moveToLongAddress(patient.home);
+    if (number == kLongAddressPatient) {
+        patient.home.address1 = kLongAddress;
+        moveTo(patient.home, dataSection("cities").rows.front());
+    }
     const int age = dice.oneIn(4) ? dice.between(45, 74) : dice.between(75, 99);
     const Day thisMonth = dayOfMonth(order.month, 1);
     patient.birthday = thisMonth - std::chrono::days{age * 366 + dice.between(0, 360)};
     putHouseholder(patient, dice);
-    patient.insurer = &insurerOf(patient.home, age, dice);
+    patient.insurer = insurerOf(patient.home, age, dice);
     patient.staff = staffOf(order, dice);
     patient.agent = agentOf(number, dice);
     patient.start = thisMonth - std::chrono::days{dice.between(400, 2400)};

@@ -2,12 +2,12 @@
 
 #include "demo_site/calendar.h"
 #include "demo_site/dice.h"
-#include "demo_site/pools.h"
 
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace inin::site {
 
@@ -41,7 +41,16 @@ struct Home {
     std::string address2; ///< building and room, usually empty
     std::string kana;
     std::string telephone;
-    const City *city = nullptr;
+    /// Numbers of the city's national health insurer and late-stage insurer.
+    std::string_view nationalInsurer;
+    std::string_view lateStageInsurer;
+};
+
+struct Insurer {
+    std::string_view number; ///< cIDno
+    std::string_view name;
+    std::string_view district; ///< empty: NULL in the database
+    std::int64_t kind = 0;     ///< as numbered in the table HOKEN
 };
 
 [[nodiscard]] PersonName makeName(Dice &dice, bool isFemale);
@@ -59,7 +68,7 @@ struct Patient {
     Day birthday;
     PersonName householder;
     bool isOwnHouseholder = true;
-    const Insurer *insurer = nullptr;
+    Insurer insurer;
     std::array<std::int64_t, 3> staff{}; ///< the first is in charge
     std::int64_t agent = 0;              ///< nIDNo of CORP; may refer to a missing row
     Day start;

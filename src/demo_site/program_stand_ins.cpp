@@ -1,30 +1,69 @@
-#include "demo_site/stand_ins.h"
+#include "demo_site/site_maker.h"
 
-#include "demo_site/embedded.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_in_names.h"
+#include "runtime/runtime_error.h"
 #include "system/file_path.h"
+#include "system/program_edges.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <fstream>
 
 namespace inin::site {
 
 namespace {
 
-/// The substitute of a form tool reads the viewer's path from this file. Few users may create links, and a copy would
-/// need the viewer's libraries beside it.
+namespace fs = std::filesystem;
+
+/// The starter reads the viewer's path from this file in its folder. Few users may create links, and a copy would need the
+/// viewer's libraries beside it.
 constexpr std::string_view kViewerNote = "formviewer.path";
+/// UTF-16 texts that only our own programs contain: a text of the starter, and a name in the viewer's version.
+constexpr std::u16string_view kMarks[] = {u"STAND-IN of the demo site", u"formviewer.exe"};
+
+std::string bytesOf(const fs::path &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+/// The starter is beside this program.
+void copyStarter(const fs::path &target)
+{
+    const fs::path starter = programFile().parent_path() / "inin-stand-in.exe";
+    const std::string bytes = bytesOf(starter);
+    if (bytes.empty())
+        throw RuntimeError(error_number::fileNotFound,
+                           fmt::format("「{}」がありません。パッケージを展開し直してください。", textOf(starter)));
+    writeFile(target, bytes);
+}
 
 } // namespace
 
-void writeStandIns(const std::filesystem::path &folder, const std::filesystem::path &formViewer)
+void writeMenu(const fs::path &file)
 {
-    writeFile(folder / kMenu, standInProgram());
-    for (const std::string_view tool : kFormTools) writeFile(folder / tool, standInProgram());
-    std::error_code error;
-    std::filesystem::remove(folder / kViewerNote, error);
-    if (!formViewer.empty()) writeFile(folder / kViewerNote, textOf(formViewer) + "\n");
+    copyStarter(file);
 }
 
-std::filesystem::path formViewerName()
+void writeFormTool(const fs::path &file, const fs::path &formViewer)
+{
+    copyStarter(file);
+    const fs::path note = file.parent_path() / kViewerNote;
+    std::error_code error;
+    fs::remove(note, error);
+    if (!formViewer.empty()) writeFile(note, textOf(formViewer) + "\n");
+}
+
+bool isOwnProgram(const fs::path &file)
+{
+    const std::string bytes = bytesOf(file);
+    return std::ranges::any_of(kMarks, [&](std::u16string_view mark) {
+        return bytes.find(std::string_view(reinterpret_cast<const char *>(mark.data()),
+                                           mark.size() * sizeof(char16_t))) != bytes.npos;
+    });
+}
+
+fs::path formViewerName()
 {
     return "formviewer.exe";
 }

@@ -24,6 +24,7 @@ public:
     RowSink &operator=(const RowSink &) = delete;
     virtual ~RowSink() = default;
     virtual void row(std::span<const Cell> cells) = 0;
+    void row(std::initializer_list<Cell> cells) { row(std::span<const Cell>{cells.begin(), cells.size()}); }
 };
 
 /// The destination of the demo's rows: a new database file or a server's database.
@@ -35,20 +36,6 @@ public:
     virtual ~RowTarget() = default;
     /// Returns the sink for rows with these columns of a table; it lives as long as the target.
     virtual RowSink &into(std::string_view table, std::span<const std::string_view> columns) = 0;
-};
-
-/// A repeated INSERT into some columns of a table.
-class Insert {
-public:
-    Insert(RowTarget &target, std::string_view table, std::span<const std::string_view> columns)
-        : m_sink(target.into(table, columns))
-    {
-    }
-    void row(std::span<const Cell> cells) { m_sink.row(cells); }
-    void row(std::initializer_list<Cell> cells) { row(std::span<const Cell>{cells.begin(), cells.size()}); }
-
-private:
-    RowSink &m_sink;
 };
 
 } // namespace inin::site

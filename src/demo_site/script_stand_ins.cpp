@@ -1,18 +1,21 @@
-#include "demo_site/stand_ins.h"
+#include "demo_site/site_maker.h"
 
 #include "demo_site/embedded.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_in_names.h"
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
 
 #include <fmt/format.h>
+
+#include <fstream>
+#include <string>
 
 namespace inin::site {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::string_view kStandInMark = "# STAND-IN of the demo site";
 
 void writeStandIn(const fs::path &path, std::string_view text)
 {
@@ -26,25 +29,35 @@ void writeStandIn(const fs::path &path, std::string_view text)
     }
 }
 
-/// Writes the form viewer under a tool's name, or a substitute if the viewer was not built.
-void writeFormTool(const fs::path &path, const fs::path &formViewer)
+} // namespace
+
+void writeMenu(const fs::path &file)
+{
+    writeStandIn(file, menuStandIn());
+}
+
+void writeFormTool(const fs::path &file, const fs::path &formViewer)
 {
     std::error_code error;
     // Writing through a link of an earlier run would overwrite the viewer itself.
-    fs::remove(path, error);
+    fs::remove(file, error);
     if (!formViewer.empty()) {
-        fs::create_symlink(formViewer, path, error);
+        fs::create_symlink(formViewer, file, error);
         if (!error) return;
     }
-    writeStandIn(path, formToolStandIn());
+    writeStandIn(file, formToolStandIn());
 }
 
-} // namespace
-
-void writeStandIns(const fs::path &folder, const fs::path &formViewer)
+bool isOwnProgram(const fs::path &file)
 {
-    writeStandIn(folder / kMenu, menuStandIn());
-    for (const std::string_view tool : kFormTools) writeFormTool(folder / tool, formViewer);
+    std::error_code error;
+    if (fs::is_symlink(fs::symlink_status(file, error)))
+        return fs::read_symlink(file, error).filename() == formViewerName();
+    std::ifstream script(file, std::ios::binary);
+    std::string first, second;
+    std::getline(script, first);
+    std::getline(script, second);
+    return second.starts_with(kStandInMark);
 }
 
 fs::path formViewerName()

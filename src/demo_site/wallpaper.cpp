@@ -1,4 +1,4 @@
-#include "demo_site/site_files.h"
+#include "demo_site/site_maker.h"
 
 #include <array>
 #include <cstdint>
@@ -27,31 +27,27 @@ constexpr std::array<Stop, 4> kStops{{
     {kHeight - 1, {150, 186, 214}},
 }};
 
-void little(std::string &bytes, std::uint32_t value, int count)
-{
-    for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
-}
-
-/// The file header and the information header of a bitmap without a palette.
-std::string header()
-{
-    std::string bytes = "BM";
-    little(bytes, kHeaderSize + kPixelBytes, 4);
-    little(bytes, 0, 4);
-    little(bytes, kHeaderSize, 4);
-    little(bytes, 40, 4); // size of the information header
-    little(bytes, kWidth, 4);
-    little(bytes, kHeight, 4);
-    little(bytes, 1, 2);  // planes
-    little(bytes, 24, 2); // bits per pixel
-    little(bytes, 0, 4);  // uncompressed
-    little(bytes, kPixelBytes, 4);
-    little(bytes, 2835, 4); // pixels per metre, 72 dpi
-    little(bytes, 2835, 4);
-    little(bytes, 0, 4);
-    little(bytes, 0, 4);
-    return bytes;
-}
+struct HeaderField {
+    std::uint32_t value;
+    int bytes;
+};
+/// The file header and the information header of a bitmap without a palette, after its first two characters.
+constexpr HeaderField kHeader[] = {
+    {kHeaderSize + kPixelBytes, 4},
+    {0, 4},
+    {kHeaderSize, 4},
+    {40, 4}, // size of the information header
+    {kWidth, 4},
+    {kHeight, 4},
+    {1, 2},
+    {24, 2},
+    {0, 4}, // planes, bits per pixel, uncompressed
+    {kPixelBytes, 4},
+    {2835, 4},
+    {2835, 4}, // pixels per metre, 72 dpi
+    {0, 4},
+    {0, 4},
+};
 
 Colour colourOf(int row)
 {
@@ -68,14 +64,13 @@ Colour colourOf(int row)
 
 std::string wallpaper()
 {
-    std::string bytes = header();
+    std::string bytes = "BM";
+    for (const HeaderField &field : kHeader)
+        for (int at = 0; at < field.bytes; ++at) bytes += static_cast<char>(field.value >> (8 * at) & 0xFFU);
     for (int row = 0; row < kHeight; ++row) {
         const Colour colour = colourOf(row);
-        for (int column = 0; column < kWidth; ++column) {
-            bytes += static_cast<char>(colour.blue);
-            bytes += static_cast<char>(colour.green);
-            bytes += static_cast<char>(colour.red);
-        }
+        for (int column = 0; column < kWidth; ++column)
+            for (const int part : {colour.blue, colour.green, colour.red}) bytes += static_cast<char>(part);
     }
     return bytes;
 }

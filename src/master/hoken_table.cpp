@@ -38,7 +38,7 @@ std::string keyCondition(const cD_HOKEN &row, Branch branch)
 
 } // namespace
 
-cT_HOKEN::cT_HOKEN(App &app) : m_app(app), m_table(app, kHoken) {}
+cT_HOKEN::cT_HOKEN(App &app) : TableClass(app, kHoken) {}
 
 std::int16_t cT_HOKEN::iDataRead(const cD_HOKEN *cData)
 {

@@ -92,7 +92,7 @@ std::string readStatement(const SelectList<Row> &list, const Condition &conditio
 
 } // namespace
 
-cT_SHINSEISYO::cT_SHINSEISYO(App &app) : m_app(app), m_table(app, kShinseisyo) {}
+cT_SHINSEISYO::cT_SHINSEISYO(App &app) : TableClass(app, kShinseisyo) {}
 
 std::int16_t cT_SHINSEISYO::iGetMaxIDNo(std::int32_t &nMaxNo, std::int16_t iPrintType)
 {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "master/shinseisyo_row.h"
 #include "master/table_contract.h"
 
 #include <cstdint>
@@ -8,21 +7,30 @@
 
 namespace inin {
 
+/// A printable claim form. Unlike in the other row classes, a new row has number 0, so that it selects number 0 of
+/// print type 0. The order is that of the suite.
+struct cD_SHINSEISYO {
+    std::int32_t iTekiyouStaff = 0, iKanagawaStaffPrint = 0;
+    std::int32_t iKyotenCd = 0, iKyotenEb = 0; ///< filled by reads; a write uses the codes of this branch or 0
+    std::int32_t nIDNo = 0;                    ///< number within branch and print type
+    std::string cFileName, cDispName;
+    std::int32_t iSejutsuKubun = 0, iHokenType = 0;
+    std::int32_t iDelFlg = 0; ///< 0 or NULL: not deleted
+    std::int32_t iSinseiTP = 0, iSoufushoTP = 0, iDuplexFlg = 0;
+    std::int32_t iStateNo = 0; ///< prefecture
+    std::int32_t iRiyouHokenKbn = 0;
+    std::string tUpDateTime;
+    std::int32_t iPrintType = 0; ///< 0 and 1 are system-wide, all others belong to a branch
+    std::int32_t iKubun = 0, iJoseiFutanKiriage = 0;
+};
+
 /// The claim forms. Rows of print types 0 and 1 are system-wide and have branch 0, 0; all others belong to this branch.
-/// Statuses are 0 or -1, with the reason in sErrMsg. nullptr is a row that is Nothing. `eOptions` is ignored. Texts are
-/// written into the statements unchanged, quote characters included.
-class cT_SHINSEISYO {
+class cT_SHINSEISYO : public TableClass<cD_SHINSEISYO> {
 public:
     explicit cT_SHINSEISYO(App &app);
 
-    [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
     /// A row of the last read, from 0; error 9 outside. Valid until the next read.
-    [[nodiscard]] const cD_SHINSEISYO &clsSHINSEISYO(std::int32_t nIdx) const { return m_table.row(nIdx); }
-    [[nodiscard]] std::int32_t nデータ数() const { return m_table.count(); }
-    /// The computer's name; the empty text on a failure.
-    [[nodiscard]] std::int16_t iGetComputerName(std::string &sName) { return m_table.computerName(sName); }
-    /// Keeps a reference to the caller's connected session and clears the rows.
-    [[nodiscard]] std::int16_t iInit(cT_ADODB &cADO) { return m_table.init(cADO); }
+    [[nodiscard]] const cD_SHINSEISYO &clsSHINSEISYO(std::int32_t nIdx) const { return rowAt(nIdx); }
     /// The highest number of the print type, 0 if there is no form.
     [[nodiscard]] std::int16_t iGetMaxIDNo(std::int32_t &nMaxNo, std::int16_t iPrintType);
     /// The forms of the row's print type: only undeleted ones if its iDelFlg is 0, only those of its prefecture if that
@@ -36,10 +44,6 @@ public:
                                            Transaction bTransactionFlg = Transaction::ofTheCaller);
     [[nodiscard]] std::int16_t iData削除(const cD_SHINSEISYO *cData, std::int32_t eOptions,
                                          Transaction bTransactionFlg = Transaction::ofTheCaller);
-
-private:
-    App &m_app;
-    TableContract<cD_SHINSEISYO> m_table;
 };
 
 } // namespace inin

@@ -1,24 +1,50 @@
 #pragma once
 
-#include "master/staff_row.h"
 #include "master/table_contract.h"
+
+#include <cstdint>
+#include <string>
 
 namespace inin {
 
-/// The staff of the branches. Statuses are 0 or -1, with the reason in sErrMsg. nullptr is a row that is Nothing.
-/// `eOptions` is ignored. Names are written into the statements unchanged, quote characters included.
-class cT_STAFF {
+/// A practitioner or another employee. A new row sets no condition in a grid read. The order is that of the suite.
+struct cD_STAFF {
+    std::string cShikaiNo, cShikaiNo_Josei;
+    std::int16_t iStaffHokenTouroku = 0;
+    std::string cTourokuNo2;
+    /// Filled only by the grid of all branches; writes use the branch of this installation.
+    std::string cKyotenName;
+    std::int32_t iKyotenId = 0, iKyotenEb = 0;
+    std::string cTourokuNo, cSmileCd;
+    /// Dates as texts.
+    std::string sBirthday, sKousinDay, sNyusyaDay, sRday, sTourokuDay;
+    std::string cAdress1, sKisanDay, cAdress2, cFaxNo, cKaiNo, cKaiNo2, cKaiNo3, cMobNo;
+    std::string cName, cNameKana, cNameRyaku, cRken, cRno, cTelNo, cYubinNo;
+    /// 0 is active, anything else means that the management has ended.
+    std::int32_t iChusiFlg = 0;
+    std::int32_t iSexKubun = -1, iShikakuKubun = -1, iSyokushuKubun = -1, iYaku = -1;
+    /// Unique within a branch.
+    std::int32_t nIDNo = -1;
+    std::string cPcName, tUpDateTime, cEmail;
+    std::int16_t iTecAbi = 0, iSpeechAbi = 0;
+    std::string cPhysical;
+    std::int16_t iClaimRate = 0;
+    std::string cSikaku;
+    std::int32_t iVehicleType = 0;
+    std::string cVehicleNumber, cVehicleComment, cEmployeeNumber;
+    std::int32_t iLookAllRiyousya = 0, iWebLicense = 0, iLookCharge = 0;
+    std::int32_t nLat = 0, nLon = 0, iContractType = 0;
+    std::string cIninTourokuNo;
+    std::int32_t iIninTourokuChk = 0, iKanriSekininFlg = 0;
+};
+
+/// The staff of the branches.
+class cT_STAFF : public TableClass<cD_STAFF> {
 public:
     explicit cT_STAFF(App &app);
 
-    [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
     /// A row of the last read, from 0; error 9 outside. Valid until the next read.
-    [[nodiscard]] const cD_STAFF &clsSTAFF(std::int32_t nIdx) const { return m_table.row(nIdx); }
-    [[nodiscard]] std::int32_t nデータ数() const { return m_table.count(); }
-    /// The computer's name; the empty text on a failure.
-    [[nodiscard]] std::int16_t iGetComputerName(std::string &sName) { return m_table.computerName(sName); }
-    /// Keeps a reference to the caller's connected session and clears the rows.
-    [[nodiscard]] std::int16_t iInit(cT_ADODB &cADO) { return m_table.init(cADO); }
+    [[nodiscard]] const cD_STAFF &clsSTAFF(std::int32_t nIdx) const { return rowAt(nIdx); }
     /// The highest number of this branch, 0 for a branch without staff. If iKyotenIdMode is 1, only numbers that begin
     /// with the branch count, and the first one is the branch followed by four zeros.
     [[nodiscard]] std::int16_t iGetMaxIDNo(std::int32_t &nMaxNo);
@@ -40,10 +66,6 @@ public:
                                          Transaction bTransactionFlg = Transaction::ofTheCaller);
     /// Like iDataReadGrid over all branches, with the branch and its name.
     [[nodiscard]] std::int16_t iDataReadGrid_AllKyoten(const cD_STAFF *cData);
-
-private:
-    App &m_app;
-    TableContract<cD_STAFF> m_table;
 };
 
 } // namespace inin

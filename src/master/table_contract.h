@@ -126,4 +126,24 @@ private:
     std::vector<Row> m_rows;
 };
 
+/// What the table classes have in common. Their statuses are 0 or -1, with the reason in sErrMsg. nullptr is a row that is
+/// Nothing. `eOptions` is ignored. Texts are written into the statements unchanged, quote characters included.
+template <class Row> class TableClass {
+public:
+    [[nodiscard]] const std::string &sErrMsg() const { return m_table.sErrMsg(); }
+    [[nodiscard]] std::int32_t nデータ数() const { return m_table.count(); }
+    /// The computer's name; the empty text on a failure.
+    [[nodiscard]] std::int16_t iGetComputerName(std::string &sName) { return m_table.computerName(sName); }
+    /// Keeps a reference to the caller's connected session and clears the rows.
+    [[nodiscard]] std::int16_t iInit(cT_ADODB &cADO) { return m_table.init(cADO); }
+
+protected:
+    TableClass(App &app, const TableShape &shape) : m_app(app), m_table(app, shape) {}
+    /// A row of the last read, from 0; error 9 outside. Valid until the next read.
+    [[nodiscard]] const Row &rowAt(std::int32_t nIdx) const { return m_table.row(nIdx); }
+
+    App &m_app;
+    TableContract<Row> m_table;
+};
+
 } // namespace inin

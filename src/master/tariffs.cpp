@@ -1,12 +1,37 @@
 #include "master/tariffs.h"
 
-#include "master/tariff_session.h"
+#include "master/table_contract.h"
 #include "runtime/conversion.h"
 #include "runtime/number_text.h"
+#include "runtime/text.h"
+#include "shell/error_box.h"
 
 namespace inin {
 
 namespace {
+
+/// Year and month of a date column as six digits. The conversion keeps a text unchanged, so that its seventh character
+/// is the second digit of the month.
+std::string monthOf(const std::string &column)
+{
+    const std::string text = "CONVERT(VARCHAR, " + column + ", 112)";
+    return "SUBSTRING(" + text + ",1,4)+SUBSTRING(" + text + ",6,2)";
+}
+
+/// Selects the rows whose validity includes the month, six digits. The table's dates are texts YYYY/MM/DD and are
+/// compared as texts.
+std::string monthStatement(const std::string &table, const std::string &csYM, const std::string &order)
+{
+    return "SELECT * FROM " + table + " WHERE " + monthOf("cStartDate") + " <=   '" + csYM + "' AND " +
+           monthOf("cEndDate") + " >=   '" + csYM + "' ORDER BY " + order;
+}
+
+/// The critical box of a run-time error.
+void showTariffError(App &app, const std::string &text, const std::string &kubun = {}, const std::string &code = {})
+{
+    app.platform.boxes.show(text + std::string(kCr) + "区分:" + kubun + "  コード：" + code, Icon::critical,
+                            "DB Read Error!!");
+}
 
 using Fees = TreatmentFees;
 
@@ -52,7 +77,33 @@ void showFeeError(App &app, const CurrentRow &current)
                     std::to_string(current.nTankaCode));
 }
 
+/// The mode in which the last band does not apply.
+constexpr std::int16_t kWithoutLastBand = 1;
+
 } // namespace
+
+bool TariffSession::walk(const std::string &sql, const std::function<void()> &onOpened,
+                         const std::function<void(const Recordset &)> &onRow)
+{
+    m_own = startSession(m_app, m_heading);
+    if (!m_own.isConnected()) return false;
+    TableSession table(m_app, {});
+    table.init(*m_own.session);
+    try {
+        if (table.walk(sql, onOpened, onRow) == iGood) return true;
+    } catch (const RuntimeError &) {
+        disconnect();
+        throw;
+    }
+    headingBox(m_app, m_heading, table.sErrMsg());
+    disconnect();
+    return false;
+}
+
+void TariffSession::disconnect()
+{
+    static_cast<void>(m_own.session->iDisConnect()); // the rows are already read
+}
 
 std::int16_t cls単価::iGetTanka(const std::string &csYM)
 {
@@ -75,6 +126,58 @@ std::int16_t cls単価::iGetTanka(const std::string &csYM)
         showFeeError(m_app, current);
     }
     return 0;
+}
+
+std::int16_t cls往療費::iGetOuryohiAll(const std::string &csYM)
+try {
+    TariffSession session(m_app, "iGetOuryohiAll");
+    std::int16_t count = 0;
+    const auto clear = [this] {
+        m_charges.assign(1, 0);
+        m_limits.assign(1, 0);
+    };
+    const auto append = [&](const Recordset &rsData) {
+        const std::size_t size = static_cast<std::size_t>(count) + 1;
+        m_charges.resize(size);
+        m_limits.resize(size);
+        m_charges.back() = toLong(rsData.Field("nKingakuOuryou"));
+        m_limits.back() = toLong(rsData.Field("nMaxLen"));
+        count = narrow(count + 1);
+    };
+    if (!session.walk(monthStatement("往療費区分", csYM, "nMaxLen"), clear, append)) return 0;
+    m_count = count;
+    session.disconnect();
+    return 0;
+} catch (const RuntimeError &) {
+    showTariffError(m_app, "往療単価の取得に失敗しました。");
+    return 0;
+}
+
+std::int16_t cls往療費::iGetOuryohi(std::int32_t &nLen, const std::int16_t &iMode)
+try {
+    if (nLen == 0) return 0;
+    const std::int32_t last = m_count - 1;
+    const std::int32_t limit = at(m_limits, last);
+    if (nLen > limit) nLen = limit;
+    std::int32_t band = bandOf(nLen);
+    if (band == last && iMode == kWithoutLastBand) --band;
+    return narrow(at(m_charges, band));
+} catch (const RuntimeError &) {
+    showTariffError(m_app, "往療金額の取得に失敗しました。");
+    return 0;
+}
+
+std::int32_t cls往療費::at(const std::vector<std::int32_t> &values, std::int32_t index)
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= values.size()) throw RuntimeError(error_number::subscript);
+    return values[static_cast<std::size_t>(index)];
+}
+
+std::int32_t cls往療費::bandOf(std::int32_t nLen) const
+{
+    std::int32_t band = 0;
+    while (at(m_limits, band) < nLen) ++band;
+    return band;
 }
 
 } // namespace inin

@@ -12,7 +12,7 @@ namespace inin {
 namespace {
 
 constexpr const char *kFormatFile = "帳票Format.ini";
-constexpr const char *kReport = "委任状";
+constexpr const char *kFormReport = "委任状";
 
 std::string documentOfKind(std::int16_t iPrintKind)
 {
@@ -42,7 +42,7 @@ try {
 /// single letter on the other form too.
 std::string formDocument(App &app, std::int16_t iPrintKind)
 {
-    const std::string entry = csGetFormatFile(app, kReport, kReport);
+    const std::string entry = csGetFormatFile(app, kFormReport, kFormReport);
     return entry.empty() ? documentOfKind(iPrintKind) : entry;
 }
 

@@ -1,6 +1,6 @@
 #include "printing/letter_row.h"
 
-#include "master/corp_row.h"
+#include "master/corp_table.h"
 #include "runtime/text.h"
 
 #include <initializer_list>

@@ -4,8 +4,8 @@
 #include "printing/print_form.h"
 #include "runtime/conversion.h"
 #include "runtime/text.h"
-#include "search/patient_search.h"
-#include "search/staff_search.h"
+#include "search/patient_search_form.h"
+#include "search/staff_search_form.h"
 #include "shell/error_box.h"
 
 namespace inin {

@@ -3,8 +3,7 @@
 #include "data/connection_settings.h"
 #include "platform/key_codes.h"
 #include "screen/grid.h"
-#include "search/busy_flag.h"
-#include "search/search_filter.h"
+#include "search/search_sql.h"
 
 #include <cstdint>
 #include <functional>
@@ -13,9 +12,38 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace inin {
+
+/// One flag for all events of a window. A search lets the platform process events, so a second event can arrive during
+/// the first one; it finds the flag set and does nothing.
+class BusyFlag {
+public:
+    [[nodiscard]] bool isTaken() const { return m_taken; }
+
+    /// Sets the flag, if it is clear, for its own lifetime.
+    class Hold {
+    public:
+        explicit Hold(BusyFlag &flag) : m_flag(flag), m_holds(!std::exchange(flag.m_taken, true)) {}
+        Hold(const Hold &) = delete;
+        Hold &operator=(const Hold &) = delete;
+        ~Hold()
+        {
+            if (m_holds) m_flag.m_taken = false;
+        }
+        /// False if the flag was already set.
+        explicit operator bool() const { return m_holds; }
+
+    private:
+        BusyFlag &m_flag;
+        bool m_holds;
+    };
+
+private:
+    bool m_taken = false;
+};
 
 /// A column of a search list and its database column. With `second` it shows two numbers as one: each with two digits,
 /// concatenated.

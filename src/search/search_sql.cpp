@@ -1,6 +1,6 @@
 #include "search/search_sql.h"
 
-#include "master/table_columns.h"
+#include "master/table_statements.h"
 #include "runtime/conversion.h"
 
 #include <initializer_list>

@@ -2,9 +2,9 @@
 
 #include "adapters/sqlite/sqlite_database.h"
 #include "common/helpers.h"
+#include "demo_site/database_maker.h"
 #include "demo_site/demo_irregularities.h"
-#include "demo_site/schema.h"
-#include "demo_site/site_files.h"
+#include "demo_site/site_maker.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"

@@ -1,7 +1,7 @@
 #include "site_check/site_check.h"
 
 #include "adapters/native/native_platform.h"
-#include "demo_site/stand_in_names.h"
+#include "demo_site/site_maker.h"
 #include "system/file_path.h"
 
 #include <fmt/format.h>

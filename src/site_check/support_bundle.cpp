@@ -2,9 +2,8 @@
 
 #include "adapters/database/connection_string.h"
 #include "adapters/odbc/connection_parts.h"
-#include "demo_site/schema.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_in_names.h"
+#include "demo_site/database_maker.h"
+#include "demo_site/site_maker.h"
 #include "runtime/conversion.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
@@ -13,6 +12,7 @@
 #include "suite_text/code_page_932.h"
 #include "suite_text/profile_text.h"
 #include "system/file_path.h"
+#include "system/program_version.h"
 
 #include <fmt/format.h>
 
@@ -249,7 +249,7 @@ std::string supportBundle(const fs::path &folder, const Findings &findings)
     Findings ignored;
     const auto connection = connectionText(folder, ignored);
     ZipFile zip;
-    zip.add("version.txt", "inin-site " ININ_VERSION "\n");
+    zip.add("version.txt", fmt::format("inin-site {} {}\n", programVersion(), ININ_SYSTEM));
     zip.add("settings.txt", settingsText(folder, connection));
     zip.add("check.json", jsonOf(findings, Details::withoutSentences) + "\n");
     zip.add("tables.txt", tablesText(folder, connection));

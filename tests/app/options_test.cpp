@@ -203,6 +203,15 @@ TEST_CASE("an empty connection string is refused")
     CHECK(sentenceOf(read({"make", "", "--into", "DSN=massage"})) == "フォルダーを指定してください。");
 }
 
+TEST_CASE("forms keeps existing form documents without --replace")
+{
+    CHECK(std::get<FormsCommand>(read({"forms", "here"})).existing == Existing::keep);
+    CHECK(std::get<FormsCommand>(read({"forms", "here", "--replace"})).existing == Existing::replace);
+    CHECK(std::get<ToolsCommand>(read({"tools", "here"})).folder == "here");
+    CHECK(sentenceOf(read({"forms", ""})) == "フォルダーを指定してください。");
+    CHECK(sentenceOf(read({"tools", ""})) == "フォルダーを指定してください。");
+}
+
 TEST_CASE("an empty folder name is refused")
 {
     CHECK(sentenceOf(read({"make", ""})) == "フォルダーを指定してください。");
@@ -213,8 +222,12 @@ TEST_CASE("the help pages have no English word of the parser in Japanese, and no
     const auto helpOf = [](inin::HelpLanguage language, std::vector<const char *> line) {
         return std::get<HelpCommand>(read(std::move(line), {}, language)).text;
     };
-    for (const std::vector<const char *> &line :
-         {std::vector<const char *>{"--help"}, {"make", "--help"}, {"check", "--help"}, {"why", "--help"}}) {
+    for (const std::vector<const char *> &line : {std::vector<const char *>{"--help"},
+                                                  {"make", "--help"},
+                                                  {"check", "--help"},
+                                                  {"why", "--help"},
+                                                  {"forms", "--help"},
+                                                  {"tools", "--help"}}) {
         const std::string japanese = helpOf(inin::HelpLanguage::japanese, line),
                           english = helpOf(inin::HelpLanguage::english, line);
         for (const char *word : {"Usage", "Options", "OPTIONS", "Positionals", "REQUIRED", "Subcommand", "TEXT"})

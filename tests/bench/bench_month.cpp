@@ -1,11 +1,11 @@
 // From the database to the CSV of a month's letters, as a whole process, compared with the sqlite3 command writing the
 // result of the same statement as CSV.
 
-#include "adapters/sqlite/sql_schema.h"
+#include "adapters/sqlite/sql_names.h"
 #include "adapters/sqlite/sql_translator.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
-#include "demo_site/schema.h"
+#include "demo_site/database_maker.h"
 
 #include <fmt/format.h>
 

@@ -5,12 +5,9 @@
 #include "adapters/odbc/odbc_database.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
-#include "demo_site/code_tables.h"
-#include "demo_site/companies.h"
+#include "demo_site/demo_tables.h"
 #include "demo_site/embedded.h"
-#include "demo_site/patients.h"
 #include "demo_site/server_maker.h"
-#include "demo_site/site_files.h"
 #include "support/replace_all.h"
 
 #include <fmt/format.h>
@@ -69,7 +66,7 @@ void fillServer()
     const site::SiteOrder order{kPatients, 1, std::chrono::year{kYear} / static_cast<int>(kMonth)};
     site::ServerTarget target(*connection, dialect.binary);
     connection->BeginTrans();
-    site::writeCodeTables(target, order);
+    site::writeFixedTables(target, order);
     site::writeCompanies(target, order);
     site::writePatients(target, order);
     target.finish();

@@ -1,4 +1,3 @@
-#include "common/select_folder.h"
 
 #include "common/folder_form.h"
 #include "platform/key_codes.h"

@@ -1,5 +1,4 @@
 #include "common/field_input.h"
-#include "common/settings_input.h"
 #include "common/text_file.h"
 #include "platform/settings_limit.h"
 #include "runtime/runtime_error.h"

@@ -102,6 +102,75 @@ TEST_CASE("--force writes to a folder that is not empty and keeps its other file
     CHECK(fs::exists(folder.folder() / "demo.db"));
 }
 
+TEST_CASE("the folder of a real suite is refused even with --force")
+{
+    const TempFolder folder;
+    SUBCASE("for its menu program")
+    {
+        folder.put("Main.exe", "MZ the suite's menu");
+    }
+    SUBCASE("for its form tool")
+    {
+        folder.put("wfrimg10.exe", "MZ a form tool");
+    }
+    SUBCASE("for its connection to a server")
+    {
+        folder.put("adodb.ini", "[\x90\xda\x91\xb1\x8f\xee\x95\xf1]\r\n\x90\xda\x91\xb1\x8f\xee\x95\xf1="
+                                "Provider=SQLOLEDB.1;Data Source=SERVER\r\n");
+    }
+    const std::vector<std::string> before = folder.names();
+    std::string words;
+    try {
+        site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::anyFolder);
+    } catch (const RuntimeError &error) {
+        words = error.description();
+    }
+
+    CHECK(words.find("は総合システムのフォルダーのようです（") != std::string::npos);
+    CHECK(words.find("--force") == std::string::npos);
+    CHECK(folder.names() == before);
+}
+
+TEST_CASE("a demo site that is connected to a server can be made again")
+{
+    const TempFolder folder;
+    site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder);
+    folder.put("adodb.ini", "[\x90\xda\x91\xb1\x8f\xee\x95\xf1]\r\n\x90\xda\x91\xb1\x8f\xee\x95\xf1=Server=x\r\n");
+
+    site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder);
+
+    CHECK(folder.bytes("adodb.ini").find("Provider=SQLite") != std::string::npos);
+}
+
+TEST_CASE("a folder with an unpacked package counts as empty")
+{
+    const TempFolder folder;
+    folder.put("PrintInin.exe", "");
+    folder.put("forms/a.wfd", "");
+    const auto utf16 = [](std::string_view ascii) {
+        std::string text = "\xFF\xFE";
+        for (const char character : ascii) text += {character, '\0'};
+        return text;
+    };
+    folder.put("guide/installed.txt", utf16("PrintInin.exe\r\nforms\\a.wfd\r\nguide\\installed.txt\r\n"));
+
+    SUBCASE("without other files")
+    {
+        site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder);
+        CHECK(folder.has("demo.db"));
+    }
+    SUBCASE("but not with another file")
+    {
+        folder.put("mine.txt", "mine");
+        CHECK_THROWS_AS(site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), RuntimeError);
+    }
+    SUBCASE("but not with another folder")
+    {
+        folder.put("PrintInin.exe.d/mine.txt", "mine");
+        CHECK_THROWS_AS(site::makeSite(folder.folder(), ordinaryOrder(), site::Overwrite::onlyOwnFolder), RuntimeError);
+    }
+}
+
 TEST_CASE("a folder that the tool made can be made again")
 {
     const TempFolder folder;

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char *kStandIns[] = {"Main.exe", "wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
-constexpr const char *kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
+constexpr const char *kToolNames[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
 constexpr DWORD kNotStarted = 99;
 
 /// Runs a command line in a folder, waits for the program's end and returns its exit code.
@@ -76,7 +76,7 @@ TEST_CASE("the menu's substitute records each argument that it is started with")
 
 TEST_CASE("a form tool's substitute copies the command script to its own folder")
 {
-    for (const char *name : kFormTools) {
+    for (const char *name : kToolNames) {
         CAPTURE(name);
         const Site site;
         site.folder.put("TMP/WfdCom.dat", "FileName,\"x\"\r\n");

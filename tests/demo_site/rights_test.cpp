@@ -2,7 +2,7 @@
 
 #include "adapters/native/native_platform.h"
 #include "demo_site/scratch_site.h"
-#include "demo_site/site_files.h"
+#include "demo_site/site_maker.h"
 #include "system/file_path.h"
 
 #include <doctest/doctest.h>

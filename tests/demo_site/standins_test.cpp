@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char *kStandIns[] = {"Main.exe", "wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
-constexpr const char *kFormTools[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
+constexpr const char *kToolNames[] = {"wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"};
 
 int run(const fs::path &folder, const std::string &command)
 {
@@ -45,7 +45,7 @@ TEST_CASE("the menu's substitute records each argument that it is started with")
 
 TEST_CASE("a form tool's substitute copies the command script to its own folder")
 {
-    for (const char *name : kFormTools) {
+    for (const char *name : kToolNames) {
         CAPTURE(name);
         const Site site;
         site.folder.put("TMP/WfdCom.dat", "FileName,\"x\"\r\n");
@@ -85,9 +85,9 @@ TEST_CASE("a form tool's substitute fails without a script")
     CHECK(run(site.folder.folder(), "./wfrfv10.exe /c missing.dat") != 0);
 }
 
-TEST_CASE("the three form documents of a site are those in the folder site/forms")
+TEST_CASE("the form documents of a site are those in the folder site/forms")
 {
-    for (const char *name : {"委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd"}) {
+    for (const char *name : {"委任状37_01.wfd", "委任状23.wfd", "委任状23_空欄.wfd", "委任状37_高松市.wfd"}) {
         CAPTURE(name);
         const std::string form = bytesOf(sharedSite() / "SYS" / name);
         CHECK(form.starts_with("<?xml"));
@@ -103,7 +103,7 @@ TEST_CASE("the form tools are links to the form viewer if it was built")
     site::makeSite(folder.folder() / "site", {1, 1, std::chrono::year{2024} / 5}, site::Overwrite::onlyOwnFolder,
                    folder.folder() / "formviewer");
 
-    for (const char *name : kFormTools) {
+    for (const char *name : kToolNames) {
         CAPTURE(name);
         CHECK(fs::read_symlink(folder.folder() / "site" / name) == folder.folder() / "formviewer");
     }

@@ -1,4 +1,4 @@
-#include "master/corp_row.h"
+#include "master/corp_table.h"
 
 #include <doctest/doctest.h>
 

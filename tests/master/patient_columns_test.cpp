@@ -2,7 +2,7 @@
 
 #include "master/patient_columns.h"
 #include "master/patient_fixture.h"
-#include "master/patient_record_columns.h"
+#include "master/patient_record.h"
 
 #include <doctest/doctest.h>
 

@@ -1,7 +1,6 @@
 #include "master/tariffs.h"
 
 #include "master/table_fixture.h"
-#include "master/tariff_session.h"
 #include "support/embedded_world.h"
 #include "support/faulty_database.h"
 

@@ -1,4 +1,4 @@
-#include "master/visit_charges.h"
+#include "master/tariffs.h"
 
 #include "master/table_fixture.h"
 #include "support/embedded_world.h"

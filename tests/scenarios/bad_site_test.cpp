@@ -90,7 +90,9 @@ TEST_CASE_FIXTURE(PrintOnASite,
     };
     const std::string events = run();
     CAPTURE(events);
-    CHECK(holds(events, R"("text":"iGetKanjaData でエラー\r\n(-2147217871)database is locked)"));
+    CHECK(holds(
+        events,
+        R"("text":"iGetKanjaData でエラー\r\n(-2147217871)データベースがほかのプログラムに使われています。（database is locked）)"));
     CHECK(holds(events, R"("text":"患者データの取得に失敗しました。")"));
     CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
     CHECK_FALSE(fs::exists(csv()));
@@ -132,7 +134,9 @@ TEST_CASE_FIXTURE(PrintOnASite, "a table dropped while the screen is open fails 
     };
     const std::string events = run();
     CAPTURE(events);
-    CHECK(holds(events, R"("text":"iGetKanjaData でエラー\r\n(-2147217865)no such table: RIYOUSHA_SUB)"));
+    CHECK(holds(
+        events,
+        R"("text":"iGetKanjaData でエラー\r\n(-2147217865)テーブルがありません。（no such table: RIYOUSHA_SUB）)"));
     CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
 }
 
@@ -144,7 +148,9 @@ TEST_CASE_FIXTURE(PrintOnASite, "a database file deleted while the screen is ope
     };
     const std::string events = run();
     CAPTURE(events);
-    CHECK(holds(events, R"("text":"iGetKanjaData でエラー\r\n(-2147467259)unable to open database file: site.db")"));
+    CHECK(holds(
+        events,
+        R"("text":"iGetKanjaData でエラー\r\n(-2147467259)データベースのファイルを開けません。（unable to open database file: site.db）")"));
     CHECK(events.ends_with("{\"event\":\"end\",\"code\":0}\nexit 0"));
     CHECK_FALSE(fs::exists(site.at("site.db")));
 }

@@ -1,7 +1,7 @@
 // Both search lists on the embedded database with a site's tables: the rows shown, and the limits of a filter.
 
 #include "search/embedded_search.h"
-#include "search/staff_search.h"
+#include "search/staff_search_form.h"
 
 #include <doctest/doctest.h>
 

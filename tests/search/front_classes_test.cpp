@@ -1,8 +1,8 @@
 // The front classes: opening the windows, and finding numbers and names without them.
 
-#include "search/patient_search.h"
+#include "search/patient_search_form.h"
 #include "search/search_fixture.h"
-#include "search/staff_search.h"
+#include "search/staff_search_form.h"
 
 #include <doctest/doctest.h>
 

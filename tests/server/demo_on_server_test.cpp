@@ -4,7 +4,6 @@
 #include "adapters/sqlite/sqlite_database.h"
 #include "demo_site/database_maker.h"
 #include "demo_site/embedded.h"
-#include "demo_site/schema.h"
 #include "demo_site/server_maker.h"
 #include "due_letters/due_letters_reader.h"
 #include "due_letters/due_letters_text.h"

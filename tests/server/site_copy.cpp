@@ -1,8 +1,6 @@
 #include "server/site_copy.h"
 
-#include "demo_site/schema.h"
-#include "demo_site/server_target.h"
-#include "demo_site/sqlite_writer.h"
+#include "demo_site/database_maker.h"
 
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -57,12 +55,12 @@ bool hasName(const std::vector<std::string> &names, const std::string &name)
 void copyTable(site::SqliteWriter &embedded, const std::string &table, const std::vector<std::string> &columns,
                site::ServerTarget &target)
 {
-    site::Insert insert(target, table, std::vector<std::string_view>(columns.begin(), columns.end()));
+    site::RowSink &sink = target.into(table, std::vector<std::string_view>(columns.begin(), columns.end()));
     const auto rows = embedded.prepare(fmt::format("SELECT {} FROM {} ORDER BY rowid", fmt::join(columns, ","), table));
     std::vector<site::Cell> row(columns.size());
     while (sqlite3_step(rows.get()) == SQLITE_ROW) {
         for (std::size_t at = 0; at < row.size(); ++at) row[at] = cellOf(rows.get(), static_cast<int>(at));
-        insert.row(row);
+        sink.row(row);
     }
 }
 

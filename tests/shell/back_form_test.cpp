@@ -1,4 +1,4 @@
-#include "shell/back_form.h"
+#include "shell/start.h"
 
 #include "support/errors.h"
 #include "support/fake_platform.h"

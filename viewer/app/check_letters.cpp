@@ -3,6 +3,7 @@
 #include "system/program_edges.h"
 #include "viewer/check/check_text.h"
 #include "viewer/document/letter_numbers.h"
+#include "viewer/io/system_edges.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -16,7 +17,10 @@ std::size_t printCheckReport(const ViewCommand &command)
     LetterRenderer renderer(set, fonts);
     std::vector<std::size_t> letters = readLetterList(command.letters, set.size());
     std::ranges::sort(letters);
-    CheckReport report{letters.size(), set.notices, checkLetters(renderer)};
+    CheckResult result =
+        resultOf(checkLetters(renderer, command.today.value_or(presentDay())), set.size(), command.withoutChecks);
+    CheckReport report{letters.size(), set.notices, std::move(result.findings), std::move(result.runNotes),
+                       command.withoutChecks};
     for (const std::vector<std::string> &more : {fonts.notices(), renderer.formNotices()})
         report.notices.insert(report.notices.end(), more.begin(), more.end());
     // All letters are checked, even if only some are requested: a duplicate may be among the others.

@@ -1,9 +1,11 @@
 #include "viewer/app/options.h"
 
 #include "command_line/command_help.h"
+#include "runtime/date_text.h"
 #include "runtime/text.h"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +14,7 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kMergerName = "wfrimg10";
+constexpr std::int16_t kFirstYear = 1900;
 constexpr double kMinDots = 20, kMaxDots = 1200;
 
 bool isMergerName(std::string_view program)
@@ -28,6 +31,31 @@ std::string joined(std::vector<std::string>::const_iterator begin, std::vector<s
     return whole;
 }
 
+/// The causes of names that are separated by commas.
+CauseSet causesOf(std::string_view names)
+{
+    CauseSet causes;
+    for (bool isMore = true; isMore;) {
+        const std::size_t comma = names.find(',');
+        const std::string_view name = names.substr(0, comma);
+        const std::optional<Cause> cause = causeNamed(name);
+        if (!cause)
+            throw CLI::ValidationError("--without-check", "「" + std::string(name) + "」という点検はありません。");
+        causes.set(static_cast<std::size_t>(*cause));
+        isMore = comma != std::string_view::npos;
+        if (isMore) names.remove_prefix(comma + 1);
+    }
+    return causes;
+}
+
+Date dayOfOption(const std::string &text)
+{
+    const std::optional<Date> day = readDate(text, Regional{});
+    if (!day || Year(*day) < kFirstYear)
+        throw CLI::ValidationError("--today", "「" + text + "」は日付ではありません。");
+    return dayOf(*day);
+}
+
 /// The options of a command without "/c" and with their help.
 void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
 {
@@ -36,6 +64,10 @@ void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
     };
     const auto add = [&](const char *name, auto &value, const std::string &valueName, const std::string &description) {
         return app.add_option(name, value, description)->option_text(valueName);
+    };
+    const auto addRead = [&](const char *name, const std::string &valueName, const std::string &description,
+                             const std::function<void(const std::string &)> &read) {
+        app.add_option_function<std::string>(name, read, description)->option_text(valueName);
     };
     add("script", command.script, text("コマンドファイル", "SCRIPT"),
         text("コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。",
@@ -55,6 +87,14 @@ void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
                       "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
     app.add_flag("--json", command.json,
                  text("点検の結果を JSON で表示します。", "Prints the findings of the check as JSON."));
+    addRead("--without-check", text("名前", "NAMES"),
+            text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
+                 "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
+            [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
+    addRead("--today", text("日付", "DATE"),
+            text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
+                 "The day that the check compares dates with (default: today), such as 2024-05-20."),
+            [&command](const std::string &day) { command.today = dayOfOption(day); });
 }
 
 ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptAfterSwitch)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "runtime/date.h"
+#include "viewer/check/cause.h"
+
 #include <optional>
 #include <string>
 #include <variant>
@@ -16,6 +19,8 @@ struct ViewCommand {
     std::string letters; ///< "1-3,7"; empty for all
     bool check = false;
     bool json = false;
+    CauseSet withoutChecks;    ///< causes that are not checked
+    std::optional<Date> today; ///< the day that dates are compared with; empty for the clock's
     [[nodiscard]] bool needsWindow() const { return pdf.empty() && pngFolder.empty() && !check; }
 };
 /// Write the combined form document of a merger's script.

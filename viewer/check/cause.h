@@ -1,7 +1,9 @@
 #pragma once
 
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace inin::viewer {
@@ -11,26 +13,42 @@ enum class Cause : std::uint8_t {
     unreadableRow,
     blankPage, ///< neither a field nor a text of the form has a visible character
     noPatient,
+    noPatientAddress,
     noInsurer,
     noCompany,
+    noCompanyAddress,
+    noRepresentative,
+    noTelephone,
     blankBank,
+    halfBank, ///< a bank without its branch, or a branch without its bank
     noAccountNumber,
+    shortAccountNumber,
     noHolder,
     noDate,
+    farDate, ///< more than two years from today
     periodReversed,
+    longPeriod, ///< longer than two months
     signatureOutside,
     lastDayOutside,
     noHouseholder,
+    noHouseholderAddress,
+    noHouseholderTelephone,
     sameLetter,
     samePerson,
+    unfilledField, ///< braces of a placeholder that is not replaced, in a value or in the form
+    getaMark,      ///< 〓, which replaces a character that the data lacks
     lostCharacter,
     missingInFont,
     doesNotFit,
     shrunk,
 };
-inline constexpr std::size_t kCauses = 19;
+inline constexpr std::size_t kCauses = 31;
 
-/// How a cause is reported: its name for programs, and in Japanese a mark, a heading and the remedy.
+/// A set of causes, by their numbers.
+using CauseSet = std::bitset<kCauses>;
+
+/// How a cause is reported: its name for programs, and in Japanese a mark, a heading and the remedy, which names the
+/// screen of the suite or of this program where the problem is corrected.
 struct CauseText {
     Cause cause;
     std::string_view name;
@@ -39,5 +57,7 @@ struct CauseText {
     std::string_view remedy;
 };
 [[nodiscard]] const CauseText &textOf(Cause cause);
+/// The cause of a name for programs.
+[[nodiscard]] std::optional<Cause> causeNamed(std::string_view name);
 
 } // namespace inin::viewer

@@ -26,13 +26,19 @@ template <class Add> void byCause(const std::vector<Finding> &findings, const Ad
 
 } // namespace
 
-std::size_t lettersIn(const std::vector<Finding> &findings)
+std::string runNoteText(const RunNote &note)
 {
-    std::vector<std::size_t> letters;
-    letters.reserve(findings.size());
-    for (const Finding &finding : findings) letters.push_back(finding.letter);
-    std::ranges::sort(letters);
-    return static_cast<std::size_t>(std::unique(letters.begin(), letters.end()) - letters.begin());
+    return fmt::format("{}（{}通のうち{}通）", textOf(note.cause).heading, note.of, note.letters);
+}
+
+std::string marksText(const CauseSet &causes)
+{
+    std::string marks;
+    for (std::size_t i = 0; i < kCauses; ++i)
+        if (causes.test(i))
+            fmt::format_to(std::back_inserter(marks), "{}{}", marks.empty() ? "" : "、",
+                           textOf(static_cast<Cause>(i)).mark);
+    return marks;
 }
 
 std::string checkText(const CheckReport &report, const LetterNames &names)
@@ -40,11 +46,16 @@ std::string checkText(const CheckReport &report, const LetterNames &names)
     std::string text;
     const auto line = std::back_inserter(text);
     for (const std::string &notice : report.notices) fmt::format_to(line, "{}\n", notice);
-    if (report.findings.empty()) {
+    if (report.findings.empty())
         fmt::format_to(line, "{}通を点検しました。注意が必要な委任状はありません。\n", report.letters);
-        return text;
+    else
+        fmt::format_to(line, "{}通を点検しました。{}通に注意があります。\n", report.letters,
+                       lettersIn(report.findings));
+    if (report.switchedOff.any()) fmt::format_to(line, "行わない点検：{}\n", marksText(report.switchedOff));
+    for (const RunNote &note : report.runNotes) {
+        fmt::format_to(line, "\n■ 全体の注意：{}\n   → {}\n", runNoteText(note), textOf(note.cause).remedy);
+        if (!note.detail.empty()) fmt::format_to(line, "   {}\n", note.detail);
     }
-    fmt::format_to(line, "{}通を点検しました。{}通に注意があります。\n", report.letters, lettersIn(report.findings));
     byCause(report.findings, [&](const CauseText &cause, Findings findings) {
         const std::size_t letters = lettersIn({findings.begin(), findings.end()});
         fmt::format_to(line, "\n■ {}（{}通）\n   → {}\n", cause.heading, letters, cause.remedy);
@@ -73,6 +84,17 @@ std::string checkJson(const CheckReport &report, const LetterNames &names)
                                   {"remedy", cause.remedy},
                                   {"findings", std::move(letters)}});
     });
+    json["runNotes"] = nlohmann::ordered_json::array();
+    for (const RunNote &note : report.runNotes)
+        json["runNotes"].push_back({{"cause", textOf(note.cause).name},
+                                    {"heading", textOf(note.cause).heading},
+                                    {"remedy", textOf(note.cause).remedy},
+                                    {"letters", note.letters},
+                                    {"of", note.of},
+                                    {"detail", note.detail}});
+    json["switchedOff"] = nlohmann::ordered_json::array();
+    for (std::size_t i = 0; i < kCauses; ++i)
+        if (report.switchedOff.test(i)) json["switchedOff"].push_back(textOf(static_cast<Cause>(i)).name);
     return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
 }
 

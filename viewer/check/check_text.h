@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/check/letter_check.h"
+#include "viewer/check/check_result.h"
 #include "viewer/document/letter_names.h"
 
 #include <string>
@@ -13,10 +13,14 @@ struct CheckReport {
     std::size_t letters = 0; ///< number of letters checked
     std::vector<std::string> notices;
     std::vector<Finding> findings; ///< by cause and letter
+    std::vector<RunNote> runNotes{};
+    CauseSet switchedOff{};
 };
 
-/// The number of letters with a finding.
-[[nodiscard]] std::size_t lettersIn(const std::vector<Finding> &findings);
+/// A note for the run without its remedy: "署名日が委任期間の外です（300通のうち298通）".
+[[nodiscard]] std::string runNoteText(const RunNote &note);
+/// The marks of the causes, such as "白紙、縮小"; empty for none.
+[[nodiscard]] std::string marksText(const CauseSet &causes);
 /// For the user, in Japanese.
 [[nodiscard]] std::string checkText(const CheckReport &report, const LetterNames &names);
 /// For programs: one JSON object.

@@ -1,10 +1,11 @@
 #include "viewer/check/duplicate_letters.h"
 
-#include "viewer/form/placeholder.h"
+#include "suite_text/japanese_text.h"
 
 #include <algorithm>
 #include <numeric>
 #include <string>
+#include <string_view>
 
 namespace inin::viewer {
 
@@ -43,16 +44,13 @@ auto comesBefore(const LetterTable &table)
     };
 }
 
-void appendWithoutBlanks(std::string &out, std::string_view text)
+/// Appends a text in one width and one kind of kana, without blanks.
+void appendFolded(std::u32string &out, std::string_view text)
 {
-    while (!text.empty()) {
-        if (text.starts_with(kWideBlank)) {
-            text.remove_prefix(kWideBlank.size());
-            continue;
-        }
-        if (text.front() != ' ') out += text.front();
-        text.remove_prefix(1);
-    }
+    std::u32string folded;
+    foldJapanese(text, folded); // full-width blanks become half-width ones
+    std::erase(folded, U' ');
+    out += folded;
 }
 
 } // namespace
@@ -67,12 +65,12 @@ std::vector<LetterGroup> samePersons(const LetterTable &table)
     const auto name = table.columnOf("利用者氏名"), address = table.columnOf("利用者住所");
     if (!name || !address) return {};
     std::vector<std::size_t> rows = readableRows(table);
-    std::vector<std::string> persons(table.size());
+    std::vector<std::u32string> persons(table.size());
     for (const std::size_t row : rows) {
-        appendWithoutBlanks(persons[row], table.value(row, *name));
+        appendFolded(persons[row], table.value(row, *name));
         if (persons[row].empty()) continue;
-        persons[row] += '\n';
-        appendWithoutBlanks(persons[row], table.value(row, *address));
+        persons[row] += U'\n';
+        appendFolded(persons[row], table.value(row, *address));
     }
     std::erase_if(rows, [&](std::size_t row) { return persons[row].empty(); });
     std::vector<LetterGroup> groups =

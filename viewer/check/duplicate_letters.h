@@ -11,7 +11,8 @@ using LetterGroup = std::vector<std::size_t>;
 
 /// Rows with the same texts in every column.
 [[nodiscard]] std::vector<LetterGroup> sameLetters(const LetterTable &table);
-/// Rows of the same patient, compared by name and address without blanks. Identical rows are left to sameLetters().
+/// Rows of the same patient: name and address differ at most in width, kind of kana and blanks. Identical rows are left to
+/// sameLetters().
 [[nodiscard]] std::vector<LetterGroup> samePersons(const LetterTable &table);
 
 } // namespace inin::viewer

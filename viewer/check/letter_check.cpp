@@ -4,6 +4,7 @@
 #include "viewer/check/row_rules.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/document/mark_text.h"
+#include "viewer/form/placeholder.h"
 
 #include <fmt/format.h>
 
@@ -42,17 +43,56 @@ std::string groupText(const LetterGroup &group, std::size_t firstLetter)
     return letterListText(letters) + (group.size() > kMaxNamed ? "…番" : "番");
 }
 
+/// Calls `add` with each piece of the form's texts.
+template <class Add> void eachPiece(const FormDocument &form, const Add &add)
+{
+    for (const DrawCommand &command : form.commands)
+        if (const auto *const text = std::get_if<TextCommand>(&command))
+            for (const TextPiece &piece : text->pieces) add(piece);
+}
+
+/// A column is needed if the form shows it without a text for an empty value.
+NeededColumns neededColumns(const LetterReport &report)
+{
+    if (report.isListing) return std::nullopt;
+    NeededColumns needed(std::in_place);
+    eachPiece(report.form, [&](const TextPiece &piece) {
+        if (piece.isField() && isBlankText(piece.whenBlank)) needed->insert(piece.column);
+    });
+    return needed;
+}
+
+std::vector<std::string> unfilledTextsOf(const LetterReport &report)
+{
+    std::vector<std::string> texts;
+    if (report.isListing) return texts;
+    eachPiece(report.form, [&](const TextPiece &piece) {
+        if (hasPlaceholderBraces(piece.literal)) texts.push_back("帳票：" + piece.literal);
+    });
+    return texts;
+}
+
 } // namespace
 
 struct LetterCheck::Rules {
-    std::deque<RowRules> ofReports; ///< one for each report
+    /// The rules of one report.
+    struct OfReport {
+        OfReport(const LetterReport &report, Date today)
+            : rows(report.letters, neededColumns(report), today), unfilledTexts(unfilledTextsOf(report))
+        {
+        }
+        RowRules rows;
+        std::vector<std::string> unfilledTexts; ///< texts of the form that show braces of a placeholder
+    };
+    std::deque<OfReport> ofReports;
     std::vector<RowFinding> found;
     MeasuringPainter painter;
 };
 
-LetterCheck::LetterCheck(LetterRenderer &renderer) : m_renderer(renderer), m_rules(std::make_unique<Rules>())
+LetterCheck::LetterCheck(LetterRenderer &renderer, Date today)
+    : m_renderer(renderer), m_rules(std::make_unique<Rules>())
 {
-    for (const LetterReport &report : renderer.set().reports) m_rules->ofReports.emplace_back(report.letters);
+    for (const LetterReport &report : renderer.set().reports) m_rules->ofReports.emplace_back(report, today);
 }
 
 LetterCheck::~LetterCheck() = default;
@@ -71,9 +111,12 @@ void LetterCheck::judgeLetter(std::size_t letter)
     const LetterSet::Place place = m_renderer.set().placeOf(letter);
     std::vector<RowFinding> &found = m_rules->found;
     found.clear();
-    m_rules->ofReports[place.report].judge(place.row, found);
+    m_rules->ofReports[place.report].rows.judge(place.row, found);
     for (RowFinding &finding : found) m_found.push_back({finding.cause, letter, std::move(finding.detail)});
-    if (m_renderer.set().reports[place.report].letters.fault(place.row) == RowFault::none) addMarks(letter);
+    if (m_renderer.set().reports[place.report].letters.fault(place.row) != RowFault::none) return;
+    addMarks(letter);
+    for (const std::string &text : m_rules->ofReports[place.report].unfilledTexts)
+        m_found.push_back({Cause::unfilledField, letter, text});
 }
 
 void LetterCheck::addMarks(std::size_t letter)
@@ -122,9 +165,9 @@ std::vector<Finding> LetterCheck::take()
     return std::move(m_found);
 }
 
-std::vector<Finding> checkLetters(LetterRenderer &renderer)
+std::vector<Finding> checkLetters(LetterRenderer &renderer, Date today)
 {
-    LetterCheck check(renderer);
+    LetterCheck check(renderer, today);
     while (check.judge(renderer.set().size())) {
     }
     return check.take();

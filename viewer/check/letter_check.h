@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/date.h"
 #include "viewer/check/cause.h"
 #include "viewer/document/letter_renderer.h"
 
@@ -21,8 +22,8 @@ struct Finding {
 /// done in steps, so that a window stays responsive.
 class LetterCheck {
 public:
-    /// `renderer` must outlive this.
-    explicit LetterCheck(LetterRenderer &renderer);
+    /// `renderer` must outlive this. Dates are compared with `today`.
+    LetterCheck(LetterRenderer &renderer, Date today);
     LetterCheck(const LetterCheck &) = delete;
     LetterCheck &operator=(const LetterCheck &) = delete;
     ~LetterCheck();
@@ -46,6 +47,6 @@ private:
 };
 
 /// Checks all letters at once.
-[[nodiscard]] std::vector<Finding> checkLetters(LetterRenderer &renderer);
+[[nodiscard]] std::vector<Finding> checkLetters(LetterRenderer &renderer, Date today);
 
 } // namespace inin::viewer

@@ -2,7 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/document/mark_text.h"
-#include "viewer/form/listing_form.h"
+#include "viewer/form/form_document.h"
 
 #include <fmt/format.h>
 
@@ -62,7 +62,7 @@ std::vector<std::string> LetterRenderer::formNotices() const
     for (std::size_t i = 0; i < m_layouts.size(); ++i) {
         const std::vector<char32_t> &missing = m_layouts[i]->missingInForm();
         if (!missing.empty())
-            notices.push_back(fmt::format("「{}」：帳票の文字のうち、書体にないものがあります：{}",
+            notices.push_back(fmt::format("「{}」：帳票の文字のうち、フォントにないものがあります：{}",
                                           m_set.reports[i].formPath, charactersText(missing)));
     }
     return notices;

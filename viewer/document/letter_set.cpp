@@ -3,7 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "transfer/run_record.h"
 #include "viewer/document/combined_form.h"
-#include "viewer/form/listing_form.h"
+#include "viewer/form/form_document.h"
 #include "viewer/form/svg_reader.h"
 #include "viewer/io/file_io.h"
 #include "viewer/letters/csv_reader.h"
@@ -149,6 +149,7 @@ private:
         report.form = naming(report.formPath, [&] { return readSvg(bytes); });
         for (const std::string &notice : report.form.notices)
             m_set.notices.push_back(fmt::format("「{}」：{}", report.formPath, notice));
+        if (report.letters.size() == 1 && !report.form.singleNotice.empty()) warn(report.form.singleNotice);
     }
 
     /// An item text replaces the form text whose id is the item's name.
@@ -205,6 +206,17 @@ std::size_t LetterSet::size() const
 std::string LetterSet::shownTitle() const
 {
     return title.empty() ? "委任状" : title;
+}
+
+std::string LetterSet::runTitle() const
+{
+    const LetterReport &first = reports.front();
+    const std::string name = first.formPath.substr(first.formPath.find_last_of("/\\") + 1);
+    std::string kind = first.form.title.empty() ? name.substr(0, name.find_last_of('.')) : first.form.title;
+    // The form's title usually begins with the script's.
+    if (!kind.starts_with(shownTitle())) kind = shownTitle() + " " + kind;
+    if (reports.size() > 1) kind += "ほか";
+    return fmt::format("{}　{}通", kind, size());
 }
 
 LetterSet::Place LetterSet::placeOf(std::size_t letter) const

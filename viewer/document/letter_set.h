@@ -33,7 +33,7 @@ struct LetterSet {
     std::string title;
     std::vector<LetterReport> reports;
     std::vector<std::string> notices;     ///< of the script, the forms and the letter files
-    std::vector<std::string> warnings;    ///< the notices about letters that may be missing or surplus
+    std::vector<std::string> warnings;    ///< the notices to read before printing
     std::vector<StampedFile> letterFiles; ///< as they were just before they were read
     Paper paper = Paper::A4;
     Ending ending = Ending::none;
@@ -45,6 +45,9 @@ struct LetterSet {
     [[nodiscard]] std::size_t size() const;
     /// The title, or a default when the script gives none.
     [[nodiscard]] std::string shownTitle() const;
+    /// The kind and number of the letters, "委任状（標準）　300通", which distinguishes runs. The kind is the first form's
+    /// title, or the name of its file.
+    [[nodiscard]] std::string runTitle() const;
     /// Letters are counted from 0 across all reports.
     [[nodiscard]] Place placeOf(std::size_t letter) const;
 };

@@ -53,7 +53,8 @@ std::string markText(const FieldMark &mark)
     else if (mark.shrunk)
         join(text, "枠に入れるため、文字を小さくしました");
     if (mark.noDate) join(text, "日付として読めないため、そのまま表示しました");
-    if (!mark.missing.empty()) join(text, fmt::format("書体にない文字があります：{}", charactersText(mark.missing)));
+    if (!mark.missing.empty())
+        join(text, fmt::format("フォントにない文字があります：{}", charactersText(mark.missing)));
     return text + "。";
 }
 

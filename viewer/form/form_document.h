@@ -74,10 +74,16 @@ using DrawCommand = std::variant<PathCommand, TextCommand>;
 
 /// A form as a list of drawing commands in order. Texts with fields are drawn on top of everything else.
 struct FormDocument {
+    std::string title;            ///< the document's own title; may be empty
     double width = 0, height = 0; ///< of the page
     std::vector<DrawCommand> commands;
     /// A sentence for each feature of the file that is not drawn.
     std::vector<std::string> notices;
+    /// A sentence to show when the form is filled for a single letter; empty for none.
+    std::string singleNotice;
 };
+
+/// The fallback for a form that cannot be read: `heading` and a table of column names and values.
+[[nodiscard]] FormDocument listingForm(const std::vector<std::string> &columns, const std::string &heading);
 
 } // namespace inin::viewer

@@ -143,6 +143,8 @@ public:
         const auto *const skipped = std::ranges::find(kSkipped, name, &Skipped::name);
         if (skipped != std::end(kSkipped)) {
             if (!skipped->notice.empty()) addNotice(std::string(skipped->notice));
+            // Titles of single shapes are not the document's.
+            m_isInTitle = name == "title" && m_levels.size() == 1;
             ++m_skipped;
             return;
         }
@@ -152,7 +154,7 @@ public:
     void close(std::string_view name) override
     {
         if (m_skipped > 0) {
-            --m_skipped;
+            if (--m_skipped == 0) m_isInTitle = false;
             return;
         }
         if (name == "text") m_text.close(m_form);
@@ -161,6 +163,7 @@ public:
 
     void text(std::string_view text) override
     {
+        if (m_isInTitle) m_form.title += text;
         if (m_skipped == 0 && !m_levels.empty()) m_text.add(text, m_levels.back().style);
     }
 
@@ -178,6 +181,7 @@ private:
     void openRoot(std::string_view name, const XmlAttributes &attributes)
     {
         if (name != "svg") throw RuntimeError(error_number::invalidCall, "SVG の文書ではありません。");
+        m_form.singleNotice = attributes.get("data-single-notice");
         Level level;
         level.transform = pageTransform(attributes);
         level.style.apply(attributes, m_sheet.declarationsFor(name, attributes), noticeHandler());
@@ -249,6 +253,7 @@ private:
     std::map<std::string, Box, std::less<>> m_boxes;
     SvgText m_text;
     std::size_t m_skipped = 0; ///< depth inside an element that is not drawn
+    bool m_isInTitle = false;
 };
 
 } // namespace

@@ -192,7 +192,8 @@ void SvgText::close(FormDocument &form)
     std::erase_if(m_lines, [](const Line &line) { return line.parts.empty(); });
     if (m_lines.empty()) return;
     for (const Line &line : m_lines)
-        if (line.parts.size() > 1) m_report("一行の中で書体や大きさや色が変わる文字は、行の始まりの書式で表示します。");
+        if (line.parts.size() > 1)
+            m_report("一行の中でフォントや大きさや色が変わる文字は、行の始まりの書式で表示します。");
     if (!m_dataAttributes.contains("box")) {
         for (const Line &line : m_lines) addCommand(form, line, textOf(line));
         return;

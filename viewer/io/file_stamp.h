@@ -8,7 +8,7 @@ namespace inin::viewer {
 /// Detects a changed file without reading it.
 struct FileStamp {
     bool exists = false;
-    std::int64_t changed = 0; ///< nanoseconds since the system's epoch
+    std::int64_t changed = 0; ///< nanoseconds since the beginning of 1970, UTC
     std::int64_t size = 0;
     friend bool operator==(const FileStamp &, const FileStamp &) = default;
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 #include <signal.h>
 
@@ -37,6 +38,14 @@ std::string environmentText(const std::string &name)
 {
     const char *const value = std::getenv(name.c_str());
     return value == nullptr ? std::string() : value;
+}
+
+Date presentDay()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&now, &parts);
+    return DateSerial(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday);
 }
 
 } // namespace inin::viewer

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "runtime/date.h"
+
 #include <string>
 
 namespace inin::viewer {
 
-// The program's environment: streams, variables. All text is UTF-8.
+// The program's environment: streams, variables, calendar. All text is UTF-8.
 
 /// Prepares the standard streams. Must be called before any file is opened. A GUI program that was started from a console
 /// then writes to it, and a write beyond the user's file size limit fails instead of killing the program.
@@ -18,5 +20,7 @@ void showFailure(const std::string &sentence);
 [[nodiscard]] bool startsMaximised();
 /// An environment variable; empty if it is not set.
 [[nodiscard]] std::string environmentText(const std::string &name);
+/// The present day by the local clock.
+[[nodiscard]] Date presentDay();
 
 } // namespace inin::viewer

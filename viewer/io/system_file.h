@@ -20,7 +20,7 @@ struct FileInfo {
     enum class Kind : std::uint8_t { missing, file, other };
     Kind kind = Kind::missing;
     std::uint64_t size = 0;
-    std::int64_t changed = 0; ///< nanoseconds since the system's epoch
+    std::int64_t changed = 0; ///< nanoseconds since the beginning of 1970, UTC
 };
 [[nodiscard]] FileInfo fileInfo(const std::string &systemPath);
 

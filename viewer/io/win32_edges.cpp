@@ -66,4 +66,11 @@ std::string environmentText(const std::string &name)
     return utf8FromWide(value);
 }
 
+Date presentDay()
+{
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    return DateSerial(now.wYear, now.wMonth, now.wDay);
+}
+
 } // namespace inin::viewer

@@ -27,10 +27,12 @@ bool isDevice(const std::string &path)
 std::int64_t nanoseconds(const FILETIME &time)
 {
     constexpr std::int64_t kPerTick = 100;
+    /// Ticks from the beginning of 1601 to that of 1970. Nanoseconds since 1601 exceed 64 bits.
+    constexpr std::int64_t kTicksTo1970 = 116'444'736'000'000'000;
     ULARGE_INTEGER ticks{};
     ticks.LowPart = time.dwLowDateTime;
     ticks.HighPart = time.dwHighDateTime;
-    return static_cast<std::int64_t>(ticks.QuadPart) * kPerTick;
+    return (static_cast<std::int64_t>(ticks.QuadPart) - kTicksTo1970) * kPerTick;
 }
 
 /// What happens to a file when its last handle is closed, also by the end of a killed process.

@@ -113,7 +113,7 @@ Font::Font(std::string path, int index) : m_path(std::move(path)), m_index(index
     const BlobHandle blob = openFontFile(m_path);
     if (blob) m_faces->face.reset(hb_face_create(blob.get(), static_cast<unsigned>(index)));
     if (!m_faces->face || hb_face_get_glyph_count(m_faces->face.get()) == 0)
-        throw RuntimeError(error_number::fileNotFound, fmt::format("書体のファイル「{}」を読めません。", m_path));
+        throw RuntimeError(error_number::fileNotFound, fmt::format("フォントのファイル「{}」を読めません。", m_path));
     m_faces->font.reset(hb_font_create(m_faces->face.get()));
     m_faces->buffer.reset(hb_buffer_create());
     m_faces->draw = makeDrawFunctions();
@@ -290,7 +290,8 @@ Font::Subset Font::subsetOf(std::span<const std::uint32_t> glyphs) const
     const PlanHandle plan(hb_subset_plan_create_or_fail(m_faces->face.get(), input.get()));
     const FaceHandle reduced(plan ? hb_subset_plan_execute_or_fail(plan.get()) : nullptr);
     if (!reduced)
-        throw RuntimeError(error_number::invalidCall, fmt::format("書体「{}」を埋め込めません。", postScriptName()));
+        throw RuntimeError(error_number::invalidCall,
+                           fmt::format("フォント「{}」を埋め込めません。", postScriptName()));
     const BlobHandle blob(hb_face_reference_blob(reduced.get()));
     unsigned size = 0;
     const char *const bytes = hb_blob_get_data(blob.get(), &size);

@@ -1,7 +1,6 @@
 #include "viewer/layout/font_catalogue.h"
 
 #include "runtime/text.h"
-#include "viewer/layout/japanese_families.h"
 
 #include <fontconfig/fontconfig.h>
 

@@ -33,9 +33,10 @@ const Font &Fonts::font(const std::string &family)
     const auto *const generic = std::ranges::find(kGenericFamilies, family, &GenericFamily::name);
     const bool isGeneric = generic != std::end(kGenericFamilies);
     const auto found = m_catalogue->find(isGeneric ? generic->font : family);
-    if (!found) throw RuntimeError(error_number::fileNotFound, "帳票に使える書体がこのコンピューターにありません。");
+    if (!found)
+        throw RuntimeError(error_number::fileNotFound, "帳票に使えるフォントがこのコンピューターにありません。");
     if (!found->isExact && !isGeneric)
-        m_notices.push_back(fmt::format("書体「{}」がないので「{}」で表示します。", family, found->font.name));
+        m_notices.push_back(fmt::format("フォント「{}」がないので「{}」で表示します。", family, found->font.name));
     const Font &font = opened(found->font);
     m_entries.push_back({family, &font});
     return font;

@@ -1,7 +1,6 @@
 #include "viewer/layout/mixed_text.h"
 
 #include "viewer/layout/fonts.h"
-#include "viewer/layout/upright.h"
 
 #include <algorithm>
 #include <iterator>
@@ -9,6 +8,36 @@
 namespace inin::viewer {
 
 namespace {
+
+struct OrientationRange {
+    char32_t first, last;
+    GlyphOrientation orientation;
+};
+
+constexpr GlyphOrientation kUp = GlyphOrientation::upright, kForm = GlyphOrientation::transformed;
+
+/// Sorted; all other characters are rotated. From Unicode Standard Annex 50, for the characters of Japanese texts. Dashes,
+/// dots and full-width signs use vertical forms here, although the annex rotates them.
+constexpr OrientationRange kRanges[] = {
+    {0x00A7, 0x00A7, kUp},   {0x00A9, 0x00A9, kUp},   {0x00AE, 0x00AE, kUp},   {0x00B1, 0x00B1, kUp},
+    {0x00BC, 0x00BE, kUp},   {0x00D7, 0x00D7, kUp},   {0x00F7, 0x00F7, kUp},   {0x1100, 0x11FF, kUp},
+    {0x2014, 0x2015, kForm}, {0x2016, 0x2016, kUp},   {0x2020, 0x2021, kUp},   {0x2025, 0x2026, kForm},
+    {0x2030, 0x2031, kUp},   {0x203B, 0x203C, kUp},   {0x2042, 0x2042, kUp},   {0x2047, 0x2049, kUp},
+    {0x2051, 0x2051, kUp},   {0x2100, 0x2101, kUp},   {0x2103, 0x2109, kUp},   {0x2113, 0x2114, kUp},
+    {0x2116, 0x2117, kUp},   {0x211E, 0x2123, kUp},   {0x2153, 0x2189, kUp},   {0x221E, 0x221E, kUp},
+    {0x2234, 0x2235, kUp},   {0x2460, 0x24FF, kUp},   {0x25A0, 0x2619, kUp},   {0x2620, 0x2767, kUp},
+    {0x2776, 0x2793, kUp},   {0x2B12, 0x2B2F, kUp},   {0x2B50, 0x2B59, kUp},   {0x2E80, 0x3007, kUp},
+    {0x3008, 0x3011, kForm}, {0x3012, 0x3013, kUp},   {0x3014, 0x301F, kForm}, {0x3020, 0x302F, kUp},
+    {0x3030, 0x3030, kForm}, {0x3031, 0x309F, kUp},   {0x30A0, 0x30A0, kForm}, {0x30A1, 0x30FB, kUp},
+    {0x30FC, 0x30FC, kForm}, {0x30FD, 0xA4CF, kUp},   {0xA960, 0xA97F, kUp},   {0xAC00, 0xD7FF, kUp},
+    {0xE000, 0xFAFF, kUp},   {0xFE10, 0xFE1F, kUp},   {0xFE30, 0xFE48, kUp},   {0xFE50, 0xFE57, kUp},
+    {0xFE59, 0xFE5E, kForm}, {0xFE5F, 0xFE62, kUp},   {0xFE67, 0xFE6F, kUp},   {0xFF01, 0xFF07, kUp},
+    {0xFF08, 0xFF09, kForm}, {0xFF0A, 0xFF0C, kUp},   {0xFF0D, 0xFF0D, kForm}, {0xFF0E, 0xFF19, kUp},
+    {0xFF1A, 0xFF1B, kForm}, {0xFF1C, 0xFF1E, kForm}, {0xFF1F, 0xFF3A, kUp},   {0xFF3B, 0xFF3B, kForm},
+    {0xFF3C, 0xFF3C, kUp},   {0xFF3D, 0xFF3D, kForm}, {0xFF3E, 0xFF3E, kUp},   {0xFF3F, 0xFF3F, kForm},
+    {0xFF40, 0xFF5A, kUp},   {0xFF5B, 0xFF60, kForm}, {0xFFE0, 0xFFE2, kUp},   {0xFFE3, 0xFFE3, kForm},
+    {0xFFE4, 0xFFE7, kUp},   {0x1B000, 0x1B16F, kUp}, {0x1F000, 0x1FAFF, kUp}, {0x20000, 0x3FFFD, kUp},
+};
 
 struct CharacterRange {
     char32_t first, last;
@@ -24,6 +53,12 @@ bool modifiesPrevious(char32_t character)
 }
 
 } // namespace
+
+GlyphOrientation glyphOrientationOf(char32_t character)
+{
+    const auto *const range = std::ranges::lower_bound(kRanges, character, {}, &OrientationRange::last);
+    return range != std::end(kRanges) && character >= range->first ? range->orientation : GlyphOrientation::rotated;
+}
 
 void MixedText::clear()
 {

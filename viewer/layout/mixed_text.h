@@ -9,6 +9,14 @@
 
 namespace inin::viewer {
 
+/// The orientation of a character in vertical text, by the Unicode property Vertical_Orientation.
+enum class GlyphOrientation {
+    upright,
+    rotated,
+    transformed ///< by a vertical form of the font, otherwise rotated: brackets, the long vowel mark
+};
+[[nodiscard]] GlyphOrientation glyphOrientationOf(char32_t character);
+
 class Fonts;
 
 /// The glyphs of a text in its own font, and in fallback fonts for the characters that it lacks. In vertical text, some

@@ -1,4 +1,4 @@
-#include "viewer/layout/listed_fonts.h"
+#include "viewer/layout/font_catalogue.h"
 
 namespace inin::viewer {
 

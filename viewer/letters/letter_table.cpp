@@ -5,9 +5,70 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace inin::viewer {
+
+std::string_view faultText(RowFault fault)
+{
+    switch (fault) {
+    case RowFault::none:
+        return "";
+    case RowFault::notQuoted:
+        return "行の始まりか終わりに引用符がありません。";
+    case RowFault::cutOff:
+        return "行が途中で切れています。";
+    case RowFault::tooFewColumns:
+        return "列の数が見出し行より少ない行です。";
+    case RowFault::tooManyColumns:
+        return "列の数が見出し行より多い行です。";
+    case RowFault::ambiguous:
+        return "値の中の引用符のため、列の区切りを決められません。";
+    }
+    return "";
+}
+
+LetterRows::LetterRows(std::size_t columns, std::string text) : m_columns(columns), m_text(std::move(text))
+{
+    if (m_text.size() > std::numeric_limits<std::uint32_t>::max()) throw RuntimeError(error_number::outOfMemory);
+}
+
+LetterRows::Cell LetterRows::cellOf(std::string_view part) const
+{
+    if (part.empty()) return {};
+    return {static_cast<std::uint32_t>(part.data() - m_text.data()), static_cast<std::uint32_t>(part.size())};
+}
+
+std::string_view LetterRows::cell(std::size_t index) const
+{
+    return std::string_view(m_text).substr(m_cells[index].begin, m_cells[index].size);
+}
+
+std::string_view LetterRows::value(std::size_t row, std::size_t column) const
+{
+    if (m_faults[row] != RowFault::none) return {};
+    return cell(row * m_columns + column);
+}
+
+std::string_view LetterRows::rawText(std::size_t row) const
+{
+    if (m_faults[row] == RowFault::none) return {};
+    return cell(row * m_columns);
+}
+
+void LetterRows::addRow(const std::vector<std::string_view> &values)
+{
+    for (const std::string_view value : values) m_cells.push_back(cellOf(value));
+    m_faults.push_back(RowFault::none);
+}
+
+void LetterRows::addFaultyRow(RowFault fault, std::string_view rawText)
+{
+    m_cells.push_back(cellOf(rawText));
+    m_cells.resize(m_cells.size() + m_columns - 1);
+    m_faults.push_back(fault);
+}
 
 LetterTable::LetterTable(std::vector<std::string> columns, UnreadRows rows)
     : m_columns(std::move(columns)), m_rows(std::move(rows)), m_blocks(m_rows.blocks.size())

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "viewer/letters/letter_rows.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -11,6 +9,49 @@
 #include <vector>
 
 namespace inin::viewer {
+
+/// Why a row cannot be read reliably. Its columns are then empty, and its text is kept as in the file.
+enum class RowFault : std::uint8_t {
+    none,
+    notQuoted,      ///< does not begin and end with a quote
+    cutOff,         ///< the file ends in the middle of the line
+    tooFewColumns,  ///< fewer than the title row has
+    tooManyColumns, ///< more, and it is unknown which of them belong together
+    ambiguous,      ///< quotes inside values allow more than one split
+};
+/// A sentence in Japanese.
+[[nodiscard]] std::string_view faultText(RowFault fault);
+
+/// Rows of a letter file. Their text is kept as one string, and the values are views of it.
+class LetterRows {
+public:
+    LetterRows(std::size_t columns, std::string text);
+
+    [[nodiscard]] std::size_t size() const { return m_faults.size(); }
+    [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const;
+    [[nodiscard]] RowFault fault(std::size_t row) const { return m_faults[row]; }
+    /// The text of an unreadable row as in the file; empty for a good row.
+    [[nodiscard]] std::string_view rawText(std::size_t row) const;
+
+    /// The whole text; addRow() accepts views of it.
+    [[nodiscard]] std::string_view text() const { return m_text; }
+    /// Needs one value for each column.
+    void addRow(const std::vector<std::string_view> &values);
+    void addFaultyRow(RowFault fault, std::string_view rawText);
+
+private:
+    /// A part of the text. 32 bits suffice: letter files are far smaller than four gigabytes.
+    struct Cell {
+        std::uint32_t begin = 0, size = 0;
+    };
+    [[nodiscard]] Cell cellOf(std::string_view part) const;
+    [[nodiscard]] std::string_view cell(std::size_t index) const;
+
+    std::size_t m_columns;
+    std::string m_text;
+    std::vector<Cell> m_cells; ///< row by row; the first cell of a faulty row is the whole row
+    std::vector<RowFault> m_faults;
+};
 
 /// The bytes of a letter file with the places of its rows. Values are parsed on first use, so that the first of ten
 /// thousand letters is shown without waiting for the others.

@@ -1,11 +1,12 @@
 #include "viewer/window/check_panel.h"
 
 #include "viewer/check/check_text.h"
+#include "viewer/window/cut_text.h"
 #include "viewer/window/finding_index.h"
 #include "viewer/window/open_letters.h"
 
 #include <QHeaderView>
-#include <QLabel>
+#include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -15,7 +16,7 @@ namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
 
-CheckPanel::CheckPanel(QWidget *parent) : QWidget(parent), m_heading(new QLabel(this)), m_tree(new QTreeView(this))
+CheckPanel::CheckPanel(QWidget *parent) : QWidget(parent), m_heading(new CutLabel(this)), m_tree(new QTreeView(this))
 {
     m_heading->setObjectName(u"checkHeading"_s);
     m_tree->setObjectName(u"checkTree"_s);
@@ -28,6 +29,12 @@ CheckPanel::CheckPanel(QWidget *parent) : QWidget(parent), m_heading(new QLabel(
     m_tree->setColumnWidth(0, m_tree->fontMetrics().horizontalAdvance(u'漢') * kHeadingWidth);
     QObject::connect(m_tree, &QTreeView::clicked, this, [this](const QModelIndex &index) { open(index); });
     QObject::connect(m_tree, &QTreeView::activated, this, [this](const QModelIndex &index) { open(index); });
+    // The tree is still handling the click, so its rows must not change yet.
+    m_model.onSwitched = [this](Cause cause, bool isOn) {
+        QTimer::singleShot(0, this, [this, cause, isOn] {
+            if (onSwitched) onSwitched(cause, isOn);
+        });
+    };
     auto *const layout = new QVBoxLayout(this);
     constexpr int kRoom = 6;
     layout->setContentsMargins(kRoom, kRoom, kRoom, kRoom);
@@ -63,21 +70,25 @@ void CheckPanel::widenFirstColumn()
 
 void CheckPanel::showRunning()
 {
-    m_heading->setText(u"点検しています…"_s);
+    m_heading->setLine(u"点検しています…"_s);
 }
 
-void CheckPanel::show(const OpenLetters *letters, const FindingIndex *findings)
+void CheckPanel::show(const OpenLetters *letters, const FindingIndex *findings, const CauseSet &switchedOff)
 {
-    m_model.show(letters, findings);
+    m_model.show(letters, findings, switchedOff);
     const std::size_t marked = lettersIn(findings->all());
-    m_heading->setText(marked == 0 ? u"点検：注意が必要な委任状はありません。"_s
-                                   : u"点検：%1通に注意があります。そのまま印刷することもできます。"_s.arg(marked));
+    QString heading = marked == 0 ? u"点検：注意が必要な委任状はありません。"_s
+                                  : u"点検：%1通に注意があります。そのまま印刷することもできます。"_s.arg(marked);
+    if (const std::size_t notes = findings->runNotes().size(); notes > 0)
+        heading += u"全体の注意が%1件あります。"_s.arg(notes);
+    if (switchedOff.any()) heading += u"行わない点検が%1種類あります。"_s.arg(switchedOff.count());
+    m_heading->setLine(heading);
     // Without rows only the heading remains.
     m_tree->setVisible(hasRows());
     setMaximumHeight(hasRows() ? QWIDGETSIZE_MAX : sizeHint().height());
     // A few findings are shown expanded; longer lists are opened cause by cause.
     constexpr std::size_t kFew = 30;
-    if (findings->all().size() + letters->notices.size() <= kFew) m_tree->expandAll();
+    if (findings->all().size() + findings->runNotes().size() + letters->notices.size() <= kFew) m_tree->expandAll();
     widenFirstColumn();
 }
 

@@ -6,31 +6,34 @@
 
 #include <functional>
 
-class QLabel;
 class QTreeView;
 
 namespace inin::viewer {
+
+class CutLabel;
 
 /// The check's findings, below the page. A click or Enter on a letter shows it.
 class CheckPanel : public QWidget {
 public:
     explicit CheckPanel(QWidget *parent = nullptr);
 
-    /// Both must stay valid while they are shown.
-    void show(const OpenLetters *letters, const FindingIndex *findings);
+    /// Letters and findings must stay valid while they are shown.
+    void show(const OpenLetters *letters, const FindingIndex *findings, const CauseSet &switchedOff);
     /// Shows that the letters are being checked.
     void showRunning();
     /// The result in one line.
     [[nodiscard]] QString heading() const;
     [[nodiscard]] bool hasRows() const { return m_model.rowCount() > 0; }
     std::function<void(std::size_t letter)> onLetter;
+    /// The user switches a cause on or off.
+    std::function<void(Cause cause, bool isOn)> onSwitched;
 
 private:
     void open(const QModelIndex &index) const;
     void widenFirstColumn();
 
     CheckModel m_model;
-    QLabel *m_heading;
+    CutLabel *m_heading;
     QTreeView *m_tree;
 };
 

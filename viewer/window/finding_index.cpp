@@ -4,10 +4,10 @@
 
 namespace inin::viewer {
 
-FindingIndex::FindingIndex(std::vector<Finding> findings) : m_findings(std::move(findings))
+FindingIndex::FindingIndex(CheckResult result) : m_result(std::move(result))
 {
-    m_byLetter.reserve(m_findings.size());
-    for (const Finding &finding : m_findings) m_byLetter.push_back(&finding);
+    m_byLetter.reserve(all().size());
+    for (const Finding &finding : all()) m_byLetter.push_back(&finding);
     std::ranges::stable_sort(m_byLetter, {}, [](const Finding *finding) { return finding->letter; });
 }
 

@@ -1,24 +1,25 @@
 #pragma once
 
-#include "viewer/check/letter_check.h"
+#include "viewer/check/check_result.h"
 
 #include <span>
 #include <vector>
 
 namespace inin::viewer {
 
-/// The findings of a check, by letter.
+/// The result of a check, with its findings by letter.
 class FindingIndex {
 public:
     FindingIndex() = default;
-    explicit FindingIndex(std::vector<Finding> findings);
+    explicit FindingIndex(CheckResult result);
     /// By cause and letter.
-    [[nodiscard]] const std::vector<Finding> &all() const { return m_findings; }
+    [[nodiscard]] const std::vector<Finding> &all() const { return m_result.findings; }
+    [[nodiscard]] const std::vector<RunNote> &runNotes() const { return m_result.runNotes; }
     /// The findings of one letter, by cause.
     [[nodiscard]] std::span<const Finding *const> of(std::size_t letter) const;
 
 private:
-    std::vector<Finding> m_findings;
+    CheckResult m_result;
     std::vector<const Finding *> m_byLetter;
 };
 

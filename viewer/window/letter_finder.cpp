@@ -4,6 +4,7 @@
 #include "viewer/window/qt_text.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace inin::viewer {
 
@@ -56,33 +57,34 @@ void LetterFinder::readLetters()
     }
 }
 
-bool LetterFinder::holds(std::size_t letter, const QString &text)
+std::vector<bool> LetterFinder::find(const QString &text)
 {
-    readLetters();
+    std::vector<bool> found(m_letters.set.size());
     const QString key = searchKey(text);
-    return !key.isEmpty() && m_keys[letter].contains(key);
+    if (key.isEmpty()) return found;
+    readLetters();
+    std::transform(m_keys.begin(), m_keys.end(), found.begin(),
+                   [&](const QString &letter) { return letter.contains(key); });
+    return found;
 }
 
-std::optional<std::size_t> LetterFinder::next(const QString &text, std::size_t from, Direction direction)
+std::optional<std::size_t> nextWanted(const std::vector<std::size_t> &order, std::size_t from, Direction direction,
+                                      const std::vector<bool> &wanted)
 {
-    const QString key = searchKey(text);
-    if (key.isEmpty()) return std::nullopt;
-    readLetters();
-    const std::size_t count = m_keys.size();
-    for (std::size_t step = 1; step <= count; ++step) {
-        const std::size_t letter = (from + (direction == Direction::forward ? step : count - step)) % count;
-        if (m_keys[letter].contains(key)) return letter;
+    const std::size_t count = order.size();
+    const auto at = static_cast<std::size_t>(std::ranges::find(order, from) - order.begin());
+    // A letter that is not listed has its place before the first one, or after the last one when going backwards.
+    const bool isListed = at < count;
+    for (std::size_t step = isListed ? 1 : 0; step < count + (isListed ? 1 : 0); ++step) {
+        const std::size_t forward = (isListed ? at + step : step) % count;
+        const std::size_t backward = (isListed ? at + count - step : count - 1 - step) % count;
+        const std::size_t letter = order[direction == Direction::forward ? forward : backward];
+        if (wanted[letter]) return letter;
     }
-    return std::nullopt;
-}
-
-std::size_t LetterFinder::count(const QString &text)
-{
-    const QString key = searchKey(text);
-    if (key.isEmpty()) return 0;
-    readLetters();
-    return static_cast<std::size_t>(
-        std::ranges::count_if(m_keys, [&](const QString &letter) { return letter.contains(key); }));
+    if (count == wanted.size()) return std::nullopt;
+    std::vector<std::size_t> all(wanted.size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    return nextWanted(all, from, direction, wanted);
 }
 
 } // namespace inin::viewer

@@ -16,19 +16,19 @@ struct OpenLetters;
 
 enum class Direction { forward, backward };
 
+/// The next wanted letter of `order` after `from`, wrapping around; `from` itself is tried last. If no letter of `order`
+/// is wanted, all letters are searched by their numbers.
+[[nodiscard]] std::optional<std::size_t> nextWanted(const std::vector<std::size_t> &order, std::size_t from,
+                                                    Direction direction, const std::vector<bool> &wanted);
+
 /// Finds letters by any of their texts.
 class LetterFinder {
 public:
     /// `letters` must outlive this. No text is read before the first search.
     explicit LetterFinder(const OpenLetters &letters) : m_letters(letters) {}
 
-    /// The next letter after `from` that contains the text, wrapping around; `from` itself is tried last. Empty for an
-    /// empty text.
-    [[nodiscard]] std::optional<std::size_t> next(const QString &text, std::size_t from, Direction direction);
-    /// Whether a letter contains the text.
-    [[nodiscard]] bool holds(std::size_t letter, const QString &text);
-    /// The number of letters that contain the text.
-    [[nodiscard]] std::size_t count(const QString &text);
+    /// For each letter whether it contains the text; no letter contains an empty text.
+    [[nodiscard]] std::vector<bool> find(const QString &text);
 
 private:
     void readLetters();

@@ -1,6 +1,7 @@
 #include "viewer/window/letter_list.h"
 
 #include "viewer/window/letter_list_model.h"
+#include "viewer/window/listed_letters.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -13,11 +14,17 @@ namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
 
-LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(parent), m_model(model)
+namespace {
+
+constexpr int kLeastMarks = 5; ///< characters
+
+} // namespace
+
+LetterList::LetterList(ListedLetters &listed, QWidget *parent) : QTableView(parent), m_listed(listed)
 {
     setObjectName(u"letterList"_s);
     setAccessibleName(u"委任状の一覧"_s);
-    setModel(&model);
+    setModel(&listed);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
@@ -35,19 +42,27 @@ LetterList::LetterList(LetterListModel &model, QWidget *parent) : QTableView(par
     setColumnWidth(LetterListModel::number, wide * kNumberWidth);
     setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
     setColumnWidth(LetterListModel::patient, wide * kPatientWidth);
+    setColumnWidth(LetterListModel::marks, wide * kLeastMarks);
     // The column of marks gets the remaining width; tooltips show what is cut off.
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
+    // Sorting is enabled with the order that it then applies.
+    horizontalHeader()->setSortIndicator(LetterListModel::number, Qt::AscendingOrder);
+    setSortingEnabled(true);
+    QObject::connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, [this] {
+        scrollTo(currentIndex());
+        if (onSorted) onSorted();
+    });
 }
 
-std::size_t LetterList::current() const
+std::optional<std::size_t> LetterList::current() const
 {
-    return currentIndex().isValid() ? static_cast<std::size_t>(currentIndex().row()) : 0;
+    return m_listed.letterAt(currentIndex());
 }
 
 void LetterList::setCurrent(std::size_t letter)
 {
-    const QModelIndex index = m_model.index(static_cast<int>(letter), 0);
+    const QModelIndex index = m_listed.indexOf(letter);
     setCurrentIndex(index);
     scrollTo(index);
 }
@@ -63,8 +78,7 @@ QItemSelectionModel::SelectionFlags LetterList::selectionCommand(const QModelInd
 void LetterList::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
-    if (current.isValid() && current.row() != previous.row() && onCurrent)
-        onCurrent(static_cast<std::size_t>(current.row()));
+    if (current.isValid() && current.row() != previous.row() && onCurrent) onCurrent(*m_listed.letterAt(current));
 }
 
 void LetterList::toggleSelected()
@@ -74,7 +88,7 @@ void LetterList::toggleSelected()
         return row.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     });
     for (const QModelIndex &row : rows)
-        m_model.setData(row, allTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+        m_listed.setData(row, allTicked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
 /// Copies the selected letters as listed, one per line, with tabs between the columns.
@@ -85,7 +99,7 @@ void LetterList::copySelected() const
     QStringList lines;
     for (const QModelIndex &row : rows) {
         QStringList texts;
-        for (int column = 0; column < m_model.columnCount(); ++column)
+        for (int column = 0; column < m_listed.columnCount(); ++column)
             texts << row.siblingAtColumn(column).data().toString();
         lines << texts.join(u'\t');
     }
@@ -100,10 +114,22 @@ void LetterList::keyPressEvent(QKeyEvent *event)
     QTableView::keyPressEvent(event);
 }
 
+/// In a narrow list the insurer gives room to the column of marks.
+void LetterList::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    const int wide = fontMetrics().horizontalAdvance(u'漢');
+    constexpr int kLeastInsurer = 6;
+    const int others =
+        columnWidth(LetterListModel::number) + columnWidth(LetterListModel::patient) + wide * kLeastMarks;
+    const int room = std::max(viewport()->width() - others, wide * kLeastInsurer);
+    if (columnWidth(LetterListModel::insurer) > room) setColumnWidth(LetterListModel::insurer, room);
+}
+
 QModelIndex LetterList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    if (action == MoveHome) return m_model.index(0, 0);
-    if (action == MoveEnd) return m_model.index(m_model.rowCount() - 1, 0);
+    if (action == MoveHome) return m_listed.index(0, 0);
+    if (action == MoveEnd) return m_listed.index(m_listed.rowCount() - 1, 0);
     return QTableView::moveCursor(action, modifiers);
 }
 

@@ -4,23 +4,30 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 
 namespace inin::viewer {
 
-class LetterListModel;
+class ListedLetters;
 
 /// The list of letters beside the page. Space ticks or unticks the selected letters, Enter moves the focus to the page.
 class LetterList : public QTableView {
 public:
-    explicit LetterList(LetterListModel &model, QWidget *parent = nullptr);
+    /// `listed` must outlive this.
+    explicit LetterList(ListedLetters &listed, QWidget *parent = nullptr);
 
-    [[nodiscard]] std::size_t current() const;
+    /// Empty while no letter is listed.
+    [[nodiscard]] std::optional<std::size_t> current() const;
+    /// Selects a listed letter alone.
     void setCurrent(std::size_t letter);
+    /// Called when the user or the view has sorted the list.
+    std::function<void()> onSorted;
     std::function<void(std::size_t letter)> onCurrent;
     std::function<void()> onEnter;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     /// setCurrent() selects its letter alone, even while a modifier key is pressed.
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
@@ -32,7 +39,7 @@ private:
     void toggleSelected();
     void copySelected() const;
 
-    LetterListModel &m_model;
+    ListedLetters &m_listed;
 };
 
 } // namespace inin::viewer

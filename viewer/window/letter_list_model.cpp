@@ -49,6 +49,35 @@ int LetterListModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : columnCountOfList;
 }
 
+bool LetterListModel::isTicked(std::size_t letter) const
+{
+    return m_letters->ticks.isTicked(letter);
+}
+
+bool LetterListModel::isFlagged(std::size_t letter) const
+{
+    return !m_findings->of(letter).empty();
+}
+
+bool LetterListModel::isBefore(std::size_t a, std::size_t b, int column) const
+{
+    const auto isLess = [a, b](const auto &left, const auto &right) { return left != right ? left < right : a < b; };
+    const auto firstCause = [this](std::size_t letter) {
+        const auto findings = m_findings->of(letter);
+        return findings.empty() ? kCauses : static_cast<std::size_t>(findings.front()->cause);
+    };
+    switch (column) {
+    case insurer:
+        return isLess(m_letters->names.insurer(a), m_letters->names.insurer(b));
+    case patient:
+        return isLess(m_letters->names.patient(a), m_letters->names.patient(b));
+    case marks:
+        return isLess(firstCause(a), firstCause(b));
+    default:
+        return a < b;
+    }
+}
+
 QString LetterListModel::marksOf(std::size_t letter) const
 {
     QStringList texts;

@@ -24,6 +24,12 @@ public:
     void ticksChanged();
     /// Called when the user changes a tick in the list.
     std::function<void()> onTicked;
+    [[nodiscard]] bool isTicked(std::size_t letter) const;
+    /// Whether the check has found anything in the letter.
+    [[nodiscard]] bool isFlagged(std::size_t letter) const;
+    /// Whether letter `a` precedes `b` when the list is sorted by a column: names by their characters, flagged letters
+    /// before the others and in the order of the check's list, equal ones by their numbers.
+    [[nodiscard]] bool isBefore(std::size_t a, std::size_t b, int column) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;

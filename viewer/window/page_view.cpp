@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <iterator>
 
 namespace inin::viewer {
@@ -73,16 +74,27 @@ void PageView::describeLetter()
     QAccessible::updateAccessibility(&event);
 }
 
-double PageView::zoom() const
+double PageView::zoomFor(Fit fit) const
 {
-    if (m_letters == nullptr || m_fit == Fit::none) return m_zoom;
     const Point paper = m_letters->renderer.paperSize();
     const double point = logicalDpiY() / kPointsPerInch;
     // Fitting the page assumes no scroll bars; fitting the width assumes a vertical one.
-    const int bar = m_fit == Fit::width ? verticalScrollBar()->sizeHint().width() : 0;
+    const int bar = fit == Fit::width ? verticalScrollBar()->sizeHint().width() : 0;
     const QSize room = maximumViewportSize() - QSize(2 * kMargin + bar, 2 * kMargin);
     const double across = room.width() / (paper.x * point), down = room.height() / (paper.y * point);
-    return std::clamp(m_fit == Fit::width ? across : std::min(across, down), kZooms[0] / 2, *std::rbegin(kZooms));
+    return fit == Fit::width ? across : std::min(across, down);
+}
+
+bool PageView::usesWidthForPage() const
+{
+    return m_letters != nullptr && m_fit == Fit::page && zoomFor(Fit::page) < kReadableZoom &&
+           zoomFor(Fit::width) > zoomFor(Fit::page);
+}
+
+double PageView::zoom() const
+{
+    if (m_letters == nullptr || m_fit == Fit::none) return m_zoom;
+    return std::clamp(zoomFor(usesWidthForPage() ? Fit::width : m_fit), kZooms[0] / 2, *std::rbegin(kZooms));
 }
 
 double PageView::pixelsPerPoint() const
@@ -143,11 +155,12 @@ void PageView::zoomChanged()
     if (m_letters == nullptr) return;
     const QSize room = maximumViewportSize();
     const QSize over = paperPixels() + QSize(2 * kMargin, 2 * kMargin) - room;
+    const bool fitsPage = m_fit == Fit::page && !usesWidthForPage();
     for (auto [bar, length, page] : {std::tuple(horizontalScrollBar(), over.width(), room.width()),
                                      std::tuple(verticalScrollBar(), over.height(), room.height())}) {
         const bool wasIn = bar->maximum() > 0;
         const double middle = wasIn ? (bar->value() + page / 2.0) / (bar->maximum() + page) : 0;
-        bar->setRange(0, m_fit == Fit::page ? 0 : std::max(0, length));
+        bar->setRange(0, fitsPage ? 0 : std::max(0, length));
         bar->setPageStep(page);
         constexpr int kSteps = 12;
         bar->setSingleStep(page / kSteps);
@@ -161,7 +174,9 @@ void PageView::zoomChanged()
 void PageView::resizeEvent(QResizeEvent *event)
 {
     QAbstractScrollArea::resizeEvent(event);
+    const bool isAtTop = isAtEnd(-1);
     zoomChanged();
+    if (isAtTop) verticalScrollBar()->setValue(verticalScrollBar()->minimum());
 }
 
 void PageView::paintEvent(QPaintEvent *event)
@@ -214,15 +229,41 @@ void PageView::makeAhead()
     m_ahead.stop();
 }
 
-void PageView::turnOrScroll(int direction)
+bool PageView::isAtEnd(int direction) const
 {
-    QScrollBar *const bar = verticalScrollBar();
-    const bool isAtEnd = bar->value() == (direction > 0 ? bar->maximum() : bar->minimum());
-    if (!isAtEnd) return bar->setValue(bar->value() + direction * bar->pageStep());
+    const QScrollBar *const bar = verticalScrollBar();
+    return bar->value() == (direction > 0 ? bar->maximum() : bar->minimum());
+}
+
+/// Continues in the next letter at its top, or in the previous one at its end.
+void PageView::turn(int direction)
+{
     if (!onTurn) return;
+    QScrollBar *const bar = verticalScrollBar();
     const std::size_t before = m_letter;
     onTurn(direction);
     if (m_letter != before) bar->setValue(direction > 0 ? bar->minimum() : bar->maximum());
+}
+
+void PageView::turnOrScroll(int direction)
+{
+    if (isAtEnd(direction)) return turn(direction);
+    QScrollBar *const bar = verticalScrollBar();
+    bar->setValue(bar->value() + direction * bar->pageStep());
+}
+
+/// Turns one letter for each notch. A touch pad sends fractions of a notch, and more of them after the finger has left
+/// it: those must not turn several letters.
+void PageView::turnByWheel(const QWheelEvent &event)
+{
+    if (event.phase() == Qt::ScrollMomentum) return;
+    const int angle = event.angleDelta().y();
+    if ((angle < 0) != (m_wheel < 0)) m_wheel = 0;
+    m_wheel += angle;
+    constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
+    if (std::abs(m_wheel) < kNotch) return;
+    m_wheel = 0;
+    turn(angle < 0 ? 1 : -1);
 }
 
 void PageView::keyPressEvent(QKeyEvent *event)
@@ -234,8 +275,15 @@ void PageView::keyPressEvent(QKeyEvent *event)
 
 void PageView::wheelEvent(QWheelEvent *event)
 {
-    if (!event->modifiers().testFlag(Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
-    if (event->angleDelta().y() != 0) event->angleDelta().y() > 0 ? zoomIn() : zoomOut();
+    const int angle = event->angleDelta().y();
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        if (angle != 0) angle > 0 ? zoomIn() : zoomOut();
+    } else if (angle != 0 && isAtEnd(angle < 0 ? 1 : -1)) {
+        turnByWheel(*event);
+    } else {
+        m_wheel = 0;
+        return QAbstractScrollArea::wheelEvent(event);
+    }
     event->accept();
 }
 

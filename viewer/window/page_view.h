@@ -14,6 +14,8 @@ struct OpenLetters;
 class PageView : public QAbstractScrollArea {
 public:
     enum class Fit { none, page, width };
+    /// Below this zoom the strokes of an ordinary form's characters merge.
+    static constexpr double kReadableZoom = 0.55;
 
     explicit PageView(QWidget *parent = nullptr);
 
@@ -28,12 +30,15 @@ public:
     void zoomIn();
     void zoomOut();
     [[nodiscard]] Fit fit() const { return m_fit; }
+    /// Where the whole page would be too small to read, Fit::page uses the width instead.
     void setFit(Fit fit);
+    /// True if the whole page was requested but does not fit readably.
+    [[nodiscard]] bool usesWidthForPage() const;
     /// The rectangle of the paper in the viewport.
     [[nodiscard]] QRect paperPlace() const;
 
     std::function<void()> onZoom;
-    /// Called for a page key that is pressed at the end or the beginning of the page.
+    /// Called for a page key and for the wheel at the end or the beginning of the page.
     std::function<void(int step)> onTurn;
     /// Called once, when the first letter has been painted.
     std::function<void()> onFirstPaint;
@@ -47,16 +52,22 @@ protected:
 private:
     [[nodiscard]] QSize paperPixels() const;
     [[nodiscard]] double pixelsPerPoint() const;
+    /// The zoom that fills the view's width or shows the whole page; without limits.
+    [[nodiscard]] double zoomFor(Fit fit) const;
     void zoomChanged();
     void describeLetter();
     void paintPaper(QPainter &painter, const QRect &place);
     void makeAhead();
+    [[nodiscard]] bool isAtEnd(int direction) const;
+    void turn(int direction);
     void turnOrScroll(int direction);
+    void turnByWheel(const QWheelEvent &event);
 
     OpenLetters *m_letters = nullptr;
     std::size_t m_letter = 0;
     double m_zoom = 1;
     Fit m_fit = Fit::page;
+    int m_wheel = 0;                ///< the wheel's angle at the end of the page that has not turned it yet
     std::ptrdiff_t m_direction = 1; ///< the direction of the last page turn
     QTimer m_ahead;                 ///< runs while neighbouring pages may be painted in advance
 };

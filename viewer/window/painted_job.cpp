@@ -1,5 +1,7 @@
 #include "viewer/window/painted_job.h"
 
+#include "viewer/window/tray_text.h"
+
 namespace inin::viewer {
 
 namespace {
@@ -19,6 +21,7 @@ PaintedJob::PaintedJob(std::unique_ptr<QPrinter> printer, const PrintOrder &orde
     m_printer->setPageSize(QPageSize(QSizeF(paper.x, paper.y), QPageSize::Point, {}, QPageSize::FuzzyMatch));
     m_printer->setPageOrientation(QPageLayout::Portrait);
     m_printer->setDuplex(order.duplex);
+    if (const auto tray = paintedTray(order.tray)) m_printer->setPaperSource(*tray);
     if (m_printer->supportsMultipleCopies()) {
         m_printer->setCopyCount(order.copies);
         m_printer->setCollateCopies(true);

@@ -42,7 +42,7 @@ QWidget *PdfDialog::rangeGroup()
     const std::size_t ticked = m_letters.ticks.count();
     m_all = new QRadioButton(u"すべて（%1通）(&A)"_s.arg(m_letters.set.size()), group);
     m_all->setObjectName(u"pdfAll"_s);
-    m_ticked = new QRadioButton(u"印のある委任状だけ（%1通）(&T)"_s.arg(ticked), group);
+    m_ticked = new QRadioButton(u"チェックした委任状だけ（%1通）(&T)"_s.arg(ticked), group);
     m_ticked->setObjectName(u"pdfTicked"_s);
     m_ticked->setEnabled(ticked > 0);
     (ticked > 0 ? m_ticked : m_all)->setChecked(true);

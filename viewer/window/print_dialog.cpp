@@ -3,8 +3,10 @@
 #include "viewer/document/letter_ticks.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
+#include "viewer/window/spool_pdf.h"
 #include "viewer/window/viewer_style.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -18,7 +20,9 @@
 #include <QRadioButton>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace inin::viewer {
 
@@ -31,15 +35,16 @@ constexpr double kMaxOffset = 50, kOffsetStep = 0.1;
 constexpr double kTenths = 10;
 
 struct DuplexChoice {
+    const char *name; ///< in the settings
     const char *text;
     /// Empty for the printer's own setting.
     std::optional<QPrinter::DuplexMode> mode;
 };
 constexpr DuplexChoice kDuplex[] = {
-    {"プリンターの設定どおり", std::nullopt},
-    {"片面", QPrinter::DuplexNone},
-    {"両面（長辺とじ）", QPrinter::DuplexLongSide},
-    {"両面（短辺とじ）", QPrinter::DuplexShortSide},
+    {"", "プリンターの設定どおり", std::nullopt},
+    {"oneSided", "片面", QPrinter::DuplexNone},
+    {"longEdge", "両面（長辺とじ）", QPrinter::DuplexLongSide},
+    {"shortEdge", "両面（短辺とじ）", QPrinter::DuplexShortSide},
 };
 
 const char *duplexText(QPrinter::DuplexMode mode)
@@ -91,7 +96,8 @@ std::vector<PrinterChoice> systemPrinters()
     for (const QPrinterInfo &printer : printers) {
         const QString name = printer.printerName();
         const QString text = printer.description().isEmpty() ? name : u"%1（%2）"_s.arg(name, printer.description());
-        choices.push_back({name, text, name == first, printer.defaultDuplexMode()});
+        choices.push_back(
+            {name, text, name == first, printer.defaultDuplexMode(), [name] { return systemTrays(name); }});
     }
     return choices;
 }
@@ -141,6 +147,8 @@ QWidget *PrintDialog::printerGroup()
     form->addRow(u"プリンター(&R)"_s, m_printer);
     form->addRow(u"部数(&C)"_s, m_copies);
     form->addRow(u"両面印刷(&D)"_s, m_duplex);
+    m_tray = named(new QComboBox(group), "tray", u"給紙トレイ"_s);
+    form->addRow(u"給紙トレイ(&U)"_s, m_tray);
     int chosen = 0;
     const QString last = m_settings.printer();
     for (const PrinterChoice &printer : m_printers) {
@@ -179,9 +187,13 @@ QWidget *PrintDialog::jobGroup()
     many->addWidget(m_manyJobs);
     many->addWidget(m_perJob);
     many->addStretch();
+    m_reversed =
+        named(new QCheckBox(u"最後の番号から逆の順に印刷する(&V)"_s, group), "reversed", u"逆の順に印刷する"_s);
+    m_reversed->setChecked(m_settings.letterOrder() == LetterOrder::reversed);
     layout->addWidget(m_range);
     layout->addWidget(m_oneJob);
     layout->addLayout(many);
+    layout->addWidget(m_reversed);
     return group;
 }
 
@@ -214,10 +226,24 @@ void PrintDialog::showPrinter()
     if (m_printers.empty()) return;
     const PrinterChoice &printer = m_printers[static_cast<std::size_t>(m_printer->currentIndex())];
     m_duplex->setItemText(0, u"プリンターの設定どおり（%1）"_s.arg(QString::fromUtf8(duplexText(printer.duplex))));
-    m_duplex->setCurrentIndex(0);
+    m_printer->setToolTip(m_printer->currentText()); // a long name is cut
+    const QString duplex = m_settings.duplexOf(printer.name);
+    const auto *const last =
+        std::ranges::find_if(kDuplex, [&](const DuplexChoice &choice) { return duplex == QLatin1String(choice.name); });
+    m_duplex->setCurrentIndex(last == std::end(kDuplex) ? 0 : static_cast<int>(last - std::begin(kDuplex)));
+    showTrays(printer);
     const PrinterOffset offset = m_settings.offsetOf(printer.name);
     m_right->setValue(offset.right / kTenths);
     m_down->setValue(offset.down / kTenths);
+}
+
+void PrintDialog::showTrays(const PrinterChoice &printer)
+{
+    m_tray->clear();
+    m_tray->addItem(QString::fromUtf8(kDuplex[0].text));
+    if (printer.trays)
+        for (const TrayChoice &tray : printer.trays()) m_tray->addItem(tray.text, tray.key);
+    m_tray->setCurrentIndex(std::max(0, m_tray->findData(m_settings.trayOf(printer.name))));
 }
 
 void PrintDialog::enablePrint()
@@ -244,6 +270,8 @@ PrintOrder PrintDialog::order() const
     order.printer = printer.name;
     order.copies = m_copies->value();
     order.duplex = kDuplex[m_duplex->currentIndex()].mode.value_or(printer.duplex);
+    order.tray = m_tray->currentData().toString();
+    order.letterOrder = m_reversed->isChecked() ? LetterOrder::reversed : LetterOrder::forward;
     order.lettersPerJob = m_manyJobs->isChecked() ? static_cast<std::size_t>(m_perJob->value()) : 0;
     const auto tenths = [](double millimetres) {
         return static_cast<std::int32_t>(std::lround(millimetres * kTenths));
@@ -257,6 +285,9 @@ void PrintDialog::remember()
     const PrintOrder chosen = order();
     m_settings.setPrinter(chosen.printer);
     m_settings.setOffset(chosen.printer, chosen.offset);
+    m_settings.setDuplex(chosen.printer, QLatin1String(kDuplex[m_duplex->currentIndex()].name));
+    m_settings.setTray(chosen.printer, chosen.tray);
+    m_settings.setLetterOrder(chosen.letterOrder);
     m_settings.setLettersPerJob(static_cast<int>(chosen.lettersPerJob));
     // Unwritable settings must not prevent printing.
     (void)m_settings.save();

@@ -7,6 +7,7 @@
 #include <functional>
 #include <vector>
 
+class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
@@ -25,6 +26,8 @@ struct PrinterChoice {
     QString description; ///< as shown; the name for a printer without a description
     bool isDefault = false;
     QPrinter::DuplexMode duplex = QPrinter::DuplexNone; ///< its default
+    /// Its trays, which take a moment to find out; empty for a printer whose trays are unknown.
+    std::function<std::vector<TrayChoice>()> trays = {};
 };
 [[nodiscard]] std::vector<PrinterChoice> systemPrinters();
 
@@ -50,6 +53,7 @@ private:
     QWidget *jobGroup();
     QWidget *offsetGroup();
     void showPrinter();
+    void showTrays(const PrinterChoice &printer);
     void printRulers();
     void enablePrint();
     void remember();
@@ -57,10 +61,11 @@ private:
     LetterTicks &m_ticks;
     ViewerSettings &m_settings;
     std::vector<PrinterChoice> m_printers;
-    QComboBox *m_printer, *m_duplex;
+    QComboBox *m_printer, *m_duplex, *m_tray;
     QSpinBox *m_copies, *m_perJob;
     RangeBox *m_range;
     QRadioButton *m_oneJob, *m_manyJobs;
+    QCheckBox *m_reversed;
     QDoubleSpinBox *m_right, *m_down;
     QLabel *m_check, *m_note;
     QPushButton *m_print, *m_rulers;

@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
@@ -119,6 +121,12 @@ std::unique_ptr<QPrinter> systemPrinter(const PrintOrder &order)
 PrintPaths systemPaths()
 {
     return {systemSpool(), systemPrinter};
+}
+
+std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> letters, const PrintOrder &order)
+{
+    if (order.letterOrder == LetterOrder::reversed) std::ranges::reverse(letters);
+    return letters;
 }
 
 PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,

@@ -39,7 +39,9 @@ struct PrintResult {
 /// Called with the number of finished letters; false ends the print and withdraws the current job.
 using PrintProgress = std::function<bool(std::size_t letters)>;
 
-/// Prints letters in the given order, one page each.
+/// The letters as an order prints them: reversed if it has that order.
+[[nodiscard]] std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> letters, const PrintOrder &order);
+/// Prints letters in the given sequence, one page each.
 [[nodiscard]] PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which,
                                        const PrintOrder &order, const PrintPaths &paths, const PrintProgress &progress);
 /// Prints the page of rulers for measuring an offset. Returns an error sentence or an empty text.

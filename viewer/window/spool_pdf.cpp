@@ -1,6 +1,7 @@
 #include "viewer/window/spool_pdf.h"
 
 #include "viewer/window/qt_text.h"
+#include "viewer/window/tray_text.h"
 
 #include <QProcess>
 
@@ -33,6 +34,9 @@ constexpr Media kMedia[] = {{Paper::A4, "media=iso_a4_210x297mm"},
                             {Paper::A5, "media=iso_a5_148x210mm"},
                             {Paper::B5, "media=jis_b5_182x257mm"}};
 
+/// The options that name a tray, by the makers of printers.
+constexpr const char *kTrayOptions[] = {"InputSlot", "media-source", "PaperSource", "HPPaperSource", "ARInputSlot"};
+
 std::string lastLine(QByteArray words)
 {
     words = words.trimmed();
@@ -52,7 +56,26 @@ QStringList lpArguments(const SpoolJob &job)
     arguments << u"-o"_s << QLatin1String(media->option);
     const auto *const sides = std::ranges::find(kSides, job.order.duplex, &Sides::mode);
     if (sides != std::end(kSides)) arguments << u"-o"_s << QLatin1String(sides->option);
+    if (!job.order.tray.isEmpty()) arguments << u"-o"_s << job.order.tray;
     return arguments << job.pdf;
+}
+
+std::vector<TrayChoice> traysInOptions(const QString &options)
+{
+    const QStringList lines = options.split(u'\n');
+    for (const char *const option : kTrayOptions) {
+        const QString name = QLatin1String(option);
+        for (const QString &line : lines) {
+            if (line.section(u':', 0, 0).section(u'/', 0, 0) != name) continue;
+            std::vector<TrayChoice> trays;
+            for (QString tray : line.section(u':', 1).split(u' ', Qt::SkipEmptyParts)) {
+                if (tray.startsWith(u'*')) tray.remove(0, 1);
+                trays.push_back({name + u'=' + tray, trayText(tray)});
+            }
+            return trays;
+        }
+    }
+    return {};
 }
 
 SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bool()> &goesOn)

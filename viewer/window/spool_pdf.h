@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace inin::viewer {
 
@@ -27,6 +28,13 @@ struct SpoolResult {
 
 /// Passes a job to the system. Calls `goesOn` repeatedly meanwhile and withdraws the job when it returns false.
 using SpoolPdf = std::function<SpoolResult(const SpoolJob &job, const std::function<bool()> &goesOn)>;
+
+/// The trays in the printer's options as `lpoptions -l` lists them: one line per option, "InputSlot/Media Source: *Auto
+/// Tray1". A tray's key is "InputSlot=Tray1", which `lp` accepts as an option.
+[[nodiscard]] std::vector<TrayChoice> traysInOptions(const QString &options);
+
+/// The trays of a printer in the path that printing takes; empty where they are unknown.
+[[nodiscard]] std::vector<TrayChoice> systemTrays(const QString &printer);
 
 /// Uses the system's `lp`, which prints a PDF unchanged; empty where there is none.
 [[nodiscard]] SpoolPdf systemSpool();

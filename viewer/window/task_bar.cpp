@@ -1,8 +1,9 @@
 #include "viewer/window/task_bar.h"
 
+#include "viewer/window/cut_text.h"
+
 #include <QCoreApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -17,7 +18,7 @@ constexpr int kAwakeEvery = 30;
 
 } // namespace
 
-TaskBar::TaskBar(QWidget *parent) : QWidget(parent), m_title(new QLabel(this)), m_progress(new QProgressBar(this))
+TaskBar::TaskBar(QWidget *parent) : QWidget(parent), m_title(new CutLabel(this)), m_progress(new QProgressBar(this))
 {
     setObjectName(u"taskBar"_s);
     m_progress->setObjectName(u"taskProgress"_s);
@@ -57,7 +58,7 @@ void TaskBar::run(const QString &title, std::size_t total,
         TaskBar &bar;
         ~Stop() { bar.setRunning(false); }
     };
-    m_title->setText(title);
+    m_title->setLine(title);
     m_progress->setRange(0, static_cast<int>(total));
     m_progress->setValue(0);
     m_isCancelled = false;

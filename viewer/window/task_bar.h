@@ -6,10 +6,11 @@
 #include <cstddef>
 #include <functional>
 
-class QLabel;
 class QProgressBar;
 
 namespace inin::viewer {
+
+class CutLabel;
 
 /// Shows the progress of a long task and lets the user cancel it; it appears after half a second. The task reports
 /// progress in small steps, so that the window stays responsive.
@@ -28,7 +29,7 @@ private:
     bool setDone(std::size_t done);
     void setRunning(bool running);
 
-    QLabel *m_title;
+    CutLabel *m_title;
     QProgressBar *m_progress;
     QElapsedTimer m_since, m_awake;
     bool m_isRunning = false, m_isCancelled = false;

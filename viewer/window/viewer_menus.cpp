@@ -1,10 +1,11 @@
 #include "viewer/window/letter_list.h"
-#include "viewer/window/page_view.h"
 #include "viewer/window/viewer_window.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -36,6 +37,21 @@ QAction *addEntry(QMenu *menu, const char *name, const QString &text, const QLis
     return action;
 }
 
+/// Leaves Ctrl+Home and Ctrl+End to the menu while a box of one line has the focus, which would take them for itself.
+class LetterKeys : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *box, QEvent *event) override
+    {
+        if (event->type() != QEvent::ShortcutOverride) return QObject::eventFilter(box, event);
+        const auto *const key = dynamic_cast<QKeyEvent *>(event);
+        const bool isLetterKey =
+            key->modifiers() == Qt::ControlModifier && (key->key() == Qt::Key_Home || key->key() == Qt::Key_End);
+        if (isLetterKey) event->ignore();
+        return isLetterKey;
+    }
+};
+
 } // namespace
 
 void ViewerWindow::buildMenus()
@@ -51,8 +67,10 @@ void ViewerWindow::buildFileMenu()
     QMenu *const menu = menuBar()->addMenu(u"ファイル(&F)"_s);
     m_idleActions = {
         addEntry(menu, "print", u"印刷(&P)…"_s, {QKeySequence::Print}, [this] { askPrint(); }),
+        addEntry(menu, "printThis", u"この委任状だけ印刷(&T)…"_s, {QKeySequence(u"Ctrl+Shift+P"_s)},
+                 [this] { askPrintThis(); }),
         addEntry(menu, "pdf", u"PDF に保存(&S)…"_s, {QKeySequence::Save}, [this] { askPdf(); }),
-        addEntry(menu, "reload", u"読み込み直す(&R)"_s, {QKeySequence::Refresh}, [this] { reload(); }),
+        addEntry(menu, "reload", u"再読み込み(&R)"_s, {QKeySequence::Refresh}, [this] { reload(); }),
     };
     menu->addSeparator();
     addEntry(menu, "close", u"閉じる(&C)"_s, {QKeySequence(u"Ctrl+W"_s), QKeySequence(u"Ctrl+Q"_s)},
@@ -62,12 +80,16 @@ void ViewerWindow::buildFileMenu()
 void ViewerWindow::buildSelectMenu()
 {
     QMenu *const menu = menuBar()->addMenu(u"選択(&E)"_s);
-    addEntry(menu, "tickAll", u"すべてに印を付ける(&A)"_s, {QKeySequence(u"Ctrl+Shift+A"_s)},
+    addEntry(menu, "tickAll", u"すべてにチェックを付ける(&A)"_s, {QKeySequence(u"Ctrl+Shift+A"_s)},
              [this] { tickAll(true); });
-    addEntry(menu, "tickNone", u"すべての印を外す(&N)"_s, {QKeySequence(u"Ctrl+Shift+N"_s)},
+    addEntry(menu, "tickNone", u"すべてのチェックを外す(&N)"_s, {QKeySequence(u"Ctrl+Shift+N"_s)},
              [this] { tickAll(false); });
-    addEntry(menu, "untickMarked", u"注意のある委任状の印を外す(&M)"_s, {QKeySequence(u"Ctrl+Shift+M"_s)},
+    addEntry(menu, "untickMarked", u"注意のある委任状のチェックを外す(&M)"_s, {QKeySequence(u"Ctrl+Shift+M"_s)},
              [this] { untickMarked(); });
+    addEntry(menu, "tickFound", u"見つかった委任状にチェックを付ける(&D)"_s, {QKeySequence(u"Ctrl+Shift+F"_s)},
+             [this] { tickFound(Ticking::more); });
+    addEntry(menu, "tickOnlyFound", u"見つかった委任状だけにチェックを付ける(&O)"_s, {QKeySequence(u"Ctrl+Shift+O"_s)},
+             [this] { tickFound(Ticking::only); });
     menu->addSeparator();
     addEntry(menu, "find", u"検索(&F)"_s, {QKeySequence::Find}, [this] {
         m_find->setFocus(Qt::ShortcutFocusReason);
@@ -81,11 +103,17 @@ void ViewerWindow::buildSelectMenu()
 void ViewerWindow::buildMoveMenu()
 {
     QMenu *const menu = menuBar()->addMenu(u"移動(&G)"_s);
-    addEntry(menu, "first", u"最初(&F)"_s, {QKeySequence(u"Ctrl+Home"_s)}, [this] { showLetter(0); });
+    addEntry(menu, "first", u"最初(&F)"_s, {QKeySequence(u"Ctrl+Home"_s)},
+             [this] { step(-static_cast<int>(m_letters->set.size())); });
     addEntry(menu, "previous", u"前(&P)"_s, {QKeySequence(u"Ctrl+PgUp"_s)}, [this] { step(-1); });
     addEntry(menu, "next", u"次(&N)"_s, {QKeySequence(u"Ctrl+PgDown"_s)}, [this] { step(1); });
     addEntry(menu, "last", u"最後(&L)"_s, {QKeySequence(u"Ctrl+End"_s)},
-             [this] { showLetter(m_letters->set.size() - 1); });
+             [this] { step(static_cast<int>(m_letters->set.size())); });
+    menu->addSeparator();
+    addEntry(menu, "nextFlagged", u"次の注意のある委任状(&M)"_s, {QKeySequence(u"F8"_s)},
+             [this] { showNextFlagged(Direction::forward); });
+    addEntry(menu, "previousFlagged", u"前の注意のある委任状(&A)"_s, {QKeySequence(u"Shift+F8"_s)},
+             [this] { showNextFlagged(Direction::backward); });
     menu->addSeparator();
     addEntry(menu, "goTo", u"番号へ移動(&G)"_s, {QKeySequence(u"Ctrl+G"_s)}, [this] {
         m_number->setFocus(Qt::ShortcutFocusReason);
@@ -108,9 +136,28 @@ void ViewerWindow::buildViewMenu()
     addEntry(menu, "zoomOut", u"縮小(&O)"_s, {QKeySequence(u"Ctrl+-"_s)}, [this] { m_page->zoomOut(); });
     addEntry(menu, "zoomWhole", u"実際の大きさ(&1)"_s, {QKeySequence(u"Ctrl+1"_s)}, [this] { m_page->setZoom(1); });
     addEntry(menu, "fitPage", u"ページ全体(&P)"_s, {QKeySequence(u"Ctrl+0"_s)},
-             [this] { m_page->setFit(PageView::Fit::page); });
+             [this] { fitPage(PageView::Fit::page); });
     addEntry(menu, "fitWidth", u"ページの幅(&W)"_s, {QKeySequence(u"Ctrl+2"_s)},
-             [this] { m_page->setFit(PageView::Fit::width); });
+             [this] { fitPage(PageView::Fit::width); });
+    menu->addSeparator();
+    addEntry(menu, "goFilter", u"表示する委任状を選ぶ(&K)"_s, {QKeySequence(u"Ctrl+L"_s)},
+             [this] { m_filter->setFocus(Qt::ShortcutFocusReason); });
+    buildSortMenu(menu->addMenu(u"並べ替え（表示だけ）(&S)"_s));
+}
+
+void ViewerWindow::buildSortMenu(QMenu *menu)
+{
+    struct SortEntry {
+        const char *name, *text;
+        LetterListModel::Column column;
+    };
+    constexpr SortEntry kEntries[] = {{"sortNumber", "番号の順(&N)", LetterListModel::number},
+                                      {"sortInsurer", "保険者の順(&H)", LetterListModel::insurer},
+                                      {"sortPatient", "利用者の順(&P)", LetterListModel::patient},
+                                      {"sortMarks", "注意のあるものから(&M)", LetterListModel::marks}};
+    for (const SortEntry &entry : kEntries)
+        addEntry(menu, entry.name, QString::fromUtf8(entry.text), {},
+                 [this, column = entry.column] { m_list->sortByColumn(column, Qt::AscendingOrder); });
 }
 
 void ViewerWindow::buildTools()
@@ -126,13 +173,14 @@ void ViewerWindow::buildTools()
     m_number->setObjectName(u"number"_s);
     m_number->setAccessibleName(u"表示する委任状の番号"_s);
     m_number->setKeyboardTracking(false);
+    m_number->installEventFilter(new LetterKeys(m_number));
     QObject::connect(m_number, &QSpinBox::valueChanged, this,
                      [this](int number) { showLetter(static_cast<std::size_t>(number) - 1); });
     m_zoom = new QLabel(tools);
     m_zoom->setObjectName(u"zoom"_s);
     m_zoom->setAlignment(Qt::AlignCenter);
     m_zoom->setMinimumWidth(m_zoom->fontMetrics().horizontalAdvance(u"000 %"_s));
-    add({"print", "pdf"});
+    add({"print", "printThis", "pdf"});
     tools->addSeparator();
     add({"first", "previous"});
     tools->addWidget(m_number);
@@ -157,9 +205,27 @@ QLayout *ViewerWindow::buildFind(QWidget *side)
         const bool back = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
         find(back ? Direction::backward : Direction::forward);
     });
+    m_find->installEventFilter(new LetterKeys(m_find));
     auto *const row = new QHBoxLayout;
     row->addWidget(m_find, 1);
     row->addWidget(m_found);
+    return row;
+}
+
+QLayout *ViewerWindow::buildFilter(QWidget *side)
+{
+    m_filter = new QComboBox(side);
+    m_filter->setObjectName(u"filter"_s);
+    m_filter->setAccessibleName(u"表示する委任状"_s);
+    // In the order of ListFilter.
+    m_filter->addItems({u"すべて"_s, u"注意のある委任状"_s, u"チェックした委任状"_s, u"検索で見つかった委任状"_s});
+    QObject::connect(m_filter, &QComboBox::activated, this,
+                     [this](int index) { setFilter(static_cast<ListFilter>(index)); });
+    auto *const label = new QLabel(u"表示する委任状(&K)"_s, side);
+    label->setBuddy(m_filter);
+    auto *const row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(m_filter, 1);
     return row;
 }
 

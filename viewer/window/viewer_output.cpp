@@ -1,4 +1,5 @@
 #include "runtime/runtime_error.h"
+#include "viewer/document/letter_file_name.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/window/check_panel.h"
 #include "viewer/window/pdf_output.h"
@@ -48,13 +49,13 @@ void ViewerWindow::runTask(const QString &title, std::size_t total, const std::f
     if (closes) QTimer::singleShot(0, this, [this] { close(); });
 }
 
-std::unique_ptr<PrintDialog> ViewerWindow::printDialog()
+std::unique_ptr<PrintDialog> ViewerWindow::printDialog(LetterTicks &ticks)
 {
     finishCheck();
-    auto dialog = std::make_unique<PrintDialog>(m_letters->ticks, m_settings, m_services.printers(), this);
+    auto dialog = std::make_unique<PrintDialog>(ticks, m_settings, m_services.printers(), this);
     QStringList lines;
     if (const QString warnings = warningText(); !warnings.isEmpty()) lines << warnings;
-    if (!m_findings.all().empty()) lines << m_checkPanel->heading();
+    if (!m_findings.all().empty() || !m_findings.runNotes().empty()) lines << m_checkPanel->heading();
     dialog->showCheck(lines.join(u'\n'));
     dialog->onTicksChanged = [this] { ticksChanged(); };
     dialog->onRulerPage = [this](const PrintOrder &order) {
@@ -68,16 +69,32 @@ void ViewerWindow::askPrint()
     if (m_task->isRunning()) return;
     // Print nothing while the box shows other letters than those that are ticked.
     if (!m_range->isReadable()) return m_range->focusBox();
-    const std::unique_ptr<PrintDialog> dialog = printDialog();
+    const std::unique_ptr<PrintDialog> dialog = printDialog(m_letters->ticks);
     if (dialog->exec() == QDialog::Accepted)
         print(dialog->order());
     else
         m_closesWhenPrinted = false;
 }
 
+void ViewerWindow::askPrintThis()
+{
+    if (m_task->isRunning()) return;
+    LetterTicks only(m_letters->set.size());
+    only.setAll(false);
+    only.set(m_page->letter(), true);
+    const std::unique_ptr<PrintDialog> dialog = printDialog(only);
+    dialog->setWindowTitle(u"印刷（%1）"_s.arg(qtText(m_letters->names.titleOf(m_page->letter()))));
+    if (dialog->exec() == QDialog::Accepted) print(dialog->order(), only);
+}
+
 void ViewerWindow::print(const PrintOrder &order)
 {
-    const std::vector<std::size_t> which = m_letters->ticks.letters();
+    print(order, m_letters->ticks);
+}
+
+void ViewerWindow::print(const PrintOrder &order, const LetterTicks &ticks)
+{
+    const std::vector<std::size_t> which = inPrintOrder(ticks.letters(), order);
     if (which.empty()) return showMessage(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
     if (order.printer.isEmpty())
         return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
@@ -92,13 +109,13 @@ void ViewerWindow::print(const PrintOrder &order)
 void ViewerWindow::tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which)
 {
     if (result.isDone()) {
-        statusBar()->showMessage(u"%1通を印刷に送りました。"_s.arg(which.size()));
+        statusBar()->showMessage(u"%1通をプリンターに送りました。"_s.arg(which.size()));
         if (m_closesWhenPrinted) m_closesAfterTask = true;
         return;
     }
     m_closesWhenPrinted = false;
     const std::span<const std::size_t> all(which);
-    const QString parts = u"\n\n印刷に送った番号：%1\n送っていない番号：%2"_s.arg(
+    const QString parts = u"\n\nプリンターに送った番号：%1\n送っていない番号：%2"_s.arg(
         numbersText(all.first(result.sent)), numbersText(all.subspan(result.sent)));
     if (result.isCancelled)
         showMessage(QMessageBox::Information, u"印刷を中止しました。"_s + parts);
@@ -144,7 +161,7 @@ void ViewerWindow::keepPdfFolder(const QString &folder)
 void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
 {
     const QString path =
-        m_services.askPdfFile(this, m_settings.pdfFolder(), qtText(m_letters->set.shownTitle()) + u".pdf"_s);
+        m_services.askPdfFile(this, m_settings.pdfFolder(), qtText(fileNameOfAll(m_letters->set, which, ".pdf")));
     if (path.isEmpty()) return;
     keepPdfFolder(QFileInfo(path).absolutePath());
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {

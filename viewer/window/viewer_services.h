@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/io/system_edges.h"
 #include "viewer/window/print_dialog.h"
 #include "viewer/window/print_letters.h"
 
@@ -23,6 +24,8 @@ struct ViewerServices {
     /// Returns an empty path when the user cancels. Without a folder the user's documents are offered.
     std::function<QString(QWidget *parent, const QString &folder, const QString &name)> askPdfFile;
     std::function<QString(QWidget *parent, const QString &folder)> askFolder;
+    /// The day that the check compares dates with.
+    std::function<Date()> today = presentDay;
     /// Empty means the user's own file.
     QString settingsFile;
 };

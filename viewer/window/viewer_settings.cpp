@@ -1,5 +1,7 @@
 #include "viewer/window/viewer_settings.h"
 
+#include "viewer/window/qt_text.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -23,10 +25,10 @@ QString ownPath()
 }
 
 /// A printer's name may contain the separator of keys.
-QString offsetKey(const QString &printer, const char *direction)
+QString printerKey(const QString &printer, const char *setting)
 {
     const QString name = QString::fromLatin1(QUrl::toPercentEncoding(printer));
-    return u"printers/"_s + (name.isEmpty() ? u"-"_s : name) + u'/' + QLatin1String(direction);
+    return u"printers/"_s + (name.isEmpty() ? u"-"_s : name) + u'/' + QLatin1String(setting);
 }
 
 } // namespace
@@ -36,15 +38,45 @@ ViewerSettings::ViewerSettings(const QString &path) : m_file(path.isEmpty() ? ow
 PrinterOffset ViewerSettings::offsetOf(const QString &printer) const
 {
     const auto read = [&](const char *direction) {
-        return std::clamp(m_file.value(offsetKey(printer, direction)).toInt(), -kMaxOffset, kMaxOffset);
+        return std::clamp(m_file.value(printerKey(printer, direction)).toInt(), -kMaxOffset, kMaxOffset);
     };
     return {read("offsetRight"), read("offsetDown")};
 }
 
 void ViewerSettings::setOffset(const QString &printer, const PrinterOffset &offset)
 {
-    m_file.setValue(offsetKey(printer, "offsetRight"), offset.right);
-    m_file.setValue(offsetKey(printer, "offsetDown"), offset.down);
+    m_file.setValue(printerKey(printer, "offsetRight"), offset.right);
+    m_file.setValue(printerKey(printer, "offsetDown"), offset.down);
+}
+
+QString ViewerSettings::duplexOf(const QString &printer) const
+{
+    return m_file.value(printerKey(printer, "duplex")).toString();
+}
+
+void ViewerSettings::setDuplex(const QString &printer, const QString &duplex)
+{
+    m_file.setValue(printerKey(printer, "duplex"), duplex);
+}
+
+QString ViewerSettings::trayOf(const QString &printer) const
+{
+    return m_file.value(printerKey(printer, "tray")).toString();
+}
+
+void ViewerSettings::setTray(const QString &printer, const QString &tray)
+{
+    m_file.setValue(printerKey(printer, "tray"), tray);
+}
+
+LetterOrder ViewerSettings::letterOrder() const
+{
+    return m_file.value(u"print/reversed"_s).toBool() ? LetterOrder::reversed : LetterOrder::forward;
+}
+
+void ViewerSettings::setLetterOrder(LetterOrder order)
+{
+    m_file.setValue(u"print/reversed"_s, order == LetterOrder::reversed);
 }
 
 QString ViewerSettings::printer() const
@@ -96,6 +128,38 @@ QByteArray ViewerSettings::windowPlace() const
 void ViewerSettings::setWindowPlace(const QByteArray &place)
 {
     m_file.setValue(u"window/place"_s, place);
+}
+
+ViewLayout ViewerSettings::viewLayout() const
+{
+    const auto pixels = [this](const QString &key) {
+        constexpr int kMostPixels = 20000;
+        return std::clamp(m_file.value(key).toInt(), 0, kMostPixels);
+    };
+    return {pixels(u"window/listWidth"_s), pixels(u"window/checkHeight"_s), m_file.value(u"window/zoom"_s).toString()};
+}
+
+void ViewerSettings::setViewLayout(const ViewLayout &layout)
+{
+    m_file.setValue(u"window/listWidth"_s, layout.listWidth);
+    m_file.setValue(u"window/checkHeight"_s, layout.checkHeight);
+    m_file.setValue(u"window/zoom"_s, layout.zoom);
+}
+
+CauseSet ViewerSettings::switchedOffCauses() const
+{
+    CauseSet causes;
+    for (const QString &name : m_file.value(u"check/switchedOff"_s).toStringList())
+        if (const std::optional<Cause> cause = causeNamed(utf8Text(name))) causes.set(static_cast<std::size_t>(*cause));
+    return causes;
+}
+
+void ViewerSettings::setSwitchedOffCauses(const CauseSet &causes)
+{
+    QStringList names;
+    for (std::size_t i = 0; i < kCauses; ++i)
+        if (causes.test(i)) names << qtText(textOf(static_cast<Cause>(i)).name);
+    m_file.setValue(u"check/switchedOff"_s, names);
 }
 
 bool ViewerSettings::save()

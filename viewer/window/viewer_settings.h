@@ -1,5 +1,7 @@
 #pragma once
 
+#include "viewer/check/cause.h"
+
 #include <QByteArray>
 #include <QSettings>
 #include <QString>
@@ -14,6 +16,15 @@ struct PrinterOffset {
     friend bool operator==(const PrinterOffset &, const PrinterOffset &) = default;
 };
 
+/// The order in which letters are printed.
+enum class LetterOrder { forward, reversed };
+
+/// How the window was divided and how the page was shown; 0 and an empty text mean the defaults.
+struct ViewLayout {
+    int listWidth = 0, checkHeight = 0;
+    QString zoom; ///< "page", "width" or a factor
+};
+
 /// The viewer's settings, in an ini file beside the user's other settings.
 class ViewerSettings {
 public:
@@ -24,6 +35,14 @@ public:
     void setOffset(const QString &printer, const PrinterOffset &offset);
     [[nodiscard]] QString printer() const;
     void setPrinter(const QString &printer);
+    /// The name of a choice of the dialog; empty for the printer's own setting.
+    [[nodiscard]] QString duplexOf(const QString &printer) const;
+    void setDuplex(const QString &printer, const QString &duplex);
+    /// The key of a tray; empty for the printer's own setting.
+    [[nodiscard]] QString trayOf(const QString &printer) const;
+    void setTray(const QString &printer, const QString &tray);
+    [[nodiscard]] LetterOrder letterOrder() const;
+    void setLetterOrder(LetterOrder order);
     /// 0 means one job for all letters.
     [[nodiscard]] int lettersPerJob() const;
     void setLettersPerJob(int letters);
@@ -34,6 +53,11 @@ public:
     void setPdfFolder(const QString &folder);
     [[nodiscard]] QByteArray windowPlace() const;
     void setWindowPlace(const QByteArray &place);
+    [[nodiscard]] ViewLayout viewLayout() const;
+    void setViewLayout(const ViewLayout &layout);
+    /// The causes that the check leaves out.
+    [[nodiscard]] CauseSet switchedOffCauses() const;
+    void setSwitchedOffCauses(const CauseSet &causes);
     /// Writes changed settings; false when the file cannot be written.
     bool save();
 

@@ -5,7 +5,9 @@
 #include "viewer/window/finding_index.h"
 #include "viewer/window/letter_finder.h"
 #include "viewer/window/letter_list_model.h"
+#include "viewer/window/listed_letters.h"
 #include "viewer/window/open_letters.h"
+#include "viewer/window/page_view.h"
 #include "viewer/window/pdf_dialog.h"
 #include "viewer/window/viewer_services.h"
 
@@ -17,6 +19,7 @@
 #include <vector>
 
 class QAction;
+class QComboBox;
 class QLabel;
 class QLayout;
 class QLineEdit;
@@ -28,7 +31,6 @@ namespace inin::viewer {
 class CheckPanel;
 class LetterList;
 class NoticeBar;
-class PageView;
 class RangeBox;
 class TaskBar;
 
@@ -53,7 +55,11 @@ public:
 
     /// Opens the print dialog, then prints the ticked letters.
     void askPrint();
+    /// The same for the shown letter alone; the ticks stay as they are.
+    void askPrintThis();
     void print(const PrintOrder &order);
+    /// Shows the listed letters of this kind only.
+    void setFilter(ListFilter filter);
     /// Lets the user choose letters and file names, then writes PDF files.
     void askPdf();
     void savePdf(const PdfOrder &order);
@@ -68,10 +74,16 @@ private:
     void buildSelectMenu();
     void buildMoveMenu();
     void buildViewMenu();
+    void buildSortMenu(QMenu *menu);
     void buildTools();
     QLayout *buildFind(QWidget *side);
+    QLayout *buildFilter(QWidget *side);
     QWidget *buildList();
     QWidget *buildPage();
+    void fitToScreen();
+    void restoreLayout();
+    void keepLayout();
+    [[nodiscard]] QString runTitle() const;
     void adopt(std::unique_ptr<OpenLetters> letters);
     /// The warnings about the letter files, one per line.
     [[nodiscard]] QString warningText() const;
@@ -79,16 +91,26 @@ private:
     void startCheck();
     void checkMore();
     void showFindings();
+    void switchCheck(Cause cause, bool isOn);
     void showZoom();
     void step(int by);
     void tickAll(bool ticked);
     void ticksChanged();
     void untickMarked();
+    enum class Ticking { more, only };
+    /// Ticks the found letters; with Ticking::only no others stay ticked.
+    void tickFound(Ticking ticking);
     void find(Direction direction);
     void findTyped();
-    void showFound(std::optional<std::size_t> letter);
+    void showFound(const std::vector<bool> &found, std::optional<std::size_t> letter);
+    void showNextFlagged(Direction direction);
+    void refreshList();
+    void showListNote();
+    void fitPage(PageView::Fit fit);
     void fileChanged(const std::string &path);
-    [[nodiscard]] std::unique_ptr<PrintDialog> printDialog();
+    /// A dialog for `ticks`, which must outlive it.
+    [[nodiscard]] std::unique_ptr<PrintDialog> printDialog(LetterTicks &ticks);
+    void print(const PrintOrder &order, const LetterTicks &ticks);
     void runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task);
     void tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which);
     void writePdf(const std::vector<std::size_t> &which);
@@ -102,23 +124,28 @@ private:
     std::unique_ptr<OpenLetters> m_letters;
     std::unique_ptr<LetterFinder> m_finder;
     std::unique_ptr<LetterCheck> m_check; ///< set while letters are being checked
+    std::vector<Finding> m_allFindings;   ///< by the check, whether or not its cause is switched on
     FindingIndex m_findings;
     QTimer m_checkTimer;
     FileWatch m_watch;
     LetterListModel m_model;
+    ListedLetters m_listed{m_model};
     std::vector<QAction *> m_idleActions; ///< those that are disabled while a task runs
     LetterList *m_list = nullptr;
     PageView *m_page = nullptr;
     CheckPanel *m_checkPanel = nullptr;
-    QSplitter *m_pageSplit = nullptr;
+    QSplitter *m_split = nullptr, *m_pageSplit = nullptr;
     NoticeBar *m_notice = nullptr;
     RangeBox *m_range = nullptr;
     TaskBar *m_task = nullptr;
     QSpinBox *m_number = nullptr;
     QLineEdit *m_find = nullptr;
     QLabel *m_found = nullptr;
+    QComboBox *m_filter = nullptr;
+    QLabel *m_listNote = nullptr;
     QLabel *m_zoom = nullptr;
-    QString m_taskState; ///< progress of the running task, in words
+    int m_checkHeight = 0; ///< of the check's list, when it has rows
+    QString m_taskState;   ///< progress of the running task, in words
     bool m_isAsking = false, m_closesAfterTask = false, m_closesWhenPrinted = false;
 };
 

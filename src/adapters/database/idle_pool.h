@@ -22,6 +22,8 @@ public:
 
     explicit IdlePool(std::function<TimePoint()> now = std::chrono::steady_clock::now) : m_now(std::move(now)) {}
 
+    [[nodiscard]] const std::function<TimePoint()> &clock() const { return m_now; }
+
     /// An idle connection that is still usable, nullptr for none.
     std::unique_ptr<Handle> take(const std::string &connectionString)
     {

@@ -1,81 +1,46 @@
 #include "adapters/odbc/odbc_connection.h"
 
-#include "adapters/database/ado_error.h"
 #include "adapters/odbc/driver_choice.h"
 #include "adapters/odbc/jet_dao.h"
-#include "adapters/odbc/odbc_string.h"
-#include "runtime/runtime_error.h"
 
 namespace inin::odbc {
 
-void OdbcShared::loadDrivers()
+const std::vector<std::string> &OdbcPool::drivers()
 {
-    if (environment) return;
-    environment = std::make_shared<OdbcEnvironment>();
-    drivers = environment->drivers();
+    if (m_environment) return m_drivers;
+    m_environment = std::make_shared<OdbcEnvironment>();
+    m_drivers = m_environment->drivers();
     if (std::string own = jetDriver(); isPath(own))
-        drivers.push_back(std::move(own)); // its package does not register it
+        m_drivers.push_back(std::move(own)); // its package does not register it
+    return m_drivers;
 }
 
-std::unique_ptr<OdbcSession> OdbcShared::logIn(const OdbcString &target, std::vector<ProviderError> &errors)
+std::unique_ptr<OdbcSession> OdbcPool::logIn(const OdbcString &target,
+                                             const std::shared_ptr<OdbcSession::Errors> &errors)
 {
-    auto session = std::make_unique<OdbcSession>(environment, target, errors);
-    ++logIns;
+    auto session = std::make_unique<OdbcSession>(m_environment, target, *errors);
+    ++m_logIns;
     return session;
-}
-
-OdbcConnection::~OdbcConnection()
-{
-    if (m_lease) giveBack();
 }
 
 /// The text of a refusal never contains the connection string, which may contain a password.
 void OdbcConnection::Open(const std::string &connectionString, const std::string &user, const std::string &password,
                           std::int32_t)
 {
-    if (m_lease) raiseOpen();
-    const std::string poolKey = connectionString + '\0' + user + '\0' + password;
-    std::unique_ptr<OdbcSession> session = m_shared->pool.take(poolKey);
+    if (isOpen()) raiseOpen();
+    const std::string key = connectionString + '\0' + user + '\0' + password;
+    std::unique_ptr<OdbcSession> session = pool().take(key);
     if (!session) {
-        m_shared->loadDrivers();
-        const OdbcString target = odbcStringFor(connectionString, m_shared->drivers, {user, password});
-        if (!target.problem.empty()) raise(*m_errors, ownError(ado_error::unspecified, "IM002", target.problem));
-        session = m_shared->logIn(target, *m_errors);
+        const OdbcString target = odbcStringFor(connectionString, pool().drivers(), {user, password});
+        if (!target.problem.empty()) raise(*errors(), ownError(ado_error::unspecified, "IM002", target.problem));
+        session = pool().logIn(target, errors());
     }
-    session->setErrors(m_errors);
-    session->setTimeout(m_timeout);
-    m_poolKey = poolKey;
-    m_lease = std::make_shared<OdbcLease>(OdbcLease{std::move(session), m_errors});
-}
-
-void OdbcConnection::Close()
-{
-    if (!m_lease) raiseClosed();
-    giveBack();
-}
-
-void OdbcConnection::giveBack()
-{
-    m_shared->pool.giveBack(m_poolKey, std::move(m_lease->session));
-    m_lease.reset();
+    use(std::move(session), key);
 }
 
 std::string OdbcConnection::DefaultDatabase() const
 {
-    return m_lease ? m_lease->session->defaultDatabase() : std::string();
-}
-
-void OdbcConnection::setCommandTimeout(std::int32_t seconds)
-{
-    if (seconds < 0) throw RuntimeError(ado_error::badArgument, "the command timeout is negative");
-    m_timeout = seconds;
-    if (m_lease) m_lease->session->setTimeout(seconds);
-}
-
-std::shared_ptr<OdbcLease> OdbcConnection::lease() const
-{
-    if (!m_lease) raiseClosed();
-    return m_lease;
+    return isOpen() ? lease()->physical->defaultDatabase() : std::string();
 }
 
 } // namespace inin::odbc

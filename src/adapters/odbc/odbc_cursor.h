@@ -3,9 +3,10 @@
 #include "adapters/odbc/column.h"
 #include "adapters/odbc/diagnostics.h"
 #include "adapters/odbc/odbc_handle.h"
-#include "adapters/odbc/row_block.h"
+#include "runtime/variant.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,45 @@
 #include <vector>
 
 namespace inin::odbc {
+
+/// Fetches the rows of a statement in blocks. Columns before the first long one are bound to row arrays. With a long
+/// column rows are fetched singly, and its value and those after it are fetched once each, in order and in pieces,
+/// because a driver returns them only once.
+class RowBlock {
+public:
+    enum class Outcome : std::uint8_t { rows, end, failed };
+
+    /// Binds the columns; `statement` must outlive the block.
+    RowBlock(const OdbcHandle &statement, const std::vector<OdbcColumn> &columns);
+
+    /// Fetches the next block. With `failed` the rows before the failure can still be read; `failure` has the reason.
+    Outcome fetch();
+    /// The number of readable rows.
+    [[nodiscard]] std::size_t count() const { return m_count; }
+    [[nodiscard]] const std::vector<DiagnosticRecord> &failure() const { return m_failure; }
+    [[nodiscard]] Variant value(std::size_t row, std::size_t column) const;
+
+private:
+    struct Bound {
+        std::vector<std::byte> cells;
+        std::vector<std::intptr_t> lengths; ///< bytes of a value, or ODBC's negative indicator for NULL
+    };
+    void bind(std::size_t column);
+    Outcome endOfRows();
+    bool readPieces();
+    bool readPiece(std::size_t column, Variant &value);
+
+    const OdbcHandle &m_statement;
+    const std::vector<OdbcColumn> &m_columns;
+    std::size_t m_firstLong = 0; ///< the number of columns if none is long
+    std::size_t m_capacity = 1;
+    std::vector<Bound> m_bound;
+    std::vector<Variant> m_pieces; ///< values of the current row from the first long column on
+    std::uintptr_t m_fetched = 0;
+    std::vector<std::uint16_t> m_status;
+    std::size_t m_count = 0;
+    std::vector<DiagnosticRecord> m_failure;
+};
 
 class OdbcSession;
 
@@ -28,8 +68,10 @@ public:
     void next();
     [[nodiscard]] Variant value(std::size_t column) const;
 
-    [[nodiscard]] const std::vector<OdbcColumn> &columns() const { return m_columns; }
-    /// columns().size() if there is none. Called for each value of each row, so results are cached by name.
+    [[nodiscard]] std::size_t fieldCount() const { return m_columns.size(); }
+    [[nodiscard]] std::string fieldName(std::size_t index) const { return m_columns[index].name; }
+    [[nodiscard]] std::int32_t declaredType(std::size_t index) const { return m_columns[index].adoType; }
+    /// fieldCount() if there is none. Called for each value of each row, so results are cached by name.
     [[nodiscard]] std::size_t fieldIndex(std::string_view name) const;
 
     /// Reads all remaining rows into memory and frees the statement. A failure is raised when the cursor reaches its

@@ -1,7 +1,6 @@
 #include "adapters/odbc/odbc_database.h"
 
 #include "adapters/odbc/odbc_connection.h"
-#include "adapters/odbc/odbc_recordset.h"
 
 namespace inin::odbc {
 
@@ -9,15 +8,15 @@ namespace {
 
 class SharingDatabase : public OdbcDatabase {
 public:
-    ~SharingDatabase() override { m_shared->pool.close(); }
+    ~SharingDatabase() override { m_pool->close(); }
 
-    std::unique_ptr<Connection> newConnection() override { return std::make_unique<OdbcConnection>(m_shared); }
+    std::unique_ptr<Connection> newConnection() override { return std::make_unique<OdbcConnection>(m_pool); }
     std::unique_ptr<Recordset> newRecordset() override { return std::make_unique<OdbcRecordset>(); }
-    [[nodiscard]] std::int64_t logIns() const override { return m_shared->logIns; }
+    [[nodiscard]] std::int64_t logIns() const override { return m_pool->logIns(); }
 
 private:
     /// Shared with the sessions, which may outlive the library and log off later.
-    std::shared_ptr<OdbcShared> m_shared = std::make_shared<OdbcShared>();
+    std::shared_ptr<OdbcPool> m_pool = std::make_shared<OdbcPool>();
 };
 
 } // namespace

@@ -126,6 +126,12 @@ std::shared_ptr<OdbcCursor> OdbcSession::openReading(const std::string &sql)
     return cursor;
 }
 
+void OdbcSession::restart(std::shared_ptr<OdbcCursor> &cursor, const std::string &sql)
+{
+    cursor->close();
+    cursor = openReading(sql);
+}
+
 std::int32_t OdbcSession::execute(const std::string &sql)
 {
     if (isBlankText(sql)) return -1; // a server accepts blank text without error

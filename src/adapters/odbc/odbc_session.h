@@ -33,6 +33,7 @@ public:
 
     /// Runs one SELECT; refuses any other statement.
     [[nodiscard]] std::shared_ptr<OdbcCursor> openReading(const std::string &sql);
+    void restart(std::shared_ptr<OdbcCursor> &cursor, const std::string &sql);
     /// Runs statements and discards their rows. Returns the number of changed rows, or -1 for statements that change
     /// none.
     std::int32_t execute(const std::string &sql);

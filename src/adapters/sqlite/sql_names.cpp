@@ -10,6 +10,17 @@ namespace inin::sqlite {
 
 namespace {
 
+struct TypeWord {
+    std::string_view word;
+    ColumnKind kind;
+};
+/// Searched in this order, anywhere in the declared type.
+constexpr TypeWord kTypeWords[] = {
+    {"date", ColumnKind::date},     {"timestamp", ColumnKind::date}, {"char", ColumnKind::text},
+    {"text", ColumnKind::text},     {"clob", ColumnKind::text},      {"blob", ColumnKind::binary},
+    {"binary", ColumnKind::binary}, {"image", ColumnKind::binary},
+};
+
 constexpr std::array<std::string_view, 63> kKeywords{
     "add",       "all",     "alter",      "and",       "any",      "as",     "asc",      "begin", "between",
     "by",        "commit",  "create",     "cross",     "delete",   "desc",   "distinct", "drop",  "else",
@@ -35,6 +46,33 @@ bool precedesTable(const Token &token)
 }
 
 } // namespace
+
+ColumnKind kindOfDeclaredType(std::string_view declared)
+{
+    if (declared.empty()) return ColumnKind::unknown;
+    const std::string lower = asciiLower(declared);
+    for (const TypeWord &type : kTypeWords)
+        if (lower.find(type.word) != std::string::npos) return type.kind;
+    return ColumnKind::number;
+}
+
+void SqlSchema::add(std::string_view table, std::string_view column, std::string_view declaredType)
+{
+    m_tables[asciiLower(table)].push_back({asciiLower(column), kindOfDeclaredType(declaredType)});
+}
+
+const SqlSchema::Columns *SqlSchema::columnsOf(std::string_view table) const
+{
+    const auto found = m_tables.find(asciiLower(table));
+    return found == m_tables.end() ? nullptr : &found->second;
+}
+
+ColumnKind kindIn(const SqlSchema::Columns &columns, std::string_view lowerName)
+{
+    for (const SqlSchema::Column &column : columns)
+        if (column.lowerName == lowerName) return column.kind;
+    return ColumnKind::unknown;
+}
 
 bool isSqlKeyword(const Token &token)
 {

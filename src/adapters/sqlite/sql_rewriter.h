@@ -2,7 +2,6 @@
 
 #include "adapters/database/sql_tokenizer.h"
 #include "adapters/sqlite/sql_names.h"
-#include "adapters/sqlite/sql_schema.h"
 #include "adapters/sqlite/sql_translator.h"
 
 #include <cstddef>

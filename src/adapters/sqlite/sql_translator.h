@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/database/sql_tokenizer.h"
-#include "adapters/sqlite/sql_schema.h"
+#include "adapters/sqlite/sql_names.h"
 
 #include <optional>
 #include <string>

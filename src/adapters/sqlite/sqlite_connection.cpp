@@ -5,6 +5,8 @@
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
 
+#include <algorithm>
+
 namespace inin::sqlite {
 
 namespace {
@@ -20,19 +22,36 @@ std::string databaseName(const std::string &dataSource)
 
 } // namespace
 
-SqliteConnection::~SqliteConnection()
+void SqlitePool::lend(SqliteHandle &handle)
 {
-    if (m_lease) giveBack();
+    m_lent.insert(&handle);
+    // All sessions run on one thread: while this one waits, no other can end its transaction or release its read lock.
+    // A session with the write lock blocks all others, a reading session only the commit of a writer.
+    handle.setDeadlockCheck([this, &handle] {
+        return std::any_of(m_lent.begin(), m_lent.end(), [&handle](const SqliteHandle *other) {
+            return other != &handle && (other->isWriting() || (handle.isWriting() && other->isReading()));
+        });
+    });
+}
+
+bool SqlitePool::isWriting() const
+{
+    return std::any_of(m_lent.begin(), m_lent.end(), [](const SqliteHandle *handle) { return handle->isWriting(); });
+}
+
+void SqlitePool::giveBack(const std::string &connectionString, std::unique_ptr<SqliteHandle> handle)
+{
+    m_lent.erase(handle.get());
+    IdlePool::giveBack(connectionString, std::move(handle));
 }
 
 void SqliteConnection::Open(const std::string &connectionString, const std::string &, const std::string &, std::int32_t)
 {
-    if (m_lease) raiseOpen();
-    std::unique_ptr<SqliteHandle> handle = m_pool->take(connectionString);
+    if (isOpen()) raiseOpen();
+    std::unique_ptr<SqliteHandle> handle = pool().take(connectionString);
     if (!handle) handle = openFile(connectionString);
-    handle->setTimeout(m_timeout);
-    m_pool->lend(*handle);
-    m_lease = std::make_shared<SqliteLease>(SqliteLease{std::move(handle), m_errors});
+    pool().lend(*handle);
+    use(std::move(handle), connectionString);
     if (m_connectionString == connectionString && !m_database.empty()) return;
     m_connectionString = connectionString;
     m_database = databaseName(readConnectionString(connectionString).value("data source").value_or(""));
@@ -42,7 +61,7 @@ void SqliteConnection::Open(const std::string &connectionString, const std::stri
 std::unique_ptr<SqliteHandle> SqliteConnection::openFile(const std::string &connectionString)
 {
     const auto refuse = [this](const std::string &why) {
-        raise(*m_errors, providerError(ado_error::unspecified, "IM002", why));
+        raise(*errors(), providerError(ado_error::unspecified, "IM002", why));
     };
     const ConnectionString parts = readConnectionString(connectionString);
     const std::string provider = parts.value("provider").value_or("");
@@ -51,40 +70,10 @@ std::unique_ptr<SqliteHandle> SqliteConnection::openFile(const std::string &conn
     if (!parts.problem.empty()) refuse(parts.problem);
     const std::string source = parts.value("data source").value_or("");
     if (source.empty()) refuse("the connection string names no Data Source");
-    auto handle = std::make_unique<SqliteHandle>(m_resolvePath(source), source, m_timeout, *m_errors, m_pool->clock());
-    if (equalsIgnoringAsciiCase(parts.value("mode").value_or(""), "Share Exclusive"))
-        handle->lockExclusively(*m_errors);
+    auto handle =
+        std::make_unique<SqliteHandle>(m_resolvePath(source), source, CommandTimeout(), errors(), pool().clock());
+    if (equalsIgnoringAsciiCase(parts.value("mode").value_or(""), "Share Exclusive")) handle->lockExclusively();
     return handle;
-}
-
-void SqliteConnection::Close()
-{
-    if (!m_lease) raiseClosed();
-    giveBack();
-}
-
-void SqliteConnection::giveBack()
-{
-    m_pool->giveBack(m_connectionString, std::move(m_lease->handle));
-    m_lease.reset();
-}
-
-void SqliteConnection::setCommandTimeout(std::int32_t seconds)
-{
-    if (seconds < 0) throw RuntimeError(ado_error::badArgument, "the command timeout is negative");
-    m_timeout = seconds;
-    if (m_lease) m_lease->handle->setTimeout(seconds);
-}
-
-std::int32_t SqliteConnection::Execute(const std::string &sql, std::int32_t)
-{
-    return handle().execute(sql, *m_errors);
-}
-
-std::shared_ptr<SqliteLease> SqliteConnection::lease() const
-{
-    if (!m_lease) raiseClosed();
-    return m_lease;
 }
 
 } // namespace inin::sqlite

@@ -1,12 +1,12 @@
 #include "adapters/sqlite/sqlite_database.h"
 
 #include "adapters/database/connection_string.h"
+#include "adapters/database/dao_over_ado.h"
 #include "adapters/sqlite/sqlite_connection.h"
-#include "adapters/sqlite/sqlite_handle.h"
-#include "adapters/sqlite/sqlite_pool.h"
-#include "adapters/sqlite/sqlite_recordset.h"
 
 #include <sqlite3.h>
+
+#include <string_view>
 
 namespace inin::sqlite {
 
@@ -30,6 +30,19 @@ private:
     std::shared_ptr<SqlitePool> m_pool = std::make_shared<SqlitePool>();
 };
 
+std::string inDoubleQuotes(std::string_view value)
+{
+    std::string text = "\"";
+    for (const char c : value) text.append(c == '"' ? 2 : 1, c);
+    return text + "\"";
+}
+
+std::string connectionString(const std::string &path, DaoWorkspace::Sharing sharing)
+{
+    const std::string text = "Provider=SQLite;Data Source=" + inDoubleQuotes(path);
+    return sharing == DaoWorkspace::Sharing::exclusive ? text + ";Mode=Share Exclusive" : text;
+}
+
 } // namespace
 
 std::unique_ptr<Database> makeSqliteDatabase(std::function<std::string(const std::string &)> resolvePath)
@@ -46,8 +59,18 @@ bool isSoundSqliteDatabase(const std::string &connectionString,
     const ConnectionString parts = readConnectionString(connectionString);
     if (!parts.isForSqlite()) return true;
     const std::string source = parts.value("data source").value_or("");
-    std::vector<ProviderError> errors;
-    return SqliteHandle(resolvePath(source), source, kDefaultCommandTimeout, errors).passesIntegrityCheck(errors);
+    SqliteHandle file(resolvePath(source), source, kDefaultCommandTimeout, std::make_shared<SqliteHandle::Errors>());
+    return file.passesIntegrityCheck();
+}
+
+std::unique_ptr<DaoEngine> makeSqliteDao(std::function<std::string(const std::string &)> resolvePath)
+{
+    constexpr std::string_view kStart("SQLite format 3\0", 16);
+    // The provider keeps the path, because makeDaoOverAdo has resolved it.
+    std::shared_ptr<Database> provider = makeSqliteDatabase([](const std::string &path) { return path; });
+    return makeDaoOverAdo({std::move(provider), std::move(resolvePath),
+                           [kStart](std::string_view start) { return start.starts_with(kStart); }, connectionString,
+                           DaoAccess::readWrite});
 }
 
 } // namespace inin::sqlite

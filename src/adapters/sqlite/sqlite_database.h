@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/dao.h"
 #include "platform/database.h"
 
 #include <functional>
@@ -18,5 +19,9 @@ namespace inin::sqlite {
 /// locked. True for another provider's connection string.
 [[nodiscard]] bool isSoundSqliteDatabase(const std::string &connectionString,
                                          const std::function<std::string(const std::string &)> &resolvePath);
+
+/// The embedded database with the interface of DAO. A database's name is the path of its file; `resolvePath` converts
+/// that path of the suite to one of the operating system.
+[[nodiscard]] std::unique_ptr<DaoEngine> makeSqliteDao(std::function<std::string(const std::string &)> resolvePath);
 
 } // namespace inin::sqlite

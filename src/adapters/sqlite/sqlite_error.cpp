@@ -2,6 +2,7 @@
 
 #include "runtime/utf8.h"
 
+#include <fmt/format.h>
 #include <sqlite3.h>
 
 namespace inin::sqlite {
@@ -34,15 +35,47 @@ constexpr MessageRow kMessages[] = {
     {"cannot rollback", ado_error::noTransaction, "25000"},
 };
 
+/// What the user reads, for the common errors; a row without a start holds for every message of its code.
+struct WordsRow {
+    int code; ///< SQLite's primary code
+    std::string_view start;
+    std::string_view words;
+};
+constexpr WordsRow kWords[] = {
+    {SQLITE_ERROR, "no such table", "テーブルがありません。"},
+    {SQLITE_ERROR, "no such column", "列がありません。"},
+    {SQLITE_BUSY, "", "データベースがほかのプログラムに使われています。"},
+    {SQLITE_LOCKED, "", "データベースがほかのプログラムに使われています。"},
+    {SQLITE_CONSTRAINT, "", "データの制約に反するため、書き込めません。"},
+    {SQLITE_FULL, "", "ディスクの空きがありません。"},
+    {SQLITE_READONLY, "", "データベースは読み取り専用です。"},
+    {SQLITE_NOTADB, "", "データベースのファイルではありません。"},
+    {SQLITE_CORRUPT, "", "データベースが壊れています。"},
+    {SQLITE_CANTOPEN, "", "データベースのファイルを開けません。"},
+};
+
+constexpr int primaryCode(int code)
+{
+    return code & 0xFF;
+}
+
 } // namespace
+
+std::string shownMessage(int code, std::string_view message)
+{
+    for (const WordsRow &row : kWords)
+        if (row.code == primaryCode(code) && message.starts_with(row.start))
+            return fmt::format("{}（{}）", row.words, message);
+    return std::string(message);
+}
 
 ProviderError providerError(sqlite3 *db, int code)
 {
     const int extended = db == nullptr ? code : sqlite3_extended_errcode(db);
     const std::string message = validUtf8(db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db));
-    ProviderError error =
-        providerError(ado_error::unspecified, "HY000", message, extended == SQLITE_OK ? code : extended);
-    const int primary = code & 0xFF;
+    ProviderError error = providerError(ado_error::unspecified, "HY000", shownMessage(code, message),
+                                        extended == SQLITE_OK ? code : extended);
+    const int primary = primaryCode(code);
     for (const CodeRow &row : kCodes) {
         if (row.code != primary) continue;
         error.Number = row.number;

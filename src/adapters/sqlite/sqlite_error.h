@@ -10,6 +10,8 @@ struct sqlite3;
 
 namespace inin::sqlite {
 
+/// SQLite's message, for the common errors after Japanese words: "テーブルがありません。（no such table: T）".
+[[nodiscard]] std::string shownMessage(int code, std::string_view message);
 /// An entry of the error list for the last error of SQLite on `db`.
 [[nodiscard]] ProviderError providerError(sqlite3 *db, int code);
 /// An entry for an error that the adapter detects itself.

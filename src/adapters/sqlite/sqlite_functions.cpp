@@ -1,10 +1,10 @@
 #include "adapters/sqlite/sqlite_functions.h"
 
-#include "adapters/sqlite/japanese_text.h"
 #include "adapters/sqlite/sql_date_text.h"
 #include "adapters/sqlite/sql_rewriter.h"
 #include "runtime/text.h"
 #include "runtime/utf8.h"
+#include "suite_text/japanese_text.h"
 
 #include <sqlite3.h>
 

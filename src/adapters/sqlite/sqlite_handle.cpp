@@ -1,7 +1,6 @@
 #include "adapters/sqlite/sqlite_handle.h"
 
 #include "adapters/database/sql_tokenizer.h"
-#include "adapters/sqlite/file_calls.h"
 #include "adapters/sqlite/sql_shape.h"
 #include "adapters/sqlite/sql_translator.h"
 #include "adapters/sqlite/sqlite_error.h"
@@ -50,14 +49,14 @@ void SqliteHandle::Close::operator()(sqlite3 *db) const
 }
 
 SqliteHandle::SqliteHandle(std::string path, const std::string &displayPath, std::int32_t timeoutSeconds,
-                           Errors &errors, std::function<TimePoint()> now)
-    : m_path(std::move(path)), m_timeout(timeoutSeconds), m_now(std::move(now))
+                           std::shared_ptr<Errors> errors, std::function<TimePoint()> now)
+    : m_path(std::move(path)), m_errors(std::move(errors)), m_timeout(timeoutSeconds), m_now(std::move(now))
 {
-    openFile(displayPath, errors);
-    configure(errors);
+    openFile(displayPath);
+    configure();
     startCommand();
     const int code = refreshSchema();
-    if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    if (code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
     // A print run reads most of the patients, so the cache is enlarged. A failure only costs time.
     (void)sqlite3_exec(m_db.get(), "PRAGMA cache_size = -16384", nullptr, nullptr, nullptr);
 }
@@ -66,11 +65,11 @@ SqliteHandle::~SqliteHandle() = default;
 
 /// Refuses a missing, empty or foreign file itself: SQLite would take an empty file for a new database and report a
 /// foreign one only at the first statement.
-void SqliteHandle::openFile(const std::string &displayPath, Errors &errors)
+void SqliteHandle::openFile(const std::string &displayPath)
 {
     const std::optional<FileIdentity> identity = fileIdentity(m_path);
-    const auto refuse = [&errors](std::string message, int code) {
-        raise(errors, providerError(ado_error::unspecified, "HY000", std::move(message), code));
+    const auto refuse = [this](const std::string &message, int code) {
+        raise(*m_errors, providerError(ado_error::unspecified, "HY000", shownMessage(code, message), code));
     };
     if (!identity) refuse("unable to open database file: " + displayPath, SQLITE_CANTOPEN);
     m_identity = *identity;
@@ -85,7 +84,7 @@ void SqliteHandle::openFile(const std::string &displayPath, Errors &errors)
     if (!isDatabase) refuse("file is not a database: " + displayPath, SQLITE_NOTADB);
 }
 
-void SqliteHandle::configure(Errors &errors)
+void SqliteHandle::configure()
 {
     sqlite3 *db = m_db.get();
     sqlite3_extended_result_codes(db, 1);
@@ -100,7 +99,7 @@ void SqliteHandle::configure(Errors &errors)
     sqlite3_progress_handler(db, kProgressSteps, onProgress, this);
     sqlite3_busy_handler(db, onBusy, this);
     const int code = registerSqlFunctions(db);
-    if (code != SQLITE_OK) raise(errors, providerError(db, code));
+    if (code != SQLITE_OK) raise(*m_errors, providerError(db, code));
 }
 
 /// Reloads the columns and drops the translated statements when SQLite's schema version has changed.
@@ -152,26 +151,32 @@ bool SqliteHandle::wasFileChanged()
     return std::exchange(m_dataVersion, version) != version;
 }
 
-std::shared_ptr<SqliteStatement> SqliteHandle::openReading(const std::string &sql, bool &hasRow, Errors &errors)
+std::shared_ptr<SqliteCursor> SqliteHandle::openReading(const std::string &sql)
 {
     const SqlShape shape = shapeOf(tokenizeSql(sql));
     const auto open = [&] {
-        std::shared_ptr<SqliteStatement> statement = prepareReading(shape, errors);
+        const std::shared_ptr<SqliteStatement> statement = prepareReading(shape);
         for (std::size_t at = 0; at < shape.numbers.size(); ++at)
             sqlite3_bind_int64(statement->get(), static_cast<int>(at) + 1, shape.numbers[at]);
-        hasRow = step(*statement, errors);
-        return statement;
+        const bool hasRow = step(*statement);
+        return std::make_shared<SqliteCursor>(*this, statement, hasRow);
     };
-    std::shared_ptr<SqliteStatement> statement = open();
-    if (!wasFileChanged()) return statement;
+    std::shared_ptr<SqliteCursor> cursor = open();
+    if (!wasFileChanged()) return cursor;
     const std::int64_t version = m_version;
-    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
-    if (version == m_version) return statement;
-    statement->reset();
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
+    if (version == m_version) return cursor;
+    cursor.reset();
     return open(); // the first translation used columns that have changed
 }
 
-std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &shape, Errors &errors)
+void SqliteHandle::restart(const std::shared_ptr<SqliteCursor> &cursor, const std::string &)
+{
+    cursor->close();
+    cursor->next();
+}
+
+std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &shape)
 {
     const auto found = std::find_if(m_recent.begin(), m_recent.end(),
                                     [&shape](const auto &entry) { return entry.first == shape.key; });
@@ -181,14 +186,14 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &sh
         if (m_recent.front().second.use_count() == 1) return m_recent.front().second;
         m_recent.erase(m_recent.begin());
     }
-    const auto refuse = [&errors](std::string message, int code) {
-        raise(errors, providerError(ado_error::faultyStatement, "42000", std::move(message), code));
+    const auto refuse = [this](std::string message, int code) {
+        raise(*m_errors, providerError(ado_error::faultyStatement, "42000", std::move(message), code));
     };
     if (!isSingleSelect(shape.tokens)) {
         const std::string problem = lexicalProblem(shape.tokens);
         refuse(problem.empty() ? "a read-only record set runs one SELECT and nothing else" : problem, SQLITE_ERROR);
     }
-    std::shared_ptr<SqliteStatement> statement = prepare(shape.tokens, errors);
+    std::shared_ptr<SqliteStatement> statement = prepare(shape.tokens);
     // No known statement reaches this point and writes. SQLite decides, in case a later version adds one.
     if (sqlite3_stmt_readonly(statement->get()) == 0)
         refuse("a read-only record set cannot change the database", SQLITE_READONLY);
@@ -197,25 +202,25 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepareReading(const SqlShape &sh
     return statement;
 }
 
-std::shared_ptr<SqliteStatement> SqliteHandle::prepare(const std::vector<Token> &tokens, Errors &errors)
+std::shared_ptr<SqliteStatement> SqliteHandle::prepare(const std::vector<Token> &tokens)
 {
     startCommand();
     Translation translation = translateSql(tokens, m_schema);
     if (!translation.problem.empty())
-        raise(errors, providerError(ado_error::faultyStatement, "22007", translation.problem, SQLITE_ERROR));
+        raise(*m_errors, providerError(ado_error::faultyStatement, "22007", translation.problem, SQLITE_ERROR));
     const std::string &text = translation.text;
     sqlite3_stmt *prepared = nullptr;
     const char *tail = nullptr;
     const int code = sqlite3_prepare_v3(m_db.get(), text.data(), static_cast<int>(text.size()), 0, &prepared, &tail);
-    if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    if (code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
     auto statement = std::make_shared<SqliteStatement>(prepared, std::move(translation.results));
     const std::string_view rest(tail, static_cast<std::size_t>(text.data() + text.size() - tail));
     if (prepared == nullptr || rest.find_first_not_of(" \t\r\n\v\f;") != std::string_view::npos)
-        raise(errors, providerError(ado_error::faultyStatement, "42000", "one statement at a time", SQLITE_ERROR));
+        raise(*m_errors, providerError(ado_error::faultyStatement, "42000", "one statement at a time", SQLITE_ERROR));
     return statement;
 }
 
-bool SqliteHandle::step(SqliteStatement &statement, Errors &errors)
+bool SqliteHandle::step(SqliteStatement &statement)
 {
     startCommand();
     const int code = sqlite3_step(statement.get());
@@ -223,75 +228,75 @@ bool SqliteHandle::step(SqliteStatement &statement, Errors &errors)
     if (code == SQLITE_DONE) return false;
     const ProviderError error = providerError(m_db.get(), code);
     statement.reset();
-    raise(errors, error);
+    raise(*m_errors, error);
 }
 
-std::int32_t SqliteHandle::execute(const std::string &sql, Errors &errors)
+std::int32_t SqliteHandle::execute(const std::string &sql)
 {
     const std::vector<Token> tokens = tokenizeSql(sql);
     if (tokens.empty()) return -1; // the server accepts blank text
     const std::string problem = lexicalProblem(tokens);
     if (!problem.empty() || !isSingleStatement(tokens))
-        raise(errors,
+        raise(*m_errors,
               providerError(ado_error::faultyStatement, "42000",
                             problem.empty() ? "only one statement that reads or changes data can be run" : problem,
                             SQLITE_ERROR));
     startCommand();
-    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
-    const std::shared_ptr<SqliteStatement> statement = prepare(tokens, errors);
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
+    const std::shared_ptr<SqliteStatement> statement = prepare(tokens);
     const bool changesRows = sqlite3_stmt_readonly(statement->get()) == 0 && !tokens[0].isWord("create") &&
                              !tokens[0].isWord("drop") && !tokens[0].isWord("alter");
-    while (step(*statement, errors)) {
+    while (step(*statement)) {
     }
     if (changesRows) {
         const sqlite3_int64 rows = sqlite3_changes64(m_db.get());
         return static_cast<std::int32_t>(std::min<sqlite3_int64>(rows, std::numeric_limits<std::int32_t>::max()));
     }
     statement->reset();
-    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
     return -1;
 }
 
-void SqliteHandle::runInternal(const char *sql, Errors &errors)
+void SqliteHandle::runInternal(const char *sql)
 {
     startCommand();
     const int code = sqlite3_exec(m_db.get(), sql, nullptr, nullptr, nullptr);
-    if (code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    if (code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
 }
 
 /// In this mode SQLite keeps the lock of the first transaction after its end.
-void SqliteHandle::lockExclusively(Errors &errors)
+void SqliteHandle::lockExclusively()
 {
-    runInternal("PRAGMA locking_mode = EXCLUSIVE", errors);
-    runInternal("BEGIN EXCLUSIVE", errors);
-    runInternal("COMMIT", errors);
+    runInternal("PRAGMA locking_mode = EXCLUSIVE");
+    runInternal("BEGIN EXCLUSIVE");
+    runInternal("COMMIT");
     m_isExclusive = true;
 }
 
 /// IMMEDIATE, because two transactions that read first and request the write lock later would deadlock.
-void SqliteHandle::begin(Errors &errors)
+void SqliteHandle::begin()
 {
-    runInternal("BEGIN IMMEDIATE", errors);
+    runInternal("BEGIN IMMEDIATE");
 }
 
-void SqliteHandle::commit(Errors &errors)
+void SqliteHandle::commit()
 {
-    runInternal("COMMIT", errors);
+    runInternal("COMMIT");
 }
 
-void SqliteHandle::rollback(Errors &errors)
+void SqliteHandle::rollback()
 {
-    runInternal("ROLLBACK", errors);
-    if (const int code = refreshSchema(); code != SQLITE_OK) raise(errors, providerError(m_db.get(), code));
+    runInternal("ROLLBACK");
+    if (const int code = refreshSchema(); code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
 }
 
-bool SqliteHandle::passesIntegrityCheck(Errors &errors)
+bool SqliteHandle::passesIntegrityCheck()
 {
     startCommand();
     const auto check = prepareInternal(m_db.get(), "PRAGMA integrity_check(1)");
     const int code = check ? sqlite3_step(check->get()) : sqlite3_errcode(m_db.get());
     if ((code & 0xFF) == SQLITE_CORRUPT) return false;
-    if (code != SQLITE_ROW) raise(errors, providerError(m_db.get(), code));
+    if (code != SQLITE_ROW) raise(*m_errors, providerError(m_db.get(), code));
     const Variant answer = check->value(0);
     const std::string *text = answer.getIf<std::string>();
     return text != nullptr && *text == "ok";

@@ -1,13 +1,13 @@
 #include "app/inin_site/options.h"
 #include "demo_site/server_maker.h"
-#include "demo_site/site_files.h"
-#include "demo_site/stand_ins.h"
+#include "demo_site/site_maker.h"
 #include "due_letters/due_letters_text.h"
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
 #include "site_check/due_letters_of_site.h"
 #include "site_check/site_check.h"
 #include "site_check/support_bundle.h"
+#include "site_setup/form_tools.h"
 #include "system/file_path.h"
 #include "system/program_edges.h"
 
@@ -70,6 +70,12 @@ void printFindings(const Findings &findings)
     if (countOf(findings, Severity::notice) == findings.size()) printLine(stdout, "問題は見つかりませんでした。");
 }
 
+int printReports(const std::vector<FileReport> &reports)
+{
+    for (const FileReport &report : reports) printLine(stdout, sentenceOf(report));
+    return kDone;
+}
+
 /// A site that cannot be read differs from one with faults.
 template <class Body> int orUnchecked(const Body &body)
 try {
@@ -117,6 +123,14 @@ struct Run {
                 for (const std::string &line : due::linesOf(answers, command.conditions)) printLine(stdout, line);
             return kDone;
         });
+    }
+    int operator()(const FormsCommand &command) const
+    {
+        return printReports(installForms(command.folder, command.existing));
+    }
+    int operator()(const ToolsCommand &command) const
+    {
+        return printReports(installTools(command.folder, formViewerBeside()));
     }
     int operator()(const HelpCommand &command) const
     {

@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include <charconv>
-#include <limits>
 
 namespace inin::site {
 
@@ -59,6 +58,7 @@ private:
     HelpLanguage m_language;
 };
 
+constexpr HelpText kSuiteFolder{"総合システムのフォルダー。", "Folder of the suite."};
 constexpr HelpText kFolder{"DIR", "DIR"}, kFile{"ファイル", "FILE"}, kNumber{"番号", "NUMBER"}, kCount{"人数", "COUNT"};
 constexpr HelpText kMonth{"YYYY-MM", "YYYY-MM"}, kDay{"YYYY-MM-DD", "YYYY-MM-DD"};
 constexpr HelpText kJson{"結果を JSON で表示します。", "Prints the result as JSON."};
@@ -162,6 +162,52 @@ public:
 private:
     std::string m_folder, m_bundle;
     bool m_isJson = false;
+};
+
+class FormsLine : public CommandLine {
+public:
+    FormsLine(CLI::App &app, HelpLanguage language)
+        : CommandLine(app, "forms",
+                      {"サイトにない帳票を書き込みます。すでにある帳票はそのまま残します。",
+                       "Writes the form documents that a site lacks; existing ones are kept."},
+                      language)
+    {
+        option("DIR", m_folder, kFolder, kSuiteFolder)->required();
+        flag("--replace", m_isReplacing,
+             {"すでにある帳票を、番号を付けた名前で残してから置き換えます。",
+              "Replaces existing form documents, and keeps each under a numbered name."});
+    }
+
+    [[nodiscard]] Command read() const
+    {
+        if (m_folder.empty()) return BadCommand{"フォルダーを指定してください。"};
+        return FormsCommand{pathOf(m_folder), m_isReplacing ? Existing::replace : Existing::keep};
+    }
+
+private:
+    std::string m_folder;
+    bool m_isReplacing = false;
+};
+
+class ToolsLine : public CommandLine {
+public:
+    ToolsLine(CLI::App &app, HelpLanguage language)
+        : CommandLine(app, "tools",
+                      {"帳票ツールの代わりに form viewer が開くようにします。ほかのメーカーのツールは残します。",
+                       "Lets formviewer start under the names of the form tools; tools of another maker are kept."},
+                      language)
+    {
+        option("DIR", m_folder, kFolder, kSuiteFolder)->required();
+    }
+
+    [[nodiscard]] Command read() const
+    {
+        if (m_folder.empty()) return BadCommand{"フォルダーを指定してください。"};
+        return ToolsCommand{pathOf(m_folder)};
+    }
+
+private:
+    std::string m_folder;
 };
 
 class WhyLine : public CommandLine {
@@ -277,6 +323,8 @@ Command readCommandLine(int argc, const char *const *argv, const std::string &co
     const MakeLine make(app, language);
     const CheckLine check(app, language);
     const WhyLine why(app, language);
+    const FormsLine forms(app, language);
+    const ToolsLine tools(app, language);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp &) {
@@ -285,7 +333,9 @@ Command readCommandLine(int argc, const char *const *argv, const std::string &co
         return BadCommand{refusedCommandLine("inin-site", error.what(), language)};
     }
     if (make.isChosen()) return make.read(connection);
-    return check.isChosen() ? check.read() : why.read();
+    if (check.isChosen()) return check.read();
+    if (forms.isChosen()) return forms.read();
+    return tools.isChosen() ? tools.read() : why.read();
 }
 
 } // namespace inin::site

@@ -3,6 +3,7 @@
 #include "command_line/command_help.h"
 #include "demo_site/site_maker.h"
 #include "due_letters/due_letters.h"
+#include "site_setup/form_documents.h"
 
 #include <filesystem>
 #include <string>
@@ -30,6 +31,13 @@ struct WhyCommand {
     due::Conditions conditions;
     OutputForm form = OutputForm::lines;
 };
+struct FormsCommand {
+    std::filesystem::path folder;
+    Existing existing = Existing::keep;
+};
+struct ToolsCommand {
+    std::filesystem::path folder;
+};
 struct HelpCommand {
     std::string text;
 };
@@ -37,7 +45,8 @@ struct HelpCommand {
 struct BadCommand {
     std::string sentence;
 };
-using Command = std::variant<MakeCommand, CheckCommand, WhyCommand, HelpCommand, BadCommand>;
+using Command =
+    std::variant<MakeCommand, CheckCommand, WhyCommand, FormsCommand, ToolsCommand, HelpCommand, BadCommand>;
 
 /// The environment variable with a connection string for `make`.
 inline constexpr const char *kConnectionVariable = "ININ_CONNECTION";

@@ -6,7 +6,6 @@
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/system_words.h"
 #include "adapters/qt/window_application.h"
-#include "adapters/script/recording_database.h"
 #include "adapters/script/recording_ports.h"
 #include "app/print_inin/desktop.h"
 #include "desktop_theme/theme.h"

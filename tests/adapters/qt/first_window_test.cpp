@@ -1,7 +1,7 @@
 // The start as the user sees it: the background window is shown before the program continues its start.
 
 #include "adapters/qt/window_fixture.h"
-#include "shell/back_form.h"
+#include "shell/start.h"
 
 #include <doctest/doctest.h>
 

@@ -1,7 +1,7 @@
 // The folder selection, operated by mouse and keys.
 
 #include "adapters/qt/qt_window_set.h"
-#include "common/select_folder.h"
+#include "common/folder_form.h"
 #include "runtime/runtime_error.h"
 
 #include <doctest/doctest.h>

@@ -7,9 +7,7 @@
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/qt_windows.h"
 #include "adapters/qt/robot.h"
-#include "adapters/script/recording_database.h"
 #include "adapters/script/recording_ports.h"
-#include "adapters/script/script_clock.h"
 #include "adapters/script/script_platform.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "runtime/runtime_error.h"
@@ -105,7 +103,8 @@ public:
         RecordingWindows recordingWindows(m_transcript, windows);
         QtMessageBoxes realBoxes(edge);
         RecordingBoxes boxes(m_transcript, realBoxes);
-        ScriptProcesses processes(m_transcript, makeSystemProcesses(endOfAnother), m_play.startProcesses);
+        ScriptProcesses starts(makeSystemProcesses(endOfAnother), m_play.startProcesses);
+        RecordingProcesses processes(m_transcript, starts);
         App app(Platform{boxes, recordingWindows, m_database, *m_profile, *m_files, processes, clock, *m_locale,
                          *m_automation});
         m_robot.sitDown(windows);

@@ -9,7 +9,7 @@
 #include "adapters/qt/working_program.h"
 #include "printing/print_fixture.h"
 #include "runtime/runtime_error.h"
-#include "shell/back_form.h"
+#include "shell/start.h"
 #include "shell/wait_form.h"
 #include "support/rendered_contrast.h"
 

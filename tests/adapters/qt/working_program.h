@@ -3,7 +3,7 @@
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/window_fixture.h"
 #include "printing/print_form.h"
-#include "shell/back_form.h"
+#include "shell/start.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "adapters/script/recording_database.h"
+#include "adapters/script/recording_ports.h"
 
 #include "script_stage.h"
 #include "support/fake_database.h"

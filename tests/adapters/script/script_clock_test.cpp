@@ -1,4 +1,4 @@
-#include "adapters/script/script_clock.h"
+#include "adapters/script/script_platform.h"
 #include "adapters/script/script_player.h"
 
 #include <doctest/doctest.h>

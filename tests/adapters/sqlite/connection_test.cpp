@@ -1,6 +1,8 @@
 #include "adapters/sqlite/database_file.h"
+#include "adapters/sqlite/sqlite_error.h"
 
 #include <doctest/doctest.h>
+#include <sqlite3.h>
 
 #include <memory>
 #include <string>
@@ -105,10 +107,12 @@ TEST_CASE("a failure leaves one entry in the error list, which the next failure 
     };
     constexpr std::int32_t kNative = 1; // SQLite's code for all errors in a statement
     static constexpr Row kRows[] = {
-        {"SELECT * FROM MISSING", "no such table: MISSING", "42S02", ado_error::noSuchTable},
-        {"SELECT missing FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
-        {"SELECT T.missing FROM T", "no such column: T.missing", "42S22", ado_error::faultyStatement},
-        {"SELECT \"missing\" FROM T", "no such column: missing", "42S22", ado_error::faultyStatement},
+        {"SELECT * FROM MISSING", "テーブルがありません。（no such table: MISSING）", "42S02", ado_error::noSuchTable},
+        {"SELECT missing FROM T", "列がありません。（no such column: missing）", "42S22", ado_error::faultyStatement},
+        {"SELECT T.missing FROM T", "列がありません。（no such column: T.missing）", "42S22",
+         ado_error::faultyStatement},
+        {"SELECT \"missing\" FROM T", "列がありません。（no such column: missing）", "42S22",
+         ado_error::faultyStatement},
         {"SELECT FROM T", "near \"FROM\": syntax error", "42000", ado_error::faultyStatement},
         {"SELECT inexistent(1)", "no such function: inexistent", "42000", ado_error::faultyStatement},
         {"SELECT 'a", "the quoted text or name has no end", "42000", ado_error::faultyStatement},
@@ -126,6 +130,26 @@ TEST_CASE("a failure leaves one entry in the error list, which the next failure 
         CHECK(error.SQLState == row.state);
         CHECK(error.NativeError == kNative);
     }
+}
+
+TEST_CASE("a common error is shown in Japanese with the provider's message in brackets, any other as it is")
+{
+    struct Row {
+        int code;
+        std::string_view message, shown;
+    };
+    static constexpr Row kRows[] = {
+        {SQLITE_LOCKED, "database table is locked",
+         "データベースがほかのプログラムに使われています。（database table is locked）"},
+        {SQLITE_CONSTRAINT_UNIQUE, "UNIQUE constraint failed: T.nID",
+         "データの制約に反するため、書き込めません。（UNIQUE constraint failed: T.nID）"},
+        {SQLITE_FULL, "database or disk is full", "ディスクの空きがありません。（database or disk is full）"},
+        {SQLITE_READONLY_DIRECTORY, "attempt to write a readonly database",
+         "データベースは読み取り専用です。（attempt to write a readonly database）"},
+        {SQLITE_ERROR, "near \"FROM\": syntax error", "near \"FROM\": syntax error"},
+        {SQLITE_INTERRUPT, "interrupted", "interrupted"},
+    };
+    for (const Row &row : kRows) CHECK(sqlite::shownMessage(row.code, row.message) == row.shown);
 }
 
 TEST_CASE("a write that violates a constraint is reported as such and changes nothing")

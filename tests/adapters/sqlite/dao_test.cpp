@@ -1,6 +1,6 @@
 #include "adapters/database/dao_error.h"
 #include "adapters/sqlite/database_file.h"
-#include "adapters/sqlite/sqlite_dao.h"
+#include "adapters/sqlite/sqlite_database.h"
 #include "data/dao_session.h"
 #include "system/file_path.h"
 
@@ -154,9 +154,10 @@ TEST_CASE("a failed statement has DAO's error number and the provider's message"
     OpenDao open(*at.engine, at.file.path());
     for (const Faulty &each :
          {Faulty{"DELTE FROM STAFF", "3075\r\nonly one statement that reads or changes data can be run"},
-          Faulty{"DELETE FROM NONE", "3078\r\nno such table: NONE"},
+          Faulty{"DELETE FROM NONE", "3078\r\nテーブルがありません。（no such table: NONE）"},
           Faulty{"SELECT * FROM STAFF", "3065\r\nSELECT は Execute で実行できません。"},
-          Faulty{"INSERT INTO STAFF VALUES (1, 'x')", "3022\r\nUNIQUE constraint failed: STAFF.nIDNo"}}) {
+          Faulty{"INSERT INTO STAFF VALUES (1, 'x')",
+                 "3022\r\nデータの制約に反するため、書き込めません。（UNIQUE constraint failed: STAFF.nIDNo）"}}) {
         CAPTURE(each.sql);
         CHECK(open.session.iExecSQL(each.sql) == -1);
         CHECK(open.session.sErrMsg() == each.words);

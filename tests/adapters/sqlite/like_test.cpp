@@ -1,4 +1,4 @@
-#include "adapters/sqlite/japanese_text.h"
+#include "suite_text/japanese_text.h"
 
 #include "adapters/sqlite/database_file.h"
 

@@ -1,5 +1,4 @@
 #include "adapters/sqlite/sqlite_connection.h"
-#include "adapters/sqlite/sqlite_recordset.h"
 
 #include "adapters/sqlite/database_file.h"
 
@@ -91,7 +90,8 @@ TEST_CASE("a missing file is refused and not created")
 {
     DatabaseFile file;
     fs::remove(file.path());
-    checkRefused(openOf(file.connectionString()), "unable to open database file: " + file.path());
+    checkRefused(openOf(file.connectionString()),
+                 "データベースのファイルを開けません。（unable to open database file: " + file.path() + "）");
     CHECK_FALSE(fs::exists(file.path()));
 }
 
@@ -99,13 +99,16 @@ TEST_CASE("a folder in place of the file is refused")
 {
     const DatabaseFile file;
     const std::string folder = fs::path(file.path()).parent_path().string();
-    checkRefused(openOf("Provider=SQLite;Data Source=" + folder), "unable to open database file: " + folder);
+    checkRefused(openOf("Provider=SQLite;Data Source=" + folder),
+                 "データベースのファイルを開けません。（unable to open database file: " + folder + "）");
 }
 
 TEST_CASE("an empty file is refused")
 {
     const ForeignFile foreign("");
-    checkRefused(openOf(foreign.file.connectionString()), "file is empty or cannot be read: " + foreign.file.path());
+    checkRefused(openOf(foreign.file.connectionString()),
+                 "データベースのファイルではありません。（file is empty or cannot be read: " + foreign.file.path() +
+                     "）");
     CHECK(fs::file_size(foreign.file.path()) == 0);
 }
 
@@ -114,14 +117,16 @@ TEST_CASE("a short or long file that is not a database is refused")
     for (const std::string &bytes : {std::string("x"), std::string("[接続情報]\r\n"), std::string(100000, '\0'),
                                      std::string("SQLite format 2\0", 16) + std::string(5000, 'x')}) {
         const ForeignFile foreign(bytes);
-        checkRefused(openOf(foreign.file.connectionString()), "file is not a database: " + foreign.file.path());
+        checkRefused(openOf(foreign.file.connectionString()),
+                     "データベースのファイルではありません。（file is not a database: " + foreign.file.path() + "）");
     }
 }
 
 TEST_CASE("a file with only the header of a database is refused with the provider's message")
 {
     const ForeignFile foreign(std::string("SQLite format 3\0", 16) + std::string(5000, 'x'));
-    checkRefused(openOf(foreign.file.connectionString()), "file is not a database");
+    checkRefused(openOf(foreign.file.connectionString()),
+                 "データベースのファイルではありません。（file is not a database）");
 }
 
 TEST_CASE("a damaged page of a database fails when it is read")
@@ -133,7 +138,8 @@ TEST_CASE("a damaged page of a database fails when it is read")
     bytes.close();
     Session session(file);
     CHECK(raisedBy([&] { (void)session.open("SELECT * FROM T"); }).number == ado_error::unspecified);
-    CHECK(session.connection().Errors().at(0).Description == "database disk image is malformed");
+    CHECK(session.connection().Errors().at(0).Description ==
+          "データベースが壊れています。（database disk image is malformed）");
 }
 
 TEST_CASE("the error for a connection string without provider or source does not quote it")
@@ -151,7 +157,7 @@ TEST_CASE_FIXTURE(TimedSession, "opening a session on a locked file fails after 
 {
     const ExclusiveLock lock(file);
     const PauseCounter counter;
-    checkTimesOut([&] { openSession(); }, "database is locked");
+    checkTimesOut([&] { openSession(); }, "データベースがほかのプログラムに使われています。（database is locked）");
     CHECK(connection.State() == adStateClosed);
     CHECK(PauseCounter::pauses() > 0);
 }
@@ -161,9 +167,12 @@ TEST_CASE_FIXTURE(TimedSession, "each command on a locked file fails after the c
     openSession();
     const ExclusiveLock lock(file);
     const PauseCounter counter;
-    checkTimesOut([&] { read("SELECT nID FROM T"); }, "database is locked");
-    checkTimesOut([&] { connection.Execute("DELETE FROM T", adExecuteNoRecords); }, "database is locked");
-    checkTimesOut([&] { connection.BeginTrans(); }, "database is locked");
+    checkTimesOut([&] { read("SELECT nID FROM T"); },
+                  "データベースがほかのプログラムに使われています。（database is locked）");
+    checkTimesOut([&] { connection.Execute("DELETE FROM T", adExecuteNoRecords); },
+                  "データベースがほかのプログラムに使われています。（database is locked）");
+    checkTimesOut([&] { connection.BeginTrans(); },
+                  "データベースがほかのプログラムに使われています。（database is locked）");
     CHECK(PauseCounter::pauses() > 0);
 }
 
@@ -173,7 +182,8 @@ TEST_CASE_FIXTURE(TimedSession, "a statement that timed out at a lock runs once 
     {
         const ExclusiveLock lock(file);
         const PauseCounter counter;
-        checkTimesOut([&] { read("SELECT nID FROM T"); }, "database is locked");
+        checkTimesOut([&] { read("SELECT nID FROM T"); },
+                      "データベースがほかのプログラムに使われています。（database is locked）");
     }
     CHECK(raisedBy([&] { read("SELECT nID FROM T"); }).number == 0);
 }

@@ -1,4 +1,4 @@
-#include "adapters/sqlite/sqlite_pool.h"
+#include "adapters/sqlite/sqlite_connection.h"
 
 #include "adapters/sqlite/database_file.h"
 
@@ -27,7 +27,7 @@ struct PoolWithFakeClock {
     SqlitePool::TimePoint now{};
     SqlitePool pool{[this] { return now; }};
     DatabaseFile file{kTableOfOne};
-    std::vector<ProviderError> errors;
+    std::shared_ptr<std::vector<ProviderError>> errors = std::make_shared<std::vector<ProviderError>>();
 
     std::unique_ptr<SqliteHandle> open(const DatabaseFile &of)
     {
@@ -219,7 +219,8 @@ TEST_CASE("opening a session fails when the file of an idle connection was delet
     fs::remove(file.path());
     const Raised raised = raisedBy([&] { (void)firstName(*database, file); });
     CHECK(raised.number == ado_error::unspecified);
-    CHECK(raised.description == "unable to open database file: " + file.path());
+    CHECK(raised.description ==
+          "データベースのファイルを開けません。（unable to open database file: " + file.path() + "）");
     CHECK_FALSE(fs::exists(file.path())); // nor is it created
 }
 

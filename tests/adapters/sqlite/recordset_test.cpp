@@ -196,6 +196,20 @@ TEST_CASE_FIXTURE(ThreeRows, "a statement that runs again with another number re
     CHECK(session.value("SELECT nID FROM T WHERE nID = 4") == "-");
 }
 
+TEST_CASE_FIXTURE(ThreeRows, "a statement reads its own number when an earlier record set of it outlived its session")
+{
+    for (const char *number : {"1", "2"}) {
+        const auto connection = session.database().newConnection();
+        connection->Open(file.connectionString(), "", "", -1);
+        const auto rows = session.database().newRecordset();
+        rows->Open(std::string("SELECT nID FROM T WHERE nID = ") + number, *connection, 0, 1, 1);
+        CHECK(shown(rows->Value(0)) == number);
+        rows->MoveNext();
+        CHECK(rows->isEndOfFile());
+        connection->Close();
+    }
+}
+
 TEST_CASE_FIXTURE(ThreeRows, "a statement returns the new columns after its table has changed")
 {
     CHECK(session.open("SELECT * FROM T")->fieldCount() == 2);

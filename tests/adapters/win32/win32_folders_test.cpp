@@ -1,7 +1,6 @@
 #include "adapters/native/native_platform.h"
 
 #include "common/folder_form.h"
-#include "common/select_folder.h"
 #include "support/errors.h"
 #include "support/fake_platform.h"
 #include "support/temp_folder.h"

@@ -39,6 +39,12 @@ TEST_CASE("the options of a run without a window are read")
     CHECK(parsed<ViewCommand>({"formviewer", "--check", "/site/s.dat"}).script == "/site/s.dat");
     CHECK(parsed<ViewCommand>({"formviewer", "--check", "--json", "s.dat"}).json);
     CHECK(parsed<ViewCommand>({"WrVb6Viewer.exe", "/c", "s.dat"}).needsWindow());
+    const auto check = parsed<ViewCommand>(
+        {"formviewer", "--check", "--without-check", "shrunk,noHolder", "--today", "2024-05-20", "s.dat"});
+    CHECK(check.withoutChecks.count() == 2);
+    CHECK(check.withoutChecks.test(static_cast<std::size_t>(Cause::shrunk)));
+    CHECK(check.today == DateSerial(2024, 5, 20));
+    CHECK(check.script == "s.dat");
 }
 
 TEST_CASE("under the merger's name, an output form and a script are read")
@@ -58,6 +64,8 @@ TEST_CASE("a command line without a script or with an unknown option is refused"
     parsed<BadCommandLine>({"formviewer", "/c"});
     parsed<BadCommandLine>({"formviewer", "--colour", "s.dat"});
     parsed<BadCommandLine>({"formviewer", "--dpi", "0", "s.dat"});
+    parsed<BadCommandLine>({"formviewer", "--check", "--without-check", "noSuchCause", "s.dat"});
+    parsed<BadCommandLine>({"formviewer", "--check", "--today", "soon", "s.dat"});
     parsed<ShowHelp>({"formviewer", "--help"});
 }
 
@@ -94,14 +102,14 @@ TEST_CASE("a check ends with 1 when a letter has findings and with 0 when none h
 {
     TempFolder folder;
     const std::string good = writePrintJob(folder, kForm, {ordinaryRow()});
-    CHECK(runViewer(folder, "--check " + good).code == 0);
-    CHECK(runViewer(folder, "--check --pdf o.pdf " + good).code == 0);
+    CHECK(runViewer(folder, "--check --today 2024-05-20 " + good).code == 0);
+    CHECK(runViewer(folder, "--check --today 2024-05-20 --pdf o.pdf " + good).code == 0);
     const std::string flagged = writePrintJob(folder, kForm, {ordinaryRow(), longestRow()});
-    CHECK(runViewer(folder, "--check " + flagged).code == 1);
-    CHECK(runViewer(folder, "--check --json " + flagged).code == 1);
-    CHECK(runViewer(folder, "--check --letters 1 " + flagged).code == 0);
+    CHECK(runViewer(folder, "--check --today 2024-05-20 " + flagged).code == 1);
+    CHECK(runViewer(folder, "--check --json --today 2024-05-20 " + flagged).code == 1);
+    CHECK(runViewer(folder, "--check --today 2024-05-20 --letters 1 " + flagged).code == 0);
     fs::remove(pathOf(folder / "o.pdf"));
-    CHECK(runViewer(folder, "--check --pdf o.pdf " + flagged).code == 1);
+    CHECK(runViewer(folder, "--check --today 2024-05-20 --pdf o.pdf " + flagged).code == 1);
     CHECK(folder.has("o.pdf"));
 }
 

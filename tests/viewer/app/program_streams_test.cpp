@@ -61,6 +61,8 @@ TEST_CASE("output that cannot be written is a failure with a message")
             CHECK(codeOf(letters.folder, std::string(arguments) + " " + output + " 2>err.txt") == 1);
             CHECK(letters.folder.bytes("err.txt") == "formviewer: 標準出力に書き込めません。\n");
         }
-    CHECK(codeOf(letters.folder, "--check WfdCom.dat >out.txt 2>err.txt") == 0);
+    // The letters have findings.
+    CHECK(codeOf(letters.folder, "--check --today 2024-05-20 WfdCom.dat >out.txt 2>err.txt") == 1);
+    CHECK(letters.folder.bytes("err.txt").empty());
     CHECK_FALSE(letters.folder.bytes("out.txt").empty());
 }

@@ -261,10 +261,10 @@ TEST_CASE("only fonts of the folder in ININ_FONTS are used")
     unsetenv("ININ_FONTS");
 
     CHECK(one.code == 0);
-    CHECK(one.errors == "書体「IPAexGothic」がないので「IPAex明朝」で表示します。\n");
+    CHECK(one.errors == "フォント「IPAexGothic」がないので「IPAex明朝」で表示します。\n");
     CHECK_FALSE(contains(folder.bytes("one.pdf"), "Gothic"));
     CHECK(none.code == 1);
-    CHECK(contains(none.errors, "帳票に使える書体がこのコンピューターにありません。"));
+    CHECK(contains(none.errors, "帳票に使えるフォントがこのコンピューターにありません。"));
     CHECK_FALSE(folder.has("none.pdf"));
 }
 
@@ -315,5 +315,5 @@ TEST_CASE("a character in a form's own text that no font has is reported")
     folder.put("s.dat", encodeCp932("FileName,\"f.svg\"\r\nSetDataText,\"d\",\"d.csv\"\r\n"));
     const Outcome outcome = runViewer(folder, "--pdf o.pdf s.dat");
     CHECK(outcome.code == 0);
-    CHECK(outcome.errors == "「f.svg」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）\n");
+    CHECK(outcome.errors == "「f.svg」：帳票の文字のうち、フォントにないものがあります：「\U0010FFFD」（U+10FFFD）\n");
 }

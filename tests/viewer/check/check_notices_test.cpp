@@ -17,7 +17,7 @@ TEST_CASE("the command-line check reports the window's notices of script, form a
     CHECK(outcome.code == 0);
     CHECK(outcome.output == "コマンドファイルの1行目は、知らない命令なので読み飛ばしました：Hop,1\n"
                             "「f.svg」：スクリプトは実行しません。\n"
-                            "「f.svg」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）\n"
+                            "「f.svg」：帳票の文字のうち、フォントにないものがあります：「\U0010FFFD」（U+10FFFD）\n"
                             "1通を点検しました。注意が必要な委任状はありません。\n");
 }
 
@@ -30,7 +30,7 @@ TEST_CASE("the program reports a difference from the run record, in the check an
     const std::string sentence = "委任状.csv」に書き出された委任状は2通ですが、読み込んだ行は1行です。"
                                  "データの中の改行などで委任状が増減したおそれがあります。"
                                  "印刷の前に内容を確認してください。\n";
-    const Outcome check = runViewer(folder, "--check '" + script + "'");
+    const Outcome check = runViewer(folder, "--check --today 2024-05-20 '" + script + "'");
     CHECK(check.code == 0);
     CHECK(contains(check.output, sentence));
     const Outcome pdf = runViewer(folder, "--pdf o.pdf '" + script + "'");

@@ -22,16 +22,28 @@ const char *const kDatedForm = "<text x='20' y='36' font-size='5'>{{会社電話
 /// A form with a text, so that its pages are not blank.
 const char *const kPlainForm = "<text x='20' y='20'>委任状</text>";
 
+/// A form that shows all columns.
+std::string wholeForm()
+{
+    std::string elements;
+    for (const std::string &title : programTitles())
+        elements += "<text x='20' y='20' font-size='2'>{{" + title + "}}</text>";
+    return elements;
+}
+
+const Date kToday = DateSerial(2024, 5, 20);
+
 /// The findings of letters on a form.
-std::vector<Finding> findingsOf(const std::vector<Row> &rows, const std::string &elements = kPlainForm)
+std::vector<Finding> findingsOf(const std::vector<Row> &rows, const std::string &elements = wholeForm(),
+                                Date today = kToday)
 {
     const LetterSet set = lettersOn(svgPage(elements), rows);
     Fonts fonts;
     LetterRenderer renderer(set, fonts);
-    return checkLetters(renderer);
+    return checkLetters(renderer, today);
 }
 
-std::vector<Cause> causesOf(const std::vector<Row> &rows, const std::string &elements = kPlainForm)
+std::vector<Cause> causesOf(const std::vector<Row> &rows, const std::string &elements = wholeForm())
 {
     std::vector<Cause> causes;
     for (const Finding &finding : findingsOf(rows, elements)) causes.push_back(finding.cause);
@@ -90,8 +102,128 @@ TEST_CASE("a bank line with only blanks or only its kinds is found")
                  {"金融機関名", "", {Cause::blankBank}},
                  {"金融機関名", "銀行  支店", {Cause::blankBank}},
                  {"金融機関名", "郵便局  ", {Cause::blankBank}},
-                 {"金融機関名", "ゆうちょ銀行  ", {}},
-                 {"金融機関名", "銀行  高松支店", {}}});
+                 {"金融機関名", "百十四銀行  高松支店", {}}});
+}
+
+TEST_CASE("a bank without a branch and a branch without a bank are found, a post office and a head office are complete")
+{
+    checkValues({{"金融機関名", "ゆうちょ銀行  ", {Cause::halfBank}},
+                 {"金融機関名", "百十四銀行  支店", {Cause::halfBank}},
+                 {"金融機関名", "銀行  高松支店", {Cause::halfBank}},
+                 {"金融機関名", "  高松支店", {Cause::halfBank}},
+                 {"金融機関名", "百十四銀行  本店", {}},
+                 {"金融機関名", "高松番町郵便局  ", {}},
+                 {"金融機関名", "百十四銀行高松支店", {}}});
+}
+
+TEST_CASE("a letter without the patient's address is found")
+{
+    checkValues({{"利用者住所", "", {Cause::noPatientAddress}},
+                 {"利用者住所", "　", {Cause::noPatientAddress}},
+                 {"利用者住所", "高", {}}});
+}
+
+TEST_CASE("a letter without the company's address, representative or telephone is found")
+{
+    checkValues({{"会社住所", "", {Cause::noCompanyAddress}},
+                 {"代表者名", " ", {Cause::noRepresentative}},
+                 {"会社電話番号", "", {Cause::noTelephone}}});
+}
+
+TEST_CASE("a letter without the householder's address or telephone is found")
+{
+    checkValues(
+        {{"世帯主住所", "", {Cause::noHouseholderAddress}}, {"世帯主電話", "　", {Cause::noHouseholderTelephone}}});
+}
+
+TEST_CASE("an empty value is found only where the form shows it without a text of its own")
+{
+    Row row = ordinaryRow();
+    for (const char *column : {"利用者住所", "保険者名", "金融機関名", "口座番号", "世帯主電話"}) row[column] = "";
+    CHECK(causesOf({row}, kPlainForm) == Causes{});
+    const std::string name = "<text x='20' y='20'>{{利用者氏名}}</text>";
+    CHECK(causesOf({row}, name + "<text x='20' y='20'>{{利用者住所}}</text>") == Causes{Cause::noPatientAddress});
+    CHECK(causesOf({row}, name + "<text x='20' y='20'>{{保険者名||高松市}}</text>") == Causes{});
+    CHECK(causesOf({row}, name + "<text x='20' y='20'>{{保険者名||　　}}</text>") == Causes{Cause::noInsurer});
+    CHECK(causesOf({row}, name + "<text x='20' y='20'>{{金融機関名２}}</text>") == Causes{Cause::blankBank});
+}
+
+TEST_CASE("an unknown form may show all columns")
+{
+    Row row = ordinaryRow();
+    row["世帯主電話"] = "";
+    LetterSet set = lettersOn(svgPage(kPlainForm), {row});
+    set.reports.front().isListing = true;
+    Fonts fonts;
+    LetterRenderer renderer(set, fonts);
+    const auto findings = checkLetters(renderer, kToday);
+    REQUIRE(findings.size() == 1);
+    CHECK(findings[0].cause == Cause::noHouseholderTelephone);
+}
+
+TEST_CASE("dates more than two years from today are found once for each letter")
+{
+    const auto causesOn = [](Date today) {
+        Causes causes;
+        for (const Finding &finding : findingsOf({ordinaryRow()}, wholeForm(), today)) causes.push_back(finding.cause);
+        return causes;
+    };
+    CHECK(causesOn(DateSerial(2026, 5, 1)) == Causes{});
+    CHECK(causesOn(DateSerial(2026, 5, 2)) == Causes{Cause::farDate});
+    CHECK(causesOn(DateSerial(2022, 5, 31)) == Causes{});
+    CHECK(causesOn(DateSerial(2022, 5, 30)) == Causes{Cause::farDate});
+    const auto findings = findingsOf({ordinaryRow()}, wholeForm(), DateSerial(2026, 5, 2));
+    CHECK(findings.front().detail == "対象開始日 2024/05/01、署名日 2024/05/01");
+}
+
+TEST_CASE("a period longer than two months is found, one of two months is not")
+{
+    checkValues({{"対象終了日", "2024/06/30", {}},
+                 {"対象終了日", "2024/07/01", {Cause::longPeriod}},
+                 {"対象開始日", "2024/04/01", {}},
+                 {"対象開始日", "2024/03/31", {Cause::longPeriod}}});
+    Row row = ordinaryRow();
+    row["対象開始日"] = row["署名日"] = "2023/12/31";
+    row["対象終了日"] = row["最終施術日"] = "2024/03/01";
+    CHECK(causesOf({row}) == Causes{});
+}
+
+TEST_CASE("a date in the last year of the calendar is far and the check goes on")
+{
+    Row row = ordinaryRow();
+    row["対象開始日"] = row["対象終了日"] = row["最終施術日"] = row["署名日"] = "9999/12/31";
+    CHECK(causesOf({row}) == Causes{Cause::farDate});
+}
+
+TEST_CASE("the replacement mark 〓 in a value is found with its column")
+{
+    Row row = ordinaryRow();
+    row["利用者氏名"] = "土〓太郎";
+    const auto findings = findingsOf({row});
+    REQUIRE(findings.size() == 1);
+    CHECK(findings[0].cause == Cause::getaMark);
+    CHECK(findings[0].detail == "利用者氏名：土〓太郎");
+}
+
+TEST_CASE("braces of a placeholder in a value are found in both widths")
+{
+    checkValues({{"代表者名", "{{会社名称}}", {Cause::unfilledField}},
+                 {"代表者名", "｛｛会社名称｝｝", {Cause::unfilledField}},
+                 {"代表者名", "｛会社名称｝", {Cause::unfilledField}},
+                 {"代表者名", "{会社名称}", {}},
+                 {"代表者名", "｛会社名称", {}}});
+}
+
+TEST_CASE("a placeholder in full-width braces in the form is found for each letter")
+{
+    Row other = ordinaryRow();
+    other["利用者氏名"] = "別人";
+    const auto findings = findingsOf({ordinaryRow(), other}, "<text x='20' y='20'>氏名 ｛｛利用者氏名｝｝</text>");
+    REQUIRE(findings.size() == 2);
+    for (const Finding &finding : findings) {
+        CHECK(finding.cause == Cause::unfilledField);
+        CHECK(finding.detail == "帳票：氏名 ｛｛利用者氏名｝｝");
+    }
 }
 
 TEST_CASE("an account line without a number is found")
@@ -99,7 +231,15 @@ TEST_CASE("an account line without a number is found")
     checkValues({{"口座番号", " ", {Cause::noAccountNumber}},
                  {"口座番号", "(普) ", {Cause::noAccountNumber}},
                  {"口座番号", " 7654321", {}},
-                 {"口座番号", "(当) １２３", {}}});
+                 {"口座番号", "(当) １２３４", {}}});
+}
+
+TEST_CASE("an account number of less than four digits is found, in both widths")
+{
+    checkValues({{"口座番号", "(普) 123", {Cause::shortAccountNumber}},
+                 {"口座番号", "(普) １２３", {Cause::shortAccountNumber}},
+                 {"口座番号", "(普) 1-234", {}},
+                 {"口座番号", "(普) 1234", {}}});
 }
 
 TEST_CASE("a letter without a patient or an insurer is found")
@@ -189,6 +329,21 @@ TEST_CASE("the same person twice is found, regardless of blanks in the name")
     CHECK(causesOf({first, second}) == Causes{});
 }
 
+TEST_CASE("the same person twice is found when name or address differ in width or kind of kana")
+{
+    const auto areSame = [](const char *column, const char *one, const char *another) {
+        Row first = ordinaryRow(), second = ordinaryRow();
+        first[column] = one;
+        second[column] = another;
+        return causesOf({first, second}) == Causes{Cause::samePerson, Cause::samePerson};
+    };
+    CHECK(areSame("利用者氏名", "ナガオ　サイ", "ﾅｶﾞｵ ｻｲ"));
+    CHECK(areSame("利用者氏名", "ながお さい", "ナガオサイ"));
+    CHECK(areSame("利用者住所", "高松市番町１－２　メゾンＡ", "高松市番町1-2メゾンa"));
+    CHECK(!areSame("利用者氏名", "ナガオ", "ナカオ"));
+    CHECK(!areSame("利用者住所", "番町１－２", "番町１－３"));
+}
+
 TEST_CASE("a finding for many identical letters lists ten numbers")
 {
     const auto findings = findingsOf(std::vector<Row>(30, ordinaryRow()));
@@ -239,7 +394,7 @@ TEST_CASE("an unreadable row has only that finding")
     set.reports.front().letters = readLetters(csvOf({ordinaryRow()}) + "\"?\",\"\"\r\n", TitleRow::first);
     Fonts fonts;
     LetterRenderer renderer(set, fonts);
-    const auto findings = checkLetters(renderer);
+    const auto findings = checkLetters(renderer, kToday);
     REQUIRE(findings.size() == 1);
     CHECK(findings[0].cause == Cause::unreadableRow);
     CHECK(findings[0].letter == 1);
@@ -292,7 +447,7 @@ TEST_CASE("a rule is skipped for a file without the rule's columns")
     set.reports.front().columns = {"利用者氏名"};
     Fonts fonts;
     LetterRenderer renderer(set, fonts);
-    CHECK(checkLetters(renderer).empty());
+    CHECK(checkLetters(renderer, kToday).empty());
 }
 
 TEST_CASE("a check in steps finds the same as a check at once")
@@ -304,10 +459,10 @@ TEST_CASE("a check in steps finds the same as a check at once")
         if (i % 7 == 0) rows.back()["口座名義"] = "";
         if (i % 10 == 0) rows.back()["会社名称"] = "";
     }
-    const LetterSet set = lettersOn(svgPage(kBoxedName), rows);
+    const LetterSet set = lettersOn(svgPage(wholeForm()), rows);
     Fonts fonts;
     LetterRenderer renderer(set, fonts);
-    LetterCheck check(renderer);
+    LetterCheck check(renderer, kToday);
     int pieces = 1;
     while (check.judge(3)) ++pieces;
     const auto findings = check.take();

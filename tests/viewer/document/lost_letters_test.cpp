@@ -1,4 +1,4 @@
-// Missing letters, and additional rows caused by a line end in a value, are reported.
+// Missing letters, additional rows caused by a line end in a value, and a single letter of the Aichi form are reported.
 #include "viewer/document/letter_set.h"
 #include "viewer/support/viewer_world.h"
 
@@ -14,9 +14,8 @@ using Sentences = std::vector<std::string>;
 
 /// A print job. The reader's pauses return immediately.
 struct Job {
-    explicit Job(std::size_t letters)
-        : script(writePrintJob(folder, kForm, std::vector<Row>(letters, ordinaryRow()))),
-          csv(folder.bytes("委任状.csv"))
+    explicit Job(std::size_t letters, const std::string &form = kForm)
+        : script(writePrintJob(folder, form, std::vector<Row>(letters, ordinaryRow()))), csv(folder.bytes("委任状.csv"))
     {
     }
 
@@ -148,4 +147,25 @@ TEST_CASE("a record that is missing, of another version, too large or a folder i
     std::filesystem::remove(unlimitedPath(job.folder.folder() / pathOf("委任状.run")));
     std::filesystem::create_directory(job.folder.folder() / pathOf("委任状.run"));
     CHECK(job.open().notices.empty());
+}
+
+TEST_CASE("a single letter of the Aichi form has a warning to compare the name, several letters have none")
+{
+    const Sentences name = {
+        "この様式は一通だけ出力されます。印刷の前に、利用者の氏名と住所が正しいことを確認してください。"};
+    const LetterSet set = Job(1, "委任状23.wfd").open();
+    CHECK(set.warnings == name);
+    CHECK(set.notices == name);
+    CHECK(Job(2, "委任状23.wfd").open().warnings.empty());
+    CHECK(Job(1, "委任状37_01.wfd").open().warnings.empty());
+}
+
+TEST_CASE("the blank Aichi form shows nothing of the row and has a warning to fill it in")
+{
+    const LetterSet set = Job(1, "委任状23_空欄.wfd").open();
+    CHECK(set.warnings == Sentences{"この様式は空欄のまま印刷されます。利用者や受任者などは手で書き入れてください。"});
+    const FormDocument &form = set.reports.front().form;
+    CHECK(form.notices.empty());
+    for (const DrawCommand &command : form.commands)
+        if (const auto *const text = std::get_if<TextCommand>(&command)) CHECK_FALSE(text->isField());
 }

@@ -146,5 +146,5 @@ TEST_CASE("two lines typed into one text are two lines, and a bold word in a lin
     CHECK_FALSE(first.isBold);
     CHECK(second.at.f == doctest::Approx(14 * 72 / 25.4));
     CHECK(form.notices ==
-          std::vector<std::string>{"一行の中で書体や大きさや色が変わる文字は、行の始まりの書式で表示します。"});
+          std::vector<std::string>{"一行の中でフォントや大きさや色が変わる文字は、行の始まりの書式で表示します。"});
 }

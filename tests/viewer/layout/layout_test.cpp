@@ -345,10 +345,10 @@ TEST_CASE("the character table and the shaper give the same glyphs")
 TEST_CASE("a family that is not installed is replaced and reported")
 {
     Fonts fonts;
-    static_cast<void>(fonts.font("ない書体"));
-    static_cast<void>(fonts.font("ない書体"));
+    static_cast<void>(fonts.font("ないフォント"));
+    static_cast<void>(fonts.font("ないフォント"));
     REQUIRE(fonts.notices().size() == 1);
-    CHECK(fonts.notices()[0].starts_with("書体「ない書体」がないので「"));
+    CHECK(fonts.notices()[0].starts_with("フォント「ないフォント」がないので「"));
     static_cast<void>(fonts.font("serif"));
     static_cast<void>(fonts.font("IPAex明朝"));
     CHECK(fonts.notices().size() == 1);

@@ -1,6 +1,6 @@
 #include "viewer/layout/font.h"
+#include "viewer/layout/font_catalogue.h"
 #include "viewer/layout/fonts.h"
-#include "viewer/layout/listed_fonts.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>

@@ -1,7 +1,7 @@
 // Vertical text: orientation, layout and extraction from PDF.
 #include "runtime/utf8.h"
 #include "viewer/form/svg_reader.h"
-#include "viewer/layout/upright.h"
+#include "viewer/layout/mixed_text.h"
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/support/viewer_world.h"
 

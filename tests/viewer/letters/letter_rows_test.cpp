@@ -1,4 +1,4 @@
-#include "viewer/letters/letter_rows.h"
+#include "viewer/letters/letter_table.h"
 
 #include <doctest/doctest.h>
 

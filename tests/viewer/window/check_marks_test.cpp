@@ -23,11 +23,11 @@ struct MarkedLetters : WindowWorld {
     }
 };
 
-/// Letters without an account holder.
+/// Letters without an account holder, and as many with one.
 std::vector<Row> rowsWithoutHolder(int count)
 {
-    std::vector<Row> rows = differentRows(count);
-    for (Row &row : rows) row["口座名義"] = "";
+    std::vector<Row> rows = differentRows(2 * count);
+    for (int i = 0; i < count; ++i) rows[static_cast<std::size_t>(i)]["口座名義"] = "";
     return rows;
 }
 

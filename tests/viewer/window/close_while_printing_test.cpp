@@ -37,7 +37,7 @@ TEST_CASE("closing during a print asks, and the answer to stay prints all and ke
     CHECK(world.closeStates[0].endsWith(QStringLiteral("／120通）。")));
     CHECK(world.window->isVisible());
     CHECK(pageCount(world.jobPath(0)) == kMany);
-    CHECK(world.window->statusBar()->currentMessage() == QStringLiteral("120通を印刷に送りました。"));
+    CHECK(world.window->statusBar()->currentMessage() == QStringLiteral("120通をプリンターに送りました。"));
 }
 
 TEST_CASE("closing when the print is done loses no page")
@@ -59,9 +59,10 @@ TEST_CASE("a print that is cancelled by closing reports which letters were sent,
     CHECK(pages < kMany);
     REQUIRE(world.messages.size() == 1);
     const QString range = pages == 1 ? QStringLiteral("1") : QStringLiteral("1-%1").arg(pages);
-    CHECK(world.messages[0] == QStringLiteral("印刷を中止しました。\n\n印刷に送った番号：%1\n送っていない番号：%2-120")
-                                   .arg(range)
-                                   .arg(pages + 1));
+    CHECK(world.messages[0] ==
+          QStringLiteral("印刷を中止しました。\n\nプリンターに送った番号：%1\n送っていない番号：%2-120")
+              .arg(range)
+              .arg(pages + 1));
 }
 
 TEST_CASE("a refusal keeps the window open although it was to close after the print")

@@ -26,14 +26,12 @@ std::vector<Row> rowsWithThree()
 
 TEST_CASE("finding backwards shows the previous match and wraps from the first to the last")
 {
-    WindowWorld world(rowsWithThree());
-    OpenLetters letters(world.script);
-    LetterFinder finder(letters);
-    const QString text = QStringLiteral("乙");
-    CHECK(finder.next(text, 3, Direction::backward) == std::size_t{2});
-    CHECK(finder.next(text, 2, Direction::backward) == std::size_t{0});
-    CHECK(finder.next(text, 0, Direction::backward) == std::size_t{3});
-    CHECK(finder.next(text, 3, Direction::forward) == std::size_t{0});
+    const std::vector<std::size_t> all{0, 1, 2, 3, 4};
+    const std::vector<bool> wanted{true, false, true, true, false};
+    CHECK(nextWanted(all, 3, Direction::backward, wanted) == std::size_t{2});
+    CHECK(nextWanted(all, 2, Direction::backward, wanted) == std::size_t{0});
+    CHECK(nextWanted(all, 0, Direction::backward, wanted) == std::size_t{3});
+    CHECK(nextWanted(all, 3, Direction::forward, wanted) == std::size_t{0});
 }
 
 TEST_CASE("Shift+Enter in the find box and Shift+F3 show the previous match")

@@ -55,9 +55,7 @@ TEST_CASE("a search for an absent text finds nothing")
     WindowWorld world(differentRows(3));
     OpenLetters letters(world.script);
     LetterFinder finder(letters);
-    CHECK(finder.next(qt("乙"), 0, Direction::forward) == std::nullopt);
-    CHECK(finder.next(qt("　"), 0, Direction::forward) == std::nullopt);
-    CHECK(finder.count(qt("")) == 0);
+    for (const char *const text : {"乙", "　", ""}) CHECK(finder.find(qt(text)) == std::vector<bool>(3));
 }
 
 TEST_CASE("a text is not found across two values")
@@ -65,25 +63,35 @@ TEST_CASE("a text is not found across two values")
     WindowWorld world(differentRows(1));
     OpenLetters letters(world.script);
     LetterFinder finder(letters);
-    CHECK(finder.holds(0, qt("甲1")));
-    CHECK(finder.holds(0, qt("香川県")));
-    CHECK(!finder.holds(0, qt("甲1香川県")));
+    CHECK(finder.find(qt("甲1"))[0]);
+    CHECK(finder.find(qt("香川県"))[0]);
+    CHECK(!finder.find(qt("甲1香川県"))[0]);
 }
 
 TEST_CASE("finding continues after the current letter and wraps around, in both directions")
 {
-    std::vector<Row> rows = differentRows(5);
-    rows[1]["利用者氏名"] = "乙山";
-    rows[3]["利用者氏名"] = "乙川";
-    WindowWorld world(rows);
-    OpenLetters letters(world.script);
-    LetterFinder finder(letters);
-    CHECK(finder.next(qt("乙"), 0, Direction::forward) == std::size_t{1});
-    CHECK(finder.next(qt("乙"), 1, Direction::forward) == std::size_t{3});
-    CHECK(finder.next(qt("乙"), 3, Direction::forward) == std::size_t{1});
-    CHECK(finder.next(qt("乙"), 1, Direction::backward) == std::size_t{3});
-    CHECK(finder.next(qt("乙川"), 3, Direction::forward) == std::size_t{3});
-    CHECK(finder.count(qt("乙")) == 2);
+    const std::vector<std::size_t> all{0, 1, 2, 3, 4};
+    const std::vector<bool> second{false, true, false, true, false}, only{false, false, false, true, false};
+    CHECK(nextWanted(all, 0, Direction::forward, second) == std::size_t{1});
+    CHECK(nextWanted(all, 1, Direction::forward, second) == std::size_t{3});
+    CHECK(nextWanted(all, 3, Direction::forward, second) == std::size_t{1});
+    CHECK(nextWanted(all, 1, Direction::backward, second) == std::size_t{3});
+    CHECK(nextWanted(all, 3, Direction::forward, only) == std::size_t{3});
+    CHECK(nextWanted(all, 3, Direction::forward, std::vector<bool>(5)) == std::nullopt);
+}
+
+TEST_CASE("finding follows the order of the list and leaves the list only when it has no match")
+{
+    const std::vector<std::size_t> listed{4, 1, 2};
+    const std::vector<bool> wanted{true, true, true, false, false};
+    CHECK(nextWanted(listed, 4, Direction::forward, wanted) == std::size_t{1});
+    CHECK(nextWanted(listed, 1, Direction::forward, wanted) == std::size_t{2});
+    CHECK(nextWanted(listed, 2, Direction::forward, wanted) == std::size_t{1});
+    CHECK(nextWanted(listed, 1, Direction::backward, wanted) == std::size_t{2});
+    CHECK(nextWanted(listed, 3, Direction::forward, wanted) == std::size_t{1});
+    CHECK(nextWanted(listed, 3, Direction::backward, wanted) == std::size_t{2});
+    CHECK(nextWanted(listed, 4, Direction::forward, {true, false, false, false, false}) == std::size_t{0});
+    CHECK(nextWanted({}, 4, Direction::backward, wanted) == std::size_t{2});
 }
 
 TEST_CASE("typing in the find box shows the first match, Enter the next, Shift+Enter the previous")

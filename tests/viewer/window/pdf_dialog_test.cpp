@@ -38,7 +38,7 @@ TEST_CASE("the default is to save the ticked letters in one file")
     world.ask();
     CHECK(world.dialog->order().onlyTicked);
     CHECK(!world.dialog->order().fileEach);
-    CHECK(world.part<QRadioButton>("pdfTicked")->text() == QStringLiteral("印のある委任状だけ（1通）(&T)"));
+    CHECK(world.part<QRadioButton>("pdfTicked")->text() == QStringLiteral("チェックした委任状だけ（1通）(&T)"));
     CHECK(world.part<QRadioButton>("pdfAll")->text() == QStringLiteral("すべて（3通）(&A)"));
     world.choose("pdfAll");
     world.choose("pdfEach");

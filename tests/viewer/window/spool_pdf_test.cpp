@@ -296,7 +296,7 @@ TEST_CASE("closing at once while the system accepts the letters withdraws them a
     CHECK(!world.window->isVisible());
     CHECK(world.WindowWorld::messages ==
           std::vector<QString>{
-              QStringLiteral("印刷を中止しました。\n\n印刷に送った番号：なし\n送っていない番号：1-120")});
+              QStringLiteral("印刷を中止しました。\n\nプリンターに送った番号：なし\n送っていない番号：1-120")});
 }
 
 TEST_CASE(
@@ -311,5 +311,19 @@ TEST_CASE(
     CHECK(world.WindowWorld::messages ==
           std::vector<QString>{QStringLiteral(
               "プリンター「紙」が印刷を受け付けませんでした。電源、用紙、接続を確認してください。\n（lp: no）"
-              "\n\n印刷に送った番号：1-4\n送っていない番号：5-9")});
+              "\n\nプリンターに送った番号：1-4\n送っていない番号：5-9")});
+}
+
+TEST_CASE("the trays of a queue are those in its options, and a system without a list has none")
+{
+    const Spooling world(1);
+    const std::string options = world.folder / "bin/lpoptions";
+    writeBytes(options, "#!/bin/sh\n[ \"$*\" = '-p 紙 -l' ] && echo 'InputSlot/Media Source: *Auto Tray2'\n");
+    std::filesystem::permissions(options, std::filesystem::perms::owner_all);
+    const std::vector<TrayChoice> trays = systemTrays(QStringLiteral("紙"));
+    REQUIRE(trays.size() == 2);
+    CHECK(trays[1].key == QStringLiteral("InputSlot=Tray2"));
+    CHECK(systemTrays(QStringLiteral("別")).empty());
+    const Setting none("PATH", QByteArray::fromStdString(world.folder.path()));
+    CHECK(systemTrays(QStringLiteral("紙")).empty());
 }

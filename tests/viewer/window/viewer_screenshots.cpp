@@ -1,5 +1,5 @@
-// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark]. The letters are those
-// of the script; the printer is invented.
+// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened]. The letters
+// are those of the script; the printer is invented. With --as-opened, the window has the size that fits the screen.
 
 #include "desktop_theme/theme.h"
 #include "support/save_picture.h"
@@ -27,6 +27,8 @@ ViewerServices servicesWithPrinter()
     return services;
 }
 
+enum class WindowSize { forAll, asOpened };
+
 class ViewerPhotographer {
 public:
     ViewerPhotographer(const std::string &script, QString folder, QString ending)
@@ -34,10 +36,10 @@ public:
           m_ending(std::move(ending))
     {
     }
-    void run()
+    void run(WindowSize size)
     {
         constexpr QSize kRoomForAll(1180, 860);
-        m_window.resize(kRoomForAll);
+        if (size == WindowSize::forAll) m_window.resize(kRoomForAll);
         m_window.show();
         QTest::qWait(100);
         m_window.finishCheck();
@@ -77,7 +79,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: viewer_screenshots SCRIPT FOLDER [--dark]\n", stderr);
+        std::fputs("usage: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened]\n", stderr);
         return 2;
     }
     const bool dark = arguments.contains(u"--dark"_s);
@@ -85,6 +87,7 @@ int main(int argc, char **argv)
     applyStyle(application);
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s);
     const QString ending = (scale == u"1"_s ? QString() : u"@%1x"_s.arg(scale)) + (dark ? u"-dark"_s : QString());
-    ViewerPhotographer(arguments[1].toStdString(), arguments[2], ending).run();
+    ViewerPhotographer(arguments[1].toStdString(), arguments[2], ending)
+        .run(arguments.contains(u"--as-opened"_s) ? WindowSize::asOpened : WindowSize::forAll);
     return 0;
 }

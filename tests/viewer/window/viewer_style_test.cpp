@@ -45,7 +45,7 @@ TEST_CASE("a form whose own text has a character that every font lacks is report
     const OpenLetters letters(script);
     CHECK(letters.notices ==
           std::vector<std::string>{"「" + form +
-                                   "」：帳票の文字のうち、書体にないものがあります：「\U0010FFFD」（U+10FFFD）"});
+                                   "」：帳票の文字のうち、フォントにないものがあります：「\U0010FFFD」（U+10FFFD）"});
 }
 
 TEST_CASE("a dialog that a script requests waits until the window is placed")

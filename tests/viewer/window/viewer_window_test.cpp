@@ -173,9 +173,11 @@ TEST_CASE("every widget that accepts the focus has a name for screen readers")
 TEST_CASE("every command has a key")
 {
     Shown world(1);
-    for (const char *name : {"print", "pdf",      "reload",       "close",   "tickAll",   "tickNone", "untickMarked",
-                             "find",  "findNext", "findPrevious", "first",   "previous",  "next",     "last",
-                             "goTo",  "goList",   "zoomIn",       "zoomOut", "zoomWhole", "fitPage",  "fitWidth"}) {
+    for (const char *name :
+         {"print",     "pdf",       "reload",        "close",       "tickAll",         "tickNone", "untickMarked",
+          "find",      "findNext",  "findPrevious",  "first",       "previous",        "next",     "last",
+          "goTo",      "goList",    "zoomIn",        "zoomOut",     "zoomWhole",       "fitPage",  "fitWidth",
+          "printThis", "tickFound", "tickOnlyFound", "nextFlagged", "previousFlagged", "goFilter"}) {
         CAPTURE(name);
         const auto *const action = world.find<QAction>(name);
         REQUIRE(action != nullptr);

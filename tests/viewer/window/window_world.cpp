@@ -3,7 +3,11 @@
 #include "viewer/window/viewer_style.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <QWindow>
 #include <doctest/doctest.h>
 
 #include <algorithm>
@@ -18,7 +22,13 @@ struct Toolkit : doctest::IReporter {
     explicit Toolkit(const doctest::ContextOptions & /*options*/) {}
     void test_run_start() override
     {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        // An ordinary screen, unless the test is run for another one; a path with a drive letter is not accepted there.
+        if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen:"))
+#ifdef _WIN32
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+#else
+            qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ININ_SCREENS "/1920x1080.json");
+#endif
         // The platform logs a message for each window that it does not place.
         qputenv("QT_LOGGING_RULES", "qt.qpa.*=false;default.warning=true");
         static int count = 1;
@@ -27,7 +37,10 @@ struct Toolkit : doctest::IReporter {
         m_application = std::make_unique<QApplication>(count, arguments);
         applyStyle(*m_application);
     }
-    void test_run_end(const doctest::TestRunStats & /*stats*/) override { m_application.reset(); }
+    void test_run_end(const doctest::TestRunStats & /*stats*/) override
+    {
+        m_application.reset();
+    }
     void report_query(const doctest::QueryData & /*data*/) override {}
     void test_case_start(const doctest::TestCaseData & /*data*/) override {}
     void test_case_reenter(const doctest::TestCaseData & /*data*/) override {}
@@ -100,14 +113,16 @@ ViewerServices WindowWorld::services()
         messages.push_back(text);
         return mayReplace;
     };
-    services.askPdfFile = [this](QWidget *, const QString &offered, const QString &) {
+    services.askPdfFile = [this](QWidget *, const QString &offered, const QString &name) {
         offeredFolders.push_back(offered);
+        offeredNames.push_back(name);
         return pdfFile;
     };
     services.askFolder = [this](QWidget *, const QString &offered) {
         offeredFolders.push_back(offered);
         return pdfFolder;
     };
+    services.today = [] { return DateSerial(2024, 5, 20); };
     services.settingsFile = QString::fromStdString(folder / "settings.ini");
     return services;
 }
@@ -124,6 +139,27 @@ void WindowWorld::openWindow()
     window = std::make_unique<ViewerWindow>(script, std::make_unique<OpenLetters>(script), services());
     window->show();
     settle();
+}
+
+void WindowWorld::inPrintDialog(const std::function<void(QDialog &)> &act) const
+{
+    QTimer::singleShot(0, window.get(), [this, act] {
+        auto *const dialog = window->findChild<QDialog *>(QStringLiteral("printDialog"));
+        if (dialog == nullptr) return inPrintDialog(act); // not opened yet
+        act(*dialog);
+        dialog->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
+    });
+}
+
+void WindowWorld::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyPress(window->windowHandle(), key, modifiers);
+    QTest::keyRelease(window->windowHandle(), key, modifiers);
+}
+
+std::string WindowWorld::shownNumber() const
+{
+    return find<QWidget>("pageView")->accessibleDescription().section(u'番', 0, 0).toStdString();
 }
 
 void WindowWorld::settle() const

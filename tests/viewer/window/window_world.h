@@ -3,6 +3,7 @@
 #include "viewer/support/viewer_world.h"
 #include "viewer/window/viewer_window.h"
 
+#include <QDialog>
 #include <QPrinter>
 
 #include <deque>
@@ -35,6 +36,12 @@ struct WindowWorld {
     [[nodiscard]] ViewerServices services();
     [[nodiscard]] PrintOrder order() const;
     void openWindow();
+    /// Acts in the print dialog that the next command opens, then prints.
+    void inPrintDialog(const std::function<void(QDialog &)> &act) const;
+    /// Sends a key as a keyboard does: the window's shortcuts come first.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    /// The number of the letter on the page.
+    [[nodiscard]] std::string shownNumber() const;
     /// Waits until the letters have been checked and painted.
     void settle() const;
     template <class Widget> Widget *find(const char *name) const
@@ -55,6 +62,7 @@ struct WindowWorld {
     std::vector<QString> closeStates;
     QString pdfFile, pdfFolder;
     std::vector<QString> offeredFolders; ///< the folders in which the file dialogs were opened
+    std::vector<QString> offeredNames;   ///< of PDF files
     bool mayReplace = true;
     std::unique_ptr<ViewerWindow> window;
 };

@@ -1,0 +1,25 @@
+#include "demo_site/site_play.h"
+#include "viewer/check/letter_check.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+#include <vector>
+
+using namespace inin;
+using namespace inin::test;
+using namespace inin::viewer;
+
+TEST_CASE("the check of a demo site's letters finds the three patients without an address")
+{
+    const SitePlay play("print-month.jsonl", "2024-05-20 10:00:00");
+    const LetterSet set = openScript((play.at("TMP") / "WfdCom.dat").string());
+    Fonts fonts;
+    LetterRenderer renderer(set, fonts);
+    const LetterTable &letters = set.reports.front().letters;
+    std::vector<std::string> patients;
+    for (const viewer::Finding &finding : checkLetters(renderer, DateSerial(2024, 5, 20)))
+        if (finding.cause == Cause::noPatientAddress)
+            patients.emplace_back(letters.value(finding.letter, letters.columnOf("利用者氏名").value()));
+    CHECK(patients == std::vector<std::string>{"香川　和子", "藤原　ヨネ", "遠藤　明美"});
+}
