@@ -20,9 +20,10 @@ namespace inin {
 /// The program's executable file; empty when the system does not provide it.
 [[nodiscard]] std::filesystem::path programFile();
 
-/// Prepares stdin, stdout and stderr; call it before opening any file. The streams pass bytes unchanged; see printText for
-/// a console of Windows, which std::cout and std::cerr print to in the same way from then on. A stream that the parent process left closed fails on every access, but its descriptor is
-/// occupied: otherwise the next opened file would get that descriptor, and the printed text with it.
+/// Prepares stdin, stdout and stderr; call it before opening any file. The streams pass bytes unchanged. On a console of
+/// Windows std::cout and std::cerr then print like printText(). A stream that the parent process left closed fails on
+/// every access, but its descriptor is occupied: otherwise the next opened file would get that descriptor, and the printed
+/// text with it.
 void prepareStandardStreams();
 
 /// Prints a text. Files and pipes get its bytes. A console of Windows gets characters and keeps its code page, which other
