@@ -25,6 +25,9 @@ namespace inin {
 [[nodiscard]] std::string systemPath(const std::string &path);
 /// True for a path that does not start at the current folder; on Windows a path with a drive letter is absolute.
 [[nodiscard]] bool isAbsolutePath(const std::string &path);
+/// The absolute path without "." and "..". Windows: also of a folder on a share, which std::filesystem takes for one on
+/// the current drive. POSIX: without symbolic links if the path exists.
+[[nodiscard]] std::string fullPath(const std::string &path);
 /// The first bytes of a file, at most `size`; none if it cannot be read.
 [[nodiscard]] std::string startOfFile(const std::filesystem::path &path, std::size_t size);
 /// Creates an empty file that only its owner may read and write, for personal data or passwords. An existing file keeps

@@ -47,6 +47,13 @@ bool isAbsolutePath(const std::string &path)
     return path.starts_with('\\') || path.starts_with('/');
 }
 
+std::string fullPath(const std::string &path)
+{
+    std::error_code error;
+    const std::filesystem::path found = std::filesystem::canonical(pathOf(path), error);
+    return textOf(error ? std::filesystem::absolute(pathOf(path)).lexically_normal() : found);
+}
+
 std::string systemPath(const std::string &path)
 {
     std::string asGiven = withSlashes(path);

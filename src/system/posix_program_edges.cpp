@@ -34,4 +34,9 @@ void prepareStandardStreams()
     }
 }
 
+void printText(std::FILE *stream, std::string_view text) noexcept
+{
+    (void)std::fwrite(text.data(), 1, text.size(), stream);
+}
+
 } // namespace inin

@@ -22,8 +22,8 @@ std::vector<std::string> programArguments(int argc, char **argv)
 
 void printLine(std::FILE *stream, std::string_view line) noexcept
 {
-    (void)std::fwrite(line.data(), 1, line.size(), stream);
-    (void)std::fputc('\n', stream);
+    printText(stream, line);
+    printText(stream, "\n");
 }
 
 bool flushOutput() noexcept

@@ -20,11 +20,15 @@ namespace inin {
 /// The program's executable file; empty when the system does not provide it.
 [[nodiscard]] std::filesystem::path programFile();
 
-/// Prepares stdin, stdout and stderr; call it before opening any file. The streams pass bytes unchanged, and a console
-/// shows them as UTF-8. A stream that the parent process left closed fails on every access, but its descriptor is
-/// occupied: otherwise the next opened file would get that descriptor, and the printed text with it.
+/// Prepares stdin, stdout and stderr; call it before opening any file. The streams pass bytes unchanged. On a console of
+/// Windows std::cout and std::cerr then print like printText(). A stream that the parent process left closed fails on
+/// every access, but its descriptor is occupied: otherwise the next opened file would get that descriptor, and the printed
+/// text with it.
 void prepareStandardStreams();
 
+/// Prints a text. Files and pipes get its bytes. A console of Windows gets characters and keeps its code page, which other
+/// programs in that console depend on.
+void printText(std::FILE *stream, std::string_view text) noexcept;
 /// Prints a line. A failure sets the stream's error flag, which flushOutput() reports for stdout. A failure to print to
 /// stderr is ignored, because there is no other place to report it.
 void printLine(std::FILE *stream, std::string_view line) noexcept;

@@ -24,6 +24,11 @@ std::wstring fullPath(const std::wstring &path)
     return full.empty() ? path : full;
 }
 
+std::string fullPath(const std::string &path)
+{
+    return utf8FromWide(fullPath(wideFromUtf8(path)));
+}
+
 std::wstring widePath(const std::string &path)
 {
     std::wstring wide = wideFromUtf8(path);

@@ -71,3 +71,14 @@ TEST_CASE("trailing blanks and dots of a name are ignored")
     CHECK(systemPath(root + "\\suite. \\tmp ") == root + "/Suite/Tmp");
     CHECK(systemPath(root + "\\Suite\\Tmp\\委任状.CSV..") == root + "/Suite/Tmp/委任状.CSV");
 }
+
+TEST_CASE("a full path has no links if it exists, and no dots in any case")
+{
+    const Tree tree;
+    const std::string &root = tree.folder.path();
+    std::filesystem::create_directory_symlink(root + "/Suite", root + "/link");
+    const CurrentFolder current(tree.folder.path());
+    CHECK(fullPath("link/Tmp/") == root + "/Suite/Tmp");
+    CHECK(fullPath(".") == root);
+    CHECK(fullPath("none/./x/../y") == root + "/none/y");
+}

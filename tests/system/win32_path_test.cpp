@@ -1,5 +1,6 @@
 #include "adapters/native/native_platform.h"
 #include "adapters/win32/deep_folder.h"
+#include "support/temp_folder.h"
 #include "system/file_path.h"
 
 #include <doctest/doctest.h>
@@ -20,6 +21,17 @@ TEST_CASE("a path beyond the classic limit gets the prefix that lifts it, a shar
     CHECK(systemPath("C:\\SUITE\\..\\" + tail) == "\\\\?\\C:\\" + tail);
     CHECK(systemPath("\\\\server\\share\\" + tail) == "\\\\?\\UNC\\server\\share\\" + tail);
     CHECK(systemPath("\\\\?\\C:\\" + tail) == "\\\\?\\C:\\" + tail);
+}
+
+TEST_CASE("a full path begins with the drive or the share")
+{
+    const CurrentFolder current("C:\\windows");
+    CHECK(fullPath("\\\\server\\share\\suite") == "\\\\server\\share\\suite");
+    CHECK(fullPath("//server/share/委任 状/../suite") == "\\\\server\\share\\suite");
+    CHECK(fullPath("C:/SUITE/./TMP") == "C:\\SUITE\\TMP");
+    CHECK(fullPath("suite") == "C:\\windows\\suite");
+    CHECK(fullPath(".") == "C:\\windows");
+    CHECK(fullPath("\\suite") == "C:\\suite");
 }
 
 TEST_CASE("files are written, found, read and deleted at a path of more than 300 characters")

@@ -1,5 +1,6 @@
 #include "viewer/app/check_letters.h"
 
+#include "system/program_edges.h"
 #include "viewer/check/check_text.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/io/system_edges.h"
@@ -27,7 +28,7 @@ std::size_t printCheckReport(const ViewCommand &command)
                   [&](const Finding &finding) { return !std::ranges::binary_search(letters, finding.letter); });
     const LetterNames names(set);
     const std::string text = command.json ? checkJson(report, names) : checkText(report, names);
-    (void)std::fputs(text.c_str(), stdout); // a failure is detected when the program ends
+    printText(stdout, text); // a failure is detected when the program ends
     return lettersIn(report.findings);
 }
 

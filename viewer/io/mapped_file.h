@@ -5,7 +5,8 @@
 
 namespace inin::viewer {
 
-/// A memory-mapped file. Empty if it cannot be opened.
+/// The bytes of a file, which is mapped into memory. Empty if it cannot be read. Windows ends a program that reads mapped
+/// bytes after their share or medium has disappeared; such a file is copied into memory there.
 class MappedFile {
 public:
     explicit MappedFile(const std::string &systemPath);
@@ -16,6 +17,7 @@ public:
     [[nodiscard]] std::string_view bytes() const { return m_bytes; }
 
 private:
+    std::string m_copy; ///< empty for a mapped file
     std::string_view m_bytes;
 };
 

@@ -1,5 +1,6 @@
 #include "viewer/io/system_file.h"
 
+#include "system/file_path.h"
 #include "system/win32_handle.h"
 #include "system/win32_path.h"
 #include "system/win32_text.h"
@@ -66,7 +67,7 @@ std::string resolvedPath(const std::string &path)
 
 std::string absolutePath(const std::string &systemPath)
 {
-    return utf8FromWide(fullPath(wideFromUtf8(systemPath)));
+    return fullPath(systemPath);
 }
 
 FileInfo fileInfo(const std::string &systemPath)

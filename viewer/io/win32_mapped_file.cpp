@@ -7,13 +7,30 @@
 
 namespace inin::viewer {
 
+namespace {
+
+/// True for a file on a drive that stays: not on a share, nor on a medium that can be removed.
+bool isOnFixedDrive(const std::wstring &path)
+{
+    std::wstring full = fullPath(path);
+    if (full.starts_with(kUnlimited)) full.erase(0, kUnlimited.size());
+    return full.size() > 2 && full[1] == L':' && GetDriveTypeW((full.substr(0, 2) + L"\\").c_str()) == DRIVE_FIXED;
+}
+
+} // namespace
+
 MappedFile::MappedFile(const std::string &systemPath)
 {
     constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), GENERIC_READ, kShareAll, nullptr,
-                                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const std::wstring path = widePath(systemPath);
+    const Win32FileHandle file(
+        CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     LARGE_INTEGER size{};
     if (!file.isOpen() || GetFileSizeEx(file.get(), &size) == 0 || size.QuadPart == 0) return;
+    if (!isOnFixedDrive(path)) {
+        if (readUpTo(file, static_cast<std::size_t>(size.QuadPart), m_copy)) m_bytes = m_copy;
+        return;
+    }
     // The view keeps the file and the mapping open, so both handles may be closed.
     const HANDLE mapping = CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr);
     if (mapping == nullptr) return;
@@ -24,7 +41,7 @@ MappedFile::MappedFile(const std::string &systemPath)
 
 MappedFile::~MappedFile()
 {
-    if (!m_bytes.empty()) UnmapViewOfFile(m_bytes.data());
+    if (m_copy.empty() && !m_bytes.empty()) UnmapViewOfFile(m_bytes.data());
 }
 
 } // namespace inin::viewer

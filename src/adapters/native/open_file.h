@@ -78,7 +78,8 @@ public:
     void write(std::string_view bytes) override
     {
         m_buffer.add(bytes);
-        if (!put(m_buffer.takeDue())) this->fail();
+        const std::string due = m_buffer.takeDue(); // freeing it may change the last error
+        if (!put(due)) this->fail();
     }
 
     void close() override

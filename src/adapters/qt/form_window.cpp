@@ -64,6 +64,12 @@ FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     form.watch(showCaption);
 }
 
+/// The toolkit closes the window when this part of it is gone already, and the focus then changes.
+FormWindow::~FormWindow()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 QWidget &FormWindow::widget(const char *controlName) const
 {
     const Control *control = m_form.find(controlName);

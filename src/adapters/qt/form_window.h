@@ -20,6 +20,9 @@ public:
     enum class Sizing { fixed, free };
 
     FormWindow(Form &form, const ViewServices &services, QWidget *owner);
+    FormWindow(const FormWindow &) = delete;
+    FormWindow &operator=(const FormWindow &) = delete;
+    ~FormWindow() override;
 
     [[nodiscard]] Form &form() const { return m_form; }
     /// The parent of the widgets, for a view to lay them out.

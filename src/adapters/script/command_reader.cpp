@@ -1,5 +1,7 @@
 #include "adapters/script/command_reader.h"
 
+#include "runtime/utf8.h"
+
 #include <istream>
 #include <string_view>
 
@@ -8,6 +10,9 @@ namespace inin::script {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+/// A command prompt of a Japanese Windows passes code page 932.
+constexpr const char *kNotUtf8 = "この行は UTF-8 ではありません。命令のファイルは UTF-8 で保存してください。"
+                                 "Windows のコマンドプロンプトでは、先に chcp 65001 を実行してください。";
 
 /// A verb is the key that names the command; the companion is the other key that it allows.
 struct Verb {
@@ -124,6 +129,7 @@ bool isSkipped(std::string_view line)
 /// is recursive, and a line of brackets would overflow the stack.
 Json parse(std::size_t line, const std::string &text)
 try {
+    if (validUtf8(text) != text) throw BadScriptCommand(line, kNotUtf8);
     const auto refuseDeeper = [line](int depth, Json::parse_event_t event, const Json &) {
         const bool opens = event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
         if (opens && depth > 0) throw BadScriptCommand(line, "a value must not be an array or an object");

@@ -1,7 +1,5 @@
 #include "adapters/win32/win32_error.h"
 
-#include "runtime/runtime_error.h"
-
 #include <algorithm>
 #include <optional>
 
@@ -69,6 +67,15 @@ std::int32_t fileErrorNumber(std::uint32_t systemError, const std::wstring &path
 void failFile(std::uint32_t systemError, const std::wstring &path)
 {
     throw RuntimeError(fileErrorNumber(systemError, path));
+}
+
+RuntimeError startFailure(std::uint32_t systemError, const std::string &commandLine)
+{
+    if (systemError != kElevationRequired) return RuntimeError(error_number::fileNotFound);
+    return RuntimeError(error_number::permissionDenied,
+                        "「" + commandLine +
+                            "」を起動できません。プログラムが「管理者として実行」の設定になっています。"
+                            "プログラムのプロパティの「互換性」で、この設定を外してください。");
 }
 
 void refuseBoxesOfTheSystem()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/runtime_error.h"
+
 #include <cstdint>
 #include <string>
 
@@ -9,6 +11,12 @@ namespace inin::win32 {
 [[nodiscard]] std::int32_t fileErrorNumber(std::uint32_t systemError, const std::wstring &path);
 /// Raises that error.
 [[noreturn]] void failFile(std::uint32_t systemError, const std::wstring &path);
+
+/// Missing in some headers: the program has the setting "as administrator".
+inline constexpr std::uint32_t kElevationRequired = 740;
+/// The failure to start the program of a command line. The system starts a program with the setting "as administrator"
+/// only after asking the user, which a start by another program cannot do; that error names the setting.
+[[nodiscard]] RuntimeError startFailure(std::uint32_t systemError, const std::string &commandLine);
 
 /// A drive without a medium then fails on this thread instead of showing a system box that asks the user for one.
 /// Started programs do not inherit this.

@@ -89,9 +89,10 @@ public:
         // Applies to administrators too, where the system would permit it.
         if (isReadOnlyWin32File(file)) failFile(ERROR_ACCESS_DENIED, file);
         removeWin32Link(file);
+        // Windows refuses CREATE_ALWAYS for a hidden file.
         Win32FileHandle handle(
-            CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!handle.isOpen()) failFile(GetLastError(), file);
+            CreateFileW(file.c_str(), GENERIC_WRITE, kShared, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!handle.isOpen() || SetEndOfFile(handle.get()) == 0) failFile(GetLastError(), file);
         return std::make_unique<Win32Output>(std::move(handle), file);
     }
 

@@ -49,8 +49,7 @@ std::wstring wholeFolder(const std::string &path)
 {
     std::wstring given = wideFromUtf8(path);
     if (given.size() == 2 && given[1] == L':') given += L'\\';
-    std::wstring whole(GetFullPathNameW(given.c_str(), 0, nullptr, nullptr), L'\0');
-    whole.resize(GetFullPathNameW(given.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+    std::wstring whole = fullPath(given);
     if (whole.empty()) throw RuntimeError(error_number::pathNotFound);
     while (whole.size() > 3 && whole.back() == L'\\') whole.pop_back();
     return whole;
@@ -69,10 +68,12 @@ std::vector<FolderPlace> placesInside(const std::wstring &folder)
 {
     const std::wstring start = folder.ends_with(L'\\') ? folder : folder + L"\\";
     WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(widePath(utf8FromWide(start + L"*")).c_str(), &found);
+    const std::wstring pattern = widePath(utf8FromWide(start + L"*")); // freeing it may change the last error
+    const HANDLE search = FindFirstFileW(pattern.c_str(), &found);
+    const DWORD error = GetLastError();
     // The root of an empty drive lists nothing, not even itself.
-    if (search == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_NOT_FOUND) return {};
-    if (search == INVALID_HANDLE_VALUE) throw RuntimeError(folderErrorNumber(GetLastError(), folder));
+    if (search == INVALID_HANDLE_VALUE && error == ERROR_FILE_NOT_FOUND) return {};
+    if (search == INVALID_HANDLE_VALUE) throw RuntimeError(folderErrorNumber(error, folder));
     const std::unique_ptr<void, CloseFolderSearch> owned(search);
     std::vector<FolderPlace> places;
     constexpr DWORD unseen = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;

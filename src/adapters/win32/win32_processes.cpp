@@ -1,10 +1,13 @@
 #include "adapters/native/native_platform.h"
+#include "adapters/win32/win32_error.h"
 #include "runtime/runtime_error.h"
 #include "suite_text/win32_ansi_text.h"
+#include "system/file_path.h"
 #include "system/web_address.h"
 #include "system/win32_path.h"
 #include "system/win32_text.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -59,8 +62,9 @@ std::wstring folderToTakeOver()
     return name.starts_with(kUnlimited) ? name.substr(kUnlimited.size()) : name;
 }
 
-/// Calls CreateProcess. Without a program the system uses the shortest prefix of the line that names a file.
-bool isStarted(const wchar_t *program, const std::string &commandLine, WindowStyle style)
+/// Calls CreateProcess and returns its error, 0 for a started program. Without a program the system uses the shortest
+/// prefix of the line that names a file.
+DWORD startError(const wchar_t *program, const std::string &commandLine, WindowStyle style)
 {
     std::wstring line = wideFromUtf8(commandLine); // the call may modify it
     STARTUPINFOW startup{};
@@ -71,19 +75,19 @@ bool isStarted(const wchar_t *program, const std::string &commandLine, WindowSty
     PROCESS_INFORMATION process{};
     if (CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
                        folder.empty() ? nullptr : folder.c_str(), &startup, &process) == 0)
-        return false;
+        return GetLastError();
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
-    return true;
+    return ERROR_SUCCESS;
 }
 
-struct DeepProgram {
+struct FoundProgram {
     std::wstring file;
-    std::string commandLine; ///< with the program in quotes, as the system passes on a path with blanks
+    std::string commandLine; ///< with a program that contains blanks in quotes, as the system passes it on
 };
 
 /// The program of a command line if its path exceeds the classic limit, where the system does not search.
-std::optional<DeepProgram> deepProgramOf(const std::string &commandLine)
+std::optional<FoundProgram> deepProgramOf(const std::string &commandLine)
 {
     std::size_t blank = 0;
     do {
@@ -91,9 +95,7 @@ std::optional<DeepProgram> deepProgramOf(const std::string &commandLine)
         const std::string path = commandLine.substr(0, blank);
         const std::wstring file = widePath(path);
         if (!file.starts_with(kUnlimited)) continue;
-        const DWORD attributes = GetFileAttributesW(file.c_str());
-        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
-            return DeepProgram{file, "\"" + path + "\"" + commandLine.substr(path.size())};
+        if (isWin32File(file)) return FoundProgram{file, "\"" + path + "\"" + commandLine.substr(path.size())};
     } while (blank != std::string::npos);
     return std::nullopt;
 }
@@ -112,17 +114,64 @@ bool isProgram(const std::wstring &path)
     return !path.empty() && GetBinaryTypeW(path.c_str(), &kind) != 0;
 }
 
+/// The file with this name in the current folder; empty if there is none. Like the system's search it adds ".exe" to a
+/// name without an extension.
+std::wstring fileInCurrentFolder(const std::string &name)
+{
+    const bool hasExtension = name.find('.') != std::string::npos;
+    const std::wstring file = widePath(fullPath(hasExtension ? name : name + ".exe"));
+    return isWin32File(file) ? file : std::wstring();
+}
+
+/// The program of a command line if its name has no folder and the current folder, which is the application's, contains
+/// it. The system's own search begins with the folder of this program, which can be another one. Of a line without
+/// quotes the shortest prefix that names any file is the program.
+std::optional<FoundProgram> programInCurrentFolder(const std::string &commandLine)
+{
+    constexpr const char *kBlanks = " \t";
+    const bool isQuoted = commandLine.starts_with('"');
+    const std::size_t begin = isQuoted ? 1 : 0;
+    std::size_t end = begin;
+    do {
+        end = std::min(commandLine.find_first_of(isQuoted ? "\"" : kBlanks, end + 1), commandLine.size());
+        const std::string name = commandLine.substr(begin, end - begin);
+        if (name.empty() || name.find_first_of("\\/:") != std::string::npos) return std::nullopt;
+        if (const std::wstring file = fileInCurrentFolder(name); !file.empty()) {
+            const bool needsQuotes = !isQuoted && name.find_first_of(kBlanks) != std::string::npos;
+            return FoundProgram{file, needsQuotes ? "\"" + name + "\"" + commandLine.substr(end) : commandLine};
+        }
+        if (!foundFile(wideFromUtf8(name)).empty()) return std::nullopt;
+    } while (!isQuoted && end < commandLine.size());
+    return std::nullopt;
+}
+
+DWORD startError(const FoundProgram &program, WindowStyle style)
+{
+    if (program.file.starts_with(kUnlimited) &&
+        startError(inShortFolder(program.file).c_str(), program.commandLine, style) == ERROR_SUCCESS)
+        return ERROR_SUCCESS;
+    return startError(program.file.c_str(), program.commandLine, style);
+}
+
+/// Starts the program where it is found first: in the current folder, by the system's search, at a path that is too
+/// long for that search.
+DWORD startError(const std::string &commandLine, WindowStyle style)
+{
+    if (const auto local = programInCurrentFolder(commandLine)) return startError(*local, style);
+    const DWORD error = startError(nullptr, commandLine, style);
+    if (error == ERROR_SUCCESS || error == kElevationRequired) return error;
+    const auto deep = deepProgramOf(commandLine);
+    return deep ? startError(*deep, style) : error;
+}
+
 class Win32Processes : public Processes {
 public:
     explicit Win32Processes(std::function<void()> end) : m_end(std::move(end)) {}
 
     void start(const std::string &commandLine, WindowStyle style) override
     {
-        if (isStarted(nullptr, commandLine, style)) return;
-        const std::optional<DeepProgram> deep = deepProgramOf(commandLine);
-        if (!deep || !(isStarted(inShortFolder(deep->file).c_str(), deep->commandLine, style) ||
-                       isStarted(deep->file.c_str(), deep->commandLine, style)))
-            throw RuntimeError(error_number::fileNotFound);
+        const DWORD error = startError(commandLine, style);
+        if (error != ERROR_SUCCESS) throw startFailure(error, commandLine);
     }
 
     void openAddress(const std::string &address) override

@@ -76,7 +76,7 @@ int run(int argc, char **argv)
                   << now << '\n';
         return kBadCommandLine;
     }
-    options.applicationFolder = textOf(std::filesystem::canonical(pathOf(folder)));
+    options.applicationFolder = fullPath(folder);
     return play(options);
 }
 

@@ -21,7 +21,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <utility>
 
@@ -38,8 +37,7 @@ std::string applicationFolder()
 {
     const QString named = qEnvironmentVariable(kFolderVariable);
     const QString folder = named.isEmpty() ? QCoreApplication::applicationDirPath() : named;
-    std::filesystem::path path = std::filesystem::absolute(pathOf(qt::fromQt(folder))).lexically_normal();
-    return textOf(path.make_preferred());
+    return fullPath(qt::fromQt(folder));
 }
 
 /// Without a display the toolkit aborts, with a core dump and no message that a user understands.

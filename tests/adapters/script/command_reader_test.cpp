@@ -127,9 +127,17 @@ TEST_CASE("an array or object as a value is refused, however deeply nested")
     CHECK(readingFault("{\"set\":\"a\",\"to\":" + std::string(depth, '[') + std::string(depth, ']') + "}") == reason);
 }
 
-TEST_CASE("a line that is not JSON or not UTF-8 is refused with its number")
+TEST_CASE("a line in code page 932 is refused with the cure, a comment in any encoding is skipped")
+{
+    const std::string sentence = "この行は UTF-8 ではありません。命令のファイルは UTF-8 で保存してください。"
+                                 "Windows のコマンドプロンプトでは、先に chcp 65001 を実行してください。";
+    const std::string kokuho = "\x8D\x91\x95\xDB"; // 国保
+    CHECK(readingFault("# " + kokuho + "\n{\"set\":\"a\",\"to\":\"" + kokuho + "\"}") == "line 2: " + sentence);
+    CHECK(readingFault("{\"click\":\"a\x82\"}") == "line 1: " + sentence);
+}
+
+TEST_CASE("a line that is not JSON is refused with its number")
 {
     CHECK(readingFault("{\"state\":true}\nclick it\n").starts_with("line 2: "));
-    CHECK(readingFault("{\"click\":\"a\x82\"}").starts_with("line 1: "));
     CHECK(readingFault("{\"state\":true} {\"state\":true}").starts_with("line 1: "));
 }

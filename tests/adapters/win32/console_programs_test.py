@@ -1,17 +1,18 @@
 """The console programs on machines with a wrong setup: runs inin-site and inin-script under Wine.
 
-console_programs_test.py ININ_SITE ININ_SCRIPT
+console_programs_test.py ININ_SITE ININ_SCRIPT SYSTEM_TEST
 """
 import json
 import os
 import pathlib
+import pty
 import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
-SITE, SCRIPT = sys.argv[1:3]
+SITE, SCRIPT, SYSTEM_TEST = sys.argv[1:4]
 PRINT = [{"click": "optPrint(0)"}, {"click": "optObject(0)"}, {"click": "optTgtDate(0)"}, {"click": "optDspPeriod(0)"},
          {"set": "imD_Out", "to": "2024/05/01"}, {"click": "btnPrint(0)"}, {"click": "btnPrint(6)"}]
 NO_CONNECTION = "接続文字列取得できません。"
@@ -24,6 +25,21 @@ def wine(*arguments, given="", **environment):
     return ran.returncode, ran.stdout.decode(errors="replace")
 
 
+def wine_on_console(*arguments):
+    """Runs a Windows program on a console and returns its exit code and what a terminal receives."""
+    process, terminal = pty.fork()
+    if process == 0:
+        os.execvpe("wine", ["wine", *arguments], {**os.environ, "TERM": "xterm"})
+    received = b""
+    try:
+        while part := os.read(terminal, 4096):
+            received += part
+    except OSError:  # the program has ended
+        pass
+    os.close(terminal)
+    return os.waitstatus_to_exitcode(os.waitpid(process, 0)[1]), received.decode(errors="replace")
+
+
 def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
@@ -31,26 +47,44 @@ def windows_path(path):
 class Site:
     """A demo site with a few patients, and the programs run on it."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, name=None):
         self.folder = folder
-        code, said = wine(SITE, "make", windows_path(folder), "--patients", "5", "--month", "2024-05")
+        self.name = name or windows_path(folder)
+        code, said = wine(SITE, "make", self.name, "--patients", "5", "--month", "2024-05")
         assert code == 0, said
 
     def play(self, commands=(), **environment):
         """The exit code and the events of a run, without the SQL statements."""
         lines = "".join(json.dumps(command) + "\n" for command in commands)
-        code, said = wine(SCRIPT, "--app", windows_path(self.folder), "--now", "2024-06-15 10:00:00", given=lines,
+        code, said = wine(SCRIPT, "--app", self.name, "--now", "2024-06-15 10:00:00", given=lines,
                           **environment)
         events = [json.loads(line) for line in said.splitlines()]
         return code, [event for event in events if event["event"] != "sql"]
 
     def check(self, **environment):
-        return wine(SITE, "check", windows_path(self.folder), **environment)[1].splitlines()
+        return wine(SITE, "check", self.name, **environment)[1].splitlines()
 
     def letters(self):
         """The day of the last visit in each letter."""
         lines = (self.folder / "TMP" / "委任状.csv").read_bytes().decode("cp932").splitlines()[1:]
         return [line.split('","')[12] for line in lines]
+
+
+class Share:
+    """A folder that Wine shows as a share of a server: it looks for shares in a folder of its prefix."""
+
+    def __init__(self, folder):
+        prefix = pathlib.Path(os.environ.get("WINEPREFIX", pathlib.Path.home() / ".wine"))
+        self.server = prefix / "dosdevices" / "unc" / folder.name
+        self.server.mkdir(parents=True)
+        (self.server / "share").symlink_to(folder)
+
+    def path(self, name):
+        return f"\\\\{self.server.name}\\share\\{name}"
+
+    def remove(self):
+        (self.server / "share").unlink()
+        self.server.rmdir()
 
 
 def boxes(events):
@@ -96,6 +130,24 @@ class ConsolePrograms(unittest.TestCase):
         self.assertEqual((code, boxes(events)), (0, []))
         self.assertEqual(len(site.letters()), 6)
         self.assertTrue((site.folder / "DATA" / "印刷設定.ini").exists())
+
+    def test_a_site_on_a_share_is_made_checked_and_printed(self):
+        share = Share(self.folder)
+        self.addCleanup(share.remove)
+        site = Site(self.folder / "委任 状", share.path("委任 状"))
+        self.assertEqual(site.check()[-1], "問題は見つかりませんでした。")
+        code, events = site.play(PRINT)
+        self.assertEqual((code, boxes(events)), (0, []))
+        self.assertEqual(len(site.letters()), 6)
+        starts = [event["command"] for event in events if event["event"] == "start"]
+        self.assertEqual(starts[-1], share.path("委任 状") + "\\Main.exe 2")
+
+    def test_a_console_keeps_its_code_page_and_shows_japanese_text(self):
+        code, shown = wine_on_console(SYSTEM_TEST, "-tc=a console *")
+        self.assertEqual(code, 0, shown)
+        self.assertIn("1 passed", shown)
+        site = Site(self.folder / "site")
+        self.assertIn("問題は見つかりませんでした。", wine_on_console(SITE, "check", site.name)[1])
 
     def test_under_another_code_page_the_program_reports_missing_settings_and_continues(self):
         site = Site(self.folder / "site")

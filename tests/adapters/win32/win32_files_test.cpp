@@ -45,6 +45,23 @@ TEST_CASE("a hidden file is not an ordinary one")
     CHECK(makeSystemFiles("C:\\")->directorySearch(folder / "hidden.ini") == "");
 }
 
+TEST_CASE("a hidden file or one of the system is opened for output, becomes empty and keeps its attributes")
+{
+    const TempFolder folder;
+    for (const DWORD attributes :
+         {DWORD{FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}}) {
+        const std::string path = folder.put("hidden.csv", "a longer text");
+        REQUIRE(SetFileAttributesA(path.c_str(), attributes) != 0);
+        const auto file = makeSystemFiles("C:\\")->openForOutput(path);
+        CHECK(folder.bytes("hidden.csv").empty());
+        file->write("new");
+        file->close();
+        CHECK(folder.bytes("hidden.csv") == "new");
+        CHECK((GetFileAttributesA(path.c_str()) & attributes) == attributes);
+        REQUIRE(SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL) != 0);
+    }
+}
+
 TEST_CASE("a change of the drive uses the letter; a missing drive is error 71, and a share changes nothing")
 {
     const TempFolder folder;

@@ -1,9 +1,11 @@
 #include "adapters/native/native_platform.h"
+#include "adapters/win32/win32_error.h"
 
 #include "ended_program.h"
 #include "runtime/runtime_error.h"
 #include "support/temp_folder.h"
 #include "system/file_path.h"
+#include "system/program_edges.h"
 #include "system/win32_text.h"
 
 #include <algorithm>
@@ -44,10 +46,26 @@ struct PartnerFolder {
     }
     const std::string &put(const std::string &name)
     {
+        if (!program.empty()) removeOnceEnded(program);
         program = systemPath(folder / name);
         std::filesystem::copy_file(ININ_PARTNER, pathOf(program));
         return program;
     }
+};
+
+/// A file in the folder of this test program.
+class FileBeside {
+public:
+    FileBeside(const std::string &name, const std::string &bytes) : m_path(programFile().parent_path() / pathOf(name))
+    {
+        writeBytes(m_path, bytes);
+    }
+    FileBeside(const FileBeside &) = delete;
+    FileBeside &operator=(const FileBeside &) = delete;
+    ~FileBeside() { removeOnceEnded(textOf(m_path)); }
+
+private:
+    std::filesystem::path m_path;
 };
 
 /// Registers the partner program as the one that opens web addresses; it records its command line unchanged.
@@ -128,6 +146,43 @@ TEST_CASE_FIXTURE(PartnerFolder,
     const CurrentFolder current(folder.path());
     processes()->start(program + " result", WindowStyle::normalFocus);
     CHECK(reportOf(folder, "result") == "1\n");
+}
+
+TEST_CASE_FIXTURE(PartnerFolder, "a program in the current folder has priority over one beside the running program")
+{
+    for (const std::string name : {"inin_tool.exe", "inin tool.exe"}) {
+        CAPTURE(name);
+        const FileBeside other(name, "no program");
+        put(name);
+        const CurrentFolder current(folder.path());
+        const std::string bare = name.substr(0, name.find('.'));
+        for (const std::string &start : {name, "\"" + name + "\"", bare, "\"" + bare + "\""}) {
+            CAPTURE(start);
+            std::filesystem::remove(pathOf(folder / "result"));
+            CHECK_NOTHROW(processes()->start(start + " result /c .\\TMP\\x", WindowStyle::normalFocus));
+            CHECK(reportOf(folder, "result") == "1\n/c\n.\\TMP\\x\n");
+        }
+    }
+}
+
+TEST_CASE_FIXTURE(PartnerFolder, "the shortest name that any searched folder contains is the program")
+{
+    const FileBeside other("inin.exe", bytesOf(std::string(ININ_PARTNER)));
+    put("inin tool.exe");
+    const CurrentFolder current(folder.path());
+    processes()->start("inin tool.exe result", WindowStyle::normalFocus);
+    CHECK(reportOf(folder, "tool.exe") == "1\nresult\n");
+    CHECK_FALSE(folder.has("result"));
+}
+
+TEST_CASE("a program that must run as administrator is refused with a sentence of its own")
+{
+    const RuntimeError error = win32::startFailure(win32::kElevationRequired, "wfrfv10.exe /c x");
+    CHECK(error.number() == 70);
+    CHECK(error.description() ==
+          "「wfrfv10.exe /c x」を起動できません。プログラムが「管理者として実行」の設定になっています。"
+          "プログラムのプロパティの「互換性」で、この設定を外してください。");
+    CHECK(win32::startFailure(ERROR_BAD_EXE_FORMAT, "x").description() == "ファイルが見つかりません。");
 }
 
 TEST_CASE_FIXTURE(PartnerFolder, "a missing program, or a file that is not one, is error 53")

@@ -13,6 +13,9 @@
 
 using namespace inin;
 
+// The tests run in the order of the file names. These are after win32_processes_test.cpp, because Wine forgets the
+// program's own folder when the current folder is a deep one.
+
 namespace {
 
 /// The partner program, which records its start, in a deep folder.
