@@ -103,9 +103,9 @@ void close(OpenPatient &patient)
 using R = RIYOUSHA_REC;
 using enum NullRule;
 
-/// Two required demo_irregularities of the suite. The twelve second periods, named with a 2 at the end, are stored in the field of
-/// the first one: a second period overrides it. iRoomAnbunUmu is stored in a date although it is named like a flag: its
-/// value, 0 included, replaces the end of the renewed consent.
+/// Two required irregularities of the suite. The twelve second periods, named with a 2 at the end, are stored in the
+/// field of the first one: a second period overrides it. iRoomAnbunUmu is stored in a date although it is named like a
+/// flag: its value, 0 included, replaces the end of the renewed consent.
 constexpr PatientColumn kPatientColumns[] = {
     {"nIDNo", &R::nIDNo, guarded},
     {"cName", &R::cName, empty},
