@@ -29,6 +29,7 @@ struct FreeLocal {
 HANDLE consoleOf(std::FILE *stream)
 {
     if (_fileno(stream) < 0) return nullptr;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the runtime library returns the handle as a number
     const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
     DWORD mode = 0;
     return GetConsoleMode(handle, &mode) != 0 ? handle : nullptr;

@@ -15,6 +15,7 @@ using namespace inin;
 namespace {
 
 struct CloseFile {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): this is the owner
     void operator()(std::FILE *file) const { std::fclose(file); }
 };
 

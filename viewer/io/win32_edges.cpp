@@ -31,6 +31,7 @@ void prepareStreams()
     for (const StandardStream &stream : streams) {
         if (isConnected(stream.handle)) continue;
         isAttached = isAttached || AttachConsole(ATTACH_PARENT_PROCESS) != 0;
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): a standard stream has no owner
         if (isAttached && std::freopen("CONOUT$", "w+", stream.file) != nullptr)
             std::setvbuf(stream.file, nullptr, _IONBF, 0);
     }

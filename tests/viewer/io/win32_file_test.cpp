@@ -50,7 +50,7 @@ public:
     [[nodiscard]] std::string name() const { return "\\\\" + m_server + "\\share"; }
     [[nodiscard]] std::string put(const std::string &file, const std::string &bytes) const
     {
-        const std::string path = textOf(m_folder / file);
+        std::string path = textOf(m_folder / file);
         writeBytes(path, bytes);
         return path;
     }
