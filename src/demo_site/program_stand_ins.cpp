@@ -7,7 +7,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <fstream>
 
 namespace inin::site {
 
@@ -21,17 +20,11 @@ constexpr std::string_view kViewerNote = "formviewer.path";
 /// UTF-16 texts that only our own programs contain: a text of the starter, and a name in the viewer's version.
 constexpr std::u16string_view kMarks[] = {u"STAND-IN of the demo site", u"formviewer.exe"};
 
-std::string bytesOf(const fs::path &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
 /// The starter is beside this program.
 void copyStarter(const fs::path &target)
 {
     const fs::path starter = programFile().parent_path() / "inin-stand-in.exe";
-    const std::string bytes = bytesOf(starter);
+    const std::string bytes = readFile(starter).value_or("");
     if (bytes.empty())
         throw RuntimeError(error_number::fileNotFound,
                            fmt::format("「{}」がありません。パッケージを展開し直してください。", textOf(starter)));
@@ -56,7 +49,7 @@ void writeFormTool(const fs::path &file, const fs::path &formViewer)
 
 bool isOwnProgram(const fs::path &file)
 {
-    const std::string bytes = bytesOf(file);
+    const std::string bytes = readFile(file).value_or("");
     return std::ranges::any_of(kMarks, [&](std::u16string_view mark) {
         return bytes.find(std::string_view(reinterpret_cast<const char *>(mark.data()),
                                            mark.size() * sizeof(char16_t))) != bytes.npos;

@@ -103,16 +103,11 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
     for (const std::string_view tool : kFormTools) writeFormTool(folder / tool, formViewer);
 }
 
-std::string bytesOf(const fs::path &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
 bool namesServer(const fs::path &connectionFile)
 {
-    const std::string connection = decodeCp932(profileString(bytesOf(connectionFile), encodeCp932("接続情報"),
-                                                             encodeCp932("接続情報"), "", kLongestConnection));
+    const std::string connection =
+        decodeCp932(profileString(readFile(connectionFile).value_or(""), encodeCp932("接続情報"),
+                                  encodeCp932("接続情報"), "", kLongestConnection));
     return !connection.empty() && !readConnectionString(connection).isForSqlite();
 }
 
@@ -143,7 +138,7 @@ void refuseSuiteFolder(const fs::path &folder)
 /// True if a package was unpacked into the folder and nothing else is there. The package has a list of its files.
 bool hasOnlyPackage(const fs::path &folder)
 {
-    const std::optional<std::string> list = unmarked(bytesOf(folder / "guide" / "installed.txt"));
+    const std::optional<std::string> list = unmarked(readFile(folder / "guide" / "installed.txt").value_or(""));
     if (!list) return false;
     const std::string lines = "\n" + *list;
     const fs::directory_iterator entries(folder);
@@ -199,6 +194,14 @@ void replaceDatabase(const fs::path &folder, const SiteOrder &order)
 std::span<const DemoForm> demoForms()
 {
     return kForms;
+}
+
+std::optional<std::string> readFile(const fs::path &path)
+{
+    std::error_code error;
+    std::ifstream file(path, std::ios::binary);
+    if (!file || fs::is_directory(path, error)) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 void writeFile(const fs::path &path, std::string_view bytes)

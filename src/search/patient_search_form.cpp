@@ -185,7 +185,7 @@ void frm患者検索::btn_StaffSelect_Click()
     cls施術者検索 staff(app());
     const std::int16_t status = staff.iDspStart();
     if (status == kNothingChosen) return;
-    if (status != iGood) return tellStaffFailure(staff.CsErrStr());
+    if (status != iGood) return showStaffFailure(staff.CsErrStr());
     imNum_StaffNo.Value = staff.nSeledCD;
     cbo_Sejutusha.chooseItemData(staff.nSeledCD, kFirstStaff);
 }
@@ -204,14 +204,14 @@ bool frm患者検索::lookUpStaff()
     }
     cls施術者検索 staff(app());
     if (staff.iChkStaff(number) != iGood) {
-        tellStaffFailure(staff.CsErrStr());
+        showStaffFailure(staff.CsErrStr());
         return false;
     }
     cbo_Sejutusha.chooseItemData(number);
     return true;
 }
 
-void frm患者検索::tellStaffFailure(const std::string &words)
+void frm患者検索::showStaffFailure(const std::string &words)
 {
     app().platform.boxes.show("施術者の検索に失敗しました" + words, Icon::critical);
 }

@@ -42,7 +42,7 @@ private:
     void cbo_Sejutusha_Click();
     void btn_StaffSelect_Click();
     [[nodiscard]] bool lookUpStaff();
-    void tellStaffFailure(const std::string &words);
+    void showStaffFailure(const std::string &words);
 
     std::unique_ptr<cT_ADODB> m_session; ///< not used by the window's own searches
     std::int16_t m_endedMonths = 0;      ///< the setting "終了患者施術期間"

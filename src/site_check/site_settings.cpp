@@ -1,6 +1,7 @@
 #include "site_check/site_settings.h"
 
 #include "adapters/suite/suite_database.h"
+#include "demo_site/site_maker.h"
 #include "platform/settings_limit.h"
 #include "runtime/text.h"
 #include "suite_text/code_page_932.h"
@@ -11,8 +12,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 namespace inin::site {
 
@@ -114,10 +113,7 @@ std::optional<std::string> readSiteFile(const fs::path &path)
 {
     const fs::path real = pathOf(systemPath(textOf(path)));
     std::error_code error;
-    if (!fs::is_regular_file(real, error)) return std::nullopt;
-    std::ifstream file(real, std::ios::binary);
-    if (!file) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    return fs::is_regular_file(real, error) ? readFile(real) : std::nullopt;
 }
 
 bool isThere(const fs::path &path)

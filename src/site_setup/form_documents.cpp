@@ -7,7 +7,6 @@
 
 #include <fmt/format.h>
 
-#include <fstream>
 #include <optional>
 
 namespace inin::site {
@@ -15,13 +14,6 @@ namespace inin::site {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::optional<std::string> bytesOf(const fs::path &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
 
 /// The folder that the suite takes form documents from.
 fs::path formFolder(const fs::path &site)
@@ -50,7 +42,7 @@ std::string keepCopy(const fs::path &document)
 FileReport installForm(const fs::path &document, std::string_view bytes, Existing existing)
 {
     FileReport report{textOf(document.filename())};
-    if (const std::optional<std::string> old = bytesOf(document)) {
+    if (const std::optional<std::string> old = readFile(document)) {
         report.done = *old == bytes                ? FileReport::Done::same
                       : existing == Existing::keep ? FileReport::Done::kept
                                                    : FileReport::Done::replaced;

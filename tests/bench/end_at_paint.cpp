@@ -23,7 +23,7 @@ bool EndAtPaint::isOurs(QObject *watched) const
 }
 
 /// The end itself is not timed: no user waits for the milliseconds in which a large window's memory is freed.
-void EndAtPaint::tellAndEnd()
+void EndAtPaint::printAndEnd()
 {
     std::printf("%lld\n", static_cast<long long>(std::chrono::steady_clock::now().time_since_epoch().count()));
     std::fflush(stdout);
@@ -38,7 +38,7 @@ bool EndAtPaint::eventFilter(QObject *watched, QEvent *event)
         event->type() == QEvent::Expose || event->type() == QEvent::Paint || event->type() == QEvent::UpdateRequest;
     if (!watched->isWindowType() || !isDisplays) return false;
     watched->event(event);
-    if (m_hasPainted) tellAndEnd();
+    if (m_hasPainted) printAndEnd();
     return true;
 }
 

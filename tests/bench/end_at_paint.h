@@ -18,7 +18,7 @@ protected:
 private:
     explicit EndAtPaint(const char *window) : m_window(QString::fromLatin1(window)) {}
     [[nodiscard]] bool isOurs(QObject *watched) const;
-    [[noreturn]] static void tellAndEnd();
+    [[noreturn]] static void printAndEnd();
 
     QString m_window;
     bool m_hasPainted = false;

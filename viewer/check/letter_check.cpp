@@ -121,7 +121,7 @@ void LetterCheck::judgeLetter(std::size_t letter)
 
 void LetterCheck::addMarks(std::size_t letter)
 {
-    const bool datesAreTold = std::ranges::count(m_rules->found, Cause::noDate, &RowFinding::cause) != 0;
+    const bool datesAreReported = std::ranges::count(m_rules->found, Cause::noDate, &RowFinding::cause) != 0;
     MeasuringPainter &painter = m_rules->painter;
     painter.startPage();
     const std::vector<FieldMark> &marks = m_renderer.paintFields(letter, painter);
@@ -129,7 +129,7 @@ void LetterCheck::addMarks(std::size_t letter)
     if (!painter.hasText()) m_found.push_back({Cause::blankPage, letter, {}});
     for (const FieldMark &mark : marks) {
         const std::string columns = columnNames(m_renderer.layoutOf(letter), mark);
-        if (mark.noDate && !datesAreTold) m_found.push_back({Cause::noDate, letter, columns});
+        if (mark.noDate && !datesAreReported) m_found.push_back({Cause::noDate, letter, columns});
         if (!mark.missing.empty())
             m_found.push_back(
                 {Cause::missingInFont, letter, fmt::format("{}：{}", columns, charactersText(mark.missing))});

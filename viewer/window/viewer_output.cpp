@@ -100,13 +100,13 @@ void ViewerWindow::print(const PrintOrder &order, const LetterTicks &ticks)
         return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
     runTask(u"印刷しています"_s, which.size(), [&](const Progress &progress) {
         const PrintResult result = printLetters(*m_letters, which, order, m_services.paths, progress);
-        tellPrinted(result, which);
+        showPrinted(result, which);
         // A print that was cancelled in order to close counts as complete; a refusal keeps the window open.
         return result.fault.empty();
     });
 }
 
-void ViewerWindow::tellPrinted(const PrintResult &result, const std::vector<std::size_t> &which)
+void ViewerWindow::showPrinted(const PrintResult &result, const std::vector<std::size_t> &which)
 {
     if (result.isDone()) {
         statusBar()->showMessage(u"%1通をプリンターに送りました。"_s.arg(which.size()));

@@ -18,7 +18,7 @@ constexpr int kPicture = 32;
 constexpr int kMargin = 6;
 
 /// Reports the sizes of the text and the button to the form, which moves the text.
-void tellSizes(FormWindow &window)
+void reportSizes(FormWindow &window)
 {
     auto &label = window.widgetAs<QLabel>("laMsg");
     Control &text = *window.form().find("laMsg");
@@ -46,7 +46,7 @@ void layOutWaitMsg(FormWindow &window)
                                        kButtonHeight);
     for (const char *picture : {"imgInf(0)", "imgInf(1)", "imgInf(2)", "imgInf(3)"})
         window.widget(picture).setGeometry(kMargin, kMargin, kPicture, kPicture);
-    tellSizes(window);
+    reportSizes(window);
 }
 
 } // namespace inin::qt

@@ -24,7 +24,7 @@ const char *pointerTo(const std::optional<std::string> &argument)
 }
 
 /// Replace only the separators: a name without a folder means the folder of Windows, so it stays bare.
-std::string toldPath(const std::string &file)
+std::string ansiPath(const std::string &file)
 {
     std::string path = file;
     std::ranges::replace(path, '/', '\\');
@@ -46,7 +46,7 @@ public:
     {
         if (!section || !key) return defaultValue;
         return static_cast<std::int32_t>(GetPrivateProfileIntA(
-            pointerTo(ansiArgument(section)), pointerTo(ansiArgument(key)), defaultValue, toldPath(file).c_str()));
+            pointerTo(ansiArgument(section)), pointerTo(ansiArgument(key)), defaultValue, ansiPath(file).c_str()));
     }
 
     std::string GetPrivateProfileString(const Text &section, const Text &key, const std::string &defaultValue,
@@ -56,7 +56,7 @@ public:
         std::vector<char> buffer(std::min<std::size_t>(size, std::numeric_limits<DWORD>::max()), '\0');
         const DWORD filled = GetPrivateProfileStringA(pointerTo(ansiArgument(section)), pointerTo(ansiArgument(key)),
                                                       ansiFromUtf8(defaultValue).c_str(), buffer.data(),
-                                                      static_cast<DWORD>(buffer.size()), toldPath(file).c_str());
+                                                      static_cast<DWORD>(buffer.size()), ansiPath(file).c_str());
         const std::string_view bytes(buffer.data(), filled);
         // The call counts a double byte that did not fit but stores a NUL for it. In a list, NULs separate the names.
         return utf8FromAnsi(section && key ? bytes.substr(0, bytes.find('\0')) : bytes);
@@ -66,7 +66,7 @@ public:
                                            const std::string &file) override
     {
         return WritePrivateProfileStringA(pointerTo(ansiArgument(section)), pointerTo(ansiArgument(key)),
-                                          pointerTo(ansiArgument(value)), toldPath(file).c_str());
+                                          pointerTo(ansiArgument(value)), ansiPath(file).c_str());
     }
 };
 
@@ -96,7 +96,7 @@ private:
     /// The ANSI calls would read all of a file that is too large; the other implementation reports it as unreadable.
     [[nodiscard]] Profile &implementationFor(const std::string &file) const
     {
-        return canBeTold(file) && !isTooLarge(file) ? *m_calls : *m_bytes;
+        return hasAnsiPath(file) && !isTooLarge(file) ? *m_calls : *m_bytes;
     }
 
     std::unique_ptr<Profile> m_calls = makeCalledProfile();
@@ -105,7 +105,7 @@ private:
 
 } // namespace
 
-bool canBeTold(const std::string &file)
+bool hasAnsiPath(const std::string &file)
 {
     if (utf8FromAnsi(ansiFromUtf8(file)) != file) return false;
     return isBareProfileName(file) || !widePath(file).starts_with(kUnlimited);

@@ -13,8 +13,8 @@ namespace inin::win32 {
 // would help on some disks only. Such a file is opened by the wide calls, and the same rules are applied to its bytes.
 
 /// True for a file whose absolute path the ANSI calls can open.
-[[nodiscard]] bool canBeTold(const std::string &file);
-/// Uses the ANSI calls; requires canBeTold().
+[[nodiscard]] bool hasAnsiPath(const std::string &file);
+/// Uses the ANSI calls; requires hasAnsiPath().
 [[nodiscard]] std::unique_ptr<Profile> makeCalledProfile();
 /// Works on the bytes of any file. A name without a folder is not supported: reads find nothing, writes are refused.
 [[nodiscard]] std::unique_ptr<Profile> makeProfileByBytes();

@@ -56,7 +56,7 @@ void runOn(const Platform &platform)
 }
 
 /// Runs and writes every event to a file, in the format of a played script.
-void runTold(const Platform &inner, const std::string &file)
+void runRecorded(const Platform &inner, const std::string &file)
 {
     createForOwner(file);                              // statements contain names, the help address a password
     std::ofstream out(pathOf(file), std::ios::binary); // the same bytes on every system
@@ -74,7 +74,7 @@ void runProgram(qt::EventEdge &edge)
     Desktop desktop(applicationFolder(), edge);
     const QString transcript = qEnvironmentVariable(kTranscriptVariable);
     if (transcript.isEmpty()) return runOn(desktop.platform());
-    runTold(desktop.platform(), qt::fromQt(transcript));
+    runRecorded(desktop.platform(), qt::fromQt(transcript));
 }
 
 /// Reports a failure after the forms and their windows are gone.

@@ -48,7 +48,7 @@ private:
 };
 
 /// The windows recorded in a transcript, in the format of WindowWatch.
-std::string toldWindows(const std::string &transcript)
+std::string recordedWindows(const std::string &transcript)
 {
     std::string result;
     std::istringstream lines(transcript);
@@ -159,7 +159,7 @@ PlayRecord WindowDriver::run(const Play &play, const TemporarySite &site)
         record.events = stepsOf(text.str(), stage.robot().marks());
         record.errors = stage.robot().errors();
         record.ranOutOfCommands = stage.robot().ranOut();
-        if (stage.seenWindows() != toldWindows(text.str()))
+        if (stage.seenWindows() != recordedWindows(text.str()))
             record.errors += "seen were other windows:\n" + stage.seenWindows();
     }
     return record;

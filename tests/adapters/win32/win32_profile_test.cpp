@@ -80,24 +80,24 @@ TEST_CASE("every recorded profile call has the platform's result at a path that 
 TEST_CASE("the ANSI calls can open a path of the classic length with characters of the code page")
 {
     const std::string deep = "C:\\" + std::string(300, 'x');
-    CHECK(canBeTold("C:\\SUITE\\印刷設定.ini"));
-    CHECK(canBeTold("C:/SUITE/髙橋.ini"));
-    CHECK(canBeTold("TMP\\x.ini"));
-    CHECK(canBeTold("Massage.ini"));
-    CHECK_FALSE(canBeTold(deep + "\\x.ini"));
-    CHECK_FALSE(canBeTold("\\\\server\\share\\" + std::string(300, 'x') + "\\x.ini"));
-    CHECK_FALSE(canBeTold("C:\\𠮷野\\x.ini"));
-    CHECK_FALSE(canBeTold("C:\\SUITE\\Äpfel.ini"));
+    CHECK(hasAnsiPath("C:\\SUITE\\印刷設定.ini"));
+    CHECK(hasAnsiPath("C:/SUITE/髙橋.ini"));
+    CHECK(hasAnsiPath("TMP\\x.ini"));
+    CHECK(hasAnsiPath("Massage.ini"));
+    CHECK_FALSE(hasAnsiPath(deep + "\\x.ini"));
+    CHECK_FALSE(hasAnsiPath("\\\\server\\share\\" + std::string(300, 'x') + "\\x.ini"));
+    CHECK_FALSE(hasAnsiPath("C:\\𠮷野\\x.ini"));
+    CHECK_FALSE(hasAnsiPath("C:\\SUITE\\Äpfel.ini"));
     // It would become a similar character, and so another name.
-    CHECK_FALSE(canBeTold("C:\\SUITE\\1\u301C2.ini"));
+    CHECK_FALSE(hasAnsiPath("C:\\SUITE\\1\u301C2.ini"));
 }
 
 TEST_CASE("a name without a folder never means the current one, not even a deep one")
 {
     const DeepFolder deep;
     const CurrentFolder keep(widePath(deep.path()));
-    CHECK(canBeTold("inin-nowhere.ini"));
-    CHECK_FALSE(canBeTold("𠮷.ini"));
+    CHECK(hasAnsiPath("inin-nowhere.ini"));
+    CHECK_FALSE(hasAnsiPath("𠮷.ini"));
     const auto profile = makeSystemProfile();
     CHECK(profile->WritePrivateProfileString("a", "k", "1", "𠮷.ini") == 0);
     CHECK(profile->GetPrivateProfileInt("a", "k", 7, "𠮷.ini") == 7);

@@ -34,7 +34,7 @@ public:
         return result;
     }
     /// What it recorded in the deep folder itself.
-    [[nodiscard]] std::string toldInFolder() const
+    [[nodiscard]] std::string reportInFolder() const
     {
         const std::filesystem::path file(widePath(m_folder / "result"));
         std::string result;
@@ -73,7 +73,7 @@ TEST_CASE("a program that is started in such a folder finds files relative to it
         REQUIRE(SetCurrentDirectoryW(wideFromUtf8(partner.folder()).c_str()) != 0);
         makeSystemProcesses([] {})->start("tool.exe ./result 2", WindowStyle::normalFocus);
     }
-    CHECK(partner.toldInFolder() == "1\n2\n");
+    CHECK(partner.reportInFolder() == "1\n2\n");
 }
 
 TEST_CASE("a missing program at such a path is error 53")
