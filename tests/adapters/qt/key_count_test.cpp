@@ -6,7 +6,9 @@
 
 #include <doctest/doctest.h>
 
+#include <QApplication>
 #include <QComboBox>
+#include <QMouseEvent>
 #include <QTableView>
 
 #include <algorithm>
@@ -103,8 +105,11 @@ TEST_CASE("the letters of one staff member take 11 keys or 4 clicks")
             program.clickOn("cbSejyutsu");
             QAbstractItemView &items = *list.view();
             const QPoint item = items.visualRect(items.model()->index(1, 0)).center();
-            // The list ignores a release of the button before the pointer has moved.
-            QTest::mouseMove(items.viewport(), item + QPoint(20, 0));
+            // The list ignores a release of the button before the pointer has moved. A move that is sent does not depend on
+            // where the pointer was before.
+            QMouseEvent move(QEvent::MouseMove, item, items.viewport()->mapToGlobal(item), Qt::NoButton, Qt::NoButton,
+                             Qt::NoModifier);
+            QApplication::sendEvent(items.viewport(), &move);
             QTest::mouseClick(items.viewport(), Qt::LeftButton, {}, item);
             ++program.used;
             program.clickOn("btnPrint(0)");
