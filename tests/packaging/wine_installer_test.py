@@ -155,9 +155,12 @@ class Installer(unittest.TestCase):
     def test_refuses_while_a_program_runs(self):
         self.install("0.1.0", self.suite)
         before = files_of(self.suite)
-        with subprocess.Popen(["wine", windows_path(self.suite / "inin-script.exe"), "--app", windows_path(self.suite)],
+        demo = windows_path(self.suite.parent / "demo")
+        self.assertEqual(wine(windows_path(SITE_PROGRAM), "make", demo, "--patients", "1").returncode, 0)
+        # The program plays the demo's screen and waits for commands.
+        with subprocess.Popen(["wine", windows_path(self.suite / "inin-script.exe"), "--app", demo],
                               stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as running:
-            running.stdout.read(1) # the program has started
+            running.stdout.read(1)
             done = self.install("0.2.0", self.suite)
             removed = self.uninstall()
             running.stdin.close()
