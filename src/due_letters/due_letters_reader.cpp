@@ -74,7 +74,7 @@ const VisitTable kActual{"JISSEKI",
                          &TargetDate::jissekiMonth};
 
 /// The last visit of a month is found within slightly other bounds than the visits of the month.
-VisitBounds boundsOf(const VisitTable &table, const VisitMonth &month, const Conditions &conditions)
+VisitBounds boundsOf(const VisitTable &table, VisitMonth month, const Conditions &conditions)
 {
     if (conditions.lastDay) return (month.*table.lastVisit.bounds)();
     const TargetDate target(fmt::format("{:04}/{:02}/1", month.nYear, month.nMonth), month.regional);
