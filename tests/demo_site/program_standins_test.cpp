@@ -56,7 +56,7 @@ struct Site {
 TEST_CASE("a substitute states in its own text that it is one")
 {
     std::string marker;
-    for (const char letter : std::string("STAND-IN of the demo site")) marker += {letter, '\0'}; // UTF-16
+    for (const char character : std::string("STAND-IN of the demo site")) marker += {character, '\0'}; // UTF-16
     for (const char *name : kStandIns) {
         CAPTURE(name);
         CHECK(bytesOf(sharedSite() / name).starts_with("MZ"));

@@ -72,13 +72,13 @@ constexpr std::array<CauseText, kCauses> kTexts = {{
      "読みにくいときは、利用者マスター、本社情報、代理人情報の文を短くするか、帳票の枠を広げてください。"},
 }};
 
-constexpr bool standInOrder()
+constexpr bool areInOrder()
 {
     for (std::size_t i = 0; i < kTexts.size(); ++i)
         if (kTexts[i].cause != static_cast<Cause>(i)) return false;
     return true;
 }
-static_assert(standInOrder(), "a cause finds its texts by its number");
+static_assert(areInOrder(), "a cause finds its texts by its number");
 
 } // namespace
 

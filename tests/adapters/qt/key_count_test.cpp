@@ -45,8 +45,8 @@ struct CountedProgram : Program {
     }
     void type(const char *text)
     {
-        for (const char *letter = text; *letter != '\0'; ++letter) {
-            QTest::keyClick(top().focusWidget(), *letter);
+        for (const char *character = text; *character != '\0'; ++character) {
+            QTest::keyClick(top().focusWidget(), *character);
             ++used;
         }
     }
