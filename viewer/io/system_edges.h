@@ -18,7 +18,12 @@ void showFailure(const std::string &sentence);
 /// True when the starting program requests a maximised window, which only Windows supports. Requests for a minimised window
 /// are ignored: they come with a print, whose dialog must be visible.
 [[nodiscard]] bool startsMaximised();
+/// Date and time of day by the local clock.
+[[nodiscard]] Date presentMoment();
 /// The present day by the local clock.
-[[nodiscard]] Date presentDay();
+[[nodiscard]] inline Date presentDay()
+{
+    return dayOf(presentMoment());
+}
 
 } // namespace inin::viewer

@@ -59,11 +59,11 @@ bool startsMaximised()
     return (startup.dwFlags & STARTF_USESHOWWINDOW) != 0 && startup.wShowWindow == SW_SHOWMAXIMIZED;
 }
 
-Date presentDay()
+Date presentMoment()
 {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    return DateSerial(now.wYear, now.wMonth, now.wDay);
+    return dateOf({now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond});
 }
 
 } // namespace inin::viewer
