@@ -4,6 +4,11 @@
 #include "suite_text/code_page_932.h"
 #include "system/file_path.h"
 
+#ifndef _WIN32
+#include "adapters/posix/ordinary_user.h"
+#include "adapters/posix/small_disk.h"
+#endif
+
 #include <doctest/doctest.h>
 
 using namespace inin;
@@ -277,7 +282,7 @@ TEST_CASE("every kind of finding has a number of its own, in ascending order, an
         CHECK_FALSE(text.title.empty());
         last = static_cast<int>(text.kind);
     }
-    CHECK(last == 602);
+    CHECK(last == 603);
 }
 
 TEST_CASE("the installer's guide lists the kinds of findings with their numbers and titles")
@@ -324,6 +329,83 @@ TEST_CASE("each missing form document is found")
     CHECK(site.check() == Sentences{"帳票「委任状37_01.wfd」がフォルダー「\\SYS」にありません。",
                                     "帳票「委任状23.wfd」がフォルダー「\\SYS」にありません。",
                                     "帳票「委任状37_高松市.wfd」がフォルダー「\\SYS」にありません。"});
+}
+
+#ifndef _WIN32
+
+TEST_CASE("TMP and DATA are found if a file cannot be created there; the other folders need not be writable")
+{
+    const SoundSite site;
+    for (const char *name : {"TMP", "DATA", "SYS", "ICON"})
+        fs::permissions(site.path() / name, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
+                                                fs::perms::others_exec);
+    fs::permissions(site.path(), fs::perms::all);
+    fs::permissions(site.path() / "adodb.ini", fs::perms::all);
+    fs::permissions(site.database(), fs::perms::all);
+    const std::string found = asOrdinaryUser([&site] {
+        std::string lines;
+        for (const std::string &sentence : site.check()) lines += sentence + "\n";
+        return lines;
+    });
+    CHECK(found == "Massage.ini の項目「SYSTEM_TMP」のフォルダー「\\TMP」に書き込めません（パス名が無効です。）。"
+                   "使う人の書き込みと削除の権限と、ディスクの空きを確かめてください。\n"
+                   "Massage.ini の項目「SYSTEM_DATA」のフォルダー「\\DATA」に書き込めません（パス名が無効です。）。"
+                   "使う人の書き込みと削除の権限と、ディスクの空きを確かめてください。\n");
+}
+
+TEST_CASE("a folder on a full disk is found, and the test leaves no file there")
+{
+    const SoundSite site;
+    const SmallDisk disk((site.path() / "TMP").string());
+    if (!disk.isThere()) {
+        MESSAGE("not checked: only root may mount a small disk");
+        return;
+    }
+    CHECK(site.check().empty());
+    CHECK(fs::is_empty(site.path() / "TMP"));
+    disk.fill();
+    CHECK(site.check() == Sentences{"Massage.ini の項目「SYSTEM_TMP」のフォルダー「\\TMP」に書き込めません（"
+                                    "ディスクの空き容量が不足しています。）。使う人の書き込みと削除の権限と、"
+                                    "ディスクの空きを確かめてください。"});
+    fs::remove(site.path() / "TMP" / "ballast");
+    CHECK(fs::is_empty(site.path() / "TMP"));
+}
+
+#endif
+
+TEST_CASE("the user's copies of the site's files in the VirtualStore are named")
+{
+    const TempFolder local;
+    const SoundSite site;
+    const fs::path store = local.folder() / "VirtualStore" / site.path().relative_path();
+    const auto check = [&] {
+        site::Findings findings;
+        site::checkVirtualStore(site.path(), textOf(local.folder()), findings);
+        return findings;
+    };
+    CHECK(check().empty());
+    fs::create_directories(store / "TMP");
+    writeBytes(local.folder() / "VirtualStore" / "Massage.ini", "of another site");
+    CHECK(check().empty());
+
+    writeBytes(store / "TMP" / "WfdCom.dat", "old letters");
+    writeBytes(store / "Massage.ini", "BASEID=0102");
+    REQUIRE(check().size() == 1);
+    CHECK(check()[0].kind == site::FindingKind::virtualStoreCopies);
+    const fs::path command = fs::path("TMP") / "WfdCom.dat";
+    CHECK(check()[0].sentence.starts_with("サイトのファイルが、この利用者だけのフォルダー「" + textOf(store) +
+                                          "」にもあります（Massage.ini、" + textOf(command) + "）。"));
+
+    for (int i = 10; i < 30; ++i) writeBytes(store / ("a" + std::to_string(i)), "");
+    CHECK(check()[0].sentence.find("a27、ほか2個）。") != std::string::npos);
+}
+
+TEST_CASE("a computer without a VirtualStore has no copies there")
+{
+    const SoundSite site;
+    site::Findings findings;
+    site::checkVirtualStore(site.path(), "", findings);
+    CHECK(findings.empty());
 }
 
 TEST_CASE("a machine that reads settings in another code page is found, one with 932 is not")
