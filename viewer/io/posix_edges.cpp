@@ -40,12 +40,12 @@ std::string environmentText(const std::string &name)
     return value == nullptr ? std::string() : value;
 }
 
-Date presentDay()
+Date presentMoment()
 {
     const std::time_t now = std::time(nullptr);
     std::tm parts{};
     localtime_r(&now, &parts);
-    return DateSerial(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday);
+    return dateOf({parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec});
 }
 
 } // namespace inin::viewer

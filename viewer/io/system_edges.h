@@ -20,7 +20,12 @@ void showFailure(const std::string &sentence);
 [[nodiscard]] bool startsMaximised();
 /// An environment variable; empty if it is not set.
 [[nodiscard]] std::string environmentText(const std::string &name);
+/// Date and time of day by the local clock.
+[[nodiscard]] Date presentMoment();
 /// The present day by the local clock.
-[[nodiscard]] Date presentDay();
+[[nodiscard]] inline Date presentDay()
+{
+    return dayOf(presentMoment());
+}
 
 } // namespace inin::viewer

@@ -67,11 +67,11 @@ std::string environmentText(const std::string &name)
     return utf8FromWide(value);
 }
 
-Date presentDay()
+Date presentMoment()
 {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    return DateSerial(now.wYear, now.wMonth, now.wDay);
+    return dateOf({now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond});
 }
 
 } // namespace inin::viewer
