@@ -1,4 +1,3 @@
-#include "adapters/native/native_platform.h"
 #include "site_check/sound_site.h"
 
 #include <doctest/doctest.h>
@@ -8,13 +7,6 @@ using namespace inin::test;
 namespace fs = std::filesystem;
 
 namespace {
-
-/// A machine with a code page without Japanese.
-struct WesternLocale : Locale {
-    Regional regional() override { return {}; }
-    std::string toCodePage(std::string_view) override { return "????"; }
-    std::string fromCodePage(std::string_view) override { return "?"; }
-};
 
 struct SettingFault {
     const char *file;
@@ -107,43 +99,6 @@ TEST_CASE("settings of ASCII and of half-width katakana are in the code page")
     const SoundSite site;
     site.change("Massage.ini", "WALLPAPER=", "ﾂｱ=ﾂｱ\r\nWALLPAPER=");
     CHECK(site.check().empty());
-}
-
-TEST_CASE("a machine that reads settings in another code page is found, one with 932 is not")
-{
-    WesternLocale western;
-    site::Findings findings;
-    site::checkCodePage(western, findings);
-    CHECK(sentencesOf(findings) ==
-          Sentences{"このコンピューターの「Unicode 対応ではないプログラムの言語」が日本語ではないので、"
-                    "設定ファイルの日本語の項目を読めません。"});
-
-    site::Findings none;
-    site::checkCodePage(*makeSystemLocale(), none);
-    CHECK(none.empty());
-}
-
-TEST_CASE("a short date that begins with a four-digit year is accepted")
-{
-    for (const char *form :
-         {"yyyy/MM/dd", "yyyy/M/d", "yyyy/MM/d", "yyyy/M/dd", "yyyy-MM-dd", "yyyy-M-d", "yyyy-MM-d", "yyyy-M-dd"}) {
-        CAPTURE(form);
-        site::Findings findings;
-        site::checkShortDate(Regional{form}, findings);
-        CHECK(findings.empty());
-    }
-}
-
-TEST_CASE("a short date with an era, with the day in front or with a two-digit year is found")
-{
-    for (const std::string form : {"gg yy/MM/dd", "d/M/yy", "M/d/yyyy", "yy/MM/dd", "yyyy'年'M'月'd'日'", ""}) {
-        CAPTURE(form);
-        site::Findings findings;
-        site::checkShortDate(Regional{form}, findings);
-        CHECK(sentencesOf(findings) ==
-              Sentences{"このコンピューターの短い日付の形式が「" + form +
-                        "」なので、データベースが日付を正しく読めません（「yyyy/MM/dd」にしてください）。"});
-    }
 }
 
 TEST_CASE("each fault of the settings is found and nothing else")
