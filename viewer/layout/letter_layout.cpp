@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "viewer/form/date_pattern.h"
 #include "viewer/form/placeholder.h"
+#include "viewer/layout/code_setter.h"
 #include "viewer/layout/text_setter.h"
 
 #include <fmt/format.h>
@@ -118,6 +119,8 @@ struct LetterLayout::Parts {
     /// In the order of the commands: true for a path, false for a shared text.
     std::vector<bool> order;
     std::vector<FieldSetter> setters;
+    std::optional<std::size_t> codeColumn; ///< empty for a form without codes
+    CodeSetter codes;
     std::vector<char32_t> missing;
     std::vector<FieldMark> marks;
 };
@@ -150,6 +153,10 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
         const auto &text = std::get<TextCommand>(form.commands[parts.fields[i].command]);
         parts.setters.emplace_back(i, parts.fields[i], text, fonts, page);
     }
+    const auto code = std::ranges::find(columns, kLetterCodeColumn);
+    if (!form.codes.empty() && code != columns.end())
+        parts.codeColumn = static_cast<std::size_t>(code - columns.begin());
+    parts.codes = CodeSetter(form.codes);
 }
 
 LetterLayout::~LetterLayout() = default;
@@ -189,6 +196,10 @@ const std::vector<FieldMark> &LetterLayout::paintLetter(const LetterValues &valu
         setter.show(values);
         for (const GlyphRun &run : setter.runs()) painter.paint(run);
         if (setter.mark().any()) m_parts->marks.push_back(setter.mark());
+    }
+    if (m_parts->codeColumn) {
+        m_parts->codes.show(values(*m_parts->codeColumn));
+        for (const PathCommand &code : m_parts->codes.paths()) painter.paint(code);
     }
     return m_parts->marks;
 }

@@ -16,6 +16,7 @@
 #include "system/file_path.h"
 #include "system/program_edges.h"
 #include "system/program_version.h"
+#include "system/whole_file.h"
 
 #include <QMessageBox>
 
