@@ -1,5 +1,8 @@
 #include "site_check/site_check.h"
 
+#include "adapters/database/connection_string.h"
+#include "adapters/native/native_platform.h"
+#include "adapters/odbc/connection_parts.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "common/helpers.h"
 #include "demo_site/database_maker.h"
@@ -206,6 +209,23 @@ private:
     Findings &m_findings;
 };
 
+/// Adds a finding if only 32-bit programs can look up the connection string's data source or server.
+void checkName(const std::string &text, Findings &findings)
+{
+    const odbc::ConnectionParts parts = odbc::readConnectionParts(readConnectionString(text));
+    const bool isBridge = asciiLower(parts.text(odbc::Part::provider)).starts_with("msdasql");
+    const bool isSource = isBridge || parts.has(odbc::Part::dataSourceName);
+    const bool isNamedAsServer = !parts.has(odbc::Part::dataSourceName); // also the data source of a bridge
+    const std::string name = trim(parts.text(isNamedAsServer ? odbc::Part::server : odbc::Part::dataSourceName));
+    if (!isOnlyFor32BitPrograms(isSource ? ServerName::dataSource : ServerName::alias, name)) return;
+    const char *remedy = isSource ? "「ODBC データ ソース（64 ビット）」に同じ名前で登録してください"
+                                  : "System32 の cliconfg.exe で同じ別名を登録してください";
+    findings.push_back({FindingKind::onlyFor32Bits, "adodb.ini",
+                        fmt::format("adodb.ini の{}「{}」は32ビットのプログラム用にしか登録されていないので、使えません"
+                                    "（{}）。",
+                                    isSource ? "データソース" : "サーバーの別名", name, remedy)});
+}
+
 /// Opens the database of a connection string if it is sound; otherwise adds a finding.
 std::optional<SiteDatabase> openSound(const fs::path &folder, const std::string &text, Findings &findings)
 try {
@@ -227,6 +247,7 @@ void checkDatabase(const fs::path &folder, const std::optional<Branch> &branch, 
 {
     const auto text = connectionText(folder, findings);
     if (!text) return;
+    checkName(*text, findings);
     auto site = openSound(folder, *text, findings);
     if (!site) return;
     DatabaseCheck check(*site, findings);
