@@ -1,8 +1,7 @@
 #include "viewer/ledger/ledger.h"
 
 #include "system/file_path.h"
-#include "viewer/io/file_io.h"
-#include "viewer/io/system_file.h"
+#include "system/whole_file.h"
 #include "viewer/ledger/ledger_file.h"
 #include "viewer/ledger/ledger_operations.h"
 #include "viewer/ledger/ledger_place.h"
@@ -39,7 +38,7 @@ Ledger::Ledger(const std::string &path, int months, Date now) : m_path(path), m_
 {
     if (path.empty()) return;
     try {
-        m_path = absolutePath(path);
+        m_path = fullPath(path);
         makeFolder(textOf(pathOf(m_path).parent_path()));
         openFile();
         if (m_fault == LedgerFault::damaged) renewDamagedFile();

@@ -1,6 +1,7 @@
 #include "viewer/ledger/ledger_database.h"
 
 #include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <sqlite3.h>
 
@@ -23,7 +24,7 @@ bool isWriteProtected(const std::string &path)
 {
     using std::filesystem::perms;
     std::error_code fault;
-    const std::filesystem::file_status status = std::filesystem::status(pathOf(path), fault);
+    const std::filesystem::file_status status = std::filesystem::status(longPathOf(path), fault);
     constexpr perms kWrite = perms::owner_write | perms::group_write | perms::others_write;
     return std::filesystem::exists(status) && (status.permissions() & kWrite) == perms::none;
 }

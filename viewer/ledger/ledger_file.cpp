@@ -23,10 +23,10 @@ try {
     return faultOf(error.code()) == LedgerFault::damaged;
 }
 
-bool moveFile(const std::filesystem::path &from, const std::filesystem::path &to)
+bool moveFile(const std::string &from, const std::string &to)
 {
     std::error_code fault;
-    std::filesystem::rename(from, to, fault);
+    std::filesystem::rename(longPathOf(from), longPathOf(to), fault);
     return !fault;
 }
 
@@ -96,11 +96,12 @@ std::string putAsideDamaged(const std::string &path, Date now)
     std::error_code ignored;
     for (int attempt = 1; attempt < 100; ++attempt) {
         const std::string number = attempt == 1 ? std::string() : fmt::format(" {}", attempt);
-        const std::filesystem::path aside = file.parent_path() / pathOf(name + number + textOf(file.extension()));
-        if (std::filesystem::exists(aside, ignored)) continue;
-        if (!moveFile(file, aside)) return {};
-        (void)moveFile(pathOf(path + "-journal"), pathOf(textOf(aside) + "-journal")); // usually there is none
-        return textOf(aside.filename());
+        const std::string newName = name + number + textOf(file.extension());
+        const std::string aside = textOf(file.parent_path() / pathOf(newName));
+        if (std::filesystem::exists(longPathOf(aside), ignored)) continue;
+        if (!moveFile(path, aside)) return {};
+        (void)moveFile(path + "-journal", aside + "-journal"); // usually there is none
+        return newName;
     }
     return {};
 }
