@@ -4,6 +4,7 @@
 #include "viewer/io/system_edges.h"
 #include "viewer/paint/qt_page_painter.h"
 #include "viewer/window/run_window.h"
+#include "viewer/window/viewer_settings.h"
 
 #include <fmt/format.h>
 
@@ -16,6 +17,11 @@ int showLetters(const ViewCommand &command, const std::string &programName)
     if (hasScreen()) return runWindow(programName, command.script, command.letters);
     showFailure("formviewer: 画面がないので、--pdf、--png、--check のどれかを指定してください。");
     return kBadCommand;
+}
+
+LedgerSettings ledgerSettings()
+{
+    return ViewerSettings().ledger();
 }
 
 void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::vector<std::size_t> &letters)

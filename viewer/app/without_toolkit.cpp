@@ -10,6 +10,11 @@ int showLetters(const ViewCommand &, const std::string &)
     return kBadCommand;
 }
 
+LedgerSettings ledgerSettings()
+{
+    return {};
+}
+
 void writePngs(const ViewCommand &, LetterRenderer &, const std::vector<std::size_t> &)
 {
     throw RuntimeError(error_number::invalidCall, "このプログラムは PNG ファイルを書き出せません。");
