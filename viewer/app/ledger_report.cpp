@@ -84,17 +84,21 @@ LedgerReport reportOf(Ledger &ledger, const LedgerCommand &command)
     return {};
 }
 
-int printLedgerReport(const LedgerCommand &command)
+Ledger operatorLedger()
 {
     const LedgerSettings settings = ledgerSettings();
-    const std::string path = ledgerPath(environmentText("ININ_LEDGER"), settings, operatorDataFolder(environmentText));
-    if (path.empty()) {
-        printLine(stderr, "台帳は使わない設定になっています。");
-        return kLedgerUnreadable;
-    }
-    Ledger ledger(path, settings.months, presentMoment());
+    return {ledgerPath(environmentText("ININ_LEDGER"), settings, operatorDataFolder(environmentText)), settings.months,
+            presentMoment()};
+}
+
+int printLedgerReport(const LedgerCommand &command)
+{
+    Ledger ledger = operatorLedger();
     const LedgerReport report = reportOf(ledger, command);
-    if (!ledger.notice().empty()) printLine(stderr, ledger.notice());
+    if (ledger.fault() == LedgerFault::off)
+        printLine(stderr, "台帳は使わない設定になっています。");
+    else if (!ledger.notice().empty())
+        printLine(stderr, ledger.notice());
     printText(stdout, report.text);
     // A query may have found damage.
     return ledger.isReadable() ? report.exitCode : kLedgerUnreadable;

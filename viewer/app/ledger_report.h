@@ -7,6 +7,9 @@
 
 namespace inin::viewer {
 
+/// The ledger of the operator, by the environment and the settings.
+[[nodiscard]] Ledger operatorLedger();
+
 /// The result of `formviewer --ledger`: what is printed, and the exit code.
 struct LedgerReport {
     std::string text;

@@ -26,6 +26,7 @@ struct RunCommand {
         return isFlagged ? kFailed : kDone;
     }
     int operator()(const LedgerCommand &command) const { return printLedgerReport(command); }
+    int operator()(const ReturnedCommand &command) const { return markReturned(command); }
     int operator()(const MergeCommand &command) const
     {
         writeCombinedForm(command);

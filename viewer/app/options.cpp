@@ -80,7 +80,8 @@ MonthRange monthsOfOption(const std::string &text)
 }
 
 /// The options of a command without "/c" and with their help.
-void addOptions(CLI::App &app, ViewCommand &command, LedgerOptions &ledger, HelpLanguage language)
+void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, LedgerOptions &ledger,
+                HelpLanguage language)
 {
     const auto text = [language](std::string_view japanese, std::string_view english) {
         return HelpText{japanese, english}.in(language);
@@ -108,9 +109,9 @@ void addOptions(CLI::App &app, ViewCommand &command, LedgerOptions &ledger, Help
     app.add_flag("--check", command.check,
                  text("印刷前の点検の結果を表示します。注意のある委任状があれば終了コード 1、なければ 0 です。",
                       "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
-    app.add_flag(
-        "--json", command.json,
-        text("点検や台帳の結果を JSON で表示します。", "Prints the findings of the check, or the ledger, as JSON."));
+    app.add_flag("--json", command.json,
+                 text("点検、--returned、--ledger の結果を JSON で表示します。",
+                      "Prints the result of --check, --returned or --ledger as JSON."));
     addRead("--without-check", text("名前", "NAMES"),
             text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
                  "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
@@ -127,6 +128,11 @@ void addOptions(CLI::App &app, ViewCommand &command, LedgerOptions &ledger, Help
             text("--ledger missing の期間（既定は最後の期間）。例：2026-11、2026-10..2026-11",
                  "The months of --ledger missing (default: the latest), such as 2026-11 or 2026-10..2026-11."),
             [&ledger](const std::string &months) { ledger.months = monthsOfOption(months); });
+    add("--returned", returned.files, text("ファイル", "FILES"),
+        text("戻ってきた委任状を読み取った PDF、PNG、JPEG、TIFF。QR コードの委任状を台帳で返送済みにします。"
+             "人が確かめるページがあれば終了コード 1、なければ 0 です。",
+             "Scans of returned letters (PDF, PNG, JPEG, TIFF). Marks the letters of their QR codes as returned in the "
+             "ledger. Exit code 1 if a page needs a look, otherwise 0."));
     addRead("--today", text("日付", "DATE"),
             text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
                  "The day that the check compares dates with (default: today), such as 2024-05-20."),
@@ -144,7 +150,8 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     app.allow_windows_style_options(false);
     ViewCommand command;
     LedgerOptions ledger;
-    addOptions(app, command, ledger, language);
+    ReturnedCommand returned;
+    addOptions(app, command, returned, ledger, language);
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back
         app.parse(std::move(arguments));
@@ -152,6 +159,12 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
         return ShowHelp{app.help()};
     } catch (const CLI::ParseError &error) {
         return BadCommandLine{"formviewer: " + refusedCommandLine("formviewer", error.what(), language)};
+    }
+    if (!returned.files.empty()) {
+        if (!command.needsWindow() || !command.script.empty() || !scriptAfterSwitch.empty())
+            return BadCommandLine{"formviewer: --returned は、--json のほかの指定と一緒には使えません。"};
+        returned.json = command.json;
+        return returned;
     }
     if (!scriptAfterSwitch.empty()) command.script = scriptAfterSwitch;
     if (ledger.question && ledger.question != LedgerQuestion::diff)

@@ -32,6 +32,11 @@ struct LedgerCommand {
     std::optional<MonthRange> months; ///< of the missing letters; empty for the latest
     bool json = false;
 };
+/// Mark the letters of scanned pages as returned.
+struct ReturnedCommand {
+    std::vector<std::string> files;
+    bool json = false;
+};
 /// Write the combined form document of a merger's script.
 struct MergeCommand {
     std::string output;
@@ -44,7 +49,7 @@ struct ShowHelp {
 struct BadCommandLine {
     std::string sentence;
 };
-using ViewerCommand = std::variant<ViewCommand, LedgerCommand, MergeCommand, ShowHelp, BadCommandLine>;
+using ViewerCommand = std::variant<ViewCommand, ReturnedCommand, LedgerCommand, MergeCommand, ShowHelp, BadCommandLine>;
 
 /// The exit code for a command that is invalid or not available in this build.
 inline constexpr int kBadCommand = 2;
