@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace inin::viewer {
 
@@ -76,7 +75,7 @@ public:
     void add(std::string_view text)
     {
         m_line += m_line.empty() ? "\"" : ",\"";
-        for (const char c : text) m_line.append(c == '"' ? 2 : 1, c);
+        for (const char c : text) m_line.append(c == '"' ? std::size_t{2} : std::size_t{1}, c);
         m_line += '"';
     }
     [[nodiscard]] std::string end() const { return m_line + "\r\n"; }

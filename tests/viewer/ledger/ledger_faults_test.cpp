@@ -50,7 +50,8 @@ std::int64_t versionOf(const std::string &path)
 
 TEST_CASE("a ledger that is switched off records nothing and has no notice")
 {
-    for (Ledger ledger : {Ledger(), Ledger("", 24, kPrintDay)}) {
+    Ledger ledgers[] = {Ledger(), Ledger("", 24, kPrintDay)};
+    for (Ledger &ledger : ledgers) {
         CHECK(ledger.fault() == LedgerFault::off);
         CHECK(!recordsPrint(ledger, runOf(2)));
         CHECK(ledger.notice().empty());

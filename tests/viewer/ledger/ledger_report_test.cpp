@@ -143,10 +143,11 @@ TEST_CASE("the options of the ledger are read")
     const ViewerCommand difference = parsed({"formviewer", "--ledger", "diff", "s.dat"});
     REQUIRE(std::holds_alternative<LedgerCommand>(difference));
     CHECK(std::get<LedgerCommand>(difference).script == "s.dat");
-    for (const std::vector<std::string> &words :
-         {std::vector<std::string>{"formviewer", "--ledger", "diff"},
-          {"formviewer", "--ledger", "all"},
-          {"formviewer", "--ledger", "missing", "--period", "2026-13"},
-          {"formviewer", "--ledger", "missing", "--period", "2026-11..2026-10"}})
-        CHECK(std::holds_alternative<BadCommandLine>(parsed(words)));
+    const std::vector<std::vector<std::string>> refused = {
+        {"formviewer", "--ledger", "diff"},
+        {"formviewer", "--ledger", "all"},
+        {"formviewer", "--ledger", "missing", "--period", "2026-13"},
+        {"formviewer", "--ledger", "missing", "--period", "2026-11..2026-10"},
+    };
+    for (const std::vector<std::string> &words : refused) CHECK(std::holds_alternative<BadCommandLine>(parsed(words)));
 }
