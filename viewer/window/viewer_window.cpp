@@ -252,7 +252,9 @@ void ViewerWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     // Detect a changed file as soon as the user returns to the window.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_watch.check();
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    m_watch.check();
+    refreshLedger();
 }
 
 void ViewerWindow::closeEvent(QCloseEvent *event)
