@@ -136,6 +136,7 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     if (isFirst) return;
     if (m_desk.isOpen()) m_desk.show(m_letters->set);
     m_ledgerNotice.clear();
+    m_paper->hide(); // its rest has the numbers of the old letters
     showLedger();
     startCheck();
     // Otherwise the list would be empty until then.

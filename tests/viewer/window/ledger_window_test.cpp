@@ -342,18 +342,23 @@ TEST_CASE("another window's answer is shown when the user returns to this one")
     CHECK(!world.isShown("paperBar"));
 }
 
-TEST_CASE("the offer to print the rest stays while another run is compared")
+TEST_CASE("the offer to print the rest stays while another run is compared, and ends with the letters")
 {
-    LedgerWorld world(differentRows(2));
+    LedgerWorld world(differentRows(5));
     world.openWindow();
-    world.print("1-2");
+    world.print("1-5");
+    world.openAgain(nextRows());
+    world.print("1-5");
     world.click("paperPartly");
     CHECK(world.textOf("paperText") == "最後に正しく出た番号を入れてください。");
     world.find<QSpinBox>("paperNumber")->setValue(1);
     world.click("paperSet");
-    world.window->reload();
+    auto *const menu = world.find<QMenu>("comparedRunMenu");
+    emit menu->aboutToShow();
+    menu->actions().at(0)->trigger();
     CHECK(world.isShown("paperRest"));
-    world.click("paperClose");
+    writeBytes(world.folder / "委任状.csv", csvOf(differentRows(1)));
+    world.window->reload();
     CHECK(!world.isShown("paperBar"));
 }
 
