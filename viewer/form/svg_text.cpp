@@ -15,7 +15,8 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kDataPrefix = "data-";
-constexpr std::string_view kDataNames[] = {"box", "lines", "leading", "narrowest", "min-size", "valign", "padding"};
+constexpr std::string_view kDataNames[] = {"box",    "lines",   "leading", "narrowest", "min-size",
+                                           "valign", "padding", "if",      "unless",    "empty-lines"};
 constexpr double kSmallestShare = 0.6; ///< of the size, when the form has no data-min-size
 constexpr int kMaxLines = 200;
 
@@ -68,7 +69,7 @@ void SvgText::readDataAttributes(const XmlAttributes &attributes)
 {
     for (const auto &[name, value] : attributes.all()) {
         if (!name.starts_with(kDataPrefix)) continue;
-        const std::string_view own = name.substr(kDataPrefix.size());
+        const std::string_view own = std::string_view(name).substr(kDataPrefix.size());
         if (std::ranges::find(kDataNames, own) == std::end(kDataNames))
             m_report(fmt::format("属性「{}」には対応していません。", name));
         else
@@ -76,12 +77,13 @@ void SvgText::readDataAttributes(const XmlAttributes &attributes)
     }
 }
 
-void SvgText::open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style,
+void SvgText::open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style, CommandPlace place,
                    NoticeHandler report)
 {
     m_isOpen = true;
     m_id = attributes.get("id");
     m_transform = transform;
+    m_place = place;
     m_dataAttributes.clear();
     m_report = std::move(report);
     readDataAttributes(attributes);
@@ -174,7 +176,10 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
     command.anchor = style.anchor;
     command.writing = style.writing;
     command.orientation = style.orientation;
+    command.place = m_place;
     command.at = m_transform * Affine{1 / scale, 0, 0, 1 / scale, line.x, line.y};
+    const auto emptyLines = m_dataAttributes.find("empty-lines");
+    command.dropsEmptyLines = emptyLines != m_dataAttributes.end() && emptyLines->second == "drop";
     const auto box = m_dataAttributes.find("box");
     if (box != m_dataAttributes.end()) {
         command.fit = readFit(style);
@@ -195,6 +200,8 @@ void SvgText::close(FormDocument &form)
         if (line.parts.size() > 1)
             m_report("一行の中でフォントや大きさや色が変わる文字は、行の始まりの書式で表示します。");
     if (!m_dataAttributes.contains("box")) {
+        if (m_dataAttributes.contains("empty-lines"))
+            m_report("空の行を詰める指定（data-empty-lines）は、枠（data-box）のある文字だけで使えます。");
         for (const Line &line : m_lines) addCommand(form, line, textOf(line));
         return;
     }

@@ -12,7 +12,8 @@ namespace inin::viewer {
 /// Collects one text element: a line for each position that the element or its spans set.
 class SvgText {
 public:
-    void open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style, NoticeHandler report);
+    void open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style, CommandPlace place,
+              NoticeHandler report);
     void openSpan(const XmlAttributes &attributes, const SvgStyle &style);
     void add(std::string_view text, const SvgStyle &style);
     /// Ends the element and adds its lines to the form as commands.
@@ -44,6 +45,7 @@ private:
     bool m_isOpen = false;
     std::string m_id;
     Affine m_transform;
+    CommandPlace m_place;
     std::map<std::string, std::string, std::less<>> m_dataAttributes; ///< without their prefix
     std::vector<Line> m_lines;
     NoticeHandler m_report;

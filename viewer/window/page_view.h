@@ -10,7 +10,7 @@ namespace inin::viewer {
 
 struct OpenLetters;
 
-/// One letter on its paper: black on white under every theme, painted anew at each scale and therefore always sharp.
+/// One letter on its paper, its pages below one another: black on white under every theme, painted anew at each scale and therefore always sharp.
 class PageView : public QAbstractScrollArea {
 public:
     enum class Fit { none, page, width };
@@ -34,8 +34,8 @@ public:
     void setFit(Fit fit);
     /// True if the whole page was requested but does not fit readably.
     [[nodiscard]] bool usesWidthForPage() const;
-    /// The rectangle of the paper in the viewport.
-    [[nodiscard]] QRect paperPlace() const;
+    /// The rectangle of a page's paper in the viewport.
+    [[nodiscard]] QRect paperPlace(std::size_t page = 0) const;
 
     std::function<void()> onZoom;
     /// Called for a page key and for the wheel at the end or the beginning of the page.
@@ -50,13 +50,16 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    [[nodiscard]] QSize paperPixels() const;
+    [[nodiscard]] std::size_t pageCount() const;
+    [[nodiscard]] QSize paperPixels(std::size_t page) const;
+    /// The size of all pages with the gaps between them.
+    [[nodiscard]] QSize letterPixels() const;
     [[nodiscard]] double pixelsPerPoint() const;
     /// The zoom that fills the view's width or shows the whole page; without limits.
     [[nodiscard]] double zoomFor(Fit fit) const;
     void zoomChanged();
     void describeLetter();
-    void paintPaper(QPainter &painter, const QRect &place);
+    void paintPaper(QPainter &painter, std::size_t page, const QRect &visible);
     void makeAhead();
     [[nodiscard]] bool isAtEnd(int direction) const;
     void turn(int direction);

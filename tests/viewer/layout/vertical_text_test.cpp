@@ -27,6 +27,7 @@ struct Painted {
 
 class Recorder : public PagePainter {
 public:
+    void paint(const PictureCommand &) override {}
     void paint(const PathCommand &) override {}
     void paint(const GlyphRun &run) override
     {
