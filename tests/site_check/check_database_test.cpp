@@ -24,6 +24,8 @@ const RowFault kRowFaults[] = {
     {"ALTER TABLE RIYOUSHA DROP COLUMN cFMCode", {"テーブル「RIYOUSHA」に列「cFMCode」がありません。"}},
     {"DROP TABLE JISSEKI", {"テーブル「JISSEKI」がありません。"}},
     {"DROP TABLE 往療費区分", {"テーブル「往療費区分」がありません。"}},
+    {"DROP TABLE 往療費区分; CREATE VIEW 往療費区分 AS SELECT cKeep FROM HOKEN",
+     {"テーブル「往療費区分」を読み込めません。（列がありません。（no such column: cKeep））"}},
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "viewer/window/page_view.h"
 
 #include "viewer/window/open_letters.h"
+#include "viewer/window/page_marks.h"
 #include "viewer/window/qt_text.h"
 
 #include <QAccessible>
@@ -41,6 +42,7 @@ void PageView::showLetters(OpenLetters *letters)
 {
     m_letters = letters;
     m_letter = 0;
+    m_marks.clear();
     m_ahead.stop();
     zoomChanged();
     describeLetter();
@@ -52,8 +54,15 @@ void PageView::showLetter(std::size_t letter)
     m_direction = letter > m_letter ? 1 : -1;
     const QSize before = letterPixels();
     m_letter = letter;
+    m_marks.clear();
     if (letterPixels() != before) zoomChanged();
     describeLetter();
+    viewport()->update();
+}
+
+void PageView::setMarks(std::vector<PlaceOnPage> places)
+{
+    m_marks = std::move(places);
     viewport()->update();
 }
 
@@ -214,6 +223,7 @@ void PageView::paintEvent(QPaintEvent *event)
         painter.drawRect(paper.adjusted(-1, -1, 0, 0));
         painter.fillRect(paper, Qt::white);
         paintPaper(painter, page, event->rect());
+        paintMarks(painter, paper.topLeft(), pixelsPerPoint(), m_marks, page);
         painter.restore();
     }
     if (const auto first = std::exchange(onFirstPaint, {})) first();
