@@ -81,6 +81,7 @@ struct TextCommand {
     Anchor anchor = Anchor::start;
     WritingMode writing = WritingMode::horizontal;
     TextOrientation orientation = TextOrientation::mixed;
+    std::size_t combinedDigits = 0; ///< up to so many half-width digits of vertical text share one cell (縦中横)
     /// From text space (points; the origin is on the baseline, or on the centre line of vertical text) to the page.
     Affine at;
     std::optional<FitRule> fit;

@@ -63,6 +63,14 @@ bool hasSameTextStyle(const SvgStyle &a, const SvgStyle &b)
            a.orientation == b.orientation && a.fillOnPaper() == b.fillOnPaper();
 }
 
+/// Whether a text is clearly outside its box, which decides where it is printed.
+bool isOutside(const TextCommand &text, const Box &box)
+{
+    const Point at = text.at({});
+    return at.x < box.left - text.size || at.x > box.right() + text.size || at.y < box.top - text.size ||
+           at.y > box.bottom() + text.size;
+}
+
 } // namespace
 
 void SvgText::readDataAttributes(const XmlAttributes &attributes)
@@ -81,6 +89,7 @@ void SvgText::open(const XmlAttributes &attributes, const Affine &transform, con
                    NoticeHandler report)
 {
     m_isOpen = true;
+    m_isPlaced = attributes.find("x").has_value() && attributes.find("y").has_value();
     m_id = attributes.get("id");
     m_transform = transform;
     m_place = place;
@@ -153,6 +162,21 @@ FitRule SvgText::readFit(const SvgStyle &style) const
     return fit;
 }
 
+void SvgText::reportSurprises(const TextCommand &command, const SvgStyle &style) const
+{
+    const auto hasWideBraces = [](const TextPiece &piece) {
+        return piece.literal.find("｛｛") != std::string::npos || piece.literal.find("｝｝") != std::string::npos;
+    };
+    if (std::ranges::any_of(command.pieces, hasWideBraces))
+        m_report(
+            fmt::format("文字{}の全角の波かっこは、差し込みになりません。半角で書いてください。", quotedName(command)));
+    if (style.flowsInShape && command.isField())
+        m_report(fmt::format(
+            "文字{}は流し込み枠（shape-inside）の中にありますが、値に合わせて折り返しません。枠は data-box で"
+            "指定してください。",
+            quotedName(command)));
+}
+
 void SvgText::addCommand(FormDocument &form, const Line &line, const std::string &text)
 {
     const SvgStyle &style = line.parts.front().style;
@@ -176,6 +200,7 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
     command.anchor = style.anchor;
     command.writing = style.writing;
     command.orientation = style.orientation;
+    command.combinedDigits = style.combinedDigits;
     command.place = m_place;
     command.at = m_transform * Affine{1 / scale, 0, 0, 1 / scale, line.x, line.y};
     const auto emptyLines = m_dataAttributes.find("empty-lines");
@@ -185,9 +210,10 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
         command.fit = readFit(style);
         const auto padding = m_dataAttributes.find("padding");
         m_boxReferences.push_back(
-            {form.commands.size(), box->second,
+            {form.commands.size(), m_isPlaced, box->second,
              scale * numberOf(padding == m_dataAttributes.end() ? "" : padding->second, 0, 0, 1000)});
     }
+    reportSurprises(command, style);
     form.commands.emplace_back(std::move(command));
 }
 
@@ -220,6 +246,10 @@ void SvgText::resolveBoxes(const std::map<std::string, Box, std::less<>> &boxes,
                                fmt::format("枠「{}」（data-box）がありません。", reference.box));
         auto &command = std::get<TextCommand>(form.commands[reference.command]);
         Box box = found->second;
+        if (reference.isPlaced && isOutside(command, box))
+            m_report(fmt::format(
+                "文字{}は枠「{}」の外にありますが、枠の中に印刷します。印刷する場所は、枠を動かして変えます。",
+                quotedName(command), reference.box));
         const double padding = std::min(reference.padding, std::min(box.width, box.height) / 2);
         box = {box.left + padding, box.top + padding, box.width - 2 * padding, box.height - 2 * padding};
         command.fit->box = box;

@@ -33,6 +33,7 @@ private:
     };
     struct BoxReference {
         std::size_t command;
+        bool isPlaced;
         std::string box;
         double padding;
     };
@@ -42,7 +43,11 @@ private:
     void readDataAttributes(const XmlAttributes &attributes);
     void addCommand(FormDocument &form, const Line &line, const std::string &text);
 
+    /// Reports properties of a text that do not have the effect that its editor may expect.
+    void reportSurprises(const TextCommand &command, const SvgStyle &style) const;
+
     bool m_isOpen = false;
+    bool m_isPlaced = false; ///< the element or a span has a position of its own
     std::string m_id;
     Affine m_transform;
     CommandPlace m_place;

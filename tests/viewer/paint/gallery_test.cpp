@@ -24,7 +24,7 @@ struct Exhibit {
     const char *name;
     std::size_t pages = 1;
 };
-constexpr Exhibit kExhibits[] = {{"pictures"}, {"pages", 2}, {"conditions"}, {"envelope"}};
+constexpr Exhibit kExhibits[] = {{"pictures"}, {"pages", 2}, {"conditions"}, {"envelope"}, {"fields"}, {"vertical"}};
 
 /// The difference of two renderings of a page, whose sizes may be rounded differently.
 double pageDifference(const QImage &a, const QImage &b)
@@ -34,10 +34,12 @@ double pageDifference(const QImage &a, const QImage &b)
     return difference(a.copy(0, 0, width, height), b.copy(0, 0, width, height));
 }
 
-/// An ordinary letter on a form of the gallery.
+/// A letter with two empty columns on a form of the gallery.
 LetterSet galleryLetters(const std::string &name)
 {
-    LetterSet set = lettersOn(svgPage(""), {ordinaryRow()});
+    Row row = ordinaryRow();
+    row["署名日"] = row["金融機関名２"] = "";
+    LetterSet set = lettersOn(svgPage(""), {row});
     set.reports[0].form = readSvg(bytesOf(kGallery + name + ".svg"), pictureBytes);
     set.usesFormPaper = true;
     return set;
