@@ -1,8 +1,11 @@
 #include "adapters/database/dao_sessions.h"
 
 #include "adapters/database/dao_error.h"
+#include "platform/dao.h"
+#include "runtime/runtime_error.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace inin {
 
