@@ -44,6 +44,7 @@ constexpr FindingText kTexts[] = {
     {missingTable, fault, "テーブルがない"},
     {missingColumn, fault, "列がない"},
     {onlyFor32Bits, fault, "データソースかサーバーの別名が32ビット用だけにある"},
+    {unreadableTable, fault, "テーブルを読み込めない"},
     {noHeadOffice, fault, "本社の会社がない"},
     {severalHeadOffices, fault, "本社の会社が複数ある"},
     {noGroupCompany, fault, "団体請求の会社がない"},

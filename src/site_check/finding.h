@@ -41,6 +41,7 @@ enum class FindingKind {
     missingTable = 405,
     missingColumn = 406,
     onlyFor32Bits = 407,
+    unreadableTable = 408,
     noHeadOffice = 501,
     severalHeadOffices = 502,
     noGroupCompany = 503,

@@ -1,5 +1,6 @@
+#include "system/file_path.h"
+#include "system/whole_file.h"
 #include "viewer/app/toolkit.h"
-#include "viewer/io/file_io.h"
 #include "viewer/io/system_edges.h"
 #include "viewer/paint/qt_page_painter.h"
 #include "viewer/window/run_window.h"
@@ -24,9 +25,8 @@ void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::
     const std::size_t digits = std::max<std::size_t>(3, std::to_string(renderer.set().size()).size());
     QtGlyphs glyphs;
     for (const std::size_t letter : letters) {
-        AtomicFile file(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits));
-        file.write(letterPng(renderer, letter, command.dotsPerInch, glyphs));
-        file.commit();
+        writeWholeFile(pathOf(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits)),
+                       letterPng(renderer, letter, command.dotsPerInch, glyphs), NewFile::ownerOnly);
     }
 }
 

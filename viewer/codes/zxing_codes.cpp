@@ -6,12 +6,18 @@
 #include <MultiFormatWriter.h>
 #include <ReadBarcode.h>
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 namespace inin::viewer {
 
 namespace {
 
 /// 30 % of a code may be covered.
 constexpr int kStrongestCorrection = 8;
+/// Ink is darker than this share of the paper's brightness. Coffee is lighter than the first.
+constexpr double kInkShares[] = {0.34, 0.5, 0.67};
 
 std::vector<std::string> codesIn(const ZXing::ImageView &view, ZXing::Binarizer binarizer)
 {
@@ -19,6 +25,25 @@ std::vector<std::string> codesIn(const ZXing::ImageView &view, ZXing::Binarizer 
     std::vector<std::string> texts;
     for (const ZXing::Result &result : ZXing::ReadBarcodes(view, hints)) texts.push_back(result.text());
     return texts;
+}
+
+/// The brightness of the paper, which covers most of a page.
+int medianOf(const GreyPicture &picture)
+{
+    std::array<std::size_t, 256> counts{};
+    for (const std::uint8_t pixel : picture.pixels) ++counts[pixel];
+    std::size_t seen = 0, value = 0;
+    while (value < counts.size() && seen * 2 < picture.pixels.size()) seen += counts[value++];
+    return static_cast<int>(value);
+}
+
+/// Pixels darker than `limit` become black and the others white.
+std::vector<std::uint8_t> thresholded(const GreyPicture &picture, int limit)
+{
+    std::vector<std::uint8_t> pixels(picture.pixels.size());
+    std::ranges::transform(picture.pixels, pixels.begin(),
+                           [limit](std::uint8_t pixel) { return static_cast<std::uint8_t>(pixel < limit ? 0 : 255); });
+    return pixels;
 }
 
 } // namespace
@@ -50,8 +75,14 @@ std::vector<std::string> readQrCodes(const GreyPicture &picture)
     const ZXing::ImageView view(picture.pixels.data(), picture.width, picture.height, ZXing::ImageFormat::Lum,
                                 picture.bytesPerRow);
     std::vector<std::string> texts = codesIn(view, ZXing::Binarizer::LocalAverage);
-    // A threshold for the whole page finds codes that a local one loses in stains and shadows.
-    return texts.empty() ? codesIn(view, ZXing::Binarizer::GlobalHistogram) : texts;
+    // Noise and stains confuse the local threshold: try one for the whole page, which leaves only the ink.
+    const int paper = medianOf(picture);
+    for (std::size_t i = 0; texts.empty() && i < std::size(kInkShares); ++i) {
+        const std::vector<std::uint8_t> ink = thresholded(picture, static_cast<int>(paper * kInkShares[i]));
+        texts = codesIn({ink.data(), picture.width, picture.height, ZXing::ImageFormat::Lum, picture.bytesPerRow},
+                        ZXing::Binarizer::FixedThreshold);
+    }
+    return texts;
 }
 
 } // namespace inin::viewer

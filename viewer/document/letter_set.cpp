@@ -1,11 +1,11 @@
 #include "viewer/document/letter_set.h"
 
 #include "runtime/runtime_error.h"
+#include "system/whole_file.h"
 #include "transfer/run_record.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/form/form_document.h"
 #include "viewer/form/svg_reader.h"
-#include "viewer/io/file_io.h"
 #include "viewer/io/fingerprint.h"
 #include "viewer/letters/csv_reader.h"
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 
 #include <signal.h>
@@ -32,12 +31,6 @@ bool hasScreen()
 bool startsMaximised()
 {
     return false;
-}
-
-std::string environmentText(const std::string &name)
-{
-    const char *const value = std::getenv(name.c_str());
-    return value == nullptr ? std::string() : value;
 }
 
 Date presentMoment()

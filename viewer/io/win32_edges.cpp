@@ -59,14 +59,6 @@ bool startsMaximised()
     return (startup.dwFlags & STARTF_USESHOWWINDOW) != 0 && startup.wShowWindow == SW_SHOWMAXIMIZED;
 }
 
-std::string environmentText(const std::string &name)
-{
-    const std::wstring wide = wideFromUtf8(name);
-    std::wstring value(GetEnvironmentVariableW(wide.c_str(), nullptr, 0), L'\0');
-    value.resize(GetEnvironmentVariableW(wide.c_str(), value.data(), static_cast<DWORD>(value.size())));
-    return utf8FromWide(value);
-}
-
 Date presentMoment()
 {
     SYSTEMTIME now;

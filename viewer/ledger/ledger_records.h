@@ -108,7 +108,8 @@ enum class CodeResult : std::uint8_t {
 [[nodiscard]] std::string_view codeResultText(CodeResult result);
 struct ReturnedCode {
     CodeResult result = CodeResult::unreadable;
-    std::optional<PrintedLetter> letter; ///< of `marked` and `already`
+    std::optional<LedgerLetter> letter; ///< of `marked` and `already`
+    std::string insurer, patient;       ///< of that letter
 };
 
 } // namespace inin::viewer

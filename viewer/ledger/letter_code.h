@@ -19,7 +19,7 @@ inline constexpr std::uint32_t kLastCodedLetter = 9'999'999;
 
 /// The fifteen digits for a QR code. Needs valid numbers.
 [[nodiscard]] std::string codeDigits(const LetterCode &code);
-/// The same with hyphens, for people: "123456-0001234-56".
+/// The same with hyphens, for people: "123456-0001234-59".
 [[nodiscard]] std::string codeText(const LetterCode &code);
 /// Reads either form, typed or scanned: full-width digits, blanks and any hyphen are accepted. Nothing for another text
 /// and for wrong check digits: each single wrong digit and each exchange of two neighbours is found.

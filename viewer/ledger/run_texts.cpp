@@ -21,12 +21,23 @@ bool showsTexts(const FormDocument &form)
     });
 }
 
+/// The column of unreadable rows, as in the file.
+constexpr std::string_view kUnreadable = "読めない行";
+
+bool hasUnreadableRow(const LetterReport &report)
+{
+    for (std::size_t row = 0; row < report.letters.size(); ++row)
+        if (report.letters.fault(row) != RowFault::none) return true;
+    return false;
+}
+
 std::vector<std::string> allColumns(const LetterSet &set)
 {
     std::vector<std::string> all;
     for (const LetterReport &report : set.reports)
         for (const std::string &column : report.columns)
             if (std::ranges::find(all, column) == all.end()) all.push_back(column);
+    if (std::ranges::any_of(set.reports, hasUnreadableRow)) all.emplace_back(kUnreadable);
     return all;
 }
 
@@ -38,13 +49,17 @@ void addReport(RunTexts &texts, const LetterReport &report)
         const auto place = static_cast<std::size_t>(found - report.columns.begin());
         places.push_back(found == report.columns.end() ? std::nullopt : std::optional(place));
     }
+    const bool hasUnreadable = texts.columns().back() == kUnreadable;
     const bool isShown = report.isListing || showsTexts(report.form);
     for (std::size_t row = 0; row < report.letters.size(); ++row) {
-        const std::string_view raw = report.letters.rawText(row);
         for (std::size_t i = 0; i < places.size(); ++i) {
-            const bool isRaw = i == 0 && !raw.empty();
-            const std::string_view value = places[i] ? report.value(row, *places[i]) : std::string_view();
-            texts.add(!isShown ? std::string_view() : isRaw ? raw : value);
+            const bool isRaw = hasUnreadable && i + 1 == places.size();
+            if (!isShown)
+                texts.add({});
+            else if (isRaw)
+                texts.add(report.letters.rawText(row));
+            else
+                texts.add(places[i] ? report.value(row, *places[i]) : std::string_view());
         }
     }
 }

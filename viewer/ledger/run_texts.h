@@ -33,8 +33,8 @@ private:
     std::vector<std::uint32_t> m_ends;
 };
 
-/// The texts of the letters. Columns of several reports are joined by their names. The first text of an unreadable row is
-/// the row as in the file.
+/// The texts of the letters. Columns of several reports are joined by their names. An unreadable row is in a column of its
+/// own, as in the file. Letters of a form without any field have empty texts, because their paper shows none.
 [[nodiscard]] RunTexts textsOf(const LetterSet &set);
 
 /// What distinguishes a run from others.

@@ -69,6 +69,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    // viewer_menus.cpp
     void buildMenus();
     void buildFileMenu();
     void buildSelectMenu();
@@ -78,36 +79,47 @@ private:
     void buildTools();
     QLayout *buildFind(QWidget *side);
     QLayout *buildFilter(QWidget *side);
-    QWidget *buildList();
+
+    // viewer_window.cpp
     QWidget *buildPage();
-    void fitToScreen();
-    void restoreLayout();
-    void keepLayout();
-    [[nodiscard]] QString runTitle() const;
     void adopt(std::unique_ptr<OpenLetters> letters);
+    [[nodiscard]] QString runTitle() const;
     /// The warnings about the letter files, one per line.
     [[nodiscard]] QString warningText() const;
     void whenPlaced(std::function<void()> what);
-    void startCheck();
-    void checkMore();
-    void showFindings();
-    void switchCheck(Cause cause, bool isOn);
     void showZoom();
+    void fitPage(PageView::Fit fit);
+    void fileChanged(const std::string &path);
+    void showMessage(QMessageBox::Icon icon, const QString &text);
+
+    // viewer_place.cpp
+    void fitToScreen();
+    void restoreLayout();
+    void keepLayout();
+
+    // viewer_list.cpp
+    QWidget *buildList();
     void step(int by);
     void tickAll(bool ticked);
-    void ticksChanged();
     void untickMarked();
     enum class Ticking { more, only };
     /// Ticks the found letters; with Ticking::only no others stay ticked.
     void tickFound(Ticking ticking);
+    void ticksChanged();
     void find(Direction direction);
     void findTyped();
     void showFound(const std::vector<bool> &found, std::optional<std::size_t> letter);
-    void showNextFlagged(Direction direction);
     void refreshList();
     void showListNote();
-    void fitPage(PageView::Fit fit);
-    void fileChanged(const std::string &path);
+
+    // viewer_check.cpp
+    void startCheck();
+    void checkMore();
+    void showFindings();
+    void switchCheck(Cause cause, bool isOn);
+    void showNextFlagged(Direction direction);
+
+    // viewer_output.cpp
     /// A dialog for `ticks`, which must outlive it.
     [[nodiscard]] std::unique_ptr<PrintDialog> printDialog(LetterTicks &ticks);
     void print(const PrintOrder &order, const LetterTicks &ticks);
@@ -116,7 +128,6 @@ private:
     void writePdf(const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
     void keepPdfFolder(const QString &folder);
-    void showMessage(QMessageBox::Icon icon, const QString &text);
 
     const std::string m_scriptPath;
     ViewerServices m_services;

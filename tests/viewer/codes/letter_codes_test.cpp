@@ -1,6 +1,6 @@
+#include "system/whole_file.h"
 #include "viewer/codes/qr_codes.h"
 #include "viewer/form/svg_reader.h"
-#include "viewer/io/file_io.h"
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/support/viewer_world.h"
 

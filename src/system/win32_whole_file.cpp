@@ -1,18 +1,14 @@
-#include "viewer/io/system_file.h"
-
 #include "system/file_path.h"
+#include "system/pending_file.h"
 #include "system/win32_handle.h"
 #include "system/win32_path.h"
 #include "system/win32_text.h"
 
-#include <fmt/format.h>
-
-#include <filesystem>
 #include <random>
 
 #include <windows.h>
 
-namespace inin::viewer {
+namespace inin {
 
 namespace {
 
@@ -49,7 +45,7 @@ Win32FileHandle createBeside(const std::string &path, std::wstring &temporaryPat
     constexpr int kTries = 100;
     std::random_device random;
     for (int attempt = 0; attempt < kTries; ++attempt) {
-        temporaryPath = widePath(fmt::format("{}.{:08x}", path, random()));
+        temporaryPath = widePath(path + "." + std::to_string(random()));
         const HANDLE file = CreateFileW(temporaryPath.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                         FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return Win32FileHandle(file);
@@ -57,18 +53,41 @@ Win32FileHandle createBeside(const std::string &path, std::wstring &temporaryPat
     return Win32FileHandle(INVALID_HANDLE_VALUE);
 }
 
+class Win32PendingFile : public PendingFile {
+public:
+    explicit Win32PendingFile(const std::string &systemPath)
+        : m_path(widePath(systemPath)), m_file(createBeside(systemPath, m_temporaryPath))
+    {
+        // If this fails, the destructor removes the file.
+        if (m_file.isOpen()) (void)setAtClose(m_file, AtClose::remove);
+    }
+    Win32PendingFile(const Win32PendingFile &) = delete;
+    Win32PendingFile &operator=(const Win32PendingFile &) = delete;
+    ~Win32PendingFile() override
+    {
+        if (!m_file.isOpen()) return; // never created, or closed by commit()
+        (void)m_file.close();         // its content is discarded
+        DeleteFileW(m_temporaryPath.c_str());
+    }
+
+    [[nodiscard]] bool isOpen() const { return m_file.isOpen(); }
+    bool write(std::string_view bytes) override { return writeAll(m_file, bytes); }
+    bool commit() override
+    {
+        if (FlushFileBuffers(m_file.get()) == 0 || !setAtClose(m_file, AtClose::keep)) return false;
+        // The move fails and keeps the older file if another program has it open.
+        if (m_file.close() && MoveFileExW(m_temporaryPath.c_str(), m_path.c_str(), MOVEFILE_REPLACE_EXISTING) != 0)
+            return true;
+        DeleteFileW(m_temporaryPath.c_str());
+        return false;
+    }
+
+private:
+    std::wstring m_path, m_temporaryPath;
+    Win32FileHandle m_file;
+};
+
 } // namespace
-
-// Windows accepts either slash and any case.
-std::string resolvedPath(const std::string &path)
-{
-    return path;
-}
-
-std::string absolutePath(const std::string &systemPath)
-{
-    return fullPath(systemPath);
-}
 
 FileInfo fileInfo(const std::string &systemPath)
 {
@@ -87,63 +106,14 @@ bool readBytes(const std::string &systemPath, std::size_t size, std::string &byt
     return file.isOpen() && readUpTo(file, size, bytes);
 }
 
-bool makeFolders(const std::string &systemPath)
+std::unique_ptr<PendingFile> createPendingFile(const std::string &systemPath, NewFile)
 {
-    std::error_code error;
-    std::filesystem::create_directories(widePath(systemPath), error);
-    return !error;
+    if (isDevice(systemPath)) return nullptr;
+    auto file = std::make_unique<Win32PendingFile>(systemPath);
+    if (!file->isOpen()) return nullptr;
+    return file;
 }
 
-std::vector<std::string> namesIn(const std::string &systemFolder)
-{
-    std::vector<std::string> names;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(widePath(systemFolder), error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
-        names.push_back(utf8FromWide(entry->path().filename().wstring()));
-    return names;
-}
+void createForOwner(const std::string &) {} // a new file inherits the permissions of its folder
 
-struct TemporaryFile::State {
-    std::wstring path, temporaryPath;
-    Win32FileHandle file{INVALID_HANDLE_VALUE};
-};
-
-TemporaryFile::TemporaryFile(const std::string &systemPath) : m_state(std::make_unique<State>())
-{
-    m_state->path = widePath(systemPath);
-    if (!isDevice(systemPath)) m_state->file = createBeside(systemPath, m_state->temporaryPath);
-    if (m_state->file.isOpen())
-        (void)setAtClose(m_state->file, AtClose::remove); // if this fails, the destructor removes the file
-    else
-        m_state->temporaryPath.clear();
-}
-
-TemporaryFile::~TemporaryFile()
-{
-    if (m_state->file.isOpen()) (void)m_state->file.close(); // its content is discarded
-    if (!m_state->temporaryPath.empty()) DeleteFileW(m_state->temporaryPath.c_str());
-}
-
-bool TemporaryFile::isOpen() const
-{
-    return m_state->file.isOpen();
-}
-
-bool TemporaryFile::write(std::string_view bytes)
-{
-    return writeAll(m_state->file, bytes);
-}
-
-bool TemporaryFile::commit()
-{
-    const bool isStored = FlushFileBuffers(m_state->file.get()) != 0 && setAtClose(m_state->file, AtClose::keep);
-    if (!isStored || !m_state->file.close()) return false;
-    // Fails and keeps the older file if another program has it open.
-    if (MoveFileExW(m_state->temporaryPath.c_str(), m_state->path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0)
-        return false;
-    m_state->temporaryPath.clear();
-    return true;
-}
-
-} // namespace inin::viewer
+} // namespace inin

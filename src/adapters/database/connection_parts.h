@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace inin::odbc {
+namespace inin {
 
 /// The server address in a Data Source: `tcp:HOST\INSTANCE,PORT`; every part but the host is optional.
 struct ServerAddress {
@@ -22,11 +22,9 @@ struct ServerAddress {
 };
 
 [[nodiscard]] ServerAddress readServerAddress(std::string_view dataSource);
-/// In the spelling of Microsoft's drivers.
-[[nodiscard]] std::string microsoftServer(const ServerAddress &address);
 
 /// The meaning of a connection string key, independent of its spelling.
-enum class Part : std::uint8_t {
+enum class ConnectionPart : std::uint8_t {
     server,
     port,
     network,
@@ -62,8 +60,8 @@ inline constexpr std::int32_t kDefaultLoginTimeout = 15;
 
 /// A connection to SQL Server, independent of the spelling of any provider or driver.
 struct ConnectionParts {
-    std::map<Part, std::string> texts;
-    /// Keys of ODBC's form that have no Part, with their values as written.
+    std::map<ConnectionPart, std::string> texts;
+    /// Keys of ODBC's form that have no ConnectionPart, with their values as written.
     std::vector<std::pair<std::string, std::string>> others;
     ServerAddress server;
     bool integrated = false;
@@ -73,12 +71,12 @@ struct ConnectionParts {
     std::string problem; ///< why the string cannot be used; contains no value of it except the provider's name
 
     /// Empty when the string has no such part.
-    [[nodiscard]] std::string text(Part part) const;
-    [[nodiscard]] bool has(Part part) const { return texts.contains(part); }
+    [[nodiscard]] std::string text(ConnectionPart part) const;
+    [[nodiscard]] bool has(ConnectionPart part) const { return texts.contains(part); }
 };
 
 /// The meaning of a key, if it has one here. `key` is in lower case.
-[[nodiscard]] std::optional<Part> partOfKey(std::string_view key);
+[[nodiscard]] std::optional<ConnectionPart> partOfKey(std::string_view key);
 [[nodiscard]] ConnectionParts readConnectionParts(const ConnectionString &text);
 
-} // namespace inin::odbc
+} // namespace inin

@@ -1,17 +1,14 @@
 #include "runtime/runtime_error.h"
 #include "support/errors.h"
-#include "viewer/io/file_io.h"
-#include "viewer/io/file_stamp.h"
-#include "viewer/io/mapped_file.h"
-#include "viewer/support/viewer_world.h"
+#include "support/temp_folder.h"
+#include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
 
 using namespace inin;
-using namespace inin::viewer;
-using namespace inin::viewer::test;
 namespace fs = std::filesystem;
 
 namespace {
@@ -23,9 +20,7 @@ std::string readRefusal(const std::string &path)
 
 void write(const std::string &path, const std::string &bytes)
 {
-    AtomicFile file(path);
-    file.write(bytes);
-    file.commit();
+    writeWholeFile(pathOf(path), bytes, NewFile::ownerOnly);
 }
 
 /// A path beyond the 260 characters of the classic Windows limit.
@@ -88,8 +83,19 @@ TEST_CASE("a missing or too large file is refused with its path, and an empty fi
     CHECK(readRefusal(folder / "x") == "ファイル「" + folder / "x" + "」は大きすぎます。");
     folder.put("x", "");
     CHECK(readWholeFile(folder / "x").empty());
-    CHECK(MappedFile(folder / "x").bytes().empty());
-    CHECK(MappedFile(folder / "y").bytes().empty());
+}
+
+TEST_CASE("reading without an error returns nothing for a missing file or a folder")
+{
+    TempFolder folder;
+    folder.put("a", "rows");
+    fs::create_directory(folder.folder() / "taken");
+    CHECK(tryReadWholeFile(folder.folder() / "a") == "rows");
+    CHECK_FALSE(tryReadWholeFile(folder.folder() / "x"));
+    CHECK_FALSE(tryReadWholeFile(folder.folder() / "taken"));
+    CHECK(startOfFile(folder.folder() / "a", 3) == "row");
+    CHECK(startOfFile(folder.folder() / "a", 9) == "rows");
+    CHECK(startOfFile(folder.folder() / "x", 9).empty());
 }
 
 TEST_CASE("a path may have either slash, any case, more than 260 characters and Japanese characters")
@@ -104,14 +110,12 @@ TEST_CASE("a path may have either slash, any case, more than 260 characters and 
     CHECK(readWholeFile(path) == "whole");
     std::ranges::replace(path, '/', '\\');
     CHECK(readWholeFile(path) == "whole");
-    CHECK(MappedFile(systemPathOf(path)).bytes() == "whole");
-    CHECK(stampOf(path).exists);
-    CHECK(stampOf(path).size == 5);
-    CHECK_FALSE(stampOf(deep + "/x").exists);
+    CHECK(tryReadWholeFile(pathOf(absoluteSystemPath(path))) == "whole");
+    CHECK(fileInfo(systemPath(path)).size == 5);
     // The removal of whole folders obeys the limit, so remove the deep part here.
     std::error_code error;
     for (fs::path rest = pathOf(deep + "/髙橋𠮷.csv"); rest != folder.path(); rest = rest.parent_path())
-        fs::remove(unlimitedPath(rest), error);
+        fs::remove(longPathOf(textOf(rest)), error);
     CHECK(folder.names().empty());
 }
 

@@ -1,4 +1,4 @@
-#include "adapters/odbc/connection_parts.h"
+#include "adapters/database/connection_parts.h"
 
 #include "runtime/text.h"
 
@@ -6,7 +6,7 @@
 #include <array>
 #include <charconv>
 
-namespace inin::odbc {
+namespace inin {
 
 namespace {
 
@@ -31,63 +31,63 @@ void readColonPort(ServerAddress &address)
 
 struct KeyRow {
     std::string_view key;
-    Part part;
+    ConnectionPart part;
 };
 /// The names in ADO providers, then those in ODBC drivers.
 constexpr KeyRow kKeys[] = {
-    {"provider", Part::provider},
-    {"data source", Part::server},
-    {"initial catalog", Part::database},
-    {"user id", Part::user},
-    {"password", Part::password},
-    {"integrated security", Part::integrated},
-    {"use encryption for data", Part::encrypt},
-    {"trust server certificate", Part::trustCertificate},
-    {"connect timeout", Part::loginTimeout},
-    {"connection timeout", Part::loginTimeout},
-    {"login timeout", Part::loginTimeout},
-    {"logintimeout", Part::loginTimeout},
-    {"timeout", Part::loginTimeout},
-    {"application name", Part::application},
-    {"workstation id", Part::workstation},
-    {"network library", Part::network},
-    {"current language", Part::language},
-    {"packet size", Part::packetSize},
-    {"application intent", Part::intent},
-    {"failover partner", Part::failover},
-    {"host name in certificate", Part::hostInCertificate},
-    {"extended properties", Part::extended},
-    {"driver", Part::driver},
-    {"dsn", Part::dataSourceName},
-    {"filedsn", Part::fileSourceName},
-    {"server", Part::server},
-    {"servername", Part::server},
-    {"address", Part::server},
-    {"addr", Part::server},
-    {"network address", Part::server},
-    {"port", Part::port},
-    {"network", Part::network},
-    {"database", Part::database},
-    {"uid", Part::user},
-    {"user", Part::user},
-    {"username", Part::user},
-    {"user name", Part::user},
-    {"pwd", Part::password},
-    {"trusted_connection", Part::integrated},
-    {"encrypt", Part::encrypt},
-    {"encryption", Part::encrypt},
-    {"trustservercertificate", Part::trustCertificate},
-    {"app", Part::application},
-    {"wsid", Part::workstation},
-    {"language", Part::language},
-    {"packetsize", Part::packetSize},
-    {"applicationintent", Part::intent},
-    {"multisubnetfailover", Part::multiSubnet},
-    {"failover_partner", Part::failover},
-    {"hostnameincertificate", Part::hostInCertificate},
-    {"authentication", Part::authentication},
-    {"tds_version", Part::tdsVersion},
-    {"clientcharset", Part::clientCharset},
+    {"provider", ConnectionPart::provider},
+    {"data source", ConnectionPart::server},
+    {"initial catalog", ConnectionPart::database},
+    {"user id", ConnectionPart::user},
+    {"password", ConnectionPart::password},
+    {"integrated security", ConnectionPart::integrated},
+    {"use encryption for data", ConnectionPart::encrypt},
+    {"trust server certificate", ConnectionPart::trustCertificate},
+    {"connect timeout", ConnectionPart::loginTimeout},
+    {"connection timeout", ConnectionPart::loginTimeout},
+    {"login timeout", ConnectionPart::loginTimeout},
+    {"logintimeout", ConnectionPart::loginTimeout},
+    {"timeout", ConnectionPart::loginTimeout},
+    {"application name", ConnectionPart::application},
+    {"workstation id", ConnectionPart::workstation},
+    {"network library", ConnectionPart::network},
+    {"current language", ConnectionPart::language},
+    {"packet size", ConnectionPart::packetSize},
+    {"application intent", ConnectionPart::intent},
+    {"failover partner", ConnectionPart::failover},
+    {"host name in certificate", ConnectionPart::hostInCertificate},
+    {"extended properties", ConnectionPart::extended},
+    {"driver", ConnectionPart::driver},
+    {"dsn", ConnectionPart::dataSourceName},
+    {"filedsn", ConnectionPart::fileSourceName},
+    {"server", ConnectionPart::server},
+    {"servername", ConnectionPart::server},
+    {"address", ConnectionPart::server},
+    {"addr", ConnectionPart::server},
+    {"network address", ConnectionPart::server},
+    {"port", ConnectionPart::port},
+    {"network", ConnectionPart::network},
+    {"database", ConnectionPart::database},
+    {"uid", ConnectionPart::user},
+    {"user", ConnectionPart::user},
+    {"username", ConnectionPart::user},
+    {"user name", ConnectionPart::user},
+    {"pwd", ConnectionPart::password},
+    {"trusted_connection", ConnectionPart::integrated},
+    {"encrypt", ConnectionPart::encrypt},
+    {"encryption", ConnectionPart::encrypt},
+    {"trustservercertificate", ConnectionPart::trustCertificate},
+    {"app", ConnectionPart::application},
+    {"wsid", ConnectionPart::workstation},
+    {"language", ConnectionPart::language},
+    {"packetsize", ConnectionPart::packetSize},
+    {"applicationintent", ConnectionPart::intent},
+    {"multisubnetfailover", ConnectionPart::multiSubnet},
+    {"failover_partner", ConnectionPart::failover},
+    {"hostnameincertificate", ConnectionPart::hostInCertificate},
+    {"authentication", ConnectionPart::authentication},
+    {"tds_version", ConnectionPart::tdsVersion},
+    {"clientcharset", ConnectionPart::clientCharset},
 };
 
 struct EncryptionRow {
@@ -118,19 +118,20 @@ bool isYes(std::string_view word)
 
 void readEncryption(ConnectionParts &parts)
 {
-    if (const std::string word = asciiLower(parts.text(Part::encrypt)); !word.empty()) {
+    if (const std::string word = asciiLower(parts.text(ConnectionPart::encrypt)); !word.empty()) {
         const auto found = std::ranges::find(kEncryptions, word, &EncryptionRow::word);
         if (found == std::end(kEncryptions))
             parts.problem = "the connection string asks neither for encryption nor for none";
         else
             parts.encrypt = found->encryption;
     }
-    if (parts.has(Part::trustCertificate)) parts.trustCertificate = isYes(parts.text(Part::trustCertificate));
+    if (parts.has(ConnectionPart::trustCertificate))
+        parts.trustCertificate = isYes(parts.text(ConnectionPart::trustCertificate));
 }
 
 void readLoginTimeout(ConnectionParts &parts)
 {
-    const std::string text = parts.text(Part::loginTimeout);
+    const std::string text = parts.text(ConnectionPart::loginTimeout);
     if (text.empty()) return;
     constexpr std::int32_t kMaxSeconds = 86400;
     std::int32_t seconds = 0;
@@ -143,25 +144,25 @@ void readLoginTimeout(ConnectionParts &parts)
 
 void readServer(ConnectionParts &parts)
 {
-    if (!parts.has(Part::server)) return;
-    parts.server = readServerAddress(parts.text(Part::server));
-    if (parts.has(Part::port) && !parts.server.port) {
-        const ServerAddress own = readServerAddress("host," + parts.text(Part::port));
+    if (!parts.has(ConnectionPart::server)) return;
+    parts.server = readServerAddress(parts.text(ConnectionPart::server));
+    if (parts.has(ConnectionPart::port) && !parts.server.port) {
+        const ServerAddress own = readServerAddress("host," + parts.text(ConnectionPart::port));
         parts.server.port = own.port;
         if (!own.port) parts.server.problem = "the port is no number from 1 to 65535";
     }
-    const std::string library = asciiLower(parts.text(Part::network));
+    const std::string library = asciiLower(parts.text(ConnectionPart::network));
     for (const LibraryRow &row : kLibraries)
         if (library == row.library && parts.server.protocol.empty()) parts.server.protocol = row.protocol;
 }
 
 void readProvider(ConnectionParts &parts)
 {
-    const std::string provider = asciiLower(parts.text(Part::provider));
+    const std::string provider = asciiLower(parts.text(ConnectionPart::provider));
     if (provider.empty() || provider.starts_with("msdasql")) return;
     for (const std::string_view known : kServerProviders)
         if (provider.starts_with(known)) return;
-    parts.problem = "Provider=" + parts.text(Part::provider) + " does not open a SQL Server";
+    parts.problem = "Provider=" + parts.text(ConnectionPart::provider) + " does not open a SQL Server";
 }
 
 } // namespace
@@ -195,22 +196,13 @@ ServerAddress readServerAddress(std::string_view dataSource)
     return address;
 }
 
-std::string microsoftServer(const ServerAddress &address)
-{
-    std::string text = address.protocol.empty() ? std::string() : address.protocol + ":";
-    text += address.host;
-    if (!address.instance.empty()) text += "\\" + address.instance;
-    if (address.port) text += "," + std::to_string(*address.port);
-    return text;
-}
-
-std::string ConnectionParts::text(Part part) const
+std::string ConnectionParts::text(ConnectionPart part) const
 {
     const auto found = texts.find(part);
     return found == texts.end() ? std::string() : found->second;
 }
 
-std::optional<Part> partOfKey(std::string_view key)
+std::optional<ConnectionPart> partOfKey(std::string_view key)
 {
     const auto found = std::ranges::find(kKeys, key, &KeyRow::key);
     return found == std::end(kKeys) ? std::nullopt : std::optional(found->part);
@@ -221,7 +213,7 @@ ConnectionParts readConnectionParts(const ConnectionString &text)
     ConnectionParts parts;
     const bool isOdbc = text.form == ConnectionString::Form::odbc;
     for (const ConnectionPair &pair : text.pairs) {
-        const std::optional<Part> part = partOfKey(pair.key);
+        const std::optional<ConnectionPart> part = partOfKey(pair.key);
         if (part && isOdbc)
             parts.texts.try_emplace(*part, pair.value); // of a repeated key ODBC uses the first, ADO the last
         else if (part)
@@ -231,7 +223,7 @@ ConnectionParts readConnectionParts(const ConnectionString &text)
     }
     parts.problem = text.problem;
     if (!parts.problem.empty()) return parts;
-    parts.integrated = isYes(parts.text(Part::integrated));
+    parts.integrated = isYes(parts.text(ConnectionPart::integrated));
     readServer(parts);
     readEncryption(parts);
     readLoginTimeout(parts);
@@ -239,4 +231,4 @@ ConnectionParts readConnectionParts(const ConnectionString &text)
     return parts;
 }
 
-} // namespace inin::odbc
+} // namespace inin
