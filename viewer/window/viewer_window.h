@@ -83,6 +83,7 @@ private:
     void buildViewMenu();
     void buildSortMenu(QMenu *menu);
     void buildLedgerMenu();
+    void buildHelpMenu();
     void buildTools();
     QLayout *buildFind(QWidget *side);
     QLayout *buildFilter(QWidget *side);
@@ -142,6 +143,7 @@ private:
     void showLedger();
     void showLedgerFilters();
     void showStates();
+    void refreshLedger();
     void showLedgerNotice();
     void showChanges();
     void showGone();
