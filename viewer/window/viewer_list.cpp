@@ -1,3 +1,5 @@
+#include "viewer/window/changes_pane.h"
+#include "viewer/window/compared_bar.h"
 #include "viewer/window/letter_list.h"
 #include "viewer/window/range_box.h"
 #include "viewer/window/viewer_window.h"
@@ -29,6 +31,10 @@ QWidget *ViewerWindow::buildList()
         m_model.ticksChanged();
         if (m_listed.filter() == ListFilter::ticked) refreshList();
     };
+    m_comparedBar = new ComparedBar(m_desk, side);
+    m_comparedBar->onLink = [this](const QString &target) { followLedgerLink(target); };
+    m_comparedBar->onRun = [this](const RunSummary &run) { compareWith(run); };
+    m_changes = new ChangesPane(side);
     m_listNote = new QLabel(side);
     m_listNote->setObjectName(u"listNote"_s);
     m_listNote->setWordWrap(true);
@@ -38,8 +44,10 @@ QWidget *ViewerWindow::buildList()
     layout->setContentsMargins(kRoom, kRoom, kRoom, kRoom);
     layout->addLayout(buildFind(side));
     layout->addLayout(buildFilter(side));
-    layout->addWidget(m_list);
+    layout->addWidget(m_comparedBar);
+    layout->addWidget(m_list, 1);
     layout->addWidget(m_listNote);
+    layout->addWidget(m_changes);
     layout->addWidget(m_range);
     return side;
 }

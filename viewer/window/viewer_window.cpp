@@ -6,6 +6,7 @@
 #include "viewer/window/cut_text.h"
 #include "viewer/window/letter_list.h"
 #include "viewer/window/notice_bar.h"
+#include "viewer/window/paper_bar.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
 #include "viewer/window/task_bar.h"
@@ -42,6 +43,8 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     m_split = new QSplitter(Qt::Horizontal, this);
     m_split->addWidget(buildList());
     m_split->addWidget(buildPage());
+    buildLedgerMenu();
+    buildHelpMenu();
     m_split->setStretchFactor(1, 1);
     m_split->setChildrenCollapsible(false);
     setCentralWidget(m_split);
@@ -54,7 +57,10 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     restoreLayout();
     m_checkTimer.callOnTimeout([this] { checkMore(); });
     m_watch.onChanged = [this](const std::string &path) { fileChanged(path); };
-    m_page->onFirstPaint = [this] { startCheck(); };
+    m_page->onFirstPaint = [this] {
+        startCheck();
+        QTimer::singleShot(0, this, [this] { openLedger(); });
+    };
     adopt(std::move(letters));
     m_list->setFocus();
 }
@@ -69,6 +75,11 @@ QWidget *ViewerWindow::buildPage()
 {
     auto *const side = new QWidget(this);
     m_notice = new NoticeBar(side);
+    m_paper = new PaperBar(side);
+    m_paper->onAllOut = [this] { confirmAll(); };
+    m_paper->onOutUpTo = [this](std::optional<int> lastGood) { confirmUpTo(lastGood); };
+    m_paper->onPrintRest = [this] { printRest(); };
+    m_paper->onClose = [this] { askPaper(); };
     m_pageSplit = new QSplitter(Qt::Vertical, side);
     m_page = new PageView(m_pageSplit);
     m_checkPanel = new CheckPanel(m_pageSplit);
@@ -88,6 +99,7 @@ QWidget *ViewerWindow::buildPage()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_notice);
+    layout->addWidget(m_paper);
     layout->addWidget(m_pageSplit, 1);
     layout->addWidget(m_task);
     return side;
@@ -122,6 +134,10 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     m_notice->hide();
     if (const QString warnings = warningText(); !warnings.isEmpty()) m_notice->showNotice(warnings, {}, {});
     if (isFirst) return;
+    if (m_desk.isOpen()) m_desk.show(m_letters->set);
+    m_ledgerNotice.clear();
+    m_paper->hide(); // its rest has the numbers of the old letters
+    showLedger();
     startCheck();
     // Otherwise the list would be empty until then.
     if (m_listed.filter() == ListFilter::flagged) finishCheck();
@@ -184,6 +200,7 @@ void ViewerWindow::showLetter(std::size_t letter)
     if (m_list->current() != letter) m_list->setCurrent(letter);
     showListNote();
     m_number->setValue(static_cast<int>(letter) + 1);
+    showChanges();
 }
 
 void ViewerWindow::showZoom()
@@ -237,7 +254,9 @@ void ViewerWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     // Detect a changed file as soon as the user returns to the window.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_watch.check();
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    m_watch.check();
+    refreshLedger();
 }
 
 void ViewerWindow::closeEvent(QCloseEvent *event)

@@ -3,6 +3,7 @@
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/window/file_watch.h"
 #include "viewer/window/finding_index.h"
+#include "viewer/window/ledger_desk.h"
 #include "viewer/window/letter_finder.h"
 #include "viewer/window/letter_list_model.h"
 #include "viewer/window/listed_letters.h"
@@ -15,6 +16,8 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -28,9 +31,12 @@ class QSplitter;
 
 namespace inin::viewer {
 
+class ChangesPane;
 class CheckPanel;
+class ComparedBar;
 class LetterList;
 class NoticeBar;
+class PaperBar;
 class RangeBox;
 class TaskBar;
 
@@ -76,6 +82,8 @@ private:
     void buildMoveMenu();
     void buildViewMenu();
     void buildSortMenu(QMenu *menu);
+    void buildLedgerMenu();
+    void buildHelpMenu();
     void buildTools();
     QLayout *buildFind(QWidget *side);
     QLayout *buildFilter(QWidget *side);
@@ -128,6 +136,29 @@ private:
     void writePdf(const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
     void keepPdfFolder(const QString &folder);
+    void askPrintOnly(LetterTicks &only, const QString &title);
+
+    // viewer_ledger.cpp
+    void openLedger();
+    void showLedger();
+    void showLedgerFilters();
+    void showStates();
+    void refreshLedger();
+    void showLedgerNotice();
+    void showChanges();
+    void showGone();
+    void followLedgerLink(const QString &target);
+    void compareWith(const RunSummary &run);
+    void untickPrinted();
+    void tickState(LetterState state);
+    /// Call after saving letters in files.
+    void recordSaved(std::span<const std::size_t> letters);
+    void askPaper();
+    void confirmAll();
+    void confirmUpTo(std::optional<int> lastGood);
+    void printRest();
+    void askLedgerSettings();
+    QString eraseLedger();
 
     const std::string m_scriptPath;
     ViewerServices m_services;
@@ -137,15 +168,20 @@ private:
     std::unique_ptr<LetterCheck> m_check; ///< set while letters are being checked
     std::vector<Finding> m_allFindings;   ///< by the check, whether or not its cause is switched on
     FindingIndex m_findings;
+    LedgerDesk m_desk;
     QTimer m_checkTimer;
     FileWatch m_watch;
     LetterListModel m_model;
     ListedLetters m_listed{m_model};
-    std::vector<QAction *> m_idleActions; ///< those that are disabled while a task runs
+    std::vector<QAction *> m_idleActions;   ///< those that are disabled while a task runs
+    std::vector<QAction *> m_ledgerActions; ///< those that need the ledger
     LetterList *m_list = nullptr;
     PageView *m_page = nullptr;
     CheckPanel *m_checkPanel = nullptr;
     QSplitter *m_split = nullptr, *m_pageSplit = nullptr;
+    ComparedBar *m_comparedBar = nullptr;
+    ChangesPane *m_changes = nullptr;
+    PaperBar *m_paper = nullptr;
     NoticeBar *m_notice = nullptr;
     RangeBox *m_range = nullptr;
     TaskBar *m_task = nullptr;
@@ -155,8 +191,10 @@ private:
     QComboBox *m_filter = nullptr;
     QLabel *m_listNote = nullptr;
     QLabel *m_zoom = nullptr;
-    int m_checkHeight = 0; ///< of the check's list, when it has rows
-    QString m_taskState;   ///< progress of the running task, in words
+    int m_checkHeight = 0;           ///< of the check's list, when it has rows
+    QString m_ledgerNotice;          ///< as shown last
+    std::vector<std::size_t> m_rest; ///< letters that did not come out of the printer
+    QString m_taskState;             ///< progress of the running task, in words
     bool m_isAsking = false, m_closesAfterTask = false, m_closesWhenPrinted = false;
 };
 
