@@ -85,6 +85,8 @@ class PrintQueue:
     def __exit__(self, *_):
         self.server.terminate()
         self.server.wait()
+        for folder in self.top, *self.top.rglob("*/"): # the server has given some of them to its own user
+            folder.chmod(0o777)
         shutil.rmtree(self.top)
 
     def _state(self, *options):
