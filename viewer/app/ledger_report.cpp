@@ -1,5 +1,6 @@
 #include "viewer/app/ledger_report.h"
 
+#include "system/local_time.h"
 #include "system/program_edges.h"
 #include "viewer/app/ledger_text.h"
 #include "viewer/app/toolkit.h"
