@@ -1,9 +1,9 @@
 #include "viewer/app/ledger_report.h"
 
+#include "system/local_time.h"
 #include "system/program_edges.h"
 #include "viewer/app/ledger_text.h"
 #include "viewer/app/toolkit.h"
-#include "viewer/io/system_edges.h"
 #include "viewer/ledger/ledger_place.h"
 
 #include <algorithm>
