@@ -147,6 +147,10 @@ TEST_CASE("dropped scans mark the letters of their codes, and pages without a co
     ReturnsWorld world;
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile(QString::fromStdString(world.jobPath(0)))});
+    // The toolkit delivers a drop only to the widget that the drag has entered.
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(world.returns.get(), &enter);
+    CHECK(enter.isAccepted());
     QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(world.returns.get(), &drop);
     while (world.returns->isReading()) QApplication::processEvents();
