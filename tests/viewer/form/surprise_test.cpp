@@ -12,7 +12,7 @@ namespace {
 
 using Notices = std::vector<std::string>;
 
-Notices noticesOf(const std::string &elements)
+Notices surprisesOf(const std::string &elements)
 {
     return readSvg(svgPage(elements)).notices;
 }
@@ -30,13 +30,13 @@ TEST_CASE("a text that was moved out of its box is reported with its box")
 {
     const Notices expected{
         "文字「{{利用者氏名}}」は枠「枠-氏名」の外にありますが、枠の中に印刷します。印刷する場所は、枠を動かして変えます。"};
-    CHECK(noticesOf(boxedText("x='50' y='58'")).empty());
-    CHECK(noticesOf(boxedText("x='80' y='58' text-anchor='middle'")).empty());
-    CHECK(noticesOf(boxedText("x='50' y='90'")) == expected);
-    CHECK(noticesOf(boxedText("x='20' y='58'")) == expected);
-    CHECK(noticesOf(boxedText("x='50' y='58' transform='translate(0,60)'")) == expected);
+    CHECK(surprisesOf(boxedText("x='50' y='58'")).empty());
+    CHECK(surprisesOf(boxedText("x='80' y='58' text-anchor='middle'")).empty());
+    CHECK(surprisesOf(boxedText("x='50' y='90'")) == expected);
+    CHECK(surprisesOf(boxedText("x='20' y='58'")) == expected);
+    CHECK(surprisesOf(boxedText("x='50' y='58' transform='translate(0,60)'")) == expected);
     // A text without a position has not been moved.
-    CHECK(noticesOf(boxedText("")).empty());
+    CHECK(surprisesOf(boxedText("")).empty());
 }
 
 TEST_CASE("the supplied forms have no text outside its box and no other surprise")
@@ -49,9 +49,9 @@ TEST_CASE("the supplied forms have no text outside its box and no other surprise
 
 TEST_CASE("full-width braces of a placeholder are reported")
 {
-    CHECK(noticesOf("<text x='9' y='9'>氏名 ｛｛利用者氏名｝｝</text>") ==
+    CHECK(surprisesOf("<text x='9' y='9'>氏名 ｛｛利用者氏名｝｝</text>") ==
           Notices{"文字「氏名 ｛｛利用者氏名｝｝」の全角の波かっこは、差し込みになりません。半角で書いてください。"});
-    CHECK(noticesOf("<text x='9' y='9'>｛氏名｝</text>").empty());
+    CHECK(surprisesOf("<text x='9' y='9'>｛氏名｝</text>").empty());
 }
 
 TEST_CASE("a field in a frame of the drawing program is reported, an ordinary text in one is not")
@@ -60,9 +60,9 @@ TEST_CASE("a field in a frame of the drawing program is reported, an ordinary te
         return "<text x='9' y='9' style='shape-inside:url(#r);font-size:5px'>" + text + "</text>";
     };
     CHECK(
-        noticesOf(framed("住所 {{利用者住所}}")) ==
+        surprisesOf(framed("住所 {{利用者住所}}")) ==
         Notices{
             "文字「住所 {{利用者住所}}」は流し込み枠（shape-inside）の中にありますが、値に合わせて折り返しません。枠は "
             "data-box で指定してください。"});
-    CHECK(noticesOf(framed("住所")).empty());
+    CHECK(surprisesOf(framed("住所")).empty());
 }
