@@ -10,6 +10,7 @@
 #include "viewer/paint/scanned_pages.h"
 #include "viewer/returns/returned_text.h"
 #include "viewer/window/run_window.h"
+#include "viewer/window/viewer_settings.h"
 
 #include <fmt/format.h>
 
@@ -49,7 +50,7 @@ int markReturned(const ReturnedCommand &command)
         showFailure(std::string("formviewer: ") + kNoScans);
         return kBadCommand;
     }
-    const LedgerSettings settings;
+    const LedgerSettings settings = ViewerSettings().ledger();
     Ledger ledger(ledgerPath(environmentText("ININ_LEDGER"), settings, operatorDataFolder(environmentText)),
                   settings.months, presentMoment());
     if (ledger.fault() == LedgerFault::off) {
