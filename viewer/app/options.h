@@ -14,6 +14,8 @@ namespace inin::viewer {
 struct ViewCommand {
     std::string script; ///< as the suite writes paths
     std::string pdf;    ///< empty for none
+    bool archive = false;  ///< the PDF is PDF/A
+    bool untagged = false; ///< the PDF has no tags and no outline
     std::string pngFolder;
     double dotsPerInch = 150;
     std::string letters; ///< "1-3,7"; empty for all

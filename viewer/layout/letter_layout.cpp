@@ -3,11 +3,14 @@
 #include "runtime/runtime_error.h"
 #include "viewer/form/date_pattern.h"
 #include "viewer/form/placeholder.h"
+#include "viewer/layout/letter_reading.h"
 #include "viewer/layout/text_setter.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <limits>
+#include <numeric>
 #include <type_traits>
 #include <variant>
 
@@ -118,8 +121,44 @@ struct LetterLayout::Parts {
     /// In the order of the commands: true for a path, false for a shared text.
     std::vector<bool> order;
     std::vector<FieldSetter> setters;
+    std::vector<std::size_t> textCommands; ///< of the shared texts, ascending
+    std::vector<ReadingLine> lines;
+    std::vector<std::size_t> rank;       ///< of each command in the order of reading
+    std::vector<std::size_t> readFields; ///< the fields in the order of reading
     std::vector<char32_t> missing;
     std::vector<FieldMark> marks;
+
+    enum class Texts { all, unread };
+    static constexpr std::size_t kUnread = std::numeric_limits<std::size_t>::max();
+
+    void findReadingOrder()
+    {
+        LetterReading reading(*form);
+        for (std::size_t i = 0; i < shared.size(); ++i) reading.addShared(textCommands[i], shared[i].runs());
+        for (const FormField &field : fields) reading.addField(field.command);
+        lines = reading.lines();
+        rank.assign(form->commands.size(), kUnread);
+        std::size_t next = 0;
+        for (const ReadingLine &line : lines)
+            for (const std::size_t command : line) rank[command] = next++;
+        readFields.resize(fields.size());
+        std::iota(readFields.begin(), readFields.end(), std::size_t{0});
+        std::ranges::stable_sort(readFields, {}, [&](std::size_t field) { return rank[fields[field].command]; });
+    }
+
+    void paint(Texts texts, PagePainter &painter) const
+    {
+        std::size_t path = 0, text = 0;
+        for (const bool isPath : order) {
+            if (isPath) {
+                painter.paint(*paths[path++]);
+                continue;
+            }
+            if (texts == Texts::all || rank[textCommands[text]] == kUnread)
+                for (const GlyphRun &run : shared[text].runs()) painter.paint(run);
+            ++text;
+        }
+    }
 };
 
 LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::string> &columns, Fonts &fonts)
@@ -143,6 +182,7 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
         TextSetter &setter = parts.shared.emplace_back(text, fonts, page);
         setter.set(literalText(text));
         parts.missing.insert(parts.missing.end(), setter.missing().begin(), setter.missing().end());
+        parts.textCommands.push_back(i);
         parts.order.push_back(false);
     }
     // The setters point to the fields, so the vector must not grow after this.
@@ -150,6 +190,7 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
         const auto &text = std::get<TextCommand>(form.commands[parts.fields[i].command]);
         parts.setters.emplace_back(i, parts.fields[i], text, fonts, page);
     }
+    parts.findReadingOrder();
 }
 
 LetterLayout::~LetterLayout() = default;
@@ -169,28 +210,45 @@ const std::vector<char32_t> &LetterLayout::missingInForm() const
     return m_parts->missing;
 }
 
+const std::vector<ReadingLine> &LetterLayout::readingLines() const
+{
+    return m_parts->lines;
+}
+
+bool LetterLayout::isSharedText(std::size_t command) const
+{
+    return std::ranges::binary_search(m_parts->textCommands, command);
+}
+
+void LetterLayout::paintSharedText(std::size_t command, PagePainter &painter) const
+{
+    const auto text = std::ranges::lower_bound(m_parts->textCommands, command) - m_parts->textCommands.begin();
+    for (const GlyphRun &run : m_parts->shared[static_cast<std::size_t>(text)].runs()) painter.paint(run);
+}
+
 void LetterLayout::paintShared(PagePainter &painter) const
 {
-    std::size_t path = 0, text = 0;
-    for (const bool isPath : m_parts->order) {
-        if (isPath) {
-            painter.paint(*m_parts->paths[path++]);
-            continue;
-        }
-        for (const GlyphRun &run : m_parts->shared[text].runs()) painter.paint(run);
-        ++text;
-    }
+    m_parts->paint(Parts::Texts::all, painter);
+}
+
+void LetterLayout::paintBackground(PagePainter &painter) const
+{
+    m_parts->paint(Parts::Texts::unread, painter);
 }
 
 const std::vector<FieldMark> &LetterLayout::paintLetter(const LetterValues &values, PagePainter &painter)
 {
-    m_parts->marks.clear();
-    for (FieldSetter &setter : m_parts->setters) {
+    Parts &parts = *m_parts;
+    parts.marks.clear();
+    for (FieldSetter &setter : parts.setters) {
         setter.show(values);
-        for (const GlyphRun &run : setter.runs()) painter.paint(run);
-        if (setter.mark().any()) m_parts->marks.push_back(setter.mark());
+        if (setter.mark().any()) parts.marks.push_back(setter.mark());
     }
-    return m_parts->marks;
+    for (const std::size_t field : parts.readFields) {
+        painter.beginText(parts.fields[field].command);
+        for (const GlyphRun &run : parts.setters[field].runs()) painter.paint(run);
+    }
+    return parts.marks;
 }
 
 } // namespace inin::viewer

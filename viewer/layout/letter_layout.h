@@ -2,6 +2,7 @@
 
 #include "viewer/layout/fonts.h"
 #include "viewer/layout/page_painter.h"
+#include "viewer/layout/reading_order.h"
 
 #include <cstddef>
 #include <functional>
@@ -48,8 +49,16 @@ public:
 
     /// Paints the parts that all letters share.
     void paintShared(PagePainter &painter) const;
+    /// The lines in which the texts are read, as indices into FormDocument::commands.
+    [[nodiscard]] const std::vector<ReadingLine> &readingLines() const;
+    /// True for a text that all letters share.
+    [[nodiscard]] bool isSharedText(std::size_t command) const;
+    void paintSharedText(std::size_t command, PagePainter &painter) const;
+    /// Paints what all letters share except for the texts in readingLines().
+    void paintBackground(PagePainter &painter) const;
     /// Lays out a letter, paints its fields and returns the marks of fields with problems. A field with the same values as
     /// in the previous letter is not laid out again.
+    /// The fields are painted in the order of readingLines().
     const std::vector<FieldMark> &paintLetter(const LetterValues &values, PagePainter &painter);
 
 private:

@@ -3,6 +3,7 @@
 #include "viewer/form/form_document.h"
 #include "viewer/layout/font.h"
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -38,6 +39,8 @@ public:
     virtual ~PagePainter() = default;
     virtual void paint(const PathCommand &path) = 0;
     virtual void paint(const GlyphRun &run) = 0;
+    /// Called before the runs of each text of a letter, with its index in FormDocument::commands.
+    virtual void beginText(std::size_t) {}
 };
 
 } // namespace inin::viewer

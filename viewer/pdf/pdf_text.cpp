@@ -77,4 +77,9 @@ void appendTextString(std::string &out, std::string_view utf8)
     out += '>';
 }
 
+void appendBigEndian(std::string &out, std::uint64_t number, int bytes)
+{
+    for (int i = bytes - 1; i >= 0; --i) out += static_cast<char>(number >> (8 * i) & 0xFF);
+}
+
 } // namespace inin::viewer

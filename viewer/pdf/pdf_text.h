@@ -18,4 +18,7 @@ void appendTextString(std::string &out, std::string_view utf8);
 /// The hexadecimal UTF-16 digits of characters.
 void appendUtf16Hex(std::string &out, std::u32string_view characters);
 
+/// Appends the last bytes of a number, the most significant one first.
+void appendBigEndian(std::string &out, std::uint64_t number, int bytes);
+
 } // namespace inin::viewer
