@@ -6,6 +6,7 @@
 #include "platform/database.h"
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 #include <sqlite3.h>

@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
 #include "system/program_edges.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 
@@ -24,11 +25,11 @@ constexpr std::u16string_view kMarks[] = {u"STAND-IN of the demo site", u"formvi
 void copyStarter(const fs::path &target)
 {
     const fs::path starter = programFile().parent_path() / "inin-stand-in.exe";
-    const std::string bytes = readFile(starter).value_or("");
+    const std::string bytes = tryReadWholeFile(starter).value_or("");
     if (bytes.empty())
         throw RuntimeError(error_number::fileNotFound,
                            fmt::format("「{}」がありません。パッケージを展開し直してください。", textOf(starter)));
-    writeFile(target, bytes);
+    writeWholeFile(target, bytes, NewFile::byTheMask);
 }
 
 } // namespace
@@ -44,12 +45,12 @@ void writeFormTool(const fs::path &file, const fs::path &formViewer)
     const fs::path note = file.parent_path() / kViewerNote;
     std::error_code error;
     fs::remove(note, error);
-    if (!formViewer.empty()) writeFile(note, textOf(formViewer) + "\n");
+    if (!formViewer.empty()) writeWholeFile(note, textOf(formViewer) + "\n", NewFile::byTheMask);
 }
 
 bool isOwnProgram(const fs::path &file)
 {
-    const std::string bytes = readFile(file).value_or("");
+    const std::string bytes = tryReadWholeFile(file).value_or("");
     return std::ranges::any_of(kMarks, [&](std::u16string_view mark) {
         return bytes.find(std::string_view(reinterpret_cast<const char *>(mark.data()),
                                            mark.size() * sizeof(char16_t))) != bytes.npos;

@@ -3,10 +3,10 @@
 #include "demo_site/embedded.h"
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 
-#include <fstream>
 #include <string>
 
 namespace inin::site {
@@ -19,7 +19,7 @@ constexpr std::string_view kStandInMark = "# STAND-IN of the demo site";
 
 void writeStandIn(const fs::path &path, std::string_view text)
 {
-    writeFile(path, text);
+    writeWholeFile(path, text, NewFile::byTheMask);
     std::error_code error;
     constexpr auto kRun = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
     fs::permissions(path, kRun, fs::perm_options::add, error);
@@ -53,11 +53,9 @@ bool isOwnProgram(const fs::path &file)
     std::error_code error;
     if (fs::is_symlink(fs::symlink_status(file, error)))
         return fs::read_symlink(file, error).filename() == formViewerName();
-    std::ifstream script(file, std::ios::binary);
-    std::string first, second;
-    std::getline(script, first);
-    std::getline(script, second);
-    return second.starts_with(kStandInMark);
+    const std::string script = tryReadWholeFile(file).value_or("");
+    const std::size_t firstEnd = script.find('\n');
+    return firstEnd != script.npos && std::string_view(script).substr(firstEnd + 1).starts_with(kStandInMark);
 }
 
 fs::path formViewerName()

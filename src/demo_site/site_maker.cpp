@@ -10,11 +10,11 @@
 #include "suite_text/unicode_mark.h"
 #include "system/file_path.h"
 #include "system/program_version.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <fstream>
 #include <optional>
 #include <vector>
 
@@ -63,7 +63,7 @@ std::string suiteText(std::string_view text)
 
 void writeSuiteText(const fs::path &path, std::string_view text)
 {
-    writeFile(path, suiteText(text));
+    writeWholeFile(path, suiteText(text), NewFile::byTheMask);
 }
 
 std::string versionText(const SiteOrder &order)
@@ -79,26 +79,19 @@ std::string markerText(const SiteOrder &order)
                        order.patients, order.seed, yearMonthText(order.month));
 }
 
-void makeFolder(const fs::path &path)
-{
-    std::error_code error;
-    fs::create_directories(path, error);
-    if (error) {
-        throw RuntimeError(error_number::pathAccess, fmt::format("フォルダー「{}」を作成できません。", textOf(path)));
-    }
-}
-
 void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::path &formViewer)
 {
-    makeFolder(folder);
-    writeFile(folder / kMarkerFile, markerText(order)); // first, so that an aborted run can be repeated
-    for (const std::string_view name : kFolders) makeFolder(folder / name);
+    makeFolder(textOf(folder));
+    writeWholeFile(folder / kMarkerFile, markerText(order),
+                   NewFile::byTheMask); // first, so that an aborted run can be repeated
+    for (const std::string_view name : kFolders) makeFolder(textOf(folder / name));
     writeSuiteText(folder / "Massage.ini", kSettings);
     writeConnectionFile(folder, suiteText(kConnection));
     writeSuiteText(folder / "Sorvin.ver", versionText(order));
     writeSuiteText(folder / "SYS" / "README.txt", kFormsNote);
-    writeFile(folder / "ICON" / "wall.bmp", wallpaper());
-    for (const DemoForm &form : kForms) writeFile(folder / "SYS" / pathOf(form.name), form.text());
+    writeWholeFile(folder / "ICON" / "wall.bmp", wallpaper(), NewFile::byTheMask);
+    for (const DemoForm &form : kForms)
+        writeWholeFile(folder / "SYS" / pathOf(form.name), form.text(), NewFile::byTheMask);
     writeMenu(folder / kMenu);
     for (const std::string_view tool : kFormTools) writeFormTool(folder / tool, formViewer);
 }
@@ -106,7 +99,7 @@ void writeSiteFiles(const fs::path &folder, const SiteOrder &order, const fs::pa
 bool namesServer(const fs::path &connectionFile)
 {
     const std::string connection =
-        decodeCp932(profileString(readFile(connectionFile).value_or(""), encodeCp932("接続情報"),
+        decodeCp932(profileString(tryReadWholeFile(connectionFile).value_or(""), encodeCp932("接続情報"),
                                   encodeCp932("接続情報"), "", kLongestConnection));
     return !connection.empty() && !readConnectionString(connection).isForSqlite();
 }
@@ -138,7 +131,7 @@ void refuseSuiteFolder(const fs::path &folder)
 /// True if a package was unpacked into the folder and nothing else is there. The package has a list of its files.
 bool hasOnlyPackage(const fs::path &folder)
 {
-    const std::optional<std::string> list = unmarked(readFile(folder / "guide" / "installed.txt").value_or(""));
+    const std::optional<std::string> list = unmarked(tryReadWholeFile(folder / "guide" / "installed.txt").value_or(""));
     if (!list) return false;
     const std::string lines = "\n" + *list;
     const fs::directory_iterator entries(folder);
@@ -196,32 +189,13 @@ std::span<const DemoForm> demoForms()
     return kForms;
 }
 
-std::optional<std::string> readFile(const fs::path &path)
-{
-    std::error_code error;
-    std::ifstream file(path, std::ios::binary);
-    if (!file || fs::is_directory(path, error)) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
-void writeFile(const fs::path &path, std::string_view bytes)
-{
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file) {
-        throw RuntimeError(error_number::pathAccess, fmt::format("ファイル「{}」に書き込めません。", textOf(path)));
-    }
-}
-
 void writeConnectionFile(const fs::path &folder, std::string_view bytes)
 {
-    // A new file, because a program may still have the old one open.
+    // Otherwise the new file keeps the rights of the old one.
     const fs::path path = folder / "adodb.ini";
     std::error_code error;
     fs::remove(path, error);
-    createForOwner(textOf(path));
-    writeFile(path, bytes);
+    writeWholeFile(path, bytes, NewFile::ownerOnly);
 }
 
 void makeSite(const fs::path &folder, const SiteOrder &order, Overwrite overwrite, const fs::path &formViewer)

@@ -25,11 +25,6 @@ enum class Overwrite { onlyOwnFolder, anyFolder };
 void makeSite(const std::filesystem::path &folder, const SiteOrder &order, Overwrite overwrite,
               const std::filesystem::path &formViewer = {});
 
-/// The bytes of a file; nothing if it cannot be opened or is a folder.
-[[nodiscard]] std::optional<std::string> readFile(const std::filesystem::path &path);
-/// Replaces a file; raises RuntimeError with a sentence on failure.
-void writeFile(const std::filesystem::path &path, std::string_view bytes);
-
 /// A form document that is compiled into the program.
 struct DemoForm {
     std::string_view name;

@@ -42,15 +42,21 @@ QRectF inside(const QRect &rect, qreal width)
     return QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
 }
 
+/// Draws a rounded outline inside a rectangle.
+void drawOutline(QPainter &painter, const QRect &rect, const QColor &colour, qreal width)
+{
+    const Smoothly scope(painter);
+    painter.setPen(QPen(colour, width));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(inside(rect, width), kRadius, kRadius);
+}
+
 /// Draws the border of a group box below its title, without the tint that the base style lays over the inside.
 void drawGroupFrame(const QStyleOption &option, QPainter &painter, int titleHeight)
 {
     QColor outline = option.palette.color(QPalette::WindowText);
     outline.setAlpha(kFrameAlpha);
-    const Smoothly scope(painter);
-    painter.setPen(outline);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(inside(option.rect.adjusted(0, titleHeight, 0, 0), 1), kRadius, kRadius);
+    drawOutline(painter, option.rect.adjusted(0, titleHeight, 0, 0), outline, 1);
 }
 
 /// Draws the face of a push button inside its edge. The base style would make it paler than the button's colour.
@@ -124,10 +130,17 @@ void drawIndicator(const QStyleOption &option, QPainter &painter, bool isRound)
 void drawFocusFrame(const QStyleOption &option, QPainter &painter, qreal width)
 {
     if ((option.state & QStyle::State_Selected) != 0) return;
-    const Smoothly scope(painter);
-    painter.setPen(QPen(focusColour(option.palette), width));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(inside(option.rect, width), kRadius, kRadius);
+    drawOutline(painter, option.rect, focusColour(option.palette), width);
+}
+
+/// Draws the edge of a box over the pale one of the base style: on a background of nearly the same colour, only the edge
+/// shows where the box is. A disabled box keeps the pale one.
+void drawBoxEdge(const QStyleOption &option, QPainter &painter, const QRect &edge)
+{
+    if ((option.state & QStyle::State_HasFocus) != 0)
+        drawOutline(painter, edge, focusColour(option.palette), kFocusFrame);
+    else if ((option.state & QStyle::State_Enabled) != 0)
+        drawOutline(painter, edge, outlineColour(option.palette), 1);
 }
 
 } // namespace
@@ -168,7 +181,8 @@ void ClearStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
                                     const QWidget *widget) const
 {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
-    if (control == CC_ComboBox && (option->state & State_HasFocus) != 0) drawFocusFrame(*option, *painter, kFocusFrame);
+    if (control == CC_ComboBox) drawBoxEdge(*option, *painter, option->rect);
+    if (control == CC_SpinBox) drawBoxEdge(*option, *painter, option->rect.adjusted(0, 1, 0, -1));
 }
 
 void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -189,12 +203,14 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     default:
         break;
     }
+    const bool isList = element == PE_Frame && qobject_cast<const QAbstractScrollArea *>(widget) != nullptr;
+    if (isList && widget->isEnabled()) return drawBoxEdge(*option, *painter, option->rect);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const auto *button = qobject_cast<const QPushButton *>(widget);
     const bool isButton = element == PE_PanelButtonCommand;
     if (isButton && button != nullptr && !button->isFlat()) drawFace(*option, *painter);
-    const bool isList = element == PE_Frame && qobject_cast<const QAbstractScrollArea *>(widget) != nullptr;
-    if ((isButton || isList) && widget != nullptr && widget->hasFocus()) drawFocusFrame(*option, *painter, kFocusFrame);
+    if (isButton && widget != nullptr && widget->hasFocus()) drawFocusFrame(*option, *painter, kFocusFrame);
+    if (element == PE_FrameLineEdit) drawBoxEdge(*option, *painter, option->rect);
 }
 
 int ClearStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const

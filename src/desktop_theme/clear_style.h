@@ -12,6 +12,7 @@ namespace inin::theme {
 /// The style of all windows. It differs from its base style:
 /// - the desktop's palette is made readable;
 /// - the focus is always visible, not only after the tab key, on scrolled lists without a selected row too;
+/// - boxes for text, drop-down lists and lists have a visible edge, on a dark desktop too;
 /// - options and check boxes have a visible outline and mark, on a dark desktop and when they are disabled too;
 /// - a focused menu in the menu bar is highlighted like an open one;
 /// - a group box has its parent's background colour without a tint;

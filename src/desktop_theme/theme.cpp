@@ -15,6 +15,8 @@ namespace {
 constexpr int kMiddle = 128;
 /// Contrast ratios, above the required 4.5 and 3: the thin strokes of a painted glyph are paler than its colour.
 constexpr double kText = 5.5, kDisabledText = 4.5, kOutline = 3.5;
+/// The frame of the focus also differs from the light line that the base style paints inside the edge of a dark button.
+constexpr double kFocus = 3.5, kFocusOnDark = 9;
 
 /// The window colour of the light theme is that of PrintInin's frames, so that the whole window has one colour.
 constexpr QRgb kWindow = 0xFFF6F6F6;
@@ -102,7 +104,7 @@ QColor outlineColour(const QPalette &palette)
 QColor focusColour(const QPalette &palette)
 {
     return withContrast(palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Window),
-                        kOutline);
+                        isDark(palette) ? kFocusOnDark : kFocus);
 }
 
 void applyTheme(QApplication &application)

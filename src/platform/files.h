@@ -9,7 +9,8 @@
 namespace inin {
 
 // The file operations of the runtime, on bytes. Paths are UTF-8 with backslashes or slashes; names ignore ASCII case.
-// Failures are RuntimeErrors 52, 53, 55, 57, 61, 62, 67, 70, 71, 75 and 76 with the runtime's meaning.
+// Failures are RuntimeErrors 52, 53, 55, 57, 61, 62, 67, 70, 71, 75 and 76 with the runtime's meaning. Files are opened, written
+// and closed in steps, because each step fails with an error of its own; system/whole_file.h is for all other files.
 
 /// A file open for output. Trailing line ends are held back until more bytes follow or close() succeeds, so the file of
 /// an interrupted program is recognized by its missing line end. The destructor without close() leaves such a file and

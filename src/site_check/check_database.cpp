@@ -1,5 +1,8 @@
 #include "site_check/site_check.h"
 
+#include "adapters/database/connection_parts.h"
+#include "adapters/database/connection_string.h"
+#include "adapters/native/native_platform.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "common/helpers.h"
 #include "demo_site/database_maker.h"
@@ -98,9 +101,14 @@ private:
             m_findings.push_back({FindingKind::missingColumn, table.name + "." + column.name,
                                   fmt::format("テーブル「{}」に列「{}」がありません。", table.name, column.name)});
         }
-    } catch (const RuntimeError &) {
-        m_findings.push_back(
-            {FindingKind::missingTable, table.name, fmt::format("テーブル「{}」がありません。", table.name)});
+    } catch (const RuntimeError &error) {
+        if (error.number() == ado_error::noSuchTable)
+            m_findings.push_back(
+                {FindingKind::missingTable, table.name, fmt::format("テーブル「{}」がありません。", table.name)});
+        else
+            m_findings.push_back(
+                {FindingKind::unreadableTable, table.name,
+                 fmt::format("テーブル「{}」を読み込めません。（{}）", table.name, error.description())});
     }
 
     std::int32_t count(const std::string &sql)
@@ -122,7 +130,7 @@ private:
                 {several, "CORP",
                  fmt::format("この拠点に{}の会社（CORP）が{}件あり、委任状が重複します。", role, number)});
     } catch (const RuntimeError &) {
-        // A missing table or column is already a finding.
+        // A table or column that cannot be read is already a finding.
     }
 
     /// Patients whose agent is unknown; their letters for the agent lack the company and the bank.
@@ -206,6 +214,24 @@ private:
     Findings &m_findings;
 };
 
+/// Adds a finding if only 32-bit programs can look up the connection string's data source or server.
+void checkName(const std::string &text, Findings &findings)
+{
+    const ConnectionParts parts = readConnectionParts(readConnectionString(text));
+    const bool isBridge = asciiLower(parts.text(ConnectionPart::provider)).starts_with("msdasql");
+    const bool isSource = isBridge || parts.has(ConnectionPart::dataSourceName);
+    const bool isNamedAsServer = !parts.has(ConnectionPart::dataSourceName); // also the data source of a bridge
+    const std::string name =
+        trim(parts.text(isNamedAsServer ? ConnectionPart::server : ConnectionPart::dataSourceName));
+    if (!isOnlyFor32BitPrograms(isSource ? ServerName::dataSource : ServerName::alias, name)) return;
+    const char *remedy = isSource ? "「ODBC データ ソース（64 ビット）」に同じ名前で登録してください"
+                                  : "System32 の cliconfg.exe で同じ別名を登録してください";
+    findings.push_back({FindingKind::onlyFor32Bits, "adodb.ini",
+                        fmt::format("adodb.ini の{}「{}」は32ビットのプログラム用にしか登録されていないので、使えません"
+                                    "（{}）。",
+                                    isSource ? "データソース" : "サーバーの別名", name, remedy)});
+}
+
 /// Opens the database of a connection string if it is sound; otherwise adds a finding.
 std::optional<SiteDatabase> openSound(const fs::path &folder, const std::string &text, Findings &findings)
 try {
@@ -227,6 +253,7 @@ void checkDatabase(const fs::path &folder, const std::optional<Branch> &branch, 
 {
     const auto text = connectionText(folder, findings);
     if (!text) return;
+    checkName(*text, findings);
     auto site = openSound(folder, *text, findings);
     if (!site) return;
     DatabaseCheck check(*site, findings);

@@ -27,7 +27,8 @@ std::set<std::string> unknownColumns(const viewer::FormDocument &form)
         const auto *text = std::get_if<viewer::TextCommand>(&command);
         if (text == nullptr) continue;
         for (const viewer::TextPiece &piece : text->pieces)
-            if (piece.isField() && std::ranges::find(letterColumnTitles(), piece.column) == letterColumnTitles().end())
+            if (piece.isField() && piece.column != viewer::kLetterCodeColumn &&
+                std::ranges::find(letterColumnTitles(), piece.column) == letterColumnTitles().end())
                 unknown.insert(piece.column);
     }
     return unknown;

@@ -29,6 +29,12 @@ constexpr Program kPrograms[] = {
 void checkPrograms(const std::filesystem::path &folder, Findings &findings)
 {
     for (const Program &program : kPrograms) {
+        if (startsOnlyAsAdministrator(textOf(folder), std::string(program.name)))
+            findings.push_back(
+                {FindingKind::onlyAsAdministrator, std::string(program.name),
+                 fmt::format("プログラム「{}」に「管理者としてこのプログラムを実行する」の設定があるので、{}（"
+                             "「プロパティ」の「互換性」で設定を外してください）。",
+                             program.name, program.consequence)});
         if (canStart(textOf(folder), std::string(program.name))) continue;
         const bool isPresent = isThere(folder / program.name);
         const FindingKind kind = program.isMerger ? FindingKind::noMerger

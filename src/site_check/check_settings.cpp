@@ -20,6 +20,28 @@ constexpr std::string_view kFolderKeys[] = {"SYSTEM_SYS", "SYSTEM_TMP", "SYSTEM_
 constexpr const char *kMonthsKey = "終了患者施術期間";
 constexpr const char *kPrintSettings = "印刷設定.ini";
 
+/// Creates, writes and removes a file as the program does: permissions alone do not answer for shares and full disks.
+void checkWritable(const fs::path &folder, const std::string &key, const std::string &value, Findings &findings)
+try {
+    const std::unique_ptr<Files> files = makeSystemFiles(textOf(folder));
+    const std::uint32_t process = makeSystemProcesses({})->processId();
+    const std::string file = textOf(joined(folder, value) / fmt::format("inin-check-{}.tmp", process));
+    const std::unique_ptr<OutputFile> output = files->openForOutput(file);
+    try {
+        output->write("test");
+        output->close();
+    } catch (const RuntimeError &) {
+        files->remove(file);
+        throw;
+    }
+    files->remove(file);
+} catch (const RuntimeError &error) {
+    findings.push_back({FindingKind::notWritable, key,
+                        fmt::format("Massage.ini の項目「{}」のフォルダー「{}」に書き込めません（{}）。使う人の"
+                                    "書き込みと削除の権限と、ディスクの空きを確かめてください。",
+                                    key, value, error.description())});
+}
+
 void checkFolder(const fs::path &folder, const std::string &key, const std::string &value, Findings &findings)
 {
     if (!value.starts_with('\\')) {
@@ -28,7 +50,10 @@ void checkFolder(const fs::path &folder, const std::string &key, const std::stri
         return;
     }
     std::error_code error;
-    if (fs::is_directory(joined(folder, value), error)) return;
+    if (fs::is_directory(joined(folder, value), error)) {
+        if (key == "SYSTEM_TMP" || key == "SYSTEM_DATA") checkWritable(folder, key, value, findings);
+        return;
+    }
     findings.push_back({FindingKind::missingFolder, key,
                         fmt::format("Massage.ini の項目「{}」のフォルダー「{}」がありません。", key, value)});
 }

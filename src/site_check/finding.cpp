@@ -28,9 +28,11 @@ constexpr FindingText kTexts[] = {
     {badMonths, fault, "終了患者施術期間が月数ではない"},
     {badBranch, fault, "BASEID が4桁の数字ではない"},
     {noPrintSettings, notice, "印刷設定.ini がまだない"},
+    {notWritable, fault, "設定したフォルダーに書き込めない"},
     {missingProgram, fault, "メニューか帳票ツールがない"},
     {notExecutable, fault, "メニューか帳票ツールを実行できない"},
     {noMerger, notice, "結合の帳票ツールがないか、実行できない"},
+    {onlyAsAdministrator, fault, "メニューか帳票ツールに「管理者として実行」の設定がある"},
     {missingForm, fault, "帳票がない"},
     {unreadableForm, fault, "帳票を読み込めない"},
     {unknownFormColumn, fault, "帳票に委任状にない列がある"},
@@ -41,6 +43,8 @@ constexpr FindingText kTexts[] = {
     {damagedDatabase, fault, "データベースのファイルが壊れている"},
     {missingTable, fault, "テーブルがない"},
     {missingColumn, fault, "列がない"},
+    {onlyFor32Bits, fault, "データソースかサーバーの別名が32ビット用だけにある"},
+    {unreadableTable, fault, "テーブルを読み込めない"},
     {noHeadOffice, fault, "本社の会社がない"},
     {severalHeadOffices, fault, "本社の会社が複数ある"},
     {noGroupCompany, fault, "団体請求の会社がない"},
@@ -52,6 +56,7 @@ constexpr FindingText kTexts[] = {
     {demoMissingAgent, notice, "見本として、代理人が会社にない利用者がいる"},
     {otherCodePage, fault, "コンピューターの文字コードが日本語ではない"},
     {unreadableShortDate, fault, "コンピューターの短い日付の形式をデータベースが読めない"},
+    {virtualStoreCopies, fault, "サイトのファイルが VirtualStore にもある"},
 };
 
 std::string_view nameOf(Severity severity)

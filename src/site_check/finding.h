@@ -25,9 +25,11 @@ enum class FindingKind {
     badMonths = 113,
     badBranch = 114,
     noPrintSettings = 115,
+    notWritable = 116,
     missingProgram = 201,
     notExecutable = 202,
     noMerger = 203,
+    onlyAsAdministrator = 204,
     missingForm = 301,
     unreadableForm = 302,
     unknownFormColumn = 303,
@@ -38,6 +40,8 @@ enum class FindingKind {
     damagedDatabase = 404,
     missingTable = 405,
     missingColumn = 406,
+    onlyFor32Bits = 407,
+    unreadableTable = 408,
     noHeadOffice = 501,
     severalHeadOffices = 502,
     noGroupCompany = 503,
@@ -49,6 +53,7 @@ enum class FindingKind {
     demoMissingAgent = 509,
     otherCodePage = 601,
     unreadableShortDate = 602,
+    virtualStoreCopies = 603,
 };
 
 enum class Severity {

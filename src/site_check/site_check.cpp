@@ -2,6 +2,7 @@
 
 #include "adapters/native/native_platform.h"
 #include "system/file_path.h"
+#include "system/program_edges.h"
 
 #include <fmt/format.h>
 
@@ -21,6 +22,7 @@ Findings checkSite(const std::filesystem::path &folder)
     const std::unique_ptr<Locale> system = makeSystemLocale();
     checkCodePage(*system, findings);
     checkShortDate(system->regional(), findings);
+    checkVirtualStore(folder, environmentText("LOCALAPPDATA"), findings);
     return findings;
 }
 

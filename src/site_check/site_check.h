@@ -11,7 +11,8 @@
 
 namespace inin::site {
 
-/// Checks the settings, folders, programs, form documents and database of a site. Writes nothing.
+/// Checks the settings, folders, programs, form documents and database of a site. Writes nothing but a
+/// file in each folder that must be writable, which it removes.
 [[nodiscard]] Findings checkSite(const std::filesystem::path &folder);
 
 // The parts of checkSite().
@@ -28,5 +29,8 @@ void checkDatabase(const std::filesystem::path &folder, const std::optional<Bran
 void checkCodePage(Locale &system, Findings &findings);
 /// The system's date format, which is the same for every site that is checked on this computer.
 void checkShortDate(const Regional &regional, Findings &findings);
+/// The user's copies of the site's files, which Windows keeps for programs without a manifest. `localData` is the user's
+/// folder for the data of programs; empty on other systems.
+void checkVirtualStore(const std::filesystem::path &folder, const std::string &localData, Findings &findings);
 
 } // namespace inin::site

@@ -8,6 +8,7 @@
 #include "suite_text/profile_text.h"
 #include "suite_text/unicode_mark.h"
 #include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 
@@ -111,9 +112,7 @@ bool isAllDigits(std::string_view text)
 
 std::optional<std::string> readSiteFile(const fs::path &path)
 {
-    const fs::path real = pathOf(systemPath(textOf(path)));
-    std::error_code error;
-    return fs::is_regular_file(real, error) ? readFile(real) : std::nullopt;
+    return tryReadWholeFile(pathOf(systemPath(textOf(path))));
 }
 
 bool isThere(const fs::path &path)

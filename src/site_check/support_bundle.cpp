@@ -1,7 +1,7 @@
 #include "site_check/support_bundle.h"
 
+#include "adapters/database/connection_parts.h"
 #include "adapters/database/connection_string.h"
-#include "adapters/odbc/connection_parts.h"
 #include "demo_site/database_maker.h"
 #include "demo_site/site_maker.h"
 #include "runtime/conversion.h"
@@ -106,34 +106,34 @@ constexpr std::string_view kPlainWords[] = {"yes",
                                             "odbc driver 18 for sql server"};
 
 struct ShownPart {
-    odbc::Part part;
+    ConnectionPart part;
     std::string_view name;
     bool isValueShown = false;
 };
 constexpr ShownPart kShownParts[] = {
-    {odbc::Part::provider, "provider", true},
-    {odbc::Part::driver, "driver", true},
-    {odbc::Part::server, "server"},
-    {odbc::Part::port, "port"},
-    {odbc::Part::database, "database"},
-    {odbc::Part::user, "user"},
-    {odbc::Part::password, "password"},
-    {odbc::Part::integrated, "integrated security", true},
-    {odbc::Part::encrypt, "encrypt", true},
-    {odbc::Part::trustCertificate, "trust server certificate", true},
-    {odbc::Part::dataSourceName, "data source name"},
-    {odbc::Part::fileSourceName, "file data source"},
+    {ConnectionPart::provider, "provider", true},
+    {ConnectionPart::driver, "driver", true},
+    {ConnectionPart::server, "server"},
+    {ConnectionPart::port, "port"},
+    {ConnectionPart::database, "database"},
+    {ConnectionPart::user, "user"},
+    {ConnectionPart::password, "password"},
+    {ConnectionPart::integrated, "integrated security", true},
+    {ConnectionPart::encrypt, "encrypt", true},
+    {ConnectionPart::trustCertificate, "trust server certificate", true},
+    {ConnectionPart::dataSourceName, "data source name"},
+    {ConnectionPart::fileSourceName, "file data source"},
 };
 
 std::string shownPair(const ConnectionPair &pair)
 {
-    const auto part = odbc::partOfKey(pair.key);
+    const auto part = partOfKey(pair.key);
     const auto *shown = part ? std::ranges::find(kShownParts, *part, &ShownPart::part) : std::end(kShownParts);
     if (shown == std::end(kShownParts)) return "（ほかの項目）\n";
     const std::string value = asciiLower(pair.value);
     const bool isPlain = shown->isValueShown && std::ranges::find(kPlainWords, value) != std::end(kPlainWords);
     std::string line = fmt::format("{}={}", shown->name, isPlain ? std::string_view(value) : kRemoved);
-    if (shown->part == odbc::Part::server) {
+    if (shown->part == ConnectionPart::server) {
         if (value.find('\\') != value.npos) line += "（名前付きインスタンス）";
         if (value.find(',') != value.npos) line += "（ポート番号あり）";
     }

@@ -4,6 +4,7 @@
 #include "runtime/runtime_error.h"
 #include "site_check/site_settings.h"
 #include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 
@@ -42,14 +43,14 @@ std::string keepCopy(const fs::path &document)
 FileReport installForm(const fs::path &document, std::string_view bytes, Existing existing)
 {
     FileReport report{textOf(document.filename())};
-    if (const std::optional<std::string> old = readFile(document)) {
+    if (const std::optional<std::string> old = tryReadWholeFile(document)) {
         report.done = *old == bytes                ? FileReport::Done::same
                       : existing == Existing::keep ? FileReport::Done::kept
                                                    : FileReport::Done::replaced;
         if (report.done != FileReport::Done::replaced) return report;
         report.copy = keepCopy(document);
     }
-    writeFile(document, bytes);
+    writeWholeFile(document, bytes, NewFile::byTheMask);
     return report;
 }
 
@@ -74,7 +75,7 @@ std::vector<FileReport> installForms(const fs::path &site, Existing existing)
 {
     const fs::path folder = formFolder(site);
     std::error_code error;
-    fs::create_directories(folder, error); // writeFile() reports a failure
+    fs::create_directories(folder, error); // writeWholeFile() reports a failure
     std::vector<FileReport> reports;
     for (const DemoForm &form : demoForms())
         reports.push_back(installForm(folder / pathOf(form.name), form.text(), existing));

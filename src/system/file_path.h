@@ -28,11 +28,9 @@ namespace inin {
 /// The absolute path without "." and "..". Windows: also of a folder on a share, which std::filesystem takes for one on
 /// the current drive. POSIX: without symbolic links if the path exists.
 [[nodiscard]] std::string fullPath(const std::string &path);
-/// The first bytes of a file, at most `size`; none if it cannot be read.
-[[nodiscard]] std::string startOfFile(const std::filesystem::path &path, std::size_t size);
-/// Creates an empty file that only its owner may read and write, for personal data or passwords. An existing file keeps
-/// its rights and content. Windows: does nothing, because a new file gets the rights of its folder. A failure shows when
-/// the caller opens the file.
-void createForOwner(const std::string &path);
+/// The absolute system path for a path of the suite. Unlike fullPath(), it keeps symbolic links.
+[[nodiscard]] std::string absoluteSystemPath(const std::string &path);
+/// A system path for std::filesystem; on Windows it may exceed the classic limit.
+[[nodiscard]] std::filesystem::path longPathOf(const std::string &systemPath);
 
 } // namespace inin

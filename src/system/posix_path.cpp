@@ -54,6 +54,19 @@ std::string fullPath(const std::string &path)
     return textOf(error ? std::filesystem::absolute(pathOf(path)).lexically_normal() : found);
 }
 
+std::string absoluteSystemPath(const std::string &path)
+{
+    std::error_code error;
+    const std::string found = systemPath(path);
+    const std::filesystem::path absolute = std::filesystem::absolute(found, error);
+    return error ? found : absolute.lexically_normal().string();
+}
+
+std::filesystem::path longPathOf(const std::string &systemPath)
+{
+    return systemPath;
+}
+
 std::string systemPath(const std::string &path)
 {
     std::string asGiven = withSlashes(path);

@@ -46,6 +46,16 @@ bool isAbsolutePath(const std::string &path)
     return path.starts_with('\\') || path.starts_with('/') || (path.size() > 1 && path[1] == ':');
 }
 
+std::string absoluteSystemPath(const std::string &path)
+{
+    return fullPath(path);
+}
+
+std::filesystem::path longPathOf(const std::string &systemPath)
+{
+    return widePath(systemPath);
+}
+
 std::string systemPath(const std::string &path)
 {
     return utf8FromWide(widePath(path));

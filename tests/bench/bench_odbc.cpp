@@ -9,6 +9,7 @@
 #include "demo_site/embedded.h"
 #include "demo_site/server_maker.h"
 #include "support/replace_all.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 
@@ -83,8 +84,8 @@ void fillServer()
 void makeFolder(const fs::path &folder)
 {
     fs::create_directories(folder / "TMP");
-    site::writeFile(folder / "adodb.ini", site::connectionFile(server()));
-    site::writeFile(folder / "Massage.ini", "SYSTEM_TMP=\\TMP\r\n");
+    writeWholeFile(folder / "adodb.ini", site::connectionFile(server()), NewFile::byTheMask);
+    writeWholeFile(folder / "Massage.ini", "SYSTEM_TMP=\\TMP\r\n", NewFile::byTheMask);
 }
 
 /// Runs in the child process.

@@ -156,6 +156,7 @@ void timeWindow(const bench::LetterJob &job)
     const std::string script = job.script();
     ViewerServices services = realServices();
     services.settingsFile = QString::fromStdString(job.file("settings.ini"));
+    services.ledgerPath = {};
     auto letters = timeOpening(script);
     QElapsedTimer since;
     since.start();

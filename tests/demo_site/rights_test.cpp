@@ -3,7 +3,7 @@
 #include "adapters/native/native_platform.h"
 #include "demo_site/scratch_site.h"
 #include "demo_site/site_maker.h"
-#include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <doctest/doctest.h>
 #include <sqlite3.h>

@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QVBoxLayout>
 #include <QtTest/QTest>
 
@@ -67,6 +68,16 @@ void checkMark(QAbstractButton &button, QStyle::SubElement element)
             // Only the mark, without the outline.
             if (isOn) CHECK(paintedContrast(image, place.adjusted(5, 5, -5, -5)) >= kMark);
         }
+}
+
+/// The highest contrast to the window's colour among the outermost pixels of a box, from a place at its side inwards.
+double edgeContrast(const QImage &image, QPoint place, QPoint inwards, const QColor &window)
+{
+    constexpr int kDepth = 2; // pixels of a picture at 100 %
+    double highest = 1;
+    for (int step = 0; step < kDepth * image.devicePixelRatio(); ++step, place += inwards)
+        highest = std::max(highest, contrastRatio(QColor(image.pixel(place)), window));
+    return highest;
 }
 
 } // namespace
@@ -136,6 +147,38 @@ TEST_CASE("options and check boxes have an outline and a mark with a contrast of
     });
 }
 
+TEST_CASE("the edges of a box for text have a contrast of at least 3 to the window on each side, with the focus too")
+{
+    onBothDesktops([] {
+        const auto check = [](QWidget &widget) {
+            CAPTURE(std::string(widget.metaObject()->className()));
+            auto *other = new QPushButton(widget.window()); // owned by the window
+            widget.window()->layout()->addWidget(other);
+            other->show();
+            QApplication::processEvents();
+            for (QWidget *focused : {static_cast<QWidget *>(other), &widget}) {
+                focused->setFocus(Qt::OtherFocusReason);
+                QApplication::processEvents();
+                REQUIRE(focused->hasFocus());
+                CAPTURE(widget.hasFocus());
+                const QImage image = paintedImage(widget);
+                const QColor window = widget.palette().color(QPalette::Window);
+                const int middleX = image.width() / 3, middleY = image.height() / 2;
+                const int right = image.width() - 1, bottom = image.height() - 1;
+                CHECK(edgeContrast(image, {0, middleY}, {1, 0}, window) >= kMark);
+                CHECK(edgeContrast(image, {right, middleY}, {-1, 0}, window) >= kMark);
+                CHECK(edgeContrast(image, {middleX, 0}, {0, 1}, window) >= kMark);
+                CHECK(edgeContrast(image, {middleX, bottom}, {0, -1}, window) >= kMark);
+            }
+        };
+        check(*Shown<QLineEdit>().widget);
+        check(*Shown<QSpinBox>().widget);
+        check(*Shown<QDoubleSpinBox>().widget);
+        check(*Shown<QComboBox>().widget);
+        check(*Shown<QListWidget>().widget);
+    });
+}
+
 TEST_CASE("the focus is visible without the tab key, on a list without a selection too")
 {
     onBothDesktops([] {
@@ -161,6 +204,8 @@ TEST_CASE("the focus is visible without the tab key, on a list without a selecti
         check(*Shown<QRadioButton>(kWords).widget);
         check(*Shown<QCheckBox>(kWords).widget);
         check(*Shown<QPushButton>(kWords).widget);
+        check(*Shown<QLineEdit>().widget);
+        check(*Shown<QSpinBox>().widget);
         check(*Shown<QComboBox>().widget);
         check(*Shown<QListWidget>().widget);
     });

@@ -1,7 +1,7 @@
 // Connection strings: quoting, and what the reader for SQL Server makes of hostile strings.
 
+#include "adapters/database/connection_parts.h"
 #include "adapters/database/connection_string.h"
-#include "adapters/odbc/connection_parts.h"
 #include "fuzz/fuzz_input.h"
 
 #include <string>
@@ -26,7 +26,7 @@ void checkParts(std::string_view input)
         const std::string whole = std::string(input) + std::string(key) + std::string(kSecret);
         const ConnectionString text = readConnectionString(whole);
         const ConnectionParts parts = readConnectionParts(text);
-        const bool isInProvider = parts.text(Part::provider).find(kSecret) != std::string::npos;
+        const bool isInProvider = parts.text(ConnectionPart::provider).find(kSecret) != std::string::npos;
         require(isInProvider || (text.problem + parts.problem).find(kSecret) == std::string::npos,
                 "a problem does not show a value");
         require(parts.loginTimeout > 0, "a login does not wait for ever");

@@ -1,5 +1,7 @@
 #include "support/temp_folder.h"
+#include "system/file_path.h"
 #include "system/file_replacement.h"
+#include "system/whole_file.h"
 
 #include <csignal>
 #include <functional>
@@ -90,6 +92,27 @@ TEST_CASE("a new file is readable by its owner only, and takes the permissions o
         REQUIRE(file.commit());
         CHECK(rightsOf(folder / "old") == 0640);
     }
+}
+
+TEST_CASE(
+    "a whole file is written for its owner or by the mask of the process, and a replaced one keeps its permissions")
+{
+    const TempFolder folder;
+    const mode_t before = umask(022);
+    const auto rightsAfter = [&](const char *name, NewFile rights) {
+        writeWholeFile(pathOf(folder / name), "new", rights);
+        CHECK(folder.bytes(name) == "new");
+        return rightsOf(folder / name);
+    };
+    CHECK(rightsAfter("own", NewFile::ownerOnly) == 0600);
+    CHECK(rightsAfter("shared", NewFile::byTheMask) == 0644);
+    CHECK(rightsAfter("shared", NewFile::ownerOnly) == 0644);
+    CHECK(rightsAfter("own", NewFile::byTheMask) == 0600);
+    folder.put("target", "old");
+    REQUIRE(symlink("target", (folder / "link").c_str()) == 0);
+    CHECK(rightsAfter("link", NewFile::byTheMask) == 0644);
+    CHECK(folder.bytes("target") == "old");
+    umask(before);
 }
 
 TEST_CASE("a link of that name is replaced and its target is unchanged")

@@ -24,6 +24,7 @@ struct RunCommand {
         if (!command.pdf.empty() || !command.pngFolder.empty()) writeLetters(command);
         return isFlagged ? kFailed : kDone;
     }
+    int operator()(const ReturnedCommand &command) const { return markReturned(command); }
     int operator()(const MergeCommand &command) const
     {
         writeCombinedForm(command);

@@ -57,7 +57,7 @@ Date dayOfOption(const std::string &text)
 }
 
 /// The options of a command without "/c" and with their help.
-void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
+void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, HelpLanguage language)
 {
     const auto text = [language](std::string_view japanese, std::string_view english) {
         return HelpText{japanese, english}.in(language);
@@ -91,11 +91,17 @@ void addOptions(CLI::App &app, ViewCommand &command, HelpLanguage language)
                  text("印刷前の点検の結果を表示します。注意のある委任状があれば終了コード 1、なければ 0 です。",
                       "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
     app.add_flag("--json", command.json,
-                 text("点検の結果を JSON で表示します。", "Prints the findings of the check as JSON."));
+                 text("点検や --returned の結果を JSON で表示します。",
+                      "Prints the findings of the check, or the result of --returned, as JSON."));
     addRead("--without-check", text("名前", "NAMES"),
             text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
                  "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
             [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
+    add("--returned", returned.files, text("ファイル", "FILES"),
+        text("戻ってきた委任状を読み取った PDF、PNG、JPEG、TIFF。QR コードの委任状を台帳で返送済みにします。"
+             "人が確かめるページがあれば終了コード 1、なければ 0 です。",
+             "Scans of returned letters (PDF, PNG, JPEG, TIFF). Marks the letters of their QR codes as returned in the "
+             "ledger. Exit code 1 if a page needs a look, otherwise 0."));
     addRead("--today", text("日付", "DATE"),
             text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
                  "The day that the check compares dates with (default: today), such as 2024-05-20."),
@@ -112,7 +118,8 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     // An argument with a leading slash is a path on every system.
     app.allow_windows_style_options(false);
     ViewCommand command;
-    addOptions(app, command, language);
+    ReturnedCommand returned;
+    addOptions(app, command, returned, language);
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back
         app.parse(std::move(arguments));
@@ -120,6 +127,12 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
         return ShowHelp{app.help()};
     } catch (const CLI::ParseError &error) {
         return BadCommandLine{"formviewer: " + refusedCommandLine("formviewer", error.what(), language)};
+    }
+    if (!returned.files.empty()) {
+        if (!command.needsWindow() || !command.script.empty() || !scriptAfterSwitch.empty())
+            return BadCommandLine{"formviewer: --returned は、--json のほかの指定と一緒には使えません。"};
+        returned.json = command.json;
+        return returned;
     }
     if (!scriptAfterSwitch.empty()) command.script = scriptAfterSwitch;
     if (command.script.empty()) return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};

@@ -25,6 +25,11 @@ struct ViewCommand {
     std::optional<Date> today; ///< the day that dates are compared with; empty for the clock's
     [[nodiscard]] bool needsWindow() const { return pdf.empty() && pngFolder.empty() && !check; }
 };
+/// Mark the letters of scanned pages as returned.
+struct ReturnedCommand {
+    std::vector<std::string> files;
+    bool json = false;
+};
 /// Write the combined form document of a merger's script.
 struct MergeCommand {
     std::string output;
@@ -37,7 +42,7 @@ struct ShowHelp {
 struct BadCommandLine {
     std::string sentence;
 };
-using ViewerCommand = std::variant<ViewCommand, MergeCommand, ShowHelp, BadCommandLine>;
+using ViewerCommand = std::variant<ViewCommand, ReturnedCommand, MergeCommand, ShowHelp, BadCommandLine>;
 
 /// The exit code for a command that is invalid or not available in this build.
 inline constexpr int kBadCommand = 2;

@@ -12,4 +12,8 @@ namespace inin::viewer {
 /// Writes letters as pictures into the command's folder.
 void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::vector<std::size_t> &letters);
 
+/// Marks the letters of scanned pages as returned and prints the result of each page. Returns the exit code: 1 when a
+/// page or a file needs the attention of the operator.
+[[nodiscard]] int markReturned(const ReturnedCommand &command);
+
 } // namespace inin::viewer

@@ -1,12 +1,19 @@
+#include "runtime/runtime_error.h"
+#include "system/file_path.h"
+#include "system/program_edges.h"
+#include "system/whole_file.h"
 #include "viewer/app/toolkit.h"
-#include "viewer/io/file_io.h"
 #include "viewer/io/system_edges.h"
+#include "viewer/ledger/ledger_place.h"
 #include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/scanned_pages.h"
+#include "viewer/returns/returned_text.h"
 #include "viewer/window/run_window.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace inin::viewer {
 
@@ -17,6 +24,44 @@ int showLetters(const ViewCommand &command, const std::string &programName)
     return kBadCommand;
 }
 
+namespace {
+
+/// Pages whose letters are marked in one record.
+constexpr int kPagesInRecord = 100;
+
+void readScans(const std::string &path, ReturnedPages &pages)
+try {
+    ScannedFile file(path);
+    for (int page = 0; page < file.pages(); ++page) {
+        pages.add(path, page + 1, codesOn(file.page(page)));
+        if ((page + 1) % kPagesInRecord == 0) pages.mark(presentMoment());
+    }
+} catch (const RuntimeError &error) {
+    pages.addUnread(path, error.description());
+}
+
+} // namespace
+
+int markReturned(const ReturnedCommand &command)
+{
+    if (!canReadScans()) {
+        showFailure(std::string("formviewer: ") + kNoScans);
+        return kBadCommand;
+    }
+    const LedgerSettings settings;
+    Ledger ledger(ledgerPath(environmentText("ININ_LEDGER"), settings, operatorDataFolder(environmentText)),
+                  settings.months, presentMoment());
+    if (ledger.fault() == LedgerFault::off) {
+        showFailure("formviewer: 台帳を使わない設定なので、返送を記録できません。");
+        return kBadCommand;
+    }
+    ReturnedPages pages(ledger);
+    for (const std::string &path : command.files) readScans(path, pages);
+    pages.mark(presentMoment());
+    printText(stdout, command.json ? returnedJson(pages, ledger.notice()) : returnedText(pages, ledger.notice()));
+    return pages.needsAttention() ? 1 : 0;
+}
+
 void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::vector<std::size_t> &letters)
 {
     makeFolder(command.pngFolder);
@@ -24,9 +69,8 @@ void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::
     const std::size_t digits = std::max<std::size_t>(3, std::to_string(renderer.set().size()).size());
     QtGlyphs glyphs;
     for (const std::size_t letter : letters) {
-        AtomicFile file(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits));
-        file.write(letterPng(renderer, letter, command.dotsPerInch, glyphs));
-        file.commit();
+        writeWholeFile(pathOf(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits)),
+                       letterPng(renderer, letter, command.dotsPerInch, glyphs), NewFile::ownerOnly);
     }
 }
 

@@ -10,6 +10,12 @@ int showLetters(const ViewCommand &, const std::string &)
     return kBadCommand;
 }
 
+int markReturned(const ReturnedCommand &)
+{
+    showFailure("formviewer: このプログラムは、読み取ったページを調べられません。");
+    return kBadCommand;
+}
+
 void writePngs(const ViewCommand &, LetterRenderer &, const std::vector<std::size_t> &)
 {
     throw RuntimeError(error_number::invalidCall, "このプログラムは PNG ファイルを書き出せません。");

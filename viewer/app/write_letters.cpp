@@ -1,13 +1,14 @@
 #include "viewer/app/write_letters.h"
 
 #include "runtime/runtime_error.h"
+#include "system/file_path.h"
 #include "system/program_edges.h"
+#include "system/whole_file.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/document/mark_text.h"
-#include "viewer/io/file_io.h"
 #include "viewer/pdf/letters_pdf.h"
 
 #include <fmt/format.h>
@@ -37,13 +38,6 @@ void printFaults(const LetterSet &set, const std::vector<std::size_t> &letters)
         const RowFault fault = set.reports[place.report].letters.fault(place.row);
         if (fault != RowFault::none) printNotice(fmt::format("{}番：{}", letter + 1, faultText(fault)));
     }
-}
-
-void writeFile(const std::string &path, const std::string &bytes)
-{
-    AtomicFile file(path);
-    file.write(bytes);
-    file.commit();
 }
 
 } // namespace
@@ -79,11 +73,11 @@ void writeCombinedForm(const MergeCommand &command)
                            fmt::format("「{}」：結合する帳票（setreport）がありません。", command.script));
     // Absolute paths, because the document may be read from another folder.
     for (ReportOrder &report : script.reports) {
-        report.form = systemPathOf(report.form);
-        for (DataSource &source : report.data) source.path = systemPathOf(source.path);
+        report.form = absoluteSystemPath(report.form);
+        for (DataSource &source : report.data) source.path = absoluteSystemPath(source.path);
     }
     // The suite passes this path in any case, so it is resolved; users type the paths of the other outputs.
-    writeFile(systemPathOf(command.output), combinedFormText(script.reports));
+    writeWholeFile(pathOf(absoluteSystemPath(command.output)), combinedFormText(script.reports), NewFile::ownerOnly);
 }
 
 } // namespace inin::viewer

@@ -30,7 +30,6 @@ public:
 
     /// Checks this many more letters; false when none is left.
     bool judge(std::size_t letters);
-    [[nodiscard]] std::size_t judged() const { return m_next; }
     /// Returns the findings, by cause and letter.
     [[nodiscard]] std::vector<Finding> take();
 

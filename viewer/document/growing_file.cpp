@@ -1,6 +1,6 @@
 #include "viewer/document/growing_file.h"
 
-#include "viewer/io/file_io.h"
+#include "system/whole_file.h"
 
 #include <chrono>
 #include <thread>

@@ -100,19 +100,29 @@ std::vector<std::size_t> readLetterList(std::string_view text, std::size_t count
     return letters;
 }
 
-std::string letterListText(std::vector<std::size_t> letters)
+std::string letterSequenceText(const std::vector<std::size_t> &letters)
 {
-    std::ranges::sort(letters);
+    const auto goesOn = [&](std::size_t at, bool isDescending) {
+        if (at + 1 == letters.size()) return false;
+        return isDescending ? letters[at] == letters[at + 1] + 1 : letters[at] + 1 == letters[at + 1];
+    };
     std::string text;
     for (std::size_t i = 0; i < letters.size();) {
+        const bool isDescending = goesOn(i, true);
         std::size_t last = i;
-        while (last + 1 < letters.size() && letters[last + 1] == letters[last] + 1) ++last;
+        while (goesOn(last, isDescending)) ++last;
         if (!text.empty()) text += ',';
         text += std::to_string(letters[i] + 1);
         if (last > i) text += "-" + std::to_string(letters[last] + 1);
         i = last + 1;
     }
     return text;
+}
+
+std::string letterListText(std::vector<std::size_t> letters)
+{
+    std::ranges::sort(letters);
+    return letterSequenceText(letters);
 }
 
 } // namespace inin::viewer

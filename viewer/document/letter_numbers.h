@@ -11,6 +11,8 @@ namespace inin::viewer {
 /// from 0 and has each letter once, in the order of the text. An empty text selects all letters. Throws a RuntimeError
 /// with a sentence for any other text and for a number without a letter.
 [[nodiscard]] std::vector<std::size_t> readLetterList(std::string_view text, std::size_t count);
+/// The shortest such text that lists the letters in this order.
+[[nodiscard]] std::string letterSequenceText(const std::vector<std::size_t> &letters);
 /// The shortest such text, in ascending order.
 [[nodiscard]] std::string letterListText(std::vector<std::size_t> letters);
 

@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/form/form_document.h"
+#include "viewer/form/placeholder.h"
 
 #include <fmt/format.h>
 
@@ -45,8 +46,10 @@ LetterRenderer::LetterRenderer(const LetterSet &set, Fonts &fonts)
                                    "この行は確実に読み取れないため、委任状にしませんでした。CSV を確認してください。"))
 {
     for (const LetterReport &report : set.reports) {
+        std::vector<std::string> columns = report.columns;
+        columns.emplace_back(kLetterCodeColumn);
         try {
-            m_layouts.push_back(std::make_unique<LetterLayout>(report.form, report.columns, fonts));
+            m_layouts.push_back(std::make_unique<LetterLayout>(report.form, columns, fonts));
         } catch (const RuntimeError &error) {
             throw RuntimeError(error.number(), fmt::format("「{}」：{}", report.formPath, error.description()));
         }
@@ -55,6 +58,18 @@ LetterRenderer::LetterRenderer(const LetterSet &set, Fonts &fonts)
 }
 
 LetterRenderer::~LetterRenderer() = default;
+
+bool LetterRenderer::showsCodes() const
+{
+    const auto isCodeField = [](const DrawCommand &command) {
+        const auto *const text = std::get_if<TextCommand>(&command);
+        return text != nullptr &&
+               std::ranges::find(text->pieces, kLetterCodeColumn, &TextPiece::column) != text->pieces.end();
+    };
+    return std::ranges::any_of(m_set.reports, [&](const LetterReport &report) {
+        return !report.form.codes.empty() || std::ranges::any_of(report.form.commands, isCodeField);
+    });
+}
 
 std::vector<std::string> LetterRenderer::formNotices() const
 {
@@ -92,11 +107,14 @@ LetterLayout &LetterRenderer::layoutOf(std::size_t letter)
     return isReadable ? *m_layouts[place.report] : *m_unreadable;
 }
 
-const std::vector<FieldMark> &LetterRenderer::paintReadable(const LetterSet::Place &place, PagePainter &painter)
+const std::vector<FieldMark> &LetterRenderer::paintReadable(std::size_t letter, const LetterSet::Place &place,
+                                                            PagePainter &painter)
 {
+    const std::string_view code = letter < m_codes.size() ? std::string_view(m_codes[letter]) : std::string_view();
     const LetterReport &report = m_set.reports[place.report];
-    return m_layouts[place.report]->paintLetter([&](std::size_t column) { return report.value(place.row, column); },
-                                                painter);
+    return m_layouts[place.report]->paintLetter(
+        [&](std::size_t column) { return column == report.columns.size() ? code : report.value(place.row, column); },
+        painter);
 }
 
 const std::vector<FieldMark> &LetterRenderer::paintFields(std::size_t letter, PagePainter &painter)
@@ -105,7 +123,7 @@ const std::vector<FieldMark> &LetterRenderer::paintFields(std::size_t letter, Pa
     const LetterTable &letters = m_set.reports[place.report].letters;
     const RowFault fault = letters.fault(place.row);
     if (fault == RowFault::none) {
-        const std::vector<FieldMark> &marks = paintReadable(place, painter);
+        const std::vector<FieldMark> &marks = paintReadable(letter, place, painter);
         if (onMarks && !marks.empty()) onMarks(letter, marks);
         return marks;
     }

@@ -32,18 +32,24 @@ public:
     /// The layout of a letter: that of its report, or a plain page for an unreadable row. Letters with the same layout
     /// have the same shared part, which paintShared() paints.
     [[nodiscard]] LetterLayout &layoutOf(std::size_t letter);
+    /// Sets the code of each letter, which the forms show as 整理番号 and as QR codes; none print no codes.
+    void setCodes(std::vector<std::string> codes) { m_codes = std::move(codes); }
+    /// Whether a form has a place for codes.
+    [[nodiscard]] bool showsCodes() const;
     /// Called with the marks of each marked letter as it is painted.
     std::function<void(std::size_t letter, const std::vector<FieldMark> &marks)> onMarks;
     /// Paints the fields of one letter and returns their marks.
     const std::vector<FieldMark> &paintFields(std::size_t letter, PagePainter &painter);
 
 private:
-    const std::vector<FieldMark> &paintReadable(const LetterSet::Place &place, PagePainter &painter);
+    const std::vector<FieldMark> &paintReadable(std::size_t letter, const LetterSet::Place &place,
+                                                PagePainter &painter);
 
     const LetterSet &m_set;
     FormDocument m_unreadableForm;
     std::vector<std::unique_ptr<LetterLayout>> m_layouts; ///< one for each report
     std::unique_ptr<LetterLayout> m_unreadable;
+    std::vector<std::string> m_codes; ///< one for each letter, or none
 };
 
 } // namespace inin::viewer

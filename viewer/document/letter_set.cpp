@@ -1,11 +1,12 @@
 #include "viewer/document/letter_set.h"
 
 #include "runtime/runtime_error.h"
+#include "system/whole_file.h"
 #include "transfer/run_record.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/form/form_document.h"
 #include "viewer/form/svg_reader.h"
-#include "viewer/io/file_io.h"
+#include "viewer/io/fingerprint.h"
 #include "viewer/letters/csv_reader.h"
 
 #include <fmt/format.h>
@@ -98,6 +99,7 @@ private:
     {
         LetterReport report;
         report.formPath = order.form;
+        report.formFingerprint = fingerprintOf(bytes);
         if (order.data.empty())
             throw RuntimeError(
                 error_number::invalidCall,
@@ -196,6 +198,11 @@ std::string_view LetterReport::value(std::size_t row, std::size_t column) const
     return {};
 }
 
+std::string LetterReport::formFileName() const
+{
+    return formPath.substr(formPath.find_last_of("/\\") + 1);
+}
+
 std::size_t LetterSet::size() const
 {
     std::size_t count = 0;
@@ -211,7 +218,7 @@ std::string LetterSet::shownTitle() const
 std::string LetterSet::kindTitle() const
 {
     const LetterReport &first = reports.front();
-    const std::string name = first.formPath.substr(first.formPath.find_last_of("/\\") + 1);
+    const std::string name = first.formFileName();
     std::string kind = first.form.title.empty() ? name.substr(0, name.find_last_of('.')) : first.form.title;
     // The form's title usually begins with the script's.
     if (!kind.starts_with(shownTitle())) kind = shownTitle() + " " + kind;

@@ -15,7 +15,8 @@ namespace inin::viewer {
 
 /// One form with the letters that fill it.
 struct LetterReport {
-    std::string formPath; ///< as written in the script
+    std::string formPath;        ///< as written in the script
+    std::string formFingerprint; ///< of the form document's file
     FormDocument form;
     bool isListing = false; ///< the form document is unknown: the rows are shown as plain lists instead
     /// The first data source: each row is a letter.
@@ -26,6 +27,8 @@ struct LetterReport {
     std::vector<std::string> columns;
 
     [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const;
+    /// The name of the form document's file without its folder.
+    [[nodiscard]] std::string formFileName() const;
 };
 
 /// All the files that one script names, read once: later changes on disk have no effect.

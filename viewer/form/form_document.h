@@ -70,6 +70,11 @@ struct TextCommand {
     [[nodiscard]] bool isField() const;
 };
 
+/// Where a letter's code is painted as a QR code, quiet zone included.
+struct CodeCommand {
+    Box box;
+};
+
 using DrawCommand = std::variant<PathCommand, TextCommand>;
 
 /// A form as a list of drawing commands in order. Texts with fields are drawn on top of everything else.
@@ -77,6 +82,7 @@ struct FormDocument {
     std::string title;            ///< the document's own title; may be empty
     double width = 0, height = 0; ///< of the page
     std::vector<DrawCommand> commands;
+    std::vector<CodeCommand> codes;
     /// A sentence for each feature of the file that is not drawn.
     std::vector<std::string> notices;
     /// A sentence to show when the form is filled for a single letter; empty for none.

@@ -15,6 +15,9 @@ struct TextPiece {
     [[nodiscard]] bool isField() const { return !column.empty(); }
 };
 
+/// The column of a letter's code (整理番号), which no letter file has. Its values are empty unless codes are printed.
+inline constexpr std::string_view kLetterCodeColumn = "#整理番号";
+
 /// Splits a text at `{{列名}}`, `{{列名|pattern}}` and `{{列名|pattern|text for an empty value}}`. Throws a RuntimeError
 /// with a sentence if braces are not closed or contain no name.
 [[nodiscard]] std::vector<TextPiece> readPieces(std::string_view text);

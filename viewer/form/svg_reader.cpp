@@ -214,17 +214,31 @@ private:
         if (name == "text") m_text.open(attributes, level.transform, level.style, noticeHandler());
         if (name == "tspan") m_text.openSpan(attributes, level.style);
         const auto *const shape = std::ranges::find(kShapes, name, &Shape::name);
-        if (shape != std::end(kShapes)) draw(shape->path(attributes), level, attributes.get("id"));
+        if (shape != std::end(kShapes)) draw(shape->path(attributes), level, attributes);
         m_levels.push_back(std::move(level));
     }
 
-    void draw(Path path, const Level &level, std::string_view id)
+    /// True for an element that marks the place of a code and is not drawn itself.
+    bool placeCode(const XmlAttributes &attributes, const Path &path)
+    {
+        const auto kind = attributes.find("data-code");
+        if (!kind) return false;
+        if (*kind == "qr")
+            m_form.codes.push_back({boundsOf(path)});
+        else
+            addNotice(fmt::format("コード「{}」（data-code）には対応していません。", *kind));
+        return true;
+    }
+
+    void draw(Path path, const Level &level, const XmlAttributes &attributes)
     {
         transformPath(path, level.transform);
         if (!isDrawable(boundsOf(path))) {
             addNotice(kOffPageNotice);
             return;
         }
+        if (placeCode(attributes, path)) return;
+        const std::string_view id = attributes.get("id");
         if (!id.empty()) m_boxes[std::string(id)] = boundsOf(path);
         const double scale = level.transform.scale();
         PathCommand command{std::move(path), level.style.fillOnPaper(), level.style.evenOdd, {}};

@@ -1,7 +1,7 @@
 #include "viewer/io/font_files.h"
 
 #include "runtime/text.h"
-#include "viewer/io/system_file.h"
+#include "system/file_path.h"
 
 #include <fmt/format.h>
 
@@ -23,8 +23,12 @@ bool isFontName(const std::string &name)
 std::vector<FontFile> fontFilesIn(const std::string &systemFolder)
 {
     std::vector<FontFile> files;
-    for (const std::string &name : namesIn(systemFolder))
+    std::error_code error;
+    std::filesystem::directory_iterator entry(longPathOf(systemFolder), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::string name = textOf(entry->path().filename());
         if (isFontName(name)) files.push_back({fmt::format("{}/{}", systemFolder, name), {}});
+    }
     std::ranges::sort(files, {}, &FontFile::path);
     return files;
 }

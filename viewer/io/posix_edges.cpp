@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 
 #include <signal.h>
@@ -34,18 +33,12 @@ bool startsMaximised()
     return false;
 }
 
-std::string environmentText(const std::string &name)
-{
-    const char *const value = std::getenv(name.c_str());
-    return value == nullptr ? std::string() : value;
-}
-
-Date presentDay()
+Date presentMoment()
 {
     const std::time_t now = std::time(nullptr);
     std::tm parts{};
     localtime_r(&now, &parts);
-    return DateSerial(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday);
+    return dateOf({parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec});
 }
 
 } // namespace inin::viewer

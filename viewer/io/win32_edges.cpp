@@ -59,19 +59,11 @@ bool startsMaximised()
     return (startup.dwFlags & STARTF_USESHOWWINDOW) != 0 && startup.wShowWindow == SW_SHOWMAXIMIZED;
 }
 
-std::string environmentText(const std::string &name)
-{
-    const std::wstring wide = wideFromUtf8(name);
-    std::wstring value(GetEnvironmentVariableW(wide.c_str(), nullptr, 0), L'\0');
-    value.resize(GetEnvironmentVariableW(wide.c_str(), value.data(), static_cast<DWORD>(value.size())));
-    return utf8FromWide(value);
-}
-
-Date presentDay()
+Date presentMoment()
 {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    return DateSerial(now.wYear, now.wMonth, now.wDay);
+    return dateOf({now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond});
 }
 
 } // namespace inin::viewer

@@ -3,7 +3,6 @@
 #include "system/program_edges.h"
 #include "system/win32_path.h"
 #include "system/win32_text.h"
-#include "viewer/io/system_edges.h"
 
 #include <algorithm>
 #include <memory>

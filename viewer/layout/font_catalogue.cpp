@@ -1,7 +1,7 @@
 #include "viewer/layout/font_catalogue.h"
 
 #include "runtime/text.h"
-#include "viewer/io/system_edges.h"
+#include "system/program_edges.h"
 #include "viewer/layout/font_faces.h"
 
 #include <algorithm>

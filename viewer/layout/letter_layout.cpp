@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "viewer/form/date_pattern.h"
 #include "viewer/form/placeholder.h"
+#include "viewer/layout/code_setter.h"
 #include "viewer/layout/letter_reading.h"
 #include "viewer/layout/text_setter.h"
 
@@ -121,6 +122,8 @@ struct LetterLayout::Parts {
     /// In the order of the commands: true for a path, false for a shared text.
     std::vector<bool> order;
     std::vector<FieldSetter> setters;
+    std::optional<std::size_t> codeColumn; ///< empty for a form without codes
+    CodeSetter codes;
     std::vector<std::size_t> textCommands; ///< of the shared texts, ascending
     std::vector<ReadingLine> lines;
     std::vector<std::size_t> rank;       ///< of each command in the order of reading
@@ -190,6 +193,10 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
         const auto &text = std::get<TextCommand>(form.commands[parts.fields[i].command]);
         parts.setters.emplace_back(i, parts.fields[i], text, fonts, page);
     }
+    const auto code = std::ranges::find(columns, kLetterCodeColumn);
+    if (!form.codes.empty() && code != columns.end())
+        parts.codeColumn = static_cast<std::size_t>(code - columns.begin());
+    parts.codes = CodeSetter(form.codes);
     parts.findReadingOrder();
 }
 
@@ -244,9 +251,14 @@ const std::vector<FieldMark> &LetterLayout::paintLetter(const LetterValues &valu
         setter.show(values);
         if (setter.mark().any()) parts.marks.push_back(setter.mark());
     }
+    if (parts.codeColumn) {
+        parts.codes.show(values(*parts.codeColumn));
+        for (const PathCommand &code : parts.codes.paths()) painter.paint(code);
+    }
     for (const std::size_t field : parts.readFields) {
-        painter.beginText(parts.fields[field].command);
-        for (const GlyphRun &run : parts.setters[field].runs()) painter.paint(run);
+        const std::vector<GlyphRun> &runs = parts.setters[field].runs();
+        if (!runs.empty()) painter.beginText(parts.fields[field].command);
+        for (const GlyphRun &run : runs) painter.paint(run);
     }
     return parts.marks;
 }

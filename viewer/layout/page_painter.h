@@ -39,7 +39,7 @@ public:
     virtual ~PagePainter() = default;
     virtual void paint(const PathCommand &path) = 0;
     virtual void paint(const GlyphRun &run) = 0;
-    /// Called before the runs of each text of a letter, with its index in FormDocument::commands.
+    /// Called before the runs of each text of a letter that is not blank, with its index in FormDocument::commands.
     virtual void beginText(std::size_t) {}
 };
 

@@ -76,6 +76,8 @@ public:
     [[nodiscard]] const std::vector<std::string> &columns() const { return m_columns; }
     [[nodiscard]] std::optional<std::size_t> columnOf(std::string_view name) const;
     [[nodiscard]] std::size_t size() const { return m_rows.rows; }
+    /// The bytes of the file.
+    [[nodiscard]] std::string_view fileBytes() const { return m_rows.bytes; }
     /// The views stay valid as long as the table exists.
     [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const
     {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/io/file_io.h"
+#include "system/whole_file.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,6 @@
 #include "viewer/window/letter_finder.h"
 
+#include "suite_text/name_variants.h"
 #include "viewer/window/open_letters.h"
 #include "viewer/window/qt_text.h"
 
@@ -9,16 +10,6 @@
 namespace inin::viewer {
 
 namespace {
-
-struct NameShape {
-    const char16_t *rare;
-    const char16_t *common;
-};
-/// Character variants of registered names, and the common characters that users type.
-constexpr NameShape kShapes[] = {
-    {u"髙", u"高"}, {u"﨑", u"崎"}, {u"𠮷", u"吉"}, {u"濵", u"浜"}, {u"濱", u"浜"}, {u"德", u"徳"}, {u"邊", u"辺"},
-    {u"邉", u"辺"}, {u"齋", u"斉"}, {u"齊", u"斉"}, {u"斎", u"斉"}, {u"澤", u"沢"}, {u"櫻", u"桜"}, {u"廣", u"広"},
-};
 
 constexpr char16_t kFirstHiragana = u'ぁ', kLastHiragana = u'ゖ';
 constexpr char16_t kToKatakana = u'ァ' - u'ぁ';
@@ -33,8 +24,8 @@ QString searchKey(const QString &text)
     key.removeIf([](QChar letter) { return letter.isSpace(); });
     for (QChar &letter : key)
         if (letter >= kFirstHiragana && letter <= kLastHiragana) letter = QChar(letter.unicode() + kToKatakana);
-    for (const NameShape &shape : kShapes)
-        key.replace(QStringView(shape.rare).toString(), QStringView(shape.common).toString());
+    for (const NameVariant &variant : kNameVariants)
+        key.replace(QString::fromUcs4(&variant.rare, 1), QString::fromUcs4(&variant.common, 1));
     return key;
 }
 

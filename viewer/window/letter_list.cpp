@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLeastMarks = 5; ///< characters
+constexpr int kLeastMarks = 5, kStateWidth = 7; ///< characters
 
 } // namespace
 
@@ -43,6 +43,9 @@ LetterList::LetterList(ListedLetters &listed, QWidget *parent) : QTableView(pare
     setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
     setColumnWidth(LetterListModel::patient, wide * kPatientWidth);
     setColumnWidth(LetterListModel::marks, wide * kLeastMarks);
+    setColumnWidth(LetterListModel::state, wide * kStateWidth);
+    horizontalHeader()->moveSection(LetterListModel::state, LetterListModel::marks);
+    setColumnHidden(LetterListModel::state, true);
     // The column of marks gets the remaining width; tooltips show what is cut off.
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
@@ -100,7 +103,7 @@ void LetterList::copySelected() const
     for (const QModelIndex &row : rows) {
         QStringList texts;
         for (int column = 0; column < m_listed.columnCount(); ++column)
-            texts << row.siblingAtColumn(column).data().toString();
+            if (!isColumnHidden(column)) texts << row.siblingAtColumn(column).data().toString();
         lines << texts.join(u'\t');
     }
     if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join(u'\n'));
@@ -114,14 +117,26 @@ void LetterList::keyPressEvent(QKeyEvent *event)
     QTableView::keyPressEvent(event);
 }
 
-/// In a narrow list the insurer gives room to the column of marks.
 void LetterList::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+void LetterList::showStates(bool areShown)
+{
+    setColumnHidden(LetterListModel::state, !areShown);
+    fitColumns();
+}
+
+/// In a narrow list the insurer gives room to the columns after it.
+void LetterList::fitColumns()
+{
     const int wide = fontMetrics().horizontalAdvance(u'漢');
     constexpr int kLeastInsurer = 6;
+    const int state = isColumnHidden(LetterListModel::state) ? 0 : columnWidth(LetterListModel::state);
     const int others =
-        columnWidth(LetterListModel::number) + columnWidth(LetterListModel::patient) + wide * kLeastMarks;
+        columnWidth(LetterListModel::number) + columnWidth(LetterListModel::patient) + state + wide * kLeastMarks;
     const int room = std::max(viewport()->width() - others, wide * kLeastInsurer);
     if (columnWidth(LetterListModel::insurer) > room) setColumnWidth(LetterListModel::insurer, room);
 }

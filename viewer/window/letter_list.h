@@ -20,6 +20,8 @@ public:
     [[nodiscard]] std::optional<std::size_t> current() const;
     /// Selects a listed letter alone.
     void setCurrent(std::size_t letter);
+    /// Shows or hides the column of states.
+    void showStates(bool areShown);
     /// Called when the user or the view has sorted the list.
     std::function<void()> onSorted;
     std::function<void(std::size_t letter)> onCurrent;
@@ -36,6 +38,7 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
+    void fitColumns();
     void toggleSelected();
     void copySelected() const;
 

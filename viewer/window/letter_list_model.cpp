@@ -1,6 +1,7 @@
 #include "viewer/window/letter_list_model.h"
 
 #include "viewer/window/finding_index.h"
+#include "viewer/window/ledger_lines.h"
 #include "viewer/window/open_letters.h"
 #include "viewer/window/qt_text.h"
 
@@ -12,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char *kHeads[] = {"番号", "保険者", "利用者", "注意"};
+constexpr const char *kHeads[] = {"番号", "保険者", "利用者", "注意", "状態"};
 
 } // namespace
 
@@ -32,6 +33,17 @@ void LetterListModel::columnChanged(int column)
 void LetterListModel::findingsChanged()
 {
     columnChanged(marks);
+}
+
+void LetterListModel::showLedger(const LedgerDesk *ledger)
+{
+    m_ledger = ledger;
+    ledgerChanged();
+}
+
+void LetterListModel::ledgerChanged()
+{
+    columnChanged(state);
 }
 
 void LetterListModel::ticksChanged()
@@ -73,6 +85,8 @@ bool LetterListModel::isBefore(std::size_t a, std::size_t b, int column) const
         return isLess(m_letters->names.patient(a), m_letters->names.patient(b));
     case marks:
         return isLess(firstCause(a), firstCause(b));
+    case state:
+        return m_ledger == nullptr ? a < b : isLess(m_ledger->stateOf(a), m_ledger->stateOf(b));
     default:
         return a < b;
     }
@@ -99,6 +113,21 @@ QString LetterListModel::explanationOf(std::size_t letter) const
     return lines.join(u'\n');
 }
 
+/// "・新" for a letter that the compared run does not have.
+QString LetterListModel::newsOf(std::size_t letter) const
+{
+    if (m_ledger->isAdded(letter)) return u"・新"_s;
+    return m_ledger->changeOf(letter) != nullptr ? u"・変更"_s : QString();
+}
+
+QString LetterListModel::tipAt(std::size_t letter, int column) const
+{
+    if (column == marks) return explanationOf(letter);
+    const ChangedLetter *const change = m_ledger == nullptr ? nullptr : m_ledger->changeOf(letter);
+    const QString text = textAt(letter, column);
+    return change == nullptr ? text : text + u'\n' + changesText(*change);
+}
+
 QString LetterListModel::textAt(std::size_t letter, int column) const
 {
     switch (column) {
@@ -108,6 +137,8 @@ QString LetterListModel::textAt(std::size_t letter, int column) const
         return qtText(m_letters->names.insurer(letter));
     case patient:
         return qtText(m_letters->names.patient(letter));
+    case state:
+        return m_ledger == nullptr ? QString() : qtText(stateText(m_ledger->stateOf(letter))) + newsOf(letter);
     default:
         return marksOf(letter);
     }
@@ -120,8 +151,7 @@ QVariant LetterListModel::data(const QModelIndex &index, int role) const
     const bool isTicked = m_letters->ticks.isTicked(letter);
     if (role == Qt::DisplayRole) return textAt(letter, index.column());
     if (role == Qt::CheckStateRole && index.column() == number) return isTicked ? Qt::Checked : Qt::Unchecked;
-    if (role == Qt::ToolTipRole)
-        return index.column() == marks ? explanationOf(letter) : textAt(letter, index.column());
+    if (role == Qt::ToolTipRole) return tipAt(letter, index.column());
     if (role == Qt::AccessibleTextRole && index.column() == number)
         return u"%1番、%2"_s.arg(letter + 1).arg(isTicked ? u"出力する"_s : u"出力しない"_s);
     return {};

@@ -8,17 +8,23 @@
 namespace inin::viewer {
 
 class FindingIndex;
+class LedgerDesk;
 struct OpenLetters;
 
-/// The letters as rows: number with its tick, insurer, patient, marks. Texts are made on demand.
+/// The letters as rows: number with its tick, insurer, patient, marks, state in the ledger. Texts are made on demand.
 class LetterListModel : public QAbstractTableModel {
 public:
-    enum Column { number, insurer, patient, marks, columnCountOfList };
+    enum Column { number, insurer, patient, marks, state, columnCountOfList };
 
     using QAbstractTableModel::QAbstractTableModel;
 
     /// Both must stay valid while they are shown.
     void showLetters(OpenLetters *letters, const FindingIndex *findings);
+    /// Its states and changes; it must outlive this.
+    void showLedger(const LedgerDesk *ledger);
+    [[nodiscard]] const LedgerDesk *ledger() const { return m_ledger; }
+    /// Call when the ledger has other states or is compared with another run.
+    void ledgerChanged();
     void findingsChanged();
     /// Call after changing ticks elsewhere.
     void ticksChanged();
@@ -42,10 +48,13 @@ private:
     [[nodiscard]] QString textAt(std::size_t letter, int column) const;
     [[nodiscard]] QString marksOf(std::size_t letter) const;
     [[nodiscard]] QString explanationOf(std::size_t letter) const;
+    [[nodiscard]] QString newsOf(std::size_t letter) const;
+    [[nodiscard]] QString tipAt(std::size_t letter, int column) const;
     void columnChanged(int column);
 
     OpenLetters *m_letters = nullptr;
     const FindingIndex *m_findings = nullptr;
+    const LedgerDesk *m_ledger = nullptr;
 };
 
 } // namespace inin::viewer

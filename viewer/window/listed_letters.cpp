@@ -1,10 +1,37 @@
 #include "viewer/window/listed_letters.h"
 
+#include "viewer/window/ledger_desk.h"
 #include "viewer/window/letter_list_model.h"
 
 namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isListedByLedger(const LedgerDesk &ledger, ListFilter filter, std::size_t letter)
+{
+    switch (filter) {
+    case ListFilter::added:
+        return ledger.isAdded(letter);
+    case ListFilter::changed:
+        return ledger.changeOf(letter) != nullptr;
+    case ListFilter::printed:
+        return ledger.isPrintedAlready(letter);
+    case ListFilter::unprinted:
+        return ledger.stateOf(letter) == LetterState::unprinted;
+    case ListFilter::sent:
+        return ledger.stateOf(letter) == LetterState::sent;
+    case ListFilter::onPaper:
+        return ledger.stateOf(letter) == LetterState::onPaper;
+    case ListFilter::returned:
+        return ledger.stateOf(letter) == LetterState::returned;
+    default:
+        return true;
+    }
+}
+
+} // namespace
 
 ListedLetters::ListedLetters(LetterListModel &model) : m_model(model)
 {
@@ -61,8 +88,9 @@ bool ListedLetters::filterAcceptsRow(int row, const QModelIndex & /*parent*/) co
         return m_model.isTicked(letter);
     case ListFilter::found:
         return letter >= m_found.size() || m_found[letter];
+    default:
+        return m_model.ledger() == nullptr || isListedByLedger(*m_model.ledger(), m_filter, letter);
     }
-    return true;
 }
 
 bool ListedLetters::lessThan(const QModelIndex &left, const QModelIndex &right) const

@@ -11,7 +11,8 @@ namespace inin::viewer {
 class LetterListModel;
 
 /// Which letters the list shows.
-enum class ListFilter { all, flagged, ticked, found };
+enum class ListFilter { all, flagged, ticked, found, added, changed, printed, unprinted, sent, onPaper, returned };
+inline constexpr int kFiltersWithoutLedger = 4; ///< the first ones; the others need the ledger
 
 /// The letters that the list shows, in its order. Both are for viewing only: letters are printed by their ticks, in the
 /// order of their numbers. Changes of the filter, the ticks and the findings take effect with refresh(), so that a letter

@@ -16,6 +16,8 @@ public:
     /// With an empty `action` the only button is the one that closes the bar.
     void showNotice(const QString &text, const QString &action, std::function<void()> onAction);
     [[nodiscard]] QString text() const;
+    /// True while a notice with an action is shown.
+    [[nodiscard]] bool hasAction() const { return isVisible() && m_onAction; }
 
 private:
     QLabel *m_text;

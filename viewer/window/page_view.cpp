@@ -1,6 +1,7 @@
 #include "viewer/window/page_view.h"
 
 #include "viewer/window/open_letters.h"
+#include "viewer/window/page_marks.h"
 #include "viewer/window/qt_text.h"
 
 #include <QAccessible>
@@ -44,6 +45,7 @@ void PageView::showLetters(OpenLetters *letters)
 {
     m_letters = letters;
     m_letter = 0;
+    m_marks.clear();
     m_ahead.stop();
     zoomChanged();
     describeLetter();
@@ -54,7 +56,14 @@ void PageView::showLetter(std::size_t letter)
     if (m_letters == nullptr || letter == m_letter || letter >= m_letters->set.size()) return;
     m_direction = letter > m_letter ? 1 : -1;
     m_letter = letter;
+    m_marks.clear();
     describeLetter();
+    viewport()->update();
+}
+
+void PageView::setMarks(std::vector<viewer::Box> places)
+{
+    m_marks = std::move(places);
     viewport()->update();
 }
 
@@ -192,6 +201,7 @@ void PageView::paintEvent(QPaintEvent *event)
     painter.fillRect(paper, Qt::white);
     painter.setClipRect(paper.intersected(event->rect()));
     paintPaper(painter, paper);
+    paintMarks(painter, paper.topLeft(), pixelsPerPoint(), m_marks);
     if (const auto first = std::exchange(onFirstPaint, {})) first();
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "viewer/form/geometry.h"
+
 #include <QAbstractScrollArea>
 #include <QTimer>
 
 #include <cstddef>
 #include <functional>
+#include <vector>
 
 namespace inin::viewer {
 
@@ -23,6 +26,9 @@ public:
     void showLetters(OpenLetters *letters);
     void showLetter(std::size_t letter);
     [[nodiscard]] std::size_t letter() const { return m_letter; }
+    /// Marks places of the shown letter, in points on the paper, until another letter is shown. Marks are not printed.
+    void setMarks(std::vector<viewer::Box> places);
+    [[nodiscard]] const std::vector<viewer::Box> &marks() const { return m_marks; }
 
     /// 1 is the paper's own size.
     [[nodiscard]] double zoom() const;
@@ -65,6 +71,7 @@ private:
 
     OpenLetters *m_letters = nullptr;
     std::size_t m_letter = 0;
+    std::vector<viewer::Box> m_marks;
     double m_zoom = 1;
     Fit m_fit = Fit::page;
     int m_wheel = 0;                ///< the wheel's angle at the end of the page that has not turned it yet

@@ -42,6 +42,7 @@ struct JobResult {
     End end = End::done;
     std::size_t sent = 0;
     std::string fault;
+    std::string number = {}; ///< of the job in the queue
 };
 
 JobResult refused(const PrintOrder &order, const std::string &words = {})
@@ -72,7 +73,7 @@ try {
     const SpoolResult result = spool(order, [&] { return report(job.which.size()); });
     switch (result.end) {
     case SpoolResult::End::taken:
-        return {JobResult::End::done, job.which.size(), {}};
+        return {JobResult::End::done, job.which.size(), {}, result.jobNumber};
     case SpoolResult::End::cancelled:
         return {JobResult::End::cancelled, 0, {}};
     case SpoolResult::End::refused:
@@ -130,7 +131,7 @@ std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> letters, const Pr
 }
 
 PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
-                         const PrintPaths &paths, const PrintProgress &progress)
+                         const PrintPaths &paths, const PrintProgress &progress, const JobSent &onSent)
 {
     PrintResult result;
     const std::size_t perJob = order.lettersPerJob == 0 ? which.size() : order.lettersPerJob;
@@ -139,6 +140,7 @@ PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> whic
         const auto report = [&](std::size_t done) { return !progress || progress(result.sent + done); };
         const JobResult job = runJob({letters.renderer, letters.glyphs, part, order}, paths, report);
         result.sent += job.sent;
+        if (job.sent > 0 && onSent) onSent(part.first(job.sent), job.number);
         result.isCancelled = job.end == JobResult::End::cancelled;
         result.fault = job.fault;
         result.mayBeOnPaper = job.end == JobResult::End::refused && !paths.spool;

@@ -36,6 +36,9 @@ struct PrintResult {
     [[nodiscard]] bool isDone() const { return !isCancelled && fault.empty(); }
 };
 
+/// Called for each job that the system has accepted, at once: its letters, and the queue's number of the job, which is
+/// empty where the system reports none.
+using JobSent = std::function<void(std::span<const std::size_t> letters, const std::string &number)>;
 /// Called with the number of finished letters; false ends the print and withdraws the current job.
 using PrintProgress = std::function<bool(std::size_t letters)>;
 
@@ -43,7 +46,8 @@ using PrintProgress = std::function<bool(std::size_t letters)>;
 [[nodiscard]] std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> letters, const PrintOrder &order);
 /// Prints letters in the given sequence, one page each.
 [[nodiscard]] PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which,
-                                       const PrintOrder &order, const PrintPaths &paths, const PrintProgress &progress);
+                                       const PrintOrder &order, const PrintPaths &paths, const PrintProgress &progress,
+                                       const JobSent &onSent = {});
 /// Prints the page of rulers for measuring an offset. Returns an error sentence or an empty text.
 [[nodiscard]] std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintPaths &paths);
 

@@ -78,6 +78,16 @@ std::vector<TrayChoice> traysInOptions(const QString &options)
     return {};
 }
 
+std::string jobNumberIn(const QString &answer, const QString &printer)
+{
+    const QString job = printer + u'-';
+    const qsizetype found = answer.lastIndexOf(job);
+    if (found < 0) return {};
+    const QStringView rest = QStringView(answer).mid(found + job.size());
+    const auto *const end = std::ranges::find_if_not(rest, [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return utf8Text(rest.first(end - rest.begin()).toString());
+}
+
 SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bool()> &goesOn)
 {
     using End = SpoolResult::End;
@@ -93,8 +103,8 @@ SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bo
     // The process may have finished before it was killed.
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 &&
         process.error() != QProcess::FailedToStart)
-        return {End::taken, {}};
-    return {isKilled ? End::cancelled : End::refused, lastLine(process.readAllStandardError())};
+        return {End::taken, {}, jobNumberIn(QString::fromUtf8(process.readAllStandardOutput()), job.order.printer)};
+    return {isKilled ? End::cancelled : End::refused, lastLine(process.readAllStandardError()), {}};
 }
 
 } // namespace inin::viewer

@@ -23,7 +23,8 @@ struct SpoolJob {
 struct SpoolResult {
     enum class End { taken, refused, cancelled };
     End end = End::taken;
-    std::string words; ///< the system's own message when it refused
+    std::string words;     ///< the system's own message when it refused
+    std::string jobNumber; ///< the queue's number of the job; empty where the system reports none
 };
 
 /// Passes a job to the system. Calls `goesOn` repeatedly meanwhile and withdraws the job when it returns false.
@@ -40,6 +41,8 @@ using SpoolPdf = std::function<SpoolResult(const SpoolJob &job, const std::funct
 [[nodiscard]] SpoolPdf systemSpool();
 /// The arguments for `lp`.
 [[nodiscard]] QStringList lpArguments(const SpoolJob &job);
+/// The number in the answer of `lp`, "request id is Office-123 (1 file(s))" in the user's language; empty if it has none.
+[[nodiscard]] std::string jobNumberIn(const QString &answer, const QString &printer);
 /// Runs the `lp` program at this path.
 [[nodiscard]] SpoolResult runLp(const QString &lp, const SpoolJob &job, const std::function<bool()> &goesOn);
 

@@ -1,3 +1,4 @@
+#include "viewer/window/compared_bar.h"
 #include "viewer/window/letter_list.h"
 #include "viewer/window/viewer_window.h"
 
@@ -158,6 +159,31 @@ void ViewerWindow::buildSortMenu(QMenu *menu)
     for (const SortEntry &entry : kEntries)
         addEntry(menu, entry.name, QString::fromUtf8(entry.text), {},
                  [this, column = entry.column] { m_list->sortByColumn(column, Qt::AscendingOrder); });
+    m_ledgerActions.push_back(addEntry(menu, "sortState", u"状態の順(&T)"_s, {},
+                                       [this] { m_list->sortByColumn(LetterListModel::state, Qt::AscendingOrder); }));
+}
+
+void ViewerWindow::buildLedgerMenu()
+{
+    struct StateEntry {
+        const char *name, *text;
+        LetterState state;
+    };
+    constexpr StateEntry kEntries[] = {{"tickUnprinted", "未印刷だけ(&N)", LetterState::unprinted},
+                                       {"tickSent", "送信済みだけ(&S)", LetterState::sent},
+                                       {"tickOnPaper", "紙で確認済みだけ(&P)", LetterState::onPaper},
+                                       {"tickReturned", "返送済みだけ(&R)", LetterState::returned}};
+    QMenu *const menu = menuBar()->addMenu(u"台帳(&D)"_s);
+    menu->addMenu(m_comparedBar->runMenu());
+    QMenu *const states = menu->addMenu(u"状態でチェックを付ける(&T)"_s);
+    for (const StateEntry &entry : kEntries)
+        m_ledgerActions.push_back(addEntry(states, entry.name, QString::fromUtf8(entry.text), {},
+                                           [this, state = entry.state] { tickState(state); }));
+    m_ledgerActions.push_back(addEntry(menu, "untickPrinted", u"この期間に印刷済みの人のチェックを外す(&U)"_s, {},
+                                       [this] { untickPrinted(); }));
+    menu->addSeparator();
+    for (QAction *const action : m_ledgerActions) action->setEnabled(false); // until the ledger is open
+    addEntry(menu, "ledgerSettings", u"台帳の設定(&L)…"_s, {}, [this] { askLedgerSettings(); });
 }
 
 void ViewerWindow::buildTools()

@@ -82,8 +82,15 @@ void ViewerWindow::askPrintThis()
     LetterTicks only(m_letters->set.size());
     only.setAll(false);
     only.set(m_page->letter(), true);
+    askPrintOnly(only, u"印刷（%1）"_s.arg(qtText(m_letters->names.titleOf(m_page->letter()))));
+}
+
+/// Opens the print dialog for other letters than the ticked ones.
+void ViewerWindow::askPrintOnly(LetterTicks &only, const QString &title)
+{
+    if (m_task->isRunning()) return;
     const std::unique_ptr<PrintDialog> dialog = printDialog(only);
-    dialog->setWindowTitle(u"印刷（%1）"_s.arg(qtText(m_letters->names.titleOf(m_page->letter()))));
+    dialog->setWindowTitle(title);
     if (dialog->exec() == QDialog::Accepted) print(dialog->order(), only);
 }
 
@@ -98,8 +105,16 @@ void ViewerWindow::print(const PrintOrder &order, const LetterTicks &ticks)
     if (which.empty()) return showMessage(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
     if (order.printer.isEmpty())
         return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
+    openLedger();
+    m_desk.startOutput(m_services.now());
+    const auto onSent = [&](std::span<const std::size_t> letters, const std::string &number) {
+        m_desk.record(
+            {OutputKind::print, utf8Text(order.printer), number, {letters.begin(), letters.end()}, m_services.now()});
+    };
     runTask(u"印刷しています"_s, which.size(), [&](const Progress &progress) {
-        const PrintResult result = printLetters(*m_letters, which, order, m_services.paths, progress);
+        const PrintResult result = printLetters(*m_letters, which, order, m_services.paths, progress, onSent);
+        m_desk.refresh();
+        showStates();
         showPrinted(result, which);
         // A print that was cancelled in order to close counts as complete; a refusal keeps the window open.
         return result.fault.empty();
@@ -166,6 +181,7 @@ void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
     keepPdfFolder(QFileInfo(path).absolutePath());
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
         const bool isDone = writeLettersPdf(utf8Text(path), m_letters->renderer, which, progress);
+        if (isDone) recordSaved(which);
         statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(which.size()).arg(path)
                                         : u"保存を中止しました。ファイルは作られていません。"_s);
         return true;
@@ -184,6 +200,7 @@ void ViewerWindow::writePdfEach(const PdfOrder &order, const std::vector<std::si
         return;
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
         const std::size_t written = writeLetterPdfs(paths, m_letters->renderer, which, progress);
+        recordSaved(std::span(which).first(written));
         statusBar()->showMessage(written == which.size()
                                      ? u"%1通を「%2」に保存しました。"_s.arg(written).arg(folder)
                                      : u"保存を中止しました。%1通は保存してあります。"_s.arg(written));

@@ -1,5 +1,7 @@
 #include "viewer/window/viewer_services.h"
 
+#include "system/program_edges.h"
+
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
@@ -37,13 +39,14 @@ void showMessage(QWidget *parent, QMessageBox::Icon icon, const QString &text)
     box.exec();
 }
 
-bool mayReplace(QWidget *parent, const QString &text)
+/// Asks before something is lost; the default answer is no.
+bool ask(QWidget *parent, const QString &text, const QString &yes)
 {
     QMessageBox box(QMessageBox::Question, u"委任状"_s, text, QMessageBox::NoButton, parent);
-    auto *const replace = box.addButton(u"上書きする"_s, QMessageBox::AcceptRole);
+    auto *const accept = box.addButton(yes, QMessageBox::AcceptRole);
     box.setDefaultButton(box.addButton(u"キャンセル"_s, QMessageBox::RejectRole));
     box.exec();
-    return box.clickedButton() == replace;
+    return box.clickedButton() == accept;
 }
 
 /// The folder where users look first; a new account may have no documents folder yet.
@@ -71,6 +74,12 @@ QString askFolder(QWidget *parent, const QString &folder)
         QFileDialog::getExistingDirectory(parent, u"PDF を保存するフォルダー"_s, folderOrDocuments(folder)));
 }
 
+QString askLedgerFolder(QWidget *parent)
+{
+    return QDir::toNativeSeparators(
+        QFileDialog::getExistingDirectory(parent, u"台帳を置くフォルダー"_s, folderOrDocuments({})));
+}
+
 } // namespace
 
 ViewerServices realServices()
@@ -78,7 +87,12 @@ ViewerServices realServices()
     ViewerServices services;
     services.askClose = askClose;
     services.showMessage = showMessage;
-    services.mayReplace = mayReplace;
+    services.mayReplace = [](QWidget *parent, const QString &text) { return ask(parent, text, u"上書きする"_s); };
+    services.mayErase = [](QWidget *parent, const QString &text) { return ask(parent, text, u"消去する"_s); };
+    services.ledgerPath = [](const LedgerSettings &settings) {
+        return ledgerPath(environmentText("ININ_LEDGER"), settings, operatorDataFolder(environmentText));
+    };
+    services.askLedgerFolder = askLedgerFolder;
     services.askPdfFile = askPdfFile;
     services.askFolder = askFolder;
     return services;

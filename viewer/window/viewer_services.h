@@ -26,6 +26,14 @@ struct ViewerServices {
     std::function<QString(QWidget *parent, const QString &folder)> askFolder;
     /// The day that the check compares dates with.
     std::function<Date()> today = presentDay;
+    /// The local time.
+    std::function<Date()> now = presentMoment;
+    /// The file of the letter ledger by the user's settings, empty when it is switched off. Without this function there
+    /// is no ledger.
+    std::function<std::string(const LedgerSettings &settings)> ledgerPath;
+    std::function<QString(QWidget *parent)> askLedgerFolder;
+    /// Asks whether the ledger's records may be erased.
+    std::function<bool(QWidget *parent, const QString &text)> mayErase;
     /// Empty means the user's own file.
     QString settingsFile;
 };

@@ -162,6 +162,22 @@ void ViewerSettings::setSwitchedOffCauses(const CauseSet &causes)
     m_file.setValue(u"check/switchedOff"_s, names);
 }
 
+LedgerSettings ViewerSettings::ledger() const
+{
+    LedgerSettings ledger;
+    ledger.isUsed = m_file.value(u"ledger/used"_s, ledger.isUsed).toBool();
+    ledger.place = utf8Text(m_file.value(u"ledger/place"_s).toString());
+    ledger.months = std::clamp(m_file.value(u"ledger/months"_s, ledger.months).toInt(), kFewestMonths, kMostMonths);
+    return ledger;
+}
+
+void ViewerSettings::setLedger(const LedgerSettings &ledger)
+{
+    m_file.setValue(u"ledger/used"_s, ledger.isUsed);
+    m_file.setValue(u"ledger/place"_s, qtText(ledger.place));
+    m_file.setValue(u"ledger/months"_s, ledger.months);
+}
+
 bool ViewerSettings::save()
 {
     m_file.sync();

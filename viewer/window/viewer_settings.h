@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/check/cause.h"
+#include "viewer/ledger/ledger_place.h"
 
 #include <QByteArray>
 #include <QSettings>
@@ -58,6 +59,8 @@ public:
     /// The causes that the check leaves out.
     [[nodiscard]] CauseSet switchedOffCauses() const;
     void setSwitchedOffCauses(const CauseSet &causes);
+    [[nodiscard]] LedgerSettings ledger() const;
+    void setLedger(const LedgerSettings &ledger);
     /// Writes changed settings; false when the file cannot be written.
     bool save();
 

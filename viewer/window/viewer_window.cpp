@@ -6,18 +6,15 @@
 #include "viewer/window/cut_text.h"
 #include "viewer/window/letter_list.h"
 #include "viewer/window/notice_bar.h"
+#include "viewer/window/paper_bar.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
-#include "viewer/window/screen_fit.h"
 #include "viewer/window/task_bar.h"
 
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QDateTime>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QSplitter>
@@ -35,11 +32,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kFirstWidth = 1200, kFirstHeight = 820;
-constexpr int kListWidth = 480;
-constexpr double kListShare = 0.4;   ///< of a narrower window
-constexpr double kCheckShare = 0.26; ///< of the height of page and check
-/// Letters that are checked between two passes of the event loop.
-constexpr std::size_t kCheckedAtOnce = 200;
 
 } // namespace
 
@@ -51,6 +43,7 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     m_split = new QSplitter(Qt::Horizontal, this);
     m_split->addWidget(buildList());
     m_split->addWidget(buildPage());
+    buildLedgerMenu();
     m_split->setStretchFactor(1, 1);
     m_split->setChildrenCollapsible(false);
     setCentralWidget(m_split);
@@ -63,7 +56,10 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     restoreLayout();
     m_checkTimer.callOnTimeout([this] { checkMore(); });
     m_watch.onChanged = [this](const std::string &path) { fileChanged(path); };
-    m_page->onFirstPaint = [this] { startCheck(); };
+    m_page->onFirstPaint = [this] {
+        startCheck();
+        QTimer::singleShot(0, this, [this] { openLedger(); });
+    };
     adopt(std::move(letters));
     m_list->setFocus();
 }
@@ -74,75 +70,15 @@ ViewerWindow::~ViewerWindow()
     if (QWidget *const box = focusWidget()) box->clearFocus();
 }
 
-void ViewerWindow::fitToScreen()
-{
-    const QScreen *const there = QGuiApplication::screenAt(geometry().center());
-    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
-    const WindowFit fit = fitWindow(size(), room.size());
-    // The system chooses the place of a first window. A maximised one keeps the size to which it returns.
-    if (m_settings.windowPlace().isEmpty())
-        resize(fit.size);
-    else if (!isMaximized())
-        setGeometry(movedInto({geometry().topLeft(), fit.size}, room));
-    if (fit.isMaximised) setWindowState(windowState() | Qt::WindowMaximized);
-}
-
-void ViewerWindow::restoreLayout()
-{
-    const ViewLayout layout = m_settings.viewLayout();
-    const int usual = std::min(kListWidth, static_cast<int>(width() * kListShare));
-    const int list = layout.listWidth > 0 ? layout.listWidth : usual;
-    m_split->setSizes({list, std::max(1, width() - list)});
-    m_checkHeight = layout.checkHeight;
-    bool isFactor = false;
-    if (const double factor = layout.zoom.toDouble(&isFactor); isFactor)
-        m_page->setZoom(factor);
-    else
-        m_page->setFit(layout.zoom == u"width"_s ? PageView::Fit::width : PageView::Fit::page);
-}
-
-void ViewerWindow::keepLayout()
-{
-    if (m_checkPanel->hasRows() && m_pageSplit->sizes()[1] > 0) m_checkHeight = m_pageSplit->sizes()[1];
-    const PageView::Fit fit = m_page->fit();
-    const QString zoom = fit == PageView::Fit::page    ? u"page"_s
-                         : fit == PageView::Fit::width ? u"width"_s
-                                                       : QString::number(m_page->zoom());
-    m_settings.setViewLayout({m_split->sizes()[0], m_checkHeight, zoom});
-}
-
-QWidget *ViewerWindow::buildList()
-{
-    auto *const side = new QWidget(this);
-    m_list = new LetterList(m_listed, side);
-    m_range = new RangeBox(side);
-    m_list->onCurrent = [this](std::size_t letter) { showLetter(letter); };
-    m_list->onSorted = [this] { showListNote(); };
-    m_list->onEnter = [this] { m_page->setFocus(); };
-    m_model.onTicked = [this] { m_range->ticksChanged(); };
-    m_range->onChanged = [this] {
-        m_model.ticksChanged();
-        if (m_listed.filter() == ListFilter::ticked) refreshList();
-    };
-    m_listNote = new QLabel(side);
-    m_listNote->setObjectName(u"listNote"_s);
-    m_listNote->setWordWrap(true);
-    m_listNote->hide();
-    auto *const layout = new QVBoxLayout(side);
-    constexpr int kRoom = 6;
-    layout->setContentsMargins(kRoom, kRoom, kRoom, kRoom);
-    layout->addLayout(buildFind(side));
-    layout->addLayout(buildFilter(side));
-    layout->addWidget(m_list);
-    layout->addWidget(m_listNote);
-    layout->addWidget(m_range);
-    return side;
-}
-
 QWidget *ViewerWindow::buildPage()
 {
     auto *const side = new QWidget(this);
     m_notice = new NoticeBar(side);
+    m_paper = new PaperBar(side);
+    m_paper->onAllOut = [this] { confirmAll(); };
+    m_paper->onOutUpTo = [this](std::optional<int> lastGood) { confirmUpTo(lastGood); };
+    m_paper->onPrintRest = [this] { printRest(); };
+    m_paper->onClose = [this] { askPaper(); };
     m_pageSplit = new QSplitter(Qt::Vertical, side);
     m_page = new PageView(m_pageSplit);
     m_checkPanel = new CheckPanel(m_pageSplit);
@@ -162,6 +98,7 @@ QWidget *ViewerWindow::buildPage()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_notice);
+    layout->addWidget(m_paper);
     layout->addWidget(m_pageSplit, 1);
     layout->addWidget(m_task);
     return side;
@@ -196,6 +133,9 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     m_notice->hide();
     if (const QString warnings = warningText(); !warnings.isEmpty()) m_notice->showNotice(warnings, {}, {});
     if (isFirst) return;
+    if (m_desk.isOpen()) m_desk.show(m_letters->set);
+    m_ledgerNotice.clear();
+    showLedger();
     startCheck();
     // Otherwise the list would be empty until then.
     if (m_listed.filter() == ListFilter::flagged) finishCheck();
@@ -258,15 +198,7 @@ void ViewerWindow::showLetter(std::size_t letter)
     if (m_list->current() != letter) m_list->setCurrent(letter);
     showListNote();
     m_number->setValue(static_cast<int>(letter) + 1);
-}
-
-void ViewerWindow::step(int by)
-{
-    const std::vector<std::size_t> listed = m_listed.letters();
-    if (listed.empty()) return;
-    const auto last = static_cast<std::ptrdiff_t>(listed.size()) - 1;
-    const auto place = std::ranges::find(listed, m_page->letter()) - listed.begin();
-    showLetter(listed[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(place + by, 0, last))]);
+    showChanges();
 }
 
 void ViewerWindow::showZoom()
@@ -275,159 +207,6 @@ void ViewerWindow::showZoom()
     m_zoom->setText(u"%1 %"_s.arg(std::lround(m_page->zoom() * kPercent)));
     m_zoom->setToolTip(m_page->usesWidthForPage() ? u"ページ全体では小さくて読めないため、幅に合わせています。"_s
                                                   : QString());
-}
-
-void ViewerWindow::startCheck()
-{
-    m_check = std::make_unique<LetterCheck>(m_letters->renderer, m_services.today());
-    m_checkTimer.start(0);
-}
-
-void ViewerWindow::checkMore()
-{
-    if (!m_check || m_check->judge(kCheckedAtOnce)) return;
-    showFindings();
-}
-
-void ViewerWindow::finishCheck()
-{
-    // Painting the first page starts the check; start it now if that has not happened yet.
-    if (m_page->onFirstPaint) std::exchange(m_page->onFirstPaint, {})();
-    if (!m_check) return;
-    while (m_check->judge(kCheckedAtOnce)) {
-    }
-    showFindings();
-}
-
-void ViewerWindow::showFindings()
-{
-    m_checkTimer.stop();
-    if (m_check) m_allFindings = m_check->take();
-    m_check.reset();
-    const CauseSet switchedOff = m_settings.switchedOffCauses();
-    m_findings = FindingIndex(resultOf(m_allFindings, m_letters->set.size(), switchedOff));
-    m_model.findingsChanged();
-    m_checkPanel->show(m_letters.get(), &m_findings, switchedOff);
-    const int whole = m_pageSplit->height();
-    const int check = m_checkHeight > 0 ? m_checkHeight : static_cast<int>(whole * kCheckShare);
-    m_pageSplit->setSizes(m_checkPanel->hasRows() ? QList<int>{std::max(1, whole - check), check} : QList<int>{1, 0});
-    if (m_listed.filter() == ListFilter::flagged || !m_listed.isNumberOrder()) refreshList();
-}
-
-void ViewerWindow::switchCheck(Cause cause, bool isOn)
-{
-    CauseSet switchedOff = m_settings.switchedOffCauses();
-    switchedOff.set(static_cast<std::size_t>(cause), !isOn);
-    m_settings.setSwitchedOffCauses(switchedOff);
-    (void)m_settings.save(); // unwritable settings must not interrupt the work
-    finishCheck();
-    if (m_checkPanel->hasRows()) m_checkHeight = m_pageSplit->sizes()[1];
-    showFindings();
-}
-
-void ViewerWindow::tickAll(bool ticked)
-{
-    m_letters->ticks.setAll(ticked);
-    ticksChanged();
-}
-
-void ViewerWindow::untickMarked()
-{
-    finishCheck();
-    for (const Finding &finding : m_findings.all()) m_letters->ticks.set(finding.letter, false);
-    ticksChanged();
-}
-
-void ViewerWindow::tickFound(Ticking ticking)
-{
-    const std::vector<bool> found = m_finder->find(m_find->text());
-    const auto count = std::ranges::count(found, true);
-    if (count == 0) {
-        m_find->setFocus(Qt::OtherFocusReason);
-        return statusBar()->showMessage(u"検索で見つかった委任状がありません。チェックはそのままです。"_s);
-    }
-    LetterTicks &ticks = m_letters->ticks;
-    if (ticking == Ticking::only) ticks.setAll(false);
-    for (std::size_t letter = 0; letter < found.size(); ++letter)
-        if (found[letter]) ticks.set(letter, true);
-    ticksChanged();
-    statusBar()->showMessage((ticking == Ticking::only ? u"見つかった%1通だけにチェックを付けました。"_s
-                                                       : u"見つかった%1通にチェックを付けました。"_s)
-                                 .arg(count));
-}
-
-void ViewerWindow::ticksChanged()
-{
-    m_model.ticksChanged();
-    m_range->ticksChanged();
-    if (m_listed.filter() == ListFilter::ticked) refreshList();
-}
-
-void ViewerWindow::find(Direction direction)
-{
-    const std::vector<bool> found = m_finder->find(m_find->text());
-    showFound(found, nextWanted(m_listed.letters(), m_page->letter(), direction, found));
-}
-
-/// While a text is typed, the current letter stays as long as it contains the text.
-void ViewerWindow::findTyped()
-{
-    const std::size_t now = m_page->letter();
-    const std::vector<bool> found = m_finder->find(m_find->text());
-    showFound(found, found[now] ? now : nextWanted(m_listed.letters(), now, Direction::forward, found));
-}
-
-void ViewerWindow::showFound(const std::vector<bool> &found, std::optional<std::size_t> letter)
-{
-    const bool isSearch = !searchKey(m_find->text()).isEmpty();
-    const auto count = std::ranges::count(found, true);
-    m_found->setText(!isSearch ? QString() : count > 0 ? u"%1通"_s.arg(count) : u"ありません"_s);
-    m_listed.setFound(isSearch ? found : std::vector<bool>());
-    if (m_listed.filter() == ListFilter::found) refreshList();
-    if (letter) showLetter(*letter);
-}
-
-void ViewerWindow::showNextFlagged(Direction direction)
-{
-    finishCheck();
-    std::vector<bool> flagged(m_letters->set.size());
-    for (const Finding &finding : m_findings.all()) flagged[finding.letter] = true;
-    const auto letter = nextWanted(m_listed.letters(), m_page->letter(), direction, flagged);
-    if (!letter) return statusBar()->showMessage(u"注意のある委任状はありません。"_s);
-    showLetter(*letter);
-}
-
-void ViewerWindow::setFilter(ListFilter filter)
-{
-    if (filter == ListFilter::flagged) finishCheck();
-    m_listed.setFilter(filter);
-    refreshList();
-}
-
-/// Lists the letters anew. The shown letter stays if it is still listed; otherwise the first listed one is shown.
-void ViewerWindow::refreshList()
-{
-    const std::size_t shown = m_page->letter();
-    // Rows that disappear move the view's current row, which must not turn the page.
-    const auto onCurrent = std::exchange(m_list->onCurrent, {});
-    m_listed.refresh();
-    m_list->onCurrent = onCurrent;
-    if (m_listed.indexOf(shown).isValid())
-        m_list->setCurrent(shown);
-    else if (const auto first = m_listed.letterAt(m_listed.index(0, 0)))
-        showLetter(*first);
-    showListNote();
-}
-
-/// Shows the filter, and that neither it nor the sorting changes what is printed.
-void ViewerWindow::showListNote()
-{
-    m_filter->setCurrentIndex(static_cast<int>(m_listed.filter()));
-    const bool isFiltered = m_listed.filter() != ListFilter::all;
-    QString text = isFiltered ? u"%1通を表示しています。"_s.arg(m_listed.rowCount()) : QString();
-    if (isFiltered || !m_listed.isNumberOrder()) text += u"印刷するのはチェックした委任状で、順は番号のとおりです。"_s;
-    m_listNote->setText(text);
-    m_listNote->setVisible(!text.isEmpty());
 }
 
 void ViewerWindow::fitPage(PageView::Fit fit)

@@ -3,6 +3,7 @@
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/window/file_watch.h"
 #include "viewer/window/finding_index.h"
+#include "viewer/window/ledger_desk.h"
 #include "viewer/window/letter_finder.h"
 #include "viewer/window/letter_list_model.h"
 #include "viewer/window/listed_letters.h"
@@ -15,6 +16,8 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -28,9 +31,12 @@ class QSplitter;
 
 namespace inin::viewer {
 
+class ChangesPane;
 class CheckPanel;
+class ComparedBar;
 class LetterList;
 class NoticeBar;
+class PaperBar;
 class RangeBox;
 class TaskBar;
 
@@ -69,45 +75,58 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    // viewer_menus.cpp
     void buildMenus();
     void buildFileMenu();
     void buildSelectMenu();
     void buildMoveMenu();
     void buildViewMenu();
     void buildSortMenu(QMenu *menu);
+    void buildLedgerMenu();
     void buildTools();
     QLayout *buildFind(QWidget *side);
     QLayout *buildFilter(QWidget *side);
-    QWidget *buildList();
+
+    // viewer_window.cpp
     QWidget *buildPage();
-    void fitToScreen();
-    void restoreLayout();
-    void keepLayout();
-    [[nodiscard]] QString runTitle() const;
     void adopt(std::unique_ptr<OpenLetters> letters);
+    [[nodiscard]] QString runTitle() const;
     /// The warnings about the letter files, one per line.
     [[nodiscard]] QString warningText() const;
     void whenPlaced(std::function<void()> what);
-    void startCheck();
-    void checkMore();
-    void showFindings();
-    void switchCheck(Cause cause, bool isOn);
     void showZoom();
+    void fitPage(PageView::Fit fit);
+    void fileChanged(const std::string &path);
+    void showMessage(QMessageBox::Icon icon, const QString &text);
+
+    // viewer_place.cpp
+    void fitToScreen();
+    void restoreLayout();
+    void keepLayout();
+
+    // viewer_list.cpp
+    QWidget *buildList();
     void step(int by);
     void tickAll(bool ticked);
-    void ticksChanged();
     void untickMarked();
     enum class Ticking { more, only };
     /// Ticks the found letters; with Ticking::only no others stay ticked.
     void tickFound(Ticking ticking);
+    void ticksChanged();
     void find(Direction direction);
     void findTyped();
     void showFound(const std::vector<bool> &found, std::optional<std::size_t> letter);
-    void showNextFlagged(Direction direction);
     void refreshList();
     void showListNote();
-    void fitPage(PageView::Fit fit);
-    void fileChanged(const std::string &path);
+
+    // viewer_check.cpp
+    void startCheck();
+    void checkMore();
+    void showFindings();
+    void switchCheck(Cause cause, bool isOn);
+    void showNextFlagged(Direction direction);
+
+    // viewer_output.cpp
     /// A dialog for `ticks`, which must outlive it.
     [[nodiscard]] std::unique_ptr<PrintDialog> printDialog(LetterTicks &ticks);
     void print(const PrintOrder &order, const LetterTicks &ticks);
@@ -116,7 +135,28 @@ private:
     void writePdf(const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
     void keepPdfFolder(const QString &folder);
-    void showMessage(QMessageBox::Icon icon, const QString &text);
+    void askPrintOnly(LetterTicks &only, const QString &title);
+
+    // viewer_ledger.cpp
+    void openLedger();
+    void showLedger();
+    void showLedgerFilters();
+    void showStates();
+    void showLedgerNotice();
+    void showChanges();
+    void showGone();
+    void followLedgerLink(const QString &target);
+    void compareWith(const RunSummary &run);
+    void untickPrinted();
+    void tickState(LetterState state);
+    /// Call after saving letters in files.
+    void recordSaved(std::span<const std::size_t> letters);
+    void askPaper();
+    void confirmAll();
+    void confirmUpTo(std::optional<int> lastGood);
+    void printRest();
+    void askLedgerSettings();
+    QString eraseLedger();
 
     const std::string m_scriptPath;
     ViewerServices m_services;
@@ -126,15 +166,20 @@ private:
     std::unique_ptr<LetterCheck> m_check; ///< set while letters are being checked
     std::vector<Finding> m_allFindings;   ///< by the check, whether or not its cause is switched on
     FindingIndex m_findings;
+    LedgerDesk m_desk;
     QTimer m_checkTimer;
     FileWatch m_watch;
     LetterListModel m_model;
     ListedLetters m_listed{m_model};
-    std::vector<QAction *> m_idleActions; ///< those that are disabled while a task runs
+    std::vector<QAction *> m_idleActions;   ///< those that are disabled while a task runs
+    std::vector<QAction *> m_ledgerActions; ///< those that need the ledger
     LetterList *m_list = nullptr;
     PageView *m_page = nullptr;
     CheckPanel *m_checkPanel = nullptr;
     QSplitter *m_split = nullptr, *m_pageSplit = nullptr;
+    ComparedBar *m_comparedBar = nullptr;
+    ChangesPane *m_changes = nullptr;
+    PaperBar *m_paper = nullptr;
     NoticeBar *m_notice = nullptr;
     RangeBox *m_range = nullptr;
     TaskBar *m_task = nullptr;
@@ -144,8 +189,10 @@ private:
     QComboBox *m_filter = nullptr;
     QLabel *m_listNote = nullptr;
     QLabel *m_zoom = nullptr;
-    int m_checkHeight = 0; ///< of the check's list, when it has rows
-    QString m_taskState;   ///< progress of the running task, in words
+    int m_checkHeight = 0;           ///< of the check's list, when it has rows
+    QString m_ledgerNotice;          ///< as shown last
+    std::vector<std::size_t> m_rest; ///< letters that did not come out of the printer
+    QString m_taskState;             ///< progress of the running task, in words
     bool m_isAsking = false, m_closesAfterTask = false, m_closesWhenPrinted = false;
 };
 

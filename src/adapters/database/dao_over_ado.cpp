@@ -4,6 +4,7 @@
 #include "adapters/database/dao_error.h"
 #include "adapters/database/sql_tokenizer.h"
 #include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -3,6 +3,7 @@
 #include "platform/folders.h"
 #include "platform/platform.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,6 +27,12 @@ namespace inin {
 [[nodiscard]] std::unique_ptr<Processes> makeSystemProcesses(std::function<void()> end);
 /// True if a command line that begins with this name starts a program while `folder` is the current folder.
 [[nodiscard]] bool canStart(const std::string &folder, const std::string &name);
+/// Windows: true for a program of the folder with the setting "as administrator", which another program cannot start.
+[[nodiscard]] bool startsOnlyAsAdministrator(const std::string &folder, const std::string &name);
+/// A name in a connection string that a driver looks up: a data source of ODBC, an alias of a SQL Server.
+enum class ServerName : std::uint8_t { dataSource, alias };
+/// Windows: true if the name is defined, but not for 64-bit programs.
+[[nodiscard]] bool isOnlyFor32BitPrograms(ServerName kind, const std::string &name);
 /// Late-bound objects from the registry of Windows, on the thread that creates the first one; other systems have none.
 [[nodiscard]] std::unique_ptr<Automation> makeSystemAutomation();
 

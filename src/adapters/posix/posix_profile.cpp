@@ -36,7 +36,7 @@ FileDescriptor openForReading(const std::string &path)
 
 enum class Found { file, nothing, unreadable };
 
-/// Reads the file's bytes and status in one opening.
+/// Reads the file's bytes and status in one opening, unlike readWholeFile(): a replacement must keep exactly these rights.
 Found readWhole(const std::string &path, std::string &bytes, struct stat &status)
 {
     const FileDescriptor file = openForReading(path);
@@ -68,7 +68,7 @@ bool isLink(const std::string &systemPath)
     return lstat(systemPath.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-/// For a folder that allows no new file, or a broken link: the old bytes are overwritten.
+/// For a folder that allows no new file, or a broken link: the old bytes are overwritten, where writeWholeFile() fails.
 bool writeInPlace(const std::string &systemPath, const std::string &bytes)
 {
     FileDescriptor file(open(systemPath.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));

@@ -50,7 +50,6 @@ FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->setWidget(m_content);
     layout->addWidget(m_scroll);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { scrollTo(now); });
 
     for (Control *control : form.controls())
         if (QWidget *widget = m_mirror.make(*control)) widget->installEventFilter(this);
@@ -62,12 +61,6 @@ FormWindow::FormWindow(Form &form, const ViewServices &services, QWidget *owner)
     };
     showCaption();
     form.watch(showCaption);
-}
-
-/// The toolkit closes the window when this part of it is gone already, and the focus then changes.
-FormWindow::~FormWindow()
-{
-    disconnect(qApp, nullptr, this, nullptr);
 }
 
 QWidget &FormWindow::widget(const char *controlName) const
@@ -144,10 +137,17 @@ void FormWindow::orderTabs()
 }
 
 /// The toolkit itself follows only the tab key.
-void FormWindow::scrollTo(QWidget *widget)
+void FormWindow::scrollTo(QWidget &widget)
 {
     constexpr int kMargin = 24; // shows the title of the frame, too
-    if (widget != nullptr && m_content->isAncestorOf(widget)) m_scroll->ensureWidgetVisible(widget, kMargin, kMargin);
+    if (m_content->isAncestorOf(&widget)) m_scroll->ensureWidgetVisible(&widget, kMargin, kMargin);
+}
+
+/// A press of the mouse must not move what it pressed: the release would then miss it. Neither must a press that first
+/// activates the window.
+bool FormWindow::scrollsFor(Qt::FocusReason reason)
+{
+    return reason != Qt::MouseFocusReason && reason != Qt::ActiveWindowFocusReason;
 }
 
 Control *FormWindow::activeControl() const
@@ -177,8 +177,13 @@ bool FormWindow::event(QEvent *event)
 bool FormWindow::eventFilter(QObject *watched, QEvent *event)
 {
     auto *widget = qobject_cast<QWidget *>(watched);
-    if (event->type() == QEvent::KeyPress && widget != nullptr)
+    if (event->type() == QEvent::FocusIn && widget != nullptr &&
+        scrollsFor(static_cast<QFocusEvent *>(event)->reason()))
+        scrollTo(*widget);
+    if (event->type() == QEvent::KeyPress && widget != nullptr) {
+        scrollTo(*widget); // the mouse may have left it partly hidden
         return dealKey(widget, *static_cast<QKeyEvent *>(event));
+    }
     // The wheel must not change the selection of a list that does not have the focus.
     if (event->type() == QEvent::Wheel && qobject_cast<QComboBox *>(watched) != nullptr && !widget->hasFocus()) {
         event->ignore();

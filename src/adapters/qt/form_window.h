@@ -22,7 +22,6 @@ public:
     FormWindow(Form &form, const ViewServices &services, QWidget *owner);
     FormWindow(const FormWindow &) = delete;
     FormWindow &operator=(const FormWindow &) = delete;
-    ~FormWindow() override;
 
     [[nodiscard]] Form &form() const { return m_form; }
     /// The parent of the widgets, for a view to lay them out.
@@ -58,7 +57,8 @@ protected:
 
 private:
     void orderTabs();
-    void scrollTo(QWidget *widget);
+    void scrollTo(QWidget &widget);
+    [[nodiscard]] static bool scrollsFor(Qt::FocusReason reason);
     void fitToScreen();
     [[nodiscard]] bool dealKey(QWidget *widget, const QKeyEvent &event);
 

@@ -96,7 +96,6 @@ private:
     SqlExpression compared(SqlExpression left, const Token &symbol, SqlExpression right);
     SqlExpression comparedWithDate(const SqlExpression &column, const Token &symbol, std::string_view comparison,
                                    const SqlExpression &literal);
-    [[nodiscard]] std::optional<std::string_view> comparisonAhead() const;
     [[nodiscard]] bool startsOperand(std::size_t at) const;
     [[nodiscard]] std::string stored(const SqlExpression &expression, ColumnKind target);
     void dateProblem(const SqlExpression &literal);

@@ -7,6 +7,7 @@
 #include "adapters/sqlite/sqlite_functions.h"
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
+#include "system/whole_file.h"
 
 #include <sqlite3.h>
 

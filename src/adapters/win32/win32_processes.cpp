@@ -111,7 +111,8 @@ std::wstring foundFile(const std::wstring &name)
 bool isProgram(const std::wstring &path)
 {
     DWORD kind = 0;
-    return !path.empty() && GetBinaryTypeW(path.c_str(), &kind) != 0;
+    if (path.empty() || GetBinaryTypeW(path.c_str(), &kind) == 0) return false;
+    return kind == SCS_32BIT_BINARY || kind == SCS_64BIT_BINARY;
 }
 
 /// The file with this name in the current folder; empty if there is none. Like the system's search it adds ".exe" to a
@@ -212,5 +213,6 @@ std::unique_ptr<inin::Processes> inin::makeSystemProcesses(std::function<void()>
 bool inin::canStart(const std::string &folder, const std::string &name)
 {
     using namespace win32;
-    return isProgram(widePath(folder + "\\" + name)) || isProgram(foundFile(wideFromUtf8(name)));
+    const std::wstring local = widePath(folder + "\\" + name); // hides one in the folders of the system's search
+    return isProgram(isWin32File(local) ? local : foundFile(wideFromUtf8(name)));
 }

@@ -10,6 +10,7 @@
 #include "site_setup/form_tools.h"
 #include "system/file_path.h"
 #include "system/program_edges.h"
+#include "system/whole_file.h"
 
 #include <fmt/format.h>
 
@@ -60,8 +61,7 @@ std::filesystem::path formViewerBeside()
 void writeBundle(const CheckCommand &command, const Findings &findings)
 {
     const std::string zip = supportBundle(command.folder, findings);
-    createForOwner(textOf(command.bundle));
-    writeFile(command.bundle, zip);
+    writeWholeFile(command.bundle, zip, NewFile::ownerOnly);
 }
 
 void printFindings(const Findings &findings)

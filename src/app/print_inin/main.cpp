@@ -15,6 +15,7 @@
 #include "shell/start.h"
 #include "system/file_path.h"
 #include "system/program_edges.h"
+#include "system/whole_file.h"
 
 #include <QMessageBox>
 

@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QtTest/QTest>
 
 using namespace inin;
 using namespace inin::qt;
@@ -94,6 +95,32 @@ TEST_CASE("every control of the conditions screen is whole when it has the focus
         ++seen;
     }
     CHECK(seen > 20);
+}
+
+TEST_CASE("a click on a partly hidden option selects it, and the next key shows it whole")
+{
+    if (isTooSmall()) return;
+    const WindowSet set;
+    FormWindow &window = *set.print;
+    window.open();
+    REQUIRE(QTest::qWaitForWindowActive(&window));
+    QWidget &option = window.widget("optSyomei(0)");
+    const int middle = option.mapTo(&window, option.rect().center()).y();
+    const QScrollArea &area = *window.findChild<QScrollArea *>();
+    const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    window.setFixedSize(window.width() + bar, window.height() - (area.geometry().bottom() - middle));
+    QApplication::processEvents();
+    REQUIRE_FALSE(option.visibleRegion().isEmpty());
+    REQUIRE_FALSE(isWhole(option));
+    REQUIRE_FALSE(set.printForm.optSyomei(0).Value);
+
+    // Through the window, as the system sends it: a press that scrolls moves the option away from the release.
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, option.mapTo(&window, QPoint(8, 4)));
+    CHECK(set.printForm.optSyomei(0).Value);
+    CHECK_FALSE(isWhole(option));
+
+    QTest::keyClick(&option, Qt::Key_Space);
+    CHECK(isWhole(option));
 }
 
 TEST_CASE("the list and the command buttons of the search windows are whole")

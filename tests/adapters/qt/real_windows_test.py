@@ -42,7 +42,8 @@ class Display:
         os.close(writing)
         with os.fdopen(reading) as pipe:
             self.name = ":" + pipe.readline().strip()
-        self.environment = {**os.environ, "DISPLAY": self.name, "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8"}
+        self.environment = {**os.environ, "DISPLAY": self.name, "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8",
+                            "ININ_LEDGER": "off"}
         self.manager = subprocess.Popen(["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)
         time.sleep(0.5)

@@ -64,6 +64,9 @@ class Site:
     def check(self, **environment):
         return wine(SITE, "check", self.name, **environment)[1].splitlines()
 
+    def connect(self, text):
+        (self.folder / "adodb.ini").write_bytes(f"[接続情報]\r\n接続情報={text}\r\n".encode("cp932"))
+
     def letters(self):
         """The day of the last visit in each letter."""
         lines = (self.folder / "TMP" / "委任状.csv").read_bytes().decode("cp932").splitlines()[1:]
@@ -97,11 +100,27 @@ def set_short_date(form="yyyy/MM/dd"):
     assert wine("reg", "add", key, "/v", "sShortDate", "/d", form, "/f")[0] == 0
 
 
+class Registered:
+    """A value of the registry, until the end of a test."""
+
+    def __init__(self, key, name, text):
+        self.place = (key, "/v", name)
+        assert wine("reg", "add", *self.place, "/d", text, "/f")[0] == 0
+
+    def remove(self):
+        wine("reg", "delete", *self.place, "/f")
+
+
 class ConsolePrograms(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="inin-console-"))
         self.addCleanup(shutil.rmtree, self.folder)
         set_short_date()
+
+    def no_drivers(self):
+        """Settings for a computer without ODBC drivers."""
+        (self.folder / "odbcinst.ini").touch()
+        return {"ODBCSYSINI": str(self.folder), "ODBCINI": str(self.folder / "odbc.ini")}
 
     def test_a_sound_site_prints_and_ends_by_itself(self):
         site = Site(self.folder / "site")
@@ -162,13 +181,12 @@ class ConsolePrograms(unittest.TestCase):
 
     def test_a_missing_driver_is_reported_at_each_connection_and_the_screen_opens(self):
         site = Site(self.folder / "site")
-        (self.folder / "odbcinst.ini").touch()
-        no_drivers = {"ODBCSYSINI": str(self.folder), "ODBCINI": str(self.folder / "odbc.ini")}
+        no_drivers = self.no_drivers()
         missing = "(-2147467259)no ODBC driver for SQL Server is installed"
         for connection in ("Provider=SQLOLEDB;Data Source=127.0.0.1;Initial Catalog=m;User ID=sa;Password=x",
                            "Driver={ODBC Driver 18 for SQL Server};Server=127.0.0.1;Database=m;UID=sa;PWD=x"):
             with self.subTest(connection=connection):
-                (site.folder / "adodb.ini").write_bytes(f"[接続情報]\r\n接続情報={connection}\r\n".encode("cp932"))
+                site.connect(connection)
                 code, events = site.play(PRINT, **no_drivers)
                 self.assertEqual(code, 0)
                 self.assertEqual(boxes(events), ["loadInitCorp でエラー\r\n" + missing, "Form_Load() でエラー\r\n" + missing,
@@ -190,6 +208,63 @@ class ConsolePrograms(unittest.TestCase):
         self.assertEqual(code, 1)
         self.assertEqual(events[-1], {"event": "fatal", "number": 75, "text": "パス名が無効です。"})
         self.assertEqual(list((site.folder / "TMP").iterdir()) + list((site.folder / "DATA").iterdir()), [])
+        found = site.check()
+        for name in ("TMP", "DATA"):
+            self.assertIn(f"[116] Massage.ini の項目「SYSTEM_{name}」のフォルダー「\\{name}」に書き込めません（パス名が無効です。）。"
+                          "使う人の書き込みと削除の権限と、ディスクの空きを確かめてください。", found)
+
+    def test_the_check_of_a_new_demo_site_finds_no_fault_and_leaves_no_file(self):
+        site = Site(self.folder / "site")
+        before = sorted(site.folder.rglob("*"))
+        code, said = wine(SITE, "check", site.name)
+        self.assertEqual((code, said.splitlines()[-1]), (0, "問題は見つかりませんでした。"))
+        self.assertEqual(sorted(site.folder.rglob("*")), before)
+
+    def test_copies_in_the_virtual_store_are_found(self):
+        site = Site(self.folder / "site")
+        local = wine("cmd", "/c", "echo %LOCALAPPDATA%")[1].strip()
+        unix = subprocess.run(["winepath", "-u", local], capture_output=True, check=True, encoding="utf-8").stdout.strip()
+        store = pathlib.Path(unix, "VirtualStore")
+        self.assertFalse(store.exists())
+        self.addCleanup(shutil.rmtree, store)
+        copy = store.joinpath(*site.folder.parts[1:], "TMP", "WfdCom.dat")
+        copy.parent.mkdir(parents=True)
+        copy.write_bytes(b"old letters")
+        named = local + "\\VirtualStore" + windows_path(site.folder).removeprefix("Z:")
+        self.assertIn(f"[603] サイトのファイルが、この利用者だけのフォルダー「{named}」にもあります（TMP\\WfdCom.dat）。",
+                      "\n".join(site.check()))
+
+    def test_names_that_only_32_bit_programs_know_are_found_with_the_remedy(self):
+        site = Site(self.folder / "site")
+        for connections, key, sentence in (
+                (("DSN=inin test;UID=a;PWD=b", "Provider=MSDASQL;Data Source=inin test", "inin test"),
+                 r"ODBC\ODBC.INI\ODBC Data Sources",
+                 "[407] adodb.ini のデータソース「inin test」は32ビットのプログラム用にしか登録されていないので、使えません（"
+                 "「ODBC データ ソース（64 ビット）」に同じ名前で登録してください）。"),
+                (("Provider=SQLOLEDB;Data Source=inin test;Initial Catalog=m", "Driver={SQL Server};Server=inin test"),
+                 r"Microsoft\MSSQLServer\Client\ConnectTo",
+                 "[407] adodb.ini のサーバーの別名「inin test」は32ビットのプログラム用にしか登録されていないので、使えません（"
+                 "System32 の cliconfg.exe で同じ別名を登録してください）。")):
+            for connection in connections:
+                with self.subTest(connection=connection):
+                    site.connect(connection)
+                    self.assertNotIn(sentence, site.check(**self.no_drivers()))
+                    for_32_bits = Registered(r"HKLM\SOFTWARE\WOW6432Node" + "\\" + key, "inin test", "x")
+                    self.addCleanup(for_32_bits.remove)
+                    self.assertIn(sentence, site.check(**self.no_drivers()))
+                    for_64_bits = Registered(r"HKLM\SOFTWARE" + "\\" + key, "inin test", "x")
+                    self.addCleanup(for_64_bits.remove)
+                    self.assertNotIn(sentence, site.check(**self.no_drivers()))
+                    for_64_bits.remove()
+                    for_32_bits.remove()
+
+    def test_a_form_tool_that_must_run_as_administrator_is_found(self):
+        site = Site(self.folder / "site")
+        setting = Registered(r"HKCU\Software\Microsoft\Windows NT\CurrentVersion\AppCompatFlags\Layers",
+                             site.name + "\\wfrfv10.exe", "~ WIN8RTM RUNASADMIN")
+        self.addCleanup(setting.remove)
+        self.assertIn("[204] プログラム「wfrfv10.exe」に「管理者としてこのプログラムを実行する」の設定があるので、「印刷」を押しても"
+                      "何も起こりません（「プロパティ」の「互換性」で設定を外してください）。", site.check())
 
 
 if __name__ == "__main__":

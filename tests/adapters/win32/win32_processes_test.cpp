@@ -175,6 +175,15 @@ TEST_CASE_FIXTURE(PartnerFolder, "the shortest name that any searched folder con
     CHECK_FALSE(folder.has("result"));
 }
 
+TEST_CASE("a file of the folder that is no program cannot start, even if another folder has a program of that name")
+{
+    const FileBeside other("inin_tool.exe", bytesOf(std::string(ININ_PARTNER)));
+    const TempFolder folder;
+    CHECK(canStart(folder.path(), "inin_tool.exe"));
+    writeBytes(folder / "inin_tool.exe", "no program");
+    CHECK_FALSE(canStart(folder.path(), "inin_tool.exe"));
+}
+
 TEST_CASE("a program that must run as administrator is refused with a sentence of its own")
 {
     const RuntimeError error = win32::startFailure(win32::kElevationRequired, "wfrfv10.exe /c x");

@@ -1,6 +1,6 @@
 #include "suite_text/code_page_932.h"
+#include "system/whole_file.h"
 #include "viewer/document/combined_form.h"
-#include "viewer/io/file_io.h"
 #include "viewer/layout/fonts.h"
 #include "viewer/support/viewer_world.h"
 

@@ -1,4 +1,5 @@
 // Missing letters, additional rows caused by a line end in a value, and a single letter of the Aichi form are reported.
+#include "system/file_path.h"
 #include "viewer/document/letter_set.h"
 #include "viewer/support/viewer_world.h"
 
@@ -144,7 +145,7 @@ TEST_CASE("a record that is missing, of another version, too large or a folder i
     CHECK(job.open().notices.size() == 1);
     job.folder.put("委任状.run", record + rest + "\n");
     CHECK(job.open().notices.empty());
-    std::filesystem::remove(unlimitedPath(job.folder.folder() / pathOf("委任状.run")));
+    std::filesystem::remove(longPathOf(job.folder / "委任状.run"));
     std::filesystem::create_directory(job.folder.folder() / pathOf("委任状.run"));
     CHECK(job.open().notices.empty());
 }

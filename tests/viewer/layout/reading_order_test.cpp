@@ -138,6 +138,7 @@ TEST_CASE("the supplied standard form is read as a person reads it")
                        "住所<世帯主住所>",
                        "世帯主氏名<世帯主名>印",
                        "電話番号<世帯主電話>",
+                       "<#整理番号>",
                    });
 }
 

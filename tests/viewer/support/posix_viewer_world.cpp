@@ -8,11 +8,6 @@ namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
 
-fs::path unlimitedPath(const fs::path &path)
-{
-    return path;
-}
-
 Outcome runViewer(const TempFolder &folder, const std::string &arguments, const std::string &name)
 {
     const TempFolder outside;

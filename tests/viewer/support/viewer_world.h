@@ -10,8 +10,6 @@
 
 namespace inin::viewer::test {
 
-/// Lets Windows functions accept a path beyond their classic limit.
-[[nodiscard]] std::filesystem::path unlimitedPath(const std::filesystem::path &path);
 [[nodiscard]] inline std::string writePrintJob(const TempFolder &folder, const std::string &form,
                                                const std::vector<Row> &rows)
 {

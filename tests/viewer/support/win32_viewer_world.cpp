@@ -22,11 +22,6 @@ HANDLE createInherited(const std::string &path)
 
 } // namespace
 
-fs::path unlimitedPath(const fs::path &path)
-{
-    return L"\\\\?\\" + fs::path(path).make_preferred().wstring();
-}
-
 Outcome runViewer(const TempFolder &folder, const std::string &arguments, const std::string &name)
 {
     const TempFolder outside;

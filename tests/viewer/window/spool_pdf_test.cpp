@@ -1,3 +1,4 @@
+#include "viewer/document/letter_numbers.h"
 #include "viewer/window/window_world.h"
 
 #include <QApplication>
@@ -180,6 +181,35 @@ TEST_CASE("jobs of n letters are submitted one by one and are titled by their nu
     CHECK(pageCount(world.job(2)) == 1);
     CHECK(!world.wasCalled(3));
     CHECK(world.call(1)[5] == "委任状（5-8番）");
+}
+
+TEST_CASE("each accepted job is reported at once with its letters and the queue's number")
+{
+    Spooling world(5, "echo \"request id is 紙-$((70 + n)) (1 file(s))\"; [ $n -lt 2 ]");
+    PrintOrder order = world.order();
+    order.lettersPerJob = 2;
+    std::vector<std::string> sent;
+    world.letters.ticks.setText("1-5");
+    const auto onSent = [&](std::span<const std::size_t> letters, const std::string &number) {
+        CHECK(!world.wasCalled(static_cast<int>(sent.size()) + 1));
+        sent.push_back(number + ":" + letterListText({letters.begin(), letters.end()}));
+    };
+    const PrintResult result =
+        printLetters(world.letters, world.letters.ticks.letters(), order, world.services().paths, {}, onSent);
+    CHECK(!result.isDone());
+    CHECK(sent == std::vector<std::string>{"70:1-2", "71:3-4"});
+}
+
+TEST_CASE("the number of a job is found in every language of lp")
+{
+    const auto number = [](const char *answer, const char *printer) {
+        return jobNumberIn(QString::fromUtf8(answer), QString::fromUtf8(printer));
+    };
+    CHECK(number("request id is Office-2-123 (1 file(s))\n", "Office-2") == "123");
+    CHECK(number("要求された ID は 紙-7（1 個のファイル）です\n", "紙") == "7");
+    CHECK(number("", "紙").empty());
+    CHECK(number("request id is unknown\n", "紙").empty());
+    CHECK(number("紙-", "紙").empty());
 }
 
 TEST_CASE("the pages of the submitted PDF are moved by the offset in tenths of a millimetre")

@@ -1,12 +1,15 @@
-// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened]. The letters
-// are those of the script; the printer is invented. With --as-opened, the window has the size that fits the screen.
+// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened] [--ledger FILE].
+// The letters are those of the script; the printer is invented. The ledger is a new one, or one to which each call adds its
+// print. With --as-opened, the window has the size that fits the screen.
 
 #include "desktop_theme/theme.h"
 #include "support/save_picture.h"
 #include "viewer/window/viewer_style.h"
 #include "viewer/window/viewer_window.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest/QTest>
 
@@ -17,13 +20,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-ViewerServices servicesWithPrinter()
+ViewerServices inventedServices(const QString &ledgerFile)
 {
     ViewerServices services = realServices();
     services.printers = [] {
         return std::vector<PrinterChoice>{{u"事務所のプリンター"_s, {}, true, QPrinter::DuplexLongSide}};
     };
     services.settingsFile = u"/dev/null"_s;
+    services.paths.spool = [](const SpoolJob &, const std::function<bool()> &) {
+        return SpoolResult{SpoolResult::End::taken, {}, "1"};
+    };
+    services.ledgerPath = [file = ledgerFile.toStdString()](const LedgerSettings &) { return file; };
     return services;
 }
 
@@ -31,9 +38,9 @@ enum class WindowSize { forAll, asOpened };
 
 class ViewerPhotographer {
 public:
-    ViewerPhotographer(const std::string &script, QString folder, QString ending)
-        : m_window(script, std::make_unique<OpenLetters>(script), servicesWithPrinter()), m_folder(std::move(folder)),
-          m_ending(std::move(ending))
+    ViewerPhotographer(const std::string &script, QString folder, QString ending, const QString &ledger)
+        : m_window(script, std::make_unique<OpenLetters>(script), inventedServices(ledger)),
+          m_folder(std::move(folder)), m_ending(std::move(ending))
     {
     }
     void run(WindowSize size)
@@ -46,6 +53,12 @@ public:
         take(m_window, u"viewer"_s);
         inDialog([this] { m_window.askPrint(); }, u"viewer-print"_s);
         inDialog([this] { m_window.askPdf(); }, u"viewer-pdf"_s);
+        inDialog([this] { m_window.findChild<QAction *>(u"ledgerSettings"_s)->trigger(); },
+                 u"viewer-ledger-settings"_s);
+        PrintOrder order;
+        order.printer = u"事務所のプリンター"_s;
+        m_window.print(order);
+        take(m_window, u"viewer-ledger"_s);
     }
 
 private:
@@ -79,7 +92,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened]\n", stderr);
+        std::fputs("usage: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened] [--ledger FILE]\n", stderr);
         return 2;
     }
     const bool dark = arguments.contains(u"--dark"_s);
@@ -87,7 +100,10 @@ int main(int argc, char **argv)
     applyStyle(application);
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s);
     const QString ending = (scale == u"1"_s ? QString() : u"@%1x"_s.arg(scale)) + (dark ? u"-dark"_s : QString());
-    ViewerPhotographer(arguments[1].toStdString(), arguments[2], ending)
+    const QTemporaryDir empty;
+    const qsizetype ledger = arguments.indexOf(u"--ledger"_s);
+    ViewerPhotographer(arguments[1].toStdString(), arguments[2], ending,
+                       ledger < 0 ? empty.filePath(u"台帳.db"_s) : arguments.value(ledger + 1))
         .run(arguments.contains(u"--as-opened"_s) ? WindowSize::asOpened : WindowSize::forAll);
     return 0;
 }

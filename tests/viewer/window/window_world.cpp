@@ -123,6 +123,15 @@ ViewerServices WindowWorld::services()
         return pdfFolder;
     };
     services.today = [] { return DateSerial(2024, 5, 20); };
+    services.now = [this] { return now; };
+    if (!ledgerFile.empty())
+        services.ledgerPath = [this](const LedgerSettings &settings) {
+            return settings.isUsed ? ledgerFile : std::string();
+        };
+    services.mayErase = [this](QWidget *, const QString &text) {
+        messages.push_back(text);
+        return mayErase;
+    };
     services.settingsFile = QString::fromStdString(folder / "settings.ini");
     return services;
 }

@@ -64,6 +64,9 @@ struct WindowWorld {
     std::vector<QString> offeredFolders; ///< the folders in which the file dialogs were opened
     std::vector<QString> offeredNames;   ///< of PDF files
     bool mayReplace = true;
+    std::string ledgerFile; ///< empty: there is no ledger
+    Date now = dateOf({2024, 5, 20, 10, 32, 0});
+    bool mayErase = true;
     std::unique_ptr<ViewerWindow> window;
 };
 

@@ -1,0 +1,80 @@
+#include "system/whole_file.h"
+#include "viewer/paint/degraded_page.h"
+#include "viewer/paint/scanned_pages.h"
+#include "viewer/pdf/letters_pdf.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <QString>
+
+#include <cstdio>
+#include <cstdlib>
+#include <numeric>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+/// 24 pages; the whole proof of 300 is run with ININ_SCANNED_PAGES=300. ININ_SCANNED_FOLDER keeps the pages for a look.
+int pagesToRead()
+{
+    const char *const pages = std::getenv("ININ_SCANNED_PAGES");
+    return pages == nullptr ? 24 : std::max(24, std::atoi(pages));
+}
+
+void keep(const QImage &page, int number)
+{
+    if (const char *const folder = std::getenv("ININ_SCANNED_FOLDER"); folder != nullptr)
+        page.save(QString::fromUtf8(folder) + QString("/%1.png").arg(number, 3, 10, QChar('0')));
+}
+
+std::vector<std::string> lettersOf(int form, int count)
+{
+    std::vector<std::string> codes;
+    for (int i = 1; i <= count; ++i) {
+        const std::string number = std::to_string(10'000'000 + 1'000 * form + i).substr(1);
+        codes.push_back("271828-" + number + "-" + std::to_string(10 + (i * 37 + form) % 90));
+    }
+    return codes;
+}
+
+/// Writes letters with these codes on a supplied form as a PDF.
+std::string printed(const TempFolder &folder, const char *form, const std::vector<std::string> &codes)
+{
+    const LetterSet set = lettersOn(readWholeFile(std::string(ININ_SITE) + "/forms/" + form),
+                                    std::vector<Row>(codes.size(), longestRow()));
+    Fonts fonts;
+    LetterRenderer renderer(set, fonts);
+    renderer.setCodes(codes);
+    std::vector<std::size_t> letters(codes.size());
+    std::iota(letters.begin(), letters.end(), std::size_t{0});
+    REQUIRE(writeLettersPdf(folder / "letters.pdf", renderer, letters));
+    return folder / "letters.pdf";
+}
+
+} // namespace
+
+TEST_CASE("stained, rotated and noisy prints of the three forms are read without a wrong code")
+{
+    const int each = pagesToRead() / 3;
+    int read = 0, wrong = 0, number = 0;
+    for (int form = 0; form < 3; ++form) {
+        const TempFolder folder;
+        const std::vector<std::string> codes = lettersOf(form, each);
+        ScannedFile file(printed(folder, kForms[form], codes));
+        REQUIRE(file.pages() == each);
+        for (int page = 0; page < each; ++page, ++number) {
+            const QImage scan = degradedPage(file.page(page), number);
+            keep(scan, number);
+            std::string expected = codes[static_cast<std::size_t>(page)];
+            std::erase(expected, '-');
+            for (const std::string &code : codesOn(scan)) ++(code == expected ? read : wrong);
+        }
+    }
+    std::printf("read %d of %d pages, %d wrong\n", read, number, wrong);
+    CHECK(wrong == 0);
+    CHECK(100 * read >= 99 * number);
+}

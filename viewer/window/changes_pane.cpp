@@ -1,0 +1,50 @@
+#include "viewer/window/changes_pane.h"
+
+#include "viewer/window/cut_text.h"
+
+#include <QHeaderView>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+ChangesPane::ChangesPane(QWidget *parent)
+    : QWidget(parent), m_heading(new CutLabel(this)), m_table(new QTreeWidget(this))
+{
+    setObjectName(u"changesPane"_s);
+    m_heading->setObjectName(u"changesHeading"_s);
+    m_table->setObjectName(u"changesTable"_s);
+    m_table->setAccessibleName(u"前回との違い"_s);
+    m_table->setRootIsDecorated(false);
+    m_table->setUniformRowHeights(true);
+    m_table->setAllColumnsShowFocus(true);
+    constexpr int kRows = 3, kRowPadding = 4;
+    m_table->setFixedHeight(m_table->header()->sizeHint().height() +
+                            kRows * (m_table->fontMetrics().lineSpacing() + kRowPadding));
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_heading);
+    layout->addWidget(m_table);
+    hide();
+}
+
+void ChangesPane::showTable(const QString &heading, const QStringList &heads, const QList<QStringList> &rows)
+{
+    m_heading->setLine(heading);
+    m_table->clear();
+    m_table->setHeaderLabels(heads);
+    for (const QStringList &texts : rows) {
+        auto *const row = new QTreeWidgetItem(m_table, texts);
+        for (int column = 0; column < static_cast<int>(texts.size()); ++column)
+            row->setToolTip(column, texts[column]); // a long text is cut
+    }
+    const int wide = m_table->viewport()->width() / std::max<int>(1, static_cast<int>(heads.size()));
+    for (int column = 0; column + 1 < static_cast<int>(heads.size()); ++column) m_table->setColumnWidth(column, wide);
+    show();
+}
+
+} // namespace inin::viewer
