@@ -80,12 +80,13 @@ bool compareKind(const LetterJob &job, const PdfKind &kind, const fs::path &fold
     std::vector<std::string> words{(folder / "formviewer").string(), "--pdf", job.file(kind.file)};
     if (kind.option != nullptr) words.emplace_back(kind.option);
     words.push_back(job.script());
-    const auto [ours, plain, ratio] =
-        raceOf({words, job.file("out")},
-               {{(folder / "plain_letters").string(), job.file("plain.job"), job.file("plain.pdf")}, job.file("out")}, kRuns);
+    const auto [ours, plain, ratio] = raceOf(
+        {words, job.file("out")},
+        {{(folder / "plain_letters").string(), job.file("plain.job"), job.file("plain.pdf")}, job.file("out")}, kRuns);
     const auto [found, expected] = textsFound(job, kind.file);
     const double size = static_cast<double>(fs::file_size(job.file(kind.file)));
-    fmt::print("bench_letters: {}: letters {}, texts on their own pages {} of {}\n", kind.name, kLetters, found, expected);
+    fmt::print("bench_letters: {}: letters {}, texts on their own pages {} of {}\n", kind.name, kLetters, found,
+               expected);
     fmt::print("bench_letters: {}: form viewer   {:.3f} s, {:.1f} MB at the peak (aim: below 60 MB)\n", kind.name,
                ours.seconds, ours.megabytes);
     fmt::print("bench_letters: {}: plain program {:.3f} s, {:.1f} MB at the peak\n", kind.name, plain.seconds,

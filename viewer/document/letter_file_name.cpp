@@ -56,7 +56,9 @@ public:
     [[nodiscard]] std::string text(std::string_view pattern, std::string_view between) const
     {
         if (!m_from) return {};
-        const auto written = [&](const Month &month) { return formattedDate(month.date, pattern).value_or(month.order); };
+        const auto written = [&](const Month &month) {
+            return formattedDate(month.date, pattern).value_or(month.order);
+        };
         if (m_from->order == m_to->order) return written(*m_from);
         return fmt::format("{}{}{}", written(*m_from), between, written(*m_to));
     }

@@ -59,7 +59,9 @@ bool isRectangle(const Path &path)
     constexpr std::size_t kSteps = 5;
     if (path.size() < kSteps || path.size() > kSteps + 1) return false;
     const Box bounds = boundsOf(path);
-    const auto isOn = [](double value, double a, double b) { return std::abs(value - a) < 0.01 || std::abs(value - b) < 0.01; };
+    const auto isOn = [](double value, double a, double b) {
+        return std::abs(value - a) < 0.01 || std::abs(value - b) < 0.01;
+    };
     return std::ranges::all_of(path, [&](const PathStep &step) {
         if (step.kind == PathStep::Kind::close) return true;
         return step.kind != PathStep::Kind::curve && isOn(step.points[0].x, bounds.left, bounds.right()) &&

@@ -138,11 +138,13 @@ private:
     }
     static std::vector<Units> rows(Units units)
     {
-        return parts(std::move(units), [](const Box &box) { return box.top; }, &Box::bottom);
+        return parts(
+            std::move(units), [](const Box &box) { return box.top; }, &Box::bottom);
     }
     static std::vector<Units> columns(Units units)
     {
-        return parts(std::move(units), [](const Box &box) { return box.left; }, &Box::right);
+        return parts(
+            std::move(units), [](const Box &box) { return box.left; }, &Box::right);
     }
 
     static void divide(const Units &units, std::vector<ReadingLine> &lines)

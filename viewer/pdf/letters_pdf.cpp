@@ -22,16 +22,16 @@ namespace {
 
 constexpr std::size_t kPagesBetweenReports = 100;
 constexpr std::size_t kPagesInNode = 100; ///< of the page tree, so that a reader finds a page of many quickly
-constexpr std::size_t kPageRow = 100; ///< for a page's object with numbers of up to seven digits
+constexpr std::size_t kPageRow = 100;     ///< for a page's object with numbers of up to seven digits
 constexpr double kNoMove = 0.005;
 
 class LettersPdf {
 public:
     LettersPdf(AtomicFile &out, LetterRenderer &renderer, const PdfOptions &options)
-        : m_renderer(renderer), m_options(options), m_file(out), m_pageObjects(m_file, kPageRow), m_fonts(m_file, missingGlyphs(options)),
-          m_paper(renderer.paperSize()), m_catalog(m_file.reserve()), m_pages(m_file.reserve()),
-          m_resources(m_file.reserve()), m_forms(m_file, m_fonts, m_resources), m_plain(m_fonts, m_paper.y),
-          m_tagged(m_fonts, m_paper.y)
+        : m_renderer(renderer), m_options(options), m_file(out), m_pageObjects(m_file, kPageRow),
+          m_fonts(m_file, missingGlyphs(options)), m_paper(renderer.paperSize()), m_catalog(m_file.reserve()),
+          m_pages(m_file.reserve()), m_resources(m_file.reserve()), m_forms(m_file, m_fonts, m_resources),
+          m_plain(m_fonts, m_paper.y), m_tagged(m_fonts, m_paper.y)
     {
         if (!isTagged()) return;
         m_structure.emplace(m_file);
@@ -82,8 +82,8 @@ private:
         const int page = m_file.reserve();
         m_body.clear();
         if (m_pageNumbers.size() % kPagesInNode == 0) m_pageNodes.push_back(m_file.reserve());
-        fmt::format_to(std::back_inserter(m_body), "<</Type/Page/Parent {:7} 0 R/Resources {} 0 R",
-                       m_pageNodes.back(), m_resources);
+        fmt::format_to(std::back_inserter(m_body), "<</Type/Page/Parent {:7} 0 R/Resources {} 0 R", m_pageNodes.back(),
+                       m_resources);
         if (isTagged())
             paintTagged(letter, layout, page);
         else
@@ -133,18 +133,18 @@ private:
         std::string entries = fmt::format("<</Type/Catalog/Pages {} 0 R/Lang(ja)", m_pages);
         const auto out = std::back_inserter(entries);
         if (isTagged()) {
-            fmt::format_to(out, "/MarkInfo<</Marked true>>/StructTreeRoot {} 0 R/Metadata {} 0 R",
-                           m_structure->write(), writeMetadata(title));
+            fmt::format_to(out, "/MarkInfo<</Marked true>>/StructTreeRoot {} 0 R/Metadata {} 0 R", m_structure->write(),
+                           writeMetadata(title));
             // The outline is shown at once where it helps to find a letter.
             if (m_pageNumbers.size() > 1)
                 fmt::format_to(out, "/Outlines {} 0 R/PageMode/UseOutlines", m_outline->write(m_file));
         }
         if (m_options.purpose == PdfPurpose::archive)
-            fmt::format_to(out, "/OutputIntents[<</Type/OutputIntent/S/GTS_PDFA1/OutputConditionIdentifier(sRGB)"
-                                "/Info(sRGB)/DestOutputProfile {} 0 R>>]",
+            fmt::format_to(out,
+                           "/OutputIntents[<</Type/OutputIntent/S/GTS_PDFA1/OutputConditionIdentifier(sRGB)"
+                           "/Info(sRGB)/DestOutputProfile {} 0 R>>]",
                            writeProfile());
-        fmt::format_to(out, "/ViewerPreferences<</PrintScaling/None{}>>>>",
-                       isTagged() ? "/DisplayDocTitle true" : "");
+        fmt::format_to(out, "/ViewerPreferences<</PrintScaling/None{}>>>>", isTagged() ? "/DisplayDocTitle true" : "");
         m_file.writeObject(m_catalog, entries);
     }
 

@@ -20,7 +20,7 @@ enum class PdfPurpose {
 
 struct PdfOptions {
     PdfPurpose purpose = PdfPurpose::reading;
-    Point shift = {};  ///< of all pages, in points to the right and downwards
+    Point shift = {};       ///< of all pages, in points to the right and downwards
     std::string title = {}; ///< of the document; empty for the kind and the months of the letters
 };
 

@@ -23,12 +23,15 @@ constexpr int kKindBytes = 1, kPlaceBytes = 5, kIndexBytes = 2, kRowBytes = kKin
 std::string differences(std::string_view rows, std::size_t width)
 {
     constexpr char kUp = 2;
-    std::string out;
-    out.reserve(rows.size() + rows.size() / width);
+    std::string out(rows.size() + rows.size() / width, kUp);
+    std::string_view above;
+    std::size_t to = 0;
     for (std::size_t begin = 0; begin < rows.size(); begin += width) {
-        out += kUp;
-        for (std::size_t i = begin; i < begin + width; ++i)
-            out += static_cast<char>(begin == 0 ? rows[i] : rows[i] - rows[i - width]);
+        const std::string_view row = rows.substr(begin, width);
+        ++to; // the kind of difference
+        for (std::size_t i = 0; i < width; ++i, ++to)
+            out[to] = static_cast<char>(above.empty() ? row[i] : row[i] - above[i]);
+        above = row;
     }
     return out;
 }
@@ -45,7 +48,8 @@ class PdfFile::Deflater {
 public:
     explicit Deflater(int level, int window = MAX_WBITS, int memory = MAX_MEM_LEVEL - 1)
     {
-        if (deflateInit2(&m_stream, level, Z_DEFLATED, window, memory, Z_DEFAULT_STRATEGY) != Z_OK) throw RuntimeError(error_number::outOfMemory);
+        if (deflateInit2(&m_stream, level, Z_DEFLATED, window, memory, Z_DEFAULT_STRATEGY) != Z_OK)
+            throw RuntimeError(error_number::outOfMemory);
     }
     Deflater(const Deflater &) = delete;
     Deflater &operator=(const Deflater &) = delete;

@@ -48,7 +48,8 @@ int PdfStructure::writeParents()
     for (std::size_t begin = 0; begin < m_paragraphs.size(); begin += kLeaf) {
         const std::size_t end = std::min(begin + kLeaf, m_paragraphs.size());
         std::string leaf = fmt::format("<</Limits[{} {}]/Nums[", begin, end - 1);
-        for (std::size_t i = begin; i < end; ++i) fmt::format_to(std::back_inserter(leaf), "{} {} 0 R ", i, m_paragraphs[i]);
+        for (std::size_t i = begin; i < end; ++i)
+            fmt::format_to(std::back_inserter(leaf), "{} {} 0 R ", i, m_paragraphs[i]);
         const int number = m_file.reserve();
         m_file.packObject(number, leaf + "]>>");
         fmt::format_to(std::back_inserter(kids), "{} 0 R ", number);

@@ -60,7 +60,8 @@ void TaggedPainter::beginText(std::size_t command)
         closeLine();
         return openLine();
     }
-    while (!paintNextPiece(command)) {}
+    while (!paintNextPiece(command)) {
+    }
     openLine();
 }
 

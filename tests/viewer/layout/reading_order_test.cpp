@@ -51,8 +51,8 @@ std::vector<std::string> linesOf(const std::string &svg)
 
 std::string textAt(int x, int y, const std::string &text, const std::string &attributes = {})
 {
-    return "<text x='" + std::to_string(x) + "' y='" + std::to_string(y) + "' font-size='4' " + attributes + ">" + text +
-           "</text>";
+    return "<text x='" + std::to_string(x) + "' y='" + std::to_string(y) + "' font-size='4' " + attributes + ">" +
+           text + "</text>";
 }
 
 } // namespace

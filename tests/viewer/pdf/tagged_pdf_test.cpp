@@ -1,0 +1,229 @@
+#include "runtime/utf8.h"
+#include "viewer/pdf/letters_pdf.h"
+#include "viewer/pdf/pdf_objects.h"
+#include "viewer/pdf/pdf_text.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <sstream>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+struct Tagged {
+    TempFolder folder;
+    LetterSet set;
+    Fonts fonts;
+    LetterRenderer renderer;
+    std::vector<std::size_t> letters;
+    std::string pdf = folder / "out.pdf";
+
+    explicit Tagged(LetterSet given, const PdfOptions &options = {}) : set(std::move(given)), renderer(set, fonts)
+    {
+        letters.resize(set.size());
+        std::iota(letters.begin(), letters.end(), std::size_t{0});
+        REQUIRE(writeLettersPdf(pdf, renderer, letters, {}, options));
+    }
+    /// What another program prints about the file.
+    [[nodiscard]] std::string printed(const std::string &command) const
+    {
+        REQUIRE(std::system((command + " '" + pdf + "' > '" + pdf + ".out'").c_str()) == 0);
+        return bytesOf(pdf + ".out");
+    }
+};
+
+LetterSet lettersOfForm(const char *form, const std::vector<Row> &rows)
+{
+    const TempFolder folder;
+    return openScript(writePrintJob(folder, form, rows));
+}
+
+Row rowOf(const std::string &insurer, const std::string &patient, const std::string &begin = "2026/11/01")
+{
+    Row row = ordinaryRow();
+    row["保険者名"] = insurer;
+    row["利用者氏名"] = patient;
+    row["対象開始日"] = row["対象終了日"] = begin;
+    return row;
+}
+
+std::string textString(const std::string &text)
+{
+    std::string hex;
+    appendTextString(hex, text);
+    std::ranges::transform(hex, hex.begin(),
+                           [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return hex;
+}
+
+/// The operators of a content stream that paint, and whether all of them are inside marked content.
+bool isAllMarked(const std::string &content)
+{
+    int depth = 0;
+    std::size_t painting = 0;
+    std::istringstream lines(content);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.ends_with("BDC") || line.ends_with("BMC")) ++depth;
+        if (line.ends_with("EMC")) --depth;
+        const bool paints = line.ends_with("Tj") || line.ends_with("TJ") || line.ends_with(" Do") || line == "f" ||
+                            line == "S" || line == "B" || line == "f*" || line == "B*";
+        if (paints) ++painting;
+        if (paints && depth == 0) return false;
+    }
+    return painting > 0 && depth == 0;
+}
+
+} // namespace
+
+TEST_CASE("the text of a page is extracted in the order of reading, each label with its value")
+{
+    const Tagged pdf(lettersOfForm(kForm, {ordinaryRow()}));
+    const std::string page = pagesOf(pdf.pdf).at(0);
+    CHECK(contains(page, "委任の内容\n"));
+    CHECK(contains(page, "委任する期間 令和6年5月1日 から 令和6年5月31日 まで\n"));
+    CHECK(contains(page, "代表者氏名 山﨑太郎 印\n"));
+    CHECK(contains(page, "上記のとおり委任します。 令和6年"));
+    CHECK(page.find("施術を受けた者 髙橋花子") < page.find("同 住所 香川県高松市番町１丁目２番３号"));
+}
+
+TEST_CASE("the structure has a section for each letter, with a paragraph for each line in the order of reading")
+{
+    const Tagged pdf(
+        lettersOn(svgPage("<rect x='5' y='5' width='9' height='9'/><text x='60' y='20'>{{利用者氏名}}</text>"
+                          "<text x='10' y='20'>氏名</text><text x='10' y='60'>表題</text>"),
+                  {rowOf("甲市", "山田"), rowOf("甲市", "川田")}));
+    CHECK(pdf.printed("pdfinfo -struct-text") == "Document\n"
+                                                 "  Sect\n"
+                                                 "    P (block)\n      \"氏名 山田\"\n"
+                                                 "    P (block)\n      \"表題\"\n"
+                                                 "  Sect\n"
+                                                 "    P (block)\n      \"氏名 川田\"\n"
+                                                 "    P (block)\n      \"表題\"\n");
+    CHECK(contains(pdf.printed("pdfinfo"), "Tagged:          yes\n"));
+}
+
+TEST_CASE("everything on a page is in a line or an artifact, and each line has its paragraph in the parent tree")
+{
+    for (const char *form : kForms) {
+        CAPTURE(std::string(form));
+        const Tagged pdf(lettersOfForm(form, {ordinaryRow(), longestRow(), Row{}, oddRow()}));
+        const PdfObjects file(pdf.pdf);
+        const std::string tree = file.object(PdfObjects::reference(file.catalog(), "StructTreeRoot"));
+        const std::string parents = file.object(PdfObjects::reference(tree, "ParentTree"));
+        const std::string leaf = file.object(PdfObjects::references(parents).at(0));
+        const std::vector<int> lists = PdfObjects::references(leaf.substr(leaf.find("/Nums")));
+        const std::vector<int> pages = file.having("/Type /Page");
+        REQUIRE(pages.size() == 4);
+        REQUIRE(lists.size() == 4);
+        for (const int page : pages) {
+            const std::string &entries = file.object(page);
+            const std::string content = file.stream(PdfObjects::reference(entries, "Contents"));
+            CHECK(isAllMarked(content));
+            CHECK(contains(entries, "/Tabs /S"));
+            const auto key = static_cast<std::size_t>(PdfObjects::integer(entries, "StructParents"));
+            const std::vector<int> paragraphs = PdfObjects::references(file.object(lists.at(key)));
+            REQUIRE(!paragraphs.empty());
+            for (std::size_t i = 0; i < paragraphs.size(); ++i) {
+                const std::string &paragraph = file.object(paragraphs[i]);
+                CHECK(contains(content, "/MCID " + std::to_string(i) + ">>BDC"));
+                CHECK(PdfObjects::integer(paragraph, "K") == static_cast<int>(i));
+                CHECK(PdfObjects::reference(paragraph, "Pg") == page);
+            }
+            CHECK_FALSE(contains(content, "/MCID " + std::to_string(paragraphs.size()) + ">>"));
+        }
+    }
+}
+
+TEST_CASE("a tagged PDF has its language, and its title with kind and months instead of the file's name")
+{
+    LetterSet set = lettersOn(svgPage("<title>委任状（標準）</title><text x='9' y='9'>{{利用者氏名}}</text>"),
+                              {rowOf("甲市", "山田"), rowOf("甲市", "川田", "2027/01/05")});
+    set.title = "委任状";
+    const Tagged pdf(std::move(set));
+    CHECK(contains(pdf.printed("pdfinfo"), "Title:           委任状（標準）　令和8年11月～令和9年1月\n"));
+    const std::string catalog = PdfObjects(pdf.pdf).catalog();
+    CHECK(contains(catalog, "/Lang (ja)"));
+    CHECK(contains(catalog, "/DisplayDocTitle true"));
+    CHECK(contains(catalog, "/Marked true"));
+    CHECK(contains(pdf.printed("pdfinfo -meta"),
+                   "<rdf:li xml:lang=\"x-default\">委任状（標準）　令和8年11月～令和9年1月</rdf:li>"));
+    const Tagged named(lettersOn(svgPage("<text x='9' y='9'>{{利用者氏名}}</text>"), {ordinaryRow()}),
+                       {PdfPurpose::reading, {}, "甲市　三枚"});
+    CHECK(contains(named.printed("pdfinfo"), "Title:           甲市　三枚\n"));
+}
+
+TEST_CASE("the outline lists the insurers with their patients, in the order of the letters")
+{
+    const Tagged pdf(lettersOn(svgPage("<text x='9' y='9'>{{利用者氏名}}</text>"),
+                               {rowOf("乙市", "山田"), rowOf("甲市", "川田"), rowOf("乙市", "髙橋"), rowOf("", "林")}));
+    const PdfObjects file(pdf.pdf);
+    const auto titlesBelow = [&](int parent) {
+        std::vector<std::string> titles;
+        for (int entry = PdfObjects::reference(file.object(parent), "First"); entry != 0;
+             entry = PdfObjects::reference(file.object(entry), "Next"))
+            titles.push_back(file.object(entry));
+        return titles;
+    };
+    const int root = PdfObjects::reference(file.catalog(), "Outlines");
+    REQUIRE(root != 0);
+    const auto insurers = titlesBelow(root);
+    REQUIRE(insurers.size() == 3);
+    const char *const expected[] = {"乙市", "甲市", "林"};
+    for (std::size_t i = 0; i < 3; ++i) CHECK(contains(insurers[i], "/Title " + textString(expected[i])));
+    CHECK(contains(insurers[0], "/Count -2\n"));
+    const std::vector<int> pages = PdfObjects::references([&] {
+        const std::string &tree = file.object(PdfObjects::reference(file.catalog(), "Pages"));
+        const std::string &node = file.object(PdfObjects::references(tree.substr(tree.find("/Kids"))).at(0));
+        return node.substr(node.find("/Kids"), node.find(']') - node.find("/Kids"));
+    }());
+    REQUIRE(pages.size() == 4);
+    const int first = PdfObjects::reference(insurers[0], "First"), last = PdfObjects::reference(insurers[0], "Last");
+    CHECK(contains(file.object(first), "/Title " + textString("山田")));
+    CHECK(contains(file.object(last), "/Title " + textString("髙橋")));
+    CHECK(PdfObjects::references(file.object(last).substr(file.object(last).find("/Dest"))).at(0) == pages[2]);
+}
+
+TEST_CASE("a PDF of one letter has no outline, and one for printing has neither tags nor metadata")
+{
+    const LetterSet one = lettersOn(svgPage("<text x='9' y='9'>{{利用者氏名}}</text>"), {ordinaryRow()});
+    CHECK_FALSE(contains(PdfObjects(Tagged(one).pdf).catalog(), "/Outlines"));
+    const Tagged printing(lettersOn(svgPage("<text x='9' y='9'>{{利用者氏名}}</text>"), {ordinaryRow(), ordinaryRow()}),
+                          {PdfPurpose::printing});
+    const PdfObjects file(printing.pdf);
+    for (const char *entry : {"/Outlines", "/StructTreeRoot", "/Metadata"})
+        CHECK_FALSE(contains(file.catalog(), entry));
+    CHECK(printing.printed("pdfinfo -struct").empty());
+}
+
+TEST_CASE("a tagged page looks like an untagged one")
+{
+    for (const char *form : kForms) {
+        CAPTURE(std::string(form));
+        std::string pictures[2];
+        for (const PdfPurpose purpose : {PdfPurpose::reading, PdfPurpose::printing}) {
+            const Tagged pdf(lettersOfForm(form, {longestRow()}), {purpose});
+            REQUIRE(std::system(("pdftoppm -r 75 -gray -singlefile '" + pdf.pdf + "' '" + pdf.pdf + "'").c_str()) == 0);
+            pictures[purpose == PdfPurpose::printing] = bytesOf(pdf.pdf + ".pgm");
+        }
+        CHECK(pictures[0] == pictures[1]);
+    }
+}
+
+TEST_CASE("more letters than fit into one stream of objects keep their order")
+{
+    std::vector<Row> rows;
+    for (int i = 0; i < 950; ++i) rows.push_back(rowOf("甲" + std::to_string(i / 7), "名" + std::to_string(i)));
+    const Tagged pdf(lettersOn(svgPage("<text x='9' y='9'>氏名</text><text x='40' y='9'>{{利用者氏名}}</text>"), rows));
+    const auto pages = pagesOf(pdf.pdf);
+    REQUIRE(pages.size() == 950);
+    for (const std::size_t page : {0, 99, 100, 399, 949}) CHECK(packed(pages[page]) == "氏名名" + std::to_string(page));
+    CHECK(std::system(("qpdf --check '" + pdf.pdf + "' >/dev/null 2>&1").c_str()) == 0);
+    const std::string structure = pdf.printed("pdfinfo -struct-text");
+    CHECK(contains(structure, "\"氏名 名949\""));
+}
