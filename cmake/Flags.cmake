@@ -29,6 +29,11 @@ if(ININ_SANITIZE)
     target_link_options(inin_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+# The same sources make the same programs in every folder.
+if(NOT MSVC)
+    target_compile_options(inin_flags INTERFACE "$<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>")
+endif()
+
 # Hardening, so that damage to memory ends a program instead of being exploited; tests/hardening/check-program checks it.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)

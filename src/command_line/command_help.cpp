@@ -1,5 +1,7 @@
 #include "command_line/command_help.h"
 
+#include "system/program_version.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -16,6 +18,7 @@ constexpr HelpText kOption{"オプション", "OPTIONS"}, kOptions{"オプショ
 constexpr HelpText kValue{"値", "VALUE"}, kRequired{"（必須）", " (required)"},
     kDefault{"（既定：{}）", " (default: {})"};
 constexpr HelpText kHelp{"この説明を表示します。", "Shows this help."};
+constexpr HelpText kVersion{"バージョンを表示します。", "Shows the version."};
 constexpr HelpText kRefused{
     "コマンドラインが正しくありません。使い方は {} --help で見られます。（{}）",
     "Invalid command line. See {} --help. ({})",
@@ -120,6 +123,13 @@ void setHelpLanguage(CLI::App &app, HelpLanguage language)
 {
     app.formatter(std::make_shared<HelpPage>(language));
     app.set_help_flag("-h,--help", kHelp.in(language));
+    app.set_version_flag("--version", fmt::format("{} {}", app.get_name(), programVersion()), kVersion.in(language));
+}
+
+std::string requestedText(const CLI::App &app, const CLI::Success &request)
+{
+    // A request for the version has it as its words.
+    return dynamic_cast<const CLI::CallForVersion *>(&request) != nullptr ? request.what() : app.help();
 }
 
 std::string refusedCommandLine(std::string_view program, std::string_view words, HelpLanguage language)

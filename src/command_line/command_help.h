@@ -26,8 +26,11 @@ struct HelpText {
 };
 
 /// Makes `app`, and the subcommands that are added afterwards, print their help page in this language, with the words of
-/// the page itself too. An option's option_text() is the name of its value; a positional's is its name on the page.
+/// the page itself too. An option's option_text() is the name of its value; a positional's is its name on the page. Gives
+/// `app` the option --version too. A parse that meets --help or --version throws CLI::Success.
 void setHelpLanguage(CLI::App &app, HelpLanguage language);
+/// The text that --help or --version asked for.
+[[nodiscard]] std::string requestedText(const CLI::App &app, const CLI::Success &request);
 
 /// The sentence for a command line that the parser refused, with the parser's own words in brackets.
 [[nodiscard]] std::string refusedCommandLine(std::string_view program, std::string_view words, HelpLanguage language);

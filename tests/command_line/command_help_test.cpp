@@ -1,4 +1,5 @@
 #include "command_line/command_help.h"
+#include "system/program_version.h"
 
 #include <doctest/doctest.h>
 
@@ -29,6 +30,7 @@ TEST_CASE("the Japanese help page has no English word of the parser, and its col
                                             "  ファイル                CSV（必須）\n"
                                             "\nオプション:\n"
                                             "  -h,--help               この説明を表示します。\n"
+                                            "  --version               バージョンを表示します。\n"
                                             "  --limit 値              上限（既定：10）\n"
                                             "  --quiet-and-without-any-line\n"
                                             "                          静か\n"
@@ -46,6 +48,22 @@ TEST_CASE("the English help page is in English throughout")
                            "  FILE                    CSV (required)\n"
                            "\nOptions:\n"
                            "  -h,--help               Shows this help.\n"));
+}
+
+TEST_CASE("--version asks for the program's name and version, and --help for the help page")
+{
+    CLI::App app("委任状を数えます。", "count");
+    setHelpLanguage(app, HelpLanguage::japanese);
+    const auto asked = [&app](const char *option) -> std::string {
+        try {
+            app.parse(std::vector<std::string>{option});
+        } catch (const CLI::Success &request) {
+            return requestedText(app, request);
+        }
+        return "nothing";
+    };
+    CHECK(asked("--version") == "count " + std::string(programVersion()));
+    CHECK(asked("--help") == app.help());
 }
 
 TEST_CASE("an English locale selects English, and the first locale that names a language decides")

@@ -123,8 +123,8 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back
         app.parse(std::move(arguments));
-    } catch (const CLI::CallForHelp &) {
-        return ShowHelp{app.help()};
+    } catch (const CLI::Success &request) {
+        return ShowHelp{requestedText(app, request)};
     } catch (const CLI::ParseError &error) {
         return BadCommandLine{"formviewer: " + refusedCommandLine("formviewer", error.what(), language)};
     }

@@ -272,7 +272,11 @@ std::u32string Font::charactersOf(std::uint32_t text) const
 Path Font::outlineOf(std::uint32_t glyph) const
 {
     OutlinePen pen{{}, m_faces->scale / 1000};
+#if HB_VERSION_ATLEAST(7, 0, 0)
+    hb_font_draw_glyph(m_faces->font.get(), glyph, m_faces->draw.get(), &pen);
+#else
     hb_font_get_glyph_shape(m_faces->font.get(), glyph, m_faces->draw.get(), &pen);
+#endif
     return std::move(pen.path);
 }
 

@@ -1,5 +1,6 @@
 #include "viewer/window/ledger_dialog.h"
 
+#include "viewer/window/help_window.h"
 #include "viewer/window/qt_text.h"
 
 #include <QCheckBox>
@@ -21,6 +22,7 @@ LedgerDialog::LedgerDialog(const LedgerSettings &settings, QWidget *parent)
       m_place(new QLineEdit(this)), m_path(nullptr), m_result(nullptr), m_erase(nullptr)
 {
     setObjectName(u"ledgerDialog"_s);
+    addHelpKey(this);
     setWindowTitle(u"台帳の設定"_s);
     m_off->setObjectName(u"ledgerOff"_s);
     m_off->setChecked(!settings.isUsed);

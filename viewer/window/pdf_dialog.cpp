@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/document/letter_file_name.h"
+#include "viewer/window/help_window.h"
 #include "viewer/window/open_letters.h"
 #include "viewer/window/qt_text.h"
 
@@ -23,6 +24,7 @@ PdfDialog::PdfDialog(const OpenLetters &letters, ViewerSettings &settings, QWidg
     : QDialog(parent), m_letters(letters), m_settings(settings)
 {
     setObjectName(u"pdfDialog"_s);
+    addHelpKey(this);
     setWindowTitle(u"PDF に保存"_s);
     auto *const buttons = new QDialogButtonBox(this);
     m_save = buttons->addButton(u"保存先を選ぶ(&S)…"_s, QDialogButtonBox::AcceptRole);

@@ -1,6 +1,7 @@
 #include "viewer/window/print_dialog.h"
 
 #include "viewer/document/letter_ticks.h"
+#include "viewer/window/help_window.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
 #include "viewer/window/spool_pdf.h"
@@ -108,6 +109,7 @@ PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vect
       m_note(new QLabel(this))
 {
     setObjectName(u"printDialog"_s);
+    addHelpKey(this);
     setWindowTitle(u"印刷"_s);
     // The Tab key follows the order in which widgets are created: create them in screen order.
     auto *const layout = new QVBoxLayout(this);

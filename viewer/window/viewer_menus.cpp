@@ -1,4 +1,5 @@
 #include "viewer/window/compared_bar.h"
+#include "viewer/window/help_window.h"
 #include "viewer/window/letter_list.h"
 #include "viewer/window/viewer_window.h"
 
@@ -184,6 +185,13 @@ void ViewerWindow::buildLedgerMenu()
     menu->addSeparator();
     for (QAction *const action : m_ledgerActions) action->setEnabled(false); // until the ledger is open
     addEntry(menu, "ledgerSettings", u"台帳の設定(&L)…"_s, {}, [this] { askLedgerSettings(); });
+}
+
+void ViewerWindow::buildHelpMenu()
+{
+    QMenu *const menu = menuBar()->addMenu(u"ヘルプ(&H)"_s);
+    addEntry(menu, "help", u"利用者の手引き(&M)"_s, {QKeySequence::HelpContents},
+             [this] { showHelp(focusWidget() != nullptr ? focusWidget() : this); });
 }
 
 void ViewerWindow::buildTools()

@@ -44,6 +44,7 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     m_split->addWidget(buildList());
     m_split->addWidget(buildPage());
     buildLedgerMenu();
+    buildHelpMenu();
     m_split->setStretchFactor(1, 1);
     m_split->setChildrenCollapsible(false);
     setCentralWidget(m_split);

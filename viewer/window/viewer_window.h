@@ -83,6 +83,7 @@ private:
     void buildViewMenu();
     void buildSortMenu(QMenu *menu);
     void buildLedgerMenu();
+    void buildHelpMenu();
     void buildTools();
     QLayout *buildFind(QWidget *side);
     QLayout *buildFilter(QWidget *side);

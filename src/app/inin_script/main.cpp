@@ -62,8 +62,8 @@ int run(int argc, char **argv)
         std::vector<std::string> arguments = programArguments(argc, argv);
         std::ranges::reverse(arguments); // the parser reads them from the back
         line.parse(std::move(arguments));
-    } catch (const CLI::CallForHelp &) {
-        std::cout << line.help();
+    } catch (const CLI::Success &request) {
+        std::cout << requestedText(line, request) << '\n';
         return 0;
     } catch (const CLI::ParseError &error) {
         std::cerr << refusedCommandLine("inin-script", error.what(), language) << '\n';

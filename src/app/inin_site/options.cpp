@@ -327,8 +327,8 @@ Command readCommandLine(int argc, const char *const *argv, const std::string &co
     const ToolsLine tools(app, language);
     try {
         app.parse(argc, argv);
-    } catch (const CLI::CallForHelp &) {
-        return HelpCommand{app.help()};
+    } catch (const CLI::Success &request) {
+        return HelpCommand{requestedText(app, request)};
     } catch (const CLI::ParseError &error) {
         return BadCommand{refusedCommandLine("inin-site", error.what(), language)};
     }

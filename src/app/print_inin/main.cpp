@@ -1,5 +1,5 @@
-// PrintInin: the desktop program. It takes no arguments; its folder is that of the executable, or the one in the
-// environment variable ININ_APP_DIR. ININ_TRANSCRIPT names a file to which all events are written, for support and
+// PrintInin: the desktop program. It takes no arguments but --version; its folder is that of the executable, or the one in
+// the environment variable ININ_APP_DIR. ININ_TRANSCRIPT names a file to which all events are written, for support and
 // tests.
 
 #include "adapters/native/native_platform.h"
@@ -15,6 +15,7 @@
 #include "shell/start.h"
 #include "system/file_path.h"
 #include "system/program_edges.h"
+#include "system/program_version.h"
 #include "system/whole_file.h"
 
 #include <QMessageBox>
@@ -23,7 +24,9 @@
 #include <cstdlib>
 #include <exception>
 #include <fstream>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace inin {
 
@@ -102,9 +105,13 @@ try {
 
 } // namespace inin
 
-int main(int, char **argv)
+int main(int argc, char **argv)
 try {
     inin::prepareStandardStreams();
+    if (inin::programArguments(argc, argv) == std::vector<std::string>{"--version"}) {
+        inin::printLine(stdout, "PrintInin " + std::string(inin::programVersion()));
+        return 0;
+    }
     qInstallMessageHandler(inin::sayWhyAndEnd);
     int noArguments = 1;
     inin::qt::EventEdge edge;
