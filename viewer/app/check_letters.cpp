@@ -1,5 +1,6 @@
 #include "viewer/app/check_letters.h"
 
+#include "system/local_time.h"
 #include "system/program_edges.h"
 #include "viewer/check/check_text.h"
 #include "viewer/document/letter_numbers.h"

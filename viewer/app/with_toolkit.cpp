@@ -1,5 +1,6 @@
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
+#include "system/local_time.h"
 #include "system/program_edges.h"
 #include "system/whole_file.h"
 #include "viewer/app/toolkit.h"

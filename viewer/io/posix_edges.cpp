@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 
 #include <signal.h>
 
@@ -31,14 +30,6 @@ bool hasScreen()
 bool startsMaximised()
 {
     return false;
-}
-
-Date presentMoment()
-{
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    localtime_r(&now, &parts);
-    return dateOf({parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec});
 }
 
 } // namespace inin::viewer

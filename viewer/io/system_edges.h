@@ -1,12 +1,10 @@
 #pragma once
 
-#include "runtime/date.h"
-
 #include <string>
 
 namespace inin::viewer {
 
-// The program's environment: streams, screen, calendar. All text is UTF-8.
+// The program's environment: streams and screen. All text is UTF-8.
 
 /// Prepares the standard streams. Must be called before any file is opened. A GUI program that was started from a console
 /// then writes to it, and a write beyond the user's file size limit fails instead of killing the program.
@@ -18,12 +16,5 @@ void showFailure(const std::string &sentence);
 /// True when the starting program requests a maximised window, which only Windows supports. Requests for a minimised window
 /// are ignored: they come with a print, whose dialog must be visible.
 [[nodiscard]] bool startsMaximised();
-/// Date and time of day by the local clock.
-[[nodiscard]] Date presentMoment();
-/// The present day by the local clock.
-[[nodiscard]] inline Date presentDay()
-{
-    return dayOf(presentMoment());
-}
 
 } // namespace inin::viewer

@@ -59,11 +59,4 @@ bool startsMaximised()
     return (startup.dwFlags & STARTF_USESHOWWINDOW) != 0 && startup.wShowWindow == SW_SHOWMAXIMIZED;
 }
 
-Date presentMoment()
-{
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    return dateOf({now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond});
-}
-
 } // namespace inin::viewer

@@ -22,14 +22,20 @@ ChangesPane::ChangesPane(QWidget *parent)
     m_table->setRootIsDecorated(false);
     m_table->setUniformRowHeights(true);
     m_table->setAllColumnsShowFocus(true);
-    constexpr int kRows = 3, kRowPadding = 4;
-    m_table->setFixedHeight(m_table->header()->sizeHint().height() +
-                            kRows * (m_table->fontMetrics().lineSpacing() + kRowPadding));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    constexpr int kRows = 3;
+    m_table->setFixedHeight(m_table->header()->sizeHint().height() + kRows * rowHeight() + 2 * m_table->frameWidth());
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_heading);
     layout->addWidget(m_table);
     hide();
+}
+
+int ChangesPane::rowHeight() const
+{
+    constexpr int kPadding = 6;
+    return m_table->fontMetrics().height() + kPadding;
 }
 
 void ChangesPane::showTable(const QString &heading, const QStringList &heads, const QList<QStringList> &rows)
@@ -39,6 +45,7 @@ void ChangesPane::showTable(const QString &heading, const QStringList &heads, co
     m_table->setHeaderLabels(heads);
     for (const QStringList &texts : rows) {
         auto *const row = new QTreeWidgetItem(m_table, texts);
+        row->setSizeHint(0, {0, rowHeight()});
         for (int column = 0; column < static_cast<int>(texts.size()); ++column)
             row->setToolTip(column, texts[column]); // a long text is cut
     }

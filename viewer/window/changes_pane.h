@@ -19,6 +19,8 @@ public:
     void showTable(const QString &heading, const QStringList &heads, const QList<QStringList> &rows);
 
 private:
+    [[nodiscard]] int rowHeight() const;
+
     CutLabel *m_heading;
     QTreeWidget *m_table;
 };

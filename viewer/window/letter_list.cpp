@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLeastMarks = 5, kStateWidth = 7; ///< characters
+constexpr int kLeastMarks = 5, kStateWidth = 8; ///< characters
 
 } // namespace
 

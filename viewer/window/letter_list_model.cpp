@@ -113,11 +113,11 @@ QString LetterListModel::explanationOf(std::size_t letter) const
     return lines.join(u'\n');
 }
 
-/// "・新" for a letter that the compared run does not have.
+/// " 新" for a letter that the compared run does not have.
 QString LetterListModel::newsOf(std::size_t letter) const
 {
-    if (m_ledger->isAdded(letter)) return u"・新"_s;
-    return m_ledger->changeOf(letter) != nullptr ? u"・変更"_s : QString();
+    if (m_ledger->isAdded(letter)) return u" 新"_s;
+    return m_ledger->changeOf(letter) != nullptr ? u" 変更"_s : QString();
 }
 
 QString LetterListModel::tipAt(std::size_t letter, int column) const

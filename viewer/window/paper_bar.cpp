@@ -37,6 +37,7 @@ PaperBar::PaperBar(QWidget *parent) : QFrame(parent), m_text(new QLabel(this)), 
     });
     m_partly = button("paperPartly", u"途中まで出た(&H)…"_s, [this] {
         showState(State::number);
+        announce(u"最後に正しく出た番号を入れてください。"_s);
         m_number->setFocus(Qt::OtherFocusReason);
         m_number->selectAll();
     });
@@ -52,6 +53,7 @@ PaperBar::PaperBar(QWidget *parent) : QFrame(parent), m_text(new QLabel(this)), 
     });
     m_back = button("paperBack", u"戻る(&Z)"_s, [this] {
         showState(State::question);
+        announce(m_question);
         m_all->setFocus(Qt::OtherFocusReason);
     });
     m_rest = button("paperRest", {}, [this] {
@@ -69,6 +71,7 @@ PaperBar::PaperBar(QWidget *parent) : QFrame(parent), m_text(new QLabel(this)), 
 
 void PaperBar::showState(State state)
 {
+    m_state = state;
     for (QWidget *const widget : {m_all, m_partly}) widget->setVisible(state == State::question);
     for (QWidget *const widget : std::initializer_list<QWidget *>{m_number, m_set, m_back})
         widget->setVisible(state == State::number);
@@ -89,6 +92,7 @@ void PaperBar::ask(const QString &text, const SentNumbers &numbers)
 {
     m_number->setRange(numbers.least - 1, numbers.greatest);
     m_number->setValue(numbers.last);
+    m_question = text;
     showState(State::question);
     announce(text);
 }

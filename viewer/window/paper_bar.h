@@ -25,6 +25,8 @@ public:
     void ask(const QString &text, const SentNumbers &numbers);
     /// Shows the answer's effect, and offers to print the rest under the words `action`.
     void showRest(const QString &text, const QString &action);
+    /// True while it offers to print the rest.
+    [[nodiscard]] bool isOffering() const { return !isHidden() && m_state == State::rest; }
     [[nodiscard]] QString text() const;
 
     std::function<void()> onAllOut;
@@ -39,6 +41,8 @@ private:
     void showState(State state);
     void announce(const QString &text);
 
+    State m_state = State::question;
+    QString m_question;
     QLabel *m_text;
     QPushButton *m_all, *m_partly, *m_set, *m_back, *m_rest, *m_close;
     QSpinBox *m_number;

@@ -6,6 +6,7 @@
 #include "viewer/window/notice_bar.h"
 #include "viewer/window/paper_bar.h"
 #include "viewer/window/qt_text.h"
+#include "viewer/window/task_bar.h"
 #include "viewer/window/viewer_window.h"
 
 #include <QAction>
@@ -61,6 +62,18 @@ void ViewerWindow::showStates()
     if (static_cast<int>(m_listed.filter()) >= kFiltersWithoutLedger) refreshList();
     showLedgerNotice();
     askPaper();
+}
+
+/// Shows what other windows have recorded meanwhile.
+void ViewerWindow::refreshLedger()
+{
+    if (!m_desk.isUsable() || m_task->isRunning()) return;
+    const auto idOf = [](const OpenOutput *print) { return print == nullptr ? OutputId{} : print->id; };
+    const OutputId asked = idOf(m_desk.question());
+    m_desk.refresh();
+    m_model.ledgerChanged();
+    // An answer that is being typed stays.
+    if (idOf(m_desk.question()) != asked) askPaper();
 }
 
 void ViewerWindow::showLedgerNotice()
@@ -156,6 +169,7 @@ void ViewerWindow::recordSaved(std::span<const std::size_t> letters)
 /// Asks for the sheets of the print that is not confirmed.
 void ViewerWindow::askPaper()
 {
+    if (m_paper->isOffering()) return; // the next question comes after the answer's effect
     const OpenOutput *const print = m_desk.question();
     if (print == nullptr) return m_paper->hide();
     const auto [least, greatest] = std::ranges::minmax(print->letters);

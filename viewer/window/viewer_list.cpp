@@ -45,7 +45,7 @@ QWidget *ViewerWindow::buildList()
     layout->addLayout(buildFind(side));
     layout->addLayout(buildFilter(side));
     layout->addWidget(m_comparedBar);
-    layout->addWidget(m_list);
+    layout->addWidget(m_list, 1);
     layout->addWidget(m_listNote);
     layout->addWidget(m_changes);
     layout->addWidget(m_range);

@@ -2,6 +2,7 @@
 #include "viewer/document/letter_file_name.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/window/check_panel.h"
+#include "viewer/window/paper_bar.h"
 #include "viewer/window/pdf_output.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
@@ -106,6 +107,7 @@ void ViewerWindow::print(const PrintOrder &order, const LetterTicks &ticks)
     if (order.printer.isEmpty())
         return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
     openLedger();
+    m_paper->hide();
     m_desk.startOutput(m_services.now());
     const auto onSent = [&](std::span<const std::size_t> letters, const std::string &number) {
         m_desk.record(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "system/local_time.h"
 #include "viewer/io/system_edges.h"
 #include "viewer/window/print_dialog.h"
 #include "viewer/window/print_letters.h"

@@ -136,6 +136,7 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     if (isFirst) return;
     if (m_desk.isOpen()) m_desk.show(m_letters->set);
     m_ledgerNotice.clear();
+    m_paper->hide(); // its rest has the numbers of the old letters
     showLedger();
     startCheck();
     // Otherwise the list would be empty until then.
@@ -253,7 +254,9 @@ void ViewerWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     // Detect a changed file as soon as the user returns to the window.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_watch.check();
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    m_watch.check();
+    refreshLedger();
 }
 
 void ViewerWindow::closeEvent(QCloseEvent *event)

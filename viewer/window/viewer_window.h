@@ -143,6 +143,7 @@ private:
     void showLedger();
     void showLedgerFilters();
     void showStates();
+    void refreshLedger();
     void showLedgerNotice();
     void showChanges();
     void showGone();

@@ -5,6 +5,7 @@
 #include "runtime/text.h"
 #include "runtime/utf8.h"
 #include "suite_text/japanese_text.h"
+#include "suite_text/like_pattern.h"
 
 #include <sqlite3.h>
 

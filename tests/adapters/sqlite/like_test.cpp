@@ -1,4 +1,4 @@
-#include "suite_text/japanese_text.h"
+#include "suite_text/like_pattern.h"
 
 #include "adapters/sqlite/database_file.h"
 

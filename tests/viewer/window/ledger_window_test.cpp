@@ -236,7 +236,7 @@ TEST_CASE("a run is compared with the last printed one, and each part of the lin
     world.click("paperAll");
     world.openAgain(nextRows());
     CHECK(lineOf(world, "comparedLine") == "前回（5月20日）から：新しい 1通、変わった 1通、なくなった 1通");
-    CHECK(world.states() == States{"未印刷・新", "未印刷", "未印刷・変更", "未印刷", "未印刷"});
+    CHECK(world.states() == States{"未印刷 新", "未印刷", "未印刷 変更", "未印刷", "未印刷"});
     follow(world, "comparedLine", "added");
     CHECK(world.listed() == "1");
     follow(world, "comparedLine", "changed");
@@ -304,9 +304,62 @@ TEST_CASE("another run can be picked for the comparison")
     CHECK(menu->actions()[1]->text() == QStringLiteral("5月20日 10:32　5通"));
     menu->actions()[1]->trigger();
     CHECK(lineOf(world, "comparedLine") == "5月20日 10:32 の5通から：新しい 1通　比べる相手…");
-    CHECK(world.states()[5] == "未印刷・新");
+    CHECK(world.states()[5] == "未印刷 新");
     follow(world, "comparedLine", "added");
     CHECK(world.listed() == "6");
+}
+
+TEST_CASE("Tab reaches the links of the line above the list, and Enter follows them")
+{
+    LedgerWorld world(differentRows(5));
+    world.openWindow();
+    world.print("1-5");
+    world.openAgain(nextRows());
+    auto *const line = world.find<QLabel>("comparedLine");
+    line->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(line, Qt::Key_Tab);
+    QTest::keyClick(line, Qt::Key_Tab);
+    QTest::keyClick(line, Qt::Key_Return);
+    CHECK(world.listed() == "3");
+}
+
+TEST_CASE("another window's answer is shown when the user returns to this one")
+{
+    LedgerWorld world(differentRows(2));
+    world.openWindow();
+    world.print("1-2");
+    {
+        Ledger other = world.ledger();
+        REQUIRE(other.confirmAll(other.openOutputs(other.runs().at(0).id).at(0).id));
+    }
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    REQUIRE(QTest::qWaitForWindowActive(&elsewhere));
+    world.window->activateWindow();
+    REQUIRE(QTest::qWaitForWindowActive(world.window.get()));
+    CHECK(world.states() == States{"紙で確認済み", "紙で確認済み"});
+    CHECK(!world.isShown("paperBar"));
+}
+
+TEST_CASE("the offer to print the rest stays while another run is compared, and ends with the letters")
+{
+    LedgerWorld world(differentRows(5));
+    world.openWindow();
+    world.print("1-5");
+    world.openAgain(nextRows());
+    world.print("1-5");
+    world.click("paperPartly");
+    CHECK(world.textOf("paperText") == "最後に正しく出た番号を入れてください。");
+    world.find<QSpinBox>("paperNumber")->setValue(1);
+    world.click("paperSet");
+    auto *const menu = world.find<QMenu>("comparedRunMenu");
+    emit menu->aboutToShow();
+    menu->actions().at(0)->trigger();
+    CHECK(world.isShown("paperRest"));
+    writeBytes(world.folder / "委任状.csv", csvOf(differentRows(1)));
+    world.window->reload();
+    CHECK(!world.isShown("paperBar"));
 }
 
 TEST_CASE("persons with a printed letter of the same period are counted, listed and unticked")
