@@ -13,6 +13,9 @@ namespace inin::viewer {
 
 namespace {
 
+/// An XObject inherits the graphics state of the fields before it, such as narrow characters.
+constexpr const char *kInitialState = "0 g 0 Tc 100 Tz 0 Tr\n";
+
 /// Collects the runs of texts that are painted together, and adds what a reader needs besides the glyphs.
 class RunCollector : public PagePainter {
 public:
@@ -158,7 +161,7 @@ LinePiece FormObjects::addPiece(const LetterLayout &layout, const ReadingLine &l
     PdfPainter painter(m_fonts, layout.form().height);
     runs.paintTo(painter, isFirst ? (isLast ? Blanks::none : Blanks::after) : isLast ? Blanks::before : Blanks::both);
     const LinePiece piece{true, m_pieces++};
-    write(fmt::format("L{}", piece.number), layout, painter.finish());
+    write(fmt::format("L{}", piece.number), layout, kInitialState + painter.finish());
     return piece;
 }
 
