@@ -191,8 +191,8 @@ TEST_CASE("the outline lists the insurers with their patients, in the order of t
 
 TEST_CASE("a PDF of one letter has no outline, and one for printing has neither tags nor metadata")
 {
-    const LetterSet one = lettersOn(svgPage("<text x='9' y='9'>{{利用者氏名}}</text>"), {ordinaryRow()});
-    CHECK_FALSE(contains(PdfObjects(Tagged(one).pdf).catalog(), "/Outlines"));
+    const Tagged one(lettersOn(svgPage("<text x='9' y='9'>{{利用者氏名}}</text>"), {ordinaryRow()}));
+    CHECK_FALSE(contains(PdfObjects(one.pdf).catalog(), "/Outlines"));
     const Tagged printing(lettersOn(svgPage("<text x='9' y='9'>{{利用者氏名}}</text>"), {ordinaryRow(), ordinaryRow()}),
                           {PdfPurpose::printing});
     const PdfObjects file(printing.pdf);
@@ -222,7 +222,7 @@ TEST_CASE("more letters than fit into one stream of objects keep their order")
     const Tagged pdf(lettersOn(svgPage("<text x='9' y='9'>氏名</text><text x='40' y='9'>{{利用者氏名}}</text>"), rows));
     const auto pages = pagesOf(pdf.pdf);
     REQUIRE(pages.size() == 950);
-    for (const std::size_t page : {0, 99, 100, 399, 949}) CHECK(packed(pages[page]) == "氏名名" + std::to_string(page));
+    for (const std::size_t page : {0U, 99U, 100U, 399U, 949U}) CHECK(packed(pages[page]) == "氏名名" + std::to_string(page));
     CHECK(std::system(("qpdf --check '" + pdf.pdf + "' >/dev/null 2>&1").c_str()) == 0);
     const std::string structure = pdf.printed("pdfinfo -struct-text");
     CHECK(contains(structure, "\"氏名 名949\""));
