@@ -87,9 +87,9 @@ TEST_CASE("the text of a page is extracted in the order of reading, each label w
     const std::string page = pagesOf(pdf.pdf).at(0);
     CHECK(contains(page, "委任の内容\n"));
     CHECK(contains(page, "委任する期間 令和6年5月1日 から 令和6年5月31日 まで\n"));
-    CHECK(contains(page, "代表者氏名 山﨑太郎 印\n"));
+    CHECK(contains(packed(page), "代表者氏名山﨑太郎印"));
     CHECK(contains(page, "上記のとおり委任します。 令和6年"));
-    CHECK(page.find("施術を受けた者 髙橋花子") < page.find("同 住所 香川県高松市番町１丁目２番３号"));
+    CHECK(contains(packed(page), "施術を受けた者髙橋花子同住所香川県高松市番町１丁目２番３号"));
 }
 
 TEST_CASE("the structure has a section for each letter, with a paragraph for each line in the order of reading")
@@ -222,7 +222,8 @@ TEST_CASE("more letters than fit into one stream of objects keep their order")
     const Tagged pdf(lettersOn(svgPage("<text x='9' y='9'>氏名</text><text x='40' y='9'>{{利用者氏名}}</text>"), rows));
     const auto pages = pagesOf(pdf.pdf);
     REQUIRE(pages.size() == 950);
-    for (const std::size_t page : {0U, 99U, 100U, 399U, 949U}) CHECK(packed(pages[page]) == "氏名名" + std::to_string(page));
+    for (const std::size_t page : {0U, 99U, 100U, 399U, 949U})
+        CHECK(packed(pages[page]) == "氏名名" + std::to_string(page));
     CHECK(std::system(("qpdf --check '" + pdf.pdf + "' >/dev/null 2>&1").c_str()) == 0);
     const std::string structure = pdf.printed("pdfinfo -struct-text");
     CHECK(contains(structure, "\"氏名 名949\""));
