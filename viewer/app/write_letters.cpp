@@ -54,7 +54,10 @@ void writeLetters(const ViewCommand &command)
     printFaults(set, letters);
     renderer.onMarks = [&](std::size_t letter, const auto &marks) { printMarks(renderer, letter, marks); };
     if (!command.pdf.empty()) {
-        writeLettersPdf(command.pdf, renderer, letters);
+        const PdfPurpose purpose = command.archive    ? PdfPurpose::archive
+                                   : command.untagged ? PdfPurpose::printing
+                                                      : PdfPurpose::reading;
+        writeLettersPdf(command.pdf, renderer, letters, {}, {purpose});
         renderer.onMarks = nullptr; // do not print the marks again for the pictures
     }
     if (!command.pngFolder.empty()) writePngs(command, renderer, letters);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/pdf/letters_pdf.h"
 #include "viewer/window/viewer_settings.h"
 
 #include <QDialog>
@@ -20,6 +21,7 @@ struct PdfOrder {
     bool onlyTicked = true;
     bool fileEach = false;
     QString pattern; ///< of the file names, when each letter has its own file
+    PdfPurpose purpose = PdfPurpose::reading;
 };
 
 /// Lets the user choose which letters are saved as PDF and how the files are named.
@@ -41,6 +43,7 @@ private:
     QRadioButton *m_all, *m_ticked, *m_one, *m_each;
     QLineEdit *m_pattern;
     QComboBox *m_columns;
+    QCheckBox *m_archive;
     QLabel *m_example;
     QPushButton *m_save;
 };

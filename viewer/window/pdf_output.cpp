@@ -15,11 +15,11 @@ std::vector<std::string> letterPdfPaths(const LetterSet &set, std::span<const st
 }
 
 std::size_t writeLetterPdfs(const std::vector<std::string> &paths, LetterRenderer &renderer,
-                            std::span<const std::size_t> which, const Progress &progress)
+                            std::span<const std::size_t> which, const Progress &progress, PdfPurpose purpose)
 {
     for (std::size_t i = 0; i < which.size(); ++i) {
         if (progress && !progress(i)) return i;
-        writeLettersPdf(paths[i], renderer, which.subspan(i, 1));
+        writeLettersPdf(paths[i], renderer, which.subspan(i, 1), {}, {purpose});
     }
     return which.size();
 }

@@ -16,6 +16,7 @@ namespace inin::viewer {
 /// Writes one PDF per letter and returns the number of complete files. Throws a RuntimeError with a sentence when one
 /// cannot be written; the files before it are kept.
 std::size_t writeLetterPdfs(const std::vector<std::string> &paths, LetterRenderer &renderer,
-                            std::span<const std::size_t> which, const Progress &progress);
+                            std::span<const std::size_t> which, const Progress &progress,
+                            PdfPurpose purpose = PdfPurpose::reading);
 
 } // namespace inin::viewer

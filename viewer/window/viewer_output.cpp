@@ -160,7 +160,7 @@ void ViewerWindow::savePdf(const PdfOrder &order)
     }
     if (which.empty()) return showMessage(QMessageBox::Information, u"保存する委任状が選ばれていません。"_s);
     try {
-        order.fileEach ? writePdfEach(order, which) : writePdf(which);
+        order.fileEach ? writePdfEach(order, which) : writePdf(order, which);
     } catch (const RuntimeError &error) {
         showMessage(QMessageBox::Warning, qtText(error.description()));
     }
@@ -174,7 +174,7 @@ void ViewerWindow::keepPdfFolder(const QString &folder)
     (void)m_settings.save();
 }
 
-void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
+void ViewerWindow::writePdf(const PdfOrder &order, const std::vector<std::size_t> &which)
 {
     const QString path =
         m_services.askPdfFile(this, m_settings.pdfFolder(), qtText(fileNameOfAll(m_letters->set, which, ".pdf")));
@@ -182,7 +182,7 @@ void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
     keepPdfFolder(QFileInfo(path).absolutePath());
     if (m_settings.printsCodes()) recordBeforeOutput();
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
-        const bool isDone = writeLettersPdf(utf8Text(path), m_letters->renderer, which, progress);
+        const bool isDone = writeLettersPdf(utf8Text(path), m_letters->renderer, which, progress, {order.purpose});
         if (isDone) recordSaved(which);
         statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(which.size()).arg(path)
                                         : u"保存を中止しました。ファイルは作られていません。"_s);
@@ -202,7 +202,7 @@ void ViewerWindow::writePdfEach(const PdfOrder &order, const std::vector<std::si
         return;
     if (m_settings.printsCodes()) recordBeforeOutput();
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
-        const std::size_t written = writeLetterPdfs(paths, m_letters->renderer, which, progress);
+        const std::size_t written = writeLetterPdfs(paths, m_letters->renderer, which, progress, order.purpose);
         recordSaved(std::span(which).first(written));
         statusBar()->showMessage(written == which.size()
                                      ? u"%1通を「%2」に保存しました。"_s.arg(written).arg(folder)

@@ -133,7 +133,7 @@ private:
     void print(const PrintOrder &order, const LetterTicks &ticks);
     void runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task);
     void showPrinted(const PrintResult &result, const std::vector<std::size_t> &which);
-    void writePdf(const std::vector<std::size_t> &which);
+    void writePdf(const PdfOrder &order, const std::vector<std::size_t> &which);
     void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
     void keepPdfFolder(const QString &folder);
     void askPrintOnly(LetterTicks &only, const QString &title);
