@@ -1,5 +1,6 @@
 #include "system/program_edges.h"
 #include "viewer/app/check_letters.h"
+#include "viewer/app/ledger_report.h"
 #include "viewer/app/options.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/app/write_letters.h"
@@ -24,6 +25,7 @@ struct RunCommand {
         if (!command.pdf.empty() || !command.pngFolder.empty()) writeLetters(command);
         return isFlagged ? kFailed : kDone;
     }
+    int operator()(const LedgerCommand &command) const { return printLedgerReport(command); }
     int operator()(const ReturnedCommand &command) const { return markReturned(command); }
     int operator()(const MergeCommand &command) const
     {

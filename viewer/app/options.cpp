@@ -56,8 +56,32 @@ Date dayOfOption(const std::string &text)
     return dayOf(*day);
 }
 
+/// The options about the ledger.
+struct LedgerOptions {
+    std::optional<LedgerQuestion> question;
+    std::optional<MonthRange> months;
+};
+
+LedgerQuestion ledgerQuestion(const std::string &name)
+{
+    constexpr std::string_view kNames[] = {"status", "diff", "missing", "export"}; // in the order of LedgerQuestion
+    const auto *const found = std::ranges::find(kNames, name);
+    if (found == std::end(kNames))
+        throw CLI::ValidationError("--ledger",
+                                   "「" + name + "」は指定できません。status、diff、missing、export のどれかです。");
+    return static_cast<LedgerQuestion>(found - std::begin(kNames));
+}
+
+MonthRange monthsOfOption(const std::string &text)
+{
+    const std::optional<MonthRange> months = readMonthRange(text);
+    if (!months) throw CLI::ValidationError("--period", "「" + text + "」は月ではありません。例：2026-11");
+    return *months;
+}
+
 /// The options of a command without "/c" and with their help.
-void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, HelpLanguage language)
+void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, LedgerOptions &ledger,
+                HelpLanguage language)
 {
     const auto text = [language](std::string_view japanese, std::string_view english) {
         return HelpText{japanese, english}.in(language);
@@ -86,12 +110,24 @@ void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, 
                  text("印刷前の点検の結果を表示します。注意のある委任状があれば終了コード 1、なければ 0 です。",
                       "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
     app.add_flag("--json", command.json,
-                 text("点検や --returned の結果を JSON で表示します。",
-                      "Prints the findings of the check, or the result of --returned, as JSON."));
+                 text("点検、--returned、--ledger の結果を JSON で表示します。",
+                      "Prints the result of --check, --returned or --ledger as JSON."));
     addRead("--without-check", text("名前", "NAMES"),
             text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
                  "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
             [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
+    addRead("--ledger", text("内容", "WHAT"),
+            text("台帳の内容を表示します。status：印刷の記録、diff：前回の印刷との違い（違いがあれば終了コード 1）、"
+                 "missing：戻っていない委任状（あれば終了コード 1）、export：すべての記録（CSV）。"
+                 "台帳を読めないときは終了コード 3 です。",
+                 "Prints the ledger. status: the prints; diff: differences from the last print (exit code 1 if any); "
+                 "missing: letters that did not come back (exit code 1 if any); export: all records (CSV). Exit code 3 "
+                 "if the ledger cannot be read."),
+            [&ledger](const std::string &name) { ledger.question = ledgerQuestion(name); });
+    addRead("--period", text("月", "MONTHS"),
+            text("--ledger missing の期間（既定は最後の期間）。例：2026-11、2026-10..2026-11",
+                 "The months of --ledger missing (default: the latest), such as 2026-11 or 2026-10..2026-11."),
+            [&ledger](const std::string &months) { ledger.months = monthsOfOption(months); });
     add("--returned", returned.files, text("ファイル", "FILES"),
         text("戻ってきた委任状を読み取った PDF、PNG、JPEG、TIFF。QR コードの委任状を台帳で返送済みにします。"
              "人が確かめるページがあれば終了コード 1、なければ 0 です。",
@@ -113,8 +149,9 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     // An argument with a leading slash is a path on every system.
     app.allow_windows_style_options(false);
     ViewCommand command;
+    LedgerOptions ledger;
     ReturnedCommand returned;
-    addOptions(app, command, returned, language);
+    addOptions(app, command, returned, ledger, language);
     try {
         std::ranges::reverse(arguments); // the parser takes them from the back
         app.parse(std::move(arguments));
@@ -130,7 +167,10 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
         return returned;
     }
     if (!scriptAfterSwitch.empty()) command.script = scriptAfterSwitch;
+    if (ledger.question && ledger.question != LedgerQuestion::diff)
+        return LedgerCommand{*ledger.question, command.script, ledger.months, command.json};
     if (command.script.empty()) return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};
+    if (ledger.question) return LedgerCommand{*ledger.question, command.script, ledger.months, command.json};
     return command;
 }
 

@@ -2,6 +2,7 @@
 
 #include "runtime/date.h"
 #include "viewer/check/cause.h"
+#include "viewer/ledger/ledger_records.h"
 
 #include <optional>
 #include <string>
@@ -23,6 +24,14 @@ struct ViewCommand {
     std::optional<Date> today; ///< the day that dates are compared with; empty for the clock's
     [[nodiscard]] bool needsWindow() const { return pdf.empty() && pngFolder.empty() && !check; }
 };
+enum class LedgerQuestion { status, diff, missing, exportAll };
+/// Print what the ledger contains.
+struct LedgerCommand {
+    LedgerQuestion question = LedgerQuestion::status;
+    std::string script;               ///< of the letters to compare; optional for the status
+    std::optional<MonthRange> months; ///< of the missing letters; empty for the latest
+    bool json = false;
+};
 /// Mark the letters of scanned pages as returned.
 struct ReturnedCommand {
     std::vector<std::string> files;
@@ -40,7 +49,7 @@ struct ShowHelp {
 struct BadCommandLine {
     std::string sentence;
 };
-using ViewerCommand = std::variant<ViewCommand, ReturnedCommand, MergeCommand, ShowHelp, BadCommandLine>;
+using ViewerCommand = std::variant<ViewCommand, ReturnedCommand, LedgerCommand, MergeCommand, ShowHelp, BadCommandLine>;
 
 /// The exit code for a command that is invalid or not available in this build.
 inline constexpr int kBadCommand = 2;

@@ -2,6 +2,7 @@
 
 #include "viewer/app/options.h"
 #include "viewer/document/letter_renderer.h"
+#include "viewer/ledger/ledger_place.h"
 
 namespace inin::viewer {
 
@@ -11,6 +12,9 @@ namespace inin::viewer {
 [[nodiscard]] int showLetters(const ViewCommand &command, const std::string &programName);
 /// Writes letters as pictures into the command's folder.
 void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::vector<std::size_t> &letters);
+
+/// The operator's choices about the ledger. They are made in a window; a build without windows has the defaults.
+[[nodiscard]] LedgerSettings ledgerSettings();
 
 /// Marks the letters of scanned pages as returned and prints the result of each page. Returns the exit code: 1 when a
 /// page or a file needs the attention of the operator.

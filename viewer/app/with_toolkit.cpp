@@ -3,13 +3,14 @@
 #include "system/local_time.h"
 #include "system/program_edges.h"
 #include "system/whole_file.h"
+#include "viewer/app/ledger_report.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/io/system_edges.h"
-#include "viewer/ledger/ledger_place.h"
 #include "viewer/paint/qt_page_painter.h"
 #include "viewer/paint/scanned_pages.h"
 #include "viewer/returns/returned_text.h"
 #include "viewer/window/run_window.h"
+#include "viewer/window/viewer_settings.h"
 
 #include <fmt/format.h>
 
@@ -23,6 +24,11 @@ int showLetters(const ViewCommand &command, const std::string &programName)
     if (hasScreen()) return runWindow(programName, command.script, command.letters);
     showFailure("formviewer: 画面がないので、--pdf、--png、--check のどれかを指定してください。");
     return kBadCommand;
+}
+
+LedgerSettings ledgerSettings()
+{
+    return ViewerSettings().ledger();
 }
 
 namespace {
@@ -49,9 +55,7 @@ int markReturned(const ReturnedCommand &command)
         showFailure(std::string("formviewer: ") + kNoScans);
         return kBadCommand;
     }
-    const LedgerSettings settings;
-    Ledger ledger(ledgerPath(environmentText("ININ_LEDGER"), settings, operatorDataFolder(environmentText)),
-                  settings.months, presentMoment());
+    Ledger ledger = operatorLedger();
     if (ledger.fault() == LedgerFault::off) {
         showFailure("formviewer: 台帳を使わない設定なので、返送を記録できません。");
         return kBadCommand;

@@ -10,6 +10,11 @@ int showLetters(const ViewCommand &, const std::string &)
     return kBadCommand;
 }
 
+LedgerSettings ledgerSettings()
+{
+    return {};
+}
+
 int markReturned(const ReturnedCommand &)
 {
     showFailure("formviewer: このプログラムは、読み取ったページを調べられません。");

@@ -42,7 +42,7 @@ Ledger::Ledger(const std::string &path, int months, Date now) : m_path(path), m_
         makeFolder(textOf(pathOf(m_path).parent_path()));
         openFile();
         if (m_fault == LedgerFault::damaged) renewDamagedFile();
-        deleteOldRuns(months);
+        if (m_database != nullptr) deleteOldRuns(months);
     } catch (const std::exception &) {
         fail(LedgerFault::unavailable);
     }

@@ -89,6 +89,8 @@ public:
     [[nodiscard]] RunTexts texts(RunId run);
     /// The state of each letter of a run.
     [[nodiscard]] std::vector<LetterState> states(RunId run);
+    /// When each letter of a run came back.
+    [[nodiscard]] std::vector<std::optional<Date>> returnTimes(RunId run);
     /// The prints of a run whose sheets are not confirmed, the oldest first.
     [[nodiscard]] std::vector<OpenOutput> openOutputs(RunId run);
     /// The letters whose persons have a printed letter of an overlapping period already, in this run or another.

@@ -81,7 +81,7 @@ std::string faultSentence(LedgerFault fault, const std::string &path)
     case LedgerFault::newer:
         return "台帳がこのプログラムより新しい版のものなので、印刷や返送は台帳に記録されません。";
     case LedgerFault::unavailable:
-        return fmt::format("台帳のファイル「{}」を開けないため、印刷や返送は台帳に記録されません。", path);
+        return fmt::format("台帳のファイル「{}」を読み書きできないため、印刷や返送は台帳に記録されません。", path);
     }
     return {};
 }

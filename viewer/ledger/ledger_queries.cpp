@@ -72,6 +72,14 @@ std::vector<LetterState> Ledger::states(RunId run)
     });
 }
 
+std::vector<std::optional<Date>> Ledger::returnTimes(RunId run)
+{
+    return query(std::vector<std::optional<Date>>(), [&](LedgerDatabase &database) {
+        const std::optional<StoredRun> stored = readRun(database, run);
+        return stored ? readReturns(database, run, stored->summary.letters) : std::vector<std::optional<Date>>();
+    });
+}
+
 std::vector<OpenOutput> Ledger::openOutputs(RunId run)
 {
     return query(std::vector<OpenOutput>(), [&](LedgerDatabase &database) {

@@ -67,6 +67,12 @@ void PageView::setMarks(std::vector<viewer::Box> places)
     viewport()->update();
 }
 
+void PageView::repaintLetter()
+{
+    if (m_letters != nullptr) m_letters->pictures.clear();
+    viewport()->update();
+}
+
 /// Sets the text for screen readers: the letter and its fields.
 void PageView::describeLetter()
 {

@@ -27,6 +27,8 @@ public:
     void showLetter(std::size_t letter);
     [[nodiscard]] std::size_t letter() const { return m_letter; }
     /// Marks places of the shown letter, in points on the paper, until another letter is shown. Marks are not printed.
+    /// Paints the page again after its letters have changed.
+    void repaintLetter();
     void setMarks(std::vector<viewer::Box> places);
     [[nodiscard]] const std::vector<viewer::Box> &marks() const { return m_marks; }
 

@@ -34,10 +34,13 @@ def wait_for(what, condition):
 class Display:
     """An X server with a window manager."""
 
+    def __init__(self, size="1280x1024"):
+        self.size = size
+
     def __enter__(self):
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", self.size + "x24", "-nolisten", "tcp"],
             pass_fds=[writing], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as pipe:

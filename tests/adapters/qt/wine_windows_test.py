@@ -2,12 +2,14 @@
 """Operates PrintInin.exe under Wine as real_windows_test.py operates the program on this system, and compares the two:
 events, letters, command script, settings.
 
-wine_windows_test.py PRINTININ ININ-SITE ZIP PICTURES [CASE...]
-PRINTININ and ININ-SITE are this system's programs; ZIP is the archive that an installer unpacks, PICTURES the folder for
-screenshots. WINEPREFIX selects the Windows installation. scripts/test-windows --windows calls this.
+wine_windows_test.py PRINTININ ININ-SITE ZIP SETUP PICTURES [CASE...]
+PRINTININ and ININ-SITE are this system's programs; ZIP is the archive that an installer unpacks, SETUP the installer,
+PICTURES the folder for screenshots. WINEPREFIX selects the Windows installation. scripts/test-windows --windows calls this.
 """
 import contextlib
 import os
+import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -175,6 +177,15 @@ def the_same_as_here(site, display):
     print(f"        {len(there)} events and {len(COMPARED)} files are the same")
 
 
+def expect_icon(display):
+    """The active window has an icon for its title bar; the pictures show which."""
+    listed = subprocess.run(["xprop", "-id", display.tool("getactivewindow"), "32c", "_NET_WM_ICON"],
+                            env=display.environment, capture_output=True, text=True, check=True).stdout
+    found = re.search(r"Icon \((\d+) x \d+\)|= (\d+),", listed)
+    if not found or int(found[1] or found[2]) < 16:
+        raise Failed("the window has no icon: " + listed[:100])
+
+
 def the_preview_is_the_form_viewer(site, display):
     """If the form viewer is in the site's folder, it is started under the form tools' names; as a preview it covers the
     whole screen and outlives the program."""
@@ -187,6 +198,8 @@ def the_preview_is_the_form_viewer(site, display):
             width = int(size.split("WIDTH=")[1].split()[0])
             if width < FULL_WIDTH:
                 raise Failed(f"the preview is {width} wide")
+        if stage in ("conditions", "previewed"):
+            expect_icon(display)
         take(stage)
 
     with WineProgram(display, site) as program:
@@ -224,6 +237,160 @@ def every_other_window(site, display):
         click(95, 8)
         time.sleep(0.5)
         leave(program, display)
+
+
+def open_by_keys(program, display, keys, name, title):
+    """Opens a window of the conditions screen and returns when it is in front."""
+    display.key(*keys)
+    program.wait_event(event="window", name=name, shown=True)
+    program.wait_title(title)
+
+
+def close_by_keys(program, display, name):
+    # Not by F12: Wine loses the key's release with the window and takes the next F12 for a key held down.
+    display.key("alt+F4")
+    program.wait_event(event="window", name=name, shown=False)
+    program.wait_title("委任状印刷")
+
+
+def help_and_search_windows_by_keys(site, display):
+    """The entries of the help menu and both search windows, without the mouse."""
+    capture = Pictures(display, "keys")
+    with WineProgram(display, site) as program:
+        program.wait_title("委任状印刷")
+        open_by_keys(program, display, ["alt+h", "Home", "Return"], "frmVer", "System Version.")
+        capture("version")
+        close_by_keys(program, display, "frmVer")
+        display.key("alt+h", "m")
+        program.wait_event(event="open", address="https://example.invalid/help")
+        time.sleep(1.0)
+        program.bring_back()
+        # A staff member and a patient are taken over by number and name.
+        open_by_keys(program, display, [*["Tab"] * 6, "space"], "frm施術者検索", "施術者検索")
+        display.key("F4", *["Tab"] * 6)
+        capture("staff")
+        close_by_keys(program, display, "frm施術者検索")
+        open_by_keys(program, display, [*["Tab"] * 3, "space"], "frm患者検索", "利用者マスター検索")
+        display.key("4", "F4", *["Tab"] * 11, "Home")
+        capture("patients")
+        display.key("F5")
+        program.wait_title("委任状印刷")
+        capture("patient-taken-over")
+        leave(program, display)
+        expect("boxes", [event for event in program.visible_events() if event["event"] == "box"], [])
+
+
+def set_dots_per_inch(dots):
+    wine("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dots), "/f")
+
+
+def size_of_active(display):
+    found = display.tool("getactivewindow", "getwindowgeometry", "--shell")
+    return tuple(int(re.search(rf"^{name}=(\d+)", found, re.MULTILINE)[1]) for name in ("WIDTH", "HEIGHT"))
+
+
+def at_150_and_200_percent(site, _):
+    """The windows grow with the scale, stay on the screen, and a print works at each scale."""
+    without_viewer(site)
+    sizes = {}
+    try:
+        for dots, screen in ((96, "3840x2160"), (144, "3840x2160"), (192, "3840x2160"), (144, "1920x1080"), (192, "1920x1080")):
+            set_dots_per_inch(dots)
+            pathlib.Path(site, "DATA/印刷設定.ini").unlink(missing_ok=True) # a print starts without stored conditions
+            with WineDisplay(screen) as display, WineProgram(display, site) as program:
+                def capture(stage, display=display, key=(dots, screen)):
+                    if stage in ("conditions", "patients", "conditions-chosen"):
+                        Pictures(display, f"scale-{key[0]}-{key[1]}")(stage)
+                    if stage == "conditions":
+                        sizes[key] = size_of_active(display)
+                expect("exit code", work_a_print(program, display, capture), 0)
+            print(f"        {dots} dots per inch on {screen}: {sizes[dots, screen]}")
+    finally:
+        set_dots_per_inch(96)
+    for (dots, screen), size in sizes.items():
+        room = tuple(map(int, screen.split("x")))
+        if size[0] > room[0] or size[1] > room[1]:
+            raise Failed(f"at {dots} dots per inch the window is {size} on {screen}")
+        grown = tuple(round(length * dots / 96) for length in sizes[96, "3840x2160"])
+        is_whole = grown[0] <= room[0] and grown[1] <= room[1] # on a smaller screen the window is scrolled
+        if is_whole and max(abs(size[0] - grown[0]), abs(size[1] - grown[1])) > 2:
+            raise Failed(f"at {dots} dots per inch the window is {size}, not {grown}")
+
+
+class Share:
+    """A folder as a share of a server: Wine looks for shares in a folder of its prefix."""
+
+    def __init__(self, folder):
+        self.server = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices", "unc", "inin-server")
+        self.folder = folder
+
+    def __enter__(self):
+        self.server.mkdir(parents=True, exist_ok=True)
+        (self.server / "share").symlink_to(self.folder)
+        return r"\\inin-server\share"
+
+    def __exit__(self, *_):
+        (self.server / "share").unlink()
+        self.server.rmdir()
+
+
+def a_site_on_a_share(programs, display):
+    """The site is on a share and the programs are elsewhere: under Wine the toolkit does not find its plugins on a share."""
+    without_viewer(programs)
+    with Share(programs) as share, WineProgram(display, programs, ININ_APP_DIR=share) as program:
+        expect("exit code", work_a_print(program, display, Pictures(display, "share")), 0)
+        expect("starts", [event["command"] for event in program.visible_events() if event["event"] == "start"],
+               [f"wfrfv10.exe /c {share}\\TMP\\WfdCom.dat", "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", share + "\\Main.exe 2"])
+
+
+def files_of(folder):
+    return {path.relative_to(folder).as_posix(): path.read_bytes() for path in pathlib.Path(folder).rglob("*")
+            if path.is_file()}
+
+
+def installed_updated_and_removed(programs, display):
+    """The installer's pages by keys, a print with the installed programs, an update without windows, the removal: the
+    suite's files stay as they were, except for what a print writes."""
+    suite = drive_c() + "/総合 システム"
+    shutil.rmtree(suite, ignore_errors=True)
+    wine("inin-site.exe", "make", windows_path(suite), "--patients", "40", "--seed", "3", cwd=programs)
+    without_viewer(suite)
+    before = files_of(suite)
+    capture = Pictures(display, "setup")
+
+    # The page proposes the folder of the last installation; no tool types this name under Wine.
+    wine("reg", "add", r"HKCU\Software\PrintInin", "/v", "Folder", "/d", windows_path(suite), "/f")
+    setup = subprocess.Popen(["wine", SETUP], env=display.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    wait_for("the first page", lambda: "セットアップ" in display.active_title())
+    capture("welcome")
+    display.key("Return")
+    time.sleep(1.0)
+    capture("folder")
+    display.key("Return")
+    wait_for("the installed programs", lambda: os.path.exists(suite + "/guide/check.txt"))
+    time.sleep(2.0)
+    capture("check")
+    display.key("Return")
+    time.sleep(1.0)
+    capture("end")
+    display.key("Return")
+    expect("exit code of the installer", setup.wait(real.PATIENCE), 0)
+    stop_wine() # and with it the editor, which shows the file to be read first
+    expect("the check", bytes_of(suite + "/guide/check.txt").decode().splitlines()[-1], "問題は見つかりませんでした。")
+
+    with WineProgram(display, suite) as program:
+        expect("exit code", work_a_print(program, display, Pictures(display, "installed")), 0)
+    wine(SETUP, "/S")
+    if not os.path.exists(suite + "/PrintInin.exe"):
+        raise Failed("the update has removed the program")
+    subprocess.run(["wine", suite + "/PrintInin-uninstall.exe", "/S", *("_?=" + windows_path(suite)).split(" ")], check=True)
+    stop_wine()
+    os.remove(suite + "/PrintInin-uninstall.exe") # which is in use while it runs in place
+    after = {name: content for name, content in files_of(suite).items() if not name.startswith("transcript-")}
+    expect("files of the suite that the removal took", sorted(set(before) - set(after)), [])
+    expect("other files", sorted(set(after) - set(before)), ["DATA/印刷設定.ini", "Main.log", "TMP/WfdCom.dat",
+           "TMP/委任状.csv", "TMP/委任状.run", "WrVb6Viewer.exe.WfdCom.dat", "wfrfv10.exe.WfdCom.dat"])
+    expect("changed files", [name for name in before if before[name] != after[name]], [])
 
 
 def through_boxes(program, display, *texts):
@@ -332,15 +499,17 @@ def a_wallpaper_that_is_no_picture(site, display):
     real.a_wallpaper_that_is_no_picture(site, display)
 
 
-CASES = [the_same_as_here, the_preview_is_the_form_viewer, every_other_window, closing_at_every_state, a_second_start, a_wallpaper_that_is_no_picture,
+CASES = [the_same_as_here, the_preview_is_the_form_viewer, every_other_window, help_and_search_windows_by_keys,
+         at_150_and_200_percent, a_site_on_a_share, installed_updated_and_removed,
+         closing_at_every_state, a_second_start, a_wallpaper_that_is_no_picture,
          a_path_of_more_than_300_characters, a_code_page_that_is_not_932, a_folder_that_cannot_be_written,
          a_driver_that_is_missing]
 
 
 if __name__ == "__main__":
-    real.PRINTININ, real.ININ_SITE, ZIP, PICTURES = (os.path.abspath(path) for path in sys.argv[1:5])
+    real.PRINTININ, real.ININ_SITE, ZIP, SETUP, PICTURES = (os.path.abspath(path) for path in sys.argv[1:6])
     real.Program = WineProgram
     real.Display = WineDisplay
     real.PATIENCE = 60.0
-    chosen = [case for case in CASES if len(sys.argv) < 6 or case.__name__ in sys.argv[5:]]
+    chosen = [case for case in CASES if len(sys.argv) < 7 or case.__name__ in sys.argv[6:]]
     sys.exit(0 if all([real.run(case, make_site) for case in chosen]) else 1)

@@ -48,9 +48,12 @@ TEST_CASE("the settings of the ledger are kept, and months outside the range are
     CHECK(!kept.isUsed);
     CHECK(kept.place == "共有/台帳");
     CHECK(kept.months == 36);
-    for (const auto &[written, read] : {std::pair(0, 1), std::pair(121, 120)}) {
-        writeBytes(folder / "settings.ini", "[ledger]\nmonths=" + std::to_string(written) + "\n");
-        CHECK(ViewerSettings(file).ledger().months == read);
+    struct Months {
+        int written, read;
+    };
+    for (const Months &months : {Months{0, 1}, Months{121, 120}}) {
+        writeBytes(folder / "settings.ini", "[ledger]\nmonths=" + std::to_string(months.written) + "\n");
+        CHECK(ViewerSettings(file).ledger().months == months.read);
     }
 }
 
