@@ -33,6 +33,7 @@ public:
     [[nodiscard]] LetterLayout &layoutOf(std::size_t letter);
     /// Sets the code of each letter, which the forms show as 整理番号 and as QR codes; none print no codes.
     void setCodes(std::vector<std::string> codes) { m_codes = std::move(codes); }
+    [[nodiscard]] const std::vector<std::string> &codes() const { return m_codes; }
     /// Whether a form has a place for codes.
     [[nodiscard]] bool showsCodes() const;
     /// Called with the marks of each marked page as it is painted.

@@ -21,6 +21,8 @@ public:
 
     /// Dots per point, and dots per pixel of the toolkit as the pictures' device pixel ratio. A change clears the cache.
     void setScale(double scale, double dotsPerPixel = 1);
+    /// Paints the letters again: their fields have changed.
+    void clear() { m_pages.clear(); }
     /// Valid until the next call.
     [[nodiscard]] const QImage &of(LetterPage which);
     [[nodiscard]] bool has(LetterPage which) const;

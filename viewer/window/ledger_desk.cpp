@@ -89,6 +89,15 @@ std::string_view LedgerDesk::textBefore(std::size_t letter, std::string_view col
     return m_textsBefore.value(letter, m_textsBefore.columnOf(column));
 }
 
+std::vector<std::string> LedgerDesk::codes()
+{
+    std::optional<LetterCode> code = m_run ? m_ledger.codeOf(*m_run, 0) : std::nullopt;
+    std::vector<std::string> codes;
+    // The letters of a run are numbered one after the other.
+    for (; code && codes.size() < m_mark.letters; ++code->letter) codes.push_back(codeText(*code));
+    return codes;
+}
+
 void LedgerDesk::startOutput(Date now)
 {
     m_output.reset();

@@ -46,6 +46,11 @@ public:
     /// A text of a letter of the compared run.
     [[nodiscard]] std::string_view textBefore(std::size_t letter, std::string_view column) const;
 
+    /// The letters that are shown.
+    [[nodiscard]] const RunMark &mark() const { return m_mark; }
+    /// The code of each letter; none for letters that are not recorded.
+    [[nodiscard]] std::vector<std::string> codes();
+
     /// Call before an output, then record() for each job of it as soon as it was accepted.
     void startOutput(Date now);
     void record(const OutputJob &job);

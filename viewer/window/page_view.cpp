@@ -66,6 +66,12 @@ void PageView::setMarks(std::vector<PlaceOnPage> places)
     viewport()->update();
 }
 
+void PageView::repaintLetter()
+{
+    if (m_letters != nullptr) m_letters->pictures.clear();
+    viewport()->update();
+}
+
 /// Sets the text for screen readers: the letter and its fields.
 void PageView::describeLetter()
 {

@@ -26,6 +26,8 @@ public:
     void showLetters(OpenLetters *letters);
     void showLetter(std::size_t letter);
     [[nodiscard]] std::size_t letter() const { return m_letter; }
+    /// Paints the page again after its letters have changed.
+    void repaintLetter();
     /// Marks places of the shown letter, in points on their pages, until another letter is shown. Marks are not printed.
     void setMarks(std::vector<PlaceOnPage> places);
     [[nodiscard]] const std::vector<PlaceOnPage> &marks() const { return m_marks; }

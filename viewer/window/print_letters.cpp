@@ -13,6 +13,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 
 namespace inin::viewer {
@@ -169,15 +170,22 @@ PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> whic
     return result;
 }
 
+std::string printPages(const LetterSet &set, Fonts &fonts, QtGlyphs &glyphs, const PrintOrder &order,
+                       const PrintPaths &paths)
+{
+    LetterRenderer renderer(set, fonts);
+    std::vector<std::size_t> all(set.size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    return runJob({renderer, glyphs, all, order}, paths, [](std::size_t) { return true; }).fault;
+}
+
 std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintPaths &paths)
 {
     PrintOrder one = order;
     one.copies = 1;
     const LetterSet set =
         rulerLetters(letters.set.paper, utf8Text(order.printer), order.offset.right, order.offset.down);
-    LetterRenderer renderer(set, letters.fonts);
-    constexpr std::size_t kOnly[] = {0};
-    return runJob({renderer, letters.glyphs, kOnly, one}, paths, [](std::size_t) { return true; }).fault;
+    return printPages(set, letters.fonts, letters.glyphs, one, paths);
 }
 
 } // namespace inin::viewer

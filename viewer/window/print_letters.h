@@ -11,6 +11,9 @@
 
 namespace inin::viewer {
 
+class Fonts;
+class QtGlyphs;
+struct LetterSet;
 struct OpenLetters;
 
 /// Creates the printer of one job.
@@ -48,6 +51,9 @@ using PrintProgress = std::function<bool(std::size_t letters)>;
 [[nodiscard]] PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which,
                                        const PrintOrder &order, const PrintPaths &paths, const PrintProgress &progress,
                                        const JobSent &onSent = {});
+/// Prints all pages of a set once, as one job. Returns an error sentence or an empty text.
+[[nodiscard]] std::string printPages(const LetterSet &set, Fonts &fonts, QtGlyphs &glyphs, const PrintOrder &order,
+                                     const PrintPaths &paths);
 /// Prints the page of rulers for measuring an offset. Returns an error sentence or an empty text.
 [[nodiscard]] std::string printRulerPage(OpenLetters &letters, const PrintOrder &order, const PrintPaths &paths);
 

@@ -37,6 +37,7 @@ void ViewerWindow::showLedger()
     m_list->showStates(m_desk.isUsable());
     for (QAction *const action : m_ledgerActions) action->setEnabled(m_desk.isUsable());
     showLedgerFilters();
+    showCodes(CodesFor::screen);
     m_comparedBar->showLines(m_services.now());
     showChanges();
     showStates();

@@ -1,3 +1,4 @@
+#include "viewer/paint/scanned_pages.h"
 #include "viewer/window/compared_bar.h"
 #include "viewer/window/help_window.h"
 #include "viewer/window/letter_list.h"
@@ -183,6 +184,16 @@ void ViewerWindow::buildLedgerMenu()
     m_ledgerActions.push_back(addEntry(menu, "untickPrinted", u"この期間に印刷済みの人のチェックを外す(&U)"_s, {},
                                        [this] { untickPrinted(); }));
     menu->addSeparator();
+    m_ledgerActions.push_back(
+        addEntry(menu, "returns", u"返送の確認(&H)…"_s, {QKeySequence(u"Ctrl+H"_s)}, [this] { askReturns(); }));
+    QAction *const codes =
+        menu->addAction(canReadScans() ? u"整理番号と QR コードを印刷する(&Q)"_s
+                                       : u"整理番号を印刷する（この版では QR コードは出ません）(&Q)"_s);
+    codes->setObjectName(u"printCodes"_s);
+    codes->setCheckable(true);
+    codes->setChecked(m_settings.printsCodes());
+    QObject::connect(codes, &QAction::toggled, this, [this](bool isOn) { switchCodes(isOn); });
+    m_ledgerActions.push_back(codes);
     for (QAction *const action : m_ledgerActions) action->setEnabled(false); // until the ledger is open
     addEntry(menu, "ledgerSettings", u"台帳の設定(&L)…"_s, {}, [this] { askLedgerSettings(); });
 }

@@ -106,9 +106,8 @@ void ViewerWindow::print(const PrintOrder &order, const LetterTicks &ticks)
     if (which.empty()) return showMessage(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
     if (order.printer.isEmpty())
         return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
-    openLedger();
+    recordBeforeOutput();
     m_paper->hide();
-    m_desk.startOutput(m_services.now());
     const auto onSent = [&](std::span<const std::size_t> letters, const std::string &number) {
         m_desk.record(
             {OutputKind::print, utf8Text(order.printer), number, {letters.begin(), letters.end()}, m_services.now()});
@@ -181,6 +180,7 @@ void ViewerWindow::writePdf(const std::vector<std::size_t> &which)
         m_services.askPdfFile(this, m_settings.pdfFolder(), qtText(fileNameOfAll(m_letters->set, which, ".pdf")));
     if (path.isEmpty()) return;
     keepPdfFolder(QFileInfo(path).absolutePath());
+    if (m_settings.printsCodes()) recordBeforeOutput();
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
         const bool isDone = writeLettersPdf(utf8Text(path), m_letters->renderer, which, progress);
         if (isDone) recordSaved(which);
@@ -200,6 +200,7 @@ void ViewerWindow::writePdfEach(const PdfOrder &order, const std::vector<std::si
     const auto old = std::ranges::count_if(paths, [](const std::string &path) { return QFile::exists(qtText(path)); });
     if (old > 0 && !m_services.mayReplace(this, u"同じ名前のファイルが%1個あります。上書きしますか。"_s.arg(old)))
         return;
+    if (m_settings.printsCodes()) recordBeforeOutput();
     runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
         const std::size_t written = writeLetterPdfs(paths, m_letters->renderer, which, progress);
         recordSaved(std::span(which).first(written));

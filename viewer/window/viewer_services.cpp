@@ -57,12 +57,14 @@ QString folderOrDocuments(const QString &folder)
     return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
-QString askPdfFile(QWidget *parent, const QString &folder, const QString &name)
+QString askFile(QWidget *parent, const QString &title, const QString &folder, const QString &name)
 {
-    QFileDialog dialog(parent, u"PDF に保存"_s, folderOrDocuments(folder), u"PDF ファイル (*.pdf)"_s);
+    const bool isPdf = name.endsWith(u".pdf"_s);
+    QFileDialog dialog(parent, title, folderOrDocuments(folder),
+                       isPdf ? u"PDF ファイル (*.pdf)"_s : u"CSV ファイル (*.csv)"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // The dialog itself adds the extension, before it asks about an existing file.
-    dialog.setDefaultSuffix(u"pdf"_s);
+    dialog.setDefaultSuffix(isPdf ? u"pdf"_s : u"csv"_s);
     dialog.selectFile(name);
     const bool isChosen = dialog.exec() == QDialog::Accepted;
     return isChosen ? QDir::toNativeSeparators(dialog.selectedFiles().value(0)) : QString();
@@ -93,7 +95,12 @@ ViewerServices realServices()
         return ledgerPath(environmentText("ININ_LEDGER"), settings, operatorDataFolder(environmentText));
     };
     services.askLedgerFolder = askLedgerFolder;
-    services.askPdfFile = askPdfFile;
+    services.askPdfFile = [](QWidget *parent, const QString &folder, const QString &name) {
+        return askFile(parent, u"PDF に保存"_s, folder, name);
+    };
+    services.askListFile = [](QWidget *parent, const QString &folder, const QString &name) {
+        return askFile(parent, u"一覧を保存"_s, folder, name);
+    };
     services.askFolder = askFolder;
     return services;
 }

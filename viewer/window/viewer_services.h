@@ -24,6 +24,8 @@ struct ViewerServices {
     std::function<bool(QWidget *parent, const QString &text)> mayReplace;
     /// Returns an empty path when the user cancels. Without a folder the user's documents are offered.
     std::function<QString(QWidget *parent, const QString &folder, const QString &name)> askPdfFile;
+    /// The same for the list of missing letters; the kind of file is the name's extension.
+    std::function<QString(QWidget *parent, const QString &folder, const QString &name)> askListFile;
     std::function<QString(QWidget *parent, const QString &folder)> askFolder;
     /// The day that the check compares dates with.
     std::function<Date()> today = presentDay;

@@ -178,6 +178,16 @@ void ViewerSettings::setLedger(const LedgerSettings &ledger)
     m_file.setValue(u"ledger/months"_s, ledger.months);
 }
 
+bool ViewerSettings::printsCodes() const
+{
+    return m_file.value(u"print/codes"_s).toBool();
+}
+
+void ViewerSettings::setPrintsCodes(bool prints)
+{
+    m_file.setValue(u"print/codes"_s, prints);
+}
+
 bool ViewerSettings::save()
 {
     m_file.sync();

@@ -61,6 +61,9 @@ public:
     void setSwitchedOffCauses(const CauseSet &causes);
     [[nodiscard]] LedgerSettings ledger() const;
     void setLedger(const LedgerSettings &ledger);
+    /// Whether the letters show their codes (整理番号).
+    [[nodiscard]] bool printsCodes() const;
+    void setPrintsCodes(bool prints);
     /// Writes changed settings; false when the file cannot be written.
     bool save();
 

@@ -158,6 +158,12 @@ private:
     void confirmUpTo(std::optional<int> lastGood);
     void printRest();
     void askLedgerSettings();
+    // viewer_returns.cpp
+    void askReturns();
+    void switchCodes(bool isOn);
+    enum class CodesFor { screen, output };
+    void showCodes(CodesFor use);
+    void recordBeforeOutput();
     QString eraseLedger();
 
     const std::string m_scriptPath;

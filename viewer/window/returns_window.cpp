@@ -1,0 +1,299 @@
+#include "viewer/window/returns_window.h"
+
+#include "viewer/returns/missing_letters.h"
+#include "viewer/returns/returned_text.h"
+#include "viewer/window/qt_text.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace inin::viewer {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kWidth = 900, kHeight = 680, kThumbnailHeight = 150;
+
+QStringList filesOf(const QMimeData &data)
+{
+    QStringList paths;
+    for (const QUrl &url : data.urls())
+        if (url.isLocalFile()) paths << url.toLocalFile();
+    return paths;
+}
+
+} // namespace
+
+ReturnsWindow::ReturnsWindow(Ledger &ledger, const ViewerServices &services, ViewerSettings &settings,
+                             std::optional<MonthRange> period, QWidget *parent)
+    : QDialog(parent), m_ledger(ledger), m_services(services), m_settings(settings), m_reader(ledger, services.now)
+{
+    setObjectName(u"returnsWindow"_s);
+    setWindowTitle(u"返送の確認"_s);
+    setAcceptDrops(true);
+    resize(kWidth, kHeight);
+    auto *const layout = new QVBoxLayout(this);
+    buildChoice(layout);
+    buildScans(layout);
+    buildTable(layout);
+    buildOutput(layout);
+    m_model.onTick = [this](const std::vector<int> &rows, bool isReturned) { return tick(rows, isReturned); };
+    followReader();
+    fillPeriods(period);
+    reload();
+    m_code->setFocus();
+}
+
+void ReturnsWindow::buildChoice(QBoxLayout *layout)
+{
+    m_period = new QComboBox(this);
+    m_period->setObjectName(u"returnsPeriod"_s);
+    m_insurer = new QComboBox(this);
+    m_insurer->setObjectName(u"returnsInsurer"_s);
+    m_words = new QLineEdit(this);
+    m_words->setObjectName(u"returnsWords"_s);
+    m_words->setPlaceholderText(u"名前などで絞り込む"_s);
+    m_words->setAccessibleName(m_words->placeholderText());
+    m_words->setClearButtonEnabled(true);
+    m_onlyMissing = new QCheckBox(u"返送されていないものだけ(&M)"_s, this);
+    m_onlyMissing->setObjectName(u"returnsOnlyMissing"_s);
+    m_onlyMissing->setChecked(true);
+    QObject::connect(m_period, &QComboBox::activated, this, [this] { reload(); });
+    QObject::connect(m_insurer, &QComboBox::activated, this, [this] { filter(); });
+    QObject::connect(m_words, &QLineEdit::textChanged, this, [this] { filter(); });
+    QObject::connect(m_onlyMissing, &QCheckBox::toggled, this, [this] { filter(); });
+    auto *const row = new QHBoxLayout;
+    const auto add = [&](const QString &name, QWidget *box) {
+        auto *const label = new QLabel(name, this);
+        label->setBuddy(box);
+        row->addWidget(label);
+        row->addWidget(box, 1);
+    };
+    add(u"期間(&P)"_s, m_period);
+    add(u"保険者(&I)"_s, m_insurer);
+    row->addWidget(m_words, 1);
+    row->addWidget(m_onlyMissing);
+    layout->addLayout(row);
+}
+
+void ReturnsWindow::buildScans(QBoxLayout *layout)
+{
+    m_code = new QLineEdit(this);
+    m_code->setObjectName(u"returnsCode"_s);
+    m_code->setPlaceholderText(u"スキャナーで読むか、入力して Enter"_s);
+    // The keyboard of a scanner must not go through the conversion of Japanese input.
+    m_code->setAttribute(Qt::WA_InputMethodEnabled, false);
+    QObject::connect(m_code, &QLineEdit::returnPressed, this, [this] { markTyped(); });
+    auto *const label = new QLabel(u"整理番号(&N)"_s, this);
+    label->setBuddy(m_code);
+    m_stop = new QPushButton(u"読み取りを中止(&X)"_s, this);
+    m_stop->setObjectName(u"returnsStop"_s);
+    m_stop->setAutoDefault(false);
+    m_stop->hide();
+    QObject::connect(m_stop, &QPushButton::clicked, this, [this] { m_reader.stop(); });
+    auto *const row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(m_code, 1);
+    row->addWidget(m_stop);
+    layout->addLayout(row);
+    m_result = new QLabel(this);
+    m_result->setObjectName(u"returnsResult"_s);
+    m_result->setWordWrap(true);
+    m_result->setText(
+        canReadScans()
+            ? u"戻ってきた委任状を読み取ったファイル（PDF、PNG、JPEG、TIFF）を、この画面に落とすこともできます。"_s
+            : qtText(kNoScans));
+    layout->addWidget(m_result);
+}
+
+void ReturnsWindow::buildTable(QBoxLayout *layout)
+{
+    m_table = new QTableView(this);
+    m_table->setObjectName(u"returnsTable"_s);
+    m_table->setModel(&m_model);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setWordWrap(false);
+    m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->installEventFilter(this);
+    m_count = new QLabel(this);
+    m_count->setObjectName(u"returnsCount"_s);
+    layout->addWidget(m_table, 1);
+    layout->addWidget(m_count);
+    m_unreadableTitle = new QLabel(u"整理番号を読み取れなかったページ（上の一覧で、手でチェックしてください）"_s, this);
+    m_unreadable = new QListWidget(this);
+    m_unreadable->setObjectName(u"returnsUnreadable"_s);
+    m_unreadable->setViewMode(QListView::IconMode);
+    m_unreadable->setIconSize({kThumbnailHeight, kThumbnailHeight});
+    m_unreadable->setMovement(QListView::Static);
+    m_unreadable->setMaximumHeight(kThumbnailHeight + 60);
+    m_unreadableTitle->hide();
+    m_unreadable->hide();
+    layout->addWidget(m_unreadableTitle);
+    layout->addWidget(m_unreadable);
+}
+
+void ReturnsWindow::followReader()
+{
+    m_reader.onUnreadable = [this](const std::string &file, int page, const QImage &thumbnail) {
+        showUnreadable(u"%1　%2ページ"_s.arg(QFileInfo(qtText(file)).fileName()).arg(page), thumbnail);
+    };
+    m_reader.onFault = [this](const std::string &sentence) { showUnreadable(qtText(sentence), {}); };
+    m_reader.onMarked = [this](std::size_t first) {
+        const std::vector<ReturnedPage> &pages = m_reader.pages().pages();
+        for (std::size_t i = first; i < pages.size(); ++i)
+            if (pages[i].needsAttention() && !pages[i].code.empty()) showUnreadable(qtText(returnedLine(pages[i])), {});
+        reload();
+        if (onReturned) onReturned();
+    };
+    m_reader.onProgress = [this](const std::string &file, int page, int pages) {
+        m_stop->setVisible(pages > 0);
+        if (pages == 0) return m_result->setText(qtText(returnedSummary(m_reader.pages())));
+        m_result->setText(
+            u"読み取っています：%1　%2／%3ページ"_s.arg(QFileInfo(qtText(file)).fileName()).arg(page).arg(pages));
+    };
+}
+
+void ReturnsWindow::showUnreadable(const QString &words, const QImage &thumbnail)
+{
+    auto *const item = new QListWidgetItem(words, m_unreadable);
+    if (!thumbnail.isNull()) item->setIcon(QPixmap::fromImage(thumbnail));
+    m_unreadableTitle->show();
+    m_unreadable->show();
+}
+
+void ReturnsWindow::fillPeriods(std::optional<MonthRange> period)
+{
+    m_periods = m_ledger.periods();
+    for (const MonthRange &months : m_periods) m_period->addItem(qtText(periodText(months)));
+    const auto shown = period ? std::ranges::find(m_periods, *period) : m_periods.end();
+    if (shown != m_periods.end()) m_period->setCurrentIndex(static_cast<int>(shown - m_periods.begin()));
+}
+
+void ReturnsWindow::reload()
+{
+    const int index = m_period->currentIndex();
+    m_model.show(index < 0 ? std::vector<PrintedLetter>()
+                           : m_ledger.printedLetters(m_periods[static_cast<std::size_t>(index)]));
+    fillInsurers();
+    filter();
+    m_table->resizeColumnsToContents();
+}
+
+/// The insurers in the order of the list, each with the number of its missing letters.
+void ReturnsWindow::fillInsurers()
+{
+    const QString chosen = m_insurer->currentData().toString();
+    m_insurer->clear();
+    m_insurer->addItem(u"すべて（%1通）"_s.arg(m_model.missing()), QString());
+    const std::vector<PrintedLetter> &letters = m_model.letters();
+    for (auto begin = letters.begin(); begin != letters.end();) {
+        const auto end = std::find_if(begin, letters.end(),
+                                      [&](const PrintedLetter &letter) { return letter.insurer != begin->insurer; });
+        const auto missing = std::count_if(
+            begin, end, [](const PrintedLetter &letter) { return letter.state != LetterState::returned; });
+        m_insurer->addItem(u"%1（%2通）"_s.arg(qtText(begin->insurer)).arg(missing), qtText(begin->insurer));
+        begin = end;
+    }
+    m_insurer->setCurrentIndex(std::max(0, m_insurer->findData(chosen)));
+}
+
+void ReturnsWindow::filter()
+{
+    m_model.setFilter({m_insurer->currentData().toString(), m_words->text(), m_onlyMissing->isChecked()});
+    showCount();
+}
+
+void ReturnsWindow::showCount()
+{
+    const std::size_t all = m_model.letters().size(), missing = m_model.missing();
+    m_count->setText(
+        u"この期間の委任状 %1通：返送済み %2通、返送されていない %3通"_s.arg(all).arg(all - missing).arg(missing) +
+        (m_ledger.notice().empty() ? QString() : u"　"_s + qtText(m_ledger.notice())));
+}
+
+bool ReturnsWindow::tick(const std::vector<int> &rows, bool isReturned)
+{
+    std::vector<LedgerLetter> copies;
+    for (const int row : rows) {
+        const std::vector<LedgerLetter> &more = m_model.letterAt(row).copies;
+        copies.insert(copies.end(), more.begin(), more.end());
+    }
+    const bool isDone = !rows.empty() && m_ledger.setReturned(copies, isReturned, m_services.now());
+    if (isDone) m_model.setReturned(rows, isReturned);
+    showCount();
+    if (isDone && onReturned) onReturned();
+    return isDone;
+}
+
+/// Ticks the selected rows, or unticks them if all are ticked.
+void ReturnsWindow::toggleSelected()
+{
+    std::vector<int> rows;
+    for (const QModelIndex &index : m_table->selectionModel()->selectedRows()) rows.push_back(index.row());
+    const bool areAll =
+        std::ranges::all_of(rows, [this](int row) { return m_model.letterAt(row).state == LetterState::returned; });
+    (void)tick(rows, !areAll);
+}
+
+void ReturnsWindow::markTyped()
+{
+    const std::string typed[] = {utf8Text(m_code->text())};
+    m_code->clear();
+    if (typed[0].empty()) return;
+    const ReturnedCode result = m_ledger.markReturned(typed, m_services.now()).at(0);
+    const QString letter = qtText(result.insurer + "　" + result.patient);
+    m_result->setText(u"%1：%2%3"_s.arg(qtText(typed[0]), qtText(codeResultText(result.result)),
+                                        result.letter ? u"（%1）"_s.arg(letter) : QString()));
+    reload();
+    if (result.result == CodeResult::marked && onReturned) onReturned();
+}
+
+void ReturnsWindow::readFiles(const QStringList &paths)
+{
+    if (!canReadScans()) return m_result->setText(qtText(kNoScans));
+    for (const QString &path : paths) m_reader.add(utf8Text(path));
+}
+
+void ReturnsWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!filesOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void ReturnsWindow::dropEvent(QDropEvent *event)
+{
+    readFiles(filesOf(*event->mimeData()));
+    event->acceptProposedAction();
+}
+
+void ReturnsWindow::done(int result)
+{
+    m_reader.stop();
+    QDialog::done(result);
+}
+
+bool ReturnsWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *const key = event->type() == QEvent::KeyPress ? dynamic_cast<QKeyEvent *>(event) : nullptr;
+    if (watched != m_table || key == nullptr || key->key() != Qt::Key_Space)
+        return QDialog::eventFilter(watched, event);
+    toggleSelected();
+    return true;
+}
+
+} // namespace inin::viewer
