@@ -33,8 +33,8 @@ add_library(SQLite::SQLite3 ALIAS inin_sqlite3)
 add_library(ODBC::ODBC INTERFACE IMPORTED GLOBAL)
 set_target_properties(ODBC::ODBC PROPERTIES INTERFACE_LINK_LIBRARIES odbc32)
 
-# For the letters: shaping and subsetting fonts, reading form documents, compressing PDF.
-foreach(library harfbuzz expat)
+# For the letters: shaping and subsetting fonts, reading form documents and their pictures, compressing PDF.
+foreach(library harfbuzz expat png jpeg)
     string(TOUPPER ${library} upper)
     set(ININ_${upper} "$ENV{HOME}/.cache/inin-windows/${library}" CACHE PATH "Folder of include/ and lib/lib${library}.a")
     if(NOT EXISTS "${ININ_${upper}}/lib/lib${library}.a")
@@ -50,3 +50,6 @@ add_library(EXPAT::EXPAT ALIAS inin_expat)
 find_library(ININ_ZLIB NAMES libz.a REQUIRED)
 add_library(ZLIB::ZLIB STATIC IMPORTED GLOBAL)
 set_target_properties(ZLIB::ZLIB PROPERTIES IMPORTED_LOCATION "${ININ_ZLIB}")
+add_library(PNG::PNG ALIAS inin_png)
+target_link_libraries(inin_png INTERFACE ZLIB::ZLIB)
+add_library(JPEG::JPEG ALIAS inin_jpeg)

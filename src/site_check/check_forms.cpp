@@ -23,14 +23,18 @@ constexpr std::string_view kForms[] = {"委任状37_01.wfd", "委任状23.wfd", 
 std::set<std::string> unknownColumns(const viewer::FormDocument &form)
 {
     std::set<std::string> unknown;
+    const auto check = [&](const std::string &column) {
+        if (column != viewer::kLetterCodeColumn &&
+            std::ranges::find(letterColumnTitles(), column) == letterColumnTitles().end())
+            unknown.insert(column);
+    };
     for (const viewer::DrawCommand &command : form.commands) {
         const auto *text = std::get_if<viewer::TextCommand>(&command);
         if (text == nullptr) continue;
         for (const viewer::TextPiece &piece : text->pieces)
-            if (piece.isField() && piece.column != viewer::kLetterCodeColumn &&
-                std::ranges::find(letterColumnTitles(), piece.column) == letterColumnTitles().end())
-                unknown.insert(piece.column);
+            if (piece.isField()) check(piece.column);
     }
+    for (const viewer::ShowRule &rule : form.rules) check(rule.column);
     return unknown;
 }
 

@@ -30,6 +30,8 @@ namespace inin {
 [[nodiscard]] std::string fullPath(const std::string &path);
 /// The absolute system path for a path of the suite. Unlike fullPath(), it keeps symbolic links.
 [[nodiscard]] std::string absoluteSystemPath(const std::string &path);
+/// The absolute system path of an existing file or folder with all links followed; empty if there is none.
+[[nodiscard]] std::string pathWithoutLinks(const std::string &systemPath);
 /// A system path for std::filesystem; on Windows it may exceed the classic limit.
 [[nodiscard]] std::filesystem::path longPathOf(const std::string &systemPath);
 

@@ -62,6 +62,13 @@ std::string absoluteSystemPath(const std::string &path)
     return error ? found : absolute.lexically_normal().string();
 }
 
+std::string pathWithoutLinks(const std::string &systemPath)
+{
+    std::error_code error;
+    const std::filesystem::path found = std::filesystem::canonical(pathOf(systemPath), error);
+    return error ? std::string() : textOf(found);
+}
+
 std::filesystem::path longPathOf(const std::string &systemPath)
 {
     return systemPath;

@@ -1,6 +1,7 @@
 #include "system/win32_path.h"
 
 #include "system/file_path.h"
+#include "system/win32_handle.h"
 #include "system/win32_text.h"
 
 #include <algorithm>
@@ -49,6 +50,21 @@ bool isAbsolutePath(const std::string &path)
 std::string absoluteSystemPath(const std::string &path)
 {
     return fullPath(path);
+}
+
+std::string pathWithoutLinks(const std::string &systemPath)
+{
+    // Folders are opened only with this flag.
+    const Win32FileHandle file(CreateFileW(widePath(systemPath).c_str(), 0,
+                                           FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                           OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!file.isOpen()) return {};
+    std::wstring path(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+    const DWORD written =
+        GetFinalPathNameByHandleW(file.get(), path.data(), static_cast<DWORD>(path.size()), FILE_NAME_NORMALIZED);
+    if (written >= path.size()) return {};
+    path.resize(written);
+    return utf8FromWide(path);
 }
 
 std::filesystem::path longPathOf(const std::string &systemPath)

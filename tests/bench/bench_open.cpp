@@ -4,7 +4,7 @@
 #include "bench/bench_process.h"
 #include "bench/letter_job.h"
 #include "viewer/document/letter_renderer.h"
-#include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/qt_letter_page.h"
 
 #include <fmt/format.h>
 
@@ -49,7 +49,7 @@ int openOnce(const std::string &script)
     viewer::LetterRenderer press(set, fonts);
     const double prepared = millisecondsSince(start);
     viewer::QtGlyphs glyphs;
-    const QImage page = viewer::letterImage(press, 0, kDotsPerInch, glyphs);
+    const QImage page = viewer::pageImage(press, 0, kDotsPerInch, glyphs);
     const double painted = millisecondsSince(start);
     if (set.size() != kLetters || inkOf(page) < 10'000) throw std::runtime_error("letters or ink are missing");
     fmt::print("{:.3f} {:.3f} {:.3f}\n", opened, prepared - opened, painted - prepared);

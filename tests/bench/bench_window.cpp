@@ -186,7 +186,7 @@ void timeTurning(OpenLetters &letters)
     for (std::size_t i = 1; i <= kTurned; ++i) {
         QImage image;
         kept.time([&] { (void)letters.pictures.of(i); });
-        whole.time([&] { image = letterImage(letters.renderer, i, kDotsPerInch, letters.glyphs); });
+        whole.time([&] { image = pageImage(letters.renderer, i, kDotsPerInch, letters.glyphs); });
         require(letters.pictures.of(i) == image, "the kept picture is another than the letter");
         require(image != before, "two letters look the same");
         before = image;

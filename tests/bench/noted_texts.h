@@ -18,6 +18,7 @@ class NotedTexts : public viewer::PagePainter {
 public:
     explicit NotedTexts(double height) : m_height(height) {}
     void paint(const viewer::PathCommand &) override {}
+    void paint(const viewer::PictureCommand &) override {}
     void paint(const viewer::GlyphRun &run) override
     {
         const auto found = std::ranges::find(fonts, run.font);

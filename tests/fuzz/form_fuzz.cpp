@@ -83,15 +83,24 @@ public:
             require(std::isfinite(glyph.x), "a glyph has a place");
         }
     }
+    void paint(const PictureCommand &picture) override
+    {
+        require(picture.picture && picture.picture->pixels.size() ==
+                                       picture.picture->width * picture.picture->height * picture.picture->channels,
+                "a picture has all its pixels");
+        requireFinite(picture.at);
+    }
 };
 
 void paintAll(LetterRenderer &press, std::span<const std::size_t> letters)
 {
     CheckingPainter painter;
     for (const std::size_t letter : letters) {
-        requireFinite(press.onPaper(letter));
-        press.layoutOf(letter).paintShared(painter);
-        for (const FieldMark &mark : press.paintFields(letter, painter)) (void)markText(mark);
+        for (std::size_t page = 0; page < press.pageCount(letter); ++page) {
+            requireFinite(press.onPaper(letter, page));
+            press.layoutOf(letter).paintShared(painter, page);
+            for (const FieldMark &mark : press.paintFields(letter, painter, page)) (void)markText(mark);
+        }
     }
 }
 

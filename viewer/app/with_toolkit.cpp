@@ -6,7 +6,7 @@
 #include "viewer/app/ledger_report.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/io/system_edges.h"
-#include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/qt_letter_page.h"
 #include "viewer/paint/scanned_pages.h"
 #include "viewer/returns/returned_text.h"
 #include "viewer/window/run_window.h"
@@ -74,8 +74,13 @@ void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::
     const std::size_t digits = std::max<std::size_t>(3, std::to_string(renderer.set().size()).size());
     QtGlyphs glyphs;
     for (const std::size_t letter : letters) {
-        writeWholeFile(pathOf(fmt::format("{}/{:0{}}.png", command.pngFolder, letter + 1, digits)),
-                       letterPng(renderer, letter, command.dotsPerInch, glyphs), NewFile::ownerOnly);
+        const std::size_t pages = renderer.pageCount(letter);
+        for (std::size_t page = 0; page < pages; ++page) {
+            const std::string number = fmt::format("{:0{}}", letter + 1, digits);
+            const std::string name = pages == 1 ? number : fmt::format("{}-{}", number, page + 1);
+            writeWholeFile(pathOf(fmt::format("{}/{}.png", command.pngFolder, name)),
+                           pagePng(renderer, {letter, page}, command.dotsPerInch, glyphs), NewFile::ownerOnly);
+        }
     }
 }
 

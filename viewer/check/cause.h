@@ -35,6 +35,7 @@ enum class Cause : std::uint8_t {
     noHouseholderTelephone,
     sameLetter,
     samePerson,
+    unknownCode,   ///< a value that the form's list of codes and words lacks
     unfilledField, ///< braces of a placeholder that is not replaced, in a value or in the form
     getaMark,      ///< 〓, which replaces a character that the data lacks
     lostCharacter,
@@ -42,7 +43,7 @@ enum class Cause : std::uint8_t {
     doesNotFit,
     shrunk,
 };
-inline constexpr std::size_t kCauses = 31;
+inline constexpr std::size_t kCauses = 32;
 
 /// A set of causes, by their numbers.
 using CauseSet = std::bitset<kCauses>;

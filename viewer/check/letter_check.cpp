@@ -20,13 +20,15 @@ bool isVisible(const ShapedGlyph &glyph)
     return glyph.text != 0 && glyph.text != U' ' && glyph.text != U'\t' && glyph.text != U'\u3000';
 }
 
-/// Lays letters out without painting them, to collect their marks. Notes whether a page has a visible character.
+/// Lays letters out without painting them, to collect their marks. Notes whether a letter has a visible character or a
+/// picture.
 class MeasuringPainter : public PagePainter {
 public:
-    void startPage() { m_hasText = false; }
+    void startLetter() { m_hasText = false; }
     [[nodiscard]] bool hasText() const { return m_hasText; }
     void paint(const PathCommand &) override {}
     void paint(const GlyphRun &run) override { m_hasText = m_hasText || std::ranges::any_of(run.glyphs, isVisible); }
+    void paint(const PictureCommand &) override { m_hasText = true; }
 
 private:
     bool m_hasText = false;
@@ -121,23 +123,28 @@ void LetterCheck::judgeLetter(std::size_t letter)
 
 void LetterCheck::addMarks(std::size_t letter)
 {
-    const bool datesAreReported = std::ranges::count(m_rules->found, Cause::noDate, &RowFinding::cause) != 0;
     MeasuringPainter &painter = m_rules->painter;
-    painter.startPage();
-    const std::vector<FieldMark> &marks = m_renderer.paintFields(letter, painter);
-    if (!painter.hasText()) m_renderer.layoutOf(letter).paintShared(painter);
+    painter.startLetter();
+    const std::size_t pages = m_renderer.pageCount(letter);
+    for (std::size_t page = 0; page < pages; ++page)
+        for (const FieldMark &mark : m_renderer.paintFields(letter, painter, page)) addMark(letter, mark);
+    const LetterLayout &layout = m_renderer.layoutOf(letter);
+    for (std::size_t page = 0; page < pages && !painter.hasText(); ++page) layout.paintShared(painter, page);
     if (!painter.hasText()) m_found.push_back({Cause::blankPage, letter, {}});
-    for (const FieldMark &mark : marks) {
-        const std::string columns = columnNames(m_renderer.layoutOf(letter), mark);
-        if (mark.noDate && !datesAreReported) m_found.push_back({Cause::noDate, letter, columns});
-        if (!mark.missing.empty())
-            m_found.push_back(
-                {Cause::missingInFont, letter, fmt::format("{}：{}", columns, charactersText(mark.missing))});
-        if (mark.doesNotFit)
-            m_found.push_back({Cause::doesNotFit, letter, columns});
-        else if (mark.shrunk)
-            m_found.push_back({Cause::shrunk, letter, columns});
-    }
+}
+
+void LetterCheck::addMark(std::size_t letter, const FieldMark &mark)
+{
+    const bool datesAreReported = std::ranges::count(m_rules->found, Cause::noDate, &RowFinding::cause) != 0;
+    const std::string columns = columnNames(m_renderer.layoutOf(letter), mark);
+    if (mark.noDate && !datesAreReported) m_found.push_back({Cause::noDate, letter, columns});
+    if (mark.noWord) m_found.push_back({Cause::unknownCode, letter, columns});
+    if (!mark.missing.empty())
+        m_found.push_back({Cause::missingInFont, letter, fmt::format("{}：{}", columns, charactersText(mark.missing))});
+    if (mark.doesNotFit)
+        m_found.push_back({Cause::doesNotFit, letter, columns});
+    else if (mark.shrunk)
+        m_found.push_back({Cause::shrunk, letter, columns});
 }
 
 /// Duplicates are searched within one report: a merge may well contain two forms for the same person.

@@ -37,6 +37,7 @@ private:
     struct Rules;
     void judgeLetter(std::size_t letter);
     void addMarks(std::size_t letter);
+    void addMark(std::size_t letter, const FieldMark &mark);
     void addDuplicates();
 
     LetterRenderer &m_renderer;

@@ -166,22 +166,6 @@ Date monthsAfter(Date day, std::int32_t months)
 
 } // namespace
 
-std::string_view withoutOuterBlanks(std::string_view text)
-{
-    while (true) {
-        if (text.starts_with(' ') || text.starts_with('\t'))
-            text.remove_prefix(1);
-        else if (text.starts_with(kWideBlank))
-            text.remove_prefix(kWideBlank.size());
-        else if (text.ends_with(' ') || text.ends_with('\t'))
-            text.remove_suffix(1);
-        else if (text.ends_with(kWideBlank))
-            text.remove_suffix(kWideBlank.size());
-        else
-            return text;
-    }
-}
-
 bool hasPlaceholderBraces(std::string_view text)
 {
     constexpr std::string_view kBraces[] = {"{{", "}}", "｛｛", "｝｝"};

@@ -40,7 +40,5 @@ private:
 
 /// True for a text with the braces of a placeholder, in half or full width.
 [[nodiscard]] bool hasPlaceholderBraces(std::string_view text);
-/// The text without leading and trailing blanks, full-width ones included.
-[[nodiscard]] std::string_view withoutOuterBlanks(std::string_view text);
 
 } // namespace inin::viewer

@@ -9,9 +9,14 @@
 
 namespace inin::viewer {
 
-/// The places on the paper, in points, of the texts of a letter that show any of these columns: the text's box, or a
+/// A place on a page's paper, in points.
+struct PlaceOnPage : Box {
+    std::size_t page = 0;
+};
+
+/// The places of the texts of a letter that show any of these columns: the text's box, or a
 /// square at the beginning of a text without one.
-[[nodiscard]] std::vector<Box> placesOfColumns(LetterRenderer &renderer, std::size_t letter,
-                                               std::span<const std::string> columns);
+[[nodiscard]] std::vector<PlaceOnPage> placesOfColumns(LetterRenderer &renderer, std::size_t letter,
+                                                       std::span<const std::string> columns);
 
 } // namespace inin::viewer

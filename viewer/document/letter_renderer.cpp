@@ -8,23 +8,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace inin::viewer {
 
 namespace {
 
 constexpr double kTenth = kPointsPerMillimetre / 10;
-
-/// Millimetres.
-struct PaperSize {
-    Paper paper;
-    double width, height;
-};
-constexpr PaperSize kPapers[] = {{Paper::A4, 210, 297}, {Paper::A5, 148, 210}, {Paper::B5, 182, 257}};
-
-/// Page sizes that differ by less than this (points) are the same paper.
-constexpr double kSameSize = 2;
 
 const std::vector<std::string> &unreadableColumns()
 {
@@ -33,12 +22,6 @@ const std::vector<std::string> &unreadableColumns()
 }
 
 } // namespace
-
-Point sizeOf(Paper paper)
-{
-    const auto *const known = std::ranges::find(kPapers, paper, &PaperSize::paper);
-    return {known->width * kPointsPerMillimetre, known->height * kPointsPerMillimetre};
-}
 
 LetterRenderer::LetterRenderer(const LetterSet &set, Fonts &fonts)
     : m_set(set),
@@ -83,21 +66,32 @@ std::vector<std::string> LetterRenderer::formNotices() const
     return notices;
 }
 
-Point LetterRenderer::paperSize() const
-{
-    return sizeOf(m_set.paper);
-}
-
-Affine LetterRenderer::onPaper(std::size_t letter) const
+const FormDocument &LetterRenderer::formOf(std::size_t letter) const
 {
     const LetterSet::Place place = m_set.placeOf(letter);
     const LetterReport &report = m_set.reports[place.report];
-    const FormDocument &form = report.letters.fault(place.row) == RowFault::none ? report.form : m_unreadableForm;
-    const Point paper = paperSize();
+    return report.letters.fault(place.row) == RowFault::none ? report.form : m_unreadableForm;
+}
+
+std::size_t LetterRenderer::pageCount(std::size_t letter) const
+{
+    return formOf(letter).pageCount();
+}
+
+Point LetterRenderer::paperSize(std::size_t letter, std::size_t page) const
+{
+    // An unreadable row is reported on the paper of its report.
+    const FormDocument &form = m_set.reports[m_set.placeOf(letter).report].form;
+    return m_set.paperOf(form, page);
+}
+
+Affine LetterRenderer::onPaper(std::size_t letter, std::size_t page) const
+{
+    const Point size = formOf(letter).pageSize(page), paper = paperSize(letter, page);
     const Affine moved{1, 0, 0, 1, m_set.offsetX * kTenth, m_set.offsetY * kTenth};
-    if (std::abs(form.width - paper.x) < kSameSize && std::abs(form.height - paper.y) < kSameSize) return moved;
-    const double scale = std::min(paper.x / form.width, paper.y / form.height);
-    return moved * Affine{scale, 0, 0, scale, (paper.x - scale * form.width) / 2, (paper.y - scale * form.height) / 2};
+    if (isSamePaper(size, paper)) return moved;
+    const double scale = std::min(paper.x / size.x, paper.y / size.y);
+    return moved * Affine{scale, 0, 0, scale, (paper.x - scale * size.x) / 2, (paper.y - scale * size.y) / 2};
 }
 
 LetterLayout &LetterRenderer::layoutOf(std::size_t letter)
@@ -108,22 +102,22 @@ LetterLayout &LetterRenderer::layoutOf(std::size_t letter)
 }
 
 const std::vector<FieldMark> &LetterRenderer::paintReadable(std::size_t letter, const LetterSet::Place &place,
-                                                            PagePainter &painter)
+                                                            PagePainter &painter, std::size_t page)
 {
     const std::string_view code = letter < m_codes.size() ? std::string_view(m_codes[letter]) : std::string_view();
     const LetterReport &report = m_set.reports[place.report];
     return m_layouts[place.report]->paintLetter(
         [&](std::size_t column) { return column == report.columns.size() ? code : report.value(place.row, column); },
-        painter);
+        painter, page);
 }
 
-const std::vector<FieldMark> &LetterRenderer::paintFields(std::size_t letter, PagePainter &painter)
+const std::vector<FieldMark> &LetterRenderer::paintFields(std::size_t letter, PagePainter &painter, std::size_t page)
 {
     const LetterSet::Place place = m_set.placeOf(letter);
     const LetterTable &letters = m_set.reports[place.report].letters;
     const RowFault fault = letters.fault(place.row);
     if (fault == RowFault::none) {
-        const std::vector<FieldMark> &marks = paintReadable(letter, place, painter);
+        const std::vector<FieldMark> &marks = paintReadable(letter, place, painter, page);
         if (onMarks && !marks.empty()) onMarks(letter, marks);
         return marks;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/document/letter_set.h"
+#include "viewer/document/paper_size.h"
 #include "viewer/layout/letter_layout.h"
 
 #include <functional>
@@ -10,10 +11,7 @@
 
 namespace inin::viewer {
 
-/// In points.
-[[nodiscard]] Point sizeOf(Paper paper);
-
-/// Lays out the letters of a set on pages, for any painter.
+/// Lays out the letters of a set on pages, for any painter. Each letter has the pages of its form, counted from 0.
 class LetterRenderer {
 public:
     /// Both must outlive this. Throws a RuntimeError for a placeholder without a column.
@@ -25,10 +23,11 @@ public:
     [[nodiscard]] const LetterSet &set() const { return m_set; }
     /// A sentence for each form whose own text has characters that the font lacks.
     [[nodiscard]] std::vector<std::string> formNotices() const;
-    /// Size of the paper in points.
-    [[nodiscard]] Point paperSize() const;
+    [[nodiscard]] std::size_t pageCount(std::size_t letter) const;
+    /// Width and height of a page's paper in points.
+    [[nodiscard]] Point paperSize(std::size_t letter = 0, std::size_t page = 0) const;
     /// Transforms the form's page to the paper: scaled when the sizes differ, and moved by the offsets.
-    [[nodiscard]] Affine onPaper(std::size_t letter) const;
+    [[nodiscard]] Affine onPaper(std::size_t letter, std::size_t page = 0) const;
     /// The layout of a letter: that of its report, or a plain page for an unreadable row. Letters with the same layout
     /// have the same shared part, which paintShared() paints.
     [[nodiscard]] LetterLayout &layoutOf(std::size_t letter);
@@ -37,14 +36,15 @@ public:
     [[nodiscard]] const std::vector<std::string> &codes() const { return m_codes; }
     /// Whether a form has a place for codes.
     [[nodiscard]] bool showsCodes() const;
-    /// Called with the marks of each marked letter as it is painted.
+    /// Called with the marks of each marked page as it is painted.
     std::function<void(std::size_t letter, const std::vector<FieldMark> &marks)> onMarks;
-    /// Paints the fields of one letter and returns their marks.
-    const std::vector<FieldMark> &paintFields(std::size_t letter, PagePainter &painter);
+    /// Paints the fields of one page and returns their marks.
+    const std::vector<FieldMark> &paintFields(std::size_t letter, PagePainter &painter, std::size_t page = 0);
 
 private:
-    const std::vector<FieldMark> &paintReadable(std::size_t letter, const LetterSet::Place &place,
-                                                PagePainter &painter);
+    [[nodiscard]] const FormDocument &formOf(std::size_t letter) const;
+    const std::vector<FieldMark> &paintReadable(std::size_t letter, const LetterSet::Place &place, PagePainter &painter,
+                                                std::size_t page);
 
     const LetterSet &m_set;
     FormDocument m_unreadableForm;

@@ -4,8 +4,11 @@
 #include "system/whole_file.h"
 #include "transfer/run_record.h"
 #include "viewer/document/combined_form.h"
+#include "viewer/document/form_notices.h"
+#include "viewer/document/paper_size.h"
 #include "viewer/form/form_document.h"
 #include "viewer/form/svg_reader.h"
+#include "viewer/io/file_beside.h"
 #include "viewer/io/fingerprint.h"
 #include "viewer/letters/csv_reader.h"
 
@@ -20,6 +23,7 @@ namespace {
 
 constexpr std::size_t kLargestScript = std::size_t{1} << 22;
 constexpr std::size_t kLargestForm = std::size_t{1} << 23;
+constexpr std::size_t kLargestPicture = std::size_t{1} << 23;
 constexpr std::size_t kLargestLetterFile = std::size_t{1} << 30;
 constexpr int kMaxReports = 100;
 
@@ -63,11 +67,14 @@ public:
         m_set.title = script.title;
         m_set.notices = script.notices;
         m_set.paper = script.paper;
+        m_set.usesFormPaper = !script.namesPaper;
         m_set.ending = script.ending;
         m_set.offsetX = script.offsetX;
         m_set.offsetY = script.offsetY;
         for (const ReportOrder &order : script.reports) openReport(order, CombinedForms::allowed);
         applyItems(script.items);
+        for (const LetterReport &report : m_set.reports)
+            for (std::string &notice : noticesAboutForm(m_set, report)) m_set.notices.push_back(std::move(notice));
         if (m_set.size() == 0)
             throw RuntimeError(error_number::invalidCall, "印刷する委任状がありません。CSV にデータの行がありません。");
         return std::move(m_set);
@@ -148,7 +155,10 @@ private:
             m_set.notices.push_back(heading);
             return;
         }
-        report.form = naming(report.formPath, [&] { return readSvg(bytes); });
+        const auto picture = [&](const std::string &name) {
+            return readFileBeside(report.formPath, name, kLargestPicture);
+        };
+        report.form = naming(report.formPath, [&] { return readSvg(bytes, picture); });
         for (const std::string &notice : report.form.notices)
             m_set.notices.push_back(fmt::format("「{}」：{}", report.formPath, notice));
         if (report.letters.size() == 1 && !report.form.singleNotice.empty()) warn(report.form.singleNotice);
@@ -208,6 +218,11 @@ std::size_t LetterSet::size() const
     std::size_t count = 0;
     for (const LetterReport &report : reports) count += report.letters.size();
     return count;
+}
+
+Point LetterSet::paperOf(const FormDocument &form, std::size_t page) const
+{
+    return usesFormPaper || form.keepsOwnPaper ? form.pageSize(page) : sizeOf(paper);
 }
 
 std::string LetterSet::shownTitle() const

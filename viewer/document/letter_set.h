@@ -39,6 +39,7 @@ struct LetterSet {
     std::vector<std::string> warnings;    ///< the notices to read before printing
     std::vector<StampedFile> letterFiles; ///< as they were just before they were read
     Paper paper = Paper::A4;
+    bool usesFormPaper = false; ///< the script names no paper: each form is printed on paper of its own size
     Ending ending = Ending::none;
     std::int32_t offsetX = 0, offsetY = 0; ///< tenths of a millimetre
 
@@ -46,6 +47,8 @@ struct LetterSet {
         std::size_t report = 0, row = 0;
     };
     [[nodiscard]] std::size_t size() const;
+    /// Width and height of the paper for a page of a form.
+    [[nodiscard]] Point paperOf(const FormDocument &form, std::size_t page) const;
     /// The title, or a default when the script gives none.
     [[nodiscard]] std::string shownTitle() const;
     /// The kind and number of the letters, "委任状（標準）　300通", which distinguishes runs. The kind is the first form's

@@ -53,6 +53,7 @@ std::string markText(const FieldMark &mark)
     else if (mark.shrunk)
         join(text, "枠に入れるため、文字を小さくしました");
     if (mark.noDate) join(text, "日付として読めないため、そのまま表示しました");
+    if (mark.noWord) join(text, "コードの一覧にない値なので、そのまま表示しました");
     if (!mark.missing.empty())
         join(text, fmt::format("フォントにない文字があります：{}", charactersText(mark.missing)));
     return text + "。";

@@ -40,6 +40,30 @@ bool isFirstYear(Date day)
 
 } // namespace
 
+std::string blankDate(std::string_view pattern)
+{
+    constexpr std::string_view kCodes = "ymdge", kBlank = "\u3000";
+    std::string out;
+    bool isQuoted = false;
+    for (std::size_t at = 0; at < pattern.size(); ++at) {
+        const char c = pattern[at], code = static_cast<char>(c | 0x20);
+        if (c == '"') {
+            isQuoted = !isQuoted;
+        } else if (c == '\\' && at + 1 < pattern.size()) {
+            out += pattern[++at];
+        } else if (isQuoted || kCodes.find(code) == std::string_view::npos) {
+            out += c;
+        } else {
+            // Two characters of the longest values: 令和, 12. A year without an era has four digits.
+            std::size_t count = 1;
+            while (at + 1 < pattern.size() && (pattern[at + 1] | 0x20) == code) ++at, ++count;
+            const bool isLongYear = code == 'y' && count > 2;
+            for (int i = 0; i < (isLongYear ? 4 : 2); ++i) out += kBlank;
+        }
+    }
+    return out;
+}
+
 std::optional<std::string> formattedDate(std::string_view text, std::string_view pattern)
 {
     const Regional regional;

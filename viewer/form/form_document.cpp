@@ -1,5 +1,7 @@
 #include "viewer/form/form_document.h"
 
+#include "runtime/text.h"
+
 #include <algorithm>
 
 namespace inin::viewer {
@@ -41,6 +43,24 @@ PathCommand ruleAt(double y)
 bool TextCommand::isField() const
 {
     return std::ranges::any_of(pieces, &TextPiece::isField);
+}
+
+std::string quotedName(const TextCommand &text)
+{
+    constexpr std::size_t kShown = 30;
+    std::string whole;
+    for (const TextPiece &piece : text.pieces) whole += piece.isField() ? "{{" + piece.column + "}}" : piece.literal;
+    return "「" + left(whole, kShown) + "」";
+}
+
+const CommandPlace &placeOf(const DrawCommand &command)
+{
+    return std::visit([](const auto &each) -> const CommandPlace & { return each.place; }, command);
+}
+
+CommandPlace &placeOf(DrawCommand &command)
+{
+    return std::visit([](auto &each) -> CommandPlace & { return each.place; }, command);
 }
 
 FormDocument listingForm(const std::vector<std::string> &columns, const std::string &heading)

@@ -2,8 +2,10 @@
 
 #include "viewer/form/geometry.h"
 #include "viewer/form/placeholder.h"
+#include "viewer/form/show_rule.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -27,11 +29,26 @@ struct Stroke {
     LineJoin join = LineJoin::miter;
 };
 
+/// The page of a drawing command, and when it is drawn.
+struct CommandPlace {
+    std::size_t page = 0;
+    std::size_t rule = 0; ///< number of a show rule, counted from 1; 0 if it is always drawn
+};
+
 struct PathCommand {
     Path path;
     std::optional<Color> fill;
     bool evenOdd = false;
     std::optional<Stroke> stroke;
+    CommandPlace place = {};
+};
+
+struct Picture;
+
+struct PictureCommand {
+    std::shared_ptr<const Picture> picture; ///< shared by all commands that show it
+    Affine at;                              ///< from the unit square, y downwards, to the page
+    CommandPlace place = {};
 };
 
 enum class Anchor { start, middle, end };
@@ -64,29 +81,49 @@ struct TextCommand {
     Anchor anchor = Anchor::start;
     WritingMode writing = WritingMode::horizontal;
     TextOrientation orientation = TextOrientation::mixed;
+    std::size_t combinedDigits = 0; ///< up to so many half-width digits of vertical text share one cell (縦中横)
     /// From text space (points; the origin is on the baseline, or on the centre line of vertical text) to the page.
     Affine at;
     std::optional<FitRule> fit;
+    bool dropsEmptyLines = false; ///< lines whose fields are all blank are left out
+    CommandPlace place = {};
     [[nodiscard]] bool isField() const;
 };
+
+/// The beginning of a form's text in quotes, for a message: 「電話 {{会社電話番号}}」.
+[[nodiscard]] std::string quotedName(const TextCommand &text);
 
 /// Where a letter's code is painted as a QR code, quiet zone included.
 struct CodeCommand {
     Box box;
+    CommandPlace place = {};
 };
 
-using DrawCommand = std::variant<PathCommand, TextCommand>;
+using DrawCommand = std::variant<PathCommand, TextCommand, PictureCommand>;
+[[nodiscard]] const CommandPlace &placeOf(const DrawCommand &command);
+[[nodiscard]] CommandPlace &placeOf(DrawCommand &command);
 
-/// A form as a list of drawing commands in order. Texts with fields are drawn on top of everything else.
+/// A form as a list of drawing commands in order. Commands with fields or show rules are drawn on top of everything else.
 struct FormDocument {
     std::string title;            ///< the document's own title; may be empty
-    double width = 0, height = 0; ///< of the page
+    double width = 0, height = 0; ///< of the first page
+    std::vector<Point> morePages; ///< the widths and heights of the further pages of each letter
     std::vector<DrawCommand> commands;
     std::vector<CodeCommand> codes;
+    std::vector<ShowRule> rules;
+    /// The form asks for paper of its own size, whatever paper the script names.
+    bool keepsOwnPaper = false;
     /// A sentence for each feature of the file that is not drawn.
     std::vector<std::string> notices;
     /// A sentence to show when the form is filled for a single letter; empty for none.
     std::string singleNotice;
+
+    [[nodiscard]] std::size_t pageCount() const { return 1 + morePages.size(); }
+    /// Width and height of a page.
+    [[nodiscard]] Point pageSize(std::size_t page) const
+    {
+        return page == 0 ? Point{width, height} : morePages[page - 1];
+    }
 };
 
 /// The fallback for a form that cannot be read: `heading` and a table of column names and values.

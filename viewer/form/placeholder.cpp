@@ -5,12 +5,50 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace inin::viewer {
 
 namespace {
 
 constexpr std::string_view kOpen = "{{";
 constexpr std::string_view kClose = "}}";
+
+bool isWordList(std::string_view pattern)
+{
+    bool isQuoted = false;
+    for (const char c : pattern) {
+        if (c == '"') isQuoted = !isQuoted;
+        if (c == '=' && !isQuoted) return true;
+    }
+    return false;
+}
+
+CodeWords readWords(std::string_view list)
+{
+    CodeWords words;
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find(';'), list.size());
+        const std::string_view entry = list.substr(0, end);
+        list.remove_prefix(std::min(end + 1, list.size()));
+        const std::size_t sign = entry.find('=');
+        if (sign == std::string_view::npos) {
+            if (!isBlankText(entry))
+                throw RuntimeError(error_number::invalidCall,
+                                   fmt::format("コードの一覧の「{}」に「=」がありません。", left(entry, 40)));
+            continue;
+        }
+        const std::string code(withoutOuterBlanks(entry.substr(0, sign)));
+        const std::string word(withoutOuterBlanks(entry.substr(sign + 1)));
+        if (code == "*")
+            words.otherwise = word;
+        else
+            words.words.emplace_back(code, word);
+    }
+    // Of a code that is listed twice, the first word counts.
+    std::ranges::stable_sort(words.words, {}, &std::pair<std::string, std::string>::first);
+    return words;
+}
 
 TextPiece readField(std::string_view inside)
 {
@@ -22,12 +60,24 @@ TextPiece readField(std::string_view inside)
     if (first == std::string_view::npos) return piece;
     const std::string_view rest = inside.substr(first + 1);
     const std::size_t second = rest.find('|');
-    piece.pattern = trim(rest.substr(0, second));
+    const std::string pattern = trim(rest.substr(0, second));
+    if (isWordList(pattern))
+        piece.words = readWords(pattern);
+    else
+        piece.pattern = pattern;
     if (second != std::string_view::npos) piece.whenBlank = rest.substr(second + 1);
     return piece;
 }
 
 } // namespace
+
+const std::string *CodeWords::wordFor(std::string_view value) const
+{
+    const std::string_view code = withoutOuterBlanks(value);
+    const auto found = std::ranges::lower_bound(words, code, {}, &std::pair<std::string, std::string>::first);
+    if (found != words.end() && found->first == code) return &found->second;
+    return otherwise ? &*otherwise : nullptr;
+}
 
 std::vector<TextPiece> readPieces(std::string_view text)
 {
@@ -51,6 +101,22 @@ bool isBlankText(std::string_view text)
     while (text.starts_with(' ') || text.starts_with(kWideBlank))
         text.remove_prefix(text.starts_with(' ') ? 1 : kWideBlank.size());
     return text.empty();
+}
+
+std::string_view withoutOuterBlanks(std::string_view text)
+{
+    while (true) {
+        if (text.starts_with(' ') || text.starts_with('\t'))
+            text.remove_prefix(1);
+        else if (text.starts_with(kWideBlank))
+            text.remove_prefix(kWideBlank.size());
+        else if (text.ends_with(' ') || text.ends_with('\t'))
+            text.remove_suffix(1);
+        else if (text.ends_with(kWideBlank))
+            text.remove_suffix(kWideBlank.size());
+        else
+            return text;
+    }
 }
 
 } // namespace inin::viewer

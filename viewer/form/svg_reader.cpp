@@ -2,6 +2,8 @@
 
 #include "runtime/runtime_error.h"
 #include "runtime/text.h"
+#include "viewer/form/svg_pages.h"
+#include "viewer/form/svg_shapes.h"
 #include "viewer/form/svg_style_sheet.h"
 #include "viewer/form/svg_text.h"
 #include "viewer/form/svg_values.h"
@@ -34,7 +36,6 @@ constexpr Skipped kSkipped[] = {
     {"namedview", ""},
     {"script", "スクリプトは実行しません。"},
     {"style", ""}, // read by StyleCollector
-    {"image", "画像は表示しません。外部のファイルも読み込みません。"},
     {"use", "複製（use）は表示しません。複製を独立したオブジェクトにしてください。"},
     {"foreignObject", "foreignObject は表示しません。"},
     {"symbol", "シンボルは表示しません。"},
@@ -42,58 +43,11 @@ constexpr Skipped kSkipped[] = {
     {"textPath", "パスに沿った文字は表示しません。"},
 };
 
-double coordinate(const XmlAttributes &attributes, std::string_view name)
-{
-    return readLength(attributes.get(name)).value_or(0);
-}
-
-Path pathOfPoints(std::string_view text, bool isClosed)
-{
-    const std::vector<double> numbers = readNumbers(text);
-    Path path;
-    for (std::size_t i = 0; i + 1 < numbers.size(); i += 2)
-        path.push_back({i == 0 ? PathStep::Kind::move : PathStep::Kind::line, {Point{numbers[i], numbers[i + 1]}}});
-    if (isClosed && !path.empty()) path.push_back({PathStep::Kind::close, {}});
-    return path;
-}
-
-Path rectangleOf(const XmlAttributes &a)
-{
-    const auto rx = readLength(a.get("rx")), ry = readLength(a.get("ry"));
-    return rectanglePath({coordinate(a, "x"), coordinate(a, "y"), coordinate(a, "width"), coordinate(a, "height")},
-                         rx.value_or(ry.value_or(0)), ry.value_or(rx.value_or(0)));
-}
-
-Path lineOf(const XmlAttributes &a)
-{
-    return {{PathStep::Kind::move, {Point{coordinate(a, "x1"), coordinate(a, "y1")}}},
-            {PathStep::Kind::line, {Point{coordinate(a, "x2"), coordinate(a, "y2")}}}};
-}
-
-struct Shape {
-    std::string_view name;
-    Path (*path)(const XmlAttributes &);
-};
-const Shape kShapes[] = {
-    {"rect", rectangleOf},
-    {"line", lineOf},
-    {"circle",
-     [](const XmlAttributes &a) {
-         return ellipsePath({coordinate(a, "cx"), coordinate(a, "cy")}, coordinate(a, "r"), coordinate(a, "r"));
-     }},
-    {"ellipse",
-     [](const XmlAttributes &a) {
-         return ellipsePath({coordinate(a, "cx"), coordinate(a, "cy")}, coordinate(a, "rx"), coordinate(a, "ry"));
-     }},
-    {"polyline", [](const XmlAttributes &a) { return pathOfPoints(a.get("points"), false); }},
-    {"polygon", [](const XmlAttributes &a) { return pathOfPoints(a.get("points"), true); }},
-    {"path", [](const XmlAttributes &a) { return readPathData(a.get("d")); }},
-};
-
-/// An open element: the transform from its user units to the page, and its style.
+/// An open element: the transform from its user units to the page, its style, and when it is drawn.
 struct Level {
     Affine transform;
     SvgStyle style;
+    CommandPlace place = {};
 };
 
 class StyleCollector : public XmlHandler {
@@ -118,6 +72,8 @@ private:
 
 class SvgReader : public XmlHandler {
 public:
+    explicit SvgReader(const PictureFiles &files) : m_images(files) {}
+
     FormDocument read(std::string_view bytes)
     {
         // Rules also apply to elements before them, so they are read first.
@@ -126,6 +82,7 @@ public:
         for (const std::string &text : styles.texts()) m_sheet.add(text, noticeHandler());
         readXml(bytes, kSvgSpace, *this);
         m_text.resolveBoxes(m_boxes, m_form);
+        distributeOverPages(m_form, m_pages, noticeHandler());
         return std::move(m_form);
     }
 
@@ -135,8 +92,9 @@ public:
             openRoot(name, attributes);
             return;
         }
-        if (m_skipped > 0 || name.empty()) {
+        if (m_skipped > 0 || name.empty() || name.find(':') != std::string_view::npos) {
             ++m_skipped;
+            if (name == "inkscape:page") addPage(attributes);
             rememberBox(name, attributes);
             return;
         }
@@ -182,6 +140,7 @@ private:
     {
         if (name != "svg") throw RuntimeError(error_number::invalidCall, "SVG の文書ではありません。");
         m_form.singleNotice = attributes.get("data-single-notice");
+        m_form.keepsOwnPaper = attributes.get("data-paper") == "own";
         Level level;
         level.transform = pageTransform(attributes);
         level.style.apply(attributes, m_sheet.declarationsFor(name, attributes), noticeHandler());
@@ -211,20 +170,50 @@ private:
         Level level = m_levels.back();
         level.transform = level.transform * readTransform(attributes.get("transform"));
         level.style.apply(attributes, m_sheet.declarationsFor(name, attributes), noticeHandler());
-        if (name == "text") m_text.open(attributes, level.transform, level.style, noticeHandler());
+        addRules(attributes, level.place);
+        if (name == "text") m_text.open(attributes, level.transform, level.style, level.place, noticeHandler());
         if (name == "tspan") m_text.openSpan(attributes, level.style);
-        const auto *const shape = std::ranges::find(kShapes, name, &Shape::name);
-        if (shape != std::end(kShapes)) draw(shape->path(attributes), level, attributes);
+        if (auto shape = shapeOf(name, attributes)) draw(std::move(*shape), level, attributes);
+        if (name == "image") drawImage(attributes, level);
         m_levels.push_back(std::move(level));
     }
 
+    void addRules(const XmlAttributes &attributes, CommandPlace &place)
+    {
+        const auto add = [&](ShowRule rule) {
+            rule.parent = place.rule;
+            m_form.rules.push_back(std::move(rule));
+            place.rule = m_form.rules.size();
+        };
+        if (const auto text = attributes.find("data-if")) add(readShowRule(*text));
+        if (const auto text = attributes.find("data-unless")) add(opposite(readShowRule(*text)));
+    }
+
+    void drawImage(const XmlAttributes &attributes, const Level &level)
+    {
+        auto command = m_images.read(attributes, level.transform, level.style, noticeHandler());
+        if (!command) return;
+        command->place = level.place;
+        m_form.commands.emplace_back(std::move(*command));
+    }
+
+    /// A page of a drawing with several pages, in the root's user units.
+    void addPage(const XmlAttributes &attributes)
+    {
+        Path path = rectangleOf(attributes);
+        transformPath(path, m_levels.front().transform);
+        const Box area = boundsOf(path);
+        if (area.width > 0 && area.height > 0 && area.width <= kLargestPage && area.height <= kLargestPage)
+            m_pages.push_back(area);
+    }
+
     /// True for an element that marks the place of a code and is not drawn itself.
-    bool placeCode(const XmlAttributes &attributes, const Path &path)
+    bool placeCode(const XmlAttributes &attributes, const Path &path, const Level &level)
     {
         const auto kind = attributes.find("data-code");
         if (!kind) return false;
         if (*kind == "qr")
-            m_form.codes.push_back({boundsOf(path)});
+            m_form.codes.push_back({boundsOf(path), level.place});
         else
             addNotice(fmt::format("コード「{}」（data-code）には対応していません。", *kind));
         return true;
@@ -237,11 +226,11 @@ private:
             addNotice(kOffPageNotice);
             return;
         }
-        if (placeCode(attributes, path)) return;
+        if (placeCode(attributes, path, level)) return;
         const std::string_view id = attributes.get("id");
         if (!id.empty()) m_boxes[std::string(id)] = boundsOf(path);
         const double scale = level.transform.scale();
-        PathCommand command{std::move(path), level.style.fillOnPaper(), level.style.evenOdd, {}};
+        PathCommand command{std::move(path), level.style.fillOnPaper(), level.style.evenOdd, {}, level.place};
         if (const auto color = level.style.strokeOnPaper(); color && level.style.strokeWidth > 0) {
             Stroke stroke{*color, level.style.strokeWidth * scale, level.style.dashes, level.style.cap,
                           level.style.join};
@@ -266,6 +255,8 @@ private:
     std::vector<Level> m_levels;
     std::map<std::string, Box, std::less<>> m_boxes;
     SvgText m_text;
+    SvgImages m_images;
+    std::vector<Box> m_pages;
     std::size_t m_skipped = 0; ///< depth inside an element that is not drawn
     bool m_isInTitle = false;
 };
@@ -282,9 +273,9 @@ bool looksLikeXml(std::string_view bytes)
     return next == '?' || next == '!' || (next >= 'a' && next <= 'z') || (next >= 'A' && next <= 'Z');
 }
 
-FormDocument readSvg(std::string_view bytes)
+FormDocument readSvg(std::string_view bytes, const PictureFiles &files)
 {
-    return SvgReader().read(bytes);
+    return SvgReader(files).read(bytes);
 }
 
 } // namespace inin::viewer

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/form/form_document.h"
+#include "viewer/form/svg_image.h"
 
 #include <string_view>
 
@@ -9,8 +10,8 @@ namespace inin::viewer {
 /// True when the bytes begin as an XML document does. All form documents are XML.
 [[nodiscard]] bool looksLikeXml(std::string_view bytes);
 
-/// Reads a form document (SVG) and never opens anything outside the bytes. Throws a RuntimeError with a sentence for
-/// entity declarations, malformed XML, and too many elements, levels or characters.
-[[nodiscard]] FormDocument readSvg(std::string_view bytes);
+/// Reads a form document (SVG). Nothing outside the bytes is opened except pictures by `files`. Throws a RuntimeError with
+/// a sentence for entity declarations, malformed XML, and too many elements, levels, characters or pages.
+[[nodiscard]] FormDocument readSvg(std::string_view bytes, const PictureFiles &files = {});
 
 } // namespace inin::viewer

@@ -75,6 +75,17 @@ std::vector<double> dashesOf(std::string_view value)
     return dashes;
 }
 
+/// The digits that share a cell: "digits 3", "digits" for two, "all" for the most.
+std::size_t combinedDigitsOf(std::string_view value)
+{
+    constexpr std::string_view kDigits = "digits";
+    constexpr double kUsual = 2, kMost = 4;
+    if (value == "all") return static_cast<std::size_t>(kMost);
+    if (!value.starts_with(kDigits)) return 0;
+    return static_cast<std::size_t>(
+        std::clamp(readLength(value.substr(kDigits.size())).value_or(kUsual), kUsual, kMost));
+}
+
 std::optional<Color> onPaper(const std::optional<Color> &color, double opacity)
 {
     if (!color || opacity <= 0) return std::nullopt;
@@ -97,7 +108,6 @@ constexpr Unsupported kUnsupported[] = {
     {"marker-start", "none", "矢印などのマーカー"},
     {"marker-end", "none", "矢印などのマーカー"},
     {"text-decoration", "none", "文字の下線など"},
-    {"text-combine-upright", "none", "縦中横"},
 };
 
 using enum WritingMode;
@@ -141,6 +151,8 @@ const Property kProperties[] = {
      [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kOrientations, v, s.orientation); }},
     {"glyph-orientation-vertical",
      [](SvgStyle &s, const std::string &v, auto &) { setKeyword(kOrientations, v, s.orientation); }},
+    {"text-combine-upright", [](SvgStyle &s, const std::string &v, auto &) { s.combinedDigits = combinedDigitsOf(v); }},
+    {"shape-inside", [](SvgStyle &s, const std::string &v, auto &) { s.flowsInShape = v != "none" && v != "auto"; }},
     {"xml:space", [](SvgStyle &s, const std::string &v, auto &) { s.keepsBlanks = v == "preserve"; }},
     {"white-space", [](SvgStyle &s, const std::string &v, auto &) { s.keepsBlanks = v.starts_with("pre"); }},
 };

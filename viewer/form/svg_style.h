@@ -35,6 +35,8 @@ struct SvgStyle {
     WritingMode writing = WritingMode::horizontal;
     TextOrientation orientation = TextOrientation::mixed;
     bool keepsBlanks = false;
+    bool flowsInShape = false;      ///< the drawing program breaks the text into lines inside a shape
+    std::size_t combinedDigits = 0; ///< so many digits of vertical text share one cell
 
     /// Applies an element's attributes, its style sheet declarations (the weakest first) and its `style` attribute. The
     /// strongest value of each property wins.

@@ -15,7 +15,8 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::string_view kDataPrefix = "data-";
-constexpr std::string_view kDataNames[] = {"box", "lines", "leading", "narrowest", "min-size", "valign", "padding"};
+constexpr std::string_view kDataNames[] = {"box",    "lines",   "leading", "narrowest", "min-size",
+                                           "valign", "padding", "if",      "unless",    "empty-lines"};
 constexpr double kSmallestShare = 0.6; ///< of the size, when the form has no data-min-size
 constexpr int kMaxLines = 200;
 
@@ -62,13 +63,21 @@ bool hasSameTextStyle(const SvgStyle &a, const SvgStyle &b)
            a.orientation == b.orientation && a.fillOnPaper() == b.fillOnPaper();
 }
 
+/// Whether a text is clearly outside its box, which decides where it is printed.
+bool isOutside(const TextCommand &text, const Box &box)
+{
+    const Point at = text.at({});
+    return at.x < box.left - text.size || at.x > box.right() + text.size || at.y < box.top - text.size ||
+           at.y > box.bottom() + text.size;
+}
+
 } // namespace
 
 void SvgText::readDataAttributes(const XmlAttributes &attributes)
 {
     for (const auto &[name, value] : attributes.all()) {
         if (!name.starts_with(kDataPrefix)) continue;
-        const std::string_view own = name.substr(kDataPrefix.size());
+        const std::string_view own = std::string_view(name).substr(kDataPrefix.size());
         if (std::ranges::find(kDataNames, own) == std::end(kDataNames))
             m_report(fmt::format("属性「{}」には対応していません。", name));
         else
@@ -76,12 +85,14 @@ void SvgText::readDataAttributes(const XmlAttributes &attributes)
     }
 }
 
-void SvgText::open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style,
+void SvgText::open(const XmlAttributes &attributes, const Affine &transform, const SvgStyle &style, CommandPlace place,
                    NoticeHandler report)
 {
     m_isOpen = true;
+    m_isPlaced = attributes.find("x").has_value() && attributes.find("y").has_value();
     m_id = attributes.get("id");
     m_transform = transform;
+    m_place = place;
     m_dataAttributes.clear();
     m_report = std::move(report);
     readDataAttributes(attributes);
@@ -151,6 +162,21 @@ FitRule SvgText::readFit(const SvgStyle &style) const
     return fit;
 }
 
+void SvgText::reportSurprises(const TextCommand &command, const SvgStyle &style) const
+{
+    const auto hasWideBraces = [](const TextPiece &piece) {
+        return piece.literal.find("｛｛") != std::string::npos || piece.literal.find("｝｝") != std::string::npos;
+    };
+    if (std::ranges::any_of(command.pieces, hasWideBraces))
+        m_report(
+            fmt::format("文字{}の全角の波かっこは、差し込みになりません。半角で書いてください。", quotedName(command)));
+    if (style.flowsInShape && command.isField())
+        m_report(fmt::format(
+            "文字{}は流し込み枠（shape-inside）の中にありますが、値に合わせて折り返しません。枠は data-box で"
+            "指定してください。",
+            quotedName(command)));
+}
+
 void SvgText::addCommand(FormDocument &form, const Line &line, const std::string &text)
 {
     const SvgStyle &style = line.parts.front().style;
@@ -174,15 +200,20 @@ void SvgText::addCommand(FormDocument &form, const Line &line, const std::string
     command.anchor = style.anchor;
     command.writing = style.writing;
     command.orientation = style.orientation;
+    command.combinedDigits = style.combinedDigits;
+    command.place = m_place;
     command.at = m_transform * Affine{1 / scale, 0, 0, 1 / scale, line.x, line.y};
+    const auto emptyLines = m_dataAttributes.find("empty-lines");
+    command.dropsEmptyLines = emptyLines != m_dataAttributes.end() && emptyLines->second == "drop";
     const auto box = m_dataAttributes.find("box");
     if (box != m_dataAttributes.end()) {
         command.fit = readFit(style);
         const auto padding = m_dataAttributes.find("padding");
         m_boxReferences.push_back(
-            {form.commands.size(), box->second,
+            {form.commands.size(), m_isPlaced, box->second,
              scale * numberOf(padding == m_dataAttributes.end() ? "" : padding->second, 0, 0, 1000)});
     }
+    reportSurprises(command, style);
     form.commands.emplace_back(std::move(command));
 }
 
@@ -195,6 +226,8 @@ void SvgText::close(FormDocument &form)
         if (line.parts.size() > 1)
             m_report("一行の中でフォントや大きさや色が変わる文字は、行の始まりの書式で表示します。");
     if (!m_dataAttributes.contains("box")) {
+        if (m_dataAttributes.contains("empty-lines"))
+            m_report("空の行を詰める指定（data-empty-lines）は、枠（data-box）のある文字だけで使えます。");
         for (const Line &line : m_lines) addCommand(form, line, textOf(line));
         return;
     }
@@ -213,6 +246,10 @@ void SvgText::resolveBoxes(const std::map<std::string, Box, std::less<>> &boxes,
                                fmt::format("枠「{}」（data-box）がありません。", reference.box));
         auto &command = std::get<TextCommand>(form.commands[reference.command]);
         Box box = found->second;
+        if (reference.isPlaced && isOutside(command, box))
+            m_report(fmt::format(
+                "文字{}は枠「{}」の外にありますが、枠の中に印刷します。印刷する場所は、枠を動かして変えます。",
+                quotedName(command), reference.box));
         const double padding = std::min(reference.padding, std::min(box.width, box.height) / 2);
         box = {box.left + padding, box.top + padding, box.width - 2 * padding, box.height - 2 * padding};
         command.fit->box = box;

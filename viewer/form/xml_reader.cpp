@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <string>
@@ -17,7 +18,20 @@ namespace {
 
 /// Separates namespace and name; no namespace contains it.
 constexpr char kSeparator = '\n';
-constexpr std::string_view kXmlSpace = "http://www.w3.org/XML/1998/namespace";
+/// Namespaces whose names are passed with their usual prefix.
+struct PrefixedSpace {
+    std::string_view space, prefix;
+};
+constexpr PrefixedSpace kPrefixedSpaces[] = {{"http://www.w3.org/XML/1998/namespace", "xml:"},
+                                             {"http://www.w3.org/1999/xlink", "xlink:"},
+                                             {"http://www.inkscape.org/namespaces/inkscape", "inkscape:"}};
+
+/// Empty for a name of another namespace.
+std::string prefixedName(std::string_view space, std::string_view name)
+{
+    const auto *const known = std::ranges::find(kPrefixedSpaces, space, &PrefixedSpace::space);
+    return known == std::end(kPrefixedSpaces) ? std::string() : std::string(known->prefix).append(name);
+}
 
 [[noreturn]] void refuse(std::string sentence)
 {
@@ -73,10 +87,10 @@ private:
         }
     }
 
-    [[nodiscard]] std::string_view ownName(const char *whole) const
+    [[nodiscard]] std::string nameOf(const char *whole) const
     {
         const auto [space, name] = splitName(whole);
-        return space.empty() || space == m_space ? name : std::string_view();
+        return space.empty() || space == m_space ? std::string(name) : prefixedName(space, name);
     }
 
     static void onOpen(void *data, const char *name, const char **attributes)
@@ -87,7 +101,7 @@ private:
     {
         guarded(data, [&](XmlReader &reader) {
             --reader.m_depth;
-            reader.m_handler.close(reader.ownName(name));
+            reader.m_handler.close(reader.nameOf(name));
         });
     }
     static void onText(void *data, const char *text, int length)
@@ -111,10 +125,12 @@ private:
         XmlAttributes own;
         for (; *attributes != nullptr; attributes += 2) {
             const auto [space, attribute] = splitName(attributes[0]);
-            if (space.empty()) own.add(attribute, attributes[1]);
-            if (space == kXmlSpace && attribute == "space") own.add("xml:space", attributes[1]);
+            if (space.empty())
+                own.add(attribute, attributes[1]);
+            else if (const std::string prefixed = prefixedName(space, attribute); !prefixed.empty())
+                own.add(prefixed, attributes[1]);
         }
-        m_handler.open(ownName(name), own);
+        m_handler.open(nameOf(name), own);
     }
 
     std::string m_space;
@@ -129,7 +145,7 @@ private:
 
 std::optional<std::string_view> XmlAttributes::find(std::string_view name) const
 {
-    const auto found = std::ranges::find(m_pairs, name, &std::pair<std::string_view, std::string_view>::first);
+    const auto found = std::ranges::find(m_pairs, name, &std::pair<std::string, std::string_view>::first);
     if (found == m_pairs.end()) return std::nullopt;
     return found->second;
 }

@@ -2,26 +2,27 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace inin::viewer {
 
-/// The attributes of one element that have no namespace.
+/// The attributes of one element without a namespace, and those of XML, XLink and Inkscape with their usual prefixes.
 class XmlAttributes {
 public:
     void add(std::string_view name, std::string_view value) { m_pairs.emplace_back(name, value); }
     [[nodiscard]] std::optional<std::string_view> find(std::string_view name) const;
     [[nodiscard]] std::string_view get(std::string_view name, std::string_view otherwise = {}) const;
-    [[nodiscard]] const std::vector<std::pair<std::string_view, std::string_view>> &all() const { return m_pairs; }
+    [[nodiscard]] const std::vector<std::pair<std::string, std::string_view>> &all() const { return m_pairs; }
 
 private:
-    std::vector<std::pair<std::string_view, std::string_view>> m_pairs;
+    std::vector<std::pair<std::string, std::string_view>> m_pairs;
 };
 
-/// Receives elements and text in document order. Elements of a namespace other than `space` have an empty name; the
-/// attribute xml:space is passed as "xml:space".
+/// Receives elements and text in document order. Elements of a namespace other than `space` have an empty name, those of
+/// Inkscape a name such as "inkscape:page".
 class XmlHandler {
 public:
     XmlHandler() = default;

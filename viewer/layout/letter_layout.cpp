@@ -1,14 +1,15 @@
 #include "viewer/layout/letter_layout.h"
 
 #include "runtime/runtime_error.h"
-#include "viewer/form/date_pattern.h"
 #include "viewer/form/placeholder.h"
 #include "viewer/layout/code_setter.h"
+#include "viewer/layout/field_setter.h"
 #include "viewer/layout/text_setter.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <type_traits>
 #include <variant>
 
@@ -23,106 +24,106 @@ std::string literalText(const TextCommand &command)
     return text;
 }
 
-/// A field of the form with its last values.
-class FieldSetter {
+/// Finds the columns of a form, and collects the names of those that do not exist.
+class ColumnFinder {
 public:
-    FieldSetter(std::size_t index, const FormField &field, const TextCommand &command, Fonts &fonts, Point page)
-        : m_field(field), m_command(command), m_setter(command, fonts, page), m_last(field.columns.size())
-    {
-        m_mark.field = index;
-    }
+    explicit ColumnFinder(const std::vector<std::string> &columns) : m_columns(columns) {}
 
-    void show(const LetterValues &values)
+    std::size_t find(const std::string &column, const std::string &quoted)
     {
-        bool isNew = !m_isShown;
-        for (std::size_t i = 0; i < m_last.size(); ++i) {
-            const std::string_view value = values(m_field.columns[i]);
-            if (value == m_last[i]) continue;
-            m_last[i] = value;
-            isNew = true;
+        const auto found = std::ranges::find(m_columns, column);
+        if (found != m_columns.end()) return static_cast<std::size_t>(found - m_columns.begin());
+        if (std::ranges::find(m_unknown, column) == m_unknown.end()) {
+            m_unknown.push_back(column);
+            m_quoted.push_back(quoted);
         }
-        if (!isNew) return;
-        m_isShown = true;
-        m_mark.noDate = false;
-        m_setter.set(text());
-        m_mark.shrunk = m_setter.isShrunk();
-        m_mark.doesNotFit = m_setter.doesNotFit();
-        m_mark.missing = m_setter.missing();
+        return 0;
     }
 
-    [[nodiscard]] const std::vector<GlyphRun> &runs() const { return m_setter.runs(); }
-    [[nodiscard]] const FieldMark &mark() const { return m_mark; }
+    /// Throws a RuntimeError that names all unknown columns.
+    void requireAll() const
+    {
+        if (m_unknown.empty()) return;
+        if (m_unknown.size() == 1)
+            throw RuntimeError(error_number::noSuchField,
+                               fmt::format("帳票の{}の列「{}」が CSV にありません。", m_quoted[0], m_unknown[0]));
+        throw RuntimeError(error_number::noSuchField, fmt::format("帳票の差し込みや条件の列「{}」が CSV にありません。",
+                                                                  fmt::join(m_unknown, "」「")));
+    }
 
 private:
-    std::string_view text()
-    {
-        m_text.clear();
-        std::size_t column = 0;
-        for (const TextPiece &piece : m_command.pieces) {
-            if (piece.isField())
-                appendValue(piece, m_last[column++]);
-            else
-                m_text += piece.literal;
-        }
-        return m_text;
-    }
-
-    void appendValue(const TextPiece &piece, const std::string &value)
-    {
-        if (!piece.whenBlank.empty() && isBlankText(value)) {
-            m_text += piece.whenBlank;
-            return;
-        }
-        if (piece.pattern.empty() || isBlankText(value)) {
-            m_text += value;
-            return;
-        }
-        const auto written = formattedDate(value, piece.pattern);
-        if (!written) m_mark.noDate = true;
-        m_text += written.value_or(value);
-    }
-
-    const FormField &m_field;
-    const TextCommand &m_command;
-    TextSetter m_setter;
-    std::vector<std::string> m_last;
-    std::string m_text;
-    FieldMark m_mark;
-    bool m_isShown = false;
+    const std::vector<std::string> &m_columns;
+    std::vector<std::string> m_unknown, m_quoted;
 };
-
-FormField bind(std::size_t command, const TextCommand &text, const std::vector<std::string> &columns)
-{
-    FormField field{command, {}};
-    for (const TextPiece &piece : text.pieces) {
-        if (!piece.isField()) continue;
-        const auto found = std::ranges::find(columns, piece.column);
-        if (found == columns.end())
-            throw RuntimeError(
-                error_number::noSuchField,
-                fmt::format("帳票の差し込み「{{{{{0}}}}}」の列「{0}」が CSV にありません。", piece.column));
-        field.columns.push_back(static_cast<std::size_t>(found - columns.begin()));
-    }
-    return field;
-}
 
 // A growing vector of setters must not copy them, because their runs point to their glyphs.
 static_assert(std::is_nothrow_move_constructible_v<TextSetter>);
+
+/// A command with its laid-out text, if it has one.
+struct LaidOut {
+    enum class Kind : std::uint8_t { path, picture, text, field };
+    Kind kind;
+    CommandPlace place;
+    std::size_t index; ///< in the form's commands, the texts or the fields
+};
 
 } // namespace
 
 struct LetterLayout::Parts {
     const FormDocument *form;
+    std::vector<LaidOut> shared, own; ///< in the order of the commands; `own` differs between letters
+    std::vector<TextSetter> texts;    ///< those without placeholders
     std::vector<FormField> fields;
-    std::vector<TextSetter> shared; ///< the texts without placeholders
-    std::vector<const PathCommand *> paths;
-    /// In the order of the commands: true for a path, false for a shared text.
-    std::vector<bool> order;
     std::vector<FieldSetter> setters;
     std::optional<std::size_t> codeColumn; ///< empty for a form without codes
     CodeSetter codes;
+    std::vector<std::size_t> ruleColumns; ///< of the form's show rules
+    std::vector<bool> holds;              ///< which rules hold for the last letter; the first entry is always true
     std::vector<char32_t> missing;
     std::vector<FieldMark> marks;
+
+    LaidOut addText(const TextCommand &text, Fonts &fonts)
+    {
+        TextSetter &setter = texts.emplace_back(text, fonts, form->pageSize(text.place.page));
+        setter.set(literalText(text));
+        missing.insert(missing.end(), setter.missing().begin(), setter.missing().end());
+        return {LaidOut::Kind::text, text.place, texts.size() - 1};
+    }
+
+    void addField(std::size_t command, const TextCommand &text, ColumnFinder &finder)
+    {
+        FormField field{command, {}};
+        for (const TextPiece &piece : text.pieces)
+            if (piece.isField())
+                field.columns.push_back(finder.find(piece.column, "差し込み「{{" + piece.column + "}}」"));
+        own.push_back({LaidOut::Kind::field, text.place, fields.size()});
+        fields.push_back(std::move(field));
+    }
+
+    void judgeRules(const LetterValues &values)
+    {
+        holds.assign(1, true);
+        for (std::size_t i = 0; i < ruleColumns.size(); ++i) {
+            const ShowRule &rule = form->rules[i];
+            holds.push_back(holds[rule.parent] && rule.holds(values(ruleColumns[i])));
+        }
+    }
+
+    void paint(const LaidOut &item, PagePainter &painter) const
+    {
+        switch (item.kind) {
+        case LaidOut::Kind::path:
+            return painter.paint(std::get<PathCommand>(form->commands[item.index]));
+        case LaidOut::Kind::picture:
+            return painter.paint(std::get<PictureCommand>(form->commands[item.index]));
+        case LaidOut::Kind::text:
+            for (const GlyphRun &run : texts[item.index].runs()) painter.paint(run);
+            return;
+        case LaidOut::Kind::field:
+            for (const GlyphRun &run : setters[item.index].runs()) painter.paint(run);
+            return;
+        }
+    }
 };
 
 LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::string> &columns, Fonts &fonts)
@@ -130,28 +131,27 @@ LetterLayout::LetterLayout(const FormDocument &form, const std::vector<std::stri
 {
     Parts &parts = *m_parts;
     parts.form = &form;
-    const Point page{form.width, form.height};
-    std::vector<std::size_t> fieldCommands;
+    ColumnFinder finder(columns);
+    for (const ShowRule &rule : form.rules)
+        parts.ruleColumns.push_back(finder.find(rule.column, "条件「" + rule.column + "」"));
     for (std::size_t i = 0; i < form.commands.size(); ++i) {
-        if (const auto *path = std::get_if<PathCommand>(&form.commands[i])) {
-            parts.paths.push_back(path);
-            parts.order.push_back(true);
+        const DrawCommand &command = form.commands[i];
+        const auto *const text = std::get_if<TextCommand>(&command);
+        if (text != nullptr && text->isField()) {
+            parts.addField(i, *text, finder);
             continue;
         }
-        const auto &text = std::get<TextCommand>(form.commands[i]);
-        if (text.isField()) {
-            parts.fields.push_back(bind(i, text, columns));
-            continue;
-        }
-        TextSetter &setter = parts.shared.emplace_back(text, fonts, page);
-        setter.set(literalText(text));
-        parts.missing.insert(parts.missing.end(), setter.missing().begin(), setter.missing().end());
-        parts.order.push_back(false);
+        std::vector<LaidOut> &list = placeOf(command).rule == 0 ? parts.shared : parts.own;
+        const bool isPath = std::holds_alternative<PathCommand>(command);
+        list.push_back(text != nullptr
+                           ? parts.addText(*text, fonts)
+                           : LaidOut{isPath ? LaidOut::Kind::path : LaidOut::Kind::picture, placeOf(command), i});
     }
+    finder.requireAll();
     // The setters point to the fields, so the vector must not grow after this.
     for (std::size_t i = 0; i < parts.fields.size(); ++i) {
         const auto &text = std::get<TextCommand>(form.commands[parts.fields[i].command]);
-        parts.setters.emplace_back(i, parts.fields[i], text, fonts, page);
+        parts.setters.emplace_back(i, parts.fields[i], text, fonts, form.pageSize(text.place.page));
     }
     const auto code = std::ranges::find(columns, kLetterCodeColumn);
     if (!form.codes.empty() && code != columns.end())
@@ -176,32 +176,33 @@ const std::vector<char32_t> &LetterLayout::missingInForm() const
     return m_parts->missing;
 }
 
-void LetterLayout::paintShared(PagePainter &painter) const
+void LetterLayout::paintShared(PagePainter &painter, std::size_t page) const
 {
-    std::size_t path = 0, text = 0;
-    for (const bool isPath : m_parts->order) {
-        if (isPath) {
-            painter.paint(*m_parts->paths[path++]);
-            continue;
-        }
-        for (const GlyphRun &run : m_parts->shared[text].runs()) painter.paint(run);
-        ++text;
-    }
+    for (const LaidOut &item : m_parts->shared)
+        if (item.place.page == page) m_parts->paint(item, painter);
 }
 
-const std::vector<FieldMark> &LetterLayout::paintLetter(const LetterValues &values, PagePainter &painter)
+const std::vector<FieldMark> &LetterLayout::paintLetter(const LetterValues &values, PagePainter &painter,
+                                                        std::size_t page)
 {
-    m_parts->marks.clear();
-    for (FieldSetter &setter : m_parts->setters) {
-        setter.show(values);
-        for (const GlyphRun &run : setter.runs()) painter.paint(run);
-        if (setter.mark().any()) m_parts->marks.push_back(setter.mark());
+    Parts &parts = *m_parts;
+    parts.marks.clear();
+    parts.judgeRules(values);
+    for (const LaidOut &item : parts.own) {
+        if (item.place.page != page || !parts.holds[item.place.rule]) continue;
+        if (item.kind == LaidOut::Kind::field) {
+            FieldSetter &setter = parts.setters[item.index];
+            setter.show(values);
+            if (setter.mark().any()) parts.marks.push_back(setter.mark());
+        }
+        parts.paint(item, painter);
     }
-    if (m_parts->codeColumn) {
-        m_parts->codes.show(values(*m_parts->codeColumn));
-        for (const PathCommand &code : m_parts->codes.paths()) painter.paint(code);
+    if (parts.codeColumn) {
+        parts.codes.show(values(*parts.codeColumn));
+        for (const PathCommand &code : parts.codes.paths())
+            if (code.place.page == page && parts.holds[code.place.rule]) painter.paint(code);
     }
-    return m_parts->marks;
+    return parts.marks;
 }
 
 } // namespace inin::viewer

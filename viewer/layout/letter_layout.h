@@ -17,8 +17,9 @@ struct FieldMark {
     bool shrunk = false;
     bool doesNotFit = false;       ///< it is cut off with … at the end of the box
     bool noDate = false;           ///< the value of a date pattern is not a date and is shown unchanged
+    bool noWord = false;           ///< the value is not in the field's list of codes and is shown unchanged
     std::vector<char32_t> missing; ///< characters that no font has
-    [[nodiscard]] bool any() const { return shrunk || doesNotFit || noDate || !missing.empty(); }
+    [[nodiscard]] bool any() const { return shrunk || doesNotFit || noDate || noWord || !missing.empty(); }
 };
 
 /// A text of the form with placeholders, and their columns.
@@ -34,7 +35,7 @@ using LetterValues = std::function<std::string_view(std::size_t column)>;
 /// each letter.
 class LetterLayout {
 public:
-    /// Throws a RuntimeError that names a placeholder whose column is not in `columns`. `form` and `fonts` must outlive
+    /// Throws a RuntimeError that names the placeholders and conditions whose columns are not in `columns`. `form` and `fonts` must outlive
     /// this object.
     LetterLayout(const FormDocument &form, const std::vector<std::string> &columns, Fonts &fonts);
     LetterLayout(const LetterLayout &) = delete;
@@ -46,11 +47,11 @@ public:
     /// Characters of the form's own texts that no font has.
     [[nodiscard]] const std::vector<char32_t> &missingInForm() const;
 
-    /// Paints the parts that all letters share.
-    void paintShared(PagePainter &painter) const;
-    /// Lays out a letter, paints its fields and returns the marks of fields with problems. A field with the same values as
-    /// in the previous letter is not laid out again.
-    const std::vector<FieldMark> &paintLetter(const LetterValues &values, PagePainter &painter);
+    /// Paints the parts of a page that all letters share.
+    void paintShared(PagePainter &painter, std::size_t page = 0) const;
+    /// Lays out a page of a letter, paints its fields and conditional parts and returns the marks of fields with problems. A
+    /// field with the same values as in the previous letter is not laid out again.
+    const std::vector<FieldMark> &paintLetter(const LetterValues &values, PagePainter &painter, std::size_t page = 0);
 
 private:
     struct Parts;

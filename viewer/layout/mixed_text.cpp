@@ -52,6 +52,11 @@ bool modifiesPrevious(char32_t character)
         kModifiers, [&](const CharacterRange &range) { return character >= range.first && character <= range.last; });
 }
 
+bool isHalfWidthDigit(char32_t character)
+{
+    return character >= U'0' && character <= U'9';
+}
+
 } // namespace
 
 GlyphOrientation glyphOrientationOf(char32_t character)
@@ -68,7 +73,8 @@ void MixedText::clear()
 
 void MixedText::endPart(const Font &font, bool isVertical)
 {
-    if (m_parts.empty() || m_parts.back().font != &font || m_parts.back().isVertical != isVertical)
+    if (m_parts.empty() || m_parts.back().font != &font || m_parts.back().isVertical != isVertical ||
+        m_parts.back().combinedScale != 0)
         m_parts.push_back({&font, isVertical, 0});
     m_parts.back().end = m_glyphs.size();
 }
@@ -103,18 +109,50 @@ bool MixedText::isUprightCharacter(char32_t character, const Font &font) const
            (orientation == GlyphOrientation::transformed && font.hasVerticalForm(character));
 }
 
+std::size_t MixedText::combinedAt(std::u32string_view text) const
+{
+    const auto digits = static_cast<std::size_t>(std::ranges::find_if_not(text, isHalfWidthDigit) - text.begin());
+    return digits <= m_combinedDigits ? digits : 0;
+}
+
+void MixedText::addCombined(std::u32string_view digits, const Font &font, float pen, std::vector<char32_t> &missing)
+{
+    constexpr float kCell = 1000;
+    const std::size_t begin = m_glyphs.size();
+    font.shape(digits, m_glyphs, missing);
+    if (m_glyphs.size() == begin) return;
+    const float width = m_glyphs.back().x + m_glyphs.back().advance;
+    const float scale = width > kCell ? kCell / width : 1;
+    for (std::size_t i = begin; i < m_glyphs.size(); ++i) {
+        ShapedGlyph &glyph = m_glyphs[i];
+        glyph.offsetX = (glyph.x - width / 2) * scale;
+        glyph.x = pen;
+        glyph.advance = kCell;
+    }
+    m_parts.push_back({&font, false, m_glyphs.size(), static_cast<double>(scale)});
+}
+
 void MixedText::addInParts(std::u32string_view text, std::vector<char32_t> &missing)
 {
     float pen = 0;
     while (!text.empty()) {
         const Font &font = fontOf(text.front());
+        if (const std::size_t digits = combinedAt(text); digits > 0) {
+            const std::size_t before = m_glyphs.size();
+            addCombined(text.substr(0, digits), font, pen, missing);
+            if (m_glyphs.size() > before) pen = m_glyphs.back().x + m_glyphs.back().advance;
+            text.remove_prefix(digits);
+            continue;
+        }
         const bool isUpright = isUprightCharacter(text.front(), font);
         const auto continuesPart = [&](char32_t character) {
             return modifiesPrevious(character) ||
                    (&fontOf(character) == &font && isUprightCharacter(character, font) == isUpright);
         };
         std::size_t size = 1;
-        while (size < text.size() && continuesPart(text[size])) ++size;
+        while (size < text.size() && continuesPart(text[size]) &&
+               (isHalfWidthDigit(text[size - 1]) || combinedAt(text.substr(size)) == 0))
+            ++size;
         const std::size_t begin = m_glyphs.size();
         if (isUpright)
             font.shapeVertical(text.substr(0, size), m_glyphs, missing);

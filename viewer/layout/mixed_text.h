@@ -24,8 +24,9 @@ class Fonts;
 class MixedText {
 public:
     /// `font` and `fonts` must outlive this object.
-    MixedText(const Font &font, Fonts &fonts, WritingMode writing, TextOrientation orientation)
-        : m_font(font), m_fonts(fonts), m_isVertical(writing != WritingMode::horizontal), m_orientation(orientation)
+    MixedText(const Font &font, Fonts &fonts, const TextCommand &command)
+        : m_font(font), m_fonts(fonts), m_isVertical(command.writing != WritingMode::horizontal),
+          m_orientation(command.orientation), m_combinedDigits(m_isVertical ? command.combinedDigits : 0)
     {
     }
 
@@ -40,11 +41,17 @@ public:
         const Font *font;
         bool isVertical; ///< upright characters of vertical text
         std::size_t end;
+        /// For digits that share a cell, their horizontal scale; their offsetX is the distance from the centre line, and
+        /// the x of each is that of the cell. Otherwise 0.
+        double combinedScale = 0;
     };
     /// The part that contains a glyph.
     [[nodiscard]] Part partAt(std::size_t glyph) const;
 
 private:
+    void addCombined(std::u32string_view digits, const Font &font, float pen, std::vector<char32_t> &missing);
+    /// The number of digits at the beginning of a text that share a cell.
+    [[nodiscard]] std::size_t combinedAt(std::u32string_view text) const;
     void addInParts(std::u32string_view text, std::vector<char32_t> &missing);
     [[nodiscard]] const Font &fontOf(char32_t character);
     [[nodiscard]] bool isUprightCharacter(char32_t character, const Font &font) const;
@@ -54,6 +61,7 @@ private:
     Fonts &m_fonts;
     bool m_isVertical;
     TextOrientation m_orientation;
+    std::size_t m_combinedDigits;
     std::vector<ShapedGlyph> m_glyphs;
     std::vector<Part> m_parts;
 };

@@ -38,6 +38,7 @@ public:
     virtual ~PagePainter() = default;
     virtual void paint(const PathCommand &path) = 0;
     virtual void paint(const GlyphRun &run) = 0;
+    virtual void paint(const PictureCommand &picture) = 0;
 };
 
 } // namespace inin::viewer

@@ -18,7 +18,7 @@ constexpr double kEdge = 0.5; ///< points
 
 TextSetter::TextSetter(const TextCommand &command, Fonts &fonts, Point page)
     : m_command(command), m_isVertical(command.writing != WritingMode::horizontal), m_font(fonts.font(command.family)),
-      m_page(page), m_text(m_font, fonts, command.writing, command.orientation)
+      m_page(page), m_text(m_font, fonts, command)
 {
 }
 
@@ -106,23 +106,45 @@ void TextSetter::addRuns(const FittedText &fitted, std::size_t begin, std::size_
         // The glyphs' positions do not include the spacing of the previous parts.
         const double spaced = static_cast<double>(from - begin) * spacing * fitted.stretch;
         const Affine line = at * along(spaced - start);
+        if (part.combinedScale > 0) {
+            addCombined(fitted, part, glyphs.subspan(from, to - from), line);
+            addToLineText(part, glyphs.subspan(from, to - from), from == begin, to - from);
+            from = to;
+            continue;
+        }
         m_runs.push_back({part.font, fitted.size, fitted.stretch, spacing, m_command.color,
                           m_isVertical && !part.isVertical ? line * rotated(fitted.size) : line,
                           glyphs.subspan(from, to - from), m_command.isBold, part.isVertical});
-        if (m_isVertical) addToLineText(part, m_runs.back().glyphs, from == begin);
+        if (m_isVertical) addToLineText(part, m_runs.back().glyphs, from == begin, 1);
         from = to;
     }
     if (m_isVertical) m_runs.back().endsLineText = true;
     if (m_isVertical) m_runs[m_runs.size() - m_lineRuns].lineText = m_lineTexts.back();
 }
 
-void TextSetter::addToLineText(const MixedText::Part &part, std::span<const ShapedGlyph> glyphs, bool isFirst)
+/// Adds a run for each of the digits that share a cell, beside one another on the cell's baseline.
+void TextSetter::addCombined(const FittedText &fitted, const MixedText::Part &part, std::span<const ShapedGlyph> digits,
+                             const Affine &line)
+{
+    const double em = fitted.size / 1000;
+    const double baseline = fitted.size * m_font.ascent() / (m_font.ascent() - m_font.descent());
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        const double x = double{digits[i].x}, aside = double{digits[i].offsetX};
+        // A horizontal run moves its glyphs by their x.
+        const Affine place{1, 0, 0, 1, (aside - x * part.combinedScale) * em, x * em * fitted.stretch + baseline};
+        m_runs.push_back({part.font, fitted.size, part.combinedScale, 0, m_command.color, line * place,
+                          digits.subspan(i, 1), m_command.isBold, false});
+    }
+}
+
+void TextSetter::addToLineText(const MixedText::Part &part, std::span<const ShapedGlyph> glyphs, bool isFirst,
+                               std::size_t runs)
 {
     if (isFirst) {
         m_lineTexts.emplace_back();
         m_lineRuns = 0;
     }
-    ++m_lineRuns;
+    m_lineRuns += runs;
     for (const ShapedGlyph &glyph : glyphs) m_lineTexts.back() += part.font->charactersOf(glyph.text);
 }
 

@@ -35,7 +35,11 @@ private:
     [[nodiscard]] Affine along(double by) const;
     [[nodiscard]] Affine rotated(double size) const;
     void addRuns(const FittedText &fitted, std::size_t begin, std::size_t end, const Affine &at);
-    void addToLineText(const MixedText::Part &part, std::span<const ShapedGlyph> glyphs, bool isFirst);
+    void addCombined(const FittedText &fitted, const MixedText::Part &part, std::span<const ShapedGlyph> digits,
+                     const Affine &line);
+    /// Adds the text of the last `runs` runs.
+    void addToLineText(const MixedText::Part &part, std::span<const ShapedGlyph> glyphs, bool isFirst,
+                       std::size_t runs);
     [[nodiscard]] double shareBefore() const;
     Affine placeOf(const FittedText &fitted, std::size_t line, double width);
     Affine placeWithoutBox(double width, double distance);

@@ -19,9 +19,9 @@ constexpr double kMaxDots = 8.8e6;
 
 } // namespace
 
-bool LetterPictures::isWorthwhile(double scale) const
+bool LetterPictures::isWorthwhile(LetterPage which, double scale) const
 {
-    const Point paper = m_renderer.paperSize();
+    const Point paper = m_renderer.paperSize(which.letter, which.page);
     return paper.x * scale * paper.y * scale <= kMaxDots;
 }
 
@@ -34,14 +34,14 @@ void LetterPictures::setScale(double scale, double dotsPerPixel)
     m_pages.clear();
 }
 
-bool LetterPictures::has(std::size_t letter) const
+bool LetterPictures::has(LetterPage which) const
 {
-    return std::ranges::find(m_pages, letter, &Page::letter) != m_pages.end();
+    return std::ranges::find(m_pages, which, &Page::which) != m_pages.end();
 }
 
-const QImage &LetterPictures::of(std::size_t letter)
+const QImage &LetterPictures::of(LetterPage which)
 {
-    const auto found = std::ranges::find(m_pages, letter, &Page::letter);
+    const auto found = std::ranges::find(m_pages, which, &Page::which);
     if (found != m_pages.end()) {
         std::rotate(m_pages.begin(), found, found + 1);
     } else {
@@ -51,26 +51,27 @@ const QImage &LetterPictures::of(std::size_t letter)
             room = std::move(m_pages.back().picture);
             m_pages.pop_back();
         }
-        m_pages.push_front({letter, painted(letter, std::move(room))});
+        m_pages.push_front({which, painted(which, std::move(room))});
     }
     return m_pages.front().picture;
 }
 
-const QImage &LetterPictures::sharedOf(std::size_t letter)
+const QImage &LetterPictures::sharedOf(LetterPage which)
 {
-    const LetterLayout &layout = m_renderer.layoutOf(letter);
-    const auto found = std::ranges::find(m_shared, &layout, &Shared::layout);
+    const LetterLayout &layout = m_renderer.layoutOf(which.letter);
+    const auto found = std::ranges::find_if(
+        m_shared, [&](const Shared &shared) { return shared.layout == &layout && shared.page == which.page; });
     if (found != m_shared.end()) return found->picture;
-    QImage picture = whitePaper(m_renderer, m_scale);
+    QImage picture = whitePaper(m_renderer, which, m_scale);
     QPainter painter(&picture);
     painter.scale(m_scale, m_scale);
-    paintShared(m_renderer, letter, painter, m_glyphs);
-    return m_shared.emplace_back(Shared{&layout, std::move(picture)}).picture;
+    paintShared(m_renderer, which, painter, m_glyphs);
+    return m_shared.emplace_back(Shared{&layout, which.page, std::move(picture)}).picture;
 }
 
-QImage LetterPictures::painted(std::size_t letter, QImage picture)
+QImage LetterPictures::painted(LetterPage which, QImage picture)
 {
-    const QImage &shared = sharedOf(letter);
+    const QImage &shared = sharedOf(which);
     if (picture.size() == shared.size() && picture.isDetached()) {
         picture.setDevicePixelRatio(1);
         std::memcpy(picture.bits(), shared.constBits(), static_cast<std::size_t>(shared.sizeInBytes()));
@@ -79,7 +80,7 @@ QImage LetterPictures::painted(std::size_t letter, QImage picture)
     }
     QPainter painter(&picture);
     painter.scale(m_scale, m_scale);
-    paintFields(m_renderer, letter, painter, m_glyphs);
+    paintFields(m_renderer, which, painter, m_glyphs);
     painter.end();
     picture.setDevicePixelRatio(m_dotsPerPixel);
     return picture;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/qt_letter_page.h"
 
 #include <QImage>
 
@@ -12,8 +12,8 @@ namespace inin::viewer {
 
 class LetterLayout;
 
-/// Letters as pictures on white paper at one scale. Caches the shared part of each form and the most recent pages, so that
-/// turning a page is often immediate. Each picture has exactly the pixels of a letter that is painted as a whole.
+/// Pages of letters as pictures on white paper at one scale. Caches the shared part of each form and the most recent pages,
+/// so that turning a page is often immediate. Each picture has exactly the pixels of a page that is painted as a whole.
 class LetterPictures {
 public:
     /// `renderer` and `glyphs` must outlive this object.
@@ -24,23 +24,24 @@ public:
     /// Paints the letters again: their fields have changed.
     void clear() { m_pages.clear(); }
     /// Valid until the next call.
-    [[nodiscard]] const QImage &of(std::size_t letter);
-    [[nodiscard]] bool has(std::size_t letter) const;
-    /// False for a scale at which cached pictures would need too much memory.
-    [[nodiscard]] bool isWorthwhile(double scale) const;
+    [[nodiscard]] const QImage &of(LetterPage which);
+    [[nodiscard]] bool has(LetterPage which) const;
+    /// False for a scale at which the cached picture of a page would need too much memory.
+    [[nodiscard]] bool isWorthwhile(LetterPage which, double scale) const;
 
 private:
     struct Shared {
         const LetterLayout *layout;
+        std::size_t page;
         QImage picture;
     };
     struct Page {
-        std::size_t letter;
+        LetterPage which;
         QImage picture;
     };
-    [[nodiscard]] const QImage &sharedOf(std::size_t letter);
+    [[nodiscard]] const QImage &sharedOf(LetterPage which);
     /// Reuses the memory of `picture` if it is suitable.
-    [[nodiscard]] QImage painted(std::size_t letter, QImage picture);
+    [[nodiscard]] QImage painted(LetterPage which, QImage picture);
 
     LetterRenderer &m_renderer;
     QtGlyphs &m_glyphs;

@@ -1,9 +1,7 @@
 #include "viewer/paint/qt_page_painter.h"
 
-#include "runtime/runtime_error.h"
-#include "viewer/document/letter_renderer.h"
+#include "viewer/paint/qt_convert.h"
 
-#include <QBuffer>
 #include <QGlyphRun>
 #include <QGuiApplication>
 #include <QPaintEngine>
@@ -75,11 +73,6 @@ Path straightened(const Path &path)
 QColor qtColor(const Color &color)
 {
     return {color.red, color.green, color.blue};
-}
-
-QTransform qtTransform(const Affine &at)
-{
-    return {at.a, at.b, at.c, at.d, at.e, at.f};
 }
 
 QPen qtPen(const Stroke &stroke)
@@ -258,68 +251,21 @@ bool QtPagePainter::paintAsText(const GlyphRun &run)
     return true;
 }
 
-namespace {
-
-template <class Body>
-void onPaper(const LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs, Body &&body)
+void QtPagePainter::paint(const PictureCommand &command)
 {
-    QtPagePainter page(painter, glyphs);
-    const QTransform before = painter.transform();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setTransform(qtTransform(renderer.onPaper(letter)) * before);
-    body(page);
-    painter.setTransform(before);
-}
-
-} // namespace
-
-void paintShared(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
-{
-    onPaper(renderer, letter, painter, glyphs,
-            [&](QtPagePainter &page) { renderer.layoutOf(letter).paintShared(page); });
-}
-
-void paintFields(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
-{
-    onPaper(renderer, letter, painter, glyphs, [&](QtPagePainter &page) { renderer.paintFields(letter, page); });
-}
-
-void paintLetter(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs)
-{
-    paintShared(renderer, letter, painter, glyphs);
-    paintFields(renderer, letter, painter, glyphs);
-}
-
-QImage whitePaper(const LetterRenderer &renderer, double scale)
-{
-    const Point paper = renderer.paperSize();
-    QImage image(static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale)),
-                 QImage::Format_RGB32);
-    image.fill(Qt::white);
-    return image;
-}
-
-QImage letterImage(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
-{
-    constexpr double kPointsPerInch = 72;
-    constexpr double kInchesPerMetre = 1000 / 25.4;
-    const double scale = dotsPerInch / kPointsPerInch;
-    QImage image = whitePaper(renderer, scale);
-    image.setDotsPerMeterX(static_cast<int>(std::lround(dotsPerInch * kInchesPerMetre)));
-    image.setDotsPerMeterY(image.dotsPerMeterX());
-    QPainter painter(&image);
-    painter.scale(scale, scale);
-    paintLetter(renderer, letter, painter, glyphs);
-    return image;
-}
-
-std::string letterPng(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!letterImage(renderer, letter, dotsPerInch, glyphs).save(&buffer, "PNG"))
-        throw RuntimeError(error_number::outOfMemory);
-    return buffer.data().toStdString();
+    const Picture &picture = *command.picture;
+    const QTransform before = m_painter.transform();
+    m_painter.setTransform(qtTransform(command.at) * before);
+    m_painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const QTransform dots = m_painter.deviceTransform();
+    const QSize size(static_cast<int>(std::ceil(std::hypot(dots.m11(), dots.m12()))),
+                     static_cast<int>(std::ceil(std::hypot(dots.m21(), dots.m22()))));
+    const QImage &whole = m_glyphs.image(picture);
+    // A printer scales by itself. A raster painter would skip dots of a picture that is finer than the screen.
+    const bool isReduced =
+        !writesFile(m_painter) && !size.isEmpty() && size.width() < whole.width() && size.height() < whole.height();
+    m_painter.drawImage(QRectF(0, 0, 1, 1), isReduced ? m_glyphs.reducedImage(picture, size) : whole);
+    m_painter.setTransform(before);
 }
 
 } // namespace inin::viewer

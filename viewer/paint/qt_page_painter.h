@@ -5,16 +5,17 @@
 #include <QImage>
 #include <QPainterPath>
 #include <QRawFont>
-#include <string>
+
+#include <cstddef>
 #include <unordered_map>
 
 class QPainter;
 
 namespace inin::viewer {
 
-class LetterRenderer;
+struct Picture;
 
-/// A cache of glyph outlines as Qt paths, for all pages of a window.
+/// A cache of glyph outlines as Qt paths and of a form's pictures, for all pages of a window.
 class QtGlyphs {
 public:
     /// The outline for a font size of 1, y downwards. Below a size of kSmall device pixels it consists of straight lines,
@@ -28,12 +29,18 @@ public:
     /// The size of printerFont in pixels; the painter must be scaled.
     static constexpr double kPrinterFontSize = 100;
 
+    /// The picture for Qt. `picture` must outlive this object.
+    [[nodiscard]] const QImage &image(const Picture &picture);
+    /// The same reduced to a size in pixels; the last size of each picture is kept.
+    [[nodiscard]] const QImage &reducedImage(const Picture &picture, QSize size);
+
 private:
     struct Outline {
         QPainterPath curves, lines;
     };
     std::unordered_map<const Font *, std::unordered_map<std::uint32_t, Outline>> m_outlines;
     std::unordered_map<const Font *, QRawFont> m_printerFonts;
+    std::unordered_map<const Picture *, QImage> m_images, m_reducedImages;
 };
 
 /// Paints with a QPainter whose unit is the point. Text is painted as outlines, or as text on a printer if the font is
@@ -43,6 +50,7 @@ public:
     QtPagePainter(QPainter &painter, QtGlyphs &glyphs) : m_painter(painter), m_glyphs(glyphs) {}
     void paint(const PathCommand &path) override;
     void paint(const GlyphRun &run) override;
+    void paint(const PictureCommand &picture) override;
 
 private:
     void paintOutlines(const GlyphRun &run);
@@ -52,17 +60,5 @@ private:
     QPainter &m_painter;
     QtGlyphs &m_glyphs;
 };
-
-/// Paints a letter on its paper. The painter's unit must be the point.
-void paintLetter(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
-/// The two halves of paintLetter(): first the part that all letters of the form share, then the letter's fields.
-void paintShared(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
-void paintFields(LetterRenderer &renderer, std::size_t letter, QPainter &painter, QtGlyphs &glyphs);
-/// Blank paper at `scale` dots per point.
-[[nodiscard]] QImage whitePaper(const LetterRenderer &renderer, double scale);
-/// A letter as a picture on white paper. Needs no display.
-[[nodiscard]] QImage letterImage(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
-/// The same as the bytes of a PNG file.
-[[nodiscard]] std::string letterPng(LetterRenderer &renderer, std::size_t letter, double dotsPerInch, QtGlyphs &glyphs);
 
 } // namespace inin::viewer

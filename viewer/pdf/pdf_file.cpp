@@ -78,8 +78,13 @@ void PdfFile::writeObject(int number, std::string_view body)
 void PdfFile::writeStream(int number, std::string_view entries, std::string_view content, Compression compression)
 {
     const std::string_view data = (compression == Compression::fast ? *m_fast : *m_best).compress(content);
+    writeEncodedStream(number, std::string(entries) + "/Filter/FlateDecode", data);
+}
+
+void PdfFile::writeEncodedStream(int number, std::string_view entries, std::string_view data)
+{
     begin(number);
-    fmt::format_to(std::back_inserter(m_head), "<<{}/Filter/FlateDecode/Length {}>>stream\n", entries, data.size());
+    fmt::format_to(std::back_inserter(m_head), "<<{}/Length {}>>stream\n", entries, data.size());
     write(m_head);
     write(data);
     write("\nendstream\nendobj\n");

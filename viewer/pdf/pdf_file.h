@@ -26,6 +26,8 @@ public:
     void writeObject(int number, std::string_view body);
     /// `entries` are added to the stream's dictionary, which has its length and filter.
     void writeStream(int number, std::string_view entries, std::string_view content, Compression compression);
+    /// The same for data that is already encoded; `entries` name its filter.
+    void writeEncodedStream(int number, std::string_view entries, std::string_view data);
     /// Writes the cross-reference table and the trailer. The owner of `out` commits it.
     void close(int catalog, int info);
 

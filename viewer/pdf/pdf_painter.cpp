@@ -254,6 +254,20 @@ void PdfPainter::appendPath(const Path &path)
     }
 }
 
+void PdfPainter::paint(const PictureCommand &command)
+{
+    endText();
+    // In a PDF the unit square of a picture has its origin at the lower left corner.
+    const Affine &at = command.at;
+    m_out += "q ";
+    for (const double part : {at.a, -at.b, -at.c, at.d}) {
+        appendNumber(m_out, part, 4);
+        m_out += ' ';
+    }
+    appendPoint(at({0, 1}));
+    m_out += "cm /I" + std::to_string(m_pictures.numberOf(*command.picture)) + " Do Q\n";
+}
+
 void PdfPainter::appendStroke(const Stroke &stroke)
 {
     appendColor(m_out, stroke.color, "G", "RG");

@@ -2,6 +2,7 @@
 
 #include "viewer/layout/page_painter.h"
 #include "viewer/pdf/pdf_font.h"
+#include "viewer/pdf/pdf_picture.h"
 
 #include <map>
 #include <memory>
@@ -25,10 +26,14 @@ private:
 /// Writes the operators of a content stream. y is mirrored, because it grows upwards in a PDF.
 class PdfPainter : public PagePainter {
 public:
-    PdfPainter(PdfFonts &fonts, double pageHeight) : m_fonts(fonts), m_height(pageHeight) {}
+    PdfPainter(PdfFonts &fonts, PdfPictures &pictures, double pageHeight)
+        : m_fonts(fonts), m_pictures(pictures), m_height(pageHeight)
+    {
+    }
 
     void paint(const PathCommand &path) override;
     void paint(const GlyphRun &run) override;
+    void paint(const PictureCommand &picture) override;
     /// Adds operators outside of a text object.
     void add(std::string_view operators);
     /// Begins a new content stream.
@@ -52,6 +57,7 @@ private:
     void set(double &current, double wanted, const char *operation);
 
     PdfFonts &m_fonts;
+    PdfPictures &m_pictures;
     double m_height;
     std::string m_out;
     bool m_isInText = false;

@@ -176,6 +176,7 @@ private:
             std::ranges::find_if(papers, [&](const auto &row) { return equalsIgnoringAsciiCase(row.first, name); });
         if (found == std::end(papers)) return false;
         m_script.paper = found->second;
+        m_script.namesPaper = true;
         return true;
     }
     bool zoom(std::string_view argument) { return hasNoEffect(argument, "表示倍率の指定"); }

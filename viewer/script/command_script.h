@@ -39,6 +39,7 @@ struct CommandScript {
     std::int32_t offsetX = 0; ///< tenths of a millimetre, to the right
     std::int32_t offsetY = 0; ///< tenths of a millimetre, downwards
     Paper paper = Paper::A4;
+    bool namesPaper = false; ///< otherwise `paper` is a default
     Ending ending = Ending::none;
     /// A sentence with the line number for each line that was skipped or has no effect.
     std::vector<std::string> notices;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/form/geometry.h"
+#include "viewer/document/field_places.h"
 
 #include <QPoint>
 
@@ -10,7 +10,9 @@ class QPainter;
 
 namespace inin::viewer {
 
-/// Paints a thin bar at the left of each place, in points on the paper whose corner is there in the painter's device.
-void paintMarks(QPainter &painter, QPoint corner, double pixelsPerPoint, const std::vector<Box> &places);
+/// Paints a thin bar at the left of each place on a page, in points on the paper whose corner is there in the painter's
+/// device.
+void paintMarks(QPainter &painter, QPoint corner, double pixelsPerPoint, const std::vector<PlaceOnPage> &places,
+                std::size_t page);
 
 } // namespace inin::viewer

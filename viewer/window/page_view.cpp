@@ -5,14 +5,11 @@
 #include "viewer/window/qt_text.h"
 
 #include <QAccessible>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <iterator>
 
 namespace inin::viewer {
@@ -55,13 +52,15 @@ void PageView::showLetter(std::size_t letter)
 {
     if (m_letters == nullptr || letter == m_letter || letter >= m_letters->set.size()) return;
     m_direction = letter > m_letter ? 1 : -1;
+    const QSize before = letterPixels();
     m_letter = letter;
     m_marks.clear();
+    if (letterPixels() != before) zoomChanged();
     describeLetter();
     viewport()->update();
 }
 
-void PageView::setMarks(std::vector<viewer::Box> places)
+void PageView::setMarks(std::vector<PlaceOnPage> places)
 {
     m_marks = std::move(places);
     viewport()->update();
@@ -91,7 +90,11 @@ void PageView::describeLetter()
 
 double PageView::zoomFor(Fit fit) const
 {
-    const Point paper = m_letters->renderer.paperSize();
+    Point paper; // the largest of all pages
+    for (std::size_t page = 0; page < pageCount(); ++page) {
+        const Point size = m_letters->renderer.paperSize(m_letter, page);
+        paper = {std::max(paper.x, size.x), std::max(paper.y, size.y)};
+    }
     const double point = logicalDpiY() / kPointsPerInch;
     // Fitting the page assumes no scroll bars; fitting the width assumes a vertical one.
     const int bar = fit == Fit::width ? verticalScrollBar()->sizeHint().width() : 0;
@@ -117,22 +120,39 @@ double PageView::pixelsPerPoint() const
     return zoom() * logicalDpiY() / kPointsPerInch;
 }
 
-QSize PageView::paperPixels() const
+std::size_t PageView::pageCount() const
 {
-    const Point paper = m_letters->renderer.paperSize();
+    return m_letters->renderer.pageCount(m_letter);
+}
+
+QSize PageView::paperPixels(std::size_t page) const
+{
+    const Point paper = m_letters->renderer.paperSize(m_letter, page);
     const double scale = pixelsPerPoint();
     return {static_cast<int>(std::lround(paper.x * scale)), static_cast<int>(std::lround(paper.y * scale))};
 }
 
-QRect PageView::paperPlace() const
+QSize PageView::letterPixels() const
+{
+    QSize whole(0, -kMargin);
+    for (std::size_t page = 0; page < pageCount(); ++page) {
+        const QSize paper = paperPixels(page);
+        whole = {std::max(whole.width(), paper.width()), whole.height() + kMargin + paper.height()};
+    }
+    return whole;
+}
+
+QRect PageView::paperPlace(std::size_t page) const
 {
     if (m_letters == nullptr) return {};
-    const QSize paper = paperPixels(), room = viewport()->size();
+    const QSize whole = letterPixels(), room = viewport()->size(), paper = paperPixels(page);
     const auto place = [](int length, int from, int scrolled) {
         return length + 2 * kMargin <= from ? (from - length) / 2 : kMargin - scrolled;
     };
-    return {{place(paper.width(), room.width(), horizontalScrollBar()->value()),
-             place(paper.height(), room.height(), verticalScrollBar()->value())},
+    int above = 0;
+    for (std::size_t i = 0; i < page; ++i) above += paperPixels(i).height() + kMargin;
+    return {{place(whole.width(), room.width(), horizontalScrollBar()->value()) + (whole.width() - paper.width()) / 2,
+             place(whole.height(), room.height(), verticalScrollBar()->value()) + above},
             paper};
 }
 
@@ -169,8 +189,8 @@ void PageView::zoomChanged()
 {
     if (m_letters == nullptr) return;
     const QSize room = maximumViewportSize();
-    const QSize over = paperPixels() + QSize(2 * kMargin, 2 * kMargin) - room;
-    const bool fitsPage = m_fit == Fit::page && !usesWidthForPage();
+    const QSize over = letterPixels() + QSize(2 * kMargin, 2 * kMargin) - room;
+    const bool fitsPage = m_fit == Fit::page && !usesWidthForPage() && pageCount() == 1;
     for (auto [bar, length, page] : {std::tuple(horizontalScrollBar(), over.width(), room.width()),
                                      std::tuple(verticalScrollBar(), over.height(), room.height())}) {
         const bool wasIn = bar->maximum() > 0;
@@ -201,34 +221,42 @@ void PageView::paintEvent(QPaintEvent *event)
     constexpr int kDarker = 118;
     painter.fillRect(event->rect(), desk.darker(kDarker));
     if (m_letters == nullptr) return;
-    const QRect paper = paperPlace();
-    painter.setPen(desk.darker(2 * kDarker));
-    painter.drawRect(paper.adjusted(-1, -1, 0, 0));
-    painter.fillRect(paper, Qt::white);
-    painter.setClipRect(paper.intersected(event->rect()));
-    paintPaper(painter, paper);
-    paintMarks(painter, paper.topLeft(), pixelsPerPoint(), m_marks);
+    for (std::size_t page = 0; page < pageCount(); ++page) {
+        const QRect paper = paperPlace(page), frame = paper.adjusted(-1, -1, 1, 1);
+        if (!frame.intersects(event->rect())) continue;
+        painter.save();
+        painter.setPen(desk.darker(2 * kDarker));
+        painter.drawRect(paper.adjusted(-1, -1, 0, 0));
+        painter.fillRect(paper, Qt::white);
+        paintPaper(painter, page, event->rect());
+        paintMarks(painter, paper.topLeft(), pixelsPerPoint(), m_marks, page);
+        painter.restore();
+    }
     if (const auto first = std::exchange(onFirstPaint, {})) first();
 }
 
-void PageView::paintPaper(QPainter &painter, const QRect &place)
+void PageView::paintPaper(QPainter &painter, std::size_t page, const QRect &visible)
 {
+    const QRect place = paperPlace(page);
+    painter.setClipRect(place.intersected(visible));
     // The number of screen dots per toolkit pixel.
     const QTransform toDots = painter.deviceTransform();
     const double scale = pixelsPerPoint() * toDots.m11();
     LetterPictures &pictures = m_letters->pictures;
-    if (!pictures.isWorthwhile(scale)) {
+    const LetterPage which(m_letter, page);
+    if (!pictures.isWorthwhile(which, scale)) {
         painter.translate(place.topLeft());
         painter.scale(pixelsPerPoint(), pixelsPerPoint());
-        paintLetter(m_letters->renderer, m_letter, painter, m_letters->glyphs);
+        paintPage(m_letters->renderer, which, painter, m_letters->glyphs);
         return;
     }
     pictures.setScale(scale, toDots.m11());
     // Align to whole dots, or every edge would be blurred.
     const QPointF corner = toDots.map(QPointF(place.topLeft()));
     painter.drawImage(toDots.inverted().map(QPointF(std::round(corner.x()), std::round(corner.y()))),
-                      pictures.of(m_letter));
-    m_ahead.start();
+                      pictures.of(which));
+    // The cached pictures of more pages would displace one another.
+    if (pageCount() == 1) m_ahead.start();
 }
 
 /// Paints one neighbouring page at a time, the next in the current direction first, so that user input never waits.
@@ -243,64 +271,6 @@ void PageView::makeAhead()
         }
     }
     m_ahead.stop();
-}
-
-bool PageView::isAtEnd(int direction) const
-{
-    const QScrollBar *const bar = verticalScrollBar();
-    return bar->value() == (direction > 0 ? bar->maximum() : bar->minimum());
-}
-
-/// Continues in the next letter at its top, or in the previous one at its end.
-void PageView::turn(int direction)
-{
-    if (!onTurn) return;
-    QScrollBar *const bar = verticalScrollBar();
-    const std::size_t before = m_letter;
-    onTurn(direction);
-    if (m_letter != before) bar->setValue(direction > 0 ? bar->minimum() : bar->maximum());
-}
-
-void PageView::turnOrScroll(int direction)
-{
-    if (isAtEnd(direction)) return turn(direction);
-    QScrollBar *const bar = verticalScrollBar();
-    bar->setValue(bar->value() + direction * bar->pageStep());
-}
-
-/// Turns one letter for each notch. A touch pad sends fractions of a notch, and more of them after the finger has left
-/// it: those must not turn several letters.
-void PageView::turnByWheel(const QWheelEvent &event)
-{
-    if (event.phase() == Qt::ScrollMomentum) return;
-    const int angle = event.angleDelta().y();
-    if ((angle < 0) != (m_wheel < 0)) m_wheel = 0;
-    m_wheel += angle;
-    constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
-    if (std::abs(m_wheel) < kNotch) return;
-    m_wheel = 0;
-    turn(angle < 0 ? 1 : -1);
-}
-
-void PageView::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_PageDown) return turnOrScroll(1);
-    if (event->key() == Qt::Key_PageUp) return turnOrScroll(-1);
-    QAbstractScrollArea::keyPressEvent(event);
-}
-
-void PageView::wheelEvent(QWheelEvent *event)
-{
-    const int angle = event->angleDelta().y();
-    if (event->modifiers().testFlag(Qt::ControlModifier)) {
-        if (angle != 0) angle > 0 ? zoomIn() : zoomOut();
-    } else if (angle != 0 && isAtEnd(angle < 0 ? 1 : -1)) {
-        turnByWheel(*event);
-    } else {
-        m_wheel = 0;
-        return QAbstractScrollArea::wheelEvent(event);
-    }
-    event->accept();
 }
 
 } // namespace inin::viewer

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/form/geometry.h"
+#include "viewer/document/field_places.h"
 
 #include <QAbstractScrollArea>
 #include <QTimer>
@@ -13,7 +13,7 @@ namespace inin::viewer {
 
 struct OpenLetters;
 
-/// One letter on its paper: black on white under every theme, painted anew at each scale and therefore always sharp.
+/// One letter on its paper, its pages below one another: black on white under every theme, painted anew at each scale and therefore always sharp.
 class PageView : public QAbstractScrollArea {
 public:
     enum class Fit { none, page, width };
@@ -26,11 +26,11 @@ public:
     void showLetters(OpenLetters *letters);
     void showLetter(std::size_t letter);
     [[nodiscard]] std::size_t letter() const { return m_letter; }
-    /// Marks places of the shown letter, in points on the paper, until another letter is shown. Marks are not printed.
     /// Paints the page again after its letters have changed.
     void repaintLetter();
-    void setMarks(std::vector<viewer::Box> places);
-    [[nodiscard]] const std::vector<viewer::Box> &marks() const { return m_marks; }
+    /// Marks places of the shown letter, in points on their pages, until another letter is shown. Marks are not printed.
+    void setMarks(std::vector<PlaceOnPage> places);
+    [[nodiscard]] const std::vector<PlaceOnPage> &marks() const { return m_marks; }
 
     /// 1 is the paper's own size.
     [[nodiscard]] double zoom() const;
@@ -42,8 +42,8 @@ public:
     void setFit(Fit fit);
     /// True if the whole page was requested but does not fit readably.
     [[nodiscard]] bool usesWidthForPage() const;
-    /// The rectangle of the paper in the viewport.
-    [[nodiscard]] QRect paperPlace() const;
+    /// The rectangle of a page's paper in the viewport.
+    [[nodiscard]] QRect paperPlace(std::size_t page = 0) const;
 
     std::function<void()> onZoom;
     /// Called for a page key and for the wheel at the end or the beginning of the page.
@@ -58,13 +58,16 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    [[nodiscard]] QSize paperPixels() const;
+    [[nodiscard]] std::size_t pageCount() const;
+    [[nodiscard]] QSize paperPixels(std::size_t page) const;
+    /// The size of all pages with the gaps between them.
+    [[nodiscard]] QSize letterPixels() const;
     [[nodiscard]] double pixelsPerPoint() const;
     /// The zoom that fills the view's width or shows the whole page; without limits.
     [[nodiscard]] double zoomFor(Fit fit) const;
     void zoomChanged();
     void describeLetter();
-    void paintPaper(QPainter &painter, const QRect &place);
+    void paintPaper(QPainter &painter, std::size_t page, const QRect &visible);
     void makeAhead();
     [[nodiscard]] bool isAtEnd(int direction) const;
     void turn(int direction);
@@ -73,7 +76,7 @@ private:
 
     OpenLetters *m_letters = nullptr;
     std::size_t m_letter = 0;
-    std::vector<viewer::Box> m_marks;
+    std::vector<PlaceOnPage> m_marks;
     double m_zoom = 1;
     Fit m_fit = Fit::page;
     int m_wheel = 0;                ///< the wheel's angle at the end of the page that has not turned it yet

@@ -1,5 +1,6 @@
 #include "viewer/window/painted_job.h"
 
+#include "viewer/document/paper_size.h"
 #include "viewer/window/tray_text.h"
 
 namespace inin::viewer {
@@ -18,8 +19,7 @@ PaintedJob::PaintedJob(std::unique_ptr<QPrinter> printer, const PrintOrder &orde
     m_printer->setDocName(name);
     // Lay out page and letters for the whole sheet; the printer's unprintable margin stays white.
     m_printer->setFullPage(true);
-    m_printer->setPageSize(QPageSize(QSizeF(paper.x, paper.y), QPageSize::Point, {}, QPageSize::FuzzyMatch));
-    m_printer->setPageOrientation(QPageLayout::Portrait);
+    setPaper(paper);
     m_printer->setDuplex(order.duplex);
     if (const auto tray = paintedTray(order.tray)) m_printer->setPaperSource(*tray);
     if (m_printer->supportsMultipleCopies()) {
@@ -41,8 +41,16 @@ bool PaintedJob::isGood() const
     return m_isGood && m_printer->printerState() != QPrinter::Error && m_printer->printerState() != QPrinter::Aborted;
 }
 
-QPainter &PaintedJob::page()
+void PaintedJob::setPaper(Point paper)
 {
+    m_paper = paper;
+    m_printer->setPageSize(QPageSize(QSizeF(paper.x, paper.y), QPageSize::Point, {}, QPageSize::FuzzyMatch));
+    m_printer->setPageOrientation(QPageLayout::Portrait);
+}
+
+QPainter &PaintedJob::page(Point paper)
+{
+    if (!isSamePaper(paper, m_paper)) setPaper(paper);
     if (m_hasPage && !m_printer->newPage()) m_isGood = false;
     m_hasPage = true;
     const double scale = m_printer->resolution() / kPointsPerInch;

@@ -21,16 +21,19 @@ public:
     [[nodiscard]] bool isGood() const;
     /// How often the letters must be painted for the requested copies.
     [[nodiscard]] int rounds() const { return m_rounds; }
-    /// Starts a new page and returns its painter.
-    QPainter &page();
+    /// Starts a new page on paper of this size and returns its painter.
+    QPainter &page(Point paper);
     bool finish();
     /// Withdraws the job. Returns false when the system cannot; the pages painted so far are then printed.
     bool takeBack();
 
 private:
+    void setPaper(Point paper);
+
     std::unique_ptr<QPrinter> m_printer;
     const PrintOrder &m_order;
     QPainter m_painter;
+    Point m_paper; ///< of the present page
     int m_rounds = 1;
     bool m_isGood = false, m_hasPage = false;
 };

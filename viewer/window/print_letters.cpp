@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 
 namespace inin::viewer {
 
@@ -58,6 +59,16 @@ struct JobOrder {
     const PrintOrder &order;
 };
 
+/// The paper of all pages of a job; empty if they differ.
+std::optional<Point> paperOf(const JobOrder &job)
+{
+    const Point first = job.renderer.paperSize(job.which.front());
+    for (const std::size_t letter : job.which)
+        for (std::size_t page = 0; page < job.renderer.pageCount(letter); ++page)
+            if (!isSamePaper(job.renderer.paperSize(letter, page), first)) return std::nullopt;
+    return first;
+}
+
 JobResult spoolJob(const JobOrder &job, const SpoolPdf &spool, const PrintProgress &report)
 try {
     // The letters are confidential: only the user can read the folder, and it is deleted together with the file.
@@ -70,7 +81,7 @@ try {
                          {offset.right * kTenth, offset.down * kTenth}))
         return {JobResult::End::cancelled, 0, {}};
     const LetterSet &set = job.renderer.set();
-    const SpoolJob order{path, jobName(set, job.which), set.paper, job.order};
+    const SpoolJob order{path, jobName(set, job.which), paperOf(job), job.order};
     const SpoolResult result = spool(order, [&] { return report(job.which.size()); });
     switch (result.end) {
     case SpoolResult::End::taken:
@@ -85,19 +96,28 @@ try {
     return {JobResult::End::refused, 0, error.description()};
 }
 
+/// Paints all pages of a letter. False when the printer refuses.
+bool paintLetter(const JobOrder &job, std::size_t letter, PaintedJob &paper)
+{
+    for (std::size_t page = 0; page < job.renderer.pageCount(letter); ++page) {
+        QPainter &painter = paper.page(job.renderer.paperSize(letter, page));
+        if (!paper.isGood()) return false;
+        paintPage(job.renderer, {letter, page}, painter, job.glyphs);
+    }
+    return true;
+}
+
 JobResult paintJob(const JobOrder &job, const MakePrinter &makePrinter, const PrintProgress &report)
 {
     PaintedJob paper(makePrinter(job.order), job.order, jobName(job.renderer.set(), job.which),
-                     job.renderer.paperSize());
+                     job.renderer.paperSize(job.which.front()));
     if (!paper.isGood()) return refused(job.order);
     for (int round = 0; round < paper.rounds(); ++round) {
         for (std::size_t i = 0; i < job.which.size(); ++i) {
-            QPainter &painter = paper.page();
-            if (!paper.isGood()) {
+            if (!paintLetter(job, job.which[i], paper)) {
                 paper.takeBack();
                 return refused(job.order);
             }
-            paintLetter(job.renderer, job.which[i], painter, job.glyphs);
             const std::size_t painted = round == 0 ? i + 1 : job.which.size();
             if (!report(painted)) return {JobResult::End::cancelled, paper.takeBack() ? 0 : painted, {}};
         }

@@ -1,5 +1,6 @@
 #include "viewer/window/spool_pdf.h"
 
+#include "viewer/document/paper_size.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/tray_text.h"
 
@@ -25,15 +26,6 @@ constexpr Sides kSides[] = {{QPrinter::DuplexNone, "sides=one-sided"},
                             {QPrinter::DuplexLongSide, "sides=two-sided-long-edge"},
                             {QPrinter::DuplexShortSide, "sides=two-sided-short-edge"}};
 
-struct Media {
-    Paper paper;
-    const char *option;
-};
-/// The printer working group's names, which every queue knows; some queues take a bare "B5" for another paper.
-constexpr Media kMedia[] = {{Paper::A4, "media=iso_a4_210x297mm"},
-                            {Paper::A5, "media=iso_a5_148x210mm"},
-                            {Paper::B5, "media=jis_b5_182x257mm"}};
-
 /// The options that name a tray, by the makers of printers.
 constexpr const char *kTrayOptions[] = {"InputSlot", "media-source", "PaperSource", "HPPaperSource", "ARInputSlot"};
 
@@ -52,8 +44,8 @@ QStringList lpArguments(const SpoolJob &job)
                           u"-t"_s, job.title,
                           u"-o"_s, u"collate=true"_s,
                           u"-o"_s, u"print-scaling=none"_s};
-    const auto *const media = std::ranges::find(kMedia, job.paper, &Media::paper);
-    arguments << u"-o"_s << QLatin1String(media->option);
+    // Some queues take a bare "B5" for another paper.
+    if (job.paper) arguments << u"-o"_s << u"media="_s + qtText(paperMedia(*job.paper));
     const auto *const sides = std::ranges::find(kSides, job.order.duplex, &Sides::mode);
     if (sides != std::end(kSides)) arguments << u"-o"_s << QLatin1String(sides->option);
     if (!job.order.tray.isEmpty()) arguments << u"-o"_s << job.order.tray;

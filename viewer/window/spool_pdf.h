@@ -1,12 +1,13 @@
 #pragma once
 
-#include "viewer/script/command_script.h"
+#include "viewer/form/geometry.h"
 #include "viewer/window/print_order.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace inin::viewer {
 struct SpoolJob {
     QString pdf; ///< path of the file; it may be deleted once the job is accepted
     QString title;
-    Paper paper = Paper::A4;
+    std::optional<Point> paper; ///< empty for sheets of different sizes, which the file itself states
     PrintOrder order;
 };
 

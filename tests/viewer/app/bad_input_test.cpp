@@ -157,7 +157,8 @@ TEST_CASE("a file that a form refers to is never opened")
 
     CHECK(WEXITSTATUS(std::system(command.c_str())) == 0);
 
-    CHECK(contains(folder.bytes("err.txt"), "画像は表示しません。外部のファイルも読み込みません。"));
+    CHECK(contains(folder.bytes("err.txt"), "帳票のフォルダーの外にあるファイルは読み込みません。"));
+    CHECK(contains(folder.bytes("err.txt"), "URL や絶対パスの画像は読み込みません。"));
     CHECK(contains(folder.bytes("err.txt"), "スクリプトは実行しません。"));
     CHECK(packed(pagesOf(folder / "o.pdf").at(0)) == "本文");
 }

@@ -38,6 +38,7 @@ std::string damaged(std::string bytes, std::mt19937 &dice)
 
 class Nothing : public PagePainter {
 public:
+    void paint(const PictureCommand &) override {}
     void paint(const PathCommand &) override {}
     void paint(const GlyphRun &run) override { glyphs += run.glyphs.size(); }
     std::size_t glyphs = 0;

@@ -12,7 +12,7 @@ using namespace inin::viewer;
 
 namespace {
 
-constexpr std::array<CauseText, 31> kExpected = {{
+constexpr std::array<CauseText, 32> kExpected = {{
     {Cause::unreadableRow, "unreadableRow", "読めない行", "読み取れない行です",
      "利用者マスター、本社情報、代理人情報から引用符を取り、条件の画面からもう一度出力してください。"},
     {Cause::blankPage, "blankPage", "白紙", "文字が一つも印刷されない委任状です",
@@ -63,6 +63,8 @@ constexpr std::array<CauseText, 31> kExpected = {{
      "一通を残してチェックを外し、利用者マスターの二重登録を確認してください。"},
     {Cause::samePerson, "samePerson", "同じ利用者", "同じ利用者の委任状があります",
      "利用者マスターの二重登録を確認し、いらない委任状のチェックを外してください。"},
+    {Cause::unknownCode, "unknownCode", "コード不明", "帳票のコードの一覧にない値です",
+     "帳票の差し込みのコードの一覧を、保険種別などのマスターに合わせて直してください。"},
     {Cause::unfilledField, "unfilledField", "差し込み残り", "差し込みの波かっこが、そのまま印刷されます",
      "帳票の差し込みを半角の波かっこで書き直すか、利用者マスター、本社情報、代理人情報から波かっこを取ってください。"},
     {Cause::getaMark, "getaMark", "〓", "「〓」が入っています",

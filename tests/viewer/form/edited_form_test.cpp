@@ -21,6 +21,7 @@ std::string formOfSite(const std::string &name)
 /// Records painted paths and runs as text.
 class Record : public PagePainter {
 public:
+    void paint(const PictureCommand &) override {}
     void paint(const PathCommand &path) override
     {
         const Box box = boundsOf(path.path);

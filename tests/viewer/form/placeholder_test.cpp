@@ -65,3 +65,39 @@ TEST_CASE("a text that is not a date has no formatted date")
         CHECK_FALSE(formattedDate(text, "ggge年m月d日"));
     }
 }
+
+TEST_CASE("a pattern with an equals sign is a list of words for codes, of which the first entry of a code counts")
+{
+    const auto pieces = readPieces("{{保険種別|1=社保; 2 = 国保 ;2=二番目;*=その他|未登録}}");
+    REQUIRE(pieces.size() == 1);
+    CHECK(pieces[0].column == "保険種別");
+    CHECK(pieces[0].pattern.empty());
+    CHECK(pieces[0].whenBlank == "未登録");
+    CHECK(*pieces[0].words.wordFor("1") == "社保");
+    CHECK(*pieces[0].words.wordFor("　2 ") == "国保");
+    CHECK(*pieces[0].words.wordFor("22") == "その他");
+    CHECK(readPieces("{{a|1=社保}}")[0].words.wordFor("2") == nullptr);
+    CHECK(readPieces("{{a|\"=\"m月}}")[0].pattern == "\"=\"m月");
+    CHECK_THROWS_WITH_AS(static_cast<void>(readPieces("{{a|1=社保;国保}}")),
+                         "コードの一覧の「国保」に「=」がありません。", RuntimeError);
+}
+
+TEST_CASE("a list of ten thousand words is read, and each word is found")
+{
+    std::string list;
+    for (int i = 0; i < 10'000; ++i) list += std::to_string(i) + "=語" + std::to_string(i) + ";";
+    const auto pieces = readPieces("{{a|" + list + "}}");
+    REQUIRE(pieces.size() == 1);
+    CHECK(pieces[0].words.words.size() == 10'000);
+    for (const int i : {0, 9, 999, 9'999})
+        CHECK(*pieces[0].words.wordFor(std::to_string(i)) == "語" + std::to_string(i));
+    CHECK(pieces[0].words.wordFor("10000") == nullptr);
+}
+
+TEST_CASE("a blank date is written as blanks with the pattern's own characters")
+{
+    CHECK(blankDate("ggge年m月d日") == "　　　　年　　月　　日");
+    CHECK(blankDate("yyyy/mm/dd") == "　　　　/　　/　　");
+    CHECK(blankDate("\"令和\"e年\\m") == "令和　　年m");
+    CHECK(blankDate("") == "");
+}

@@ -26,6 +26,7 @@ struct Painted {
 
 class Recorder : public PagePainter {
 public:
+    void paint(const PictureCommand &) override {}
     void paint(const PathCommand &) override { ++paths; }
     void paint(const GlyphRun &run) override
     {

@@ -15,6 +15,7 @@ public:
     struct Place {
         double begin, due, stretch;
     };
+    void paint(const PictureCommand &) override {}
     void paint(const PathCommand &) override {}
     void paint(const GlyphRun &run) override
     {

@@ -27,6 +27,7 @@ struct Painted {
 
 class Recorder : public PagePainter {
 public:
+    void paint(const PictureCommand &) override {}
     void paint(const PathCommand &) override {}
     void paint(const GlyphRun &run) override
     {
@@ -267,4 +268,36 @@ TEST_CASE("vertical and horizontal texts, narrowed, bold and spaced, are extract
         CAPTURE(std::string(text));
         CHECK(contains(packed(page), text));
     }
+}
+
+TEST_CASE("up to two digits of vertical text share one cell, side by side on one baseline, longer numbers do not")
+{
+    constexpr double kMm = kPointsPerMillimetre;
+    VerticalField field("", "5月12日100", "text-combine-upright:digits 2");
+    const std::vector<Painted> runs = field.runs();
+    std::vector<std::string> texts;
+    texts.reserve(runs.size());
+    for (const Painted &run : runs) texts.push_back(run.text);
+    CHECK(texts == std::vector<std::string>{"5", "月", "1", "2", "日", "100"});
+    REQUIRE(runs.size() == 6);
+    CHECK(runs[2].top == doctest::Approx(runs[3].top));
+    CHECK(runs[2].x < runs[3].x);
+    // Each number takes one cell of four millimetres between the characters around it.
+    CHECK(runs[4].top - runs[1].top == doctest::Approx(8 * kMm).epsilon(0.001));
+    // The pair is centred on the line and not wider than a cell.
+    const double centre = 30 * kMm;
+    CHECK(std::abs(runs[2].x - centre) <= 2.01 * kMm);
+    CHECK(runs[2].stretch <= 1);
+}
+
+TEST_CASE("four digits in a cell are squeezed, and the text of the PDF stays in order")
+{
+    VerticalField field("", "2024年", "text-combine-upright:digits 4");
+    const std::vector<Painted> runs = field.runs();
+    REQUIRE(runs.size() == 5);
+    CHECK(runs[0].stretch < 0.6);
+    CHECK(runs[0].text + runs[1].text + runs[2].text + runs[3].text == "2024");
+    CHECK(packed(textOfPage(svgPage("<text x='60' y='20' style='writing-mode:vertical-rl;font-family:IPAexMincho;"
+                                    "font-size:6px;text-combine-upright:all'>令和12年3月</text>"),
+                            {})) == "令和12年3月");
 }

@@ -37,7 +37,7 @@ struct CachedPictures {
         CAPTURE(letter);
         CAPTURE(dotsPerInch);
         pictures.setScale(dotsPerInch / kPointsPerInch);
-        CHECK(pictures.of(letter) == letterImage(renderer, letter, dotsPerInch, glyphs));
+        CHECK(pictures.of(letter) == pageImage(renderer, letter, dotsPerInch, glyphs));
     }
 };
 
@@ -91,6 +91,6 @@ TEST_CASE("the most recent pages are cached, and a new scale clears the cache")
 TEST_CASE("pictures are cached up to 300 dots per inch")
 {
     CachedPictures world;
-    CHECK(world.pictures.isWorthwhile(300 / kPointsPerInch));
-    CHECK(!world.pictures.isWorthwhile(600 / kPointsPerInch));
+    CHECK(world.pictures.isWorthwhile(0, 300 / kPointsPerInch));
+    CHECK(!world.pictures.isWorthwhile(0, 600 / kPointsPerInch));
 }

@@ -31,7 +31,7 @@ TEST_CASE("a ring with the even-odd rule has a hole on the screen, and without t
         Fonts fonts;
         LetterRenderer renderer(set, fonts);
         QtGlyphs glyphs;
-        return letterImage(renderer, 0, 101.6, glyphs).pixelColor(120, 120); // four dots per millimetre
+        return pageImage(renderer, 0, 101.6, glyphs).pixelColor(120, 120); // four dots per millimetre
     };
     CHECK(middle("fill-rule='evenodd'") == QColor(Qt::white));
     CHECK(middle("") == QColor(Qt::black));

@@ -1,14 +1,10 @@
-#include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/compared_pictures.h"
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
 
-#include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
-
-#include <cstdlib>
 
 using namespace inin;
 using namespace inin::viewer;
@@ -17,9 +13,6 @@ using namespace inin::viewer::test;
 namespace {
 
 constexpr double kDots = 60;
-// Rounding of edges differs between processors and versions of the toolkit. A line or glyph that moved is detected.
-constexpr int kGrayTolerance = 48;
-constexpr double kShareTolerance = 0.0005;
 
 struct Case {
     const char *form;
@@ -27,61 +20,6 @@ struct Case {
 };
 constexpr Case kCases[] = {
     {"委任状37_01.wfd", "standard"}, {"委任状23.wfd", "aichi"}, {"委任状37_高松市.wfd", "takamatsu"}};
-
-/// The share of pixels that differ by more than the tolerance; 1 for pictures of different sizes.
-double difference(const QImage &a, const QImage &b)
-{
-    if (a.size() != b.size()) return 1;
-    int count = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            if (std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) > kGrayTolerance) ++count;
-    return static_cast<double>(count) / (a.width() * a.height());
-}
-
-/// To change the reference pictures, run once with ININ_WRITE_GOLDENS set, inspect the pictures and commit them.
-void compareWithGolden(const QImage &picture, const std::string &name)
-{
-    const QString path = QString::fromStdString(std::string(ININ_TEST_DATA) + "/viewer/" + name);
-    CAPTURE(name);
-    if (std::getenv("ININ_WRITE_GOLDENS") != nullptr)
-        picture.convertToFormat(QImage::Format_Grayscale8).save(path, "PNG", 0);
-    QImage golden;
-    REQUIRE(golden.load(path));
-    CHECK(difference(picture, golden) < kShareTolerance);
-}
-
-/// Rasterisers differ at every edge. At low resolution, only differences of position or shape remain.
-QImage coarse(const QImage &image)
-{
-    constexpr int kFactor = 4;
-    return image.scaled(image.width() / kFactor, image.height() / kFactor, Qt::IgnoreAspectRatio,
-                        Qt::SmoothTransformation);
-}
-
-/// The first page of a PDF, rendered by another program.
-QImage rasterized(const std::string &pdf, int dotsPerInch)
-{
-    const std::string command =
-        "pdftoppm -r " + std::to_string(dotsPerInch) + " -png -singlefile '" + pdf + "' '" + pdf + "'";
-    REQUIRE(std::system(command.c_str()) == 0);
-    QImage page;
-    REQUIRE(page.load(QString::fromStdString(pdf + ".png")));
-    return page;
-}
-
-/// Prints the first letter.
-void printLetter(LetterRenderer &renderer, const std::string &path, QtGlyphs &glyphs)
-{
-    constexpr int kPrinterDots = 600;
-    QPdfWriter writer(QString::fromStdString(path));
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins({});
-    writer.setResolution(kPrinterDots);
-    QPainter painter(&writer);
-    painter.scale(kPrinterDots / 72.0, kPrinterDots / 72.0);
-    paintLetter(renderer, 0, painter, glyphs);
-}
 
 struct Pictures {
     TempFolder folder;
@@ -94,7 +32,7 @@ struct Pictures {
           renderer(set, fonts)
     {
     }
-    QImage picture(std::size_t letter) { return letterImage(renderer, letter, kDots, glyphs); }
+    QImage picture(std::size_t letter) { return pageImage(renderer, letter, kDots, glyphs); }
 };
 
 /// The upper left corner of a letter on the given form, for each kind of output.
@@ -109,7 +47,7 @@ struct Corner {
         : set(lettersOn(svgPage(elements), {ordinaryRow()})), place(0, 0, width, height)
     {
     }
-    QImage picture() { return letterImage(renderer, 0, kDots, glyphs).copy(place); }
+    QImage picture() { return pageImage(renderer, 0, kDots, glyphs).copy(place); }
     std::string pdf()
     {
         REQUIRE(writeLettersPdf(folder / "o.pdf", renderer, std::vector<std::size_t>{0}));
@@ -118,7 +56,7 @@ struct Corner {
     QImage inPdf() { return rasterized(pdf(), static_cast<int>(kDots)).copy(place); }
     QImage onPrinter()
     {
-        printLetter(renderer, folder / "printed.pdf", glyphs);
+        printPages(renderer, folder / "printed.pdf", glyphs);
         return rasterized(folder / "printed.pdf", static_cast<int>(kDots)).copy(place);
     }
 };

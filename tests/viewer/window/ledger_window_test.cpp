@@ -284,7 +284,7 @@ TEST_CASE("the mark of a changed field is on the screen and not on paper")
     };
     CHECK(orangePixels(page->viewport()->grab().toImage()) > 10);
     OpenLetters &letters = world.window->letters();
-    CHECK(orangePixels(letterImage(letters.renderer, 2, 96, letters.glyphs)) == 0);
+    CHECK(orangePixels(pageImage(letters.renderer, 2, 96, letters.glyphs)) == 0);
 }
 
 TEST_CASE("another run can be picked for the comparison")

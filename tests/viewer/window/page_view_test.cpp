@@ -88,7 +88,7 @@ TEST_CASE("the view shows the same pixels as a picture of the letter")
     world.view.resize(world.view.paperPlace().size() + QSize(40, 40));
     QApplication::processEvents();
     const QImage shown = world.view.viewport()->grab(world.view.paperPlace()).toImage();
-    const QImage picture = letterImage(world.letters.renderer, 0, world.view.logicalDpiX(), world.letters.glyphs);
+    const QImage picture = pageImage(world.letters.renderer, 0, world.view.logicalDpiX(), world.letters.glyphs);
     CHECK(difference(shown, picture) < 1);
 }
 
@@ -141,7 +141,7 @@ TEST_CASE("the page matches the letter's picture dot for dot at every screen res
         const QImage screen = onScreen(world.view, ratio);
         const QPointF corner = QPointF(world.view.paperPlace().topLeft()) * ratio;
         const double dots = world.view.zoom() * world.view.logicalDpiY() * ratio;
-        const QImage letter = letterImage(world.letters.renderer, world.view.letter(), dots, world.letters.glyphs);
+        const QImage letter = pageImage(world.letters.renderer, world.view.letter(), dots, world.letters.glyphs);
         const QImage shown = screen.copy(QRect(QPoint(qRound(corner.x()), qRound(corner.y())), letter.size()));
         // The last row and column may contain half a pixel of the paper's edge.
         const QRect inside = letter.rect().adjusted(2, 2, -2, -2);

@@ -59,7 +59,7 @@ TEST_CASE("page k of a print shows the k-th ticked letter and no other")
     REQUIRE(printLetters(letters, which, world.order(), world.services().paths, {}).isDone());
     const QImage page = pageImage(world.jobPath(0), 2);
     const auto distance = [&](std::size_t letter) {
-        return difference(page, letterImage(letters.renderer, letter, 72, letters.glyphs));
+        return difference(page, pageImage(letters.renderer, letter, 72, letters.glyphs));
     };
     CHECK(distance(2) < distance(0));
     CHECK(distance(2) < distance(1));

@@ -143,9 +143,9 @@ TEST_CASE("sides that follow the queue are not passed to lp, others are")
 TEST_CASE("the paper of a job is passed by its standard name")
 {
     SpoolJob job;
-    job.paper = Paper::B5;
+    job.paper = sizeOf(Paper::B5);
     CHECK(lpArguments(job).contains(QStringLiteral("media=jis_b5_182x257mm")));
-    job.paper = Paper::A5;
+    job.paper = sizeOf(Paper::A5);
     CHECK(lpArguments(job).contains(QStringLiteral("media=iso_a5_148x210mm")));
 }
 

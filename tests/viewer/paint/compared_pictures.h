@@ -1,0 +1,27 @@
+#pragma once
+
+#include "viewer/paint/qt_letter_page.h"
+
+#include <QImage>
+
+#include <string>
+
+namespace inin::viewer::test {
+
+// Rounding of edges differs between processors and versions of the toolkit. A line or glyph that moved is detected.
+inline constexpr int kGrayTolerance = 48;
+inline constexpr double kShareTolerance = 0.0005;
+
+/// The share of pixels that differ by more than the tolerance; 1 for pictures of different sizes.
+[[nodiscard]] double difference(const QImage &a, const QImage &b);
+/// Compares with a stored picture. To change the reference pictures, run once with ININ_WRITE_GOLDENS set, inspect the
+/// pictures and commit them.
+void compareWithGolden(const QImage &picture, const std::string &name);
+/// Rasterisers differ at every edge. At low resolution, only differences of position or shape remain.
+[[nodiscard]] QImage coarse(const QImage &image);
+/// A page of a PDF, counted from 1, rendered by another program.
+[[nodiscard]] QImage rasterized(const std::string &pdf, int dotsPerInch, int page = 1);
+/// Prints the pages of the first letter.
+void printPages(LetterRenderer &renderer, const std::string &path, QtGlyphs &glyphs);
+
+} // namespace inin::viewer::test

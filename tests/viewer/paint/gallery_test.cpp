@@ -1,0 +1,85 @@
+// The gallery of the guide for forms: each feature as a small form, its picture, and the same on a printer and in a PDF.
+#include "viewer/form/svg_reader.h"
+#include "viewer/paint/compared_pictures.h"
+#include "viewer/pdf/letters_pdf.h"
+#include "viewer/support/test_pictures.h"
+#include "viewer/support/viewer_world.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+using namespace inin;
+using namespace inin::viewer;
+using namespace inin::viewer::test;
+
+namespace {
+
+constexpr int kGalleryDots = 150;
+constexpr double kGalleryShare = 0.01;
+const std::string kGallery = std::string(ININ_TEST_DATA) + "/viewer/gallery/";
+
+/// The forms of the gallery, with the number of their pages.
+struct Exhibit {
+    const char *name;
+    std::size_t pages = 1;
+};
+constexpr Exhibit kExhibits[] = {{"pictures"}, {"pages", 2}, {"conditions"}, {"envelope"}, {"fields"}, {"vertical"}};
+
+/// The difference of two renderings of a page, whose sizes may be rounded differently.
+double pageDifference(const QImage &a, const QImage &b)
+{
+    const int width = std::min(a.width(), b.width()), height = std::min(a.height(), b.height());
+    if (std::max(a.width(), b.width()) > width + 1 || std::max(a.height(), b.height()) > height + 1) return 1;
+    return difference(a.copy(0, 0, width, height), b.copy(0, 0, width, height));
+}
+
+/// A letter with two empty columns on a form of the gallery.
+LetterSet galleryLetters(const std::string &name)
+{
+    Row row = ordinaryRow();
+    row["署名日"] = row["金融機関名２"] = "";
+    LetterSet set = lettersOn(svgPage(""), {row});
+    set.reports[0].form = readSvg(bytesOf(kGallery + name + ".svg"), pictureBytes);
+    set.usesFormPaper = true;
+    return set;
+}
+
+struct Gallery {
+    TempFolder folder;
+    LetterSet set;
+    Fonts fonts;
+    LetterRenderer renderer;
+    QtGlyphs glyphs;
+    explicit Gallery(const std::string &name) : set(galleryLetters(name)), renderer(set, fonts) {}
+};
+
+} // namespace
+
+TEST_CASE("each feature of the guide matches its stored picture, and screen, printer and PDF agree within one percent")
+{
+    for (const Exhibit &exhibit : kExhibits) {
+        CAPTURE(std::string(exhibit.name));
+        Gallery gallery(exhibit.name);
+        CHECK(gallery.set.reports[0].form.notices.empty());
+        REQUIRE(gallery.renderer.pageCount(0) == exhibit.pages);
+        REQUIRE(writeLettersPdf(gallery.folder / "o.pdf", gallery.renderer, std::vector<std::size_t>{0}));
+        printPages(gallery.renderer, gallery.folder / "printed.pdf", gallery.glyphs);
+        for (std::size_t page = 0; page < exhibit.pages; ++page) {
+            CAPTURE(page);
+            const std::string number = exhibit.pages == 1 ? "" : "_" + std::to_string(page + 1);
+            compareWithGolden(pageImage(gallery.renderer, {0, page}, kGalleryDots, gallery.glyphs),
+                              "gallery/" + (exhibit.name + number) + ".png");
+            const int sheet = static_cast<int>(page) + 1;
+            const QImage screen = coarse(pageImage(gallery.renderer, {0, page}, 4 * kGalleryDots, gallery.glyphs));
+            const QImage inPdf = coarse(rasterized(gallery.folder / "o.pdf", 4 * kGalleryDots, sheet));
+            const QImage printed = coarse(rasterized(gallery.folder / "printed.pdf", 4 * kGalleryDots, sheet));
+            CHECK(pageDifference(screen, inPdf) < kGalleryShare);
+            CHECK(pageDifference(screen, printed) < kGalleryShare);
+            CHECK(pageDifference(inPdf, printed) < kGalleryShare);
+            // The same comparison detects a page that is off by half a millimetre.
+            const QImage moved = screen.copy(3, 0, screen.width() - 3, screen.height());
+            CHECK(pageDifference(moved, inPdf.copy(0, 0, moved.width(), moved.height())) > kGalleryShare);
+        }
+    }
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "viewer/form/geometry.h"
+#include "viewer/script/command_script.h"
+
+#include <string>
+
+namespace inin::viewer {
+
+// Widths and heights are in points.
+
+[[nodiscard]] Point sizeOf(Paper paper);
+/// True for sizes that differ by less than a printer's tolerance.
+[[nodiscard]] bool isSamePaper(Point a, Point b);
+/// "A4", "長形3号" or "A4横"; "100 × 150 mm" for a paper without a name.
+[[nodiscard]] std::string paperName(Point size);
+/// The name of the printer working group for a paper, such as "iso_a4_210x297mm" or "custom_100x150mm_100x150mm", which
+/// print queues know.
+[[nodiscard]] std::string paperMedia(Point size);
+
+} // namespace inin::viewer
