@@ -106,8 +106,8 @@ void ViewerWindow::print(const PrintOrder &order, const LetterTicks &ticks)
     if (which.empty()) return showMessage(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
     if (order.printer.isEmpty())
         return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
-    recordBeforeOutput();
     m_paper->hide();
+    recordBeforeOutput();
     const auto onSent = [&](std::span<const std::size_t> letters, const std::string &number) {
         m_desk.record(
             {OutputKind::print, utf8Text(order.printer), number, {letters.begin(), letters.end()}, m_services.now()});

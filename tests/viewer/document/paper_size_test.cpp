@@ -60,7 +60,7 @@ TEST_CASE("a script without a paper leaves the paper to the form")
     CHECK(renderer.onPaper(0).a == 1);
 }
 
-TEST_CASE("a form of another size than the script's paper is scaled to the paper, and the user is informed")
+TEST_CASE("a form of another size than the script's paper is scaled to the paper, with a notice")
 {
     const TempFolder folder;
     const LetterSet set = opened(folder, formOf("width='148mm' height='210mm'"), "PrintPaper, A4\r\n");
@@ -73,7 +73,7 @@ TEST_CASE("a form of another size than the script's paper is scaled to the paper
 }
 
 TEST_CASE(
-    "a form with data-paper=\"own\" is printed on paper of its own size whatever paper the script names, and the user is informed")
+    "a form with data-paper=\"own\" is printed on paper of its own size whatever the script's paper is, with a notice")
 {
     const TempFolder folder;
     const LetterSet set =

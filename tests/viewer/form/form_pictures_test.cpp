@@ -100,7 +100,7 @@ TEST_CASE("no damaged byte of a picture crashes the decoder")
     CHECK(refusalOf(pictureBytes("seal.png")).empty());
 }
 
-TEST_CASE("an embedded picture keeps its shape inside its box and is placed as the form defines")
+TEST_CASE("an embedded picture keeps its shape inside its box and is placed as the form describes")
 {
     constexpr double kMm = kPointsPerMillimetre;
     const std::string four = embedded(pictureBytes("four.png"));
@@ -141,7 +141,7 @@ TEST_CASE("pictures of more than sixteen million pixels in one form are refused,
               "1600万画素まで使えます。"});
 }
 
-TEST_CASE("of an animated picture the first image is shown and the user is informed")
+TEST_CASE("of an animated picture the first image is shown, with a notice")
 {
     const FormDocument form = formWith(embedded(pictureBytes("animated.png")));
     REQUIRE(form.commands.size() == 1);
