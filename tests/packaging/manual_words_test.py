@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The captions and messages that docs/manual.md quotes are those of the programs' sources.
+"""The captions, messages, keys and counts of docs/manual.md, and the captions of docs/tour.md, are those of the programs' sources.
 
     manual_words_test.py
 """
@@ -33,6 +33,10 @@ NOT_CAPTIONS = {
     "a button that the toolkit names": ["再試行"],
     "the absence of a message": ["（何も起こらない）"],
 }
+# Keys of the form viewer's menus that the manual leaves out: other keys of a keyboard for "Ctrl++".
+OTHER_KEYS = {"Ctrl+;", "Ctrl+="}
+# Keys that the toolkit gives to standard commands, and access keys.
+STANDARD_KEYS = {"Ctrl+P", "Ctrl+S", "Ctrl+F", "F1", "F5", "Alt+A", "Alt+H"}
 
 
 def sources():
@@ -103,7 +107,7 @@ class ManualWords(unittest.TestCase):
         return [words for words in dict.fromkeys(texts) if words not in exempt and not is_known(words)]
 
     def test_each_quoted_caption_is_one_of_the_programs(self):
-        texts = quoted(self.manual)
+        texts = quoted(self.manual) + quoted((TOP / "docs/tour.md").read_text(encoding="utf-8"))
         self.assertGreater(len(set(texts)), 100)
         self.assertEqual(self.unknown(texts, self.is_in_the_program), [])
 
@@ -116,6 +120,22 @@ class ManualWords(unittest.TestCase):
         for words, parts in MADE_OF.items():
             for part in parts:
                 self.assertIn(caption(part), self.captions, words)
+
+    def test_the_table_of_keys_has_the_keys_of_the_form_viewers_menus(self):
+        menus = (TOP / "viewer/window/viewer_menus.cpp").read_text(encoding="utf-8")
+        keys = {key.replace("Pg", "Page ") for key in re.findall(r'QKeySequence\(u"([^"]+)"_s\)', menus)}
+        table = re.search(r"^\| 委任状を見る画面 \| `Ctrl.*\n(?:\|.*\n)+", self.manual, re.MULTILINE)[0]
+        listed = {key for row in table.splitlines() for key in re.findall("`([^`]+)`", row.split(" | ")[1])}
+        self.assertEqual(listed - STANDARD_KEYS, keys - OTHER_KEYS)
+
+    def test_the_counts_are_those_of_the_programs(self):
+        listed = int(re.search(r"kCauses = (\d+)", (TOP / "viewer/check/cause.h").read_text(encoding="utf-8"))[1])
+        causes = re.search(r"^\| 点検の表示（短い名前） \|.*\n.*\n((?:\|.*\n)+)", self.manual, re.MULTILINE)[1]
+        self.assertEqual(len(causes.splitlines()), listed)
+        self.assertIn(f"注意（{listed}種類）", self.manual)
+        months = (TOP / "viewer/ledger/ledger_place.h").read_text(encoding="utf-8")
+        fewest, most = re.search(r"kFewestMonths = (\d+), kMostMonths = (\d+)", months).groups()
+        self.assertIn(f"{fewest} か月から {most} か月まで", self.manual)
 
     def test_no_exemption_is_unused(self):
         texts = {*quoted(self.manual), *message_cells(self.manual)}
