@@ -16,10 +16,10 @@ namespace inin::viewer {
 
 namespace {
 
-/// The record of another viewer takes milliseconds; a longer lock belongs to a program that hangs.
-constexpr int kPatienceMs = 2000;
+/// The record of another viewer takes milliseconds, or seconds on a busy disk; a longer lock belongs to a program that hangs.
+constexpr std::chrono::milliseconds kPatience(5000);
 /// After such a lock, the operator does not wait that long again at every step.
-constexpr int kShortPatienceMs = 200;
+constexpr std::chrono::milliseconds kShortPatience(200);
 
 std::uint32_t randomNumber()
 {
@@ -54,7 +54,7 @@ try {
     m_fault = LedgerFault::none;
     m_notice.clear();
     auto database = std::make_unique<LedgerDatabase>(m_path);
-    database->setPatience(kPatienceMs);
+    database->setPatience(kPatience);
     const SchemaResult schema = prepareSchema(*database, randomNumber());
     if (schema != SchemaResult::ready) {
         fail(schema == SchemaResult::newer ? LedgerFault::newer : LedgerFault::unavailable);
@@ -107,7 +107,7 @@ void Ledger::fail(LedgerFault fault)
 {
     m_fault = fault;
     m_notice = faultSentence(fault, m_path);
-    if (fault == LedgerFault::locked && m_database != nullptr) m_database->setPatience(kShortPatienceMs);
+    if (fault == LedgerFault::locked && m_database != nullptr) m_database->setPatience(kShortPatience);
 }
 
 /// After damage the ledger is not used any more: the numbers of its runs mean nothing in a new file.
@@ -127,7 +127,7 @@ void Ledger::recover()
         return;
     m_fault = LedgerFault::none;
     m_notice.clear();
-    m_database->setPatience(kPatienceMs);
+    m_database->setPatience(kPatience);
 }
 
 LedgerFault Ledger::fault() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <exception>
@@ -34,7 +35,7 @@ public:
     [[nodiscard]] bool isReadOnly() const;
     void execute(const char *sql);
     /// How long an operation waits for another program.
-    void setPatience(int milliseconds);
+    void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
     [[nodiscard]] std::int64_t lastRowId() const;
     /// The number of rows that the last statement changed.
     [[nodiscard]] int changes() const;
@@ -46,7 +47,11 @@ private:
     struct Close {
         void operator()(sqlite3 *database) const;
     };
+    static int waitForLock(void *database, int tries);
+
     std::unique_ptr<sqlite3, Close> m_database;
+    std::chrono::milliseconds m_patience{};
+    std::chrono::steady_clock::time_point m_waitingSince;
 };
 
 /// A prepared statement.

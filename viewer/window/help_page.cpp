@@ -17,10 +17,10 @@ struct HelpPlace {
     const char *widget, *heading;
 };
 constexpr HelpPlace kPlaces[] = {
-    {"printDialog", "印刷する"},          {"pdfDialog", "PDF に保存する"},  {"ledgerDialog", "台帳の設定"},
-    {"paperBar", "印刷した紙を確かめる"}, {"changesPane", "前回との違い"},  {"comparedLine", "前回との違い"},
-    {"printedLine", "印刷済みの人"},      {"checkTree", "印刷の前の点検"},  {"letterList", "委任状を選ぶ、探す"},
-    {"find", "委任状を選ぶ、探す"},       {"filter", "委任状を選ぶ、探す"},
+    {"printDialog", "印刷する"},          {"pdfDialog", "PDF に保存する"},      {"ledgerDialog", "台帳の設定"},
+    {"returnsWindow", "返送の確認"},      {"paperBar", "印刷した紙を確かめる"}, {"changesPane", "前回との違い"},
+    {"comparedLine", "前回との違い"},     {"printedLine", "印刷済みの人"},      {"checkTree", "印刷の前の点検"},
+    {"letterList", "委任状を選ぶ、探す"}, {"find", "委任状を選ぶ、探す"},       {"filter", "委任状を選ぶ、探す"},
 };
 constexpr const char *kElsewhere = "プレビューと印刷";
 

@@ -254,6 +254,7 @@ void PrintDialog::enablePrint()
     m_note->setText(
         u"使えるプリンターがありません。システムの設定でプリンターを追加するか、PDF に保存してください。"_s);
     m_note->setVisible(!hasPrinter);
+    m_printer->parentWidget()->setEnabled(hasPrinter); // the group
     m_rulers->setEnabled(hasPrinter);
     m_print->setEnabled(hasPrinter && m_ticks.count() > 0);
 }

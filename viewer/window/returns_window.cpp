@@ -2,6 +2,7 @@
 
 #include "viewer/returns/missing_letters.h"
 #include "viewer/returns/returned_text.h"
+#include "viewer/window/help_window.h"
 #include "viewer/window/qt_text.h"
 
 #include <QCheckBox>
@@ -44,6 +45,7 @@ ReturnsWindow::ReturnsWindow(Ledger &ledger, const ViewerServices &services, Vie
     : QDialog(parent), m_ledger(ledger), m_services(services), m_settings(settings), m_reader(ledger, services.now)
 {
     setObjectName(u"returnsWindow"_s);
+    addHelpKey(this);
     setWindowTitle(u"返送の確認"_s);
     setAcceptDrops(true);
     resize(kWidth, kHeight);

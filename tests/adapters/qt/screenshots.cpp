@@ -1,5 +1,6 @@
-// Writes a screenshot of each window of the program on a site: screenshots SITE FOLDER [--dark]. The windows are the
-// real ones over the site's database; the clock is stopped, so that two runs give the same pictures.
+// Writes a screenshot of each window of the program on a site: screenshots SITE FOLDER [--dark] [--captions FILE]. The windows are the
+// real ones over the site's database; the clock is stopped, so that two runs give the same pictures. With --captions,
+// the windows are shown with the captions of this document.
 
 #include "adapters/native/native_platform.h"
 #include "adapters/qt/date_edit.h"
@@ -17,6 +18,7 @@
 #include "shell/wait_form.h"
 #include "support/fake_folders.h"
 #include "support/save_picture.h"
+#include "support/tour_captions.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -36,12 +38,12 @@ namespace {
 
 class Photographer {
 public:
-    Photographer(const std::filesystem::path &site, std::string folder, std::string ending)
+    Photographer(const std::filesystem::path &site, std::string folder, std::string ending, const QString &captions)
         : m_files(makeSystemFiles(site.string())), m_database(makeSqliteDatabase(dataSourceIn(site.string()))),
           m_windows(*m_files, m_services, m_turns),
           m_app(Platform{m_boxes, m_windows, *m_database, *m_profile, *m_files, m_world.processes, m_world.clock,
                          *m_locale, m_world.automation}),
-          m_folder(std::move(folder)), m_ending(std::move(ending))
+          m_folder(std::move(folder)), m_ending(std::move(ending)), m_captions(captions)
     {
         m_world.clock.current = dateOf({2026, 11, 20, 9, 30, 0});
     }
@@ -93,6 +95,7 @@ private:
         m_turns.hold([] { QTest::qWait(20); }); // waits until everything scheduled is painted
         const std::string file = m_folder + "/" + name + m_ending + ".png";
         if (!savePicture(widget.grab(), toQt(file))) std::fprintf(stderr, "cannot write %s\n", file.c_str());
+        m_turns.hold([&] { m_captions.show(toQt(name)); });
     }
     [[nodiscard]] FormWindow &top() const { return *m_windows.topWindow(); }
     void takeTop(const std::string &name) { take(top(), name); }
@@ -166,6 +169,7 @@ private:
     App m_app;
     std::string m_folder;
     std::string m_ending;
+    TourCaptions m_captions;
 };
 
 /// The icon of the programs, for the files of the Windows programs.
@@ -187,7 +191,7 @@ int main(int argc, char **argv)
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: screenshots SITE FOLDER [--dark]\n", stderr);
+        std::fputs("usage: screenshots SITE FOLDER [--dark] [--captions FILE]\n", stderr);
         return 2;
     }
     const bool dark = arguments.contains("--dark");
@@ -197,8 +201,10 @@ int main(int argc, char **argv)
     const std::string scale = fromQt(qEnvironmentVariable("QT_SCALE_FACTOR", "1"));
     const std::string ending = (scale == "1" ? "" : "@" + scale + "x") + (dark ? std::string("-dark") : "");
     if (ending.empty()) saveIcons(arguments[2]); // before the program changes the current folder
+    const qsizetype captions = arguments.indexOf(QStringLiteral("--captions"));
     Photographer(std::filesystem::canonical(fromQt(arguments[1])),
-                 std::filesystem::absolute(fromQt(arguments[2])).string(), ending)
+                 std::filesystem::absolute(fromQt(arguments[2])).string(), ending,
+                 captions < 0 ? QString() : arguments.value(captions + 1))
         .run();
     return 0;
 }

@@ -190,6 +190,10 @@ TEST_CASE("without a letter or a printer the dialog cannot print and shows a rem
     none.show();
     CHECK(!none.findChild<QPushButton *>(QStringLiteral("printNow"))->isEnabled());
     CHECK(none.findChild<QLabel *>(QStringLiteral("printNote"))->isVisible());
+    for (const char *list : {"printer", "tray"}) {
+        CHECK(world.find<QComboBox>(list)->isEnabled());
+        CHECK(!none.findChild<QComboBox *>(QLatin1String(list))->isEnabled());
+    }
     CHECK(none.order().printer.isEmpty());
 }
 

@@ -1,14 +1,19 @@
-// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened] [--ledger FILE].
+// Writes a picture of each window of the form viewer: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened] [--ledger FILE]
+// [--captions FILE].
 // The letters are those of the script; the printer is invented. The ledger is a new one, or one to which each call adds its
-// print. With --as-opened, the window has the size that fits the screen.
+// print. With --as-opened, the window has the size that fits the screen. With --captions, the windows are shown with the
+// captions of this document.
 
 #include "desktop_theme/theme.h"
 #include "support/save_picture.h"
+#include "support/tour_captions.h"
 #include "viewer/window/viewer_style.h"
 #include "viewer/window/viewer_window.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest/QTest>
@@ -38,14 +43,16 @@ enum class WindowSize { forAll, asOpened };
 
 class ViewerPhotographer {
 public:
-    ViewerPhotographer(const std::string &script, QString folder, QString ending, const QString &ledger)
+    ViewerPhotographer(const std::string &script, QString folder, QString ending, const QString &ledger,
+                       const QString &captions)
         : m_window(script, std::make_unique<OpenLetters>(script), inventedServices(ledger)),
-          m_folder(std::move(folder)), m_ending(std::move(ending))
+          m_folder(std::move(folder)), m_ending(std::move(ending)), m_captions(captions)
     {
     }
     void run(WindowSize size)
     {
         constexpr QSize kRoomForAll(1180, 860);
+        constexpr int kLastGood = 120;
         if (size == WindowSize::forAll) m_window.resize(kRoomForAll);
         m_window.show();
         QTest::qWait(100);
@@ -59,6 +66,10 @@ public:
         order.printer = u"事務所のプリンター"_s;
         m_window.print(order);
         take(m_window, u"viewer-ledger"_s);
+        m_window.findChild<QAbstractButton *>(u"paperPartly"_s)->click();
+        m_window.findChild<QSpinBox *>(u"paperNumber"_s)->setValue(kLastGood);
+        m_window.findChild<QAbstractButton *>(u"paperSet"_s)->click();
+        take(m_window, u"viewer-rest"_s);
     }
 
 private:
@@ -67,6 +78,7 @@ private:
         QTest::qWait(50); // lets pending paint events run
         const QString file = m_folder + u"/"_s + name + m_ending + u".png"_s;
         if (!inin::savePicture(widget.grab(), file)) std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
+        m_captions.show(name);
     }
     /// A dialog runs its own event loop until it is closed.
     template <class Ask> void inDialog(const Ask &ask, const QString &name)
@@ -82,6 +94,7 @@ private:
 
     ViewerWindow m_window;
     QString m_folder, m_ending;
+    inin::TourCaptions m_captions;
 };
 
 } // namespace
@@ -92,7 +105,8 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 3) {
-        std::fputs("usage: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened] [--ledger FILE]\n", stderr);
+        std::fputs("usage: viewer_screenshots SCRIPT FOLDER [--dark] [--as-opened] [--ledger FILE] [--captions FILE]\n",
+                   stderr);
         return 2;
     }
     const bool dark = arguments.contains(u"--dark"_s);
@@ -102,8 +116,10 @@ int main(int argc, char **argv)
     const QString ending = (scale == u"1"_s ? QString() : u"@%1x"_s.arg(scale)) + (dark ? u"-dark"_s : QString());
     const QTemporaryDir empty;
     const qsizetype ledger = arguments.indexOf(u"--ledger"_s);
+    const qsizetype captions = arguments.indexOf(u"--captions"_s);
     ViewerPhotographer(arguments[1].toStdString(), arguments[2], ending,
-                       ledger < 0 ? empty.filePath(u"台帳.db"_s) : arguments.value(ledger + 1))
+                       ledger < 0 ? empty.filePath(u"台帳.db"_s) : arguments.value(ledger + 1),
+                       captions < 0 ? QString() : arguments.value(captions + 1))
         .run(arguments.contains(u"--as-opened"_s) ? WindowSize::asOpened : WindowSize::forAll);
     return 0;
 }
