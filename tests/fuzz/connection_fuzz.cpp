@@ -7,7 +7,6 @@
 #include <string>
 
 using namespace inin;
-using namespace inin::odbc;
 using inin::fuzz::require;
 
 namespace {

@@ -5,6 +5,7 @@
 #include "fuzz/fuzz_input.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/document/mark_text.h"
+#include "viewer/form/picture.h"
 #include "viewer/form/svg_reader.h"
 #include "viewer/letters/csv_reader.h"
 #include "viewer/pdf/letters_pdf.h"

@@ -272,7 +272,6 @@ TEST_CASE("vertical and horizontal texts, narrowed, bold and spaced, are extract
 
 TEST_CASE("up to two digits of vertical text share one cell, side by side on one baseline, longer numbers do not")
 {
-    constexpr double kMm = kPointsPerMillimetre;
     VerticalField field("", "5月12日100", "text-combine-upright:digits 2");
     const std::vector<Painted> runs = field.runs();
     std::vector<std::string> texts;
