@@ -6,6 +6,7 @@
 #include "system/whole_file.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/document/mark_text.h"
@@ -54,7 +55,9 @@ void writeLetters(const ViewCommand &command)
     printFaults(set, letters);
     renderer.onMarks = [&](std::size_t letter, const auto &marks) { printMarks(renderer, letter, marks); };
     if (!command.pdf.empty()) {
-        writeLettersPdf(command.pdf, renderer, letters);
+        ArrangedLetters arranged = arrangeLetters(set, letters, command.arrangement);
+        renderer.setCovers(std::move(arranged.covers));
+        writeLettersPdf(command.pdf, renderer, arranged.sheets());
         renderer.onMarks = nullptr; // do not print the marks again for the pictures
     }
     if (!command.pngFolder.empty()) writePngs(command, renderer, letters);

@@ -13,6 +13,7 @@ class QRadioButton;
 
 namespace inin::viewer {
 
+class ArrangementBox;
 struct OpenLetters;
 
 /// How the letters are saved as PDF.
@@ -20,6 +21,8 @@ struct PdfOrder {
     bool onlyTicked = true;
     bool fileEach = false;
     QString pattern; ///< of the file names, when each letter has its own file
+    bool fileBundle = false;
+    LetterArrangement arrangement = {};
 };
 
 /// Lets the user choose which letters are saved as PDF and how the files are named.
@@ -38,7 +41,8 @@ private:
 
     const OpenLetters &m_letters;
     ViewerSettings &m_settings;
-    QRadioButton *m_all, *m_ticked, *m_one, *m_each;
+    ArrangementBox *m_arrangement;
+    QRadioButton *m_all, *m_ticked, *m_one, *m_bundles, *m_each;
     QLineEdit *m_pattern;
     QComboBox *m_columns;
     QLabel *m_example;
