@@ -31,6 +31,7 @@ NOT_CAPTIONS = {
     "examples of characters and names": ["高", "髙", "崎", "﨑", "高橋", "髙橋", "〓", "?"],
     "screens of the suite, and the manual's name for the first screen": ["利用者マスター", "本社情報", "代理人情報", "条件の画面"],
     "a button that the toolkit names": ["再試行"],
+    "the title of a saved PDF, and a text of its letters": ["委任状（標準）　令和8年11月", "委任する期間"],
     "the absence of a message": ["（何も起こらない）"],
 }
 # Keys of the form viewer's menus that the manual leaves out: other keys of a keyboard for "Ctrl++".

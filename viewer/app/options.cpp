@@ -105,6 +105,11 @@ void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, 
              "Command script (WfdCom.dat); \"/c PATH\" is another form."));
     add("--pdf", command.pdf, text("ファイル", "FILE"),
         text("委任状を PDF ファイルに書き出します。", "Writes the letters to a PDF file."));
+    app.add_flag("--archive", command.archive,
+                 text("PDF を長期保存用（PDF/A-2u）にします。", "Makes the PDF one for archives (PDF/A-2u)."));
+    app.add_flag("--untagged", command.untagged,
+                 text("PDF に読み上げ用のタグとしおりを付けません。",
+                      "Writes the PDF without tags for screen readers and without an outline."));
     add("--png", command.pngFolder, text("フォルダー", "FOLDER"),
         text("委任状を一通ずつ PNG ファイルとしてこのフォルダーに書き出します。",
              "Writes each letter as a PNG file into this folder."));
@@ -187,6 +192,8 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     if (command.pdf.empty() && command.arrangement != LetterArrangement{})
         return BadCommandLine{"formviewer: --order と --bundles は、--pdf と一緒に指定してください。"};
     if (ledger.question) return LedgerCommand{*ledger.question, command.script, ledger.months, command.json};
+    if (command.archive && command.untagged)
+        return BadCommandLine{"formviewer: --archive と --untagged は一緒に指定できません。"};
     return command;
 }
 

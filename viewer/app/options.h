@@ -14,8 +14,10 @@ namespace inin::viewer {
 
 /// Show, print or write the letters of a script.
 struct ViewCommand {
-    std::string script; ///< as the suite writes paths
-    std::string pdf;    ///< empty for none
+    std::string script;    ///< as the suite writes paths
+    std::string pdf;       ///< empty for none
+    bool archive = false;  ///< the PDF is PDF/A
+    bool untagged = false; ///< the PDF has no tags and no outline
     std::string pngFolder;
     double dotsPerInch = 150;
     std::string letters;           ///< "1-3,7"; empty for all

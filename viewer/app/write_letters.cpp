@@ -55,9 +55,12 @@ void writeLetters(const ViewCommand &command)
     printFaults(set, letters);
     renderer.onMarks = [&](std::size_t letter, const auto &marks) { printMarks(renderer, letter, marks); };
     if (!command.pdf.empty()) {
+        const PdfPurpose purpose = command.archive    ? PdfPurpose::archive
+                                   : command.untagged ? PdfPurpose::printing
+                                                      : PdfPurpose::reading;
         ArrangedLetters arranged = arrangeLetters(set, letters, command.arrangement);
         renderer.setCovers(std::move(arranged.covers));
-        writeLettersPdf(command.pdf, renderer, arranged.sheets());
+        writeLettersPdf(command.pdf, renderer, arranged.sheets(), {}, {purpose});
         renderer.onMarks = nullptr; // do not print the marks again for the pictures
     }
     if (!command.pngFolder.empty()) writePngs(command, renderer, letters);

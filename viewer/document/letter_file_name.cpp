@@ -49,24 +49,39 @@ public:
         m_last = date;
         const std::optional<std::string> order = formattedDate(date, "yyyymm");
         if (!order) return;
-        const Month month{*order, formattedDate(date, "ge.mm").value_or(*order)};
-        if (!m_from || month.order < m_from->order) m_from = month;
-        if (!m_to || month.order > m_to->order) m_to = month;
+        if (!m_from || *order < m_from->order) m_from = Month{*order, m_last};
+        if (!m_to || *order > m_to->order) m_to = Month{*order, m_last};
     }
-    /// "_R8.11", "_R8.11-R9.01", or empty without a date.
-    [[nodiscard]] std::string text() const
+    /// "R8.11", "R8.11-R9.01" for a pattern and what is between two months, or empty without a date.
+    [[nodiscard]] std::string text(std::string_view pattern, std::string_view between) const
     {
         if (!m_from) return {};
-        return "_" + m_from->text + (m_from->order == m_to->order ? "" : "-" + m_to->text);
+        const auto written = [&](const Month &month) {
+            return formattedDate(month.date, pattern).value_or(month.order);
+        };
+        if (m_from->order == m_to->order) return written(*m_from);
+        return fmt::format("{}{}{}", written(*m_from), between, written(*m_to));
     }
 
 private:
     struct Month {
-        std::string order, text;
+        std::string order, date;
     };
     std::optional<Month> m_from, m_to;
     std::string m_last;
 };
+
+MonthSpan monthsOf(const LetterSet &set, std::span<const std::size_t> which)
+{
+    MonthSpan months;
+    for (const char *const name : {"対象開始日", "対象終了日"})
+        for (const std::size_t letter : which) {
+            const LetterSet::Place place = set.placeOf(letter);
+            const LetterTable &table = set.reports[place.report].letters;
+            if (const auto column = table.columnOf(name)) months.add(table.value(place.row, *column));
+        }
+    return months;
+}
 
 } // namespace
 
@@ -140,14 +155,14 @@ std::string BundleFileNames::nameOf(const LetterBundle &bundle)
 
 std::string fileNameOfAll(const LetterSet &set, std::span<const std::size_t> which, std::string_view ending)
 {
-    MonthSpan months;
-    for (const char *const name : {"対象開始日", "対象終了日"})
-        for (const std::size_t letter : which) {
-            const LetterSet::Place place = set.placeOf(letter);
-            const LetterTable &table = set.reports[place.report].letters;
-            if (const auto column = table.columnOf(name)) months.add(table.value(place.row, *column));
-        }
-    return fileNameOf(set.shownTitle() + months.text()) + std::string(ending);
+    const std::string months = monthsOf(set, which).text("ge.mm", "-");
+    return fileNameOf(set.shownTitle() + (months.empty() ? "" : "_" + months)) + std::string(ending);
+}
+
+std::string documentTitle(const LetterSet &set, std::span<const std::size_t> which)
+{
+    const std::string months = monthsOf(set, which).text("ggge年m月", "～");
+    return set.kindTitle() + (months.empty() ? "" : "　" + months);
 }
 
 } // namespace inin::viewer

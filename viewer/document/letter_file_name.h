@@ -66,4 +66,7 @@ private:
 [[nodiscard]] std::string fileNameOfAll(const LetterSet &set, std::span<const std::size_t> which,
                                         std::string_view ending);
 
+/// The title of a document of these letters: their kind and the months of their periods, "委任状（標準）　令和8年11月".
+[[nodiscard]] std::string documentTitle(const LetterSet &set, std::span<const std::size_t> which);
+
 } // namespace inin::viewer

@@ -225,7 +225,7 @@ std::string LetterSet::shownTitle() const
     return title.empty() ? "委任状" : title;
 }
 
-std::string LetterSet::runTitle() const
+std::string LetterSet::kindTitle() const
 {
     const LetterReport &first = reports.front();
     const std::string name = first.formFileName();
@@ -233,7 +233,12 @@ std::string LetterSet::runTitle() const
     // The form's title usually begins with the script's.
     if (!kind.starts_with(shownTitle())) kind = shownTitle() + " " + kind;
     if (reports.size() > 1) kind += "ほか";
-    return fmt::format("{}　{}通", kind, size());
+    return kind;
+}
+
+std::string LetterSet::runTitle() const
+{
+    return fmt::format("{}　{}通", kindTitle(), size());
 }
 
 LetterSet::Place LetterSet::placeOf(std::size_t letter) const

@@ -51,8 +51,9 @@ struct LetterSet {
     [[nodiscard]] Point paperOf(const FormDocument &form, std::size_t page) const;
     /// The title, or a default when the script gives none.
     [[nodiscard]] std::string shownTitle() const;
-    /// The kind and number of the letters, "委任状（標準）　300通", which distinguishes runs. The kind is the first form's
-    /// title, or the name of its file.
+    /// The kind of the letters, "委任状（標準）": the first form's title, or the name of its file.
+    [[nodiscard]] std::string kindTitle() const;
+    /// The kind and number of the letters, "委任状（標準）　300通", which distinguishes runs.
     [[nodiscard]] std::string runTitle() const;
     /// Letters are counted from 0 across all reports.
     [[nodiscard]] Place placeOf(std::size_t letter) const;

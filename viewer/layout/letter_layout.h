@@ -2,6 +2,7 @@
 
 #include "viewer/layout/fonts.h"
 #include "viewer/layout/page_painter.h"
+#include "viewer/layout/reading_order.h"
 
 #include <cstddef>
 #include <functional>
@@ -49,8 +50,16 @@ public:
 
     /// Paints the parts of a page that all letters share.
     void paintShared(PagePainter &painter, std::size_t page = 0) const;
+    /// The lines in which the texts of a page are read, as indices into FormDocument::commands.
+    [[nodiscard]] const std::vector<ReadingLine> &readingLines(std::size_t page = 0) const;
+    /// True for a text that all letters share.
+    [[nodiscard]] bool isSharedText(std::size_t command) const;
+    void paintSharedText(std::size_t command, PagePainter &painter) const;
+    /// Paints what all letters share except for the texts in readingLines().
+    void paintBackground(PagePainter &painter, std::size_t page = 0) const;
     /// Lays out a page of a letter, paints its fields and conditional parts and returns the marks of fields with problems. A
     /// field with the same values as in the previous letter is not laid out again.
+    /// Texts are painted in the order of readingLines(), after everything else.
     const std::vector<FieldMark> &paintLetter(const LetterValues &values, PagePainter &painter, std::size_t page = 0);
 
 private:

@@ -3,6 +3,7 @@
 #include "viewer/form/form_document.h"
 #include "viewer/layout/font.h"
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -39,6 +40,8 @@ public:
     virtual void paint(const PathCommand &path) = 0;
     virtual void paint(const GlyphRun &run) = 0;
     virtual void paint(const PictureCommand &picture) = 0;
+    /// Called before the runs of each text of a letter that is not blank, with its index in FormDocument::commands.
+    virtual void beginText(std::size_t) {}
 };
 
 } // namespace inin::viewer

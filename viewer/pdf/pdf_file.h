@@ -2,6 +2,7 @@
 
 #include "system/whole_file.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -10,10 +11,35 @@
 
 namespace inin::viewer {
 
-/// Fast for the many page streams; best for streams that occur once in a file.
-enum class Compression { fast, best };
+/// Fast for the page streams of a file for printing, small for those of a file to be kept; best for streams that occur once
+/// in a file.
+enum class Compression { fast, small, best };
 
-/// Writes the objects of a PDF file immediately and keeps only their offsets.
+class PdfFile;
+
+/// Objects that are compressed together, in streams of objects. Objects that differ only in a few digits, such as those
+/// that each letter has, take few bytes as rows of a fixed width: each row is written as its difference from the previous
+/// one.
+class PackedObjects {
+public:
+    static constexpr std::size_t kNoRows = 0;
+    /// Longer objects than the width of a row take several rows. `file` must outlive this.
+    explicit PackedObjects(PdfFile &file, std::size_t rowWidth = kNoRows) : m_file(file), m_width(rowWidth) {}
+
+    void add(int number, std::string_view body);
+    /// Writes the objects that are not yet in the file.
+    void flush();
+
+private:
+    void fillRow(std::string &text) const;
+
+    PdfFile &m_file;
+    std::size_t m_width;
+    std::string m_places, m_bodies;
+    int m_count = 0, m_stream = 0;
+};
+
+/// Writes the objects of a PDF file immediately and keeps only their places.
 class PdfFile {
 public:
     explicit PdfFile(AtomicFile &out);
@@ -24,24 +50,38 @@ public:
     /// Returns the number of an object that will be written later.
     [[nodiscard]] int reserve();
     void writeObject(int number, std::string_view body);
+    /// Adds an object to the file's own packed objects.
+    void packObject(int number, std::string_view body) { m_packed.add(number, body); }
+    /// Notes that an object is in a stream of objects.
+    void placeInStream(int number, int stream, int index);
     /// `entries` are added to the stream's dictionary, which has its length and filter.
     void writeStream(int number, std::string_view entries, std::string_view content, Compression compression);
-    /// The same for data that is already encoded; `entries` name its filter.
+    /// The same for data that is already encoded; `entries` name its filter. Without a filter, readers without a
+    /// decompressor can find the data.
     void writeEncodedStream(int number, std::string_view entries, std::string_view data);
-    /// Writes the cross-reference table and the trailer. The owner of `out` commits it.
+    /// Writes the cross-reference stream. The owner of `out` commits it.
     void close(int catalog, int info);
 
 private:
     class Deflater;
+    /// The position of an object in the file, or its index in a stream of objects.
+    struct Place {
+        std::uint64_t at = 0;
+        int stream = 0; ///< the number of the stream of objects; 0 for none
+    };
 
     void begin(int number);
     void write(std::string_view bytes);
+    [[nodiscard]] std::string placesTable() const;
+    [[nodiscard]] std::string fileId() const;
 
     AtomicFile &m_out;
-    std::vector<std::uint64_t> m_offsets;
+    std::vector<Place> m_places;
     std::uint64_t m_written = 0;
-    std::unique_ptr<Deflater> m_fast, m_best;
+    std::uint32_t m_checksum = 0, m_otherChecksum = 1; ///< of the bytes written
+    std::unique_ptr<Deflater> m_fast, m_small, m_best;
     std::string m_head;
+    PackedObjects m_packed{*this};
 };
 
 } // namespace inin::viewer

@@ -23,11 +23,25 @@ float asWritten(float width)
     return std::round(width * 100) / 100;
 }
 
+/// The glyph of an empty square, or of another sign for an unknown character; 0 if the font has none.
+std::uint32_t squareOf(const Font &font)
+{
+    for (const char32_t sign : {U'□', U'〓', U'?'}) {
+        if (!font.has(sign)) continue;
+        std::vector<ShapedGlyph> glyphs;
+        std::vector<char32_t> missing;
+        font.shape(std::u32string_view(&sign, 1), glyphs, missing);
+        return glyphs.front().glyph;
+    }
+    return 0;
+}
+
 } // namespace
 
-PdfFont::PdfFont(const Font &font, Direction direction, int number, PdfFile &file)
+PdfFont::PdfFont(const Font &font, Direction direction, int number, PdfFile &file, MissingGlyphs missing)
     : m_font(font), m_direction(direction), m_number(number), m_object(file.reserve()), m_cache(kCached), m_used(1)
 {
+    if (missing == MissingGlyphs::replaced) m_missingGlyph = squareOf(font);
 }
 
 std::uint16_t PdfFont::findOrAddCode(const ShapedGlyph &glyph)
@@ -37,10 +51,11 @@ std::uint16_t PdfFont::findOrAddCode(const ShapedGlyph &glyph)
     if (m_used.size() > std::numeric_limits<std::uint16_t>::max())
         throw RuntimeError(error_number::overflow, "一つの PDF に使える文字の種類を超えました。");
     const auto code = static_cast<std::uint16_t>(m_used.size());
+    const std::uint32_t shown = glyph.glyph == 0 ? m_missingGlyph : glyph.glyph;
     if (m_direction == Direction::horizontal)
-        m_used.push_back({glyph.glyph, glyph.text, asWritten(m_font.advanceOf(glyph.glyph))});
+        m_used.push_back({shown, glyph.text, asWritten(m_font.advanceOf(shown))});
     else
-        m_used.push_back({glyph.glyph, glyph.text, asWritten(glyph.advance), glyph.offsetX, glyph.offsetY});
+        m_used.push_back({shown, glyph.text, asWritten(glyph.advance), glyph.offsetX, glyph.offsetY});
     if (glyph.text < kCached && m_cache[glyph.text].code == 0)
         m_cache[glyph.text] = {glyph.glyph, code};
     else

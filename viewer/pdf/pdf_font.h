@@ -9,13 +9,17 @@
 
 namespace inin::viewer {
 
+/// How characters that no font has are shown: as on the screen, by the font's missing glyph, which the standards for tagged
+/// and archived PDF forbid; or by an empty square of the font, if it has one.
+enum class MissingGlyphs { asOnScreen, replaced };
+
 /// A font of a PDF with only the glyphs that are used. A code identifies a glyph and its characters, so that two characters
 /// with the same glyph (支 U+652F and the radical U+2F40) are extracted correctly. Vertical lines use a separate font with
 /// vertical metrics.
 class PdfFont {
 public:
     enum class Direction { horizontal, vertical };
-    PdfFont(const Font &font, Direction direction, int number, PdfFile &file);
+    PdfFont(const Font &font, Direction direction, int number, PdfFile &file, MissingGlyphs missing);
 
     [[nodiscard]] const Font &font() const { return m_font; }
     [[nodiscard]] Direction direction() const { return m_direction; }
@@ -57,6 +61,7 @@ private:
     const Font &m_font;
     Direction m_direction;
     int m_number, m_object;
+    std::uint32_t m_missingGlyph = 0;
     std::vector<CachedCode> m_cache; ///< by code point: the first code of each
     std::vector<UsedGlyph> m_used;   ///< by code; code 0 is never used
     std::unordered_map<std::uint64_t, std::uint16_t> m_otherCodes;

@@ -40,7 +40,8 @@ PdfFont &PdfFonts::of(const Font &font, PdfFont::Direction direction)
     const auto found = std::ranges::find_if(
         m_fonts, [&](const auto &known) { return &known->font() == &font && known->direction() == direction; });
     if (found != m_fonts.end()) return **found;
-    return *m_fonts.emplace_back(std::make_unique<PdfFont>(font, direction, static_cast<int>(m_fonts.size()), m_file));
+    const int number = static_cast<int>(m_fonts.size());
+    return *m_fonts.emplace_back(std::make_unique<PdfFont>(font, direction, number, m_file, m_missing));
 }
 
 void PdfPainter::begin(double pageHeight)
@@ -58,17 +59,17 @@ void PdfPainter::begin(double pageHeight)
 
 const std::string &PdfPainter::finish()
 {
-    endText();
+    closeText();
     return m_out;
 }
 
 void PdfPainter::add(std::string_view operators)
 {
-    endText();
+    closeText();
     m_out += operators;
 }
 
-void PdfPainter::beginText()
+void PdfPainter::openText()
 {
     if (m_isInText) return;
     m_out += "BT\n";
@@ -77,7 +78,7 @@ void PdfPainter::beginText()
     m_isTransformed = false;
 }
 
-void PdfPainter::endText()
+void PdfPainter::closeText()
 {
     if (m_isInText) m_out += "ET\n";
     m_isInText = false;
@@ -199,7 +200,7 @@ void PdfPainter::paint(const GlyphRun &run)
         paint(scaled);
         return;
     }
-    beginText();
+    openText();
     setFillColor(run.color);
     setFont(run);
     setBold(run);
@@ -256,7 +257,7 @@ void PdfPainter::appendPath(const Path &path)
 
 void PdfPainter::paint(const PictureCommand &command)
 {
-    endText();
+    closeText();
     // In a PDF the unit square of a picture has its origin at the lower left corner.
     const Affine &at = command.at;
     m_out += "q ";
@@ -284,7 +285,7 @@ void PdfPainter::appendStroke(const Stroke &stroke)
 
 void PdfPainter::paint(const PathCommand &command)
 {
-    endText();
+    closeText();
     if (command.fill) setFillColor(*command.fill);
     if (command.stroke) appendStroke(*command.stroke);
     appendPath(command.path);

@@ -14,12 +14,13 @@ namespace inin::viewer {
 /// The fonts of one PDF file, in the order of their first use.
 class PdfFonts {
 public:
-    explicit PdfFonts(PdfFile &file) : m_file(file) {}
+    PdfFonts(PdfFile &file, MissingGlyphs missing) : m_file(file), m_missing(missing) {}
     [[nodiscard]] PdfFont &of(const Font &font, PdfFont::Direction direction);
     [[nodiscard]] const std::vector<std::unique_ptr<PdfFont>> &all() const { return m_fonts; }
 
 private:
     PdfFile &m_file;
+    MissingGlyphs m_missing;
     std::vector<std::unique_ptr<PdfFont>> m_fonts;
 };
 
@@ -42,8 +43,8 @@ public:
     [[nodiscard]] const std::string &finish();
 
 private:
-    void beginText();
-    void endText();
+    void openText();
+    void closeText();
     void setFillColor(const Color &color);
     void setBold(const GlyphRun &run);
     void setFont(const GlyphRun &run);

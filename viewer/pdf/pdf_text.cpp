@@ -61,6 +61,15 @@ void appendHundredths(std::string &out, std::int64_t hundredths)
     appendScaled(out, hundredths, 2);
 }
 
+void appendPageBox(std::string &out, double width, double height)
+{
+    out += "[0 0 ";
+    appendNumber(out, width);
+    out += ' ';
+    appendNumber(out, height);
+    out += ']';
+}
+
 void appendUtf16Hex(std::string &out, std::u32string_view characters)
 {
     std::u16string units;
@@ -75,6 +84,11 @@ void appendTextString(std::string &out, std::string_view utf8)
     out += "<FEFF";
     appendUtf16Hex(out, characters);
     out += '>';
+}
+
+void appendBigEndian(std::string &out, std::uint64_t number, int bytes)
+{
+    for (int i = bytes - 1; i >= 0; --i) out += static_cast<char>(number >> (8 * i) & 0xFF);
 }
 
 } // namespace inin::viewer

@@ -13,9 +13,14 @@ void appendNumber(std::string &out, double number, int decimals = 2);
 [[nodiscard]] std::int64_t hundredthsOf(double number);
 /// Appends a number given in hundredths.
 void appendHundredths(std::string &out, std::int64_t hundredths);
+/// Appends the box of a page, "[0 0 595.28 841.89]".
+void appendPageBox(std::string &out, double width, double height);
 /// Appends a text as a PDF text string: UTF-16 in hexadecimal digits.
 void appendTextString(std::string &out, std::string_view utf8);
 /// The hexadecimal UTF-16 digits of characters.
 void appendUtf16Hex(std::string &out, std::u32string_view characters);
+
+/// Appends the last bytes of a number, the most significant one first.
+void appendBigEndian(std::string &out, std::uint64_t number, int bytes);
 
 } // namespace inin::viewer

@@ -7,6 +7,7 @@
 #include "viewer/window/open_letters.h"
 #include "viewer/window/qt_text.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -81,6 +82,10 @@ QWidget *PdfDialog::fileGroup()
     m_example = new QLabel(group);
     m_example->setObjectName(u"pdfExample"_s);
     m_example->setWordWrap(true);
+    m_archive = new QCheckBox(u"アーカイブ用 (PDF/A)(&R)"_s, group);
+    m_archive->setObjectName(u"pdfArchive"_s);
+    m_archive->setToolTip(u"何年も保管するファイルに向いた形で保存します。"_s);
+    m_archive->setChecked(m_settings.savesForArchive());
     auto *const label = new QLabel(u"ファイル名(&N)"_s, group);
     label->setBuddy(m_pattern);
     auto *const layout = new QGridLayout(group);
@@ -91,6 +96,7 @@ QWidget *PdfDialog::fileGroup()
     layout->addWidget(m_pattern, 3, 1);
     layout->addWidget(m_columns, 3, 2);
     layout->addWidget(m_example, 4, 1, 1, 2);
+    layout->addWidget(m_archive, 5, 0, 1, 3);
     QObject::connect(m_each, &QRadioButton::toggled, this, [this] { showExample(); });
     QObject::connect(m_pattern, &QLineEdit::textChanged, this, [this] { showExample(); });
     QObject::connect(m_columns, &QComboBox::activated, this, [this](int index) {
@@ -120,14 +126,16 @@ void PdfDialog::showExample()
 
 PdfOrder PdfDialog::order() const
 {
-    return {m_ticked->isChecked(), m_each->isChecked(), m_pattern->text(), m_bundles->isChecked(),
-            m_arrangement->arrangement()};
+    return {m_ticked->isChecked(),  m_each->isChecked(),
+            m_pattern->text(),      m_archive->isChecked() ? PdfPurpose::archive : PdfPurpose::reading,
+            m_bundles->isChecked(), m_arrangement->arrangement()};
 }
 
 void PdfDialog::accept()
 {
     if (m_each->isChecked()) m_settings.setFileNamePattern(m_pattern->text());
     m_settings.setArrangement(m_arrangement->arrangement());
+    m_settings.setSavesForArchive(m_archive->isChecked());
     // Unwritable settings must not prevent saving.
     (void)m_settings.save();
     QDialog::accept();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/pdf/letters_pdf.h"
 #include "viewer/window/viewer_settings.h"
 
 #include <QDialog>
@@ -21,7 +22,8 @@ struct PdfOrder {
     bool onlyTicked = true;
     bool fileEach = false;
     QString pattern; ///< of the file names, when each letter has its own file
-    bool fileBundle = false;
+    PdfPurpose purpose = PdfPurpose::reading;
+    bool fileBundle = false; ///< each bundle has its own file
     LetterArrangement arrangement = {};
 };
 
@@ -45,6 +47,7 @@ private:
     QRadioButton *m_all, *m_ticked, *m_one, *m_bundles, *m_each;
     QLineEdit *m_pattern;
     QComboBox *m_columns;
+    QCheckBox *m_archive;
     QLabel *m_example;
     QPushButton *m_save;
 };

@@ -23,12 +23,13 @@ std::vector<PdfPart> bundleParts(const LetterSet &set, std::span<const LetterBun
     return parts;
 }
 
-std::size_t writePdfParts(std::span<const PdfPart> parts, LetterRenderer &renderer, const Progress &progress)
+std::size_t writePdfParts(std::span<const PdfPart> parts, LetterRenderer &renderer, const Progress &progress,
+                          PdfPurpose purpose)
 {
     std::size_t letters = 0;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         if (progress && !progress(letters)) return i;
-        writeLettersPdf(parts[i].path, renderer, parts[i].sheets);
+        writeLettersPdf(parts[i].path, renderer, parts[i].sheets, {}, {purpose});
         letters += letterCount(renderer.set(), parts[i].sheets);
     }
     return parts.size();

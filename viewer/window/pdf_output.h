@@ -25,6 +25,7 @@ struct PdfPart {
                                                LetterSort sort, const std::string &folder);
 /// Writes the files and returns the number of complete ones. `progress` receives the number of letters written. Throws a
 /// RuntimeError with a sentence when a file cannot be written; the files before it are kept.
-std::size_t writePdfParts(std::span<const PdfPart> parts, LetterRenderer &renderer, const Progress &progress);
+std::size_t writePdfParts(std::span<const PdfPart> parts, LetterRenderer &renderer, const Progress &progress,
+                          PdfPurpose purpose);
 
 } // namespace inin::viewer

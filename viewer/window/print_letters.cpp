@@ -80,7 +80,7 @@ try {
     const QString path = folder.filePath(u"letters.pdf"_s);
     const PrinterOffset &offset = job.order.offset;
     if (!writeLettersPdf(utf8Text(path), job.renderer, job.which, report,
-                         {offset.right * kTenth, offset.down * kTenth}))
+                         {PdfPurpose::printing, {offset.right * kTenth, offset.down * kTenth}, {}}))
         return {JobResult::End::cancelled, 0, {}};
     const LetterSet &set = job.renderer.set();
     const SpoolJob order{path, jobName(set, job.which), paperOf(job), job.order};

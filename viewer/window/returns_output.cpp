@@ -88,7 +88,7 @@ void ReturnsWindow::savePdf()
         LetterRenderer renderer(set, fonts);
         std::vector<std::size_t> all(set.size());
         std::iota(all.begin(), all.end(), std::size_t{0});
-        writeLettersPdf(path, renderer, all);
+        writeLettersPdf(path, renderer, all, {}, {PdfPurpose::reading, {}, utf8Text(heading())});
     });
 }
 

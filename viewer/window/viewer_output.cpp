@@ -182,13 +182,13 @@ void ViewerWindow::savePdf(const PdfOrder &order)
     try {
         if (order.fileEach) {
             which = sortedLetters(m_letters->names, which, order.arrangement.sort);
-            return writePdfParts(which.size(), [&](const std::string &folder) {
+            return writePdfParts(order, which.size(), [&](const std::string &folder) {
                 return letterParts(m_letters->set, which, folder, utf8Text(order.pattern));
             });
         }
         const ArrangedLetters arranged = m_letters->arrange(which, order.arrangement);
-        if (!order.fileBundle) return writePdf(arranged.sheets());
-        writePdfParts(which.size(), [&](const std::string &folder) {
+        if (!order.fileBundle) return writePdf(order, arranged.sheets());
+        writePdfParts(order, which.size(), [&](const std::string &folder) {
             return bundleParts(m_letters->set, arranged.bundles, order.arrangement.sort, folder);
         });
     } catch (const RuntimeError &error) {
@@ -204,7 +204,7 @@ void ViewerWindow::keepPdfFolder(const QString &folder)
     (void)m_settings.save();
 }
 
-void ViewerWindow::writePdf(const std::vector<std::size_t> &sheets)
+void ViewerWindow::writePdf(const PdfOrder &order, const std::vector<std::size_t> &sheets)
 {
     const std::vector<std::size_t> letters = lettersAmong(m_letters->set, sheets);
     const QString path =
@@ -213,7 +213,8 @@ void ViewerWindow::writePdf(const std::vector<std::size_t> &sheets)
     keepPdfFolder(QFileInfo(path).absolutePath());
     if (m_settings.printsCodes()) recordBeforeOutput();
     runTask(u"PDF に保存しています"_s, letters.size(), [&](const Progress &progress) {
-        const bool isDone = writeLettersPdf(utf8Text(path), m_letters->renderer, sheets, inLetters(progress, sheets));
+        const bool isDone =
+            writeLettersPdf(utf8Text(path), m_letters->renderer, sheets, inLetters(progress, sheets), {order.purpose});
         if (isDone) recordSaved(letters);
         statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(letters.size()).arg(path)
                                         : u"保存を中止しました。ファイルは作られていません。"_s);
@@ -222,7 +223,7 @@ void ViewerWindow::writePdf(const std::vector<std::size_t> &sheets)
 }
 
 /// Saves letters as several files in a folder that the user chooses.
-void ViewerWindow::writePdfParts(std::size_t letters,
+void ViewerWindow::writePdfParts(const PdfOrder &order, std::size_t letters,
                                  const std::function<std::vector<PdfPart>(const std::string &)> &partsIn)
 {
     const QString folder = m_services.askFolder(this, m_settings.pdfFolder());
@@ -234,7 +235,7 @@ void ViewerWindow::writePdfParts(std::size_t letters,
         return;
     if (m_settings.printsCodes()) recordBeforeOutput();
     runTask(u"PDF に保存しています"_s, letters, [&](const Progress &progress) {
-        const std::size_t files = viewer::writePdfParts(parts, m_letters->renderer, progress);
+        const std::size_t files = viewer::writePdfParts(parts, m_letters->renderer, progress, order.purpose);
         std::vector<std::size_t> saved;
         for (const PdfPart &part : std::span(parts).first(files))
             std::ranges::copy(lettersAmong(m_letters->set, part.sheets), std::back_inserter(saved));

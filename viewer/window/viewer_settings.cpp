@@ -121,6 +121,16 @@ void ViewerSettings::setFileNamePattern(const QString &pattern)
     m_file.setValue(u"pdf/fileName"_s, pattern);
 }
 
+bool ViewerSettings::savesForArchive() const
+{
+    return m_file.value(u"pdf/archive"_s, false).toBool();
+}
+
+void ViewerSettings::setSavesForArchive(bool archive)
+{
+    m_file.setValue(u"pdf/archive"_s, archive);
+}
+
 QString ViewerSettings::pdfFolder() const
 {
     const QString folder = m_file.value(u"pdf/folder"_s).toString();

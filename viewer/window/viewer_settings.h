@@ -49,6 +49,9 @@ public:
     void setLettersPerJob(int letters);
     [[nodiscard]] QString fileNamePattern() const;
     void setFileNamePattern(const QString &pattern);
+    /// True when letters are saved as PDF/A.
+    [[nodiscard]] bool savesForArchive() const;
+    void setSavesForArchive(bool archive);
     /// The folder where PDF files were last saved; empty when it is unknown or no longer exists.
     [[nodiscard]] QString pdfFolder() const;
     void setPdfFolder(const QString &folder);

@@ -136,8 +136,8 @@ private:
     [[nodiscard]] Progress inLetters(const Progress &progress, const std::vector<std::size_t> &sheets) const;
     void runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task);
     void showPrinted(const PrintResult &result, const std::vector<std::size_t> &sheets);
-    void writePdf(const std::vector<std::size_t> &sheets);
-    void writePdfParts(std::size_t letters,
+    void writePdf(const PdfOrder &order, const std::vector<std::size_t> &sheets);
+    void writePdfParts(const PdfOrder &order, std::size_t letters,
                        const std::function<std::vector<PdfPart>(const std::string &folder)> &partsIn);
     void keepPdfFolder(const QString &folder);
     void askPrintOnly(LetterTicks &only, const QString &title);

@@ -3,6 +3,8 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdlib>
+
 using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
@@ -51,6 +53,33 @@ TEST_CASE("a PDF by insurer with covers has a cover with count and names before 
     CHECK(contains(pages[2], "署名"));
     CHECK(contains(pages[3], "甲1"));
     CHECK(contains(pages[4], "甲3"));
+}
+
+TEST_CASE("covers have no entry in the outline of a PDF, and are in a PDF without tags and in one for archives too")
+{
+    const TempFolder folder;
+    for (const char *purpose : {"", "--untagged", "--archive"}) {
+        CAPTURE(purpose);
+        const auto pages =
+            packedPages(folder, std::string("--order insurer --bundles ") + purpose, {"高松市", "丸亀市", "高松市"});
+        REQUIRE(pages.size() == 5);
+        CHECK(contains(pages[0], "束の表紙"));
+        const std::string command =
+            "pdftohtml -xml -i -stdout '" + (folder / "o.pdf") + "' > '" + (folder / "o.xml") + "'";
+        REQUIRE(std::system(command.c_str()) == 0);
+        const std::string xml = folder.bytes("o.xml");
+        const std::size_t outline = xml.find("<outline>");
+        if (std::string(purpose) == "--untagged") {
+            CHECK(outline == std::string::npos);
+            continue;
+        }
+        REQUIRE(outline != std::string::npos);
+        const std::string entries = xml.substr(outline);
+        std::size_t items = 0;
+        for (std::size_t at = 0; (at = entries.find("<item", at)) != std::string::npos; ++at) ++items;
+        CHECK(items == 5); // two insurers and three patients
+        CHECK(!contains(entries, "表紙"));
+    }
 }
 
 TEST_CASE("a PDF by insurer without covers has the letters only, and without the options their own order")

@@ -35,7 +35,7 @@ TEST_CASE("a printer's offset moves a page horizontally and vertically in both d
     const std::vector<std::size_t> letters = {0};
     const std::string pdf = folder / "a.pdf";
     const auto placeBy = [&](Point shift) {
-        REQUIRE(writeLettersPdf(pdf, renderer, letters, {}, shift));
+        REQUIRE(writeLettersPdf(pdf, renderer, letters, {}, {.shift = shift}));
         return firstWord(pdf);
     };
     const Point still = placeBy({0, 0});

@@ -1,6 +1,7 @@
 #include "viewer/window/pdf_dialog.h"
 #include "viewer/window/window_world.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -94,6 +95,18 @@ TEST_CASE("a pattern with an unknown column is reported and prevents saving unle
     world.choose("pdfEach");
     world.name(QStringLiteral("{{番号}}"));
     CHECK(world.maySave());
+}
+
+TEST_CASE("the choice of PDF/A is remembered after saving")
+{
+    Asking world;
+    world.ask();
+    CHECK(world.dialog->order().purpose == PdfPurpose::reading);
+    world.part<QCheckBox>("pdfArchive")->setChecked(true);
+    CHECK(world.dialog->order().purpose == PdfPurpose::archive);
+    world.part<QPushButton>("pdfSave")->click();
+    world.ask();
+    CHECK(world.dialog->order().purpose == PdfPurpose::archive);
 }
 
 TEST_CASE("the pattern is remembered after saving, but not after cancelling")

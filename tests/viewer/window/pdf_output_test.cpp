@@ -72,6 +72,15 @@ TEST_CASE("each file of one letter is named by its columns and contains only tha
     CHECK(contains(pages[0], "甲3"));
 }
 
+TEST_CASE("one file and a file for each letter are saved as PDF/A on request")
+{
+    Writing world(2);
+    world.window->savePdf({false, false, {}, PdfPurpose::archive});
+    world.window->savePdf({false, true, QStringLiteral("{{番号}}"), PdfPurpose::archive});
+    for (const char *name : {"out.pdf", "1.pdf", "2.pdf"})
+        CHECK(contains(world.out.bytes(name), "<pdfaid:part>2</pdfaid:part>"));
+}
+
 TEST_CASE("existing files are overwritten only when the user agrees")
 {
     Writing world(2);

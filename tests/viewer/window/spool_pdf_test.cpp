@@ -161,12 +161,12 @@ TEST_CASE("page k of the submitted PDF contains the texts of the k-th ticked let
             CHECK(contains(packed(pages[page]), names[name]) == (page == name));
 }
 
-TEST_CASE("the submitted PDF equals the saved one")
+TEST_CASE("the submitted PDF is one for printing, without what only readers of a file need")
 {
     Spooling world(4);
     REQUIRE(world.print("1,3", world.order()).isDone());
     const std::vector<std::size_t> which{0, 2};
-    REQUIRE(writeLettersPdf(world.folder / "saved.pdf", world.letters.renderer, which));
+    REQUIRE(writeLettersPdf(world.folder / "saved.pdf", world.letters.renderer, which, {}, {PdfPurpose::printing}));
     CHECK(bytesOf(world.job(0)) == world.folder.bytes("saved.pdf"));
 }
 
