@@ -3,6 +3,7 @@
 #include "viewer/window/help_page.h"
 #include "viewer/window/screen_fit.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QDesktopServices>
 #include <QFile>
 #include <QHBoxLayout>
