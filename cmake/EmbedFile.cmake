@@ -1,11 +1,11 @@
-# cmake -DFROM=file -DTO=file.cpp -DNAME=function -DHEADER=header -P EmbedFile.cmake
-# Writes a source file with a function in namespace inin::site that returns the bytes of the file.
+# cmake -DFROM=file -DTO=file.cpp -DNAME=function -DHEADER=header -DNAMESPACE=namespace -P EmbedFile.cmake
+# Writes a source file with a function that returns the bytes of the file.
 file(READ "${FROM}" bytes HEX)
 string(REGEX REPLACE "(................................)" "\\1\n    " bytes "${bytes}")
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
 file(WRITE "${TO}" "#include \"${HEADER}\"
 
-namespace inin::site {
+namespace ${NAMESPACE} {
 
 std::string_view ${NAME}()
 {
@@ -15,5 +15,5 @@ std::string_view ${NAME}()
     return {reinterpret_cast<const char *>(kBytes), sizeof kBytes};
 }
 
-} // namespace inin::site
+} // namespace ${NAMESPACE}
 ")

@@ -79,6 +79,13 @@ MonthRange monthsOfOption(const std::string &text)
     return *months;
 }
 
+LetterSort sortOfOption(const std::string &name)
+{
+    const std::optional<LetterSort> sort = letterSortNamed(name);
+    if (!sort) throw CLI::ValidationError("--order", "「" + name + "」という順はありません。");
+    return *sort;
+}
+
 /// The options of a command without "/c" and with their help.
 void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, LedgerOptions &ledger,
                 HelpLanguage language)
@@ -111,6 +118,13 @@ void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, 
         ->check(CLI::Range(kMinDots, kMaxDots));
     add("--letters", command.letters, text("番号", "NUMBERS"),
         text("書き出す委任状の番号。例：1-3,7", "Numbers of the letters, such as 1-3,7."));
+    addRead("--order", text("順", "ORDER"),
+            text("PDF に委任状を並べる順。extraction（抽出した順）、insurer（保険者）、district（地区）、name（氏名）",
+                 "Order of the letters in the PDF: extraction, insurer, district or name."),
+            [&command](const std::string &name) { command.arrangement.sort = sortOfOption(name); });
+    app.add_flag("--bundles", command.arrangement.hasCovers,
+                 text("PDF の保険者または地区ごとの束に表紙を付けます。",
+                      "Adds a cover to each bundle of an insurer or a district in the PDF."));
     app.add_flag("--check", command.check,
                  text("印刷前の点検の結果を表示します。注意のある委任状があれば終了コード 1、なければ 0 です。",
                       "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
@@ -175,6 +189,8 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
     if (ledger.question && ledger.question != LedgerQuestion::diff)
         return LedgerCommand{*ledger.question, command.script, ledger.months, command.json};
     if (command.script.empty()) return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};
+    if (command.pdf.empty() && command.arrangement != LetterArrangement{})
+        return BadCommandLine{"formviewer: --order と --bundles は、--pdf と一緒に指定してください。"};
     if (ledger.question) return LedgerCommand{*ledger.question, command.script, ledger.months, command.json};
     if (command.archive && command.untagged)
         return BadCommandLine{"formviewer: --archive と --untagged は一緒に指定できません。"};

@@ -2,6 +2,7 @@
 
 #include "runtime/date.h"
 #include "viewer/check/cause.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/ledger/ledger_records.h"
 
 #include <optional>
@@ -19,7 +20,8 @@ struct ViewCommand {
     bool untagged = false; ///< the PDF has no tags and no outline
     std::string pngFolder;
     double dotsPerInch = 150;
-    std::string letters; ///< "1-3,7"; empty for all
+    std::string letters;           ///< "1-3,7"; empty for all
+    LetterArrangement arrangement; ///< of the letters in the PDF
     bool check = false;
     bool json = false;
     CauseSet withoutChecks;    ///< causes that are not checked

@@ -6,6 +6,7 @@
 #include "system/whole_file.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/document/mark_text.h"
@@ -57,7 +58,9 @@ void writeLetters(const ViewCommand &command)
         const PdfPurpose purpose = command.archive    ? PdfPurpose::archive
                                    : command.untagged ? PdfPurpose::printing
                                                       : PdfPurpose::reading;
-        writeLettersPdf(command.pdf, renderer, letters, {}, {purpose});
+        ArrangedLetters arranged = arrangeLetters(set, letters, command.arrangement);
+        renderer.setCovers(std::move(arranged.covers));
+        writeLettersPdf(command.pdf, renderer, arranged.sheets(), {}, {purpose});
         renderer.onMarks = nullptr; // do not print the marks again for the pictures
     }
     if (!command.pngFolder.empty()) writePngs(command, renderer, letters);

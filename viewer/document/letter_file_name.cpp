@@ -123,9 +123,34 @@ std::string LetterFileNames::nameOf(std::size_t letter)
 {
     std::string name = fileNameOf(textOf(letter));
     if (name.empty()) name = std::to_string(letter + 1);
+    return m_names.take(name) + m_ending;
+}
+
+std::string UniqueNames::take(const std::string &name)
+{
     std::string free = name;
     for (int twin = 2; !m_given.insert(asciiLower(free)).second; ++twin) free = fmt::format("{} ({})", name, twin);
-    return free + m_ending;
+    return free;
+}
+
+std::string BundleFileNames::groupOf(const LetterBundle &bundle) const
+{
+    const auto named = [](const std::string &text, const char *none) { return text.empty() ? none : text; };
+    switch (m_sort) {
+    case LetterSort::insurer:
+        return "_" + named(insurersText(m_letterNames, bundle), "保険者なし");
+    case LetterSort::district:
+        return "_" + named(districtsText(m_letterNames, bundle), "地区なし");
+    case LetterSort::extraction:
+    case LetterSort::patient:
+        break;
+    }
+    return {};
+}
+
+std::string BundleFileNames::nameOf(const LetterBundle &bundle)
+{
+    return m_names.take(fileNameOf(fileNameOfAll(m_set, bundle.letters, "") + groupOf(bundle))) + m_ending;
 }
 
 std::string fileNameOfAll(const LetterSet &set, std::span<const std::size_t> which, std::string_view ending)

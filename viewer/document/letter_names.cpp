@@ -5,7 +5,8 @@ namespace inin::viewer {
 LetterNames::LetterNames(const LetterSet &set) : m_set(set)
 {
     for (const LetterReport &report : set.reports)
-        m_columns.push_back({report.letters.columnOf("保険者名"), report.letters.columnOf("利用者氏名")});
+        m_columns.push_back({report.letters.columnOf("保険者名"), report.letters.columnOf("保険者地区名"),
+                             report.letters.columnOf("利用者氏名")});
 }
 
 std::string_view LetterNames::value(std::size_t letter, std::optional<std::size_t> Columns::*column) const
@@ -18,6 +19,11 @@ std::string_view LetterNames::value(std::size_t letter, std::optional<std::size_
 std::string_view LetterNames::insurer(std::size_t letter) const
 {
     return value(letter, &Columns::insurer);
+}
+
+std::string_view LetterNames::district(std::size_t letter) const
+{
+    return value(letter, &Columns::district);
 }
 
 std::string_view LetterNames::patient(std::size_t letter) const

@@ -24,23 +24,40 @@ const std::vector<std::string> &unreadableColumns()
 } // namespace
 
 LetterRenderer::LetterRenderer(const LetterSet &set, Fonts &fonts)
-    : m_set(set),
+    : m_set(set), m_fonts(fonts),
       m_unreadableForm(listingForm(unreadableColumns(),
                                    "この行は確実に読み取れないため、委任状にしませんでした。CSV を確認してください。"))
 {
-    for (const LetterReport &report : set.reports) {
-        std::vector<std::string> columns = report.columns;
-        columns.emplace_back(kLetterCodeColumn);
-        try {
-            m_layouts.push_back(std::make_unique<LetterLayout>(report.form, columns, fonts));
-        } catch (const RuntimeError &error) {
-            throw RuntimeError(error.number(), fmt::format("「{}」：{}", report.formPath, error.description()));
-        }
-    }
+    for (const LetterReport &report : set.reports) m_layouts.push_back(layoutFor(report));
     m_unreadable = std::make_unique<LetterLayout>(m_unreadableForm, unreadableColumns(), fonts);
 }
 
 LetterRenderer::~LetterRenderer() = default;
+
+std::unique_ptr<LetterLayout> LetterRenderer::layoutFor(const LetterReport &report) const
+{
+    std::vector<std::string> columns = report.columns;
+    columns.emplace_back(kLetterCodeColumn);
+    try {
+        return std::make_unique<LetterLayout>(report.form, columns, m_fonts);
+    } catch (const RuntimeError &error) {
+        throw RuntimeError(error.number(), fmt::format("「{}」：{}", report.formPath, error.description()));
+    }
+}
+
+void LetterRenderer::setCovers(std::optional<LetterReport> covers)
+{
+    m_coverLayout.reset(); // it refers to the form of the present covers
+    m_covers = std::move(covers);
+    if (m_covers) m_coverLayout = layoutFor(*m_covers);
+}
+
+LetterRenderer::Sheet LetterRenderer::sheetOf(std::size_t letter) const
+{
+    if (m_coverLayout && letter >= m_set.size()) return {*m_covers, letter - m_set.size(), *m_coverLayout};
+    const LetterSet::Place place = m_set.placeOf(letter);
+    return {m_set.reports[place.report], place.row, *m_layouts[place.report]};
+}
 
 bool LetterRenderer::showsCodes() const
 {
@@ -68,9 +85,8 @@ std::vector<std::string> LetterRenderer::formNotices() const
 
 const FormDocument &LetterRenderer::formOf(std::size_t letter) const
 {
-    const LetterSet::Place place = m_set.placeOf(letter);
-    const LetterReport &report = m_set.reports[place.report];
-    return report.letters.fault(place.row) == RowFault::none ? report.form : m_unreadableForm;
+    const Sheet sheet = sheetOf(letter);
+    return sheet.fault() == RowFault::none ? sheet.report.form : m_unreadableForm;
 }
 
 std::size_t LetterRenderer::pageCount(std::size_t letter) const
@@ -81,8 +97,7 @@ std::size_t LetterRenderer::pageCount(std::size_t letter) const
 Point LetterRenderer::paperSize(std::size_t letter, std::size_t page) const
 {
     // An unreadable row is reported on the paper of its report.
-    const FormDocument &form = m_set.reports[m_set.placeOf(letter).report].form;
-    return m_set.paperOf(form, page);
+    return m_set.paperOf(sheetOf(letter).report.form, page);
 }
 
 Affine LetterRenderer::onPaper(std::size_t letter, std::size_t page) const
@@ -96,33 +111,31 @@ Affine LetterRenderer::onPaper(std::size_t letter, std::size_t page) const
 
 LetterLayout &LetterRenderer::layoutOf(std::size_t letter)
 {
-    const LetterSet::Place place = m_set.placeOf(letter);
-    const bool isReadable = m_set.reports[place.report].letters.fault(place.row) == RowFault::none;
-    return isReadable ? *m_layouts[place.report] : *m_unreadable;
+    const Sheet sheet = sheetOf(letter);
+    return sheet.fault() == RowFault::none ? sheet.layout : *m_unreadable;
 }
 
-const std::vector<FieldMark> &LetterRenderer::paintReadable(std::size_t letter, const LetterSet::Place &place,
+const std::vector<FieldMark> &LetterRenderer::paintReadable(std::size_t letter, const Sheet &sheet,
                                                             PagePainter &painter, std::size_t page)
 {
     const std::string_view code = letter < m_codes.size() ? std::string_view(m_codes[letter]) : std::string_view();
-    const LetterReport &report = m_set.reports[place.report];
-    return m_layouts[place.report]->paintLetter(
-        [&](std::size_t column) { return column == report.columns.size() ? code : report.value(place.row, column); },
+    const LetterReport &report = sheet.report;
+    return sheet.layout.paintLetter(
+        [&](std::size_t column) { return column == report.columns.size() ? code : report.value(sheet.row, column); },
         painter, page);
 }
 
 const std::vector<FieldMark> &LetterRenderer::paintFields(std::size_t letter, PagePainter &painter, std::size_t page)
 {
-    const LetterSet::Place place = m_set.placeOf(letter);
-    const LetterTable &letters = m_set.reports[place.report].letters;
-    const RowFault fault = letters.fault(place.row);
+    const Sheet sheet = sheetOf(letter);
+    const RowFault fault = sheet.fault();
     if (fault == RowFault::none) {
-        const std::vector<FieldMark> &marks = paintReadable(letter, place, painter, page);
-        if (onMarks && !marks.empty()) onMarks(letter, marks);
+        const std::vector<FieldMark> &marks = paintReadable(letter, sheet, painter, page);
+        if (onMarks && !marks.empty() && letter < m_set.size()) onMarks(letter, marks);
         return marks;
     }
-    const std::string number = std::to_string(place.row + 1);
-    const std::string_view texts[] = {number, faultText(fault), letters.rawText(place.row)};
+    const std::string number = std::to_string(sheet.row + 1);
+    const std::string_view texts[] = {number, faultText(fault), sheet.report.letters.rawText(sheet.row)};
     return m_unreadable->paintLetter([&](std::size_t column) { return texts[column]; }, painter);
 }
 

@@ -6,12 +6,14 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace inin::viewer {
 
-/// Lays out the letters of a set on pages, for any painter. Each letter has the pages of its form, counted from 0.
+/// Lays out the letters of a set on pages, for any painter. Each letter has the pages of its form, counted from 0. The
+/// covers of bundles are laid out in the same way: they are counted on from the letters.
 class LetterRenderer {
 public:
     /// Both must outlive this. Throws a RuntimeError for a placeholder without a column.
@@ -34,6 +36,8 @@ public:
     /// Sets the code of each letter, which the forms show as 整理番号 and as QR codes; none print no codes.
     void setCodes(std::vector<std::string> codes) { m_codes = std::move(codes); }
     [[nodiscard]] const std::vector<std::string> &codes() const { return m_codes; }
+    /// Sets the covers, one for each row; none remove them. Throws a RuntimeError for a placeholder without a column.
+    void setCovers(std::optional<LetterReport> covers);
     /// Whether a form has a place for codes.
     [[nodiscard]] bool showsCodes() const;
     /// Called with the marks of each marked page as it is painted.
@@ -42,14 +46,26 @@ public:
     const std::vector<FieldMark> &paintFields(std::size_t letter, PagePainter &painter, std::size_t page = 0);
 
 private:
+    /// A row of a report, and the layout of the report's form.
+    struct Sheet {
+        const LetterReport &report;
+        std::size_t row;
+        LetterLayout &layout;
+        [[nodiscard]] RowFault fault() const { return report.letters.fault(row); }
+    };
+    [[nodiscard]] Sheet sheetOf(std::size_t letter) const;
     [[nodiscard]] const FormDocument &formOf(std::size_t letter) const;
-    const std::vector<FieldMark> &paintReadable(std::size_t letter, const LetterSet::Place &place, PagePainter &painter,
+    [[nodiscard]] std::unique_ptr<LetterLayout> layoutFor(const LetterReport &report) const;
+    const std::vector<FieldMark> &paintReadable(std::size_t letter, const Sheet &sheet, PagePainter &painter,
                                                 std::size_t page);
 
     const LetterSet &m_set;
+    Fonts &m_fonts;
     FormDocument m_unreadableForm;
     std::vector<std::unique_ptr<LetterLayout>> m_layouts; ///< one for each report
     std::unique_ptr<LetterLayout> m_unreadable;
+    std::optional<LetterReport> m_covers;
+    std::unique_ptr<LetterLayout> m_coverLayout;
     std::vector<std::string> m_codes; ///< one for each letter, or none
 };
 

@@ -4,11 +4,11 @@
 #include "system/whole_file.h"
 #include "transfer/run_record.h"
 #include "viewer/document/combined_form.h"
+#include "viewer/document/form_file.h"
 #include "viewer/document/form_notices.h"
 #include "viewer/document/paper_size.h"
 #include "viewer/form/form_document.h"
 #include "viewer/form/svg_reader.h"
-#include "viewer/io/file_beside.h"
 #include "viewer/io/fingerprint.h"
 #include "viewer/letters/csv_reader.h"
 
@@ -22,8 +22,6 @@ namespace inin::viewer {
 namespace {
 
 constexpr std::size_t kLargestScript = std::size_t{1} << 22;
-constexpr std::size_t kLargestForm = std::size_t{1} << 23;
-constexpr std::size_t kLargestPicture = std::size_t{1} << 23;
 constexpr std::size_t kLargestLetterFile = std::size_t{1} << 30;
 constexpr int kMaxReports = 100;
 
@@ -155,10 +153,7 @@ private:
             m_set.notices.push_back(heading);
             return;
         }
-        const auto picture = [&](const std::string &name) {
-            return readFileBeside(report.formPath, name, kLargestPicture);
-        };
-        report.form = naming(report.formPath, [&] { return readSvg(bytes, picture); });
+        report.form = readFormFile(report.formPath, bytes);
         for (const std::string &notice : report.form.notices)
             m_set.notices.push_back(fmt::format("「{}」：{}", report.formPath, notice));
         if (report.letters.size() == 1 && !report.form.singleNotice.empty()) warn(report.form.singleNotice);

@@ -1,7 +1,6 @@
 #include "viewer/ledger/letter_identity.h"
 
-#include "suite_text/japanese_text.h"
-#include "suite_text/name_variants.h"
+#include "viewer/document/folded_name.h"
 #include "viewer/io/fingerprint.h"
 
 #include <algorithm>
@@ -126,18 +125,6 @@ private:
 bool isMonthlyColumn(std::string_view column)
 {
     return std::ranges::find(kMonthlyColumns, column) != kMonthlyColumns.end();
-}
-
-std::u32string foldedName(std::string_view text)
-{
-    std::u32string folded;
-    foldJapanese(text, folded); // full-width blanks become half-width ones
-    std::erase(folded, U' ');
-    for (char32_t &c : folded) {
-        const auto *const variant = std::ranges::find(kNameVariants, c, &NameVariant::rare);
-        if (variant != std::end(kNameVariants)) c = variant->common;
-    }
-    return folded;
 }
 
 std::vector<LetterKey> keysOf(const RunTexts &texts)

@@ -12,10 +12,6 @@
 
 namespace inin::viewer {
 
-/// A name or address without the differences that a person ignores: blanks, width, kind of kana, case and variants of
-/// kanji (髙 and 高).
-[[nodiscard]] std::u32string foldedName(std::string_view text);
-
 /// How a letter is recognised in another run, as fingerprints of folded texts.
 struct LetterKey {
     std::uint64_t person = 0;  ///< insurer and patient; 0 without a patient

@@ -96,4 +96,40 @@ const LetterRows &LetterTable::readBlock(std::size_t block) const
     return *m_blocks[block];
 }
 
+namespace {
+
+/// Ends each value of a table that does not come from a file.
+constexpr char kValueEnd = '\x1F';
+
+LetterRows readValues(std::string_view values, std::size_t columns)
+{
+    LetterRows rows(columns, std::string(values));
+    std::string_view rest = rows.text();
+    std::vector<std::string_view> row;
+    while (!rest.empty()) {
+        const std::size_t end = rest.find(kValueEnd);
+        row.push_back(rest.substr(0, end));
+        rest.remove_prefix(end + 1);
+        if (row.size() < columns) continue;
+        rows.addRow(row);
+        row.clear();
+    }
+    return rows;
+}
+
+} // namespace
+
+LetterTable tableOf(std::vector<std::string> columns, const std::vector<std::vector<std::string>> &rows)
+{
+    UnreadRows values{{}, rows.size(), {}, readValues};
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        if (row % UnreadRows::kBlock == 0) values.blocks.push_back(values.bytes.size());
+        for (const std::string &value : rows[row]) {
+            for (const char c : value) values.bytes += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+            values.bytes += kValueEnd;
+        }
+    }
+    return {std::move(columns), std::move(values)};
+}
+
 } // namespace inin::viewer

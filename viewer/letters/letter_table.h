@@ -103,4 +103,7 @@ private:
     mutable std::vector<std::unique_ptr<LetterRows>> m_blocks;
 };
 
+/// A table of texts that do not come from a file, one vector for each row. Control characters become blanks.
+[[nodiscard]] LetterTable tableOf(std::vector<std::string> columns, const std::vector<std::vector<std::string>> &rows);
+
 } // namespace inin::viewer

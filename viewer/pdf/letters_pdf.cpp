@@ -1,6 +1,7 @@
 #include "viewer/pdf/letters_pdf.h"
 
 #include "runtime/runtime_error.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/document/letter_file_name.h"
 #include "viewer/pdf/form_objects.h"
 #include "viewer/pdf/pdf_metadata.h"
@@ -45,7 +46,8 @@ public:
             writeLetter(letters[i]);
             if ((i + 1) % kLettersBetweenReports == 0 && progress && !progress(i + 1)) return false;
         }
-        writeEnd(m_options.title.empty() ? documentTitle(m_renderer.set(), letters) : m_options.title);
+        writeEnd(m_options.title.empty() ? documentTitle(m_renderer.set(), lettersAmong(m_renderer.set(), letters))
+                                         : m_options.title);
         return true;
     }
 
@@ -79,7 +81,7 @@ private:
         m_letterPages.clear();
         for (std::size_t page = 0; page < count; ++page) writePage(letter, page);
         if (m_structure) m_structure->addLetter(m_letterPages);
-        if (m_outline) m_outline->add(letter, m_letterPages.front().object);
+        if (m_outline && letter < m_renderer.set().size()) m_outline->add(letter, m_letterPages.front().object);
     }
 
     void writePage(std::size_t letter, std::size_t number)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/check/letter_check.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/document/letter_names.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/document/letter_ticks.h"
@@ -16,6 +17,9 @@ namespace inin::viewer {
 struct OpenLetters {
     /// Throws a RuntimeError with a sentence when the script, a form or a letter file cannot be read.
     explicit OpenLetters(const std::string &scriptPath);
+    /// Sorts and bundles letters for an output and sets the covers in the renderer. Throws a RuntimeError with a sentence for
+    /// an unusable cover form.
+    [[nodiscard]] ArrangedLetters arrange(std::vector<std::size_t> letters, const LetterArrangement &arrangement);
 
     const LetterSet set;
     Fonts fonts;

@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/document/letter_file_name.h"
+#include "viewer/window/arrangement_box.h"
 #include "viewer/window/help_window.h"
 #include "viewer/window/open_letters.h"
 #include "viewer/window/qt_text.h"
@@ -34,6 +35,8 @@ PdfDialog::PdfDialog(const OpenLetters &letters, ViewerSettings &settings, QWidg
     QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(rangeGroup());
+    m_arrangement = new ArrangementBox(settings.arrangement(), this);
+    layout->addWidget(m_arrangement);
     layout->addWidget(fileGroup());
     layout->addWidget(buttons);
     showExample();
@@ -61,6 +64,9 @@ QWidget *PdfDialog::fileGroup()
     m_one = new QRadioButton(u"一つのファイルにまとめる(&O)"_s, group);
     m_one->setObjectName(u"pdfOne"_s);
     m_one->setChecked(true);
+    m_bundles = new QRadioButton(u"束ごとに別のファイルにする(&B)"_s, group);
+    m_bundles->setObjectName(u"pdfBundles"_s);
+    m_bundles->setToolTip(u"並べ方の順の保険者か地区ごとに、その名前の付いたファイルにします。"_s);
     m_each = new QRadioButton(u"一通ずつ別のファイルにする(&E)"_s, group);
     m_each->setObjectName(u"pdfEach"_s);
     m_pattern = new QLineEdit(m_settings.fileNamePattern(), group);
@@ -84,12 +90,13 @@ QWidget *PdfDialog::fileGroup()
     label->setBuddy(m_pattern);
     auto *const layout = new QGridLayout(group);
     layout->addWidget(m_one, 0, 0, 1, 3);
-    layout->addWidget(m_each, 1, 0, 1, 3);
-    layout->addWidget(label, 2, 0);
-    layout->addWidget(m_pattern, 2, 1);
-    layout->addWidget(m_columns, 2, 2);
-    layout->addWidget(m_example, 3, 1, 1, 2);
-    layout->addWidget(m_archive, 4, 0, 1, 3);
+    layout->addWidget(m_bundles, 1, 0, 1, 3);
+    layout->addWidget(m_each, 2, 0, 1, 3);
+    layout->addWidget(label, 3, 0);
+    layout->addWidget(m_pattern, 3, 1);
+    layout->addWidget(m_columns, 3, 2);
+    layout->addWidget(m_example, 4, 1, 1, 2);
+    layout->addWidget(m_archive, 5, 0, 1, 3);
     QObject::connect(m_each, &QRadioButton::toggled, this, [this] { showExample(); });
     QObject::connect(m_pattern, &QLineEdit::textChanged, this, [this] { showExample(); });
     QObject::connect(m_columns, &QComboBox::activated, this, [this](int index) {
@@ -119,13 +126,15 @@ void PdfDialog::showExample()
 
 PdfOrder PdfDialog::order() const
 {
-    return {m_ticked->isChecked(), m_each->isChecked(), m_pattern->text(),
-            m_archive->isChecked() ? PdfPurpose::archive : PdfPurpose::reading};
+    return {m_ticked->isChecked(),  m_each->isChecked(),
+            m_pattern->text(),      m_archive->isChecked() ? PdfPurpose::archive : PdfPurpose::reading,
+            m_bundles->isChecked(), m_arrangement->arrangement()};
 }
 
 void PdfDialog::accept()
 {
     if (m_each->isChecked()) m_settings.setFileNamePattern(m_pattern->text());
+    m_settings.setArrangement(m_arrangement->arrangement());
     m_settings.setSavesForArchive(m_archive->isChecked());
     // Unwritable settings must not prevent saving.
     (void)m_settings.save();

@@ -14,6 +14,7 @@ class QRadioButton;
 
 namespace inin::viewer {
 
+class ArrangementBox;
 struct OpenLetters;
 
 /// How the letters are saved as PDF.
@@ -22,6 +23,8 @@ struct PdfOrder {
     bool fileEach = false;
     QString pattern; ///< of the file names, when each letter has its own file
     PdfPurpose purpose = PdfPurpose::reading;
+    bool fileBundle = false; ///< each bundle has its own file
+    LetterArrangement arrangement = {};
 };
 
 /// Lets the user choose which letters are saved as PDF and how the files are named.
@@ -40,7 +43,8 @@ private:
 
     const OpenLetters &m_letters;
     ViewerSettings &m_settings;
-    QRadioButton *m_all, *m_ticked, *m_one, *m_each;
+    ArrangementBox *m_arrangement;
+    QRadioButton *m_all, *m_ticked, *m_one, *m_bundles, *m_each;
     QLineEdit *m_pattern;
     QComboBox *m_columns;
     QCheckBox *m_archive;

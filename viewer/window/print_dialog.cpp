@@ -1,6 +1,7 @@
 #include "viewer/window/print_dialog.h"
 
 #include "viewer/document/letter_ticks.h"
+#include "viewer/window/arrangement_box.h"
 #include "viewer/window/help_window.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
@@ -115,6 +116,8 @@ PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vect
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(printerGroup());
     layout->addWidget(jobGroup());
+    m_arrangement = new ArrangementBox(settings.arrangement(), this);
+    layout->addWidget(m_arrangement);
     layout->addWidget(offsetGroup());
     layout->addWidget(m_check);
     layout->addWidget(m_note);
@@ -276,6 +279,7 @@ PrintOrder PrintDialog::order() const
     order.tray = m_tray->currentData().toString();
     order.letterOrder = m_reversed->isChecked() ? LetterOrder::reversed : LetterOrder::forward;
     order.lettersPerJob = m_manyJobs->isChecked() ? static_cast<std::size_t>(m_perJob->value()) : 0;
+    order.arrangement = m_arrangement->arrangement();
     const auto tenths = [](double millimetres) {
         return static_cast<std::int32_t>(std::lround(millimetres * kTenths));
     };
@@ -291,6 +295,7 @@ void PrintDialog::remember()
     m_settings.setDuplex(chosen.printer, QLatin1String(kDuplex[m_duplex->currentIndex()].name));
     m_settings.setTray(chosen.printer, chosen.tray);
     m_settings.setLetterOrder(chosen.letterOrder);
+    m_settings.setArrangement(chosen.arrangement);
     m_settings.setLettersPerJob(static_cast<int>(chosen.lettersPerJob));
     // Unwritable settings must not prevent printing.
     (void)m_settings.save();

@@ -17,6 +17,7 @@ class QSpinBox;
 
 namespace inin::viewer {
 
+class ArrangementBox;
 class LetterTicks;
 class RangeBox;
 
@@ -64,6 +65,7 @@ private:
     QComboBox *m_printer, *m_duplex, *m_tray;
     QSpinBox *m_copies, *m_perJob;
     RangeBox *m_range;
+    ArrangementBox *m_arrangement;
     QRadioButton *m_oneJob, *m_manyJobs;
     QCheckBox *m_reversed;
     QDoubleSpinBox *m_right, *m_down;

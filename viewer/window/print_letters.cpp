@@ -1,6 +1,7 @@
 #include "viewer/window/print_letters.h"
 
 #include "runtime/runtime_error.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/document/ruler_page.h"
 #include "viewer/pdf/letters_pdf.h"
@@ -31,14 +32,15 @@ std::string refusal(const PrintOrder &order, const std::string &words)
     return words.empty() ? sentence : fmt::format("{}\n（{}）", sentence, words);
 }
 
-QString jobName(const LetterSet &set, std::span<const std::size_t> which)
+QString jobName(const LetterSet &set, std::span<const std::size_t> sheets)
 {
     QString title = qtText(set.shownTitle());
-    if (which.size() == set.size()) return title;
-    return u"%1（%2-%3番）"_s.arg(title).arg(which.front() + 1).arg(which.back() + 1);
+    const std::vector<std::size_t> letters = lettersAmong(set, sheets);
+    if (letters.size() == set.size()) return title;
+    return u"%1（%2-%3番）"_s.arg(title).arg(letters.front() + 1).arg(letters.back() + 1);
 }
 
-/// How a job ended, and how many of its letters were sent.
+/// How a job ended, and how many of its sheets were sent.
 struct JobResult {
     enum class End { done, cancelled, refused };
     End end = End::done;
@@ -145,23 +147,26 @@ PrintPaths systemPaths()
     return {systemSpool(), systemPrinter};
 }
 
-std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> letters, const PrintOrder &order)
+std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> sheets, const PrintOrder &order)
 {
-    if (order.letterOrder == LetterOrder::reversed) std::ranges::reverse(letters);
-    return letters;
+    if (order.letterOrder == LetterOrder::reversed) std::ranges::reverse(sheets);
+    return sheets;
 }
 
 PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which, const PrintOrder &order,
                          const PrintPaths &paths, const PrintProgress &progress, const JobSent &onSent)
 {
     PrintResult result;
-    const std::size_t perJob = order.lettersPerJob == 0 ? which.size() : order.lettersPerJob;
     while (result.sent < which.size()) {
-        const auto part = which.subspan(result.sent, std::min(perJob, which.size() - result.sent));
+        const auto rest = which.subspan(result.sent);
+        const auto part = order.lettersPerJob == 0
+                              ? rest
+                              : rest.first(sheetsOfJob(letters.set, rest, order.lettersPerJob, order.letterOrder));
         const auto report = [&](std::size_t done) { return !progress || progress(result.sent + done); };
         const JobResult job = runJob({letters.renderer, letters.glyphs, part, order}, paths, report);
         result.sent += job.sent;
-        if (job.sent > 0 && onSent) onSent(part.first(job.sent), job.number);
+        const std::vector<std::size_t> sent = lettersAmong(letters.set, part.first(job.sent));
+        if (!sent.empty() && onSent) onSent(sent, job.number);
         result.isCancelled = job.end == JobResult::End::cancelled;
         result.fault = job.fault;
         result.mayBeOnPaper = job.end == JobResult::End::refused && !paths.spool;

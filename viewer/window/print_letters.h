@@ -29,10 +29,10 @@ struct PrintPaths {
 };
 [[nodiscard]] PrintPaths systemPaths();
 
-/// The result of a print. Letters of a refused job count as not sent; those of a cancelled job count as sent when the
+/// The result of a print. Sheets of a refused job count as not sent; those of a cancelled job count as sent when the
 /// system could not withdraw it.
 struct PrintResult {
-    std::size_t sent = 0; ///< number of letters, from the first
+    std::size_t sent = 0; ///< number of sheets, from the first
     bool isCancelled = false;
     std::string fault;         ///< an error sentence when the printer refused; otherwise empty
     bool mayBeOnPaper = false; ///< a painted job may have begun to print before it was refused
@@ -42,12 +42,12 @@ struct PrintResult {
 /// Called for each job that the system has accepted, at once: its letters, and the queue's number of the job, which is
 /// empty where the system reports none.
 using JobSent = std::function<void(std::span<const std::size_t> letters, const std::string &number)>;
-/// Called with the number of finished letters; false ends the print and withdraws the current job.
-using PrintProgress = std::function<bool(std::size_t letters)>;
+/// Called with the number of finished sheets; false ends the print and withdraws the current job.
+using PrintProgress = std::function<bool(std::size_t sheets)>;
 
-/// The letters as an order prints them: reversed if it has that order.
-[[nodiscard]] std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> letters, const PrintOrder &order);
-/// Prints letters in the given sequence, one page each.
+/// The sheets as an order prints them: reversed if it has that order.
+[[nodiscard]] std::vector<std::size_t> inPrintOrder(std::vector<std::size_t> sheets, const PrintOrder &order);
+/// Prints letters, and the covers set in their renderer, in the given sequence.
 [[nodiscard]] PrintResult printLetters(OpenLetters &letters, std::span<const std::size_t> which,
                                        const PrintOrder &order, const PrintPaths &paths, const PrintProgress &progress,
                                        const JobSent &onSent = {});

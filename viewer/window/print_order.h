@@ -24,6 +24,7 @@ struct PrintOrder {
     LetterOrder letterOrder = LetterOrder::forward;
     std::size_t lettersPerJob = 0; ///< 0 means one job for all
     PrinterOffset offset;
+    LetterArrangement arrangement;
 };
 
 } // namespace inin::viewer

@@ -1,4 +1,5 @@
 #include "runtime/runtime_error.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/document/letter_file_name.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/window/check_panel.h"
@@ -14,6 +15,7 @@
 #include <QStatusBar>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 // The window's output: printed letters and PDF files.
@@ -102,37 +104,55 @@ void ViewerWindow::print(const PrintOrder &order)
 
 void ViewerWindow::print(const PrintOrder &order, const LetterTicks &ticks)
 {
-    const std::vector<std::size_t> which = inPrintOrder(ticks.letters(), order);
-    if (which.empty()) return showMessage(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
+    if (ticks.count() == 0) return showMessage(QMessageBox::Information, u"印刷する委任状が選ばれていません。"_s);
     if (order.printer.isEmpty())
         return showMessage(QMessageBox::Warning, u"使えるプリンターがありません。PDF に保存することはできます。"_s);
-    m_paper->hide();
+    try {
+        printSheets(order, inPrintOrder(m_letters->arrange(ticks.letters(), order.arrangement).sheets(), order));
+    } catch (const RuntimeError &error) {
+        showMessage(QMessageBox::Warning, qtText(error.description()));
+    }
+}
+
+void ViewerWindow::printSheets(const PrintOrder &order, const std::vector<std::size_t> &sheets)
+{
     recordBeforeOutput();
+    m_paper->hide();
     const auto onSent = [&](std::span<const std::size_t> letters, const std::string &number) {
         m_desk.record(
             {OutputKind::print, utf8Text(order.printer), number, {letters.begin(), letters.end()}, m_services.now()});
     };
-    runTask(u"印刷しています"_s, which.size(), [&](const Progress &progress) {
-        const PrintResult result = printLetters(*m_letters, which, order, m_services.paths, progress, onSent);
+    runTask(u"印刷しています"_s, letterCount(m_letters->set, sheets), [&](const Progress &progress) {
+        const PrintResult result =
+            printLetters(*m_letters, sheets, order, m_services.paths, inLetters(progress, sheets), onSent);
         m_desk.refresh();
         showStates();
-        showPrinted(result, which);
+        showPrinted(result, sheets);
         // A print that was cancelled in order to close counts as complete; a refusal keeps the window open.
         return result.fault.empty();
     });
 }
 
-void ViewerWindow::showPrinted(const PrintResult &result, const std::vector<std::size_t> &which)
+/// Reports the number of letters instead of that of sheets.
+Progress ViewerWindow::inLetters(const Progress &progress, const std::vector<std::size_t> &sheets) const
+{
+    return [this, &progress, &sheets](std::size_t done) {
+        return progress(letterCount(m_letters->set, std::span(sheets).first(done)));
+    };
+}
+
+void ViewerWindow::showPrinted(const PrintResult &result, const std::vector<std::size_t> &sheets)
 {
     if (result.isDone()) {
-        statusBar()->showMessage(u"%1通をプリンターに送りました。"_s.arg(which.size()));
+        statusBar()->showMessage(u"%1通をプリンターに送りました。"_s.arg(letterCount(m_letters->set, sheets)));
         if (m_closesWhenPrinted) m_closesAfterTask = true;
         return;
     }
     m_closesWhenPrinted = false;
-    const std::span<const std::size_t> all(which);
+    const std::span<const std::size_t> all(sheets);
     const QString parts = u"\n\nプリンターに送った番号：%1\n送っていない番号：%2"_s.arg(
-        numbersText(all.first(result.sent)), numbersText(all.subspan(result.sent)));
+        numbersText(lettersAmong(m_letters->set, all.first(result.sent))),
+        numbersText(lettersAmong(m_letters->set, all.subspan(result.sent))));
     if (result.isCancelled)
         showMessage(QMessageBox::Information, u"印刷を中止しました。"_s + parts);
     else
@@ -160,7 +180,17 @@ void ViewerWindow::savePdf(const PdfOrder &order)
     }
     if (which.empty()) return showMessage(QMessageBox::Information, u"保存する委任状が選ばれていません。"_s);
     try {
-        order.fileEach ? writePdfEach(order, which) : writePdf(order, which);
+        if (order.fileEach) {
+            which = sortedLetters(m_letters->names, which, order.arrangement.sort);
+            return writePdfParts(order, which.size(), [&](const std::string &folder) {
+                return letterParts(m_letters->set, which, folder, utf8Text(order.pattern));
+            });
+        }
+        const ArrangedLetters arranged = m_letters->arrange(which, order.arrangement);
+        if (!order.fileBundle) return writePdf(order, arranged.sheets());
+        writePdfParts(order, which.size(), [&](const std::string &folder) {
+            return bundleParts(m_letters->set, arranged.bundles, order.arrangement.sort, folder);
+        });
     } catch (const RuntimeError &error) {
         showMessage(QMessageBox::Warning, qtText(error.description()));
     }
@@ -174,39 +204,45 @@ void ViewerWindow::keepPdfFolder(const QString &folder)
     (void)m_settings.save();
 }
 
-void ViewerWindow::writePdf(const PdfOrder &order, const std::vector<std::size_t> &which)
+void ViewerWindow::writePdf(const PdfOrder &order, const std::vector<std::size_t> &sheets)
 {
+    const std::vector<std::size_t> letters = lettersAmong(m_letters->set, sheets);
     const QString path =
-        m_services.askPdfFile(this, m_settings.pdfFolder(), qtText(fileNameOfAll(m_letters->set, which, ".pdf")));
+        m_services.askPdfFile(this, m_settings.pdfFolder(), qtText(fileNameOfAll(m_letters->set, letters, ".pdf")));
     if (path.isEmpty()) return;
     keepPdfFolder(QFileInfo(path).absolutePath());
     if (m_settings.printsCodes()) recordBeforeOutput();
-    runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
-        const bool isDone = writeLettersPdf(utf8Text(path), m_letters->renderer, which, progress, {order.purpose});
-        if (isDone) recordSaved(which);
-        statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(which.size()).arg(path)
+    runTask(u"PDF に保存しています"_s, letters.size(), [&](const Progress &progress) {
+        const bool isDone =
+            writeLettersPdf(utf8Text(path), m_letters->renderer, sheets, inLetters(progress, sheets), {order.purpose});
+        if (isDone) recordSaved(letters);
+        statusBar()->showMessage(isDone ? u"%1通を「%2」に保存しました。"_s.arg(letters.size()).arg(path)
                                         : u"保存を中止しました。ファイルは作られていません。"_s);
         return true;
     });
 }
 
-void ViewerWindow::writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which)
+/// Saves letters as several files in a folder that the user chooses.
+void ViewerWindow::writePdfParts(const PdfOrder &order, std::size_t letters,
+                                 const std::function<std::vector<PdfPart>(const std::string &)> &partsIn)
 {
     const QString folder = m_services.askFolder(this, m_settings.pdfFolder());
     if (folder.isEmpty()) return;
     keepPdfFolder(folder);
-    const std::vector<std::string> paths =
-        letterPdfPaths(m_letters->set, which, utf8Text(folder), utf8Text(order.pattern));
-    const auto old = std::ranges::count_if(paths, [](const std::string &path) { return QFile::exists(qtText(path)); });
+    const std::vector<PdfPart> parts = partsIn(utf8Text(folder));
+    const auto old = std::ranges::count_if(parts, [](const PdfPart &part) { return QFile::exists(qtText(part.path)); });
     if (old > 0 && !m_services.mayReplace(this, u"同じ名前のファイルが%1個あります。上書きしますか。"_s.arg(old)))
         return;
     if (m_settings.printsCodes()) recordBeforeOutput();
-    runTask(u"PDF に保存しています"_s, which.size(), [&](const Progress &progress) {
-        const std::size_t written = writeLetterPdfs(paths, m_letters->renderer, which, progress, order.purpose);
-        recordSaved(std::span(which).first(written));
-        statusBar()->showMessage(written == which.size()
-                                     ? u"%1通を「%2」に保存しました。"_s.arg(written).arg(folder)
-                                     : u"保存を中止しました。%1通は保存してあります。"_s.arg(written));
+    runTask(u"PDF に保存しています"_s, letters, [&](const Progress &progress) {
+        const std::size_t files = viewer::writePdfParts(parts, m_letters->renderer, progress, order.purpose);
+        std::vector<std::size_t> saved;
+        for (const PdfPart &part : std::span(parts).first(files))
+            std::ranges::copy(lettersAmong(m_letters->set, part.sheets), std::back_inserter(saved));
+        recordSaved(saved);
+        statusBar()->showMessage(files == parts.size()
+                                     ? u"%1通を「%2」に保存しました。"_s.arg(letters).arg(folder)
+                                     : u"保存を中止しました。%1通は保存してあります。"_s.arg(saved.size()));
         return true;
     });
 }

@@ -79,6 +79,18 @@ void ViewerSettings::setLetterOrder(LetterOrder order)
     m_file.setValue(u"print/reversed"_s, order == LetterOrder::reversed);
 }
 
+LetterArrangement ViewerSettings::arrangement() const
+{
+    const std::string name = utf8Text(m_file.value(u"output/order"_s).toString());
+    return {letterSortNamed(name).value_or(LetterSort::extraction), m_file.value(u"output/covers"_s).toBool()};
+}
+
+void ViewerSettings::setArrangement(const LetterArrangement &arrangement)
+{
+    m_file.setValue(u"output/order"_s, QLatin1String(textOf(arrangement.sort).name));
+    m_file.setValue(u"output/covers"_s, arrangement.hasCovers);
+}
+
 QString ViewerSettings::printer() const
 {
     return m_file.value(u"print/printer"_s).toString();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/check/cause.h"
+#include "viewer/document/letter_bundles.h"
 #include "viewer/ledger/ledger_place.h"
 
 #include <QByteArray>
@@ -16,9 +17,6 @@ struct PrinterOffset {
     std::int32_t right = 0, down = 0;
     friend bool operator==(const PrinterOffset &, const PrinterOffset &) = default;
 };
-
-/// The order in which letters are printed.
-enum class LetterOrder { forward, reversed };
 
 /// How the window was divided and how the page was shown; 0 and an empty text mean the defaults.
 struct ViewLayout {
@@ -44,6 +42,8 @@ public:
     void setTray(const QString &printer, const QString &tray);
     [[nodiscard]] LetterOrder letterOrder() const;
     void setLetterOrder(LetterOrder order);
+    [[nodiscard]] LetterArrangement arrangement() const;
+    void setArrangement(const LetterArrangement &arrangement);
     /// 0 means one job for all letters.
     [[nodiscard]] int lettersPerJob() const;
     void setLettersPerJob(int letters);

@@ -10,6 +10,7 @@
 #include "viewer/window/open_letters.h"
 #include "viewer/window/page_view.h"
 #include "viewer/window/pdf_dialog.h"
+#include "viewer/window/pdf_output.h"
 #include "viewer/window/viewer_services.h"
 
 #include <QMainWindow>
@@ -131,10 +132,13 @@ private:
     /// A dialog for `ticks`, which must outlive it.
     [[nodiscard]] std::unique_ptr<PrintDialog> printDialog(LetterTicks &ticks);
     void print(const PrintOrder &order, const LetterTicks &ticks);
+    void printSheets(const PrintOrder &order, const std::vector<std::size_t> &sheets);
+    [[nodiscard]] Progress inLetters(const Progress &progress, const std::vector<std::size_t> &sheets) const;
     void runTask(const QString &title, std::size_t total, const std::function<bool(const Progress &)> &task);
-    void showPrinted(const PrintResult &result, const std::vector<std::size_t> &which);
-    void writePdf(const PdfOrder &order, const std::vector<std::size_t> &which);
-    void writePdfEach(const PdfOrder &order, const std::vector<std::size_t> &which);
+    void showPrinted(const PrintResult &result, const std::vector<std::size_t> &sheets);
+    void writePdf(const PdfOrder &order, const std::vector<std::size_t> &sheets);
+    void writePdfParts(const PdfOrder &order, std::size_t letters,
+                       const std::function<std::vector<PdfPart>(const std::string &folder)> &partsIn);
     void keepPdfFolder(const QString &folder);
     void askPrintOnly(LetterTicks &only, const QString &title);
 

@@ -1,5 +1,6 @@
 #include "viewer/ledger/run_comparison.h"
 
+#include "viewer/document/folded_name.h"
 #include "viewer/ledger/ledger_world.h"
 #include "viewer/ledger/letter_identity.h"
 #include "viewer/support/viewer_world.h"

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "viewer/document/letter_bundles.h"
+
+#include <string_view>
+#include <vector>
+
+namespace inin::viewer {
+
+/// The file of a site's own cover form, in the folder of the letters' form.
+inline constexpr const char *kCoverFormName = "束の表紙.wfd";
+/// The bytes of the built-in cover form.
+[[nodiscard]] std::string_view builtInCoverForm();
+
+/// Gives each bundle the pages of a cover, which list its letters, and returns them as a report: one row for each page, with
+/// as many names as the form has columns 氏名1, 氏名2 … A form without them has one page for each bundle.
+[[nodiscard]] LetterReport addCovers(const LetterSet &set, const LetterNames &names,
+                                     std::vector<LetterBundle> &bundles);
+
+} // namespace inin::viewer
