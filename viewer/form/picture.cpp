@@ -114,7 +114,8 @@ public:
         if (setjmp(m_errors.failed) == 0) {
             jpeg_create_decompress(&m_jpeg);
             m_jpeg.progress = &m_progress;
-            jpeg_mem_src(&m_jpeg, reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size());
+            jpeg_mem_src(&m_jpeg, reinterpret_cast<const unsigned char *>(bytes.data()),
+                         static_cast<unsigned long>(bytes.size()));
             m_isGood = jpeg_read_header(&m_jpeg, TRUE) == JPEG_HEADER_OK;
         }
     }

@@ -104,7 +104,8 @@ private:
         std::multimap<std::uint64_t, std::size_t> open; // equal values keep their order
         for (const std::size_t letter : person.before)
             if (m_before[letter].*part != 0) open.emplace(m_before[letter].*part, letter);
-        std::vector<bool> isTaken(m_before.empty() ? 0 : person.before.back() + 1);
+        if (open.empty()) return;
+        std::vector<bool> isTaken(person.before.back() + 1);
         std::erase_if(person.now, [&](std::size_t letter) {
             const auto found = open.lower_bound(m_now[letter].*part);
             if (found == open.end() || found->first != m_now[letter].*part) return false;
