@@ -9,7 +9,7 @@
 #include "viewer/document/letter_renderer.h"
 #include "viewer/form/svg_reader.h"
 #include "viewer/letters/csv_reader.h"
-#include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/qt_letter_page.h"
 #include "viewer/paint/scanned_pages.h"
 #include "viewer/returns/returned_pages.h"
 
@@ -58,7 +58,7 @@ std::vector<std::string> scans(const TempFolder &folder, Ledger &ledger)
     QtGlyphs glyphs;
     for (std::size_t i = 0; i < kFiles; ++i) {
         files.push_back(folder / fmt::format("{:03}.png", i));
-        const QImage page = letterImage(renderer, i, kDotsPerInch, glyphs).convertToFormat(QImage::Format_Grayscale8);
+        const QImage page = pageImage(renderer, i, kDotsPerInch, glyphs).convertToFormat(QImage::Format_Grayscale8);
         if (!page.save(QString::fromStdString(files.back()))) throw std::runtime_error("a picture was not written");
     }
     return files;
