@@ -5,8 +5,9 @@
 #include "viewer/document/letter_renderer.h"
 #include "viewer/io/fingerprint.h"
 #include "viewer/ledger/ledger.h"
+#include "viewer/ledger/ledger_place.h"
 #include "viewer/ledger/run_comparison.h"
-#include "viewer/paint/qt_page_painter.h"
+#include "viewer/paint/qt_letter_page.h"
 
 #include <fmt/format.h>
 
@@ -90,7 +91,7 @@ double openLetterFiles(const std::string &script, std::optional<LetterSet> &set)
         Fonts fonts;
         LetterRenderer renderer(*set, fonts);
         QtGlyphs glyphs;
-        if (letterImage(renderer, 0, kDotsPerInch, glyphs).isNull()) throw std::runtime_error("no page");
+        if (pageImage(renderer, 0, kDotsPerInch, glyphs).isNull()) throw std::runtime_error("no page");
     });
 }
 
