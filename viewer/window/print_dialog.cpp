@@ -263,6 +263,11 @@ void PrintDialog::enablePrint()
     m_print->setEnabled(hasPrinter && m_ticks.count() > 0);
 }
 
+void PrintDialog::hideArrangement()
+{
+    m_arrangement->hide();
+}
+
 void PrintDialog::showNotices(std::function<QString(const LetterTicks &)> notices)
 {
     m_noticesOf = std::move(notices);

@@ -41,6 +41,8 @@ public:
     [[nodiscard]] PrintOrder order() const;
     /// Shows what the user should know about the ticked letters before printing, now and after each change of the ticks.
     void showNotices(std::function<QString(const LetterTicks &)> notices);
+    /// Leaves out order and covers, which a single letter does not have.
+    void hideArrangement();
     /// Called when the user has changed the ticks.
     std::function<void()> onTicksChanged;
     /// Prints the page of rulers; returns an error sentence or an empty text.
