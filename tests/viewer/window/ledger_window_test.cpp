@@ -518,7 +518,7 @@ TEST_CASE("the notice of the ledger does not displace the warnings about the let
     CHECK(contains(world.textOf("noticeText"), "台帳"));
 }
 
-TEST_CASE("the print dialog says how many of the letters to be printed are printed already")
+TEST_CASE("the print dialog counts the letters to be printed that are printed already")
 {
     LedgerWorld world(differentRows(4));
     world.openWindow();
