@@ -34,7 +34,7 @@ add_library(ODBC::ODBC INTERFACE IMPORTED GLOBAL)
 set_target_properties(ODBC::ODBC PROPERTIES INTERFACE_LINK_LIBRARIES odbc32)
 
 # For the letters: shaping and subsetting fonts, reading form documents and their pictures, compressing PDF.
-foreach(library harfbuzz expat png jpeg)
+foreach(library harfbuzz expat png jpeg deflate)
     string(TOUPPER ${library} upper)
     set(ININ_${upper} "$ENV{HOME}/.cache/inin-windows/${library}" CACHE PATH "Folder of include/ and lib/lib${library}.a")
     if(NOT EXISTS "${ININ_${upper}}/lib/lib${library}.a")

@@ -29,7 +29,8 @@ NOTICES = {
 }
 INSIDE = {"HarfBuzz.txt": "HarfBuzz", "Expat.txt": "Expat", "zlib.txt": "zlib", "fmt.txt": "Zverovich",
           "CLI11.txt": "Cincinnati", "nlohmann json.txt": "Lohmann", "SQLite.txt": "public-domain",
-          "mingw-w64.txt": "mingw-w64", "libpng.txt": "PNG", "libjpeg-turbo.txt": "libjpeg"}
+          "mingw-w64.txt": "mingw-w64", "libpng.txt": "PNG", "libjpeg-turbo.txt": "libjpeg",
+          "libdeflate.txt": "Biggers"}
 # The parts inside Qt that this build of Qt takes from Qt's own sources.
 INSIDE_QT = ["PCRE2", "zlib", "Binary-Decimal", "HarfBuzz-NG", "LibJPEG", "LibPNG", "MD4C", "BLAKE2", "easing"]
 # Libraries of every Windows 10.
