@@ -1,6 +1,7 @@
 // A thousand scanned pages: reading their codes and marking the letters in the ledger, compared with a loop that only
 // decodes the same pictures and calls the library.
 
+#include "bench/figures.h"
 #include "bench/letter_rows.h"
 #include "runtime/date.h"
 #include "suite_text/code_page_932.h"
@@ -107,7 +108,10 @@ void run()
         bare = std::min(bare, secondsOf([&] { return readBare(files); }));
         ours = std::min(ours, secondsOf([&] { return readReturned(files, ledger); }));
     }
-    fmt::print("{} scanned pages: {:.1f} s, the bare loop {:.1f} s, ratio {:.2f}\n", kPages, ours, bare, ours / bare);
+    print({.name = fmt::format("{} scanned pages read", kPages),
+           .ours = secondsText(ours),
+           .peer = secondsText(bare) + " bare loop",
+           .ratio = ratioText(ours / bare)});
 }
 
 } // namespace
