@@ -287,7 +287,8 @@ TEST_CASE("letters with and without a conditional line keep their own paragraphs
 {
     std::string form = "<text data-if='世帯主名' x='9' y='9'>世帯主</text><text x='9' y='20'>{{利用者氏名}}</text>";
     for (int line = 0; line < 20; ++line)
-        form += "<text x='9' y='" + std::to_string(40 + 12 * line) + "'>行" + std::to_string(line) + "</text>";
+        form +=
+            "<text x='9' y='" + std::to_string(40 + 12 * line) + "'>{{保険者名}}" + std::to_string(line) + "</text>";
     std::vector<Row> rows;
     for (int i = 0; i < 99; ++i) {
         rows.push_back(rowOf("甲市", "名" + std::to_string(i)));
