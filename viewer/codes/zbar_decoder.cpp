@@ -30,7 +30,7 @@ std::vector<std::string> decodeQr(const GreyPicture &picture, InkThreshold /*the
 {
     const std::vector<std::uint8_t> pixels = packedRows(picture);
     zbar::Image image(static_cast<unsigned>(picture.width), static_cast<unsigned>(picture.height), "Y800",
-                      pixels.data(), pixels.size());
+                      pixels.data(), static_cast<unsigned long>(pixels.size()));
     zbar::ImageScanner scanner;
     scanner.set_config(zbar::ZBAR_NONE, zbar::ZBAR_CFG_ENABLE, 0);
     scanner.set_config(zbar::ZBAR_QRCODE, zbar::ZBAR_CFG_ENABLE, 1);
