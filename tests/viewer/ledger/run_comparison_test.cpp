@@ -222,10 +222,10 @@ TEST_CASE("the texts of several reports are joined by column, and a column that 
 {
     const std::string form = svgPage("<text x='20' y='20'>{{利用者氏名}}</text>");
     LetterSet set = lettersOn(form, {ordinaryRow()});
-    LetterReport other = set.reports.front();
+    LetterReport other = std::move(lettersOn(form, {ordinaryRow()}).reports.front());
     other.letters = readLetters(encodeCp932("\"部屋\",\"利用者氏名\"\r\n\"201\",\"鈴木\"\r\n"), TitleRow::first);
     other.columns = other.letters.columns();
-    set.reports.push_back(other);
+    set.reports.push_back(std::move(other));
     const RunTexts texts = textsOf(set);
     REQUIRE(texts.size() == 2);
     CHECK(texts.columns().size() == programTitles().size() + 1);
@@ -237,17 +237,19 @@ TEST_CASE("the texts of several reports are joined by column, and a column that 
 
 TEST_CASE("the months of a run extend over those of all its reports")
 {
-    const auto reportOf = [](const std::string &start, const std::string &end) {
-        Row row = ordinaryRow();
-        row["対象開始日"] = start;
-        row["対象終了日"] = end;
-        return lettersOn(svgPage("<text x='20' y='20'>{{利用者氏名}}</text>"), {row}).reports.front();
+    struct Period {
+        const char *start, *end;
     };
-    const LetterReport autumn = reportOf("2026/11/01", "2026/11/30"), winter = reportOf("2026/12/01", "2027/01/31"),
-                       undated = reportOf("", "");
-    const auto monthsOf = [](const std::vector<LetterReport> &reports) {
+    const Period autumn{"2026/11/01", "2026/11/30"}, winter{"2026/12/01", "2027/01/31"}, undated{"", ""};
+    const auto monthsOf = [](const std::vector<Period> &periods) {
         LetterSet set;
-        set.reports = reports;
+        for (const Period &period : periods) {
+            Row row = ordinaryRow();
+            row["対象開始日"] = period.start;
+            row["対象終了日"] = period.end;
+            LetterSet one = lettersOn(svgPage("<text x='20' y='20'>{{利用者氏名}}</text>"), {row});
+            set.reports.push_back(std::move(one.reports.front()));
+        }
         return markOf(set).period;
     };
     constexpr MonthRange kAll{monthNumber(2026, 11), monthNumber(2027, 1)};
