@@ -158,10 +158,11 @@ std::string differenceText(const LetterDifference &difference)
     if (!difference.earlier) return "比べられる印刷の記録がありません。\n";
     const RunComparison &found = difference.comparison;
     const RunSummary &earlier = *difference.earlier;
-    const std::string time = timeText(earlier.printed.value_or(earlier.recorded));
-    if (found.isSame()) return fmt::format("{} の{}通と同じ内容です。\n", time, earlier.letters);
-    std::string text = fmt::format("前回（{}）から：新しい {}通、変わった {}通、なくなった {}通\n", time,
-                                   found.added.size(), found.changed.size(), found.gone.size());
+    // The time of the first output, because a later one may have been of some letters only.
+    if (found.isSame()) return fmt::format("{} の{}通と同じ内容です。\n", timeText(earlier.recorded), earlier.letters);
+    std::string text = fmt::format("前回（{}）から：新しい {}通、変わった {}通、なくなった {}通\n",
+                                   timeText(earlier.printed.value_or(earlier.recorded)), found.added.size(),
+                                   found.changed.size(), found.gone.size());
     for (const std::size_t letter : found.added) text += "新しい　" + titleOf(difference.now, letter) + '\n';
     for (const ChangedLetter &letter : found.changed) {
         text += "変わった　" + titleOf(difference.now, letter.now) + '\n';

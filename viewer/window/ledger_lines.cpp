@@ -46,7 +46,8 @@ QList<LinkPart> comparedLine(const LedgerDesk &desk, Date now)
     if (std::ranges::any_of(desk.earlierRuns(), isOther))
         choice = {{u"　"_s}, {u"比べる相手…"_s, QLatin1String(kRunsLink)}};
     if (comparison.isSame())
-        return QList<LinkPart>{{u"%1 の%2通と同じ内容です。"_s.arg(momentText(printed, now)).arg(run->letters)}} +
+        // The time of the first output, because a later one may have been of some letters only.
+        return QList<LinkPart>{{u"%1 の%2通と同じ内容です。"_s.arg(momentText(run->recorded, now)).arg(run->letters)}} +
                choice;
     const bool isLast = !desk.earlierRuns().empty() && desk.earlierRuns().front().id == run->id;
     const QString from = isLast ? u"前回（%1）から："_s.arg(timeText(printed, now, Precision::day))

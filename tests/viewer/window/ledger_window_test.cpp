@@ -266,6 +266,17 @@ TEST_CASE("letters that were printed before are reported as the same")
     CHECK(lineOf(world, "comparedLine") == "5月20日 10:32 の3通と同じ内容です。");
 }
 
+TEST_CASE("the same letters are named by their first print, not by a later one of some of them")
+{
+    LedgerWorld world(differentRows(3));
+    world.openWindow();
+    world.print("1-3");
+    world.openAgain();
+    world.print("2");
+    world.openAgain();
+    CHECK(lineOf(world, "comparedLine") == "5月20日 10:32 の3通と同じ内容です。");
+}
+
 TEST_CASE("a run is compared with the last printed one, and each part of the line filters the list")
 {
     LedgerWorld world(differentRows(5));
