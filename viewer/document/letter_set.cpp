@@ -215,9 +215,15 @@ std::size_t LetterSet::size() const
     return count;
 }
 
+bool LetterSet::hasOwnPaper(const FormDocument &form, std::size_t page) const
+{
+    if (usesFormPaper || form.paper == FormPaper::own) return true;
+    return form.paper == FormPaper::standard && paper == Paper::A4 && isStandardPaper(form.pageSize(page));
+}
+
 Point LetterSet::paperOf(const FormDocument &form, std::size_t page) const
 {
-    return usesFormPaper || form.keepsOwnPaper ? form.pageSize(page) : sizeOf(paper);
+    return hasOwnPaper(form, page) ? form.pageSize(page) : sizeOf(paper);
 }
 
 std::string LetterSet::shownTitle() const

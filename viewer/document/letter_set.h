@@ -47,6 +47,8 @@ struct LetterSet {
         std::size_t report = 0, row = 0;
     };
     [[nodiscard]] std::size_t size() const;
+    /// Whether a page of a form is printed on paper of its own size instead of the script's paper.
+    [[nodiscard]] bool hasOwnPaper(const FormDocument &form, std::size_t page) const;
     /// Width and height of the paper for a page of a form.
     [[nodiscard]] Point paperOf(const FormDocument &form, std::size_t page) const;
     /// The title, or a default when the script gives none.
