@@ -48,7 +48,8 @@ void readForm(LetterReport &report, const LetterSet &set)
         report.form = readSvg(builtInCoverForm());
         return;
     }
-    report.form = readFormFile(report.formPath, readWholeFile(report.formPath, kLargestForm));
+    std::vector<StampedFile> pictures;
+    report.form = readFormFile(report.formPath, readWholeFile(report.formPath, kLargestForm), pictures);
 }
 
 std::vector<std::string> columnsOf(std::size_t names)
