@@ -27,6 +27,7 @@ TEST_CASE("the check of a demo site's letters finds the three patients without a
     CHECK(patients == std::vector<std::string>{"香川　和子", "藤原　ヨネ", "遠藤　明美"});
 }
 
+// To renew site/sample_letters.csv after a change of the demo data, store the first 61 lines of this play's letters in it.
 TEST_CASE("the sample letters of a form are the first sixty of a demo site's month")
 {
     const SitePlay play("print-month.jsonl", "2024-05-20 10:00:00");
