@@ -35,6 +35,11 @@ LedgerSettings ledgerSettings()
     return ViewerSettings().ledger();
 }
 
+bool printsCodes()
+{
+    return ViewerSettings().printsCodes();
+}
+
 namespace {
 
 /// Pages whose letters are marked in one record.

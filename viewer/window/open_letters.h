@@ -23,9 +23,9 @@ struct OpenLetters {
     /// Shows the letters on their forms as these are on the disk now; letters, names and ticks stay as they are. Throws a
     /// RuntimeError with a sentence for a form that cannot be used, and then changes nothing.
     void readFormsAgain();
-    /// Sorts and bundles letters for an output and sets the covers in the renderer. Throws a RuntimeError with a sentence for
-    /// an unusable cover form.
-    [[nodiscard]] ArrangedLetters arrange(std::vector<std::size_t> letters, const LetterArrangement &arrangement);
+    /// Sorts and bundles letters for an output and sets the covers in the renderer; a single letter gets none. Throws a
+    /// RuntimeError with a sentence for an unusable cover form.
+    [[nodiscard]] ArrangedLetters arrange(std::vector<std::size_t> letters, LetterArrangement arrangement);
 
     LetterSet set;
     Fonts fonts;
