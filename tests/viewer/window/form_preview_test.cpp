@@ -110,7 +110,7 @@ TEST_CASE("the letters stay those that were opened when the form is saved")
     CHECK(world.window->letters().set.size() == 5);
 }
 
-TEST_CASE("a broken save keeps the last good form and says why, and the next good save is shown")
+TEST_CASE("a broken save keeps the last good form and shows the reason, and the next good save is shown")
 {
     struct Case {
         const char *saved, *reason;
