@@ -14,5 +14,6 @@ namespace inin::site {
 [[nodiscard]] std::string_view aichiForm();
 [[nodiscard]] std::string_view blankAichiForm();
 [[nodiscard]] std::string_view takamatsuForm();
+[[nodiscard]] std::string_view coverForm();
 
 } // namespace inin::site

@@ -41,13 +41,12 @@ constexpr std::string_view kConnection = "[接続情報]\n"
 constexpr std::string_view kFormsNote =
     "帳票（委任状37_01.wfd、委任状23.wfd、委任状37_高松市.wfd）は SVG ファイルです。Inkscape で開いて直せます。\n"
     "二重の波かっこの中は CSV の列の名前で、印刷のときに値と入れ替わります。\n"
-    "委任状23_空欄.wfd は空欄の様式です。DATA\\帳票Format.ini に名前を書くと、この様式で印刷されます。\n";
+    "委任状23_空欄.wfd は空欄の様式です。DATA\\帳票Format.ini に名前を書くと、この様式で印刷されます。\n"
+    "束の表紙.wfd は、保険者や地区ごとの束に付ける表紙です。\n";
 
 constexpr DemoForm kForms[] = {
-    {"委任状37_01.wfd", standardForm},
-    {"委任状23.wfd", aichiForm},
-    {"委任状23_空欄.wfd", blankAichiForm},
-    {"委任状37_高松市.wfd", takamatsuForm},
+    {"委任状37_01.wfd", standardForm},      {"委任状23.wfd", aichiForm}, {"委任状23_空欄.wfd", blankAichiForm},
+    {"委任状37_高松市.wfd", takamatsuForm}, {"束の表紙.wfd", coverForm},
 };
 
 /// Text files of the suite: code page 932, CR LF.

@@ -189,9 +189,9 @@ try {
 
 /// The names of files that every site has. Others may be named after a person.
 constexpr std::string_view kKnownNames[] = {
-    "massage.ini",     "adodb.ini",    "sorvin.ver",          "emapuser.ini",    "printinin",      "printinin.exe",
-    "委任状.csv",      "委任状.run",   "wfdcom.dat",          "印刷設定.ini",    "帳票format.ini", "demo.db",
-    "委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd", "formviewer.path", ".inin-site"};
+    "massage.ini",     "adodb.ini",    "sorvin.ver",          "emapuser.ini", "printinin",       "printinin.exe",
+    "委任状.csv",      "委任状.run",   "wfdcom.dat",          "印刷設定.ini", "帳票format.ini",  "demo.db",
+    "委任状37_01.wfd", "委任状23.wfd", "委任状37_高松市.wfd", "束の表紙.wfd", "formviewer.path", ".inin-site"};
 constexpr std::string_view kKnownExtensions[] = {".wfd", ".pdf", ".png", ".bmp", ".jpg", ".ini", ".csv",
                                                  ".dat", ".db",  ".exe", ".dll", ".log", ".txt"};
 

@@ -37,7 +37,7 @@ NOT_CAPTIONS = {
 # Keys of the form viewer's menus that the manual leaves out: other keys of a keyboard for "Ctrl++".
 OTHER_KEYS = {"Ctrl+;", "Ctrl+="}
 # Keys that the toolkit gives to standard commands, and access keys.
-STANDARD_KEYS = {"Ctrl+P", "Ctrl+S", "Ctrl+F", "F1", "F5", "Alt+A", "Alt+H"}
+STANDARD_KEYS = {"Ctrl+P", "Ctrl+S", "Ctrl+F", "F1", "F5", "Alt+A", "Alt+H", "Alt+T"}
 
 
 def sources():

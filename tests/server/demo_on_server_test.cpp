@@ -13,6 +13,7 @@
 #include <doctest/doctest.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
 
 using namespace inin;

@@ -34,6 +34,8 @@ TEST_CASE("missing form documents are written to the folder that the settings na
     CHECK(sentences.starts_with("「委任状37_01.wfd」を書き込みました。\n"));
     CHECK(site.folder.bytes("FORMS/委任状37_01.wfd") == site::demoForms()[0].text());
     CHECK(site.folder.bytes("FORMS/委任状23.wfd") == site::demoForms()[1].text());
+    CHECK(sentences.find("「束の表紙.wfd」を書き込みました。\n") != std::string::npos);
+    CHECK(site.folder.bytes("FORMS/束の表紙.wfd") == bytesOf(std::string(ININ_SITE) + "/forms/束の表紙.wfd"));
 }
 
 TEST_CASE("an edited form document is kept")

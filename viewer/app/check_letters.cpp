@@ -22,7 +22,7 @@ std::size_t printCheckReport(const ViewCommand &command)
         resultOf(checkLetters(renderer, command.today.value_or(presentDay())), set.size(), command.withoutChecks);
     CheckReport report{letters.size(), set.notices, std::move(result.findings), std::move(result.runNotes),
                        command.withoutChecks};
-    for (const std::vector<std::string> &more : {fonts.notices(), renderer.formNotices()})
+    for (const std::vector<std::string> &more : {fonts.notices(), renderer.formNotices(), renderer.coverNotices()})
         report.notices.insert(report.notices.end(), more.begin(), more.end());
     // All letters are checked, even if only some are requested: a duplicate may be among the others.
     std::erase_if(report.findings,

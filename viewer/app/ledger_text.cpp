@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace inin::viewer {
 
@@ -13,7 +14,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-using StateCounts = std::array<std::size_t, kLetterStates>;
+using StateCounts = std::array<std::size_t, std::size(kLetterStates)>;
 StateCounts countStates(const std::vector<LetterState> &states)
 {
     StateCounts counts{};
@@ -92,18 +93,16 @@ struct ExportedRun {
     RunTexts texts;
     std::vector<LetterState> states;
     std::vector<std::optional<Date>> returns;
-    std::optional<LetterCode> firstCode; ///< the others follow
-    [[nodiscard]] std::size_t size() const { return std::min({texts.size(), states.size(), returns.size()}); }
-    [[nodiscard]] std::string codeOf(std::size_t letter) const
+    std::vector<std::string> codes;
+    [[nodiscard]] std::size_t size() const
     {
-        if (!firstCode) return {};
-        return codeText({firstCode->ledger, firstCode->letter + static_cast<std::uint32_t>(letter)});
+        return std::min({texts.size(), states.size(), returns.size(), codes.size()});
     }
 };
 
 ExportedRun exportedRun(Ledger &ledger, const RunSummary &run)
 {
-    return {run, ledger.texts(run.id), ledger.states(run.id), ledger.returnTimes(run.id), ledger.codeOf(run.id, 0)};
+    return {run, ledger.texts(run.id), ledger.states(run.id), ledger.returnTimes(run.id), ledger.codes(run.id)};
 }
 
 std::string csvOf(const ExportedRun &run, const std::vector<std::string> &columns)
@@ -114,8 +113,8 @@ std::string csvOf(const ExportedRun &run, const std::vector<std::string> &column
         CsvLine line;
         const std::optional<Date> &back = run.returns[letter];
         for (const std::string &text :
-             {run.codeOf(letter), run.summary.formName, monthRangeText(run.summary.period), std::to_string(letter + 1),
-              std::string(stateText(run.states[letter])), timeText(run.summary.recorded), printed,
+             {run.codes[letter], run.summary.formName, monthRangeText(run.summary.period), std::to_string(letter + 1),
+              std::string(wordsOf(run.states[letter]).text), timeText(run.summary.recorded), printed,
               back ? timeText(*back) : std::string()})
             line.add(text);
         for (const std::string &column : columns) line.add(run.texts.value(letter, run.texts.columnOf(column)));
@@ -135,7 +134,7 @@ std::string statusText(Ledger &ledger, const std::vector<RunSummary> &runs)
                             monthRangeText(run.period), run.letters);
         const StateCounts counts = countStates(ledger.states(run.id));
         for (std::size_t i = 0; i < counts.size(); ++i)
-            text += fmt::format("{}{} {}", i == 0 ? "" : "、", stateText(static_cast<LetterState>(i)), counts[i]);
+            text += fmt::format("{}{} {}", i == 0 ? "" : "、", kLetterStates[i].text, counts[i]);
         text += '\n';
     }
     return text;
@@ -147,8 +146,7 @@ Json statusJson(Ledger &ledger, const std::vector<RunSummary> &runs)
     for (const RunSummary &run : runs) {
         Json entry = runJson(run);
         const StateCounts counts = countStates(ledger.states(run.id));
-        for (std::size_t i = 0; i < counts.size(); ++i)
-            entry["states"][std::string(stateName(static_cast<LetterState>(i)))] = counts[i];
+        for (std::size_t i = 0; i < counts.size(); ++i) entry["states"][kLetterStates[i].name] = counts[i];
         list.push_back(std::move(entry));
     }
     return {
@@ -214,7 +212,7 @@ Json missingJson(Ledger &ledger, const MissingLetters &missing)
                         {"patient", letter.patient},
                         {"period", monthRangeText(letter.period)},
                         {"printed", timeText(letter.printed)},
-                        {"state", stateName(letter.state)}});
+                        {"state", wordsOf(letter.state).name}});
     return {{"period", missing.months ? Json(monthRangeText(*missing.months)) : Json()},
             {"printed", missing.printed},
             {"missing", std::move(list)}};
@@ -245,8 +243,8 @@ Json exportJson(Ledger &ledger)
         Json entry = runJson(summary), letters = Json::array();
         for (std::size_t letter = 0; letter < run.size(); ++letter)
             letters.push_back({{"number", letter + 1},
-                               {"code", run.codeOf(letter)},
-                               {"state", stateName(run.states[letter])},
+                               {"code", run.codes[letter]},
+                               {"state", wordsOf(run.states[letter]).name},
                                {"returned", timeJson(run.returns[letter])},
                                {"texts", textsJson(run.texts, letter)}});
         entry["content"] = std::move(letters);

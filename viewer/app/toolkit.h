@@ -15,6 +15,8 @@ void writePngs(const ViewCommand &command, LetterRenderer &renderer, const std::
 
 /// The operator's choices about the ledger. They are made in a window; a build without windows has the defaults.
 [[nodiscard]] LedgerSettings ledgerSettings();
+/// Whether the letters get their codes. Off in a build without windows.
+[[nodiscard]] bool printsCodes();
 
 /// Marks the letters of scanned pages as returned and prints the result of each page. Returns the exit code: 1 when a
 /// page or a file needs the attention of the operator.

@@ -31,6 +31,11 @@ LedgerSettings ledgerSettings()
     return ViewerSettings().ledger();
 }
 
+bool printsCodes()
+{
+    return ViewerSettings().printsCodes();
+}
+
 namespace {
 
 /// Pages whose letters are marked in one record.

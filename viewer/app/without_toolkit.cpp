@@ -15,6 +15,11 @@ LedgerSettings ledgerSettings()
     return {};
 }
 
+bool printsCodes()
+{
+    return false;
+}
+
 int markReturned(const ReturnedCommand &)
 {
     showFailure("formviewer: このプログラムは、読み取ったページを調べられません。");

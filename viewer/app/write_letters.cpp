@@ -4,6 +4,7 @@
 #include "system/file_path.h"
 #include "system/program_edges.h"
 #include "system/whole_file.h"
+#include "viewer/app/recorded_files.h"
 #include "viewer/app/toolkit.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/document/letter_bundles.h"
@@ -53,6 +54,8 @@ void writeLetters(const ViewCommand &command)
     for (const std::string &notice : fonts.notices()) printNotice(notice);
     for (const std::string &notice : renderer.formNotices()) printNotice(notice);
     printFaults(set, letters);
+    RecordedFiles files(renderer);
+    files.addCodes();
     renderer.onMarks = [&](std::size_t letter, const auto &marks) { printMarks(renderer, letter, marks); };
     if (!command.pdf.empty()) {
         const PdfPurpose purpose = command.archive    ? PdfPurpose::archive
@@ -60,10 +63,16 @@ void writeLetters(const ViewCommand &command)
                                                       : PdfPurpose::reading;
         ArrangedLetters arranged = arrangeLetters(set, letters, command.arrangement);
         renderer.setCovers(std::move(arranged.covers));
-        writeLettersPdf(command.pdf, renderer, arranged.sheets(), {}, {purpose});
+        const std::vector<std::size_t> sheets = arranged.sheets();
+        writeLettersPdf(command.pdf, renderer, sheets, {}, {purpose});
+        files.add(OutputKind::pdf, lettersAmong(set, sheets));
         renderer.onMarks = nullptr; // do not print the marks again for the pictures
     }
-    if (!command.pngFolder.empty()) writePngs(command, renderer, letters);
+    if (!command.pngFolder.empty()) {
+        writePngs(command, renderer, letters);
+        files.add(OutputKind::pictures, letters);
+    }
+    files.printNotice();
 }
 
 void writeCombinedForm(const MergeCommand &command)

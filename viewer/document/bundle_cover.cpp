@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 #include <variant>
 
 namespace inin::viewer {
@@ -38,19 +39,6 @@ std::size_t namesOn(const FormDocument &form)
     return most;
 }
 
-/// The site's own form beside the letters' form, and the built-in one otherwise.
-void readForm(LetterReport &report, const LetterSet &set)
-{
-    const std::string &beside = set.reports.front().formPath;
-    report.formPath = beside.substr(0, beside.find_last_of("/\\") + 1) + kCoverFormName;
-    if (fileInfo(systemPath(report.formPath)).kind == FileInfo::Kind::missing) {
-        report.formPath = kCoverFormName;
-        report.form = readSvg(builtInCoverForm());
-        return;
-    }
-    report.form = readFormFile(report.formPath, readWholeFile(report.formPath, kLargestForm));
-}
-
 std::vector<std::string> columnsOf(std::size_t names)
 {
     std::vector<std::string> columns = {"表題",     "保険者名", "保険者地区名", "通数",
@@ -60,6 +48,15 @@ std::vector<std::string> columnsOf(std::size_t names)
         columns.push_back(fmt::format("{}{}", kNameColumn, i));
     }
     return columns;
+}
+
+LetterReport builtInCovers()
+{
+    LetterReport report;
+    report.formPath = kCoverFormName;
+    report.form = readSvg(builtInCoverForm());
+    report.columns = columnsOf(namesOn(report.form));
+    return report;
 }
 
 std::string nameOf(const LetterNames &names, std::size_t letter)
@@ -107,14 +104,23 @@ private:
 
 } // namespace
 
+std::optional<LetterReport> siteCovers(const LetterSet &set)
+{
+    const std::string &beside = set.reports.front().formPath;
+    LetterReport report;
+    report.formPath = beside.substr(0, beside.find_last_of("/\\") + 1) + kCoverFormName;
+    if (fileInfo(systemPath(report.formPath)).kind == FileInfo::Kind::missing) return std::nullopt;
+    report.form = readFormFile(report.formPath, readWholeFile(report.formPath, kLargestForm));
+    report.columns = columnsOf(namesOn(report.form));
+    return report;
+}
+
 LetterReport addCovers(const LetterSet &set, const LetterNames &names, std::vector<LetterBundle> &bundles)
 {
-    LetterReport report;
-    readForm(report, set);
-    const std::size_t onPage = namesOn(report.form);
-    CoverPages pages(set, names, onPage);
+    std::optional<LetterReport> own = siteCovers(set);
+    LetterReport report = own ? std::move(*own) : builtInCovers();
+    CoverPages pages(set, names, namesOn(report.form));
     for (std::size_t i = 0; i < bundles.size(); ++i) pages.add(bundles[i], i + 1, bundles.size());
-    report.columns = columnsOf(onPage);
     report.letters = tableOf(report.columns, pages.rows());
     return report;
 }

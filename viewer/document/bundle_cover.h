@@ -2,6 +2,7 @@
 
 #include "viewer/document/letter_bundles.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +12,10 @@ namespace inin::viewer {
 inline constexpr const char *kCoverFormName = "束の表紙.wfd";
 /// The bytes of the built-in cover form.
 [[nodiscard]] std::string_view builtInCoverForm();
+
+/// The covers of a site that has a form of its own for them, without any page. Throws a RuntimeError with a sentence that
+/// names a form which cannot be read.
+[[nodiscard]] std::optional<LetterReport> siteCovers(const LetterSet &set);
 
 /// Gives each bundle the pages of a cover, which list its letters, and returns them as a report: one row for each page, with
 /// as many names as the form has columns 氏名1, 氏名2 … A form without them has one page for each bundle.

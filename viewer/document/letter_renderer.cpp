@@ -1,6 +1,7 @@
 #include "viewer/document/letter_renderer.h"
 
 #include "runtime/runtime_error.h"
+#include "viewer/document/bundle_cover.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/form/form_document.h"
 #include "viewer/form/placeholder.h"
@@ -19,6 +20,14 @@ const std::vector<std::string> &unreadableColumns()
 {
     static const std::vector<std::string> columns = {"行", "理由", "ファイルの内容"};
     return columns;
+}
+
+std::optional<std::string> missingNotice(const LetterReport &report, const LetterLayout &layout)
+{
+    const std::vector<char32_t> &missing = layout.missingInForm();
+    if (missing.empty()) return std::nullopt;
+    return fmt::format("「{}」：帳票の文字のうち、フォントにないものがあります：{}", report.formPath,
+                       charactersText(missing));
 }
 
 } // namespace
@@ -74,13 +83,19 @@ bool LetterRenderer::showsCodes() const
 std::vector<std::string> LetterRenderer::formNotices() const
 {
     std::vector<std::string> notices;
-    for (std::size_t i = 0; i < m_layouts.size(); ++i) {
-        const std::vector<char32_t> &missing = m_layouts[i]->missingInForm();
-        if (!missing.empty())
-            notices.push_back(fmt::format("「{}」：帳票の文字のうち、フォントにないものがあります：{}",
-                                          m_set.reports[i].formPath, charactersText(missing)));
-    }
+    for (std::size_t i = 0; i < m_layouts.size(); ++i)
+        if (auto notice = missingNotice(m_set.reports[i], *m_layouts[i])) notices.push_back(std::move(*notice));
     return notices;
+}
+
+std::vector<std::string> LetterRenderer::coverNotices() const
+try {
+    const std::optional<LetterReport> covers = siteCovers(m_set);
+    if (!covers) return {};
+    const auto notice = missingNotice(*covers, *layoutFor(*covers));
+    return notice ? std::vector<std::string>{*notice} : std::vector<std::string>();
+} catch (const RuntimeError &error) {
+    return {error.description()};
 }
 
 const FormDocument &LetterRenderer::formOf(std::size_t letter) const

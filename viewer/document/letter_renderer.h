@@ -25,6 +25,8 @@ public:
     [[nodiscard]] const LetterSet &set() const { return m_set; }
     /// A sentence for each form whose own text has characters that the font lacks.
     [[nodiscard]] std::vector<std::string> formNotices() const;
+    /// The same for a site's own form for covers, or a sentence why it cannot be used.
+    [[nodiscard]] std::vector<std::string> coverNotices() const;
     [[nodiscard]] std::size_t pageCount(std::size_t letter) const;
     /// Width and height of a page's paper in points.
     [[nodiscard]] Point paperSize(std::size_t letter = 0, std::size_t page = 0) const;

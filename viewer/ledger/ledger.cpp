@@ -51,10 +51,10 @@ Ledger::Ledger(const std::string &path, int months, Date now) : m_path(path), m_
 /// Opens the file, or sets the fault.
 void Ledger::openFile()
 try {
+    auto database = std::make_unique<LedgerDatabase>(m_path);
+    database->setPatience(m_fault == LedgerFault::locked ? kShortPatience : kPatience);
     m_fault = LedgerFault::none;
     m_notice.clear();
-    auto database = std::make_unique<LedgerDatabase>(m_path);
-    database->setPatience(kPatience);
     const SchemaResult schema = prepareSchema(*database, randomNumber());
     if (schema != SchemaResult::ready) {
         fail(schema == SchemaResult::newer ? LedgerFault::newer : LedgerFault::unavailable);
@@ -64,6 +64,7 @@ try {
     m_number = number.step() ? static_cast<std::uint32_t>(number.integer(0)) : 0;
     number.reset();
     m_database = std::move(database);
+    m_database->setPatience(kPatience);
     if (m_database->isReadOnly()) fail(LedgerFault::readOnly);
 } catch (const LedgerError &error) {
     fail(faultOf(error.code()));
@@ -96,10 +97,10 @@ void Ledger::deleteOldRuns(int months)
     });
 }
 
-/// Opens a file again that was locked at the start.
+/// Opens a file again that was locked at the start, or had no room.
 bool Ledger::isReady()
 {
-    if (m_database == nullptr && m_fault == LedgerFault::locked) openFile();
+    if (m_database == nullptr && (m_fault == LedgerFault::locked || m_fault == LedgerFault::diskFull)) openFile();
     return m_database != nullptr;
 }
 

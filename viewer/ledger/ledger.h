@@ -70,8 +70,10 @@ public:
     std::optional<std::vector<std::size_t>> confirmUpTo(OutputId output, std::size_t lastGood);
     /// No sheet is good. False if it was not recorded.
     bool confirmNone(OutputId output);
-    /// Ticks or unticks letters as returned; pass all copies of a letter (PrintedLetter::copies). False if it was not recorded.
-    bool setReturned(std::span<const LedgerLetter> letters, bool isReturned, Date now);
+    /// Ticks or unticks letters as returned, in all runs in which they were printed. Returns the state of each afterwards;
+    /// nothing if it was not recorded.
+    std::optional<std::vector<LetterState>> setReturned(std::span<const PrintedLetter> letters, bool isReturned,
+                                                        Date now);
     /// Ticks the letters of codes that were scanned or typed, in one record. One result for each code.
     std::vector<ReturnedCode> markReturned(std::span<const std::string> codes, Date now);
     /// Deletes everything and overwrites it. Codes on paper are then of deleted letters. False if it failed.
@@ -102,6 +104,8 @@ public:
     [[nodiscard]] std::vector<PrintedLetter> printedLetters(const MonthRange &months);
     /// The code of a letter; empty if the run is unknown.
     [[nodiscard]] std::optional<LetterCode> codeOf(RunId run, std::size_t letter);
+    /// The codes of all letters of a run as they are printed; none if the run is unknown.
+    [[nodiscard]] std::vector<std::string> codes(RunId run);
 
 private:
     void openFile();

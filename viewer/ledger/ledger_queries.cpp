@@ -23,6 +23,14 @@ bool isOfMark(const RunSummary &run, const RunMark &mark)
     return run.csvFingerprint == mark.csvFingerprint && run.formFingerprint == mark.formFingerprint;
 }
 
+/// Nothing when the ledger's numbers are used up.
+std::optional<LetterCode> codeIn(std::uint32_t ledger, const StoredRun &run, std::size_t letter)
+{
+    const std::int64_t number = run.firstLetter + rowNumber(letter);
+    if (number < 1 || number > kLastCodedLetter) return std::nullopt;
+    return LetterCode{ledger, static_cast<std::uint32_t>(number)};
+}
+
 } // namespace
 
 std::optional<RunSummary> Ledger::findRun(const RunMark &mark)
@@ -121,9 +129,21 @@ std::optional<LetterCode> Ledger::codeOf(RunId run, std::size_t letter)
     return query(std::optional<LetterCode>(), [&](LedgerDatabase &database) -> std::optional<LetterCode> {
         const std::optional<StoredRun> stored = readRun(database, run);
         if (!stored || letter >= stored->summary.letters) return std::nullopt;
-        const std::int64_t number = stored->firstLetter + rowNumber(letter);
-        if (number < 1 || number > kLastCodedLetter) return std::nullopt;
-        return LetterCode{m_number, static_cast<std::uint32_t>(number)};
+        return codeIn(m_number, *stored, letter);
+    });
+}
+
+std::vector<std::string> Ledger::codes(RunId run)
+{
+    return query(std::vector<std::string>(), [&](LedgerDatabase &database) {
+        std::vector<std::string> codes;
+        const std::optional<StoredRun> stored = readRun(database, run);
+        if (!stored) return codes;
+        for (std::size_t letter = 0; letter < stored->summary.letters; ++letter) {
+            const std::optional<LetterCode> code = codeIn(m_number, *stored, letter);
+            codes.push_back(code ? codeText(*code) : std::string());
+        }
+        return codes;
     });
 }
 

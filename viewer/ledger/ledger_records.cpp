@@ -8,6 +8,27 @@ namespace inin::viewer {
 
 namespace {
 
+/// In the order of CodeResult.
+constexpr CodeResultWords kCodeResults[] = {
+    {CodeResult::marked, "marked", "返送済みにしました。"},
+    {CodeResult::already, "already", "すでに返送済みです。"},
+    {CodeResult::unreadable, "unreadable", "整理番号を読み取れません。"},
+    {CodeResult::otherLedger, "otherLedger", "ほかの台帳の整理番号です。"},
+    {CodeResult::unknown, "unknown",
+     "この整理番号の委任状は台帳にありません。保存期間を過ぎて削除されたか、消去されています。"},
+    {CodeResult::notRecorded, "notRecorded", "返送を台帳に記録できませんでした。"},
+};
+
+/// Rows are found by their place.
+template <class Row, std::size_t kRows, class Key> constexpr bool isInOrder(const Row (&rows)[kRows], Key Row::*key)
+{
+    for (std::size_t i = 0; i < kRows; ++i)
+        if (static_cast<std::size_t>(rows[i].*key) != i) return false;
+    return true;
+}
+static_assert(isInOrder(kLetterStates, &LetterStateWords::state));
+static_assert(isInOrder(kCodeResults, &CodeResultWords::result));
+
 constexpr std::string_view kBetweenMonths = "..";
 
 std::string monthText(std::int32_t month)
@@ -47,66 +68,14 @@ std::optional<MonthRange> readMonthRange(std::string_view text)
     return MonthRange{*first, *last};
 }
 
-std::string_view stateText(LetterState state)
+const LetterStateWords &wordsOf(LetterState state)
 {
-    switch (state) {
-    case LetterState::unprinted:
-        return "未印刷";
-    case LetterState::sent:
-        return "送信済み";
-    case LetterState::onPaper:
-        return "紙で確認済み";
-    case LetterState::returned:
-        return "返送済み";
-    }
-    return "";
+    return kLetterStates[static_cast<std::size_t>(state)];
 }
 
-std::string_view stateName(LetterState state)
+const CodeResultWords &wordsOf(CodeResult result)
 {
-    switch (state) {
-    case LetterState::unprinted:
-        return "unprinted";
-    case LetterState::sent:
-        return "sent";
-    case LetterState::onPaper:
-        return "onPaper";
-    case LetterState::returned:
-        return "returned";
-    }
-    return "";
-}
-
-std::string_view outputKindName(OutputKind kind)
-{
-    switch (kind) {
-    case OutputKind::print:
-        return "print";
-    case OutputKind::pdf:
-        return "pdf";
-    case OutputKind::pictures:
-        return "pictures";
-    }
-    return "";
-}
-
-std::string_view codeResultText(CodeResult result)
-{
-    switch (result) {
-    case CodeResult::marked:
-        return "返送済みにしました。";
-    case CodeResult::already:
-        return "すでに返送済みです。";
-    case CodeResult::unreadable:
-        return "整理番号を読み取れません。";
-    case CodeResult::otherLedger:
-        return "ほかの台帳の整理番号です。";
-    case CodeResult::unknown:
-        return "この整理番号の委任状は台帳にありません。保存期間を過ぎて削除されたか、消去されています。";
-    case CodeResult::notRecorded:
-        return "返送を台帳に記録できませんでした。";
-    }
-    return "";
+    return kCodeResults[static_cast<std::size_t>(result)];
 }
 
 } // namespace inin::viewer

@@ -33,19 +33,26 @@ struct MonthRange {
 
 /// What is known of a letter, in the order of time.
 enum class LetterState : std::uint8_t {
-    unprinted, ///< 未印刷
-    sent,      ///< 送信済み: a printer accepted it
-    onPaper,   ///< 紙で確認済み: the operator confirmed the sheet
-    returned,  ///< 返送済み: it came back signed
+    unprinted,
+    sent,     ///< a printer accepted it
+    onPaper,  ///< the operator confirmed the sheet
+    returned, ///< it came back signed
 };
-inline constexpr std::size_t kLetterStates = 4;
-/// The word in the windows.
-[[nodiscard]] std::string_view stateText(LetterState state);
-/// The name in JSON: "unprinted", "sent", "onPaper", "returned".
-[[nodiscard]] std::string_view stateName(LetterState state);
+struct LetterStateWords {
+    LetterState state;
+    const char *name; ///< in JSON
+    const char *text; ///< for the operator
+};
+/// In the order of LetterState.
+inline constexpr LetterStateWords kLetterStates[] = {
+    {LetterState::unprinted, "unprinted", "未印刷"},
+    {LetterState::sent, "sent", "送信済み"},
+    {LetterState::onPaper, "onPaper", "紙で確認済み"},
+    {LetterState::returned, "returned", "返送済み"},
+};
+[[nodiscard]] const LetterStateWords &wordsOf(LetterState state);
 
 enum class OutputKind : std::uint8_t { print, pdf, pictures };
-[[nodiscard]] std::string_view outputKindName(OutputKind kind);
 
 /// Letters that the queue or the disk has accepted together.
 struct OutputJob {
@@ -104,8 +111,12 @@ enum class CodeResult : std::uint8_t {
     unknown,     ///< of this ledger, but the letter's run was deleted or erased
     notRecorded, ///< the ledger could not be written; see Ledger::notice()
 };
-/// A sentence for the operator.
-[[nodiscard]] std::string_view codeResultText(CodeResult result);
+struct CodeResultWords {
+    CodeResult result;
+    const char *name;     ///< in JSON
+    const char *sentence; ///< for the operator
+};
+[[nodiscard]] const CodeResultWords &wordsOf(CodeResult result);
 struct ReturnedCode {
     CodeResult result = CodeResult::unreadable;
     std::optional<LedgerLetter> letter; ///< of `marked` and `already`

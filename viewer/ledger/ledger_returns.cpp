@@ -4,6 +4,7 @@
 #include "viewer/ledger/ledger_rows.h"
 
 #include <algorithm>
+#include <map>
 #include <tuple>
 
 namespace inin::viewer {
@@ -111,6 +112,22 @@ bool markReturn(LedgerDatabase &database, const LedgerLetter &letter, Date now)
     return database.changes() > 0;
 }
 
+/// The states of letters whose copies are all returned, or none of them: that of the copy printed last.
+std::vector<LetterState> statesOf(LedgerDatabase &database, std::span<const PrintedLetter> letters)
+{
+    std::map<RunId, std::vector<LetterState>> ofRuns;
+    std::vector<LetterState> states;
+    for (const PrintedLetter &letter : letters) {
+        const LedgerLetter &last = letter.copies.front();
+        const auto [place, isNew] = ofRuns.try_emplace(last.run);
+        const std::optional<StoredRun> run = isNew ? readRun(database, last.run) : std::nullopt;
+        if (run) place->second = readStates(database, last.run, run->summary.letters);
+        const std::vector<LetterState> &ofRun = place->second;
+        states.push_back(last.letter < ofRun.size() ? ofRun[last.letter] : LetterState::unprinted);
+    }
+    return states;
+}
+
 /// The letter of a number in the ledger.
 std::optional<LedgerLetter> letterNumbered(LedgerDatabase &database, std::int64_t number)
 {
@@ -137,17 +154,20 @@ std::vector<PrintedLetter> Ledger::printedLetters(const MonthRange &months)
     return query(std::vector<PrintedLetter>(), [&](LedgerDatabase &database) { return lettersOf(database, months); });
 }
 
-bool Ledger::setReturned(std::span<const LedgerLetter> letters, bool isReturned, Date now)
+std::optional<std::vector<LetterState>> Ledger::setReturned(std::span<const PrintedLetter> letters, bool isReturned,
+                                                            Date now)
 {
-    return change(false, [&](LedgerDatabase &database) {
+    using States = std::optional<std::vector<LetterState>>;
+    return change(States(), [&](LedgerDatabase &database) -> States {
         LedgerStatement unmark(database, "DELETE FROM returned WHERE run = ? AND letter = ?");
-        for (const LedgerLetter &letter : letters) {
-            if (isReturned)
-                (void)markReturn(database, letter, now);
-            else
-                unmark.bind(rowNumber(letter.run), rowNumber(letter.letter)).run();
-        }
-        return true;
+        for (const PrintedLetter &letter : letters)
+            for (const LedgerLetter &copy : letter.copies) {
+                if (isReturned)
+                    (void)markReturn(database, copy, now);
+                else
+                    unmark.bind(rowNumber(copy.run), rowNumber(copy.letter)).run();
+            }
+        return statesOf(database, letters);
     });
 }
 

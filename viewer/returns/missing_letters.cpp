@@ -61,7 +61,7 @@ std::string missingCsv(std::span<const PrintedLetter> letters)
     for (const PrintedLetter &letter : letters)
         text +=
             line({letter.insurer, letter.district, letter.patient, letter.address, periodText(letter.period),
-                  stateText(letter.state),
+                  wordsOf(letter.state).text,
                   fmt::format("{:04}/{:02}/{:02}", Year(letter.printed), Month(letter.printed), Day(letter.printed))});
     return text;
 }

@@ -59,12 +59,8 @@ void addLetter(FormDocument &form, double y, const PrintedLetter &letter)
     constexpr double kBoxSize = 4 * kMm;
     form.commands.emplace_back(
         outline(rectanglePath({kLeft, y + (kRowHeight - kBoxSize) / 2, kBoxSize, kBoxSize}, 0, 0)));
-    const std::string texts[] = {"",
-                                 letter.insurer,
-                                 letter.district,
-                                 letter.patient,
-                                 periodText(letter.period),
-                                 std::string(stateText(letter.state))};
+    const std::string texts[] = {
+        "", letter.insurer, letter.district, letter.patient, periodText(letter.period), wordsOf(letter.state).text};
     addRow(form, y, texts);
 }
 

@@ -28,16 +28,10 @@ std::string join(const std::string &a, const std::string &b)
 
 } // namespace
 
-std::string_view codeResultName(CodeResult result)
-{
-    constexpr std::string_view kNames[] = {"marked", "already", "unreadable", "otherLedger", "unknown", "notRecorded"};
-    return kNames[static_cast<std::size_t>(result)];
-}
-
 std::string returnedLine(const ReturnedPage &page)
 {
     const std::string letter = join(page.code, join(page.returned.insurer, page.returned.patient));
-    return fmt::format("{} {}ページ：{}{}", page.file, page.page, codeResultText(page.returned.result),
+    return fmt::format("{} {}ページ：{}{}", page.file, page.page, wordsOf(page.returned.result).sentence,
                        letter.empty() ? "" : "（" + letter + "）");
 }
 
@@ -70,7 +64,7 @@ std::string returnedJson(const ReturnedPages &pages, const std::string &notice)
     for (const ReturnedPage &page : pages.pages())
         json["pages"].push_back({{"file", page.file},
                                  {"page", page.page},
-                                 {"result", codeResultName(page.returned.result)},
+                                 {"result", wordsOf(page.returned.result).name},
                                  {"code", page.code},
                                  {"insurer", page.returned.insurer},
                                  {"patient", page.returned.patient}});

@@ -3,7 +3,6 @@
 #include "viewer/returns/returned_pages.h"
 
 #include <string>
-#include <string_view>
 
 namespace inin::viewer {
 
@@ -14,7 +13,5 @@ namespace inin::viewer {
 /// The lines of all pages and files, then the summary, and the ledger's notice if there is one.
 [[nodiscard]] std::string returnedText(const ReturnedPages &pages, const std::string &notice);
 [[nodiscard]] std::string returnedJson(const ReturnedPages &pages, const std::string &notice);
-/// The name of a result in JSON.
-[[nodiscard]] std::string_view codeResultName(CodeResult result);
 
 } // namespace inin::viewer

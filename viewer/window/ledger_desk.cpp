@@ -30,9 +30,11 @@ void LedgerDesk::show(const LetterSet &set)
     *this = LedgerDesk();
     m_ledger = std::move(ledger);
     m_isOpen = true;
-    if (!isUsable()) return;
+    if (m_ledger.fault() == LedgerFault::off) return;
+    // Also without a usable file: an output may find one that can be written again.
     m_mark = markOf(set);
     m_texts = textsOf(set);
+    if (!isUsable()) return;
     const std::optional<RunSummary> run = m_ledger.findRun(m_mark);
     if (run) m_run = run->id;
     refresh();
@@ -91,11 +93,7 @@ std::string_view LedgerDesk::textBefore(std::size_t letter, std::string_view col
 
 std::vector<std::string> LedgerDesk::codes()
 {
-    std::optional<LetterCode> code = m_run ? m_ledger.codeOf(*m_run, 0) : std::nullopt;
-    std::vector<std::string> codes;
-    // The letters of a run are numbered one after the other.
-    for (; code && codes.size() < m_mark.letters; ++code->letter) codes.push_back(codeText(*code));
-    return codes;
+    return m_run ? m_ledger.codes(*m_run) : std::vector<std::string>();
 }
 
 void LedgerDesk::startOutput(Date now)

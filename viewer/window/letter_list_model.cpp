@@ -138,7 +138,8 @@ QString LetterListModel::textAt(std::size_t letter, int column) const
     case patient:
         return qtText(m_letters->names.patient(letter));
     case state:
-        return m_ledger == nullptr ? QString() : qtText(stateText(m_ledger->stateOf(letter))) + newsOf(letter);
+        return m_ledger == nullptr ? QString()
+                                   : QString::fromUtf8(wordsOf(m_ledger->stateOf(letter)).text) + newsOf(letter);
     default:
         return marksOf(letter);
     }

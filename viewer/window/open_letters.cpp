@@ -9,12 +9,13 @@ OpenLetters::OpenLetters(const std::string &scriptPath)
       notices(set.notices)
 {
     notices.insert(notices.end(), fonts.notices().begin(), fonts.notices().end());
-    const std::vector<std::string> ofForms = renderer.formNotices();
-    notices.insert(notices.end(), ofForms.begin(), ofForms.end());
+    for (const std::vector<std::string> &more : {renderer.formNotices(), renderer.coverNotices()})
+        notices.insert(notices.end(), more.begin(), more.end());
 }
 
-ArrangedLetters OpenLetters::arrange(std::vector<std::size_t> letters, const LetterArrangement &arrangement)
+ArrangedLetters OpenLetters::arrange(std::vector<std::size_t> letters, LetterArrangement arrangement)
 {
+    arrangement.hasCovers = arrangement.hasCovers && letters.size() > 1;
     ArrangedLetters arranged = arrangeLetters(set, std::move(letters), arrangement);
     renderer.setCovers(std::exchange(arranged.covers, std::nullopt));
     return arranged;

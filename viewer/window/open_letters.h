@@ -17,9 +17,9 @@ namespace inin::viewer {
 struct OpenLetters {
     /// Throws a RuntimeError with a sentence when the script, a form or a letter file cannot be read.
     explicit OpenLetters(const std::string &scriptPath);
-    /// Sorts and bundles letters for an output and sets the covers in the renderer. Throws a RuntimeError with a sentence for
-    /// an unusable cover form.
-    [[nodiscard]] ArrangedLetters arrange(std::vector<std::size_t> letters, const LetterArrangement &arrangement);
+    /// Sorts and bundles letters for an output and sets the covers in the renderer; a single letter gets none. Throws a
+    /// RuntimeError with a sentence for an unusable cover form.
+    [[nodiscard]] ArrangedLetters arrange(std::vector<std::size_t> letters, LetterArrangement arrangement);
 
     const LetterSet set;
     Fonts fonts;

@@ -28,6 +28,7 @@ PaperBar::PaperBar(QWidget *parent) : QFrame(parent), m_text(new QLabel(this)), 
     const auto button = [&](const char *name, const QString &text, std::function<void()> onClick) {
         auto *const added = new QPushButton(text, this);
         added->setObjectName(QLatin1String(name));
+        added->setAutoDefault(true); // the Enter key presses it, also outside of a dialog
         QObject::connect(added, &QPushButton::clicked, this, [onClick = std::move(onClick)] { onClick(); });
         layout->addWidget(added);
         return added;
@@ -35,7 +36,7 @@ PaperBar::PaperBar(QWidget *parent) : QFrame(parent), m_text(new QLabel(this)), 
     m_all = button("paperAll", u"すべて出た(&A)"_s, [this] {
         if (onAllOut) onAllOut();
     });
-    m_partly = button("paperPartly", u"途中まで出た(&H)…"_s, [this] {
+    m_partly = button("paperPartly", u"途中まで出た(&T)…"_s, [this] {
         showState(State::number);
         announce(u"最後に正しく出た番号を入れてください。"_s);
         m_number->setFocus(Qt::OtherFocusReason);

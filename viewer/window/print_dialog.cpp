@@ -262,6 +262,11 @@ void PrintDialog::enablePrint()
     m_print->setEnabled(hasPrinter && m_ticks.count() > 0);
 }
 
+void PrintDialog::hideArrangement()
+{
+    m_arrangement->hide();
+}
+
 void PrintDialog::showCheck(const QString &text)
 {
     m_check->setText(text);

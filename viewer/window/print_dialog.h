@@ -39,6 +39,8 @@ public:
                 QWidget *parent = nullptr);
 
     [[nodiscard]] PrintOrder order() const;
+    /// Leaves out order and covers, which a single letter does not have.
+    void hideArrangement();
     /// Shows the check's result in one line.
     void showCheck(const QString &text);
     /// Called when the user has changed the ticks.

@@ -1,6 +1,6 @@
 #include "viewer/window/returns_model.h"
 
-#include "suite_text/japanese_text.h"
+#include "viewer/document/folded_name.h"
 #include "viewer/window/qt_text.h"
 
 #include <algorithm>
@@ -23,17 +23,10 @@ QString textOf(const PrintedLetter &letter, int column)
     case ReturnsModel::address:
         return qtText(letter.address);
     case ReturnsModel::state:
-        return qtText(stateText(letter.state));
+        return QString::fromUtf8(wordsOf(letter.state).text);
     default:
         return {};
     }
-}
-
-std::u32string folded(const std::string &text)
-{
-    std::u32string out;
-    foldJapanese(text, out);
-    return out;
 }
 
 } // namespace
@@ -49,7 +42,7 @@ void ReturnsModel::setFilter(const ReturnsFilter &filter)
     beginResetModel();
     m_filter = filter;
     m_shown.clear();
-    const std::u32string words = folded(utf8Text(filter.words));
+    const std::u32string words = foldedName(utf8Text(filter.words));
     for (std::size_t i = 0; i < m_letters.size(); ++i)
         if (isShown(m_letters[i], words)) m_shown.push_back(i);
     endResetModel();
@@ -59,15 +52,14 @@ bool ReturnsModel::isShown(const PrintedLetter &letter, const std::u32string &wo
 {
     if (m_filter.onlyMissing && letter.state == LetterState::returned) return false;
     if (!m_filter.insurer.isEmpty() && qtText(letter.insurer) != m_filter.insurer) return false;
-    return words.empty() || folded(letter.insurer + "\n" + letter.patient).find(words) != std::u32string::npos;
+    return words.empty() || foldedName(letter.insurer + "\n" + letter.patient).find(words) != std::u32string::npos;
 }
 
-void ReturnsModel::setReturned(const std::vector<int> &rows, bool isReturned)
+void ReturnsModel::setStates(const std::vector<int> &rows, const std::vector<LetterState> &states)
 {
-    for (const int row : rows) {
-        m_letters[m_shown[static_cast<std::size_t>(row)]].state =
-            isReturned ? LetterState::returned : LetterState::onPaper;
-        emit dataChanged(index(row, 0), index(row, columns - 1));
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        m_letters[m_shown[static_cast<std::size_t>(rows[i])]].state = states[i];
+        emit dataChanged(index(rows[i], 0), index(rows[i], columns - 1));
     }
 }
 

@@ -27,7 +27,7 @@ public:
     /// A letter that is ticked stays in the list until the filter is set again.
     void setFilter(const ReturnsFilter &filter);
     /// Updates shown letters after they were ticked in the ledger.
-    void setReturned(const std::vector<int> &rows, bool isReturned);
+    void setStates(const std::vector<int> &rows, const std::vector<LetterState> &states);
 
     [[nodiscard]] const std::vector<PrintedLetter> &letters() const { return m_letters; }
     [[nodiscard]] const PrintedLetter &letterAt(int row) const;

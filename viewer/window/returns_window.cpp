@@ -231,16 +231,13 @@ void ReturnsWindow::showCount()
 
 bool ReturnsWindow::tick(const std::vector<int> &rows, bool isReturned)
 {
-    std::vector<LedgerLetter> copies;
-    for (const int row : rows) {
-        const std::vector<LedgerLetter> &more = m_model.letterAt(row).copies;
-        copies.insert(copies.end(), more.begin(), more.end());
-    }
-    const bool isDone = !rows.empty() && m_ledger.setReturned(copies, isReturned, m_services.now());
-    if (isDone) m_model.setReturned(rows, isReturned);
+    std::vector<PrintedLetter> letters;
+    for (const int row : rows) letters.push_back(m_model.letterAt(row));
+    const auto states = letters.empty() ? std::nullopt : m_ledger.setReturned(letters, isReturned, m_services.now());
+    if (states) m_model.setStates(rows, *states);
     showCount();
-    if (isDone && onReturned) onReturned();
-    return isDone;
+    if (states && onReturned) onReturned();
+    return states.has_value();
 }
 
 /// Ticks the selected rows, or unticks them if all are ticked.
@@ -260,7 +257,7 @@ void ReturnsWindow::markTyped()
     if (typed[0].empty()) return;
     const ReturnedCode result = m_ledger.markReturned(typed, m_services.now()).at(0);
     const QString letter = qtText(result.insurer + "　" + result.patient);
-    m_result->setText(u"%1：%2%3"_s.arg(qtText(typed[0]), qtText(codeResultText(result.result)),
+    m_result->setText(u"%1：%2%3"_s.arg(qtText(typed[0]), QString::fromUtf8(wordsOf(result.result).sentence),
                                         result.letter ? u"（%1）"_s.arg(letter) : QString()));
     reload();
     if (result.result == CodeResult::marked && onReturned) onReturned();

@@ -30,6 +30,15 @@ void ViewerWindow::openLedger()
     showLedger();
 }
 
+/// Records the letters before an output. That may succeed for the first time, if the ledger was locked or its disk was full.
+void ViewerWindow::startOutput()
+{
+    openLedger();
+    const bool wasUsable = m_desk.isUsable();
+    m_desk.startOutput(m_services.now());
+    if (m_desk.isUsable() != wasUsable) showLedger();
+}
+
 /// Shows everything that the ledger knows of the letters.
 void ViewerWindow::showLedger()
 {
@@ -49,8 +58,7 @@ void ViewerWindow::showLedgerFilters()
     if (m_desk.isUsable()) {
         // In the order of ListFilter.
         m_filter->addItems({u"新しい委任状"_s, u"変わった委任状"_s, u"この期間に印刷済みの人"_s});
-        for (std::size_t state = 0; state < kLetterStates; ++state)
-            m_filter->addItem(qtText(stateText(static_cast<LetterState>(state))));
+        for (const LetterStateWords &state : kLetterStates) m_filter->addItem(QString::fromUtf8(state.text));
     } else if (static_cast<int>(m_listed.filter()) >= kFiltersWithoutLedger) {
         setFilter(ListFilter::all);
     }
@@ -79,8 +87,9 @@ void ViewerWindow::refreshLedger()
 
 void ViewerWindow::showLedgerNotice()
 {
-    const QString sentence = qtText(m_desk.notice());
-    if (std::exchange(m_ledgerNotice, sentence) == sentence || sentence.isEmpty()) return;
+    const QString sentence = qtText(m_desk.notice()), old = std::exchange(m_ledgerNotice, sentence);
+    if (sentence.isEmpty() && m_notice->text() == old) m_notice->hide(); // records succeed again
+    if (sentence == old || sentence.isEmpty()) return;
     if (m_notice->hasAction()) return statusBar()->showMessage(sentence);
     const QString warnings = warningText();
     m_notice->showNotice(warnings.isEmpty() ? sentence : warnings + u'\n' + sentence, {}, {});
@@ -143,14 +152,14 @@ void ViewerWindow::untickPrinted()
         ++count;
     }
     ticksChanged();
-    statusBar()->showMessage(u"この期間の委任状を印刷済みの人の%1通からチェックを外しました。"_s.arg(count));
+    statusBar()->showMessage(u"この期間に印刷済みの人の委任状%1通からチェックを外しました。"_s.arg(count));
 }
 
 void ViewerWindow::tickState(LetterState state)
 {
     LetterTicks only(m_letters->set.size());
     for (std::size_t letter = 0; letter < only.size(); ++letter) only.set(letter, m_desk.stateOf(letter) == state);
-    const QString word = qtText(stateText(state));
+    const QString word = QString::fromUtf8(wordsOf(state).text);
     if (only.count() == 0)
         return statusBar()->showMessage(u"「%1」の委任状がありません。チェックはそのままです。"_s.arg(word));
     m_letters->ticks = only;
@@ -161,8 +170,7 @@ void ViewerWindow::tickState(LetterState state)
 void ViewerWindow::recordSaved(std::span<const std::size_t> letters)
 {
     if (letters.empty()) return;
-    openLedger();
-    m_desk.startOutput(m_services.now());
+    startOutput();
     m_desk.record({OutputKind::pdf, {}, {}, {letters.begin(), letters.end()}, m_services.now()});
     showLedgerNotice();
 }

@@ -94,6 +94,7 @@ void ViewerWindow::askPrintOnly(LetterTicks &only, const QString &title)
     if (m_task->isRunning()) return;
     const std::unique_ptr<PrintDialog> dialog = printDialog(only);
     dialog->setWindowTitle(title);
+    if (only.count() == 1) dialog->hideArrangement();
     if (dialog->exec() == QDialog::Accepted) print(dialog->order(), only);
 }
 

@@ -53,8 +53,7 @@ void ViewerWindow::showCodes(CodesFor use)
 /// Records the letters before they are printed or saved, which gives them their codes.
 void ViewerWindow::recordBeforeOutput()
 {
-    openLedger();
-    m_desk.startOutput(m_services.now());
+    startOutput();
     showCodes(CodesFor::output);
 }
 

@@ -155,6 +155,7 @@ private:
     void compareWith(const RunSummary &run);
     void untickPrinted();
     void tickState(LetterState state);
+    void startOutput();
     /// Call after saving letters in files.
     void recordSaved(std::span<const std::size_t> letters);
     void askPaper();

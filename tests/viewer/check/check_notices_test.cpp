@@ -38,3 +38,27 @@ TEST_CASE("the program reports a difference from the run record, in the check an
     CHECK(contains(pdf.errors, sentence));
     CHECK(folder.has("o.pdf"));
 }
+
+TEST_CASE("the check names a site's own cover form that has an unknown column, cannot be read or lacks characters")
+{
+    const TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, {ordinaryRow()});
+    const std::string command = "--check --today 2024-05-20 '" + script + "'";
+    const std::string without = runViewer(folder, command).output;
+    const std::string path = "「" + folder.path() + "\\束の表紙.wfd」：";
+    const auto noticeOf = [&](const std::string &form) {
+        folder.put("束の表紙.wfd", form);
+        const Outcome outcome = runViewer(folder, command);
+        CHECK(outcome.code == 0);
+        REQUIRE(outcome.output.ends_with(without));
+        return outcome.output.substr(0, outcome.output.size() - without.size());
+    };
+    CHECK(noticeOf(svgPage("<text x='10' y='10'>{{通数}}{{氏名1}}</text>")).empty());
+    const std::string unknown = noticeOf(svgPage("<text x='10' y='10'>{{担当}}</text>"));
+    CHECK(unknown.starts_with(path));
+    CHECK(contains(unknown, "担当"));
+    CHECK(noticeOf("<svg").starts_with(path));
+    CHECK(noticeOf("WFD").starts_with(path));
+    CHECK(noticeOf(svgPage("<text x='9' y='9'>\U0010FFFD</text>")) ==
+          path + "帳票の文字のうち、フォントにないものがあります：「\U0010FFFD」（U+10FFFD）\n");
+}

@@ -39,6 +39,13 @@ void execute(const std::string &path, const char *sql)
     LedgerDatabase(path).execute(sql);
 }
 
+bool isIntact(const std::string &path)
+{
+    LedgerDatabase database(path);
+    LedgerStatement check(database, "PRAGMA integrity_check");
+    return check.step() && check.text(0) == "ok";
+}
+
 std::int64_t versionOf(const std::string &path)
 {
     LedgerDatabase database(path);
@@ -210,6 +217,61 @@ TEST_CASE("each fault has its sentence")
     CHECK(contains(faultSentence(LedgerFault::diskFull, ""), "空きがない"));
     CHECK(faultOf(SQLITE_IOERR) == LedgerFault::unavailable);
     CHECK(contains(faultSentence(LedgerFault::unavailable, "D:\\台帳.db"), "D:\\台帳.db"));
+}
+
+/// While it exists, no new connection can let its file grow, as on a full disk.
+struct FullFiles {
+    FullFiles() { sqlite3_auto_extension(entry()); }
+    ~FullFiles() { sqlite3_cancel_auto_extension(entry()); }
+    FullFiles(const FullFiles &) = delete;
+    FullFiles &operator=(const FullFiles &) = delete;
+
+private:
+    using Entry = void (*)();
+    static int limit(sqlite3 *database, char **, const sqlite3_api_routines *)
+    {
+        return sqlite3_exec(database, "PRAGMA max_page_count = 1", nullptr, nullptr, nullptr); // the present size
+    }
+    static Entry entry() { return reinterpret_cast<Entry>(limit); }
+};
+
+TEST_CASE("a ledger that cannot grow keeps its records and reports what is not recorded")
+{
+    const LedgerWorld world;
+    const TestRun before = runOf(20), larger = runOf(300);
+    {
+        Ledger ledger = world.open();
+        LedgerWorld::print(ledger, before);
+    }
+    {
+        const FullFiles full;
+        Ledger ledger = world.open();
+        CHECK(ledger.fault() == LedgerFault::none);
+        CHECK(!ledger.recordRun(larger.mark, larger.texts, kPrintDay));
+        CHECK(ledger.fault() == LedgerFault::diskFull);
+        CHECK(contains(ledger.notice(), "空きがないため、印刷や返送は台帳に記録されません。"));
+        CHECK(ledger.states(ledger.findRun(before.mark).value().id) == std::vector(20, LetterState::onPaper));
+        CHECK(!ledger.findRun(larger.mark));
+    }
+    CHECK(isIntact(world.path));
+    Ledger ledger = world.open();
+    CHECK(recordsPrint(ledger, larger));
+    CHECK(ledger.notice().empty());
+}
+
+TEST_CASE("a ledger that begins on a full disk records as soon as there is room")
+{
+    const LedgerWorld world;
+    Ledger ledger;
+    {
+        const FullFiles full;
+        ledger = world.open();
+        CHECK(ledger.fault() == LedgerFault::diskFull);
+        CHECK(!recordsPrint(ledger, runOf(2)));
+        CHECK(contains(ledger.notice(), "空きがない"));
+    }
+    CHECK(recordsPrint(ledger, runOf(2)));
+    CHECK(ledger.notice().empty());
 }
 
 TEST_CASE("a ledger of version 1 is brought up to date with all its records")

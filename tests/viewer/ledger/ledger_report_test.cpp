@@ -51,7 +51,7 @@ struct ReportWorld : LedgerWorld {
 TEST_CASE("the status lists each run with its states")
 {
     ReportWorld world;
-    CHECK(world.ledger.setReturned(std::vector<LedgerLetter>{{world.run, 1}}, true, kPrintDay));
+    CHECK(world.ledger.setReturned(printedLetter(world.run, 1), true, kPrintDay));
     const LedgerReport report = world.report(LedgerQuestion::status);
     CHECK(report.exitCode == 0);
     CHECK(contains(report.text,
@@ -97,14 +97,14 @@ TEST_CASE("the missing letters of the latest period are listed with their codes"
 {
     ReportWorld world;
     const std::string code = codeText(world.ledger.codeOf(world.run, 1).value());
-    CHECK(world.ledger.setReturned(std::vector<LedgerLetter>{{world.run, 0}}, true, kPrintDay));
+    CHECK(world.ledger.setReturned(printedLetter(world.run, 0), true, kPrintDay));
     const LedgerReport report = world.report(LedgerQuestion::missing);
     CHECK(contains(report.text, "2026-11：印刷した 2通のうち 1通が戻っていません。\n"));
     CHECK(contains(report.text, "　鈴木　2026-11-20 10:32:05　" + code + "\n"));
     CHECK(report.exitCode == kLettersFound);
     CHECK(world.json(LedgerQuestion::missing)["missing"][0]["code"] == code);
     CHECK(reportOf(world.ledger, {LedgerQuestion::missing, "", kDecember, false}).exitCode == 0);
-    CHECK(world.ledger.setReturned(std::vector<LedgerLetter>{{world.run, 1}}, true, kPrintDay));
+    CHECK(world.ledger.setReturned(printedLetter(world.run, 1), true, kPrintDay));
     CHECK(world.report(LedgerQuestion::missing).exitCode == 0);
 }
 

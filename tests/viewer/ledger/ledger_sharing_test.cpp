@@ -69,7 +69,7 @@ bool recordRuns(const LedgerWorld &world, int first, int count)
         if (!id) return false;
         const auto output = ledger.recordOutput(*id, printJob({0, 1, 2}));
         if (!output || ledger.confirmUpTo(*output, 1) != std::vector<std::size_t>{2}) return false;
-        if (!ledger.setReturned(std::vector<LedgerLetter>{{*id, 0}}, true, kPrintDay)) return false;
+        if (!ledger.setReturned(printedLetter(*id, 0), true, kPrintDay)) return false;
     }
     return true;
 }

@@ -263,8 +263,20 @@ TEST_CASE("the list of returns has each printed letter of the months once, by in
     letters = ledger.printedLetters(kNovember);
     CHECK(letters[1].state == returned);
     CHECK(letters[1].returned == moment("2026-12-01 9:00:00"));
-    CHECK(ledger.setReturned(letters[1].copies, false, kPrintDay));
+    CHECK(ledger.setReturned(std::span(letters).subspan(1, 1), false, kPrintDay) == std::vector{onPaper});
     CHECK(ledger.printedLetters(kNovember)[1].state == onPaper);
+}
+
+TEST_CASE("a letter that is unticked is again what it was before it came back")
+{
+    const LedgerWorld world;
+    Ledger ledger = world.open();
+    const TestRun run = runOf(2);
+    const RunId id = ledger.recordRun(run.mark, run.texts, kPrintDay).value();
+    (void)ledger.recordOutput(id, printJob({0})); // the sheet is not confirmed
+    CHECK(ledger.setReturned(printedLetter(id, 0), true, kPrintDay) == std::vector{returned});
+    CHECK(ledger.setReturned(printedLetter(id, 0), false, kPrintDay) == std::vector{sent});
+    CHECK(ledger.setReturned(printedLetter(RunId{99}, 0), true, kPrintDay) == std::vector{unprinted});
 }
 
 TEST_CASE("runs are deleted when their months are over")

@@ -64,6 +64,14 @@ struct TestRun {
     return {OutputKind::print, "受付のプリンター", "117", std::move(letters), time};
 }
 
+/// A letter that was printed in one run, as the list of returns has it.
+[[nodiscard]] inline std::vector<PrintedLetter> printedLetter(RunId run, std::size_t letter)
+{
+    PrintedLetter printed;
+    printed.copies = {{run, letter}};
+    return {printed};
+}
+
 /// A ledger in a folder of its own.
 struct LedgerWorld {
     TempFolder folder;

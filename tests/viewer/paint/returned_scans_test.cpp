@@ -32,7 +32,7 @@ struct ScanWorld : LedgerWorld {
         const std::vector<std::size_t> scanned = {0, 1};
         REQUIRE(writeLettersPdf(folder / "scan.pdf", renderer, scanned));
     }
-    ~ScanWorld() { ::unsetenv("ININ_LEDGER"); }
+    ~ScanWorld() { ::setenv("ININ_LEDGER", "off", 1); }
     ScanWorld(const ScanWorld &) = delete;
     ScanWorld &operator=(const ScanWorld &) = delete;
 

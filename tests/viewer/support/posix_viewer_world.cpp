@@ -8,6 +8,13 @@ namespace inin::viewer::test {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// The viewers that tests start record nothing in the ledger of the developer.
+const int kNoLedger = ::setenv("ININ_LEDGER", "off", 0);
+
+} // namespace
+
 Outcome runViewer(const TempFolder &folder, const std::string &arguments, const std::string &name)
 {
     const TempFolder outside;

@@ -12,6 +12,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// The viewers that tests start record nothing in the ledger of the developer.
+const BOOL kNoLedger = SetEnvironmentVariableW(L"ININ_LEDGER", L"off");
+
 /// A file for the output of a child process.
 HANDLE createInherited(const std::string &path)
 {

@@ -196,3 +196,15 @@ TEST_CASE("a single letter of the Aichi form opens with the notice to compare th
               "この様式は一通だけ出力されます。印刷の前に、利用者の氏名と住所が正しいことを確認してください。"));
     CHECK(world.find<QWidget>("noticeBar")->isVisible());
 }
+
+TEST_CASE("a site's cover form that cannot be used is reported among the notices, before a cover is asked for")
+{
+    WindowWorld world(differentRows(1));
+    world.folder.put("束の表紙.wfd", svgPage("<text x='10' y='10'>{{担当}}</text>"));
+    world.openWindow();
+    const QAbstractItemModel &model = *world.find<QTreeView>("checkTree")->model();
+    const QModelIndex notices = model.index(model.rowCount() - 1, 0);
+    const QString notice = model.index(0, 0, notices).data().toString();
+    CHECK(notice.contains(QStringLiteral("束の表紙.wfd")));
+    CHECK(notice.contains(QStringLiteral("担当")));
+}

@@ -4,7 +4,12 @@
 #include "viewer/window/link_line.h"
 #include "viewer/window/notice_bar.h"
 
+#ifndef _WIN32
+#include "support/small_disk.h"
+#endif
+
 #include <QMenu>
+#include <QMenuBar>
 #include <QStatusBar>
 #include <QTest>
 #include <QTreeWidget>
@@ -118,6 +123,39 @@ TEST_CASE("a paper jam: the last good number confirms the letters up to it, and 
     CHECK(world.textOf("paperText") == "2通をプリンターに送りました。紙を確認してください。");
     CHECK(world.states() ==
           States{"紙で確認済み", "紙で確認済み", "紙で確認済み", "紙で確認済み", "送信済み", "送信済み"});
+}
+
+TEST_CASE("the bar for the sheets is answered by the keyboard, with letters that no menu or box has")
+{
+    LedgerWorld world(differentRows(3));
+    world.openWindow();
+    world.print("1-3");
+    const auto checkLetters = [&] {
+        QStringList letters;
+        const auto add = [&](const QString &text) {
+            if (const QKeySequence key = QKeySequence::mnemonic(text); !key.isEmpty()) letters << key.toString();
+        };
+        for (const QAction *const menu : world.window->menuBar()->actions()) add(menu->text());
+        for (const QAbstractButton *const button : world.window->findChildren<QAbstractButton *>())
+            if (button->isVisible()) add(button->text());
+        for (const QLabel *const label : world.window->findChildren<QLabel *>())
+            if (label->isVisible() && label->buddy() != nullptr) add(label->text());
+        CHECK(letters.size() > 6);
+        CHECK(letters.removeDuplicates() == 0);
+    };
+    checkLetters();
+    world.press(Qt::Key_T, Qt::AltModifier);
+    auto *const number = world.find<QSpinBox>("paperNumber");
+    REQUIRE(QTest::qWaitFor([&] { return number->hasFocus(); })); // a button that a key presses is shown pressed first
+    checkLetters();
+    QTest::keyClicks(number, QStringLiteral("1"));
+    QTest::keyClick(number, Qt::Key_Return);
+    CHECK(world.states() == States{"紙で確認済み", "未印刷", "未印刷"});
+    checkLetters();
+    world.inPrintDialog([](const QDialog &) {});
+    REQUIRE(world.find<QPushButton>("paperRest")->hasFocus());
+    QTest::keyClick(world.find<QPushButton>("paperRest"), Qt::Key_Return);
+    CHECK(world.states() == States{"紙で確認済み", "送信済み", "送信済み"});
 }
 
 TEST_CASE("without a good sheet all letters count as not printed again")
@@ -422,6 +460,39 @@ TEST_CASE("a ledger in a place that cannot be reached is reported, and letters p
     CHECK(pageCount(world.jobPath(0)) == 2);
     CHECK(!world.isShown("paperBar"));
 }
+
+#ifndef _WIN32
+TEST_CASE("letters open and print while the disk of the ledger is full, and one sentence reports what is not recorded")
+{
+    const SmallDisk disk(400);
+    if (!disk.fault().empty()) {
+        MESSAGE("skipped: ", disk.fault());
+        return;
+    }
+    for (const bool isNew : {false, true}) {
+        CAPTURE(isNew);
+        LedgerWorld world(differentRows(200));
+        world.ledgerFile = disk / (isNew ? "new.db" : "old.db");
+        if (!isNew) (void)world.ledger();
+        disk.fill();
+        world.openWindow();
+        CHECK(world.listed().starts_with("1 2 3"));
+        world.print("1-2");
+        CHECK(pageCount(world.jobPath(0)) == 2);
+        CHECK(world.messages.empty());
+        CHECK(world.isShown("noticeBar"));
+        CHECK(world.textOf("noticeText") == "台帳のあるディスクに空きがないため、印刷や返送は台帳に記録されません。");
+        CHECK(!world.isShown("paperBar"));
+        disk.clear();
+        world.print("3-4");
+        CHECK(!world.isShown("noticeBar"));
+        CHECK(world.isShown("paperBar"));
+        CHECK(!world.find<QTableView>("letterList")->isColumnHidden(LetterListModel::state));
+        CHECK(world.states()[0] == "未印刷");
+        CHECK(world.states()[2] == "送信済み");
+    }
+}
+#endif
 
 TEST_CASE("the notice of the ledger does not displace the warnings about the letters")
 {

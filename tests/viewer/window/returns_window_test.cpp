@@ -97,6 +97,9 @@ TEST_CASE("the window of returns lists the printed letters by insurer, those tha
     CHECK(world.patients() == "甲2 甲4");
     world.box<QLineEdit>("returnsWords")->setText(QStringLiteral("甲４"));
     CHECK(world.patients() == "甲4");
+    world.choose("returnsInsurer", 0);
+    world.box<QLineEdit>("returnsWords")->setText(QStringLiteral("髙 松"));
+    CHECK(world.patients() == "甲1 甲3");
 }
 
 TEST_CASE("letters are ticked as returned by mouse, by keyboard and all that are shown")
@@ -111,6 +114,9 @@ TEST_CASE("letters are ticked as returned by mouse, by keyboard and all that are
     CHECK(world.returned() == "2 4");
     QTest::keyClick(table, Qt::Key_Space);
     CHECK(world.returned() == "2");
+    const auto stateIn = [&](int row) { return model.index(row, ReturnsModel::state).data().toString(); };
+    CHECK(stateIn(0) == QStringLiteral("返送済み"));
+    CHECK(stateIn(1) == QStringLiteral("送信済み")); // its sheet was never confirmed
     world.box<QCheckBox>("returnsOnlyMissing")->setChecked(false);
     CHECK(world.patients() == "甲2 甲4 甲1 甲3");
     world.box<QLineEdit>("returnsWords")->setText(QStringLiteral("高松"));
@@ -173,7 +179,7 @@ TEST_CASE("dropped scans mark the letters of their codes, and pages without a co
 TEST_CASE("the missing letters are saved as a table and as a PDF, and printed")
 {
     ReturnsWorld world;
-    CHECK(world.own.setReturned(world.returns->model().letterAt(0).copies, true, world.now));
+    CHECK(world.own.setReturned(std::span(&world.returns->model().letterAt(0), 1), true, world.now));
     world.choose("returnsPeriod", 0);
     world.returns->saveCsv();
     const std::string table = bytesOf(world.folder / "list.csv");

@@ -30,6 +30,33 @@ TEST_CASE("the shown letter can be printed alone, and the ticks stay as they are
     CHECK(world.window->isVisible());
 }
 
+TEST_CASE("a letter that is printed or saved alone has no cover, and the setting stays for the others")
+{
+    WindowWorld world(differentRows(3));
+    world.folder.put("settings.ini", "[output]\ncovers=true\norder=insurer\n");
+    world.openWindow();
+    world.window->showLetter(1);
+    world.inPrintDialog([](const QDialog &dialog) {
+        CHECK(!dialog.findChild<QWidget *>(QStringLiteral("bundleCovers"))->isVisible());
+    });
+    world.press(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+    REQUIRE(world.jobs == 1);
+    CHECK(pageCount(world.jobPath(0)) == 1);
+    const LetterArrangement covered{LetterSort::insurer, true};
+    CHECK(ViewerSettings(QString::fromStdString(world.folder / "settings.ini")).arrangement() == covered);
+
+    world.pdfFile = QString::fromStdString(world.folder / "o.pdf");
+    world.window->letters().ticks.setText("2");
+    PdfOrder order;
+    order.onlyTicked = true;
+    order.arrangement = covered;
+    world.window->savePdf(order);
+    CHECK(pageCount(world.folder / "o.pdf") == 1);
+    world.window->letters().ticks.setText("2-3");
+    world.window->savePdf(order);
+    CHECK(pageCount(world.folder / "o.pdf") == 3);
+}
+
 TEST_CASE("the shown letter can be printed alone while the range box is unreadable")
 {
     WindowWorld world(differentRows(3));
