@@ -79,7 +79,7 @@ void record(const LedgerWorld &world)
     const std::optional<RunId> run = ledger.recordRun(kRun.mark, kRun.texts, kPrintDay);
     if (!run) return;
     (void)ledger.recordOutput(*run, printJob(lettersFrom(0, 5)));
-    (void)ledger.setReturned(std::vector<LedgerLetter>{{*run, 0}}, true, kPrintDay);
+    (void)ledger.setReturned(printedLetter(*run, 0), true, kPrintDay);
 }
 
 std::size_t countRecord()
