@@ -1,6 +1,6 @@
-# The presets dev and asan compile the sources of a target in groups (CMAKE_UNITY_BUILD): most of the time goes into the
-# headers that they share. The sources of a group see each other's names; the other presets compile each file by itself
-# and so show what it forgets to include. ALONE lists sources that do not fit into a group.
+# The presets dev, asan, release and package compile the sources of a target in groups (CMAKE_UNITY_BUILD): most of the time
+# goes into the headers that they share. The sources of a group see each other's names; the other presets compile each file
+# by itself and so show what it forgets to include. ALONE lists sources that do not fit into a group.
 function(inin_compile_alone)
     set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

@@ -143,7 +143,7 @@ def stray_ink(pdf, other, resolution=100):
     strays = []
     with tempfile.TemporaryDirectory() as folder:
         for name, document in (("a", pdf), ("b", other)):
-            subprocess.run(["pdftoppm", "-gray", "-r", str(resolution), document, f"{folder}/{name}"], check=True)
+            subprocess.run(["pdftoppm", "-q", "-gray", "-r", str(resolution), document, f"{folder}/{name}"], check=True)
         ours, theirs = (sorted(pathlib.Path(folder).glob(name + "-*.pgm")) for name in "ab")
         for number, (one, two) in enumerate(zip(ours, theirs, strict=True), 1):
             here, there = Page(one), Page(two)

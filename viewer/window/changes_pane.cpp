@@ -6,8 +6,6 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace inin::viewer {
 
 using namespace Qt::StringLiterals;
@@ -22,6 +20,7 @@ ChangesPane::ChangesPane(QWidget *parent)
     m_table->setRootIsDecorated(false);
     m_table->setUniformRowHeights(true);
     m_table->setAllColumnsShowFocus(true);
+    m_table->header()->setSectionResizeMode(QHeaderView::Stretch);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     constexpr int kRows = 3;
     m_table->setFixedHeight(m_table->header()->sizeHint().height() + kRows * rowHeight() + 2 * m_table->frameWidth());
@@ -49,8 +48,6 @@ void ChangesPane::showTable(const QString &heading, const QStringList &heads, co
         for (int column = 0; column < static_cast<int>(texts.size()); ++column)
             row->setToolTip(column, texts[column]); // a long text is cut
     }
-    const int wide = m_table->viewport()->width() / std::max<int>(1, static_cast<int>(heads.size()));
-    for (int column = 0; column + 1 < static_cast<int>(heads.size()); ++column) m_table->setColumnWidth(column, wide);
     show();
 }
 

@@ -47,11 +47,6 @@ void CheckPanel::open(const QModelIndex &index) const
     if (const auto letter = m_model.letterAt(index); letter && onLetter) onLetter(*letter);
 }
 
-QString CheckPanel::heading() const
-{
-    return m_heading->text();
-}
-
 /// Names are at the end of the lines and must be visible; the remedy keeps its share.
 void CheckPanel::widenFirstColumn()
 {
@@ -68,6 +63,14 @@ void CheckPanel::widenFirstColumn()
     m_tree->setColumnWidth(0, std::clamp(widest + 2 * m_tree->indentation() + kRoom, least, most));
 }
 
+QString checkHeading(std::size_t flagged, std::size_t runNotes)
+{
+    QString heading = flagged == 0 ? u"点検：注意が必要な委任状はありません。"_s
+                                   : u"点検：%1通に注意があります。そのまま印刷することもできます。"_s.arg(flagged);
+    if (runNotes > 0) heading += u"全体の注意が%1件あります。"_s.arg(runNotes);
+    return heading;
+}
+
 void CheckPanel::showRunning()
 {
     m_heading->setLine(u"点検しています…"_s);
@@ -76,11 +79,7 @@ void CheckPanel::showRunning()
 void CheckPanel::show(const OpenLetters *letters, const FindingIndex *findings, const CauseSet &switchedOff)
 {
     m_model.show(letters, findings, switchedOff);
-    const std::size_t marked = lettersIn(findings->all());
-    QString heading = marked == 0 ? u"点検：注意が必要な委任状はありません。"_s
-                                  : u"点検：%1通に注意があります。そのまま印刷することもできます。"_s.arg(marked);
-    if (const std::size_t notes = findings->runNotes().size(); notes > 0)
-        heading += u"全体の注意が%1件あります。"_s.arg(notes);
+    QString heading = checkHeading(lettersIn(findings->all()), findings->runNotes().size());
     if (switchedOff.any()) heading += u"行わない点検が%1種類あります。"_s.arg(switchedOff.count());
     m_heading->setLine(heading);
     // Without rows only the heading remains.

@@ -12,6 +12,9 @@ namespace inin::viewer {
 
 class CutLabel;
 
+/// The check's result in one line: how many letters are flagged, and how many notes concern the whole run.
+[[nodiscard]] QString checkHeading(std::size_t flagged, std::size_t runNotes);
+
 /// The check's findings, below the page. A click or Enter on a letter shows it.
 class CheckPanel : public QWidget {
 public:
@@ -21,8 +24,6 @@ public:
     void show(const OpenLetters *letters, const FindingIndex *findings, const CauseSet &switchedOff);
     /// Shows that the letters are being checked.
     void showRunning();
-    /// The result in one line.
-    [[nodiscard]] QString heading() const;
     [[nodiscard]] bool hasRows() const { return m_model.rowCount() > 0; }
     std::function<void(std::size_t letter)> onLetter;
     /// The user switches a cause on or off.

@@ -67,10 +67,15 @@ QList<LinkPart> comparedLine(const LedgerDesk &desk, Date now)
     return parts + choice;
 }
 
+QString printedSentence(std::size_t letters)
+{
+    return u"この期間の委任状を印刷済みの人が%1通あります。"_s.arg(letters);
+}
+
 QList<LinkPart> printedLine(const LedgerDesk &desk)
 {
     if (desk.printedAlready() == 0) return {};
-    return {{u"この期間の委任状を印刷済みの人が%1通あります。"_s.arg(desk.printedAlready())},
+    return {{printedSentence(desk.printedAlready())},
             {u"表示"_s, QLatin1String(kPrintedLink)},
             {u"　"_s},
             {u"チェックを外す"_s, QLatin1String(kUntickLink)}};

@@ -16,7 +16,9 @@ inline constexpr const char *kPrintedLink = "printed", *kUntickLink = "untick";
 [[nodiscard]] QString runText(const RunSummary &run, Date now);
 /// How the letters differ from the run that they are compared with. Empty without one.
 [[nodiscard]] QList<LinkPart> comparedLine(const LedgerDesk &desk, Date now);
-/// How many persons have a printed letter of this period already. Empty for none.
+/// How many persons have a printed letter of this period already.
+[[nodiscard]] QString printedSentence(std::size_t letters);
+/// The same for all letters, with links. Empty for none.
 [[nodiscard]] QList<LinkPart> printedLine(const LedgerDesk &desk);
 /// Asks for the sheets of a print; one that was made before the letters were opened is named by its time.
 [[nodiscard]] QString paperQuestion(const OpenOutput &print, bool isFromBefore, Date now);

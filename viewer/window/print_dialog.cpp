@@ -106,8 +106,8 @@ std::vector<PrinterChoice> systemPrinters()
 
 PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vector<PrinterChoice> printers,
                          QWidget *parent)
-    : QDialog(parent), m_ticks(ticks), m_settings(settings), m_printers(std::move(printers)), m_check(new QLabel(this)),
-      m_note(new QLabel(this))
+    : QDialog(parent), m_ticks(ticks), m_settings(settings), m_printers(std::move(printers)),
+      m_notices(new QLabel(this)), m_note(new QLabel(this))
 {
     setObjectName(u"printDialog"_s);
     addHelpKey(this);
@@ -119,11 +119,11 @@ PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vect
     m_arrangement = new ArrangementBox(settings.arrangement(), this);
     layout->addWidget(m_arrangement);
     layout->addWidget(offsetGroup());
-    layout->addWidget(m_check);
+    layout->addWidget(m_notices);
     layout->addWidget(m_note);
-    m_check->setObjectName(u"printCheck"_s);
-    m_check->setWordWrap(true);
-    m_check->hide();
+    m_notices->setObjectName(u"printNotices"_s);
+    m_notices->setWordWrap(true);
+    m_notices->hide();
     m_note->setObjectName(u"printNote"_s);
     m_note->setWordWrap(true);
     m_note->setPalette(warningPalette(palette()));
@@ -175,6 +175,7 @@ QWidget *PrintDialog::jobGroup()
     m_range->onChanged = [this] {
         if (onTicksChanged) onTicksChanged();
         enablePrint();
+        updateNotices();
     };
     m_oneJob = named(new QRadioButton(u"一度にまとめて印刷する(&O)"_s, group), "oneJob", u"一度にまとめて印刷する"_s);
     m_manyJobs = named(new QRadioButton(u"分けて印刷する(&M)"_s, group), "manyJobs", u"分けて印刷する"_s);
@@ -267,10 +268,17 @@ void PrintDialog::hideArrangement()
     m_arrangement->hide();
 }
 
-void PrintDialog::showCheck(const QString &text)
+void PrintDialog::showNotices(std::function<QString(const LetterTicks &)> notices)
 {
-    m_check->setText(text);
-    m_check->setVisible(!text.isEmpty());
+    m_noticesOf = std::move(notices);
+    updateNotices();
+}
+
+void PrintDialog::updateNotices()
+{
+    const QString text = m_noticesOf ? m_noticesOf(m_ticks) : QString();
+    m_notices->setText(text);
+    m_notices->setVisible(!text.isEmpty());
 }
 
 PrintOrder PrintDialog::order() const

@@ -39,10 +39,10 @@ public:
                 QWidget *parent = nullptr);
 
     [[nodiscard]] PrintOrder order() const;
+    /// Shows what the user should know about the ticked letters before printing, now and after each change of the ticks.
+    void showNotices(std::function<QString(const LetterTicks &)> notices);
     /// Leaves out order and covers, which a single letter does not have.
     void hideArrangement();
-    /// Shows the check's result in one line.
-    void showCheck(const QString &text);
     /// Called when the user has changed the ticks.
     std::function<void()> onTicksChanged;
     /// Prints the page of rulers; returns an error sentence or an empty text.
@@ -59,6 +59,7 @@ private:
     void showTrays(const PrinterChoice &printer);
     void printRulers();
     void enablePrint();
+    void updateNotices();
     void remember();
 
     LetterTicks &m_ticks;
@@ -71,7 +72,8 @@ private:
     QRadioButton *m_oneJob, *m_manyJobs;
     QCheckBox *m_reversed;
     QDoubleSpinBox *m_right, *m_down;
-    QLabel *m_check, *m_note;
+    std::function<QString(const LetterTicks &)> m_noticesOf;
+    QLabel *m_notices, *m_note;
     QPushButton *m_print, *m_rulers;
 };
 

@@ -109,8 +109,8 @@ void ViewerWindow::showChanges()
         }
     if (change != nullptr || !m_page->marks().empty())
         m_page->setMarks(placesOfColumns(m_letters->renderer, letter, columns));
-    const RunComparison &comparison = m_desk.comparison();
-    if (comparison.changed.empty() && comparison.gone.empty()) return m_changes->hide();
+    // The list needs the room when no letter has anything to show.
+    if (m_desk.comparison().changed.empty()) return m_changes->hide();
     const QString words = change != nullptr        ? u"%1番：変わった欄"_s
                           : m_desk.isAdded(letter) ? u"%1番：新しい委任状です。"_s
                                                    : u"%1番：変わっていません。"_s;

@@ -3,6 +3,7 @@
 #include "viewer/document/letter_file_name.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/window/check_panel.h"
+#include "viewer/window/ledger_lines.h"
 #include "viewer/window/paper_bar.h"
 #include "viewer/window/pdf_output.h"
 #include "viewer/window/qt_text.h"
@@ -52,14 +53,25 @@ void ViewerWindow::runTask(const QString &title, std::size_t total, const std::f
     if (closes) QTimer::singleShot(0, this, [this] { close(); });
 }
 
+/// What the user should know about these letters before printing them, one sentence a line.
+QString ViewerWindow::printNotices(const LetterTicks &ticks) const
+{
+    QStringList lines;
+    if (const QString warnings = warningText(); !warnings.isEmpty()) lines << warnings;
+    const std::vector<std::size_t> letters = ticks.letters();
+    const auto flagged = std::ranges::count_if(letters, [&](std::size_t at) { return !m_findings.of(at).empty(); });
+    if (flagged > 0 || !m_findings.runNotes().empty())
+        lines << checkHeading(static_cast<std::size_t>(flagged), m_findings.runNotes().size());
+    const auto printed = std::ranges::count_if(letters, [&](std::size_t at) { return m_desk.isPrintedAlready(at); });
+    if (printed > 0) lines << printedSentence(static_cast<std::size_t>(printed));
+    return lines.join(u'\n');
+}
+
 std::unique_ptr<PrintDialog> ViewerWindow::printDialog(LetterTicks &ticks)
 {
     finishCheck();
     auto dialog = std::make_unique<PrintDialog>(ticks, m_settings, m_services.printers(), this);
-    QStringList lines;
-    if (const QString warnings = warningText(); !warnings.isEmpty()) lines << warnings;
-    if (!m_findings.all().empty() || !m_findings.runNotes().empty()) lines << m_checkPanel->heading();
-    dialog->showCheck(lines.join(u'\n'));
+    dialog->showNotices([this](const LetterTicks &letters) { return printNotices(letters); });
     dialog->onTicksChanged = [this] { ticksChanged(); };
     dialog->onRulerPage = [this](const PrintOrder &order) {
         return printRulerPage(*m_letters, order, m_services.paths);

@@ -130,6 +130,7 @@ private:
 
     // viewer_output.cpp
     /// A dialog for `ticks`, which must outlive it.
+    [[nodiscard]] QString printNotices(const LetterTicks &ticks) const;
     [[nodiscard]] std::unique_ptr<PrintDialog> printDialog(LetterTicks &ticks);
     void print(const PrintOrder &order, const LetterTicks &ticks);
     void printSheets(const PrintOrder &order, const std::vector<std::size_t> &sheets);

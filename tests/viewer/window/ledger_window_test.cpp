@@ -305,6 +305,19 @@ TEST_CASE("a changed letter shows field, old and new text, and its field is mark
     CHECK(world.textOf("changesHeading") == "4番：変わっていません。");
 }
 
+TEST_CASE("the table of changes takes no room while no letter has changed")
+{
+    LedgerWorld world(differentRows(5));
+    world.openWindow();
+    world.print("1-5");
+    world.openAgain(differentRows(4));
+    CHECK(!world.isShown("changesPane"));
+    follow(world, "comparedLine", "gone");
+    CHECK(world.isShown("changesTable"));
+    world.window->showLetter(1);
+    CHECK(!world.isShown("changesPane"));
+}
+
 TEST_CASE("the mark of a changed field is on the screen and not on paper")
 {
     LedgerWorld world(differentRows(5));
@@ -503,4 +516,19 @@ TEST_CASE("the notice of the ledger does not displace the warnings about the let
     world.openWindow();
     CHECK(contains(world.textOf("noticeText"), "途中で切れている"));
     CHECK(contains(world.textOf("noticeText"), "台帳"));
+}
+
+TEST_CASE("the print dialog counts the letters to be printed that are printed already")
+{
+    LedgerWorld world(differentRows(4));
+    world.openWindow();
+    world.print("1-3");
+    world.openAgain();
+    const auto printedOf = [&](const char *numbers) {
+        world.window->letters().ticks.setText(numbers);
+        return world.printNotices().section(u'\n', -1).toStdString();
+    };
+    CHECK(printedOf("1-4") == "この期間の委任状を印刷済みの人が3通あります。");
+    CHECK(printedOf("2,4") == "この期間の委任状を印刷済みの人が1通あります。");
+    CHECK(printedOf("4").find("印刷済み") == std::string::npos);
 }

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -158,6 +159,19 @@ void WindowWorld::inPrintDialog(const std::function<void(QDialog &)> &act) const
         act(*dialog);
         dialog->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
     });
+}
+
+QString WindowWorld::printNotices() const
+{
+    QString text;
+    QTimer::singleShot(0, window.get(), [&] {
+        auto *const dialog = window->findChild<QDialog *>(QStringLiteral("printDialog"));
+        const auto *const label = dialog->findChild<QLabel *>(QStringLiteral("printNotices"));
+        if (label->isVisible()) text = label->text();
+        dialog->reject();
+    });
+    window->askPrint();
+    return text;
 }
 
 void WindowWorld::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const

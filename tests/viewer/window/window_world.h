@@ -38,6 +38,8 @@ struct WindowWorld {
     void openWindow();
     /// Acts in the print dialog that the next command opens, then prints.
     void inPrintDialog(const std::function<void(QDialog &)> &act) const;
+    /// Opens the print dialog and cancels it; returns its notices about the letters to be printed.
+    [[nodiscard]] QString printNotices() const;
     /// Sends a key as a keyboard does: the window's shortcuts come first.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     /// The number of the letter on the page.
