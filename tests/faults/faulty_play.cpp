@@ -32,7 +32,8 @@ constexpr std::string_view kFixedTexts[] = {
     "出力対象となる日にちを選択してください。",
     "施術者の検索に失敗しました", // followed by the error text of the search, which may be empty
     "患者の検索に失敗しました",
-    "該当する患者データがありません。", // in a run that follows the failed one
+    "システムエラーが発生しました！\r\r", // the same
+    "該当する患者データがありません。",   // in a run that follows the failed one
 };
 /// The ends of texts about settings that cannot be read.
 constexpr std::string_view kFixedEnds[] = {

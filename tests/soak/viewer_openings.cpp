@@ -1,5 +1,5 @@
-// viewer_openings FOLDER COUNT: opens the window of formviewer COUNT times in this process, each time with the letters
-// read anew, and closes it. Prints a line for each opening. scripts/soak watches the memory of the process.
+// viewer_openings FOLDER: for each line of the standard input, opens the window of formviewer with letters in FOLDER, closes
+// it and prints a line. scripts/soak watches the memory of the process.
 #include "support/file_bytes.h"
 #include "viewer/support/viewer_jobs.h"
 #include "viewer/window/page_view.h"
@@ -8,8 +8,8 @@
 
 #include <QApplication>
 
-#include <cstdlib>
 #include <iostream>
+#include <string>
 
 using namespace inin::viewer;
 using namespace inin::viewer::test;
@@ -37,19 +37,18 @@ void openAndClose(const std::string &script, const ViewerServices &services)
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
-        std::cerr << "usage: viewer_openings FOLDER COUNT\n";
+    if (argc != 2) {
+        std::cerr << "usage: viewer_openings FOLDER\n";
         return 2;
     }
     const std::string folder = argv[1];
-    const int count = std::atoi(argv[2]);
     QApplication application(argc, argv);
     applyStyle(application);
     const std::string script = writePrintJob(inin::pathOf(folder), kForm, std::vector<Row>(kLetters, ordinaryRow()));
     ViewerServices services = realServices();
     services.settingsFile = QString::fromStdString(folder + "/settings.ini");
     services.ledgerPath = [&](const LedgerSettings &) { return folder + "/ledger.db"; };
-    for (int opening = 0; opening < count; ++opening) {
+    for (std::string line; std::getline(std::cin, line);) {
         openAndClose(script, services);
         std::cout << "opened" << std::endl;
     }
