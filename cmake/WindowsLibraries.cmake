@@ -34,8 +34,13 @@ add_library(SQLite::SQLite3 ALIAS inin_sqlite3)
 add_library(ODBC::ODBC INTERFACE IMPORTED GLOBAL)
 set_target_properties(ODBC::ODBC PROPERTIES INTERFACE_LINK_LIBRARIES odbc32)
 
-# For the letters: shaping and subsetting fonts, reading form documents and their pictures, compressing PDF.
-foreach(library harfbuzz expat png jpeg)
+# For the letters: shaping and subsetting fonts, reading form documents and their pictures, compressing PDF, reading codes;
+# with windows, painting scanned PDF pages.
+set(ININ_LETTER_LIBRARIES harfbuzz expat png jpeg deflate zbar)
+if(ININ_QT)
+    list(APPEND ININ_LETTER_LIBRARIES poppler)
+endif()
+foreach(library IN LISTS ININ_LETTER_LIBRARIES)
     string(TOUPPER ${library} upper)
     set(ININ_${upper} "$ENV{HOME}/.cache/inin-windows/${library}" CACHE PATH "Folder of include/ and lib/lib${library}.a")
     if(NOT EXISTS "${ININ_${upper}}/lib/lib${library}.a")
@@ -54,3 +59,6 @@ set_target_properties(ZLIB::ZLIB PROPERTIES IMPORTED_LOCATION "${ININ_ZLIB}")
 add_library(PNG::PNG ALIAS inin_png)
 target_link_libraries(inin_png INTERFACE ZLIB::ZLIB)
 add_library(JPEG::JPEG ALIAS inin_jpeg)
+if(ININ_QT)
+    target_link_libraries(inin_poppler INTERFACE inin_jpeg gdi32)
+endif()

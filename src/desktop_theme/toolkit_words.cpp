@@ -1,5 +1,7 @@
 #include "desktop_theme/toolkit_words.h"
 
+#include "desktop_theme/toolkit_folder.h"
+
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
@@ -9,7 +11,9 @@ namespace inin::theme {
 void useJapaneseWords(QApplication &application)
 {
     auto *const words = new QTranslator(&application); // the application owns it
-    if (words->load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    const QString name = QStringLiteral("qtbase_ja");
+    if (words->load(name, toolkitFolder() + QStringLiteral("/translations")) ||
+        words->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(words);
 }
 

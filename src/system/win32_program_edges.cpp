@@ -109,6 +109,9 @@ std::filesystem::path programFile()
     constexpr std::size_t longestPath = 32768;
     std::wstring file(longestPath, L'\0');
     file.resize(GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size())));
+    // Wine 8 leaves this of the prefix "\\?\UNC\" before the name of a server.
+    constexpr std::wstring_view cutPrefix = L"UNC\\";
+    if (file.starts_with(cutPrefix)) file.replace(0, cutPrefix.size(), L"\\\\");
     return file;
 }
 

@@ -2,6 +2,7 @@
 // session.
 
 #include "bench/bench_site.h"
+#include "bench/figures.h"
 
 #include <fmt/format.h>
 
@@ -44,9 +45,10 @@ int measure()
         found += screen.form().getLastScheduleDay(number, kYear, kBusyMonth) > 0 ? 1 : 0;
     }
     const std::chrono::duration<double, std::micro> spent = std::chrono::steady_clock::now() - start;
-    fmt::print("bench_day: candidates {}, last visits found {}\n", numbers.size(), found);
-    fmt::print("bench_day: {:.1f} microseconds a candidate (aim: at most 40)\n",
-               spent.count() / static_cast<double>(numbers.size()));
+    const double each = spent.count() / static_cast<double>(numbers.size());
+    print({.name = fmt::format("last visit of a candidate ({} of {} found)", found, numbers.size()),
+           .ours = fmt::format("{:.1f} us", each),
+           .aim = "40 us"});
     return 0;
 }
 

@@ -1,5 +1,6 @@
 // The ledger with 24 months of 3,000 letters: what it adds to the opening of ten thousand letters, and the record of a run.
 
+#include "bench/figures.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "viewer/document/letter_renderer.h"
@@ -129,18 +130,22 @@ void measure()
         Ledger ledger(path, kMostMonths, dayIn(kFirstMonth));
         for (std::int32_t i = 0; i < kMonths; ++i) records.push_back(recordMonth(ledger, kFirstMonth + i));
     }
-    fmt::print("ledger: recording a run of {} letters and its print {:.1f} ms, at most {:.1f} (aim: below 50)\n",
-               kLettersAMonth, median(records), *std::ranges::max_element(records));
-    fmt::print("ledger: {} months are {:.1f} MB\n", kMonths,
-               static_cast<double>(std::filesystem::file_size(pathOf(path))) / 1e6);
+    using bench::millisecondsText;
+    bench::print({.name = fmt::format("a run of {} letters and its print recorded", kLettersAMonth),
+                  .ours = millisecondsText(median(records)),
+                  .aim = "50 ms"});
+    bench::print({.name = fmt::format("size of a ledger of {} months", kMonths),
+                  .ours = bench::megabytesText(static_cast<double>(std::filesystem::file_size(pathOf(path))) / 1e6)});
     const bench::LetterJob job(kOpened);
     Times times;
     for (int run = 0; run < kRuns; ++run) openOnce(job.script(), path, times);
     const double plain = median(times.plain), found = median(times.found), compared = median(times.compared);
-    fmt::print(
-        "ledger: {} letters up to the first page {:.1f} ms; finding their run {:.1f} ms: {:.2f} times (aim: 1.15)\n",
-        kOpened, plain, found, (plain + found) / plain);
-    fmt::print("ledger: comparing them with the last run, after the first page: {:.1f} ms\n", compared);
+    bench::print({.name = fmt::format("{} letters opened, their run found in the ledger", kOpened),
+                  .ours = millisecondsText(plain + found),
+                  .peer = millisecondsText(plain) + " without a ledger",
+                  .ratio = bench::ratioText((plain + found) / plain),
+                  .aim = "ratio 1.15"});
+    bench::print({.name = "their comparison with the last run", .ours = millisecondsText(compared)});
 }
 
 } // namespace

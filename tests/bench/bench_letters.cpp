@@ -2,6 +2,7 @@
 // only writes the same text operators. The texts of the PDF are extracted and checked page by page.
 
 #include "bench/bench_process.h"
+#include "bench/figures.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "bench/noted_texts.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <map>
 #include <stdexcept>
 
 namespace inin::bench {
@@ -72,28 +74,45 @@ struct PdfKind {
 };
 constexpr PdfKind kKinds[] = {{"tagged", nullptr, "tagged.pdf", 2.0, 900},
                               {"archive", "--archive", "archive.pdf", 2.0, 900},
-                              {"untagged", "--untagged", "untagged.pdf", 1.5, 900}};
+                              {"untagged", "--untagged", "untagged.pdf", 1.15, 900}};
 
-/// True when every text is on its own page.
-bool compareKind(const LetterJob &job, const PdfKind &kind, const fs::path &folder)
+std::vector<std::string> commandFor(const LetterJob &job, const PdfKind &kind, const fs::path &folder)
 {
     std::vector<std::string> words{(folder / "formviewer").string(), "--pdf", job.file(kind.file)};
     if (kind.option != nullptr) words.emplace_back(kind.option);
     words.push_back(job.script());
-    const auto [ours, plain, ratio] = raceOf(
-        {words, job.file("out")},
+    return words;
+}
+
+double growthOf(const PdfKind &kind, const fs::path &folder)
+{
+    std::map<std::size_t, LetterJob> jobs;
+    return growthExponent([&](std::size_t letters) {
+        const LetterJob &job = jobs.try_emplace(letters, letters).first->second;
+        return runProcess(commandFor(job, kind, folder), job.file("out"));
+    });
+}
+
+/// True when every text is on its own page.
+bool compareKind(const LetterJob &job, const PdfKind &kind, const fs::path &folder)
+{
+    const Race race = raceOf(
+        {commandFor(job, kind, folder), job.file("out")},
         {{(folder / "plain_letters").string(), job.file("plain.job"), job.file("plain.pdf")}, job.file("out")}, kRuns);
     const auto [found, expected] = textsFound(job, kind.file);
-    const double size = static_cast<double>(fs::file_size(job.file(kind.file)));
-    fmt::print("bench_letters: {}: letters {}, texts on their own pages {} of {}\n", kind.name, kLetters, found,
-               expected);
-    fmt::print("bench_letters: {}: form viewer   {:.3f} s, {:.1f} MB at the peak (aim: below 60 MB)\n", kind.name,
-               ours.seconds, ours.megabytes);
-    fmt::print("bench_letters: {}: plain program {:.3f} s, {:.1f} MB at the peak\n", kind.name, plain.seconds,
-               plain.megabytes);
-    fmt::print("bench_letters: {}: ratio {:.2f} (aim: at most {:.2f})\n", kind.name, ratio, kind.ratio);
-    fmt::print("bench_letters: {}: {:.0f} bytes a letter (aim: at most {}; the plain program: {:.0f})\n", kind.name,
-               size / kLetters, kind.bytes, static_cast<double>(fs::file_size(job.file("plain.pdf"))) / kLetters);
+    const auto bytesALetter = [&](const char *file) {
+        return static_cast<double>(fs::file_size(job.file(file))) / kLetters;
+    };
+    Figure figure = raceFigure(fmt::format("{} letters to PDF, {}", kLetters, kind.name), race, "plain writer",
+                               fmt::format("ratio {:.2f}, 60 MB", kind.ratio));
+    figure.growth = ratioText(growthOf(kind, folder));
+    print(figure);
+    print({.name = "its bytes a letter",
+           .ours = fmt::format("{:.0f} B", bytesALetter(kind.file)),
+           .peer = fmt::format("{:.0f} B plain writer", bytesALetter("plain.pdf")),
+           .aim = fmt::format("{} B", kind.bytes)});
+    print(
+        {.name = "its texts on their own pages", .ours = fmt::format("{}", found), .aim = fmt::format("{}", expected)});
     return found == expected;
 }
 

@@ -2,6 +2,7 @@
 // This is all that the core does between the start of the program and the first display of the screen.
 
 #include "bench/bench_site.h"
+#include "bench/figures.h"
 
 #include <fmt/format.h>
 
@@ -41,9 +42,10 @@ int measure()
     for (int i = 0; i < kLoads; ++i) loads.push_back(loadOnce(screen.app(), entries));
     const double first = loads.front();
     std::ranges::sort(loads);
-    fmt::print("bench_load: staff of the branch {}, entries of the staff list {}\n", kStaff, entries);
-    fmt::print("bench_load: {:.1f} ms a load, the first one {:.1f} ms (aim: below 50)\n", loads.at(loads.size() / 2),
-               first);
+    print({.name = fmt::format("screen loaded with {} staff, {} in the list", kStaff, entries),
+           .ours = millisecondsText(loads.at(loads.size() / 2)),
+           .aim = "50 ms"});
+    print({.name = "the same, the first time", .ours = millisecondsText(first), .aim = "50 ms"});
     return 0;
 }
 

@@ -5,12 +5,14 @@
 #include "adapters/sqlite/sql_translator.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
+#include "bench/figures.h"
 #include "demo_site/database_maker.h"
 
 #include <fmt/format.h>
 
 #include <exception>
 #include <fstream>
+#include <map>
 
 namespace inin::bench {
 
@@ -18,9 +20,14 @@ using namespace sqlite;
 
 namespace {
 
-/// Enough patients for slightly more than 32,000 letters.
-constexpr std::int64_t kPatients = 35200;
+constexpr std::size_t kLetters = 32'000;
 constexpr int kRuns = 9;
+
+/// Enough patients for slightly more letters.
+std::int64_t patientsFor(std::size_t letters)
+{
+    return static_cast<std::int64_t>(letters + letters / 10);
+}
 
 /// Runs in the child process.
 int runOnce(const std::string &folder)
@@ -56,18 +63,38 @@ std::int64_t linesOf(const std::filesystem::path &file)
     return lines;
 }
 
+std::string outputOf(const BenchSite &site)
+{
+    return (site.folder() / "bench.out").string();
+}
+
+std::vector<std::string> commandFor(const std::string &self, const BenchSite &site)
+{
+    return {self, "run", site.folder().string()};
+}
+
+double growthOf(const std::string &self)
+{
+    std::map<std::size_t, BenchSite> sites;
+    return growthExponent([&](std::size_t letters) {
+        const BenchSite &site = sites.try_emplace(letters, patientsFor(letters)).first->second;
+        return runProcess(commandFor(self, site), outputOf(site));
+    });
+}
+
 int compare(const std::string &self)
 {
-    const BenchSite site(kPatients);
-    const auto output = (site.folder() / "bench.out").string();
+    const BenchSite site(patientsFor(kLetters));
+    const std::string output = outputOf(site);
     const auto plainCsv = (site.folder() / "plain.csv").string();
     const std::string database = (site.folder() / "demo.db").string();
-    const auto [ours, plain, ratio] = raceOf({{self, "run", site.folder().string()}, output},
-                                             {{"sqlite3", "-csv", "-header", database, statement()}, plainCsv}, kRuns);
-    fmt::print("bench_month: letters {} (sqlite3: {} rows)\n", firstLine(output), linesOf(plainCsv) - 1);
-    fmt::print("bench_month: extraction and CSV {:.3f} s, {:.1f} MB at the peak\n", ours.seconds, ours.megabytes);
-    fmt::print("bench_month: sqlite3 command    {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);
-    fmt::print("bench_month: ratio {:.2f} (aim: at most 1.10, below 80 MB)\n", ratio);
+    const Race race = raceOf({commandFor(self, site), output},
+                             {{"sqlite3", "-csv", "-header", database, statement()}, plainCsv}, kRuns);
+    Figure figure =
+        raceFigure(fmt::format("a month's {} letters to CSV", firstLine(output)), race, "sqlite3", "ratio 1.00, 45 MB");
+    figure.growth = ratioText(growthOf(self));
+    print(figure);
+    print({"rows of the same statement", firstLine(output), fmt::format("{} sqlite3", linesOf(plainCsv) - 1)});
     return 0;
 }
 

@@ -5,6 +5,7 @@
 #include "adapters/odbc/odbc_database.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
+#include "bench/figures.h"
 #include "demo_site/demo_tables.h"
 #include "demo_site/embedded.h"
 #include "demo_site/server_maker.h"
@@ -107,8 +108,9 @@ void measureDay(const std::string &folder)
     const auto start = std::chrono::steady_clock::now();
     if (screen.form().iGetKanjaDataDay() != iGood) throw std::runtime_error("the extraction failed");
     const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
-    fmt::print("bench_odbc: a day's {} letters in {:.3f} s with {} log-ins (aim: at most 2)\n", screen.form().iRowCount,
-               spent.count(), database.logIns());
+    print({.name = fmt::format("a day's {} letters over ODBC", screen.form().iRowCount),
+           .ours = secondsText(spent.count())});
+    print({.name = "its log-ins", .ours = fmt::format("{}", database.logIns()), .aim = "2"});
 }
 
 int compare(const std::string &self)
@@ -119,12 +121,11 @@ int compare(const std::string &self)
     const std::string output = (folder / "bench.out").string();
     const std::string plainOutput = (folder / "plain.out").string();
     const std::string plainProgram = fs::path(self).replace_filename("bench_odbc_plain").string();
-    const auto [ours, plain, ratio] = raceOf({{self, "run", folder.string()}, output},
-                                             {{plainProgram, server(), monthStatement()}, plainOutput}, kRuns);
-    fmt::print("bench_odbc: letters {} (plain program: {} rows)\n", firstLine(output), firstLine(plainOutput));
-    fmt::print("bench_odbc: extraction and CSV {:.3f} s, {:.1f} MB at the peak\n", ours.seconds, ours.megabytes);
-    fmt::print("bench_odbc: plain block fetch  {:.3f} s, {:.1f} MB at the peak\n", plain.seconds, plain.megabytes);
-    fmt::print("bench_odbc: ratio {:.2f} (aim: at most 1.50)\n", ratio);
+    const Race race = raceOf({{self, "run", folder.string()}, output},
+                             {{plainProgram, server(), monthStatement()}, plainOutput}, kRuns);
+    print(raceFigure(fmt::format("a month's {} letters over ODBC to CSV", firstLine(output)), race, "plain block fetch",
+                     "ratio 1.50"));
+    print({"rows of the same statement", firstLine(output), firstLine(plainOutput) + " plain block fetch"});
     measureDay(folder.string());
     return 0;
 }

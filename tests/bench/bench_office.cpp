@@ -3,6 +3,7 @@
 // ours is not.
 
 #include "bench/bench_process.h"
+#include "bench/figures.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "bench/noted_texts.h"
@@ -110,7 +111,7 @@ void checkPages(const LetterJob &job, const std::string &pdf, std::size_t pages)
 int compare(const fs::path &folder)
 {
     if (!isOnPath("soffice")) {
-        fmt::print("bench_office: no office program (soffice) is installed; nothing to compare with\n");
+        print({.name = "a letter to PDF (no office program is installed)", .ours = {}});
         return 0;
     }
     const LetterJob job(kLetters);
@@ -130,10 +131,11 @@ int compare(const fs::path &folder)
     const double ours = medianOf(runs).seconds / kLetters;
     checkPages(job, job.file("ours.pdf"), kLetters);
 
-    fmt::print("bench_office: office program {:.2f} ms a letter ({} pages, without its start of {:.2f} s)\n",
-               office * 1000, kPages, start);
-    fmt::print("bench_office: form viewer {:.3f} ms a letter ({} pages, with its start)\n", ours * 1000, kLetters);
-    fmt::print("bench_office: {:.0f} times its rate (aim: at least 100)\n", office / ours);
+    print({.name = fmt::format("a letter of {} to PDF, with the start", kLetters),
+           .ours = fmt::format("{:.3f} ms", ours * 1000),
+           .peer = fmt::format("{:.2f} ms office program", office * 1000),
+           .ratio = fmt::format("{:.4f}", ours / office),
+           .aim = "ratio 0.01"});
     return 0;
 }
 

@@ -2,6 +2,7 @@
 // operator waits. The page is checked, because a blank one is fast.
 
 #include "bench/bench_process.h"
+#include "bench/figures.h"
 #include "bench/letter_job.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/paint/qt_letter_page.h"
@@ -72,11 +73,13 @@ int measure(const std::string &self)
     }
     std::ranges::sort(runs, {}, &Parts::all);
     const Parts &middle = runs[runs.size() / 2];
-    fmt::print("bench_open: {} letters read in {:.1f} ms, form and fonts made ready in {:.1f} ms, first page at {} dpi "
-               "painted in {:.1f} ms\n",
-               kLetters, middle.opened, middle.prepared, kDotsPerInch, middle.painted);
-    fmt::print("bench_open: together {:.1f} ms, at least {:.1f}, at most {:.1f} (aim: below 50)\n", middle.all(),
-               runs.front().all(), runs.back().all());
+    print({.name = fmt::format("{} letters opened up to the first page", kLetters),
+           .ours = millisecondsText(middle.all()),
+           .aim = "50 ms"});
+    print({.name = "of it: script and letters read", .ours = millisecondsText(middle.opened)});
+    print({.name = "of it: form and fonts made ready", .ours = millisecondsText(middle.prepared)});
+    print({.name = fmt::format("of it: the page painted at {} dpi", kDotsPerInch),
+           .ours = millisecondsText(middle.painted)});
     return 0;
 }
 

@@ -31,6 +31,11 @@ pid_t spawnInto(const std::vector<std::string> &arguments, const std::string &ou
     return child;
 }
 
+double secondsOf(const timeval &time)
+{
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
 } // namespace
 
 Spent runProcess(const std::vector<std::string> &arguments, const std::string &outputFile)
@@ -45,7 +50,9 @@ Spent runProcess(const std::vector<std::string> &arguments, const std::string &o
         throw std::runtime_error(arguments.front() + " failed");
     }
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-    return {seconds.count(), static_cast<double>(usage.ru_maxrss) / 1024}; // ru_maxrss is in kilobytes
+    // ru_maxrss is in kilobytes.
+    return {seconds.count(), static_cast<double>(usage.ru_maxrss) / 1024,
+            secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime)};
 }
 
 std::string firstLine(const std::string &outputFile)

@@ -9,6 +9,7 @@ namespace inin::bench {
 struct Spent {
     double seconds = 0;
     double megabytes = 0; ///< peak memory
+    double cpuSeconds = 0;
 };
 
 /// Runs a program to its end with its output in a file; throws if it fails.

@@ -1,6 +1,7 @@
 // A thousand scanned pages: reading their codes and marking the letters in the ledger, compared with a loop that only
 // decodes the same pictures and calls the library. Both read the same files in turn, so that a busy machine slows both.
 
+#include "bench/figures.h"
 #include "bench/letter_rows.h"
 #include "runtime/date.h"
 #include "suite_text/code_page_932.h"
@@ -104,8 +105,10 @@ void run()
         bare += secondsOf([&] { return readBare(files); });
         ours += secondsOf([&] { return readReturned(files, ledger); });
     }
-    fmt::print("{} scanned pages: {:.1f} s, the bare loop {:.1f} s, ratio {:.2f}\n", kFiles * kRounds, ours, bare,
-               ours / bare);
+    print({.name = fmt::format("{} scanned pages read", kFiles * kRounds),
+           .ours = secondsText(ours),
+           .peer = secondsText(bare) + " bare loop",
+           .ratio = ratioText(ours / bare)});
 }
 
 } // namespace

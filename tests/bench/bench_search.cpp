@@ -4,6 +4,7 @@
 
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
+#include "bench/figures.h"
 #include "search/patient_search_form.h"
 
 #include <fmt/format.h>
@@ -56,10 +57,10 @@ int measure(const std::string &self)
         runs.push_back(spent);
     }
     const Spent median = medianOf(runs);
-    fmt::print("bench_search: {} patients in the first list, {:.3f} s (aim: 30000 in under 0.4)\n", rows,
-               median.seconds);
-    fmt::print("bench_search: {:.1f} MB over the idle program's {:.1f} (aim: under 60)\n",
-               median.megabytes - idle.megabytes, idle.megabytes);
+    print({.name = fmt::format("first list of {} patients", rows),
+           .ours = secondsText(median.seconds),
+           .memory = megabytesText(median.megabytes - idle.megabytes),
+           .aim = "0.080 s, 60 MB over the idle program's"});
     return 0;
 }
 

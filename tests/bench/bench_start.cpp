@@ -9,6 +9,7 @@
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
 #include "bench/end_at_paint.h"
+#include "bench/figures.h"
 #include "desktop_theme/theme.h"
 #include "shell/start.h"
 
@@ -94,15 +95,18 @@ int measure(const std::string &self)
             const double spent = millisecondsToPaint(start->command, answer);
             if (run >= 0) start->milliseconds.push_back(spent);
         }
-    fmt::print("bench_start: empty window after {:.1f} ms, maximised {:.1f} ms, with a line of text {:.1f} ms\n",
-               middle(empty.milliseconds), middle(large.milliseconds), middle(line.milliseconds));
-    fmt::print("bench_start: first painted window, maximised, after {:.1f} ms: {:.2f} times the empty window "
-               "(aim: at most 1.5), {:.2f} times the maximised one\n",
-               middle(background.milliseconds), times(background, empty), times(background, large));
-    fmt::print(
-        "bench_start: painted conditions screen after {:.1f} ms: {:.2f} times the empty window, {:.2f} times the "
-        "one with a line of text\n",
-        middle(screen.milliseconds), times(screen, empty), times(screen, line));
+    const auto compare = [](const char *name, const Start &ours, const Start &plain, const char *peer,
+                            const char *aim) {
+        print({.name = name,
+               .ours = millisecondsText(middle(ours.milliseconds)),
+               .peer = millisecondsText(middle(plain.milliseconds)) + " " + peer,
+               .ratio = ratioText(times(ours, plain)),
+               .aim = aim});
+    };
+    compare("first painted window", background, empty, "empty window", "ratio 1.50");
+    compare("first painted window, maximised", background, large, "empty window", "");
+    compare("painted conditions screen", screen, line, "window with text", "ratio 1.25");
+    compare("painted conditions screen", screen, empty, "empty window", "");
     return 0;
 }
 

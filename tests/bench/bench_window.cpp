@@ -1,6 +1,7 @@
 // The form viewer's window with ten thousand letters: opening, the first page, turning pages, the check, printing. Each
 // result is verified, because blank pages are fast.
 
+#include "bench/figures.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "suite_text/code_page_932.h"
@@ -79,7 +80,8 @@ std::unique_ptr<OpenLetters> timeOpening(const std::string &script)
     QElapsedTimer since;
     since.start();
     auto letters = std::make_unique<OpenLetters>(script);
-    fmt::print("window: reading {} letters and their form {:.0f} ms\n", letters->set.size(), milliseconds(since));
+    bench::print({.name = fmt::format("{} letters and their form read", letters->set.size()),
+                  .ours = bench::millisecondsText(milliseconds(since))});
     require(letters->set.size() == kLetters + 1, "letters are missing");
     return letters;
 }
@@ -106,9 +108,13 @@ public:
     }
     void print(const char *what) const
     {
-        fmt::print(
-            "window: {} {:.1f} ms, the slowest of {} {:.1f} ms; of work {:.1f} and {:.1f} ms (aim: each under 10)\n",
-            what, m_clock.all / m_clock.count, m_clock.count, m_clock.worst, m_work.all / m_work.count, m_work.worst);
+        const auto row = [](const std::string &name, double milliseconds) {
+            bench::print({.name = name, .ours = bench::millisecondsText(milliseconds), .aim = "10 ms"});
+        };
+        row(what, m_clock.all / m_clock.count);
+        row(fmt::format("the slowest of {}", m_clock.count), m_clock.worst);
+        row("CPU time of one", m_work.all / m_work.count);
+        row("CPU time of the slowest", m_work.worst);
     }
 
 private:
@@ -144,11 +150,11 @@ void turn(ViewerWindow &window, PageView &page, bool reads, const char *what)
 void timeTurningInWindow(ViewerWindow &window)
 {
     auto *const page = dynamic_cast<PageView *>(window.findChild<QAbstractScrollArea *>("pageView"));
-    turn(window, *page, false, "a turned page with list and screen, without a pause");
-    turn(window, *page, true, "the same, read for a moment each");
+    turn(window, *page, false, "a page turned in the window, without a pause");
+    turn(window, *page, true, "a page turned in the window, after a moment");
     page->setZoom(kDotsPerInch / page->logicalDpiY());
-    turn(window, *page, false, "at 150 dpi, without a pause");
-    turn(window, *page, true, "at 150 dpi, read for a moment each");
+    turn(window, *page, false, "a page turned at 150 dpi, without a pause");
+    turn(window, *page, true, "a page turned at 150 dpi, after a moment");
 }
 
 void timeWindow(const bench::LetterJob &job)
@@ -169,8 +175,8 @@ void timeWindow(const bench::LetterJob &job)
     window.show();
     while (paints.count == 0) QApplication::processEvents();
     const double shown = milliseconds(since);
-    fmt::print("window: built in {:.0f} ms, first page on the screen {:.0f} ms after it is shown (aim: under 50)\n",
-               built, shown);
+    bench::print({.name = "the viewer's window built", .ours = bench::millisecondsText(built)});
+    bench::print({.name = "its first page, from show() on", .ours = bench::millisecondsText(shown), .aim = "50 ms"});
     require(inkOf(page->viewport()->grab().toImage()) > 1000, "the first page is blank");
     window.finishCheck();
     require(window.findings().size() == 1, "the check in the window found other things");
@@ -201,7 +207,9 @@ void timeCheck(OpenLetters &letters)
     QElapsedTimer since;
     since.start();
     const std::vector<Finding> findings = checkLetters(letters.renderer, DateSerial(2024, 5, 20));
-    fmt::print("check: {} letters {:.0f} ms (aim: under 1000)\n", kLetters, milliseconds(since));
+    bench::print({.name = fmt::format("{} letters checked", kLetters),
+                  .ours = bench::millisecondsText(milliseconds(since)),
+                  .aim = "1000 ms"});
     require(findings.size() == 1 && findings[0].letter == kSpoilt && findings[0].cause == Cause::noHolder,
             "the check found other things");
 }
@@ -215,8 +223,9 @@ void timePath(OpenLetters &letters, const PrintPaths &paths, const QString &path
     const double spent = milliseconds(since);
     require(result.isDone() && result.sent == kPrinted, "the print failed");
     const double bytes = static_cast<double>(QFileInfo(path).size());
-    fmt::print("print: {} letters {} {:.0f} ms, {:.0f} pages a second, {:.2f} KB a page\n", kPrinted, what, spent,
-               kPrinted / spent * 1000, bytes / kPrinted / 1024);
+    bench::print(
+        {.name = fmt::format("{} letters printed, {}", kPrinted, what), .ours = bench::millisecondsText(spent)});
+    bench::print({.name = "its size a page", .ours = fmt::format("{:.2f} KB", bytes / kPrinted / 1024)});
 }
 
 /// Up to the hand-over to the system: the speed of its print queue is not measured.
@@ -233,7 +242,7 @@ void timePrint(OpenLetters &letters, const bench::LetterJob &job)
         printer->setOutputFileName(path);
         return printer;
     };
-    timePath(letters, {spool, {}}, path, "as the system's spooler gets them");
+    timePath(letters, {spool, {}}, path, "for the system's spooler");
     timePath(letters, {{}, make}, path, "painted on a printer");
 }
 

@@ -54,7 +54,7 @@ std::vector<std::string> letterRow(std::size_t n)
             "カ）ヒダマリホウモンマッサージ",
             fmt::format("2024/05/{:02}", n % 31 + 1),
             from(kCities, n),
-            fmt::format("{}", n % 6),
+            fmt::format("{}", n % 8 + 1),
             fmt::format("{}　{}{}", from(kFamilies, n), from(kGivens, n / 5), n),
             fmt::format("000-{:04}-{:04}", n / 10000, n % 10000),
             home(n + 1),

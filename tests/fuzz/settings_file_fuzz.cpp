@@ -1,11 +1,12 @@
 // Files that other programs leave in the suite's folders, and command lines from its settings: pictures, the version file,
-// the user file, line by line reading, arguments.
+// the user file, line by line reading, arguments, the system settings.
 
 #include "adapters/posix/command_line.h"
 #include "common/picture.h"
 #include "common/text_file.h"
 #include "fuzz/fuzz_input.h"
 #include "shell/online_help.h"
+#include "shell/settings.h"
 #include "shell/version_form.h"
 #include "suite_text/code_page_932.h"
 #include "support/fake_platform.h"
@@ -73,6 +74,35 @@ void checkLines(std::string_view input)
         require(lines == decodeCp932(bytes), "the lines make up the file");
 }
 
+std::string_view withoutBlanks(std::string_view text)
+{
+    while (text.starts_with(' ')) text.remove_prefix(1);
+    while (text.ends_with(' ')) text.remove_suffix(1);
+    return text;
+}
+
+/// The value of SYSTEM_TMP by a reader that is simpler: of ASCII bytes, and lines that end with LF only.
+std::string naiveFolder(std::string_view file)
+{
+    while (!file.empty()) {
+        const std::string_view line = fuzz::takePart(file);
+        const std::size_t equals = line.find('=');
+        if (equals != std::string_view::npos && withoutBlanks(line.substr(0, equals)) == "SYSTEM_TMP")
+            return std::string(line.substr(equals + 1));
+    }
+    return {};
+}
+
+void checkSystemSettings(std::string_view input)
+{
+    FakeWorld &world = worldWith("C:\\SUITE\\Massage.ini", input);
+    world.app.gcsAppPath = "C:\\SUITE";
+    const std::string folder = csTmpDir(world.app, WarnIfMissing::no);
+    require(folder.starts_with("C:\\SUITE") && folder.ends_with('\\'), "a folder is in that of the program");
+    const bool isPlain = std::ranges::all_of(input, [](char c) { return c == '\n' || (c >= ' ' && c <= '~'); });
+    if (isPlain) require(folder == "C:\\SUITE" + naiveFolder(input) + "\\", "a value is what the simpler reader finds");
+}
+
 std::vector<std::string> splitAtBlanks(std::string_view text)
 {
     std::vector<std::string> words(1);
@@ -102,5 +132,6 @@ void checkCommandLine(std::string_view input)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    return fuzz::runChoice({checkPicture, checkVersionFile, checkUserFile, checkLines, checkCommandLine}, data, size);
+    return fuzz::runChoice(
+        {checkPicture, checkVersionFile, checkUserFile, checkLines, checkCommandLine, checkSystemSettings}, data, size);
 }

@@ -4,6 +4,7 @@
     package_test.py PrintInin-windows-VERSION.zip
 """
 import pathlib
+import re
 import struct
 import subprocess
 import sys
@@ -13,13 +14,15 @@ import zipfile
 
 ZIP = pathlib.Path(sys.argv[1])
 PROGRAMS = {"PrintInin.exe", "formviewer.exe", "inin-script.exe", "inin-site.exe", "inin-stand-in.exe"}
-PLUGINS = {"qt/plugins/platforms/qwindows.dll", "qt/plugins/imageformats/qgif.dll", "qt/plugins/imageformats/qjpeg.dll"}
+PLUGINS = {"qt/plugins/platforms/qwindows.dll", "qt/plugins/imageformats/qgif.dll", "qt/plugins/imageformats/qjpeg.dll",
+           "qt/plugins/imageformats/qtiff.dll"}
 LIBRARIES = {"Qt6Core.dll", "Qt6Gui.dll", "Qt6Widgets.dll", "Qt6PrintSupport.dll", "libgcc_s_seh-1.dll", "libstdc++-6.dll",
              "libwinpthread-1.dll"}
 # Each part that is shipped, with its notices and a word of its licence. The programs contain the parts without a file.
 NOTICES = {
     "Qt6*.dll": ("Qt.txt", "LGPL"),
     "qt/plugins/*/*.dll": ("Qt.txt", "LGPL"),
+    "qt/plugins/imageformats/qtiff.dll": ("Qt TIFF plugin.txt", "LGPL"),
     "qt/translations/*": ("Qt translations.txt", "Qt"),
     "libgcc_s_seh-1.dll": ("gcc.txt", "GCC Runtime Library Exception"),
     "libstdc++-6.dll": ("gcc.txt", "GCC Runtime Library Exception"),
@@ -29,7 +32,10 @@ NOTICES = {
 }
 INSIDE = {"HarfBuzz.txt": "HarfBuzz", "Expat.txt": "Expat", "zlib.txt": "zlib", "fmt.txt": "Zverovich",
           "CLI11.txt": "Cincinnati", "nlohmann json.txt": "Lohmann", "SQLite.txt": "public-domain",
-          "mingw-w64.txt": "mingw-w64", "libpng.txt": "PNG", "libjpeg-turbo.txt": "libjpeg"}
+          "mingw-w64.txt": "mingw-w64", "libpng.txt": "PNG", "libjpeg-turbo.txt": "libjpeg",
+          "libdeflate.txt": "Biggers",
+          "libtiff.txt": "Silicon Graphics", "ZBar.txt": "Lesser General", "Poppler.txt": "GPL",
+          "FreeType.txt": "FreeType", "OpenJPEG.txt": "BSD"}
 # The parts inside Qt that this build of Qt takes from Qt's own sources.
 INSIDE_QT = ["PCRE2", "zlib", "Binary-Decimal", "HarfBuzz-NG", "LibJPEG", "LibPNG", "MD4C", "BLAKE2", "easing"]
 # Libraries of every Windows 10.
@@ -120,6 +126,12 @@ class Package(unittest.TestCase):
         for part in INSIDE_QT:
             with self.subTest(part=part):
                 self.assertTrue(part.lower() in self.notice("Qt parts.txt").lower())
+
+    def test_names_the_source_of_every_part(self):
+        sources = self.notice("Sources.txt")
+        for notice in [name for name, _ in NOTICES.values()] + list(INSIDE):
+            with self.subTest(notice=notice):
+                self.assertRegex(sources, rf"(?m)^{re.escape(notice.removesuffix('.txt'))}: Debian source package \S+, version \S+$")
 
     def test_has_the_licences_that_the_notices_refer_to(self):
         for text in ("LGPL-3", "LGPL-2.1", "GPL-3", "GPL-2"):

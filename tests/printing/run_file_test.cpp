@@ -62,6 +62,16 @@ TEST_CASE_FIXTURE(TwoLetters, "a run that fails in the CSV leaves only the holde
     CHECK(std::ranges::count(world.files.log, std::string("unlock ") + kRun) == 1);
 }
 
+TEST_CASE_FIXTURE(TwoLetters, "a run prints without a lock if the locking fails with an error")
+{
+    world.files.lockState = [](const std::string &) -> State { throw RuntimeError(error_number::pathNotFound); };
+    form.vRunPrint(1);
+
+    CHECK(isPrinted());
+    CHECK(world.boxes.shown.empty());
+    CHECK_FALSE(world.files.has(kRun));
+}
+
 TEST_CASE_FIXTURE(TwoLetters,
                   "the lock extends from the removal of the old CSV to the start of the tool, without the store")
 {

@@ -394,9 +394,7 @@ TEST_CASE("each extraction finds the letters of nested loops over the tables, in
             return;
         }
         sortWithinGroups(expected, found);
-        std::vector<Fields> fields;
-        for (const Letter &letter : expected) fields.push_back(letter.fields);
-        RC_ASSERT(found == fields);
+        RC_ASSERT(std::ranges::equal(found, expected, {}, {}, &Letter::fields));
     });
     CHECK(letterCount > 1000);
 }

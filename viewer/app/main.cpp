@@ -52,6 +52,7 @@ int main(int argc, char **argv)
 {
     using namespace inin::viewer;
     prepareStreams();
+    prepareToolkit();
     const auto run = [&] {
         const std::vector<std::string> words = inin::commandWords(argc, argv);
         return std::visit(RunCommand{words.empty() ? std::string() : words.front()}, readViewerCommand(words));

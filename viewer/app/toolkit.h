@@ -8,6 +8,9 @@ namespace inin::viewer {
 
 // The commands that need the toolkit. A build without it refuses them with a sentence.
 
+/// Prepares the toolkit for all of them. Call it once, first.
+void prepareToolkit();
+
 /// Shows the letters in a window until it is closed. Returns the exit code.
 [[nodiscard]] int showLetters(const ViewCommand &command, const std::string &programName);
 /// Writes letters as pictures into the command's folder.

@@ -1,3 +1,4 @@
+#include "desktop_theme/toolkit_folder.h"
 #include "runtime/runtime_error.h"
 #include "system/file_path.h"
 #include "system/local_time.h"
@@ -18,6 +19,11 @@
 #include <cstdio>
 
 namespace inin::viewer {
+
+void prepareToolkit()
+{
+    theme::useToolkitFolder();
+}
 
 int showLetters(const ViewCommand &command, const std::string &programName)
 {

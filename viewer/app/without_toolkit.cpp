@@ -4,6 +4,8 @@
 
 namespace inin::viewer {
 
+void prepareToolkit() {}
+
 int showLetters(const ViewCommand &, const std::string &)
 {
     showFailure("formviewer: このプログラムには画面がないので、--pdf か --check を指定してください。");

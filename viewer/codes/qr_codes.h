@@ -17,6 +17,8 @@ struct QrModules {
 };
 /// The blank border that readers need around a code, in modules.
 inline constexpr int kQuietZone = 4;
+/// The digits that a code of the smallest size holds.
+inline constexpr std::size_t kMostQrDigits = 17;
 
 /// A picture in shades of grey; 0 is black.
 struct GreyPicture {
@@ -24,11 +26,12 @@ struct GreyPicture {
     int width = 0, height = 0, bytesPerRow = 0;
 };
 
-/// False in a build without the library for codes: writeQr() then returns a square without modules, and readQrCodes()
-/// finds nothing.
-[[nodiscard]] bool hasQrCodes();
-/// Writes a short text with the strongest error correction.
-[[nodiscard]] QrModules writeQr(std::string_view text);
+/// Writes digits as a code of the smallest size (version 1) with the strongest error correction (level H). Throws a
+/// RuntimeError for another text.
+[[nodiscard]] QrModules writeQr(std::string_view digits);
+
+/// False in a build without a library that reads codes; readQrCodes() then finds nothing.
+[[nodiscard]] bool canReadQrCodes();
 /// The texts of all codes in a picture, which may be rotated and upside down. A code that cannot be corrected is left
 /// out. Throws a RuntimeError when `pixels` is shorter than the picture.
 [[nodiscard]] std::vector<std::string> readQrCodes(const GreyPicture &picture);

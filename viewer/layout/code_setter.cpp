@@ -41,7 +41,6 @@ void CodeSetter::show(std::string_view text)
     std::erase(digits, '-');
     if (digits.empty()) return;
     const QrModules modules = writeQr(digits);
-    if (modules.size == 0) return;
     for (const CodeCommand &code : m_codes)
         m_paths.push_back({pathOf(modules, code.box), Color{}, false, {}, code.place});
 }

@@ -108,7 +108,7 @@ QImage ScannedFile::page(int index)
 
 bool canReadScans()
 {
-    return hasQrCodes();
+    return canReadQrCodes();
 }
 
 std::vector<std::string> codesOn(const QImage &greyPage)

@@ -24,6 +24,7 @@ namespace {
 constexpr std::size_t kLettersBetweenReports = 100;
 constexpr std::size_t kPagesInNode = 100; ///< of the page tree, so that a reader finds a page of many quickly
 constexpr std::size_t kPageRow = 100;     ///< for a page's object with numbers of up to seven digits
+constexpr std::size_t kRoundNumbers = 10; ///< the numbers of letters are a multiple of this apart
 constexpr double kNoMove = 0.005;
 
 class LettersPdf {
@@ -79,6 +80,7 @@ private:
     {
         const std::size_t count = m_renderer.pageCount(letter);
         m_letterPages.clear();
+        if (m_structure) m_file.skipToMultipleOf(kRoundNumbers);
         for (std::size_t page = 0; page < count; ++page) writePage(letter, page);
         if (m_structure) m_structure->addLetter(m_letterPages);
         if (m_outline && letter < m_renderer.set().size()) m_outline->add(letter, m_letterPages.front().object);

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "viewer/pdf/pdf_file.h"
+#include "viewer/pdf/object_groups.h"
 
 #include <cstddef>
+#include <map>
 #include <span>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace inin::viewer {
@@ -26,17 +25,17 @@ public:
     int write();
 
 private:
-    /// Adds the paragraphs of a page, and references to them.
-    void addParagraphs(const Page &page, int section, std::string &references);
-    void addList(int number, std::string_view references);
+    [[nodiscard]] ObjectPattern patternOf(std::span<const std::size_t> paragraphs) const;
     [[nodiscard]] int writeParents();
 
     PdfFile &m_file;
-    PackedObjects m_sectionObjects, m_listObjects, m_paragraphObjects;
     int m_root, m_document;
+    std::map<std::vector<std::size_t>, ObjectGroups> m_groups; ///< by the numbers of paragraphs of a letter's pages
     std::vector<int> m_sections;
-    std::vector<int> m_paragraphs; ///< for each page the list of its paragraphs
-    std::string m_list, m_whole, m_row, m_paragraph;
+    std::vector<int> m_lists; ///< for each page the list of its paragraphs
+    // Of the present letter.
+    std::vector<std::size_t> m_paragraphs;
+    std::vector<int> m_numbers;
 };
 
 } // namespace inin::viewer

@@ -61,6 +61,25 @@ void appendHundredths(std::string &out, std::int64_t hundredths)
     appendScaled(out, hundredths, 2);
 }
 
+void writePadded(std::span<char> field, std::size_t number)
+{
+    std::size_t at = field.size();
+    do {
+        field[--at] = static_cast<char>('0' + number % 10);
+        number /= 10;
+    } while (number != 0 && at > 0);
+    while (at > 0) field[--at] = ' ';
+}
+
+void appendPadded(std::string &out, std::size_t number, std::size_t width)
+{
+    std::array<char, 24> digits{};
+    const auto count =
+        static_cast<std::size_t>(std::to_chars(digits.begin(), digits.end(), number).ptr - digits.begin());
+    if (count < width) out.append(width - count, ' ');
+    out.append(digits.data(), count);
+}
+
 void appendPageBox(std::string &out, double width, double height)
 {
     out += "[0 0 ";

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,6 +15,10 @@ void appendNumber(std::string &out, double number, int decimals = 2);
 [[nodiscard]] std::int64_t hundredthsOf(double number);
 /// Appends a number given in hundredths.
 void appendHundredths(std::string &out, std::int64_t hundredths);
+/// Writes a number to the right end of a field, after blanks.
+void writePadded(std::span<char> field, std::size_t number);
+/// Appends a number after blanks. A number that is too long for `width` takes more.
+void appendPadded(std::string &out, std::size_t number, std::size_t width);
 /// Appends the box of a page, "[0 0 595.28 841.89]".
 void appendPageBox(std::string &out, double width, double height);
 /// Appends a text as a PDF text string: UTF-16 in hexadecimal digits.

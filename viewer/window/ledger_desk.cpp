@@ -31,11 +31,10 @@ void LedgerDesk::show(const LetterSet &set)
     m_ledger = std::move(ledger);
     m_isOpen = true;
     if (m_ledger.fault() == LedgerFault::off) return;
-    // Also without a usable file: an output may find one that can be written again.
     m_mark = markOf(set);
     m_texts = textsOf(set);
+    const std::optional<RunSummary> run = m_ledger.findRun(m_mark); // tries again to open a file that was locked
     if (!isUsable()) return;
-    const std::optional<RunSummary> run = m_ledger.findRun(m_mark);
     if (run) m_run = run->id;
     refresh();
     const std::vector<std::size_t> printed = m_ledger.printedAlready(m_mark, keysOf(m_texts));

@@ -131,7 +131,7 @@ void ReturnsWindow::buildTable(QBoxLayout *layout)
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setWordWrap(false);
     m_table->verticalHeader()->hide();
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSectionResizeMode(ReturnsModel::address, QHeaderView::Stretch);
     m_table->installEventFilter(this);
     m_count = new QLabel(this);
     m_count->setObjectName(u"returnsCount"_s);

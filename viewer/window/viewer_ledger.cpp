@@ -35,6 +35,7 @@ void ViewerWindow::startOutput()
 {
     openLedger();
     const bool wasUsable = m_desk.isUsable();
+    if (m_desk.isOpen() && !wasUsable) m_desk.show(m_letters->set);
     m_desk.startOutput(m_services.now());
     if (m_desk.isUsable() != wasUsable) showLedger();
 }

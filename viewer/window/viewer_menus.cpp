@@ -1,4 +1,3 @@
-#include "viewer/paint/scanned_pages.h"
 #include "viewer/window/compared_bar.h"
 #include "viewer/window/help_window.h"
 #include "viewer/window/letter_list.h"
@@ -186,9 +185,7 @@ void ViewerWindow::buildLedgerMenu()
     menu->addSeparator();
     m_ledgerActions.push_back(
         addEntry(menu, "returns", u"返送の確認(&H)…"_s, {QKeySequence(u"Ctrl+H"_s)}, [this] { askReturns(); }));
-    QAction *const codes =
-        menu->addAction(canReadScans() ? u"整理番号と QR コードを印刷する(&Q)"_s
-                                       : u"整理番号を印刷する（この版では QR コードは出ません）(&Q)"_s);
+    QAction *const codes = menu->addAction(u"整理番号と QR コードを印刷する(&Q)"_s);
     codes->setObjectName(u"printCodes"_s);
     codes->setCheckable(true);
     codes->setChecked(m_settings.printsCodes());

@@ -9,6 +9,7 @@
 #include "adapters/script/recording_ports.h"
 #include "app/print_inin/desktop.h"
 #include "desktop_theme/theme.h"
+#include "desktop_theme/toolkit_folder.h"
 #include "desktop_theme/toolkit_words.h"
 #include "runtime/runtime_error.h"
 #include "shell/error_box.h"
@@ -37,12 +38,10 @@ constexpr const char *kFolderVariable = "ININ_APP_DIR";
 constexpr const char *kTranscriptVariable = "ININ_TRANSCRIPT";
 constexpr int kBroken = 1;
 
-/// Use the toolkit: it reads the environment and the program's path in Unicode on every system.
 std::string applicationFolder()
 {
-    const QString named = qEnvironmentVariable(kFolderVariable);
-    const QString folder = named.isEmpty() ? QCoreApplication::applicationDirPath() : named;
-    return fullPath(qt::fromQt(folder));
+    const std::string named = environmentText(kFolderVariable);
+    return fullPath(named.empty() ? textOf(programFile().parent_path()) : named);
 }
 
 /// Without a display the toolkit aborts, with a core dump and no message that a user understands.
@@ -116,6 +115,7 @@ try {
         return 0;
     }
     qInstallMessageHandler(inin::sayWhyAndEnd);
+    inin::theme::useToolkitFolder();
     int noArguments = 1;
     inin::qt::EventEdge edge;
     inin::qt::WindowApplication application(noArguments, argv);

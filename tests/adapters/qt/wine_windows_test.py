@@ -35,14 +35,20 @@ def wine(*arguments, **options):
     stop_wine()
 
 
+def without_toolkit_settings(environment):
+    return {name: text for name, text in environment.items() if not name.startswith("QT_")}
+
+
 class WineProgram(Program):
     """PrintInin.exe of a folder, started there as by the menu program: without arguments, in its own folder."""
 
     def start(self, environment):
-        environment = {name: text for name, text in environment.items() if not name.startswith("QT_")}
         return subprocess.Popen(
-            ["wine", self.site + "/PrintInin.exe"], cwd=self.site, stderr=subprocess.PIPE, text=True,
-            env={**environment, "ININ_TRANSCRIPT": windows_path(self.transcript)})
+            ["wine", self.executable()], cwd=self.site, stderr=subprocess.PIPE, text=True,
+            env={**without_toolkit_settings(environment), "ININ_TRANSCRIPT": windows_path(self.transcript)})
+
+    def executable(self):
+        return self.site + "/PrintInin.exe"
 
     def __exit__(self, kind, *rest):
         if kind is not None and kind is not Ended:
@@ -320,6 +326,8 @@ def at_150_and_200_percent(site, _):
 class Share:
     """A folder as a share of a server: Wine looks for shares in a folder of its prefix."""
 
+    NAME = r"\\inin-server\share"
+
     def __init__(self, folder):
         self.server = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices", "unc", "inin-server")
         self.folder = folder
@@ -327,20 +335,34 @@ class Share:
     def __enter__(self):
         self.server.mkdir(parents=True, exist_ok=True)
         (self.server / "share").symlink_to(self.folder)
-        return r"\\inin-server\share"
 
     def __exit__(self, *_):
         (self.server / "share").unlink()
         self.server.rmdir()
 
 
-def a_site_on_a_share(programs, display):
-    """The site is on a share and the programs are elsewhere: under Wine the toolkit does not find its plugins on a share."""
-    without_viewer(programs)
-    with Share(programs) as share, WineProgram(display, programs, ININ_APP_DIR=share) as program:
-        expect("exit code", work_a_print(program, display, Pictures(display, "share")), 0)
-        expect("starts", [event["command"] for event in program.visible_events() if event["event"] == "start"],
-               [f"wfrfv10.exe /c {share}\\TMP\\WfdCom.dat", "WrVb6Viewer.exe /c ./TMP\\WfdCom.dat", share + "\\Main.exe 2"])
+class SharedProgram(WineProgram):
+    """PrintInin.exe, started from a share."""
+
+    def executable(self):
+        return Share.NAME + r"\PrintInin.exe"
+
+
+def a_site_on_a_share(site, display):
+    """The site and the programs are on a share: a print, and then its letters in the form viewer."""
+    without_viewer(site)
+    with Share(site):
+        with SharedProgram(display, site) as program:
+            expect("exit code", work_a_print(program, display, Pictures(display, "share")), 0)
+            expect("starts", [event["command"] for event in program.visible_events() if event["event"] == "start"],
+                   [rf"wfrfv10.exe /c {Share.NAME}\TMP\WfdCom.dat", r"WrVb6Viewer.exe /c ./TMP\WfdCom.dat",
+                    rf"{Share.NAME}\Main.exe 2"])
+        viewer = subprocess.Popen(["wine", Share.NAME + r"\formviewer.exe", r"TMP\WfdCom.dat"], cwd=site,
+                                  env=without_toolkit_settings(display.environment))
+        wait_for(f"the letters, not {display.active_title()}", lambda: "－ 印刷プレビュー" in display.active_title())
+        Pictures(display, "share")("viewer")
+        display.key("ctrl+w")
+        expect("exit code of the viewer", viewer.wait(real.PATIENCE), 0)
 
 
 def files_of(folder):

@@ -144,6 +144,19 @@ TEST_CASE("a file that is not a database is kept under another name, and a new l
     CHECK(world.open().fault() == LedgerFault::none);
 }
 
+TEST_CASE("the journal of a damaged file is kept beside it, so that it is not applied to the new ledger")
+{
+    const LedgerWorld world;
+    const std::string journal("\0journal", 8); // SQLite deletes one that it could apply
+    writeBytes(world.path, std::string(10'000, 'x'));
+    writeBytes(world.path + "-journal", journal);
+    Ledger ledger = world.open();
+    CHECK(ledger.fault() == LedgerFault::damaged);
+    CHECK(world.folder.bytes("台帳（壊れたファイル 2026-11-20 103205）.db-journal") == journal);
+    CHECK_FALSE(world.folder.has("台帳.db-journal"));
+    CHECK(recordsPrint(ledger, runOf(2)));
+}
+
 TEST_CASE("damage that appears while the ledger is used ends its use, and the next start begins a new one")
 {
     const LedgerWorld world;

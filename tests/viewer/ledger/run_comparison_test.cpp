@@ -1,8 +1,10 @@
 #include "viewer/ledger/run_comparison.h"
 
+#include "suite_text/code_page_932.h"
 #include "viewer/document/folded_name.h"
 #include "viewer/ledger/ledger_world.h"
 #include "viewer/ledger/letter_identity.h"
+#include "viewer/letters/csv_reader.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -203,7 +205,7 @@ TEST_CASE("random additions, removals and edits are found exactly")
     }
 }
 
-TEST_CASE("the texts of letters are those of their file, joined by column over several reports")
+TEST_CASE("the texts of letters are those of their file")
 {
     Row first = ordinaryRow(), second = ordinaryRow();
     first["利用者氏名"] = "山田";
@@ -214,6 +216,47 @@ TEST_CASE("the texts of letters are those of their file, joined by column over s
     CHECK(texts.columns() == programTitles());
     CHECK(texts.value(1, texts.columnOf("利用者氏名")) == "鈴木");
     CHECK(markOf(set).letters == 2);
+}
+
+TEST_CASE("the texts of several reports are joined by column, and a column that a report lacks is empty")
+{
+    const std::string form = svgPage("<text x='20' y='20'>{{利用者氏名}}</text>");
+    LetterSet set = lettersOn(form, {ordinaryRow()});
+    LetterReport other = std::move(lettersOn(form, {ordinaryRow()}).reports.front());
+    other.letters = readLetters(encodeCp932("\"部屋\",\"利用者氏名\"\r\n\"201\",\"鈴木\"\r\n"), TitleRow::first);
+    other.columns = other.letters.columns();
+    set.reports.push_back(std::move(other));
+    const RunTexts texts = textsOf(set);
+    REQUIRE(texts.size() == 2);
+    CHECK(texts.columns().size() == programTitles().size() + 1);
+    CHECK(texts.value(0, texts.columnOf("部屋")).empty());
+    CHECK(texts.value(1, texts.columnOf("部屋")) == "201");
+    CHECK(texts.value(1, texts.columnOf("利用者氏名")) == "鈴木");
+    CHECK(texts.value(1, texts.columnOf("保険者名")).empty());
+}
+
+TEST_CASE("the months of a run extend over those of all its reports")
+{
+    struct Period {
+        const char *start, *end;
+    };
+    const Period autumn{"2026/11/01", "2026/11/30"}, winter{"2026/12/01", "2027/01/31"}, undated{"", ""};
+    const auto monthsOf = [](const std::vector<Period> &periods) {
+        LetterSet set;
+        for (const Period &period : periods) {
+            Row row = ordinaryRow();
+            row["対象開始日"] = period.start;
+            row["対象終了日"] = period.end;
+            LetterSet one = lettersOn(svgPage("<text x='20' y='20'>{{利用者氏名}}</text>"), {row});
+            set.reports.push_back(std::move(one.reports.front()));
+        }
+        return markOf(set).period;
+    };
+    constexpr MonthRange kAll{monthNumber(2026, 11), monthNumber(2027, 1)};
+    CHECK(monthsOf({autumn, winter}) == kAll);
+    CHECK(monthsOf({winter, undated, autumn}) == kAll);
+    CHECK(monthsOf({undated, autumn}) == kNovember);
+    CHECK(!monthsOf({undated, undated}));
 }
 
 TEST_CASE("a blank form has no texts, because nothing of a row is on its paper")

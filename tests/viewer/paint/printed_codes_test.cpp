@@ -1,4 +1,5 @@
 #include "system/whole_file.h"
+#include "viewer/ledger/letter_code.h"
 #include "viewer/paint/degraded_page.h"
 #include "viewer/paint/scanned_pages.h"
 #include "viewer/pdf/letters_pdf.h"
@@ -6,6 +7,7 @@
 
 #include <doctest/doctest.h>
 
+#include <QFile>
 #include <QString>
 
 #include <cstdio>
@@ -18,26 +20,29 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// 24 pages; the whole proof of 300 is run with ININ_SCANNED_PAGES=300. ININ_SCANNED_FOLDER keeps the pages for a look.
+/// 24 pages; the whole proof of 300 is run with ININ_SCANNED_PAGES=300. ININ_SCANNED_FOLDER keeps the pages and the PDF of
+/// each form, for a look and for scripts/test-windows.
 int pagesToRead()
 {
     const char *const pages = std::getenv("ININ_SCANNED_PAGES");
     return pages == nullptr ? 24 : std::max(24, std::atoi(pages));
 }
 
+QString folderToKeep()
+{
+    return qEnvironmentVariable("ININ_SCANNED_FOLDER");
+}
+
 void keep(const QImage &page, int number)
 {
-    if (const char *const folder = std::getenv("ININ_SCANNED_FOLDER"); folder != nullptr)
-        page.save(QString::fromUtf8(folder) + QString("/%1.png").arg(number, 3, 10, QChar('0')));
+    if (const QString folder = folderToKeep(); !folder.isEmpty())
+        page.save(folder + QString("/%1.png").arg(number, 3, 10, QChar('0')));
 }
 
 std::vector<std::string> lettersOf(int form, int count)
 {
     std::vector<std::string> codes;
-    for (int i = 1; i <= count; ++i) {
-        const std::string number = std::to_string(10'000'000 + 1'000 * form + i).substr(1);
-        codes.push_back("271828-" + number + "-" + std::to_string(10 + (i * 37 + form) % 90));
-    }
+    for (int i = 1; i <= count; ++i) codes.push_back(codeText({271'828, static_cast<std::uint32_t>(1'000 * form + i)}));
     return codes;
 }
 
@@ -64,7 +69,10 @@ TEST_CASE("stained, rotated and noisy prints of the three forms are read without
     for (int form = 0; form < 3; ++form) {
         const TempFolder folder;
         const std::vector<std::string> codes = lettersOf(form, each);
-        ScannedFile file(printed(folder, kForms[form], codes));
+        const std::string pdf = printed(folder, kForms[form], codes);
+        if (const QString kept = folderToKeep(); !kept.isEmpty())
+            QFile::copy(QString::fromStdString(pdf), kept + QString("/form %1.pdf").arg(form + 1));
+        ScannedFile file(pdf);
         REQUIRE(file.pages() == each);
         for (int page = 0; page < each; ++page, ++number) {
             const QImage scan = degradedPage(file.page(page), number);

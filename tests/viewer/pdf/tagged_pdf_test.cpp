@@ -283,6 +283,44 @@ TEST_CASE("a tagged page looks like an untagged one")
     }
 }
 
+TEST_CASE("letters with and without a conditional line keep their own paragraphs, in more than one stream of objects")
+{
+    std::string form = "<text data-if='世帯主名' x='9' y='9'>世帯主</text><text x='9' y='20'>{{利用者氏名}}</text>";
+    for (int line = 0; line < 20; ++line)
+        form +=
+            "<text x='9' y='" + std::to_string(40 + 12 * line) + "'>{{保険者名}}" + std::to_string(line) + "</text>";
+    std::vector<Row> rows;
+    for (int i = 0; i < 99; ++i) {
+        rows.push_back(rowOf("甲市", "名" + std::to_string(i)));
+        rows.back()["世帯主名"] = i % 3 == 0 ? "長尾" : "";
+    }
+    const Tagged pdf(lettersOn(svgPage(form), rows));
+    checkMarks(pdf, 99);
+    std::istringstream structure(pdf.printed("pdfinfo -struct-text"));
+    std::size_t paragraphs = 0, conditional = 0;
+    for (std::string line; std::getline(structure, line);) {
+        if (contains(line, "P (block)")) ++paragraphs;
+        if (contains(line, "\"世帯主\"")) ++conditional;
+    }
+    CHECK(paragraphs == 99 * 21 + 33);
+    CHECK(conditional == 33);
+}
+
+TEST_CASE("a further letter of the standard form takes at most 900 bytes with its tags and its entry in the outline")
+{
+    const auto sizeOf = [](int letters) {
+        std::vector<Row> rows;
+        for (int i = 0; i < letters; ++i) {
+            rows.push_back(rowOf("第" + std::to_string(i % 20) + "市", "患者" + std::to_string(i)));
+            rows.back()["世帯主名"] = "世帯主" + std::to_string(i);
+        }
+        return bytesOf(Tagged(lettersOfForm(kForm, rows)).pdf).size();
+    };
+    const std::size_t one = sizeOf(500), two = sizeOf(1000);
+    CHECK(two > one);
+    CHECK(two - one <= std::size_t{500} * 900);
+}
+
 TEST_CASE("more letters than fit into one stream of objects keep their order")
 {
     std::vector<Row> rows;

@@ -26,6 +26,7 @@ std::vector<Row> rowsOfTwoInsurers()
 {
     std::vector<Row> rows = differentRows(4);
     rows[1]["保険者名"] = rows[3]["保険者名"] = "丸亀市";
+    for (int i = 0; i < 9; ++i) rows[1]["利用者住所"] += "字上町東通り一丁目";
     return rows;
 }
 
@@ -100,6 +101,15 @@ TEST_CASE("the window of returns lists the printed letters by insurer, those tha
     world.choose("returnsInsurer", 0);
     world.box<QLineEdit>("returnsWords")->setText(QStringLiteral("髙 松"));
     CHECK(world.patients() == "甲1 甲3");
+}
+
+TEST_CASE("the state of a letter is visible beside a long address")
+{
+    const ReturnsWorld world;
+    const auto *const table = world.box<QTableView>("returnsTable");
+    const int right = table->columnViewportPosition(ReturnsModel::state) + table->columnWidth(ReturnsModel::state);
+    CHECK(right <= table->viewport()->width());
+    CHECK(table->columnWidth(ReturnsModel::address) > table->columnWidth(ReturnsModel::patient));
 }
 
 TEST_CASE("letters are ticked as returned by mouse, by keyboard and all that are shown")
