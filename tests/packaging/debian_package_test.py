@@ -3,6 +3,7 @@
 
     debian_package_test.py        scripts/test-package runs it in a bare system and installs what it needs
 """
+import os
 import pathlib
 import re
 import subprocess
@@ -19,8 +20,6 @@ PROGRAMS = ["PrintInin", "printinin-open", "inin-script", "inin-site", "formview
 SHARE = pathlib.Path("/usr/share")
 DOCUMENTS = SHARE / "doc/printinin"
 FORM_TOOLS = ["wfrfv10.exe", "WrVb6Viewer.exe", "wfrimg10.exe"]
-# The form viewer contains the cover of bundles; a site has one only in order to change it.
-COVER = "束の表紙.wfd"
 # The letters of a small practice: printing them takes a minute, also on a slow machine.
 PATIENTS = 40
 real.PATIENCE = 120.0
@@ -43,7 +42,8 @@ class InstalledPackage(unittest.TestCase):
         cls.job = cls.site / "TMP/WfdCom.dat"
         cls.letters = len((cls.site / "TMP/委任状.csv").read_text(encoding="cp932").splitlines()) - 1
         cls.pdf = cls.folder / "letters.pdf"
-        output("formviewer", "--pdf", cls.pdf, cls.job)
+        # Not in the ledger, which the windows use: nothing has been printed yet.
+        output("formviewer", "--pdf", cls.pdf, cls.job, env={**os.environ, "ININ_LEDGER": "off"})
 
     @classmethod
     def tearDownClass(cls):
@@ -98,7 +98,6 @@ class InstalledPackage(unittest.TestCase):
         output("inin-site", "forms", self.site)
         output("inin-site", "tools", self.site)
         shipped = {form.name: form.read_bytes() for form in (SHARE / "printinin/forms").glob("*.wfd")}
-        del shipped[COVER]
         self.assertEqual({form.name: form.read_bytes() for form in (self.site / "SYS").glob("*.wfd")}, shipped)
         for tool in FORM_TOOLS:
             with self.subTest(tool=tool):
