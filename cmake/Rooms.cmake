@@ -37,6 +37,18 @@ function(inin_room name)
     endif()
 endfunction()
 
+# A source file with a function `name` that returns the bytes of a file, and is declared in `header`. It is appended to the
+# list `sources`.
+function(inin_embed sources name file header namespace)
+    set(source "${CMAKE_CURRENT_BINARY_DIR}/embedded_${name}.cpp")
+    add_custom_command(OUTPUT "${source}"
+        COMMAND "${CMAKE_COMMAND}" "-DFROM=${file}" "-DTO=${source}" -DNAME=${name} -DHEADER=${header} -DNAMESPACE=${namespace}
+            -P "${PROJECT_SOURCE_DIR}/cmake/EmbedFile.cmake"
+        DEPENDS "${file}" "${PROJECT_SOURCE_DIR}/cmake/EmbedFile.cmake" VERBATIM)
+    list(APPEND ${sources} "${source}")
+    set(${sources} "${${sources}}" PARENT_SCOPE)
+endfunction()
+
 # A doctest program for one room; its cases run as one ctest test. TOOLKIT means that it uses windows.
 function(inin_test name)
     cmake_parse_arguments(TEST "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})

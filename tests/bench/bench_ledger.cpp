@@ -3,6 +3,7 @@
 #include "bench/figures.h"
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/io/fingerprint.h"
 #include "viewer/ledger/ledger.h"

@@ -7,6 +7,7 @@
 #include "bench/letter_rows.h"
 #include "bench/noted_texts.h"
 #include "support/file_bytes.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/document/letter_renderer.h"
 
 #include <algorithm>

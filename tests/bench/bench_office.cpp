@@ -7,6 +7,7 @@
 #include "bench/letter_job.h"
 #include "bench/letter_rows.h"
 #include "bench/noted_texts.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/document/letter_renderer.h"
 
 #include <cstdlib>

@@ -4,6 +4,7 @@
 #include "bench/bench_process.h"
 #include "bench/figures.h"
 #include "bench/letter_job.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/paint/qt_letter_page.h"
 

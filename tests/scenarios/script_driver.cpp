@@ -77,6 +77,14 @@ std::vector<std::vector<std::string>> stepsOf(const std::string &transcript, std
 
 } // namespace
 
+ScriptDriver::ScriptDriver()
+    : program([](const Platform &platform) {
+          App app(platform);
+          Main(app);
+      })
+{
+}
+
 PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
 {
     const CurrentFolder keep; // the program changes the current folder
@@ -89,10 +97,7 @@ PlayRecord ScriptDriver::run(const Play &play, const TemporarySite &site)
     CommandFeed feed(play, transcript, onCommand);
     std::istream commands(&feed);
     PlayRecord record;
-    record.exitCode = playScript(options, {commands, transcript, errors}, *database, [](const Platform &platform) {
-        App app(platform);
-        Main(app);
-    });
+    record.exitCode = playScript(options, {commands, transcript, errors}, *database, program);
     record.events = stepsOf(transcript.str(), feed.marks());
     record.ranOutOfCommands = feed.ranOut();
     record.errors = errors.str();

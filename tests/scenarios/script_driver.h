@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database.h"
+#include "platform/platform.h"
 #include "scenarios/play_driver.h"
 
 #include <functional>
@@ -11,8 +11,12 @@ namespace inin {
 /// Plays without windows, on the embedded database, in this process.
 class ScriptDriver : public PlayDriver {
 public:
+    ScriptDriver();
+
     /// Wraps the program's database; empty for none.
     std::function<std::unique_ptr<Database>(std::unique_ptr<Database>)> wrapDatabase;
+    /// The program; a test may change the platform that it gets.
+    std::function<void(const Platform &)> program;
     /// Called before the command of that number (1 is the first), to change the site while the screen is open.
     std::function<void(std::size_t command)> onCommand;
 

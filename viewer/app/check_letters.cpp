@@ -2,6 +2,7 @@
 
 #include "system/local_time.h"
 #include "system/program_edges.h"
+#include "viewer/app/write_letters.h"
 #include "viewer/check/check_text.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/io/system_edges.h"
@@ -13,7 +14,7 @@ namespace inin::viewer {
 
 std::size_t printCheckReport(const ViewCommand &command)
 {
-    const LetterSet set = openScript(command.script);
+    const LetterSet set = openedLetters(command);
     Fonts fonts;
     LetterRenderer renderer(set, fonts);
     std::vector<std::size_t> letters = readLetterList(command.letters, set.size());

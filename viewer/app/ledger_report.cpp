@@ -4,6 +4,7 @@
 #include "system/program_edges.h"
 #include "viewer/app/ledger_text.h"
 #include "viewer/app/toolkit.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/ledger/ledger_place.h"
 
 #include <algorithm>

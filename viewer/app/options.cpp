@@ -103,6 +103,9 @@ void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, 
     add("script", command.script, text("コマンドファイル", "SCRIPT"),
         text("コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。",
              "Command script (WfdCom.dat); \"/c PATH\" is another form."));
+    add("--form", command.form, text("帳票", "FORM"),
+        text("コマンドファイルの代わりに、この帳票を見本の委任状で表示します。見本は台帳に記録しません。",
+             "Shows this form with sample letters instead of a command script. The ledger does not record them."));
     add("--pdf", command.pdf, text("ファイル", "FILE"),
         text("委任状を PDF ファイルに書き出します。", "Writes the letters to a PDF file."));
     app.add_flag("--archive", command.archive,
@@ -180,15 +183,18 @@ ViewerCommand readOptions(std::vector<std::string> arguments, const std::string 
         return BadCommandLine{"formviewer: " + refusedCommandLine("formviewer", error.what(), language)};
     }
     if (!returned.files.empty()) {
-        if (!command.needsWindow() || !command.script.empty() || !scriptAfterSwitch.empty())
+        if (!command.needsWindow() || !command.script.empty() || !command.form.empty() || !scriptAfterSwitch.empty())
             return BadCommandLine{"formviewer: --returned は、--json のほかの指定と一緒には使えません。"};
         returned.json = command.json;
         return returned;
     }
     if (!scriptAfterSwitch.empty()) command.script = scriptAfterSwitch;
+    if (!command.form.empty() && (!command.script.empty() || ledger.question))
+        return BadCommandLine{"formviewer: --form は、コマンドファイルや --ledger と一緒には使えません。"};
     if (ledger.question && ledger.question != LedgerQuestion::diff)
         return LedgerCommand{*ledger.question, command.script, ledger.months, command.json};
-    if (command.script.empty()) return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};
+    if (command.script.empty() && command.form.empty())
+        return BadCommandLine{"formviewer: コマンドファイルが指定されていません。"};
     if (command.pdf.empty() && command.arrangement != LetterArrangement{})
         return BadCommandLine{"formviewer: --order と --bundles は、--pdf と一緒に指定してください。"};
     if (ledger.question) return LedgerCommand{*ledger.question, command.script, ledger.months, command.json};

@@ -15,6 +15,7 @@ namespace inin::viewer {
 /// Show, print or write the letters of a script.
 struct ViewCommand {
     std::string script;    ///< as the suite writes paths
+    std::string form;      ///< a form to show with sample letters instead of a script
     std::string pdf;       ///< empty for none
     bool archive = false;  ///< the PDF is PDF/A
     bool untagged = false; ///< the PDF has no tags and no outline

@@ -12,7 +12,7 @@ namespace inin::viewer {
 
 void RecordedFiles::recordRun()
 {
-    if (m_isOpen) return;
+    if (m_isOpen || m_renderer.set().isSample) return;
     m_isOpen = true;
     m_ledger = operatorLedger();
     if (m_ledger.fault() == LedgerFault::off) return;

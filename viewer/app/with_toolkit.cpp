@@ -6,6 +6,7 @@
 #include "system/whole_file.h"
 #include "viewer/app/ledger_report.h"
 #include "viewer/app/toolkit.h"
+#include "viewer/app/write_letters.h"
 #include "viewer/io/system_edges.h"
 #include "viewer/paint/qt_letter_page.h"
 #include "viewer/paint/scanned_pages.h"
@@ -27,7 +28,10 @@ void prepareToolkit()
 
 int showLetters(const ViewCommand &command, const std::string &programName)
 {
-    if (hasScreen()) return runWindow(programName, command.script, command.letters);
+    const std::string &path = command.form.empty() ? command.script : command.form;
+    if (hasScreen())
+        return runWindow(
+            programName, path, [&] { return openedLetters(command); }, command.letters);
     showFailure("formviewer: 画面がないので、--pdf、--png、--check のどれかを指定してください。");
     return kBadCommand;
 }

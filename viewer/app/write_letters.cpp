@@ -9,6 +9,7 @@
 #include "viewer/document/combined_form.h"
 #include "viewer/document/letter_bundles.h"
 #include "viewer/document/letter_numbers.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/document/mark_text.h"
 #include "viewer/pdf/letters_pdf.h"
@@ -44,9 +45,14 @@ void printFaults(const LetterSet &set, const std::vector<std::size_t> &letters)
 
 } // namespace
 
+LetterSet openedLetters(const ViewCommand &command)
+{
+    return command.form.empty() ? openScript(command.script) : openForm(command.form);
+}
+
 void writeLetters(const ViewCommand &command)
 {
-    const LetterSet set = openScript(command.script);
+    const LetterSet set = openedLetters(command);
     for (const std::string &notice : set.notices) printNotice(notice);
     Fonts fonts;
     LetterRenderer renderer(set, fonts);

@@ -41,6 +41,7 @@ std::vector<std::string> readQrCodes(const GreyPicture &picture)
         throw RuntimeError(error_number::invalidCall);
     if (!canReadQrCodes()) return {};
     std::vector<std::string> texts = decodeQr(picture, InkThreshold::local);
+    if (!texts.empty()) return texts;
     // Noise and stains confuse the local threshold: try one for the whole page, which leaves only the ink.
     const int paper = medianOf(picture);
     for (std::size_t i = 0; texts.empty() && i < std::size(kInkShares); ++i) {

@@ -110,7 +110,8 @@ std::optional<LetterReport> siteCovers(const LetterSet &set)
     LetterReport report;
     report.formPath = beside.substr(0, beside.find_last_of("/\\") + 1) + kCoverFormName;
     if (fileInfo(systemPath(report.formPath)).kind == FileInfo::Kind::missing) return std::nullopt;
-    report.form = readFormFile(report.formPath, readWholeFile(report.formPath, kLargestForm));
+    std::vector<StampedFile> pictures;
+    report.form = readFormFile(report.formPath, readWholeFile(report.formPath, kLargestForm), pictures);
     report.columns = columnsOf(namesOn(report.form));
     return report;
 }

@@ -14,9 +14,13 @@ constexpr std::size_t kLargestPicture = std::size_t{1} << 23;
 
 } // namespace
 
-FormDocument readFormFile(const std::string &path, std::string_view bytes)
+FormDocument readFormFile(const std::string &path, std::string_view bytes, std::vector<StampedFile> &pictures)
 try {
-    return readSvg(bytes, [&](const std::string &name) { return readFileBeside(path, name, kLargestPicture); });
+    return readSvg(bytes, [&](const std::string &name) {
+        const std::string file = pathBeside(path, name);
+        pictures.push_back({file, stampOf(file)});
+        return readFileBeside(path, name, kLargestPicture);
+    });
 } catch (const RuntimeError &error) {
     throw RuntimeError(error.number(), fmt::format("「{}」：{}", path, error.description()));
 }

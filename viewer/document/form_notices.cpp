@@ -19,7 +19,7 @@ std::optional<std::string> paperNotice(const LetterSet &set, const LetterReport 
         const Point size = report.form.pageSize(page);
         if (isSamePaper(size, paper)) continue;
         const std::string form = paperName(size), script = paperName(paper);
-        if (report.form.keepsOwnPaper)
+        if (set.hasOwnPaper(report.form, page))
             return fmt::format("「{}」：コマンドファイルの用紙は{}ですが、帳票の大きさ（{}）の用紙に印刷します。",
                                report.formPath, script, form);
         return fmt::format("「{}」：帳票の大きさ（{}）と用紙（{}）が違います。用紙に合わせて拡大または縮小します。",

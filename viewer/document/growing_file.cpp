@@ -21,6 +21,13 @@ void sleepBriefly()
     std::this_thread::sleep_for(kPause);
 }
 
+ReadFile readStampedFile(const std::string &path, std::size_t limit)
+{
+    // Take the stamp first, so that a change during the read is detected.
+    const FileStamp stamp = stampOf(path);
+    return {readWholeFile(path, limit), stamp};
+}
+
 bool isUnfinished(const std::string &bytes)
 {
     return !bytes.ends_with('\n');
@@ -28,12 +35,7 @@ bool isUnfinished(const std::string &bytes)
 
 ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause &pause)
 {
-    // Take the stamp first, so that a change during the read is detected.
-    const auto read = [&] {
-        const FileStamp stamp = stampOf(path);
-        return ReadFile{readWholeFile(path, limit), stamp};
-    };
-    ReadFile file = read();
+    ReadFile file = readStampedFile(path, limit);
     for (int checks = 0, settled = 0; isUnfinished(file.bytes) && checks < kMaxChecks && settled < kSettledChecks;
          ++checks) {
         pause();
@@ -41,15 +43,15 @@ ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause
         // A deleted file is about to be created again.
         const bool isChanged = now.exists && now != file.stamp;
         settled = isChanged ? 0 : settled + 1;
-        if (isChanged) file = read();
+        if (isChanged) file = readStampedFile(path, limit);
     }
     return file;
 }
 
-std::string waitForFile(const std::string &path, std::size_t limit, const Pause &pause)
+ReadFile waitForFile(const std::string &path, std::size_t limit, const Pause &pause)
 {
     for (int checks = 0; checks < kChecksForFile && !stampOf(path).exists; ++checks) pause();
-    return readWholeFile(path, limit);
+    return readStampedFile(path, limit);
 }
 
 } // namespace inin::viewer

@@ -17,6 +17,9 @@ struct ReadFile {
     FileStamp stamp; ///< just before it was read
 };
 
+/// Reads a file that may change at any time. Throws as readWholeFile().
+[[nodiscard]] ReadFile readStampedFile(const std::string &path, std::size_t limit);
+
 /// Whether a text file is empty or ends inside a line: it is still being written, or was truncated.
 [[nodiscard]] bool isUnfinished(const std::string &bytes);
 
@@ -25,6 +28,6 @@ struct ReadFile {
 [[nodiscard]] ReadFile readGrowingFile(const std::string &path, std::size_t limit, const Pause &pause);
 
 /// Waits up to three seconds for a file that a running program is about to create in one step, and reads it.
-[[nodiscard]] std::string waitForFile(const std::string &path, std::size_t limit, const Pause &pause);
+[[nodiscard]] ReadFile waitForFile(const std::string &path, std::size_t limit, const Pause &pause);
 
 } // namespace inin::viewer

@@ -37,7 +37,7 @@ LetterRenderer::LetterRenderer(const LetterSet &set, Fonts &fonts)
       m_unreadableForm(listingForm(unreadableColumns(),
                                    "この行は確実に読み取れないため、委任状にしませんでした。CSV を確認してください。"))
 {
-    for (const LetterReport &report : set.reports) m_layouts.push_back(layoutFor(report));
+    m_layouts = layOut(set);
     m_unreadable = std::make_unique<LetterLayout>(m_unreadableForm, unreadableColumns(), fonts);
 }
 
@@ -52,6 +52,13 @@ std::unique_ptr<LetterLayout> LetterRenderer::layoutFor(const LetterReport &repo
     } catch (const RuntimeError &error) {
         throw RuntimeError(error.number(), fmt::format("「{}」：{}", report.formPath, error.description()));
     }
+}
+
+LetterRenderer::Layouts LetterRenderer::layOut(const LetterSet &set) const
+{
+    Layouts layouts;
+    for (const LetterReport &report : set.reports) layouts.push_back(layoutFor(report));
+    return layouts;
 }
 
 void LetterRenderer::setCovers(std::optional<LetterReport> covers)

@@ -38,6 +38,12 @@ public:
     /// Sets the code of each letter, which the forms show as 整理番号 and as QR codes; none print no codes.
     void setCodes(std::vector<std::string> codes) { m_codes = std::move(codes); }
     [[nodiscard]] const std::vector<std::string> &codes() const { return m_codes; }
+    /// The layouts of the reports of a set.
+    using Layouts = std::vector<std::unique_ptr<LetterLayout>>;
+    /// Lays out the forms of a set, which must outlive the layouts. Throws a RuntimeError for a placeholder without a column.
+    [[nodiscard]] Layouts layOut(const LetterSet &set) const;
+    /// Replaces the layouts after the forms of the set have changed.
+    void setLayouts(Layouts layouts) { m_layouts = std::move(layouts); }
     /// Sets the covers, one for each row; none remove them. Throws a RuntimeError for a placeholder without a column.
     void setCovers(std::optional<LetterReport> covers);
     /// Whether a form has a place for codes.
@@ -64,7 +70,7 @@ private:
     const LetterSet &m_set;
     Fonts &m_fonts;
     FormDocument m_unreadableForm;
-    std::vector<std::unique_ptr<LetterLayout>> m_layouts; ///< one for each report
+    Layouts m_layouts; ///< one for each report
     std::unique_ptr<LetterLayout> m_unreadable;
     std::optional<LetterReport> m_covers;
     std::unique_ptr<LetterLayout> m_coverLayout;

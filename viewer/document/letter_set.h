@@ -1,6 +1,5 @@
 #pragma once
 
-#include "viewer/document/growing_file.h"
 #include "viewer/form/form_document.h"
 #include "viewer/io/file_stamp.h"
 #include "viewer/letters/letter_table.h"
@@ -25,6 +24,7 @@ struct LetterReport {
     std::vector<LetterTable> others;
     /// The names of all columns, those of `letters` first.
     std::vector<std::string> columns;
+    std::vector<std::string> letterWarnings; ///< about the letter files
 
     [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const;
     /// The name of the form document's file without its folder.
@@ -35,9 +35,13 @@ struct LetterReport {
 struct LetterSet {
     std::string title;
     std::vector<LetterReport> reports;
+    std::vector<ItemText> items; ///< texts that replace texts of the forms
+    std::vector<std::string> scriptNotices;
     std::vector<std::string> notices;     ///< of the script, the forms and the letter files
     std::vector<std::string> warnings;    ///< the notices to read before printing
     std::vector<StampedFile> letterFiles; ///< as they were just before they were read
+    std::vector<StampedFile> formFiles;   ///< the forms and the pictures beside them, likewise
+    bool isSample = false;                ///< the letters are examples, which no script names and no ledger records
     Paper paper = Paper::A4;
     bool usesFormPaper = false; ///< the script names no paper: each form is printed on paper of its own size
     Ending ending = Ending::none;
@@ -47,6 +51,8 @@ struct LetterSet {
         std::size_t report = 0, row = 0;
     };
     [[nodiscard]] std::size_t size() const;
+    /// Whether a page of a form is printed on paper of its own size instead of the script's paper.
+    [[nodiscard]] bool hasOwnPaper(const FormDocument &form, std::size_t page) const;
     /// Width and height of the paper for a page of a form.
     [[nodiscard]] Point paperOf(const FormDocument &form, std::size_t page) const;
     /// The title, or a default when the script gives none.
@@ -58,11 +64,5 @@ struct LetterSet {
     /// Letters are counted from 0 across all reports.
     [[nodiscard]] Place placeOf(std::size_t letter) const;
 };
-
-/// Opens the files that a script names, waiting a few seconds at most for a file that is still being written. A missing
-/// or unreadable form or letter file, a placeholder without its column and a file without letters are RuntimeErrors
-/// with a sentence that names the path.
-[[nodiscard]] LetterSet openScript(const std::string &path, const Pause &pause = sleepBriefly);
-[[nodiscard]] LetterSet openLetters(const CommandScript &script, const Pause &pause = sleepBriefly);
 
 } // namespace inin::viewer

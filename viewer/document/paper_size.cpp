@@ -38,6 +38,11 @@ const NamedPaper *namedPaper(Point size)
     return found == std::end(kNamedPapers) ? nullptr : found;
 }
 
+Point upright(Point size)
+{
+    return {std::min(size.x, size.y), std::max(size.x, size.y)};
+}
+
 /// "100" or "100.5".
 std::string millimetres(double points)
 {
@@ -57,16 +62,21 @@ bool isSamePaper(Point a, Point b)
     return std::abs(a.x - b.x) < kSameSize && std::abs(a.y - b.y) < kSameSize;
 }
 
+bool isStandardPaper(Point size)
+{
+    return namedPaper(upright(size)) != nullptr;
+}
+
 std::string paperName(Point size)
 {
-    if (const NamedPaper *const paper = namedPaper(size)) return std::string(paper->name);
-    if (const NamedPaper *const paper = namedPaper({size.y, size.x})) return std::string(paper->name) + "横";
+    if (const NamedPaper *const paper = namedPaper(upright(size)))
+        return std::string(paper->name) + (size.x > size.y ? "横" : "");
     return fmt::format("{} × {} mm", millimetres(size.x), millimetres(size.y));
 }
 
 std::string paperMedia(Point size)
 {
-    if (const NamedPaper *const paper = namedPaper(size)) return std::string(paper->media);
+    if (const NamedPaper *const paper = namedPaper(upright(size))) return std::string(paper->media);
     const std::string extent = fmt::format("{}x{}mm", millimetres(size.x), millimetres(size.y));
     return fmt::format("custom_{0}_{0}", extent);
 }

@@ -103,6 +103,11 @@ using DrawCommand = std::variant<PathCommand, TextCommand, PictureCommand>;
 [[nodiscard]] const CommandPlace &placeOf(const DrawCommand &command);
 [[nodiscard]] CommandPlace &placeOf(DrawCommand &command);
 
+/// The paper of a form when its script names A4, which the suite writes for every run without a chosen paper: by default a page of
+/// another standard size is printed on paper of that size, and any other page on the script's paper. A form may ask for paper
+/// of its own size in any case, or always for the script's.
+enum class FormPaper { standard, own, script };
+
 /// A form as a list of drawing commands in order. Commands with fields or show rules are drawn on top of everything else.
 struct FormDocument {
     std::string title;            ///< the document's own title; may be empty
@@ -111,8 +116,7 @@ struct FormDocument {
     std::vector<DrawCommand> commands;
     std::vector<CodeCommand> codes;
     std::vector<ShowRule> rules;
-    /// The form asks for paper of its own size, whatever paper the script names.
-    bool keepsOwnPaper = false;
+    FormPaper paper = FormPaper::standard;
     /// A sentence for each feature of the file that is not drawn.
     std::vector<std::string> notices;
     /// A sentence to show when the form is filled for a single letter; empty for none.

@@ -136,11 +136,20 @@ private:
         return [this](std::string sentence) { addNotice(std::move(sentence)); };
     }
 
+    FormPaper paperOf(std::string_view word)
+    {
+        if (word == "own") return FormPaper::own;
+        if (word == "script") return FormPaper::script;
+        if (!word.empty())
+            addNotice(fmt::format("用紙の指定「{}」（data-paper）は使えません。own か script です。", word));
+        return FormPaper::standard;
+    }
+
     void openRoot(std::string_view name, const XmlAttributes &attributes)
     {
         if (name != "svg") throw RuntimeError(error_number::invalidCall, "SVG の文書ではありません。");
         m_form.singleNotice = attributes.get("data-single-notice");
-        m_form.keepsOwnPaper = attributes.get("data-paper") == "own";
+        m_form.paper = paperOf(attributes.get("data-paper"));
         Level level;
         level.transform = pageTransform(attributes);
         level.style.apply(attributes, m_sheet.declarationsFor(name, attributes), noticeHandler());

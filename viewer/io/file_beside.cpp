@@ -39,26 +39,37 @@ bool staysInside(std::string_view name)
     throw RuntimeError(error_number::pathAccess, "帳票のフォルダーの外にあるファイルは読み込みません。");
 }
 
-} // namespace
-
-std::string pathBeside(const std::string &path, const std::string &name)
+/// The folder of a file, with a slash at its end.
+std::string folderOf(const std::string &path)
 {
-    if (!staysInside(name)) refuseOutside();
     const std::size_t slash = path.find_last_of(kSlashes);
-    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-    const std::string whole = pathWithoutLinks(systemPath(folder + "/" + name));
+    return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
+}
+
+/// The system path of an existing file after all links are followed.
+std::string linkedFileBeside(const std::string &path, const std::string &name)
+{
+    const std::string whole = pathWithoutLinks(systemPath(pathBeside(path, name)));
     if (whole.empty() || fileInfo(whole).kind != FileInfo::Kind::file)
         throw RuntimeError(error_number::fileNotFound, "ファイルがありません。");
-    const std::string root = pathWithoutLinks(systemPath(folder));
+    const std::string root = pathWithoutLinks(systemPath(folderOf(path)));
     const bool isInside = !root.empty() && whole.starts_with(root) &&
                           (isSlash(root.back()) || (whole.size() > root.size() && isSlash(whole[root.size()])));
     if (!isInside) refuseOutside();
     return whole;
 }
 
+} // namespace
+
+std::string pathBeside(const std::string &path, const std::string &name)
+{
+    if (!staysInside(name)) refuseOutside();
+    return folderOf(path) + name;
+}
+
 std::string readFileBeside(const std::string &path, const std::string &name, std::size_t limit)
 {
-    const std::string file = pathBeside(path, name);
+    const std::string file = linkedFileBeside(path, name);
     if (fileInfo(file).size > limit)
         throw RuntimeError(error_number::outOfMemory,
                            fmt::format("ファイルが大きすぎます（{} MB まで）。", limit >> 20U));

@@ -42,6 +42,12 @@ const Font &Fonts::font(const std::string &family)
     return font;
 }
 
+void Fonts::forgetFamilies()
+{
+    m_entries.clear();
+    m_notices.clear();
+}
+
 const Font &Fonts::opened(const FontLocation &place)
 {
     const auto isThis = [&](const auto &open) { return open->path() == place.path && open->index() == place.index; };

@@ -27,6 +27,8 @@ public:
     /// The fallback font for a character, preferably a Japanese one. Null when no font of this machine has it.
     [[nodiscard]] const Font *fallbackFor(char32_t character);
     [[nodiscard]] const std::vector<std::string> &notices() const { return m_notices; }
+    /// Forgets the families and their notices, so that notices() is about the forms laid out from now on. The fonts stay open.
+    void forgetFamilies();
 
 private:
     struct Entry {

@@ -70,9 +70,10 @@ void LetterRows::addFaultyRow(RowFault fault, std::string_view rawText)
     m_faults.push_back(fault);
 }
 
-LetterTable::LetterTable(std::vector<std::string> columns, UnreadRows rows)
-    : m_columns(std::move(columns)), m_rows(std::move(rows)), m_blocks(m_rows.blocks.size())
+LetterTable::LetterTable(std::vector<std::string> columns, UnreadRows rows) : m_columns(std::move(columns))
 {
+    m_content->blocks.resize(rows.blocks.size());
+    m_content->unread = std::move(rows);
     std::vector<std::string_view> sorted(m_columns.begin(), m_columns.end());
     std::ranges::sort(sorted);
     const auto twice = std::ranges::adjacent_find(sorted);
@@ -89,11 +90,12 @@ std::optional<std::size_t> LetterTable::columnOf(std::string_view name) const
 
 const LetterRows &LetterTable::readBlock(std::size_t block) const
 {
-    const std::size_t begin = m_rows.blocks[block];
-    const std::size_t end = block + 1 < m_rows.blocks.size() ? m_rows.blocks[block + 1] : m_rows.bytes.size();
-    const std::string_view lines = std::string_view(m_rows.bytes).substr(begin, end - begin);
-    m_blocks[block] = std::make_unique<LetterRows>(m_rows.read(lines, m_columns.size()));
-    return *m_blocks[block];
+    const UnreadRows &unread = m_content->unread;
+    const std::size_t begin = unread.blocks[block];
+    const std::size_t end = block + 1 < unread.blocks.size() ? unread.blocks[block + 1] : unread.bytes.size();
+    const std::string_view lines = std::string_view(unread.bytes).substr(begin, end - begin);
+    m_content->blocks[block] = std::make_unique<LetterRows>(unread.read(lines, m_columns.size()));
+    return *m_content->blocks[block];
 }
 
 namespace {

@@ -65,8 +65,8 @@ struct UnreadRows {
     LetterRows (*read)(std::string_view lines, std::size_t columns) = nullptr;
 };
 
-/// The letters of one CSV file, loaded once: later changes of the file have no effect. Not thread-safe: const
-/// operations parse rows on first use.
+/// The letters of one CSV file, loaded once: later changes of the file have no effect. Copies share the rows. Not
+/// thread-safe: const operations parse rows on first use.
 class LetterTable {
 public:
     LetterTable() = default;
@@ -75,10 +75,10 @@ public:
 
     [[nodiscard]] const std::vector<std::string> &columns() const { return m_columns; }
     [[nodiscard]] std::optional<std::size_t> columnOf(std::string_view name) const;
-    [[nodiscard]] std::size_t size() const { return m_rows.rows; }
+    [[nodiscard]] std::size_t size() const { return m_content->unread.rows; }
     /// The bytes of the file.
-    [[nodiscard]] std::string_view fileBytes() const { return m_rows.bytes; }
-    /// The views stay valid as long as the table exists.
+    [[nodiscard]] std::string_view fileBytes() const { return m_content->unread.bytes; }
+    /// The views stay valid as long as the table or a copy of it exists.
     [[nodiscard]] std::string_view value(std::size_t row, std::size_t column) const
     {
         return blockOf(row).value(row % UnreadRows::kBlock, column);
@@ -93,14 +93,17 @@ public:
 private:
     [[nodiscard]] const LetterRows &blockOf(std::size_t row) const
     {
-        const auto &block = m_blocks[row / UnreadRows::kBlock];
+        const auto &block = m_content->blocks[row / UnreadRows::kBlock];
         return block ? *block : readBlock(row / UnreadRows::kBlock);
     }
     const LetterRows &readBlock(std::size_t block) const;
 
+    struct Content {
+        UnreadRows unread;
+        std::vector<std::unique_ptr<LetterRows>> blocks; ///< null until one is read
+    };
     std::vector<std::string> m_columns;
-    UnreadRows m_rows;
-    mutable std::vector<std::unique_ptr<LetterRows>> m_blocks;
+    std::shared_ptr<Content> m_content = std::make_shared<Content>();
 };
 
 /// A table of texts that do not come from a file, one vector for each row. Control characters become blanks.

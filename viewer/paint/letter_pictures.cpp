@@ -30,8 +30,7 @@ void LetterPictures::setScale(double scale, double dotsPerPixel)
     if (scale == m_scale && dotsPerPixel == m_dotsPerPixel) return;
     m_scale = scale;
     m_dotsPerPixel = dotsPerPixel;
-    m_shared.clear();
-    m_pages.clear();
+    clearAll();
 }
 
 bool LetterPictures::has(LetterPage which) const

@@ -23,6 +23,12 @@ public:
     void setScale(double scale, double dotsPerPixel = 1);
     /// Paints the letters again: their fields have changed.
     void clear() { m_pages.clear(); }
+    /// Paints forms and letters again: the layouts have changed.
+    void clearAll()
+    {
+        m_shared.clear();
+        m_pages.clear();
+    }
     /// Valid until the next call.
     [[nodiscard]] const QImage &of(LetterPage which);
     [[nodiscard]] bool has(LetterPage which) const;

@@ -147,6 +147,8 @@ void PdfFile::writeEncodedStream(int number, std::string_view entries, std::stri
 
 void PdfFile::placeInStream(int number, int stream, std::size_t index)
 {
+    if (index >= std::size_t{1} << 8 * kIndexBytes)
+        throw RuntimeError(error_number::overflow, "一通の委任状の行が多すぎるため、タグ付きの PDF にできません。");
     m_places[static_cast<std::size_t>(number - 1)] = placeRow(kInStream, static_cast<std::uint64_t>(stream), index);
 }
 

@@ -67,7 +67,7 @@ public:
     void writeObject(int number, std::string_view body);
     /// Adds an object to the file's own packed objects.
     void packObject(int number, std::string_view body) { m_packed.add(number, body); }
-    /// Notes that an object is in a stream of objects.
+    /// Notes that an object is in a stream of objects. Throws a RuntimeError for an index above 65,535.
     void placeInStream(int number, int stream, std::size_t index);
     void writeObjectStream(int number, const ObjectStream &objects);
     /// `entries` are added to the stream's dictionary, which has its length and filter.

@@ -1,13 +1,13 @@
 #include "viewer/window/file_watch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace inin::viewer {
 
-FileWatch::FileWatch()
+FileWatch::FileWatch(Intervals intervals) : m_intervals(intervals)
 {
-    constexpr int kEvery = 1000;
-    m_timer.setInterval(kEvery);
+    m_timer.setSingleShot(true);
     m_timer.callOnTimeout([this] { check(); });
 }
 
@@ -19,22 +19,27 @@ void FileWatch::watch(std::vector<StampedFile> files)
     files.erase(std::unique(files.begin(), files.end(), isSame), files.end());
     m_files.clear();
     for (StampedFile &file : files) m_files.push_back({file, file.stamp, file.stamp});
-    m_timer.start();
+    m_timer.start(m_intervals.ordinary);
 }
 
 void FileWatch::check()
 {
+    std::string changed;
+    bool isUnsettled = false;
     for (Watched &file : m_files) {
         const FileStamp now = stampOf(file.read.path);
-        const bool isSettled = now == file.last;
-        file.last = now;
-        if (!isSettled || !now.exists || now == file.reported) continue;
+        const bool isSettled = std::exchange(file.last, now) == now;
+        if (!now.exists || now == file.reported) continue;
+        if (!isSettled || !changed.empty()) {
+            isUnsettled = true;
+            continue;
+        }
         file.reported = now;
-        // The call comes last: the handler may start to watch other files.
-        const auto notify = onChanged;
-        const std::string path = file.read.path;
-        if (notify) return notify(path);
+        changed = file.read.path;
     }
+    m_timer.start(isUnsettled ? m_intervals.changed : m_intervals.ordinary);
+    // The call comes last: the handler may start to watch other files.
+    if (const auto notify = onChanged; notify && !changed.empty()) notify(changed);
 }
 
 } // namespace inin::viewer

@@ -13,7 +13,12 @@ namespace inin::viewer {
 /// system sends no notifications. A deleted file is not a change: the program deletes a file before it writes it anew.
 class FileWatch {
 public:
-    FileWatch();
+    /// Milliseconds from one check to the next, and to the one that follows when a file has changed.
+    struct Intervals {
+        int ordinary = 1000, changed = 1000;
+    };
+    FileWatch() : FileWatch(Intervals()) {}
+    explicit FileWatch(Intervals intervals);
 
     void watch(std::vector<StampedFile> files);
     /// Checks now. A file has changed when two checks see the same new state, so that it is complete by then.
@@ -27,6 +32,7 @@ private:
         FileStamp last; ///< as at the previous check
         FileStamp reported;
     };
+    const Intervals m_intervals;
     QTimer m_timer;
     std::vector<Watched> m_files;
 };

@@ -48,6 +48,12 @@ void NoticeBar::showNotice(const QString &text, const QString &action, std::func
     QAccessible::updateAccessibility(&event);
 }
 
+void NoticeBar::clear()
+{
+    m_text->clear();
+    hide();
+}
+
 QString NoticeBar::text() const
 {
     return m_text->text();

@@ -15,6 +15,9 @@ public:
     explicit NoticeBar(QWidget *parent = nullptr);
     /// With an empty `action` the only button is the one that closes the bar.
     void showNotice(const QString &text, const QString &action, std::function<void()> onAction);
+    /// Hides the bar; a notice that the user has closed is forgotten too.
+    void clear();
+    /// Empty after clear().
     [[nodiscard]] QString text() const;
     /// True while a notice with an action is shown.
     [[nodiscard]] bool hasAction() const { return isVisible() && m_onAction; }

@@ -4,10 +4,26 @@
 
 namespace inin::viewer {
 
-OpenLetters::OpenLetters(const std::string &scriptPath)
-    : set(openScript(scriptPath)), renderer(set, fonts), pictures(renderer, glyphs), names(set), ticks(set.size()),
-      notices(set.notices)
+OpenLetters::OpenLetters(LetterSet letters)
+    : set(std::move(letters)), renderer(set, fonts), pictures(renderer, glyphs), names(set), ticks(set.size())
 {
+    collectNotices();
+}
+
+void OpenLetters::readFormsAgain()
+{
+    LetterSet changed = withFormsReadAgain(set);
+    fonts.forgetFamilies();
+    LetterRenderer::Layouts layouts = renderer.layOut(changed);
+    set = std::move(changed); // the reports, to whose forms the layouts refer, keep their addresses
+    renderer.setLayouts(std::move(layouts));
+    pictures.clearAll();
+    collectNotices();
+}
+
+void OpenLetters::collectNotices()
+{
+    notices = set.notices;
     notices.insert(notices.end(), fonts.notices().begin(), fonts.notices().end());
     for (const std::vector<std::string> &more : {renderer.formNotices(), renderer.coverNotices()})
         notices.insert(notices.end(), more.begin(), more.end());

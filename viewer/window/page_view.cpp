@@ -72,6 +72,12 @@ void PageView::repaintLetter()
     viewport()->update();
 }
 
+void PageView::showForms()
+{
+    m_ahead.stop();
+    zoomChanged();
+}
+
 /// Sets the text for screen readers: the letter and its fields.
 void PageView::describeLetter()
 {
@@ -200,7 +206,7 @@ void PageView::zoomChanged()
         constexpr int kSteps = 12;
         bar->setSingleStep(page / kSteps);
         // Keep the middle of the view where it was.
-        if (wasIn) bar->setValue(static_cast<int>(middle * (bar->maximum() + page) - page / 2.0));
+        if (wasIn) bar->setValue(static_cast<int>(std::lround(middle * (bar->maximum() + page) - page / 2.0)));
     }
     viewport()->update();
     if (onZoom) onZoom();

@@ -28,6 +28,8 @@ public:
     [[nodiscard]] std::size_t letter() const { return m_letter; }
     /// Paints the page again after its letters have changed.
     void repaintLetter();
+    /// The same after the forms have changed, whose pages may have other sizes.
+    void showForms();
     /// Marks places of the shown letter, in points on their pages, until another letter is shown. Marks are not printed.
     void setMarks(std::vector<PlaceOnPage> places);
     [[nodiscard]] const std::vector<PlaceOnPage> &marks() const { return m_marks; }

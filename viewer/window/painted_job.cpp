@@ -3,6 +3,8 @@
 #include "viewer/document/paper_size.h"
 #include "viewer/window/tray_text.h"
 
+#include <algorithm>
+
 namespace inin::viewer {
 
 namespace {
@@ -44,8 +46,9 @@ bool PaintedJob::isGood() const
 void PaintedJob::setPaper(Point paper)
 {
     m_paper = paper;
-    m_printer->setPageSize(QPageSize(QSizeF(paper.x, paper.y), QPageSize::Point, {}, QPageSize::FuzzyMatch));
-    m_printer->setPageOrientation(QPageLayout::Portrait);
+    const QSizeF upright(std::min(paper.x, paper.y), std::max(paper.x, paper.y));
+    m_printer->setPageSize(QPageSize(upright, QPageSize::Point, {}, QPageSize::FuzzyMatch));
+    m_printer->setPageOrientation(paper.x > paper.y ? QPageLayout::Landscape : QPageLayout::Portrait);
 }
 
 QPainter &PaintedJob::page(Point paper)

@@ -10,7 +10,8 @@
 
 namespace inin::viewer {
 
-int runWindow(std::string programName, const std::string &scriptPath, const std::string &letters)
+int runWindow(std::string programName, const std::string &path, const std::function<LetterSet()> &open,
+              const std::string &letters)
 {
     int argumentCount = 1;
     char *arguments[] = {programName.data(), nullptr};
@@ -18,9 +19,9 @@ int runWindow(std::string programName, const std::string &scriptPath, const std:
     applyStyle(application);
     const ViewerServices services = realServices();
     try {
-        auto open = std::make_unique<OpenLetters>(scriptPath);
-        if (!letters.empty()) open->ticks.setText(letters);
-        ViewerWindow window(scriptPath, std::move(open), services);
+        auto opened = std::make_unique<OpenLetters>(open());
+        if (!letters.empty()) opened->ticks.setText(letters);
+        ViewerWindow window(path, std::move(opened), services);
         // The toolkit ignores the show state that the starting program requests.
         startsMaximised() ? window.showMaximized() : window.show();
         window.start();

@@ -23,10 +23,23 @@ using namespace Qt::StringLiterals;
 
 void ViewerWindow::openLedger()
 {
-    if (m_desk.isOpen() || !m_services.ledgerPath) return;
+    if (m_ledgerTimer.isActive()) showLedgerOfForms();
+    if (m_desk.isOpen() || !m_services.ledgerPath || m_letters->set.isSample) return;
     const LedgerSettings settings = m_settings.ledger();
     m_desk.open(m_services.ledgerPath(settings), settings.months, m_services.now());
     m_desk.show(m_letters->set);
+    showLedger();
+}
+
+/// Another form makes another run of the letters. While forms are being edited, the ledger is read once they rest.
+void ViewerWindow::showLedgerOfForms()
+{
+    m_ledgerTimer.stop();
+    // A task records its letters for the forms with which it began.
+    if (m_task->isRunning()) return m_ledgerTimer.start();
+    if (!m_desk.isOpen()) return;
+    m_desk.show(m_letters->set);
+    m_paper->hide();
     showLedger();
 }
 
@@ -88,12 +101,10 @@ void ViewerWindow::refreshLedger()
 
 void ViewerWindow::showLedgerNotice()
 {
-    const QString sentence = qtText(m_desk.notice()), old = std::exchange(m_ledgerNotice, sentence);
-    if (sentence.isEmpty() && m_notice->text() == old) m_notice->hide(); // records succeed again
-    if (sentence == old || sentence.isEmpty()) return;
-    if (m_notice->hasAction()) return statusBar()->showMessage(sentence);
-    const QString warnings = warningText();
-    m_notice->showNotice(warnings.isEmpty() ? sentence : warnings + u'\n' + sentence, {}, {});
+    const QString sentence = qtText(m_desk.notice()); // empty as soon as records succeed again
+    if (std::exchange(m_ledgerNotice, sentence) == sentence) return;
+    if (m_notice->hasAction() && !sentence.isEmpty()) statusBar()->showMessage(sentence);
+    showNotices();
 }
 
 /// Shows what has changed in the shown letter, beside it and on its page.

@@ -1,6 +1,7 @@
 #include "viewer/window/viewer_window.h"
 
 #include "runtime/runtime_error.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/document/row_agreement.h"
 #include "viewer/window/check_panel.h"
 #include "viewer/window/cut_text.h"
@@ -35,8 +36,8 @@ constexpr int kFirstWidth = 1200, kFirstHeight = 820;
 
 } // namespace
 
-ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> letters, ViewerServices services)
-    : m_scriptPath(std::move(scriptPath)), m_services(std::move(services)), m_settings(m_services.settingsFile)
+ViewerWindow::ViewerWindow(std::string path, std::unique_ptr<OpenLetters> letters, ViewerServices services)
+    : m_path(std::move(path)), m_services(std::move(services)), m_settings(m_services.settingsFile)
 {
     setObjectName(u"viewerWindow"_s);
     buildMenus();
@@ -56,7 +57,8 @@ ViewerWindow::ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> 
     fitToScreen();
     restoreLayout();
     m_checkTimer.callOnTimeout([this] { checkMore(); });
-    m_watch.onChanged = [this](const std::string &path) { fileChanged(path); };
+    m_watch.onChanged = [this](const std::string &file) { fileChanged(file); };
+    followForms();
     m_page->onFirstPaint = [this] {
         startCheck();
         QTimer::singleShot(0, this, [this] { openLedger(); });
@@ -131,11 +133,15 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
     refreshList();
     m_number->setValue(static_cast<int>(m_page->letter()) + 1);
     m_watch.watch(m_letters->set.letterFiles);
-    m_notice->hide();
-    if (const QString warnings = warningText(); !warnings.isEmpty()) m_notice->showNotice(warnings, {}, {});
+    m_formWatch.watch(m_letters->set.formFiles);
+    m_formTimer.stop();
+    m_ledgerTimer.stop();
+    m_formFault.clear();
+    m_ledgerNotice.clear();
+    m_notice->clear();
+    showNotices();
     if (isFirst) return;
     if (m_desk.isOpen()) m_desk.show(m_letters->set);
-    m_ledgerNotice.clear();
     m_paper->hide(); // its rest has the numbers of the old letters
     showLedger();
     startCheck();
@@ -146,6 +152,7 @@ void ViewerWindow::adopt(std::unique_ptr<OpenLetters> letters)
 /// "委任状（標準）　300通　11/20 09:30 出力": the time at which the letters were written.
 QString ViewerWindow::runTitle() const
 {
+    if (m_letters->set.isSample) return qtText(m_letters->set.runTitle()) + u"　見本のデータ"_s;
     constexpr std::int64_t kNanosecondsPerMillisecond = 1'000'000;
     const FileStamp stamp = m_letters->set.letterFiles.front().stamp;
     const QDateTime written = QDateTime::fromMSecsSinceEpoch(stamp.changed / kNanosecondsPerMillisecond);
@@ -157,6 +164,16 @@ QString ViewerWindow::warningText() const
     QStringList lines;
     for (const std::string &warning : m_letters->set.warnings) lines << qtText(warning);
     return lines.join(u'\n');
+}
+
+void ViewerWindow::showNotices()
+{
+    if (m_notice->hasAction()) return;
+    QStringList texts{warningText(), m_formFault, m_ledgerNotice};
+    texts.removeAll(QString());
+    const QString text = texts.join(u'\n');
+    if (text == m_notice->text()) return; // which the user may have closed
+    text.isEmpty() ? m_notice->clear() : m_notice->showNotice(text, {}, {});
 }
 
 void ViewerWindow::start()
@@ -230,7 +247,7 @@ void ViewerWindow::reload()
     // Keep the notice for later.
     if (m_task->isRunning()) return statusBar()->showMessage(u"終わってから読み込んでください。"_s);
     try {
-        auto letters = std::make_unique<OpenLetters>(m_scriptPath);
+        auto letters = std::make_unique<OpenLetters>(m_letters->set.isSample ? openForm(m_path) : openScript(m_path));
         const KeptView kept = keptView(m_letters->set, m_letters->ticks, m_page->letter(), letters->set);
         letters->ticks = kept.ticks;
         adopt(std::move(letters));

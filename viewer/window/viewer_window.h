@@ -44,8 +44,8 @@ class TaskBar;
 /// The window for the letters of one script: list, page, check and output.
 class ViewerWindow : public QMainWindow {
 public:
-    ViewerWindow(std::string scriptPath, std::unique_ptr<OpenLetters> letters,
-                 ViewerServices services = realServices());
+    /// `path` is the script of the letters, or the form of sample letters.
+    ViewerWindow(std::string path, std::unique_ptr<OpenLetters> letters, ViewerServices services = realServices());
     ~ViewerWindow() override;
 
     /// Follows the script's last line: shows the letters, opens the print dialog, or prints.
@@ -58,6 +58,8 @@ public:
     void finishCheck();
     /// Checks now whether a file has changed.
     void checkFiles() { m_watch.check(); }
+    /// Checks now whether a form, or a picture beside it, has changed.
+    void checkForms() { m_formWatch.check(); }
     void reload();
 
     /// Opens the print dialog, then prints the ticked letters.
@@ -99,7 +101,15 @@ private:
     void showZoom();
     void fitPage(PageView::Fit fit);
     void fileChanged(const std::string &path);
+    /// Shows the warnings, the fault of a saved form and the ledger's notice above the page. An offer to load changed letters
+    /// stays there.
+    void showNotices();
     void showMessage(QMessageBox::Icon icon, const QString &text);
+
+    // viewer_form.cpp
+    void followForms();
+    void formChanged();
+    void showForms();
 
     // viewer_place.cpp
     void fitToScreen();
@@ -146,6 +156,7 @@ private:
     // viewer_ledger.cpp
     void openLedger();
     void showLedger();
+    void showLedgerOfForms();
     void showLedgerFilters();
     void showStates();
     void refreshLedger();
@@ -172,7 +183,7 @@ private:
     void recordBeforeOutput();
     QString eraseLedger();
 
-    const std::string m_scriptPath;
+    const std::string m_path;
     ViewerServices m_services;
     ViewerSettings m_settings;
     std::unique_ptr<OpenLetters> m_letters;
@@ -183,6 +194,10 @@ private:
     LedgerDesk m_desk;
     QTimer m_checkTimer;
     FileWatch m_watch;
+    /// A person who edits a form expects to see a change at once.
+    FileWatch m_formWatch{{100, 40}};
+    QTimer m_formTimer;   ///< runs until a form is read again that could not be read
+    QTimer m_ledgerTimer; ///< runs from a change of a form until the ledger is read for it
     LetterListModel m_model;
     ListedLetters m_listed{m_model};
     std::vector<QAction *> m_idleActions;   ///< those that are disabled while a task runs
@@ -205,6 +220,7 @@ private:
     QLabel *m_zoom = nullptr;
     int m_checkHeight = 0;           ///< of the check's list, when it has rows
     QString m_ledgerNotice;          ///< as shown last
+    QString m_formFault;             ///< why a saved form is not shown
     std::vector<std::size_t> m_rest; ///< letters that did not come out of the printer
     QString m_taskState;             ///< progress of the running task, in words
     bool m_isAsking = false, m_closesAfterTask = false, m_closesWhenPrinted = false;

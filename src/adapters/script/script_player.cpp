@@ -3,6 +3,7 @@
 #include "adapters/script/script_platform.h"
 #include "runtime/runtime_error.h"
 
+#include <new>
 #include <ostream>
 
 namespace inin::script {
@@ -24,6 +25,9 @@ try {
     return kPlayBroke;
 } catch (const RuntimeError &error) {
     transcript.fatal(error.number(), error.description());
+    return kPlayBroke;
+} catch (const std::bad_alloc &) {
+    transcript.fatal(error_number::outOfMemory, runtimeDescription(error_number::outOfMemory));
     return kPlayBroke;
 } catch (const std::exception &fault) {
     streams.errors << fault.what() << '\n';

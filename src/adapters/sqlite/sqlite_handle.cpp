@@ -33,7 +33,7 @@ std::unique_ptr<SqliteStatement> prepareInternal(sqlite3 *db, const char *sql)
 {
     sqlite3_stmt *statement = nullptr;
     if (sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK) return nullptr;
-    return std::make_unique<SqliteStatement>(statement);
+    return std::make_unique<SqliteStatement>(StatementHandle(statement));
 }
 
 } // namespace

@@ -83,7 +83,7 @@ std::shared_ptr<SqliteStatement> SqliteHandle::prepare(const std::vector<Token> 
     const char *tail = nullptr;
     const int code = sqlite3_prepare_v3(m_db.get(), text.data(), static_cast<int>(text.size()), 0, &prepared, &tail);
     if (code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
-    auto statement = std::make_shared<SqliteStatement>(prepared, std::move(translation.results));
+    auto statement = std::make_shared<SqliteStatement>(StatementHandle(prepared), std::move(translation.results));
     const std::string_view rest(tail, static_cast<std::size_t>(text.data() + text.size() - tail));
     if (prepared == nullptr || rest.find_first_not_of(" \t\r\n\v\f;") != std::string_view::npos)
         raise(*m_errors, providerError(ado_error::faultyStatement, "42000", "one statement at a time", SQLITE_ERROR));

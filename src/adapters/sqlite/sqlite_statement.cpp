@@ -67,13 +67,13 @@ Variant bytesValue(sqlite3_stmt *statement, int column)
 
 } // namespace
 
-void SqliteStatement::Finalize::operator()(sqlite3_stmt *statement) const
+void FinalizeStatement::operator()(sqlite3_stmt *statement) const
 {
     sqlite3_finalize(statement);
 }
 
-SqliteStatement::SqliteStatement(sqlite3_stmt *owned, ResultKinds results)
-    : m_statement(owned), m_results(std::move(results))
+SqliteStatement::SqliteStatement(StatementHandle statement, ResultKinds results)
+    : m_statement(std::move(statement)), m_results(std::move(results))
 {
     readFields();
 }

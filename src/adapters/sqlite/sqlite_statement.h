@@ -15,11 +15,16 @@ struct sqlite3_stmt;
 
 namespace inin::sqlite {
 
+struct FinalizeStatement {
+    void operator()(sqlite3_stmt *statement) const;
+};
+using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
 /// A prepared SELECT with the names and kinds of its columns.
 class SqliteStatement {
 public:
     /// `results` are the kinds of the columns that the translation knows.
-    explicit SqliteStatement(sqlite3_stmt *owned, ResultKinds results = {});
+    explicit SqliteStatement(StatementHandle statement, ResultKinds results = {});
 
     [[nodiscard]] sqlite3_stmt *get() const { return m_statement.get(); }
     /// Ends the present run.
@@ -37,9 +42,6 @@ public:
     [[nodiscard]] Variant value(std::size_t index) const;
 
 private:
-    struct Finalize {
-        void operator()(sqlite3_stmt *statement) const;
-    };
     struct Field {
         std::string name;
         ColumnKind kind = ColumnKind::unknown;
@@ -52,7 +54,7 @@ private:
     void readFields();
     [[nodiscard]] bool isDateExpression(std::size_t column, std::size_t count) const;
 
-    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+    StatementHandle m_statement;
     ResultKinds m_results;
     std::vector<Field> m_fields;
     mutable std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> m_indexes;

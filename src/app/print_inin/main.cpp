@@ -25,6 +25,7 @@
 #include <cstdlib>
 #include <exception>
 #include <fstream>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -96,6 +97,8 @@ try {
     return report(kApplicationTitle, numberedText(unhandled.error()));
 } catch (const RuntimeError &error) {
     return report(kApplicationTitle, numberedText(error));
+} catch (const std::bad_alloc &) {
+    return report(kApplicationTitle, numberedText(RuntimeError(error_number::outOfMemory)));
 } catch (const std::exception &fault) {
     return report("PrintInin", fault.what()); // a title that is readable without Japanese glyphs
 }

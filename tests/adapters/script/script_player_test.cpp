@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 #include <filesystem>
+#include <new>
 #include <stdexcept>
 
 using namespace inin;
@@ -139,6 +140,14 @@ TEST_CASE("an internal error gives exit code 1 and its text on the error stream"
     CHECK(played.code == 1);
     CHECK(played.errors == "a fault\n");
     CHECK(played.events.empty());
+}
+
+TEST_CASE("exhausted memory is recorded as the runtime's error 7 with exit code 1")
+{
+    const Played played = play("", [](const Platform &) { throw std::bad_alloc(); });
+    CHECK(played.code == 1);
+    CHECK(played.events == Log{R"({"event":"fatal","number":7,"text":"メモリが不足しています。"})"});
+    CHECK(played.errors.empty());
 }
 
 TEST_CASE("a form that never closes gives exit code 1 and its name on the error stream")

@@ -47,6 +47,18 @@ TEST_CASE("the options of a run without a window are read")
     CHECK(check.script == "s.dat");
 }
 
+TEST_CASE("--form takes the place of a script, and excludes one")
+{
+    const auto command = parsed<ViewCommand>({"formviewer", "--form", "封筒.svg"});
+    CHECK(command.form == "封筒.svg");
+    CHECK(command.needsWindow());
+    CHECK_FALSE(parsed<ViewCommand>({"formviewer", "--form", "a.svg", "--pdf", "o.pdf"}).needsWindow());
+    parsed<BadCommandLine>({"formviewer", "--form", "a.svg", "s.dat"});
+    parsed<BadCommandLine>({"formviewer", "--form", "a.svg", "/c", "s.dat"});
+    parsed<BadCommandLine>({"formviewer", "--form", "a.svg", "--ledger", "diff"});
+    parsed<BadCommandLine>({"formviewer", "--form", "a.svg", "--returned", "b.pdf"});
+}
+
 TEST_CASE("under the merger's name, an output form and a script are read")
 {
     for (const char *name : {"wfrimg10.exe", "/site/WFRIMG10.EXE", "wfrimg10"}) {

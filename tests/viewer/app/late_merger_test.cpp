@@ -1,6 +1,6 @@
 #include "suite_text/code_page_932.h"
 #include "viewer/document/combined_form.h"
-#include "viewer/document/letter_set.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>

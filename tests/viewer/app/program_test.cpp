@@ -41,6 +41,34 @@ TEST_CASE("the selected letters are written as a PDF")
     CHECK(pagesOf(folder / "out.pdf").size() == 4);
 }
 
+TEST_CASE("--form fills a form with sample letters, without a site and on paper of the form's size")
+{
+    const TempFolder folder;
+    folder.put("封筒.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='100mm' height='60mm' viewBox='0 0 100 60'>"
+                           "<text x='9' y='20' style='font-size:5px'>{{利用者氏名}}　様</text></svg>");
+    const Outcome outcome = runViewer(folder, "--form 封筒.svg --pdf o.pdf --letters 2-3");
+    CHECK(outcome.code == 0);
+    CHECK(outcome.errors.empty());
+    const std::vector<std::string> pages = pagesOf(folder / "o.pdf");
+    REQUIRE(pages.size() == 2);
+    CHECK(packed(pages[0]) == "岡田ヨネ様");
+    CHECK(contains(bytesOf(folder / "o.pdf"), "/MediaBox[0 0 283.46 170.08]"));
+    CHECK(contains(runViewer(folder, "--form 封筒.svg --check").output, "60通"));
+}
+
+TEST_CASE("--form reports an unusable form with its name")
+{
+    const TempFolder folder;
+    folder.put("a.svg", svgPage("<text x='9' y='20'>{{担当者}}</text>"));
+    folder.put("b.txt", "plain");
+    const Outcome unknown = runViewer(folder, "--form a.svg --pdf o.pdf");
+    CHECK(unknown.code == 1);
+    CHECK(contains(unknown.errors, "「a.svg」：帳票の差し込み「{{担当者}}」の列「担当者」が CSV にありません。"));
+    CHECK(contains(runViewer(folder, "--form b.txt --pdf o.pdf").errors, "「b.txt」：帳票（SVG）ではありません。"));
+    CHECK(contains(runViewer(folder, "--form none.svg --check").errors, "none.svg"));
+    CHECK(!folder.has("o.pdf"));
+}
+
 TEST_CASE("the script is found by either slash and in any case")
 {
     TempFolder folder;

@@ -69,6 +69,17 @@ TEST_CASE("a PDF and pictures that a command saves are recorded with their lette
     CHECK(ledger.states(ledger.runs().at(0).id) == std::vector(3, LetterState::unprinted));
 }
 
+TEST_CASE("sample letters on a form are not recorded and have no codes")
+{
+    const Office office;
+    office.printCodes();
+    const Outcome outcome =
+        runViewer(office.folder, "--form '" + std::string(kForm) + "' --pdf o.pdf --png p --letters 1-2");
+    CHECK(outcome.code == 0);
+    CHECK(pagesOf(office.folder / "o.pdf").size() == 2);
+    CHECK(!std::filesystem::exists(office.path));
+}
+
 TEST_CASE("covers are not recorded as letters")
 {
     const Office office;

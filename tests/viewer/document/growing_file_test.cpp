@@ -100,7 +100,7 @@ TEST_CASE("a file that is expected is waited for during at most thirty checks")
         if (file.pauses < file.steps.size()) file.steps[file.pauses]();
         ++file.pauses;
     };
-    CHECK(waitForFile(file.path, 1000, pause) == "x");
+    CHECK(waitForFile(file.path, 1000, pause).bytes == "x");
     CHECK(file.pauses == 3);
     std::filesystem::remove(file.path);
     CHECK_THROWS((void)waitForFile(file.path, 1000, pause));

@@ -117,11 +117,11 @@ TEST_CASE("a box of a field on the second page moves with the page")
 
 TEST_CASE("more than a hundred pages are refused")
 {
-    std::vector<std::string> pages(101, kTwoPages[0]);
-    CHECK_THROWS_WITH_AS(static_cast<void>(readSvg(pagesSvg(pages, ""))), "ページが多すぎます（100ページまで）。",
-                         RuntimeError);
-    pages.pop_back();
-    CHECK(readSvg(pagesSvg(pages, "")).pageCount() == 100);
+    const auto svgOf = [](std::size_t pages) { return pagesSvg(std::vector<std::string>(pages, kTwoPages[0]), ""); };
+    for (const std::size_t pages : {std::size_t{101}, std::size_t{200}})
+        CHECK_THROWS_WITH_AS(static_cast<void>(readSvg(svgOf(pages))), "ページが多すぎます（100ページまで）。",
+                             RuntimeError);
+    CHECK(readSvg(svgOf(100)).pageCount() == 100);
 }
 
 TEST_CASE("a form that is as large as another page, too far away or without size adds no page")
@@ -192,6 +192,16 @@ TEST_CASE("a field shows words for codes, and a code without a word as it is, wh
     CHECK(painter.texts.all == "9 ");
     REQUIRE(marks.size() == 1);
     CHECK(marks[0].noWord);
+}
+
+TEST_CASE("a form with a list of ten thousand words shows the word of each letter")
+{
+    std::string list;
+    for (int i = 0; i < 10'000; ++i) list += std::to_string(i) + "=語" + std::to_string(i) + ";";
+    Pages pages(svgPage(textAt(10, 20, "{{保険種別|" + list + "}}")), {{{"保険種別", "0"}}, {{"保険種別", "9999"}}});
+    CHECK(pages.set.reports[0].form.notices.empty());
+    CHECK(pages.painted(0, 0).all == "語0 ");
+    CHECK(pages.painted(1, 0).all == "語9999 ");
 }
 
 TEST_CASE("an empty date is printed as blanks to be filled in, unless the form has another text for it")

@@ -13,7 +13,7 @@ inline constexpr int kGrayTolerance = 48;
 inline constexpr double kShareTolerance = 0.0005;
 
 /// The share of pixels that differ by more than the tolerance; 1 for pictures of different sizes.
-[[nodiscard]] double difference(const QImage &a, const QImage &b);
+[[nodiscard]] double difference(const QImage &a, const QImage &b, int grayTolerance = kGrayTolerance);
 /// Compares with a stored picture. To change the reference pictures, run once with ININ_WRITE_GOLDENS set, inspect the
 /// pictures and commit them.
 void compareWithGolden(const QImage &picture, const std::string &name);
@@ -21,6 +21,10 @@ void compareWithGolden(const QImage &picture, const std::string &name);
 [[nodiscard]] QImage coarse(const QImage &image);
 /// A page of a PDF, counted from 1, rendered by another program.
 [[nodiscard]] QImage rasterized(const std::string &pdf, int dotsPerInch, int page = 1);
+/// The same by a program without corrections for screens: lines keep their width and place. In gray.
+[[nodiscard]] QImage drawnByCairo(const std::string &pdf, int dotsPerInch, int page);
+/// A picture in which each pixel is the mean of a square of `factor` pixels; what is missing at its edges is white.
+[[nodiscard]] QImage averaged(const QImage &image, int factor);
 /// Prints the pages of the first letter.
 void printPages(LetterRenderer &renderer, const std::string &path, QtGlyphs &glyphs);
 

@@ -93,6 +93,16 @@ TEST_CASE("a file refuses more objects than readers accept")
     CHECK_THROWS_AS(static_cast<void>(file.reserve()), RuntimeError);
 }
 
+TEST_CASE("a file refuses more objects in one stream than its table has digits for")
+{
+    const TempFolder folder;
+    AtomicFile out(folder / "a.pdf");
+    PdfFile file(out);
+    const int stream = file.reserve(), object = file.reserve();
+    CHECK_NOTHROW(file.placeInStream(object, stream, 65'535));
+    CHECK_THROWS_AS(file.placeInStream(object, stream, 65'536), RuntimeError);
+}
+
 TEST_CASE("a padded number has blanks before it, and is never shortened when it is appended")
 {
     struct Case {

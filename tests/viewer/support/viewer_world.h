@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/temp_folder.h"
+#include "viewer/document/letter_opener.h"
 #include "viewer/document/letter_renderer.h"
 #include "viewer/support/viewer_jobs.h"
 

@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 using namespace inin;
@@ -133,6 +134,27 @@ TEST_CASE("the sheet is A4 whatever the printer's unprintable margins are")
     const QImage page = pageImage(world.jobPath(0), 1);
     CHECK(page.width() == 595);
     CHECK(page.height() == 842);
+}
+
+TEST_CASE("a sideways form and an envelope are painted on sheets of their own size")
+{
+    struct Case {
+        const char *size;
+        int width, height; // points
+    };
+    for (const Case &each :
+         {Case{"width='297mm' height='210mm'", 842, 595}, Case{"width='120mm' height='235mm'", 340, 666}}) {
+        CAPTURE(std::string(each.size));
+        Printing world(2);
+        world.folder.put(kForm, "<svg xmlns='http://www.w3.org/2000/svg' " + std::string(each.size) +
+                                    "><rect x='0' y='0' width='9999' height='9999'/><text>{{利用者氏名}}</text></svg>");
+        world.letters.readFormsAgain();
+        CHECK(world.print("1-2", world.order()).isDone());
+        const QImage page = pageImage(world.jobPath(0), 2);
+        CHECK(std::abs(page.width() - each.width) <= 1);
+        CHECK(std::abs(page.height() - each.height) <= 1);
+        CHECK(qGray(page.pixel(page.width() - 3, page.height() - 3)) < 128);
+    }
 }
 
 TEST_CASE("a printer that refuses from the start prints nothing, and an error is reported")

@@ -1,0 +1,20 @@
+#include "faults/fault_plan.h"
+
+#include "system/program_edges.h"
+
+#include <algorithm>
+
+namespace inin {
+
+std::vector<std::size_t> operationsToFail(std::size_t count, std::size_t round, std::size_t most)
+{
+    constexpr std::size_t kFew = 5;
+    const std::size_t wanted = environmentText("ININ_FAULTS") == "all" ? most : kFew;
+    const std::size_t step = std::max<std::size_t>(1, count / wanted);
+    std::vector<std::size_t> operations;
+    for (std::size_t operation = 1 + round % step; operation <= count; operation += step)
+        operations.push_back(operation);
+    return operations;
+}
+
+} // namespace inin

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+
+namespace inin {
+
+/// While it exists, one allocation of this process fails with std::bad_alloc. Only one may exist at a time.
+class FaultyAllocations {
+public:
+    /// The allocation of this number fails, 1 is the first; 0 for none.
+    explicit FaultyAllocations(std::size_t failing);
+    FaultyAllocations(const FaultyAllocations &) = delete;
+    FaultyAllocations &operator=(const FaultyAllocations &) = delete;
+    ~FaultyAllocations();
+
+    /// The allocations since the construction.
+    [[nodiscard]] static std::size_t count();
+};
+
+/// The allocations that are not freed.
+[[nodiscard]] std::ptrdiff_t liveAllocations();
+
+} // namespace inin
