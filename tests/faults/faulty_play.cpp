@@ -168,8 +168,8 @@ FaultyPlay::FaultyPlay(const std::string &file) : m_play(readPlay(file)), m_site
     m_before = files();
     const PlayRecord usual = play();
     for (const std::string &text : boxTexts(usual)) m_usualTexts.insert(text);
-    m_endsInTemporaryFolder = m_unfinishedStart.empty();
     m_usualFiles = files();
+    m_endsInTemporaryFolder = m_usualFiles.contains("TMP/委任状.csv") && m_usualFiles.contains("TMP/WfdCom.dat");
 }
 
 void FaultyPlay::restoreSite()

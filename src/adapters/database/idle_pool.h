@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -37,13 +38,15 @@ public:
         return nullptr;
     }
 
-    /// Returns a connection to the pool, or closes it when it cannot be used again.
+    /// Returns a connection to the pool, or closes it when it cannot be used again or there is no memory to keep it.
     void giveBack(const std::string &connectionString, std::unique_ptr<Handle> handle)
-    {
+    try {
         dropOld();
         if (m_closed || !handle->tidy()) return;
         std::vector<Idle> &idle = m_idle[connectionString];
         if (idle.size() < kMaxIdle) idle.push_back({std::move(handle), m_now()});
+    } catch (const std::bad_alloc &) {
+        // `handle` closes it; destructors of sessions call this
     }
 
     /// Closes all idle connections, and later each one that is returned.
