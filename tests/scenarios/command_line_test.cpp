@@ -53,7 +53,11 @@ private:
 
     TemporarySite m_site{basic()};
     /// Absolute, because a test may change the current folder.
+#ifdef _WIN32
     std::string m_program = std::filesystem::absolute(ININ_SCRIPT_PROGRAM).make_preferred().string();
+#else
+    std::string m_program = "'" ININ_SCRIPT_PROGRAM "'"; // the build folder may have a blank in its name
+#endif
 };
 
 } // namespace

@@ -11,8 +11,9 @@ using namespace inin;
 
 namespace {
 
-constexpr const char *kScript = ININ_SCRIPT_PROGRAM;
-constexpr const char *kSite = ININ_SITE_PROGRAM;
+// The build folder may have a blank in its name.
+constexpr const char *kScript = "'" ININ_SCRIPT_PROGRAM "'";
+constexpr const char *kSite = "'" ININ_SITE_PROGRAM "'";
 
 /// The exit code of a shell command, -1 if a signal ended it.
 int exitCode(const std::string &command)

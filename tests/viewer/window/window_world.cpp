@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
+#include <string>
 
 namespace inin::viewer::test {
 
@@ -28,7 +30,10 @@ struct Toolkit : doctest::IReporter {
 #ifdef _WIN32
             qputenv("QT_QPA_PLATFORM", "offscreen");
 #else
-            qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ININ_SCREENS "/1920x1080.json");
+            // Relative, because the toolkit reads the path as Latin-1.
+            qputenv("QT_QPA_PLATFORM",
+                    ("offscreen:configfile=" + std::filesystem::proximate(ININ_SCREENS).string() + "/1920x1080.json")
+                        .c_str());
 #endif
         // The platform logs a message for each window that it does not place.
         qputenv("QT_LOGGING_RULES", "qt.qpa.*=false;default.warning=true");
