@@ -34,7 +34,7 @@ add_library(SQLite::SQLite3 ALIAS inin_sqlite3)
 add_library(ODBC::ODBC INTERFACE IMPORTED GLOBAL)
 set_target_properties(ODBC::ODBC PROPERTIES INTERFACE_LINK_LIBRARIES odbc32)
 
-# For the letters: shaping and subsetting fonts, reading form documents and their pictures, compressing PDF, reading codes;
+# For the letters: shaping and subsetting fonts, reading form documents and their pictures, compressing PDF, codes;
 # with windows, painting scanned PDF pages.
 set(ININ_LETTER_LIBRARIES harfbuzz expat png jpeg deflate zbar)
 if(ININ_QT)

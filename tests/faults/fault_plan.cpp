@@ -6,10 +6,27 @@
 
 namespace inin {
 
+namespace {
+
+bool areAllTried()
+{
+    return environmentText("ININ_FAULTS") == "all";
+}
+
+} // namespace
+
+std::vector<std::string> sampleOf(const std::vector<std::string> &plays)
+{
+    constexpr std::size_t kStep = 6;
+    std::vector<std::string> tried;
+    for (std::size_t at = 0; at < plays.size(); at += areAllTried() ? 1 : kStep) tried.push_back(plays[at]);
+    return tried;
+}
+
 std::vector<std::size_t> operationsToFail(std::size_t count, std::size_t round, std::size_t most)
 {
     constexpr std::size_t kFew = 5;
-    const std::size_t wanted = environmentText("ININ_FAULTS") == "all" ? most : kFew;
+    const std::size_t wanted = areAllTried() ? most : kFew;
     const std::size_t step = std::max<std::size_t>(1, count / wanted);
     std::vector<std::size_t> operations;
     for (std::size_t operation = 1 + round % step; operation <= count; operation += step)

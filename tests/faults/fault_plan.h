@@ -33,6 +33,9 @@ private:
     std::atomic<const char *> m_failed = "";
 };
 
+/// All plays if the environment variable ININ_FAULTS is "all"; otherwise one in six.
+[[nodiscard]] std::vector<std::string> sampleOf(const std::vector<std::string> &plays);
+
 /// The operations to let fail, of `count`: all, or `most` at even distances, if the environment variable ININ_FAULTS is
 /// "all"; otherwise a few, others in each `round`.
 [[nodiscard]] std::vector<std::size_t> operationsToFail(std::size_t count, std::size_t round,

@@ -1,4 +1,4 @@
-#include "viewer/codes/qr_decoder.h"
+#include "viewer/codes/qr_library.h"
 
 namespace inin::viewer {
 

@@ -70,3 +70,11 @@ TEST_CASE("a picture with fewer pixels than its size is refused")
     CHECK_THROWS_AS((void)readQrCodes({pixels, 10, 10, 10}), RuntimeError);
     CHECK_THROWS_AS((void)readQrCodes({pixels, 10, 9, 9}), RuntimeError);
 }
+
+TEST_CASE("a code holds at most seventeen digits and nothing but digits")
+{
+    CHECK(writeQr("12345678901234567").size == 21);
+    CHECK_THROWS_AS((void)writeQr("123456789012345678"), RuntimeError);
+    CHECK_THROWS_AS((void)writeQr("12345-6"), RuntimeError);
+    CHECK_THROWS_AS((void)writeQr("１２３"), RuntimeError);
+}

@@ -1,7 +1,6 @@
 // QR codes of version 1, level H, with digits as data, after ISO/IEC 18004. x counts columns, y rows.
 
-#include "runtime/runtime_error.h"
-#include "viewer/codes/qr_codes.h"
+#include "viewer/codes/qr_library.h"
 
 #include <algorithm>
 #include <array>
@@ -112,7 +111,7 @@ std::array<std::uint8_t, kCheckBytes> checkBytes(const std::vector<std::uint8_t>
     std::array<std::uint8_t, kCheckBytes> remainder{};
     for (const std::uint8_t byte : data) {
         const auto factor = static_cast<std::uint8_t>(byte ^ remainder.front());
-        std::ranges::rotate(remainder, remainder.begin() + 1);
+        std::rotate(remainder.begin(), remainder.begin() + 1, remainder.end());
         remainder.back() = 0;
         for (std::size_t i = 0; i < kCheckBytes; ++i)
             remainder[i] = static_cast<std::uint8_t>(remainder[i] ^ product(divisor[i], factor));
@@ -271,10 +270,8 @@ int costOf(const Symbol &symbol)
 
 } // namespace
 
-QrModules writeQr(std::string_view digits)
+QrModules encodeQr(const std::string &digits)
 {
-    if (digits.size() > kMostQrDigits || !std::ranges::all_of(digits, [](char c) { return c >= '0' && c <= '9'; }))
-        throw RuntimeError(error_number::invalidCall);
     std::vector<std::uint8_t> bytes = dataBytes(digits);
     const std::array<std::uint8_t, kCheckBytes> check = checkBytes(bytes);
     bytes.insert(bytes.end(), check.begin(), check.end());

@@ -1,6 +1,8 @@
-#include "viewer/codes/qr_decoder.h"
+#include "viewer/codes/qr_library.h"
 
 #define ZX_USE_UTF8 // texts as std::string
+#include <BitMatrix.h>
+#include <MultiFormatWriter.h>
 #include <ReadBarcode.h>
 
 namespace inin::viewer {
@@ -8,6 +10,19 @@ namespace inin::viewer {
 bool canReadQrCodes()
 {
     return true;
+}
+
+QrModules encodeQr(const std::string &digits)
+{
+    constexpr int kStrongestCorrection = 8; // 30 % of the code may be covered
+    const ZXing::BitMatrix matrix = ZXing::MultiFormatWriter(ZXing::BarcodeFormat::QRCode)
+                                        .setEccLevel(kStrongestCorrection)
+                                        .setMargin(0)
+                                        .encode(digits, 0, 0);
+    QrModules modules{matrix.width(), {}};
+    for (int y = 0; y < matrix.height(); ++y)
+        for (int x = 0; x < matrix.width(); ++x) modules.dark.push_back(matrix.get(x, y));
+    return modules;
 }
 
 std::vector<std::string> decodeQr(const GreyPicture &picture, InkThreshold threshold)

@@ -1,5 +1,5 @@
 #include "runtime/runtime_error.h"
-#include "viewer/codes/qr_decoder.h"
+#include "viewer/codes/qr_library.h"
 
 #include <algorithm>
 #include <array>
@@ -32,6 +32,13 @@ std::vector<std::uint8_t> thresholded(const GreyPicture &picture, int limit)
 }
 
 } // namespace
+
+QrModules writeQr(std::string_view digits)
+{
+    if (digits.size() > kMostQrDigits || !std::ranges::all_of(digits, [](char c) { return c >= '0' && c <= '9'; }))
+        throw RuntimeError(error_number::invalidCall);
+    return encodeQr(std::string(digits));
+}
 
 std::vector<std::string> readQrCodes(const GreyPicture &picture)
 {
