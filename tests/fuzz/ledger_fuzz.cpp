@@ -24,8 +24,9 @@ std::string soundLedger()
     {
         Ledger ledger = world.open();
         const RunId run = LedgerWorld::print(ledger, runOf(3));
-        const LedgerLetter returned[] = {{run, 1}};
-        require(ledger.setReturned(returned, true, kPrintDay), "a ledger in memory can be written");
+        PrintedLetter returned;
+        returned.copies = {{run, 1}};
+        require(ledger.setReturned({&returned, 1}, true, kPrintDay).has_value(), "a ledger in memory can be written");
     }
     return bytesOf(world.path);
 }
