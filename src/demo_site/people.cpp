@@ -125,8 +125,11 @@ Home makeHome(Dice &dice)
     Home home;
     moveTo(home, city);
     home.postalCode = "000-" + makeDigits(dice, 4);
-    home.address1 = fmt::format("{}{}{}丁目{}番{}号", city[0], town[0], dice.between(1, 6), dice.between(1, 40),
-                                dice.between(1, 30));
+    // One draw a statement: the order of arguments depends on the compiler, the demo data must not.
+    const auto number = dice.between(1, 30);
+    const auto block = dice.between(1, 40);
+    const auto quarter = dice.between(1, 6);
+    home.address1 = fmt::format("{}{}{}丁目{}番{}号", city[0], town[0], quarter, block, number);
     home.kana = fmt::format("{}{}", city[1], town[1]);
     if (dice.oneIn(4)) home.address2 = fmt::format("{}{}号室", house[0], dice.between(101, 512));
     home.telephone = makeTelephone(dice);
