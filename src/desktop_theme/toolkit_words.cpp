@@ -10,7 +10,8 @@ namespace inin::theme {
 
 void useJapaneseWords(QApplication &application)
 {
-    auto *const words = new QTranslator(&application); // the application owns it
+    // The application owns it. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+    auto *const words = new QTranslator(&application);
     const QString name = QStringLiteral("qtbase_ja");
     if (words->load(name, toolkitFolder() + QStringLiteral("/translations")) ||
         words->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

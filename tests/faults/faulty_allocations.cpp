@@ -50,7 +50,7 @@ void operator delete(void *memory) noexcept
 {
     if (memory == nullptr) return;
     --inin::live;
-    std::free(memory);
+    std::free(memory); // NOLINT(cppcoreguidelines-owning-memory): this is what owners call
 }
 
 void operator delete(void *memory, std::size_t) noexcept

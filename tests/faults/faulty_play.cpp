@@ -100,7 +100,7 @@ bool endsWithFatal(const PlayRecord &record)
 
 std::string wrongEnd(const PlayRecord &record)
 {
-    const std::string code = "exit code " + std::to_string(record.exitCode);
+    std::string code = "exit code " + std::to_string(record.exitCode);
     switch (record.exitCode) {
     case script::kPlayedToTheEnd:
         return record.errors.empty() ? std::string() : code + " with errors: " + record.errors;

@@ -36,7 +36,7 @@ LedgerReport statusOf(Ledger &ledger, const LedgerCommand &command)
 /// The run to compare with: the same files if they were printed, otherwise the last print of the form.
 std::optional<RunSummary> comparedRun(Ledger &ledger, const RunMark &mark)
 {
-    const std::optional<RunSummary> same = ledger.findRun(mark);
+    std::optional<RunSummary> same = ledger.findRun(mark);
     if (same && same->printed) return same;
     const std::vector<RunSummary> earlier = ledger.earlierRuns(mark);
     return earlier.empty() ? std::nullopt : std::optional(earlier.front());

@@ -86,79 +86,125 @@ LetterSort sortOfOption(const std::string &name)
     return *sort;
 }
 
+/// The options of the command line, in the order of the help page.
+class OptionPage {
+public:
+    OptionPage(CLI::App &app, HelpLanguage language) : m_app(app), m_language(language) {}
+
+    [[nodiscard]] std::string text(std::string_view japanese, std::string_view english) const
+    {
+        return HelpText{japanese, english}.in(m_language);
+    }
+    template <class Value>
+    CLI::Option *add(const char *name, Value &value, const std::string &valueName, const std::string &description)
+    {
+        return m_app.add_option(name, value, description)->option_text(valueName);
+    }
+    void addRead(const char *name, const std::string &valueName, const std::string &description,
+                 const std::function<void(const std::string &)> &read)
+    {
+        m_app.add_option_function<std::string>(name, read, description)->option_text(valueName);
+    }
+    void flag(const char *name, bool &value, const std::string &description)
+    {
+        m_app.add_flag(name, value, description);
+    }
+
+private:
+    CLI::App &m_app;
+    HelpLanguage m_language;
+};
+
+void addOutputOptions(OptionPage &to, ViewCommand &command)
+{
+    to.add("script", command.script, to.text("コマンドファイル", "SCRIPT"),
+           to.text("コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。",
+                   "Command script (WfdCom.dat); \"/c PATH\" is another form."));
+    to.add(
+        "--form", command.form, to.text("帳票", "FORM"),
+        to.text("コマンドファイルの代わりに、この帳票を見本の委任状で表示します。見本は台帳に記録しません。",
+                "Shows this form with sample letters instead of a command script. The ledger does not record them."));
+    to.add("--pdf", command.pdf, to.text("ファイル", "FILE"),
+           to.text("委任状を PDF ファイルに書き出します。", "Writes the letters to a PDF file."));
+    to.flag("--archive", command.archive,
+            to.text("PDF を長期保存用（PDF/A-2u）にします。", "Makes the PDF one for archives (PDF/A-2u)."));
+    to.flag("--untagged", command.untagged,
+            to.text("PDF に読み上げ用のタグとしおりを付けません。",
+                    "Writes the PDF without tags for screen readers and without an outline."));
+    to.add("--png", command.pngFolder, to.text("フォルダー", "FOLDER"),
+           to.text("委任状を一通ずつ PNG ファイルとしてこのフォルダーに書き出します。",
+                   "Writes each letter as a PNG file into this folder."));
+    to.add("--dpi", command.dotsPerInch, to.text("数", "NUMBER"),
+           to.text("PNG の解像度、20 から 1200（既定は 150）。",
+                   "Resolution of the PNG files, 20 to 1200 (default: 150)."))
+        ->check(CLI::Range(kMinDots, kMaxDots));
+    to.add("--letters", command.letters, to.text("番号", "NUMBERS"),
+           to.text("書き出す委任状の番号。例：1-3,7", "Numbers of the letters, such as 1-3,7."));
+    to.addRead(
+        "--order", to.text("順", "ORDER"),
+        to.text("PDF に委任状を並べる順。extraction（抽出した順）、insurer（保険者）、district（地区）、name（氏名）",
+                "Order of the letters in the PDF: extraction, insurer, district or name."),
+        [&command](const std::string &name) { command.arrangement.sort = sortOfOption(name); });
+    to.flag("--bundles", command.arrangement.hasCovers,
+            to.text("PDF の保険者または地区ごとの束に表紙を付けます。",
+                    "Adds a cover to each bundle of an insurer or a district in the PDF."));
+}
+
+void addCheckOptions(OptionPage &to, ViewCommand &command)
+{
+    to.flag("--check", command.check,
+            to.text("印刷前の点検の結果を表示します。注意のある委任状があれば終了コード 1、なければ 0 です。",
+                    "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
+    to.flag("--json", command.json,
+            to.text("点検、--returned、--ledger の結果を JSON で表示します。",
+                    "Prints the result of --check, --returned or --ledger as JSON."));
+    to.addRead("--without-check", to.text("名前", "NAMES"),
+               to.text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
+                       "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
+               [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
+}
+
+void addLedgerOptions(OptionPage &to, ReturnedCommand &returned, LedgerOptions &ledger)
+{
+    to.addRead(
+        "--ledger", to.text("内容", "WHAT"),
+        to.text("台帳の内容を表示します。status：印刷の記録、diff：前回の印刷との違い（違いがあれば終了コード 1）、"
+                "missing：戻っていない委任状（あれば終了コード 1）、export：すべての記録（CSV）。"
+                "台帳を読めないときは終了コード 3 です。",
+                "Prints the ledger. status: the prints; diff: differences from the last print (exit code 1 if any); "
+                "missing: letters that did not come back (exit code 1 if any); export: all records (CSV). Exit code 3 "
+                "if the ledger cannot be read."),
+        [&ledger](const std::string &name) { ledger.question = ledgerQuestion(name); });
+    to.addRead("--period", to.text("月", "MONTHS"),
+               to.text("--ledger missing の期間（既定は最後の期間）。例：2026-11、2026-10..2026-11",
+                       "The months of --ledger missing (default: the latest), such as 2026-11 or 2026-10..2026-11."),
+               [&ledger](const std::string &months) { ledger.months = monthsOfOption(months); });
+    to.add(
+        "--returned", returned.files, to.text("ファイル", "FILES"),
+        to.text(
+            "戻ってきた委任状を読み取った PDF、PNG、JPEG、TIFF。QR コードの委任状を台帳で返送済みにします。"
+            "人が確かめるページがあれば終了コード 1、なければ 0 です。",
+            "Scans of returned letters (PDF, PNG, JPEG, TIFF). Marks the letters of their QR codes as returned in the "
+            "ledger. Exit code 1 if a page needs a look, otherwise 0."));
+}
+
+void addDayOption(OptionPage &to, ViewCommand &command)
+{
+    to.addRead("--today", to.text("日付", "DATE"),
+               to.text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
+                       "The day that the check compares dates with (default: today), such as 2024-05-20."),
+               [&command](const std::string &day) { command.today = dayOfOption(day); });
+}
+
 /// The options of a command without "/c" and with their help.
 void addOptions(CLI::App &app, ViewCommand &command, ReturnedCommand &returned, LedgerOptions &ledger,
                 HelpLanguage language)
 {
-    const auto text = [language](std::string_view japanese, std::string_view english) {
-        return HelpText{japanese, english}.in(language);
-    };
-    const auto add = [&](const char *name, auto &value, const std::string &valueName, const std::string &description) {
-        return app.add_option(name, value, description)->option_text(valueName);
-    };
-    const auto addRead = [&](const char *name, const std::string &valueName, const std::string &description,
-                             const std::function<void(const std::string &)> &read) {
-        app.add_option_function<std::string>(name, read, description)->option_text(valueName);
-    };
-    add("script", command.script, text("コマンドファイル", "SCRIPT"),
-        text("コマンドファイル（WfdCom.dat）。「/c パス」でも指定できます。",
-             "Command script (WfdCom.dat); \"/c PATH\" is another form."));
-    add("--form", command.form, text("帳票", "FORM"),
-        text("コマンドファイルの代わりに、この帳票を見本の委任状で表示します。見本は台帳に記録しません。",
-             "Shows this form with sample letters instead of a command script. The ledger does not record them."));
-    add("--pdf", command.pdf, text("ファイル", "FILE"),
-        text("委任状を PDF ファイルに書き出します。", "Writes the letters to a PDF file."));
-    app.add_flag("--archive", command.archive,
-                 text("PDF を長期保存用（PDF/A-2u）にします。", "Makes the PDF one for archives (PDF/A-2u)."));
-    app.add_flag("--untagged", command.untagged,
-                 text("PDF に読み上げ用のタグとしおりを付けません。",
-                      "Writes the PDF without tags for screen readers and without an outline."));
-    add("--png", command.pngFolder, text("フォルダー", "FOLDER"),
-        text("委任状を一通ずつ PNG ファイルとしてこのフォルダーに書き出します。",
-             "Writes each letter as a PNG file into this folder."));
-    add("--dpi", command.dotsPerInch, text("数", "NUMBER"),
-        text("PNG の解像度、20 から 1200（既定は 150）。", "Resolution of the PNG files, 20 to 1200 (default: 150)."))
-        ->check(CLI::Range(kMinDots, kMaxDots));
-    add("--letters", command.letters, text("番号", "NUMBERS"),
-        text("書き出す委任状の番号。例：1-3,7", "Numbers of the letters, such as 1-3,7."));
-    addRead("--order", text("順", "ORDER"),
-            text("PDF に委任状を並べる順。extraction（抽出した順）、insurer（保険者）、district（地区）、name（氏名）",
-                 "Order of the letters in the PDF: extraction, insurer, district or name."),
-            [&command](const std::string &name) { command.arrangement.sort = sortOfOption(name); });
-    app.add_flag("--bundles", command.arrangement.hasCovers,
-                 text("PDF の保険者または地区ごとの束に表紙を付けます。",
-                      "Adds a cover to each bundle of an insurer or a district in the PDF."));
-    app.add_flag("--check", command.check,
-                 text("印刷前の点検の結果を表示します。注意のある委任状があれば終了コード 1、なければ 0 です。",
-                      "Prints the findings of the check. Exit code 1 if a letter has findings, otherwise 0."));
-    app.add_flag("--json", command.json,
-                 text("点検、--returned、--ledger の結果を JSON で表示します。",
-                      "Prints the result of --check, --returned or --ledger as JSON."));
-    addRead("--without-check", text("名前", "NAMES"),
-            text("行わない点検の名前（JSON の cause）。コンマで区切ります。例：signatureOutside,shrunk",
-                 "Causes that are not checked, by their names in the JSON, such as signatureOutside,shrunk."),
-            [&command](const std::string &names) { command.withoutChecks |= causesOf(names); });
-    addRead("--ledger", text("内容", "WHAT"),
-            text("台帳の内容を表示します。status：印刷の記録、diff：前回の印刷との違い（違いがあれば終了コード 1）、"
-                 "missing：戻っていない委任状（あれば終了コード 1）、export：すべての記録（CSV）。"
-                 "台帳を読めないときは終了コード 3 です。",
-                 "Prints the ledger. status: the prints; diff: differences from the last print (exit code 1 if any); "
-                 "missing: letters that did not come back (exit code 1 if any); export: all records (CSV). Exit code 3 "
-                 "if the ledger cannot be read."),
-            [&ledger](const std::string &name) { ledger.question = ledgerQuestion(name); });
-    addRead("--period", text("月", "MONTHS"),
-            text("--ledger missing の期間（既定は最後の期間）。例：2026-11、2026-10..2026-11",
-                 "The months of --ledger missing (default: the latest), such as 2026-11 or 2026-10..2026-11."),
-            [&ledger](const std::string &months) { ledger.months = monthsOfOption(months); });
-    add("--returned", returned.files, text("ファイル", "FILES"),
-        text("戻ってきた委任状を読み取った PDF、PNG、JPEG、TIFF。QR コードの委任状を台帳で返送済みにします。"
-             "人が確かめるページがあれば終了コード 1、なければ 0 です。",
-             "Scans of returned letters (PDF, PNG, JPEG, TIFF). Marks the letters of their QR codes as returned in the "
-             "ledger. Exit code 1 if a page needs a look, otherwise 0."));
-    addRead("--today", text("日付", "DATE"),
-            text("点検でこの日を今日とします（既定は今日）。例：2024-05-20",
-                 "The day that the check compares dates with (default: today), such as 2024-05-20."),
-            [&command](const std::string &day) { command.today = dayOfOption(day); });
+    OptionPage page(app, language);
+    addOutputOptions(page, command);
+    addCheckOptions(page, command);
+    addLedgerOptions(page, returned, ledger);
+    addDayOption(page, command);
 }
 
 ViewerCommand readOptions(std::vector<std::string> arguments, const std::string &scriptAfterSwitch)

@@ -13,7 +13,7 @@ namespace inin::viewer {
 struct QrModules {
     int size = 0;           ///< modules per side
     std::vector<bool> dark; ///< row by row
-    [[nodiscard]] bool isDark(int x, int y) const { return dark[static_cast<std::size_t>(y * size + x)]; }
+    [[nodiscard]] bool isDark(int x, int y) const { return dark[std::size_t(y) * std::size_t(size) + std::size_t(x)]; }
 };
 /// The blank border that readers need around a code, in modules.
 inline constexpr int kQuietZone = 4;

@@ -49,7 +49,7 @@ std::string folderOf(const std::string &path)
 /// The system path of an existing file after all links are followed.
 std::string linkedFileBeside(const std::string &path, const std::string &name)
 {
-    const std::string whole = pathWithoutLinks(systemPath(pathBeside(path, name)));
+    std::string whole = pathWithoutLinks(systemPath(pathBeside(path, name)));
     if (whole.empty() || fileInfo(whole).kind != FileInfo::Kind::file)
         throw RuntimeError(error_number::fileNotFound, "ファイルがありません。");
     const std::string root = pathWithoutLinks(systemPath(folderOf(path)));

@@ -140,7 +140,7 @@ TEST_CASE("the help is in Japanese throughout, and in English for an English loc
 TEST_CASE("under the merger's name, in any case, the program writes a combined form that the viewer prints")
 {
     TempFolder folder;
-    const std::string dir = folder.path();
+    const std::string &dir = folder.path();
     folder.put("1.svg", svgPage("<text x='9' y='9'>{{1}}</text>"));
     folder.put("1.csv", "\"a\"\r\n");
     folder.put("m.dat", "SetDataText,\"x\",\"" + dir + "\\1.csv\",\",\", \"\"\"\", True\r\nsetreport,\"" + dir +

@@ -200,7 +200,7 @@ TEST_CASE("a full disk leaves the older PDF and no partial file")
 TEST_CASE("a merge writes a combined form, whose letters the viewer prints in the order of the reports")
 {
     TempFolder folder;
-    const std::string dir = folder.path();
+    const std::string &dir = folder.path();
     folder.put("1.svg", svgPage("<text x='9' y='9'>一{{1}}と{{2}}</text>"));
     folder.put("2.svg", svgPage("<text x='9' y='9'>二{{1}}と{{別.1}}</text>"));
     folder.put("1.csv", "\"a\",\"b\"\r\n\"c\",\"d\"\r\n");

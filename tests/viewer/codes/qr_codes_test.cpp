@@ -21,7 +21,7 @@ struct Sheet {
             for (int x = 0; x < modules.size * kDots; ++x)
                 if (modules.isDark(x / kDots, y / kDots)) at(first + x, first + y) = 0;
     }
-    std::uint8_t &at(int x, int y) { return pixels[static_cast<std::size_t>(y * side + x)]; }
+    std::uint8_t &at(int x, int y) { return pixels[std::size_t(y) * side + std::size_t(x)]; }
     [[nodiscard]] std::vector<std::string> codes() const { return readQrCodes({pixels, side, side, side}); }
 
     static constexpr int side = 400;

@@ -1,4 +1,5 @@
 // Forms of several pages, and parts that are drawn for some letters only.
+#include "runtime/runtime_error.h"
 #include "runtime/utf8.h"
 #include "viewer/form/show_rule.h"
 #include "viewer/form/svg_reader.h"

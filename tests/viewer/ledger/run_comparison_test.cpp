@@ -57,6 +57,7 @@ std::vector<std::size_t> randomOrder(std::size_t count, std::mt19937 &random)
 std::vector<TextRow> inOrder(const std::vector<TextRow> &rows, const std::vector<std::size_t> &order)
 {
     std::vector<TextRow> permuted;
+    permuted.reserve(order.size());
     for (const std::size_t from : order) permuted.push_back(rows[from]);
     return permuted;
 }

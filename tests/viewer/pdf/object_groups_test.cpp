@@ -6,6 +6,7 @@
 #include "viewer/pdf/pdf_text.h"
 
 #include <doctest/doctest.h>
+#include <fmt/format.h>
 
 using namespace inin;
 using namespace inin::viewer;
@@ -70,8 +71,8 @@ TEST_CASE("another program reads the objects of groups in streams, whether one g
         for (const int head : {heads.front(), heads.back()}) {
             const auto shown = [&](std::size_t object) {
                 const std::string number = std::to_string(head + static_cast<int>(object));
-                REQUIRE(std::system(
-                            ("qpdf --show-object=" + number + " '" + path + "' > '" + path + ".out'").c_str()) == 0);
+                const std::string command = fmt::format("qpdf --show-object={} '{}' > '{}.out'", number, path, path);
+                REQUIRE(std::system(command.c_str()) == 0);
                 return bytesOf(path + ".out");
             };
             if (parts > 0)

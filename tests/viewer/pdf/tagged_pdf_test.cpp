@@ -324,6 +324,7 @@ TEST_CASE("a further letter of the standard form takes at most 900 bytes with it
 TEST_CASE("more letters than fit into one stream of objects keep their order")
 {
     std::vector<Row> rows;
+    rows.reserve(950);
     for (int i = 0; i < 950; ++i) rows.push_back(rowOf("甲" + std::to_string(i / 7), "名" + std::to_string(i)));
     const Tagged pdf(lettersOn(svgPage("<text x='9' y='9'>氏名</text><text x='40' y='9'>{{利用者氏名}}</text>"), rows));
     const auto pages = pagesOf(pdf.pdf);

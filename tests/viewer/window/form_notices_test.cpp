@@ -20,6 +20,7 @@ std::vector<std::string> shownNotices(const WindowWorld &world)
     const QModelIndex branch = model.index(0, 0);
     CHECK(branch.data().toString().startsWith(QStringLiteral("お知らせ")));
     std::vector<std::string> notices;
+    notices.reserve(static_cast<std::size_t>(model.rowCount(branch)));
     for (int row = 0; row < model.rowCount(branch); ++row)
         notices.push_back(model.index(row, 0, branch).data().toString().toStdString());
     return notices;

@@ -63,6 +63,7 @@ TEST_CASE("a saved form is shown with the letter, ticks, zoom, scroll position, 
     Preview world;
     world.openWindow();
     auto *const page = dynamic_cast<PageView *>(world.find<QWidget>("pageView"));
+    REQUIRE(page != nullptr);
     page->setZoom(2);
     world.window->letters().ticks.setText("1,4");
     world.find<QLineEdit>("find")->setText(QStringLiteral("甲3"));
