@@ -232,6 +232,7 @@ void ReturnsWindow::showCount()
 bool ReturnsWindow::tick(const std::vector<int> &rows, bool isReturned)
 {
     std::vector<PrintedLetter> letters;
+    letters.reserve(rows.size());
     for (const int row : rows) letters.push_back(m_model.letterAt(row));
     const auto states = letters.empty() ? std::nullopt : m_ledger.setReturned(letters, isReturned, m_services.now());
     if (states) m_model.setStates(rows, *states);

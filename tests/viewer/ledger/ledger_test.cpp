@@ -15,6 +15,7 @@ using enum LetterState;
 std::vector<std::string> patientsOf(const std::vector<PrintedLetter> &letters)
 {
     std::vector<std::string> patients;
+    patients.reserve(letters.size());
     for (const PrintedLetter &letter : letters) patients.push_back(letter.patient);
     return patients;
 }
