@@ -40,7 +40,9 @@ void useLedger(const std::string &bytes)
     const TestRun next = runOf(2, kDecember);
     for (const RunSummary &run : ledger.runs()) {
         const std::size_t letters = ledger.states(run.id).size();
-        require(ledger.returnTimes(run.id).size() == letters, "a letter has a state and a time of return");
+        // Damage that only the second question meets leaves its answer empty.
+        require(ledger.returnTimes(run.id).size() == letters || !ledger.notice().empty(),
+                "a letter has a state and a time of return, or a sentence names the damage");
         (void)ledger.texts(run.id);
         (void)ledger.openOutputs(run.id);
         (void)ledger.codeOf(run.id, 0);
