@@ -60,6 +60,24 @@ TEST_CASE("a form document that is damaged, or that names a column without a val
     CHECK(site.findings()[0].kind == site::FindingKind::unreadableForm);
 }
 
+TEST_CASE("a damaged cover form, or one with a column that covers lack, is found, and a missing one is not")
+{
+    const SoundSite site;
+    const fs::path cover = site.path() / "SYS" / inin::pathOf("束の表紙.wfd");
+    REQUIRE(fs::exists(cover));
+    writeBytes(cover, bytesOf(cover).substr(0, 300));
+    REQUIRE(site.findings().size() == 1);
+    CHECK(site.check()[0].starts_with("帳票「束の表紙.wfd」を読み込めません。（"));
+
+    writeBytes(
+        cover,
+        R"(<svg xmlns="http://www.w3.org/2000/svg" width="210" height="297"><text>{{通数}}{{番号1}}{{氏名1}}{{利用者氏名}}</text></svg>)");
+    CHECK(site.check() == Sentences{"帳票「束の表紙.wfd」の列「利用者氏名」は表紙にないので、開けません。"});
+
+    fs::remove(cover);
+    CHECK(site.check().empty());
+}
+
 TEST_CASE("a form document of another form tool is a notice")
 {
     const SoundSite site;

@@ -3,59 +3,22 @@
 #include "system/file_path.h"
 #include "system/whole_file.h"
 #include "viewer/document/form_file.h"
+#include "viewer/form/cover_columns.h"
 #include "viewer/form/svg_reader.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
-#include <charconv>
 #include <utility>
-#include <variant>
 
 namespace inin::viewer {
 
 namespace {
-
-constexpr std::string_view kNameColumn = "氏名", kNumberColumn = "番号";
-constexpr std::size_t kMostNames = 1000; ///< on one page
-
-/// The number in the name of a column, such as 12 in 氏名12; 0 if it is another column.
-std::size_t numberIn(std::string_view column, std::string_view name)
-{
-    if (!column.starts_with(name)) return 0;
-    column.remove_prefix(name.size());
-    std::size_t number = 0;
-    const auto [end, error] = std::from_chars(column.data(), column.data() + column.size(), number);
-    return error == std::errc() && end == column.data() + column.size() && number <= kMostNames ? number : 0;
-}
-
-/// How many names a page of the form lists.
-std::size_t namesOn(const FormDocument &form)
-{
-    std::size_t most = 0;
-    for (const DrawCommand &command : form.commands)
-        if (const auto *const text = std::get_if<TextCommand>(&command))
-            for (const TextPiece &piece : text->pieces) most = std::max(most, numberIn(piece.column, kNameColumn));
-    return most;
-}
-
-std::vector<std::string> columnsOf(std::size_t names)
-{
-    std::vector<std::string> columns = {"表題",     "保険者名", "保険者地区名", "通数",
-                                        "束の番号", "束の数",   "ページ",       "ページ数"};
-    for (std::size_t i = 1; i <= names; ++i) {
-        columns.push_back(fmt::format("{}{}", kNumberColumn, i));
-        columns.push_back(fmt::format("{}{}", kNameColumn, i));
-    }
-    return columns;
-}
 
 LetterReport builtInCovers()
 {
     LetterReport report;
     report.formPath = kCoverFormName;
     report.form = readSvg(builtInCoverForm());
-    report.columns = columnsOf(namesOn(report.form));
+    report.columns = coverColumns(report.form);
     return report;
 }
 
@@ -112,7 +75,7 @@ std::optional<LetterReport> siteCovers(const LetterSet &set)
     if (fileInfo(systemPath(report.formPath)).kind == FileInfo::Kind::missing) return std::nullopt;
     std::vector<StampedFile> pictures;
     report.form = readFormFile(report.formPath, readWholeFile(report.formPath, kLargestForm), pictures);
-    report.columns = columnsOf(namesOn(report.form));
+    report.columns = coverColumns(report.form);
     return report;
 }
 
@@ -120,7 +83,7 @@ LetterReport addCovers(const LetterSet &set, const LetterNames &names, std::vect
 {
     std::optional<LetterReport> own = siteCovers(set);
     LetterReport report = own ? std::move(*own) : builtInCovers();
-    CoverPages pages(set, names, namesOn(report.form));
+    CoverPages pages(set, names, coverNames(report.form));
     for (std::size_t i = 0; i < bundles.size(); ++i) pages.add(bundles[i], i + 1, bundles.size());
     report.letters = tableOf(report.columns, pages.rows());
     return report;

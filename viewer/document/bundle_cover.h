@@ -8,8 +8,6 @@
 
 namespace inin::viewer {
 
-/// The file of a site's own cover form, in the folder of the letters' form.
-inline constexpr const char *kCoverFormName = "束の表紙.wfd";
 /// The bytes of the built-in cover form.
 [[nodiscard]] std::string_view builtInCoverForm();
 
