@@ -1,0 +1,20 @@
+#include "printing/shared_text.h"
+
+#include "runtime/runtime_error.h"
+
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace inin {
+
+SharedText::SharedText(std::string_view text)
+{
+    if (text.empty()) return;
+    if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw RuntimeError(error_number::outOfMemory);
+    void *const memory = ::operator new(sizeof(Block) + text.size());
+    m_block = new (memory) Block{1, static_cast<std::uint32_t>(text.size())};
+    std::memcpy(m_block + 1, text.data(), text.size());
+}
+
+} // namespace inin
