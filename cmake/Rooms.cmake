@@ -1,4 +1,4 @@
-# The presets dev, asan, release and package compile the sources of a target in groups (CMAKE_UNITY_BUILD): most of the time
+# The presets dev, asan, release, package and bench compile the sources of a target in groups (CMAKE_UNITY_BUILD): most of the time
 # goes into the headers that they share. The sources of a group see each other's names; the other presets compile each file
 # by itself and so show what it forgets to include. ALONE lists sources that do not fit into a group.
 function(inin_compile_alone)
