@@ -53,7 +53,9 @@ TEST_CASE("--form fills a form with sample letters, without a site and on paper 
     REQUIRE(pages.size() == 2);
     CHECK(packed(pages[0]) == "岡田ヨネ様");
     CHECK(contains(bytesOf(folder / "o.pdf"), "/MediaBox[0 0 283.46 170.08]"));
-    CHECK(contains(runViewer(folder, "--form 封筒.svg --check").output, "60通"));
+    const std::string checked = runViewer(folder, "--form 封筒.svg --check --today 2030-01-01").output;
+    CHECK(contains(checked, "60通"));
+    CHECK(!contains(checked, "離れた日付")); // the sample letters do not age
 }
 
 TEST_CASE("--form fills a cover form with the first page of each insurer's cover, under any name of the file")
