@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,10 +25,7 @@ public:
         std::swap(m_block, other.m_block);
         return *this;
     }
-    ~SharedText()
-    {
-        if (m_block != nullptr && --m_block->users == 0) ::operator delete(m_block);
-    }
+    ~SharedText();
 
     [[nodiscard]] std::string_view view() const
     {
