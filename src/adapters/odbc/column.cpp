@@ -1,6 +1,8 @@
 #include "adapters/odbc/column.h"
 
 #include "adapters/odbc/odbc_api.h"
+#include "platform/database.h"
+#include "runtime/runtime_error.h"
 #include "runtime/text.h"
 #include "runtime/utf8.h"
 
@@ -143,6 +145,33 @@ std::string guidText(std::string_view digits)
     return text + "}";
 }
 
+/// Whether so many bytes are a value of the type; texts and bytes have any length.
+bool isWhole(ColumnForm form, std::size_t length)
+{
+    switch (form) {
+    case ColumnForm::smallInteger:
+        return length >= sizeof(SQLSMALLINT);
+    case ColumnForm::integer:
+        return length >= sizeof(SQLINTEGER);
+    case ColumnForm::bigInteger:
+        return length >= sizeof(SQLBIGINT);
+    case ColumnForm::bit:
+        return length >= 1;
+    case ColumnForm::single:
+        return length >= sizeof(SQLREAL);
+    case ColumnForm::number:
+        return length == sizeof(SQLREAL) || length >= sizeof(SQLDOUBLE);
+    case ColumnForm::moment:
+        return length >= sizeof(SQL_TIMESTAMP_STRUCT);
+    case ColumnForm::day:
+        return length >= sizeof(SQL_DATE_STRUCT);
+    case ColumnForm::time:
+        return length >= sizeof(SQL_TIME_STRUCT);
+    default:
+        return true;
+    }
+}
+
 std::string textValue(const std::byte *cell, std::size_t length)
 {
     std::u16string text(length / sizeof(char16_t), u'\0');
@@ -165,6 +194,9 @@ OdbcColumn describeColumn(std::string name, std::int16_t sqlType, std::size_t si
 
 Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t length)
 {
+    // The cell of a bound column has its full width, whatever length the driver wrote.
+    if (column.isLong() && !isWhole(column.form, length))
+        throw RuntimeError(ado_error::unspecified, "the column " + column.name + " holds less than its type needs");
     switch (column.form) {
     case ColumnForm::smallInteger:
         return length == sizeof(SQLINTEGER) ? static_cast<std::int16_t>(read<SQLINTEGER>(cell))
