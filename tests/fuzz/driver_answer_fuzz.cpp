@@ -2,6 +2,7 @@
 // error records. The drivers read the bytes of servers and of Jet files; a damaged file or a hostile server shows here.
 // Then the statements that the driver for Jet files gets.
 
+#include "adapters/database/sql_tokenizer.h"
 #include "adapters/odbc/column.h"
 #include "adapters/odbc/diagnostics.h"
 #include "adapters/odbc/mdb_driver.h"
@@ -32,7 +33,7 @@ void requireValue(const Variant &value, std::size_t bytes)
     constexpr std::size_t kLongestDate = 20, kBytesPerUnit = 3;
     if (const auto *text = value.getIf<std::string>()) {
         require(text->size() <= kLongestDate + kBytesPerUnit * bytes, "a text is as long as its bytes");
-        require(utf8FromUtf16(utf16FromUtf8(*text)) == *text, "a text is UTF-8");
+        require(validUtf8(*text) == *text, "a text is UTF-8");
     } else if (const auto *date = value.getIf<Date>()) {
         require(std::isfinite(date->days()), "a date is a day");
     } else if (const auto *binary = value.getIf<Binary>()) {
@@ -94,7 +95,9 @@ void checkRecords(std::string_view input)
 void checkStatement(std::string_view input)
 {
     const MdbStatement statement = mdbStatement(input);
-    if (!statement.problem.empty()) return;
+    const std::vector<Token> tokens = tokenizeSql(input);
+    const auto isFaulty = [](const Token &token) { return token.kind == TokenKind::invalid || token.isSymbol("]"); };
+    if (!statement.problem.empty() || std::ranges::any_of(tokens, isFaulty)) return;
     const MdbStatement again = mdbStatement(statement.text);
     require(again.problem.empty() && again.text == statement.text, "a name is put into brackets once");
 }

@@ -111,7 +111,7 @@ Variant decimalValue(std::string_view digits)
 {
     double value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error != std::errc() || end != digits.data() + digits.size()) return digits;
+    if (error != std::errc() || end != digits.data() + digits.size()) return validUtf8(digits);
     return value;
 }
 
@@ -142,7 +142,7 @@ std::string guidText(std::string_view digits)
 {
     std::string text = "{";
     for (const char c : digits) text += c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
-    return text + "}";
+    return validUtf8(text + "}");
 }
 
 /// Whether so many bytes are a value of the type; texts and bytes have any length.
@@ -226,7 +226,7 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
     case ColumnForm::bytes:
         return Binary(cell, cell + length);
     case ColumnForm::utf8Text:
-        return utf8FromUtf16(utf16FromUtf8(chars(cell, length))); // truncated text may end within a character
+        return validUtf8(chars(cell, length)); // truncated text may end within a character
     case ColumnForm::text:
         break;
     }

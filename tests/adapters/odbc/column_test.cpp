@@ -51,3 +51,10 @@ TEST_CASE("a fetched number, text or date of its full length is a value")
     CHECK(valueOf(fetchedColumn(ColumnForm::moment), zeros.data(), 16) == Variant("0000-00-00"));
     CHECK(valueOf(fetchedColumn(ColumnForm::text), zeros.data(), 0) == Variant(""));
 }
+
+TEST_CASE("a decimal or a GUID with foreign bytes becomes a valid text")
+{
+    const std::vector<std::byte> cell{std::byte{'1'}, std::byte{0xFF}};
+    CHECK(valueOf(fetchedColumn(ColumnForm::decimal), cell.data(), cell.size()) == Variant("1\uFFFD"));
+    CHECK(valueOf(fetchedColumn(ColumnForm::guid), cell.data(), cell.size()) == Variant("{1\uFFFD}"));
+}
