@@ -39,17 +39,8 @@ constexpr Rows kCovers = {"表紙", viewer::coverColumns};
 std::set<std::string> unknownColumns(const viewer::FormDocument &form, const Rows &rows)
 {
     const std::vector<std::string> columns = rows.columns(form);
-    std::set<std::string> unknown;
-    const auto check = [&](const std::string &column) {
-        if (std::ranges::find(columns, column) == columns.end()) unknown.insert(column);
-    };
-    for (const viewer::DrawCommand &command : form.commands) {
-        const auto *text = std::get_if<viewer::TextCommand>(&command);
-        if (text == nullptr) continue;
-        for (const viewer::TextPiece &piece : text->pieces)
-            if (piece.isField()) check(piece.column);
-    }
-    for (const viewer::ShowRule &rule : form.rules) check(rule.column);
+    std::set<std::string> unknown = viewer::namedColumns(form);
+    for (const std::string &column : columns) unknown.erase(column);
     return unknown;
 }
 

@@ -1,6 +1,7 @@
 #include "viewer/app/ledger_text.h"
 
 #include "viewer/ledger/ledger_file.h"
+#include "viewer/ledger/table_line.h"
 
 #include <fmt/format.h>
 
@@ -70,21 +71,6 @@ Json textsJson(const RunTexts &texts, std::size_t letter)
     return fields;
 }
 
-/// A line of a CSV file.
-class CsvLine {
-public:
-    void add(std::string_view text)
-    {
-        m_line += m_line.empty() ? "\"" : ",\"";
-        for (const char c : text) m_line.append(c == '"' ? std::size_t{2} : std::size_t{1}, c);
-        m_line += '"';
-    }
-    [[nodiscard]] std::string end() const { return m_line + "\r\n"; }
-
-private:
-    std::string m_line;
-};
-
 constexpr std::string_view kLetterColumns[] = {"整理番号", "帳票", "期間", "番号", "状態", "記録", "印刷", "返送"};
 
 /// A run with all that the export writes.
@@ -110,7 +96,7 @@ std::string csvOf(const ExportedRun &run, const std::vector<std::string> &column
     const std::string printed = run.summary.printed ? timeText(*run.summary.printed) : std::string();
     std::string lines;
     for (std::size_t letter = 0; letter < run.size(); ++letter) {
-        CsvLine line;
+        TableLine line;
         const std::optional<Date> &back = run.returns[letter];
         for (const std::string &text :
              {run.codes[letter], run.summary.formName, monthRangeText(run.summary.period), std::to_string(letter + 1),
@@ -228,10 +214,10 @@ std::string exportCsv(Ledger &ledger)
         for (const std::string &column : runs.back().texts.columns())
             if (std::ranges::find(columns, column) == columns.end()) columns.push_back(column);
     }
-    CsvLine titles;
+    TableLine titles;
     for (const std::string_view column : kLetterColumns) titles.add(column);
     for (const std::string &column : columns) titles.add(column);
-    std::string csv = "\xEF\xBB\xBF" + titles.end();
+    std::string csv = std::string(kTableMark) + titles.end();
     for (const ExportedRun &run : runs) csv += csvOf(run, columns);
     return csv;
 }

@@ -35,7 +35,7 @@ struct MissingLetters {
 [[nodiscard]] std::string missingText(Ledger &ledger, const MissingLetters &missing);
 [[nodiscard]] nlohmann::ordered_json missingJson(Ledger &ledger, const MissingLetters &missing);
 
-/// All letters with all texts: UTF-8 with a byte order mark, one line a letter, quotes doubled.
+/// All letters with all texts, one line a letter (TableLine). The JSON has the texts as they are.
 [[nodiscard]] std::string exportCsv(Ledger &ledger);
 [[nodiscard]] nlohmann::ordered_json exportJson(Ledger &ledger);
 

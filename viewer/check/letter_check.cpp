@@ -4,6 +4,7 @@
 #include "viewer/check/row_rules.h"
 #include "viewer/document/letter_numbers.h"
 #include "viewer/document/mark_text.h"
+#include "viewer/document/sample_letters.h"
 #include "viewer/form/placeholder.h"
 
 #include <fmt/format.h>
@@ -94,7 +95,8 @@ struct LetterCheck::Rules {
 LetterCheck::LetterCheck(LetterRenderer &renderer, Date today)
     : m_renderer(renderer), m_rules(std::make_unique<Rules>())
 {
-    for (const LetterReport &report : renderer.set().reports) m_rules->ofReports.emplace_back(report, today);
+    const Date day = renderer.set().isSample ? sampleDay() : today;
+    for (const LetterReport &report : renderer.set().reports) m_rules->ofReports.emplace_back(report, day);
 }
 
 LetterCheck::~LetterCheck() = default;

@@ -22,7 +22,7 @@ struct Finding {
 /// done in steps, so that a window stays responsive.
 class LetterCheck {
 public:
-    /// `renderer` must outlive this. Dates are compared with `today`.
+    /// `renderer` must outlive this. Dates are compared with `today`, those of sample letters with their own month.
     LetterCheck(LetterRenderer &renderer, Date today);
     LetterCheck(const LetterCheck &) = delete;
     LetterCheck &operator=(const LetterCheck &) = delete;

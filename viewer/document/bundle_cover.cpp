@@ -7,6 +7,7 @@
 #include "viewer/form/svg_reader.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace inin::viewer {
@@ -87,6 +88,40 @@ LetterReport addCovers(const LetterSet &set, const LetterNames &names, std::vect
     for (std::size_t i = 0; i < bundles.size(); ++i) pages.add(bundles[i], i + 1, bundles.size());
     report.letters = tableOf(report.columns, pages.rows());
     return report;
+}
+
+bool isCoverForm(const LetterReport &report)
+{
+    if (report.formFileName() == kCoverFormName) return true;
+    const std::vector<std::string> covers = coverColumns(report.form);
+    const auto isIn = [](const std::vector<std::string> &columns, const std::string &column) {
+        return std::ranges::find(columns, column) != columns.end();
+    };
+    bool isCover = false;
+    for (const std::string &column : namedColumns(report.form)) {
+        const bool coversHaveIt = isIn(covers, column), lettersHaveIt = isIn(report.columns, column);
+        if (lettersHaveIt && !coversHaveIt) return false;
+        isCover = isCover || (coversHaveIt && !lettersHaveIt);
+    }
+    return isCover;
+}
+
+void replaceByCovers(LetterSet &samples)
+{
+    LetterReport &report = samples.reports.front();
+    std::vector<std::size_t> letters(samples.size());
+    std::iota(letters.begin(), letters.end(), std::size_t{0});
+    std::vector<LetterBundle> bundles = arrangeLetters(samples, std::move(letters), {LetterSort::insurer}).bundles;
+    const LetterNames names(samples);
+    CoverPages pages(samples, names, coverNames(report.form));
+    std::vector<std::vector<std::string>> firstPages;
+    for (std::size_t i = 0; i < bundles.size(); ++i) {
+        const std::size_t first = pages.rows().size();
+        pages.add(bundles[i], i + 1, bundles.size());
+        firstPages.push_back(pages.rows()[first]);
+    }
+    report.columns = coverColumns(report.form);
+    report.letters = tableOf(report.columns, firstPages);
 }
 
 } // namespace inin::viewer

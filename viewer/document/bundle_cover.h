@@ -20,4 +20,10 @@ namespace inin::viewer {
 [[nodiscard]] LetterReport addCovers(const LetterSet &set, const LetterNames &names,
                                      std::vector<LetterBundle> &bundles);
 
+/// Whether a form that is opened with sample letters is a cover form: its file has the name of cover forms, or it names
+/// columns of covers and none that only letters have.
+[[nodiscard]] bool isCoverForm(const LetterReport &report);
+/// Replaces the sample letters of a cover form by the first page of the cover of each insurer's bundle.
+void replaceByCovers(LetterSet &samples);
+
 } // namespace inin::viewer

@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "system/whole_file.h"
 #include "transfer/run_record.h"
+#include "viewer/document/bundle_cover.h"
 #include "viewer/document/combined_form.h"
 #include "viewer/document/form_file.h"
 #include "viewer/document/form_notices.h"
@@ -91,10 +92,11 @@ public:
         m_set.usesFormPaper = true;
         LetterReport &report = m_set.reports.emplace_back();
         report.formPath = formPath;
-        report.letters = readLetters(std::string(sampleLetters()), TitleRow::first);
-        report.columns = report.letters.columns();
+        fillWithSample(report);
         readFormInto(report, readStampedFile(formPath, kLargestForm));
         if (report.isListing) refuseOtherFile(report);
+        m_set.hasSampleCovers = isCoverForm(report);
+        if (m_set.hasSampleCovers) replaceByCovers(m_set);
         finishForms();
         return std::move(m_set);
     }
@@ -109,12 +111,23 @@ public:
             // A program that saves the form may have emptied it first.
             if (wasForm && report.isListing) refuseOtherFile(report);
         }
+        if (m_set.hasSampleCovers) {
+            // The form decides how many names are on a cover; the number of covers stays.
+            fillWithSample(m_set.reports.front());
+            replaceByCovers(m_set);
+        }
         finishForms();
         return std::move(m_set);
     }
 
 private:
     enum class CombinedForms { allowed, refused };
+
+    static void fillWithSample(LetterReport &report)
+    {
+        report.letters = readLetters(std::string(sampleLetters()), TitleRow::first);
+        report.columns = report.letters.columns();
+    }
 
     [[noreturn]] static void refuseOtherFile(const LetterReport &report)
     {

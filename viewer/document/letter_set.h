@@ -42,6 +42,7 @@ struct LetterSet {
     std::vector<StampedFile> letterFiles; ///< as they were just before they were read
     std::vector<StampedFile> formFiles;   ///< the forms and the pictures beside them, likewise
     bool isSample = false;                ///< the letters are examples, which no script names and no ledger records
+    bool hasSampleCovers = false;         ///< the examples are covers of bundles, for a cover form
     Paper paper = Paper::A4;
     bool usesFormPaper = false; ///< the script names no paper: each form is printed on paper of its own size
     Ending ending = Ending::none;

@@ -63,6 +63,17 @@ CommandPlace &placeOf(DrawCommand &command)
     return std::visit([](auto &each) -> CommandPlace & { return each.place; }, command);
 }
 
+std::set<std::string> namedColumns(const FormDocument &form)
+{
+    std::set<std::string> columns;
+    for (const DrawCommand &command : form.commands)
+        if (const auto *const text = std::get_if<TextCommand>(&command))
+            for (const TextPiece &piece : text->pieces)
+                if (piece.isField()) columns.insert(piece.column);
+    for (const ShowRule &rule : form.rules) columns.insert(rule.column);
+    return columns;
+}
+
 FormDocument listingForm(const std::vector<std::string> &columns, const std::string &heading)
 {
     FormDocument form;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <variant>
 #include <vector>
@@ -129,6 +130,9 @@ struct FormDocument {
         return page == 0 ? Point{width, height} : morePages[page - 1];
     }
 };
+
+/// The columns that the fields and show rules of a form name.
+[[nodiscard]] std::set<std::string> namedColumns(const FormDocument &form);
 
 /// The fallback for a form that cannot be read: `heading` and a table of column names and values.
 [[nodiscard]] FormDocument listingForm(const std::vector<std::string> &columns, const std::string &heading);

@@ -2,6 +2,7 @@
 
 #include "runtime/runtime_error.h"
 #include "viewer/layout/font_faces.h"
+#include "viewer/layout/glyph_outline.h"
 
 #include <fmt/format.h>
 
@@ -50,50 +51,6 @@ bool isContextFree(char32_t character)
            std::ranges::find(kSimpleScripts, hb_unicode_script(unicode, character)) != std::end(kSimpleScripts);
 }
 
-/// Collects an outline, which HarfBuzz passes in font units, y upwards.
-struct OutlinePen {
-    Path path;
-    double unit;
-    [[nodiscard]] Point at(float x, float y) const { return {x * unit, -y * unit}; }
-};
-
-OutlinePen &penOf(void *data)
-{
-    return *static_cast<OutlinePen *>(data);
-}
-
-DrawHandle makeDrawFunctions()
-{
-    DrawHandle functions(hb_draw_funcs_create());
-    hb_draw_funcs_set_move_to_func(
-        functions.get(),
-        [](hb_draw_funcs_t *, void *pen, hb_draw_state_t *, float x, float y, void *) {
-            penOf(pen).path.push_back({PathStep::Kind::move, {penOf(pen).at(x, y)}});
-        },
-        nullptr, nullptr);
-    hb_draw_funcs_set_line_to_func(
-        functions.get(),
-        [](hb_draw_funcs_t *, void *pen, hb_draw_state_t *, float x, float y, void *) {
-            penOf(pen).path.push_back({PathStep::Kind::line, {penOf(pen).at(x, y)}});
-        },
-        nullptr, nullptr);
-    hb_draw_funcs_set_cubic_to_func(
-        functions.get(),
-        [](hb_draw_funcs_t *, void *pen, hb_draw_state_t *, float x1, float y1, float x2, float y2, float x, float y,
-           void *) {
-            const OutlinePen &p = penOf(pen);
-            penOf(pen).path.push_back({PathStep::Kind::curve, {p.at(x1, y1), p.at(x2, y2), p.at(x, y)}});
-        },
-        nullptr, nullptr);
-    hb_draw_funcs_set_close_path_func(
-        functions.get(),
-        [](hb_draw_funcs_t *, void *pen, hb_draw_state_t *, void *) {
-            penOf(pen).path.push_back({PathStep::Kind::close, {}});
-        },
-        nullptr, nullptr);
-    return functions;
-}
-
 } // namespace
 
 struct Font::Faces {
@@ -116,7 +73,7 @@ Font::Font(std::string path, int index) : m_path(std::move(path)), m_index(index
         throw RuntimeError(error_number::fileNotFound, fmt::format("フォントのファイル「{}」を読めません。", m_path));
     m_faces->font.reset(hb_font_create(m_faces->face.get()));
     m_faces->buffer.reset(hb_buffer_create());
-    m_faces->draw = makeDrawFunctions();
+    m_faces->draw = makeOutlineFunctions();
     m_faces->layoutGlyphs.reset(hb_set_create());
     collectLayoutGlyphs(m_faces->face.get(), m_faces->layoutGlyphs.get());
     m_faces->scale = 1000.0 / hb_face_get_upem(m_faces->face.get());
@@ -271,13 +228,7 @@ std::u32string Font::charactersOf(std::uint32_t text) const
 
 Path Font::outlineOf(std::uint32_t glyph) const
 {
-    OutlinePen pen{{}, m_faces->scale / 1000};
-#if HB_VERSION_ATLEAST(7, 0, 0)
-    hb_font_draw_glyph(m_faces->font.get(), glyph, m_faces->draw.get(), &pen);
-#else
-    hb_font_get_glyph_shape(m_faces->font.get(), glyph, m_faces->draw.get(), &pen);
-#endif
-    return std::move(pen.path);
+    return glyphOutline(m_faces->font.get(), glyph, m_faces->draw.get(), m_faces->scale / 1000);
 }
 
 Font::Subset Font::subsetOf(std::span<const std::uint32_t> glyphs) const

@@ -28,18 +28,16 @@ public:
     void paintTo(PdfPainter &painter, Blanks blanks)
     {
         if (isWord()) return paintWord(painter);
-        if (blanks == Blanks::before || blanks == Blanks::both) paintBlank(m_runs.front(), Side::before, painter);
+        if (blanks == Blanks::before || blanks == Blanks::both) paintBlank(m_runs.front(), BlankSide::before, painter);
         for (std::size_t i = 0; i < m_runs.size(); ++i) {
             painter.paint(m_runs[i]);
             const bool isLast = i + 1 == m_runs.size();
             const bool isFollowed = isLast ? blanks == Blanks::after || blanks == Blanks::both : isBeside(i + 1);
-            if (isFollowed) paintBlank(m_runs[i], Side::after, painter);
+            if (isFollowed) paintBlank(m_runs[i], BlankSide::after, painter);
         }
     }
 
 private:
-    enum class Side { before, after };
-
     /// True for a run that has its beginning at the height of the previous one and does not follow it directly.
     [[nodiscard]] bool isBeside(std::size_t run) const
     {
@@ -66,22 +64,6 @@ private:
         m_runs.front().lineText = word;
         m_runs.back().endsLineText = true;
         for (const GlyphRun &run : m_runs) painter.paint(run);
-    }
-
-    /// Vertical lines have texts of their own, see GlyphRun::lineText.
-    static void paintBlank(GlyphRun run, Side side, PdfPainter &painter)
-    {
-        if (run.isVertical || !run.font->has(U' ')) return;
-        std::vector<ShapedGlyph> blank;
-        std::vector<char32_t> missing;
-        run.font->shape(U" ", blank, missing);
-        const ShapedGlyph &first = run.glyphs.front(), &last = run.glyphs.back();
-        for (ShapedGlyph &glyph : blank)
-            glyph.x = side == Side::before ? first.x - glyph.advance : last.x + last.advance;
-        run.glyphs = blank;
-        run.lineText = {};
-        run.endsLineText = false;
-        painter.paint(run);
     }
 
     std::vector<GlyphRun> m_runs;

@@ -4,6 +4,8 @@
 #include <limits>
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace inin::viewer {
 
@@ -12,6 +14,21 @@ namespace {
 constexpr std::size_t kNoCommand = std::numeric_limits<std::size_t>::max();
 
 } // namespace
+
+void paintBlank(GlyphRun run, BlankSide side, PdfPainter &painter)
+{
+    if (run.isVertical || !run.font->has(U' ')) return;
+    std::vector<ShapedGlyph> blank;
+    std::vector<char32_t> missing;
+    run.font->shape(U" ", blank, missing);
+    const ShapedGlyph &first = run.glyphs.front(), &last = run.glyphs.back();
+    for (ShapedGlyph &glyph : blank)
+        glyph.x = side == BlankSide::before ? first.x - glyph.advance : last.x + last.advance;
+    run.glyphs = blank;
+    run.lineText = {};
+    run.endsLineText = false;
+    painter.paint(run);
+}
 
 void TaggedPainter::beginLines(const std::vector<TaggedLine> &lines)
 {
@@ -54,7 +71,16 @@ void TaggedPainter::beginText(std::size_t command)
     }
     while (!paintNextPiece(command)) {
     }
+    m_needsBlank = m_endsWithOwnText;
     openLine();
+}
+
+void TaggedPainter::paint(const GlyphRun &run)
+{
+    if (run.glyphs.empty()) return;
+    if (std::exchange(m_needsBlank, false)) paintBlank(run, BlankSide::before, *this);
+    PdfPainter::paint(run);
+    m_endsWithOwnText = true;
 }
 
 /// Goes on to the next piece, painting it if it is shared. An own text paints itself, unless the letter does not have it.
@@ -66,6 +92,7 @@ bool TaggedPainter::paintNextPiece(std::size_t command)
     if (piece.isShared) {
         openLine();
         add("/L" + std::to_string(piece.number) + " Do\n");
+        m_endsWithOwnText = false;
     }
     if (++m_piece == (*m_lines)[m_line].size()) {
         m_piece = 0;
@@ -84,7 +111,7 @@ void TaggedPainter::openLine()
 void TaggedPainter::closeLine()
 {
     if (m_isOpen) add("EMC\n");
-    m_isOpen = false;
+    m_isOpen = m_endsWithOwnText = false;
 }
 
 } // namespace inin::viewer

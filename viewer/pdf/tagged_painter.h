@@ -14,6 +14,11 @@ struct LinePiece {
 };
 using TaggedLine = std::vector<LinePiece>;
 
+enum class BlankSide { before, after };
+/// Paints a blank beside a run, so that the extracted text of a line has blanks between its texts. Vertical lines get none:
+/// they have texts of their own, see GlyphRun::lineText.
+void paintBlank(GlyphRun run, BlankSide side, PdfPainter &painter);
+
 /// Writes the content stream of a tagged page: each line is marked content with a number, everything else is an artifact.
 ///
 /// The texts that all letters share are form XObjects, which are painted between the letter's own texts. As a whole they
@@ -32,6 +37,7 @@ public:
     using PdfPainter::paint;
     void paint(const PathCommand &path) override { paintArtifact(path); }
     void paint(const PictureCommand &picture) override { paintArtifact(picture); }
+    void paint(const GlyphRun &run) override;
     void beginText(std::size_t command) override;
 
 private:
@@ -51,6 +57,8 @@ private:
     std::size_t m_line = 0, m_piece = 0; ///< the next piece
     std::size_t m_marked = 0;
     bool m_isOpen = false;
+    bool m_endsWithOwnText = false; ///< the open line, so far; shared texts have their blanks
+    bool m_needsBlank = false;      ///< before the next run
 };
 
 } // namespace inin::viewer

@@ -2,6 +2,7 @@
 
 #include "runtime/date.h"
 #include "viewer/form/date_pattern.h"
+#include "viewer/ledger/table_line.h"
 
 #include <fmt/format.h>
 
@@ -20,23 +21,11 @@ std::string monthText(std::int32_t month)
     return formattedDate(day, "ggge年m月").value_or(day);
 }
 
-std::string quoted(std::string_view value)
-{
-    constexpr std::string_view kFormulaSigns = "=+-@\t\r";
-    std::string text = "\"";
-    if (!value.empty() && kFormulaSigns.find(value.front()) != kFormulaSigns.npos) text += '\'';
-    for (const char c : value) {
-        if (c == '"') text += '"';
-        text += c;
-    }
-    return text + '"';
-}
-
 std::string line(std::initializer_list<std::string_view> values)
 {
-    std::string text;
-    for (const std::string_view value : values) text += (text.empty() ? "" : ",") + quoted(value);
-    return text + "\r\n";
+    TableLine table;
+    for (const std::string_view value : values) table.add(value);
+    return table.end();
 }
 
 } // namespace
@@ -57,7 +46,7 @@ std::vector<PrintedLetter> missingOf(std::span<const PrintedLetter> letters)
 
 std::string missingCsv(std::span<const PrintedLetter> letters)
 {
-    std::string text = "\xEF\xBB\xBF" + line({"保険者", "地区", "利用者", "住所", "期間", "状態", "印刷日"});
+    std::string text = std::string(kTableMark) + line({"保険者", "地区", "利用者", "住所", "期間", "状態", "印刷日"});
     for (const PrintedLetter &letter : letters)
         text +=
             line({letter.insurer, letter.district, letter.patient, letter.address, periodText(letter.period),

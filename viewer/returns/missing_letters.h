@@ -12,8 +12,7 @@ namespace inin::viewer {
 [[nodiscard]] std::string periodText(const MonthRange &months);
 /// The letters that have not come back, in their order.
 [[nodiscard]] std::vector<PrintedLetter> missingOf(std::span<const PrintedLetter> letters);
-/// A table for spreadsheets: UTF-8 with its mark, a title line, every value in quotes. A value that a spreadsheet would
-/// take for a formula gets a leading apostrophe.
+/// A table for spreadsheets with a title line (TableLine).
 [[nodiscard]] std::string missingCsv(std::span<const PrintedLetter> letters);
 
 } // namespace inin::viewer

@@ -19,7 +19,9 @@ public:
     void showTable(const QString &heading, const QStringList &heads, const QList<QStringList> &rows);
 
 private:
-    [[nodiscard]] int rowHeight() const;
+    [[nodiscard]] int rowHeight(int lines) const;
+    [[nodiscard]] int widthOf(const QString &text) const;
+    void fitRows();
 
     CutLabel *m_heading;
     QTreeWidget *m_table;

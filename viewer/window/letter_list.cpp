@@ -1,5 +1,6 @@
 #include "viewer/window/letter_list.h"
 
+#include "viewer/ledger/ledger_records.h"
 #include "viewer/window/letter_list_model.h"
 #include "viewer/window/listed_letters.h"
 
@@ -7,6 +8,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -16,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLeastMarks = 5, kStateWidth = 8; ///< characters
+constexpr int kLeastMarks = 5; ///< characters
 
 } // namespace
 
@@ -43,7 +45,7 @@ LetterList::LetterList(ListedLetters &listed, QWidget *parent) : QTableView(pare
     setColumnWidth(LetterListModel::insurer, wide * kInsurerWidth);
     setColumnWidth(LetterListModel::patient, wide * kPatientWidth);
     setColumnWidth(LetterListModel::marks, wide * kLeastMarks);
-    setColumnWidth(LetterListModel::state, wide * kStateWidth);
+    setColumnWidth(LetterListModel::state, stateWidth());
     horizontalHeader()->moveSection(LetterListModel::state, LetterListModel::marks);
     setColumnHidden(LetterListModel::state, true);
     // The column of marks gets the remaining width; tooltips show what is cut off.
@@ -56,6 +58,18 @@ LetterList::LetterList(ListedLetters &listed, QWidget *parent) : QTableView(pare
         scrollTo(currentIndex());
         if (onSorted) onSorted();
     });
+}
+
+/// The width of the longest state, so that none is cut.
+int LetterList::stateWidth() const
+{
+    int longest = 0;
+    for (const LetterStateWords &words : kLetterStates)
+        longest = std::max(longest, fontMetrics().horizontalAdvance(QString::fromUtf8(words.text) +
+                                                                    LetterListModel::kChanged.toString()));
+    constexpr int kSides = 2;
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    return longest + kSides * margin + 1; // a width in pixels is rounded down
 }
 
 std::optional<std::size_t> LetterList::current() const

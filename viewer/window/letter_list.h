@@ -38,6 +38,7 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
+    [[nodiscard]] int stateWidth() const;
     void fitColumns();
     void toggleSelected();
     void copySelected() const;

@@ -117,7 +117,7 @@ QString LetterListModel::explanationOf(std::size_t letter) const
 QString LetterListModel::newsOf(std::size_t letter) const
 {
     if (m_ledger->isAdded(letter)) return u" 新"_s;
-    return m_ledger->changeOf(letter) != nullptr ? u" 変更"_s : QString();
+    return m_ledger->changeOf(letter) != nullptr ? kChanged.toString() : QString();
 }
 
 QString LetterListModel::tipAt(std::size_t letter, int column) const

@@ -15,6 +15,8 @@ struct OpenLetters;
 class LetterListModel : public QAbstractTableModel {
 public:
     enum Column { number, insurer, patient, marks, state, columnCountOfList };
+    /// Follows the state of a letter that differs from the compared run; no other addition is longer.
+    static constexpr QStringView kChanged = u" 変更";
 
     using QAbstractTableModel::QAbstractTableModel;
 

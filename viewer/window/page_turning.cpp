@@ -1,4 +1,4 @@
-// The keys and the wheel of the page view.
+// Scrolling and turning in the page view, by keys, by the wheel and to a place.
 #include "viewer/window/page_view.h"
 
 #include <QKeyEvent>
@@ -13,6 +13,20 @@ bool PageView::isAtEnd(int direction) const
 {
     const QScrollBar *const bar = verticalScrollBar();
     return bar->value() == (direction > 0 ? bar->maximum() : bar->minimum());
+}
+
+/// Scrolls no further than needed.
+void PageView::bringIntoView(const PlaceOnPage &place)
+{
+    constexpr int kRoom = 16; // pixels around the place
+    const double scale = pixelsPerPoint();
+    const int top = paperPlace(place.page).top() + static_cast<int>(place.top * scale);
+    const int above = top - kRoom, below = top + static_cast<int>(place.height * scale) + kRoom - viewport()->height();
+    QScrollBar *const bar = verticalScrollBar();
+    if (above < 0)
+        bar->setValue(bar->value() + above);
+    else if (below > 0)
+        bar->setValue(bar->value() + below);
 }
 
 /// Continues in the next letter at its top, or in the previous one at its end.

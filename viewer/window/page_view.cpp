@@ -63,6 +63,7 @@ void PageView::showLetter(std::size_t letter)
 void PageView::setMarks(std::vector<PlaceOnPage> places)
 {
     m_marks = std::move(places);
+    if (!m_marks.empty()) bringIntoView(m_marks.front());
     viewport()->update();
 }
 

@@ -30,7 +30,8 @@ public:
     void repaintLetter();
     /// The same after the forms have changed, whose pages may have other sizes.
     void showForms();
-    /// Marks places of the shown letter, in points on their pages, until another letter is shown. Marks are not printed.
+    /// Marks places of the shown letter, in points on their pages, until another letter is shown, and brings the first one into
+    /// view. Marks are not printed.
     void setMarks(std::vector<PlaceOnPage> places);
     [[nodiscard]] const std::vector<PlaceOnPage> &marks() const { return m_marks; }
 
@@ -72,6 +73,7 @@ private:
     void paintPaper(QPainter &painter, std::size_t page, const QRect &visible);
     void makeAhead();
     [[nodiscard]] bool isAtEnd(int direction) const;
+    void bringIntoView(const PlaceOnPage &place);
     void turn(int direction);
     void turnOrScroll(int direction);
     void turnByWheel(const QWheelEvent &event);

@@ -3,27 +3,25 @@
 #include "viewer/document/letter_ticks.h"
 #include "viewer/window/arrangement_box.h"
 #include "viewer/window/help_window.h"
+#include "viewer/window/offset_box.h"
 #include "viewer/window/qt_text.h"
 #include "viewer/window/range_box.h"
-#include "viewer/window/spool_pdf.h"
 #include "viewer/window/viewer_style.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 
 namespace inin::viewer {
@@ -33,8 +31,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMaxCopies = 99, kMaxPerJob = 10000, kUsualPerJob = 50;
-constexpr double kMaxOffset = 50, kOffsetStep = 0.1;
-constexpr double kTenths = 10;
 
 struct DuplexChoice {
     const char *name; ///< in the settings
@@ -78,31 +74,7 @@ protected:
     }
 };
 
-QDoubleSpinBox *offsetBox(const char *name, const QString &direction, QWidget *parent)
-{
-    auto *const box = named(new QDoubleSpinBox(parent), name, u"位置の調整、%1、ミリメートル"_s.arg(direction));
-    box->setRange(-kMaxOffset, kMaxOffset);
-    box->setDecimals(1);
-    box->setSingleStep(kOffsetStep);
-    box->setSuffix(u" mm"_s);
-    return box;
-}
-
 } // namespace
-
-std::vector<PrinterChoice> systemPrinters()
-{
-    std::vector<PrinterChoice> choices;
-    const QString first = QPrinterInfo::defaultPrinterName();
-    const QList<QPrinterInfo> printers = QPrinterInfo::availablePrinters();
-    for (const QPrinterInfo &printer : printers) {
-        const QString name = printer.printerName();
-        const QString text = printer.description().isEmpty() ? name : u"%1（%2）"_s.arg(name, printer.description());
-        choices.push_back(
-            {name, text, name == first, printer.defaultDuplexMode(), [name] { return systemTrays(name); }});
-    }
-    return choices;
-}
 
 PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vector<PrinterChoice> printers,
                          QWidget *parent)
@@ -115,10 +87,13 @@ PrintDialog::PrintDialog(LetterTicks &ticks, ViewerSettings &settings, std::vect
     // The Tab key follows the order in which widgets are created: create them in screen order.
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(printerGroup());
-    layout->addWidget(jobGroup());
+    m_jobs = jobGroup();
+    layout->addWidget(m_jobs);
     m_arrangement = new ArrangementBox(settings.arrangement(), this);
     layout->addWidget(m_arrangement);
-    layout->addWidget(offsetGroup());
+    m_offset = new OffsetBox(this);
+    m_offset->onRulerPage = [this] { printRulers(); };
+    layout->addWidget(m_offset);
     layout->addWidget(m_notices);
     layout->addWidget(m_note);
     m_notices->setObjectName(u"printNotices"_s);
@@ -203,29 +178,6 @@ QWidget *PrintDialog::jobGroup()
     return group;
 }
 
-QWidget *PrintDialog::offsetGroup()
-{
-    auto *const group = new QGroupBox(u"位置の調整（プリンターごとに覚えます）"_s, this);
-    auto *const layout = new QHBoxLayout(group);
-    m_right = offsetBox("offsetRight", u"右へ"_s, group);
-    m_down = offsetBox("offsetDown", u"下へ"_s, group);
-    m_rulers =
-        named(new QPushButton(u"テストページを印刷(&T)"_s, group), "rulerPage", u"位置調整のテストページを印刷"_s);
-    m_rulers->setAutoDefault(false);
-    QObject::connect(m_rulers, &QPushButton::clicked, this, [this] { printRulers(); });
-    const auto add = [&](const QString &text, QWidget *box) {
-        auto *const label = new QLabel(text, group);
-        label->setBuddy(box);
-        layout->addWidget(label);
-        layout->addWidget(box);
-    };
-    add(u"右へ(&X)"_s, m_right);
-    add(u"下へ(&Y)"_s, m_down);
-    layout->addStretch();
-    layout->addWidget(m_rulers);
-    return group;
-}
-
 void PrintDialog::showPrinter()
 {
     enablePrint();
@@ -238,9 +190,7 @@ void PrintDialog::showPrinter()
         std::ranges::find_if(kDuplex, [&](const DuplexChoice &choice) { return duplex == QLatin1String(choice.name); });
     m_duplex->setCurrentIndex(last == std::end(kDuplex) ? 0 : static_cast<int>(last - std::begin(kDuplex)));
     showTrays(printer);
-    const PrinterOffset offset = m_settings.offsetOf(printer.name);
-    m_right->setValue(offset.right / kTenths);
-    m_down->setValue(offset.down / kTenths);
+    m_offset->setOffset(m_settings.offsetOf(printer.name));
 }
 
 void PrintDialog::showTrays(const PrinterChoice &printer)
@@ -259,13 +209,19 @@ void PrintDialog::enablePrint()
         u"使えるプリンターがありません。システムの設定でプリンターを追加するか、PDF に保存してください。"_s);
     m_note->setVisible(!hasPrinter);
     m_printer->parentWidget()->setEnabled(hasPrinter); // the group
-    m_rulers->setEnabled(hasPrinter);
+    m_offset->enableRulerPage(hasPrinter);
     m_print->setEnabled(hasPrinter && m_ticks.count() > 0);
 }
 
 void PrintDialog::hideArrangement()
 {
     m_arrangement->hide();
+}
+
+void PrintDialog::hideLetterChoices()
+{
+    m_jobs->hide();
+    hideArrangement();
 }
 
 void PrintDialog::showNotices(std::function<QString(const LetterTicks &)> notices)
@@ -293,10 +249,7 @@ PrintOrder PrintDialog::order() const
     order.letterOrder = m_reversed->isChecked() ? LetterOrder::reversed : LetterOrder::forward;
     order.lettersPerJob = m_manyJobs->isChecked() ? static_cast<std::size_t>(m_perJob->value()) : 0;
     order.arrangement = m_arrangement->arrangement();
-    const auto tenths = [](double millimetres) {
-        return static_cast<std::int32_t>(std::lround(millimetres * kTenths));
-    };
-    order.offset = {tenths(m_right->value()), tenths(m_down->value())};
+    order.offset = m_offset->offset();
     return order;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/window/print_order.h"
+#include "viewer/window/printer_choice.h"
 
 #include <QDialog>
 
@@ -9,7 +10,6 @@
 
 class QCheckBox;
 class QComboBox;
-class QDoubleSpinBox;
 class QLabel;
 class QPushButton;
 class QRadioButton;
@@ -19,18 +19,8 @@ namespace inin::viewer {
 
 class ArrangementBox;
 class LetterTicks;
+class OffsetBox;
 class RangeBox;
-
-/// A printer that the user can choose.
-struct PrinterChoice {
-    QString name;
-    QString description; ///< as shown; the name for a printer without a description
-    bool isDefault = false;
-    QPrinter::DuplexMode duplex = QPrinter::DuplexNone; ///< its default
-    /// Its trays, which take a moment to find out; empty for a printer whose trays are unknown.
-    std::function<std::vector<TrayChoice>()> trays = {};
-};
-[[nodiscard]] std::vector<PrinterChoice> systemPrinters();
 
 /// Lets the user choose how and which letters are printed. Ticks change at once; printing saves the rest.
 class PrintDialog : public QDialog {
@@ -43,6 +33,8 @@ public:
     void showNotices(std::function<QString(const LetterTicks &)> notices);
     /// Leaves out order and covers, which a single letter does not have.
     void hideArrangement();
+    /// Leaves out what pages of a list do not have: numbers, several jobs, order and covers.
+    void hideLetterChoices();
     /// Called when the user has changed the ticks.
     std::function<void()> onTicksChanged;
     /// Prints the page of rulers; returns an error sentence or an empty text.
@@ -54,7 +46,6 @@ protected:
 private:
     QWidget *printerGroup();
     QWidget *jobGroup();
-    QWidget *offsetGroup();
     void showPrinter();
     void showTrays(const PrinterChoice &printer);
     void printRulers();
@@ -67,14 +58,15 @@ private:
     std::vector<PrinterChoice> m_printers;
     QComboBox *m_printer, *m_duplex, *m_tray;
     QSpinBox *m_copies, *m_perJob;
+    QWidget *m_jobs;
     RangeBox *m_range;
     ArrangementBox *m_arrangement;
     QRadioButton *m_oneJob, *m_manyJobs;
     QCheckBox *m_reversed;
-    QDoubleSpinBox *m_right, *m_down;
+    OffsetBox *m_offset;
     std::function<QString(const LetterTicks &)> m_noticesOf;
     QLabel *m_notices, *m_note;
-    QPushButton *m_print, *m_rulers;
+    QPushButton *m_print;
 };
 
 } // namespace inin::viewer

@@ -100,7 +100,7 @@ QVariant ReturnsModel::headerData(int section, Qt::Orientation orientation, int 
 QVariant ReturnsModel::data(const QModelIndex &index, int role) const
 {
     const PrintedLetter &letter = letterAt(index.row());
-    if (role == Qt::DisplayRole) return textOf(letter, index.column());
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return textOf(letter, index.column());
     if (role == Qt::CheckStateRole && index.column() == returned)
         return letter.state == LetterState::returned ? Qt::Checked : Qt::Unchecked;
     return {};

@@ -104,6 +104,7 @@ void ReturnsWindow::printList()
     LetterTicks pages(set.size());
     PrintDialog dialog(pages, m_settings, m_services.printers(), this);
     dialog.setWindowTitle(u"印刷（返送されていない委任状の一覧）"_s);
+    dialog.hideLetterChoices();
     if (dialog.exec() != QDialog::Accepted) return;
     Fonts fonts;
     QtGlyphs glyphs;

@@ -1,20 +1,15 @@
 #include "viewer/window/returns_window.h"
 
 #include "viewer/returns/missing_letters.h"
-#include "viewer/returns/returned_text.h"
 #include "viewer/window/help_window.h"
 #include "viewer/window/qt_text.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QMimeData>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableView>
@@ -28,15 +23,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kWidth = 900, kHeight = 680, kThumbnailHeight = 150;
-
-QStringList filesOf(const QMimeData &data)
-{
-    QStringList paths;
-    for (const QUrl &url : data.urls())
-        if (url.isLocalFile()) paths << url.toLocalFile();
-    return paths;
-}
+constexpr int kWidth = 900, kHeight = 680;
+constexpr int kMostCharacters = 14; ///< of the columns of names
 
 } // namespace
 
@@ -53,6 +41,7 @@ ReturnsWindow::ReturnsWindow(Ledger &ledger, const ViewerServices &services, Vie
     buildChoice(layout);
     buildScans(layout);
     buildTable(layout);
+    buildUnreadable(layout);
     buildOutput(layout);
     m_model.onTick = [this](const std::vector<int> &rows, bool isReturned) { return tick(rows, isReturned); };
     followReader();
@@ -93,36 +82,6 @@ void ReturnsWindow::buildChoice(QBoxLayout *layout)
     layout->addLayout(row);
 }
 
-void ReturnsWindow::buildScans(QBoxLayout *layout)
-{
-    m_code = new QLineEdit(this);
-    m_code->setObjectName(u"returnsCode"_s);
-    m_code->setPlaceholderText(u"スキャナーで読むか、入力して Enter"_s);
-    // The keyboard of a scanner must not go through the conversion of Japanese input.
-    m_code->setAttribute(Qt::WA_InputMethodEnabled, false);
-    QObject::connect(m_code, &QLineEdit::returnPressed, this, [this] { markTyped(); });
-    auto *const label = new QLabel(u"整理番号(&N)"_s, this);
-    label->setBuddy(m_code);
-    m_stop = new QPushButton(u"読み取りを中止(&X)"_s, this);
-    m_stop->setObjectName(u"returnsStop"_s);
-    m_stop->setAutoDefault(false);
-    m_stop->hide();
-    QObject::connect(m_stop, &QPushButton::clicked, this, [this] { m_reader.stop(); });
-    auto *const row = new QHBoxLayout;
-    row->addWidget(label);
-    row->addWidget(m_code, 1);
-    row->addWidget(m_stop);
-    layout->addLayout(row);
-    m_result = new QLabel(this);
-    m_result->setObjectName(u"returnsResult"_s);
-    m_result->setWordWrap(true);
-    m_result->setText(
-        canReadScans()
-            ? u"戻ってきた委任状を読み取ったファイル（PDF、PNG、JPEG、TIFF）を、この画面に落とすこともできます。"_s
-            : qtText(kNoScans));
-    layout->addWidget(m_result);
-}
-
 void ReturnsWindow::buildTable(QBoxLayout *layout)
 {
     m_table = new QTableView(this);
@@ -131,52 +90,13 @@ void ReturnsWindow::buildTable(QBoxLayout *layout)
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setWordWrap(false);
     m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setSectionResizeMode(ReturnsModel::address, QHeaderView::Stretch);
     m_table->installEventFilter(this);
     m_count = new QLabel(this);
     m_count->setObjectName(u"returnsCount"_s);
     layout->addWidget(m_table, 1);
     layout->addWidget(m_count);
-    m_unreadableTitle = new QLabel(u"整理番号を読み取れなかったページ（上の一覧で、手でチェックしてください）"_s, this);
-    m_unreadable = new QListWidget(this);
-    m_unreadable->setObjectName(u"returnsUnreadable"_s);
-    m_unreadable->setViewMode(QListView::IconMode);
-    m_unreadable->setIconSize({kThumbnailHeight, kThumbnailHeight});
-    m_unreadable->setMovement(QListView::Static);
-    m_unreadable->setMaximumHeight(kThumbnailHeight + 60);
-    m_unreadableTitle->hide();
-    m_unreadable->hide();
-    layout->addWidget(m_unreadableTitle);
-    layout->addWidget(m_unreadable);
-}
-
-void ReturnsWindow::followReader()
-{
-    m_reader.onUnreadable = [this](const std::string &file, int page, const QImage &thumbnail) {
-        showUnreadable(u"%1　%2ページ"_s.arg(QFileInfo(qtText(file)).fileName()).arg(page), thumbnail);
-    };
-    m_reader.onFault = [this](const std::string &sentence) { showUnreadable(qtText(sentence), {}); };
-    m_reader.onMarked = [this](std::size_t first) {
-        const std::vector<ReturnedPage> &pages = m_reader.pages().pages();
-        for (std::size_t i = first; i < pages.size(); ++i)
-            if (pages[i].needsAttention() && !pages[i].code.empty()) showUnreadable(qtText(returnedLine(pages[i])), {});
-        reload();
-        if (onReturned) onReturned();
-    };
-    m_reader.onProgress = [this](const std::string &file, int page, int pages) {
-        m_stop->setVisible(pages > 0);
-        if (pages == 0) return m_result->setText(qtText(returnedSummary(m_reader.pages())));
-        m_result->setText(
-            u"読み取っています：%1　%2／%3ページ"_s.arg(QFileInfo(qtText(file)).fileName()).arg(page).arg(pages));
-    };
-}
-
-void ReturnsWindow::showUnreadable(const QString &words, const QImage &thumbnail)
-{
-    auto *const item = new QListWidgetItem(words, m_unreadable);
-    if (!thumbnail.isNull()) item->setIcon(QPixmap::fromImage(thumbnail));
-    m_unreadableTitle->show();
-    m_unreadable->show();
 }
 
 void ReturnsWindow::fillPeriods(std::optional<MonthRange> period)
@@ -194,7 +114,16 @@ void ReturnsWindow::reload()
                            : m_ledger.printedLetters(m_periods[static_cast<std::size_t>(index)]));
     fillInsurers();
     filter();
+    fitColumns();
+}
+
+/// The address gets the room that is left; a long name must not take it.
+void ReturnsWindow::fitColumns()
+{
     m_table->resizeColumnsToContents();
+    const int most = m_table->fontMetrics().horizontalAdvance(u'漢') * kMostCharacters;
+    for (const int column : {ReturnsModel::insurer, ReturnsModel::patient})
+        m_table->setColumnWidth(column, std::min(m_table->columnWidth(column), most));
 }
 
 /// The insurers in the order of the list, each with the number of its missing letters.
@@ -236,6 +165,7 @@ bool ReturnsWindow::tick(const std::vector<int> &rows, bool isReturned)
     for (const int row : rows) letters.push_back(m_model.letterAt(row));
     const auto states = letters.empty() ? std::nullopt : m_ledger.setReturned(letters, isReturned, m_services.now());
     if (states) m_model.setStates(rows, *states);
+    fillInsurers();
     showCount();
     if (states && onReturned) onReturned();
     return states.has_value();
@@ -249,36 +179,6 @@ void ReturnsWindow::toggleSelected()
     const bool areAll =
         std::ranges::all_of(rows, [this](int row) { return m_model.letterAt(row).state == LetterState::returned; });
     (void)tick(rows, !areAll);
-}
-
-void ReturnsWindow::markTyped()
-{
-    const std::string typed[] = {utf8Text(m_code->text())};
-    m_code->clear();
-    if (typed[0].empty()) return;
-    const ReturnedCode result = m_ledger.markReturned(typed, m_services.now()).at(0);
-    const QString letter = qtText(result.insurer + "　" + result.patient);
-    m_result->setText(u"%1：%2%3"_s.arg(qtText(typed[0]), QString::fromUtf8(wordsOf(result.result).sentence),
-                                        result.letter ? u"（%1）"_s.arg(letter) : QString()));
-    reload();
-    if (result.result == CodeResult::marked && onReturned) onReturned();
-}
-
-void ReturnsWindow::readFiles(const QStringList &paths)
-{
-    if (!canReadScans()) return m_result->setText(qtText(kNoScans));
-    for (const QString &path : paths) m_reader.add(utf8Text(path));
-}
-
-void ReturnsWindow::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (!filesOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
-}
-
-void ReturnsWindow::dropEvent(QDropEvent *event)
-{
-    readFiles(filesOf(*event->mimeData()));
-    event->acceptProposedAction();
 }
 
 void ReturnsWindow::done(int result)

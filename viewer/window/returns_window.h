@@ -52,11 +52,13 @@ private:
     void buildChoice(QBoxLayout *layout);
     void buildTable(QBoxLayout *layout);
     void buildScans(QBoxLayout *layout);
+    void buildUnreadable(QBoxLayout *layout);
     void buildOutput(QBoxLayout *layout);
     void followReader();
     void fillPeriods(std::optional<MonthRange> period);
     /// Reads the letters of the period again.
     void reload();
+    void fitColumns();
     void fillInsurers();
     void filter();
     void showCount();

@@ -143,7 +143,10 @@ void ViewerWindow::showGone()
 void ViewerWindow::followLedgerLink(const QString &target)
 {
     if (target == QLatin1String(kAddedLink)) setFilter(ListFilter::added);
-    if (target == QLatin1String(kChangedLink)) setFilter(ListFilter::changed);
+    if (target == QLatin1String(kChangedLink)) {
+        setFilter(ListFilter::changed);
+        showChanges(); // the shown letter may be one of them: its mark comes into view as well
+    }
     if (target == QLatin1String(kPrintedLink)) setFilter(ListFilter::printed);
     if (target == QLatin1String(kGoneLink)) showGone();
     if (target == QLatin1String(kUntickLink)) untickPrinted();

@@ -151,7 +151,8 @@ void ViewerWindow::showListNote()
     m_filter->setCurrentIndex(static_cast<int>(m_listed.filter()));
     const bool isFiltered = m_listed.filter() != ListFilter::all;
     QString text = isFiltered ? u"%1通を表示しています。"_s.arg(m_listed.rowCount()) : QString();
-    if (isFiltered || !m_listed.isNumberOrder()) text += u"印刷するのはチェックした委任状で、順は番号のとおりです。"_s;
+    if (isFiltered || !m_listed.isNumberOrder())
+        text += u"印刷するのはチェックした委任状で、順は印刷の設定の「並べ方」のとおりです。"_s;
     m_listNote->setText(text);
     m_listNote->setVisible(!text.isEmpty());
 }

@@ -1,6 +1,8 @@
+#include "system/program_version.h"
 #include "viewer/window/compared_bar.h"
 #include "viewer/window/help_window.h"
 #include "viewer/window/letter_list.h"
+#include "viewer/window/qt_text.h"
 #include "viewer/window/viewer_window.h"
 
 #include <QAction>
@@ -200,6 +202,8 @@ void ViewerWindow::buildHelpMenu()
     QMenu *const menu = menuBar()->addMenu(u"ヘルプ(&H)"_s);
     addEntry(menu, "help", u"利用者の手引き(&M)"_s, {QKeySequence::HelpContents},
              [this] { showHelp(focusWidget() != nullptr ? focusWidget() : this); });
+    addEntry(menu, "version", u"バージョン情報(&V)"_s, {},
+             [this] { showMessage(QMessageBox::Information, u"form viewer "_s + qtText(programVersion())); });
 }
 
 void ViewerWindow::buildTools()

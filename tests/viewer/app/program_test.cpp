@@ -53,7 +53,34 @@ TEST_CASE("--form fills a form with sample letters, without a site and on paper 
     REQUIRE(pages.size() == 2);
     CHECK(packed(pages[0]) == "岡田ヨネ様");
     CHECK(contains(bytesOf(folder / "o.pdf"), "/MediaBox[0 0 283.46 170.08]"));
-    CHECK(contains(runViewer(folder, "--form 封筒.svg --check").output, "60通"));
+    const std::string checked = runViewer(folder, "--form 封筒.svg --check --today 2030-01-01").output;
+    CHECK(contains(checked, "60通"));
+    CHECK(!contains(checked, "離れた日付")); // the sample letters do not age
+}
+
+TEST_CASE("--form fills a cover form with the first page of each insurer's cover, under any name of the file")
+{
+    const TempFolder folder;
+    const std::string rows =
+        "<text x='9' y='20' style='font-size:3px'>{{保険者名}}、{{通数}}、{{束の番号}}／{{束の数}}、{{ページ}}／{{ページ数}}、"
+        "{{番号1}}{{氏名1}}、{{番号2}}{{氏名2}}</text>";
+    folder.put("下書き.svg", svgPage(rows));
+    const Outcome outcome = runViewer(folder, "--form 下書き.svg --pdf o.pdf");
+    CHECK(outcome.code == 0);
+    CHECK(outcome.errors.empty());
+    std::vector<std::string> pages = pagesOf(folder / "o.pdf");
+    REQUIRE(pages.size() == 9); // the sample letters have nine insurers
+    CHECK(packed(pages[0]) == "さぬき市国民健康保険、2、1／9、1／1、13森トメ、43加藤昭");
+    // A form without a column of its own is known by the name of cover forms, and a wrong column is the only one reported.
+    folder.put("束の表紙.wfd", svgPage("<text x='9' y='20'>{{保険者名}}</text>"));
+    CHECK(contains(runViewer(folder, "--form 束の表紙.wfd --check").output, "9通"));
+    folder.put("束の表紙.wfd", svgPage("<text x='9' y='20'>{{通数}}{{担当}}</text>"));
+    CHECK(contains(runViewer(folder, "--form 束の表紙.wfd --check").errors,
+                   "「束の表紙.wfd」：帳票の差し込み「{{担当}}」の列「担当」が CSV にありません。"));
+    // A form with columns of letters is a form of letters.
+    folder.put("手紙.svg", svgPage("<text x='9' y='20'>{{利用者氏名}}{{通数}}</text>"));
+    CHECK(
+        contains(runViewer(folder, "--form 手紙.svg --check").errors, "「{{通数}}」の列「通数」が CSV にありません。"));
 }
 
 TEST_CASE("--form reports an unusable form with its name")

@@ -35,7 +35,8 @@ std::string integrityOf(const std::string &path)
 
 TEST_CASE("on a full disk the ledger stays intact, and records again when there is room")
 {
-    const SmallDisk disk(kKilobytes);
+    const TempFolder place;
+    const SmallDisk disk(place.path(), kKilobytes);
     if (isMissing(disk)) return;
     const std::string path = disk / "台帳.db";
     Ledger ledger(path, 24, kPrintDay);
@@ -62,9 +63,9 @@ TEST_CASE("on a full disk the ledger stays intact, and records again when there 
 
 TEST_CASE("letters are saved by a command while the disk of the ledger is full, and one sentence reports it")
 {
-    const SmallDisk disk(kKilobytes);
+    const TempFolder place, folder;
+    const SmallDisk disk(place.path(), kKilobytes);
     if (isMissing(disk)) return;
-    const TempFolder folder;
     const std::string script = writePrintJob(folder, kForm, std::vector<Row>(300, ordinaryRow()));
     for (const std::size_t runs : std::initializer_list<std::size_t>{0, 1}) {
         CAPTURE(runs);

@@ -125,6 +125,21 @@ TEST_CASE("the export contains every letter with its texts, and doubles quotes")
     CHECK(json["runs"][1]["content"][1]["state"] == "onPaper");
 }
 
+TEST_CASE("no text of the exported table is a formula for a spreadsheet, and the JSON has the texts as they are")
+{
+    ReportWorld world;
+    for (const char *sign : {"=", "+", "-", "@", "\t", "＝", "＋", "－", "＠"}) {
+        CAPTURE(sign);
+        const std::string formula = sign + std::string("HYPERLINK(1)");
+        world.script = writePrintJob(world.folder, kForm, {rowOf(formula)});
+        world.printScript();
+        const std::string csv = world.report(LedgerQuestion::exportAll).text;
+        CHECK(contains(csv, ",\"'" + formula + "\","));
+        CHECK_FALSE(contains(csv, "\"" + formula));
+        CHECK(world.json(LedgerQuestion::exportAll)["runs"][0]["content"][0]["texts"]["利用者氏名"] == formula);
+    }
+}
+
 TEST_CASE("a ledger that cannot be read has its own exit code")
 {
     Ledger off;

@@ -16,7 +16,7 @@ using namespace inin::viewer::test;
 namespace {
 
 constexpr int kGalleryDots = 150;
-/// At most this share of the pixels may differ by more than this much gray.
+/// At most this share of the pixels may differ by more than this much of a colour.
 constexpr double kGalleryShare = 0.01;
 constexpr int kGalleryTolerance = 32;
 const std::string kGallery = std::string(ININ_TEST_DATA) + "/viewer/gallery/";
@@ -95,6 +95,11 @@ TEST_CASE(
             const QImage moved = screen.copy(3, 0, screen.width() - 3, screen.height());
             const double whenMoved = pageDifference(moved, inPdf.copy(0, 0, moved.width(), moved.height()));
             CHECK(whenMoved > 2 * pageDifference(screen, inPdf));
+            // And one whose red and blue are exchanged.
+            const QImage swapped = screen.rgbSwapped();
+            const bool hasNoColor = screen.allGray();
+            CHECK((hasNoColor || pageDifference(swapped, inPdf) > 2 * pageDifference(screen, inPdf)));
+            CHECK((hasNoColor || pageDifference(swapped, printed) > 2 * pageDifference(screen, printed)));
         }
     }
 }

@@ -1,6 +1,8 @@
+#include "viewer/form/svg_reader.h"
 #include "viewer/pdf/letters_pdf.h"
 #include "viewer/pdf/pdf_objects.h"
 #include "viewer/pdf/srgb_profile.h"
+#include "viewer/support/test_pictures.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -43,6 +45,20 @@ std::uint32_t bigEndian(const std::string &bytes, std::size_t at, std::size_t co
     return number;
 }
 
+/// A form with pictures of each kind: in gray and in colour, transparent, faded, and a JPEG.
+LetterSet lettersWithPictures()
+{
+    LetterSet set = lettersOn(svgPage(""), {ordinaryRow(), longestRow()});
+    std::string images = "<text x='9' y='90'>{{利用者氏名}}</text>";
+    for (const char *name : {"photo.jpg", "gray.jpg", "progressive.jpg", "gray.png", "palette.png", "seal.png"})
+        images += "<image width='20' height='20' href='" + std::string(name) + "'/>";
+    images += "<image width='20' height='20' opacity='.5' href='photo.jpg'/>"
+              "<image data-if='世帯主名' width='20' height='20' href='four.png'/>";
+    set.reports[0].form = readSvg(svgPage(images), pictureBytes);
+    CHECK(set.reports[0].form.notices.empty());
+    return set;
+}
+
 /// All forms, with a vertical text, colours, a character that only another font has, and one that no font has.
 std::vector<LetterSet> everyKind()
 {
@@ -56,6 +72,7 @@ std::vector<LetterSet> everyKind()
             "<text x='90' y='20' fill='#c00' style='writing-mode:vertical-rl'>縦書き（ー）12</text>"
             "<text x='10' y='20'>{{利用者氏名}}</text><text x='10' y='80'>甲\U0010FFFD</text><circle cx='50' cy='50' r='9' fill='blue'/>"),
         {rowWith("髙﨑∑"), rowWith("甲乙")}));
+    sets.push_back(lettersWithPictures());
     return sets;
 }
 
@@ -76,9 +93,16 @@ TEST_CASE("an archived PDF follows the rules of PDF/A-2u")
         for (const auto &object : file.all()) {
             const std::string entries = file.dictionary(object.first);
             for (const char *forbidden :
-                 {"/JavaScript", "/AA", "/OpenAction", "/EmbeddedFiles", "/SMask", "/LZWDecode", "/OPI", "/Ref ",
-                  "/TR ", "/DeviceCMYK", "/Alternates", "/Launch", "/URI", "/XFA", "/Crypt", "/Interpolate true"})
+                 {"/JavaScript", "/AA", "/OpenAction", "/EmbeddedFiles", "/LZWDecode", "/OPI", "/Ref ", "/TR ",
+                  "/DeviceCMYK", "/Alternates", "/Launch", "/URI", "/XFA", "/Crypt", "/Interpolate true"})
                 CHECK_FALSE(contains(entries, forbidden));
+            // Only pictures are transparent, each by a gray picture of its own.
+            const int mask = PdfObjects::reference(entries, "SMask");
+            CHECK((mask != 0) == contains(entries, "/SMask"));
+            if (mask == 0) continue;
+            CHECK(contains(entries, "/Subtype /Image\n"));
+            CHECK(contains(file.dictionary(mask), "/ColorSpace /DeviceGray\n"));
+            CHECK_FALSE(contains(file.dictionary(mask), "/SMask"));
         }
         // Pages name their resources themselves.
         for (const int page : file.having("/Type /Page"))
@@ -90,8 +114,9 @@ TEST_CASE("an archived PDF follows the rules of PDF/A-2u")
 
 TEST_CASE("an archived PDF has its colours' meaning as an output intent with the profile sRGB")
 {
-    const Archived archived(everyKind().back());
+    const Archived archived(lettersWithPictures());
     const PdfObjects file(archived.pdf);
+    CHECK(file.having("/Subtype /Image").size() == 11); // eight pictures, of which three have transparent parts
     const std::string catalog = file.catalog();
     CHECK(contains(catalog, "/S /GTS_PDFA1\n"));
     CHECK(contains(catalog, "/OutputConditionIdentifier (sRGB)\n"));

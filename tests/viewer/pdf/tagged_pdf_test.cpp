@@ -160,6 +160,20 @@ TEST_CASE("the structure has a section for each letter, with a paragraph for eac
     CHECK(contains(pdf.printed("pdfinfo"), "Tagged:          yes\n"));
 }
 
+TEST_CASE("two values beside each other are extracted with a blank between them, also if one between them is missing")
+{
+    const std::string form =
+        "<text x='10' y='20'>{{保険者名}}</text><g data-if='世帯主名'><text x='60' y='20'>{{世帯主名}}"
+        "</text></g><text x='120' y='20'>{{利用者氏名}}</text>";
+    std::vector<Row> rows = {rowOf("甲市", "山田"), rowOf("乙市", "川田")};
+    rows[0]["世帯主名"] = "";
+    rows[1]["世帯主名"] = "川田　一郎";
+    const Tagged pdf(lettersOn(svgPage(form), rows));
+    const std::string structure = pdf.printed("pdfinfo -struct-text");
+    CHECK(contains(structure, "\"甲市 山田\""));
+    CHECK(contains(structure, "\"乙市 川田　一郎 川田\""));
+}
+
 TEST_CASE("everything on a page is in a line or an artifact, and each line has its paragraph in the parent tree")
 {
     for (const char *form : kForms) {

@@ -269,6 +269,37 @@ TEST_CASE("letters that are printed right after a save are recorded with the sav
     CHECK(QTest::qWaitFor([&] { return world.states()[0] == "未印刷"; }));
 }
 
+TEST_CASE("a cover form that is edited keeps its number of covers, and each has as many names as the form lists")
+{
+    Preview world;
+    const auto cover = [](const std::string &names) {
+        return svgPage("<text x='20' y='30'>{{通数}}</text><text x='20' y='50'>" + names + "</text>");
+    };
+    const std::string path = world.folder.put("表紙.svg", cover("{{氏名1}}"));
+    world.window =
+        std::make_unique<ViewerWindow>(path, std::make_unique<OpenLetters>(openForm(path)), world.services());
+    world.window->show();
+    world.settle();
+    const auto first = [&](const char *column) {
+        const LetterTable &covers = world.window->letters().set.reports[0].letters;
+        return std::string(covers.value(0, covers.columnOf(column).value()));
+    };
+    CHECK(world.window->letters().set.size() == 9);
+    CHECK(world.window->findings().empty());
+    CHECK(first("保険者名") == "さぬき市国民健康保険");
+    CHECK(first("ページ数") == "2");
+    world.write("表紙.svg", cover("{{氏名1}}{{氏名2}}"));
+    world.notice();
+    CHECK(world.window->letters().set.size() == 9);
+    CHECK(first("ページ数") == "1");
+    CHECK(first("氏名2") == "加藤　昭");
+    // Without a column of its own, the form is what it was when it was opened.
+    world.write("表紙.svg", svgPage("<text x='20' y='30'>{{保険者名}}</text>"));
+    world.notice();
+    CHECK(world.window->letters().set.size() == 9);
+    CHECK(world.noticeText().empty());
+}
+
 TEST_CASE("sample letters on a form are shown with their name and are not recorded")
 {
     Preview world;

@@ -1,3 +1,4 @@
+#include "system/program_version.h"
 #include "viewer/window/help_page.h"
 #include "viewer/window/help_window.h"
 #include "viewer/window/window_world.h"
@@ -101,6 +102,15 @@ TEST_CASE("F1 in a dialog opens a manual that the dialog owns, so that it can be
     });
     world.window->askPrint();
     CHECK(heading == "印刷する");
+}
+
+TEST_CASE("the help menu shows the version of the program")
+{
+    WindowWorld world(differentRows(1));
+    world.openWindow();
+    world.find<QAction>("version")->trigger();
+    REQUIRE(world.messages.size() == 1);
+    CHECK(world.messages[0].toStdString() == "form viewer " + std::string(programVersion()));
 }
 
 TEST_CASE("the heading is at the top of the manual's window")

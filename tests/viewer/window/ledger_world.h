@@ -15,6 +15,8 @@
 
 namespace inin::viewer::test {
 
+using States = std::vector<std::string>;
+
 /// A viewer window with a ledger in its temporary folder.
 struct LedgerWorld : WindowWorld {
     explicit LedgerWorld(const std::vector<Row> &rows) : WindowWorld(rows) { ledgerFile = folder / "台帳.db"; }
@@ -35,9 +37,9 @@ struct LedgerWorld : WindowWorld {
     void click(const char *button) const { find<QPushButton>(button)->click(); }
     void act(const char *action) const { find<QAction>(action)->trigger(); }
     /// The states in the list, by the letters' numbers.
-    [[nodiscard]] std::vector<std::string> states() const
+    [[nodiscard]] States states() const
     {
-        std::vector<std::string> states;
+        States states;
         const QAbstractItemModel &model = *find<QTableView>("letterList")->model();
         for (int row = 0; row < model.rowCount(); ++row)
             states.push_back(model.index(row, LetterListModel::state).data().toString().toStdString());

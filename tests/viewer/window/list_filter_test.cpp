@@ -159,7 +159,8 @@ TEST_CASE("a click on a heading sorts the list for viewing; the print order stay
     };
     click(2);
     CHECK(world.listed() == Numbers{"5", "3", "1", "2", "4", "6"});
-    CHECK(world.note()->text() == QStringLiteral("印刷するのはチェックした委任状で、順は番号のとおりです。"));
+    CHECK(world.note()->text() ==
+          QStringLiteral("印刷するのはチェックした委任状で、順は印刷の設定の「並べ方」のとおりです。"));
     click(3);
     CHECK(world.listed() == Numbers{"5", "2", "1", "3", "4", "6"});
     click(1);

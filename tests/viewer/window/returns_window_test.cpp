@@ -32,7 +32,7 @@ std::vector<Row> rowsOfTwoInsurers()
 
 /// Letters that were printed with their codes, and the window of returns.
 struct ReturnsWorld : LedgerWorld {
-    ReturnsWorld() : LedgerWorld(rowsOfTwoInsurers())
+    explicit ReturnsWorld(const std::vector<Row> &rows = rowsOfTwoInsurers()) : LedgerWorld(rows)
     {
         openWindow();
         act("printCodes");
@@ -73,6 +73,12 @@ struct ReturnsWorld : LedgerWorld {
         return numbers;
     }
     [[nodiscard]] std::string result() const { return box<QLabel>("returnsResult")->text().toStdString(); }
+    [[nodiscard]] bool isStateVisible() const
+    {
+        const auto *const table = box<QTableView>("returnsTable");
+        const int left = table->columnViewportPosition(ReturnsModel::state);
+        return left + table->columnWidth(ReturnsModel::state) <= table->viewport()->width();
+    }
     void read(const std::string &path) const
     {
         returns->readFiles({QString::fromStdString(path)});
@@ -106,10 +112,34 @@ TEST_CASE("the window of returns lists the printed letters by insurer, those tha
 TEST_CASE("the state of a letter is visible beside a long address")
 {
     const ReturnsWorld world;
+    CHECK(world.isStateVisible());
     const auto *const table = world.box<QTableView>("returnsTable");
-    const int right = table->columnViewportPosition(ReturnsModel::state) + table->columnWidth(ReturnsModel::state);
-    CHECK(right <= table->viewport()->width());
     CHECK(table->columnWidth(ReturnsModel::address) > table->columnWidth(ReturnsModel::patient));
+}
+
+TEST_CASE("a very long name takes the room neither of the addresses nor of the states")
+{
+    std::vector<Row> rows = rowsOfTwoInsurers();
+    for (int i = 0; i < 5; ++i) rows[0]["利用者氏名"] += "マリア・アレハンドラ・";
+    const ReturnsWorld world(rows);
+    CHECK(world.isStateVisible());
+    const auto *const table = world.box<QTableView>("returnsTable");
+    CHECK(table->columnWidth(ReturnsModel::address) > table->columnWidth(ReturnsModel::patient));
+    const QModelIndex name = table->model()->index(2, ReturnsModel::patient);
+    CHECK(name.data(Qt::ToolTipRole).toString().endsWith(QStringLiteral("ハンドラ・")));
+}
+
+TEST_CASE("the number beside an insurer follows the ticks")
+{
+    const ReturnsWorld world;
+    auto *const insurers = world.box<QComboBox>("returnsInsurer");
+    world.choose("returnsInsurer", 1);
+    auto *const model = world.box<QTableView>("returnsTable")->model();
+    CHECK(model->setData(model->index(0, 0), Qt::Checked, Qt::CheckStateRole));
+    CHECK(insurers->currentText() == QStringLiteral("丸亀市（1通）"));
+    CHECK(insurers->itemText(0) == QStringLiteral("すべて（3通）"));
+    CHECK(model->setData(model->index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
+    CHECK(insurers->currentText() == QStringLiteral("丸亀市（2通）"));
 }
 
 TEST_CASE("letters are ticked as returned by mouse, by keyboard and all that are shown")
@@ -186,6 +216,19 @@ TEST_CASE("dropped scans mark the letters of their codes, and pages without a co
     CHECK(contains(unreadable->item(1)->text().toStdString(), "missing.pdf"));
 }
 
+TEST_CASE("pages of another ledger are listed with the names of their files")
+{
+    if (!canReadScans()) return;
+    const ReturnsWorld other;
+    ReturnsWorld world;
+    world.read(other.jobPath(0));
+    CHECK(world.returned().empty());
+    const auto *const pages = world.box<QListWidget>("returnsUnreadable");
+    REQUIRE(pages->count() == 4);
+    const std::string name = std::filesystem::path(other.jobPath(0)).filename().string();
+    CHECK(pages->item(0)->text().toStdString().starts_with(name + " 1ページ：ほかの台帳の整理番号です。"));
+}
+
 TEST_CASE("the missing letters are saved as a table and as a PDF, and printed")
 {
     ReturnsWorld world;
@@ -199,7 +242,11 @@ TEST_CASE("the missing letters are saved as a table and as a PDF, and printed")
     world.returns->savePdf();
     CHECK(pageCount(world.folder / "list.pdf") == 1);
     QTimer::singleShot(0, world.returns.get(), [&] {
-        world.box<QDialog>("printDialog")->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
+        const auto *const dialog = world.box<QDialog>("printDialog");
+        // All pages of the list are printed, in their order.
+        for (const char *choice : {"rangeBox", "manyJobs", "reversed", "letterSort"})
+            CHECK(!dialog->findChild<QWidget *>(QLatin1String(choice))->isVisible());
+        dialog->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
     });
     const std::size_t before = world.jobs;
     world.returns->printList();
