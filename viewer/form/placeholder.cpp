@@ -79,6 +79,11 @@ const std::string *CodeWords::wordFor(std::string_view value) const
     return otherwise ? &*otherwise : nullptr;
 }
 
+bool TextPiece::isDateToFillIn() const
+{
+    return !pattern.empty() && (whenBlank.empty() || whenBlank.find(kWideBlank) != std::string::npos);
+}
+
 std::vector<TextPiece> readPieces(std::string_view text)
 {
     std::vector<TextPiece> pieces;

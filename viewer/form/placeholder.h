@@ -24,8 +24,9 @@ struct TextPiece {
     std::string pattern;   ///< a date pattern; empty shows the value as it is
     std::string whenBlank; ///< shown instead of an empty or blank value
     CodeWords words = {};  ///< instead of a date pattern
-    /// A blank date without a text for it, which is printed as blanks to be filled in by hand.
-    [[nodiscard]] bool isDateToFillIn() const { return !pattern.empty() && whenBlank.empty(); }
+    /// A date that is printed as blanks to be filled in by hand if it is empty: without a text for that, or with one that
+    /// leaves room to write, such as 令和　　年　　月　　日.
+    [[nodiscard]] bool isDateToFillIn() const;
     [[nodiscard]] bool isField() const { return !column.empty(); }
 };
 

@@ -222,6 +222,7 @@ void PrintDialog::hideLetterChoices()
 {
     m_jobs->hide();
     hideArrangement();
+    m_offset->hide();
 }
 
 void PrintDialog::showNotices(std::function<QString(const LetterTicks &)> notices)

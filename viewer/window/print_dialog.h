@@ -33,7 +33,7 @@ public:
     void showNotices(std::function<QString(const LetterTicks &)> notices);
     /// Leaves out order and covers, which a single letter does not have.
     void hideArrangement();
-    /// Leaves out what pages of a list do not have: numbers, several jobs, order and covers.
+    /// Leaves out what pages of a list do not need: numbers, several jobs, order and covers, and the measuring of offsets.
     void hideLetterChoices();
     /// Called when the user has changed the ticks.
     std::function<void()> onTicksChanged;

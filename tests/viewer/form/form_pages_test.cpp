@@ -227,6 +227,18 @@ TEST_CASE("empty dates are reported once a run, with the number of letters")
     CHECK(openScript(script).notices.empty());
 }
 
+TEST_CASE("empty dates are reported on the supplied forms, whose text for them leaves room to write")
+{
+    Row undated = ordinaryRow();
+    undated["署名日"] = undated["最終施術日"] = "";
+    for (const char *form : kForms) {
+        const TempFolder folder;
+        CHECK(openScript(writePrintJob(folder, form, {ordinaryRow(), undated})).notices ==
+              std::vector<std::string>{
+                  "日付（最終施術日、署名日）が空の委任状が1通あります。手で書き入れる空欄にして印刷します。"});
+    }
+}
+
 TEST_CASE("lines of a box whose fields are all empty are left out on request, and the lines below move up")
 {
     const auto lines = [](const std::string &attribute) {

@@ -244,7 +244,7 @@ TEST_CASE("the missing letters are saved as a table and as a PDF, and printed")
     QTimer::singleShot(0, world.returns.get(), [&] {
         const auto *const dialog = world.box<QDialog>("printDialog");
         // All pages of the list are printed, in their order.
-        for (const char *choice : {"rangeBox", "manyJobs", "reversed", "letterSort"})
+        for (const char *choice : {"rangeBox", "manyJobs", "reversed", "letterSort", "rulerPage"})
             CHECK(!dialog->findChild<QWidget *>(QLatin1String(choice))->isVisible());
         dialog->findChild<QPushButton *>(QStringLiteral("printNow"))->click();
     });
