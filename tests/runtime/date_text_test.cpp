@@ -145,6 +145,9 @@ TEST_CASE("the order of the short date is tried first, then the other orders")
         {"dd/MM/yyyy", "2024/5/1", {2024, 5, 1}},   {"M/d/yyyy", "13/5/24", {2024, 5, 13}},
         {"M/d/yyyy", "2024-05-01", {2024, 5, 1}},   {"yyyy/dd/MM", "2024/1/5", {2024, 5, 1}},
         {"yyyy/MM/dd", "31/12/99", {1999, 12, 31}}, {"dd.MM.yyyy", "01.05.2024", {2024, 5, 1}},
+        {"M/d/yyyy", "2024/20/5", {2024, 5, 20}},   {"dd/MM/yyyy", "2024/20/5", {2024, 5, 20}},
+        {"yyyy/dd/MM", "2024/5/20", {2024, 5, 20}}, {"yyyy/dd/MM", "20/5/2024", {2024, 5, 20}},
+        {"yyyy/dd/MM", "5/20/2024", {2024, 5, 20}},
     };
     for (const Row &row : rows) {
         CAPTURE(row.shortDate);

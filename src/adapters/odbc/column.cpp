@@ -1,6 +1,8 @@
 #include "adapters/odbc/column.h"
 
 #include "adapters/odbc/odbc_api.h"
+#include "platform/database.h"
+#include "runtime/runtime_error.h"
 #include "runtime/text.h"
 #include "runtime/utf8.h"
 
@@ -109,7 +111,7 @@ Variant decimalValue(std::string_view digits)
 {
     double value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error != std::errc() || end != digits.data() + digits.size()) return digits;
+    if (error != std::errc() || end != digits.data() + digits.size()) return validUtf8(digits);
     return value;
 }
 
@@ -140,7 +142,34 @@ std::string guidText(std::string_view digits)
 {
     std::string text = "{";
     for (const char c : digits) text += c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
-    return text + "}";
+    return validUtf8(text + "}");
+}
+
+/// Whether so many bytes are a value of the type; texts and bytes have any length.
+bool isWhole(ColumnForm form, std::size_t length)
+{
+    switch (form) {
+    case ColumnForm::smallInteger:
+        return length >= sizeof(SQLSMALLINT);
+    case ColumnForm::integer:
+        return length >= sizeof(SQLINTEGER);
+    case ColumnForm::bigInteger:
+        return length >= sizeof(SQLBIGINT);
+    case ColumnForm::bit:
+        return length >= 1;
+    case ColumnForm::single:
+        return length >= sizeof(SQLREAL);
+    case ColumnForm::number:
+        return length == sizeof(SQLREAL) || length >= sizeof(SQLDOUBLE);
+    case ColumnForm::moment:
+        return length >= sizeof(SQL_TIMESTAMP_STRUCT);
+    case ColumnForm::day:
+        return length >= sizeof(SQL_DATE_STRUCT);
+    case ColumnForm::time:
+        return length >= sizeof(SQL_TIME_STRUCT);
+    default:
+        return true;
+    }
 }
 
 std::string textValue(const std::byte *cell, std::size_t length)
@@ -165,6 +194,9 @@ OdbcColumn describeColumn(std::string name, std::int16_t sqlType, std::size_t si
 
 Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t length)
 {
+    // The cell of a bound column has its full width, whatever length the driver wrote.
+    if (column.isLong() && !isWhole(column.form, length))
+        throw RuntimeError(ado_error::unspecified, "the column " + column.name + " holds less than its type needs");
     switch (column.form) {
     case ColumnForm::smallInteger:
         return length == sizeof(SQLINTEGER) ? static_cast<std::int16_t>(read<SQLINTEGER>(cell))
@@ -194,7 +226,7 @@ Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t len
     case ColumnForm::bytes:
         return Binary(cell, cell + length);
     case ColumnForm::utf8Text:
-        return utf8FromUtf16(utf16FromUtf8(chars(cell, length))); // truncated text may end within a character
+        return validUtf8(chars(cell, length)); // truncated text may end within a character
     case ColumnForm::text:
         break;
     }

@@ -42,7 +42,8 @@ struct OdbcColumn {
 [[nodiscard]] OdbcColumn describeColumn(std::string name, std::int16_t sqlType, std::size_t size, std::int16_t digits,
                                         std::string_view typeName);
 
-/// The value of a cell that is not NULL; `length` is the number of bytes that the driver wrote.
+/// The value of a cell that is not NULL; `length` is the number of bytes that the driver wrote. A value fetched in pieces
+/// that is shorter than its type is an error: a damaged file or a faulty driver.
 [[nodiscard]] Variant valueOf(const OdbcColumn &column, const std::byte *cell, std::size_t length);
 
 } // namespace inin::odbc

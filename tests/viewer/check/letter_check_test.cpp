@@ -1,6 +1,7 @@
 #include "suite_text/code_page_932.h"
 #include "viewer/check/letter_check.h"
 #include "viewer/letters/csv_reader.h"
+#include "viewer/support/test_pictures.h"
 #include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
@@ -407,6 +408,13 @@ TEST_CASE("a page without any text is found, even with lines drawn on it")
     CHECK(causesOf({ordinaryRow()}, lines) == Causes{Cause::blankPage});
     CHECK(causesOf({ordinaryRow()}, lines + kPlainForm) == Causes{});
     CHECK(causesOf({ordinaryRow()}, "<text x='20' y='20'>　</text>") == Causes{Cause::blankPage});
+}
+
+TEST_CASE("a page with a picture is not blank")
+{
+    const std::string seal =
+        "<image x='9' y='9' width='20' height='20' href='" + embedded(pictureBytes("seal.png")) + "'/>";
+    CHECK(causesOf({ordinaryRow()}, seal) == Causes{});
 }
 
 TEST_CASE("a page whose only texts are empty fields is found for each such letter")

@@ -28,6 +28,21 @@ TEST_CASE("the selected letters are written as pictures together with the PDF")
     CHECK(folder.bytes("pictures/001.png").starts_with("\x89PNG"));
 }
 
+TEST_CASE("each page of a letter is a picture of its own")
+{
+    TempFolder folder;
+    const std::string script = writePrintJob(folder, kForm, std::vector<Row>(3, ordinaryRow()));
+    folder.put(kForm, "<svg xmlns='http://www.w3.org/2000/svg' "
+                      "xmlns:inkscape='http://www.inkscape.org/namespaces/inkscape' width='210mm' height='297mm' "
+                      "viewBox='0 0 210 297'><inkscape:page width='210' height='297'/><inkscape:page x='220' "
+                      "width='210' height='297'/><text x='20' y='30'>{{利用者氏名}}</text></svg>");
+
+    REQUIRE(runViewer(folder, "--png p --dpi 40 --letters 3,1 " + script).code == 0);
+
+    for (const char *name : {"p/001-1.png", "p/001-2.png", "p/003-1.png", "p/003-2.png"}) CHECK(folder.has(name));
+    CHECK(!folder.has("p/001.png"));
+}
+
 TEST_CASE("pictures are written into the folder with exactly the given name, readable by their owner only")
 {
     TempFolder folder;
