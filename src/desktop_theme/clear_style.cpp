@@ -3,9 +3,11 @@
 #include "desktop_theme/theme.h"
 
 #include <QAbstractItemView>
+#include <QIcon>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmap>
 #include <QPushButton>
 #include <QStyleOption>
 
@@ -143,6 +145,18 @@ void drawBoxEdge(const QStyleOption &option, QPainter &painter, const QRect &edg
         drawOutline(painter, edge, outlineColour(option.palette), 1);
 }
 
+/// The sign "»".
+QIcon twoArrows(const QColor &colour)
+{
+    QPixmap picture(16, 16);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.5));
+    for (const qreal left : {3.0, 8.0}) painter.drawPolyline(QPolygonF({{left, 4}, {left + 4, 8}, {left, 12}}));
+    return QIcon(picture);
+}
+
 } // namespace
 
 QString shownComboText(const QStyleOptionComboBox &option, const QWidget &combo)
@@ -211,6 +225,13 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     if (isButton && button != nullptr && !button->isFlat()) drawFace(*option, *painter);
     if (isButton && widget != nullptr && widget->hasFocus()) drawFocusFrame(*option, *painter, kFocusFrame);
     if (element == PE_FrameLineEdit) drawBoxEdge(*option, *painter, option->rect);
+}
+
+QIcon ClearStyle::standardIcon(StandardPixmap kind, const QStyleOption *option, const QWidget *widget) const
+{
+    if (kind == SP_ToolBarHorizontalExtensionButton && widget != nullptr)
+        return twoArrows(widget->palette().color(QPalette::ButtonText));
+    return QProxyStyle::standardIcon(kind, option, widget);
 }
 
 int ClearStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const

@@ -17,7 +17,9 @@ namespace inin::theme {
 /// - a focused menu in the menu bar is highlighted like an open one;
 /// - a group box has its parent's background colour without a tint;
 /// - the centre of a push button has exactly the button's colour;
-/// - the text of a drop-down list that does not fit ends in "…".
+/// - the text of a drop-down list that does not fit ends in "…";
+/// - the button for the menus that a menu bar has no room for is drawn: the base style reads it from a file, for which the
+///   toolkit loads its icon plugins at program start.
 class ClearStyle : public QProxyStyle {
 public:
     using QProxyStyle::polish;
@@ -29,6 +31,8 @@ public:
                             const QWidget *widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap kind, const QStyleOption *option,
+                                     const QWidget *widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
 };
 

@@ -34,12 +34,18 @@ QColor withContrast(const QColor &colour, const QColor &background, double ratio
     if (contrastRatio(colour, background) >= ratio) return colour;
     const float end = luminance(background) > kMiddle ? 0.0F : 1.0F;
     const float begin = colour.lightnessF();
-    QColor result = colour;
-    for (int step = 1; step <= kSteps && contrastRatio(result, background) < ratio; ++step)
-        result = QColor::fromHslF(std::max(colour.hslHueF(), 0.0F), colour.hslSaturationF(),
-                                  begin + (end - begin) * static_cast<float>(step) / kSteps)
-                     .toRgb();
-    return result;
+    const auto at = [&](int step) {
+        return QColor::fromHslF(std::max(colour.hslHueF(), 0.0F), colour.hslSaturationF(),
+                                begin + (end - begin) * static_cast<float>(step) / kSteps)
+            .toRgb();
+    };
+    // Once the contrast is enough, it is enough at all further steps.
+    int tooFew = 0, enough = kSteps;
+    while (enough - tooFew > 1) {
+        const int step = (tooFew + enough) / 2;
+        (contrastRatio(at(step), background) < ratio ? tooFew : enough) = step;
+    }
+    return at(enough);
 }
 
 } // namespace inin::theme

@@ -31,11 +31,11 @@ std::string titleLine()
     return line;
 }
 
-std::string rowLine(const IninRow &row)
+/// Replaces the line; its memory is used again for the next row.
+void fillLine(std::string &line, const IninRow &row)
 {
-    std::string line;
-    for (const IninField field : kIninFields) appendField(line, row.*field);
-    return line;
+    line.clear();
+    for (const IninField field : kIninFields) appendField(line, (row.*field).view());
 }
 
 } // namespace
@@ -57,13 +57,15 @@ std::uint64_t writeIninCsv(App &app, std::span<const IninRow> aIninRow, std::int
     // system allows that, the opening) fails and the program ends with the report of an unhandled error.
     if (bFileExists(app, path)) app.platform.files.remove(path);
     TextOutput csv(app.platform, path);
-    csv.printLine(titleLine());
+    std::string line = titleLine();
+    csv.printLine(line);
     for (std::int16_t i = 0; i < iRowCount; ++i) {
         // Without an extraction, or after a failed one, iRowCount still counts the rows of an earlier run, and fewer
         // may be left.
         const auto index = static_cast<std::size_t>(i);
         if (index >= aIninRow.size()) throw RuntimeError(error_number::subscript);
-        csv.printLine(rowLine(aIninRow[index]));
+        fillLine(line, aIninRow[index]);
+        csv.printLine(line);
     }
     csv.close();
     return csv.size();

@@ -54,15 +54,32 @@ std::int32_t LetterReader::number(Column column)
 
 void LetterReader::fill(IninRow &letter, const ExtractionRule &rule, const LetterDates &dates)
 {
-    letter.対象開始日 = dates.periodStart;
-    letter.対象終了日 = dates.periodEnd;
-    for (const PlainText &plain : kBeforeBank) letter.*plain.field = text(plain.column);
+    set(letter, &IninRow::対象開始日, dates.periodStart);
+    set(letter, &IninRow::対象終了日, dates.periodEnd);
+    for (const PlainText &plain : kBeforeBank) fillText(letter, plain.field, plain.column);
     fillBank(letter);
-    letter.口座番号 = accountLine(number(Column::iKozaType), text(Column::cKozaBangou));
-    letter.口座名義 = text(Column::cKozaMeigi1);
-    letter.最終施術日 = (this->*rule.lastTreatmentDay)(dates);
-    for (const PlainText &plain : kAfterLastDay) letter.*plain.field = text(plain.column);
-    letter.署名日 = dates.signature;
+    set(letter, &IninRow::口座番号, accountLine(number(Column::iKozaType), text(Column::cKozaBangou)));
+    fillText(letter, &IninRow::口座名義, Column::cKozaMeigi1);
+    set(letter, &IninRow::最終施術日, (this->*rule.lastTreatmentDay)(dates));
+    for (const PlainText &plain : kAfterLastDay) fillText(letter, plain.field, plain.column);
+    set(letter, &IninRow::署名日, dates.signature);
+}
+
+/// Consecutive letters mostly have the same company, bank and period: they share these texts.
+void LetterReader::set(IninRow &letter, IninField field, std::string_view text)
+{
+    if ((m_last.*field).view() != text) m_last.*field = text;
+    letter.*field = m_last.*field;
+}
+
+/// Most columns are texts already; converting one would copy it.
+void LetterReader::fillText(IninRow &letter, IninField field, Column column)
+{
+    const Variant held = value(column);
+    if (const auto *text = held.getIf<std::string>())
+        set(letter, field, *text);
+    else
+        set(letter, field, csNullToStr(held, m_regional));
 }
 
 void LetterReader::fillBank(IninRow &letter)
@@ -71,8 +88,9 @@ void LetterReader::fillBank(IninRow &letter)
     const std::int16_t iKinSyubetsu = narrow(number(Column::iKinSyubetsu));
     const std::string cKinyuSiten = text(Column::cKinyuSiten);
     const std::int16_t iKinSiten = narrow(number(Column::iKinSiten));
-    letter.金融機関名 = bankLine(cKinyuName, iKinSyubetsu, cKinyuSiten, iKinSiten);
-    letter.金融機関名２ = secondBankLine(letter.金融機関名, cKinyuName, cKinyuSiten);
+    const std::string line = bankLine(cKinyuName, iKinSyubetsu, cKinyuSiten, iKinSiten);
+    set(letter, &IninRow::金融機関名, line);
+    set(letter, &IninRow::金融機関名２, secondBankLine(line, cKinyuName, cKinyuSiten));
 }
 
 std::string LetterReader::lastDayOfSchedule(const LetterDates &dates)

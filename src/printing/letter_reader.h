@@ -7,6 +7,8 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace inin {
 
@@ -57,11 +59,14 @@ public:
 
 private:
     [[nodiscard]] Variant value(Column column);
+    void fillText(IninRow &letter, IninField field, Column column);
     void fillBank(IninRow &letter);
+    void set(IninRow &letter, IninField field, std::string_view text);
 
     const Recordset &m_rsData;
     const Regional &m_regional;
     std::array<std::optional<std::size_t>, static_cast<std::size_t>(Column::count)> m_places;
+    IninRow m_last; ///< the latest text of each field
 };
 
 } // namespace inin

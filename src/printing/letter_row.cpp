@@ -26,7 +26,6 @@ std::string_view wordOf(std::span<const std::string_view> words, std::int32_t ki
     return words[static_cast<std::size_t>(kind) - 1];
 }
 
-/// Allocates exactly the size needed: a run may keep tens of thousands of these.
 std::string joined(std::initializer_list<std::string_view> parts)
 {
     std::size_t size = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "printing/shared_text.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -9,32 +11,32 @@ namespace inin {
 
 /// One proxy letter: twenty finished texts, in the order of the CSV's columns.
 struct IninRow {
-    std::string 対象開始日;
-    std::string 対象終了日;
-    std::string 保険者名;
-    std::string 利用者氏名;
-    std::string 利用者住所;
-    std::string 会社名称;
-    std::string 会社住所;
-    std::string 代表者名;
-    std::string 会社電話番号;
-    std::string 金融機関名;
-    std::string 口座番号;
-    std::string 口座名義;
-    std::string 最終施術日;
-    std::string 保険者地区名;
-    std::string 保険種別; ///< the insurer's kind as digits
-    std::string 世帯主名;
-    std::string 世帯主電話;
-    std::string 世帯主住所;
-    std::string 金融機関名２;
-    std::string 署名日;
+    SharedText 対象開始日;
+    SharedText 対象終了日;
+    SharedText 保険者名;
+    SharedText 利用者氏名;
+    SharedText 利用者住所;
+    SharedText 会社名称;
+    SharedText 会社住所;
+    SharedText 代表者名;
+    SharedText 会社電話番号;
+    SharedText 金融機関名;
+    SharedText 口座番号;
+    SharedText 口座名義;
+    SharedText 最終施術日;
+    SharedText 保険者地区名;
+    SharedText 保険種別; ///< the insurer's kind as digits
+    SharedText 世帯主名;
+    SharedText 世帯主電話;
+    SharedText 世帯主住所;
+    SharedText 金融機関名２;
+    SharedText 署名日;
 
     friend bool operator==(const IninRow &, const IninRow &) = default;
 };
 
 /// The fields of a row in column order.
-using IninField = std::string IninRow::*;
+using IninField = SharedText IninRow::*;
 extern const std::array<IninField, 20> kIninFields;
 
 /// The word of a kind of bank: 1 銀行, 2 金庫, 3 農協, 4 郵便局, else empty.

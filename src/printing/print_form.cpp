@@ -111,7 +111,7 @@ std::vector<std::vector<std::string>> frmPrintInin::rows() const
     const auto counted = static_cast<std::size_t>(std::max<std::int16_t>(iRowCount, 0));
     std::vector<std::vector<std::string>> texts(std::min(counted, aIninRow.size()));
     for (std::size_t index = 0; index < texts.size(); ++index)
-        for (const IninField field : kIninFields) texts[index].push_back(aIninRow[index].*field);
+        for (const IninField field : kIninFields) texts[index].emplace_back((aIninRow[index].*field).view());
     return texts;
 }
 

@@ -26,7 +26,7 @@ bool isSecondByte(unsigned lead, unsigned byte)
 
 } // namespace
 
-DecodedCharacter firstCharacter(std::string_view text)
+DecodedCharacter decodeFirstCharacter(std::string_view text)
 {
     const unsigned lead = byteAt(text, 0);
     if (lead < 0x80) return {lead, 1, true};

@@ -37,8 +37,21 @@ struct DecodedCharacter {
     bool isValid;
 };
 
-/// The first character of a text, which must not be empty.
-[[nodiscard]] DecodedCharacter firstCharacter(std::string_view text);
+/// The part of firstCharacter() that is not inline. It is correct for every text that is not empty.
+[[nodiscard]] DecodedCharacter decodeFirstCharacter(std::string_view text);
+/// The first character of a text, which must not be empty. Nearly all characters are ASCII or, as kana and kanji, have
+/// three bytes: these are decoded inline, because a print run decodes each of its texts twice.
+[[nodiscard]] inline DecodedCharacter firstCharacter(std::string_view text)
+{
+    const auto byteAt = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    const unsigned lead = byteAt(0);
+    if (lead < 0x80) return {lead, 1, true};
+    // 0xE0 and 0xED also begin overlong forms and surrogates.
+    if (lead < 0xE1 || lead > 0xEF || lead == 0xED || text.size() < 3) return decodeFirstCharacter(text);
+    const unsigned second = byteAt(1), third = byteAt(2);
+    if ((second & 0xC0U) != 0x80U || (third & 0xC0U) != 0x80U) return decodeFirstCharacter(text);
+    return {(lead & 0x0FU) << 12U | (second & 0x3FU) << 6U | (third & 0x3FU), 3, true};
+}
 /// The position of the character that contains the byte at `at`; a position at or after the end is returned unchanged.
 [[nodiscard]] std::size_t characterStart(std::string_view text, std::size_t at);
 /// Appends at most `most` characters of a text. False when the text has more.

@@ -15,7 +15,10 @@ std::size_t lengthWithoutLineEnd(std::string_view bytes)
 
 std::string OutputBuffer::takeDue()
 {
-    return m_bytes.size() < kDueSize ? std::string() : takeCutOff();
+    if (m_bytes.size() < kDueSize) return {};
+    std::string due = takeCutOff();
+    m_bytes.reserve(due.size()); // a long file is written in parts of about this size
+    return due;
 }
 
 std::string OutputBuffer::takeAll()

@@ -10,6 +10,8 @@
 
 #include <fmt/format.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <map>
@@ -29,12 +31,13 @@ std::int64_t patientsFor(std::size_t letters)
     return static_cast<std::int64_t>(letters + letters / 10);
 }
 
-/// Runs in the child process.
+/// Runs in the child process, and ends it as the program ends: without freeing the letters.
 int runOnce(const std::string &folder)
 {
     BenchScreen screen(folder);
     screen.writeMonth();
-    return 0;
+    std::fflush(stdout);
+    std::_Exit(0);
 }
 
 /// The sqlite3 command lacks the adapter's collation; insurers' numbers are digits, so the order is the same without

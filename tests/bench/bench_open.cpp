@@ -16,7 +16,10 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace inin::bench {
 
@@ -42,7 +45,7 @@ int inkOf(const QImage &image)
 }
 
 /// One run: prints the three parts in milliseconds.
-int openOnce(const std::string &script)
+int openOnce(const std::string &script, std::size_t letters)
 {
     const auto start = Clock::now();
     const viewer::LetterSet set = viewer::openScript(script);
@@ -53,9 +56,23 @@ int openOnce(const std::string &script)
     viewer::QtGlyphs glyphs;
     const QImage page = viewer::pageImage(press, 0, kDotsPerInch, glyphs);
     const double painted = millisecondsSince(start);
-    if (set.size() != kLetters || inkOf(page) < 10'000) throw std::runtime_error("letters or ink are missing");
+    if (set.size() != letters || inkOf(page) < 10'000) throw std::runtime_error("letters or ink are missing");
     fmt::print("{:.3f} {:.3f} {:.3f}\n", opened, prepared - opened, painted - prepared);
     return 0;
+}
+
+std::vector<std::string> commandFor(const std::string &self, const LetterJob &job, std::size_t letters)
+{
+    return {self, job.script(), std::to_string(letters)};
+}
+
+double growthOf(const std::string &self)
+{
+    std::map<std::size_t, LetterJob> jobs;
+    return growthExponent([&](std::size_t letters) {
+        const LetterJob &job = jobs.try_emplace(letters, letters).first->second;
+        return runProcess(commandFor(self, job, letters), job.file("out"));
+    });
 }
 
 struct Parts {
@@ -68,7 +85,7 @@ int measure(const std::string &self)
     const LetterJob job(kLetters);
     std::vector<Parts> runs;
     for (int i = 0; i < kRuns; ++i) {
-        static_cast<void>(runProcess({self, job.script()}, job.file("out")));
+        static_cast<void>(runProcess(commandFor(self, job, kLetters), job.file("out")));
         Parts &parts = runs.emplace_back();
         std::ifstream(job.file("out")) >> parts.opened >> parts.prepared >> parts.painted;
     }
@@ -76,6 +93,7 @@ int measure(const std::string &self)
     const Parts &middle = runs[runs.size() / 2];
     print({.name = fmt::format("{} letters opened up to the first page", kLetters),
            .ours = millisecondsText(middle.all()),
+           .growth = ratioText(growthOf(self)),
            .aim = "50 ms"});
     print({.name = "of it: script and letters read", .ours = millisecondsText(middle.opened)});
     print({.name = "of it: form and fonts made ready", .ours = millisecondsText(middle.prepared)});
@@ -88,10 +106,10 @@ int measure(const std::string &self)
 
 } // namespace inin::bench
 
-/// bench_open, or bench_open SCRIPT for one run.
+/// bench_open, or bench_open SCRIPT LETTERS for one run.
 int main(int argc, char **argv)
 try {
-    return argc > 1 ? inin::bench::openOnce(argv[1]) : inin::bench::measure(argv[0]);
+    return argc > 2 ? inin::bench::openOnce(argv[1], std::stoul(argv[2])) : inin::bench::measure(argv[0]);
 } catch (const std::exception &fault) {
     fmt::print(stderr, "bench_open: {}\n", fault.what());
     return 1;

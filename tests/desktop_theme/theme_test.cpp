@@ -9,7 +9,11 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QIcon>
+#include <QStyle>
 #include <QWidget>
+
+#include <algorithm>
 
 using namespace inin;
 using namespace inin::theme;
@@ -61,6 +65,24 @@ TEST_CASE("a colour with enough contrast is kept, another one keeps its hue")
     CHECK(contrastRatio(withContrast(QColor("#333333"), Qt::black, 3), Qt::black) >= 3);
 }
 
+TEST_CASE("a colour becomes no darker or lighter than its contrast requires")
+{
+    for (const QColor &background : {QColor(Qt::white), QColor(Qt::black), QColor("#8a8a8a"), QColor("#3c3f43")})
+        for (const QColor &colour : {QColor("#308CC6"), QColor("#c0c0c0"), QColor("#404040"), QColor("#ffd0d0")}) {
+            const QColor changed = withContrast(colour, background, 4.5);
+            if (changed == colour) continue;
+            CAPTURE(colour.name().toStdString());
+            CAPTURE(background.name().toStdString());
+            // A step of 1/256 of the way from its lightness to that of black or white.
+            const float end = changed.lightnessF() < colour.lightnessF() ? 0.0F : 1.0F;
+            const float step = (end - colour.lightnessF()) / 256;
+            const QColor before = QColor::fromHslF(std::max(changed.hslHueF(), 0.0F), changed.hslSaturationF(),
+                                                   changed.lightnessF() - step);
+            CHECK(contrastRatio(changed, background) >= 4.5);
+            CHECK(contrastRatio(before, background) < 4.5);
+        }
+}
+
 TEST_CASE("the palette of every desktop becomes readable, and a readable one is kept")
 {
     for (const QPalette &palette : {QApplication::palette(), darkPalette(), readablePalette(palePalette())}) {
@@ -85,6 +107,20 @@ TEST_CASE("a font that the desktop sets while the program runs is replaced by a 
     QApplication::setFont(before);
 }
 
+TEST_CASE("the button for the menus without room is drawn in the colour of the texts")
+{
+    const QColor colour(0x11, 0x77, 0x33);
+    QPalette palette;
+    palette.setColor(QPalette::ButtonText, colour);
+    QWidget window;
+    window.setPalette(palette);
+    const QIcon icon =
+        QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, &window);
+    const QImage picture = icon.pixmap(QSize(16, 16), 1.0).toImage();
+    CHECK(picture.pixelColor(11, 7) == colour); // in the line of the right arrow
+    CHECK(picture.pixelColor(0, 0).alpha() == 0);
+}
+
 TEST_CASE("every window has the program's icon, in all sizes that desktops use")
 {
     QWidget window;
@@ -92,6 +128,7 @@ TEST_CASE("every window has the program's icon, in all sizes that desktops use")
         CAPTURE(side);
         CHECK(window.windowIcon().pixmap(QSize(side, side), 1.0).size() == QSize(side, side));
     }
+    CHECK(window.windowIcon().availableSizes().size() == 7);
     // A red seal on the page.
     const QColor seal = window.windowIcon().pixmap(QSize(256, 256), 1.0).toImage().pixelColor(164, 128);
     CHECK(seal.red() > 2 * seal.green());

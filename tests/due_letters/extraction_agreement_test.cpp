@@ -133,7 +133,7 @@ Letters lettersOfRun(RandomSite &site, const due::Conditions &conditions)
     REQUIRE(extract(form, conditions) == 0);
     Letters letters;
     for (std::int16_t i = 0; i < form.iRowCount; ++i)
-        ++letters[std::stoi(form.aIninRow.at(static_cast<std::size_t>(i)).利用者氏名.substr(1))];
+        ++letters[std::stoi(std::string(form.aIninRow.at(static_cast<std::size_t>(i)).利用者氏名.view().substr(1)))];
     return letters;
 }
 

@@ -88,13 +88,13 @@ TEST_CASE("a company without an account has an account line of one blank")
 TEST_CASE("a new letter is empty in all its twenty fields")
 {
     const IninRow letter;
-    for (const IninField field : kIninFields) CHECK((letter.*field).empty());
+    for (const IninField field : kIninFields) CHECK((letter.*field).view().empty());
 }
 
 TEST_CASE("the field list contains each field once, in the order of the columns")
 {
     IninRow letter;
-    std::set<const std::string *> places;
+    std::set<const SharedText *> places;
     for (const IninField field : kIninFields) places.insert(&(letter.*field));
 
     CHECK(places.size() == 20);

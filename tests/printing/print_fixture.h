@@ -4,11 +4,18 @@
 #include "support/fake_platform.h"
 #include "support/list_answers.h"
 
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace inin {
+
+/// For the messages of failed checks.
+inline std::ostream &operator<<(std::ostream &stream, const SharedText &text)
+{
+    return stream << text.view();
+}
 
 /// The columns of one patient that differ from the default patient.
 using Changes = std::vector<std::pair<std::string, Variant>>;

@@ -22,6 +22,7 @@ constexpr DecodingRow kValid[] = {
     {"the last of one byte", "\x7F", U"\x7F"},
     {"the first and the last of two bytes", "\xC2\x80\xDF\xBF", U"\x80\x7FF"},
     {"the first and the last of three bytes", "\xE0\xA0\x80\xEF\xBF\xBF", U"\x800\xFFFF"},
+    {"three bytes after the overlong forms", "\xE1\x80\x80\xEC\xBF\xBF", U"\x1000\xCFFF"},
     {"the neighbours of the surrogates", "\xED\x9F\xBF\xEE\x80\x80", U"\xD7FF\xE000"},
     {"the first and the last of four bytes", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", U"\x10000\x10FFFF"},
     {"Japanese", "aé委𠮷", U"aé委𠮷"},
@@ -43,6 +44,7 @@ constexpr DecodingRow kMalformed[] = {
     {"four bytes cut at the end", "a\xF0\xA0\xAE", U"a\xFFFD"},
     {"a character cut before ASCII", "\xE5\xA7z", U"\xFFFDz"},
     {"a character cut before another one", "\xE5\xA7\xE5\xA7\x94", U"\xFFFD委"},
+    {"a third byte that does not continue", "\xE5\xA7\xC0\xEF\xBFz", U"\xFFFD\xFFFD\xFFFDz"},
     {"a lead byte twice", "\xE3\xE3\x81\x82", U"\xFFFDあ"},
 };
 

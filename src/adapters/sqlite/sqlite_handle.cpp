@@ -53,8 +53,8 @@ SqliteHandle::SqliteHandle(std::string path, const std::string &displayPath, std
     startCommand();
     const int code = refreshSchema();
     if (code != SQLITE_OK) raise(*m_errors, providerError(m_db.get(), code));
-    // A print run reads most of the patients, so the cache is enlarged. A failure only costs time.
-    (void)sqlite3_exec(m_db.get(), "PRAGMA cache_size = -16384", nullptr, nullptr, nullptr);
+    // The sorting of many letters writes their texts to no temporary file. A failure has no other effect.
+    (void)sqlite3_exec(m_db.get(), "PRAGMA temp_store = MEMORY", nullptr, nullptr, nullptr);
 }
 
 SqliteHandle::~SqliteHandle() = default;

@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -25,7 +26,34 @@ struct ThreeRows {
     }
 };
 
+#ifndef _WIN32
+/// The number of files without a name that this process has open, such as SQLite's temporary files.
+std::size_t namelessFiles()
+{
+    std::size_t count = 0;
+    std::error_code gone; // the descriptor of the listing itself
+    for (const auto &entry : std::filesystem::directory_iterator("/proc/self/fd"))
+        if (std::filesystem::read_symlink(entry.path(), gone).string().ends_with(" (deleted)")) ++count;
+    return count;
+}
+#endif
+
 } // namespace
+
+#ifndef _WIN32
+// On Windows, listing the open files of a process requires the rights of a driver.
+TEST_CASE("sorting twenty megabytes of patients' texts writes none of them to a temporary file")
+{
+    const DatabaseFile file("CREATE TABLE T (cName TEXT); "
+                            "WITH RECURSIVE N (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM N WHERE n < 20000) "
+                            "INSERT INTO T SELECT hex(randomblob(500)) FROM N");
+    Session session{file};
+    const std::size_t before = namelessFiles();
+    const auto rows = session.open("SELECT cName FROM T ORDER BY cName");
+    REQUIRE_FALSE(rows->isEndOfFile());
+    CHECK(namelessFiles() == before);
+}
+#endif
 
 TEST_CASE_FIXTURE(ThreeRows, "each operation of a closed record set fails with error 3704")
 {
