@@ -13,9 +13,9 @@ target_compile_options(inin_counting INTERFACE -O0 -U_FORTIFY_SOURCE --coverage)
 target_link_options(inin_counting INTERFACE --coverage)
 
 # A room is one folder of src/ as a static library. LINKS lists the rooms that it may use; TOOLKIT means that it draws
-# windows.
+# windows, COLD that no test waits for its code.
 function(inin_room name)
-    cmake_parse_arguments(ROOM "TOOLKIT" "" "SOURCES;ALONE;LINKS;PRIVATE_LINKS" ${ARGN})
+    cmake_parse_arguments(ROOM "TOOLKIT;COLD" "" "SOURCES;ALONE;LINKS;PRIVATE_LINKS" ${ARGN})
     inin_compile_alone(${ROOM_ALONE})
     file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
     foreach(source IN LISTS ROOM_SOURCES)
@@ -30,9 +30,12 @@ function(inin_room name)
     if(folder IN_LIST ININ_COUNTED)
         target_link_libraries(${name} PRIVATE inin_counting)
     endif()
+    if(ROOM_TOOLKIT OR ROOM_COLD)
+        target_link_libraries(${name} PRIVATE inin_cold_flags)
+    endif()
     if(ROOM_TOOLKIT)
         inin_precompile(${name} toolkit)
-    else()
+    elseif(NOT ROOM_COLD) # precompiled headers are optimized like the files
         inin_precompile(${name} standard)
     endif()
 endfunction()

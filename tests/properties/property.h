@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/sample_size.h"
+
 #include <doctest/doctest.h>
 #include <rapidcheck.h>
 
@@ -10,14 +12,14 @@
 
 namespace inin::test {
 
-/// Checks a property, which states its claims by RC_ASSERT, on `runs` random inputs. A failing input is made smaller as
+/// Checks a property, which states its claims by RC_ASSERT, on `runs` random inputs, fewer under the sanitizers. A failing input is made smaller as
 /// long as it still fails, and then shown. The inputs are the same in every run; RC_PARAMS="seed=7 max_success=10000" in
 /// the environment chooses others.
 template <class Property> void checkProperty(int runs, Property &&property)
 {
     rc::detail::TestParams params;
     params.seed = 20240501;
-    params.maxSuccess = runs;
+    params.maxSuccess = sampleSize(runs);
     if (std::getenv("RC_PARAMS") != nullptr) params = rc::detail::configuration().testParams;
     const auto result = rc::detail::checkTestable(std::forward<Property>(property), rc::detail::TestMetadata{}, params);
     std::ostringstream message;

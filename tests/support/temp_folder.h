@@ -48,7 +48,7 @@ public:
     [[nodiscard]] std::string bytes(const std::string &name) const
     {
         std::ifstream file(pathOf(*this / name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        return restOf(file);
     }
     [[nodiscard]] bool has(const std::string &name) const { return std::filesystem::exists(pathOf(*this / name)); }
     /// The names of the entries, sorted.

@@ -1,10 +1,10 @@
 #include "adapters/native/profile_player.h"
 
 #include "suite_text/code_page_932.h"
+#include "support/file_bytes.h"
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 
 namespace inin {
 
@@ -41,7 +41,7 @@ std::optional<std::string> bytesAt(const std::filesystem::path &file)
 {
     std::ifstream stream(file, std::ios::binary);
     if (!stream) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(stream), {});
+    return restOf(stream);
 }
 
 std::string differences(const ProfileCase &one, Profile &profile, const std::string &path,

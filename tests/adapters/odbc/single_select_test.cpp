@@ -1,6 +1,7 @@
 #include "adapters/odbc/single_select.h"
 
 #include "fuzz/server_reader.h"
+#include "support/sample_size.h"
 
 #include <doctest/doctest.h>
 #include <nlohmann/json.hpp>
@@ -200,7 +201,7 @@ TEST_CASE("no random splice of a write into a SELECT is accepted")
     std::mt19937 dice(20240615);
     const auto pick = [&dice](const std::vector<std::string> &from) { return from[dice() % from.size()]; };
     int accepted = 0;
-    for (int round = 0; round < 60000; ++round) {
+    for (int round = 0; round < sampleSize(60000); ++round) {
         std::string sql = pick(kReads);
         for (std::size_t piece = dice() % 3 + 1; piece > 0; --piece) {
             const std::string insert = pick(kSeparators) + (dice() % 3 == 0 ? pick(kReads) : pick(kWrites)) +
@@ -212,14 +213,14 @@ TEST_CASE("no random splice of a write into a SELECT is accepted")
         CAPTURE(sql);
         REQUIRE(fuzz::ServerReader(sql).firstWrite() == "");
     }
-    CHECK(accepted > 100); // writes within quotes: the check does not refuse everything
+    CHECK(accepted > sampleSize(100)); // writes within quotes: the check does not refuse everything
 }
 
 TEST_CASE("no random change of single characters makes a write acceptable")
 {
     std::mt19937 dice(19890108);
     const std::string signs = "'\"[]-/*;() \n\r\t{}$@#0eExX.,\\`";
-    for (int round = 0; round < 60000; ++round) {
+    for (int round = 0; round < sampleSize(60000); ++round) {
         std::string sql = kReads[dice() % kReads.size()] + kSeparators[dice() % kSeparators.size()] +
                           kWrites[dice() % kWrites.size()];
         for (std::size_t change = dice() % 4; change > 0; --change) {

@@ -1,13 +1,13 @@
 #include "adapters/sqlite/sqlite_connection.h"
 
 #include "adapters/sqlite/database_file.h"
+#include "support/file_bytes.h"
 
 #include <doctest/doctest.h>
 
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -53,12 +53,6 @@ std::size_t timesOpen(const DatabaseFile &file)
     return count;
 }
 #endif
-
-std::string bytesOf(const DatabaseFile &file)
-{
-    std::ifstream stream(file.path(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// Sets the time of the file's last write relative to now.
 void setLastWrite(const DatabaseFile &file, std::chrono::hours offset)
@@ -182,8 +176,8 @@ TEST_CASE("a file that was overwritten in place with the same header is read aga
     setLastWrite(file, std::chrono::hours(-1));
     const auto database = plainDatabase();
     CHECK(firstName(*database, file) == "before");
-    const std::string bytes = bytesOf(other);
-    REQUIRE(bytes.substr(0, 100) == bytesOf(file).substr(0, 100));
+    const std::string bytes = bytesOf(other.path());
+    REQUIRE(bytes.substr(0, 100) == bytesOf(file.path()).substr(0, 100));
     std::fstream(file.path(), std::ios::binary | std::ios::in | std::ios::out) << bytes;
     CHECK(firstName(*database, file) == "after!");
 }

@@ -1,5 +1,7 @@
 #include "viewer/codes/qr_codes.h"
 
+#include "support/sample_size.h"
+
 #include <doctest/doctest.h>
 
 #define ZX_USE_UTF8
@@ -33,7 +35,7 @@ TEST_CASE("codes of one to seventeen digits are the same as those of another lib
 {
     std::mt19937 random(20261122);
     for (std::size_t length = 1; length <= kMostQrDigits; ++length) {
-        for (int i = 0; i < 200; ++i) {
+        for (int i = 0; i < sampleSize(200); ++i) {
             std::string digits;
             while (digits.size() < length) digits += static_cast<char>('0' + random() % 10);
             CAPTURE(digits);

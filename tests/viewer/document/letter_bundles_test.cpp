@@ -1,6 +1,7 @@
 #include "viewer/document/letter_bundles.h"
 
 #include "runtime/runtime_error.h"
+#include "support/sample_size.h"
 #include "support/temp_folder.h"
 #include "viewer/document/folded_name.h"
 #include "viewer/support/viewer_world.h"
@@ -160,7 +161,7 @@ TEST_CASE("names that do not fit continue on further cover pages")
 TEST_CASE("in random runs every letter is printed once, listed once on the cover of its bundle, and counted there")
 {
     std::mt19937 random(18);
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < sampleSize(300); ++round) {
         CAPTURE(round);
         const LetterSet set = setOf(randomRows(random));
         const LetterNames names(set);
@@ -196,7 +197,7 @@ TEST_CASE("in random runs every letter is printed once, listed once on the cover
 TEST_CASE("separate jobs count letters, not covers, and no cover is separated from its first letter")
 {
     std::mt19937 random(5);
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < sampleSize(200); ++round) {
         CAPTURE(round);
         const LetterSet set = setOf(randomRows(random));
         Numbers sheets = arrangeLetters(set, allOf(set), {LetterSort::insurer, true}).sheets();

@@ -1,3 +1,4 @@
+#include "support/sample_size.h"
 #include "system/whole_file.h"
 #include "viewer/ledger/letter_code.h"
 #include "viewer/paint/degraded_page.h"
@@ -20,12 +21,12 @@ using namespace inin::viewer::test;
 
 namespace {
 
-/// 24 pages; the whole proof of 300 is run with ININ_SCANNED_PAGES=300. ININ_SCANNED_FOLDER keeps the pages and the PDF of
+/// 24 pages, fewer under the sanitizers; the whole proof of 300 is run with ININ_SCANNED_PAGES=300. ININ_SCANNED_FOLDER keeps the pages and the PDF of
 /// each form, for a look and for scripts/test-windows.
 int pagesToRead()
 {
     const char *const pages = std::getenv("ININ_SCANNED_PAGES");
-    return pages == nullptr ? 24 : std::max(24, std::atoi(pages));
+    return std::max(sampleSize(24), pages == nullptr ? 0 : std::atoi(pages));
 }
 
 QString folderToKeep()
