@@ -36,27 +36,19 @@ std::string headingOf(const std::string &name)
     return name + "() でエラー";
 }
 
-std::string insertMap(Branch branch, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
+// Only the first of the three pictures is ever filled.
+std::string insertMap(Branch branch, std::int32_t nIDNo, const std::string &picture)
 {
-    std::string text = "  INSERT INTO  RIYOUSHA_MAP (  iKyotenCd,  iKyotenEb,  nIDNo,  bAddr1,  bAddr2,  bAddr3,"
-                       "  dTimeStamp ) VALUES (       " +
-                       std::to_string(branch.iKyotenCd) + "     , " + std::to_string(branch.iKyotenEb) + "     , " +
-                       std::to_string(nIDNo);
-    for (const std::string &picture : pictures) text += "     , " + picture;
-    return text + "     , getdate())";
+    const std::string none = std::string("     , ") + kNoPicture;
+    return "  INSERT INTO  RIYOUSHA_MAP (  iKyotenCd,  iKyotenEb,  nIDNo,  bAddr1,  bAddr2,  bAddr3,"
+           "  dTimeStamp ) VALUES (       " +
+           std::to_string(branch.iKyotenCd) + "     , " + std::to_string(branch.iKyotenEb) + "     , " +
+           std::to_string(nIDNo) + "     , " + picture + none + none + "     , getdate())";
 }
 
-std::string updateMap(Branch branch, std::int32_t nIDNo, const std::array<std::string, 3> &pictures)
+std::string updateMap(Branch branch, std::int32_t nIDNo, const std::string &picture)
 {
-    std::string terms;
-    const auto add = [&terms](const char *column, const std::string &picture) {
-        if (picture != kNoPicture)
-            terms += std::string(terms.empty() ? "      " : "      ,") + column + " = " + picture;
-    };
-    add("bAddr1", pictures[0]);
-    add("bAddr2", pictures[1]);
-    add("bAddr3", pictures[2]);
-    return "  UPDATE  RIYOUSHA_MAP  set " + terms +
+    return "  UPDATE  RIYOUSHA_MAP  set " + (picture == kNoPicture ? std::string() : "      bAddr1 = " + picture) +
            "      ,dTimeStamp = getdate()  WHERE nIDNo =" + std::to_string(nIDNo) +
            "  and iKyotenCd =" + std::to_string(branch.iKyotenCd) +
            "  and iKyotenEb =" + std::to_string(branch.iKyotenEb);
@@ -125,13 +117,12 @@ std::int16_t CorpMap::write(const std::string &name, std::int32_t nIDNo, Stateme
 {
     return reported(name, [&] {
         if (nIDNo != kMapTakeOnly && checkWriter(name) != iGood) return iBad;
-        // Only the first picture is ever filled.
-        const Pictures pictures{takePicture(), kNoPicture, kNoPicture};
+        const std::string picture = takePicture();
         if (nIDNo == kMapTakeOnly) return iGood;
         if (connect(name) != iGood) return iBad;
         // A failure leaves the transaction open; it ends with the connection.
         const std::int16_t status =
-            m_table.write(statement(branchOf(m_app), nIDNo, pictures), Transaction::ownUntilDisconnect);
+            m_table.write(statement(branchOf(m_app), nIDNo, picture), Transaction::ownUntilDisconnect);
         static_cast<void>(m_cADOTo.session->iDisConnect()); // the write has already succeeded or failed
         return status;
     });

@@ -3,7 +3,6 @@
 #include "data/connection_settings.h"
 #include "master/table_contract.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 
@@ -41,8 +40,7 @@ public:
     [[nodiscard]] std::int16_t saveOrUpdateForCompany(std::string &sErrMsg);
 
 private:
-    using Pictures = std::array<std::string, 3>;
-    using Statement = std::string (*)(Branch branch, std::int32_t nIDNo, const Pictures &pictures);
+    using Statement = std::string (*)(Branch branch, std::int32_t nIDNo, const std::string &picture);
 
     template <class Operation> [[nodiscard]] std::int16_t reported(const std::string &name, Operation &&operation);
     [[nodiscard]] std::int16_t connect(const std::string &name);

@@ -106,18 +106,41 @@ Handle makeDatabase()
     return handle;
 }
 
-std::string stateOf(sqlite3 *db)
-{
-    std::string state = std::to_string(sqlite3_total_changes64(db)) + "/" + std::to_string(sqlite3_get_autocommit(db));
-    const auto add = [](void *text, int, char **values, char **) {
-        *static_cast<std::string *>(text) += std::string("/") + (values[0] == nullptr ? "" : values[0]);
-        return 0;
-    };
-    for (const char *sql : {"SELECT count(*) FROM T", "PRAGMA main.schema_version", "PRAGMA temp.schema_version",
-                            "PRAGMA main.user_version", "SELECT count(*) FROM pragma_database_list"})
-        if (sqlite3_exec(db, sql, add, &state, nullptr) != SQLITE_OK) fail("the state cannot be read", state);
-    return state;
-}
+struct FinishStatement {
+    void operator()(sqlite3_stmt *statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, FinishStatement>;
+
+/// What a statement could change, read with statements that are prepared once: most inputs are shorter than these.
+class State {
+public:
+    explicit State(sqlite3 *db) : m_db(db)
+    {
+        for (const char *sql : {"SELECT count(*) FROM T", "PRAGMA main.schema_version", "PRAGMA temp.schema_version",
+                                "PRAGMA main.user_version", "SELECT count(*) FROM pragma_database_list"}) {
+            sqlite3_stmt *statement = nullptr;
+            if (sqlite3_prepare_v2(db, sql, -1, &statement, nullptr) != SQLITE_OK) fail("no statement", sql);
+            m_statements.emplace_back(statement);
+        }
+    }
+
+    [[nodiscard]] std::vector<std::int64_t> now() const
+    {
+        std::vector<std::int64_t> numbers{sqlite3_total_changes64(m_db), sqlite3_get_autocommit(m_db)};
+        for (const Statement &statement : m_statements) {
+            if (sqlite3_step(statement.get()) != SQLITE_ROW) fail("the state cannot be read", sqlite3_errmsg(m_db));
+            numbers.push_back(sqlite3_column_int64(statement.get(), 0));
+            (void)sqlite3_reset(statement.get());
+            // Otherwise the steps of all its runs add up, until the limit of steps interrupts it.
+            (void)sqlite3_stmt_status(statement.get(), SQLITE_STMTSTATUS_VM_STEP, 1);
+        }
+        return numbers;
+    }
+
+private:
+    sqlite3 *m_db;
+    std::vector<Statement> m_statements;
+};
 
 const SqlSchema &schema()
 {
@@ -138,10 +161,11 @@ void checkReadOnly(std::string_view text, const std::vector<Token> &tokens)
     const Translation translation = translateSql(tokens, schema());
     if (!translation.problem.empty() || !isSingleSelect(tokens)) return;
     static const Handle kDatabase = makeDatabase();
-    static const std::string kState = stateOf(kDatabase.get());
+    static const State kState(kDatabase.get());
+    static const std::vector<std::int64_t> kBefore = kState.now();
     (void)sqlite3_exec(kDatabase.get(), translation.text.c_str(), nullptr, nullptr,
                        nullptr); // the statement may be invalid
-    if (stateOf(kDatabase.get()) != kState) fail("a SELECT that writes", text);
+    if (kState.now() != kBefore) fail("a SELECT that writes", text);
 }
 
 } // namespace

@@ -95,6 +95,7 @@ TEST_CASE("the version window has its texts, its colour and its buttons' keys")
     CHECK(form.btnReturn.Caption.get() == "戻 る");
     CHECK(form.btnReturn.Default);
     CHECK(form.btnReturn.Cancel);
+    CHECK(form.lstVer.Style == ListStyle::open);
     CHECK(form.mnFunc.Caption.get() == "機能(&F)");
     CHECK(form.mnF12.Caption.get() == "戻る");
     CHECK(form.mnF12.Shortcut == 123);
