@@ -24,19 +24,20 @@ std::string helpOf(HelpLanguage language)
 
 TEST_CASE("the Japanese help page has no English word of the parser, and its columns are aligned")
 {
-    CHECK(helpOf(HelpLanguage::japanese) == "委任状を数えます。\n"
-                                            "使い方: count [オプション] ファイル [コマンド]\n"
-                                            "\n引数:\n"
-                                            "  ファイル                CSV（必須）\n"
-                                            "\nオプション:\n"
-                                            "  -h,--help               この説明を表示します。\n"
-                                            "  --version               バージョンを表示します。\n"
-                                            "  --limit 値              上限（既定：10）\n"
-                                            "  --quiet-and-without-any-line\n"
-                                            "                          静か\n"
-                                            "\nコマンド:\n"
-                                            "  again                   もう一度\n"
-                                            "\n");
+    // Versions of the parser end the page with one or two line breaks.
+    const std::string page = helpOf(HelpLanguage::japanese);
+    CHECK(page.substr(0, page.find_last_not_of('\n') + 1) == "委任状を数えます。\n"
+                                                             "使い方: count [オプション] ファイル [コマンド]\n"
+                                                             "\n引数:\n"
+                                                             "  ファイル                CSV（必須）\n"
+                                                             "\nオプション:\n"
+                                                             "  -h,--help               この説明を表示します。\n"
+                                                             "  --version               バージョンを表示します。\n"
+                                                             "  --limit 値              上限（既定：10）\n"
+                                                             "  --quiet-and-without-any-line\n"
+                                                             "                          静か\n"
+                                                             "\nコマンド:\n"
+                                                             "  again                   もう一度");
 }
 
 TEST_CASE("the English help page is in English throughout")

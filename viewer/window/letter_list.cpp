@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QStyle>
 
 #include <algorithm>
@@ -80,6 +81,7 @@ std::optional<std::size_t> LetterList::current() const
 void LetterList::setCurrent(std::size_t letter)
 {
     const QModelIndex index = m_listed.indexOf(letter);
+    const QScopedValueRollback selecting(m_isSelectingAlone, true);
     setCurrentIndex(index);
     scrollTo(index);
 }
@@ -87,8 +89,9 @@ void LetterList::setCurrent(std::size_t letter)
 QItemSelectionModel::SelectionFlags LetterList::selectionCommand(const QModelIndex &index, const QEvent *event) const
 {
     // Without an event the view would use the modifier keys that are pressed now: after Ctrl+PageDown it would toggle
-    // the row of the new letter.
-    if (event == nullptr) return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    // the row of the new letter. From version 6.8 the view also asks without an event while Shift and a key move the
+    // current row; then the answer must be its own, which keeps the row where the selection began.
+    if (event == nullptr && m_isSelectingAlone) return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
     return QTableView::selectionCommand(index, event);
 }
 

@@ -44,6 +44,7 @@ private:
     void copySelected() const;
 
     ListedLetters &m_listed;
+    bool m_isSelectingAlone = false;
 };
 
 } // namespace inin::viewer

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/date_edit.h"
 #include "adapters/qt/grid_view.h"
+#include "adapters/qt/menu_click.h"
 #include "adapters/qt/number_edit.h"
 #include "adapters/qt/qt_text.h"
 #include "platform/key_codes.h"
@@ -129,7 +130,7 @@ private:
         }
         auto *top = m_window.findChild<QAction *>(toQt(entry.Container->name()));
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(top).center());
-        QTest::mouseClick(top->menu(), Qt::LeftButton, {}, top->menu()->actionGeometry(action).center());
+        clickEntry(*top->menu(), *action);
     }
 
     FormWindow &m_window;

@@ -1,6 +1,7 @@
 // A run uses what the boxes show, however it was started: text just typed is read first.
 
 #include "adapters/qt/date_edit.h"
+#include "adapters/qt/menu_click.h"
 #include "adapters/qt/number_edit.h"
 #include "adapters/qt/working_program.h"
 
@@ -40,8 +41,7 @@ void pickByMouse(const FormWindow &window, const char *entry, const char *inMenu
 {
     QAction &menu = *window.findChild<QAction *>(inMenu);
     openMenuByMouse(window, menu);
-    QTest::mouseClick(menu.menu(), Qt::LeftButton, {},
-                      menu.menu()->actionGeometry(window.findChild<QAction *>(entry)).center());
+    clickEntry(*menu.menu(), *window.findChild<QAction *>(entry));
 }
 
 void pickByKeys(Program &program, const char *entry)

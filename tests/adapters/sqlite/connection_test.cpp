@@ -104,6 +104,7 @@ TEST_CASE("a failure leaves one entry in the error list, which the next failure 
     struct Row {
         std::string_view sql, description, state;
         std::int32_t number;
+        std::string_view newer = {}; ///< the description by SQLite 3.41 and later where it differs
     };
     constexpr std::int32_t kNative = 1; // SQLite's code for all errors in a statement
     static constexpr Row kRows[] = {
@@ -112,7 +113,8 @@ TEST_CASE("a failure leaves one entry in the error list, which the next failure 
         {"SELECT T.missing FROM T", "列がありません。（no such column: T.missing）", "42S22",
          ado_error::faultyStatement},
         {"SELECT \"missing\" FROM T", "列がありません。（no such column: missing）", "42S22",
-         ado_error::faultyStatement},
+         ado_error::faultyStatement,
+         "列がありません。（no such column: \"missing\" - should this be a string literal in single-quotes?）"},
         {"SELECT FROM T", "near \"FROM\": syntax error", "42000", ado_error::faultyStatement},
         {"SELECT inexistent(1)", "no such function: inexistent", "42000", ado_error::faultyStatement},
         {"SELECT 'a", "the quoted text or name has no end", "42000", ado_error::faultyStatement},
@@ -121,11 +123,11 @@ TEST_CASE("a failure leaves one entry in the error list, which the next failure 
         CAPTURE(row.sql);
         const Raised raised = raisedBy([&] { (void)session.open(std::string(row.sql)); });
         CHECK(raised.number == row.number);
-        CHECK(raised.description == row.description);
+        CHECK((raised.description == row.description || (!row.newer.empty() && raised.description == row.newer)));
         REQUIRE(session.connection().Errors().size() == 1);
         const ProviderError &error = session.connection().Errors().front();
         CHECK(error.Number == row.number);
-        CHECK(error.Description == row.description);
+        CHECK(error.Description == raised.description);
         CHECK(error.Source == "SQLite");
         CHECK(error.SQLState == row.state);
         CHECK(error.NativeError == kNative);
