@@ -1,6 +1,5 @@
 #include "runtime/runtime_error.h"
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -54,8 +53,9 @@ constexpr std::string_view kUnknown = "アプリケーション定義または�
 
 std::string runtimeDescription(std::int32_t number)
 {
-    const auto found = std::ranges::find(kDescriptions, number, &Description::number);
-    return std::string(found == std::end(kDescriptions) ? kUnknown : found->text);
+    for (const Description &description : kDescriptions)
+        if (description.number == number) return std::string(description.text);
+    return std::string(kUnknown);
 }
 
 RuntimeError::RuntimeError(std::int32_t number) : RuntimeError(number, runtimeDescription(number)) {}

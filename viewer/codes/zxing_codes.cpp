@@ -7,6 +7,16 @@
 
 namespace inin::viewer {
 
+namespace {
+
+#if __has_include(<ReaderOptions.h>)
+using ReaderOptions = ZXing::ReaderOptions;
+#else // before version 2.2
+using ReaderOptions = ZXing::DecodeHints;
+#endif
+
+} // namespace
+
 bool canReadQrCodes()
 {
     return true;
@@ -31,9 +41,9 @@ std::vector<std::string> decodeQr(const GreyPicture &picture, InkThreshold thres
                                 picture.bytesPerRow);
     const auto binarizer =
         threshold == InkThreshold::local ? ZXing::Binarizer::LocalAverage : ZXing::Binarizer::FixedThreshold;
-    const auto hints = ZXing::DecodeHints().setFormats(ZXing::BarcodeFormat::QRCode).setBinarizer(binarizer);
+    const auto options = ReaderOptions().setFormats(ZXing::BarcodeFormat::QRCode).setBinarizer(binarizer);
     std::vector<std::string> texts;
-    for (const ZXing::Result &result : ZXing::ReadBarcodes(view, hints)) texts.push_back(result.text());
+    for (const ZXing::Result &result : ZXing::ReadBarcodes(view, options)) texts.push_back(result.text());
     return texts;
 }
 

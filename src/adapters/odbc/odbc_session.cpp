@@ -90,10 +90,16 @@ std::string OdbcSession::defaultDatabase() const
 
 std::unique_ptr<OdbcHandle> OdbcSession::newStatement(std::int32_t timeout) const
 {
-    auto statement = std::make_unique<OdbcHandle>(OdbcHandle::Kind::statement, m_handle.get());
-    SQLSetStmtAttrW(statement->get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(timeout)), 0);
-    // The statements are in the server's own language: disable ODBC escapes. Not every driver has this attribute.
-    SQLSetStmtAttrW(statement->get(), SQL_ATTR_NOSCAN, asPointer(SQL_NOSCAN_ON), 0);
+    const auto newHandle = [&] {
+        auto handle = std::make_unique<OdbcHandle>(OdbcHandle::Kind::statement, m_handle.get());
+        SQLSetStmtAttrW(handle->get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(static_cast<std::uintptr_t>(timeout)), 0);
+        return handle;
+    };
+    auto statement = newHandle();
+    // The statements are in the server's own language: disable ODBC escapes. A driver without this attribute may keep the
+    // record of its refusal and return it with the result of the statement, so another handle replaces this one.
+    if (!SQL_SUCCEEDED(SQLSetStmtAttrW(statement->get(), SQL_ATTR_NOSCAN, asPointer(SQL_NOSCAN_ON), 0)))
+        statement = newHandle();
     return statement;
 }
 
