@@ -25,13 +25,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-ViewerServices inventedServices(const QString &ledgerFile)
+ViewerServices inventedServices(const QString &ledgerFile, const QTemporaryDir &empty)
 {
     ViewerServices services = realServices();
     services.printers = [] {
         return std::vector<PrinterChoice>{{u"事務所のプリンター"_s, {}, true, QPrinter::DuplexLongSide}};
     };
-    services.settingsFile = u"/dev/null"_s;
+    services.settingsFile = empty.filePath(u"settings.ini"_s);
     services.paths.spool = [](const SpoolJob &, const std::function<bool()> &) {
         return SpoolResult{SpoolResult::End::taken, {}, "1"};
     };
@@ -44,8 +44,8 @@ enum class WindowSize { forAll, asOpened };
 class ViewerPhotographer {
 public:
     ViewerPhotographer(const std::string &script, QString folder, QString ending, const QString &ledger,
-                       const QString &captions)
-        : m_window(script, std::make_unique<OpenLetters>(script), inventedServices(ledger)),
+                       const QTemporaryDir &empty, const QString &captions)
+        : m_window(script, std::make_unique<OpenLetters>(script), inventedServices(ledger, empty)),
           m_folder(std::move(folder)), m_ending(std::move(ending)), m_captions(captions)
     {
     }
@@ -118,7 +118,7 @@ int main(int argc, char **argv)
     const qsizetype ledger = arguments.indexOf(u"--ledger"_s);
     const qsizetype captions = arguments.indexOf(u"--captions"_s);
     ViewerPhotographer(arguments[1].toStdString(), arguments[2], ending,
-                       ledger < 0 ? empty.filePath(u"台帳.db"_s) : arguments.value(ledger + 1),
+                       ledger < 0 ? empty.filePath(u"台帳.db"_s) : arguments.value(ledger + 1), empty,
                        captions < 0 ? QString() : arguments.value(captions + 1))
         .run(arguments.contains(u"--as-opened"_s) ? WindowSize::asOpened : WindowSize::forAll);
     return 0;
