@@ -114,11 +114,16 @@ TEST_CASE("each type of a Jet column is read as a type of the runtime")
           Row{"b終了", {std::int16_t{0}, std::int16_t{-1}, std::int16_t{-1}, std::int16_t{0}}},
           Row{"n単価", {1234.5, Null{}, -0.0001, 922337203685477.5807}}, Row{"nRate", {0.1, Null{}, -1e100, 70000.5}},
           Row{"iKubun", {std::int16_t{2}, Null{}, std::int16_t{-32768}, std::int16_t{32767}}},
-          Row{"iByte", {std::int16_t{255}, Null{}, std::int16_t{0}, std::int16_t{1}}},
-          Row{"nSingle", {1.5, Null{}, -0.25, 3e38}}}) {
+          Row{"iByte", {std::int16_t{255}, Null{}, std::int16_t{0}, std::int16_t{1}}}}) {
         CAPTURE(given.column);
         CHECK(jet.column("患者", given.column) == given.values);
     }
+    const Values singles = jet.column("患者", "nSingle");
+    CHECK(singles[0] == Variant(1.5));
+    CHECK(singles[1] == Variant(Null{}));
+    CHECK(singles[2] == Variant(-0.25));
+    // Newer versions of the driver return a double with the digits of the single.
+    CHECK((singles[3] == Variant(3e38) || singles[3] == Variant(double{3e38F})));
     const Values birthdays = jet.column("患者", "t生年月日");
     CHECK(birthdays[0] == Variant(DateSerial(1940, 5, 1)));
     CHECK(birthdays[1] == Variant(Null{}));
