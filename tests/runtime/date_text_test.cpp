@@ -124,7 +124,7 @@ TEST_CASE("every kind of blank may surround a date")
          {" ",      "\t",     "\u3000", "\u00A0", "\u0085", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004",
           "\u2005", "\u2006", "\u2007", "\u2008", "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F"}) {
         CAPTURE(blank);
-        CHECK(read(blank + "2024/5/1" + blank) == dateOf({2024, 5, 1}));
+        CHECK(read(std::string(blank).append("2024/5/1").append(blank)) == dateOf({2024, 5, 1}));
     }
 }
 

@@ -117,7 +117,7 @@ TEST_CASE("an archived PDF has its colours' meaning as an output intent with the
     const Archived archived(lettersWithPictures());
     const PdfObjects file(archived.pdf);
     CHECK(file.having("/Subtype /Image").size() == 11); // eight pictures, of which three have transparent parts
-    const std::string catalog = file.catalog();
+    const std::string &catalog = file.catalog();
     CHECK(contains(catalog, "/S /GTS_PDFA1\n"));
     CHECK(contains(catalog, "/OutputConditionIdentifier (sRGB)\n"));
     const int profile = PdfObjects::reference(catalog, "DestOutputProfile");
