@@ -68,7 +68,7 @@ void LetterReader::fill(IninRow &letter, const ExtractionRule &rule, const Lette
 /// Consecutive letters mostly have the same company, bank and period: they share these texts.
 void LetterReader::set(IninRow &letter, IninField field, std::string_view text)
 {
-    if ((m_last.*field).view() != text) m_last.*field = text;
+    if ((m_last.*field).view() != text) m_last.*field = SharedText(text); // copies the bytes
     letter.*field = m_last.*field;
 }
 
