@@ -18,7 +18,7 @@ namespace {
 
 bool isVisible(const ShapedGlyph &glyph)
 {
-    return glyph.text != 0 && glyph.text != U' ' && glyph.text != U'\t' && glyph.text != U'\u3000';
+    return glyph.text != U' ' && glyph.text != U'\t' && glyph.text != U'\u3000';
 }
 
 /// Lays letters out without painting them, to collect their marks. Notes whether a letter has a visible character or a
