@@ -81,8 +81,10 @@ private:
 
 class FakeRecordset : public Recordset {
 public:
+    explicit FakeRecordset(FakeDatabase &database) : m_database(database) {}
     void setCursorLocation(std::int32_t location) override { m_client = location == adUseClient; }
-    void Open(const std::string &sql, Connection &connection, std::int32_t, std::int32_t, std::int32_t) override
+    void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
+              std::int32_t options) override
     {
         auto &fake = dynamic_cast<FakeConnection &>(connection);
         if (fake.State() == adStateClosed)
@@ -91,6 +93,7 @@ public:
         m_result = fake.answerTo(sql);
         fake.raiseIfAsked(m_result);
         m_open = true;
+        m_database.opened({cursorType, lockType, options});
         m_reached = 0;
         goTo(0);
     }
@@ -98,6 +101,7 @@ public:
     {
         if (!m_open) throw RuntimeError(error_number::closedObject, "オブジェクトは閉じています。");
         m_open = false;
+        --m_database.openRecordsets;
     }
     std::int32_t State() const override { return m_open ? adStateOpen : adStateClosed; }
     bool isEndOfFile() const override { return m_row >= m_result.rows.size(); }
@@ -137,6 +141,7 @@ private:
         m_reached = std::max(m_reached, std::min(row + 1, m_result.rows.size()));
     }
 
+    FakeDatabase &m_database;
     FakeResult m_result;
     std::size_t m_row = 0;
     std::size_t m_reached = 0;
@@ -153,7 +158,7 @@ std::unique_ptr<Connection> FakeDatabase::newConnection()
 
 std::unique_ptr<Recordset> FakeDatabase::newRecordset()
 {
-    return std::make_unique<FakeRecordset>();
+    return std::make_unique<FakeRecordset>(*this);
 }
 
 FakeResult FakeDatabase::answerTo(const std::string &sql)
