@@ -112,8 +112,8 @@ public:
         if (m_result.failingMove != 0 && m_row == static_cast<std::size_t>(m_result.failingMove))
             throw RuntimeError(ado_error::unspecified, "接続が失われました。");
     }
-    void MoveFirst() override { goTo(0); }
-    void MoveLast() override { goTo(m_result.rows.empty() ? 0 : m_result.rows.size() - 1); }
+    void MoveFirst() override { goTo(firstRow()); }
+    void MoveLast() override { goTo(firstRow() + m_result.rows.size() - 1); }
     /// Counts the rows reached so far, as some providers do: the count is complete only after MoveLast.
     std::int32_t RecordCount() const override { return m_client ? static_cast<std::int32_t>(m_reached) : -1; }
     std::size_t fieldCount() const override { return m_result.columns.size(); }
@@ -135,6 +135,11 @@ public:
     }
 
 private:
+    [[nodiscard]] std::size_t firstRow() const
+    {
+        if (m_result.rows.empty()) throw RuntimeError(error_number::noCurrentRecord, "レコードがありません。");
+        return 0;
+    }
     void goTo(std::size_t row)
     {
         m_row = row;

@@ -234,6 +234,9 @@ TEST_CASE("the texts of several reports are joined by column, and a column that 
     CHECK(texts.value(1, texts.columnOf("部屋")) == "201");
     CHECK(texts.value(1, texts.columnOf("利用者氏名")) == "鈴木");
     CHECK(texts.value(1, texts.columnOf("保険者名")).empty());
+    set.reports[0].formPath = "委任状.wfd";
+    set.reports[1].formPath = "名簿.wfd";
+    CHECK(markOf(set).formName == "委任状.wfd、名簿.wfd");
 }
 
 TEST_CASE("the months of a run extend over those of all its reports")
