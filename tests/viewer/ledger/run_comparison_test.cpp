@@ -139,6 +139,17 @@ TEST_CASE("the dates of another month are not changes, those of the same month a
     CHECK(day.changed[0].fields == std::vector<ChangedField>{{"最終施術日", "2026/11/20", "2026/11/25"}});
 }
 
+TEST_CASE("letters of one person are recognised in another month by what lasts, in any order")
+{
+    const auto letterOf = [](const std::string &month, const std::string &account) {
+        return rowWith(textRow("山田", month), column::account, account);
+    };
+    const RunComparison swapped = compared({letterOf("2026/11", "(普) 1"), letterOf("2026/11", "(普) 2")},
+                                           {letterOf("2026/12", "(普) 2"), letterOf("2026/12", "(普) 1")});
+    CHECK(swapped.isSame());
+    CHECK(swapped.before == std::vector<std::optional<std::size_t>>{1, 0});
+}
+
 TEST_CASE("an unreadable row is compared by its text in the file")
 {
     const auto textsWith = [](const std::string &name) {
