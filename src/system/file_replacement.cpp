@@ -95,14 +95,14 @@ void FileReplacement::openNamed()
 {
     errno = EEXIST;
     for (int number = 0; number < kTemporaryNames && !isOpen() && errno == EEXIST; ++number) {
-        const std::string path = temporaryName(m_folder, number);
+        std::string path = temporaryName(m_folder, number);
         FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, m_rights));
         if (!file.isOpen()) continue;
         // In a file system without locks no process treats the file as abandoned.
         const bool isOwn = lock(file) || errno != EWOULDBLOCK;
         if (isOwn && isNamed(file, path)) {
             m_file = std::move(file);
-            setTemporary(path);
+            setTemporary(std::move(path));
         }
         errno = EEXIST; // another process removed it as abandoned before it was locked
     }
@@ -128,9 +128,9 @@ bool FileReplacement::linkAsTemporary()
     (void)lock(m_file);
     errno = EEXIST;
     for (int number = 0; number < kTemporaryNames && errno == EEXIST; ++number) {
-        const std::string path = temporaryName(m_folder, number);
+        std::string path = temporaryName(m_folder, number);
         if (!linkAs(path)) continue;
-        setTemporary(path);
+        setTemporary(std::move(path));
         return true;
     }
     return false;
@@ -149,7 +149,8 @@ bool FileReplacement::commit()
     return true;
 }
 
-void FileReplacement::setTemporary(std::string path)
+/// Moves the path and never copies it: a failed allocation would leave the file in the folder.
+void FileReplacement::setTemporary(std::string &&path)
 {
     m_temporary = std::move(path);
     handleSignals();

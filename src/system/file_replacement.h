@@ -43,7 +43,7 @@ private:
     void openNamed();
     [[nodiscard]] bool linkAs(const std::string &path) const;
     [[nodiscard]] bool linkAsTemporary();
-    void setTemporary(std::string path);
+    void setTemporary(std::string &&path);
     void forgetTemporary();
 
     std::string m_target, m_folder; ///< the folder with a trailing slash; empty for the current one

@@ -14,9 +14,6 @@ using namespace inin;
 
 namespace {
 
-/// One print has some two thousand allocations.
-constexpr std::size_t kMost = 1000;
-
 /// The conditions screen on the tables of a site, without a transcript: a failed allocation in the JSON library ends the
 /// process.
 struct Screen {
@@ -103,7 +100,7 @@ TEST_CASE(
     CHECK(faultOf(site, 0) == "");
     const std::size_t count = FaultyAllocations::count();
     std::size_t faults = 0;
-    for (const std::size_t allocation : operationsToFail(count, 0, kMost)) {
+    for (const std::size_t allocation : operationsToFail(count, 0)) {
         const ChildEnd end = inChild([&] { return faultOf(site, allocation); });
         INFO("allocation ", allocation, " of ", count);
         CHECK(end.isGood());

@@ -23,11 +23,10 @@ std::vector<std::string> sampleOf(const std::vector<std::string> &plays)
     return tried;
 }
 
-std::vector<std::size_t> operationsToFail(std::size_t count, std::size_t round, std::size_t most)
+std::vector<std::size_t> operationsToFail(std::size_t count, std::size_t round)
 {
     constexpr std::size_t kFew = 5;
-    const std::size_t wanted = areAllTried() ? most : kFew;
-    const std::size_t step = std::max<std::size_t>(1, count / wanted);
+    const std::size_t step = areAllTried() ? 1 : std::max<std::size_t>(1, count / kFew);
     std::vector<std::size_t> operations;
     for (std::size_t operation = 1 + round % step; operation <= count; operation += step)
         operations.push_back(operation);

@@ -36,9 +36,8 @@ private:
 /// All plays if the environment variable ININ_FAULTS is "all"; otherwise one in six.
 [[nodiscard]] std::vector<std::string> sampleOf(const std::vector<std::string> &plays);
 
-/// The operations to let fail, of `count`: all, or `most` at even distances, if the environment variable ININ_FAULTS is
-/// "all"; otherwise a few, others in each `round`.
-[[nodiscard]] std::vector<std::size_t> operationsToFail(std::size_t count, std::size_t round,
-                                                        std::size_t most = SIZE_MAX);
+/// The operations to let fail, of `count`: all if the environment variable ININ_FAULTS is "all"; otherwise a few, others in
+/// each `round`.
+[[nodiscard]] std::vector<std::size_t> operationsToFail(std::size_t count, std::size_t round);
 
 } // namespace inin

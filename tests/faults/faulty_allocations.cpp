@@ -3,6 +3,9 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
+#include <string_view>
+
+#include <dlfcn.h>
 
 namespace inin {
 
@@ -11,6 +14,19 @@ namespace {
 std::atomic<std::ptrdiff_t> live = 0;
 std::atomic<std::size_t> counted = 0;
 std::atomic<std::size_t> failingAllocation = 0;
+
+/// The toolkit is not made for failed allocations: one in a constructor of its settings ends the process.
+bool isInToolkit(const void *caller)
+{
+    Dl_info library{};
+    return dladdr(caller, &library) != 0 &&
+           std::string_view(library.dli_fname).find("/libQt6") != std::string_view::npos;
+}
+
+bool mustFail(std::size_t number, const void *caller)
+{
+    return number == failingAllocation && !isInToolkit(caller);
+}
 
 } // namespace
 
@@ -39,8 +55,8 @@ std::ptrdiff_t liveAllocations()
 
 void *operator new(std::size_t size)
 {
-    const std::size_t number = ++inin::counted;
-    void *const memory = number == inin::failingAllocation ? nullptr : std::malloc(size == 0 ? 1 : size);
+    const bool isFailing = inin::mustFail(++inin::counted, __builtin_return_address(0));
+    void *const memory = isFailing ? nullptr : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) throw std::bad_alloc();
     ++inin::live;
     return memory;

@@ -4,7 +4,8 @@
 
 namespace inin {
 
-/// While it exists, one allocation of this process fails with std::bad_alloc. Only one may exist at a time.
+/// While it exists, one allocation of this process fails with std::bad_alloc, unless it is the toolkit's own. Only one may
+/// exist at a time.
 class FaultyAllocations {
 public:
     /// The allocation of this number fails, 1 is the first; 0 for none.

@@ -34,6 +34,10 @@ constexpr std::string_view kFixedTexts[] = {
     "患者の検索に失敗しました",
     "システムエラーが発生しました！\r\r", // the same
     "該当する患者データがありません。",   // in a run that follows the failed one
+    "環境ファイルの取得に失敗しました。", // the online help's address
+    "オンラインヘルプは現在ご利用いただけません。",
+    "有効な行が選択されていません！",                                  // a list that could not be filled
+    "施術者の検索に失敗しました！\r\r(380)プロパティの値が不正です。", // the same: it has no first entry to select
 };
 /// The ends of texts about settings that cannot be read.
 constexpr std::string_view kFixedEnds[] = {
@@ -169,6 +173,8 @@ FaultyPlay::FaultyPlay(const std::string &file) : m_play(readPlay(file)), m_site
     const PlayRecord usual = play();
     for (const std::string &text : boxTexts(usual)) m_usualTexts.insert(text);
     m_usualFiles = files();
+    (void)play();
+    m_filesOfRepetition = files();
     m_endsInTemporaryFolder = m_usualFiles.contains("TMP/委任状.csv") && m_usualFiles.contains("TMP/WfdCom.dat");
 }
 

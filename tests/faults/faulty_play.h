@@ -18,7 +18,7 @@ using FolderContent = std::map<std::string, std::optional<std::string>>;
 /// A play that is repeated with faults on the same site, and the rules that hold whatever fails.
 class FaultyPlay {
 public:
-    /// Prepares the site and plays once without a fault.
+    /// Prepares the site and plays twice without a fault.
     explicit FaultyPlay(const std::string &file);
 
     /// Brings the site back to its state before the first play.
@@ -34,8 +34,9 @@ public:
     [[nodiscard]] std::string brokenFileRule() const;
 
     [[nodiscard]] FolderContent files() const { return contentOf(m_site.folder()); }
-    /// The files after the play without a fault.
-    [[nodiscard]] const FolderContent &usualFiles() const { return m_usualFiles; }
+    /// True if the files are those after the play without a fault, or after a repeated one, which may begin with other
+    /// conditions because the first one stored its own.
+    [[nodiscard]] bool hasUsualFiles() const { return files() == m_usualFiles || files() == m_filesOfRepetition; }
     [[nodiscard]] const std::string &name() const { return m_play.file; }
 
 private:
@@ -45,7 +46,7 @@ private:
 
     Play m_play;
     TemporarySite m_site;
-    FolderContent m_before, m_usualFiles;
+    FolderContent m_before, m_usualFiles, m_filesOfRepetition;
     std::set<std::string> m_usualTexts;  ///< of boxes
     bool m_endsInTemporaryFolder = true; ///< the outputs of the usual run are in the ordinary folder
     std::string m_unfinishedStart;       ///< a start of the form tool with unfinished files

@@ -1,45 +1,18 @@
 #include "faults/fault_plan.h"
 #include "faults/faulty_system_calls.h"
+#include "faults/viewer_outputs.h"
 #include "runtime/runtime_error.h"
-#include "suite_text/code_page_932.h"
 #include "support/child_process.h"
-#include "viewer/app/write_letters.h"
-#include "viewer/ledger/ledger_world.h"
-#include "viewer/support/viewer_world.h"
 
 #include <doctest/doctest.h>
-#include <sqlite3.h>
 
 #include <functional>
-#include <memory>
 
 using namespace inin;
 using namespace inin::viewer;
 using namespace inin::viewer::test;
 
 namespace {
-
-constexpr const char *kOld = "old";
-
-/// A program part that replaces one file.
-struct FileWriter {
-    const char *name;
-    std::string output;
-    std::function<void()> write;
-    const char *end; ///< of the new file
-};
-
-std::vector<FileWriter> writersIn(const TempFolder &folder)
-{
-    ViewCommand toPdf;
-    toPdf.script = writePrintJob(folder, kForm, std::vector<Row>(3, ordinaryRow()));
-    toPdf.pdf = folder / "out.pdf";
-    MergeCommand merge;
-    merge.script = folder.put("merge.dat", encodeCp932("setreport,\"" + folder.path() + "/" + kForm + "\"\r\n"));
-    merge.output = folder / "tmp.wfd";
-    return {{"PDF", toPdf.pdf, [toPdf] { writeLetters(toPdf); }, "%%EOF\n"},
-            {"combined form", merge.output, [merge] { writeCombinedForm(merge); }, "\n"}};
-}
 
 std::size_t countChanges(const std::function<void()> &act)
 {
@@ -70,43 +43,10 @@ ChildEnd killAt(std::size_t change, const std::function<void()> &act)
     });
 }
 
-const TestRun kRun = runOf(5);
-
-/// Records a run and a print, and the return of its first letter.
-void record(const LedgerWorld &world)
-{
-    Ledger ledger = world.open();
-    const std::optional<RunId> run = ledger.recordRun(kRun.mark, kRun.texts, kPrintDay);
-    if (!run) return;
-    (void)ledger.recordOutput(*run, printJob(lettersFrom(0, 5)));
-    (void)ledger.setReturned(printedLetter(*run, 0), true, kPrintDay);
-}
-
 std::size_t countRecord()
 {
     const LedgerWorld world;
-    return countChanges([&] { record(world); });
-}
-
-/// What is wrong with the ledger's file; "ok" for nothing. An incomplete run is wrong too.
-std::string stateOfFile(const LedgerWorld &world)
-{
-    Ledger ledger = world.open();
-    if (ledger.fault() != LedgerFault::none) return ledger.notice();
-    for (const RunSummary &run : ledger.runs())
-        if (run.letters != 5 || ledger.texts(run.id).size() != 5 || ledger.states(run.id).size() != 5)
-            return "an incomplete run";
-    sqlite3 *database = nullptr;
-    std::string state;
-    const auto keep = [](void *text, int, char **values, char **) {
-        *static_cast<std::string *>(text) = values[0];
-        return 0;
-    };
-    if (sqlite3_open(world.path.c_str(), &database) != SQLITE_OK ||
-        sqlite3_exec(database, "PRAGMA integrity_check", keep, &state, nullptr) != SQLITE_OK)
-        state = sqlite3_errmsg(database);
-    sqlite3_close(database);
-    return state;
+    return countChanges([&] { recordRunAndReturn(world); });
 }
 
 } // namespace
@@ -165,7 +105,7 @@ TEST_CASE("whatever change of a file fails, the ledger is sound and holds whole 
     for (std::size_t change = 1; change <= count; ++change) {
         const LedgerWorld world;
         FaultPlan plan(change);
-        CHECK(sentenceAfter(plan, [&] { record(world); }).empty());
+        CHECK(sentenceAfter(plan, [&] { recordRunAndReturn(world); }).empty());
         INFO("change ", change, " of ", count, ": ", plan.failed());
         CHECK(stateOfFile(world) == "ok");
     }
@@ -179,9 +119,9 @@ TEST_CASE("a process killed at any change of a file leaves a sound ledger with w
     for (std::size_t change = 1; change <= count; ++change) {
         INFO("change ", change, " of ", count);
         const LedgerWorld world;
-        CHECK(killAt(change, [&] { record(world); }).isKilled());
+        CHECK(killAt(change, [&] { recordRunAndReturn(world); }).isKilled());
         CHECK(stateOfFile(world) == "ok");
-        record(world);
+        recordRunAndReturn(world);
         CHECK(world.open().runs().size() == 1);
     }
 }

@@ -22,7 +22,7 @@ void RecordedFiles::recordRun()
 
 void RecordedFiles::addCodes()
 {
-    if (!printsCodes() || !m_renderer.showsCodes()) return;
+    if (!m_renderer.showsCodes() || !printsCodes()) return;
     recordRun();
     if (m_run) m_renderer.setCodes(m_ledger.codes(*m_run));
 }
