@@ -1,5 +1,6 @@
 #include "desktop_theme/clear_style.h"
 
+#include "desktop_theme/contrast.h"
 #include "desktop_theme/theme.h"
 
 #include <QAbstractItemView>
@@ -58,7 +59,9 @@ void drawGroupFrame(const QStyleOption &option, QPainter &painter, int titleHeig
 {
     QColor outline = option.palette.color(QPalette::WindowText);
     outline.setAlpha(kFrameAlpha);
-    drawOutline(painter, option.rect.adjusted(0, titleHeight, 0, 0), outline, 1);
+    // Painted opaque: the toolkit paints large translucent shapes in other threads, and waiting for these takes longer.
+    drawOutline(painter, option.rect.adjusted(0, titleHeight, 0, 0),
+                opaque(outline, option.palette.color(QPalette::Window)), 1);
 }
 
 /// Draws the face of a push button inside its edge. The base style would make it paler than the button's colour.

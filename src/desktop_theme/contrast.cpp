@@ -19,6 +19,14 @@ double luminance(const QColor &colour)
 
 } // namespace
 
+QColor opaque(const QColor &colour, const QColor &background)
+{
+    const float alpha = colour.alphaF();
+    const auto mixed = [alpha](float own, float below) { return own * alpha + below * (1 - alpha); };
+    return QColor::fromRgbF(mixed(colour.redF(), background.redF()), mixed(colour.greenF(), background.greenF()),
+                            mixed(colour.blueF(), background.blueF()));
+}
+
 double contrastRatio(const QColor &a, const QColor &b)
 {
     constexpr double kFlare = 0.05;

@@ -42,14 +42,6 @@ constexpr TextPair kPairs[] = {
     {QPalette::Link, QPalette::Window},
 };
 
-QColor opaque(QColor colour, const QColor &background)
-{
-    const float alpha = colour.alphaF();
-    const auto mixed = [alpha](float own, float below) { return own * alpha + below * (1 - alpha); };
-    return QColor::fromRgbF(mixed(colour.redF(), background.redF()), mixed(colour.greenF(), background.greenF()),
-                            mixed(colour.blueF(), background.blueF()));
-}
-
 /// Changes the first colour where its contrast to the second is below the ratio.
 void separate(QPalette &palette, QPalette::ColorGroup group, const TextPair &pair, double ratio)
 {

@@ -2,7 +2,7 @@
 // conditions screen, on a demo site, each compared with an empty window of the toolkit. The background fills the
 // screen, and so does its empty window. The screen is compared with a window that shows one line of Japanese text,
 // because the first text of a process makes the toolkit read the system's fonts, which takes about as long as the rest
-// of an empty window. All processes are started anew each time, as a user starts them, and alternate, so that other
+// of an empty window, and with a window of the same controls without a program, which the toolkit alone shows. All processes are started anew each time, as a user starts them, and alternate, so that other
 // load affects all alike. Without a display they paint offscreen.
 
 #include "app/print_inin/desktop.h"
@@ -83,15 +83,19 @@ int measure(const std::string &self)
 {
     const BenchSite site(kPatients);
     const std::string folder = site.folder().string();
-    const std::string emptyWindow = std::filesystem::path(self).replace_filename("empty_window").string();
+    const auto beside = [&self](const char *name) {
+        return std::filesystem::path(self).replace_filename(name).string();
+    };
+    const std::string emptyWindow = beside("empty_window");
     Start empty{{emptyWindow}};
     Start large{{emptyWindow, "--maximised"}};
     Start line{{emptyWindow, "委任状印刷"}};
+    Start bare{{beside("bare_screen")}};
     Start background{{self, "frmBack", folder}};
     Start screen{{self, "frmPrintInin", folder}};
     const std::string answer = folder + "/painted";
     for (int run = -1; run < kRuns; ++run) // the first round brings the files into the system's cache
-        for (Start *start : {&empty, &large, &line, &background, &screen}) {
+        for (Start *start : {&empty, &large, &line, &bare, &background, &screen}) {
             const double spent = millisecondsToPaint(start->command, answer);
             if (run >= 0) start->milliseconds.push_back(spent);
         }
@@ -106,6 +110,7 @@ int measure(const std::string &self)
     compare("first painted window", background, empty, "empty window", "ratio 1.50");
     compare("first painted window, maximised", background, large, "empty window", "");
     compare("painted conditions screen", screen, line, "window with text", "ratio 1.25");
+    compare("painted conditions screen", screen, bare, "the same controls alone", "");
     compare("painted conditions screen", screen, empty, "empty window", "");
     return 0;
 }

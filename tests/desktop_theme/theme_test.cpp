@@ -10,7 +10,10 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QIcon>
+#include <QImage>
+#include <QPainter>
 #include <QStyle>
+#include <QStyleOption>
 #include <QWidget>
 
 #include <algorithm>
@@ -53,6 +56,24 @@ TEST_CASE("the contrast of black and white is 21, that of #308CC6 and white 3.69
     CHECK(contrastRatio(Qt::black, Qt::white) == doctest::Approx(21));
     CHECK(contrastRatio(QColor("#308CC6"), Qt::white) == doctest::Approx(3.69).epsilon(0.002));
     CHECK(contrastRatio(QColor("#BEBEBE"), Qt::white) == doctest::Approx(1.86).epsilon(0.002));
+}
+
+TEST_CASE("a translucent colour on a background becomes opaque")
+{
+    CHECK(opaque(QColor(0, 0, 0, 51), Qt::white).rgba() == qRgb(204, 204, 204));
+    CHECK(opaque(QColor(1, 2, 3), Qt::white).rgba() == qRgb(1, 2, 3));
+}
+
+TEST_CASE("the frame of a group is opaque")
+{
+    QImage picture(60, 60, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QStyleOption option;
+    option.rect = picture.rect();
+    QPainter painter(&picture);
+    QApplication::style()->drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter);
+    CHECK(qAlpha(picture.pixel(0, 40)) == 255);
+    CHECK(qAlpha(picture.pixel(30, 40)) == 0);
 }
 
 TEST_CASE("a colour with enough contrast is kept, another one keeps its hue")

@@ -5,30 +5,21 @@
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QTimer>
 
 namespace inin::qt {
 
 NoJapaneseFont::NoJapaneseFont() : std::runtime_error(kWhatToInstall) {}
 
 FontReading::FontReading()
+    : m_hasJapanese(std::async(std::launch::async, [] {
+          // The toolkit locks its list of fonts itself. The first query reads all fonts.
+          return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
+      }))
 {
-    QTimer::singleShot(0, &m_firstWait, [this] { begin(); });
-}
-
-void FontReading::begin()
-{
-    if (m_hasBegun) return;
-    m_hasBegun = true;
-    m_hasJapanese = std::async(std::launch::async, [] {
-        // The toolkit locks its list of fonts itself. The first query reads all fonts.
-        return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
-    });
 }
 
 void FontReading::finish()
 {
-    begin();
     if (!m_hasJapanese.valid()) return;
     if (!m_hasJapanese.get()) throw NoJapaneseFont();
     theme::useJapaneseFont(*qApp);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QObject>
-
 #include <future>
 #include <stdexcept>
 
@@ -13,9 +11,8 @@ public:
     NoJapaneseFont();
 };
 
-/// Reads the system's fonts while the first window waits for the display. Reading takes about as long as showing an
-/// empty window, and the first window of the program has only a picture: it need not wait for the fonts or compete with
-/// their reading for the processor. Must not outlive the application object.
+/// Reads the system's fonts in another thread while the program shows its first window, which has only a picture, and
+/// loads the conditions screen: the reading takes about as long as both. Must not outlive the application object.
 class FontReading {
 public:
     FontReading();
@@ -24,10 +21,6 @@ public:
     void finish();
 
 private:
-    void begin();
-
-    QObject m_firstWait; ///< its timer is removed with it
-    bool m_hasBegun = false;
     std::future<bool> m_hasJapanese; ///< consumed by the first finish
 };
 
