@@ -5,6 +5,7 @@
 // of an empty window, and with a window of the same controls without a program, which the toolkit alone shows. All processes are started anew each time, as a user starts them, and alternate, so that other
 // load affects all alike. Without a display they paint offscreen.
 
+#include "adapters/qt/font_reading.h"
 #include "app/print_inin/desktop.h"
 #include "bench/bench_process.h"
 #include "bench/bench_site.h"
@@ -37,11 +38,12 @@ int startUpTo(const char *window, const char *folder, char **argv)
     if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
     int noArguments = 1;
     QApplication application(noArguments, argv);
+    FontReading fonts;
     QApplication::setQuitOnLastWindowClosed(false);
     theme::applyTheme(application);
     EndAtPaint::of(window);
     EventEdge edge;
-    Desktop desktop(folder, edge);
+    Desktop desktop(folder, edge, fonts);
     App app(desktop.platform());
     Main(app);
     return 1;

@@ -63,8 +63,10 @@ void SqlSchema::add(std::string_view table, std::string_view column, std::string
 
 const SqlSchema::Columns *SqlSchema::columnsOf(std::string_view table) const
 {
-    const auto found = m_tables.find(asciiLower(table));
-    return found == m_tables.end() ? nullptr : &found->second;
+    const std::string name = asciiLower(table);
+    auto found = m_tables.find(name);
+    if (found == m_tables.end() && m_read) found = m_tables.emplace(name, m_read(name)).first;
+    return found == m_tables.end() || found->second.empty() ? nullptr : &found->second;
 }
 
 ColumnKind kindIn(const SqlSchema::Columns &columns, std::string_view lowerName)

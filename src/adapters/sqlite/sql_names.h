@@ -4,9 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace inin::sqlite {
@@ -26,13 +28,20 @@ public:
         ColumnKind kind = ColumnKind::unknown;
     };
     using Columns = std::vector<Column>;
+    /// Returns no columns for an unknown table.
+    using ReadColumns = std::function<Columns(const std::string &table)>;
+
+    SqlSchema() = default;
+    /// Reads the columns of a table when they are first requested.
+    explicit SqlSchema(ReadColumns read) : m_read(std::move(read)) {}
 
     void add(std::string_view table, std::string_view column, std::string_view declaredType);
     /// nullptr for an unknown table.
     [[nodiscard]] const Columns *columnsOf(std::string_view table) const;
 
 private:
-    std::unordered_map<std::string, Columns> m_tables;
+    ReadColumns m_read;
+    mutable std::unordered_map<std::string, Columns> m_tables;
 };
 
 /// The kind of a column; unknown when there is no column of that name.

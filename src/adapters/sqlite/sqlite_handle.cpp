@@ -3,6 +3,7 @@
 #include "adapters/sqlite/sqlite_error.h"
 #include "adapters/sqlite/sqlite_functions.h"
 #include "runtime/runtime_error.h"
+#include "runtime/text.h"
 #include "system/file_path.h"
 #include "system/whole_file.h"
 
@@ -20,6 +21,7 @@ constexpr int kProgressSteps = 4000;
 constexpr int kBusyPauseMs = 5;
 /// SQLite's bit for this optimization, which has no name in its public header.
 constexpr int kBloomFilter = 0x00080000;
+constexpr const char *kColumnsOfTable = "SELECT name, type FROM pragma_table_info(?)";
 
 bool isDatabaseFile(const std::string &path, bool &isEmpty)
 {
@@ -114,29 +116,30 @@ int SqliteHandle::refreshSchema()
     return loaded;
 }
 
+/// Preparing a statement makes SQLite read all definitions, so a damaged one is found here.
 int SqliteHandle::loadSchema()
 {
-    m_schema = SqlSchema();
-    int code = SQLITE_OK;
-    // A view of a dropped table must not make the whole database unusable.
-    for (const char *kind : {"table", "view"}) {
-        const std::string sql = "SELECT m.name, c.name, c.type FROM sqlite_schema m, pragma_table_info(m.name) c "
-                                "WHERE m.type = '" +
-                                std::string(kind) + "'";
-        const auto columns = prepareInternal(m_db.get(), sql.c_str());
-        if (!columns) return sqlite3_errcode(m_db.get());
-        int step = SQLITE_ROW;
-        while ((step = sqlite3_step(columns->get())) == SQLITE_ROW) {
-            const auto text = [&columns](std::size_t index) {
-                const Variant value = columns->value(index);
-                const std::string *name = value.getIf<std::string>();
-                return name == nullptr ? std::string() : *name;
-            };
-            m_schema.add(text(0), text(1), text(2));
-        }
-        if (step != SQLITE_DONE && code == SQLITE_OK && std::string_view(kind) == "table") code = step;
-    }
-    return code;
+    m_schema = SqlSchema([this](const std::string &table) { return readColumns(table); });
+    return prepareInternal(m_db.get(), kColumnsOfTable) ? SQLITE_OK : sqlite3_errcode(m_db.get());
+}
+
+SqlSchema::Columns SqliteHandle::readColumns(const std::string &table)
+{
+    const auto found = prepareInternal(m_db.get(), kColumnsOfTable);
+    if (!found) raise(*m_errors, providerError(m_db.get(), sqlite3_errcode(m_db.get())));
+    sqlite3_bind_text(found->get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
+    const auto text = [&found](std::size_t index) {
+        const Variant value = found->value(index);
+        const std::string *name = value.getIf<std::string>();
+        return name == nullptr ? std::string() : *name;
+    };
+    SqlSchema::Columns columns;
+    int code = SQLITE_ROW;
+    while ((code = sqlite3_step(found->get())) == SQLITE_ROW)
+        columns.push_back({asciiLower(text(0)), kindOfDeclaredType(text(1))});
+    // A view of a dropped table has no columns; the statement that reads the view reports why.
+    if (code != SQLITE_DONE && code != SQLITE_ERROR) raise(*m_errors, providerError(m_db.get(), code));
+    return columns;
 }
 
 /// True if the file, possibly its schema, was changed since the last call. Valid only after a step that read from it.

@@ -26,7 +26,7 @@ namespace inin::sqlite {
 struct SqlShape;
 class SqliteCursor;
 
-/// One physical connection: the open file, its table columns and its recent statements. It outlives a session; the pool
+/// One physical connection: the open file, the columns of its tables and its recent statements. It outlives a session; the pool
 /// passes it from one session to the next. Each operation that fails puts its entry into the error list of the session
 /// and throws a RuntimeError.
 class SqliteHandle {
@@ -81,6 +81,7 @@ private:
     void configure();
     int refreshSchema();
     int loadSchema();
+    [[nodiscard]] SqlSchema::Columns readColumns(const std::string &table);
     [[nodiscard]] bool wasFileChanged();
     std::shared_ptr<SqliteStatement> prepareReading(const SqlShape &shape);
     std::shared_ptr<SqliteStatement> prepare(const std::vector<Token> &tokens);

@@ -18,12 +18,12 @@ namespace {
 
 } // namespace
 
-Desktop::Desktop(const std::string &folder, qt::EventEdge &edge)
+Desktop::Desktop(const std::string &folder, qt::EventEdge &edge, qt::FontReading &fonts)
     : m_profile(makeSystemProfile()), m_files(makeSystemFiles(folder)), m_clock(makeSystemClock()),
       m_locale(makeSystemLocale()), m_processes(makeSystemProcesses(endAtOnce)), m_automation(makeSystemAutomation()),
       m_database(makeSuiteDatabase(dataSourceIn(folder))),
-      m_windows(*m_files, {edge, [this] { return m_clock->today(); }, systemPath, [this] { m_fonts.finish(); }}),
-      m_boxes(edge, [this] { m_fonts.finish(); })
+      m_windows(*m_files, {edge, [this] { return m_clock->today(); }, systemPath, [&fonts] { fonts.finish(); }}),
+      m_boxes(edge, [&fonts] { fonts.finish(); })
 {
 }
 

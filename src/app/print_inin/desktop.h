@@ -14,11 +14,11 @@ namespace inin {
 /// installed font can display its text.
 class Desktop {
 public:
-    Desktop(const std::string &folder, qt::EventEdge &edge);
+    /// The reading of the fonts must outlive it.
+    Desktop(const std::string &folder, qt::EventEdge &edge, qt::FontReading &fonts);
     [[nodiscard]] Platform platform();
 
 private:
-    qt::FontReading m_fonts;
     std::unique_ptr<Profile> m_profile;
     std::unique_ptr<Files> m_files;
     std::unique_ptr<Clock> m_clock;

@@ -3,6 +3,7 @@
 // tests.
 
 #include "adapters/native/native_platform.h"
+#include "adapters/qt/font_reading.h"
 #include "adapters/qt/qt_text.h"
 #include "adapters/qt/system_words.h"
 #include "adapters/qt/window_application.h"
@@ -73,9 +74,9 @@ void runRecorded(const Platform &inner, const std::string &file)
         {boxes, windows, database, inner.profile, inner.files, processes, inner.clock, inner.locale, inner.automation});
 }
 
-void runProgram(qt::EventEdge &edge)
+void runProgram(qt::EventEdge &edge, qt::FontReading &fonts)
 {
-    Desktop desktop(applicationFolder(), edge);
+    Desktop desktop(applicationFolder(), edge, fonts);
     const QString transcript = qEnvironmentVariable(kTranscriptVariable);
     if (transcript.isEmpty()) return runOn(desktop.platform());
     runRecorded(desktop.platform(), qt::fromQt(transcript));
@@ -89,9 +90,9 @@ int report(const char *title, const std::string &text)
     return kBroken;
 }
 
-int run(qt::EventEdge &edge)
+int run(qt::EventEdge &edge, qt::FontReading &fonts)
 try {
-    runProgram(edge);
+    runProgram(edge, fonts);
     return 0;
 } catch (const UnhandledError &unhandled) {
     return report(kApplicationTitle, numberedText(unhandled.error()));
@@ -119,12 +120,13 @@ try {
     int noArguments = 1;
     inin::qt::EventEdge edge;
     inin::qt::WindowApplication application(noArguments, argv);
+    inin::qt::FontReading fonts;
     application.onFault = [&edge](std::exception_ptr fault) { edge.keep(std::move(fault)); };
     QApplication::setQuitOnLastWindowClosed(false); // the program's unload decides when to quit
     QApplication::setApplicationDisplayName({});
     inin::theme::applyTheme(application);
     inin::theme::useJapaneseWords(application);
-    return inin::run(edge);
+    return inin::run(edge, fonts);
 } catch (const std::exception &fault) {
     std::fprintf(stderr, "PrintInin: %s\n", fault.what());
     return inin::kBroken;

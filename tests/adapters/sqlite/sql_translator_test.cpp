@@ -183,6 +183,20 @@ TEST_CASE("a date literal compared with a date column has the column's format")
     checkAll(kRows);
 }
 
+TEST_CASE("the columns of a table are read once, for the first statement that names it")
+{
+    std::vector<std::string> read;
+    const SqlSchema lazy([&read](const std::string &table) {
+        read.push_back(table);
+        return SqlSchema::Columns{{"td", ColumnKind::date}};
+    });
+    const std::string sql = "SELECT 1 FROM P WHERE tD = '2024/5/1'";
+    const std::string first = translateSql(sql, lazy).text;
+    CHECK(first.find("'2024-05-01'") != std::string::npos);
+    CHECK(translateSql(sql, lazy).text == first);
+    CHECK(read == std::vector<std::string>{"p"});
+}
+
 TEST_CASE("a qualifier is an alias or table of its own FROM, regardless of other tables in the database")
 {
     SqlSchema made;
