@@ -17,7 +17,7 @@ void append(std::string &out, std::string_view text)
     out += text;
 }
 
-/// Takes the next number; 0 at the end and for damaged bytes.
+/// Takes the next number; that of an empty text at the end and for damaged bytes.
 std::size_t takeNumber(std::string_view &bytes)
 {
     constexpr unsigned kMostBits = 35;
@@ -28,7 +28,7 @@ std::size_t takeNumber(std::string_view &bytes)
         number |= static_cast<std::size_t>(byte & (kMore - 1U)) << shift;
         if ((byte & kMore) == 0) return number;
     }
-    return 0;
+    return 1;
 }
 
 /// Takes the next text; nothing for one that equals the first letter's.

@@ -198,7 +198,10 @@ TEST_CASE("a damaged text costs this text only")
     execute(world.path, "UPDATE job SET letters = '9-'");
     Ledger ledger = world.open();
     const RunId id = ledger.findRun(run.mark).value().id;
-    CHECK(ledger.texts(id).size() == 2);
+    const RunTexts texts = ledger.texts(id);
+    CHECK(texts.size() == 2);
+    CHECK(!texts.value(0, column::insurer).empty());
+    CHECK(texts.value(1, column::insurer).empty()); // not that of the first letter
     CHECK(ledger.texts(id).value(0, column::patient) == "利用者1");
     CHECK(ledger.states(id) == std::vector(2, LetterState::unprinted));
     CHECK(ledger.fault() == LedgerFault::none);
