@@ -58,8 +58,8 @@ std::string numberText(std::optional<std::int32_t> number)
 
 std::string sentenceOf(Obstacle obstacle, const Answer &answer)
 {
-    const std::int32_t day = answer.lastVisit ? answer.lastVisit->day : 0;
-    const std::string staff = answer.lastVisit ? numberText(answer.lastVisit->staff) : "";
+    const Visit visit = answer.lastVisit.value_or(Visit());
+    const std::string staff = numberText(visit.staff);
     switch (obstacle) {
     case Obstacle::ended:
         return fmt::format("施術が終了しています（{}）", answer.endDay.value_or(""));
@@ -72,11 +72,11 @@ std::string sentenceOf(Obstacle obstacle, const Answer &answer)
     case Obstacle::noVisit:
         return "その月に施術がありません";
     case Obstacle::noVisitOnDay:
-        return fmt::format("その日に対象の施術がありません（月の最後は{}日）", day);
+        return fmt::format("その日に対象の施術がありません（月の最後は{}日）", visit.day);
     case Obstacle::laterVisit:
-        return fmt::format("あとの日に施術があります（月の最後は{}日）", day);
+        return fmt::format("あとの日に施術があります（月の最後は{}日）", visit.day);
     case Obstacle::laterVisitOfOther:
-        return fmt::format("ほかの施術者（{}）の施術があとの日にあります（月の最後は{}日）", staff, day);
+        return fmt::format("ほかの施術者（{}）の施術があとの日にあります（月の最後は{}日）", staff, visit.day);
     case Obstacle::otherVisitingStaff:
         return fmt::format("その日の施術はほかの施術者（{}）です", staff);
     }

@@ -29,7 +29,6 @@ bool isSecondByte(unsigned lead, unsigned byte)
 DecodedCharacter decodeFirstCharacter(std::string_view text)
 {
     const unsigned lead = byteAt(text, 0);
-    if (lead < 0x80) return {lead, 1, true};
     if (lead < 0xC2 || lead > 0xF4) return {kReplacementCharacter, 1, false};
     const std::size_t bytes = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     char32_t character = lead & (0x7FU >> bytes);

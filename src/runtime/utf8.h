@@ -37,7 +37,7 @@ struct DecodedCharacter {
     bool isValid;
 };
 
-/// The part of firstCharacter() that is not inline. It is correct for every text that is not empty.
+/// The part of firstCharacter() that is not inline, for every text that begins with another character than ASCII.
 [[nodiscard]] DecodedCharacter decodeFirstCharacter(std::string_view text);
 /// The first character of a text, which must not be empty. Nearly all characters are ASCII or, as kana and kanji, have
 /// three bytes: these are decoded inline, because a print run decodes each of its texts twice.

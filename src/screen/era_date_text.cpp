@@ -130,10 +130,8 @@ std::string yearTitle(std::int32_t year, std::span<const Era> eraTable)
 
 std::string monthTitle(std::int32_t year, std::int32_t month, std::span<const Era> eraTable)
 {
-    const Date first = dateOf({year, month, 1});
-    DateParts end{year, month, 31};
-    while (!isRealDay(end)) --end.day;
-    return fmt::format("{}（{}年）{}月", yearsTitle(first, dateOf(end), eraTable), year, month);
+    return fmt::format("{}（{}年）{}月", yearsTitle(dateOf({year, month, 1}), lastDayOfMonth(year, month), eraTable),
+                       year, month);
 }
 
 } // namespace inin

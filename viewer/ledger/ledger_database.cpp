@@ -126,7 +126,6 @@ void LedgerStatement::run()
 {
     while (step()) {
     }
-    reset();
 }
 
 void LedgerStatement::reset()

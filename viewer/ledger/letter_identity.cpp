@@ -130,7 +130,6 @@ bool isMonthlyColumn(std::string_view column)
 std::vector<LetterKey> keysOf(const RunTexts &texts)
 {
     std::vector<LetterKey> keys;
-    keys.reserve(texts.size());
     KeyMaker maker(texts);
     for (std::size_t letter = 0; letter < texts.size(); ++letter) keys.push_back(maker.keyOf(letter));
     return keys;
