@@ -88,7 +88,11 @@ TEST_CASE("the title becomes the window's caption")
         CAPTURE(each.name);
         FolderFixture fixture;
         fixture.select.SetWindowTitle("写真の保存先");
-        fixture.actAndLeave([](frmSelFolder &window) { CHECK(window.Caption.get() == "写真の保存先"); });
+        fixture.actAndLeave([](frmSelFolder &window) {
+            CHECK(window.Caption.get() == "写真の保存先");
+            CHECK(window.cmdOK.Caption.get() == "OK");
+            CHECK(window.cmdCancel.Caption.get() == "キャンセル");
+        });
         CHECK((fixture.select.*each.run)() == 0);
     }
 }

@@ -293,6 +293,13 @@ TEST_CASE("a date is formatted with a two-digit year of its era")
     CHECK(typedDateText(day(1989, 1, 8), kDayPattern) == "平成 01年01月08日");
 }
 
+TEST_CASE("an era has three lengths, and its year one or two digits")
+{
+    CHECK(typedDateText(day(2026, 11, 21), "ge") == "R8");
+    CHECK(typedDateText(day(2026, 11, 21), "gg ee") == "令 08");
+    CHECK(typedDateText(day(2026, 11, 21), "ggg") == "令和");
+}
+
 TEST_CASE("a new era needs only an entry in the table")
 {
     std::vector<Era> table(eras().begin(), eras().end());

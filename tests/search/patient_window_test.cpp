@@ -268,6 +268,16 @@ TEST_CASE("the information has the time and each condition that is set, in this 
     }
 }
 
+TEST_CASE("the number 1 is a condition")
+{
+    PatientWindowFixture list;
+    list.answer(kStaffList, staffRows({{std::int32_t{1}, "佐藤 花子", ""}}));
+    list.opened();
+    list.window.cbo_Sejutusha.ListIndex = std::int16_t{1};
+    list.window.in_SiboriID.Value = std::int32_t{1};
+    CHECK(list.infoOfSearch() == "抽出条件： 担当施術者=佐藤 花子 利用者ID=1");
+}
+
 TEST_CASE("the information begins with the time of the search")
 {
     PatientWindowFixture list;
