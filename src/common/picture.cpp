@@ -47,7 +47,7 @@ PictureHeader headerOf(Files &files, const std::string &path)
 {
     std::string bytes = files.openForInput(path)->read(kHeaderSize);
     const auto *known = std::ranges::find_if(kSignatures, [&](const Signature &signature) {
-        return bytes.size() > signature.at && std::string_view(bytes).substr(signature.at).starts_with(signature.bytes);
+        return bytes.find(signature.bytes, signature.at) == signature.at;
     });
     if (known == std::end(kSignatures)) throw RuntimeError(error_number::invalidPicture);
     return {known->kind, std::move(bytes)};
@@ -59,8 +59,7 @@ bool isBitmapHeader(std::string_view header)
     constexpr std::size_t kSizeAt = 14;
     constexpr std::string_view kSizes[] = {"\x0C\0\0\0"sv, "\x28\0\0\0"sv, "\x40\0\0\0"sv, "\x6C\0\0\0"sv,
                                            "\x7C\0\0\0"sv};
-    return header.size() > kSizeAt &&
-           std::ranges::any_of(kSizes, [&](std::string_view size) { return header.substr(kSizeAt).starts_with(size); });
+    return std::ranges::any_of(kSizes, [&](std::string_view size) { return header.find(size, kSizeAt) == kSizeAt; });
 }
 
 } // namespace

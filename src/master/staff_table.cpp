@@ -18,73 +18,66 @@ using enum ValueFrom;
 
 constexpr TableShape kStaff{"STAFF"};
 
-/// A column of STAFF, and the reads that fill its property.
-struct StaffColumn : TableColumn<cD_STAFF> {
-    bool grid;
-    bool read;
-    bool allBranches;
-};
 enum class StaffRead { grid, read, allBranches };
 
 /// The columns of STAFF in the order of a write, and the joined name of the branch.
-constexpr StaffColumn kStaffColumns[] = {
-    // column, property, notation; filled by the grid, by the read, by the grid of all branches
-    {{"iKyotenCd", &cD_STAFF::iKyotenId, number, siteCode, OnUpdate::kept}, false, false, true},
-    {{"iKyotenEb", &cD_STAFF::iKyotenEb, number, siteSubCode, OnUpdate::kept}, false, false, true},
-    {{"cAdress1", &cD_STAFF::cAdress1, quoted}, true, true, true},
-    {{"cAdress2", &cD_STAFF::cAdress2, quoted}, true, true, true},
-    {{"cFaxNo", &cD_STAFF::cFaxNo, quoted}, true, true, true},
-    {{"cKaiNo", &cD_STAFF::cKaiNo, quoted}, true, true, true},
-    {{"cKaiNo2", &cD_STAFF::cKaiNo2, quoted}, true, true, false},
-    {{"cKaiNo3", &cD_STAFF::cKaiNo3, quoted}, true, true, false},
-    {{"cMobNo", &cD_STAFF::cMobNo, quoted}, true, true, true},
-    {{"cName", &cD_STAFF::cName, quoted}, true, true, true},
-    {{"cNameKana", &cD_STAFF::cNameKana, quoted}, true, true, true},
-    {{"cNameRyaku", &cD_STAFF::cNameRyaku, quoted}, false, true, false},
-    {{"cRken", &cD_STAFF::cRken, quoted}, false, true, false},
-    {{"cRno", &cD_STAFF::cRno, quoted}, false, true, false},
-    {{"cTelNo", &cD_STAFF::cTelNo, quoted}, true, true, true},
-    {{"cYubinNo", &cD_STAFF::cYubinNo, quoted}, true, true, true},
-    {{"iChusiFlg", ThroughInteger<cD_STAFF>{&cD_STAFF::iChusiFlg}, number}, true, true, true},
-    {{"iSexKubun", &cD_STAFF::iSexKubun, number}, true, true, true},
-    {{"iShikakuKubun", &cD_STAFF::iShikakuKubun, number}, false, true, false},
-    {{"iSyokushuKubun", &cD_STAFF::iSyokushuKubun, number}, false, true, false},
-    {{"iYaku", &cD_STAFF::iYaku, number}, false, true, false},
-    {{"nIDNo", &cD_STAFF::nIDNo, number}, true, true, true},
-    {{"cEmail", &cD_STAFF::cEmail, quoted}, true, true, true},
-    {{"iTecAbi", &cD_STAFF::iTecAbi, number}, true, true, true},
-    {{"iSpeechAbi", &cD_STAFF::iSpeechAbi, number}, true, true, true},
-    {{"cPhysical", &cD_STAFF::cPhysical, quoted}, true, true, true},
-    {{"iClaimRate", &cD_STAFF::iClaimRate, number}, true, true, true},
-    {{"cSikaku", &cD_STAFF::cSikaku, quoted}, true, true, true},
-    {{"cTourokuNo", &cD_STAFF::cTourokuNo, quoted}, true, true, true},
-    {{"cSmileCd", &cD_STAFF::cSmileCd, quoted}, true, true, true},
-    {{"tBirthday", &cD_STAFF::sBirthday, nullIfEmpty}, true, true, true},
-    {{"tKousinDay", &cD_STAFF::sKousinDay, nullIfEmpty}, false, true, false},
-    {{"tNyusyaDay", &cD_STAFF::sNyusyaDay, nullIfEmpty}, true, true, true},
-    {{"tKisanDay", &cD_STAFF::sKisanDay, nullIfEmpty}, true, true, true},
-    {{"tRday", &cD_STAFF::sRday, nullIfEmpty}, false, true, false},
-    {{"tTourokuDay", &cD_STAFF::sTourokuDay, nullIfEmpty}, false, true, false},
-    {{"cPcName", &cD_STAFF::cPcName, quoted, computerName}, false, true, false},
-    {{"tUpDateTime", &cD_STAFF::tUpDateTime, serverTime}, false, true, false},
-    {{"cTourokuNo2", &cD_STAFF::cTourokuNo2, quoted}, true, true, false},
-    {{"iVehicleType", &cD_STAFF::iVehicleType, number}, true, true, true},
-    {{"cVehicleNumber", &cD_STAFF::cVehicleNumber, nullIfEmptyOnInsert}, true, true, true},
-    {{"cVehicleComment", &cD_STAFF::cVehicleComment, nullIfEmptyOnInsert}, true, true, true},
-    {{"cEmployeeNumber", &cD_STAFF::cEmployeeNumber, nullIfEmptyOnInsert}, true, true, true},
-    {{"iLookAllRiyousya", &cD_STAFF::iLookAllRiyousya, number}, true, true, true},
-    {{"iWebLicense", &cD_STAFF::iWebLicense, number}, true, true, true},
-    {{"iLookCharge", &cD_STAFF::iLookCharge, number}, true, true, true},
-    {{"iStaffHokenTouroku", &cD_STAFF::iStaffHokenTouroku, number}, true, true, true},
-    {{"cShikaiNo", &cD_STAFF::cShikaiNo, quoted}, true, true, true},
-    {{"cShikaiNo_Josei", &cD_STAFF::cShikaiNo_Josei, quoted}, true, true, true},
-    {{"iContractType", &cD_STAFF::iContractType, number}, true, true, true},
-    {{"nLat", &cD_STAFF::nLat, number}, true, true, true},
-    {{"nLon", &cD_STAFF::nLon, number}, true, true, true},
-    {{"cIninTourokuNo", &cD_STAFF::cIninTourokuNo, quoted}, true, true, true},
-    {{"iIninTourokuChk", &cD_STAFF::iIninTourokuChk, number}, true, true, true},
-    {{"iKanriSekininFlg", &cD_STAFF::iKanriSekininFlg, number}, true, true, true},
-    {{"cKyotenName", &cD_STAFF::cKyotenName, never}, false, false, true},
+constexpr TableColumn<cD_STAFF> kStaffColumns[] = {
+    {"iKyotenCd", &cD_STAFF::iKyotenId, number, siteCode, OnUpdate::kept},
+    {"iKyotenEb", &cD_STAFF::iKyotenEb, number, siteSubCode, OnUpdate::kept},
+    {"cAdress1", &cD_STAFF::cAdress1, quoted},
+    {"cAdress2", &cD_STAFF::cAdress2, quoted},
+    {"cFaxNo", &cD_STAFF::cFaxNo, quoted},
+    {"cKaiNo", &cD_STAFF::cKaiNo, quoted},
+    {"cKaiNo2", &cD_STAFF::cKaiNo2, quoted},
+    {"cKaiNo3", &cD_STAFF::cKaiNo3, quoted},
+    {"cMobNo", &cD_STAFF::cMobNo, quoted},
+    {"cName", &cD_STAFF::cName, quoted},
+    {"cNameKana", &cD_STAFF::cNameKana, quoted},
+    {"cNameRyaku", &cD_STAFF::cNameRyaku, quoted},
+    {"cRken", &cD_STAFF::cRken, quoted},
+    {"cRno", &cD_STAFF::cRno, quoted},
+    {"cTelNo", &cD_STAFF::cTelNo, quoted},
+    {"cYubinNo", &cD_STAFF::cYubinNo, quoted},
+    {"iChusiFlg", ThroughInteger<cD_STAFF>{&cD_STAFF::iChusiFlg}, number},
+    {"iSexKubun", &cD_STAFF::iSexKubun, number},
+    {"iShikakuKubun", &cD_STAFF::iShikakuKubun, number},
+    {"iSyokushuKubun", &cD_STAFF::iSyokushuKubun, number},
+    {"iYaku", &cD_STAFF::iYaku, number},
+    {"nIDNo", &cD_STAFF::nIDNo, number},
+    {"cEmail", &cD_STAFF::cEmail, quoted},
+    {"iTecAbi", &cD_STAFF::iTecAbi, number},
+    {"iSpeechAbi", &cD_STAFF::iSpeechAbi, number},
+    {"cPhysical", &cD_STAFF::cPhysical, quoted},
+    {"iClaimRate", &cD_STAFF::iClaimRate, number},
+    {"cSikaku", &cD_STAFF::cSikaku, quoted},
+    {"cTourokuNo", &cD_STAFF::cTourokuNo, quoted},
+    {"cSmileCd", &cD_STAFF::cSmileCd, quoted},
+    {"tBirthday", &cD_STAFF::sBirthday, nullIfEmpty},
+    {"tKousinDay", &cD_STAFF::sKousinDay, nullIfEmpty},
+    {"tNyusyaDay", &cD_STAFF::sNyusyaDay, nullIfEmpty},
+    {"tKisanDay", &cD_STAFF::sKisanDay, nullIfEmpty},
+    {"tRday", &cD_STAFF::sRday, nullIfEmpty},
+    {"tTourokuDay", &cD_STAFF::sTourokuDay, nullIfEmpty},
+    {"cPcName", &cD_STAFF::cPcName, quoted, computerName},
+    {"tUpDateTime", &cD_STAFF::tUpDateTime, serverTime},
+    {"cTourokuNo2", &cD_STAFF::cTourokuNo2, quoted},
+    {"iVehicleType", &cD_STAFF::iVehicleType, number},
+    {"cVehicleNumber", &cD_STAFF::cVehicleNumber, nullIfEmptyOnInsert},
+    {"cVehicleComment", &cD_STAFF::cVehicleComment, nullIfEmptyOnInsert},
+    {"cEmployeeNumber", &cD_STAFF::cEmployeeNumber, nullIfEmptyOnInsert},
+    {"iLookAllRiyousya", &cD_STAFF::iLookAllRiyousya, number},
+    {"iWebLicense", &cD_STAFF::iWebLicense, number},
+    {"iLookCharge", &cD_STAFF::iLookCharge, number},
+    {"iStaffHokenTouroku", &cD_STAFF::iStaffHokenTouroku, number},
+    {"cShikaiNo", &cD_STAFF::cShikaiNo, quoted},
+    {"cShikaiNo_Josei", &cD_STAFF::cShikaiNo_Josei, quoted},
+    {"iContractType", &cD_STAFF::iContractType, number},
+    {"nLat", &cD_STAFF::nLat, number},
+    {"nLon", &cD_STAFF::nLon, number},
+    {"cIninTourokuNo", &cD_STAFF::cIninTourokuNo, quoted},
+    {"iIninTourokuChk", &cD_STAFF::iIninTourokuChk, number},
+    {"iKanriSekininFlg", &cD_STAFF::iKanriSekininFlg, number},
+    {"cKyotenName", &cD_STAFF::cKyotenName, never},
 };
 
 struct SelectedName {
@@ -153,30 +146,30 @@ constexpr SelectedName kReadNames[] = {
 
 /// The columns that the grid of all branches adds to the list of the grids.
 constexpr SelectedName kAllBranchesNames[] = {{"iKyotenCd", qualified}, {"iKyotenEb", qualified}};
+/// The columns that it selects without reading them.
+constexpr std::string_view kUnreadInAllBranches[] = {"cKaiNo2", "cKaiNo3", "cTourokuNo2"};
 constexpr const char *kBranchName = "cKyotenName";
 
-const StaffColumn &columnOf(std::string_view name)
+const TableColumn<cD_STAFF> &columnOf(std::string_view name)
 {
-    const auto *found = std::find_if(std::begin(kStaffColumns), std::end(kStaffColumns),
-                                     [name](const StaffColumn &column) { return column.name == name; });
+    const auto *found = std::ranges::find(kStaffColumns, name, &TableColumn<cD_STAFF>::name);
     if (found == std::end(kStaffColumns)) throw std::logic_error("no such column of STAFF");
     return *found;
 }
 
-bool isFilledBy(const StaffColumn &column, StaffRead read)
+bool isRead(std::string_view name, StaffRead read)
 {
-    if (read == StaffRead::grid) return column.grid;
-    return read == StaffRead::read ? column.read : column.allBranches;
+    return read != StaffRead::allBranches ||
+           std::ranges::find(kUnreadInAllBranches, name) == std::end(kUnreadInAllBranches);
 }
 
 void add(SelectList<cD_STAFF> &list, std::span<const SelectedName> names, StaffRead read)
 {
     for (const SelectedName &selected : names) {
-        const StaffColumn &column = columnOf(selected.name);
-        if (isFilledBy(column, read))
-            list.add(column, selected.form);
+        if (isRead(selected.name, read))
+            list.add(columnOf(selected.name), selected.form);
         else
-            list.addUnread(column.name, selected.form);
+            list.addUnread(selected.name, selected.form);
     }
 }
 
@@ -234,7 +227,7 @@ std::int16_t cT_STAFF::iGetMaxIDNo(std::int32_t &nMaxNo)
             const std::string prefix = std::to_string(m_app.iKyotenCd) + subCode;
             sql += "  and LEFT(nIDNo," + std::to_string(length(prefix)) + ") = '" + prefix + "'";
         }
-        std::int32_t found = 0;
+        std::int32_t found = nMaxNo;
         const std::int16_t status = m_table.number(sql, "nIDNo", found);
         if (status != iGood) return status;
         // Deliberate: the seed has the code with two digits, the prefix has it unpadded. Their numbers agree except for
@@ -247,17 +240,14 @@ std::int16_t cT_STAFF::iGetMaxIDNo(std::int32_t &nMaxNo)
 
 std::int16_t cT_STAFF::iChkStaffName(const std::int32_t &nIDNo, const std::string &cName)
 {
-    std::int16_t others = iBad;
-    const std::int16_t status = m_table.trapped([&] {
-        // Deliberate: no branch condition; a name is searched in the whole table.
-        std::int32_t found = 0;
-        const std::int16_t read = m_table.number("  SELECT      COUNT(nIDNo) AS Cnt  FROM      STAFF  WHERE nIDNo != " +
-                                                     std::to_string(nIDNo) + " AND        cName = '" + cName + "' ",
-                                                 "Cnt", found);
-        if (read == iGood) others = narrow(found);
-        return read;
+    return m_table.trapped([&] {
+        std::int32_t others = iBad;
+        // Deliberate: no branch condition; a name is searched in the whole table. A failure leaves the -1.
+        static_cast<void>(m_table.number("  SELECT      COUNT(nIDNo) AS Cnt  FROM      STAFF  WHERE nIDNo != " +
+                                             std::to_string(nIDNo) + " AND        cName = '" + cName + "' ",
+                                         "Cnt", others));
+        return narrow(others);
     });
-    return status == iGood ? others : status;
 }
 
 std::int16_t cT_STAFF::iDataReadGrid(const cD_STAFF *cData)

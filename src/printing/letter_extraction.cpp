@@ -23,13 +23,6 @@ std::int16_t openForward(cT_ADODB &session, Recordset &rsData, const std::string
     return session.iOpenRecSet(rsData, sql, adOpenForwardOnly, adLockReadOnly, adCmdText);
 }
 
-/// Closes after the last read, where a failure has no effect.
-void close(cT_ADODB &session, std::unique_ptr<Recordset> &rsData)
-{
-    static_cast<void>(session.iCloseRecSet(rsData));
-    static_cast<void>(session.iDisConnect());
-}
-
 std::string heading(const LastVisitRule &rule)
 {
     return std::string(rule.procedure) + " でエラー";
@@ -41,7 +34,7 @@ std::optional<std::int16_t> LetterExtraction::readLetters(const ExtractionRule &
                                                           const LetterConditions &conditions,
                                                           std::vector<IninRow> &letters)
 {
-    // Outside the trap, so that the session is open until the box of a failure is answered.
+    // Outside the trap, so that the session is open until the box of a failure is answered. It ends with its scope.
     StartedSession own;
     return readOver(own, rule, conditions, letters);
 }
@@ -63,11 +56,10 @@ try {
     std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
     if (openForward(*own.session, *rsData, extractionSql(rule, query)) != iGood) {
         headingBox(m_app, rule.openFailureHeading, own.session->sErrMsg());
-        static_cast<void>(own.session->iDisConnect());
         return std::nullopt;
     }
     const std::int16_t count = fill(letters, *rsData, rule, dates);
-    close(*own.session, rsData);
+    static_cast<void>(own.session->iCloseRecSet(rsData)); // all rows are read; a failure has no effect
     return count;
 } catch (const RuntimeError &error) {
     vErrorBox(m_app, error, kErrorBoxTask, kFormName, rule.procedure);
@@ -125,7 +117,6 @@ try {
     std::unique_ptr<Recordset> rsData = m_app.platform.database.newRecordset();
     if (openForward(*own.session, *rsData, lastVisitSql(rule, query)) != iGood) {
         headingBox(m_app, heading(rule), own.session->sErrMsg());
-        static_cast<void>(own.session->iDisConnect());
         return iBad;
     }
     std::int32_t day = iBad;
@@ -134,7 +125,7 @@ try {
         headingBox(m_app, "getLastScheduleDay で０件取得", own.session->sErrMsg());
     else
         day = (month.*rule.dayOf)(rsData->Value(rsData->fieldIndex(rule.column)));
-    close(*own.session, rsData);
+    static_cast<void>(own.session->iCloseRecSet(rsData)); // the row is read; a failure has no effect
     return day;
 } catch (const RuntimeError &error) {
     // No box: the text is kept, and the row is left out as if its day differed.

@@ -117,11 +117,12 @@ NumberReading readBits(TextScan &scan)
     const std::string_view digits = scan.takeRun("0123456789ABCDEFabcdef");
     scan.skipBlanks();
     if (base == 0 || digits.empty() || !scan.atEnd()) return {};
-    std::uint32_t bits = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), bits, base);
+    NumberReading reading{Outcome::bits};
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), reading.bits, base);
     if (result.ptr != digits.data() + digits.size()) return {};
     if (result.ec == std::errc::result_out_of_range) return {Outcome::overflow};
-    return {Outcome::bits, static_cast<double>(bits), bits};
+    reading.value = reading.bits;
+    return reading;
 }
 
 } // namespace

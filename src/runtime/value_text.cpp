@@ -23,28 +23,32 @@ struct PictureDate {
     bool isBeforeEras;
 };
 
+/// A picture character that is repeated means at least two digits.
+void appendNumber(std::string &text, std::int32_t number, std::size_t count)
+{
+    fmt::format_to(std::back_inserter(text), "{:0{}}", number, std::min<std::size_t>(count, 2));
+}
+
 void appendDatePart(std::string &text, char letter, std::size_t count, const PictureDate &date)
 {
-    const auto out = std::back_inserter(text);
     const DateParts &parts = date.parts;
     switch (letter) {
     case 'g':
         if (date.era != nullptr) text += date.era->name;
         break;
     case 'd':
-        fmt::format_to(out, "{:0{}}", parts.day, count > 1 ? 2 : 1);
+        appendNumber(text, parts.day, count);
         break;
     case 'M':
-        fmt::format_to(out, "{:0{}}", parts.month, count > 1 ? 2 : 1);
+        appendNumber(text, parts.month, count);
         break;
     default:
-        if (date.era != nullptr)
-            fmt::format_to(out, "{:0{}}", parts.year - Year(date.era->first) + 1, count > 1 ? 2 : 1);
+        if (date.era != nullptr) appendNumber(text, parts.year - Year(date.era->first) + 1, count);
         // A year before 1000 is not padded: 100/01/01.
         else if (count > 2 || date.isBeforeEras)
-            fmt::format_to(out, "{}", parts.year);
+            text += std::to_string(parts.year);
         else
-            fmt::format_to(out, "{:0{}}", parts.year % 100, count);
+            appendNumber(text, parts.year % 100, count);
     }
 }
 
@@ -73,7 +77,7 @@ void appendShortDate(std::string &text, std::string_view picture, Date date)
 std::string numberText(double value)
 {
     if (std::isnan(value)) return "1.#QNAN";
-    if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
+    if (std::isinf(value)) return std::signbit(value) ? "-1.#INF" : "1.#INF";
     if (value == 0) return "0"; // negative zero too
     return fmt::format("{:.15G}", value);
 }

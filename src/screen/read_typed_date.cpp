@@ -25,16 +25,15 @@ constexpr std::size_t kWesternDigits = 4;
 
 /// A way to split a run of digits without separators: the number of digits of the year, the month and the day.
 struct Cut {
-    std::size_t digits;
     DateGrain grain;
     std::size_t year, month, day;
     bool isWestern;
 };
 /// The first split that gives a valid month is used.
 constexpr Cut kCuts[] = {
-    {8, DateGrain::day, 4, 2, 2, true},    {6, DateGrain::day, 2, 2, 2, false},   {5, DateGrain::day, 1, 2, 2, false},
-    {4, DateGrain::day, 0, 2, 2, true},    {8, DateGrain::month, 4, 2, 2, true},  {6, DateGrain::month, 4, 2, 0, true},
-    {6, DateGrain::month, 2, 2, 2, false}, {4, DateGrain::month, 2, 2, 0, false}, {3, DateGrain::month, 1, 2, 0, false},
+    {DateGrain::day, 4, 2, 2, true},    {DateGrain::day, 2, 2, 2, false},   {DateGrain::day, 1, 2, 2, false},
+    {DateGrain::day, 0, 2, 2, true},    {DateGrain::month, 4, 2, 2, true},  {DateGrain::month, 4, 2, 0, true},
+    {DateGrain::month, 2, 2, 2, false}, {DateGrain::month, 2, 2, 0, false}, {DateGrain::month, 1, 2, 0, false},
 };
 
 std::int32_t power10(std::size_t exponent)
@@ -68,7 +67,9 @@ private:
     [[nodiscard]] std::optional<Fields> fromDigits(const Number &number, bool hasEra) const
     {
         for (const Cut &cut : kCuts) {
-            if (cut.digits != number.digits || cut.grain != m_context.grain || (cut.isWestern && hasEra)) continue;
+            if (cut.year + cut.month + cut.day != number.digits || cut.grain != m_context.grain ||
+                (cut.isWestern && hasEra))
+                continue;
             const std::int32_t days = power10(cut.day);
             const std::int32_t monthAndDay = power10(cut.month) * days;
             Fields fields{number.value / monthAndDay, number.value % monthAndDay / days, number.value % days,

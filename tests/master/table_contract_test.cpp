@@ -5,7 +5,6 @@
 #include "support/faulty_database.h"
 
 #include <array>
-#include <memory>
 
 using namespace inin;
 
@@ -73,57 +72,16 @@ template <class Table> void answer(TableFixture<Table> &fixture, const std::vect
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, rows));
 }
 
-/// Counts the record sets that were opened but never closed.
-class CountingDatabase : public FaultyDatabase {
-public:
-    using FaultyDatabase::FaultyDatabase;
-    int open = 0;
-    std::unique_ptr<Recordset> newRecordset() override;
-};
-
-class CountingRecordset : public FaultyRecordset {
-public:
-    CountingRecordset(std::unique_ptr<Recordset> inner, CountingDatabase &database)
-        : FaultyRecordset(std::move(inner), kNoFaults), m_database(database)
-    {
-    }
-    void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
-              std::int32_t options) override
-    {
-        CHECK(cursorType == 0);
-        CHECK(lockType == 1);
-        CHECK(options == 1);
-        FaultyRecordset::Open(sql, connection, cursorType, lockType, options);
-        ++m_database.open;
-    }
-    void Close() override
-    {
-        --m_database.open;
-        FaultyRecordset::Close();
-    }
-
-private:
-    static constexpr RecordsetFaults kNoFaults{};
-    CountingDatabase &m_database;
-};
-
-std::unique_ptr<Recordset> CountingDatabase::newRecordset()
-{
-    return std::make_unique<CountingRecordset>(FaultyDatabase::newRecordset(), *this);
-}
-
-struct CountingFixture : FakeWorld {
-    CountingFixture()
+/// A table whose record sets can fail.
+struct FaultyFixture : FaultyWorld {
+    FaultyFixture()
     {
         REQUIRE(session.iInit("Provider=Fake") == iGood);
         REQUIRE(session.iConnect() == iGood);
         REQUIRE(table.iInit(session) == iGood);
     }
-    CountingDatabase counting{database};
-    Platform counted{boxes, windows, counting, profile, files, processes, clock, locale, automation};
-    App countedApp{counted};
-    cT_ADODB session{countedApp};
-    SampleTable table{countedApp};
+    cT_ADODB session{faultyApp};
+    SampleTable table{faultyApp};
 };
 
 } // namespace
@@ -217,31 +175,32 @@ TEST_CASE("a tolerant table reads anything that is not a 32-bit number as 0")
 
 TEST_CASE("a read closes its record set in every case")
 {
-    CountingFixture fixture;
+    TableFixture<SampleTable> fixture;
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}}));
-    CHECK(fixture.table.read() == iGood);
-    CHECK(fixture.counting.open == 0);
+    CHECK(fixture->read() == iGood);
+    CHECK(fixture.database.openRecordsets == 0);
+    CHECK(fixture.database.lastOpening == std::array<std::int32_t, 3>{0, 1, 1});
 
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{{"nIDNo", "語"}}}));
-    CHECK(fixture.table.read() == iBad);
-    CHECK(fixture.counting.open == 0);
+    CHECK(fixture->read() == iBad);
+    CHECK(fixture.database.openRecordsets == 0);
 
     FakeResult lost = rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}});
     lost.failingMove = 1;
     fixture.database.results.push_back(lost);
-    CHECK(fixture.table.read() == iBad);
-    CHECK(fixture.counting.open == 0);
+    CHECK(fixture->read() == iBad);
+    CHECK(fixture.database.openRecordsets == 0);
 
     fixture.database.results.push_back(rowsOf({"nIDNo"}, {{{"nIDNo", "語"}}}));
     std::int32_t result = 0;
-    CHECK(fixture.table.maximum(result) == iBad);
-    CHECK(fixture.counting.open == 0);
+    CHECK(fixture->maximum(result) == iBad);
+    CHECK(fixture.database.openRecordsets == 0);
 }
 
 TEST_CASE("a record set that does not close hides neither the rows nor the first error")
 {
-    CountingFixture fixture;
-    fixture.counting.faults.close = 3704;
+    FaultyFixture fixture;
+    fixture.faulty.faults.close = 3704;
     fixture.database.results.push_back(rowsOf({"nIDNo", "cFileName", "iRate"}, {{}, {}}));
     CHECK(fixture.table.read() == iGood);
     CHECK(fixture.table.count() == 2);

@@ -45,6 +45,19 @@ TEST_CASE_FIXTURE(ExtractionFixture, "an extraction takes conditions and gives l
     CHECK(world.boxes.shown.empty());
 }
 
+TEST_CASE_FIXTURE(ExtractionFixture, "an extraction closes the record set and the session that it opened")
+{
+    answer(patients({{}}));
+    CHECK(readMonth() == 1);
+    CHECK(world.database.openRecordsets == 0);
+    CHECK(world.database.log.back() == "disconnect 1");
+
+    answer(visits("nDate", {std::int32_t{20240530}}));
+    CHECK(extraction.lastVisitDay(kLastScheduleDay, 7, 2024, 5) == 30);
+    CHECK(world.database.openRecordsets == 0);
+    CHECK(world.database.log.back() == "disconnect 2");
+}
+
 TEST_CASE_FIXTURE(ExtractionFixture, "the statement contains the branch and the bounds of the target month")
 {
     conditions.query.bounds = {"LOW", "HIGH"}; // without effect

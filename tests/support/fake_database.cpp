@@ -81,8 +81,10 @@ private:
 
 class FakeRecordset : public Recordset {
 public:
+    explicit FakeRecordset(FakeDatabase &database) : m_database(database) {}
     void setCursorLocation(std::int32_t location) override { m_client = location == adUseClient; }
-    void Open(const std::string &sql, Connection &connection, std::int32_t, std::int32_t, std::int32_t) override
+    void Open(const std::string &sql, Connection &connection, std::int32_t cursorType, std::int32_t lockType,
+              std::int32_t options) override
     {
         auto &fake = dynamic_cast<FakeConnection &>(connection);
         if (fake.State() == adStateClosed)
@@ -91,6 +93,7 @@ public:
         m_result = fake.answerTo(sql);
         fake.raiseIfAsked(m_result);
         m_open = true;
+        m_database.opened({cursorType, lockType, options});
         m_reached = 0;
         goTo(0);
     }
@@ -98,6 +101,7 @@ public:
     {
         if (!m_open) throw RuntimeError(error_number::closedObject, "オブジェクトは閉じています。");
         m_open = false;
+        --m_database.openRecordsets;
     }
     std::int32_t State() const override { return m_open ? adStateOpen : adStateClosed; }
     bool isEndOfFile() const override { return m_row >= m_result.rows.size(); }
@@ -108,8 +112,8 @@ public:
         if (m_result.failingMove != 0 && m_row == static_cast<std::size_t>(m_result.failingMove))
             throw RuntimeError(ado_error::unspecified, "接続が失われました。");
     }
-    void MoveFirst() override { goTo(0); }
-    void MoveLast() override { goTo(m_result.rows.empty() ? 0 : m_result.rows.size() - 1); }
+    void MoveFirst() override { goTo(firstRow()); }
+    void MoveLast() override { goTo(firstRow() + m_result.rows.size() - 1); }
     /// Counts the rows reached so far, as some providers do: the count is complete only after MoveLast.
     std::int32_t RecordCount() const override { return m_client ? static_cast<std::int32_t>(m_reached) : -1; }
     std::size_t fieldCount() const override { return m_result.columns.size(); }
@@ -131,12 +135,18 @@ public:
     }
 
 private:
+    [[nodiscard]] std::size_t firstRow() const
+    {
+        if (m_result.rows.empty()) throw RuntimeError(error_number::noCurrentRecord, "レコードがありません。");
+        return 0;
+    }
     void goTo(std::size_t row)
     {
         m_row = row;
         m_reached = std::max(m_reached, std::min(row + 1, m_result.rows.size()));
     }
 
+    FakeDatabase &m_database;
     FakeResult m_result;
     std::size_t m_row = 0;
     std::size_t m_reached = 0;
@@ -153,7 +163,7 @@ std::unique_ptr<Connection> FakeDatabase::newConnection()
 
 std::unique_ptr<Recordset> FakeDatabase::newRecordset()
 {
-    return std::make_unique<FakeRecordset>();
+    return std::make_unique<FakeRecordset>(*this);
 }
 
 FakeResult FakeDatabase::answerTo(const std::string &sql)

@@ -2,6 +2,7 @@
 
 #include "platform/database.h"
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <map>
@@ -49,12 +50,20 @@ public:
     /// The connection strings of all calls of Open, and the last timeout set.
     std::vector<std::string> connectionStrings;
     std::int32_t lastTimeout = 0;
+    /// The record sets that were opened but never closed, and the cursor type, lock type and options of the last one.
+    int openRecordsets = 0;
+    std::array<std::int32_t, 3> lastOpening{};
 
     std::unique_ptr<Connection> newConnection() override;
     std::unique_ptr<Recordset> newRecordset() override;
 
     /// Used by the fake's own objects.
     int nextSession() { return ++m_sessions; }
+    void opened(std::array<std::int32_t, 3> options)
+    {
+        ++openRecordsets;
+        lastOpening = options;
+    }
     FakeResult answerTo(const std::string &sql);
 
 private:

@@ -18,14 +18,12 @@ namespace {
 
 bool isVisible(const ShapedGlyph &glyph)
 {
-    return glyph.text != 0 && glyph.text != U' ' && glyph.text != U'\t' && glyph.text != U'\u3000';
+    return glyph.text != U' ' && glyph.text != U'\t' && glyph.text != U'\u3000';
 }
 
-/// Lays letters out without painting them, to collect their marks. Notes whether a letter has a visible character or a
-/// picture.
+/// Lays a letter out without painting it, to collect its marks. Notes whether it has a visible character or a picture.
 class MeasuringPainter : public PagePainter {
 public:
-    void startLetter() { m_hasText = false; }
     [[nodiscard]] bool hasText() const { return m_hasText; }
     void paint(const PathCommand &) override {}
     void paint(const GlyphRun &run) override { m_hasText = m_hasText || std::ranges::any_of(run.glyphs, isVisible); }
@@ -89,7 +87,6 @@ struct LetterCheck::Rules {
     };
     std::deque<OfReport> ofReports;
     std::vector<RowFinding> found;
-    MeasuringPainter painter;
 };
 
 LetterCheck::LetterCheck(LetterRenderer &renderer, Date today)
@@ -125,8 +122,7 @@ void LetterCheck::judgeLetter(std::size_t letter)
 
 void LetterCheck::addMarks(std::size_t letter)
 {
-    MeasuringPainter &painter = m_rules->painter;
-    painter.startLetter();
+    MeasuringPainter painter;
     const std::size_t pages = m_renderer.pageCount(letter);
     for (std::size_t page = 0; page < pages; ++page)
         for (const FieldMark &mark : m_renderer.paintFields(letter, painter, page)) addMark(letter, mark);

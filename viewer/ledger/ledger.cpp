@@ -16,11 +16,6 @@ namespace inin::viewer {
 
 namespace {
 
-/// The record of another viewer takes milliseconds, or seconds on a busy disk; a longer lock belongs to a program that hangs.
-constexpr std::chrono::milliseconds kPatience(5000);
-/// After such a lock, the operator does not wait that long again at every step.
-constexpr std::chrono::milliseconds kShortPatience(200);
-
 std::uint32_t randomNumber()
 {
     std::random_device random;
@@ -51,8 +46,7 @@ Ledger::Ledger(const std::string &path, int months, Date now) : m_path(path), m_
 /// Opens the file, or sets the fault.
 void Ledger::openFile()
 try {
-    auto database = std::make_unique<LedgerDatabase>(m_path);
-    database->setPatience(m_fault == LedgerFault::locked ? kShortPatience : kPatience);
+    auto database = std::make_unique<LedgerDatabase>(m_path, patienceAfter(m_fault));
     m_fault = LedgerFault::none;
     m_notice.clear();
     const SchemaResult schema = prepareSchema(*database, randomNumber());
@@ -64,7 +58,7 @@ try {
     m_number = number.step() ? static_cast<std::uint32_t>(number.integer(0)) : 0;
     number.reset();
     m_database = std::move(database);
-    m_database->setPatience(kPatience);
+    m_database->setPatience(patienceAfter(m_fault));
     if (m_database->isReadOnly()) fail(LedgerFault::readOnly);
 } catch (const LedgerError &error) {
     fail(faultOf(error.code()));
@@ -108,7 +102,7 @@ void Ledger::fail(LedgerFault fault)
 {
     m_fault = fault;
     m_notice = faultSentence(fault, m_path);
-    if (fault == LedgerFault::locked && m_database != nullptr) m_database->setPatience(kShortPatience);
+    if (m_database != nullptr) m_database->setPatience(patienceAfter(fault));
 }
 
 /// After damage the ledger is not used any more: the numbers of its runs mean nothing in a new file.
@@ -128,7 +122,7 @@ void Ledger::recover()
         return;
     m_fault = LedgerFault::none;
     m_notice.clear();
-    m_database->setPatience(kPatience);
+    m_database->setPatience(patienceAfter(m_fault));
 }
 
 LedgerFault Ledger::fault() const
@@ -139,6 +133,11 @@ LedgerFault Ledger::fault() const
 const std::string &Ledger::notice() const
 {
     return m_notice;
+}
+
+std::chrono::milliseconds Ledger::patience() const
+{
+    return m_database == nullptr ? patienceAfter(m_fault) : m_database->patience();
 }
 
 bool Ledger::isReadable() const

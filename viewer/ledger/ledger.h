@@ -5,6 +5,7 @@
 #include "viewer/ledger/letter_identity.h"
 #include "viewer/ledger/run_texts.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <exception>
@@ -48,6 +49,8 @@ public:
     /// What is not recorded and why, in one sentence. Empty while everything is recorded, and when switched off. It may
     /// change with every operation.
     [[nodiscard]] const std::string &notice() const;
+    /// How long an operation waits for another program.
+    [[nodiscard]] std::chrono::milliseconds patience() const;
     /// True when queries return what the file contains.
     [[nodiscard]] bool isReadable() const;
     [[nodiscard]] const std::string &path() const;

@@ -46,7 +46,7 @@ void LedgerDatabase::Close::operator()(sqlite3 *database) const
     sqlite3_close_v2(database);
 }
 
-LedgerDatabase::LedgerDatabase(const std::string &path)
+LedgerDatabase::LedgerDatabase(const std::string &path, std::chrono::milliseconds patience) : m_patience(patience)
 {
     createForOwner(path);
     sqlite3 *database = nullptr;

@@ -27,7 +27,7 @@ private:
 class LedgerDatabase {
 public:
     /// Opens the file; creates an empty one that only its owner may read. A write-protected file is opened for reading.
-    explicit LedgerDatabase(const std::string &path);
+    explicit LedgerDatabase(const std::string &path, std::chrono::milliseconds patience = {});
     LedgerDatabase(const LedgerDatabase &) = delete;
     LedgerDatabase &operator=(const LedgerDatabase &) = delete;
     ~LedgerDatabase();
@@ -36,6 +36,7 @@ public:
     void execute(const char *sql);
     /// How long an operation waits for another program.
     void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
+    [[nodiscard]] std::chrono::milliseconds patience() const { return m_patience; }
     [[nodiscard]] std::int64_t lastRowId() const;
     /// The number of rows that the last statement changed.
     [[nodiscard]] int changes() const;
@@ -50,7 +51,7 @@ private:
     static int waitForLock(void *database, int tries);
 
     std::unique_ptr<sqlite3, Close> m_database;
-    std::chrono::milliseconds m_patience{};
+    std::chrono::milliseconds m_patience;
     std::chrono::steady_clock::time_point m_waitingSince;
 };
 

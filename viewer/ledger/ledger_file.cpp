@@ -64,6 +64,11 @@ LedgerFault faultOf(int code)
     }
 }
 
+std::chrono::milliseconds patienceAfter(LedgerFault fault)
+{
+    return fault == LedgerFault::locked ? kShortPatience : kPatience;
+}
+
 std::string faultSentence(LedgerFault fault, const std::string &path)
 {
     switch (fault) {

@@ -59,8 +59,8 @@ SchemaResult prepareSchema(LedgerDatabase &database, std::uint32_t number)
 {
     const auto version = [&] { return pragma(database, "PRAGMA user_version"); };
     const auto isLedger = [&] { return pragma(database, "PRAGMA application_id") == kApplication; };
-    if (isLedger() && version() == kLedgerVersion) return SchemaResult::ready;
-    if (isLedger() && version() > kLedgerVersion) return SchemaResult::newer;
+    if (isLedger() && version() >= kLedgerVersion)
+        return version() == kLedgerVersion ? SchemaResult::ready : SchemaResult::newer;
     LedgerTransaction change(database, LedgerTransaction::Kind::writing);
     // Another program may have been faster.
     const bool isNew = isEmpty(database);

@@ -31,7 +31,8 @@ public:
         : m_texts(texts), m_insurer(texts.columnOf("保険者名")), m_patient(texts.columnOf("利用者氏名")),
           m_address(texts.columnOf("利用者住所"))
     {
-        for (const std::string &column : texts.columns()) m_isMonthly.push_back(isMonthlyColumn(column));
+        for (std::size_t column = 0; const std::string &name : texts.columns())
+            (isMonthlyColumn(name) ? m_monthly : m_lasting).push_back(column++);
     }
 
     [[nodiscard]] LetterKey keyOf(std::size_t letter)
@@ -39,15 +40,13 @@ public:
         LetterKey key;
         if (const std::string_view patient = m_texts.value(letter, m_patient); !patient.empty())
             key.person = personOf(m_texts.value(letter, m_insurer), patient);
-        Fingerprint address, lasting;
+        Fingerprint address, print;
         addFolded(address, m_texts.value(letter, m_address));
         key.address = address.number();
-        for (std::size_t column = 0; column < m_isMonthly.size(); ++column)
-            if (!m_isMonthly[column]) lasting.add(m_texts.value(letter, column));
-        key.lasting = lasting.number();
-        for (std::size_t column = 0; column < m_isMonthly.size(); ++column)
-            if (m_isMonthly[column]) lasting.add(m_texts.value(letter, column));
-        key.content = lasting.number();
+        for (const std::size_t column : m_lasting) print.add(m_texts.value(letter, column));
+        key.lasting = print.number();
+        for (const std::size_t column : m_monthly) print.add(m_texts.value(letter, column));
+        key.content = print.number();
         return key;
     }
 
@@ -68,7 +67,7 @@ private:
 
     const RunTexts &m_texts;
     std::optional<std::size_t> m_insurer, m_patient, m_address;
-    std::vector<bool> m_isMonthly;
+    std::vector<std::size_t> m_lasting, m_monthly; // numbers of columns
     bool m_hasInsurer = false;
     std::string_view m_lastInsurer;
     Fingerprint m_insurerPrint;

@@ -11,15 +11,16 @@ namespace inin::viewer {
 
 namespace {
 
-/// The period of most letters, as texts.
-std::pair<std::string_view, std::string_view> usualPeriod(const RunTexts &texts)
+using PeriodTexts = std::pair<std::string_view, std::string_view>;
+
+/// The period of most letters.
+PeriodTexts usualPeriod(const RunTexts &texts)
 {
     const auto start = texts.columnOf("対象開始日"), end = texts.columnOf("対象終了日");
-    std::map<std::pair<std::string_view, std::string_view>, std::size_t> counts;
+    std::map<PeriodTexts, std::size_t> counts{{PeriodTexts(), 0}}; // the result for a run without letters
     for (std::size_t letter = 0; letter < texts.size(); ++letter)
         ++counts[{texts.value(letter, start), texts.value(letter, end)}];
-    const auto most = std::ranges::max_element(counts, {}, [](const auto &entry) { return entry.second; });
-    return most == counts.end() ? std::pair<std::string_view, std::string_view>() : most->first;
+    return std::ranges::max_element(counts, {}, [](const auto &entry) { return entry.second; })->first;
 }
 
 /// A column of both runs.

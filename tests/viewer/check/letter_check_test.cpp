@@ -1,4 +1,5 @@
 #include "suite_text/code_page_932.h"
+#include "viewer/check/duplicate_letters.h"
 #include "viewer/check/letter_check.h"
 #include "viewer/letters/csv_reader.h"
 #include "viewer/support/test_pictures.h"
@@ -343,6 +344,18 @@ TEST_CASE("the same person twice is found when name or address differ in width o
     CHECK(areSame("利用者住所", "高松市番町１－２　メゾンＡ", "高松市番町1-2メゾンa"));
     CHECK(!areSame("利用者氏名", "ナガオ", "ナカオ"));
     CHECK(!areSame("利用者住所", "番町１－２", "番町１－３"));
+}
+
+TEST_CASE(
+    "letters that differ in their first column only are not identical, and those without a name are not one person")
+{
+    const LetterTable table = readLetters(encodeCp932("\"部屋\",\"利用者氏名\",\"利用者住所\"\r\n"
+                                                      "\"201\",\"　\",\"高松市\"\r\n"
+                                                      "\"202\",\"　\",\"高松市\"\r\n"),
+                                          TitleRow::first);
+    REQUIRE(table.size() == 2);
+    CHECK(sameLetters(table).empty());
+    CHECK(samePersons(table).empty());
 }
 
 TEST_CASE("a finding for many identical letters lists ten numbers")

@@ -89,13 +89,16 @@ TEST_CASE("a ledger that another program holds records again after that")
         LedgerTransaction writing(other, LedgerTransaction::Kind::writing);
         Ledger ledger = world.open();
         CHECK(ledger.fault() == LedgerFault::none);
+        CHECK(ledger.patience() == kPatience);
         CHECK(!ledger.recordRun(run.mark, run.texts, kPrintDay));
         CHECK(ledger.fault() == LedgerFault::locked);
         CHECK(contains(ledger.notice(), "ほかのプログラム"));
         CHECK(ledger.runs().empty());
+        CHECK(ledger.patience() == kShortPatience);
         writing.commit();
         CHECK(ledger.recordRun(run.mark, run.texts, kPrintDay));
         CHECK(ledger.fault() == LedgerFault::none);
+        CHECK(ledger.patience() == kPatience);
         CHECK(ledger.notice().empty());
     }
     LedgerDatabase other(world.path);
@@ -103,8 +106,10 @@ TEST_CASE("a ledger that another program holds records again after that")
     Ledger ledger = world.open();
     CHECK(ledger.fault() == LedgerFault::locked);
     CHECK(!ledger.isReadable());
+    CHECK(ledger.patience() == kShortPatience);
     other.execute("COMMIT");
     CHECK(ledger.findRun(run.mark));
+    CHECK(ledger.patience() == kPatience);
     CHECK(recordsPrint(ledger, runOf(3)));
     CHECK(ledger.notice().empty());
 }
@@ -222,6 +227,14 @@ TEST_CASE("the database of another program is neither used nor changed")
     CHECK(!recordsPrint(ledger, runOf(2)));
     CHECK(world.folder.bytes("台帳.db") == before);
     CHECK(world.folder.entries() == 1);
+}
+
+TEST_CASE("only a ledger that was locked waits for a short time")
+{
+    for (const LedgerFault fault : {LedgerFault::none, LedgerFault::readOnly, LedgerFault::diskFull})
+        CHECK(patienceAfter(fault) == kPatience);
+    CHECK(patienceAfter(LedgerFault::locked) == kShortPatience);
+    CHECK(kShortPatience < kPatience);
 }
 
 TEST_CASE("each fault has its sentence")

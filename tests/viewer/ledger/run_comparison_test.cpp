@@ -139,6 +139,17 @@ TEST_CASE("the dates of another month are not changes, those of the same month a
     CHECK(day.changed[0].fields == std::vector<ChangedField>{{"最終施術日", "2026/11/20", "2026/11/25"}});
 }
 
+TEST_CASE("letters of one person are recognised in another month by what lasts, in any order")
+{
+    const auto letterOf = [](const std::string &month, const std::string &account) {
+        return rowWith(textRow("山田", month), column::account, account);
+    };
+    const RunComparison swapped = compared({letterOf("2026/11", "(普) 1"), letterOf("2026/11", "(普) 2")},
+                                           {letterOf("2026/12", "(普) 2"), letterOf("2026/12", "(普) 1")});
+    CHECK(swapped.isSame());
+    CHECK(swapped.before == std::vector<std::optional<std::size_t>>{1, 0});
+}
+
 TEST_CASE("an unreadable row is compared by its text in the file")
 {
     const auto textsWith = [](const std::string &name) {
@@ -234,6 +245,9 @@ TEST_CASE("the texts of several reports are joined by column, and a column that 
     CHECK(texts.value(1, texts.columnOf("部屋")) == "201");
     CHECK(texts.value(1, texts.columnOf("利用者氏名")) == "鈴木");
     CHECK(texts.value(1, texts.columnOf("保険者名")).empty());
+    set.reports[0].formPath = "委任状.wfd";
+    set.reports[1].formPath = "名簿.wfd";
+    CHECK(markOf(set).formName == "委任状.wfd、名簿.wfd");
 }
 
 TEST_CASE("the months of a run extend over those of all its reports")
