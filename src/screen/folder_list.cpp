@@ -21,7 +21,7 @@ void FolderList::setPath(const std::string &path)
     m_paths.clear();
     m_drive = contents.drive;
     m_path = contents.above.empty() ? path : contents.above.back().path;
-    for (std::size_t depth = 0; depth < contents.above.size(); ++depth) list(contents.above[depth], depth);
+    for (std::size_t depth = 0; const FolderPlace &place : contents.above) list(place, depth++);
     const auto open = static_cast<std::int16_t>(ListCount() - 1);
     for (const FolderPlace &place : contents.inside) list(place, contents.above.size());
     ListIndex.assignQuietly(open);

@@ -300,6 +300,9 @@ TEST_CASE("an unreadable date is found with its column")
     REQUIRE(findings.size() == 1);
     CHECK(findings[0].cause == Cause::noDate);
     CHECK(findings[0].detail == "署名日 五月吉日");
+    // The day before is the zero of the calendar, which a time without a date has too.
+    CHECK(std::ranges::count(causesWith("署名日", "1899/12/31"), Cause::noDate) == 0);
+    CHECK(std::ranges::count(causesWith("署名日", "1899/12/30"), Cause::noDate) == 1);
 }
 
 TEST_CASE("a non-date text that a form shows as a date is found")

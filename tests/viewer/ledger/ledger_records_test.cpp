@@ -1,11 +1,25 @@
 #include "viewer/ledger/ledger_records.h"
 
 #include "viewer/ledger/ledger_world.h"
+#include "viewer/ledger/text_codec.h"
 
 #include <doctest/doctest.h>
 
 using namespace inin::viewer;
 using namespace inin::viewer::test;
+
+TEST_CASE("a text is stored after its length plus one, in bytes of seven bits, the lowest first")
+{
+    const std::string text(200, 'x');
+    CHECK(encodedList({"ab", text}) == "\x03"
+                                       "ab"
+                                       "\xC9\x01" +
+                                           text);
+    CHECK(decodedList("\x03"
+                      "ab"
+                      "\xC9\x01" +
+                      text) == std::vector<std::string>{"ab", text});
+}
 
 TEST_CASE("months are read as they are written, and no other text is read")
 {
