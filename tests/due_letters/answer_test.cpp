@@ -137,6 +137,7 @@ TEST_CASE("the report of a chosen patient who is unknown has no counts")
     conditions.patient = 4711;
     CHECK(linesOf({}, conditions) == std::vector<std::string>{"条件：予定データ、対象月2024-05、本社、利用者4711",
                                                               "利用者4711は、この拠点にいません。"});
+    CHECK(linesOf({}, ofMay()).size() == 4); // with the counts of a branch without patients
 }
 
 TEST_CASE("the JSON has the reasons by names for programs")

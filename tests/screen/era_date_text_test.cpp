@@ -100,6 +100,12 @@ TEST_CASE("a weekday in brackets and a time after the date are dropped")
               {"R8.11.21(土曜)", 2026, 11, 21},
               {"20261121(土)", 2026, 11, 21},
               {"8 11 21 (土)", 2026, 11, 21},
+              {"2026/11/15㈰", 2026, 11, 15},
+              {"2026/11/16㈪", 2026, 11, 16},
+              {"2026/11/17㈫", 2026, 11, 17},
+              {"2026/11/18㈬", 2026, 11, 18},
+              {"2026/11/19㈭", 2026, 11, 19},
+              {"2026/11/20㈮", 2026, 11, 20},
               {"2026/11/21㈯", 2026, 11, 21},
               {"2026/11/21 12:34", 2026, 11, 21},
               {"2026/11/21 9:05:30", 2026, 11, 21},
@@ -130,6 +136,8 @@ TEST_CASE("a single character for an era is read as its name")
               {"㍽15.12.24", 1926, 12, 24},
               {"㍾45.7.29", 1912, 7, 29}},
              onDay());
+    // On a day of another era.
+    checkAll({{"㋿1.5.1", 2019, 5, 1}}, {day(2019, 4, 30), DateGrain::day, eras()});
 }
 
 TEST_CASE("a date more than five years from today is read with a notice of its western year")
@@ -358,6 +366,8 @@ TEST_CASE("the part at the cursor is the one that ends or begins there, the left
               static_cast<int>(row.part));
     }
     CHECK(static_cast<int>(partAt(day(2026, 11, 21), kMonthPattern, 99).part) == static_cast<int>(DatePart::month));
+    // Before the first part, that one counts.
+    CHECK(static_cast<int>(partAt(day(2026, 11, 21), "(mm", 0).part) == static_cast<int>(DatePart::month));
 }
 
 TEST_CASE("stepping gives only existing days, from the first era to the year 9999")

@@ -96,6 +96,8 @@ TEST_CASE("the version window has its texts, its colour and its buttons' keys")
     CHECK(form.btnReturn.Default);
     CHECK(form.btnReturn.Cancel);
     CHECK(form.lstVer.Style == ListStyle::open);
+    CHECK(form.btnReturn.TabIndex == 0);
+    CHECK(form.lstVer.TabIndex == 1);
     CHECK(form.mnFunc.Caption.get() == "機能(&F)");
     CHECK(form.mnF12.Caption.get() == "戻る");
     CHECK(form.mnF12.Shortcut == 123);

@@ -21,6 +21,15 @@ TEST_CASE("a text is stored after its length plus one, in bytes of seven bits, t
                       text) == std::vector<std::string>{"ab", text});
 }
 
+TEST_CASE("what became of a code has these names in JSON")
+{
+    using enum CodeResult;
+    std::string names;
+    for (const CodeResult result : {marked, already, unreadable, otherLedger, unknown, notRecorded})
+        names.append(wordsOf(result).name).append(" ");
+    CHECK(names == "marked already unreadable otherLedger unknown notRecorded ");
+}
+
 TEST_CASE("months are read as they are written, and no other text is read")
 {
     constexpr MonthRange kYears{monthNumber(2025, 12), monthNumber(2027, 1)};

@@ -139,6 +139,14 @@ TEST_CASE("the dates of another month are not changes, those of the same month a
     CHECK(day.changed[0].fields == std::vector<ChangedField>{{"最終施術日", "2026/11/20", "2026/11/25"}});
 }
 
+TEST_CASE("a name without an insurer is another person than the same name with one")
+{
+    const TextRow insured = textRow("山田"), uninsured = rowWith(insured, column::insurer, "");
+    const std::vector<LetterKey> keys = keysOf(textsOfRows({insured, uninsured, insured}));
+    CHECK(keys[0].person != keys[1].person);
+    CHECK(keys[0].person == keys[2].person);
+}
+
 TEST_CASE("letters of one person are recognised in another month by what lasts, in any order")
 {
     const auto letterOf = [](const std::string &month, const std::string &account) {
@@ -242,6 +250,7 @@ TEST_CASE("the texts of several reports are joined by column, and a column that 
     REQUIRE(texts.size() == 2);
     CHECK(texts.columns().size() == programTitles().size() + 1);
     CHECK(texts.value(0, texts.columnOf("部屋")).empty());
+    CHECK(texts.value(0, texts.columnOf("ない列")).empty());
     CHECK(texts.value(1, texts.columnOf("部屋")) == "201");
     CHECK(texts.value(1, texts.columnOf("利用者氏名")) == "鈴木");
     CHECK(texts.value(1, texts.columnOf("保険者名")).empty());
