@@ -50,6 +50,7 @@ TEST_CASE("the patients' window shows these captions and columns")
     CHECK(list.window.opt_SejutsuKubun(0).Caption.get() == "共通");
     CHECK(list.window.opt_SejutsuKubun(1).Caption.get() == "マッサージ");
     CHECK(list.window.opt_SejutsuKubun(2).Caption.get() == "鍼灸");
+    CHECK(list.window.find("StatusBar1") != nullptr);
     Texts headers;
     for (const Grid::Column &column : list.window.spr_1ran.columns()) headers.push_back(column.header);
     CHECK(headers == Texts{"拠点 No.", "ID No.", "利用者氏名", "ﾌﾘｶﾞﾅ", "TEL", "住所１", "住所２", "名称地区"});
@@ -61,8 +62,9 @@ TEST_CASE("a patient's row has the hidden number of the branch, then number, nam
     list.opened();
     CHECK(rowTexts(list.window.spr_1ran, 1) ==
           Texts{"102", "21", "青木 一郎", "ｶﾅ", "06-1234-0001", "大阪市北区１－１", "２０１号", "梅田"});
-    CHECK(list.window.spr_1ran.columns()[0].width == 0);
-    for (std::size_t column = 1; column < 8; ++column) CHECK(list.window.spr_1ran.columns()[column].width > 0);
+    std::vector<int> widths;
+    for (const Grid::Column &column : list.window.spr_1ran.columns()) widths.push_back(column.width);
+    CHECK(widths == std::vector{0, 8, 16, 16, 14, 30, 20, 12});
 }
 
 TEST_CASE("the branch's number concatenates two digits of each code")
