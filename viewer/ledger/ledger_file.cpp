@@ -101,7 +101,7 @@ std::string putAsideDamaged(const std::string &path, Date now)
     std::error_code ignored;
     for (int attempt = 1; attempt < 100; ++attempt) {
         const std::string number = attempt == 1 ? std::string() : fmt::format(" {}", attempt);
-        const std::string newName = name + number + textOf(file.extension());
+        std::string newName = name + number + textOf(file.extension());
         const std::string aside = textOf(file.parent_path() / pathOf(newName));
         if (std::filesystem::exists(longPathOf(aside), ignored)) continue;
         if (!moveFile(path, aside)) return {};
