@@ -8,8 +8,6 @@
 #include <QApplication>
 #include <QStyleFactory>
 
-#include <memory>
-
 namespace inin::theme {
 
 namespace {
@@ -104,8 +102,7 @@ QColor focusColour(const QPalette &palette)
 void applyTheme(QApplication &application)
 {
     // The style makes the desktop's palette readable. A palette that is set explicitly does not pass through it.
-    auto style = std::make_unique<ClearStyle>(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setStyle(style.release()); // the application owns it
+    application.setStyle(new ClearStyle(QStyleFactory::create(QStringLiteral("Fusion")))); // owned by the application
     const auto restore = [] {
         const QPalette readable = readablePalette(QApplication::palette());
         if (readable != QApplication::palette()) QApplication::setPalette(readable);

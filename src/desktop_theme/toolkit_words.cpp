@@ -10,7 +10,6 @@ namespace inin::theme {
 
 void useJapaneseWords(QApplication &application)
 {
-    // The application owns it. NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
     auto *const words = new QTranslator(&application);
     const QString name = QStringLiteral("qtbase_ja");
     if (words->load(name, toolkitFolder() + QStringLiteral("/translations")) ||
