@@ -168,11 +168,6 @@ void LedgerStatement::bindNext(const Blob &blob)
     succeed(sqlite3_bind_blob64(m_statement.get(), ++m_bound, begin, blob.bytes.size(), SQLITE_STATIC));
 }
 
-void LedgerStatement::bindNext(std::nullptr_t)
-{
-    succeed(sqlite3_bind_null(m_statement.get(), ++m_bound));
-}
-
 LedgerTransaction::LedgerTransaction(LedgerDatabase &database, Kind kind) : m_database(database)
 {
     // A writer takes its lock at once: one that read first could find itself unable to write.

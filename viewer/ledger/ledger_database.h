@@ -60,7 +60,7 @@ class LedgerStatement {
 public:
     LedgerStatement(const LedgerDatabase &database, const char *sql);
 
-    /// Sets all parameters from the first on: integers, texts, Blob and NULL (nullptr). Texts must live until the statement
+    /// Sets all parameters from the first on: integers, texts and Blob. Texts must live until the statement
     /// has run.
     template <class... Values> LedgerStatement &bind(const Values &...values)
     {
@@ -88,7 +88,6 @@ private:
     void bindNext(std::int64_t value);
     void bindNext(std::string_view text);
     void bindNext(const Blob &blob);
-    void bindNext(std::nullptr_t);
 
     struct Finalize {
         void operator()(sqlite3_stmt *statement) const;
