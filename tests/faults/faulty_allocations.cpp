@@ -14,6 +14,7 @@ namespace {
 std::atomic<std::ptrdiff_t> live = 0;
 std::atomic<std::size_t> counted = 0;
 std::atomic<std::size_t> failingAllocation = 0;
+std::atomic<bool> isCounting = false, isFailed = false;
 
 /// The toolkit is not made for failed allocations: one in a constructor of its settings ends the process.
 bool isInToolkit(const void *caller)
@@ -23,9 +24,9 @@ bool isInToolkit(const void *caller)
            std::string_view(library.dli_fname).find("/libQt6") != std::string_view::npos;
 }
 
-bool mustFail(std::size_t number, const void *caller)
+bool mustFail(const void *caller)
 {
-    return number == failingAllocation && !isInToolkit(caller);
+    return isCounting && ++counted == failingAllocation && !isInToolkit(caller);
 }
 
 } // namespace
@@ -33,17 +34,24 @@ bool mustFail(std::size_t number, const void *caller)
 FaultyAllocations::FaultyAllocations(std::size_t failing)
 {
     counted = 0;
+    isFailed = false;
     failingAllocation = failing;
+    isCounting = true;
 }
 
 FaultyAllocations::~FaultyAllocations()
 {
-    failingAllocation = 0;
+    isCounting = false;
 }
 
 std::size_t FaultyAllocations::count()
 {
     return counted;
+}
+
+bool FaultyAllocations::hasFailed()
+{
+    return isFailed;
 }
 
 std::ptrdiff_t liveAllocations()
@@ -55,7 +63,8 @@ std::ptrdiff_t liveAllocations()
 
 void *operator new(std::size_t size)
 {
-    const bool isFailing = inin::mustFail(++inin::counted, __builtin_return_address(0));
+    const bool isFailing = inin::mustFail(__builtin_return_address(0));
+    if (isFailing) inin::isFailed = true;
     void *const memory = isFailing ? nullptr : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) throw std::bad_alloc();
     ++inin::live;

@@ -14,8 +14,10 @@ public:
     FaultyAllocations &operator=(const FaultyAllocations &) = delete;
     ~FaultyAllocations();
 
-    /// The allocations since the construction.
+    /// The allocations during the life of the last one.
     [[nodiscard]] static std::size_t count();
+    /// True if the allocation has failed; false if it was the toolkit's.
+    [[nodiscard]] static bool hasFailed();
 };
 
 /// The allocations that are not freed.

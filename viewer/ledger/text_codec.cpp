@@ -17,7 +17,7 @@ void append(std::string &out, std::string_view text)
     out += text;
 }
 
-/// Takes the next number; that of an empty text at the end and for damaged bytes.
+/// Takes the next number. At the end and for damaged bytes it is 1, the number of an empty text.
 std::size_t takeNumber(std::string_view &bytes)
 {
     constexpr unsigned kMostBits = 35;
